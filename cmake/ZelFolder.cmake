@@ -1,0 +1,30 @@
+# zel_folder(<name> DEPENDS <lower folders>)
+# One object library per source folder, from the folder's sources.cmake, which lists them.
+
+function(zel_compile_options target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  if(ZELACCESS_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(ZELACCESS_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${ZELACCESS_SANITIZE}
+                           -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${ZELACCESS_SANITIZE})
+  endif()
+endfunction()
+
+function(zel_folder name)
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  include(${PROJECT_SOURCE_DIR}/${name}/sources.cmake)  # sets <name>_SOURCES
+  list(TRANSFORM ${name}_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/${name}/)
+  add_library(zel_${name} OBJECT ${${name}_SOURCES})
+  zel_compile_options(zel_${name})
+  set_target_properties(zel_${name} PROPERTIES POSITION_INDEPENDENT_CODE ON
+                        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  target_compile_definitions(zel_${name} PRIVATE ZELACCESS_BUILDING)
+  target_include_directories(zel_${name} PUBLIC ${PROJECT_SOURCE_DIR}/include
+                             ${PROJECT_SOURCE_DIR})
+  set_property(GLOBAL APPEND PROPERTY ZEL_FOLDERS zel_${name})
+endfunction()

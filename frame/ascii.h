@@ -1,0 +1,39 @@
+// Case folding and comparison of ASCII texts, without regard to the process's locale. Bytes above
+// 127 are left alone.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace zel {
+
+constexpr char ToUpper(char c) noexcept {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+constexpr char ToLower(char c) noexcept {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// Equality without regard to case.
+constexpr bool SameText(std::string_view a, std::string_view b) noexcept {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (ToUpper(a[i]) != ToUpper(b[i])) return false;
+  }
+  return true;
+}
+
+// A text argument of a public operation: null counts as empty.
+constexpr std::string_view TextOrEmpty(char const* text) noexcept {
+  return text == nullptr ? std::string_view{} : std::string_view{text};
+}
+
+// Copies at most `size - 1` characters into a caller's buffer of `size` and terminates it.
+inline void CopyText(std::string_view text, char* buffer, std::size_t size) noexcept {
+  std::size_t const count = text.size() < size - 1 ? text.size() : size - 1;
+  for (std::size_t i = 0; i < count; ++i) buffer[i] = text[i];
+  buffer[count] = '\0';
+}
+
+}  // namespace zel

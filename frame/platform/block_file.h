@@ -1,0 +1,70 @@
+// The seam between the block store and the system's files.
+//
+// The store reaches every file through a BlockFile, and makes BlockFiles through a FileSystem that
+// is passed in. PosixFileSystem() is the real one; tests bring versions in memory, failing at the
+// n-th operation, and recording.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace zel::platform {
+
+enum class OpenOutcome { kOk, kNotFound, kDenied, kFailed };
+
+enum class OpenMode {
+  kRead,    // existing file, read only; other readers may hold it, no writer may
+  kUpdate,  // existing file, read and write; nobody else may hold it
+  kCreate   // as kUpdate, made when missing, never truncated; owner may read and write
+};
+
+class BlockFile {
+ public:
+  BlockFile() = default;
+  BlockFile(BlockFile const&) = delete;
+  BlockFile& operator=(BlockFile const&) = delete;
+  // Closes: cuts a file open for update to its true length and lets the lock go.
+  virtual ~BlockFile() = default;
+
+  // Bytes transferred (fewer at the end of the file), -1 when the transfer failed.
+  virtual std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) = 0;
+  // Bytes transferred, -1 when the transfer failed. Writing behind the end makes the file longer;
+  // a gap reads as zeros.
+  virtual std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) = 0;
+  // The bytes in place when all of the range lies inside the file and the file is mapped; null
+  // otherwise. The address of a byte does not change while the file is open, and a later WriteAt
+  // shows through it.
+  virtual std::byte const* View(std::uint64_t offset, std::size_t count) const noexcept = 0;
+  // True length in bytes.
+  virtual std::uint64_t Size() const noexcept = 0;
+  // Cuts the file to its true length and asks the system to put it on disk. False when that failed.
+  virtual bool Flush() = 0;
+};
+
+struct OpenedFile {
+  OpenOutcome outcome = OpenOutcome::kFailed;
+  std::unique_ptr<BlockFile> file;  // set when outcome is kOk
+};
+
+class FileSystem {
+ public:
+  FileSystem() = default;
+  FileSystem(FileSystem const&) = delete;
+  FileSystem& operator=(FileSystem const&) = delete;
+  virtual ~FileSystem() = default;
+
+  virtual bool Exists(std::string const& path) = 0;
+  virtual OpenedFile Open(std::string const& path, OpenMode mode) = 0;
+};
+
+// The system's files. Opening takes an advisory lock on the whole file, bound to this open (not to
+// the process), without waiting: shared for kRead, exclusive otherwise; a lock that is not free is
+// kDenied, in this process as in another. Files are mapped where the system allows it.
+FileSystem& PosixFileSystem();
+// The same without the request to put files on disk at a flush; for benchmarks, whose peers do not
+// sync either.
+FileSystem& PosixFileSystemWithoutSync();
+
+}  // namespace zel::platform

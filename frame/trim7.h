@@ -1,0 +1,11 @@
+// The 7-digit trim of every float that is read from a library.
+#pragma once
+
+namespace zel {
+
+// The double nearest to the text that printing `value` with 7 significant digits gives (ties of the
+// exact value to even), so that a stored 0.1f reads as 0.1. Not a number and infinities pass
+// unchanged, -0.0 keeps its sign. Exact for every 32-bit float.
+double Trim7(float value) noexcept;
+
+}  // namespace zel

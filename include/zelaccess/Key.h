@@ -1,0 +1,95 @@
+// Key: names an item of a bank by up to three components, or by plain words.
+#ifndef ZELACCESS_KEY_H
+#define ZELACCESS_KEY_H
+
+#include <cstdint>
+
+#include "zelaccess/Casn.h"
+#include "zelaccess/Export.h"
+
+namespace zel {
+
+// A key names the component or components that an item is about. Each component is given as a
+// component number (long), a character ID (text, upper-cased, at most 8 characters kept) or a CAS
+// number (casn). Which number an ID or CAS number stands for is found out when the key is used on
+// a library; a library that does not know it falls back on the name index (LibFile.h).
+//
+//   Key* key = Key::NewKey();
+//   key->SetKey("ETHANOL", "WATER");   // a pair, by character ID
+//   key->SetKey(10000044L);            // one component, by number
+//   Key::DelKey(key);                  // key is null now
+//
+// Notes. SetKey(0) is ambiguous between a number and a null text: write SetKey(0L). A null text
+// counts as the empty text. A bank widens a short key when the key is used (a single component on
+// a bank of pairs becomes the pair with itself), and the key keeps the wider form. Key words that
+// were never written are 0; a resolution that fails leaves earlier words as they were.
+// One key belongs to one thread.
+class ZEL_API Key {
+ public:
+  static Key* NewKey();
+  // Ends the key and nulls the handle; does nothing on null.
+  static void DelKey(Key*& key);
+
+  Key(Key const&) {}  // copies no data: keys are handles
+  Key& operator=(Key const&) { return *this; }  // copies nothing
+
+  // Each overload replaces the key by the components given.
+  virtual void SetKey(casn const& first, casn const& second, casn const& third) = 0;
+  virtual void SetKey(casn const& first, casn const& second, char const* third) = 0;
+  virtual void SetKey(casn const& first, casn const& second, long third) = 0;
+  virtual void SetKey(casn const& first, char const* second, casn const& third) = 0;
+  virtual void SetKey(casn const& first, char const* second, char const* third) = 0;
+  virtual void SetKey(casn const& first, char const* second, long third) = 0;
+  virtual void SetKey(casn const& first, long second, casn const& third) = 0;
+  virtual void SetKey(casn const& first, long second, char const* third) = 0;
+  virtual void SetKey(casn const& first, long second, long third) = 0;
+  virtual void SetKey(char const* first, casn const& second, casn const& third) = 0;
+  virtual void SetKey(char const* first, casn const& second, char const* third) = 0;
+  virtual void SetKey(char const* first, casn const& second, long third) = 0;
+  virtual void SetKey(char const* first, char const* second, casn const& third) = 0;
+  virtual void SetKey(char const* first, char const* second, char const* third) = 0;
+  virtual void SetKey(char const* first, char const* second, long third) = 0;
+  virtual void SetKey(char const* first, long second, casn const& third) = 0;
+  virtual void SetKey(char const* first, long second, char const* third) = 0;
+  virtual void SetKey(char const* first, long second, long third) = 0;
+  virtual void SetKey(long first, casn const& second, casn const& third) = 0;
+  virtual void SetKey(long first, casn const& second, char const* third) = 0;
+  virtual void SetKey(long first, casn const& second, long third) = 0;
+  virtual void SetKey(long first, char const* second, casn const& third) = 0;
+  virtual void SetKey(long first, char const* second, char const* third) = 0;
+  virtual void SetKey(long first, char const* second, long third) = 0;
+  virtual void SetKey(long first, long second, casn const& third) = 0;
+  virtual void SetKey(long first, long second, char const* third) = 0;
+
+  virtual void SetKey(casn const& first, casn const& second) = 0;
+  virtual void SetKey(casn const& first, char const* second) = 0;
+  virtual void SetKey(casn const& first, long second) = 0;
+  virtual void SetKey(char const* first, casn const& second) = 0;
+  virtual void SetKey(char const* first, char const* second) = 0;
+  virtual void SetKey(char const* first, long second) = 0;
+  virtual void SetKey(long first, casn const& second) = 0;
+  virtual void SetKey(long first, char const* second) = 0;
+
+  virtual void SetKey(casn const& first) = 0;
+  virtual void SetKey(char const* first) = 0;
+
+  virtual void SetKey(long first, long second, long third) = 0;
+  virtual void SetKey(long first, long second) = 0;
+  virtual void SetKey(long first) = 0;
+
+  // Empties the key.
+  virtual void ClearKey() = 0;
+  // Sets the key's words directly (plain numbers, or text already packed): at most 10 are kept,
+  // and a count below 1 empties the key.
+  virtual void SetKeyWords(long count, std::int32_t const* words) = 0;
+  // Packs a text, 4 characters a word, and sets its first `count` words directly.
+  virtual void SetKeyText(long count, char const* text) = 0;
+
+ protected:
+  Key() = default;
+  virtual ~Key();
+};
+
+}  // namespace zel
+
+#endif  // ZELACCESS_KEY_H

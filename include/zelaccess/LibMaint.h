@@ -1,0 +1,132 @@
+// LibMaint: the working surface on one open library.
+#ifndef ZELACCESS_LIBMAINT_H
+#define ZELACCESS_LIBMAINT_H
+
+#include <cstdint>
+
+#include "zelaccess/Casn.h"
+#include "zelaccess/Export.h"
+
+namespace zel {
+
+class IZelBankDef;
+class IZelPureComp;
+class Key;
+class LibFile;
+
+// Creates and deletes banks, reads, writes and deletes items, walks banks, items and component IDs,
+// and translates between component identifiers.
+//
+//   LibMaint* maint = LibMaint::NewLibMaint(library);
+//   IZelBankDef* nrtl = NewBank("NRTL");
+//   key->SetKey("ETHANOL", "WATER");
+//   if (maint->ReadItem(nrtl, "VLE", key)) ...   // else: bank, component or pair unknown
+//   nrtl->Release();
+//   LibMaint::DelLibMaint(maint);
+//
+// One object works on one library, which must stay open while it lives. It has one current bank
+// tree and one current walk: beginning something new ends what was current. There are no
+// transactions; a failing step leaves what earlier steps wrote. Operations give false (or 0, or an
+// empty text) on failure; block errors of LibFile pass through as exceptions.
+//
+// Buffers: type keywords, bank names and character IDs 9 characters, memos 4000, key words 10 words.
+class ZEL_API LibMaint {
+ public:
+  static LibMaint* NewLibMaint(LibFile* library);
+  static void DelLibMaint(LibMaint*& maint);
+
+  LibMaint(LibMaint const&) {}  // copies no data: these are handles
+  LibMaint& operator=(LibMaint const&) { return *this; }  // copies nothing
+
+  // Component number of a CAS number or character ID, 0 when neither the library nor the name index
+  // knows it; `fromNameIndex` tells that the name index did.
+  virtual std::int32_t FindNumberByCas(casn const& number, bool& fromNameIndex) = 0;
+  virtual std::int32_t FindNumberByCas(casn const& number) = 0;
+  virtual std::int32_t FindNumberById(char const* id, bool& fromNameIndex) = 0;
+  virtual std::int32_t FindNumberById(char const* id) = 0;
+  // First character ID and CAS number of a component number, empty when no pure component bank of
+  // the library or of the name index holds it.
+  virtual void GetIdOfNumber(std::int32_t number, char* id, bool& fromNameIndex) = 0;
+  virtual void GetIdOfNumber(std::int32_t number, char* id) = 0;
+  virtual void GetCasOfNumber(std::int32_t number, casn& cas, bool& fromNameIndex) = 0;
+  virtual void GetCasOfNumber(std::int32_t number, casn& cas) = 0;
+  // Holds a component's identifiers (and a key, if given) against this library and the name index.
+  // False with the reasons in `text` (300 characters, may be null).
+  virtual bool CheckComponent(IZelPureComp* component, Key* key, char* text) = 0;
+  virtual bool CheckComponent(IZelPureComp* component, char* text) = 0;
+
+  // Makes an empty bank; format 0 means the type's highest. False for an unknown type, a format that
+  // the type does not have, a bank that exists, a type or name of more than 8 characters.
+  virtual bool CreateBank(char const* type, char const* name, std::int32_t format) = 0;
+  // Removes the bank from the directory. Its blocks are not freed. True also when the bank was not
+  // there; throws when the library has no bank at all.
+  virtual bool DeleteBank(char const* type, char const* name) = 0;
+  virtual void GetBankMemo(char const* type, char const* name, char* memo) = 0;
+  virtual void SetBankMemo(char const* type, char const* name, char const* memo) = 0;
+  // Record format of a bank; 0 for a type of one format and for a bank that is not there.
+  virtual std::int32_t GetBankFormat(char const* type, char const* name) = 0;
+  virtual bool BankExists(char const* type, char const* name) = 0;
+
+  // Items. The key is widened to the bank's length and resolved; an asymmetric pair asked for in
+  // the other order is turned round on the way.
+  virtual bool ItemExists(IZelBankDef* bank, char const* name, Key* key) = 0;
+  virtual bool ReadItem(IZelBankDef* bank, char const* name, Key* key) = 0;
+  // Writes the bank back to the item last read or written, without a search.
+  virtual bool RewriteItem(IZelBankDef* bank) = 0;
+  // Overwrites the item or inserts a new one.
+  virtual bool WriteItem(IZelBankDef* bank, char const* name, Key* key) = 0;
+  virtual bool DeleteItem(char const* type, char const* name, Key* key) = 0;
+
+  // A number from 21000000 on that no component of this library or of the name index has.
+  virtual std::int32_t NextComponentNumber() = 0;
+  virtual void CollectUsedNumbers() = 0;
+
+  // Walks, in key order. A Next... gives false at the end and when its walk is not the current one.
+  virtual void BeginIdWalk() = 0;
+  virtual bool NextId(std::int32_t& number, char* id) = 0;
+  virtual void EndIdWalk() = 0;
+  virtual void BeginBankWalk(char const* type) = 0;  // only banks of exactly this type
+  virtual void BeginBankWalk() = 0;
+  virtual bool NextBank(char* type, char* name) = 0;
+  virtual void EndBankWalk() = 0;
+  virtual bool BeginItemWalk(char const* type, char const* name) = 0;
+  virtual bool NextItem(std::int32_t* keyWords, IZelBankDef* bank) = 0;
+  virtual bool NextItemKey(std::int32_t* keyWords) = 0;
+  virtual void EndItemWalk() = 0;
+
+  // XML in and out. Import reads a <library> or <bank> document, ImportComponent a <comp> document.
+  virtual bool Import(char const* path, bool replaceExisting) = 0;
+  virtual bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) = 0;
+  // The last reported error; null when none was reported since the last import began.
+  virtual char const* GetLastErrorText() const = 0;
+  virtual bool ExportLibrary(char const* path, bool writeBanner, bool componentFiles) = 0;
+  virtual bool ExportLibrary(char const* path, bool writeBanner) = 0;
+  virtual bool ExportLibrary(char const* path) = 0;
+  virtual bool ExportBank(char const* type, char const* name, char const* path, bool writeBanner,
+                          bool componentFiles) = 0;
+  virtual bool ExportBank(char const* type, char const* name, char const* path,
+                          bool writeBanner) = 0;
+  virtual bool ExportBank(char const* type, char const* name, char const* path) = 0;
+  virtual bool ExportComponentByNumber(char const* bankName, std::int32_t number, char const* path,
+                                       bool writeBanner) = 0;
+  virtual bool ExportComponentByNumber(char const* bankName, std::int32_t number,
+                                       char const* path) = 0;
+  virtual bool ExportComponentById(char const* bankName, char const* id, char const* path,
+                                   bool writeBanner) = 0;
+  virtual bool ExportComponentById(char const* bankName, char const* id, char const* path) = 0;
+
+  // Names of the banks that the bank refers to, for each of `count` type keywords; empty texts when
+  // there is no such bank or it refers to none.
+  virtual void GetRefBankNames(char const* type, char const* name, std::int32_t count,
+                               char const (*types)[9], char (*names)[9]) = 0;
+  // Writes tab-separated indexes beside the library.
+  virtual void WriteTextDump(LibFile* library) = 0;
+
+ protected:
+  LibMaint() = default;
+  virtual ~LibMaint();
+};
+
+}  // namespace zel
+
+#endif  // ZELACCESS_LIBMAINT_H

@@ -1,0 +1,38 @@
+// LibMaint_p: settings and reports of maintenance beyond LibMaint.
+#ifndef ZELACCESS_LIBMAINT_P_H
+#define ZELACCESS_LIBMAINT_P_H
+
+#include <cstdio>
+
+#include "zelaccess/LibMaint.h"
+
+namespace zel {
+
+class ZEL_API LibMaint_p : public LibMaint {
+ public:
+  static void DelLibMaint(LibMaint_p*& maint);
+
+  LibMaint_p(LibMaint_p const&) : LibMaint() {}
+  LibMaint_p& operator=(LibMaint_p const&) { return *this; }
+
+  // 0 silent: the first error stops a run. 1 and 2 write log lines to standard output and go on.
+  virtual void SetLogLevel(std::int32_t level) = 0;
+  // Switches of the export; they start as on, off, off, on.
+  virtual void SetWriteFormat(bool on) = 0;
+  virtual void SetWriteBanner(bool on) = 0;
+  virtual void SetWriteNotice(bool on) = 0;
+  virtual void SetComponentFiles(bool on) = 0;
+  // Writes a report of the structure of a bank's item tree to the host's stream. With `expected` of
+  // 0 or more gives whether the tree has so many entries; the report says "passed" in any case.
+  // False without output when the bank is not there.
+  virtual bool DumpBankTree(char const* type, char const* name, std::int32_t indent,
+                            std::FILE* stream, std::int32_t expected) = 0;
+
+ protected:
+  LibMaint_p() = default;
+  ~LibMaint_p() override;
+};
+
+}  // namespace zel
+
+#endif  // ZELACCESS_LIBMAINT_P_H
