@@ -1,0 +1,36 @@
+// A reference to one face of a bank, released at the end of its scope.
+#pragma once
+
+#include "zelaccess/Banks.h"
+
+namespace zel {
+
+template <typename Face>
+class Held {
+ public:
+  Held() = default;
+  // Takes over a reference that the caller owns.
+  explicit Held(Face* face) noexcept : face_(face) {}
+  Held(Held&& other) noexcept : face_(other.face_) { other.face_ = nullptr; }
+  Held& operator=(Held&&) = delete;
+  ~Held() {
+    if (face_ != nullptr) face_->Release();
+  }
+
+  // The face with the given identifier of a bank; empty when the bank has none.
+  template <typename Other>
+  static Held Of(Other* bank, ZelIid const& id) {
+    void* face = nullptr;
+    if (bank == nullptr || bank->QueryInterface(id, &face) != kStatusOk) return Held();
+    return Held(static_cast<Face*>(face));
+  }
+
+  Face* operator->() const noexcept { return face_; }
+  Face* Get() const noexcept { return face_; }
+  explicit operator bool() const noexcept { return face_ != nullptr; }
+
+ private:
+  Face* face_ = nullptr;
+};
+
+}  // namespace zel

@@ -1,0 +1,163 @@
+// Banks of a library: made, deleted, described.
+#include "maint/lib_maint.h"
+
+#include <algorithm>
+
+#include "frame/ascii.h"
+#include "store/bank_key.h"
+#include "store/memo.h"
+
+namespace zel {
+
+namespace f = format;
+
+LibMaint::~LibMaint() = default;
+LibMaint_p::~LibMaint_p() = default;
+
+LibMaint* LibMaint::NewLibMaint(LibFile* library) { return new LibMaint_i(library); }
+
+void LibMaint::DelLibMaint(LibMaint*& maint) {
+  delete maint;
+  maint = nullptr;
+}
+
+void LibMaint_p::DelLibMaint(LibMaint_p*& maint) {
+  delete maint;
+  maint = nullptr;
+}
+
+LibMaint_i::LibMaint_i(LibFile* library) : library_(dynamic_cast<LibFile_i*>(library)) {}
+
+void LibMaint_i::DropTree() noexcept {
+  bankTree_.reset();
+  itemValid_ = false;
+  walkMode_ = WalkMode::kNone;
+}
+
+void LibMaint_i::MakeTree(std::int32_t const* head) {
+  bankTree_.reset();
+  std::copy_n(head, bankHead_.size(), bankHead_.begin());
+  bankTree_.emplace(library_->Store(), bankHead_.data());
+}
+
+// The bank directory, when its entries have the form that all of this relies on.
+BTree_i* LibMaint_i::Directory() const noexcept {
+  BTree_i* tree = library_ == nullptr ? nullptr : library_->GetBankTree();
+  bool const usable = tree != nullptr && tree->Head().keyWords == f::kBankKeyWords &&
+                      tree->Head().entryDataWords == f::kBankDataWords;
+  return usable ? tree : nullptr;
+}
+
+bool LibMaint_i::FindBank(char const* type, char const* name, std::int32_t const*& entry) const {
+  return library_ != nullptr && library_->FindBank(type, name, entry, false);
+}
+
+// The current tree's head goes back into the bank's entry.
+void LibMaint_i::StoreHead(char const* type, char const* name) {
+  std::int32_t const* found = nullptr;
+  if (!FindBank(type, name, found)) return;
+  std::int32_t* entry = nullptr;
+  if (!Directory()->GetCurrentData(entry)) return;
+  std::copy(bankHead_.begin(), bankHead_.end(), entry + f::kBankHead);
+  Directory()->WriteCurrentNode();
+}
+
+bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t format) {
+  DropTree();
+  Held<IZelBankDef> const bank(NewBank(type));
+  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  BTree_i* directory = Directory();
+  constexpr std::size_t kLongest = 8;
+  if (!io || directory == nullptr || TextOrEmpty(type).size() > kLongest ||
+      TextOrEmpty(name).size() > kLongest) {
+    return false;
+  }
+  BlockInfo const info(io.Get());
+  if (format < 0 || format > info.formatCount) return false;
+  std::int32_t recordWords = info.maxRecordWords;
+  if (format != 0) io->GetRecordLength(format, &recordWords);
+  bool const marker = (format == 0 ? info.formatCount : format) > 1;
+
+  // The search that fails leaves the directory where the new key belongs.
+  std::int32_t const* found = nullptr;
+  if (library_->FindBank(type, name, found, marker)) return false;
+  std::int32_t key[f::kBankKeyWords];
+  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, marker);
+  directory->Insert(key, f::kNullAddress, f::kNullAddress);
+  std::int32_t* entry = nullptr;
+  if (!directory->GetCurrentData(entry)) return false;
+  std::fill_n(entry, f::kBankDataWords, 0);
+  libTypes libType{};
+  accModes mode{};
+  library_->GetLibInfo(libType, mode);
+  InitTreeHead(entry + f::kBankHead, info.fileResident != 0, info.keyWords, recordWords, libType);
+  return directory->WriteCurrentNode();
+}
+
+bool LibMaint_i::DeleteBank(char const* type, char const* name) {
+  DropTree();
+  BTree_i* directory = Directory();
+  if (directory == nullptr) return false;
+  std::int32_t key[f::kBankKeyWords];
+  bool const marker = library_->HasBank(type, name);
+  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, marker);
+  return directory->Delete(key);
+}
+
+void LibMaint_i::GetBankMemo(char const* type, char const* name, char* memo) {
+  *memo = '\0';
+  std::int32_t const* entry = nullptr;
+  if (!FindBank(type, name, entry)) return;
+  ReadMemo(library_->Store(), entry[f::kBankMemoAddress], entry[f::kBankMemoWords], memo);
+}
+
+void LibMaint_i::SetBankMemo(char const* type, char const* name, char const* memo) {
+  std::int32_t const* found = nullptr;
+  if (!FindBank(type, name, found)) return;
+  std::int32_t address = found[f::kBankMemoAddress];
+  WriteMemo(library_->Store(), address, found[f::kBankMemoWords], TextOrEmpty(memo));
+  std::int32_t* entry = nullptr;
+  if (!Directory()->GetCurrentData(entry)) return;
+  entry[f::kBankMemoAddress] = address;
+  Directory()->WriteCurrentNode();
+}
+
+std::int32_t LibMaint_i::GetBankFormat(char const* type, char const* name) {
+  Held<IZelBankDef> const bank(NewBank(type));
+  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  if (!io) return 0;
+  BlockInfo const info(io.Get());
+  std::int32_t const* entry = nullptr;
+  if (info.formatCount == 1 || !FindBank(type, name, entry)) return 0;
+  Head record;
+  std::copy_n(entry + f::kBankHead, record.size(), record.begin());
+  return FormatOf(io.Get(), info, BTreeHead_i(record.data())).format;
+}
+
+bool LibMaint_i::BankExists(char const* type, char const* name) {
+  std::int32_t const* entry = nullptr;
+  return FindBank(type, name, entry);
+}
+
+bool LibMaint_i::DumpBankTree(char const* type, char const* name, std::int32_t indent,
+                              std::FILE* stream, std::int32_t expected) {
+  std::int32_t const* entry = nullptr;
+  if (!FindBank(type, name, entry)) return false;
+  Head record;
+  std::copy_n(entry + f::kBankHead, record.size(), record.begin());
+  return BTree_i(library_->Store(), record.data()).DumpTree(indent, stream, expected);
+}
+
+void LibMaint_i::GetRefBankNames(char const* type, char const* name, std::int32_t count,
+                                 char const (*types)[9], char (*names)[9]) {
+  for (std::int32_t i = 0; i < count; ++i) names[i][0] = '\0';
+  Held<IZelBankDef> const bank(NewBank(type));
+  if (!bank || !BankExists(type, name)) return;
+  Key* key = Key::NewKey();
+  bool const read = ReadItem(bank.Get(), name, key);
+  Key::DelKey(key);
+  if (!read) return;
+  for (std::int32_t i = 0; i < count; ++i) bank->GetRefBankName(types[i], names[i]);
+}
+
+}  // namespace zel

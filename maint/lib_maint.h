@@ -1,0 +1,159 @@
+// LibMaint_i: the working surface on one library.
+//
+// Every item access goes through LocateItem: key resolved, bank found, tree made on a copy of the
+// bank's head, format chosen, key searched. The tree works on a copy because the directory's node
+// buffer, where the head lies, is loaded with other nodes while the tree lives; when the root has
+// changed, the head goes back into the bank's directory entry and that node is written.
+//
+// A failing step leaves its reason in pendingText and gives false.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "maint/block_info.h"
+#include "maint/held.h"
+#include "store/btree.h"
+#include "store/format.h"
+#include "store/lib_file.h"
+#include "zelaccess/Key_p.h"
+#include "zelaccess/LibMaint_p.h"
+
+namespace zel {
+
+class LibMaint_i final : public LibMaint_p {
+ public:
+  // Component numbers from here on are given out for a host's own components.
+  static constexpr std::int32_t kFirstOwnNumber = 21'000'000;
+
+  explicit LibMaint_i(LibFile* library);
+  LibMaint_i(LibMaint_i const&) = delete;
+  LibMaint_i& operator=(LibMaint_i const&) = delete;
+  ~LibMaint_i() override = default;
+
+  std::int32_t FindNumberByCas(casn const& number, bool& fromNameIndex) override;
+  std::int32_t FindNumberByCas(casn const& number) override;
+  std::int32_t FindNumberById(char const* id, bool& fromNameIndex) override;
+  std::int32_t FindNumberById(char const* id) override;
+  void GetIdOfNumber(std::int32_t number, char* id, bool& fromNameIndex) override;
+  void GetIdOfNumber(std::int32_t number, char* id) override;
+  void GetCasOfNumber(std::int32_t number, casn& cas, bool& fromNameIndex) override;
+  void GetCasOfNumber(std::int32_t number, casn& cas) override;
+  bool CheckComponent(IZelPureComp* component, Key* key, char* text) override;
+  bool CheckComponent(IZelPureComp* component, char* text) override;
+
+  bool CreateBank(char const* type, char const* name, std::int32_t format) override;
+  bool DeleteBank(char const* type, char const* name) override;
+  void GetBankMemo(char const* type, char const* name, char* memo) override;
+  void SetBankMemo(char const* type, char const* name, char const* memo) override;
+  std::int32_t GetBankFormat(char const* type, char const* name) override;
+  bool BankExists(char const* type, char const* name) override;
+
+  bool ItemExists(IZelBankDef* bank, char const* name, Key* key) override;
+  bool ReadItem(IZelBankDef* bank, char const* name, Key* key) override;
+  bool RewriteItem(IZelBankDef* bank) override;
+  bool WriteItem(IZelBankDef* bank, char const* name, Key* key) override;
+  bool DeleteItem(char const* type, char const* name, Key* key) override;
+
+  std::int32_t NextComponentNumber() override;
+  void CollectUsedNumbers() override;
+
+  void BeginIdWalk() override;
+  bool NextId(std::int32_t& number, char* id) override;
+  void EndIdWalk() override { DropTree(); }
+  void BeginBankWalk(char const* type) override;
+  void BeginBankWalk() override { BeginBankWalk(""); }
+  bool NextBank(char* type, char* name) override;
+  void EndBankWalk() override { DropTree(); }
+  bool BeginItemWalk(char const* type, char const* name) override;
+  bool NextItem(std::int32_t* keyWords, IZelBankDef* bank) override;
+  bool NextItemKey(std::int32_t* keyWords) override;
+  void EndItemWalk() override { DropTree(); }
+
+  bool Import(char const* path, bool replaceExisting) override;
+  bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) override;
+  char const* GetLastErrorText() const override;
+  bool ExportLibrary(char const* path, bool writeBanner, bool componentFiles) override;
+  bool ExportLibrary(char const* path, bool writeBanner) override;
+  bool ExportLibrary(char const* path) override;
+  bool ExportBank(char const* type, char const* name, char const* path, bool writeBanner,
+                  bool componentFiles) override;
+  bool ExportBank(char const* type, char const* name, char const* path, bool writeBanner) override;
+  bool ExportBank(char const* type, char const* name, char const* path) override;
+  bool ExportComponentByNumber(char const* bankName, std::int32_t number, char const* path,
+                               bool writeBanner) override;
+  bool ExportComponentByNumber(char const* bankName, std::int32_t number,
+                               char const* path) override;
+  bool ExportComponentById(char const* bankName, char const* id, char const* path,
+                           bool writeBanner) override;
+  bool ExportComponentById(char const* bankName, char const* id, char const* path) override;
+
+  void GetRefBankNames(char const* type, char const* name, std::int32_t count,
+                       char const (*types)[9], char (*names)[9]) override;
+  void WriteTextDump(LibFile* library) override;
+
+  void SetLogLevel(std::int32_t level) override { logLevel_ = level; }
+  void SetWriteFormat(bool on) override { writeFormat_ = on; }
+  void SetWriteBanner(bool on) override { writeBanner_ = on; }
+  void SetWriteNotice(bool on) override { writeNotice_ = on; }
+  void SetComponentFiles(bool on) override { componentFiles_ = on; }
+  bool DumpBankTree(char const* type, char const* name, std::int32_t indent, std::FILE* stream,
+                    std::int32_t expected) override;
+
+  // The cause of the last failed step.
+  std::string const& PendingText() const noexcept { return pendingText_; }
+
+ private:
+  enum class WalkMode : std::uint8_t { kNone, kIds, kBanks, kItems };
+  enum class Located : std::uint8_t {
+    kFound,
+    kAbsent,  // everything is right but the key is not in the tree, which stands where it belongs
+    kFailed
+  };
+  using Head = std::array<std::int32_t, format::kHeadWords>;
+
+  // lib_maint.cpp
+  void DropTree() noexcept;
+  void MakeTree(std::int32_t const* head);
+  BTree_i* Directory() const noexcept;
+  void StoreHead(char const* type, char const* name);
+  bool FindBank(char const* type, char const* name, std::int32_t const*& entry) const;
+  // lib_maint_items.cpp
+  Located LocateItem(IZelBankIO* bank, char const* name, Key* key, std::int32_t const*& entry);
+  bool PrepareKey(BlockInfo const& info, Key_p* key);
+  Located Fail(std::string_view reason);
+  void ReadRecord(IZelBankIO* bank, std::int32_t const* entry);
+  void WriteRecord(IZelBankIO* bank, bool isNew);
+  // lib_maint_walks.cpp
+  bool StartWalk(WalkMode mode, std::int32_t const* head);
+  bool WalkIs(WalkMode mode) noexcept;
+  // lib_maint_numbers.cpp
+  void AddUsedNumbers(LibFile* library);
+
+  WalkMode walkMode_ = WalkMode::kNone;
+  LibFile_i* library_;  // not owned
+  Head bankHead_{};     // of the current tree
+  std::optional<BTree_i> bankTree_;
+  bool usedNumbersValid_ = false;
+  std::set<std::int32_t> usedNumbers_;
+  std::string currentType_;  // bank type of the current tree, or filter of a bank walk
+  std::int32_t keyWords_ = 0;
+  RecordFormat format_;
+  std::int32_t fileResident_ = 0;
+  bool swapped_ = false;
+  bool itemValid_ = false;
+  std::int32_t logLevel_ = 0;
+  bool writeFormat_ = true;
+  bool writeBanner_ = false;
+  bool writeNotice_ = false;
+  bool componentFiles_ = true;
+  bool errorFlag_ = false;
+  std::string pendingText_;
+  std::string lastError_;
+};
+
+}  // namespace zel

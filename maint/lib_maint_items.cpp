@@ -1,0 +1,184 @@
+// Items of a bank: located, read, written, deleted.
+#include <string>
+
+#include "frame/ascii.h"
+#include "maint/lib_maint.h"
+
+namespace zel {
+
+namespace f = format;
+
+namespace {
+
+constexpr std::string_view kBadKeyLength = "Incorrect key length";
+constexpr std::string_view kUnknownParts = "Unable to identify components used in key";
+constexpr std::string_view kBadBlockLength = "Incorrect data block length";
+constexpr std::string_view kKeyAbsent = "Error reading bank index";
+
+// Turns a pair into stored order for the time of a write, and back, whatever happens in between.
+class StoredOrder {
+ public:
+  StoredOrder(IZelBankIO* bank, bool swapped) : bank_(swapped ? bank : nullptr) {
+    if (bank_ != nullptr) bank_->SwapPair();
+  }
+  StoredOrder(StoredOrder const&) = delete;
+  StoredOrder& operator=(StoredOrder const&) = delete;
+  ~StoredOrder() {
+    if (bank_ != nullptr) bank_->SwapPair();
+  }
+
+ private:
+  IZelBankIO* bank_;
+};
+
+}  // namespace
+
+LibMaint_i::Located LibMaint_i::Fail(std::string_view reason) {
+  pendingText_ = reason;
+  return Located::kFailed;
+}
+
+// Widens and resolves the key; false with the reason left.
+bool LibMaint_i::PrepareKey(BlockInfo const& info, Key_p* key) {
+  key->ClearCache();
+  std::int32_t const count = key->GetCompCount();
+  // Can never fire, since minKeyWords is never above keyWords. A wrong length shows further on, as
+  // a key length that the tree does not have.
+  if (count > info.keyWords && count < info.minKeyWords) {
+    Fail(kBadKeyLength);
+    return false;
+  }
+  key->FitCompCount(info.keyWords, info.minKeyWords);
+  if (key->ResolveKey(library_, info.pairRule, swapped_)) return true;
+  Fail(kUnknownParts);
+  return false;
+}
+
+LibMaint_i::Located LibMaint_i::LocateItem(IZelBankIO* bank, char const* name, Key* key,
+                                           std::int32_t const*& entry) {
+  format_ = {};
+  swapped_ = false;
+  auto* inner = dynamic_cast<Key_p*>(key);
+  if (library_ == nullptr || inner == nullptr) return Fail(kUnknownParts);
+  BlockInfo const info(bank);
+  if (!PrepareKey(info, inner)) return Located::kFailed;
+  std::int32_t const* found = nullptr;
+  if (!library_->FindBank(info.type, name, found, false)) {
+    return Fail("Unable to locate \"" + std::string(info.type) + "\" bank \"" +
+                std::string(TextOrEmpty(name)) + "\"");
+  }
+  MakeTree(found + f::kBankHead);
+  keyWords_ = bankTree_->Head().keyWords;
+  if (keyWords_ != info.keyWords) return Fail(kBadKeyLength);
+  format_ = FormatOf(bank, info, bankTree_->Head());
+  if (format_.format == 0) return Fail(kBadBlockLength);
+  currentType_ = info.type;
+  fileResident_ = info.fileResident;
+  if (bankTree_->Find(inner->GetKeyWords(), entry)) return Located::kFound;
+  Fail(kKeyAbsent);
+  return Located::kAbsent;
+}
+
+void LibMaint_i::ReadRecord(IZelBankIO* bank, std::int32_t const* entry) {
+  if (fileResident_ != 0) {
+    bank->ReadFromFile(entry, library_);
+  } else {
+    bank->ReadBlock(entry, format_.format);
+  }
+}
+
+// Writes the bank into the entry at the tree's position. The node of a file-resident bank is
+// written only when its entry changed: for a new item, and where the old address was of no use.
+void LibMaint_i::WriteRecord(IZelBankIO* bank, bool isNew) {
+  StoredOrder const order(bank, swapped_);
+  std::int32_t* entry = nullptr;
+  if (!bankTree_->GetCurrentData(entry)) return;
+  if (fileResident_ == 0) {
+    bank->WriteBlock(entry, format_.format);
+    bankTree_->WriteCurrentNode();
+    return;
+  }
+  std::int32_t const before = *entry;
+  bank->WriteToFile(entry, library_);
+  if (isNew || *entry != before) bankTree_->WriteCurrentNode();
+}
+
+bool LibMaint_i::ItemExists(IZelBankDef* bank, char const* name, Key* key) {
+  DropTree();
+  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  std::int32_t const* entry = nullptr;
+  return io && LocateItem(io.Get(), name, key, entry) == Located::kFound;
+}
+
+bool LibMaint_i::ReadItem(IZelBankDef* bank, char const* name, Key* key) {
+  DropTree();
+  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  if (!io) return false;
+  io->Clear();
+  std::int32_t const* entry = nullptr;
+  if (LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;
+  io->SetSource(library_, name, library_->IsPasswordLocked() ? 1 : 0);
+  ReadRecord(io.Get(), entry);
+  if (swapped_) io->SwapPair();
+  itemValid_ = true;
+  return true;
+}
+
+bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
+  DropTree();
+  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  if (!io) return false;
+  std::int32_t const* entry = nullptr;
+  Located const located = LocateItem(io.Get(), name, key, entry);
+  // Only an absent key leads to an insert: in a tree of another key or record length it would lay a
+  // new root over the old tree or write past an entry.
+  if (located == Located::kFailed) return false;
+  if (located == Located::kAbsent) {
+    // The root goes into the directory before anything else can fail: without it a grown tree would
+    // lose what moved out of the old root.
+    auto* inner = dynamic_cast<Key_p*>(key);
+    bool const grew = bankTree_->Insert(inner->GetKeyWords(), f::kNullAddress, f::kNullAddress);
+    if (grew) StoreHead(currentType_.c_str(), name);
+  }
+  WriteRecord(io.Get(), located == Located::kAbsent);
+  itemValid_ = true;
+  return true;
+}
+
+bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
+  if (!itemValid_) return false;
+  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  if (!io) return false;
+  BlockInfo const info(io.Get());
+  std::int32_t words = 0;
+  io->GetRecordLength(format_.format, &words);
+  std::int32_t* entry = nullptr;
+  if (!SameText(info.type, currentType_) || info.keyWords != keyWords_ || words != format_.words ||
+      !bankTree_ || !bankTree_->GetCurrentData(entry)) {
+    itemValid_ = false;
+    return false;
+  }
+  WriteRecord(io.Get(), false);
+  return true;
+}
+
+bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
+  DropTree();
+  Held<IZelBankDef> const bank(NewBank(type));
+  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  std::int32_t const* entry = nullptr;
+  if (!io || LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;
+  std::int32_t const root = bankTree_->Head().rootAddress;
+  auto* inner = dynamic_cast<Key_p*>(key);
+  try {
+    bankTree_->Delete(inner->GetKeyWords());
+  } catch (...) {
+    // A rebuild that broke off has moved the root: what it saved must stay reachable.
+    if (bankTree_->Head().rootAddress != root) StoreHead(type, name);
+    throw;
+  }
+  if (bankTree_->Head().rootAddress != root) StoreHead(type, name);
+  return true;
+}
+
+}  // namespace zel

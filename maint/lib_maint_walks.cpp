@@ -1,0 +1,117 @@
+// Walks over component IDs, banks and items. Each works on a tree of its own over a copy of the
+// head, so that walks of several objects on one library do not disturb each other.
+#include <algorithm>
+
+#include "frame/ascii.h"
+#include "maint/lib_maint.h"
+#include "store/bank_key.h"
+#include "store/packed_text.h"
+
+namespace zel {
+
+namespace f = format;
+
+namespace {
+enum TreeOrder : int { kDirectory = 0, kCharacterIds = 1 };
+}
+
+bool LibMaint_i::StartWalk(WalkMode mode, std::int32_t const* head) {
+  MakeTree(head);
+  std::int32_t words = 0;
+  bankTree_->WalkBegin(keyWords_, words);
+  walkMode_ = mode;
+  return true;
+}
+
+// True when the walk is the current one. Any item read before can no longer be rewritten.
+bool LibMaint_i::WalkIs(WalkMode mode) noexcept {
+  itemValid_ = false;
+  return walkMode_ == mode && bankTree_;
+}
+
+namespace {
+
+// Heads of the library's own trees as they stand now; false while it is closed.
+bool TakeHead(LibFile_i* library, int tree, std::int32_t* head) {
+  if (library == nullptr || library->GetBankTree() == nullptr) return false;
+  std::int32_t const* header = nullptr;
+  std::int32_t const* table = nullptr;
+  std::int32_t const* heads = nullptr;
+  library->GetHeaderBlocks(&header, &table, &heads);
+  std::copy_n(heads + tree * f::kHeadWords, f::kHeadWords, head);
+  return true;
+}
+
+}  // namespace
+
+void LibMaint_i::BeginIdWalk() {
+  DropTree();
+  Head head;
+  if (TakeHead(library_, kCharacterIds, head.data())) StartWalk(WalkMode::kIds, head.data());
+}
+
+bool LibMaint_i::NextId(std::int32_t& number, char* id) {
+  number = 0;
+  *id = '\0';
+  std::int32_t const* entry = nullptr;
+  if (!WalkIs(WalkMode::kIds) || keyWords_ != f::kIdKeyWords || !bankTree_->WalkNext(entry)) {
+    return false;
+  }
+  number = entry[f::kIdKeyWords];
+  WordsToText(entry, f::kIdKeyWords, id);
+  return true;
+}
+
+void LibMaint_i::BeginBankWalk(char const* type) {
+  DropTree();
+  currentType_ = TextOrEmpty(type);
+  Head head;
+  if (TakeHead(library_, kDirectory, head.data())) StartWalk(WalkMode::kBanks, head.data());
+}
+
+bool LibMaint_i::NextBank(char* type, char* name) {
+  std::int32_t const* entry = nullptr;
+  while (WalkIs(WalkMode::kBanks) && keyWords_ == f::kBankKeyWords && bankTree_->WalkNext(entry)) {
+    UnpackBankKey(entry, type, name);
+    if (currentType_.empty() || currentType_ == type) return true;
+  }
+  *type = '\0';
+  *name = '\0';
+  return false;
+}
+
+bool LibMaint_i::BeginItemWalk(char const* type, char const* name) {
+  DropTree();
+  std::int32_t const* entry = nullptr;
+  if (!FindBank(type, name, entry)) return false;
+  currentType_ = TextOrEmpty(type);
+  return StartWalk(WalkMode::kItems, entry + f::kBankHead);
+}
+
+bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
+  if (!WalkIs(WalkMode::kItems)) return false;
+  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  std::fill_n(keyWords, keyWords_, 0);
+  if (!io) return false;
+  io->Clear();
+  BlockInfo const info(io.Get());
+  if (!SameText(info.type, currentType_) || info.keyWords != keyWords_) return false;
+  format_ = FormatOf(io.Get(), info, bankTree_->Head());
+  std::int32_t const* entry = nullptr;
+  if (format_.format == 0 || !bankTree_->WalkNext(entry)) return false;
+  std::copy_n(entry, keyWords_, keyWords);
+  fileResident_ = info.fileResident;
+  ReadRecord(io.Get(), entry + keyWords_);
+  return true;
+}
+
+bool LibMaint_i::NextItemKey(std::int32_t* keyWords) {
+  if (!WalkIs(WalkMode::kItems)) return false;
+  std::fill_n(keyWords, keyWords_, 0);
+  std::int32_t const* entry = nullptr;
+  if (!bankTree_->WalkNext(entry)) return false;
+  std::copy_n(entry, keyWords_, keyWords);
+  return true;
+}
+
+}  // namespace zel

@@ -1,0 +1,35 @@
+// Addresses of blocks within a library, and the exception that names one.
+#pragma once
+
+#include <cstdint>
+
+#include "store/format.h"
+
+namespace zel {
+
+// A block address taken apart. As a word: type x 10,000,000 + file x 1,000,000 + block.
+struct BlockAddress {
+  std::int32_t type = 0;
+  std::int32_t file = 0;
+  std::int32_t block = 0;
+
+  // A word that is not positive has no parts: all come out 0.
+  static constexpr BlockAddress Split(std::int32_t word) noexcept {
+    if (word <= 0) return {};
+    auto const w = static_cast<std::uint32_t>(word);
+    return {static_cast<std::int32_t>(w / format::kTypeFactor),
+            static_cast<std::int32_t>(w / format::kFileFactor % 10),
+            static_cast<std::int32_t>(w % format::kFileFactor)};
+  }
+
+  constexpr std::int32_t Word() const noexcept {
+    return type * format::kTypeFactor + file * format::kFileFactor + block;
+  }
+};
+
+// Block errors are exceptions of exactly this type, holding the address word.
+[[noreturn]] inline void ThrowBlockError(std::int32_t word) {
+  throw static_cast<unsigned long>(static_cast<std::uint32_t>(word));
+}
+
+}  // namespace zel

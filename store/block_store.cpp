@@ -1,0 +1,255 @@
+#include "store/block_store.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace zel {
+namespace {
+
+constexpr bool kNativeIsFileOrder = std::endian::native == std::endian::little;
+
+// Words on file are little-endian.
+void SwapBytes(std::int32_t* words, std::size_t count) noexcept {
+  for (std::size_t i = 0; i < count; ++i) {
+    auto const w = static_cast<std::uint32_t>(words[i]);
+    words[i] = static_cast<std::int32_t>(w >> 24 | (w >> 8 & 0xFF00U) | (w << 8 & 0xFF0000U) |
+                                         w << 24);
+  }
+}
+
+std::int64_t WriteWords(platform::BlockFile& file, std::uint64_t offset, std::int32_t const* words,
+                        std::size_t count) {
+  std::size_t const bytes = count * format::kWordBytes;
+  if constexpr (kNativeIsFileOrder) return file.WriteAt(offset, words, bytes);
+  std::vector<std::int32_t> swapped(words, words + count);
+  SwapBytes(swapped.data(), count);
+  return file.WriteAt(offset, swapped.data(), bytes);
+}
+
+// Reads and fills up with zeros what did not come.
+std::int64_t ReadWords(platform::BlockFile& file, std::uint64_t offset, std::int32_t* words,
+                       std::size_t count) {
+  std::size_t const bytes = count * format::kWordBytes;
+  std::int64_t const got = file.ReadAt(offset, words, bytes);
+  std::size_t const good = got < 0 ? 0 : static_cast<std::size_t>(got);
+  if (good < bytes) std::memset(reinterpret_cast<std::byte*>(words) + good, 0, bytes - good);
+  if constexpr (!kNativeIsFileOrder) SwapBytes(words, count);
+  return got;
+}
+
+openErrors ErrorOf(platform::OpenOutcome outcome) noexcept {
+  switch (outcome) {
+    case platform::OpenOutcome::kOk: return openOk;
+    case platform::OpenOutcome::kNotFound: return openNotFound;
+    case platform::OpenOutcome::kDenied: return openDenied;
+    case platform::OpenOutcome::kFailed: break;
+  }
+  return openFailed;
+}
+
+std::size_t Count(std::int32_t words) noexcept {
+  constexpr std::int32_t kMost = INT32_MAX / format::kWordBytes;
+  return static_cast<std::size_t>(std::clamp<std::int32_t>(words, 0, kMost));
+}
+
+}  // namespace
+
+BlockStore::BlockStore(platform::FileSystem& system, accModes mode, std::string firstPath)
+    : system_(&system), mode_(mode), firstPath_(std::move(firstPath)) {}
+
+std::string BlockStore::PathOf(int number) const {
+  std::string path = firstPath_;
+  if (!path.empty()) path.back() = "0123456789"[number];
+  return path;
+}
+
+openErrors BlockStore::OpenFile(int number, bool create, bool forceRead) {
+  FileSlot& slot = Slot(number);
+  if (slot.state == kAbsent && !create) return openFailed;
+  platform::OpenMode mode = platform::OpenMode::kUpdate;
+  if (slot.state == kAbsent) {
+    mode = platform::OpenMode::kCreate;
+  } else if (mode_ == accRead || forceRead) {
+    mode = platform::OpenMode::kRead;
+  }
+  platform::OpenedFile opened = system_->Open(PathOf(number), mode);
+  if (opened.outcome == platform::OpenOutcome::kOk) {
+    slot.file = std::move(opened.file);
+    slot.state = kOpen;
+  }
+  return ErrorOf(opened.outcome);
+}
+
+void BlockStore::CloseFile(int number) noexcept {
+  FileSlot& slot = Slot(number);
+  if (slot.state != kOpen) return;
+  slot.file.reset();
+  slot.state = kPresent;
+}
+
+void BlockStore::CloseAll() noexcept {
+  for (FileSlot& slot : slots_) slot = {};
+}
+
+void BlockStore::DeclareFile(int number, bool present, std::int32_t blockWords) noexcept {
+  FileSlot& slot = Slot(number);
+  if (slot.state != kOpen) slot.state = present ? kPresent : kAbsent;
+  slot.blockWords = blockWords;
+}
+
+void BlockStore::SetIdentity(std::int32_t libType, std::int32_t fileCount) noexcept {
+  libType_ = libType;
+  fileCount_ = fileCount;
+}
+
+std::uint64_t BlockStore::OffsetOf(BlockAddress const& a) const noexcept {
+  auto const blockBytes = static_cast<std::uint64_t>(Slot(a.file).blockWords) * format::kWordBytes;
+  return static_cast<std::uint64_t>(a.block - 1) * blockBytes;
+}
+
+bool BlockStore::ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer) {
+  std::size_t const count = Count(words);
+  std::fill_n(buffer, count, 0);
+  if (!Slot(1).file) return false;
+  auto const bytes = static_cast<std::int64_t>(count) * format::kWordBytes;
+  return ReadWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
+}
+
+bool BlockStore::WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer) {
+  std::size_t const count = Count(words);
+  if (!Slot(1).file) return false;
+  auto const bytes = static_cast<std::int64_t>(count) * format::kWordBytes;
+  return WriteWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
+}
+
+bool BlockStore::FlushFiles() {
+  bool good = true;
+  for (FileSlot& slot : slots_) {
+    if (slot.file && !slot.file->Flush()) good = false;
+  }
+  return good;
+}
+
+// --- blocks ----------------------------------------------------------------------------------
+
+BlockAddress BlockStore::CheckedForReading(std::int32_t address) const {
+  BlockAddress const a = BlockAddress::Split(address);
+  if (!open_ || a.type != libType_ || a.file < 1 || a.file > fileCount_ || a.block < 1 ||
+      Slot(a.file).state == kAbsent || Slot(a.file).blockWords < 1) {
+    ThrowBlockError(address);
+  }
+  return a;
+}
+
+// Header and block table are written by the flush alone: an address that names them is damage.
+BlockAddress BlockStore::CheckedForWriting(std::int32_t address) const {
+  BlockAddress const a = BlockAddress::Split(address);
+  if (!open_ || mode_ == accRead || a.type != libType_ || a.file < 1 || a.file > fileCount_ ||
+      a.block < 1 || Slot(a.file).blockWords < 1 ||
+      (a.file == 1 && a.block < format::kFirstFreeBlockOfFile1)) {
+    ThrowBlockError(address);
+  }
+  return a;
+}
+
+void BlockStore::CheckWritable(std::int32_t address) const {
+  if (!open_ || mode_ == accRead) ThrowBlockError(address);
+}
+
+std::int32_t BlockStore::ReadBlock(std::int32_t address, std::int32_t words,
+                                   std::int32_t* buffer) {
+  BlockAddress const a = CheckedForReading(address);
+  std::size_t const count = Count(words);
+  FileSlot& slot = Slot(a.file);
+  if (slot.state != kOpen && OpenFile(a.file, false, false) != openOk) {
+    std::fill_n(buffer, count, 0);
+    return -1;
+  }
+  return static_cast<std::int32_t>(ReadWords(*slot.file, OffsetOf(a), buffer, count));
+}
+
+std::int32_t const* BlockStore::View(std::int32_t address, std::int32_t words) {
+  BlockAddress const a = CheckedForReading(address);
+  if (mode_ != accRead || !kNativeIsFileOrder) return nullptr;
+  FileSlot& slot = Slot(a.file);
+  if (slot.state != kOpen && OpenFile(a.file, false, false) != openOk) return nullptr;
+  std::byte const* bytes = slot.file->View(OffsetOf(a), Count(words) * format::kWordBytes);
+  return reinterpret_cast<std::int32_t const*>(bytes);
+}
+
+std::int64_t BlockStore::BlocksFor(int number, std::int32_t words) const noexcept {
+  std::int64_t const size = Slot(number).blockWords;
+  return std::max<std::int64_t>(1, (std::max(words, 0) + size - 1) / size);
+}
+
+bool BlockStore::IsCandidate(int number) const noexcept {
+  return number <= fileCount_ && Slot(number).blockWords > 0;
+}
+
+// The file that wastes fewer words, each block counting 35 words more than it has.
+int BlockStore::FileForNewRun(std::int32_t words, std::int32_t fileChoice) const noexcept {
+  if (!IsCandidate(2)) return 1;
+  if (fileChoice == 1 || fileChoice == 2) return fileChoice;
+  auto const waste = [&](int number) {
+    return (std::int64_t{Slot(number).blockWords} + format::kBlockPenalty) *
+               BlocksFor(number, words) - words;
+  };
+  return waste(1) > waste(2) ? 2 : 1;
+}
+
+std::int32_t BlockStore::Allocate(std::int32_t words, std::int32_t fileChoice) {
+  int const file = FileForNewRun(words, fileChoice);
+  std::int32_t address = extents_.Take(file, BlocksFor(file, words));
+  int const other = 3 - file;
+  if (address == format::kNullAddress && IsCandidate(other)) {
+    address = extents_.Take(other, BlocksFor(other, words));
+  }
+  if (address == format::kNullAddress) ThrowBlockError(address);
+  return address;
+}
+
+std::int32_t BlockStore::Transfer(std::int32_t address, std::int32_t words,
+                                  std::int32_t const* buffer) {
+  BlockAddress const a = CheckedForWriting(address);
+  FileSlot& slot = Slot(a.file);
+  if (slot.state != kOpen && OpenFile(a.file, true, false) != openOk) return -1;
+  return static_cast<std::int32_t>(WriteWords(*slot.file, OffsetOf(a), buffer, Count(words)));
+}
+
+std::int32_t BlockStore::WriteBlock(std::int32_t& address, std::int32_t words,
+                                    std::int32_t const* buffer, std::int32_t fileChoice) {
+  CheckWritable(address);
+  if (address != format::kNullAddress) return Transfer(address, words, buffer);
+  ExtentList const before = extents_;
+  std::int32_t const run = Allocate(words, fileChoice);
+  std::int32_t const written = Transfer(run, words, buffer);
+  if (written != static_cast<std::int32_t>(Count(words)) * format::kWordBytes) {
+    extents_ = before;  // nothing refers to the run yet
+  } else {
+    address = run;
+  }
+  return written;
+}
+
+void BlockStore::FreeBlock(std::int32_t& address, std::int32_t words) {
+  BlockAddress const a = CheckedForWriting(address);
+  if (Slot(a.file).state == kAbsent) ThrowBlockError(address);
+  if (Slot(a.file).state != kOpen) OpenFile(a.file, false, false);
+  extents_.GiveBack(address, BlocksFor(a.file, words), a.file);
+  address = format::kNullAddress;
+}
+
+std::int64_t BlockStore::BlockBound() const noexcept {
+  std::int64_t blocks = 0;
+  for (FileSlot const& slot : slots_) {
+    if (!slot.file || slot.blockWords < 1) continue;
+    std::int64_t const blockBytes = std::int64_t{slot.blockWords} * format::kWordBytes;
+    blocks += (static_cast<std::int64_t>(slot.file->Size()) + blockBytes - 1) / blockBytes;
+  }
+  return blocks;
+}
+
+}  // namespace zel

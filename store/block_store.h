@@ -1,0 +1,106 @@
+// The block store: the files of one library, their blocks, and which of them are free.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "frame/platform/block_file.h"
+#include "store/block_address.h"
+#include "store/extents.h"
+#include "store/format.h"
+#include "store/node_pool.h"
+#include "zelaccess/LibFile.h"
+
+namespace zel {
+
+// Blocks are fixed-size records, a size per file, numbered from 1. A run of blocks is addressed by
+// its first. Everything of a library rests on ReadBlock, WriteBlock and FreeBlock, which throw the
+// address for whatever cannot be a block of this library (see block_address.h).
+class BlockStore {
+ public:
+  enum State : std::uint8_t { kAbsent = 0, kPresent = 1, kOpen = 2 };
+
+  BlockStore(platform::FileSystem& system, accModes mode, std::string firstPath);
+
+  accModes Mode() const noexcept { return mode_; }
+  std::string const& FirstPath() const noexcept { return firstPath_; }
+  bool FirstFileExists() { return system_->Exists(firstPath_); }
+
+  // --- files -------------------------------------------------------------------------------
+  // Opens file `number`. An absent file is made if `create`, a present one is opened for reading
+  // in accRead or with `forceRead`, else for update.
+  openErrors OpenFile(int number, bool create, bool forceRead);
+  // Closes a file that is open; it counts as present.
+  void CloseFile(int number) noexcept;
+  // Closes all files and forgets states and sizes.
+  void CloseAll() noexcept;
+  State FileState(int number) const noexcept { return Slot(number).state; }
+  // Declares a file of the header: its state unless the file is open, and its block size.
+  void DeclareFile(int number, bool present, std::int32_t blockWords) noexcept;
+  std::int32_t BlockWords(int number) const noexcept { return Slot(number).blockWords; }
+  // The library's type and number of files, by which addresses are tested.
+  void SetIdentity(std::int32_t libType, std::int32_t fileCount) noexcept;
+  std::int32_t LibType() const noexcept { return libType_; }
+  std::int32_t FileCount() const noexcept { return fileCount_; }
+  // Between these two the block operations work; outside they throw.
+  void MarkOpen(bool open) noexcept { open_ = open; }
+  bool IsOpen() const noexcept { return open_; }
+  // Header and block table, which lie outside the block operations. True when all words came.
+  bool ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer);
+  bool WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer);
+  // Asks the system to put all open files on disk.
+  bool FlushFiles();
+
+  // --- blocks ------------------------------------------------------------------------------
+  // See LibFile_p for the three operations.
+  std::int32_t ReadBlock(std::int32_t address, std::int32_t words, std::int32_t* buffer);
+  std::int32_t WriteBlock(std::int32_t& address, std::int32_t words, std::int32_t const* buffer,
+                          std::int32_t fileChoice);
+  void FreeBlock(std::int32_t& address, std::int32_t words);
+  // Throws `address` unless the store is open for update.
+  void CheckWritable(std::int32_t address) const;
+  // A block run in place, for a library open for reading whose file is mapped; null otherwise, and
+  // when some of it lies behind the end of the file. Stays valid until the file is closed. Throws
+  // like ReadBlock.
+  std::int32_t const* View(std::int32_t address, std::int32_t words);
+  // No more blocks than this hold anything: a bound for walks over damaged links.
+  std::int64_t BlockBound() const noexcept;
+
+  ExtentList& Extents() noexcept { return extents_; }
+  NodePool& Nodes() noexcept { return nodes_; }
+
+ private:
+  struct FileSlot {
+    std::unique_ptr<platform::BlockFile> file;
+    State state = kAbsent;
+    std::int32_t blockWords = 0;
+  };
+
+  FileSlot& Slot(int number) noexcept { return slots_[static_cast<std::size_t>(number)]; }
+  FileSlot const& Slot(int number) const noexcept {
+    return slots_[static_cast<std::size_t>(number)];
+  }
+  std::string PathOf(int number) const;
+  BlockAddress CheckedForReading(std::int32_t address) const;
+  BlockAddress CheckedForWriting(std::int32_t address) const;
+  std::uint64_t OffsetOf(BlockAddress const& a) const noexcept;
+  std::int64_t BlocksFor(int number, std::int32_t words) const noexcept;
+  bool IsCandidate(int number) const noexcept;
+  int FileForNewRun(std::int32_t words, std::int32_t fileChoice) const noexcept;
+  std::int32_t Allocate(std::int32_t words, std::int32_t fileChoice);
+  std::int32_t Transfer(std::int32_t address, std::int32_t words, std::int32_t const* buffer);
+
+  platform::FileSystem* system_;
+  accModes mode_;
+  std::string firstPath_;
+  bool open_ = false;
+  std::int32_t libType_ = 0;
+  std::int32_t fileCount_ = 0;
+  std::array<FileSlot, format::kFileSlots> slots_;
+  ExtentList extents_;
+  NodePool nodes_;
+};
+
+}  // namespace zel

@@ -1,0 +1,141 @@
+// On-file B-tree of fixed-width integer keys.
+//
+// A B-tree in the strict sense: entries (key words, then data words) live in inner nodes as well as
+// in leaves, and a search can end in an inner node. Keys compare word by word as signed integers.
+//
+// The tree object keeps a chain of level buffers, one per level from the root down, each of which
+// remembers the node that it holds: the path of the last search. Find, Insert, Delete and the walk
+// share it as their position. In a library open for reading a buffer points at the node where it
+// lies in the mapped file; open for update it holds a copy of its own.
+//
+// What holds between operations:
+// - no node is in two buffers, and each buffer equals its block on file: a buffer whose block was
+//   written or freed by another way is forgotten, and a failed write drops the whole chain;
+// - the root in the object equals the root in the head record.
+//
+// Costs: a search reads one node per level, none that the last path shares. Insert writes one node,
+// three per level that splits. Delete near the leaves writes one to two nodes; everything else, the
+// absent key included, rebuilds the tree.
+//
+// Damaged data: a node whose entry count is impossible, a path of more than 64 nodes, a walk or a
+// rebuild that visits more nodes than the files have blocks, and an unusable head end in the block
+// store's exception with the address at hand. Two tree objects on one head do not see each other's
+// writes; drop the first before the second is made.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <vector>
+
+#include "store/block_store.h"
+#include "store/btree_head.h"
+#include "store/node_pool.h"
+
+namespace zel {
+
+class Key;
+
+class BTree_i {
+ public:
+  static constexpr int kMaxDepth = 64;
+
+  // Neither the store nor the head record is owned; both must outlive the tree.
+  BTree_i(BlockStore& store, std::int32_t* headRecord);
+  BTree_i(BTree_i const&) = delete;
+  BTree_i& operator=(BTree_i const&) = delete;
+  virtual ~BTree_i();
+
+  BTreeHead_i const& Head() const noexcept { return head_; }
+
+  // True with the entry's data when the key is there. Otherwise false, and the position stands at
+  // the leaf and place where the key belongs. Pointers into a node stay valid until the next
+  // operation on this object.
+  bool Find(std::int32_t const* key, std::int32_t const*& data);
+  bool Find(Key* key, std::int32_t const*& data);
+  // Inserts a bare key, its data words zero, at the position of the last failed Find, which becomes
+  // the position of the new entry. True when the tree grew a level. Does nothing and gives false
+  // when the last search succeeded or there was none. Outside callers pass null links.
+  bool Insert(std::int32_t const* key, std::int32_t left, std::int32_t right);
+  bool Insert(Key* key, std::int32_t left, std::int32_t right);
+  // True, also when the key is absent: the tree is then rebuilt with the same keys. Throws the null
+  // address on an empty tree. There is no position afterwards.
+  bool Delete(std::int32_t const* key);
+  bool Delete(Key* key);
+  // The data of the entry at the position, to be changed in place; false without one.
+  bool GetCurrentData(std::int32_t*& data);
+  // Writes the node at the position; false without one.
+  bool WriteCurrentNode();
+
+  // In-order walk: gives key and data length (0 and 0 for an empty tree), then WalkNext gives entry
+  // after entry, key first. Other operations in between end the walk's meaning.
+  void WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords);
+  bool WalkNext(std::int32_t const*& entry);
+
+  // -1, 0 or 1.
+  int CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept;
+
+  // Report of the tree's structure; see btree_dump.cpp.
+  bool DumpTree(std::int32_t indent, std::FILE* stream, std::int32_t expected);
+
+ private:
+  struct Level {
+    std::int32_t address;         // of the node held, null for none
+    std::int32_t index;           // position: the current entry, or the one in front of the link
+    std::int32_t const* words;    // the node, here or in place
+    NodeImage* own;               // this level's copy, from the pool; null until needed
+  };
+  enum class WalkState : std::uint8_t { kEnded, kAtLink, kAtEntry };
+  static constexpr int kNoLevel = -1;
+
+  // Node layout.
+  int Width() const noexcept { return width_; }
+  int LinkAt(int i) const noexcept { return format::kNodeLinks + i * width_; }
+  int EntryAt(int i) const noexcept { return format::kNodeEntries + (i - 1) * width_; }
+  std::int32_t NodeLimit() const noexcept { return format::kNodeRoom / width_; }
+  static bool IsLeaf(std::int32_t const* node) noexcept {
+    return node[format::kNodeLinks] == format::kNullAddress;
+  }
+
+  // Level buffers (btree_find.cpp).
+  void CheckHead() const;
+  Level& Enter(int level, std::int32_t address);
+  void Load(Level& level, std::int32_t address);
+  void ReadNode(std::int32_t address, std::int32_t* words);
+  void CheckNode(std::int32_t const* words, std::int32_t address) const;
+  std::int32_t* Own(Level& level);
+  void Forget(std::int32_t address, Level const* except) noexcept;
+  void ForgetAll() noexcept;
+  int Search(std::int32_t const* words, std::int32_t const* key, bool& found) const noexcept;
+
+  // Insertion (btree_insert.cpp).
+  void WriteNode(std::int32_t& address, std::int32_t const* words);
+  void InsertEntry(int level, std::int32_t const* entry, std::int32_t left, std::int32_t right,
+                   bool& grew);
+  void PutIntoNode(Level& level, std::int32_t const* entry, std::int32_t left, std::int32_t right);
+  void SplitNode(Level& level, std::int32_t* entry, std::int32_t& left, std::int32_t& right);
+  void PutNewRoot(std::int32_t const* entry, std::int32_t left, std::int32_t right);
+  void BuildContents(Level const& level, std::int32_t const* entry, std::int32_t left,
+                     std::int32_t right, std::int32_t* contents) const noexcept;
+
+  // Deletion (btree_delete.cpp, btree_rebuild.cpp).
+  bool DeleteNearLeaves(std::int32_t const* key);
+  bool DeleteFromInner(Level& level);
+  void DropFromNode(std::int32_t* node, int firstWord) const noexcept;
+  void Rebuild(std::int32_t const* deletedKey);
+  std::vector<std::int32_t> NodesInBreadth();
+
+  class ForgetOnFailure;
+
+  BlockStore& store_;
+  BTreeHead_i head_;
+  int width_;                 // words of an entry and the link behind it
+  int levels_ = 0;            // buffers made
+  int current_ = kNoLevel;    // the position's level
+  bool atEntry_ = false;      // the position is an entry, not a place between entries
+  WalkState walk_ = WalkState::kEnded;
+  std::int64_t walkVisits_ = 0;
+  std::int64_t walkBound_ = 0;
+  Level level_[kMaxDepth];    // only the first levels_ are in use
+};
+
+}  // namespace zel

@@ -1,0 +1,106 @@
+// Deletion. A quick path serves the cases near the leaves; all others rebuild the tree.
+#include <algorithm>
+
+#include "store/btree_write.h"
+
+namespace zel {
+
+namespace f = format;
+
+bool BTree_i::Delete(std::int32_t const* key) {
+  if (head_.rootAddress != f::kNullAddress) CheckHead();
+  store_.CheckWritable(head_.rootAddress);
+  ForgetOnFailure guard(*this);
+  if (!DeleteNearLeaves(key)) Rebuild(key);
+  guard.Done();
+  current_ = kNoLevel;
+  atEntry_ = false;
+  return true;
+}
+
+// False where it cannot act, also when the key is absent; nothing has changed then.
+bool BTree_i::DeleteNearLeaves(std::int32_t const* key) {
+  std::int32_t const* data = nullptr;
+  if (!Find(key, data)) return false;
+  Level& level = level_[current_];
+  if (!IsLeaf(level.words)) return DeleteFromInner(level);
+  std::int32_t* node = Own(level);  // leaves are never merged, and may become empty
+  DropFromNode(node, EntryAt(level.index));
+  WriteNode(level.address, node);
+  Forget(level.address, &level);
+  return true;
+}
+
+// Takes the words of one entry and one link out of a node, from `firstWord` on.
+void BTree_i::DropFromNode(std::int32_t* node, int firstWord) const noexcept {
+  int const count = node[f::kNodeCount];
+  int const end = LinkAt(count) + 1;
+  std::copy(node + firstWord + width_, node + end, node + firstWord);
+  std::fill(node + end - width_, node + end, 0);
+  node[f::kNodeCount] = count - 1;
+}
+
+// The entry at the position, whose node is an inner one right above leaves.
+bool BTree_i::DeleteFromInner(Level& level) {
+  int const p = level.index;
+  std::int32_t* node = Own(level);
+  std::int32_t const c = node[f::kNodeCount];
+  std::int32_t leftAddress = node[LinkAt(p - 1)];
+  std::int32_t rightAddress = node[LinkAt(p)];
+
+  NodeBuffer rightBuffer(store_.Nodes());
+  std::int32_t* right = rightBuffer.Words();
+  ReadNode(rightAddress, right);
+  if (!IsLeaf(right)) return false;
+  std::int32_t const nR = right[f::kNodeCount];
+
+  if (c >= 2 && nR == 0) {
+    DropFromNode(node, EntryAt(p));  // entry and right link
+    WriteNode(level.address, node);
+    Forget(rightAddress, nullptr);
+    store_.FreeBlock(rightAddress, f::kNodeWords);
+    return true;
+  }
+
+  NodeBuffer leftBuffer(store_.Nodes());
+  std::int32_t* left = leftBuffer.Words();
+  ReadNode(leftAddress, left);
+  std::int32_t const nL = left[f::kNodeCount];
+
+  if (c >= 2 && nL == 0) {
+    DropFromNode(node, LinkAt(p - 1));  // left link and entry: the right link takes its place
+    WriteNode(level.address, node);
+    Forget(leftAddress, nullptr);
+    store_.FreeBlock(leftAddress, f::kNodeWords);
+    return true;
+  }
+  if (c >= 2 && nL + nR <= head_.maxEntries) {
+    std::copy_n(right + f::kNodeLinks, nR * width_ + 1, left + LinkAt(nL));
+    left[f::kNodeCount] = nL + nR;
+    WriteNode(leftAddress, left);
+    Forget(leftAddress, nullptr);
+    Forget(rightAddress, nullptr);
+    store_.FreeBlock(rightAddress, f::kNodeWords);
+    DropFromNode(node, EntryAt(p));
+    WriteNode(level.address, node);
+    return true;
+  }
+  bool const rightIsPoor = nR <= nL || nR < 2;
+  if (nL < 2 && rightIsPoor) return false;
+  if (rightIsPoor) {
+    std::copy_n(left + EntryAt(nL), head_.entryWords, node + EntryAt(p));
+    std::fill_n(left + EntryAt(nL), width_, 0);
+    left[f::kNodeCount] = nL - 1;
+    WriteNode(leftAddress, left);
+    Forget(leftAddress, nullptr);
+  } else {
+    std::copy_n(right + EntryAt(1), head_.entryWords, node + EntryAt(p));
+    DropFromNode(right, EntryAt(1));
+    WriteNode(rightAddress, right);
+    Forget(rightAddress, nullptr);
+  }
+  WriteNode(level.address, node);
+  return true;
+}
+
+}  // namespace zel

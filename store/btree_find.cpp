@@ -1,0 +1,197 @@
+// Level buffers, search and position.
+#include <cstring>
+
+#include "store/btree.h"
+#include "zelaccess/Key_p.h"
+
+namespace zel {
+
+BTree_i::BTree_i(BlockStore& store, std::int32_t* headRecord)
+    : store_(store), head_(headRecord), width_(head_.IsUsable() ? head_.entryWords + 1 : 2) {}
+
+BTree_i::~BTree_i() { ForgetAll(); }
+
+void BTree_i::CheckHead() const {
+  if (!head_.IsUsable()) ThrowBlockError(head_.rootAddress);
+}
+
+void BTree_i::CheckNode(std::int32_t const* words, std::int32_t address) const {
+  std::int32_t const count = words[format::kNodeCount];
+  if (count < 0 || count > NodeLimit()) ThrowBlockError(address);
+}
+
+void BTree_i::ReadNode(std::int32_t address, std::int32_t* words) {
+  store_.ReadBlock(address, format::kNodeWords, words);
+  CheckNode(words, address);
+}
+
+void BTree_i::Load(Level& level, std::int32_t address) {
+  level.address = format::kNullAddress;
+  if (std::int32_t const* inPlace = store_.View(address, format::kNodeWords)) {
+    CheckNode(inPlace, address);
+    level.words = inPlace;
+  } else {
+    if (level.own == nullptr) level.own = store_.Nodes().Take().release();
+    ReadNode(address, level.own->data());
+    level.words = level.own->data();
+  }
+  level.address = address;
+}
+
+// The level's buffer, holding the node at `address`.
+BTree_i::Level& BTree_i::Enter(int level, std::int32_t address) {
+  if (level == kMaxDepth) ThrowBlockError(address);
+  if (level == levels_) level_[levels_++] = {format::kNullAddress, 0, nullptr, nullptr};
+  Level& l = level_[level];
+  if (l.address != address) Load(l, address);
+  return l;
+}
+
+// The level's node as a copy that may be changed.
+std::int32_t* BTree_i::Own(Level& level) {
+  if (level.own == nullptr) level.own = store_.Nodes().Take().release();
+  if (level.words != level.own->data()) {
+    std::memcpy(level.own->data(), level.words, sizeof(NodeImage));
+    level.words = level.own->data();
+  }
+  return level.own->data();
+}
+
+void BTree_i::Forget(std::int32_t address, Level const* except) noexcept {
+  for (int k = 0; k < levels_; ++k) {
+    if (level_[k].address == address && &level_[k] != except) {
+      level_[k].address = format::kNullAddress;
+    }
+  }
+}
+
+void BTree_i::ForgetAll() noexcept {
+  for (int k = 0; k < levels_; ++k) {
+    if (level_[k].own != nullptr) {
+      store_.Nodes().GiveBack(std::unique_ptr<NodeImage>(level_[k].own));
+    }
+  }
+  levels_ = 0;
+  current_ = kNoLevel;
+  atEntry_ = false;
+}
+
+int BTree_i::CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept {
+  for (std::int32_t i = 0; i < head_.keyWords; ++i) {
+    if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;
+  }
+  return 0;
+}
+
+namespace {
+
+// A key of one or two words as one integer of the same order.
+struct OneWord {
+  static std::int64_t At(std::int32_t const* key) noexcept { return key[0]; }
+};
+struct TwoWords {
+  static std::int64_t At(std::int32_t const* key) noexcept {
+    auto const low = static_cast<std::uint32_t>(key[1]) ^ 0x80000000U;
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(static_cast<std::int64_t>(key[0]))
+                                         << 32 | low);
+  }
+};
+
+// The last of `count` entries whose key is at most `key`, 0 when there is none.
+template <typename KeyForm>
+int LastNotAbove(std::int32_t const* entries, int width, int count, std::int64_t key) noexcept {
+  std::int32_t const* base = entries - width;  // entry 0, never looked at
+  int span = count + 1;
+  while (span > 1) {
+    int const half = span / 2;
+    std::int32_t const* probe = base + static_cast<std::ptrdiff_t>(half) * width;
+    base = KeyForm::At(probe) <= key ? probe : base;
+    span -= half;
+  }
+  return static_cast<int>((base - (entries - width)) / width);
+}
+
+}  // namespace
+
+// Index of the entry with the key; or, not found, of the last entry below it (0 for none).
+int BTree_i::Search(std::int32_t const* words, std::int32_t const* key,
+                    bool& found) const noexcept {
+  std::int32_t const* entries = words + format::kNodeEntries;
+  int const count = words[format::kNodeCount];
+  if (head_.keyWords <= 2) {
+    bool const one = head_.keyWords == 1;
+    std::int64_t const wanted = one ? OneWord::At(key) : TwoWords::At(key);
+    int const i = one ? LastNotAbove<OneWord>(entries, width_, count, wanted)
+                      : LastNotAbove<TwoWords>(entries, width_, count, wanted);
+    found = i > 0 && CompareKey(words + EntryAt(i), key) == 0;
+    return i;
+  }
+  int low = 1;
+  int high = count;
+  while (low <= high) {
+    int const mid = (low + high) / 2;
+    int const order = CompareKey(key, words + EntryAt(mid));
+    if (order == 0) {
+      found = true;
+      return mid;
+    }
+    if (order < 0) {
+      high = mid - 1;
+    } else {
+      low = mid + 1;
+    }
+  }
+  found = false;
+  return high;
+}
+
+bool BTree_i::Find(std::int32_t const* key, std::int32_t const*& data) {
+  current_ = kNoLevel;
+  atEntry_ = false;
+  walk_ = WalkState::kEnded;
+  if (head_.rootAddress == format::kNullAddress) return false;
+  CheckHead();
+  std::int32_t address = head_.rootAddress;
+  for (int k = 0;; ++k) {
+    Level& level = Enter(k, address);
+    bool found = false;
+    level.index = Search(level.words, key, found);
+    // Equal keys of one node stand side by side only in a damaged one; what matters is above all
+    // that the search and the position agree.
+    if (found) {
+      current_ = k;
+      atEntry_ = true;
+      data = level.words + EntryAt(level.index) + head_.keyWords;
+      return true;
+    }
+    address = level.words[LinkAt(level.index)];
+    if (address == format::kNullAddress) {
+      current_ = k;
+      return false;
+    }
+  }
+}
+
+bool BTree_i::GetCurrentData(std::int32_t*& data) {
+  if (current_ == kNoLevel || !atEntry_) return false;
+  Level& level = level_[current_];
+  data = Own(level) + EntryAt(level.index) + head_.keyWords;
+  return true;
+}
+
+bool BTree_i::Find(Key* key, std::int32_t const*& data) {
+  auto* inner = dynamic_cast<Key_p*>(key);
+  return inner != nullptr && Find(inner->GetKeyWords(), data);
+}
+
+bool BTree_i::Insert(Key* key, std::int32_t left, std::int32_t right) {
+  auto* inner = dynamic_cast<Key_p*>(key);
+  return inner != nullptr && Insert(inner->GetKeyWords(), left, right);
+}
+
+bool BTree_i::Delete(Key* key) {
+  auto* inner = dynamic_cast<Key_p*>(key);
+  return inner != nullptr && Delete(inner->GetKeyWords());
+}
+
+}  // namespace zel

@@ -1,0 +1,170 @@
+// Insertion, with a split that is uneven by design: a load in ascending order leaves nodes three
+// quarters full.
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "store/btree_write.h"
+
+namespace zel {
+
+namespace f = format;
+
+void BTree_i::WriteNode(std::int32_t& address, std::int32_t const* words) {
+  constexpr std::int32_t kBytes = f::kNodeWords * f::kWordBytes;
+  if (store_.WriteBlock(address, f::kNodeWords, words, 0) != kBytes) ThrowBlockError(address);
+}
+
+bool BTree_i::WriteCurrentNode() {
+  if (current_ == kNoLevel) return false;
+  Level& level = level_[current_];
+  store_.CheckWritable(level.address);
+  ForgetOnFailure guard(*this);
+  WriteNode(level.address, level.words);
+  guard.Done();
+  return true;
+}
+
+bool BTree_i::Insert(std::int32_t const* key, std::int32_t left, std::int32_t right) {
+  bool const searched = current_ != kNoLevel || head_.rootAddress == f::kNullAddress;
+  if (atEntry_ || !searched) return false;
+  CheckHead();
+  store_.CheckWritable(head_.rootAddress);
+  std::array<std::int32_t, f::kNodeWords> entry;
+  std::copy_n(key, head_.keyWords, entry.begin());
+  std::fill_n(entry.begin() + head_.keyWords, head_.entryDataWords, 0);
+
+  ForgetOnFailure guard(*this);
+  bool grew = false;
+  InsertEntry(current_, entry.data(), left, right, grew);
+  guard.Done();
+  if (grew) ++current_;  // the new root's buffer has gone in front
+  atEntry_ = true;
+  return grew;
+}
+
+// Puts a whole entry into the node of a level, and what a split sends up into the levels above.
+void BTree_i::InsertEntry(int level, std::int32_t const* entry, std::int32_t left,
+                          std::int32_t right, bool& grew) {
+  std::array<std::int32_t, f::kNodeWords> rising;
+  std::copy_n(entry, head_.entryWords, rising.begin());
+  for (int k = level; k != kNoLevel; --k) {
+    Level& l = level_[k];
+    if (l.words[f::kNodeCount] < head_.maxEntries) {
+      PutIntoNode(l, rising.data(), left, right);
+      return;
+    }
+    SplitNode(l, rising.data(), left, right);
+  }
+  PutNewRoot(rising.data(), left, right);
+  grew = true;
+}
+
+void BTree_i::PutIntoNode(Level& level, std::int32_t const* entry, std::int32_t left,
+                          std::int32_t right) {
+  std::int32_t* node = Own(level);
+  int const count = node[f::kNodeCount];
+  int const i = level.index;
+  std::int32_t* place = node + EntryAt(i + 1);
+  std::memmove(place + width_, place, sizeof(std::int32_t) * std::size_t(count - i) *
+                                          static_cast<std::size_t>(width_));
+  node[LinkAt(i)] = left;
+  std::copy_n(entry, head_.entryWords, place);
+  node[LinkAt(i + 1)] = right;
+  node[f::kNodeCount] = count + 1;
+  level.index = i + 1;
+  WriteNode(level.address, node);
+  Forget(level.address, &level);
+}
+
+// Contents from link[0] on of the node with the entry added, one entry more than it has room for.
+void BTree_i::BuildContents(Level const& level, std::int32_t const* entry, std::int32_t left,
+                            std::int32_t right, std::int32_t* contents) const noexcept {
+  std::int32_t const* old = level.words + f::kNodeLinks;
+  int const count = level.words[f::kNodeCount];
+  int const ahead = level.index * width_;
+  contents = std::copy_n(old, ahead, contents);
+  *contents++ = left;
+  contents = std::copy_n(entry, head_.entryWords, contents);
+  *contents++ = right;
+  std::copy_n(old + ahead + 1, (count - level.index) * width_, contents);
+}
+
+namespace {
+
+// Makes a node of `count` entries from contents that begin with its link[0].
+void FillNode(std::int32_t* node, int width, std::int32_t count, std::int32_t parent,
+              std::int32_t previous, std::int32_t next, std::int32_t const* contents) {
+  node[f::kNodeCount] = count;
+  node[f::kNodeParent] = parent;
+  node[f::kNodePrevious] = previous;
+  node[f::kNodeNext] = next;
+  std::int32_t* end = std::copy_n(contents, count * width + 1, node + f::kNodeLinks);
+  std::fill(end, node + f::kNodeWords, 0);
+}
+
+}  // namespace
+
+// On return `entry`, `left` and `right` are what goes up. The new entry's node stays in the level's
+// buffer, under its old address, and the position moves along.
+void BTree_i::SplitNode(Level& level, std::int32_t* entry, std::int32_t& left,
+                        std::int32_t& right) {
+  std::array<std::int32_t, f::kNodeWords + f::kNodeWords> contents;
+  BuildContents(level, entry, left, right, contents.data());
+  int const c = level.words[f::kNodeCount] + 1;
+  int const q = c / 4;
+  int const t = c - q == level.index + 1 ? 1 : 0;  // keeps the new entry from going up
+  int const a = q + t;                             // entries of the right part
+  int const b = c - a - 1;                         // entries of the left part
+  std::int32_t const* rightContents = contents.data() + (b + 1) * width_;
+  std::int32_t const parent = level.words[f::kNodeParent];
+  std::int32_t const previous = level.words[f::kNodePrevious];
+  std::int32_t const next = level.words[f::kNodeNext];
+  bool const newEntryGoesRight = level.index + 1 > b;
+
+  NodeBuffer added(store_.Nodes());
+  NodeBuffer kept(store_.Nodes());
+  std::int32_t addedAddress = f::kNullAddress;
+  if (newEntryGoesRight) {
+    FillNode(added.Words(), width_, b, parent, previous, level.address, contents.data());
+    WriteNode(addedAddress, added.Words());
+    FillNode(kept.Words(), width_, a, parent, addedAddress, next, rightContents);
+    left = addedAddress;
+    right = level.address;
+    level.index -= b;
+  } else {
+    FillNode(added.Words(), width_, a, parent, level.address, next, rightContents);
+    WriteNode(addedAddress, added.Words());
+    FillNode(kept.Words(), width_, b, parent, previous, addedAddress, contents.data());
+    left = level.address;
+    right = addedAddress;
+    level.index += 1;
+  }
+  // The entry between the parts goes up; its place is behind the left part's last link.
+  std::copy_n(contents.data() + b * width_ + 1, head_.entryWords, entry);
+  WriteNode(level.address, kept.Words());
+  Forget(level.address, &level);
+  std::copy_n(kept.Words(), f::kNodeWords, Own(level));
+}
+
+void BTree_i::PutNewRoot(std::int32_t const* entry, std::int32_t left, std::int32_t right) {
+  if (levels_ == kMaxDepth) ThrowBlockError(head_.rootAddress);
+  Level root{f::kNullAddress, 1, nullptr, store_.Nodes().Take().release()};
+  std::int32_t* node = root.own->data();
+  std::fill_n(node, f::kNodeWords, 0);
+  node[f::kNodeCount] = 1;
+  node[f::kNodeParent] = node[f::kNodePrevious] = node[f::kNodeNext] = f::kNullAddress;
+  node[LinkAt(0)] = left;
+  std::copy_n(entry, head_.entryWords, node + EntryAt(1));
+  node[LinkAt(1)] = right;
+  root.words = node;
+  // The chain takes the buffer before the write, so that a failure gives it back to the pool.
+  std::copy_backward(level_, level_ + levels_, level_ + levels_ + 1);
+  level_[0] = root;
+  ++levels_;
+  WriteNode(level_[0].address, node);
+  Forget(level_[0].address, &level_[0]);
+  head_.SetRoot(level_[0].address);
+}
+
+}  // namespace zel

@@ -1,0 +1,62 @@
+// The rebuild: every entry but the deleted one goes into a new tree, node by node in breadth-first
+// order, and each old node is freed as soon as its entries have moved.
+#include <algorithm>
+#include <unordered_set>
+
+#include "store/btree_write.h"
+
+namespace zel {
+
+namespace f = format;
+
+// Addresses of all nodes in breadth-first order. Damage - a cycle, a shared node, an impossible
+// count, too deep a tree - throws the address here, before anything changes.
+std::vector<std::int32_t> BTree_i::NodesInBreadth() {
+  std::int64_t const bound = store_.BlockBound();
+  std::vector<std::int32_t> nodes{head_.rootAddress};
+  std::unordered_set<std::int32_t> seen{head_.rootAddress};
+  NodeBuffer buffer(store_.Nodes());
+  std::int32_t const* node = buffer.Words();
+  std::size_t endOfLevel = 1;
+  int depth = 1;
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    if (i == endOfLevel) {
+      endOfLevel = nodes.size();
+      if (++depth > kMaxDepth) ThrowBlockError(nodes[i]);
+    }
+    ReadNode(nodes[i], buffer.Words());
+    for (int k = 0; k <= node[f::kNodeCount]; ++k) {
+      std::int32_t const child = node[LinkAt(k)];
+      if (child == f::kNullAddress) continue;
+      if (!seen.insert(child).second || static_cast<std::int64_t>(nodes.size()) > bound) {
+        ThrowBlockError(child);
+      }
+      nodes.push_back(child);
+    }
+  }
+  return nodes;
+}
+
+void BTree_i::Rebuild(std::int32_t const* deletedKey) {
+  if (head_.rootAddress == f::kNullAddress) ThrowBlockError(f::kNullAddress);
+  std::vector<std::int32_t> const nodes = NodesInBreadth();
+  ForgetAll();
+  head_.SetRoot(f::kNullAddress);
+  NodeBuffer buffer(store_.Nodes());
+  std::int32_t const* node = buffer.Words();
+  for (std::int32_t address : nodes) {
+    ReadNode(address, buffer.Words());
+    for (int k = 1; k <= node[f::kNodeCount]; ++k) {
+      std::int32_t const* entry = node + EntryAt(k);
+      if (CompareKey(entry, deletedKey) == 0) continue;
+      std::int32_t const* data = nullptr;
+      if (Find(entry, data)) continue;  // a damaged tree held the key twice
+      bool grew = false;
+      InsertEntry(current_, entry, f::kNullAddress, f::kNullAddress, grew);
+    }
+    store_.FreeBlock(address, f::kNodeWords);
+    Forget(address, nullptr);
+  }
+}
+
+}  // namespace zel

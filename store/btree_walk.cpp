@@ -1,0 +1,62 @@
+// In-order walk without recursion: down at a link, out at an entry.
+#include "store/btree.h"
+
+namespace zel {
+
+namespace f = format;
+
+void BTree_i::WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords) {
+  current_ = kNoLevel;
+  atEntry_ = false;
+  walk_ = WalkState::kEnded;
+  keyWords = 0;
+  dataWords = 0;
+  if (head_.rootAddress == f::kNullAddress) return;
+  CheckHead();
+  Enter(0, head_.rootAddress).index = 0;
+  current_ = 0;
+  keyWords = head_.keyWords;
+  dataWords = head_.dataWords;
+  walkVisits_ = 1;
+  walkBound_ = store_.BlockBound();
+  walk_ = WalkState::kAtLink;
+}
+
+bool BTree_i::WalkNext(std::int32_t const*& entry) {
+  entry = nullptr;
+  if (walk_ == WalkState::kEnded) return false;
+  for (;;) {
+    Level& level = level_[current_];
+    if (walk_ == WalkState::kAtLink) {
+      std::int32_t const child = level.words[LinkAt(level.index)];
+      if (child == f::kNullAddress) {
+        ++level.index;
+        walk_ = WalkState::kAtEntry;
+      } else {
+        if (++walkVisits_ > walkBound_) {
+          walkBound_ = store_.BlockBound();  // a further file may have been opened meanwhile
+          if (walkVisits_ > walkBound_) ThrowBlockError(child);
+        }
+        Enter(current_ + 1, child).index = 0;
+        ++current_;
+        continue;
+      }
+    }
+    if (level.index <= level.words[f::kNodeCount]) {
+      entry = level.words + EntryAt(level.index);
+      atEntry_ = true;
+      walk_ = WalkState::kAtLink;
+      return true;
+    }
+    atEntry_ = false;
+    if (current_ == 0) {
+      current_ = kNoLevel;
+      walk_ = WalkState::kEnded;
+      return false;
+    }
+    --current_;
+    ++level_[current_].index;
+  }
+}
+
+}  // namespace zel

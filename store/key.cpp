@@ -1,0 +1,175 @@
+#include "store/key.h"
+
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+#include "frame/ascii.h"
+#include "store/packed_text.h"
+
+namespace zel {
+
+Key::~Key() = default;
+Key_p::~Key_p() = default;
+
+Key* Key::NewKey() { return new Key_i; }
+
+void Key::DelKey(Key*& key) {
+  delete key;
+  key = nullptr;
+}
+
+void Key_p::DelKey(Key_p*& key) {
+  delete key;
+  key = nullptr;
+}
+
+template <typename... Parts>
+void Key_i::Set(Parts const&... parts) {
+  direct_ = false;
+  count_ = sizeof...(Parts);
+  for (Place& place : places_) place.kind = keyNone;
+  std::size_t at = 0;
+  (Put(places_[at++], parts), ...);
+}
+
+void Key_i::Put(Place& place, casn const& number) {
+  place.kind = keyCas;
+  place.cas = static_cast<long>(number);  // validated again
+}
+
+void Key_i::Put(Place& place, char const* id) {
+  place.kind = keyText;
+  CopyText(TextOrEmpty(id), place.id, sizeof place.id);
+  for (char& c : place.id) c = ToUpper(c);
+}
+
+void Key_i::Put(Place& place, long number) {
+  place.kind = keyNumber;
+  place.number = static_cast<std::int32_t>(number);
+}
+
+void Key_i::ClearKey() {
+  direct_ = false;
+  count_ = 0;
+  for (Place& place : places_) place.kind = keyNone;
+}
+
+void Key_i::SetKeyWords(long count, std::int32_t const* words) {
+  direct_ = count >= 1;
+  count_ = static_cast<std::int32_t>(std::clamp<long>(count, 0, format::kMaxKeyWords));
+  if (!direct_) return;
+  given_.fill(0);
+  std::copy_n(words, count_, given_.begin());
+  words_ = given_;
+}
+
+void Key_i::SetKeyText(long count, char const* text) {
+  Words words;
+  TextToWords(TextOrEmpty(text), words.data(), format::kMaxKeyWords);
+  SetKeyWords(count, words.data());
+}
+
+// Null for a position outside the key and for a direct key, which has no components.
+Key_i::Place const* Key_i::PlaceAt(std::int32_t position) const {
+  if (direct_ || position < 0 || position >= kPlaces) return nullptr;
+  return &places_[static_cast<std::size_t>(position)];
+}
+
+std::int32_t Key_i::GetCompKind(std::int32_t position) const {
+  Place const* place = PlaceAt(position);
+  return place == nullptr ? keyNone : place->kind;
+}
+
+void Key_i::GetCompCasn(std::int32_t position, casn& number) const {
+  Place const* place = PlaceAt(position);
+  number = place != nullptr && place->kind == keyCas ? place->cas : casn();
+}
+
+void Key_i::GetCompText(std::int32_t position, char* text) const {
+  Place const* place = PlaceAt(position);
+  if (place != nullptr && place->kind == keyCas) return;  // left as it stands, on purpose
+  bool const isText = place != nullptr && place->kind == keyText;
+  CopyText(isText ? place->id : "", text, sizeof place->id);
+}
+
+void Key_i::GetCompNumber(std::int32_t position, long& number) const {
+  Place const* place = PlaceAt(position);
+  number = 0;
+  if (place == nullptr) return;
+  if (place->kind == keyNumber) number = place->number;
+  if (place->kind == keyCas) number = place->cas;
+}
+
+void Key_i::FitCompCount(std::int32_t fullLength, std::int32_t shortLength) {
+  if (fullLength == shortLength || count_ == fullLength) return;
+  if (count_ == 1 && fullLength == 2) {
+    places_[1] = places_[0];
+    given_[1] = given_[0];
+    count_ = 2;
+    return;
+  }
+  for (std::int32_t i = std::max(shortLength, 0); i < fullLength; ++i) {
+    if (i < kPlaces) {
+      Place& place = places_[static_cast<std::size_t>(i)];
+      place.kind = keyNumber;
+      place.number = kWildcard;
+      place.cached = 0;
+    }
+    if (i < format::kMaxKeyWords) given_[static_cast<std::size_t>(i)] = kWildcard;
+  }
+  count_ = fullLength;
+}
+
+void Key_i::ClearCache() {
+  for (Place& place : places_) place.cached = 0;
+}
+
+bool Key_i::LookUp(LibFile* library, Place const& place, std::int32_t& number) {
+  auto* inner = dynamic_cast<LibFile_p*>(library);
+  if (inner == nullptr) return false;
+  std::int32_t const* data = nullptr;
+  bool const found = place.kind == keyText ? inner->FindIdNumbers(place.id, data)
+                                           : inner->FindCasNumbers(place.cas, data);
+  if (found) number = data[0];
+  return found;
+}
+
+// A library of the host's own is asked first; the name index serves for what it does not know.
+bool Key_i::ResolvePlace(Place& place, LibFile* library, std::int32_t& word) {
+  if (place.kind == keyNumber) word = place.number;
+  if (place.kind != keyText && place.kind != keyCas) return true;
+  LibFile* index = LibFile::GetOrdwinNameIndex();
+  if (library != index && LookUp(library, place, word)) return true;
+  if (place.cached == 0) {
+    if (index == nullptr || !LookUp(index, place, place.cached)) return false;
+  }
+  word = place.cached;
+  return true;
+}
+
+bool Key_i::ResolveKey(LibFile* library, std::int32_t mode, bool& swapped) {
+  swapped = false;
+  if (direct_) {
+    std::copy_n(given_.begin(), count_, words_.begin());
+  } else {
+    for (std::int32_t i = 0; i < std::min(count_, kPlaces); ++i) {
+      auto const at = static_cast<std::size_t>(i);
+      if (!ResolvePlace(places_[at], library, words_[at])) return false;
+    }
+  }
+  if (mode != 1 && mode != 2) return true;
+  auto const count = static_cast<std::size_t>(std::min(count_, format::kMaxKeyWords));
+  bool moved = false;
+  for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t k = i + 1; k < count; ++k) {
+      if (words_[i] <= words_[k]) continue;
+      std::swap(words_[i], words_[k]);
+      moved = true;
+    }
+  }
+  swapped = moved && mode == 2;
+  return true;
+}
+
+}  // namespace zel

@@ -1,0 +1,116 @@
+// Key_i: what the host gave, and the words that trees compare.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "store/format.h"
+#include "zelaccess/Key_p.h"
+#include "zelaccess/LibFile_p.h"
+
+namespace zel {
+
+class Key_i final : public Key_p {
+ private:
+  // Short names for the list of overloads below.
+  using S = casn const&;
+  using C = char const*;
+  using N = long;
+
+ public:
+  static constexpr int kPlaces = 3;
+  // Stands for a component that was left out; sorts behind all real numbers.
+  static constexpr std::int32_t kWildcard = 0x7FFFFFFF;
+
+  Key_i() = default;
+  Key_i(Key_i const&) = delete;
+  Key_i& operator=(Key_i const&) = delete;
+  ~Key_i() override = default;
+
+  void SetKey(S first, S second, S third) override { Set(first, second, third); }
+  void SetKey(S first, S second, C third) override { Set(first, second, third); }
+  void SetKey(S first, S second, N third) override { Set(first, second, third); }
+  void SetKey(S first, C second, S third) override { Set(first, second, third); }
+  void SetKey(S first, C second, C third) override { Set(first, second, third); }
+  void SetKey(S first, C second, N third) override { Set(first, second, third); }
+  void SetKey(S first, N second, S third) override { Set(first, second, third); }
+  void SetKey(S first, N second, C third) override { Set(first, second, third); }
+  void SetKey(S first, N second, N third) override { Set(first, second, third); }
+  void SetKey(C first, S second, S third) override { Set(first, second, third); }
+  void SetKey(C first, S second, C third) override { Set(first, second, third); }
+  void SetKey(C first, S second, N third) override { Set(first, second, third); }
+  void SetKey(C first, C second, S third) override { Set(first, second, third); }
+  void SetKey(C first, C second, C third) override { Set(first, second, third); }
+  void SetKey(C first, C second, N third) override { Set(first, second, third); }
+  void SetKey(C first, N second, S third) override { Set(first, second, third); }
+  void SetKey(C first, N second, C third) override { Set(first, second, third); }
+  void SetKey(C first, N second, N third) override { Set(first, second, third); }
+  void SetKey(N first, S second, S third) override { Set(first, second, third); }
+  void SetKey(N first, S second, C third) override { Set(first, second, third); }
+  void SetKey(N first, S second, N third) override { Set(first, second, third); }
+  void SetKey(N first, C second, S third) override { Set(first, second, third); }
+  void SetKey(N first, C second, C third) override { Set(first, second, third); }
+  void SetKey(N first, C second, N third) override { Set(first, second, third); }
+  void SetKey(N first, N second, S third) override { Set(first, second, third); }
+  void SetKey(N first, N second, C third) override { Set(first, second, third); }
+  void SetKey(S first, S second) override { Set(first, second); }
+  void SetKey(S first, C second) override { Set(first, second); }
+  void SetKey(S first, N second) override { Set(first, second); }
+  void SetKey(C first, S second) override { Set(first, second); }
+  void SetKey(C first, C second) override { Set(first, second); }
+  void SetKey(C first, N second) override { Set(first, second); }
+  void SetKey(N first, S second) override { Set(first, second); }
+  void SetKey(N first, C second) override { Set(first, second); }
+  void SetKey(S first) override { Set(first); }
+  void SetKey(C first) override { Set(first); }
+  void SetKey(N first, N second, N third) override { Set(first, second, third); }
+  void SetKey(N first, N second) override { Set(first, second); }
+  void SetKey(N first) override { Set(first); }
+
+  void ClearKey() override;
+  void SetKeyWords(long count, std::int32_t const* words) override;
+  void SetKeyText(long count, char const* text) override;
+
+  std::int32_t GetCompCount() const override { return count_; }
+  std::int32_t GetCompKind(std::int32_t position) const override;
+  void GetCompCasn(std::int32_t position, casn& number) const override;
+  void GetCompText(std::int32_t position, char* text) const override;
+  void GetCompNumber(std::int32_t position, long& number) const override;
+  std::int32_t const* GetKeyWords() const override { return words_.data(); }
+  void FitCompCount(std::int32_t fullLength, std::int32_t shortLength) override;
+  void ClearCache() override;
+  bool ResolveKey(LibFile* library, std::int32_t mode, bool& swapped) override;
+  void ReservedKey(void*, void*) override {}
+
+ private:
+  using Words = std::array<std::int32_t, format::kMaxKeyWords>;
+
+  // Setting a component leaves the place's values of other kinds as they were: only the kind tells
+  // which one counts.
+  struct Place {
+    std::int32_t kind = keyNone;
+    std::int32_t number = 0;
+    char id[9] = {};
+    casn cas;
+    std::int32_t cached = 0;  // number last got from the name index, 0 for none
+  };
+
+  template <typename... Parts>
+  void Set(Parts const&... parts);
+  void Put(Place& place, casn const& number);
+  void Put(Place& place, char const* id);
+  void Put(Place& place, long number);
+  Place const* PlaceAt(std::int32_t position) const;
+  bool ResolvePlace(Place& place, LibFile* library, std::int32_t& word);
+  static bool LookUp(LibFile* library, Place const& place, std::int32_t& number);
+
+  bool direct_ = false;
+  std::int32_t count_ = 0;
+  std::array<Place, kPlaces> places_;
+  // The words of a direct key as they were set. Each resolution starts from them, so that sorting
+  // for one bank does not hide from the next that the pair was given in the other order.
+  Words given_{};
+  Words words_{};
+};
+
+}  // namespace zel

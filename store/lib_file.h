@@ -1,0 +1,118 @@
+// LibFile_i: one library - its files, header, tree heads and the three trees of its own.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "store/block_store.h"
+#include "store/btree.h"
+#include "store/format.h"
+#include "zelaccess/LibFile_p.h"
+
+namespace zel {
+
+class LibFile_i final : public LibFile_p {
+ public:
+  // A closed library; `path` is made absolute. Nothing is touched before CreateNew or OpenExisting.
+  LibFile_i(platform::FileSystem& system, accModes mode, char const* path, std::string_view name);
+  LibFile_i(LibFile_i const&) = delete;
+  LibFile_i& operator=(LibFile_i const&) = delete;
+  ~LibFile_i() override;
+
+  // The work behind NewLibFile and OpenLibFile, on any file system. `type` is set as soon as the
+  // header is known to be good. OpenExisting can throw (see LibFile); it has closed its files then.
+  openErrors CreateNew(libTypes type);
+  struct Password {
+    bool tested;
+    std::string_view given;
+  };
+  openErrors OpenExisting(Password password, libTypes* type);
+
+  BlockStore& Store() noexcept { return store_; }
+
+  void FlushLibFile() override;
+  void CloseLibFile() override;
+  openErrors ReopenLibFile() override;
+  char const* GetLibName() const override { return name_.c_str(); }
+  char const* GetLibPath() const override { return store_.FirstPath().c_str(); }
+  void GetLibInfo(libTypes& type, accModes& mode) const override;
+  void GetDescriptionAndVersion(char* description, char* version) const override;
+  void SetDescriptionAndVersion(char const* description, char const* version) override;
+  void GetReservedWords(std::int32_t& wordA, std::int32_t& wordB) const override;
+  void SetReservedWords(std::int32_t wordA, std::int32_t wordB) override;
+  void GetMemo(char* memo) const override;
+  void SetMemo(char const* memo) override;
+  void GetPassword(std::int32_t& level, char* password) const override;
+  void SetPassword(std::int32_t level, char const* password) override;
+  bool IsPasswordLocked() const override;
+
+  std::int32_t ReadBlock(std::int32_t address, std::int32_t words, std::int32_t* buffer) override;
+  std::int32_t WriteBlock(std::int32_t& address, std::int32_t words, std::int32_t const* buffer,
+                          std::int32_t fileChoice) override;
+  void FreeBlock(std::int32_t& address, std::int32_t words) override;
+  bool FindBank(char const* type, char const* name, std::int32_t const*& entry,
+                bool marker) override;
+  bool HasBank(char const* type, char const* name) override;
+  bool FindIdNumbers(char const* id, std::int32_t const*& data) override;
+  bool FindCasNumbers(casn const& number, std::int32_t const*& data) override;
+  BTree_i* GetBankTree() override { return bankTree_ ? &*bankTree_ : nullptr; }
+  BTree_i* GetCharIdTree() override { return idTree_ ? &*idTree_ : nullptr; }
+  BTree_i* GetCasTree() override { return casTree_ ? &*casTree_ : nullptr; }
+  void ReservedLib1(void*, void*) override {}
+  void ReservedLib2(void*, void*) override {}
+  void ReservedLib3(void*, void*) override {}
+  void GetHeaderBlocks(std::int32_t const** header, std::int32_t const** blockTable,
+                       std::int32_t const** treeHeads) override;
+
+  static LibFile* NameIndex() noexcept { return nameIndex_; }
+  static void SetNameIndex(LibFile* library) noexcept;
+
+ private:
+  using HeaderImage = std::array<std::int32_t, format::kHeaderWords>;
+  using TreeHeads = std::array<std::int32_t, format::kTreeHeadsWords>;
+  // Texts of the header as the host sees them.
+  struct Texts {
+    char creatorTag[4 * format::kCreatorTagWords + 1] = {};
+    char version[4 * format::kVersionWords + 1] = {};
+    char description[4 * format::kDescriptionWords + 1] = {};
+    char password[4 * format::kPasswordWords + 1] = {};
+    std::int32_t reservedA = 0;
+    std::int32_t reservedB = 0;
+  };
+
+  // lib_file_open.cpp
+  bool PathNamesLibrary() const noexcept;
+  openErrors RunOpenSteps(Password password, libTypes* type);
+  openErrors OpenFiles(bool forceRead, libTypes* type);
+  openErrors TestPassword(Password password) const noexcept;
+  bool HeaderIsGood() const noexcept;
+  void UnpackHeader() noexcept;
+  void LoadTablesAndHeads();
+  void MakeTrees();
+  void DropTrees() noexcept;
+  void Shut() noexcept;
+  // lib_file.cpp
+  HeaderImage PackedHeader() const noexcept;
+  void LeaveNameIndex() noexcept;
+  std::int32_t* Head(int tree) noexcept { return heads_.data() + tree * format::kHeadWords; }
+
+  BlockStore store_;
+  std::string name_;
+  HeaderImage header_{};
+  HeaderImage blockTable_{};
+  TreeHeads heads_{};
+  Texts texts_;
+  std::optional<BTree_i> bankTree_;
+  std::optional<BTree_i> idTree_;
+  std::optional<BTree_i> casTree_;
+  // The entry that FindBank gave, where the directory's nodes are read in place.
+  std::array<std::int32_t, format::kBankDataWords> foundEntry_{};
+
+  static LibFile* nameIndex_;
+  static LibFile* closedNameIndex_;  // held that role when it was closed
+};
+
+}  // namespace zel

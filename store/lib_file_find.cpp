@@ -1,0 +1,82 @@
+// Look-ups in the library's own trees.
+#include <algorithm>
+#include <string_view>
+
+#include "frame/ascii.h"
+#include "store/bank_key.h"
+#include "store/lib_file.h"
+#include "store/packed_text.h"
+
+namespace zel {
+
+namespace f = format;
+
+namespace {
+
+constexpr std::size_t kNameLength = 8;
+
+bool Fits(char const* type, char const* name) noexcept {
+  return TextOrEmpty(type).size() <= kNameLength && TextOrEmpty(name).size() <= kNameLength;
+}
+
+// Older files: what stands ahead of the head there is no memo.
+void RepairEntry(std::int32_t* entry) noexcept {
+  if (entry[f::kBankOldMark] == 1) std::fill_n(entry, f::kBankHead, 0);
+  if (entry[f::kBankMemoWords] == 0) entry[f::kBankMemoWords] = f::kMemoWordsDefault;
+  if (entry[f::kBankMemoAddress] == 0) entry[f::kBankMemoAddress] = f::kNullAddress;
+}
+
+}  // namespace
+
+// The order of the two searches is relied on: a failure leaves the directory's position at the key
+// with `marker`, which is where CreateBank then inserts.
+bool LibFile_i::FindBank(char const* type, char const* name, std::int32_t const*& entry,
+                         bool marker) {
+  if (!bankTree_ || !Fits(type, name)) return false;
+  BTreeHead_i const& head = bankTree_->Head();
+  if (head.keyWords != f::kBankKeyWords || head.entryDataWords != f::kBankDataWords) return false;
+  std::int32_t const* data = nullptr;
+  std::int32_t key[f::kBankKeyWords];
+  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, !marker);
+  if (!bankTree_->Find(key, data)) {
+    MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, marker);
+    if (!bankTree_->Find(key, data)) return false;
+  }
+  if (store_.Mode() == accUpdate) {
+    std::int32_t* own = nullptr;  // the node buffer's, so that a later write of the node has it
+    bankTree_->GetCurrentData(own);
+    RepairEntry(own);
+    entry = own;
+  } else {
+    std::copy_n(data, f::kBankDataWords, foundEntry_.begin());
+    RepairEntry(foundEntry_.data());
+    entry = foundEntry_.data();
+  }
+  return true;
+}
+
+bool LibFile_i::HasBank(char const* type, char const* name) {
+  if (!bankTree_ || bankTree_->Head().keyWords != f::kBankKeyWords) return false;
+  std::int32_t const* data = nullptr;
+  std::int32_t key[f::kBankKeyWords];
+  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, true);
+  return bankTree_->Find(key, data);
+}
+
+bool LibFile_i::FindIdNumbers(char const* id, std::int32_t const*& data) {
+  std::string_view const text = TextOrEmpty(id);
+  if (!idTree_ || text.size() > kNameLength) return false;
+  char upper[kNameLength + 1];
+  CopyText(text, upper, sizeof upper);
+  for (char& c : upper) c = ToUpper(c);
+  std::int32_t key[f::kMaxKeyWords] = {};
+  TextToWords(upper, key, f::kIdKeyWords);
+  return idTree_->Find(key, data);
+}
+
+bool LibFile_i::FindCasNumbers(casn const& number, std::int32_t const*& data) {
+  std::int32_t const key[f::kMaxKeyWords] = {static_cast<std::int32_t>(static_cast<long>(number))};
+  return casTree_ && key[0] != 0 && casTree_->Find(key, data);
+}
+
+}  // namespace zel

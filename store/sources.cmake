@@ -1,0 +1,18 @@
+set(store_SOURCES
+    bank_key.cpp
+    block_store.cpp
+    btree_delete.cpp
+    btree_dump.cpp
+    btree_find.cpp
+    btree_head.cpp
+    btree_insert.cpp
+    btree_rebuild.cpp
+    btree_walk.cpp
+    casn.cpp
+    extents.cpp
+    key.cpp
+    lib_file.cpp
+    lib_file_find.cpp
+    lib_file_open.cpp
+    memo.cpp
+    packed_text.cpp)
