@@ -122,6 +122,7 @@ class BTree_i {
   bool DeleteFromInner(Level& level);
   void DropFromNode(std::int32_t* node, int firstWord) const noexcept;
   void Rebuild(std::int32_t const* deletedKey);
+  void MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey);
   std::vector<std::int32_t> NodesInBreadth();
 
   class ForgetOnFailure;

@@ -18,7 +18,6 @@ void BTree_i::WriteNode(std::int32_t& address, std::int32_t const* words) {
 bool BTree_i::WriteCurrentNode() {
   if (current_ == kNoLevel) return false;
   Level& level = level_[current_];
-  store_.CheckWritable(level.address);
   ForgetOnFailure guard(*this);
   WriteNode(level.address, level.words);
   guard.Done();

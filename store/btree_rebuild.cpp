@@ -41,21 +41,32 @@ void BTree_i::Rebuild(std::int32_t const* deletedKey) {
   if (head_.rootAddress == f::kNullAddress) ThrowBlockError(f::kNullAddress);
   std::vector<std::int32_t> const nodes = NodesInBreadth();
   ForgetAll();
+  std::int32_t const oldRoot = head_.rootAddress;
   head_.SetRoot(f::kNullAddress);
   NodeBuffer buffer(store_.Nodes());
-  std::int32_t const* node = buffer.Words();
-  for (std::int32_t address : nodes) {
-    ReadNode(address, buffer.Words());
-    for (int k = 1; k <= node[f::kNodeCount]; ++k) {
-      std::int32_t const* entry = node + EntryAt(k);
-      if (CompareKey(entry, deletedKey) == 0) continue;
-      std::int32_t const* data = nullptr;
-      if (Find(entry, data)) continue;  // a damaged tree held the key twice
-      bool grew = false;
-      InsertEntry(current_, entry, f::kNullAddress, f::kNullAddress, grew);
+  bool freedOne = false;
+  try {
+    for (std::int32_t address : nodes) {
+      ReadNode(address, buffer.Words());
+      MoveEntries(buffer.Words(), deletedKey);
+      store_.FreeBlock(address, f::kNodeWords);
+      freedOne = true;
     }
-    store_.FreeBlock(address, f::kNodeWords);
-    Forget(address, nullptr);
+  } catch (...) {
+    if (!freedOne) head_.SetRoot(oldRoot);  // the old tree is still whole
+    throw;
+  }
+}
+
+// Inserts the entries of an old node into the new tree, but for the deleted key.
+void BTree_i::MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey) {
+  for (int k = 1; k <= node[f::kNodeCount]; ++k) {
+    std::int32_t const* entry = node + EntryAt(k);
+    if (CompareKey(entry, deletedKey) == 0) continue;
+    std::int32_t const* data = nullptr;
+    if (Find(entry, data)) continue;  // a damaged tree held the key twice
+    bool grew = false;
+    InsertEntry(current_, entry, f::kNullAddress, f::kNullAddress, grew);
   }
 }
 
