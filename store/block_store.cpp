@@ -91,6 +91,7 @@ void BlockStore::CloseFile(int number) noexcept {
 }
 
 void BlockStore::CloseAll() noexcept {
+  nodeFile_ = {};
   for (FileSlot& slot : slots_) slot = {};
 }
 
@@ -171,7 +172,28 @@ std::int32_t BlockStore::ReadBlock(std::int32_t address, std::int32_t words,
   return static_cast<std::int32_t>(ReadWords(*slot.file, OffsetOf(a), buffer, count));
 }
 
-std::int32_t const* BlockStore::View(std::int32_t address, std::int32_t words) {
+void BlockStore::MarkOpen(bool open) noexcept {
+  open_ = open;
+  nodeFile_ = {};
+  if (open) MapNodeFile();
+}
+
+void BlockStore::MapNodeFile() noexcept {
+  constexpr std::size_t kNodeBytes = std::size_t{format::kNodeWords} * format::kWordBytes;
+  FileSlot const& slot = Slot(2);
+  if (mode_ != accRead || !kNativeIsFileOrder || !slot.file || fileCount_ < 2 ||
+      slot.blockWords != format::kNodeWords) {
+    return;
+  }
+  std::size_t const blocks =
+      std::min<std::size_t>(slot.file->Size() / kNodeBytes, format::kMaxBlock);
+  std::byte const* bytes = slot.file->View(0, blocks * kNodeBytes);
+  if (blocks == 0 || bytes == nullptr) return;
+  nodeFile_ = {reinterpret_cast<std::int32_t const*>(bytes), BlockAddress{libType_, 2, 1}.Word(),
+               static_cast<std::uint32_t>(blocks)};
+}
+
+std::int32_t const* BlockStore::ViewOfAnyFile(std::int32_t address, std::int32_t words) {
   BlockAddress const a = CheckedForReading(address);
   if (mode_ != accRead || !kNativeIsFileOrder) return nullptr;
   FileSlot& slot = Slot(a.file);

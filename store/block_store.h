@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -45,7 +46,7 @@ class BlockStore {
   std::int32_t LibType() const noexcept { return libType_; }
   std::int32_t FileCount() const noexcept { return fileCount_; }
   // Between these two the block operations work; outside they throw.
-  void MarkOpen(bool open) noexcept { open_ = open; }
+  void MarkOpen(bool open) noexcept;
   bool IsOpen() const noexcept { return open_; }
   // Header and block table, which lie outside the block operations. True when all words came.
   bool ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer);
@@ -64,7 +65,14 @@ class BlockStore {
   // A block run in place, for a library open for reading whose file is mapped; null otherwise, and
   // when some of it lies behind the end of the file. Stays valid until the file is closed. Throws
   // like ReadBlock.
-  std::int32_t const* View(std::int32_t address, std::int32_t words);
+  std::int32_t const* View(std::int32_t address, std::int32_t words) {
+    std::uint32_t const block =
+        static_cast<std::uint32_t>(address) - static_cast<std::uint32_t>(nodeFile_.firstAddress);
+    if (words == format::kNodeWords && block < nodeFile_.blocks) {
+      return nodeFile_.words + std::size_t{block} * format::kNodeWords;
+    }
+    return ViewOfAnyFile(address, words);
+  }
   // No more blocks than this hold anything: a bound for walks over damaged links.
   std::int64_t BlockBound() const noexcept;
 
@@ -78,11 +86,21 @@ class BlockStore {
     std::int32_t blockWords = 0;
   };
 
+  // The second file of a library open for reading, in place: where nearly all nodes lie. No blocks
+  // when it is not mapped or its blocks are no nodes.
+  struct NodeFile {
+    std::int32_t const* words = nullptr;
+    std::int32_t firstAddress = 0;
+    std::uint32_t blocks = 0;
+  };
+
   FileSlot& Slot(int number) noexcept { return slots_[static_cast<std::size_t>(number)]; }
   FileSlot const& Slot(int number) const noexcept {
     return slots_[static_cast<std::size_t>(number)];
   }
   std::string PathOf(int number) const;
+  std::int32_t const* ViewOfAnyFile(std::int32_t address, std::int32_t words);
+  void MapNodeFile() noexcept;
   BlockAddress CheckedForReading(std::int32_t address) const;
   BlockAddress CheckedForWriting(std::int32_t address) const;
   std::uint64_t OffsetOf(BlockAddress const& a) const noexcept;
@@ -99,6 +117,7 @@ class BlockStore {
   std::int32_t libType_ = 0;
   std::int32_t fileCount_ = 0;
   std::array<FileSlot, format::kFileSlots> slots_;
+  NodeFile nodeFile_;
   ExtentList extents_;
   NodePool nodes_;
 };
