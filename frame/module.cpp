@@ -1,0 +1,24 @@
+#include "frame/module.h"
+
+namespace zel {
+namespace {
+
+constinit bool deleteTestFlag = false;
+constinit platform::ModuleHandle moduleHandle = nullptr;
+
+// Runs when the module is loaded and does no other work. Nothing needs to be given back at unload:
+// all tables are constant.
+[[gnu::constructor]] void OnLoad() {
+  platform::WriteDebug("ZelAccess initializing - DllMain\n");
+  moduleHandle = platform::OwnModule();
+}
+
+}  // namespace
+
+void SetDeleteTestFlag(bool on) { deleteTestFlag = on; }
+
+bool DeleteTestFlag() noexcept { return deleteTestFlag; }
+
+platform::ModuleHandle ThisModule() noexcept { return moduleHandle; }
+
+}  // namespace zel

@@ -1,0 +1,167 @@
+#include <dirent.h>
+#include <dlfcn.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+
+#include "frame/ascii.h"
+#include "frame/platform/system.h"
+
+namespace zel::platform {
+
+void WriteDebug(char const* text) {
+  if (std::getenv("ZELACCESS_DEBUG") != nullptr) std::fputs(text, stderr);
+}
+
+ModuleHandle OwnModule() {
+  static char const inside = 0;
+  return &inside;
+}
+
+std::string ModuleFile(ModuleHandle module) {
+  Dl_info info{};
+  bool const known = ::dladdr(module, &info) != 0 && info.dli_fname != nullptr;
+  return known ? LongPath(info.dli_fname) : std::string();
+}
+
+std::string ProgramFile() {
+  std::array<char, PATH_MAX> path{};
+  ssize_t const n = ::readlink("/proc/self/exe", path.data(), path.size());
+  return n <= 0 ? std::string() : std::string(path.data(), static_cast<std::size_t>(n));
+}
+
+std::string Environment(char const* name) {
+  char const* value = std::getenv(name);
+  return value == nullptr ? std::string() : std::string(value);
+}
+
+void SetEnvironment(char const* name, std::string const& value) {
+  ::setenv(name, value.c_str(), 1);
+}
+
+namespace {
+
+// The variable's value, or the folder below the home folder.
+std::string UserFolder(char const* variable, char const* below) {
+  std::string const set = Environment(variable);
+  if (!set.empty()) return set;
+  std::string const home = Environment("HOME");
+  return home.empty() ? std::string() : home + below;
+}
+
+std::string SettingsFile() {
+  std::string const user = UserFolder("XDG_CONFIG_HOME", "/.config");
+  std::array<std::string, 3> const files = {Environment("ZELACCESS_SETTINGS"),
+                                            user.empty() ? user : user + "/zelaccess/settings.ini",
+                                            "/etc/zelaccess/settings.ini"};
+  for (std::string const& file : files) {
+    if (!file.empty() && ::access(file.c_str(), F_OK) == 0) return file;
+  }
+  return {};
+}
+
+std::string_view Trimmed(std::string_view text) {
+  constexpr char kBlanks[] = " \t\r";
+  std::size_t const first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+}  // namespace
+
+std::string KnownFolder(Folder folder) {
+  switch (folder) {
+    case Folder::kPrograms: return "/usr/local";
+    case Folder::kPersonal: return UserFolder("XDG_DOCUMENTS_DIR", "/Documents");
+    case Folder::kCommonDocuments: return "/usr/local/share";
+    case Folder::kAppData: return UserFolder("XDG_CONFIG_HOME", "/.config");
+    case Folder::kCommonAppData: return "/var/lib";
+  }
+  return {};
+}
+
+bool ReadSetting(std::string const& key, std::string const& name, std::string& value) {
+  std::ifstream file(SettingsFile());
+  std::string line;
+  bool inSection = false;
+  while (std::getline(file, line)) {
+    std::string_view const text = Trimmed(line);
+    if (text.empty() || text.front() == ';' || text.front() == '#') continue;
+    if (text.front() == '[' && text.back() == ']') {
+      inSection = SameText(text.substr(1, text.size() - 2), key);
+      continue;
+    }
+    std::size_t const sign = text.find('=');
+    if (!inSection || sign == std::string_view::npos) continue;
+    if (!SameText(Trimmed(text.substr(0, sign)), name)) continue;
+    value = Trimmed(text.substr(sign + 1));
+    return true;
+  }
+  return false;
+}
+
+std::string WorkingFolder() {
+  std::array<char, PATH_MAX> path{};
+  return ::getcwd(path.data(), path.size()) == nullptr ? std::string() : std::string(path.data());
+}
+
+std::string LongPath(std::string const& path) {
+  char* real = ::realpath(path.c_str(), nullptr);
+  if (real == nullptr) return path;
+  std::string const result = real;
+  std::free(real);
+  return result;
+}
+
+int ProcessId() { return static_cast<int>(::getpid()); }
+
+std::string MakeTemporaryFile(std::string const& prefix) {
+  std::string folder = Environment("TMPDIR");
+  if (folder.empty()) folder = "/tmp";
+  std::string path = folder + "/" + prefix + "XXXXXX";
+  int const fd = ::mkstemp(path.data());
+  if (fd < 0) return {};
+  ::close(fd);
+  return path;
+}
+
+void RemoveFile(std::string const& path) { ::unlink(path.c_str()); }
+
+namespace {
+
+int AttributesOf(std::string const& path) {
+  constexpr int kReadOnly = 1;
+  constexpr int kLink = 1024;
+  struct stat info {};
+  if (::lstat(path.c_str(), &info) != 0) return 0;
+  int attributes = S_ISLNK(info.st_mode) ? kLink : 0;
+  if (attributes != 0 && ::stat(path.c_str(), &info) != 0) return attributes;
+  if (S_ISDIR(info.st_mode)) attributes += kFolderAttribute;
+  if ((info.st_mode & S_IWUSR) == 0) attributes += kReadOnly;
+  return attributes;
+}
+
+}  // namespace
+
+std::vector<FolderEntry> ListFolder(std::string const& folder) {
+  std::vector<FolderEntry> entries;
+  DIR* listing = ::opendir(folder.empty() ? "." : folder.c_str());
+  if (listing == nullptr) return entries;
+  while (dirent const* entry = ::readdir(listing)) {
+    std::string const name = entry->d_name;
+    if (name == "." || name == "..") continue;
+    entries.push_back({name, AttributesOf(folder + "/" + name)});
+  }
+  ::closedir(listing);
+  std::sort(entries.begin(), entries.end(),
+            [](FolderEntry const& a, FolderEntry const& b) { return a.name < b.name; });
+  return entries;
+}
+
+}  // namespace zel::platform

@@ -1,0 +1,53 @@
+// Services of the system, in the library's own terms.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zel::platform {
+
+// Writes a text to the debug output: standard error when the environment variable ZELACCESS_DEBUG is
+// set, nowhere otherwise.
+void WriteDebug(char const* text);
+
+// Something inside this module, from which the system can tell its file.
+using ModuleHandle = void const*;
+ModuleHandle OwnModule();
+std::string ModuleFile(ModuleHandle module);
+// File of the running program.
+std::string ProgramFile();
+
+// Folders of the system and its user; empty when there is none.
+enum class Folder { kPrograms, kPersonal, kCommonDocuments, kAppData, kCommonAppData };
+std::string KnownFolder(Folder folder);
+
+// One text value of the settings store; false when file, section or value is missing. The store is
+// the first of these files that exists: $ZELACCESS_SETTINGS, $XDG_CONFIG_HOME/zelaccess/settings.ini,
+// ~/.config/zelaccess/settings.ini, /etc/zelaccess/settings.ini. Sections are key names.
+bool ReadSetting(std::string const& key, std::string const& name, std::string& value);
+
+// Empty when the variable is not set.
+std::string Environment(char const* name);
+void SetEnvironment(char const* name, std::string const& value);
+
+std::string WorkingFolder();
+// The path without symbolic links; unchanged when the file does not exist.
+std::string LongPath(std::string const& path);
+
+int ProcessId();
+// Makes a new empty file, for the user alone, whose name begins with `prefix`, in the folder for
+// temporary files; empty on failure.
+std::string MakeTemporaryFile(std::string const& prefix);
+void RemoveFile(std::string const& path);
+
+// An entry of a folder. A folder has the attribute 16, plus 1 when its owner may not write it; a link
+// to a folder has 1024 besides. Anything else has attributes without 16.
+struct FolderEntry {
+  std::string name;
+  int attributes;
+};
+inline constexpr int kFolderAttribute = 16;
+// All entries but "." and "..", sorted by name; empty when the folder cannot be read.
+std::vector<FolderEntry> ListFolder(std::string const& folder);
+
+}  // namespace zel::platform

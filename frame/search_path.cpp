@@ -1,0 +1,61 @@
+#include "frame/search_path.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <stdexcept>
+
+#include "frame/platform/system.h"
+
+namespace zel {
+namespace {
+
+constexpr char kVariable[] = "Path";
+constexpr std::string_view kSetting = "path=";
+constexpr std::string_view kInstallTail = "VC160x86;";
+constexpr std::size_t kLimit = 4101;
+constexpr std::size_t kKeyLimit = 260;
+
+void AppendFolder(std::string& text, std::string_view folder) {
+  text += folder;
+  if (!text.empty() && text.back() == '\\') text.back() = ';';
+  if (text.empty() || text.back() != ';') text += ';';
+}
+
+}  // namespace
+
+std::string ComposeSearchPath(std::string_view installFolder,
+                              std::vector<std::string> const& folders,
+                              std::string_view oldValue) {
+  std::string text(kSetting);
+  if (!installFolder.empty()) {
+    text += installFolder;
+    if (text.back() != '\\') text += '\\';
+    text += kInstallTail;
+  }
+  for (std::string const& folder : folders) AppendFolder(text, folder);
+  text += oldValue;
+  while (text.size() >= kLimit) {
+    std::size_t const cut = text.rfind(';');
+    if (cut == std::string::npos) throw std::length_error("search path has nowhere to be cut");
+    text.resize(cut);
+  }
+  return text;
+}
+
+void BuildSearchPath(char*& oldValue, std::string_view subKey,
+                     std::vector<std::string> const& folders) {
+  std::string const old = platform::Environment(kVariable);
+  oldValue = static_cast<char*>(std::malloc(old.size() + 1));
+  if (oldValue == nullptr) throw std::bad_alloc();
+  std::memcpy(oldValue, old.c_str(), old.size() + 1);
+  std::string install;
+  if (!subKey.empty()) {
+    std::string const key = "Software\\Ordwin\\OrdwinHub\\" + std::string(subKey);
+    platform::ReadSetting(key.substr(0, kKeyLimit), "InstallDir", install);
+  }
+  std::string const setting = ComposeSearchPath(install, folders, old);
+  platform::SetEnvironment(kVariable, setting.substr(kSetting.size()));
+}
+
+}  // namespace zel

@@ -1,0 +1,11 @@
+set(frame_SOURCES
+    folder_walk.cpp
+    known_folders.cpp
+    module.cpp
+    number_text.cpp
+    path_parts.cpp
+    platform/posix_block_file.cpp
+    platform/posix_system.cpp
+    search_path.cpp
+    trim7.cpp
+    wildcard.cpp)

@@ -1,0 +1,74 @@
+// What an equation form can name.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <tuple>
+
+#include "purecomp/jet.h"
+
+namespace zel {
+
+inline constexpr double kGasConstant = 8.314471;  // kPa m3/(kg-mol K)
+inline constexpr int kMaxCoefficients = 15;
+// At or below this a form that is singular at the critical point gives its limit instead.
+inline constexpr double kNearCritical = 0.0001;
+
+// The value of another correlation of the same component at the same temperature, with derivatives
+// up to the third; 0 where it cannot be evaluated.
+struct CalledCorrelation {
+  double d[4] = {};
+};
+
+class CorrelationCaller {
+ public:
+  // `index` is a correlation index; `highest` the highest derivative needed (0 to 3).
+  virtual CalledCorrelation Call(int index, double temperature, int highest) = 0;
+
+ protected:
+  ~CorrelationCaller() = default;
+};
+
+// X is the type of the temperature, C that of the coefficients: at most one of them is a Jet.
+template <typename X, typename C>
+struct Symbols {
+  using Value = Wider<X, C>;
+  using Result = std::optional<Value>;  // none: the form leaves the caller's value untouched
+
+  X T;
+  int N;                     // coefficients in use, 0 to 15
+  C const* coefficients;     // 15, those beyond N are 0
+  double Tc, Pc, Tb;         // K, kPa, K
+  double tMin, tMax;
+  double b;                  // log basis factor: 1 or ln 10
+  double f, o;               // unit factor and offset of the final step
+  CorrelationCaller* caller;
+
+  C c(int i) const { return i >= 1 && i <= kMaxCoefficients ? coefficients[i - 1] : C(0.0); }
+  X tau() const { return 1.0 - T / Tc; }
+  X Tr() const { return T / Tc; }
+
+  // Sum of Ci x^(i - first) over i = first..last, by Horner's rule from the highest down.
+  template <typename Y>
+  Wider<Y, C> Polynomial(int first, int last, Y const& x) const {
+    if (last < first) return Wider<Y, C>(0.0);
+    Wider<Y, C> sum(c(last));
+    for (int i = last - 1; i >= first; --i) sum = sum * x + c(i);
+    return sum;
+  }
+
+  // Another correlation as a number of the temperature's type.
+  X Called(int index) const {
+    if constexpr (IsJet<X>::value) {
+      constexpr int kOrder = static_cast<int>(std::tuple_size_v<decltype(X::d)>) - 1;
+      CalledCorrelation const called = caller->Call(index, ValueOf(T), kOrder);
+      X jet(called.d[0]);
+      for (int i = 1; i <= kOrder; ++i) jet.d[static_cast<std::size_t>(i)] = called.d[i];
+      return jet;
+    } else {
+      return caller->Call(index, T, 0).d[0];
+    }
+  }
+};
+
+}  // namespace zel

@@ -1,0 +1,48 @@
+// The numeric routine behind the evaluation of correlations.
+#pragma once
+
+#include <cstdint>
+
+#include "purecomp/equation_symbols.h"
+
+namespace zel {
+
+// What to compute beside the value.
+enum EquationOrder : std::int32_t {
+  kFirstDerivative = 1,
+  kSecondDerivative = 2,
+  kThirdDerivative = 3,
+  kSensitivities = 11
+};
+
+enum RangeStatus : std::int32_t { kInRange = 0, kAboveRange = 1, kBelowRange = -1 };
+
+// One evaluation. Temperatures are in the unit that the record's limits and coefficients are in:
+// nothing is converted. Limits at or below -1e35 mean none.
+struct EquationCall {
+  CorrelationCaller* caller = nullptr;
+  std::int32_t equation = 0;
+  std::int32_t coefficientCount = 0;
+  double const* coefficients = nullptr;  // 15
+  double temperature = 0.0;
+  double tMax = 0.0;
+  double tMin = 0.0;
+  std::int32_t order = kFirstDerivative;
+  double factor = 1.0;
+  double offset = 0.0;
+  double Tc = 0.0;
+  double Pc = 0.0;
+  double Tb = 0.0;
+  std::int32_t logBasis = 1;
+};
+
+// Evaluates a form at a temperature inside the range; outside it only gives the status. `value` and
+// `derivative` are in and out: a number that names no form leaves both as they came, a form without
+// a value at that temperature leaves `value`, and the final step (times factor, plus offset) runs on
+// them all the same. `derivative` gets the derivative of the order asked for, orders other than 1 to
+// 3 leave it. `weights` (15, may be null) get, for order 11, the partial derivatives of the form's
+// value before the final step with respect to the coefficients in use.
+RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& derivative,
+                             double* weights);
+
+}  // namespace zel

@@ -1,0 +1,121 @@
+// Equation 51: a property of a saturated liquid or vapor whose first coefficient set gives ln y, in
+// full form implicitly through the second virial term s = C7/T^2, and whose second set weighs the
+// derivative of that relation.
+//
+// M = N - 8 is the number of first-set coefficients in use; C8 is not used, the second set starts at
+// C9. Each term counts only as M allows.
+#pragma once
+
+#include <cmath>
+
+#include "purecomp/equation_symbols.h"
+#include "purecomp/forms_exponential.h"
+
+namespace zel::forms {
+
+namespace implicit {
+
+inline constexpr int kRounds = 20;
+inline constexpr double kTolerance = 1e-07;
+
+// A start for the second iteration, or the final answer where none is needed.
+struct Start {
+  double y;
+  bool final;
+};
+
+// y down from exp(-60) by thirds until ln y - s2 y falls below L2, at most to the floor.
+inline Start Scan(double L2, double s2, double floor) {
+  double y = std::exp(-kClamp);
+  for (int i = 0; i < 50; ++i) {
+    if (Ln(y) - s2 * y < L2) return {y, false};
+    y /= 3.0;
+    if (y <= floor) return {y, true};
+  }
+  return {y, true};
+}
+
+inline Start ChooseStart(double L, double L2, double s2) {
+  if (s2 < 0.0) {
+    if (L > 0.0) return {(L2 + SignedSqrt(L2 * L2 + 1.0 - 2.0 * s2)) / (1.0 - 2.0 * s2), false};
+    double const z = L2 + s2;
+    return z >= -kClamp ? Start{Exp(z), false} : Scan(L2, s2, 0.0);
+  }
+  if (s2 == 0.0) return {ExpClamped(L2), true};
+  if (L2 >= -1.0 - Ln(s2)) return {1.0 / s2, true};
+  if (L2 < -kClamp) return Scan(L2, s2, 1e-30);
+  return {Exp(std::min(L2, kClamp)), false};
+}
+
+// Solves ln(y)/b = L + s y for y, starting from `y`.
+inline double Solve(double L, double s, double b, double y) {
+  double x = Ln(y);
+  for (int i = 0; i < kRounds; ++i) {
+    double const e = Exp(x) * s;
+    double const next = x - (x / b - L - e) / (1.0 / b - e);
+    bool const done = kTolerance * std::fabs(x) >= std::fabs(x - next);
+    x = next;
+    if (done) return Exp(x);
+  }
+  Start const start = ChooseStart(L, b * L, b * s);
+  y = start.y;
+  for (int i = 0; i < kRounds && !start.final; ++i) {
+    double const next = y - (Ln(y) / b - L - s * y) / (1.0 / (b * y) - s);
+    bool const done = kTolerance * std::fabs(y) >= std::fabs(y - next);
+    y = next;
+    if (done) break;
+  }
+  return y;
+}
+
+// Derivatives of the solution: each Newton step with the slope at the value carries them one order
+// further.
+template <typename V>
+V WithDerivatives(V const& L, V const& s, double b, double y) {
+  V jet(y);
+  if constexpr (IsJet<V>::value) {
+    double const slope = 1.0 / (b * y) - ValueOf(s);
+    for (int i = 0; i < 3; ++i) {
+      V const correction = (Ln(jet) / b - L - s * jet) / slope;
+      jet = jet - correction;
+      jet.d[0] = y;
+    }
+  }
+  return jet;
+}
+
+}  // namespace implicit
+
+template <typename S>
+typename S::Result Eq51(S const& s) {
+  using V = typename S::Value;
+  int const M = s.N - 8;
+  auto const first = [&](int i) { return M > i - 1 ? s.c(i) : decltype(s.c(1))(0.0); };
+  auto const C3 = first(3);
+  V L = s.c(1) + s.c(2) / (s.T + C3);
+  if (M > 3) L = L + s.c(4) * s.T;
+  if (M > 4) L = L + s.c(5) * (s.T * s.T);
+  bool const hasLog = M > 5 && std::fabs(ValueOf(s.c(6))) > kNoTerm;
+  if (hasLog) L = L + s.c(6) * Ln(s.T);
+
+  V y = ExpClamped(s.b * L);
+  V const virial = M == 7 ? V(s.c(7) / (s.T * s.T)) : V(0.0);
+  if (M == 7) {
+    double const solved = implicit::Solve(ValueOf(L), ValueOf(virial), s.b, ValueOf(y));
+    y = implicit::WithDerivatives(L, virial, s.b, solved);
+  }
+  V const D = 1.0 / y - virial;
+  if (ValueOf(D) == 0.0) return V(0.0);
+
+  V sum(0.0);
+  if (M >= 1) sum = sum + s.c(9);
+  if (M >= 2) sum = sum + s.c(10) / (C3 + s.T);
+  if (M >= 3) sum = sum - s.c(2) * s.c(11) / ((C3 + s.T) * (C3 + s.T));
+  if (M >= 4) sum = sum + s.c(12) * s.T;
+  if (M >= 5) sum = sum + s.c(13) * (s.T * s.T);
+  if (M >= 6) sum = sum + s.c(14) * Ln(s.T);
+  if (M >= 7) sum = sum + s.c(15) * y / (s.T * s.T);
+  return sum / D;
+}
+
+}  // namespace zel::forms

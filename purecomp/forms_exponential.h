@@ -1,0 +1,115 @@
+// Equation forms: exponentials, most of them for vapor pressures and viscosities.
+#pragma once
+
+#include <cmath>
+
+#include "purecomp/equation_symbols.h"
+
+namespace zel::forms {
+
+// A term in ln T of eq 21 and 51 counts only when its coefficient is above this.
+inline constexpr double kNoTerm = 2e-35;
+
+template <typename S>
+typename S::Result Eq12(S const& s) {
+  return Exp(s.b * s.Polynomial(1, s.N, 1.0 / s.T));
+}
+
+template <typename S>
+typename S::Result Eq13(S const& s) {
+  auto const r = (s.c(3) - s.T) / (s.T - s.c(4));
+  return s.c(5) * Exp((s.c(1) + s.c(2) * r) * Cbrt(r));
+}
+
+template <typename S>
+typename S::Result Eq14(S const& s) {
+  auto const tau = s.tau();
+  if (ValueOf(tau) <= kNearCritical) return s.c(1);
+  auto const inner = s.c(2) + s.c(3) * SignedSqrt(tau) +
+                     (s.c(4) + s.c(5) * Cube(tau)) * Square(tau);
+  return ExpClamped(s.b * (s.c(1) + tau * inner / s.Tr()));
+}
+
+// Coefficients above C10 are ignored; with N = 4 the fourth term is C4 alone, as C5 counts as 0.
+template <typename S>
+typename S::Result Eq20(S const& s) {
+  auto const& T = s.T;
+  typename S::Value sum(s.c(1));
+  if (s.N >= 2) sum = sum + s.c(2) / T;
+  if (s.N >= 3) sum = sum + s.c(3) * Ln(T);
+  if (s.N == 4) sum = sum + s.c(4);
+  if (s.N >= 5) sum = sum + s.c(4) * Pow(T, s.c(5));
+  if (s.N >= 6) sum = sum + s.c(6) * Cube(T);
+  if (s.N >= 7) sum = sum + s.c(7) * Square(Cube(T));
+  if (s.N >= 8) sum = sum + s.c(8) / Square(T);
+  if (s.N >= 9) sum = sum + s.c(9) / Square(Square(T));
+  if (s.N >= 10) sum = sum + s.c(10) * Square(T);
+  return ExpClamped(s.b * sum);
+}
+
+template <typename S>
+typename S::Result Eq21(S const& s) {
+  typename S::Value sum = s.c(1) + s.c(2) / (s.c(3) + s.T);
+  sum = sum + s.c(4) * s.T + s.c(5) * (s.T * s.T);
+  if (std::fabs(ValueOf(s.c(6))) > kNoTerm) sum = sum + s.c(6) * Ln(s.T);
+  return ExpClamped(s.b * sum);
+}
+
+template <typename S>
+typename S::Result Eq28(S const& s) {
+  typename S::Value sum = s.c(1) + s.c(2) / (s.c(3) + s.T);
+  sum = sum + s.c(4) * s.T + s.c(5) * Ln(s.T);
+  if (s.N == 6) sum = sum + s.c(6);
+  if (s.N == 7) sum = sum + s.c(6) * Pow(s.T, s.c(7));
+  // With eight coefficients and more the last term is dropped; stored data depend on it.
+  return ExpClamped(s.b * sum);
+}
+
+template <typename S>
+typename S::Result Eq37(S const& s) {
+  auto const x = 1.0 - s.T / s.c(3);
+  return ExpClamped(s.b * (s.c(1) + s.c(2) * PowConst(x * x, 1.0 / 7.0)));
+}
+
+// Correlation indices that forms call.
+enum CalledIndex : int { kVaporPressure = 0, kIdealEnthalpy = 1, kLiquidDensity = 4 };
+
+template <typename S>
+typename S::Result Eq38(S const& s) {
+  typename S::Value sum(s.b * s.c(1));
+  if (s.N >= 2) sum = sum + s.c(2) * Ln(s.Called(kLiquidDensity));
+  if (s.N >= 3) sum = sum + s.c(3) * Ln(s.Called(kVaporPressure));
+  if (s.N >= 4) sum = sum + s.b * (s.c(4) * s.T);
+  if (s.N >= 5) sum = sum + s.b * (s.c(5) * (s.T * s.T));
+  if (s.N >= 6) sum = sum + s.c(6) * Ln(s.T);
+  return ExpClamped(sum);
+}
+
+template <typename S>
+typename S::Result Eq44(S const& s) {
+  auto const factor = Ln(s.tau()) / s.b;
+  return ExpClamped(s.c(1) + factor * s.Polynomial(2, s.N, s.Tr()));
+}
+
+// Wagner form: (Pc - o)/f exp(b (C1 tau + C2 tau^1.5 + C3 u + C4 v)/Tr).
+template <typename S, typename X>
+typename S::Value Wagner(S const& s, X const& tau, X const& u, X const& v) {
+  auto const sum = s.c(1) * tau + s.c(2) * PowOneAndHalf(tau) + s.c(3) * u + s.c(4) * v;
+  return (s.Pc - s.o) / s.f * ExpClamped(s.b * sum / s.Tr());
+}
+
+template <typename S>
+typename S::Result Eq47(S const& s) {
+  auto const tau = s.tau();
+  if (ValueOf(tau) < 0.0) return {};
+  return Wagner(s, tau, Cube(tau), Square(Cube(tau)));
+}
+
+template <typename S>
+typename S::Result Eq48(S const& s) {
+  auto const tau = s.tau();
+  if (ValueOf(tau) < kNearCritical) return {};
+  return Wagner(s, tau, PowOneAndHalf(tau) * tau, Square(Square(tau)) * tau);
+}
+
+}  // namespace zel::forms
