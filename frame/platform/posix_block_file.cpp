@@ -1,9 +1,10 @@
 // Files of the system, mapped into memory.
 //
-// A file open for reading is mapped as long as it is. A file open for update gets the largest range
-// that a file of tree nodes can have, once, so that addresses stay; it grows in steps that are really
-// allocated, and is cut to its true length at a flush and at the end. Without a map, positioned reads
-// and writes serve.
+// A file open for reading is mapped as long as it is, when a view is asked for or it is read more
+// than a few times: for the few reads of an open, a map costs more than it saves. A file open for
+// update gets the largest range that a file of tree nodes can have, once, so that addresses stay; it
+// grows in steps that are really allocated, and is cut to its true length at a flush and at the end.
+// Without a map, positioned reads and writes serve.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
@@ -22,6 +23,7 @@ namespace {
 
 // 999,999 blocks of 1000 words.
 constexpr std::uint64_t kReservedRange = std::uint64_t{4000} * 999'999;
+constexpr int kPlainReads = 8;
 constexpr std::uint64_t kLeastStep = std::uint64_t{64} << 10;
 constexpr std::uint64_t kLargestStep = std::uint64_t{16} << 20;
 
@@ -61,13 +63,12 @@ auto Retry(Call const& call) noexcept {
 class PosixBlockFile final : public BlockFile {
  public:
   PosixBlockFile(int fd, std::uint64_t size, bool writable, bool sync) noexcept
-      : fd_(fd), writable_(writable), sync_(sync), size_(size), allocated_(size) {
-    range_ = writable ? kReservedRange : size;
-    if (range_ == 0) return;
-    int const protection = writable ? PROT_READ | PROT_WRITE : PROT_READ;
-    void* map = ::mmap(nullptr, range_, protection, MAP_SHARED | MAP_NORESERVE, fd, 0);
-    if (map != MAP_FAILED) map_ = static_cast<std::byte*>(map);
-  }
+      : fd_(fd),
+        writable_(writable),
+        sync_(sync),
+        size_(size),
+        allocated_(size),
+        range_(writable ? kReservedRange : size) {}
 
   ~PosixBlockFile() override {
     if (map_ != nullptr) ::munmap(map_, range_);
@@ -78,7 +79,8 @@ class PosixBlockFile final : public BlockFile {
   std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) override {
     if (offset >= size_) return 0;
     count = static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset));
-    if (map_ != nullptr && offset + count <= range_) {
+    bool const worthMapping = map_ != nullptr || ++plainReads_ > kPlainReads;
+    if (worthMapping && offset + count <= range_ && EnsureMap()) {
       std::memcpy(to, map_ + offset, count);
       return static_cast<std::int64_t>(count);
     }
@@ -92,7 +94,7 @@ class PosixBlockFile final : public BlockFile {
     if (!writable_) return -1;
     if (count == 0) return 0;
     std::uint64_t const end = offset + count;
-    if (map_ != nullptr && end <= range_) {
+    if (end <= range_ && EnsureMap()) {
       if (!Allocate(end)) return -1;
       std::memcpy(map_ + offset, from, count);
       size_ = std::max(size_, end);
@@ -110,9 +112,8 @@ class PosixBlockFile final : public BlockFile {
   }
 
   std::byte const* View(std::uint64_t offset, std::size_t count) const noexcept override {
-    bool const inside = map_ != nullptr && offset <= size_ && count <= size_ - offset &&
-                        offset + count <= range_;
-    return inside ? map_ + offset : nullptr;
+    bool const inside = offset <= size_ && count <= size_ - offset && offset + count <= range_;
+    return inside && EnsureMap() ? map_ + offset : nullptr;
   }
 
   std::uint64_t Size() const noexcept override { return size_; }
@@ -124,6 +125,16 @@ class PosixBlockFile final : public BlockFile {
   }
 
  private:
+  bool EnsureMap() const noexcept {
+    if (map_ != nullptr) return true;
+    if (mapRefused_ || range_ == 0) return false;
+    int const protection = writable_ ? PROT_READ | PROT_WRITE : PROT_READ;
+    void* map = ::mmap(nullptr, range_, protection, MAP_SHARED | MAP_NORESERVE, fd_, 0);
+    mapRefused_ = map == MAP_FAILED;
+    if (!mapRefused_) map_ = static_cast<std::byte*>(map);
+    return !mapRefused_;
+  }
+
   template <typename Step>
   static std::int64_t Transfer(std::size_t count, Step const& step) noexcept {
     std::size_t done = 0;
@@ -194,8 +205,10 @@ class PosixBlockFile final : public BlockFile {
   bool holesFilled_ = false;
   std::uint64_t size_;       // true length
   std::uint64_t allocated_;  // length on disk while the file is open
-  std::uint64_t range_ = 0;  // bytes mapped
-  std::byte* map_ = nullptr;
+  std::uint64_t range_;      // bytes that a map spans
+  int plainReads_ = 0;
+  mutable bool mapRefused_ = false;
+  mutable std::byte* map_ = nullptr;
 };
 
 class PosixFiles final : public FileSystem {
