@@ -1,0 +1,283 @@
+#include "banks/bank_base.h"
+
+#include <algorithm>
+#include <bit>
+#include <string_view>
+
+#include "frame/ascii.h"
+#include "frame/trim7.h"
+#include "store/packed_text.h"
+#include "zelaccess/LibFile.h"
+
+namespace zel {
+namespace {
+
+constexpr std::int32_t kWordBytes = 4;
+constexpr std::size_t kTypeSize = 9;
+constexpr std::size_t kDescriptionSize = 50;
+
+std::int32_t* WordsAt(std::int32_t* block, FieldRow const& row) noexcept {
+  return block + row.offset / kWordBytes;
+}
+std::int32_t const* WordsAt(std::int32_t const* block, FieldRow const& row) noexcept {
+  return block + row.offset / kWordBytes;
+}
+
+}  // namespace
+
+BankBase_i::BankBase_i(BankType const& type, FieldTable const& fields, void* item) noexcept
+    : type_(type), fields_(fields), item_(item) {}
+
+std::int32_t BankBase_i::Release() {
+  std::int32_t const left = --refCount_;
+  if (left > 0) return left;
+  delete this;
+  return 0;
+}
+
+ZelStatus BankBase_i::QueryFaces(ZelIid const& id, void** face, ZelIid const& ownId, void* own) {
+  if (face == nullptr) return kStatusNoInterface;
+  *face = nullptr;
+  if (id == IID_IUnknown || id == IID_IZelBankDef) {
+    *face = static_cast<IZelBankDef*>(this);
+  } else if (id == IID_IZelBankIO) {
+    *face = static_cast<IZelBankIO*>(this);
+  } else if (id == IID_IZelBankTest) {
+    *face = static_cast<IZelBankTest*>(this);
+  } else if (id == ownId) {
+    *face = own;
+  } else {
+    return kStatusNoInterface;
+  }
+  ++refCount_;
+  return kStatusOk;
+}
+
+// --- what the bank is ------------------------------------------------------------------------
+
+ZelStatus BankBase_i::GetBankInfo(char* type, char* description, std::int32_t* keyKind,
+                                  std::int32_t* keyWords, std::int32_t* minKeyWords,
+                                  std::int32_t* formatCount, std::int32_t* maxRecordWords,
+                                  std::uint8_t* listed) {
+  CopyText(type_.keyword, type, kTypeSize);
+  CopyText(type_.description, description, kDescriptionSize);
+  *keyKind = type_.keyKind;
+  *keyWords = type_.keyWords;
+  *minKeyWords = type_.minKeyWords;
+  *formatCount = fields_.FormatCount();
+  *maxRecordWords = fields_.MaxRecordWords();
+  *listed = type_.listed;
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetBlockInfo(char* type, std::int32_t* keyKind, std::int32_t* keyWords,
+                                   std::int32_t* minKeyWords, std::int32_t* formatCount,
+                                   std::int32_t* maxRecordWords, std::int32_t* pairRule,
+                                   std::int32_t* fileResident) {
+  CopyText(type_.keyword, type, kTypeSize);
+  *keyKind = type_.keyKind;
+  *keyWords = type_.keyWords;
+  *minKeyWords = type_.minKeyWords;
+  *formatCount = fields_.FormatCount();
+  *maxRecordWords = fields_.MaxRecordWords();
+  *pairRule = type_.pairRule;
+  *fileResident = type_.fileResident;
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetRecordLength(std::int32_t format, std::int32_t* words) {
+  std::int32_t const wanted = format == 0 ? fields_.FormatCount() : format;
+  *words = HasFormat(wanted) ? fields_.RecordWords(wanted) : 0;
+  return HasFormat(wanted) ? kStatusOk : kStatusFailed;
+}
+
+ZelStatus BankBase_i::GetFieldCount(std::int32_t format, std::int32_t* count) {
+  auto const rows = fields_.Rows();
+  *count =
+      static_cast<std::int32_t>(std::count_if(rows.begin(), rows.end(), [&](FieldRow const& row) {
+        return format == 0 || row.format <= format;
+      }));
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetFieldList(std::int32_t format, char (*names)[13], char (*labels)[20],
+                                   std::int32_t* types, std::int32_t* counts, char (*units)[20]) {
+  if (fields_.Rows().empty()) return kStatusNotImplemented;
+  std::size_t at = 0;
+  for (FieldRow const& row : fields_.Rows()) {
+    if (format != 0 && row.format > format) continue;
+    CopyText(row.name, names[at], sizeof names[at]);
+    CopyText(row.label, labels[at], sizeof labels[at]);
+    types[at] = row.type;
+    counts[at] = row.count;
+    CopyText(row.unit, units[at], sizeof units[at]);
+    ++at;
+  }
+  return kStatusOk;
+}
+
+// --- fields by name ------------------------------------------------------------------------------
+
+ZelStatus BankBase_i::GetStringField(char const* name, char* text) {
+  FieldRow const* row = fields_.Find(TextOrEmpty(name), kText, kText);
+  *text = '\0';
+  if (row == nullptr) return kStatusFailed;
+  CopyText(Member<char>(*row), text, static_cast<std::size_t>(row->count));
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetDoubleField(char const* name, double* values) {
+  FieldRow const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
+  *values = 0.0;
+  if (row == nullptr) return kStatusFailed;
+  std::copy_n(Member<double>(*row), row->count, values);
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetIntField(char const* name, std::int32_t* values) {
+  FieldRow const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
+  *values = 0;
+  if (row == nullptr) return kStatusFailed;
+  std::copy_n(Member<std::int32_t>(*row), row->count, values);
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::SetStringField(char const* name, char const* text) {
+  FieldRow const* row = fields_.Find(TextOrEmpty(name), kText, kText);
+  if (row == nullptr) return kStatusFailed;
+  CopyText(TextOrEmpty(text), Member<char>(*row), static_cast<std::size_t>(row->count));
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::SetDoubleField(char const* name, double const* values) {
+  FieldRow const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
+  if (row == nullptr) return kStatusFailed;
+  std::copy_n(values, row->count, Member<double>(*row));
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::SetIntField(char const* name, std::int32_t const* values) {
+  FieldRow const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
+  if (row == nullptr) return kStatusFailed;
+  std::copy_n(values, row->count, Member<std::int32_t>(*row));
+  return kStatusOk;
+}
+
+// --- the item ------------------------------------------------------------------------------------
+
+std::int32_t BankBase_i::DefaultOf(FieldRow const& row) {
+  if (row.byDefault != FieldDefault::kFromEnum) return gen_GetUndefInt();
+  constexpr std::size_t kMostEntries = 8;
+  char names[kMostEntries][13];
+  std::int32_t values[kMostEntries];
+  std::int32_t index = 0;
+  char name[13];
+  CopyText(row.name, name, sizeof name);
+  return GetEnumList(name, names, values, &index) == kStatusOk ? values[index] : gen_GetUndefInt();
+}
+
+ZelStatus BankBase_i::Clear() {
+  source_[0] = '\0';
+  std::fill_n(sourceFlags_.get(), sourceCount_, std::uint8_t{0});
+  for (FieldRow const& row : fields_.Rows()) {
+    switch (row.type) {
+      case kInteger:
+      case kEnumerated: std::fill_n(Member<std::int32_t>(row), row.count, DefaultOf(row)); break;
+      case kReal: std::fill_n(Member<double>(row), row.count, gen_GetUndefDouble()); break;
+      case kText: *Member<char>(row) = '\0'; break;
+    }
+  }
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::ReadBlock(std::int32_t const* block, std::int32_t format) {
+  if (!HasFormat(format)) return kStatusFailed;
+  for (FieldRow const& row : fields_.Rows()) {
+    if (row.format > format || row.offset == kByHand) continue;
+    std::int32_t const* words = WordsAt(block, row);
+    switch (row.type) {
+      case kInteger:
+      case kEnumerated: std::copy_n(words, row.count, Member<std::int32_t>(row)); break;
+      case kReal: {
+        auto* values = Member<double>(row);
+        for (std::int32_t i = 0; i < row.count; ++i) {
+          values[i] = Trim7(std::bit_cast<float>(words[i]));
+        }
+        break;
+      }
+      case kText: WordsToText(words, BlockWordsOf(row), Member<char>(row)); break;
+    }
+  }
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::WriteBlock(std::int32_t* block, std::int32_t format) {
+  if (!HasFormat(format)) return kStatusFailed;
+  std::fill_n(block, fields_.RecordWords(format), 0);
+  for (FieldRow const& row : fields_.Rows()) {
+    if (row.format > format || row.offset == kByHand) continue;
+    std::int32_t* words = WordsAt(block, row);
+    switch (row.type) {
+      case kInteger:
+      case kEnumerated: std::copy_n(Member<std::int32_t>(row), row.count, words); break;
+      case kReal: {
+        auto const* values = Member<double>(row);
+        for (std::int32_t i = 0; i < row.count; ++i) {
+          words[i] = std::bit_cast<std::int32_t>(static_cast<float>(values[i]));
+        }
+        break;
+      }
+      case kText: TextToWords(Member<char>(row), words, BlockWordsOf(row)); break;
+    }
+  }
+  return kStatusOk;
+}
+
+// --- sources -------------------------------------------------------------------------------------
+
+ZelStatus BankBase_i::GetSource(char* text, std::uint8_t* isProtected) {
+  CopyText(source_, text, sizeof source_);
+  *isProtected = sourceProtected_ ? 1 : 0;
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetSourceFlags(std::uint8_t* flags) {
+  std::copy_n(sourceFlags_.get(), sourceCount_, flags);
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetRefBankName(char const*, char* name) {
+  *name = '\0';
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::SetSource(LibFile* library, char const* bankName, std::uint8_t isProtected) {
+  char* const last = source_ + sizeof source_ - 1;
+  char* end = source_;
+  auto const append = [&](std::string_view text) {
+    end = std::copy_n(text.begin(), std::min<std::ptrdiff_t>(std::ssize(text), last - end), end);
+  };
+  append(library == nullptr ? std::string_view() : TextOrEmpty(library->GetLibName()));
+  append(":");
+  append(TextOrEmpty(bankName));
+  while (end - source_ > 1 && end[-1] == ' ') --end;  // never the first character
+  *end = '\0';
+  sourceProtected_ = isProtected != 0;
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::SetSourceList(std::int32_t count, std::uint8_t const* found,
+                                    std::uint8_t const* isProtected) {
+  sourceCount_ = std::max(count, 0);
+  auto const size = static_cast<std::size_t>(sourceCount_);
+  sourceFlags_ = size == 0 ? nullptr : std::make_unique<std::uint8_t[]>(size);
+  std::copy_n(found, sourceCount_, sourceFlags_.get());
+  auto const isSet = [](std::uint8_t flag) { return flag != 0; };
+  sourceProtected_ = std::any_of(isProtected, isProtected + sourceCount_, isSet);
+  auto const hits = std::count_if(found, found + sourceCount_, isSet);
+  if (hits >= 2) CopyText("Multiple", source_, sizeof source_);
+  if (hits == 0) source_[0] = '\0';
+  return kStatusOk;
+}
+
+}  // namespace zel

@@ -1,0 +1,38 @@
+// The catalogue of bank types: what distinguishes each.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace zel {
+
+enum KeyKind : std::int32_t { kComponentKeys = 0, kNumericKey = 1, kCharacterKey = 2 };
+
+// How the parts of a key are ordered.
+enum PairRule : std::int32_t {
+  kNotSorted = 0,
+  kSymmetric = 1,   // sorted; (j, i) finds the same item and no field changes
+  kAsymmetric = 2,  // sorted; SwapPair turns the item round when the sort swapped the parts
+  kOrdered = 3      // as given; (i, j) and (j, i) are two items
+};
+
+struct BankType {
+  std::string_view keyword;
+  std::string_view description;
+  KeyKind keyKind;
+  std::int32_t keyWords;
+  std::int32_t minKeyWords;
+  PairRule pairRule;
+  std::int32_t formatCount;
+  std::int32_t fileResident;
+  std::uint8_t listed;             // kept and reported; nothing here reads it
+  std::string_view references[2];  // types that the bank refers to by bank name
+};
+
+// By position in the catalogue, in the order of GetBankTypeList.
+inline constexpr std::int32_t kBankTypes = 50;
+BankType const& BankTypeAt(std::int32_t position) noexcept;
+// Null for a keyword that no type has; case does not matter.
+BankType const* FindBankType(std::string_view keyword) noexcept;
+
+}  // namespace zel

@@ -1,0 +1,15 @@
+set(banks_SOURCES
+    bank_base.cpp
+    catalogue.cpp
+    curve_banks.cpp
+    field_table.cpp
+    group_description.cpp
+    group_interactions.cpp
+    group_sets.cpp
+    interface_ids.cpp
+    mapping_banks.cpp
+    new_bank.cpp
+    pair_activity.cpp
+    pair_eos.cpp
+    pair_other.cpp
+    side_banks.cpp)

@@ -1,0 +1,61 @@
+#include "purecomp/component.h"
+
+#include "zelaccess/Types.h"
+
+namespace zel {
+
+namespace {
+
+template <typename Texts>
+void ClearTexts(Texts& texts) noexcept {
+  for (auto& text : texts) text[0] = '\0';
+}
+
+}  // namespace
+
+void Correlation::Reset(std::int32_t defaultUnit) noexcept {
+  constexpr std::int32_t kKelvin = 10;
+  present = false;
+  equation = 0;
+  coefficientCount = 0;
+  tempUnit = kKelvin;
+  logBasis = 1;
+  moleWtBasis = 0;
+  propUnit = defaultUnit;
+  tMin = gen_GetUndefDouble();
+  tMax = gen_GetUndefDouble();
+  coefficients.fill(gen_GetUndefDouble());
+}
+
+void Component::ResetCorrelation(int index) noexcept {
+  auto const at = static_cast<std::size_t>(index);
+  correlations[at].Reset(index < kNamedCorrelations ? kCorrelationRows[at].defaultUnit : 0);
+}
+
+void Component::Clear() noexcept {
+  number = 0;
+  casNumber = 0;
+  refCode = 0;
+  ClearTexts(libraryIds);
+  name[0] = '\0';
+  formula[0] = '\0';
+  keepFormula = false;
+  structures.fill({});
+  smiles[0] = '\0';
+  phase = 0;
+  fixed.fill(gen_GetUndefDouble());
+  completed.fill(gen_GetUndefDouble());
+  for (int i = 0; i < kCorrelations; ++i) ResetCorrelation(i);
+  fixedRefs.fill(0);
+  correlationRefs.fill(0);
+  ClearTexts(fixedSources);
+  ClearTexts(correlationSources);
+  ClearTexts(identitySources);
+  fixedSourceFlags.fill(0);
+  correlationSourceFlags.fill(0);
+  identitySourceFlags.fill(0);
+  consistencyWarning = false;
+  consistencyText[0] = '\0';
+}
+
+}  // namespace zel

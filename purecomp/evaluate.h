@@ -1,0 +1,36 @@
+// Evaluation of a component's correlations: units, extrapolation, limits, basis.
+#pragma once
+
+#include <cstdint>
+
+#include "purecomp/component.h"
+#include "purecomp/equations.h"
+#include "zelaccess/Types.h"
+
+namespace zel {
+
+// Evaluates correlations of one component. Keeps nothing but the marks that stop a correlation from
+// calling itself through the forms that name another correlation.
+class Evaluator final : public CorrelationCaller {
+ public:
+  explicit Evaluator(Component const& component) noexcept : component_(component) {}
+
+  // kStatusOk inside the range, kStatusNothingNew (1) when the value was extrapolated, kStatusFailed
+  // for an index above 17, an absent correlation, or an extrapolation that is not allowed. An order
+  // below 1 counts as 1. `value` and `derivative` are in and out: see EvaluateEquation. `status` is 0
+  // inside the range, 1 above, -1 below. A failure after the record was found may have changed the
+  // numbers.
+  ZelStatus Evaluate(std::uint32_t index, double temperature, std::int32_t order, double& value,
+                     double& derivative, double* weights, std::int32_t& status);
+
+  CalledCorrelation Call(int index, double temperature, int highest) override;
+
+ private:
+  ZelStatus Extrapolate(EquationCall call, Extrapolation mode, double temperature, double bound,
+                        double& value, double& derivative, double* weights);
+
+  Component const& component_;
+  std::uint32_t running_ = 0;  // a bit per correlation under evaluation
+};
+
+}  // namespace zel

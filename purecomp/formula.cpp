@@ -1,0 +1,270 @@
+#include "purecomp/formula.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "frame/ascii.h"
+
+namespace zel {
+namespace {
+
+// D, deuterium, counts as an element.
+constexpr std::string_view kElements[] = {
+    "H",  "D",  "He", "Li", "Be", "B",  "C",  "N",  "O",  "F",  "Ne", "Na", "Mg", "Al", "Si", "P",
+    "S",  "Cl", "Ar", "K",  "Ca", "Sc", "Ti", "V",  "Cr", "Mn", "Fe", "Co", "Ni", "Cu", "Zn", "Ga",
+    "Ge", "As", "Se", "Br", "Kr", "Rb", "Sr", "Y",  "Zr", "Nb", "Mo", "Tc", "Ru", "Rh", "Pd", "Ag",
+    "Cd", "In", "Sn", "Sb", "Te", "I",  "Xe", "Cs", "Ba", "La", "Ce", "Pr", "Nd", "Pm", "Sm", "Eu",
+    "Gd", "Tb", "Dy", "Ho", "Er", "Tm", "Yb", "Lu", "Hf", "Ta", "W",  "Re", "Os", "Ir", "Pt", "Au",
+    "Hg", "Tl", "Pb", "Bi", "Po", "At", "Rn", "Fr", "Ra", "Ac", "Th", "Pa", "U",  "Np", "Pu", "Am",
+    "Cm", "Bk", "Cf", "Es", "Fm", "Md", "No", "Lr", "Rf", "Db", "Sg", "Bh", "Hs", "Mt", "Ds", "Rg",
+    "Cn", "Fl", "Lv"};
+static_assert(std::size(kElements) == 115);
+
+constexpr std::string_view kMixture = "Mixture";
+constexpr std::string_view kPetro = "Petro";
+constexpr std::string_view kWater = "H2O";
+
+bool IsUpper(char c) noexcept { return c >= 'A' && c <= 'Z'; }
+bool IsLower(char c) noexcept { return c >= 'a' && c <= 'z'; }
+bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+
+std::int32_t Saturated(std::int64_t n) noexcept {
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(n, INT32_MIN, INT32_MAX));
+}
+
+bool IsKnownSymbol(ElementSymbol const& symbol) noexcept {
+  std::string_view const text = symbol.data();
+  return text.empty() || std::find(std::begin(kElements), std::end(kElements), text) !=
+                             std::end(kElements);
+}
+
+class Parser {
+ public:
+  Parser(std::string_view text, ElementSlots slots, bool sequence, FormulaResult& result)
+      : text_(text), slots_(slots), sequence_(sequence), result_(result) {}
+
+  bool Run() {
+    if (!ParseSequences()) return false;
+    if (!std::all_of(slots_.elements.begin(), slots_.elements.end(), IsKnownSymbol)) return false;
+    return at_ == text_.size() || ParseHydrate();
+  }
+
+ private:
+  using Counts = std::vector<std::int32_t>;
+
+  char Here() const noexcept { return at_ < text_.size() ? text_[at_] : '\0'; }
+
+  // The whole text up to a point or its end. Open parentheses stand on a list of their own, so that
+  // depth costs no stack.
+  bool ParseSequences() {
+    std::vector<Counts> open;
+    while (true) {
+      char const c = Here();
+      bool const top = open.empty();
+      if (top && (c == '.' || at_ == text_.size())) break;
+      if (c == '(') {
+        ++at_;
+        open.emplace_back(slots_.counts.size(), 0);
+      } else if (c == ')' && !top) {
+        ++at_;
+        CloseGroup(open);
+      } else if (IsUpper(c)) {
+        ParseElement(top ? slots_.counts : std::span<std::int32_t>(open.back()));
+      } else {
+        return Finish(false);
+      }
+    }
+    return Finish(true);
+  }
+
+  bool Finish(bool parsed) {
+    result_.hasCarbonAndHydrogen = sawCarbon_ && sawHydrogen_;
+    return parsed;
+  }
+
+  void CloseGroup(std::vector<Counts>& open) {
+    std::int64_t const times = ReadCount();
+    Counts const inner = std::move(open.back());
+    open.pop_back();
+    std::span<std::int32_t> const outer =
+        open.empty() ? slots_.counts : std::span<std::int32_t>(open.back());
+    for (std::size_t i = 0; i < inner.size(); ++i) {
+      outer[i] = Saturated(outer[i] + Saturated(inner[i] * times));
+    }
+  }
+
+  void ParseElement(std::span<std::int32_t> counts) {
+    ElementSymbol symbol{};
+    symbol[0] = text_[at_++];
+    if (IsLower(Here())) symbol[1] = text_[at_++];
+    std::string_view const name = symbol.data();
+    sawCarbon_ = sawCarbon_ || name == "C";
+    sawHydrogen_ = sawHydrogen_ || name == "H";
+    std::int64_t const count = ReadCount();
+    int const slot = SlotFor(symbol);
+    if (slot < 0) return;
+    auto const place = static_cast<std::size_t>(slot);
+    slots_.elements[place] = symbol;
+    counts[place] = Saturated(counts[place] + count);
+    result_.foundCount = std::max(result_.foundCount, slot + 1);
+  }
+
+  // The slot of an equal symbol, else the first empty one, else -1.
+  int SlotFor(ElementSymbol const& symbol) const {
+    int const capacity = static_cast<int>(slots_.elements.size());
+    for (int i = 0; i < capacity; ++i) {
+      ElementSymbol const& filled = slots_.elements[static_cast<std::size_t>(i)];
+      if (filled[0] == '\0') return i;
+      if ((!sequence_ || i < slots_.preset) && filled == symbol) return i;
+    }
+    return -1;
+  }
+
+  // 1 when no digits stand here.
+  std::int64_t ReadCount() {
+    constexpr int kDigitsUsed = 4;
+    if (!IsDigit(Here())) return 1;
+    std::int64_t count = 0;
+    for (int digits = 0; IsDigit(Here()); ++digits, ++at_) {
+      if (digits < kDigitsUsed) count = count * 10 + (text_[at_] - '0');
+    }
+    return count;
+  }
+
+  bool ParseHydrate() {
+    ++at_;  // the point
+    std::int64_t const count = ReadCount();
+    if (text_.substr(at_) != kWater) return false;
+    result_.hydrate = Saturated(count);
+    return true;
+  }
+
+  std::string_view text_;
+  ElementSlots slots_;
+  bool sequence_;
+  FormulaResult& result_;
+  std::size_t at_ = 0;
+  bool sawCarbon_ = false;
+  bool sawHydrogen_ = false;
+};
+
+bool ParseFormula(bool sequence, std::string_view formula, ElementSlots slots,
+                  FormulaResult& result) {
+  std::fill(slots.counts.begin(), slots.counts.end(), 0);
+  for (std::size_t i = static_cast<std::size_t>(slots.preset); i < slots.elements.size(); ++i) {
+    slots.elements[i] = {};
+  }
+  result = {slots.preset, 0, false};
+  if (formula.empty() || SameText(formula, kMixture) || SameText(formula, kPetro)) return true;
+  return Parser(formula, slots, sequence, result).Run();
+}
+
+constexpr std::size_t kSlots = 20;
+constexpr std::size_t kFormulaSize = 21;
+
+struct Slots {
+  std::array<ElementSymbol, kSlots> elements{};
+  std::array<std::int32_t, kSlots> counts{};
+  ElementSlots View() { return {elements, counts, 0}; }
+};
+
+// Symbol padded to three characters, then the text of the normal form.
+std::vector<std::string> ElementKeys(Slots const& slots, int found) {
+  std::vector<std::string> keys;
+  for (std::size_t i = 0; i < static_cast<std::size_t>(found); ++i) {
+    char key[10];
+    char const* symbol = slots.elements[i].data();
+    int const count = slots.counts[i];
+    if (count == 1) std::snprintf(key, sizeof key, "%-3s%s", symbol, symbol);
+    if (count >= 2) std::snprintf(key, sizeof key, "%-3s%s%d", symbol, symbol, count);
+    if (count >= 1) keys.emplace_back(key);
+  }
+  return keys;
+}
+
+// Carbon first, then hydrogen, then the rest by bytes.
+bool HillOrder(std::string const& a, std::string const& b) {
+  auto const rank = [](std::string const& key) {
+    return key.starts_with("C ") ? 0 : key.starts_with("H ") ? 1 : 2;
+  };
+  return rank(a) != rank(b) ? rank(a) < rank(b) : a < b;
+}
+
+std::string NormalForm(Slots const& slots, FormulaResult const& parsed) {
+  std::vector<std::string> keys = ElementKeys(slots, parsed.foundCount);
+  if (parsed.hasCarbonAndHydrogen) {
+    std::sort(keys.begin(), keys.end(), HillOrder);
+  } else {
+    std::sort(keys.begin(), keys.end());
+  }
+  std::string text;
+  for (std::string const& key : keys) text += key.substr(3);
+  text.resize(std::min(text.size(), kFormulaSize - 1));
+  if (parsed.hydrate == 1) text += ".H2O";
+  if (parsed.hydrate > 1) text += "." + std::to_string(parsed.hydrate) + "H2O";
+  text.resize(std::min(text.size(), kFormulaSize - 1));
+  return text;
+}
+
+}  // namespace
+
+bool ParseFormulaMerged(std::string_view formula, ElementSlots slots, FormulaResult& result) {
+  return ParseFormula(false, formula, slots, result);
+}
+
+bool ParseFormulaSequence(std::string_view formula, ElementSlots slots, FormulaResult& result) {
+  return ParseFormula(true, formula, slots, result);
+}
+
+bool CountElements(std::string_view formula, ElementSlots slots, std::int32_t& foundCount) {
+  FormulaResult result;
+  bool const parsed = ParseFormulaMerged(formula, slots, result);
+  foundCount = result.foundCount;
+  return parsed;
+}
+
+int NormaliseFormula(char* formula, char* work, bool strict) {
+  for (std::string_view word : {kMixture, kPetro}) {
+    if (SameText(formula, word)) {
+      CopyText(word, formula, kFormulaSize);
+      *work = '\0';
+      return 1;
+    }
+  }
+  Slots slots;
+  FormulaResult parsed;
+  if (!ParseFormulaMerged(formula, slots.View(), parsed)) return 1;
+  std::string const normal = NormalForm(slots, parsed);
+  bool const mayReplace = parsed.hasCarbonAndHydrogen && !strict;
+  if (!mayReplace && normal != formula) {
+    CopyText(normal, work, kFormulaSize);
+    return 2;
+  }
+  CopyText(normal, formula, kFormulaSize);
+  *work = '\0';
+  return 1;
+}
+
+std::string FormulaSortKey(std::string_view formula) {
+  for (std::string_view word : {kMixture, kPetro}) {
+    if (SameText(formula, word)) return std::string(word);
+  }
+  Slots slots;
+  FormulaResult parsed;
+  if (!ParseFormulaSequence(formula, slots.View(), parsed)) return "\x01";
+  std::string key;
+  char part[24];
+  for (std::size_t i = 0; i < static_cast<std::size_t>(parsed.foundCount); ++i) {
+    std::snprintf(part, sizeof part, "%-2s%03d", slots.elements[i].data(), slots.counts[i]);
+    key += part;
+  }
+  if (parsed.hydrate != 0) {
+    std::snprintf(part, sizeof part, "zz%03d", parsed.hydrate);
+    key += part;
+  }
+  return key;
+}
+
+}  // namespace zel
