@@ -22,3 +22,30 @@ target_include_directories(ZelAccess INTERFACE
                            $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 target_compile_features(zel_inside PUBLIC cxx_std_20)
 target_include_directories(zel_inside PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR})
+zel_compile_options(zel_inside)
+target_link_libraries(zel_inside PUBLIC ${CMAKE_DL_LIBS})
+target_link_libraries(ZelAccess PRIVATE ${CMAKE_DL_LIBS})
+target_link_options(ZelAccess PRIVATE -Wl,--no-undefined)
+
+# Everything that links with the sanitizers must be linked by them.
+if(ZELACCESS_SANITIZE)
+  target_link_options(zel_inside PUBLIC -fsanitize=${ZELACCESS_SANITIZE})
+endif()
+
+include(CMakePackageConfigHelpers)
+install(TARGETS ZelAccess EXPORT ZelAccessTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/zelaccess
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+install(EXPORT ZelAccessTargets NAMESPACE ZelAccess::
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZelAccessConfig.cmake.in
+                              ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
+                              INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+install(FILES ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
+              ${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/zelaccess.pc.in ${PROJECT_BINARY_DIR}/zelaccess.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zelaccess.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,78 @@
+// The items that all stores under measurement hold, and the keys that they are asked for.
+//
+// An item is a pair of components in the form of an NRTL bank: a key of two component numbers, the
+// smaller first, and 14 words of data. Word 0 is 0, words 1 to 12 are floats, word 13 is an integer.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <random>
+#include <vector>
+
+namespace zel::bench {
+
+struct Pair {
+  std::int32_t a;
+  std::int32_t b;
+};
+
+inline constexpr std::size_t kDataWords = 14;
+inline constexpr std::size_t kFirstFloat = 1;
+inline constexpr std::size_t kFloats = 12;
+inline constexpr std::size_t kReference = 13;
+using Data = std::array<std::int32_t, kDataWords>;
+
+inline constexpr std::uint32_t kSeed = 20'240'229;
+
+struct Item {
+  Pair key;
+  Data data;
+};
+
+struct DataSet {
+  std::vector<Item> items;   // in key order
+  std::vector<Pair> absent;  // as many keys, which lie between those of the items
+};
+
+// Of all pairs of enough components every other one is there. Values look like published
+// parameters: four to seven significant digits, pressure limits undefined in every other item.
+DataSet MakeDataSet(std::size_t count);
+
+// The same order for every call with the same size.
+template <typename T>
+std::vector<T> Shuffled(std::vector<T> values) {
+  std::mt19937 random(kSeed);
+  std::shuffle(values.begin(), values.end(), random);
+  return values;
+}
+std::vector<Pair> KeysOf(std::vector<Item> const& items);
+
+// Every store answers a read with the sum over all words of the item, so that none can leave out to
+// touch them; an absent key gives kAbsent, which is the sum of no item.
+inline constexpr std::uint64_t kAbsent = 0;
+inline std::uint64_t SumOf(void const* data) noexcept {
+  Data words;
+  std::memcpy(words.data(), data, sizeof words);
+  std::uint32_t sum = 0;
+  for (std::int32_t word : words) sum += static_cast<std::uint32_t>(word);
+  return std::uint64_t{sum} | std::uint64_t{1} << 32;
+}
+
+// Of an item in its place, for telling whether two stores hold the same in the same order.
+std::uint64_t HashOf(std::uint64_t before, Pair key, void const* data) noexcept;
+std::uint64_t HashOf(std::vector<Item> const& items) noexcept;
+
+// Floats as a host sees them: doubles that have the decimal digits of the float.
+struct Decoded {
+  std::array<double, kFloats> values;
+  std::int32_t reference;
+};
+// Through text of 7 digits, the way without a trim: std::to_chars and std::from_chars.
+Decoded DecodeThroughText(void const* data) noexcept;
+// Exact to the bit.
+std::uint64_t SumOf(Decoded const& item) noexcept;
+
+}  // namespace zel::bench

@@ -1,0 +1,13 @@
+// All public headers of ZelAccess.
+#ifndef ZELACCESS_ZELACCESS_H
+#define ZELACCESS_ZELACCESS_H
+
+#include "zelaccess/Banks.h"
+#include "zelaccess/Casn.h"
+#include "zelaccess/Key.h"
+#include "zelaccess/LibFile.h"
+#include "zelaccess/LibMaint.h"
+#include "zelaccess/Module.h"
+#include "zelaccess/Types.h"
+
+#endif  // ZELACCESS_ZELACCESS_H

@@ -1,0 +1,2 @@
+set(support_SOURCES
+    memory_file_system.cpp)
