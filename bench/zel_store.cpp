@@ -43,7 +43,7 @@ Decoded Get(IZelNrtl* nrtl) {
 }  // namespace
 
 ZelStore::ZelStore(std::filesystem::path const& folder)
-    : path_(folder / "pairs.lb1"), bank_(NewBank(kType)), nrtl_(nullptr) {
+    : path_(folder / "pairs.lb1"), key_(Key::NewKey()), bank_(NewBank(kType)), nrtl_(nullptr) {
   void* face = nullptr;
   Check(bank_->QueryInterface(IID_IZelNrtl, &face) == kStatusOk, "no NRTL interface");
   nrtl_ = static_cast<IZelNrtl*>(face);
@@ -53,6 +53,7 @@ ZelStore::~ZelStore() {
   Close();
   nrtl_->Release();
   bank_->Release();
+  Key::DelKey(key_);
 }
 
 void ZelStore::RemoveFiles() const {
@@ -122,15 +123,15 @@ void ZelStore::LoadThroughItems(std::span<Item const> items) {
   Create();
   for (Item const& item : items) {
     Put(nrtl_, item.data);
-    key_.SetKey(static_cast<long>(item.key.a), static_cast<long>(item.key.b));
-    Check(maint_->WriteItem(bank_, kBank, &key_), "item not written");
+    key_->SetKey(static_cast<long>(item.key.a), static_cast<long>(item.key.b));
+    Check(maint_->WriteItem(bank_, kBank, key_), "item not written");
   }
   Close();
 }
 
 std::uint64_t ZelStore::GetDecoded(Pair key) {
-  key_.SetKey(static_cast<long>(key.a), static_cast<long>(key.b));
-  return maint_->ReadItem(bank_, kBank, &key_) ? SumOf(bench::Get(nrtl_)) : kAbsent;
+  key_->SetKey(static_cast<long>(key.a), static_cast<long>(key.b));
+  return maint_->ReadItem(bank_, kBank, key_) ? SumOf(bench::Get(nrtl_)) : kAbsent;
 }
 
 std::uint64_t ZelStore::Walk() {

@@ -16,9 +16,9 @@
 #include "bench/pairs.h"
 #include "maint/lib_maint.h"
 #include "store/btree.h"
-#include "store/key.h"
 #include "store/lib_file.h"
 #include "zelaccess/BankTypes.h"
+#include "zelaccess/Key.h"
 
 namespace zel::bench {
 
@@ -64,7 +64,7 @@ class ZelStore {
   void StoreHead();
 
   std::string path_;
-  Key_i key_;
+  Key* key_;
   IZelBankDef* bank_;
   IZelNrtl* nrtl_;
   std::optional<LibFile_i> library_;

@@ -2,7 +2,7 @@
 # One object library per source folder, from the folder's sources.cmake, which lists them.
 
 function(zel_compile_options target)
-  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_compile_features(${target} PRIVATE cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
   if(ZELACCESS_WERROR)

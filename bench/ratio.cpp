@@ -1,0 +1,96 @@
+#include "bench/ratio.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+
+namespace zel::bench {
+namespace {
+
+constexpr char kTextTitles[] = "%-44s %-14s %10s %10s %6s  %-13s %9s  %s\n";
+constexpr char kTextRow[] = "%-44s %-14s %7.4g ns %7.4g ns %6.2f  %5.2f..%-5.2f  %9s  %s\n";
+constexpr char kMarkdownTitles[] = "| %s | %s | %s | %s | %s | %s | %s | %s |\n";
+constexpr char kMarkdownRow[] = "| %s | %s | %.4g ns | %.4g ns | %.2f | %.2f to %.2f | %s | %s |\n";
+
+// Of sorted values; `part` from 0 to 1.
+double Quantile(std::vector<double> const& sorted, double part) {
+  double const at = part * static_cast<double>(sorted.size() - 1);
+  auto const below = static_cast<std::size_t>(at);
+  std::size_t const above = std::min(below + 1, sorted.size() - 1);
+  return sorted[below] + (at - static_cast<double>(below)) * (sorted[above] - sorted[below]);
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return Quantile(values, 0.5);
+}
+
+std::string TextOf(Target const& target) {
+  char text[32] = "";
+  if (target.kind == Target::Kind::kRatio) std::snprintf(text, sizeof text, "%.2f", target.limit);
+  if (target.kind == Target::Kind::kNanoseconds) {
+    std::snprintf(text, sizeof text, "%.3g ns", target.limit);
+  }
+  return text;
+}
+
+}  // namespace
+
+struct RatioTable::Row {
+  Comparison const& comparison;
+  double peer;
+  double project;
+  double ratio;
+  double lowerQuartile;
+  double upperQuartile;
+
+  bool Missed() const noexcept {
+    Target const& target = comparison.target;
+    double const reached = target.kind == Target::Kind::kRatio ? ratio : project;
+    return target.kind != Target::Kind::kNone && reached > target.limit;
+  }
+  char const* Verdict() const noexcept {
+    if (comparison.target.kind == Target::Kind::kNone) return "";
+    return Missed() ? "missed" : "met";
+  }
+};
+
+void RatioTable::PrintTitles() const {
+  std::printf(markdown_ ? kMarkdownTitles : kTextTitles, "Case", "Peer", "Project", "Peer takes",
+              "Ratio", "Quartiles", "At most", "Target");
+  if (markdown_) std::printf("|---|---|---:|---:|---:|---|---:|---|\n");
+  std::fflush(stdout);
+}
+
+void RatioTable::PrintRow(Row const& row) const {
+  std::printf(markdown_ ? kMarkdownRow : kTextRow, row.comparison.what.c_str(),
+              row.comparison.peerName.c_str(), row.project, row.peer, row.ratio,
+              row.lowerQuartile, row.upperQuartile, TextOf(row.comparison.target).c_str(),
+              row.Verdict());
+  std::fflush(stdout);
+}
+
+void RatioTable::Compare(Comparison const& comparison) {
+  std::vector<double> peers;
+  std::vector<double> projects;
+  std::vector<double> ratios;
+  for (int round = 0; round <= rounds_; ++round) {
+    Timing const peer = comparison.peer(round);
+    Timing const project = comparison.project(round);
+    if (peer.check != project.check) {
+      throw std::runtime_error(comparison.what + ": " + comparison.peerName +
+                               " and the project give different results");
+    }
+    if (round == 0) continue;
+    peers.push_back(peer.nanoseconds);
+    projects.push_back(project.nanoseconds);
+    ratios.push_back(project.nanoseconds / peer.nanoseconds);
+  }
+  std::sort(ratios.begin(), ratios.end());
+  Row const row{comparison, Median(peers), Median(projects), Quantile(ratios, 0.5),
+                Quantile(ratios, 0.25), Quantile(ratios, 0.75)};
+  missed_ += row.Missed() ? 1 : 0;
+  PrintRow(row);
+}
+
+}  // namespace zel::bench

@@ -1,0 +1,73 @@
+// Ratios of running times: project and peer in turn, in one run.
+//
+// A single time says as much about the machine and what else it does as about the code. So a
+// comparison is made of rounds: in each the peer runs, then the project, on the same keys, and the
+// round gives one ratio. The median of the round ratios is the result; the quartiles tell how far to
+// trust it. The first round warms caches and is dropped.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zel::bench {
+
+// One side's part of a round. `check` stands for the results: both sides must have the same.
+struct Timing {
+  double nanoseconds;  // per operation
+  std::uint64_t check;
+};
+using Side = std::function<Timing(int round)>;
+
+// Times `run`, which makes `operations` operations and gives their check.
+template <typename Run>
+Timing Time(std::size_t operations, Run const& run) {
+  using Clock = std::chrono::steady_clock;
+  auto const start = Clock::now();
+  std::uint64_t const check = run();
+  std::chrono::duration<double, std::nano> const spent = Clock::now() - start;
+  return {spent.count() / static_cast<double>(operations), check};
+}
+
+// What a ratio, or a time of the project, must not exceed.
+struct Target {
+  enum class Kind { kNone, kRatio, kNanoseconds } kind = Kind::kNone;
+  double limit = 0.0;
+
+  static Target None() { return {}; }
+  static Target Ratio(double limit) { return {Kind::kRatio, limit}; }
+  static Target Nanoseconds(double limit) { return {Kind::kNanoseconds, limit}; }
+};
+
+struct Comparison {
+  std::string what;
+  std::string peerName;
+  Side peer;
+  Side project;
+  Target target;
+};
+
+class RatioTable {
+ public:
+  RatioTable(int rounds, bool markdown) : rounds_(rounds), markdown_(markdown) {}
+
+  // Prints the titles, then a row for each comparison as it is made.
+  void PrintTitles() const;
+  // Throws when the two sides disagree on their results.
+  void Compare(Comparison const& comparison);
+  int Missed() const noexcept { return missed_; }
+
+ private:
+  struct Row;
+  void PrintRow(Row const& row) const;
+
+  int rounds_;
+  bool markdown_;
+  int missed_ = 0;
+};
+
+}  // namespace zel::bench

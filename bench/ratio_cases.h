@@ -1,0 +1,25 @@
+// The comparisons, and the limits that the project sets itself.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+
+#include "bench/ratio.h"
+
+namespace zel::bench {
+
+// Each makes its files in `folder` and removes them.
+//
+// Reads of present and absent keys in random order, through the located bank and through ReadItem,
+// and the ordered walk: one set of stores, all open.
+void CompareReads(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
+// From no file to a closed one, in key order and in random order.
+void CompareLoads(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
+// A tenth of the items, all from leaves, in random order; from closed to closed.
+void CompareDeletes(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
+// Open, one read, close.
+void CompareOpens(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
+// Floats to doubles with their decimal digits.
+void CompareTrims(RatioTable& table);
+
+}  // namespace zel::bench

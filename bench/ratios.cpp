@@ -1,0 +1,123 @@
+// bench_ratios: the project beside its peers, as ratios; see docs/performance.md.
+#include <lmdb.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "bench/ratio_cases.h"
+
+namespace {
+
+constexpr char kUsage[] =
+    "usage: bench_ratios [--only=reads|loads|deletes|opens|trims] [--items=N] [--rounds=N]\n"
+    "                    [--folder=DIR] [--markdown]\n"
+    "  --only      one group of comparisons instead of all\n"
+    "  --items     this number of items instead of 10000, 100000 and 1000000\n"
+    "  --rounds    rounds that count, 11 unless told\n"
+    "  --folder    where the files are made, the system's temporary folder unless told\n"
+    "  --markdown  the table as Markdown\n";
+
+struct Options {
+  std::string only;
+  std::size_t items = 0;
+  int rounds = 11;
+  std::filesystem::path folder = std::filesystem::temp_directory_path();
+  bool markdown = false;
+  bool good = true;
+};
+
+Options OptionsOf(int count, char** arguments) {
+  Options options;
+  for (int i = 1; i < count; ++i) {
+    std::string_view const argument = arguments[i];
+    std::size_t const equals = argument.find('=');
+    std::string_view const name = argument.substr(0, equals);
+    std::string const value(equals == argument.npos ? "" : argument.substr(equals + 1));
+    if (name == "--only") {
+      options.only = value;
+    } else if (name == "--items") {
+      options.items = std::strtoul(value.c_str(), nullptr, 10);
+    } else if (name == "--rounds") {
+      options.rounds = std::atoi(value.c_str());
+    } else if (name == "--folder") {
+      options.folder = value;
+    } else if (name == "--markdown") {
+      options.markdown = true;
+    } else {
+      options.good = false;
+    }
+  }
+  options.good = options.good && options.rounds > 0;
+  return options;
+}
+
+// A folder of this run's own, removed at its end.
+class OwnFolder {
+ public:
+  explicit OwnFolder(std::filesystem::path const& parent)
+      : path_(parent / ("zel-bench-" + std::to_string(::getpid()))) {
+    std::filesystem::create_directory(path_);
+  }
+  OwnFolder(OwnFolder const&) = delete;
+  OwnFolder& operator=(OwnFolder const&) = delete;
+  ~OwnFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  std::filesystem::path const& Path() const noexcept { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+int Run(Options const& options) {
+  using namespace zel::bench;
+  OwnFolder const folder(options.folder);
+  RatioTable table(options.rounds, options.markdown);
+  auto const wanted = [&](char const* group) {
+    return options.only.empty() || options.only == group;
+  };
+  auto const sizes = options.items != 0 ? std::vector<std::size_t>{options.items}
+                                        : std::vector<std::size_t>{10'000, 100'000, 1'000'000};
+  table.PrintTitles();
+  for (std::size_t const items : sizes) {
+    if (wanted("reads")) CompareReads(table, folder.Path(), items);
+  }
+  for (std::size_t const items : sizes) {
+    if (wanted("loads")) CompareLoads(table, folder.Path(), items);
+  }
+  for (std::size_t const items : sizes) {
+    if (wanted("deletes")) CompareDeletes(table, folder.Path(), items);
+  }
+  if (wanted("opens")) CompareOpens(table, folder.Path(), sizes.back());
+  if (wanted("trims")) CompareTrims(table);
+  std::printf("\nTargets missed: %d\n", table.Missed());
+  return 0;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  Options const options = OptionsOf(count, arguments);
+  if (!options.good) {
+    std::fputs(kUsage, stderr);
+    return 2;
+  }
+#ifndef NDEBUG
+  std::fputs("Built with assertions: the numbers mean little.\n", stderr);
+#endif
+  std::printf("Peers: %s; SQLite %s. Nobody syncs. Ratio: median of %d rounds of peer, project.\n\n",
+              mdb_version(nullptr, nullptr, nullptr), sqlite3_libversion(), options.rounds);
+  try {
+    return Run(options);
+  } catch (std::exception const& failure) {
+    std::fprintf(stderr, "bench_ratios: %s\n", failure.what());
+    return 1;
+  }
+}
