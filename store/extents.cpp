@@ -12,6 +12,12 @@ bool LiesAhead(Extent const& a, Extent const& b) noexcept {
   return std::tie(a.size, a.file, a.address) > std::tie(b.size, b.file, b.address);
 }
 
+// Block number of an extent. That of a used-up tail may be one more than an address has digits for,
+// so it is not taken from the address's own digits.
+std::int64_t BlockOf(Extent const& e) noexcept {
+  return e.address % format::kTypeFactor - std::int64_t{e.file} * format::kFileFactor;
+}
+
 // First block behind an extent; an open tail has none.
 std::int64_t EndOf(Extent const& e) noexcept {
   return e.size >= format::kOpenTail ? INT64_MAX : std::int64_t{e.address} + e.size;
@@ -80,7 +86,7 @@ bool ExtentList::Overlaps(std::int32_t address, std::int64_t blocks,
 std::int32_t ExtentList::Take(std::int32_t file, std::int64_t blocks) noexcept {
   for (int i = count_ - 1; i >= 0; --i) {
     Extent& e = entries_[static_cast<std::size_t>(i)];
-    std::int64_t const behind = BlockAddress::Split(e.address).block + blocks;
+    std::int64_t const behind = BlockOf(e) + blocks;
     if (e.file != file || e.size < blocks || behind > format::kMaxBlock + 1) continue;
     std::int32_t const address = e.address;
     e.address += static_cast<std::int32_t>(blocks);

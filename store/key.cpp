@@ -24,15 +24,6 @@ void Key_p::DelKey(Key_p*& key) {
   key = nullptr;
 }
 
-template <typename... Parts>
-void Key_i::Set(Parts const&... parts) {
-  direct_ = false;
-  count_ = sizeof...(Parts);
-  for (Place& place : places_) place.kind = keyNone;
-  std::size_t at = 0;
-  (Put(places_[at++], parts), ...);
-}
-
 void Key_i::Put(Place& place, casn const& number) {
   place.kind = keyCas;
   place.cas = static_cast<long>(number);  // validated again

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "store/format.h"
@@ -96,7 +97,13 @@ class Key_i final : public Key_p {
   };
 
   template <typename... Parts>
-  void Set(Parts const&... parts);
+  void Set(Parts const&... parts) {
+    direct_ = false;
+    count_ = sizeof...(Parts);
+    for (Place& place : places_) place.kind = keyNone;
+    std::size_t at = 0;
+    (Put(places_[at++], parts), ...);
+  }
   void Put(Place& place, casn const& number);
   void Put(Place& place, char const* id);
   void Put(Place& place, long number);

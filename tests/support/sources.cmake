@@ -1,2 +1,5 @@
 set(support_SOURCES
-    memory_file_system.cpp)
+    extent_model.cpp
+    failing_file_system.cpp
+    memory_file_system.cpp
+    tree_model.cpp)

@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "zelaccess/Casn.h"
+
+namespace zel {
+namespace {
+
+long Value(casn const& c) { return c; }
+std::string Text(casn const& c) { return static_cast<char const*>(c); }
+
+struct Row {
+  char const* text;
+  long value;
+  char const* printed;
+};
+
+TEST(Casn, TextsAreReadOrGiveTheEmptyNumber) {
+  constexpr Row kRows[] = {
+      {"7732-18-5", 7732185, "7732-18-5"},
+      {"64-17-5", 64175, "64-17-5"},
+      {"50-00-0", 50000, "50-00-0"},
+      {"1-1", 11, "0-01-1"},  // short, and right by the rule
+      {"7732-18-6", 0, ""},   // check digit
+      {"7732185", 0, ""},     // no dashes
+      {"77-3218-5", 0, ""},   // dashes in the wrong places
+      {" 7732-18-5", 0, ""},  // nothing is skipped
+      {"7732-18-5 ", 0, ""},
+      {"773x-18-5", 0, ""},
+      {"", 0, ""},
+      {"-", 0, ""},
+      {"9999999999999-99-9", 0, ""},  // wraps around
+  };
+  for (Row const& row : kRows) {
+    casn const c(row.text);
+    EXPECT_EQ(Value(c), row.value) << row.text;
+    EXPECT_EQ(Text(c), row.printed) << row.text;
+  }
+}
+
+TEST(Casn, IntegersAreValidatedByTheCheckDigit) {
+  EXPECT_EQ(Text(casn(7732185)), "7732-18-5");
+  EXPECT_EQ(Text(casn(7732185L)), "7732-18-5");
+  EXPECT_EQ(Text(casn(50000)), "50-00-0");
+  EXPECT_EQ(Value(casn(static_cast<short>(11))), 11);
+  for (long bad : {7732186L, 0L, -7732185L, 1L << 40, 7732185L + (1L << 32)}) {
+    EXPECT_EQ(Value(casn(bad)), 0) << bad;
+    EXPECT_EQ(Text(casn(bad)), "") << bad;
+  }
+}
+
+TEST(Casn, NullTextIsEmpty) { EXPECT_EQ(Value(casn(static_cast<char const*>(nullptr))), 0); }
+
+TEST(Casn, AssignmentReplacesBothForms) {
+  casn c("7732-18-5");
+  c = "64-17-5";
+  EXPECT_EQ(Value(c), 64175);
+  EXPECT_EQ(Text(c), "64-17-5");
+  c = 7732185L;
+  EXPECT_EQ(Text(c), "7732-18-5");
+  casn other;
+  other = c;
+  EXPECT_EQ(Text(other), "7732-18-5");
+  c = "nonsense";
+  EXPECT_EQ(Value(c), 0);
+  EXPECT_EQ(Text(c), "");
+}
+
+}  // namespace
+}  // namespace zel

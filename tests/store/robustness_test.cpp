@@ -1,0 +1,144 @@
+// Sessions whose n-th file operation fails, and files that hold only the first writes of a session.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <map>
+
+#include "store/lib_file.h"
+#include "store/packed_text.h"
+#include "tests/support/failing_file_system.h"
+#include "tests/support/memory_file_system.h"
+
+namespace zel {
+namespace {
+
+constexpr int kKeys = 30;
+
+void Put(BTree_i& tree, std::int32_t number) {
+  std::int32_t const key[10] = {number * 7 % 31, number};
+  std::int32_t const* found = nullptr;
+  if (tree.Find(key, found)) return;
+  tree.Insert(key, format::kNullAddress, format::kNullAddress);
+  std::int32_t* data = nullptr;
+  if (!tree.GetCurrentData(data)) return;
+  *data = number;
+  tree.WriteCurrentNode();
+}
+
+// Creates a library, fills the ID tree, deletes from it, writes a memo, and closes. Each step may
+// throw; the session goes on with the next.
+template <typename Step>
+void RunSession(platform::FileSystem& files, Step const& step) {
+  LibFile_i library(files, accUpdate, "/s.lb1", "s");
+  if (library.CreateNew(libKind11) != openOk) return;
+  for (int i = 0; i < kKeys; ++i) step([&] { Put(*library.GetCharIdTree(), i); });
+  step([&] { library.SetMemo("a memo"); });
+  step([&] { library.FlushLibFile(); });
+  for (int i = 0; i < kKeys; i += 5) {
+    step([&] {
+      std::int32_t const key[10] = {i * 7 % 31, i};
+      library.GetCharIdTree()->Delete(key);
+    });
+  }
+  step([&] { library.CloseLibFile(); });
+}
+
+std::map<std::int32_t, std::int32_t> Contents(LibFile_i& library) {
+  std::map<std::int32_t, std::int32_t> found;
+  BTree_i* tree = library.GetCharIdTree();
+  std::int32_t keyWords = 0;
+  std::int32_t dataWords = 0;
+  tree->WalkBegin(keyWords, dataWords);
+  std::int32_t const* entry = nullptr;
+  while (tree->WalkNext(entry)) found[entry[1]] = entry[2];
+  return found;
+}
+
+// Opening and walking ends, with a result or with a block error.
+void OpenAndWalk(platform::FileSystem& files) {
+  LibFile_i library(files, accRead, "/s.lb1", "s");
+  try {
+    if (library.OpenExisting({false, {}}, nullptr) != openOk) return;
+    for (auto const& [number, value] : Contents(library)) EXPECT_EQ(number, value);
+    char memo[4000];
+    library.GetMemo(memo);
+  } catch (unsigned long) {
+  }
+}
+
+TEST(Robustness, EveryFailingOperationEndsInAnErrorAndLeavesTheTreeTrue) {
+  test::MemoryFileSystem whole;
+  test::FailingFileSystem counter(whole);
+  RunSession(counter, [](auto const& action) { action(); });
+  int const operations = counter.Operations();
+  ASSERT_GT(operations, 50);
+  for (bool forEver : {false, true}) {
+    for (int n = 1; n <= operations; ++n) {
+      test::MemoryFileSystem files;
+      test::FailingFileSystem failing(files);
+      failing.FailAt(n, forEver);
+      int thrown = 0;
+      RunSession(failing, [&](auto const& action) {
+        try {
+          action();
+        } catch (unsigned long) {
+          ++thrown;
+        }
+      });
+      EXPECT_TRUE(thrown > 0 || n == 1 || !files.Exists("/s.lb1")) << "operation " << n;
+      failing.FailAt(0, false);
+      OpenAndWalk(files);
+    }
+  }
+}
+
+TEST(Robustness, BufferNeverGetsAheadOfTheFile) {
+  test::MemoryFileSystem files;
+  test::FailingFileSystem failing(files);
+  LibFile_i library(failing, accUpdate, "/s.lb1", "s");
+  ASSERT_EQ(library.CreateNew(libKind11), openOk);
+  for (int i = 0; i < 10; ++i) Put(*library.GetCharIdTree(), i);
+  failing.FailAt(1, true);
+  EXPECT_THROW(Put(*library.GetCharIdTree(), 11), unsigned long);
+  failing.FailAt(0, false);
+  auto const found = Contents(library);
+  EXPECT_EQ(found.size(), 10U);
+  EXPECT_EQ(found.count(11), 0U);
+}
+
+TEST(Robustness, AllocationWhoseTransferFailedIsTakenBack) {
+  test::MemoryFileSystem files;
+  test::FailingFileSystem failing(files);
+  LibFile_i library(failing, accUpdate, "/s.lb1", "s");
+  ASSERT_EQ(library.CreateNew(libKind11), openOk);
+  std::int32_t const words[24] = {};
+  failing.FailAt(1, true);
+  std::int32_t address = format::kNullAddress;
+  EXPECT_EQ(library.WriteBlock(address, 24, words, 1), -1);
+  EXPECT_EQ(address, format::kNullAddress);
+  failing.FailAt(0, false);
+  EXPECT_EQ(library.WriteBlock(address, 24, words, 1), 96);
+  EXPECT_EQ(address, 111000003) << "the same block as if nothing had happened";
+}
+
+TEST(Robustness, EveryPrefixOfASessionsWritesOpensSafely) {
+  test::MemoryFileSystem whole;
+  test::FailingFileSystem recorder(whole);
+  RunSession(recorder, [](auto const& action) { action(); });
+  test::MemoryFileSystem files;
+  for (auto const& write : recorder.Trace()) {
+    auto& bytes = files.Contents(write.path);
+    bytes.resize(std::max(bytes.size(), write.offset + write.bytes.size()));
+    std::copy(write.bytes.begin(), write.bytes.end(),
+              bytes.begin() + static_cast<long>(write.offset));
+    OpenAndWalk(files);
+  }
+  LibFile_i library(files, accRead, "/s.lb1", "s");
+  ASSERT_EQ(library.OpenExisting({false, {}}, nullptr), openOk);
+  EXPECT_EQ(Contents(library).size(), static_cast<std::size_t>(kKeys - kKeys / 5));
+}
+
+}  // namespace
+}  // namespace zel

@@ -1,0 +1,11 @@
+set(store_TEST_SOURCES
+    btree_dump_test.cpp
+    btree_model_test.cpp
+    btree_test.cpp
+    casn_test.cpp
+    extents_test.cpp
+    key_test.cpp
+    lib_file_test.cpp
+    packed_text_test.cpp
+    robustness_test.cpp
+    sharing_test.cpp)

@@ -1,0 +1,46 @@
+// A file system over another one, whose n-th operation fails - once, or that one and all behind it.
+// Operations are opens, reads, writes and flushes, counted from 1. Also keeps the trace of writes.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "frame/platform/block_file.h"
+
+namespace zel::test {
+
+class FailingFileSystem final : public platform::FileSystem {
+ public:
+  struct Write {
+    std::string path;
+    std::uint64_t offset;
+    std::vector<std::byte> bytes;
+  };
+
+  explicit FailingFileSystem(platform::FileSystem& real) : real_(real) {}
+
+  // 0: nothing fails.
+  void FailAt(int operation, bool forEver) {
+    failAt_ = operation;
+    forEver_ = forEver;
+    count_ = 0;
+  }
+  int Operations() const { return count_; }
+  std::vector<Write> const& Trace() const { return trace_; }
+
+  bool Exists(std::string const& path) override { return real_.Exists(path); }
+  platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override;
+
+ private:
+  class File;
+  // Counts an operation; true when it is to fail.
+  bool Fails();
+
+  platform::FileSystem& real_;
+  int failAt_ = 0;
+  bool forEver_ = false;
+  int count_ = 0;
+  std::vector<Write> trace_;
+};
+
+}  // namespace zel::test
