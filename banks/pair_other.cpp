@@ -126,7 +126,11 @@ class Azeo_i final : public TypedBank<AzeoItem, IZelAzeo> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kAzeoRows), kAzeoRows);
+    static FieldTable const fields = [] {
+      FieldTable table(1, std::size(kAzeoRows), kAzeoRows);
+      table.SetRecordLength(1, kBasisWord + 1);
+      return table;
+    }();
     return fields;
   }
 };

@@ -61,7 +61,10 @@ void OpenAndWalk(platform::FileSystem& files) {
   LibFile_i library(files, accRead, "/s.lb1", "s");
   try {
     if (library.OpenExisting({false, {}}, nullptr) != openOk) return;
-    for (auto const& [number, value] : Contents(library)) EXPECT_EQ(number, value);
+    // An entry stands with data of 0 from its insertion to the write of its data.
+    for (auto const& [number, value] : Contents(library)) {
+      EXPECT_TRUE(value == number || value == 0) << number;
+    }
     char memo[4000];
     library.GetMemo(memo);
   } catch (unsigned long) {

@@ -1,0 +1,6 @@
+set(banks_TEST_SOURCES
+    catalogue_test.cpp
+    framework_test.cpp
+    special_banks_test.cpp
+    typed_other_test.cpp
+    typed_pair_test.cpp)
