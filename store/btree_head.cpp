@@ -37,7 +37,8 @@ BTreeHead_i::BTreeHead_i(std::int32_t* record) noexcept
       nodeBase(record[f::kHeadNodeBase]),
       rootAddress(record[f::kHeadRootAddress]),
       record_(record) {
-  if (IsUsable()) entryDataWords = entryWords - keyWords;
+  bool const sound = keyWords >= 0 && entryWords >= keyWords && entryWords < f::kNodeRoom;
+  if (sound) entryDataWords = entryWords - keyWords;
 }
 
 BTreeHead_i::~BTreeHead_i() { WriteBack(); }

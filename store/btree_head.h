@@ -32,7 +32,7 @@ class BTreeHead_i {
   std::int32_t nodeWords = 0;
   std::int32_t entryWords = 0;
   std::int32_t keyWords = 0;
-  std::int32_t entryDataWords = 0;  // entryWords - keyWords
+  std::int32_t entryDataWords = 0;  // entryWords - keyWords; 0 where these cannot be true
   std::int32_t dataWords = 0;
   std::int32_t maxEntries = 0;
   std::int32_t nodeBase = 0;

@@ -1,0 +1,200 @@
+#include "tests/damage/sample_library.h"
+
+#include <cstdio>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+#include "maint/lib_maint.h"
+#include "store/key.h"
+#include "store/lib_file.h"
+
+namespace zel::test {
+namespace {
+
+// Gives every field of a bank values of its own.
+void FillBank(IZelBankDef* bank, std::int32_t format) {
+  char names[20][13];
+  char labels[20][20];
+  char units[20][20];
+  std::int32_t types[20];
+  std::int32_t counts[20];
+  std::int32_t n = 0;
+  bank->GetFieldCount(format, &n);
+  bank->GetFieldList(format, names, labels, types, counts, units);
+  double stamp = 0.0;
+  for (std::int32_t i = 0; i < n; ++i) {
+    auto const count = static_cast<std::size_t>(counts[i]);
+    if (types[i] == fieldReal) {
+      std::vector<double> values(count);
+      for (double& value : values) value = stamp += 1.25;
+      bank->SetDoubleField(names[i], values.data());
+    } else if (types[i] == fieldText) {
+      bank->SetStringField(names[i], "Text");
+    } else {
+      std::vector<std::int32_t> values(count);
+      for (std::int32_t& value : values) value = static_cast<std::int32_t>(stamp += 1.0);
+      bank->SetIntField(names[i], values.data());
+    }
+  }
+}
+
+void WriteOneItem(LibMaint_i& maint, char const* type, std::int32_t format, std::int32_t number) {
+  Held<IZelBankDef> const bank(NewBank(type));
+  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  BlockInfo const info(io.Get());
+  std::string const name = "B" + std::to_string(format);
+  if (!maint.CreateBank(type, name.c_str(), format)) throw std::logic_error(type);
+  FillBank(bank.Get(), format);
+  Key_i key;
+  std::int32_t const words[] = {number, number + 1, number + 2, number + 3};
+  key.SetKeyWords(info.keyWords, words);
+  if (!maint.WriteItem(bank.Get(), name.c_str(), &key)) throw std::logic_error(type);
+}
+
+// The words of the item that a bank holds.
+std::string ItemText(IZelBankDef* bank, std::int32_t format) {
+  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  std::int32_t words = 0;
+  bank->GetRecordLength(format, &words);
+  std::vector<std::int32_t> block(static_cast<std::size_t>(words));
+  io->WriteBlock(block.data(), format);
+  std::string text;
+  for (std::int32_t word : block) text += std::to_string(word) + ' ';
+  return text;
+}
+
+class Reader {
+ public:
+  Reader(LibFile_i& library, Finding& finding)
+      : library_(library), finding_(finding), sink_(std::fopen("/dev/null", "w")) {}
+  Reader(Reader const&) = delete;
+  Reader& operator=(Reader const&) = delete;
+  ~Reader() { std::fclose(sink_); }
+
+  void Run() {
+    Guarded([&] { Texts(); });
+    Guarded([&] { Ids(); });
+    Guarded([&] { Banks(); });
+  }
+
+ private:
+  // No damage makes a library hand out more than its files can hold.
+  static constexpr int kMostSteps = 5000;
+
+  template <typename Action>
+  bool Guarded(Action const& action) {
+    try {
+      action();
+      return true;
+    } catch (unsigned long) {
+      finding_.threw = true;
+      return false;
+    }
+  }
+
+  void Texts() {
+    char text[4000];
+    char version[13];
+    std::int32_t a = 0;
+    std::int32_t b = 0;
+    library_.GetDescriptionAndVersion(text, version);
+    library_.GetPassword(a, text);
+    library_.GetReservedWords(a, b);
+    library_.GetMemo(text);
+  }
+
+  void Ids() {
+    LibMaint_i maint(&library_);
+    std::int32_t number = 0;
+    char id[9];
+    maint.BeginIdWalk();
+    for (int i = 0; maint.NextId(number, id); ++i) Bound(i);
+  }
+
+  void Banks() {
+    LibMaint_i maint(&library_);
+    char type[9];
+    char name[9];
+    maint.BeginBankWalk();
+    for (int i = 0; maint.NextBank(type, name); ++i) {
+      Bound(i);
+      OneBank(type, name);
+    }
+  }
+
+  void OneBank(char const* type, char const* name) {
+    std::string& text = finding_.banks[std::string(type) + ":" + name];
+    bool const whole = Guarded([&] {
+      LibMaint_i maint(&library_);
+      Held<IZelBankDef> const bank(NewBank(type));
+      if (!bank) return;
+      char memo[4000];
+      maint.GetBankMemo(type, name, memo);
+      std::int32_t const format = std::max(1, maint.GetBankFormat(type, name));
+      std::vector<std::vector<std::int32_t>> keys;
+      std::int32_t words[10] = {};
+      maint.BeginItemWalk(type, name);
+      for (int i = 0; maint.NextItem(words, bank.Get()); ++i) {
+        Bound(i);
+        text += ItemText(bank.Get(), format) + '|';
+        if (keys.size() < 3) keys.emplace_back(words, words + 10);
+      }
+      Key_i key;
+      auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+      for (auto const& item : keys) {
+        key.SetKeyWords(BlockInfo(io.Get()).keyWords, item.data());
+        maint.ReadItem(bank.Get(), name, &key);
+      }
+      maint.DumpBankTree(type, name, 0, sink_, -1);
+    });
+    if (!whole) text += "error";
+  }
+
+  static void Bound(int steps) {
+    if (steps > kMostSteps) throw std::logic_error("a walk without end");
+  }
+
+  LibFile_i& library_;
+  Finding& finding_;
+  std::FILE* sink_;
+};
+
+}  // namespace
+
+void MakeSampleLibrary(MemoryFileSystem& files) {
+  LibFile_i library(files, accUpdate, kSamplePath, "sample");
+  library.CreateNew(libKind11);
+  library.SetDescriptionAndVersion("A library of all types", "1");
+  library.SetMemo("memo");
+  LibMaint_i maint(&library);
+  char list[50][9];
+  GetBankTypeList(50, list);
+  std::int32_t number = 100;
+  for (auto const& type : list) {
+    Held<IZelBankDef> const bank(NewBank(type));
+    if (!bank) continue;
+    std::int32_t const formats =
+        BlockInfo(Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO).Get()).formatCount;
+    for (std::int32_t format = 1; format <= formats; ++format) {
+      WriteOneItem(maint, type, format, number += 10);
+    }
+  }
+  library.CloseLibFile();
+}
+
+Finding ReadEverything(MemoryFileSystem& files) {
+  Finding finding;
+  LibFile_i library(files, accRead, kSamplePath, "sample");
+  try {
+    libTypes type{};
+    finding.openError = library.OpenExisting({true, ""}, &type);
+  } catch (unsigned long) {
+    finding.threw = true;
+    finding.openError = openFailed;
+  }
+  if (finding.openError == openOk) Reader(library, finding).Run();
+  return finding;
+}
+
+}  // namespace zel::test

@@ -1,0 +1,30 @@
+// A small library that holds every bank type, and a reader that looks at all that is in it.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "tests/support/memory_file_system.h"
+
+namespace zel::test {
+
+inline constexpr char kSamplePath[] = "/sample.lb1";
+inline constexpr char kSamplePath2[] = "/sample.lb2";
+
+// One bank per type and format, one item each, in memory.
+void MakeSampleLibrary(MemoryFileSystem& files);
+
+// What a reader found: per bank a text that holds all words of its items, or the word "error" with
+// the address of a block error. Opening alone can fail too.
+struct Finding {
+  int openError = 0;
+  bool threw = false;
+  std::map<std::string, std::string> banks;
+};
+
+// Opens, walks IDs, banks and items, reads every item by its key, prints every tree, reads memos
+// and texts, and asks for the status. Never throws.
+Finding ReadEverything(MemoryFileSystem& files);
+
+}  // namespace zel::test
