@@ -54,11 +54,11 @@ std::vector<Pair> KeysOf(std::vector<Item> const& items);
 // touch them; an absent key gives kAbsent, which is the sum of no item.
 inline constexpr std::uint64_t kAbsent = 0;
 inline std::uint64_t SumOf(void const* data) noexcept {
-  Data words;
+  std::array<std::uint64_t, kDataWords / 2> words;
   std::memcpy(words.data(), data, sizeof words);
-  std::uint32_t sum = 0;
-  for (std::int32_t word : words) sum += static_cast<std::uint32_t>(word);
-  return std::uint64_t{sum} | std::uint64_t{1} << 32;
+  std::uint64_t sum = 0;
+  for (std::uint64_t word : words) sum += word;
+  return sum | 1;
 }
 
 // Of an item in its place, for telling whether two stores hold the same in the same order.

@@ -1,0 +1,6 @@
+set(maint_TEST_SOURCES
+    banks_test.cpp
+    items_test.cpp
+    maint_fixture.cpp
+    numbers_test.cpp
+    walks_test.cpp)

@@ -1,0 +1,135 @@
+// Walks over IDs, banks and items.
+#include "tests/maint/maint_fixture.h"
+
+namespace zel {
+namespace {
+
+class WalksTest : public test::MaintTest {
+ protected:
+  std::vector<std::string> Banks(char const* filter) {
+    std::vector<std::string> found;
+    char type[9];
+    char name[9];
+    Maint().BeginBankWalk(filter);
+    while (Maint().NextBank(type, name)) found.push_back(std::string(type) + ":" + name);
+    EXPECT_STREQ(type, "");
+    EXPECT_STREQ(name, "");
+    return found;
+  }
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(WalksTest, BanksComeInDirectoryOrderWithoutTheirMark) {
+  Maint().CreateBank("NRTLLL", "B", 2);
+  Maint().CreateBank("NRTL", "B", 2);
+  Maint().CreateBank("NRTL", "A", 1);
+  Maint().CreateBank("AZEOTROP", "C", 0);
+  // By packed value: the mark behind NRTL sorts behind the letter L.
+  EXPECT_EQ(Banks(""), (Names{"AZEOTROP:C", "NRTL:A", "NRTLLL:B", "NRTL:B"}));
+  EXPECT_EQ(Banks("NRTL"), (Names{"NRTL:A", "NRTL:B"}));
+  EXPECT_EQ(Banks("nrtl"), Names{}) << "the filter compares exactly";
+  EXPECT_EQ(Banks(nullptr).size(), 4U);
+}
+
+TEST_F(WalksTest, IdsComeWithTheirNumbers) {
+  AddId("WATER", 12);
+  AddId("ETHANOL", 7);
+  Maint().BeginIdWalk();
+  std::int32_t number = 0;
+  char id[9];
+  ASSERT_TRUE(Maint().NextId(number, id));
+  EXPECT_STREQ(id, "ETHANOL");
+  EXPECT_EQ(number, 7);
+  ASSERT_TRUE(Maint().NextId(number, id));
+  EXPECT_STREQ(id, "WATER");
+  EXPECT_EQ(number, 12);
+  EXPECT_FALSE(Maint().NextId(number, id));
+  EXPECT_STREQ(id, "");
+  EXPECT_EQ(number, 0);
+  EXPECT_FALSE(Maint().NextId(number, id)) << "and again";
+}
+
+TEST_F(WalksTest, ItemsComeInKeyOrderWithTheirData) {
+  Maint().CreateBank("VANLAAR", "A", 0);
+  for (long i : {5L, 1L, 9L, 3L}) {
+    SetAij(double(i), 0);
+    key_.SetKey(i, 100L);
+    Maint().WriteItem(vanLaar_.Get(), "A", &key_);
+  }
+  ASSERT_TRUE(Maint().BeginItemWalk("vanlaar", "a"));
+  std::int32_t words[10];
+  for (std::int32_t i : {1, 3, 5, 9}) {
+    ASSERT_TRUE(Maint().NextItem(words, vanLaar_.Get()));
+    EXPECT_EQ(words[0], i);
+    EXPECT_EQ(words[1], 100);
+    EXPECT_EQ(Aij(), double(i));
+    char source[260];
+    std::uint8_t flag = 0;
+    vanLaar_->GetSource(source, &flag);
+    EXPECT_STREQ(source, "") << "a walk sets no source";
+  }
+  EXPECT_FALSE(Maint().NextItem(words, vanLaar_.Get()));
+  EXPECT_EQ(words[0], 0);
+  EXPECT_TRUE(Maint().BeginItemWalk("VANLAAR", "A"));
+  ASSERT_TRUE(Maint().NextItemKey(words));
+  EXPECT_EQ(words[0], 1);
+  EXPECT_FALSE(Maint().RewriteItem(vanLaar_.Get()));
+  EXPECT_FALSE(Maint().BeginItemWalk("VANLAAR", "NONE"));
+  EXPECT_FALSE(Maint().NextItemKey(words));
+}
+
+TEST_F(WalksTest, BankOfAnotherTypeGetsNoItem) {
+  Maint().CreateBank("VANLAAR", "A", 0);
+  SetAij(1, 2);
+  key_.SetKey(1L, 2L);
+  Maint().WriteItem(vanLaar_.Get(), "A", &key_);
+  Held<IZelBankDef> const other(NewBank("UNIQUAC"));
+  std::int32_t words[10];
+  Maint().BeginItemWalk("VANLAAR", "A");
+  EXPECT_FALSE(Maint().NextItem(words, other.Get()));
+  EXPECT_FALSE(Maint().NextItem(words, nullptr));
+  EXPECT_TRUE(Maint().NextItem(words, vanLaar_.Get())) << "the walk has not moved";
+}
+
+TEST_F(WalksTest, OnlyTheCurrentWalkGoesOn) {
+  Maint().CreateBank("VANLAAR", "A", 0);
+  AddId("WATER", 12);
+  std::int32_t number = 0;
+  std::int32_t words[10];
+  char id[9];
+  char name[9];
+  EXPECT_FALSE(Maint().NextId(number, id)) << "none was begun";
+  Maint().BeginIdWalk();
+  EXPECT_FALSE(Maint().NextBank(id, name));
+  EXPECT_FALSE(Maint().NextItemKey(words));
+  EXPECT_TRUE(Maint().NextId(number, id));
+  Maint().BeginBankWalk();
+  EXPECT_FALSE(Maint().NextId(number, id));
+  EXPECT_TRUE(Maint().NextBank(id, name));
+  Maint().EndBankWalk();
+  EXPECT_FALSE(Maint().NextBank(id, name));
+  Maint().BeginIdWalk();
+  Maint().ItemExists(vanLaar_.Get(), "A", &key_);
+  EXPECT_FALSE(Maint().NextId(number, id)) << "an item access ends a walk";
+}
+
+TEST_F(WalksTest, TwoObjectsOnOneReaderWalkIndependently) {
+  for (char const* name : {"A", "B", "C"}) Maint().CreateBank("VANLAAR", name, 0);
+  Reopen(accRead);
+  LibMaint_i other(&Library());
+  char type[9];
+  char first[9];
+  char second[9];
+  Maint().BeginBankWalk();
+  other.BeginBankWalk();
+  for (char const* name : {"A", "B", "C"}) {
+    ASSERT_TRUE(Maint().NextBank(type, first));
+    ASSERT_TRUE(other.NextBank(type, second));
+    EXPECT_STREQ(first, name);
+    EXPECT_STREQ(second, name);
+  }
+}
+
+}  // namespace
+}  // namespace zel
