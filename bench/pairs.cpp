@@ -18,18 +18,18 @@ struct Range {
   int decimals;
 };
 constexpr std::array<Range, kFloats> kRanges = {{
-    {273.15, 320.0, 2},     // tMin, K
-    {330.0, 480.0, 2},      // tMax, K
-    {1.0, 101.325, 3},      // pMin, kPa
-    {101.325, 2000.0, 3},   // pMax, kPa
-    {-12.0, 12.0, 5},       // aij
-    {-2500.0, 2500.0, 3},   // bij, K
-    {-0.5, 0.5, 6},         // cij
-    {-12.0, 12.0, 5},       // aji
-    {-2500.0, 2500.0, 3},   // bji, K
-    {-0.5, 0.5, 6},         // cji
-    {0.1, 0.5, 4},          // alphaij
-    {-0.001, 0.001, 7},     // betaij, 1/K
+    {273.15, 320.0, 2},    // tMin, K
+    {330.0, 480.0, 2},     // tMax, K
+    {1.0, 101.325, 3},     // pMin, kPa
+    {101.325, 2000.0, 3},  // pMax, kPa
+    {-12.0, 12.0, 5},      // aij
+    {-2500.0, 2500.0, 3},  // bij, K
+    {-0.5, 0.5, 6},        // cij
+    {-12.0, 12.0, 5},      // aji
+    {-2500.0, 2500.0, 3},  // bji, K
+    {-0.5, 0.5, 6},        // cji
+    {0.1, 0.5, 4},         // alphaij
+    {-0.001, 0.001, 7},    // betaij, 1/K
 }};
 constexpr std::size_t kPressureMin = 2;
 constexpr std::size_t kPressureMax = 3;

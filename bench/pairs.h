@@ -1,7 +1,8 @@
 // The items that all stores under measurement hold, and the keys that they are asked for.
 //
 // An item is a pair of components in the form of an NRTL bank: a key of two component numbers, the
-// smaller first, and 14 words of data. Word 0 is 0, words 1 to 12 are floats, word 13 is an integer.
+// smaller first, and 14 words of data. Word 0 is 0, words 1 to 12 are floats, word 13 is an
+// integer.
 #pragma once
 
 #include <algorithm>

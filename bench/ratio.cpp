@@ -64,9 +64,8 @@ void RatioTable::PrintTitles() const {
 
 void RatioTable::PrintRow(Row const& row) const {
   std::printf(markdown_ ? kMarkdownRow : kTextRow, row.comparison.what.c_str(),
-              row.comparison.peerName.c_str(), row.project, row.peer, row.ratio,
-              row.lowerQuartile, row.upperQuartile, TextOf(row.comparison.target).c_str(),
-              row.Verdict());
+              row.comparison.peerName.c_str(), row.project, row.peer, row.ratio, row.lowerQuartile,
+              row.upperQuartile, TextOf(row.comparison.target).c_str(), row.Verdict());
   std::fflush(stdout);
 }
 
@@ -87,8 +86,12 @@ void RatioTable::Compare(Comparison const& comparison) {
     ratios.push_back(project.nanoseconds / peer.nanoseconds);
   }
   std::sort(ratios.begin(), ratios.end());
-  Row const row{comparison, Median(peers), Median(projects), Quantile(ratios, 0.5),
-                Quantile(ratios, 0.25), Quantile(ratios, 0.75)};
+  Row const row{comparison,
+                Median(peers),
+                Median(projects),
+                Quantile(ratios, 0.5),
+                Quantile(ratios, 0.25),
+                Quantile(ratios, 0.75)};
   missed_ += row.Missed() ? 1 : 0;
   PrintRow(row);
 }

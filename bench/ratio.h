@@ -2,8 +2,8 @@
 //
 // A single time says as much about the machine and what else it does as about the code. So a
 // comparison is made of rounds: in each the peer runs, then the project, on the same keys, and the
-// round gives one ratio. The median of the round ratios is the result; the quartiles tell how far to
-// trust it. The first round warms caches and is dropped.
+// round gives one ratio. The median of the round ratios is the result; the quartiles tell how far
+// to trust it. The first round warms caches and is dropped.
 #pragma once
 
 #include <chrono>

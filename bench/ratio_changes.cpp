@@ -72,8 +72,8 @@ void CompareLoads(RatioTable& table, std::filesystem::path const& folder, std::s
   Target const limit = Target::Ratio(kLoadLimit);
   for (bool const ascending : {true, false}) {
     std::vector<Item> const& source = ascending ? ordered : shuffled;
-    std::string const order = (ascending ? " in key order, " : " in random order, ") +
-                              SizeText(items);
+    std::string const order =
+        (ascending ? " in key order, " : " in random order, ") + SizeText(items);
     auto const loads = [&](auto& store) {
       return LoadsOf(items, store, [&, ascending] { store.Load(source, ascending); });
     };

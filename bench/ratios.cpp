@@ -1,7 +1,6 @@
 // bench_ratios: the project beside its peers, as ratios; see docs/performance.md.
 #include <lmdb.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -9,7 +8,9 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "bench/own_folder.h"
 #include "bench/ratio_cases.h"
 
 namespace {
@@ -57,25 +58,6 @@ Options OptionsOf(int count, char** arguments) {
   return options;
 }
 
-// A folder of this run's own, removed at its end.
-class OwnFolder {
- public:
-  explicit OwnFolder(std::filesystem::path const& parent)
-      : path_(parent / ("zel-bench-" + std::to_string(::getpid()))) {
-    std::filesystem::create_directory(path_);
-  }
-  OwnFolder(OwnFolder const&) = delete;
-  OwnFolder& operator=(OwnFolder const&) = delete;
-  ~OwnFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  std::filesystem::path const& Path() const noexcept { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
 int Run(Options const& options) {
   using namespace zel::bench;
   OwnFolder const folder(options.folder);
@@ -112,8 +94,9 @@ int main(int count, char** arguments) {
 #ifndef NDEBUG
   std::fputs("Built with assertions: the numbers mean little.\n", stderr);
 #endif
-  std::printf("Peers: %s; SQLite %s. Nobody syncs. Ratio: median of %d rounds of peer, project.\n\n",
-              mdb_version(nullptr, nullptr, nullptr), sqlite3_libversion(), options.rounds);
+  std::printf(
+      "Peers: %s; SQLite %s. Nobody syncs. Ratio: median of %d rounds of peer, project.\n\n",
+      mdb_version(nullptr, nullptr, nullptr), sqlite3_libversion(), options.rounds);
   try {
     return Run(options);
   } catch (std::exception const& failure) {

@@ -152,9 +152,9 @@ std::uint64_t SqliteStore::Walk() {
 std::uint64_t SqliteStore::Hash() {
   std::uint64_t hash = 0;
   ForEach([&](void const* data) {
-    Pair const key = table_ == SqliteTable::kRowId
-                         ? PairOf(sqlite3_column_int64(statement_, 1))
-                         : Pair{sqlite3_column_int(statement_, 1), sqlite3_column_int(statement_, 2)};
+    Pair const key = table_ == SqliteTable::kRowId ? PairOf(sqlite3_column_int64(statement_, 1))
+                                                   : Pair{sqlite3_column_int(statement_, 1),
+                                                          sqlite3_column_int(statement_, 2)};
     hash = HashOf(hash, key, data);
   });
   return hash;

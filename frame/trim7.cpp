@@ -15,31 +15,67 @@ constexpr std::array<double, kExactPowers + 1> kPowers = {
     1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
     1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-constexpr double kSevenDigits = 1e6;   // smallest number of seven digits
-constexpr double kEightDigits = 1e7;
-// The scaled number is off by less than 1e-8. Nearer than this to a half the text decides.
+// Nearer than this to a half the text decides; the scaled number is off by less than 1e-8.
 constexpr double kNearHalf = 1e-6;
 
-// Power of ten that brings a float with the given binary exponent field to seven digits, or to six
-// or eight where the exponent alone cannot tell.
-constexpr std::array<std::int8_t, 256> MakeScales() {
-  std::array<std::int8_t, 256> scales{};
+// The value that marks fields without data, the most frequent of all: beyond the exact powers, and
+// known beforehand.
+constexpr std::uint32_t kUndefinedBits = 0xF99A130C;
+constexpr double kUndefined = -1e35;
+
+// A scale by a power of ten in one step that holds no branch: one factor and one divisor, one of
+// them 1. Index 0 is the lowest power.
+struct ScaleStep {
+  double factor;
+  double divisor;
+};
+constexpr ScaleStep StepFor(int power) {
+  return power >= 0 ? ScaleStep{kPowers[static_cast<std::size_t>(power)], 1.0}
+                    : ScaleStep{1.0, kPowers[static_cast<std::size_t>(-power)]};
+}
+constexpr std::array<ScaleStep, 2 * kExactPowers + 1> MakeSteps() {
+  std::array<ScaleStep, 2 * kExactPowers + 1> steps{};
+  for (int p = -kExactPowers; p <= kExactPowers; ++p) {
+    steps[static_cast<std::size_t>(p + kExactPowers)] = StepFor(p);
+  }
+  return steps;
+}
+constexpr std::array<ScaleStep, 2 * kExactPowers + 1> kSteps = MakeSteps();
+
+// By the binary exponent field of a float: the power of ten that brings the smallest float of that
+// field to seven digits, and the power of ten from which on one less does. Fields whose floats need
+// powers that a double does not hold exactly have power kNoPower.
+struct FieldScale {
+  double next;
+  int power;
+};
+constexpr int kNoPower = 99;
+
+constexpr std::array<FieldScale, 256> MakeScales() {
+  std::array<FieldScale, 256> scales{};
   for (int field = 0; field < 256; ++field) {
-    // floor((field - 127) log10 2), in integers.
+    FieldScale& scale = scales[static_cast<std::size_t>(field)];
+    scale = {0.0, kNoPower};
     int const e2 = field - 127;
-    int const scaled = e2 * 30103;
-    int const e10 = scaled >= 0 ? scaled / 100000 : -((-scaled + 99999) / 100000);
-    scales[static_cast<std::size_t>(field)] = static_cast<std::int8_t>(6 - e10);
+    if (field == 0 || e2 > 72 || e2 < -52) continue;
+    double smallest = 1.0;
+    for (int i = 0; i < e2; ++i) smallest *= 2.0;
+    for (int i = 0; i > e2; --i) smallest /= 2.0;
+    int e10 = -17;  // of the smallest float: 10^e10 <= smallest
+    while (e10 < kExactPowers &&
+           (e10 + 1 >= 0 ? kPowers[static_cast<std::size_t>(e10 + 1)]
+                         : 1.0 / kPowers[static_cast<std::size_t>(-e10 - 1)]) <= smallest) {
+      ++e10;
+    }
+    int const power = 6 - e10;
+    if (power > kExactPowers || power - 1 < -kExactPowers || e10 + 1 > kExactPowers) continue;
+    double const next = e10 + 1 >= 0 ? kPowers[static_cast<std::size_t>(e10 + 1)]
+                                     : 1.0 / kPowers[static_cast<std::size_t>(-e10 - 1)];
+    scale = {next, power};
   }
   return scales;
 }
-
-constexpr std::array<std::int8_t, 256> kScales = MakeScales();
-
-double Scale(double x, int power) noexcept {
-  return power >= 0 ? x * kPowers[static_cast<std::size_t>(power)]
-                    : x / kPowers[static_cast<std::size_t>(-power)];
-}
+constexpr std::array<FieldScale, 256> kScales = MakeScales();
 
 double TrimByText(double value) noexcept {
   char text[32];
@@ -55,21 +91,23 @@ double Trim7(float value) noexcept {
   auto const bits = std::bit_cast<std::uint32_t>(value);
   std::uint32_t const field = bits >> 23 & 0xFF;
   double const exact = value;
-  if ((bits & 0x7FFFFFFF) == 0 || field == 0xFF) return exact;  // zero, infinite, not a number
-  int power = kScales[field];
-  if (field == 0 || power >= kExactPowers || power <= -kExactPowers) return TrimByText(exact);
-  double const magnitude = std::fabs(exact);
-  double scaled = Scale(magnitude, power);
-  if (scaled >= kEightDigits) {
-    scaled = Scale(magnitude, --power);
-  } else if (scaled < kSevenDigits) {
-    scaled = Scale(magnitude, ++power);
+  FieldScale const& scale = kScales[field];
+  if (scale.power == kNoPower) {
+    bool const zeroOrNoNumber = (bits & 0x7FFFFFFF) == 0 || field == 0xFF;
+    if (zeroOrNoNumber) return exact;
+    return bits == kUndefinedBits ? kUndefined : TrimByText(exact);
   }
-  double const digits = static_cast<double>(static_cast<std::int64_t>(scaled));
-  double const fraction = scaled - digits;
+  double const magnitude = std::fabs(exact);
+  int const power = scale.power - (magnitude >= scale.next ? 1 : 0);
+  ScaleStep const& up = kSteps[static_cast<std::size_t>(power + kExactPowers)];
+  double const scaled = magnitude * up.factor / up.divisor;
+  auto const digits = static_cast<std::int64_t>(scaled);
+  double const fraction = scaled - static_cast<double>(digits);
   if (std::fabs(fraction - 0.5) < kNearHalf) return TrimByText(exact);
-  double const rounded = fraction > 0.5 ? digits + 1.0 : digits;
-  return std::copysign(Scale(rounded, -power), exact);  // one correctly rounded step
+  double const rounded = static_cast<double>(static_cast<std::int64_t>(scaled + 0.5));
+  // One of the two steps is by 1, so the result is rounded once.
+  ScaleStep const& down = kSteps[static_cast<std::size_t>(kExactPowers - power)];
+  return std::copysign(rounded * down.factor / down.divisor, exact);
 }
 
 }  // namespace zel

@@ -62,9 +62,10 @@ class BlockStore {
   void FreeBlock(std::int32_t& address, std::int32_t words);
   // Throws `address` unless the store is open for update.
   void CheckWritable(std::int32_t address) const;
-  // A block run in place, for a library open for reading whose file is mapped; null otherwise, and
-  // when some of it lies behind the end of the file. Stays valid until the file is closed. Throws
-  // like ReadBlock.
+  // A block run in place, for a library open for reading whose file is mapped; null otherwise, when
+  // some of it lies behind the end of the file, and for the first few calls: a host that opens,
+  // reads an item and closes is served sooner by copies than by a map. Stays valid until the file
+  // is closed. Throws like ReadBlock.
   std::int32_t const* View(std::int32_t address, std::int32_t words) {
     std::uint32_t const block =
         static_cast<std::uint32_t>(address) - static_cast<std::uint32_t>(nodeFile_.firstAddress);
@@ -118,6 +119,7 @@ class BlockStore {
   std::int32_t fileCount_ = 0;
   std::array<FileSlot, format::kFileSlots> slots_;
   NodeFile nodeFile_;
+  int viewsAskedFor_ = 0;
   ExtentList extents_;
   NodePool nodes_;
 };

@@ -69,7 +69,16 @@ class BTree_i {
   // In-order walk: gives key and data length (0 and 0 for an empty tree), then WalkNext gives entry
   // after entry, key first. Other operations in between end the walk's meaning.
   void WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords);
-  bool WalkNext(std::int32_t const*& entry);
+  bool WalkNext(std::int32_t const*& entry) {
+    if (walkLeft_ > 0 && *walkLink_ == format::kNullAddress) {  // the next entry of a leaf
+      entry = walkLink_ + 1;
+      walkLink_ += width_;
+      --walkLeft_;
+      ++level_[current_].index;
+      return true;
+    }
+    return WalkOn(entry);
+  }
 
   // -1, 0 or 1.
   int CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept;
@@ -79,10 +88,10 @@ class BTree_i {
 
  private:
   struct Level {
-    std::int32_t address;         // of the node held, null for none
-    std::int32_t index;           // position: the current entry, or the one in front of the link
-    std::int32_t const* words;    // the node, here or in place
-    NodeImage* own;               // this level's copy, from the pool; null until needed
+    std::int32_t address;       // of the node held, null for none
+    std::int32_t index;         // position: the current entry, or the one in front of the link
+    std::int32_t const* words;  // the node, here or in place
+    NodeImage* own;             // this level's copy, from the pool; null until needed
   };
   enum class WalkState : std::uint8_t { kEnded, kAtLink, kAtEntry };
   static constexpr int kNoLevel = -1;
@@ -107,6 +116,10 @@ class BTree_i {
   void ForgetAll() noexcept;
   int Search(std::int32_t const* words, std::int32_t const* key, bool& found) const noexcept;
 
+  // Walk (btree_walk.cpp).
+  bool WalkOn(std::int32_t const*& entry);
+  void EndWalk() noexcept;
+
   // Insertion (btree_insert.cpp).
   void WriteNode(std::int32_t& address, std::int32_t const* words);
   void InsertEntry(int level, std::int32_t const* entry, std::int32_t left, std::int32_t right,
@@ -129,14 +142,17 @@ class BTree_i {
 
   BlockStore& store_;
   BTreeHead_i head_;
-  int width_;                 // words of an entry and the link behind it
-  int levels_ = 0;            // buffers made
-  int current_ = kNoLevel;    // the position's level
-  bool atEntry_ = false;      // the position is an entry, not a place between entries
+  int width_;               // words of an entry and the link behind it
+  int levels_ = 0;          // buffers made
+  int current_ = kNoLevel;  // the position's level
+  bool atEntry_ = false;    // the position is an entry, not a place between entries
   WalkState walk_ = WalkState::kEnded;
   std::int64_t walkVisits_ = 0;
   std::int64_t walkBound_ = 0;
-  Level level_[kMaxDepth];    // only the first levels_ are in use
+  // While the walk stands behind an entry: the link right of it, and the entries left in the node.
+  std::int32_t const* walkLink_ = nullptr;
+  std::int32_t walkLeft_ = 0;
+  Level level_[kMaxDepth];  // only the first levels_ are in use
 };
 
 }  // namespace zel

@@ -68,6 +68,7 @@ void BTree_i::Forget(std::int32_t address, Level const* except) noexcept {
 }
 
 void BTree_i::ForgetAll() noexcept {
+  EndWalk();
   for (int k = 0; k < levels_; ++k) {
     if (level_[k].own != nullptr) {
       store_.Nodes().GiveBack(std::unique_ptr<NodeImage>(level_[k].own));
@@ -94,14 +95,15 @@ struct OneWord {
 struct TwoWords {
   static std::int64_t At(std::int32_t const* key) noexcept {
     auto const low = static_cast<std::uint32_t>(key[1]) ^ 0x80000000U;
-    return static_cast<std::int64_t>(static_cast<std::uint64_t>(static_cast<std::int64_t>(key[0]))
-                                         << 32 | low);
+    return static_cast<std::int64_t>(
+        static_cast<std::uint64_t>(static_cast<std::int64_t>(key[0])) << 32 | low);
   }
 };
 
 // The last of `count` entries whose key is at most `key`, 0 when there is none. In each of three
-// rounds the key is compared with at most seven entries that lie 64, 8 and 1 apart. Their cache lines
-// do not wait for each other, which a binary search's do; out of the cache that is twice as fast.
+// rounds the key is compared with at most seven entries that lie 64, 8 and 1 apart. Their cache
+// lines do not wait for each other, which a binary search's do; out of the cache that is twice as
+// fast.
 template <typename KeyForm>
 int LastNotAbove(std::int32_t const* entries, int width, int count, std::int64_t key) noexcept {
   std::int32_t const* base = entries - width;  // entry 0, never looked at
@@ -158,7 +160,7 @@ int BTree_i::Search(std::int32_t const* words, std::int32_t const* key,
 bool BTree_i::Find(std::int32_t const* key, std::int32_t const*& data) {
   current_ = kNoLevel;
   atEntry_ = false;
-  walk_ = WalkState::kEnded;
+  EndWalk();
   if (head_.rootAddress == format::kNullAddress) return false;
   CheckHead();
   std::int32_t address = head_.rootAddress;
@@ -185,7 +187,9 @@ bool BTree_i::Find(std::int32_t const* key, std::int32_t const*& data) {
 bool BTree_i::GetCurrentData(std::int32_t*& data) {
   if (current_ == kNoLevel || !atEntry_) return false;
   Level& level = level_[current_];
+  std::int32_t const* before = level.words;
   data = Own(level) + EntryAt(level.index) + head_.keyWords;
+  if (walkLeft_ > 0) walkLink_ += level.words - before;  // the walk goes on in the copy
   return true;
 }
 

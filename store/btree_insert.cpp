@@ -65,8 +65,8 @@ void BTree_i::PutIntoNode(Level& level, std::int32_t const* entry, std::int32_t 
   int const count = node[f::kNodeCount];
   int const i = level.index;
   std::int32_t* place = node + EntryAt(i + 1);
-  std::memmove(place + width_, place, sizeof(std::int32_t) * std::size_t(count - i) *
-                                          static_cast<std::size_t>(width_));
+  std::memmove(place + width_, place,
+               sizeof(std::int32_t) * std::size_t(count - i) * static_cast<std::size_t>(width_));
   node[LinkAt(i)] = left;
   std::copy_n(entry, head_.entryWords, place);
   node[LinkAt(i + 1)] = right;

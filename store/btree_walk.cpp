@@ -5,10 +5,15 @@ namespace zel {
 
 namespace f = format;
 
+void BTree_i::EndWalk() noexcept {
+  walk_ = WalkState::kEnded;
+  walkLeft_ = 0;
+}
+
 void BTree_i::WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords) {
   current_ = kNoLevel;
   atEntry_ = false;
-  walk_ = WalkState::kEnded;
+  EndWalk();
   keyWords = 0;
   dataWords = 0;
   if (head_.rootAddress == f::kNullAddress) return;
@@ -22,8 +27,9 @@ void BTree_i::WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords) {
   walk_ = WalkState::kAtLink;
 }
 
-bool BTree_i::WalkNext(std::int32_t const*& entry) {
+bool BTree_i::WalkOn(std::int32_t const*& entry) {
   entry = nullptr;
+  walkLeft_ = 0;
   if (walk_ == WalkState::kEnded) return false;
   for (;;) {
     Level& level = level_[current_];
@@ -46,12 +52,14 @@ bool BTree_i::WalkNext(std::int32_t const*& entry) {
       entry = level.words + EntryAt(level.index);
       atEntry_ = true;
       walk_ = WalkState::kAtLink;
+      walkLink_ = level.words + LinkAt(level.index);
+      walkLeft_ = level.words[f::kNodeCount] - level.index;
       return true;
     }
     atEntry_ = false;
     if (current_ == 0) {
       current_ = kNoLevel;
-      walk_ = WalkState::kEnded;
+      EndWalk();
       return false;
     }
     --current_;

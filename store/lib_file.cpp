@@ -163,8 +163,7 @@ bool LibFile_i::IsPasswordLocked() const {
 
 // --- blocks ------------------------------------------------------------------------------------
 
-std::int32_t LibFile_i::ReadBlock(std::int32_t address, std::int32_t words,
-                                  std::int32_t* buffer) {
+std::int32_t LibFile_i::ReadBlock(std::int32_t address, std::int32_t words, std::int32_t* buffer) {
   return store_.ReadBlock(address, words, buffer);
 }
 

@@ -210,8 +210,7 @@ std::string FileNameOf(char const* path) {
 
 }  // namespace
 
-LibFile* LibFile::NewLibFile(libTypes type, char const* path, char const* name,
-                             openErrors& error) {
+LibFile* LibFile::NewLibFile(libTypes type, char const* path, char const* name, openErrors& error) {
   OwnedLibrary library(
       new LibFile_i(platform::PosixFileSystem(), accUpdate, path, TextOrEmpty(name)));
   error = library->CreateNew(type);

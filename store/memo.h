@@ -12,9 +12,8 @@ namespace zel {
 // into a buffer of 4000 characters; empty when the address is null.
 void ReadMemo(BlockStore& store, std::int32_t address, std::int32_t words, char* memo);
 
-// Writes at most 3999 characters, zeros behind them; a null address is allocated. Throws the address
-// when the transfer fails, and `address` is then as it was.
-void WriteMemo(BlockStore& store, std::int32_t& address, std::int32_t words,
-               std::string_view memo);
+// Writes at most 3999 characters, zeros behind them; a null address is allocated. Throws the
+// address when the transfer fails, and `address` is then as it was.
+void WriteMemo(BlockStore& store, std::int32_t& address, std::int32_t words, std::string_view memo);
 
 }  // namespace zel

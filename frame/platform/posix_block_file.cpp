@@ -23,7 +23,7 @@ namespace {
 
 // 999,999 blocks of 1000 words.
 constexpr std::uint64_t kReservedRange = std::uint64_t{4000} * 999'999;
-constexpr int kPlainReads = 8;
+constexpr int kPlainReads = 16;
 constexpr std::uint64_t kLeastStep = std::uint64_t{64} << 10;
 constexpr std::uint64_t kLargestStep = std::uint64_t{16} << 20;
 
