@@ -45,13 +45,13 @@ class ZEL_API LibMaint {
   virtual std::int32_t FindNumberById(char const* id, bool& fromNameIndex) = 0;
   virtual std::int32_t FindNumberById(char const* id) = 0;
   // First character ID and CAS number of a component number, empty when no pure component bank of
-  // the library or of the name index holds it.
+  // the library or of the name index holds it. Not offered yet: empty.
   virtual void GetIdOfNumber(std::int32_t number, char* id, bool& fromNameIndex) = 0;
   virtual void GetIdOfNumber(std::int32_t number, char* id) = 0;
   virtual void GetCasOfNumber(std::int32_t number, casn& cas, bool& fromNameIndex) = 0;
   virtual void GetCasOfNumber(std::int32_t number, casn& cas) = 0;
   // Holds a component's identifiers (and a key, if given) against this library and the name index.
-  // False with the reasons in `text` (300 characters, may be null).
+  // False with the reasons in `text` (300 characters, may be null). Not offered yet: false.
   virtual bool CheckComponent(IZelPureComp* component, Key* key, char* text) = 0;
   virtual bool CheckComponent(IZelPureComp* component, char* text) = 0;
 
@@ -94,7 +94,7 @@ class ZEL_API LibMaint {
   virtual bool NextItemKey(std::int32_t* keyWords) = 0;
   virtual void EndItemWalk() = 0;
 
-  // XML in and out. Import reads a <library> or <bank> document, ImportComponent a <comp> document.
+  // XML in and out. Not offered yet: all of these give false. Import reads a <library> or <bank> document, ImportComponent a <comp> document.
   virtual bool Import(char const* path, bool replaceExisting) = 0;
   virtual bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) = 0;
   // The last reported error; null when none was reported since the last import began.
@@ -119,7 +119,7 @@ class ZEL_API LibMaint {
   // there is no such bank or it refers to none.
   virtual void GetRefBankNames(char const* type, char const* name, std::int32_t count,
                                char const (*types)[9], char (*names)[9]) = 0;
-  // Writes tab-separated indexes beside the library.
+  // Writes tab-separated indexes beside the library. Not offered yet: does nothing.
   virtual void WriteTextDump(LibFile* library) = 0;
 
  protected:

@@ -121,6 +121,11 @@ TEST_F(ItemsTest, WriteToABankOfAnotherShapeChangesNothing) {
   EXPECT_TRUE(Read(1, 2));
 }
 
+TEST_F(ItemsTest, NothingIsReportedBeforeABatchRuns) {
+  EXPECT_FALSE(Read(1, 2));
+  EXPECT_EQ(Maint().GetLastErrorText(), nullptr);
+}
+
 TEST_F(ItemsTest, RewriteNeedsAnItemReadOrWritten) {
   EXPECT_FALSE(Maint().RewriteItem(vanLaar_.Get()));
   Write(1, 2, 3, 4);

@@ -6,6 +6,7 @@
 
 #include "frame/module.h"
 #include "store/btree.h"
+#include "store/key.h"
 #include "store/lib_file.h"
 #include "tests/support/memory_file_system.h"
 
@@ -253,6 +254,24 @@ TEST_F(BTreeTest, KeysCompareAsSignedWordsFromTheFirst) {
   EXPECT_EQ(tree.CompareKey(b, a), 1);
   EXPECT_EQ(tree.CompareKey(c, a), -1);
   EXPECT_EQ(tree.CompareKey(a, a), 0);
+}
+
+TEST_F(BTreeTest, KeysServeAsTheirResolvedWords) {
+  BTree_i tree(library_->Store(), head_.data());
+  Key_i key;
+  bool swapped = false;
+  std::int32_t const* data = nullptr;
+  for (long number : {3L, 1L, 2L}) {
+    key.SetKey(number);
+    ASSERT_TRUE(key.ResolveKey(nullptr, 0, swapped));
+    EXPECT_FALSE(tree.Find(&key, data));
+    EXPECT_EQ(tree.Insert(&key, kNull, kNull), number == 3);
+  }
+  EXPECT_EQ(Keys(), (Words{1, 2, 3}));
+  EXPECT_TRUE(tree.Delete(&key));
+  EXPECT_EQ(Keys(), (Words{1, 3}));
+  Key* none = nullptr;
+  EXPECT_FALSE(tree.Find(none, data));
 }
 
 TEST_F(BTreeTest, ReaderFindsInPlaceAndCannotWrite) {

@@ -140,6 +140,58 @@ TEST_F(SharingTest, ReaderChangesNoByteSizeOrTime) {
   EXPECT_EQ(state("s.lb2"), second);
 }
 
+TEST_F(SharingTest, FactoriesNameAndReportTheLibrary) {
+  openErrors error{};
+  libTypes type{};
+  LibFile* library = LibFile::OpenLibFile(accRead, Path().c_str(), "", error, type);
+  ASSERT_EQ(error, openOk);
+  EXPECT_EQ(type, libKind11);
+  EXPECT_STREQ(library->GetLibName(), "s.lb1");
+  EXPECT_EQ(library->GetLibPath(), Path());
+  LibFile::DelLibFile(library);
+  library = LibFile::OpenLibFile(accRead, Path().c_str(), "Shown", "", error, type);
+  EXPECT_STREQ(library->GetLibName(), "Shown");
+  LibFile::DelLibFile(library);
+  library = LibFile::OpenLibFile(accRead, Path().c_str(), "Shown", "", error);
+  EXPECT_EQ(error, openOk);
+  auto* inner = dynamic_cast<LibFile_p*>(library);
+  LibFile_p::DelLibFile(inner);
+  EXPECT_EQ(inner, nullptr);
+  library = LibFile::NewLibFile(libKind13, Path().c_str(), error);
+  EXPECT_EQ(library->GetLibName(), Path());
+  LibFile::DelLibFile(library);
+  EXPECT_EQ(LibFile::OpenLibFile(accRead, (Path() + "x").c_str(), "", error), nullptr);
+  EXPECT_EQ(error, openNotFound);
+}
+
+TEST_F(SharingTest, StatusNeedsNoPasswordAndHoldsNothing) {
+  openErrors error{};
+  LibFile* library = OpenAs(Role::kUpdater, Path(), error);
+  library->SetPassword(2, "secret");
+  LibFile::DelLibFile(library);
+  libTypes type{};
+  LibFile::StatusLibFile(Path().c_str(), type, error);
+  EXPECT_EQ(error, openOk);
+  EXPECT_EQ(type, libKind11);
+  EXPECT_EQ(OpenElsewhere(Role::kReader), openOk);
+  LibFile::StatusLibFile((folder_ / "none.lb1").c_str(), type, error);
+  EXPECT_EQ(error, openNotFound);
+}
+
+TEST_F(SharingTest, OpenThatThrowsLeavesItsReasonAndNoLock) {
+  std::fstream file(Path(), std::ios::in | std::ios::out | std::ios::binary);
+  std::int32_t const null = format::kNullAddress;
+  file.seekp(20);
+  file.write(reinterpret_cast<char const*>(&null), 4);
+  file.close();
+  openErrors error = openOk;
+  EXPECT_THROW(OpenAs(Role::kUpdater, Path(), error), unsigned long);
+  EXPECT_EQ(error, openFailed);
+  libTypes type{};
+  EXPECT_THROW(LibFile::StatusLibFile(Path().c_str(), type, error), unsigned long);
+  EXPECT_EQ(OpenElsewhere(Role::kCreator), openOk);
+}
+
 TEST_F(SharingTest, UpdateWithoutChangeKeepsSizes) {
   auto const sizes = [&] {
     return std::pair(fs::file_size(folder_ / "s.lb1"), fs::file_size(folder_ / "s.lb2"));
