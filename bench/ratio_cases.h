@@ -1,4 +1,7 @@
 // The comparisons, and the limits that the project sets itself.
+//
+// The limits against SQLite are about the table with the two-word key that the library has. The
+// table with both numbers in one rowid is SQLite at its best; it is shown without a limit.
 #pragma once
 
 #include <cstddef>

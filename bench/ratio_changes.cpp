@@ -82,10 +82,10 @@ void CompareLoads(RatioTable& table, std::filesystem::path const& folder, std::s
     std::string const tree = "load" + order;
     std::string const item = "load by WriteItem" + order;
     table.Compare({tree, sqlite.Name(), loads(sqlite), byTree, limit});
-    table.Compare({tree, rows.Name(), loads(rows), byTree, limit});
+    table.Compare({tree, rows.Name(), loads(rows), byTree, Target::None()});
     table.Compare({tree, LmdbStore::kName, loads(lmdb), byTree, Target::None()});
     table.Compare({item, sqlite.Name(), loads(sqlite), byItem, limit});
-    table.Compare({item, rows.Name(), loads(rows), byItem, limit});
+    table.Compare({item, rows.Name(), loads(rows), byItem, Target::None()});
   }
   project.RemoveFiles();
   lmdb.RemoveFiles();

@@ -113,7 +113,7 @@ void CompareReads(RatioTable& table, std::filesystem::path const& folder, std::s
     Side const own = GetsOf(keys, project);
     table.Compare({what, LmdbStore::kName, GetsOf(keys, lmdb), own, limit});
     table.Compare({what, sqlite.Name(), GetsOf(keys, sqlite), own, sqliteLimit});
-    table.Compare({what, rows.Name(), GetsOf(keys, rows), own, sqliteLimit});
+    table.Compare({what, rows.Name(), GetsOf(keys, rows), own, Target::None()});
   }
   table.Compare({"ReadItem, 12 floats decoded" + size, LmdbStore::kName,
                  DecodedGetsOf(present, lmdb), DecodedGetsOf(present, project),

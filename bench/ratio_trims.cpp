@@ -51,7 +51,7 @@ void CompareTrims(RatioTable& table) {
     auto const chars = TrimsOf(floats, [](float value) { return TrimByChars(value); });
     auto const own = TrimsOf(floats, [](float value) { return Trim7(value); });
     Target const limit = Target::Nanoseconds(kTrimLimit);
-    table.Compare({what, "printf, strtod", printf, own, limit});
+    table.Compare({what, "printf, strtod", printf, own, Target::None()});
     table.Compare({what, "to_chars", chars, own, limit});
   }
 }

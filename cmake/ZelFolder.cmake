@@ -1,9 +1,15 @@
 # zel_folder(<name> DEPENDS <lower folders>)
 # One object library per source folder, from the folder's sources.cmake, which lists them.
 
+# The options of all that is built here: its language standard, warnings and sanitizers. The library is
+# C++20; what stands for a host is built as 17, as the public headers promise.
 function(zel_compile_options target)
-  target_compile_features(${target} PRIVATE cxx_std_20)
-  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  cmake_parse_arguments(ARG "" "STANDARD" "" ${ARGN})
+  if(NOT ARG_STANDARD)
+    set(ARG_STANDARD 20)
+  endif()
+  set_target_properties(${target} PROPERTIES CXX_STANDARD ${ARG_STANDARD}
+                        CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # Wrong about "text" + std::to_string(n) at -O2; mended in version 13.

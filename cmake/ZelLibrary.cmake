@@ -25,7 +25,10 @@ target_include_directories(zel_inside PUBLIC ${PROJECT_SOURCE_DIR}/include ${PRO
 zel_compile_options(zel_inside)
 target_link_libraries(zel_inside PUBLIC ${CMAKE_DL_LIBS})
 target_link_libraries(ZelAccess PRIVATE ${CMAKE_DL_LIBS})
-target_link_options(ZelAccess PRIVATE -Wl,--no-undefined)
+target_link_options(ZelAccess PRIVATE -Wl,--no-undefined
+                    -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
+set_property(TARGET ZelAccess APPEND PROPERTY LINK_DEPENDS
+             ${PROJECT_SOURCE_DIR}/cmake/exports.map)
 
 # Everything that links with the sanitizers must be linked by them.
 if(ZELACCESS_SANITIZE)

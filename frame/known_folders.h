@@ -5,10 +5,10 @@
 
 namespace zel {
 
-// 0 the program's own file, 1 its folder, 2 the install root (1 cut behind its last folder
+// 0 the program's own file, 1 its folder, 2 the install root (1 cut behind its first folder
 // "hvkthermo"), 3 programs, 4 personal documents, 5 common documents, 6 application data, 7 common
-// application data; empty on failure and for any other selector. 0 to 2 are found out once: a failed
-// look-up is never tried again. At most 259 characters.
+// application data; empty on failure and for any other selector. 0 to 2 are found out once: a
+// failed look-up is never tried again. At most 259 characters.
 std::string GetWellKnownFolder(int selector);
 
 // The rule behind selector 2, on the text of selector 1: cut at the closing separator of the folder

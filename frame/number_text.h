@@ -8,7 +8,8 @@
 namespace zel {
 
 // Lenient readers: they skip blanks, take a sign, and stop at the first character that does not
-// belong; nothing readable gives 0. Integers stop at the limits of 32 bits.
+// belong; nothing readable gives 0. Integers stop at the limits of 32 bits. Reals know "inf" and
+// "nan" in any case, as they are printed, and no hexadecimal form; what is too large is infinite.
 double ParseReal(std::string_view text) noexcept;
 std::int32_t ParseInt(std::string_view text) noexcept;
 

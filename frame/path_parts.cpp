@@ -1,5 +1,7 @@
 #include "frame/path_parts.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <vector>
 
 #include "frame/platform/system.h"
@@ -7,14 +9,18 @@
 namespace zel {
 namespace {
 
-bool IsSeparator(char c) noexcept { return c == '/' || c == '\\'; }
+constexpr std::string_view kSeparators = "/\\";
+
+bool IsSeparator(char c) noexcept { return kSeparators.find(c) != std::string_view::npos; }
+
+bool IsAbsolute(std::string_view path) noexcept { return !path.empty() && IsSeparator(path[0]); }
 
 // Appends the parts of a path, taking "." and ".." in.
-void AddParts(std::string_view path, std::vector<std::string_view>& parts) {
+void AddParts(std::string_view path, std::string_view separators,
+              std::vector<std::string_view>& parts) {
   std::size_t at = 0;
   while (at < path.size()) {
-    std::size_t end = at;
-    while (end < path.size() && path[end] != '/') ++end;
+    std::size_t const end = std::min(path.find_first_of(separators, at), path.size());
     std::string_view const part = path.substr(at, end - at);
     if (part == "..") {
       if (!parts.empty()) parts.pop_back();
@@ -37,18 +43,19 @@ PathParts SplitPath(std::string_view path) {
           std::string(file.substr(stem))};
 }
 
-// On this platform a file name may hold a backslash, so only `/` is a separator here.
 std::string AbsolutePath(std::string_view path, std::string_view folder) {
   if (path.empty()) return {};
-  std::string const working = path.front() == '/' || (!folder.empty() && folder.front() == '/')
-                                  ? std::string()
-                                  : platform::WorkingFolder();
+  std::string working;
   std::vector<std::string_view> parts;
-  if (path.front() != '/') {
-    if (folder.empty() || folder.front() != '/') AddParts(working, parts);
-    AddParts(folder, parts);
+  if (!IsAbsolute(path)) {
+    if (!IsAbsolute(folder)) {
+      // Comes from the system, where `\` may be part of a name.
+      working = platform::WorkingFolder();
+      AddParts(working, "/", parts);
+    }
+    AddParts(folder, kSeparators, parts);
   }
-  AddParts(path, parts);
+  AddParts(path, kSeparators, parts);
   std::string full;
   for (std::string_view part : parts) {
     full += '/';

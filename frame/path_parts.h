@@ -14,8 +14,8 @@ struct PathParts {
 
 PathParts SplitPath(std::string_view path);
 
-// The path seen from `folder` (the working folder when empty): absolute, with `/`, and without "."
-// and ".." parts. Empty stays empty.
+// The path seen from `folder` (the working folder when empty): absolute, put together with `/`, and
+// without "." and ".." parts, which are taken in without a look at the disk. Empty stays empty.
 std::string AbsolutePath(std::string_view path, std::string_view folder = {});
 
 }  // namespace zel

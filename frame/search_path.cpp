@@ -11,25 +11,26 @@ namespace zel {
 namespace {
 
 constexpr char kVariable[] = "Path";
+constexpr std::string_view kKeyStart = "Software\\Ordwin\\OrdwinHub\\";
 constexpr std::string_view kSetting = "path=";
 constexpr std::string_view kInstallTail = "VC160x86;";
 constexpr std::size_t kLimit = 4101;
-constexpr std::size_t kKeyLimit = 260;
+constexpr std::size_t kKeyLimit = 259;
 
+// `text` is never empty: it begins with the name of the variable.
 void AppendFolder(std::string& text, std::string_view folder) {
   text += folder;
-  if (!text.empty() && text.back() == '\\') text.back() = ';';
-  if (text.empty() || text.back() != ';') text += ';';
+  if (text.back() == '\\') text.back() = ';';
+  if (text.back() != ';') text += ';';
 }
 
 }  // namespace
 
-std::string ComposeSearchPath(std::string_view installFolder,
-                              std::vector<std::string> const& folders,
-                              std::string_view oldValue) {
+std::string ComposeSearchPath(std::optional<std::string> const& installFolder,
+                              std::vector<std::string> const& folders, std::string_view oldValue) {
   std::string text(kSetting);
-  if (!installFolder.empty()) {
-    text += installFolder;
+  if (installFolder) {
+    text += *installFolder;
     if (text.back() != '\\') text += '\\';
     text += kInstallTail;
   }
@@ -49,10 +50,11 @@ void BuildSearchPath(char*& oldValue, std::string_view subKey,
   oldValue = static_cast<char*>(std::malloc(old.size() + 1));
   if (oldValue == nullptr) throw std::bad_alloc();
   std::memcpy(oldValue, old.c_str(), old.size() + 1);
-  std::string install;
+  std::optional<std::string> install;
   if (!subKey.empty()) {
-    std::string const key = "Software\\Ordwin\\OrdwinHub\\" + std::string(subKey);
-    platform::ReadSetting(key.substr(0, kKeyLimit), "InstallDir", install);
+    std::string const key = std::string(kKeyStart) + std::string(subKey);
+    std::string value;
+    if (platform::ReadSetting(key.substr(0, kKeyLimit), "InstallDir", value)) install = value;
   }
   std::string const setting = ComposeSearchPath(install, folders, old);
   platform::SetEnvironment(kVariable, setting.substr(kSetting.size()));

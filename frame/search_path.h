@@ -1,16 +1,17 @@
 // The search path of the process, with folders put in front.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zel {
 
-// The environment setting "path=..." made of an install folder (may be empty), further folders and
-// the old value, each folder followed by ";". While the whole is 4101 characters or longer it is cut
-// at its last ";". Throws std::length_error when there is nowhere left to cut.
-std::string ComposeSearchPath(std::string_view installFolder,
+// The environment setting "path=..." made of an install folder (when there is one), further folders
+// and the old value, each folder followed by ";". While the whole is 4101 characters or longer it
+// is cut at its last ";". Throws std::length_error when there is nowhere left to cut.
+std::string ComposeSearchPath(std::optional<std::string> const& installFolder,
                               std::vector<std::string> const& folders, std::string_view oldValue);
 
 // Puts folders in front of the variable "Path": the value "InstallDir" of the settings key

@@ -13,10 +13,12 @@ struct Closer {
   void operator()(zel::LibFile* library) const { zel::LibFile::DelLibFile(library); }
   void operator()(zel::LibMaint* maint) const { zel::LibMaint::DelLibMaint(maint); }
   void operator()(zel::Key* key) const { zel::Key::DelKey(key); }
+  void operator()(zel::IZelBankDef* bank) const { bank->Release(); }
 };
 using Library = std::unique_ptr<zel::LibFile, Closer>;
 using Maint = std::unique_ptr<zel::LibMaint, Closer>;
 using Key = std::unique_ptr<zel::Key, Closer>;
+using BankHandle = std::unique_ptr<zel::IZelBankDef, Closer>;
 
 // A bank of one type together with the face of its own interface.
 template <typename Face>
@@ -24,23 +26,20 @@ class Bank {
  public:
   Bank(char const* type, zel::ZelIid const& id) : bank_(zel::NewBank(type)) {
     void* face = nullptr;
-    if (bank_ == nullptr || bank_->QueryInterface(id, &face) != zel::kStatusOk) {
+    if (!bank_ || bank_->QueryInterface(id, &face) != zel::kStatusOk) {
       throw std::runtime_error(std::string("no bank type ") + type);
     }
     face_ = static_cast<Face*>(face);
   }
   Bank(Bank const&) = delete;
   Bank& operator=(Bank const&) = delete;
-  ~Bank() {
-    face_->Release();
-    bank_->Release();
-  }
+  ~Bank() { face_->Release(); }
 
   Face* operator->() const { return face_; }
-  zel::IZelBankDef* Def() const { return bank_; }
+  zel::IZelBankDef* Def() const { return bank_.get(); }
 
  private:
-  zel::IZelBankDef* bank_;
+  BankHandle bank_;
   Face* face_;
 };
 

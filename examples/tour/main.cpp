@@ -1,6 +1,7 @@
 // A tour of the library: makes a component library from published data, closes it, opens it again
 // for reading and prints what is in it.
 //   tour <data folder> <folder for the library>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -14,30 +15,66 @@ long SizeOf(std::string const& path) {
   return file ? static_cast<long>(file.tellg()) : 0;
 }
 
+char const* Reason(zel::openErrors error) {
+  switch (error) {
+    case zel::openNotFound: return "not found";
+    case zel::openDenied: return "access denied, or another program holds the library";
+    case zel::openNotLibrary: return "not a library";
+    case zel::openSiblingMissing: return "its second file is missing";
+    case zel::openPasswordNeeded:
+    case zel::openBadPassword: return "password";
+    default: return "cannot be opened";
+  }
+}
+
+tour::Library Checked(zel::LibFile* library, std::string const& path, zel::openErrors error) {
+  if (library == nullptr) throw std::runtime_error(path + ": " + Reason(error));
+  return tour::Library(library);
+}
+
+void PrintCitations(std::string const& path, tour::Codes cited) {
+  tour::References const references(path);
+  std::sort(cited.begin(), cited.end());
+  cited.erase(std::unique(cited.begin(), cited.end()), cited.end());
+  std::printf("\nPrinted sources:\n\n");
+  for (int const code : cited) std::printf("  %3d  %s\n", code, references.Citation(code).c_str());
+}
+
+void Write(std::string const& data, std::string const& path, tour::Components const& components) {
+  std::printf("Writing %s\n\n", path.c_str());
+  zel::openErrors error = zel::openFailed;
+  tour::Library const library = Checked(
+      zel::LibFile::NewLibFile(zel::libKind11, path.c_str(), "Sample library", error), path, error);
+  library->SetDescriptionAndVersion("Published pair and group parameters", "1");
+  tour::WriteBanks(library.get(), data, components);
+}
+
+void Read(std::string const& data, std::string const& path, tour::Components const& components) {
+  zel::openErrors error = zel::openFailed;
+  tour::Library const library =
+      Checked(zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error), path, error);
+  char description[101];
+  char version[13];
+  library->GetDescriptionAndVersion(description, version);
+  std::string const second = path.substr(0, path.size() - 1) + "2";
+  std::printf("\nOpened again for reading: \"%s\", version %s\n", description, version);
+  std::printf("First file %ld bytes, second file %ld bytes\n", SizeOf(path), SizeOf(second));
+  tour::Codes cited;
+  tour::PrintBanks(library.get());
+  tour::PrintPairs(library.get(), components, cited);
+  tour::PrintComponents(library.get(), components, cited);
+  tour::PrintGroups(library.get(), components, cited);
+  tour::PrintSmallTree(library.get());
+  PrintCitations(data + "/references.txt", cited);
+}
+
 void Run(std::string const& data, std::string const& folder) {
   std::string const path = folder + "/sample.lb1";
   std::remove(path.c_str());
   std::remove((folder + "/sample.lb2").c_str());
   tour::Components const components(tour::Table(data + "/components.txt"));
-
-  std::printf("Writing %s\n\n", path.c_str());
-  zel::openErrors error = zel::openFailed;
-  tour::Library library(
-      zel::LibFile::NewLibFile(zel::libKind11, path.c_str(), "Sample library", error));
-  if (!library)
-    throw std::runtime_error("cannot create " + path + ", reason " + std::to_string(error));
-  library->SetDescriptionAndVersion("Published pair and group parameters", "1");
-  tour::WriteBanks(library.get(), data, components);
-  library->CloseLibFile();
-
-  library.reset(zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error));
-  if (!library)
-    throw std::runtime_error("cannot open " + path + ", reason " + std::to_string(error));
-  std::printf("\nOpened again for reading: sample.lb1 %ld bytes, sample.lb2 %ld bytes\n",
-              SizeOf(path), SizeOf(folder + "/sample.lb2"));
-  tour::PrintBanks(library.get());
-  tour::PrintPairs(library.get(), components);
-  tour::PrintGroups(library.get());
+  Write(data, path, components);
+  Read(data, path, components);
 }
 
 }  // namespace

@@ -14,12 +14,14 @@ class Table {
   explicit Table(std::string const& path);
 
   std::size_t Rows() const { return rows_.size(); }
-  // "-" stands for no value. Throws std::out_of_range for a column that the table does not have.
+  // "-" stands for no value. Throws std::runtime_error for a column that the table does not have,
+  // and for a word that is no number where one is asked for.
   std::string const& Text(std::size_t row, std::string const& column) const;
   double Real(std::size_t row, std::string const& column) const;  // undefined for no value
   int Int(std::size_t row, std::string const& column) const;
 
  private:
+  std::string path_;
   std::map<std::string, std::size_t> columns_;
   std::vector<std::vector<std::string>> rows_;
 };
@@ -35,12 +37,21 @@ struct Component {
 class Components {
  public:
   explicit Components(Table const& table);
-  Component const& ById(std::string const& id) const;  // throws std::out_of_range
-  Component const& ByNumber(long number) const;
+  // By main ID. Throws std::runtime_error for an ID that is not in the table.
+  Component const& ById(std::string const& id) const;
 
  private:
   std::map<std::string, Component> byId_;
-  std::map<long, std::string> ids_;
+};
+
+// The printed sources of data/references.txt by reference code; an unknown code has no text.
+class References {
+ public:
+  explicit References(std::string const& path);
+  std::string Citation(int code) const;
+
+ private:
+  std::map<int, std::string> citations_;
 };
 
 std::vector<std::string> Split(std::string const& text, char separator);

@@ -1,6 +1,8 @@
 // From the tables into the library: one function per kind of bank.
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 
 #include "tour.h"
 
@@ -20,10 +22,11 @@ class Writer {
 
   Table Read(char const* file) const { return Table(data_ + "/" + file); }
 
-  void Begin(char const* type) {
-    if (!maint_->CreateBank(type, kName, 0)) {
+  void Begin(char const* type, char const* name = kName) {
+    if (!maint_->CreateBank(type, name, 0)) {
       throw std::runtime_error(std::string("cannot create bank ") + type);
     }
+    name_ = name;
     count_ = 0;
   }
   void End(char const* type, char const* what) {
@@ -48,7 +51,7 @@ class Writer {
  private:
   long Number(std::string const& id) const { return components_.ById(id).number; }
   void Write(zel::IZelBankDef* bank) {
-    if (!maint_->WriteItem(bank, kName, key_.get())) throw std::runtime_error("cannot write item");
+    if (!maint_->WriteItem(bank, name_, key_.get())) throw std::runtime_error("cannot write item");
     ++count_;
   }
 
@@ -56,6 +59,7 @@ class Writer {
   Key key_;
   std::string data_;
   Components const& components_;
+  char const* name_ = kName;
   int count_ = 0;
 };
 
@@ -174,6 +178,27 @@ void WriteSideBanks(Writer& writer) {
   writer.End("OCTANE", "components: octane numbers");
 }
 
+// A second bank of a type, under another name. With the flag set a node takes 4 entries instead of
+// what it has room for, so that a handful of items makes a tree of several nodes to look at.
+void WriteSmallBank(Writer& writer) {
+  constexpr char const* kAlkanes[] = {"METHANE", "ETHANE",   "PROPANE", "NBUTANE", "NPENTANE",
+                                      "NHEXANE", "NHEPTANE", "NOCTANE", "NNONANE", "NDECANE"};
+  Bank<zel::IZelRackett> rackett("RACKETT", zel::IID_IZelRackett);
+  Table const table = writer.Read("rackett.txt");
+  zel::SetDeleteTestFlag(true);
+  writer.Begin("RACKETT", kSmallName);
+  zel::SetDeleteTestFlag(false);
+  for (std::size_t i = 0; i < table.Rows(); ++i) {
+    if (std::find(std::begin(kAlkanes), std::end(kAlkanes), table.Text(i, "component")) ==
+        std::end(kAlkanes)) {
+      continue;
+    }
+    rackett->PutData(table.Real(i, "zRa"));
+    writer.WriteComponent(rackett, table, i);
+  }
+  writer.End("RACKETT", "normal alkanes alone, as a second bank");
+}
+
 // Groups are plain numbers. One tree holds the set as a whole (no group in the key), its groups
 // (one) and their interactions (two).
 void WriteGroups(Writer& writer) {
@@ -229,6 +254,7 @@ void WriteBanks(zel::LibFile* library, std::string const& data, Components const
   WriteActivityModels(writer);
   WriteEquationsOfState(writer);
   WriteSideBanks(writer);
+  WriteSmallBank(writer);
   WriteGroups(writer);
 }
 

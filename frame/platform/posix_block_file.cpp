@@ -2,9 +2,11 @@
 //
 // A file open for reading is mapped as long as it is, when a view is asked for or it is read more
 // than a few times: for the few reads of an open, a map costs more than it saves. A file open for
-// update gets the largest range that a file of tree nodes can have, once, so that addresses stay; it
-// grows in steps that are really allocated, and is cut to its true length at a flush and at the end.
-// Without a map, positioned reads and writes serve.
+// update gets the largest range that a file of tree nodes can have, once, so that addresses stay. A
+// write goes through the map only where the disk is known to have room, since a full disk would
+// show there as a signal: the room is asked for in growing steps, and the file is cut to its true
+// length at a flush and at the end. Without a map, and on file systems that cannot give room ahead,
+// positioned reads and writes serve.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
@@ -12,9 +14,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstring>
+#include <limits>
+#include <utility>
 
 #include "frame/platform/block_file.h"
 
@@ -23,6 +26,7 @@ namespace {
 
 // 999,999 blocks of 1000 words.
 constexpr std::uint64_t kReservedRange = std::uint64_t{4000} * 999'999;
+constexpr std::uint64_t kLargestOffset = std::numeric_limits<off_t>::max();
 constexpr int kPlainReads = 16;
 constexpr std::uint64_t kLeastStep = std::uint64_t{64} << 10;
 constexpr std::uint64_t kLargestStep = std::uint64_t{16} << 20;
@@ -35,7 +39,10 @@ OpenOutcome OutcomeOf(int error) noexcept {
     case EPERM:
     case EROFS:
     case EISDIR:
-    case ETXTBSY: return OpenOutcome::kDenied;
+    case ETXTBSY:
+    case EAGAIN:                               // a lock that is not free
+    case ENXIO:                                // a socket
+    case ENODEV: return OpenOutcome::kDenied;  // a device that is not there
     default: return OpenOutcome::kFailed;
   }
 }
@@ -60,20 +67,35 @@ auto Retry(Call const& call) noexcept {
   return result;
 }
 
+// An open file of the system, closed with its owner.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) noexcept : fd_(fd) {}
+  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  Descriptor& operator=(Descriptor&&) = delete;
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  int Get() const noexcept { return fd_; }
+
+ private:
+  int fd_;
+};
+
 class PosixBlockFile final : public BlockFile {
  public:
-  PosixBlockFile(int fd, std::uint64_t size, bool writable, bool sync) noexcept
-      : fd_(fd),
+  PosixBlockFile(Descriptor file, std::uint64_t size, bool writable, bool sync) noexcept
+      : file_(std::move(file)),
         writable_(writable),
         sync_(sync),
+        mapWrites_(writable),
         size_(size),
-        allocated_(size),
+        onDisk_(size),
         range_(writable ? kReservedRange : size) {}
 
   ~PosixBlockFile() override {
     if (map_ != nullptr) ::munmap(map_, range_);
     CutToSize();
-    ::close(fd_);
   }
 
   std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) override {
@@ -85,28 +107,30 @@ class PosixBlockFile final : public BlockFile {
       return static_cast<std::int64_t>(count);
     }
     return Transfer(count, [&](std::size_t done) {
-      return ::pread(fd_, static_cast<std::byte*>(to) + done, count - done,
+      return ::pread(file_.Get(), static_cast<std::byte*>(to) + done, count - done,
                      static_cast<off_t>(offset + done));
     });
   }
 
   std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) override {
-    if (!writable_) return -1;
+    if (!writable_ || offset > kLargestOffset || count > kLargestOffset - offset) return -1;
     if (count == 0) return 0;
     std::uint64_t const end = offset + count;
-    if (end <= range_ && EnsureMap()) {
-      if (!Allocate(end)) return -1;
-      std::memcpy(map_ + offset, from, count);
-      size_ = std::max(size_, end);
-      return static_cast<std::int64_t>(count);
+    if (mapWrites_ && end <= range_ && EnsureMap()) {
+      if (end <= backed_ || MakeRoom(end)) {
+        std::memcpy(map_ + offset, from, count);
+        size_ = std::max(size_, end);
+        return static_cast<std::int64_t>(count);
+      }
+      if (mapWrites_) return -1;
     }
     std::int64_t const done = Transfer(count, [&](std::size_t at) {
-      return ::pwrite(fd_, static_cast<std::byte const*>(from) + at, count - at,
+      return ::pwrite(file_.Get(), static_cast<std::byte const*>(from) + at, count - at,
                       static_cast<off_t>(offset + at));
     });
     if (done > 0) {
       size_ = std::max(size_, offset + static_cast<std::uint64_t>(done));
-      allocated_ = std::max(allocated_, size_);
+      onDisk_ = std::max(onDisk_, size_);
     }
     return done;
   }
@@ -121,7 +145,7 @@ class PosixBlockFile final : public BlockFile {
   bool Flush() override {
     if (!writable_) return true;
     bool const cut = CutToSize();
-    return cut && (!sync_ || Retry([&] { return ::fdatasync(fd_); }) == 0);
+    return cut && (!sync_ || Retry([&] { return ::fdatasync(file_.Get()); }) == 0);
   }
 
  private:
@@ -129,7 +153,7 @@ class PosixBlockFile final : public BlockFile {
     if (map_ != nullptr) return true;
     if (mapRefused_ || range_ == 0) return false;
     int const protection = writable_ ? PROT_READ | PROT_WRITE : PROT_READ;
-    void* map = ::mmap(nullptr, range_, protection, MAP_SHARED | MAP_NORESERVE, fd_, 0);
+    void* map = ::mmap(nullptr, range_, protection, MAP_SHARED | MAP_NORESERVE, file_.Get(), 0);
     mapRefused_ = map == MAP_FAILED;
     if (!mapRefused_) map_ = static_cast<std::byte*>(map);
     return !mapRefused_;
@@ -148,64 +172,48 @@ class PosixBlockFile final : public BlockFile {
   }
 
   bool CutToSize() noexcept {
-    if (allocated_ <= size_) return true;
-    if (Retry([&] { return ::ftruncate(fd_, static_cast<off_t>(size_)); }) != 0) return false;
-    allocated_ = size_;
+    if (onDisk_ <= size_) return true;
+    if (!SetLength(size_)) return false;
+    onDisk_ = size_;
+    backed_ = std::min(backed_, size_);
     return true;
   }
 
-  // Room for bytes up to `end`, really allocated, so that a full disk shows here and not as a signal
-  // at a later access.
-  bool Allocate(std::uint64_t end) noexcept {
-    if (!holesFilled_) {
-      if (size_ > 0 && !FillRange(0, size_)) return false;
-      holesFilled_ = true;
-    }
-    if (end <= allocated_) return true;
-    std::uint64_t const step = std::clamp(allocated_, kLeastStep, kLargestStep);
-    std::uint64_t const wanted = std::min(std::max(end, allocated_ + step), range_);
-    if (!FillRange(allocated_, wanted)) {
-      bool const justEnough = wanted > end && FillRange(allocated_, end);
-      if (!justEnough) {
-        [[maybe_unused]] int const cut = ::ftruncate(fd_, static_cast<off_t>(allocated_));
+  bool SetLength(std::uint64_t length) noexcept {
+    return Retry([&] { return ::ftruncate(file_.Get(), static_cast<off_t>(length)); }) == 0;
+  }
+
+  // Room on disk for all bytes up to `end`: a step ahead when there is as much, else just enough.
+  // Also what lies inside the file already may need room, where it was never written. Turns writes
+  // through the map off when the file system cannot do this.
+  bool MakeRoom(std::uint64_t end) noexcept {
+    std::uint64_t const step = std::clamp(backed_, kLeastStep, kLargestStep);
+    std::uint64_t const ahead = std::min(std::max(end, backed_ + step), range_);
+    for (std::uint64_t const upTo : {ahead, end}) {
+      auto const from = static_cast<off_t>(backed_);
+      auto const length = static_cast<off_t>(upTo - backed_);
+      if (Retry([&] { return ::fallocate(file_.Get(), 0, from, length); }) == 0) {
+        backed_ = upTo;
+        onDisk_ = std::max(onDisk_, upTo);
+        return true;
+      }
+      if (errno == EOPNOTSUPP || errno == ENOSYS) {
+        mapWrites_ = false;
         return false;
       }
-      allocated_ = end;
-      return true;
     }
-    allocated_ = wanted;
-    return true;
+    SetLength(onDisk_);  // what was refused may have made the file longer all the same
+    return false;
   }
 
-  bool FillRange(std::uint64_t from, std::uint64_t to) noexcept {
-    auto const length = static_cast<off_t>(to - from);
-    int const result =
-        Retry([&] { return ::fallocate(fd_, 0, static_cast<off_t>(from), length); });
-    if (result == 0) return true;
-    if (errno != EOPNOTSUPP && errno != ENOSYS) return false;
-    return from < allocated_ || WriteZeros(from, to);
-  }
-
-  // For file systems that cannot allocate ahead.
-  bool WriteZeros(std::uint64_t from, std::uint64_t to) noexcept {
-    static constexpr std::array<std::byte, 65536> kZeros{};
-    while (from < to) {
-      std::size_t const n = static_cast<std::size_t>(std::min<std::uint64_t>(to - from, kZeros.size()));
-      auto const done =
-          Retry([&] { return ::pwrite(fd_, kZeros.data(), n, static_cast<off_t>(from)); });
-      if (done <= 0) return false;
-      from += static_cast<std::uint64_t>(done);
-    }
-    return true;
-  }
-
-  int fd_;
+  Descriptor file_;
   bool writable_;
   bool sync_;
-  bool holesFilled_ = false;
-  std::uint64_t size_;       // true length
-  std::uint64_t allocated_;  // length on disk while the file is open
-  std::uint64_t range_;      // bytes that a map spans
+  bool mapWrites_;
+  std::uint64_t size_;        // true length
+  std::uint64_t onDisk_;      // length of the file as it is now, with the room made ahead
+  std::uint64_t backed_ = 0;  // bytes in front of this have their room on disk
+  std::uint64_t range_;       // bytes that a map spans
   int plainReads_ = 0;
   mutable bool mapRefused_ = false;
   mutable std::byte* map_ = nullptr;
@@ -222,15 +230,17 @@ class PosixFiles final : public FileSystem {
 
   OpenedFile Open(std::string const& path, OpenMode mode) override {
     bool const writable = mode != OpenMode::kRead;
-    int const fd = OpenDescriptor(path, mode);
-    if (fd < 0) return {OutcomeOf(errno), nullptr};
-    struct stat info {};
-    if (!LockWithoutWaiting(fd, writable) || ::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
-      ::close(fd);
-      return {OpenOutcome::kDenied, nullptr};
-    }
+    Descriptor file(OpenDescriptor(path, mode));
+    if (file.Get() < 0) return {OutcomeOf(errno), nullptr};
+    bool const locked = LockWithoutWaiting(file.Get(), writable);
+    OpenOutcome const lockOutcome = OutcomeOf(errno);
+    struct stat info {};  // asked for under the lock, so that the length is no writer's of before
+    if (::fstat(file.Get(), &info) != 0) return {OpenOutcome::kFailed, nullptr};
+    if (!S_ISREG(info.st_mode)) return {OpenOutcome::kDenied, nullptr};
+    if (!locked) return {lockOutcome, nullptr};
     auto const size = static_cast<std::uint64_t>(info.st_size);
-    return {OpenOutcome::kOk, std::make_unique<PosixBlockFile>(fd, size, writable, sync_)};
+    return {OpenOutcome::kOk,
+            std::make_unique<PosixBlockFile>(std::move(file), size, writable, sync_)};
   }
 
  private:

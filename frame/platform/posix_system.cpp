@@ -1,5 +1,7 @@
+// Services of the system, where it is a POSIX one.
 #include <dirent.h>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <memory>
 
 #include "frame/ascii.h"
 #include "frame/platform/system.h"
@@ -56,10 +59,12 @@ std::string UserFolder(char const* variable, char const* below) {
 }
 
 std::string SettingsFile() {
-  std::string const user = UserFolder("XDG_CONFIG_HOME", "/.config");
-  std::array<std::string, 3> const files = {Environment("ZELACCESS_SETTINGS"),
-                                            user.empty() ? user : user + "/zelaccess/settings.ini",
-                                            "/etc/zelaccess/settings.ini"};
+  constexpr char kFile[] = "/zelaccess/settings.ini";
+  std::string const config = Environment("XDG_CONFIG_HOME");
+  std::string const home = Environment("HOME");
+  std::array<std::string, 4> const files = {
+      Environment("ZELACCESS_SETTINGS"), config.empty() ? config : config + kFile,
+      home.empty() ? home : home + "/.config" + kFile, std::string("/etc") + kFile};
   for (std::string const& file : files) {
     if (!file.empty() && ::access(file.c_str(), F_OK) == 0) return file;
   }
@@ -125,7 +130,7 @@ std::string MakeTemporaryFile(std::string const& prefix) {
   std::string folder = Environment("TMPDIR");
   if (folder.empty()) folder = "/tmp";
   std::string path = folder + "/" + prefix + "XXXXXX";
-  int const fd = ::mkstemp(path.data());
+  int const fd = ::mkostemp(path.data(), O_CLOEXEC);
   if (fd < 0) return {};
   ::close(fd);
   return path;
@@ -134,6 +139,10 @@ std::string MakeTemporaryFile(std::string const& prefix) {
 void RemoveFile(std::string const& path) { ::unlink(path.c_str()); }
 
 namespace {
+
+struct CloseListing {
+  void operator()(DIR* listing) const noexcept { ::closedir(listing); }
+};
 
 int AttributesOf(std::string const& path) {
   constexpr int kReadOnly = 1;
@@ -151,14 +160,14 @@ int AttributesOf(std::string const& path) {
 
 std::vector<FolderEntry> ListFolder(std::string const& folder) {
   std::vector<FolderEntry> entries;
-  DIR* listing = ::opendir(folder.empty() ? "." : folder.c_str());
+  std::string const place = folder.empty() ? "." : folder;
+  std::unique_ptr<DIR, CloseListing> const listing(::opendir(place.c_str()));
   if (listing == nullptr) return entries;
-  while (dirent const* entry = ::readdir(listing)) {
+  while (dirent const* entry = ::readdir(listing.get())) {
     std::string const name = entry->d_name;
     if (name == "." || name == "..") continue;
-    entries.push_back({name, AttributesOf(folder + "/" + name)});
+    entries.push_back({name, AttributesOf(place + "/" + name)});
   }
-  ::closedir(listing);
   std::sort(entries.begin(), entries.end(),
             [](FolderEntry const& a, FolderEntry const& b) { return a.name < b.name; });
   return entries;

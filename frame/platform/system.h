@@ -6,8 +6,8 @@
 
 namespace zel::platform {
 
-// Writes a text to the debug output: standard error when the environment variable ZELACCESS_DEBUG is
-// set, nowhere otherwise.
+// Writes a text to the debug output: standard error when the environment variable ZELACCESS_DEBUG
+// is set, nowhere otherwise.
 void WriteDebug(char const* text);
 
 // Something inside this module, from which the system can tell its file.
@@ -22,7 +22,8 @@ enum class Folder { kPrograms, kPersonal, kCommonDocuments, kAppData, kCommonApp
 std::string KnownFolder(Folder folder);
 
 // One text value of the settings store; false when file, section or value is missing. The store is
-// the first of these files that exists: $ZELACCESS_SETTINGS, $XDG_CONFIG_HOME/zelaccess/settings.ini,
+// the first of these files that exists: $ZELACCESS_SETTINGS,
+// $XDG_CONFIG_HOME/zelaccess/settings.ini,
 // ~/.config/zelaccess/settings.ini, /etc/zelaccess/settings.ini. Sections are key names.
 bool ReadSetting(std::string const& key, std::string const& name, std::string& value);
 
@@ -40,14 +41,15 @@ int ProcessId();
 std::string MakeTemporaryFile(std::string const& prefix);
 void RemoveFile(std::string const& path);
 
-// An entry of a folder. A folder has the attribute 16, plus 1 when its owner may not write it; a link
-// to a folder has 1024 besides. Anything else has attributes without 16.
+// An entry of a folder. A folder has the attribute 16, plus 1 when its owner may not write it; a
+// link to a folder has 1024 besides. Anything else has attributes without 16.
 struct FolderEntry {
   std::string name;
   int attributes;
 };
 inline constexpr int kFolderAttribute = 16;
-// All entries but "." and "..", sorted by name; empty when the folder cannot be read.
+// All entries but "." and "..", sorted by name; empty when the folder cannot be read. An empty name
+// is the working folder.
 std::vector<FolderEntry> ListFolder(std::string const& folder);
 
 }  // namespace zel::platform

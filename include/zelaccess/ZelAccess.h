@@ -1,4 +1,5 @@
-// All public headers of ZelAccess.
+// What a host includes: all public headers but those whose name ends in _p, which are for drivers of
+// banks.
 #ifndef ZELACCESS_ZELACCESS_H
 #define ZELACCESS_ZELACCESS_H
 

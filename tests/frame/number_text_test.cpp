@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <limits>
+#include <string>
 
 namespace zel {
 namespace {
@@ -44,15 +47,67 @@ TEST(NumberText, RealsAreReadLeniently) {
   EXPECT_EQ(ParseReal("0." + std::string(400, '0') + "1"), 0.0);
 }
 
+TEST(NumberText, RealsBeyondADoubleAreInfiniteOrZeroByTheirSize) {
+  double const infinite = std::numeric_limits<double>::infinity();
+  struct {
+    std::string text;
+    double value;
+  } const rows[] = {{"1" + std::string(400, '0') + "e-50", infinite},
+                    {"0." + std::string(400, '0') + "1e+50", 0.0},
+                    {"-1" + std::string(400, '0') + ".5x", -infinite},
+                    {"+.1e+99999999999", infinite},
+                    {"1e-99999999999", 0.0},
+                    {"5e-324", 5e-324},
+                    {"1.7976931348623157e308", std::numeric_limits<double>::max()}};
+  for (auto const& row : rows) EXPECT_EQ(ParseReal(row.text), row.value) << row.text;
+  EXPECT_TRUE(std::signbit(ParseReal("-1e-400")));
+  EXPECT_TRUE(std::signbit(ParseReal("-0")));
+}
+
+TEST(NumberText, RealsThatAreNoNumbersAreReadAsTheyArePrinted) {
+  double const infinite = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(ParseReal(RealText(infinite, 7)), infinite);
+  EXPECT_EQ(ParseReal(RealText(-infinite, 7)), -infinite);
+  EXPECT_TRUE(std::isnan(ParseReal(RealText(std::nan(""), 7))));
+  EXPECT_EQ(ParseReal("0x10"), 0.0) << "no hexadecimal form";
+}
+
+std::string AsCPrints(double value, int digits) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.*g", digits, value);
+  return text;
+}
+
 TEST(NumberText, PrintsAsTheCLocaleDoes) {
-  for (double value :
-       {0.0, 1.0, -1.5, 0.1, 1e35, -1e35, 1e-5, 123456789.0, 1e100, 298.15, 1e6, 999999.5}) {
+  for (double value : {0.0, -0.0, 1.0, -1.5, 0.1, 1e35, -1e35, 1e-5, 9.9999995e-5, 0.0001, 1e100,
+                       5e-324, 123456789.0, 298.15, 1e6, 1e7, 999999.5, 9999999.5, 1234567.5}) {
     for (int digits : {1, 6, 7, 17}) {
-      char expected[64];
-      std::snprintf(expected, sizeof expected, "%.*g", digits, value);
-      EXPECT_EQ(RealText(value, digits), expected);
+      EXPECT_EQ(RealText(value, digits), AsCPrints(value, digits)) << value;
     }
   }
+  EXPECT_EQ(RealText(1e35, 7), "1e+35");
+  EXPECT_EQ(RealText(1e-5, 6), "1e-05") << "two digits of exponent at least";
+  EXPECT_EQ(RealText(-1e-100, 6), "-1e-100");
+}
+
+TEST(NumberText, PrintsAnyDoubleAsTheCLocaleDoes) {
+  std::uint64_t pattern = 1;
+  for (int i = 0; i < 200'000; ++i) {
+    pattern = pattern * 6364136223846793005U + 1442695040888963407U;
+    double const value = std::bit_cast<double>(pattern);
+    if (std::isnan(value)) continue;
+    int const digits = i % 17 + 1;
+    char text[32];
+    int const length = PrintReal(value, digits, text);
+    ASSERT_EQ(std::string(text), AsCPrints(value, digits));
+    ASSERT_EQ(std::string(text).size(), static_cast<std::size_t>(length));
+    ASSERT_LE(length, 31);
+  }
+}
+
+TEST(NumberText, DigitsStayBetween1And17) {
+  EXPECT_EQ(RealText(1.25, 0), "1");
+  EXPECT_EQ(RealText(0.1, 40), AsCPrints(0.1, 17));
 }
 
 TEST(NumberText, LocaleDoesNotMatter) {

@@ -1,5 +1,15 @@
 set(frame_TEST_SOURCES
+    block_file_refusal_test.cpp
+    block_file_sharing_test.cpp
     block_file_test.cpp
-    folders_test.cpp
+    child.cpp
+    folder_walk_test.cpp
+    known_folders_test.cpp
+    module_test.cpp
     number_text_test.cpp
-    trim7_test.cpp)
+    path_parts_test.cpp
+    refused_calls.cpp
+    search_path_test.cpp
+    system_test.cpp
+    trim7_test.cpp
+    wildcard_test.cpp)

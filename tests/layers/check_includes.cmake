@@ -1,5 +1,7 @@
-# Fails when a source includes a header of a folder above its own.
+# Fails when a source includes a header of a folder above its own, or a program that uses the library
+# as a host includes anything of it but the public headers.
 #   cmake -D SOURCE_DIR=<root> -P check_includes.cmake
+cmake_minimum_required(VERSION 3.20)
 
 set(may_frame frame)
 set(may_store store frame)
@@ -9,19 +11,25 @@ set(may_maint maint purecomp banks store frame)
 set(may_lists lists maint purecomp banks store frame)
 set(may_xml xml maint purecomp banks store frame)
 set(folders frame store banks purecomp maint lists xml)
-set(outsiders examples hosts)  # see the public headers only
+# These see the public headers only, and the public headers see each other.
+set(may_examples "")
+set(may_hosts "")
+set(may_include "")
+set(outsiders examples hosts include)
 set(bad "")
+set(seen 0)
 
 foreach(folder ${folders} ${outsiders})
   file(GLOB_RECURSE sources ${SOURCE_DIR}/${folder}/*.cpp ${SOURCE_DIR}/${folder}/*.h)
   foreach(source ${sources})
-    file(STRINGS ${source} includes REGEX "^#include \"[a-z]+/")
+    file(STRINGS ${source} includes REGEX "^[ \t]*#[ \t]*include[ \t]*[\"<]")
     foreach(line ${includes})
-      string(REGEX REPLACE "^#include \"([a-z]+)/.*" "\\1" target ${line})
-      list(FIND folders ${target} known)
-      if(known GREATER -1)
-        list(FIND may_${folder} ${target} allowed)
-        if(allowed EQUAL -1)
+      math(EXPR seen "${seen} + 1")
+      string(REGEX REPLACE "^[ \t]*#[ \t]*include[ \t]*[\"<]([^\">]*).*" "\\1" path "${line}")
+      if(path MATCHES "^\\.\\./|/\\.\\./")
+        string(APPEND bad "  ${source}: ${line} (written from the root instead)\n")
+      elseif(path MATCHES "^([a-z]+)/" AND CMAKE_MATCH_1 IN_LIST folders)
+        if(NOT CMAKE_MATCH_1 IN_LIST may_${folder})
           string(APPEND bad "  ${source}: ${line}\n")
         endif()
       endif()
@@ -31,4 +39,7 @@ endforeach()
 
 if(bad)
   message(FATAL_ERROR "Includes that point upward:\n${bad}")
+endif()
+if(seen EQUAL 0)
+  message(FATAL_ERROR "no source found in ${SOURCE_DIR}")
 endif()

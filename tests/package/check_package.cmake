@@ -1,6 +1,9 @@
 # Installs the library into a scratch prefix and builds a small host against it in both ways that a
 # package offers.
-#   cmake -D BUILD_DIR=<build> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -P check_package.cmake
+#   cmake -D BUILD_DIR=<build> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D READELF=<readelf>
+#         -D GENERATOR=<build tool> -D VERSION=<version> -D SOVERSION=<number in the soname>
+#         -P check_package.cmake
+cmake_minimum_required(VERSION 3.20)
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE failed OUTPUT_VARIABLE out ERROR_VARIABLE out)
@@ -13,8 +16,8 @@ set(work ${BUILD_DIR}/package_test)
 file(REMOVE_RECURSE ${work})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${work}/prefix)
 
-run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/host -B ${work}/host -D CMAKE_PREFIX_PATH=${work}/prefix
-    -D CMAKE_CXX_COMPILER=${COMPILER})
+run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${work}/host
+    -D CMAKE_PREFIX_PATH=${work}/prefix -D CMAKE_CXX_COMPILER=${COMPILER})
 run(${CMAKE_COMMAND} --build ${work}/host)
 run(${work}/host/small_host)
 
@@ -28,6 +31,14 @@ endif()
 separate_arguments(flags UNIX_COMMAND "${flags}")
 file(GLOB library ${work}/prefix/lib*/libZelAccess.so ${work}/prefix/lib*/*/libZelAccess.so)
 get_filename_component(libdir ${library} DIRECTORY)
+if(NOT EXISTS ${libdir}/libZelAccess.so.${VERSION})
+  message(FATAL_ERROR "no libZelAccess.so.${VERSION} in ${libdir}")
+endif()
+execute_process(COMMAND ${READELF} -d ${library} OUTPUT_VARIABLE dynamic)
+string(FIND "${dynamic}" "[libZelAccess.so.${SOVERSION}]" soname)
+if(soname EQUAL -1)
+  message(FATAL_ERROR "the soname is not libZelAccess.so.${SOVERSION}:\n${dynamic}")
+endif()
 run(${COMPILER} -std=c++17 ${SOURCE_DIR}/host/small_host.cpp -o ${work}/small_host ${flags}
     -Wl,-rpath,${libdir})
 run(${work}/small_host)

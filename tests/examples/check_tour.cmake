@@ -1,0 +1,68 @@
+# Runs the tour on the project's data and on broken data, and holds its output against what it must be.
+#   cmake -D TOUR=<program> -D DATA=<data folder> -D WORK_DIR=<scratch folder> -P check_tour.cmake
+cmake_minimum_required(VERSION 3.20)
+
+file(REMOVE_RECURSE ${WORK_DIR})
+file(MAKE_DIRECTORY ${WORK_DIR}/library)
+
+# Fails unless the tour ends with `status` and prints each of the lines that follow.
+function(expect status)
+  cmake_parse_arguments(ARG "" "" "ARGUMENTS;LINES" ${ARGN})
+  execute_process(COMMAND ${TOUR} ${ARG_ARGUMENTS} RESULT_VARIABLE got OUTPUT_VARIABLE out
+                  ERROR_VARIABLE err)
+  if(NOT got STREQUAL status)
+    message(FATAL_ERROR "the tour ended with ${got}, not ${status}\n${out}${err}")
+  endif()
+  foreach(line IN LISTS ARG_LINES)
+    string(FIND "\n${out}${err}" "\n${line}\n" at)
+    if(at EQUAL -1)
+      message(FATAL_ERROR "no line\n${line}\nin\n${out}${err}")
+    endif()
+  endforeach()
+endfunction()
+
+# The counts are those of the tables; both orders of a pair; the two kinds of bounds; sums over groups;
+# the smallest bank's tree.
+expect(0 ARGUMENTS ${DATA} ${WORK_DIR}/library LINES
+  "  NRTL        218  pairs of the NRTL model"
+  "  UNFORIG     730  the set, its groups and their interactions"
+  "  NRTL      SAMPLE         2    218     20  Nrtl VLE binary data"
+  "  RACKETT   ALKANES        1     10      1  Rackett data"
+  "  Ethanol               Water                   -29.17    624.87  0.2937  101.3 -  101.3   91"
+  "  Water                 Ethanol                 624.87    -29.17  0.2937  101.3 -  101.3   91"
+  "  Water                 Ethanol                 955.45    382.30          101.3 -  101.3   98"
+  "  Acetone               Methanol                203.23    -42.39          101.3 -  101.3   91"
+  "  Carbon tetrachloride  Benzene               not in the library"
+  "  Carbon dioxide        Methane                 0.0978                    199.8 -  271.5   92"
+  "  Ethanol                C2H6O      2.3827   3.1771   198.24     0.1752   0.2502    89.7  108.6"
+  "  Ethanol          = 1 CH3 + 1 CH2 + 1 OH          r  2.5755  q  2.588"
+  "       H2O   300.00   362.30   377.60  -229.10     0.00  -195.40    72.87"
+  "                            /10000024/  /0x3e8fc505/  (--)"
+  "  Total entries   10")
+
+expect(2 LINES "usage: tour <data folder> <folder for the library>")
+expect(1 ARGUMENTS ${WORK_DIR}/nowhere ${WORK_DIR}/library LINES
+  "tour: cannot read ${WORK_DIR}/nowhere/components.txt")
+expect(1 ARGUMENTS ${DATA} ${WORK_DIR}/nowhere LINES
+  "tour: ${WORK_DIR}/nowhere/sample.lb1: cannot be opened")
+
+# Defects in a table are named.
+function(expect_refused table from to message)
+  file(COPY ${DATA}/ DESTINATION ${WORK_DIR}/data)
+  file(READ ${WORK_DIR}/data/${table} text)
+  string(FIND "${text}" "${from}" at)
+  if(at EQUAL -1)
+    message(FATAL_ERROR "${table} has no ${from}")
+  endif()
+  string(REPLACE "${from}" "${to}" text "${text}")
+  file(WRITE ${WORK_DIR}/data/${table} "${text}")
+  expect(1 ARGUMENTS ${WORK_DIR}/data ${WORK_DIR}/library LINES "tour: ${message}")
+  file(REMOVE_RECURSE ${WORK_DIR}/data)
+endfunction()
+expect_refused(nrtl.txt "190.632149" "190,632149" "${WORK_DIR}/data/nrtl.txt: no number: 190,632149")
+expect_refused(nrtl.txt "190.632149" "" "${WORK_DIR}/data/nrtl.txt: row 1 has 6 words, not 7")
+expect_refused(nrtl.txt "alphaij  refCode" "alpha  refCode"
+               "${WORK_DIR}/data/nrtl.txt: no column alphaij")
+expect_refused(wilson.txt "METHANOL  CCL4 " "METHANAL  CCL4 " "no component METHANAL")
+
+file(REMOVE_RECURSE ${WORK_DIR})

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "frame/platform/block_file.h"
+#include "tests/frame/temp_folder.h"
+
+namespace zel::test {
+
+// One file, "f", of a folder of the test's own.
+class BlockFileTest : public TempFolderTest {
+ protected:
+  std::string File() const { return Path("f"); }
+  std::unique_ptr<platform::BlockFile> Open(
+      platform::OpenMode mode, platform::OpenOutcome expected = platform::OpenOutcome::kOk) const {
+    platform::OpenedFile opened = platform::PosixFileSystem().Open(File(), mode);
+    EXPECT_EQ(opened.outcome, expected);
+    EXPECT_EQ(opened.file != nullptr, expected == platform::OpenOutcome::kOk);
+    return std::move(opened.file);
+  }
+  // What the system tells of the file, also while it is open.
+  struct stat Status() const {
+    struct stat info {};
+    EXPECT_EQ(::stat(File().c_str(), &info), 0);
+    return info;
+  }
+  std::uint64_t LengthOnDisk() const { return static_cast<std::uint64_t>(Status().st_size); }
+};
+
+}  // namespace zel::test

@@ -1,0 +1,82 @@
+#include "frame/path_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "tests/frame/temp_folder.h"
+
+namespace zel {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(PathParts, BothSeparatorsSplit) {
+  struct {
+    char const* path;
+    char const* folder;
+    char const* name;
+    char const* extension;
+  } const rows[] = {
+      {"/a/b.lb1", "/a/", "b", ".lb1"},
+      {"C:\\x\\y.z.txt", "C:\\x\\", "y.z", ".txt"},
+      {"a/b\\c.txt", "a/b\\", "c", ".txt"},
+      {"a\\b/c.txt", "a\\b/", "c", ".txt"},
+      {".txt", "", "", ".txt"},
+      {"/a/.txt", "/a/", "", ".txt"},
+      {"name", "", "name", ""},
+      {"name.", "", "name", "."},
+      {"dir.v2/name", "dir.v2/", "name", ""},
+      {"/a/", "/a/", "", ""},
+      {"", "", "", ""},
+  };
+  for (auto const& row : rows) {
+    PathParts const parts = SplitPath(row.path);
+    EXPECT_EQ(parts.folder, row.folder) << row.path;
+    EXPECT_EQ(parts.name, row.name) << row.path;
+    EXPECT_EQ(parts.extension, row.extension) << row.path;
+  }
+}
+
+TEST(PathParts, PathsBecomeAbsoluteAndPlain) {
+  std::string const here = fs::current_path().string();
+  struct {
+    char const* path;
+    char const* folder;
+    std::string full;
+  } const rows[] = {
+      {"x.lb1", "", here + "/x.lb1"},
+      {"./a/../x", "", here + "/x"},
+      {"a\\.\\b\\..\\x", "", here + "/a/x"},
+      {"/a//b/./c/../d/", "", "/a/b/d"},
+      {"\\a\\b", "", "/a/b"},
+      {"../../../../../../../../../../../../../../../..", "", "/"},
+      {"/..", "", "/"},
+      {"f", "/base", "/base/f"},
+      {"f", "/base/", "/base/f"},
+      {"..\\f", "/base\\sub", "/base/f"},
+      {"f", "rel", here + "/rel/f"},
+      {"/f", "/base", "/f"},
+      {"", "", ""},
+      {"", "/base", ""},
+  };
+  for (auto const& row : rows) {
+    EXPECT_EQ(AbsolutePath(row.path, row.folder), row.full) << row.path << " from " << row.folder;
+  }
+}
+
+class WorkingFolderTest : public test::TempFolderTest {
+ protected:
+  ~WorkingFolderTest() override { fs::current_path(before_); }
+  fs::path before_ = fs::current_path();
+};
+
+TEST_F(WorkingFolderTest, NameWithABackslashInTheWorkingFolderStays) {
+  fs::create_directory(Path("odd\\name"));
+  fs::current_path(Path("odd\\name"));
+  EXPECT_EQ(AbsolutePath("x"), Path("odd\\name/x"));
+}
+
+}  // namespace
+}  // namespace zel

@@ -1,0 +1,45 @@
+# Fails when check_includes.cmake lets an upward include pass: small trees with one defect each.
+#   cmake -D WORK_DIR=<scratch folder> -D CHECK=<check_includes.cmake> -P check_the_check.cmake
+cmake_minimum_required(VERSION 3.20)
+
+# The verdict of the check on a tree that holds one file of one line.
+function(verdict_on file line result)
+  file(REMOVE_RECURSE ${WORK_DIR})
+  file(WRITE ${WORK_DIR}/${file} "${line}\n")
+  execute_process(COMMAND ${CMAKE_COMMAND} -D SOURCE_DIR=${WORK_DIR} -P ${CHECK}
+                  RESULT_VARIABLE failed OUTPUT_QUIET ERROR_QUIET)
+  file(REMOVE_RECURSE ${WORK_DIR})
+  set(${result} ${failed} PARENT_SCOPE)
+endfunction()
+
+function(expect_refused file line)
+  verdict_on(${file} "${line}" failed)
+  if(NOT failed)
+    message(FATAL_ERROR "passed: ${file} with ${line}")
+  endif()
+endfunction()
+
+function(expect_passed file line)
+  verdict_on(${file} "${line}" failed)
+  if(failed)
+    message(FATAL_ERROR "refused: ${file} with ${line}")
+  endif()
+endfunction()
+
+expect_refused(frame/a.h "#include \"store/key.h\"")
+expect_refused(store/a.cpp "#include \"banks/catalogue.h\"")
+expect_refused(store/deep/a.cpp "#include <maint/lib_maint.h>")
+expect_refused(store/a.cpp "  #  include \"maint/lib_maint.h\"")
+expect_refused(store/a.cpp "#include \"../maint/lib_maint.h\"")
+expect_refused(purecomp/a.cpp "#include \"maint/held.h\"")
+expect_refused(maint/a.cpp "#include \"xml/import.h\"")
+expect_refused(xml/a.cpp "#include \"lists/search.h\"")
+expect_refused(lists/a.cpp "#include \"xml/import.h\"")
+expect_refused(examples/a.cpp "#include \"store/key.h\"")
+expect_refused(hosts/zel/a.cpp "#include \"frame/ascii.h\"")
+expect_refused(include/zelaccess/a.h "#include \"store/key.h\"")
+expect_refused(nowhere/a.cpp "#include <vector>")
+expect_passed(xml/a.cpp "#include \"maint/lib_maint.h\"")
+expect_passed(maint/a.cpp "#include \"frame/platform/system.h\"")
+expect_passed(store/a.cpp "#include \"store/key.h\"")
+expect_passed(examples/a.cpp "#include <zelaccess/ZelAccess.h>")
