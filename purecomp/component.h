@@ -1,5 +1,5 @@
-// The data of one pure component: identity, structures, constants, correlations, and where each datum
-// came from.
+// The data of one pure component: identity, structures, constants, correlations, and where each
+// datum came from.
 #pragma once
 
 #include <array>
@@ -11,9 +11,9 @@
 namespace zel {
 
 inline constexpr int kLibraryIds = 12;
-inline constexpr int kModels = 7;         // structure models, 0 is the legacy one
-inline constexpr int kGroups = 10;        // groups of a structure
-inline constexpr int kConstants = 100;    // fixed constants in memory
+inline constexpr int kModels = 7;       // structure models, 0 is the legacy one
+inline constexpr int kGroups = 10;      // groups of a structure
+inline constexpr int kConstants = 100;  // fixed constants in memory
 inline constexpr int kConstantsOnFile = 50;
 inline constexpr int kCorrelations = 20;  // the first 18 have names
 inline constexpr int kCoefficients = 15;
@@ -77,7 +77,7 @@ struct Component {
   bool keepFormula;  // the formula must be kept as written
   std::array<Structure, kModels> structures;
   std::array<char, 101> smiles;
-  std::int32_t phase;  // 1 vapor, 2 liquid, 4 solid, added up
+  std::int32_t phase;                        // 1 vapor, 2 liquid, 4 solid, added up
   std::array<double, kConstants> fixed;      // as read or set, internal units
   std::array<double, kConstants> completed;  // with what follows from them
   std::array<Correlation, kCorrelations> correlations;

@@ -36,12 +36,12 @@ struct Symbols {
   using Result = std::optional<Value>;  // none: the form leaves the caller's value untouched
 
   X T;
-  int N;                     // coefficients in use, 0 to 15
-  C const* coefficients;     // 15, those beyond N are 0
-  double Tc, Pc, Tb;         // K, kPa, K
+  int N;                  // coefficients in use, 0 to 15
+  C const* coefficients;  // 15, those beyond N are 0
+  double Tc, Pc, Tb;      // K, kPa, K
   double tMin, tMax;
-  double b;                  // log basis factor: 1 or ln 10
-  double f, o;               // unit factor and offset of the final step
+  double b;     // log basis factor: 1 or ln 10
+  double f, o;  // unit factor and offset of the final step
   CorrelationCaller* caller;
 
   C c(int i) const { return i >= 1 && i <= kMaxCoefficients ? coefficients[i - 1] : C(0.0); }

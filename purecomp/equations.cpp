@@ -103,8 +103,8 @@ constexpr DerivativeRule RuleOf(int equation, int order) noexcept {
 template <typename X, typename C>
 Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* coefficients) {
   double const b = call.logBasis == 2 ? kLn10 : 1.0;
-  return {T,       N,       coefficients, call.Tc,     call.Pc,     call.Tb,
-          call.tMin, call.tMax, b,         call.factor, call.offset, call.caller};
+  return {T,         N, coefficients, call.Tc,     call.Pc,    call.Tb, call.tMin,
+          call.tMax, b, call.factor,  call.offset, call.caller};
 }
 
 using Coefficients = std::array<double, kMaxCoefficients>;

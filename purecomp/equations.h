@@ -38,10 +38,10 @@ struct EquationCall {
 
 // Evaluates a form at a temperature inside the range; outside it only gives the status. `value` and
 // `derivative` are in and out: a number that names no form leaves both as they came, a form without
-// a value at that temperature leaves `value`, and the final step (times factor, plus offset) runs on
-// them all the same. `derivative` gets the derivative of the order asked for, orders other than 1 to
-// 3 leave it. `weights` (15, may be null) get, for order 11, the partial derivatives of the form's
-// value before the final step with respect to the coefficients in use.
+// a value at that temperature leaves `value`, and the final step (times factor, plus offset) runs
+// on them all the same. `derivative` gets the derivative of the order asked for, orders other than
+// 1 to 3 leave it. `weights` (15, may be null) get, for order 11, the partial derivatives of the
+// form's value before the final step with respect to the coefficients in use.
 RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& derivative,
                              double* weights);
 

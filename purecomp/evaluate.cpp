@@ -72,8 +72,7 @@ void ToMolar(std::uint32_t index, double molecularWeight, double& value, double&
 }  // namespace
 
 ZelStatus Evaluator::Extrapolate(EquationCall call, Extrapolation mode, double temperature,
-                                 double bound, double& value, double& derivative,
-                                 double* weights) {
+                                 double bound, double& value, double& derivative, double* weights) {
   if (mode == Extrapolation::kFails) return kStatusFailed;
   call.temperature = bound;
   if (EvaluateEquation(call, value, derivative, weights) != kInRange) return kStatusFailed;

@@ -15,11 +15,11 @@ class Evaluator final : public CorrelationCaller {
  public:
   explicit Evaluator(Component const& component) noexcept : component_(component) {}
 
-  // kStatusOk inside the range, kStatusNothingNew (1) when the value was extrapolated, kStatusFailed
-  // for an index above 17, an absent correlation, or an extrapolation that is not allowed. An order
-  // below 1 counts as 1. `value` and `derivative` are in and out: see EvaluateEquation. `status` is 0
-  // inside the range, 1 above, -1 below. A failure after the record was found may have changed the
-  // numbers.
+  // kStatusOk inside the range, kStatusNothingNew (1) when the value was extrapolated,
+  // kStatusFailed for an index above 17, an absent correlation, or an extrapolation that is not
+  // allowed. An order below 1 counts as 1. `value` and `derivative` are in and out: see
+  // EvaluateEquation. `status` is 0 inside the range, 1 above, -1 below. A failure after the record
+  // was found may have changed the numbers.
   ZelStatus Evaluate(std::uint32_t index, double temperature, std::int32_t order, double& value,
                      double& derivative, double* weights, std::int32_t& status);
 

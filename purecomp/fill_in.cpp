@@ -20,8 +20,8 @@ enum CompletedIndex : std::size_t {
   kWatsonK = 52,
   kFirstBoilingCopy = 53,
   kLastBoilingCopy = 57,
-  kFirstAtomCount = 60,   // C, H, N, O, S
-  kFirstFraction = 70,    // their weight fractions
+  kFirstAtomCount = 60,  // C, H, N, O, S
+  kFirstFraction = 70,   // their weight fractions
   kCarbonToHydrogen = 80
 };
 
@@ -40,7 +40,7 @@ constexpr std::string_view kFractionLabels[kElementCount] = {
 constexpr double kHeatOfCarbon = 393510.016;
 constexpr double kHeatOfHydrogen = 241814.0;
 constexpr double kHeatOfSulfur = 296840.0;
-constexpr double kRoomTemperature = 298.15;        // K
+constexpr double kRoomTemperature = 298.15;              // K
 constexpr double kGasConstantTimesRoom = 2478.95952865;  // kJ/kg-mol
 constexpr double kJoulePerCalorie = 4.18321;
 constexpr double kReducedForAcentric = 0.7;
@@ -149,9 +149,9 @@ class FillIn {
   }
 
   void Atoms() {
-    std::array<ElementSymbol, kElementCount> elements = {
-        ElementSymbol{"C"}, ElementSymbol{"H"}, ElementSymbol{"N"}, ElementSymbol{"O"},
-        ElementSymbol{"S"}};
+    std::array<ElementSymbol, kElementCount> elements = {ElementSymbol{"C"}, ElementSymbol{"H"},
+                                                         ElementSymbol{"N"}, ElementSymbol{"O"},
+                                                         ElementSymbol{"S"}};
     std::int32_t found = 0;
     // A formula that does not parse leaves what was counted up to the failure.
     CountElements(c_.formula.data(), {elements, atoms_, kElementCount}, found);
@@ -162,7 +162,8 @@ class FillIn {
     } else {
       Put(kFirstAtomCount, c_.fixed[kCNUM], "from CNUM");
     }
-    for (std::size_t i = 1; i < kElementCount; ++i) Put(kFirstAtomCount + i, atoms_[i], kFromFormula);
+    for (std::size_t i = 1; i < kElementCount; ++i)
+      Put(kFirstAtomCount + i, atoms_[i], kFromFormula);
   }
 
   void Fractions() {

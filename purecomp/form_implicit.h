@@ -2,8 +2,8 @@
 // full form implicitly through the second virial term s = C7/T^2, and whose second set weighs the
 // derivative of that relation.
 //
-// M = N - 8 is the number of first-set coefficients in use; C8 is not used, the second set starts at
-// C9. Each term counts only as M allows.
+// M = N - 8 is the number of first-set coefficients in use; C8 is not used, the second set starts
+// at C9. Each term counts only as M allows.
 #pragma once
 
 #include <cmath>

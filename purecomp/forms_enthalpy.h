@@ -104,8 +104,8 @@ typename S::Result Eq46(S const& s) {
   auto const C2 = s.c(2), C3 = s.c(3), C4 = s.c(4), C5 = s.c(5);
   auto const tau2 = tau * tau;
   auto const cubic = C2 * C5 / 3.0 + (C4 * C5 / 10.0 + C5 * C5 * tau / 30.0) * tau2;
-  auto const sum = C2 * C2 * Ln(tau) + C3 * tau - (C2 * C4 + C4 * C4 * tau2 / 12.0) * tau2 -
-                   tau2 * tau * cubic;
+  auto const sum =
+      C2 * C2 * Ln(tau) + C3 * tau - (C2 * C4 + C4 * C4 * tau2 / 12.0) * tau2 - tau2 * tau * cubic;
   return s.c(1) - s.Tc * sum;
 }
 
@@ -140,8 +140,7 @@ typename S::Result Eq54(S const& s) {
   auto const H1 = 1.45 * (1.0 - x) - 0.45 * Ln(x);
   auto const H2 = 17.11 * (1.0 - x) - 1.742 * Ln(x);
   auto const ratio = (r * (1.0 + r) + 1.0) / Square(r - 1.0);
-  auto const H3 =
-      25.2 * (3.0 * r - root3 * Atan((1.0 + 2.0 * r) / root3) - 0.5 * Ln(ratio));
+  auto const H3 = 25.2 * (3.0 * r - root3 * Atan((1.0 + 2.0 * r) / root3) - 0.5 * Ln(ratio));
   typename S::Value const ideal = (s.Called(kIdealEnthalpy) - s.o) / s.f;
   return kGasConstant * (s.c(1) + s.c(3) * (H1 + 0.25 * s.c(2) * (H2 + H3))) + ideal;
 }

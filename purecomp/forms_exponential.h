@@ -25,8 +25,8 @@ template <typename S>
 typename S::Result Eq14(S const& s) {
   auto const tau = s.tau();
   if (ValueOf(tau) <= kNearCritical) return s.c(1);
-  auto const inner = s.c(2) + s.c(3) * SignedSqrt(tau) +
-                     (s.c(4) + s.c(5) * Cube(tau)) * Square(tau);
+  auto const inner =
+      s.c(2) + s.c(3) * SignedSqrt(tau) + (s.c(4) + s.c(5) * Cube(tau)) * Square(tau);
   return ExpClamped(s.b * (s.c(1) + tau * inner / s.Tr()));
 }
 

@@ -14,8 +14,8 @@ inline constexpr double kChapmanEnskog = 2.669e-06;
 // factor is 1.1645 in these forms, where the published correlation has 1.16145.
 template <typename U, typename D>
 Wider<U, D> CollisionIntegral(U const& u, D const& dipole) {
-  return 1.1645 * PowConst(u, -0.14874) + 0.52487 * Exp(-0.7732 * u) +
-         2.16178 * Exp(-2.43787 * u) + 0.2 * dipole / u;
+  return 1.1645 * PowConst(u, -0.14874) + 0.52487 * Exp(-0.7732 * u) + 2.16178 * Exp(-2.43787 * u) +
+         0.2 * dipole / u;
 }
 
 template <typename S>

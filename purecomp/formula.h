@@ -1,9 +1,9 @@
 // Chemical formulas: parsed into element counts, checked, put into normal order.
 //
 // Grammar: items, each an element (an upper-case letter and at most one lower-case letter) or a
-// sequence in parentheses, with an optional count; at the end optionally a point, a count and "H2O".
-// Only the first four digits of a count are used. "mixture" and "petro" stand for formulas that are
-// none.
+// sequence in parentheses, with an optional count; at the end optionally a point, a count and
+// "H2O". Only the first four digits of a count are used. "mixture" and "petro" stand for formulas
+// that are none.
 #pragma once
 
 #include <array>
@@ -30,19 +30,19 @@ struct FormulaResult {
   bool hasCarbonAndHydrogen = false;
 };
 
-// False when the text is no formula or names an unknown element; the slots then hold what was counted
-// up to there. Elements without a free slot are dropped without failure. Counts stop at the limits of
-// 32 bits. In merged form equal elements share a slot; in sequence form each occurrence takes a slot
-// of its own, but for preset ones.
+// False when the text is no formula or names an unknown element; the slots then hold what was
+// counted up to there. Elements without a free slot are dropped without failure. Counts stop at the
+// limits of 32 bits. In merged form equal elements share a slot; in sequence form each occurrence
+// takes a slot of its own, but for preset ones.
 bool ParseFormulaMerged(std::string_view formula, ElementSlots slots, FormulaResult& result);
 bool ParseFormulaSequence(std::string_view formula, ElementSlots slots, FormulaResult& result);
 // The merged form without hydrate and mark.
 bool CountElements(std::string_view formula, ElementSlots slots, std::int32_t& foundCount);
 
-// Puts a formula (21 characters with terminator) into normal order: Hill order when it has carbon and
-// hydrogen, byte order otherwise. Gives 1 when `formula` is in normal form now, or is no formula at
-// all; 2 when the two differ and must not be merged (`strict`, or no carbon and hydrogen): `formula`
-// is then as it was and `work` (21 characters) holds the normal form.
+// Puts a formula (21 characters with terminator) into normal order: Hill order when it has carbon
+// and hydrogen, byte order otherwise. Gives 1 when `formula` is in normal form now, or is no
+// formula at all; 2 when the two differ and must not be merged (`strict`, or no carbon and
+// hydrogen): `formula` is then as it was and `work` (21 characters) holds the normal form.
 int NormaliseFormula(char* formula, char* work, bool strict);
 
 // A text that orders components by formula. A text that does not parse gives the single byte 1.

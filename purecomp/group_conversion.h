@@ -10,6 +10,7 @@ struct GroupPair {
   std::int32_t group;
 };
 
+// clang-format off
 // For original UNIFAC, public and consortium.
 inline constexpr GroupPair kOriginalGroups[110] = {
     {100, 42}, {111, 17}, {122, 114}, {200, 14}, {300, 20}, {400, 94}, {422, 96}, {423, 95},
@@ -64,5 +65,7 @@ inline constexpr GroupPair kDortmundConsortiumGroups[118] = {
     {2877, 71}, {2911, 138}, {2912, 137}, {2913, 136}, {2914, 134}, {2921, 142}, {2922, 141},
     {2931, 145}, {2941, 143}, {3000, 64}, {3200, 63}, {3888, 120}, {3889, 121},
 };
+
+// clang-format on
 
 }  // namespace zel

@@ -2,8 +2,8 @@
 //
 // A form is written once, as a template over its number types. With plain doubles it gives a value;
 // with a Jet in the temperature it gives the derivatives with respect to the temperature as well;
-// with a Jet in one coefficient it gives the sensitivity to that coefficient. So a derivative cannot
-// disagree with its form. Where a guard acts the derivative is that of the guarded function.
+// with a Jet in one coefficient it gives the sensitivity to that coefficient. So a derivative
+// cannot disagree with its form. Where a guard acts the derivative is that of the guarded function.
 #pragma once
 
 #include <array>

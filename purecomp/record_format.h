@@ -15,8 +15,8 @@ enum MainWord : int {
   kIds = 10,  // 12 of 2 words
   kName = 35,
   kFormula = 45,
-  kLegacyGroups = 50,  // 10 words of count x 10000 + id
-  kConstantCodes = 60,  // 50 codes of 16 bits, the lower index in the low half
+  kLegacyGroups = 50,      // 10 words of count x 10000 + id
+  kConstantCodes = 60,     // 50 codes of 16 bits, the lower index in the low half
   kCorrelationCodes = 85,  // 20 codes, likewise
   kCorrelationAddress = 95,
   kCorrelationLength = 96,
@@ -43,9 +43,9 @@ inline constexpr std::int32_t kLongestStructure = 999999;
 inline constexpr int kCorrelationWords = 400;
 inline constexpr int kCorrelationEntry = 20;
 enum CorrelationWord : int {
-  kEquationAndUnit = 0,   // equation x 1000000 + 1000 + tempUnit
-  kBases = 1,             // (logBasis x 1000 + moleWtBasis) x 1000
-  kCountAndUnit = 2,      // coefficientCount x 1000000 + propUnit
+  kEquationAndUnit = 0,  // equation x 1000000 + 1000 + tempUnit
+  kBases = 1,            // (logBasis x 1000 + moleWtBasis) x 1000
+  kCountAndUnit = 2,     // coefficientCount x 1000000 + propUnit
   kTMin = 3,
   kTMax = 4,
   kCoefficientsAt = 5

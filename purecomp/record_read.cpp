@@ -47,9 +47,9 @@ class Merge {
   // A structure block must lie in a library of the same kind, or it counts as absent.
   void CheckStructureReference(std::int32_t address) {
     std::int32_t const length = main_[r::kStructureLength];
-    bool const good = length >= 1 && length <= r::kLongestStructure &&
-                      main_[r::kStructureAddress] / format::kTypeFactor ==
-                          address / format::kTypeFactor;
+    bool const good =
+        length >= 1 && length <= r::kLongestStructure &&
+        main_[r::kStructureAddress] / format::kTypeFactor == address / format::kTypeFactor;
     if (good) return;
     main_[r::kStructureAddress] = format::kNullAddress;
     main_[r::kStructureLength] = 0;
@@ -185,7 +185,8 @@ class Merge {
     std::array<std::int32_t, r::kOldBlockWords> table{};
     std::int32_t loaded = format::kNullAddress;
     for (int i = 0; i < kCorrelations; ++i) {
-      std::int32_t const* entry = &main_[static_cast<Index>(r::kDirectory + r::kDirectoryEntry * i)];
+      std::int32_t const* entry =
+          &main_[static_cast<Index>(r::kDirectory + r::kDirectoryEntry * i)];
       std::int32_t const offset = entry[0];
       std::int32_t const count = entry[1];
       std::int32_t const address = entry[2];

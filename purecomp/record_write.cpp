@@ -59,8 +59,8 @@ class Record {
     return (oldWords - 1) / size >= (words - 1) / size;
   }
 
-  // A block of an older item that is too short for the present layout is not written again: it would
-  // run over its neighbour.
+  // A block of an older item that is too short for the present layout is not written again: it
+  // would run over its neighbour.
   void TakeOldAddresses(std::int32_t address) {
     std::array<std::int32_t, r::kMainWords> old{};
     library_.ReadBlock(address, r::kMainWords, old.data());
@@ -146,9 +146,10 @@ class Record {
 
   static void Encode(Correlation const& own, std::int32_t* words) {
     auto const u = [](std::int32_t n) { return static_cast<std::uint32_t>(n); };
-    words[r::kEquationAndUnit] = Packed(u(own.equation), r::kMillion, r::kThousand + u(own.tempUnit));
-    words[r::kBases] =
-        static_cast<std::int32_t>((u(own.logBasis) * r::kThousand + u(own.moleWtBasis)) * r::kThousand);
+    words[r::kEquationAndUnit] =
+        Packed(u(own.equation), r::kMillion, r::kThousand + u(own.tempUnit));
+    words[r::kBases] = static_cast<std::int32_t>(
+        (u(own.logBasis) * r::kThousand + u(own.moleWtBasis)) * r::kThousand);
     words[r::kCountAndUnit] = Packed(u(own.coefficientCount), r::kMillion, u(own.propUnit));
     words[r::kTMin] = WordOf(own.tMin);
     words[r::kTMax] = WordOf(own.tMax);

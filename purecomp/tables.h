@@ -19,6 +19,7 @@ inline constexpr std::int32_t kEndOfWritten = -999;
 inline constexpr std::int32_t kEndOfRows = -9999;
 
 // Main rows, then aliases that are only read.
+// clang-format off
 inline constexpr PropertyRow kPropertyRows[] = {
     {"MW",           "",             0},  // molecular weight
     {"TC",           "temp",         1},  // critical temperature
@@ -65,6 +66,7 @@ inline constexpr PropertyRow kPropertyRows[] = {
     {"MVOL60F",       "spvol",        10},  // an alias
     {"",              "",             kEndOfRows},
 };
+// clang-format on
 
 // What SetCorrelation does with the basis it is given.
 enum class Basis : std::uint8_t { kNone, kAtLeastMolar };
@@ -83,6 +85,7 @@ struct CorrelationRow {
 };
 
 // By correlation index.
+// clang-format off
 inline constexpr CorrelationRow kCorrelationRows[] = {
     {"VaporPressure",         "pres",          4015, Basis::kNone,         Extrapolation::kLogarithmic, 10},
     {"IdealEnthalpy",         "spenthalpy",   28018, Basis::kAtLeastMolar, Extrapolation::kLinear,      kNoLimit},
@@ -103,6 +106,7 @@ inline constexpr CorrelationRow kCorrelationRows[] = {
     {"Dielectric",            "diel",             0, Basis::kNone,         Extrapolation::kLinear,      kNoLimit},
     {"CharacteristicVolume",  "vols",         19081, Basis::kAtLeastMolar, Extrapolation::kLinear,      12},
 };
+// clang-format on
 inline constexpr std::int32_t kNamedCorrelations = 18;
 static_assert(sizeof kCorrelationRows / sizeof kCorrelationRows[0] == kNamedCorrelations);
 

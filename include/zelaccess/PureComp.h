@@ -6,17 +6,19 @@
 
 namespace zel {
 
-// One pure component: identity, group structures, fixed constants, eighteen temperature correlations, a
-// SMILES text and phase flags, with a reference code and a source for each datum.
+// One pure component: identity, group structures, fixed constants, eighteen temperature
+// correlations, a SMILES text and phase flags, with a reference code and a source for each datum.
 //
-// The bank accumulates: reading an item fills only what is still empty, so reading one component from
-// several libraries in turn merges them, the first library winning each datum. Clear starts over.
+// The bank accumulates: reading an item fills only what is still empty, so reading one component
+// from several libraries in turn merges them, the first library winning each datum. Clear starts
+// over.
 //
-// All operations return kStatusOk or kStatusFailed unless a row says otherwise. An index out of range
-// is a failure and changes nothing. Text arguments are caller buffers: IDs 9 characters, name 41,
-// formula 21, SMILES 101, sources 260. Constants are in internal units: K, kPa, kJ/kg-mol, m3/kg-mol,
-// debye, m; undefined when unset (Types.h). Constants by index: 0 MW, 1 TC, 2 PC, 3 VC, 4 ZC, ...;
-// correlations: 0 VaporPressure, 1 IdealEnthalpy, 2 LiquidEnthalpy, 3 LatentHeat, 4 LiquidDensity, ...
+// All operations return kStatusOk or kStatusFailed unless a row says otherwise. An index out of
+// range is a failure and changes nothing. Text arguments are caller buffers: IDs 9 characters, name
+// 41, formula 21, SMILES 101, sources 260. Constants are in internal units: K, kPa, kJ/kg-mol,
+// m3/kg-mol, debye, m; undefined when unset (Types.h). Constants by index: 0 MW, 1 TC, 2 PC, 3 VC,
+// 4 ZC, ...; correlations: 0 VaporPressure, 1 IdealEnthalpy, 2 LiquidEnthalpy, 3 LatentHeat, 4
+// LiquidDensity, ...
 class ZEL_API IZelPureComp : public IUnknown {
  public:
   // Set by Complete: the stored critical constants contradict each other and come from several
@@ -32,9 +34,9 @@ class ZEL_API IZelPureComp : public IUnknown {
                                 char const (*libraryIds)[9], char const* name, char const* formula,
                                 std::uint8_t keepFormula) = 0;
 
-  // Groups under a model: 0 legacy, 1 orig-public, 2 orig-cons, 3 dort-public, 4 dort-cons, 5 lyngby,
-  // 6 joback. At most 10 ids and counts. A model without a structure of its own takes the legacy one,
-  // converted, but for joback; an id that does not convert is a failure with count 0.
+  // Groups under a model: 0 legacy, 1 orig-public, 2 orig-cons, 3 dort-public, 4 dort-cons, 5
+  // lyngby, 6 joback. At most 10 ids and counts. A model without a structure of its own takes the
+  // legacy one, converted, but for joback; an id that does not convert is a failure with count 0.
   virtual ZelStatus GetStructure(std::uint32_t model, std::int32_t* count, std::int32_t* ids,
                                  std::int32_t* counts) = 0;
   // As stored; a failure when there is none.
@@ -50,10 +52,10 @@ class ZEL_API IZelPureComp : public IUnknown {
   // The constants as read or set: 100 values, or one by index up to 99.
   virtual ZelStatus GetAllProperties(double* values) = 0;
   virtual ZelStatus GetProperty(std::uint32_t index, double* value) = 0;
-  // The constants after Complete. Beside what was missing they hold: 50 API gravity, 52 Watson K, 53 to
-  // 57 the normal boiling point, 60 to 64 atoms of C, H, N, O, S, 70 to 74 their weight fractions, 80
-  // the weight ratio of C to H. The parachor and the boiling point copies are computed from whatever is
-  // there, also from undefined constants.
+  // The constants after Complete. Beside what was missing they hold: 50 API gravity, 52 Watson K,
+  // 53 to 57 the normal boiling point, 60 to 64 atoms of C, H, N, O, S, 70 to 74 their weight
+  // fractions, 80 the weight ratio of C to H. The parachor and the boiling point copies are
+  // computed from whatever is there, also from undefined constants.
   virtual ZelStatus GetAllCompleted(double* values) = 0;
   virtual ZelStatus GetCompleted(std::uint32_t index, double* value) = 0;
   virtual ZelStatus SetAllProperties(double const* values) = 0;
@@ -66,11 +68,11 @@ class ZEL_API IZelPureComp : public IUnknown {
   // A code above 32000 is a failure.
   virtual ZelStatus SetPropertyRefCode(std::uint32_t index, std::uint32_t code) = 0;
 
-  // One correlation, index up to 17; 15 coefficients, of which `coefficientCount` are given. `factor`
-  // turns the form's value into internal units. tempUnit 10 K, 11 C, 12 R, 13 F; logBasis 1 natural, 2
-  // decimal; moleWtBasis 0 none, 1 molar, 2 weight. The record is copied out before it is judged: an
-  // equation above 100, a property unit above 50999, another temperature unit or a count outside 1 to
-  // 15 is a failure. kStatusNothingNew (1) when the correlation is not set.
+  // One correlation, index up to 17; 15 coefficients, of which `coefficientCount` are given.
+  // `factor` turns the form's value into internal units. tempUnit 10 K, 11 C, 12 R, 13 F; logBasis
+  // 1 natural, 2 decimal; moleWtBasis 0 none, 1 molar, 2 weight. The record is copied out before it
+  // is judged: an equation above 100, a property unit above 50999, another temperature unit or a
+  // count outside 1 to 15 is a failure. kStatusNothingNew (1) when the correlation is not set.
   virtual ZelStatus GetCorrelation(std::uint32_t index, std::int32_t* equation,
                                    std::int32_t* tempUnit, std::int32_t* propUnit, double* factor,
                                    std::int32_t* logBasis, std::int32_t* moleWtBasis,
@@ -85,13 +87,14 @@ class ZEL_API IZelPureComp : public IUnknown {
   // Index up to 16: the last correlation has a code on file and none through here.
   virtual ZelStatus GetCorrelationRefCode(std::uint32_t index, std::uint32_t* code) = 0;
   virtual ZelStatus SetCorrelationRefCode(std::uint32_t index, std::uint32_t code) = 0;
-  // Value and derivative at a temperature in the record's unit. `order`: 1, 2, 3 for that derivative
-  // with respect to the temperature, 11 for the sensitivities (`weights`, 15; else null). kStatusOk
-  // inside the range, kStatusNothingNew (1) when extrapolated. `status`: 0 inside, 1 above, -1 below.
-  // `value` and `derivative` are in and out: a form without a value there leaves them.
-  virtual ZelStatus EvaluateCorrelation(std::uint32_t index, double temperature,
-                                        std::int32_t order, double* value, double* derivative,
-                                        double* weights, std::int32_t* status) = 0;
+  // Value and derivative at a temperature in the record's unit. `order`: 1, 2, 3 for that
+  // derivative with respect to the temperature, 11 for the sensitivities (`weights`, 15; else
+  // null). kStatusOk inside the range, kStatusNothingNew (1) when extrapolated. `status`: 0 inside,
+  // 1 above, -1 below. `value` and `derivative` are in and out: a form without a value there leaves
+  // them.
+  virtual ZelStatus EvaluateCorrelation(std::uint32_t index, double temperature, std::int32_t order,
+                                        double* value, double* derivative, double* weights,
+                                        std::int32_t* status) = 0;
 
   // kStatusNothingNew (1) when the text is empty.
   virtual ZelStatus GetSmiles(char* text) = 0;
@@ -100,9 +103,9 @@ class ZEL_API IZelPureComp : public IUnknown {
   virtual ZelStatus GetPhase(std::int32_t* phase) = 0;
   virtual ZelStatus SetPhase(std::int32_t phase) = 0;
 
-  // Where each datum came from: a library's "name:bank", or for a constant the method that derived it.
-  // A flag is 1 when the source was a protected library. The forms with pointers take an array of
-  // buffers and skip null ones, the flat forms one buffer of rows of 260 characters.
+  // Where each datum came from: a library's "name:bank", or for a constant the method that derived
+  // it. A flag is 1 when the source was a protected library. The forms with pointers take an array
+  // of buffers and skip null ones, the flat forms one buffer of rows of 260 characters.
   virtual ZelStatus GetAllPropertySources(char** texts, std::uint8_t* flags) = 0;  // 100
   virtual ZelStatus GetAllPropertySourcesFlat(char* texts, std::uint8_t* flags) = 0;
   virtual ZelStatus GetPropertySource(std::uint32_t index, char* text, std::uint8_t* flag) = 0;
