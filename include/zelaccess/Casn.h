@@ -18,10 +18,10 @@ namespace zel {
 class ZEL_API casn {
  public:
   casn() noexcept = default;
-  casn(short number) noexcept;         // NOLINT(google-explicit-constructor)
-  casn(int number) noexcept;           // NOLINT(google-explicit-constructor)
-  casn(long number) noexcept;          // NOLINT(google-explicit-constructor)
-  casn(char const* text) noexcept;     // NOLINT(google-explicit-constructor)
+  casn(short number) noexcept;      // NOLINT(google-explicit-constructor)
+  casn(int number) noexcept;        // NOLINT(google-explicit-constructor)
+  casn(long number) noexcept;       // NOLINT(google-explicit-constructor)
+  casn(char const* text) noexcept;  // NOLINT(google-explicit-constructor)
   casn(casn const&) noexcept = default;
   ~casn() = default;
 

@@ -30,7 +30,7 @@ class ZEL_API Key {
   // Ends the key and nulls the handle; does nothing on null.
   static void DelKey(Key*& key);
 
-  Key(Key const&) {}  // copies no data: keys are handles
+  Key(Key const&) {}                            // copies no data: keys are handles
   Key& operator=(Key const&) { return *this; }  // copies nothing
 
   // Each overload replaces the key by the components given.

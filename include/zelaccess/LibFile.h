@@ -77,7 +77,7 @@ class ZEL_API LibFile {
   static void SetOrdwinNameIndex(LibFile* library);
   static void ClearOrdwinNameIndex();
 
-  LibFile(LibFile const&) {}  // copies no data: libraries are handles
+  LibFile(LibFile const&) {}                            // copies no data: libraries are handles
   LibFile& operator=(LibFile const&) { return *this; }  // copies nothing
 
   // Writes header, tree heads and block table, and asks the system to put the files on disk.

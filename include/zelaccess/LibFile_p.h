@@ -51,9 +51,9 @@ class ZEL_API LibFile_p : public LibFile {
   virtual void ReservedLib1(void* first, void* second) = 0;
   virtual void ReservedLib2(void* first, void* second) = 0;
   virtual void ReservedLib3(void* first, void* second) = 0;
-  // Copies of the header (125 words), block table (125) and tree heads (24), shared by all libraries
-  // of the process and valid until the next call. Three times the same pointer instead gives the
-  // live header image. A reader's copy shows neither password nor level.
+  // Copies of the header (125 words), block table (125) and tree heads (24), shared by all
+  // libraries of the process and valid until the next call. Three times the same pointer instead
+  // gives the live header image. A reader's copy shows neither password nor level.
   virtual void GetHeaderBlocks(std::int32_t const** header, std::int32_t const** blockTable,
                                std::int32_t const** treeHeads) = 0;
 

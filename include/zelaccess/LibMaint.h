@@ -29,13 +29,14 @@ class LibFile;
 // transactions; a failing step leaves what earlier steps wrote. Operations give false (or 0, or an
 // empty text) on failure; block errors of LibFile pass through as exceptions.
 //
-// Buffers: type keywords, bank names and character IDs 9 characters, memos 4000, key words 10 words.
+// Buffers: type keywords, bank names and character IDs 9 characters, memos 4000, key words 10
+// words.
 class ZEL_API LibMaint {
  public:
   static LibMaint* NewLibMaint(LibFile* library);
   static void DelLibMaint(LibMaint*& maint);
 
-  LibMaint(LibMaint const&) {}  // copies no data: these are handles
+  LibMaint(LibMaint const&) {}                            // copies no data: these are handles
   LibMaint& operator=(LibMaint const&) { return *this; }  // copies nothing
 
   // Component number of a CAS number or character ID, 0 when neither the library nor the name index
@@ -55,8 +56,8 @@ class ZEL_API LibMaint {
   virtual bool CheckComponent(IZelPureComp* component, Key* key, char* text) = 0;
   virtual bool CheckComponent(IZelPureComp* component, char* text) = 0;
 
-  // Makes an empty bank; format 0 means the type's highest. False for an unknown type, a format that
-  // the type does not have, a bank that exists, a type or name of more than 8 characters.
+  // Makes an empty bank; format 0 means the type's highest. False for an unknown type, a format
+  // that the type does not have, a bank that exists, a type or name of more than 8 characters.
   virtual bool CreateBank(char const* type, char const* name, std::int32_t format) = 0;
   // Removes the bank from the directory. Its blocks are not freed. True also when the bank was not
   // there; throws when the library has no bank at all.
@@ -94,7 +95,8 @@ class ZEL_API LibMaint {
   virtual bool NextItemKey(std::int32_t* keyWords) = 0;
   virtual void EndItemWalk() = 0;
 
-  // XML in and out. Not offered yet: all of these give false. Import reads a <library> or <bank> document, ImportComponent a <comp> document.
+  // XML in and out. Not offered yet: all of these give false. Import reads a <library> or <bank>
+  // document, ImportComponent a <comp> document.
   virtual bool Import(char const* path, bool replaceExisting) = 0;
   virtual bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) = 0;
   // The last reported error; null when none was reported since the last import began.

@@ -1,5 +1,5 @@
-// What a host includes: all public headers but those whose name ends in _p, which are for drivers of
-// banks.
+// What a host includes: all public headers but those whose name ends in _p, which are for drivers
+// of banks.
 #ifndef ZELACCESS_ZELACCESS_H
 #define ZELACCESS_ZELACCESS_H
 

@@ -1,4 +1,5 @@
-// Holds the 7-digit trim against printing and reading back for all 2^32 floats. Takes tens of minutes.
+// Holds the 7-digit trim against printing and reading back for all 2^32 floats. Takes tens of
+// minutes.
 #include <bit>
 #include <cmath>
 #include <cstdint>
