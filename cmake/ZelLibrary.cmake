@@ -25,14 +25,17 @@ target_include_directories(zel_inside PUBLIC ${PROJECT_SOURCE_DIR}/include ${PRO
 zel_compile_options(zel_inside)
 target_link_libraries(zel_inside PUBLIC ${CMAKE_DL_LIBS})
 target_link_libraries(ZelAccess PRIVATE ${CMAKE_DL_LIBS})
-target_link_options(ZelAccess PRIVATE -Wl,--no-undefined
+target_link_options(ZelAccess PRIVATE
                     -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
 set_property(TARGET ZelAccess APPEND PROPERTY LINK_DEPENDS
              ${PROJECT_SOURCE_DIR}/cmake/exports.map)
 
-# Everything that links with the sanitizers must be linked by them.
+# Everything that links with the sanitizers must be linked by them. Their run-time library may come with
+# the program alone, so that only without them a shared library can be held to have no open names.
 if(ZELACCESS_SANITIZE)
   target_link_options(zel_inside PUBLIC -fsanitize=${ZELACCESS_SANITIZE})
+else()
+  target_link_options(ZelAccess PRIVATE -Wl,--no-undefined)
 endif()
 
 include(CMakePackageConfigHelpers)
