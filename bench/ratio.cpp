@@ -1,5 +1,7 @@
 #include "bench/ratio.h"
 
+#include <time.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <stdexcept>
@@ -11,6 +13,13 @@ constexpr char kTextTitles[] = "%-44s %-14s %10s %10s %6s  %-13s %9s  %s\n";
 constexpr char kTextRow[] = "%-44s %-14s %7.4g ns %7.4g ns %6.2f  %5.2f..%-5.2f  %9s  %s\n";
 constexpr char kMarkdownTitles[] = "| %s | %s | %s | %s | %s | %s | %s | %s |\n";
 constexpr char kMarkdownRow[] = "| %s | %s | %.4g ns | %.4g ns | %.2f | %.2f to %.2f | %s | %s |\n";
+
+double Read(clockid_t clock) noexcept {
+  constexpr double kSecond = 1e9;
+  timespec now{};
+  ::clock_gettime(clock, &now);
+  return static_cast<double>(now.tv_sec) * kSecond + static_cast<double>(now.tv_nsec);
+}
 
 // Of sorted values; `part` from 0 to 1.
 double Quantile(std::vector<double> const& sorted, double part) {
@@ -35,6 +44,9 @@ std::string TextOf(Target const& target) {
 }
 
 }  // namespace
+
+double WallTime() noexcept { return Read(CLOCK_MONOTONIC); }
+double ThreadTime() noexcept { return Read(CLOCK_THREAD_CPUTIME_ID); }
 
 struct RatioTable::Row {
   Comparison const& comparison;

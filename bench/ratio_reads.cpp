@@ -38,7 +38,7 @@ Side ReadsOf(std::vector<Pair> const& keys, Read read) {
       return sum;
     };
     std::uint64_t const warming = readSome(kWarmingReads);
-    Timing timing = Time(kReadsPerRound, [&] { return readSome(kReadsPerRound); });
+    Timing timing = TimeInMemory(kReadsPerRound, [&] { return readSome(kReadsPerRound); });
     timing.check += warming;
     return timing;
   };
@@ -58,7 +58,7 @@ template <typename Store>
 Side WalksOf(std::size_t items, Store& store) {
   std::size_t const times = std::max<std::size_t>(1, kVisitsPerRound / items);
   return [items, times, &store](int) {
-    return Time(items * times, [&] {
+    return TimeInMemory(items * times, [&] {
       std::uint64_t sum = 0;
       for (std::size_t i = 0; i < times; ++i) sum += store.Walk();
       return sum;

@@ -27,7 +27,7 @@ std::vector<float> FloatsOf(std::vector<Item> const& items, bool undefinedToo) {
 template <typename Trim>
 Side TrimsOf(std::vector<float> const& floats, Trim trim) {
   return [&floats, trim](int) {
-    return Time(kTrimsPerRound, [&] {
+    return TimeInMemory(kTrimsPerRound, [&] {
       std::uint64_t sum = 0;
       std::size_t at = 0;
       for (std::size_t i = 0; i < kTrimsPerRound; ++i) {

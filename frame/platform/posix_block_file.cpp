@@ -173,14 +173,11 @@ class PosixBlockFile final : public BlockFile {
 
   bool CutToSize() noexcept {
     if (onDisk_ <= size_) return true;
-    if (!SetLength(size_)) return false;
+    auto const length = static_cast<off_t>(size_);
+    if (Retry([&] { return ::ftruncate(file_.Get(), length); }) != 0) return false;
     onDisk_ = size_;
     backed_ = std::min(backed_, size_);
     return true;
-  }
-
-  bool SetLength(std::uint64_t length) noexcept {
-    return Retry([&] { return ::ftruncate(file_.Get(), static_cast<off_t>(length)); }) == 0;
   }
 
   // Room on disk for all bytes up to `end`: a step ahead when there is as much, else just enough.
@@ -192,17 +189,19 @@ class PosixBlockFile final : public BlockFile {
     for (std::uint64_t const upTo : {ahead, end}) {
       auto const from = static_cast<off_t>(backed_);
       auto const length = static_cast<off_t>(upTo - backed_);
-      if (Retry([&] { return ::fallocate(file_.Get(), 0, from, length); }) == 0) {
-        backed_ = upTo;
-        onDisk_ = std::max(onDisk_, upTo);
-        return true;
-      }
-      if (errno == EOPNOTSUPP || errno == ENOSYS) {
+      bool const made = Retry([&] { return ::fallocate(file_.Get(), 0, from, length); }) == 0;
+      if (!made && (errno == EOPNOTSUPP || errno == ENOSYS)) {
         mapWrites_ = false;
         return false;
       }
+      // What the disk has no room for may have made the file longer all the same.
+      onDisk_ = std::max(onDisk_, upTo);
+      if (made) {
+        backed_ = upTo;
+        return true;
+      }
     }
-    SetLength(onDisk_);  // what was refused may have made the file longer all the same
+    CutToSize();  // gives the room back that is not needed
     return false;
   }
 
@@ -211,7 +210,7 @@ class PosixBlockFile final : public BlockFile {
   bool sync_;
   bool mapWrites_;
   std::uint64_t size_;        // true length
-  std::uint64_t onDisk_;      // length of the file as it is now, with the room made ahead
+  std::uint64_t onDisk_;      // the most that the file may be now, with the room made ahead
   std::uint64_t backed_ = 0;  // bytes in front of this have their room on disk
   std::uint64_t range_;       // bytes that a map spans
   int plainReads_ = 0;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -27,6 +30,13 @@ class BlockFileTest : public TempFolderTest {
     struct stat info {};
     EXPECT_EQ(::stat(File().c_str(), &info), 0);
     return info;
+  }
+  // Whether the file system of the temporary files can make room ahead.
+  bool MakesRoom() const {
+    int const fd = ::open(Path("probe").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    bool const made = ::fallocate(fd, 0, 0, 4096) == 0;
+    ::close(fd);
+    return made;
   }
   std::uint64_t LengthOnDisk() const { return static_cast<std::uint64_t>(Status().st_size); }
 };

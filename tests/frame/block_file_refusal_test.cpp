@@ -155,6 +155,7 @@ TEST_F(BlockFileTest, ReaderWhoDoesNotOwnTheFileOpensItAllTheSame) {
 }
 
 TEST_F(BlockFileTest, FullDiskIsAnErrorOfTheWriteThatMeetsIt) {
+  if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   Refusal const fullFrom64KiB{
       .call = SYS_fallocate, .error = ENOSPC, .argument = 2, .least = 64 * kKiB};
   ExpectUnderRefusal(File(), {fullFrom64KiB}, [](BlockFile& file) {
@@ -166,13 +167,37 @@ TEST_F(BlockFileTest, FullDiskIsAnErrorOfTheWriteThatMeetsIt) {
   EXPECT_EQ(LengthOnDisk(), 64 * kKiB);
 }
 
+TEST_F(BlockFileTest, RoomThatIsNotNeededIsGivenBackWhenTheDiskIsFull) {
+  if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
+  Refusal const fullFrom64KiB{
+      .call = SYS_fallocate, .error = ENOSPC, .argument = 2, .least = 64 * kKiB};
+  ExpectUnderRefusal(File(), {fullFrom64KiB}, [&](BlockFile& file) {
+    bool const ahead = file.WriteAt(0, "abc", 3) == 3 && LengthOnDisk() == 64 * kKiB;
+    bool const full = file.WriteAt(70 * kKiB, "d", 1) == -1 && LengthOnDisk() == 3;
+    return ahead && full && file.WriteAt(3, "d", 1) == 1;
+  });
+  EXPECT_EQ(LengthOnDisk(), 4U);
+}
+
 TEST_F(BlockFileTest, DiskWithoutRoomForAStepStillTakesWhatIsNeeded) {
+  if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   Refusal const noSteps{.call = SYS_fallocate, .error = ENOSPC, .argument = 3, .least = 64 * kKiB};
   ExpectUnderRefusal(File(), {noSteps}, [](BlockFile& file) {
     return file.WriteAt(0, "abc", 3) == 3 && file.WriteAt(4000, "d", 1) == 1 &&
            file.WriteAt(80 * kKiB, "e", 1) == -1 && file.Size() == 4001;
   });
   EXPECT_EQ(LengthOnDisk(), 4001U);
+}
+
+// Some file systems make a file longer by what there is room for before they refuse the rest.
+TEST_F(BlockFileTest, LengthThatARefusedStepLeavesBehindIsCut) {
+  if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
+  Refusal const noSteps{.call = SYS_fallocate, .error = ENOSPC, .argument = 3, .least = 64 * kKiB};
+  ExpectUnderRefusal(File(), {noSteps}, [&](BlockFile& file) {
+    bool const written = file.WriteAt(0, "abc", 3) == 3;
+    return written && ::truncate(File().c_str(), 5000) == 0 && file.Flush();
+  });
+  EXPECT_EQ(LengthOnDisk(), 3U);
 }
 
 // Plain writes serve then, and views show them.
@@ -234,6 +259,7 @@ TEST_F(BlockFileTest, FlushWithoutSyncAsksForNothing) {
 }
 
 TEST_F(BlockFileTest, FlushTellsWhenTheFileCannotBeCut) {
+  if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   ExpectUnderRefusal(File(), {{.call = SYS_ftruncate, .error = EIO}}, [](BlockFile& file) {
     return file.WriteAt(0, "abc", 3) == 3 && !file.Flush();
   });
