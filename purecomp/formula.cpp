@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "frame/ascii.h"
@@ -170,16 +172,22 @@ struct Slots {
   ElementSlots View() { return {elements, counts, 0}; }
 };
 
-// Symbol padded to three characters, then the text of the normal form.
+constexpr std::size_t kSymbolColumn = 3;
+constexpr std::size_t kLongestKey = 9;
+
+// Symbol padded to its column, then the text of the normal form.
 std::vector<std::string> ElementKeys(Slots const& slots, int found) {
   std::vector<std::string> keys;
   for (std::size_t i = 0; i < static_cast<std::size_t>(found); ++i) {
-    char key[10];
-    char const* symbol = slots.elements[i].data();
     int const count = slots.counts[i];
-    if (count == 1) std::snprintf(key, sizeof key, "%-3s%s", symbol, symbol);
-    if (count >= 2) std::snprintf(key, sizeof key, "%-3s%s%d", symbol, symbol, count);
-    if (count >= 1) keys.emplace_back(key);
+    if (count < 1) continue;
+    std::string_view const symbol = slots.elements[i].data();
+    std::string key(symbol);
+    key.resize(kSymbolColumn, ' ');
+    key += symbol;
+    if (count >= 2) key += std::to_string(count);
+    key.resize(std::min(key.size(), kLongestKey));
+    keys.push_back(std::move(key));
   }
   return keys;
 }
@@ -200,7 +208,7 @@ std::string NormalForm(Slots const& slots, FormulaResult const& parsed) {
     std::sort(keys.begin(), keys.end());
   }
   std::string text;
-  for (std::string const& key : keys) text += key.substr(3);
+  for (std::string const& key : keys) text += key.substr(kSymbolColumn);
   text.resize(std::min(text.size(), kFormulaSize - 1));
   if (parsed.hydrate == 1) text += ".H2O";
   if (parsed.hydrate > 1) text += "." + std::to_string(parsed.hydrate) + "H2O";
