@@ -51,6 +51,7 @@ std::string AbsolutePath(std::string_view path, std::string_view folder) {
     if (!IsAbsolute(folder)) {
       // Comes from the system, where `\` may be part of a name.
       working = platform::WorkingFolder();
+      if (working.empty()) return {};
       AddParts(working, "/", parts);
     }
     AddParts(folder, kSeparators, parts);

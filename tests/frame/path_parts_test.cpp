@@ -78,5 +78,15 @@ TEST_F(WorkingFolderTest, NameWithABackslashInTheWorkingFolderStays) {
   EXPECT_EQ(AbsolutePath("x"), Path("odd\\name/x"));
 }
 
+TEST_F(WorkingFolderTest, RelativePathFromADeletedFolderIsEmpty) {
+  fs::create_directory(Path("gone"));
+  fs::current_path(Path("gone"));
+  fs::remove(Path("gone"));
+  EXPECT_EQ(AbsolutePath("x.lb1"), "");
+  EXPECT_EQ(AbsolutePath("x.lb1", "below"), "");
+  EXPECT_EQ(AbsolutePath("/x.lb1"), "/x.lb1");
+  EXPECT_EQ(AbsolutePath("x.lb1", "/base"), "/base/x.lb1");
+}
+
 }  // namespace
 }  // namespace zel
