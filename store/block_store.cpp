@@ -111,17 +111,12 @@ std::uint64_t BlockStore::OffsetOf(BlockAddress const& a) const noexcept {
   return static_cast<std::uint64_t>(a.block - 1) * blockBytes;
 }
 
-bool BlockStore::ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer) {
-  std::size_t const count = Count(words);
-  std::fill_n(buffer, count, 0);
-  if (!Slot(1).file) return false;
-  auto const bytes = static_cast<std::int64_t>(count) * format::kWordBytes;
-  return ReadWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
+std::int64_t BlockStore::ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer) {
+  return ReadWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, Count(words));
 }
 
 bool BlockStore::WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer) {
   std::size_t const count = Count(words);
-  if (!Slot(1).file) return false;
   auto const bytes = static_cast<std::int64_t>(count) * format::kWordBytes;
   return WriteWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
 }

@@ -48,8 +48,10 @@ class BlockStore {
   // Between these two the block operations work; outside they throw.
   void MarkOpen(bool open) noexcept;
   bool IsOpen() const noexcept { return open_; }
-  // Header and block table, which lie outside the block operations. True when all words came.
-  bool ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer);
+  // Header and block table, which lie outside the block operations. The first file must be open.
+  // The read gives the bytes that came, the rest being zeros, and -1 when the transfer failed; the
+  // write is true when all went.
+  std::int64_t ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer);
   bool WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer);
   // Asks the system to put all open files on disk.
   bool FlushFiles();

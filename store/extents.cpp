@@ -27,19 +27,21 @@ bool CanBeTrue(Extent const& e, std::int32_t libType, std::int32_t fileCount) no
   BlockAddress const a = BlockAddress::Split(e.address);
   std::int32_t const first = a.file == 1 ? format::kFirstFreeBlockOfFile1 : 1;
   return e.address > 0 && a.type == libType && a.file >= 1 && a.file <= fileCount &&
-         a.block >= first && e.size <= format::kOpenTail &&
+         a.block >= first &&
          (e.size == format::kOpenTail || a.block + std::int64_t{e.size} <= format::kMaxBlock + 1);
 }
 
 }  // namespace
 
-void ExtentList::Reset(std::int32_t libType) noexcept {
-  entries_.fill({});
-  entries_[0] = {BlockAddress{libType, 2, format::kFirstFreeBlockOfFile2}.Word(), format::kOpenTail,
-                 2};
-  entries_[1] = {BlockAddress{libType, 1, format::kFirstFreeBlockOfFile1}.Word(), format::kOpenTail,
-                 1};
-  count_ = 2;
+void MakeBlockTable(std::int32_t* table, std::int32_t libType) noexcept {
+  constexpr std::int32_t kFirstFree[] = {format::kFirstFreeBlockOfFile1,
+                                         format::kFirstFreeBlockOfFile2};
+  std::fill_n(table, format::kHeaderWords, 0);
+  table[format::kExtentCount] = format::kFilesOfNewLibrary;
+  for (int i = 0; i < format::kFilesOfNewLibrary; ++i) {
+    table[format::kExtentSizes + i] = format::kOpenTail;
+    table[format::kExtentAddresses + i] = BlockAddress{libType, i + 1, kFirstFree[i]}.Word();
+  }
 }
 
 void ExtentList::Load(std::int32_t const* table, std::int32_t libType,

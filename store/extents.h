@@ -16,13 +16,14 @@ struct Extent {
   std::int32_t file = 0;
 };
 
+// The block table (125 words) of a new library: the open tails of its two files.
+void MakeBlockTable(std::int32_t* table, std::int32_t libType) noexcept;
+
 // Best-fit allocation. The list is kept in descending order of size, then file, then address, has
 // at most 62 entries and room for one more, which only holds a freed run until the next sort: what
 // is then the smallest falls out, and its blocks are lost for good.
 class ExtentList {
  public:
-  // The two open tails of a new library.
-  void Reset(std::int32_t libType) noexcept;
   // Reads the block table (125 words). Entries that cannot be true - another library's type, a file
   // that is not there, blocks outside a file, an overlap with an earlier entry - are dropped.
   void Load(std::int32_t const* table, std::int32_t libType, std::int32_t fileCount) noexcept;

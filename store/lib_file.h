@@ -84,22 +84,24 @@ class LibFile_i final : public LibFile_p {
   };
 
   // lib_file_open.cpp
-  bool PathNamesLibrary() const noexcept;
   openErrors RunOpenSteps(Password password, libTypes* type);
   openErrors OpenFiles(bool forceRead, libTypes* type);
   openErrors TestPassword(Password password) const noexcept;
   bool HeaderIsGood() const noexcept;
   void UnpackHeader() noexcept;
-  void LoadTablesAndHeads();
+  bool LoadTablesAndHeads();
   void MakeTrees();
   void DropTrees() noexcept;
   void Shut() noexcept;
+  // lib_file_find.cpp
+  bool DirectoryIsSound() const noexcept;
   // lib_file.cpp
   HeaderImage PackedHeader() const noexcept;
   void LeaveNameIndex() noexcept;
   std::int32_t* Head(int tree) noexcept { return heads_.data() + tree * format::kHeadWords; }
 
   BlockStore store_;
+  bool pathNamesLibrary_;
   std::string name_;
   HeaderImage header_{};
   HeaderImage blockTable_{};

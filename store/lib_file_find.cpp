@@ -28,13 +28,17 @@ void RepairEntry(std::int32_t* entry) noexcept {
 
 }  // namespace
 
+// Its entries have the words that everything here relies on.
+bool LibFile_i::DirectoryIsSound() const noexcept {
+  return bankTree_ && bankTree_->Head().keyWords == f::kBankKeyWords &&
+         bankTree_->Head().entryDataWords == f::kBankDataWords;
+}
+
 // The order of the two searches is relied on: a failure leaves the directory's position at the key
 // with `marker`, which is where CreateBank then inserts.
 bool LibFile_i::FindBank(char const* type, char const* name, std::int32_t const*& entry,
                          bool marker) {
-  if (!bankTree_ || !Fits(type, name)) return false;
-  BTreeHead_i const& head = bankTree_->Head();
-  if (head.keyWords != f::kBankKeyWords || head.entryDataWords != f::kBankDataWords) return false;
+  if (!DirectoryIsSound() || !Fits(type, name)) return false;
   std::int32_t const* data = nullptr;
   std::int32_t key[f::kBankKeyWords];
   MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, !marker);
@@ -56,7 +60,7 @@ bool LibFile_i::FindBank(char const* type, char const* name, std::int32_t const*
 }
 
 bool LibFile_i::HasBank(char const* type, char const* name) {
-  if (!bankTree_ || bankTree_->Head().keyWords != f::kBankKeyWords) return false;
+  if (!DirectoryIsSound()) return false;
   std::int32_t const* data = nullptr;
   std::int32_t key[f::kBankKeyWords];
   MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, true);

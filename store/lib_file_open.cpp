@@ -14,13 +14,18 @@ namespace f = format;
 namespace {
 
 constexpr std::size_t kPathLimit = 259;
-constexpr std::size_t kShortestPath = 5;
+constexpr std::size_t kShortestPath = 5;  // as the host gives it
 constexpr std::string_view kExtension = ".lb1";
 constexpr std::int32_t kMinBlockWordsOfFile1 = f::kHeaderWords;
 
 std::string FullPath(char const* path) {
   std::string full = AbsolutePath(TextOrEmpty(path));
   return full.size() > kPathLimit ? std::string() : full;
+}
+
+bool EndsInExtension(std::string_view path) noexcept {
+  return path.size() >= kExtension.size() &&
+         SameText(path.substr(path.size() - kExtension.size()), kExtension);
 }
 
 bool IsLibType(std::int32_t type) noexcept { return type >= libKind11 && type <= libKind13; }
@@ -33,16 +38,13 @@ bool IsBlockSize(std::int32_t words, std::int32_t least) noexcept {
 
 LibFile_i::LibFile_i(platform::FileSystem& system, accModes mode, char const* path,
                      std::string_view name)
-    : store_(system, mode, FullPath(path)), name_(name.substr(0, kPathLimit)) {}
-
-bool LibFile_i::PathNamesLibrary() const noexcept {
-  std::string_view const path = store_.FirstPath();
-  return path.size() >= kShortestPath &&
-         SameText(path.substr(path.size() - kExtension.size()), kExtension);
-}
+    : store_(system, mode, FullPath(path)),
+      pathNamesLibrary_(TextOrEmpty(path).size() >= kShortestPath &&
+                        EndsInExtension(store_.FirstPath())),
+      name_(name.substr(0, kPathLimit)) {}
 
 openErrors LibFile_i::CreateNew(libTypes type) {
-  if (!PathNamesLibrary()) return openNotLibrary;
+  if (!pathNamesLibrary_) return openNotLibrary;
   openErrors const error = store_.OpenFile(1, true, false);
   if (error != openOk) {
     Shut();
@@ -59,8 +61,8 @@ openErrors LibFile_i::CreateNew(libTypes type) {
   header_[f::kBlockWords + 2] = f::kBlockWordsOfFile2;
   TextToWords(f::kCreatorTagText, &header_[f::kCreatorTag], f::kCreatorTagWords);
   UnpackHeader();
-  store_.Extents().Reset(header_[f::kLibType]);
-  store_.Extents().Store(blockTable_.data());
+  MakeBlockTable(blockTable_.data(), header_[f::kLibType]);
+  store_.Extents().Load(blockTable_.data(), header_[f::kLibType], header_[f::kFileCount]);
   InitTreeHead(Head(0), false, f::kBankKeyWords, f::kBankDataWords, header_[f::kLibType]);
   InitTreeHead(Head(1), false, f::kIdKeyWords, 1, header_[f::kLibType]);
   InitTreeHead(Head(2), false, f::kCasKeyWords, 1, header_[f::kLibType]);
@@ -100,9 +102,8 @@ openErrors LibFile_i::OpenFiles(bool forceRead, libTypes* type) {
   store_.DeclareFile(1, true, f::kBlockWordsOfFile1);
   openErrors error = store_.OpenFile(1, false, forceRead);
   if (error != openOk) return error;
-  if (!store_.ReadPlain(f::kHeaderBlock, f::kHeaderWords, header_.data()) || !HeaderIsGood()) {
-    return openNotLibrary;
-  }
+  std::int64_t const got = store_.ReadPlain(f::kHeaderBlock, f::kHeaderWords, header_.data());
+  if (got != f::kHeaderBytes || !HeaderIsGood()) return openNotLibrary;
   UnpackHeader();
   if (type != nullptr) *type = static_cast<libTypes>(header_[f::kLibType]);
   if (store_.FileState(2) == BlockStore::kAbsent) return openOk;
@@ -117,16 +118,21 @@ openErrors LibFile_i::TestPassword(Password password) const noexcept {
   return needed ? openPasswordNeeded : openOk;
 }
 
-void LibFile_i::LoadTablesAndHeads() {
-  store_.ReadPlain(f::kBlockTableBlock, f::kHeaderWords, blockTable_.data());
+// What lies behind the end of a file counts as zeros. A transfer that failed does not: a flush
+// would later write the zeros over what is on file. False then.
+bool LibFile_i::LoadTablesAndHeads() {
+  if (store_.ReadPlain(f::kBlockTableBlock, f::kHeaderWords, blockTable_.data()) < 0 ||
+      store_.ReadBlock(header_[f::kTreeHeadsAddress], f::kTreeHeadsWords, heads_.data()) < 0) {
+    return false;
+  }
   store_.Extents().Load(blockTable_.data(), header_[f::kLibType], header_[f::kFileCount]);
-  store_.ReadBlock(header_[f::kTreeHeadsAddress], f::kTreeHeadsWords, heads_.data());
   // Older files lack these.
   if (header_[f::kMemoWords] == 0) header_[f::kMemoWords] = f::kMemoWordsDefault;
   if (header_[f::kMemoAddress] == 0) header_[f::kMemoAddress] = f::kNullAddress;
   if (Head(2)[f::kHeadRootAddress] == 0) {
     InitTreeHead(Head(2), false, f::kCasKeyWords, 1, header_[f::kLibType]);
   }
+  return true;
 }
 
 openErrors LibFile_i::RunOpenSteps(Password password, libTypes* type) {
@@ -142,13 +148,13 @@ openErrors LibFile_i::RunOpenSteps(Password password, libTypes* type) {
     if (error != openOk) return error;
   }
   store_.MarkOpen(true);
-  LoadTablesAndHeads();
+  if (!LoadTablesAndHeads()) return openFailed;
   MakeTrees();
   return openOk;
 }
 
 openErrors LibFile_i::OpenExisting(Password password, libTypes* type) {
-  if (!PathNamesLibrary()) return store_.FirstFileExists() ? openNotLibrary : openNotFound;
+  if (!pathNamesLibrary_) return store_.FirstFileExists() ? openNotLibrary : openNotFound;
   openErrors error = openFailed;
   try {
     error = RunOpenSteps(password, type);

@@ -37,7 +37,8 @@ enum openErrors : std::int32_t {
 //   LibFile::DelLibFile(library);
 //
 // A library must outlive every LibMaint, LibSearch and bank read that uses it. There is no journal:
-// what was not flushed is not in the file's header. Text arguments may be null where a row says so.
+// what was not flushed is not in the file's header. A null text argument counts as the empty text,
+// except where a row says otherwise.
 //
 // Errors after the open. A block that cannot be reached - a damaged address, a write to a library
 // open for reading, a full disk - throws an `unsigned long` that holds the offending block address.

@@ -14,8 +14,10 @@ constexpr std::int32_t kFile1 = 111000000;
 constexpr std::int32_t kFile2 = 112000000;
 
 ExtentList NewList() {
+  std::array<std::int32_t, 125> table{};
+  MakeBlockTable(table.data(), 11);
   ExtentList list;
-  list.Reset(11);
+  list.Load(table.data(), 11, 2);
   return list;
 }
 
@@ -196,6 +198,62 @@ TEST(Extents, RandomScriptsAgreeWithTheLiteralModel) {
       }
     }
   }
+}
+
+TEST(Extents, AllPlacesOfTheTableAreReadWhateverItsCountSays) {
+  std::array<std::int32_t, 125> table{};
+  table[0] = -3;
+  table[1] = 2;
+  table[63] = kFile1 + 10;
+  table[62] = 4;  // the last place, behind empty ones
+  table[124] = kFile2 + 20;
+  ExtentList list;
+  list.Load(table.data(), 11, 2);
+  ASSERT_EQ(list.Count(), 2);
+  EXPECT_EQ(list[0].address, kFile2 + 20);
+  EXPECT_EQ(list[1].address, kFile1 + 10);
+  list.Load(table.data(), 12, 2);
+  EXPECT_EQ(list.Count(), 0) << "what was there before is gone";
+}
+
+TEST(Extents, OrderIsBySizeThenFileThenAddressDescending) {
+  std::array<std::int32_t, 125> table{};
+  std::int32_t const addresses[] = {kFile1 + 10, kFile2 + 30, kFile1 + 90, kFile2 + 70};
+  for (std::size_t i = 0; i < 4; ++i) {
+    table[1 + i] = 5;
+    table[63 + i] = addresses[i];
+  }
+  table[5] = 6;
+  table[67] = kFile1 + 3;
+  ExtentList list;
+  list.Load(table.data(), 11, 2);
+  std::vector<std::int32_t> found;
+  for (int i = 0; i < list.Count(); ++i) found.push_back(list[i].address);
+  EXPECT_EQ(found, (std::vector<std::int32_t>{kFile1 + 3, kFile2 + 70, kFile2 + 30, kFile1 + 90,
+                                              kFile1 + 10}));
+  EXPECT_EQ(list.Take(2, 5), kFile2 + 30) << "of equal ones the last, the lowest address";
+}
+
+TEST(Extents, NeighboursThatMeetLateStayApartUntilALaterFree) {
+  std::array<std::int32_t, 125> table{};
+  table[1] = 6;
+  table[63] = kFile1 + 10;  // blocks 10 to 15
+  table[2] = 3;
+  table[64] = kFile1 + 16;  // blocks 16 to 18, directly behind
+  ExtentList list;
+  list.Load(table.data(), 11, 2);
+  list.GiveBack(kFile1 + 19, 1, 1);  // the pass is behind the larger one when it joins the other
+  ASSERT_EQ(list.Count(), 2);
+  EXPECT_EQ(list[0].address, kFile1 + 10);
+  EXPECT_EQ(list[1].address, kFile1 + 16);
+  EXPECT_EQ(list[1].size, 4);
+  list.GiveBack(kFile1 + 20, 3, 1);
+  ASSERT_EQ(list.Count(), 2);
+  EXPECT_EQ(list[0].size, 7) << "now the one in front of the other in the list";
+  list.GiveBack(kFile1 + 23, 1, 1);
+  ASSERT_EQ(list.Count(), 1);
+  EXPECT_EQ(list[0].address, kFile1 + 10);
+  EXPECT_EQ(list[0].size, 14);
 }
 
 }  // namespace

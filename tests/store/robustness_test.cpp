@@ -143,5 +143,31 @@ TEST(Robustness, EveryPrefixOfASessionsWritesOpensSafely) {
   EXPECT_EQ(Contents(library).size(), static_cast<std::size_t>(kKeys - kKeys / 5));
 }
 
+// Opening for update, changing nothing and closing: whatever fails, the library stays whole.
+TEST(Robustness, FailureOfAnOpenForUpdateIsNotWrittenBack) {
+  test::MemoryFileSystem whole;
+  RunSession(whole, [](auto const& action) { action(); });
+  auto const first = whole.Contents("/s.lb1");
+  auto const second = whole.Contents("/s.lb2");
+  test::FailingFileSystem failing(whole);
+  int operations = 1;
+  for (int n = 0; n <= operations; ++n) {
+    failing.FailAt(n, false);
+    openErrors error = openOk;
+    try {
+      LibFile_i library(failing, accUpdate, "/s.lb1", "s");
+      error = library.OpenExisting({true, ""}, nullptr);
+      library.CloseLibFile();
+    } catch (unsigned long) {
+      error = openFailed;
+    }
+    EXPECT_EQ(error == openOk, n == 0) << "operation " << n;
+    if (n == 0) operations = failing.Operations();
+    ASSERT_EQ(whole.Contents("/s.lb1"), first) << "operation " << n;
+    ASSERT_EQ(whole.Contents("/s.lb2"), second) << "operation " << n;
+  }
+  EXPECT_GT(operations, 8);
+}
+
 }  // namespace
 }  // namespace zel
