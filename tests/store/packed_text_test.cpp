@@ -75,6 +75,8 @@ TEST(PackedText, RawFormKeepsCharactersOutsideTheTable) {
   TextToRawWords("a[\xE4\t]", words, 2);
   EXPECT_EQ(Unpacked({words[0], words[1]}), "a[\xE4 ]");
   EXPECT_EQ(words[1], 0x2020205D);
+  TextToRawWords("\x01\x1F !\x7F\xFF.", words, 2);
+  EXPECT_EQ(Unpacked({words[0], words[1]}), "   !\x7F\xFF.") << "blanks below code 33 only";
 }
 
 struct KeyRow {

@@ -5,6 +5,8 @@ set(store_TEST_SOURCES
     casn_test.cpp
     extents_test.cpp
     key_test.cpp
+    lib_file_blocks_test.cpp
+    lib_file_open_test.cpp
     lib_file_test.cpp
     packed_text_test.cpp
     robustness_test.cpp
