@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <type_traits>
 
 namespace {
 
@@ -61,8 +62,39 @@ TEST_F(HostTest, PairGoesInAndComesOutInBothOrders) {
   EXPECT_EQ(vanLaar->Release(), 1);
   EXPECT_EQ(bank->Release(), 0);
   zel::Key::DelKey(key);
+  EXPECT_EQ(key, nullptr);
   zel::LibMaint::DelLibMaint(maint);
   zel::LibFile::DelLibFile(library);
+}
+
+// Made by its factory and ended by its Del function only.
+template <typename Handle>
+constexpr bool IsHandle = std::is_abstract_v<Handle>&& std::has_virtual_destructor_v<Handle> &&
+                          !std::is_destructible_v<Handle> && std::is_copy_assignable_v<Handle>;
+static_assert(IsHandle<zel::Key> && IsHandle<zel::LibFile> && IsHandle<zel::LibMaint>);
+static_assert(!std::is_polymorphic_v<zel::casn> && std::is_copy_constructible_v<zel::casn>);
+
+TEST_F(HostTest, AssignmentBetweenHandlesChangesNeither) {
+  zel::openErrors error{};
+  zel::LibFile* a = zel::LibFile::NewLibFile(zel::libKind11, Path("a.lb1").c_str(), "A", error);
+  zel::LibFile* b = zel::LibFile::NewLibFile(zel::libKind12, Path("b.lb1").c_str(), "B", error);
+  EXPECT_EQ(&(*a = *b), a);
+  zel::libTypes type{};
+  zel::accModes mode{};
+  a->GetLibInfo(type, mode);
+  EXPECT_EQ(type, zel::libKind11);
+  EXPECT_STREQ(a->GetLibName(), "A");
+  EXPECT_STREQ(b->GetLibName(), "B");
+  zel::LibMaint* onA = zel::LibMaint::NewLibMaint(a);
+  zel::LibMaint* onB = zel::LibMaint::NewLibMaint(b);
+  ASSERT_TRUE(onB->CreateBank("NRTL", "X", 0));
+  EXPECT_EQ(&(*onA = *onB), onA);
+  EXPECT_FALSE(onA->BankExists("NRTL", "X"));
+  EXPECT_TRUE(onB->BankExists("NRTL", "X"));
+  zel::LibMaint::DelLibMaint(onA);
+  zel::LibMaint::DelLibMaint(onB);
+  zel::LibFile::DelLibFile(a);
+  zel::LibFile::DelLibFile(b);
 }
 
 TEST_F(HostTest, BlockErrorReachesTheHostAsUnsignedLong) {
