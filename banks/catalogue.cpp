@@ -8,6 +8,9 @@
 namespace zel {
 namespace {
 
+constexpr long kBankTypes = 50;
+
+// In the order of GetBankTypeList:
 // keyword, description, key kind, key words, least key words, pair rule, formats, file-resident,
 // listed, references
 constexpr BankType kCatalogue[kBankTypes] = {
@@ -82,8 +85,6 @@ constexpr BankType kCatalogue[kBankTypes] = {
 };
 
 }  // namespace
-
-BankType const& BankTypeAt(std::int32_t position) noexcept { return kCatalogue[position]; }
 
 BankType const* FindBankType(std::string_view keyword) noexcept {
   for (BankType const& type : kCatalogue) {

@@ -29,9 +29,6 @@ struct BankType {
   std::string_view references[2];  // types that the bank refers to by bank name
 };
 
-// By position in the catalogue, in the order of GetBankTypeList.
-inline constexpr std::int32_t kBankTypes = 50;
-BankType const& BankTypeAt(std::int32_t position) noexcept;
 // Null for a keyword that no type has; case does not matter.
 BankType const* FindBankType(std::string_view keyword) noexcept;
 
