@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <string_view>
+#include <utility>
 
 #include "frame/ascii.h"
 #include "frame/trim7.h"
@@ -268,10 +269,12 @@ ZelStatus BankBase_i::SetSource(LibFile* library, char const* bankName, std::uin
 
 ZelStatus BankBase_i::SetSourceList(std::int32_t count, std::uint8_t const* found,
                                     std::uint8_t const* isProtected) {
-  sourceCount_ = std::max(count, 0);
-  auto const size = static_cast<std::size_t>(sourceCount_);
-  sourceFlags_ = size == 0 ? nullptr : std::make_unique<std::uint8_t[]>(size);
-  std::copy_n(found, sourceCount_, sourceFlags_.get());
+  // The new flags first: where memory is short the old ones and their number stay.
+  std::int32_t const size = std::max(count, 0);
+  auto flags = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(size));
+  std::copy_n(found, size, flags.get());
+  sourceFlags_ = std::move(flags);
+  sourceCount_ = size;
   auto const isSet = [](std::uint8_t flag) { return flag != 0; };
   sourceProtected_ = std::any_of(isProtected, isProtected + sourceCount_, isSet);
   auto const hits = std::count_if(found, found + sourceCount_, isSet);

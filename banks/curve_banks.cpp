@@ -103,7 +103,7 @@ class Alpha_i final : public TypedBank<AlphaItem, IZelAlpha> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields = [] {
+    static constexpr FieldTable fields = [] {
       FieldTable table(1, std::size(kAlphaRows), kAlphaRows);
       table.SetRecordLength(1, kAlphaWords);
       return table;
@@ -183,7 +183,7 @@ class CurveBank final : public TypedBank<CurveItem, Interface> {
   }
 
   static FieldTable const& Fields() {
-    static FieldTable const fields = [] {
+    static constexpr FieldTable fields = [] {
       FieldTable table(1, std::size(kCurveRows), kCurveRows);
       table.SetRecordLength(1, kCurveWords);
       return table;

@@ -44,7 +44,7 @@ class GroupDes_i final : public TypedBank<GroupDesItem, IZelGroupDes> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kGroupDesRows), kGroupDesRows);
+    static constexpr FieldTable fields(1, std::size(kGroupDesRows), kGroupDesRows);
     return fields;
   }
 };
@@ -84,7 +84,7 @@ class UnfPureBank final : public TypedBank<UnfPureItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kUnfPureRows), kUnfPureRows);
+    static constexpr FieldTable fields(1, std::size(kUnfPureRows), kUnfPureRows);
     return fields;
   }
 };
@@ -139,7 +139,7 @@ class Struct_i final : public TypedBank<StructItem, IZelStruct> {
     std::fill(to + used, to + kStructGroups, 0);
   }
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kStructRows), kStructRows);
+    static constexpr FieldTable fields(1, std::size(kStructRows), kStructRows);
     return fields;
   }
 };

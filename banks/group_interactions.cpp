@@ -88,7 +88,7 @@ class Unifac_i final : public TypedBank<UnifacItem, IZelUnifac> {
     }
   }
   static FieldTable const& Fields() {
-    static FieldTable const fields = [] {
+    static constexpr FieldTable fields = [] {
       FieldTable table(1, std::size(kUnifacRows), kUnifacRows);
       table.SetRecordLength(1, kUnifacWords);
       return table;
@@ -145,7 +145,7 @@ class Ppr78_i final : public TypedBank<Ppr78Item, IZelPpr78> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kPpr78Rows), kPpr78Rows);
+    static constexpr FieldTable fields(1, std::size(kPpr78Rows), kPpr78Rows);
     return fields;
   }
 };

@@ -77,7 +77,7 @@ class UnfDortBank final : public TypedBank<UnfDortItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kUnfDortRows), kUnfDortRows);
+    static constexpr FieldTable fields(1, std::size(kUnfDortRows), kUnfDortRows);
     return fields;
   }
 };
@@ -156,7 +156,7 @@ class UnfOrig_i final : public TypedBank<UnfOrigItem, IZelUnfOrig> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kUnfOrigRows), kUnfOrigRows);
+    static constexpr FieldTable fields(1, std::size(kUnfOrigRows), kUnfOrigRows);
     return fields;
   }
 };
@@ -243,7 +243,7 @@ class Psrk_i final : public TypedBank<PsrkItem, IZelPsrk> {
     return nullptr;
   }
   static FieldTable const& Fields() {
-    static FieldTable const fields(2, std::size(kPsrkRows), kPsrkRows);
+    static constexpr FieldTable fields(2, std::size(kPsrkRows), kPsrkRows);
     return fields;
   }
 };

@@ -39,7 +39,7 @@ class MapOrwBank final : public TypedBank<MapOrwItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kMapOrwRows), kMapOrwRows);
+    static constexpr FieldTable fields(1, std::size(kMapOrwRows), kMapOrwRows);
     return fields;
   }
 };
@@ -73,7 +73,7 @@ class OrwMap_i final : public TypedBank<OrwMapItem, IZelOrwMap> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kOrwMapRows), kOrwMapRows);
+    static constexpr FieldTable fields(1, std::size(kOrwMapRows), kOrwMapRows);
     return fields;
   }
 };

@@ -149,7 +149,7 @@ class Wilson_i final : public TypedBank<WilsonItem, IZelWilson> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(2, std::size(kWilsonRows), kWilsonRows);
+    static constexpr FieldTable fields(2, std::size(kWilsonRows), kWilsonRows);
     return fields;
   }
 };
@@ -245,7 +245,7 @@ class NrtlBank final : public TypedBank<NrtlItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(2, std::size(kNrtlRows), kNrtlRows);
+    static constexpr FieldTable fields(2, std::size(kNrtlRows), kNrtlRows);
     return fields;
   }
 };
@@ -321,7 +321,7 @@ class UniquacBank final : public TypedBank<UniquacItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kUniquacRows), kUniquacRows);
+    static constexpr FieldTable fields(1, std::size(kUniquacRows), kUniquacRows);
     return fields;
   }
 };
@@ -380,7 +380,7 @@ class Margules_i final : public TypedBank<MargulesItem, IZelMargules> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kMargulesRows), kMargulesRows);
+    static constexpr FieldTable fields(1, std::size(kMargulesRows), kMargulesRows);
     return fields;
   }
 };
@@ -432,7 +432,7 @@ class VanLaar_i final : public TypedBank<VanLaarItem, IZelVanLaar> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kVanLaarRows), kVanLaarRows);
+    static constexpr FieldTable fields(1, std::size(kVanLaarRows), kVanLaarRows);
     return fields;
   }
 };
@@ -504,7 +504,7 @@ class HMix_i final : public TypedBank<HMixItem, IZelHMix> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kHMixRows), kHMixRows);
+    static constexpr FieldTable fields(1, std::size(kHMixRows), kHMixRows);
     return fields;
   }
 };

@@ -57,7 +57,7 @@ class PrOBank final : public TypedBank<PrOItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kPrORows), kPrORows);
+    static constexpr FieldTable fields(1, std::size(kPrORows), kPrORows);
     return fields;
   }
 };
@@ -131,7 +131,7 @@ class PrHBank final : public TypedBank<PrHItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kPrHRows), kPrHRows);
+    static constexpr FieldTable fields(1, std::size(kPrHRows), kPrHRows);
     return fields;
   }
 };
@@ -190,7 +190,7 @@ class PrMBank final : public TypedBank<PrMItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kPrMRows), kPrMRows);
+    static constexpr FieldTable fields(1, std::size(kPrMRows), kPrMRows);
     return fields;
   }
 };
@@ -257,7 +257,7 @@ class SrkM_i final : public TypedBank<SrkMItem, IZelSrkM> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(2, std::size(kSrkMRows), kSrkMRows);
+    static constexpr FieldTable fields(2, std::size(kSrkMRows), kSrkMRows);
     return fields;
   }
 };
@@ -310,7 +310,7 @@ class PrPBank final : public TypedBank<PrPItem, Interface> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kPrPRows), kPrPRows);
+    static constexpr FieldTable fields(1, std::size(kPrPRows), kPrPRows);
     return fields;
   }
 };
@@ -366,7 +366,7 @@ class Bwrs_i final : public TypedBank<BwrsItem, IZelBwrs> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kBwrsRows), kBwrsRows);
+    static constexpr FieldTable fields(1, std::size(kBwrsRows), kBwrsRows);
     return fields;
   }
 };
@@ -401,7 +401,7 @@ class Lkp_i final : public TypedBank<LkpItem, IZelLkp> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kLkpRows), kLkpRows);
+    static constexpr FieldTable fields(1, std::size(kLkpRows), kLkpRows);
     return fields;
   }
 };
@@ -446,7 +446,7 @@ class PcSaft_i final : public TypedBank<PcSaftItem, IZelPcSaft> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, 6, kPcSaftRows);
+    static constexpr FieldTable fields(1, 6, kPcSaftRows);
     return fields;
   }
 };

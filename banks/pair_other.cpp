@@ -57,7 +57,7 @@ class Henry_i final : public TypedBank<HenryItem, IZelHenry> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kHenryRows), kHenryRows);
+    static constexpr FieldTable fields(1, std::size(kHenryRows), kHenryRows);
     return fields;
   }
 };
@@ -126,7 +126,7 @@ class Azeo_i final : public TypedBank<AzeoItem, IZelAzeo> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields = [] {
+    static constexpr FieldTable fields = [] {
       FieldTable table(1, std::size(kAzeoRows), kAzeoRows);
       table.SetRecordLength(1, kBasisWord + 1);
       return table;
@@ -169,7 +169,7 @@ class IDimer_i final : public TypedBank<IDimerItem, IZelIDimer> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kIDimerRows), kIDimerRows);
+    static constexpr FieldTable fields(1, std::size(kIDimerRows), kIDimerRows);
     return fields;
   }
 };
@@ -199,7 +199,7 @@ class HocV_i final : public TypedBank<HocVItem, IZelHocV> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kHocVRows), kHocVRows);
+    static constexpr FieldTable fields(1, std::size(kHocVRows), kHocVRows);
     return fields;
   }
 };

@@ -38,7 +38,7 @@ class BwrsPure_i final : public TypedBank<BwrsPureItem, IZelBwrsPure> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kBwrsPureRows), kBwrsPureRows);
+    static constexpr FieldTable fields(1, std::size(kBwrsPureRows), kBwrsPureRows);
     return fields;
   }
 };
@@ -77,7 +77,7 @@ class Costald_i final : public TypedBank<CostaldItem, IZelCostald> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kCostaldRows), kCostaldRows);
+    static constexpr FieldTable fields(1, std::size(kCostaldRows), kCostaldRows);
     return fields;
   }
 };
@@ -107,7 +107,7 @@ class Rackett_i final : public TypedBank<RackettItem, IZelRackett> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kRackettRows), kRackettRows);
+    static constexpr FieldTable fields(1, std::size(kRackettRows), kRackettRows);
     return fields;
   }
 };
@@ -146,7 +146,7 @@ class IDimPure_i final : public TypedBank<IDimPureItem, IZelIDimPure> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kIDimPureRows), kIDimPureRows);
+    static constexpr FieldTable fields(1, std::size(kIDimPureRows), kIDimPureRows);
     return fields;
   }
 };
@@ -196,7 +196,7 @@ class Octane_i final : public TypedBank<OctaneItem, IZelOctane> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kOctaneRows), kOctaneRows);
+    static constexpr FieldTable fields(1, std::size(kOctaneRows), kOctaneRows);
     return fields;
   }
 };
@@ -251,7 +251,7 @@ class PcSaftPure_i final : public TypedBank<PcSaftPureItem, IZelPcSaftPure> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kPcSaftPureRows), kPcSaftPureRows);
+    static constexpr FieldTable fields(1, std::size(kPcSaftPureRows), kPcSaftPureRows);
     return fields;
   }
 };
@@ -297,7 +297,7 @@ class Peneloux_i final : public TypedBank<PenelouxItem, IZelPeneloux> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kPenelouxRows), kPenelouxRows);
+    static constexpr FieldTable fields(1, std::size(kPenelouxRows), kPenelouxRows);
     return fields;
   }
 };
@@ -343,7 +343,7 @@ class Virial_i final : public TypedBank<VirialItem, IZelVirial> {
 
  private:
   static FieldTable const& Fields() {
-    static FieldTable const fields(1, std::size(kVirialRows), kVirialRows);
+    static constexpr FieldTable fields(1, std::size(kVirialRows), kVirialRows);
     return fields;
   }
 };

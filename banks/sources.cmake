@@ -2,7 +2,6 @@ set(banks_SOURCES
     bank_base.cpp
     catalogue.cpp
     curve_banks.cpp
-    field_table.cpp
     group_description.cpp
     group_interactions.cpp
     group_sets.cpp

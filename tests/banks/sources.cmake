@@ -1,4 +1,5 @@
 set(banks_TEST_SOURCES
+    bank_objects_test.cpp
     catalogue_test.cpp
     framework_test.cpp
     special_banks_test.cpp

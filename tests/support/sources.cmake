@@ -1,4 +1,5 @@
 set(support_SOURCES
+    allocations.cpp
     extent_model.cpp
     failing_file_system.cpp
     memory_file_system.cpp
