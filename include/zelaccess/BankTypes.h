@@ -11,7 +11,8 @@
 //
 // A pair of an asymmetric type that is asked for in the other order is turned round by SwapPair
 // before it is given. That exchanges the ij and ji members; HMIX negates bij, dij, fij and hij, and
-// AZEOTROP takes 1 - x1. None of these tests for undefined values: they turn like others.
+// AZEOTROP takes 1 - x1. None of these tests for undefined values: they turn like others, so that
+// an undefined bij of HMIX or x1 of AZEOTROP is given as 1e35.
 #ifndef ZELACCESS_BANKTYPES_H
 #define ZELACCESS_BANKTYPES_H
 
@@ -19,8 +20,7 @@
 
 namespace zel {
 
-// --- pairs of components
-// --------------------------------------------------------------------------
+// --- pairs of components -------------------------------------------------------------------------
 
 // WILSON: Wilson VLE binary data.
 class ZEL_API IZelWilson : public IUnknown {
@@ -286,8 +286,7 @@ class ZEL_API IZelHocV : public IUnknown {
   virtual ZelStatus PutData(double eta) = 0;
 };
 
-// --- one component
-// --------------------------------------------------------------------------------
+// --- one component -------------------------------------------------------------------------------
 
 // ALPHA: Alpha coefficients.
 class ZEL_API IZelAlpha : public IUnknown {
@@ -378,8 +377,7 @@ class ZEL_API IZelVirial : public IUnknown {
                             std::int32_t refCode) = 0;
 };
 
-// --- groups and structures
-// ------------------------------------------------------------------------
+// --- groups and structures -----------------------------------------------------------------------
 
 // GRPDESC: UNIFAC Group Description bank.
 class ZEL_API IZelGroupDes : public IUnknown {
@@ -492,8 +490,7 @@ class ZEL_API IZelPpr78 : public IUnknown {
   virtual ZelStatus PutData(double aij, double bij) = 0;
 };
 
-// --- component mapping
-// ----------------------------------------------------------------------------
+// --- component mapping ---------------------------------------------------------------------------
 
 // MAPORW: Client to Ordwin component mapping data.
 class ZEL_API IZelMapOrw : public IUnknown {

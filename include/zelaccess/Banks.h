@@ -102,6 +102,10 @@ class ZEL_API IZelBankDef : public IUnknown {
 // where the type does not have the operation.
 class ZEL_API IZelBankIO : public IUnknown {
  public:
+  // `pairRule`, how the parts of a key are ordered: 0 as given; 1 sorted, and no field changes;
+  // 2 sorted, and SwapPair turns the item round when that exchanged the parts; 3 as given, (i, j)
+  // and (j, i) being two items. `fileResident` is 1 where ReadFromFile and WriteToFile take the
+  // place of ReadBlock and WriteBlock. The rest is as in GetBankInfo.
   virtual ZelStatus GetBlockInfo(char* type, std::int32_t* keyKind, std::int32_t* keyWords,
                                  std::int32_t* minKeyWords, std::int32_t* formatCount,
                                  std::int32_t* maxRecordWords, std::int32_t* pairRule,
@@ -112,6 +116,7 @@ class ZEL_API IZelBankIO : public IUnknown {
   // kStatusFailed, and nothing touched, for a format that the type does not have.
   virtual ZelStatus ReadBlock(std::int32_t const* block, std::int32_t format) = 0;
   virtual ZelStatus ReadFromFile(std::int32_t const* block, LibFile* library) = 0;
+  // Fills a block of the format's length; words that no field has become 0.
   virtual ZelStatus WriteBlock(std::int32_t* block, std::int32_t format) = 0;
   virtual ZelStatus WriteToFile(std::int32_t* block, LibFile* library) = 0;
   virtual ZelStatus ReservedIO(void* first, void* second) = 0;
@@ -119,7 +124,12 @@ class ZEL_API IZelBankIO : public IUnknown {
   virtual ZelStatus Complete() = 0;
   // Turns an item of an asymmetric pair round; its own inverse.
   virtual ZelStatus SwapPair() = 0;
+  // Where the item came from: the library's name, a colon, the bank's name, without trailing
+  // blanks.
   virtual ZelStatus SetSource(LibFile* library, char const* bankName, std::uint8_t isProtected) = 0;
+  // What a search over `count` banks found in each. Two or more make the source "Multiple", none
+  // makes it empty, one leaves it. Throws std::bad_alloc, and changes nothing, when memory is
+  // short.
   virtual ZelStatus SetSourceList(std::int32_t count, std::uint8_t const* found,
                                   std::uint8_t const* isProtected) = 0;
 

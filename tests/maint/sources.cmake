@@ -4,4 +4,5 @@ set(maint_TEST_SOURCES
     items_test.cpp
     maint_fixture.cpp
     numbers_test.cpp
+    pairs_test.cpp
     walks_test.cpp)
