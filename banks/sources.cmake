@@ -10,5 +10,7 @@ set(banks_SOURCES
     new_bank.cpp
     pair_activity.cpp
     pair_eos.cpp
+    pair_eos_symmetric.cpp
     pair_other.cpp
+    pair_wilson.cpp
     side_banks.cpp)

@@ -74,6 +74,29 @@ TEST(Blocks, NeverGoBeyondTheirLength) {
   }
 }
 
+// Also in the banks that code their blocks themselves.
+TEST(Blocks, EveryNumberThatIsReadIsTrimmed) {
+  for (ExpectedType const& type : test::ExpectedTypes()) {
+    Typed<IZelBankDef> bank(type.keyword, IID_IZelBankDef);
+    bool const scaled = std::string(type.keyword) == "PPR78";
+    for (double stored : {0.1, 298.15, 1e-5, -1e35}) {
+      std::array<std::int32_t, 32> block;
+      block.fill(FloatWord(stored));
+      ASSERT_EQ(
+          bank.IO()->ReadBlock(block.data(), static_cast<std::int32_t>(type.recordWords.size())),
+          kStatusOk);
+      for (ExpectedField const& field : type.fields) {
+        if (field.type != 1) continue;
+        for (double value :
+             Fields(bank.Def()).Reals(field.name, static_cast<std::size_t>(field.count))) {
+          EXPECT_EQ(value, scaled ? stored / 2.914213562373095 : stored)
+              << type.keyword << " " << field.name;
+        }
+      }
+    }
+  }
+}
+
 TEST(Blocks, WordsThatAreNoNumbersPass) {
   Typed<IZelVanLaar> bank("VANLAAR", IID_IZelVanLaar);
   Fields const fields(bank.Def());

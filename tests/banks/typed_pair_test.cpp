@@ -2,7 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <vector>
+#include <array>
+#include <cstring>
+#include <map>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
 
 #include "tests/banks/bank_fields.h"
 
@@ -12,1146 +18,205 @@ namespace {
 using test::Fields;
 using test::Typed;
 
-TEST(TypedData, WILSON) {
-  Typed<IZelWilson> bank("WILSON", IID_IZelWilson);
-  std::int32_t formOut;
-  std::int32_t eqnFormOut;
-  std::int32_t volRatioOut;
-  double aijOut;
-  double ajiOut;
-  double bijOut;
-  double bjiOut;
-  double cijOut;
-  double cjiOut;
-  double dijOut;
-  double djiOut;
-  double eijOut;
-  double ejiOut;
-  double fijOut;
-  double fjiOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1, 2, 3, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13.5, 14.5, 15.5,
-                          16.5, 17.5, 18.5, 19.5, 20),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&formOut, &eqnFormOut, &volRatioOut, &aijOut, &ajiOut, &bijOut, &bjiOut,
-                          &cijOut, &cjiOut, &dijOut, &djiOut, &eijOut, &ejiOut, &fijOut, &fjiOut,
-                          &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(formOut, 1);
-  EXPECT_EQ(eqnFormOut, 2);
-  EXPECT_EQ(volRatioOut, 3);
-  EXPECT_EQ(aijOut, 4.5);
-  EXPECT_EQ(ajiOut, 5.5);
-  EXPECT_EQ(bijOut, 6.5);
-  EXPECT_EQ(bjiOut, 7.5);
-  EXPECT_EQ(cijOut, 8.5);
-  EXPECT_EQ(cjiOut, 9.5);
-  EXPECT_EQ(dijOut, 10.5);
-  EXPECT_EQ(djiOut, 11.5);
-  EXPECT_EQ(eijOut, 12.5);
-  EXPECT_EQ(ejiOut, 13.5);
-  EXPECT_EQ(fijOut, 14.5);
-  EXPECT_EQ(fjiOut, 15.5);
-  EXPECT_EQ(tMinOut, 16.5);
-  EXPECT_EQ(tMaxOut, 17.5);
-  EXPECT_EQ(pMinOut, 18.5);
-  EXPECT_EQ(pMaxOut, 19.5);
-  EXPECT_EQ(refCodeOut, 20);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Ints("form", 1), (std::vector<std::int32_t>{1}));
-  EXPECT_EQ(fields.Ints("eqnForm", 1), (std::vector<std::int32_t>{2}));
-  EXPECT_EQ(fields.Ints("volRatio", 1), (std::vector<std::int32_t>{3}));
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("bji", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("cji", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("dij", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("dji", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("eij", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Reals("eji", 1), (std::vector<double>{13.5}));
-  EXPECT_EQ(fields.Reals("fij", 1), (std::vector<double>{14.5}));
-  EXPECT_EQ(fields.Reals("fji", 1), (std::vector<double>{15.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{16.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{17.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{18.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{19.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{20}));
-  EXPECT_EQ(
-      bank->GetDataDefaulted(&formOut, &eqnFormOut, &volRatioOut, &aijOut, &ajiOut, &bijOut,
-                             &bjiOut, &cijOut, &cjiOut, &dijOut, &djiOut, &eijOut, &ejiOut, &fijOut,
-                             &fjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-      kStatusOk);
-  EXPECT_EQ(formOut, 1);
-  EXPECT_EQ(eqnFormOut, 2);
-  EXPECT_EQ(volRatioOut, 3);
-  EXPECT_EQ(aijOut, 4.5);
-  EXPECT_EQ(ajiOut, 5.5);
-  EXPECT_EQ(bijOut, 6.5);
-  EXPECT_EQ(bjiOut, 7.5);
-  EXPECT_EQ(cijOut, 8.5);
-  EXPECT_EQ(cjiOut, 9.5);
-  EXPECT_EQ(dijOut, 10.5);
-  EXPECT_EQ(djiOut, 11.5);
-  EXPECT_EQ(eijOut, 12.5);
-  EXPECT_EQ(ejiOut, 13.5);
-  EXPECT_EQ(fijOut, 14.5);
-  EXPECT_EQ(fjiOut, 15.5);
-  EXPECT_EQ(tMinOut, 16.5);
-  EXPECT_EQ(tMaxOut, 17.5);
-  EXPECT_EQ(pMinOut, 18.5);
-  EXPECT_EQ(pMaxOut, 19.5);
-  EXPECT_EQ(refCodeOut, 20);
+constexpr std::size_t kMost = 8;  // elements of an argument
+
+// Elements of each field.
+std::map<std::string, std::size_t> CountsOf(IZelBankDef* bank) {
+  char names[20][13], labels[20][20], units[20][20];
+  std::int32_t types[20], counts[20], rows = 0;
+  bank->GetFieldCount(0, &rows);
+  bank->GetFieldList(0, names, labels, types, counts, units);
+  std::map<std::string, std::size_t> all;
+  for (std::int32_t i = 0; i < rows; ++i) all[names[i]] = static_cast<std::size_t>(counts[i]);
+  return all;
+}
+
+template <typename Type>
+std::vector<Type> Field(IZelBankDef* bank, char const* name, std::size_t count) {
+  if constexpr (std::is_same_v<Type, double>) {
+    return Fields(bank).Reals(name, count);
+  } else {
+    return Fields(bank).Ints(name, count);
+  }
+}
+
+// The values of all arguments of an operation whose arguments are pointers to elements.
+template <typename... Outs>
+struct Arguments {
+  std::tuple<std::array<std::remove_pointer_t<Outs>, kMost>...> values;
+
+  // No two elements alike.
+  void Number() {
+    int next = 0;
+    std::apply(
+        [&](auto&... array) {
+          (..., std::for_each(array.begin(), array.end(), [&](auto& value) {
+             using Type = std::decay_t<decltype(value)>;
+             value = static_cast<Type>(++next + (std::is_same_v<Type, double> ? 0.5 : 0.0));
+           }));
+        },
+        values);
+  }
+  template <typename Face>
+  ZelStatus Get(Face* face, ZelStatus (Face::*get)(Outs...)) {
+    return std::apply([&](auto&... array) { return (face->*get)(array.data()...); }, values);
+  }
+  // Scalars by value, arrays by pointer.
+  template <typename Face, typename... Ins>
+  ZelStatus Put(Face* face, ZelStatus (Face::*put)(Ins...)) {
+    return std::apply([&](auto&... array) { return (face->*put)(Pass<Ins>(array.data())...); },
+                      values);
+  }
+  template <typename In, typename Type>
+  static In Pass(Type* values) {
+    if constexpr (std::is_pointer_v<In>) {
+      return values;
+    } else {
+      return *values;
+    }
+  }
+};
+
+using Names = std::vector<char const*>;
+
+// Calls visit(array, name) for each argument.
+template <typename Values, typename Visit>
+void ForEach(Values& values, Names const& names, Visit const& visit) {
+  std::size_t at = 0;
+  std::apply([&](auto&... array) { (..., visit(array, names[at++])); }, values);
+}
+
+template <typename... Outs>
+void ExpectFields(IZelBankDef* bank, Arguments<Outs...>& arguments, Names const& names) {
+  auto counts = CountsOf(bank);
+  ASSERT_EQ(names.size(), sizeof...(Outs));
+  EXPECT_EQ(counts.size(), sizeof...(Outs)) << "every field is an argument";
+  ForEach(arguments.values, names, [&](auto const& array, char const* name) {
+    using Type = typename std::decay_t<decltype(array)>::value_type;
+    std::size_t const count = counts[name];
+    std::vector<Type> const expected(array.begin(), array.begin() + static_cast<long>(count));
+    EXPECT_EQ(Field<Type>(bank, name, count), expected) << name;
+  });
+}
+
+// What is put is what the fields of those names hold, and what is given again.
+template <typename Face, typename... Ins, typename... Outs>
+void CheckOrder(Typed<Face> const& bank, ZelStatus (Face::*put)(Ins...),
+                ZelStatus (Face::*get)(Outs...), Names const& names) {
+  Arguments<Outs...> in{};
+  Arguments<Outs...> out{};
+  in.Number();
+  EXPECT_EQ(in.Put(bank.operator->(), put), kStatusOk);
+  ExpectFields(bank.Def(), in, names);
+  EXPECT_EQ(out.Get(bank.operator->(), get), kStatusOk);
+  ExpectFields(bank.Def(), out, names);
+  auto counts = CountsOf(bank.Def());
+  ForEach(out.values, names, [&](auto const& array, char const* name) {
+    for (std::size_t i = counts[name]; i < kMost; ++i) EXPECT_EQ(array[i], 0) << name;
+  });
+}
+
+template <typename Face>
+void CheckData(char const* type, ZelIid const& id, Names const& names) {
+  SCOPED_TRACE(type);
+  Typed<Face> const bank(type, id);
+  CheckOrder(bank, &Face::PutData, &Face::GetData, names);
+}
+
+bool IsBound(char const* name) {
+  auto const same = [&](char const* bound) { return std::strcmp(name, bound) == 0; };
+  char const* const bounds[] = {"tMin", "tMax", "pMin", "pMax"};
+  return std::any_of(std::begin(bounds), std::end(bounds), same);
+}
+
+// Of a cleared bank: coefficients are 0, bounds and integers as they stand.
+template <typename Face, typename... Outs>
+void CheckCleared(Typed<Face> const& bank, ZelStatus (Face::*get)(Outs...), Names const& names) {
+  Arguments<Outs...> out{};
   bank.Def()->Clear();
-  bank->GetDataDefaulted(&formOut, &eqnFormOut, &volRatioOut, &aijOut, &ajiOut, &bijOut, &bjiOut,
-                         &cijOut, &cjiOut, &dijOut, &djiOut, &eijOut, &ejiOut, &fijOut, &fjiOut,
-                         &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_EQ(aijOut, 0.0);
-  EXPECT_EQ(ajiOut, 0.0);
-  EXPECT_EQ(bijOut, 0.0);
-  EXPECT_EQ(bjiOut, 0.0);
-  EXPECT_EQ(cijOut, 0.0);
-  EXPECT_EQ(cjiOut, 0.0);
-  EXPECT_EQ(dijOut, 0.0);
-  EXPECT_EQ(djiOut, 0.0);
-  EXPECT_EQ(eijOut, 0.0);
-  EXPECT_EQ(ejiOut, 0.0);
-  EXPECT_EQ(fijOut, 0.0);
-  EXPECT_EQ(fjiOut, 0.0);
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
+  EXPECT_EQ(out.Get(bank.operator->(), get), kStatusOk);
+  auto counts = CountsOf(bank.Def());
+  ForEach(out.values, names, [&](auto const& array, char const* name) {
+    using Type = typename std::decay_t<decltype(array)>::value_type;
+    std::size_t const count = counts[name];
+    auto expected = Field<Type>(bank.Def(), name, count);
+    if (std::is_same_v<Type, double> && !IsBound(name)) expected.assign(count, Type{0});
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), array.begin())) << name;
+  });
 }
 
-TEST(TypedData, NRTL) {
-  Typed<IZelNrtl> bank("NRTL", IID_IZelNrtl);
-  double aijOut;
-  double bijOut;
-  double cijOut;
-  double dijOut;
-  double eijOut;
-  double fijOut;
-  double ajiOut;
-  double bjiOut;
-  double cjiOut;
-  double djiOut;
-  double ejiOut;
-  double fjiOut;
-  double alphaijOut;
-  double betaijOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13.5, 14.5,
-                          15.5, 16.5, 17.5, 18.5, 19),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &cijOut, &dijOut, &eijOut, &fijOut, &ajiOut, &bjiOut,
-                          &cjiOut, &djiOut, &ejiOut, &fjiOut, &alphaijOut, &betaijOut, &tMinOut,
-                          &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(dijOut, 4.5);
-  EXPECT_EQ(eijOut, 5.5);
-  EXPECT_EQ(fijOut, 6.5);
-  EXPECT_EQ(ajiOut, 7.5);
-  EXPECT_EQ(bjiOut, 8.5);
-  EXPECT_EQ(cjiOut, 9.5);
-  EXPECT_EQ(djiOut, 10.5);
-  EXPECT_EQ(ejiOut, 11.5);
-  EXPECT_EQ(fjiOut, 12.5);
-  EXPECT_EQ(alphaijOut, 13.5);
-  EXPECT_EQ(betaijOut, 14.5);
-  EXPECT_EQ(tMinOut, 15.5);
-  EXPECT_EQ(tMaxOut, 16.5);
-  EXPECT_EQ(pMinOut, 17.5);
-  EXPECT_EQ(pMaxOut, 18.5);
-  EXPECT_EQ(refCodeOut, 19);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("dij", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("eij", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("fij", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("bji", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("cji", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("dji", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("eji", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("fji", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Reals("alphaij", 1), (std::vector<double>{13.5}));
-  EXPECT_EQ(fields.Reals("betaij", 1), (std::vector<double>{14.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{15.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{16.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{17.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{18.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{19}));
-  EXPECT_EQ(bank->GetDataDefaulted(&aijOut, &bijOut, &cijOut, &dijOut, &eijOut, &fijOut, &ajiOut,
-                                   &bjiOut, &cjiOut, &djiOut, &ejiOut, &fjiOut, &alphaijOut,
-                                   &betaijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(dijOut, 4.5);
-  EXPECT_EQ(eijOut, 5.5);
-  EXPECT_EQ(fijOut, 6.5);
-  EXPECT_EQ(ajiOut, 7.5);
-  EXPECT_EQ(bjiOut, 8.5);
-  EXPECT_EQ(cjiOut, 9.5);
-  EXPECT_EQ(djiOut, 10.5);
-  EXPECT_EQ(ejiOut, 11.5);
-  EXPECT_EQ(fjiOut, 12.5);
-  EXPECT_EQ(alphaijOut, 13.5);
-  EXPECT_EQ(betaijOut, 14.5);
-  EXPECT_EQ(tMinOut, 15.5);
-  EXPECT_EQ(tMaxOut, 16.5);
-  EXPECT_EQ(pMinOut, 17.5);
-  EXPECT_EQ(pMaxOut, 18.5);
-  EXPECT_EQ(refCodeOut, 19);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(&aijOut, &bijOut, &cijOut, &dijOut, &eijOut, &fijOut, &ajiOut, &bjiOut,
-                         &cjiOut, &djiOut, &ejiOut, &fjiOut, &alphaijOut, &betaijOut, &tMinOut,
-                         &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_EQ(aijOut, 0.0);
-  EXPECT_EQ(bijOut, 0.0);
-  EXPECT_EQ(cijOut, 0.0);
-  EXPECT_EQ(dijOut, 0.0);
-  EXPECT_EQ(eijOut, 0.0);
-  EXPECT_EQ(fijOut, 0.0);
-  EXPECT_EQ(ajiOut, 0.0);
-  EXPECT_EQ(bjiOut, 0.0);
-  EXPECT_EQ(cjiOut, 0.0);
-  EXPECT_EQ(djiOut, 0.0);
-  EXPECT_EQ(ejiOut, 0.0);
-  EXPECT_EQ(fjiOut, 0.0);
-  EXPECT_EQ(alphaijOut, 0.0);
-  EXPECT_EQ(betaijOut, 0.0);
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
+template <typename Face>
+void CheckDefaultedData(char const* type, ZelIid const& id, Names const& names) {
+  CheckData<Face>(type, id, names);
+  SCOPED_TRACE(type);
+  Typed<Face> const bank(type, id);
+  CheckOrder(bank, &Face::PutData, &Face::GetDataDefaulted, names);
+  CheckCleared(bank, &Face::GetDataDefaulted, names);
 }
 
-TEST(TypedData, NRTLLL) {
-  Typed<IZelNrtlLL> bank("NRTLLL", IID_IZelNrtlLL);
-  double aijOut;
-  double bijOut;
-  double cijOut;
-  double dijOut;
-  double eijOut;
-  double fijOut;
-  double ajiOut;
-  double bjiOut;
-  double cjiOut;
-  double djiOut;
-  double ejiOut;
-  double fjiOut;
-  double alphaijOut;
-  double betaijOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13.5, 14.5,
-                          15.5, 16.5, 17.5, 18.5, 19),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &cijOut, &dijOut, &eijOut, &fijOut, &ajiOut, &bjiOut,
-                          &cjiOut, &djiOut, &ejiOut, &fjiOut, &alphaijOut, &betaijOut, &tMinOut,
-                          &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(dijOut, 4.5);
-  EXPECT_EQ(eijOut, 5.5);
-  EXPECT_EQ(fijOut, 6.5);
-  EXPECT_EQ(ajiOut, 7.5);
-  EXPECT_EQ(bjiOut, 8.5);
-  EXPECT_EQ(cjiOut, 9.5);
-  EXPECT_EQ(djiOut, 10.5);
-  EXPECT_EQ(ejiOut, 11.5);
-  EXPECT_EQ(fjiOut, 12.5);
-  EXPECT_EQ(alphaijOut, 13.5);
-  EXPECT_EQ(betaijOut, 14.5);
-  EXPECT_EQ(tMinOut, 15.5);
-  EXPECT_EQ(tMaxOut, 16.5);
-  EXPECT_EQ(pMinOut, 17.5);
-  EXPECT_EQ(pMaxOut, 18.5);
-  EXPECT_EQ(refCodeOut, 19);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("dij", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("eij", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("fij", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("bji", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("cji", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("dji", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("eji", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("fji", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Reals("alphaij", 1), (std::vector<double>{13.5}));
-  EXPECT_EQ(fields.Reals("betaij", 1), (std::vector<double>{14.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{15.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{16.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{17.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{18.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{19}));
-  EXPECT_EQ(bank->GetDataDefaulted(&aijOut, &bijOut, &cijOut, &dijOut, &eijOut, &fijOut, &ajiOut,
-                                   &bjiOut, &cjiOut, &djiOut, &ejiOut, &fjiOut, &alphaijOut,
-                                   &betaijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(dijOut, 4.5);
-  EXPECT_EQ(eijOut, 5.5);
-  EXPECT_EQ(fijOut, 6.5);
-  EXPECT_EQ(ajiOut, 7.5);
-  EXPECT_EQ(bjiOut, 8.5);
-  EXPECT_EQ(cjiOut, 9.5);
-  EXPECT_EQ(djiOut, 10.5);
-  EXPECT_EQ(ejiOut, 11.5);
-  EXPECT_EQ(fjiOut, 12.5);
-  EXPECT_EQ(alphaijOut, 13.5);
-  EXPECT_EQ(betaijOut, 14.5);
-  EXPECT_EQ(tMinOut, 15.5);
-  EXPECT_EQ(tMaxOut, 16.5);
-  EXPECT_EQ(pMinOut, 17.5);
-  EXPECT_EQ(pMaxOut, 18.5);
-  EXPECT_EQ(refCodeOut, 19);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(&aijOut, &bijOut, &cijOut, &dijOut, &eijOut, &fijOut, &ajiOut, &bjiOut,
-                         &cjiOut, &djiOut, &ejiOut, &fjiOut, &alphaijOut, &betaijOut, &tMinOut,
-                         &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_EQ(aijOut, 0.0);
-  EXPECT_EQ(bijOut, 0.0);
-  EXPECT_EQ(cijOut, 0.0);
-  EXPECT_EQ(dijOut, 0.0);
-  EXPECT_EQ(eijOut, 0.0);
-  EXPECT_EQ(fijOut, 0.0);
-  EXPECT_EQ(ajiOut, 0.0);
-  EXPECT_EQ(bjiOut, 0.0);
-  EXPECT_EQ(cjiOut, 0.0);
-  EXPECT_EQ(djiOut, 0.0);
-  EXPECT_EQ(ejiOut, 0.0);
-  EXPECT_EQ(fjiOut, 0.0);
-  EXPECT_EQ(alphaijOut, 0.0);
-  EXPECT_EQ(betaijOut, 0.0);
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
+TEST(TypedData, OfWilsonHasItsChoicesFirstAndGoesPairByPair) {
+  CheckDefaultedData<IZelWilson>(
+      "WILSON", IID_IZelWilson,
+      {"form", "eqnForm", "volRatio", "aij", "aji", "bij",  "bji",  "cij",  "cji",  "dij",
+       "dji",  "eij",     "eji",      "fij", "fji", "tMin", "tMax", "pMin", "pMax", "refCode"});
 }
 
-TEST(TypedData, UNIQUAC) {
-  Typed<IZelUniquac> bank("UNIQUAC", IID_IZelUniquac);
-  double aijOut;
-  double bijOut;
-  double cijOut;
-  double dijOut;
-  double ajiOut;
-  double bjiOut;
-  double cjiOut;
-  double djiOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &cijOut, &dijOut, &ajiOut, &bjiOut, &cjiOut, &djiOut,
-                          &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(dijOut, 4.5);
-  EXPECT_EQ(ajiOut, 5.5);
-  EXPECT_EQ(bjiOut, 6.5);
-  EXPECT_EQ(cjiOut, 7.5);
-  EXPECT_EQ(djiOut, 8.5);
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("dij", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("bji", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("cji", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("dji", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{13}));
+TEST(TypedData, OfNrtlGoesSideBySide) {
+  Names const names = {"aij",  "bij",  "cij",  "dij",  "eij",    "fij",     "aji",
+                       "bji",  "cji",  "dji",  "eji",  "fji",    "alphaij", "betaij",
+                       "tMin", "tMax", "pMin", "pMax", "refCode"};
+  CheckDefaultedData<IZelNrtl>("NRTL", IID_IZelNrtl, names);
+  CheckDefaultedData<IZelNrtlLL>("NRTLLL", IID_IZelNrtlLL, names);
 }
 
-TEST(TypedData, UNIQLL) {
-  Typed<IZelUniquacLL> bank("UNIQLL", IID_IZelUniquacLL);
-  double aijOut;
-  double bijOut;
-  double cijOut;
-  double dijOut;
-  double ajiOut;
-  double bjiOut;
-  double cjiOut;
-  double djiOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &cijOut, &dijOut, &ajiOut, &bjiOut, &cjiOut, &djiOut,
-                          &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(dijOut, 4.5);
-  EXPECT_EQ(ajiOut, 5.5);
-  EXPECT_EQ(bjiOut, 6.5);
-  EXPECT_EQ(cjiOut, 7.5);
-  EXPECT_EQ(djiOut, 8.5);
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("dij", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("bji", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("cji", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("dji", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{13}));
+TEST(TypedData, OfOtherActivityModels) {
+  Names const uniquac = {"aij", "bij",  "cij",  "dij",  "aji",  "bji",    "cji",
+                         "dji", "tMin", "tMax", "pMin", "pMax", "refCode"};
+  CheckData<IZelUniquac>("UNIQUAC", IID_IZelUniquac, uniquac);
+  CheckData<IZelUniquacLL>("UNIQLL", IID_IZelUniquacLL, uniquac);
+  CheckData<IZelMargules>("MARGULES", IID_IZelMargules,
+                          {"aij", "aji", "dij", "tMin", "tMax", "pMin", "pMax", "refCode"});
+  CheckData<IZelVanLaar>("VANLAAR", IID_IZelVanLaar,
+                         {"aij", "aji", "tMin", "tMax", "pMin", "pMax", "refCode"});
 }
 
-TEST(TypedData, MARGULES) {
-  Typed<IZelMargules> bank("MARGULES", IID_IZelMargules);
-  double aijOut;
-  double ajiOut;
-  double dijOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8), kStatusOk);
-  EXPECT_EQ(
-      bank->GetData(&aijOut, &ajiOut, &dijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-      kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(ajiOut, 2.5);
-  EXPECT_EQ(dijOut, 3.5);
-  EXPECT_EQ(tMinOut, 4.5);
-  EXPECT_EQ(tMaxOut, 5.5);
-  EXPECT_EQ(pMinOut, 6.5);
-  EXPECT_EQ(pMaxOut, 7.5);
-  EXPECT_EQ(refCodeOut, 8);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("dij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{8}));
+TEST(TypedData, OfHeatsOfMixing) {
+  CheckData<IZelHMix>("HMIX", IID_IZelHMix,
+                      {"aij", "bij", "cij", "dij", "eij", "fij", "gij", "hij", "tMin", "tMax",
+                       "pMin", "pMax", "refCode"});
 }
 
-TEST(TypedData, VANLAAR) {
-  Typed<IZelVanLaar> bank("VANLAAR", IID_IZelVanLaar);
-  double aijOut;
-  double ajiOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7), kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &ajiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(ajiOut, 2.5);
-  EXPECT_EQ(tMinOut, 3.5);
-  EXPECT_EQ(tMaxOut, 4.5);
-  EXPECT_EQ(pMinOut, 5.5);
-  EXPECT_EQ(pMaxOut, 6.5);
-  EXPECT_EQ(refCodeOut, 7);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{7}));
+TEST(TypedData, OfAsymmetricEquationsOfState) {
+  Names const fullH = {"aij",      "bij",  "cij",  "aji",  "bji",  "cji",    "alphaCij",
+                       "alphaTij", "tMin", "tMax", "pMin", "pMax", "refCode"};
+  CheckData<IZelPrH>("PRH", IID_IZelPrH, fullH);
+  CheckData<IZelSrkH>("SRKH", IID_IZelSrkH, fullH);
+  Names const both = {"kij", "kji", "tMin", "tMax", "pMin", "pMax", "refCode"};
+  CheckDefaultedData<IZelPrM>("PRM", IID_IZelPrM, both);
+  CheckDefaultedData<IZelSrkS>("SRKS", IID_IZelSrkS, both);
+  CheckData<IZelPrP>("PRP", IID_IZelPrP, both);
+  CheckData<IZelSrkP>("SRKP", IID_IZelSrkP, both);
+  CheckDefaultedData<IZelSrkM>(
+      "SRKM", IID_IZelSrkM,
+      {"kij", "kji", "kijd", "kjid", "tMin", "tMax", "pMin", "pMax", "refCode"});
 }
 
-TEST(TypedData, HMIX) {
-  Typed<IZelHMix> bank("HMIX", IID_IZelHMix);
-  double aijOut;
-  double bijOut;
-  double cijOut;
-  double dijOut;
-  double eijOut;
-  double fijOut;
-  double gijOut;
-  double hijOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &cijOut, &dijOut, &eijOut, &fijOut, &gijOut, &hijOut,
-                          &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(dijOut, 4.5);
-  EXPECT_EQ(eijOut, 5.5);
-  EXPECT_EQ(fijOut, 6.5);
-  EXPECT_EQ(gijOut, 7.5);
-  EXPECT_EQ(hijOut, 8.5);
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("dij", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("eij", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("fij", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("gij", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("hij", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{13}));
+TEST(TypedData, OfSymmetricEquationsOfState) {
+  Names const one = {"kij", "tMin", "tMax", "pMin", "pMax", "refCode"};
+  CheckDefaultedData<IZelPrO>("PRO", IID_IZelPrO, one);
+  CheckDefaultedData<IZelSrkO>("SRKO", IID_IZelSrkO, one);
+  CheckDefaultedData<IZelBwrs>("BWRS", IID_IZelBwrs,
+                               {"aij", "bij", "tMin", "tMax", "pMin", "pMax", "refCode"});
+  CheckDefaultedData<IZelPcSaft>("PCSAFT", IID_IZelPcSaft, {"kij", "tMin", "tMax", "refCode"});
+  CheckData<IZelLkp>("LKP", IID_IZelLkp, {"kij", "refCode"});
 }
 
-TEST(TypedData, BWRS) {
-  Typed<IZelBwrs> bank("BWRS", IID_IZelBwrs);
-  double aijOut;
-  double bijOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7), kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(tMinOut, 3.5);
-  EXPECT_EQ(tMaxOut, 4.5);
-  EXPECT_EQ(pMinOut, 5.5);
-  EXPECT_EQ(pMaxOut, 6.5);
-  EXPECT_EQ(refCodeOut, 7);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{7}));
-  EXPECT_EQ(
-      bank->GetDataDefaulted(&aijOut, &bijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-      kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(tMinOut, 3.5);
-  EXPECT_EQ(tMaxOut, 4.5);
-  EXPECT_EQ(pMinOut, 5.5);
-  EXPECT_EQ(pMaxOut, 6.5);
-  EXPECT_EQ(refCodeOut, 7);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(&aijOut, &bijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_EQ(aijOut, 0.0);
-  EXPECT_EQ(bijOut, 0.0);
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, HENRY) {
-  Typed<IZelHenry> bank("HENRY", IID_IZelHenry);
-  double const cIn[] = {1.5, 2.5, 3.5, 4.5, 5.5};
-  double cOut[5];
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(cIn, 6.5, 7.5, 8.5, 9.5, 10), kStatusOk);
-  EXPECT_EQ(bank->GetData(cOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut), kStatusOk);
-  EXPECT_TRUE(std::equal(cIn, cIn + 5, cOut));
-  EXPECT_EQ(tMinOut, 6.5);
-  EXPECT_EQ(tMaxOut, 7.5);
-  EXPECT_EQ(pMinOut, 8.5);
-  EXPECT_EQ(pMaxOut, 9.5);
-  EXPECT_EQ(refCodeOut, 10);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("c", 5), (std::vector<double>{1.5, 2.5, 3.5, 4.5, 5.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{10}));
-  EXPECT_EQ(bank->GetDataDefaulted(cOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(cIn, cIn + 5, cOut));
-  EXPECT_EQ(tMinOut, 6.5);
-  EXPECT_EQ(tMaxOut, 7.5);
-  EXPECT_EQ(pMinOut, 8.5);
-  EXPECT_EQ(pMaxOut, 9.5);
-  EXPECT_EQ(refCodeOut, 10);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(cOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_TRUE(std::all_of(cOut, cOut + 5, [](double x) { return x == 0.0; }));
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, PRH) {
-  Typed<IZelPrH> bank("PRH", IID_IZelPrH);
-  double aijOut;
-  double bijOut;
-  double cijOut;
-  double ajiOut;
-  double bjiOut;
-  double cjiOut;
-  double alphaCijOut;
-  double alphaTijOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &cijOut, &ajiOut, &bjiOut, &cjiOut, &alphaCijOut,
-                          &alphaTijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(ajiOut, 4.5);
-  EXPECT_EQ(bjiOut, 5.5);
-  EXPECT_EQ(cjiOut, 6.5);
-  EXPECT_EQ(alphaCijOut, 7.5);
-  EXPECT_EQ(alphaTijOut, 8.5);
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("bji", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("cji", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("alphaCij", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("alphaTij", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{13}));
-}
-
-TEST(TypedData, SRKH) {
-  Typed<IZelSrkH> bank("SRKH", IID_IZelSrkH);
-  double aijOut;
-  double bijOut;
-  double cijOut;
-  double ajiOut;
-  double bjiOut;
-  double cjiOut;
-  double alphaCijOut;
-  double alphaTijOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4.5, 5.5, 6.5, 7.5, 8.5, 9.5, 10.5, 11.5, 12.5, 13),
-            kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &cijOut, &ajiOut, &bjiOut, &cjiOut, &alphaCijOut,
-                          &alphaTijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(cijOut, 3.5);
-  EXPECT_EQ(ajiOut, 4.5);
-  EXPECT_EQ(bjiOut, 5.5);
-  EXPECT_EQ(cjiOut, 6.5);
-  EXPECT_EQ(alphaCijOut, 7.5);
-  EXPECT_EQ(alphaTijOut, 8.5);
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("cij", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Reals("aji", 1), (std::vector<double>{4.5}));
-  EXPECT_EQ(fields.Reals("bji", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("cji", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("alphaCij", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("alphaTij", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{13}));
-}
-
-TEST(TypedData, PRM) {
-  Typed<IZelPrM> bank("PRM", IID_IZelPrM);
-  double const kijIn[] = {1.5, 2.5, 3.5, 4.5};
-  double kijOut[4];
-  double const kjiIn[] = {5.5, 6.5, 7.5, 8.5};
-  double kjiOut[4];
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, kjiIn, 9.5, 10.5, 11.5, 12.5, 13), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 4, kjiOut));
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 4), (std::vector<double>{1.5, 2.5, 3.5, 4.5}));
-  EXPECT_EQ(fields.Reals("kji", 4), (std::vector<double>{5.5, 6.5, 7.5, 8.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{13}));
-  EXPECT_EQ(
-      bank->GetDataDefaulted(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-      kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 4, kjiOut));
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_TRUE(std::all_of(kijOut, kijOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_TRUE(std::all_of(kjiOut, kjiOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, SRKS) {
-  Typed<IZelSrkS> bank("SRKS", IID_IZelSrkS);
-  double const kijIn[] = {1.5, 2.5, 3.5, 4.5};
-  double kijOut[4];
-  double const kjiIn[] = {5.5, 6.5, 7.5, 8.5};
-  double kjiOut[4];
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, kjiIn, 9.5, 10.5, 11.5, 12.5, 13), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 4, kjiOut));
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 4), (std::vector<double>{1.5, 2.5, 3.5, 4.5}));
-  EXPECT_EQ(fields.Reals("kji", 4), (std::vector<double>{5.5, 6.5, 7.5, 8.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{13}));
-  EXPECT_EQ(
-      bank->GetDataDefaulted(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-      kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 4, kjiOut));
-  EXPECT_EQ(tMinOut, 9.5);
-  EXPECT_EQ(tMaxOut, 10.5);
-  EXPECT_EQ(pMinOut, 11.5);
-  EXPECT_EQ(pMaxOut, 12.5);
-  EXPECT_EQ(refCodeOut, 13);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_TRUE(std::all_of(kijOut, kijOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_TRUE(std::all_of(kjiOut, kjiOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, SRKM) {
-  Typed<IZelSrkM> bank("SRKM", IID_IZelSrkM);
-  double const kijIn[] = {1.5, 2.5, 3.5, 4.5};
-  double kijOut[4];
-  double const kjiIn[] = {5.5, 6.5, 7.5, 8.5};
-  double kjiOut[4];
-  double kijdOut;
-  double kjidOut;
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, kjiIn, 9.5, 10.5, 11.5, 12.5, 13.5, 14.5, 15), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, kjiOut, &kijdOut, &kjidOut, &tMinOut, &tMaxOut, &pMinOut,
-                          &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 4, kjiOut));
-  EXPECT_EQ(kijdOut, 9.5);
-  EXPECT_EQ(kjidOut, 10.5);
-  EXPECT_EQ(tMinOut, 11.5);
-  EXPECT_EQ(tMaxOut, 12.5);
-  EXPECT_EQ(pMinOut, 13.5);
-  EXPECT_EQ(pMaxOut, 14.5);
-  EXPECT_EQ(refCodeOut, 15);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 4), (std::vector<double>{1.5, 2.5, 3.5, 4.5}));
-  EXPECT_EQ(fields.Reals("kji", 4), (std::vector<double>{5.5, 6.5, 7.5, 8.5}));
-  EXPECT_EQ(fields.Reals("kijd", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("kjid", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{11.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{12.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{13.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{14.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{15}));
-  EXPECT_EQ(bank->GetDataDefaulted(kijOut, kjiOut, &kijdOut, &kjidOut, &tMinOut, &tMaxOut, &pMinOut,
-                                   &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 4, kjiOut));
-  EXPECT_EQ(kijdOut, 9.5);
-  EXPECT_EQ(kjidOut, 10.5);
-  EXPECT_EQ(tMinOut, 11.5);
-  EXPECT_EQ(tMaxOut, 12.5);
-  EXPECT_EQ(pMinOut, 13.5);
-  EXPECT_EQ(pMaxOut, 14.5);
-  EXPECT_EQ(refCodeOut, 15);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(kijOut, kjiOut, &kijdOut, &kjidOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut,
-                         &refCodeOut);
-  EXPECT_TRUE(std::all_of(kijOut, kijOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_TRUE(std::all_of(kjiOut, kjiOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_EQ(kijdOut, 0.0);
-  EXPECT_EQ(kjidOut, 0.0);
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, PRP) {
-  Typed<IZelPrP> bank("PRP", IID_IZelPrP);
-  double const kijIn[] = {1.5, 2.5, 3.5};
-  double kijOut[3];
-  double const kjiIn[] = {4.5, 5.5, 6.5};
-  double kjiOut[3];
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, kjiIn, 7.5, 8.5, 9.5, 10.5, 11), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 3, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 3, kjiOut));
-  EXPECT_EQ(tMinOut, 7.5);
-  EXPECT_EQ(tMaxOut, 8.5);
-  EXPECT_EQ(pMinOut, 9.5);
-  EXPECT_EQ(pMaxOut, 10.5);
-  EXPECT_EQ(refCodeOut, 11);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 3), (std::vector<double>{1.5, 2.5, 3.5}));
-  EXPECT_EQ(fields.Reals("kji", 3), (std::vector<double>{4.5, 5.5, 6.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{11}));
-}
-
-TEST(TypedData, SRKP) {
-  Typed<IZelSrkP> bank("SRKP", IID_IZelSrkP);
-  double const kijIn[] = {1.5, 2.5, 3.5};
-  double kijOut[3];
-  double const kjiIn[] = {4.5, 5.5, 6.5};
-  double kjiOut[3];
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, kjiIn, 7.5, 8.5, 9.5, 10.5, 11), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, kjiOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 3, kijOut));
-  EXPECT_TRUE(std::equal(kjiIn, kjiIn + 3, kjiOut));
-  EXPECT_EQ(tMinOut, 7.5);
-  EXPECT_EQ(tMaxOut, 8.5);
-  EXPECT_EQ(pMinOut, 9.5);
-  EXPECT_EQ(pMaxOut, 10.5);
-  EXPECT_EQ(refCodeOut, 11);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 3), (std::vector<double>{1.5, 2.5, 3.5}));
-  EXPECT_EQ(fields.Reals("kji", 3), (std::vector<double>{4.5, 5.5, 6.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{9.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{10.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{11}));
-}
-
-TEST(TypedData, PRO) {
-  Typed<IZelPrO> bank("PRO", IID_IZelPrO);
-  double const kijIn[] = {1.5, 2.5, 3.5, 4.5};
-  double kijOut[4];
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, 5.5, 6.5, 7.5, 8.5, 9), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut), kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_EQ(tMinOut, 5.5);
-  EXPECT_EQ(tMaxOut, 6.5);
-  EXPECT_EQ(pMinOut, 7.5);
-  EXPECT_EQ(pMaxOut, 8.5);
-  EXPECT_EQ(refCodeOut, 9);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 4), (std::vector<double>{1.5, 2.5, 3.5, 4.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{9}));
-  EXPECT_EQ(bank->GetDataDefaulted(kijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_EQ(tMinOut, 5.5);
-  EXPECT_EQ(tMaxOut, 6.5);
-  EXPECT_EQ(pMinOut, 7.5);
-  EXPECT_EQ(pMaxOut, 8.5);
-  EXPECT_EQ(refCodeOut, 9);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(kijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_TRUE(std::all_of(kijOut, kijOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, SRKO) {
-  Typed<IZelSrkO> bank("SRKO", IID_IZelSrkO);
-  double const kijIn[] = {1.5, 2.5, 3.5, 4.5};
-  double kijOut[4];
-  double tMinOut;
-  double tMaxOut;
-  double pMinOut;
-  double pMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, 5.5, 6.5, 7.5, 8.5, 9), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut), kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_EQ(tMinOut, 5.5);
-  EXPECT_EQ(tMaxOut, 6.5);
-  EXPECT_EQ(pMinOut, 7.5);
-  EXPECT_EQ(pMaxOut, 8.5);
-  EXPECT_EQ(refCodeOut, 9);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 4), (std::vector<double>{1.5, 2.5, 3.5, 4.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Reals("pMin", 1), (std::vector<double>{7.5}));
-  EXPECT_EQ(fields.Reals("pMax", 1), (std::vector<double>{8.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{9}));
-  EXPECT_EQ(bank->GetDataDefaulted(kijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut),
-            kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_EQ(tMinOut, 5.5);
-  EXPECT_EQ(tMaxOut, 6.5);
-  EXPECT_EQ(pMinOut, 7.5);
-  EXPECT_EQ(pMaxOut, 8.5);
-  EXPECT_EQ(refCodeOut, 9);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(kijOut, &tMinOut, &tMaxOut, &pMinOut, &pMaxOut, &refCodeOut);
-  EXPECT_TRUE(std::all_of(kijOut, kijOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(pMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, PCSAFT) {
-  Typed<IZelPcSaft> bank("PCSAFT", IID_IZelPcSaft);
-  double const kijIn[] = {1.5, 2.5, 3.5, 4.5};
-  double kijOut[4];
-  double tMinOut;
-  double tMaxOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(kijIn, 5.5, 6.5, 7), kStatusOk);
-  EXPECT_EQ(bank->GetData(kijOut, &tMinOut, &tMaxOut, &refCodeOut), kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_EQ(tMinOut, 5.5);
-  EXPECT_EQ(tMaxOut, 6.5);
-  EXPECT_EQ(refCodeOut, 7);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 4), (std::vector<double>{1.5, 2.5, 3.5, 4.5}));
-  EXPECT_EQ(fields.Reals("tMin", 1), (std::vector<double>{5.5}));
-  EXPECT_EQ(fields.Reals("tMax", 1), (std::vector<double>{6.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{7}));
-  EXPECT_EQ(bank->GetDataDefaulted(kijOut, &tMinOut, &tMaxOut, &refCodeOut), kStatusOk);
-  EXPECT_TRUE(std::equal(kijIn, kijIn + 4, kijOut));
-  EXPECT_EQ(tMinOut, 5.5);
-  EXPECT_EQ(tMaxOut, 6.5);
-  EXPECT_EQ(refCodeOut, 7);
-  bank.Def()->Clear();
-  bank->GetDataDefaulted(kijOut, &tMinOut, &tMaxOut, &refCodeOut);
-  EXPECT_TRUE(std::all_of(kijOut, kijOut + 4, [](double x) { return x == 0.0; }));
-  EXPECT_EQ(tMinOut, gen_GetUndefDouble());
-  EXPECT_EQ(tMaxOut, gen_GetUndefDouble());
-  EXPECT_EQ(refCodeOut, gen_GetUndefInt());
-}
-
-TEST(TypedData, AZEOTROP) {
-  Typed<IZelAzeo> bank("AZEOTROP", IID_IZelAzeo);
-  double tempOut;
-  double presOut;
-  double x1Out;
-  std::int32_t basisOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3.5, 4), kStatusOk);
-  EXPECT_EQ(bank->GetData(&tempOut, &presOut, &x1Out, &basisOut), kStatusOk);
-  EXPECT_EQ(tempOut, 1.5);
-  EXPECT_EQ(presOut, 2.5);
-  EXPECT_EQ(x1Out, 3.5);
-  EXPECT_EQ(basisOut, 4);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("temp", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("pres", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Reals("x1", 1), (std::vector<double>{3.5}));
-  EXPECT_EQ(fields.Ints("basis", 1), (std::vector<std::int32_t>{4}));
-}
-
-TEST(TypedData, LKP) {
-  Typed<IZelLkp> bank("LKP", IID_IZelLkp);
-  double kijOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2), kStatusOk);
-  EXPECT_EQ(bank->GetData(&kijOut, &refCodeOut), kStatusOk);
-  EXPECT_EQ(kijOut, 1.5);
-  EXPECT_EQ(refCodeOut, 2);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("kij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{2}));
-}
-
-TEST(TypedData, IDIMER) {
-  Typed<IZelIDimer> bank("IDIMER", IID_IZelIDimer);
-  double aijOut;
-  double bijOut;
-  std::int32_t refCodeOut;
-  EXPECT_EQ(bank->PutData(1.5, 2.5, 3), kStatusOk);
-  EXPECT_EQ(bank->GetData(&aijOut, &bijOut, &refCodeOut), kStatusOk);
-  EXPECT_EQ(aijOut, 1.5);
-  EXPECT_EQ(bijOut, 2.5);
-  EXPECT_EQ(refCodeOut, 3);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("Aij", 1), (std::vector<double>{1.5}));
-  EXPECT_EQ(fields.Reals("Bij", 1), (std::vector<double>{2.5}));
-  EXPECT_EQ(fields.Ints("refCode", 1), (std::vector<std::int32_t>{3}));
-}
-
-TEST(TypedData, HOCV) {
-  Typed<IZelHocV> bank("HOCV", IID_IZelHocV);
-  double etaOut;
-  EXPECT_EQ(bank->PutData(1.5), kStatusOk);
-  EXPECT_EQ(bank->GetData(&etaOut), kStatusOk);
-  EXPECT_EQ(etaOut, 1.5);
-  Fields const fields(bank.Def());
-  EXPECT_EQ(fields.Reals("eta", 1), (std::vector<double>{1.5}));
+TEST(TypedData, OfOtherPairs) {
+  CheckDefaultedData<IZelHenry>("HENRY", IID_IZelHenry,
+                                {"c", "tMin", "tMax", "pMin", "pMax", "refCode"});
+  CheckData<IZelAzeo>("AZEOTROP", IID_IZelAzeo, {"temp", "pres", "x1", "basis"});
+  CheckData<IZelIDimer>("IDIMER", IID_IZelIDimer, {"Aij", "Bij", "refCode"});
+  CheckData<IZelHocV>("HOCV", IID_IZelHocV, {"eta"});
 }
 
 }  // namespace
