@@ -14,7 +14,6 @@ namespace {
 
 using test::AllocationWatch;
 using test::ExpectedType;
-using test::Fields;
 using test::Typed;
 
 // The first bank of a type as well as any later one is the object and nothing else.
