@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace zel {
@@ -22,6 +23,12 @@ constexpr bool SameText(std::string_view a, std::string_view b) noexcept {
     if (ToUpper(a[i]) != ToUpper(b[i])) return false;
   }
   return true;
+}
+
+inline std::string LowerText(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) c = ToLower(c);
+  return lower;
 }
 
 // A text argument of a public operation: null counts as empty.

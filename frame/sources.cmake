@@ -1,5 +1,6 @@
 set(frame_SOURCES
     folder_walk.cpp
+    initialise.cpp
     known_folders.cpp
     module.cpp
     number_text.cpp
@@ -8,4 +9,11 @@ set(frame_SOURCES
     platform/posix_system.cpp
     search_path.cpp
     trim7.cpp
+    units/class_definition.cpp
+    units/unit_binder.cpp
+    units/unit_catalogue.cpp
+    units/unit_match.cpp
+    units/unit_system.cpp
+    units/unit_table.cpp
+    units/uom.cpp
     wildcard.cpp)

@@ -1,9 +1,11 @@
 set(frame_TEST_SOURCES
+    bad_unit_table_test.cpp
     block_file_refusal_test.cpp
     block_file_sharing_test.cpp
     block_file_test.cpp
     child.cpp
     folder_walk_test.cpp
+    initialise_test.cpp
     known_folders_test.cpp
     module_test.cpp
     number_text_test.cpp
@@ -12,4 +14,7 @@ set(frame_TEST_SOURCES
     search_path_test.cpp
     system_test.cpp
     trim7_test.cpp
+    unit_conversion_test.cpp
+    unit_system_test.cpp
+    unit_table_test.cpp
     wildcard_test.cpp)

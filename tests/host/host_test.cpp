@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <zelaccess/ZelAccess.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <type_traits>
@@ -109,6 +110,23 @@ TEST_F(HostTest, BlockErrorReachesTheHostAsUnsignedLong) {
   }
   zel::LibMaint::DelLibMaint(maint);
   zel::LibFile::DelLibFile(library);
+}
+
+TEST_F(HostTest, InitialisesOnceAndLeavesNothingBehind) {
+  // The file that it makes on its way goes where these tests may see it.
+  char const* const before = std::getenv("TMPDIR");
+  std::string const folder = before == nullptr ? "" : before;
+  ::setenv("TMPDIR", folder_.c_str(), 1);
+  zel::InitZelAccess();
+  EXPECT_TRUE(fs::is_empty(folder_));
+  // A second start would end the process: there is no folder for its file.
+  ::setenv("TMPDIR", Path("missing").c_str(), 1);
+  zel::InitZelAccess();
+  if (folder.empty()) {
+    ::unsetenv("TMPDIR");
+  } else {
+    ::setenv("TMPDIR", folder.c_str(), 1);
+  }
 }
 
 TEST_F(HostTest, DisposalOfNullDoesNothing) {

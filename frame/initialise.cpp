@@ -1,0 +1,42 @@
+#include "frame/initialise.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+#include "frame/module.h"
+#include "frame/platform/system.h"
+#include "frame/units/unit_system.h"
+#include "zelaccess/Module.h"
+
+namespace zel {
+namespace {
+
+constinit bool initialised = false;
+
+[[noreturn]] void EndWith(char const* message) {
+  platform::WriteDebug(message);
+  std::fputs(message, stdout);
+  std::fflush(stdout);
+  std::exit(EXIT_FAILURE);
+}
+
+}  // namespace
+
+void EndUnlessStarted(int unitSystemResult) {
+  if (unitSystemResult < 0) EndWith("Unable to locate embedded uomdata.txt resource\n");
+  if (unitSystemResult == 0) return;
+  std::array<char, 100> message{};
+  std::snprintf(message.data(), message.size(), "Error %d returned from UOM system\n",
+                unitSystemResult);
+  EndWith(message.data());
+}
+
+void InitZelAccess() {
+  if (initialised) return;
+  platform::WriteDebug("ZelAccess initializing - InitZelAccess\n");
+  initialised = true;
+  EndUnlessStarted(StartUnitSystem(ThisModule()));
+}
+
+}  // namespace zel

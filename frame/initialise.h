@@ -1,0 +1,10 @@
+// What InitZelAccess does when the unit system does not start.
+#pragma once
+
+namespace zel {
+
+// Returns for a result of 0 of StartUnitSystem. For any other it tells the debug output and
+// standard output why, and ends the process with exit status 1: there is no host to report to yet.
+void EndUnlessStarted(int unitSystemResult);
+
+}  // namespace zel

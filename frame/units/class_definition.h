@@ -1,0 +1,23 @@
+// The definition of a unit class as a product and quotient of others, as in "Energy / Mole
+// TempDiff".
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zel {
+
+inline constexpr int kMostFactors = 6;
+inline constexpr int kMostExponent = 9;
+
+struct DefinitionFactor {
+  std::string name;  // as it stands, with the digit of an exponent
+  bool above;        // the first "/"
+};
+
+// A blank multiplies, and all behind the first "/" divides; "1" stands for nothing above the line.
+// False when a name is missing at either side of a "/", or when there are more than kMostFactors.
+bool ReadDefinition(std::string_view text, std::vector<DefinitionFactor>& factors);
+
+}  // namespace zel
