@@ -1,5 +1,6 @@
 #include "frame/units/class_definition.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace zel {
@@ -11,8 +12,7 @@ void TakeNames(std::string_view piece, bool above, std::vector<DefinitionFactor>
     std::size_t const first = piece.find_first_not_of(' ');
     if (first == std::string_view::npos) return;
     piece.remove_prefix(first);
-    std::size_t const length =
-        piece.find(' ') == std::string_view::npos ? piece.size() : piece.find(' ');
+    std::size_t const length = std::min(piece.find(' '), piece.size());
     factors.push_back({std::string(piece.substr(0, length)), above});
     piece.remove_prefix(length);
   }

@@ -82,6 +82,13 @@ TEST(Initialise, SecondCallDoesNothing) {
   EXPECT_EQ(DebugLines("initialise twice"), std::string(kLoadLine) + kInitLine);
 }
 
+TEST(Initialise, ProcessesMayStartAtOnce) {
+  std::string const one = Program("initialise", "");
+  test::ProgramResult const result = test::RunProgram("(" + one + " & first=$!; " + one +
+                                                      "; second=$?; wait $first && exit $second)");
+  EXPECT_EQ(result.status, test::kHeld) << result.output;
+}
+
 TEST(Initialise, MissingOrEmptyTableEndsTheProcess) {
   for (char const* part : {"initialise without table", "initialise with empty table"}) {
     test::ProgramResult const result = Outcome(part);
