@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "frame/ascii.h"
@@ -49,55 +47,68 @@ class Parser {
 
   bool Run() {
     if (!ParseSequences()) return false;
+    result_.hasCarbonAndHydrogen = sawCarbon_ && sawHydrogen_;
     if (!std::all_of(slots_.elements.begin(), slots_.elements.end(), IsKnownSymbol)) return false;
     return at_ == text_.size() || ParseHydrate();
   }
 
  private:
-  using Counts = std::vector<std::int32_t>;
+  struct Tally {
+    std::size_t slot;
+    std::int32_t count;
+  };
+  using Tallies = std::vector<Tally>;
 
   char Here() const noexcept { return at_ < text_.size() ? text_[at_] : '\0'; }
 
   // The whole text up to a point or its end. Open parentheses stand on a list of their own, so that
   // depth costs no stack.
   bool ParseSequences() {
-    std::vector<Counts> open;
     while (true) {
       char const c = Here();
-      bool const top = open.empty();
-      if (top && (c == '.' || at_ == text_.size())) break;
+      bool const top = open_.empty();
+      if (top && (c == '.' || at_ == text_.size())) return true;
       if (c == '(') {
         ++at_;
-        open.emplace_back(slots_.counts.size(), 0);
+        open_.push_back(pending_.size());
       } else if (c == ')' && !top) {
         ++at_;
-        CloseGroup(open);
+        CloseGroup();
       } else if (IsUpper(c)) {
-        ParseElement(top ? slots_.counts : std::span<std::int32_t>(open.back()));
+        ParseElement();
       } else {
-        return Finish(false);
+        return false;
       }
     }
-    return Finish(true);
   }
 
-  bool Finish(bool parsed) {
-    result_.hasCarbonAndHydrogen = sawCarbon_ && sawHydrogen_;
-    return parsed;
-  }
-
-  void CloseGroup(std::vector<Counts>& open) {
+  // What the group counted goes to the sequence around it, times the count behind the group.
+  void CloseGroup() {
     std::int64_t const times = ReadCount();
-    Counts const inner = std::move(open.back());
-    open.pop_back();
-    std::span<std::int32_t> const outer =
-        open.empty() ? slots_.counts : std::span<std::int32_t>(open.back());
-    for (std::size_t i = 0; i < inner.size(); ++i) {
-      outer[i] = Saturated(outer[i] + Saturated(inner[i] * times));
-    }
+    auto const first = pending_.begin() + static_cast<std::ptrdiff_t>(open_.back());
+    Tallies const inner(first, pending_.end());
+    pending_.erase(first, pending_.end());
+    open_.pop_back();
+    for (Tally const& tally : inner) Add(tally.slot, tally.count * times);
   }
 
-  void ParseElement(std::span<std::int32_t> counts) {
+  // To the innermost open group, or to the result when none is open: a group that is never closed
+  // counts nothing.
+  void Add(std::size_t slot, std::int64_t count) {
+    if (open_.empty()) {
+      slots_.counts[slot] = Saturated(slots_.counts[slot] + count);
+      return;
+    }
+    for (std::size_t i = open_.back(); i < pending_.size(); ++i) {
+      if (pending_[i].slot == slot) {
+        pending_[i].count = Saturated(pending_[i].count + count);
+        return;
+      }
+    }
+    pending_.push_back({slot, Saturated(count)});
+  }
+
+  void ParseElement() {
     ElementSymbol symbol{};
     symbol[0] = text_[at_++];
     if (IsLower(Here())) symbol[1] = text_[at_++];
@@ -107,9 +118,8 @@ class Parser {
     std::int64_t const count = ReadCount();
     int const slot = SlotFor(symbol);
     if (slot < 0) return;
-    auto const place = static_cast<std::size_t>(slot);
-    slots_.elements[place] = symbol;
-    counts[place] = Saturated(counts[place] + count);
+    slots_.elements[static_cast<std::size_t>(slot)] = symbol;
+    Add(static_cast<std::size_t>(slot), count);
     result_.foundCount = std::max(result_.foundCount, slot + 1);
   }
 
@@ -148,6 +158,8 @@ class Parser {
   bool sequence_;
   FormulaResult& result_;
   std::size_t at_ = 0;
+  Tallies pending_;                // what the open groups counted so far, the outermost first
+  std::vector<std::size_t> open_;  // for each open group, where its own tallies begin
   bool sawCarbon_ = false;
   bool sawHydrogen_ = false;
 };

@@ -14,10 +14,10 @@
 
 namespace zel {
 
-using ElementSymbol = std::array<char, 3>;
+using ElementSymbol = std::array<char, 3>;  // terminated; empty in a free slot
 
 // Slots of element symbols and their counts, both of one length, the capacity. The first `preset`
-// symbols are filled by the caller.
+// symbols, at most all, are filled by the caller.
 struct ElementSlots {
   std::span<ElementSymbol> elements;
   std::span<std::int32_t> counts;
@@ -25,15 +25,16 @@ struct ElementSlots {
 };
 
 struct FormulaResult {
-  std::int32_t foundCount = 0;  // slots in use
-  std::int32_t hydrate = 0;     // molecules of water behind the point
-  bool hasCarbonAndHydrogen = false;
+  std::int32_t foundCount = 0;        // slots in use
+  std::int32_t hydrate = 0;           // molecules of water behind the point
+  bool hasCarbonAndHydrogen = false;  // anywhere before the point, told once that was read
 };
 
 // False when the text is no formula or names an unknown element; the slots then hold what was
-// counted up to there. Elements without a free slot are dropped without failure. Counts stop at the
-// limits of 32 bits. In merged form equal elements share a slot; in sequence form each occurrence
-// takes a slot of its own, but for preset ones.
+// counted up to there, without what stood in a group that was not closed. Elements without a free
+// slot are dropped without failure. Counts stop at the limits of 32 bits. Time and memory grow with
+// the length of the text, whatever its depth. In merged form equal elements share a slot; in
+// sequence form each occurrence takes a slot of its own, but for preset ones.
 bool ParseFormulaMerged(std::string_view formula, ElementSlots slots, FormulaResult& result);
 bool ParseFormulaSequence(std::string_view formula, ElementSlots slots, FormulaResult& result);
 // The merged form without hydrate and mark.
