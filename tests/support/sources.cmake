@@ -2,5 +2,6 @@ set(support_SOURCES
     allocations.cpp
     extent_model.cpp
     failing_file_system.cpp
+    formula_model.cpp
     memory_file_system.cpp
     tree_model.cpp)
