@@ -1,7 +1,7 @@
 #include "purecomp/fill_in.h"
 
 #include <cmath>
-#include <cstdio>
+#include <string>
 #include <string_view>
 
 #include "frame/ascii.h"
@@ -156,7 +156,7 @@ class FillIn {
     // A formula that does not parse leaves what was counted up to the failure.
     CountElements(c_.formula.data(), {elements, atoms_, kElementCount}, found);
     constexpr std::string_view kFromFormula = "from chemical formula";
-    if (gen_IsUndefDouble(c_.fixed[kCNUM])) {
+    if (!Defined(c_.fixed[kCNUM])) {
       Put(kCNUM, atoms_[0], kFromFormula);
       Put(kFirstAtomCount, atoms_[0], kFromFormula);
     } else {
