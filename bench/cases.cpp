@@ -13,10 +13,12 @@
 #include "bench/lmdb_store.h"
 #include "bench/own_folder.h"
 #include "bench/pairs.h"
+#include "bench/sample_components.h"
 #include "bench/sqlite_store.h"
 #include "bench/text_trim.h"
 #include "bench/zel_store.h"
 #include "frame/trim7.h"
+#include "purecomp/fill_in.h"
 
 namespace {
 
@@ -170,6 +172,16 @@ void Trim(benchmark::State& state) {
   }
 }
 
+void FillIn(benchmark::State& state) {
+  Components const components = SampleComponents();
+  std::size_t at = 0;
+  for (auto _ : state) {
+    zel::CompleteComponent(*components[at]);
+    benchmark::ClobberMemory();
+    if (++at == components.size()) at = 0;
+  }
+}
+
 void Sizes(benchmark::internal::Benchmark* cases) {
   cases->Arg(10'000)->Arg(100'000)->Arg(1'000'000);
 }
@@ -205,6 +217,7 @@ BENCHMARK_TEMPLATE(OpenReadClose, Sqlite)->Apply(Sizes);
 BENCHMARK_TEMPLATE(Trim, zel::Trim7);
 BENCHMARK_TEMPLATE(Trim, TrimByPrintf);
 BENCHMARK_TEMPLATE(Trim, TrimByChars);
+BENCHMARK(FillIn);
 
 }  // namespace
 

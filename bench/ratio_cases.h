@@ -24,5 +24,7 @@ void CompareDeletes(RatioTable& table, std::filesystem::path const& folder, std:
 void CompareOpens(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
 // Floats to doubles with their decimal digits.
 void CompareTrims(RatioTable& table);
+// The constants that follow from a component's other constants and correlations.
+void CompareFillIns(RatioTable& table);
 
 }  // namespace zel::bench
