@@ -221,7 +221,6 @@ std::string NormalForm(Slots const& slots, FormulaResult const& parsed) {
   }
   std::string text;
   for (std::string const& key : keys) text += key.substr(kSymbolColumn);
-  text.resize(std::min(text.size(), kFormulaSize - 1));
   if (parsed.hydrate == 1) text += ".H2O";
   if (parsed.hydrate > 1) text += "." + std::to_string(parsed.hydrate) + "H2O";
   text.resize(std::min(text.size(), kFormulaSize - 1));

@@ -6,6 +6,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/purecomp/formula_calls.h"
@@ -89,6 +90,17 @@ TEST(Formula, FailuresLeaveWhatWasCounted) {
       {"\xFF", "failed:"},
   };
   for (auto const& row : rows) EXPECT_EQ(Parsed(row.formula), row.parsed) << row.formula;
+}
+
+TEST(Formula, NothingIsReadBehindTheText) {
+  std::string_view const text = "C2H6.5H2O";
+  FormulaCall call(20);
+  EXPECT_TRUE(ParseFormulaMerged(text.substr(0, 3), call.slots, call.result));
+  EXPECT_EQ(call.counts[1], 1);
+  EXPECT_FALSE(ParseFormulaMerged(text.substr(0, 5), call.slots, call.result));
+  EXPECT_FALSE(ParseFormulaMerged(text.substr(0, 8), call.slots, call.result));
+  EXPECT_TRUE(ParseFormulaMerged(text, call.slots, call.result));
+  EXPECT_EQ(call.result.hydrate, 5);
 }
 
 TEST(Formula, WordsAreNoFormulaAndNoFailure) {
