@@ -35,6 +35,7 @@ IZelBankDef* NewBank(char const* keyword) {
   if (SameText(type, "PRO")) return NewPrO();
   if (SameText(type, "PRP")) return NewPrP();
   if (SameText(type, "PSRK")) return NewPsrk();
+  if (SameText(type, "PURECOMP")) return NewPureComp();
   if (SameText(type, "RACKETT")) return NewRackett();
   if (SameText(type, "SRKH")) return NewSrkH();
   if (SameText(type, "SRKM")) return NewSrkM();

@@ -12,6 +12,7 @@ set(frame_SOURCES
     units/class_definition.cpp
     units/unit_binder.cpp
     units/unit_catalogue.cpp
+    units/unit_factors.cpp
     units/unit_match.cpp
     units/unit_system.cpp
     units/unit_table.cpp

@@ -128,6 +128,8 @@ class LibMaint_i final : public LibMaint_p {
   Located Fail(std::string_view reason);
   void ReadRecord(IZelBankIO* bank, std::int32_t const* entry);
   void WriteRecord(IZelBankIO* bank, bool isNew);
+  // lib_maint_identity.cpp
+  void UpdateIdTrees(IZelPureComp& record);
   // lib_maint_walks.cpp
   bool StartWalk(WalkMode mode, std::int32_t const* head);
   bool WalkIs(WalkMode mode) noexcept;

@@ -3,6 +3,7 @@
 
 #include "frame/ascii.h"
 #include "maint/lib_maint.h"
+#include "zelaccess/PureComp.h"
 
 namespace zel {
 
@@ -101,6 +102,9 @@ void LibMaint_i::WriteRecord(IZelBankIO* bank, bool isNew) {
   std::int32_t const before = *entry;
   bank->WriteToFile(entry, library_);
   if (isNew || *entry != before) bankTree_->WriteCurrentNode();
+  if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
+    UpdateIdTrees(*component.Get());
+  }
 }
 
 bool LibMaint_i::ItemExists(IZelBankDef* bank, char const* name, Key* key) {

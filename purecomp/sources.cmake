@@ -1,7 +1,11 @@
 set(purecomp_SOURCES
     component.cpp
     equations.cpp
+    evaluate.cpp
     fill_in.cpp
     formula.cpp
+    pure_comp.cpp
+    pure_comp_sources.cpp
+    pure_comp_structures.cpp
     record_read.cpp
     record_write.cpp)

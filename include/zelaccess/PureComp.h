@@ -72,7 +72,8 @@ class ZEL_API IZelPureComp : public IUnknown {
   // `factor` turns the form's value into internal units. tempUnit 10 K, 11 C, 12 R, 13 F; logBasis
   // 1 natural, 2 decimal; moleWtBasis 0 none, 1 molar, 2 weight. The record is copied out before it
   // is judged: an equation above 100, a property unit above 50999, another temperature unit or a
-  // count outside 1 to 15 is a failure. kStatusNothingNew (1) when the correlation is not set.
+  // count outside 1 to 15 is a failure, so that one never set or reset is a failure too.
+  // kStatusNothingNew (1) for a sound record that is not set.
   virtual ZelStatus GetCorrelation(std::uint32_t index, std::int32_t* equation,
                                    std::int32_t* tempUnit, std::int32_t* propUnit, double* factor,
                                    std::int32_t* logBasis, std::int32_t* moleWtBasis,

@@ -9,6 +9,7 @@
 #include "zelaccess/LibFile.h"
 #include "zelaccess/LibMaint.h"
 #include "zelaccess/Module.h"
+#include "zelaccess/PureComp.h"
 #include "zelaccess/Types.h"
 
 #endif  // ZELACCESS_ZELACCESS_H

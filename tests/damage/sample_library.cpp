@@ -1,5 +1,6 @@
 #include "tests/damage/sample_library.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <stdexcept>
 #include <string_view>
@@ -8,12 +9,17 @@
 #include "maint/lib_maint.h"
 #include "store/key.h"
 #include "store/lib_file.h"
+#include "tests/support/sample_component.h"
 
 namespace zel::test {
 namespace {
 
 // Gives every field of a bank values of its own.
 void FillBank(IZelBankDef* bank, std::int32_t format) {
+  if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
+    FillComponent(component.Get());
+    return;
+  }
   char names[20][13];
   char labels[20][20];
   char units[20][20];
@@ -52,8 +58,11 @@ void WriteOneItem(LibMaint_i& maint, char const* type, std::int32_t format, std:
   if (!maint.WriteItem(bank.Get(), name.c_str(), &key)) throw std::logic_error(type);
 }
 
-// The words of the item that a bank holds.
+// The item that a bank holds: its words, or all that a component gives.
 std::string ItemText(IZelBankDef* bank, std::int32_t format) {
+  if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
+    return TextOf(component.Get());
+  }
   auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
   std::int32_t words = 0;
   bank->GetRecordLength(format, &words);
@@ -128,7 +137,7 @@ class Reader {
     bool const whole = Guarded([&] {
       LibMaint_i maint(&library_);
       Held<IZelBankDef> const bank(NewBank(type));
-      if (!bank) return;
+      if (!bank) return;  // a type that damage made up
       char memo[4000];
       maint.GetBankMemo(type, name, memo);
       std::int32_t const format = std::max(1, maint.GetBankFormat(type, name));
@@ -173,7 +182,6 @@ void MakeSampleLibrary(MemoryFileSystem& files) {
   std::int32_t number = 100;
   for (auto const& type : list) {
     Held<IZelBankDef> const bank(NewBank(type));
-    if (!bank) continue;
     std::int32_t const formats =
         BlockInfo(Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO).Get()).formatCount;
     for (std::int32_t format = 1; format <= formats; ++format) {
@@ -181,6 +189,24 @@ void MakeSampleLibrary(MemoryFileSystem& files) {
     }
   }
   library.CloseLibFile();
+}
+
+std::int32_t SampleComponentAddress(MemoryFileSystem& files) {
+  LibFile_i library(files, accRead, kSamplePath, "sample");
+  std::int32_t const* entry = nullptr;
+  if (library.OpenExisting({true, ""}, nullptr) != openOk ||
+      !library.FindBank("PURECOMP", "B1", entry, false)) {
+    throw std::logic_error("no component bank");
+  }
+  std::int32_t head[format::kHeadWords];
+  std::copy_n(entry + format::kBankHead, format::kHeadWords, head);
+  BTree_i tree(library.Store(), head);
+  std::int32_t keyWords = 0;
+  std::int32_t dataWords = 0;
+  tree.WalkBegin(keyWords, dataWords);
+  std::int32_t const* item = nullptr;
+  if (!tree.WalkNext(item)) throw std::logic_error("no component");
+  return item[keyWords];
 }
 
 Finding ReadEverything(MemoryFileSystem& files) {

@@ -15,6 +15,10 @@ inline constexpr char kSamplePath2[] = "/sample.lb2";
 // One bank per type and format, one item each, in memory.
 void MakeSampleLibrary(MemoryFileSystem& files);
 
+// The component in its bank, by number, and the address of its main block.
+inline constexpr std::int32_t kSampleComponent = 10000123;
+std::int32_t SampleComponentAddress(MemoryFileSystem& files);
+
 // What a reader found: per bank a text that holds all words of its items, or the word "error" with
 // the address of a block error. Opening alone can fail too.
 struct Finding {

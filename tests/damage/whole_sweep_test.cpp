@@ -41,7 +41,7 @@ class SweepTest : public ::testing::Test {
     whole_ = test::ReadEverything(files_);
     ASSERT_EQ(whole_.openError, 0);
     ASSERT_FALSE(whole_.threw);
-    ASSERT_EQ(whole_.banks.size(), 54U);
+    ASSERT_EQ(whole_.banks.size(), 55U);
   }
 
   static void Flip(Bytes& bytes, std::size_t word, int bit) {
@@ -109,7 +109,42 @@ TEST_F(SweepTest, FlipInTheWordsOfAnItemChangesThatItemAlone) {
       }
     }
   }
-  EXPECT_EQ(itemNodes, 54);
+  EXPECT_EQ(itemNodes, 55);
+}
+
+// The blocks of a component lie in the first file: main, correlation and structure block.
+TEST_F(SweepTest, FlipInTheBlocksOfAComponentChangesThatComponentAlone) {
+  Bytes& bytes = files_.Contents(test::kSamplePath);
+  auto const wordsFrom = [](std::int32_t address) {
+    auto const block = static_cast<std::size_t>(address % format::kFileFactor);
+    return (block - 1) * static_cast<std::size_t>(format::kBlockWordsOfFile1);
+  };
+  std::size_t const main = wordsFrom(test::SampleComponentAddress(files_));
+  ASSERT_EQ(WordAt(bytes, main), test::kSampleComponent);
+  struct Run {
+    std::size_t word, count;
+  };
+  Run const runs[] = {{main, 250},
+                      {wordsFrom(WordAt(bytes, main + 95)), 400},
+                      {wordsFrom(WordAt(bytes, main + 98)), 126}};
+  int changedAtAll = 0;
+  for (Run const& run : runs) {
+    for (std::size_t word = run.word; word < run.word + run.count; ++word) {
+      for (int bit = 0; bit < 32; bit += Stride() == 1 ? 1 : 5) {
+        Flip(bytes, word, bit);
+        Finding const found = test::ReadEverything(files_);
+        Flip(bytes, word, bit);
+        ASSERT_EQ(found.openError, 0);
+        ASSERT_EQ(found.banks.size(), whole_.banks.size());
+        for (auto const& [bank, text] : whole_.banks) {
+          bool const changed = found.banks.at(bank) != text;
+          ASSERT_TRUE(!changed || bank == "PURECOMP:B1") << bank << " word " << word;
+          changedAtAll += changed;
+        }
+      }
+    }
+  }
+  EXPECT_GT(changedAtAll, 3000) << "the flips were seen";
 }
 
 TEST_F(SweepTest, EveryLengthOfEachFile) {

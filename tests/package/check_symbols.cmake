@@ -32,7 +32,6 @@ if(class_count LESS 50 OR wanted_count LESS 100)
 endif()
 
 set(missing ${wanted})
-list(REMOVE_ITEM missing NewPureComp)  # comes with pure components
 set(bad "")
 string(REPLACE "\n" ";" lines "${lines}")
 foreach(line ${lines})

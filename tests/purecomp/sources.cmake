@@ -5,4 +5,8 @@ set(purecomp_TEST_SOURCES
     fill_in_test.cpp
     formula_model_test.cpp
     formula_order_test.cpp
-    formula_test.cpp)
+    formula_test.cpp
+    pure_comp_test.cpp
+    record_merge_test.cpp
+    record_test.cpp
+    structures_test.cpp)

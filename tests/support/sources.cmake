@@ -4,4 +4,5 @@ set(support_SOURCES
     failing_file_system.cpp
     formula_model.cpp
     memory_file_system.cpp
+    sample_component.cpp
     tree_model.cpp)

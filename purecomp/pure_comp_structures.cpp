@@ -1,0 +1,92 @@
+// Group structures of a pure component under the seven models.
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "purecomp/group_conversion.h"
+#include "purecomp/pure_comp.h"
+
+namespace zel {
+namespace {
+
+// What a model without a structure of its own does.
+enum class Fallback : std::uint8_t { kNone, kConverted, kAsTheyAre };
+
+struct Model {
+  std::string_view keyword;
+  Fallback fallback;  // to the legacy structure
+  std::span<GroupPair const> groups;
+};
+
+// By model index.
+// clang-format off
+constexpr std::array<Model, kModels> kModelRows = {{
+    {"legacy",      Fallback::kNone,      {}},
+    {"orig-public", Fallback::kConverted, kOriginalGroups},
+    {"orig-cons",   Fallback::kConverted, kOriginalGroups},
+    {"dort-public", Fallback::kConverted, kDortmundPublicGroups},
+    {"dort-cons",   Fallback::kConverted, kDortmundConsortiumGroups},
+    {"lyngby",      Fallback::kAsTheyAre, {}},
+    {"joback",      Fallback::kNone,      {}},
+}};
+// clang-format on
+
+// False when the table does not hold the group.
+bool Convert(std::span<GroupPair const> groups, std::int32_t& id) noexcept {
+  auto const found = std::find_if(groups.begin(), groups.end(),
+                                  [&](GroupPair const& pair) { return pair.legacy == id; });
+  if (found == groups.end()) return false;
+  id = found->group;
+  return true;
+}
+
+}  // namespace
+
+ZelStatus PureComp_i::GetRawStructure(std::uint32_t model, std::int32_t* count, std::int32_t* ids,
+                                      std::int32_t* counts) {
+  if (model >= c_.structures.size()) return kStatusFailed;
+  Structure const& own = c_.structures[model];
+  *count = own.count;
+  std::copy(own.groupIds.begin(), own.groupIds.end(), ids);
+  std::copy(own.groupCounts.begin(), own.groupCounts.end(), counts);
+  return own.count == 0 ? kStatusFailed : kStatusOk;
+}
+
+ZelStatus PureComp_i::GetStructure(std::uint32_t model, std::int32_t* count, std::int32_t* ids,
+                                   std::int32_t* counts) {
+  if (model >= kModelRows.size()) return kStatusFailed;
+  if (GetRawStructure(model, count, ids, counts) == kStatusOk) return kStatusOk;
+  Model const& row = kModelRows[model];
+  if (row.fallback == Fallback::kNone) return kStatusFailed;
+  if (GetLegacyStructure(count, ids, counts) != kStatusOk) return kStatusFailed;
+  if (row.fallback == Fallback::kAsTheyAre) return kStatusOk;
+  for (std::int32_t i = 0; i < *count; ++i) {
+    if (Convert(row.groups, ids[i])) continue;
+    *count = 0;
+    return kStatusFailed;
+  }
+  return kStatusOk;
+}
+
+ZelStatus PureComp_i::GetLegacyStructure(std::int32_t* count, std::int32_t* ids,
+                                         std::int32_t* counts) {
+  return GetRawStructure(0, count, ids, counts);
+}
+
+ZelStatus PureComp_i::SetStructure(std::uint32_t model, std::int32_t count, std::int32_t const* ids,
+                                   std::int32_t const* counts) {
+  if (model >= c_.structures.size()) return kStatusFailed;
+  Structure& own = c_.structures[model];
+  own = {};
+  own.count = std::clamp(count, 0, kGroups);
+  std::copy_n(ids, own.count, own.groupIds.begin());
+  std::copy_n(counts, own.count, own.groupCounts.begin());
+  return kStatusOk;
+}
+
+ZelStatus PureComp_i::SetLegacyStructure(std::int32_t count, std::int32_t const* ids,
+                                         std::int32_t const* counts) {
+  return SetStructure(0, count, ids, counts);
+}
+
+}  // namespace zel
