@@ -8,6 +8,7 @@
 #include "zelaccess/Key.h"
 #include "zelaccess/LibFile.h"
 #include "zelaccess/LibMaint.h"
+#include "zelaccess/LibSearch.h"
 #include "zelaccess/Module.h"
 #include "zelaccess/PureComp.h"
 #include "zelaccess/Types.h"

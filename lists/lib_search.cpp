@@ -1,0 +1,195 @@
+#include "lists/lib_search.h"
+
+#include <algorithm>
+
+#include "frame/ascii.h"
+#include "maint/held.h"
+
+namespace zel {
+
+namespace {
+
+constexpr std::size_t kNameLength = 8;
+
+std::size_t Count(long count) noexcept { return static_cast<std::size_t>(std::max(count, 0L)); }
+
+}  // namespace
+
+LibSearch::~LibSearch() = default;
+LibSearch_p::~LibSearch_p() = default;
+
+LibSearch* LibSearch::NewLibSearch() { return new LibSearch_i; }
+
+void LibSearch::DelLibSearch(LibSearch*& search) {
+  delete search;
+  search = nullptr;
+}
+
+void LibSearch_p::DelLibSearch(LibSearch_p*& search) {
+  delete search;
+  search = nullptr;
+}
+
+// --- where to look -------------------------------------------------------------------------------
+
+void LibSearch_i::DropEntries() noexcept {
+  entries_.clear();
+  prepared_ = false;
+}
+
+// Libraries and names that came as pairs go together.
+void LibSearch_i::DropPairs() noexcept {
+  if (!pairsSet_) return;
+  pairsSet_ = false;
+  libraries_.clear();
+  bankNames_.clear();
+  foundFlags_.clear();
+  protectedFlags_.clear();
+}
+
+void LibSearch_i::TakeLibraries(long count, LibFile* const* libraries) {
+  libraries_.assign(libraries, libraries + Count(count));
+}
+
+template <typename Names>
+void LibSearch_i::TakeNames(long count, Names names) {
+  bankNames_.clear();
+  for (std::size_t i = 0; i < Count(count); ++i) {
+    bankNames_.emplace_back(TextOrEmpty(names[i]).substr(0, kNameLength));
+  }
+}
+
+void LibSearch_i::SetLibraries(long count, LibFile* const* libraries) {
+  DropEntries();
+  DropPairs();
+  TakeLibraries(count, libraries);
+  librariesSet_ = true;
+}
+
+void LibSearch_i::SetBankNames(long count, char const (*names)[9]) {
+  DropEntries();
+  DropPairs();
+  TakeNames(count, names);
+  namesSet_ = true;
+}
+
+void LibSearch_i::SetBankNames(long count, char const* const* names) {
+  DropEntries();
+  DropPairs();
+  TakeNames(count, names);
+  namesSet_ = true;
+}
+
+void LibSearch_i::SetLibraryBanks(long count, LibFile* const* libraries, char const (*names)[9]) {
+  DropEntries();
+  librariesSet_ = false;
+  namesSet_ = false;
+  TakeLibraries(count, libraries);
+  TakeNames(count, names);
+  foundFlags_.assign(Count(count), 0);
+  protectedFlags_.assign(Count(count), 0);
+  pairsSet_ = true;
+}
+
+// --- located banks -------------------------------------------------------------------------------
+
+// Keeps the bank when its key length and record length are those of the bank given.
+bool LibSearch_i::AddEntry(IZelBankIO* bank, BlockInfo const& info, LibFile* library,
+                           std::string const& bankName, std::int32_t pairIndex) {
+  auto* file = dynamic_cast<LibFile_i*>(library);
+  std::int32_t const* found = nullptr;
+  if (file == nullptr || !file->FindBank(info.type, bankName.c_str(), found, false)) return false;
+  auto entry = std::make_unique<SearchEntry>();
+  entry->bankName = bankName;
+  entry->library = file;
+  entry->pairIndex = pairIndex;
+  entry->isProtected = file->IsPasswordLocked();
+  std::copy_n(found + format::kBankHead, entry->head.size(), entry->head.begin());
+  entry->tree.emplace(file->Store(), entry->head.data());
+  BTreeHead_i const& head = entry->tree->Head();
+  entry->format = FormatOf(bank, info, head).format;
+  if (head.keyWords != info.keyWords || entry->format == 0) return false;
+  entries_.push_back(std::move(entry));
+  return true;
+}
+
+// False when nothing says where to look.
+bool LibSearch_i::Prepare(IZelBankIO* bank, BlockInfo const& info) {
+  if (!pairsSet_ && !(librariesSet_ && namesSet_)) return false;
+  DropEntries();
+  if (pairsSet_) {
+    for (std::size_t i = 0; i < bankNames_.size(); ++i) {
+      AddEntry(bank, info, libraries_[i], bankNames_[i], static_cast<std::int32_t>(i));
+    }
+  } else {
+    // The first library with a usable bank of a name takes the name.
+    for (std::string const& name : bankNames_) {
+      std::any_of(libraries_.begin(), libraries_.end(),
+                  [&](LibFile* library) { return AddEntry(bank, info, library, name, kNoPair); });
+    }
+  }
+  preparedType_ = info.type;
+  prepared_ = true;
+  return true;
+}
+
+// --- the search ----------------------------------------------------------------------------------
+
+bool LibSearch_i::ReadEntries(Key_p* key, IZelBankIO* bank, BlockInfo const& info, bool allBanks,
+                              bool& swapped) {
+  bool found = false;
+  for (auto const& entry : entries_) {
+    std::int32_t const* data = nullptr;
+    if (!key->ResolveKey(entry->library, info.pairRule, swapped) ||
+        !entry->tree->Find(key->GetKeyWords(), data)) {
+      continue;
+    }
+    bank->SetSource(entry->library, entry->bankName.c_str(), entry->isProtected ? 1 : 0);
+    ZelStatus const status = info.fileResident != 0 ? bank->ReadFromFile(data, entry->library)
+                                                    : bank->ReadBlock(data, entry->format);
+    if (status == kStatusOk) {
+      found = true;
+      if (entry->pairIndex != kNoPair) {
+        auto const pair = static_cast<std::size_t>(entry->pairIndex);
+        foundFlags_[pair] = 1;
+        protectedFlags_[pair] = entry->isProtected ? 1 : 0;
+      }
+    }
+    if (!allBanks) break;
+  }
+  return found;
+}
+
+bool LibSearch_i::Search(Key* key, IZelBankDef* bank, bool allBanks) {
+  auto* inner = dynamic_cast<Key_p*>(key);
+  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  if (inner == nullptr || !io) return false;
+  io->Clear();
+  inner->ClearCache();
+  BlockInfo const info(io.Get());
+  // Only components merge.
+  bool const mergeAll = allBanks && SameText(info.type, "PURECOMP");
+  // Can never fire, since minKeyWords is never above keyWords.
+  std::int32_t const count = inner->GetCompCount();
+  if (count > info.keyWords && count < info.minKeyWords) return false;
+  if (preparedType_ != info.type) DropEntries();
+  if (!prepared_ && !Prepare(io.Get(), info)) return false;
+  if (entries_.empty()) return false;
+  std::fill(foundFlags_.begin(), foundFlags_.end(), std::uint8_t{0});
+  std::fill(protectedFlags_.begin(), protectedFlags_.end(), std::uint8_t{0});
+  inner->FitCompCount(info.keyWords, info.minKeyWords);
+  bool swapped = false;
+  if (!ReadEntries(inner, io.Get(), info, mergeAll, swapped)) {
+    io->Clear();
+    return false;
+  }
+  if (pairsSet_) {
+    io->SetSourceList(static_cast<std::int32_t>(bankNames_.size()), foundFlags_.data(),
+                      protectedFlags_.data());
+  }
+  io->Complete();
+  if (swapped) io->SwapPair();
+  return true;
+}
+
+}  // namespace zel

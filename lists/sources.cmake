@@ -1,0 +1,2 @@
+set(lists_SOURCES
+    lib_search.cpp)

@@ -1,0 +1,406 @@
+// Items found in a preference list of libraries.
+#include "lists/lib_search.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "maint/held.h"
+#include "maint/lib_maint.h"
+#include "store/key.h"
+#include "tests/support/memory_file_system.h"
+#include "tests/support/sample_component.h"
+
+namespace zel {
+namespace {
+
+using test::ComponentBank;
+
+class SearchTest : public ::testing::Test {
+ protected:
+  static constexpr std::size_t kLibraries = 3;
+
+  SearchTest() {
+    for (std::size_t i = 0; i < kLibraries; ++i) {
+      std::string const path = "/lib" + std::to_string(i) + ".lb1";
+      std::string const name = "Lib" + std::to_string(i);
+      files_.push_back(std::make_unique<LibFile_i>(system_, accUpdate, path.c_str(), name));
+      EXPECT_EQ(files_.back()->CreateNew(libKind11), openOk);
+      all_[i] = files_.back().get();
+    }
+  }
+  ~SearchTest() override { LibFile::ClearOrdwinNameIndex(); }
+
+  // Writes a pair into a bank of a library, which is made when it is not there.
+  void Write(std::size_t library, char const* type, char const* name, long i, long j, double aij) {
+    LibMaint_i maint(files_[library].get());
+    if (!maint.BankExists(type, name)) {
+      ASSERT_TRUE(maint.CreateBank(type, name, 0));
+    }
+    Held<IZelBankDef> const bank(NewBank(type));
+    ASSERT_EQ(bank->SetDoubleField("aij", &aij), kStatusOk);
+    Key_i key;
+    key.SetKey(i, j);
+    ASSERT_TRUE(maint.WriteItem(bank.Get(), name, &key));
+  }
+  void WriteComponent(std::size_t library, char const* name, std::int32_t number,
+                      std::vector<std::pair<std::uint32_t, double>> const& constants) {
+    LibMaint_i maint(files_[library].get());
+    if (!maint.BankExists("PURECOMP", name)) {
+      ASSERT_TRUE(maint.CreateBank("PURECOMP", name, 0));
+    }
+    ComponentBank bank;
+    test::SetIdentity(bank.Get(), number, 64175, "ETHANOL", 1);
+    for (auto const& [index, value] : constants) bank->SetProperty(index, value);
+    Key_i key;
+    key.SetKey(static_cast<long>(number));
+    ASSERT_TRUE(maint.WriteItem(bank.Def(), name, &key));
+  }
+
+  // Puts a word into the head of the first library's bank A; gives the word that was there.
+  std::int32_t PutInHead(int word, std::int32_t value) {
+    std::int32_t const* entry = nullptr;
+    EXPECT_TRUE(files_[0]->FindBank("VANLAAR", "A", entry, false));
+    std::int32_t* data = nullptr;
+    EXPECT_TRUE(files_[0]->GetBankTree()->GetCurrentData(data));
+    std::int32_t const before = std::exchange(data[format::kBankHead + word], value);
+    files_[0]->GetBankTree()->WriteCurrentNode();
+    return before;
+  }
+
+  bool Find(IZelBankDef* bank, long i, long j, bool allBanks = false) {
+    Key_i key;
+    key.SetKey(i, j);
+    return search_.Search(&key, bank, allBanks);
+  }
+  bool FindComponent(ComponentBank& bank, long number, bool allBanks) {
+    Key_i key;
+    key.SetKey(number);
+    return search_.Search(&key, bank.Def(), allBanks);
+  }
+  static double Aij(IZelBankDef* bank) {
+    double value = 0.0;
+    EXPECT_EQ(bank->GetDoubleField("aij", &value), kStatusOk);
+    return value;
+  }
+  static std::string Source(IZelBankDef* bank) {
+    char text[260];
+    std::uint8_t isProtected = 0;
+    bank->GetSource(text, &isProtected);
+    return text;
+  }
+
+  test::MemoryFileSystem system_;
+  std::vector<std::unique_ptr<LibFile_i>> files_;
+  LibFile* all_[kLibraries] = {};
+  LibSearch_i search_;
+  Held<IZelBankDef> vanLaar_{NewBank("VANLAAR")};
+};
+
+constexpr char kA[1][9] = {"A"};
+constexpr char kAA[2][9] = {"A", "A"};
+constexpr char kAAA[3][9] = {"A", "A", "A"};
+
+TEST_F(SearchTest, NothingSetFindsNothing) {
+  Write(0, "VANLAAR", "A", 1, 2, 3.5);
+  EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2));
+  search_.SetLibraries(1, all_);
+  EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2)) << "no names";
+  search_.SetBankNames(1, kA);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  EXPECT_EQ(Aij(vanLaar_.Get()), 3.5);
+  EXPECT_FALSE(search_.Search(nullptr, vanLaar_.Get(), false));
+  Key_i key;
+  EXPECT_FALSE(search_.Search(&key, nullptr, false));
+}
+
+TEST_F(SearchTest, NameStandsForTheBankOfTheFirstLibrary) {
+  Write(0, "VANLAAR", "A", 1, 2, 3.5);
+  Write(1, "VANLAAR", "A", 5, 6, 4.5);
+  search_.SetLibraries(2, all_);
+  search_.SetBankNames(1, kA);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  EXPECT_EQ(Source(vanLaar_.Get()), "Lib0:A");
+  EXPECT_FALSE(Find(vanLaar_.Get(), 5, 6)) << "a later bank of that name is not searched";
+  double value = 0.0;
+  vanLaar_->GetDoubleField("aij", &value);
+  EXPECT_TRUE(gen_IsUndefDouble(value)) << "cleared";
+}
+
+TEST_F(SearchTest, NamesComeBeforeLibraries) {
+  Write(0, "VANLAAR", "B", 1, 2, 1.0);
+  Write(1, "VANLAAR", "A", 1, 2, 2.0);
+  char const names[2][9] = {"A", "B"};
+  search_.SetLibraries(2, all_);
+  search_.SetBankNames(2, names);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  EXPECT_EQ(Source(vanLaar_.Get()), "Lib1:A");
+}
+
+TEST_F(SearchTest, PairsOfOneNameAreAllSearched) {
+  Write(0, "VANLAAR", "A", 1, 2, 3.5);
+  Write(1, "VANLAAR", "A", 5, 6, 4.5);
+  search_.SetLibraryBanks(2, all_, kAA);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 5, 6));
+  EXPECT_EQ(Source(vanLaar_.Get()), "Lib1:A");
+  std::uint8_t flags[2] = {9, 9};
+  vanLaar_->GetSourceFlags(flags);
+  EXPECT_EQ(flags[0], 0);
+  EXPECT_EQ(flags[1], 1);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  vanLaar_->GetSourceFlags(flags);
+  EXPECT_EQ(flags[0], 1);
+  EXPECT_EQ(flags[1], 0) << "flags start anew";
+}
+
+TEST_F(SearchTest, FlagForAllBanksCountsForComponentsOnly) {
+  Write(0, "VANLAAR", "A", 1, 2, 3.5);
+  Write(1, "VANLAAR", "A", 1, 2, 4.5);
+  search_.SetLibraryBanks(2, all_, kAA);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 1, 2, true));
+  EXPECT_EQ(Aij(vanLaar_.Get()), 3.5);
+  EXPECT_EQ(Source(vanLaar_.Get()), "Lib0:A");
+  std::uint8_t flags[2];
+  vanLaar_->GetSourceFlags(flags);
+  EXPECT_EQ(flags[1], 0);
+}
+
+TEST_F(SearchTest, ComponentIsMergedFromAllPairsAndCompleted) {
+  WriteComponent(0, "A", 77, {{0, 46.069}});
+  WriteComponent(1, "A", 78, {{1, 1.0}});
+  WriteComponent(2, "A", 77, {{0, 99.0}, {9, 0.789}});
+  search_.SetLibraryBanks(3, all_, kAAA);
+  ComponentBank bank;
+  ASSERT_TRUE(FindComponent(bank, 77, true));
+  double value = 0.0;
+  bank->GetProperty(0, &value);
+  EXPECT_EQ(value, 46.069) << "the first library wins";
+  bank->GetProperty(9, &value);
+  EXPECT_EQ(value, 0.789);
+  bank->GetCompleted(50, &value);
+  EXPECT_DOUBLE_EQ(value, 141.5 / 0.789 - 131.5);
+  char text[260];
+  std::uint8_t flag = 0;
+  bank->GetPropertySource(0, text, &flag);
+  EXPECT_STREQ(text, "Lib0:A");
+  bank->GetPropertySource(9, text, &flag);
+  EXPECT_STREQ(text, "Lib2:A");
+  EXPECT_EQ(Source(bank.Def()), "Multiple");
+  std::uint8_t flags[3];
+  bank.Def()->GetSourceFlags(flags);
+  EXPECT_EQ(flags[0], 1);
+  EXPECT_EQ(flags[1], 0);
+  EXPECT_EQ(flags[2], 1);
+  ASSERT_TRUE(FindComponent(bank, 77, false));
+  bank->GetProperty(9, &value);
+  EXPECT_TRUE(gen_IsUndefDouble(value)) << "the first bank alone";
+  EXPECT_EQ(Source(bank.Def()), "Lib0:A");
+}
+
+TEST_F(SearchTest, WithoutPairsTheSourceIsTheLastBankRead) {
+  WriteComponent(0, "A", 77, {{0, 46.069}});
+  WriteComponent(2, "B", 77, {{9, 0.789}});
+  char const* names[] = {"A", "B"};
+  search_.SetLibraries(3, all_);
+  search_.SetBankNames(2, names);
+  ComponentBank bank;
+  ASSERT_TRUE(FindComponent(bank, 77, true));
+  EXPECT_EQ(Source(bank.Def()), "Lib2:B");
+  double value = 0.0;
+  bank->GetProperty(0, &value);
+  EXPECT_EQ(value, 46.069);
+}
+
+TEST_F(SearchTest, ComponentWithNothingInItIsNotFound) {
+  WriteComponent(0, "A", 77, {});
+  ComponentBank empty;
+  {
+    LibMaint_i maint(files_[1].get());
+    ASSERT_TRUE(maint.CreateBank("PURECOMP", "A", 0));
+    Key_i key;
+    key.SetKey(79L);
+    ASSERT_TRUE(maint.WriteItem(empty.Def(), "A", &key));
+  }
+  search_.SetLibraryBanks(2, all_, kAA);
+  ComponentBank bank;
+  EXPECT_TRUE(FindComponent(bank, 77, true)) << "an identity is data";
+  EXPECT_FALSE(FindComponent(bank, 79, true));
+  std::int32_t phase = 9;
+  bank->GetPhase(&phase);
+  EXPECT_EQ(phase, 0) << "cleared";
+}
+
+TEST_F(SearchTest, ProtectedLibrariesAreToldByFlag) {
+  WriteComponent(0, "A", 77, {{0, 46.069}});
+  WriteComponent(1, "A", 77, {{9, 0.789}});
+  files_[1]->SetPassword(2, "SECRET");
+  search_.SetLibraryBanks(2, all_, kAA);
+  ComponentBank bank;
+  ASSERT_TRUE(FindComponent(bank, 77, true));
+  char text[260];
+  std::uint8_t flag = 9;
+  bank->GetPropertySource(0, text, &flag);
+  EXPECT_EQ(flag, 0);
+  bank->GetPropertySource(9, text, &flag);
+  EXPECT_EQ(flag, 1);
+  bank.Def()->GetSource(text, &flag);
+  EXPECT_EQ(flag, 1) << "any of them";
+}
+
+TEST_F(SearchTest, BankThatDoesNotFitIsPassedOver) {
+  Write(0, "VANLAAR", "A", 1, 2, 3.5);
+  Write(1, "VANLAAR", "A", 1, 2, 4.5);
+  for (int word : {format::kHeadKeyWords, format::kHeadDataWords}) {
+    std::int32_t const before = PutInHead(word, 5);
+    search_.SetLibraries(2, all_);
+    search_.SetBankNames(1, kA);
+    EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+    EXPECT_EQ(Source(vanLaar_.Get()), "Lib1:A") << word;
+    search_.SetLibraryBanks(2, all_, kAA);
+    EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+    EXPECT_EQ(Source(vanLaar_.Get()), "Lib1:A") << word;
+    PutInHead(word, before);
+  }
+  search_.SetLibraryBanks(2, all_, kAA);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  EXPECT_EQ(Source(vanLaar_.Get()), "Lib0:A") << "mended";
+}
+
+TEST_F(SearchTest, ReversedPairShowsTheCallersOrder) {
+  {
+    LibMaint_i maint(files_[0].get());
+    ASSERT_TRUE(maint.CreateBank("VANLAAR", "A", 0));
+    double const values[2] = {1.5, 2.5};
+    vanLaar_->SetDoubleField("aij", &values[0]);
+    vanLaar_->SetDoubleField("aji", &values[1]);
+    Key_i key;
+    key.SetKey(3L, 9L);
+    ASSERT_TRUE(maint.WriteItem(vanLaar_.Get(), "A", &key));
+  }
+  search_.SetLibraryBanks(1, all_, kA);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 9, 3));
+  EXPECT_EQ(Aij(vanLaar_.Get()), 2.5);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 3, 9));
+  EXPECT_EQ(Aij(vanLaar_.Get()), 1.5);
+}
+
+TEST_F(SearchTest, OtherTypeLocatesAnew) {
+  Held<IZelBankDef> const wilson(NewBank("WILSON"));
+  Held<IZelBankDef> const nrtl(NewBank("NRTL"));
+  Write(0, "WILSON", "A", 1, 2, 1.0);
+  Write(0, "NRTL", "A", 1, 2, 2.0);
+  search_.SetLibraryBanks(1, all_, kA);
+  EXPECT_TRUE(Find(wilson.Get(), 1, 2));
+  EXPECT_EQ(Aij(wilson.Get()), 1.0);
+  EXPECT_TRUE(Find(nrtl.Get(), 1, 2));
+  EXPECT_EQ(Aij(nrtl.Get()), 2.0);
+  {
+    LibMaint_i maint(files_[0].get());
+    ASSERT_TRUE(maint.DeleteBank("WILSON", "A"));
+  }
+  EXPECT_FALSE(Find(wilson.Get(), 1, 2)) << "it was located again";
+}
+
+TEST_F(SearchTest, LocatedBanksStayUntilTheListChanges) {
+  Write(0, "VANLAAR", "A", 1, 2, 1.0);
+  search_.SetLibraryBanks(1, all_, kA);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  {
+    LibMaint_i maint(files_[0].get());
+    ASSERT_TRUE(maint.DeleteBank("VANLAAR", "A"));
+  }
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2)) << "no look into the directory";
+  search_.SetLibraryBanks(1, all_, kA);
+  EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2));
+}
+
+TEST_F(SearchTest, EachSettingDropsWhatItReplaces) {
+  Write(0, "VANLAAR", "A", 1, 2, 1.0);
+  Write(1, "VANLAAR", "A", 1, 2, 2.0);
+  search_.SetLibraries(1, all_);
+  search_.SetBankNames(1, kA);
+  search_.SetLibraries(1, all_ + 1);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 1, 2)) << "names stay";
+  EXPECT_EQ(Aij(vanLaar_.Get()), 2.0);
+  char const* none[] = {"NONE"};
+  search_.SetBankNames(1, none);
+  EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2));
+  char const* again[] = {"A"};
+  search_.SetBankNames(1, again);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 1, 2)) << "libraries stay";
+  EXPECT_EQ(Aij(vanLaar_.Get()), 2.0);
+  search_.SetLibraryBanks(1, all_, kA);
+  ASSERT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  EXPECT_EQ(Aij(vanLaar_.Get()), 1.0);
+  search_.SetLibraries(1, all_);
+  EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2)) << "pairs drop names set before";
+  search_.SetBankNames(1, kA);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+  search_.SetLibraryBanks(0, nullptr, nullptr);
+  EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2));
+  search_.SetLibraryBanks(-1, nullptr, nullptr);
+  EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2));
+}
+
+TEST_F(SearchTest, LongNamesAreCutAndNullLibrariesPassedOver) {
+  Write(1, "VANLAAR", "ABCDEFGH", 1, 2, 1.0);
+  LibFile* const libraries[] = {nullptr, all_[1]};
+  char const* names[] = {nullptr, "ABCDEFGHIJ"};
+  search_.SetLibraries(2, libraries);
+  search_.SetBankNames(2, names);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+}
+
+TEST_F(SearchTest, ComponentIsFoundByIdAndCasNumberInEachLibrary) {
+  WriteComponent(0, "A", 77, {{0, 46.0}});
+  WriteComponent(1, "A", 88, {{9, 0.7}});
+  search_.SetLibraryBanks(2, all_, kAA);
+  ComponentBank bank;
+  Key_i key;
+  key.SetKey("id1");
+  ASSERT_TRUE(search_.Search(&key, bank.Def(), true));
+  EXPECT_EQ(Source(bank.Def()), "Multiple") << "each library has its own number for the ID";
+  key.SetKey(casn("64-17-5"));
+  ASSERT_TRUE(search_.Search(&key, bank.Def(), true));
+  EXPECT_EQ(Source(bank.Def()), "Multiple");
+  key.SetKey("NOBODY");
+  EXPECT_FALSE(search_.Search(&key, bank.Def(), true));
+}
+
+TEST_F(SearchTest, BlockErrorPassesThroughAndTheNextSearchGoesOn) {
+  Write(0, "VANLAAR", "A", 1, 2, 1.0);
+  constexpr std::int32_t kNowhere = 122000001;
+  std::int32_t const before = PutInHead(format::kHeadRootAddress, kNowhere);
+  search_.SetLibraryBanks(1, all_, kA);
+  try {
+    Find(vanLaar_.Get(), 1, 2);
+    ADD_FAILURE() << "the root cannot be read";
+  } catch (unsigned long address) {
+    EXPECT_EQ(address, static_cast<unsigned long>(kNowhere));
+  }
+  EXPECT_EQ(vanLaar_->AddRef(), 2) << "no face is left behind";
+  vanLaar_->Release();
+  PutInHead(format::kHeadRootAddress, before);
+  search_.SetLibraryBanks(1, all_, kA);
+  EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
+}
+
+TEST(LibSearch, IsAHandleThatIsEndedOnce) {
+  LibSearch* search = LibSearch::NewLibSearch();
+  ASSERT_NE(search, nullptr);
+  auto* wider = dynamic_cast<LibSearch_p*>(search);
+  ASSERT_NE(wider, nullptr);
+  wider->ReservedSearch();
+  LibSearch::DelLibSearch(search);
+  EXPECT_EQ(search, nullptr);
+  LibSearch::DelLibSearch(search);
+  LibSearch_p* none = nullptr;
+  LibSearch_p::DelLibSearch(none);
+}
+
+}  // namespace
+}  // namespace zel

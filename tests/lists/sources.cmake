@@ -1,0 +1,2 @@
+set(lists_TEST_SOURCES
+    search_test.cpp)
