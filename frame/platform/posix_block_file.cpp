@@ -116,6 +116,8 @@ class PosixBlockFile final : public BlockFile {
     if (!writable_ || offset > kLargestOffset || count > kLargestOffset - offset) return -1;
     if (count == 0) return 0;
     std::uint64_t const end = offset + count;
+    // Damage can ask for a write far behind the end: the gap stays a hole and takes no room.
+    if (offset > size_ && offset - size_ > kLargestStep) mapWrites_ = false;
     if (mapWrites_ && end <= range_ && EnsureMap()) {
       if (end <= backed_ || MakeRoom(end)) {
         std::memcpy(map_ + offset, from, count);

@@ -101,6 +101,23 @@ TEST_F(BlockFileTest, GrowsInStepsThatAreReallyAllocated) {
   EXPECT_EQ(file->Size(), 100 * kMiB + 1);
 }
 
+TEST_F(BlockFileTest, WriteFarBehindTheEndTakesNoRoomForTheGap) {
+  auto file = Open(OpenMode::kCreate);
+  ASSERT_EQ(file->WriteAt(0, "abc", 3), 3);
+  constexpr std::uint64_t kFar = 1024 * kMiB;
+  ASSERT_EQ(file->WriteAt(kFar, "xyz", 3), 3);
+  ASSERT_EQ(file->WriteAt(3, "d", 1), 1);
+  EXPECT_EQ(file->Size(), kFar + 3);
+  EXPECT_LT(static_cast<std::uint64_t>(Status().st_blocks) * 512, 2 * kMiB);
+  char text[4];
+  ASSERT_EQ(file->ReadAt(0, text, 4), 4);
+  EXPECT_EQ(std::string(text, 4), "abcd");
+  ASSERT_EQ(file->ReadAt(kFar, text, 4), 3);
+  EXPECT_EQ(std::string(text, 3), "xyz");
+  file.reset();
+  EXPECT_EQ(LengthOnDisk(), kFar + 3);
+}
+
 TEST_F(BlockFileTest, HolesOfAnExistingFileGetRoomBeforeTheyAreWritten) {
   if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   MakeFile("f", "");
