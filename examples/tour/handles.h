@@ -12,11 +12,13 @@ namespace tour {
 struct Closer {
   void operator()(zel::LibFile* library) const { zel::LibFile::DelLibFile(library); }
   void operator()(zel::LibMaint* maint) const { zel::LibMaint::DelLibMaint(maint); }
+  void operator()(zel::LibSearch* search) const { zel::LibSearch::DelLibSearch(search); }
   void operator()(zel::Key* key) const { zel::Key::DelKey(key); }
   void operator()(zel::IZelBankDef* bank) const { bank->Release(); }
 };
 using Library = std::unique_ptr<zel::LibFile, Closer>;
 using Maint = std::unique_ptr<zel::LibMaint, Closer>;
+using Search = std::unique_ptr<zel::LibSearch, Closer>;
 using Key = std::unique_ptr<zel::Key, Closer>;
 using BankHandle = std::unique_ptr<zel::IZelBankDef, Closer>;
 

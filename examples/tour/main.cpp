@@ -32,6 +32,14 @@ tour::Library Checked(zel::LibFile* library, std::string const& path, zel::openE
   return tour::Library(library);
 }
 
+tour::Library NewLibrary(std::string const& path, std::string const& name) {
+  std::remove(path.c_str());
+  std::remove((path.substr(0, path.size() - 1) + "2").c_str());
+  zel::openErrors error = zel::openFailed;
+  return Checked(zel::LibFile::NewLibFile(zel::libKind11, path.c_str(), name.c_str(), error), path,
+                 error);
+}
+
 void PrintCitations(std::string const& path, tour::Codes cited) {
   tour::References const references(path);
   std::sort(cited.begin(), cited.end());
@@ -42,9 +50,7 @@ void PrintCitations(std::string const& path, tour::Codes cited) {
 
 void Write(std::string const& data, std::string const& path, tour::Components const& components) {
   std::printf("Writing %s\n\n", path.c_str());
-  zel::openErrors error = zel::openFailed;
-  tour::Library const library = Checked(
-      zel::LibFile::NewLibFile(zel::libKind11, path.c_str(), "Sample library", error), path, error);
+  tour::Library const library = NewLibrary(path, "Sample library");
   library->SetDescriptionAndVersion("Published pair and group parameters", "1");
   tour::WriteBanks(library.get(), data, components);
 }
@@ -68,13 +74,41 @@ void Read(std::string const& data, std::string const& path, tour::Components con
   PrintCitations(data + "/references.txt", cited);
 }
 
+// One library per source of pure component data, then a search over all of them.
+void PureComponents(std::string const& data, std::string const& folder,
+                    tour::Components const& components) {
+  std::printf("\nPure components: one library per source, searched in this order\n\n");
+  auto const pathOf = [&](tour::Source const& source) {
+    return folder + "/" + tour::LowerCase(source.name) + ".lb1";
+  };
+  for (tour::Source const& source : tour::kSources) {
+    tour::Library const library = NewLibrary(pathOf(source), source.name);
+    library->SetDescriptionAndVersion(source.what, "1");
+    tour::WriteSource(library.get(), source, data, components);
+  }
+  std::vector<tour::Library> libraries;
+  for (tour::Source const& source : tour::kSources) {
+    zel::openErrors error = zel::openFailed;
+    std::string const path = pathOf(source);
+    libraries.push_back(
+        Checked(zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), source.name, "", error), path,
+                error));
+  }
+  tour::Codes cited;
+  tour::Merged merged(libraries);
+  tour::PrintConstants(merged, components, cited);
+  tour::PrintCurves(merged, components, cited);
+  tour::PrintBoilingPoints(merged, components);
+  PrintCitations(data + "/references.txt", cited);
+}
+
 void Run(std::string const& data, std::string const& folder) {
   std::string const path = folder + "/sample.lb1";
-  std::remove(path.c_str());
-  std::remove((folder + "/sample.lb2").c_str());
+  zel::InitZelAccess();
   tour::Components const components(tour::Table(data + "/components.txt"));
   Write(data, path, components);
   Read(data, path, components);
+  PureComponents(data, folder, components);
 }
 
 }  // namespace

@@ -28,6 +28,12 @@ std::vector<std::string> Words(std::string const& line) {
   return words;
 }
 
+int PhaseOf(std::string const& letters) {
+  int phase = 0;
+  for (char const c : letters) phase += c == 'V' ? 1 : c == 'L' ? 2 : 4;
+  return phase;
+}
+
 }  // namespace
 
 Table::Table(std::string const& path) : path_(path) {
@@ -74,16 +80,18 @@ Components::Components(Table const& table) {
   for (std::size_t i = 0; i < table.Rows(); ++i) {
     std::string name = table.Text(i, "name");
     std::replace(name.begin(), name.end(), '_', ' ');
-    std::string const id = Split(table.Text(i, "ids"), ',').front();
-    long const number = table.Int(i, "number");
-    byId_[id] = {number, id, name, table.Text(i, "formula")};
+    std::vector<std::string> const ids = Split(table.Text(i, "ids"), ',');
+    byId_[ids.front()] = all_.size();
+    all_.push_back({table.Int(i, "number"), ids.front(), name, table.Text(i, "formula"), ids,
+                    table.Text(i, "cas"), PhaseOf(table.Text(i, "phase")),
+                    table.Int(i, "refCode")});
   }
 }
 
 Component const& Components::ById(std::string const& id) const {
   auto const at = byId_.find(id);
   if (at == byId_.end()) throw std::runtime_error("no component " + id);
-  return at->second;
+  return all_[at->second];
 }
 
 References::References(std::string const& path) {

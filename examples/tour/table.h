@@ -29,9 +29,13 @@ class Table {
 // The substances of data/components.txt.
 struct Component {
   long number;
-  std::string id;
+  std::string id;  // the main one
   std::string name;
   std::string formula;
+  std::vector<std::string> ids;
+  std::string cas;
+  int phase;  // 1 vapor, 2 liquid, 4 solid, added up
+  int refCode;
 };
 
 class Components {
@@ -39,9 +43,12 @@ class Components {
   explicit Components(Table const& table);
   // By main ID. Throws std::runtime_error for an ID that is not in the table.
   Component const& ById(std::string const& id) const;
+  // In the order of the table.
+  std::vector<Component> const& All() const { return all_; }
 
  private:
-  std::map<std::string, Component> byId_;
+  std::vector<Component> all_;
+  std::map<std::string, std::size_t> byId_;
 };
 
 // The printed sources of data/references.txt by reference code; an unknown code has no text.

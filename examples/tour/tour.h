@@ -24,6 +24,59 @@ void PrintPairs(zel::LibFile* library, Components const& components, Codes& cite
 void PrintComponents(zel::LibFile* library, Components const& components, Codes& cited);
 void PrintGroups(zel::LibFile* library, Components const& components, Codes& cited);
 
+// --- pure components: one library per source -----------------------------------------------------
+
+struct Source {
+  char const* name;  // of the bank, and in lower case of the files
+  char const* what;
+};
+// In order of preference.
+inline constexpr Source kSources[] = {
+    {"PERRY", "Perry's handbook"},       {"CHEMSEP", "ChemSep data"},
+    {"VDI", "VDI Heat Atlas"},           {"POLING", "Poling, Prausnitz, O'Connell, and others"},
+    {"CRC", "CRC Handbook, and others"}, {"NIST", "NIST WebBook, and others"}};
+
+std::string LowerCase(std::string text);
+
+// What the constants and correlations of a component are called, and the units they come in.
+struct ConstantRow {
+  char const* keyword;
+  std::uint32_t index;
+  char const* unit;
+};
+struct CurveRow {
+  char const* name;
+  std::uint32_t index;
+  char const* unit;  // of the value that the library gives
+};
+ConstantRow const* FindConstant(std::string const& keyword);
+CurveRow const* FindCurve(std::string const& name);
+std::vector<ConstantRow> const& AllConstants();
+
+// Fills a new library with what one source knows.
+void WriteSource(zel::LibFile* library, Source const& source, std::string const& data,
+                 Components const& components);
+
+// Searches all libraries in the order of preference and merges.
+class Merged {
+ public:
+  explicit Merged(std::vector<Library> const& libraries);
+  // False when no library knows the component.
+  bool Find(Component const& component);
+  zel::IZelPureComp* operator->() const { return bank_.operator->(); }
+  zel::IZelBankDef* Def() const { return bank_.Def(); }
+
+ private:
+  Bank<zel::IZelPureComp> bank_;
+  Key key_;
+  Search search_;
+};
+
+void PrintConstants(Merged& merged, Components const& components, Codes& cited);
+void PrintCurves(Merged& merged, Components const& components, Codes& cited);
+// Holds each normal boiling point against the vapor pressure there.
+void PrintBoilingPoints(Merged& merged, Components const& components);
+
 // Columns. A number, right-aligned, or a dash where there is none.
 void PrintReal(double value, int width, int decimals);
 // Lower and upper bound as one column of 15, e.g. "101.3 - 101.3", or a dash where both are

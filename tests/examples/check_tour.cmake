@@ -43,7 +43,19 @@ expect(0 ARGUMENTS ${DATA} ${WORK_DIR}/library LINES
   "  Ethanol          = 1 CH3 + 1 CH2 + 1 OH          r  2.5755  q  2.588"
   "       H2O   300.00   362.30   377.60  -229.10     0.00  -195.40    72.87"
   "                            /10000024/  /0x3e8fc505/  (--)"
-  "  Total entries   10")
+  "  Total entries   10"
+  # One library per source; constants by source, by label and from the other critical constants; the
+  # warning; points inside and outside a range, molar values of a weight basis; the check.
+  "  CHEMSEP    229 components   4997 constants   2493 correlations  ChemSep data"
+  "  NBP                   351.8  K                71  CHEMSEP:CHEMSEP"
+  "  LHV                 1235000  kJ/kg-mol        -  from Heat of Combustion"
+  "  API gravity        46.26829                   -  from sg6oF"
+  "  ZC                0.2578364                   -  (derived)"
+  "  The [Pc*Vc/(R*Zc*Tc) = 1] consistency check is showing an error greater than 10% for Acetonitrile."
+  "  VaporPressure, kPa: equation 20 from PERRY:PERRY, reference 11"
+  "    value    0.06699*    0.6106      79.91       1172       6462  2.193e+04  4.298e+04*"
+  "Vapor pressure at the normal boiling point against 101.325 kPa, 337 components"
+  "  Silicon tetrafluoride          187.15   233.022   129.97  CRC:CRC      PERRY:PERRY")
 
 expect(2 LINES "usage: tour <data folder> <folder for the library>")
 expect(1 ARGUMENTS ${WORK_DIR}/nowhere ${WORK_DIR}/library LINES
@@ -69,6 +81,7 @@ expect_refused(nrtl.txt "190.632149" "190,632149" "${WORK_DIR}/data/nrtl.txt: no
 expect_refused(nrtl.txt "190.632149" "" "${WORK_DIR}/data/nrtl.txt: row 1 has 6 words, not 7")
 expect_refused(nrtl.txt "alphaij  refCode" "alpha  refCode"
                "${WORK_DIR}/data/nrtl.txt: no column alphaij")
+expect_refused(pure/vdi_constants.txt " TC " " TX " "${WORK_DIR}/data/pure/vdi_constants.txt: unknown name TX")
 expect_refused(wilson.txt "METHANOL  CCL4 " "METHANAL  CCL4 " "no component METHANAL")
 
 file(REMOVE_RECURSE ${WORK_DIR})
