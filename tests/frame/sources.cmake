@@ -15,6 +15,7 @@ set(frame_TEST_SOURCES
     system_test.cpp
     trim7_test.cpp
     unit_conversion_test.cpp
+    unit_factors_test.cpp
     unit_system_test.cpp
     unit_table_test.cpp
     wildcard_test.cpp)
