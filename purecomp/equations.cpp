@@ -130,6 +130,7 @@ void WithDerivative(EquationCall const& call, int N, Coefficients const& c, doub
 
 void Sensitivities(EquationCall const& call, int N, Coefficients const& c, double* weights) {
   if (weights == nullptr || !FillsWeights(call.equation)) return;
+  std::fill_n(weights, kMaxCoefficients, 0.0);
   std::array<Jet<1>, kMaxCoefficients> jets;
   std::copy(c.begin(), c.end(), jets.begin());
   for (std::size_t k = 0; k < static_cast<std::size_t>(N); ++k) {

@@ -41,7 +41,8 @@ struct EquationCall {
 // a value at that temperature leaves `value`, and the final step (times factor, plus offset) runs
 // on them all the same. `derivative` gets the derivative of the order asked for, orders other than
 // 1 to 3 leave it. `weights` (15, may be null) get, for order 11, the partial derivatives of the
-// form's value before the final step with respect to the coefficients in use.
+// form's value before the final step with respect to the coefficients, 0 for those not in use;
+// forms 4, 39, 51 and 52 leave them.
 RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& derivative,
                              double* weights);
 

@@ -239,7 +239,7 @@ X Coth(X const& x) {
   double const t = 1.0 / std::tanh(v);
   double const s = std::sinh(v);
   double const g1 = -1.0 / (s * s);
-  return Compose(x, t, g1, -2.0 * t * g1, g1 * (4.0 * t * t + 2.0 * g1));
+  return Compose(x, t, g1, -2.0 * t * g1, g1 * (4.0 * t * t - 2.0 * g1));
 }
 
 template <typename X>

@@ -1,4 +1,5 @@
 set(purecomp_TEST_SOURCES
+    equations_test.cpp
     fill_in_atoms_test.cpp
     fill_in_correlations_test.cpp
     fill_in_real_test.cpp
