@@ -1,5 +1,6 @@
 set(purecomp_TEST_SOURCES
     equations_test.cpp
+    evaluate_test.cpp
     fill_in_atoms_test.cpp
     fill_in_correlations_test.cpp
     fill_in_real_test.cpp
