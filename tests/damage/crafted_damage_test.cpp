@@ -8,7 +8,7 @@
 #include "maint/lib_maint.h"
 #include "store/bank_key.h"
 #include "store/key.h"
-#include "tests/damage/sample_library.h"
+#include "tests/support/sample_library.h"
 
 namespace zel {
 namespace {

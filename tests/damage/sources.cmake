@@ -1,4 +1,3 @@
 set(damage_TEST_SOURCES
     crafted_damage_test.cpp
-    sample_library.cpp
     whole_sweep_test.cpp)

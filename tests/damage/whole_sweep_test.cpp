@@ -10,7 +10,7 @@
 #include <cstring>
 
 #include "store/format.h"
-#include "tests/damage/sample_library.h"
+#include "tests/support/sample_library.h"
 
 namespace zel {
 namespace {

@@ -5,4 +5,5 @@ set(support_SOURCES
     formula_model.cpp
     memory_file_system.cpp
     sample_component.cpp
+    sample_library.cpp
     tree_model.cpp)

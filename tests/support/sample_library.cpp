@@ -1,4 +1,4 @@
-#include "tests/damage/sample_library.h"
+#include "tests/support/sample_library.h"
 
 #include <algorithm>
 #include <cstdio>
