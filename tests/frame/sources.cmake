@@ -18,4 +18,5 @@ set(frame_TEST_SOURCES
     unit_factors_test.cpp
     unit_system_test.cpp
     unit_table_test.cpp
+    unit_text.cpp
     wildcard_test.cpp)

@@ -1,323 +1,291 @@
-// The factors of unit codes, against values that this test makes from the names of the units.
+// The factors of unit codes: lengths of the classes, rows that stored values rely on, the codes
+// that have words, and every row against the meaning of its unit's text.
 #include "frame/units/unit_factors.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <fstream>
-#include <map>
+#include <iterator>
+#include <limits>
+#include <numeric>
+#include <ostream>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "frame/units/unit_factor_table.h"
+#include "tests/frame/unit_fixture.h"
+#include "tests/frame/unit_text.h"
 
 namespace zel {
 namespace {
 
+struct ClassFacts {
+  std::size_t length;
+  char const* base;  // null where no factor converts
+};
+
+// By class from 1.
 // clang-format off
-constexpr std::int32_t kLengths[50] = {
-    4,  4,  4,  27, 27, 25, 15, 10, 13, 13, 13, 23, 23,  48,  4,  33, 28, 4, 83, 83, 83, 64, 64, 12, 86,
-    86, 86, 62, 34, 34, 64, 64, 145, 123, 16, 8, 8, 8, 10, 21, 4, 9, 10, 10, 3, 3, 3, 3, 4, 6};
+constexpr ClassFacts kClassFacts[] = {
+    {4, "K"}, {4, "K"}, {4, "K"}, {27, "kPa"}, {27, "kPa"}, {25, "kPa"}, {15, "kg"}, {10, "sec"},
+    {13, "m"}, {13, "m"}, {13, "m2"}, {23, "m3"}, {23, "m3"}, {48, "m3"}, {4, "kg-mol"},
+    {33, "kg/sec"}, {28, "kg-mol/sec"}, {4, "kg/kg-mol"}, {83, "kg/m3"}, {83, "kg/m3"},
+    {83, "kg/m3"}, {64, "m3/kg-mol"}, {64, "m3/kg-mol"}, {12, "kJ"}, {86, "kW"}, {86, "kW"},
+    {86, "kW"}, {62, "kJ/kg"}, {34, "kJ/kg-K"}, {34, "kJ/kg-K"}, {64, "m3/kg"}, {64, "m3/kg"},
+    {145, "m3/sec"}, {123, "m3/sec"}, {16, "W/m-K"}, {8, "W/m2-K"}, {8, "W/m2-K"}, {8, "W/m2-K"},
+    {10, "W/K"}, {21, "cP"}, {4, "m2/sec"}, {9, "N/m"}, {10, nullptr}, {10, nullptr},
+    {3, "fraction"}, {3, "fraction"}, {3, "fraction"}, {3, "fraction"}, {4, "DEB"}, {6, "rps"},
+};
 // clang-format on
 
-double Factor(std::int32_t unitClass, std::size_t at) {
-  return GetUnitFactor(unitClass * 1000 + 10 + static_cast<std::int32_t>(at));
+constexpr bool LengthsAreRight() {
+  return std::ranges::equal(
+      kUnitFactors, kClassFacts, {}, [](auto units) { return units.size(); }, &ClassFacts::length);
 }
 
-TEST(UnitFactors, ClassesHaveTheirLengths) {
-  int total = 0;
-  for (std::int32_t c = 1; c <= 50; ++c) {
-    EXPECT_EQ(std::ssize(kUnitFactors[c - 1]), kLengths[c - 1]) << c;
-    total += kLengths[c - 1];
-    EXPECT_EQ(GetUnitFactor(c * 1000 + 9), 1.0);
-    EXPECT_EQ(GetUnitFactor(c * 1000 + 10 + kLengths[c - 1]), 1.0) << "one beyond class " << c;
+static_assert(LengthsAreRight());
+static_assert(std::accumulate(std::begin(kClassFacts), std::end(kClassFacts), std::size_t{0},
+                              [](std::size_t sum, auto const& facts) {
+                                return sum + facts.length;
+                              }) == 1617);
+
+std::int32_t Code(std::size_t index, std::size_t position) {
+  return static_cast<std::int32_t>((index + 1) * 1000 + position + 10);
+}
+
+std::vector<double> Factors(std::int32_t unitClass, std::size_t count) {
+  std::vector<double> factors;
+  for (std::size_t i = 0; i < count; ++i) {
+    factors.push_back(GetUnitFactor(unitClass * 1000 + 10 + static_cast<std::int32_t>(i)));
   }
-  EXPECT_EQ(total, 1617);
+  return factors;
 }
 
-TEST(UnitFactors, CodesThatNameNoUnitGiveOne) {
-  for (std::int32_t code : {INT32_MIN, -4015, -1, 0, 9, 10, 999, 1009, 1014, 1999, 50016, 51000,
-                            51010, 999999, INT32_MAX}) {
+TEST(UnitFactorsTest, FactorOfACodeIsThatOfItsRow) {
+  std::size_t rows = 0;
+  for (std::size_t index = 0; index < std::size(kUnitFactors); ++index) {
+    for (std::size_t i = 0; i < kUnitFactors[index].size(); ++i, ++rows) {
+      EXPECT_EQ(GetUnitFactor(Code(index, i)), kUnitFactors[index][i].factor) << Code(index, i);
+    }
+  }
+  EXPECT_EQ(rows, 1617U);
+}
+
+TEST(UnitFactorsTest, RowsThatStoredValuesWereMadeWith) {
+  using Row = std::vector<double>;
+  for (int unitClass = 1; unitClass <= 3; ++unitClass) {
+    EXPECT_EQ(Factors(unitClass, 4), (Row{1.0, 1.0, 0.5555556, 0.5555556})) << unitClass;
+  }
+  EXPECT_EQ(Factors(4, 27),
+            (Row{0.0001,     0.0001,  0.001,    0.001,    0.001,   1.0,       1000.0,
+                 100.0,      100.0,   0.133322, 0.133322, 98.0665, 98.0665,   98.0665,
+                 98.0665,    101.325, 6.89476,  6.89476,  6.89476, 0.0478803, 0.248843,
+                 0.00979698, 3.38639, 0.1,      0.1,      98.0665, 98.0665}));
+  EXPECT_EQ(Factors(7, 15), (Row{0.001, 1.0, 1000.0, 1000.0, 0.0283495, 0.453592, 453.592, 907.185,
+                                 907.185, 1016.05, 1016.05, 0.001, 907.185, 1000000.0, 1000000.0}));
+  EXPECT_EQ(Factors(8, 10), (Row{1.0, 60.0, 3600.0, 3600.0, 86400.0, 604800.0, 604800.0, 2592000.0,
+                                 31557600.0, 31557600.0}));
+  EXPECT_EQ(Factors(9, 13), (Row{1e-10, 1e-09, 1e-06, 0.001, 0.01, 0.1, 1.0, 1000.0, 0.0254, 0.3048,
+                                 0.9144, 1609.34, 1.0}));
+  EXPECT_EQ(Factors(24, 12), (Row{0.001, 1.0, 0.0041868, 4.1868, 9.80665e-08, 0.00980665,
+                                  0.00135582, 1.05506, 1.8991, 1.8991, 3600.0, 0.001}));
+  EXPECT_EQ(Factors(42, 9),
+            (Row{0.9806614, 0.9806614, 0.001, 0.001, 0.001, 1.0, 1.0, 5.443092, 5.443092}));
+  EXPECT_EQ(Factors(43, 10), Row(10, 0.0));
+  EXPECT_EQ(Factors(44, 10), Row(10, 0.0));
+  EXPECT_EQ(Factors(45, 3), (Row{1.0, 0.01, 1e-06}));
+  EXPECT_EQ(Factors(49, 4), (Row{1.0, 2.99792e+29, 2.99792e+29, 1e+18}));
+}
+
+TEST(UnitFactorsTest, CodeWithoutAUnitHasFactorOne) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  for (std::int32_t const code : {0, 1, 9, 10, 999, -1, -10, -1010, -4025, 1000, 1009, 51000, 51010,
+                                  99010, 999999, Limits::min(), Limits::max()}) {
     EXPECT_EQ(GetUnitFactor(code), 1.0) << code;
   }
-}
-
-// Rows that stored data depend on digit for digit.
-TEST(UnitFactors, FixedRowsAreExact) {
-  std::map<std::int32_t, std::vector<double>> const rows = {
-      {1, {1.0, 1.0, 0.5555556, 0.5555556}},
-      {2, {1.0, 1.0, 0.5555556, 0.5555556}},
-      {3, {1.0, 1.0, 0.5555556, 0.5555556}},
-      {4, {0.0001,   0.0001,    0.001,    0.001,      0.001,   1.0,     1000.0,  100.0,   100.0,
-           0.133322, 0.133322,  98.0665,  98.0665,    98.0665, 98.0665, 101.325, 6.89476, 6.89476,
-           6.89476,  0.0478803, 0.248843, 0.00979698, 3.38639, 0.1,     0.1,     98.0665, 98.0665}},
-      {7,
-       {0.001, 1.0, 1000.0, 1000.0, 0.0283495, 0.453592, 453.592, 907.185, 907.185, 1016.05,
-        1016.05, 0.001, 907.185, 1000000.0, 1000000.0}},
-      {8,
-       {1.0, 60.0, 3600.0, 3600.0, 86400.0, 604800.0, 604800.0, 2592000.0, 31557600.0, 31557600.0}},
-      {9,
-       {1e-10, 1e-09, 1e-06, 0.001, 0.01, 0.1, 1.0, 1000.0, 0.0254, 0.3048, 0.9144, 1609.34, 1.0}},
-      {24,
-       {0.001, 1.0, 0.0041868, 4.1868, 9.80665e-08, 0.00980665, 0.00135582, 1.05506, 1.8991, 1.8991,
-        3600.0, 0.001}},
-      {42, {0.9806614, 0.9806614, 0.001, 0.001, 0.001, 1.0, 1.0, 5.443092, 5.443092}},
-      {43, std::vector<double>(10, 0.0)},
-      {44, std::vector<double>(10, 0.0)},
-      {45, {1.0, 0.01, 1e-06}},
-      {49, {1.0, 2.99792e+29, 2.99792e+29, 1e+18}}};
-  for (auto const& [unitClass, factors] : rows) {
-    ASSERT_EQ(std::ssize(factors), kLengths[unitClass - 1]);
-    for (std::size_t i = 0; i < factors.size(); ++i) {
-      EXPECT_EQ(Factor(unitClass, i), factors[i]) << unitClass << " " << i;
+  for (std::size_t index = 0; index < std::size(kUnitFactors); ++index) {
+    std::int32_t const first = Code(index, 0);
+    for (std::int32_t const code :
+         {first - 10, first - 1, Code(index, kUnitFactors[index].size()), first + 989}) {
+      EXPECT_EQ(GetUnitFactor(code), 1.0) << code;
     }
   }
 }
 
-// Units in SI, amounts in kg-mol, from their definitions.
-constexpr double kPound = 0.45359237, kGravity = 9.80665, kFoot = 0.3048, kInch = 0.0254;
-constexpr double kCalorie = 4.1868, kBtu = kCalorie * 453.59237 / 1.8;
-std::map<std::string, double> const kUnits = {{"ang", 1e-10},
-                                              {"mmic", 1e-9},
-                                              {"mic", 1e-6},
-                                              {"mm", 1e-3},
-                                              {"cm", 1e-2},
-                                              {"dm", 0.1},
-                                              {"m", 1},
-                                              {"km", 1e3},
-                                              {"in", kInch},
-                                              {"ft", kFoot},
-                                              {"yd", 3 * kFoot},
-                                              {"mi", 5280 * kFoot},
-                                              {"hect", 1e4},
-                                              {"liter", 1e-3},
-                                              {"KL", 1},
-                                              {"gal", 231 * kInch* kInch* kInch},
-                                              {"igal", 4.54609e-3},
-                                              {"bbl", 42 * 231 * kInch* kInch* kInch},
-                                              {"Mbbl", 42e3 * 231 * kInch* kInch* kInch},
-                                              {"Mgal", 231e3 * kInch* kInch* kInch},
-                                              {"MMgal", 231e6 * kInch* kInch* kInch},
-                                              {"MMm3", 1e6},
-                                              {"Mft3", 1e3 * kFoot* kFoot* kFoot},
-                                              {"MMft3", 1e6 * kFoot* kFoot* kFoot},
-                                              {"nm3", (60 + 459.67) / (32 + 459.67)},
-                                              {"g", 1e-3},
-                                              {"kg", 1},
-                                              {"tonm", 1e3},
-                                              {"oz", kPound / 16},
-                                              {"lb", kPound},
-                                              {"klb", 1e3 * kPound},
-                                              {"ton", 2000 * kPound},
-                                              {"tonl", 2240 * kPound},
-                                              {"Ktonm", 1e6},
-                                              {"g-mol", 1e-3},
-                                              {"kg-mol", 1},
-                                              {"tonm-mol", 1e3},
-                                              {"lb-mol", kPound},
-                                              {"sec", 1},
-                                              {"min", 60},
-                                              {"hr", 3600},
-                                              {"day", 86400},
-                                              {"wk", 7 * 86400},
-                                              {"mon", 30 * 86400},
-                                              {"yr", 365.25 * 86400},
-                                              {"K", 1},
-                                              {"C", 1},
-                                              {"R", 1 / 1.8},
-                                              {"F", 1 / 1.8},
-                                              {"Pa", 1},
-                                              {"kPa", 1e3},
-                                              {"MPa", 1e6},
-                                              {"bar", 1e5},
-                                              {"mbar", 100},
-                                              {"atm", 101325},
-                                              {"mm Hg", 133.322387415},
-                                              {"torr", 101325.0 / 760},
-                                              {"in Hg", 3386.389},
-                                              {"in H2O", 248.843},
-                                              {"mm H2O", 248.843 / 25.4},
-                                              {"ata", 1e4 * kGravity},
-                                              {"ate", 1e4 * kGravity},
-                                              {"psi", kPound* kGravity / (kInch * kInch)},
-                                              {"psia", kPound* kGravity / (kInch * kInch)},
-                                              {"psig", kPound* kGravity / (kInch * kInch)},
-                                              {"psf", kPound* kGravity / (kFoot * kFoot)},
-                                              {"dyne", 1e-5},
-                                              {"N", 1},
-                                              {"PDL", kPound* kFoot},
-                                              {"J", 1},
-                                              {"kJ", 1e3},
-                                              {"MJ", 1e6},
-                                              {"cal", kCalorie},
-                                              {"kcal", 1e3 * kCalorie},
-                                              {"BTU", kBtu},
-                                              {"CHU", 1.8 * kBtu},
-                                              {"PCU", 1.8 * kBtu},
-                                              {"g-cm", 1e-5 * kGravity},
-                                              {"kg-m", kGravity},
-                                              {"ft-lb", kFoot* kPound* kGravity},
-                                              {"kW-hr", 3.6e6},
-                                              {"W", 1},
-                                              {"kW", 1e3},
-                                              {"cP", 1e-3},
-                                              {"POIS", 0.1},
-                                              {"Pa-sec", 1},
-                                              {"lb-sec", kPound* kGravity},
-                                              {"cST", 1e-6},
-                                              {"ST", 1e-4},
-                                              {"fraction", 1},
-                                              {"percent", 0.01},
-                                              {"ppm", 1e-6},
-                                              {"rps", 1},
-                                              {"revolution", 1},
-                                              {"rpm", 1.0 / 60},
-                                              {"rph", 1.0 / 3600},
-                                              {"rpd", 1.0 / 86400},
-                                              {"rad", 0.5 / 3.141592653589793},
-                                              {"DEB", 3.33564e-30},
-                                              {"Coul-m", 1},
-                                              {"EU", 3.33564e-12}};
+struct CodeWithWord {
+  std::int32_t code;
+  char const* unit;
+  double exact;
+};
 
-// A product of units with exponents, as "m-K" or "cm2".
-double Product(std::string const& text) {
-  if (auto const at = kUnits.find(text); at != kUnits.end()) return at->second;
-  if (auto const dash = text.rfind('-'); dash != std::string::npos) {
-    return Product(text.substr(0, dash)) * Product(text.substr(dash + 1));
+// Exact by definition.
+constexpr double kInch = 0.0254;
+constexpr double kFoot = 12.0 * kInch;
+constexpr double kPound = 0.45359237;
+constexpr double kGravity = 9.80665;
+constexpr double kInch3 = kInch * kInch * kInch;
+constexpr double kGallon = 231.0 * kInch3;
+constexpr double kBarrel = 42.0 * kGallon;
+constexpr double kFoot3 = kFoot * kFoot * kFoot;
+constexpr double kCalorie = 4.1868;
+constexpr double kBtu = 1055.05585262;
+
+// The codes with a word of their own in the interchange form.
+constexpr CodeWithWord kCodesWithWords[] = {
+    {1010, "K", 1.0},
+    {1011, "C", 1.0},
+    {1012, "R", 5.0 / 9.0},
+    {1013, "F", 5.0 / 9.0},
+    {4010, "dyne/cm2", 1e-4},
+    {4012, "N/m2", 1e-3},
+    {4014, "Pa", 1e-3},
+    {4015, "kPa", 1.0},
+    {4016, "MPa", 1e3},
+    {4017, "bar", 100.0},
+    {4019, "mm Hg", 13.5951 * kGravity / 1e3},
+    {4021, "kg/cm2", 10.0 * kGravity},
+    {4025, "atm", 101.325},
+    {4026, "psia", kPound* kGravity / (kInch * kInch) / 1e3},
+    {4032, "in Hg", 25.4 * 13.5951 * kGravity / 1e3},
+    {4033, "mbar", 0.1},
+    {19012, "g/liter", 1.0},
+    {19018, "kg/liter", 1e3},
+    {19026, "lb/gal", kPound / kGallon},
+    {19030, "lb/bbl", kPound / kBarrel},
+    {19063, "g/cm3", 1e3},
+    {19067, "g/m3", 1e-3},
+    {19073, "kg/cm3", 1e6},
+    {19081, "kg/m3", 1.0},
+    {19089, "lb/in3", kPound / kInch3},
+    {19091, "lb/ft3", kPound / kFoot3},
+    {22012, "liter/kg-mol", 1e-3},
+    {22014, "liter/g-mol", 1.0},
+    {22016, "m3/g-mol", 1e3},
+    {22018, "gal/lb-mol", kGallon / kPound},
+    {22020, "cm3/kg-mol", 1e-6},
+    {22022, "cm3/g-mol", 1e-3},
+    {22024, "m3/kg-mol", 1.0},
+    {22026, "in3/lb-mol", kInch3 / kPound},
+    {22028, "ft3/lb-mol", kFoot3 / kPound},
+    {22034, "bbl/lb-mol", kBarrel / kPound},
+    {24011, "kJ", 1.0},
+    {24013, "kcal", kCalorie},
+    {28010, "J/g", 1.0},
+    {28012, "J/kg", 1e-3},
+    {28016, "kJ/g", 1e3},
+    {28018, "kJ/kg", 1.0},
+    {28028, "cal/g", kCalorie},
+    {28030, "cal/kg", kCalorie / 1e3},
+    {28034, "kcal/g", kCalorie * 1e3},
+    {28036, "kcal/kg", kCalorie},
+    {28044, "BTU/lb", kBtu / kPound / 1e3},
+    {28058, "kcal/g", kCalorie * 1e3},
+    {28060, "kcal/kg", kCalorie},
+    {28064, "cal/kg", kCalorie / 1e3},
+    {28070, "BTU/lb", kBtu / kPound / 1e3},
+    {30010, "J/g-K", 1.0},
+    {30012, "J/kg-K", 1e-3},
+    {30014, "kJ/g-K", 1e3},
+    {30016, "kJ/kg-K", 1.0},
+    {30022, "cal/g-K", kCalorie},
+    {30024, "cal/kg-K", kCalorie / 1e3},
+    {30026, "kcal/g-K", kCalorie * 1e3},
+    {30028, "kcal/kg-K", kCalorie},
+    {30030, "BTU/lb-F", kBtu / kPound / 1e3 * 1.8},
+    {35010, "W/m-K", 1.0},
+    {35011, "W/m-K", 1.0},
+    {35014, "kW/m-K", 1e3},
+    {35018, "cal/sec-cm-C", kCalorie * 100.0},
+    {35020, "cal/hr-m-C", kCalorie / 3600.0},
+    {35022, "kcal/hr-m-C", kCalorie / 3.6},
+    {35024, "BTU/hr-ft-F", kBtu / 3600.0 / kFoot * 1.8},
+    {40010, "cP", 1.0},
+    {40012, "Pa-sec", 1e3},
+    {40029, "lb-sec/ft2", kPound* kGravity / (kFoot * kFoot) * 1e3},
+    {42012, "dyne/cm", 1e-3},
+    {42013, "dyne/cm", 1e-3},
+    {42015, "N/m", 1.0},
+    {42016, "N/m", 1.0},
+};
+
+TEST(UnitFactorsTest, CodesWithWordsAreThoseUnits) {
+  for (auto const& [code, unit, exact] : kCodesWithWords) {
+    UnitFactor const& row =
+        kUnitFactors[code / 1000 - 1][static_cast<std::size_t>(code % 1000) - 10];
+    EXPECT_STREQ(row.unit, unit) << code;
+    EXPECT_TRUE(test::IsRounded(GetUnitFactor(code), exact))
+        << code << " " << GetUnitFactor(code) << " " << exact;
   }
-  auto const exponent = static_cast<double>(text.back() - '0');
-  return std::pow(kUnits.at(text.substr(0, text.size() - 1)), exponent);
-}
-
-double Value(std::string const& unit, std::int32_t unitClass) {
-  bool const byForce = unitClass <= 6 || unitClass == 42;  // weights that stand for forces
-  double const scale = byForce && (unit == "kg/cm2" || unit == "g/cm") ? kGravity : 1.0;
-  auto const slash = unit.find('/');
-  if (slash == std::string::npos) return Product(unit);
-  return scale * Product(unit.substr(0, slash)) / Product(unit.substr(slash + 1));
-}
-
-// Base units by class.
-std::string Base(std::int32_t unitClass) {
-  std::vector<std::string> const bases = {
-      "K",         "K",         "K",          "kPa",       "kPa",      "kPa",      "kg",
-      "sec",       "m",         "m",          "m2",        "m3",       "m3",       "m3",
-      "kg-mol",    "kg/sec",    "kg-mol/sec", "kg/kg-mol", "kg/m3",    "kg/m3",    "kg/m3",
-      "m3/kg-mol", "m3/kg-mol", "kJ",         "kW",        "kW",       "kW",       "kJ/kg",
-      "kJ/kg-K",   "kJ/kg-K",   "m3/kg",      "m3/kg",     "m3/sec",   "m3/sec",   "W/m-K",
-      "W/m2-K",    "W/m2-K",    "W/m2-K",     "W/K",       "cP",       "m2/sec",   "N/m",
-      "",          "",          "fraction",   "fraction",  "fraction", "fraction", "DEB",
-      "rps"};
-  return bases.at(static_cast<std::size_t>(unitClass - 1));
-}
-
-TEST(UnitFactors, EveryFactorFollowsFromTheNamesOfItsUnits) {
-  constexpr double kSixDigits = 6e-6;
-  int compared = 0;
-  for (std::int32_t c = 1; c <= 50; ++c) {
-    if (c == 43 || c == 44) continue;
-    for (std::size_t i = 0; i < kUnitFactors[c - 1].size(); ++i) {
-      std::string const unit = kUnitFactors[c - 1][i].unit;
-      double const expected = Value(unit, c) / Value(Base(c), c);
-      EXPECT_NEAR(Factor(c, i) / expected, 1.0, kSixDigits) << c << " " << unit;
-      ++compared;
-    }
-  }
-  EXPECT_EQ(compared, 1597);
-}
-
-TEST(UnitFactors, CodesOfCorrelationsNameTheirUnits) {
-  std::map<std::int32_t, char const*> const names = {{1010, "K"},
-                                                     {1011, "C"},
-                                                     {1012, "R"},
-                                                     {1013, "F"},
-                                                     {4010, "dyne/cm2"},
-                                                     {4012, "N/m2"},
-                                                     {4014, "Pa"},
-                                                     {4015, "kPa"},
-                                                     {4016, "MPa"},
-                                                     {4017, "bar"},
-                                                     {4019, "mm Hg"},
-                                                     {4021, "kg/cm2"},
-                                                     {4025, "atm"},
-                                                     {4026, "psia"},
-                                                     {4032, "in Hg"},
-                                                     {4033, "mbar"},
-                                                     {19012, "g/liter"},
-                                                     {19018, "kg/liter"},
-                                                     {19026, "lb/gal"},
-                                                     {19030, "lb/bbl"},
-                                                     {19063, "g/cm3"},
-                                                     {19067, "g/m3"},
-                                                     {19073, "kg/cm3"},
-                                                     {19081, "kg/m3"},
-                                                     {19089, "lb/in3"},
-                                                     {19091, "lb/ft3"},
-                                                     {22012, "liter/kg-mol"},
-                                                     {22014, "liter/g-mol"},
-                                                     {22016, "m3/g-mol"},
-                                                     {22018, "gal/lb-mol"},
-                                                     {22020, "cm3/kg-mol"},
-                                                     {22022, "cm3/g-mol"},
-                                                     {22024, "m3/kg-mol"},
-                                                     {22026, "in3/lb-mol"},
-                                                     {22028, "ft3/lb-mol"},
-                                                     {22034, "bbl/lb-mol"},
-                                                     {24013, "kcal"},
-                                                     {28010, "J/g"},
-                                                     {28012, "J/kg"},
-                                                     {28016, "kJ/g"},
-                                                     {28018, "kJ/kg"},
-                                                     {28028, "cal/g"},
-                                                     {28030, "cal/kg"},
-                                                     {28064, "cal/kg"},
-                                                     {28034, "kcal/g"},
-                                                     {28058, "kcal/g"},
-                                                     {28036, "kcal/kg"},
-                                                     {28060, "kcal/kg"},
-                                                     {28044, "BTU/lb"},
-                                                     {28070, "BTU/lb"},
-                                                     {30010, "J/g-K"},
-                                                     {30012, "J/kg-K"},
-                                                     {30014, "kJ/g-K"},
-                                                     {30016, "kJ/kg-K"},
-                                                     {30022, "cal/g-K"},
-                                                     {30024, "cal/kg-K"},
-                                                     {30026, "kcal/g-K"},
-                                                     {30028, "kcal/kg-K"},
-                                                     {30030, "BTU/lb-F"},
-                                                     {35010, "W/m-K"},
-                                                     {35011, "W/m-K"},
-                                                     {35014, "kW/m-K"},
-                                                     {35018, "cal/sec-cm-C"},
-                                                     {35020, "cal/hr-m-C"},
-                                                     {35022, "kcal/hr-m-C"},
-                                                     {35024, "BTU/hr-ft-F"},
-                                                     {40010, "cP"},
-                                                     {40012, "Pa-sec"},
-                                                     {40029, "lb-sec/ft2"},
-                                                     {42012, "dyne/cm"},
-                                                     {42013, "dyne/cm"},
-                                                     {42015, "N/m"},
-                                                     {42016, "N/m"}};
-  for (auto const& [code, name] : names) {
-    auto const row = kUnitFactors[code / 1000 - 1][static_cast<std::size_t>(code % 1000 - 10)];
-    EXPECT_STREQ(row.unit, name) << code;
-    EXPECT_EQ(GetUnitFactor(code), row.factor) << code;
-  }
-  for (std::int32_t code : {1010, 4015, 19081, 28018, 30016, 35010, 40010, 42015}) {
+  for (std::int32_t const code : {1010, 4015, 19081, 28018, 30016, 35010, 40010, 42015}) {
     EXPECT_EQ(GetUnitFactor(code), 1.0) << "a default unit is internal: " << code;
   }
 }
 
+// Factors kept as stored values were made with them, beside their true values to six digits.
+constexpr CodeWithWord kKeptFactors[] = {
+    {42010, "g/cm", 0.980665},
+    {42011, "g/cm", 0.980665},
+    {42017, "PDL/in", 5.44311},
+    {42018, "PDL/in", 5.44311},
+};
+
+TEST(UnitFactorsTest, EveryFactorIsThatOfItsUnitsText) {
+  std::size_t checked = 0;
+  for (std::size_t index = 0; index < std::size(kUnitFactors); ++index) {
+    char const* const baseText = kClassFacts[index].base;
+    if (baseText == nullptr) continue;
+    auto const base = test::ReadUnit(baseText);
+    ASSERT_TRUE(base) << baseText;
+    for (std::size_t i = 0; i < kUnitFactors[index].size(); ++i, ++checked) {
+      auto const& [factor, text] = kUnitFactors[index][i];
+      std::int32_t const code = Code(index, i);
+      auto const unit = test::ReadUnit(text);
+      ASSERT_TRUE(unit) << code << " " << text;
+      EXPECT_EQ(unit->dimension, base->dimension) << code << " " << text;
+      double const exact = unit->value / base->value;
+      auto const* const kept = std::ranges::find(kKeptFactors, code, &CodeWithWord::code);
+      if (kept == std::end(kKeptFactors)) {
+        EXPECT_TRUE(test::IsRounded(factor, exact)) << code << " " << text << " " << exact;
+      } else {
+        EXPECT_STREQ(text, kept->unit);
+        EXPECT_TRUE(test::IsRounded(kept->exact, exact)) << code;
+        EXPECT_NEAR(factor / exact, 1.0, 4e-6) << code;
+        EXPECT_FALSE(test::IsRounded(factor, exact)) << code << " is no longer apart";
+      }
+    }
+  }
+  EXPECT_EQ(checked, 1597U);
+}
+
+TEST(UnitFactorsTest, ReaderOfUnitTextsTellsUnitsApart) {
+  EXPECT_DOUBLE_EQ(test::ReadUnit("lb/ft-sec")->value, kPound / kFoot);
+  EXPECT_DOUBLE_EQ(test::ReadUnit("ft-lb/sec")->value, kPound * kGravity * kFoot);
+  EXPECT_DOUBLE_EQ(test::ReadUnit("m3/kg-mol")->value, 1e-3);
+  EXPECT_EQ(test::ReadUnit("m3/kg-mol")->dimension, (test::Dimension{0, 3, 0, 0, -1, 0}));
+  EXPECT_EQ(test::ReadUnit("J/kg-K")->dimension, (test::Dimension{0, 2, -2, -1, 0, 0}));
+  for (char const* text :
+       {"", "-", "/", "kg/", "/m3", "kg-", "-m", "stone", "kg/m4", "2", "kg//m"}) {
+    EXPECT_FALSE(test::ReadUnit(text)) << text;
+  }
+  EXPECT_TRUE(test::IsRounded(0.333333, 1.0 / 3.0));
+  EXPECT_FALSE(test::IsRounded(0.333334, 1.0 / 3.0));
+  EXPECT_FALSE(test::IsRounded(3.33333, 1.0 / 3.0));
+}
+
 struct DocumentRow {
-  std::string unit;  // "from | unit", as the document shows it; "class" where a class begins
+  std::string
+      unit;  // "from | unit", as the document shows it; "class" with its number where one begins
   double factor;
   bool operator==(DocumentRow const&) const = default;
+  friend void PrintTo(DocumentRow const& row, std::ostream* out) {
+    *out << row.unit << " | " << row.factor;
+  }
 };
 
 // The rows "| from | unit | factor |" of the document, class by class.
@@ -325,7 +293,10 @@ std::vector<DocumentRow> ShownRows() {
   std::ifstream document(ZEL_DOCS "/unit-codes.md");
   std::vector<DocumentRow> rows;
   for (std::string line; std::getline(document, line);) {
-    if (line.starts_with("## Class")) rows.push_back({"class", 0.0});
+    if (line.starts_with("## Class")) {
+      auto const* const number = line.c_str() + line.find_first_of("0123456789");
+      rows.push_back({"class", std::strtod(number, nullptr)});
+    }
     if (!line.starts_with("| ") || std::isdigit(static_cast<unsigned char>(line[2])) == 0) continue;
     std::size_t const bar = line.rfind(" | ");
     rows.push_back({line.substr(2, bar - 2), std::strtod(line.c_str() + bar + 3, nullptr)});
@@ -333,12 +304,13 @@ std::vector<DocumentRow> ShownRows() {
   return rows;
 }
 
-TEST(UnitFactors, DocumentShowsTheTable) {
+TEST(UnitFactorsTest, DocumentShowsTheTable) {
   std::vector<DocumentRow> rows;
   UnitFactor const* last = nullptr;
-  for (std::span<UnitFactor const> units : kUnitFactors) {
+  for (int unitClass = 1; unitClass <= kUnitClasses; ++unitClass) {
+    std::span<UnitFactor const> const units = kUnitFactors[unitClass - 1];
     if (units.data() == std::exchange(last, units.data())) continue;  // shares the rows before
-    rows.push_back({"class", 0.0});
+    rows.push_back({"class", static_cast<double>(unitClass)});
     for (std::size_t i = 0, j = 0; i < units.size(); i = j) {
       auto const same = [&](UnitFactor const& other) {
         return other.factor == units[i].factor && std::string(other.unit) == units[i].unit;
@@ -349,7 +321,43 @@ TEST(UnitFactors, DocumentShowsTheTable) {
       rows.push_back({std::to_string(10 + i) + " | " + name + times, units[i].factor});
     }
   }
-  EXPECT_TRUE(ShownRows() == rows);
+  EXPECT_EQ(ShownRows(), rows);
+}
+
+class UnitFactorsAndSystemTest : public test::UnitSystemTest {};
+
+// Classes of codes beside the unit classes that know all their units.
+struct SharedClass {
+  std::int32_t unitClass;
+  char const* dimension;
+};
+
+constexpr SharedClass kSharedClasses[] = {
+    {3, "tempdiff"},    {4, "pres"},      {7, "mass"},       {8, "time"},       {9, "leng"},
+    {11, "area"},       {12, "vol"},      {13, "stdliqvol"}, {14, "stdvapvol"}, {15, "mole"},
+    {16, "weightrate"}, {17, "molerate"}, {19, "density"},   {24, "energy"},    {28, "spenthalpy"},
+    {30, "spentropy"},  {31, "spvol"},    {33, "stdlvrat"},  {34, "stdgvrat"},  {35, "cond"},
+    {36, "htco"},       {39, "ua"},       {40, "visc"},      {41, "kvis"},      {42, "surf"},
+    {45, "frac"},       {49, "dipole"},
+};
+
+// By differences, since codes know no offset: a gauge unit has the factor of its scale.
+TEST_F(UnitFactorsAndSystemTest, UnitSystemConvertsAlike) {
+  for (auto const& [unitClass, dimension] : kSharedClasses) {
+    auto const index = static_cast<std::size_t>(unitClass - 1);
+    for (std::size_t i = 0; i < kUnitFactors[index].size(); ++i) {
+      auto const& [factor, text] = kUnitFactors[index][i];
+      double zero = 0.0;
+      double one = 1.0;
+      ASSERT_EQ(Convert(dimension, text, kClassFacts[index].base, zero), 0) << text;
+      ASSERT_EQ(Convert(dimension, text, kClassFacts[index].base, one), 0) << text;
+      if (std::ranges::find(kKeptFactors, Code(index, i), &CodeWithWord::code) !=
+          std::end(kKeptFactors)) {
+        continue;
+      }
+      EXPECT_TRUE(test::IsRounded(factor, one - zero)) << dimension << " " << text << " " << one;
+    }
+  }
 }
 
 }  // namespace
