@@ -24,6 +24,8 @@ void CompareDeletes(RatioTable& table, std::filesystem::path const& folder, std:
 void CompareOpens(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
 // Floats to doubles with their decimal digits.
 void CompareTrims(RatioTable& table);
+// Evaluation, the read of a full component and the search over three libraries.
+void CompareComponents(RatioTable& table, std::filesystem::path const& folder);
 // The constants that follow from a component's other constants and correlations.
 void CompareFillIns(RatioTable& table);
 

@@ -16,7 +16,7 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: bench_ratios [--only=reads|loads|deletes|opens|trims|fillins] [--items=N]\n"
+    "usage: bench_ratios [--only=reads|loads|deletes|opens|trims|components|fillins] [--items=N]\n"
     "                    [--rounds=N] [--folder=DIR] [--markdown]\n"
     "  --only      one group of comparisons instead of all\n"
     "  --items     this number of items instead of 10000, 100000 and 1000000\n"
@@ -79,6 +79,7 @@ int Run(Options const& options) {
   }
   if (wanted("opens")) CompareOpens(table, folder.Path(), sizes.back());
   if (wanted("trims")) CompareTrims(table);
+  if (wanted("components")) CompareComponents(table, folder.Path());
   if (wanted("fillins")) CompareFillIns(table);
   std::printf("\nTargets missed: %d\n", table.Missed());
   return 0;

@@ -29,6 +29,18 @@ class CorrelationCaller {
   ~CorrelationCaller() = default;
 };
 
+// What does not change from form to form: limits, unit, and constants of the component.
+struct FormConstants {
+  CorrelationCaller* caller = nullptr;
+  double tMax = 0.0;
+  double tMin = 0.0;
+  double factor = 1.0;  // of the final step
+  double offset = 0.0;
+  double Tc = 0.0;  // K
+  double Pc = 0.0;  // kPa
+  double Tb = 0.0;  // K
+};
+
 // X is the type of the temperature, C that of the coefficients: at most one of them is a Jet.
 template <typename X, typename C>
 struct Symbols {
@@ -37,16 +49,20 @@ struct Symbols {
 
   X T;
   int N;                  // coefficients in use, 0 to 15
-  C const* coefficients;  // 15, those beyond N are 0
-  double Tc, Pc, Tb;      // K, kPa, K
-  double tMin, tMax;
-  double b;     // log basis factor: 1 or ln 10
-  double f, o;  // unit factor and offset of the final step
-  CorrelationCaller* caller;
+  C const* coefficients;  // N of them; those beyond count as 0
+  double b;               // log basis factor: 1 or ln 10
+  FormConstants const& at;
 
-  C c(int i) const { return i >= 1 && i <= kMaxCoefficients ? coefficients[i - 1] : C(0.0); }
-  X tau() const { return 1.0 - T / Tc; }
-  X Tr() const { return T / Tc; }
+  C c(int i) const { return i >= 1 && i <= N ? coefficients[i - 1] : C(0.0); }
+  double Tc() const { return at.Tc; }
+  double Pc() const { return at.Pc; }
+  double Tb() const { return at.Tb; }
+  double tMin() const { return at.tMin; }
+  double tMax() const { return at.tMax; }
+  double f() const { return at.factor; }
+  double o() const { return at.offset; }
+  X tau() const { return 1.0 - T / Tc(); }
+  X Tr() const { return T / Tc(); }
 
   // Sum of Ci x^(i - first) over i = first..last, by Horner's rule from the highest down.
   template <typename Y>
@@ -61,12 +77,12 @@ struct Symbols {
   X Called(int index) const {
     if constexpr (IsJet<X>::value) {
       constexpr int kOrder = static_cast<int>(std::tuple_size_v<decltype(X::d)>) - 1;
-      CalledCorrelation const called = caller->Call(index, ValueOf(T), kOrder);
+      CalledCorrelation const called = at.caller->Call(index, ValueOf(T), kOrder);
       X jet(called.d[0]);
       for (int i = 1; i <= kOrder; ++i) jet.d[static_cast<std::size_t>(i)] = called.d[i];
       return jet;
     } else {
-      return caller->Call(index, T, 0).d[0];
+      return at.caller->Call(index, T, 0).d[0];
     }
   }
 };

@@ -103,24 +103,21 @@ constexpr DerivativeRule RuleOf(int equation, int order) noexcept {
 template <typename X, typename C>
 Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* coefficients) {
   double const b = call.logBasis == 2 ? kLn10 : 1.0;
-  return {T,         N, coefficients, call.Tc,     call.Pc,    call.Tb, call.tMin,
-          call.tMax, b, call.factor,  call.offset, call.caller};
+  return {T, N, coefficients, b, call};
 }
 
-using Coefficients = std::array<double, kMaxCoefficients>;
-
-void ValueOnly(EquationCall const& call, int N, Coefficients const& c, double& value) {
-  if (auto const result = Form(call.equation, MakeSymbols(call, call.temperature, N, c.data()))) {
+void ValueOnly(EquationCall const& call, int N, double& value) {
+  if (auto const result =
+          Form(call.equation, MakeSymbols(call, call.temperature, N, call.coefficients))) {
     value = *result;
   }
 }
 
 template <int Order>
-void WithDerivative(EquationCall const& call, int N, Coefficients const& c, double& value,
-                    double& derivative) {
+void WithDerivative(EquationCall const& call, int N, double& value, double& derivative) {
   DerivativeRule const rule = RuleOf(call.equation, Order);
   auto const T = Jet<Order>::Variable(call.temperature);
-  auto const result = Form(call.equation, MakeSymbols(call, T, N, c.data()));
+  auto const result = Form(call.equation, MakeSymbols(call, T, N, call.coefficients));
   derivative = 0.0;
   if (!result) return;
   value = result->d[0];
@@ -128,11 +125,12 @@ void WithDerivative(EquationCall const& call, int N, Coefficients const& c, doub
   if (rule == DerivativeRule::kFirstInstead) derivative = result->d[1];
 }
 
-void Sensitivities(EquationCall const& call, int N, Coefficients const& c, double* weights) {
+void Sensitivities(EquationCall const& call, int N, double* weights) {
   if (weights == nullptr || !FillsWeights(call.equation)) return;
   std::fill_n(weights, kMaxCoefficients, 0.0);
   std::array<Jet<1>, kMaxCoefficients> jets;
-  std::copy(c.begin(), c.end(), jets.begin());
+  double const* c = call.coefficients;
+  std::copy_n(c, N, jets.begin());
   for (std::size_t k = 0; k < static_cast<std::size_t>(N); ++k) {
     jets[k] = Jet<1>::Variable(c[k]);
     auto const result = Form(call.equation, MakeSymbols(call, call.temperature, N, jets.data()));
@@ -145,26 +143,29 @@ void Sensitivities(EquationCall const& call, int N, Coefficients const& c, doubl
 
 RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& derivative,
                              double* weights) {
-  if (call.tMax > kUndefinedLimit && CompareTemperature(call.temperature, call.tMax) > 0) {
+  double const T = call.temperature;
+  // The comparisons within rounding matter only on the far side of a limit.
+  if (call.tMax > kUndefinedLimit && T >= call.tMax && CompareTemperature(T, call.tMax) > 0) {
     return kAboveRange;
   }
-  if (call.tMin > kUndefinedLimit && CompareTemperature(call.temperature, call.tMin) < 0) {
+  if (call.tMin > kUndefinedLimit && !(T >= call.tMin) && CompareTemperature(T, call.tMin) < 0) {
     return kBelowRange;
   }
+  double number = value;  // in registers until the end
+  double slope = derivative;
   if (NamesForm(call.equation)) {
     int const N = std::clamp(call.coefficientCount, 0, kMaxCoefficients);
-    Coefficients c{};
-    std::copy_n(call.coefficients, N, c.begin());
     switch (call.order) {
-      case kFirstDerivative: WithDerivative<1>(call, N, c, value, derivative); break;
-      case kSecondDerivative: WithDerivative<2>(call, N, c, value, derivative); break;
-      case kThirdDerivative: WithDerivative<3>(call, N, c, value, derivative); break;
-      default: ValueOnly(call, N, c, value);
+      case kFirstDerivative: WithDerivative<1>(call, N, number, slope); break;
+      case kSecondDerivative: WithDerivative<2>(call, N, number, slope); break;
+      case kThirdDerivative: WithDerivative<3>(call, N, number, slope); break;
+      default: ValueOnly(call, N, number);
     }
-    if (call.order == kSensitivities) Sensitivities(call, N, c, weights);
+    if (call.order == kSensitivities) Sensitivities(call, N, weights);
   }
-  value = value * call.factor + call.offset;
-  if (call.order >= kFirstDerivative && call.order <= kThirdDerivative) derivative *= call.factor;
+  value = number * call.factor + call.offset;
+  bool const hasSlope = call.order >= kFirstDerivative && call.order <= kThirdDerivative;
+  derivative = hasSlope ? slope * call.factor : slope;
   return kInRange;
 }
 

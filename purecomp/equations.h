@@ -19,20 +19,12 @@ enum RangeStatus : std::int32_t { kInRange = 0, kAboveRange = 1, kBelowRange = -
 
 // One evaluation. Temperatures are in the unit that the record's limits and coefficients are in:
 // nothing is converted. Limits at or below -1e35 mean none.
-struct EquationCall {
-  CorrelationCaller* caller = nullptr;
+struct EquationCall : FormConstants {
   std::int32_t equation = 0;
   std::int32_t coefficientCount = 0;
-  double const* coefficients = nullptr;  // 15
+  double const* coefficients = nullptr;  // as many as the count says, up to 15
   double temperature = 0.0;
-  double tMax = 0.0;
-  double tMin = 0.0;
   std::int32_t order = kFirstDerivative;
-  double factor = 1.0;
-  double offset = 0.0;
-  double Tc = 0.0;
-  double Pc = 0.0;
-  double Tb = 0.0;
   std::int32_t logBasis = 1;
 };
 

@@ -91,7 +91,7 @@ template <typename S>
 typename S::Result Eq35(S const& s) {
   auto const t = AtLeast(s.tau(), kNearCritical);
   auto const sum = s.Polynomial(3, s.N, t) * t;
-  return kGasConstant * s.Tc * (s.c(1) - s.c(2) * (Ln(t) / s.b) - sum);
+  return kGasConstant * s.Tc() * (s.c(1) - s.c(2) * (Ln(t) / s.b) - sum);
 }
 
 template <typename S>
@@ -101,31 +101,31 @@ typename S::Result Eq36(S const& s) {
   auto const y = Exp(Ln(tau) / 3.0);
   auto const sum = s.c(1) * y + s.c(2) * (y * y) + s.c(3) * tau + s.c(4) * (tau * tau) +
                    s.c(5) * Square(Cube(tau));
-  return kGasConstant * s.Tc * sum;
+  return kGasConstant * s.Tc() * sum;
 }
 
 // The first derivative takes dz/dT as -1/Tc, whatever C7 is; stored data depend on it.
 template <typename S>
 typename S::Result Eq39(S const& s) {
-  auto const r = s.tau() / (1.0 - s.c(2) / s.Tc);
+  auto const r = s.tau() / (1.0 - s.c(2) / s.Tc());
   if (ValueOf(r) <= kNearCritical) return typename S::Value(0.0);
-  typename S::Value z = (s.T - s.c(6)) / (s.c(7) - s.Tc);
-  if constexpr (std::is_same_v<typename S::Value, Jet<1>>) z.d[1] = -1.0 / s.Tc;
+  typename S::Value z = (s.T - s.c(6)) / (s.c(7) - s.Tc());
+  if constexpr (std::is_same_v<typename S::Value, Jet<1>>) z.d[1] = -1.0 / s.Tc();
   return s.c(1) * Pow(r, s.c(3) + s.c(4) * z + s.c(5) * (z * z));
 }
 
 template <typename S>
 typename S::Result Eq43(S const& s) {
-  auto const r = (s.Tc - s.T) / (s.Tc - s.Tb);
+  auto const r = (s.Tc() - s.T) / (s.Tc() - s.Tb());
   if (ValueOf(r) <= kNearCritical) return typename S::Value(0.0);
   return s.c(1) * Pow(r, s.c(2));
 }
 
 template <typename S>
 typename S::Result Eq52(S const& s) {
-  auto const r = (s.Tc - s.T) / (s.Tc - s.Tb);
+  auto const r = (s.Tc() - s.T) / (s.Tc() - s.Tb());
   if (ValueOf(r) <= kNearCritical) return typename S::Value(0.0);
-  auto const factor = s.c(1) + s.c(3) * ((s.T - s.Tb) / (s.Tc - s.T));
+  auto const factor = s.c(1) + s.c(3) * ((s.T - s.Tb()) / (s.Tc() - s.T));
   return factor * Pow(r, s.c(2));
 }
 

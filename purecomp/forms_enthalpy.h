@@ -88,7 +88,7 @@ typename S::Result Eq40(S const& s) {
 
 template <typename S>
 typename S::Result Eq45(S const& s) {
-  typename S::Value sum = s.c(1) - s.c(2) * s.Tc * (Ln(s.Tc - s.T) / s.b);
+  typename S::Value sum = s.c(1) - s.c(2) * s.Tc() * (Ln(s.Tc() - s.T) / s.b);
   auto power = s.T;
   for (int k = 1; k <= s.N - 2; ++k) {
     sum = sum + s.c(k + 2) * power / double(k);
@@ -106,7 +106,7 @@ typename S::Result Eq46(S const& s) {
   auto const cubic = C2 * C5 / 3.0 + (C4 * C5 / 10.0 + C5 * C5 * tau / 30.0) * tau2;
   auto const sum =
       C2 * C2 * Ln(tau) + C3 * tau - (C2 * C4 + C4 * C4 * tau2 / 12.0) * tau2 - tau2 * tau * cubic;
-  return s.c(1) - s.Tc * sum;
+  return s.c(1) - s.Tc() * sum;
 }
 
 // Beside eq 46 on purpose: the last term uses C6 where that has C5, and b multiplies here.
@@ -116,9 +116,9 @@ typename S::Result Eq49(S const& s) {
   auto const C2 = s.c(2), C3 = s.c(3), C4 = s.c(4), C5 = s.c(5), C6 = s.c(6);
   auto const tau2 = tau * tau;
   auto const tau3 = tau2 * tau;
-  return s.c(1) - s.b * C2 * C2 * s.Tc * Ln(tau) - C3 * s.Tc * tau + C2 * C4 * s.Tc * tau2 +
-         s.Tc * tau3 / 3.0 * (C2 * C5 + C4 * C5 * tau2 / 5.0) +
-         s.Tc * Square(tau3) * (C6 * C6) / 30.0;
+  return s.c(1) - s.b * C2 * C2 * s.Tc() * Ln(tau) - C3 * s.Tc() * tau + C2 * C4 * s.Tc() * tau2 +
+         s.Tc() * tau3 / 3.0 * (C2 * C5 + C4 * C5 * tau2 / 5.0) +
+         s.Tc() * Square(tau3) * (C6 * C6) / 30.0;
 }
 
 template <typename S>
@@ -141,7 +141,7 @@ typename S::Result Eq54(S const& s) {
   auto const H2 = 17.11 * (1.0 - x) - 1.742 * Ln(x);
   auto const ratio = (r * (1.0 + r) + 1.0) / Square(r - 1.0);
   auto const H3 = 25.2 * (3.0 * r - root3 * Atan((1.0 + 2.0 * r) / root3) - 0.5 * Ln(ratio));
-  typename S::Value const ideal = (s.Called(kIdealEnthalpy) - s.o) / s.f;
+  typename S::Value const ideal = (s.Called(kIdealEnthalpy) - s.o()) / s.f();
   return kGasConstant * (s.c(1) + s.c(3) * (H1 + 0.25 * s.c(2) * (H2 + H3))) + ideal;
 }
 

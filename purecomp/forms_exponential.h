@@ -95,7 +95,7 @@ typename S::Result Eq44(S const& s) {
 template <typename S, typename X>
 typename S::Value Wagner(S const& s, X const& tau, X const& u, X const& v) {
   auto const sum = s.c(1) * tau + s.c(2) * PowOneAndHalf(tau) + s.c(3) * u + s.c(4) * v;
-  return (s.Pc - s.o) / s.f * ExpClamped(s.b * sum / s.Tr());
+  return (s.Pc() - s.o()) / s.f() * ExpClamped(s.b * sum / s.Tr());
 }
 
 template <typename S>

@@ -14,7 +14,7 @@ typename S::Result Eq1(S const& s) {
 template <typename S>
 typename S::Value ChebyshevSum(S const& s) {
   using V = typename S::Value;
-  auto const x = (2.0 * s.T - s.tMax - s.tMin) / (s.tMax - s.tMin);
+  auto const x = (2.0 * s.T - s.tMax() - s.tMin()) / (s.tMax() - s.tMin());
   auto previous = x * 0.0 + 1.0;
   auto current = x;
   V sum(0.0);
