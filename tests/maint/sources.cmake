@@ -1,5 +1,6 @@
 set(maint_TEST_SOURCES
     banks_test.cpp
+    components_test.cpp
     format_document_test.cpp
     items_test.cpp
     maint_fixture.cpp
