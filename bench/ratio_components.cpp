@@ -1,16 +1,16 @@
 // Pure components: evaluation of common forms, the read of a full item, and a merging search.
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 #include <filesystem>
 #include <memory>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "bench/ratio_cases.h"
+#include "bench/sqlite_components.h"
 #include "frame/ascii.h"
 #include "frame/platform/block_file.h"
 #include "lists/lib_search.h"
@@ -177,10 +177,59 @@ class Library {
 
 long NumberAt(std::size_t i) { return static_cast<long>(10000001 + i * 7919 % kItems); }
 
+// The numbers of a component that stand on file as floats: constants, then limits and coefficients.
+std::vector<double> RealsOf(Component const& c) {
+  std::vector<double> reals;
+  for (std::size_t i = 0; i < kConstantsOnFile; ++i) {
+    if (IsOnFile(i)) reals.push_back(c.fixed[i]);
+  }
+  for (std::size_t i = 0; i < kNamedCorrelations; ++i) {
+    Correlation const& correlation = c.correlations[i];
+    reals.push_back(correlation.tMin);
+    reals.push_back(correlation.tMax);
+    reals.insert(reals.end(), correlation.coefficients.begin(), correlation.coefficients.end());
+  }
+  return reals;
+}
+constexpr std::size_t kReals = 347;
+constexpr std::size_t kLastConstant = 40;  // HVAPNBP
+constexpr std::size_t kLastLimit = kReals - 16;
+
+std::uint64_t Check(double lastConstant, double lastLimit) {
+  return static_cast<std::uint64_t>(std::llround(lastConstant) + std::llround(lastLimit));
+}
+
 std::uint64_t CheckOf(PureComp_i const& bank) {
   Component const& c = bank.Data();
-  return static_cast<std::uint64_t>(c.number) +
-         static_cast<std::uint64_t>(std::llround(c.fixed[47] * 1e3 + c.correlations[17].tMax));
+  return Check(c.fixed[47], c.correlations[17].tMax);
+}
+
+// Each component's numbers, one behind the other.
+std::vector<double> AllReals(Library const& library) {
+  Held<IZelBankDef> const bank(NewPureComp());
+  LibMaint_i maint(library.Get());
+  Key_i key;
+  std::vector<double> all;
+  for (std::size_t i = 0; i < kItems; ++i) {
+    key.SetKey(static_cast<long>(10000001 + i));
+    if (!maint.ReadItem(bank.Get(), "B", &key)) throw std::runtime_error("no item");
+    std::vector<double> const reals = RealsOf(static_cast<PureComp_i*>(bank.Get())->Data());
+    all.insert(all.end(), reals.begin(), reals.end());
+  }
+  if (all.size() != kItems * kReals) throw std::logic_error("count of numbers");
+  return all;
+}
+
+Side SqliteReadsOf(SqliteComponents& store) {
+  return [&store](int) {
+    return TimeInMemory(kReadsPerRound, [&] {
+      std::vector<double> row(kReals);
+      for (std::size_t i = 0; i < kReadsPerRound; ++i) {
+        store.Read(static_cast<std::int32_t>(NumberAt(i)), row);
+      }
+      return Check(row[kLastConstant], row[kLastLimit]);
+    });
+  };
 }
 
 // The floats of an item through text and back, as a reader without the 7-digit trim would.
@@ -192,14 +241,8 @@ Side FloatsThroughText(Library const& library) {
     key.SetKey(NumberAt(kReadsPerRound - 1));
     maint.ReadItem(bank.Get(), "B", &key);
     std::vector<float> floats;
-    Component const& c = static_cast<PureComp_i*>(bank.Get())->Data();
-    for (std::size_t i = 0; i < 50; ++i) {
-      if (IsOnFile(i)) floats.push_back(static_cast<float>(c.fixed[i]));
-    }
-    for (std::size_t i = 0; i < 18; ++i) {
-      floats.push_back(static_cast<float>(c.correlations[i].tMin));
-      floats.push_back(static_cast<float>(c.correlations[i].tMax));
-      for (double x : c.correlations[i].coefficients) floats.push_back(static_cast<float>(x));
+    for (double const x : RealsOf(static_cast<PureComp_i*>(bank.Get())->Data())) {
+      floats.push_back(static_cast<float>(x));
     }
     std::uint64_t const check = CheckOf(*static_cast<PureComp_i*>(bank.Get()));
     return TimeInMemory(kReadsPerRound, [&] {
@@ -269,6 +312,15 @@ void CompareComponents(RatioTable& table, std::filesystem::path const& folder) {
                  ReadsOf(full, kReadsPerRound), Target::Ratio(0.25)});
   table.Compare({"read of a full component", "its floats as text", FloatsThroughText(full),
                  ReadsOf(full, kReadsPerRound), Target::Nanoseconds(kReadLimit)});
+  std::vector<double> const reals = AllReals(full);
+  std::vector<std::int32_t> numbers(kItems);
+  std::iota(numbers.begin(), numbers.end(), 10000001);
+  SqliteComponents blobs(folder / "blobs.sqlite", ComponentTable::kBlob, numbers, reals);
+  SqliteComponents columns(folder / "columns.sqlite", ComponentTable::kColumns, numbers, reals);
+  table.Compare({"read of a full component", "SQLite, a blob", SqliteReadsOf(blobs),
+                 ReadsOf(full, kReadsPerRound), Target::None()});
+  table.Compare({"read of a full component", "SQLite, columns", SqliteReadsOf(columns),
+                 ReadsOf(full, kReadsPerRound), Target::None()});
   table.Compare({"merging search over three libraries", "one read",
                  ReadsOf(full, kSearchesPerRound), SearchesOf(libraries), Target::Ratio(4.0)});
 }
