@@ -26,7 +26,7 @@ constexpr int kCorrelationAddress = 95, kStructureAddress = 98;
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   std::int32_t words[kMain + kStructure + kCorrelations] = {};
-  std::memcpy(words, data, std::min(size, sizeof words));
+  if (size != 0) std::memcpy(words, data, std::min(size, sizeof words));
   zel::test::MemoryFileSystem files;
   zel::LibFile_i library(files, zel::accUpdate, "/f.lb1", "F");
   if (library.CreateNew(zel::libKind11) != zel::openOk) return 0;

@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   constexpr std::size_t kReals = 22;
   std::int16_t head[kHead / 2] = {};
   double reals[kReals] = {};
-  std::memcpy(head, data, size < kHead ? size : kHead);
+  if (size != 0) std::memcpy(head, data, size < kHead ? size : kHead);
   if (size > kHead) {
     std::size_t const rest = size - kHead;
     std::memcpy(reals, data + kHead, rest < sizeof reals ? rest : sizeof reals);
