@@ -61,9 +61,9 @@ void Key_i::SetKeyText(long count, char const* text) {
   SetKeyWords(count, words.data());
 }
 
-// Null for a position outside the key and for a direct key, which has no components.
+// Null for a position outside the key. Setting words directly leaves the components as they were.
 Key_i::Place const* Key_i::PlaceAt(std::int32_t position) const {
-  if (direct_ || position < 0 || position >= kPlaces) return nullptr;
+  if (position < 0 || position >= kPlaces) return nullptr;
   return &places_[static_cast<std::size_t>(position)];
 }
 
@@ -100,16 +100,17 @@ void Key_i::FitCompCount(std::int32_t fullLength, std::int32_t shortLength) {
     count_ = 2;
     return;
   }
-  for (std::int32_t i = std::max(shortLength, 0); i < fullLength; ++i) {
+  std::int32_t const length = std::clamp(fullLength, 0, format::kMaxKeyWords);
+  for (std::int32_t i = std::max(shortLength, 0); i < length; ++i) {
     if (i < kPlaces) {
       Place& place = places_[static_cast<std::size_t>(i)];
       place.kind = keyNumber;
       place.number = kWildcard;
       place.cached = 0;
     }
-    if (i < format::kMaxKeyWords) given_[static_cast<std::size_t>(i)] = kWildcard;
+    given_[static_cast<std::size_t>(i)] = kWildcard;
   }
-  count_ = fullLength;
+  count_ = length;
 }
 
 void Key_i::ClearCache() {
@@ -142,7 +143,7 @@ bool Key_i::ResolvePlace(Place& place, LibFile* library, std::int32_t& word) {
 bool Key_i::ResolveKey(LibFile* library, std::int32_t mode, bool& swapped) {
   swapped = false;
   if (direct_) {
-    std::copy_n(given_.begin(), count_, words_.begin());
+    words_ = given_;
   } else {
     for (std::int32_t i = 0; i < std::min(count_, kPlaces); ++i) {
       auto const at = static_cast<std::size_t>(i);
@@ -150,7 +151,7 @@ bool Key_i::ResolveKey(LibFile* library, std::int32_t mode, bool& swapped) {
     }
   }
   if (mode != 1 && mode != 2) return true;
-  auto const count = static_cast<std::size_t>(std::min(count_, format::kMaxKeyWords));
+  auto const count = static_cast<std::size_t>(count_);
   bool moved = false;
   for (std::size_t i = 0; i < count; ++i) {
     for (std::size_t k = i + 1; k < count; ++k) {

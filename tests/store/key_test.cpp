@@ -1,62 +1,18 @@
+// Keys as they are set and widened.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
+#include <memory>
 #include <string>
-#include <vector>
 
-#include "store/key.h"
-#include "store/lib_file.h"
-#include "store/packed_text.h"
-#include "tests/support/memory_file_system.h"
+#include "tests/store/key_fixture.h"
 
 namespace zel {
 namespace {
 
-// A library whose identifier trees are filled by hand.
-class KnownIds {
- public:
-  KnownIds() : library_(files_, accUpdate, "/k.lb1", "k") { library_.CreateNew(libKind11); }
-
-  void AddId(char const* id, std::int32_t number) {
-    std::int32_t key[10] = {};
-    TextToWords(id, key, 2);
-    Add(*library_.GetCharIdTree(), key, number);
-  }
-  void AddCas(std::int32_t cas, std::int32_t number) {
-    std::int32_t key[10] = {cas};
-    Add(*library_.GetCasTree(), key, number);
-  }
-  LibFile* Library() { return &library_; }
-
- private:
-  static void Add(BTree_i& tree, std::int32_t const* key, std::int32_t number) {
-    std::int32_t const* found = nullptr;
-    ASSERT_FALSE(tree.Find(key, found));
-    tree.Insert(key, format::kNullAddress, format::kNullAddress);
-    std::int32_t* data = nullptr;
-    ASSERT_TRUE(tree.GetCurrentData(data));
-    *data = number;
-    tree.WriteCurrentNode();
-  }
-
-  test::MemoryFileSystem files_;
-  LibFile_i library_;
-};
-
-std::vector<std::int32_t> Words(Key_i const& key, std::size_t n) {
-  return {key.GetKeyWords(), key.GetKeyWords() + n};
-}
-
-class KeyTest : public ::testing::Test {
- protected:
-  void TearDown() override { LibFile::ClearOrdwinNameIndex(); }
-  bool Resolve(LibFile* library, std::int32_t mode = 0) {
-    return key_.ResolveKey(library, mode, swapped_);
-  }
-
-  Key_i key_;
-  bool swapped_ = true;
-};
+using test::KeyTest;
+using test::KnownIds;
+using test::Words;
 
 TEST_F(KeyTest, FreshKeyIsEmpty) {
   EXPECT_EQ(key_.GetCompCount(), 0);
@@ -70,6 +26,12 @@ TEST_F(KeyTest, NumberIsKept) {
   EXPECT_EQ(key_.GetCompCount(), 1);
   EXPECT_EQ(key_.GetCompKind(0), keyNumber);
   EXPECT_EQ(number, 5);
+}
+
+TEST_F(KeyTest, NumbersAreCutToTheirWord) {
+  key_.SetKey((1L << 32) + 5);
+  ASSERT_TRUE(Resolve(nullptr));
+  EXPECT_EQ(Words(key_, 1)[0], 5);
 }
 
 TEST_F(KeyTest, IdsAreUpperCasedAndCutToEight) {
@@ -164,10 +126,42 @@ TEST_F(KeyTest, DirectWordsAreCutToTen) {
   EXPECT_EQ(key_.GetCompCount(), 10);
   EXPECT_EQ(Words(key_, 10), std::vector<std::int32_t>(words, words + 10));
   EXPECT_EQ(key_.GetCompKind(0), keyNone);
-  key_.SetKeyWords(0, words);
-  EXPECT_EQ(key_.GetCompCount(), 0);
+  for (long none : {0L, -1L, -(1L << 40)}) {
+    key_.SetKeyWords(12, words);
+    key_.SetKeyWords(none, words);
+    EXPECT_EQ(key_.GetCompCount(), 0);
+    ASSERT_TRUE(Resolve(nullptr, 2));
+    EXPECT_FALSE(swapped_);
+  }
+  key_.SetKeyWords(1L << 40, words);
+  EXPECT_EQ(key_.GetCompCount(), 10);
+  key_.SetKeyWords(2, words);
+  EXPECT_EQ(Words(key_, 3), (std::vector<std::int32_t>{1, 2, 0})) << "the others are cleared";
   key_.SetKey(3L);  // no longer direct
   EXPECT_EQ(key_.GetCompKind(0), keyNumber);
+}
+
+TEST_F(KeyTest, DirectWordsLeaveTheComponentsAsTheyWere) {
+  std::int32_t const words[] = {9, 3};
+  char text[9] = "";
+  key_.SetKey("AB", 4L);
+  key_.SetKeyWords(2, words);
+  ASSERT_TRUE(Resolve(nullptr)) << "no component is looked up";
+  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{9, 3}));
+  EXPECT_EQ(key_.GetCompKind(0), keyText);
+  key_.GetCompText(0, text);
+  EXPECT_STREQ(text, "AB");
+  key_.ClearKey();
+  EXPECT_EQ(key_.GetCompKind(0), keyNone);
+}
+
+TEST_F(KeyTest, TextIsNotFolded) {
+  key_.SetKeyText(1, "aB");
+  std::int32_t word = 0;
+  TextToWords("aB", &word, 1);
+  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{word, 0}));
+  key_.SetKeyText(2, nullptr);
+  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{0, 0}));
 }
 
 TEST_F(KeyTest, TextIsPackedIntoWords) {
@@ -206,6 +200,59 @@ TEST_F(KeyTest, ShortKeysAreWidened) {
   EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{2147483647, 2147483647}));
 }
 
+TEST_F(KeyTest, DoublingTakesAllOfTheComponent) {
+  char text[9] = "";
+  casn cas;
+  key_.SetKey("AB");
+  key_.FitCompCount(2, 1);
+  EXPECT_EQ(key_.GetCompKind(1), keyText);
+  key_.GetCompText(1, text);
+  EXPECT_STREQ(text, "AB");
+  key_.SetKey(casn("64-17-5"));
+  key_.FitCompCount(2, 1);
+  EXPECT_EQ(key_.GetCompKind(1), keyCas);
+  key_.GetCompCasn(1, cas);
+  EXPECT_EQ(static_cast<long>(cas), 64175);
+
+  KnownIds library;
+  auto index = std::make_unique<KnownIds>();
+  index->AddId("X", 44);
+  LibFile::SetOrdwinNameIndex(index->Library());
+  key_.SetKey("X");
+  ASSERT_TRUE(Resolve(library.Library()));
+  key_.FitCompCount(2, 1);
+  LibFile::ClearOrdwinNameIndex();
+  ASSERT_TRUE(Resolve(library.Library())) << "the cached number was doubled too";
+  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{44, 44}));
+}
+
+// More components than the index has: what lies behind the short length gives way too.
+TEST_F(KeyTest, LongKeysAreCutToTheFullLength) {
+  key_.SetKey(4L, 5L, 6L);
+  key_.FitCompCount(2, 1);
+  EXPECT_EQ(key_.GetCompCount(), 2);
+  ASSERT_TRUE(Resolve(nullptr));
+  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{4, 2147483647}));
+  key_.SetKey(4L, 5L, 6L);
+  key_.FitCompCount(2, 3);
+  ASSERT_TRUE(Resolve(nullptr));
+  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{4, 5}));
+}
+
+TEST_F(KeyTest, LengthsThatNoIndexHasStayWithinTheKey) {
+  std::int32_t const words[] = {9, 3};
+  for (std::int32_t full : {-1, 0, 10, 11, 1000, INT32_MAX, INT32_MIN}) {
+    for (bool direct : {true, false}) {
+      key_.SetKey(9L, 3L);
+      if (direct) key_.SetKeyWords(2, words);
+      key_.FitCompCount(full, 1);
+      EXPECT_EQ(key_.GetCompCount(), std::clamp(full, 0, 10)) << full;
+      EXPECT_TRUE(Resolve(nullptr, 2));
+      EXPECT_FALSE(swapped_) << "9 ahead of wildcards";
+    }
+  }
+}
+
 TEST_F(KeyTest, DirectKeyOfOneWordIsDoubledToo) {
   std::int32_t const word = 9;
   key_.SetKeyWords(1, &word);
@@ -239,59 +286,6 @@ TEST_F(KeyTest, DirectKeyStaysReversedForTheNextResolution) {
     EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{3, 9}));
     EXPECT_TRUE(swapped_);
   }
-}
-
-TEST_F(KeyTest, IdsAndCasNumbersResolveThroughTheLibrary) {
-  KnownIds known;
-  known.AddId("WATER", 12);
-  known.AddCas(64175, 7);
-  key_.SetKey("water", casn("64-17-5"));
-  ASSERT_TRUE(Resolve(known.Library()));
-  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{12, 7}));
-}
-
-TEST_F(KeyTest, UnknownComponentFailsWithoutANameIndex) {
-  KnownIds known;
-  key_.SetKey(5L, "NOBODY");
-  EXPECT_FALSE(Resolve(known.Library()));
-  EXPECT_EQ(Words(key_, 1)[0], 5) << "words in front were written";
-  key_.SetKey(casn("7732-18-6"));  // the empty number is never looked up
-  EXPECT_FALSE(Resolve(known.Library()));
-}
-
-TEST_F(KeyTest, NameIndexServesWhatTheLibraryDoesNotKnowAndIsCached) {
-  KnownIds library;
-  auto index = std::make_unique<KnownIds>();
-  index->AddId("ETHANOL", 44);
-  LibFile::SetOrdwinNameIndex(index->Library());
-  key_.SetKey("ETHANOL");
-  ASSERT_TRUE(Resolve(library.Library()));
-  EXPECT_EQ(Words(key_, 1)[0], 44);
-  LibFile::ClearOrdwinNameIndex();
-  ASSERT_TRUE(Resolve(library.Library())) << "the cached number serves";
-  key_.ClearCache();
-  EXPECT_FALSE(Resolve(library.Library()));
-}
-
-TEST_F(KeyTest, LibraryIsAskedBeforeTheCache) {
-  KnownIds library;
-  KnownIds index;
-  index.AddId("X", 1);
-  LibFile::SetOrdwinNameIndex(index.Library());
-  key_.SetKey("X");
-  ASSERT_TRUE(Resolve(library.Library()));
-  library.AddId("X", 2);
-  ASSERT_TRUE(Resolve(library.Library()));
-  EXPECT_EQ(Words(key_, 1)[0], 2);
-}
-
-TEST_F(KeyTest, NameIndexAsTheLibraryGoesStraightToTheCache) {
-  KnownIds index;
-  index.AddId("X", 1);
-  LibFile::SetOrdwinNameIndex(index.Library());
-  key_.SetKey("X");
-  ASSERT_TRUE(Resolve(index.Library()));
-  EXPECT_EQ(Words(key_, 1)[0], 1);
 }
 
 TEST_F(KeyTest, AssignmentBetweenKeysChangesNeither) {

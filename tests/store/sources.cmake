@@ -4,6 +4,7 @@ set(store_TEST_SOURCES
     btree_test.cpp
     casn_test.cpp
     extents_test.cpp
+    key_resolve_test.cpp
     key_test.cpp
     lib_file_blocks_test.cpp
     lib_file_open_test.cpp
