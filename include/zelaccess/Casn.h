@@ -31,7 +31,8 @@ class ZEL_API casn {
 
   // The number; 0 when empty.
   operator long() const noexcept { return value; }  // NOLINT(google-explicit-constructor)
-  // The printed form, valid as long as this object is unchanged; "" when empty.
+  // The printed form, to be read only, valid as long as this object is unchanged; "" when empty.
+  operator char*() noexcept { return text; }              // NOLINT(google-explicit-constructor)
   operator char const*() const noexcept { return text; }  // NOLINT(google-explicit-constructor)
 
  private:

@@ -30,7 +30,8 @@ TEST(Casn, TextsAreReadOrGiveTheEmptyNumber) {
       {"773x-18-5", 0, ""},
       {"", 0, ""},
       {"-", 0, ""},
-      {"9999999999999-99-9", 0, ""},  // wraps around
+      {"9999999999999-99-9", 0, ""},           // wraps around
+      {"4302699-48-1", 7732185, "7732-18-5"},  // likewise, to a number that passes
   };
   for (Row const& row : kRows) {
     casn const c(row.text);
@@ -50,6 +51,37 @@ TEST(Casn, IntegersAreValidatedByTheCheckDigit) {
   }
 }
 
+TEST(Casn, EveryNumberFollowsTheCheckDigitAlone) {
+  for (long number = 1; number <= 200000; ++number) {
+    long sum = 0;
+    long position = 1;
+    for (long q = number / 10; q > 0; q /= 10) sum += position++ * (q % 10);
+    bool const valid = sum % 10 == number % 10;
+    casn const c(number);
+    ASSERT_EQ(Value(c), valid ? number : 0);
+    if (valid && number >= 1000) {
+      ASSERT_EQ(Value(casn(Text(c).c_str())), number) << Text(c);
+    }
+  }
+}
+
+TEST(Casn, LargestNumbersPrintWhole) {
+  EXPECT_EQ(Text(casn(2147483643)), "2147483-64-3");
+  EXPECT_EQ(Text(casn("2147483-64-3")), "2147483-64-3");
+}
+
+TEST(Casn, TextIsGivenInPlace) {
+  casn c("64-17-5");
+  char* text = c;
+  char const* same = c;
+  EXPECT_STREQ(text, "64-17-5");
+  EXPECT_EQ(text, same);
+  casn const fixed(c);
+  char const* copied = fixed;
+  EXPECT_STREQ(copied, "64-17-5");
+  EXPECT_NE(copied, same);
+}
+
 TEST(Casn, NullTextIsEmpty) { EXPECT_EQ(Value(casn(static_cast<char const*>(nullptr))), 0); }
 
 TEST(Casn, AssignmentReplacesBothForms) {
@@ -59,9 +91,13 @@ TEST(Casn, AssignmentReplacesBothForms) {
   EXPECT_EQ(Text(c), "64-17-5");
   c = 7732185L;
   EXPECT_EQ(Text(c), "7732-18-5");
-  casn other;
+  casn other("50-00-0");
   other = c;
+  EXPECT_EQ(Value(other), 7732185);
   EXPECT_EQ(Text(other), "7732-18-5");
+  other = casn();
+  EXPECT_EQ(Value(other), 0);
+  EXPECT_EQ(Text(other), "");
   c = "nonsense";
   EXPECT_EQ(Value(c), 0);
   EXPECT_EQ(Text(c), "");
