@@ -1,7 +1,9 @@
 // Report of a tree's structure, node by node in breadth-first order.
 //
 // Each child is numbered by its place in the list of nodes. A node that turns up a second time is
-// shown with its first number and not listed again; one that cannot be read counts 0 entries.
+// shown with its first number and not listed again; one that cannot be read counts 0 entries. The
+// list ends, whatever the links say: what lies outside the files has no links, and each block of
+// the files is listed once.
 #include <algorithm>
 #include <string>
 #include <unordered_map>
@@ -132,9 +134,8 @@ bool BTree_i::DumpTree(std::int32_t indent, std::FILE* stream, std::int32_t expe
   if (head_.rootAddress != f::kNullAddress) CheckHead();
   TreeReport report(head_, indent, stream);
   NodeBuffer buffer(store_.Nodes());
-  std::int64_t const bound = store_.BlockBound() + 1;
   report.PrintTitles();
-  for (std::size_t n = 0; report.Has(n) && static_cast<std::int64_t>(n) < bound; ++n) {
+  for (std::size_t n = 0; report.Has(n); ++n) {
     std::int32_t const address = report.AddressOf(n);
     if (address == f::kNullAddress) {
       report.PrintMissingRoot(address);

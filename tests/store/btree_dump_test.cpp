@@ -150,5 +150,39 @@ TEST_F(DumpTest, NodeThatComesBackIsListedOnce) {
   EXPECT_NE(text.find("Total entries    1\n"), std::string::npos);
 }
 
+TEST_F(DumpTest, LinksThatLeadNowhereDoNotHideTheNodesBehindThem) {
+  MakeHead(false, 1, 1, 331);
+  BTree_i tree(library_.Store(), head_);
+  Insert(tree, 1, 0, 1);
+  std::int32_t const leaf[1000] = {1, 990000000, 990000000, 990000000, 990000000, 99, 7, 990000000};
+  std::int32_t good = 990000000;
+  library_.WriteBlock(good, 1000, leaf, 2);
+  ASSERT_EQ(good, 112000002);
+  std::int32_t node[1000] = {20, 990000000, 990000000, 990000000, 990000000};
+  for (int i = 1; i <= 20; ++i) {
+    node[3 * i + 2] = i;
+    node[3 * i + 4] = i == 20 ? good : 5 + i;  // no addresses, but for the last
+  }
+  std::int32_t address = 112000001;
+  library_.WriteBlock(address, 1000, node, 0);
+  std::string const text = Dump(0, 21, verdict_);
+  EXPECT_TRUE(verdict_);
+  EXPECT_NE(text.find("\n 1 (000000006)   0  (--)\n"), std::string::npos);
+  EXPECT_NE(text.find("\n19 (000000024)   0  (--)\n"), std::string::npos);
+  EXPECT_NE(text.find("\n20 (112000002)   1  (--)  /00000099/  /0x00000007/  (--)\n"),
+            std::string::npos);
+}
+
+TEST_F(DumpTest, UnusableHeadThrowsItsRoot) {
+  MakeHead(false, 1, 1, 4);
+  {
+    BTree_i tree(library_.Store(), head_);
+    Insert(tree, 1, 0, 1);
+  }
+  head_[format::kHeadKeyWords] = 11;
+  BTree_i tree(library_.Store(), head_);
+  EXPECT_THROW(tree.DumpTree(0, stderr, -1), unsigned long);
+}
+
 }  // namespace
 }  // namespace zel
