@@ -257,11 +257,20 @@ std::int32_t BlockStore::WriteBlock(std::int32_t& address, std::int32_t words,
   return written;
 }
 
+std::int64_t BlockStore::CheckFreeable(std::int32_t address, std::int32_t words) const {
+  BlockAddress const a = CheckedForWriting(address);
+  std::int64_t const blocks = BlocksFor(a.file, words);
+  if (Slot(a.file).state == kAbsent || extents_.Overlaps(address, blocks, a.file)) {
+    ThrowBlockError(address);
+  }
+  return blocks;
+}
+
 void BlockStore::FreeBlock(std::int32_t& address, std::int32_t words) {
   BlockAddress const a = CheckedForWriting(address);
-  if (Slot(a.file).state == kAbsent) ThrowBlockError(address);
+  std::int64_t const blocks = CheckFreeable(address, words);
   if (Slot(a.file).state != kOpen) OpenFile(a.file, false, false);
-  extents_.GiveBack(address, BlocksFor(a.file, words), a.file);
+  extents_.GiveBack(address, blocks, a.file);
   address = format::kNullAddress;
 }
 

@@ -62,6 +62,8 @@ class BlockStore {
   std::int32_t WriteBlock(std::int32_t& address, std::int32_t words, std::int32_t const* buffer,
                           std::int32_t fileChoice);
   void FreeBlock(std::int32_t& address, std::int32_t words);
+  // Throws like FreeBlock where that would throw; gives the blocks that it would free.
+  std::int64_t CheckFreeable(std::int32_t address, std::int32_t words) const;
   // Throws `address` unless the store is open for update.
   void CheckWritable(std::int32_t address) const;
   // A block run in place, for a library open for reading whose file is mapped; null otherwise, when

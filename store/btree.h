@@ -19,8 +19,9 @@
 //
 // Damaged data: a node whose entry count is impossible, a path of more than 64 nodes, a walk or a
 // rebuild that visits more nodes than the files have blocks, and an unusable head end in the block
-// store's exception with the address at hand. Two tree objects on one head do not see each other's
-// writes; drop the first before the second is made.
+// store's exception with the address at hand. A rebuild looks at the whole tree before it changes
+// anything. Two tree objects on one head do not see each other's writes; drop the first before the
+// second is made.
 #pragma once
 
 #include <cstdint>
@@ -54,7 +55,8 @@ class BTree_i {
   bool Find(Key* key, std::int32_t const*& data);
   // Inserts a bare key, its data words zero, at the position of the last failed Find, which becomes
   // the position of the new entry. True when the tree grew a level. Does nothing and gives false
-  // when the last search succeeded or there was none. Outside callers pass null links.
+  // when the last search succeeded, when there was none, and within a walk. Outside callers pass
+  // null links.
   bool Insert(std::int32_t const* key, std::int32_t left, std::int32_t right);
   bool Insert(Key* key, std::int32_t left, std::int32_t right);
   // True, also when the key is absent: the tree is then rebuilt with the same keys. Throws the null
@@ -63,7 +65,7 @@ class BTree_i {
   bool Delete(Key* key);
   // The data of the entry at the position, to be changed in place; false without one.
   bool GetCurrentData(std::int32_t*& data);
-  // Writes the node at the position; false without one.
+  // Writes the node of the entry at the position; false without one.
   bool WriteCurrentNode();
 
   // In-order walk: gives key and data length (0 and 0 for an empty tree), then WalkNext gives entry
@@ -114,6 +116,7 @@ class BTree_i {
   std::int32_t* Own(Level& level);
   void Forget(std::int32_t address, Level const* except) noexcept;
   void ForgetAll() noexcept;
+  bool WithinBlocks(std::int64_t visits, std::int64_t& bound) const noexcept;
   int Search(std::int32_t const* words, std::int32_t const* key, bool& found) const noexcept;
 
   // Walk (btree_walk.cpp).
@@ -122,6 +125,8 @@ class BTree_i {
 
   // Insertion (btree_insert.cpp).
   void WriteNode(std::int32_t& address, std::int32_t const* words);
+  void WriteLevel(Level& level);
+  void CheckRoomToGrow(int level) const;
   void InsertEntry(int level, std::int32_t const* entry, std::int32_t left, std::int32_t right,
                    bool& grew);
   void PutIntoNode(Level& level, std::int32_t const* entry, std::int32_t left, std::int32_t right);
@@ -137,6 +142,7 @@ class BTree_i {
   void Rebuild(std::int32_t const* deletedKey);
   void MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey);
   std::vector<std::int32_t> NodesInBreadth();
+  void CheckBlocksOf(std::vector<std::int32_t> nodes) const;
 
   class ForgetOnFailure;
 

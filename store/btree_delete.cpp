@@ -26,8 +26,7 @@ bool BTree_i::DeleteNearLeaves(std::int32_t const* key) {
   if (!IsLeaf(level.words)) return DeleteFromInner(level);
   std::int32_t* node = Own(level);  // leaves are never merged, and may become empty
   DropFromNode(node, EntryAt(level.index));
-  WriteNode(level.address, node);
-  Forget(level.address, &level);
+  WriteLevel(level);
   return true;
 }
 
@@ -40,7 +39,9 @@ void BTree_i::DropFromNode(std::int32_t* node, int firstWord) const noexcept {
   node[f::kNodeCount] = count - 1;
 }
 
-// The entry at the position, whose node is an inner one right above leaves.
+// The entry at the position, whose node is an inner one right above leaves. Leaves all lie at one
+// depth, each under one link; where damage has it otherwise the rebuild decides, which loses
+// nothing or throws.
 bool BTree_i::DeleteFromInner(Level& level) {
   int const p = level.index;
   std::int32_t* node = Own(level);
@@ -51,12 +52,12 @@ bool BTree_i::DeleteFromInner(Level& level) {
   NodeBuffer rightBuffer(store_.Nodes());
   std::int32_t* right = rightBuffer.Words();
   ReadNode(rightAddress, right);
-  if (!IsLeaf(right)) return false;
+  if (!IsLeaf(right) || leftAddress == rightAddress) return false;
   std::int32_t const nR = right[f::kNodeCount];
 
   if (c >= 2 && nR == 0) {
     DropFromNode(node, EntryAt(p));  // entry and right link
-    WriteNode(level.address, node);
+    WriteLevel(level);
     Forget(rightAddress, nullptr);
     store_.FreeBlock(rightAddress, f::kNodeWords);
     return true;
@@ -65,11 +66,12 @@ bool BTree_i::DeleteFromInner(Level& level) {
   NodeBuffer leftBuffer(store_.Nodes());
   std::int32_t* left = leftBuffer.Words();
   ReadNode(leftAddress, left);
+  if (!IsLeaf(left)) return false;
   std::int32_t const nL = left[f::kNodeCount];
 
   if (c >= 2 && nL == 0) {
     DropFromNode(node, LinkAt(p - 1));  // left link and entry: the right link takes its place
-    WriteNode(level.address, node);
+    WriteLevel(level);
     Forget(leftAddress, nullptr);
     store_.FreeBlock(leftAddress, f::kNodeWords);
     return true;
@@ -79,10 +81,10 @@ bool BTree_i::DeleteFromInner(Level& level) {
     left[f::kNodeCount] = nL + nR;
     WriteNode(leftAddress, left);
     Forget(leftAddress, nullptr);
+    DropFromNode(node, EntryAt(p));
+    WriteLevel(level);
     Forget(rightAddress, nullptr);
     store_.FreeBlock(rightAddress, f::kNodeWords);
-    DropFromNode(node, EntryAt(p));
-    WriteNode(level.address, node);
     return true;
   }
   bool const rightIsPoor = nR <= nL || nR < 2;
@@ -99,7 +101,7 @@ bool BTree_i::DeleteFromInner(Level& level) {
     WriteNode(rightAddress, right);
     Forget(rightAddress, nullptr);
   }
-  WriteNode(level.address, node);
+  WriteLevel(level);
   return true;
 }
 

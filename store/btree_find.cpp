@@ -79,6 +79,13 @@ void BTree_i::ForgetAll() noexcept {
   atEntry_ = false;
 }
 
+// False when more nodes were visited than the files have blocks. Files are opened as their blocks
+// are asked for, so the bound is taken anew before it counts.
+bool BTree_i::WithinBlocks(std::int64_t visits, std::int64_t& bound) const noexcept {
+  if (visits > bound) bound = store_.BlockBound();
+  return visits <= bound;
+}
+
 int BTree_i::CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept {
   for (std::int32_t i = 0; i < head_.keyWords; ++i) {
     if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;

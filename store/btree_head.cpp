@@ -10,6 +10,13 @@ namespace {
 // Capacity below 3 makes inner nodes without entries; no tree of a library has it.
 constexpr std::int32_t kLeastCapacity = 3;
 constexpr std::int32_t kNodeBaseOffset = 2'000'000;
+
+// A decimal digit of the digit word, which is never negative but in a damaged record.
+std::int32_t DigitOf(std::int32_t word, std::uint32_t divisor) noexcept {
+  auto const bits = static_cast<std::uint32_t>(word);
+  std::uint32_t const magnitude = word < 0 ? 0U - bits : bits;
+  return static_cast<std::int32_t>(magnitude / divisor % 10);
+}
 }  // namespace
 
 void InitTreeHead(std::int32_t* head, bool indirect, std::int32_t keyWords, std::int32_t dataWords,
@@ -26,9 +33,9 @@ void InitTreeHead(std::int32_t* head, bool indirect, std::int32_t keyWords, std:
 }
 
 BTreeHead_i::BTreeHead_i(std::int32_t* record) noexcept
-    : storageKind(record[f::kHeadDigits] % 10),
-      digit1(record[f::kHeadDigits] / 10 % 10),
-      digit2(record[f::kHeadDigits] / 100 % 10),
+    : storageKind(DigitOf(record[f::kHeadDigits], 1)),
+      digit1(DigitOf(record[f::kHeadDigits], 10)),
+      digit2(DigitOf(record[f::kHeadDigits], 100)),
       nodeWords(record[f::kHeadNodeWords]),
       entryWords(record[f::kHeadEntryWords]),
       keyWords(record[f::kHeadKeyWords]),

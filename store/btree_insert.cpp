@@ -15,18 +15,23 @@ void BTree_i::WriteNode(std::int32_t& address, std::int32_t const* words) {
   if (store_.WriteBlock(address, f::kNodeWords, words, 0) != kBytes) ThrowBlockError(address);
 }
 
-bool BTree_i::WriteCurrentNode() {
-  if (current_ == kNoLevel) return false;
-  Level& level = level_[current_];
-  ForgetOnFailure guard(*this);
+// Writes a level's node; no other buffer keeps an older image of it.
+void BTree_i::WriteLevel(Level& level) {
   WriteNode(level.address, level.words);
+  Forget(level.address, &level);
+}
+
+bool BTree_i::WriteCurrentNode() {
+  if (current_ == kNoLevel || !atEntry_) return false;
+  ForgetOnFailure guard(*this);
+  WriteLevel(level_[current_]);
   guard.Done();
   return true;
 }
 
 bool BTree_i::Insert(std::int32_t const* key, std::int32_t left, std::int32_t right) {
   bool const searched = current_ != kNoLevel || head_.rootAddress == f::kNullAddress;
-  if (atEntry_ || !searched) return false;
+  if (atEntry_ || walk_ != WalkState::kEnded || !searched) return false;
   CheckHead();
   store_.CheckWritable(head_.rootAddress);
   std::array<std::int32_t, f::kNodeWords> entry;
@@ -42,9 +47,20 @@ bool BTree_i::Insert(std::int32_t const* key, std::int32_t left, std::int32_t ri
   return grew;
 }
 
+// Throws the root when the tree is as deep as it may be and every node of the path is full: the new
+// root must be refused before the first split is written.
+void BTree_i::CheckRoomToGrow(int level) const {
+  if (level + 1 < kMaxDepth) return;
+  bool const full = std::all_of(level_, level_ + kMaxDepth, [this](Level const& l) {
+    return l.words[f::kNodeCount] >= head_.maxEntries;
+  });
+  if (full) ThrowBlockError(head_.rootAddress);
+}
+
 // Puts a whole entry into the node of a level, and what a split sends up into the levels above.
 void BTree_i::InsertEntry(int level, std::int32_t const* entry, std::int32_t left,
                           std::int32_t right, bool& grew) {
+  CheckRoomToGrow(level);
   std::array<std::int32_t, f::kNodeWords> rising;
   std::copy_n(entry, head_.entryWords, rising.begin());
   for (int k = level; k != kNoLevel; --k) {
@@ -72,8 +88,7 @@ void BTree_i::PutIntoNode(Level& level, std::int32_t const* entry, std::int32_t 
   node[LinkAt(i + 1)] = right;
   node[f::kNodeCount] = count + 1;
   level.index = i + 1;
-  WriteNode(level.address, node);
-  Forget(level.address, &level);
+  WriteLevel(level);
 }
 
 // Contents from link[0] on of the node with the entry added, one entry more than it has room for.
@@ -122,32 +137,33 @@ void BTree_i::SplitNode(Level& level, std::int32_t* entry, std::int32_t& left,
   bool const newEntryGoesRight = level.index + 1 > b;
 
   NodeBuffer added(store_.Nodes());
-  NodeBuffer kept(store_.Nodes());
+  std::int32_t* kept = Own(level);
   std::int32_t addedAddress = f::kNullAddress;
   if (newEntryGoesRight) {
     FillNode(added.Words(), width_, b, parent, previous, level.address, contents.data());
     WriteNode(addedAddress, added.Words());
-    FillNode(kept.Words(), width_, a, parent, addedAddress, next, rightContents);
+    FillNode(kept, width_, a, parent, addedAddress, next, rightContents);
     left = addedAddress;
     right = level.address;
     level.index -= b;
   } else {
     FillNode(added.Words(), width_, a, parent, level.address, next, rightContents);
     WriteNode(addedAddress, added.Words());
-    FillNode(kept.Words(), width_, b, parent, previous, addedAddress, contents.data());
+    FillNode(kept, width_, b, parent, previous, addedAddress, contents.data());
     left = level.address;
     right = addedAddress;
     level.index += 1;
   }
   // The entry between the parts goes up; its place is behind the left part's last link.
   std::copy_n(contents.data() + b * width_ + 1, head_.entryWords, entry);
-  WriteNode(level.address, kept.Words());
-  Forget(level.address, &level);
-  std::copy_n(kept.Words(), f::kNodeWords, Own(level));
+  WriteLevel(level);
 }
 
 void BTree_i::PutNewRoot(std::int32_t const* entry, std::int32_t left, std::int32_t right) {
-  if (levels_ == kMaxDepth) ThrowBlockError(head_.rootAddress);
+  if (levels_ == kMaxDepth) {  // the last buffer is behind the path: only a cache
+    Level const& last = level_[--levels_];
+    if (last.own != nullptr) store_.Nodes().GiveBack(std::unique_ptr<NodeImage>(last.own));
+  }
   Level root{f::kNullAddress, 1, nullptr, store_.Nodes().Take().release()};
   std::int32_t* node = root.own->data();
   std::fill_n(node, f::kNodeWords, 0);
@@ -161,8 +177,7 @@ void BTree_i::PutNewRoot(std::int32_t const* entry, std::int32_t left, std::int3
   std::copy_backward(level_, level_ + levels_, level_ + levels_ + 1);
   level_[0] = root;
   ++levels_;
-  WriteNode(level_[0].address, node);
-  Forget(level_[0].address, &level_[0]);
+  WriteLevel(level_[0]);
   head_.SetRoot(level_[0].address);
 }
 

@@ -10,9 +10,10 @@ namespace zel {
 namespace f = format;
 
 // Addresses of all nodes in breadth-first order. Damage - a cycle, a shared node, an impossible
-// count, too deep a tree - throws the address here, before anything changes.
+// count, too deep a tree, a node that cannot be freed - throws the address here, before anything
+// changes.
 std::vector<std::int32_t> BTree_i::NodesInBreadth() {
-  std::int64_t const bound = store_.BlockBound();
+  std::int64_t bound = 0;
   std::vector<std::int32_t> nodes{head_.rootAddress};
   std::unordered_set<std::int32_t> seen{head_.rootAddress};
   NodeBuffer buffer(store_.Nodes());
@@ -25,16 +26,26 @@ std::vector<std::int32_t> BTree_i::NodesInBreadth() {
       if (++depth > kMaxDepth) ThrowBlockError(nodes[i]);
     }
     ReadNode(nodes[i], buffer.Words());
+    if (!WithinBlocks(static_cast<std::int64_t>(i) + 1, bound)) ThrowBlockError(nodes[i]);
     for (int k = 0; k <= node[f::kNodeCount]; ++k) {
       std::int32_t const child = node[LinkAt(k)];
       if (child == f::kNullAddress) continue;
-      if (!seen.insert(child).second || static_cast<std::int64_t>(nodes.size()) > bound) {
-        ThrowBlockError(child);
-      }
+      if (!seen.insert(child).second) ThrowBlockError(child);
       nodes.push_back(child);
     }
   }
+  CheckBlocksOf(nodes);
   return nodes;
+}
+
+// Throws the address of a node some of whose blocks count as free or belong to another node.
+void BTree_i::CheckBlocksOf(std::vector<std::int32_t> nodes) const {
+  std::sort(nodes.begin(), nodes.end());
+  std::int64_t free = 0;  // first address behind the node before
+  for (std::int32_t address : nodes) {
+    if (address < free) ThrowBlockError(address);
+    free = address + store_.CheckFreeable(address, f::kNodeWords);
+  }
 }
 
 void BTree_i::Rebuild(std::int32_t const* deletedKey) {

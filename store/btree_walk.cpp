@@ -23,7 +23,7 @@ void BTree_i::WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords) {
   keyWords = head_.keyWords;
   dataWords = head_.dataWords;
   walkVisits_ = 1;
-  walkBound_ = store_.BlockBound();
+  walkBound_ = 0;
   walk_ = WalkState::kAtLink;
 }
 
@@ -39,10 +39,7 @@ bool BTree_i::WalkOn(std::int32_t const*& entry) {
         ++level.index;
         walk_ = WalkState::kAtEntry;
       } else {
-        if (++walkVisits_ > walkBound_) {
-          walkBound_ = store_.BlockBound();  // a further file may have been opened meanwhile
-          if (walkVisits_ > walkBound_) ThrowBlockError(child);
-        }
+        if (!WithinBlocks(++walkVisits_, walkBound_)) ThrowBlockError(child);
         Enter(current_ + 1, child).index = 0;
         ++current_;
         continue;

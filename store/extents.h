@@ -38,12 +38,14 @@ class ExtentList {
   // blocks are free already.
   void GiveBack(std::int32_t address, std::int64_t blocks, std::int32_t file);
 
+  // True when some blocks of the run are free.
+  bool Overlaps(std::int32_t address, std::int64_t blocks, std::int32_t file) const noexcept;
+
   int Count() const noexcept { return count_; }
   Extent const& operator[](int i) const noexcept { return entries_[static_cast<std::size_t>(i)]; }
 
  private:
   void Sort() noexcept;
-  bool Overlaps(std::int32_t address, std::int64_t blocks, std::int32_t file) const noexcept;
 
   int count_ = 0;
   std::array<Extent, format::kExtentsOnFile + 1> entries_{};

@@ -1,4 +1,5 @@
 set(store_TEST_SOURCES
+    btree_damage_test.cpp
     btree_dump_test.cpp
     btree_model_test.cpp
     btree_test.cpp
