@@ -61,9 +61,10 @@ void Key_i::SetKeyText(long count, char const* text) {
   SetKeyWords(count, words.data());
 }
 
-// Null for a position outside the key. Setting words directly leaves the components as they were.
+// Null for a position outside the key, and for a direct key: what stands in its places is of an
+// earlier use.
 Key_i::Place const* Key_i::PlaceAt(std::int32_t position) const {
-  if (position < 0 || position >= kPlaces) return nullptr;
+  if (direct_ || position < 0 || position >= kPlaces) return nullptr;
   return &places_[static_cast<std::size_t>(position)];
 }
 

@@ -141,18 +141,19 @@ TEST_F(KeyTest, DirectWordsAreCutToTen) {
   EXPECT_EQ(key_.GetCompKind(0), keyNumber);
 }
 
-TEST_F(KeyTest, DirectWordsLeaveTheComponentsAsTheyWere) {
+TEST_F(KeyTest, DirectWordsHideTheComponentsOfAnEarlierUse) {
   std::int32_t const words[] = {9, 3};
-  char text[9] = "";
+  char text[9] = "old";
+  long number = 1;
   key_.SetKey("AB", 4L);
   key_.SetKeyWords(2, words);
   ASSERT_TRUE(Resolve(nullptr)) << "no component is looked up";
   EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{9, 3}));
-  EXPECT_EQ(key_.GetCompKind(0), keyText);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(key_.GetCompKind(i), keyNone);
   key_.GetCompText(0, text);
-  EXPECT_STREQ(text, "AB");
-  key_.ClearKey();
-  EXPECT_EQ(key_.GetCompKind(0), keyNone);
+  EXPECT_STREQ(text, "");
+  key_.GetCompNumber(1, number);
+  EXPECT_EQ(number, 0);
 }
 
 TEST_F(KeyTest, TextIsNotFolded) {
