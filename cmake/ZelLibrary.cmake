@@ -23,8 +23,10 @@ target_include_directories(ZelAccess INTERFACE
 target_compile_features(zel_inside PUBLIC cxx_std_20)
 target_include_directories(zel_inside PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR})
 zel_compile_options(zel_inside)
-target_link_libraries(zel_inside PUBLIC ${CMAKE_DL_LIBS})
-target_link_libraries(ZelAccess PRIVATE ${CMAKE_DL_LIBS})
+# What the library itself needs; a host that links it needs none of these.
+set(zel_system_libraries ${CMAKE_DL_LIBS} LibXml2::LibXml2)
+target_link_libraries(zel_inside PUBLIC ${zel_system_libraries})
+target_link_libraries(ZelAccess PRIVATE "$<BUILD_INTERFACE:${zel_system_libraries}>")
 target_link_options(ZelAccess PRIVATE
                     -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
 set_property(TARGET ZelAccess APPEND PROPERTY LINK_DEPENDS

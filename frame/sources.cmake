@@ -7,6 +7,7 @@ set(frame_SOURCES
     path_parts.cpp
     platform/posix_block_file.cpp
     platform/posix_system.cpp
+    platform/posix_text_file.cpp
     search_path.cpp
     trim7.cpp
     units/class_definition.cpp

@@ -5,7 +5,7 @@
 // buffer, where the head lies, is loaded with other nodes while the tree lives; when the root has
 // changed, the head goes back into the bank's directory entry and that node is written.
 //
-// A failing step leaves its reason in pendingText and gives false.
+// A failing step leaves its reason as the pending text of the log and gives false.
 #pragma once
 
 #include <array>
@@ -17,6 +17,7 @@
 
 #include "maint/block_info.h"
 #include "maint/held.h"
+#include "maint/maint_log.h"
 #include "store/btree.h"
 #include "store/format.h"
 #include "store/lib_file.h"
@@ -76,7 +77,7 @@ class LibMaint_i final : public LibMaint_p {
 
   bool Import(char const* path, bool replaceExisting) override;
   bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) override;
-  char const* GetLastErrorText() const override;
+  char const* GetLastErrorText() const override { return log_.LastErrorText(); }
   bool ExportLibrary(char const* path, bool writeBanner, bool componentFiles) override;
   bool ExportLibrary(char const* path, bool writeBanner) override;
   bool ExportLibrary(char const* path) override;
@@ -96,7 +97,7 @@ class LibMaint_i final : public LibMaint_p {
                        char const (*types)[9], char (*names)[9]) override;
   void WriteTextDump(LibFile* library) override;
 
-  void SetLogLevel(std::int32_t level) override { logLevel_ = level; }
+  void SetLogLevel(std::int32_t level) override { log_.SetLevel(level); }
   void SetWriteFormat(bool on) override { writeFormat_ = on; }
   void SetWriteBanner(bool on) override { writeBanner_ = on; }
   void SetWriteNotice(bool on) override { writeNotice_ = on; }
@@ -104,8 +105,9 @@ class LibMaint_i final : public LibMaint_p {
   bool DumpBankTree(char const* type, char const* name, std::int32_t indent, std::FILE* stream,
                     std::int32_t expected) override;
 
-  // The cause of the last failed step.
-  std::string const& PendingText() const noexcept { return pendingText_; }
+  // What runs on this library report to; its pending text is the cause of the last failed step.
+  MaintLog& Log() noexcept { return log_; }
+  LibFile_i* Library() const noexcept { return library_; }
 
  private:
   enum class WalkMode : std::uint8_t { kNone, kIds, kBanks, kItems };
@@ -148,14 +150,11 @@ class LibMaint_i final : public LibMaint_p {
   std::int32_t fileResident_ = 0;
   bool swapped_ = false;
   bool itemValid_ = false;
-  std::int32_t logLevel_ = 0;
+  MaintLog log_;
   bool writeFormat_ = true;
   bool writeBanner_ = false;
   bool writeNotice_ = false;
   bool componentFiles_ = true;
-  bool errorFlag_ = false;
-  std::string pendingText_;
-  std::string lastError_;
 };
 
 }  // namespace zel

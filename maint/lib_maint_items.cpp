@@ -35,7 +35,7 @@ class StoredOrder {
 }  // namespace
 
 LibMaint_i::Located LibMaint_i::Fail(std::string_view reason) {
-  pendingText_ = reason;
+  log_.SetPendingText(reason);
   return Located::kFailed;
 }
 

@@ -1,7 +1,9 @@
 set(maint_SOURCES
+    document_stack.cpp
     lib_maint.cpp
     lib_maint_identity.cpp
     lib_maint_items.cpp
     lib_maint_not_yet.cpp
     lib_maint_numbers.cpp
-    lib_maint_walks.cpp)
+    lib_maint_walks.cpp
+    maint_log.cpp)

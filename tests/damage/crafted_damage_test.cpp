@@ -103,7 +103,7 @@ TEST_F(CraftedTest, BankHeadsThatCannotBeTrue) {
     try {
       EXPECT_FALSE(maint.ReadItem(bank.Get(), "B1", &key));
       ASSERT_NE(row.reason, nullptr) << row.word << " " << row.value;
-      EXPECT_EQ(maint.PendingText(), row.reason) << row.word << " " << row.value;
+      EXPECT_EQ(maint.Log().PendingText(), row.reason) << row.word << " " << row.value;
     } catch (unsigned long word) {
       EXPECT_EQ(row.reason, nullptr) << row.word << " " << row.value;
       EXPECT_EQ(word, static_cast<unsigned long>(root));

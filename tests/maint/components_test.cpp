@@ -51,7 +51,7 @@ TEST_F(ComponentsTest, ComponentIsFoundByNumberIdAndCasNumber) {
   EXPECT_TRUE(Read(casn("7732-18-5")));
   EXPECT_EQ(Mw(), 18.0);
   EXPECT_FALSE(Read("METHANOL"));
-  EXPECT_EQ(Maint().PendingText(), "Unable to identify components used in key");
+  EXPECT_EQ(Maint().Log().PendingText(), "Unable to identify components used in key");
   EXPECT_EQ(Maint().FindNumberById("water"), 10000112);
   EXPECT_EQ(Maint().FindNumberByCas(casn("64-17-5")), 10000007);
 }

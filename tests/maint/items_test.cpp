@@ -24,7 +24,7 @@ class ItemsTest : public test::MaintTest {
 
 TEST_F(ItemsTest, AbsentItemIsToldAndThenInserted) {
   EXPECT_FALSE(Read(1, 2));
-  EXPECT_EQ(Maint().PendingText(), "Error reading bank index");
+  EXPECT_EQ(Maint().Log().PendingText(), "Error reading bank index");
   EXPECT_FALSE(Maint().ItemExists(vanLaar_.Get(), "A", &key_));
   EXPECT_TRUE(Write(1, 2, 3, 4));
   EXPECT_TRUE(Maint().ItemExists(vanLaar_.Get(), "A", &key_));
@@ -78,16 +78,16 @@ TEST_F(ItemsTest, ReasonsOfFailures) {
   };
   key_.SetKey("NOBODY", "NOWHERE");
   EXPECT_FALSE(Maint().ReadItem(vanLaar_.Get(), "A", &key_));
-  EXPECT_EQ(Maint().PendingText(), "Unable to identify components used in key");
+  EXPECT_EQ(Maint().Log().PendingText(), "Unable to identify components used in key");
   key_.SetKey(1L, 2L);
   EXPECT_FALSE(Maint().ReadItem(vanLaar_.Get(), "NONE", &key_));
-  EXPECT_EQ(Maint().PendingText(), "Unable to locate \"VANLAAR\" bank \"NONE\"");
+  EXPECT_EQ(Maint().Log().PendingText(), "Unable to locate \"VANLAAR\" bank \"NONE\"");
   EXPECT_FALSE(Maint().WriteItem(vanLaar_.Get(), "NONE", &key_));
   EXPECT_FALSE(Maint().ReadItem(vanLaar_.Get(), "A", nullptr));
   EXPECT_FALSE(Maint().ReadItem(nullptr, "A", &key_));
   EXPECT_FALSE(Maint().DeleteItem("NOTYPE", "A", &key_));
   EXPECT_FALSE(Maint().DeleteItem("VANLAAR", "A", &key_));
-  EXPECT_EQ(Maint().PendingText(), "Error reading bank index");
+  EXPECT_EQ(Maint().Log().PendingText(), "Error reading bank index");
 }
 
 // The head of bank A in the directory, for changes by hand.
@@ -114,7 +114,7 @@ TEST_F(ItemsTest, WriteToABankOfAnotherShapeChangesNothing) {
     Library().FlushLibFile();
     auto const before = files_.Contents("/m.lb2");
     EXPECT_FALSE(Write(5, 6, 7, 8)) << row.reason;
-    EXPECT_EQ(Maint().PendingText(), row.reason);
+    EXPECT_EQ(Maint().Log().PendingText(), row.reason);
     EXPECT_EQ(files_.Contents("/m.lb2"), before);
     PatchHead(Library(), row.word, row.whole);
   }

@@ -1,0 +1,3 @@
+set(xml_SOURCES
+    lib_maint_export.cpp
+    lib_maint_import.cpp)
