@@ -1,4 +1,5 @@
 set(frame_SOURCES
+    date_text.cpp
     folder_walk.cpp
     initialise.cpp
     known_folders.cpp

@@ -24,6 +24,23 @@ struct BlockInfo {
   }
 };
 
+// What a bank says of itself to a host.
+struct BankInfo {
+  char type[9] = {};
+  char description[50] = {};
+  std::int32_t keyKind = 0;
+  std::int32_t keyWords = 0;
+  std::int32_t minKeyWords = 0;
+  std::int32_t formatCount = 0;
+  std::int32_t maxRecordWords = 0;
+  std::uint8_t listed = 0;
+
+  explicit BankInfo(IZelBankDef* bank) {
+    bank->GetBankInfo(type, description, &keyKind, &keyWords, &minKeyWords, &formatCount,
+                      &maxRecordWords, &listed);
+  }
+};
+
 // A record format and its length in words; format 0 when there is none.
 struct RecordFormat {
   std::int32_t format = 0;

@@ -40,6 +40,19 @@ void Key_i::Put(Place& place, long number) {
   place.number = static_cast<std::int32_t>(number);
 }
 
+void Key_i::SetParts(std::span<Part const> parts) {
+  if (parts.empty()) return;
+  ClearKey();
+  for (Part const& part : parts) {
+    Place& place = places_[static_cast<std::size_t>(count_++)];
+    switch (part.kind) {
+      case keyText: Put(place, part.id); break;
+      case keyCas: Put(place, part.cas); break;
+      default: Put(place, part.number); break;
+    }
+  }
+}
+
 void Key_i::ClearKey() {
   direct_ = false;
   count_ = 0;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "store/format.h"
 #include "zelaccess/Key_p.h"
@@ -67,6 +68,16 @@ class Key_i final : public Key_p {
   void SetKey(N first, N second, N third) override { Set(first, second, third); }
   void SetKey(N first, N second) override { Set(first, second); }
   void SetKey(N first) override { Set(first); }
+
+  // One component as it was read, with the value that its kind names.
+  struct Part {
+    std::int32_t kind = keyNone;
+    long number = 0;
+    char id[9] = {};
+    casn cas;
+  };
+  // The overload of SetKey for the kinds of these parts, at most kPlaces; nothing without any.
+  void SetParts(std::span<Part const> parts);
 
   void ClearKey() override;
   void SetKeyWords(long count, std::int32_t const* words) override;

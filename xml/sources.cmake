@@ -1,3 +1,10 @@
 set(xml_SOURCES
+    import.cpp
+    import_component.cpp
+    import_items.cpp
+    import_iterator.cpp
+    import_keys.cpp
+    import_text.cpp
     lib_maint_export.cpp
-    lib_maint_import.cpp)
+    lib_maint_import.cpp
+    xml_document.cpp)

@@ -1,0 +1,12 @@
+// Today's date as text, with English month names whatever the host's locale.
+#pragma once
+
+#include <string>
+
+namespace zel {
+
+// The local date in the form "14 Nov 2026".
+std::string TodayText();
+int CurrentYear();
+
+}  // namespace zel

@@ -1,0 +1,181 @@
+#include "xml/import_items.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "banks/field_table.h"
+#include "frame/ascii.h"
+#include "frame/number_text.h"
+#include "xml/import_text.h"
+#include "zelaccess/Types.h"
+
+namespace zel {
+
+namespace {
+
+enum BankNode : std::size_t { kMemo, kItem };
+constexpr std::array<NameRow, 2> kBankNodes{{{"memo", NameMode::kOnce}, {"item", NameMode::kAny}}};
+
+// By key kind.
+constexpr std::array<std::string_view, 3> kKeyTags{"keys", "numerickey", "characterkey"};
+
+constexpr std::string_view kUndefinedMark = "-";
+
+}  // namespace
+
+ItemImport::ItemImport(ImportRun& run, std::string_view type, std::string_view name,
+                       std::int32_t format)
+    : run_(run),
+      bankName_(name),
+      record_(NewBank(std::string(type).c_str())),
+      info_(record_.Get()) {
+  TakeFields(format);
+}
+
+void ItemImport::TakeFields(std::int32_t format) {
+  std::int32_t count = 0;
+  if (record_->GetFieldCount(format, &count) != kStatusOk) count = 0;
+  auto const rows = static_cast<std::size_t>(count);
+  auto const names = std::make_unique<char[][13]>(rows);
+  auto const labels = std::make_unique<char[][20]>(rows);
+  auto const units = std::make_unique<char[][20]>(rows);
+  std::vector<std::int32_t> types(rows);
+  std::vector<std::int32_t> counts(rows);
+  record_->GetFieldList(format, names.get(), labels.get(), types.data(), counts.data(),
+                        units.get());
+  std::size_t largest = 1;
+  for (std::size_t i = 0; i < rows; ++i) {
+    auto const values = static_cast<std::size_t>(std::max(counts[i], 1));
+    largest = std::max(largest, values);
+    tags_.push_back({names[i], types[i], values, {}});
+    if (types[i] == kEnumerated) tags_.back().choices = ChoicesOf(names[i]);
+  }
+  for (Tag const& tag : tags_) names_.push_back({tag.name, NameMode::kOnce});
+  names_.push_back({kKeyTags[static_cast<std::size_t>(info_.keyKind)], NameMode::kOnce});
+  intValues_.resize(largest);
+  realValues_.resize(largest);
+  textValue_.resize(largest);
+}
+
+std::vector<ItemImport::Choice> ItemImport::ChoicesOf(char const* tag) {
+  std::int32_t count = 0;
+  if (record_->GetEnumCount(tag, &count) != kStatusOk || count <= 0) return {};
+  auto const rows = static_cast<std::size_t>(count);
+  auto const names = std::make_unique<char[][13]>(rows);
+  std::vector<std::int32_t> values(rows);
+  std::int32_t byDefault = 0;
+  record_->GetEnumList(tag, names.get(), values.data(), &byDefault);
+  std::vector<Choice> choices;
+  for (std::size_t i = 0; i < rows; ++i) choices.push_back({names[i], values[i]});
+  return choices;
+}
+
+bool ItemImport::WalkBank(XmlNode bank) {
+  ImportIterator_i walk =
+      ImportIterator_i::OverChildren(run_, bank, kBankNodes, "<bank>", ImportTags::kFollowed);
+  std::string scratch;
+  XmlNode node;
+  std::size_t match = 0;
+  while (walk.NextNode(node, match)) {
+    if (match == kMemo) {
+      run_.owner.SetBankMemo(info_.type, bankName_.c_str(), MemoText(node.Text(scratch)).c_str());
+    } else if (!WalkItem(node)) {
+      return false;
+    }
+  }
+  return !walk.Aborted();
+}
+
+bool ItemImport::Report(std::string_view message) {
+  verdict_ = run_.log.ReportError(message);
+  return verdict_;
+}
+
+// An item whose walk was broken off is written all the same, with what was read so far, when its
+// key is complete; only then does the false result end the bank. A value that is not on its list
+// leaves the item unwritten when the verdict is to stop.
+bool ItemImport::WalkItem(XmlNode item) {
+  record_->Clear();
+  run_.log.ClearTexts();
+  verdict_ = true;
+  std::int32_t keyCount = 0;
+  ImportIterator_i walk =
+      ImportIterator_i::OverChildren(run_, item, names_, "<item>", ImportTags::kFollowed);
+  std::string scratch;
+  XmlNode node;
+  std::size_t match = 0;
+  while (walk.NextNode(node, match)) {
+    std::string_view const text = node.Text(scratch);
+    if (match == tags_.size()) {
+      keyCount = ReadKey(text);
+    } else if (!ReadTag(tags_[match], text)) {
+      return false;
+    }
+  }
+  bool const stored = StoreItem(keyCount);
+  return stored && !walk.Aborted();
+}
+
+// Gives the verdict of the last report, true without one.
+bool ItemImport::StoreItem(std::int32_t keyCount) {
+  if (keyCount == 0) key_.ClearKey();
+  if (keyCount < info_.minKeyWords || keyCount > info_.keyWords) {
+    return Report(KeyCountProblem(keyCount));
+  }
+  LibMaint_i& owner = run_.owner;
+  if (!run_.replaceExisting && owner.ItemExists(record_.Get(), bankName_.c_str(), &key_)) {
+    return Report("Item already exists in this bank");
+  }
+  if (!owner.WriteItem(record_.Get(), bankName_.c_str(), &key_)) return Report("");
+  return verdict_;
+}
+
+// False when the import must end. Places that the text leaves out keep what the record has.
+bool ItemImport::ReadTag(Tag const& tag, std::string_view text) {
+  switch (tag.type) {
+    case kInteger: ReadIntegers(tag, text); return true;
+    case kReal: ReadReals(tag, text); return true;
+    case kText: ReadText(tag, text); return true;
+    default: return ReadChoice(tag, text);
+  }
+}
+
+void ItemImport::ReadIntegers(Tag const& tag, std::string_view text) {
+  record_->GetIntField(tag.name.c_str(), intValues_.data());
+  Tokens tokens(text);
+  std::string_view token;
+  for (std::size_t i = 0; i < tag.count && tokens.Next(token); ++i) {
+    intValues_[i] = token == kUndefinedMark ? gen_GetUndefInt() : ParseInt(token);
+  }
+  record_->SetIntField(tag.name.c_str(), intValues_.data());
+}
+
+void ItemImport::ReadReals(Tag const& tag, std::string_view text) {
+  record_->GetDoubleField(tag.name.c_str(), realValues_.data());
+  Tokens tokens(text);
+  std::string_view token;
+  for (std::size_t i = 0; i < tag.count && tokens.Next(token); ++i) {
+    realValues_[i] = token == kUndefinedMark ? gen_GetUndefDouble() : ParseReal(token);
+  }
+  record_->SetDoubleField(tag.name.c_str(), realValues_.data());
+}
+
+void ItemImport::ReadText(Tag const& tag, std::string_view text) {
+  CopyText(text, textValue_.data(), tag.count);
+  record_->SetStringField(tag.name.c_str(), textValue_.data());
+}
+
+bool ItemImport::ReadChoice(Tag const& tag, std::string_view text) {
+  auto const choice = std::find_if(tag.choices.begin(), tag.choices.end(),
+                                   [&](Choice const& c) { return SameText(c.name, text); });
+  if (choice == tag.choices.end()) {
+    return Report("\"" + std::string(text) + "\" is not a valid value for tag <" + tag.name + ">");
+  }
+  record_->GetIntField(tag.name.c_str(), intValues_.data());
+  intValues_[0] = choice->value;
+  record_->SetIntField(tag.name.c_str(), intValues_.data());
+  return true;
+}
+
+}  // namespace zel

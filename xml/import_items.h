@@ -1,0 +1,70 @@
+// Items of one bank, of any type but pure components, read by the field table of the type.
+//
+// One record, one key and one set of buffers serve all items of a bank.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "maint/block_info.h"
+#include "store/key.h"
+#include "xml/import_iterator.h"
+
+namespace zel {
+
+class ItemImport {
+ public:
+  // `format` as the bank was made with; 0 takes all fields of the highest.
+  ItemImport(ImportRun& run, std::string_view type, std::string_view name, std::int32_t format);
+
+  // The memo and the items of a bank. False when the import must end.
+  bool WalkBank(XmlNode bank);
+
+ private:
+  struct Choice {
+    std::string name;
+    std::int32_t value;
+  };
+  struct Tag {
+    std::string name;
+    std::int32_t type;
+    std::size_t count;  // values; for a text its buffer, terminator included
+    std::vector<Choice> choices;
+  };
+
+  void TakeFields(std::int32_t format);
+  std::vector<Choice> ChoicesOf(char const* tag);
+
+  bool WalkItem(XmlNode item);
+  bool StoreItem(std::int32_t keyCount);
+  bool Report(std::string_view message);
+
+  // import_keys.cpp: the key from its text; gives the number of keys entered.
+  std::int32_t ReadKey(std::string_view text);
+  std::int32_t ReadComponents(std::string_view text);
+  std::int32_t ReadNumbers(std::string_view text);
+  std::int32_t ReadWord(std::string_view text);
+  std::string KeyCountProblem(std::int32_t keyCount) const;
+
+  bool ReadTag(Tag const& tag, std::string_view text);
+  void ReadIntegers(Tag const& tag, std::string_view text);
+  void ReadReals(Tag const& tag, std::string_view text);
+  void ReadText(Tag const& tag, std::string_view text);
+  bool ReadChoice(Tag const& tag, std::string_view text);
+
+  ImportRun& run_;
+  std::string bankName_;
+  Held<IZelBankDef> record_;
+  BankInfo info_;
+  Key_i key_;
+  std::vector<Tag> tags_;
+  std::vector<NameRow> names_;  // of the tags, and behind them that of the key
+  std::vector<std::int32_t> intValues_;
+  std::vector<double> realValues_;
+  std::vector<char> textValue_;
+  bool verdict_ = true;  // of the last report on the item
+};
+
+}  // namespace zel

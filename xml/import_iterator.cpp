@@ -1,0 +1,167 @@
+#include "xml/import_iterator.h"
+
+#include <algorithm>
+
+#include "frame/ascii.h"
+#include "frame/platform/text_file.h"
+#include "maint/document_stack.h"
+
+namespace zel {
+
+namespace {
+
+constexpr std::size_t kMostOpenDocuments = 100;
+constexpr std::uint8_t kReported = 2;  // a name seen that often has been reported
+
+std::string Joined(std::initializer_list<std::string_view> pieces) {
+  std::string text;
+  for (std::string_view piece : pieces) text.append(piece);
+  return text;
+}
+
+XmlNode FirstNamed(XmlNode node, std::string_view name) {
+  while (node && !SameText(node.Name(), name)) node = node.Next();
+  return node;
+}
+
+}  // namespace
+
+ImportIterator_i::ImportIterator_i(ImportRun& run, XmlNode first, bool overAttributes,
+                                   std::span<NameRow const> names, std::string_view context,
+                                   ImportTags importTags)
+    : run_(run),
+      overAttributes_(overAttributes),
+      names_(names),
+      context_(context),
+      importTags_(importTags),
+      first_(first),
+      next_(first),
+      outerPaths_(run.openPaths.size()) {}
+
+ImportIterator_i ImportIterator_i::OverChildren(ImportRun& run, XmlNode element,
+                                                std::span<NameRow const> names,
+                                                std::string_view context, ImportTags importTags) {
+  return {run, element.FirstChild(), false, names, context, importTags};
+}
+
+ImportIterator_i ImportIterator_i::OverAttributes(ImportRun& run, XmlNode element,
+                                                  std::span<NameRow const> names,
+                                                  std::string_view context) {
+  return {run, element.FirstAttribute(), true, names, context, ImportTags::kUnknown};
+}
+
+// The document stacks are left as they are: an import that ends within an included document leaves
+// that document on them.
+ImportIterator_i::~ImportIterator_i() { run_.openPaths.resize(outerPaths_); }
+
+void ImportIterator_i::ResetWalk(std::span<NameRow const> names) {
+  names_ = names;
+  next_ = first_;
+  seenCounts_.fill(0);
+}
+
+bool ImportIterator_i::NextNode(XmlNode& node, std::size_t& match) {
+  while (!aborted_) {
+    if (!next_) {
+      if (!EndInclude()) return false;
+      continue;
+    }
+    XmlNode const current = next_;
+    next_ = current.Next();
+    if (current.IsComment() || !Accept(current, match)) continue;
+    node = current;
+    return true;
+  }
+  return false;
+}
+
+// True when the node is to be handed out.
+bool ImportIterator_i::Accept(XmlNode node, std::size_t& match) {
+  std::string_view const name = node.Name();
+  auto const row = std::find_if(names_.begin(), names_.end(),
+                                [&](NameRow const& known) { return SameText(known.name, name); });
+  if (row == names_.end()) {
+    if (importTags_ == ImportTags::kFollowed && SameText(name, "import")) {
+      if (!FollowImport(node)) Stop();
+      return false;
+    }
+    return Report(
+        overAttributes_
+            ? Joined({"Unrecognized attribute \"", name, "\" found within ", context_, " node"})
+            : Joined({"Unrecognized node <", name, "> found within ", context_, " node"}));
+  }
+  if (row->mode == NameMode::kSkip) return false;
+  match = static_cast<std::size_t>(row - names_.begin());
+  if (row->mode == NameMode::kAny) return true;
+  std::uint8_t& seen = seenCounts_[match];
+  if (seen == kReported) return false;
+  if (++seen < kReported) return true;
+  return Report(
+      overAttributes_
+          ? Joined({"Duplicate \"", name, "\" attribute found within ", context_, " node"})
+          : Joined({"Duplicate <", name, "> node found within ", context_, " node"}));
+}
+
+bool ImportIterator_i::Stop() {
+  aborted_ = true;
+  return false;
+}
+
+// Always false: the node that a report is about is not handed out.
+bool ImportIterator_i::Report(std::string_view message) {
+  if (!run_.log.ReportError(message)) Stop();
+  return false;
+}
+
+bool ImportIterator_i::EndInclude() {
+  if (!includeActive_) return false;
+  Documents().Pop();
+  run_.openPaths.pop_back();
+  next_ = savedNext_;
+  document_ = savedDocument_;
+  includeActive_ = false;
+  return true;
+}
+
+// False when the walk must end.
+bool ImportIterator_i::FollowImport(XmlNode tag) {
+  std::optional<std::string> const file = tag.Attribute("file");
+  if (!file) {
+    run_.log.ReportError("Missing \"file\" attribute on \"import\" tag");
+    return false;
+  }
+  std::string const path = Documents().Push(*file);
+  std::string problem;
+  if (LoadInclude(path, problem)) return true;
+  Documents().Pop();  // so that the report shows the including document
+  return run_.log.ReportError(Joined({problem, " XML document \"", path, "\""}));
+}
+
+// Opens the document and makes its nodes the list. A document that is open already, and one more
+// than may be open, would come back for ever.
+bool ImportIterator_i::LoadInclude(std::string const& path, std::string& problem) {
+  problem = "Unable to locate";
+  std::string text;
+  platform::ReadResult const read = platform::ReadTextFile(path, text);
+  if (read == platform::ReadResult::kMissing) return false;
+  problem = "Format error in";
+  auto& open = run_.openPaths;
+  bool const endless =
+      open.size() >= kMostOpenDocuments || std::find(open.begin(), open.end(), path) != open.end();
+  auto document = std::make_shared<XmlDocument>();
+  if (read != platform::ReadResult::kRead || endless || !document->Load(text)) return false;
+  open.push_back(path);
+  EnterInclude(std::move(document));
+  return true;
+}
+
+void ImportIterator_i::EnterInclude(std::shared_ptr<XmlDocument> document) {
+  savedNext_ = next_;
+  savedDocument_ = document_;
+  document_ = std::move(document);
+  next_ = document_->FirstNode();
+  if (XmlNode const group = FirstNamed(next_, "group")) next_ = group.FirstChild();
+  includeActive_ = true;
+}
+
+}  // namespace zel

@@ -1,0 +1,22 @@
+// What all that takes part in one import shares.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "maint/lib_maint.h"
+
+namespace zel {
+
+struct ImportRun {
+  explicit ImportRun(LibMaint_i& maint) : owner(maint), log(maint.Log()) {}
+
+  LibMaint_i& owner;
+  MaintLog& log;
+  bool replaceExisting = false;  // an existing item is overwritten, not an error
+  // Full paths of the documents that are open, outermost first.
+  std::vector<std::string> openPaths;
+};
+
+}  // namespace zel

@@ -1,0 +1,36 @@
+// Texts of documents, taken apart.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zel {
+
+// Splits at blanks, and only there: a line end is part of a token.
+class Tokens {
+ public:
+  explicit Tokens(std::string_view text) noexcept : rest_(text) {}
+  // False when there are no more.
+  bool Next(std::string_view& token) noexcept {
+    std::size_t const start = rest_.find_first_not_of(' ');
+    if (start == std::string_view::npos) return false;
+    rest_.remove_prefix(start);
+    std::size_t const end = rest_.find(' ');
+    token = rest_.substr(0, end);
+    rest_.remove_prefix(token.size());
+    return true;
+  }
+
+ private:
+  std::string_view rest_;
+};
+
+// A memo as it was before it was written: without the blank behind the opening of its CDATA section
+// and without the marks, a bracket and a blank, that lead every further line. At most 3999
+// characters.
+std::string MemoText(std::string_view text);
+
+// The text with today's date in place of the first "%date%", at most 100 characters.
+std::string DatedText(std::string_view text);
+
+}  // namespace zel

@@ -1,0 +1,80 @@
+// An XML document in memory, seen through the few operations that an import needs.
+//
+// Strict: what is not well formed does not load. Nothing outside the document is ever looked at: an
+// entity that names a file or an address, and one that is not declared in the document, make it a
+// document that does not load. Entities of the document itself are put in where they stand; their
+// growth and the depth of elements are bounded by the parser. Texts are UTF-8, whatever the
+// encoding of the file.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zel {
+
+// A node of a document, as light as a pointer; valid as long as its document.
+class XmlNode {
+ public:
+  XmlNode() noexcept = default;
+  explicit operator bool() const noexcept { return node_ != nullptr; }
+
+  // Name with its prefix; "#text", "#cdata-section", "#comment" for nodes without one of their own,
+  // the target of a processing instruction, and "xml" for the declaration.
+  std::string_view Name() const;
+  bool IsComment() const noexcept;
+
+  // Child nodes in document order. Text that is only white space is not among them.
+  XmlNode FirstChild() const noexcept;
+  // Attributes, namespace declarations included.
+  XmlNode FirstAttribute() const noexcept;
+  // The next one of the same list; null at its end.
+  XmlNode Next() const noexcept;
+
+  // The text of an element and its descendants. White space at its two ends is dropped where it
+  // ends in plain text, CDATA sections are kept as they stand. Points into the document, or into
+  // `scratch` where it is made of several pieces.
+  std::string_view Text(std::string& scratch) const;
+  // The value of an attribute, kept in the same way.
+  std::string_view Value(std::string& scratch) const;
+  // The value of the attribute with exactly this name.
+  std::optional<std::string> Attribute(std::string_view name) const;
+
+ private:
+  friend class XmlDocument;
+  enum class Kind : std::uint8_t { kNode, kNamespace, kDeclaration };
+
+  XmlNode(Kind kind, void const* node, void const* owner = nullptr) noexcept
+      : kind_(kind), node_(node), owner_(owner) {}
+  static XmlNode Listed(void const* node) noexcept;
+
+  Kind kind_ = Kind::kNode;
+  void const* node_ = nullptr;
+  void const* owner_ = nullptr;  // element of a namespace declaration
+};
+
+class XmlDocument {
+ public:
+  XmlDocument() noexcept;
+  XmlDocument(XmlDocument const&) = delete;
+  XmlDocument& operator=(XmlDocument const&) = delete;
+  ~XmlDocument();
+
+  // False when the text is not a well-formed document. Throws std::bad_alloc.
+  bool Load(std::string_view text);
+
+  // The root element.
+  XmlNode Root() const noexcept;
+  // The first of all nodes outside and including the root; a declaration comes first.
+  XmlNode FirstNode() const noexcept;
+
+ private:
+  struct Closer {
+    void operator()(void* document) const noexcept;
+  };
+  std::unique_ptr<void, Closer> document_;
+};
+
+}  // namespace zel
