@@ -28,5 +28,7 @@ void CompareTrims(RatioTable& table);
 void CompareComponents(RatioTable& table, std::filesystem::path const& folder);
 // The constants that follow from a component's other constants and correlations.
 void CompareFillIns(RatioTable& table);
+// A document of pairs read into a library.
+void CompareImports(RatioTable& table, std::filesystem::path const& folder);
 
 }  // namespace zel::bench

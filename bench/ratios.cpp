@@ -16,8 +16,8 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: bench_ratios [--only=reads|loads|deletes|opens|trims|components|fillins] [--items=N]\n"
-    "                    [--rounds=N] [--folder=DIR] [--markdown]\n"
+    "usage: bench_ratios [--only=reads|loads|deletes|opens|trims|components|fillins|imports]\n"
+    "                    [--items=N] [--rounds=N] [--folder=DIR] [--markdown]\n"
     "  --only      one group of comparisons instead of all\n"
     "  --items     this number of items instead of 10000, 100000 and 1000000\n"
     "  --rounds    rounds that count, 11 unless told\n"
@@ -81,6 +81,7 @@ int Run(Options const& options) {
   if (wanted("trims")) CompareTrims(table);
   if (wanted("components")) CompareComponents(table, folder.Path());
   if (wanted("fillins")) CompareFillIns(table);
+  if (wanted("imports")) CompareImports(table, folder.Path());
   std::printf("\nTargets missed: %d\n", table.Missed());
   return 0;
 }
