@@ -132,6 +132,10 @@ class LibMaint_i final : public LibMaint_p {
   void WriteRecord(IZelBankIO* bank, bool isNew);
   // lib_maint_identity.cpp
   void UpdateIdTrees(IZelPureComp& record);
+  bool FindComponentByNumber(std::int32_t number, char* id, casn& cas, bool& fromReference);
+  // lib_maint_check.cpp
+  bool MayBeWritten(IZelBankIO* bank, Key* key);
+  void WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference);
   // lib_maint_walks.cpp
   bool StartWalk(WalkMode mode, std::int32_t const* head);
   bool WalkIs(WalkMode mode) noexcept;

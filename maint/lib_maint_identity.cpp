@@ -1,10 +1,12 @@
-// Components and the identifiers under which they are found.
+// Components and the identifiers under which they are found: what enters with a component, and what
+// a number stands for.
 #include <string_view>
 
 #include "frame/ascii.h"
+#include "maint/component_identity.h"
 #include "maint/lib_maint.h"
+#include "store/key.h"
 #include "store/packed_text.h"
-#include "zelaccess/PureComp.h"
 
 namespace zel {
 
@@ -12,8 +14,9 @@ namespace f = format;
 
 namespace {
 
-constexpr int kIds = 12;
-constexpr int kIdSize = 9;
+constexpr char kComponentType[] = "PURECOMP";
+// The banks of a reference library that are asked, in this order.
+constexpr char const* kReferenceBanks[] = {"ORDWIN", "PLANTIX"};
 
 // Enters a key that was just searched for in vain: the tree stands where it belongs.
 void Enter(BTree_i& tree, std::int32_t const* key, std::int32_t number) {
@@ -30,26 +33,76 @@ void Enter(BTree_i& tree, std::int32_t const* key, std::int32_t number) {
 // that are there stay, also when they point at another component. A CAS number that fails its check
 // digit is no identifier.
 void LibMaint_i::UpdateIdTrees(IZelPureComp& record) {
-  std::int32_t number = 0;
-  std::int32_t casNumber = 0;
-  std::int32_t refCode = 0;
-  char ids[kIds][kIdSize];
-  char name[41];
-  char formula[21];
-  std::uint8_t keepFormula = 0;
-  record.GetIdentity(&number, &casNumber, &refCode, ids, name, formula, &keepFormula);
+  ComponentIdentity identity(&record);
   std::int32_t const* data = nullptr;
-  for (auto& id : ids) {
+  for (auto& id : identity.ids) {
     if (id[0] == '\0' || library_->FindIdNumbers(id, data)) continue;
     for (char& c : id) c = ToUpper(c);
     std::int32_t key[f::kMaxKeyWords] = {};
     TextToWords(id, key, f::kIdKeyWords);
-    Enter(*library_->GetCharIdTree(), key, number);
+    Enter(*library_->GetCharIdTree(), key, identity.number);
   }
-  casn const cas(casNumber);
+  casn const cas = identity.Cas();
   if (static_cast<long>(cas) == 0 || library_->FindCasNumbers(cas, data)) return;
-  std::int32_t const key[f::kMaxKeyWords] = {casNumber};
-  Enter(*library_->GetCasTree(), key, number);
+  std::int32_t const key[f::kMaxKeyWords] = {identity.casNumber};
+  Enter(*library_->GetCasTree(), key, identity.number);
+}
+
+// Reads the component with a number from the library's own banks, in the order of the directory,
+// and then from the reference banks of the name index. False when none has it.
+bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
+                                       bool& fromReference) {
+  *id = '\0';
+  cas = casn();
+  fromReference = false;
+  Held<IZelBankDef> const bank(NewBank(kComponentType));
+  auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
+  Key_i key;
+  key.SetKey(static_cast<long>(number));
+  auto const read = [&](LibMaint_i& reader, char const* name) {
+    if (!reader.ReadItem(bank.Get(), name, &key)) return false;
+    ComponentIdentity const identity(component.Get());
+    CopyText(identity.ids[0], id, ComponentIdentity::kIdSize);
+    cas = identity.Cas();
+    return true;
+  };
+  if (!component) return false;
+  LibMaint_i walk(library_);
+  LibMaint_i own(library_);
+  char type[9];
+  char name[9];
+  walk.BeginBankWalk(kComponentType);
+  while (walk.NextBank(type, name)) {
+    if (read(own, name)) return true;
+  }
+  LibFile* reference = LibFile::GetOrdwinNameIndex();
+  if (reference == nullptr || reference == library_) return false;
+  LibMaint_i other(reference);
+  for (char const* referenceBank : kReferenceBanks) {
+    fromReference = read(other, referenceBank);
+    if (fromReference) return true;
+  }
+  return false;
+}
+
+void LibMaint_i::GetIdOfNumber(std::int32_t number, char* id, bool& fromNameIndex) {
+  casn cas;
+  FindComponentByNumber(number, id, cas, fromNameIndex);
+}
+
+void LibMaint_i::GetIdOfNumber(std::int32_t number, char* id) {
+  bool fromNameIndex = false;
+  GetIdOfNumber(number, id, fromNameIndex);
+}
+
+void LibMaint_i::GetCasOfNumber(std::int32_t number, casn& cas, bool& fromNameIndex) {
+  char id[ComponentIdentity::kIdSize];
+  FindComponentByNumber(number, id, cas, fromNameIndex);
+}
+
+void LibMaint_i::GetCasOfNumber(std::int32_t number, casn& cas) {
+  bool fromNameIndex = false;
+  GetCasOfNumber(number, cas, fromNameIndex);
 }
 
 }  // namespace zel

@@ -131,7 +131,7 @@ bool LibMaint_i::ReadItem(IZelBankDef* bank, char const* name, Key* key) {
 bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
   DropTree();
   auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
-  if (!io) return false;
+  if (!io || !MayBeWritten(io.Get(), key)) return false;
   std::int32_t const* entry = nullptr;
   Located const located = LocateItem(io.Get(), name, key, entry);
   // Only an absent key leads to an insert: in a tree of another key or record length it would lay a
@@ -152,7 +152,7 @@ bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
 bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
   if (!itemValid_) return false;
   auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
-  if (!io) return false;
+  if (!io || !MayBeWritten(io.Get(), nullptr)) return false;
   BlockInfo const info(io.Get());
   std::int32_t words = 0;
   io->GetRecordLength(format_.format, &words);

@@ -1,9 +1,10 @@
 set(maint_SOURCES
     document_stack.cpp
     lib_maint.cpp
+    lib_maint_check.cpp
     lib_maint_identity.cpp
     lib_maint_items.cpp
-    lib_maint_not_yet.cpp
     lib_maint_numbers.cpp
     lib_maint_walks.cpp
-    maint_log.cpp)
+    maint_log.cpp
+    text_dump.cpp)

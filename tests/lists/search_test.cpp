@@ -222,13 +222,13 @@ TEST_F(SearchTest, ComponentWithNothingInItIsNotFound) {
     LibMaint_i maint(files_[1].get());
     ASSERT_TRUE(maint.CreateBank("PURECOMP", "A", 0));
     Key_i key;
-    key.SetKey(79L);
+    key.SetKey(0L);
     ASSERT_TRUE(maint.WriteItem(empty.Def(), "A", &key));
   }
   search_.SetLibraryBanks(2, all_, kAA);
   ComponentBank bank;
   EXPECT_TRUE(FindComponent(bank, 77, true)) << "an identity is data";
-  EXPECT_FALSE(FindComponent(bank, 79, true));
+  EXPECT_FALSE(FindComponent(bank, 0, true));
   std::int32_t phase = 9;
   bank->GetPhase(&phase);
   EXPECT_EQ(phase, 0) << "cleared";

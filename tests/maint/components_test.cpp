@@ -72,7 +72,8 @@ TEST_F(ComponentsTest, WholeComponentComesBack) {
 
 TEST_F(ComponentsTest, EntriesOfIdentifiersAreNeverChanged) {
   ASSERT_TRUE(Write(100, 64175, {"ONE", "SHARED"}));
-  ASSERT_TRUE(Write(200, 64175, {"TWO", "shared"}));
+  ASSERT_FALSE(Write(200, 64175, {"TWO", "shared"})) << "an identifier means one component";
+  ASSERT_TRUE(Write(200, 64175, {"TWO"}));
   EXPECT_EQ(Maint().FindNumberById("ONE"), 100);
   EXPECT_EQ(Maint().FindNumberById("SHARED"), 100) << "still the first";
   EXPECT_EQ(Maint().FindNumberById("TWO"), 200);

@@ -55,6 +55,8 @@ void WriteOneItem(LibMaint_i& maint, char const* type, std::int32_t format, std:
   Key_i key;
   std::int32_t const words[] = {number, number + 1, number + 2, number + 3};
   key.SetKeyWords(info.keyWords, words);
+  // The key of a component must fit its identity.
+  if (info.fileResident != 0) key.SetKey(static_cast<long>(kSampleComponent));
   if (!maint.WriteItem(bank.Get(), name.c_str(), &key)) throw std::logic_error(type);
 }
 

@@ -1,0 +1,148 @@
+#include "maint/text_dump.h"
+
+#include <array>
+#include <vector>
+
+#include "frame/number_text.h"
+#include "frame/path_parts.h"
+#include "frame/platform/system.h"
+#include "frame/platform/text_file.h"
+#include "maint/component_identity.h"
+
+namespace zel {
+
+namespace {
+
+using platform::TextFile;
+
+constexpr char kComponentType[] = "PURECOMP";
+constexpr std::string_view kNotIndexed = "OLILIB";
+constexpr std::string_view kVersionLine = "1\n";
+constexpr std::string_view kComponentExtension = ".cmp";
+
+constexpr std::array<std::string_view, 8> kPhases = {"", "V", "L", "VL", "S", "VS", "LS", "VLS"};
+constexpr std::int32_t kSolid = 4;
+
+enum Property : std::uint32_t { kMw = 0, kTc = 1, kNbp = 8 };
+constexpr double kLowTc = 400.0;  // K
+
+std::string VersionOf(LibFile* library) {
+  char description[101];
+  char version[13];
+  library->GetDescriptionAndVersion(description, version);
+  return version;
+}
+
+std::string StemOf(LibFile* library) { return SplitPath(library->GetLibPath()).name; }
+
+// The fields with a tab between them, without a line end.
+void PutFields(TextFile& file, std::initializer_list<std::string_view> fields) {
+  bool first = true;
+  for (std::string_view field : fields) {
+    if (!first) file.Put('\t');
+    file.Put(field);
+    first = false;
+  }
+}
+
+double PropertyOf(IZelPureComp* component, Property property) {
+  double value = gen_GetUndefDouble();
+  component->GetProperty(property, &value);
+  return value;
+}
+
+// Undefined values are negative too.
+std::string PropertyText(IZelPureComp* component, Property property) {
+  constexpr int kDigits = 6;
+  double const value = PropertyOf(component, property);
+  return value < 0.0 ? std::string() : RealText(value, kDigits);
+}
+
+void PutComponent(TextFile& file, IZelPureComp* component) {
+  ComponentIdentity const identity(component);
+  std::int32_t phase = 0;
+  component->GetPhase(&phase);
+  auto const known = phase >= 0 && phase < static_cast<std::int32_t>(kPhases.size());
+  PutFields(file, {identity.name, known ? kPhases[static_cast<std::size_t>(phase)] : "",
+                   identity.ids[0], identity.formula, static_cast<char const*>(identity.Cas()),
+                   PropertyText(component, kNbp), PropertyText(component, kMw)});
+  double const tc = PropertyOf(component, kTc);
+  if (tc > 0.0 && tc < kLowTc) file.Put("\thsol");
+  file.Put(phase == kSolid ? "\tSolid\n" : "\n");
+  bool others = false;
+  for (int i = 1; i < ComponentIdentity::kIds; ++i) {
+    if (identity.ids[i][0] == '\0') continue;
+    file.Put('\t');
+    file.Put(identity.ids[i]);
+    others = true;
+  }
+  if (others) file.Put('\n');
+}
+
+}  // namespace
+
+void WriteBankIndex(LibFile* library, std::string const& folder, std::string const& name) {
+  TextFile file(folder + name + ".bnk");
+  if (!file) return;
+  file.Put(kVersionLine);
+  PutFields(file, {StemOf(library), VersionOf(library)});
+  file.Put('\n');
+  LibMaint_i walk(library);
+  char type[9];
+  char bank[9];
+  walk.BeginBankWalk();
+  while (walk.NextBank(type, bank)) {
+    PutFields(file, {type, bank});
+    file.Put('\n');
+  }
+}
+
+void WriteComponentIndex(LibFile* library, char const* bank, std::string const& path) {
+  TextFile file(path);
+  if (!file) return;
+  file.Put(kVersionLine);
+  PutFields(file, {StemOf(library), bank, VersionOf(library)});
+  file.Put('\n');
+  Held<IZelBankDef> const record(NewBank(kComponentType));
+  auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
+  LibMaint_i walk(library);
+  std::int32_t key[1];
+  if (!component || !walk.BeginItemWalk(kComponentType, bank)) return;
+  while (walk.NextItem(key, record.Get())) PutComponent(file, component.Get());
+}
+
+// The name is taken as it stands, also where it has characters of a pattern.
+void DeleteTextDump(std::string const& folder, std::string const& name) {
+  platform::RemoveFile(folder + name + ".bnk");
+  std::string const start = name + ".";
+  for (platform::FolderEntry const& entry : platform::ListFolder(folder)) {
+    std::string_view const file = entry.name;
+    bool const old = file.size() >= start.size() + kComponentExtension.size() &&
+                     file.substr(0, start.size()) == start &&
+                     file.substr(file.size() - kComponentExtension.size()) == kComponentExtension;
+    if (old && (entry.attributes & platform::kFolderAttribute) == 0) {
+      platform::RemoveFile(folder + entry.name);
+    }
+  }
+}
+
+void WriteTextDumps(LibFile* library) {
+  PathParts const path = SplitPath(library->GetLibPath());
+  DeleteTextDump(path.folder, path.name);
+  WriteBankIndex(library, path.folder, path.name);
+  LibMaint_i walk(library);
+  char type[9];
+  char bank[9];
+  walk.BeginBankWalk(kComponentType);
+  while (walk.NextBank(type, bank)) {
+    if (bank == kNotIndexed) continue;
+    WriteComponentIndex(library, bank,
+                        path.folder + path.name + "." + bank + std::string(kComponentExtension));
+  }
+}
+
+void LibMaint_i::WriteTextDump(LibFile* library) {
+  if (library != nullptr) WriteTextDumps(library);
+}
+
+}  // namespace zel
