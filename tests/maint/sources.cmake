@@ -1,9 +1,12 @@
 set(maint_TEST_SOURCES
     banks_test.cpp
+    check_test.cpp
     components_test.cpp
     format_document_test.cpp
     items_test.cpp
+    log_test.cpp
     maint_fixture.cpp
     numbers_test.cpp
     pairs_test.cpp
+    text_dump_test.cpp
     walks_test.cpp)
