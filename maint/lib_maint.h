@@ -136,6 +136,9 @@ class LibMaint_i final : public LibMaint_p {
   // lib_maint_check.cpp
   bool MayBeWritten(IZelBankIO* bank, Key* key);
   void WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference);
+  // The layer of interchange has its bodies in sources of its own.
+  template <typename Run>
+  bool RunExport(char const* path, bool writeBanner, bool componentFiles, Run const& run);
   // lib_maint_walks.cpp
   bool StartWalk(WalkMode mode, std::int32_t const* head);
   bool WalkIs(WalkMode mode) noexcept;

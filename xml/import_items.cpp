@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
-#include "banks/field_table.h"
 #include "frame/ascii.h"
 #include "frame/number_text.h"
 #include "xml/import_text.h"
@@ -29,46 +27,13 @@ ItemImport::ItemImport(ImportRun& run, std::string_view type, std::string_view n
     : run_(run),
       bankName_(name),
       record_(NewBank(std::string(type).c_str())),
-      info_(record_.Get()) {
-  TakeFields(format);
-}
-
-void ItemImport::TakeFields(std::int32_t format) {
-  std::int32_t count = 0;
-  if (record_->GetFieldCount(format, &count) != kStatusOk) count = 0;
-  auto const rows = static_cast<std::size_t>(count);
-  auto const names = std::make_unique<char[][13]>(rows);
-  auto const labels = std::make_unique<char[][20]>(rows);
-  auto const units = std::make_unique<char[][20]>(rows);
-  std::vector<std::int32_t> types(rows);
-  std::vector<std::int32_t> counts(rows);
-  record_->GetFieldList(format, names.get(), labels.get(), types.data(), counts.data(),
-                        units.get());
-  std::size_t largest = 1;
-  for (std::size_t i = 0; i < rows; ++i) {
-    auto const values = static_cast<std::size_t>(std::max(counts[i], 1));
-    largest = std::max(largest, values);
-    tags_.push_back({names[i], types[i], values, {}});
-    if (types[i] == kEnumerated) tags_.back().choices = ChoicesOf(names[i]);
-  }
-  for (Tag const& tag : tags_) names_.push_back({tag.name, NameMode::kOnce});
+      info_(record_.Get()),
+      fields_(record_.Get(), format),
+      intValues_(fields_.largest),
+      realValues_(fields_.largest),
+      textValue_(fields_.largest) {
+  for (FieldTag const& tag : fields_.tags) names_.push_back({tag.name, NameMode::kOnce});
   names_.push_back({kKeyTags[static_cast<std::size_t>(info_.keyKind)], NameMode::kOnce});
-  intValues_.resize(largest);
-  realValues_.resize(largest);
-  textValue_.resize(largest);
-}
-
-std::vector<ItemImport::Choice> ItemImport::ChoicesOf(char const* tag) {
-  std::int32_t count = 0;
-  if (record_->GetEnumCount(tag, &count) != kStatusOk || count <= 0) return {};
-  auto const rows = static_cast<std::size_t>(count);
-  auto const names = std::make_unique<char[][13]>(rows);
-  std::vector<std::int32_t> values(rows);
-  std::int32_t byDefault = 0;
-  record_->GetEnumList(tag, names.get(), values.data(), &byDefault);
-  std::vector<Choice> choices;
-  for (std::size_t i = 0; i < rows; ++i) choices.push_back({names[i], values[i]});
-  return choices;
 }
 
 bool ItemImport::WalkBank(XmlNode bank) {
@@ -107,9 +72,9 @@ bool ItemImport::WalkItem(XmlNode item) {
   std::size_t match = 0;
   while (walk.NextNode(node, match)) {
     std::string_view const text = node.Text(scratch);
-    if (match == tags_.size()) {
+    if (match == fields_.tags.size()) {
       keyCount = ReadKey(text);
-    } else if (!ReadTag(tags_[match], text)) {
+    } else if (!ReadTag(fields_.tags[match], text)) {
       return false;
     }
   }
@@ -132,16 +97,16 @@ bool ItemImport::StoreItem(std::int32_t keyCount) {
 }
 
 // False when the import must end. Places that the text leaves out keep what the record has.
-bool ItemImport::ReadTag(Tag const& tag, std::string_view text) {
+bool ItemImport::ReadTag(FieldTag const& tag, std::string_view text) {
   switch (tag.type) {
-    case kInteger: ReadIntegers(tag, text); return true;
-    case kReal: ReadReals(tag, text); return true;
-    case kText: ReadText(tag, text); return true;
+    case fieldInteger: ReadIntegers(tag, text); return true;
+    case fieldReal: ReadReals(tag, text); return true;
+    case fieldText: ReadText(tag, text); return true;
     default: return ReadChoice(tag, text);
   }
 }
 
-void ItemImport::ReadIntegers(Tag const& tag, std::string_view text) {
+void ItemImport::ReadIntegers(FieldTag const& tag, std::string_view text) {
   record_->GetIntField(tag.name.c_str(), intValues_.data());
   Tokens tokens(text);
   std::string_view token;
@@ -151,7 +116,7 @@ void ItemImport::ReadIntegers(Tag const& tag, std::string_view text) {
   record_->SetIntField(tag.name.c_str(), intValues_.data());
 }
 
-void ItemImport::ReadReals(Tag const& tag, std::string_view text) {
+void ItemImport::ReadReals(FieldTag const& tag, std::string_view text) {
   record_->GetDoubleField(tag.name.c_str(), realValues_.data());
   Tokens tokens(text);
   std::string_view token;
@@ -161,14 +126,15 @@ void ItemImport::ReadReals(Tag const& tag, std::string_view text) {
   record_->SetDoubleField(tag.name.c_str(), realValues_.data());
 }
 
-void ItemImport::ReadText(Tag const& tag, std::string_view text) {
+void ItemImport::ReadText(FieldTag const& tag, std::string_view text) {
   CopyText(text, textValue_.data(), tag.count);
   record_->SetStringField(tag.name.c_str(), textValue_.data());
 }
 
-bool ItemImport::ReadChoice(Tag const& tag, std::string_view text) {
-  auto const choice = std::find_if(tag.choices.begin(), tag.choices.end(),
-                                   [&](Choice const& c) { return SameText(c.name, text); });
+bool ItemImport::ReadChoice(FieldTag const& tag, std::string_view text) {
+  auto const choice =
+      std::find_if(tag.choices.begin(), tag.choices.end(),
+                   [&](FieldTag::Choice const& c) { return SameText(c.name, text); });
   if (choice == tag.choices.end()) {
     return Report("\"" + std::string(text) + "\" is not a valid value for tag <" + tag.name + ">");
   }

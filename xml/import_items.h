@@ -10,6 +10,7 @@
 
 #include "maint/block_info.h"
 #include "store/key.h"
+#include "xml/field_tags.h"
 #include "xml/import_iterator.h"
 
 namespace zel {
@@ -23,20 +24,6 @@ class ItemImport {
   bool WalkBank(XmlNode bank);
 
  private:
-  struct Choice {
-    std::string name;
-    std::int32_t value;
-  };
-  struct Tag {
-    std::string name;
-    std::int32_t type;
-    std::size_t count;  // values; for a text its buffer, terminator included
-    std::vector<Choice> choices;
-  };
-
-  void TakeFields(std::int32_t format);
-  std::vector<Choice> ChoicesOf(char const* tag);
-
   bool WalkItem(XmlNode item);
   bool StoreItem(std::int32_t keyCount);
   bool Report(std::string_view message);
@@ -48,18 +35,18 @@ class ItemImport {
   std::int32_t ReadWord(std::string_view text);
   std::string KeyCountProblem(std::int32_t keyCount) const;
 
-  bool ReadTag(Tag const& tag, std::string_view text);
-  void ReadIntegers(Tag const& tag, std::string_view text);
-  void ReadReals(Tag const& tag, std::string_view text);
-  void ReadText(Tag const& tag, std::string_view text);
-  bool ReadChoice(Tag const& tag, std::string_view text);
+  bool ReadTag(FieldTag const& tag, std::string_view text);
+  void ReadIntegers(FieldTag const& tag, std::string_view text);
+  void ReadReals(FieldTag const& tag, std::string_view text);
+  void ReadText(FieldTag const& tag, std::string_view text);
+  bool ReadChoice(FieldTag const& tag, std::string_view text);
 
   ImportRun& run_;
   std::string bankName_;
   Held<IZelBankDef> record_;
   BankInfo info_;
   Key_i key_;
-  std::vector<Tag> tags_;
+  FieldTags fields_;
   std::vector<NameRow> names_;  // of the tags, and behind them that of the key
   std::vector<std::int32_t> intValues_;
   std::vector<double> realValues_;

@@ -1,16 +1,55 @@
-// Exports of LibMaint.
+// Exports of LibMaint. The forms without a switch take the stored one.
+#include "frame/ascii.h"
 #include "maint/lib_maint.h"
+#include "xml/export.h"
 
 namespace zel {
 
-bool LibMaint_i::ExportLibrary(char const*, bool, bool) { return false; }
-bool LibMaint_i::ExportBank(char const*, char const*, char const*, bool, bool) { return false; }
-bool LibMaint_i::ExportComponentByNumber(char const*, std::int32_t, char const*, bool) {
-  return false;
-}
-bool LibMaint_i::ExportComponentById(char const*, char const*, char const*, bool) { return false; }
+namespace {
 
-// Forms without a switch take the stored one.
+constexpr char const* OrEmpty(char const* text) noexcept { return text == nullptr ? "" : text; }
+
+}  // namespace
+
+// Runs an export of an open library. The current item is no longer the one that was read.
+template <typename Run>
+bool LibMaint_i::RunExport(char const* path, bool writeBanner, bool componentFiles,
+                           Run const& run) {
+  DropTree();
+  if (Directory() == nullptr) return false;
+  ExportSwitches const switches{writeFormat_, writeBanner, writeNotice_, componentFiles};
+  Export_i exporter(*this, switches, TextOrEmpty(path));
+  bool const written = run(exporter);
+  DropTree();
+  return written;
+}
+
+bool LibMaint_i::ExportLibrary(char const* path, bool writeBanner, bool componentFiles) {
+  return RunExport(path, writeBanner, componentFiles,
+                   [](Export_i& exporter) { return exporter.ExportLibrary(); });
+}
+
+bool LibMaint_i::ExportBank(char const* type, char const* name, char const* path, bool writeBanner,
+                            bool componentFiles) {
+  return RunExport(path, writeBanner, componentFiles, [&](Export_i& exporter) {
+    return exporter.ExportBank(OrEmpty(type), OrEmpty(name));
+  });
+}
+
+bool LibMaint_i::ExportComponentByNumber(char const* bankName, std::int32_t number,
+                                         char const* path, bool writeBanner) {
+  return RunExport(path, writeBanner, false, [&](Export_i& exporter) {
+    return exporter.ExportComponentByNumber(OrEmpty(bankName), number);
+  });
+}
+
+bool LibMaint_i::ExportComponentById(char const* bankName, char const* id, char const* path,
+                                     bool writeBanner) {
+  return RunExport(path, writeBanner, false, [&](Export_i& exporter) {
+    return exporter.ExportComponentById(OrEmpty(bankName), OrEmpty(id));
+  });
+}
+
 bool LibMaint_i::ExportLibrary(char const* path, bool writeBanner) {
   return ExportLibrary(path, writeBanner, componentFiles_);
 }

@@ -1,4 +1,8 @@
 set(xml_SOURCES
+    export.cpp
+    export_component.cpp
+    export_items.cpp
+    field_tags.cpp
     import.cpp
     import_component.cpp
     import_items.cpp

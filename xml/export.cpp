@@ -1,0 +1,220 @@
+#include "xml/export.h"
+
+#include <utility>
+#include <vector>
+
+#include "frame/date_text.h"
+#include "maint/component_identity.h"
+#include "store/key.h"
+#include "xml/export_component.h"
+#include "xml/export_items.h"
+#include "xml/text_out.h"
+
+namespace zel {
+
+using platform::TextFile;
+
+namespace {
+
+constexpr std::string_view kComponentBank = "PURECOMP";
+constexpr std::string_view kUsualExtension = ".xml";
+constexpr std::size_t kLongestPath = 259;
+constexpr std::size_t kLongestLabel = 99;
+constexpr std::string_view kEmptyLine = "  -\n";
+constexpr std::size_t kStars = 75;
+
+void PutStars(TextFile& out) { out << "  -  " << std::string(kStars, '*') << "\n"; }
+
+void PutNotice(TextFile& out) {
+  out << "  -  Copyright " << CurrentYear() << " by the owners of the data. All rights reserved.\n"
+      << "  -  Names of products and of data collections are marks of their owners.\n"
+      << "  -  Names of companies and of their libraries are marks of theirs.\n";
+}
+
+// An element of the library that holds one line of text, when there is any.
+void PutText(TextFile& out, std::string_view name, std::string_view text) {
+  if (text.empty()) return;
+  out << "  <" << name << ">\n    " << text << "\n  </" << name << ">\n";
+}
+
+std::string BankLabel(std::string_view type, std::string_view name) {
+  return "bank type \"" + std::string(type) + "\", name \"" + std::string(name) + "\"";
+}
+
+}  // namespace
+
+Export_i::Export_i(LibMaint_i& owner, ExportSwitches const& switches, std::string_view path)
+    : owner_(owner), library_(*owner.Library()), switches_(switches) {
+  PathParts const parts = SplitPath(path);
+  folder_ = parts.folder.empty() ? SplitPath(library_.GetLibPath()).folder : parts.folder;
+  base_ = parts.name;
+  extension_ = parts.extension.empty() ? std::string(kUsualExtension) : parts.extension;
+}
+
+// Empty, which cannot be opened, for a path that is too long.
+std::string Export_i::PathOf(std::string const& file) const {
+  std::string path = folder_ + file;
+  return path.size() > kLongestPath ? std::string() : path;
+}
+
+std::string Export_i::Named(std::string_view base, std::string const& fallback) const {
+  return (base.empty() ? fallback : std::string(base)) + extension_;
+}
+
+void Export_i::PutHeader(TextFile& out, std::string label) const {
+  label.resize(std::min(label.size(), kLongestLabel));
+  out << "<!--\n";
+  PutStars(out);
+  out << kEmptyLine;
+  if (switches_.writeBanner) {
+    out << "  -  *** Maintenance Log ***\n" << kEmptyLine;
+    PutStars(out);
+    out << kEmptyLine;
+  }
+  out << "  -  Package:    HALVIK Thermo\n"
+      << "  -  Component:  ZelLibraryData - Component library data\n"
+      << "  -  Purpose:    XML data file for " << label << "\n";
+  if (switches_.writeNotice) {
+    out << kEmptyLine;
+    PutNotice(out);
+  }
+  out << kEmptyLine;
+  PutStars(out);
+  out << "  -->\n\n";
+}
+
+// One CDATA section with a blank behind its opening; every further line is led by a mark.
+void Export_i::PutMemo(TextFile& out, std::string memo) {
+  if (memo.empty()) return;
+  memo += "]]>";
+  out << "  <memo>\n";
+  std::string_view rest = memo;
+  std::string_view prefix = "<![CDATA[ ";
+  while (!rest.empty()) {
+    std::size_t const end = std::min(rest.find('\n'), rest.size() - 1) + 1;
+    out << "    " << prefix << rest.substr(0, end);
+    rest.remove_prefix(end);
+    prefix = "        [ ";
+  }
+  out << "\n  </memo>\n";
+}
+
+bool Export_i::ExportLibrary() {
+  std::vector<std::pair<std::string, std::string>> banks;
+  std::vector<std::pair<std::string, std::string>> others;
+  char type[9];
+  char name[9];
+  owner_.BeginBankWalk();
+  while (owner_.NextBank(type, name)) {
+    (type == kComponentBank ? banks : others).emplace_back(type, name);
+  }
+  banks.insert(banks.end(), others.begin(), others.end());  // components first
+
+  std::string const stem = SplitPath(library_.GetLibPath()).name;
+  TextFile out(PathOf(Named(base_, stem)));
+  if (!out) return false;
+  PutHeader(out, "library \"" + stem + "\"");
+  char description[101];
+  char version[13];
+  char memo[4000];
+  library_.GetDescriptionAndVersion(description, version);
+  library_.GetMemo(memo);
+  out << "<library>\n";
+  PutText(out, "description", description);
+  PutText(out, "version", version);
+  PutMemo(out, memo);
+  for (auto const& [bankType, bankName] : banks) {
+    std::string file;
+    if (!WriteBank(bankType, bankName, "", file)) return false;
+    if (!file.empty()) out << "  <import file=\"" << file << "\" />\n";
+  }
+  out << "</library>\n";
+  return true;
+}
+
+bool Export_i::ExportBank(char const* type, char const* name) {
+  std::string file;
+  return WriteBank(type, name, base_, file);
+}
+
+// `file` becomes the name of the file, and stays empty when the bank is left out.
+bool Export_i::WriteBank(std::string const& type, std::string const& name, std::string_view base,
+                         std::string& file) {
+  Held<IZelBankDef> const record(NewBank(type.c_str()));
+  if (!owner_.BankExists(type.c_str(), name.c_str()) || !record) return false;
+  BankInfo const info(record.Get());
+  std::int32_t const stored =
+      info.formatCount == 1 ? 0 : owner_.GetBankFormat(type.c_str(), name.c_str());
+  bool const withFormat = switches_.writeFormat && stored != 0;
+  if (!withFormat && stored > 1) return true;
+  owner_.Log().ShowBankProgress(type, name);
+  file = Named(base, "Bank-" + type + "-" + name);
+  TextFile out(PathOf(file));
+  if (!out) return false;
+  PutHeader(out, BankLabel(type, name));
+  out << "<bank type=\"" << type << "\" name=\"" << name << "\"";
+  if (withFormat) out << " format=\"" << stored << "\"";
+  out << ">\n";
+  char memo[4000];
+  owner_.GetBankMemo(type.c_str(), name.c_str(), memo);
+  PutMemo(out, memo);
+  if (type == kComponentBank) {
+    WriteComponents(out, name);
+  } else {
+    ItemExport(owner_, out, ids_).Write(record.Get(), name, withFormat ? stored : 1);
+  }
+  out << "</bank>\n";
+  return true;
+}
+
+// Each component is found again by its first ID; one that is not is left out.
+void Export_i::WriteComponents(TextFile& out, std::string const& bank) {
+  constexpr std::size_t kIndent = 2;
+  Held<IZelBankDef> const record(NewPureComp());
+  auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
+  LibMaint_i reader(&library_);
+  Key_i key;
+  std::int32_t words[format::kMaxKeyWords] = {};
+  if (!component || !owner_.BeginItemWalk(kComponentBank.data(), bank.c_str())) return;
+  while (owner_.NextItem(words, record.Get())) {
+    ComponentIdentity const identity(component.Get());
+    key.SetKey(static_cast<char const*>(identity.ids[0]));
+    std::string file;
+    if (switches_.componentFiles) {
+      if (WriteComponentFile(bank.c_str(), &key, identity.ids[0], "", file)) {
+        out << "  <import file=\"" << file << "\" />\n";
+      }
+    } else if (reader.ReadItem(record.Get(), bank.c_str(), &key)) {
+      PutComponent(out, component.Get(), kIndent);
+    }
+  }
+}
+
+bool Export_i::WriteComponentFile(char const* bank, Key* key, std::string const& component,
+                                  std::string_view base, std::string& file) {
+  Held<IZelBankDef> const record(NewPureComp());
+  auto const read = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
+  if (!read || !LibMaint_i(&library_).ReadItem(record.Get(), bank, key)) return false;
+  file = Named(base, "Comp-" + std::string(bank) + "-" + component);
+  TextFile out(PathOf(file));
+  if (!out) return false;
+  PutHeader(out, BankLabel(kComponentBank, bank) + ", component \"" + component + "\"");
+  PutComponent(out, read.Get(), 0);
+  return true;
+}
+
+bool Export_i::ExportComponentByNumber(char const* bank, std::int32_t number) {
+  Key_i key;
+  key.SetKey(static_cast<long>(number));
+  std::string file;
+  return WriteComponentFile(bank, &key, std::to_string(number), base_, file);
+}
+
+bool Export_i::ExportComponentById(char const* bank, char const* id) {
+  Key_i key;
+  key.SetKey(id);
+  std::string file;
+  return WriteComponentFile(bank, &key, id, base_, file);
+}
+
+}  // namespace zel

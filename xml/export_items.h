@@ -1,0 +1,42 @@
+// Items of a bank of any type but pure components, written by the field table of the type.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "frame/platform/text_file.h"
+#include "maint/block_info.h"
+#include "maint/lib_maint.h"
+#include "xml/field_tags.h"
+
+namespace zel {
+
+class ItemExport {
+ public:
+  // `ids` keeps what the library says of component numbers, for the next bank too.
+  ItemExport(LibMaint_i& owner, platform::TextFile& out,
+             std::unordered_map<std::int32_t, std::string>& ids);
+
+  // Writes the fields of a format; the items stand grouped by the length of their keys.
+  void Write(IZelBankDef* record, std::string const& name, std::int32_t format);
+
+ private:
+  void PutKey(BankInfo const& info, std::int32_t const* words, std::int32_t length);
+  void PutIds(std::int32_t const* words, std::int32_t length);
+  void PutTag(IZelBankDef* record, FieldTag const& tag);
+  void PutInteger(FieldTag const& tag, std::int32_t value);
+  template <typename Value, typename IsUndefined, typename Put>
+  void PutValues(FieldTag const& tag, std::vector<Value> const& values,
+                 IsUndefined const& isUndefined, Put const& put);
+  std::string const& IdOf(std::int32_t number);
+
+  LibMaint_i& owner_;
+  platform::TextFile& out_;
+  std::unordered_map<std::int32_t, std::string>& ids_;
+  std::vector<std::int32_t> intValues_;
+  std::vector<double> realValues_;
+  std::vector<char> textValue_;
+};
+
+}  // namespace zel
