@@ -1,8 +1,212 @@
 #include "xml/import_component.h"
 
+#include <array>
+#include <charconv>
+
+#include "frame/ascii.h"
+#include "frame/number_text.h"
+#include "xml/import_text.h"
+
 namespace zel {
 
-bool ComponentImport::WalkBank(XmlNode) { return true; }
-bool ComponentImport::ImportAlone(XmlNode) { return true; }
+namespace {
+
+constexpr char kComponentType[] = "PURECOMP";
+// The bank of this name holds formulas of another kind, which are not checked.
+constexpr std::string_view kOtherFormulas = "OLILIB";
+
+enum BankNode : std::size_t { kMemo, kComponent };
+constexpr std::array<NameRow, 2> kBankNodes{{{"memo", NameMode::kOnce}, {"comp", NameMode::kAny}}};
+
+enum Element : std::size_t { kId, kFlags, kSmiles, kStructure, kProperty, kCorrelation };
+constexpr std::array<NameRow, 6> kElements{{{"id", NameMode::kOnce},
+                                            {"flags", NameMode::kOnce},
+                                            {"smiles", NameMode::kOnce},
+                                            {"structure", NameMode::kAny},
+                                            {"property", NameMode::kAny},
+                                            {"correlation", NameMode::kAny}}};
+
+constexpr std::array<NameRow, 1> kFlagsAttributes{{{"phase", NameMode::kOnce}}};
+constexpr std::array<NameRow, 1> kStructureAttributes{{{"model", NameMode::kOnce}}};
+
+struct PhaseRow {
+  std::string_view word;
+  std::int32_t code;
+};
+constexpr PhaseRow kPhases[] = {{"NONE", 0}, {"VL", 3}, {"VLS", 7}, {"LS", 6}, {"S", 4}};
+
+// By number. The first goes without a name in documents, and its word is not read.
+constexpr std::array<std::string_view, 7> kModels = {
+    "legacy", "orig-public", "orig-cons", "dort-public", "dort-cons", "lyngby", "joback"};
+
+constexpr std::int32_t kMostGroups = 10;
+
+// The number at the front of a text; false, with the value as it was, when there is none.
+bool TakeInt(std::string_view& text, std::int32_t& value) {
+  std::size_t const start = text.find_first_not_of(" \t\r\n");
+  if (start == std::string_view::npos) return false;
+  std::size_t const signs = text[start] == '+' || text[start] == '-' ? 1 : 0;
+  std::size_t end = start + signs;
+  while (end < text.size() && text[end] >= '0' && text[end] <= '9') ++end;
+  if (end == start + signs) return false;
+  value = ParseInt(text.substr(start, end - start));
+  text.remove_prefix(end);
+  return true;
+}
+
+// `number(count)`; what does not stand there leaves its value as it was.
+void TakeGroup(std::string_view text, std::int32_t& number, std::int32_t& count) {
+  if (!TakeInt(text, number) || text.empty() || text.front() != '(') return;
+  text.remove_prefix(1);
+  TakeInt(text, count);
+}
+
+}  // namespace
+
+ComponentImport::ComponentImport(ImportRun& run, std::string_view bankName)
+    : run_(run),
+      bankName_(bankName),
+      checksFormulas_(!SameText(bankName, kOtherFormulas)),
+      record_(NewPureComp()),
+      component_(Held<IZelPureComp>::Of(record_.Get(), IID_IZelPureComp)) {
+  if (!component_) throw std::bad_alloc();
+}
+
+bool ComponentImport::Unrecognized(std::string_view what, std::string_view word,
+                                   std::string_view kind, std::string_view name) {
+  std::string text = "Unrecognized " + std::string(what) + " \"" + std::string(word) + "\" found";
+  if (!kind.empty()) text += " for " + std::string(kind) + " \"" + std::string(name) + "\"";
+  return Report(text);
+}
+
+bool ComponentImport::WalkBank(XmlNode bank) {
+  ImportIterator_i walk = ImportIterator_i::OverChildren(run_, bank, kBankNodes, "component <bank>",
+                                                         ImportTags::kFollowed);
+  std::string scratch;
+  XmlNode node;
+  std::size_t match = 0;
+  while (walk.NextNode(node, match)) {
+    if (match == kMemo) {
+      run_.owner.SetBankMemo(kComponentType, bankName_.c_str(),
+                             MemoText(node.Text(scratch)).c_str());
+    } else if (!WalkComponent(node)) {
+      return false;
+    }
+  }
+  return !walk.Aborted();
+}
+
+bool ComponentImport::ImportAlone(XmlNode component) {
+  char const* bank = bankName_.c_str();
+  if (!run_.owner.BankExists(kComponentType, bank) &&
+      !run_.owner.CreateBank(kComponentType, bank, 0)) {
+    return Report("Bank \"PURECOMP-" + bankName_ + "\" cannot be found or created");
+  }
+  return WalkComponent(component);
+}
+
+bool ComponentImport::WalkComponent(XmlNode component) {
+  record_->Clear();
+  run_.log.ClearTexts();
+  number_ = 0;
+  ImportIterator_i walk =
+      ImportIterator_i::OverChildren(run_, component, kElements, "<comp>", ImportTags::kUnknown);
+  XmlNode node;
+  std::size_t match = 0;
+  while (walk.NextNode(node, match)) {
+    if (!ReadElement(match, node)) return false;
+  }
+  return !walk.Aborted() && StoreComponent();
+}
+
+// A component without a number is dropped without a word, and ends the bank all the same.
+bool ComponentImport::StoreComponent() {
+  if (number_ == 0) return false;
+  char const* bank = bankName_.c_str();
+  key_.SetKey(static_cast<long>(number_));
+  if (!run_.replaceExisting && run_.owner.ItemExists(record_.Get(), bank, &key_)) {
+    return Report("Library number (" + std::to_string(number_) + ") already exists in this bank");
+  }
+  if (!run_.owner.WriteItem(record_.Get(), bank, &key_)) return Report("");
+  return true;
+}
+
+bool ComponentImport::ReadElement(std::size_t element, XmlNode node) {
+  switch (element) {
+    case kId: return ReadIdentity(node);
+    case kFlags: return ReadPhase(node);
+    case kSmiles: return ReadSmiles(node);
+    case kStructure: return ReadStructure(node);
+    case kProperty: return ReadProperty(node);
+    default: return ReadCorrelation(node);
+  }
+}
+
+bool ComponentImport::ReadPhase(XmlNode node) {
+  ImportIterator_i walk =
+      ImportIterator_i::OverAttributes(run_, node, kFlagsAttributes, "component <flags>");
+  std::int32_t phase = 0;
+  component_->GetPhase(&phase);
+  std::string scratch;
+  XmlNode attribute;
+  std::size_t match = 0;
+  while (walk.NextNode(attribute, match)) {
+    std::string_view const word = attribute.Value(scratch);
+    PhaseRow const* found = nullptr;
+    for (PhaseRow const& row : kPhases) {
+      if (SameText(row.word, word)) found = &row;
+    }
+    if (found != nullptr) {
+      phase = found->code;
+    } else if (!Report("Unrecognized value \"" + std::string(word) +
+                       "\" found for \"phase\" attribute")) {
+      return false;
+    }
+  }
+  if (walk.Aborted()) return false;
+  component_->SetPhase(phase);
+  return true;
+}
+
+bool ComponentImport::ReadSmiles(XmlNode node) {
+  std::string scratch;
+  char text[101];
+  CopyText(node.Text(scratch), text, sizeof text);
+  component_->SetSmiles(text);
+  return true;
+}
+
+// A second element of one model adds to the count of the first while its groups take the places
+// from the start.
+bool ComponentImport::ReadStructure(XmlNode node) {
+  ImportIterator_i walk =
+      ImportIterator_i::OverAttributes(run_, node, kStructureAttributes, "component <structure>");
+  std::uint32_t model = 0;
+  std::string scratch;
+  XmlNode attribute;
+  std::size_t match = 0;
+  while (walk.NextNode(attribute, match)) {
+    std::string_view const word = attribute.Value(scratch);
+    model = 1;
+    while (model < kModels.size() && !SameText(kModels[model], word)) ++model;
+    if (model == kModels.size()) {
+      return Report("Unrecognized value \"" + std::string(word) +
+                    "\" found for component structure \"model\" attribute");
+    }
+  }
+  if (walk.Aborted()) return false;
+  std::int32_t count = 0;
+  std::array<std::int32_t, kMostGroups> ids{};
+  std::array<std::int32_t, kMostGroups> counts{};
+  component_->GetRawStructure(model, &count, ids.data(), counts.data());
+  Tokens tokens(node.Text(scratch));
+  std::string_view token;
+  for (std::size_t i = 0; i < ids.size() && tokens.Next(token); ++i) {
+    TakeGroup(token, ids[i], counts[i]);
+    ++count;
+  }
+  component_->SetStructure(model, std::min(count, kMostGroups), ids.data(), counts.data());
+  return true;
+}
 
 }  // namespace zel

@@ -5,10 +5,13 @@ set(xml_SOURCES
     field_tags.cpp
     import.cpp
     import_component.cpp
+    import_component_data.cpp
+    import_component_id.cpp
     import_items.cpp
     import_iterator.cpp
     import_keys.cpp
     import_text.cpp
     lib_maint_export.cpp
     lib_maint_import.cpp
+    unit_words.cpp
     xml_document.cpp)

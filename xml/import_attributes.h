@@ -1,0 +1,25 @@
+// Attributes of an element, taken before any of them is looked at.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "xml/import_iterator.h"
+
+namespace zel {
+
+template <std::size_t N>
+using AttributeValues = std::array<std::optional<std::string>, N>;
+
+// The values that a walk hands out, by the row of their names. False when the walk was aborted.
+template <std::size_t N>
+bool TakeAttributes(ImportIterator_i& walk, AttributeValues<N>& values) {
+  std::string scratch;
+  XmlNode attribute;
+  std::size_t match = 0;
+  while (walk.NextNode(attribute, match)) values[match] = attribute.Value(scratch);
+  return !walk.Aborted();
+}
+
+}  // namespace zel

@@ -1,0 +1,213 @@
+// Constants and correlations of a component.
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "frame/ascii.h"
+#include "frame/number_text.h"
+#include "frame/units/unit_system.h"
+#include "purecomp/tables.h"
+#include "xml/import_attributes.h"
+#include "xml/import_component.h"
+#include "xml/import_text.h"
+
+namespace zel {
+
+namespace {
+
+enum PropertyAttribute : std::size_t { kPropertyName, kValue, kUom, kPropertyRefCode, kOfProperty };
+constexpr std::array<NameRow, kOfProperty> kPropertyAttributes{{{"name", NameMode::kOnce},
+                                                                {"value", NameMode::kOnce},
+                                                                {"uom", NameMode::kOnce},
+                                                                {"refcode", NameMode::kOnce}}};
+
+// The attributes of a correlation are walked twice: what it is, then what it holds.
+enum CorrelationAttribute : std::size_t {
+  kName,
+  kEquation,
+  kTMin,
+  kTMax,
+  kRefCode,
+  kTempUnit,
+  kPropUnit,
+  kLogBasis,
+  kMoleWtBasis,
+  kOfCorrelation
+};
+using CorrelationNames = std::array<NameRow, kOfCorrelation>;
+
+constexpr CorrelationNames NamesOfPass(bool first) {
+  NameMode const what = first ? NameMode::kOnce : NameMode::kSkip;
+  NameMode const content = first ? NameMode::kSkip : NameMode::kOnce;
+  return {{{"name", what},
+           {"equation", what},
+           {"tMin", content},
+           {"tMax", content},
+           {"refCode", content},
+           {"tempUnit", content},
+           {"propUnit", content},
+           {"logBasis", content},
+           {"moleWtBasis", content}}};
+}
+constexpr CorrelationNames kFirstPass = NamesOfPass(true);
+constexpr CorrelationNames kSecondPass = NamesOfPass(false);
+
+struct WordRow {
+  std::string_view word;
+  std::int32_t code;
+};
+constexpr WordRow kTempUnits[] = {{"K", 10}, {"R", 12}, {"C", 11}, {"F", 13}};
+constexpr WordRow kLogForms[] = {{"LN", 1}, {"LOG", 2}};
+constexpr WordRow kBases[] = {{"M", 1}, {"WT", 2}};
+
+// False, with the code as it was, for a word that is not in the list.
+template <std::size_t N>
+bool TakeWord(WordRow const (&words)[N], std::string_view word, std::int32_t& code) {
+  for (WordRow const& row : words) {
+    if (!SameText(row.word, word)) continue;
+    code = row.code;
+    return true;
+  }
+  return false;
+}
+
+// Rows that only end a part of the table have no name, and a name is never empty here.
+PropertyRow const* FindProperty(std::string_view name) {
+  auto const row = std::find_if(std::begin(kPropertyRows), std::end(kPropertyRows),
+                                [&](PropertyRow const& r) { return SameText(r.keyword, name); });
+  return row == std::end(kPropertyRows) ? nullptr : row;
+}
+
+std::string RequiredText(bool first, bool second, std::string_view both, std::string_view one,
+                         std::string_view other, std::string_view node) {
+  std::string_view const what = !first && !second ? both : !first ? one : other;
+  return std::string(what) + " required on the component <" + std::string(node) + "> node";
+}
+
+bool IsGiven(std::optional<std::string> const& value) { return value && !value->empty(); }
+
+constexpr std::size_t kCoefficients = 15;
+
+// One correlation, as GetCorrelation and SetCorrelation have it.
+struct CorrelationData {
+  std::int32_t equation = 0;
+  std::int32_t tempUnit = 0;
+  std::int32_t propUnit = 0;
+  std::int32_t logBasis = 0;
+  std::int32_t basis = 0;
+  std::int32_t count = 0;
+  double tMin = gen_GetUndefDouble();
+  double tMax = gen_GetUndefDouble();
+  std::array<double, kCoefficients> coefficients;
+  std::uint32_t refCode = 0;
+
+  // What the component has, also where that is not a sound correlation yet.
+  CorrelationData(IZelPureComp* component, std::uint32_t index) {
+    coefficients.fill(gen_GetUndefDouble());
+    double factor = 0.0;
+    component->GetCorrelation(index, &equation, &tempUnit, &propUnit, &factor, &logBasis, &basis,
+                              &count, &tMin, &tMax, coefficients.data());
+    component->GetCorrelationRefCode(index, &refCode);
+  }
+
+  void TakeCoefficients(std::string_view text) {
+    Tokens tokens(text);
+    std::string_view token;
+    for (std::size_t i = 0; i < kCoefficients && tokens.Next(token); ++i) {
+      coefficients[i] = ParseReal(token);
+      ++count;
+    }
+  }
+
+  void Store(IZelPureComp* component, std::uint32_t index) const {
+    component->SetCorrelation(index, equation, tempUnit, propUnit, logBasis, basis, count, tMin,
+                              tMax, coefficients.data());
+    component->SetCorrelationRefCode(index, refCode);
+  }
+};
+
+// Takes one attribute of the second pass; gives what kind of word was not understood, or nothing.
+std::string_view TakeAttribute(std::size_t attribute, std::string_view value,
+                               std::string_view dimension, UnitWords& unitWords,
+                               CorrelationData& data) {
+  switch (attribute) {
+    case kTMin: data.tMin = ParseReal(value); return {};
+    case kTMax: data.tMax = ParseReal(value); return {};
+    case kRefCode: data.refCode = static_cast<std::uint32_t>(ParseInt(value)); return {};
+    case kTempUnit: return TakeWord(kTempUnits, value, data.tempUnit) ? "" : "temperature unit";
+    case kPropUnit:
+      data.propUnit = unitWords.CodeOf(dimension, value);
+      return data.propUnit != 0 ? "" : "property unit";
+    case kLogBasis: return TakeWord(kLogForms, value, data.logBasis) ? "" : "log form";
+    default: return TakeWord(kBases, value, data.basis) ? "" : "basis";
+  }
+}
+
+}  // namespace
+
+bool ComponentImport::ReadProperty(XmlNode node) {
+  ImportIterator_i walk =
+      ImportIterator_i::OverAttributes(run_, node, kPropertyAttributes, "component <property>");
+  AttributeValues<kOfProperty> values;
+  if (!TakeAttributes(walk, values)) return false;
+  bool const hasName = IsGiven(values[kPropertyName]);
+  bool const hasValue = IsGiven(values[kValue]);
+  if (!hasName || !hasValue) {
+    return Report(RequiredText(hasName, hasValue, "A property name and value are",
+                               "A property name is", "A property value is", "property"));
+  }
+  std::string const& name = *values[kPropertyName];
+  PropertyRow const* row = FindProperty(name);
+  if (row == nullptr) return Unrecognized("property", name);
+  double value = ParseReal(*values[kValue]);
+  if (!row->dimension.empty() && IsGiven(values[kUom])) {
+    std::string const dimension(row->dimension);
+    if (!ConvertToInternal(dimension.c_str(), values[kUom]->c_str(), value)) {
+      return Unrecognized("unit of measure", *values[kUom], "property", name);
+    }
+  }
+  auto const index = static_cast<std::uint32_t>(row->index);
+  std::int32_t const refCode = values[kPropertyRefCode] ? ParseInt(*values[kPropertyRefCode]) : 0;
+  component_->SetProperty(index, value);
+  component_->SetPropertyRefCode(index, static_cast<std::uint32_t>(refCode));
+  return true;
+}
+
+// A second element of one correlation adds to the count of coefficients while its own take the
+// places from the start.
+bool ComponentImport::ReadCorrelation(XmlNode node) {
+  ImportIterator_i walk =
+      ImportIterator_i::OverAttributes(run_, node, kFirstPass, "component <correlation>");
+  AttributeValues<kOfCorrelation> values;
+  if (!TakeAttributes(walk, values)) return false;
+  bool const hasName = IsGiven(values[kName]);
+  bool const hasEquation = IsGiven(values[kEquation]);
+  if (!hasName || !hasEquation) {
+    return Report(RequiredText(hasName, hasEquation, "A correlation name and equation number are",
+                               "A correlation name is", "An equation number is", "correlation"));
+  }
+  std::string const& name = *values[kName];
+  auto const row = std::find_if(std::begin(kCorrelationRows), std::end(kCorrelationRows),
+                                [&](CorrelationRow const& r) { return SameText(r.name, name); });
+  if (row == std::end(kCorrelationRows)) return Unrecognized("correlation", name);
+  auto const index = static_cast<std::uint32_t>(row - std::begin(kCorrelationRows));
+  CorrelationData data(component_.Get(), index);
+  data.equation = ParseInt(*values[kEquation]);
+
+  walk.ResetWalk(kSecondPass);
+  std::string scratch;
+  XmlNode attribute;
+  std::size_t match = 0;
+  while (walk.NextNode(attribute, match)) {
+    std::string_view const value = attribute.Value(scratch);
+    std::string_view const unknown =
+        TakeAttribute(match, value, row->dimension, run_.unitWords, data);
+    if (!unknown.empty()) return Unrecognized(unknown, value, "correlation", name);
+  }
+  if (walk.Aborted()) return false;
+  data.TakeCoefficients(node.Text(scratch));
+  data.Store(component_.Get(), index);
+  return true;
+}
+
+}  // namespace zel
