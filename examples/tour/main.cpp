@@ -1,9 +1,10 @@
-// A tour of the library: makes a component library from published data, closes it, opens it again
-// for reading and prints what is in it.
+// A tour of the library: makes component libraries from interchange documents of published data,
+// closes them, opens them again for reading, prints what is in them and writes documents again.
 //   tour <data folder> <folder for the library>
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 
 #include "tour.h"
@@ -48,11 +49,19 @@ void PrintCitations(std::string const& path, tour::Codes cited) {
   for (int const code : cited) std::printf("  %3d  %s\n", code, references.Citation(code).c_str());
 }
 
-void Write(std::string const& data, std::string const& path, tour::Components const& components) {
-  std::printf("Writing %s\n\n", path.c_str());
+// A second bank of a type, under another name. With the flag set a node takes 4 entries instead of
+// what it has room for, so that a handful of items makes a tree of several nodes to look at.
+void ImportSmallBank(zel::LibFile* library, std::string const& path) {
+  zel::SetDeleteTestFlag(true);
+  tour::ImportDocument(library, path);
+  zel::SetDeleteTestFlag(false);
+}
+
+void Write(std::string const& documents, std::string const& path) {
+  std::printf("Making %s from %s/sample.xml\n\n", path.c_str(), documents.c_str());
   tour::Library const library = NewLibrary(path, "Sample library");
-  library->SetDescriptionAndVersion("Published pair and group parameters", "1");
-  tour::WriteBanks(library.get(), data, components);
+  tour::ImportDocument(library.get(), documents + "/sample.xml");
+  ImportSmallBank(library.get(), documents + "/alkanes.xml");
 }
 
 void Read(std::string const& data, std::string const& path, tour::Components const& components) {
@@ -74,17 +83,25 @@ void Read(std::string const& data, std::string const& path, tour::Components con
   PrintCitations(data + "/references.txt", cited);
 }
 
+// Documents out of the library, and a library out of the documents.
+void RoundTrip(std::string const& path, std::string const& folder) {
+  zel::openErrors error = zel::openFailed;
+  tour::Library const library =
+      Checked(zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error), path, error);
+  tour::Library const second = NewLibrary(folder + "/second.lb1", "Sample library");
+  tour::ExportAndReadBack(library.get(), second.get(), folder);
+}
+
 // One library per source of pure component data, then a search over all of them.
-void PureComponents(std::string const& data, std::string const& folder,
-                    tour::Components const& components) {
+void PureComponents(std::string const& data, std::string const& documents,
+                    std::string const& folder, tour::Components const& components) {
   std::printf("\nPure components: one library per source, searched in this order\n\n");
   auto const pathOf = [&](tour::Source const& source) {
     return folder + "/" + tour::LowerCase(source.name) + ".lb1";
   };
   for (tour::Source const& source : tour::kSources) {
     tour::Library const library = NewLibrary(pathOf(source), source.name);
-    library->SetDescriptionAndVersion(source.what, "1");
-    tour::WriteSource(library.get(), source, data, components);
+    tour::ImportDocument(library.get(), documents + "/" + tour::LowerCase(source.name) + ".xml");
   }
   std::vector<tour::Library> libraries;
   for (tour::Source const& source : tour::kSources) {
@@ -93,6 +110,10 @@ void PureComponents(std::string const& data, std::string const& folder,
     libraries.push_back(
         Checked(zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), source.name, "", error), path,
                 error));
+  }
+  std::printf("\n");
+  for (std::size_t i = 0; i < libraries.size(); ++i) {
+    tour::PrintSource(libraries[i].get(), tour::kSources[i]);
   }
   tour::Codes cited;
   tour::Merged merged(libraries);
@@ -106,9 +127,12 @@ void Run(std::string const& data, std::string const& folder) {
   std::string const path = folder + "/sample.lb1";
   zel::InitZelAccess();
   tour::Components const components(tour::Table(data + "/components.txt"));
-  Write(data, path, components);
+  // A relative path would be taken from the folder of the document that was read last.
+  std::string const documents = std::filesystem::absolute(data + "/xml").string();
+  Write(documents, path);
   Read(data, path, components);
-  PureComponents(data, folder, components);
+  RoundTrip(path, folder);
+  PureComponents(data, documents, folder, components);
 }
 
 }  // namespace

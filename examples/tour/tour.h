@@ -13,8 +13,12 @@ namespace tour {
 inline constexpr char kName[] = "SAMPLE";
 inline constexpr char kSmallName[] = "ALKANES";
 
-// Fills a new library from the tables in `data` and prints what went into each bank.
-void WriteBanks(zel::LibFile* library, std::string const& data, Components const& components);
+// Reads an interchange document into a library and shows the log. Throws std::runtime_error with
+// the last error when there was one.
+void ImportDocument(zel::LibFile* library, std::string const& path);
+// Exports the library into `folder`, reads that into the second one, which is new, and holds the
+// export of that against the first. Throws std::runtime_error when the two differ.
+void ExportAndReadBack(zel::LibFile* library, zel::LibFile* second, std::string const& folder);
 
 // What a reader finds. `cited` collects the reference codes that were printed.
 using Codes = std::vector<int>;
@@ -49,13 +53,11 @@ struct CurveRow {
   std::uint32_t index;
   char const* unit;  // of the value that the library gives
 };
-ConstantRow const* FindConstant(std::string const& keyword);
 CurveRow const* FindCurve(std::string const& name);
 std::vector<ConstantRow> const& AllConstants();
 
-// Fills a new library with what one source knows.
-void WriteSource(zel::LibFile* library, Source const& source, std::string const& data,
-                 Components const& components);
+// How much the library of one source holds.
+void PrintSource(zel::LibFile* library, Source const& source);
 
 // Searches all libraries in the order of preference and merges.
 class Merged {
