@@ -1,6 +1,13 @@
 set(xml_TEST_SOURCES
     document_test.cpp
+    export_component_test.cpp
+    export_files_test.cpp
+    export_items_test.cpp
     import_banks_test.cpp
+    import_component_data_test.cpp
+    import_component_test.cpp
     import_items_test.cpp
     import_text_test.cpp
-    import_walk_test.cpp)
+    import_walk_test.cpp
+    round_trip_test.cpp
+    unit_words_test.cpp)

@@ -1,0 +1,234 @@
+// What goes out comes in again: libraries that hold every type, and the differences that are known.
+#include "purecomp/tables.h"
+#include "tests/support/sample_component.h"
+#include "tests/support/sample_library.h"
+#include "tests/xml/export_fixture.h"
+#include "zelaccess/Module.h"
+
+namespace zel {
+namespace {
+
+class RoundTripTest : public test::ExportTest {
+ protected:
+  RoundTripTest() { InitZelAccess(); }
+
+  // Exports a library and reads the documents into a new one in memory.
+  void ReadBack(LibMaint_i& from, char const* path) {
+    ASSERT_TRUE(from.ExportLibrary((Out() + "doc.xml").c_str()));
+    copy_ = std::make_unique<LibFile_i>(files_, accUpdate, path, "copy");
+    ASSERT_EQ(copy_->CreateNew(libKind11), openOk);
+    copyMaint_ = std::make_unique<LibMaint_i>(copy_.get());
+    copyMaint_->SetLogLevel(1);
+    ::testing::internal::CaptureStdout();
+    imported_ = copyMaint_->Import((Out() + "doc.xml").c_str(), false);
+    lines_ = ::testing::internal::GetCapturedStdout();
+  }
+  // Errors and warnings of the import.
+  std::string Reports() const {
+    std::string reports;
+    for (std::size_t at = lines_.find("*** "); at != std::string::npos;
+         at = lines_.find("*** ", at + 1)) {
+      reports += lines_.substr(at, lines_.find('\n', at) + 1 - at);
+    }
+    return reports;
+  }
+
+  test::MemoryFileSystem files_;
+  std::unique_ptr<LibFile_i> copy_;
+  std::unique_ptr<LibMaint_i> copyMaint_;
+  bool imported_ = false;
+  std::string lines_;
+};
+
+// A library of all types as documents can tell it: what has a name in documents, and correlations
+// with a unit.
+void MakeTellable(LibMaint_i& maint) {
+  Key_i key;
+  Held<IZelBankDef> const bank(NewPureComp());
+  auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
+  key.SetKey(static_cast<long>(test::kSampleComponent));
+  ASSERT_TRUE(maint.ReadItem(bank.Get(), "B1", &key));
+  for (std::uint32_t i = 0; i < kNamedCorrelations; ++i) {
+    std::int32_t equation, tempUnit, propUnit, logBasis, basis, count;
+    double factor, tMin, tMax, c[15];
+    component->GetCorrelation(i, &equation, &tempUnit, &propUnit, &factor, &logBasis, &basis,
+                              &count, &tMin, &tMax, c);
+    // The usual unit of the last one is no molar volume.
+    std::int32_t const unit = i == 17 ? 22024 : kCorrelationRows[i].defaultUnit;
+    component->SetCorrelation(i, equation, tempUnit, unit, logBasis, basis, count, tMin, tMax, c);
+  }
+  ASSERT_TRUE(maint.RewriteItem(bank.Get()));
+  Held<IZelBankDef> const wilson(NewBank("WILSON"));
+  std::int32_t words[10];
+  for (char const* name : {"B1", "B2"}) {
+    ASSERT_TRUE(maint.BeginItemWalk("WILSON", name));
+    ASSERT_TRUE(maint.NextItemKey(words));
+    key.SetKeyWords(2, words);
+    ASSERT_TRUE(maint.ReadItem(wilson.Get(), name, &key));
+    for (char const* field : {"form", "eqnForm", "volRatio"}) {
+      char names[10][13];
+      std::int32_t values[10];
+      std::int32_t byDefault;
+      wilson->GetEnumList(field, names, values, &byDefault);
+      wilson->SetIntField(field, values);
+    }
+    ASSERT_TRUE(maint.RewriteItem(wilson.Get()));
+  }
+}
+
+TEST_F(RoundTripTest, LibraryOfAllTypesComesBackItemByItem) {
+  for (bool componentFiles : {false, true}) {
+    test::MakeSampleLibrary(files_);
+    {
+      LibFile_i sample(files_, accUpdate, test::kSamplePath, "sample");
+      ASSERT_EQ(sample.OpenExisting({true, ""}, nullptr), openOk);
+      LibMaint_i maint(&sample);
+      maint.SetComponentFiles(componentFiles);
+      MakeTellable(maint);
+      ReadBack(maint, "/copy.lb1");
+    }
+    EXPECT_TRUE(imported_);
+    EXPECT_EQ(Reports(), "");
+    copyMaint_.reset();
+    copy_->CloseLibFile();
+    test::Finding const original = test::ReadEverything(files_);
+    for (char const* end : {"1", "2"}) {
+      files_.Contents(std::string("/sample.lb") + end) =
+          files_.Contents(std::string("/copy.lb") + end);
+    }
+    test::Finding const copy = test::ReadEverything(files_);
+    EXPECT_EQ(copy.banks.size(), original.banks.size());
+    for (auto const& [bank, text] : original.banks) {
+      auto const same = copy.banks.find(bank);
+      ASSERT_NE(same, copy.banks.end()) << bank;
+      EXPECT_TRUE(same->second == text) << bank;
+    }
+  }
+}
+
+// --- what does not come back ---------------------------------------------------------------------
+
+TEST_F(RoundTripTest, UnescapedTextMakesADocumentUnreadable) {
+  Put("GRPDESC", "G", {1, 2}, [](IZelBankDef* bank) { bank->SetStringField("name", "A & B"); });
+  ReadBack(Maint(), "/copy.lb1");
+  EXPECT_FALSE(imported_);
+  EXPECT_EQ(Reports(), "*** doc.xml : error : Format error in XML document \"" +
+                           Out("Bank-GRPDESC-G.xml") + "\"\n");
+}
+
+TEST_F(RoundTripTest, NamedValueWithoutANameIsRefused) {
+  Put("WILSON", "W", {1, 2}, [](IZelBankDef* bank) {
+    std::int32_t const odd = 99;
+    bank->SetIntField("form", &odd);
+  });
+  ReadBack(Maint(), "/copy.lb1");
+  EXPECT_EQ(Reports(),
+            "*** Bank-WILSON-W.xml : error : Item \"00000001:00000002\" - \"99\" is not a "
+            "valid value for tag <form>\n");
+}
+
+TEST_F(RoundTripTest, NumbersOfNineDigitsAreRefused) {
+  Put("ALPHA", "A", {123456789}, [](IZelBankDef*) {});
+  ReadBack(Maint(), "/copy.lb1");
+  EXPECT_NE(Reports().find("exceeding more than 8 digits for the item 123456789"),
+            std::string::npos);
+}
+
+TEST_F(RoundTripTest, ComponentWithItselfComesBackFromOneNumber) {
+  Put("HOCV", "H", {7, 7}, [](IZelBankDef*) {});
+  ReadBack(Maint(), "/copy.lb1");
+  EXPECT_TRUE(imported_);
+  std::int32_t words[10];
+  ASSERT_TRUE(copyMaint_->BeginItemWalk("HOCV", "H"));
+  ASSERT_TRUE(copyMaint_->NextItemKey(words));
+  EXPECT_EQ(words[0], 7);
+  EXPECT_EQ(words[1], 7);
+}
+
+class ComponentRoundTripTest : public RoundTripTest {
+ protected:
+  ComponentRoundTripTest() { Maint().CreateBank("PURECOMP", "PURE", 0); }
+
+  template <typename Fill>
+  void Through(Fill const& fill) {
+    test::ComponentBank component;
+    char const ids[12][9] = {"A"};
+    component->SetIdentity(7, 0, 0, ids, "Name", "C2H6O", 0);
+    component->SetPhase(3);
+    fill(component.Get());
+    Key_i key;
+    key.SetKey(7L);
+    ASSERT_TRUE(Maint().WriteItem(component.Def(), "PURE", &key));
+    ReadBack(Maint(), "/copy.lb1");
+    found_ = copyMaint_->ReadItem(bank_.Def(), "PURE", &key);
+  }
+
+  test::ComponentBank bank_;
+  bool found_ = false;
+};
+
+TEST_F(ComponentRoundTripTest, DoubleQuoteOfANameStaysItsMark) {
+  Through([](IZelPureComp* c) {
+    char const ids[12][9] = {"A"};
+    c->SetIdentity(7, 0, 0, ids, "a\"b", "C2H6O", 0);
+  });
+  ASSERT_TRUE(found_) << Reports();
+  std::int32_t number, cas, code;
+  char ids[12][9], name[41], formula[21];
+  std::uint8_t keep;
+  bank_->GetIdentity(&number, &cas, &code, ids, name, formula, &keep);
+  EXPECT_STREQ(name, "a%quot;b");
+}
+
+TEST_F(ComponentRoundTripTest, TwoUnitsOfMolarVolumeAreRefused) {
+  Through([](IZelPureComp* c) {
+    double const one[15] = {1.0};
+    c->SetCorrelation(17, 1, 10, 22012, 1, 1, 1, 200.0, 300.0, one);
+  });
+  EXPECT_FALSE(imported_);
+  EXPECT_EQ(Reports(),
+            "*** Comp-PURE-A.xml : error : Component \"A\" (7) - Unrecognized property unit "
+            "\"lit/kg-mole\" found for correlation \"CharacteristicVolume\"\n");
+  EXPECT_TRUE(found_);
+}
+
+// A code without a word is left out, and the reader takes the correlation's usual unit.
+TEST_F(ComponentRoundTripTest, UnitWithoutAWordBecomesTheUsualOne) {
+  Through([](IZelPureComp* c) {
+    double const one[15] = {1.0};
+    c->SetCorrelation(0, 1, 10, 0, 1, 1, 1, 200.0, 300.0, one);
+  });
+  ASSERT_TRUE(found_) << Reports();
+  std::int32_t equation, tempUnit, propUnit, logBasis, basis, count;
+  double factor, tMin, tMax, c[15];
+  EXPECT_EQ(bank_->GetCorrelation(0, &equation, &tempUnit, &propUnit, &factor, &logBasis, &basis,
+                                  &count, &tMin, &tMax, c),
+            kStatusOk);
+  EXPECT_EQ(propUnit, 4015);
+}
+
+TEST_F(ComponentRoundTripTest, FormsAbove100AndOneReferenceCodeAreNotWritten) {
+  Through([](IZelPureComp* c) {
+    double const one[15] = {1.0};
+    c->SetCorrelation(0, 117, 10, 4015, 1, 1, 1, 200.0, 300.0, one);
+    c->SetCorrelation(17, 1, 10, 22024, 1, 1, 1, 200.0, 300.0, one);
+    c->SetCorrelationRefCode(17, 5);
+  });
+  EXPECT_TRUE(imported_) << Reports();
+  std::string const text = Body("Comp-PURE-A.xml");
+  EXPECT_EQ(text.find("VaporPressure"), std::string::npos);
+  EXPECT_NE(text.find("CharacteristicVolume"), std::string::npos);
+  EXPECT_EQ(text.find("refCode"), std::string::npos);
+}
+
+TEST_F(ComponentRoundTripTest, UndefinedCoefficientComesBackAsItsNumber) {
+  Through([](IZelPureComp* c) {
+    double const values[15] = {1.0, gen_GetUndefDouble(), 2.0};
+    c->SetCorrelation(0, 1, 10, 4015, 1, 1, 3, 200.0, 300.0, values);
+  });
+  EXPECT_TRUE(imported_) << Reports();
+  EXPECT_NE(Body("Comp-PURE-A.xml").find(" 1 -1e+35 2\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zel
