@@ -30,5 +30,7 @@ void CompareComponents(RatioTable& table, std::filesystem::path const& folder);
 void CompareFillIns(RatioTable& table);
 // A document of pairs read into a library.
 void CompareImports(RatioTable& table, std::filesystem::path const& folder);
+// A bank of pairs written as a document.
+void CompareExports(RatioTable& table, std::filesystem::path const& folder);
 
 }  // namespace zel::bench

@@ -16,7 +16,8 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: bench_ratios [--only=reads|loads|deletes|opens|trims|components|fillins|imports]\n"
+    "usage: bench_ratios "
+    "[--only=reads|loads|deletes|opens|trims|components|fillins|imports|exports]\n"
     "                    [--items=N] [--rounds=N] [--folder=DIR] [--markdown]\n"
     "  --only      one group of comparisons instead of all\n"
     "  --items     this number of items instead of 10000, 100000 and 1000000\n"
@@ -82,6 +83,7 @@ int Run(Options const& options) {
   if (wanted("components")) CompareComponents(table, folder.Path());
   if (wanted("fillins")) CompareFillIns(table);
   if (wanted("imports")) CompareImports(table, folder.Path());
+  if (wanted("exports")) CompareExports(table, folder.Path());
   std::printf("\nTargets missed: %d\n", table.Missed());
   return 0;
 }

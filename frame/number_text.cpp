@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
+#include <cstdlib>
 #include <limits>
+#include <optional>
 #include <system_error>
 
 namespace zel {
@@ -29,6 +32,73 @@ std::int64_t DecimalExponent(std::string_view number) noexcept {
   auto const point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
   std::int64_t const stated = e < number.size() ? ParseInt(number.substr(e + 1)) : 0;
   return stated + (first < point ? point - first - 1 : point - first);
+}
+
+// Exact powers of ten.
+constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                              1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                              1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kArithmeticDigits = 8;
+
+// A number as decimal digits, of which the first is worth 10^exponent.
+struct Digits {
+  std::uint32_t digits;
+  int exponent;
+};
+
+// The digits by one multiplication or division with a power of ten, whose error is far below the
+// distance from a tie that is asked for; nothing where that does not decide.
+std::optional<Digits> DigitsOf(double size, int count) noexcept {
+  constexpr double kLeast = 1e-14, kMost = 1e22, kTieDistance = 1e-6;
+  if (!(size >= kLeast && size < kMost) || count > kArithmeticDigits) return std::nullopt;
+  auto const scaled = [&](int exponent) {
+    int const power = count - 1 - exponent;
+    return power >= 0 ? size * kPowers[power] : size / kPowers[-power];
+  };
+  constexpr double kLog2 = 0.30103;
+  int binary = 0;
+  std::frexp(size, &binary);
+  auto exponent = static_cast<int>(std::floor((binary - 1) * kLog2));
+  double value = scaled(exponent);
+  if (value >= kPowers[count]) value = scaled(++exponent);
+  double const whole = std::floor(value);
+  if (std::abs(value - whole - 0.5) < kTieDistance) return std::nullopt;
+  auto digits = static_cast<std::uint32_t>(value - whole > 0.5 ? whole + 1.0 : whole);
+  if (digits == static_cast<std::uint32_t>(kPowers[count])) {
+    digits /= 10;
+    ++exponent;
+  }
+  return Digits{digits, exponent};
+}
+
+// Puts the digits as "%g" does: without zeros at the end, with an exponent where there are more
+// places before the point than digits or more than four zeros behind it. Gives the end.
+char* PutDigits(Digits number, int count, char* at) noexcept {
+  constexpr int kMostZeros = 4;
+  bool const hasExponent = number.exponent < -kMostZeros || number.exponent >= count;
+  char text[kArithmeticDigits];
+  for (int i = count - 1; i >= 0; --i, number.digits /= 10) {
+    text[i] = static_cast<char>('0' + number.digits % 10);
+  }
+  while (count > 1 && text[count - 1] == '0') --count;
+
+  int const before = hasExponent ? 1 : number.exponent + 1;  // digits in front of the point
+  if (before <= 0) {
+    *at++ = '0';
+    *at++ = '.';
+    at = std::fill_n(at, -before, '0');
+  }
+  for (int i = 0; i < std::max(count, before); ++i) {
+    if (i == before && i > 0) *at++ = '.';
+    *at++ = i < count ? text[i] : '0';
+  }
+  if (!hasExponent) return at;
+  *at++ = 'e';
+  *at++ = number.exponent < 0 ? '-' : '+';
+  int const size = std::abs(number.exponent);
+  *at++ = static_cast<char>('0' + size / 10);
+  *at++ = static_cast<char>('0' + size % 10);
+  return at;
 }
 
 }  // namespace
@@ -57,6 +127,13 @@ std::int32_t ParseInt(std::string_view text) noexcept {
 
 int PrintReal(double value, int digits, char* buffer) noexcept {
   int const precision = digits < 1 ? 1 : digits > kMostDigits ? kMostDigits : digits;
+  if (auto const known = DigitsOf(std::abs(value), precision)) {
+    char* at = buffer;
+    if (value < 0.0) *at++ = '-';
+    at = PutDigits(*known, precision, at);
+    *at = '\0';
+    return static_cast<int>(at - buffer);
+  }
   auto const result =
       std::to_chars(buffer, buffer + kBufferSize - 1, value, std::chars_format::general, precision);
   *result.ptr = '\0';

@@ -33,6 +33,10 @@ ItemExport::ItemExport(LibMaint_i& owner, platform::TextFile& out,
 void ItemExport::Write(IZelBankDef* record, std::string const& name, std::int32_t recordFormat) {
   BankInfo const info(record);
   FieldTags const fields(record, recordFormat);
+  std::vector<Element> elements;
+  for (FieldTag const& tag : fields.tags) {
+    elements.push_back({tag, "    <" + tag.name + ">", " </" + tag.name + ">\n"});
+  }
   intValues_.resize(fields.largest);
   realValues_.resize(fields.largest);
   textValue_.resize(fields.largest);
@@ -43,7 +47,7 @@ void ItemExport::Write(IZelBankDef* record, std::string const& name, std::int32_
       if (LengthOf(info, words) != length) continue;
       out_ << "  <item>\n";
       PutKey(info, words, length);
-      for (FieldTag const& tag : fields.tags) PutTag(record, tag);
+      for (Element const& element : elements) PutElement(record, element);
       out_ << "  </item>\n";
     }
   }
@@ -99,21 +103,21 @@ std::string const& ItemExport::IdOf(std::int32_t number) {
 
 // The values up to the last one that is defined; nothing when the first is not.
 template <typename Value, typename IsUndefined, typename Put>
-void ItemExport::PutValues(FieldTag const& tag, std::vector<Value> const& values,
+void ItemExport::PutValues(Element const& element, std::vector<Value> const& values,
                            IsUndefined const& isUndefined, Put const& put) {
   if (isUndefined(values[0])) return;
-  std::size_t count = tag.count;
+  std::size_t count = element.tag.count;
   while (isUndefined(values[count - 1])) --count;
-  out_ << "    <" << tag.name << ">";
+  out_ << element.start;
   for (std::size_t i = 0; i < count; ++i) {
-    out_ << " ";
+    out_.Put(' ');
     if (isUndefined(values[i])) {
-      out_ << "-";
+      out_.Put('-');
     } else {
       put(values[i]);
     }
   }
-  out_ << " </" << tag.name << ">\n";
+  out_ << element.end;
 }
 
 void ItemExport::PutInteger(FieldTag const& tag, std::int32_t value) {
@@ -126,22 +130,23 @@ void ItemExport::PutInteger(FieldTag const& tag, std::int32_t value) {
   }
 }
 
-void ItemExport::PutTag(IZelBankDef* record, FieldTag const& tag) {
-  switch (tag.type) {
+void ItemExport::PutElement(IZelBankDef* record, Element const& element) {
+  char const* name = element.tag.name.c_str();
+  switch (element.tag.type) {
     case fieldText:
-      record->GetStringField(tag.name.c_str(), textValue_.data());
+      record->GetStringField(name, textValue_.data());
       if (textValue_[0] == '\0') return;
-      out_ << "    <" << tag.name << "> " << textValue_.data() << " </" << tag.name << ">\n";
+      out_ << element.start << " " << textValue_.data() << element.end;
       return;
     case fieldReal:
-      record->GetDoubleField(tag.name.c_str(), realValues_.data());
-      PutValues(tag, realValues_, gen_IsUndefDouble,
+      record->GetDoubleField(name, realValues_.data());
+      PutValues(element, realValues_, gen_IsUndefDouble,
                 [this](double value) { out_ << Seven{value}; });
       return;
     default:
-      record->GetIntField(tag.name.c_str(), intValues_.data());
-      PutValues(tag, intValues_, gen_IsUndefInt,
-                [&](std::int32_t value) { PutInteger(tag, value); });
+      record->GetIntField(name, intValues_.data());
+      PutValues(element, intValues_, gen_IsUndefInt,
+                [&](std::int32_t value) { PutInteger(element.tag, value); });
       return;
   }
 }

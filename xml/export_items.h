@@ -24,10 +24,17 @@ class ItemExport {
  private:
   void PutKey(BankInfo const& info, std::int32_t const* words, std::int32_t length);
   void PutIds(std::int32_t const* words, std::int32_t length);
-  void PutTag(IZelBankDef* record, FieldTag const& tag);
+  // A field with the text around its values.
+  struct Element {
+    FieldTag const& tag;
+    std::string start;
+    std::string end;
+  };
+
+  void PutElement(IZelBankDef* record, Element const& element);
   void PutInteger(FieldTag const& tag, std::int32_t value);
   template <typename Value, typename IsUndefined, typename Put>
-  void PutValues(FieldTag const& tag, std::vector<Value> const& values,
+  void PutValues(Element const& element, std::vector<Value> const& values,
                  IsUndefined const& isUndefined, Put const& put);
   std::string const& IdOf(std::int32_t number);
 

@@ -105,6 +105,38 @@ TEST(NumberText, PrintsAnyDoubleAsTheCLocaleDoes) {
   }
 }
 
+// Values of usual size, short decimals, and those that lie at a tie or right beside one.
+TEST(NumberText, PrintsUsualDoublesAsTheCLocaleDoes) {
+  std::uint64_t pattern = 7;
+  char text[32];
+  for (int i = 0; i < 300'000; ++i) {
+    pattern = pattern * 6364136223846793005U + 1442695040888963407U;
+    auto const number = static_cast<std::int64_t>(pattern >> 20) % 100'000'000;
+    int const power = static_cast<int>(pattern >> 54) % 40 - 16;
+    double value = static_cast<double>(number) * std::pow(10.0, power - 7);
+    switch (i % 5) {
+      case 0: value = static_cast<float>(value); break;
+      case 1: value = static_cast<double>(number) + 0.5; break;
+      case 2: value = std::nextafter(static_cast<double>(number) + 0.5, 0.0); break;
+      case 3: value = -(static_cast<double>(number % 10'000) + 0.5) / 64.0; break;
+      default: break;
+    }
+    for (int digits = 1; digits <= 9; ++digits) {
+      PrintReal(value, digits, text);
+      ASSERT_EQ(std::string(text), AsCPrints(value, digits)) << digits;
+    }
+  }
+  for (int power = -20; power <= 25; ++power) {
+    for (double nearOne : {1.0, 0.99999995, 0.999999949, 0.9999999500001, 9.9999995, 9.99999949}) {
+      double const value = nearOne * std::pow(10.0, power);
+      for (int digits = 1; digits <= 9; ++digits) {
+        PrintReal(value, digits, text);
+        ASSERT_EQ(std::string(text), AsCPrints(value, digits)) << digits;
+      }
+    }
+  }
+}
+
 TEST(NumberText, DigitsStayBetween1And17) {
   EXPECT_EQ(RealText(1.25, 0), "1");
   EXPECT_EQ(RealText(0.1, 40), AsCPrints(0.1, 17));
