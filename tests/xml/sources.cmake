@@ -1,4 +1,5 @@
 set(xml_TEST_SOURCES
+    bad_documents_test.cpp
     document_test.cpp
     export_component_test.cpp
     export_files_test.cpp
