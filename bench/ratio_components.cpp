@@ -132,7 +132,7 @@ constexpr double kReadLimit = 5000.0;  // ns
 // 50 constants, of which 41 stand on file, and 18 correlations of 15 coefficients.
 void Fill(PureComp_i& bank, std::int32_t number, int source) {
   char ids[12][9] = {};
-  CopyText("C" + std::to_string(number), ids[0], sizeof ids[0]);
+  CopyText(std::to_string(number), ids[0], sizeof ids[0]);
   bank.SetIdentity(number, 0, 1, ids, "A COMPONENT", "C2H6O", 0);
   for (std::uint32_t i = 0; i < 50; ++i) {
     if (source > 0 && i % 3 != static_cast<std::uint32_t>(source)) continue;

@@ -19,70 +19,66 @@ namespace {
 constexpr double kUndefinedLimit = -1e35;
 constexpr double kLn10 = 2.302585092994046;
 
-// The forms by number: one line each, as in docs/equations.md.
-template <typename S>
-typename S::Result Form(int equation, S const& s) {
+// The forms by number: one line each, as in docs/equations.md. Hands the result to `take`, within
+// each case, so that it stays in registers; false for a number that names no form.
+template <typename S, typename Take>
+bool Form(int equation, S const& s, Take const& take) {
   using namespace forms;  // NOLINT(google-build-using-namespace): the list below
+  using Result = typename S::Result;
   switch (equation) {
-    case 1: return Eq1(s);
-    case 2: return Eq2(s);
-    case 3: return Eq3(s);
-    case 4: return Eq4(s);
-    case 5: return Eq5(s);
-    case 6: return Eq6(s);
-    case 12: return Eq12(s);
-    case 13: return Eq13(s);
-    case 14: return Eq14(s);
-    case 15: return Eq15(s);
-    case 16: return Eq16(s);
-    case 17: return Eq17(s);
-    case 18: return Eq18(s);
-    case 19: return Eq19(s);
-    case 20: return Eq20(s);
-    case 21: return Eq21(s);
-    case 22: return ExpClamped(s.b * ChebyshevSum(s) / s.T);
-    case 23: return Eq23(s);
-    case 24: return Eq24(s);
-    case 25: return Eq25(s);
-    case 26: return Eq26(s);
-    case 27: return Eq27(s);
-    case 28: return Eq28(s);
-    case 29: return Eq29(s);
-    case 30: return Eq30(s);
-    case 31: return Eq31(s);
-    case 32: return Eq32(s);
-    case 33: return Eq33(s);
-    case 34: return Eq34(s);
-    case 35: return Eq35(s);
-    case 36: return Eq36(s);
-    case 37: return Eq37(s);
-    case 38: return Eq38(s);
-    case 39: return Eq39(s);
-    case 40: return Eq40(s);
-    case 41: return Eq41(s);
-    case 42: return Eq42(s);
-    case 43: return Eq43(s);
-    case 44: return Eq44(s);
-    case 45: return Eq45(s);
-    case 46: return Eq46(s);
-    case 47: return Eq47(s);
-    case 48: return Eq48(s);
-    case 49: return Eq49(s);
-    case 51: return Eq51(s);
-    case 52: return Eq52(s);
-    case 53: return Eq53(s);
-    case 54: return Eq54(s);
-    case 117: return Eq117(s);
-    case 126: return Eq126(s);
-    case 134: return Eq134(s);
-    default: return {};
+    case 1: return take(Result(Eq1(s)));
+    case 2: return take(Result(Eq2(s)));
+    case 3: return take(Result(Eq3(s)));
+    case 4: return take(Result(Eq4(s)));
+    case 5: return take(Result(Eq5(s)));
+    case 6: return take(Result(Eq6(s)));
+    case 12: return take(Result(Eq12(s)));
+    case 13: return take(Result(Eq13(s)));
+    case 14: return take(Result(Eq14(s)));
+    case 15: return take(Result(Eq15(s)));
+    case 16: return take(Result(Eq16(s)));
+    case 17: return take(Result(Eq17(s)));
+    case 18: return take(Result(Eq18(s)));
+    case 19: return take(Result(Eq19(s)));
+    case 20: return take(Result(Eq20(s)));
+    case 21: return take(Result(Eq21(s)));
+    case 22: return take(Result(ExpClamped(s.b * ChebyshevSum(s) / s.T)));
+    case 23: return take(Result(Eq23(s)));
+    case 24: return take(Result(Eq24(s)));
+    case 25: return take(Result(Eq25(s)));
+    case 26: return take(Result(Eq26(s)));
+    case 27: return take(Result(Eq27(s)));
+    case 28: return take(Result(Eq28(s)));
+    case 29: return take(Result(Eq29(s)));
+    case 30: return take(Result(Eq30(s)));
+    case 31: return take(Result(Eq31(s)));
+    case 32: return take(Result(Eq32(s)));
+    case 33: return take(Result(Eq33(s)));
+    case 34: return take(Result(Eq34(s)));
+    case 35: return take(Result(Eq35(s)));
+    case 36: return take(Result(Eq36(s)));
+    case 37: return take(Result(Eq37(s)));
+    case 38: return take(Result(Eq38(s)));
+    case 39: return take(Result(Eq39(s)));
+    case 40: return take(Result(Eq40(s)));
+    case 41: return take(Result(Eq41(s)));
+    case 42: return take(Result(Eq42(s)));
+    case 43: return take(Result(Eq43(s)));
+    case 44: return take(Result(Eq44(s)));
+    case 45: return take(Result(Eq45(s)));
+    case 46: return take(Result(Eq46(s)));
+    case 47: return take(Result(Eq47(s)));
+    case 48: return take(Result(Eq48(s)));
+    case 49: return take(Result(Eq49(s)));
+    case 51: return take(Result(Eq51(s)));
+    case 52: return take(Result(Eq52(s)));
+    case 53: return take(Result(Eq53(s)));
+    case 54: return take(Result(Eq54(s)));
+    case 117: return take(Result(Eq117(s)));
+    case 126: return take(Result(Eq126(s)));
+    case 134: return take(Result(Eq134(s)));
+    default: return false;
   }
-}
-
-constexpr bool NamesForm(int equation) noexcept {
-  return (equation >= 1 && equation <= 6) || (equation >= 12 && equation <= 49) ||
-         (equation >= 51 && equation <= 54) || equation == 117 || equation == 126 ||
-         equation == 134;
 }
 
 constexpr bool FillsWeights(int equation) noexcept {
@@ -106,11 +102,12 @@ Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* 
   return {T, N, coefficients, b, call};
 }
 
-void ValueOnly(EquationCall const& call, int N, double& value) {
-  if (auto const result =
-          Form(call.equation, MakeSymbols(call, call.temperature, N, call.coefficients))) {
-    value = *result;
-  }
+bool ValueOnly(EquationCall const& call, int N, double& value) {
+  return Form(call.equation, MakeSymbols(call, call.temperature, N, call.coefficients),
+              [&](auto const& result) {
+                if (result) value = *result;
+                return true;
+              });
 }
 
 // Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
@@ -120,12 +117,14 @@ template <int Order>
                                      double& derivative) {
   DerivativeRule const rule = RuleOf(call.equation, Order);
   auto const T = Jet<Order>::Variable(call.temperature);
-  auto const result = Form(call.equation, MakeSymbols(call, T, N, call.coefficients));
-  derivative = 0.0;
-  if (!result) return;
-  value = result->d[0];
-  if (rule == DerivativeRule::kExact) derivative = result->d[Order];
-  if (rule == DerivativeRule::kFirstInstead) derivative = result->d[1];
+  Form(call.equation, MakeSymbols(call, T, N, call.coefficients), [&](auto const& result) {
+    derivative = 0.0;
+    if (!result) return true;
+    value = result->d[0];
+    if (rule == DerivativeRule::kExact) derivative = result->d[Order];
+    if (rule == DerivativeRule::kFirstInstead) derivative = result->d[1];
+    return true;
+  });
 }
 
 void Sensitivities(EquationCall const& call, int N, double* weights) {
@@ -136,8 +135,11 @@ void Sensitivities(EquationCall const& call, int N, double* weights) {
   std::copy_n(c, N, jets.begin());
   for (std::size_t k = 0; k < static_cast<std::size_t>(N); ++k) {
     jets[k] = Jet<1>::Variable(c[k]);
-    auto const result = Form(call.equation, MakeSymbols(call, call.temperature, N, jets.data()));
-    weights[k] = result ? result->d[1] : 0.0;
+    Form(call.equation, MakeSymbols(call, call.temperature, N, jets.data()),
+         [&](auto const& result) {
+           weights[k] = result ? result->d[1] : 0.0;
+           return true;
+         });
     jets[k] = c[k];
   }
 }
@@ -156,15 +158,15 @@ RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& de
   }
   double number = value;  // in registers until the end
   double slope = derivative;
-  if (NamesForm(call.equation)) {
-    int const N = std::clamp(call.coefficientCount, 0, kMaxCoefficients);
-    switch (call.order) {
-      case kFirstDerivative: WithDerivative<1>(call, N, number, slope); break;
-      case kSecondDerivative: WithDerivative<2>(call, N, number, slope); break;
-      case kThirdDerivative: WithDerivative<3>(call, N, number, slope); break;
-      default: ValueOnly(call, N, number);
-    }
-    if (call.order == kSensitivities) Sensitivities(call, N, weights);
+  int const N = std::clamp(call.coefficientCount, 0, kMaxCoefficients);
+  switch (call.order) {
+    case kFirstDerivative: WithDerivative<1>(call, N, number, slope); break;
+    case kSecondDerivative: WithDerivative<2>(call, N, number, slope); break;
+    case kThirdDerivative: WithDerivative<3>(call, N, number, slope); break;
+    default:
+      if (ValueOnly(call, N, number) && call.order == kSensitivities) {
+        Sensitivities(call, N, weights);
+      }
   }
   value = number * call.factor + call.offset;
   bool const hasSlope = call.order >= kFirstDerivative && call.order <= kThirdDerivative;

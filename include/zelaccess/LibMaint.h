@@ -46,13 +46,16 @@ class ZEL_API LibMaint {
   virtual std::int32_t FindNumberById(char const* id, bool& fromNameIndex) = 0;
   virtual std::int32_t FindNumberById(char const* id) = 0;
   // First character ID and CAS number of a component number, empty when no pure component bank of
-  // the library or of the name index holds it. Not offered yet: empty.
+  // the library and neither bank ORDWIN nor PLANTIX of the name index holds it. Reads components:
+  // for many numbers, keep what you get.
   virtual void GetIdOfNumber(std::int32_t number, char* id, bool& fromNameIndex) = 0;
   virtual void GetIdOfNumber(std::int32_t number, char* id) = 0;
   virtual void GetCasOfNumber(std::int32_t number, casn& cas, bool& fromNameIndex) = 0;
   virtual void GetCasOfNumber(std::int32_t number, casn& cas) = 0;
   // Holds a component's identifiers (and a key, if given) against this library and the name index.
-  // False with the reasons in `text` (300 characters, may be null). Not offered yet: false.
+  // False, with the reasons in `text` (300 characters, may be null), when the key does not fit the
+  // component or a library ID means another component already. A CAS number that another has is a
+  // warning in the log. Every write of a component makes this check and is refused by it.
   virtual bool CheckComponent(IZelPureComp* component, Key* key, char* text) = 0;
   virtual bool CheckComponent(IZelPureComp* component, char* text) = 0;
 
@@ -95,12 +98,22 @@ class ZEL_API LibMaint {
   virtual bool NextItemKey(std::int32_t* keyWords) = 0;
   virtual void EndItemWalk() = 0;
 
-  // XML in and out. Not offered yet: all of these give false. Import reads a <library> or <bank>
-  // document, ImportComponent a <comp> document.
+  // XML in and out; docs/interchange.md has the form. Import reads a <library> or <bank> document,
+  // whose banks must be new; ImportComponent a <comp> document into a bank that is made when it is
+  // not there. An item that exists is an error unless `replaceExisting`. True when no error was
+  // reported. What was read before an error stays in the library. By default the first error ends
+  // an import; with a log level (LibMaint_p) errors are lines on standard output and the import
+  // goes on. A relative path is taken from the folder of the document that the process read last,
+  // so give full paths. One import at a time in a process; components need InitZelAccess first.
   virtual bool Import(char const* path, bool replaceExisting) = 0;
   virtual bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) = 0;
   // The last reported error; null when none was reported since the last import began.
   virtual char const* GetLastErrorText() const = 0;
+  // Folder, file name and extension count where `path` has them; otherwise the files stand beside
+  // the library under names made from library, bank and component, with ".xml". Files that are
+  // there are replaced. False when a file cannot be opened or what is asked for is not there.
+  // `writeBanner` adds a block for a maintenance log, `componentFiles` gives each component of a
+  // bank a file of its own; forms without them take the switches of LibMaint_p.
   virtual bool ExportLibrary(char const* path, bool writeBanner, bool componentFiles) = 0;
   virtual bool ExportLibrary(char const* path, bool writeBanner) = 0;
   virtual bool ExportLibrary(char const* path) = 0;
@@ -121,7 +134,9 @@ class ZEL_API LibMaint {
   // there is no such bank or it refers to none.
   virtual void GetRefBankNames(char const* type, char const* name, std::int32_t count,
                                char const (*types)[9], char (*names)[9]) = 0;
-  // Writes tab-separated indexes beside the library. Not offered yet: does nothing.
+  // Writes tab-separated indexes beside a library, in place of those that are there: <name>.bnk
+  // lists its banks, <name>.<bank>.cmp the components of each pure component bank. What cannot be
+  // written does not appear.
   virtual void WriteTextDump(LibFile* library) = 0;
 
  protected:
