@@ -19,8 +19,9 @@ std::string Joined(std::initializer_list<std::string_view> pieces) {
   return text;
 }
 
-XmlNode FirstNamed(XmlNode node, std::string_view name) {
-  while (node && !SameText(node.Name(), name)) node = node.Next();
+// The first element of that name. A document type has the name of the root and is none.
+XmlNode FirstElement(XmlNode node, std::string_view name) {
+  while (node && !(node.IsElement() && SameText(node.Name(), name))) node = node.Next();
   return node;
 }
 
@@ -160,7 +161,7 @@ void ImportIterator_i::EnterInclude(std::shared_ptr<XmlDocument> document) {
   savedDocument_ = document_;
   document_ = std::move(document);
   next_ = document_->FirstNode();
-  if (XmlNode const group = FirstNamed(next_, "group")) next_ = group.FirstChild();
+  if (XmlNode const group = FirstElement(next_, "group")) next_ = group.FirstChild();
   includeActive_ = true;
 }
 

@@ -140,13 +140,16 @@ bool XmlNode::IsComment() const noexcept {
   return kind_ == Kind::kNode && NodeOf(node_)->type == XML_COMMENT_NODE;
 }
 
+bool XmlNode::IsElement() const noexcept {
+  return kind_ == Kind::kNode && NodeOf(node_)->type == XML_ELEMENT_NODE;
+}
+
 XmlNode XmlNode::FirstChild() const noexcept {
-  bool const element = kind_ == Kind::kNode && NodeOf(node_)->type == XML_ELEMENT_NODE;
-  return element ? Listed(NodeOf(node_)->children) : XmlNode();
+  return IsElement() ? Listed(NodeOf(node_)->children) : XmlNode();
 }
 
 XmlNode XmlNode::FirstAttribute() const noexcept {
-  if (kind_ != Kind::kNode || NodeOf(node_)->type != XML_ELEMENT_NODE) return {};
+  if (!IsElement()) return {};
   xmlNode const* element = NodeOf(node_);
   if (element->nsDef != nullptr) return {Kind::kNamespace, element->nsDef, element};
   return {Kind::kNode, element->properties};

@@ -25,6 +25,7 @@ class XmlNode {
   // the target of a processing instruction, and "xml" for the declaration.
   std::string_view Name() const;
   bool IsComment() const noexcept;
+  bool IsElement() const noexcept;
 
   // Child nodes in document order. Text that is only white space is not among them.
   XmlNode FirstChild() const noexcept;

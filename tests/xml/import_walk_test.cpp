@@ -122,6 +122,13 @@ TEST_F(ImportTest, ChildrenOfTheFirstGroupStandInPlaceOfTheTag) {
   for (char const* name : {"A", "B", "C"}) EXPECT_TRUE(Maint().BankExists("VANLAAR", name)) << name;
 }
 
+TEST_F(ImportTest, GroupWithADocumentTypeIsAGroup) {
+  MakeFile("g.xml",
+           "<!DOCTYPE group [<!ENTITY n 'A'>]><group><bank type='VANLAAR' name='&n;'/></group>");
+  EXPECT_TRUE(ImportLibrary("<import file='g.xml'/>"));
+  EXPECT_TRUE(Maint().BankExists("VANLAAR", "A"));
+}
+
 TEST_F(ImportTest, EmptyIncludesAddNothing) {
   MakeFile("g.xml", "<group/>");
   MakeFile("h.xml", "<group><!-- nothing --></group>");

@@ -145,6 +145,17 @@ TEST_F(RoundTripTest, ComponentWithItselfComesBackFromOneNumber) {
   EXPECT_EQ(words[1], 7);
 }
 
+TEST_F(RoundTripTest, BankOfTheFirstFormatWithoutItsNumberComesBackInTheHighest) {
+  Maint().CreateBank("NRTL", "ONE", 1);
+  Maint().SetWriteFormat(false);
+  ReadBack(Maint(), "/copy.lb1");
+  EXPECT_TRUE(imported_);
+  EXPECT_EQ(copyMaint_->GetBankFormat("NRTL", "ONE"), 2);
+  Maint().SetWriteFormat(true);
+  ReadBack(Maint(), "/copy2.lb1");
+  EXPECT_EQ(copyMaint_->GetBankFormat("NRTL", "ONE"), 1);
+}
+
 class ComponentRoundTripTest : public RoundTripTest {
  protected:
   ComponentRoundTripTest() { Maint().CreateBank("PURECOMP", "PURE", 0); }
