@@ -13,21 +13,20 @@ namespace {
 enum class Fallback : std::uint8_t { kNone, kConverted, kAsTheyAre };
 
 struct Model {
-  std::string_view keyword;
   Fallback fallback;  // to the legacy structure
   std::span<GroupPair const> groups;
 };
 
-// By model index.
+// By model number, as their keywords.
 // clang-format off
 constexpr std::array<Model, kModels> kModelRows = {{
-    {"legacy",      Fallback::kNone,      {}},
-    {"orig-public", Fallback::kConverted, kOriginalGroups},
-    {"orig-cons",   Fallback::kConverted, kOriginalGroups},
-    {"dort-public", Fallback::kConverted, kDortmundPublicGroups},
-    {"dort-cons",   Fallback::kConverted, kDortmundConsortiumGroups},
-    {"lyngby",      Fallback::kAsTheyAre, {}},
-    {"joback",      Fallback::kNone,      {}},
+    {Fallback::kNone,      {}},
+    {Fallback::kConverted, kOriginalGroups},
+    {Fallback::kConverted, kOriginalGroups},
+    {Fallback::kConverted, kDortmundPublicGroups},
+    {Fallback::kConverted, kDortmundConsortiumGroups},
+    {Fallback::kAsTheyAre, {}},
+    {Fallback::kNone,      {}},
 }};
 // clang-format on
 

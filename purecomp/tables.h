@@ -1,6 +1,7 @@
 // The fixed constants and correlations of a pure component: names, dimension words, rules.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -109,5 +110,9 @@ inline constexpr CorrelationRow kCorrelationRows[] = {
 // clang-format on
 inline constexpr std::int32_t kNamedCorrelations = 18;
 static_assert(sizeof kCorrelationRows / sizeof kCorrelationRows[0] == kNamedCorrelations);
+
+// Models of group structures, by number.
+inline constexpr std::array<std::string_view, 7> kModelKeywords = {
+    "legacy", "orig-public", "orig-cons", "dort-public", "dort-cons", "lyngby", "joback"};
 
 }  // namespace zel

@@ -25,10 +25,6 @@ constexpr CodeWord kTempUnits[] = {{10, "k"}, {11, "c"}, {12, "r"}, {13, "f"}};
 constexpr CodeWord kLogBases[] = {{1, "ln"}, {2, "log"}};
 constexpr CodeWord kBases[] = {{1, "m"}, {2, "wt"}};
 
-// Names of structure models by number; the first is written without a name.
-constexpr std::array<std::string_view, 7> kModels = {
-    "legacy", "orig-public", "orig-cons", "dort-public", "dort-cons", "lyngby", "joback"};
-
 constexpr std::int32_t kMostGroups = 10;
 constexpr std::int32_t kMostCoefficients = 15;
 
@@ -49,7 +45,7 @@ class ComponentText {
     PutIdentity();
     PutPhase();
     PutSmiles();
-    for (std::uint32_t model = 0; model < kModels.size(); ++model) PutStructure(model);
+    for (std::uint32_t model = 0; model < kModelKeywords.size(); ++model) PutStructure(model);
     for (PropertyRow const& row : kPropertyRows) {
       if (row.index == kEndOfWritten) break;
       PutProperty(row);
@@ -122,7 +118,7 @@ class ComponentText {
       return;
     }
     out_ << indent_ << "  <structure";
-    if (model != 0) PutWord("model", kModels[model]);
+    if (model != 0) PutWord("model", kModelKeywords[model]);
     out_ << ">\n" << indent_ << "   ";
     for (std::size_t i = 0; i < static_cast<std::size_t>(std::min(count, kMostGroups)); ++i) {
       out_ << " " << ids[i] << "(" << counts[i] << ")";

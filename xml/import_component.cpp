@@ -5,6 +5,7 @@
 
 #include "frame/ascii.h"
 #include "frame/number_text.h"
+#include "purecomp/tables.h"
 #include "xml/import_text.h"
 
 namespace zel {
@@ -34,10 +35,6 @@ struct PhaseRow {
   std::int32_t code;
 };
 constexpr PhaseRow kPhases[] = {{"NONE", 0}, {"VL", 3}, {"VLS", 7}, {"LS", 6}, {"S", 4}};
-
-// By number. The first goes without a name in documents, and its word is not read.
-constexpr std::array<std::string_view, 7> kModels = {
-    "legacy", "orig-public", "orig-cons", "dort-public", "dort-cons", "lyngby", "joback"};
 
 constexpr std::int32_t kMostGroups = 10;
 
@@ -187,9 +184,9 @@ bool ComponentImport::ReadStructure(XmlNode node) {
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) {
     std::string_view const word = attribute.Value(scratch);
-    model = 1;
-    while (model < kModels.size() && !SameText(kModels[model], word)) ++model;
-    if (model == kModels.size()) {
+    model = 1;  // the name of the first is not read: it goes without one
+    while (model < kModelKeywords.size() && !SameText(kModelKeywords[model], word)) ++model;
+    if (model == kModelKeywords.size()) {
       return Report("Unrecognized value \"" + std::string(word) +
                     "\" found for component structure \"model\" attribute");
     }
