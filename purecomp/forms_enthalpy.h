@@ -121,6 +121,9 @@ typename S::Result Eq49(S const& s) {
          s.Tc() * Square(tau3) * (C6 * C6) / 30.0;
 }
 
+// Latent heat in corresponding states of two reference fluids, benzene (acentric factor 0.21) and
+// carbazole (0.46): C1 is the acentric factor, C2 the critical temperature. The sum in brackets is
+// the reduced latent heat itself, without a further factor of x.
 template <typename S>
 typename S::Result Eq53(S const& s) {
   typename S::Value const x = 1.0 - s.T / s.c(2);
@@ -129,7 +132,7 @@ typename S::Result Eq53(S const& s) {
   auto const p3 = PowConst(x, 1.0 / 3.0);
   auto const A = -28.215 * p1 - 82.958 * p2 - 0.133 * p3 + x * (99.0 + x * (19.105 - 2.796 * x));
   auto const B = -2.467 * p1 - 77.521 * p2 + 6.537 * p3 + x * (59.634 + x * (36.009 - 14.606 * x));
-  return kGasConstant * s.c(2) * x * (4.0 * (s.c(1) - 0.21) * A + B);
+  return kGasConstant * s.c(2) * (4.0 * (s.c(1) - 0.21) * A + B);
 }
 
 template <typename S>

@@ -307,6 +307,68 @@ TEST(Equations, SignOfTheEighthCoefficientOfForm23DependsOnTheCount) {
   EXPECT_NEAR(eight - nine, expected, 1e-9 * std::fabs(expected));
 }
 
+// Measured latent heats at the normal boiling point, which the form was fitted to reproduce within
+// two in a hundred (Sivaraman, Magee and Kobayashi, Ind. Eng. Chem. Fundam. 23 (1984) 97; heats and
+// boiling points: CRC Handbook of Chemistry and Physics).
+TEST(Equations, Form53GivesLatentHeats) {
+  struct Fluid {
+    char const* name;
+    double acentricFactor, Tc, Tb, heat;  // K, kJ/kg-mol
+  };
+  constexpr Fluid kFluids[] = {{"benzene", 0.2103, 562.05, 353.24, 30720},
+                               {"toluene", 0.2640, 591.75, 383.78, 33180},
+                               {"octane", 0.3996, 568.70, 398.77, 34410},
+                               {"naphthalene", 0.3020, 748.40, 491.14, 43200}};
+  for (Fluid const& fluid : kFluids) {
+    double const c[] = {fluid.acentricFactor, fluid.Tc};
+    EquationCall call;
+    call.equation = 53;
+    call.coefficientCount = 2;
+    call.coefficients = c;
+    call.temperature = fluid.Tb;
+    call.tMin = call.tMax = -1e35;
+    double value = 0.0;
+    double slope = 0.0;
+    ASSERT_EQ(EvaluateEquation(call, value, slope, nullptr), kInRange);
+    EXPECT_NEAR(value, fluid.heat, 0.03 * fluid.heat) << fluid.name;
+    EXPECT_LT(slope, 0.0) << fluid.name;
+  }
+}
+
+// The slope of a form at a temperature.
+double SlopeOf(int equation, std::vector<double> const& c, double T) {
+  EquationCall call;
+  call.caller = &caller;
+  call.equation = equation;
+  call.coefficientCount = static_cast<std::int32_t>(c.size());
+  call.coefficients = c.data();
+  call.temperature = T;
+  call.tMin = call.tMax = -1e35;
+  double value = 0.0;
+  double slope = 0.0;
+  EXPECT_EQ(EvaluateEquation(call, value, slope, nullptr), kInRange);
+  return slope;
+}
+
+// Enthalpies whose slopes are published heat capacities: ideal gas after Aly and Lee (Fluid Phase
+// Equilib. 6 (1981) 169), and liquid above ideal gas after Bondi, in the form with the acentric
+// factor (Reid, Prausnitz and Poling, The Properties of Gases and Liquids, 4th ed., eq 5-8.1).
+TEST(Equations, EnthalpyFormsHaveTheirHeatCapacitiesAsSlopes) {
+  for (double T : {150.0, 300.0, 450.0}) {
+    double const x = 1900.0 / T, y = 890.0 / T;
+    double const alyLee =
+        33.0 + 87.0 * std::pow(x / std::sinh(x), 2.0) + 53.0 * std::pow(y / std::cosh(y), 2.0);
+    EXPECT_NEAR(SlopeOf(17, {100.0, 33.0, 87.0, 1900.0, 53.0, 890.0}, T), alyLee, 1e-10 * alyLee);
+
+    double const Tr = T / 512.5, omega = 0.56;
+    double const bondi =
+        1.45 + 0.45 / (1.0 - Tr) +
+        0.25 * omega * (17.11 + 25.2 * std::cbrt(1.0 - Tr) / Tr + 1.742 / (1.0 - Tr));
+    double const ideal = caller.Call(1, T, 1).d[1];
+    EXPECT_NEAR(SlopeOf(54, {7.0, omega, 512.5}, T) - ideal, 8.314471 * bondi, 1e-10 * bondi * T);
+  }
+}
+
 TEST(Equations, AnythingAtAllEnds) {
   double const wild[] = {0.0,
                          -0.0,
