@@ -8,8 +8,11 @@ namespace zel {
 namespace {
 
 constexpr int kFirstYear = 1900;
-constexpr char kMonths[12][4] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                 "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr char const* kMonths[12] = {"January",   "February", "March",    "April",
+                                     "May",       "June",     "July",     "August",
+                                     "September", "October",  "November", "December"};
+constexpr int kShortMonth = 3;
+constexpr int kLongMonth = 9;
 
 std::tm Today() {
   std::time_t const now = std::time(nullptr);
@@ -18,15 +21,20 @@ std::tm Today() {
   return day;
 }
 
-}  // namespace
-
-std::string TodayText() {
+// With so many letters of the month.
+std::string DateText(int letters) {
   std::tm const day = Today();
   char text[25];
-  std::snprintf(text, sizeof text, "%02d %s %d", day.tm_mday, kMonths[day.tm_mon],
+  std::snprintf(text, sizeof text, "%02d %.*s %d", day.tm_mday, letters, kMonths[day.tm_mon],
                 day.tm_year + kFirstYear);
   return text;
 }
+
+}  // namespace
+
+std::string TodayText() { return DateText(kShortMonth); }
+
+std::string LongTodayText() { return DateText(kLongMonth); }
 
 int CurrentYear() { return Today().tm_year + kFirstYear; }
 

@@ -5,6 +5,7 @@
 
 #include "zelaccess/Banks.h"
 #include "zelaccess/Casn.h"
+#include "zelaccess/CompList.h"
 #include "zelaccess/Key.h"
 #include "zelaccess/LibFile.h"
 #include "zelaccess/LibMaint.h"

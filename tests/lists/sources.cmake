@@ -1,2 +1,5 @@
 set(lists_TEST_SOURCES
-    search_test.cpp)
+    comp_list_test.cpp
+    filter_test.cpp
+    search_test.cpp
+    sort_keys_test.cpp)

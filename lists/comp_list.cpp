@@ -1,0 +1,149 @@
+#include "lists/comp_list.h"
+
+#include <string>
+
+#include "frame/ascii.h"
+#include "lists/comp_list_build.h"
+#include "lists/list_file.h"
+#include "lists/list_filter.h"
+
+namespace zel {
+
+namespace {
+
+// What all lists of the process share.
+struct Settings {
+  std::int32_t sort = sortByName;
+  std::int32_t descending = 0;
+  std::string filter = "*";
+  double minimum = gen_GetUndefDouble();
+  double maximum = gen_GetUndefDouble();
+};
+
+Settings& Shared() {
+  static Settings settings;
+  return settings;
+}
+
+// An undefined value is taken as the number it is.
+bool InRange(double value, Settings const& settings) noexcept {
+  if (!gen_IsUndefDouble(settings.minimum) && settings.minimum > value) return false;
+  return gen_IsUndefDouble(settings.maximum) || !(value > settings.maximum);
+}
+
+// By the field that is sorted by.
+bool Passes(ListEntry const& row, Settings const& settings) {
+  switch (settings.sort) {
+    case sortByName: return MatchesListFilter(row.name, settings.filter);
+    case sortById: return MatchesListFilter(row.id, settings.filter);
+    case sortByFormula: return MatchesListFilter(row.formula, settings.filter);
+    case sortByCas: return MatchesListFilter(static_cast<char const*>(row.cas), settings.filter);
+    case sortByNbp: return InRange(row.nbp, settings);
+    default: return InRange(row.mw, settings);
+  }
+}
+
+constexpr std::size_t kNameSize = 41;
+constexpr std::size_t kIdSize = 13;
+constexpr std::size_t kFormulaSize = 21;
+constexpr std::size_t kCasSize = 21;
+
+}  // namespace
+
+CompList::~CompList() = default;
+
+CompList* CompList::NewCompList() { return new CompList_i; }
+
+void CompList::DelCompList(CompList*& list) {
+  delete list;
+  list = nullptr;
+}
+
+CompList_i::CompList_i() { Shared(); }
+
+CompList_i::~CompList_i() { CompList_i::ClearList(); }
+
+void CompList_i::ClearList() {
+  entries_.clear();
+  for (Order& order : orders_) order.clear();
+  if (builder_) builder_->ClearRecords();
+  ResetSort();
+  ResetFilter();
+}
+
+bool CompList_i::ReadList(char const* path) {
+  ClearList();
+  return ReadListFile(TextOrEmpty(path), *this);
+}
+
+void CompList_i::SetSort(std::int32_t key, std::int32_t descending) {
+  Shared().sort = key;
+  Shared().descending = descending;
+  Rewind();
+}
+
+void CompList_i::GetSort(std::int32_t& key, std::int32_t& descending) const {
+  key = Shared().sort;
+  descending = Shared().descending;
+}
+
+void CompList_i::SetFilter(char const* pattern) {
+  std::string_view const text = TextOrEmpty(pattern);
+  Shared().filter = text.empty() ? "*" : std::string(text);
+  Rewind();
+}
+
+char const* CompList_i::GetFilter() const { return Shared().filter.c_str(); }
+
+void CompList_i::SetRange(double minimum, double maximum) {
+  Shared().minimum = minimum;
+  Shared().maximum = maximum;
+  Rewind();
+}
+
+void CompList_i::GetRange(double& minimum, double& maximum) const {
+  minimum = Shared().minimum;
+  maximum = Shared().maximum;
+}
+
+// Null at the end. Numbers that point at no row, as a damaged file can have them, are passed over.
+ListEntry const* CompList_i::Next() {
+  Settings const& settings = Shared();
+  if (settings.sort < 0 || settings.sort >= static_cast<std::int32_t>(kOrders)) return nullptr;
+  Order const& order = orders_[static_cast<std::size_t>(settings.sort)];
+  while (cursor_ < order.size()) {
+    std::size_t const at = settings.descending != 0 ? order.size() - cursor_ - 1 : cursor_;
+    ++cursor_;
+    auto const row = static_cast<std::size_t>(order[at]);
+    if (row < entries_.size() && Passes(entries_[row], settings)) return &entries_[row];
+  }
+  return nullptr;
+}
+
+bool CompList_i::GetNext(char* name, char* id, char* formula, char* cas, double& nbp, double& mw) {
+  ListEntry const* row = Next();
+  if (row == nullptr) return false;
+  CopyText(row->name, name, kNameSize);
+  CopyText(row->id, id, kIdSize);
+  CopyText(row->formula, formula, kFormulaSize);
+  CopyText(static_cast<char const*>(row->cas), cas, kCasSize);
+  nbp = row->nbp;
+  mw = row->mw;
+  return true;
+}
+
+bool CompList_i::GetNextShort(char* id, char* name, char* formula) {
+  ListEntry const* row = Next();
+  if (row == nullptr) return false;
+  CopyText(row->id, id, kIdSize);
+  CopyText(row->name, name, kNameSize);
+  CopyText(row->formula, formula, kFormulaSize);
+  return true;
+}
+
+CompListBuild* CompList_i::GetBuilder() {
+  if (!builder_) builder_ = std::make_unique<CompListBuild_i>(*this);
+  return builder_.get();
+}
+
+}  // namespace zel

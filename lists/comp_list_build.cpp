@@ -1,0 +1,236 @@
+#include "lists/comp_list_build.h"
+
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+
+#include "frame/ascii.h"
+#include "lists/list_file.h"
+#include "lists/sort_keys.h"
+#include "maint/component_identity.h"
+#include "maint/lib_maint.h"
+#include "purecomp/formula.h"
+
+namespace zel {
+
+namespace {
+
+constexpr char kComponentType[] = "PURECOMP";
+constexpr int kIds = ComponentIdentity::kIds;
+constexpr std::size_t kIdSize = ComponentIdentity::kIdSize;
+constexpr std::size_t kLongestFormatted = 1000;
+
+// IDs with a zero where the letter was meant.
+constexpr std::string_view kMistakenIds[] = {"H20", "C02", "C0", "OLD-DOP"};
+constexpr std::size_t kLeastNumberDigits = 7;
+
+bool IsDropped(std::string_view id) {
+  bool const number = id.size() >= kLeastNumberDigits &&
+                      id.find_first_not_of("0123456789") == std::string_view::npos;
+  return id.empty() || number ||
+         std::find(std::begin(kMistakenIds), std::end(kMistakenIds), id) != std::end(kMistakenIds);
+}
+
+using Clock = std::chrono::steady_clock;
+
+double SecondsSince(Clock::time_point start) {
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// A number that is none has no place in an order.
+bool IsListed(double value) { return value > gen_GetUndefDouble(); }
+
+}  // namespace
+
+CompListBuild::~CompListBuild() = default;
+CompListBuild_p::~CompListBuild_p() = default;
+
+bool CompListBuild_i::BuildList(LibFile* library, char const* bankName, char const* path) {
+  Clock::time_point const start = Clock::now();
+  records_.clear();
+  WalkBank(library, bankName);
+  totalSeconds_ = SecondsSince(start);
+  SortRecords();
+  return WriteList(path);
+}
+
+// Values of a protected library are hidden by one that counts as undefined.
+void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
+  double const hidden = gen_GetUndefDouble() * 3.0;
+  Held<IZelBankDef> const bank(NewPureComp());
+  auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
+  LibMaint_i maint(library);
+  if (!component || !maint.BeginItemWalk(kComponentType, bankName)) return;
+  bool const locked = library->IsPasswordLocked();
+  std::int32_t key[10];
+  while (maint.NextItem(key, bank.Get())) {
+    ComponentIdentity identity(component.Get());
+    double nbp = hidden;
+    double mw = hidden;
+    constexpr std::uint32_t kNbp = 8, kMw = 0;
+    if (!locked) component->GetProperty(kNbp, &nbp);
+    if (!locked) component->GetProperty(kMw, &mw);
+    char secondFormula[sizeof identity.formula] = "";
+    std::int32_t idCount = 0;
+    std::int32_t formulaResult = 0;
+    if (!CleanRecord(identity.name, identity.ids, idCount, identity.formula, secondFormula,
+                     identity.keepFormula, formulaResult, identity.casNumber)) {
+      continue;
+    }
+    AddRecord(identity.name, identity.ids[0], identity.formula, identity.Cas(), nbp, mw);
+    if (idCount > 1) AddIds(idCount - 1, identity.ids + 1);
+    if (formulaResult > 1) AddFormula(secondFormula);
+  }
+}
+
+// --- rows ----------------------------------------------------------------------------------------
+
+// Rows of IDs behind those that are kept stay as they were.
+bool CompListBuild_i::CleanRecord(char* name, char (*ids)[9], std::int32_t& idCount, char* formula,
+                                  char* secondFormula, std::uint8_t keepFormula,
+                                  std::int32_t& formulaResult, std::int32_t& casNumber) {
+  constexpr std::size_t kNameSize = 41;
+  TidyName(name);
+  idCount = 0;
+  for (int i = 0; i < kIds; ++i) {
+    if (IsDropped(ids[i])) continue;
+    char* kept = ids[idCount++];
+    if (kept != ids[i]) CopyText(ids[i], kept, kIdSize);
+    for (char* c = kept; *c != '\0'; ++c) *c = ToUpper(*c);
+  }
+  formulaResult = NormaliseFormula(formula, secondFormula, keepFormula != 0);
+  casNumber = static_cast<std::int32_t>(static_cast<long>(casn(casNumber)));
+  if (name[0] == '\0') CopyText(ids[0], name, kNameSize);
+  return idCount != 0 && ids[0][0] != '\0';
+}
+
+void CompListBuild_i::Append() {
+  record_.order = static_cast<std::int32_t>(records_.size());
+  records_.push_back(record_);
+}
+
+void CompListBuild_i::AddRecord(char const* name, char const* id, char const* formula, casn cas,
+                                double nbp, double mw) {
+  record_.name = TextOrEmpty(name);
+  record_.id = TextOrEmpty(id);
+  record_.formula = TextOrEmpty(formula);
+  record_.cas = cas;
+  record_.nbp = nbp;
+  record_.mw = mw;
+  record_.kind = ListEntry::kComponent;
+  record_.sortKey = MakeIdKey(record_.id);
+  Append();
+}
+
+void CompListBuild_i::AddIds(std::int32_t count, char const (*ids)[9]) {
+  for (std::int32_t i = 0; i < count; ++i) AddId(ids[i]);
+}
+
+void CompListBuild_i::AddId(char const* id) {
+  std::string const own = record_.id;
+  record_.id = TextOrEmpty(id);
+  record_.kind = ListEntry::kFurtherId;
+  record_.sortKey = MakeIdKey(record_.id);
+  Append();
+  record_.id = own;
+}
+
+// Stands right behind the row added last.
+void CompListBuild_i::AddFormula(char const* formula) {
+  if (shortForm_) return;
+  std::string const own = record_.formula;
+  record_.formula = TextOrEmpty(formula);
+  record_.kind = ListEntry::kFurtherFormula;
+  record_.sortKey += " *";
+  Append();
+  record_.formula = own;
+}
+
+// --- orders --------------------------------------------------------------------------------------
+
+template <typename Takes, typename Key>
+void CompListBuild_i::MakeTextOrder(compListSorts sort, Takes const& takes, Key const& key) {
+  std::vector<ListEntry>& rows = list_.Entries();
+  CompList_i::Order& order = list_.OrderBy(sort);
+  order.clear();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (!takes(rows[i])) continue;
+    rows[i].sortKey = key(rows[i]);
+    order.push_back(static_cast<std::int32_t>(i));
+  }
+  // Row numbers are positions, so a stable sort leaves the lower one first.
+  std::stable_sort(order.begin(), order.end(), [&](std::int32_t a, std::int32_t b) {
+    return rows[static_cast<std::size_t>(a)].sortKey < rows[static_cast<std::size_t>(b)].sortKey;
+  });
+}
+
+template <typename Takes, typename Value>
+void CompListBuild_i::MakeNumberOrder(compListSorts sort, Takes const& takes, Value const& value) {
+  std::vector<ListEntry> const& rows = list_.Entries();
+  CompList_i::Order& order = list_.OrderBy(sort);
+  order.clear();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    bool const listed = rows[i].kind == ListEntry::kComponent && takes(value(rows[i]));
+    if (listed) order.push_back(static_cast<std::int32_t>(i));
+  }
+  std::stable_sort(order.begin(), order.end(), [&](std::int32_t a, std::int32_t b) {
+    return value(rows[static_cast<std::size_t>(a)]) < value(rows[static_cast<std::size_t>(b)]);
+  });
+}
+
+void CompListBuild_i::SortRecords() {
+  Clock::time_point start = Clock::now();
+  std::vector<ListEntry>& rows = list_.Entries();
+  rows = records_;
+  std::sort(rows.begin(), rows.end(), [](ListEntry const& a, ListEntry const& b) {
+    int const keys = a.sortKey.compare(b.sortKey);
+    return keys != 0 ? keys < 0 : a.order < b.order;
+  });
+  for (std::size_t i = 0; i < rows.size(); ++i) rows[i].order = static_cast<std::int32_t>(i);
+  sortSeconds_ = SecondsSince(start);
+
+  start = Clock::now();
+  auto const component = [](ListEntry const& row) { return row.kind == ListEntry::kComponent; };
+  MakeTextOrder(sortByName, component, [](ListEntry const& row) { return MakeNameKey(row.name); });
+  MakeTextOrder(
+      sortById, [](ListEntry const& row) { return row.kind != ListEntry::kFurtherFormula; },
+      [](ListEntry const& row) { return MakeIdKey(row.id); });
+  MakeTextOrder(
+      sortByFormula,
+      [](ListEntry const& row) {
+        return row.kind != ListEntry::kFurtherId && !row.formula.empty();
+      },
+      [](ListEntry const& row) { return FormulaSortKey(row.formula); });
+  MakeNumberOrder(
+      sortByCas, [](long cas) { return cas > 0; },
+      [](ListEntry const& row) { return static_cast<long>(row.cas); });
+  MakeNumberOrder(sortByNbp, IsListed, [](ListEntry const& row) { return row.nbp; });
+  MakeNumberOrder(sortByMw, IsListed, [](ListEntry const& row) { return row.mw; });
+  orderSeconds_ = SecondsSince(start);
+}
+
+// --- output --------------------------------------------------------------------------------------
+
+bool CompListBuild_i::WriteList(char const* path) {
+  std::string const target(TextOrEmpty(path));
+  return target.empty() || WriteListFile(target, list_, shortForm_);
+}
+
+// The lengths of the orders are theirs to tell.
+std::int32_t CompListBuild_i::CountOrders() {
+  return static_cast<std::int32_t>(list_.Entries().size());
+}
+
+void CompListBuild_i::FormatRecord(std::int32_t row, char* text) {
+  auto const at = static_cast<std::size_t>(row);
+  if (row < 0 || at >= list_.Entries().size()) throw std::out_of_range("invalid vector subscript");
+  CopyText(ListLine(list_, at), text, kLongestFormatted);
+}
+
+void CompListBuild_i::GetTimes(double& total, double& sort, double& order) const {
+  total = totalSeconds_;
+  sort = sortSeconds_;
+  order = orderSeconds_;
+}
+
+}  // namespace zel

@@ -1,0 +1,101 @@
+#include "lists/sort_keys.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+
+#include "frame/ascii.h"
+
+namespace zel {
+
+namespace {
+
+constexpr std::string_view kDelimiters = "-, ()";
+constexpr std::string_view kPlaces = "0123456789'\"";
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::size_t kLongestWord = 40;
+
+struct PrefixRow {
+  std::string_view word;
+  char sortLetter;
+  WordCase letters;
+  int part;
+};
+// "l" ends in upper case where "d" ends in lower case.
+constexpr PrefixRow kPrefixes[] = {
+    {"alpha", 'a', WordCase::kLower, 1},   {"beta", 'b', WordCase::kLower, 1},
+    {"gamma", 'c', WordCase::kLower, 1},   {"delta", 'd', WordCase::kLower, 1},
+    {"epsilon", 'e', WordCase::kLower, 1}, {"i", 'i', WordCase::kLower, 1},
+    {"n", 'n', WordCase::kLower, 1},       {"sec", 's', WordCase::kLower, 1},
+    {"s", 's', WordCase::kLower, 1},       {"tert", 't', WordCase::kLower, 1},
+    {"t", 't', WordCase::kLower, 1},       {"o", 'x', WordCase::kLower, 1},
+    {"m", 'y', WordCase::kLower, 1},       {"p", 'z', WordCase::kLower, 1},
+    {"d", 'D', WordCase::kLower, 2},       {"l", 'L', WordCase::kUpper, 2},
+    {"cis", 'c', WordCase::kLower, 2},     {"trans", 't', WordCase::kLower, 2},
+};
+
+bool ConsistsOf(std::string_view text, std::string_view characters) noexcept {
+  return text.find_first_not_of(characters) == std::string_view::npos;
+}
+
+// Hands each word with its delimiter (0 behind the last) and its start to `visit`.
+template <typename Visit>
+void ForEachWord(std::string_view name, Visit const& visit) {
+  std::size_t start = 0;
+  for (;;) {
+    std::size_t const end = std::min(name.find_first_of(kDelimiters, start), name.size());
+    bool const last = end == name.size();
+    char const delimiter = last ? '\0' : name[end];
+    std::string_view const word = name.substr(start, end - start);
+    char const first = word.empty() ? '\0' : word.front();
+    visit(start, word.size(),
+          ClassifyWord(first, delimiter, LowerText(word.substr(0, kLongestWord))));
+    if (last) return;
+    start = end + 1;
+  }
+}
+
+}  // namespace
+
+WordClass ClassifyWord(char first, char delimiter, std::string_view lowerWord) {
+  bool const blank = delimiter == ' ';
+  char const tail = delimiter == ',' ? ',' : '-';
+  std::string word(lowerWord);
+  if (word.empty()) return {blank ? " " : "", WordCase::kAsItIs, 0};
+  if (ConsistsOf(word, kPlaces)) return {word + tail, WordCase::kAsItIs, 1};
+  if (first == 'N' && ConsistsOf(word, "n'\"")) return {word + tail, WordCase::kUpper, 1};
+  for (PrefixRow const& row : kPrefixes) {
+    if (row.word == word) return {{row.sortLetter, tail}, row.letters, row.part};
+  }
+  return {blank ? word + ' ' : word, WordCase::kAsItIs, 0};
+}
+
+void TidyName(char* name) {
+  ForEachWord(std::string(name), [&](std::size_t start, std::size_t size, WordClass const& word) {
+    if (word.letters == WordCase::kAsItIs) return;
+    for (char* at = name + start; at != name + start + size; ++at) {
+      *at = word.letters == WordCase::kUpper ? ToUpper(*at) : ToLower(*at);
+    }
+  });
+}
+
+std::string MakeNameKey(std::string_view name) {
+  std::array<std::string, 3> parts;
+  ForEachWord(name, [&](std::size_t, std::size_t, WordClass const& word) {
+    parts[static_cast<std::size_t>(word.part)] += word.sortText;
+  });
+  return parts[0] + "  " + parts[1] + "  " + parts[2];
+}
+
+std::string MakeIdKey(std::string_view id) {
+  std::size_t const digits = std::min(id.find_first_not_of(kDigits), id.size());
+  char length[24];
+  std::snprintf(length, sizeof length, "%2d", static_cast<int>(digits));
+  std::string key(id.substr(digits));
+  key.append(length).append(id.substr(0, digits));
+  key.erase(std::remove(key.begin(), key.end(), '-'), key.end());
+  return key + " -";
+}
+
+}  // namespace zel
