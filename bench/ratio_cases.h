@@ -32,5 +32,7 @@ void CompareFillIns(RatioTable& table);
 void CompareImports(RatioTable& table, std::filesystem::path const& folder);
 // A bank of pairs written as a document.
 void CompareExports(RatioTable& table, std::filesystem::path const& folder);
+// A pick list built and read.
+void CompareLists(RatioTable& table, std::filesystem::path const& folder);
 
 }  // namespace zel::bench
