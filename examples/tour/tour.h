@@ -59,6 +59,9 @@ std::vector<ConstantRow> const& AllConstants();
 // How much the library of one source holds.
 void PrintSource(zel::LibFile* library, Source const& source);
 
+// Makes the pick list of a library's components in a file, and walks it in some ways.
+void PrintList(zel::LibFile* library, char const* bank, std::string const& path);
+
 // Searches all libraries in the order of preference and merges.
 class Merged {
  public:

@@ -50,6 +50,9 @@ expect(0 ARGUMENTS ${DATA} ${WORK_DIR}/library LINES
   # evaluate); constants by source, by label and from the other critical constants; the
   # warning; points inside and outside a range, molar values of a weight basis; the check.
   "  CHEMSEP    229 components   4997 constants   2490 correlations  ChemSep data"
+  "  2,3-Dimethylbutane            23MB      C6H14          79-29-8   331.15    86.18"
+  "  alpha-Methyl styrene          AMSTYREN  C9H10          98-83-9   438.55        -"
+  "Rows by ID, further IDs included: 656"
   "  NBP                   351.8  K                71  CHEMSEP:CHEMSEP"
   "  LHV                 1235000  kJ/kg-mol        -  from Heat of Combustion"
   "  API gravity        46.26829                   -  from sg6oF"
