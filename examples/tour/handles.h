@@ -1,48 +1,27 @@
-// Handles of the library that end with their scope.
+// Handles of the library under the names that the tour uses.
 #pragma once
 
 #include <zelaccess/ZelAccess.h>
 
-#include <memory>
 #include <stdexcept>
 #include <string>
 
 namespace tour {
 
-struct Closer {
-  void operator()(zel::LibFile* library) const { zel::LibFile::DelLibFile(library); }
-  void operator()(zel::LibMaint* maint) const { zel::LibMaint::DelLibMaint(maint); }
-  void operator()(zel::LibSearch* search) const { zel::LibSearch::DelLibSearch(search); }
-  void operator()(zel::Key* key) const { zel::Key::DelKey(key); }
-  void operator()(zel::IZelBankDef* bank) const { bank->Release(); }
-};
-using Library = std::unique_ptr<zel::LibFile, Closer>;
-using Maint = std::unique_ptr<zel::LibMaint, Closer>;
-using Search = std::unique_ptr<zel::LibSearch, Closer>;
-using Key = std::unique_ptr<zel::Key, Closer>;
-using BankHandle = std::unique_ptr<zel::IZelBankDef, Closer>;
+using Library = zel::Handle<zel::LibFile>;
+using Maint = zel::Handle<zel::LibMaint>;
+using Search = zel::Handle<zel::LibSearch>;
+using Key = zel::Handle<zel::Key>;
+using List = zel::Handle<zel::CompList>;
+using BankHandle = zel::Handle<zel::IZelBankDef>;
 
-// A bank of one type together with the face of its own interface.
+// A bank with its own face, which must be there.
 template <typename Face>
-class Bank {
+class Bank : public zel::BankFace<Face> {
  public:
-  Bank(char const* type, zel::ZelIid const& id) : bank_(zel::NewBank(type)) {
-    void* face = nullptr;
-    if (!bank_ || bank_->QueryInterface(id, &face) != zel::kStatusOk) {
-      throw std::runtime_error(std::string("no bank type ") + type);
-    }
-    face_ = static_cast<Face*>(face);
+  Bank(char const* type, zel::ZelIid const& id) : zel::BankFace<Face>(type, id) {
+    if (!*this) throw std::runtime_error(std::string("no bank type ") + type);
   }
-  Bank(Bank const&) = delete;
-  Bank& operator=(Bank const&) = delete;
-  ~Bank() { face_->Release(); }
-
-  Face* operator->() const { return face_; }
-  zel::IZelBankDef* Def() const { return bank_.get(); }
-
- private:
-  BankHandle bank_;
-  Face* face_;
 };
 
 }  // namespace tour

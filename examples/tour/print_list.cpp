@@ -6,11 +6,6 @@
 namespace tour {
 namespace {
 
-struct ListCloser {
-  void operator()(zel::CompList* list) const { zel::CompList::DelCompList(list); }
-};
-using List = std::unique_ptr<zel::CompList, ListCloser>;
-
 // At most `most` rows of the walk that is set.
 int PrintRows(zel::CompList* list, int most) {
   char name[41];

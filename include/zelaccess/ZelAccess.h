@@ -6,6 +6,7 @@
 #include "zelaccess/Banks.h"
 #include "zelaccess/Casn.h"
 #include "zelaccess/CompList.h"
+#include "zelaccess/Handles.h"
 #include "zelaccess/Key.h"
 #include "zelaccess/LibFile.h"
 #include "zelaccess/LibMaint.h"
