@@ -8,6 +8,7 @@
 #include "frame/platform/system.h"
 #include "frame/platform/text_file.h"
 #include "maint/component_identity.h"
+#include "store/format.h"
 
 namespace zel {
 
@@ -106,7 +107,7 @@ void WriteComponentIndex(LibFile* library, char const* bank, std::string const& 
   Held<IZelBankDef> const record(NewBank(kComponentType));
   auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i walk(library);
-  std::int32_t key[1];
+  std::int32_t key[format::kMaxKeyWords];  // a damaged bank may claim as many
   if (!component || !walk.BeginItemWalk(kComponentType, bank)) return;
   while (walk.NextItem(key, record.Get())) PutComponent(file, component.Get());
 }

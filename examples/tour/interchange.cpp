@@ -75,7 +75,7 @@ void PrintSource(zel::LibFile* library, Source const& source) {
   int components = 0;
   int constants = 0;
   int correlations = 0;
-  std::int32_t key[1];
+  std::int32_t key[10];
   maint->BeginItemWalk("PURECOMP", source.name);
   while (maint->NextItem(key, component.Def())) {
     ++components;

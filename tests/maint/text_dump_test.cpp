@@ -5,6 +5,7 @@
 
 #include "frame/ascii.h"
 #include "maint/text_dump.h"
+#include "store/format.h"
 #include "store/key.h"
 #include "tests/frame/temp_folder.h"
 #include "tests/support/sample_component.h"
@@ -159,6 +160,23 @@ TEST_F(TextDumpTest, FileThatCannotBeWrittenIsPassedOver) {
   EXPECT_EQ(FileText("lib.A.cmp"), "1\nlib\tA\tV1.5\n");
   EXPECT_EQ(FileText("lib.D.cmp"), "1\nlib\tD\tV1.5\n");
   maint_->WriteTextDump(nullptr);
+}
+
+// The head of a bank's tree comes from the file: it may claim longer keys than components have.
+TEST_F(TextDumpTest, BankWhoseKeysCannotBeThoseOfComponentsHasTitlesOnly) {
+  constexpr std::int32_t kKeyWords = format::kMaxKeyWords - 1;
+  maint_->CreateBank("PURECOMP", "PURE", 0);
+  Add("PURE", 7, {"ETHANOL"}, {});
+  std::int32_t const* found = nullptr;
+  std::int32_t* entry = nullptr;
+  ASSERT_TRUE(library_->FindBank("PURECOMP", "PURE", found, false));
+  ASSERT_TRUE(library_->GetBankTree()->GetCurrentData(entry));
+  std::int32_t* head = entry + format::kBankHead;
+  head[format::kHeadKeyWords] = kKeyWords;
+  head[format::kHeadEntryWords] = kKeyWords + 1;
+  head[format::kHeadMaxEntries] = format::kNodeRoom / (kKeyWords + 2);
+  ASSERT_TRUE(library_->GetBankTree()->WriteCurrentNode());
+  EXPECT_EQ(Components(), "");
 }
 
 TEST_F(TextDumpTest, SingleIndexesGoWhereTheyAreToldTo) {
