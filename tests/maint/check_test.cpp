@@ -1,5 +1,6 @@
 // Identity checks of components.
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 #include "frame/ascii.h"
@@ -68,6 +69,22 @@ class CheckTest : public test::MaintTest {
     Maint().CheckComponent(bank_.Get(), nullptr);
     Maint().SetLogLevel(0);
     return ::testing::internal::GetCapturedStdout();
+  }
+
+  // The reference library again, with another root of its n-th tree on file.
+  void ReopenReferenceWithRoot(int tree, std::int32_t root) {
+    LibFile::ClearOrdwinNameIndex();
+    reference_->CloseLibFile();
+    std::byte* const file1 = otherFiles_.Contents("/ref.lb1").data();
+    std::int32_t address = 0;
+    std::memcpy(&address, file1 + format::kWordBytes * format::kTreeHeadsAddress, sizeof address);
+    ASSERT_EQ(address / format::kFileFactor % 10, 1) << "the heads stand in file 1";
+    std::int32_t const word = (address % format::kFileFactor - 1) * format::kBlockWordsOfFile1 +
+                              tree * format::kHeadWords + format::kHeadRootAddress;
+    std::memcpy(file1 + format::kWordBytes * word, &root, sizeof root);
+    reference_ = std::make_unique<LibFile_i>(otherFiles_, accRead, "/ref.lb1", "Reference");
+    ASSERT_EQ(reference_->OpenExisting({true, ""}, nullptr), openOk);
+    UseReference();
   }
 
   test::MemoryFileSystem otherFiles_;
@@ -168,6 +185,24 @@ TEST_F(CheckTest, IdUnderNumberZeroIsNoConflict) {
   EXPECT_EQ(Reasons(), "");
 }
 
+// What a damaged index would have said stays unknown; the other library is asked all the same.
+TEST_F(CheckTest, IndexThatCannotBeReadKnowsNothing) {
+  constexpr int kIdTree = 1;
+  constexpr int kCasTree = 2;
+  constexpr std::int32_t kNowhere = 112'999'999;
+  HaveInReference("ORDWIN", 9, 64175, {"A"});
+  Have(7, 0, {"B"});
+  ReopenReferenceWithRoot(kIdTree, kNowhere);
+  std::int32_t const* data = nullptr;
+  ASSERT_THROW(reference_->FindIdNumbers("A", data), unsigned long) << "the damage is there";
+  Fill(8, 64175, {"A", "B"});
+  EXPECT_EQ(Reasons(), "Library ID \"B\" already refers to a component in this library");
+  EXPECT_NE(Warnings(), "") << "the index of CAS numbers is whole";
+  ReopenReferenceWithRoot(kCasTree, kNowhere);
+  ASSERT_THROW(reference_->FindCasNumbers(casn("64-17-5"), data), unsigned long);
+  EXPECT_EQ(Warnings(), "");
+}
+
 TEST_F(CheckTest, LibraryItselfAsReferenceGivesOwnConflicts) {
   Have(7, 0, {"A"});
   LibFile::SetOrdwinNameIndex(&Library());
@@ -235,6 +270,20 @@ TEST_F(CheckTest, CasNumberZeroIsNotLookedUp) {
   ASSERT_TRUE(WriteTo(Maint(), "PURE"));
 }
 
+TEST_F(CheckTest, CasNumberZeroGetsNoEntry) {
+  std::int32_t keyWords = 0, dataWords = 0;
+  std::int32_t const* entry = nullptr;
+  Have(13, 0, {"OTHER"});
+  Library().GetCasTree()->WalkBegin(keyWords, dataWords);
+  EXPECT_FALSE(Library().GetCasTree()->WalkNext(entry));
+  Have(14, 64175, {"ETHANOL"});
+  Library().GetCasTree()->WalkBegin(keyWords, dataWords);
+  ASSERT_TRUE(Library().GetCasTree()->WalkNext(entry));
+  EXPECT_EQ(entry[0], 64175);
+  EXPECT_EQ(entry[keyWords], 14);
+  EXPECT_FALSE(Library().GetCasTree()->WalkNext(entry));
+}
+
 TEST_F(CheckTest, WarningStandsBesideAnError) {
   Have(12, 64175, {"ETHANOL"});
   Fill(13, 64175, {"ETHANOL"});
@@ -255,6 +304,26 @@ TEST_F(CheckTest, RefusedComponentIsNotWritten) {
   EXPECT_STREQ(Maint().GetLastErrorText(),
                "Library ID \"ETHANOL\" already refers to a component in this library");
   EXPECT_FALSE(Maint().ItemExists(bank_.Def(), "PURE", &key_));
+}
+
+TEST_F(CheckTest, RefusalLeavesEveryByteOfTheFiles) {
+  Have(12, 64175, {"ETHANOL"});
+  Library().FlushLibFile();
+  auto const file1 = files_.Contents("/m.lb1");
+  auto const file2 = files_.Contents("/m.lb2");
+  ASSERT_FALSE(file2.empty());
+  Fill(13, 7732185, {"NEW", "ETHANOL"});
+  EXPECT_FALSE(WriteTo(Maint(), "PURE"));
+  Fill(13, 7732185, {"NEW"});
+  key_.SetKey(14L);
+  EXPECT_FALSE(Maint().WriteItem(bank_.Def(), "PURE", &key_));
+  Library().FlushLibFile();
+  EXPECT_TRUE(files_.Contents("/m.lb1") == file1);
+  EXPECT_TRUE(files_.Contents("/m.lb2") == file2);
+  EXPECT_EQ(Maint().FindNumberById("NEW"), 0);
+  EXPECT_TRUE(WriteTo(Maint(), "PURE"));
+  Library().FlushLibFile();
+  EXPECT_FALSE(files_.Contents("/m.lb2") == file2) << "a write shows in the files";
 }
 
 TEST_F(CheckTest, KeyOfAWriteMustFit) {
