@@ -382,6 +382,8 @@ TEST_F(CheckTest, BanksAreAskedInTheirOrderAndThenTheReferenceBanks) {
   HaveInReference("PLANTIX", 50, 0, {"SECOND"});
   HaveInReference("ORDWIN", 51, 0, {"FIRST"});
   HaveInReference("OTHER", 52, 0, {"NEVER"});
+  HaveInReference("PLANTIX", 53, 0, {"LATER"});
+  HaveInReference("ORDWIN", 53, 0, {"SOONER"});
   Have(12, 0, {"OWN"});
   ASSERT_TRUE(Maint().CreateBank("PURECOMP", "ANOTHER", 0));
   Fill(12, 0, {"OWN"});
@@ -395,7 +397,7 @@ TEST_F(CheckTest, BanksAreAskedInTheirOrderAndThenTheReferenceBanks) {
     bool fromIndex;
   };
   for (Row const& row : {Row{12, "EARLIER", false}, Row{50, "SECOND", true}, Row{51, "FIRST", true},
-                         Row{52, "", false}}) {
+                         Row{52, "", false}, Row{53, "SOONER", true}}) {
     char id[9] = "old";
     bool fromIndex = !row.fromIndex;
     Maint().GetIdOfNumber(row.number, id, fromIndex);
