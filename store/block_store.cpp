@@ -274,13 +274,16 @@ void BlockStore::FreeBlock(std::int32_t& address, std::int32_t words) {
   address = format::kNullAddress;
 }
 
+std::int64_t BlockStore::BlocksInFile(int number) const noexcept {
+  FileSlot const& slot = Slot(number);
+  if (!slot.file || slot.blockWords < 1) return 0;
+  std::int64_t const blockBytes = std::int64_t{slot.blockWords} * format::kWordBytes;
+  return (static_cast<std::int64_t>(slot.file->Size()) + blockBytes - 1) / blockBytes;
+}
+
 std::int64_t BlockStore::BlockBound() const noexcept {
   std::int64_t blocks = 0;
-  for (FileSlot const& slot : slots_) {
-    if (!slot.file || slot.blockWords < 1) continue;
-    std::int64_t const blockBytes = std::int64_t{slot.blockWords} * format::kWordBytes;
-    blocks += (static_cast<std::int64_t>(slot.file->Size()) + blockBytes - 1) / blockBytes;
-  }
+  for (int number = 1; number <= format::kMaxFiles; ++number) blocks += BlocksInFile(number);
   return blocks;
 }
 

@@ -11,5 +11,7 @@ namespace zel {
 
 // 1.0 for a code that names no unit. The table is constant: it can be used at any time.
 double GetUnitFactor(std::int32_t code) noexcept;
+// "" for a code that names no unit.
+char const* GetUnitName(std::int32_t code) noexcept;
 
 }  // namespace zel

@@ -1,0 +1,201 @@
+#include "chart.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace zelhost {
+namespace {
+
+constexpr double kWidth = 800;
+constexpr double kHeight = 500;
+constexpr double kLeft = 90;
+constexpr double kRight = 20;
+constexpr double kTop = 40;
+constexpr double kBottom = 60;
+constexpr double kTick = 5;
+constexpr int kTicksX = 8;
+constexpr int kTicksY = 7;
+// Told apart also by those who do not see all colours.
+constexpr char const* kColours[] = {"#0072b2", "#d55e00", "#009e73", "#cc79a7",
+                                    "#e69f00", "#56b4e9", "#000000"};
+
+std::string Escaped(std::string const& text) {
+  std::string out;
+  for (char const c : text) {
+    switch (c) {
+      case '&': out += "&amp;"; break;
+      case '<': out += "&lt;"; break;
+      case '>': out += "&gt;"; break;
+      default: out += c;
+    }
+  }
+  return out;
+}
+
+struct Range {
+  double low = std::numeric_limits<double>::infinity();
+  double high = -std::numeric_limits<double>::infinity();
+
+  void Take(double value) {
+    low = std::min(low, value);
+    high = std::max(high, value);
+  }
+  // Never empty, so that a constant has a place.
+  void Widen() {
+    if (!(low <= high)) *this = {0.0, 1.0};
+    if (low == high) {
+      double const margin = low == 0.0 ? 1.0 : std::abs(low) / 10;
+      low -= margin;
+      high += margin;
+    }
+  }
+};
+
+class Plotter {
+ public:
+  explicit Plotter(Chart const& chart) : chart_(chart) {
+    for (ChartLine const& line : chart.lines) {
+      for (auto const& vertex : line.vertices) {
+        if (!Shown(vertex.y)) continue;
+        x_.Take(vertex.x);
+        y_.Take(Scaled(vertex.y));
+      }
+    }
+    x_.Widen();
+    y_.Widen();
+    double const margin = (y_.high - y_.low) / 20;
+    y_.low -= margin;
+    y_.high += margin;
+  }
+
+  std::string Draw() {
+    out_ = fmt::format(
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {0} {1}\" width=\"{0}\" "
+        "height=\"{1}\" font-family=\"sans-serif\" font-size=\"12\">\n"
+        "<rect width=\"{0}\" height=\"{1}\" fill=\"white\"/>\n",
+        kWidth, kHeight);
+    Print(kWidth / 2, 24, "middle", chart_.title, " font-size=\"16\"");
+    Axes();
+    for (std::size_t i = 0; i < chart_.lines.size(); ++i) Line(i);
+    out_ += "</svg>\n";
+    return out_;
+  }
+
+ private:
+  double Scaled(double y) const { return chart_.logarithmic ? std::log10(y) : y; }
+  bool Shown(double y) const { return std::isfinite(y) && (!chart_.logarithmic || y > 0.0); }
+  double AtX(double x) const {
+    return kLeft + (x - x_.low) / (x_.high - x_.low) * (kWidth - kLeft - kRight);
+  }
+  double AtY(double scaled) const {
+    return kHeight - kBottom - (scaled - y_.low) / (y_.high - y_.low) * (kHeight - kTop - kBottom);
+  }
+
+  void Print(double x, double y, char const* anchor, std::string const& text,
+             std::string const& more = "") {
+    out_ += fmt::format("<text x=\"{:.1f}\" y=\"{:.1f}\" text-anchor=\"{}\"{}>{}</text>\n", x, y,
+                        anchor, more, Escaped(text));
+  }
+  void Stroke(double x1, double y1, double x2, double y2, char const* colour) {
+    out_ += fmt::format(
+        "<line x1=\"{:.1f}\" y1=\"{:.1f}\" x2=\"{:.1f}\" y2=\"{:.1f}\" stroke=\"{}\"/>\n", x1, y1,
+        x2, y2, colour);
+  }
+
+  void Axes() {
+    double const floor = kHeight - kBottom;
+    for (double const tick : Ticks(x_.low, x_.high, kTicksX)) {
+      Stroke(AtX(tick), kTop, AtX(tick), floor, "#e0e0e0");
+      Stroke(AtX(tick), floor, AtX(tick), floor + kTick, "black");
+      Print(AtX(tick), floor + 18, "middle", fmt::format("{:g}", tick));
+    }
+    for (double const tick : Ticks(y_.low, y_.high, kTicksY)) {
+      // Between whole powers of ten a logarithmic axis has no round numbers.
+      double const value = chart_.logarithmic ? std::pow(10.0, tick) : tick;
+      Stroke(kLeft, AtY(tick), kWidth - kRight, AtY(tick), "#e0e0e0");
+      Stroke(kLeft - kTick, AtY(tick), kLeft, AtY(tick), "black");
+      Print(kLeft - 8, AtY(tick) + 4, "end", fmt::format("{:.4g}", value));
+    }
+    Stroke(kLeft, floor, kWidth - kRight, floor, "black");
+    Stroke(kLeft, kTop, kLeft, floor, "black");
+    Print((kLeft + kWidth - kRight) / 2, kHeight - 15, "middle", chart_.xLabel);
+    Print(18, (kTop + floor) / 2, "middle", chart_.yLabel,
+          fmt::format(" transform=\"rotate(-90 18 {:.1f})\"", (kTop + floor) / 2));
+  }
+
+  // A polyline per stretch of one kind; stretches meet in a common vertex.
+  void Line(std::size_t number) {
+    ChartLine const& line = chart_.lines[number];
+    char const* const colour = kColours[number % std::size(kColours)];
+    std::string points;
+    bool dashed = false;
+    auto const flush = [&] {
+      if (points.find(' ') != std::string::npos) {
+        out_ += fmt::format(
+            "<polyline points=\"{}\" fill=\"none\" stroke=\"{}\" stroke-width=\"2\"{}/>\n", points,
+            colour, dashed ? " stroke-dasharray=\"6 4\"" : "");
+      }
+      points.clear();
+    };
+    for (auto const& vertex : line.vertices) {
+      if (!Shown(vertex.y)) {
+        flush();
+        continue;
+      }
+      std::string const at = fmt::format("{:.1f},{:.1f}", AtX(vertex.x), AtY(Scaled(vertex.y)));
+      if (!points.empty() && vertex.extrapolated != dashed) {
+        if (dashed) {  // the dashes reach to the limit
+          points += " " + at;
+          flush();
+        } else {
+          std::string const last = points.substr(points.rfind(' ') + 1);
+          flush();
+          points = last;
+        }
+      }
+      dashed = vertex.extrapolated;
+      points += (points.empty() ? "" : " ") + at;
+    }
+    flush();
+    for (auto const& mark : line.marks) {
+      if (!Shown(mark.y)) continue;
+      out_ += fmt::format("<circle cx=\"{:.1f}\" cy=\"{:.1f}\" r=\"4\" fill=\"{}\"/>\n",
+                          AtX(mark.x), AtY(Scaled(mark.y)), colour);
+    }
+    double const y = kTop + 14 + 18 * static_cast<double>(number);
+    Stroke(kLeft + 12, y - 4, kLeft + 36, y - 4, colour);
+    Print(kLeft + 42, y, "start", line.label);
+  }
+
+  Chart const& chart_;
+  Range x_;
+  Range y_;
+  std::string out_;
+};
+
+}  // namespace
+
+std::vector<double> Ticks(double low, double high, int count) {
+  double const raw = (high - low) / count;
+  double const power = std::pow(10.0, std::floor(std::log10(raw)));
+  double step = 10 * power;
+  for (double const factor : {1.0, 2.0, 5.0}) {
+    if (factor * power >= raw) {
+      step = factor * power;
+      break;
+    }
+  }
+  std::vector<double> ticks;
+  // By whole steps, so that no rounding adds up and 0 is 0.
+  for (double n = std::ceil(low / step); n * step <= high && ticks.size() < 100; n += 1.0) {
+    ticks.push_back(n * step);
+  }
+  return ticks;
+}
+
+std::string ToSvg(Chart const& chart) { return Plotter(chart).Draw(); }
+
+}  // namespace zelhost

@@ -1,0 +1,34 @@
+// A line chart as an SVG document.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zelhost {
+
+struct ChartLine {
+  std::string label;
+  struct Vertex {
+    double x;
+    double y;
+    bool extrapolated;
+  };
+  std::vector<Vertex> vertices;  // in rising order of x
+  std::vector<Vertex> marks;     // the limits of the range, where they are in sight
+};
+
+struct Chart {
+  std::string title;
+  std::string xLabel;
+  std::string yLabel;
+  bool logarithmic = false;  // of y; values not above 0 are left out
+  std::vector<ChartLine> lines;
+};
+
+// 800 by 500 points, axes with ticks at round numbers, extrapolated parts dashed, limits as dots.
+std::string ToSvg(Chart const& chart);
+
+// Round numbers within low and high, about `count` of them. Both finite, low below high.
+std::vector<double> Ticks(double low, double high, int count);
+
+}  // namespace zelhost

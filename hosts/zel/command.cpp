@@ -1,0 +1,43 @@
+#include "command.h"
+
+#include <cstdio>
+#include <memory>
+
+#include "failure.h"
+
+namespace zelhost {
+namespace {
+
+int exitStatus = 0;
+
+}  // namespace
+
+Command::Command(CLI::App& app, std::string const& name, std::string const& purpose,
+                 std::string const& example)
+    : sub_(app.add_subcommand(name, purpose)) {
+  sub_->footer("Example:\n  " + example);
+}
+
+void Command::Run(Outputs outputs, std::function<Report()> work) {
+  auto const form = std::make_shared<Form>(Form::kText);
+  if (outputs != Outputs::kText) {
+    sub_->add_flag_callback(
+        "--json", [form] { *form = Form::kJson; }, "print JSON");
+  }
+  if (outputs == Outputs::kJsonAndCsv) {
+    sub_->add_flag_callback(
+        "--csv", [form] { *form = Form::kCsv; }, "print comma-separated values");
+  }
+  sub_->callback([form, work = std::move(work)] { Write(Print(work(), *form)); });
+}
+
+void SetExitStatus(int status) { exitStatus = status; }
+int ExitStatus() { return exitStatus; }
+
+void Write(std::string const& text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    throw Failure("standard output cannot be written");
+  }
+}
+
+}  // namespace zelhost

@@ -1,0 +1,253 @@
+// diff, check
+#include <algorithm>
+#include <memory>
+#include <set>
+
+#include "command.h"
+#include "failure.h"
+#include "fields.h"
+#include "item_key.h"
+#include "item_values.h"
+#include "sense_checks.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string one;
+  std::string other;
+  std::string bank;
+  std::vector<std::string> paths;
+  std::vector<std::string> silent;
+  bool exitCode = false;
+  bool structureOnly = false;
+  bool senseIds = false;
+};
+
+class Difference {
+ public:
+  Difference(Library const& one, Library const& other, Table& table)
+      : one_(one), other_(other), table_(table) {}
+
+  void Bank(BankName const& bank);
+  void OnlyIn(Library const& library, std::string const& place) {
+    bool const first = &library == &one_;
+    table_.Add({place, "whole", first ? "there" : "not there", first ? "not there" : "there"});
+  }
+
+ private:
+  void Item(BankName const& bank, std::vector<std::int32_t> const& stored,
+            std::string const& place);
+
+  Library const& one_;
+  Library const& other_;
+  Table& table_;
+};
+
+// Both lists of keys rise; equal ones are items that both have.
+void Difference::Bank(BankName const& bank) {
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  auto const a = Keys(one_, bank, *item);
+  auto const b = Keys(other_, bank, *item);
+  KeyWords wordsA(one_, *item);
+  KeyWords wordsB(other_, *item);
+  std::size_t i = 0, k = 0;
+  while (i < a.size() || k < b.size()) {
+    bool const inA = k == b.size() || (i < a.size() && a[i] <= b[k]);
+    bool const inB = i == a.size() || (k < b.size() && b[k] <= a[i]);
+    std::string const place =
+        ToText(bank) + " " + (inA ? Joined(wordsA.Of(a[i])) : Joined(wordsB.Of(b[k])));
+    if (inA && inB) {
+      Item(bank, a[i], place);
+    } else {
+      OnlyIn(inA ? one_ : other_, place);
+    }
+    if (inA) ++i;
+    if (inB) ++k;
+  }
+}
+
+void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
+                      std::string const& place) {
+  auto const read = [&](Library const& library) {
+    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+    zel::Handle<zel::Key> const key(zel::Key::NewKey());
+    key->SetKeyWords(static_cast<long>(stored.size()), stored.data());
+    if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+      throw Failure(library.Path() + ": " + place + " cannot be read");
+    }
+    return ValuesOf(*item);
+  };
+  std::vector<NamedValue> const a = read(one_);
+  std::vector<NamedValue> const b = read(other_);
+  auto const valueIn = [](std::vector<NamedValue> const& values, std::string const& name) {
+    auto const at = std::find_if(values.begin(), values.end(),
+                                 [&](NamedValue const& value) { return value.name == name; });
+    return at == values.end() ? Cell() : at->value;
+  };
+  for (NamedValue const& value : a) {
+    Cell const there = valueIn(b, value.name);
+    if (value.value != there) table_.Add({place, value.name, value.value, there});
+  }
+  for (NamedValue const& value : b) {
+    bool const isNew = std::none_of(
+        a.begin(), a.end(), [&](NamedValue const& known) { return known.name == value.name; });
+    if (isNew) table_.Add({place, value.name, Cell(), value.value});
+  }
+}
+
+Report Diff(Options const& o) {
+  Library const one = Library::OpenRead(o.one);
+  Library const other = Library::OpenRead(o.other);
+  Report report;
+  Table& table =
+      report.Begin("differences", {{"item", ""}, {"field", ""}, {"first", ""}, {"second", ""}});
+  Difference difference(one, other, table);
+  auto const has = [](std::vector<BankName> const& banks, BankName const& bank) {
+    return std::any_of(banks.begin(), banks.end(),
+                       [&](BankName const& known) { return ToText(known) == ToText(bank); });
+  };
+  std::vector<BankName> a = one.Banks();
+  std::vector<BankName> b = other.Banks();
+  if (!o.bank.empty()) {
+    BankName const bank = has(a, one.Bank(o.bank)) ? one.Bank(o.bank) : other.Bank(o.bank);
+    std::erase_if(a, [&](BankName const& known) { return ToText(known) != ToText(bank); });
+    std::erase_if(b, [&](BankName const& known) { return ToText(known) != ToText(bank); });
+  }
+  for (BankName const& bank : a) {
+    if (has(b, bank)) {
+      difference.Bank(bank);
+    } else {
+      difference.OnlyIn(one, ToText(bank));
+    }
+  }
+  for (BankName const& bank : b) {
+    if (!has(a, bank)) difference.OnlyIn(other, ToText(bank));
+  }
+  report.Fact("differences found", static_cast<std::int64_t>(table.Rows().size()));
+  if (o.exitCode && !table.Empty()) SetExitStatus(1);
+  return report;
+}
+
+// Collects the findings of the library and of the sense checks in one table.
+class Collector final : public zel::ZelFindingSink {
+ public:
+  Collector(Options const& options, Table& table)
+      : silent_(options.silent.begin(), options.silent.end()), table_(table) {}
+
+  void Library(std::string path) { path_ = std::move(path); }
+  void Found(zel::zelFindings severity, char const* id, char const* place,
+             char const* text) override {
+    static constexpr char const* kWords[] = {"note", "warning", "damage"};
+    if (severity == zel::findingNote || silent_.count(id) != 0) return;
+    ++counts_[severity];
+    table_.Add({kWords[severity], id, path_ + ": " + place + ": " + text});
+  }
+  std::int64_t Count(zel::zelFindings severity) const { return counts_[severity]; }
+
+ private:
+  std::set<std::string> silent_;
+  Table& table_;
+  std::string path_;
+  std::int64_t counts_[3] = {};
+};
+
+void CheckSense(Library const& library, Collector& collector) {
+  TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
+    collector.Found(zel::findingWarning, id, place.c_str(), text.c_str());
+  };
+  for (BankName const& bank : library.Banks(kPureType)) {
+    SenseAcross across(tell);
+    PureComponent component;
+    std::int32_t words[10] = {};
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItem(words, component.Def())) {
+      Identity const identity = component.ReadIdentity();
+      std::string const place =
+          bank.name + " " + (identity.ids.empty() ? std::to_string(words[0]) : identity.FirstId());
+      CheckComponentSense(component, place, tell);
+      across.Component(component, place);
+    }
+    across.Close();
+  }
+}
+
+// Every component of the first library against the same of a later one, found by its CAS number.
+void CheckAcross(Library const& one, Library const& other, Collector& collector) {
+  TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
+    collector.Found(zel::findingWarning, id, place.c_str(), text.c_str());
+  };
+  for (BankName const& bank : one.Banks(kPureType)) {
+    PureComponent a;
+    PureComponent b;
+    std::int32_t words[10] = {};
+    one.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (one.Maint().NextItem(words, a.Def())) {
+      Identity const identity = a.ReadIdentity();
+      if (identity.cas.empty()) continue;
+      zel::Handle<zel::Key> const key(zel::Key::NewKey());
+      key->SetKey(zel::casn(identity.cas.c_str()));
+      for (BankName const& there : other.Banks(kPureType)) {
+        if (!other.Maint().ReadItem(b.Def(), there.name.c_str(), key.get())) continue;
+        CheckMagnitude(a, bank.name + " " + identity.FirstId(), b, other.Path(), tell);
+      }
+    }
+  }
+}
+
+Report Kinds() {
+  Report report;
+  Table& table = report.Begin("checks", {{"id", ""}, {"rule", ""}});
+  for (SenseKind const& kind : SenseKinds()) table.Add({kind.id, kind.rule});
+  return report;
+}
+
+Report Check(Options const& o) {
+  if (o.senseIds) return Kinds();
+  if (o.paths.empty()) throw WrongUsage("name a library; see zel check --help");
+  Report report;
+  Table& table = report.Begin("findings", {{"severity", ""}, {"id", ""}, {"what", ""}});
+  Collector collector(o, table);
+  std::vector<Library> sound;
+  for (std::string const& path : o.paths) {
+    Library library = Library::OpenRead(path);
+    collector.Library(path);
+    bool const good = zel::VerifyLibrary(&library.File(), collector);
+    if (!good || o.structureOnly) continue;
+    CheckSense(library, collector);
+    sound.push_back(std::move(library));
+  }
+  for (std::size_t i = 1; i < sound.size(); ++i) {
+    collector.Library(sound[i].Path());
+    CheckAcross(sound[i], sound[0], collector);
+  }
+  std::int64_t const damage = collector.Count(zel::findingDamage);
+  report.Fact("libraries", static_cast<std::int64_t>(o.paths.size()));
+  report.Fact("damage", damage);
+  report.Fact("warnings", collector.Count(zel::findingWarning));
+  if (damage != 0) SetExitStatus(1);
+  return report;
+}
+
+}  // namespace
+
+void AddCompareCommands(CLI::App& app) {
+  auto const o = std::make_shared<Options>();
+  Command(app, "diff", "Tell what differs between two libraries, field by field",
+          "zel diff old.lb1 new.lb1 --bank NRTL")
+      .Argument("FIRST", o->one, "a library file")
+      .Argument("SECOND", o->other, "a library file")
+      .Option("--bank", o->bank, "only this bank", "BANK")
+      .Flag("--exit-code", o->exitCode, "exit status 1 when they differ")
+      .Run(Outputs::kJsonAndCsv, [o] { return Diff(*o); });
+  Command(app, "check", "Check the structure of libraries and the sense of their data",
+          "zel check own.lb1 sample.lb1 --silence source")
+      .OptionalArgument("LIBRARY", o->paths,
+                        "library files; several are also held against the first")
+      .Option("--silence", o->silent, "tell nothing of these checks", "ID...")
+      .Flag("--structure", o->structureOnly, "the structure only")
+      .Flag("--ids", o->senseIds, "list the checks of sense and their rules")
+      .Run(Outputs::kJsonAndCsv, [o] { return Check(*o); });
+}
+
+}  // namespace zelhost

@@ -1,0 +1,21 @@
+// What ends a command: one line for the user.
+#pragma once
+
+#include <stdexcept>
+
+namespace zelhost {
+
+// The operation failed; exit status 1. The text names the file, bank or item and the reason, and
+// says what to do where that helps.
+class Failure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The words on the command line make no sense together; exit status 2.
+class WrongUsage : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace zelhost

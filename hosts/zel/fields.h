@@ -1,0 +1,45 @@
+// The fields of an item of any bank type.
+#pragma once
+
+#include <zelaccess/ZelAccess.h>
+
+#include <string>
+#include <vector>
+
+#include "report.h"
+
+namespace zelhost {
+
+// What a bank type is.
+struct BankFacts {
+  std::string type;
+  std::string description;
+  std::int32_t keyKind = 0;  // 0 components, 1 numbers, 2 text
+  std::int32_t keyWords = 0;
+  std::int32_t shortestKey = 0;
+  std::int32_t formats = 0;
+
+  explicit BankFacts(zel::IZelBankDef& bank);
+};
+
+// Throws Failure when there is no such type.
+zel::Handle<zel::IZelBankDef> BankOfType(std::string const& type);
+
+struct Field {
+  std::string name;
+  std::string label;
+  std::string unit;
+  std::int32_t type = zel::fieldReal;
+  std::int32_t count = 1;  // values
+};
+
+// In the order of the type's table; none for a type without one.
+std::vector<Field> FieldsOf(zel::IZelBankDef& bank);
+// In any case of letters. Throws Failure when the type has no such field.
+Field FieldNamed(zel::IZelBankDef& bank, std::string const& name);
+// "number", "whole number", "text" or "word", one of an enumeration.
+std::string KindOf(Field const& field);
+// What the item has in a field: one value, or several as a text with blanks between them.
+Cell ValueOf(zel::IZelBankDef& bank, Field const& field);
+
+}  // namespace zelhost

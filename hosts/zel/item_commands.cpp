@@ -1,0 +1,162 @@
+// copy, delete
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+#include "command.h"
+#include "failure.h"
+#include "fields.h"
+#include "item_key.h"
+#include "replacement.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string from;
+  std::string path;
+  std::string bank;
+  std::vector<std::string> banks;
+  std::vector<std::string> words;
+  ChangeOptions change;
+  bool replace = false;
+  bool create = false;
+  bool wholeBank = false;
+};
+
+[[noreturn]] void Refuse(Library const& to, BankName const& bank, std::string const& item,
+                         std::string const& why) {
+  throw Failure(to.Path() + ": " + ToText(bank) + ", item " + item + ": " + why);
+}
+
+void MakeBank(Library const& from, Library const& to, BankName const& bank) {
+  char const* const type = bank.type.c_str();
+  char const* const name = bank.name.c_str();
+  if (to.Maint().BankExists(type, name)) return;
+  if (!to.Maint().CreateBank(type, name, from.Maint().GetBankFormat(type, name))) {
+    throw Failure(to.Path() + ": bank " + ToText(bank) + " cannot be made");
+  }
+  char memo[kMemoSize] = {};
+  from.Maint().GetBankMemo(type, name, memo);
+  if (*memo != '\0') to.Maint().SetBankMemo(type, name, memo);
+}
+
+// An item under its stored key, read into `item` already.
+void CopyItem(Library const& to, BankName const& bank, zel::IZelBankDef& item, zel::Key& key,
+              std::string const& shown, bool replace) {
+  if (!replace && to.Maint().ItemExists(&item, bank.name.c_str(), &key)) {
+    Refuse(to, bank, shown, "is there already; --replace takes the new one");
+  }
+  if (!to.Maint().WriteItem(&item, bank.name.c_str(), &key)) {
+    Refuse(to, bank, shown, "is refused: its identifiers mean another component there");
+  }
+}
+
+std::int64_t CopyBank(Library const& from, Library const& to, BankName const& bank, bool replace) {
+  MakeBank(from, to, bank);
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  KeyWords words(from, *item);
+  std::int64_t count = 0;
+  for (auto const& stored : Keys(from, bank, *item)) {
+    zel::Handle<zel::Key> const key(zel::Key::NewKey());
+    key->SetKeyWords(static_cast<long>(stored.size()), stored.data());
+    if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+      Refuse(from, bank, Joined(words.Of(stored)), "cannot be read");
+    }
+    CopyItem(to, bank, *item, *key, Joined(words.Of(stored)), replace);
+    ++count;
+  }
+  return count;
+}
+
+std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
+  BankName const bank = from.Bank(o.banks.front());
+  MakeBank(from, to, bank);
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
+  if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+    Refuse(from, bank, Joined(o.words), "is not there");
+  }
+  CopyItem(to, bank, *item, *key, Joined(o.words), o.replace);
+  return 1;
+}
+
+Report Copy(Options const& o) {
+  if (!o.words.empty() && o.banks.size() != 1) {
+    throw WrongUsage("--item needs one --bank");
+  }
+  Library const from = Library::OpenRead(o.from);
+  zel::InitZelAccess();
+  bool const isNew = o.create && !std::filesystem::exists(o.path);
+  LibraryChange change =
+      isNew ? LibraryChange::New(o.path, zel::libKind11) : LibraryChange(o.path, o.change);
+  Library const& to = change.Open();
+  Report report;
+  Table& table = report.Begin("copied", {{"bank", ""}, {"items", ""}});
+  if (!o.words.empty()) {
+    table.Add({ToText(from.Bank(o.banks.front())), CopyOne(from, to, o)});
+  } else {
+    std::vector<BankName> banks = o.banks.empty() ? from.Banks() : std::vector<BankName>();
+    for (std::string const& word : o.banks) banks.push_back(from.Bank(word));
+    // Components first: pairs are about them.
+    std::stable_partition(banks.begin(), banks.end(),
+                          [](BankName const& bank) { return bank.type == "PURECOMP"; });
+    for (BankName const& bank : banks) {
+      table.Add({ToText(bank), CopyBank(from, to, bank, o.replace)});
+    }
+  }
+  change.PutInPlace();
+  return report;
+}
+
+Report Delete(Options const& o) {
+  if (o.words.empty() != o.wholeBank) {
+    throw WrongUsage("name an item, or give --whole-bank");
+  }
+  LibraryChange change(o.path, o.change);
+  Library const& library = change.Open();
+  BankName const bank = library.Bank(o.bank);
+  char const* const type = bank.type.c_str();
+  char const* const name = bank.name.c_str();
+  if (o.wholeBank) {
+    if (!library.Maint().DeleteBank(type, name)) {
+      throw Failure(o.path + ": bank " + ToText(bank) + " cannot be removed");
+    }
+  } else {
+    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+    zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
+    if (!library.Maint().DeleteItem(type, name, key.get())) {
+      Refuse(library, bank, Joined(o.words), "is not there");
+    }
+  }
+  change.PutInPlace();
+  Report report;
+  report.Fact("removed", ToText(bank) + (o.wholeBank ? "" : " " + Joined(o.words)));
+  return report;
+}
+
+}  // namespace
+
+void AddItemCommands(CLI::App& app) {
+  auto const o = std::make_shared<Options>();
+  Command copy(app, "copy", "Copy banks or one item from a library to another",
+               "zel copy sample.lb1 own.lb1 --bank NRTL --item ETHANOL WATER");
+  copy.Argument("FROM", o->from, "a library file")
+      .Argument("TO", o->path, "the library to change")
+      .Option("--bank", o->banks, "this bank; all banks when not given", "BANK")
+      .Option("--item", o->words, "this item of the bank", "WORD...")
+      .Flag("--replace", o->replace, "items that are there are replaced and no error")
+      .Flag("--create", o->create, "make the library TO when it is not there");
+  AddChangeOptions(copy, o->change);
+  copy.Run(Outputs::kJson, [o] { return Copy(*o); });
+  Command remove(app, "delete", "Remove an item or a bank",
+                 "zel delete own.lb1 NRTL ETHANOL WATER");
+  remove.Argument("LIBRARY", o->path, "the library to change")
+      .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
+      .OptionalArgument("ITEM", o->words, "its components, numbers or text")
+      .Flag("--whole-bank", o->wholeBank, "remove the bank with all items");
+  AddChangeOptions(remove, o->change);
+  remove.Run(Outputs::kJson, [o] { return Delete(*o); });
+}
+
+}  // namespace zelhost

@@ -1,0 +1,51 @@
+// Items named by words of the command line.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "library.h"
+
+namespace zelhost {
+
+// A component by number, by CAS number ("64-17-5") or by character ID; the form of the word tells
+// which.
+using Component = std::variant<long, zel::casn, std::string>;
+// Throws Failure for a CAS number whose check digit is wrong and for an ID of over 8 characters.
+Component ParseComponent(std::string const& word);
+
+// A key of up to three components.
+zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components);
+// The key of an item of a bank of this type: components, plain numbers or a text. Throws Failure
+// when the bank's items are not named by that many words.
+zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> const& words);
+
+// The words behind the key of an item met in a walk: IDs where the library has them, else numbers.
+class KeyWords {
+ public:
+  KeyWords(Library const& library, zel::IZelBankDef& bank);
+  // Call it outside a walk: it reads components.
+  std::vector<std::string> Of(std::vector<std::int32_t> const& key);
+  // Words of the key on file.
+  std::size_t Count() const { return count_; }
+  // How many parts Of gives.
+  std::size_t Parts() const { return kind_ == 2 ? 1 : count_; }
+
+ private:
+  std::string IdOf(std::int32_t number);
+
+  Library const& library_;
+  std::int32_t kind_ = 0;
+  std::size_t count_ = 0;
+  std::vector<std::pair<std::int32_t, std::string>> known_;  // sorted by number
+};
+
+// The keys of all items of a bank, in their order. Throws Failure when the bank is not there.
+std::vector<std::vector<std::int32_t>> Keys(Library const& library, BankName const& bank,
+                                            zel::IZelBankDef& item);
+
+// "ETHANOL" or "ETHANOL + WATER"
+std::string Joined(std::vector<std::string> const& words);
+
+}  // namespace zelhost

@@ -1,0 +1,152 @@
+#include "library.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "failure.h"
+#include "replacement.h"
+
+namespace zelhost {
+namespace {
+
+std::vector<std::string>& Opened() {
+  static std::vector<std::string> paths;
+  return paths;
+}
+
+zel::LibFile* Checked(zel::LibFile* file, std::string const& path, zel::openErrors error) {
+  if (file == nullptr) throw Failure(path + ": " + Reason(error));
+  return file;
+}
+
+char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+}  // namespace
+
+std::string ToText(BankName const& bank) { return bank.type + ":" + bank.name; }
+
+Library::Library(std::string path, zel::LibFile* file)
+    : path_(std::move(path)), file_(file), maint_(zel::LibMaint::NewLibMaint(file)) {}
+
+Library Library::OpenRead(std::string const& path) {
+  FinishChange(path);
+  Opened().push_back(path);
+  zel::openErrors error = zel::openFailed;
+  zel::LibFile* const file = zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error);
+  return {path, Checked(file, path, error)};
+}
+
+Library Library::OpenUpdate(std::string const& path, std::string const& password,
+                            std::string const& shownAs) {
+  std::string const& shown = shownAs.empty() ? path : shownAs;
+  Opened().push_back(shown);
+  zel::openErrors error = zel::openFailed;
+  zel::LibFile* const file =
+      zel::LibFile::OpenLibFile(zel::accUpdate, path.c_str(), password.c_str(), error);
+  return {shown, Checked(file, shown, error)};
+}
+
+Library Library::Create(zel::libTypes kind, std::string const& path, std::string const& shownAs) {
+  Opened().push_back(shownAs);
+  zel::openErrors error = zel::openFailed;
+  zel::LibFile* const file = zel::LibFile::NewLibFile(kind, path.c_str(), error);
+  return {shownAs, Checked(file, shownAs, error)};
+}
+
+std::vector<BankName> Library::Banks(std::string const& type) const {
+  std::vector<BankName> banks;
+  char typeText[kNameSize] = {};
+  char name[kNameSize] = {};
+  type.empty() ? maint_->BeginBankWalk() : maint_->BeginBankWalk(type.c_str());
+  while (maint_->NextBank(typeText, name)) banks.push_back({typeText, name});
+  maint_->EndBankWalk();
+  return banks;
+}
+
+BankName Library::Bank(std::string const& word) const {
+  std::string const wanted = UpperCase(word);
+  std::vector<BankName> const banks = Banks();
+  std::vector<BankName> found;
+  std::copy_if(banks.begin(), banks.end(), std::back_inserter(found), [&](BankName const& bank) {
+    return ToText(bank) == wanted || bank.name == wanted || bank.type == wanted;
+  });
+  if (found.size() == 1) return found.front();
+  std::string list;
+  for (BankName const& bank : found.empty() ? banks : found) list += " " + ToText(bank);
+  if (found.empty()) {
+    throw Failure(path_ + ": no bank " + word +
+                  (banks.empty() ? "; the library has no banks" : "; it has" + list));
+  }
+  throw Failure(path_ + ": " + word + " can be several banks; name one of" + list);
+}
+
+void Library::Close() {
+  maint_.reset();
+  file_->CloseLibFile();
+}
+
+std::string Reason(zel::openErrors error) {
+  switch (error) {
+    case zel::openNotFound: return "not found";
+    case zel::openDenied: return "access denied, or another program has it open";
+    case zel::openNotLibrary: return "not a component library (its name must end in .lb1)";
+    case zel::openSiblingMissing: return "its second file (.lb2) is missing";
+    case zel::openPasswordNeeded: return "protected; give its password with --password";
+    case zel::openBadPassword: return "wrong password";
+    default: return "cannot be opened";
+  }
+}
+
+std::vector<std::string> const& OpenedPaths() { return Opened(); }
+
+std::string UpperCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), Upper);
+  return text;
+}
+
+std::string LowerCase(std::string text) {
+  for (char& c : text) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return text;
+}
+
+// One star is open at a time: a later one takes the place of an earlier one, which cannot match
+// less.
+bool Matches(std::string const& pattern, std::string const& text) {
+  std::size_t p = 0, t = 0, star = std::string::npos, resume = 0;
+  while (t < text.size()) {
+    if (p < pattern.size() && pattern[p] == '*') {
+      star = p++;
+      resume = t;
+    } else if (p < pattern.size() && (pattern[p] == '?' || Upper(pattern[p]) == Upper(text[t]))) {
+      ++p;
+      ++t;
+    } else if (star != std::string::npos) {
+      p = star + 1;
+      t = ++resume;
+    } else {
+      return false;
+    }
+  }
+  while (p < pattern.size() && pattern[p] == '*') ++p;
+  return p == pattern.size();
+}
+
+namespace {
+
+std::optional<Library>& Names() {
+  static std::optional<Library> names;
+  return names;
+}
+
+}  // namespace
+
+void UseNames(std::string const& path) {
+  Names().emplace(Library::OpenRead(path));
+  zel::LibFile::SetOrdwinNameIndex(&Names()->File());
+}
+
+Library const* NamesLibrary() { return Names() ? &*Names() : nullptr; }
+
+}  // namespace zelhost

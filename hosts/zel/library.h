@@ -1,0 +1,68 @@
+// Open libraries and the banks in them, named by words of the command line.
+#pragma once
+
+#include <zelaccess/ZelAccess.h>
+
+#include <string>
+#include <vector>
+
+namespace zelhost {
+
+// Null-terminated texts of the library have fixed sizes.
+inline constexpr std::size_t kNameSize = 9;
+inline constexpr std::size_t kMemoSize = 4000;
+
+struct BankName {
+  std::string type;
+  std::string name;
+};
+// "TYPE:NAME"
+std::string ToText(BankName const& bank);
+
+// An open library. Throws Failure with the path and the reason when it cannot be opened.
+class Library {
+ public:
+  // Finishes a change first that was cut off; see replacement.h.
+  static Library OpenRead(std::string const& path);
+  // `shownAs` is what messages call it, where it is a copy.
+  static Library OpenUpdate(std::string const& path, std::string const& password,
+                            std::string const& shownAs = "");
+  static Library Create(zel::libTypes kind, std::string const& path, std::string const& shownAs);
+
+  zel::LibFile& File() const { return *file_; }
+  zel::LibMaint& Maint() const { return *maint_; }
+  std::string const& Path() const { return path_; }
+
+  // In the order of the directory; `type` empty for all.
+  std::vector<BankName> Banks(std::string const& type = "") const;
+  // The bank that a word means: TYPE:NAME, or a name or a type that only one bank has, in any case
+  // of letters. Throws Failure, with the banks that there are, when it means none or several.
+  BankName Bank(std::string const& word) const;
+  // Writes what is not on file yet. Throws Failure when the disk refuses.
+  void Close();
+
+ private:
+  Library(std::string path, zel::LibFile* file);
+
+  std::string path_;
+  zel::Handle<zel::LibFile> file_;
+  zel::Handle<zel::LibMaint> maint_;
+};
+
+// Makes a library the one that knows the IDs and CAS numbers which the library at hand does not.
+void UseNames(std::string const& path);
+// That library; null when there is none.
+Library const* NamesLibrary();
+
+// What an open that failed means, e.g. "not found".
+std::string Reason(zel::openErrors error);
+// The paths of the libraries that this process has opened, for the message of a block error, which
+// names only a block.
+std::vector<std::string> const& OpenedPaths();
+
+std::string UpperCase(std::string text);
+std::string LowerCase(std::string text);
+// "*" stands for any text, "?" for one character; letters compare without regard to case.
+bool Matches(std::string const& pattern, std::string const& text);
+
+}  // namespace zelhost

@@ -1,0 +1,190 @@
+// create, info, memo, set
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "command.h"
+#include "failure.h"
+#include "library.h"
+#include "replacement.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string path;
+  std::string bank;
+  std::string text;
+  std::string file;
+  std::string description;
+  std::string version;
+  std::string newPassword;
+  int kind = zel::libKind11;
+  int level = 1;
+  bool force = false;
+  bool clear = false;
+  bool clearPassword = false;
+  bool hasText = false;
+  bool hasDescription = false;
+  bool hasVersion = false;
+  ChangeOptions change;
+};
+
+Report Create(Options const& o) {
+  namespace fs = std::filesystem;
+  if (o.kind < zel::libKind11 || o.kind > zel::libKind13) {
+    throw WrongUsage("a library's kind is 11, 12 or 13");
+  }
+  if (fs::exists(o.path) && !o.force) {
+    throw Failure(o.path + ": exists; --force replaces it");
+  }
+  LibraryChange change = LibraryChange::New(o.path, static_cast<zel::libTypes>(o.kind));
+  change.Open().File().SetDescriptionAndVersion(o.description.c_str(), o.version.c_str());
+  change.PutInPlace();
+  Report report;
+  report.Fact("created", o.path);
+  return report;
+}
+
+std::string MemoOf(Library const& library) {
+  char memo[kMemoSize] = {};
+  library.File().GetMemo(memo);
+  return memo;
+}
+
+Report Info(Options const& o) {
+  Library const library = Library::OpenRead(o.path);
+  char description[101] = {};
+  char version[13] = {};
+  library.File().GetDescriptionAndVersion(description, version);
+  zel::libTypes type = zel::libKind11;
+  zel::accModes mode = zel::accRead;
+  library.File().GetLibInfo(type, mode);
+  std::string const second = o.path.substr(0, o.path.size() - 1) + "2";
+  Report report;
+  report.Fact("library", o.path);
+  report.Fact("description", Text(description));
+  report.Fact("version", Text(version));
+  report.Fact("kind", std::int64_t{type});
+  report.Fact("protected", library.File().IsPasswordLocked());
+  report.Fact("bytes", static_cast<std::int64_t>(std::filesystem::file_size(o.path)));
+  std::error_code none;
+  auto const size = std::filesystem::file_size(second, none);
+  report.Fact("bytes of .lb2", none ? Cell() : Cell(static_cast<std::int64_t>(size)));
+  report.Fact("memo", Text(MemoOf(library)));
+  Table& table = report.Begin("banks", {{"type", ""}, {"name", ""}, {"format", ""}, {"items", ""}});
+  for (BankName const& bank : library.Banks()) {
+    std::int64_t count = 0;
+    std::int32_t key[10];
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItemKey(key)) ++count;
+    library.Maint().EndItemWalk();
+    std::int32_t const format = library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str());
+    table.Add({bank.type, bank.name, std::int64_t{format == 0 ? 1 : format}, count});
+  }
+  return report;
+}
+
+std::string FileText(std::string const& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  if (!file) throw Failure(path + ": cannot be read");
+  return text.str();
+}
+
+Report Memo(Options& o) {
+  Report report;
+  bool const changes = o.clear || o.hasText || !o.file.empty();
+  if (!changes) {
+    Library const library = Library::OpenRead(o.path);
+    if (o.bank.empty()) {
+      report.Fact("memo", Text(MemoOf(library)));
+      return report;
+    }
+    BankName const bank = library.Bank(o.bank);
+    char memo[kMemoSize] = {};
+    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), memo);
+    report.Fact("memo", Text(memo));
+    return report;
+  }
+  std::string const text = o.clear ? "" : o.file.empty() ? o.text : FileText(o.file);
+  if (text.size() >= kMemoSize) {
+    throw Failure("the memo has " + std::to_string(text.size()) + " characters; " +
+                  std::to_string(kMemoSize - 1) + " can be kept");
+  }
+  LibraryChange change(o.path, o.change);
+  Library const& library = change.Open();
+  if (o.bank.empty()) {
+    library.File().SetMemo(text.c_str());
+  } else {
+    BankName const bank = library.Bank(o.bank);
+    library.Maint().SetBankMemo(bank.type.c_str(), bank.name.c_str(), text.c_str());
+  }
+  change.PutInPlace();
+  report.Fact("memo", Text(text));
+  return report;
+}
+
+Report Set(Options const& o) {
+  bool const setsPassword = !o.newPassword.empty() || o.clearPassword;
+  if (!o.hasDescription && !o.hasVersion && !setsPassword) {
+    throw WrongUsage("nothing to set; see zel set --help");
+  }
+  if (o.level != 1 && o.level != 2) throw WrongUsage("a password has level 1 or 2");
+  LibraryChange change(o.path, o.change);
+  zel::LibFile& file = change.Open().File();
+  if (o.hasDescription || o.hasVersion) {
+    file.SetDescriptionAndVersion(o.hasDescription ? o.description.c_str() : nullptr,
+                                  o.hasVersion ? o.version.c_str() : nullptr);
+  }
+  if (setsPassword) file.SetPassword(o.clearPassword ? 0 : o.level, o.newPassword.c_str());
+  change.PutInPlace();
+  Report report;
+  report.Fact("changed", o.path);
+  return report;
+}
+
+}  // namespace
+
+void AddLibraryCommands(CLI::App& app) {
+  auto const o = std::make_shared<Options>();
+  Command(app, "create", "Make an empty library", "zel create own.lb1 --description \"Plant data\"")
+      .Argument("LIBRARY", o->path, "the new file; its name ends in .lb1")
+      .Option("--description", o->description, "up to 100 characters", "TEXT")
+      .Option("--library-version", o->version, "up to 12 characters", "TEXT")
+      .Option("--kind", o->kind, "11, 12 or 13", "N")
+      .Flag("--force", o->force, "replace a library that is there")
+      .Run(Outputs::kJson, [o] { return Create(*o); });
+  Command(app, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
+      .Argument("LIBRARY", o->path, "a library file")
+      .Run(Outputs::kJson, [o] { return Info(*o); });
+  Command memo(app, "memo", "Show or set the memo of a library or a bank",
+               "zel memo sample.lb1 --bank NRTL:VLE --set \"Checked in May\"");
+  memo.Argument("LIBRARY", o->path, "a library file")
+      .Option("--bank", o->bank, "the memo of this bank", "BANK")
+      .Option("--set", o->text, "the new memo, up to 3999 characters", "TEXT")
+      .Option("--file", o->file, "take the new memo from a file", "FILE")
+      .Flag("--clear", o->clear, "empty the memo");
+  AddChangeOptions(memo, o->change);
+  memo.Run(Outputs::kJson, [o] {
+    o->hasText = !o->text.empty();
+    return Memo(*o);
+  });
+  Command set(app, "set", "Set description, version or password",
+              "zel set own.lb1 --description \"Plant data, checked\"");
+  set.Argument("LIBRARY", o->path, "a library file")
+      .Option("--description", o->description, "up to 100 characters", "TEXT")
+      .Option("--library-version", o->version, "up to 12 characters", "TEXT")
+      .Option("--new-password", o->newPassword, "ask for this password at every update", "TEXT")
+      .Option("--level", o->level, "of the new password: 1 protects, 2 marks data too", "N")
+      .Flag("--clear-password", o->clearPassword, "ask for no password any more");
+  AddChangeOptions(set, o->change);
+  set.Run(Outputs::kJson, [o] {
+    o->hasDescription = !o->description.empty();
+    o->hasVersion = !o->version.empty();
+    return Set(*o);
+  });
+}
+
+}  // namespace zelhost

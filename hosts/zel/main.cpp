@@ -1,0 +1,85 @@
+// zel: component libraries from the command line, for the people who keep them.
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <string>
+
+#include "command.h"
+#include "failure.h"
+#include "library.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+int Fail(int status, std::string const& text) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "zel: %s\n", text.c_str());
+  return status;
+}
+
+// A block error names a block and not its library.
+std::string BlockError(unsigned long address) {
+  std::string paths;
+  for (std::string const& path : zelhost::OpenedPaths()) {
+    paths += (paths.empty() ? "" : " or ") + path;
+  }
+  return paths + ": block " + std::to_string(address) +
+         " cannot be read or written; the library is damaged or the disk is full. `zel check` "
+         "tells "
+         "more";
+}
+
+int Parsed(CLI::App& app, int count, char** words) {
+  try {
+    app.parse(count, words);
+    return zelhost::ExitStatus();
+  } catch (CLI::CallForHelp const& call) {
+    return app.exit(call);
+  } catch (CLI::CallForAllHelp const& call) {
+    return app.exit(call);
+  } catch (CLI::CallForVersion const& call) {
+    return app.exit(call);
+  } catch (CLI::ParseError const& error) {
+    return Fail(kWrongUsage, std::string(error.what()) + "; see zel --help");
+  }
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  try {
+    CLI::App app("zel: looks into component libraries of thermophysical data and keeps them",
+                 "zel");
+    app.require_subcommand(1);
+    app.set_version_flag("--version", "zel " ZEL_VERSION);
+    app.footer(
+        "A component is named by its number, its ID or its CAS number, a bank by its name or as\n"
+        "TYPE:NAME. zel COMMAND --help tells more, with an example.");
+    app.fallthrough();
+    app.add_option_function<std::string>(
+           "--names", [](std::string const& path) { zelhost::UseNames(path); },
+           "a library that knows the IDs and CAS numbers which the library at hand does not")
+        ->type_name("LIBRARY")
+        ->envname("ZEL_NAMES")
+        ->trigger_on_parse();
+    zelhost::AddLibraryCommands(app);
+    zelhost::AddBankCommands(app);
+    zelhost::AddShowCommands(app);
+    zelhost::AddCurveCommands(app);
+    zelhost::AddSearchCommands(app);
+    zelhost::AddDocumentCommands(app);
+    zelhost::AddItemCommands(app);
+    zelhost::AddCompareCommands(app);
+    return Parsed(app, count, words);
+  } catch (zelhost::WrongUsage const& error) {
+    return Fail(kWrongUsage, error.what());
+  } catch (std::bad_alloc const&) {
+    return Fail(kFailed, "out of memory");
+  } catch (std::exception const& error) {
+    return Fail(kFailed, error.what());
+  } catch (unsigned long const address) {
+    return Fail(kFailed, BlockError(address));
+  }
+}

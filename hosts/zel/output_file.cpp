@@ -1,0 +1,54 @@
+#include "output_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+
+#include "failure.h"
+
+namespace zelhost {
+namespace {
+
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+[[noreturn]] void Refuse(std::string const& path) {
+  throw Failure(path + ": cannot be written: " + std::strerror(errno));
+}
+
+void WriteWhole(std::string const& target, std::string const& shownAs, std::string const& text) {
+  std::unique_ptr<std::FILE, FileCloser> file(std::fopen(target.c_str(), "wb"));
+  if (!file) Refuse(shownAs);
+  bool good = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
+  good = std::fclose(file.release()) == 0 && good;
+  if (!good) Refuse(shownAs);
+}
+
+}  // namespace
+
+void WriteFile(std::string const& path, std::string const& text) {
+  std::error_code none;
+  // What is no plain file, /dev/stdout for one, is written as it is.
+  if (std::filesystem::exists(path, none) && !std::filesystem::is_regular_file(path, none)) {
+    WriteWhole(path, path, text);
+    return;
+  }
+  std::string const beside = path + ".zel-new";
+  try {
+    WriteWhole(beside, path, text);
+  } catch (...) {
+    std::remove(beside.c_str());
+    throw;
+  }
+  if (std::rename(beside.c_str(), path.c_str()) != 0) {
+    int const reason = errno;
+    std::remove(beside.c_str());
+    errno = reason;
+    Refuse(path);
+  }
+}
+
+}  // namespace zelhost

@@ -1,0 +1,12 @@
+// Files that a command writes.
+#pragma once
+
+#include <string>
+
+namespace zelhost {
+
+// Writes the whole file, or leaves what was there: the text goes into a file beside it first.
+// Throws Failure with the reason.
+void WriteFile(std::string const& path, std::string const& text);
+
+}  // namespace zelhost

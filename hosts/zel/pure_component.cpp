@@ -1,0 +1,171 @@
+#include "pure_component.h"
+
+#include <algorithm>
+
+#include "library.h"
+
+namespace zelhost {
+namespace {
+
+constexpr std::size_t kSourceSize = 260;
+constexpr std::size_t kCoefficients = 15;
+constexpr std::uint32_t kConstantsWithCode = 50;
+constexpr std::uint32_t kCurvesWithCode = 17;
+
+bool BeginsWith(std::string const& text, std::string const& beginning) {
+  return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+}  // namespace
+
+std::vector<zel::ZelConstantInfo> const& Constants() {
+  static std::vector<zel::ZelConstantInfo> const rows = [] {
+    std::int32_t count = 0;
+    zel::ZelConstantInfo const* const first = zel::GetConstantCatalogue(count);
+    return std::vector<zel::ZelConstantInfo>(first, first + count);
+  }();
+  return rows;
+}
+
+std::vector<zel::ZelCorrelationInfo> const& Correlations() {
+  static std::vector<zel::ZelCorrelationInfo> const rows = [] {
+    std::int32_t count = 0;
+    zel::ZelCorrelationInfo const* const first = zel::GetCorrelationCatalogue(count);
+    return std::vector<zel::ZelCorrelationInfo>(first, first + count);
+  }();
+  return rows;
+}
+
+zel::ZelConstantInfo const* FindConstant(std::string const& word) {
+  auto const& rows = Constants();
+  auto const at = std::find_if(rows.begin(), rows.end(), [&](zel::ZelConstantInfo const& row) {
+    return row.keyword == UpperCase(word);
+  });
+  return at == rows.end() ? nullptr : &*at;
+}
+
+zel::ZelCorrelationInfo const* FindCorrelation(std::string const& word) {
+  std::string const wanted = LowerCase(word);
+  zel::ZelCorrelationInfo const* found = nullptr;
+  for (zel::ZelCorrelationInfo const& row : Correlations()) {
+    std::string const name = LowerCase(row.name);
+    if (name == wanted) return &row;
+    if (wanted.empty() || !BeginsWith(name, wanted)) continue;
+    if (found != nullptr) return nullptr;
+    found = &row;
+  }
+  return found;
+}
+
+std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation) {
+  return static_cast<std::uint32_t>(&correlation - Correlations().data());
+}
+
+void AddCatalogue(Report& report) {
+  Table& constants = report.Begin("constants", {{"keyword", ""}, {"unit", ""}, {"label", ""}});
+  for (auto const& row : Constants()) {
+    constants.Add({row.keyword, Text(row.unit), row.label});
+  }
+  Table& curves = report.Begin("correlations", {{"name", ""}, {"unit", ""}, {"label", ""}});
+  for (auto const& row : Correlations()) curves.Add({row.name, Text(row.unit), row.label});
+}
+
+PureComponent::PureComponent() : face_(kPureType, zel::IID_IZelPureComp) {
+  if (!face_) throw std::bad_alloc();
+}
+
+Identity PureComponent::ReadIdentity() const {
+  Identity identity;
+  std::int32_t cas = 0;
+  char ids[12][kNameSize] = {};
+  char name[41] = {};
+  char formula[21] = {};
+  std::uint8_t keepFormula = 0;
+  face_->GetIdentity(&identity.number, &cas, &identity.refCode, ids, name, formula, &keepFormula);
+  identity.cas = static_cast<char const*>(zel::casn(cas));
+  for (char const* id : ids) {
+    if (*id != '\0') identity.ids.emplace_back(id);
+  }
+  identity.name = name;
+  identity.formula = formula;
+  return identity;
+}
+
+void PureComponent::Complete() {
+  void* face = nullptr;
+  if (face_.Def()->QueryInterface(zel::IID_IZelBankIO, &face) != zel::kStatusOk) return;
+  auto* const io = static_cast<zel::IZelBankIO*>(face);
+  io->Complete();
+  io->Release();
+}
+
+double PureComponent::Constant(std::uint32_t index) const {
+  double value = zel::gen_GetUndefDouble();
+  face_->GetProperty(index, &value);
+  return value;
+}
+
+double PureComponent::Completed(std::uint32_t index) const {
+  double value = zel::gen_GetUndefDouble();
+  face_->GetCompleted(index, &value);
+  return value;
+}
+
+std::uint32_t PureComponent::ConstantCode(std::uint32_t index) const {
+  std::uint32_t code = 0;
+  if (index < kConstantsWithCode) face_->GetPropertyRefCode(index, &code);
+  return code;
+}
+
+std::string PureComponent::ConstantSource(std::uint32_t index) const {
+  char text[kSourceSize] = {};
+  std::uint8_t isProtected = 0;
+  face_->GetPropertySource(index, text, &isProtected);
+  return text;
+}
+
+Curve PureComponent::ReadCurve(std::uint32_t index) const {
+  Curve curve;
+  double factor = 1.0;
+  std::int32_t count = 0;
+  double coefficients[kCoefficients] = {};
+  zel::ZelStatus const status = face_->GetCorrelation(
+      index, &curve.equation, &curve.tempUnit, &curve.propUnit, &factor, &curve.logBasis,
+      &curve.basis, &count, &curve.tMin, &curve.tMax, coefficients);
+  curve.given = status != zel::kStatusFailed;
+  // A record that is not there and one that is not given back both fail; only the second one has an
+  // equation.
+  curve.present = status == zel::kStatusOk || (!curve.given && curve.equation != 0);
+  if (!curve.present) return curve;
+  auto const used =
+      static_cast<std::size_t>(std::clamp(count, 0, static_cast<std::int32_t>(kCoefficients)));
+  if (curve.given) curve.coefficients.assign(coefficients, coefficients + used);
+  if (index < kCurvesWithCode) face_->GetCorrelationRefCode(index, &curve.refCode);
+  char text[kSourceSize] = {};
+  std::uint8_t isProtected = 0;
+  face_->GetCorrelationSource(index, text, &isProtected);
+  curve.source = text;
+  return curve;
+}
+
+Point PureComponent::At(std::uint32_t index, double temperature, std::int32_t order) const {
+  Point point;
+  double const none = zel::gen_GetUndefDouble();
+  point.value = none;
+  point.slope = none;
+  zel::ZelStatus const status = face_->EvaluateCorrelation(index, temperature, order, &point.value,
+                                                           &point.slope, nullptr, &point.status);
+  point.there = status != zel::kStatusFailed && !zel::gen_IsUndefDouble(point.value);
+  return point;
+}
+
+char const* TemperatureUnit(std::int32_t code) {
+  switch (code) {
+    case 11: return "C";
+    case 12: return "R";
+    case 13: return "F";
+    default: return "K";
+  }
+}
+
+}  // namespace zelhost

@@ -1,0 +1,88 @@
+// A pure component: what the catalogue says that it consists of, and what an item holds of it.
+#pragma once
+
+#include <zelaccess/Verify.h>
+#include <zelaccess/ZelAccess.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "report.h"
+
+namespace zelhost {
+
+inline constexpr char kPureType[] = "PURECOMP";
+
+std::vector<zel::ZelConstantInfo> const& Constants();
+std::vector<zel::ZelCorrelationInfo> const& Correlations();
+// By keyword or name in any case of letters, or the unique beginning of a correlation's name. Null
+// when there is none.
+zel::ZelConstantInfo const* FindConstant(std::string const& word);
+zel::ZelCorrelationInfo const* FindCorrelation(std::string const& word);
+std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation);
+// Tables of both.
+void AddCatalogue(Report& report);
+
+struct Identity {
+  std::int32_t number = 0;
+  std::int32_t refCode = 0;
+  std::string cas;
+  std::vector<std::string> ids;
+  std::string name;
+  std::string formula;
+
+  std::string FirstId() const { return ids.empty() ? "" : ids.front(); }
+};
+
+// A stored correlation.
+struct Curve {
+  bool present = false;
+  bool given = true;  // false: stored, but not given back; it evaluates all the same
+  std::int32_t equation = 0;
+  std::int32_t tempUnit = 10;
+  std::int32_t propUnit = 0;
+  std::int32_t logBasis = 0;
+  std::int32_t basis = 0;
+  double tMin = zel::gen_GetUndefDouble();
+  double tMax = zel::gen_GetUndefDouble();
+  std::vector<double> coefficients;
+  std::uint32_t refCode = 0;
+  std::string source;
+};
+
+// One value of a correlation.
+struct Point {
+  bool there = false;
+  double value = 0.0;
+  double slope = 0.0;
+  std::int32_t status = 0;  // 0 inside the range, 1 above, -1 below
+};
+
+class PureComponent {
+ public:
+  PureComponent();
+
+  zel::IZelBankDef* Def() const { return face_.Def(); }
+  zel::IZelPureComp* operator->() const { return face_.operator->(); }
+
+  Identity ReadIdentity() const;
+  // Derives what is missing.
+  void Complete();
+  double Constant(std::uint32_t index) const;
+  double Completed(std::uint32_t index) const;
+  std::uint32_t ConstantCode(std::uint32_t index) const;
+  // Where a constant came from, or the method that derived it.
+  std::string ConstantSource(std::uint32_t index) const;
+  Curve ReadCurve(std::uint32_t index) const;
+  // `order` 1 to 3: which derivative.
+  Point At(std::uint32_t index, double temperature, std::int32_t order = 1) const;
+
+ private:
+  zel::BankFace<zel::IZelPureComp> face_;
+};
+
+// The letter of a temperature unit of a stored correlation.
+char const* TemperatureUnit(std::int32_t code);
+
+}  // namespace zelhost

@@ -1,0 +1,266 @@
+#include "report.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "zelaccess/Types.h"
+
+namespace zelhost {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t kLineWidth = 80;
+constexpr std::size_t kGap = 2;
+constexpr std::size_t kNarrowestBreak = 20;  // a narrower last column is not broken
+
+// Characters, not bytes: continuation bytes of UTF-8 take no room.
+std::size_t Width(std::string const& text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+std::string Head(Column const& column) {
+  return column.unit.empty() ? column.name : column.name + " [" + column.unit + "]";
+}
+
+bool IsNumber(Cell const& cell) {
+  return std::holds_alternative<double>(cell) || std::holds_alternative<std::int64_t>(cell);
+}
+
+// A column of numbers stands to the right.
+bool IsNumeric(Table const& table, std::size_t column) {
+  bool any = false;
+  for (auto const& row : table.Rows()) {
+    if (IsNumber(row[column])) {
+      any = true;
+    } else if (!std::holds_alternative<std::monostate>(row[column])) {
+      return false;
+    }
+  }
+  return any;
+}
+
+// Lines of at most `width` characters, broken at blanks where there are any.
+std::vector<std::string> Break(std::string const& text, std::size_t width) {
+  std::vector<std::string> lines;
+  std::string rest = text;
+  while (Width(rest) > width) {
+    std::size_t at = rest.rfind(' ', width);
+    if (at == std::string::npos || at == 0) break;
+    lines.push_back(rest.substr(0, at));
+    rest.erase(0, at + 1);
+  }
+  lines.push_back(rest);
+  return lines;
+}
+
+class TextTable {
+ public:
+  explicit TextTable(Table const& table) : table_(table) {
+    std::size_t const count = table.Columns().size();
+    for (std::size_t i = 0; i < count; ++i) {
+      right_.push_back(IsNumeric(table, i));
+      widths_.push_back(Width(Head(table.Columns()[i])));
+      for (auto const& row : table.Rows()) {
+        widths_[i] = std::max(widths_[i], Width(CellText(row[i])));
+      }
+    }
+    std::size_t before = 0;
+    for (std::size_t i = 0; i + 1 < count; ++i) before += widths_[i] + kGap;
+    indent_ = before;
+    if (before + kNarrowestBreak <= kLineWidth) lastWidth_ = kLineWidth - before;
+  }
+
+  void Print(std::string& out) const {
+    std::vector<std::string> heads;
+    for (Column const& column : table_.Columns()) heads.push_back(Head(column));
+    Line(heads, out);
+    for (auto const& row : table_.Rows()) {
+      std::vector<std::string> texts;
+      for (Cell const& cell : row) texts.push_back(CellText(cell));
+      Line(texts, out);
+    }
+  }
+
+ private:
+  void Line(std::vector<std::string> const& texts, std::string& out) const {
+    std::string line;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      bool const last = i + 1 == texts.size();
+      std::size_t const pad = widths_[i] > Width(texts[i]) ? widths_[i] - Width(texts[i]) : 0;
+      if (right_[i]) line.append(pad, ' ');
+      if (last && !right_[i]) {
+        std::vector<std::string> const parts = Break(texts[i], lastWidth_);
+        line += parts[0];
+        for (std::size_t k = 1; k < parts.size(); ++k) {
+          line += '\n' + std::string(indent_, ' ') + parts[k];
+        }
+      } else {
+        line += texts[i];
+        if (!right_[i]) line.append(pad, ' ');
+      }
+      if (!last) line.append(kGap, ' ');
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    out += line + '\n';
+  }
+
+  Table const& table_;
+  std::vector<bool> right_;
+  std::vector<std::size_t> widths_;
+  std::size_t indent_ = 0;
+  std::size_t lastWidth_ = SIZE_MAX;
+};
+
+std::string PrintText(Report const& report) {
+  std::string out;
+  std::size_t width = 0;
+  for (auto const& fact : report.Facts()) width = std::max(width, Width(fact.name));
+  for (auto const& fact : report.Facts()) {
+    std::string const indent(width + kGap, ' ');
+    std::vector<std::string> const parts =
+        Break(CellText(fact.value), std::max(kNarrowestBreak, kLineWidth - width - kGap));
+    out += fact.name + std::string(width + kGap - Width(fact.name), ' ') + parts[0] + '\n';
+    for (std::size_t k = 1; k < parts.size(); ++k) out += indent + parts[k] + '\n';
+  }
+  bool const titled = report.Tables().size() > 1;
+  for (Table const& table : report.Tables()) {
+    if (table.Empty()) continue;
+    if (!out.empty()) out += '\n';
+    if (titled) out += table.Name() + "\n\n";
+    TextTable(table).Print(out);
+  }
+  return out;
+}
+
+// "CAS number" becomes "cas_number".
+std::string Member(std::string const& name) {
+  std::string member;
+  for (char const c : name) {
+    if (c == '.') continue;
+    bool const isUpper = c >= 'A' && c <= 'Z';
+    member += c == ' ' || c == '-' ? '_' : isUpper ? static_cast<char>(c - 'A' + 'a') : c;
+  }
+  return member;
+}
+
+Json ToJson(Cell const& cell) {
+  return std::visit(
+      [](auto const& value) -> Json {
+        if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::monostate>) {
+          return nullptr;
+        } else {
+          return value;
+        }
+      },
+      cell);
+}
+
+std::string PrintJson(Report const& report) {
+  Json root = Json::object();
+  for (auto const& fact : report.Facts()) root[Member(fact.name)] = ToJson(fact.value);
+  Json units = Json::object();
+  for (Table const& table : report.Tables()) {
+    Json rows = Json::array();
+    for (auto const& row : table.Rows()) {
+      Json object = Json::object();
+      for (std::size_t i = 0; i < row.size(); ++i) {
+        object[Member(table.Columns()[i].name)] = ToJson(row[i]);
+      }
+      rows.push_back(std::move(object));
+    }
+    root[Member(table.Name())] = std::move(rows);
+    for (Column const& column : table.Columns()) {
+      if (!column.unit.empty()) units[Member(table.Name())][Member(column.name)] = column.unit;
+    }
+  }
+  if (!units.empty()) root["units"] = std::move(units);
+  // Bytes that are no UTF-8 come from old libraries; they are shown, not refused.
+  return root.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+std::string CsvText(std::string const& text) {
+  if (text.find_first_of(",\"\n\r") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (char const c : text) {
+    if (c == '"') quoted += '"';
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
+std::string PrintCsv(Report const& report) {
+  std::string out;
+  if (report.Tables().empty()) return out;
+  Table const& table = report.Tables().front();
+  auto const line = [&](auto const& cells, auto const& text) {
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      if (i != 0) out += ',';
+      out += CsvText(text(cells[i]));
+    }
+    out += '\n';
+  };
+  line(table.Columns(), [](Column const& column) { return Head(column); });
+  for (auto const& row : table.Rows()) {
+    line(row, [](Cell const& cell) {
+      return std::holds_alternative<std::monostate>(cell) ? std::string() : CellText(cell);
+    });
+  }
+  return out;
+}
+
+}  // namespace
+
+Cell Number(double value) {
+  if (zel::gen_IsUndefDouble(value)) return {};
+  return value;
+}
+
+Cell Text(std::string text) {
+  if (text.empty()) return {};
+  return text;
+}
+
+std::string Digits(double value) { return fmt::format("{:.7g}", value); }
+
+std::string CellText(Cell const& cell) {
+  struct Printer {
+    std::string operator()(std::monostate) const { return "-"; }
+    std::string operator()(std::string const& text) const { return text; }
+    std::string operator()(std::int64_t number) const { return std::to_string(number); }
+    std::string operator()(double number) const { return Digits(number); }
+    std::string operator()(bool yes) const { return yes ? "yes" : "no"; }
+  };
+  return std::visit(Printer{}, cell);
+}
+
+Table::Table(std::string name, std::vector<Column> columns)
+    : name_(std::move(name)), columns_(std::move(columns)) {}
+
+void Table::Add(std::vector<Cell> row) {
+  row.resize(columns_.size());
+  rows_.push_back(std::move(row));
+}
+
+void Report::Fact(std::string name, Cell value) {
+  facts_.push_back({std::move(name), std::move(value)});
+}
+
+Table& Report::Begin(std::string name, std::vector<Column> columns) {
+  return tables_.emplace_back(std::move(name), std::move(columns));
+}
+
+void Report::Add(Table table) { tables_.push_back(std::move(table)); }
+
+std::string Print(Report const& report, Form form) {
+  switch (form) {
+    case Form::kJson: return PrintJson(report);
+    case Form::kCsv: return PrintCsv(report);
+    default: return PrintText(report);
+  }
+}
+
+}  // namespace zelhost

@@ -1,0 +1,75 @@
+// What a command found, as facts and tables, printed as text, JSON or CSV.
+//
+// Every command builds one Report, so that the three forms cannot disagree: a fact is a line of
+// text and a member in JSON, a table is columns of text and an array of objects. A member is called
+// like the fact or column, in lower case and with "_" for blanks.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace zelhost {
+
+// Nothing (a dash in text, null in JSON), a text, a whole number, a number, yes or no.
+using Cell = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
+
+// A cell of a number; nothing when it is undefined.
+Cell Number(double value);
+// A cell of a text; nothing when it is empty.
+Cell Text(std::string text);
+// 7 significant digits.
+std::string Digits(double value);
+// As text stands in a table.
+std::string CellText(Cell const& cell);
+
+struct Column {
+  std::string name;  // the head in text and CSV, the member in JSON
+  std::string unit;  // stands in brackets behind the head; in JSON under "units" of the report
+};
+
+class Table {
+ public:
+  Table(std::string name, std::vector<Column> columns);
+  // As many cells as columns.
+  void Add(std::vector<Cell> row);
+  bool Empty() const { return rows_.empty(); }
+
+  std::string const& Name() const { return name_; }
+  std::vector<Column> const& Columns() const { return columns_; }
+  std::vector<std::vector<Cell>> const& Rows() const { return rows_; }
+
+ private:
+  std::string name_;
+  std::vector<Column> columns_;
+  std::vector<std::vector<Cell>> rows_;
+};
+
+class Report {
+ public:
+  void Fact(std::string name, Cell value);
+  // The table stays valid as long as no further one is begun.
+  Table& Begin(std::string name, std::vector<Column> columns);
+  void Add(Table table);
+
+  struct NamedFact {
+    std::string name;
+    Cell value;
+  };
+  std::vector<NamedFact> const& Facts() const { return facts_; }
+  std::vector<Table> const& Tables() const { return tables_; }
+
+ private:
+  std::vector<NamedFact> facts_;
+  std::vector<Table> tables_;
+};
+
+enum class Form { kText, kJson, kCsv };
+
+// As the form has it: text within 80 columns where the last column can be broken; JSON as one
+// object; CSV the first table alone.
+std::string Print(Report const& report, Form form);
+
+}  // namespace zelhost

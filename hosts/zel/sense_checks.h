@@ -1,0 +1,56 @@
+// Checks of data against sense: what cannot all be right although each value can be stored.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "library.h"
+#include "pure_component.h"
+
+namespace zelhost {
+
+// A finding: which check, where, and what is wrong with which value.
+using TellSense =
+    std::function<void(char const* id, std::string const& place, std::string const& text)>;
+
+// A kind of check, for the documents and for --silence.
+struct SenseKind {
+  char const* id;
+  char const* rule;
+};
+std::vector<SenseKind> const& SenseKinds();
+
+// Holds one component, as its bank has it, against the rules that need no other component.
+void CheckComponentSense(PureComponent const& component, std::string const& place,
+                         TellSense const& tell);
+
+// What only several components or pairs together show. Give it everything of a library, then Close.
+class SenseAcross {
+ public:
+  explicit SenseAcross(TellSense tell) : tell_(std::move(tell)) {}
+
+  void Component(PureComponent const& component, std::string const& place);
+  // A pair of a type that is not turned round: both orders can be there.
+  void Close();
+
+ private:
+  struct Seen {
+    std::string place;
+    std::string formula;
+    std::string text;  // what is compared
+  };
+  void CasShared();
+  void Repeated();
+
+  TellSense tell_;
+  std::vector<std::pair<std::string, Seen>> casNumbers_;
+  std::vector<std::pair<std::string, Seen>> curves_;  // coefficients, by name of the correlation
+};
+
+// Constants of one component in two libraries that differ by more than a factor of 1.5.
+void CheckMagnitude(PureComponent const& one, std::string const& onePlace,
+                    PureComponent const& other, std::string const& otherPlace,
+                    TellSense const& tell);
+
+}  // namespace zelhost

@@ -1,0 +1,220 @@
+// show, find
+#include <cmath>
+#include <memory>
+#include <optional>
+
+#include "command.h"
+#include "failure.h"
+#include "fields.h"
+#include "item_key.h"
+#include "pure_component.h"
+#include "span_of_numbers.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string path;
+  std::string bank;
+  std::vector<std::string> words;
+  bool complete = false;
+  std::string name;
+  std::string id;
+  std::string cas;
+  std::string formula;
+  std::string boiling;
+  std::string weight;
+};
+
+std::string List(std::vector<std::string> const& words) {
+  std::string text;
+  for (std::string const& word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
+
+void AddIdentity(PureComponent const& component, Report& report) {
+  Identity const identity = component.ReadIdentity();
+  report.Fact("number", std::int64_t{identity.number});
+  report.Fact("name", Text(identity.name));
+  report.Fact("formula", Text(identity.formula));
+  report.Fact("CAS number", Text(identity.cas));
+  report.Fact("IDs", Text(List(identity.ids)));
+  char smiles[101] = {};
+  component->GetSmiles(smiles);
+  report.Fact("SMILES", Text(smiles));
+  std::int32_t phase = 0;
+  component->GetPhase(&phase);
+  std::string phases;
+  if ((phase & 1) != 0) phases += "vapor ";
+  if ((phase & 2) != 0) phases += "liquid ";
+  if ((phase & 4) != 0) phases += "solid ";
+  if (!phases.empty()) phases.pop_back();
+  report.Fact("phases", Text(phases));
+}
+
+Cell Code(std::uint32_t code) {
+  if (code == 0) return {};
+  return std::int64_t{code};
+}
+
+void AddConstants(PureComponent& component, bool complete, Report& report) {
+  Table& table = report.Begin(
+      "constants", {{"keyword", ""}, {"value", ""}, {"unit", ""}, {"code", ""}, {"from", ""}});
+  for (auto const& row : Constants()) {
+    double const stored = component.Constant(row.index);
+    double const value = complete ? component.Completed(row.index) : stored;
+    if (zel::gen_IsUndefDouble(value)) continue;
+    table.Add({row.keyword, Number(value), Text(row.unit), Code(component.ConstantCode(row.index)),
+               Text(component.ConstantSource(row.index))});
+  }
+}
+
+void AddCurves(PureComponent const& component, Report& report) {
+  Table& table = report.Begin("correlations", {{"name", ""},
+                                               {"equation", ""},
+                                               {"from T", ""},
+                                               {"to T", ""},
+                                               {"T in", ""},
+                                               {"unit", ""},
+                                               {"code", ""}});
+  for (auto const& row : Correlations()) {
+    Curve const curve = component.ReadCurve(IndexOf(row));
+    if (!curve.present) continue;
+    table.Add({row.name, std::int64_t{curve.equation}, Number(curve.tMin), Number(curve.tMax),
+               TemperatureUnit(curve.tempUnit), Text(zel::GetUnitCodeName(curve.propUnit)),
+               Code(curve.refCode)});
+  }
+  Table& numbers = report.Begin("coefficients", {{"name", ""}, {"C", ""}, {"value", ""}});
+  for (auto const& row : Correlations()) {
+    Curve const curve = component.ReadCurve(IndexOf(row));
+    for (std::size_t i = 0; curve.present && i < curve.coefficients.size(); ++i) {
+      numbers.Add({row.name, static_cast<std::int64_t>(i + 1), Number(curve.coefficients[i])});
+    }
+  }
+}
+
+void AddGroups(PureComponent const& component, Report& report) {
+  static constexpr char const* kModels[] = {"legacy",    "orig-public", "orig-cons", "dort-public",
+                                            "dort-cons", "lyngby",      "joback"};
+  Table& table = report.Begin("groups", {{"model", ""}, {"group", ""}, {"count", ""}});
+  for (std::uint32_t model = 0; model < std::size(kModels); ++model) {
+    std::int32_t count = 0;
+    std::int32_t ids[10] = {};
+    std::int32_t counts[10] = {};
+    if (component->GetRawStructure(model, &count, ids, counts) != zel::kStatusOk) continue;
+    for (std::int32_t i = 0; i < count; ++i) {
+      table.Add({kModels[model], std::int64_t{ids[i]}, std::int64_t{counts[i]}});
+    }
+  }
+}
+
+Report ShowComponent(Library const& library, BankName const& bank, Options const& o) {
+  PureComponent component;
+  zel::Handle<zel::Key> const key = KeyOf(*component.Def(), o.words);
+  if (!library.Maint().ReadItem(component.Def(), bank.name.c_str(), key.get())) {
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words));
+  }
+  if (o.complete) component.Complete();
+  Report report;
+  AddIdentity(component, report);
+  AddConstants(component, o.complete, report);
+  AddCurves(component, report);
+  AddGroups(component, report);
+  return report;
+}
+
+Report Show(Options const& o) {
+  Library const library = Library::OpenRead(o.path);
+  BankName const bank = library.Bank(o.bank);
+  if (bank.type == kPureType) return ShowComponent(library, bank, o);
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
+  if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words));
+  }
+  char source[260] = {};
+  std::uint8_t isProtected = 0;
+  item->GetSource(source, &isProtected);
+  Report report;
+  report.Fact("item", Joined(o.words));
+  report.Fact("from", Text(source));
+  Table& table =
+      report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});
+  for (Field const& field : FieldsOf(*item)) {
+    table.Add({field.name, ValueOf(*item, field), Text(field.unit), Text(field.label)});
+  }
+  return report;
+}
+
+bool AnyMatches(std::string const& pattern, std::vector<std::string> const& texts) {
+  if (pattern.empty()) return true;
+  for (std::string const& text : texts) {
+    if (Matches(pattern, text)) return true;
+  }
+  return false;
+}
+
+Report Find(Options const& o) {
+  std::optional<Span> const boiling = ParseSpan(o.boiling, "a boiling point");
+  std::optional<Span> const weight = ParseSpan(o.weight, "a molecular weight");
+  constexpr std::uint32_t kWeight = 0;
+  constexpr std::uint32_t kBoiling = 8;
+  Library const library = Library::OpenRead(o.path);
+  Report report;
+  Table& table = report.Begin("components", {{"bank", ""},
+                                             {"number", ""},
+                                             {"id", ""},
+                                             {"cas", ""},
+                                             {"formula", ""},
+                                             {"MW", ""},
+                                             {"NBP", "K"},
+                                             {"name", ""}});
+  std::vector<BankName> banks = library.Banks(kPureType);
+  if (!o.bank.empty()) banks = {library.Bank(kPureType + (":" + UpperCase(o.bank)))};
+  PureComponent component;
+  for (BankName const& bank : banks) {
+    std::int32_t words[10] = {};
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItem(words, component.Def())) {
+      Identity const identity = component.ReadIdentity();
+      double const nbp = component.Constant(kBoiling);
+      double const mw = component.Constant(kWeight);
+      bool const fits = AnyMatches(o.name, {identity.name}) && AnyMatches(o.id, identity.ids) &&
+                        AnyMatches(o.cas, {identity.cas}) &&
+                        AnyMatches(o.formula, {identity.formula}) &&
+                        (!boiling || boiling->Has(nbp)) && (!weight || weight->Has(mw));
+      if (!fits) continue;
+      table.Add({bank.name, std::int64_t{identity.number}, Text(identity.FirstId()),
+                 Text(identity.cas), Text(identity.formula), Number(mw), Number(nbp),
+                 Text(identity.name)});
+    }
+  }
+  report.Fact("found", static_cast<std::int64_t>(table.Rows().size()));
+  return report;
+}
+
+}  // namespace
+
+void AddShowCommands(CLI::App& app) {
+  auto const o = std::make_shared<Options>();
+  Command(app, "show", "Show one item whole", "zel show sample.lb1 NRTL ETHANOL WATER")
+      .Argument("LIBRARY", o->path, "a library file")
+      .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
+      .Argument("ITEM", o->words, "its components, numbers or text")
+      .Flag("--complete", o->complete, "of a pure component: derive what is missing")
+      .Run(Outputs::kJson, [o] { return Show(*o); });
+  Command(app, "find", "Find components by what is known of them",
+          "zel find sample.lb1 --name \"*butan*\" --nbp 250:320")
+      .Argument("LIBRARY", o->path, "a library file")
+      .Option("--bank", o->bank, "look in this bank only", "NAME")
+      .Option("--name", o->name, "\"*\" stands for any text, \"?\" for one character", "PATTERN")
+      .Option("--id", o->id, "the same for the IDs", "PATTERN")
+      .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")
+      .Option("--formula", o->formula, "the same for the formula", "PATTERN")
+      .Option("--nbp", o->boiling, "normal boiling point in K, either end may be missing",
+              "MIN:MAX")
+      .Option("--mw", o->weight, "molecular weight, either end may be missing", "MIN:MAX")
+      .Run(Outputs::kJsonAndCsv, [o] { return Find(*o); });
+}
+
+}  // namespace zelhost

@@ -1,0 +1,83 @@
+// Verify: the integrity check of a library, and what a data tool asks beyond the working classes:
+// the catalogue of a pure component's data, names of unit codes, texts in key words, molecular
+// weights of formulas.
+#ifndef ZELACCESS_VERIFY_H
+#define ZELACCESS_VERIFY_H
+
+#include <cstdint>
+
+#include "zelaccess/Export.h"
+
+namespace zel {
+
+class LibFile;
+
+// --- what a pure component consists of -----------------------------------------------------------
+
+// A constant with a keyword. Values are in the internal unit, which is empty for a pure number.
+struct ZelConstantInfo {
+  char const* keyword;  // "TC"
+  char const* label;    // "critical temperature"
+  char const* unit;     // "K"
+  std::uint32_t index;  // for IZelPureComp
+};
+
+// A correlation, its index being its place. The unit is that of an evaluated value.
+struct ZelCorrelationInfo {
+  char const* name;   // "VaporPressure"
+  char const* label;  // "vapor pressure"
+  char const* unit;   // "kPa"
+};
+
+// Constant tables, valid for the life of the module.
+ZEL_API ZelConstantInfo const* GetConstantCatalogue(std::int32_t& count);
+ZEL_API ZelCorrelationInfo const* GetCorrelationCatalogue(std::int32_t& count);
+
+// The unit behind a unit code of a stored correlation, "" for 0 and for a code that names none.
+ZEL_API char const* GetUnitCodeName(std::int32_t code);
+
+// The text of `count` key words (at most 10), for banks whose items are named by text. Buffer of
+// 41 characters.
+ZEL_API void GetKeyText(std::int32_t const* words, std::int32_t count, char* text);
+
+// The molecular weight that a formula gives with the abridged standard atomic weights of the IUPAC
+// (2021), in kg/kg-mol; undefined for a text that is no formula and for elements that have none.
+ZEL_API double GetFormulaWeight(char const* formula);
+
+// --- the integrity check -------------------------------------------------------------------------
+
+enum zelFindings : std::int32_t {
+  findingNote = 0,     // worth knowing; nothing is wrong
+  findingWarning = 1,  // data that cannot all be right, or room that is lost
+  findingDamage = 2    // the library is not what a writer leaves
+};
+
+// What is told of each finding. Texts are valid during the call alone.
+class ZEL_API ZelFindingSink {
+ public:
+  // `id` names the kind of finding and is stable, e.g. "tree-order"; `place` is a file, a tree, a
+  // bank or an item; `text` says what is wrong.
+  virtual void Found(zelFindings severity, char const* id, char const* place, char const* text) = 0;
+
+ protected:
+  ~ZelFindingSink() = default;
+};
+
+// Holds everything on file against everything else, without changing a byte: the header; the free
+// extents; every tree (order of keys, links to parent and neighbours, equal depth, entry counts);
+// every block, which must belong to one owner and to one only; the identifier trees against the
+// components; every item, which must decode. True when no damage was found. Findings come in the
+// order of the walk; a damaged part is not entered. Never throws for what is on file. Time and
+// memory grow with the size of the files.
+//
+//   struct Printer final : zel::ZelFindingSink { void Found(...) override { ... } } printer;
+//   bool const sound = zel::VerifyLibrary(library, printer);
+//
+// Kinds of damage: "header", "extent", "tree-head", "tree-node", "tree-order", "tree-links",
+// "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "item", "bank".
+// Warnings: "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
+ZEL_API bool VerifyLibrary(LibFile* library, ZelFindingSink& sink);
+
+}  // namespace zel
+
+#endif  // ZELACCESS_VERIFY_H

@@ -1,0 +1,57 @@
+// One tree held against its own rules.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "verify/block_claims.h"
+
+namespace zel {
+
+// What a tree must have besides being a tree.
+struct TreeRule {
+  std::int32_t keyWords = 0;   // 0 for any
+  std::int32_t dataWords = 0;  // in the entry; 0 for any
+};
+
+// Looks at every node once: counts, capacity, links (all or none), equal depth, keys that rise from
+// the first entry to the last; claims its block. Gives each entry, key first, to `visit`. A node
+// that is not what it should be is not entered. False when anything was wrong.
+// The words for parent and neighbours are not looked at: they tell how the tree came about, not how
+// it is.
+class TreeCheck {
+ public:
+  using Visit = std::function<void(std::int32_t const* entry)>;
+
+  TreeCheck(BlockStore& store, BlockClaims& claims, Findings& findings) noexcept
+      : store_(store), claims_(claims), findings_(findings) {}
+
+  bool Run(std::int32_t const* head, TreeRule rule, Visit const& visit);
+  std::int64_t Entries() const noexcept { return entries_; }
+  int Depth() const noexcept { return depth_; }
+
+ private:
+  using Node = std::vector<std::int32_t>;
+
+  bool HeadIsGood(std::int32_t const* head, TreeRule rule);
+  void Enter(std::int32_t address, int level);
+  bool NodeIsGood(Node const& node, std::int32_t address, int level);
+  void Entry(std::int32_t const* entry, std::int32_t address);
+  void Damage(char const* id, std::int32_t address, std::string const& text);
+
+  BlockStore& store_;
+  BlockClaims& claims_;
+  Findings& findings_;
+  Visit const* visit_ = nullptr;
+  std::int32_t keyWords_ = 0;
+  std::int32_t width_ = 0;  // words of an entry and the link behind it
+  std::int32_t capacity_ = 0;
+  std::vector<std::int32_t> last_;  // the key of the entry before
+  std::int64_t entries_ = 0;
+  int depth_ = 0;  // of the first leaf met
+  bool good_ = true;
+};
+
+}  // namespace zel

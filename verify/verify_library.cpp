@@ -1,0 +1,310 @@
+// The integrity check: header, extents, trees, owners of blocks, identifiers, items.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "maint/block_info.h"
+#include "maint/held.h"
+#include "maint/lib_maint.h"
+#include "purecomp/record_format.h"
+#include "store/bank_key.h"
+#include "store/packed_text.h"
+#include "verify/tree_check.h"
+#include "zelaccess/PureComp.h"
+
+namespace zel {
+
+namespace f = format;
+namespace r = record;
+
+namespace {
+
+struct StoredBank {
+  char type[9] = {};
+  char name[9] = {};
+  std::array<std::int32_t, f::kBankDataWords> entry{};
+  bool sound = false;
+
+  std::string Place() const { return std::string(type) + ":" + name; }
+};
+
+class Verification {
+ public:
+  Verification(LibFile_i& library, ZelFindingSink& sink)
+      : library_(library),
+        store_(library.Store()),
+        findings_(sink),
+        claims_(store_, findings_),
+        trees_(store_, claims_, findings_) {}
+
+  bool Run() {
+    Header();
+    Extents();
+    OwnTrees();
+    for (StoredBank& bank : banks_) Bank(bank);
+    claims_.Close();
+    for (StoredBank const& bank : banks_) {
+      if (bank.sound) Items(bank);
+    }
+    Identifiers();
+    return findings_.Damages() == 0;
+  }
+
+ private:
+  void Header();
+  void Extents();
+  void OwnTrees();
+  void Bank(StoredBank& bank);
+  void ComponentBlocks(std::int32_t address);
+  void Items(StoredBank const& bank);
+  void Item(StoredBank const& bank, std::int32_t const* key, IZelBankDef* item);
+  void Component(StoredBank const& bank, std::int32_t key, IZelPureComp& component);
+  void Identifiers();
+  void Memo(std::int32_t address, std::int32_t words);
+
+  LibFile_i& library_;
+  BlockStore& store_;
+  Findings findings_;
+  BlockClaims claims_;
+  TreeCheck trees_;
+  std::vector<StoredBank> banks_;
+  std::set<std::int32_t> components_;
+};
+
+void Verification::Memo(std::int32_t address, std::int32_t words) {
+  if (address == f::kNullAddress || address == 0) return;
+  if (words < 0 || words > f::kMemoWordsDefault) {
+    findings_.Damage("memo", claims_.Owner(), "a memo of " + std::to_string(words) + " words");
+    return;
+  }
+  claims_.Claim(address, words);
+}
+
+void Verification::Header() {
+  std::array<std::int32_t, f::kHeaderWords> header{};
+  store_.ReadPlain(f::kHeaderBlock, f::kHeaderWords, header.data());
+  auto const block = [&](std::int32_t number) {
+    return BlockAddress{store_.LibType(), 1, number}.Word();
+  };
+  claims_.SetOwner("the header");
+  claims_.Claim(block(f::kHeaderBlock), f::kHeaderWords);
+  claims_.Claim(block(f::kBlockTableBlock), f::kHeaderWords);
+  claims_.Claim(header[f::kTreeHeadsAddress], f::kTreeHeadsWords);
+  std::int32_t const level = header[f::kPasswordLevel];
+  if (level < 0 || level > 2) {
+    findings_.Damage("header", claims_.Owner(), "password level " + std::to_string(level));
+  }
+  claims_.SetOwner("the library's memo");
+  Memo(header[f::kMemoAddress], header[f::kMemoWords]);
+}
+
+// The open drops extents that cannot be true; here they are told.
+void Verification::Extents() {
+  std::array<std::int32_t, f::kHeaderWords> table{};
+  store_.ReadPlain(f::kBlockTableBlock, f::kHeaderWords, table.data());
+  std::int32_t const declared = table[f::kExtentCount];
+  if (declared != store_.Extents().Count()) {
+    findings_.Damage("extent", "the block table",
+                     std::to_string(declared) + " free runs, of which " +
+                         std::to_string(store_.Extents().Count()) + " can be true");
+  }
+  std::array<int, f::kFileSlots> tails{};
+  for (int i = 0; i < store_.Extents().Count(); ++i) {
+    Extent const& extent = store_.Extents()[i];
+    if (extent.size == f::kOpenTail) ++tails[static_cast<std::size_t>(extent.file)];
+    claims_.Free(extent);
+  }
+  for (int file = 1; file <= std::min(store_.FileCount(), f::kFilesOfNewLibrary); ++file) {
+    if (tails[static_cast<std::size_t>(file)] != 1) {
+      findings_.Damage("extent", "file " + std::to_string(file),
+                       "the free room at its end is lost: nothing new can be stored in it");
+    }
+  }
+}
+
+void Verification::OwnTrees() {
+  std::int32_t const* header = nullptr;
+  std::int32_t const* table = nullptr;
+  std::int32_t const* live = nullptr;
+  library_.GetHeaderBlocks(&header, &table, &live);
+  std::array<std::int32_t, f::kTreeHeadsWords> heads{};
+  std::copy_n(live, heads.size(), heads.begin());
+  claims_.SetOwner("the bank directory");
+  trees_.Run(heads.data(), {f::kBankKeyWords, f::kBankDataWords}, [&](std::int32_t const* entry) {
+    StoredBank bank;
+    UnpackBankKey(entry, bank.type, bank.name);
+    std::copy_n(entry + f::kBankKeyWords, bank.entry.size(), bank.entry.begin());
+    banks_.push_back(bank);
+  });
+  auto const nothing = [](std::int32_t const*) {};
+  claims_.SetOwner("the tree of component IDs");
+  trees_.Run(heads.data() + f::kHeadWords, {f::kIdKeyWords, 1}, nothing);
+  claims_.SetOwner("the tree of CAS numbers");
+  trees_.Run(heads.data() + 2 * f::kHeadWords, {f::kCasKeyWords, 1}, nothing);
+}
+
+void Verification::Bank(StoredBank& bank) {
+  claims_.SetOwner(bank.Place());
+  Held<IZelBankDef> const item(NewBank(bank.type));
+  auto const io = Held<IZelBankIO>::Of(item.Get(), IID_IZelBankIO);
+  if (!io) findings_.Warning("bank", bank.Place(), "a bank of a type that this library has not");
+  if (bank.entry[f::kBankOldMark] != 1) {
+    Memo(bank.entry[f::kBankMemoAddress], bank.entry[f::kBankMemoWords]);
+  }
+  bool const isComponents = std::string_view(bank.type) == "PURECOMP";
+  int const before = findings_.Damages();
+  TreeRule rule;
+  if (io) rule.keyWords = BlockInfo(io.Get()).keyWords;
+  std::vector<std::int32_t> addresses;
+  bank.sound = trees_.Run(bank.entry.data() + f::kBankHead, rule, [&](std::int32_t const* entry) {
+    if (isComponents) addresses.push_back(entry[1]);
+  }) && io;
+  if (io && bank.sound) {
+    std::array<std::int32_t, f::kHeadWords> words{};
+    std::copy_n(bank.entry.data() + f::kBankHead, words.size(), words.begin());
+    BTreeHead_i const head(words.data());
+    if (FormatOf(io.Get(), BlockInfo(io.Get()), head).format == 0) {
+      findings_.Damage("bank", bank.Place(),
+                       "records of " + std::to_string(head.dataWords) +
+                           " words, a length that the type does not have");
+      bank.sound = false;
+    }
+  }
+  for (std::int32_t const address : addresses) ComponentBlocks(address);
+  bank.sound = bank.sound && findings_.Damages() == before;
+}
+
+void Verification::ComponentBlocks(std::int32_t address) {
+  if (!claims_.Claim(address, r::kMainWords)) return;
+  std::array<std::int32_t, r::kMainWords> main{};
+  store_.ReadBlock(address, r::kMainWords, main.data());
+  auto const isThere = [](std::int32_t a) { return a != 0 && a != f::kNullAddress; };
+  std::int32_t const structure = main[r::kStructureAddress];
+  if (isThere(structure) && main[r::kStructureLength] > 0) {
+    claims_.Claim(structure, std::min(main[r::kStructureLength], r::kStructureWords));
+  }
+  std::int32_t const correlations = main[r::kCorrelationAddress];
+  if (correlations != 0 && main[r::kCorrelationLength] > 0) {
+    if (isThere(correlations)) {
+      claims_.Claim(correlations, std::min(main[r::kCorrelationLength], r::kCorrelationWords));
+    }
+    return;
+  }
+  // The older layout: entries of several components stand in one block.
+  std::set<std::int32_t> shared;
+  constexpr int kEntries = 20;
+  for (int i = 0; i < kEntries; ++i) {
+    std::int32_t const block =
+        main[static_cast<std::size_t>(r::kDirectory + r::kDirectoryEntry * i + 2)];
+    if (block > 0 && isThere(block) && shared.insert(block).second) {
+      claims_.ClaimShared(block, r::kOldBlockWords);
+    }
+  }
+}
+
+void Verification::Items(StoredBank const& bank) {
+  Held<IZelBankDef> const item(NewBank(bank.type));
+  LibMaint_i maint(&library_);
+  std::array<std::int32_t, f::kMaxKeyWords> key{};
+  try {
+    if (!maint.BeginItemWalk(bank.type, bank.name)) return;
+    while (maint.NextItem(key.data(), item.Get())) Item(bank, key.data(), item.Get());
+  } catch (unsigned long const address) {
+    findings_.Damage("item", bank.Place(),
+                     "block " + std::to_string(address) + " of item " + std::to_string(key[0]) +
+                         " cannot be read");
+  }
+}
+
+// Numbers that are none do not come from any writer.
+void Verification::Item(StoredBank const& bank, std::int32_t const* key, IZelBankDef* item) {
+  if (auto const component = Held<IZelPureComp>::Of(item, IID_IZelPureComp)) {
+    Component(bank, key[0], *component.Get());
+    return;
+  }
+  std::int32_t count = 0;
+  if (item->GetFieldCount(0, &count) != kStatusOk || count <= 0) return;
+  auto const rows = static_cast<std::size_t>(count);
+  std::vector<char> text(rows * 13), labels(rows * 20), units(rows * 20);
+  std::vector<std::int32_t> types(rows), counts(rows);
+  if (item->GetFieldList(0, reinterpret_cast<char(*)[13]>(text.data()),
+                         reinterpret_cast<char(*)[20]>(labels.data()), types.data(), counts.data(),
+                         reinterpret_cast<char(*)[20]>(units.data())) != kStatusOk) {
+    return;
+  }
+  for (std::size_t i = 0; i < rows; ++i) {
+    if (types[i] != fieldReal || counts[i] < 1) continue;
+    std::vector<double> values(static_cast<std::size_t>(counts[i]));
+    item->GetDoubleField(&text[i * 13], values.data());
+    if (!std::all_of(values.begin(), values.end(), [](double v) { return std::isfinite(v); })) {
+      findings_.Damage(
+          "item", bank.Place(),
+          "item " + std::to_string(key[0]) + ": field " + &text[i * 13] + " is not a number");
+    }
+  }
+}
+
+void Verification::Component(StoredBank const& bank, std::int32_t key, IZelPureComp& component) {
+  std::int32_t number = 0, cas = 0, code = 0;
+  char ids[12][9] = {};
+  char name[41] = {};
+  char formula[21] = {};
+  std::uint8_t keep = 0;
+  component.GetIdentity(&number, &cas, &code, ids, name, formula, &keep);
+  components_.insert(key);
+  std::string const place = bank.Place() + " " + std::to_string(key);
+  if (number != key) {
+    findings_.Damage("item", place, "the record says component " + std::to_string(number));
+  }
+  std::array<double, 100> constants{};
+  component.GetAllProperties(constants.data());
+  if (!std::all_of(constants.begin(), constants.end(), [](double v) { return std::isfinite(v); })) {
+    findings_.Damage("item", place, "a constant is not a number");
+  }
+  for (char const* id : ids) {
+    std::int32_t const* data = nullptr;
+    if (id[0] == '\0' || library_.FindIdNumbers(id, data)) continue;
+    findings_.Warning("identifier-missing", place,
+                      std::string("its ID ") + id + " is not in the tree of component IDs");
+  }
+  casn const registry(cas);
+  std::int32_t const* data = nullptr;
+  if (static_cast<long>(registry) != 0 && !library_.FindCasNumbers(registry, data)) {
+    findings_.Warning("identifier-missing", place,
+                      std::string("its CAS number ") + static_cast<char const*>(registry) +
+                          " is not in the tree");
+  }
+}
+
+void Verification::Identifiers() {
+  LibMaint_i maint(&library_);
+  std::int32_t number = 0;
+  char id[9] = {};
+  try {
+    maint.BeginIdWalk();
+    while (maint.NextId(number, id)) {
+      if (components_.count(number) != 0) continue;
+      findings_.Warning("identifier-stale", "the tree of component IDs",
+                        std::string(id) + " stands for component " + std::to_string(number) +
+                            ", of which the library has no constants");
+    }
+  } catch (unsigned long) {
+    // The tree was found damaged above.
+  }
+}
+
+}  // namespace
+
+bool VerifyLibrary(LibFile* library, ZelFindingSink& sink) {
+  auto* const inner = dynamic_cast<LibFile_i*>(library);
+  if (inner == nullptr || inner->GetBankTree() == nullptr) {
+    sink.Found(findingDamage, "header", "the library", "it is not open");
+    return false;
+  }
+  return Verification(*inner, sink).Run();
+}
+
+}  // namespace zel
