@@ -213,14 +213,15 @@ std::vector<std::string> PairTypes(Sources const& sources) {
   return types;
 }
 
-void AddPairs(Options const& o, Sources const& sources, Report& report) {
+// `numbers` are the components' numbers: a library of pairs alone knows no IDs.
+void AddPairs(Options const& o, std::vector<std::string> const& numbers, Sources const& sources,
+              Report& report) {
   Table& table = report.Begin("pairs", {{"model", ""}, {"pair", ""}, {"state", ""}, {"from", ""}});
   for (std::string const& type : PairTypes(sources)) {
     for (std::size_t i = 0; i < o.components.size(); ++i) {
       for (std::size_t k = i + 1; k < o.components.size(); ++k) {
-        std::vector<std::string> const pair = {o.components[i], o.components[k]};
-        std::string const from = SourceOfPair(sources, type, pair);
-        table.Add({type, Joined(pair), Word(from.empty() ? State::kMissing : State::kStored),
+        std::string const from = SourceOfPair(sources, type, {numbers[i], numbers[k]});
+        table.Add({type, Joined({o.components[i], o.components[k]}), Word(from.empty() ? State::kMissing : State::kStored),
                    Text(from)});
       }
     }
@@ -249,17 +250,20 @@ Report Coverage(Options const& o) {
                                {"correlations", ""},
                                {"name", ""}});
   Table details("data", {{"component", ""}, {"datum", ""}, {"state", ""}, {"from", ""}});
+  std::vector<std::string> numbers;
   for (std::string const& word : o.components) {
     PureComponent component;
     sources.Search(word, component);
+    Identity const identity = component.ReadIdentity();
     Counts const counts = CountOf(component);
     summary.Add({word, counts.stored, counts.filledIn, counts.missing, counts.curves,
-                 component.ReadIdentity().name});
+                 identity.name});
+    numbers.push_back(std::to_string(identity.number));
     if (o.details) AddDetails(word, component, details);
   }
   report.Add(std::move(summary));
   if (o.details) report.Add(std::move(details));
-  if (o.components.size() > 1) AddPairs(o, sources, report);
+  if (o.components.size() > 1) AddPairs(o, numbers, sources, report);
   return report;
 }
 

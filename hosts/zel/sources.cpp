@@ -26,11 +26,12 @@ Sources::Sources(std::vector<std::string> const& words) : search_(zel::LibSearch
       places_.push_back({library, libraries_[library].Bank(kPureType + (":" + bank)).name});
       continue;
     }
-    std::vector<BankName> const banks = libraries_[library].Banks(kPureType);
-    if (banks.empty()) {
-      throw Failure(libraries_[library].Path() + ": has no bank of pure components");
+    for (BankName const& bank : libraries_[library].Banks(kPureType)) {
+      places_.push_back({library, bank.name});
     }
-    for (BankName const& bank : banks) places_.push_back({library, bank.name});
+  }
+  if (places_.empty()) {
+    throw Failure(libraries_.front().Path() + ": has no bank of pure components");
   }
   std::vector<zel::LibFile*> files;
   std::vector<char> names(places_.size() * kNameSize);
