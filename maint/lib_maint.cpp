@@ -5,6 +5,7 @@
 
 #include "frame/ascii.h"
 #include "store/bank_key.h"
+#include "store/key.h"
 #include "store/memo.h"
 
 namespace zel {
@@ -153,10 +154,8 @@ void LibMaint_i::GetRefBankNames(char const* type, char const* name, std::int32_
   for (std::int32_t i = 0; i < count; ++i) names[i][0] = '\0';
   Held<IZelBankDef> const bank(NewBank(type));
   if (!bank || !BankExists(type, name)) return;
-  Key* key = Key::NewKey();
-  bool const read = ReadItem(bank.Get(), name, key);
-  Key::DelKey(key);
-  if (!read) return;
+  Key_i key;
+  if (!ReadItem(bank.Get(), name, &key)) return;
   for (std::int32_t i = 0; i < count; ++i) bank->GetRefBankName(types[i], names[i]);
 }
 

@@ -137,6 +137,22 @@ TEST_F(BanksTest, ReferredBanksAreNamed) {
   EXPECT_STREQ(names[2], "");
 }
 
+// A set whose root is no block: the error passes.
+TEST_F(BanksTest, ReferencesOfADamagedBankThrow) {
+  Maint().CreateBank("PSRK", "S", 0);
+  std::int32_t const* found = nullptr;
+  ASSERT_TRUE(Library().FindBank("PSRK", "S", found, false));
+  std::int32_t* entry = nullptr;
+  ASSERT_TRUE(Library().GetBankTree()->GetCurrentData(entry));
+  std::int32_t* head = entry + format::kBankHead;
+  head[format::kHeadRootAddress] = 12;
+  Library().GetBankTree()->WriteCurrentNode();
+  char const types[1][9] = {"ALPHA"};
+  char names[1][9] = {"x"};
+  EXPECT_THROW(Maint().GetRefBankNames("PSRK", "S", 1, types, names), unsigned long);
+  EXPECT_STREQ(names[0], "");
+}
+
 TEST_F(BanksTest, TreeOfABankIsReported) {
   Maint().CreateBank("HOCV", "H", 0);
   Held<IZelBankDef> const hocv(NewBank("HOCV"));
