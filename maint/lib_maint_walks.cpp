@@ -19,6 +19,8 @@ bool LibMaint_i::StartWalk(WalkMode mode, std::int32_t const* head) {
   MakeTree(head);
   std::int32_t words = 0;
   bankTree_->WalkBegin(keyWords_, words);
+  // An empty tree gives no key length; its walk, too, ends with key words of 0.
+  if (keyWords_ == 0 && bankTree_->Head().IsUsable()) keyWords_ = bankTree_->Head().keyWords;
   walkMode_ = mode;
   return true;
 }

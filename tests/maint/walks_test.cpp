@@ -79,6 +79,39 @@ TEST_F(WalksTest, ItemsComeInKeyOrderWithTheirData) {
   EXPECT_FALSE(Maint().NextItemKey(words));
 }
 
+TEST_F(WalksTest, EmptyBankEndsWithKeyWordsOfZero) {
+  Maint().CreateBank("VANLAAR", "A", 0);
+  for (bool const withItem : {true, false}) {
+    std::int32_t words[3] = {7, 7, 7};
+    ASSERT_TRUE(Maint().BeginItemWalk("VANLAAR", "A"));
+    EXPECT_FALSE(withItem ? Maint().NextItem(words, vanLaar_.Get()) : Maint().NextItemKey(words));
+    EXPECT_EQ(words[0], 0);
+    EXPECT_EQ(words[1], 0);
+    EXPECT_EQ(words[2], 7) << "and none behind them";
+  }
+}
+
+TEST_F(WalksTest, ItemsOfAnOldBankComeInItsFormat) {
+  Held<IZelBankDef> const nrtl(NewBank("NRTL"));
+  double const values[2] = {1.5, 2.5};
+  for (std::int32_t format : {1, 2}) {
+    std::string const name = std::to_string(format);
+    ASSERT_TRUE(Maint().CreateBank("NRTL", name.c_str(), format));
+    nrtl->SetDoubleField("aij", values);
+    nrtl->SetDoubleField("dij", values + 1);
+    key_.SetKey(1L, 2L);
+    ASSERT_TRUE(Maint().WriteItem(nrtl.Get(), name.c_str(), &key_));
+    ASSERT_TRUE(Maint().BeginItemWalk("NRTL", name.c_str()));
+    std::int32_t words[10];
+    ASSERT_TRUE(Maint().NextItem(words, nrtl.Get()));
+    double aij = 0, dij = 0;
+    nrtl->GetDoubleField("aij", &aij);
+    nrtl->GetDoubleField("dij", &dij);
+    EXPECT_EQ(aij, 1.5);
+    EXPECT_EQ(dij, format == 1 ? -1e35 : 2.5);
+  }
+}
+
 TEST_F(WalksTest, BankOfAnotherTypeGetsNoItem) {
   Maint().CreateBank("VANLAAR", "A", 0);
   SetAij(1, 2);
