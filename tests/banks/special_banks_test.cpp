@@ -239,6 +239,11 @@ void CheckCurves(char const* type, ZelIid const& id) {
   }
   std::int32_t count = 0;
   bank->PutData(3, mw, kij);
+  for (char const* field : {"mw", "kij"}) {
+    auto const kept = Fields(bank.Def()).Reals(field, 12);
+    EXPECT_EQ(kept[2], field == std::string("mw") ? 12.0 : 2.5);
+    EXPECT_EQ(std::vector<double>(kept.begin() + 3, kept.end()), std::vector<double>(9));
+  }
   bank->GetData(&count, mwOut, kijOut);
   EXPECT_EQ(count, 3);
   EXPECT_EQ(mwOut[2], 12.0);
@@ -280,6 +285,10 @@ TEST(Struct, EntriesBehindTheCountAreZero) {
   std::int32_t counts[10];
   std::int32_t count = 0;
   bank->PutData(2, ids, ids);
+  for (char const* field : {"groupNumber", "groupCount"}) {
+    EXPECT_EQ(Fields(bank.Def()).Ints(field, 10),
+              (std::vector<std::int32_t>{1, 2, 0, 0, 0, 0, 0, 0, 0, 0}));
+  }
   bank->GetData(&count, out, counts);
   EXPECT_EQ(count, 2);
   EXPECT_EQ(std::vector<std::int32_t>(out, out + 10),
@@ -407,11 +416,16 @@ TEST(Psrk, NamesTheBanksItRefersTo) {
 }
 
 TEST(Banks, OthersReferToNothing) {
-  Typed<IZelUnfDort> bank("UNFDORT", IID_IZelUnfDort);
-  char name[9] = "x";
-  EXPECT_EQ(bank.Def()->SetRefBankName("PURECOMP", "A"), kStatusOk);
-  EXPECT_EQ(bank.Def()->GetRefBankName("PURECOMP", name), kStatusOk);
-  EXPECT_STREQ(name, "");
+  for (test::ExpectedType const& type : test::ExpectedTypes()) {
+    if (std::string(type.keyword) == "PSRK") continue;
+    Typed<IZelBankDef> bank(type.keyword, IID_IZelBankDef);
+    for (char const* kind : {"PURECOMP", "ALPHA"}) {
+      char name[9] = "x";
+      EXPECT_EQ(bank->SetRefBankName(kind, "A"), kStatusOk) << type.keyword;
+      EXPECT_EQ(bank->GetRefBankName(kind, name), kStatusOk) << type.keyword;
+      EXPECT_STREQ(name, "") << type.keyword;
+    }
+  }
 }
 
 TEST(Mapping, NameIsCutToTwelve) {
