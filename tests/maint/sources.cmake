@@ -2,8 +2,10 @@ set(maint_TEST_SOURCES
     banks_test.cpp
     check_test.cpp
     components_test.cpp
+    current_item_test.cpp
     format_document_test.cpp
     items_test.cpp
+    key_kinds_test.cpp
     log_test.cpp
     maint_fixture.cpp
     numbers_test.cpp
