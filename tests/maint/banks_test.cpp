@@ -45,6 +45,20 @@ TEST_F(BanksTest, DirectoryEntryHasTheHeadOfItsBank) {
   TextToWords("NRTL    B       ", key, 4);
   ASSERT_TRUE(Library().GetBankTree()->Find(key, data));
   EXPECT_EQ(data[12], 14);
+  ASSERT_TRUE(Maint().CreateBank("NRTL", "C", 0));
+  TextToWords("NRTL@   C       ", key, 4);
+  ASSERT_TRUE(Library().GetBankTree()->Find(key, data)) << "the highest format is above 1, too";
+  EXPECT_EQ(data[12], 20);
+}
+
+// Their entries hold one word, through which the record is reached; its length is told all the
+// same.
+TEST_F(BanksTest, EntriesOfComponentsAreOneWord) {
+  ASSERT_TRUE(Maint().CreateBank("PURECOMP", "P", 0));
+  std::int32_t const* data = nullptr;
+  ASSERT_TRUE(Library().FindBank("PURECOMP", "P", data, false));
+  std::vector<std::int32_t> const expected = {1, 1000, 2, 1, 250, 331, 112000000, 990000000};
+  EXPECT_EQ(std::vector<std::int32_t>(data + 8, data + 16), expected);
 }
 
 TEST_F(BanksTest, UnknownTypesAndLongNamesAreRefused) {

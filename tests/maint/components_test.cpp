@@ -96,6 +96,7 @@ TEST_F(ComponentsTest, RewritingEntersNewIdentifiersToo) {
 TEST_F(ComponentsTest, CasNumberThatIsNoneIsPassedOver) {
   ASSERT_TRUE(Write(100, 64176, {"ONE"}));
   ASSERT_TRUE(Write(200, 0, {"TWO"}));
+  EXPECT_EQ(Library().GetCasTree()->Head().rootAddress, 990000000) << "nothing was entered";
   ASSERT_TRUE(Write(300, 64175, {"THREE"}));
   EXPECT_EQ(Maint().FindNumberByCas(casn("64-17-5")), 300) << "the tree is in order";
   Maint().BeginIdWalk();

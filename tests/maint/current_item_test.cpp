@@ -60,6 +60,8 @@ TEST_F(CurrentItemTest, EndsWithWhatTakesTheTreeOrFails) {
       {"ReadItem", [&] { EXPECT_FALSE(Maint().ReadItem(vanLaar_.Get(), "A", &absent)); }},
       {"WriteItem", [&] { EXPECT_FALSE(Maint().WriteItem(vanLaar_.Get(), "NONE", &key_)); }},
       {"DeleteItem", [&] { EXPECT_FALSE(Maint().DeleteItem("VANLAAR", "A", &absent)); }},
+      {"DeleteItem of no type", [&] { EXPECT_FALSE(Maint().DeleteItem("NOTYPE", "A", &key_)); }},
+      {"CreateBank of no type", [&] { EXPECT_FALSE(Maint().CreateBank("NOTYPE", "A", 0)); }},
       {"BeginIdWalk", [&] { Maint().BeginIdWalk(); }},
       {"BeginBankWalk", [&] { Maint().BeginBankWalk(); }},
       {"BeginItemWalk", [&] { EXPECT_TRUE(Maint().BeginItemWalk("VANLAAR", "A")); }},

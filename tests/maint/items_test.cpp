@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "frame/module.h"
+#include "store/packed_text.h"
 #include "tests/maint/maint_fixture.h"
 
 namespace zel {
@@ -160,6 +161,28 @@ TEST_F(ItemsTest, ComponentsAreNamedByIdAndCas) {
   key_.SetKey(casn("7732-18-5"), "ethanol");
   ASSERT_TRUE(Maint().ReadItem(vanLaar_.Get(), "A", &key_));
   EXPECT_EQ(Aij(), 2.0) << "and turned round by number";
+}
+
+// What a key keeps of the name index serves one use: the next one asks again.
+TEST_F(ItemsTest, KeyAsksTheNameIndexAtEachUse) {
+  test::MemoryFileSystem files[2];
+  std::unique_ptr<LibFile_i> index[2];
+  ASSERT_TRUE(Write(7, 12, 1, 2));
+  ASSERT_TRUE(Write(8, 12, 3, 4));
+  key_.SetKey("ETHANOL", 12L);
+  for (std::int32_t i : {0, 1}) {
+    index[i] = std::make_unique<LibFile_i>(files[i], accUpdate, "/i.lb1", "Index");
+    ASSERT_EQ(index[i]->CreateNew(libKind12), openOk);
+    std::int32_t id[10] = {};
+    TextToWords("ETHANOL", id, 2);
+    AddTo(*index[i]->GetCharIdTree(), id, 7 + i);
+    LibFile::SetOrdwinNameIndex(index[i].get());
+    ASSERT_TRUE(Maint().ReadItem(vanLaar_.Get(), "A", &key_));
+    EXPECT_EQ(Aij(), i == 0 ? 1.0 : 3.0);
+  }
+  LibFile::ClearOrdwinNameIndex();
+  EXPECT_FALSE(Maint().ReadItem(vanLaar_.Get(), "A", &key_));
+  EXPECT_EQ(Maint().Log().PendingText(), "Unable to identify components used in key");
 }
 
 TEST_F(ItemsTest, ShortKeysFindTheirItems) {
