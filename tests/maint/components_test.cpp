@@ -125,6 +125,33 @@ TEST_F(ComponentsTest, HundredsOfComponentsGrowAllTrees) {
   EXPECT_EQ(items, kCount);
 }
 
+// Puts another word into the entry of a component in bank PURE.
+void PatchEntry(LibFile_i& library, std::int32_t number, std::int32_t word) {
+  std::int32_t const* found = nullptr;
+  ASSERT_TRUE(library.FindBank("PURECOMP", "PURE", found, false));
+  std::int32_t head[format::kHeadWords];
+  std::copy_n(found + format::kBankHead, format::kHeadWords, head);
+  BTree_i tree(library.Store(), head);
+  std::int32_t const key[10] = {number};
+  ASSERT_TRUE(tree.Find(key, found));
+  std::int32_t* entry = nullptr;
+  ASSERT_TRUE(tree.GetCurrentData(entry));
+  *entry = word;
+  ASSERT_TRUE(tree.WriteCurrentNode());
+}
+
+// A write that broke off between the entry and the record leaves an entry without an address.
+TEST_F(ComponentsTest, EntryWithoutARecordIsMended) {
+  ASSERT_TRUE(Write(100, 0, {"ONE"}));
+  for (std::int32_t address : {0, 990000000}) {
+    PatchEntry(Library(), 100, address);
+    ASSERT_TRUE(Write(100, 0, {"ONE"}, 58.0));
+    Reopen(accUpdate);
+    ASSERT_TRUE(Read(100L)) << address;
+    EXPECT_EQ(Mw(), 58.0) << address;
+  }
+}
+
 TEST_F(ComponentsTest, ReaderOfAProtectedLibrarySeesTheFlag) {
   ASSERT_TRUE(Write(100, 0, {"ONE"}));
   Library().SetPassword(2, "SECRET");
