@@ -274,11 +274,15 @@ void BlockStore::FreeBlock(std::int32_t& address, std::int32_t words) {
   address = format::kNullAddress;
 }
 
-std::int64_t BlockStore::BlocksInFile(int number) const noexcept {
+std::int64_t BlockStore::BytesInFile(int number) const noexcept {
   FileSlot const& slot = Slot(number);
-  if (!slot.file || slot.blockWords < 1) return 0;
-  std::int64_t const blockBytes = std::int64_t{slot.blockWords} * format::kWordBytes;
-  return (static_cast<std::int64_t>(slot.file->Size()) + blockBytes - 1) / blockBytes;
+  return slot.file ? static_cast<std::int64_t>(slot.file->Size()) : 0;
+}
+
+std::int64_t BlockStore::BlocksInFile(int number) const noexcept {
+  if (Slot(number).blockWords < 1) return 0;
+  std::int64_t const blockBytes = std::int64_t{Slot(number).blockWords} * format::kWordBytes;
+  return (BytesInFile(number) + blockBytes - 1) / blockBytes;
 }
 
 std::int64_t BlockStore::BlockBound() const noexcept {

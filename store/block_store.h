@@ -80,8 +80,10 @@ class BlockStore {
   }
   // No more blocks than this hold anything: a bound for walks over damaged links.
   std::int64_t BlockBound() const noexcept;
-  // Blocks of one file that is open, the last one counted when only part of it is there; else 0.
+  // Blocks of one file that is open, the last one counted when only part of it is there, and its
+  // bytes; else 0.
   std::int64_t BlocksInFile(int number) const noexcept;
+  std::int64_t BytesInFile(int number) const noexcept;
 
   ExtentList& Extents() noexcept { return extents_; }
   NodePool& Nodes() noexcept { return nodes_; }

@@ -28,7 +28,8 @@ bool BlockClaims::RunOf(std::int32_t address, std::int32_t words, Run& run) {
   std::int64_t const size = store_.BlockWords(a.file);
   run = {a.file, a.block - 1, std::max<std::int64_t>(1, (words + size - 1) / size)};
   auto const inFile = static_cast<std::int64_t>(blocks_[static_cast<std::size_t>(a.file)].size());
-  if (run.first + run.count > inFile) {
+  std::int64_t const end = (run.first * size + words) * f::kWordBytes;
+  if (run.first + run.count > inFile || end > store_.BytesInFile(a.file)) {
     findings_.Damage("block-behind-end", Owner(),
                      "block " + std::to_string(address) + " lies behind the end of file " +
                          std::to_string(a.file) + ", which has " + std::to_string(inFile));

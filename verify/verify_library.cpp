@@ -22,6 +22,8 @@ namespace r = record;
 
 namespace {
 
+constexpr std::string_view kComponentType = "PURECOMP";
+
 struct StoredBank {
   char type[9] = {};
   char name[9] = {};
@@ -47,9 +49,13 @@ class Verification {
     for (StoredBank& bank : banks_) Bank(bank);
     claims_.Close();
     for (StoredBank const& bank : banks_) {
-      if (bank.sound) Items(bank);
+      if (bank.sound) {
+        Items(bank);
+      } else if (std::string_view(bank.type) == kComponentType) {
+        allComponentsMet_ = false;
+      }
     }
-    Identifiers();
+    if (allComponentsMet_) Identifiers();
     return findings_.Damages() == 0;
   }
 
@@ -72,6 +78,7 @@ class Verification {
   TreeCheck trees_;
   std::vector<StoredBank> banks_;
   std::set<std::int32_t> components_;
+  bool allComponentsMet_ = true;
 };
 
 void Verification::Memo(std::int32_t address, std::int32_t words) {
@@ -154,7 +161,7 @@ void Verification::Bank(StoredBank& bank) {
   if (bank.entry[f::kBankOldMark] != 1) {
     Memo(bank.entry[f::kBankMemoAddress], bank.entry[f::kBankMemoWords]);
   }
-  bool const isComponents = std::string_view(bank.type) == "PURECOMP";
+  bool const isComponents = std::string_view(bank.type) == kComponentType;
   int const before = findings_.Damages();
   TreeRule rule;
   if (io) rule.keyWords = BlockInfo(io.Get()).keyWords;
@@ -216,6 +223,7 @@ void Verification::Items(StoredBank const& bank) {
     findings_.Damage("item", bank.Place(),
                      "block " + std::to_string(address) + " of item " + std::to_string(key[0]) +
                          " cannot be read");
+    allComponentsMet_ = false;
   }
 }
 

@@ -28,14 +28,15 @@ constexpr std::array<NameRow, 4> kLibraryNodes{{{"description", NameMode::kOnce}
 // What the attributes of a bank say, and what is wrong with them.
 struct BankAttributes {
   std::string type;
-  std::string name;
+  std::string givenName;  // as messages show it
+  std::string name;       // of the bank
   std::string format = "0";
   std::string problem;
 
   explicit BankAttributes(XmlNode bank) {
-    Take(bank, "type", true, type) && Take(bank, "name", true, name) &&
+    Take(bank, "type", true, type) && Take(bank, "name", true, givenName) &&
         Take(bank, "format", false, format);
-    name.resize(std::min(name.size(), kLongestKeyword));
+    name = givenName.substr(0, kLongestKeyword);
   }
 
  private:
@@ -63,7 +64,7 @@ std::string MakeBank(LibMaint_i& owner, BankAttributes const& bank) {
     return "Bank format \"" + bank.format + "\" in invalid - must be between 0 and " +
            std::to_string(info.formatCount);
   }
-  std::string const title = "Bank \"" + bank.type + "-" + bank.name + "\" ";
+  std::string const title = "Bank \"" + bank.type + "-" + bank.givenName + "\" ";
   if (owner.BankExists(bank.type.c_str(), bank.name.c_str())) {
     return title + "already exists in this library";
   }

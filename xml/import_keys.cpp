@@ -115,8 +115,10 @@ std::int32_t ItemImport::ReadWord(std::string_view text) {
 }
 
 std::string ItemImport::KeyCountProblem(std::int32_t keyCount) const {
+  // A phrase has 19 characters: of "10 keys were entered" the last one is not shown.
+  constexpr std::size_t kLongestPhrase = 19;
   auto const phrase = [](std::int32_t number, std::string const& one, std::string const& many) {
-    return number == 1 ? one : std::to_string(number) + many;
+    return number == 1 ? one : (std::to_string(number) + many).substr(0, kLongestPhrase);
   };
   std::string const entered = phrase(keyCount, "1 key was entered", " keys were entered");
   bool const fixed = info_.minKeyWords == info_.keyWords;

@@ -12,7 +12,9 @@ constexpr std::size_t kLongestDescription = 100;
 std::string MemoText(std::string_view text) {
   std::string memo;
   if (!text.empty()) text.remove_prefix(1);
-  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+  // Not beyond what is kept: where no mark stands, each line looks for one to the end of the text.
+  for (std::size_t end = text.find('\n');
+       end != std::string_view::npos && memo.size() < kLongestMemo; end = text.find('\n')) {
     memo.append(text.substr(0, end + 1));
     text.remove_prefix(end + 1);
     // The next mark counts, also one that stands lines further on.

@@ -78,9 +78,29 @@ struct Pieces {
 
 // --- parsing -------------------------------------------------------------------------------------
 
+// What is counted of one document while it is parsed.
+struct Parse {
+  bool refused = false;
+  int declaredAttributes = 0;
+};
+
 void Refuse(xmlParserCtxt* context) {
-  *static_cast<bool*>(context->_private) = true;
+  static_cast<Parse*>(context->_private)->refused = true;
   xmlStopParser(context);
+}
+
+// Each declared attribute can cost time at each element, so that a small document with many of them
+// would keep the parser busy for hours.
+void DeclareAttribute(void* data, xmlChar const* element, xmlChar const* name, int type, int usage,
+                      xmlChar const* defaultValue, xmlEnumeration* words) {
+  constexpr int kMostDeclared = 100;
+  auto* const context = static_cast<xmlParserCtxt*>(data);
+  if (++static_cast<Parse*>(context->_private)->declaredAttributes > kMostDeclared) {
+    xmlFreeEnumeration(words);
+    Refuse(context);
+    return;
+  }
+  xmlSAX2AttributeDecl(data, element, name, type, usage, defaultValue, words);
 }
 
 // Entities with an identifier outside the document are refused where they are declared.
@@ -219,8 +239,9 @@ bool XmlDocument::Load(std::string_view text) {
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return false;
   std::unique_ptr<xmlParserCtxt, ContextCloser> const context(xmlNewParserCtxt());
   if (!context) throw std::bad_alloc();
-  bool refused = false;
-  context->_private = &refused;
+  Parse parse;
+  context->_private = &parse;
+  context->sax->attributeDecl = DeclareAttribute;
   context->sax->entityDecl = DeclareEntity;
   context->sax->reference = ReferToEntity;
   context->sax->resolveEntity = ResolveNothing;
@@ -230,7 +251,7 @@ bool XmlDocument::Load(std::string_view text) {
   document_.reset(xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()),
                                     nullptr, nullptr, kOptions));
   if (context->errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
-  if (refused) document_.reset();
+  if (parse.refused) document_.reset();
   return document_ != nullptr;
 }
 

@@ -174,5 +174,17 @@ TEST_F(DocumentTest, ManyNodesAndLongTextsLoad) {
   EXPECT_TRUE(Loads(text + "</r>"));
 }
 
+// A hundred attributes may be declared, with a default each; more are refused.
+TEST(XmlDocumentTest, DeclaredAttributesAreCounted) {
+  for (int const count : {100, 101}) {
+    std::string text = "<!DOCTYPE a [";
+    for (int i = 0; i < count; ++i) {
+      text += "<!ATTLIST a x" + std::to_string(i) + " CDATA '1'>";
+    }
+    XmlDocument document;
+    EXPECT_EQ(document.Load(text + "]><a/>"), count == 100) << count;
+  }
+}
+
 }  // namespace
 }  // namespace zel

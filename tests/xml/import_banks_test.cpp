@@ -112,6 +112,8 @@ TEST_F(ImportBanksTest, NamesAreCutToEightCharacters) {
                          "type='VANLAAR' name='abcdefghij'"));
   EXPECT_EQ(RealOf("VANLAAR", "ABCDEFGH", {1234567, 1234568}, "aij"), 2.0);
   EXPECT_FALSE(ImportBank("", "type='VANLAAR' name='abcdefghxx'"));
+  EXPECT_STREQ(Maint().GetLastErrorText(),
+               "Bank \"VANLAAR-abcdefghxx\" already exists in this library");
 }
 
 TEST_F(ImportBanksTest, TypeMatchesInAnyCase) {

@@ -130,6 +130,8 @@ TEST_F(ImportItemsTest, NumberOfKeysIsChecked) {
               "Item \"1234567\" - 1 key was entered but 2 are required");
   ExpectError("VANLAAR", "<keys>1234567 1234568 1234569</keys>",
               "Item \"1234567:1234568:1234569\" - 3 keys were entered but only 2 are allowed");
+  ExpectError("ALPHA", "<keys>1 2 3 4 5 6 7 8 9 10</keys>",
+              "Item \"1:2:3:4:5:6:7:8:9:10\" - 10 keys were entere but only 1 is allowed");
   ExpectError("HOCV", "", "0 keys were entered but at least 1 is required");
   ExpectError("HOCV", "<keys>1234567 1234568 A</keys>",
               "Item \"1234567:1234568:A\" - 3 keys were entered but no more than 2 are allowed");

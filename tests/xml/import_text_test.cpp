@@ -27,6 +27,12 @@ TEST(TokensTest, BlanksAloneSeparate) {
   EXPECT_EQ(Split("   "), Texts{});
 }
 
+// Work stops at what is kept: this takes minutes where every line looks for a mark to the end.
+TEST(MemoTextTest, MillionsOfLinesTakeNoTime) {
+  std::string const lines(std::size_t{8} << 20, '\n');
+  EXPECT_EQ(MemoText(lines).size(), 3999U);
+}
+
 TEST(MemoTextTest, MarksOfFurtherLinesAreDropped) {
   EXPECT_EQ(MemoText(" one"), "one");
   EXPECT_EQ(MemoText(" one\n            [ two\n            [ three"), "one\ntwo\nthree");

@@ -139,6 +139,20 @@ TEST_F(ImportTest, EmptyIncludesAddNothing) {
   EXPECT_STREQ(version, "9");
 }
 
+TEST_F(ImportTest, OfTwoGroupsOnlyTheFirstIsRead) {
+  MakeFile("g.xml",
+           "<group><bank type='VANLAAR' name='A'/><group><bank type='VANLAAR' name='B'/></group>"
+           "</group>");
+  EXPECT_FALSE(ImportLibrary("<import file='g.xml'/>"));
+  EXPECT_EQ(Lines(), "  VANLAAR:A\n*** g.xml : error : Unrecognized node <group> found within "
+                     "<library> node\n");
+  EXPECT_FALSE(Maint().BankExists("VANLAAR", "B"));
+  // Side by side they are no document.
+  MakeFile("two.xml", "<group/><group/>");
+  EXPECT_FALSE(ImportLibrary("<import file='two.xml'/>"));
+  EXPECT_EQ(Lines(), Error("Format error in XML document \"" + Path("two.xml") + "\""));
+}
+
 TEST_F(ImportTest, DeclarationOfAnIncludedRootIsAnUnknownNode) {
   MakeFile("a.xml", "<?xml version='1.0'?><bank type='VANLAAR' name='A'/>");
   EXPECT_FALSE(ImportLibrary("<import file='a.xml'/>"));

@@ -1,0 +1,3 @@
+set(verify_TEST_SOURCES
+    catalogue_test.cpp
+    verify_test.cpp)
