@@ -13,6 +13,13 @@ constexpr std::size_t kNameLength = 8;
 
 std::size_t Count(long count) noexcept { return static_cast<std::size_t>(std::max(count, 0L)); }
 
+// A row of nine letters has no end: nothing behind the eighth is looked at.
+std::string CutName(char const* name) {
+  std::size_t length = 0;
+  while (name != nullptr && length < kNameLength && name[length] != '\0') ++length;
+  return std::string(name != nullptr ? name : "", length);
+}
+
 }  // namespace
 
 LibSearch::~LibSearch() = default;
@@ -54,9 +61,7 @@ void LibSearch_i::TakeLibraries(long count, LibFile* const* libraries) {
 template <typename Names>
 void LibSearch_i::TakeNames(long count, Names names) {
   bankNames_.clear();
-  for (std::size_t i = 0; i < Count(count); ++i) {
-    bankNames_.emplace_back(TextOrEmpty(names[i]).substr(0, kNameLength));
-  }
+  for (std::size_t i = 0; i < Count(count); ++i) bankNames_.push_back(CutName(names[i]));
 }
 
 void LibSearch_i::SetLibraries(long count, LibFile* const* libraries) {

@@ -1,5 +1,6 @@
 set(lists_TEST_SOURCES
     comp_list_test.cpp
     filter_test.cpp
+    search_order_test.cpp
     search_test.cpp
     sort_keys_test.cpp)
