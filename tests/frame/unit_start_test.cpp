@@ -1,0 +1,141 @@
+// The order in which a unit word is tried, and the file that the unit system is started from.
+#include <gtest/gtest.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "tests/frame/temp_folder.h"
+#include "tests/frame/unit_fixture.h"
+#include "tests/support/allocations.h"
+
+namespace zel {
+namespace {
+
+class UnitWordTest : public test::UnitSystemTest {};
+
+TEST_F(UnitWordTest, MoleIsLookedForInTheFirst29Characters) {
+  // 25 letters and "-mol" are 29.
+  std::string const fits = "(lb/sec)/sqrt(psi-lb/ft3)";
+  ASSERT_EQ(fits.size(), 25u);
+  EXPECT_EQ(Opened("flowconductance", (fits + "-mol").c_str()), fits);
+  EXPECT_EQ(Opened("flowconductance", (fits + "-mole").c_str()), fits);
+  // 27 letters and "-mol" are 31: the cut leaves "-m".
+  std::string const beyond = "(lb/sec)/sqrt(inH2O-lb/ft3)";
+  EXPECT_EQ(Opened("flowconductance", beyond.c_str()), beyond);
+  EXPECT_EQ(Opened("flowconductance", (beyond + "-mol").c_str()), "-");
+}
+
+TEST_F(UnitWordTest, OtherBasisIsTriedAsKeywordToo) {
+  EXPECT_EQ(Opened("vol", "lit-mol"), "liter");
+  EXPECT_EQ(Opened("currency", "usd-mole"), "$");
+}
+
+TEST_F(UnitWordTest, WordsThatAreRefusedLeaveNothingBehind) {
+  double value = 5.0;
+  for (char const* word : {"furlong", "furlong-mol", "lb-mol-mol", ""}) {
+    test::AllocationWatch const watch;
+    bool const refused =
+        OpenUnit("pres", word) == nullptr && !ConvertToInternal("pres", word, value);
+    int const requested = watch.Requested();
+    int const freed = watch.Freed();
+    EXPECT_TRUE(refused) << word;
+    EXPECT_GT(requested, 0);
+    EXPECT_EQ(requested, freed) << word;
+  }
+}
+
+TEST_F(UnitWordTest, ConvertingLeavesNothingBehind) {
+  double value = 25.0;
+  test::AllocationWatch const watch;
+  bool const converted = ConvertToInternal("temp", "C", value);
+  int const kept = watch.Requested() - watch.Freed();
+  EXPECT_TRUE(converted);
+  EXPECT_EQ(kept, 0);
+}
+
+// Each of the four ways finds another unit for one of these words.
+TEST(UnitWordOrder, TextThenKeywordThenTheOtherBasis) {
+  test::SmallTable table;
+  table.units =
+      "'one','TWO','',0,0,1\n'two','ONE','',0,0,1\n'x','x1','',0,0,1\n'x-mol','x2','',0,0,1\n"
+      "'y','z-mol','',0,0,1\n'z','z3','',0,0,1\n'v','w','',0,0,1\n'w1','v-mol','',0,0,1\n";
+  table.lists =
+      "'BEGINLIST'\n'Mixed'\n'one'\n'two'\n'x'\n'x-mol'\n'y'\n'z'\n'v'\n'w1'\n'ENDLIST'\n";
+  ASSERT_EQ(StartUnitSystemFrom(table.Text()), 0);
+  struct Case {
+    char const* word;
+    char const* display;
+  };
+  constexpr Case kCases[] = {
+      {"one", "one"},      // a text and a keyword
+      {"ONE", "one"},      // a text in any case comes before a keyword
+      {"two", "two"},      //
+      {"x", "x"},          // a text with and without "-mol"
+      {"x-mol", "x-mol"},  //
+      {"z-mol", "y"},      // a keyword; cut it were a text
+      {"w-mol", "v"},      // cut it is a keyword
+      {"v", "v"},          // a text; with "-mol" it were a keyword
+  };
+  for (Case const& row : kCases) {
+    uom_Unit* unit = OpenUnit("mixed", row.word);
+    ASSERT_NE(unit, nullptr) << row.word;
+    char text[30];
+    EXPECT_EQ(uom_GetDisplayUnits(unit, text, 30, 1), 0);
+    EXPECT_STREQ(text, row.display) << row.word;
+    uom_Free(&unit);
+  }
+}
+
+class UnitTableFileTest : public test::TempFolderTest {
+ protected:
+  UnitTableFileTest() : before_(platform::Environment("TMPDIR")) {
+    ::setenv("TMPDIR", Folder().c_str(), 1);
+    watch_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    EXPECT_GE(::inotify_add_watch(watch_, Folder().c_str(), IN_CREATE | IN_DELETE), 0);
+  }
+  ~UnitTableFileTest() override {
+    ::close(watch_);
+    before_.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before_.c_str(), 1);
+  }
+
+  // What came and went in the folder: '+' or '-' and the name.
+  std::vector<std::string> Events() const {
+    std::vector<std::string> events;
+    alignas(inotify_event) std::array<char, 4096> bytes{};
+    ssize_t const count = ::read(watch_, bytes.data(), bytes.size());
+    for (ssize_t at = 0; at < count;) {
+      inotify_event event;
+      std::memcpy(&event, bytes.data() + at, sizeof event);
+      std::string const name(bytes.data() + at + sizeof event);
+      events.push_back(((event.mask & IN_CREATE) != 0 ? "+" : "-") + name);
+      at += static_cast<ssize_t>(sizeof event + event.len);
+    }
+    return events;
+  }
+
+ private:
+  std::string before_;
+  int watch_ = -1;
+};
+
+TEST_F(UnitTableFileTest, OneFileNamedByTheProcessComesAndGoes) {
+  ASSERT_EQ(StartUnitSystemFrom(UnitTableResource()), 0);
+  std::vector<std::string> const events = Events();
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_EQ(events[0].rfind("+" + TableFilePrefix(::getpid()), 0), 0u) << events[0];
+  EXPECT_EQ(events[1].substr(1), events[0].substr(1));
+  EXPECT_EQ(events[1].front(), '-');
+}
+
+TEST_F(UnitTableFileTest, EmptyTableMakesNoFile) {
+  EXPECT_EQ(StartUnitSystemFrom(""), -1);
+  EXPECT_TRUE(Events().empty());
+}
+
+}  // namespace
+}  // namespace zel
