@@ -1,6 +1,7 @@
 set(xml_TEST_SOURCES
     bad_documents_test.cpp
     document_test.cpp
+    export_all_types_test.cpp
     export_component_test.cpp
     export_files_test.cpp
     export_items_test.cpp
