@@ -47,6 +47,20 @@ TEST_F(ExportComponentTest, LeastComponent) {
             "  </comp>\n");
 }
 
+TEST_F(ExportComponentTest, EveryLineIsIndented) {
+  test::FillComponent(bank_.Get());
+  bank_->SetPhase(4);
+  std::string const text = Text();
+  std::string expected;
+  for (std::size_t line = 0; line < text.size(); line = text.find('\n', line) + 1) {
+    expected += "  " + text.substr(line, text.find('\n', line) + 1 - line);
+  }
+  for (char const* element : {"<flags", "<smiles>", "<structure", "<property", "<correlation"}) {
+    EXPECT_NE(text.find("\n  " + std::string(element)), std::string::npos) << element;
+  }
+  EXPECT_EQ(Text(2), expected);
+}
+
 TEST_F(ExportComponentTest, IdentityHasWhatThereIs) {
   char const ids[12][9] = {"A", "", "C"};
   bank_->SetIdentity(10000007, 64175, 23, ids, "Et\"han\"ol", "C2H6O", 1);
@@ -105,6 +119,66 @@ TEST_F(ExportComponentTest, ConstantsInTheOrderOfTheTable) {
             "  <property name=\"MW\" value=\"46.0684\" />\n"
             "  <property name=\"VDWA\" value=\"0\" />\n"
             "  <property name=\"HVAPNBP\" value=\"1234568\" refCode=\"32000\" />\n");
+}
+
+// Keywords by index, as they stand in the printed table.
+TEST_F(ExportComponentTest, ConstantsHaveKeywords) {
+  struct Row {
+    std::uint32_t index;
+    char const* keyword;
+  };
+  constexpr Row kRows[] = {{0, "MW"},          {1, "TC"},
+                           {2, "PC"},          {3, "VC"},
+                           {4, "ZC"},          {5, "ACENTRIC"},
+                           {6, "CHAO"},        {7, "NMP"},
+                           {8, "NBP"},         {9, "SG60F"},
+                           {10, "MVOL25C"},    {11, "SOLUPARA"},
+                           {12, "PARACHOR"},   {13, "RACKETT"},
+                           {14, "DIPOLE"},     {15, "RADIUS"},
+                           {16, "DIELECTRIC"}, {17, "TDIELECTRIC"},
+                           {18, "VDWA"},       {19, "VDWV"},
+                           {23, "GFORMATION"}, {24, "HFORMATION"},
+                           {25, "FLASHPOINT"}, {26, "LOFLAMM"},
+                           {27, "HIFLAMM"},    {28, "AUTOIGNITION"},
+                           {33, "GHV"},        {34, "LHV"},
+                           {35, "CNUM"},       {36, "ZNUM"},
+                           {37, "TTP"},        {38, "PTP"},
+                           {39, "SVTB"},       {40, "SLTB"},
+                           {41, "SLTM"},       {42, "HVTB"},
+                           {43, "HLTB"},       {44, "HLTM"},
+                           {45, "HCOMBUST"},   {46, "HFUSIONNMP"},
+                           {47, "HVAPNBP"}};
+  std::string expected;
+  for (Row const& row : kRows) {
+    expected += "  <property name=\"" + std::string(row.keyword) + "\" value=\"" +
+                std::to_string(row.index + 1) + ".5\" />\n";
+  }
+  for (std::uint32_t i = 0; i < 100; ++i) bank_->SetProperty(i, i + 1.5);
+  EXPECT_EQ(Inner(), expected) << "no other index, and no alias";
+}
+
+// In the order of their numbers; a basis only where there is a choice.
+TEST_F(ExportComponentTest, CorrelationsHaveNames) {
+  struct Row {
+    char const* name;
+    bool hasBasis;
+  };
+  constexpr Row kRows[] = {
+      {"VaporPressure", false},  {"IdealEnthalpy", true},    {"LiquidEnthalpy", true},
+      {"LatentHeat", true},      {"LiquidDensity", true},    {"LiquidThermal", false},
+      {"VaporThermal", false},   {"LiquidViscosity", false}, {"VaporViscosity", false},
+      {"SurfaceTension", false}, {"Expansion", false},       {"SolidEnthalpy", true},
+      {"SolidDensity", true},    {"IdealGasCp", true},       {"LiquidCp", true},
+      {"SolidCp", true},         {"Dielectric", false},      {"CharacteristicVolume", true}};
+  std::string expected;
+  std::uint32_t index = 0;
+  for (Row const& row : kRows) {
+    SetCurve(index++, 0, 0, 0, 2, 2, gen_GetUndefDouble(), 5.0);
+    expected += "  <correlation name=\"" + std::string(row.name) + "\" equation=\"20\"" +
+                (row.hasBasis ? " moleWtBasis=\"wt\"" : "") +
+                " tMax=\"5\">\n    -1.5 -0.5\n  </correlation>\n";
+  }
+  EXPECT_EQ(Inner(), expected);
 }
 
 TEST_F(ExportComponentTest, CorrelationWithEverything) {

@@ -179,6 +179,60 @@ TEST_F(ExportFilesTest, FileThatCannotBeOpenedGivesFalse) {
   EXPECT_EQ(Body("lib.xml"), "<library>\n");
 }
 
+TEST_F(ExportFilesTest, PathHas259Characters) {
+  Put("VANLAAR", "V", {1, 2}, [](IZelBankDef*) {});
+  PutComponent(7, {"A"});
+  constexpr std::size_t kLongest = 259;
+  ASSERT_LT(Out().size(), kLongest - 10);
+  std::string const fits(kLongest - Out().size() - 4, 'a');
+  for (std::string const& path : {Out(fits + ".xml"), Out(fits)}) {
+    EXPECT_TRUE(Maint().ExportLibrary(path.c_str()));
+    EXPECT_TRUE(Maint().ExportBank("VANLAAR", "V", path.c_str()));
+    EXPECT_TRUE(Maint().ExportComponentByNumber("PURE", 7, path.c_str()));
+  }
+  for (std::string const& path : {Out(fits + "b.xml"), Out(fits + "b")}) {
+    EXPECT_FALSE(Maint().ExportLibrary(path.c_str()));
+    EXPECT_FALSE(Maint().ExportBank("VANLAAR", "V", path.c_str()));
+    EXPECT_FALSE(Maint().ExportComponentByNumber("PURE", 7, path.c_str()));
+  }
+  EXPECT_EQ(Files().count(fits + "b.xml"), 0U);
+}
+
+TEST_F(ExportFilesTest, FormsWithoutASwitchTakeTheStoredOne) {
+  PutComponent(7, {"A"});
+  auto const hasBanner = [this] {
+    return FileText(Out("x.xml")).find("*** Maintenance Log ***") != std::string::npos;
+  };
+  auto const isInline = [this] { return Body("x.xml").find("<comp>") != std::string::npos; };
+  std::string const file = Out("x.xml");
+  char const* const path = file.c_str();
+  for (bool on : {true, false}) {
+    // A switch that is given goes before the stored one.
+    Maint().SetWriteBanner(on);
+    EXPECT_TRUE(Maint().ExportComponentByNumber("PURE", 7, path));
+    EXPECT_EQ(hasBanner(), on);
+    EXPECT_TRUE(Maint().ExportComponentByNumber("PURE", 7, path, !on));
+    EXPECT_EQ(hasBanner(), !on);
+    EXPECT_TRUE(Maint().ExportComponentById("PURE", "A", path));
+    EXPECT_EQ(hasBanner(), on);
+    EXPECT_TRUE(Maint().ExportComponentById("PURE", "A", path, !on));
+    EXPECT_EQ(hasBanner(), !on);
+    EXPECT_TRUE(Maint().ExportLibrary(path));
+    EXPECT_EQ(hasBanner(), on);
+
+    Maint().SetComponentFiles(on);
+    EXPECT_TRUE(Maint().ExportBank("PURECOMP", "PURE", path));
+    EXPECT_EQ(hasBanner(), on);
+    EXPECT_EQ(isInline(), !on);
+    EXPECT_TRUE(Maint().ExportBank("PURECOMP", "PURE", path, !on));
+    EXPECT_EQ(hasBanner(), !on);
+    EXPECT_EQ(isInline(), !on);
+    EXPECT_TRUE(Maint().ExportBank("PURECOMP", "PURE", path, !on, !on));
+    EXPECT_EQ(hasBanner(), !on);
+    EXPECT_EQ(isInline(), on);
+  }
+}
+
 TEST_F(ExportFilesTest, ClosedLibraryAndNoneGiveFalse) {
   LibMaint_i none(nullptr);
   EXPECT_FALSE(none.ExportLibrary(Out().c_str()));

@@ -3,9 +3,11 @@
 #include <bit>
 #include <cmath>
 #include <random>
+#include <unordered_map>
 
 #include "store/packed_text.h"
 #include "tests/xml/export_fixture.h"
+#include "xml/export_items.h"
 #include "xml/text_out.h"
 
 namespace zel {
@@ -45,6 +47,12 @@ TEST_F(ExportItemsTest, NumericKeysAreNumbers) {
             "  <item>\n    <numerickey> -123 7 </numerickey>\n  </item>\n");
 }
 
+TEST_F(ExportItemsTest, NumericKeysHaveNoIdsThoughComponentsHaveTheNumbers) {
+  PutComponent(7, {"ETHANOL"});
+  EXPECT_EQ(Item("UNIFAC", {7, 8}, Nothing),
+            "  <item>\n    <numerickey> 7 8 </numerickey>\n  </item>\n");
+}
+
 TEST_F(ExportItemsTest, CharacterKeysAreText) {
   std::int32_t words[3];
   TextToWords("ABC d", words, 3);
@@ -71,6 +79,27 @@ TEST_F(ExportItemsTest, ComponentWithItselfIsOneNumber) {
   EXPECT_EQ(Item("VANLAAR", {7, 7}, Nothing),
             "  <item>\n    <keys> 00000007 00000007 </keys>\n  </item>\n")
       << "where two must be given";
+}
+
+TEST_F(ExportItemsTest, KeyIsNoShorterThanItMustBe) {
+  EXPECT_EQ(Item("HOCV", {kWildcard, kWildcard}, Nothing),
+            "  <item>\n    <keys> 2147483647 </keys>\n  </item>\n");
+}
+
+// A look-up walks whole banks, so what was found serves every later item and bank.
+TEST_F(ExportItemsTest, IdsAreLookedUpOnce) {
+  PutComponent(7, {"ETHANOL"});
+  PutComponent(8, {"WATER"});
+  Put("VANLAAR", "V", {7, 8}, Nothing);
+  std::unordered_map<std::int32_t, std::string> ids = {{7, "KNOWN"}};
+  platform::TextFile file(Out("items"));
+  Held<IZelBankDef> const bank(NewBank("VANLAAR"));
+  ItemExport(Maint(), file, ids).Write(bank.Get(), "V", 1);
+  file.Close();
+  EXPECT_EQ(FileText(Out("items")),
+            "  <item>\n    <keys> 00000007 00000008 </keys>\n"
+            "    <!--   KNOWN    WATER        -->\n  </item>\n");
+  EXPECT_EQ(ids, (std::unordered_map<std::int32_t, std::string>{{7, "KNOWN"}, {8, "WATER"}}));
 }
 
 // --- tags ----------------------------------------------------------------------------------------
