@@ -1,4 +1,5 @@
 // What goes out comes in again: libraries that hold every type, and the differences that are known.
+#include "maint/component_identity.h"
 #include "purecomp/tables.h"
 #include "tests/support/sample_component.h"
 #include "tests/support/sample_library.h"
@@ -156,6 +157,20 @@ TEST_F(RoundTripTest, BankOfTheFirstFormatWithoutItsNumberComesBackInTheHighest)
   EXPECT_EQ(copyMaint_->GetBankFormat("NRTL", "ONE"), 1);
 }
 
+TEST_F(RoundTripTest, UndefinedValuesBetweenOthersComeBack) {
+  double const kij[] = {0.5, gen_GetUndefDouble(), gen_GetUndefDouble(), 4.0};
+  Put("PRO", "P", {1, 2}, [&](IZelBankDef* bank) { bank->SetDoubleField("kij", kij); });
+  ReadBack(Maint(), "/copy.lb1");
+  EXPECT_EQ(Reports(), "");
+  Held<IZelBankDef> const bank(NewBank("PRO"));
+  Key_i key;
+  key.SetKey(1L, 2L);
+  ASSERT_TRUE(copyMaint_->ReadItem(bank.Get(), "P", &key));
+  double read[4] = {};
+  bank->GetDoubleField("kij", read);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(read[i], kij[i]) << i;
+}
+
 class ComponentRoundTripTest : public RoundTripTest {
  protected:
   ComponentRoundTripTest() { Maint().CreateBank("PURECOMP", "PURE", 0); }
@@ -189,6 +204,32 @@ TEST_F(ComponentRoundTripTest, DoubleQuoteOfANameStaysItsMark) {
   std::uint8_t keep;
   bank_->GetIdentity(&number, &cas, &code, ids, name, formula, &keep);
   EXPECT_STREQ(name, "a%quot;b");
+}
+
+TEST_F(ComponentRoundTripTest, RealsComeBackWithSevenDigits) {
+  Through([](IZelPureComp* c) { c->SetProperty(1, 1000.0 / 3.0); });
+  ASSERT_TRUE(found_) << Reports();
+  double value = 0.0;
+  bank_->GetProperty(1, &value);
+  EXPECT_EQ(value, 333.3333);
+}
+
+TEST_F(ComponentRoundTripTest, PhasesAndTheFlagOfAFormulaComeBack) {
+  for (std::int32_t phase : {4, 6, 7, 3}) {
+    test::ComponentBank component;
+    char const ids[12][9] = {"A"};
+    component->SetIdentity(7, 0, 0, ids, "Name", "C2H6O", phase == 6 ? 1 : 0);
+    component->SetPhase(phase);
+    Key_i key;
+    key.SetKey(7L);
+    ASSERT_TRUE(Maint().WriteItem(component.Def(), "PURE", &key));
+    ReadBack(Maint(), ("/copy" + std::to_string(phase) + ".lb1").c_str());
+    ASSERT_TRUE(copyMaint_->ReadItem(bank_.Def(), "PURE", &key)) << Reports();
+    std::int32_t read = 0;
+    bank_->GetPhase(&read);
+    EXPECT_EQ(read, phase);
+    EXPECT_EQ(ComponentIdentity(bank_.Get()).keepFormula, phase == 6 ? 1 : 0);
+  }
 }
 
 TEST_F(ComponentRoundTripTest, TwoUnitsOfMolarVolumeAreRefused) {
