@@ -7,6 +7,8 @@ set(xml_TEST_SOURCES
     export_items_test.cpp
     import_banks_test.cpp
     import_component_data_test.cpp
+    import_component_reports_test.cpp
+    import_component_units_test.cpp
     import_component_test.cpp
     import_items_test.cpp
     import_text_test.cpp

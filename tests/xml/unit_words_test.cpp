@@ -236,6 +236,43 @@ TEST_F(UnitWordsTest, FirstWarningInTheEleventhPlaceTakesTheLine) {
   EXPECT_EQ(Lines(), "");
 }
 
+// A word is read as far as its first 29 characters.
+TEST_F(UnitWordsTest, LongWordsAreCut) {
+  std::string const blanks(26, ' ');
+  EXPECT_EQ(CodeOf("pres", "kPa" + blanks), CodeOf("pres", "kPa" + blanks + "torr"));
+  EXPECT_NE(CodeOf("cond", std::string(29, 'w') + "/mk"), 35010);
+  EXPECT_EQ(Lines(), "");
+}
+
+TEST_F(UnitWordsTest, OnlyEntropiesAreMoved) {
+  EXPECT_EQ(CodeOf("spentropy", "btu/lb-f"), 30030);
+  EXPECT_EQ(CodeOf("spentropy", "j/g-c"), 0) << "moved, but not in the list";
+  EXPECT_EQ(CodeOf("spenthalpy", "kj/kg-k"), 0);
+  EXPECT_EQ(CodeOf("cond", "w/m-k"), 35010) << "its temperature stays behind";
+}
+
+// Any bytes and lengths, and words that differ from good ones in one place.
+TEST_F(UnitWordsTest, RandomBytesNeverFail) {
+  std::mt19937 random(11);
+  constexpr char const* kDimensions[] = {"temp",       "pres", "density",   "vols",
+                                         "spenthalpy", "cond", "spentropy", "visc",
+                                         "surf",       "diel", ""};
+  ::testing::internal::CaptureStdout();
+  for (int i = 0; i < 20'000; ++i) {
+    std::string word;
+    if (i % 2 == 0) {
+      word.resize(random() % 70);
+      for (char& c : word) c = static_cast<char>(random());
+    } else {
+      word = kUnitWords[random() % std::size(kUnitWords)].word;
+      word[random() % word.size()] = static_cast<char>(random());
+    }
+    std::int32_t const code = words_.CodeOf(kDimensions[random() % std::size(kDimensions)], word);
+    ASSERT_TRUE(code == 0 || (code > 1000 && code < 43'000)) << word;
+  }
+  ::testing::internal::GetCapturedStdout();
+}
+
 TEST_F(UnitWordsTest, RandomWordsNeverFail) {
   std::mt19937 random(7);
   constexpr std::string_view kLetters = "kgjcalbtuwmhrsedyn/-0123FKRC ";
