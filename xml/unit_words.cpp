@@ -96,8 +96,7 @@ std::string TemperatureInFront(std::string const& word) {
   if (end[0] != '-' || std::string_view("KCRF").find(ToUpper(end[1])) == std::string_view::npos) {
     return word;
   }
-  std::size_t const below = slash + 1;
-  if (below + end.size() > word.size()) return word;  // the slash stands in the ending
+  std::size_t const below = slash + 1;  // at most where the ending begins, which has no slash
   return word.substr(0, below) + end[1] + "-" +
          word.substr(below, word.size() - end.size() - below);
 }

@@ -239,12 +239,13 @@ TEST_F(ImportDataTest, SixteenthCoefficientIsNotRead) {
 }
 
 TEST_F(ImportDataTest, SecondElementAddsToTheCount) {
-  ASSERT_TRUE(
-      ImportElements("<correlation name='LatentHeat' equation='1' tMin='5'> 1 2 </correlation>"
-                     "<correlation name='LatentHeat' equation='2'> 7 </correlation>"));
+  ASSERT_TRUE(ImportElements(
+      "<correlation name='LatentHeat' equation='1' tMin='5' refCode='4'> 1 2 </correlation>"
+      "<correlation name='LatentHeat' equation='2'> 7 </correlation>"));
   Curve const c = CurveOf(3);
   EXPECT_EQ(c.equation, 2);
   EXPECT_EQ(c.tMin, 5.0) << "what the first gave stays";
+  EXPECT_EQ(c.refCode, 4U);
   ASSERT_EQ(c.count, 3);
   EXPECT_EQ(c.c[0], 7.0);
   EXPECT_EQ(c.c[1], 2.0);

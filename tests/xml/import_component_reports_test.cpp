@@ -51,6 +51,8 @@ constexpr Fault kFaults[] = {
      "Unrecognized attribute \"other\" found within component <id> node", true},
     {"<id number='7' casNum='64-17-6'> A </id>", "CAS number \"64-17-6\" is invalid", true},
     {"<id number='7' formula='Xx2'> A </id>", "Chemical formula \"Xx2\" is invalid", true},
+    {"<id number='7' formula='CHNOSPFIBKVWYUXx'> A </id>",
+     "Chemical formula \"CHNOSPFIBKVWYUXx\" is invalid", true},
     {"<id number='7'> A </id><flags phase='VS'/>",
      "Unrecognized value \"VS\" found for \"phase\" attribute", true},
     {"<id number='7'> A </id><flags other='1'/>",
@@ -163,6 +165,22 @@ TEST_F(ComponentReportsTest, NodesOfABankAreChecked) {
   Maint().SetLogLevel(0);
   EXPECT_FALSE(ImportBank("<item/><comp><id number='7'> A </id></comp>"));
   EXPECT_FALSE(Read(7));
+}
+
+// A component bank that ended by an error ends its library, when the run is silent.
+TEST_F(ComponentReportsTest, NodeUnknownToABankEndsASilentLibrary) {
+  std::string const library =
+      "<library><bank type='PURECOMP' name='PURE'><comp><id number='7'> A </id></comp><item/>"
+      "</bank><version>9</version></library>";
+  for (int level : {0, 1}) {
+    Forget();
+    Maint().SetLogLevel(level);
+    EXPECT_FALSE(Import(library));
+    EXPECT_TRUE(Read(7)) << "what was written stays";
+    char description[101], version[13];
+    library_->GetDescriptionAndVersion(description, version);
+    EXPECT_STREQ(version, level == 0 ? "" : "9");
+  }
 }
 
 // --- identities ----------------------------------------------------------------------------------

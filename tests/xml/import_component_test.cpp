@@ -319,8 +319,15 @@ TEST_F(StructureTest, UnknownModelsAndTheNameOfTheFirstAreRefused) {
 }
 
 TEST_F(StructureTest, TokensAreReadAsFarAsTheyGo) {
-  EXPECT_TRUE(ImportElements("<structure model='joback'> 5 x 7(2 (3) -1(+2)z </structure>"));
-  EXPECT_EQ(Groups(6), " 5(0) 0(0) 7(2) 0(0) -1(2)");
+  EXPECT_TRUE(ImportElements("<structure model='joback'> 5 x 7(2 (3) -1(+2)z 4x9 </structure>"));
+  EXPECT_EQ(Groups(6), " 5(0) 0(0) 7(2) 0(0) -1(2) 4(0)");
+}
+
+// A line end is part of a token: skipped before a number, and the end of what is read behind one.
+TEST_F(StructureTest, LinesDoNotSeparateGroups) {
+  EXPECT_TRUE(
+      ImportElements("<structure model='joback'>\n  1(1)\n2(2) \n3(\n3) 4\n(4) </structure>"));
+  EXPECT_EQ(Groups(6), " 1(1) 3(3) 4(0)");
 }
 
 TEST_F(StructureTest, TenGroupsAreKept) {

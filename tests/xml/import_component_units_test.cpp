@@ -186,6 +186,16 @@ TEST_F(OldWordsTest, CountAndFlagsGoOnThroughTheDocumentsOfOneImport) {
   }
 }
 
+TEST_F(OldWordsTest, CountGoesOnThroughTheBanksOfOneImport) {
+  MakeComponent("a.xml", 1, 11, "LiquidViscosity", "lbs/f");
+  MakeComponent("b.xml", 2, 3, "LiquidViscosity", "lbs/f");
+  ASSERT_TRUE(
+      Import("<library><bank type='PURECOMP' name='ONE'><import file='a.xml'/></bank>"
+             "<bank type='PURECOMP' name='TWO'><import file='b.xml'/></bank></library>"));
+  EXPECT_EQ(CountOf(Lines(), "*** a.xml : warning : "), 11U);
+  EXPECT_EQ(CountOf(Lines(), "*** b.xml : warning : "), 0U);
+}
+
 TEST_F(OldWordsTest, WarningsNeverStopASilentRun) {
   Maint().SetLogLevel(0);
   MakeComponent("a.xml", 1, 3, "LiquidViscosity", "lbs/f");

@@ -236,17 +236,23 @@ TEST_F(UnitWordsTest, FirstWarningInTheEleventhPlaceTakesTheLine) {
   EXPECT_EQ(Lines(), "");
 }
 
-// A word is read as far as its first 29 characters.
+// A word is read as far as its first 29 characters. Behind "-mol" anything may stand, so a cut
+// shows by the temperature at the end, which is then not moved.
 TEST_F(UnitWordsTest, LongWordsAreCut) {
-  std::string const blanks(26, ' ');
-  EXPECT_EQ(CodeOf("pres", "kPa" + blanks), CodeOf("pres", "kPa" + blanks + "torr"));
-  EXPECT_NE(CodeOf("cond", std::string(29, 'w') + "/mk"), 35010);
-  EXPECT_EQ(Lines(), "");
+  std::string const start = "cal/K-g-mol";
+  EXPECT_EQ(CodeOf("spentropy", start), 30022);
+  EXPECT_EQ(CodeOf("spentropy", start + std::string(16, 'x') + "-K"), 0) << "29 characters";
+  EXPECT_EQ(CodeOf("spentropy", start + std::string(17, 'x') + "-K"), 30022) << "30";
+  EXPECT_EQ(CodeOf("spentropy", start + std::string(500, 'x') + "-K"), 30022);
 }
 
 TEST_F(UnitWordsTest, OnlyEntropiesAreMoved) {
   EXPECT_EQ(CodeOf("spentropy", "btu/lb-f"), 30030);
   EXPECT_EQ(CodeOf("spentropy", "j/g-c"), 0) << "moved, but not in the list";
+  EXPECT_EQ(CodeOf("spentropy", "cal/g-mole-k"), 30022) << "moved, then cut before the mole";
+  EXPECT_EQ(CodeOf("spentropy", "BTU/LB-MOLE-F"), 30030);
+  EXPECT_EQ(CodeOf("spentropy", "cal/g/k"), 0) << "no dash before the temperature";
+  EXPECT_EQ(CodeOf("spentropy", "cal/gxk"), 0);
   EXPECT_EQ(CodeOf("spenthalpy", "kj/kg-k"), 0);
   EXPECT_EQ(CodeOf("cond", "w/m-k"), 35010) << "its temperature stays behind";
 }
