@@ -68,13 +68,18 @@ TEST_F(SearchOrderTest, OneComponentStandsForAPairWithItself) {
 
 TEST_F(SearchOrderTest, EachBankIsReadInItsOwnFormat) {
   Held<IZelBankDef> const nrtl(NewBank("NRTL"));
+  // The second format adds fij and five others.
   Write(0, "NRTL", "A", 1, 2, 1.5, 1);
-  Write(1, "NRTL", "A", 3, 4, 2.5, 2);
+  Write(1, "NRTL", "A", 3, 4, 2.5, 2, "fij");
   search_.SetLibraryBanks(2, all_, kAA);
+  double fij = 0.0;
   ASSERT_TRUE(Find(nrtl.Get(), 1, 2));
   EXPECT_EQ(Aij(nrtl.Get()), 1.5);
+  nrtl->GetDoubleField("fij", &fij);
+  EXPECT_TRUE(gen_IsUndefDouble(fij));
   ASSERT_TRUE(Find(nrtl.Get(), 3, 4));
-  EXPECT_EQ(Aij(nrtl.Get()), 2.5);
+  nrtl->GetDoubleField("fij", &fij);
+  EXPECT_EQ(fij, 2.5);
 }
 
 TEST_F(SearchOrderTest, NamesDropPairsAndLocatedBanksInBothForms) {
