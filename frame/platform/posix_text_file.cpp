@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 
 #include "frame/platform/text_file.h"
@@ -29,11 +30,30 @@ int Open(char const* path, int flags) {
   return static_cast<int>(Retried([&] { return ::open(path, flags | O_CLOEXEC, kNewFileMode); }));
 }
 
-// Reads to the end of an open file; the size is only a hint.
+// A file is read into one text whose length fits an int, as parsers of documents take it.
+constexpr std::size_t kLongestText = INT_MAX;
+
+// A descriptor that is closed with its scope.
+class OpenFile {
+ public:
+  explicit OpenFile(int file) : file_(file) {}
+  OpenFile(OpenFile const&) = delete;
+  OpenFile& operator=(OpenFile const&) = delete;
+  ~OpenFile() {
+    if (file_ >= 0) ::close(file_);
+  }
+  int Get() const noexcept { return file_; }
+
+ private:
+  int file_;
+};
+
+// Reads to the end of an open file; the size is only a hint. False when the file is too long.
 bool ReadAll(int file, std::size_t sizeHint, std::string& text) {
   std::size_t length = 0;
   text.resize(sizeHint + 1);
   for (;;) {
+    if (length > kLongestText) return false;
     if (length == text.size()) text.resize(2 * text.size());
     ssize_t const n =
         Retried([&] { return ::read(file, text.data() + length, text.size() - length); });
@@ -90,11 +110,11 @@ ReadResult ReadTextFile(std::string const& path, std::string& text) {
   struct stat status {};
   if (path.empty() || ::stat(path.c_str(), &status) != 0) return ReadResult::kMissing;
   if (!S_ISREG(status.st_mode)) return ReadResult::kUnreadable;
-  int const file = Open(path.c_str(), O_RDONLY);
-  if (file < 0) return ReadResult::kUnreadable;
-  bool const read = ReadAll(file, static_cast<std::size_t>(status.st_size), text);
-  ::close(file);
-  return read ? ReadResult::kRead : ReadResult::kUnreadable;
+  auto const size = static_cast<std::size_t>(status.st_size);
+  if (size > kLongestText) return ReadResult::kUnreadable;
+  OpenFile const file(Open(path.c_str(), O_RDONLY));
+  if (file.Get() < 0) return ReadResult::kUnreadable;
+  return ReadAll(file.Get(), size, text) ? ReadResult::kRead : ReadResult::kUnreadable;
 }
 
 }  // namespace zel::platform

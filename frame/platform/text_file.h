@@ -41,7 +41,7 @@ class TextFile {
 };
 
 enum class ReadResult : std::uint8_t { kRead, kMissing, kUnreadable };
-// All bytes of a file. `text` is undefined unless it was read.
+// All bytes of a file; one of 2 GiB or more is unreadable. `text` is undefined unless it was read.
 ReadResult ReadTextFile(std::string const& path, std::string& text);
 
 }  // namespace zel::platform

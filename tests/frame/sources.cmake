@@ -13,6 +13,7 @@ set(frame_TEST_SOURCES
     refused_calls.cpp
     search_path_test.cpp
     system_test.cpp
+    text_file_test.cpp
     trim7_test.cpp
     unit_conversion_test.cpp
     unit_factors_test.cpp
