@@ -304,11 +304,34 @@ void Verification::Identifiers() {
   }
 }
 
+// Null unless it is open.
+LibFile_i* OpenLibrary(LibFile* library) {
+  auto* const inner = dynamic_cast<LibFile_i*>(library);
+  return inner != nullptr && inner->GetBankTree() != nullptr ? inner : nullptr;
+}
+
 }  // namespace
 
+bool GetFileRoom(LibFile* library, std::int32_t file, ZelFileRoom& room) {
+  LibFile_i* const inner = OpenLibrary(library);
+  if (inner == nullptr || file < 1 || file >= f::kFileSlots) return false;
+  BlockStore& store = inner->Store();
+  if (store.FileState(file) != BlockStore::kOpen) return false;
+  room = {};
+  room.blockBytes = store.BlockWords(file) * f::kWordBytes;
+  room.blocks = store.BlocksInFile(file);
+  ExtentList const& free = store.Extents();
+  for (int i = 0; i < free.Count(); ++i) {
+    if (free[i].file != file || free[i].size == f::kOpenTail) continue;
+    ++room.freeRuns;
+    room.freeBlocks += free[i].size;
+  }
+  return true;
+}
+
 bool VerifyLibrary(LibFile* library, ZelFindingSink& sink) {
-  auto* const inner = dynamic_cast<LibFile_i*>(library);
-  if (inner == nullptr || inner->GetBankTree() == nullptr) {
+  LibFile_i* const inner = OpenLibrary(library);
+  if (inner == nullptr) {
     sink.Found(findingDamage, "header", "the library", "it is not open");
     return false;
   }

@@ -3,11 +3,13 @@
 #include <memory>
 #include <set>
 
+#include "bank_sense.h"
 #include "command.h"
 #include "failure.h"
 #include "fields.h"
 #include "item_key.h"
 #include "item_values.h"
+#include "progress.h"
 #include "sense_checks.h"
 
 namespace zelhost {
@@ -51,6 +53,7 @@ void Difference::Bank(BankName const& bank) {
   auto const b = Keys(other_, bank, *item);
   KeyWords wordsA(one_, *item);
   KeyWords wordsB(other_, *item);
+  Progress progress("comparing " + ToText(bank), a.size());
   std::size_t i = 0, k = 0;
   while (i < a.size() || k < b.size()) {
     bool const inA = k == b.size() || (i < a.size() && a[i] <= b[k]);
@@ -62,7 +65,10 @@ void Difference::Bank(BankName const& bank) {
     } else {
       OnlyIn(inA ? one_ : other_, place);
     }
-    if (inA) ++i;
+    if (inA) {
+      ++i;
+      progress.Step();
+    }
     if (inB) ++k;
   }
 }
@@ -96,6 +102,14 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
   }
 }
 
+BankName NamedInEither(Library const& one, Library const& other, std::string const& word) {
+  try {
+    return one.Bank(word);
+  } catch (Failure const&) {
+    return other.Bank(word);
+  }
+}
+
 Report Diff(Options const& o) {
   Library const one = Library::OpenRead(o.one);
   Library const other = Library::OpenRead(o.other);
@@ -110,9 +124,10 @@ Report Diff(Options const& o) {
   std::vector<BankName> a = one.Banks();
   std::vector<BankName> b = other.Banks();
   if (!o.bank.empty()) {
-    BankName const bank = has(a, one.Bank(o.bank)) ? one.Bank(o.bank) : other.Bank(o.bank);
-    std::erase_if(a, [&](BankName const& known) { return ToText(known) != ToText(bank); });
-    std::erase_if(b, [&](BankName const& known) { return ToText(known) != ToText(bank); });
+    BankName const bank = NamedInEither(one, other, o.bank);
+    auto const isOther = [&](BankName const& known) { return ToText(known) != ToText(bank); };
+    std::erase_if(a, isOther);
+    std::erase_if(b, isOther);
   }
   for (BankName const& bank : a) {
     if (has(b, bank)) {
@@ -159,9 +174,11 @@ void CheckSense(Library const& library, Collector& collector) {
   for (BankName const& bank : library.Banks(kPureType)) {
     SenseAcross across(tell);
     PureComponent component;
+    Progress progress("checking " + ToText(bank), Keys(library, bank, *component.Def()).size());
     std::int32_t words[10] = {};
     library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
     while (library.Maint().NextItem(words, component.Def())) {
+      progress.Step();
       Identity const identity = component.ReadIdentity();
       std::string const place =
           bank.name + " " + (identity.ids.empty() ? std::to_string(words[0]) : identity.FirstId());
@@ -169,6 +186,10 @@ void CheckSense(Library const& library, Collector& collector) {
       across.Component(component, place);
     }
     across.Close();
+  }
+  for (BankName const& bank : library.Banks()) {
+    CheckPairSense(library, bank, tell);
+    CheckGroupSense(library, bank, tell);
   }
 }
 

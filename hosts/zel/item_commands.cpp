@@ -7,6 +7,7 @@
 #include "failure.h"
 #include "fields.h"
 #include "item_key.h"
+#include "progress.h"
 #include "replacement.h"
 
 namespace zelhost {
@@ -56,17 +57,18 @@ std::int64_t CopyBank(Library const& from, Library const& to, BankName const& ba
   MakeBank(from, to, bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   KeyWords words(from, *item);
-  std::int64_t count = 0;
-  for (auto const& stored : Keys(from, bank, *item)) {
+  auto const keys = Keys(from, bank, *item);
+  Progress progress("copying " + ToText(bank), keys.size());
+  for (auto const& stored : keys) {
     zel::Handle<zel::Key> const key(zel::Key::NewKey());
     key->SetKeyWords(static_cast<long>(stored.size()), stored.data());
     if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
       Refuse(from, bank, Joined(words.Of(stored)), "cannot be read");
     }
     CopyItem(to, bank, *item, *key, Joined(words.Of(stored)), replace);
-    ++count;
+    progress.Step();
   }
-  return count;
+  return static_cast<std::int64_t>(keys.size());
 }
 
 std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {

@@ -1,4 +1,6 @@
 // create, info, memo, set
+#include <zelaccess/Verify.h>
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -52,6 +54,19 @@ std::string MemoOf(Library const& library) {
   return memo;
 }
 
+void AddFiles(Report& report, Library const& library) {
+  Table& table = report.Begin(
+      "files",
+      {{"file", ""}, {"block bytes", ""}, {"blocks", ""}, {"free blocks", ""}, {"free runs", ""}});
+  constexpr std::int32_t kFiles = 9;
+  for (std::int32_t file = 1; file <= kFiles; ++file) {
+    zel::ZelFileRoom room;
+    if (!zel::GetFileRoom(&library.File(), file, room)) continue;
+    table.Add({".lb" + std::to_string(file), std::int64_t{room.blockBytes}, room.blocks,
+               room.freeBlocks, std::int64_t{room.freeRuns}});
+  }
+}
+
 Report Info(Options const& o) {
   Library const library = Library::OpenRead(o.path);
   char description[101] = {};
@@ -60,18 +75,17 @@ Report Info(Options const& o) {
   zel::libTypes type = zel::libKind11;
   zel::accModes mode = zel::accRead;
   library.File().GetLibInfo(type, mode);
-  std::string const second = o.path.substr(0, o.path.size() - 1) + "2";
+  std::int32_t level = 0;
+  char password[101] = {};
+  library.File().GetPassword(level, password);
   Report report;
   report.Fact("library", o.path);
   report.Fact("description", Text(description));
   report.Fact("version", Text(version));
   report.Fact("kind", std::int64_t{type});
-  report.Fact("protected", library.File().IsPasswordLocked());
-  report.Fact("bytes", static_cast<std::int64_t>(std::filesystem::file_size(o.path)));
-  std::error_code none;
-  auto const size = std::filesystem::file_size(second, none);
-  report.Fact("bytes of .lb2", none ? Cell() : Cell(static_cast<std::int64_t>(size)));
+  report.Fact("password level", std::int64_t{level});
   report.Fact("memo", Text(MemoOf(library)));
+  AddFiles(report, library);
   Table& table = report.Begin("banks", {{"type", ""}, {"name", ""}, {"format", ""}, {"items", ""}});
   for (BankName const& bank : library.Banks()) {
     std::int64_t count = 0;

@@ -61,6 +61,12 @@ std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation) {
   return static_cast<std::uint32_t>(&correlation - Correlations().data());
 }
 
+std::vector<std::string> const& StructureModels() {
+  static std::vector<std::string> const models = {
+      "legacy", "orig-public", "orig-cons", "dort-public", "dort-cons", "lyngby", "joback"};
+  return models;
+}
+
 void AddCatalogue(Report& report) {
   Table& constants = report.Begin("constants", {{"keyword", ""}, {"unit", ""}, {"label", ""}});
   for (auto const& row : Constants()) {

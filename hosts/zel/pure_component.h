@@ -21,7 +21,9 @@ std::vector<zel::ZelCorrelationInfo> const& Correlations();
 zel::ZelConstantInfo const* FindConstant(std::string const& word);
 zel::ZelCorrelationInfo const* FindCorrelation(std::string const& word);
 std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation);
-// Tables of both.
+// The models that a component can have groups of, by index.
+std::vector<std::string> const& StructureModels();
+// Tables of constants and correlations.
 void AddCatalogue(Report& report);
 
 struct Identity {

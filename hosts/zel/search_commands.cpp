@@ -221,8 +221,8 @@ void AddPairs(Options const& o, std::vector<std::string> const& numbers, Sources
     for (std::size_t i = 0; i < o.components.size(); ++i) {
       for (std::size_t k = i + 1; k < o.components.size(); ++k) {
         std::string const from = SourceOfPair(sources, type, {numbers[i], numbers[k]});
-        table.Add({type, Joined({o.components[i], o.components[k]}), Word(from.empty() ? State::kMissing : State::kStored),
-                   Text(from)});
+        table.Add({type, Joined({o.components[i], o.components[k]}),
+                   Word(from.empty() ? State::kMissing : State::kStored), Text(from)});
       }
     }
   }
@@ -256,8 +256,8 @@ Report Coverage(Options const& o) {
     sources.Search(word, component);
     Identity const identity = component.ReadIdentity();
     Counts const counts = CountOf(component);
-    summary.Add({word, counts.stored, counts.filledIn, counts.missing, counts.curves,
-                 identity.name});
+    summary.Add(
+        {word, counts.stored, counts.filledIn, counts.missing, counts.curves, identity.name});
     numbers.push_back(std::to_string(identity.number));
     if (o.details) AddDetails(word, component, details);
   }

@@ -221,7 +221,7 @@ std::vector<SenseKind> const& SenseKinds() {
   static std::vector<SenseKind> const kinds = {
       {"cas", "a component has a CAS number with a right check digit"},
       {"cas-shared", "components with one CAS number have one formula"},
-      {"repeated", "no two components have the same coefficients"},
+      {"repeated", "no two components have the same coefficients, or both TC and PC in common"},
       {"formula-weight", "MW is that of the formula within 0.05 %"},
       {"temperatures", "melting, triple and boiling point, critical point and ranges are in order"},
       {"critical", "TC, PC and VC agree with ZC, which lies within 0.15 to 0.40"},
@@ -231,6 +231,8 @@ std::vector<SenseKind> const& SenseKinds() {
        "vapor pressure and vapor viscosity rise, surface tension falls, heat capacities "
        "are positive"},
       {"source", "each constant has a reference code"},
+      {"pair-twice", "a pair stored in both orders has the same values in both"},
+      {"group-use", "groups have interactions, and components have groups that are there"},
       {"magnitude", "a constant is the same in two libraries within a factor of 1.5"}};
   return kinds;
 }
@@ -257,7 +259,14 @@ void SenseAcross::Component(PureComponent const& component, std::string const& p
     if (curve.coefficients.size() < 2) continue;
     std::string text = row.name + (" of equation " + std::to_string(curve.equation)) + ":";
     for (double const c : curve.coefficients) text += " " + Digits(c);
-    curves_.push_back({std::move(text), {place, identity.formula, row.name}});
+    numbers_.push_back(
+        {std::move(text),
+         {place, identity.formula, row.name + std::string(" has the coefficients")}});
+  }
+  if (Has(component.Constant(kTC)) && Has(component.Constant(kPC))) {
+    numbers_.push_back(
+        {"TC and PC: " + Digits(component.Constant(kTC)) + " " + Digits(component.Constant(kPC)),
+         {place, identity.formula, "has TC and PC"}});
   }
 }
 
@@ -277,13 +286,13 @@ void SenseAcross::CasShared() {
 }
 
 void SenseAcross::Repeated() {
-  std::stable_sort(curves_.begin(), curves_.end(),
+  std::stable_sort(numbers_.begin(), numbers_.end(),
                    [](auto const& a, auto const& b) { return a.first < b.first; });
-  for (std::size_t i = 1; i < curves_.size(); ++i) {
-    auto const& [text, seen] = curves_[i];
-    auto const& [textBefore, before] = curves_[i - 1];
+  for (std::size_t i = 1; i < numbers_.size(); ++i) {
+    auto const& [text, seen] = numbers_[i];
+    auto const& [textBefore, before] = numbers_[i - 1];
     if (text != textBefore) continue;
-    tell_("repeated", seen.place, seen.text + " has the coefficients of " + before.place);
+    tell_("repeated", seen.place, seen.text + " of " + before.place);
   }
 }
 

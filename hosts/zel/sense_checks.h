@@ -31,7 +31,6 @@ class SenseAcross {
   explicit SenseAcross(TellSense tell) : tell_(std::move(tell)) {}
 
   void Component(PureComponent const& component, std::string const& place);
-  // A pair of a type that is not turned round: both orders can be there.
   void Close();
 
  private:
@@ -45,7 +44,7 @@ class SenseAcross {
 
   TellSense tell_;
   std::vector<std::pair<std::string, Seen>> casNumbers_;
-  std::vector<std::pair<std::string, Seen>> curves_;  // coefficients, by name of the correlation
+  std::vector<std::pair<std::string, Seen>> numbers_;  // coefficients, critical constants
 };
 
 // Constants of one component in two libraries that differ by more than a factor of 1.5.

@@ -94,16 +94,15 @@ void AddCurves(PureComponent const& component, Report& report) {
 }
 
 void AddGroups(PureComponent const& component, Report& report) {
-  static constexpr char const* kModels[] = {"legacy",    "orig-public", "orig-cons", "dort-public",
-                                            "dort-cons", "lyngby",      "joback"};
+  std::vector<std::string> const& models = StructureModels();
   Table& table = report.Begin("groups", {{"model", ""}, {"group", ""}, {"count", ""}});
-  for (std::uint32_t model = 0; model < std::size(kModels); ++model) {
+  for (std::uint32_t model = 0; model < models.size(); ++model) {
     std::int32_t count = 0;
     std::int32_t ids[10] = {};
     std::int32_t counts[10] = {};
     if (component->GetRawStructure(model, &count, ids, counts) != zel::kStatusOk) continue;
     for (std::int32_t i = 0; i < count; ++i) {
-      table.Add({kModels[model], std::int64_t{ids[i]}, std::int64_t{counts[i]}});
+      table.Add({models[model], std::int64_t{ids[i]}, std::int64_t{counts[i]}});
     }
   }
 }

@@ -44,6 +44,20 @@ ZEL_API void GetKeyText(std::int32_t const* words, std::int32_t count, char* tex
 // (2021), in kg/kg-mol; undefined for a text that is no formula and for elements that have none.
 ZEL_API double GetFormulaWeight(char const* formula);
 
+// --- room in the files ---------------------------------------------------------------------------
+
+// One file of an open library. Free runs lie between used blocks and are filled by later writes; the
+// room behind the last block is not among them.
+struct ZelFileRoom {
+  std::int32_t blockBytes = 0;
+  std::int64_t blocks = 0;
+  std::int64_t freeBlocks = 0;
+  std::int32_t freeRuns = 0;
+};
+
+// False when the library is not open or has no file of that number (1 to 9).
+ZEL_API bool GetFileRoom(LibFile* library, std::int32_t file, ZelFileRoom& room);
+
 // --- the integrity check -------------------------------------------------------------------------
 
 enum zelFindings : std::int32_t {

@@ -69,13 +69,13 @@ TEST_P(FormulaWeightTest, IsTheSumOfItsAtoms) {
   EXPECT_NEAR(GetFormulaWeight(GetParam().formula), GetParam().weight, 1e-9);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, FormulaWeightTest,
-    ::testing::Values(WeightRow{"H2O", 2 * 1.008 + 15.999},
-                      WeightRow{"C2H5OH", 2 * 12.011 + 6 * 1.008 + 15.999},
-                      WeightRow{"(CH3)2CO", 3 * 12.011 + 6 * 1.008 + 15.999},
-                      WeightRow{"UF6", 238.03 + 6 * 18.998},
-                      WeightRow{"CuSO4.5H2O", 63.546 + 32.06 + 9 * 15.999 + 10 * 1.008}));
+INSTANTIATE_TEST_SUITE_P(Rows, FormulaWeightTest,
+                         ::testing::Values(WeightRow{"H2O", 2 * 1.008 + 15.999},
+                                           WeightRow{"C2H5OH", 2 * 12.011 + 6 * 1.008 + 15.999},
+                                           WeightRow{"(CH3)2CO", 3 * 12.011 + 6 * 1.008 + 15.999},
+                                           WeightRow{"UF6", 238.03 + 6 * 18.998},
+                                           WeightRow{"CuSO4.5H2O",
+                                                     63.546 + 32.06 + 9 * 15.999 + 10 * 1.008}));
 
 TEST(FormulaWeightTest, IsUndefinedForWhatIsNoFormula) {
   for (char const* text : {"", "mixture", "petro", "Xx2", "(CH3", "12", "H0"}) {

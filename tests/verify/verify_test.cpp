@@ -238,8 +238,7 @@ TEST_F(VerifyTest, LeafAtAnotherDepth) {
   ASSERT_TRUE(Verify()) << sink_.Lines();
   std::size_t const root = RootOf("VANLAAR", "DEEP");
   std::int32_t const left = Get(kSamplePath2, root + 4 * f::kNodeLinks);
-  std::size_t const child =
-      static_cast<std::size_t>(left % f::kFileFactor - 1) * 4 * f::kNodeWords;
+  std::size_t const child = static_cast<std::size_t>(left % f::kFileFactor - 1) * 4 * f::kNodeWords;
   second = Get(kSamplePath2, child + 4 * f::kNodeLinks);
   ASSERT_NE(second, f::kNullAddress);
   Put(kSamplePath2, root + 4 * f::kNodeLinks, second);  // a leaf where an inner node was
@@ -251,7 +250,8 @@ TEST_F(VerifyTest, LeafAtAnotherDepth) {
 TEST_F(VerifyTest, NodeThatIsItsOwnChild) {
   std::int32_t const root = Get(kSamplePath2, HeadOf("VANLAAR", "B1") + 4 * f::kHeadRootAddress);
   std::size_t const node = RootOf("VANLAAR", "B1");
-  std::int32_t const width = Get(kSamplePath2, HeadOf("VANLAAR", "B1") + 4 * f::kHeadEntryWords) + 1;
+  std::int32_t const width =
+      Get(kSamplePath2, HeadOf("VANLAAR", "B1") + 4 * f::kHeadEntryWords) + 1;
   Put(kSamplePath2, node + 4 * f::kNodeLinks, root);
   Put(kSamplePath2, node + 4 * static_cast<std::size_t>(f::kNodeLinks + width), root);
   EXPECT_FALSE(Verify());
@@ -311,6 +311,37 @@ TEST_F(VerifyTest, BlocksOfADeletedBankAreLeaked) {
   }
   EXPECT_TRUE(Verify());
   EXPECT_TRUE(sink_.Has("block-leaked")) << sink_.Lines();
+}
+
+TEST_F(VerifyTest, RoomOfTheFiles) {
+  ZelFileRoom room;
+  auto const library = Open(accUpdate);
+  ASSERT_TRUE(GetFileRoom(library.get(), 1, room));
+  EXPECT_EQ(room.blockBytes, 4 * f::kBlockWordsOfFile1);
+  std::int64_t const freeBefore = room.freeBlocks;
+  std::int32_t const runsBefore = room.freeRuns;
+  std::int64_t const blocksBefore = room.blocks;
+  // A run of three blocks becomes free in front of another one.
+  std::vector<std::int32_t> const words(static_cast<std::size_t>(3 * f::kBlockWordsOfFile1), 7);
+  std::int32_t address = f::kNullAddress;
+  std::int32_t behind = f::kNullAddress;
+  auto const length = static_cast<std::int32_t>(words.size());
+  library->WriteBlock(address, length, words.data(), 1);
+  library->WriteBlock(behind, length, words.data(), 1);
+  ASSERT_TRUE(GetFileRoom(library.get(), 1, room));
+  EXPECT_EQ(room.blocks, blocksBefore + 6);
+  library->FreeBlock(address, length);
+  ASSERT_TRUE(GetFileRoom(library.get(), 1, room));
+  EXPECT_EQ(room.freeBlocks, freeBefore + 3);
+  EXPECT_EQ(room.freeRuns, runsBefore + 1);
+  ASSERT_TRUE(GetFileRoom(library.get(), 2, room));
+  EXPECT_EQ(room.blockBytes, 4 * f::kNodeWords);
+  for (std::int32_t const file : {-1, 0, 3, 9, 10}) {
+    EXPECT_FALSE(GetFileRoom(library.get(), file, room)) << file;
+  }
+  EXPECT_FALSE(GetFileRoom(nullptr, 1, room));
+  library->CloseLibFile();
+  EXPECT_FALSE(GetFileRoom(library.get(), 1, room));
 }
 
 // Whatever the bytes are, the check ends and throws nothing.

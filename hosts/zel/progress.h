@@ -1,0 +1,36 @@
+// A bar on standard error while long work lasts.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+namespace zelhost {
+
+// Shows nothing unless standard error is a terminal, and nothing for work that is done in half a
+// second. The environment variable ZEL_PROGRESS_DELAY sets another time, in milliseconds.
+class Progress {
+ public:
+  // `total` steps of doing `what`, e.g. "copying NRTL:VLE".
+  Progress(std::string what, std::size_t total);
+  Progress(Progress const&) = delete;
+  Progress& operator=(Progress const&) = delete;
+  // Wipes the bar.
+  ~Progress();
+
+  void Step();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void Draw();
+
+  std::string what_;
+  std::size_t total_;
+  std::size_t done_ = 0;
+  bool enabled_;
+  bool drawn_ = false;
+  Clock::time_point next_;
+};
+
+}  // namespace zelhost
