@@ -46,7 +46,12 @@ void LibSearch_i::DropEntries() noexcept {
 
 // Libraries and names that came as pairs go together.
 void LibSearch_i::DropPairs() noexcept {
-  if (!pairsSet_) return;
+  if (pairsSet_) DropAll();
+}
+
+void LibSearch_i::DropAll() noexcept {
+  librariesSet_ = false;
+  namesSet_ = false;
   pairsSet_ = false;
   libraries_.clear();
   bankNames_.clear();
@@ -87,8 +92,7 @@ void LibSearch_i::SetBankNames(long count, char const* const* names) {
 
 void LibSearch_i::SetLibraryBanks(long count, LibFile* const* libraries, char const (*names)[9]) {
   DropEntries();
-  librariesSet_ = false;
-  namesSet_ = false;
+  DropAll();
   TakeLibraries(count, libraries);
   TakeNames(count, names);
   foundFlags_.assign(Count(count), 0);
@@ -168,8 +172,9 @@ bool LibSearch_i::ReadEntries(Key_p* key, IZelBankIO* bank, BlockInfo const& inf
 bool LibSearch_i::Search(Key* key, IZelBankDef* bank, bool allBanks) {
   auto* inner = dynamic_cast<Key_p*>(key);
   auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
-  if (inner == nullptr || !io) return false;
+  if (!io) return false;
   io->Clear();
+  if (inner == nullptr) return false;
   inner->ClearCache();
   BlockInfo const info(io.Get());
   // Only components merge.

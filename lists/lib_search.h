@@ -46,6 +46,7 @@ class LibSearch_i final : public LibSearch_p {
   };
 
   void DropPairs() noexcept;
+  void DropAll() noexcept;
   void DropEntries() noexcept;
   void TakeLibraries(long count, LibFile* const* libraries);
   template <typename Names>

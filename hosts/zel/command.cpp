@@ -1,6 +1,8 @@
 #include "command.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 
 #include "failure.h"
@@ -36,7 +38,8 @@ int ExitStatus() { return exitStatus; }
 
 void Write(std::string const& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
-    throw Failure("standard output cannot be written");
+    if (errno == EPIPE) throw PipeClosed();
+    throw Failure(std::string("standard output cannot be written: ") + std::strerror(errno));
   }
 }
 

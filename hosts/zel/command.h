@@ -74,7 +74,7 @@ void AddCompareCommands(CLI::App& app);   // diff, check
 void SetExitStatus(int status);
 int ExitStatus();
 
-// Writes to standard output; throws Failure when it cannot.
+// Writes to standard output; throws Failure when it cannot, PipeClosed when nobody reads it.
 void Write(std::string const& text);
 
 }  // namespace zelhost

@@ -1,6 +1,7 @@
 // What ends a command: one line for the user.
 #pragma once
 
+#include <exception>
 #include <stdexcept>
 
 namespace zelhost {
@@ -11,6 +12,9 @@ class Failure : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+// Nobody reads standard output any more.
+class PipeClosed : public std::exception {};
 
 // The words on the command line make no sense together; exit status 2.
 class WrongUsage : public std::runtime_error {

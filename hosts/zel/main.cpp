@@ -1,7 +1,9 @@
 // zel: component libraries from the command line, for the people who keep them.
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
+#include <sstream>
 #include <string>
 
 #include "command.h"
@@ -35,20 +37,27 @@ int Parsed(CLI::App& app, int count, char** words) {
   try {
     app.parse(count, words);
     return zelhost::ExitStatus();
-  } catch (CLI::CallForHelp const& call) {
-    return app.exit(call);
-  } catch (CLI::CallForAllHelp const& call) {
-    return app.exit(call);
-  } catch (CLI::CallForVersion const& call) {
-    return app.exit(call);
+  } catch (CLI::Success const& wish) {  // --help or --version
+    std::ostringstream text;
+    app.exit(wish, text, text);
+    zelhost::Write(text.str());
+    return 0;
   } catch (CLI::ParseError const& error) {
     return Fail(kWrongUsage, std::string(error.what()) + "; see zel --help");
   }
 }
 
+// Ends as a program does that writes to a closed pipe, but only now that nothing is left half done.
+int EndByClosedPipe() {
+  std::signal(SIGPIPE, SIG_DFL);
+  std::raise(SIGPIPE);
+  return kFailed;
+}
+
 }  // namespace
 
 int main(int count, char** words) {
+  std::signal(SIGPIPE, SIG_IGN);
   try {
     CLI::App app("zel: looks into component libraries of thermophysical data and keeps them",
                  "zel");
@@ -60,7 +69,7 @@ int main(int count, char** words) {
     app.fallthrough();
     app.add_option_function<std::string>(
            "--names", [](std::string const& path) { zelhost::UseNames(path); },
-           "a library that knows the IDs and CAS numbers which the library at hand does not")
+           "a library for IDs that the one at hand does not know")
         ->type_name("LIBRARY")
         ->envname("ZEL_NAMES")
         ->trigger_on_parse();
@@ -73,6 +82,8 @@ int main(int count, char** words) {
     zelhost::AddItemCommands(app);
     zelhost::AddCompareCommands(app);
     return Parsed(app, count, words);
+  } catch (zelhost::PipeClosed const&) {
+    return EndByClosedPipe();
   } catch (zelhost::WrongUsage const& error) {
     return Fail(kWrongUsage, error.what());
   } catch (std::bad_alloc const&) {

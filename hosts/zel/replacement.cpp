@@ -87,8 +87,7 @@ FileLock MakeWorkFolder(std::string const& folder, std::string const& path) {
 
 void AddChangeOptions(Command& command, ChangeOptions& options) {
   command.Option("--password", options.password, "of a protected library", "TEXT")
-      .Flag("--in-place", options.inPlace,
-            "change the library itself: faster, and a failure leaves it half changed");
+      .Flag("--in-place", options.inPlace, "no copy: faster, but a failure leaves it half changed");
 }
 
 FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 
 #include "tests/lists/search_fixture.h"
+#include "tests/support/allocations.h"
 
 namespace zel {
 namespace {
@@ -26,6 +28,7 @@ TEST_F(SearchTest, NothingSetFindsNothing) {
   EXPECT_TRUE(Find(vanLaar_.Get(), 1, 2));
   EXPECT_EQ(Aij(vanLaar_.Get()), 3.5);
   EXPECT_FALSE(search_.Search(nullptr, vanLaar_.Get(), false));
+  EXPECT_TRUE(gen_IsUndefDouble(Aij(vanLaar_.Get()))) << "what was found before is gone";
   Key_i key;
   EXPECT_FALSE(search_.Search(&key, nullptr, false));
 }
@@ -111,6 +114,50 @@ TEST_F(SearchTest, ComponentIsMergedFromAllPairsAndCompleted) {
   bank->GetProperty(9, &value);
   EXPECT_TRUE(gen_IsUndefDouble(value)) << "the first bank alone";
   EXPECT_EQ(Source(bank.Def()), "Lib0:A");
+}
+
+TEST_F(SearchTest, CriticalConstantsOfTwoLibrariesThatContradictAreWarnedOf) {
+  // TC and PC of one library with VC and ZC of another; X of the four is 0.59.
+  WriteComponent(0, "A", 77, {{1, 514.0}, {2, 6137.0}});
+  WriteComponent(1, "A", 77, {{3, 0.1}, {4, 0.241}});
+  WriteComponent(2, "A", 77, {{1, 514.0}, {2, 6137.0}, {3, 0.1}, {4, 0.241}});
+  ComponentBank bank;
+  std::uint8_t flag = 0;
+  char text[260];
+  search_.SetLibraryBanks(3, all_, kAAA);
+  ASSERT_TRUE(FindComponent(bank, 77, true));
+  bank->GetConsistencyWarning(&flag, text);
+  EXPECT_EQ(flag, 1);
+  EXPECT_STREQ(text,
+               "The [Pc*Vc/(R*Zc*Tc) = 1] consistency check is showing an error greater than 10% "
+               "for ETHANOL.");
+  search_.SetLibraryBanks(1, &all_[2], kA);
+  ASSERT_TRUE(FindComponent(bank, 77, true));
+  bank->GetConsistencyWarning(&flag, text);
+  EXPECT_EQ(flag, 0) << "one library is trusted";
+  EXPECT_STREQ(text, "");
+}
+
+TEST_F(SearchTest, PairsThatMemoryCouldNotHoldAreNoPairs) {
+  Write(0, "VANLAAR", "A", 1, 2, 3.5);
+  static constexpr char kMany[8][9] = {"A", "B", "C", "D", "E", "F", "G", "H"};
+  LibFile* const libraries[] = {all_[0], all_[0], all_[0], all_[0],
+                                all_[0], all_[0], all_[0], all_[0]};
+  int refused = 0;
+  for (int nth = 1; nth <= 16; ++nth) {
+    search_.SetLibraryBanks(3, libraries, kMany);
+    {
+      test::AllocationWatch const watch(nth);
+      try {
+        search_.SetLibraryBanks(8, libraries, kMany);
+        continue;
+      } catch (std::bad_alloc const&) {
+        ++refused;
+      }
+    }
+    EXPECT_FALSE(Find(vanLaar_.Get(), 1, 2)) << nth;
+  }
+  EXPECT_GT(refused, 0);
 }
 
 TEST_F(SearchTest, WithoutPairsTheSourceIsTheLastBankRead) {
