@@ -18,60 +18,69 @@ namespace implicit {
 inline constexpr int kRounds = 20;
 inline constexpr double kTolerance = 1e-07;
 
-// A start for the second iteration, or the final answer where none is needed.
-struct Start {
-  double y;
-  bool final;
+// How a solution was come by, on which its derivatives depend.
+enum class End {
+  kRoot,      // it solves the equation
+  kVirial,    // 1/(b s), above which there is no root
+  kNoVirial,  // exp(b L), the root without the virial term
+  kConstant   // where the scan ended: a constant
 };
 
-// y down from exp(-60) by thirds until ln y - s2 y falls below L2, at most to the floor.
-inline Start Scan(double L2, double s2, double floor) {
+struct Solution {
+  double y;
+  End end;
+};
+
+// y down from exp(-60) by thirds until ln y - s2 y falls below L2, a start for the second
+// iteration; at most to the floor.
+inline Solution Scan(double L2, double s2, double floor) {
   double y = std::exp(-kClamp);
   for (int i = 0; i < 50; ++i) {
-    if (Ln(y) - s2 * y < L2) return {y, false};
+    if (Ln(y) - s2 * y < L2) return {y, End::kRoot};
     y /= 3.0;
-    if (y <= floor) return {y, true};
+    if (y <= floor) break;
   }
-  return {y, true};
+  return {y, End::kConstant};
 }
 
-inline Start ChooseStart(double L, double L2, double s2) {
+// A start for the second iteration, or the final answer where none is needed.
+inline Solution ChooseStart(double L, double L2, double s2) {
   if (s2 < 0.0) {
-    if (L > 0.0) return {(L2 + SignedSqrt(L2 * L2 + 1.0 - 2.0 * s2)) / (1.0 - 2.0 * s2), false};
+    if (L > 0.0) {
+      return {(L2 + SignedSqrt(L2 * L2 + 1.0 - 2.0 * s2)) / (1.0 - 2.0 * s2), End::kRoot};
+    }
     double const z = L2 + s2;
-    return z >= -kClamp ? Start{Exp(z), false} : Scan(L2, s2, 0.0);
+    return z >= -kClamp ? Solution{Exp(z), End::kRoot} : Scan(L2, s2, 0.0);
   }
-  if (s2 == 0.0) return {ExpClamped(L2), true};
-  if (L2 >= -1.0 - Ln(s2)) return {1.0 / s2, true};
+  if (s2 == 0.0) return {ExpClamped(L2), End::kNoVirial};
+  if (L2 >= -1.0 - Ln(s2)) return {1.0 / s2, End::kVirial};
   if (L2 < -kClamp) return Scan(L2, s2, 1e-30);
-  return {Exp(std::min(L2, kClamp)), false};
+  return {Exp(std::min(L2, kClamp)), End::kRoot};
 }
 
 // Solves ln(y)/b = L + s y for y, starting from `y`.
-inline double Solve(double L, double s, double b, double y) {
+inline Solution Solve(double L, double s, double b, double y) {
   double x = Ln(y);
   for (int i = 0; i < kRounds; ++i) {
     double const e = Exp(x) * s;
     double const next = x - (x / b - L - e) / (1.0 / b - e);
     bool const done = kTolerance * std::fabs(x) >= std::fabs(x - next);
     x = next;
-    if (done) return Exp(x);
+    if (done) return {Exp(x), End::kRoot};
   }
-  Start const start = ChooseStart(L, b * L, b * s);
-  y = start.y;
-  for (int i = 0; i < kRounds && !start.final; ++i) {
-    double const next = y - (Ln(y) / b - L - s * y) / (1.0 / (b * y) - s);
-    bool const done = kTolerance * std::fabs(y) >= std::fabs(y - next);
-    y = next;
-    if (done) break;
+  Solution solution = ChooseStart(L, b * L, b * s);
+  for (int i = 0; i < kRounds && solution.end == End::kRoot; ++i) {
+    y = solution.y;
+    solution.y = y - (Ln(y) / b - L - s * y) / (1.0 / (b * y) - s);
+    if (kTolerance * std::fabs(y) >= std::fabs(y - solution.y)) break;
   }
-  return y;
+  return solution;
 }
 
-// Derivatives of the solution: each Newton step with the slope at the value carries them one order
+// Derivatives of a root: each Newton step with the slope at the value carries them one order
 // further.
 template <typename V>
-V WithDerivatives(V const& L, V const& s, double b, double y) {
+V RootWithDerivatives(V const& L, V const& s, double b, double y) {
   V jet(y);
   if constexpr (IsJet<V>::value) {
     double const slope = 1.0 / (b * y) - ValueOf(s);
@@ -82,6 +91,16 @@ V WithDerivatives(V const& L, V const& s, double b, double y) {
     }
   }
   return jet;
+}
+
+template <typename V>
+V WithDerivatives(V const& L, V const& s, double b, Solution const& solution) {
+  switch (solution.end) {
+    case End::kVirial: return 1.0 / (b * s);
+    case End::kNoVirial: return ExpClamped(b * L);
+    case End::kConstant: return V(solution.y);
+    default: return RootWithDerivatives(L, s, b, solution.y);
+  }
 }
 
 }  // namespace implicit
@@ -101,7 +120,7 @@ typename S::Result Eq51(S const& s) {
   V y = ExpClamped(s.b * L);
   V const virial = M == 7 ? V(s.c(7) / (s.T * s.T)) : V(0.0);
   if (M == 7) {
-    double const solved = implicit::Solve(ValueOf(L), ValueOf(virial), s.b, ValueOf(y));
+    auto const solved = implicit::Solve(ValueOf(L), ValueOf(virial), s.b, ValueOf(y));
     y = implicit::WithDerivatives(L, virial, s.b, solved);
   }
   V const D = 1.0 / y - virial;

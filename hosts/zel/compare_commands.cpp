@@ -254,17 +254,16 @@ Report Check(Options const& o) {
 
 void AddCompareCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command(app, "diff", "Tell what differs between two libraries, field by field",
+  Command(app, "diff", "Tell what differs between two libraries",
           "zel diff old.lb1 new.lb1 --bank NRTL")
       .Argument("FIRST", o->one, "a library file")
       .Argument("SECOND", o->other, "a library file")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Flag("--exit-code", o->exitCode, "exit status 1 when they differ")
       .Run(Outputs::kJsonAndCsv, [o] { return Diff(*o); });
-  Command(app, "check", "Check the structure of libraries and the sense of their data",
+  Command(app, "check", "Check a library's structure and its data's sense",
           "zel check own.lb1 sample.lb1 --silence source")
-      .OptionalArgument("LIBRARY", o->paths,
-                        "library files; several are also held against the first")
+      .OptionalArgument("LIBRARY", o->paths, "libraries; later ones are held against the first")
       .Option("--silence", o->silent, "tell nothing of these checks", "ID...")
       .Flag("--structure", o->structureOnly, "the structure only")
       .Flag("--ids", o->senseIds, "list the checks of sense and their rules")

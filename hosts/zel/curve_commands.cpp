@@ -215,7 +215,7 @@ void AddCurveCommands(CLI::App& app) {
   eval.Argument("COMPONENT", o->component, "by number, ID or CAS number")
       .Argument("CORRELATION", o->correlation, "its name or the beginning of it")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
-      .Option("--at", o->at, "temperatures with their unit, or in that of the record", "T...")
+      .Option("--at", o->at, "temperatures with a unit, or in the record's", "T...")
       .Option("--from", o->from, "lowest temperature; that of the record's range", "T")
       .Option("--to", o->to, "highest temperature; that of the record's range", "T")
       .Option("--steps", o->steps, "how many steps from one to the other", "N")
@@ -230,7 +230,7 @@ void AddCurveCommands(CLI::App& app) {
       .Option("--from", o->from, "lowest temperature", "T")
       .Option("--to", o->to, "highest temperature", "T")
       .Flag("--log", o->logarithmic, "logarithmic values")
-      .Flag("--each", o->each, "a line for each bank that has the correlation, not the merged one")
+      .Flag("--each", o->each, "a line for each bank instead of the merged one")
       .Run(Outputs::kJson, [o] { return Plot(*o); });
 }
 

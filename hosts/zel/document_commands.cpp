@@ -180,10 +180,10 @@ Report List(Options const& o) {
 
 void AddDocumentCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command reading(app, "import", "Read XML documents into a library, all of them or nothing",
+  Command reading(app, "import", "Read XML documents into a library, all or nothing",
                   "zel import sample.lb1 sample.xml --create");
   reading.Argument("LIBRARY", o->path, "a library file")
-      .Argument("DOCUMENT", o->files, "documents of a library or a bank, or of a component")
+      .Argument("DOCUMENT", o->files, "documents of a library, bank or component")
       .Option("--bank", o->bank, "the documents are components for this bank", "NAME")
       .Flag("--create", o->create, "make the library when it is not there")
       .Flag("--replace", o->replace, "items that are there are replaced and no error")
@@ -199,10 +199,9 @@ void AddDocumentCommands(CLI::App& app) {
       .Flag("--banner", o->banner, "add a block for a maintenance log")
       .Flag("--component-files", o->componentFiles, "a document for each component")
       .Run(Outputs::kText, [o] { return Export(*o); });
-  Command(app, "dump", "Write tab-separated indexes of a library, or show the tree of a bank",
-          "zel dump sample.lb1")
+  Command(app, "dump", "Write tab-separated indexes, or show a bank's tree", "zel dump sample.lb1")
       .Argument("LIBRARY", o->path, "a library file")
-      .Option("--tree", o->bank, "print the structure of this bank's tree instead", "BANK")
+      .Option("--tree", o->bank, "print the structure of this bank's tree", "BANK")
       .Run(Outputs::kText, [o] { return Dump(*o); });
   Command(app, "list", "Build a pick list from a library, or query one",
           "zel list picker.lst --sort name --filter \"*butane\"")
@@ -210,9 +209,9 @@ void AddDocumentCommands(CLI::App& app) {
       .Option("--build", o->library, "make it from this library first", "LIBRARY")
       .Option("--bank", o->bank, "from this bank of pure components", "NAME")
       .Option("--sort", o->sort, "name, id, formula, cas, nbp or mw", "KEY")
-      .Option("--filter", o->filter, "of the text sorted by: \"*\" any text, \"?\" one character",
+      .Option("--filter", o->filter, "of the sorted text: \"*\" any text, \"?\" one letter",
               "PATTERN")
-      .Option("--range", o->range, "of the number sorted by, either end may be missing", "MIN:MAX")
+      .Option("--range", o->range, "of the sorted number; an end may be missing", "MIN:MAX")
       .Flag("--descending", o->descending, "the last first")
       .Run(Outputs::kJsonAndCsv, [o] { return List(*o); });
 }  // namespace zelhost

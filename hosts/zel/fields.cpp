@@ -35,6 +35,14 @@ Cell Word(zel::IZelBankDef& bank, Field const& field, std::int32_t value) {
   return Whole(value);
 }
 
+// Banks name a dimension where their numbers are in its internal unit. Of the others, group areas
+// and volumes are relative.
+std::string UnitOf(std::string const& dimension) {
+  if (dimension == "temp") return "K";
+  if (dimension == "pres") return "kPa";
+  return dimension;
+}
+
 Cell Joined(std::vector<Cell> const& cells) {
   if (cells.size() == 1) return cells.front();
   bool const any = std::any_of(cells.begin(), cells.end(), [](Cell const& cell) {
@@ -80,8 +88,8 @@ std::vector<Field> FieldsOf(zel::IZelBankDef& bank) {
   }
   std::vector<Field> fields;
   for (std::size_t i = 0; i < rows; ++i) {
-    fields.push_back({&names[i * kFieldNameSize], &labels[i * kLabelSize], &units[i * kLabelSize],
-                      types[i], counts[i]});
+    fields.push_back({&names[i * kFieldNameSize], &labels[i * kLabelSize],
+                      UnitOf(&units[i * kLabelSize]), types[i], counts[i]});
   }
   return fields;
 }

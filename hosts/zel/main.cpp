@@ -64,8 +64,10 @@ int main(int count, char** words) {
     app.require_subcommand(1);
     app.set_version_flag("--version", "zel " ZEL_VERSION);
     app.footer(
-        "A component is named by its number, its ID or its CAS number, a bank by its name or as\n"
-        "TYPE:NAME. zel COMMAND --help tells more, with an example.");
+        "A component is named by its number, its ID or its CAS number, a bank by its\n"
+        "name or as TYPE:NAME. zel COMMAND --help tells more, with an example.");
+    constexpr std::size_t kWordsColumn = 26;
+    app.get_formatter()->column_width(kWordsColumn);
     app.fallthrough();
     app.add_option_function<std::string>(
            "--names", [](std::string const& path) { zelhost::UseNames(path); },

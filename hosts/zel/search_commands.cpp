@@ -271,7 +271,7 @@ Report Coverage(Options const& o) {
 
 void AddSearchCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command(app, "search", "Merge one component from a preference list and complete it",
+  Command(app, "search", "Merge a component over libraries, then complete it",
           "zel search ETHANOL -l own.lb1:MYDATA -l sample.lb1")
       .Argument("COMPONENT", o->component, "by number, ID or CAS number")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
@@ -279,10 +279,10 @@ void AddSearchCommands(CLI::App& app) {
   Command(app, "why", "Tell where one datum of a component comes from",
           "zel why ETHANOL TC -l own.lb1 -l sample.lb1")
       .Argument("COMPONENT", o->component, "by number, ID or CAS number")
-      .Argument("DATUM", o->datum, "the keyword of a constant or the name of a correlation")
+      .Argument("DATUM", o->datum, "keyword of a constant or name of a correlation")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
       .Run(Outputs::kJson, [o] { return Why(*o); });
-  Command(app, "coverage", "Tell what is stored, filled in and missing for some components",
+  Command(app, "coverage", "Tell what components have, and what is missing",
           "zel coverage ETHANOL WATER BENZENE -l own.lb1 -l sample.lb1")
       .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")

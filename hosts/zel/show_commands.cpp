@@ -210,9 +210,8 @@ void AddShowCommands(CLI::App& app) {
       .Option("--id", o->id, "the same for the IDs", "PATTERN")
       .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")
       .Option("--formula", o->formula, "the same for the formula", "PATTERN")
-      .Option("--nbp", o->boiling, "normal boiling point in K, either end may be missing",
-              "MIN:MAX")
-      .Option("--mw", o->weight, "molecular weight, either end may be missing", "MIN:MAX")
+      .Option("--nbp", o->boiling, "normal boiling point in K; an end may be missing", "MIN:MAX")
+      .Option("--mw", o->weight, "molecular weight; an end may be missing", "MIN:MAX")
       .Run(Outputs::kJsonAndCsv, [o] { return Find(*o); });
 }
 

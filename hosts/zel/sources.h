@@ -41,6 +41,6 @@ class Sources {
 };
 
 inline constexpr char kSourceHelp[] =
-    "LIBRARY or LIBRARY:BANK; once for each, the preferred one first";
+    "LIBRARY[:BANK]; once for each, the preferred first";
 
 }  // namespace zelhost

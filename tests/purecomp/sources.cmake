@@ -8,6 +8,7 @@ set(purecomp_TEST_SOURCES
     formula_model_test.cpp
     formula_order_test.cpp
     formula_test.cpp
+    implicit_form_test.cpp
     pure_comp_test.cpp
     record_merge_test.cpp
     record_test.cpp

@@ -1,0 +1,416 @@
+// What each command of zel finds in libraries of published data.
+#include <cmath>
+#include <set>
+#include <sstream>
+
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+using nlohmann::json;
+
+// The row of a table whose member has a value; null when there is none.
+json Row(json const& table, char const* member, json const& value) {
+  for (json const& row : table) {
+    if (row.at(member) == value) return row;
+  }
+  return nullptr;
+}
+
+class CommandsTest : public ZelTest {};
+
+TEST_F(CommandsTest, CreateMakesAnEmptyLibrary) {
+  Good("create own.lb1 --description 'Plant data' --library-version 3.1 --kind 12");
+  json const info = Json("info own.lb1");
+  EXPECT_EQ(info["description"], "Plant data");
+  EXPECT_EQ(info["version"], "3.1");
+  EXPECT_EQ(info["kind"], 12);
+  EXPECT_EQ(info["password_level"], 0);
+  EXPECT_TRUE(info["banks"].empty());
+  EXPECT_EQ(info["files"].size(), 2U);
+}
+
+TEST_F(CommandsTest, CreateReplacesOnlyByForce) {
+  std::string const before = FileText(Folder() / "perry.lb1");
+  EXPECT_EQ(Zel("create perry.lb1").status, 1);
+  EXPECT_EQ(FileText(Folder() / "perry.lb1"), before);
+  Good("create perry.lb1 --force");
+  EXPECT_TRUE(Json("info perry.lb1")["banks"].empty());
+}
+
+TEST_F(CommandsTest, InfoShowsBanksWithTheirCounts) {
+  json const info = Json("info sample.lb1");
+  EXPECT_EQ(info["library"], "sample.lb1");
+  json const nrtl = Row(info["banks"], "type", "NRTL");
+  EXPECT_EQ(nrtl["name"], "SAMPLE");
+  EXPECT_EQ(nrtl["format"], 2);
+  EXPECT_EQ(nrtl["items"], Json("items sample.lb1 NRTL")["items"].size());
+  json const second = Row(info["files"], "file", ".lb2");
+  EXPECT_EQ(second["block_bytes"], 4000);
+  EXPECT_EQ(second["blocks"].get<std::size_t>() * 4000,
+            std::filesystem::file_size(Folder() / "sample.lb2"));
+}
+
+TEST_F(CommandsTest, MemoOfLibraryAndBank) {
+  EXPECT_TRUE(Json("memo sample.lb1")["memo"].is_null());
+  Good("memo sample.lb1 --set 'of the plant'");
+  Good("memo sample.lb1 --bank nrtl --set 'checked in May'");
+  EXPECT_EQ(Json("memo sample.lb1")["memo"], "of the plant");
+  EXPECT_EQ(Json("memo sample.lb1 --bank NRTL:SAMPLE")["memo"], "checked in May");
+  MakeFile("memo.txt", "two\nlines");
+  Good("memo sample.lb1 --file memo.txt");
+  EXPECT_EQ(Json("memo sample.lb1")["memo"], "two\nlines");
+  Good("memo sample.lb1 --clear");
+  EXPECT_TRUE(Json("memo sample.lb1")["memo"].is_null());
+}
+
+TEST_F(CommandsTest, SetPasswordAsksForItAtEveryChange) {
+  Good("set sample.lb1 --new-password sesame --level 2");
+  EXPECT_EQ(Json("info sample.lb1")["password_level"], 2);
+  EXPECT_EQ(Zel("set sample.lb1 --description x").status, 1);
+  Good("set sample.lb1 --description x --password sesame");
+  EXPECT_EQ(Json("info sample.lb1")["description"], "x");
+  Good("set sample.lb1 --clear-password --password sesame");
+  Good("set sample.lb1 --library-version 2");
+  json const info = Json("info sample.lb1");
+  EXPECT_EQ(info["password_level"], 0);
+  EXPECT_EQ(info["version"], "2");
+  EXPECT_EQ(info["description"], "x") << "what is not given stays";
+}
+
+TEST_F(CommandsTest, TypesAreFifty) {
+  json const types = Json("types")["types"];
+  EXPECT_EQ(types.size(), 50U);
+  std::set<std::string> names;
+  for (json const& row : types) names.insert(row["type"]);
+  EXPECT_EQ(names.size(), 50U);
+  for (std::string const& name : names) {
+    json const type = Json("types " + name);
+    EXPECT_EQ(type["type"], name);
+    EXPECT_FALSE(type["description"].is_null()) << name;
+  }
+  json const nrtl = Json("types nrtl");
+  EXPECT_EQ(nrtl["formats"], 2);
+  json const tMin = Row(nrtl["fields"], "field", "tMin");
+  EXPECT_EQ(tMin["label"], "Minimum temperature");
+  EXPECT_EQ(tMin["unit"], "K");
+  json const pure = Json("types PURECOMP");
+  EXPECT_EQ(pure["constants"].size(), 41U);
+  EXPECT_EQ(pure["correlations"].size(), 18U);
+}
+
+TEST_F(CommandsTest, BanksAsCsv) {
+  EXPECT_EQ(Good("banks perry.lb1 --csv"),
+            "type,name,format,description\nPURECOMP,PERRY,1,Pure component data\n");
+}
+
+TEST_F(CommandsTest, ItemsWithFields) {
+  json const items = Json("items sample.lb1 NRTL --names perry.lb1 --fields bij alphaij")["items"];
+  ASSERT_FALSE(items.empty());
+  EXPECT_TRUE(items[0].contains("bij"));
+  EXPECT_TRUE(items[0].contains("alphaij"));
+  bool found = false;
+  for (json const& row : items) {
+    found = found || (row["item_1"] == "ETHANOL" && row["item_2"] == "WATER") ||
+            (row["item_2"] == "ETHANOL" && row["item_1"] == "WATER");
+  }
+  EXPECT_TRUE(found);
+}
+
+TEST_F(CommandsTest, ShowTurnsAPairRound) {
+  auto const value = [](json const& item, char const* field) {
+    return Row(item["fields"], "field", field)["value"];
+  };
+  json const one = Json("show sample.lb1 NRTL ETHANOL WATER --names perry.lb1");
+  json const other = Json("show sample.lb1 NRTL 7732-18-5 64-17-5 --names perry.lb1");
+  EXPECT_TRUE(value(one, "bij").is_number());
+  EXPECT_NE(value(one, "bij"), value(one, "bji"));
+  EXPECT_EQ(value(one, "bij"), value(other, "bji"));
+  EXPECT_EQ(value(one, "bji"), value(other, "bij"));
+  EXPECT_EQ(value(one, "alphaij"), value(other, "alphaij"));
+}
+
+TEST_F(CommandsTest, ShowAComponentByAnyOfItsNames) {
+  json const byId = Json("show perry.lb1 PERRY ETHANOL");
+  EXPECT_EQ(byId["formula"], "C2H6O");
+  EXPECT_EQ(byId["cas_number"], "64-17-5");
+  EXPECT_EQ(Row(byId["constants"], "keyword", "TC")["value"], 514);
+  EXPECT_EQ(Row(byId["constants"], "keyword", "TC")["unit"], "K");
+  EXPECT_EQ(Row(byId["constants"], "keyword", "TC")["from"], "perry.lb1:PERRY");
+  EXPECT_EQ(Row(byId["correlations"], "name", "VaporPressure")["equation"], 20);
+  EXPECT_EQ(Json("show perry.lb1 PURECOMP 64-17-5"), byId);
+  EXPECT_EQ(Json("show perry.lb1 purecomp:perry " + std::to_string(byId["number"].get<int>())),
+            byId);
+}
+
+TEST_F(CommandsTest, ShowCompletes) {
+  json const stored = Json("show perry.lb1 PERRY ETHANOL");
+  json const whole = Json("show perry.lb1 PERRY ETHANOL --complete");
+  EXPECT_TRUE(Row(stored["constants"], "keyword", "CNUM").is_null());
+  EXPECT_EQ(Row(whole["constants"], "keyword", "CNUM")["value"], 2);
+  EXPECT_EQ(Row(whole["constants"], "keyword", "CNUM")["from"], "from chemical formula");
+}
+
+TEST_F(CommandsTest, FindByEachCriterion) {
+  auto const ids = [&](std::string const& words) {
+    std::set<std::string> found;
+    json const report = Json("find crc.lb1 " + words);
+    for (json const& row : report["components"]) found.insert(row["id"]);
+    EXPECT_EQ(report["found"], report["components"].size());
+    return found;
+  };
+  EXPECT_EQ(ids("--cas 64-17-5"), std::set<std::string>{"ETHANOL"});
+  EXPECT_EQ(ids("--id ethan?l"), std::set<std::string>{"ETHANOL"});
+  EXPECT_EQ(ids("--name ethanol"), std::set<std::string>{"ETHANOL"});
+  std::set<std::string> const isomers = ids("--formula C2H6O");
+  EXPECT_TRUE(isomers.count("ETHANOL"));
+  for (json const& row : Json("find crc.lb1 --nbp 350:352 --mw :50")["components"]) {
+    EXPECT_GE(row["nbp"].get<double>(), 350);
+    EXPECT_LE(row["nbp"].get<double>(), 352);
+    EXPECT_LE(row["mw"].get<double>(), 50);
+  }
+  EXPECT_TRUE(ids("--nbp 350:352 --mw :50").count("ETHANOL"));
+  EXPECT_TRUE(ids("--name 'no such thing'").empty());
+  EXPECT_EQ(ids("").size(), Json("info crc.lb1")["banks"][0]["items"]);
+}
+
+// ln p = c1 + c2/T + c3 ln T + c4 T^c5 with the published coefficients.
+TEST_F(CommandsTest, EvalOverTemperaturesInAnyUnit) {
+  json const report =
+      Json("eval ETHANOL VaporP -l perry.lb1 --at 25C 298.15K 77F 298.15 --derivatives 1");
+  json const coefficients = Json("show perry.lb1 PERRY ETHANOL")["coefficients"];
+  double c[5] = {};
+  for (json const& row : coefficients) {
+    if (row["name"] == "VaporPressure") c[row["c"].get<int>() - 1] = row["value"];
+  }
+  double const t = 298.15;
+  double const pascal = std::exp(c[0] + c[1] / t + c[2] * std::log(t) + c[3] * std::pow(t, c[4]));
+  ASSERT_EQ(report["points"].size(), 4U);
+  for (json const& point : report["points"]) {
+    EXPECT_NEAR(point["value"].get<double>(), pascal / 1000, 1e-6);
+    EXPECT_NEAR(point["t"].get<double>(), t, 1e-9);
+    EXPECT_EQ(point["range"], "inside");
+  }
+  EXPECT_EQ(report["units"]["points"]["value"], "kPa");
+  EXPECT_EQ(report["units"]["points"]["d/dt"], "kPa/K");
+  double const slope = report["points"][0]["d/dt"];
+  json const beside = Json("eval ETHANOL VaporP -l perry.lb1 --at 298.14 298.16")["points"];
+  EXPECT_NEAR(slope, (beside[1]["value"].get<double>() - beside[0]["value"].get<double>()) / 0.02,
+              1e-5);
+}
+
+TEST_F(CommandsTest, EvalTellsTheRange) {
+  json const points =
+      Json("eval ETHANOL VaporPressure -l perry.lb1 --from 100 --to 600 --steps 5")["points"];
+  ASSERT_EQ(points.size(), 6U);
+  EXPECT_EQ(points[0]["range"], "below");
+  EXPECT_EQ(points[1]["range"], "inside");
+  EXPECT_EQ(points[5]["range"], "above");
+  EXPECT_EQ(points[5]["t"], 600);
+}
+
+TEST_F(CommandsTest, PlotDrawsCurvesWithTheirUnits) {
+  Good("plot VaporPressure ETHANOL WATER -l perry.lb1 --log -o vp.svg --from 250 --to 700");
+  std::string const svg = FileText(Folder() / "vp.svg");
+  EXPECT_EQ(svg.find("<svg "), svg.find('<', svg.find("?>") == std::string::npos ? 0 : 5));
+  EXPECT_NE(svg.find("</svg>"), std::string::npos);
+  for (char const* part : {"kPa", "Ethanol", "Water", "stroke-dasharray"}) {
+    EXPECT_NE(svg.find(part), std::string::npos) << part;
+  }
+  EXPECT_EQ(svg.find("nan"), std::string::npos);
+  EXPECT_EQ(svg.find("inf"), std::string::npos);
+  Outcome const lint = Shell("command -v xmllint >/dev/null || exit 0; xmllint --noout vp.svg");
+  EXPECT_EQ(lint.status, 0) << lint.err;
+}
+
+TEST_F(CommandsTest, PlotOfEachSource) {
+  Good("plot VaporPressure ETHANOL -l perry.lb1 -l crc.lb1 --each -o each.svg");
+  EXPECT_NE(FileText(Folder() / "each.svg").find("perry.lb1:PERRY"), std::string::npos);
+}
+
+TEST_F(CommandsTest, SearchMergesByPreference) {
+  json const one = Json("search ETHANOL -l perry.lb1 -l crc.lb1");
+  EXPECT_EQ(Row(one["constants"], "keyword", "TC")["from"], "perry.lb1:PERRY");
+  EXPECT_EQ(Row(one["constants"], "keyword", "NBP")["from"], "crc.lb1:CRC");
+  EXPECT_EQ(Row(one["constants"], "keyword", "CNUM")["state"], "filled in");
+  EXPECT_EQ(one["sources"].size(), 2U);
+  json const other = Json("search ETHANOL -l crc.lb1:CRC -l perry.lb1:PERRY");
+  EXPECT_EQ(Row(other["constants"], "keyword", "TC")["from"], "crc.lb1:CRC");
+}
+
+TEST_F(CommandsTest, WhyNamesTheWinnerAndTheMethod) {
+  json const tc = Json("why ETHANOL TC -l crc.lb1 -l perry.lb1");
+  EXPECT_EQ(tc["from"], "crc.lb1:CRC");
+  EXPECT_EQ(Row(tc["sources"], "source", "crc.lb1:CRC")["result"], "won");
+  EXPECT_EQ(Row(tc["sources"], "source", "perry.lb1:PERRY")["result"], "comes later");
+  json const carbon = Json("why ETHANOL CNUM -l crc.lb1");
+  EXPECT_EQ(carbon["state"], "filled in");
+  EXPECT_EQ(carbon["from"], "from chemical formula");
+  json const curve = Json("why ETHANOL vaporpressure -l crc.lb1 -l perry.lb1");
+  EXPECT_EQ(curve["from"], "perry.lb1:PERRY");
+}
+
+TEST_F(CommandsTest, CoverageCountsDataAndPairs) {
+  json const report = Json("coverage ETHANOL WATER BENZENE -l perry.lb1 -l crc.lb1 -l sample.lb1");
+  json const ethanol = Row(report["components"], "component", "ETHANOL");
+  EXPECT_EQ(ethanol["stored"].get<int>() + ethanol["filled_in"].get<int>() +
+                ethanol["missing"].get<int>(),
+            41);
+  bool stored = false;
+  bool missing = false;
+  for (json const& row : report["pairs"]) {
+    if (row["model"] != "NRTL") continue;
+    stored = stored || (row["pair"] == "ETHANOL + WATER" && row["state"] == "stored" &&
+                        row["from"] == "sample.lb1:SAMPLE");
+    missing = missing || (row["pair"] == "WATER + BENZENE" && row["state"] == "missing");
+  }
+  EXPECT_TRUE(stored);
+  EXPECT_TRUE(missing);
+}
+
+TEST_F(CommandsTest, ExportAndImportComeBackEqual) {
+  Good("export sample.lb1 -o out.xml");
+  Good("import again.lb1 out.xml --create");
+  json const difference = Json("diff sample.lb1 again.lb1");
+  EXPECT_EQ(difference["differences_found"], 0) << difference;
+  Good("export perry.lb1 --component ETHANOL -o ethanol.xml");
+  EXPECT_NE(FileText(Folder() / "ethanol.xml").find("64-17-5"), std::string::npos);
+  Good("export sample.lb1 --bank NRTL -o nrtl.xml");
+  EXPECT_NE(FileText(Folder() / "nrtl.xml").find("NRTL"), std::string::npos);
+  Good("create one.lb1");
+  Good("copy perry.lb1 one.lb1 --bank PERRY --item WATER");
+  Good("import one.lb1 ethanol.xml --bank PERRY");
+  EXPECT_EQ(Json("find one.lb1")["found"], 2);
+}
+
+TEST_F(CommandsTest, DumpWritesIndexesAndShowsATree) {
+  Good("dump perry.lb1");
+  std::string const banks = FileText(Folder() / "perry.bnk");
+  EXPECT_NE(banks.find("PURECOMP"), std::string::npos) << banks;
+  std::string const components = FileText(Folder() / "perry.PERRY.cmp");
+  EXPECT_NE(components.find("Ethanol"), std::string::npos);
+  std::string const tree = Good("dump sample.lb1 --tree NRTL");
+  EXPECT_NE(tree.find("218"), std::string::npos) << tree;
+}
+
+TEST_F(CommandsTest, ListIsBuiltAndQueried) {
+  json const found = Json("list pick.lst --build crc.lb1 --filter '*butane'")["components"];
+  std::vector<std::string> names;
+  for (json const& row : found) names.push_back(row["name"]);
+  ASSERT_FALSE(names.empty());
+  EXPECT_EQ(names[0], "Butane");
+  double before = 0.0;
+  for (json const& row : Json("list pick.lst --sort nbp --range 300:310")["components"]) {
+    double const nbp = row["nbp"];
+    EXPECT_GE(nbp, before);
+    EXPECT_GE(nbp, 300);
+    EXPECT_LE(nbp, 310);
+    before = nbp;
+  }
+  EXPECT_GT(before, 0.0);
+  json const falling = Json("list pick.lst --sort nbp --range 300:310 --descending")["components"];
+  EXPECT_EQ(falling[0]["nbp"], before);
+}
+
+TEST_F(CommandsTest, CopyOfBanksAndItems) {
+  Good("copy sample.lb1 own.lb1 --create --bank NRTL --bank WILSON");
+  EXPECT_EQ(Json("banks own.lb1")["banks"].size(), 2U);
+  EXPECT_EQ(Json("diff sample.lb1 own.lb1 --bank NRTL")["differences_found"], 0);
+  EXPECT_EQ(Zel("copy sample.lb1 own.lb1 --bank NRTL").status, 1) << "is there already";
+  Good("copy sample.lb1 own.lb1 --bank NRTL --replace");
+  Good("copy sample.lb1 own.lb1");
+  EXPECT_EQ(Json("diff sample.lb1 own.lb1")["differences_found"], 0);
+}
+
+TEST_F(CommandsTest, DeleteOfItemAndBank) {
+  json const before = Json("info sample.lb1");
+  Good("delete sample.lb1 NRTL ETHANOL WATER --names perry.lb1");
+  EXPECT_EQ(Zel("show sample.lb1 NRTL ETHANOL WATER", "ZEL_NAMES=perry.lb1").status, 1);
+  Good("delete sample.lb1 WILSON --whole-bank");
+  json const after = Json("info sample.lb1");
+  EXPECT_EQ(Row(after["banks"], "type", "NRTL")["items"].get<int>(),
+            Row(before["banks"], "type", "NRTL")["items"].get<int>() - 1);
+  EXPECT_TRUE(Row(after["banks"], "type", "WILSON").is_null());
+}
+
+TEST_F(CommandsTest, DiffNamesFieldAndBothValues) {
+  Good("copy sample.lb1 own.lb1 --create --bank NRTL");
+  Good("export own.lb1 -o own.xml");
+  json const item = Json("show own.lb1 NRTL ETHANOL WATER --names perry.lb1");
+  Good("delete own.lb1 NRTL ETHANOL WATER --names perry.lb1");
+  json const missing = Json("diff sample.lb1 own.lb1 --bank NRTL --names perry.lb1");
+  ASSERT_EQ(missing["differences_found"], 1);
+  EXPECT_EQ(missing["differences"][0]["field"], "whole");
+  EXPECT_EQ(missing["differences"][0]["second"], "not there");
+  EXPECT_EQ(Zel("diff sample.lb1 own.lb1 --bank NRTL --exit-code").status, 1);
+  EXPECT_EQ(Zel("diff sample.lb1 sample.lb1 --exit-code").status, 0);
+  EXPECT_EQ(Json("diff perry.lb1 sample.lb1 --bank NRTL")["differences_found"], 1)
+      << "a bank of the second alone";
+  // Another value of one field, through a document.
+  Outcome const changed = Shell(
+      "grep -c alphaij own.xml >/dev/null && "
+      "sed 's/alphaij=\"0.3[0-9]*\"/alphaij=\"0.25\"/g' own.xml > changed.xml && "
+      "\"$ZEL\" import changed.lb1 changed.xml --create && \"$ZEL\" diff own.lb1 changed.lb1 "
+      "--json");
+  ASSERT_EQ(changed.status, 0) << changed.err;
+  json const difference = json::parse(changed.out.substr(changed.out.find("{\n")));
+  ASSERT_GT(difference["differences_found"], 0);
+  for (json const& row : difference["differences"]) {
+    EXPECT_EQ(row["field"], "alphaij");
+    EXPECT_EQ(row["second"], 0.25);
+  }
+}
+
+TEST_F(CommandsTest, CheckOfSoundLibraries) {
+  json const sample = Json("check sample.lb1");
+  EXPECT_EQ(sample["damage"], 0);
+  EXPECT_EQ(sample["warnings"], 0);
+  json const crc = Json("check crc.lb1");
+  EXPECT_EQ(crc["damage"], 0);
+  EXPECT_GT(crc["warnings"], 0);
+  json const silent = Json(
+      "check crc.lb1 --silence vapor-pressure critical formula-weight repeated "
+      "source temperatures acentric cas cas-shared monotony group-use");
+  EXPECT_EQ(silent["warnings"], 0) << silent;
+  EXPECT_EQ(Json("check crc.lb1 --structure")["warnings"], 0);
+}
+
+TEST_F(CommandsTest, CheckTellsDamageByItsExitStatus) {
+  // The length of the free list, in the block table.
+  std::string bytes = FileText(Folder() / "perry.lb1");
+  bytes[500] = '\x63';
+  MakeFile("perry.lb1", bytes);
+  Outcome const outcome = Zel("check perry.lb1 --json");
+  EXPECT_EQ(outcome.status, 1);
+  json const report = json::parse(outcome.out);
+  EXPECT_GE(report["damage"], 1);
+  EXPECT_EQ(report["findings"][0]["severity"], "damage");
+  EXPECT_EQ(report["findings"][0]["id"], "extent");
+}
+
+TEST_F(CommandsTest, NumbersDoNotChangeWithTheLocale) {
+  std::string const words = "eval ETHANOL VaporPressure -l perry.lb1 --at 298.15";
+  Outcome const other = Zel(words, "LC_ALL=de_DE.UTF-8");
+  EXPECT_EQ(other.out, Good(words));
+}
+
+// A long name in the last column is broken, tables of numbers fit by themselves.
+TEST_F(CommandsTest, TextFitsEightyColumns) {
+  for (char const* words :
+       {"info sample.lb1", "banks sample.lb1", "types", "types NRTL", "types PURECOMP",
+        "items sample.lb1 NRTL", "show sample.lb1 STRUCT ETHANOL --names perry.lb1",
+        "show perry.lb1 PERRY ETHANOL --complete", "find crc.lb1 --name '*butan*'",
+        "eval ETHANOL LiquidDensity -l perry.lb1 --derivatives 3",
+        "search ETHANOL -l perry.lb1 -l crc.lb1", "why ETHANOL TC -l perry.lb1",
+        "coverage ETHANOL WATER -l perry.lb1 -l sample.lb1 --details", "diff perry.lb1 crc.lb1",
+        "check crc.lb1", "check --ids"}) {
+    std::istringstream lines(Good(words));
+    for (std::string line; std::getline(lines, line);) {
+      EXPECT_LE(line.size(), 80U) << words << "\n" << line;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zel::test
