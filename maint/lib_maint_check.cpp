@@ -121,8 +121,12 @@ void LibMaint_i::WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference) 
   std::int32_t other = OtherWithCas(reference, identity);
   if (other == 0) other = OtherWithCas(library_, identity);
   if (other == 0) return;
-  char id[ComponentIdentity::kIdSize];
-  GetIdOfNumber(other, id);
+  char id[ComponentIdentity::kIdSize] = {};
+  try {
+    GetIdOfNumber(other, id);
+  } catch (unsigned long) {
+    id[0] = '\0';  // the other component is damaged: no reason not to write this one
+  }
   char number[16];
   std::snprintf(number, sizeof number, " (%08d)", other);
   log_.ReportWarning("CAS number " + Quoted(static_cast<char const*>(identity.Cas())) +

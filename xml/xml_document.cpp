@@ -5,8 +5,11 @@
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
 
+#include <functional>
 #include <limits>
+#include <map>
 #include <new>
+#include <string>
 
 namespace zel {
 
@@ -82,6 +85,8 @@ struct Pieces {
 struct Parse {
   bool refused = false;
   int declaredAttributes = 0;
+  double room = 0.0;  // bytes that entities may still add
+  std::map<std::string, double, std::less<>> entityBytes;
 };
 
 void Refuse(xmlParserCtxt* context) {
@@ -111,6 +116,39 @@ void DeclareEntity(void* data, xmlChar const* name, int type, xmlChar const* pub
     return;
   }
   xmlSAX2EntityDecl(data, name, type, publicId, systemId, content);
+}
+
+// What a reference to an entity adds to the document: its text with those of the entities within.
+double BytesOf(xmlParserCtxt* context, xmlEntity const& entity, int depth) {
+  constexpr int kDeepest = 40;  // the parser's own limit for entities in entities
+  constexpr double kTooMany = 1e30;
+  if (depth > kDeepest) return kTooMany;
+  auto& known = static_cast<Parse*>(context->_private)->entityBytes;
+  if (auto const at = known.find(ViewOf(entity.name)); at != known.end()) return at->second;
+  std::string_view const text = ViewOf(entity.content);
+  auto bytes = static_cast<double>(text.size());
+  for (std::size_t at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1)) {
+    std::size_t const end = text.find(';', at);
+    if (end == std::string_view::npos) break;
+    std::string const name(text.substr(at + 1, end - at - 1));
+    xmlEntity const* inner =
+        xmlSAX2GetEntity(context, reinterpret_cast<xmlChar const*>(name.c_str()));
+    if (inner != nullptr) bytes += BytesOf(context, *inner, depth + 1);
+  }
+  known.emplace(ViewOf(entity.name), bytes);
+  return bytes;
+}
+
+// Called at each reference. The parser's own bound does not see all ways of growing.
+xmlEntity* CountEntity(void* data, xmlChar const* name) {
+  auto* const context = static_cast<xmlParserCtxt*>(data);
+  xmlEntity* const entity = xmlSAX2GetEntity(context, name);
+  if (entity == nullptr || entity->etype != XML_INTERNAL_GENERAL_ENTITY) return entity;
+  auto* const parse = static_cast<Parse*>(context->_private);
+  parse->room -= BytesOf(context, *entity, 0);
+  if (parse->room >= 0.0) return entity;
+  Refuse(context);
+  return nullptr;
 }
 
 // Called for what no declaration explains: the others have been put in.
@@ -239,18 +277,28 @@ bool XmlDocument::Load(std::string_view text) {
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return false;
   std::unique_ptr<xmlParserCtxt, ContextCloser> const context(xmlNewParserCtxt());
   if (!context) throw std::bad_alloc();
+  constexpr double kRoom = 1e6;
+  constexpr double kRoomPerByte = 10.0;
   Parse parse;
+  parse.room = kRoom + kRoomPerByte * static_cast<double>(text.size());
   context->_private = &parse;
   context->sax->attributeDecl = DeclareAttribute;
   context->sax->entityDecl = DeclareEntity;
+  context->sax->getEntity = CountEntity;
   context->sax->reference = ReferToEntity;
   context->sax->resolveEntity = ResolveNothing;
   context->sax->externalSubset = LoadNoSubset;
   constexpr int kOptions = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
                            XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
+  // Memory that ran out while the tree was built is told by the library's last error alone.
+  xmlResetLastError();
   document_.reset(xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()),
                                     nullptr, nullptr, kOptions));
-  if (context->errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
+  xmlError const* last = xmlGetLastError();
+  if (context->errNo == XML_ERR_NO_MEMORY || (last != nullptr && last->code == XML_ERR_NO_MEMORY)) {
+    document_.reset();
+    throw std::bad_alloc();
+  }
   if (parse.refused) document_.reset();
   return document_ != nullptr;
 }

@@ -8,7 +8,6 @@
 // length at a flush and at the end. Without a map, and on file systems that cannot give room ahead,
 // positioned reads and writes serve.
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,6 +19,7 @@
 #include <utility>
 
 #include "frame/platform/block_file.h"
+#include "frame/platform/posix_descriptor.h"
 
 namespace zel::platform {
 namespace {
@@ -46,41 +46,6 @@ OpenOutcome OutcomeOf(int error) noexcept {
     default: return OpenOutcome::kFailed;
   }
 }
-
-// Bound to this open, not to the process: a lock of the process kind would not hold against another
-// open of the same process, and would fall at any close.
-bool LockWithoutWaiting(int fd, bool exclusive) noexcept {
-#ifdef F_OFD_SETLK
-  struct flock lock {};
-  lock.l_type = static_cast<short>(exclusive ? F_WRLCK : F_RDLCK);
-  lock.l_whence = SEEK_SET;
-  return ::fcntl(fd, F_OFD_SETLK, &lock) == 0;
-#else
-  return ::flock(fd, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0;
-#endif
-}
-
-template <typename Call>
-auto Retry(Call const& call) noexcept {
-  auto result = call();
-  while (result == -1 && errno == EINTR) result = call();
-  return result;
-}
-
-// An open file of the system, closed with its owner.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) noexcept : fd_(fd) {}
-  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
-  Descriptor& operator=(Descriptor&&) = delete;
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  int Get() const noexcept { return fd_; }
-
- private:
-  int fd_;
-};
 
 class PosixBlockFile final : public BlockFile {
  public:

@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstring>
 
+#include "frame/platform/posix_descriptor.h"
 #include "frame/platform/text_file.h"
 
 namespace zel::platform {
@@ -16,37 +17,23 @@ namespace {
 constexpr std::size_t kBufferBytes = 1 << 16;
 constexpr mode_t kNewFileMode = 0666;
 
-// The outcome of a call that a signal may have cut short.
-template <typename Call>
-ssize_t Retried(Call const& call) {
-  ssize_t n = 0;
-  do {
-    n = call();
-  } while (n < 0 && errno == EINTR);
-  return n;
+Descriptor Open(char const* path, int flags) noexcept {
+  return Descriptor(Retry([&] { return ::open(path, flags | O_CLOEXEC, kNewFileMode); }));
 }
 
-int Open(char const* path, int flags) {
-  return static_cast<int>(Retried([&] { return ::open(path, flags | O_CLOEXEC, kNewFileMode); }));
+// Opens a file to be written anew. One that is open as a library, here or elsewhere, is left alone:
+// the lock is that of library files.
+int OpenEmpty(char const* path) noexcept {
+  Descriptor file = Open(path, O_WRONLY | O_CREAT);
+  if (file.Get() < 0) return -1;
+  if (!LockWithoutWaiting(file.Get(), true) && (errno == EAGAIN || errno == EACCES)) return -1;
+  // What is no plain file, a pipe for one, has no length.
+  if (::ftruncate(file.Get(), 0) != 0 && errno != EINVAL) return -1;
+  return file.Release();
 }
 
 // A file is read into one text whose length fits an int, as parsers of documents take it.
 constexpr std::size_t kLongestText = INT_MAX;
-
-// A descriptor that is closed with its scope.
-class OpenFile {
- public:
-  explicit OpenFile(int file) : file_(file) {}
-  OpenFile(OpenFile const&) = delete;
-  OpenFile& operator=(OpenFile const&) = delete;
-  ~OpenFile() {
-    if (file_ >= 0) ::close(file_);
-  }
-  int Get() const noexcept { return file_; }
-
- private:
-  int file_;
-};
 
 // Reads to the end of an open file; the size is only a hint. False when the file is too long.
 bool ReadAll(int file, std::size_t sizeHint, std::string& text) {
@@ -56,7 +43,7 @@ bool ReadAll(int file, std::size_t sizeHint, std::string& text) {
     if (length > kLongestText) return false;
     if (length == text.size()) text.resize(2 * text.size());
     ssize_t const n =
-        Retried([&] { return ::read(file, text.data() + length, text.size() - length); });
+        Retry([&] { return ::read(file, text.data() + length, text.size() - length); });
     if (n < 0) return false;
     if (n == 0) break;
     length += static_cast<std::size_t>(n);
@@ -68,14 +55,14 @@ bool ReadAll(int file, std::size_t sizeHint, std::string& text) {
 }  // namespace
 
 TextFile::TextFile(std::string const& path)
-    : file_(Open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC)), buffer_(new char[kBufferBytes]) {}
+    : file_(OpenEmpty(path.c_str())), buffer_(new char[kBufferBytes]) {}
 
 TextFile::~TextFile() { Close(); }
 
 void TextFile::Flush() {
   std::size_t done = 0;
   while (file_ >= 0 && done < used_) {
-    ssize_t const n = Retried([&] { return ::write(file_, buffer_.get() + done, used_ - done); });
+    ssize_t const n = Retry([&] { return ::write(file_, buffer_.get() + done, used_ - done); });
     if (n <= 0) break;
     done += static_cast<std::size_t>(n);
   }
@@ -112,7 +99,7 @@ ReadResult ReadTextFile(std::string const& path, std::string& text) {
   if (!S_ISREG(status.st_mode)) return ReadResult::kUnreadable;
   auto const size = static_cast<std::size_t>(status.st_size);
   if (size > kLongestText) return ReadResult::kUnreadable;
-  OpenFile const file(Open(path.c_str(), O_RDONLY));
+  Descriptor const file = Open(path.c_str(), O_RDONLY);
   if (file.Get() < 0) return ReadResult::kUnreadable;
   return ReadAll(file.Get(), size, text) ? ReadResult::kRead : ReadResult::kUnreadable;
 }

@@ -11,7 +11,8 @@ namespace zel::platform {
 // A file written through a buffer. What cannot be written is dropped; Close tells.
 class TextFile {
  public:
-  // Makes the file, or empties the one that is there.
+  // Makes the file, or empties the one that is there. A file that is open as a library or as
+  // another TextFile cannot be opened.
   explicit TextFile(std::string const& path);
   TextFile(TextFile const&) = delete;
   TextFile& operator=(TextFile const&) = delete;

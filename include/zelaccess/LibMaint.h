@@ -107,7 +107,8 @@ class ZEL_API LibMaint {
   // so give full paths. One import at a time in a process; components need InitZelAccess first.
   virtual bool Import(char const* path, bool replaceExisting) = 0;
   virtual bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) = 0;
-  // The last reported error; null when none was reported since the last import began.
+  // The last reported error; null when none was reported since the last import began. Where an
+  // import goes on after an error, the next bank or item empties the text.
   virtual char const* GetLastErrorText() const = 0;
   // Folder, file name and extension count where `path` has them; otherwise the files stand beside
   // the library under names made from library, bank and component, with ".xml". Files that are

@@ -203,6 +203,19 @@ TEST_F(CheckTest, IndexThatCannotBeReadKnowsNothing) {
   EXPECT_EQ(Warnings(), "");
 }
 
+TEST_F(CheckTest, OtherComponentThatCannotBeReadIsWarnedOfByItsNumber) {
+  constexpr int kDirectory = 0;
+  constexpr std::int32_t kNowhere = 112'999'999;
+  HaveInReference("ORDWIN", 9, 64175, {"A"});
+  ReopenReferenceWithRoot(kDirectory, kNowhere);
+  std::int32_t const* entry = nullptr;
+  ASSERT_THROW(reference_->FindBank("PURECOMP", "ORDWIN", entry, false), unsigned long);
+  Fill(8, 64175, {"B"});
+  EXPECT_NE(Warnings().find("CAS number \"64-17-5\" duplicates component \"\" (00000009)"),
+            std::string::npos)
+      << Warnings();
+}
+
 TEST_F(CheckTest, LibraryItselfAsReferenceGivesOwnConflicts) {
   Have(7, 0, {"A"});
   LibFile::SetOrdwinNameIndex(&Library());

@@ -156,6 +156,26 @@ TEST_F(DocumentTest, GrowthOfEntitiesIsBounded) {
   EXPECT_FALSE(Loads("<!DOCTYPE r [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><r>&a;</r>"));
 }
 
+TEST_F(DocumentTest, EntitiesThatGrowInTwoStepsOrInAttributesAreBounded) {
+  auto const times = [](int count, std::string const& piece) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += piece;
+    return text;
+  };
+  auto const withInner = [&](std::string const& inner, int count, std::string const& piece) {
+    return "<!DOCTYPE r [<!ENTITY d '" + inner + "'><!ENTITY e '" + times(10, "&d;") + "'>]><r>" +
+           times(count, piece) + "</r>";
+  };
+  std::string const elements = times(1000, "<a/>");
+  std::string const longText(100'000, 'a');
+  EXPECT_FALSE(Loads(withInner(elements, 300, "&e;")));
+  EXPECT_FALSE(Loads(withInner(longText, 20, "<a>&e;</a>")));
+  EXPECT_FALSE(Loads(withInner(longText, 200, "<a x='&d;'/>")));
+  // What grows less is let be, the more the larger the document is.
+  EXPECT_TRUE(Loads(withInner(elements, 20, "&e;")));
+  EXPECT_TRUE(Loads(withInner("word", 20'000, "<a x='&e;'>&e;</a>")));
+}
+
 TEST_F(DocumentTest, DepthOfElementsIsBounded) {
   auto const nested = [](int depth) {
     std::string text;

@@ -179,6 +179,38 @@ TEST_F(ExportFilesTest, FileThatCannotBeOpenedGivesFalse) {
   EXPECT_EQ(Body("lib.xml"), "<library>\n");
 }
 
+// Readers and writers of a library exclude a document in its place.
+TEST_F(ExportFilesTest, OpenLibraryIsNotWrittenOver) {
+  for (int i = 1; i < 40; ++i) Put("VANLAAR", "V", {i, i + 1}, [](IZelBankDef*) {});
+  for (accModes const mode : {accUpdate, accRead}) {
+    if (mode == accRead) Reopen(mode);
+    std::string const first = FileText(Path("lib.lb1"));
+    std::string const second = FileText(Path("lib.lb2"));
+    EXPECT_FALSE(Maint().ExportLibrary(".lb1"));
+    EXPECT_FALSE(Maint().ExportLibrary(".lb2"));
+    EXPECT_FALSE(Maint().ExportBank("VANLAAR", "V", Path("lib.lb2").c_str()));
+    EXPECT_EQ(FileText(Path("lib.lb1")), first);
+    EXPECT_EQ(FileText(Path("lib.lb2")), second);
+    EXPECT_TRUE(Maint().BankExists("VANLAAR", "V"));
+  }
+}
+
+TEST_F(ExportFilesTest, LibraryDocumentInThePlaceOfABankDocumentGivesFalse) {
+  Put("VANLAAR", "V", {1, 2}, [](IZelBankDef*) {});
+  EXPECT_FALSE(Maint().ExportLibrary(Out("Bank-VANLAAR-V.xml").c_str()));
+}
+
+TEST_F(ExportFilesTest, ExtensionAloneServesAllNames) {
+  Put("VANLAAR", "V", {1, 2}, [](IZelBankDef*) {});
+  EXPECT_TRUE(Maint().ExportBank("VANLAAR", "V", ".txt"));
+  EXPECT_NE(FileText(Path("Bank-VANLAAR-V.txt")), "no file");
+  std::filesystem::remove(Path("Bank-VANLAAR-V.txt"));
+  EXPECT_TRUE(Maint().ExportLibrary(".txt"));
+  EXPECT_NE(FileText(Path("Bank-VANLAAR-V.txt")), "no file");
+  EXPECT_NE(FileText(Path("lib.txt")).find("<import file=\"Bank-VANLAAR-V.txt\" />"),
+            std::string::npos);
+}
+
 TEST_F(ExportFilesTest, PathHas259Characters) {
   Put("VANLAAR", "V", {1, 2}, [](IZelBankDef*) {});
   PutComponent(7, {"A"});

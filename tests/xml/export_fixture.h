@@ -27,6 +27,15 @@ class ExportTest : public TempFolderTest {
   }
 
   LibMaint_i& Maint() { return *maint_; }
+  // Opens the library anew.
+  void Reopen(accModes mode) {
+    maint_.reset();
+    library_.reset();
+    library_ = std::make_unique<LibFile_i>(platform::PosixFileSystem(), mode,
+                                           Path("lib.lb1").c_str(), "A name");
+    ASSERT_EQ(library_->OpenExisting({true, ""}, nullptr), openOk);
+    maint_ = std::make_unique<LibMaint_i>(library_.get());
+  }
   std::string Out(std::string_view name = "") const { return Path("out/" + std::string(name)); }
   std::string FileText(std::string const& path) const {
     std::ifstream file(path, std::ios::binary);
