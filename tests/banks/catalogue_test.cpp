@@ -194,6 +194,14 @@ TEST(Catalogue, FiftyTypesInTheirOrder) {
   for (std::size_t i = 50; i < 60; ++i) EXPECT_STREQ(list[i], "");
 }
 
+TEST(Catalogue, ListOfFiftyTouchesNothingElse) {
+  char list[51][9];
+  std::strcpy(list[50], "KEPT");
+  GetBankTypeList(50, list);
+  EXPECT_STREQ(list[49], kRows[49].keyword);
+  EXPECT_STREQ(list[50], "KEPT");
+}
+
 TEST(Catalogue, ShortListTouchesNothingElse) {
   char list[4][9] = {"", "", "", "KEPT"};
   GetBankTypeList(3, list);

@@ -181,8 +181,12 @@ TEST_F(ImportDataTest, WordsHaveCodes) {
       {"moleWtBasis='M'", &Curve::basis, 1},         {"moleWtBasis='Wt'", &Curve::basis, 2},
       {"propUnit='kj/kg'", &Curve::propUnit, 28018}, {"PROPUNIT='J/KG'", &Curve::propUnit, 28012}};
   for (Row const& row : rows) {
-    ASSERT_TRUE(ImportElements("<correlation name='LatentHeat' equation='1' " +
-                               std::string(row.attributes) + "> 1 </correlation>"))
+    // The last of two counts, whatever the first one said.
+    ASSERT_TRUE(
+        ImportElements("<correlation name='LatentHeat' equation='1' tempUnit='F' "
+                       "logBasis='log' moleWtBasis='wt'> 2 </correlation>"
+                       "<correlation name='LatentHeat' equation='1' " +
+                       std::string(row.attributes) + "> 1 </correlation>"))
         << Lines();
     EXPECT_EQ(CurveOf(3).*row.member, row.value) << row.attributes;
   }
