@@ -38,7 +38,7 @@ std::string LookUp(int selector) {
 }
 
 std::string const& FromCache(int selector) {
-  static std::array<Cached, kFirstSystemFolder> cache;
+  static auto& cache = *new std::array<Cached, kFirstSystemFolder>;  // to the end of the process
   Cached& cached = cache[static_cast<std::size_t>(selector)];
   if (cached.state == Cached::kNotYet) {
     cached.text = LookUp(selector);

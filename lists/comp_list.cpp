@@ -20,8 +20,9 @@ struct Settings {
   double maximum = gen_GetUndefDouble();
 };
 
+// Lives as long as the process: a host's global list ends after what ends by itself.
 Settings& Shared() {
-  static Settings settings;
+  static Settings& settings = *new Settings;
   return settings;
 }
 

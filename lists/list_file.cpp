@@ -58,7 +58,7 @@ class Columns {
     return column;
   }
   double Real() { return ParseReal(Text()); }
-  // The next number of an order. One that is missing or negative ends the order.
+  // The next number of an order. One that is missing or negative is dropped.
   void Append(CompList_i::Order& order) {
     std::string_view const column = Text();
     std::int32_t const row = ParseInt(column);
@@ -164,7 +164,7 @@ bool WriteListFile(std::string const& path, CompList_i& list, bool shortForm) {
   for (std::size_t k = 0; k < list.Entries().size(); ++k) {
     file.Put(shortForm ? ShortListLine(list, k) : ListLine(list, k));
   }
-  return true;
+  return file.Close();
 }
 
 }  // namespace zel

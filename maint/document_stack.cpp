@@ -34,8 +34,9 @@ void DocumentStack::Clear() noexcept {
   documentFiles_.clear();
 }
 
+// Lives as long as the process, for a host's global objects.
 DocumentStack& Documents() noexcept {
-  static DocumentStack stack;
+  static DocumentStack& stack = *new DocumentStack;
   return stack;
 }
 

@@ -88,11 +88,13 @@ void BlockStore::CloseFile(int number) noexcept {
   if (slot.state != kOpen) return;
   slot.file.reset();
   slot.state = kPresent;
+  ++closings_;
 }
 
 void BlockStore::CloseAll() noexcept {
   nodeFile_ = {};
   for (FileSlot& slot : slots_) slot = {};
+  ++closings_;
 }
 
 void BlockStore::DeclareFile(int number, bool present, std::int32_t blockWords) noexcept {

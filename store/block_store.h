@@ -53,6 +53,8 @@ class BlockStore {
   // write is true when all went.
   std::int64_t ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer);
   bool WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer);
+  // Rises when files are closed: what View gave before is gone.
+  std::uint32_t Closings() const noexcept { return closings_; }
   // Asks the system to put all open files on disk.
   bool FlushFiles();
 
@@ -123,6 +125,7 @@ class BlockStore {
   accModes mode_;
   std::string firstPath_;
   bool open_ = false;
+  std::uint32_t closings_ = 0;
   std::int32_t libType_ = 0;
   std::int32_t fileCount_ = 0;
   std::array<FileSlot, format::kFileSlots> slots_;

@@ -10,7 +10,8 @@
 //
 // What holds between operations:
 // - no node is in two buffers, and each buffer equals its block on file: a buffer whose block was
-//   written or freed by another way is forgotten, and a failed write drops the whole chain;
+//   written or freed by another way is forgotten, and a failed write drops the whole chain, as does
+//   the closing of the library's files, which ends position and walk;
 // - the root in the object equals the root in the head record.
 //
 // Costs: a search reads one node per level, none that the last path shares. Insert writes one node,
@@ -72,7 +73,8 @@ class BTree_i {
   // after entry, key first. Other operations in between end the walk's meaning.
   void WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords);
   bool WalkNext(std::int32_t const*& entry) {
-    if (walkLeft_ > 0 && *walkLink_ == format::kNullAddress) {  // the next entry of a leaf
+    if (walkLeft_ > 0 && closings_ == store_.Closings() &&
+        *walkLink_ == format::kNullAddress) {  // the next entry of a leaf
       entry = walkLink_ + 1;
       walkLink_ += width_;
       --walkLeft_;
@@ -116,6 +118,7 @@ class BTree_i {
   std::int32_t* Own(Level& level);
   void Forget(std::int32_t address, Level const* except) noexcept;
   void ForgetAll() noexcept;
+  void ForgetClosed() noexcept;
   bool WithinBlocks(std::int64_t visits, std::int64_t& bound) const noexcept;
   int Search(std::int32_t const* words, std::int32_t const* key, bool& found) const noexcept;
 
@@ -147,6 +150,7 @@ class BTree_i {
   class ForgetOnFailure;
 
   BlockStore& store_;
+  std::uint32_t closings_;  // of the store, when the buffers were last known to be good
   BTreeHead_i head_;
   int width_;               // words of an entry and the link behind it
   int levels_ = 0;          // buffers made

@@ -8,6 +8,7 @@ namespace zel {
 namespace f = format;
 
 bool BTree_i::Delete(std::int32_t const* key) {
+  ForgetClosed();
   if (head_.rootAddress != f::kNullAddress) CheckHead();
   store_.CheckWritable(head_.rootAddress);
   ForgetOnFailure guard(*this);

@@ -9,7 +9,10 @@
 namespace zel {
 
 BTree_i::BTree_i(BlockStore& store, std::int32_t* headRecord)
-    : store_(store), head_(headRecord), width_(head_.IsUsable() ? head_.entryWords + 1 : 2) {}
+    : store_(store),
+      closings_(store.Closings()),
+      head_(headRecord),
+      width_(head_.IsUsable() ? head_.entryWords + 1 : 2) {}
 
 BTree_i::~BTree_i() { ForgetAll(); }
 
@@ -77,6 +80,13 @@ void BTree_i::ForgetAll() noexcept {
   levels_ = 0;
   current_ = kNoLevel;
   atEntry_ = false;
+}
+
+// Every operation begins with this.
+void BTree_i::ForgetClosed() noexcept {
+  if (closings_ == store_.Closings()) return;
+  ForgetAll();
+  closings_ = store_.Closings();
 }
 
 // False when more nodes were visited than the files have blocks. Files are opened as their blocks
@@ -165,6 +175,7 @@ int BTree_i::Search(std::int32_t const* words, std::int32_t const* key,
 }
 
 bool BTree_i::Find(std::int32_t const* key, std::int32_t const*& data) {
+  ForgetClosed();
   current_ = kNoLevel;
   atEntry_ = false;
   EndWalk();
@@ -192,6 +203,7 @@ bool BTree_i::Find(std::int32_t const* key, std::int32_t const*& data) {
 }
 
 bool BTree_i::GetCurrentData(std::int32_t*& data) {
+  ForgetClosed();
   if (current_ == kNoLevel || !atEntry_) return false;
   Level& level = level_[current_];
   std::int32_t const* before = level.words;

@@ -22,6 +22,7 @@ void BTree_i::WriteLevel(Level& level) {
 }
 
 bool BTree_i::WriteCurrentNode() {
+  ForgetClosed();
   if (current_ == kNoLevel || !atEntry_) return false;
   ForgetOnFailure guard(*this);
   WriteLevel(level_[current_]);
@@ -30,6 +31,7 @@ bool BTree_i::WriteCurrentNode() {
 }
 
 bool BTree_i::Insert(std::int32_t const* key, std::int32_t left, std::int32_t right) {
+  ForgetClosed();
   bool const searched = current_ != kNoLevel || head_.rootAddress == f::kNullAddress;
   if (atEntry_ || walk_ != WalkState::kEnded || !searched) return false;
   CheckHead();

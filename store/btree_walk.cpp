@@ -11,6 +11,7 @@ void BTree_i::EndWalk() noexcept {
 }
 
 void BTree_i::WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords) {
+  ForgetClosed();
   current_ = kNoLevel;
   atEntry_ = false;
   EndWalk();
@@ -28,6 +29,7 @@ void BTree_i::WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords) {
 }
 
 bool BTree_i::WalkOn(std::int32_t const*& entry) {
+  ForgetClosed();
   entry = nullptr;
   walkLeft_ = 0;
   if (walk_ == WalkState::kEnded) return false;

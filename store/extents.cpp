@@ -103,7 +103,8 @@ void ExtentList::GiveBack(std::int32_t address, std::int64_t blocks, std::int32_
   if (Overlaps(address, blocks, file)) ThrowBlockError(address);
   for (int i = 0; i < count_; ++i) {
     Extent& e = entries_[static_cast<std::size_t>(i)];
-    if (e.file != file) continue;  // the end of one file is no neighbour of the next one's start
+    // A run that took over a tail is so long that an extent of the next file can stand at its end:
+    // that one goes as well, and its blocks are lost. Tails come first and cannot be met this way.
     if (address + blocks == e.address) {
       blocks += e.size;
       e = {};

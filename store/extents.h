@@ -34,8 +34,8 @@ class ExtentList {
   // first, or the null address. A run never reaches behind block 999,999.
   std::int32_t Take(std::int32_t file, std::int64_t blocks) noexcept;
   // Gives a run back, joining it with its neighbours in one pass over the list: two neighbours that
-  // meet late can stay apart until a later call joins them. Throws the address when some of the
-  // blocks are free already.
+  // meet late can stay apart until a later call joins them. Addresses alone tell neighbours. Throws
+  // the address when some of the blocks are free already.
   void GiveBack(std::int32_t address, std::int64_t blocks, std::int32_t file);
 
   // True when some blocks of the run are free.

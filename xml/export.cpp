@@ -129,7 +129,7 @@ bool Export_i::ExportLibrary() {
     if (!file.empty()) out << "  <import file=\"" << file << "\" />\n";
   }
   out << "</library>\n";
-  return true;
+  return out.Close();
 }
 
 bool Export_i::ExportBank(char const* type, char const* name) {
@@ -164,7 +164,7 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
     ItemExport(owner_, out, ids_).Write(record.Get(), name, withFormat ? stored : 1);
   }
   out << "</bank>\n";
-  return true;
+  return out.Close();
 }
 
 // Each component is found again by its first ID; one that is not is left out.
@@ -200,7 +200,7 @@ bool Export_i::WriteComponentFile(char const* bank, Key* key, std::string const&
   if (!out) return false;
   PutHeader(out, BankLabel(kComponentBank, bank) + ", component \"" + component + "\"");
   PutComponent(out, read.Get(), 0);
-  return true;
+  return out.Close();
 }
 
 bool Export_i::ExportComponentByNumber(char const* bank, std::int32_t number) {

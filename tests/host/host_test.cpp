@@ -68,6 +68,65 @@ TEST_F(HostTest, PairGoesInAndComesOutInBothOrders) {
   zel::LibFile::DelLibFile(library);
 }
 
+// A search and a walk that outlive the opening of their library, in each mode: after a close they
+// end in a block error or find nothing, after a reopen they work again.
+TEST_F(HostTest, ClosedLibraryUnderASearchAndAWalk) {
+  constexpr long kItems = 2000;
+  zel::openErrors error{};
+  zel::Handle<zel::LibFile> library(
+      zel::LibFile::NewLibFile(zel::libKind11, Path("a.lb1").c_str(), error));
+  ASSERT_NE(library, nullptr);
+  zel::Handle<zel::IZelBankDef> const bank(zel::NewBank("RACKETT"));
+  zel::Handle<zel::Key> const key(zel::Key::NewKey());
+  {
+    zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(library.get()));
+    ASSERT_TRUE(maint->CreateBank("RACKETT", "X", 0));
+    for (long i = 1; i <= kItems; ++i) {
+      key->SetKey(i);
+      ASSERT_TRUE(maint->WriteItem(bank.get(), "X", key.get()));
+    }
+  }
+  for (zel::accModes const mode : {zel::accUpdate, zel::accRead}) {
+    library.reset();
+    library.reset(zel::LibFile::OpenLibFile(mode, Path("a.lb1").c_str(), "", error));
+    ASSERT_EQ(error, zel::openOk);
+    zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(library.get()));
+    zel::Handle<zel::LibSearch> const search(zel::LibSearch::NewLibSearch());
+    zel::LibFile* const libraries[] = {library.get()};
+    char const names[1][9] = {"X"};
+    search->SetLibraryBanks(1, libraries, names);
+    auto const find = [&](long component) {
+      key->SetKey(component);
+      return search->Search(key.get(), bank.get(), false);
+    };
+    for (int round = 0; round < 2; ++round) {
+      for (long i = 1; i <= kItems; i += 100) EXPECT_TRUE(find(i));
+      std::int32_t words[10] = {};
+      ASSERT_TRUE(maint->BeginItemWalk("RACKETT", "X"));
+      for (int i = 0; i < 1500; ++i) ASSERT_TRUE(maint->NextItemKey(words));
+      EXPECT_EQ(words[0], 1500);
+      library->CloseLibFile();
+      if (round == 0) {
+        EXPECT_THROW(find(1901), unsigned long);
+        EXPECT_FALSE(maint->NextItemKey(words));
+        EXPECT_FALSE(maint->NextItem(words, bank.get()));
+        EXPECT_FALSE(maint->RewriteItem(bank.get()));
+      }
+      ASSERT_EQ(library->ReopenLibFile(), zel::openOk);
+      EXPECT_TRUE(find(1901)) << "round " << round;
+      EXPECT_FALSE(maint->NextItemKey(words)) << "the walk has ended";
+    }
+  }
+}
+
+// A list that ends after everything that the library made during the run.
+zel::Handle<zel::CompList> listToTheEnd;
+
+TEST_F(HostTest, GlobalListEndsWithTheProcess) {
+  listToTheEnd.reset(zel::CompList::NewCompList());
+  listToTheEnd->SetFilter("a filter of more than fifteen characters");
+}
+
 // Made by its factory and ended by its Del function only.
 template <typename Handle>
 constexpr bool IsHandle = std::is_abstract_v<Handle>&& std::has_virtual_destructor_v<Handle> &&

@@ -1,4 +1,5 @@
 set(lists_TEST_SOURCES
+    comp_list_build_test.cpp
     comp_list_test.cpp
     filter_test.cpp
     search_order_test.cpp

@@ -57,20 +57,23 @@ TEST(Extents, FreedRunThatMeetsTheTailTakesItOver) {
   EXPECT_EQ(list[0].size, 999999);
 }
 
-TEST(Extents, EndOfOneFileIsNoNeighbourOfTheNext) {
-  ExtentList list;
-  std::array<std::int32_t, 125> table{};
-  table[0] = 2;
-  table[1] = 999999;
-  table[63] = kFile1 + 3;
-  table[2] = 2;
-  table[64] = kFile2 + 1;
-  list.Load(table.data(), 11, 2);
-  ASSERT_EQ(list.Count(), 2);
-  list.Take(1, 2);
-  list.GiveBack(kFile1 + 4, 1, 1);  // run of the tail: address + size is an address of file 2
-  EXPECT_EQ(list[1].address, kFile2 + 1);
-  EXPECT_EQ(list[1].size, 2);
+TEST(Extents, RunThatTakesATailOverTakesWhatStandsAtItsEnd) {
+  for (int block : {3, 4, 5}) {
+    ExtentList list;
+    std::array<std::int32_t, 125> table{};
+    table[0] = 2;
+    table[1] = 999999;
+    table[63] = kFile1 + 3;
+    table[2] = 2;
+    table[64] = kFile2 + block;
+    list.Load(table.data(), 11, 2);
+    ASSERT_EQ(list.Count(), 2);
+    list.Take(1, 2);
+    list.GiveBack(kFile1 + 4, 1, 1);  // ends at address kFile2 + 4 with the tail's size
+    EXPECT_EQ(list[0].address, kFile1 + 4);
+    EXPECT_EQ(list[0].size, 999999);
+    ASSERT_EQ(list.Count(), block == 4 ? 1 : 2) << block;
+  }
 }
 
 TEST(Extents, SixtyThirdExtentIsLost) {

@@ -33,7 +33,6 @@ long ExtentModel::Take(int file, long blocks) {
 
 void ExtentModel::GiveBack(long address, long blocks, int file) {
   for (Entry& e : entries_) {
-    if (e.file != file) continue;
     if (address + blocks == e.address) {
       blocks += e.size;
       e = {0, 0, 0};

@@ -195,6 +195,18 @@ TEST_F(ExportFilesTest, OpenLibraryIsNotWrittenOver) {
   }
 }
 
+TEST_F(ExportFilesTest, FullDiskGivesFalse) {
+  Put("VANLAAR", "V", {1, 2}, [](IZelBankDef*) {});
+  PutComponent(7, {"A"});
+  std::filesystem::create_symlink("/dev/full", Out("full.xml"));
+  EXPECT_FALSE(Maint().ExportLibrary(Out("full.xml").c_str()));
+  EXPECT_FALSE(Maint().ExportBank("VANLAAR", "V", Out("full.xml").c_str()));
+  EXPECT_FALSE(Maint().ExportComponentByNumber("PURE", 7, Out("full.xml").c_str()));
+  std::filesystem::remove(Out("Bank-VANLAAR-V.xml"));
+  std::filesystem::create_symlink("/dev/full", Out("Bank-VANLAAR-V.xml"));
+  EXPECT_FALSE(Maint().ExportLibrary(Out().c_str()));
+}
+
 TEST_F(ExportFilesTest, LibraryDocumentInThePlaceOfABankDocumentGivesFalse) {
   Put("VANLAAR", "V", {1, 2}, [](IZelBankDef*) {});
   EXPECT_FALSE(Maint().ExportLibrary(Out("Bank-VANLAAR-V.xml").c_str()));
