@@ -316,6 +316,8 @@ bool GetFileRoom(LibFile* library, std::int32_t file, ZelFileRoom& room) {
   LibFile_i* const inner = OpenLibrary(library);
   if (inner == nullptr || file < 1 || file >= f::kFileSlots) return false;
   BlockStore& store = inner->Store();
+  // Files but the first are opened when they are first asked for.
+  if (store.FileState(file) == BlockStore::kPresent) store.OpenFile(file, false, false);
   if (store.FileState(file) != BlockStore::kOpen) return false;
   room = {};
   room.blockBytes = store.BlockWords(file) * f::kWordBytes;

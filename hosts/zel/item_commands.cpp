@@ -1,4 +1,6 @@
 // copy, delete
+#include <zelaccess/Key_p.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <memory>
@@ -42,14 +44,30 @@ void MakeBank(Library const& from, Library const& to, BankName const& bank) {
   if (*memo != '\0') to.Maint().SetBankMemo(type, name, memo);
 }
 
-// An item under its stored key, read into `item` already.
-void CopyItem(Library const& to, BankName const& bank, zel::IZelBankDef& item, zel::Key& key,
-              std::string const& shown, bool replace) {
-  if (!replace && to.Maint().ItemExists(&item, bank.name.c_str(), &key)) {
+// Why a component is refused, in the words of the library's identity check.
+std::string Reasons(Library const& to, zel::IZelBankDef& item, zel::Key& key) {
+  void* face = nullptr;
+  if (item.QueryInterface(zel::IID_IZelPureComp, &face) != zel::kStatusOk) return "is refused";
+  auto* const component = static_cast<zel::IZelPureComp*>(face);
+  char text[300] = {};
+  to.Maint().CheckComponent(component, &key, text);
+  component->Release();
+  return std::string("is refused: ") + text;
+}
+
+// The item under its stored key, read into `item` first.
+void CopyItem(Library const& from, Library const& to, BankName const& bank, zel::IZelBankDef& item,
+              std::vector<std::int32_t> const& stored, std::string const& shown, bool replace) {
+  zel::Handle<zel::Key> const key = StoredKey(stored);
+  char const* const name = bank.name.c_str();
+  if (!from.Maint().ReadItem(&item, name, key.get())) {
+    Refuse(from, bank, shown, "cannot be read");
+  }
+  if (!replace && to.Maint().ItemExists(&item, name, key.get())) {
     Refuse(to, bank, shown, "is there already; --replace takes the new one");
   }
-  if (!to.Maint().WriteItem(&item, bank.name.c_str(), &key)) {
-    Refuse(to, bank, shown, "is refused: its identifiers mean another component there");
+  if (!to.Maint().WriteItem(&item, name, key.get())) {
+    Refuse(to, bank, shown, Reasons(to, item, *key));
   }
 }
 
@@ -60,12 +78,7 @@ std::int64_t CopyBank(Library const& from, Library const& to, BankName const& ba
   auto const keys = Keys(from, bank, *item);
   Progress progress("copying " + ToText(bank), keys.size());
   for (auto const& stored : keys) {
-    zel::Handle<zel::Key> const key(zel::Key::NewKey());
-    key->SetKeyWords(static_cast<long>(stored.size()), stored.data());
-    if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
-      Refuse(from, bank, Joined(words.Of(stored)), "cannot be read");
-    }
-    CopyItem(to, bank, *item, *key, Joined(words.Of(stored)), replace);
+    CopyItem(from, to, bank, *item, stored, Joined(words.Of(stored)), replace);
     progress.Step();
   }
   return static_cast<std::int64_t>(keys.size());
@@ -79,7 +92,10 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
     Refuse(from, bank, Joined(o.words), "is not there");
   }
-  CopyItem(to, bank, *item, *key, Joined(o.words), o.replace);
+  // By numbers and as it is stored: the other library need not know the words.
+  std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
+  CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords}, Joined(o.words),
+           o.replace);
   return 1;
 }
 

@@ -115,6 +115,17 @@ zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> con
   return key;
 }
 
+// One word is set as a number, so that a component shows which one it is.
+zel::Handle<zel::Key> StoredKey(std::vector<std::int32_t> const& words) {
+  zel::Handle<zel::Key> key(zel::Key::NewKey());
+  if (words.size() == 1) {
+    key->SetKey(static_cast<long>(words[0]));
+  } else {
+    key->SetKeyWords(static_cast<long>(words.size()), words.data());
+  }
+  return key;
+}
+
 KeyWords::KeyWords(Library const& library, zel::IZelBankDef& bank) : library_(library) {
   char type[kNameSize] = {};
   char description[50] = {};

@@ -21,6 +21,9 @@ zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components);
 // when the bank's items are not named by that many words.
 zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> const& words);
 
+// The key of an item met in a walk.
+zel::Handle<zel::Key> StoredKey(std::vector<std::int32_t> const& words);
+
 // The words behind the key of an item met in a walk: IDs where the library has them, else numbers.
 class KeyWords {
  public:

@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <nlohmann/json.hpp>
+#include <numeric>
 
 #include "zelaccess/Types.h"
 
@@ -14,7 +16,7 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kLineWidth = 80;
 constexpr std::size_t kGap = 2;
-constexpr std::size_t kNarrowestBreak = 20;  // a narrower last column is not broken
+constexpr std::size_t kNarrowestBreak = 12;  // a narrower last column is not broken
 
 // Characters, not bytes: continuation bytes of UTF-8 take no room.
 std::size_t Width(std::string const& text) {
@@ -43,15 +45,17 @@ bool IsNumeric(Table const& table, std::size_t column) {
   return any;
 }
 
-// Lines of at most `width` characters, broken at blanks where there are any.
+// Lines of at most `width` characters, broken at blanks, and within words that are too long.
 std::vector<std::string> Break(std::string const& text, std::size_t width) {
   std::vector<std::string> lines;
   std::string rest = text;
   while (Width(rest) > width) {
-    std::size_t at = rest.rfind(' ', width);
-    if (at == std::string::npos || at == 0) break;
-    lines.push_back(rest.substr(0, at));
-    rest.erase(0, at + 1);
+    std::size_t const at = rest.rfind(' ', width);
+    bool const atBlank = at != std::string::npos && at != 0;
+    std::size_t end = atBlank ? at : width;
+    while (!atBlank && end < rest.size() && (rest[end] & 0xC0) == 0x80) ++end;  // whole characters
+    lines.push_back(rest.substr(0, end));
+    rest.erase(0, end + (atBlank ? 1 : 0));
   }
   lines.push_back(rest);
   return lines;
@@ -61,12 +65,12 @@ class TextTable {
  public:
   explicit TextTable(Table const& table) : table_(table) {
     std::size_t const count = table.Columns().size();
-    for (std::size_t i = 0; i < count; ++i) {
-      right_.push_back(IsNumeric(table, i));
-      widths_.push_back(Width(Head(table.Columns()[i])));
-      for (auto const& row : table.Rows()) {
-        widths_[i] = std::max(widths_[i], Width(CellText(row[i])));
-      }
+    for (std::size_t i = 0; i < count; ++i) right_.push_back(IsNumeric(table, i));
+    Heads(false);
+    Measure();
+    if (std::accumulate(widths_.begin(), widths_.end(), kGap * (count - 1)) > kLineWidth) {
+      Heads(true);
+      Measure();
     }
     std::size_t before = 0;
     for (std::size_t i = 0; i + 1 < count; ++i) before += widths_[i] + kGap;
@@ -75,9 +79,7 @@ class TextTable {
   }
 
   void Print(std::string& out) const {
-    std::vector<std::string> heads;
-    for (Column const& column : table_.Columns()) heads.push_back(Head(column));
-    Line(heads, out);
+    for (auto const& heads : heads_) Line(heads, out);
     for (auto const& row : table_.Rows()) {
       std::vector<std::string> texts;
       for (Cell const& cell : row) texts.push_back(CellText(cell));
@@ -86,6 +88,25 @@ class TextTable {
   }
 
  private:
+  // Names with their units, or the units in a line of their own.
+  void Heads(bool apart) {
+    heads_.assign(apart ? 2 : 1, {});
+    for (Column const& column : table_.Columns()) {
+      heads_[0].push_back(apart ? column.name : Head(column));
+      if (apart) heads_[1].push_back(column.unit.empty() ? "" : "[" + column.unit + "]");
+    }
+  }
+
+  void Measure() {
+    widths_.assign(table_.Columns().size(), 0);
+    for (std::size_t i = 0; i < widths_.size(); ++i) {
+      for (auto const& heads : heads_) widths_[i] = std::max(widths_[i], Width(heads[i]));
+      for (auto const& row : table_.Rows()) {
+        widths_[i] = std::max(widths_[i], Width(CellText(row[i])));
+      }
+    }
+  }
+
   void Line(std::vector<std::string> const& texts, std::string& out) const {
     std::string line;
     for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -109,6 +130,7 @@ class TextTable {
   }
 
   Table const& table_;
+  std::vector<std::vector<std::string>> heads_;
   std::vector<bool> right_;
   std::vector<std::size_t> widths_;
   std::size_t indent_ = 0;
@@ -206,7 +228,10 @@ std::string PrintCsv(Report const& report) {
   line(table.Columns(), [](Column const& column) { return Head(column); });
   for (auto const& row : table.Rows()) {
     line(row, [](Cell const& cell) {
-      return std::holds_alternative<std::monostate>(cell) ? std::string() : CellText(cell);
+      if (std::holds_alternative<std::monostate>(cell)) return std::string();
+      // As many digits as give the number back.
+      if (auto const* number = std::get_if<double>(&cell)) return fmt::format("{}", *number);
+      return CellText(cell);
     });
   }
   return out;
@@ -215,7 +240,7 @@ std::string PrintCsv(Report const& report) {
 }  // namespace
 
 Cell Number(double value) {
-  if (zel::gen_IsUndefDouble(value)) return {};
+  if (zel::gen_IsUndefDouble(value) || !std::isfinite(value)) return {};
   return value;
 }
 

@@ -313,6 +313,12 @@ TEST_F(VerifyTest, BlocksOfADeletedBankAreLeaked) {
   EXPECT_TRUE(sink_.Has("block-leaked")) << sink_.Lines();
 }
 
+TEST_F(VerifyTest, RoomOfAFileThatNobodyAskedForYet) {
+  ZelFileRoom room;
+  EXPECT_TRUE(GetFileRoom(Open().get(), 2, room));
+  EXPECT_GT(room.blocks, 0);
+}
+
 TEST_F(VerifyTest, RoomOfTheFiles) {
   ZelFileRoom room;
   auto const library = Open(accUpdate);
