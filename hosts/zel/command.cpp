@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "failure.h"
+#include "library.h"
 
 namespace zelhost {
 namespace {
@@ -30,7 +31,10 @@ void Command::Run(Outputs outputs, std::function<Report()> work) {
     sub_->add_flag_callback(
         "--csv", [form] { *form = Form::kCsv; }, "print comma-separated values");
   }
-  sub_->callback([form, work = std::move(work)] { Write(Print(work(), *form)); });
+  sub_->callback([form, work = std::move(work)] {
+    OpenNames();
+    Write(Print(work(), *form));
+  });
 }
 
 void SetExitStatus(int status) { exitStatus = status; }

@@ -1,5 +1,6 @@
 // diff, check
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <set>
 
@@ -31,6 +32,7 @@ class Difference {
   Difference(Library const& one, Library const& other, Table& table)
       : one_(one), other_(other), table_(table) {}
 
+  void Header();
   void Bank(BankName const& bank);
   void OnlyIn(Library const& library, std::string const& place) {
     bool const first = &library == &one_;
@@ -38,6 +40,8 @@ class Difference {
   }
 
  private:
+  void Field(std::string const& place, char const* field, Cell one, Cell other);
+  void BankHeader(BankName const& bank);
   void Item(BankName const& bank, std::vector<std::int32_t> const& stored,
             std::string const& place);
 
@@ -46,8 +50,41 @@ class Difference {
   Table& table_;
 };
 
+void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
+  if (one != other) table_.Add({place, field, std::move(one), std::move(other)});
+}
+
+void Difference::Header() {
+  auto const header = [](Library const& library) {
+    char description[101] = {};
+    char version[13] = {};
+    char memo[kMemoSize] = {};
+    library.File().GetDescriptionAndVersion(description, version);
+    library.File().GetMemo(memo);
+    return std::array<std::string, 3>{description, version, memo};
+  };
+  auto const a = header(one_);
+  auto const b = header(other_);
+  static constexpr char const* kNames[] = {"description", "version", "memo"};
+  for (std::size_t i = 0; i < a.size(); ++i) Field("library", kNames[i], Text(a[i]), Text(b[i]));
+}
+
+void Difference::BankHeader(BankName const& bank) {
+  auto const format = [&](Library const& library) {
+    return Cell(std::int64_t{library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str())});
+  };
+  auto const memo = [&](Library const& library) {
+    char text[kMemoSize] = {};
+    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), text);
+    return Text(text);
+  };
+  Field(ToText(bank), "format", format(one_), format(other_));
+  Field(ToText(bank), "memo", memo(one_), memo(other_));
+}
+
 // Both lists of keys rise; equal ones are items that both have.
 void Difference::Bank(BankName const& bank) {
+  BankHeader(bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   auto const a = Keys(one_, bank, *item);
   auto const b = Keys(other_, bank, *item);
@@ -128,6 +165,8 @@ Report Diff(Options const& o) {
     auto const isOther = [&](BankName const& known) { return ToText(known) != ToText(bank); };
     std::erase_if(a, isOther);
     std::erase_if(b, isOther);
+  } else {
+    difference.Header();
   }
   for (BankName const& bank : a) {
     if (has(b, bank)) {

@@ -3,6 +3,7 @@
 #include <zelaccess/LibMaint_p.h>
 
 #include <filesystem>
+#include <fstream>
 #include <memory>
 
 #include "command.h"
@@ -38,7 +39,7 @@ struct Options {
 };
 
 LibraryChange ChangeFor(Options const& o) {
-  if (!fs::exists(o.path) && o.create) return LibraryChange::New(o.path, zel::libKind11);
+  if (!fs::exists(o.path) && o.create) return LibraryChange::New(o.path, zel::libKind11, false, "");
   return {o.path, o.change};
 }
 
@@ -68,10 +69,20 @@ Report Import(Options const& o) {
   return report;
 }
 
+// The path of a document, which gets an extension when it has none; a folder stays one.
+std::string ExportTarget(std::string const& output) {
+  if (output.empty()) return "";
+  RefuseLibraryPath(output);
+  fs::path target = fs::absolute(output);
+  if (fs::is_directory(target)) return (target / "").string();
+  if (target.has_filename() && !target.has_extension()) target += ".xml";
+  return target.string();
+}
+
 Report Export(Options const& o) {
   zel::InitZelAccess();
   Library const library = Library::OpenRead(o.path);
-  std::string const target = o.output.empty() ? "" : fs::absolute(o.output).string();
+  std::string const target = ExportTarget(o.output);
   zel::LibMaint& maint = library.Maint();
   bool good = false;
   if (!o.component.empty()) {
@@ -105,6 +116,25 @@ Report Export(Options const& o) {
   return report;
 }
 
+// The library tells nothing of an index that it could not write.
+void MakeRoomFor(fs::path const& index) {
+  std::error_code error;
+  fs::remove(index, error);
+  if (error || fs::exists(index)) throw Failure(index.string() + ": cannot be replaced");
+}
+
+void CheckWritten(fs::path const& index, bool mayBeEmpty) {
+  std::error_code none;
+  auto const size = fs::is_regular_file(index, none) ? fs::file_size(index, none) : 0;
+  char last = '\n';
+  if (size > 0) {
+    std::ifstream file(index, std::ios::binary);
+    file.seekg(-1, std::ios::end).get(last);
+  }
+  bool const whole = fs::is_regular_file(index, none) && (size > 0 || mayBeEmpty) && last == '\n';
+  if (!whole) throw Failure(index.string() + ": cannot be written whole");
+}
+
 Report Dump(Options const& o) {
   Library const library = Library::OpenRead(o.path);
   if (!o.bank.empty()) {
@@ -113,14 +143,17 @@ Report Dump(Options const& o) {
     maint->DumpBankTree(bank.type.c_str(), bank.name.c_str(), 0, stdout, -1);
     return {};
   }
-  library.Maint().WriteTextDump(&library.File());
+  std::vector<BankName> const banks = library.Banks();
   fs::path const index = fs::absolute(o.path).replace_extension(".bnk");
-  if (!fs::exists(index)) throw Failure(index.string() + ": cannot be written");
+  MakeRoomFor(index);
+  library.Maint().WriteTextDump(&library.File());
+  CheckWritten(index, banks.empty());
   Report report;
   report.Fact("written", index.string());
   for (BankName const& bank : library.Banks(kPureType)) {
-    report.Fact("components of " + bank.name,
-                fs::absolute(o.path).replace_extension("." + bank.name + ".cmp").string());
+    fs::path const file = fs::absolute(o.path).replace_extension("." + bank.name + ".cmp");
+    CheckWritten(file, true);
+    report.Fact("components of " + bank.name, file.string());
   }
   return report;
 }
@@ -150,12 +183,20 @@ void BuildList(Options const& o, zel::CompList& list) {
   }
 }
 
+// A list begins with comments, which say that it is generated.
+bool IsList(std::string const& path) {
+  std::ifstream file(path, std::ios::binary);
+  return file.get() == ';';
+}
+
 Report List(Options const& o) {
+  RefuseLibraryPath(o.path);
   zel::compListSorts const sort = SortNamed(o.sort);
   auto const range = ParseSpan(o.range, "what the list is sorted by");
   zel::Handle<zel::CompList> const list(zel::CompList::NewCompList());
   if (!o.library.empty()) BuildList(o, *list);
-  if (!list->ReadList(o.path.c_str())) throw Failure(o.path + ": cannot be read");
+  if (!list->ReadList(o.path.c_str())) throw Failure(o.path + ": not found, or cannot be read");
+  if (!IsList(o.path)) throw Failure(o.path + ": is no list; --build makes one");
   list->SetSort(sort, o.descending ? 1 : 0);
   list->SetFilter(o.filter.c_str());
   double const open = zel::gen_GetUndefDouble();
@@ -193,7 +234,8 @@ void AddDocumentCommands(CLI::App& app) {
   Command(app, "export", "Write a library, a bank or a component as XML",
           "zel export sample.lb1 -o out/sample.xml")
       .Argument("LIBRARY", o->path, "a library file")
-      .Option("-o,--output", o->output, "the document; beside the library when not given", "FILE")
+      .Option("-o,--output", o->output, "the document (.xml), or a folder; else beside LIBRARY",
+              "FILE")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Option("--component", o->component, "only this component", "COMPONENT")
       .Flag("--banner", o->banner, "add a block for a maintenance log")

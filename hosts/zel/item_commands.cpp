@@ -106,8 +106,8 @@ Report Copy(Options const& o) {
   Library const from = Library::OpenRead(o.from);
   zel::InitZelAccess();
   bool const isNew = o.create && !std::filesystem::exists(o.path);
-  LibraryChange change =
-      isNew ? LibraryChange::New(o.path, zel::libKind11) : LibraryChange(o.path, o.change);
+  LibraryChange change = isNew ? LibraryChange::New(o.path, zel::libKind11, false, "")
+                               : LibraryChange(o.path, o.change);
   Library const& to = change.Open();
   Report report;
   Table& table = report.Begin("copied", {{"bank", ""}, {"items", ""}});

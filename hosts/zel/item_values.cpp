@@ -106,6 +106,9 @@ class ComponentValues {
         text += " " + CellText(Number(coefficients[i]));
       }
       Put(row.name, text);
+      std::uint32_t code = 0;
+      component_->GetCorrelationRefCode(IndexOf(row), &code);
+      if (code != 0) Put(row.name + std::string(" code"), std::int64_t{code});
     }
   }
 

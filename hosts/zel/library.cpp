@@ -1,6 +1,7 @@
 #include "library.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 
 #include "failure.h"
@@ -135,6 +136,11 @@ bool Matches(std::string const& pattern, std::string const& text) {
 
 namespace {
 
+std::string& NamesPath() {
+  static std::string path;
+  return path;
+}
+
 std::optional<Library>& Names() {
   static std::optional<Library> names;
   return names;
@@ -142,11 +148,19 @@ std::optional<Library>& Names() {
 
 }  // namespace
 
-void UseNames(std::string const& path) {
-  Names().emplace(Library::OpenRead(path));
+void NameNames(std::string const& path) { NamesPath() = path; }
+
+void OpenNames() {
+  if (NamesPath().empty()) return;
+  Names().emplace(Library::OpenRead(NamesPath()));
   zel::LibFile::SetOrdwinNameIndex(&Names()->File());
 }
 
 Library const* NamesLibrary() { return Names() ? &*Names() : nullptr; }
+
+void ReleaseNames(std::string const& path) {
+  std::error_code none;
+  if (Names() && std::filesystem::equivalent(Names()->Path(), path, none)) Names().reset();
+}
 
 }  // namespace zelhost

@@ -49,10 +49,14 @@ class Library {
   zel::Handle<zel::LibMaint> maint_;
 };
 
-// Makes a library the one that knows the IDs and CAS numbers which the library at hand does not.
-void UseNames(std::string const& path);
+// The library that knows the IDs and CAS numbers which the library at hand does not: named while
+// the command line is read, opened before the command begins.
+void NameNames(std::string const& path);
+void OpenNames();
 // That library; null when there is none.
 Library const* NamesLibrary();
+// Closes it when it is the library at `path`, which is to be changed and knows its own IDs.
+void ReleaseNames(std::string const& path);
 
 // What an open that failed means, e.g. "not found".
 std::string Reason(zel::openErrors error);

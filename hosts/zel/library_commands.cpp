@@ -3,7 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 
 #include "command.h"
 #include "failure.h"
@@ -33,14 +33,11 @@ struct Options {
 };
 
 Report Create(Options const& o) {
-  namespace fs = std::filesystem;
   if (o.kind < zel::libKind11 || o.kind > zel::libKind13) {
     throw WrongUsage("a library's kind is 11, 12 or 13");
   }
-  if (fs::exists(o.path) && !o.force) {
-    throw Failure(o.path + ": exists; --force replaces it");
-  }
-  LibraryChange change = LibraryChange::New(o.path, static_cast<zel::libTypes>(o.kind));
+  LibraryChange change =
+      LibraryChange::New(o.path, static_cast<zel::libTypes>(o.kind), o.force, o.change.password);
   change.Open().File().SetDescriptionAndVersion(o.description.c_str(), o.version.c_str());
   change.PutInPlace();
   Report report;
@@ -99,12 +96,13 @@ Report Info(Options const& o) {
   return report;
 }
 
+// A file without a line's worth of text is no mistake, one that is no text is.
 std::string FileText(std::string const& path) {
   std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  if (!file) throw Failure(path + ": cannot be read");
-  return text.str();
+  if (!file || std::filesystem::is_directory(path)) throw Failure(path + ": cannot be read");
+  std::string text(std::istreambuf_iterator<char>(file), {});
+  if (text.find('\0') != std::string::npos) throw Failure(path + ": is no text");
+  return text;
 }
 
 Report Memo(Options& o) {
@@ -169,6 +167,7 @@ void AddLibraryCommands(CLI::App& app) {
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
       .Option("--kind", o->kind, "11, 12 or 13", "N")
       .Flag("--force", o->force, "replace a library that is there")
+      .Option("--password", o->change.password, "of a protected library that is there", "TEXT")
       .Run(Outputs::kJson, [o] { return Create(*o); });
   Command(app, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
       .Argument("LIBRARY", o->path, "a library file")

@@ -70,7 +70,7 @@ int main(int count, char** words) {
     app.get_formatter()->column_width(kWordsColumn);
     app.fallthrough();
     app.add_option_function<std::string>(
-           "--names", [](std::string const& path) { zelhost::UseNames(path); },
+           "--names", [](std::string const& path) { zelhost::NameNames(path); },
            "a library for IDs that the one at hand does not know")
         ->type_name("LIBRARY")
         ->envname("ZEL_NAMES")

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "failure.h"
+#include "library.h"
 
 namespace zelhost {
 namespace {
@@ -29,7 +30,16 @@ void WriteWhole(std::string const& target, std::string const& shownAs, std::stri
 
 }  // namespace
 
+void RefuseLibraryPath(std::string const& path) {
+  std::string const extension = LowerCase(std::filesystem::path(path).extension().string());
+  if (extension.size() == 4 && extension.compare(0, 3, ".lb") == 0 && extension[3] >= '1' &&
+      extension[3] <= '9') {
+    throw Failure(path + ": is the name of a library's file; give the output another one");
+  }
+}
+
 void WriteFile(std::string const& path, std::string const& text) {
+  RefuseLibraryPath(path);
   std::error_code none;
   // What is no plain file, /dev/stdout for one, is written as it is.
   if (std::filesystem::exists(path, none) && !std::filesystem::is_regular_file(path, none)) {

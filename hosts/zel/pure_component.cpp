@@ -11,6 +11,8 @@ constexpr std::size_t kSourceSize = 260;
 constexpr std::size_t kCoefficients = 15;
 constexpr std::uint32_t kConstantsWithCode = 50;
 constexpr std::uint32_t kCurvesWithCode = 17;
+constexpr std::uint32_t kFirstCritical = 1;  // TC, PC, VC, ZC
+constexpr std::uint32_t kLastCritical = 4;
 
 bool BeginsWith(std::string const& text, std::string const& beginning) {
   return text.compare(0, beginning.size(), beginning) == 0;
@@ -127,6 +129,11 @@ std::string PureComponent::ConstantSource(std::uint32_t index) const {
   char text[kSourceSize] = {};
   std::uint8_t isProtected = 0;
   face_->GetPropertySource(index, text, &isProtected);
+  // The critical constants complete each other without a label.
+  bool const isCritical = index >= kFirstCritical && index <= kLastCritical;
+  if (*text == '\0' && isCritical && !zel::gen_IsUndefDouble(Completed(index))) {
+    return "from the others of TC,PC,VC,ZC";
+  }
   return text;
 }
 

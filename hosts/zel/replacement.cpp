@@ -3,10 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
-#include <utility>
 
 #include "command.h"
 #include "failure.h"
@@ -19,14 +16,15 @@ namespace {
 
 constexpr char kLockName[] = "lock";
 constexpr char kOldName[] = "old";
+constexpr char kDropName[] = "drop";  // with a number behind: a file that the new library has not
 constexpr int kFiles = 9;
 
 // Folders beside the library.
-std::string Beside(fs::path const& library, char const* ending) {
-  return (library.parent_path() / ("." + library.stem().string() + ending)).string();
+fs::path Beside(fs::path const& library, char const* ending) {
+  return library.parent_path() / ("." + library.stem().string() + ending);
 }
-std::string NewFolder(fs::path const& library) { return Beside(library, ".zel-new"); }
-std::string ReadyFolder(fs::path const& library) { return Beside(library, ".zel-ready"); }
+fs::path NewFolder(fs::path const& library) { return Beside(library, ".zel-new"); }
+fs::path ReadyFolder(fs::path const& library) { return Beside(library, ".zel-ready"); }
 
 std::string FileOf(std::string path, int number) {
   if (!path.empty()) path.back() = static_cast<char>('0' + number);
@@ -50,37 +48,53 @@ void SyncFolder(fs::path const& folder) {
   close(descriptor);
 }
 
-fs::path FolderOf(fs::path const& path) {
-  return path.has_parent_path() ? path.parent_path() : fs::path(".");
+bool MakeEmptyFile(fs::path const& path) {
+  int const descriptor = open(path.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
+  if (descriptor < 0) return false;
+  close(descriptor);
+  return true;
+}
+
+// The lock goes last: a folder without it has nothing more in it that counts.
+void RemoveFolder(fs::path const& folder) {
+  for (auto const& entry : fs::directory_iterator(folder)) {
+    if (entry.path().filename() != kLockName) fs::remove_all(entry.path());
+  }
+  fs::remove(folder / kLockName);
+  fs::remove(folder);
 }
 
 // Every step may have been done by one that was cut off.
 void MoveIntoPlace(std::string const& path) {
   fs::path const ready = ReadyFolder(path);
-  fs::path const name = fs::path(path).filename();
-  std::string const first = (ready / name).string();
+  std::string const first = (ready / fs::path(path).filename()).string();
   if (fs::exists(first)) {
     if (fs::exists(path)) fs::rename(path, ready / kOldName);
     for (int number = 2; number <= kFiles; ++number) {
       std::string const from = FileOf(first, number);
-      if (fs::exists(from)) fs::rename(from, FileOf(path, number));
+      if (fs::exists(ready / (kDropName + std::to_string(number)))) {
+        fs::remove(FileOf(path, number));
+      } else if (fs::exists(from)) {
+        fs::rename(from, FileOf(path, number));
+      }
     }
     fs::rename(first, path);
-    SyncFolder(FolderOf(path));
+    SyncFolder(fs::path(path).parent_path());
   }
-  fs::remove_all(ready);
+  RemoveFolder(ready);
 }
 
-FileLock MakeWorkFolder(std::string const& folder, std::string const& path) {
-  OrFail(path, "no room for a copy beside it", [&] {
+// Two programs that make a library of one name must not take each other's folder for one left over.
+FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
+  FolderTurn const turn(folder.parent_path().string());
+  fs::path const lock = folder / kLockName;
+  if (fs::exists(lock)) FileLock::Take(lock.string(), shownAs);
+  OrFail(shownAs, "no room for a copy beside it", [&] {
     fs::remove_all(folder);
     fs::create_directory(folder);
   });
-  std::string const lock = folder + "/" + kLockName;
-  int const descriptor = open(lock.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
-  if (descriptor < 0) throw Failure(path + ": no room for a copy beside it");
-  close(descriptor);
-  return FileLock::Take(lock, path);
+  if (!MakeEmptyFile(lock)) throw Failure(shownAs + ": no room for a copy beside it");
+  return FileLock::Take(lock.string(), shownAs);
 }
 
 }  // namespace
@@ -90,106 +104,99 @@ void AddChangeOptions(Command& command, ChangeOptions& options) {
       .Flag("--in-place", options.inPlace, "no copy: faster, but a failure leaves it half changed");
 }
 
-FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
-  int const descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC);
-  if (descriptor < 0) {
-    throw Failure(shownAs + ": " +
-                  (errno == ENOENT ? "not found" : std::string(std::strerror(errno))));
-  }
-  struct flock whole = {};
-  whole.l_type = F_WRLCK;
-  whole.l_whence = SEEK_SET;
-  if (fcntl(descriptor, F_OFD_SETLK, &whole) != 0) {
-    close(descriptor);
-    throw Failure(shownAs + ": another program has it open");
-  }
-  return FileLock(descriptor);
+WorkFolder::WorkFolder(std::string const& library, std::string const& shownAs)
+    : library_(library),
+      folder_(NewFolder(library).string()),
+      lock_(MakeLockedFolder(folder_, shownAs)) {}
+
+WorkFolder::~WorkFolder() {
+  std::error_code ignored;
+  if (!folder_.empty()) fs::remove_all(folder_, ignored);
 }
 
-FileLock::FileLock(FileLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  std::swap(descriptor_, other.descriptor_);
-  return *this;
+std::string WorkFolder::First() const {
+  return (fs::path(folder_) / fs::path(library_).filename()).string();
 }
 
-FileLock::~FileLock() {
-  if (descriptor_ >= 0) close(descriptor_);
+void WorkFolder::PutInPlace() {
+  OrFail(library_, "the changed library cannot be put in place", [&] {
+    for (int number = 2; number <= kFiles; ++number) {
+      if (fs::exists(FileOf(library_, number)) && !fs::exists(FileOf(First(), number))) {
+        MakeEmptyFile(fs::path(folder_) / (kDropName + std::to_string(number)));
+      }
+    }
+    SyncFolder(folder_);
+    fs::rename(folder_, ReadyFolder(library_));
+    folder_.clear();
+    SyncFolder(fs::path(library_).parent_path());
+    MoveIntoPlace(library_);
+  });
 }
 
 LibraryChange::LibraryChange(std::string const& path, ChangeOptions const& options) {
   FinishChange(path);
+  ReleaseNames(path);
   if (options.inPlace) {
     library_ = Library::OpenUpdate(path, options.password);
     return;
   }
   // What the library says of a path that cannot be opened is told in its words.
   { Library const seen = Library::OpenRead(path); }
-  OrFail(path, "cannot be found", [&] { path_ = fs::canonical(path).string(); });
-  original_ = FileLock::Take(path_, path);
-  folder_ = NewFolder(path_);
-  work_ = MakeWorkFolder(folder_, path);
-  std::string const copy = folder_ + "/" + fs::path(path_).filename().string();
+  std::string whole;  // without symbolic links
+  OrFail(path, "cannot be found", [&] { whole = fs::canonical(path).string(); });
+  original_ = FileLock::Take(whole, path);
+  work_ = std::make_unique<WorkFolder>(whole, path);
   OrFail(path, "cannot be copied", [&] {
     for (int number = 1; number <= kFiles; ++number) {
-      std::string const from = FileOf(path_, number);
-      if (fs::exists(from)) fs::copy_file(from, FileOf(copy, number));
+      std::string const from = FileOf(whole, number);
+      if (fs::exists(from)) fs::copy_file(from, FileOf(work_->First(), number));
     }
   });
-  library_ = Library::OpenUpdate(copy, options.password, path);
+  library_ = Library::OpenUpdate(work_->First(), options.password, path);
 }
 
-LibraryChange LibraryChange::New(std::string const& path, zel::libTypes kind) {
-  fs::path const absolute = fs::absolute(path);
-  if (!fs::is_directory(absolute.parent_path())) {
-    throw Failure(path + ": its folder is not there");
+LibraryChange LibraryChange::New(std::string const& path, zel::libTypes kind, bool replace,
+                                 std::string const& password) {
+  FinishChange(path);
+  ReleaseNames(path);
+  if (replace && fs::exists(path)) {
+    // It must be a library, and one that may be changed.
+    Library const seen = Library::OpenUpdate(path, password);
   }
-  LibraryChange change(absolute.string());
-  if (fs::exists(path)) change.original_ = FileLock::Take(path, path);
-  change.folder_ = NewFolder(change.path_);
-  change.work_ = MakeWorkFolder(change.folder_, path);
-  change.library_ =
-      Library::Create(kind, change.folder_ + "/" + absolute.filename().string(), path);
+  fs::path whole = fs::absolute(path);
+  if (!fs::is_directory(whole.parent_path())) throw Failure(path + ": its folder is not there");
+  whole = fs::weakly_canonical(whole);
+  LibraryChange change;
+  if (replace && fs::exists(whole)) change.original_ = FileLock::Take(whole.string(), path);
+  change.work_ = std::make_unique<WorkFolder>(whole.string(), path);
+  for (int number = 1; number <= kFiles && !replace; ++number) {
+    std::string const file = FileOf(path, number);
+    if (fs::exists(file)) throw Failure(file + ": exists; --force replaces it");
+  }
+  change.library_ = Library::Create(kind, change.work_->First(), path);
   return change;
 }
 
-// The folder goes along: only one of two may drop it.
-LibraryChange::LibraryChange(LibraryChange&& other) noexcept
-    : path_(std::move(other.path_)),
-      folder_(std::exchange(other.folder_, {})),
-      original_(std::move(other.original_)),
-      work_(std::move(other.work_)),
-      library_(std::move(other.library_)) {}
-
 void LibraryChange::PutInPlace() {
   library_->Close();
-  if (!folder_.empty()) {
-    OrFail(path_, "the changed library cannot be put in place", [&] {
-      SyncFolder(folder_);
-      fs::rename(folder_, ReadyFolder(path_));
-      SyncFolder(FolderOf(path_));
-      MoveIntoPlace(path_);
-    });
-    folder_.clear();
-  }
+  if (work_) work_->PutInPlace();
   library_.reset();
-}
-
-LibraryChange::~LibraryChange() {
-  library_.reset();
-  std::error_code ignored;
-  if (!folder_.empty()) fs::remove_all(folder_, ignored);
 }
 
 void FinishChange(std::string const& path) {
   std::error_code none;
   // Resolved as far as it goes: the first file may be away.
-  fs::path const whole = fs::weakly_canonical(path, none);
+  fs::path const whole = fs::weakly_canonical(fs::absolute(path), none);
   fs::path const ready = ReadyFolder(whole);
   if (none || !fs::is_directory(ready, none)) return;
-  FileLock const lock = FileLock::Take((ready / kLockName).string(), path);
-  OrFail(path, "a change that was cut off cannot be finished",
-         [&] { MoveIntoPlace(whole.string()); });
+  OrFail(path, "a change that was cut off cannot be finished", [&] {
+    if (!fs::exists(ready / kLockName)) {
+      RemoveFolder(ready);
+      return;
+    }
+    FileLock const lock = FileLock::Take((ready / kLockName).string(), path);
+    MoveIntoPlace(whole.string());
+  });
 }
 
 }  // namespace zelhost

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 
+#include "file_lock.h"
 #include "library.h"
 
 namespace zelhost {
@@ -23,30 +24,33 @@ struct ChangeOptions {
 };
 void AddChangeOptions(Command& command, ChangeOptions& options);
 
-// A file held under the lock that library files have; nobody else can then open it.
-class FileLock {
+// The hidden folder of one change, locked. It goes with its owner unless it was made ready.
+class WorkFolder {
  public:
-  // Throws Failure when the file cannot be opened for writing or somebody else has it.
-  static FileLock Take(std::string const& path, std::string const& shownAs);
-  FileLock(FileLock&& other) noexcept;
-  FileLock& operator=(FileLock&& other) noexcept;
-  ~FileLock();
+  // Throws Failure when another program works in it, or it cannot be made.
+  WorkFolder(std::string const& library, std::string const& shownAs);
+  WorkFolder(WorkFolder const&) = delete;
+  WorkFolder& operator=(WorkFolder const&) = delete;
+  ~WorkFolder();
+
+  // Where the copy of the library's first file is.
+  std::string First() const;
+  // From now on the copy counts: moves it over the library.
+  void PutInPlace();
 
  private:
-  explicit FileLock(int descriptor) : descriptor_(descriptor) {}
-  int descriptor_;
+  std::string library_;
+  std::string folder_;  // empty once it is ready
+  std::optional<FileLock> lock_;
 };
 
 class LibraryChange {
  public:
   // Makes the copy, or opens the library itself for `inPlace`.
   LibraryChange(std::string const& path, ChangeOptions const& options);
-  // A new library that takes the place of what is at `path`, if anything is.
-  static LibraryChange New(std::string const& path, zel::libTypes kind);
-  LibraryChange(LibraryChange&& other) noexcept;
-  LibraryChange& operator=(LibraryChange&&) = delete;
-  // Drops what was not put in place.
-  ~LibraryChange();
+  // A new library at a path where nothing is, or with `replace` in the place of the library there.
+  static LibraryChange New(std::string const& path, zel::libTypes kind, bool replace,
+                           std::string const& password);
 
   // The library to change, open for update.
   Library& Open() { return *library_; }
@@ -54,12 +58,10 @@ class LibraryChange {
   void PutInPlace();
 
  private:
-  explicit LibraryChange(std::string path) : path_(std::move(path)) {}
+  LibraryChange() = default;
 
-  std::string path_;    // of the library's first file, without symbolic links
-  std::string folder_;  // of the copy; empty when there is none
   std::optional<FileLock> original_;
-  std::optional<FileLock> work_;
+  std::unique_ptr<WorkFolder> work_;  // none in place
   std::optional<Library> library_;
 };
 

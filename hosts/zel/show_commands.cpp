@@ -69,6 +69,13 @@ void AddConstants(PureComponent& component, bool complete, Report& report) {
   }
 }
 
+// Per which amount the unit of a specific property is meant.
+Cell Basis(Curve const& curve) {
+  if (curve.basis == 1) return "mole";
+  if (curve.basis == 2) return "mass";
+  return {};
+}
+
 void AddCurves(PureComponent const& component, Report& report) {
   Table& table = report.Begin("correlations", {{"name", ""},
                                                {"equation", ""},
@@ -76,13 +83,14 @@ void AddCurves(PureComponent const& component, Report& report) {
                                                {"to T", ""},
                                                {"T in", ""},
                                                {"unit", ""},
+                                               {"per", ""},
                                                {"code", ""}});
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
     table.Add({row.name, std::int64_t{curve.equation}, Number(curve.tMin), Number(curve.tMax),
                TemperatureUnit(curve.tempUnit), Text(zel::GetUnitCodeName(curve.propUnit)),
-               Code(curve.refCode)});
+               Basis(curve), Code(curve.refCode)});
   }
   Table& numbers = report.Begin("coefficients", {{"name", ""}, {"C", ""}, {"value", ""}});
   for (auto const& row : Correlations()) {

@@ -40,7 +40,6 @@ class Sources {
   zel::Handle<zel::LibSearch> search_;
 };
 
-inline constexpr char kSourceHelp[] =
-    "LIBRARY[:BANK]; once for each, the preferred first";
+inline constexpr char kSourceHelp[] = "LIBRARY[:BANK]; once for each, the preferred first";
 
 }  // namespace zelhost

@@ -83,7 +83,11 @@ Temperature ParseTemperature(std::string const& word) {
     }
     if (temperature.unit) number.pop_back();
   }
-  temperature.value = ParseNumber(number, kWhat);
+  try {
+    temperature.value = ParseNumber(number, kWhat);
+  } catch (WrongUsage const&) {
+    throw WrongUsage("\"" + word + "\" is not " + kWhat);
+  }
   return temperature;
 }
 

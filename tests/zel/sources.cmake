@@ -1,1 +1,5 @@
-set(zel_TEST_SOURCES commands_test.cpp zel_fixture.cpp)
+set(zel_TEST_SOURCES
+    bad_input_test.cpp
+    change_test.cpp
+    commands_test.cpp
+    zel_fixture.cpp)

@@ -1,0 +1,64 @@
+#include "file_lock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "failure.h"
+
+namespace zelhost {
+namespace {
+
+// False when another file has come to the path since it was opened.
+bool IsAt(int descriptor, std::string const& path) {
+  struct stat opened = {};
+  struct stat there = {};
+  return fstat(descriptor, &opened) == 0 && stat(path.c_str(), &there) == 0 &&
+         opened.st_dev == there.st_dev && opened.st_ino == there.st_ino;
+}
+
+}  // namespace
+
+FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
+  int const descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC);
+  if (descriptor < 0) {
+    throw Failure(shownAs + ": " +
+                  (errno == ENOENT ? "not found" : std::string(std::strerror(errno))));
+  }
+  FileLock lock(descriptor);
+  struct flock whole = {};
+  whole.l_type = F_WRLCK;
+  whole.l_whence = SEEK_SET;
+  if (fcntl(descriptor, F_OFD_SETLK, &whole) != 0 || !IsAt(descriptor, path)) {
+    throw Failure(shownAs + ": another program has it open");
+  }
+  return lock;
+}
+
+FileLock::FileLock(FileLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+FileLock& FileLock::operator=(FileLock&& other) noexcept {
+  std::swap(descriptor_, other.descriptor_);
+  return *this;
+}
+
+FileLock::~FileLock() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+// A file system without such locks goes without.
+FolderTurn::FolderTurn(std::string const& folder)
+    : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  if (descriptor_ >= 0) flock(descriptor_, LOCK_EX);
+}
+
+FolderTurn::~FolderTurn() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+}  // namespace zelhost

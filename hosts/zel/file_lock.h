@@ -1,0 +1,34 @@
+// Locks on files, without waiting.
+#pragma once
+
+#include <string>
+
+namespace zelhost {
+
+// A file held under the lock that library files have; nobody else can then open it.
+class FileLock {
+ public:
+  // Throws Failure when the file cannot be opened for writing or somebody else has it.
+  static FileLock Take(std::string const& path, std::string const& shownAs);
+  FileLock(FileLock&& other) noexcept;
+  FileLock& operator=(FileLock&& other) noexcept;
+  ~FileLock();
+
+ private:
+  explicit FileLock(int descriptor) : descriptor_(descriptor) {}
+  int descriptor_;
+};
+
+// Steps in a folder that must not meet those of another process wait for each other.
+class FolderTurn {
+ public:
+  explicit FolderTurn(std::string const& folder);
+  FolderTurn(FolderTurn const&) = delete;
+  FolderTurn& operator=(FolderTurn const&) = delete;
+  ~FolderTurn();
+
+ private:
+  int descriptor_;
+};
+
+}  // namespace zelhost

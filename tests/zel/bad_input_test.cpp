@@ -1,0 +1,268 @@
+// What every command does with what it cannot use: an exit status, one clear line, nothing changed
+// and nothing left behind.
+#include <zelaccess/ZelAccess.h>
+
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+struct Row {
+  char const* words;
+  int status;
+  char const* text;  // which the line has
+};
+
+class BadInputTest : public ZelTest {
+ protected:
+  void SetUp() override {
+    MakeFile("text.lb1", "not a library, but long enough to be read as the header of one: " +
+                             std::string(2000, 'x'));
+    MakeFile("no.xml", "<library><bank");
+    MakeFile("notes.txt", "nothing in particular\n");
+    MakeFile("nul.txt", std::string("a\0b", 3));
+    std::filesystem::create_directory(Folder() / "folder.lb1");
+    std::filesystem::copy(Folder() / "perry.lb1", Folder() / "alone.lb1");
+    Good("create locked.lb1");
+    Good("copy sample.lb1 locked.lb1 --bank OCTANE");
+    Good("set locked.lb1 --new-password sesame");
+  }
+
+  // Which leaves everything as it was.
+  void Refuses(Row const& row) {
+    Contents const before = ContentsOf(Folder());
+    Outcome const outcome = Zel(row.words);
+    EXPECT_EQ(outcome.status, row.status) << row.words << "\n" << outcome.err;
+    // An import lists what is wrong with a document before it ends.
+    bool const isImport = std::string(row.words).substr(0, 6) == "import";
+    EXPECT_TRUE(isImport || outcome.out.empty()) << row.words << "\n" << outcome.out;
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << row.words << "\n"
+                                                                           << outcome.err;
+    EXPECT_EQ(outcome.err.substr(0, 5), "zel: ") << row.words;
+    EXPECT_NE(outcome.err.find(row.text), std::string::npos) << row.words << "\n" << outcome.err;
+    EXPECT_TRUE(ContentsOf(Folder()) == before) << row.words << " changed something";
+  }
+};
+
+TEST_F(BadInputTest, EachHasItsLine) {
+  Row const rows[] = {
+      // files that are not there
+      {"info none.lb1", kFailed, "none.lb1: not found"},
+      {"memo none.lb1", kFailed, "none.lb1: not found"},
+      {"memo none.lb1 --set x", kFailed, "none.lb1: not found"},
+      {"set none.lb1 --description x", kFailed, "none.lb1: not found"},
+      {"banks none.lb1", kFailed, "none.lb1: not found"},
+      {"items none.lb1 NRTL", kFailed, "none.lb1: not found"},
+      {"show none.lb1 NRTL A B", kFailed, "none.lb1: not found"},
+      {"find none.lb1", kFailed, "none.lb1: not found"},
+      {"eval ETHANOL VaporP -l none.lb1", kFailed, "none.lb1: not found"},
+      {"plot VaporP ETHANOL -l none.lb1 -o x.svg", kFailed, "none.lb1: not found"},
+      {"search ETHANOL -l none.lb1", kFailed, "none.lb1: not found"},
+      {"why ETHANOL TC -l none.lb1", kFailed, "none.lb1: not found"},
+      {"coverage ETHANOL -l none.lb1", kFailed, "none.lb1: not found"},
+      {"import none.lb1 no.xml", kFailed, "none.lb1: not found"},
+      {"import sample.lb1 none.xml", kFailed, "none.xml: not found"},
+      {"import new.lb1 none.xml --create", kFailed, "none.xml: not found"},
+      {"export none.lb1", kFailed, "none.lb1: not found"},
+      {"dump none.lb1", kFailed, "none.lb1: not found"},
+      {"list none.lst", kFailed, "none.lst: not found"},
+      {"list new.lst --build none.lb1", kFailed, "none.lb1: not found"},
+      {"copy none.lb1 sample.lb1", kFailed, "none.lb1: not found"},
+      {"copy sample.lb1 none.lb1", kFailed, "none.lb1: not found"},
+      {"delete none.lb1 NRTL A B", kFailed, "none.lb1: not found"},
+      {"diff none.lb1 sample.lb1", kFailed, "none.lb1: not found"},
+      {"diff sample.lb1 none.lb1", kFailed, "none.lb1: not found"},
+      {"check none.lb1", kFailed, "none.lb1: not found"},
+      {"memo sample.lb1 --file none.txt", kFailed, "none.txt: cannot be read"},
+      // files that are something else
+      {"info text.lb1", kFailed, "text.lb1: not a component library"},
+      {"info folder.lb1", kFailed, "folder.lb1: "},
+      {"set text.lb1 --description x", kFailed, "text.lb1: not a component library"},
+      {"create text.lb1 --force", kFailed, "text.lb1: not a component library"},
+      {"check text.lb1", kFailed, "text.lb1: not a component library"},
+      {"info notes.txt", kFailed, "notes.txt: not a component library"},
+      {"info alone.lb1", kFailed, "its second file (.lb2) is missing"},
+      {"import sample.lb1 notes.txt", kFailed, "notes.txt: "},
+      {"import sample.lb1 no.xml", kFailed, "no.xml: "},
+      {"import new.lb1 no.xml --create", kFailed, "no.xml: "},
+      {"list notes.txt", kFailed, "notes.txt: is no list"},
+      {"list folder.lb1", kFailed, "folder.lb1"},
+      {"memo sample.lb1 --file nul.txt", kFailed, "nul.txt: is no text"},
+      {"memo sample.lb1 --file folder.lb1", kFailed, "folder.lb1: cannot be read"},
+      // passwords
+      {"set locked.lb1 --description x", kFailed, "--password"},
+      {"set locked.lb1 --description x --password sesam", kFailed, "wrong password"},
+      {"memo locked.lb1 --clear --password x", kFailed, "wrong password"},
+      {"delete locked.lb1 OCTANE --whole-bank", kFailed, "--password"},
+      {"copy sample.lb1 locked.lb1 --bank NRTL", kFailed, "--password"},
+      {"import locked.lb1 no.xml", kFailed, "--password"},
+      {"create locked.lb1 --force", kFailed, "--password"},
+      // banks, types, components, items, fields
+      {"items sample.lb1 VIRIAL", kFailed, "sample.lb1: no bank VIRIAL; it has"},
+      {"items sample.lb1 SAMPLE", kFailed, "SAMPLE can be several banks"},
+      {"show sample.lb1 NONE A B", kFailed, "no bank NONE"},
+      {"find sample.lb1 --bank X", kFailed, "no bank PURECOMP:X"},
+      {"memo sample.lb1 --bank X", kFailed, "no bank X"},
+      {"search ETHANOL -l sample.lb1", kFailed, "no bank of pure components"},
+      {"search ETHANOL -l perry.lb1:NONE", kFailed, "no bank PURECOMP:NONE"},
+      {"export sample.lb1 --bank X -o x.xml", kFailed, "no bank X"},
+      {"export sample.lb1 --component X -o x.xml", kFailed, "no bank PURECOMP"},
+      {"list new.lst --build sample.lb1", kFailed, "no bank PURECOMP"},
+      {"dump sample.lb1 --tree X", kFailed, "no bank X"},
+      {"copy sample.lb1 perry.lb1 --bank X", kFailed, "no bank X"},
+      {"delete sample.lb1 X --whole-bank", kFailed, "no bank X"},
+      {"diff sample.lb1 sample.lb1 --bank X", kFailed, "no bank X"},
+      {"types NONE", kFailed, "there is no bank type NONE"},
+      {"show perry.lb1 PERRY NOBODY", kFailed, "has no item NOBODY"},
+      {"show perry.lb1 PERRY 64-17-6", kFailed, "64-17-6 is not a CAS number"},
+      {"show perry.lb1 PERRY 99999999999", kFailed, "too large for a component number"},
+      {"show perry.lb1 PERRY a-long-name", kFailed, "is no component ID"},
+      {"show perry.lb1 PERRY ''", kFailed, "is no component ID"},
+      {"show perry.lb1 PERRY A B", kFailed, "is named by 1 component"},
+      {"show sample.lb1 NRTL ETHANOL", kFailed, "is named by 2 component"},
+      {"show sample.lb1 NRTL 1 2", kFailed, "has no item 1 + 2"},
+      {"show sample.lb1 UNFORIG x", kFailed, "x is no whole number"},
+      {"items sample.lb1 NRTL --fields zij", kFailed, "has no field zij"},
+      {"eval NOBODY VaporP -l perry.lb1", kFailed, "component NOBODY is not in perry.lb1:PERRY"},
+      {"eval ETHANOL Vapor -l perry.lb1", kFailed, "Vapor"},
+      {"eval ETHANOL SolidCp -l perry.lb1", kFailed, "olid"},
+      {"plot VaporP NOBODY -l perry.lb1 -o x.svg", kFailed, "NOBODY"},
+      {"why ETHANOL XX -l perry.lb1", kFailed, "\"XX\" is no constant and no correlation"},
+      {"coverage ETHANOL NOBODY -l perry.lb1", kFailed, "component NOBODY"},
+      {"export perry.lb1 --component NOBODY -o x.xml", kFailed, "NOBODY"},
+      {"copy perry.lb1 crc.lb1 --bank PERRY --item NOBODY", kFailed, "NOBODY"},
+      {"delete perry.lb1 PERRY NOBODY", kFailed, "NOBODY"},
+      // numbers that are none
+      {"eval ETHANOL VaporP -l perry.lb1 --at abc", kWrongUsage, "\"abc\" is not a temperature"},
+      {"eval ETHANOL VaporP -l perry.lb1 --at 1e999", kWrongUsage, "is not a temperature"},
+      {"eval ETHANOL VaporP -l perry.lb1 --from x", kWrongUsage, "is not a temperature"},
+      {"eval ETHANOL VaporP -l perry.lb1 --steps x", kWrongUsage, "--steps"},
+      {"eval ETHANOL VaporP -l perry.lb1 --steps -1", kWrongUsage, "steps"},
+      {"eval ETHANOL VaporP -l perry.lb1 --derivatives 4", kWrongUsage, "derivatives"},
+      {"find perry.lb1 --nbp 300", kWrongUsage, "\"300\" is not a range MIN:MAX"},
+      {"find perry.lb1 --mw a:b", kWrongUsage, "\"a\" is not a molecular weight"},
+      {"create new.lb1 --kind 14", kWrongUsage, "11, 12 or 13"},
+      {"set sample.lb1 --new-password x --level 3", kWrongUsage, "level 1 or 2"},
+      {"list new.lst --build perry.lb1 --sort size", kWrongUsage, "--sort is"},
+      // outputs that cannot be written
+      {"create none/new.lb1", kFailed, "none/new.lb1: its folder is not there"},
+      {"create new.xyz", kFailed, "new.xyz: not a component library"},
+      {"create sample.lb1", kFailed, "sample.lb1: exists; --force replaces it"},
+      {"plot VaporP ETHANOL -l perry.lb1 -o none/x.svg", kFailed, "none/x.svg: cannot be written"},
+      {"plot VaporP ETHANOL -l perry.lb1 -o perry.lb1", kFailed, "is the name of a library's file"},
+      {"export perry.lb1 -o perry.lb2", kFailed, "is the name of a library's file"},
+      {"list crc.lb1 --build perry.lb1", kFailed, "is the name of a library's file"},
+      {"export perry.lb1 -o none/x.xml", kFailed, "cannot be written"},
+      {"list none/x.lst --build perry.lb1", kFailed, "none/x.lst: cannot be written"},
+      {"list /dev/full --build perry.lb1", kFailed, "/dev/full: cannot be written"},
+      {"banks sample.lb1 >/dev/full", kFailed, "standard output cannot be written"},
+      {"--help >/dev/full", kFailed, "standard output cannot be written"},
+      // the command line
+      {"", kWrongUsage, "see zel --help"},
+      {"nonsense", kWrongUsage, "see zel --help"},
+      {"info", kWrongUsage, "LIBRARY is required"},
+      {"info sample.lb1 --nonsense", kWrongUsage, "--nonsense"},
+      {"set sample.lb1", kWrongUsage, "nothing to set"},
+      {"check", kWrongUsage, "name a library"},
+      {"delete sample.lb1 NRTL", kWrongUsage, "--whole-bank"},
+      {"copy sample.lb1 crc.lb1 --item A B", kWrongUsage, "--item needs one --bank"},
+      {"--names none.lb1 info sample.lb1", kFailed, "none.lb1: not found"},
+  };
+  for (Row const& row : rows) Refuses(row);
+}
+
+TEST_F(BadInputTest, MemoThatIsTooLong) {
+  MakeFile("long.txt", std::string(4000, 'x'));
+  Refuses({"memo sample.lb1 --file long.txt", kFailed, "4000 characters; 3999 can be kept"});
+  MakeFile("fits.txt", std::string(3999, 'x'));
+  Good("memo sample.lb1 --file fits.txt");
+}
+
+TEST_F(BadInputTest, LibraryThatAnotherProgramHasOpen) {
+  openErrors error{};
+  std::string const path = (Folder() / "sample.lb1").string();
+  {
+    Handle<LibFile> const reader(LibFile::OpenLibFile(accRead, path.c_str(), "", error));
+    ASSERT_EQ(error, openOk);
+    Good("banks sample.lb1");
+    Refuses({"set sample.lb1 --description x", kFailed, "sample.lb1: another program has it open"});
+    Refuses({"delete sample.lb1 NRTL --whole-bank", kFailed, "another program has it open"});
+    Refuses({"create sample.lb1 --force", kFailed, "another program has it open"});
+  }
+  Handle<LibFile> const writer(LibFile::OpenLibFile(accUpdate, path.c_str(), "", error));
+  ASSERT_EQ(error, openOk);
+  Refuses({"banks sample.lb1", kFailed, "another program has it open"});
+  Refuses({"check sample.lb1", kFailed, "another program has it open"});
+  Refuses({"set sample.lb1 --description x --in-place", kFailed, "another program has it open"});
+}
+
+TEST_F(BadInputTest, FolderThatMayNotBeWritten) {
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everywhere";
+  std::filesystem::permissions(
+      Folder(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+  Good("banks sample.lb1");
+  Refuses({"set sample.lb1 --description x", kFailed, "no room for a copy beside it"});
+  Refuses({"dump sample.lb1", kFailed, "cannot be"});
+  Refuses({"create new.lb1", kFailed, "no room for a copy beside it"});
+}
+
+TEST_F(BadInputTest, ClosedPipeEndsQuietly) {
+  for (char const* words : {"items sample.lb1 NRTL", "types", "--help", "check crc.lb1",
+                            "export sample.lb1 -o piped.xml", "dump sample.lb1 --tree NRTL"}) {
+    Outcome const outcome = Shell("\"$ZEL\" " + std::string(words) + " | true");
+    EXPECT_EQ(outcome.err, "") << words;
+  }
+  // What a command changes is changed, or not, as a whole.
+  Outcome const outcome =
+      Shell("\"$ZEL\" import piped.lb1 '" ZEL_DATA "/sample.xml' --create | true");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(Json("check piped.lb1")["damage"], 0);
+}
+
+TEST_F(BadInputTest, NameIndexThatIsTheLibraryToChange) {
+  Outcome const outcome = Zel("set perry.lb1 --description x", "ZEL_NAMES=perry.lb1");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(Zel("--help", "ZEL_NAMES=none.lb1").status, 0);
+}
+
+// Whatever the bytes are, a command ends by itself, with a status of its own.
+TEST_F(BadInputTest, DamagedLibraries) {
+  std::string const first = FileText(Folder() / "crc.lb1");
+  std::string const second = FileText(Folder() / "crc.lb2");
+  unsigned seed = 7;
+  auto const next = [&] { return (seed = seed * 1664525U + 1013904223U) >> 8; };
+  for (int round = 0; round < 12; ++round) {
+    std::string one = first;
+    std::string two = second;
+    for (int i = 0; i < 20; ++i) {
+      std::string& bytes = i % 4 == 0 ? one : two;
+      bytes[next() % bytes.size()] = static_cast<char>(next());
+    }
+    if (round % 4 == 3) two.resize(next() % two.size());
+    MakeFile("crc.lb1", one);
+    MakeFile("crc.lb2", two);
+    for (char const* words :
+         {"info crc.lb1", "check crc.lb1", "find crc.lb1", "show crc.lb1 CRC ETHANOL --complete",
+          "eval ETHANOL VaporP -l crc.lb1", "search ETHANOL -l crc.lb1 -l perry.lb1",
+          "dump crc.lb1", "dump crc.lb1 --tree CRC", "export crc.lb1 -o damaged.xml",
+          "list damaged.lst --build crc.lb1", "diff crc.lb1 perry.lb1",
+          "set crc.lb1 --description x", "copy crc.lb1 new.lb1 --create"}) {
+      Outcome const outcome = Shell("timeout 20 \"$ZEL\" " + std::string(words));
+      EXPECT_TRUE(outcome.status == 0 || outcome.status == kFailed)
+          << "round " << round << ": zel " << words << " ended with " << outcome.status << "\n"
+          << outcome.err;
+    }
+    std::filesystem::remove(Folder() / "new.lb1");
+    std::filesystem::remove(Folder() / "new.lb2");
+  }
+}
+
+}  // namespace
+}  // namespace zel::test

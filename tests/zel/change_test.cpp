@@ -1,0 +1,212 @@
+// Changes of a library that are cut off: the library is then the old one or the new one, whole.
+#include <sys/ptrace.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <zelaccess/ZelAccess.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <vector>
+
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+enum class Ended { kByItself, kKilled, kCannotTrace };
+
+// Runs zel in a folder and kills it at its `calls`-th system call.
+Ended RunAndKillAt(long calls, fs::path const& folder, std::vector<std::string> words) {
+  pid_t const child = ::fork();
+  if (child == 0) {
+    std::vector<char*> arguments;
+    words.insert(words.begin(), ZEL_PROGRAM);
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // which cannot be done under a tracer
+    if (::freopen("/dev/null", "w", stdout) == nullptr || ::chdir(folder.c_str()) != 0 ||
+        ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
+      ::_exit(77);
+    }
+    ::execv(ZEL_PROGRAM, arguments.data());
+    ::_exit(77);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);  // stands at its start
+  if (!WIFSTOPPED(status)) return Ended::kCannotTrace;
+  long stops = 0;
+  for (;;) {
+    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    ::waitpid(child, &status, 0);
+    if (WIFEXITED(status) || WIFSIGNALED(status)) return Ended::kByItself;
+    // Each call stops twice: before it and behind it.
+    if (++stops >= 2 * calls) break;
+  }
+  ::kill(child, SIGKILL);
+  ::waitpid(child, &status, 0);
+  return Ended::kKilled;
+}
+
+class ChangeTest : public ZelTest {
+ protected:
+  // A small library, and the bytes of its files.
+  void SetUp() override {
+    fs::create_directory(Folder() / "own");
+    Good("copy sample.lb1 own/own.lb1 --create --bank OCTANE");
+    old_ = ContentsOf(Folder() / "own");
+    ASSERT_EQ(old_.size(), 2U);
+  }
+  void PutBack(Contents const& contents) const {
+    fs::remove_all(Folder() / "own");
+    fs::create_directory(Folder() / "own");
+    for (auto const& [name, bytes] : contents) MakeFile("own/" + name, bytes);
+  }
+  // Both files, or that there is no second one.
+  static bool HasLibrary(Contents const& folder, Contents const& library) {
+    for (char const* name : {"own.lb1", "own.lb2"}) {
+      auto const in = folder.find(name);
+      auto const wanted = library.find(name);
+      if ((in == folder.end()) != (wanted == library.end())) return false;
+      if (in != folder.end() && in->second != wanted->second) return false;
+    }
+    return true;
+  }
+  Contents Now() const { return ContentsOf(Folder() / "own"); }
+
+  Contents old_;
+};
+
+// A command that changes the library, killed at every third system call.
+TEST_F(ChangeTest, KilledAtAnyPointItIsOldOrNew) {
+  std::vector<std::vector<std::string>> const commands = {
+      {"set", "own.lb1", "--description", "changed"},
+      {"delete", "own.lb1", "OCTANE", "--whole-bank"},
+      {"copy", "../sample.lb1", "own.lb1", "--bank", "RACKETT"},
+      {"create", "own.lb1", "--force", "--description", "empty"}};
+  for (auto const& command : commands) {
+    PutBack(old_);
+    ASSERT_NE(RunAndKillAt(1'000'000, Folder() / "own", command), Ended::kKilled);
+    Contents const whole = Now();
+    ASSERT_TRUE(whole != old_) << command[0];
+    int oldOnes = 0;
+    int newOnes = 0;
+    for (long calls = 20;; calls += 3) {
+      PutBack(old_);
+      Ended const ended = RunAndKillAt(calls, Folder() / "own", command);
+      if (ended == Ended::kCannotTrace) GTEST_SKIP() << "this machine allows no tracing";
+      // What anybody can open meanwhile is never old and new mixed.
+      Contents const cut = Now();
+      if (cut.count("own.lb1") != 0) {
+        EXPECT_TRUE(HasLibrary(cut, old_) || HasLibrary(cut, whole)) << command[0] << " " << calls;
+      }
+      // The next command finishes what was begun.
+      Outcome const look = Zel("check own/own.lb1 --structure");
+      ASSERT_EQ(look.status, 0) << command[0] << " at " << calls << "\n" << look.err;
+      Contents const after = Now();
+      bool const isNew = HasLibrary(after, whole);
+      EXPECT_TRUE(isNew || HasLibrary(after, old_)) << command[0] << " at " << calls;
+      ++(isNew ? newOnes : oldOnes);
+      if (isNew) {
+        EXPECT_EQ(after.size(), whole.size()) << command[0] << " at " << calls;
+      }
+      if (ended == Ended::kByItself) break;
+    }
+    EXPECT_GT(oldOnes, 10) << command[0];
+    EXPECT_GT(newOnes, 3) << command[0];
+  }
+}
+
+// A copy that nobody will finish is in nobody's way.
+TEST_F(ChangeTest, WhatIsLeftOfAKilledCommandGoesWithTheNext) {
+  fs::create_directory(Folder() / "own/.own.zel-new");
+  MakeFile("own/.own.zel-new/lock", "");
+  MakeFile("own/.own.zel-new/own.lb1", "half");
+  Good("set own/own.lb1 --description x");
+  EXPECT_EQ(Now().size(), 2U);
+}
+
+TEST_F(ChangeTest, FolderAtWorkIsLeftAlone) {
+  fs::create_directory(Folder() / "own/.new.zel-new");
+  std::string const lock = (Folder() / "own/.new.zel-new/lock").string();
+  openErrors error{};
+  // Any file under the lock of libraries will do.
+  fs::copy(Folder() / "own/own.lb1", Folder() / "own/.new.zel-new/held.lb1");
+  fs::copy(Folder() / "own/own.lb2", Folder() / "own/.new.zel-new/held.lb2");
+  Handle<LibFile> const holder(
+      LibFile::OpenLibFile(accUpdate, (Folder() / "own/.new.zel-new/held.lb1").c_str(), "", error));
+  ASSERT_EQ(error, openOk);
+  fs::create_hard_link(Folder() / "own/.new.zel-new/held.lb1", lock);
+  Contents const before = Now();
+  Outcome const outcome = Zel("create own/new.lb1");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("another program has it open"), std::string::npos) << outcome.err;
+  EXPECT_TRUE(Now() == before);
+}
+
+// The states between the steps of the move, made by hand.
+class FinishTest : public ChangeTest {
+ protected:
+  void SetUp() override {
+    ChangeTest::SetUp();
+    Good("set own/own.lb1 --description changed");
+    Good("delete own/own.lb1 OCTANE --whole-bank");
+    new_ = Now();
+    ASSERT_EQ(new_.size(), 2U);
+    PutBack(old_);
+    fs::create_directory(Folder() / "own/.own.zel-ready");
+  }
+  void Ready(std::string const& name, std::string const& bytes = "") const {
+    MakeFile("own/.own.zel-ready/" + name, bytes);
+  }
+  void Finished(Contents const& expected) {
+    Good("info own/own.lb1");
+    EXPECT_TRUE(Now() == expected);
+  }
+
+  Contents new_;
+};
+
+TEST_F(FinishTest, NothingMovedYet) {
+  Ready("lock");
+  for (auto const& [name, bytes] : new_) Ready(name, bytes);
+  Finished(new_);
+}
+
+TEST_F(FinishTest, FirstFileAway) {
+  Ready("lock");
+  for (auto const& [name, bytes] : new_) Ready(name, bytes);
+  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.zel-ready/old");
+  Finished(new_);
+}
+
+TEST_F(FinishTest, SecondFileInPlace) {
+  Ready("lock");
+  Ready("own.lb1", new_.at("own.lb1"));
+  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.zel-ready/old");
+  MakeFile("own/own.lb2", new_.at("own.lb2"));
+  Finished(new_);
+}
+
+TEST_F(FinishTest, AllInPlaceAndTheFolderHalfRemoved) {
+  Ready("lock");
+  Ready("old", old_.at("own.lb1"));
+  for (auto const& [name, bytes] : new_) MakeFile("own/" + name, bytes);
+  Finished(new_);
+  fs::create_directory(Folder() / "own/.own.zel-ready");
+  Finished(new_);
+}
+
+TEST_F(FinishTest, FileThatTheNewLibraryHasNot) {
+  Ready("lock");
+  Ready("drop2");
+  Good("create empty.lb1");
+  std::string const empty = FileText(Folder() / "empty.lb1");
+  Ready("own.lb1", empty);
+  Finished({{"own.lb1", empty}});
+}
+
+}  // namespace
+}  // namespace zel::test
