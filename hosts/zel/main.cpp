@@ -9,6 +9,7 @@
 #include "command.h"
 #include "failure.h"
 #include "library.h"
+#include "manual.h"
 
 namespace {
 
@@ -33,6 +34,11 @@ std::string BlockError(unsigned long address) {
          "more";
 }
 
+// What is printed in the place of a command's work.
+struct Text {
+  std::string text;
+};
+
 int Parsed(CLI::App& app, int count, char** words) {
   try {
     app.parse(count, words);
@@ -41,6 +47,9 @@ int Parsed(CLI::App& app, int count, char** words) {
     std::ostringstream text;
     app.exit(wish, text, text);
     zelhost::Write(text.str());
+    return 0;
+  } catch (Text const& wish) {
+    zelhost::Write(wish.text);
     return 0;
   } catch (CLI::ParseError const& error) {
     return Fail(kWrongUsage, std::string(error.what()) + "; see zel --help");
@@ -83,6 +92,10 @@ int main(int count, char** words) {
     zelhost::AddDocumentCommands(app);
     zelhost::AddItemCommands(app);
     zelhost::AddCompareCommands(app);
+    // For the build, which installs both.
+    app.add_flag_callback("--man", [&] { throw Text{zelhost::ManualPage(app)}; })->group("");
+    app.add_flag_callback("--bash-completion", [&] { throw Text{zelhost::BashCompletion(app)}; })
+        ->group("");
     return Parsed(app, count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();

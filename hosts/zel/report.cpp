@@ -68,7 +68,10 @@ class TextTable {
     for (std::size_t i = 0; i < count; ++i) right_.push_back(IsNumeric(table, i));
     Heads(false);
     Measure();
-    if (std::accumulate(widths_.begin(), widths_.end(), kGap * (count - 1)) > kLineWidth) {
+    bool const anyUnit = std::any_of(table.Columns().begin(), table.Columns().end(),
+                                     [](Column const& column) { return !column.unit.empty(); });
+    if (anyUnit &&
+        std::accumulate(widths_.begin(), widths_.end(), kGap * (count - 1)) > kLineWidth) {
       Heads(true);
       Measure();
     }

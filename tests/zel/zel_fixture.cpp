@@ -49,9 +49,9 @@ Outcome ZelTest::Shell(std::string const& line) const {
   // Beside the folder, whose contents tests look at.
   fs::path const out = folder_.string() + ".out";
   fs::path const err = folder_.string() + ".err";
-  std::string const command = "cd '" + folder_.string() + "' && ZEL='" ZEL_PROGRAM "' && { " +
-                              line + "\n} >'" + out.string() + "' 2>'" + err.string() +
-                              "' </dev/null";
+  std::string const command = "cd '" + folder_.string() +
+                              "' && export ZEL='" ZEL_PROGRAM "' && { " + line + "\n} >'" +
+                              out.string() + "' 2>'" + err.string() + "' </dev/null";
   int const status = std::system(command.c_str());
   Outcome outcome;
   outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);

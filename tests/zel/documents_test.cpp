@@ -1,0 +1,207 @@
+// What tells of zel agrees with it: the document with its session, the manual page, the help, the
+// completion of the shell.
+#include <algorithm>
+#include <set>
+#include <sstream>
+#include <vector>
+
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> Lines(std::string const& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+// A command of a session with the output that the document shows.
+struct Step {
+  std::string command;
+  std::vector<std::string> output;
+};
+
+std::vector<Step> SessionOf(std::string const& document) {
+  std::vector<Step> steps;
+  bool inside = false;
+  for (std::string const& line : Lines(document)) {
+    if (line.substr(0, 3) == "```") {
+      inside = line == "```console";
+    } else if (inside && line.substr(0, 2) == "$ ") {
+      steps.push_back({line.substr(2), {}});
+    } else if (inside && !steps.empty()) {
+      steps.back().output.push_back(line);
+    }
+  }
+  return steps;
+}
+
+class DocumentsTest : public ZelTest {
+ protected:
+  DocumentsTest() {
+    for (auto const& row : Lines(Good("--help"))) {
+      if (row == "Subcommands:") inside_ = true;
+      if (row.empty()) inside_ = false;
+      if (inside_ && row.substr(0, 2) == "  ")
+        commands_.push_back(row.substr(2, row.find(' ', 2) - 2));
+    }
+  }
+  // Long options that the help of a command tells.
+  std::set<std::string> OptionsOf(std::string const& command) const {
+    std::set<std::string> options;
+    for (std::string const& line : Lines(Good(command + " --help"))) {
+      std::size_t const at = line.find("--");
+      if (line.substr(0, 3) != "  -" || at == std::string::npos || at > 6) continue;
+      options.insert(line.substr(at, line.find_first_of(" ,", at) - at));
+    }
+    return options;
+  }
+
+  std::vector<std::string> commands_;
+
+ private:
+  bool inside_ = false;
+};
+
+// A line "..." stands for the rest of an output.
+TEST_F(DocumentsTest, SessionOfTheDocument) {
+  for (char const* name : {"sample", "perry", "crc"}) {
+    for (char const* ending : {".lb1", ".lb2"}) fs::remove(Folder() / (name + std::string(ending)));
+  }
+  fs::create_directory(Folder() / "data");
+  fs::create_directory_symlink(ZEL_DATA, Folder() / "data/xml");
+  std::vector<Step> const session = SessionOf(FileText(ZEL_DOCS "/zel.md"));
+  ASSERT_GT(session.size(), 15U);
+  std::set<std::string> used;
+  for (Step const& step : session) {
+    ASSERT_EQ(step.command.substr(0, 4), "zel ");
+    used.insert(step.command.substr(4, step.command.find(' ', 4) - 4));
+    Outcome const outcome = Zel(step.command.substr(4));
+    EXPECT_EQ(outcome.status, 0) << step.command << "\n" << outcome.err;
+    std::vector<std::string> const lines = Lines(outcome.out);
+    for (std::size_t i = 0; i < std::max(lines.size(), step.output.size()); ++i) {
+      if (i < step.output.size() && step.output[i] == "...") break;
+      std::string const shown = i < step.output.size() ? step.output[i] : "(nothing more)";
+      std::string const printed = i < lines.size() ? lines[i] : "(nothing more)";
+      ASSERT_EQ(printed, shown) << "zel " << step.command << ", line " << i + 1;
+    }
+  }
+  EXPECT_GT(used.size(), 12U);
+}
+
+TEST_F(DocumentsTest, DocumentTellsOfEveryCommand) {
+  ASSERT_EQ(commands_.size(), 22U);
+  std::string const document = FileText(ZEL_DOCS "/zel.md");
+  for (std::string const& command : commands_) {
+    EXPECT_NE(document.find("`" + command + "`"), std::string::npos) << command;
+  }
+}
+
+TEST_F(DocumentsTest, HelpFitsEightyColumnsAndEndsWithAnExample) {
+  for (std::string const& command : commands_) {
+    std::vector<std::string> const lines = Lines(Good(command + " --help"));
+    for (std::string const& line : lines) EXPECT_LE(line.size(), 80U) << command << "\n" << line;
+    ASSERT_GE(lines.size(), 2U);
+    EXPECT_EQ(lines[lines.size() - 2], "Example:") << command;
+    EXPECT_EQ(lines.back().substr(0, 6 + command.size()), "  zel " + command) << command;
+  }
+  for (std::string const& line : Lines(Good("--help"))) EXPECT_LE(line.size(), 80U) << line;
+}
+
+// Each example, on libraries of the names that it uses, does what it says.
+TEST_F(DocumentsTest, ExamplesOfTheHelp) {
+  Good("copy sample.lb1 own.lb1 --create --bank WILSON");
+  Good("copy perry.lb1 own.lb1");
+  Good("copy perry.lb1 sample.lb1");
+  Good("copy sample.lb1 own.lb1 --bank NRTL");
+  Good("copy own.lb1 old.lb1 --create");
+  Good("copy own.lb1 new.lb1 --create");
+  Good("copy crc.lb1 own.lb1 --bank CRC --item 57-55-6");
+  MakeFile("sample.xml", FileText(ZEL_DATA "/alkanes.xml"));
+  fs::create_directory(Folder() / "out");
+  Good("list picker.lst --build perry.lb1");
+  for (std::string const& command : commands_) {
+    std::string example = Lines(Good(command + " --help")).back().substr(6);
+    if (command == "create" || command == "import") {
+      fs::remove(Folder() / (command == "create" ? "own.lb1" : "sample.lb1"));
+      fs::remove(Folder() / (command == "create" ? "own.lb2" : "sample.lb2"));
+    }
+    if (command == "copy") Good("delete own.lb1 NRTL ETHANOL WATER");
+    if (command == "search") example.replace(example.find(":MYDATA"), 7, ":PERRY");
+    if (command == "memo") example.replace(example.find(":VLE"), 4, ":SAMPLE");
+    Outcome const outcome = Zel(example);
+    EXPECT_EQ(outcome.status, 0) << "zel " << example << "\n" << outcome.err;
+    if (command != "create" && command != "import") continue;
+    for (char const* name : {"own", "sample"}) {
+      if (!fs::exists(Folder() / (name + std::string(".lb1")))) continue;
+      Good("copy new.lb1 " + std::string(name) + ".lb1 --replace");
+    }
+  }
+}
+
+TEST_F(DocumentsTest, ManualPageTellsOfEveryCommandAndOption) {
+  std::string page = Good("--man");
+  for (std::size_t at = page.find('\\'); at != std::string::npos; at = page.find('\\', at)) {
+    page.erase(at, 1);
+  }
+  for (std::string const& command : commands_) {
+    std::size_t const at = page.find("\n.SS zel " + command);
+    ASSERT_NE(at, std::string::npos) << command;
+    std::string const part = page.substr(at, page.find("\n.S", at + 2) - at);
+    for (std::string const& option : OptionsOf(command)) {
+      EXPECT_TRUE(option == "--help" || part.find(option) != std::string::npos)
+          << command << " " << option;
+    }
+  }
+  Outcome const groff = Shell(
+      "command -v groff >/dev/null || exit 0; \"$ZEL\" --man | groff -man -ww -Tascii >/dev/null");
+  EXPECT_EQ(groff.status, 0);
+  EXPECT_EQ(groff.err, "");
+}
+
+TEST_F(DocumentsTest, CompletionGivesCommandsAndTheirOptions) {
+  Good("--bash-completion >zel.bash");
+  auto const complete = [&](std::string const& words) {
+    std::istringstream reply(
+        Shell("bash -c 'source ./zel.bash; COMP_WORDS=(" + words +
+              "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _zel; echo \"${COMPREPLY[@]}\"'")
+            .out);
+    std::set<std::string> found;
+    for (std::string word; reply >> word;) found.insert(word);
+    return found;
+  };
+  std::set<std::string> const all = complete("zel \"\"");
+  for (std::string const& command : commands_) {
+    EXPECT_EQ(all.count(command), 1U) << command;
+    std::set<std::string> const options = complete("zel " + command + " --");
+    for (std::string const& option : OptionsOf(command)) {
+      EXPECT_EQ(options.count(option), 1U) << command << " " << option;
+    }
+  }
+  EXPECT_EQ(complete("zel ev"), std::set<std::string>{"eval"});
+  EXPECT_EQ(complete("zel eval --de"), std::set<std::string>{"--derivatives"});
+  EXPECT_TRUE(complete("zel info sam").empty()) << "files are the shell's";
+}
+
+TEST_F(DocumentsTest, VersionIsThatOfTheLibrary) {
+  EXPECT_EQ(Good("--version"), "zel " ZEL_VERSION "\n");
+}
+
+// On a terminal, which the script program makes.
+TEST_F(DocumentsTest, LongWorkShowsABar) {
+  Outcome const outcome = Shell(
+      "command -v script >/dev/null || exit 77; "
+      "ZEL_PROGRESS_DELAY=0 script -qec '\"$ZEL\" copy crc.lb1 own.lb1 --create' /dev/null");
+  if (outcome.status == 77) GTEST_SKIP() << "no program that makes a terminal";
+  EXPECT_EQ(outcome.status, 0) << outcome.out;
+  EXPECT_NE(outcome.out.find(" % copying PURECOMP:CRC"), std::string::npos) << outcome.out;
+  EXPECT_EQ(Zel("copy crc.lb1 two.lb1 --create", "ZEL_PROGRESS_DELAY=0").err, "")
+      << "none where nobody looks";
+}
+
+}  // namespace
+}  // namespace zel::test
