@@ -54,6 +54,31 @@ struct Range {
   }
 };
 
+// Round values on a logarithmic axis from one power of ten to another: powers, or with 2 and 5 of
+// each, or any digit where the axis is short.
+std::vector<double> LogTicks(double low, double high, int count) {
+  static constexpr double kAll[] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+  static constexpr double kFew[] = {1, 2, 5};
+  double const decades = high - low;
+  int const skip = std::max(1, static_cast<int>(std::ceil(decades / count)));
+  std::vector<double> ticks;
+  auto const take = [&](double power, double factor) {
+    double const value = factor * std::pow(10.0, power);
+    if (std::log10(value) >= low && std::log10(value) <= high) ticks.push_back(value);
+  };
+  for (double power = std::floor(low); power <= high; power += 1.0) {
+    if (decades > 3) {
+      if (std::fmod(power, skip) == 0.0) take(power, 1);
+    } else {
+      for (double const factor : kAll) {
+        bool const isFew = std::find(std::begin(kFew), std::end(kFew), factor) != std::end(kFew);
+        if (decades < 1 || isFew) take(power, factor);
+      }
+    }
+  }
+  return ticks.size() < 2 ? std::vector<double>{std::pow(10.0, low), std::pow(10.0, high)} : ticks;
+}
+
 class Plotter {
  public:
   explicit Plotter(Chart const& chart) : chart_(chart) {
@@ -112,12 +137,13 @@ class Plotter {
       Stroke(AtX(tick), floor, AtX(tick), floor + kTick, "black");
       Print(AtX(tick), floor + 18, "middle", fmt::format("{:g}", tick));
     }
-    for (double const tick : Ticks(y_.low, y_.high, kTicksY)) {
-      // Between whole powers of ten a logarithmic axis has no round numbers.
-      double const value = chart_.logarithmic ? std::pow(10.0, tick) : tick;
-      Stroke(kLeft, AtY(tick), kWidth - kRight, AtY(tick), "#e0e0e0");
-      Stroke(kLeft - kTick, AtY(tick), kLeft, AtY(tick), "black");
-      Print(kLeft - 8, AtY(tick) + 4, "end", fmt::format("{:.4g}", value));
+    bool const log = chart_.logarithmic;
+    for (double const value :
+         log ? LogTicks(y_.low, y_.high, kTicksY) : Ticks(y_.low, y_.high, kTicksY)) {
+      double const at = AtY(Scaled(value));
+      Stroke(kLeft, at, kWidth - kRight, at, "#e0e0e0");
+      Stroke(kLeft - kTick, at, kLeft, at, "black");
+      Print(kLeft - 8, at + 4, "end", fmt::format("{:.4g}", value));
     }
     Stroke(kLeft, floor, kWidth - kRight, floor, "black");
     Stroke(kLeft, kTop, kLeft, floor, "black");
@@ -191,7 +217,7 @@ std::vector<double> Ticks(double low, double high, int count) {
   std::vector<double> ticks;
   // By whole steps, so that no rounding adds up and 0 is 0.
   for (double n = std::ceil(low / step); n * step <= high && ticks.size() < 100; n += 1.0) {
-    ticks.push_back(n * step);
+    ticks.push_back(n * step + 0.0);  // no negative zero
   }
   return ticks;
 }

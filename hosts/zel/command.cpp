@@ -29,7 +29,8 @@ void Command::Run(Outputs outputs, std::function<Report()> work) {
   }
   if (outputs == Outputs::kJsonAndCsv) {
     sub_->add_flag_callback(
-        "--csv", [form] { *form = Form::kCsv; }, "print comma-separated values");
+            "--csv", [form] { *form = Form::kCsv; }, "print comma-separated values")
+        ->excludes("--json");
   }
   sub_->callback([form, work = std::move(work)] {
     OpenNames();

@@ -66,7 +66,8 @@ void AddBankCommands(CLI::App& app);      // types, banks, items
 void AddShowCommands(CLI::App& app);      // show, find
 void AddCurveCommands(CLI::App& app);     // eval, plot
 void AddSearchCommands(CLI::App& app);    // search, why, coverage
-void AddDocumentCommands(CLI::App& app);  // import, export, dump, list
+void AddDocumentCommands(CLI::App& app);  // import, export, dump
+void AddListCommand(CLI::App& app);       // list
 void AddItemCommands(CLI::App& app);      // copy, delete
 void AddCompareCommands(CLI::App& app);   // diff, check
 

@@ -1,6 +1,7 @@
 // diff, check
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <memory>
 #include <set>
 
@@ -193,7 +194,9 @@ class Collector final : public zel::ZelFindingSink {
   void Found(zel::zelFindings severity, char const* id, char const* place,
              char const* text) override {
     static constexpr char const* kWords[] = {"note", "warning", "damage"};
-    if (severity == zel::findingNote || silent_.count(id) != 0) return;
+    // Damage cannot be silenced.
+    bool const isSilent = severity == zel::findingWarning && silent_.count(id) != 0;
+    if (severity == zel::findingNote || isSilent) return;
     ++counts_[severity];
     table_.Add({kWords[severity], id, path_ + ": " + place + ": " + text});
   }
@@ -255,9 +258,31 @@ void CheckAcross(Library const& one, Library const& other, Collector& collector)
   }
 }
 
+// What the check of the structure finds that is no damage.
+std::vector<SenseKind> const& StructureWarnings() {
+  static std::vector<SenseKind> const kinds = {
+      {"block-leaked", "each block belongs to something or is free"},
+      {"identifier-missing", "each component is found by its IDs and its CAS number"},
+      {"identifier-stale", "each ID is that of a component"}};
+  return kinds;
+}
+
+void CheckSilence(Options const& o) {
+  for (std::string const& id : o.silent) {
+    auto const isId = [&](SenseKind const& kind) { return kind.id == id; };
+    auto const& sense = SenseKinds();
+    auto const& structure = StructureWarnings();
+    if (std::none_of(sense.begin(), sense.end(), isId) &&
+        std::none_of(structure.begin(), structure.end(), isId)) {
+      throw WrongUsage("--silence: there is no warning " + id + "; see zel check --ids");
+    }
+  }
+}
+
 Report Kinds() {
   Report report;
   Table& table = report.Begin("checks", {{"id", ""}, {"rule", ""}});
+  for (SenseKind const& kind : StructureWarnings()) table.Add({kind.id, kind.rule});
   for (SenseKind const& kind : SenseKinds()) table.Add({kind.id, kind.rule});
   return report;
 }
@@ -265,6 +290,7 @@ Report Kinds() {
 Report Check(Options const& o) {
   if (o.senseIds) return Kinds();
   if (o.paths.empty()) throw WrongUsage("name a library; see zel check --help");
+  CheckSilence(o);
   Report report;
   Table& table = report.Begin("findings", {{"severity", ""}, {"id", ""}, {"what", ""}});
   Collector collector(o, table);
@@ -273,6 +299,10 @@ Report Check(Options const& o) {
     Library library = Library::OpenRead(path);
     collector.Library(path);
     bool const good = zel::VerifyLibrary(&library.File(), collector);
+    if (!good && !o.structureOnly) {
+      std::fprintf(stderr, "zel: %s: is damaged, the sense of its data was not checked\n",
+                   path.c_str());
+    }
     if (!good || o.structureOnly) continue;
     CheckSense(library, collector);
     sound.push_back(std::move(library));
@@ -294,14 +324,14 @@ Report Check(Options const& o) {
 void AddCompareCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
   Command(app, "diff", "Tell what differs between two libraries",
-          "zel diff old.lb1 new.lb1 --bank NRTL")
+          "zel diff perry.lb1 own.lb1 --bank PERRY")
       .Argument("FIRST", o->one, "a library file")
       .Argument("SECOND", o->other, "a library file")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Flag("--exit-code", o->exitCode, "exit status 1 when they differ")
       .Run(Outputs::kJsonAndCsv, [o] { return Diff(*o); });
   Command(app, "check", "Check a library's structure and its data's sense",
-          "zel check own.lb1 sample.lb1 --silence source")
+          "zel check perry.lb1 crc.lb1 --silence source")
       .OptionalArgument("LIBRARY", o->paths, "libraries; later ones are held against the first")
       .Option("--silence", o->silent, "tell nothing of these checks", "ID...")
       .Flag("--structure", o->structureOnly, "the structure only")

@@ -177,6 +177,7 @@ ChartLine LineOf(Drawn const& one, std::uint32_t index, Span const& span) {
     at.push_back(*span.low + (*span.high - *span.low) * i / kPoints);
   }
   std::sort(at.begin(), at.end());
+  at.erase(std::unique(at.begin(), at.end()), at.end());
   for (double const kelvin : at) {
     if (!span.Has(kelvin)) continue;
     Point const point = one.component->At(index, Convert(kelvin, kKelvin, one.curve.tempUnit));
@@ -211,7 +212,7 @@ Report Plot(Options const& o) {
 void AddCurveCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
   Command eval(app, "eval", "Evaluate a correlation over temperatures",
-               "zel eval ETHANOL VaporPressure -l own.lb1 -l sample.lb1 --at 25C 351.4K");
+               "zel eval ETHANOL VaporPressure -l perry.lb1 -l crc.lb1 --at 25C 351.4K");
   eval.Argument("COMPONENT", o->component, "by number, ID or CAS number")
       .Argument("CORRELATION", o->correlation, "its name or the beginning of it")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
@@ -222,13 +223,13 @@ void AddCurveCommands(CLI::App& app) {
       .Option("--derivatives", o->derivatives, "how many derivatives, 0 to 3", "N")
       .Run(Outputs::kJsonAndCsv, [o] { return Eval(*o); });
   Command plot(app, "plot", "Draw a correlation of components as an SVG chart",
-               "zel plot VaporPressure ETHANOL WATER -l sample.lb1 --log -o vp.svg");
+               "zel plot VaporPressure ETHANOL WATER -l perry.lb1 --log -o vp.svg");
   plot.Argument("CORRELATION", o->correlation, "its name or the beginning of it")
       .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
       .Required("-o,--output", o->output, "the SVG file", "FILE")
-      .Option("--from", o->from, "lowest temperature", "T")
-      .Option("--to", o->to, "highest temperature", "T")
+      .Option("--from", o->from, "lowest temperature, in K without a unit", "T")
+      .Option("--to", o->to, "highest temperature, in K without a unit", "T")
       .Flag("--log", o->logarithmic, "logarithmic values")
       .Flag("--each", o->each, "a line for each bank instead of the merged one")
       .Run(Outputs::kJson, [o] { return Plot(*o); });

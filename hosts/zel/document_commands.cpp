@@ -1,5 +1,4 @@
-// import, export, dump, list
-#include <zelaccess/CompList_p.h>
+// import, export, dump
 #include <zelaccess/LibMaint_p.h>
 
 #include <filesystem>
@@ -12,7 +11,6 @@
 #include "output_file.h"
 #include "pure_component.h"
 #include "replacement.h"
-#include "span_of_numbers.h"
 
 namespace zelhost {
 namespace {
@@ -25,17 +23,12 @@ struct Options {
   std::string bank;
   std::string component;
   std::string output;
-  std::string sort = "name";
-  std::string filter;
-  std::string range;
-  std::string library;
   ChangeOptions change;
   bool replace = false;
   bool create = false;
   bool verbose = false;
   bool banner = false;
   bool componentFiles = false;
-  bool descending = false;
 };
 
 LibraryChange ChangeFor(Options const& o) {
@@ -45,8 +38,11 @@ LibraryChange ChangeFor(Options const& o) {
 
 Report Import(Options const& o) {
   for (std::string const& file : o.files) {
-    if (!fs::is_regular_file(file)) throw Failure(file + ": not found");
+    if (!fs::exists(file)) throw Failure(file + ": not found");
+    if (!fs::is_regular_file(file)) throw Failure(file + ": is no file");
   }
+  if (o.bank.size() >= kNameSize) throw Failure("a bank's name has 1 to 8 characters: " + o.bank);
+  bool const isNew = o.create && !fs::exists(o.path);
   zel::InitZelAccess();
   LibraryChange change = ChangeFor(o);
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(&change.Open().Maint());
@@ -59,8 +55,9 @@ Report Import(Options const& o) {
     if (good) continue;
     char const* const last = maint->GetLastErrorText();
     throw Failure(file + ": " + (last != nullptr ? last : "not imported") +
-                  (o.change.inPlace ? "; what stood before the error was imported"
-                                    : "; the library is as it was"));
+                  (isNew              ? "; no library was made"
+                   : o.change.inPlace ? "; what stood before the error was imported"
+                                      : "; the library is as it was"));
   }
   change.PutInPlace();
   Report report;
@@ -69,50 +66,85 @@ Report Import(Options const& o) {
   return report;
 }
 
-// The path of a document, which gets an extension when it has none; a folder stays one.
-std::string ExportTarget(std::string const& output) {
-  if (output.empty()) return "";
-  RefuseLibraryPath(output);
-  fs::path target = fs::absolute(output);
-  if (fs::is_directory(target)) return (target / "").string();
-  if (target.has_filename() && !target.has_extension()) target += ".xml";
-  return target.string();
+// Where documents go: a folder, and a name for what has one.
+struct ExportTarget {
+  fs::path folder;
+  std::string name;
+};
+
+ExportTarget TargetOf(Options const& o) {
+  if (o.output.empty()) return {fs::absolute(o.path).parent_path(), ""};
+  RefuseLibraryPath(o.output);
+  fs::path target = fs::absolute(o.output);
+  if (fs::is_directory(target) || !target.has_filename()) return {target, ""};
+  if (!target.has_extension()) target += ".xml";
+  if (fs::exists(target) && !fs::is_regular_file(target)) {
+    throw Failure(target.string() + ": is no file that a document can replace");
+  }
+  return {target.parent_path(), target.filename().string()};
+}
+
+bool ExportComponent(Library const& library, Options const& o, char const* target) {
+  zel::LibMaint& maint = library.Maint();
+  BankName const bank = library.ComponentBank(o.bank);
+  char const* const name = bank.name.c_str();
+  PureComponent component;
+  zel::Handle<zel::Key> const key = KeyOf(*component.Def(), {o.component});
+  if (!maint.ReadItem(component.Def(), name, key.get())) {
+    throw Failure(o.path + ": bank " + ToText(bank) + " has no component " + o.component);
+  }
+  Component const word = ParseComponent(o.component);
+  if (std::string const* const id = std::get_if<std::string>(&word)) {
+    return maint.ExportComponentById(name, id->c_str(), target, o.banner);
+  }
+  return maint.ExportComponentByNumber(name, component.ReadIdentity().number, target, o.banner);
+}
+
+// Correlations whose equations documents have no form for, in one bank or in all.
+std::int64_t LeftOut(Library const& library, Options const& o) {
+  std::int64_t count = 0;
+  PureComponent component;
+  for (BankName const& bank : library.Banks(kPureType)) {
+    if (!o.bank.empty() && ToText(library.Bank(o.bank)) != ToText(bank)) continue;
+    std::int32_t words[10] = {};
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItem(words, component.Def())) {
+      for (auto const& row : Correlations()) {
+        Curve const curve = component.ReadCurve(IndexOf(row));
+        if (curve.present && !curve.given) ++count;
+      }
+    }
+    library.Maint().EndItemWalk();
+  }
+  return count;
 }
 
 Report Export(Options const& o) {
   zel::InitZelAccess();
   Library const library = Library::OpenRead(o.path);
-  std::string const target = ExportTarget(o.output);
-  zel::LibMaint& maint = library.Maint();
+  ExportTarget const target = TargetOf(o);
+  OutputFolder documents(target.folder, o.output.empty() ? o.path : o.output);
+  std::string const path = documents.PathOf(target.name);
   bool good = false;
   if (!o.component.empty()) {
-    BankName const bank = o.bank.empty() ? library.Bank(kPureType)
-                                         : library.Bank(kPureType + (":" + UpperCase(o.bank)));
-    Component const component = ParseComponent(o.component);
-    std::string const name = bank.name;
-    if (std::string const* const id = std::get_if<std::string>(&component)) {
-      good = maint.ExportComponentById(name.c_str(), id->c_str(), target.c_str(), o.banner);
-    } else {
-      auto number = std::get_if<long>(&component) != nullptr
-                        ? static_cast<std::int32_t>(std::get<long>(component))
-                        : maint.FindNumberByCas(std::get<zel::casn>(component));
-      good = maint.ExportComponentByNumber(name.c_str(), number, target.c_str(), o.banner);
-    }
-    if (!good) {
-      throw Failure(o.path + ": component " + o.component + " of bank " + ToText(bank) +
-                    " is not there, or its document cannot be written");
-    }
+    good = ExportComponent(library, o, path.c_str());
   } else if (!o.bank.empty()) {
     BankName const bank = library.Bank(o.bank);
-    good = maint.ExportBank(bank.type.c_str(), bank.name.c_str(), target.c_str(), o.banner,
-                            o.componentFiles);
+    good = library.Maint().ExportBank(bank.type.c_str(), bank.name.c_str(), path.c_str(), o.banner,
+                                      o.componentFiles);
   } else {
-    good = maint.ExportLibrary(target.c_str(), o.banner, o.componentFiles);
+    good = library.Maint().ExportLibrary(path.c_str(), o.banner, o.componentFiles);
   }
-  if (!good) throw Failure((target.empty() ? o.path : target) + ": cannot be written");
+  if (!good) throw Failure((target.folder / target.name).string() + ": cannot be written");
   Report report;
   report.Fact("exported", o.path);
-  report.Fact("to", target.empty() ? fs::absolute(o.path).parent_path().string() : target);
+  report.Fact("documents", documents.MoveInto());
+  report.Fact("to", (target.folder / target.name).string());
+  std::int64_t const leftOut = o.component.empty() ? LeftOut(library, o) : 0;
+  if (leftOut != 0) {
+    report.Fact("left out", std::to_string(leftOut) +
+                                " correlations with equations above 100, which documents have not");
+  }
   return report;
 }
 
@@ -158,71 +190,12 @@ Report Dump(Options const& o) {
   return report;
 }
 
-struct Sort {
-  char const* word;
-  zel::compListSorts sort;
-};
-constexpr Sort kSorts[] = {{"name", zel::sortByName},       {"id", zel::sortById},
-                           {"formula", zel::sortByFormula}, {"cas", zel::sortByCas},
-                           {"nbp", zel::sortByNbp},         {"mw", zel::sortByMw}};
-
-zel::compListSorts SortNamed(std::string const& word) {
-  for (Sort const& row : kSorts) {
-    if (word == row.word) return row.sort;
-  }
-  throw WrongUsage("--sort is name, id, formula, cas, nbp or mw");
-}
-
-void BuildList(Options const& o, zel::CompList& list) {
-  zel::InitZelAccess();
-  Library const library = Library::OpenRead(o.library);
-  BankName const bank = o.bank.empty() ? library.Bank(kPureType)
-                                       : library.Bank(kPureType + (":" + UpperCase(o.bank)));
-  if (!list.GetBuilder()->BuildList(&library.File(), bank.name.c_str(), o.path.c_str())) {
-    throw Failure(o.path + ": cannot be written");
-  }
-}
-
-// A list begins with comments, which say that it is generated.
-bool IsList(std::string const& path) {
-  std::ifstream file(path, std::ios::binary);
-  return file.get() == ';';
-}
-
-Report List(Options const& o) {
-  RefuseLibraryPath(o.path);
-  zel::compListSorts const sort = SortNamed(o.sort);
-  auto const range = ParseSpan(o.range, "what the list is sorted by");
-  zel::Handle<zel::CompList> const list(zel::CompList::NewCompList());
-  if (!o.library.empty()) BuildList(o, *list);
-  if (!list->ReadList(o.path.c_str())) throw Failure(o.path + ": not found, or cannot be read");
-  if (!IsList(o.path)) throw Failure(o.path + ": is no list; --build makes one");
-  list->SetSort(sort, o.descending ? 1 : 0);
-  list->SetFilter(o.filter.c_str());
-  double const open = zel::gen_GetUndefDouble();
-  if (range) list->SetRange(range->low.value_or(open), range->high.value_or(open));
-  Report report;
-  Table& table = report.Begin(
-      "components",
-      {{"id", ""}, {"cas", ""}, {"formula", ""}, {"NBP", "K"}, {"MW", ""}, {"name", ""}});
-  char name[41] = {};
-  char id[13] = {};
-  char formula[21] = {};
-  char cas[21] = {};
-  double nbp = 0.0;
-  double mw = 0.0;
-  while (list->GetNext(name, id, formula, cas, nbp, mw)) {
-    table.Add({Text(id), Text(cas), Text(formula), Number(nbp), Number(mw), Text(name)});
-  }
-  return report;
-}
-
 }  // namespace
 
 void AddDocumentCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
   Command reading(app, "import", "Read XML documents into a library, all or nothing",
-                  "zel import sample.lb1 sample.xml --create");
+                  "zel import nist.lb1 nist.xml --create");
   reading.Argument("LIBRARY", o->path, "a library file")
       .Argument("DOCUMENT", o->files, "documents of a library, bank or component")
       .Option("--bank", o->bank, "the documents are components for this bank", "NAME")
@@ -232,7 +205,7 @@ void AddDocumentCommands(CLI::App& app) {
   AddChangeOptions(reading, o->change);
   reading.Run(Outputs::kText, [o] { return Import(*o); });
   Command(app, "export", "Write a library, a bank or a component as XML",
-          "zel export sample.lb1 -o out/sample.xml")
+          "zel export sample.lb1 -o sample.xml")
       .Argument("LIBRARY", o->path, "a library file")
       .Option("-o,--output", o->output, "the document (.xml), or a folder; else beside LIBRARY",
               "FILE")
@@ -241,21 +214,10 @@ void AddDocumentCommands(CLI::App& app) {
       .Flag("--banner", o->banner, "add a block for a maintenance log")
       .Flag("--component-files", o->componentFiles, "a document for each component")
       .Run(Outputs::kText, [o] { return Export(*o); });
-  Command(app, "dump", "Write tab-separated indexes, or show a bank's tree", "zel dump sample.lb1")
+  Command(app, "dump", "Write tab-separated indexes, or show a bank's tree", "zel dump perry.lb1")
       .Argument("LIBRARY", o->path, "a library file")
       .Option("--tree", o->bank, "print the structure of this bank's tree", "BANK")
       .Run(Outputs::kText, [o] { return Dump(*o); });
-  Command(app, "list", "Build a pick list from a library, or query one",
-          "zel list picker.lst --sort name --filter \"*butane\"")
-      .Argument("LIST", o->path, "a list file")
-      .Option("--build", o->library, "make it from this library first", "LIBRARY")
-      .Option("--bank", o->bank, "from this bank of pure components", "NAME")
-      .Option("--sort", o->sort, "name, id, formula, cas, nbp or mw", "KEY")
-      .Option("--filter", o->filter, "of the sorted text: \"*\" any text, \"?\" one letter",
-              "PATTERN")
-      .Option("--range", o->range, "of the sorted number; an end may be missing", "MIN:MAX")
-      .Flag("--descending", o->descending, "the last first")
-      .Run(Outputs::kJsonAndCsv, [o] { return List(*o); });
-}  // namespace zelhost
+}
 
 }  // namespace zelhost

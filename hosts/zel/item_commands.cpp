@@ -103,6 +103,10 @@ Report Copy(Options const& o) {
   if (!o.words.empty() && o.banks.size() != 1) {
     throw WrongUsage("--item needs one --bank");
   }
+  std::error_code none;
+  if (std::filesystem::equivalent(o.from, o.path, none)) {
+    throw Failure(o.from + ": FROM and TO are one library");
+  }
   Library const from = Library::OpenRead(o.from);
   zel::InitZelAccess();
   bool const isNew = o.create && !std::filesystem::exists(o.path);
@@ -158,7 +162,7 @@ Report Delete(Options const& o) {
 void AddItemCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
   Command copy(app, "copy", "Copy banks or one item from a library to another",
-               "zel copy sample.lb1 own.lb1 --bank NRTL --item ETHANOL WATER");
+               "zel copy perry.lb1 own.lb1 --bank PERRY --item ETHANOL");
   copy.Argument("FROM", o->from, "a library file")
       .Argument("TO", o->path, "the library to change")
       .Option("--bank", o->banks, "this bank; all banks when not given", "BANK")
@@ -167,8 +171,7 @@ void AddItemCommands(CLI::App& app) {
       .Flag("--create", o->create, "make the library TO when it is not there");
   AddChangeOptions(copy, o->change);
   copy.Run(Outputs::kJson, [o] { return Copy(*o); });
-  Command remove(app, "delete", "Remove an item or a bank",
-                 "zel delete own.lb1 NRTL ETHANOL WATER");
+  Command remove(app, "delete", "Remove an item or a bank", "zel delete own.lb1 PERRY ETHANOL");
   remove.Argument("LIBRARY", o->path, "the library to change")
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .OptionalArgument("ITEM", o->words, "its components, numbers or text")

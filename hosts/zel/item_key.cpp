@@ -106,7 +106,7 @@ zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> con
   }
   zel::Handle<zel::Key> key(zel::Key::NewKey());
   if (isText) {
-    key->SetKeyText(keyWords, UpperCase(words[0]).c_str());
+    key->SetKeyText(keyWords, words[0].c_str());
     return key;
   }
   std::vector<std::int32_t> numbers;

@@ -1,5 +1,7 @@
 #include "item_values.h"
 
+#include <algorithm>
+
 #include "fields.h"
 #include "pure_component.h"
 
@@ -102,7 +104,7 @@ class ComponentValues {
                          CellText(Number(tMax)) + " " + TemperatureUnit(tempUnit) + ", unit " +
                          std::to_string(propUnit) + ", bases " + std::to_string(log) + " " +
                          std::to_string(basis) + ":";
-      for (int i = 0; status == zel::kStatusOk && i < count; ++i) {
+      for (int i = 0; i < std::clamp(count, 0, 15); ++i) {
         text += " " + CellText(Number(coefficients[i]));
       }
       Put(row.name, text);

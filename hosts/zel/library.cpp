@@ -1,6 +1,10 @@
 #include "library.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <optional>
 
@@ -10,13 +14,15 @@
 namespace zelhost {
 namespace {
 
+constexpr char kComponents[] = "PURECOMP";
+
 std::vector<std::string>& Opened() {
   static std::vector<std::string> paths;
   return paths;
 }
 
 zel::LibFile* Checked(zel::LibFile* file, std::string const& path, zel::openErrors error) {
-  if (file == nullptr) throw Failure(path + ": " + Reason(error));
+  if (file == nullptr) throw Failure(path + ": " + Reason(error, path));
   return file;
 }
 
@@ -81,16 +87,28 @@ BankName Library::Bank(std::string const& word) const {
   throw Failure(path_ + ": " + word + " can be several banks; name one of" + list);
 }
 
+BankName Library::ComponentBank(std::string const& word) const {
+  if (word.empty()) return Bank(kComponents);
+  return Bank(word.find(':') == std::string::npos ? kComponents + (":" + word) : word);
+}
+
 void Library::Close() {
   maint_.reset();
   file_->CloseLibFile();
 }
 
-std::string Reason(zel::openErrors error) {
+std::string Reason(zel::openErrors error, std::string const& path) {
+  std::error_code none;
   switch (error) {
     case zel::openNotFound: return "not found";
-    case zel::openDenied: return "access denied, or another program has it open";
-    case zel::openNotLibrary: return "not a component library (its name must end in .lb1)";
+    case zel::openDenied:
+      if (std::filesystem::is_directory(path, none)) return "is a folder";
+      return ::access(path.c_str(), R_OK) == 0 ? "another program has it open, or it is read-only"
+                                               : std::strerror(errno);
+    case zel::openNotLibrary:
+      return LowerCase(std::filesystem::path(path).extension().string()) == ".lb1"
+                 ? "not a component library"
+                 : "not a component library: its name must end in .lb1";
     case zel::openSiblingMissing: return "its second file (.lb2) is missing";
     case zel::openPasswordNeeded: return "protected; give its password with --password";
     case zel::openBadPassword: return "wrong password";
@@ -152,7 +170,11 @@ void NameNames(std::string const& path) { NamesPath() = path; }
 
 void OpenNames() {
   if (NamesPath().empty()) return;
-  Names().emplace(Library::OpenRead(NamesPath()));
+  try {
+    Names().emplace(Library::OpenRead(NamesPath()));
+  } catch (Failure const& failure) {
+    throw Failure(failure.what() + std::string(" (named by --names or ZEL_NAMES)"));
+  }
   zel::LibFile::SetOrdwinNameIndex(&Names()->File());
 }
 

@@ -38,6 +38,8 @@ class Library {
   // The bank that a word means: TYPE:NAME, or a name or a type that only one bank has, in any case
   // of letters. Throws Failure, with the banks that there are, when it means none or several.
   BankName Bank(std::string const& word) const;
+  // A bank of pure components, the only one when `word` is empty.
+  BankName ComponentBank(std::string const& word) const;
   // Writes what is not on file yet. Throws Failure when the disk refuses.
   void Close();
 
@@ -59,7 +61,7 @@ Library const* NamesLibrary();
 void ReleaseNames(std::string const& path);
 
 // What an open that failed means, e.g. "not found".
-std::string Reason(zel::openErrors error);
+std::string Reason(zel::openErrors error, std::string const& path);
 // The paths of the libraries that this process has opened, for the message of a block error, which
 // names only a block.
 std::vector<std::string> const& OpenedPaths();

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 #include "command.h"
 #include "failure.h"
@@ -16,29 +17,46 @@ namespace {
 struct Options {
   std::string path;
   std::string bank;
-  std::string text;
+  std::optional<std::string> text;
   std::string file;
-  std::string description;
-  std::string version;
+  std::optional<std::string> description;
+  std::optional<std::string> version;
   std::string newPassword;
   int kind = zel::libKind11;
   int level = 1;
   bool force = false;
   bool clear = false;
   bool clearPassword = false;
-  bool hasText = false;
-  bool hasDescription = false;
-  bool hasVersion = false;
   ChangeOptions change;
 };
 
+// Null leaves what is there.
+char const* TextOrNull(std::optional<std::string> const& text) {
+  return text ? text->c_str() : nullptr;
+}
+
+void CheckLength(std::optional<std::string> const& text, std::size_t most, char const* what) {
+  if (!text || text->size() <= most) return;
+  throw Failure(what + (" has " + std::to_string(text->size())) + " characters; " +
+                std::to_string(most) + " can be kept");
+}
+
+void CheckTexts(Options const& o) {
+  constexpr std::size_t kDescription = 100;
+  constexpr std::size_t kVersion = 12;
+  CheckLength(o.description, kDescription, "the description");
+  CheckLength(o.version, kVersion, "the version");
+  CheckLength(o.newPassword, kDescription, "the password");
+}
+
 Report Create(Options const& o) {
+  CheckTexts(o);
   if (o.kind < zel::libKind11 || o.kind > zel::libKind13) {
     throw WrongUsage("a library's kind is 11, 12 or 13");
   }
   LibraryChange change =
       LibraryChange::New(o.path, static_cast<zel::libTypes>(o.kind), o.force, o.change.password);
-  change.Open().File().SetDescriptionAndVersion(o.description.c_str(), o.version.c_str());
+  change.Open().File().SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
   change.PutInPlace();
   Report report;
   report.Fact("created", o.path);
@@ -107,7 +125,9 @@ std::string FileText(std::string const& path) {
 
 Report Memo(Options& o) {
   Report report;
-  bool const changes = o.clear || o.hasText || !o.file.empty();
+  int const given = (o.clear ? 1 : 0) + (o.text ? 1 : 0) + (o.file.empty() ? 0 : 1);
+  if (given > 1) throw WrongUsage("--set, --file and --clear exclude each other");
+  bool const changes = given == 1;
   if (!changes) {
     Library const library = Library::OpenRead(o.path);
     if (o.bank.empty()) {
@@ -120,7 +140,7 @@ Report Memo(Options& o) {
     report.Fact("memo", Text(memo));
     return report;
   }
-  std::string const text = o.clear ? "" : o.file.empty() ? o.text : FileText(o.file);
+  std::string const text = o.clear ? "" : o.text ? *o.text : FileText(o.file);
   if (text.size() >= kMemoSize) {
     throw Failure("the memo has " + std::to_string(text.size()) + " characters; " +
                   std::to_string(kMemoSize - 1) + " can be kept");
@@ -139,17 +159,15 @@ Report Memo(Options& o) {
 }
 
 Report Set(Options const& o) {
+  CheckTexts(o);
   bool const setsPassword = !o.newPassword.empty() || o.clearPassword;
-  if (!o.hasDescription && !o.hasVersion && !setsPassword) {
+  if (!o.description && !o.version && !setsPassword) {
     throw WrongUsage("nothing to set; see zel set --help");
   }
   if (o.level != 1 && o.level != 2) throw WrongUsage("a password has level 1 or 2");
   LibraryChange change(o.path, o.change);
   zel::LibFile& file = change.Open().File();
-  if (o.hasDescription || o.hasVersion) {
-    file.SetDescriptionAndVersion(o.hasDescription ? o.description.c_str() : nullptr,
-                                  o.hasVersion ? o.version.c_str() : nullptr);
-  }
+  file.SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
   if (setsPassword) file.SetPassword(o.clearPassword ? 0 : o.level, o.newPassword.c_str());
   change.PutInPlace();
   Report report;
@@ -173,17 +191,14 @@ void AddLibraryCommands(CLI::App& app) {
       .Argument("LIBRARY", o->path, "a library file")
       .Run(Outputs::kJson, [o] { return Info(*o); });
   Command memo(app, "memo", "Show or set the memo of a library or a bank",
-               "zel memo sample.lb1 --bank NRTL:VLE --set \"Checked in May\"");
+               "zel memo sample.lb1 --bank NRTL --set \"Checked in May\"");
   memo.Argument("LIBRARY", o->path, "a library file")
       .Option("--bank", o->bank, "the memo of this bank", "BANK")
       .Option("--set", o->text, "the new memo, up to 3999 characters", "TEXT")
       .Option("--file", o->file, "take the new memo from a file", "FILE")
       .Flag("--clear", o->clear, "empty the memo");
   AddChangeOptions(memo, o->change);
-  memo.Run(Outputs::kJson, [o] {
-    o->hasText = !o->text.empty();
-    return Memo(*o);
-  });
+  memo.Run(Outputs::kJson, [o] { return Memo(*o); });
   Command set(app, "set", "Set description, version or password",
               "zel set own.lb1 --description \"Plant data, checked\"");
   set.Argument("LIBRARY", o->path, "a library file")
@@ -193,11 +208,7 @@ void AddLibraryCommands(CLI::App& app) {
       .Option("--level", o->level, "of the new password: 1 protects, 2 marks data too", "N")
       .Flag("--clear-password", o->clearPassword, "ask for no password any more");
   AddChangeOptions(set, o->change);
-  set.Run(Outputs::kJson, [o] {
-    o->hasDescription = !o->description.empty();
-    o->hasVersion = !o->version.empty();
-    return Set(*o);
-  });
+  set.Run(Outputs::kJson, [o] { return Set(*o); });
 }
 
 }  // namespace zelhost

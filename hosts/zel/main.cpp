@@ -2,6 +2,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <sstream>
 #include <string>
@@ -28,16 +29,30 @@ std::string BlockError(unsigned long address) {
   for (std::string const& path : zelhost::OpenedPaths()) {
     paths += (paths.empty() ? "" : " or ") + path;
   }
+  constexpr unsigned long kNoBlock = 990000000;
+  if (address == kNoBlock) return paths + ": no room for a block: the disk or the library is full";
   return paths + ": block " + std::to_string(address) +
-         " cannot be read or written; the library is damaged or the disk is full. `zel check` "
-         "tells "
-         "more";
+         " cannot be read or written; the library is damaged or the disk is full. "
+         "`zel check --structure` tells which";
 }
 
 // What is printed in the place of a command's work.
 struct Text {
   std::string text;
 };
+
+// What is wrong with the command line, and whose help tells more.
+std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int count, char** words) {
+  char const* const first = count > 1 ? words[1] : "";
+  if (*first != '-' && *first != '\0') {
+    bool const isCommand =
+        !app.get_subcommands([&](CLI::App const* command) { return command->get_name() == first; })
+             .empty();
+    if (!isCommand) return std::string(first) + " is no command; see zel --help";
+    return std::string(error.what()) + "; see zel " + first + " --help";
+  }
+  return std::string(error.what()) + "; see zel --help";
+}
 
 int Parsed(CLI::App& app, int count, char** words) {
   try {
@@ -52,7 +67,7 @@ int Parsed(CLI::App& app, int count, char** words) {
     zelhost::Write(wish.text);
     return 0;
   } catch (CLI::ParseError const& error) {
-    return Fail(kWrongUsage, std::string(error.what()) + "; see zel --help");
+    return Fail(kWrongUsage, Complaint(app, error, count, words));
   }
 }
 
@@ -90,6 +105,7 @@ int main(int count, char** words) {
     zelhost::AddCurveCommands(app);
     zelhost::AddSearchCommands(app);
     zelhost::AddDocumentCommands(app);
+    zelhost::AddListCommand(app);
     zelhost::AddItemCommands(app);
     zelhost::AddCompareCommands(app);
     // For the build, which installs both.
@@ -101,6 +117,8 @@ int main(int count, char** words) {
     return EndByClosedPipe();
   } catch (zelhost::WrongUsage const& error) {
     return Fail(kWrongUsage, error.what());
+  } catch (std::filesystem::filesystem_error const& error) {
+    return Fail(kFailed, error.path1().string() + ": " + error.code().message());
   } catch (std::bad_alloc const&) {
     return Fail(kFailed, "out of memory");
   } catch (std::exception const& error) {

@@ -2,9 +2,11 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 #include "failure.h"
 #include "library.h"
@@ -29,6 +31,31 @@ void WriteWhole(std::string const& target, std::string const& shownAs, std::stri
 }
 
 }  // namespace
+
+OutputFolder::OutputFolder(std::filesystem::path const& target, std::string const& shownAs)
+    : target_(target) {
+  std::string name = (target / ".zel-out-XXXXXX").string();
+  if (::mkdtemp(name.data()) == nullptr) Refuse(shownAs);
+  folder_ = name;
+}
+
+OutputFolder::~OutputFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+std::int64_t OutputFolder::MoveInto() {
+  std::int64_t count = 0;
+  std::vector<std::filesystem::path> files;
+  for (auto const& entry : std::filesystem::directory_iterator(folder_)) {
+    files.push_back(entry.path());
+  }
+  for (std::filesystem::path const& file : files) {
+    std::filesystem::rename(file, target_ / file.filename());
+    ++count;
+  }
+  return count;
+}
 
 void RefuseLibraryPath(std::string const& path) {
   std::string const extension = LowerCase(std::filesystem::path(path).extension().string());

@@ -1,6 +1,8 @@
 // Files that a command writes.
 #pragma once
 
+#include <cstdint>
+#include <filesystem>
 #include <string>
 
 namespace zelhost {
@@ -8,6 +10,26 @@ namespace zelhost {
 // Writes the whole file, or leaves what was there: the text goes into a file beside it first.
 // Throws Failure with the reason.
 void WriteFile(std::string const& path, std::string const& text);
+
+// A hidden folder beside what is to be written, in which documents are made; it goes with its
+// owner.
+class OutputFolder {
+ public:
+  // Throws Failure when nothing can be written in the folder `target`; the message names `shownAs`.
+  OutputFolder(std::filesystem::path const& target, std::string const& shownAs);
+  OutputFolder(OutputFolder const&) = delete;
+  OutputFolder& operator=(OutputFolder const&) = delete;
+  ~OutputFolder();
+
+  // Of a file in it; of the folder, with a separator behind it, for an empty name.
+  std::string PathOf(std::string const& name) const { return (folder_ / name).string(); }
+  // Moves all files to the target, over what is there; gives their number.
+  std::int64_t MoveInto();
+
+ private:
+  std::filesystem::path target_;
+  std::filesystem::path folder_;
+};
 
 // Throws Failure for a path that ends as those of a library's files do, .lb1 to .lb9: no document
 // takes their place.

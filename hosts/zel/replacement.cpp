@@ -97,6 +97,19 @@ FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
   return FileLock::Take(lock.string(), shownAs);
 }
 
+// What a killed command left of its work.
+void RemoveLeftOver(fs::path const& folder) {
+  std::error_code ignored;
+  if (!fs::is_directory(folder, ignored)) return;
+  try {
+    FolderTurn const turn(folder.parent_path().string());
+    if (fs::exists(folder / kLockName)) FileLock::Take((folder / kLockName).string(), "");
+    fs::remove_all(folder, ignored);
+  } catch (Failure const&) {
+    // Somebody is at work in it.
+  }
+}
+
 }  // namespace
 
 void AddChangeOptions(Command& command, ChangeOptions& options) {
@@ -133,6 +146,19 @@ void WorkFolder::PutInPlace() {
   });
 }
 
+namespace {
+
+void CheckPassword(Library const& library, std::string const& password) {
+  std::int32_t level = 0;
+  char none[101] = {};
+  library.File().GetPassword(level, none);
+  if (level == 0 && !password.empty()) {
+    throw Failure(library.Path() + ": has no password; leave --password out");
+  }
+}
+
+}  // namespace
+
 LibraryChange::LibraryChange(std::string const& path, ChangeOptions const& options) {
   FinishChange(path);
   ReleaseNames(path);
@@ -141,7 +167,7 @@ LibraryChange::LibraryChange(std::string const& path, ChangeOptions const& optio
     return;
   }
   // What the library says of a path that cannot be opened is told in its words.
-  { Library const seen = Library::OpenRead(path); }
+  CheckPassword(Library::OpenRead(path), options.password);
   std::string whole;  // without symbolic links
   OrFail(path, "cannot be found", [&] { whole = fs::canonical(path).string(); });
   original_ = FileLock::Take(whole, path);
@@ -160,8 +186,8 @@ LibraryChange LibraryChange::New(std::string const& path, zel::libTypes kind, bo
   FinishChange(path);
   ReleaseNames(path);
   if (replace && fs::exists(path)) {
-    // It must be a library, and one that may be changed.
-    Library const seen = Library::OpenUpdate(path, password);
+    // It must be a library, and one that may be changed; a copy of it tells.
+    LibraryChange const probe(path, {password, false});
   }
   fs::path whole = fs::absolute(path);
   if (!fs::is_directory(whole.parent_path())) throw Failure(path + ": its folder is not there");
@@ -188,12 +214,12 @@ void FinishChange(std::string const& path) {
   // Resolved as far as it goes: the first file may be away.
   fs::path const whole = fs::weakly_canonical(fs::absolute(path), none);
   fs::path const ready = ReadyFolder(whole);
-  if (none || !fs::is_directory(ready, none)) return;
+  if (none) return;
+  RemoveLeftOver(NewFolder(whole));
+  if (!fs::is_directory(ready, none)) return;
   OrFail(path, "a change that was cut off cannot be finished", [&] {
-    if (!fs::exists(ready / kLockName)) {
-      RemoveFolder(ready);
-      return;
-    }
+    // Without a lock it is nearly removed, or came from a copy that left empty files out.
+    if (!fs::exists(ready / kLockName) && !MakeEmptyFile(ready / kLockName)) return;
     FileLock const lock = FileLock::Take((ready / kLockName).string(), path);
     MoveIntoPlace(whole.string());
   });

@@ -45,10 +45,29 @@ bool IsNumeric(Table const& table, std::size_t column) {
   return any;
 }
 
+// As a terminal shall see it: text of a library does not move the cursor.
+std::string Visible(Cell const& cell) {
+  std::string text = CellText(cell);
+  for (char& c : text) {
+    if ((c >= 0 && c < ' ' && c != '\n') || c == '\x7f') c = '?';
+  }
+  return text;
+}
+
+std::string OneLine(Cell const& cell) {
+  std::string text = Visible(cell);
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
+}
+
 // Lines of at most `width` characters, broken at blanks, and within words that are too long.
 std::vector<std::string> Break(std::string const& text, std::size_t width) {
   std::vector<std::string> lines;
   std::string rest = text;
+  for (std::size_t end = rest.find('\n'); end != std::string::npos; end = rest.find('\n')) {
+    for (std::string& line : Break(rest.substr(0, end), width)) lines.push_back(std::move(line));
+    rest.erase(0, end + 1);
+  }
   while (Width(rest) > width) {
     std::size_t const at = rest.rfind(' ', width);
     bool const atBlank = at != std::string::npos && at != 0;
@@ -85,7 +104,7 @@ class TextTable {
     for (auto const& heads : heads_) Line(heads, out);
     for (auto const& row : table_.Rows()) {
       std::vector<std::string> texts;
-      for (Cell const& cell : row) texts.push_back(CellText(cell));
+      for (Cell const& cell : row) texts.push_back(OneLine(cell));
       Line(texts, out);
     }
   }
@@ -105,7 +124,7 @@ class TextTable {
     for (std::size_t i = 0; i < widths_.size(); ++i) {
       for (auto const& heads : heads_) widths_[i] = std::max(widths_[i], Width(heads[i]));
       for (auto const& row : table_.Rows()) {
-        widths_[i] = std::max(widths_[i], Width(CellText(row[i])));
+        widths_[i] = std::max(widths_[i], Width(OneLine(row[i])));
       }
     }
   }
@@ -147,7 +166,7 @@ std::string PrintText(Report const& report) {
   for (auto const& fact : report.Facts()) {
     std::string const indent(width + kGap, ' ');
     std::vector<std::string> const parts =
-        Break(CellText(fact.value), std::max(kNarrowestBreak, kLineWidth - width - kGap));
+        Break(Visible(fact.value), std::max(kNarrowestBreak, kLineWidth - width - kGap));
     out += fact.name + std::string(width + kGap - Width(fact.name), ' ') + parts[0] + '\n';
     for (std::size_t k = 1; k < parts.size(); ++k) out += indent + parts[k] + '\n';
   }

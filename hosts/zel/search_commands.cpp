@@ -117,9 +117,9 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, Sources con
   report.Fact("value", Number(merged.Completed(info.index)));
   report.Fact("unit", Text(info.unit));
   report.Fact("state", std::string(Word(state)));
-  report.Fact("from", Text(merged.ConstantSource(info.index)));
-  Table& table =
-      report.Begin("sources", {{"source", ""}, {"value", ""}, {"code", ""}, {"result", ""}});
+  Table table("sources", {{"source", ""}, {"value", ""}, {"code", ""}, {"result", ""}});
+  // Libraries of one file name are told apart by the row that won.
+  std::string from = merged.ConstantSource(info.index);
   bool won = false;
   for (std::size_t i = 0; i < sources.Count(); ++i) {
     PureComponent part;
@@ -133,8 +133,11 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, Sources con
                !has  ? "has no value"
                : won ? "comes later"
                      : "won"});
+    if (has && !won) from = sources.Name(i);
     won = won || has;
   }
+  report.Fact("from", Text(from));
+  report.Add(std::move(table));
 }
 
 void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, Sources const& sources,
@@ -142,9 +145,9 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, Sources con
   Curve const curve = merged.ReadCurve(IndexOf(info));
   report.Fact("datum", info.name + (", " + std::string(info.label)));
   report.Fact("state", std::string(Word(curve.present ? State::kStored : State::kMissing)));
-  report.Fact("from", Text(curve.source));
-  Table& table = report.Begin(
-      "sources", {{"source", ""}, {"equation", ""}, {"range", ""}, {"code", ""}, {"result", ""}});
+  Table table("sources",
+              {{"source", ""}, {"equation", ""}, {"range", ""}, {"code", ""}, {"result", ""}});
+  std::string from = curve.source;
   bool won = false;
   for (std::size_t i = 0; i < sources.Count(); ++i) {
     PureComponent part;
@@ -159,8 +162,11 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, Sources con
     }
     table.Add({sources.Name(i), std::int64_t{own.equation}, RangeText(own), Code(own.refCode),
                won ? "comes later" : "won"});
+    if (!won) from = sources.Name(i);
     won = true;
   }
+  report.Fact("from", Text(from));
+  report.Add(std::move(table));
 }
 
 Report Why(Options const& o) {
@@ -261,8 +267,9 @@ Report Coverage(Options const& o) {
     numbers.push_back(std::to_string(identity.number));
     if (o.details) AddDetails(word, component, details);
   }
-  report.Add(std::move(summary));
+  // As CSV the first table is printed.
   if (o.details) report.Add(std::move(details));
+  report.Add(std::move(summary));
   if (o.components.size() > 1) AddPairs(o, numbers, sources, report);
   return report;
 }
@@ -272,18 +279,18 @@ Report Coverage(Options const& o) {
 void AddSearchCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
   Command(app, "search", "Merge a component over libraries, then complete it",
-          "zel search ETHANOL -l own.lb1:MYDATA -l sample.lb1")
+          "zel search ETHANOL -l perry.lb1:PERRY -l crc.lb1")
       .Argument("COMPONENT", o->component, "by number, ID or CAS number")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
       .Run(Outputs::kJson, [o] { return Search(*o); });
   Command(app, "why", "Tell where one datum of a component comes from",
-          "zel why ETHANOL TC -l own.lb1 -l sample.lb1")
+          "zel why ETHANOL TC -l perry.lb1 -l crc.lb1")
       .Argument("COMPONENT", o->component, "by number, ID or CAS number")
       .Argument("DATUM", o->datum, "keyword of a constant or name of a correlation")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
       .Run(Outputs::kJson, [o] { return Why(*o); });
   Command(app, "coverage", "Tell what components have, and what is missing",
-          "zel coverage ETHANOL WATER BENZENE -l own.lb1 -l sample.lb1")
+          "zel coverage ETHANOL WATER BENZENE -l perry.lb1 -l sample.lb1")
       .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
       .Flag("--details", o->details, "every datum with its source")

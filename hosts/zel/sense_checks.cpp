@@ -10,8 +10,9 @@ namespace zelhost {
 namespace {
 
 constexpr std::int32_t kKelvin = 10;
-constexpr double kGas = 8.314462618;     // kJ/(kg-mol K), CODATA 2018, exact
-constexpr double kAtmosphere = 101.325;  // kPa
+constexpr std::uint32_t kCurvesWithCode = 17;  // the last one has no place for a code
+constexpr double kGas = 8.314462618;           // kJ/(kg-mol K), CODATA 2018, exact
+constexpr double kAtmosphere = 101.325;        // kPa
 
 // Constants by index.
 enum Constant : std::uint32_t {
@@ -64,6 +65,7 @@ class Checked {
   void Below(char const* lower, double a, char const* higher, double b, double tolerance) const;
   void Monotonic(std::uint32_t index, bool rises) const;
   void Positive(std::uint32_t index) const;
+  void SurfaceTensionAtCritical() const;
 
   PureComponent const& c_;
   std::string const& place_;
@@ -198,10 +200,22 @@ void Checked::Positive(std::uint32_t index) const {
   }
 }
 
+void Checked::SurfaceTensionAtCritical() const {
+  Curve const curve = c_.ReadCurve(kSurfaceTension);
+  if (!curve.present || !Has(curve.tMin) || !Has(Of(kTC))) return;
+  double const cold = At(kSurfaceTension, Convert(curve.tMin, curve.tempUnit, kKelvin));
+  double const critical = At(kSurfaceTension, Of(kTC));
+  constexpr double kNothing = 0.02;
+  if (Has(cold) && Has(critical) && std::abs(critical) > kNothing * std::abs(cold)) {
+    Tell("monotony", "SurfaceTension is " + Show(critical) + " at TC, expected 0");
+  }
+}
+
 void Checked::Curves() {
   Monotonic(kVaporPressure, true);
   Monotonic(kVaporViscosity, true);
   Monotonic(kSurfaceTension, false);
+  SurfaceTensionAtCritical();
   for (std::uint32_t const index : {kIdealGasCp, kLiquidCp, kSolidCp}) Positive(index);
 }
 
@@ -210,6 +224,12 @@ void Checked::Sources() {
   for (auto const& row : Constants()) {
     if (Has(c_.Constant(row.index)) && c_.ConstantCode(row.index) == 0) {
       without += std::string(without.empty() ? "" : " ") + row.keyword;
+    }
+  }
+  for (auto const& row : Correlations()) {
+    Curve const curve = c_.ReadCurve(IndexOf(row));
+    if (curve.present && curve.refCode == 0 && IndexOf(row) < kCurvesWithCode) {
+      without += std::string(without.empty() ? "" : " ") + row.name;
     }
   }
   if (!without.empty()) Tell("source", "no reference code: " + without);
@@ -228,9 +248,9 @@ std::vector<SenseKind> const& SenseKinds() {
       {"acentric", "ACENTRIC agrees with the vapor pressure at 0.7 TC within 0.02"},
       {"vapor-pressure", "101.325 kPa at NBP within 2 %, PC at TC within 5 %"},
       {"monotony",
-       "vapor pressure and vapor viscosity rise, surface tension falls, heat capacities "
-       "are positive"},
-      {"source", "each constant has a reference code"},
+       "vapor pressure and vapor viscosity rise, surface tension falls to 0, heat "
+       "capacities are positive"},
+      {"source", "each constant and correlation has a reference code"},
       {"pair-twice", "a pair stored in both orders has the same values in both"},
       {"group-use", "groups have interactions, and components have groups that are there"},
       {"magnitude", "a constant is the same in two libraries within a factor of 1.5"}};

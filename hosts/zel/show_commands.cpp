@@ -177,7 +177,7 @@ Report Find(Options const& o) {
                                              {"NBP", "K"},
                                              {"name", ""}});
   std::vector<BankName> banks = library.Banks(kPureType);
-  if (!o.bank.empty()) banks = {library.Bank(kPureType + (":" + UpperCase(o.bank)))};
+  if (!o.bank.empty()) banks = {library.ComponentBank(o.bank)};
   PureComponent component;
   for (BankName const& bank : banks) {
     std::int32_t words[10] = {};
@@ -204,16 +204,17 @@ Report Find(Options const& o) {
 
 void AddShowCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command(app, "show", "Show one item whole", "zel show sample.lb1 NRTL ETHANOL WATER")
+  Command(app, "show", "Show one item whole",
+          "zel show sample.lb1 NRTL ETHANOL WATER --names perry.lb1")
       .Argument("LIBRARY", o->path, "a library file")
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .Argument("ITEM", o->words, "its components, numbers or text")
       .Flag("--complete", o->complete, "of a pure component: derive what is missing")
       .Run(Outputs::kJson, [o] { return Show(*o); });
   Command(app, "find", "Find components by what is known of them",
-          "zel find sample.lb1 --name \"*butan*\" --nbp 250:320")
+          "zel find crc.lb1 --name \"*butan*\" --nbp 250:320")
       .Argument("LIBRARY", o->path, "a library file")
-      .Option("--bank", o->bank, "look in this bank only", "NAME")
+      .Option("--bank", o->bank, "look in this bank only", "BANK")
       .Option("--name", o->name, "\"*\" stands for any text, \"?\" for one character", "PATTERN")
       .Option("--id", o->id, "the same for the IDs", "PATTERN")
       .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")

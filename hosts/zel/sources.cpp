@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 
 #include "failure.h"
 
@@ -17,13 +18,12 @@ std::size_t Sources::LibraryAt(std::string const& path) {
 
 Sources::Sources(std::vector<std::string> const& words) : search_(zel::LibSearch::NewLibSearch()) {
   for (std::string const& word : words) {
-    std::size_t const colon = word.rfind(':');
-    bool const hasBank = colon != std::string::npos && word.find('/', colon) == std::string::npos;
+    std::size_t const colon =
+        word.find(':', word.rfind('/') == std::string::npos ? 0 : word.rfind('/'));
+    bool const hasBank = colon != std::string::npos && !std::filesystem::exists(word);
     std::size_t const library = LibraryAt(hasBank ? word.substr(0, colon) : word);
     if (hasBank) {
-      std::string const bank = UpperCase(word.substr(colon + 1));
-      // Named by its type too, so that a bank of pairs of the same name is not meant.
-      places_.push_back({library, libraries_[library].Bank(kPureType + (":" + bank)).name});
+      places_.push_back({library, libraries_[library].ComponentBank(word.substr(colon + 1)).name});
       continue;
     }
     for (BankName const& bank : libraries_[library].Banks(kPureType)) {
@@ -31,7 +31,9 @@ Sources::Sources(std::vector<std::string> const& words) : search_(zel::LibSearch
     }
   }
   if (places_.empty()) {
-    throw Failure(libraries_.front().Path() + ": has no bank of pure components");
+    std::string paths;
+    for (Library const& one : libraries_) paths += (paths.empty() ? "" : ", ") + one.Path();
+    throw Failure(paths + ": no bank of pure components");
   }
   std::vector<zel::LibFile*> files;
   std::vector<char> names(places_.size() * kNameSize);

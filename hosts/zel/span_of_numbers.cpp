@@ -34,7 +34,7 @@ double FromKelvin(double value, std::int32_t unit) {
 }  // namespace
 
 double ParseNumber(std::string const& word, std::string const& what) {
-  std::size_t const sign = !word.empty() && word[0] == '+' ? 1 : 0;
+  std::size_t const sign = word.size() > 1 && word[0] == '+' && word[1] != '-' ? 1 : 0;
   double value = 0.0;
   char const* const last = word.data() + word.size();
   auto const [end, error] = std::from_chars(word.data() + sign, last, value);
@@ -62,6 +62,8 @@ std::optional<Span> ParseSpan(std::string const& word, std::string const& what) 
 }
 
 double Temperature::In(std::int32_t code) const {
+  double const kelvin = ToKelvin(value, unit.value_or(code));
+  if (kelvin < 0.0) throw WrongUsage("a temperature is below absolute zero");
   return unit ? Convert(value, *unit, code) : value;
 }
 
