@@ -77,10 +77,12 @@ ExportTarget TargetOf(Options const& o) {
   RefuseLibraryPath(o.output);
   fs::path target = fs::absolute(o.output);
   if (fs::is_directory(target) || !target.has_filename()) return {target, ""};
-  if (!target.has_extension()) target += ".xml";
-  if (fs::exists(target) && !fs::is_regular_file(target)) {
-    throw Failure(target.string() + ": is no file that a document can replace");
+  for (fs::path const& path : {target, fs::path(target.string() + ".xml")}) {
+    if (fs::exists(path) && !fs::is_regular_file(path)) {
+      throw Failure(path.string() + ": cannot be written: it is no file");
+    }
   }
+  if (!target.has_extension()) target += ".xml";
   return {target.parent_path(), target.filename().string()};
 }
 

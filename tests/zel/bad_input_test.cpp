@@ -164,9 +164,29 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"list /dev/full --build perry.lb1", kFailed, "/dev/full: cannot be written"},
       {"banks sample.lb1 >/dev/full", kFailed, "standard output cannot be written"},
       {"--help >/dev/full", kFailed, "standard output cannot be written"},
+      {"plot VaporP ETHANOL -l perry.lb1 -o CRC.LB2", kFailed, "is the name of a library's file"},
+      {"export perry.lb1 -o /dev/full", kFailed, "/dev/full"},
+      // what contradicts itself
+      {"create long.lb1 --library-version 1234567890123", kFailed, "13 characters; 12 can be kept"},
+      {"set perry.lb1 --password x --description y", kFailed, "has no password"},
+      {"import new.lb1 no.xml --create --bank TOOLONGNAME", kFailed, "1 to 8 characters"},
+      {"import sample.lb1 folder.lb1", kFailed, "folder.lb1: is no file"},
+      {"copy perry.lb1 ./perry.lb1", kFailed, "FROM and TO are one library"},
+      {"search ETHANOL -l sample.lb1 -l locked.lb1", kFailed,
+       "sample.lb1, locked.lb1: no bank of pure components"},
+      {"eval ETHANOL VaporP -l perry.lb1 --at -1K", kWrongUsage, "below absolute zero"},
+      {"eval ETHANOL VaporP -l perry.lb1 --at +-5", kWrongUsage, "is not a temperature"},
+      {"eval ETHANOL VaporP -l perry.lb1 --json --csv", kWrongUsage, "see zel eval --help"},
+      {"list notes.txt --range 1:2", kWrongUsage, "--range needs --sort nbp or mw"},
+      {"list notes.txt --sort mw --filter x", kWrongUsage, "--filter needs --sort"},
+      {"list notes.txt --bank PERRY", kWrongUsage, "--bank needs --build"},
+      {"memo sample.lb1 --set x --clear", kWrongUsage, "exclude each other"},
+      {"check perry.lb1 --silence sauce", kWrongUsage, "there is no warning sauce"},
+      {"check perry.lb1 --silence tree-order", kWrongUsage, "there is no warning tree-order"},
+      {"info ''", kFailed, ""},
       // the command line
       {"", kWrongUsage, "see zel --help"},
-      {"nonsense", kWrongUsage, "see zel --help"},
+      {"nonsense", kWrongUsage, "nonsense is no command; see zel --help"},
       {"info", kWrongUsage, "LIBRARY is required"},
       {"info sample.lb1 --nonsense", kWrongUsage, "--nonsense"},
       {"set sample.lb1", kWrongUsage, "nothing to set"},
@@ -224,6 +244,23 @@ TEST_F(BadInputTest, ClosedPipeEndsQuietly) {
       Shell("\"$ZEL\" import piped.lb1 '" ZEL_DATA "/sample.xml' --create | true");
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(Json("check piped.lb1")["damage"], 0);
+}
+
+// What was there stays when its successor cannot be written whole. A limit on the size of files
+// stands for a full disk; the program needs some for its table of units.
+TEST_F(BadInputTest, DocumentThatCannotBeWrittenWhole) {
+  std::filesystem::create_directory(Folder() / "doc");
+  Good("export crc.lb1 -o doc/crc.xml");
+  Good("plot VaporP WATER -l crc.lb1 -l perry.lb1 -o doc/crc.svg");
+  Contents const before = ContentsOf(Folder() / "doc");
+  ASSERT_EQ(before.size(), 3U);
+  for (char const* line : {"ulimit -f 200; \"$ZEL\" export crc.lb1 -o doc/crc.xml",
+                           "ulimit -f 4; \"$ZEL\" plot VaporP WATER -l perry.lb1 -o doc/crc.svg"}) {
+    Outcome const outcome = Shell("trap '' XFSZ; " + std::string(line));
+    EXPECT_EQ(outcome.status, kFailed) << line;
+    EXPECT_NE(outcome.err.find("cannot be written"), std::string::npos) << line << outcome.err;
+    EXPECT_TRUE(ContentsOf(Folder() / "doc") == before) << line;
+  }
 }
 
 TEST_F(BadInputTest, NameIndexThatIsTheLibraryToChange) {

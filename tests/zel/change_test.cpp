@@ -128,6 +128,33 @@ TEST_F(ChangeTest, WhatIsLeftOfAKilledCommandGoesWithTheNext) {
   EXPECT_EQ(Now().size(), 2U);
 }
 
+TEST_F(ChangeTest, ReadersRemoveWhatIsLeftToo) {
+  fs::create_directory(Folder() / "own/.own.zel-new");
+  MakeFile("own/.own.zel-new/own.lb1", "half");
+  Good("info own/own.lb1");
+  EXPECT_TRUE(Now() == old_);
+}
+
+// One of two that make a library at once has made it, the other one says so.
+TEST_F(ChangeTest, TwoThatMakeOneLibrary) {
+  for (int round = 0; round < 10; ++round) {
+    Outcome const outcome = Shell(
+        "rm -f two.lb1 two.lb2; "
+        "\"$ZEL\" copy perry.lb1 two.lb1 --create >one.out 2>&1 & first=$!; "
+        "\"$ZEL\" copy crc.lb1 two.lb1 --create >two.out 2>&1; second=$?; "
+        "wait $first; echo $? $second");
+    std::string const banks = Good("banks two.lb1 --csv");
+    bool const hasPerry = banks.find("PERRY") != std::string::npos;
+    bool const hasCrc = banks.find("CRC") != std::string::npos;
+    // The second one may have come when the first was done, and added its bank.
+    EXPECT_TRUE((outcome.out == "0 1\n" && hasPerry && !hasCrc) ||
+                (outcome.out == "1 0\n" && hasCrc && !hasPerry) ||
+                (outcome.out == "0 0\n" && hasCrc && hasPerry))
+        << outcome.out << banks;
+    EXPECT_EQ(Json("check two.lb1 --structure")["damage"], 0);
+  }
+}
+
 TEST_F(ChangeTest, FolderAtWorkIsLeftAlone) {
   fs::create_directory(Folder() / "own/.new.zel-new");
   std::string const lock = (Folder() / "own/.new.zel-new/lock").string();

@@ -150,6 +150,30 @@ TEST_F(CommandsTest, ShowAComponentByAnyOfItsNames) {
             byId);
 }
 
+TEST_F(CommandsTest, ShowAnItemNamedByText) {
+  MakeFile("map.xml",
+           "<bank type=\"MAPORW\" name=\"MAP\"><item><characterkey>Abc def</characterkey>"
+           "<libnum>10000007</libnum></item></bank>");
+  Good("import map.lb1 map.xml --create");
+  EXPECT_EQ(Json("items map.lb1 MAPORW")["items"][0]["item"], "Abc def");
+  EXPECT_EQ(Json("show map.lb1 MAPORW 'Abc def'")["item"], "Abc def");
+  Good("delete map.lb1 MAPORW 'Abc def'");
+  EXPECT_TRUE(Json("items map.lb1 MAPORW")["items"].empty());
+}
+
+// 62.4 lb/ft3 is another density per mole than per mass.
+TEST_F(CommandsTest, ShowTellsTheBasis) {
+  json const curves = Json("show perry.lb1 PERRY ETHANOL")["correlations"];
+  EXPECT_EQ(Row(curves, "name", "LatentHeat")["per"], "mole");
+  EXPECT_TRUE(Row(curves, "name", "VaporPressure")["per"].is_null());
+}
+
+TEST_F(CommandsTest, TextOfALibraryDoesNotMoveTheCursor) {
+  Good("memo sample.lb1 --set $(printf 'a\\033[31mred')");
+  EXPECT_EQ(Good("memo sample.lb1"), "memo  a?[31mred\n");
+  EXPECT_EQ(Json("memo sample.lb1")["memo"], "a\033[31mred");
+}
+
 TEST_F(CommandsTest, ShowCompletes) {
   json const stored = Json("show perry.lb1 PERRY ETHANOL");
   json const whole = Json("show perry.lb1 PERRY ETHANOL --complete");
@@ -400,6 +424,24 @@ TEST_F(CommandsTest, CheckOfSoundLibraries) {
       "source temperatures acentric cas cas-shared monotony group-use");
   EXPECT_EQ(silent["warnings"], 0) << silent;
   EXPECT_EQ(Json("check crc.lb1 --structure")["warnings"], 0);
+}
+
+TEST_F(CommandsTest, DiffSeesHeadersAndCodes) {
+  Good("copy crc.lb1 own.lb1 --create");
+  Good("set own.lb1 --description other --library-version 1");
+  Good("memo own.lb1 --bank CRC --set note");
+  json const rows = Json("diff crc.lb1 own.lb1")["differences"];
+  EXPECT_EQ(rows.size(), 2U);
+  EXPECT_EQ(Row(rows, "field", "description")["second"], "other");
+  EXPECT_EQ(Row(rows, "field", "memo")["item"], "PURECOMP:CRC");
+  Good("export crc.lb1 --component ETHANOL -o e.xml");
+  Outcome const changed = Shell(
+      "sed 's|refCode=\"[0-9]*\"|refCode=\"999\"|' e.xml > f.xml && "
+      "\"$ZEL\" import e.lb1 e.xml --bank B --create >/dev/null && "
+      "\"$ZEL\" import f.lb1 f.xml --bank B --create >/dev/null && "
+      "\"$ZEL\" diff e.lb1 f.lb1 --csv");
+  ASSERT_EQ(changed.status, 0) << changed.err;
+  EXPECT_NE(changed.out.find("VaporPressure code,"), std::string::npos) << changed.out;
 }
 
 TEST_F(CommandsTest, CheckTellsDamageByItsExitStatus) {
