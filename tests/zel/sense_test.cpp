@@ -1,0 +1,185 @@
+// The sense checks: a component that makes sense gives no warning, each one that does not gives its
+// own and no other.
+#include <algorithm>
+#include <cstring>
+#include <set>
+
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+using nlohmann::json;
+
+// Water with constants and curves that agree, as its element of a document; parts are replaced.
+constexpr char kGood[] = R"(
+  <comp>
+    <id number="7" name="Water" formula="H2O" casNum="7732-18-5" refCode="1"> WATER </id>
+    <property name="MW" value="18.015" refCode="1" />
+    <property name="TC" value="647.096" refCode="1" />
+    <property name="PC" value="22064" refCode="1" />
+    <property name="VC" value="0.0559" refCode="1" />
+    <property name="ZC" value="0.2294" refCode="1" />
+    <property name="ACENTRIC" value="0.344" refCode="1" />
+    <property name="NMP" value="273.15" refCode="1" />
+    <property name="TTP" value="273.16" refCode="1" />
+    <property name="NBP" value="373.15" refCode="1" />
+    <correlation name="VaporPressure" equation="20" tempUnit="k" propUnit="kpa" tMin="273.16"
+      tMax="647.096" refCode="1"> 66.74124 -7258.2 -7.3037 4.1653e-06 2 </correlation>
+    <correlation name="SurfaceTension" equation="1" tempUnit="k" propUnit="n/m" tMin="273.16"
+      tMax="647.096" refCode="1"> 0.1294192 -0.0002 </correlation>
+    <correlation name="LiquidCp" equation="1" tempUnit="k" propUnit="kj/kg-k" moleWtBasis="m"
+      tMin="273.16" tMax="533.15" refCode="1"> 75 0.01 </correlation>
+  </comp>)";
+
+class SenseTest : public ZelTest {
+ protected:
+  static std::string With(std::string text, std::string const& old,
+                          std::string const& replacement) {
+    std::size_t const at = text.find(old);
+    EXPECT_NE(at, std::string::npos) << old;
+    return text.replace(at, old.size(), replacement);
+  }
+  // IDs of the warnings about a library of these components.
+  std::multiset<std::string> Warnings(std::string const& components) {
+    MakeFile("bank.xml", "<bank type=\"PURECOMP\" name=\"TEST\">" + components + "</bank>");
+    Good("create own.lb1 --force");
+    Good("import own.lb1 bank.xml");
+    return WarningsOf("own.lb1");
+  }
+  std::multiset<std::string> WarningsOf(std::string const& words) {
+    report_ = Json("check " + words);
+    EXPECT_EQ(report_["damage"], 0);
+    std::multiset<std::string> ids;
+    for (json const& row : report_["findings"]) ids.insert(row["id"]);
+    return ids;
+  }
+  std::string What() const { return report_["findings"][0]["what"]; }
+
+  json report_;
+};
+
+using Ids = std::multiset<std::string>;
+
+TEST_F(SenseTest, WhatMakesSenseIsNotWarnedOf) { EXPECT_EQ(Warnings(kGood), Ids{}) << report_; }
+
+TEST_F(SenseTest, EachDefectHasItsWarning) {
+  struct Row {
+    char const* old;
+    char const* replacement;
+    char const* id;
+    char const* text;
+  };
+  Row const rows[] = {
+      {"casNum=\"7732-18-5\"", "", "cas", "no CAS number"},
+      {"value=\"18.015\"", "value=\"18.03\"", "formula-weight", "the formula H2O gives 18.015"},
+      {"value=\"273.15\"", "value=\"275\"", "temperatures", "NMP 275 is above TTP 273.16"},
+      {"value=\"373.15\"", "value=\"700\"", "temperatures", "NBP 700 is above TC 647.096"},
+      {"tMax=\"533.15\"", "tMax=\"200\"", "temperatures", "LiquidCp goes from 273.16 to 200 K"},
+      {"value=\"0.2294\"", "value=\"0.26\"", "critical", "ZC is 0.26"},
+      {"value=\"0.344\"", "value=\"0.4\"", "acentric", "ACENTRIC is 0.4"},
+      {"value=\"373.15\"", "value=\"380\"", "vapor-pressure", "at NBP 380 K"},
+      {"0.1294192 -0.0002", "0.01 0.0001", "monotony", "SurfaceTension rises"},
+      {"0.1294192 -0.0002", "0.2 -0.0002", "monotony", "at TC, expected 0"},
+      {"> 75 0.01 <", "> -75 0.01 <", "monotony", "LiquidCp is -72"},
+      {"value=\"0.344\" refCode=\"1\"", "value=\"0.344\"", "source", "ACENTRIC"},
+      {"tMax=\"533.15\" refCode=\"1\"", "tMax=\"533.15\"", "source", "LiquidCp"}};
+  for (Row const& row : rows) {
+    Ids const ids = Warnings(With(kGood, row.old, row.replacement));
+    EXPECT_GE(ids.count(row.id), 1U) << row.replacement << "\n" << report_;
+    // A rising curve is not 0 at its end either; everything else has one meaning.
+    EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), 1U) << report_;
+    EXPECT_NE(report_.dump().find(row.text), std::string::npos) << row.text << "\n" << report_;
+    EXPECT_NE(What().find("own.lb1: TEST WATER: "), std::string::npos) << What();
+  }
+}
+
+TEST_F(SenseTest, EndOfALiquidCurveAboveTheCriticalPoint) {
+  Ids const ids =
+      Warnings(With(kGood, "tMax=\"647.096\" refCode=\"1\"> 66", "tMax=\"660\" refCode=\"1\"> 66"));
+  EXPECT_EQ(ids, Ids{"temperatures"}) << report_;
+}
+
+TEST_F(SenseTest, SharedAndRepeated) {
+  std::string other = With(kGood, "number=\"7\"", "number=\"8\"");
+  other = With(other, "> WATER <", "> HEAVY <");
+  Ids ids = Warnings(kGood + other);
+  EXPECT_EQ(ids.count("cas-shared"), 1U) << report_;
+  EXPECT_EQ(ids.count("repeated"), 4U) << "three curves, and TC with PC";
+  EXPECT_EQ(ids.size(), 5U) << report_;
+  EXPECT_EQ(report_.dump().find("another formula"), std::string::npos);
+  other = With(other, "formula=\"H2O\"", "formula=\"D2O\"");
+  ids = Warnings(kGood + other);
+  EXPECT_EQ(ids.count("cas-shared"), 1U);
+  EXPECT_NE(report_.dump().find("another formula, D2O instead of H2O"), std::string::npos);
+}
+
+TEST_F(SenseTest, MagnitudeAcrossLibraries) {
+  Warnings(kGood);
+  Good("copy own.lb1 other.lb1 --create");
+  EXPECT_EQ(WarningsOf("own.lb1 other.lb1"), Ids{});
+  Warnings(With(kGood, "name=\"ACENTRIC\" value=\"0.344\"", "name=\"DIPOLE\" value=\"1.8\""));
+  Good("copy own.lb1 one.lb1 --create");
+  Warnings(With(kGood, "name=\"ACENTRIC\" value=\"0.344\"", "name=\"DIPOLE\" value=\"6.2\""));
+  EXPECT_EQ(WarningsOf("one.lb1 own.lb1"), Ids{"magnitude"}) << report_;
+  EXPECT_NE(What().find("DIPOLE is 6.2, where one.lb1 has 1.8"), std::string::npos) << What();
+}
+
+TEST_F(SenseTest, GroupsThatAreNotThere) {
+  MakeFile("groups.xml",
+           "<bank type=\"UNFORIG\" name=\"G\">"
+           "<item><structure> S </structure><context> orig-public </context></item>"
+           "<item><numerickey>1</numerickey><mainGroup>1</mainGroup></item>"
+           "<item><numerickey>2</numerickey><mainGroup>2</mainGroup></item>"
+           "<item><numerickey>9</numerickey><mainGroup>9</mainGroup></item>"
+           "<item><numerickey>1 2</numerickey><vlij>10</vlij></item></bank>");
+  MakeFile("structures.xml",
+           "<bank type=\"STRUCT\" name=\"S\">"
+           "<item><keys>10000007</keys><count>2</count><groupNumber>1 2</groupNumber>"
+           "<groupCount>1 1</groupCount></item>"
+           "<item><keys>10000008</keys><count>2</count><groupNumber>1 5</groupNumber>"
+           "<groupCount>1 1</groupCount></item></bank>");
+  Good("import own.lb1 groups.xml structures.xml --create");
+  EXPECT_EQ(WarningsOf("own.lb1"), (Ids{"group-use", "group-use"})) << report_;
+  std::string const all = report_.dump();
+  EXPECT_NE(all.find("UNFORIG:G group 9: its main group 9 has no interaction"), std::string::npos)
+      << all;
+  EXPECT_NE(all.find("STRUCT:S 10000008: has groups that UNFORIG:G does not hold: 5"),
+            std::string::npos)
+      << all;
+}
+
+// Such a library comes from another writer: keys of the one pair are turned round in its file.
+TEST_F(SenseTest, PairInBothOrders) {
+  MakeFile("pairs.xml",
+           "<bank type=\"VANLAAR\" name=\"V\">"
+           "<item><keys>10000007 10000008</keys><aij>1</aij><aji>2</aji></item>"
+           "<item><keys>10000008 10000009</keys><aij>1</aij><aji>3</aji></item></bank>");
+  Good("import own.lb1 pairs.xml --create");
+  EXPECT_EQ(WarningsOf("own.lb1"), Ids{});
+  std::string bytes = FileText(Folder() / "own.lb2");
+  auto const words = [](std::int32_t a, std::int32_t b) {
+    std::int32_t const pair[] = {a, b};
+    std::string text(sizeof pair, '\0');
+    std::memcpy(text.data(), pair, sizeof pair);
+    return text;
+  };
+  std::size_t const at = bytes.find(words(10000008, 10000009));
+  ASSERT_NE(at, std::string::npos);
+  MakeFile("own.lb2", bytes.replace(at, 8, words(10000008, 10000007)));
+  EXPECT_EQ(WarningsOf("own.lb1"), (Ids{"pair-twice", "pair-twice"})) << report_;
+  EXPECT_NE(report_.dump().find("aij is 1 in one and 3 in the other"), std::string::npos)
+      << report_;
+}
+
+TEST_F(SenseTest, SilenceIsOfOneKind) {
+  std::string const two =
+      With(With(kGood, "value=\"18.015\"", "value=\"19\""), "value=\"0.344\"", "value=\"0.4\"");
+  EXPECT_EQ(Warnings(two), (Ids{"acentric", "formula-weight"}));
+  EXPECT_EQ(WarningsOf("own.lb1 --silence acentric"), Ids{"formula-weight"});
+  EXPECT_EQ(WarningsOf("own.lb1 --silence acentric formula-weight"), Ids{});
+  EXPECT_EQ(WarningsOf("own.lb1 --structure"), Ids{});
+}
+
+}  // namespace
+}  // namespace zel::test
