@@ -32,6 +32,8 @@ void CompareFillIns(RatioTable& table);
 void CompareImports(RatioTable& table, std::filesystem::path const& folder);
 // A bank of pairs written as a document.
 void CompareExports(RatioTable& table, std::filesystem::path const& folder);
+// The command-line host started, and asked for one component.
+void CompareHost(RatioTable& table, std::filesystem::path const& folder);
 // A pick list built and read.
 void CompareLists(RatioTable& table, std::filesystem::path const& folder);
 

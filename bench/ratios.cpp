@@ -17,7 +17,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: bench_ratios "
-    "[--only=reads|loads|deletes|opens|trims|components|fillins|imports|exports|lists]\n"
+    "[--only=reads|loads|deletes|opens|trims|components|fillins|imports|exports|lists|host]\n"
     "                    [--items=N] [--rounds=N] [--folder=DIR] [--markdown]\n"
     "  --only      one group of comparisons instead of all\n"
     "  --items     this number of items instead of 10000, 100000 and 1000000\n"
@@ -85,6 +85,7 @@ int Run(Options const& options) {
   if (wanted("imports")) CompareImports(table, folder.Path());
   if (wanted("exports")) CompareExports(table, folder.Path());
   if (wanted("lists")) CompareLists(table, folder.Path());
+  if (wanted("host")) CompareHost(table, folder.Path());
   std::printf("\nTargets missed: %d\n", table.Missed());
   return 0;
 }

@@ -2,7 +2,7 @@
 # package offers.
 #   cmake -D BUILD_DIR=<build> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D READELF=<readelf>
 #         -D GENERATOR=<build tool> -D VERSION=<version> -D SOVERSION=<number in the soname>
-#         -P check_package.cmake
+#         -D ZEL=<ON when zel is built> -P check_package.cmake
 cmake_minimum_required(VERSION 3.20)
 
 function(run)
@@ -15,6 +15,16 @@ endfunction()
 set(work ${BUILD_DIR}/package_test)
 file(REMOVE_RECURSE ${work})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${work}/prefix)
+
+# The command-line host, its manual page and its completion.
+if(ZEL)
+  run(${work}/prefix/bin/zel --version)
+  foreach(file share/man/man1/zel.1 share/bash-completion/completions/zel)
+    if(NOT EXISTS ${work}/prefix/${file})
+      message(FATAL_ERROR "no ${file} is installed")
+    endif()
+  endforeach()
+endif()
 
 run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${work}/host
     -D CMAKE_PREFIX_PATH=${work}/prefix -D CMAKE_CXX_COMPILER=${COMPILER})

@@ -250,6 +250,7 @@ TEST_F(CommandsTest, PlotDrawsCurvesWithTheirUnits) {
   for (char const* part : {"kPa", "Ethanol", "Water", "stroke-dasharray"}) {
     EXPECT_NE(svg.find(part), std::string::npos) << part;
   }
+  EXPECT_NE(svg.find(">100</text>"), std::string::npos) << "round values on the axis";
   EXPECT_EQ(svg.find("nan"), std::string::npos);
   EXPECT_EQ(svg.find("inf"), std::string::npos);
   Outcome const lint = Shell("command -v xmllint >/dev/null || exit 0; xmllint --noout vp.svg");
@@ -344,6 +345,19 @@ TEST_F(CommandsTest, ListIsBuiltAndQueried) {
   EXPECT_GT(before, 0.0);
   json const falling = Json("list pick.lst --sort nbp --range 300:310 --descending")["components"];
   EXPECT_EQ(falling[0]["nbp"], before);
+}
+
+// By the main word of a name.
+TEST_F(CommandsTest, ListSortsButaneUnderBAndPineneUnderP) {
+  Good("import own.lb1 '" ZEL_EXAMPLES "/own.xml' --create");
+  for (char const* id : {"BENZENE", "PROPANE", "WATER"}) {
+    Good("copy perry.lb1 own.lb1 --bank PERRY --item " + std::string(id));
+  }
+  json const list = Json("list own.lst --build own.lb1");
+  std::vector<std::string> names;
+  for (json const& row : list["components"]) names.push_back(row["name"]);
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"Benzene", "n-Butane", "alpha-Pinene", "Propane", "Water"}));
 }
 
 TEST_F(CommandsTest, CopyOfBanksAndItems) {
