@@ -60,8 +60,9 @@ void RemoveFolder(fs::path const& folder) {
   for (auto const& entry : fs::directory_iterator(folder)) {
     if (entry.path().filename() != kLockName) fs::remove_all(entry.path());
   }
-  fs::remove(folder / kLockName);
-  fs::remove(folder);
+  std::error_code ignored;  // another finisher may have come in between
+  fs::remove(folder / kLockName, ignored);
+  fs::remove(folder, ignored);
 }
 
 // Every step may have been done by one that was cut off.
@@ -110,6 +111,15 @@ void RemoveLeftOver(fs::path const& folder) {
   }
 }
 
+void CheckPassword(Library const& library, std::string const& password) {
+  std::int32_t level = 0;
+  char none[101] = {};
+  library.File().GetPassword(level, none);
+  if (level == 0 && !password.empty()) {
+    throw Failure(library.Path() + ": has no password; leave --password out");
+  }
+}
+
 }  // namespace
 
 void AddChangeOptions(Command& command, ChangeOptions& options) {
@@ -145,19 +155,6 @@ void WorkFolder::PutInPlace() {
     MoveIntoPlace(library_);
   });
 }
-
-namespace {
-
-void CheckPassword(Library const& library, std::string const& password) {
-  std::int32_t level = 0;
-  char none[101] = {};
-  library.File().GetPassword(level, none);
-  if (level == 0 && !password.empty()) {
-    throw Failure(library.Path() + ": has no password; leave --password out");
-  }
-}
-
-}  // namespace
 
 LibraryChange::LibraryChange(std::string const& path, ChangeOptions const& options) {
   FinishChange(path);
@@ -213,16 +210,20 @@ void FinishChange(std::string const& path) {
   std::error_code none;
   // Resolved as far as it goes: the first file may be away.
   fs::path const whole = fs::weakly_canonical(fs::absolute(path), none);
-  fs::path const ready = ReadyFolder(whole);
   if (none) return;
+  fs::path const ready = ReadyFolder(whole);
   RemoveLeftOver(NewFolder(whole));
   if (!fs::is_directory(ready, none)) return;
-  OrFail(path, "a change that was cut off cannot be finished", [&] {
-    // Without a lock it is nearly removed, or came from a copy that left empty files out.
-    if (!fs::exists(ready / kLockName) && !MakeEmptyFile(ready / kLockName)) return;
+  // Without a lock it is nearly removed, or came from a copy that left empty files out.
+  if (!fs::exists(ready / kLockName, none) && !MakeEmptyFile(ready / kLockName)) return;
+  try {
     FileLock const lock = FileLock::Take((ready / kLockName).string(), path);
-    MoveIntoPlace(whole.string());
-  });
+    OrFail(path, "a change that was cut off cannot be finished",
+           [&] { MoveIntoPlace(whole.string()); });
+  } catch (Failure const&) {
+    if (fs::is_directory(ready, none)) throw;
+    // Another program has just finished it.
+  }
 }
 
 }  // namespace zelhost

@@ -202,6 +202,12 @@ TEST_F(FinishTest, NothingMovedYet) {
   Finished(new_);
 }
 
+// As a copy of the folder may be that left empty files out.
+TEST_F(FinishTest, LockLost) {
+  for (auto const& [name, bytes] : new_) Ready(name, bytes);
+  Finished(new_);
+}
+
 TEST_F(FinishTest, FirstFileAway) {
   Ready("lock");
   for (auto const& [name, bytes] : new_) Ready(name, bytes);
