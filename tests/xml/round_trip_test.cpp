@@ -16,6 +16,7 @@ class RoundTripTest : public test::ExportTest {
   // Exports a library and reads the documents into a new one in memory.
   void ReadBack(LibMaint_i& from, char const* path) {
     ASSERT_TRUE(from.ExportLibrary((Out() + "doc.xml").c_str()));
+    copyMaint_.reset();  // before its library
     copy_ = std::make_unique<LibFile_i>(files_, accUpdate, path, "copy");
     ASSERT_EQ(copy_->CreateNew(libKind11), openOk);
     copyMaint_ = std::make_unique<LibMaint_i>(copy_.get());
