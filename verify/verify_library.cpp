@@ -78,6 +78,8 @@ class Verification {
   TreeCheck trees_;
   std::vector<StoredBank> banks_;
   std::set<std::int32_t> components_;
+  std::set<std::pair<std::int32_t, std::int32_t>> casOfComponents_;  // number, CAS number
+  std::vector<std::pair<std::int32_t, std::int32_t>> casEntries_;    // CAS number, number
   bool allComponentsMet_ = true;
 };
 
@@ -146,11 +148,12 @@ void Verification::OwnTrees() {
     std::copy_n(entry + f::kBankKeyWords, bank.entry.size(), bank.entry.begin());
     banks_.push_back(bank);
   });
-  auto const nothing = [](std::int32_t const*) {};
+  auto const nothing = [](std::int32_t const*) {};  // IDs are looked at with the components
   claims_.SetOwner("the tree of component IDs");
   trees_.Run(heads.data() + f::kHeadWords, {f::kIdKeyWords, 1}, nothing);
   claims_.SetOwner("the tree of CAS numbers");
-  trees_.Run(heads.data() + 2 * f::kHeadWords, {f::kCasKeyWords, 1}, nothing);
+  trees_.Run(heads.data() + 2 * f::kHeadWords, {f::kCasKeyWords, 1},
+             [&](std::int32_t const* entry) { casEntries_.emplace_back(entry[0], entry[1]); });
 }
 
 void Verification::Bank(StoredBank& bank) {
@@ -274,11 +277,18 @@ void Verification::Component(StoredBank const& bank, std::int32_t key, IZelPureC
   }
   for (char const* id : ids) {
     std::int32_t const* data = nullptr;
-    if (id[0] == '\0' || library_.FindIdNumbers(id, data)) continue;
-    findings_.Warning("identifier-missing", place,
-                      std::string("its ID ") + id + " is not in the tree of component IDs");
+    if (id[0] == '\0') continue;
+    if (!library_.FindIdNumbers(id, data)) {
+      findings_.Warning("identifier-missing", place,
+                        std::string("its ID ") + id + " is not in the tree of component IDs");
+    } else if (data[0] != key) {
+      findings_.Damage("identifier-wrong", place,
+                       std::string("its ID ") + id + " stands for component " +
+                           std::to_string(data[0]) + " in the tree of component IDs");
+    }
   }
   casn const registry(cas);
+  casOfComponents_.emplace(key, static_cast<std::int32_t>(static_cast<long>(registry)));
   std::int32_t const* data = nullptr;
   if (static_cast<long>(registry) != 0 && !library_.FindCasNumbers(registry, data)) {
     findings_.Warning("identifier-missing", place,
@@ -301,6 +311,20 @@ void Verification::Identifiers() {
     }
   } catch (unsigned long) {
     // The tree was found damaged above.
+  }
+  // A CAS number can be that of several components, of which the tree has one, and stays in the
+  // tree when its component gets another.
+  for (auto const& [cas, component] : casEntries_) {
+    std::string const text = static_cast<char const*>(casn(cas));
+    if (components_.count(component) == 0) {
+      findings_.Warning("identifier-stale", "the tree of CAS numbers",
+                        text + " stands for component " + std::to_string(component) +
+                            ", of which the library has no constants");
+    } else if (casOfComponents_.count({component, cas}) == 0) {
+      findings_.Warning(
+          "identifier-stale", "the tree of CAS numbers",
+          text + " stands for component " + std::to_string(component) + ", which has another one");
+    }
   }
 }
 

@@ -138,7 +138,8 @@ class GroupUse {
 }  // namespace
 
 void CheckPairSense(Library const& library, BankName const& bank, TellSense const& tell) {
-  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  zel::Handle<zel::IZelBankDef> const item(zel::NewBank(bank.type.c_str()));
+  if (!item) return;  // of a type that this program does not know
   BankFacts const facts(*item);
   BankIO const io = IOOf(*item);
   if (facts.keyKind != 0 || facts.keyWords != 2 || !io || PairRule(*io) == kTwoItems) return;
@@ -172,8 +173,8 @@ void CheckPairSense(Library const& library, BankName const& bank, TellSense cons
 }
 
 void CheckGroupSense(Library const& library, BankName const& bank, TellSense const& tell) {
-  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-  if (!HasField(*item, "structure") || !HasField(*item, "mainGroup")) return;
+  zel::Handle<zel::IZelBankDef> const item(zel::NewBank(bank.type.c_str()));
+  if (!item || !HasField(*item, "structure") || !HasField(*item, "mainGroup")) return;
   GroupTable const table = ReadGroups(library, bank, *item);
   for (auto const& [group, main] : table.mains) {
     if (table.inPairs.count(main) != 0) continue;

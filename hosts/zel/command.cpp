@@ -12,6 +12,7 @@ namespace zelhost {
 namespace {
 
 int exitStatus = 0;
+Form outputForm = Form::kText;
 
 }  // namespace
 
@@ -22,22 +23,20 @@ Command::Command(CLI::App& app, std::string const& name, std::string const& purp
 }
 
 void Command::Run(Outputs outputs, std::function<Report()> work) {
-  auto const form = std::make_shared<Form>(Form::kText);
-  if (outputs != Outputs::kText) {
-    sub_->add_flag_callback(
-        "--json", [form] { *form = Form::kJson; }, "print JSON");
-  }
+  sub_->add_flag_callback(
+      "--json", [] { outputForm = Form::kJson; }, "print JSON");
   if (outputs == Outputs::kJsonAndCsv) {
     sub_->add_flag_callback(
-            "--csv", [form] { *form = Form::kCsv; }, "print comma-separated values")
+            "--csv", [] { outputForm = Form::kCsv; }, "print comma-separated values")
         ->excludes("--json");
   }
-  sub_->callback([form, work = std::move(work)] {
+  sub_->callback([work = std::move(work)] {
     OpenNames();
-    Write(Print(work(), *form));
+    Write(Print(work(), outputForm));
   });
 }
 
+Form OutputForm() { return outputForm; }
 void SetExitStatus(int status) { exitStatus = status; }
 int ExitStatus() { return exitStatus; }
 

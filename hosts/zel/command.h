@@ -11,7 +11,7 @@
 namespace zelhost {
 
 // The options of output that a command takes.
-enum class Outputs { kText, kJson, kJsonAndCsv };
+enum class Outputs { kJson, kJsonAndCsv };
 
 // One command while it is described. `run` is called after the whole line was read.
 //
@@ -70,6 +70,9 @@ void AddDocumentCommands(CLI::App& app);  // import, export, dump
 void AddListCommand(CLI::App& app);       // list
 void AddItemCommands(CLI::App& app);      // copy, delete
 void AddCompareCommands(CLI::App& app);   // diff, check
+
+// The form that was asked for.
+Form OutputForm();
 
 // Sets the exit status of a command that did its work and found something wrong.
 void SetExitStatus(int status);

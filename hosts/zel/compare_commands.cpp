@@ -171,7 +171,12 @@ Report Diff(Options const& o) {
   }
   for (BankName const& bank : a) {
     if (has(b, bank)) {
-      difference.Bank(bank);
+      if (zel::Handle<zel::IZelBankDef>(zel::NewBank(bank.type.c_str()))) {
+        difference.Bank(bank);
+      } else {
+        std::fprintf(stderr, "zel: bank %s is of an unknown type and was not compared\n",
+                     ToText(bank).c_str());
+      }
     } else {
       difference.OnlyIn(one, ToText(bank));
     }
@@ -200,18 +205,32 @@ class Collector final : public zel::ZelFindingSink {
     ++counts_[severity];
     table_.Add({kWords[severity], id, path_ + ": " + place + ": " + text});
   }
+  // Of the sense checks.
+  void Sense(char const* id, std::string const& place, std::string const& text) {
+    auto const& kinds = SenseKinds();
+    auto const kind = std::find_if(kinds.begin(), kinds.end(),
+                                   [&](SenseKind const& one) { return std::string(one.id) == id; });
+    if (kind == kinds.end() || !kind->isError) {
+      Found(zel::findingWarning, id, place.c_str(), text.c_str());
+    } else if (silent_.count(id) == 0) {
+      ++errors_;
+      table_.Add({"error", id, path_ + ": " + place + ": " + text});
+    }
+  }
   std::int64_t Count(zel::zelFindings severity) const { return counts_[severity]; }
+  std::int64_t Errors() const { return errors_; }
 
  private:
   std::set<std::string> silent_;
   Table& table_;
   std::string path_;
   std::int64_t counts_[3] = {};
+  std::int64_t errors_ = 0;
 };
 
 void CheckSense(Library const& library, Collector& collector) {
   TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
-    collector.Found(zel::findingWarning, id, place.c_str(), text.c_str());
+    collector.Sense(id, place, text);
   };
   for (BankName const& bank : library.Banks(kPureType)) {
     SenseAcross across(tell);
@@ -238,7 +257,7 @@ void CheckSense(Library const& library, Collector& collector) {
 // Every component of the first library against the same of a later one, found by its CAS number.
 void CheckAcross(Library const& one, Library const& other, Collector& collector) {
   TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
-    collector.Found(zel::findingWarning, id, place.c_str(), text.c_str());
+    collector.Sense(id, place, text);
   };
   for (BankName const& bank : one.Banks(kPureType)) {
     PureComponent a;
@@ -263,7 +282,8 @@ std::vector<SenseKind> const& StructureWarnings() {
   static std::vector<SenseKind> const kinds = {
       {"block-leaked", "each block belongs to something or is free"},
       {"identifier-missing", "each component is found by its IDs and its CAS number"},
-      {"identifier-stale", "each ID is that of a component"}};
+      {"identifier-stale", "each ID and CAS number is that of a component"},
+      {"bank", "each bank is of a type that this program knows"}};
   return kinds;
 }
 
@@ -314,8 +334,9 @@ Report Check(Options const& o) {
   std::int64_t const damage = collector.Count(zel::findingDamage);
   report.Fact("libraries", static_cast<std::int64_t>(o.paths.size()));
   report.Fact("damage", damage);
+  report.Fact("errors", collector.Errors());
   report.Fact("warnings", collector.Count(zel::findingWarning));
-  if (damage != 0) SetExitStatus(1);
+  if (damage != 0 || collector.Errors() != 0) SetExitStatus(1);
   return report;
 }
 

@@ -9,6 +9,7 @@
 #include "failure.h"
 #include "item_key.h"
 #include "output_file.h"
+#include "progress.h"
 #include "pure_component.h"
 #include "replacement.h"
 
@@ -46,9 +47,12 @@ Report Import(Options const& o) {
   zel::InitZelAccess();
   LibraryChange change = ChangeFor(o);
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(&change.Open().Maint());
-  maint->SetLogLevel(o.verbose ? 2 : 1);
+  // The log is for people. Without it the first error ends an import.
+  bool const isText = OutputForm() == Form::kText;
+  maint->SetLogLevel(!isText ? 0 : o.verbose ? 2 : 1);
   for (std::string const& file : o.files) {
     std::string const absolute = fs::absolute(file).string();
+    Waiting const waiting("importing " + file);
     bool const good = o.bank.empty() ? maint->Import(absolute.c_str(), o.replace)
                                      : maint->ImportComponent(absolute.c_str(),
                                                               UpperCase(o.bank).c_str(), o.replace);
@@ -127,6 +131,7 @@ Report Export(Options const& o) {
   ExportTarget const target = TargetOf(o);
   OutputFolder documents(target.folder, o.output.empty() ? o.path : o.output);
   std::string const path = documents.PathOf(target.name);
+  Waiting const waiting("exporting " + o.path);
   bool good = false;
   if (!o.component.empty()) {
     good = ExportComponent(library, o, path.c_str());
@@ -150,46 +155,55 @@ Report Export(Options const& o) {
   return report;
 }
 
-// The library tells nothing of an index that it could not write.
-void MakeRoomFor(fs::path const& index) {
-  std::error_code error;
-  fs::remove(index, error);
-  if (error || fs::exists(index)) throw Failure(index.string() + ": cannot be replaced");
+// The library tells nothing of an index that it could not write: a whole one ends its last line.
+void CheckWritten(fs::path const& index) {
+  std::ifstream file(index, std::ios::binary);
+  char last = '\n';
+  if (file && fs::file_size(index) > 0) file.seekg(-1, std::ios::end).get(last);
+  if (!file || last != '\n') throw Failure(index.filename().string() + ": cannot be written whole");
 }
 
-void CheckWritten(fs::path const& index, bool mayBeEmpty) {
-  std::error_code none;
-  auto const size = fs::is_regular_file(index, none) ? fs::file_size(index, none) : 0;
-  char last = '\n';
-  if (size > 0) {
-    std::ifstream file(index, std::ios::binary);
-    file.seekg(-1, std::ios::end).get(last);
+// Indexes are written beside the library, so it is opened under its name in another folder.
+Report DumpIndexes(Options const& o) {
+  FinishChange(o.path);
+  fs::path const path = fs::absolute(o.path);
+  OutputFolder indexes(path.parent_path(), o.path);
+  std::vector<fs::path> links;
+  for (char number = '1'; number <= '9'; ++number) {
+    std::string name = path.filename().string();
+    if (name.empty()) break;
+    name.back() = number;
+    if (!fs::exists(path.parent_path() / name)) continue;
+    links.emplace_back(indexes.PathOf(name));
+    fs::create_symlink(path.parent_path() / name, links.back());
   }
-  bool const whole = fs::is_regular_file(index, none) && (size > 0 || mayBeEmpty) && last == '\n';
-  if (!whole) throw Failure(index.string() + ": cannot be written whole");
+  Report report;
+  {
+    Library const library = Library::OpenRead(indexes.PathOf(path.filename().string()), o.path);
+    library.Maint().WriteTextDump(&library.File());
+    auto const told = [&](std::string const& fact, std::string const& ending) {
+      fs::path const index = fs::path(path.filename()).replace_extension(ending);
+      CheckWritten(indexes.PathOf(index.string()));
+      report.Fact(fact, (path.parent_path() / index).string());
+    };
+    told("written", ".bnk");
+    for (BankName const& bank : library.Banks(kPureType)) {
+      told("components of " + bank.name, "." + bank.name + ".cmp");
+    }
+  }
+  for (fs::path const& link : links) fs::remove(link);
+  indexes.MoveInto();
+  return report;
 }
 
 Report Dump(Options const& o) {
+  if (o.bank.empty()) return DumpIndexes(o);
+  if (OutputForm() != Form::kText) throw WrongUsage("--tree is text alone");
   Library const library = Library::OpenRead(o.path);
-  if (!o.bank.empty()) {
-    BankName const bank = library.Bank(o.bank);
-    auto* const maint = dynamic_cast<zel::LibMaint_p*>(&library.Maint());
-    maint->DumpBankTree(bank.type.c_str(), bank.name.c_str(), 0, stdout, -1);
-    return {};
-  }
-  std::vector<BankName> const banks = library.Banks();
-  fs::path const index = fs::absolute(o.path).replace_extension(".bnk");
-  MakeRoomFor(index);
-  library.Maint().WriteTextDump(&library.File());
-  CheckWritten(index, banks.empty());
-  Report report;
-  report.Fact("written", index.string());
-  for (BankName const& bank : library.Banks(kPureType)) {
-    fs::path const file = fs::absolute(o.path).replace_extension("." + bank.name + ".cmp");
-    CheckWritten(file, true);
-    report.Fact("components of " + bank.name, file.string());
-  }
-  return report;
+  BankName const bank = library.Bank(o.bank);
+  auto* const maint = dynamic_cast<zel::LibMaint_p*>(&library.Maint());
+  maint->DumpBankTree(bank.type.c_str(), bank.name.c_str(), 0, stdout, -1);
+  return {};
 }
 
 }  // namespace
@@ -205,7 +219,7 @@ void AddDocumentCommands(CLI::App& app) {
       .Flag("--replace", o->replace, "items that are there are replaced and no error")
       .Flag("--verbose", o->verbose, "tell of progress and warnings");
   AddChangeOptions(reading, o->change);
-  reading.Run(Outputs::kText, [o] { return Import(*o); });
+  reading.Run(Outputs::kJson, [o] { return Import(*o); });
   Command(app, "export", "Write a library, a bank or a component as XML",
           "zel export sample.lb1 -o sample.xml")
       .Argument("LIBRARY", o->path, "a library file")
@@ -215,11 +229,11 @@ void AddDocumentCommands(CLI::App& app) {
       .Option("--component", o->component, "only this component", "COMPONENT")
       .Flag("--banner", o->banner, "add a block for a maintenance log")
       .Flag("--component-files", o->componentFiles, "a document for each component")
-      .Run(Outputs::kText, [o] { return Export(*o); });
+      .Run(Outputs::kJson, [o] { return Export(*o); });
   Command(app, "dump", "Write tab-separated indexes, or show a bank's tree", "zel dump perry.lb1")
       .Argument("LIBRARY", o->path, "a library file")
       .Option("--tree", o->bank, "print the structure of this bank's tree", "BANK")
-      .Run(Outputs::kText, [o] { return Dump(*o); });
+      .Run(Outputs::kJson, [o] { return Dump(*o); });
 }
 
 }  // namespace zelhost

@@ -6,7 +6,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <thread>
 #include <utility>
 
 #include "failure.h"
@@ -54,7 +56,16 @@ FileLock::~FileLock() {
 // A file system without such locks goes without.
 FolderTurn::FolderTurn(std::string const& folder)
     : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-  if (descriptor_ >= 0) flock(descriptor_, LOCK_EX);
+  constexpr int kTries = 200;
+  constexpr std::chrono::milliseconds kBetween{10};
+  for (int i = 0; descriptor_ >= 0 && flock(descriptor_, LOCK_EX | LOCK_NB) != 0; ++i) {
+    if (errno != EWOULDBLOCK) return;
+    if (i == kTries) {
+      close(descriptor_);
+      throw Failure(folder + ": another program has locked this folder");
+    }
+    std::this_thread::sleep_for(kBetween);
+  }
 }
 
 FolderTurn::~FolderTurn() {

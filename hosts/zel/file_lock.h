@@ -1,4 +1,4 @@
-// Locks on files, without waiting.
+// Locks on files and folders.
 #pragma once
 
 #include <string>
@@ -19,7 +19,8 @@ class FileLock {
   int descriptor_;
 };
 
-// Steps in a folder that must not meet those of another process wait for each other.
+// Steps in a folder that must not meet those of another process wait for each other, two seconds at
+// most: then Failure is thrown.
 class FolderTurn {
  public:
   explicit FolderTurn(std::string const& folder);

@@ -35,7 +35,16 @@ struct Options {
 void MakeBank(Library const& from, Library const& to, BankName const& bank) {
   char const* const type = bank.type.c_str();
   char const* const name = bank.name.c_str();
-  if (to.Maint().BankExists(type, name)) return;
+  if (to.Maint().BankExists(type, name)) {
+    std::int32_t const there = to.Maint().GetBankFormat(type, name);
+    std::int32_t const here = from.Maint().GetBankFormat(type, name);
+    if (there < here) {
+      throw Failure(to.Path() + ": bank " + ToText(bank) + " is of format " +
+                    std::to_string(there) + ", which has no room for all fields of format " +
+                    std::to_string(here));
+    }
+    return;
+  }
   if (!to.Maint().CreateBank(type, name, from.Maint().GetBankFormat(type, name))) {
     throw Failure(to.Path() + ": bank " + ToText(bank) + " cannot be made");
   }

@@ -100,17 +100,20 @@ class ComponentValues {
           component_->GetCorrelation(IndexOf(row), &equation, &tempUnit, &propUnit, &factor, &log,
                                      &basis, &count, &tMin, &tMax, coefficients);
       if (status == zel::kStatusNothingNew || equation == 0) continue;
-      std::string text = "eq " + std::to_string(equation) + ", " + CellText(Number(tMin)) + " to " +
-                         CellText(Number(tMax)) + " " + TemperatureUnit(tempUnit) + ", unit " +
-                         std::to_string(propUnit) + ", bases " + std::to_string(log) + " " +
-                         std::to_string(basis) + ":";
+      std::string const name = row.name;
+      Put(name + " equation", std::int64_t{equation});
+      Put(name + " from T", Number(tMin));
+      Put(name + " to T", Number(tMax));
+      Put(name + " T in", std::string(TemperatureUnit(tempUnit)));
+      Put(name + " unit", std::int64_t{propUnit});
+      Put(name + " log basis", std::int64_t{log});
+      Put(name + " basis", std::int64_t{basis});
       for (int i = 0; i < std::clamp(count, 0, 15); ++i) {
-        text += " " + CellText(Number(coefficients[i]));
+        Put(name + " C" + std::to_string(i + 1), Number(coefficients[i]));
       }
-      Put(row.name, text);
       std::uint32_t code = 0;
       component_->GetCorrelationRefCode(IndexOf(row), &code);
-      if (code != 0) Put(row.name + std::string(" code"), std::int64_t{code});
+      if (code != 0) Put(name + " code", std::int64_t{code});
     }
   }
 

@@ -35,12 +35,13 @@ std::string ToText(BankName const& bank) { return bank.type + ":" + bank.name; }
 Library::Library(std::string path, zel::LibFile* file)
     : path_(std::move(path)), file_(file), maint_(zel::LibMaint::NewLibMaint(file)) {}
 
-Library Library::OpenRead(std::string const& path) {
+Library Library::OpenRead(std::string const& path, std::string const& shownAs) {
+  std::string const& shown = shownAs.empty() ? path : shownAs;
   FinishChange(path);
-  Opened().push_back(path);
+  Opened().push_back(shown);
   zel::openErrors error = zel::openFailed;
   zel::LibFile* const file = zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error);
-  return {path, Checked(file, path, error)};
+  return {shown, Checked(file, shown, error)};
 }
 
 Library Library::OpenUpdate(std::string const& path, std::string const& password,

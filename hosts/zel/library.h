@@ -23,8 +23,8 @@ std::string ToText(BankName const& bank);
 class Library {
  public:
   // Finishes a change first that was cut off; see replacement.h.
-  static Library OpenRead(std::string const& path);
-  // `shownAs` is what messages call it, where it is a copy.
+  // `shownAs` is what messages call it, where it is not at its own place.
+  static Library OpenRead(std::string const& path, std::string const& shownAs = "");
   static Library OpenUpdate(std::string const& path, std::string const& password,
                             std::string const& shownAs = "");
   static Library Create(zel::libTypes kind, std::string const& path, std::string const& shownAs);

@@ -10,6 +10,7 @@
 #include "failure.h"
 #include "library.h"
 #include "output_file.h"
+#include "progress.h"
 #include "span_of_numbers.h"
 
 namespace zelhost {
@@ -51,6 +52,7 @@ void BuildList(Options const& o, zel::CompList& list) {
     throw Failure(o.path + ": cannot be written: it is no file");
   }
   OutputFolder folder(target.parent_path(), o.path);
+  Waiting const waiting("listing " + o.library);
   std::string const path = folder.PathOf(target.filename().string());
   if (!list.GetBuilder()->BuildList(&library.File(), bank.name.c_str(), path.c_str())) {
     throw Failure(o.path + ": cannot be written");

@@ -39,11 +39,11 @@ milliseconds until long work shows a bar on a terminal; 500 when not set
 make no sense.
 .SH FILES
 .TP
-.I .NAME.zel-new
+.I .NAME.lb1.zel-new
 the copy of NAME.lb1 and NAME.lb2 that a command works on; what a killed command leaves of it goes with the
 next change
 .TP
-.I .NAME.zel-ready
+.I .NAME.lb1.zel-ready
 a change that was cut off while it was put in place; the next command that names the library finishes it
 )";
 

@@ -51,7 +51,14 @@ std::int64_t OutputFolder::MoveInto() {
     files.push_back(entry.path());
   }
   for (std::filesystem::path const& file : files) {
-    std::filesystem::rename(file, target_ / file.filename());
+    std::filesystem::path const target = target_ / file.filename();
+    if (std::filesystem::is_directory(target)) {
+      throw Failure(target.string() + ": cannot be written: it is a folder");
+    }
+  }
+  for (std::filesystem::path const& file : files) {
+    std::filesystem::path const target = target_ / file.filename();
+    if (std::rename(file.c_str(), target.c_str()) != 0) Refuse(target.string());
     ++count;
   }
   return count;

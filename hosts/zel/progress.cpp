@@ -47,4 +47,32 @@ void Progress::Draw() {
   std::fflush(stderr);
 }
 
+Waiting::Waiting(std::string what) : what_(std::move(what)) {
+  if (::isatty(STDERR_FILENO) == 1) thread_ = std::thread([this] { Run(); });
+}
+
+Waiting::~Waiting() {
+  if (!thread_.joinable()) return;
+  {
+    std::lock_guard const lock(mutex_);
+    done_ = true;
+  }
+  ended_.notify_one();
+  thread_.join();
+}
+
+void Waiting::Run() {
+  using Seconds = std::chrono::duration<double>;
+  auto const start = std::chrono::steady_clock::now();
+  std::unique_lock lock(mutex_);
+  auto const isDone = [this] { return done_; };
+  if (ended_.wait_for(lock, Delay(), isDone)) return;
+  do {
+    double const seconds = Seconds(std::chrono::steady_clock::now() - start).count();
+    std::fprintf(stderr, "\r%s, %.1f s\x1b[K", what_.c_str(), seconds);
+    std::fflush(stderr);
+  } while (!ended_.wait_for(lock, kBetween, isDone));
+  std::fputs("\r\x1b[K", stderr);
+}
+
 }  // namespace zelhost

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <chrono>
+#include <condition_variable>
 #include <cstddef>
+#include <mutex>
 #include <string>
+#include <thread>
 
 namespace zelhost {
 
@@ -31,6 +34,26 @@ class Progress {
   bool enabled_;
   bool drawn_ = false;
   Clock::time_point next_;
+};
+
+// A line with the seconds that have gone by, for work that does not tell how far it is. On a
+// terminal only, as above.
+class Waiting {
+ public:
+  explicit Waiting(std::string what);
+  Waiting(Waiting const&) = delete;
+  Waiting& operator=(Waiting const&) = delete;
+  // Wipes the line.
+  ~Waiting();
+
+ private:
+  void Run();
+
+  std::string what_;
+  bool done_ = false;
+  std::mutex mutex_;
+  std::condition_variable ended_;
+  std::thread thread_;
 };
 
 }  // namespace zelhost

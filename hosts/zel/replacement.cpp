@@ -21,7 +21,7 @@ constexpr int kFiles = 9;
 
 // Folders beside the library.
 fs::path Beside(fs::path const& library, char const* ending) {
-  return library.parent_path() / ("." + library.stem().string() + ending);
+  return library.parent_path() / ("." + library.filename().string() + ending);
 }
 fs::path NewFolder(fs::path const& library) { return Beside(library, ".zel-new"); }
 fs::path ReadyFolder(fs::path const& library) { return Beside(library, ".zel-ready"); }
@@ -82,6 +82,7 @@ void MoveIntoPlace(std::string const& path) {
     fs::rename(first, path);
     SyncFolder(fs::path(path).parent_path());
   }
+  if (!fs::exists(path)) throw Failure(path + ": its first file is lost; see " + ready.string());
   RemoveFolder(ready);
 }
 
@@ -141,7 +142,7 @@ std::string WorkFolder::First() const {
   return (fs::path(folder_) / fs::path(library_).filename()).string();
 }
 
-void WorkFolder::PutInPlace() {
+void WorkFolder::PutInPlace(bool isNew) {
   OrFail(library_, "the changed library cannot be put in place", [&] {
     for (int number = 2; number <= kFiles; ++number) {
       if (fs::exists(FileOf(library_, number)) && !fs::exists(FileOf(First(), number))) {
@@ -149,7 +150,13 @@ void WorkFolder::PutInPlace() {
       }
     }
     SyncFolder(folder_);
-    fs::rename(folder_, ReadyFolder(library_));
+    {
+      FolderTurn const turn(fs::path(library_).parent_path().string());
+      if (fs::exists(ReadyFolder(library_)) || (isNew && fs::exists(library_))) {
+        throw Failure(library_ + ": another program has made it meanwhile");
+      }
+      fs::rename(folder_, ReadyFolder(library_));
+    }
     folder_.clear();
     SyncFolder(fs::path(library_).parent_path());
     MoveIntoPlace(library_);
@@ -190,6 +197,7 @@ LibraryChange LibraryChange::New(std::string const& path, zel::libTypes kind, bo
   if (!fs::is_directory(whole.parent_path())) throw Failure(path + ": its folder is not there");
   whole = fs::weakly_canonical(whole);
   LibraryChange change;
+  change.isNew_ = !replace;
   if (replace && fs::exists(whole)) change.original_ = FileLock::Take(whole.string(), path);
   change.work_ = std::make_unique<WorkFolder>(whole.string(), path);
   for (int number = 1; number <= kFiles && !replace; ++number) {
@@ -202,7 +210,7 @@ LibraryChange LibraryChange::New(std::string const& path, zel::libTypes kind, bo
 
 void LibraryChange::PutInPlace() {
   library_->Close();
-  if (work_) work_->PutInPlace();
+  if (work_) work_->PutInPlace(isNew_);
   library_.reset();
 }
 

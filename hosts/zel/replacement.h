@@ -1,10 +1,10 @@
 // Changes of a library that happen as a whole or not at all.
 //
-// A change works on a copy in a hidden folder beside the library, .NAME.zel-new, and locks the
+// A change works on a copy in a hidden folder beside the library, .NAME.lb1.zel-new, and locks the
 // library against everyone meanwhile, as an update does. When all is written and on disk the folder
-// is renamed to .NAME.zel-ready: from then on the change counts. Its files are then moved over the
-// old ones, the first file away at the start and in place at the end, so that in between nobody can
-// open old and new mixed. A kill before the renaming leaves the old library; after it, the next
+// is renamed to .NAME.lb1.zel-ready: from then on the change counts. Its files are then moved over
+// the old ones, the first file away at the start and in place at the end, so that in between nobody
+// can open old and new mixed. A kill before the renaming leaves the old library; after it, the next
 // command that opens the library finishes the move.
 #pragma once
 
@@ -35,8 +35,9 @@ class WorkFolder {
 
   // Where the copy of the library's first file is.
   std::string First() const;
-  // From now on the copy counts: moves it over the library.
-  void PutInPlace();
+  // From now on the copy counts: moves it over the library. Throws Failure when the library is new
+  // and another program has made one meanwhile.
+  void PutInPlace(bool isNew);
 
  private:
   std::string library_;
@@ -60,6 +61,7 @@ class LibraryChange {
  private:
   LibraryChange() = default;
 
+  bool isNew_ = false;
   std::optional<FileLock> original_;
   std::unique_ptr<WorkFolder> work_;  // none in place
   std::optional<Library> library_;

@@ -83,80 +83,112 @@ std::vector<std::string> Break(std::string const& text, std::size_t width) {
 class TextTable {
  public:
   explicit TextTable(Table const& table) : table_(table) {
-    std::size_t const count = table.Columns().size();
-    for (std::size_t i = 0; i < count; ++i) right_.push_back(IsNumeric(table, i));
-    Heads(false);
-    Measure();
+    Show(true);
+    if (Total() > kLineWidth + SlackOfLast()) Show(false);
     bool const anyUnit = std::any_of(table.Columns().begin(), table.Columns().end(),
                                      [](Column const& column) { return !column.unit.empty(); });
-    if (anyUnit &&
-        std::accumulate(widths_.begin(), widths_.end(), kGap * (count - 1)) > kLineWidth) {
+    if (anyUnit && Total() > kLineWidth) {
       Heads(true);
       Measure();
     }
-    std::size_t before = 0;
-    for (std::size_t i = 0; i + 1 < count; ++i) before += widths_[i] + kGap;
-    indent_ = before;
-    if (before + kNarrowestBreak <= kLineWidth) lastWidth_ = kLineWidth - before;
+    Narrow();
   }
 
   void Print(std::string& out) const {
     for (auto const& heads : heads_) Line(heads, out);
     for (auto const& row : table_.Rows()) {
       std::vector<std::string> texts;
-      for (Cell const& cell : row) texts.push_back(OneLine(cell));
+      for (std::size_t const column : shown_) texts.push_back(OneLine(row[column]));
       Line(texts, out);
     }
   }
 
  private:
+  void Show(bool withOptional) {
+    shown_.clear();
+    right_.clear();
+    for (std::size_t i = 0; i < table_.Columns().size(); ++i) {
+      if (table_.Columns()[i].optional && !withOptional) continue;
+      shown_.push_back(i);
+      right_.push_back(IsNumeric(table_, i));
+    }
+    Heads(false);
+    Measure();
+  }
+
+  // What the last column can give without being broken too often.
+  std::size_t SlackOfLast() const {
+    constexpr std::size_t kComfortable = 25;
+    bool const isText = !right_.empty() && !right_.back();
+    return isText && widths_.back() > kComfortable ? widths_.back() - kComfortable : 0;
+  }
+
   // Names with their units, or the units in a line of their own.
   void Heads(bool apart) {
     heads_.assign(apart ? 2 : 1, {});
-    for (Column const& column : table_.Columns()) {
+    for (std::size_t const i : shown_) {
+      Column const& column = table_.Columns()[i];
       heads_[0].push_back(apart ? column.name : Head(column));
       if (apart) heads_[1].push_back(column.unit.empty() ? "" : "[" + column.unit + "]");
     }
   }
 
   void Measure() {
-    widths_.assign(table_.Columns().size(), 0);
+    widths_.assign(shown_.size(), 0);
     for (std::size_t i = 0; i < widths_.size(); ++i) {
       for (auto const& heads : heads_) widths_[i] = std::max(widths_[i], Width(heads[i]));
       for (auto const& row : table_.Rows()) {
-        widths_[i] = std::max(widths_[i], Width(OneLine(row[i])));
+        widths_[i] = std::max(widths_[i], Width(OneLine(row[shown_[i]])));
       }
     }
   }
 
-  void Line(std::vector<std::string> const& texts, std::string& out) const {
-    std::string line;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-      bool const last = i + 1 == texts.size();
-      std::size_t const pad = widths_[i] > Width(texts[i]) ? widths_[i] - Width(texts[i]) : 0;
-      if (right_[i]) line.append(pad, ' ');
-      if (last && !right_[i]) {
-        std::vector<std::string> const parts = Break(texts[i], lastWidth_);
-        line += parts[0];
-        for (std::size_t k = 1; k < parts.size(); ++k) {
-          line += '\n' + std::string(indent_, ' ') + parts[k];
-        }
-      } else {
-        line += texts[i];
-        if (!right_[i]) line.append(pad, ' ');
-      }
-      if (!last) line.append(kGap, ' ');
+  std::size_t Total() const {
+    return std::accumulate(widths_.begin(), widths_.end(), kGap * (widths_.size() - 1));
+  }
+
+  // Columns of text give room, the last one first, then the widest, until the line fits.
+  void Narrow() {
+    auto const narrow = [&](std::size_t i) {
+      if (right_[i] || Total() <= kLineWidth) return;
+      std::size_t const excess = Total() - kLineWidth;
+      std::size_t const least = std::min(widths_[i], kNarrowestBreak);
+      widths_[i] = std::max(least, widths_[i] > excess ? widths_[i] - excess : 0);
+    };
+    if (widths_.empty()) return;
+    narrow(widths_.size() - 1);
+    for (std::size_t round = 0; round < widths_.size(); ++round) {
+      narrow(static_cast<std::size_t>(std::max_element(widths_.begin(), widths_.end()) -
+                                      widths_.begin()));
     }
-    line.erase(line.find_last_not_of(' ') + 1);
-    out += line + '\n';
+  }
+
+  // A cell that is too wide goes on in further lines.
+  void Line(std::vector<std::string> const& texts, std::string& out) const {
+    std::vector<std::vector<std::string>> cells;
+    std::size_t height = 1;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      cells.push_back(Break(texts[i], right_[i] ? kLineWidth : widths_[i]));
+      height = std::max(height, cells.back().size());
+    }
+    for (std::size_t k = 0; k < height; ++k) {
+      std::string line;
+      for (std::size_t i = 0; i < cells.size(); ++i) {
+        std::string const text = k < cells[i].size() ? cells[i][k] : "";
+        std::size_t const pad = widths_[i] > Width(text) ? widths_[i] - Width(text) : 0;
+        line += right_[i] ? std::string(pad, ' ') + text : text + std::string(pad, ' ');
+        line.append(kGap, ' ');
+      }
+      line.erase(line.find_last_not_of(' ') + 1);
+      out += line + '\n';
+    }
   }
 
   Table const& table_;
+  std::vector<std::size_t> shown_;  // columns of the table; everything below goes by place in it
   std::vector<std::vector<std::string>> heads_;
   std::vector<bool> right_;
   std::vector<std::size_t> widths_;
-  std::size_t indent_ = 0;
-  std::size_t lastWidth_ = SIZE_MAX;
 };
 
 std::string PrintText(Report const& report) {

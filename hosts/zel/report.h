@@ -26,8 +26,9 @@ std::string Digits(double value);
 std::string CellText(Cell const& cell);
 
 struct Column {
-  std::string name;  // the head in text and CSV, the member in JSON
-  std::string unit;  // stands in brackets behind the head; in JSON under "units" of the report
+  std::string name;       // the head in text and CSV, the member in JSON
+  std::string unit;       // stands in brackets behind the head; in JSON under "units" of the report
+  bool optional = false;  // left out of text that would be too wide
 };
 
 class Table {

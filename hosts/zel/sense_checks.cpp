@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <iterator>
 
 #include "span_of_numbers.h"
@@ -32,6 +33,8 @@ enum CurveIndex : std::uint32_t {
   kLiquidEnthalpy = 2,
   kLatentHeat = 3,
   kLiquidDensity = 4,
+  kLiquidThermal = 5,
+  kLiquidViscosity = 7,
   kVaporViscosity = 8,
   kSurfaceTension = 9,
   kIdealGasCp = 13,
@@ -42,6 +45,23 @@ enum CurveIndex : std::uint32_t {
 bool Has(double value) { return !zel::gen_IsUndefDouble(value); }
 
 std::string Show(double value) { return Digits(value); }
+
+// Numbers that are equal but for a rounding.
+std::string Rounded(double value) {
+  constexpr int kDigits = 5;
+  char text[32];
+  std::snprintf(text, sizeof text, "%.*g", kDigits, value);
+  return text;
+}
+
+bool HasManyDigits(std::string const& number) {
+  constexpr int kMany = 5;
+  std::string const mantissa = number.substr(0, number.find('e'));
+  std::size_t const first = mantissa.find_first_of("123456789");
+  if (first == std::string::npos) return false;
+  return std::count_if(mantissa.begin() + static_cast<std::ptrdiff_t>(first), mantissa.end(),
+                       [](char c) { return c >= '0' && c <= '9'; }) >= kMany;
+}
 
 // One component with the ways to ask it.
 class Checked {
@@ -104,8 +124,9 @@ void Checked::Temperatures() {
   Below("NMP", Of(kNMP), "TTP", Of(kTTP), kMeltingTolerance);
   Below("NBP", Of(kNBP), "TC", Of(kTC), 0.0);
   constexpr double kEndTolerance = 1e-3;
-  static constexpr std::uint32_t kLiquid[] = {kVaporPressure, kLatentHeat, kLiquidDensity,
-                                              kSurfaceTension};
+  static constexpr std::uint32_t kLiquid[] = {kVaporPressure,   kLatentHeat,     kLiquidDensity,
+                                              kSurfaceTension,  kLiquidEnthalpy, kLiquidThermal,
+                                              kLiquidViscosity, kLiquidCp};
   for (auto const& row : Correlations()) {
     Curve const curve = c_.ReadCurve(IndexOf(row));
     if (!curve.present || !Has(curve.tMin) || !Has(curve.tMax)) continue;
@@ -240,8 +261,11 @@ void Checked::Sources() {
 std::vector<SenseKind> const& SenseKinds() {
   static std::vector<SenseKind> const kinds = {
       {"cas", "a component has a CAS number with a right check digit"},
-      {"cas-shared", "components with one CAS number have one formula"},
-      {"repeated", "no two components have the same coefficients, or both TC and PC in common"},
+      {"cas-shared", "no two components have the same CAS number"},
+      {"cas-formula", "components with the same CAS number have the same formula", true},
+      {"repeated",
+       "no two components have the same coefficients but for rounding, or both TC and PC; no "
+       "four have the same constant of five digits or more"},
       {"formula-weight", "MW is that of the formula within 0.05 %"},
       {"temperatures", "melting, triple and boiling point, critical point and ranges are in order"},
       {"critical", "TC, PC and VC agree with ZC, which lies within 0.15 to 0.40"},
@@ -278,10 +302,16 @@ void SenseAcross::Component(PureComponent const& component, std::string const& p
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (curve.coefficients.size() < 2) continue;
     std::string text = row.name + (" of equation " + std::to_string(curve.equation)) + ":";
-    for (double const c : curve.coefficients) text += " " + Digits(c);
+    for (double const c : curve.coefficients) text += " " + Rounded(c);
     numbers_.push_back(
         {std::move(text),
          {place, identity.formula, row.name + std::string(" has the coefficients")}});
+  }
+  for (auto const& row : Constants()) {
+    std::string const value = Digits(component.Constant(row.index));
+    if (Has(component.Constant(row.index)) && HasManyDigits(value)) {
+      constants_[row.keyword + (" " + value)].push_back({place, identity.formula, ""});
+    }
   }
   if (Has(component.Constant(kTC)) && Has(component.Constant(kPC))) {
     numbers_.push_back(
@@ -297,7 +327,7 @@ void SenseAcross::CasShared() {
     auto const& [cas, seen] = casNumbers_[i];
     auto const& [casBefore, before] = casNumbers_[i - 1];
     if (cas != casBefore) continue;
-    tell_("cas-shared", seen.place,
+    tell_(seen.formula == before.formula ? "cas-shared" : "cas-formula", seen.place,
           "has the CAS number " + cas + " of " + before.place +
               (seen.formula == before.formula
                    ? ""
@@ -313,6 +343,17 @@ void SenseAcross::Repeated() {
     auto const& [textBefore, before] = numbers_[i - 1];
     if (text != textBefore) continue;
     tell_("repeated", seen.place, seen.text + " of " + before.place);
+  }
+  constexpr std::size_t kFew = 3;
+  for (auto const& [constant, components] : constants_) {
+    // Isomers have some constants in common.
+    bool const allAlike = std::all_of(components.begin(), components.end(), [&](Seen const& one) {
+      return one.formula == components.front().formula;
+    });
+    if (components.size() <= kFew || allAlike) continue;
+    tell_("repeated", components.back().place,
+          "has " + constant + " with " + std::to_string(components.size() - 1) +
+              " others, the first of them " + components.front().place);
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ using TellSense =
 struct SenseKind {
   char const* id;
   char const* rule;
+  bool isError = false;  // more than a warning
 };
 std::vector<SenseKind> const& SenseKinds();
 
@@ -44,7 +46,8 @@ class SenseAcross {
 
   TellSense tell_;
   std::vector<std::pair<std::string, Seen>> casNumbers_;
-  std::vector<std::pair<std::string, Seen>> numbers_;  // coefficients, critical constants
+  std::map<std::string, std::vector<Seen>> constants_;  // by keyword and value
+  std::vector<std::pair<std::string, Seen>> numbers_;   // coefficients, critical constants
 };
 
 // Constants of one component in two libraries that differ by more than a factor of 1.5.

@@ -169,7 +169,7 @@ Report Find(Options const& o) {
   Library const library = Library::OpenRead(o.path);
   Report report;
   Table& table = report.Begin("components", {{"bank", ""},
-                                             {"number", ""},
+                                             {"number", "", true},
                                              {"id", ""},
                                              {"cas", ""},
                                              {"formula", ""},

@@ -88,8 +88,8 @@ class ZEL_API ZelFindingSink {
 //   bool const sound = zel::VerifyLibrary(library, printer);
 //
 // Kinds of damage: "header", "extent", "tree-head", "tree-node", "tree-order", "tree-links",
-// "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "item", "bank".
-// Warnings: "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
+// "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "item", "bank",
+// "identifier-wrong". Warnings: "bank", "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
 ZEL_API bool VerifyLibrary(LibFile* library, ZelFindingSink& sink);
 
 }  // namespace zel

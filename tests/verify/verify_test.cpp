@@ -10,6 +10,8 @@
 #include "purecomp/record_format.h"
 #include "store/bank_key.h"
 #include "store/key.h"
+#include "store/packed_text.h"
+#include "tests/support/sample_component.h"
 #include "tests/support/sample_library.h"
 #include "zelaccess/Module.h"
 #include "zelaccess/Verify.h"
@@ -287,6 +289,42 @@ TEST_F(VerifyTest, IdentifiersThatAreNotInTheirTrees) {
   EXPECT_TRUE(Verify()) << "warnings alone";
   EXPECT_NE(sink_.Lines(), before);
   EXPECT_TRUE(sink_.Has("identifier-missing")) << sink_.Lines();
+}
+
+// What the trees of identifiers say of a component is what it says of itself.
+TEST_F(VerifyTest, IdentifierOfAnotherComponent) {
+  {
+    auto const library = Open(accUpdate);
+    LibMaint_i maint(library.get());
+    test::ComponentBank other;
+    Key* key = Key::NewKey();
+    key->SetKey(4711L);
+    char ids[12][9] = {"OTHERID"};
+    other->SetIdentity(4711, 7732185, 0, ids, "OTHER", "C2H6O", 0);
+    ASSERT_TRUE(maint.WriteItem(other.Def(), "B1", key));
+    Key::DelKey(key);
+  }
+  ASSERT_TRUE(Verify()) << sink_.Lines();
+  std::int32_t id[2];
+  TextToWords("OTHERID", id, 2);
+  std::int32_t const entries[][3] = {{id[0], id[1], 4711}, {7732185, 4711, 0}};
+  for (int tree = 0; tree < 2; ++tree) {
+    auto& bytes = files_.Contents(kSamplePath2);
+    std::size_t const length = tree == 0 ? 12 : 8;
+    std::size_t at = 0;
+    while (at + length <= bytes.size() &&
+           std::memcmp(bytes.data() + at, entries[tree], length) != 0) {
+      at += 4;
+    }
+    ASSERT_LE(at + length, bytes.size()) << tree;
+    Put(kSamplePath2, at + length - 4, test::kSampleComponent);
+    EXPECT_EQ(Verify(), tree == 1);
+    EXPECT_TRUE(sink_.Has(tree == 0 ? "identifier-wrong" : "identifier-stale")) << sink_.Lines();
+    Put(kSamplePath2, at + length - 4, 4712);
+    Verify();
+    EXPECT_TRUE(sink_.Has(tree == 0 ? "identifier-wrong" : "identifier-stale")) << sink_.Lines();
+    Put(kSamplePath2, at + length - 4, 4711);
+  }
 }
 
 TEST_F(VerifyTest, IdOfAComponentThatIsGone) {

@@ -263,6 +263,20 @@ TEST_F(BadInputTest, DocumentThatCannotBeWrittenWhole) {
   }
 }
 
+TEST_F(BadInputTest, ExportOverAFolder) {
+  std::filesystem::create_directories(Folder() / "doc/Bank-NRTL-SAMPLE.xml");
+  Refuses({"export sample.lb1 -o doc/s.xml", kFailed, "Bank-NRTL-SAMPLE.xml: cannot be written"});
+}
+
+TEST_F(BadInputTest, DumpThatCannotBeWrittenKeepsTheOneBefore) {
+  Good("dump crc.lb1");
+  Contents const before = ContentsOf(Folder());
+  Outcome const outcome = Shell("trap '' XFSZ; ulimit -f 8; \"$ZEL\" dump crc.lb1");
+  EXPECT_EQ(outcome.status, kFailed);
+  EXPECT_NE(outcome.err.find("cannot be written whole"), std::string::npos) << outcome.err;
+  EXPECT_TRUE(ContentsOf(Folder()) == before);
+}
+
 TEST_F(BadInputTest, NameIndexThatIsTheLibraryToChange) {
   Outcome const outcome = Zel("set perry.lb1 --description x", "ZEL_NAMES=perry.lb1");
   EXPECT_EQ(outcome.status, 0) << outcome.err;

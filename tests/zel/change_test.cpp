@@ -121,16 +121,16 @@ TEST_F(ChangeTest, KilledAtAnyPointItIsOldOrNew) {
 
 // A copy that nobody will finish is in nobody's way.
 TEST_F(ChangeTest, WhatIsLeftOfAKilledCommandGoesWithTheNext) {
-  fs::create_directory(Folder() / "own/.own.zel-new");
-  MakeFile("own/.own.zel-new/lock", "");
-  MakeFile("own/.own.zel-new/own.lb1", "half");
+  fs::create_directory(Folder() / "own/.own.lb1.zel-new");
+  MakeFile("own/.own.lb1.zel-new/lock", "");
+  MakeFile("own/.own.lb1.zel-new/own.lb1", "half");
   Good("set own/own.lb1 --description x");
   EXPECT_EQ(Now().size(), 2U);
 }
 
 TEST_F(ChangeTest, ReadersRemoveWhatIsLeftToo) {
-  fs::create_directory(Folder() / "own/.own.zel-new");
-  MakeFile("own/.own.zel-new/own.lb1", "half");
+  fs::create_directory(Folder() / "own/.own.lb1.zel-new");
+  MakeFile("own/.own.lb1.zel-new/own.lb1", "half");
   Good("info own/own.lb1");
   EXPECT_TRUE(Now() == old_);
 }
@@ -155,17 +155,28 @@ TEST_F(ChangeTest, TwoThatMakeOneLibrary) {
   }
 }
 
+TEST_F(ChangeTest, FolderThatAnotherProgramLocked) {
+  Outcome const outcome = Shell(
+      "command -v flock >/dev/null || exit 77; "
+      "flock own \"$ZEL\" set own/own.lb1 --description x");
+  if (outcome.status == 77) GTEST_SKIP() << "no flock";
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("another program has locked this folder"), std::string::npos)
+      << outcome.err;
+  EXPECT_TRUE(Now() == old_);
+}
+
 TEST_F(ChangeTest, FolderAtWorkIsLeftAlone) {
-  fs::create_directory(Folder() / "own/.new.zel-new");
-  std::string const lock = (Folder() / "own/.new.zel-new/lock").string();
+  fs::create_directory(Folder() / "own/.new.lb1.zel-new");
+  std::string const lock = (Folder() / "own/.new.lb1.zel-new/lock").string();
   openErrors error{};
   // Any file under the lock of libraries will do.
-  fs::copy(Folder() / "own/own.lb1", Folder() / "own/.new.zel-new/held.lb1");
-  fs::copy(Folder() / "own/own.lb2", Folder() / "own/.new.zel-new/held.lb2");
-  Handle<LibFile> const holder(
-      LibFile::OpenLibFile(accUpdate, (Folder() / "own/.new.zel-new/held.lb1").c_str(), "", error));
+  fs::copy(Folder() / "own/own.lb1", Folder() / "own/.new.lb1.zel-new/held.lb1");
+  fs::copy(Folder() / "own/own.lb2", Folder() / "own/.new.lb1.zel-new/held.lb2");
+  Handle<LibFile> const holder(LibFile::OpenLibFile(
+      accUpdate, (Folder() / "own/.new.lb1.zel-new/held.lb1").c_str(), "", error));
   ASSERT_EQ(error, openOk);
-  fs::create_hard_link(Folder() / "own/.new.zel-new/held.lb1", lock);
+  fs::create_hard_link(Folder() / "own/.new.lb1.zel-new/held.lb1", lock);
   Contents const before = Now();
   Outcome const outcome = Zel("create own/new.lb1");
   EXPECT_EQ(outcome.status, 1);
@@ -183,10 +194,10 @@ class FinishTest : public ChangeTest {
     new_ = Now();
     ASSERT_EQ(new_.size(), 2U);
     PutBack(old_);
-    fs::create_directory(Folder() / "own/.own.zel-ready");
+    fs::create_directory(Folder() / "own/.own.lb1.zel-ready");
   }
   void Ready(std::string const& name, std::string const& bytes = "") const {
-    MakeFile("own/.own.zel-ready/" + name, bytes);
+    MakeFile("own/.own.lb1.zel-ready/" + name, bytes);
   }
   void Finished(Contents const& expected) {
     Good("info own/own.lb1");
@@ -202,6 +213,28 @@ TEST_F(FinishTest, NothingMovedYet) {
   Finished(new_);
 }
 
+TEST_F(FinishTest, OnlyTheLibraryItselfIsFinished) {
+  Ready("lock");
+  for (auto const& [name, bytes] : new_) Ready(name, bytes);
+  Contents const before = Now();
+  for (char const* word : {"own", "own.lb2", "own.LB1", "own.xml"}) {
+    EXPECT_EQ(Zel("info own/" + std::string(word)).status, 1) << word;
+    EXPECT_TRUE(Now() == before) << word;
+  }
+  Finished(new_);
+}
+
+// Nothing is thrown away where the first file is missing.
+TEST_F(FinishTest, FirstFileLost) {
+  Ready("lock");
+  Ready("old", old_.at("own.lb1"));
+  fs::remove(Folder() / "own/own.lb1");
+  Outcome const outcome = Zel("info own/own.lb1");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("its first file is lost"), std::string::npos) << outcome.err;
+  EXPECT_TRUE(fs::exists(Folder() / "own/.own.lb1.zel-ready/old"));
+}
+
 // As a copy of the folder may be that left empty files out.
 TEST_F(FinishTest, LockLost) {
   for (auto const& [name, bytes] : new_) Ready(name, bytes);
@@ -211,14 +244,14 @@ TEST_F(FinishTest, LockLost) {
 TEST_F(FinishTest, FirstFileAway) {
   Ready("lock");
   for (auto const& [name, bytes] : new_) Ready(name, bytes);
-  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.zel-ready/old");
+  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.lb1.zel-ready/old");
   Finished(new_);
 }
 
 TEST_F(FinishTest, SecondFileInPlace) {
   Ready("lock");
   Ready("own.lb1", new_.at("own.lb1"));
-  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.zel-ready/old");
+  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.lb1.zel-ready/old");
   MakeFile("own/own.lb2", new_.at("own.lb2"));
   Finished(new_);
 }
@@ -228,7 +261,7 @@ TEST_F(FinishTest, AllInPlaceAndTheFolderHalfRemoved) {
   Ready("old", old_.at("own.lb1"));
   for (auto const& [name, bytes] : new_) MakeFile("own/" + name, bytes);
   Finished(new_);
-  fs::create_directory(Folder() / "own/.own.zel-ready");
+  fs::create_directory(Folder() / "own/.own.lb1.zel-ready");
   Finished(new_);
 }
 

@@ -317,8 +317,19 @@ TEST_F(CommandsTest, ExportAndImportComeBackEqual) {
   EXPECT_EQ(Json("find one.lb1")["found"], 2);
 }
 
+TEST_F(CommandsTest, DocumentsTellAsJson) {
+  json const imported = Json("import own.lb1 '" ZEL_DATA "/sample-octane.xml' --create");
+  EXPECT_EQ(imported["imported"], 1);
+  json const exported = Json("export own.lb1 -o own.xml");
+  EXPECT_EQ(exported["documents"], 2);
+  EXPECT_TRUE(Json("dump own.lb1")["written"].is_string());
+}
+
 TEST_F(CommandsTest, DumpWritesIndexesAndShowsATree) {
   Good("dump perry.lb1");
+  Contents const once = ContentsOf(Folder());
+  Good("dump perry.lb1");
+  EXPECT_TRUE(ContentsOf(Folder()) == once) << "nothing is left beside the indexes";
   std::string const banks = FileText(Folder() / "perry.bnk");
   EXPECT_NE(banks.find("PURECOMP"), std::string::npos) << banks;
   std::string const components = FileText(Folder() / "perry.PERRY.cmp");
@@ -370,6 +381,14 @@ TEST_F(CommandsTest, CopyOfBanksAndItems) {
   EXPECT_EQ(Rows(Json("diff sample.lb1 own.lb1")["differences"], "item", "library"),
             Json("diff sample.lb1 own.lb1")["differences_found"])
       << "banks are copied, the description is not";
+}
+
+TEST_F(CommandsTest, CopyIntoAnOlderFormatIsRefused) {
+  MakeFile("old.xml", "<bank type=\"NRTL\" name=\"SAMPLE\" format=\"1\"></bank>");
+  Good("import old.lb1 old.xml --create");
+  Outcome const outcome = Zel("copy sample.lb1 old.lb1 --bank NRTL");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("is of format 1"), std::string::npos) << outcome.err;
 }
 
 TEST_F(CommandsTest, CopyOfComponents) {
@@ -482,7 +501,7 @@ TEST_F(CommandsTest, TextFitsEightyColumns) {
   for (char const* words :
        {"info sample.lb1", "banks sample.lb1", "types", "types NRTL", "types PURECOMP",
         "items sample.lb1 NRTL", "show sample.lb1 STRUCT ETHANOL --names perry.lb1",
-        "show perry.lb1 PERRY ETHANOL --complete", "find crc.lb1 --name '*butan*'",
+        "show perry.lb1 PERRY ETHANOL --complete", "find crc.lb1", "find crc.lb1 --name '*butan*'",
         "eval ETHANOL LiquidDensity -l perry.lb1 --derivatives 3",
         "search ETHANOL -l perry.lb1 -l crc.lb1", "why ETHANOL TC -l perry.lb1",
         "coverage ETHANOL WATER -l perry.lb1 -l sample.lb1 --details", "diff perry.lb1 crc.lb1",

@@ -48,7 +48,7 @@ class SenseTest : public ZelTest {
     return WarningsOf("own.lb1");
   }
   std::multiset<std::string> WarningsOf(std::string const& words) {
-    report_ = Json("check " + words);
+    report_ = json::parse(Zel("check " + words + " --json").out);
     EXPECT_EQ(report_["damage"], 0);
     std::multiset<std::string> ids;
     for (json const& row : report_["findings"]) ids.insert(row["id"]);
@@ -110,7 +110,9 @@ TEST_F(SenseTest, SharedAndRepeated) {
   EXPECT_EQ(report_.dump().find("another formula"), std::string::npos);
   other = With(other, "formula=\"H2O\"", "formula=\"D2O\"");
   ids = Warnings(kGood + other);
-  EXPECT_EQ(ids.count("cas-shared"), 1U);
+  EXPECT_EQ(ids.count("cas-formula"), 1U);
+  EXPECT_EQ(report_["errors"], 1);
+  EXPECT_EQ(Zel("check own.lb1").status, 1);
   EXPECT_NE(report_.dump().find("another formula, D2O instead of H2O"), std::string::npos);
 }
 
