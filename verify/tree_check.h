@@ -29,8 +29,6 @@ class TreeCheck {
       : store_(store), claims_(claims), findings_(findings) {}
 
   bool Run(std::int32_t const* head, TreeRule rule, Visit const& visit);
-  std::int64_t Entries() const noexcept { return entries_; }
-  int Depth() const noexcept { return depth_; }
 
  private:
   using Node = std::vector<std::int32_t>;

@@ -174,8 +174,7 @@ Report Diff(Options const& o) {
       if (zel::Handle<zel::IZelBankDef>(zel::NewBank(bank.type.c_str()))) {
         difference.Bank(bank);
       } else {
-        std::fprintf(stderr, "zel: bank %s is of an unknown type and was not compared\n",
-                     ToText(bank).c_str());
+        table.Add({ToText(bank), "whole", "unknown type", "not compared"});
       }
     } else {
       difference.OnlyIn(one, ToText(bank));

@@ -163,7 +163,10 @@ Span DefaultSpan(Options const& o, std::vector<Drawn> const& drawn) {
     }
   }
   if (!span.low || !span.high) throw Failure("the records have no limits; give --from and --to");
-  if (!(*span.low < *span.high)) throw WrongUsage("--from is not below --to");
+  if (!(*span.low < *span.high)) {
+    throw WrongUsage("nothing to draw from " + Digits(*span.low) + " to " + Digits(*span.high) +
+                     " K");
+  }
   return span;
 }
 
@@ -217,10 +220,10 @@ void AddCurveCommands(CLI::App& app) {
       .Argument("CORRELATION", o->correlation, "its name or the beginning of it")
       .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
       .Option("--at", o->at, "temperatures with a unit, or in the record's", "T...")
-      .Option("--from", o->from, "lowest temperature; that of the record's range", "T")
-      .Option("--to", o->to, "highest temperature; that of the record's range", "T")
-      .Option("--steps", o->steps, "how many steps from one to the other", "N")
-      .Option("--derivatives", o->derivatives, "how many derivatives, 0 to 3", "N")
+      .Option("--from", o->from, "lowest temperature, else the record's; its unit", "T")
+      .Option("--to", o->to, "highest temperature, else the record's; its unit", "T")
+      .Option("--steps", o->steps, "how many steps from one to the other; 10", "N")
+      .Option("--derivatives", o->derivatives, "how many derivatives, 0 to 3; 1", "N")
       .Run(Outputs::kJsonAndCsv, [o] { return Eval(*o); });
   Command plot(app, "plot", "Draw a correlation of components as an SVG chart",
                "zel plot VaporPressure ETHANOL WATER -l perry.lb1 --log -o vp.svg");

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 
 #include "command.h"
 #include "failure.h"
@@ -52,7 +53,8 @@ Report Import(Options const& o) {
   maint->SetLogLevel(!isText ? 0 : o.verbose ? 2 : 1);
   for (std::string const& file : o.files) {
     std::string const absolute = fs::absolute(file).string();
-    Waiting const waiting("importing " + file);
+    std::optional<Waiting> waiting;  // the log shows people how far it is
+    if (!isText) waiting.emplace("importing " + file);
     bool const good = o.bank.empty() ? maint->Import(absolute.c_str(), o.replace)
                                      : maint->ImportComponent(absolute.c_str(),
                                                               UpperCase(o.bank).c_str(), o.replace);
@@ -156,11 +158,14 @@ Report Export(Options const& o) {
 }
 
 // The library tells nothing of an index that it could not write: a whole one ends its last line.
-void CheckWritten(fs::path const& index) {
+void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty) {
   std::ifstream file(index, std::ios::binary);
+  auto const size = file ? fs::file_size(index) : 0;
   char last = '\n';
-  if (file && fs::file_size(index) > 0) file.seekg(-1, std::ios::end).get(last);
-  if (!file || last != '\n') throw Failure(index.filename().string() + ": cannot be written whole");
+  if (size > 0) file.seekg(-1, std::ios::end).get(last);
+  if (!file || last != '\n' || (size == 0 && !mayBeEmpty)) {
+    throw Failure(target.string() + ": cannot be written whole");
+  }
 }
 
 // Indexes are written beside the library, so it is opened under its name in another folder.
@@ -181,14 +186,17 @@ Report DumpIndexes(Options const& o) {
   {
     Library const library = Library::OpenRead(indexes.PathOf(path.filename().string()), o.path);
     library.Maint().WriteTextDump(&library.File());
-    auto const told = [&](std::string const& fact, std::string const& ending) {
+    auto const told = [&](std::string const& fact, std::string const& ending, bool mayBeEmpty) {
       fs::path const index = fs::path(path.filename()).replace_extension(ending);
-      CheckWritten(indexes.PathOf(index.string()));
-      report.Fact(fact, (path.parent_path() / index).string());
+      fs::path const target = path.parent_path() / index;
+      CheckWritten(indexes.PathOf(index.string()), target, mayBeEmpty);
+      report.Fact(fact, target.string());
     };
-    told("written", ".bnk");
+    told("written", ".bnk", false);
+    PureComponent const component;
     for (BankName const& bank : library.Banks(kPureType)) {
-      told("components of " + bank.name, "." + bank.name + ".cmp");
+      told("components of " + bank.name, "." + bank.name + ".cmp",
+           Keys(library, bank, *component.Def()).empty());
     }
   }
   for (fs::path const& link : links) fs::remove(link);

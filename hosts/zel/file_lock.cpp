@@ -53,18 +53,19 @@ FileLock::~FileLock() {
   if (descriptor_ >= 0) close(descriptor_);
 }
 
-// A file system without such locks goes without.
-FolderTurn::FolderTurn(std::string const& folder)
+// A file system without such locks goes without, and so does a program whose folder is locked by
+// whoever called it.
+FolderTurn::FolderTurn(std::string const& folder, Patience patience)
     : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-  constexpr int kTries = 200;
+  int const tries = patience == Patience::kNone ? 1 : 200;
   constexpr std::chrono::milliseconds kBetween{10};
-  for (int i = 0; descriptor_ >= 0 && flock(descriptor_, LOCK_EX | LOCK_NB) != 0; ++i) {
-    if (errno != EWOULDBLOCK) return;
-    if (i == kTries) {
-      close(descriptor_);
-      throw Failure(folder + ": another program has locked this folder");
+  for (int i = 0; descriptor_ >= 0 && i < tries; ++i) {
+    if (flock(descriptor_, LOCK_EX | LOCK_NB) == 0) {
+      isHeld_ = true;
+      return;
     }
-    std::this_thread::sleep_for(kBetween);
+    if (errno != EWOULDBLOCK && errno != EINTR) return;
+    if (i + 1 < tries) std::this_thread::sleep_for(kBetween);
   }
 }
 

@@ -20,16 +20,22 @@ class FileLock {
 };
 
 // Steps in a folder that must not meet those of another process wait for each other, two seconds at
-// most: then Failure is thrown.
+// most.
 class FolderTurn {
  public:
-  explicit FolderTurn(std::string const& folder);
+  enum class Patience { kNone, kTwoSeconds };
+
+  explicit FolderTurn(std::string const& folder, Patience patience = Patience::kTwoSeconds);
   FolderTurn(FolderTurn const&) = delete;
   FolderTurn& operator=(FolderTurn const&) = delete;
   ~FolderTurn();
 
+  // True when it is this process's turn.
+  explicit operator bool() const { return isHeld_; }
+
  private:
   int descriptor_;
+  bool isHeld_ = false;
 };
 
 }  // namespace zelhost

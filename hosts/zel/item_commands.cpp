@@ -99,7 +99,7 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
   if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
-    Refuse(from, bank, Joined(o.words), "is not there");
+    Refuse(from, bank, Joined(o.words), "is not there" + NamesHint(from, o.words));
   }
   // By numbers and as it is stored: the other library need not know the words.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
@@ -157,7 +157,7 @@ Report Delete(Options const& o) {
     zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
     zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
     if (!library.Maint().DeleteItem(type, name, key.get())) {
-      Refuse(library, bank, Joined(o.words), "is not there");
+      Refuse(library, bank, Joined(o.words), "is not there" + NamesHint(library, o.words));
     }
   }
   change.PutInPlace();

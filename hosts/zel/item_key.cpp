@@ -115,6 +115,12 @@ zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> con
   return key;
 }
 
+std::string NamesHint(Library const& library, std::vector<std::string> const& words) {
+  bool const byNumbers = std::all_of(words.begin(), words.end(), IsDigits);
+  if (byNumbers || NamesLibrary() != nullptr || !library.Banks("PURECOMP").empty()) return "";
+  return "; --names LIBRARY gives a library that knows the IDs and CAS numbers";
+}
+
 // One word is set as a number, so that a component shows which one it is.
 zel::Handle<zel::Key> StoredKey(std::vector<std::int32_t> const& words) {
   zel::Handle<zel::Key> key(zel::Key::NewKey());
@@ -156,7 +162,8 @@ std::vector<std::string> KeyWords::Of(std::vector<std::int32_t> const& key) {
     return {text};
   }
   for (std::size_t i = 0; i < count_; ++i) {
-    words.push_back(kind_ == kComponents ? IdOf(key[i]) : std::to_string(key[i]));
+    bool const isFilled = key[i] == kNoComponent;
+    words.push_back(isFilled ? "*" : kind_ == kComponents ? IdOf(key[i]) : std::to_string(key[i]));
   }
   return words;
 }

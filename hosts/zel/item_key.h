@@ -21,6 +21,9 @@ zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components);
 // when the bank's items are not named by that many words.
 zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> const& words);
 
+// What to do about an item that was not found by IDs or CAS numbers which nobody knows; else empty.
+std::string NamesHint(Library const& library, std::vector<std::string> const& words);
+
 // The key of an item met in a walk.
 zel::Handle<zel::Key> StoredKey(std::vector<std::int32_t> const& words);
 

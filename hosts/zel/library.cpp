@@ -90,7 +90,11 @@ BankName Library::Bank(std::string const& word) const {
 
 BankName Library::ComponentBank(std::string const& word) const {
   if (word.empty()) return Bank(kComponents);
-  return Bank(word.find(':') == std::string::npos ? kComponents + (":" + word) : word);
+  BankName bank = Bank(word.find(':') == std::string::npos ? kComponents + (":" + word) : word);
+  if (bank.type != kComponents) {
+    throw Failure(path_ + ": " + ToText(bank) + " is no bank of pure components");
+  }
+  return bank;
 }
 
 void Library::Close() {
@@ -101,7 +105,8 @@ void Library::Close() {
 std::string Reason(zel::openErrors error, std::string const& path) {
   std::error_code none;
   switch (error) {
-    case zel::openNotFound: return "not found";
+    case zel::openNotFound:
+      return IsBeingChanged(path) ? "is being changed by another program; try again" : "not found";
     case zel::openDenied:
       if (std::filesystem::is_directory(path, none)) return "is a folder";
       return ::access(path.c_str(), R_OK) == 0 ? "another program has it open, or it is read-only"
@@ -181,9 +186,11 @@ void OpenNames() {
 
 Library const* NamesLibrary() { return Names() ? &*Names() : nullptr; }
 
-void ReleaseNames(std::string const& path) {
+bool ReleaseNames(std::string const& path) {
   std::error_code none;
-  if (Names() && std::filesystem::equivalent(Names()->Path(), path, none)) Names().reset();
+  if (!Names() || !std::filesystem::equivalent(Names()->Path(), path, none)) return false;
+  Names().reset();
+  return true;
 }
 
 }  // namespace zelhost

@@ -58,7 +58,8 @@ void OpenNames();
 // That library; null when there is none.
 Library const* NamesLibrary();
 // Closes it when it is the library at `path`, which is to be changed and knows its own IDs.
-void ReleaseNames(std::string const& path);
+// True when it was.
+bool ReleaseNames(std::string const& path);
 
 // What an open that failed means, e.g. "not found".
 std::string Reason(zel::openErrors error, std::string const& path);

@@ -1,6 +1,8 @@
 // create, info, memo, set
+#include <zelaccess/Key_p.h>
 #include <zelaccess/Verify.h>
 
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -41,7 +43,30 @@ void CheckLength(std::optional<std::string> const& text, std::size_t most, char 
                 std::to_string(most) + " can be kept");
 }
 
+// Texts of the header go through a code of printable characters, as those of keys do.
+void CheckCharacters(std::optional<std::string> const& text, char const* what) {
+  constexpr std::size_t kWords = 10;
+  constexpr std::size_t kPiece = 4 * kWords;
+  for (std::size_t at = 0; text && at < text->size(); at += kPiece) {
+    std::string const piece = text->substr(at, kPiece);
+    zel::Handle<zel::Key> const key(zel::Key::NewKey());
+    key->SetKeyText(static_cast<long>(kWords), piece.c_str());
+    char kept[kPiece + 1] = {};
+    zel::GetKeyText(dynamic_cast<zel::Key_p const&>(*key).GetKeyWords(), kWords, kept);
+    for (std::size_t i = 0; i < piece.size(); ++i) {
+      char const there = i < std::strlen(kept) ? kept[i] : ' ';
+      if (there == piece[i]) continue;
+      throw Failure(what + std::string(" has characters that a library cannot keep, from \"") +
+                    text->substr(at + i) + "\" on");
+    }
+  }
+}
+
 void CheckTexts(Options const& o) {
+  CheckCharacters(o.description, "the description");
+  CheckCharacters(o.version, "the version");
+  CheckCharacters(o.newPassword, "the password");
+
   constexpr std::size_t kDescription = 100;
   constexpr std::size_t kVersion = 12;
   CheckLength(o.description, kDescription, "the description");
@@ -161,6 +186,9 @@ Report Memo(Options& o) {
 Report Set(Options const& o) {
   CheckTexts(o);
   bool const setsPassword = !o.newPassword.empty() || o.clearPassword;
+  if (!o.newPassword.empty() && o.clearPassword) {
+    throw WrongUsage("--new-password and --clear-password exclude each other");
+  }
   if (!o.description && !o.version && !setsPassword) {
     throw WrongUsage("nothing to set; see zel set --help");
   }

@@ -67,7 +67,7 @@ bool IsList(std::string const& path) {
 }
 
 Report List(Options const& o) {
-  RefuseLibraryPath(o.path);
+  if (!o.library.empty()) RefuseLibraryPath(o.path);
   zel::compListSorts const sort = SortNamed(o.sort);
   bool const byNumber = sort == zel::sortByNbp || sort == zel::sortByMw;
   if (!o.range.empty() && !byNumber) throw WrongUsage("--range needs --sort nbp or mw");

@@ -1,4 +1,5 @@
 // zel: component libraries from the command line, for the people who keep them.
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <exception>
@@ -17,7 +18,10 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
-int Fail(int status, std::string const& text) {
+int Fail(int status, std::string text) {
+  // Bytes of a damaged library do not break the line.
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, '?');
   std::fflush(stdout);
   std::fprintf(stderr, "zel: %s\n", text.c_str());
   return status;
@@ -118,7 +122,9 @@ int main(int count, char** words) {
   } catch (zelhost::WrongUsage const& error) {
     return Fail(kWrongUsage, error.what());
   } catch (std::filesystem::filesystem_error const& error) {
-    return Fail(kFailed, error.path1().string() + ": " + error.code().message());
+    std::string const path = error.path1().string();
+    return Fail(kFailed,
+                path.empty() ? "a file name is empty" : path + ": " + error.code().message());
   } catch (std::bad_alloc const&) {
     return Fail(kFailed, "out of memory");
   } catch (std::exception const& error) {

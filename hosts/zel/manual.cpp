@@ -32,6 +32,9 @@ constexpr char kBottom[] = R"(.SH ENVIRONMENT
 .B ZEL_NAMES
 stands for \-\-names
 .TP
+.B ZEL_PASSWORD
+stands for \-\-password, which others on the machine can see
+.TP
 .B ZEL_PROGRESS_DELAY
 milliseconds until long work shows a bar on a terminal; 500 when not set
 .SH EXIT STATUS
@@ -139,8 +142,10 @@ std::string BashCompletion(CLI::App const& app) {
          "_zel() {\n"
          "  local current=${COMP_WORDS[COMP_CWORD]} word command= options=\n"
          "  COMPREPLY=()\n"
+         "  local before=\n"
          "  for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
-         "    case $word in -*) ;; *) command=$word; break ;; esac\n"
+         "    case $before$word in --names*) ;; -*) ;; *) command=$word; break ;; esac\n"
+         "    before=; [ \"$word\" = --names ] && before=--names\n"
          "  done\n"
          "  case $command in\n"
          "    '') COMPREPLY=($(compgen -W \"" +

@@ -1,6 +1,7 @@
 #include "output_file.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,6 +14,8 @@
 
 namespace zelhost {
 namespace {
+
+constexpr char kFolderName[] = ".zel-out-";
 
 struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -32,9 +35,31 @@ void WriteWhole(std::string const& target, std::string const& shownAs, std::stri
 
 }  // namespace
 
+namespace {
+
+// Folders that a killed command left: those of an hour ago.
+void RemoveLeftOver(std::filesystem::path const& target) {
+  namespace fs = std::filesystem;
+  std::error_code none;
+  fs::directory_iterator folder(target, none);
+  std::vector<fs::path> old;
+  for (; !none && folder != fs::directory_iterator(); folder.increment(none)) {
+    std::error_code gone;
+    if (folder->path().filename().string().rfind(kFolderName, 0) != 0) continue;
+    if (fs::file_time_type::clock::now() - fs::last_write_time(folder->path(), gone) >
+        std::chrono::hours(1)) {
+      old.push_back(folder->path());
+    }
+  }
+  for (fs::path const& path : old) fs::remove_all(path, none);
+}
+
+}  // namespace
+
 OutputFolder::OutputFolder(std::filesystem::path const& target, std::string const& shownAs)
     : target_(target) {
-  std::string name = (target / ".zel-out-XXXXXX").string();
+  RemoveLeftOver(target);
+  std::string name = (target / kFolderName).string() + "XXXXXX";
   if (::mkdtemp(name.data()) == nullptr) Refuse(shownAs);
   folder_ = name;
 }
@@ -73,6 +98,7 @@ void RefuseLibraryPath(std::string const& path) {
 }
 
 void WriteFile(std::string const& path, std::string const& text) {
+  if (path.empty()) throw WrongUsage("the name of the output is empty");
   RefuseLibraryPath(path);
   std::error_code none;
   // What is no plain file, /dev/stdout for one, is written as it is.

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "command.h"
@@ -104,7 +105,8 @@ void RemoveLeftOver(fs::path const& folder) {
   std::error_code ignored;
   if (!fs::is_directory(folder, ignored)) return;
   try {
-    FolderTurn const turn(folder.parent_path().string());
+    FolderTurn const turn(folder.parent_path().string(), FolderTurn::Patience::kNone);
+    if (!turn) return;
     if (fs::exists(folder / kLockName)) FileLock::Take((folder / kLockName).string(), "");
     fs::remove_all(folder, ignored);
   } catch (Failure const&) {
@@ -116,7 +118,7 @@ void CheckPassword(Library const& library, std::string const& password) {
   std::int32_t level = 0;
   char none[101] = {};
   library.File().GetPassword(level, none);
-  if (level == 0 && !password.empty()) {
+  if (level == 0 && !password.empty() && std::getenv("ZEL_PASSWORD") == nullptr) {
     throw Failure(library.Path() + ": has no password; leave --password out");
   }
 }
@@ -124,6 +126,7 @@ void CheckPassword(Library const& library, std::string const& password) {
 }  // namespace
 
 void AddChangeOptions(Command& command, ChangeOptions& options) {
+  if (char const* const password = std::getenv("ZEL_PASSWORD")) options.password = password;
   command.Option("--password", options.password, "of a protected library", "TEXT")
       .Flag("--in-place", options.inPlace, "no copy: faster, but a failure leaves it half changed");
 }
@@ -165,13 +168,18 @@ void WorkFolder::PutInPlace(bool isNew) {
 
 LibraryChange::LibraryChange(std::string const& path, ChangeOptions const& options) {
   FinishChange(path);
-  ReleaseNames(path);
+  bool const knewNames = ReleaseNames(path);
+  // What the library says of a path that cannot be opened is told in its words.
+  CheckPassword(Library::OpenRead(path), options.password);
+  OpenCopy(path, options);
+  if (knewNames) zel::LibFile::SetOrdwinNameIndex(&library_->File());
+}
+
+void LibraryChange::OpenCopy(std::string const& path, ChangeOptions const& options) {
   if (options.inPlace) {
     library_ = Library::OpenUpdate(path, options.password);
     return;
   }
-  // What the library says of a path that cannot be opened is told in its words.
-  CheckPassword(Library::OpenRead(path), options.password);
   std::string whole;  // without symbolic links
   OrFail(path, "cannot be found", [&] { whole = fs::canonical(path).string(); });
   original_ = FileLock::Take(whole, path);
@@ -197,12 +205,12 @@ LibraryChange LibraryChange::New(std::string const& path, zel::libTypes kind, bo
   if (!fs::is_directory(whole.parent_path())) throw Failure(path + ": its folder is not there");
   whole = fs::weakly_canonical(whole);
   LibraryChange change;
-  change.isNew_ = !replace;
+  change.isNew_ = !fs::exists(whole);
   if (replace && fs::exists(whole)) change.original_ = FileLock::Take(whole.string(), path);
   change.work_ = std::make_unique<WorkFolder>(whole.string(), path);
   for (int number = 1; number <= kFiles && !replace; ++number) {
     std::string const file = FileOf(path, number);
-    if (fs::exists(file)) throw Failure(file + ": exists; --force replaces it");
+    if (fs::exists(file)) throw Failure(file + ": exists; `zel create --force` replaces it");
   }
   change.library_ = Library::Create(kind, change.work_->First(), path);
   return change;
@@ -212,6 +220,11 @@ void LibraryChange::PutInPlace() {
   library_->Close();
   if (work_) work_->PutInPlace(isNew_);
   library_.reset();
+}
+
+bool IsBeingChanged(std::string const& path) {
+  std::error_code none;
+  return fs::exists(ReadyFolder(fs::weakly_canonical(fs::absolute(path), none)), none);
 }
 
 void FinishChange(std::string const& path) {

@@ -60,6 +60,7 @@ class LibraryChange {
 
  private:
   LibraryChange() = default;
+  void OpenCopy(std::string const& path, ChangeOptions const& options);
 
   bool isNew_ = false;
   std::optional<FileLock> original_;
@@ -67,6 +68,8 @@ class LibraryChange {
   std::optional<Library> library_;
 };
 
+// True while a change is being moved into place.
+bool IsBeingChanged(std::string const& path);
 // Finishes a change of the library that was cut off while it was moved into place.
 void FinishChange(std::string const& path);
 

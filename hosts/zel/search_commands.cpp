@@ -219,14 +219,17 @@ std::vector<std::string> PairTypes(Sources const& sources) {
   return types;
 }
 
-// `numbers` are the components' numbers: a library of pairs alone knows no IDs.
+// `numbers` are the components' numbers, for a library of pairs alone knows no IDs; empty for one
+// that no library has.
 void AddPairs(Options const& o, std::vector<std::string> const& numbers, Sources const& sources,
               Report& report) {
   Table& table = report.Begin("pairs", {{"model", ""}, {"pair", ""}, {"state", ""}, {"from", ""}});
   for (std::string const& type : PairTypes(sources)) {
     for (std::size_t i = 0; i < o.components.size(); ++i) {
       for (std::size_t k = i + 1; k < o.components.size(); ++k) {
-        std::string const from = SourceOfPair(sources, type, {numbers[i], numbers[k]});
+        bool const areKnown = !numbers[i].empty() && !numbers[k].empty();
+        std::string const from =
+            areKnown ? SourceOfPair(sources, type, {numbers[i], numbers[k]}) : "";
         table.Add({type, Joined({o.components[i], o.components[k]}),
                    Word(from.empty() ? State::kMissing : State::kStored), Text(from)});
       }
@@ -259,7 +262,12 @@ Report Coverage(Options const& o) {
   std::vector<std::string> numbers;
   for (std::string const& word : o.components) {
     PureComponent component;
-    sources.Search(word, component);
+    if (!sources.Find(word, component)) {
+      summary.Add({word, std::int64_t{0}, std::int64_t{0},
+                   static_cast<std::int64_t>(Constants().size()), std::int64_t{0}, Cell()});
+      numbers.emplace_back();
+      continue;
+    }
     Identity const identity = component.ReadIdentity();
     Counts const counts = CountOf(component);
     summary.Add(

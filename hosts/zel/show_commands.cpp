@@ -137,7 +137,8 @@ Report Show(Options const& o) {
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
   if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
-    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words));
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words) +
+                  NamesHint(library, o.words));
   }
   char source[260] = {};
   std::uint8_t isProtected = 0;

@@ -56,9 +56,13 @@ bool Sources::Read(std::size_t i, std::string const& word, PureComponent& compon
                                                          key.get());
 }
 
-void Sources::Search(std::string const& word, PureComponent& component) const {
+bool Sources::Find(std::string const& word, PureComponent& component) const {
   zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
-  if (search_->Search(key.get(), component.Def(), true)) return;
+  return search_->Search(key.get(), component.Def(), true);
+}
+
+void Sources::Search(std::string const& word, PureComponent& component) const {
+  if (Find(word, component)) return;
   std::string names;
   for (std::size_t i = 0; i < Count(); ++i) names += (i == 0 ? "" : ", ") + Name(i);
   throw Failure("component " + word + " is not in " + names + "; `zel find` looks for names");

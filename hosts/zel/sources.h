@@ -26,6 +26,8 @@ class Sources {
   // The component as one bank has it, not completed; false when it has none.
   bool Read(std::size_t i, std::string const& word, PureComponent& component) const;
   // The component merged from all banks and completed; throws Failure when no bank has it.
+  // False when none has the component.
+  bool Find(std::string const& word, PureComponent& component) const;
   void Search(std::string const& word, PureComponent& component) const;
 
  private:

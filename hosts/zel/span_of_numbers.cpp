@@ -94,7 +94,10 @@ Temperature ParseTemperature(std::string const& word) {
 }
 
 double Convert(double value, std::int32_t from, std::int32_t to) {
-  return from == to ? value : FromKelvin(ToKelvin(value, from), to);
+  if (from == to) return value;
+  // A limit of a record stays a limit: what the way through kelvin adds to the last digits is cut.
+  constexpr double kDigits = 1e9;
+  return std::round(FromKelvin(ToKelvin(value, from), to) * kDigits) / kDigits;
 }
 
 }  // namespace zelhost

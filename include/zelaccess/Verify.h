@@ -78,7 +78,7 @@ class ZEL_API ZelFindingSink {
 };
 
 // Holds everything on file against everything else, without changing a byte: the header; the free
-// extents; every tree (order of keys, links to parent and neighbours, equal depth, entry counts);
+// extents; every tree (order of keys, links all there or none, equal depth, entry counts);
 // every block, which must belong to one owner and to one only; the identifier trees against the
 // components; every item, which must decode. True when no damage was found. Findings come in the
 // order of the walk; a damaged part is not entered. Never throws for what is on file. Time and
@@ -88,8 +88,9 @@ class ZEL_API ZelFindingSink {
 //   bool const sound = zel::VerifyLibrary(library, printer);
 //
 // Kinds of damage: "header", "extent", "tree-head", "tree-node", "tree-order", "tree-links",
-// "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "item", "bank",
-// "identifier-wrong". Warnings: "bank", "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
+// "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "block-address",
+// "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown type), "block-leaked",
+// "identifier-missing", "identifier-stale". Notes: "sizes".
 ZEL_API bool VerifyLibrary(LibFile* library, ZelFindingSink& sink);
 
 }  // namespace zel

@@ -79,7 +79,14 @@ class ChangeTest : public ZelTest {
   Contents old_;
 };
 
-// A command that changes the library, killed at every third system call.
+// A command that changes the library, killed all along its system calls. Under a sanitizer a
+// program takes long to start.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr long kStep = 40;
+#else
+constexpr long kStep = 5;
+#endif
+
 TEST_F(ChangeTest, KilledAtAnyPointItIsOldOrNew) {
   std::vector<std::vector<std::string>> const commands = {
       {"set", "own.lb1", "--description", "changed"},
@@ -93,7 +100,7 @@ TEST_F(ChangeTest, KilledAtAnyPointItIsOldOrNew) {
     ASSERT_TRUE(whole != old_) << command[0];
     int oldOnes = 0;
     int newOnes = 0;
-    for (long calls = 20;; calls += 3) {
+    for (long calls = 20;; calls += kStep) {
       PutBack(old_);
       Ended const ended = RunAndKillAt(calls, Folder() / "own", command);
       if (ended == Ended::kCannotTrace) GTEST_SKIP() << "this machine allows no tracing";
@@ -114,8 +121,8 @@ TEST_F(ChangeTest, KilledAtAnyPointItIsOldOrNew) {
       }
       if (ended == Ended::kByItself) break;
     }
-    EXPECT_GT(oldOnes, 10) << command[0];
-    EXPECT_GT(newOnes, 3) << command[0];
+    EXPECT_GT(oldOnes, 3) << command[0];
+    EXPECT_GT(newOnes, 0) << command[0];
   }
 }
 
@@ -155,15 +162,14 @@ TEST_F(ChangeTest, TwoThatMakeOneLibrary) {
   }
 }
 
-TEST_F(ChangeTest, FolderThatAnotherProgramLocked) {
+// A script may hold the folder while it works in it.
+TEST_F(ChangeTest, FolderThatTheCallerLocked) {
   Outcome const outcome = Shell(
       "command -v flock >/dev/null || exit 77; "
-      "flock own \"$ZEL\" set own/own.lb1 --description x");
+      "flock own timeout 20 \"$ZEL\" set own/own.lb1 --description x");
   if (outcome.status == 77) GTEST_SKIP() << "no flock";
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_NE(outcome.err.find("another program has locked this folder"), std::string::npos)
-      << outcome.err;
-  EXPECT_TRUE(Now() == old_);
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(Json("info own/own.lb1")["description"], "x");
 }
 
 TEST_F(ChangeTest, FolderAtWorkIsLeftAlone) {

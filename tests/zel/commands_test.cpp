@@ -302,6 +302,55 @@ TEST_F(CommandsTest, CoverageCountsDataAndPairs) {
   EXPECT_TRUE(missing);
 }
 
+TEST_F(CommandsTest, CoverageOfWhatNobodyHas) {
+  json const report = Json("coverage ETHANOL NOBODY -l perry.lb1 -l sample.lb1");
+  json const nobody = Row(report["components"], "component", "NOBODY");
+  EXPECT_EQ(nobody["stored"], 0);
+  EXPECT_EQ(nobody["missing"], 41);
+  EXPECT_EQ(Row(report["pairs"], "pair", "ETHANOL + NOBODY")["state"], "missing");
+}
+
+// 10.6 C is 283.75 K, and the last temperature of the record.
+TEST_F(CommandsTest, LimitOfARecordInAnotherUnitIsInside) {
+  MakeFile("c.xml",
+           "<bank type=\"PURECOMP\" name=\"C\"><comp><id number=\"7\" name=\"X\"> XXX </id>"
+           "<correlation name=\"SurfaceTension\" equation=\"1\" tempUnit=\"c\" propUnit=\"n/m\" "
+           "tMin=\"0\" tMax=\"10.6\"> 0.05 -0.001 </correlation></comp></bank>");
+  Good("import c.lb1 c.xml --create");
+  json const points =
+      Json("eval XXX SurfaceTension -l c.lb1 --at 283.75K 273.15K 51.08F")["points"];
+  for (json const& point : points) EXPECT_EQ(point["range"], "inside") << point;
+}
+
+TEST_F(CommandsTest, EveryPrintableCharacterThatAPasswordMayHaveOpens) {
+  Good("create own.lb1");
+  Outcome const set = Zel("set own.lb1 --new-password 'Az09 !\"#$%&()*+,-./:;<=>?@_'");
+  ASSERT_EQ(set.status, 0) << set.err;
+  EXPECT_EQ(Zel("set own.lb1 --description x").status, 1);
+  Good("set own.lb1 --description x --password 'Az09 !\"#$%&()*+,-./:;<=>?@_'");
+  EXPECT_EQ(
+      Zel("set own.lb1 --description y", "ZEL_PASSWORD='Az09 !\"#$%&()*+,-./:;<=>?@_'").status, 0);
+}
+
+TEST_F(CommandsTest, InPlaceDoesTheSame) {
+  Good("copy sample.lb1 one.lb1 --create --bank OCTANE");
+  Good("copy sample.lb1 two.lb1 --create --bank OCTANE");
+  Good("set one.lb1 --description x");
+  Good("set two.lb1 --description x --in-place");
+  Good("copy sample.lb1 one.lb1 --bank RACKETT");
+  Good("copy sample.lb1 two.lb1 --bank RACKETT --in-place");
+  EXPECT_EQ(Json("diff one.lb1 two.lb1")["differences_found"], 0);
+  EXPECT_EQ(Zel("set two.lb1 --description y --in-place --password z").status, 1);
+}
+
+TEST_F(CommandsTest, SwitchesOfExportAndImport) {
+  Good("export crc.lb1 --banner -o a.xml");
+  EXPECT_NE(FileText(Folder() / "a.xml").find("*** Maintenance Log ***"), std::string::npos);
+  std::filesystem::create_directory(Folder() / "files");
+  EXPECT_GT(Json("export crc.lb1 --component-files -o files")["documents"], 100);
+  EXPECT_NE(Good("import own.lb1 a.xml --create --verbose"), Good("import two.lb1 a.xml --create"));
+}
+
 TEST_F(CommandsTest, ExportAndImportComeBackEqual) {
   Good("export sample.lb1 -o out.xml");
   Good("import again.lb1 out.xml --create");
