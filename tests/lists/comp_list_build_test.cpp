@@ -2,6 +2,7 @@
 #include "lists/comp_list_build.h"
 
 #include <algorithm>
+#include <limits>
 #include <stdexcept>
 
 #include "frame/ascii.h"
@@ -98,6 +99,54 @@ TEST_F(BuildTest, FurtherRowsHaveTheirPlacesInEveryOrder) {
                                       "Aa\t-1\tZ\t3\tC2H6O\t5\t-\t-1\t300\t-1\t46\t-1\n"
                                       "Bb\t-1\tZ\t4\tH2O\t-1\t-\t-1\t300\t-1\t46\t-1\n"
                                       "Aa\t-1\tM\t-1\tNaCl\t-1\t-\t-1\t300\t-1\t46\t-1\n");
+}
+
+// More rows than a sort would leave in place by chance.
+TEST_F(BuildTest, RowsThatSortAlikeStayInTheOrderOfTheirAdding) {
+  CompListBuild_p& b = Builder();
+  std::string expected;
+  for (int i = 0; i < 500; ++i) {
+    b.AddRecord(std::to_string(i).c_str(), "SAME", "CH4", casn("64-17-5"), 300, 16);
+    expected += std::to_string(i) + " ";
+  }
+  b.SortRecords();
+  for (compListSorts sort : {sortById, sortByFormula, sortByCas, sortByNbp, sortByMw}) {
+    list_.SetSort(sort, 0);
+    std::string names;
+    char id[13], name[41], formula[21];
+    while (list_.GetNextShort(id, name, formula)) names += std::string(name) + " ";
+    EXPECT_EQ(names, expected) << sort;
+  }
+}
+
+// Each formula adds to the sort text that the row before it left: a second one stands behind the
+// first ones of all components with that ID.
+TEST_F(BuildTest, SecondFurtherFormulaSortsBehindTheFirstOnes) {
+  CompListBuild_p& b = Builder();
+  b.AddRecord("One", "M", "A1", casn(), kNone, kNone);
+  b.AddFormula("A2");
+  b.AddFormula("A3");
+  b.AddRecord("Two", "M", "B1", casn(), kNone, kNone);
+  b.AddFormula("B2");
+  b.SortRecords();
+  std::string formulas;
+  for (ListEntry const& row : list_.Entries()) formulas += row.formula + " ";
+  EXPECT_EQ(formulas, "A1 B1 A2 B2 A3 ");
+}
+
+TEST_F(BuildTest, NumberThatIsNoneHasNoPlaceInItsOrder) {
+  CompListBuild_p& b = Builder();
+  double const none = std::numeric_limits<double>::quiet_NaN();
+  double next = 400.0;
+  for (char const* id : {"A", "B", "C", "D", "E", "F"}) {
+    bool const listed = (*id - 'A') % 2 != 0;
+    b.AddRecord(id, id, "CH4", casn(), listed ? next : none, listed ? next : none);
+    next -= 10.0;
+  }
+  b.SortRecords();
+  EXPECT_EQ(Walk(sortByNbp), "F D B ");
+  EXPECT_EQ(Walk(sortByMw), "F D B ");
+  EXPECT_EQ(Walk(sortById), "A B C D E F ");
 }
 
 TEST_F(BuildTest, HeadNamesTheFileBehindTheLastSeparatorOfEitherKind) {

@@ -126,6 +126,16 @@ TEST_F(CompListTest, NumbersThatPointAtNoRowArePassedOver) {
   EXPECT_EQ(Walk(sortByFormula), "A ") << "what is no number reads as 0";
 }
 
+// They stay in their orders, as far as a number can go, and are passed over in either direction.
+TEST_F(CompListTest, NumbersBeyondTheRowsAndBeyondNumbersAreKept) {
+  ASSERT_TRUE(Read("W\tA\tF\t7\t4294967296\nX\tB\tG\t1\t-4294967295\nY\tC\tH\t0\t99999999999\n"));
+  EXPECT_EQ(list_.OrderBy(sortByName), (CompList_i::Order{7, 1, 0}));
+  EXPECT_EQ(list_.OrderBy(sortByFormula), (CompList_i::Order{INT32_MAX, INT32_MAX}));
+  EXPECT_EQ(Walk(sortByName), "B A ");
+  EXPECT_EQ(Walk(sortByName, true), "A B ");
+  EXPECT_EQ(Walk(sortByFormula), "");
+}
+
 TEST_F(CompListTest, MissingColumnsAreEmptyAndGiveNoNumber) {
   ASSERT_TRUE(Read("W\tA\tF\t0\t0\nonly a name\n"));
   EXPECT_EQ(Walk(sortByName), "A ");

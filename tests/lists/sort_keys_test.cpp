@@ -74,6 +74,21 @@ TEST(SortKeys, NameKeysLeadWithTheMainWords) {
   EXPECT_LT(MakeNameKey("n-Butane"), MakeNameKey("Butanol"));
 }
 
+// A word is looked at as far as its first 40 characters; its case is given to all of it.
+TEST(SortKeys, LongWordsCountByTheirFirstFortyCharacters) {
+  std::string const fifty(50, 'B');
+  EXPECT_EQ(MakeNameKey(fifty + "-1"), std::string(40, 'b') + "  1-  ");
+  EXPECT_EQ(MakeNameKey(std::string(45, '7') + ",x"), "x  " + std::string(40, '7') + ",  ");
+  std::string const primes(39, '\'');
+  std::string name = "N" + primes + "'tail-CIS-rest";
+  EXPECT_EQ(MakeNameKey(name), "rest  n" + primes + "-  c-");
+  TidyName(name.data());
+  EXPECT_EQ(name, "N" + primes + "'TAIL-cis-rest");
+  name = "alpha" + std::string(40, 'A');
+  TidyName(name.data());
+  EXPECT_EQ(name, "alpha" + std::string(40, 'A')) << "no prefix any more";
+}
+
 TEST(SortKeys, IdKeysPutLeadingDigitsBehind) {
   EXPECT_EQ(MakeIdKey("1-BUTENE"), "BUTENE 11 -");
   EXPECT_EQ(MakeIdKey("BUTANE"), "BUTANE 0 -");
