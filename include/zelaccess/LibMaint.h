@@ -86,6 +86,7 @@ class ZEL_API LibMaint {
   virtual void CollectUsedNumbers() = 0;
 
   // Walks, in key order. A Next... gives false at the end and when its walk is not the current one.
+  // `keyWords` has room for ten words, the most that a key of any bank has.
   virtual void BeginIdWalk() = 0;
   virtual bool NextId(std::int32_t& number, char* id) = 0;
   virtual void EndIdWalk() = 0;
