@@ -112,8 +112,34 @@ TEST_F(BanksTest, MemosAreKeptPerBank) {
   EXPECT_STREQ(memo, "");
 }
 
+// The length of a memo comes from the file; 0, as old files have it, stands for the usual one.
+TEST_F(BanksTest, MemoLengthIsNeverMoreThanTheBuffer) {
+  Maint().CreateBank("NRTL", "A", 0);
+  std::string const text(3999, 'm');
+  Maint().SetBankMemo("NRTL", "A", text.c_str());
+  struct {
+    std::int32_t words;
+    std::size_t length;
+  } const rows[] = {{-1, 0}, {INT32_MIN, 0}, {0, 3999}, {2, 8}, {1001, 3999}, {INT32_MAX, 3999}};
+  for (auto const& row : rows) {
+    std::int32_t const* found = nullptr;
+    std::int32_t* entry = nullptr;
+    ASSERT_TRUE(Library().FindBank("NRTL", "A", found, false));
+    ASSERT_TRUE(Library().GetBankTree()->GetCurrentData(entry));
+    entry[format::kBankMemoWords] = row.words;
+    ASSERT_TRUE(Library().GetBankTree()->WriteCurrentNode());
+    char memo[4001];
+    memo[4000] = '#';
+    Maint().GetBankMemo("NRTL", "A", memo);
+    EXPECT_EQ(memo, text.substr(0, row.length)) << row.words;
+    EXPECT_EQ(memo[4000], '#');
+    if (row.length == text.size()) Maint().SetBankMemo("NRTL", "A", text.c_str());
+  }
+}
+
 TEST_F(BanksTest, ReaderCannotChange) {
   Maint().CreateBank("VANLAAR", "A", 0);
+  Maint().SetBankMemo("VANLAAR", "A", "memo");
   SetAij(1, 2);
   key_.SetKey(1L, 2L);
   Maint().WriteItem(vanLaar_.Get(), "A", &key_);
@@ -130,6 +156,11 @@ TEST_F(BanksTest, ReaderCannotChange) {
   EXPECT_THROW(Maint().DeleteItem("VANLAAR", "A", &key_), unsigned long);
   ASSERT_TRUE(Maint().ReadItem(vanLaar_.Get(), "A", &key_));
   EXPECT_EQ(Aij(), 1.0) << "nothing of it stays in a buffer";
+  key_.SetKey(5L, 6L);
+  EXPECT_FALSE(Maint().ItemExists(vanLaar_.Get(), "A", &key_));
+  char memo[4000];
+  Maint().GetBankMemo("VANLAAR", "A", memo);
+  EXPECT_STREQ(memo, "memo");
 }
 
 TEST_F(BanksTest, ReferredBanksAreNamed) {

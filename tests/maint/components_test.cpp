@@ -1,4 +1,5 @@
 // Pure components through the working surface, and the identifiers that enter with them.
+#include <cstring>
 #include <string>
 
 #include "frame/ascii.h"
@@ -91,6 +92,53 @@ TEST_F(ComponentsTest, RewritingEntersNewIdentifiersToo) {
   ASSERT_TRUE(Maint().RewriteItem(bank_.Def()));
   EXPECT_EQ(Maint().FindNumberById("SECOND"), 100);
   EXPECT_EQ(Maint().FindNumberByCas(casn("64-17-5")), 100);
+}
+
+// Entering its identifiers does not take the place of a written component away.
+TEST_F(ComponentsTest, WrittenComponentIsTheItemAtHand) {
+  for (double const mw : {18.0, 32.0}) {  // a new item, then one that is there
+    ASSERT_TRUE(Write(100, 64175, {"ONE", "TWO"}, mw));
+    bank_->SetProperty(0, mw + 0.5);
+    char const ids[12][9] = {"ONE", "TWO", "THREE"};
+    bank_->SetIdentity(100, 64175, 0, ids, "A NAME", "C2H6O", 0);
+    ASSERT_TRUE(Maint().RewriteItem(bank_.Def()));
+    Reopen(accUpdate);
+    ASSERT_TRUE(Read(100L));
+    EXPECT_EQ(Mw(), mw + 0.5);
+    EXPECT_EQ(Maint().FindNumberById("THREE"), 100);
+  }
+}
+
+// An index that cannot be read gets no new entries: they would stand in the wrong place. The record
+// itself is written by then.
+TEST_F(ComponentsTest, IndexThatCannotBeReadEndsAWrite) {
+  constexpr int kTrees[] = {1, 2};  // character IDs, CAS numbers
+  constexpr std::int32_t kNowhere = 112'999'999;
+  ASSERT_TRUE(Write(100, 64175, {"ONE"}));
+  for (int const tree : kTrees) {
+    Library().CloseLibFile();
+    std::byte* const file1 = files_.Contents("/m.lb1").data();
+    std::int32_t address = 0;
+    std::memcpy(&address, file1 + format::kWordBytes * format::kTreeHeadsAddress, sizeof address);
+    std::int32_t const head =
+        (address % format::kFileFactor - 1) * format::kBlockWordsOfFile1 + tree * 8;
+    std::byte* const root = file1 + format::kWordBytes * (head + format::kHeadRootAddress);
+    std::int32_t whole = 0;
+    std::memcpy(&whole, root, sizeof whole);
+    std::memcpy(root, &kNowhere, sizeof kNowhere);
+    Reopen(accUpdate);
+    std::int32_t const number = 200 + tree;
+    std::string const id = "NEW" + std::to_string(tree);
+    EXPECT_THROW(Write(number, 7732185, {id.c_str()}, 18.0), unsigned long) << tree;
+    BTree_i* const damaged = tree == 1 ? Library().GetCharIdTree() : Library().GetCasTree();
+    EXPECT_EQ(damaged->Head().rootAddress, kNowhere) << "left as it is";
+    EXPECT_TRUE(Read(static_cast<long>(number)));
+    Library().CloseLibFile();
+    std::memcpy(files_.Contents("/m.lb1").data() + (root - file1), &whole, sizeof whole);
+    Reopen(accUpdate);
+    EXPECT_EQ(Maint().FindNumberById("ONE"), 100);
+    EXPECT_EQ(Maint().FindNumberByCas(casn("64-17-5")), 100);
+  }
 }
 
 TEST_F(ComponentsTest, CasNumberThatIsNoneIsPassedOver) {

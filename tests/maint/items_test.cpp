@@ -52,6 +52,19 @@ TEST_F(ItemsTest, ReversedPairIsTurnedRoundBothWays) {
   EXPECT_EQ(Aij(), 1.5) << "plain words are turned at each use";
 }
 
+TEST_F(ItemsTest, WriteThatBreaksOffGivesTheCallersOrderBack) {
+  ASSERT_TRUE(Write(9, 3, 1.5, 2.5));
+  Reopen(accRead);
+  EXPECT_THROW(Write(9, 3, 7.5, 8.5), unsigned long);
+  EXPECT_EQ(Aij(), 7.5);
+  EXPECT_THROW(Write(9, 4, 7.5, 8.5), unsigned long) << "a new one";
+  EXPECT_EQ(Aij(), 7.5);
+  ASSERT_TRUE(Read(9, 3));
+  EXPECT_EQ(Aij(), 1.5) << "nothing of it is in the library";
+  EXPECT_THROW(Maint().RewriteItem(vanLaar_.Get()), unsigned long);
+  EXPECT_EQ(Aij(), 1.5);
+}
+
 TEST_F(ItemsTest, SymmetricPairDoesNotChangeAndOrderedPairIsItsOwn) {
   Held<IZelBankDef> const pro(NewBank("PRO"));
   Held<IZelBankDef> const henry(NewBank("HENRY"));

@@ -51,6 +51,15 @@ TEST_F(NumbersTest, TakenNumbersArePassedOver) {
   EXPECT_EQ(Maint().NextComponentNumber(), 21000001);
 }
 
+TEST_F(NumbersTest, NumbersEnteredLaterAreSeenOnlyByCollectingAnew) {
+  EXPECT_EQ(Maint().NextComponentNumber(), 21000000);
+  AddId("LATER", 21000001);
+  EXPECT_EQ(Maint().NextComponentNumber(), 21000001);
+  Maint().CollectUsedNumbers();
+  EXPECT_EQ(Maint().NextComponentNumber(), 21000000) << "given out, and never entered";
+  EXPECT_EQ(Maint().NextComponentNumber(), 21000002);
+}
+
 TEST_F(NumbersTest, LibMaintOnAClosedLibraryAnswersNothing) {
   Library().CloseLibFile();
   EXPECT_EQ(Maint().FindNumberById("X"), 0);

@@ -104,6 +104,18 @@ TEST_F(TextDumpTest, PhasesHaveWords) {
   EXPECT_EQ(Components(), expected);
 }
 
+TEST_F(TextDumpTest, PhaseOutOfRangeHasNoWord) {
+  maint_->CreateBank("PURECOMP", "PURE", 0);
+  std::string expected;
+  std::int32_t number = 10;
+  for (std::int32_t phase : {8, 100, -1, INT32_MAX, INT32_MIN}) {
+    std::string const id = "ID" + std::to_string(number);
+    Add("PURE", number++, {id.c_str()}, {300, 20, 500, phase});
+    expected += "Name of it\t\t" + id + "\tC2H6O\t\t300\t20\n";
+  }
+  EXPECT_EQ(Components(), expected);
+}
+
 TEST_F(TextDumpTest, LowCriticalTemperatureAndSolidsAreMarked) {
   maint_->CreateBank("PURECOMP", "PURE", 0);
   Add("PURE", 1, {"A"}, {0.0, 1e-7, 399.999, 4});

@@ -1,4 +1,7 @@
 // Walks over IDs, banks and items.
+#include <algorithm>
+#include <cstdint>
+
 #include "tests/maint/maint_fixture.h"
 
 namespace zel {
@@ -145,6 +148,59 @@ TEST_F(WalksTest, OnlyTheCurrentWalkGoesOn) {
   Maint().BeginIdWalk();
   Maint().ItemExists(vanLaar_.Get(), "A", &key_);
   EXPECT_FALSE(Maint().NextId(number, id)) << "an item access ends a walk";
+}
+
+// A walk keeps its own head, whatever node of the directory lies in the library's buffer by then.
+TEST_F(WalksTest, ItemsGoOnBesideLookUpsOfOtherBanks) {
+  constexpr int kBanks = 150;  // more than a node of the directory holds
+  for (int b = 0; b < kBanks; ++b) {
+    std::string const name = "N" + std::to_string(b);
+    ASSERT_TRUE(Maint().CreateBank("VANLAAR", name.c_str(), 0));
+    SetAij(double(b), 0);
+    for (long i : {1L, 2L, 3L}) {
+      key_.SetKey(i, 1000L + b);
+      ASSERT_TRUE(Maint().WriteItem(vanLaar_.Get(), name.c_str(), &key_));
+    }
+  }
+  std::int32_t words[10];
+  for (int b : {0, 70, kBanks - 1}) {
+    ASSERT_TRUE(Maint().BeginItemWalk("VANLAAR", ("N" + std::to_string(b)).c_str()));
+    for (std::int32_t i : {1, 2, 3}) {
+      for (int other = 0; other < kBanks; ++other) {
+        ASSERT_TRUE(Maint().BankExists("VANLAAR", ("N" + std::to_string(other)).c_str()));
+      }
+      ASSERT_TRUE(Maint().NextItem(words, vanLaar_.Get())) << b;
+      EXPECT_EQ(words[0], i);
+      EXPECT_EQ(words[1], 1000 + b);
+      EXPECT_EQ(Aij(), double(b));
+    }
+    EXPECT_FALSE(Maint().NextItem(words, vanLaar_.Get()));
+  }
+}
+
+// Callers have room for ten words: a bank whose head claims longer keys has no items.
+TEST_F(WalksTest, KeysOfMoreThanTenWordsAreNoKeys) {
+  Maint().CreateBank("VANLAAR", "A", 0);
+  SetAij(1, 2);
+  key_.SetKey(1L, 2L);
+  ASSERT_TRUE(Maint().WriteItem(vanLaar_.Get(), "A", &key_));
+  for (std::int32_t claimed : {11, 22, 500, -1, INT32_MAX}) {
+    std::int32_t const* found = nullptr;
+    std::int32_t* entry = nullptr;
+    ASSERT_TRUE(Library().FindBank("VANLAAR", "A", found, false));
+    ASSERT_TRUE(Library().GetBankTree()->GetCurrentData(entry));
+    std::int32_t* head = entry + format::kBankHead;
+    head[format::kHeadKeyWords] = claimed;
+    ASSERT_TRUE(Library().GetBankTree()->WriteCurrentNode());
+    for (bool const withItem : {true, false}) {
+      std::vector<std::int32_t> words(600, 7);
+      EXPECT_THROW(Maint().BeginItemWalk("VANLAAR", "A"), unsigned long);
+      EXPECT_FALSE(withItem ? Maint().NextItem(words.data(), vanLaar_.Get())
+                            : Maint().NextItemKey(words.data()))
+          << claimed;
+      EXPECT_TRUE(std::all_of(words.begin() + 10, words.end(), [](auto w) { return w == 7; }));
+    }
+  }
 }
 
 TEST_F(WalksTest, TwoObjectsOnOneReaderWalkIndependently) {
