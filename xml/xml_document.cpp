@@ -84,6 +84,7 @@ struct Pieces {
 // What is counted of one document while it is parsed.
 struct Parse {
   bool refused = false;
+  bool memoryLost = false;  // an error behind it takes its place in the parser's own record
   int declaredAttributes = 0;
   double room = 0.0;  // bytes that entities may still add
   std::map<std::string, double, std::less<>> entityBytes;
@@ -288,14 +289,18 @@ bool XmlDocument::Load(std::string_view text) {
   context->sax->reference = ReferToEntity;
   context->sax->resolveEntity = ResolveNothing;
   context->sax->externalSubset = LoadNoSubset;
+  context->sax->serror = [](void* data, auto* error) {
+    auto* const now = static_cast<Parse*>(static_cast<xmlParserCtxt*>(data)->_private);
+    if (error->code == XML_ERR_NO_MEMORY) now->memoryLost = true;
+  };
   constexpr int kOptions = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
                            XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
-  // Memory that ran out while the tree was built is told by the library's last error alone.
+  // Memory that ran out while the tree was built may be told by the library's last error alone.
   xmlResetLastError();
   document_.reset(xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()),
                                     nullptr, nullptr, kOptions));
   xmlError const* last = xmlGetLastError();
-  if (context->errNo == XML_ERR_NO_MEMORY || (last != nullptr && last->code == XML_ERR_NO_MEMORY)) {
+  if (parse.memoryLost || (last != nullptr && last->code == XML_ERR_NO_MEMORY)) {
     document_.reset();
     throw std::bad_alloc();
   }

@@ -1,5 +1,6 @@
 set(xml_TEST_SOURCES
     bad_documents_test.cpp
+    document_memory_test.cpp
     document_test.cpp
     export_all_types_test.cpp
     export_component_test.cpp

@@ -1,0 +1,118 @@
+// Documents while memory runs out: an exception, and never a document that counts as badly formed
+// or that is there in part.
+#include <gtest/gtest.h>
+#include <libxml/parser.h>
+#include <libxml/xmlmemory.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <set>
+#include <string>
+
+#include "xml/xml_document.h"
+
+namespace zel {
+namespace {
+
+// Requests that the parser may still make before all others are refused; -1 for any number.
+int left = -1;
+bool anyRefused = false;
+
+bool Refused() {
+  if (left < 0) return false;
+  if (left > 0) {
+    --left;
+    return false;
+  }
+  anyRefused = true;
+  return true;
+}
+
+// What the parser has. It forgets some of it when it is refused more, which is its own affair: here
+// that stays known.
+std::set<void*>& Held() {
+  static std::set<void*>& held = *new std::set<void*>;
+  return held;
+}
+
+void* Hold(void* memory) {
+  if (memory != nullptr) Held().insert(memory);
+  return memory;
+}
+void GiveBack(void* memory) {
+  Held().erase(memory);
+  std::free(memory);
+}
+void* Take(std::size_t size) { return Refused() ? nullptr : Hold(std::malloc(size)); }
+void* Retake(void* memory, std::size_t size) {
+  if (Refused()) return nullptr;
+  Held().erase(memory);
+  return Hold(std::realloc(memory, size));
+}
+char* Duplicate(char const* text) {
+  return Refused() ? nullptr : static_cast<char*>(Hold(::strdup(text)));
+}
+
+class DocumentMemoryTest : public ::testing::Test {
+ protected:
+  DocumentMemoryTest() {
+    xmlInitParser();
+    xmlMemGet(&free_, &take_, &retake_, &duplicate_);
+    xmlMemSetup(GiveBack, Take, Retake, Duplicate);
+  }
+  ~DocumentMemoryTest() override {
+    left = -1;
+    xmlMemSetup(free_, take_, retake_, duplicate_);
+  }
+
+ private:
+  xmlFreeFunc free_ = nullptr;
+  xmlMallocFunc take_ = nullptr;
+  xmlReallocFunc retake_ = nullptr;
+  xmlStrdupFunc duplicate_ = nullptr;
+};
+
+// All that the document shows, one after the other.
+std::string Shown(XmlNode node) {
+  std::string text;
+  std::string scratch;
+  for (; node; node = node.Next()) {
+    text += std::string(node.Name()) + "(";
+    for (XmlNode at = node.FirstAttribute(); at; at = at.Next()) {
+      text += std::string(at.Name()) + "=" + std::string(at.Value(scratch)) + ";";
+    }
+    text += Shown(node.FirstChild()) + ")" + std::string(node.Text(scratch));
+  }
+  return text;
+}
+
+TEST_F(DocumentMemoryTest, RefusalIsAnExceptionWhereverItComes) {
+  std::string const document =
+      "<?xml version='1.0'?><!DOCTYPE r [<!ENTITY e 'words<b/>'>]><!-- c --><r xmlns:p='u' "
+      "p:a='1&lt;'><p:c>one &amp; two &e;<![CDATA[ three ]]></p:c><d a='x'>four</d><?t u?></r>";
+  XmlDocument untroubled;
+  ASSERT_TRUE(untroubled.Load(document));
+  std::string const whole = Shown(untroubled.FirstNode());
+  EXPECT_NE(whole.find("four"), std::string::npos) << whole;
+  int thrown = 0;
+  anyRefused = true;
+  for (int allowed = 0; anyRefused; ++allowed) {
+    XmlDocument read;
+    anyRefused = false;
+    left = allowed;
+    try {
+      bool const good = read.Load(document);
+      std::string const shown = good ? Shown(read.FirstNode()) : "no document";
+      left = -1;
+      ASSERT_EQ(shown, whole) << allowed;
+    } catch (std::bad_alloc const&) {
+      left = -1;
+      ++thrown;
+    }
+  }
+  EXPECT_GT(thrown, 10);
+}
+
+}  // namespace
+}  // namespace zel
