@@ -80,5 +80,19 @@ TEST(DateTest, HasDayMonthAndYear) {
             std::string::npos);
 }
 
+// English names, as the list of months has them, and never those of a locale.
+TEST(DateTest, LongDateHasTheWholeMonth) {
+  std::string const before = TodayText();
+  std::string const text = LongTodayText();
+  if (TodayText() != before) GTEST_SKIP() << "midnight";
+  std::string month;
+  for (char const* name : {"January", "February", "March", "April", "May", "June", "July", "August",
+                           "September", "October", "November", "December"}) {
+    if (before.substr(3, 3) == std::string(name).substr(0, 3)) month = name;
+  }
+  ASSERT_FALSE(month.empty()) << before;
+  EXPECT_EQ(text, before.substr(0, 3) + month + before.substr(6));
+}
+
 }  // namespace
 }  // namespace zel

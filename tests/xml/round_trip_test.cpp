@@ -118,6 +118,27 @@ TEST_F(RoundTripTest, UnescapedTextMakesADocumentUnreadable) {
                            Out("Bank-GRPDESC-G.xml") + "\"\n");
 }
 
+// Names of banks stand in the header, in an attribute and in the name of the file, all as they are.
+TEST_F(RoundTripTest, NamesOfBanksGoOutAsTheyStand) {
+  struct {
+    char const* name;
+    bool comesBack;
+  } const rows[] = {{"A--B", false}, {"A&B", false}, {"A<B", false}, {"A\"B", false},
+                    {"A>B", true},   {"A-B", true},  {"A'B", true}};
+  int copies = 0;
+  for (auto const& row : rows) {
+    ASSERT_TRUE(Maint().CreateBank("VANLAAR", row.name, 0));
+    ReadBack(Maint(), ("/copy" + std::to_string(++copies) + ".lb1").c_str());
+    std::string const file = "Bank-VANLAAR-" + std::string(row.name) + ".xml";
+    std::string const name = row.name;
+    EXPECT_NE(FileText(Out(file)).find("name \"" + name + "\"\n"), std::string::npos);
+    EXPECT_NE(FileText(Out(file)).find("name=\"" + name + "\">"), std::string::npos);
+    EXPECT_EQ(imported_, row.comesBack) << row.name << lines_;
+    EXPECT_EQ(copyMaint_->BankExists("VANLAAR", row.name), row.comesBack) << row.name;
+    Maint().DeleteBank("VANLAAR", row.name);
+  }
+}
+
 TEST_F(RoundTripTest, NamedValueWithoutANameIsRefused) {
   Put("WILSON", "W", {1, 2}, [](IZelBankDef* bank) {
     std::int32_t const odd = 99;
@@ -264,12 +285,18 @@ TEST_F(ComponentRoundTripTest, FormsAbove100AndOneReferenceCodeAreNotWritten) {
   Through([](IZelPureComp* c) {
     double const one[15] = {1.0};
     c->SetCorrelation(0, 117, 10, 4015, 1, 1, 1, 200.0, 300.0, one);
+    c->SetCorrelation(1, 126, 10, 28018, 1, 1, 1, 200.0, 300.0, one);
+    c->SetCorrelation(13, 134, 10, 30016, 1, 1, 1, 200.0, 300.0, one);
+    c->SetCorrelation(14, 100, 10, 30016, 1, 1, 1, 200.0, 300.0, one);
     c->SetCorrelation(17, 1, 10, 22024, 1, 1, 1, 200.0, 300.0, one);
     c->SetCorrelationRefCode(17, 5);
   });
   EXPECT_TRUE(imported_) << Reports();
   std::string const text = Body("Comp-PURE-A.xml");
   EXPECT_EQ(text.find("VaporPressure"), std::string::npos);
+  EXPECT_EQ(text.find("IdealEnthalpy"), std::string::npos);
+  EXPECT_EQ(text.find("IdealGasCp"), std::string::npos);
+  EXPECT_NE(text.find("name=\"LiquidCp\" equation=\"100\""), std::string::npos);
   EXPECT_NE(text.find("CharacteristicVolume"), std::string::npos);
   EXPECT_EQ(text.find("refCode"), std::string::npos);
 }

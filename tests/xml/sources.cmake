@@ -12,6 +12,7 @@ set(xml_TEST_SOURCES
     import_component_units_test.cpp
     import_component_test.cpp
     import_items_test.cpp
+    import_limits_test.cpp
     import_text_test.cpp
     import_walk_test.cpp
     round_trip_test.cpp
