@@ -1,6 +1,8 @@
 // Equation forms: polynomials and rational forms in the temperature.
 #pragma once
 
+#include <type_traits>
+
 #include "purecomp/equation_symbols.h"
 
 namespace zel::forms {
@@ -15,7 +17,7 @@ template <typename S>
 typename S::Value ChebyshevSum(S const& s) {
   using V = typename S::Value;
   auto const x = (2.0 * s.T - s.tMax() - s.tMin()) / (s.tMax() - s.tMin());
-  auto previous = x * 0.0 + 1.0;
+  std::remove_const_t<decltype(x)> previous(1.0);  // whatever x is: it may be infinite
   auto current = x;
   V sum(0.0);
   for (int i = 1; i <= s.N; ++i) {
