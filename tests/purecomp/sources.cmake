@@ -1,5 +1,6 @@
 set(purecomp_TEST_SOURCES
     equations_test.cpp
+    evaluate_edges_test.cpp
     evaluate_test.cpp
     fill_in_atoms_test.cpp
     fill_in_correlations_test.cpp
@@ -11,6 +12,7 @@ set(purecomp_TEST_SOURCES
     formula_test.cpp
     implicit_form_test.cpp
     pure_comp_test.cpp
+    record_edges_test.cpp
     record_merge_test.cpp
     record_test.cpp
     structures_test.cpp)
