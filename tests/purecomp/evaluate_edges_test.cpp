@@ -131,6 +131,19 @@ TEST(EvaluateEdges, WagnerFormGivesTheCriticalPressureInAnyUnit) {
   }
 }
 
+// Two kinds of units have a factor of 0, out of which no critical pressure can be taken.
+TEST(EvaluateEdges, WagnerFormWithoutAFactorIsNoNumber) {
+  for (std::int32_t unit : {43010, 44010}) {
+    ComponentBank bank;
+    bank->SetProperty(1, 380.0);
+    bank->SetProperty(2, 4000.0);
+    Set(bank, 0, 47, {-7.0, 1.5, -2.0, -3.0}, 200, 400, unit, 0);
+    Result const r = Evaluate(bank, 0, 300.0);
+    EXPECT_EQ(r.result, kStatusOk) << unit;
+    EXPECT_TRUE(std::isnan(r.value)) << unit;
+  }
+}
+
 // The critical constants of the forms are those as read, also after the missing one was derived.
 TEST(EvaluateEdges, FormsSeeTheConstantsAsRead) {
   ComponentBank bank;
