@@ -213,7 +213,7 @@ TEST_F(SearchTest, ProtectedLibrariesAreToldByFlag) {
 TEST_F(SearchTest, BankThatDoesNotFitIsPassedOver) {
   Write(0, "VANLAAR", "A", 1, 2, 3.5);
   Write(1, "VANLAAR", "A", 1, 2, 4.5);
-  for (int word : {format::kHeadKeyWords, format::kHeadDataWords}) {
+  for (int word : {format::kHeadKeyWords, format::kHeadDataWords, format::kHeadEntryWords}) {
     std::int32_t const before = PutInHead(word, 5);
     search_.SetLibraries(2, all_);
     search_.SetBankNames(1, kA);

@@ -135,6 +135,47 @@ TEST_F(ItemsTest, WriteToABankOfAnotherShapeChangesNothing) {
   EXPECT_TRUE(Read(1, 2));
 }
 
+// The record length fits, and yet an entry has no room for the record: one word where the head says
+// that the data lie elsewhere, or some words too few.
+TEST_F(ItemsTest, RecordsLongerThanTheirEntriesAreNotRead) {
+  ASSERT_TRUE(Write(1, 2, 3, 4));
+  for (std::int32_t entryWords : {3, 15}) {
+    PatchHead(Library(), format::kHeadDigits, entryWords == 3 ? 1 : 0);
+    PatchHead(Library(), format::kHeadEntryWords, entryWords);
+    std::int32_t words[10] = {};
+    SetAij(7, 8);
+    EXPECT_FALSE(Read(1, 2)) << entryWords;
+    EXPECT_EQ(Maint().Log().PendingText(), "Incorrect data block length");
+    EXPECT_TRUE(gen_IsUndefDouble(Aij()));
+    EXPECT_FALSE(Maint().ItemExists(vanLaar_.Get(), "A", &key_)) << entryWords;
+    SetAij(7, 8);
+    if (Maint().BeginItemWalk("VANLAAR", "A")) {
+      EXPECT_FALSE(Maint().NextItem(words, vanLaar_.Get())) << entryWords;
+      EXPECT_TRUE(gen_IsUndefDouble(Aij()));
+      EXPECT_EQ(words[0], 0);
+    }
+  }
+  PatchHead(Library(), format::kHeadDigits, 0);
+  PatchHead(Library(), format::kHeadEntryWords, 16);
+  EXPECT_TRUE(Read(1, 2));
+}
+
+// A key's own length is never the trouble: parts too many are passed over, too few find nothing.
+TEST_F(ItemsTest, KeysOfOtherLengthsAreNotRefusedForTheirLength) {
+  ASSERT_TRUE(Write(1, 2, 3, 4));
+  std::int32_t const words[3] = {1, 2, 3};
+  for (long parts : {0L, 1L, 2L, 3L}) {
+    Key_i key;
+    key.SetKeyWords(parts, words);
+    EXPECT_EQ(Maint().ReadItem(vanLaar_.Get(), "A", &key), parts >= 2) << parts;
+    if (parts < 2) {
+      EXPECT_EQ(Maint().Log().PendingText(), "Error reading bank index") << parts;
+    }
+  }
+  key_.SetKey(1L, 2L, 3L);
+  EXPECT_TRUE(Maint().ReadItem(vanLaar_.Get(), "A", &key_));
+}
+
 TEST_F(ItemsTest, NothingIsReportedBeforeABatchRuns) {
   EXPECT_FALSE(Read(1, 2));
   EXPECT_EQ(Maint().GetLastErrorText(), nullptr);

@@ -94,6 +94,17 @@ TEST_F(ImportDataTest, NameAndValueMustBeThere) {
   EXPECT_TRUE(found_);
 }
 
+// Rows that end a part of the table have no name: an empty one must not find them.
+TEST_F(ImportDataTest, EmptyNameIsAMissingOne) {
+  EXPECT_FALSE(
+      ImportElements("<property name='' value='5'/><correlation name='' equation='1'> 1 "
+                     "</correlation>"));
+  EXPECT_EQ(Lines(),
+            Labelled("A property name is required on the component <property> node") +
+                Labelled("A correlation name is required on the component <correlation> node"));
+  for (std::uint32_t i = 0; i < 100; ++i) EXPECT_TRUE(gen_IsUndefDouble(Property(i))) << i;
+}
+
 TEST_F(ImportDataTest, UnknownConstantsAndAttributesAreReported) {
   EXPECT_FALSE(
       ImportElements("<property name='TX' value='1'/><property name='TC' value='5' foo='1'/>"));
