@@ -77,15 +77,16 @@ ZelStatus Evaluator::Extrapolate(EquationCall call, Extrapolation mode, double t
   call.temperature = bound;
   if (EvaluateEquation(call, value, derivative, weights) != kInRange) return kStatusFailed;
   double const V = value;
-  // Sensitivities come without a slope: the value stays that of the bound.
-  bool const hasSlope = call.order <= kThirdDerivative;
-  double const dV = hasSlope ? derivative : 0.0;
-  if (mode == Extrapolation::kLogarithmic) {
+  double const dV = derivative;
+  if (call.order > kThirdDerivative) {
+    // Sensitivities come without a slope: the value stays that of the bound.
+    if (mode == Extrapolation::kLogarithmic && !(V > 0.0)) value = 0.0;
+    derivative = 0.0;
+  } else if (mode == Extrapolation::kLogarithmic) {
     ExtrapolateLogarithmic(temperature, bound, V, dV, call.order, value, derivative);
   } else {
     ExtrapolateLinear(temperature, bound, V, dV, call.order, value, derivative);
   }
-  if (!hasSlope) derivative = 0.0;
   return kStatusOk;
 }
 

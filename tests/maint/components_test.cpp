@@ -200,6 +200,21 @@ TEST_F(ComponentsTest, EntryWithoutARecordIsMended) {
   }
 }
 
+// The data of a component lie elsewhere: its entry needs one word, and has none here.
+TEST_F(ComponentsTest, EntryWithoutAWordForTheAddressIsNotRead) {
+  ASSERT_TRUE(Write(100, 0, {"ONE"}));
+  std::int32_t const* found = nullptr;
+  ASSERT_TRUE(Library().FindBank("PURECOMP", "PURE", found, false));
+  std::int32_t* entry = nullptr;
+  ASSERT_TRUE(Library().GetBankTree()->GetCurrentData(entry));
+  std::int32_t* const head = entry + format::kBankHead;
+  std::int32_t& entryWords = head[format::kHeadEntryWords];
+  ASSERT_EQ(entryWords, 2);
+  entryWords = 1;
+  EXPECT_FALSE(Read(100L));
+  EXPECT_EQ(Maint().Log().PendingText(), "Incorrect data block length");
+}
+
 TEST_F(ComponentsTest, ReaderOfAProtectedLibrarySeesTheFlag) {
   ASSERT_TRUE(Write(100, 0, {"ONE"}));
   Library().SetPassword(2, "SECRET");

@@ -1,6 +1,7 @@
 // Evaluation beyond a correlation's own range and numbers: sensitivities and slopes at the bound,
 // derivatives of called correlations, constants that are not there.
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "tests/purecomp/record_fixture.h"
@@ -41,17 +42,30 @@ TEST(EvaluateEdges, SensitivitiesOutsideTheRangeAreThoseOfTheBound) {
   for (std::uint32_t index : {0U, 7U}) {
     ComponentBank bank;
     Set(bank, index, 20, {8.0, -1500.0});
-    for (double T : {150.0, 450.0}) {
+    for (double T : {150.0, 450.0, 0.0, std::numeric_limits<double>::infinity()}) {
       double const bound = T < 200.0 ? 200.0 : 400.0;
       double const V = std::exp(8.0 - 1500.0 / bound);
       Result const r = Evaluate(bank, index, T, 11);
       EXPECT_EQ(r.result, kStatusNothingNew);
-      EXPECT_NEAR(r.value, V, 1e-12 * V);
-      EXPECT_EQ(r.derivative, 0.0);
+      EXPECT_EQ(r.value, Evaluate(bank, index, bound).value) << T;
+      EXPECT_EQ(r.derivative, 0.0) << T;
       EXPECT_NEAR(r.weights[0], V, 1e-12 * V);
       EXPECT_NEAR(r.weights[1], V / bound, 1e-12 * V);
     }
   }
+}
+
+// No logarithm is taken where there is none, and no bound of the exponent is met.
+TEST(EvaluateEdges, SensitivitiesOutsideTheRangeLeaveAnyValueOfTheBound) {
+  ComponentBank bank;
+  Set(bank, 7, 1, {1e30});
+  EXPECT_EQ(Evaluate(bank, 7, 450.0, 11).value, 1e30);
+  Set(bank, 7, 1, {-5.0});
+  EXPECT_EQ(Evaluate(bank, 7, 450.0, 11).value, 1e-10) << "raised to the limit";
+  Set(bank, 7, 1, {std::nan("")});
+  EXPECT_EQ(Evaluate(bank, 7, 450.0, 11).value, 1e-10);
+  Set(bank, 1, 1, {-5.0, 1.0});
+  EXPECT_EQ(Evaluate(bank, 1, std::numeric_limits<double>::infinity(), 11).value, 395.0);
 }
 
 // An infinite slope to below counts as none, so that a density goes on as it ended.
