@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -105,6 +106,28 @@ TEST_F(FolderWalkTest, FoundFilesMayBeDeletedDuringTheWalk) {
     ++count;
   }
   EXPECT_EQ(count, 6);
+}
+
+// So that a folder may be removed as soon as its last file has been given.
+TEST_F(FolderWalkTest, NoFolderIsOpenWhileItsFilesAreGiven) {
+  auto const descriptors = [] {
+    fs::directory_iterator const all("/proc/self/fd");
+    return std::distance(begin(all), end(all));
+  };
+  auto const before = descriptors();
+  FindFilesBegin(Folder().string(), "*.cmp", true);
+  std::string path;
+  while (FindFilesNext(path)) EXPECT_EQ(descriptors(), before) << path;
+}
+
+// What comes into a folder after its first file was given is not of this walk.
+TEST_F(FolderWalkTest, FolderIsReadWholeBeforeItsFirstFile) {
+  FindFilesBegin(Folder().string(), "*.cmp", false);
+  std::string path;
+  ASSERT_TRUE(FindFilesNext(path));
+  MakeFile("0.cmp", "x");
+  MakeFile("9.cmp", "x");
+  EXPECT_EQ(Found(), (Names{"1.cmp", "2.cmp"}));
 }
 
 TEST_F(FolderWalkTest, FolderWithAnotherAttributeIsHandedOutLikeAFile) {
