@@ -26,13 +26,21 @@ struct FreeUnit {
 };
 using UnitHandle = std::unique_ptr<uom_Unit, FreeUnit>;
 
-// A file of this process alone; empty when it cannot be made.
-std::string MakeTableFile() {
-  std::string path = platform::MakeTemporaryFile(TableFilePrefix(platform::ProcessId()));
-  if (path.size() <= kMostPath) return path;
-  platform::RemoveFile(path);
-  return {};
-}
+// A file of this process alone, gone with the object. Its path is empty when it cannot be made.
+class TableFile {
+ public:
+  TableFile() : made_(platform::MakeTemporaryFile(TableFilePrefix(platform::ProcessId()))) {}
+  TableFile(TableFile const&) = delete;
+  TableFile& operator=(TableFile const&) = delete;
+  ~TableFile() {
+    if (!made_.empty()) platform::RemoveFile(made_);
+  }
+
+  char const* Path() const noexcept { return made_.size() <= kMostPath ? made_.c_str() : ""; }
+
+ private:
+  std::string made_;
+};
 
 bool Understands(uom_Unit* unit, char const* text) {
   return uom_FillStructFromString(unit, text, 1) == 0 ||
@@ -74,13 +82,11 @@ std::string TableFilePrefix(int processId) {
 
 int StartUnitSystemFrom(std::string_view table) {
   if (table.empty()) return kTableNotFound;
-  std::string const path = MakeTableFile();
+  TableFile const file;
   // Without a file the loading fails and says so.
-  if (!path.empty()) std::ofstream(path) << TableFileText(table);
-  std::array<char const*, 2> const arguments = {"-f", path.c_str()};
-  int const result = uom_Init2(static_cast<int>(arguments.size()), arguments.data());
-  if (!path.empty()) platform::RemoveFile(path);
-  return result;
+  if (*file.Path() != '\0') std::ofstream(file.Path()) << TableFileText(table);
+  std::array<char const*, 2> const arguments = {"-f", file.Path()};
+  return uom_Init2(static_cast<int>(arguments.size()), arguments.data());
 }
 
 uom_Unit* OpenUnit(char const* dimension, char const* text) {

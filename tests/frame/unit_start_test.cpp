@@ -6,6 +6,9 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -28,6 +31,11 @@ TEST_F(UnitWordTest, MoleIsLookedForInTheFirst29Characters) {
   std::string const beyond = "(lb/sec)/sqrt(inH2O-lb/ft3)";
   EXPECT_EQ(Opened("flowconductance", beyond.c_str()), beyond);
   EXPECT_EQ(Opened("flowconductance", (beyond + "-mol").c_str()), "-");
+}
+
+TEST_F(UnitWordTest, FirstMoleOfAWordIsCutAt) {
+  EXPECT_EQ(Opened("mass", "lb-mol-mol"), "lb");
+  EXPECT_EQ(Opened("mass", "lb-Mol-mole"), "lb");
 }
 
 TEST_F(UnitWordTest, OtherBasisIsTriedAsKeywordToo) {
@@ -91,6 +99,58 @@ TEST(UnitWordOrder, TextThenKeywordThenTheOtherBasis) {
   }
 }
 
+// The unit system on a small table with a class of these units, which QRInternal has no unit for.
+void StartWith(std::vector<std::string> const& units) {
+  test::SmallTable table;
+  table.lists = "'BEGINLIST'\n'Mixed'\n";
+  for (std::string const& unit : units) {
+    table.units += "'" + unit + "','" + std::to_string(table.units.size()) + "','',0,0,1\n";
+    table.lists += "'" + unit + "'\n";
+  }
+  table.lists += "'ENDLIST'\n";
+  ASSERT_EQ(StartUnitSystemFrom(table.Text()), 0);
+}
+
+// The text of what a word opens there.
+std::string OpenedMixed(std::string const& word) {
+  uom_Unit* unit = OpenUnit("mixed", word.c_str());
+  if (unit == nullptr) return "-";
+  char text[60] = "";
+  uom_GetDisplayUnits(unit, text, sizeof text, 1);
+  uom_Free(&unit);
+  return text;
+}
+
+TEST(UnitWordOrder, ExactTextComesBeforeTheSameInOtherCase) {
+  StartWith({"PQ", "pq", "Pq"});
+  for (char const* word : {"PQ", "pq", "Pq"}) EXPECT_EQ(OpenedMixed(word), word);
+  EXPECT_EQ(OpenedMixed("pQ"), "PQ") << "the first of the list";
+}
+
+TEST(UnitWordOrder, MoleIsPutBehindInLowerCase) {
+  StartWith({"q-MOL", "q-mol", "q-Mol"});
+  EXPECT_EQ(OpenedMixed("q"), "q-mol");
+}
+
+TEST(UnitWordOrder, WordIsCutTo29CharactersBeforeMoleIsPutBehind) {
+  std::string const most(29, 'u');
+  StartWith({most + "-mol", "v"});
+  EXPECT_EQ(OpenedMixed(most), most + "-mol");
+  EXPECT_EQ(OpenedMixed(most + "wxyz"), most + "-mol");
+  EXPECT_EQ(OpenedMixed(most.substr(1)), "-") << "one character less";
+}
+
+TEST(UnitWordOrder, ClassWithoutAnInternalUnitConvertsNothing) {
+  StartWith({"p", "q"});
+  double value = 5.0;
+  test::AllocationWatch const watch;
+  bool const converted = ConvertToInternal("mixed", "p", value);
+  int const kept = watch.Requested() - watch.Freed();
+  EXPECT_FALSE(converted);
+  EXPECT_EQ(value, 5.0);
+  EXPECT_EQ(kept, 0);
+}
+
 class UnitTableFileTest : public test::TempFolderTest {
  protected:
   UnitTableFileTest() : before_(platform::Environment("TMPDIR")) {
@@ -135,6 +195,30 @@ TEST_F(UnitTableFileTest, OneFileNamedByTheProcessComesAndGoes) {
 TEST_F(UnitTableFileTest, EmptyTableMakesNoFile) {
   EXPECT_EQ(StartUnitSystemFrom(""), -1);
   EXPECT_TRUE(Events().empty());
+}
+
+// Whatever the loading cannot get memory for, the file does not stay behind.
+TEST_F(UnitTableFileTest, FileGoesWhenMemoryIsRefused) {
+  std::string const table = test::SmallTable{}.Text();
+  int refused = 0;
+  for (int request = 1;; ++request) {
+    ASSERT_LT(request, 100'000);
+    int result = -1;
+    bool thrown = false;
+    {
+      test::AllocationWatch const watch(request);
+      try {
+        result = StartUnitSystemFrom(table);
+      } catch (std::bad_alloc const&) {
+        thrown = true;
+      }
+    }
+    std::filesystem::directory_iterator const left(Folder());
+    ASSERT_EQ(std::distance(begin(left), end(left)), 0) << "request " << request;
+    if (!thrown && result == 0) break;
+    ++refused;
+  }
+  EXPECT_GT(refused, 50);
 }
 
 }  // namespace
