@@ -26,6 +26,17 @@ if(ZEL)
   endforeach()
 endif()
 
+# Every public header, those of the wider layers too.
+file(GLOB headers RELATIVE ${SOURCE_DIR}/../../include ${SOURCE_DIR}/../../include/zelaccess/*.h)
+if(NOT "zelaccess/LibMaint_p.h" IN_LIST headers)
+  message(FATAL_ERROR "the headers are elsewhere")
+endif()
+foreach(header ${headers})
+  if(NOT EXISTS ${work}/prefix/include/${header})
+    message(FATAL_ERROR "no include/${header} is installed")
+  endif()
+endforeach()
+
 run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${work}/host
     -D CMAKE_PREFIX_PATH=${work}/prefix -D CMAKE_CXX_COMPILER=${COMPILER})
 run(${CMAKE_COMMAND} --build ${work}/host)
