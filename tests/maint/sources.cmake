@@ -3,6 +3,7 @@ set(maint_TEST_SOURCES
     check_test.cpp
     components_test.cpp
     current_item_test.cpp
+    failed_write_test.cpp
     format_document_test.cpp
     items_test.cpp
     key_kinds_test.cpp

@@ -143,6 +143,38 @@ TEST(Robustness, EveryPrefixOfASessionsWritesOpensSafely) {
   EXPECT_EQ(Contents(library).size(), static_cast<std::size_t>(kKeys - kKeys / 5));
 }
 
+// Whoever learns that a close has failed, or cannot learn it, holds nothing any longer.
+TEST(Robustness, CloseThatFailsClosesAllTheSame) {
+  test::MemoryFileSystem files;
+  test::FailingFileSystem failing(files);
+  LibFile_i library(failing, accUpdate, "/s.lb1", "s");
+  ASSERT_EQ(library.CreateNew(libKind11), openOk);
+  for (int i = 0; i < kKeys; ++i) Put(*library.GetCharIdTree(), i);
+  library.FlushLibFile();
+  LibFile_i other(files, accRead, "/s.lb1", "s");
+  EXPECT_EQ(other.OpenExisting({true, ""}, nullptr), openDenied);
+  failing.FailAt(1, true);
+  EXPECT_THROW(library.CloseLibFile(), unsigned long);
+  EXPECT_NO_THROW(library.CloseLibFile()) << "is closed";
+  EXPECT_EQ(library.GetCharIdTree(), nullptr);
+  EXPECT_EQ(other.OpenExisting({true, ""}, nullptr), openOk);
+  EXPECT_EQ(Contents(other).size(), static_cast<std::size_t>(kKeys));
+}
+
+TEST(Robustness, EndOfALibraryWhoseFlushFailsIsQuietAndClosesIt) {
+  test::MemoryFileSystem files;
+  test::FailingFileSystem failing(files);
+  {
+    LibFile_i library(failing, accUpdate, "/s.lb1", "s");
+    ASSERT_EQ(library.CreateNew(libKind11), openOk);
+    library.FlushLibFile();
+    failing.FailAt(1, true);
+  }
+  EXPECT_GT(failing.Operations(), 0) << "a flush was tried";
+  LibFile_i other(files, accUpdate, "/s.lb1", "s");
+  EXPECT_EQ(other.OpenExisting({true, ""}, nullptr), openOk);
+}
+
 // Opening for update, changing nothing and closing: whatever fails, the library stays whole.
 TEST(Robustness, FailureOfAnOpenForUpdateIsNotWrittenBack) {
   test::MemoryFileSystem whole;
