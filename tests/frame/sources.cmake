@@ -17,6 +17,7 @@ set(frame_TEST_SOURCES
     trim7_test.cpp
     unit_conversion_test.cpp
     unit_factors_test.cpp
+    unit_positions_test.cpp
     unit_start_test.cpp
     unit_system_test.cpp
     unit_table_test.cpp

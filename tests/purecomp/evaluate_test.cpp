@@ -77,6 +77,19 @@ TEST(Evaluate, UnitFactorTurnsTheValueIntoInternalUnits) {
 }
 
 // ln P is linear in 1/T through the last point: P = exp(A + B/T) goes on as itself.
+// Units come from files unchecked.
+TEST(Evaluate, UnitThatIsNoneLeavesTheValue) {
+  for (std::int32_t const unit :
+       {1, 9, 999, 1009, 4009, 4037, 50999, 51010, 999999, -1, -4025, INT32_MIN, INT32_MAX}) {
+    ComponentBank bank;
+    Set(bank, 0, 1, {2.0, 0.01}, 200, 400, unit, 0);
+    Result const r = Evaluate(bank, 0, 300.0);
+    EXPECT_EQ(r.result, kStatusOk) << unit;
+    EXPECT_DOUBLE_EQ(r.value, 5.0) << unit;
+    EXPECT_DOUBLE_EQ(r.derivative, 0.01) << unit;
+  }
+}
+
 TEST(Evaluate, VaporPressureAndLiquidViscosityExtrapolateLogarithmically) {
   for (std::uint32_t index : {0U, 7U}) {
     ComponentBank bank;

@@ -144,8 +144,9 @@ TEST_F(ImportTest, OfTwoGroupsOnlyTheFirstIsRead) {
            "<group><bank type='VANLAAR' name='A'/><group><bank type='VANLAAR' name='B'/></group>"
            "</group>");
   EXPECT_FALSE(ImportLibrary("<import file='g.xml'/>"));
-  EXPECT_EQ(Lines(), "  VANLAAR:A\n*** g.xml : error : Unrecognized node <group> found within "
-                     "<library> node\n");
+  EXPECT_EQ(Lines(),
+            "  VANLAAR:A\n*** g.xml : error : Unrecognized node <group> found within "
+            "<library> node\n");
   EXPECT_FALSE(Maint().BankExists("VANLAAR", "B"));
   // Side by side they are no document.
   MakeFile("two.xml", "<group/><group/>");
@@ -206,6 +207,12 @@ TEST_F(ImportTest, EntryOfATopLevelDocumentStays) {
   EXPECT_TRUE(ImportFile("sub/first.xml"));
   EXPECT_TRUE(Caught([&] { return Maint().Import("second.xml", false); }));
   EXPECT_EQ(Documents().TopFile(), "second.xml");
+  // What is reported outside an import is shown as of that document.
+  Caught([&] {
+    Maint().Log().ReportWarning("odd");
+    return true;
+  });
+  EXPECT_EQ(Lines(), "*** second.xml : warning : odd\n");
 }
 
 TEST_F(ImportTest, TagsAreFollowedInBankAndItem) {
