@@ -5,6 +5,7 @@ set(frame_TEST_SOURCES
     block_file_test.cpp
     child.cpp
     folder_walk_test.cpp
+    host_locale_test.cpp
     initialise_test.cpp
     known_folders_test.cpp
     module_test.cpp

@@ -2,11 +2,15 @@
 #include "lists/comp_list.h"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "tests/lists/comp_list_fixture.h"
 
 namespace zel {
 namespace {
+
+// Handles are never copied with what they hold.
+static_assert(!std::is_copy_constructible_v<CompList_i> && !std::is_copy_assignable_v<CompList_i>);
 
 using test::CompListTest;
 using test::kNone;

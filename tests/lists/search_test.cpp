@@ -5,12 +5,17 @@
 
 #include <new>
 #include <string>
+#include <type_traits>
 
 #include "tests/lists/search_fixture.h"
 #include "tests/support/allocations.h"
 
 namespace zel {
 namespace {
+
+// Handles are never copied with what they hold.
+static_assert(!std::is_copy_constructible_v<LibSearch_i> &&
+              !std::is_copy_assignable_v<LibSearch_i>);
 
 using test::ComponentBank;
 using test::kA;

@@ -1,10 +1,15 @@
 // Banks: made, found, described, deleted.
+#include <type_traits>
+
 #include "store/bank_key.h"
 #include "store/packed_text.h"
 #include "tests/maint/maint_fixture.h"
 
 namespace zel {
 namespace {
+
+// Handles are never copied with what they hold.
+static_assert(!std::is_copy_constructible_v<LibMaint_i> && !std::is_copy_assignable_v<LibMaint_i>);
 
 using BanksTest = test::MaintTest;
 

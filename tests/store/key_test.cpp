@@ -4,11 +4,15 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <type_traits>
 
 #include "tests/store/key_fixture.h"
 
 namespace zel {
 namespace {
+
+// Handles are never copied with what they hold.
+static_assert(!std::is_copy_constructible_v<Key_i> && !std::is_copy_assignable_v<Key_i>);
 
 using test::KeyTest;
 using test::KnownIds;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "store/bank_key.h"
@@ -13,6 +14,10 @@
 
 namespace zel {
 namespace {
+
+// Handles are never copied with what they hold.
+static_assert(!std::is_copy_constructible_v<LibFile_i> && !std::is_copy_assignable_v<LibFile_i>);
+static_assert(!std::is_copy_constructible_v<BTree_i> && !std::is_copy_assignable_v<BTree_i>);
 
 namespace f = format;
 using test::LibFileTest;
