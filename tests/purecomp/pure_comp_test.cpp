@@ -270,6 +270,13 @@ TEST(PureComp, HasNoFieldsByName) {
   EXPECT_EQ(bank.Def()->GetDoubleField("MW", &value), kStatusFailed);
 }
 
+// What is only derived has an index and no keyword, so that no document can set it.
+TEST(PureComp, DerivedPropertiesHaveNoKeyword) {
+  for (PropertyRow const& row : kPropertyRows) {
+    EXPECT_TRUE(row.keyword.empty() || row.index < 50) << row.keyword;
+  }
+}
+
 TEST(PureComp, PropertyTableEndsInItsTwoMarks) {
   std::size_t const rows = std::size(kPropertyRows);
   EXPECT_EQ(rows, 44U);
