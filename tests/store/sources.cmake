@@ -8,6 +8,8 @@ set(store_TEST_SOURCES
     key_resolve_test.cpp
     key_test.cpp
     lib_file_blocks_test.cpp
+    lib_file_bounds_test.cpp
+    lib_file_life_test.cpp
     lib_file_open_test.cpp
     lib_file_test.cpp
     packed_text_test.cpp
