@@ -249,6 +249,22 @@ TEST_F(BlockFileTest, CreateKeepsWhatIsThere) {
   EXPECT_EQ(static_cast<char>(*file->View(0, 7)), 'c');
 }
 
+// A program that the host starts does not get a library's files, nor their locks.
+TEST_F(BlockFileTest, FilesAreClosedInProgramsThatAreStarted) {
+  for (OpenMode mode : {OpenMode::kCreate, OpenMode::kUpdate, OpenMode::kRead}) {
+    auto const file = Open(mode);
+    int found = 0;
+    for (auto const& entry : fs::directory_iterator("/proc/self/fd")) {
+      std::error_code gone;  // the descriptor of this listing
+      if (fs::read_symlink(entry.path(), gone) != fs::canonical(File())) continue;
+      int const flags = ::fcntl(std::stoi(entry.path().filename()), F_GETFD);
+      EXPECT_NE(flags & FD_CLOEXEC, 0) << int(mode);
+      ++found;
+    }
+    EXPECT_EQ(found, 1) << int(mode);
+  }
+}
+
 TEST_F(BlockFileTest, NewFileIsForItsOwnerAlone) {
   Open(OpenMode::kCreate);
   EXPECT_EQ(Status().st_mode & 0777U, 0600U);

@@ -127,6 +127,38 @@ TEST_F(DumpTest, DataColumnsOfAnAddressedTreeRunOnAndStopAtTheNode) {
   EXPECT_NE(text.find("/00000331/  /0x0000014b/0x3b023380/0x00000000/"), std::string::npos);
 }
 
+TEST_F(DumpTest, DataColumnsAreNoneToAThousandWhateverTheHeadSays) {
+  auto const count = [](std::string const& text, std::string const& piece) {
+    std::size_t n = 0;
+    for (std::size_t at = text.find(piece); at != std::string::npos;
+         at = text.find(piece, at + 1)) {
+      ++n;
+    }
+    return n;
+  };
+  MakeHead(false, 1, 1, 4);
+  {
+    BTree_i tree(library_.Store(), head_);
+    Insert(tree, 5, 0, 7);
+  }
+  struct {
+    std::int32_t words;
+    std::size_t columns;
+  } const rows[] = {{INT32_MIN, 0}, {-1, 0},      {0, 0},       {1, 1},
+                    {999, 999},     {1000, 1000}, {1001, 1000}, {INT32_MAX, 1000}};
+  for (auto const& row : rows) {
+    head_[format::kHeadDataWords] = row.words;
+    std::string const text = Dump(0, 1, verdict_);
+    EXPECT_TRUE(verdict_);
+    EXPECT_EQ(count(text, "/0x"), row.columns) << row.words;
+    std::size_t const more = row.columns < 2 ? 0 : row.columns - 1;
+    std::string const title = text.substr(1, text.find('\n', 1) - 1);
+    EXPECT_EQ(title.size(), std::string("Node----------  No  Link  Key-------").size() +
+                                std::string("  Data--------  Link").size() + 11 * more)
+        << row.words;
+  }
+}
+
 TEST_F(DumpTest, PrefixIsLimited) {
   MakeHead(false, 1, 1, 4);
   {

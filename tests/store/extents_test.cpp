@@ -91,6 +91,37 @@ TEST(Extents, SixtyThirdExtentIsLost) {
   EXPECT_EQ(list[2].size, 5);
 }
 
+// A used-up place is the last of the list only where no open tail is left.
+TEST(Extents, ListWithoutAnyFreeBlockKeepsItsCount) {
+  std::array<std::int32_t, 125> table{};
+  table[1] = 2;
+  table[63] = kFile1 + 10;
+  ExtentList list;
+  list.Load(table.data(), 11, 2);
+  EXPECT_EQ(list.Take(1, 2), kFile1 + 10);
+  EXPECT_EQ(list.Count(), 1);
+  EXPECT_EQ(list[0].size, 0);
+  EXPECT_EQ(list.Take(1, 1), format::kNullAddress);
+  list.GiveBack(kFile1 + 30, 3, 1);
+  ASSERT_EQ(list.Count(), 1);
+  EXPECT_EQ(list[0].address, kFile1 + 30);
+  EXPECT_EQ(list[0].size, 3);
+}
+
+TEST(Extents, FreedRunOfAnyLengthIsCutToTheLargestSize) {
+  for (std::int64_t blocks : {std::int64_t{999996}, std::int64_t{INT32_MAX}}) {
+    std::array<std::int32_t, 125> table{};
+    table[1] = 3;
+    table[63] = kFile2 + 2;
+    ExtentList list;
+    list.Load(table.data(), 11, 2);
+    list.GiveBack(kFile2 + 5, blocks, 2);
+    ASSERT_EQ(list.Count(), 1) << "joined with the one in front";
+    EXPECT_EQ(list[0].address, kFile2 + 2);
+    EXPECT_EQ(list[0].size, 999999) << blocks;
+  }
+}
+
 TEST(Extents, DoubleFreeThrowsTheAddress) {
   ExtentList list = NewList();
   list.Take(2, 10);

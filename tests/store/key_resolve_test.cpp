@@ -29,8 +29,13 @@ TEST_F(KeyTest, LibraryLooksUpIdsOfEightCharactersInAnyCase) {
   std::int32_t const* data = nullptr;
   ASSERT_TRUE(library->FindIdNumbers("abcdEFGH", data));
   EXPECT_EQ(data[0], 3);
+  std::int32_t* own = nullptr;
   EXPECT_FALSE(library->FindIdNumbers("ABCDEFGHI", data)) << "too long, not cut";
+  EXPECT_TRUE(library->GetCharIdTree()->GetCurrentData(own)) << "nor searched";
+  std::int32_t const number[10] = {0};
+  ASSERT_TRUE(library->GetCasTree()->Find(number, data));
   EXPECT_FALSE(library->FindCasNumbers(casn(), data)) << "0 is never searched";
+  EXPECT_TRUE(library->GetCasTree()->GetCurrentData(own));
 }
 
 TEST_F(KeyTest, UnknownComponentFailsWithoutANameIndex) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -119,9 +120,32 @@ TEST_F(KeyTest, GettersGiveWhatTheKindSays) {
   EXPECT_EQ(static_cast<long>(cas), 0);
   for (int position : {-1, 3, 1000}) {
     EXPECT_EQ(key_.GetCompKind(position), keyNone);
+    number = 7;
     key_.GetCompNumber(position, number);
     EXPECT_EQ(number, 0);
+    std::strcpy(text, "as is");
+    key_.GetCompText(position, text);
+    EXPECT_STREQ(text, "");
+    cas = casn("64-17-5");
+    key_.GetCompCasn(position, cas);
+    EXPECT_EQ(static_cast<long>(cas), 0);
   }
+}
+
+// Words that no component stands for are zeros in a fresh key and keep what they held in a used
+// one.
+TEST_F(KeyTest, KeyShorterThanItsIndexKeepsTheWordsBehind) {
+  key_.SetKey(7L);
+  key_.FitCompCount(2, 2);
+  EXPECT_EQ(key_.GetCompCount(), 1);
+  ASSERT_TRUE(Resolve(nullptr));
+  EXPECT_EQ(Words(key_, 3), (std::vector<std::int32_t>{7, 0, 0}));
+  key_.SetKey(4L, 5L);
+  ASSERT_TRUE(Resolve(nullptr));
+  key_.SetKey(7L);
+  key_.FitCompCount(2, 2);
+  ASSERT_TRUE(Resolve(nullptr));
+  EXPECT_EQ(Words(key_, 3), (std::vector<std::int32_t>{7, 5, 0}));
 }
 
 TEST_F(KeyTest, DirectWordsAreCutToTen) {
@@ -264,6 +288,19 @@ TEST_F(KeyTest, DirectKeyOfOneWordIsDoubledToo) {
   key_.FitCompCount(2, 0);
   ASSERT_TRUE(Resolve(nullptr));
   EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{9, 9}));
+}
+
+TEST_F(KeyTest, DirectKeyGetsWildcardsToo) {
+  std::int32_t const words[] = {4, 5, 6};
+  key_.SetKeyWords(2, words);
+  key_.FitCompCount(3, 2);
+  ASSERT_TRUE(Resolve(nullptr));
+  EXPECT_EQ(Words(key_, 3), (std::vector<std::int32_t>{4, 5, 2147483647}));
+  key_.SetKeyWords(3, words);
+  key_.FitCompCount(2, 1);
+  EXPECT_EQ(key_.GetCompCount(), 2);
+  ASSERT_TRUE(Resolve(nullptr));
+  EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{4, 2147483647}));
 }
 
 TEST_F(KeyTest, SortingGoesByTheMode) {

@@ -67,7 +67,14 @@ TEST(PackedText, FirstWordTellsTheShapeAsAnUnsignedNumber) {
 
 TEST(PackedText, CodedWordsOfAnySizeDecodeWithinTheTable) {
   EXPECT_LE(Unpacked({1, 2147483647, -1}).size(), 12U);
-  EXPECT_EQ(Unpacked({1, 2147483647}).substr(0, 4), "   A");
+  // Two digits at a time of the unsigned word: 47 48 36 47, and 4294 96 72 95 of -1.
+  auto const at = [](std::initializer_list<std::size_t> indexes) {
+    std::string text;
+    for (std::size_t i : indexes) text += kTable[i];
+    return text;
+  };
+  EXPECT_EQ(Unpacked({1, 2147483647}), "   A" + at({47, 48, 36, 47}));
+  EXPECT_EQ(Unpacked({1, -1, 1}), "   A" + at({94, 96, 72, 95}) + "   A");
 }
 
 TEST(PackedText, RawFormKeepsCharactersOutsideTheTable) {
@@ -131,7 +138,9 @@ TEST(BankKey, TypeComesBackWhereTheArithmeticAllowsIt) {
   char back[9];
   char name[9];
   MakeBankKey("PENELOUX", "SAMPLE", key, true);  // wraps around: only the name is safe
+  EXPECT_EQ(static_cast<std::uint32_t>(key[1]), 2412152177U);
   UnpackBankKey(key, back, name);
+  EXPECT_STRNE(back, "PENELOUX");
   EXPECT_STREQ(name, "SAMPLE");
 }
 

@@ -188,7 +188,9 @@ TEST_F(SharingTest, OpenThatThrowsLeavesItsReasonAndNoLock) {
   EXPECT_THROW(OpenAs(Role::kUpdater, Path(), error), unsigned long);
   EXPECT_EQ(error, openFailed);
   libTypes type{};
+  error = openOk;
   EXPECT_THROW(LibFile::StatusLibFile(Path().c_str(), type, error), unsigned long);
+  EXPECT_EQ(error, openFailed);
   EXPECT_EQ(OpenElsewhere(Role::kCreator), openOk);
 }
 
