@@ -113,7 +113,7 @@ class BTree_i {
   void CheckHead() const;
   Level& Enter(int level, std::int32_t address);
   void Load(Level& level, std::int32_t address);
-  void ReadNode(std::int32_t address, std::int32_t* words);
+  std::int32_t ReadNode(std::int32_t address, std::int32_t* words);
   void CheckNode(std::int32_t const* words, std::int32_t address) const;
   std::int32_t* Own(Level& level);
   void Forget(std::int32_t address, Level const* except) noexcept;
@@ -144,8 +144,12 @@ class BTree_i {
   void DropFromNode(std::int32_t* node, int firstWord) const noexcept;
   void Rebuild(std::int32_t const* deletedKey);
   void MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey);
-  std::vector<std::int32_t> NodesInBreadth();
-  void CheckBlocksOf(std::vector<std::int32_t> nodes) const;
+  struct NodeOnFile {
+    std::int32_t address;
+    std::int32_t bytes;  // that a read of it gives
+  };
+  std::vector<NodeOnFile> NodesInBreadth();
+  void CheckBlocksOf(std::vector<NodeOnFile> nodes) const;
 
   class ForgetOnFailure;
 

@@ -25,9 +25,11 @@ void BTree_i::CheckNode(std::int32_t const* words, std::int32_t address) const {
   if (count < 0 || count > NodeLimit()) ThrowBlockError(address);
 }
 
-void BTree_i::ReadNode(std::int32_t address, std::int32_t* words) {
-  store_.ReadBlock(address, format::kNodeWords, words);
+// Gives the bytes that came, -1 for a transfer that failed; the others are zeros.
+std::int32_t BTree_i::ReadNode(std::int32_t address, std::int32_t* words) {
+  std::int32_t const bytes = store_.ReadBlock(address, format::kNodeWords, words);
   CheckNode(words, address);
+  return bytes;
 }
 
 void BTree_i::Load(Level& level, std::int32_t address) {

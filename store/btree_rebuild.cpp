@@ -12,9 +12,9 @@ namespace f = format;
 // Addresses of all nodes in breadth-first order. Damage - a cycle, a shared node, an impossible
 // count, too deep a tree, a node that cannot be freed - throws the address here, before anything
 // changes.
-std::vector<std::int32_t> BTree_i::NodesInBreadth() {
+std::vector<BTree_i::NodeOnFile> BTree_i::NodesInBreadth() {
   std::int64_t bound = 0;
-  std::vector<std::int32_t> nodes{head_.rootAddress};
+  std::vector<NodeOnFile> nodes{{head_.rootAddress, 0}};
   std::unordered_set<std::int32_t> seen{head_.rootAddress};
   NodeBuffer buffer(store_.Nodes());
   std::int32_t const* node = buffer.Words();
@@ -23,15 +23,15 @@ std::vector<std::int32_t> BTree_i::NodesInBreadth() {
   for (std::size_t i = 0; i < nodes.size(); ++i) {
     if (i == endOfLevel) {
       endOfLevel = nodes.size();
-      if (++depth > kMaxDepth) ThrowBlockError(nodes[i]);
+      if (++depth > kMaxDepth) ThrowBlockError(nodes[i].address);
     }
-    ReadNode(nodes[i], buffer.Words());
-    if (!WithinBlocks(static_cast<std::int64_t>(i) + 1, bound)) ThrowBlockError(nodes[i]);
+    nodes[i].bytes = ReadNode(nodes[i].address, buffer.Words());
+    if (!WithinBlocks(static_cast<std::int64_t>(i) + 1, bound)) ThrowBlockError(nodes[i].address);
     for (int k = 0; k <= node[f::kNodeCount]; ++k) {
       std::int32_t const child = node[LinkAt(k)];
       if (child == f::kNullAddress) continue;
       if (!seen.insert(child).second) ThrowBlockError(child);
-      nodes.push_back(child);
+      nodes.push_back({child, 0});
     }
   }
   CheckBlocksOf(nodes);
@@ -39,26 +39,29 @@ std::vector<std::int32_t> BTree_i::NodesInBreadth() {
 }
 
 // Throws the address of a node some of whose blocks count as free or belong to another node.
-void BTree_i::CheckBlocksOf(std::vector<std::int32_t> nodes) const {
-  std::sort(nodes.begin(), nodes.end());
+void BTree_i::CheckBlocksOf(std::vector<NodeOnFile> nodes) const {
+  std::sort(nodes.begin(), nodes.end(),
+            [](NodeOnFile const& a, NodeOnFile const& b) { return a.address < b.address; });
   std::int64_t free = 0;  // first address behind the node before
-  for (std::int32_t address : nodes) {
-    if (address < free) ThrowBlockError(address);
-    free = address + store_.CheckFreeable(address, f::kNodeWords);
+  for (NodeOnFile const& node : nodes) {
+    if (node.address < free) ThrowBlockError(node.address);
+    free = node.address + store_.CheckFreeable(node.address, f::kNodeWords);
   }
 }
 
 void BTree_i::Rebuild(std::int32_t const* deletedKey) {
   if (head_.rootAddress == f::kNullAddress) ThrowBlockError(f::kNullAddress);
-  std::vector<std::int32_t> const nodes = NodesInBreadth();
+  std::vector<NodeOnFile> const nodes = NodesInBreadth();
   ForgetAll();
   std::int32_t const oldRoot = head_.rootAddress;
   head_.SetRoot(f::kNullAddress);
   NodeBuffer buffer(store_.Nodes());
   bool freedOne = false;
   try {
-    for (std::int32_t address : nodes) {
-      ReadNode(address, buffer.Words());
+    for (NodeOnFile const& node : nodes) {
+      std::int32_t address = node.address;
+      // What does not come now must not pass for a node without entries.
+      if (ReadNode(address, buffer.Words()) != node.bytes) ThrowBlockError(address);
       MoveEntries(buffer.Words(), deletedKey);
       store_.FreeBlock(address, f::kNodeWords);
       freedOne = true;

@@ -1,7 +1,9 @@
 set(store_TEST_SOURCES
     btree_damage_test.cpp
     btree_dump_test.cpp
+    btree_limits_test.cpp
     btree_model_test.cpp
+    btree_structure_test.cpp
     btree_test.cpp
     casn_test.cpp
     extents_test.cpp
