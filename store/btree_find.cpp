@@ -39,8 +39,8 @@ void BTree_i::Load(Level& level, std::int32_t address) {
     level.words = inPlace;
   } else {
     if (level.own == nullptr) level.own = store_.Nodes().Take().release();
-    ReadNode(address, level.own->data());
     level.words = level.own->data();
+    if (ReadNode(address, level.own->data()) < 0) return;  // to be asked for again
   }
   level.address = address;
 }

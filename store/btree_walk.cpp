@@ -33,6 +33,7 @@ bool BTree_i::WalkOn(std::int32_t const*& entry) {
   entry = nullptr;
   walkLeft_ = 0;
   if (walk_ == WalkState::kEnded) return false;
+  atEntry_ = false;  // also where a link on the way throws
   for (;;) {
     Level& level = level_[current_];
     if (walk_ == WalkState::kAtLink) {
@@ -55,7 +56,6 @@ bool BTree_i::WalkOn(std::int32_t const*& entry) {
       walkLeft_ = level.words[f::kNodeCount] - level.index;
       return true;
     }
-    atEntry_ = false;
     if (current_ == 0) {
       current_ = kNoLevel;
       EndWalk();

@@ -185,6 +185,48 @@ TEST_F(BTreeLimitsTest, WalkOverSharedNodesEndsWithTheBlocksOfTheFiles) {
   EXPECT_EQ(files_.Contents("/t.lb2"), before);
 }
 
+TEST_F(BTreeLimitsTest, NodeThatCouldNotBeReadIsAskedForAgain) {
+  test::FailingFileSystem failing(files_);
+  LibFile_i library(failing, accUpdate, "/f.lb1", "f");
+  ASSERT_EQ(library.CreateNew(libKind11), openOk);
+  {
+    BTree_i tree(library.Store(), head_.data());
+    for (std::int32_t key : {1, 2, 3, 4, 5}) Put(tree, key);
+  }
+  std::int32_t const key = 5;
+  std::int32_t const* data = nullptr;
+  for (int n : {1, 2}) {  // the root, or the leaf
+    BTree_i tree(library.Store(), head_.data());
+    failing.FailAt(n, false);
+    EXPECT_THROW(tree.Find(&key, data), unsigned long) << n;
+    ASSERT_TRUE(tree.Find(&key, data)) << n;
+    EXPECT_EQ(*data, 50);
+  }
+}
+
+// An entry was current when the walk went on; where it broke off there is none.
+TEST_F(BTreeLimitsTest, WalkThatBreaksOffStandsAtNoEntry) {
+  PutAll({1, 2, 3, 4, 5});
+  Words leaf = Node(kNode1);  // right of 4
+  leaf[4] = 0;
+  WriteNode(kNode1, leaf);
+  BTree_i tree(library_->Store(), head_.data());
+  std::int32_t n = 0;
+  std::int32_t* own = nullptr;
+  std::int32_t const* entry = nullptr;
+  tree.WalkBegin(n, n);
+  for (std::int32_t key : {1, 2, 3, 4}) {
+    ASSERT_TRUE(tree.WalkNext(entry));
+    ASSERT_EQ(entry[0], key);
+  }
+  EXPECT_TRUE(tree.GetCurrentData(own));
+  EXPECT_THROW(tree.WalkNext(entry), unsigned long);
+  EXPECT_FALSE(tree.GetCurrentData(own));
+  EXPECT_FALSE(tree.WriteCurrentNode());
+  EXPECT_THROW(tree.WalkNext(entry), unsigned long) << "and again";
+  EXPECT_FALSE(tree.GetCurrentData(own));
+}
+
 // Whatever operation of it fails, once or from there on: it throws, the head names a tree that can
 // be walked, and nothing is lost before the first old node is freed.
 TEST_F(BTreeLimitsTest, RebuildThatBreaksOffThrowsAndLeavesATrueRoot) {
