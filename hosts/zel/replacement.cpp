@@ -1,6 +1,7 @@
 #include "replacement.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -85,6 +86,14 @@ void MoveIntoPlace(std::string const& path) {
   }
   if (!fs::exists(path)) throw Failure(path + ": its first file is lost; see " + ready.string());
   RemoveFolder(ready);
+}
+
+// Owner and group stay where this user may give files to them; the mode always does.
+void CopyWithOwner(std::string const& from, std::string const& to) {
+  fs::copy_file(from, to);
+  struct stat info = {};
+  if (stat(from.c_str(), &info) != 0 || chown(to.c_str(), info.st_uid, info.st_gid) != 0) return;
+  chmod(to.c_str(), info.st_mode);  // which a change of the owner may have cut
 }
 
 // Two programs that make a library of one name must not take each other's folder for one left over.
@@ -187,7 +196,7 @@ void LibraryChange::OpenCopy(std::string const& path, ChangeOptions const& optio
   OrFail(path, "cannot be copied", [&] {
     for (int number = 1; number <= kFiles; ++number) {
       std::string const from = FileOf(whole, number);
-      if (fs::exists(from)) fs::copy_file(from, FileOf(work_->First(), number));
+      if (fs::exists(from)) CopyWithOwner(from, FileOf(work_->First(), number));
     }
   });
   library_ = Library::OpenUpdate(work_->First(), options.password, path);

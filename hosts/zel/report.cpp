@@ -209,6 +209,7 @@ std::string PrintText(Report const& report) {
     if (titled) out += table.Name() + "\n\n";
     TextTable(table).Print(out);
   }
+  if (out.empty() && !report.Tables().empty()) return "none\n";
   return out;
 }
 

@@ -7,6 +7,7 @@
 #include "failure.h"
 #include "fields.h"
 #include "item_key.h"
+#include "progress.h"
 #include "pure_component.h"
 #include "span_of_numbers.h"
 
@@ -179,6 +180,7 @@ Report Find(Options const& o) {
                                              {"name", ""}});
   std::vector<BankName> banks = library.Banks(kPureType);
   if (!o.bank.empty()) banks = {library.ComponentBank(o.bank)};
+  Waiting const waiting("searching " + o.path);
   PureComponent component;
   for (BankName const& bank : banks) {
     std::int32_t words[10] = {};

@@ -332,6 +332,22 @@ TEST_F(CommandsTest, EveryPrintableCharacterThatAPasswordMayHaveOpens) {
       Zel("set own.lb1 --description y", "ZEL_PASSWORD='Az09 !\"#$%&()*+,-./:;<=>?@_'").status, 0);
 }
 
+TEST_F(CommandsTest, ChangedLibraryKeepsItsModeAndGroup) {
+  ASSERT_EQ(Shell("chmod 640 crc.lb1 && chmod 664 crc.lb2 && chgrp $(id -G | tr ' ' '\\n' | tail "
+                  "-1) crc.lb1")
+                .status,
+            0);
+  std::string const before = Shell("stat -c '%a %u %g' crc.lb1 crc.lb2").out;
+  Good("set crc.lb1 --description x");
+  EXPECT_EQ(Shell("stat -c '%a %u %g' crc.lb1 crc.lb2").out, before);
+}
+
+TEST_F(CommandsTest, NothingIsToldAsNone) {
+  Good("create own.lb1");
+  EXPECT_EQ(Good("banks own.lb1"), "none\n");
+  EXPECT_EQ(Json("banks own.lb1")["banks"], json::array());
+}
+
 TEST_F(CommandsTest, InPlaceDoesTheSame) {
   Good("copy sample.lb1 one.lb1 --create --bank OCTANE");
   Good("copy sample.lb1 two.lb1 --create --bank OCTANE");
