@@ -113,9 +113,9 @@ class ZEL_API LibMaint {
   virtual char const* GetLastErrorText() const = 0;
   // Folder, file name and extension count where `path` has them; otherwise the files stand beside
   // the library under names made from library, bank and component, with ".xml". Files that are
-  // there are replaced. False when a file cannot be opened or written, or what is asked for is not there.
-  // `writeBanner` adds a block for a maintenance log, `componentFiles` gives each component of a
-  // bank a file of its own; forms without them take the switches of LibMaint_p.
+  // there are replaced. False when a file cannot be opened or written, or what is asked for is not
+  // there. `writeBanner` adds a block for a maintenance log, `componentFiles` gives each component
+  // of a bank a file of its own; forms without them take the switches of LibMaint_p.
   virtual bool ExportLibrary(char const* path, bool writeBanner, bool componentFiles) = 0;
   virtual bool ExportLibrary(char const* path, bool writeBanner) = 0;
   virtual bool ExportLibrary(char const* path) = 0;

@@ -46,8 +46,8 @@ ZEL_API double GetFormulaWeight(char const* formula);
 
 // --- room in the files ---------------------------------------------------------------------------
 
-// One file of an open library. Free runs lie between used blocks and are filled by later writes; the
-// room behind the last block is not among them.
+// One file of an open library. Free runs lie between used blocks and are filled by later writes;
+// the room behind the last block is not among them.
 struct ZelFileRoom {
   std::int32_t blockBytes = 0;
   std::int64_t blocks = 0;
@@ -89,8 +89,8 @@ class ZEL_API ZelFindingSink {
 //
 // Kinds of damage: "header", "extent", "tree-head", "tree-node", "tree-order", "tree-links",
 // "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "block-address",
-// "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown type), "block-leaked",
-// "identifier-missing", "identifier-stale". Notes: "sizes".
+// "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown type),
+// "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
 ZEL_API bool VerifyLibrary(LibFile* library, ZelFindingSink& sink);
 
 }  // namespace zel

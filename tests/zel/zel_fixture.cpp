@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -24,6 +25,19 @@ std::string FileText(fs::path const& path) {
   std::ostringstream text;
   text << std::ifstream(path, std::ios::binary).rdbuf();
   return text.str();
+}
+
+nlohmann::json Row(nlohmann::json const& table, char const* member, nlohmann::json const& value) {
+  for (nlohmann::json const& row : table) {
+    if (row.at(member) == value) return row;
+  }
+  return nullptr;
+}
+
+std::size_t Rows(nlohmann::json const& table, char const* member, nlohmann::json const& value) {
+  return static_cast<std::size_t>(
+      std::count_if(table.begin(), table.end(),
+                    [&](nlohmann::json const& row) { return row.at(member) == value; }));
 }
 
 ZelTest::ZelTest()

@@ -21,6 +21,10 @@ using Contents = std::map<std::string, std::string>;
 Contents ContentsOf(std::filesystem::path const& folder);
 std::string FileText(std::filesystem::path const& path);
 
+// The row of a table whose member has a value, null when there is none; and how many have.
+nlohmann::json Row(nlohmann::json const& table, char const* member, nlohmann::json const& value);
+std::size_t Rows(nlohmann::json const& table, char const* member, nlohmann::json const& value);
+
 class ZelTest : public ::testing::Test {
  protected:
   // A folder with sample.lb1 (pairs and groups), perry.lb1 and crc.lb1 (components).
