@@ -84,7 +84,7 @@ struct CorrelationRow {
   std::int32_t defaultUnit;
   Basis basis;
   Extrapolation extrapolation;
-  std::int32_t limit;  // 9: at least 0; 10: 1e-10 to 1e8; 11 to 13: at least 1e-10
+  std::int32_t limit;     // 9: at least 0; 10: 1e-10 to 1e8; 11 to 13: at least 1e-10
   std::string_view unit;  // internal, that of an evaluated value
   std::string_view label;
 };
