@@ -113,17 +113,24 @@ void Difference::Bank(BankName const& bank) {
 
 void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
                       std::string const& place) {
-  auto const read = [&](Library const& library) {
-    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-    zel::Handle<zel::Key> const key(zel::Key::NewKey());
-    key->SetKeyWords(static_cast<long>(stored.size()), stored.data());
-    if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+  zel::Handle<zel::Key> const key = StoredKey(stored);
+  auto const read = [&](Library const& library, zel::IZelBankDef* item) {
+    if (!library.Maint().ReadItem(item, bank.name.c_str(), key.get())) {
       throw Failure(library.Path() + ": " + place + " cannot be read");
     }
+  };
+  auto const valuesIn = [&](Library const& library) {
+    if (bank.type == kPureType) {
+      PureComponent const component;
+      read(library, component.Def());
+      return ValuesOf(component);
+    }
+    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+    read(library, item.get());
     return ValuesOf(*item);
   };
-  std::vector<NamedValue> const a = read(one_);
-  std::vector<NamedValue> const b = read(other_);
+  std::vector<NamedValue> const a = valuesIn(one_);
+  std::vector<NamedValue> const b = valuesIn(other_);
   auto const valueIn = [](std::vector<NamedValue> const& values, std::string const& name) {
     auto const at = std::find_if(values.begin(), values.end(),
                                  [&](NamedValue const& value) { return value.name == name; });

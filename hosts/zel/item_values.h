@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "pure_component.h"
 #include "report.h"
-#include "zelaccess/ZelAccess.h"
 
 namespace zelhost {
 
@@ -13,7 +13,9 @@ struct NamedValue {
   std::string name;
   Cell value;
 };
-// Of an item just read. Values of a pure component that are not there are left out.
+// Of an item just read, by the fields of its type.
 std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item);
+// Of a pure component, without what is not there.
+std::vector<NamedValue> ValuesOf(PureComponent const& component);
 
 }  // namespace zelhost

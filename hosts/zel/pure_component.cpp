@@ -96,7 +96,32 @@ Identity PureComponent::ReadIdentity() const {
   }
   identity.name = name;
   identity.formula = formula;
+  identity.keepsFormula = keepFormula != 0;
   return identity;
+}
+
+std::string PureComponent::Smiles() const {
+  char smiles[101] = {};
+  face_->GetSmiles(smiles);
+  return smiles;
+}
+
+std::int32_t PureComponent::Phase() const {
+  std::int32_t phase = 0;
+  face_->GetPhase(&phase);
+  return phase;
+}
+
+std::string PureComponent::Groups(std::uint32_t model) const {
+  std::int32_t count = 0;
+  std::int32_t groups[10] = {};
+  std::int32_t counts[10] = {};
+  if (face_->GetRawStructure(model, &count, groups, counts) != zel::kStatusOk) return "";
+  std::string text;
+  for (std::int32_t i = 0; i < count; ++i) {
+    text += (text.empty() ? "" : " ") + std::to_string(counts[i]) + "x" + std::to_string(groups[i]);
+  }
+  return text;
 }
 
 void PureComponent::Complete() {
@@ -152,7 +177,7 @@ Curve PureComponent::ReadCurve(std::uint32_t index) const {
   if (!curve.present) return curve;
   auto const used =
       static_cast<std::size_t>(std::clamp(count, 0, static_cast<std::int32_t>(kCoefficients)));
-  if (curve.given) curve.coefficients.assign(coefficients, coefficients + used);
+  curve.coefficients.assign(coefficients, coefficients + used);
   if (index < kCurvesWithCode) face_->GetCorrelationRefCode(index, &curve.refCode);
   char text[kSourceSize] = {};
   std::uint8_t isProtected = 0;

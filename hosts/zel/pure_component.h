@@ -33,6 +33,7 @@ struct Identity {
   std::vector<std::string> ids;
   std::string name;
   std::string formula;
+  bool keepsFormula = false;  // as it was given, not normalised
 
   std::string FirstId() const { return ids.empty() ? "" : ids.front(); }
 };
@@ -48,7 +49,7 @@ struct Curve {
   std::int32_t basis = 0;
   double tMin = zel::gen_GetUndefDouble();
   double tMax = zel::gen_GetUndefDouble();
-  std::vector<double> coefficients;
+  std::vector<double> coefficients;  // also of one that is not given back
   std::uint32_t refCode = 0;
   std::string source;
 };
@@ -69,6 +70,10 @@ class PureComponent {
   zel::IZelPureComp* operator->() const { return face_.operator->(); }
 
   Identity ReadIdentity() const;
+  std::string Smiles() const;
+  std::int32_t Phase() const;
+  // Counts and groups of a model, as "2x1 1x14"; empty when there are none.
+  std::string Groups(std::uint32_t model) const;
   // Derives what is missing.
   void Complete();
   double Constant(std::uint32_t index) const;

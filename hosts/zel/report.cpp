@@ -304,6 +304,17 @@ Cell Text(std::string text) {
   return text;
 }
 
+Cell Texts(std::vector<std::string> const& texts) {
+  std::string joined;
+  for (std::string const& text : texts) joined += (joined.empty() ? "" : " ") + text;
+  return Text(joined);
+}
+
+Cell Code(std::uint32_t code) {
+  if (code == 0) return {};
+  return std::int64_t{code};
+}
+
 std::string Digits(double value) { return fmt::format("{:.7g}", value); }
 
 std::string CellText(Cell const& cell) {

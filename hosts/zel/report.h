@@ -20,6 +20,10 @@ using Cell = std::variant<std::monostate, std::string, std::int64_t, double, boo
 Cell Number(double value);
 // A cell of a text; nothing when it is empty.
 Cell Text(std::string text);
+// Texts with blanks between them; nothing when there are none.
+Cell Texts(std::vector<std::string> const& texts);
+// A reference code; nothing for 0.
+Cell Code(std::uint32_t code);
 // 7 significant digits.
 std::string Digits(double value);
 // As text stands in a table.

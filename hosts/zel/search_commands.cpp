@@ -55,11 +55,6 @@ Counts CountOf(PureComponent const& component) {
   return counts;
 }
 
-Cell Code(std::uint32_t code) {
-  if (code == 0) return {};
-  return std::int64_t{code};
-}
-
 std::string RangeText(Curve const& curve) {
   return CellText(Number(curve.tMin)) + " to " + CellText(Number(curve.tMax)) + " " +
          TemperatureUnit(curve.tempUnit);

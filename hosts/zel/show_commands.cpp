@@ -27,35 +27,21 @@ struct Options {
   std::string weight;
 };
 
-std::string List(std::vector<std::string> const& words) {
-  std::string text;
-  for (std::string const& word : words) text += (text.empty() ? "" : " ") + word;
-  return text;
-}
-
 void AddIdentity(PureComponent const& component, Report& report) {
   Identity const identity = component.ReadIdentity();
   report.Fact("number", std::int64_t{identity.number});
   report.Fact("name", Text(identity.name));
   report.Fact("formula", Text(identity.formula));
   report.Fact("CAS number", Text(identity.cas));
-  report.Fact("IDs", Text(List(identity.ids)));
-  char smiles[101] = {};
-  component->GetSmiles(smiles);
-  report.Fact("SMILES", Text(smiles));
-  std::int32_t phase = 0;
-  component->GetPhase(&phase);
+  report.Fact("IDs", Texts(identity.ids));
+  report.Fact("SMILES", Text(component.Smiles()));
+  std::int32_t const phase = component.Phase();
   std::string phases;
   if ((phase & 1) != 0) phases += "vapor ";
   if ((phase & 2) != 0) phases += "liquid ";
   if ((phase & 4) != 0) phases += "solid ";
   if (!phases.empty()) phases.pop_back();
   report.Fact("phases", Text(phases));
-}
-
-Cell Code(std::uint32_t code) {
-  if (code == 0) return {};
-  return std::int64_t{code};
 }
 
 void AddConstants(PureComponent& component, bool complete, Report& report) {

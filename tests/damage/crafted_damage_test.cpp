@@ -20,10 +20,9 @@ constexpr std::int32_t kHostile[] = {-1,        0,          1,         2,       
                                      INT32_MIN, 990000000,  0,         111000001, 112000000,
                                      112999999, 1120000001, 121000001, 119000001, 111999999};
 
-class CraftedTest : public ::testing::Test {
+class CraftedTest : public ::testing::Test, protected test::SampleFiles {
  protected:
   void SetUp() override {
-    test::MakeSampleLibrary(files_);
     original1_ = files_.Contents(test::kSamplePath);
     original2_ = files_.Contents(test::kSamplePath2);
   }
@@ -31,29 +30,7 @@ class CraftedTest : public ::testing::Test {
     files_.Contents(test::kSamplePath) = original1_;
     files_.Contents(test::kSamplePath2) = original2_;
   }
-  void Put(char const* path, std::size_t byte, std::int32_t word) {
-    std::memcpy(files_.Contents(path).data() + byte, &word, 4);
-  }
-  std::int32_t Get(char const* path, std::size_t byte) {
-    std::int32_t word = 0;
-    std::memcpy(&word, files_.Contents(path).data() + byte, 4);
-    return word;
-  }
-  // Byte offset of a bank's directory data in the second file: behind its key.
-  std::size_t EntryOf(char const* type, char const* name) {
-    Bytes const& bytes = files_.Contents(test::kSamplePath2);
-    for (bool marker : {true, false}) {
-      std::int32_t key[4];
-      MakeBankKey(type, name, key, marker);
-      for (std::size_t at = 0; at + sizeof key <= bytes.size(); at += 4) {
-        if (std::memcmp(bytes.data() + at, key, sizeof key) == 0) return at + sizeof key;
-      }
-    }
-    ADD_FAILURE() << type;
-    return 0;
-  }
 
-  test::MemoryFileSystem files_;
   Bytes original1_;
   Bytes original2_;
 };

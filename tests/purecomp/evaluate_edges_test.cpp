@@ -4,48 +4,27 @@
 #include <limits>
 #include <vector>
 
-#include "tests/purecomp/record_fixture.h"
+#include "tests/purecomp/evaluate_fixture.h"
 
 namespace zel {
 namespace {
 
 using test::ComponentBank;
 
-constexpr double kUntouched = 4.75;
-
-struct Result {
-  ZelStatus result = kStatusFailed;
-  double value = kUntouched;
-  double derivative = kUntouched;
-  double weights[15] = {};
-  std::int32_t status = 99;
-};
-
-Result Evaluate(ComponentBank const& bank, std::uint32_t index, double T, std::int32_t order = 1) {
-  Result r;
-  r.result =
-      bank->EvaluateCorrelation(index, T, order, &r.value, &r.derivative, r.weights, &r.status);
-  return r;
-}
-
-// Between 200 and 400 unless told otherwise.
-void Set(ComponentBank const& bank, std::uint32_t index, std::int32_t equation,
-         std::vector<double> const& c, double tMin = 200.0, double tMax = 400.0,
-         std::int32_t unit = 0, std::int32_t basis = 1) {
-  ASSERT_EQ(bank->SetCorrelation(index, equation, 10, unit, 1, basis,
-                                 static_cast<std::int32_t>(c.size()), tMin, tMax, c.data()),
-            kStatusOk);
-}
+using test::Evaluate;
+using test::Evaluated;
+using test::kUntouchedValue;
+using test::SetCorrelation;
 
 // Sensitivities come without a slope.
 TEST(EvaluateEdges, SensitivitiesOutsideTheRangeAreThoseOfTheBound) {
   for (std::uint32_t index : {0U, 7U}) {
     ComponentBank bank;
-    Set(bank, index, 20, {8.0, -1500.0});
+    SetCorrelation(bank, index, 20, {8.0, -1500.0});
     for (double T : {150.0, 450.0, 0.0, std::numeric_limits<double>::infinity()}) {
       double const bound = T < 200.0 ? 200.0 : 400.0;
       double const V = std::exp(8.0 - 1500.0 / bound);
-      Result const r = Evaluate(bank, index, T, 11);
+      Evaluated const r = Evaluate(bank, index, T, 11);
       EXPECT_EQ(r.result, kStatusNothingNew);
       EXPECT_EQ(r.value, Evaluate(bank, index, bound).value) << T;
       EXPECT_EQ(r.derivative, 0.0) << T;
@@ -58,23 +37,23 @@ TEST(EvaluateEdges, SensitivitiesOutsideTheRangeAreThoseOfTheBound) {
 // No logarithm is taken where there is none, and no bound of the exponent is met.
 TEST(EvaluateEdges, SensitivitiesOutsideTheRangeLeaveAnyValueOfTheBound) {
   ComponentBank bank;
-  Set(bank, 7, 1, {1e30});
+  SetCorrelation(bank, 7, 1, {1e30});
   EXPECT_EQ(Evaluate(bank, 7, 450.0, 11).value, 1e30);
-  Set(bank, 7, 1, {-5.0});
+  SetCorrelation(bank, 7, 1, {-5.0});
   EXPECT_EQ(Evaluate(bank, 7, 450.0, 11).value, 1e-10) << "raised to the limit";
-  Set(bank, 7, 1, {std::nan("")});
+  SetCorrelation(bank, 7, 1, {std::nan("")});
   EXPECT_EQ(Evaluate(bank, 7, 450.0, 11).value, 1e-10);
-  Set(bank, 1, 1, {-5.0, 1.0});
+  SetCorrelation(bank, 1, 1, {-5.0, 1.0});
   EXPECT_EQ(Evaluate(bank, 1, std::numeric_limits<double>::infinity(), 11).value, 395.0);
 }
 
 // An infinite slope to below counts as none, so that a density goes on as it ended.
 TEST(EvaluateEdges, DensityThatEndsAtItsCriticalPointKeepsItsLastValue) {
   ComponentBank bank;
-  Set(bank, 4, 16, {2.25, 0.27, 400.0, 0.25});
+  SetCorrelation(bank, 4, 16, {2.25, 0.27, 400.0, 0.25});
   double const last = 2.25 / 0.27;
   EXPECT_DOUBLE_EQ(Evaluate(bank, 4, 400.0).value, last);
-  Result const r = Evaluate(bank, 4, 410.0);
+  Evaluated const r = Evaluate(bank, 4, 410.0);
   EXPECT_EQ(r.result, kStatusNothingNew);
   EXPECT_DOUBLE_EQ(r.value, last);
   EXPECT_EQ(r.derivative, 0.0);
@@ -83,9 +62,9 @@ TEST(EvaluateEdges, DensityThatEndsAtItsCriticalPointKeepsItsLastValue) {
 // exp(g) with g = 1 + 0.5 ln D - 0.25 ln P: the higher derivatives need all lower ones of D and P.
 TEST(EvaluateEdges, HigherDerivativesGoThroughCalledCorrelations) {
   ComponentBank bank;
-  Set(bank, 4, 1, {40.0, -0.125, 1.0 / 4096.0});
-  Set(bank, 0, 1, {100.0, 2.0, 1.0 / 64.0}, 200, 400, 0, 0);
-  Set(bank, 7, 38, {1.0, 0.5, -0.25});
+  SetCorrelation(bank, 4, 1, {40.0, -0.125, 1.0 / 4096.0});
+  SetCorrelation(bank, 0, 1, {100.0, 2.0, 1.0 / 64.0}, 200, 400, 0, 0);
+  SetCorrelation(bank, 7, 38, {1.0, 0.5, -0.25});
   double const T = 300.0;
   struct LogJet {
     double value, first, second, third;
@@ -101,7 +80,7 @@ TEST(EvaluateEdges, HigherDerivativesGoThroughCalledCorrelations) {
   double const E = std::exp(1.0 + 0.5 * D.value - 0.25 * P.value);
   double const expected[] = {E * g1, E * (g1 * g1 + g2), E * (g1 * g1 * g1 + 3.0 * g1 * g2 + g3)};
   for (std::int32_t order : {1, 2, 3}) {
-    Result const r = Evaluate(bank, 7, T, order);
+    Evaluated const r = Evaluate(bank, 7, T, order);
     double const d = expected[order - 1];
     EXPECT_EQ(r.result, kStatusOk);
     EXPECT_NEAR(r.value, E, 1e-13 * E);
@@ -112,23 +91,23 @@ TEST(EvaluateEdges, HigherDerivativesGoThroughCalledCorrelations) {
 // What is called starts from 0 and not from the caller's numbers.
 TEST(EvaluateEdges, CalledCorrelationWithoutAFormGivesZero) {
   ComponentBank without, bank;
-  Set(without, 3, 54, {1.0, 0.25, 500.0});
-  Set(bank, 3, 54, {1.0, 0.25, 500.0});
-  Set(bank, 1, 50, {1.0});
-  Result const expected = Evaluate(without, 3, 300.0);
-  Result const r = Evaluate(bank, 3, 300.0);
+  SetCorrelation(without, 3, 54, {1.0, 0.25, 500.0});
+  SetCorrelation(bank, 3, 54, {1.0, 0.25, 500.0});
+  SetCorrelation(bank, 1, 50, {1.0});
+  Evaluated const expected = Evaluate(without, 3, 300.0);
+  Evaluated const r = Evaluate(bank, 3, 300.0);
   EXPECT_EQ(r.result, kStatusOk);
   EXPECT_EQ(r.value, expected.value);
   EXPECT_EQ(r.derivative, expected.derivative);
-  EXPECT_EQ(Evaluate(bank, 1, 300.0).value, kUntouched) << "where a host's number stays";
+  EXPECT_EQ(Evaluate(bank, 1, 300.0).value, kUntouchedValue) << "where a host's number stays";
 }
 
 TEST(EvaluateEdges, UndefinedMolecularWeightWeighsAsItStands) {
   for (std::uint32_t index : {1U, 4U, 12U, 13U, 17U}) {
     ComponentBank bank;
-    Set(bank, index, 1, {1000.0, 2.0}, 200, 400, 0, 2);
+    SetCorrelation(bank, index, 1, {1000.0, 2.0}, 200, 400, 0, 2);
     bool const isDensity = index == 4 || index == 12;
-    Result const r = Evaluate(bank, index, 300.0);
+    Evaluated const r = Evaluate(bank, index, 300.0);
     EXPECT_EQ(r.result, kStatusOk);
     EXPECT_DOUBLE_EQ(r.value, isDensity ? 1600.0 / -1e35 : 1600.0 * -1e35) << index;
     EXPECT_DOUBLE_EQ(r.derivative, isDensity ? 2.0 / -1e35 : 2.0 * -1e35) << index;
@@ -140,7 +119,7 @@ TEST(EvaluateEdges, WagnerFormGivesTheCriticalPressureInAnyUnit) {
     ComponentBank bank;
     bank->SetProperty(1, 380.0);
     bank->SetProperty(2, 4000.0);
-    Set(bank, 0, 47, {-7.0, 1.5, -2.0, -3.0}, 200, 400, unit, 0);
+    SetCorrelation(bank, 0, 47, {-7.0, 1.5, -2.0, -3.0}, 200, 400, unit, 0);
     EXPECT_DOUBLE_EQ(Evaluate(bank, 0, 380.0).value, 4000.0) << unit;
   }
 }
@@ -151,8 +130,8 @@ TEST(EvaluateEdges, WagnerFormWithoutAFactorIsNoNumber) {
     ComponentBank bank;
     bank->SetProperty(1, 380.0);
     bank->SetProperty(2, 4000.0);
-    Set(bank, 0, 47, {-7.0, 1.5, -2.0, -3.0}, 200, 400, unit, 0);
-    Result const r = Evaluate(bank, 0, 300.0);
+    SetCorrelation(bank, 0, 47, {-7.0, 1.5, -2.0, -3.0}, 200, 400, unit, 0);
+    Evaluated const r = Evaluate(bank, 0, 300.0);
     EXPECT_EQ(r.result, kStatusOk) << unit;
     EXPECT_TRUE(std::isnan(r.value)) << unit;
   }
@@ -164,7 +143,7 @@ TEST(EvaluateEdges, FormsSeeTheConstantsAsRead) {
   bank->SetProperty(1, 500.0);
   bank->SetProperty(3, 0.3);
   bank->SetProperty(4, 0.27);
-  Set(bank, 0, 47, {-7.0}, 200, 400, 0, 0);
+  SetCorrelation(bank, 0, 47, {-7.0}, 200, 400, 0, 0);
   bank.Io()->Complete();
   double derived = 0.0;
   bank->GetCompleted(2, &derived);
@@ -174,11 +153,11 @@ TEST(EvaluateEdges, FormsSeeTheConstantsAsRead) {
 
 TEST(EvaluateEdges, FormThatCallsItselfIsThatWithoutAnInnerValue) {
   ComponentBank bank;
-  Set(bank, 1, 54, {2.0, 0.0, 500.0});
-  Result const r = Evaluate(bank, 1, 300.0);
+  SetCorrelation(bank, 1, 54, {2.0, 0.0, 500.0});
+  Evaluated const r = Evaluate(bank, 1, 300.0);
   ComponentBank other;
-  Set(other, 2, 54, {2.0, 0.0, 500.0});
-  Result const alone = Evaluate(other, 2, 300.0);
+  SetCorrelation(other, 2, 54, {2.0, 0.0, 500.0});
+  Evaluated const alone = Evaluate(other, 2, 300.0);
   EXPECT_EQ(r.result, kStatusOk);
   EXPECT_EQ(r.value, alone.value);
   EXPECT_EQ(r.derivative, alone.derivative);

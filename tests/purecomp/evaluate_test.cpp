@@ -4,44 +4,21 @@
 #include <limits>
 #include <vector>
 
-#include "tests/purecomp/record_fixture.h"
+#include "tests/purecomp/evaluate_fixture.h"
 
 namespace zel {
 namespace {
 
 using test::ComponentBank;
 
-struct Result {
-  ZelStatus result;
-  double value = 4.75;
-  double derivative = 5.25;
-  double weights[15] = {};
-  std::int32_t status = 99;
-};
-
-Result Evaluate(ComponentBank const& bank, std::uint32_t index, double T, std::int32_t order = 1) {
-  Result r{};
-  r.value = 4.75;
-  r.derivative = 5.25;
-  r.status = 99;
-  r.result =
-      bank->EvaluateCorrelation(index, T, order, &r.value, &r.derivative, r.weights, &r.status);
-  return r;
-}
-
-// A correlation in internal units between 200 and 400.
-void Set(ComponentBank const& bank, std::uint32_t index, std::int32_t equation,
-         std::vector<double> const& c, double tMin = 200.0, double tMax = 400.0,
-         std::int32_t unit = 0, std::int32_t basis = 1) {
-  ASSERT_EQ(bank->SetCorrelation(index, equation, 10, unit, 1, basis,
-                                 static_cast<std::int32_t>(c.size()), tMin, tMax, c.data()),
-            kStatusOk);
-}
+using test::Evaluate;
+using test::Evaluated;
+using test::SetCorrelation;
 
 TEST(Evaluate, InsideTheRangeGivesValueDerivativeAndStatusZero) {
   ComponentBank bank;
-  Set(bank, 1, 1, {10.0, 2.0, 0.5});
-  Result const r = Evaluate(bank, 1, 300.0);
+  SetCorrelation(bank, 1, 1, {10.0, 2.0, 0.5});
+  Evaluated const r = Evaluate(bank, 1, 300.0);
   EXPECT_EQ(r.result, kStatusOk);
   EXPECT_EQ(r.value, 10.0 + 600.0 + 45000.0);
   EXPECT_EQ(r.derivative, 302.0);
@@ -51,7 +28,7 @@ TEST(Evaluate, InsideTheRangeGivesValueDerivativeAndStatusZero) {
   for (std::int32_t order : {0, -1, INT32_MIN}) {
     EXPECT_EQ(Evaluate(bank, 1, 300.0, order).derivative, 302.0) << "counts as 1";
   }
-  Result const w = Evaluate(bank, 1, 300.0, 11);
+  Evaluated const w = Evaluate(bank, 1, 300.0, 11);
   EXPECT_EQ(w.weights[0], 1.0);
   EXPECT_EQ(w.weights[1], 300.0);
   EXPECT_EQ(w.weights[2], 90000.0);
@@ -61,7 +38,7 @@ TEST(Evaluate, InsideTheRangeGivesValueDerivativeAndStatusZero) {
 TEST(Evaluate, AbsentCorrelationsAndIndicesFailAndChangeNothing) {
   ComponentBank bank;
   for (std::uint32_t index : {0U, 17U, 18U, 19U, 20U, 4294967295U}) {
-    Result const r = Evaluate(bank, index, 300.0);
+    Evaluated const r = Evaluate(bank, index, 300.0);
     EXPECT_EQ(r.result, kStatusFailed) << index;
     EXPECT_EQ(r.value, 4.75);
     EXPECT_EQ(r.derivative, 5.25);
@@ -70,8 +47,8 @@ TEST(Evaluate, AbsentCorrelationsAndIndicesFailAndChangeNothing) {
 
 TEST(Evaluate, UnitFactorTurnsTheValueIntoInternalUnits) {
   ComponentBank bank;
-  Set(bank, 0, 1, {2.0, 0.01}, 200, 400, 4025, 0);
-  Result const r = Evaluate(bank, 0, 300.0);
+  SetCorrelation(bank, 0, 1, {2.0, 0.01}, 200, 400, 4025, 0);
+  Evaluated const r = Evaluate(bank, 0, 300.0);
   EXPECT_DOUBLE_EQ(r.value, 5.0 * 101.325);
   EXPECT_DOUBLE_EQ(r.derivative, 0.01 * 101.325);
 }
@@ -82,8 +59,8 @@ TEST(Evaluate, UnitThatIsNoneLeavesTheValue) {
   for (std::int32_t const unit :
        {1, 9, 999, 1009, 4009, 4037, 50999, 51010, 999999, -1, -4025, INT32_MIN, INT32_MAX}) {
     ComponentBank bank;
-    Set(bank, 0, 1, {2.0, 0.01}, 200, 400, unit, 0);
-    Result const r = Evaluate(bank, 0, 300.0);
+    SetCorrelation(bank, 0, 1, {2.0, 0.01}, 200, 400, unit, 0);
+    Evaluated const r = Evaluate(bank, 0, 300.0);
     EXPECT_EQ(r.result, kStatusOk) << unit;
     EXPECT_DOUBLE_EQ(r.value, 5.0) << unit;
     EXPECT_DOUBLE_EQ(r.derivative, 0.01) << unit;
@@ -93,9 +70,9 @@ TEST(Evaluate, UnitThatIsNoneLeavesTheValue) {
 TEST(Evaluate, VaporPressureAndLiquidViscosityExtrapolateLogarithmically) {
   for (std::uint32_t index : {0U, 7U}) {
     ComponentBank bank;
-    Set(bank, index, 20, {8.0, -1500.0});
+    SetCorrelation(bank, index, 20, {8.0, -1500.0});
     for (double T : {150.0, 450.0}) {
-      Result const r = Evaluate(bank, index, T);
+      Evaluated const r = Evaluate(bank, index, T);
       EXPECT_EQ(r.result, kStatusNothingNew);
       EXPECT_EQ(r.status, T > 400.0 ? 1 : -1);
       double const expected = std::exp(8.0 - 1500.0 / T);
@@ -108,11 +85,11 @@ TEST(Evaluate, VaporPressureAndLiquidViscosityExtrapolateLogarithmically) {
 // For orders 2 and 3 the slope used is the derivative of that order.
 TEST(Evaluate, LogarithmicExtrapolationUsesTheDerivativeOfTheOrder) {
   ComponentBank bank;
-  Set(bank, 7, 20, {2.0, -600.0});
+  SetCorrelation(bank, 7, 20, {2.0, -600.0});
   double const T = 450.0, Tx = 400.0;
   for (std::int32_t order : {2, 3}) {
-    Result const atEnd = Evaluate(bank, 7, Tx, order);
-    Result const r = Evaluate(bank, 7, T, order);
+    Evaluated const atEnd = Evaluate(bank, 7, Tx, order);
+    Evaluated const r = Evaluate(bank, 7, T, order);
     double const V = atEnd.value, dV = atEnd.derivative;
     double const E = std::exp(std::log(V) - (Tx / T - 1.0) * (Tx / V) * dV);
     double const w = dV * Tx * Tx / (T * T * V);
@@ -125,30 +102,30 @@ TEST(Evaluate, LogarithmicExtrapolationUsesTheDerivativeOfTheOrder) {
 
 TEST(Evaluate, LogarithmicExtrapolationIsClampedAndNeedsAPositiveValue) {
   ComponentBank bank;
-  Set(bank, 7, 1, {1.0, 0.0, -1.0 / 90000.0});  // falls to 0 at 300
-  Result const negative = Evaluate(bank, 7, 450.0);
+  SetCorrelation(bank, 7, 1, {1.0, 0.0, -1.0 / 90000.0});  // falls to 0 at 300
+  Evaluated const negative = Evaluate(bank, 7, 450.0);
   EXPECT_EQ(negative.result, kStatusNothingNew);
   EXPECT_EQ(negative.value, 1e-10) << "0, raised to the limit";
   EXPECT_EQ(negative.derivative, 0.0);
-  Set(bank, 7, 20, {50.0, -30000.0}, 500.0, 600.0);
+  SetCorrelation(bank, 7, 20, {50.0, -30000.0}, 500.0, 600.0);
   double const expected = std::exp(50.0 - 3e-5);
   EXPECT_NEAR(Evaluate(bank, 7, 1e9).value, expected, 1e-12 * expected);
-  Set(bank, 7, 20, {75.0, -30000.0}, 500.0, 600.0);
+  SetCorrelation(bank, 7, 20, {75.0, -30000.0}, 500.0, 600.0);
   EXPECT_DOUBLE_EQ(Evaluate(bank, 7, 1e9).value, std::exp(60.0));
 }
 
 TEST(Evaluate, OtherCorrelationsExtrapolateLinearly) {
   for (std::uint32_t index : {1U, 2U, 4U, 5U, 6U, 8U, 9U, 11U, 12U, 13U, 14U, 15U, 16U, 17U}) {
     ComponentBank bank;
-    Set(bank, index, 1, {1000.0, 2.0, 0.25});
-    Result const r = Evaluate(bank, index, 450.0);
+    SetCorrelation(bank, index, 1, {1000.0, 2.0, 0.25});
+    Evaluated const r = Evaluate(bank, index, 450.0);
     EXPECT_EQ(r.result, kStatusNothingNew) << index;
     EXPECT_EQ(r.value, 1000.0 + 800.0 + 40000.0 + 50.0 * 202.0) << index;
     EXPECT_EQ(r.derivative, 202.0);
-    Result const second = Evaluate(bank, index, 450.0, 2);
+    Evaluated const second = Evaluate(bank, index, 450.0, 2);
     EXPECT_EQ(second.value, 41800.0 + 50.0 * 0.5) << "the second derivative is the slope";
     EXPECT_EQ(second.derivative, 0.0);
-    Result const weights = Evaluate(bank, index, 450.0, 11);
+    Evaluated const weights = Evaluate(bank, index, 450.0, 11);
     EXPECT_EQ(weights.value, 41800.0) << "no slope";
     EXPECT_EQ(weights.derivative, 0.0);
     EXPECT_EQ(weights.weights[1], 400.0) << "those of the bound";
@@ -165,15 +142,15 @@ TEST(Evaluate, LimitsCutTheValueAndItsDerivative) {
         Case{4, -5.0, 1e-10}, Case{5, -5.0, 1e-10}, Case{6, -5.0, 1e-10}, Case{7, -5.0, 1e-10},
         Case{8, -5.0, 1e-10}, Case{9, -5.0, 1e-10}, Case{12, -5.0, 1e-10}, Case{17, -5.0, 1e-10}}) {
     ComponentBank bank;
-    Set(bank, c.index, 1, {c.stored - 300.0, 1.0});
-    Result const r = Evaluate(bank, c.index, 300.0);
+    SetCorrelation(bank, c.index, 1, {c.stored - 300.0, 1.0});
+    Evaluated const r = Evaluate(bank, c.index, 300.0);
     EXPECT_EQ(r.result, kStatusOk);
     EXPECT_EQ(r.value, c.expected) << c.index;
     EXPECT_EQ(r.derivative, 0.0) << c.index;
   }
   for (std::uint32_t index : {1U, 2U, 11U, 13U, 14U, 15U, 16U}) {
     ComponentBank bank;
-    Set(bank, index, 1, {-305.0, 1.0});
+    SetCorrelation(bank, index, 1, {-305.0, 1.0});
     EXPECT_EQ(Evaluate(bank, index, 300.0).value, -5.0) << index << " has no limit";
     EXPECT_EQ(Evaluate(bank, index, 300.0).derivative, 1.0);
   }
@@ -181,8 +158,8 @@ TEST(Evaluate, LimitsCutTheValueAndItsDerivative) {
 
 TEST(Evaluate, LatentHeatExtrapolatedBelowZeroIsZero) {
   ComponentBank bank;
-  Set(bank, 3, 1, {500.0, -1.0});
-  Result const r = Evaluate(bank, 3, 600.0);
+  SetCorrelation(bank, 3, 1, {500.0, -1.0});
+  Evaluated const r = Evaluate(bank, 3, 600.0);
   EXPECT_EQ(r.result, kStatusNothingNew);
   EXPECT_EQ(r.value, 0.0);
   EXPECT_EQ(r.derivative, 0.0);
@@ -190,8 +167,8 @@ TEST(Evaluate, LatentHeatExtrapolatedBelowZeroIsZero) {
 
 TEST(Evaluate, ExpansionAlwaysFailsAfterItsValueWasWritten) {
   ComponentBank bank;
-  Set(bank, 10, 1, {1.0, 2.0});
-  Result const inside = Evaluate(bank, 10, 300.0);
+  SetCorrelation(bank, 10, 1, {1.0, 2.0});
+  Evaluated const inside = Evaluate(bank, 10, 300.0);
   EXPECT_EQ(inside.result, kStatusFailed);
   EXPECT_EQ(inside.value, 601.0);
   EXPECT_EQ(inside.status, 0);
@@ -202,16 +179,16 @@ TEST(Evaluate, WeightBasisBecomesMolar) {
   for (std::uint32_t index : {1U, 2U, 3U, 4U, 11U, 12U, 13U, 14U, 15U, 17U}) {
     ComponentBank bank;
     bank->SetProperty(0, 50.0);
-    Set(bank, index, 1, {1000.0, 2.0}, 200, 400, 0, 2);
+    SetCorrelation(bank, index, 1, {1000.0, 2.0}, 200, 400, 0, 2);
     bool const isDensity = index == 4 || index == 12;
-    Result const r = Evaluate(bank, index, 300.0);
+    Evaluated const r = Evaluate(bank, index, 300.0);
     EXPECT_EQ(r.value, isDensity ? 32.0 : 80000.0) << index;
     EXPECT_EQ(r.derivative, isDensity ? 0.04 : 100.0) << index;
     EXPECT_EQ(Evaluate(bank, index, 300.0, 11).weights[1], 300.0) << "weights stay";
   }
   ComponentBank bank;
   bank->SetProperty(0, 50.0);
-  Set(bank, 1, 1, {1000.0}, 200, 400, 0, 2);
+  SetCorrelation(bank, 1, 1, {1000.0}, 200, 400, 0, 2);
   EXPECT_EQ(std::signbit(Evaluate(bank, 1, 300.0).derivative), false);
   bank->SetProperty(0, -50.0);
   EXPECT_FALSE(std::signbit(Evaluate(bank, 1, 300.0).derivative)) << "an exact 0 is left alone";
@@ -219,8 +196,8 @@ TEST(Evaluate, WeightBasisBecomesMolar) {
 
 TEST(Evaluate, EquationWithoutAFormGivesTheBufferTimesTheFactor) {
   ComponentBank bank;
-  Set(bank, 1, 50, {1.0}, 200, 400, 28012, 1);
-  Result const r = Evaluate(bank, 1, 300.0);
+  SetCorrelation(bank, 1, 50, {1.0}, 200, 400, 28012, 1);
+  Evaluated const r = Evaluate(bank, 1, 300.0);
   EXPECT_EQ(r.result, kStatusOk);
   EXPECT_EQ(r.value, 4.75 * 0.001);
   EXPECT_EQ(r.derivative, 5.25 * 0.001);
@@ -228,36 +205,36 @@ TEST(Evaluate, EquationWithoutAFormGivesTheBufferTimesTheFactor) {
 
 TEST(Evaluate, EquationsAboveAHundredEvaluate) {
   ComponentBank bank;
-  Set(bank, 1, 117, {10.0, 2.0, 3.0, 0.0, 0.0, 0.0});
+  SetCorrelation(bank, 1, 117, {10.0, 2.0, 3.0, 0.0, 0.0, 0.0});
   EXPECT_EQ(Evaluate(bank, 1, 300.0).value, 10.0 + 600.0 + 900.0);
 }
 
 TEST(Evaluate, FormsCallOtherCorrelations) {
   ComponentBank bank;
-  Set(bank, 4, 1, {20.0, -0.03125}, 200, 400, 0, 1);
-  Set(bank, 0, 1, {100.0, 2.0}, 200, 400, 0, 0);
-  Set(bank, 7, 38, {1.0, 0.5, -0.25});
+  SetCorrelation(bank, 4, 1, {20.0, -0.03125}, 200, 400, 0, 1);
+  SetCorrelation(bank, 0, 1, {100.0, 2.0}, 200, 400, 0, 0);
+  SetCorrelation(bank, 7, 38, {1.0, 0.5, -0.25});
   double const D = 20.0 - 0.03125 * 300.0, P = 700.0;
   double const expected = std::exp(1.0 + 0.5 * std::log(D) - 0.25 * std::log(P));
-  Result const r = Evaluate(bank, 7, 300.0);
+  Evaluated const r = Evaluate(bank, 7, 300.0);
   EXPECT_NEAR(r.value, expected, 1e-14 * expected);
   double const slope = expected * (0.5 * -0.03125 / D - 0.25 * 2.0 / P);
   EXPECT_NEAR(r.derivative, slope, 1e-13 * std::fabs(slope));
   // Missing, the called values count as 0, and their logarithm as -230.
   ComponentBank lonely;
-  Set(lonely, 7, 38, {1.0, 0.0625});
+  SetCorrelation(lonely, 7, 38, {1.0, 0.0625});
   EXPECT_NEAR(Evaluate(lonely, 7, 300.0).value, std::exp(1.0 - 0.0625 * 230.0), 1e-19);
 }
 
 TEST(Evaluate, CorrelationThatCallsItselfEnds) {
   ComponentBank bank;
-  Set(bank, 4, 38, {1.0, 0.125});
+  SetCorrelation(bank, 4, 38, {1.0, 0.125});
   EXPECT_NEAR(Evaluate(bank, 4, 300.0).value, 1e-10, 1e-10);
   EXPECT_EQ(Evaluate(bank, 4, 300.0).result, kStatusOk);
-  Set(bank, 0, 38, {1.0, 0.125, 0.125}, 200, 400, 0, 0);
+  SetCorrelation(bank, 0, 38, {1.0, 0.125, 0.125}, 200, 400, 0, 0);
   EXPECT_EQ(Evaluate(bank, 0, 300.0).result, kStatusOk) << "in a circle of two";
-  Set(bank, 1, 54, {0.0, 0.0, 500.0});
-  Result const r = Evaluate(bank, 1, 300.0);
+  SetCorrelation(bank, 1, 54, {0.0, 0.0, 500.0});
+  Evaluated const r = Evaluate(bank, 1, 300.0);
   EXPECT_EQ(r.result, kStatusOk);
   double const x = 1.0 - 300.0 / 500.0;
   EXPECT_NEAR(r.value, 8.314471 * 500.0 * (1.45 * (1.0 - x) - 0.45 * std::log(x)), 1e-9)
@@ -266,14 +243,14 @@ TEST(Evaluate, CorrelationThatCallsItselfEnds) {
 
 TEST(Evaluate, LimitsInDisorderFail) {
   ComponentBank bank;
-  Set(bank, 1, 1, {1.0}, 400.0, 200.0);
+  SetCorrelation(bank, 1, 1, {1.0}, 400.0, 200.0);
   EXPECT_EQ(Evaluate(bank, 1, 300.0).result, kStatusFailed);
   EXPECT_EQ(Evaluate(bank, 1, 300.0).status, 1);
 }
 
 TEST(Evaluate, NoLimitsMeansEverywhere) {
   ComponentBank bank;
-  Set(bank, 1, 1, {1.0, 1.0}, gen_GetUndefDouble(), gen_GetUndefDouble());
+  SetCorrelation(bank, 1, 1, {1.0, 1.0}, gen_GetUndefDouble(), gen_GetUndefDouble());
   EXPECT_EQ(Evaluate(bank, 1, 1e6).result, kStatusOk);
   EXPECT_EQ(Evaluate(bank, 1, -1e6).value, 1.0 - 1e6);
 }
@@ -283,18 +260,18 @@ TEST(Evaluate, TemperaturesThatAreNoneEnd) {
   for (std::uint32_t index = 0; index < 18; ++index) {
     for (std::int32_t equation = 0; equation <= 134; ++equation) {
       ComponentBank bank;
-      Set(bank, index, equation, {1.5, -2.0, 300.0, 0.5, 1.0, 2.0, 3.0, 4.0, 250.0});
+      SetCorrelation(bank, index, equation, {1.5, -2.0, 300.0, 0.5, 1.0, 2.0, 3.0, 4.0, 250.0});
       for (double T : {std::nan(""), infinite, -infinite, 0.0, -1.0}) {
         for (std::int32_t order : {1, 2, 3, 11}) {
-          Result const r = Evaluate(bank, index, T, order);
+          Evaluated const r = Evaluate(bank, index, T, order);
           EXPECT_TRUE(r.status >= -1 && r.status <= 1);
         }
       }
     }
   }
   ComponentBank bank;
-  Set(bank, 1, 1, {1.0, 2.0});
-  Result const above = Evaluate(bank, 1, infinite);
+  SetCorrelation(bank, 1, 1, {1.0, 2.0});
+  Evaluated const above = Evaluate(bank, 1, infinite);
   EXPECT_EQ(above.status, 1);
   EXPECT_EQ(above.value, infinite);
 }
@@ -306,7 +283,7 @@ TEST(Evaluate, WagnerConstantsOfWaterGiveTheBoilingPoint) {
   ComponentBank bank;
   bank->SetProperty(1, 647.3);
   bank->SetProperty(2, 22120.0);
-  Set(bank, 0, 47, {-7.76451, 1.45838, -2.77580, -1.23303}, 275.0, 647.3, 4015, 0);
+  SetCorrelation(bank, 0, 47, {-7.76451, 1.45838, -2.77580, -1.23303}, 275.0, 647.3, 4015, 0);
   EXPECT_NEAR(Evaluate(bank, 0, 373.124).value, 101.325, 0.15);
 }
 

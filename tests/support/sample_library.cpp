@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
 
 #include "maint/lib_maint.h"
+#include "store/bank_key.h"
 #include "store/key.h"
 #include "store/lib_file.h"
 #include "tests/support/sample_component.h"
@@ -223,6 +225,28 @@ Finding ReadEverything(MemoryFileSystem& files) {
   }
   if (finding.openError == openOk) Reader(library, finding).Run();
   return finding;
+}
+
+void SampleFiles::Put(char const* path, std::size_t byte, std::int32_t word) {
+  std::memcpy(files_.Contents(path).data() + byte, &word, sizeof word);
+}
+
+std::int32_t SampleFiles::Get(char const* path, std::size_t byte) {
+  std::int32_t word = 0;
+  std::memcpy(&word, files_.Contents(path).data() + byte, sizeof word);
+  return word;
+}
+
+std::size_t SampleFiles::EntryOf(char const* type, char const* name) {
+  auto const& bytes = files_.Contents(kSamplePath2);
+  for (bool const marker : {true, false}) {
+    std::int32_t key[4];
+    MakeBankKey(type, name, key, marker);
+    for (std::size_t at = 0; at + sizeof key <= bytes.size(); at += 4) {
+      if (std::memcmp(bytes.data() + at, key, sizeof key) == 0) return at + sizeof key;
+    }
+  }
+  throw std::invalid_argument("the sample library has no bank " + std::string(type));
 }
 
 }  // namespace zel::test

@@ -19,6 +19,19 @@ void MakeSampleLibrary(MemoryFileSystem& files);
 inline constexpr std::int32_t kSampleComponent = 10000123;
 std::int32_t SampleComponentAddress(MemoryFileSystem& files);
 
+// The files of a sample library, to be changed word by word.
+class SampleFiles {
+ protected:
+  SampleFiles() { MakeSampleLibrary(files_); }
+
+  void Put(char const* path, std::size_t byte, std::int32_t word);
+  std::int32_t Get(char const* path, std::size_t byte);
+  // Byte offset of a bank's directory data in the second file: behind its key. Throws when there is none.
+  std::size_t EntryOf(char const* type, char const* name);
+
+  MemoryFileSystem files_;
+};
+
 // What a reader found: per bank a text that holds all words of its items, or the word "error" with
 // the address of a block error. Opening alone can fail too.
 struct Finding {

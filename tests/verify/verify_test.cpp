@@ -52,10 +52,8 @@ class Sink final : public ZelFindingSink {
   std::vector<zel::Found> all;
 };
 
-class VerifyTest : public ::testing::Test {
+class VerifyTest : public ::testing::Test, protected test::SampleFiles {
  protected:
-  void SetUp() override { test::MakeSampleLibrary(files_); }
-
   std::unique_ptr<LibFile_i> Open(accModes mode = accRead) {
     auto library = std::make_unique<LibFile_i>(files_, mode, kSamplePath, "sample");
     EXPECT_EQ(library->OpenExisting({false, ""}, nullptr), openOk);
@@ -66,27 +64,6 @@ class VerifyTest : public ::testing::Test {
     sink_.all.clear();
     auto const library = Open();
     return VerifyLibrary(library.get(), sink_);
-  }
-  void Put(char const* path, std::size_t byte, std::int32_t word) {
-    std::memcpy(files_.Contents(path).data() + byte, &word, 4);
-  }
-  std::int32_t Get(char const* path, std::size_t byte) {
-    std::int32_t word = 0;
-    std::memcpy(&word, files_.Contents(path).data() + byte, 4);
-    return word;
-  }
-  // Byte offset of a bank's directory data in the second file.
-  std::size_t EntryOf(char const* type, char const* name) {
-    auto const& bytes = files_.Contents(kSamplePath2);
-    for (bool marker : {true, false}) {
-      std::int32_t key[4];
-      MakeBankKey(type, name, key, marker);
-      for (std::size_t at = 0; at + sizeof key <= bytes.size(); at += 4) {
-        if (std::memcmp(bytes.data() + at, key, sizeof key) == 0) return at + sizeof key;
-      }
-    }
-    ADD_FAILURE() << type;
-    return 0;
   }
   std::size_t HeadOf(char const* type, char const* name) {
     return EntryOf(type, name) + 4 * f::kBankHead;
@@ -101,7 +78,6 @@ class VerifyTest : public ::testing::Test {
            f::kBlockWordsOfFile1;
   }
 
-  test::MemoryFileSystem files_;
   Sink sink_;
 };
 

@@ -203,6 +203,27 @@ TEST_F(ImportDataTest, WordsHaveCodes) {
   }
 }
 
+// A code that a component cannot hold leaves the one that it has.
+TEST_F(ImportDataTest, ReferenceCodesBeyondTheirRange) {
+  struct Row {
+    char const* code;
+    std::uint32_t kept;
+  };
+  for (Row const& row : {Row{"32000", 32000}, Row{"32001", 5}, Row{"-1", 5}, Row{"0", 0}}) {
+    std::string const code = "refCode='" + std::string(row.code) + "'";
+    ASSERT_TRUE(
+        ImportElements("<property name='TC' value='1' refCode='5'/>"
+                       "<property name='TC' value='2' " +
+                       code +
+                       "/><correlation name='LatentHeat' equation='1' refCode='5'> 1 "
+                       "</correlation><correlation name='LatentHeat' equation='1' " +
+                       code + "> 2 </correlation>"))
+        << Lines();
+    EXPECT_EQ(RefCode(1), row.kept) << row.code;
+    EXPECT_EQ(CurveOf(3).refCode, row.kept) << row.code;
+  }
+}
+
 TEST_F(ImportDataTest, UnknownWordsLeaveTheCorrelationOut) {
   struct Row {
     char const* attribute;

@@ -89,6 +89,15 @@ TEST_F(ImportTest, CommentsArePassedOverAndNamesMatchInAnyCase) {
   EXPECT_TRUE(Maint().BankExists("VANLAAR", "A"));
 }
 
+TEST_F(ImportTest, IncludedFileWithNothingButCommentsAddsNothing) {
+  MakeFile("c.xml", "<!-- before --><bank type='VANLAAR' name='C'><!-- nothing --></bank>");
+  MakeFile("d.xml", "<library><!-- nothing --></library>");
+  EXPECT_TRUE(ImportLibrary("<import file='c.xml'/><bank type='VANLAAR' name='E'/>"));
+  EXPECT_EQ(Lines(), "  VANLAAR:C\n  VANLAAR:E\n");
+  EXPECT_TRUE(Maint().BankExists("VANLAAR", "C"));
+  EXPECT_TRUE(Maint().Import(Path("d.xml").c_str(), false));
+}
+
 TEST_F(ImportTest, SilentRunStopsAtTheFirstError) {
   Maint().SetLogLevel(0);
   EXPECT_FALSE(ImportLibrary("<foo/><bank type='VANLAAR' name='A'/>"));
