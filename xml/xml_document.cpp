@@ -158,6 +158,24 @@ void ReferToEntity(void* data, xmlChar const*) { Refuse(static_cast<xmlParserCtx
 xmlParserInput* ResolveNothing(void*, xmlChar const*, xmlChar const*) { return nullptr; }
 void LoadNoSubset(void*, xmlChar const*, xmlChar const*, xmlChar const*) {}
 
+// The parser's own words, which it else prints on standard error when memory runs out, are not the
+// host's.
+class ParserSilence {
+ public:
+  ParserSilence() : handler_(xmlGenericError), data_(xmlGenericErrorContext) {
+    xmlSetGenericErrorFunc(nullptr, Ignore);
+  }
+  ParserSilence(ParserSilence const&) = delete;
+  ParserSilence& operator=(ParserSilence const&) = delete;
+  ~ParserSilence() { xmlSetGenericErrorFunc(data_, handler_); }
+
+ private:
+  static void Ignore(void*, char const*, ...) {}
+
+  xmlGenericErrorFunc handler_;
+  void* data_;
+};
+
 struct ContextCloser {
   void operator()(xmlParserCtxt* context) const noexcept { xmlFreeParserCtxt(context); }
 };
@@ -276,6 +294,7 @@ void XmlDocument::Closer::operator()(void* document) const noexcept {
 bool XmlDocument::Load(std::string_view text) {
   document_.reset();
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return false;
+  ParserSilence const silence;
   std::unique_ptr<xmlParserCtxt, ContextCloser> const context(xmlNewParserCtxt());
   if (!context) throw std::bad_alloc();
   constexpr double kRoom = 1e6;

@@ -95,6 +95,7 @@ TEST_F(DocumentMemoryTest, RefusalIsAnExceptionWhereverItComes) {
   ASSERT_TRUE(untroubled.Load(document));
   std::string const whole = Shown(untroubled.FirstNode());
   EXPECT_NE(whole.find("four"), std::string::npos) << whole;
+  ::testing::internal::CaptureStderr();
   int thrown = 0;
   anyRefused = true;
   for (int allowed = 0; anyRefused; ++allowed) {
@@ -112,6 +113,7 @@ TEST_F(DocumentMemoryTest, RefusalIsAnExceptionWhereverItComes) {
     }
   }
   EXPECT_GT(thrown, 10);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "") << "what a host did not say";
 }
 
 }  // namespace
