@@ -47,7 +47,7 @@ class Record {
  private:
   void WriteBlock(std::int32_t& address, int words, std::int32_t const* buffer) {
     if (library_.WriteBlock(address, words, buffer, 0) != words * format::kWordBytes) {
-      ThrowBlockError(address);
+      library_.Store().Throw(address, BlockFault::kNotWritten);
     }
   }
 

@@ -1,8 +1,9 @@
-// Addresses of blocks within a library, and the exception that names one.
+// Addresses of blocks within a library.
 #pragma once
 
 #include <cstdint>
 
+#include "store/block_error.h"
 #include "store/format.h"
 
 namespace zel {
@@ -26,10 +27,5 @@ struct BlockAddress {
     return type * format::kTypeFactor + file * format::kFileFactor + block;
   }
 };
-
-// Block errors are exceptions of exactly this type, holding the address word.
-[[noreturn]] inline void ThrowBlockError(std::int32_t word) {
-  throw static_cast<unsigned long>(static_cast<std::uint32_t>(word));
-}
 
 }  // namespace zel

@@ -6,8 +6,12 @@
 #include <utility>
 #include <vector>
 
+#include "frame/ascii.h"
+
 namespace zel {
 namespace {
+
+constexpr std::size_t kMostPath = 259;
 
 constexpr bool kNativeIsFileOrder = std::endian::native == std::endian::little;
 
@@ -133,28 +137,38 @@ bool BlockStore::FlushFiles() {
 
 // --- blocks ----------------------------------------------------------------------------------
 
+void BlockStore::Throw(std::int32_t address, BlockFault fault) const {
+  char path[kMostPath + 1];
+  CopyText(firstPath_, path, sizeof path);
+  BlockAddress const a = BlockAddress::Split(address);
+  bool const known = !firstPath_.empty() && address != format::kNullAddress && a.type == libType_ &&
+                     a.file >= 1 && a.file <= fileCount_;
+  if (known) path[std::strlen(path) - 1] = "0123456789"[a.file];
+  ThrowBlockError(address, fault, path);
+}
+
 BlockAddress BlockStore::CheckedForReading(std::int32_t address) const {
   BlockAddress const a = BlockAddress::Split(address);
   if (!open_ || a.type != libType_ || a.file < 1 || a.file > fileCount_ || a.block < 1 ||
       Slot(a.file).state == kAbsent || Slot(a.file).blockWords < 1) {
-    ThrowBlockError(address);
+    Throw(address, BlockFault::kNotABlock);
   }
   return a;
 }
 
 // Header and block table are written by the flush alone: an address that names them is damage.
 BlockAddress BlockStore::CheckedForWriting(std::int32_t address) const {
+  CheckWritable(address);
   BlockAddress const a = BlockAddress::Split(address);
-  if (!open_ || mode_ == accRead || a.type != libType_ || a.file < 1 || a.file > fileCount_ ||
-      a.block < 1 || Slot(a.file).blockWords < 1 ||
-      (a.file == 1 && a.block < format::kFirstFreeBlockOfFile1)) {
-    ThrowBlockError(address);
+  if (a.type != libType_ || a.file < 1 || a.file > fileCount_ || a.block < 1 ||
+      Slot(a.file).blockWords < 1 || (a.file == 1 && a.block < format::kFirstFreeBlockOfFile1)) {
+    Throw(address, BlockFault::kNotABlock);
   }
   return a;
 }
 
 void BlockStore::CheckWritable(std::int32_t address) const {
-  if (!open_ || mode_ == accRead) ThrowBlockError(address);
+  if (!open_ || mode_ == accRead) Throw(address, BlockFault::kReadOnly);
 }
 
 std::int32_t BlockStore::ReadBlock(std::int32_t address, std::int32_t words, std::int32_t* buffer) {
@@ -232,7 +246,7 @@ std::int32_t BlockStore::Allocate(std::int32_t words, std::int32_t fileChoice) {
   if (address == format::kNullAddress && IsCandidate(other)) {
     address = extents_.Take(other, BlocksFor(other, words));
   }
-  if (address == format::kNullAddress) ThrowBlockError(address);
+  if (address == format::kNullAddress) Throw(address, BlockFault::kNoRoom);
   return address;
 }
 
@@ -263,7 +277,7 @@ std::int64_t BlockStore::CheckFreeable(std::int32_t address, std::int32_t words)
   BlockAddress const a = CheckedForWriting(address);
   std::int64_t const blocks = BlocksFor(a.file, words);
   if (Slot(a.file).state == kAbsent || extents_.Overlaps(address, blocks, a.file)) {
-    ThrowBlockError(address);
+    Throw(address, BlockFault::kNotOccupied);
   }
   return blocks;
 }

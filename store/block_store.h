@@ -68,6 +68,8 @@ class BlockStore {
   std::int64_t CheckFreeable(std::int32_t address, std::int32_t words) const;
   // Throws `address` unless the store is open for update.
   void CheckWritable(std::int32_t address) const;
+  // Throws the address, with the path of the file that holds the block, or would.
+  [[noreturn]] void Throw(std::int32_t address, BlockFault fault) const;
   // A block run in place, for a library open for reading whose file is mapped; null otherwise, when
   // some of it lies behind the end of the file, and for the first few calls: a host that opens,
   // reads an item and closes is served sooner by copies than by a map. Stays valid until the file

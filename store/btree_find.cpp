@@ -17,12 +17,12 @@ BTree_i::BTree_i(BlockStore& store, std::int32_t* headRecord)
 BTree_i::~BTree_i() { ForgetAll(); }
 
 void BTree_i::CheckHead() const {
-  if (!head_.IsUsable()) ThrowBlockError(head_.rootAddress);
+  if (!head_.IsUsable()) store_.Throw(head_.rootAddress, BlockFault::kBadNode);
 }
 
 void BTree_i::CheckNode(std::int32_t const* words, std::int32_t address) const {
   std::int32_t const count = words[format::kNodeCount];
-  if (count < 0 || count > NodeLimit()) ThrowBlockError(address);
+  if (count < 0 || count > NodeLimit()) store_.Throw(address, BlockFault::kBadNode);
 }
 
 // Gives the bytes that came, -1 for a transfer that failed; the others are zeros.
@@ -47,7 +47,7 @@ void BTree_i::Load(Level& level, std::int32_t address) {
 
 // The level's buffer, holding the node at `address`.
 BTree_i::Level& BTree_i::Enter(int level, std::int32_t address) {
-  if (level == kMaxDepth) ThrowBlockError(address);
+  if (level == kMaxDepth) store_.Throw(address, BlockFault::kBadNode);
   if (level == levels_) level_[levels_++] = {format::kNullAddress, 0, nullptr, nullptr};
   Level& l = level_[level];
   if (l.address != address) Load(l, address);

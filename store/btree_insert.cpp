@@ -12,7 +12,9 @@ namespace f = format;
 
 void BTree_i::WriteNode(std::int32_t& address, std::int32_t const* words) {
   constexpr std::int32_t kBytes = f::kNodeWords * f::kWordBytes;
-  if (store_.WriteBlock(address, f::kNodeWords, words, 0) != kBytes) ThrowBlockError(address);
+  if (store_.WriteBlock(address, f::kNodeWords, words, 0) != kBytes) {
+    store_.Throw(address, BlockFault::kNotWritten);
+  }
 }
 
 // Writes a level's node; no other buffer keeps an older image of it.
@@ -56,7 +58,7 @@ void BTree_i::CheckRoomToGrow(int level) const {
   bool const full = std::all_of(level_, level_ + kMaxDepth, [this](Level const& l) {
     return l.words[f::kNodeCount] >= head_.maxEntries;
   });
-  if (full) ThrowBlockError(head_.rootAddress);
+  if (full) store_.Throw(head_.rootAddress, BlockFault::kBadNode);
 }
 
 // Puts a whole entry into the node of a level, and what a split sends up into the levels above.

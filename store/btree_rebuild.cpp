@@ -23,14 +23,15 @@ std::vector<BTree_i::NodeOnFile> BTree_i::NodesInBreadth() {
   for (std::size_t i = 0; i < nodes.size(); ++i) {
     if (i == endOfLevel) {
       endOfLevel = nodes.size();
-      if (++depth > kMaxDepth) ThrowBlockError(nodes[i].address);
+      if (++depth > kMaxDepth) store_.Throw(nodes[i].address, BlockFault::kBadNode);
     }
     nodes[i].bytes = ReadNode(nodes[i].address, buffer.Words());
-    if (!WithinBlocks(static_cast<std::int64_t>(i) + 1, bound)) ThrowBlockError(nodes[i].address);
+    if (!WithinBlocks(static_cast<std::int64_t>(i) + 1, bound))
+      store_.Throw(nodes[i].address, BlockFault::kBadNode);
     for (int k = 0; k <= node[f::kNodeCount]; ++k) {
       std::int32_t const child = node[LinkAt(k)];
       if (child == f::kNullAddress) continue;
-      if (!seen.insert(child).second) ThrowBlockError(child);
+      if (!seen.insert(child).second) store_.Throw(child, BlockFault::kBadNode);
       nodes.push_back({child, 0});
     }
   }
@@ -44,13 +45,13 @@ void BTree_i::CheckBlocksOf(std::vector<NodeOnFile> nodes) const {
             [](NodeOnFile const& a, NodeOnFile const& b) { return a.address < b.address; });
   std::int64_t free = 0;  // first address behind the node before
   for (NodeOnFile const& node : nodes) {
-    if (node.address < free) ThrowBlockError(node.address);
+    if (node.address < free) store_.Throw(node.address, BlockFault::kBadNode);
     free = node.address + store_.CheckFreeable(node.address, f::kNodeWords);
   }
 }
 
 void BTree_i::Rebuild(std::int32_t const* deletedKey) {
-  if (head_.rootAddress == f::kNullAddress) ThrowBlockError(f::kNullAddress);
+  if (head_.rootAddress == f::kNullAddress) store_.Throw(f::kNullAddress, BlockFault::kEmptyTree);
   std::vector<NodeOnFile> const nodes = NodesInBreadth();
   ForgetAll();
   std::int32_t const oldRoot = head_.rootAddress;
@@ -61,7 +62,8 @@ void BTree_i::Rebuild(std::int32_t const* deletedKey) {
     for (NodeOnFile const& node : nodes) {
       std::int32_t address = node.address;
       // What does not come now must not pass for a node without entries.
-      if (ReadNode(address, buffer.Words()) != node.bytes) ThrowBlockError(address);
+      if (ReadNode(address, buffer.Words()) != node.bytes)
+        store_.Throw(address, BlockFault::kNotRead);
       MoveEntries(buffer.Words(), deletedKey);
       store_.FreeBlock(address, f::kNodeWords);
       freedOne = true;

@@ -42,7 +42,7 @@ bool BTree_i::WalkOn(std::int32_t const*& entry) {
         ++level.index;
         walk_ = WalkState::kAtEntry;
       } else {
-        if (!WithinBlocks(++walkVisits_, walkBound_)) ThrowBlockError(child);
+        if (!WithinBlocks(++walkVisits_, walkBound_)) store_.Throw(child, BlockFault::kBadNode);
         Enter(current_ + 1, child).index = 0;
         ++current_;
         continue;

@@ -100,7 +100,7 @@ std::int32_t ExtentList::Take(std::int32_t file, std::int64_t blocks) noexcept {
 }
 
 void ExtentList::GiveBack(std::int32_t address, std::int64_t blocks, std::int32_t file) {
-  if (Overlaps(address, blocks, file)) ThrowBlockError(address);
+  if (Overlaps(address, blocks, file)) ThrowBlockError(address, BlockFault::kNotOccupied);
   for (int i = 0; i < count_; ++i) {
     Extent& e = entries_[static_cast<std::size_t>(i)];
     // A run that took over a tail is so long that an extent of the next file can stand at its end:

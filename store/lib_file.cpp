@@ -65,7 +65,7 @@ void LibFile_i::FlushLibFile() {
   constexpr std::int32_t kHeadsBytes = f::kTreeHeadsWords * f::kWordBytes;
   std::int32_t& headsAddress = header_[f::kTreeHeadsAddress];
   if (store_.WriteBlock(headsAddress, f::kTreeHeadsWords, heads_.data(), 0) != kHeadsBytes) {
-    ThrowBlockError(headsAddress);
+    store_.Throw(headsAddress, BlockFault::kNotWritten);
   }
   HeaderImage const image = PackedHeader();
   bool good = store_.WritePlain(f::kHeaderBlock, f::kHeaderWords, image.data());
@@ -74,7 +74,7 @@ void LibFile_i::FlushLibFile() {
   store_.Extents().Store(table.data());
   good = good && store_.WritePlain(f::kBlockTableBlock, f::kHeaderWords, table.data());
   if (good) blockTable_ = table;
-  if (!good || !store_.FlushFiles()) ThrowBlockError(headsAddress);
+  if (!good || !store_.FlushFiles()) store_.Throw(headsAddress, BlockFault::kNotWritten);
 }
 
 void LibFile_i::CloseLibFile() {

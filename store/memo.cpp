@@ -41,7 +41,7 @@ void WriteMemo(BlockStore& store, std::int32_t& address, std::int32_t words,
   std::int32_t const count = UsableWords(words);
   std::int32_t written = address;
   if (store.WriteBlock(written, count, buffer.data(), 0) != count * format::kWordBytes) {
-    ThrowBlockError(address);
+    store.Throw(address, BlockFault::kNotWritten);
   }
   address = written;
 }

@@ -1,5 +1,6 @@
 set(store_SOURCES
     bank_key.cpp
+    block_error.cpp
     block_store.cpp
     btree_delete.cpp
     btree_dump.cpp

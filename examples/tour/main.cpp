@@ -145,10 +145,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   try {
-    Run(argv[1], argv[2]);
+    zel::WithBlockErrors([&] { Run(argv[1], argv[2]); });
     return 0;
-  } catch (unsigned long address) {
-    std::fprintf(stderr, "tour: the library is damaged or full, at block address %lu\n", address);
   } catch (std::exception const& problem) {
     std::fprintf(stderr, "tour: %s\n", problem.what());
   }

@@ -16,9 +16,21 @@ namespace {
 
 constexpr char kComponents[] = "PURECOMP";
 
-std::vector<std::string>& Opened() {
-  static std::vector<std::string> paths;
-  return paths;
+struct OpenedLibrary {
+  std::filesystem::path path;
+  std::string shown;
+};
+
+// What this process has opened.
+std::vector<OpenedLibrary>& Opened() {
+  static std::vector<OpenedLibrary> libraries;
+  return libraries;
+}
+
+// A path without its extension, by which the files of one library differ.
+std::filesystem::path Stem(std::filesystem::path const& path) {
+  std::error_code none;
+  return std::filesystem::absolute(path, none).lexically_normal().replace_extension();
 }
 
 zel::LibFile* Checked(zel::LibFile* file, std::string const& path, zel::openErrors error) {
@@ -38,7 +50,7 @@ Library::Library(std::string path, zel::LibFile* file)
 Library Library::OpenRead(std::string const& path, std::string const& shownAs) {
   std::string const& shown = shownAs.empty() ? path : shownAs;
   FinishChange(path);
-  Opened().push_back(shown);
+  Opened().push_back({path, shown});
   zel::openErrors error = zel::openFailed;
   zel::LibFile* const file = zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error);
   return {shown, Checked(file, shown, error)};
@@ -47,7 +59,7 @@ Library Library::OpenRead(std::string const& path, std::string const& shownAs) {
 Library Library::OpenUpdate(std::string const& path, std::string const& password,
                             std::string const& shownAs) {
   std::string const& shown = shownAs.empty() ? path : shownAs;
-  Opened().push_back(shown);
+  Opened().push_back({path, shown});
   zel::openErrors error = zel::openFailed;
   zel::LibFile* const file =
       zel::LibFile::OpenLibFile(zel::accUpdate, path.c_str(), password.c_str(), error);
@@ -55,7 +67,7 @@ Library Library::OpenUpdate(std::string const& path, std::string const& password
 }
 
 Library Library::Create(zel::libTypes kind, std::string const& path, std::string const& shownAs) {
-  Opened().push_back(shownAs);
+  Opened().push_back({path, shownAs});
   zel::openErrors error = zel::openFailed;
   zel::LibFile* const file = zel::LibFile::NewLibFile(kind, path.c_str(), error);
   return {shownAs, Checked(file, shownAs, error)};
@@ -122,7 +134,12 @@ std::string Reason(zel::openErrors error, std::string const& path) {
   }
 }
 
-std::vector<std::string> const& OpenedPaths() { return Opened(); }
+std::string ShownPath(std::string const& file) {
+  for (OpenedLibrary const& library : Opened()) {
+    if (Stem(library.path) == Stem(file)) return library.shown;
+  }
+  return file;
+}
 
 std::string UpperCase(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(), Upper);

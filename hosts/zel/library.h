@@ -63,9 +63,8 @@ bool ReleaseNames(std::string const& path);
 
 // What an open that failed means, e.g. "not found".
 std::string Reason(zel::openErrors error, std::string const& path);
-// The paths of the libraries that this process has opened, for the message of a block error, which
-// names only a block.
-std::vector<std::string> const& OpenedPaths();
+// What messages call the library that has `file` among its files, which a block error names.
+std::string ShownPath(std::string const& file);
 
 std::string UpperCase(std::string text);
 std::string LowerCase(std::string text);

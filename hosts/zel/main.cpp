@@ -1,4 +1,6 @@
 // zel: component libraries from the command line, for the people who keep them.
+#include <zelaccess/BlockError.h>
+
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -27,17 +29,13 @@ int Fail(int status, std::string text) {
   return status;
 }
 
-// A block error names a block and not its library.
-std::string BlockError(unsigned long address) {
-  std::string paths;
-  for (std::string const& path : zelhost::OpenedPaths()) {
-    paths += (paths.empty() ? "" : " or ") + path;
+// What a block error says, with the library's path as the user gave it.
+std::string MessageOf(zel::BlockError const& error) {
+  std::string text = zelhost::ShownPath(error.File()) + ": ";
+  if (error.Address() != zel::kNoBlockAddress) {
+    text += "block " + std::to_string(error.Address()) + " ";
   }
-  constexpr unsigned long kNoBlock = 990000000;
-  if (address == kNoBlock) return paths + ": no room for a block: the disk or the library is full";
-  return paths + ": block " + std::to_string(address) +
-         " cannot be read or written; the library is damaged or the disk is full. "
-         "`zel check --structure` tells which";
+  return text + error.Reason() + ". `zel check --structure` tells what is damaged";
 }
 
 // What is printed in the place of a command's work.
@@ -130,6 +128,6 @@ int main(int count, char** words) {
   } catch (std::exception const& error) {
     return Fail(kFailed, error.what());
   } catch (unsigned long const address) {
-    return Fail(kFailed, BlockError(address));
+    return Fail(kFailed, MessageOf(zel::BlockError(address)));
   }
 }

@@ -4,6 +4,7 @@
 #define ZELACCESS_ZELACCESS_H
 
 #include "zelaccess/Banks.h"
+#include "zelaccess/BlockError.h"
 #include "zelaccess/Casn.h"
 #include "zelaccess/CompList.h"
 #include "zelaccess/Handles.h"
