@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <type_traits>
 
 namespace zel {
@@ -27,11 +28,11 @@ struct Jet {
   }
 
   constexpr Jet& operator+=(Jet const& o) {
-    for (int i = 0; i <= N; ++i) d[i] += o.d[i];
+    for (std::size_t i = 0; i < d.size(); ++i) d[i] += o.d[i];
     return *this;
   }
   constexpr Jet& operator-=(Jet const& o) {
-    for (int i = 0; i <= N; ++i) d[i] -= o.d[i];
+    for (std::size_t i = 0; i < d.size(); ++i) d[i] -= o.d[i];
     return *this;
   }
   constexpr Jet& operator*=(double k) {
@@ -130,7 +131,7 @@ Jet<N> operator/(double a, Jet<N> const& b) {
 template <int N>
 Jet<N> operator/(Jet<N> const& a, double b) {
   Jet<N> r;
-  for (int i = 0; i <= N; ++i) r.d[i] = a.d[i] / b;
+  for (std::size_t i = 0; i < r.d.size(); ++i) r.d[i] = a.d[i] / b;
   return r;
 }
 template <int N>

@@ -62,7 +62,7 @@ class Merge {
 
   // Taking a zero does not count as taking.
   void TakeNumber(std::int32_t& own, r::MainWord word) {
-    own = main_[word];
+    own = main_[static_cast<Index>(word)];
     if (own != 0) taken_ = true;
   }
 

@@ -26,7 +26,8 @@ class SampleFiles {
 
   void Put(char const* path, std::size_t byte, std::int32_t word);
   std::int32_t Get(char const* path, std::size_t byte);
-  // Byte offset of a bank's directory data in the second file: behind its key. Throws when there is none.
+  // Byte offset of a bank's directory data in the second file: behind its key. Throws when there is
+  // none.
   std::size_t EntryOf(char const* type, char const* name);
 
   MemoryFileSystem files_;
