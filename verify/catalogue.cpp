@@ -4,11 +4,11 @@
 #include <iterator>
 
 #include "frame/units/unit_factors.h"
-#include "purecomp/formula.h"
 #include "purecomp/tables.h"
 #include "store/format.h"
 #include "store/packed_text.h"
 #include "verify/atomic_weights.h"
+#include "verify/composition.h"
 #include "zelaccess/Types.h"
 #include "zelaccess/Verify.h"
 
@@ -41,10 +41,9 @@ constexpr auto kCorrelations = [] {
   return rows;
 }();
 
-double WeightOf(ElementSymbol const& symbol) {
-  auto const at = std::find_if(
-      std::begin(kAtomicWeights), std::end(kAtomicWeights),
-      [&](AtomicWeight const& row) { return std::string_view(row.symbol) == symbol.data(); });
+double WeightOf(std::string_view element) {
+  auto const at = std::find_if(std::begin(kAtomicWeights), std::end(kAtomicWeights),
+                               [&](AtomicWeight const& row) { return element == row.symbol; });
   return at == std::end(kAtomicWeights) ? gen_GetUndefDouble() : at->weight;
 }
 
@@ -67,26 +66,15 @@ void GetKeyText(std::int32_t const* words, std::int32_t count, char* text) {
 }
 
 double GetFormulaWeight(char const* formula) {
-  constexpr std::size_t kSlots = 128;  // more than there are elements
-  std::array<ElementSymbol, kSlots> elements{};
-  std::array<std::int32_t, kSlots> counts{};
-  FormulaResult result;
-  std::string_view const text = formula != nullptr ? formula : "";
-  if (text.empty() || !ParseFormulaMerged(text, {elements, counts, 0}, result)) {
-    return gen_GetUndefDouble();
-  }
+  Composition atoms;
+  if (!CompositionOf(formula != nullptr ? formula : "", atoms)) return gen_GetUndefDouble();
   double weight = 0.0;
-  auto const add = [&](ElementSymbol const& symbol, std::int32_t count) {
-    double const each = WeightOf(symbol);
-    weight = gen_IsUndefDouble(each) || gen_IsUndefDouble(weight) ? gen_GetUndefDouble()
-                                                                  : weight + each * count;
-  };
-  for (std::int32_t i = 0; i < result.foundCount; ++i) {
-    add(elements[static_cast<std::size_t>(i)], counts[static_cast<std::size_t>(i)]);
+  for (auto const& [element, count] : atoms) {
+    double const each = WeightOf(element);
+    if (gen_IsUndefDouble(each)) return each;
+    weight += each * static_cast<double>(count);
   }
-  add({"H"}, 2 * result.hydrate);
-  add({"O"}, result.hydrate);
-  return weight > 0.0 ? weight : gen_GetUndefDouble();
+  return weight;
 }
 
 }  // namespace zel

@@ -1,5 +1,7 @@
 set(verify_SOURCES
     block_claims.cpp
     catalogue.cpp
+    composition.cpp
+    identity.cpp
     tree_check.cpp
     verify_library.cpp)

@@ -9,6 +9,7 @@
 #include "command.h"
 #include "failure.h"
 #include "fields.h"
+#include "identity_conflict.h"
 #include "item_key.h"
 #include "item_values.h"
 #include "progress.h"
@@ -26,6 +27,7 @@ struct Options {
   bool exitCode = false;
   bool structureOnly = false;
   bool senseIds = false;
+  bool acceptIdentity = false;
 };
 
 class Difference {
@@ -199,7 +201,9 @@ Report Diff(Options const& o) {
 class Collector final : public zel::ZelFindingSink {
  public:
   Collector(Options const& options, Table& table)
-      : silent_(options.silent.begin(), options.silent.end()), table_(table) {}
+      : silent_(options.silent.begin(), options.silent.end()),
+        acceptIdentity_(options.acceptIdentity),
+        table_(table) {}
 
   void Library(std::string path) { path_ = std::move(path); }
   void Found(zel::zelFindings severity, char const* id, char const* place,
@@ -216,7 +220,8 @@ class Collector final : public zel::ZelFindingSink {
     auto const& kinds = SenseKinds();
     auto const kind = std::find_if(kinds.begin(), kinds.end(),
                                    [&](SenseKind const& one) { return std::string(one.id) == id; });
-    if (kind == kinds.end() || !kind->isError) {
+    bool const isAccepted = acceptIdentity_ && id == std::string(kIdentity);
+    if (kind == kinds.end() || !kind->isError || isAccepted) {
       Found(zel::findingWarning, id, place.c_str(), text.c_str());
     } else if (silent_.count(id) == 0) {
       ++errors_;
@@ -228,6 +233,7 @@ class Collector final : public zel::ZelFindingSink {
 
  private:
   std::set<std::string> silent_;
+  bool acceptIdentity_;
   Table& table_;
   std::string path_;
   std::int64_t counts_[3] = {};
@@ -257,6 +263,33 @@ void CheckSense(Library const& library, Collector& collector) {
   for (BankName const& bank : library.Banks()) {
     CheckPairSense(library, bank, tell);
     CheckGroupSense(library, bank, tell);
+  }
+}
+
+// What one library or bank calls by the number, an ID or the CAS number of another and is something
+// else.
+void CheckIdentities(std::vector<Library> const& libraries, Collector& collector) {
+  std::string place;
+  IdentityAcross across(
+      [&](SourcedIdentity const& one, SourcedIdentity const& other, std::string const& what) {
+        collector.Sense(kIdentity, place,
+                        "has " + what + " of " + other.source + " and is " + ToText(one.identity) +
+                            ", there " + ToText(other.identity));
+      });
+  for (Library const& library : libraries) {
+    collector.Library(library.Path());
+    for (BankName const& bank : library.Banks(kPureType)) {
+      PureComponent const component;
+      std::int32_t words[10] = {};
+      library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+      while (library.Maint().NextItem(words, component.Def())) {
+        zel::ZelIdentity const identity = component.Compared();
+        place = bank.name + " " +
+                (*identity.ids[0] != '\0' ? identity.ids[0] : std::to_string(identity.number));
+        across.Component({library.Path() + ":" + bank.name, identity});
+      }
+      library.Maint().EndItemWalk();
+    }
   }
 }
 
@@ -333,6 +366,7 @@ Report Check(Options const& o) {
     CheckSense(library, collector);
     sound.push_back(std::move(library));
   }
+  CheckIdentities(sound, collector);
   for (std::size_t i = 1; i < sound.size(); ++i) {
     collector.Library(sound[i].Path());
     CheckAcross(sound[i], sound[0], collector);
@@ -361,6 +395,7 @@ void AddCompareCommands(CLI::App& app) {
           "zel check perry.lb1 crc.lb1 --silence source")
       .OptionalArgument("LIBRARY", o->paths, "libraries; later ones are held against the first")
       .Option("--silence", o->silent, "tell nothing of these checks", "ID...")
+      .Flag("--accept-identity", o->acceptIdentity, "different substances are a warning")
       .Flag("--structure", o->structureOnly, "the structure only")
       .Flag("--ids", o->senseIds, "list the checks of sense and their rules")
       .Run(Outputs::kJsonAndCsv, [o] { return Check(*o); });

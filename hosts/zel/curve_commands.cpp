@@ -17,7 +17,7 @@ namespace {
 constexpr std::int32_t kKelvin = 10;
 
 struct Options {
-  std::vector<std::string> libraries;
+  SourceOptions sources;
   std::vector<std::string> components;
   std::string component;
   std::string correlation;
@@ -77,7 +77,7 @@ std::string StatusText(std::int32_t status) {
 Report Eval(Options const& o) {
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
   if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives is 0 to 3");
-  Sources const sources(o.libraries);
+  Sources sources(o.sources);
   PureComponent component;
   sources.Search(o.component, component);
   Curve const curve = CurveOf(component, info, o.component);
@@ -110,6 +110,7 @@ Report Eval(Options const& o) {
     row.push_back(point.there ? StatusText(point.status) : "no value");
     table.Add(std::move(row));
   }
+  sources.AddWarnings(report);
   return report;
 }
 
@@ -126,9 +127,11 @@ struct Drawn {
 
 // One for each component, or for each component and each bank that has the correlation.
 std::vector<Drawn> Collect(Options const& o, zel::ZelCorrelationInfo const& info,
-                           Sources const& sources) {
+                           Sources& sources) {
   std::vector<Drawn> drawn;
   for (std::string const& word : o.components) {
+    auto merged = std::make_unique<PureComponent>();
+    sources.Search(word, *merged);
     std::size_t const before = drawn.size();
     for (std::size_t i = 0; o.each && i < sources.Count(); ++i) {
       auto component = std::make_unique<PureComponent>();
@@ -139,11 +142,9 @@ std::vector<Drawn> Collect(Options const& o, zel::ZelCorrelationInfo const& info
       drawn.push_back({std::move(label), std::move(component), std::move(curve)});
     }
     if (o.each && drawn.size() > before) continue;
-    auto component = std::make_unique<PureComponent>();
-    sources.Search(word, *component);
-    Curve curve = CurveOf(*component, info, word);
-    std::string label = component->ReadIdentity().name;
-    drawn.push_back({std::move(label), std::move(component), std::move(curve)});
+    Curve curve = CurveOf(*merged, info, word);
+    std::string label = merged->ReadIdentity().name;
+    drawn.push_back({std::move(label), std::move(merged), std::move(curve)});
   }
   return drawn;
 }
@@ -194,7 +195,7 @@ ChartLine LineOf(Drawn const& one, std::uint32_t index, Span const& span) {
 
 Report Plot(Options const& o) {
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
-  Sources const sources(o.libraries);
+  Sources sources(o.sources);
   std::vector<Drawn> const drawn = Collect(o, info, sources);
   Span const span = DefaultSpan(o, drawn);
   Chart chart;
@@ -207,6 +208,7 @@ Report Plot(Options const& o) {
   Report report;
   report.Fact("written", o.output);
   report.Fact("lines", static_cast<std::int64_t>(drawn.size()));
+  sources.AddWarnings(report);
   return report;
 }
 
@@ -217,9 +219,9 @@ void AddCurveCommands(CLI::App& app) {
   Command eval(app, "eval", "Evaluate a correlation over temperatures",
                "zel eval ETHANOL VaporPressure -l perry.lb1 -l crc.lb1 --at 25C 351.4K");
   eval.Argument("COMPONENT", o->component, "by number, ID or CAS number")
-      .Argument("CORRELATION", o->correlation, "its name or the beginning of it")
-      .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
-      .Option("--at", o->at, "temperatures with a unit, or in the record's", "T...")
+      .Argument("CORRELATION", o->correlation, "its name or the beginning of it");
+  AddSourceOptions(eval, o->sources);
+  eval.Option("--at", o->at, "temperatures with a unit, or in the record's", "T...")
       .Option("--from", o->from, "lowest temperature, else the record's; its unit", "T")
       .Option("--to", o->to, "highest temperature, else the record's; its unit", "T")
       .Option("--steps", o->steps, "how many steps from one to the other; 10", "N")
@@ -228,9 +230,9 @@ void AddCurveCommands(CLI::App& app) {
   Command plot(app, "plot", "Draw a correlation of components as an SVG chart",
                "zel plot VaporPressure ETHANOL WATER -l perry.lb1 --log -o vp.svg");
   plot.Argument("CORRELATION", o->correlation, "its name or the beginning of it")
-      .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several")
-      .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
-      .Required("-o,--output", o->output, "the SVG file", "FILE")
+      .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several");
+  AddSourceOptions(plot, o->sources);
+  plot.Required("-o,--output", o->output, "the SVG file", "FILE")
       .Option("--from", o->from, "lowest temperature, in K without a unit", "T")
       .Option("--to", o->to, "highest temperature, in K without a unit", "T")
       .Flag("--log", o->logarithmic, "logarithmic values")

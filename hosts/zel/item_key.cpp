@@ -115,6 +115,12 @@ zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> con
   return key;
 }
 
+bool ReadComponent(Library const& library, BankName const& bank, std::string const& word,
+                   PureComponent const& component) {
+  zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
+  return library.Maint().ReadItem(component.Def(), bank.name.c_str(), key.get());
+}
+
 std::string NamesHint(Library const& library, std::vector<std::string> const& words) {
   bool const byNumbers = std::all_of(words.begin(), words.end(), IsDigits);
   if (byNumbers || NamesLibrary() != nullptr || !library.Banks("PURECOMP").empty()) return "";

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "library.h"
+#include "pure_component.h"
 
 namespace zelhost {
 
@@ -20,6 +21,10 @@ zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components);
 // The key of an item of a bank of this type: components, plain numbers or a text. Throws Failure
 // when the bank's items are not named by that many words.
 zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> const& words);
+
+// Reads a component by one of its names; false when the bank has none of it.
+bool ReadComponent(Library const& library, BankName const& bank, std::string const& word,
+                   PureComponent const& component);
 
 // What to do about an item that was not found by IDs or CAS numbers which nobody knows; else empty.
 std::string NamesHint(Library const& library, std::vector<std::string> const& words);

@@ -100,6 +100,12 @@ Identity PureComponent::ReadIdentity() const {
   return identity;
 }
 
+zel::ZelIdentity PureComponent::Compared() const {
+  zel::ZelIdentity identity;
+  zel::GetComponentIdentity(face_.operator->(), identity);
+  return identity;
+}
+
 std::string PureComponent::Smiles() const {
   char smiles[101] = {};
   face_->GetSmiles(smiles);

@@ -1,6 +1,7 @@
 // A pure component: what the catalogue says that it consists of, and what an item holds of it.
 #pragma once
 
+#include <zelaccess/Identity.h>
 #include <zelaccess/Verify.h>
 #include <zelaccess/ZelAccess.h>
 
@@ -70,6 +71,8 @@ class PureComponent {
   zel::IZelPureComp* operator->() const { return face_.operator->(); }
 
   Identity ReadIdentity() const;
+  // What it is compared by.
+  zel::ZelIdentity Compared() const;
   std::string Smiles() const;
   std::int32_t Phase() const;
   // Counts and groups of a model, as "2x1 1x14"; empty when there are none.

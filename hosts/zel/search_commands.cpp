@@ -11,7 +11,7 @@ namespace zelhost {
 namespace {
 
 struct Options {
-  std::vector<std::string> libraries;
+  SourceOptions sources;
   std::vector<std::string> components;
   std::string component;
   std::string datum;
@@ -68,7 +68,7 @@ void AddWarning(PureComponent const& component, Report& report) {
 }
 
 Report Search(Options const& o) {
-  Sources const sources(o.libraries);
+  Sources sources(o.sources);
   PureComponent component;
   sources.Search(o.component, component);
   Identity const identity = component.ReadIdentity();
@@ -102,6 +102,7 @@ Report Search(Options const& o) {
     if (!curve.present) continue;
     curves.Add({row.name, std::int64_t{curve.equation}, RangeText(curve), Text(curve.source)});
   }
+  sources.AddWarnings(report);
   return report;
 }
 
@@ -171,7 +172,7 @@ Report Why(Options const& o) {
     throw Failure("\"" + o.datum + "\" is no constant and no correlation; `zel types " + kPureType +
                   "` lists them");
   }
-  Sources const sources(o.libraries);
+  Sources sources(o.sources);
   PureComponent merged;
   sources.Search(o.component, merged);
   Report report;
@@ -181,16 +182,48 @@ Report Why(Options const& o) {
   } else {
     WhyCurve(*curve, o, sources, merged, report);
   }
+  sources.AddWarnings(report);
   return report;
 }
 
-// The first bank of a type, over the libraries in their order, that has the pair.
-std::string SourceOfPair(Sources const& sources, std::string const& type,
-                         std::vector<std::string> const& pair) {
-  zel::Handle<zel::IZelBankDef> const item = BankOfType(type);
+// A component that was found, and the number that it has in each library; empty where its number is
+// that of another substance.
+struct Covered {
+  std::string word;
+  std::vector<std::string> numbers;
+};
+
+// A library's own components tell its numbers; one without components takes the common ones.
+Covered NumbersOf(std::string const& word, PureComponent const& merged, Sources const& sources) {
+  zel::ZelIdentity const identity = merged.Compared();
+  std::string const common = std::to_string(identity.number);
+  Covered covered{word, {}};
   for (Library const& library : sources.Libraries()) {
+    std::string number = common;
+    for (BankName const& bank : library.Banks(kPureType)) {
+      PureComponent const own;
+      PureComponent const namesake;
+      if (ReadComponent(library, bank, word, own)) {
+        number = std::to_string(own.Compared().number);
+      } else if (ReadComponent(library, bank, common, namesake)) {
+        if (zel::CompareIdentities(identity, namesake.Compared()) != zel::identityAgrees)
+          number = "";
+      }
+    }
+    covered.numbers.push_back(number);
+  }
+  return covered;
+}
+
+// The first bank of a type, over the libraries in their order, that has the pair.
+std::string SourceOfPair(Sources const& sources, std::string const& type, Covered const& one,
+                         Covered const& other) {
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(type);
+  for (std::size_t i = 0; i < sources.Libraries().size(); ++i) {
+    Library const& library = sources.Libraries()[i];
+    if (one.numbers[i].empty() || other.numbers[i].empty()) continue;
     for (BankName const& bank : library.Banks(type)) {
-      zel::Handle<zel::Key> const key = KeyOf(*item, pair);
+      zel::Handle<zel::Key> const key = KeyOf(*item, {one.numbers[i], other.numbers[i]});
       if (library.Maint().ItemExists(item.get(), bank.name.c_str(), key.get())) {
         return library.Path() + ":" + bank.name;
       }
@@ -214,18 +247,13 @@ std::vector<std::string> PairTypes(Sources const& sources) {
   return types;
 }
 
-// `numbers` are the components' numbers, for a library of pairs alone knows no IDs; empty for one
-// that no library has.
-void AddPairs(Options const& o, std::vector<std::string> const& numbers, Sources const& sources,
-              Report& report) {
+void AddPairs(std::vector<Covered> const& components, Sources const& sources, Report& report) {
   Table& table = report.Begin("pairs", {{"model", ""}, {"pair", ""}, {"state", ""}, {"from", ""}});
   for (std::string const& type : PairTypes(sources)) {
-    for (std::size_t i = 0; i < o.components.size(); ++i) {
-      for (std::size_t k = i + 1; k < o.components.size(); ++k) {
-        bool const areKnown = !numbers[i].empty() && !numbers[k].empty();
-        std::string const from =
-            areKnown ? SourceOfPair(sources, type, {numbers[i], numbers[k]}) : "";
-        table.Add({type, Joined({o.components[i], o.components[k]}),
+    for (std::size_t i = 0; i < components.size(); ++i) {
+      for (std::size_t k = i + 1; k < components.size(); ++k) {
+        std::string const from = SourceOfPair(sources, type, components[i], components[k]);
+        table.Add({type, Joined({components[i].word, components[k].word}),
                    Word(from.empty() ? State::kMissing : State::kStored), Text(from)});
       }
     }
@@ -245,7 +273,7 @@ void AddDetails(std::string const& word, PureComponent const& component, Table& 
 }
 
 Report Coverage(Options const& o) {
-  Sources const sources(o.libraries);
+  Sources sources(o.sources);
   Report report;
   Table summary("components", {{"component", ""},
                                {"stored", ""},
@@ -254,26 +282,20 @@ Report Coverage(Options const& o) {
                                {"correlations", ""},
                                {"name", ""}});
   Table details("data", {{"component", ""}, {"datum", ""}, {"state", ""}, {"from", ""}});
-  std::vector<std::string> numbers;
+  std::vector<Covered> covered;
   for (std::string const& word : o.components) {
     PureComponent component;
-    if (!sources.Find(word, component)) {
-      summary.Add({word, std::int64_t{0}, std::int64_t{0},
-                   static_cast<std::int64_t>(Constants().size()), std::int64_t{0}, Cell()});
-      numbers.emplace_back();
-      continue;
-    }
-    Identity const identity = component.ReadIdentity();
+    sources.Search(word, component);
     Counts const counts = CountOf(component);
-    summary.Add(
-        {word, counts.stored, counts.filledIn, counts.missing, counts.curves, identity.name});
-    numbers.push_back(std::to_string(identity.number));
+    summary.Add({word, counts.stored, counts.filledIn, counts.missing, counts.curves,
+                 component.ReadIdentity().name});
     if (o.details) AddDetails(word, component, details);
+    covered.push_back(NumbersOf(word, component, sources));
   }
-  // As CSV the first table is printed.
   if (o.details) report.Add(std::move(details));
   report.Add(std::move(summary));
-  if (o.components.size() > 1) AddPairs(o, numbers, sources, report);
+  if (covered.size() > 1) AddPairs(covered, sources, report);
+  sources.AddWarnings(report);
   return report;
 }
 
@@ -281,22 +303,22 @@ Report Coverage(Options const& o) {
 
 void AddSearchCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command(app, "search", "Merge a component over libraries, then complete it",
-          "zel search ETHANOL -l perry.lb1:PERRY -l crc.lb1")
-      .Argument("COMPONENT", o->component, "by number, ID or CAS number")
-      .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
-      .Run(Outputs::kJson, [o] { return Search(*o); });
-  Command(app, "why", "Tell where one datum of a component comes from",
-          "zel why ETHANOL TC -l perry.lb1 -l crc.lb1")
-      .Argument("COMPONENT", o->component, "by number, ID or CAS number")
-      .Argument("DATUM", o->datum, "keyword of a constant or name of a correlation")
-      .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
-      .Run(Outputs::kJson, [o] { return Why(*o); });
-  Command(app, "coverage", "Tell what components have, and what is missing",
-          "zel coverage ETHANOL WATER BENZENE -l perry.lb1 -l sample.lb1")
-      .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several")
-      .Required("-l,--lib", o->libraries, kSourceHelp, "SOURCE")
-      .Flag("--details", o->details, "every datum with its source")
+  Command search(app, "search", "Merge a component over libraries, then complete it",
+                 "zel search ETHANOL -l perry.lb1:PERRY -l crc.lb1");
+  search.Argument("COMPONENT", o->component, "by number, ID or CAS number");
+  AddSourceOptions(search, o->sources);
+  search.Run(Outputs::kJson, [o] { return Search(*o); });
+  Command why(app, "why", "Tell where one datum of a component comes from",
+              "zel why ETHANOL TC -l perry.lb1 -l crc.lb1");
+  why.Argument("COMPONENT", o->component, "by number, ID or CAS number")
+      .Argument("DATUM", o->datum, "keyword of a constant or name of a correlation");
+  AddSourceOptions(why, o->sources);
+  why.Run(Outputs::kJson, [o] { return Why(*o); });
+  Command coverage(app, "coverage", "Tell what components have, and what is missing",
+                   "zel coverage ETHANOL WATER BENZENE -l perry.lb1 -l sample.lb1");
+  coverage.Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several");
+  AddSourceOptions(coverage, o->sources);
+  coverage.Flag("--details", o->details, "every datum with its source")
       .Run(Outputs::kJsonAndCsv, [o] { return Coverage(*o); });
 }
 

@@ -263,6 +263,10 @@ std::vector<SenseKind> const& SenseKinds() {
       {"cas", "a component has a CAS number with a right check digit"},
       {"cas-shared", "no two components have the same CAS number"},
       {"cas-formula", "components with the same CAS number have the same formula", true},
+      {kIdentity,
+       "what several banks or libraries call by one number, ID or CAS number has one CAS number "
+       "and one formula there",
+       true},
       {"repeated",
        "no two components have the same coefficients but for rounding, or both TC and PC; no "
        "four have the same constant of five digits or more"},

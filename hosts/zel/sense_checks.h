@@ -22,6 +22,8 @@ struct SenseKind {
   bool isError = false;  // more than a warning
 };
 std::vector<SenseKind> const& SenseKinds();
+// Of a component that is another substance in another bank.
+inline constexpr char kIdentity[] = "identity";
 
 // Holds one component, as its bank has it, against the rules that need no other component.
 void CheckComponentSense(PureComponent const& component, std::string const& place,

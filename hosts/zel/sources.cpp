@@ -8,6 +8,14 @@
 
 namespace zelhost {
 
+void AddSourceOptions(Command& command, SourceOptions& options) {
+  command
+      .Required("-l,--lib", options.libraries, "LIBRARY[:BANK]; once for each, the preferred first",
+                "SOURCE")
+      .Flag("--accept-identity", options.acceptIdentity,
+            "merge sources that mean different substances");
+}
+
 std::size_t Sources::LibraryAt(std::string const& path) {
   auto const at = std::find_if(libraries_.begin(), libraries_.end(),
                                [&](Library const& one) { return one.Path() == path; });
@@ -16,8 +24,9 @@ std::size_t Sources::LibraryAt(std::string const& path) {
   return libraries_.size() - 1;
 }
 
-Sources::Sources(std::vector<std::string> const& words) : search_(zel::LibSearch::NewLibSearch()) {
-  for (std::string const& word : words) {
+Sources::Sources(SourceOptions const& options)
+    : search_(zel::LibSearch::NewLibSearch()), acceptIdentity_(options.acceptIdentity) {
+  for (std::string const& word : options.libraries) {
     std::size_t const colon =
         word.find(':', word.rfind('/') == std::string::npos ? 0 : word.rfind('/'));
     bool const hasBank = colon != std::string::npos && !std::filesystem::exists(word);
@@ -50,19 +59,29 @@ std::string Sources::Name(std::size_t i) const {
   return libraries_[places_[i].library].Path() + ":" + places_[i].bank;
 }
 
-bool Sources::Read(std::size_t i, std::string const& word, PureComponent& component) const {
-  zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
-  return libraries_[places_[i].library].Maint().ReadItem(component.Def(), places_[i].bank.c_str(),
-                                                         key.get());
+bool Sources::Read(std::size_t i, std::string const& word, PureComponent const& component) const {
+  return ReadComponent(libraries_[places_[i].library], {kPureType, places_[i].bank}, word,
+                       component);
 }
 
-bool Sources::Find(std::string const& word, PureComponent& component) const {
-  zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
-  return search_->Search(key.get(), component.Def(), true);
+void Sources::Judge(std::string const& word, std::vector<SourcedIdentity> found) {
+  std::optional<IdentityConflict> conflict = ConflictIn(word, std::move(found));
+  if (!conflict) return;
+  if (!acceptIdentity_) throw Failure(ToText(*conflict));
+  accepted_.push_back(std::move(*conflict));
 }
 
-void Sources::Search(std::string const& word, PureComponent& component) const {
-  if (Find(word, component)) return;
+void Sources::Search(std::string const& word, PureComponent& component) {
+  std::vector<SourcedIdentity> found;
+  for (std::size_t i = 0; i < Count(); ++i) {
+    PureComponent const part;
+    if (Read(i, word, part)) found.push_back({Name(i), part.Compared()});
+  }
+  if (!found.empty()) {
+    Judge(word, std::move(found));
+    zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
+    if (search_->Search(key.get(), component.Def(), true)) return;
+  }
   std::string names;
   for (std::size_t i = 0; i < Count(); ++i) names += (i == 0 ? "" : ", ") + Name(i);
   throw Failure("component " + word + " is not in " + names + "; `zel find` looks for names");

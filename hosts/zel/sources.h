@@ -4,17 +4,26 @@
 #include <string>
 #include <vector>
 
+#include "command.h"
+#include "identity_conflict.h"
 #include "item_key.h"
 #include "library.h"
 #include "pure_component.h"
 
 namespace zelhost {
 
+// Where a command looks for components.
+struct SourceOptions {
+  std::vector<std::string> libraries;
+  bool acceptIdentity = false;
+};
+void AddSourceOptions(Command& command, SourceOptions& options);
+
 class Sources {
  public:
-  // Words LIBRARY or LIBRARY:BANK; without a bank all banks of pure components that the library
-  // has, in its order. Throws Failure when there is none.
-  explicit Sources(std::vector<std::string> const& words);
+  // Libraries are words LIBRARY or LIBRARY:BANK; without a bank all banks of pure components that
+  // the library has, in its order. Throws Failure when there is none.
+  explicit Sources(SourceOptions const& options);
   Sources(Sources const&) = delete;
   Sources& operator=(Sources const&) = delete;
 
@@ -24,24 +33,27 @@ class Sources {
   // The libraries, each once, in the order in which they were named.
   std::vector<Library> const& Libraries() const { return libraries_; }
   // The component as one bank has it, not completed; false when it has none.
-  bool Read(std::size_t i, std::string const& word, PureComponent& component) const;
-  // The component merged from all banks and completed; throws Failure when no bank has it.
-  // False when none has the component.
-  bool Find(std::string const& word, PureComponent& component) const;
-  void Search(std::string const& word, PureComponent& component) const;
+  bool Read(std::size_t i, std::string const& word, PureComponent const& component) const;
+  // The component merged from all banks and completed. Throws Failure when no bank has it, and when
+  // those that have it mean different substances, unless that is accepted.
+  void Search(std::string const& word, PureComponent& component);
+  // What was accepted: call it when the report has its other tables.
+  void AddWarnings(Report& report) const { AddConflicts(accepted_, report); }
 
  private:
   struct Place {
     std::size_t library;
     std::string bank;
   };
+  // Throws Failure when the identities contradict each other, or notes it where that is accepted.
+  void Judge(std::string const& word, std::vector<SourcedIdentity> found);
   std::size_t LibraryAt(std::string const& path);
 
   std::vector<Library> libraries_;
   std::vector<Place> places_;
   zel::Handle<zel::LibSearch> search_;
+  bool acceptIdentity_;
+  std::vector<IdentityConflict> accepted_;
 };
-
-inline constexpr char kSourceHelp[] = "LIBRARY[:BANK]; once for each, the preferred first";
 
 }  // namespace zelhost

@@ -42,7 +42,7 @@ class ComponentsTest : public test::MaintTest {
 
 TEST_F(ComponentsTest, ComponentIsFoundByNumberIdAndCasNumber) {
   ASSERT_TRUE(Write(10000007, 64175, {"ETHANOL", "ETOH"}));
-  ASSERT_TRUE(Write(10000112, 7732185, {"WATER"}, 18.0));
+  ASSERT_TRUE(Write(10000326, 7732185, {"WATER"}, 18.0));
   Reopen(accRead);
   EXPECT_TRUE(Read(10000007L));
   EXPECT_EQ(Mw(), 46.0);
@@ -53,7 +53,7 @@ TEST_F(ComponentsTest, ComponentIsFoundByNumberIdAndCasNumber) {
   EXPECT_EQ(Mw(), 18.0);
   EXPECT_FALSE(Read("METHANOL"));
   EXPECT_EQ(Maint().Log().PendingText(), "Unable to identify components used in key");
-  EXPECT_EQ(Maint().FindNumberById("water"), 10000112);
+  EXPECT_EQ(Maint().FindNumberById("water"), 10000326);
   EXPECT_EQ(Maint().FindNumberByCas(casn("64-17-5")), 10000007);
 }
 

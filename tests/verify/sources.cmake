@@ -1,3 +1,4 @@
 set(verify_TEST_SOURCES
     catalogue_test.cpp
+    identity_test.cpp
     verify_test.cpp)

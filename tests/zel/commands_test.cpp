@@ -288,12 +288,11 @@ TEST_F(CommandsTest, CoverageCountsDataAndPairs) {
   EXPECT_TRUE(missing);
 }
 
-TEST_F(CommandsTest, CoverageOfWhatNobodyHas) {
-  json const report = Json("coverage ETHANOL NOBODY -l perry.lb1 -l sample.lb1");
-  json const nobody = Row(report["components"], "component", "NOBODY");
-  EXPECT_EQ(nobody["stored"], 0);
-  EXPECT_EQ(nobody["missing"], 41);
-  EXPECT_EQ(Row(report["pairs"], "pair", "ETHANOL + NOBODY")["state"], "missing");
+TEST_F(CommandsTest, CoverageOfWhatNobodyHasIsAnError) {
+  Outcome const outcome = Zel("coverage ETHANOL NOBODY -l perry.lb1 -l sample.lb1");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_NE(outcome.err.find("component NOBODY is not in perry.lb1:PERRY"), std::string::npos);
 }
 
 // 10.6 C is 283.75 K, and the last temperature of the record.

@@ -3,6 +3,7 @@ set(zel_TEST_SOURCES
     change_test.cpp
     commands_test.cpp
     documents_test.cpp
+    identity_test.cpp
     maintenance_test.cpp
     sense_test.cpp
     zel_fixture.cpp)
