@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <tuple>
 
 #include "purecomp/jet.h"
 
@@ -76,11 +75,7 @@ struct Symbols {
   // Another correlation as a number of the temperature's type.
   X Called(int index) const {
     if constexpr (IsJet<X>::value) {
-      constexpr int kOrder = static_cast<int>(std::tuple_size_v<decltype(X::d)>) - 1;
-      CalledCorrelation const called = at.caller->Call(index, ValueOf(T), kOrder);
-      X jet(called.d[0]);
-      for (int i = 1; i <= kOrder; ++i) jet.d[static_cast<std::size_t>(i)] = called.d[i];
-      return jet;
+      return FromDerivatives(T, at.caller->Call(index, ValueOf(T), X::kOrder).d);
     } else {
       return at.caller->Call(index, T, 0).d[0];
     }

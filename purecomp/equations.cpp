@@ -7,6 +7,7 @@
 
 #include "purecomp/compare_temperature.h"
 #include "purecomp/form_implicit.h"
+#include "purecomp/form_limits.h"
 #include "purecomp/forms_critical.h"
 #include "purecomp/forms_enthalpy.h"
 #include "purecomp/forms_exponential.h"
@@ -17,7 +18,6 @@ namespace zel {
 namespace {
 
 constexpr double kUndefinedLimit = -1e35;
-constexpr double kLn10 = 2.302585092994046;
 
 // The forms by number: one line each, as in docs/equations.md. Hands the result to `take`, within
 // each case, so that it stays in registers; false for a number that names no form.
@@ -96,18 +96,26 @@ constexpr DerivativeRule RuleOf(int equation, int order) noexcept {
   return DerivativeRule::kExact;
 }
 
-template <typename X, typename C>
-Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* coefficients) {
-  double const b = call.logBasis == 2 ? kLn10 : 1.0;
-  return {T, N, coefficients, b, call};
-}
-
 bool ValueOnly(EquationCall const& call, int N, double& value) {
   return Form(call.equation, MakeSymbols(call, call.temperature, N, call.coefficients),
               [&](auto const& result) {
                 if (result) value = *result;
                 return true;
               });
+}
+
+// The derivative of an order from a Jet. Where a lower one is infinite all above it are, and with
+// the same sign, seen from below; the Jet ends in the difference of two infinite terms.
+template <int Order>
+double HighestOf(Jet<Order> const& jet) {
+  double const highest = jet.d[Order];
+  if constexpr (Order >= 2) {
+    if (std::isnan(highest)) [[unlikely]] {
+      if (std::isinf(jet.d[1])) return jet.d[1];
+      if (std::isinf(jet.d[2])) return jet.d[2];
+    }
+  }
+  return highest;
 }
 
 // Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
@@ -121,7 +129,7 @@ template <int Order>
     derivative = 0.0;
     if (!result) return true;
     value = result->d[0];
-    if (rule == DerivativeRule::kExact) derivative = result->d[Order];
+    if (rule == DerivativeRule::kExact) derivative = HighestOf(*result);
     if (rule == DerivativeRule::kFirstInstead) derivative = result->d[1];
     return true;
   });
@@ -140,6 +148,7 @@ void Sensitivities(EquationCall const& call, int N, double* weights) {
            weights[k] = result ? result->d[1] : 0.0;
            return true;
          });
+    if (std::isnan(weights[k])) weights[k] = SensitivityLimit(call, N, k).value_or(weights[k]);
     jets[k] = c[k];
   }
 }
@@ -168,8 +177,11 @@ RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& de
         Sensitivities(call, N, weights);
       }
   }
-  value = number * call.factor + call.offset;
   bool const hasSlope = call.order >= kFirstDerivative && call.order <= kThirdDerivative;
+  if (std::isnan(slope) && hasSlope && std::isfinite(number)) [[unlikely]] {
+    slope = DerivativeLimit(call, N, call.order).value_or(slope);
+  }
+  value = number * call.factor + call.offset;
   derivative = hasSlope ? slope * call.factor : slope;
   return kInRange;
 }

@@ -1,6 +1,7 @@
 #include "purecomp/evaluate.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "frame/units/unit_factors.h"
 
@@ -16,15 +17,21 @@ constexpr std::int32_t kPressure = 10;
 constexpr double kSmallestValue = 1e-10;
 constexpr double kLargestPressure = 1e8;
 
+// A slope at a bound where the form ends steeply, or has none, counts as none.
+double FiniteSlope(double slope) noexcept { return std::isfinite(slope) ? slope : 0.0; }
+
 // ln V linear in 1/T. For orders 2 and 3 the slope used is the derivative of that order, and the
-// formulas are exact only for a first derivative: programs that use stored data depend on both.
+// formulas are exact only for a first derivative: programs that use stored data depend on both. At
+// the temperature 0 the exponent stands at its limit, and no slope is left.
 void ExtrapolateLogarithmic(double T, double Tx, double V, double dV, int order, double& value,
                             double& derivative) {
   if (!(V > 0.0)) {
     value = 0.0;
     return;
   }
-  double const E = Exp(Clamp(Ln(V) - (Tx / T - 1.0) * (Tx / V) * dV));
+  dV = FiniteSlope(dV);
+  double const change = dV == 0.0 ? 0.0 : (Tx / T - 1.0) * (Tx / V) * dV;
+  double const E = Exp(Clamp(Ln(V) - change));
   double const w = dV * Tx * Tx / (T * T * V);
   value = E;
   switch (order) {
@@ -34,11 +41,12 @@ void ExtrapolateLogarithmic(double T, double Tx, double V, double dV, int order,
       break;
     default: derivative = E * w;
   }
+  derivative = FiniteSlope(derivative);
 }
 
 void ExtrapolateLinear(double T, double Tx, double V, double dV, int order, double& value,
                        double& derivative) {
-  double const slope = dV > kUndefinedLimit ? dV : 0.0;
+  double const slope = dV > kUndefinedLimit ? FiniteSlope(dV) : 0.0;
   value = V + (T - Tx) * slope;
   derivative = order >= kSecondDerivative ? 0.0 : slope;
 }

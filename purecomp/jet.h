@@ -17,6 +17,7 @@ namespace zel {
 template <int N>
 struct Jet {
   static_assert(N >= 1 && N <= 3);
+  static constexpr int kOrder = N;
   std::array<double, N + 1> d{};
 
   constexpr Jet() = default;
@@ -54,6 +55,14 @@ constexpr double ValueOf(double x) noexcept { return x; }
 template <int N>
 constexpr double ValueOf(Jet<N> const& x) noexcept {
   return x.d[0];
+}
+
+// A number of the temperature's type from derivatives with respect to the temperature.
+template <int N>
+Jet<N> FromDerivatives(Jet<N> const&, double const (&d)[4]) noexcept {
+  Jet<N> jet(d[0]);
+  for (std::size_t i = 1; i <= N; ++i) jet.d[i] = d[i];
+  return jet;
 }
 
 // The function g of a Jet, from g and its derivatives at the Jet's value.

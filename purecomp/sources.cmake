@@ -3,9 +3,11 @@ set(purecomp_SOURCES
     equations.cpp
     evaluate.cpp
     fill_in.cpp
+    form_limits.cpp
     formula.cpp
     pure_comp.cpp
     pure_comp_sources.cpp
     pure_comp_structures.cpp
     record_read.cpp
-    record_write.cpp)
+    record_write.cpp
+    series.cpp)

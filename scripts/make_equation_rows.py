@@ -3,9 +3,16 @@
 in 50 digits (mpmath), for the tests to hold the library against.
 
     scripts/make_equation_rows.py > tests/purecomp/equation_rows.inc
+    scripts/make_equation_rows.py limits > tests/purecomp/limit_rows.inc
+
+The second holds the points at which a root, a power or a term of a form begins: temperatures that are
+one of the coefficients or the critical one, coefficients that are 0. Derivatives are limits from below
+there, sensitivities limits from above, and infinite where they grow beyond all bounds.
 
 The forms stand here as plain formulas on their own; nothing is taken from the library's sources.
 """
+import sys
+
 from mpmath import atan, cosh, diff, exp, findroot, inf, log, mp, mpf, sinh, sqrt, tanh  # noqa: F401
 
 mp.dps = 50
@@ -459,6 +466,85 @@ def weight(eq, moved, c, k):
     return diff(moved, c[k])
 
 
+STEPS = mpf(10) ** -60, mpf(10) ** -66
+
+
+def limit_of(f, x, side, order):
+    """The derivative of f where x is come to from one side: a number, an infinity, or None."""
+    with mp.workdps(500):
+        near, nearer = (diff(f, x + side * step, order, h=step * mpf(10) ** -15) for step in STEPS)
+        if abs(nearer) > 1000 and abs(nearer) > mpf(1.5) * abs(near):
+            return inf if nearer > 0 else -inf
+        if abs(nearer - near) > mpf(10) ** -9 * max(abs(near), mpf(10) ** -30):
+            return mpf(0) if abs(nearer) < mpf(10) ** -9 and abs(nearer) < abs(near) else None
+        return nearer
+
+
+def limit_row(eq, coefficients, T):
+    form, N = FORMS[eq], len(coefficients)
+    e = {k: mpf(v) for k, v in ENV.items()}
+    e['log'] = 1
+    c, t0 = [mpf(x) for x in coefficients], mpf(T)
+
+    def at(t, cc=c):
+        return form(At(e, cc, N, t))
+
+    value = at(t0)
+    with mp.workdps(500):
+        beside = at(t0 - STEPS[0])
+        # A guard stands at the point itself, or it is a pole.
+        if value is None or abs(value) > mpf(10) ** 100 or (
+                abs(value - beside) > mpf(10) ** -4 * max(abs(value), mpf(10) ** -20)):
+            return None
+    d = [limit_of(at, t0, -1, n) for n in (1, 2, 3)]
+    weights = [mpf(0) if eq in NO_WEIGHTS else None if is_guarded(eq, k, c, t0) else
+               limit_of(lambda x, k=k: at(t0, c[:k] + [x] + c[k + 1:]), c[k], 1, 1)
+               for k in range(N)]
+    return (eq, N, 1, T, c, value, d, weights)
+
+
+def is_guarded(eq, k, c, T):
+    # The form has another term at this number, or goes by a logarithm of 0.
+    return (eq in (17, 117) and k == 3 and c[3] == 0) or (eq == 16 and k in (2, 3) and c[2] == T)
+
+
+def limit_rows():
+    for eq, cases in CASES.items():
+        if eq in (2, 22, 39, 51, 52, 126, 134):  # derivatives of their own, or none
+            continue
+        coefficients = cases[0][0][:max(cases[0][1])]
+        T = ENV['Tc']
+        if eq in (44, 45):  # a logarithm of 0, which is guarded
+            T = INSIDE[2]
+        for temperature in (300.25, T):
+            for k in range(len(coefficients)):
+                for instead in (0.0, temperature):
+                    yield eq, coefficients[:k] + [instead] + coefficients[k + 1:], temperature
+        yield eq, coefficients, T
+        for N in range(1, len(coefficients)):
+            yield eq, coefficients[:N], T
+
+
+def text_of(x):
+    return 'kNone' if x is None else 'kInfinite' if x == inf else '-kInfinite' if x == -inf else number(x)
+
+
+def main_limits():
+    print('// Made by scripts/make_equation_rows.py limits: do not edit.')
+    print('// equation, N, log basis, T, {C}, written, value, {derivatives}, {sensitivities}')
+    print('// clang-format off')
+    for eq, coefficients, T in limit_rows():
+        try:
+            r = limit_row(eq, coefficients, T)
+        except (ZeroDivisionError, TypeError, ValueError, OverflowError):
+            continue  # a pole, or a power of a negative number
+        if r is not None:
+            print('{%d, %d, %d, %s, {%s}, true, %s, {%s}, {%s}},' % (
+                r[0], r[1], r[2], number(r[3]), ', '.join(map(number, r[4])), number(r[5]),
+                ', '.join(map(text_of, r[6])), ', '.join(map(text_of, r[7]))))
+    print('// clang-format on')
+
+
 def number(x):
     return '%.17g' % float(x)
 
@@ -481,4 +567,4 @@ def main():
 
 
 if __name__ == '__main__':
-    main()
+    main_limits() if sys.argv[1:] == ['limits'] else main()

@@ -59,6 +59,56 @@ TEST(EvaluateEdges, DensityThatEndsAtItsCriticalPointKeepsItsLastValue) {
   EXPECT_EQ(r.derivative, 0.0);
 }
 
+// The second and third derivative of a Wagner form are infinite at the critical point.
+TEST(EvaluateEdges, VaporPressureAboveItsCriticalPointStaysForAnInfiniteSlope) {
+  ComponentBank bank;
+  bank->SetProperty(1, 400.0);
+  bank->SetProperty(2, 4000.0);
+  SetCorrelation(bank, 0, 47, {-7.0, 1.5, -2.0, -3.0}, 200, 400, 0, 0);
+  double const infinite = std::numeric_limits<double>::infinity();
+  for (std::int32_t order : {2, 3}) {
+    EXPECT_EQ(Evaluate(bank, 0, 400.0, order).derivative, infinite);
+    Evaluated const r = Evaluate(bank, 0, 410.0, order);
+    EXPECT_EQ(r.result, kStatusNothingNew);
+    EXPECT_NEAR(r.value, 4000.0, 1e-9) << order;
+    EXPECT_EQ(r.derivative, 0.0) << order;
+  }
+}
+
+// At 0 K the step in 1/T is infinite: the exponent stands at its limit, or where it was for a slope
+// of 0.
+TEST(EvaluateEdges, LogarithmicExtrapolationToZeroHasNoSlope) {
+  ComponentBank bank;
+  for (double const slope : {-1.0, 0.0, 1.0}) {
+    SetCorrelation(bank, 7, 1, {500.0, slope});
+    double const V = 500.0 + 200.0 * slope;
+    for (std::int32_t order : {1, 2, 3}) {
+      Evaluated const r = Evaluate(bank, 7, 0.0, order);
+      double const end = slope < 0.0 ? std::exp(60.0) : 1e-10;
+      bool const stays = slope == 0.0 || order > 1;  // no second derivative
+      EXPECT_EQ(r.result, kStatusNothingNew);
+      EXPECT_NEAR(r.value, stays ? V : end, 1e-12 * r.value) << slope << " " << order;
+      EXPECT_EQ(r.derivative, 0.0) << slope << " " << order;
+    }
+  }
+}
+
+// A slope to above that is infinite counts as none, as one to below does.
+TEST(EvaluateEdges, LinearExtrapolationFromAnInfiniteSlopeKeepsTheLastValue) {
+  for (double const sign : {1.0, -1.0}) {
+    ComponentBank bank;
+    bank->SetProperty(1, 400.0);
+    SetCorrelation(bank, 5, 31, {2.0, sign});
+    for (std::int32_t order : {1, 2, 3}) {
+      EXPECT_EQ(Evaluate(bank, 5, 400.0, order).derivative,
+                -sign * std::numeric_limits<double>::infinity());
+      Evaluated const r = Evaluate(bank, 5, 410.0, order);
+      EXPECT_EQ(r.value, 2.0) << sign;
+      EXPECT_EQ(r.derivative, 0.0) << sign;
+    }
+  }
+}
+
 // exp(g) with g = 1 + 0.5 ln D - 0.25 ln P: the higher derivatives need all lower ones of D and P.
 TEST(EvaluateEdges, HigherDerivativesGoThroughCalledCorrelations) {
   ComponentBank bank;

@@ -7,11 +7,13 @@ set(purecomp_TEST_SOURCES
     fill_in_real_test.cpp
     fill_in_test.cpp
     form_edges_test.cpp
+    form_limits_test.cpp
     formula_model_test.cpp
     formula_order_test.cpp
     formula_test.cpp
     implicit_form_test.cpp
     pure_comp_test.cpp
+    real_records_test.cpp
     record_edges_test.cpp
     record_merge_test.cpp
     record_test.cpp
