@@ -90,10 +90,10 @@ class ZEL_API IZelPureComp : public IUnknown {
   virtual ZelStatus SetCorrelationRefCode(std::uint32_t index, std::uint32_t code) = 0;
   // Value and derivative at a temperature in the record's unit. `order`: 1, 2, 3 for that
   // derivative with respect to the temperature, 11 for the sensitivities (`weights`, 15; else
-  // null). A derivative is infinite where the form ends steeply, as a density of equation 16 does at
-  // the critical point. kStatusOk inside the range, kStatusNothingNew (1) when extrapolated. `status`: 0 inside,
-  // 1 above, -1 below. `value` and `derivative` are in and out: a form without a value there leaves
-  // them.
+  // null). A derivative is infinite where the form ends steeply, as a density of equation 16 does
+  // at the critical point. kStatusOk inside the range, kStatusNothingNew (1) when extrapolated.
+  // `status`: 0 inside, 1 above, -1 below. `value` and `derivative` are in and out: a form without
+  // a value there leaves them.
   virtual ZelStatus EvaluateCorrelation(std::uint32_t index, double temperature, std::int32_t order,
                                         double* value, double* derivative, double* weights,
                                         std::int32_t* status) = 0;
