@@ -1,33 +1,33 @@
 #include "banks/bank_base.h"
 
 #include <algorithm>
-#include <bit>
 #include <string_view>
 #include <utility>
 
+#include "banks/block_words.h"
 #include "frame/ascii.h"
-#include "frame/trim7.h"
 #include "store/packed_text.h"
 #include "zelaccess/LibFile.h"
 
 namespace zel {
 namespace {
 
-constexpr std::int32_t kWordBytes = 4;
 constexpr std::size_t kTypeSize = 9;
 constexpr std::size_t kDescriptionSize = 50;
 
-std::int32_t* WordsAt(std::int32_t* block, FieldRow const& row) noexcept {
-  return block + row.offset / kWordBytes;
-}
-std::int32_t const* WordsAt(std::int32_t const* block, FieldRow const& row) noexcept {
-  return block + row.offset / kWordBytes;
+// Visits the runs of a field: visit(words, first element, number of elements).
+template <typename Word, typename Visit>
+void ForEachRun(Field const& field, Word* block, Visit const& visit) {
+  Word* words = block + field.firstWord;
+  for (std::int32_t i = 0; i < field.count; i += field.runElements, words += field.stepWords) {
+    visit(words, i, field.runElements);
+  }
 }
 
 }  // namespace
 
-BankBase_i::BankBase_i(BankType const& type, FieldTable const& fields, void* item) noexcept
-    : type_(type), fields_(fields), item_(item) {}
+BankBase_i::BankBase_i(BankType const& type, FieldTable const& fields, FieldValues values) noexcept
+    : type_(type), fields_(fields), values_(values) {}
 
 std::int32_t BankBase_i::Release() {
   std::int32_t const left = --refCount_;
@@ -94,10 +94,9 @@ ZelStatus BankBase_i::GetRecordLength(std::int32_t format, std::int32_t* words) 
 
 ZelStatus BankBase_i::GetFieldCount(std::int32_t format, std::int32_t* count) {
   auto const rows = fields_.Rows();
-  *count =
-      static_cast<std::int32_t>(std::count_if(rows.begin(), rows.end(), [&](FieldRow const& row) {
-        return format == 0 || row.format <= format;
-      }));
+  *count = static_cast<std::int32_t>(std::count_if(rows.begin(), rows.end(), [&](Field const& row) {
+    return format == 0 || row.format <= format;
+  }));
   return kStatusOk;
 }
 
@@ -105,7 +104,7 @@ ZelStatus BankBase_i::GetFieldList(std::int32_t format, char (*names)[13], char 
                                    std::int32_t* types, std::int32_t* counts, char (*units)[20]) {
   if (fields_.Rows().empty()) return kStatusNotImplemented;
   std::size_t at = 0;
-  for (FieldRow const& row : fields_.Rows()) {
+  for (Field const& row : fields_.Rows()) {
     if (format != 0 && row.format > format) continue;
     CopyText(row.name, names[at], sizeof names[at]);
     CopyText(row.label, labels[at], sizeof labels[at]);
@@ -117,75 +116,94 @@ ZelStatus BankBase_i::GetFieldList(std::int32_t format, char (*names)[13], char 
   return kStatusOk;
 }
 
+// --- enumerations --------------------------------------------------------------------------------
+
+Enumeration const* BankBase_i::FindEnumeration(char const* field) const noexcept {
+  Field const* row = fields_.Find(TextOrEmpty(field), kEnumerated, kEnumerated);
+  return row == nullptr ? nullptr : row->enumeration;
+}
+
+ZelStatus BankBase_i::GetEnumCount(char const* field, std::int32_t* count) {
+  Enumeration const* found = FindEnumeration(field);
+  if (found == nullptr) return kStatusNotImplemented;
+  if (count == nullptr) return kStatusFailed;
+  *count = static_cast<std::int32_t>(found->entries.size());
+  return kStatusOk;
+}
+
+ZelStatus BankBase_i::GetEnumList(char const* field, char (*names)[13], std::int32_t* values,
+                                  std::int32_t* defaultIndex) {
+  Enumeration const* found = FindEnumeration(field);
+  if (found == nullptr) return kStatusNotImplemented;
+  if (names == nullptr && values == nullptr && defaultIndex == nullptr) return kStatusFailed;
+  std::size_t at = 0;
+  for (EnumEntry const& entry : found->entries) {
+    if (names != nullptr) CopyText(entry.name, names[at], sizeof names[at]);
+    if (values != nullptr) values[at] = entry.value;
+    ++at;
+  }
+  if (defaultIndex != nullptr) *defaultIndex = found->defaultIndex;
+  return kStatusOk;
+}
+
 // --- fields by name ------------------------------------------------------------------------------
 
 ZelStatus BankBase_i::GetStringField(char const* name, char* text) {
-  FieldRow const* row = fields_.Find(TextOrEmpty(name), kText, kText);
+  Field const* row = fields_.Find(TextOrEmpty(name), kText, kText);
   *text = '\0';
   if (row == nullptr) return kStatusFailed;
-  CopyText(Member<char>(*row), text, static_cast<std::size_t>(row->count));
+  CopyText(Text(*row), text, static_cast<std::size_t>(row->count));
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::GetDoubleField(char const* name, double* values) {
-  FieldRow const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
+  Field const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
   *values = 0.0;
   if (row == nullptr) return kStatusFailed;
-  std::copy_n(Member<double>(*row), row->count, values);
+  std::copy_n(Reals(*row), row->count, values);
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::GetIntField(char const* name, std::int32_t* values) {
-  FieldRow const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
+  Field const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
   *values = 0;
   if (row == nullptr) return kStatusFailed;
-  std::copy_n(Member<std::int32_t>(*row), row->count, values);
+  std::copy_n(Integers(*row), row->count, values);
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::SetStringField(char const* name, char const* text) {
-  FieldRow const* row = fields_.Find(TextOrEmpty(name), kText, kText);
+  Field const* row = fields_.Find(TextOrEmpty(name), kText, kText);
   if (row == nullptr) return kStatusFailed;
-  CopyText(TextOrEmpty(text), Member<char>(*row), static_cast<std::size_t>(row->count));
+  CopyText(TextOrEmpty(text), Text(*row), static_cast<std::size_t>(row->count));
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::SetDoubleField(char const* name, double const* values) {
-  FieldRow const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
+  Field const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
   if (row == nullptr) return kStatusFailed;
-  std::copy_n(values, row->count, Member<double>(*row));
+  std::copy_n(values, row->count, Reals(*row));
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::SetIntField(char const* name, std::int32_t const* values) {
-  FieldRow const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
+  Field const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
   if (row == nullptr) return kStatusFailed;
-  std::copy_n(values, row->count, Member<std::int32_t>(*row));
+  std::copy_n(values, row->count, Integers(*row));
   return kStatusOk;
 }
 
 // --- the item ------------------------------------------------------------------------------------
 
-std::int32_t BankBase_i::DefaultOf(FieldRow const& row) {
-  if (row.byDefault != FieldDefault::kFromEnum) return gen_GetUndefInt();
-  constexpr std::size_t kMostEntries = 8;
-  char names[kMostEntries][13];
-  std::int32_t values[kMostEntries];
-  std::int32_t index = 0;
-  char name[13];
-  CopyText(row.name, name, sizeof name);
-  return GetEnumList(name, names, values, &index) == kStatusOk ? values[index] : gen_GetUndefInt();
-}
-
 ZelStatus BankBase_i::Clear() {
   source_[0] = '\0';
   std::fill_n(sourceFlags_.get(), sourceCount_, std::uint8_t{0});
-  for (FieldRow const& row : fields_.Rows()) {
+  for (Field const& row : fields_.Rows()) {
     switch (row.type) {
-      case kInteger:
-      case kEnumerated: std::fill_n(Member<std::int32_t>(row), row.count, DefaultOf(row)); break;
-      case kReal: std::fill_n(Member<double>(row), row.count, gen_GetUndefDouble()); break;
-      case kText: *Member<char>(row) = '\0'; break;
+      case kInteger: std::fill_n(Integers(row), row.count, gen_GetUndefInt()); break;
+      case kEnumerated: std::fill_n(Integers(row), row.count, row.enumeration->Default()); break;
+      case kReal: std::fill_n(Reals(row), row.count, gen_GetUndefDouble()); break;
+      case kText: *Text(row) = '\0'; break;
     }
   }
   return kStatusOk;
@@ -193,21 +211,16 @@ ZelStatus BankBase_i::Clear() {
 
 ZelStatus BankBase_i::ReadBlock(std::int32_t const* block, std::int32_t format) {
   if (!HasFormat(format)) return kStatusFailed;
-  for (FieldRow const& row : fields_.Rows()) {
-    if (row.format > format || row.offset == kByHand) continue;
-    std::int32_t const* words = WordsAt(block, row);
-    switch (row.type) {
-      case kInteger:
-      case kEnumerated: std::copy_n(words, row.count, Member<std::int32_t>(row)); break;
-      case kReal: {
-        auto* values = Member<double>(row);
-        for (std::int32_t i = 0; i < row.count; ++i) {
-          values[i] = Trim7(std::bit_cast<float>(words[i]));
-        }
-        break;
+  for (Field const& row : fields_.Rows()) {
+    if (row.format > format || row.codedByHand) continue;
+    ForEachRun(row, block, [&](std::int32_t const* words, std::int32_t first, std::int32_t count) {
+      switch (row.type) {
+        case kInteger:
+        case kEnumerated: std::copy_n(words, count, Integers(row) + first); break;
+        case kReal: std::transform(words, words + count, Reals(row) + first, RealOfWord); break;
+        case kText: WordsToText(words, row.RunWords(), Text(row)); break;
       }
-      case kText: WordsToText(words, BlockWordsOf(row), Member<char>(row)); break;
-    }
+    });
   }
   return kStatusOk;
 }
@@ -215,21 +228,20 @@ ZelStatus BankBase_i::ReadBlock(std::int32_t const* block, std::int32_t format) 
 ZelStatus BankBase_i::WriteBlock(std::int32_t* block, std::int32_t format) {
   if (!HasFormat(format)) return kStatusFailed;
   std::fill_n(block, fields_.RecordWords(format), 0);
-  for (FieldRow const& row : fields_.Rows()) {
-    if (row.format > format || row.offset == kByHand) continue;
-    std::int32_t* words = WordsAt(block, row);
-    switch (row.type) {
-      case kInteger:
-      case kEnumerated: std::copy_n(Member<std::int32_t>(row), row.count, words); break;
-      case kReal: {
-        auto const* values = Member<double>(row);
-        for (std::int32_t i = 0; i < row.count; ++i) {
-          words[i] = std::bit_cast<std::int32_t>(static_cast<float>(values[i]));
+  for (Field const& row : fields_.Rows()) {
+    if (row.format > format || row.codedByHand) continue;
+    ForEachRun(row, block, [&](std::int32_t* words, std::int32_t first, std::int32_t count) {
+      switch (row.type) {
+        case kInteger:
+        case kEnumerated: std::copy_n(Integers(row) + first, count, words); break;
+        case kReal: {
+          double const* values = Reals(row) + first;
+          std::transform(values, values + count, words, WordOfReal);
+          break;
         }
-        break;
+        case kText: TextToWords(Text(row), words, row.RunWords()); break;
       }
-      case kText: TextToWords(Member<char>(row), words, BlockWordsOf(row)); break;
-    }
+    });
   }
   return kStatusOk;
 }

@@ -1,11 +1,12 @@
 // BankBase_i: what all banks share - fields by name, the data block, the source of an item.
 //
-// A bank holds one item and knows nothing of files. The concrete values stand in an item struct of
-// the bank's class; its field table tells where, and how they lie in the data block. `Clear`,
-// `ReadBlock` and `WriteBlock` allocate nothing.
+// A bank holds one item and knows nothing of files. The values of its fields stand in three arrays
+// of the bank's class, one per type; its field table says where, and how they lie in the data
+// block. `Clear`, `ReadBlock` and `WriteBlock` allocate nothing.
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 
 #include "banks/catalogue.h"
@@ -14,6 +15,13 @@
 #include "zelaccess/Banks.h"
 
 namespace zel {
+
+// The arrays of a bank, each as long as the field table says.
+struct FieldValues {
+  double* reals = nullptr;
+  std::int32_t* integers = nullptr;
+  char* characters = nullptr;
+};
 
 class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
  public:
@@ -32,10 +40,9 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   ZelStatus GetFieldCount(std::int32_t format, std::int32_t* count) override;
   ZelStatus GetFieldList(std::int32_t format, char (*names)[13], char (*labels)[20],
                          std::int32_t* types, std::int32_t* counts, char (*units)[20]) override;
-  ZelStatus GetEnumCount(char const*, std::int32_t*) override { return kStatusNotImplemented; }
-  ZelStatus GetEnumList(char const*, char (*)[13], std::int32_t*, std::int32_t*) override {
-    return kStatusNotImplemented;
-  }
+  ZelStatus GetEnumCount(char const* field, std::int32_t* count) override;
+  ZelStatus GetEnumList(char const* field, char (*names)[13], std::int32_t* values,
+                        std::int32_t* defaultIndex) override;
   ZelStatus GetStringField(char const* name, char* text) override;
   ZelStatus GetDoubleField(char const* name, double* values) override;
   ZelStatus GetIntField(char const* name, std::int32_t* values) override;
@@ -57,7 +64,7 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   ZelStatus WriteToFile(std::int32_t*, LibFile*) override { return kStatusNotImplemented; }
   ZelStatus ReservedIO(void*, void*) override { return kStatusNotImplemented; }
   ZelStatus Complete() override { return kStatusNotImplemented; }
-  ZelStatus SwapPair() override { return kStatusNotImplemented; }
+  ZelStatus SwapPair() override;
   ZelStatus SetSource(LibFile* library, char const* bankName, std::uint8_t isProtected) override;
   ZelStatus SetSourceList(std::int32_t count, std::uint8_t const* found,
                           std::uint8_t const* isProtected) override;
@@ -65,13 +72,30 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   ZelStatus SelfTest() override { return kStatusNotImplemented; }
 
  protected:
-  // `fields` lives as long as the module, `item` is the item struct of the class. Nothing is
-  // cleared yet: the class's constructor ends with Clear.
-  BankBase_i(BankType const& type, FieldTable const& fields, void* item) noexcept;
+  // `fields` lives as long as the module, `values` as long as the bank. Nothing is cleared yet: the
+  // class's constructor ends with Clear.
+  BankBase_i(BankType const& type, FieldTable const& fields, FieldValues values) noexcept;
   virtual ~BankBase_i() = default;
 
   // The four faces that all banks have; `own` is the face of the type's interface.
   ZelStatus QueryFaces(ZelIid const& id, void** face, ZelIid const& ownId, void* own);
+
+  // The typed operations: `outs` and `ins` are the addresses of the arguments' elements, in the
+  // order of `arguments`.
+  //
+  // A null output is not wanted and is skipped; where every output is null the operation fails. A
+  // null input text is empty. Where an input array is null and elements of it would be used,
+  // nothing is taken and the operation fails.
+  ZelStatus GiveData(Arguments const& arguments, std::initializer_list<void*> outs) const;
+  ZelStatus GiveDefaulted(Arguments const& arguments, std::initializer_list<void*> outs) const;
+  ZelStatus TakeData(Arguments const& arguments, std::initializer_list<void const*> ins);
+
+  // The elements of a field, for types that code words by hand.
+  double* Reals(Field const& field) const noexcept { return values_.reals + field.firstValue; }
+  std::int32_t* Integers(Field const& field) const noexcept {
+    return values_.integers + field.firstValue;
+  }
+  char* Text(Field const& field) const noexcept { return values_.characters + field.firstValue; }
 
   bool HasFormat(std::int32_t format) const noexcept {
     return format >= 1 && format <= fields_.FormatCount();
@@ -81,16 +105,16 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   bool SourceIsProtected() const noexcept { return sourceProtected_; }
 
  private:
-  template <typename T>
-  T* Member(FieldRow const& row) const noexcept {
-    return reinterpret_cast<T*>(static_cast<std::byte*>(item_) + row.member);
-  }
-  std::int32_t DefaultOf(FieldRow const& row);
+  Enumeration const* FindEnumeration(char const* field) const noexcept;
+  std::int32_t UsedElements(Field const& field) const noexcept;
+  ZelStatus GiveFields(Arguments const& arguments, std::initializer_list<void*> outs,
+                       bool defaulted) const;
+  bool CanTake(Arguments const& arguments, std::initializer_list<void const*> ins) const noexcept;
 
   std::int32_t refCount_ = 1;
   BankType const& type_;
   FieldTable const& fields_;
-  void* item_;
+  FieldValues values_;
   char source_[260] = {};
   std::int32_t sourceCount_ = 0;
   std::unique_ptr<std::uint8_t[]> sourceFlags_;

@@ -1,88 +1,84 @@
 #include "banks/catalogue.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "frame/ascii.h"
-#include "zelaccess/Banks.h"
 
 namespace zel {
 namespace {
 
-constexpr long kBankTypes = 50;
-
 // In the order of GetBankTypeList:
-// keyword, description, key kind, key words, least key words, pair rule, formats, file-resident,
-// listed, references
-constexpr BankType kCatalogue[kBankTypes] = {
-    {"ALPHA", "Alpha coefficients", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"AZEOTROP", "Azeotrope binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"BWRS", "Bwrs binary data", kComponentKeys, 2, 2, kSymmetric, 1, 0, 1, {}},
-    {"PUREBWRS", "Bwrs pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"COSTALD", "Costald data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"GRPDESC", "UNIFAC Group Description bank", kNumericKey, 2, 1, kNotSorted, 1, 0, 1, {}},
-    {"HENRY", "Henry's law data", kComponentKeys, 2, 2, kOrdered, 1, 0, 1, {}},
-    {"HMIX", "Heat of mixing data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"HOCV", "Hayden-O'Connell data", kComponentKeys, 2, 1, kSymmetric, 1, 0, 1, {}},
-    {"IDIMER", "IDimer binary data", kComponentKeys, 2, 1, kSymmetric, 1, 0, 1, {}},
-    {"IDIMPURE", "IDimer pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"LKP", "Lkp binary data", kComponentKeys, 2, 2, kSymmetric, 1, 0, 1, {}},
-    {"MAPORW",
-     "Client to Ordwin component mapping data",
-     kCharacterKey,
-     3,
-     3,
-     kOrdered,
-     1,
-     0,
-     0,
-     {}},
-    {"MARGULES", "Margules VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"MWPR", "Pr Kij-Mw curves", kComponentKeys, 1, 1, kNotSorted, 1, 0, 0, {}},
-    {"MWSRK", "Srk Kij-Mw curves", kComponentKeys, 1, 1, kNotSorted, 1, 0, 0, {}},
-    {"NRTL", "Nrtl VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 2, 0, 1, {}},
-    {"NRTLLL", "Nrtl LLE binary data", kComponentKeys, 2, 2, kAsymmetric, 2, 0, 1, {}},
-    {"OCTANE", "Octane number data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"OLI", "Oli to Ordwin component mapping data", kCharacterKey, 4, 4, kOrdered, 1, 0, 0, {}},
-    {"PCSAFT", "PcSaft data", kComponentKeys, 2, 2, kSymmetric, 1, 0, 1, {}},
-    {"PCSAFTPU", "PcSaft pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"PENELOUX", "Peneloux pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"PPR78", "PPR78 Group Interaction bank", kNumericKey, 2, 2, kSymmetric, 1, 0, 0, {}},
-    {"PRH", "PrH binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"PRM", "PrM binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"PRO", "Pr (Original) binary data", kComponentKeys, 2, 2, kSymmetric, 1, 0, 1, {}},
-    {"PRP", "PrP binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"PSRK", "Predictive SRK data", kNumericKey, 2, 0, kAsymmetric, 2, 0, 1, {"PURECOMP", "ALPHA"}},
-    {"PURECOMP", "Pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 1, 1, {}},
-    {"RACKETT", "Rackett data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"SRKH", "SrkH binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"SRKM", "SrkM binary data", kComponentKeys, 2, 2, kAsymmetric, 2, 0, 1, {}},
-    {"SRKO", "Srk (Original) binary data", kComponentKeys, 2, 2, kSymmetric, 1, 0, 1, {}},
-    {"SRKP", "SrkP binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"SRKS", "SrkS binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"ORWMAP", "Ordwin to Client component mapping data", kNumericKey, 1, 1, kOrdered, 1, 0, 0, {}},
-    {"STRUCT", "Structural data", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"UNF2PUR",
-     "Unifac pure group parameters for UFT2",
+// keyword, description, key kind, key words, least key words, pair rule, file-resident, listed,
+// factory, references
+constexpr BankType kCatalogue[] = {
+    {"ALPHA", "Alpha coefficients", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewAlpha},
+    {"AZEOTROP", "Azeotrope binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewAzeo},
+    {"BWRS", "Bwrs binary data", kComponentKeys, 2, 2, kSymmetric, 0, 1, NewBwrs},
+    {"PUREBWRS", "Bwrs pure component data", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewBwrsPure},
+    {"COSTALD", "Costald data", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewCostald},
+    {"GRPDESC", "UNIFAC Group Description bank", kNumericKey, 2, 1, kNotSorted, 0, 1, NewGroupDes},
+    {"HENRY", "Henry's law data", kComponentKeys, 2, 2, kOrdered, 0, 1, NewHenry},
+    {"HMIX", "Heat of mixing data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewHMix},
+    {"HOCV", "Hayden-O'Connell data", kComponentKeys, 2, 1, kSymmetric, 0, 1, NewHocV},
+    {"IDIMER", "IDimer binary data", kComponentKeys, 2, 1, kSymmetric, 0, 1, NewIDimer},
+    {"IDIMPURE", "IDimer pure component data", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewIDimPure},
+    {"LKP", "Lkp binary data", kComponentKeys, 2, 2, kSymmetric, 0, 1, NewLkp},
+    {"MAPORW", "Client to Ordwin component mapping data", kCharacterKey, 3, 3, kOrdered, 0, 0,
+     NewMapOrw},
+    {"MARGULES", "Margules VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewMargules},
+    {"MWPR", "Pr Kij-Mw curves", kComponentKeys, 1, 1, kNotSorted, 0, 0, NewMwPr},
+    {"MWSRK", "Srk Kij-Mw curves", kComponentKeys, 1, 1, kNotSorted, 0, 0, NewMwSrk},
+    {"NRTL", "Nrtl VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewNrtl},
+    {"NRTLLL", "Nrtl LLE binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewNrtlLL},
+    {"OCTANE", "Octane number data", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewOctane},
+    {"OLI", "Oli to Ordwin component mapping data", kCharacterKey, 4, 4, kOrdered, 0, 0, NewOli},
+    {"PCSAFT", "PcSaft data", kComponentKeys, 2, 2, kSymmetric, 0, 1, NewPcSaft},
+    {"PCSAFTPU", "PcSaft pure component data", kComponentKeys, 1, 1, kNotSorted, 0, 1,
+     NewPcSaftPure},
+    {"PENELOUX", "Peneloux pure component data", kComponentKeys, 1, 1, kNotSorted, 0, 1,
+     NewPeneloux},
+    {"PPR78", "PPR78 Group Interaction bank", kNumericKey, 2, 2, kSymmetric, 0, 0, NewPpr78},
+    {"PRH", "PrH binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewPrH},
+    {"PRM", "PrM binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewPrM},
+    {"PRO", "Pr (Original) binary data", kComponentKeys, 2, 2, kSymmetric, 0, 1, NewPrO},
+    {"PRP", "PrP binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewPrP},
+    {"PSRK",
+     "Predictive SRK data",
      kNumericKey,
-     1,
-     1,
-     kNotSorted,
-     1,
+     2,
      0,
+     kAsymmetric,
      0,
-     {}},
-    {"UNFDORT", "Dortmund Unifac data", kNumericKey, 2, 0, kAsymmetric, 1, 0, 1, {}},
-    {"UNFLYNG", "Lyngby Unifac data", kNumericKey, 2, 0, kAsymmetric, 1, 0, 1, {}},
-    {"UNFORIG", "Original Unifac data", kNumericKey, 2, 0, kAsymmetric, 1, 0, 1, {}},
-    {"UNFMOD", "Modified Unifac data", kNumericKey, 2, 0, kAsymmetric, 1, 0, 1, {}},
-    {"UNFPURE", "Unifac pure group parameters", kNumericKey, 1, 1, kNotSorted, 1, 0, 0, {}},
-    {"UNIFAC", "Unifac binary group data", kNumericKey, 2, 2, kAsymmetric, 1, 0, 0, {}},
-    {"UNIQUAC", "Uniquac VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"UNIQLL", "Uniquac LLE binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"VANLAAR", "vanLaar VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 1, 0, 1, {}},
-    {"VIRIAL", "Virial coefficients", kComponentKeys, 1, 1, kNotSorted, 1, 0, 1, {}},
-    {"WILSON", "Wilson VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 2, 0, 1, {}},
+     1,
+     NewPsrk,
+     {"PURECOMP", "ALPHA"}},
+    {"PURECOMP", "Pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 1, NewPureComp},
+    {"RACKETT", "Rackett data", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewRackett},
+    {"SRKH", "SrkH binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewSrkH},
+    {"SRKM", "SrkM binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewSrkM},
+    {"SRKO", "Srk (Original) binary data", kComponentKeys, 2, 2, kSymmetric, 0, 1, NewSrkO},
+    {"SRKP", "SrkP binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewSrkP},
+    {"SRKS", "SrkS binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewSrkS},
+    {"ORWMAP", "Ordwin to Client component mapping data", kNumericKey, 1, 1, kOrdered, 0, 0,
+     NewOrwMap},
+    {"STRUCT", "Structural data", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewStruct},
+    {"UNF2PUR", "Unifac pure group parameters for UFT2", kNumericKey, 1, 1, kNotSorted, 0, 0,
+     NewUnf2Pure},
+    {"UNFDORT", "Dortmund Unifac data", kNumericKey, 2, 0, kAsymmetric, 0, 1, NewUnfDort},
+    {"UNFLYNG", "Lyngby Unifac data", kNumericKey, 2, 0, kAsymmetric, 0, 1, NewUnfLyng},
+    {"UNFORIG", "Original Unifac data", kNumericKey, 2, 0, kAsymmetric, 0, 1, NewUnfOrig},
+    {"UNFMOD", "Modified Unifac data", kNumericKey, 2, 0, kAsymmetric, 0, 1, NewUnfMod},
+    {"UNFPURE", "Unifac pure group parameters", kNumericKey, 1, 1, kNotSorted, 0, 0, NewUnfPure},
+    {"UNIFAC", "Unifac binary group data", kNumericKey, 2, 2, kAsymmetric, 0, 0, NewUnifac},
+    {"UNIQUAC", "Uniquac VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewUniquac},
+    {"UNIQLL", "Uniquac LLE binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewUniquacLL},
+    {"VANLAAR", "vanLaar VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewVanLaar},
+    {"VIRIAL", "Virial coefficients", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewVirial},
+    {"WILSON", "Wilson VLE binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewWilson},
 };
+
+constexpr long kBankTypes = std::size(kCatalogue);
 
 }  // namespace
 
@@ -91,6 +87,11 @@ BankType const* FindBankType(std::string_view keyword) noexcept {
     if (SameText(type.keyword, keyword)) return &type;
   }
   return nullptr;
+}
+
+IZelBankDef* NewBank(char const* keyword) {
+  BankType const* type = FindBankType(TextOrEmpty(keyword));
+  return type == nullptr ? nullptr : type->factory();
 }
 
 long GetBankTypeCount() { return kBankTypes; }

@@ -1,8 +1,10 @@
-// The catalogue of bank types: what distinguishes each.
+// The catalogue of bank types: what distinguishes each, and what makes its banks.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
+
+#include "zelaccess/Banks.h"
 
 namespace zel {
 
@@ -23,10 +25,10 @@ struct BankType {
   std::int32_t keyWords;
   std::int32_t minKeyWords;
   PairRule pairRule;
-  std::int32_t formatCount;
   std::int32_t fileResident;
-  std::uint8_t listed;             // kept and reported; nothing here reads it
-  std::string_view references[2];  // types that the bank refers to by bank name
+  std::uint8_t listed;  // kept and reported; nothing here reads it
+  IZelBankDef* (*factory)();
+  std::string_view references[2] = {};  // types that the bank refers to by bank name
 };
 
 // Null for a keyword that no type has; case does not matter.

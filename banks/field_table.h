@@ -1,4 +1,9 @@
-// The fields of a bank type, and the lengths of its records that follow from them.
+// The fields of a bank type and what follows from them: the lengths of its records, where the
+// values stand in a bank, and the argument lists of the typed operations.
+//
+// Tables are constants: nothing is made at the first use that memory could be short for, and
+// nothing ends before a bank that a host gives back late. A table that is too long or contradicts
+// itself does not compile.
 #pragma once
 
 #include <algorithm>
@@ -6,103 +11,215 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 
+#include "banks/field_row.h"
 #include "frame/ascii.h"
 
 namespace zel {
 
-enum FieldType : std::int32_t { kInteger = 0, kReal = 1, kText = 2, kEnumerated = 3 };
+// A row as the banks use it.
+struct Field {
+  static constexpr std::size_t kNone = ~std::size_t{0};
 
-// Value that Clear gives to the elements of a field.
-enum class FieldDefault : std::uint8_t {
-  kUndefined,  // the undefined integer or double
-  kFromEnum    // the entry that the field's enumeration names as its default
+  std::string_view name;
+  std::string_view label;
+  std::string_view unit;
+  FieldType type = kInteger;
+  std::int32_t count = 0;
+  std::int32_t format = 0;
+  std::size_t firstValue = 0;     // index among a bank's values of this type
+  std::int32_t firstWord = 0;     // index in the data block
+  std::int32_t runElements = 0;   // elements that lie side by side there
+  std::int32_t stepWords = 0;     // words from one run to the next
+  std::size_t exchanged = kNone;  // the row that the field is exchanged with
+  std::size_t counter = kNone;    // the row that counts the elements in use
+  Enumeration const* enumeration = nullptr;
+  double byDefault = 0.0;
+  Turn turn = Turn::kStays;
+  bool isBound = false;
+  bool codedByHand = false;
+
+  constexpr bool IsInteger() const noexcept { return type == kInteger || type == kEnumerated; }
+  constexpr std::int32_t RunWords() const noexcept {
+    return type == kText ? (count + 2) / kWordBytes : runElements;
+  }
+  constexpr std::int32_t EndWord() const noexcept {
+    return firstWord + (count / runElements - 1) * stepWords + RunWords();
+  }
 };
 
-inline constexpr std::int32_t kByHand = -1;  // block offset of a field that the type codes itself
-
-// One field, as in the printed tables.
-struct FieldRow {
-  std::string_view name;   // also the XML tag; 12 characters are kept
-  std::string_view label;  // for people; 19 characters are kept
-  FieldType type;
-  std::int32_t count;     // elements; for a text its buffer, terminator included
-  std::string_view unit;  // unit class in lower case, empty for none; 19 characters are kept
-  std::int32_t offset;    // in bytes from the start of the data block, or kByHand
-  std::int32_t format;    // first record format that has the field
-  std::size_t member;     // offset in bytes in the type's item
-  FieldDefault byDefault = FieldDefault::kUndefined;
-};
-
-// Words that a field takes in a data block.
-constexpr std::int32_t BlockWordsOf(FieldRow const& row) noexcept {
-  return row.type == kText ? (row.count + 2) / 4 : row.count;
-}
-
-// The table of a type, a constant: nothing is made at the first use that memory could be short for,
-// and nothing ends before a bank that a host gives back late.
 class FieldTable {
  public:
-  static constexpr int kFormats = 2;            // no type has more
-  static constexpr std::size_t kMostRows = 20;  // nor more rows
+  static constexpr std::int32_t kFormats = 2;   // no type has more
+  static constexpr std::size_t kMostRows = 20;  // callers of GetFieldList have room for so many
+  static constexpr std::size_t kMostWords = 64;
 
-  // `capacity` is the number of rows that the table takes; a further row is dropped.
-  constexpr FieldTable(std::int32_t formatCount, std::size_t capacity,
-                       std::span<FieldRow const> rows) noexcept
-      : formatCount_(formatCount), capacity_(std::min(capacity, kMostRows)) {
-    for (FieldRow const& row : rows) AddField(row);
+  template <std::size_t N>
+  requires(N <= kMostRows) constexpr explicit FieldTable(FieldRow const (&rows)[N]) {
+    for (FieldRow const& row : rows) Add(row);
+    for (std::size_t i = 0; i < N; ++i) {
+      if (!rows[i].rule.exchangedWith.empty()) {
+        fields_[i].exchanged = Partner(fields_[i], rows[i].rule.exchangedWith);
+      }
+      if (!rows[i].rule.countedBy.empty()) fields_[i].counter = Counter(rows[i].rule.countedBy);
+    }
+    Require(!WordsOverlap(), "two fields share a word of the block");
+  }
+  // For a type without fields by name; its block has one format.
+  constexpr explicit FieldTable(std::int32_t recordWords) noexcept : formatCount_(1) {
+    recordWords_[0] = recordWords;
   }
 
-  // Adds a row and extends the record of its format to the field's end. Lengths of formats are kept
-  // apart: a later format is as long as the fields added under it reach.
-  constexpr void AddField(FieldRow const& row) noexcept {
-    if (rowCount_ >= capacity_) return;
-    FieldRow& added = rows_[rowCount_++];
-    added = row;
-    added.name = row.name.substr(0, kNameLimit);
-    added.label = row.label.substr(0, kLabelLimit);
-    added.unit = row.unit.substr(0, kLabelLimit);
-    if (row.offset == kByHand || row.format > formatCount_) return;
-    std::int32_t const end = row.offset / kWordBytes + BlockWordsOf(row);
-    std::int32_t& words = recordWords_[static_cast<std::size_t>(row.format - 1)];
-    words = std::max(words, end);
-    maxRecordWords_ = std::max(maxRecordWords_, end);
-  }
-  // For types whose block is coded by hand.
-  constexpr void SetRecordLength(std::int32_t format, std::int32_t words) noexcept {
-    if (format < 1 || format > formatCount_) return;
-    recordWords_[static_cast<std::size_t>(format - 1)] = words;
-    maxRecordWords_ = words;
-  }
-
-  constexpr std::span<FieldRow const> Rows() const noexcept { return {rows_.data(), rowCount_}; }
+  constexpr std::span<Field const> Rows() const noexcept { return {fields_.data(), rowCount_}; }
   constexpr std::int32_t FormatCount() const noexcept { return formatCount_; }
-  constexpr std::int32_t MaxRecordWords() const noexcept { return maxRecordWords_; }
+  constexpr std::int32_t MaxRecordWords() const noexcept {
+    return std::max(recordWords_[0], recordWords_[1]);
+  }
   // Format from 1.
   constexpr std::int32_t RecordWords(std::int32_t format) const noexcept {
     return recordWords_[static_cast<std::size_t>(format - 1)];
   }
+  // Values that a bank of the type holds.
+  constexpr std::size_t Reals() const noexcept { return reals_; }
+  constexpr std::size_t Integers() const noexcept { return integers_; }
+  constexpr std::size_t Characters() const noexcept { return characters_; }
+
   // The first row with this name, without regard to case, and one of the two types; null when there
   // is none.
-  FieldRow const* Find(std::string_view name, FieldType type, FieldType otherType) const noexcept {
-    for (FieldRow const& row : Rows()) {
-      if ((row.type == type || row.type == otherType) && SameText(row.name, name)) return &row;
+  constexpr Field const* Find(std::string_view name, FieldType type,
+                              FieldType otherType) const noexcept {
+    for (Field const& field : Rows()) {
+      if ((field.type == type || field.type == otherType) && SameText(field.name, name)) {
+        return &field;
+      }
     }
     return nullptr;
   }
+  // The row with this name, case included, for what is written beside the table.
+  constexpr Field const& operator[](std::string_view name) const { return fields_[IndexOf(name)]; }
+
+  // Where the condition does not hold a constant cannot be made.
+  static constexpr void Require(bool holds, char const* rule) {
+    if (!holds) throw std::logic_error(rule);
+  }
 
  private:
-  static constexpr std::int32_t kWordBytes = 4;
   static constexpr std::size_t kNameLimit = 12;
-  static constexpr std::size_t kLabelLimit = 19;
+  static constexpr std::size_t kTextLimit = 19;
 
-  std::int32_t formatCount_;
-  std::size_t capacity_;
-  std::array<FieldRow, kMostRows> rows_{};
+  // Appends a row and extends the record of its format to the field's end. Lengths of formats are
+  // kept apart: a later format is as long as the fields added under it reach.
+  constexpr void Add(FieldRow const& row) {
+    Require(row.name.size() <= kNameLimit && row.unit.size() <= kTextLimit, "a text is too long");
+    Require(row.format >= 1 && row.format <= kFormats, "no such format");
+    Require(row.count >= 1, "a field has elements");
+    Require(row.place.offset >= 0 && row.place.offset % kWordBytes == 0, "fields start at a word");
+    Field& field = fields_[rowCount_++];
+    field.name = row.name;
+    field.label = row.label.substr(0, kTextLimit);
+    field.unit = row.unit;
+    field.type = row.type;
+    field.count = row.count;
+    field.format = row.format;
+    field.firstValue = TakeValues(row);
+    field.firstWord = row.place.offset / kWordBytes;
+    field.runElements = row.place.run == 0 ? row.count : row.place.run;
+    field.stepWords = row.place.step / kWordBytes;
+    field.codedByHand = row.place.codedByHand;
+    field.isBound = row.rule.isBound;
+    field.byDefault = row.rule.byDefault;
+    field.turn = row.rule.turn;
+    field.enumeration = row.rule.enumeration;
+    Require(row.rule.turn == Turn::kStays || row.type == kReal, "only values turn");
+    Require((row.type == kEnumerated) == (field.enumeration != nullptr), "who has an enumeration");
+    Require(row.count % field.runElements == 0, "runs are of one length");
+    formatCount_ = std::max(formatCount_, row.format);
+    std::int32_t& words = recordWords_[static_cast<std::size_t>(row.format - 1)];
+    words = std::max(words, field.EndWord());
+    Require(words <= static_cast<std::int32_t>(kMostWords), "the block is too long");
+  }
+
+  // Makes room for the elements of a row; the index of the first.
+  constexpr std::size_t TakeValues(FieldRow const& row) {
+    std::size_t& values = row.type == kReal ? reals_ : row.type == kText ? characters_ : integers_;
+    std::size_t const first = values;
+    values += static_cast<std::size_t>(row.count);
+    return first;
+  }
+
+  constexpr std::size_t IndexOf(std::string_view name) const {
+    for (std::size_t i = 0; i < rowCount_; ++i) {
+      if (fields_[i].name == name) return i;
+    }
+    throw std::logic_error("no field has this name");
+  }
+  constexpr std::size_t Partner(Field const& field, std::string_view name) const {
+    Field const& other = (*this)[name];
+    Require(&other != &field && other.type == kReal && field.type == kReal, "what is exchanged");
+    Require(other.count == field.count, "exchanged fields are of one length");
+    Require(other.turn == Turn::kStays, "the other field is exchanged already");
+    return IndexOf(name);
+  }
+  constexpr std::size_t Counter(std::string_view name) const {
+    Require((*this)[name].type == kInteger && (*this)[name].count == 1, "what can count");
+    return IndexOf(name);
+  }
+
+  constexpr bool WordsOverlap() const {
+    std::array<bool, kMostWords> taken{};
+    for (Field const& field : Rows()) {
+      if (field.codedByHand) continue;
+      std::int32_t word = field.firstWord;
+      for (std::int32_t i = 0; i < field.count; i += field.runElements, word += field.stepWords) {
+        for (std::int32_t k = 0; k < field.RunWords(); ++k) {
+          bool& here = taken[static_cast<std::size_t>(word + k)];
+          if (here) return true;
+          here = true;
+        }
+      }
+    }
+    return false;
+  }
+
+  std::array<Field, kMostRows> fields_{};
   std::size_t rowCount_ = 0;
+  std::int32_t formatCount_ = 0;
   std::array<std::int32_t, kFormats> recordWords_{};
-  std::int32_t maxRecordWords_ = 0;
+  std::size_t reals_ = 0;
+  std::size_t integers_ = 0;
+  std::size_t characters_ = 0;
+};
+
+// The fields that a typed operation passes, in the order of its arguments. Refers to the table.
+class Arguments {
+ public:
+  template <std::size_t N>
+  requires(N <= FieldTable::kMostRows) constexpr Arguments(FieldTable const& table,
+                                                           std::string_view const (&names)[N])
+      : table_(&table), count_(N) {
+    for (std::size_t i = 0; i < N; ++i) {
+      fields_[i] = &table[names[i]];
+      auto const end = fields_.begin() + static_cast<std::ptrdiff_t>(i);
+      FieldTable::Require(std::find(fields_.begin(), end, fields_[i]) == end,
+                          "a name stands twice");
+      bool const isCounted = fields_[i]->counter != Field::kNone;
+      Field const* counter = isCounted ? &table.Rows()[fields_[i]->counter] : nullptr;
+      FieldTable::Require(!isCounted || std::find(fields_.begin(), end, counter) != end,
+                          "a counter comes before what it counts");
+    }
+  }
+
+  constexpr std::span<Field const* const> List() const noexcept { return {fields_.data(), count_}; }
+  constexpr bool AreAllOf(FieldTable const& table) const noexcept {
+    return table_ == &table && count_ == table.Rows().size();
+  }
+
+ private:
+  FieldTable const* table_;
+  std::array<Field const*, FieldTable::kMostRows> fields_{};
+  std::size_t count_;
 };
 
 }  // namespace zel

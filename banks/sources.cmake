@@ -7,10 +7,10 @@ set(banks_SOURCES
     group_sets.cpp
     interface_ids.cpp
     mapping_banks.cpp
-    new_bank.cpp
     pair_activity.cpp
     pair_eos.cpp
     pair_eos_symmetric.cpp
     pair_other.cpp
     pair_wilson.cpp
-    side_banks.cpp)
+    side_banks.cpp
+    typed_operations.cpp)

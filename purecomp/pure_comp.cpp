@@ -14,14 +14,7 @@ namespace zel {
 namespace {
 
 // No fields by name; the block's length is that of the main record.
-FieldTable const& Fields() {
-  static FieldTable const fields = [] {
-    FieldTable table(1, 0, {});
-    table.SetRecordLength(1, record::kMainWords);
-    return table;
-  }();
-  return fields;
-}
+constexpr FieldTable kFields(record::kMainWords);
 
 constexpr std::int32_t kMolarBasis = 1;
 
@@ -50,7 +43,7 @@ std::size_t HeldCoefficients(std::int32_t count) noexcept {
 }  // namespace
 
 PureComp_i::PureComp_i(BankType const& type, ZelIid const& id)
-    : BankWithFace<IZelPureComp>(type, Fields(), nullptr, id) {
+    : BankWithFace<IZelPureComp>(type, kFields, FieldValues{}, id) {
   Clear();
 }
 

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "banks/typed_bank.h"
+#include "banks/field_bank.h"
 #include "purecomp/component.h"
 #include "zelaccess/PureComp.h"
 

@@ -148,35 +148,6 @@ TEST(Blocks, BlockInfoSaysWhatBankInfoSays) {
   }
 }
 
-TEST(FieldTableRows, OfAnotherTypeArePassedOver) {
-  static constexpr FieldRow kRows[] = {{"twice", "", kText, 9, "", kByHand, 1, 0},
-                                       {"Twice", "", kReal, 1, "", kByHand, 1, 16},
-                                       {"TWICE", "", kReal, 1, "", kByHand, 1, 24},
-                                       {"twice", "", kEnumerated, 1, "", kByHand, 1, 32}};
-  constexpr FieldTable table(1, std::size(kRows), kRows);
-  EXPECT_EQ(table.Find("tWICE", kText, kText), &table.Rows()[0]);
-  EXPECT_EQ(table.Find("twice", kReal, kReal), &table.Rows()[1]) << "the first of the type";
-  EXPECT_EQ(table.Find("twice", kInteger, kEnumerated), &table.Rows()[3]);
-  EXPECT_EQ(table.Find("thrice", kReal, kReal), nullptr);
-  EXPECT_EQ(table.Find("", kReal, kReal), nullptr);
-}
-
-TEST(FieldTableRows, OfAFormatThatTheTypeLacksHaveNoLength) {
-  static constexpr FieldRow kRows[] = {{"a", "", kReal, 1, "", 0, 1, 0},
-                                       {"b", "", kReal, 9, "", 4, 2, 0}};
-  constexpr FieldTable table(1, std::size(kRows), kRows);
-  EXPECT_EQ(table.Rows().size(), 2U);
-  EXPECT_EQ(table.RecordWords(1), 1);
-  EXPECT_EQ(table.MaxRecordWords(), 1);
-}
-
-TEST(FieldTableRows, CutTheirUnit) {
-  static constexpr FieldRow kRows[] = {
-      {"a", "", kReal, 1, "a unit of more than nineteen", kByHand, 1, 0}};
-  constexpr FieldTable table(1, 1, kRows);
-  EXPECT_EQ(table.Rows()[0].unit, "a unit of more than");
-}
-
 TEST(Defaulted, OnlyUndefinedElementsBecomeZero) {
   Typed<IZelSrkM> bank("SRKM", IID_IZelSrkM);
   double const kij[] = {1.5, -1e35, -3e35, -9.99e34};

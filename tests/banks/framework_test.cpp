@@ -268,34 +268,5 @@ TEST_F(SourceTest, OfSeveralBanksIsMultiple) {
   bank_.IO()->SetSourceList(-3, none, none);
 }
 
-TEST(FieldTable, RowsBeyondTheCapacityAreDropped) {
-  FieldRow const rows[] = {{"one", "one", kReal, 1, "", 0, 1, 0},
-                           {"two", "two", kReal, 4, "", 4, 1, 8}};
-  FieldTable table(1, 1, rows);
-  EXPECT_EQ(table.Rows().size(), 1U);
-  EXPECT_EQ(table.RecordWords(1), 1);
-  table.AddField(rows[1]);
-  EXPECT_EQ(table.Rows().size(), 1U);
-  EXPECT_EQ(table.MaxRecordWords(), 1);
-}
-
-TEST(FieldTable, LengthsOfFormatsAreKeptApart) {
-  FieldRow const rows[] = {{"a", "a", kReal, 2, "", 0, 1, 0},
-                           {"b", "b", kText, 21, "", 40, 2, 0},
-                           {"a name of more than twelve", "a label of more than nineteen", kInteger,
-                            1, "a unit of more than nineteen", kByHand, 2, 0}};
-  FieldTable table(2, 3, rows);
-  EXPECT_EQ(table.RecordWords(1), 2);
-  EXPECT_EQ(table.RecordWords(2), 15);
-  EXPECT_EQ(table.MaxRecordWords(), 15);
-  EXPECT_EQ(table.Rows()[2].name, "a name of mo");
-  EXPECT_EQ(table.Rows()[2].label, "a label of more tha");
-  table.SetRecordLength(3, 99);
-  EXPECT_EQ(table.MaxRecordWords(), 15);
-  table.SetRecordLength(1, 30);
-  EXPECT_EQ(table.RecordWords(1), 30);
-  EXPECT_EQ(table.MaxRecordWords(), 30);
-}
-
 }  // namespace
 }  // namespace zel

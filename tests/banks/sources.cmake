@@ -3,8 +3,10 @@ set(banks_TEST_SOURCES
     block_edges_test.cpp
     catalogue_test.cpp
     coded_numbers_test.cpp
+    field_table_test.cpp
     framework_test.cpp
     identifiers_test.cpp
     special_banks_test.cpp
+    null_arguments_test.cpp
     typed_other_test.cpp
     typed_pair_test.cpp)
