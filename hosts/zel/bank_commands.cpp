@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "command.h"
+#include "failure.h"
 #include "fields.h"
 #include "item_key.h"
 #include "pure_component.h"
@@ -84,17 +85,54 @@ std::vector<Field> Chosen(zel::IZelBankDef& item, std::vector<std::string> const
   return chosen;
 }
 
-Report Components(Library const& library, BankName const& bank) {
+// A constant or a correlation of components as a column.
+struct ComponentField {
+  zel::ZelConstantInfo const* constant = nullptr;
+  zel::ZelCorrelationInfo const* curve = nullptr;
+
+  Column Head() const {
+    if (constant != nullptr) return {constant->keyword, constant->unit};
+    return {curve->name, ""};
+  }
+  // A correlation as its equation and range.
+  Cell ValueIn(PureComponent const& component) const {
+    if (constant != nullptr) return Number(component.Constant(constant->index));
+    Curve const record = component.ReadCurve(IndexOf(*curve));
+    if (!record.present) return {};
+    Cell const range = RangeOf(record);
+    bool const isOpen = std::holds_alternative<std::monostate>(range);
+    return "equation " + std::to_string(record.equation) + (isOpen ? "" : ", " + CellText(range));
+  }
+};
+
+ComponentField ComponentFieldNamed(std::string const& word) {
+  ComponentField const field = {FindConstant(word), FindCorrelation(word)};
+  if (field.constant == nullptr && field.curve == nullptr) {
+    throw Failure(std::string("a ") + kPureType + " bank has no field " + word + "; `zel types " +
+                  kPureType + "` lists them");
+  }
+  return field;
+}
+
+Report Components(Library const& library, BankName const& bank,
+                  std::vector<std::string> const& names) {
+  std::vector<ComponentField> fields;
+  for (std::string const& name : names) fields.push_back(ComponentFieldNamed(name));
+  bool const isWide = !fields.empty();
+  std::vector<Column> columns = {
+      {"number", ""}, {"id", ""}, {"cas", "", isWide}, {"formula", "", isWide}, {"name", ""}};
+  for (ComponentField const& field : fields) columns.push_back(field.Head());
   Report report;
-  Table& table = report.Begin(
-      "items", {{"number", ""}, {"id", ""}, {"cas", ""}, {"formula", ""}, {"name", ""}});
+  Table& table = report.Begin("items", columns);
   PureComponent component;
   std::int32_t words[10] = {};
   library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
   while (library.Maint().NextItem(words, component.Def())) {
     Identity const identity = component.ReadIdentity();
-    table.Add({std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
-               Text(identity.formula), Text(identity.name)});
+    std::vector<Cell> row = {std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
+                             Text(identity.formula), Text(identity.name)};
+    for (ComponentField const& field : fields) row.push_back(field.ValueIn(component));
+    table.Add(std::move(row));
   }
   return report;
 }
@@ -102,7 +140,7 @@ Report Components(Library const& library, BankName const& bank) {
 Report Items(Options const& o) {
   Library const library = Library::OpenRead(o.path);
   BankName const bank = library.Bank(o.bank);
-  if (bank.type == kPureType && o.fields.empty()) return Components(library, bank);
+  if (bank.type == kPureType) return Components(library, bank, o.fields);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   std::vector<Field> const fields = Chosen(*item, o.fields);
   KeyWords words(library, *item);

@@ -136,16 +136,18 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
   auto const valueIn = [](std::vector<NamedValue> const& values, std::string const& name) {
     auto const at = std::find_if(values.begin(), values.end(),
                                  [&](NamedValue const& value) { return value.name == name; });
-    return at == values.end() ? Cell() : at->value;
+    return at == values.end() ? NamedValue{name, {}} : *at;
   };
-  for (NamedValue const& value : a) {
-    Cell const there = valueIn(b, value.name);
-    if (value.value != there) table_.Add({place, value.name, value.value, there});
-  }
+  auto const put = [&](NamedValue const& here, NamedValue const& there) {
+    if (here == there) return;
+    auto [one, other] = Beside(here, there);
+    table_.Add({place, here.name, std::move(one), std::move(other)});
+  };
+  for (NamedValue const& value : a) put(value, valueIn(b, value.name));
   for (NamedValue const& value : b) {
     bool const isNew = std::none_of(
         a.begin(), a.end(), [&](NamedValue const& known) { return known.name == value.name; });
-    if (isNew) table_.Add({place, value.name, Cell(), value.value});
+    if (isNew) put({value.name, {}}, value);
   }
 }
 

@@ -14,8 +14,6 @@
 namespace zelhost {
 namespace {
 
-constexpr std::int32_t kKelvin = 10;
-
 struct Options {
   SourceOptions sources;
   std::vector<std::string> components;
@@ -87,8 +85,7 @@ Report Eval(Options const& o) {
   report.Fact("component", component.ReadIdentity().name);
   report.Fact("correlation", std::string(info.label));
   report.Fact("equation", std::int64_t{curve.equation});
-  report.Fact("range",
-              CellText(Number(curve.tMin)) + " to " + CellText(Number(curve.tMax)) + " " + unit);
+  report.Fact("range", RangeOf(curve));
   report.Fact("from", Text(curve.source));
   std::vector<Column> columns = {{"T", unit}, {"value", value}};
   for (int order = 1; order <= o.derivatives; ++order) {
@@ -221,9 +218,9 @@ void AddCurveCommands(CLI::App& app) {
   eval.Argument("COMPONENT", o->component, "by number, ID or CAS number")
       .Argument("CORRELATION", o->correlation, "its name or the beginning of it");
   AddSourceOptions(eval, o->sources);
-  eval.Option("--at", o->at, "temperatures with a unit, or in the record's", "T...")
-      .Option("--from", o->from, "lowest temperature, else the record's; its unit", "T")
-      .Option("--to", o->to, "highest temperature, else the record's; its unit", "T")
+  eval.Option("--at", o->at, "temperatures, in K without a unit", "T...")
+      .Option("--from", o->from, "lowest temperature, else the record's", "T")
+      .Option("--to", o->to, "highest temperature, else the record's", "T")
       .Option("--steps", o->steps, "how many steps from one to the other; 10", "N")
       .Option("--derivatives", o->derivatives, "how many derivatives, 0 to 3; 1", "N")
       .Run(Outputs::kJsonAndCsv, [o] { return Eval(*o); });

@@ -97,9 +97,10 @@ bool ExportComponent(Library const& library, Options const& o, char const* targe
   BankName const bank = library.ComponentBank(o.bank);
   char const* const name = bank.name.c_str();
   PureComponent component;
-  zel::Handle<zel::Key> const key = KeyOf(*component.Def(), {o.component});
+  zel::Handle<zel::Key> const key = KeyIn(library, *component.Def(), {o.component});
   if (!maint.ReadItem(component.Def(), name, key.get())) {
-    throw Failure(o.path + ": bank " + ToText(bank) + " has no component " + o.component);
+    throw Failure(o.path + ": bank " + ToText(bank) + " has no component " + o.component +
+                  WhyNotFound(library, *component.Def(), {o.component}));
   }
   Component const word = ParseComponent(o.component);
   if (std::string const* const id = std::get_if<std::string>(&word)) {

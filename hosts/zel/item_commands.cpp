@@ -97,9 +97,9 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   BankName const bank = from.Bank(o.banks.front());
   MakeBank(from, to, bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-  zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
+  zel::Handle<zel::Key> const key = KeyIn(from, *item, o.words);
   if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
-    Refuse(from, bank, Joined(o.words), "is not there" + NamesHint(from, o.words));
+    Refuse(from, bank, Joined(o.words), "is not there" + WhyNotFound(from, *item, o.words));
   }
   // By numbers and as it is stored: the other library need not know the words.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
@@ -155,9 +155,9 @@ Report Delete(Options const& o) {
     }
   } else {
     zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-    zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
+    zel::Handle<zel::Key> const key = KeyIn(library, *item, o.words);
     if (!library.Maint().DeleteItem(type, name, key.get())) {
-      Refuse(library, bank, Joined(o.words), "is not there" + NamesHint(library, o.words));
+      Refuse(library, bank, Joined(o.words), "is not there" + WhyNotFound(library, *item, o.words));
     }
   }
   change.PutInPlace();

@@ -6,6 +6,8 @@
 #include <charconv>
 
 #include "failure.h"
+#include "fields.h"
+#include "nearest.h"
 
 namespace zelhost {
 namespace {
@@ -59,13 +61,14 @@ Component ParseComponent(std::string const& word) {
   if (LooksLikeCas(word)) {
     zel::casn const number(word.c_str());
     if (static_cast<long>(number) == 0) {
-      throw Failure(word + " is not a CAS number: its form or its check digit is wrong");
+      throw NotAComponent(word,
+                          word + " is not a CAS number: its form or its check digit is wrong");
     }
     return number;
   }
   if (word.empty() || word.size() > kIdLength) {
-    throw Failure("\"" + word + "\" is no component ID, which has 1 to 8 characters; " +
-                  "`zel find LIBRARY --name` looks a component up by its name");
+    throw NotAComponent(word, "\"" + word + "\" is no component ID, which has 1 to 8 characters; " +
+                                  "`zel find LIBRARY --name` looks a component up by its name");
   }
   return UpperCase(word);
 }
@@ -82,7 +85,9 @@ zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components) {
   return key;
 }
 
-zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> const& words) {
+namespace {
+
+zel::Handle<zel::Key> KeyOfWords(zel::IZelBankDef& bank, std::vector<std::string> const& words) {
   char type[kNameSize] = {};
   char description[50] = {};
   std::int32_t kind = 0, keyWords = 0, shortest = 0, formats = 0, length = 0;
@@ -115,16 +120,39 @@ zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> con
   return key;
 }
 
+}  // namespace
+
+zel::Handle<zel::Key> KeyIn(Library const& library, zel::IZelBankDef& bank,
+                            std::vector<std::string> const& words) {
+  try {
+    return KeyOfWords(bank, words);
+  } catch (NotAComponent const& error) {
+    throw Failure(error.what() + NearestTo(error.Word(), BanksKnownTo(library)));
+  }
+}
+
 bool ReadComponent(Library const& library, BankName const& bank, std::string const& word,
                    PureComponent const& component) {
   zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
   return library.Maint().ReadItem(component.Def(), bank.name.c_str(), key.get());
 }
 
-std::string NamesHint(Library const& library, std::vector<std::string> const& words) {
-  bool const byNumbers = std::all_of(words.begin(), words.end(), IsDigits);
-  if (byNumbers || NamesLibrary() != nullptr || !library.Banks("PURECOMP").empty()) return "";
-  return "; --names LIBRARY gives a library that knows the IDs and CAS numbers";
+std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
+                        std::vector<std::string> const& words) {
+  if (BankFacts(bank).keyKind != kComponents) return "";
+  ComponentBanks const banks = BanksKnownTo(library);
+  if (banks.empty()) {
+    bool const byNumbers = std::all_of(words.begin(), words.end(), IsDigits);
+    return byNumbers ? "" : "; --names LIBRARY gives a library that knows the IDs and CAS numbers";
+  }
+  for (std::string const& word : words) {
+    bool const isKnown = std::any_of(banks.begin(), banks.end(), [&](auto const& place) {
+      PureComponent const component;
+      return ReadComponent(*place.first, place.second, word, component);
+    });
+    if (!isKnown) return "; " + word + " is not a component" + NearestTo(word, banks);
+  }
+  return "";
 }
 
 // One word is set as a number, so that a component shows which one it is.

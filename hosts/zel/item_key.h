@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "failure.h"
 #include "library.h"
 #include "pure_component.h"
 
@@ -13,21 +14,35 @@ namespace zelhost {
 // A component by number, by CAS number ("64-17-5") or by character ID; the form of the word tells
 // which.
 using Component = std::variant<long, zel::casn, std::string>;
-// Throws Failure for a CAS number whose check digit is wrong and for an ID of over 8 characters.
+// Throws NotAComponent for a CAS number whose check digit is wrong and for an ID of over 8
+// characters, Failure for a number that is too large.
 Component ParseComponent(std::string const& word);
+// A word that cannot name a component.
+class NotAComponent : public Failure {
+ public:
+  NotAComponent(std::string word, std::string const& why) : Failure(why), word_(std::move(word)) {}
+  std::string const& Word() const { return word_; }
+
+ private:
+  std::string word_;
+};
 
 // A key of up to three components.
 zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components);
 // The key of an item of a bank of this type: components, plain numbers or a text. Throws Failure
-// when the bank's items are not named by that many words.
-zel::Handle<zel::Key> KeyOf(zel::IZelBankDef& bank, std::vector<std::string> const& words);
+// when the bank's items are not named by that many words, and for a word that cannot name a
+// component of the library.
+zel::Handle<zel::Key> KeyIn(Library const& library, zel::IZelBankDef& bank,
+                            std::vector<std::string> const& words);
 
 // Reads a component by one of its names; false when the bank has none of it.
 bool ReadComponent(Library const& library, BankName const& bank, std::string const& word,
                    PureComponent const& component);
 
-// What to do about an item that was not found by IDs or CAS numbers which nobody knows; else empty.
-std::string NamesHint(Library const& library, std::vector<std::string> const& words);
+// Why an item was not found, as the end of a message: one of its components is not known to the
+// library or to the one that --names gives, or nobody knows any. Empty when all are known.
+std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
+                        std::vector<std::string> const& words);
 
 // The key of an item met in a walk.
 zel::Handle<zel::Key> StoredKey(std::vector<std::int32_t> const& words);

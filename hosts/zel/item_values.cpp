@@ -5,6 +5,13 @@
 namespace zelhost {
 namespace {
 
+// Of which the equation gives the value.
+Cell LogarithmOf(Curve const& curve) {
+  if (curve.logBasis == 1) return "natural";
+  if (curve.logBasis == 2) return "decimal";
+  return {};
+}
+
 class ComponentValues {
  public:
   explicit ComponentValues(PureComponent const& component) : component_(component) {}
@@ -17,9 +24,9 @@ class ComponentValues {
   }
 
  private:
-  void Put(std::string name, Cell value) {
-    if (!std::holds_alternative<std::monostate>(value)) {
-      values_.push_back({std::move(name), std::move(value)});
+  void Put(std::string name, Cell value, std::int64_t code = 0) {
+    if (!std::holds_alternative<std::monostate>(value) || code != 0) {
+      values_.push_back({std::move(name), std::move(value), code});
     }
   }
 
@@ -33,7 +40,7 @@ class ComponentValues {
     Put("IDs", Texts(identity.ids));
     Put("code", std::int64_t{identity.refCode});
     Put("SMILES", Text(component_.Smiles()));
-    Put("phase", std::int64_t{component_.Phase()});
+    Put("phase", PhasesOf(component_), component_.Phase());
     for (std::uint32_t model = 0; model < StructureModels().size(); ++model) {
       Put("groups of model " + StructureModels()[model], Text(component_.Groups(model)));
     }
@@ -52,9 +59,9 @@ class ComponentValues {
     Put(name + " from T", Number(curve.tMin));
     Put(name + " to T", Number(curve.tMax));
     Put(name + " T in", std::string(TemperatureUnit(curve.tempUnit)));
-    Put(name + " unit", std::int64_t{curve.propUnit});
-    Put(name + " log basis", std::int64_t{curve.logBasis});
-    Put(name + " basis", std::int64_t{curve.basis});
+    Put(name + " unit", UnitOf(curve), curve.propUnit);
+    Put(name + " log basis", LogarithmOf(curve), curve.logBasis);
+    Put(name + " basis", BasisOf(curve), curve.basis);
     for (std::size_t i = 0; i < curve.coefficients.size(); ++i) {
       Put(name + " C" + std::to_string(i + 1), Number(curve.coefficients[i]));
     }
@@ -66,6 +73,14 @@ class ComponentValues {
 };
 
 }  // namespace
+
+std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other) {
+  if (one.value != other.value || one.code == other.code) return {one.value, other.value};
+  auto const withCode = [](NamedValue const& named) {
+    return CellText(named.value) + " (code " + std::to_string(named.code) + ")";
+  };
+  return {withCode(one), withCode(other)};
+}
 
 std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item) {
   std::vector<NamedValue> values;

@@ -75,7 +75,8 @@ Report List(Options const& o) {
     throw WrongUsage("--filter needs --sort name, id, formula or cas");
   }
   if (!o.bank.empty() && o.library.empty()) throw WrongUsage("--bank needs --build");
-  auto const range = ParseSpan(o.range, "what the list is sorted by");
+  auto const range = sort == zel::sortByNbp ? ParseTemperatureSpan(o.range, "a boiling point")
+                                            : ParseSpan(o.range, "a molecular weight");
   zel::Handle<zel::CompList> const list(zel::CompList::NewCompList());
   if (!o.library.empty()) BuildList(o, *list);
   if (!list->ReadList(o.path.c_str())) throw Failure(o.path + ": not found, or cannot be read");

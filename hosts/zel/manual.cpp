@@ -20,7 +20,7 @@ their constants and correlations, interaction parameters of pairs, group tables,
 .PP
 A library is named by its first file; a bank by its name, by its type if there is one of it, or as TYPE:NAME;
 a component by its number, its ID or its CAS number; a temperature with its unit, as in 298.15K, 25C, 537R
-or 77F; a range as MIN:MAX, where one end may be missing.
+or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
 .PP
 memo, set, import, copy and delete work on a copy beside the library and put it in place at the end: one
 that fails or is killed leaves the library as it was.

@@ -14,6 +14,10 @@ constexpr std::uint32_t kCurvesWithCode = 17;
 constexpr std::uint32_t kFirstCritical = 1;  // TC, PC, VC, ZC
 constexpr std::uint32_t kLastCritical = 4;
 
+bool IsKnown(zel::zelConstantStates state) {
+  return state == zel::constantStored || state == zel::constantFilledIn;
+}
+
 bool BeginsWith(std::string const& text, std::string const& beginning) {
   return text.compare(0, beginning.size(), beginning) == 0;
 }
@@ -144,9 +148,13 @@ double PureComponent::Constant(std::uint32_t index) const {
   return value;
 }
 
+zel::zelConstantStates PureComponent::State(std::uint32_t index) const {
+  return zel::GetConstantState(face_.operator->(), index);
+}
+
 double PureComponent::Completed(std::uint32_t index) const {
   double value = zel::gen_GetUndefDouble();
-  face_->GetCompleted(index, &value);
+  if (IsKnown(State(index))) face_->GetCompleted(index, &value);
   return value;
 }
 
@@ -157,12 +165,13 @@ std::uint32_t PureComponent::ConstantCode(std::uint32_t index) const {
 }
 
 std::string PureComponent::ConstantSource(std::uint32_t index) const {
+  if (!IsKnown(State(index))) return "";
   char text[kSourceSize] = {};
   std::uint8_t isProtected = 0;
   face_->GetPropertySource(index, text, &isProtected);
   // The critical constants complete each other without a label.
   bool const isCritical = index >= kFirstCritical && index <= kLastCritical;
-  if (*text == '\0' && isCritical && !zel::gen_IsUndefDouble(Completed(index))) {
+  if (*text == '\0' && isCritical) {
     return "from the others of TC,PC,VC,ZC";
   }
   return text;
@@ -210,6 +219,40 @@ char const* TemperatureUnit(std::int32_t code) {
     case 13: return "F";
     default: return "K";
   }
+}
+
+Cell RangeOf(Curve const& curve) {
+  Cell const low = Number(curve.tMin);
+  Cell const high = Number(curve.tMax);
+  bool const hasLow = !std::holds_alternative<std::monostate>(low);
+  bool const hasHigh = !std::holds_alternative<std::monostate>(high);
+  if (!hasLow && !hasHigh) return {};
+  std::string const unit = std::string(" ") + TemperatureUnit(curve.tempUnit);
+  if (!hasHigh) return "from " + CellText(low) + unit;
+  if (!hasLow) return "up to " + CellText(high) + unit;
+  return CellText(low) + " to " + CellText(high) + unit;
+}
+
+Cell UnitOf(Curve const& curve) {
+  std::string const name = zel::GetUnitCodeName(curve.propUnit);
+  if (!name.empty()) return name;
+  if (curve.propUnit == 0) return {};
+  return "code " + std::to_string(curve.propUnit);
+}
+
+Cell BasisOf(Curve const& curve) {
+  if (curve.basis == 1) return "mole";
+  if (curve.basis == 2) return "mass";
+  return {};
+}
+
+Cell PhasesOf(PureComponent const& component) {
+  std::int32_t const phase = component.Phase();
+  std::vector<std::string> phases;
+  if ((phase & 1) != 0) phases.emplace_back("vapor");
+  if ((phase & 2) != 0) phases.emplace_back("liquid");
+  if ((phase & 4) != 0) phases.emplace_back("solid");
+  return Texts(phases);
 }
 
 }  // namespace zelhost

@@ -80,9 +80,11 @@ class PureComponent {
   // Derives what is missing.
   void Complete();
   double Constant(std::uint32_t index) const;
+  zel::zelConstantStates State(std::uint32_t index) const;
+  // Stored, or derived from data that are there.
   double Completed(std::uint32_t index) const;
   std::uint32_t ConstantCode(std::uint32_t index) const;
-  // Where a constant came from, or the method that derived it.
+  // Where a constant came from, or the method that derived it; empty for a missing one.
   std::string ConstantSource(std::uint32_t index) const;
   Curve ReadCurve(std::uint32_t index) const;
   // `order` 1 to 3: which derivative.
@@ -94,5 +96,14 @@ class PureComponent {
 
 // The letter of a temperature unit of a stored correlation.
 char const* TemperatureUnit(std::int32_t code);
+// The temperatures that a correlation is good for: "159.05 to 514 K", "from 159.05 K", "up to 514
+// K"; nothing for a record without limits.
+Cell RangeOf(Curve const& curve);
+// The unit that a stored correlation gives; its code where it has no name, nothing for 0.
+Cell UnitOf(Curve const& curve);
+// Per which amount the unit of a specific property is meant: mole, mass or nothing.
+Cell BasisOf(Curve const& curve);
+// "vapor liquid"; nothing for none.
+Cell PhasesOf(PureComponent const& component);
 
 }  // namespace zelhost

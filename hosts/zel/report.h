@@ -73,8 +73,8 @@ class Report {
 
 enum class Form { kText, kJson, kCsv };
 
-// As the form has it: text within 80 columns where the last column can be broken; JSON as one
-// object; CSV the first table alone.
+// As the form has it: text within 80 columns where texts can be broken; JSON as one object; CSV the
+// tables, with their names in front and an empty line between them where there are several.
 std::string Print(Report const& report, Form form);
 
 }  // namespace zelhost

@@ -21,8 +21,11 @@ struct Options {
 enum class State { kStored, kFilledIn, kMissing };
 
 State StateOf(PureComponent const& component, std::uint32_t index) {
-  if (!zel::gen_IsUndefDouble(component.Constant(index))) return State::kStored;
-  return zel::gen_IsUndefDouble(component.Completed(index)) ? State::kMissing : State::kFilledIn;
+  switch (component.State(index)) {
+    case zel::constantStored: return State::kStored;
+    case zel::constantFilledIn: return State::kFilledIn;
+    default: return State::kMissing;
+  }
 }
 
 char const* Word(State state) {
@@ -53,11 +56,6 @@ Counts CountOf(PureComponent const& component) {
     if (component.ReadCurve(IndexOf(row)).present) ++counts.curves;
   }
   return counts;
-}
-
-std::string RangeText(Curve const& curve) {
-  return CellText(Number(curve.tMin)) + " to " + CellText(Number(curve.tMax)) + " " +
-         TemperatureUnit(curve.tempUnit);
 }
 
 void AddWarning(PureComponent const& component, Report& report) {
@@ -100,7 +98,7 @@ Report Search(Options const& o) {
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
-    curves.Add({row.name, std::int64_t{curve.equation}, RangeText(curve), Text(curve.source)});
+    curves.Add({row.name, std::int64_t{curve.equation}, RangeOf(curve), Text(curve.source)});
   }
   sources.AddWarnings(report);
   return report;
@@ -156,7 +154,7 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, Sources con
       table.Add({sources.Name(i), Cell(), Cell(), Cell(), "has no correlation"});
       continue;
     }
-    table.Add({sources.Name(i), std::int64_t{own.equation}, RangeText(own), Code(own.refCode),
+    table.Add({sources.Name(i), std::int64_t{own.equation}, RangeOf(own), Code(own.refCode),
                won ? "comes later" : "won"});
     if (!won) from = sources.Name(i);
     won = true;
@@ -223,7 +221,7 @@ std::string SourceOfPair(Sources const& sources, std::string const& type, Covere
     Library const& library = sources.Libraries()[i];
     if (one.numbers[i].empty() || other.numbers[i].empty()) continue;
     for (BankName const& bank : library.Banks(type)) {
-      zel::Handle<zel::Key> const key = KeyOf(*item, {one.numbers[i], other.numbers[i]});
+      zel::Handle<zel::Key> const key = KeyIn(library, *item, {one.numbers[i], other.numbers[i]});
       if (library.Maint().ItemExists(item.get(), bank.name.c_str(), key.get())) {
         return library.Path() + ":" + bank.name;
       }

@@ -10,7 +10,6 @@
 namespace zelhost {
 namespace {
 
-constexpr std::int32_t kKelvin = 10;
 constexpr std::uint32_t kCurvesWithCode = 17;  // the last one has no place for a code
 constexpr double kGas = 8.314462618;           // kJ/(kg-mol K), CODATA 2018, exact
 constexpr double kAtmosphere = 101.325;        // kPa

@@ -35,13 +35,7 @@ void AddIdentity(PureComponent const& component, Report& report) {
   report.Fact("CAS number", Text(identity.cas));
   report.Fact("IDs", Texts(identity.ids));
   report.Fact("SMILES", Text(component.Smiles()));
-  std::int32_t const phase = component.Phase();
-  std::string phases;
-  if ((phase & 1) != 0) phases += "vapor ";
-  if ((phase & 2) != 0) phases += "liquid ";
-  if ((phase & 4) != 0) phases += "solid ";
-  if (!phases.empty()) phases.pop_back();
-  report.Fact("phases", Text(phases));
+  report.Fact("phases", PhasesOf(component));
 }
 
 void AddConstants(PureComponent& component, bool complete, Report& report) {
@@ -54,13 +48,6 @@ void AddConstants(PureComponent& component, bool complete, Report& report) {
     table.Add({row.keyword, Number(value), Text(row.unit), Code(component.ConstantCode(row.index)),
                Text(component.ConstantSource(row.index))});
   }
-}
-
-// Per which amount the unit of a specific property is meant.
-Cell Basis(Curve const& curve) {
-  if (curve.basis == 1) return "mole";
-  if (curve.basis == 2) return "mass";
-  return {};
 }
 
 void AddCurves(PureComponent const& component, Report& report) {
@@ -76,8 +63,8 @@ void AddCurves(PureComponent const& component, Report& report) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
     table.Add({row.name, std::int64_t{curve.equation}, Number(curve.tMin), Number(curve.tMax),
-               TemperatureUnit(curve.tempUnit), Text(zel::GetUnitCodeName(curve.propUnit)),
-               Basis(curve), Code(curve.refCode)});
+               TemperatureUnit(curve.tempUnit), UnitOf(curve), BasisOf(curve),
+               Code(curve.refCode)});
   }
   Table& numbers = report.Begin("coefficients", {{"name", ""}, {"C", ""}, {"value", ""}});
   for (auto const& row : Correlations()) {
@@ -104,9 +91,10 @@ void AddGroups(PureComponent const& component, Report& report) {
 
 Report ShowComponent(Library const& library, BankName const& bank, Options const& o) {
   PureComponent component;
-  zel::Handle<zel::Key> const key = KeyOf(*component.Def(), o.words);
+  zel::Handle<zel::Key> const key = KeyIn(library, *component.Def(), o.words);
   if (!library.Maint().ReadItem(component.Def(), bank.name.c_str(), key.get())) {
-    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words));
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words) +
+                  WhyNotFound(library, *component.Def(), o.words));
   }
   if (o.complete) component.Complete();
   Report report;
@@ -122,10 +110,10 @@ Report Show(Options const& o) {
   BankName const bank = library.Bank(o.bank);
   if (bank.type == kPureType) return ShowComponent(library, bank, o);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-  zel::Handle<zel::Key> const key = KeyOf(*item, o.words);
+  zel::Handle<zel::Key> const key = KeyIn(library, *item, o.words);
   if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
     throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words) +
-                  NamesHint(library, o.words));
+                  WhyNotFound(library, *item, o.words));
   }
   char source[260] = {};
   std::uint8_t isProtected = 0;
@@ -150,7 +138,7 @@ bool AnyMatches(std::string const& pattern, std::vector<std::string> const& text
 }
 
 Report Find(Options const& o) {
-  std::optional<Span> const boiling = ParseSpan(o.boiling, "a boiling point");
+  std::optional<Span> const boiling = ParseTemperatureSpan(o.boiling, "a boiling point");
   std::optional<Span> const weight = ParseSpan(o.weight, "a molecular weight");
   constexpr std::uint32_t kWeight = 0;
   constexpr std::uint32_t kBoiling = 8;
@@ -208,7 +196,7 @@ void AddShowCommands(CLI::App& app) {
       .Option("--id", o->id, "the same for the IDs", "PATTERN")
       .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")
       .Option("--formula", o->formula, "the same for the formula", "PATTERN")
-      .Option("--nbp", o->boiling, "normal boiling point in K; an end may be missing", "MIN:MAX")
+      .Option("--nbp", o->boiling, "normal boiling point, in K without a unit", "MIN:MAX")
       .Option("--mw", o->weight, "molecular weight; an end may be missing", "MIN:MAX")
       .Run(Outputs::kJsonAndCsv, [o] { return Find(*o); });
 }

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "failure.h"
+#include "nearest.h"
 
 namespace zelhost {
 
@@ -72,6 +73,15 @@ void Sources::Judge(std::string const& word, std::vector<SourcedIdentity> found)
 }
 
 void Sources::Search(std::string const& word, PureComponent& component) {
+  ComponentBanks banks;
+  for (Place const& place : places_) {
+    banks.emplace_back(&libraries_[place.library], BankName{kPureType, place.bank});
+  }
+  try {
+    ParseComponent(word);
+  } catch (NotAComponent const& error) {
+    throw Failure(error.what() + NearestTo(word, banks));
+  }
   std::vector<SourcedIdentity> found;
   for (std::size_t i = 0; i < Count(); ++i) {
     PureComponent const part;
@@ -84,7 +94,8 @@ void Sources::Search(std::string const& word, PureComponent& component) {
   }
   std::string names;
   for (std::size_t i = 0; i < Count(); ++i) names += (i == 0 ? "" : ", ") + Name(i);
-  throw Failure("component " + word + " is not in " + names + "; `zel find` looks for names");
+  throw Failure("component " + word + " is not in " + names + NearestTo(word, banks) +
+                "; `zel find` looks for names");
 }
 
 }  // namespace zelhost

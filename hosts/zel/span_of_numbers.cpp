@@ -1,5 +1,6 @@
 #include "span_of_numbers.h"
 
+#include <cctype>
 #include <charconv>
 #include <cmath>
 
@@ -49,41 +50,47 @@ bool Span::Has(double value) const {
   return (!low || value >= *low) && (!high || value <= *high);
 }
 
-std::optional<Span> ParseSpan(std::string const& word, std::string const& what) {
+namespace {
+
+template <typename Parse>
+std::optional<Span> SpanOf(std::string const& word, std::string const& what, Parse const& parse) {
   if (word.empty()) return std::nullopt;
   std::size_t const colon = word.find(':');
   if (colon == std::string::npos) {
     throw WrongUsage("\"" + word + "\" is not a range MIN:MAX of " + what);
   }
   Span span;
-  if (colon > 0) span.low = ParseNumber(word.substr(0, colon), what);
-  if (colon + 1 < word.size()) span.high = ParseNumber(word.substr(colon + 1), what);
+  if (colon > 0) span.low = parse(word.substr(0, colon));
+  if (colon + 1 < word.size()) span.high = parse(word.substr(colon + 1));
   return span;
 }
 
+}  // namespace
+
+std::optional<Span> ParseSpan(std::string const& word, std::string const& what) {
+  return SpanOf(word, what, [&](std::string const& end) { return ParseNumber(end, what); });
+}
+
+std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what) {
+  return SpanOf(word, what,
+                [](std::string const& end) { return ParseTemperature(end).In(kKelvin); });
+}
+
 double Temperature::In(std::int32_t code) const {
-  double const kelvin = ToKelvin(value, unit.value_or(code));
-  if (kelvin < 0.0) throw WrongUsage("a temperature is below absolute zero");
-  return unit ? Convert(value, *unit, code) : value;
+  if (ToKelvin(value, unit) < 0.0) throw WrongUsage("a temperature is below absolute zero");
+  return Convert(value, unit, code);
 }
 
 Temperature ParseTemperature(std::string const& word) {
   constexpr char kWhat[] = "a temperature such as 298.15K, 25C, 537R or 77F";
   Temperature temperature;
   std::string number = word;
-  if (!number.empty()) {
-    switch (number.back()) {
-      case 'K':
-      case 'k': temperature.unit = 10; break;
-      case 'C':
-      case 'c': temperature.unit = 11; break;
-      case 'R':
-      case 'r': temperature.unit = 12; break;
-      case 'F':
-      case 'f': temperature.unit = 13; break;
-      default: break;
-    }
-    if (temperature.unit) number.pop_back();
+  std::size_t const letter = std::string("KCRF").find(
+      number.empty() ? '\0'
+                     : static_cast<char>(std::toupper(static_cast<unsigned char>(number.back()))));
+  if (letter != std::string::npos) {
+    temperature.unit = kKelvin + static_cast<std::int32_t>(letter);
+    number.pop_back();
   }
   try {
     temperature.value = ParseNumber(number, kWhat);

@@ -21,15 +21,19 @@ struct Span {
 // "250:320", "250:", ":320"; nothing for an empty word.
 std::optional<Span> ParseSpan(std::string const& word, std::string const& what);
 
-// A temperature with its unit, "25C", or without one.
+inline constexpr std::int32_t kKelvin = 10;
+
+// A temperature with its unit, "25C"; without one it is in K.
 struct Temperature {
   double value = 0.0;
-  std::optional<std::int32_t> unit;  // 10 K, 11 C, 12 R, 13 F
+  std::int32_t unit = kKelvin;  // 10 K, 11 C, 12 R, 13 F
 
-  // In a unit; a temperature without one is in it already.
+  // In a unit. Throws WrongUsage below absolute zero.
   double In(std::int32_t code) const;
 };
 Temperature ParseTemperature(std::string const& word);
+// From one temperature to another, "20C:350", in K.
+std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what);
 // From one unit to another.
 double Convert(double value, std::int32_t from, std::int32_t to);
 

@@ -1,6 +1,6 @@
 // Verify: the integrity check of a library, and what a data tool asks beyond the working classes:
-// the catalogue of a pure component's data, names of unit codes, texts in key words, molecular
-// weights of formulas.
+// the catalogue of a pure component's data, the worth of derived constants, names of unit codes,
+// texts in key words, molecular weights of formulas.
 #ifndef ZELACCESS_VERIFY_H
 #define ZELACCESS_VERIFY_H
 
@@ -10,6 +10,7 @@
 
 namespace zel {
 
+class IZelPureComp;
 class LibFile;
 
 // --- what a pure component consists of -----------------------------------------------------------
@@ -43,6 +44,20 @@ ZEL_API void GetKeyText(std::int32_t const* words, std::int32_t count, char* tex
 // The molecular weight that a formula gives with the abridged standard atomic weights of the IUPAC
 // (2021), in kg/kg-mol; undefined for a text that is no formula and for elements that have none.
 ZEL_API double GetFormulaWeight(char const* formula);
+
+// How a constant of a component stands after IZelBankIO::Complete.
+enum zelConstantStates : std::int32_t {
+  constantMissing = 0,   // no value, or one that is not finite
+  constantStored = 1,    // read or set
+  constantFilledIn = 2,  // derived from data that are there
+  constantUnfounded = 3  // computed from something that is not there; the number means nothing
+};
+
+// The state of a constant by index, 0 to 99; constantMissing for null and for another index.
+// Complete computes some constants from whatever is there: the parachor from an undefined critical
+// volume, the carbon number from an empty formula, the acentric factor from a vapor pressure whose
+// record is not in K. Each method's inputs are followed down to what is stored.
+ZEL_API zelConstantStates GetConstantState(IZelPureComp* component, std::uint32_t index);
 
 // --- room in the files ---------------------------------------------------------------------------
 

@@ -1,4 +1,5 @@
 set(verify_TEST_SOURCES
     catalogue_test.cpp
+    constant_state_test.cpp
     identity_test.cpp
     verify_test.cpp)
