@@ -92,8 +92,10 @@ class PosixBlockFile final : public BlockFile {
       if (mapWrites_) return -1;
     }
     std::int64_t const done = Transfer(count, [&](std::size_t at) {
-      return ::pwrite(file_.Get(), static_cast<std::byte const*>(from) + at, count - at,
-                      static_cast<off_t>(offset + at));
+      return WithoutSizeSignal([&] {
+        return ::pwrite(file_.Get(), static_cast<std::byte const*>(from) + at, count - at,
+                        static_cast<off_t>(offset + at));
+      });
     });
     if (done > 0) {
       size_ = std::max(size_, offset + static_cast<std::uint64_t>(done));
@@ -156,7 +158,8 @@ class PosixBlockFile final : public BlockFile {
     for (std::uint64_t const upTo : {ahead, end}) {
       auto const from = static_cast<off_t>(backed_);
       auto const length = static_cast<off_t>(upTo - backed_);
-      bool const made = Retry([&] { return ::fallocate(file_.Get(), 0, from, length); }) == 0;
+      bool const made =
+          WithoutSizeSignal([&] { return ::fallocate(file_.Get(), 0, from, length); }) == 0;
       if (!made && (errno == EOPNOTSUPP || errno == ENOSYS)) {
         mapWrites_ = false;
         return false;
@@ -204,12 +207,21 @@ class PosixFiles final : public FileSystem {
     if (::fstat(file.Get(), &info) != 0) return {OpenOutcome::kFailed, nullptr};
     if (!S_ISREG(info.st_mode)) return {OpenOutcome::kDenied, nullptr};
     if (!locked) return {lockOutcome, nullptr};
+    if (!IsAt(path, info)) return {OpenOutcome::kDenied, nullptr};
     auto const size = static_cast<std::uint64_t>(info.st_size);
     return {OpenOutcome::kOk,
             std::make_unique<PosixBlockFile>(std::move(file), size, writable, sync_)};
   }
 
  private:
+  // False when somebody who held the lock has put another file in the place between the open and
+  // the lock: what is written to the one of before would be lost.
+  static bool IsAt(std::string const& path, struct stat const& opened) noexcept {
+    struct stat there {};
+    return ::stat(path.c_str(), &there) == 0 && there.st_dev == opened.st_dev &&
+           there.st_ino == opened.st_ino;
+  }
+
   static int OpenDescriptor(std::string const& path, OpenMode mode) noexcept {
     // Non-blocking, so that a pipe in the place of a library does not hold the host up.
     constexpr int kAlways = O_CLOEXEC | O_NONBLOCK;

@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
+#include <ctime>
 #include <utility>
 
 namespace zel::platform {
@@ -15,6 +17,37 @@ template <typename Call>
 auto Retry(Call const& call) noexcept {
   auto result = call();
   while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+// A call that may make a file longer than the process's limit (RLIMIT_FSIZE) fails with EFBIG then,
+// and the system sends SIGXFSZ besides, which ends a host that has not prepared for it. What the
+// host does with the signal is its own affair and shared by its threads, so it stays as it is: the
+// signal is blocked for this thread during the call, and taken back where the call has raised it.
+// It is sent to the thread that made the call, so nobody else gets it meanwhile. To compare with
+// the limit beforehand would not do: another thread or program can lower it in between. A signal
+// that waited before, because the host had blocked it, is left to wait.
+template <typename Call>
+auto WithoutSizeSignal(Call const& call) noexcept {
+  sigset_t size;
+  sigset_t before;
+  sigset_t waiting;
+  sigemptyset(&size);
+  sigaddset(&size, SIGXFSZ);
+  sigemptyset(&waiting);
+  bool const blocked = ::pthread_sigmask(SIG_BLOCK, &size, &before) == 0;
+  if (blocked && sigismember(&before, SIGXFSZ) == 1) ::sigpending(&waiting);
+  auto const result = Retry(call);
+  int const reason = errno;
+  if (blocked) {
+    bool const isOurs = sigismember(&waiting, SIGXFSZ) == 0;
+    if (result == -1 && reason == EFBIG && isOurs) {
+      timespec const now = {};
+      Retry([&] { return ::sigtimedwait(&size, nullptr, &now); });
+    }
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  }
+  errno = reason;
   return result;
 }
 

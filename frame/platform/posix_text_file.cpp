@@ -62,7 +62,8 @@ TextFile::~TextFile() { Close(); }
 void TextFile::Flush() {
   std::size_t done = 0;
   while (file_ >= 0 && done < used_) {
-    ssize_t const n = Retry([&] { return ::write(file_, buffer_.get() + done, used_ - done); });
+    ssize_t const n =
+        WithoutSizeSignal([&] { return ::write(file_, buffer_.get() + done, used_ - done); });
     if (n <= 0) break;
     done += static_cast<std::size_t>(n);
   }

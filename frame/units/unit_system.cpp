@@ -9,6 +9,7 @@
 #include <string>
 
 #include "frame/ascii.h"
+#include "frame/platform/text_file.h"
 
 namespace zel {
 
@@ -83,8 +84,12 @@ std::string TableFilePrefix(int processId) {
 int StartUnitSystemFrom(std::string_view table) {
   if (table.empty()) return kTableNotFound;
   TableFile const file;
-  // Without a file the loading fails and says so.
-  if (*file.Path() != '\0') std::ofstream(file.Path()) << TableFileText(table);
+  // Without a file, or a whole one, the loading fails and says so.
+  if (*file.Path() != '\0') {
+    platform::TextFile text(file.Path());
+    text.Put(TableFileText(table));
+    if (!text.Close()) platform::RemoveFile(file.Path());
+  }
   std::array<char const*, 2> const arguments = {"-f", file.Path()};
   return uom_Init2(static_cast<int>(arguments.size()), arguments.data());
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "change_options.h"
 #include "command.h"
 #include "failure.h"
 #include "item_key.h"
@@ -25,6 +26,7 @@ struct Options {
   std::string bank;
   std::string component;
   std::string output;
+  std::string mode;
   ChangeOptions change;
   bool replace = false;
   bool create = false;
@@ -34,7 +36,9 @@ struct Options {
 };
 
 LibraryChange ChangeFor(Options const& o) {
-  if (!fs::exists(o.path) && o.create) return LibraryChange::New(o.path, zel::libKind11, false, "");
+  if (!fs::exists(o.path) && o.create) {
+    return LibraryChange::New(o.path, {zel::libKind11, false, "", ModeOf(o.mode)});
+  }
   return {o.path, o.change};
 }
 
@@ -227,6 +231,7 @@ void AddDocumentCommands(CLI::App& app) {
       .Flag("--create", o->create, "make the library when it is not there")
       .Flag("--replace", o->replace, "items that are there are replaced and no error")
       .Flag("--verbose", o->verbose, "tell of progress and warnings");
+  AddModeOption(reading, o->mode);
   AddChangeOptions(reading, o->change);
   reading.Run(Outputs::kJson, [o] { return Import(*o); });
   Command(app, "export", "Write a library, a bank or a component as XML",

@@ -20,14 +20,14 @@ namespace {
 bool IsAt(int descriptor, std::string const& path) {
   struct stat opened = {};
   struct stat there = {};
-  return fstat(descriptor, &opened) == 0 && stat(path.c_str(), &there) == 0 &&
+  return fstat(descriptor, &opened) == 0 && lstat(path.c_str(), &there) == 0 &&
          opened.st_dev == there.st_dev && opened.st_ino == there.st_ino;
 }
 
 }  // namespace
 
 FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
-  int const descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC);
+  int const descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
   if (descriptor < 0) {
     throw Failure(shownAs + ": " +
                   (errno == ENOENT ? "not found" : std::string(std::strerror(errno))));

@@ -8,7 +8,7 @@ namespace zelhost {
 // A file held under the lock that library files have; nobody else can then open it.
 class FileLock {
  public:
-  // Throws Failure when the file cannot be opened for writing or somebody else has it.
+  // Throws Failure when the file cannot be opened for writing, is a link, or somebody else has it.
   static FileLock Take(std::string const& path, std::string const& shownAs);
   FileLock(FileLock&& other) noexcept;
   FileLock& operator=(FileLock&& other) noexcept;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "change_options.h"
 #include "command.h"
 #include "failure.h"
 #include "fields.h"
@@ -22,6 +23,7 @@ struct Options {
   std::vector<std::string> banks;
   std::vector<std::string> words;
   ChangeOptions change;
+  std::string mode;
   bool replace = false;
   bool create = false;
   bool wholeBank = false;
@@ -119,8 +121,9 @@ Report Copy(Options const& o) {
   Library const from = Library::OpenRead(o.from);
   zel::InitZelAccess();
   bool const isNew = o.create && !std::filesystem::exists(o.path);
-  LibraryChange change = isNew ? LibraryChange::New(o.path, zel::libKind11, false, "")
-                               : LibraryChange(o.path, o.change);
+  LibraryChange change =
+      isNew ? LibraryChange::New(o.path, {zel::libKind11, false, "", ModeOf(o.mode)})
+            : LibraryChange(o.path, o.change);
   Library const& to = change.Open();
   Report report;
   Table& table = report.Begin("copied", {{"bank", ""}, {"items", ""}});
@@ -178,6 +181,7 @@ void AddItemCommands(CLI::App& app) {
       .Option("--item", o->words, "this item of the bank", "WORD...")
       .Flag("--replace", o->replace, "items that are there are replaced and no error")
       .Flag("--create", o->create, "make the library TO when it is not there");
+  AddModeOption(copy, o->mode);
   AddChangeOptions(copy, o->change);
   copy.Run(Outputs::kJson, [o] { return Copy(*o); });
   Command remove(app, "delete", "Remove an item or a bank", "zel delete own.lb1 PERRY ETHANOL");

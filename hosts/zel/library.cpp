@@ -9,7 +9,7 @@
 #include <optional>
 
 #include "failure.h"
-#include "replacement.h"
+#include "work_folder.h"
 
 namespace zelhost {
 namespace {

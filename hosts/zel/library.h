@@ -22,7 +22,7 @@ std::string ToText(BankName const& bank);
 // An open library. Throws Failure with the path and the reason when it cannot be opened.
 class Library {
  public:
-  // Finishes a change first that was cut off; see replacement.h.
+  // Finishes a change first that was cut off; see work_folder.h.
   // `shownAs` is what messages call it, where it is not at its own place.
   static Library OpenRead(std::string const& path, std::string const& shownAs = "");
   static Library OpenUpdate(std::string const& path, std::string const& password,

@@ -8,10 +8,10 @@
 #include <iterator>
 #include <optional>
 
+#include "change_options.h"
 #include "command.h"
 #include "failure.h"
 #include "library.h"
-#include "replacement.h"
 
 namespace zelhost {
 namespace {
@@ -24,6 +24,7 @@ struct Options {
   std::optional<std::string> description;
   std::optional<std::string> version;
   std::string newPassword;
+  std::string mode;
   int kind = zel::libKind11;
   int level = 1;
   bool force = false;
@@ -79,8 +80,8 @@ Report Create(Options const& o) {
   if (o.kind < zel::libKind11 || o.kind > zel::libKind13) {
     throw WrongUsage("a library's kind is 11, 12 or 13");
   }
-  LibraryChange change =
-      LibraryChange::New(o.path, static_cast<zel::libTypes>(o.kind), o.force, o.change.password);
+  LibraryChange change = LibraryChange::New(
+      o.path, {static_cast<zel::libTypes>(o.kind), o.force, o.change.password, ModeOf(o.mode)});
   change.Open().File().SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
   change.PutInPlace();
   Report report;
@@ -207,14 +208,16 @@ Report Set(Options const& o) {
 
 void AddLibraryCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command(app, "create", "Make an empty library", "zel create own.lb1 --description \"Plant data\"")
-      .Argument("LIBRARY", o->path, "the new file; its name ends in .lb1")
+  Command create(app, "create", "Make an empty library",
+                 "zel create own.lb1 --description \"Plant data\"");
+  create.Argument("LIBRARY", o->path, "the new file; its name ends in .lb1")
       .Option("--description", o->description, "up to 100 characters", "TEXT")
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
       .Option("--kind", o->kind, "11, 12 or 13", "N")
       .Flag("--force", o->force, "replace a library that is there")
-      .Option("--password", o->change.password, "of a protected library that is there", "TEXT")
-      .Run(Outputs::kJson, [o] { return Create(*o); });
+      .Option("--password", o->change.password, "of a protected library that is there", "TEXT");
+  AddModeOption(create, o->mode);
+  create.Run(Outputs::kJson, [o] { return Create(*o); });
   Command(app, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
       .Argument("LIBRARY", o->path, "a library file")
       .Run(Outputs::kJson, [o] { return Info(*o); });

@@ -83,7 +83,9 @@ int EndByClosedPipe() {
 }  // namespace
 
 int main(int count, char** words) {
+  // A pipe that nobody reads and a file that reached its largest size are errors of the call.
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   try {
     CLI::App app("zel: looks into component libraries of thermophysical data and keeps them",
                  "zel");

@@ -1,5 +1,8 @@
 #include "output_file.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -7,6 +10,8 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <new>
+#include <utility>
 #include <vector>
 
 #include "failure.h"
@@ -16,26 +21,41 @@ namespace zelhost {
 namespace {
 
 constexpr char kFolderName[] = ".zel-out-";
+constexpr mode_t kNewFileMode = 0666;
 
 struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
 [[noreturn]] void Refuse(std::string const& path) {
+  if (errno == ENOMEM) throw std::bad_alloc();
   throw Failure(path + ": cannot be written: " + std::strerror(errno));
 }
 
-void WriteWhole(std::string const& target, std::string const& shownAs, std::string const& text) {
-  std::unique_ptr<std::FILE, FileCloser> file(std::fopen(target.c_str(), "wb"));
-  if (!file) Refuse(shownAs);
+// As rename does, the last part of the path is not followed where it is a link.
+void WriteWhole(std::string const& target, std::string const& shownAs, std::string const& text,
+                int flags) {
+  // Standard output has a place in its file, which a second open would not share.
+  int const descriptor = target == "/dev/stdout"
+                             ? ::dup(STDOUT_FILENO)
+                             : ::open(target.c_str(), flags | O_WRONLY | O_CLOEXEC, kNewFileMode);
+  if (descriptor < 0) Refuse(shownAs);
+  std::unique_ptr<std::FILE, FileCloser> file(::fdopen(descriptor, "wb"));
+  if (!file) {
+    ::close(descriptor);
+    Refuse(shownAs);
+  }
   bool good = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
   good = std::fclose(file.release()) == 0 && good;
   if (!good) Refuse(shownAs);
 }
 
-}  // namespace
-
-namespace {
+// Paths of the system itself, /dev/stdout for one, are links that the system follows; any other
+// link is replaced and never written through.
+bool IsOfSystem(std::filesystem::path const& path) {
+  std::string const text = std::filesystem::absolute(path).lexically_normal().string();
+  return text.rfind("/dev/", 0) == 0 || text.rfind("/proc/", 0) == 0;
+}
 
 // Folders that a killed command left: those of an hour ago.
 void RemoveLeftOver(std::filesystem::path const& target) {
@@ -57,36 +77,34 @@ void RemoveLeftOver(std::filesystem::path const& target) {
 }  // namespace
 
 OutputFolder::OutputFolder(std::filesystem::path const& target, std::string const& shownAs)
-    : target_(target) {
+    : target_(target), folder_((target / kFolderName).string() + "XXXXXX") {
   RemoveLeftOver(target);
-  std::string name = (target / kFolderName).string() + "XXXXXX";
-  if (::mkdtemp(name.data()) == nullptr) Refuse(shownAs);
-  folder_ = name;
+  if (::mkdtemp(folder_.data()) == nullptr) Refuse(shownAs);
 }
 
 OutputFolder::~OutputFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
+  try {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  } catch (std::bad_alloc const&) {
+    // A later command removes it.
+  }
 }
 
 std::int64_t OutputFolder::MoveInto() {
-  std::int64_t count = 0;
-  std::vector<std::filesystem::path> files;
+  // All paths first, so that no lack of memory comes between two moves.
+  std::vector<std::pair<std::string, std::string>> moves;
   for (auto const& entry : std::filesystem::directory_iterator(folder_)) {
-    files.push_back(entry.path());
-  }
-  for (std::filesystem::path const& file : files) {
-    std::filesystem::path const target = target_ / file.filename();
+    std::filesystem::path const target = target_ / entry.path().filename();
     if (std::filesystem::is_directory(target)) {
       throw Failure(target.string() + ": cannot be written: it is a folder");
     }
+    moves.emplace_back(entry.path().string(), target.string());
   }
-  for (std::filesystem::path const& file : files) {
-    std::filesystem::path const target = target_ / file.filename();
-    if (std::rename(file.c_str(), target.c_str()) != 0) Refuse(target.string());
-    ++count;
+  for (auto const& [from, to] : moves) {
+    if (std::rename(from.c_str(), to.c_str()) != 0) Refuse(to);
   }
-  return count;
+  return static_cast<std::int64_t>(moves.size());
 }
 
 void RefuseLibraryPath(std::string const& path) {
@@ -100,25 +118,16 @@ void RefuseLibraryPath(std::string const& path) {
 void WriteFile(std::string const& path, std::string const& text) {
   if (path.empty()) throw WrongUsage("the name of the output is empty");
   RefuseLibraryPath(path);
-  std::error_code none;
-  // What is no plain file, /dev/stdout for one, is written as it is.
-  if (std::filesystem::exists(path, none) && !std::filesystem::is_regular_file(path, none)) {
-    WriteWhole(path, path, text);
-    return;
-  }
-  std::string const beside = path + ".zel-new";
-  try {
-    WriteWhole(beside, path, text);
-  } catch (...) {
-    std::remove(beside.c_str());
-    throw;
-  }
-  if (std::rename(beside.c_str(), path.c_str()) != 0) {
-    int const reason = errno;
-    std::remove(beside.c_str());
-    errno = reason;
-    Refuse(path);
-  }
+  namespace fs = std::filesystem;
+  if (IsOfSystem(path)) return WriteWhole(path, path, text, 0);
+  fs::file_status const there = fs::symlink_status(path);
+  bool const isPlain = !fs::exists(there) || fs::is_regular_file(there) || fs::is_symlink(there);
+  // A pipe, for one, is written as it is.
+  if (!isPlain) return WriteWhole(path, path, text, O_NOFOLLOW);
+  fs::path const target = fs::absolute(path);
+  OutputFolder folder(target.parent_path(), path);
+  WriteWhole(folder.PathOf(target.filename().string()), path, text, O_CREAT | O_EXCL | O_NOFOLLOW);
+  folder.MoveInto();
 }
 
 }  // namespace zelhost

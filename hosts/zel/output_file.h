@@ -7,8 +7,9 @@
 
 namespace zelhost {
 
-// Writes the whole file, or leaves what was there: the text goes into a file beside it first.
-// Throws Failure with the reason.
+// Writes the whole file, or leaves what was there: the text goes into a file in a fresh folder
+// beside it first. A symbolic link in the place is replaced and not followed; a device or pipe is
+// written as it is. Throws Failure with the reason.
 void WriteFile(std::string const& path, std::string const& text);
 
 // A hidden folder beside what is to be written, in which documents are made; it goes with its
@@ -22,13 +23,13 @@ class OutputFolder {
   ~OutputFolder();
 
   // Of a file in it; of the folder, with a separator behind it, for an empty name.
-  std::string PathOf(std::string const& name) const { return (folder_ / name).string(); }
+  std::string PathOf(std::string const& name) const { return folder_ + "/" + name; }
   // Moves all files to the target, over what is there; gives their number.
   std::int64_t MoveInto();
 
  private:
   std::filesystem::path target_;
-  std::filesystem::path folder_;
+  std::string folder_;
 };
 
 // Throws Failure for a path that ends as those of a library's files do, .lb1 to .lb9: no document

@@ -41,8 +41,9 @@ enum openErrors : std::int32_t {
 // except where a row says otherwise.
 //
 // Errors after the open. A block that cannot be reached - a damaged address, a write to a library
-// open for reading, a full disk - throws an `unsigned long` that holds the offending block address.
-// An open that throws has closed and unlocked its files before, and leaves openFailed.
+// open for reading, a full disk, the process's limit of file sizes (without its signal) - throws an
+// `unsigned long` that holds the offending block address. An open that throws has closed and
+// unlocked its files before, and leaves openFailed.
 //
 // Not thread-safe: calls on one library, and calls that use the name index, one at a time.
 class ZEL_API LibFile {
@@ -50,6 +51,8 @@ class ZEL_API LibFile {
   // Makes a library of two files, open for update; an existing file is overwritten as the new
   // library grows, not truncated. Null on failure, with the reason in `error`.
   // `path` names the first file and ends in ".lb1" in any case; `name` is for display.
+  // Files that are made, here or at a later first write to them, have mode 0600 whatever the umask:
+  // a host that shares its folder opens them to others with chmod.
   static LibFile* NewLibFile(libTypes type, char const* path, char const* name, openErrors& error);
   static LibFile* NewLibFile(libTypes type, char const* path, openErrors& error);
 

@@ -4,6 +4,7 @@ set(frame_TEST_SOURCES
     block_file_sharing_test.cpp
     block_file_test.cpp
     child.cpp
+    file_size_limit_test.cpp
     folder_walk_test.cpp
     host_locale_test.cpp
     initialise_test.cpp

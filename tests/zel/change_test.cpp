@@ -1,130 +1,12 @@
 // Changes of a library that are cut off: the library is then the old one or the new one, whole.
-#include <sys/ptrace.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <zelaccess/ZelAccess.h>
 
-#include <algorithm>
-#include <csignal>
-#include <cstdlib>
-#include <vector>
-
-#include "tests/zel/zel_fixture.h"
+#include "tests/zel/change_fixture.h"
 
 namespace zel::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-enum class Ended { kByItself, kKilled, kCannotTrace };
-
-// Runs zel in a folder and kills it at its `calls`-th system call.
-Ended RunAndKillAt(long calls, fs::path const& folder, std::vector<std::string> words) {
-  pid_t const child = ::fork();
-  if (child == 0) {
-    std::vector<char*> arguments;
-    words.insert(words.begin(), ZEL_PROGRAM);
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // which cannot be done under a tracer
-    if (::freopen("/dev/null", "w", stdout) == nullptr || ::chdir(folder.c_str()) != 0 ||
-        ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
-      ::_exit(77);
-    }
-    ::execv(ZEL_PROGRAM, arguments.data());
-    ::_exit(77);
-  }
-  int status = 0;
-  ::waitpid(child, &status, 0);  // stands at its start
-  if (!WIFSTOPPED(status)) return Ended::kCannotTrace;
-  long stops = 0;
-  for (;;) {
-    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-    ::waitpid(child, &status, 0);
-    if (WIFEXITED(status) || WIFSIGNALED(status)) return Ended::kByItself;
-    // Each call stops twice: before it and behind it.
-    if (++stops >= 2 * calls) break;
-  }
-  ::kill(child, SIGKILL);
-  ::waitpid(child, &status, 0);
-  return Ended::kKilled;
-}
-
-class ChangeTest : public ZelTest {
- protected:
-  // A small library, and the bytes of its files.
-  void SetUp() override {
-    fs::create_directory(Folder() / "own");
-    Good("copy sample.lb1 own/own.lb1 --create --bank OCTANE");
-    old_ = ContentsOf(Folder() / "own");
-    ASSERT_EQ(old_.size(), 2U);
-  }
-  void PutBack(Contents const& contents) const {
-    fs::remove_all(Folder() / "own");
-    fs::create_directory(Folder() / "own");
-    for (auto const& [name, bytes] : contents) MakeFile("own/" + name, bytes);
-  }
-  // Both files, or that there is no second one.
-  static bool HasLibrary(Contents const& folder, Contents const& library) {
-    for (char const* name : {"own.lb1", "own.lb2"}) {
-      auto const in = folder.find(name);
-      auto const wanted = library.find(name);
-      if ((in == folder.end()) != (wanted == library.end())) return false;
-      if (in != folder.end() && in->second != wanted->second) return false;
-    }
-    return true;
-  }
-  Contents Now() const { return ContentsOf(Folder() / "own"); }
-
-  Contents old_;
-};
-
-// A command that changes the library, killed all along its system calls. Under a sanitizer a
-// program takes long to start.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr long kStep = 40;
-#else
-constexpr long kStep = 5;
-#endif
-
-TEST_F(ChangeTest, KilledAtAnyPointItIsOldOrNew) {
-  std::vector<std::vector<std::string>> const commands = {
-      {"set", "own.lb1", "--description", "changed"},
-      {"delete", "own.lb1", "OCTANE", "--whole-bank"},
-      {"copy", "../sample.lb1", "own.lb1", "--bank", "RACKETT"},
-      {"create", "own.lb1", "--force", "--description", "empty"}};
-  for (auto const& command : commands) {
-    PutBack(old_);
-    ASSERT_NE(RunAndKillAt(1'000'000, Folder() / "own", command), Ended::kKilled);
-    Contents const whole = Now();
-    ASSERT_TRUE(whole != old_) << command[0];
-    int oldOnes = 0;
-    int newOnes = 0;
-    for (long calls = 20;; calls += kStep) {
-      PutBack(old_);
-      Ended const ended = RunAndKillAt(calls, Folder() / "own", command);
-      if (ended == Ended::kCannotTrace) GTEST_SKIP() << "this machine allows no tracing";
-      // What anybody can open meanwhile is never old and new mixed.
-      Contents const cut = Now();
-      if (cut.count("own.lb1") != 0) {
-        EXPECT_TRUE(HasLibrary(cut, old_) || HasLibrary(cut, whole)) << command[0] << " " << calls;
-      }
-      // The next command finishes what was begun.
-      Outcome const look = Zel("check own/own.lb1 --structure");
-      ASSERT_EQ(look.status, 0) << command[0] << " at " << calls << "\n" << look.err;
-      Contents const after = Now();
-      bool const isNew = HasLibrary(after, whole);
-      EXPECT_TRUE(isNew || HasLibrary(after, old_)) << command[0] << " at " << calls;
-      ++(isNew ? newOnes : oldOnes);
-      if (isNew) {
-        EXPECT_EQ(after.size(), whole.size()) << command[0] << " at " << calls;
-      }
-      if (ended == Ended::kByItself) break;
-    }
-    EXPECT_GT(oldOnes, 3) << command[0];
-    EXPECT_GT(newOnes, 0) << command[0];
-  }
-}
 
 // A copy that nobody will finish is in nobody's way.
 TEST_F(ChangeTest, WhatIsLeftOfAKilledCommandGoesWithTheNext) {
@@ -213,10 +95,11 @@ class FinishTest : public ChangeTest {
   Contents new_;
 };
 
+// The library in place counts, whoever wrote it since: nothing was decided.
 TEST_F(FinishTest, NothingMovedYet) {
   Ready("lock");
   for (auto const& [name, bytes] : new_) Ready(name, bytes);
-  Finished(new_);
+  Finished(old_);
 }
 
 TEST_F(FinishTest, OnlyTheLibraryItselfIsFinished) {
@@ -227,7 +110,7 @@ TEST_F(FinishTest, OnlyTheLibraryItselfIsFinished) {
     EXPECT_EQ(Zel("info own/" + std::string(word)).status, 1) << word;
     EXPECT_TRUE(Now() == before) << word;
   }
-  Finished(new_);
+  Finished(old_);
 }
 
 // Nothing is thrown away where the first file is missing.
@@ -241,25 +124,44 @@ TEST_F(FinishTest, FirstFileLost) {
   EXPECT_TRUE(fs::exists(Folder() / "own/.own.lb1.zel-ready/old"));
 }
 
-// As a copy of the folder may be that left empty files out.
 TEST_F(FinishTest, LockLost) {
   for (auto const& [name, bytes] : new_) Ready(name, bytes);
-  Finished(new_);
+  Finished(old_);
 }
 
 TEST_F(FinishTest, FirstFileAway) {
   Ready("lock");
   for (auto const& [name, bytes] : new_) Ready(name, bytes);
-  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.lb1.zel-ready/old");
-  Finished(new_);
+  fs::rename(Own() / "own.lb1", Own() / ".own.lb1.zel-ready/old");
+  Finished(old_);
 }
 
 TEST_F(FinishTest, SecondFileInPlace) {
   Ready("lock");
   Ready("own.lb1", new_.at("own.lb1"));
-  fs::rename(Folder() / "own/own.lb1", Folder() / "own/.own.lb1.zel-ready/old");
+  fs::rename(Own() / "own.lb1", Own() / ".own.lb1.zel-ready/old");
+  fs::rename(Own() / "own.lb2", Own() / ".own.lb1.zel-ready/old2");
   MakeFile("own/own.lb2", new_.at("own.lb2"));
-  Finished(new_);
+  Finished(old_);
+}
+
+// A host made a library where it found none.
+TEST_F(FinishTest, MadeAnewMeanwhile) {
+  Ready("lock");
+  for (auto const& [name, bytes] : new_) Ready(name, bytes);
+  fs::rename(Own() / "own.lb1", Own() / ".own.lb1.zel-ready/old");
+  Good("create other.lb1");
+  fs::copy(Folder() / "other.lb1", Own() / "own.lb1");
+  Contents const before = Now();
+  for (char const* command : {"info own/own.lb1", "set own/own.lb1 --description x"}) {
+    Outcome const outcome = Zel(command);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("another program made it"), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find(".own.lb1.zel-ready"), std::string::npos) << outcome.err;
+    EXPECT_TRUE(Now() == before);
+  }
+  fs::rename(Own() / ".own.lb1.zel-ready", Folder() / "kept");
+  Good("info own/own.lb1");
 }
 
 TEST_F(FinishTest, AllInPlaceAndTheFolderHalfRemoved) {
@@ -273,11 +175,38 @@ TEST_F(FinishTest, AllInPlaceAndTheFolderHalfRemoved) {
 
 TEST_F(FinishTest, FileThatTheNewLibraryHasNot) {
   Ready("lock");
-  Ready("drop2");
+  Good("create empty.lb1");
+  Ready("own.lb1", FileText(Folder() / "empty.lb1"));
+  fs::rename(Own() / "own.lb1", Own() / ".own.lb1.zel-ready/old");
+  fs::rename(Own() / "own.lb2", Own() / ".own.lb1.zel-ready/old2");
+  Finished(old_);
+}
+
+TEST_F(FinishTest, FileThatTheOldLibraryHasNot) {
   Good("create empty.lb1");
   std::string const empty = FileText(Folder() / "empty.lb1");
-  Ready("own.lb1", empty);
+  Ready("lock");
+  Ready("add2");
+  Ready("old", empty);
+  Ready("own.lb1", new_.at("own.lb1"));
+  fs::remove(Own() / "own.lb1");
   Finished({{"own.lb1", empty}});
+}
+
+// In a folder where anybody may make files, somebody else may have made one by our name.
+TEST_F(FinishTest, LinkInThePlaceOfTheFolderIsNotFollowed) {
+  fs::remove(Own() / ".own.lb1.zel-ready");
+  fs::create_directory(Folder() / "other");
+  MakeFile("other/kept.txt", "kept");
+  for (char const* ending : {"ready", "new"}) {
+    fs::create_directory_symlink(Folder() / "other",
+                                 Own() / (std::string(".own.lb1.zel-") + ending));
+  }
+  Good("info own/own.lb1");
+  EXPECT_EQ(Zel("set own/own.lb1 --description x").status, 1);
+  fs::remove(Own() / ".own.lb1.zel-ready");
+  Good("set own/own.lb1 --description x");
+  EXPECT_EQ(FileText(Folder() / "other/kept.txt"), "kept");
 }
 
 }  // namespace

@@ -4,8 +4,11 @@ set(zel_TEST_SOURCES
     commands_test.cpp
     documents_test.cpp
     identity_test.cpp
+    kill_test.cpp
     maintenance_test.cpp
     missing_test.cpp
     output_test.cpp
+    outputs_test.cpp
     sense_test.cpp
+    traced_run.cpp
     zel_fixture.cpp)

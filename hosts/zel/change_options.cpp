@@ -1,0 +1,36 @@
+#include "change_options.h"
+
+#include <charconv>
+#include <cstdlib>
+
+#include "failure.h"
+
+namespace zelhost {
+
+void AddChangeOptions(Command& command, ChangeOptions& options) {
+  if (char const* const password = std::getenv("ZEL_PASSWORD")) {
+    options.password = password;
+    options.passwordIsGeneral = true;
+  }
+  command.Option("--password", options.password, "of a protected library", "TEXT")
+      .Flag("--in-place", options.inPlace, "no copy: faster, but a failure leaves it half changed");
+}
+
+void AddModeOption(Command& command, std::string& mode) {
+  command.Option("--mode", mode, "of a new library's files, e.g. 0664; else as others beside it",
+                 "OCTAL");
+}
+
+std::optional<mode_t> ModeOf(std::string const& text) {
+  if (text.empty()) return {};
+  constexpr int kOctal = 8;
+  constexpr mode_t kMost = 0777;
+  mode_t mode = 0;
+  auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), mode, kOctal);
+  if (error != std::errc() || end != text.data() + text.size() || mode > kMost) {
+    throw WrongUsage("--mode is an octal number from 0 to 0777, not " + text);
+  }
+  return mode;
+}
+
+}  // namespace zelhost

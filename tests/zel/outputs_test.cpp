@@ -1,0 +1,174 @@
+// Files that commands make: whose they are, and that no link leads them astray.
+#include <sys/stat.h>
+#include <zelaccess/ZelAccess.h>
+
+#include <sstream>
+#include <utility>
+
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class OutputTest : public ZelTest {
+ protected:
+  void SetUp() override {
+    fs::create_directory(Folder() / "out");
+    MakeFile("victim", "precious");
+  }
+  // A link to the victim, where an output or something on its way goes.
+  void Plant(std::string const& name) const {
+    fs::create_symlink(Folder() / "victim", Folder() / "out" / name);
+  }
+  void VictimIsWhole() const {
+    EXPECT_EQ(FileText(Folder() / "victim"), "precious");
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(Folder() / "victim")));
+  }
+  void IsNewFile(std::string const& name) const {
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(Folder() / "out" / name))) << name;
+    EXPECT_NE(FileText(Folder() / "out" / name), "precious") << name;
+  }
+  std::string ModesOf(std::string const& names) const {
+    return Shell("stat -c %a " + names + " | tr '\\n' ' '").out;
+  }
+  // Of all hidden files in the folder of outputs.
+  int Hidden() const {
+    int count = 0;
+    for (auto const& entry : fs::directory_iterator(Folder() / "out")) {
+      if (entry.path().filename().string().front() == '.') ++count;
+    }
+    return count;
+  }
+
+  static constexpr char kPlot[] = "plot VaporPressure ETHANOL -l perry.lb1 -o ";
+};
+
+TEST_F(OutputTest, PlotFollowsNoLink) {
+  Plant("p.svg");
+  Plant("p.svg.zel-new");
+  Good(std::string(kPlot) + "out/p.svg");
+  VictimIsWhole();
+  IsNewFile("p.svg");
+  fs::remove(Folder() / "out/p.svg");
+  fs::create_symlink(Folder() / "not there", Folder() / "out/p.svg");
+  Good(std::string(kPlot) + "out/p.svg");
+  EXPECT_FALSE(fs::exists(Folder() / "not there"));
+  IsNewFile("p.svg");
+  EXPECT_EQ(Hidden(), 0);
+}
+
+TEST_F(OutputTest, DocumentsIndexesAndListsFollowNoLink) {
+  for (char const* name :
+       {"doc.xml", "crc.xml", "CRC.xml", "crc.bnk", "crc.CRC.cmp", "picker.lst"}) {
+    Plant(name);
+  }
+  for (char const* name : {"crc.lb1", "crc.lb2"})
+    fs::rename(Folder() / name, Folder() / "out" / name);
+  Good("export out/crc.lb1 --bank CRC -o out/doc.xml");
+  Good("export out/crc.lb1");
+  Good("dump out/crc.lb1");
+  Good("list out/picker.lst --build out/crc.lb1");
+  VictimIsWhole();
+  for (char const* name : {"doc.xml", "crc.xml", "crc.bnk", "crc.CRC.cmp", "picker.lst"})
+    IsNewFile(name);
+  EXPECT_EQ(Hidden(), 0);
+}
+
+TEST_F(OutputTest, LibrariesFollowNoLink) {
+  Plant("own.lb2");
+  EXPECT_EQ(Zel("create out/own.lb1").status, 1);
+  Good("create out/own.lb1 --force");
+  Good("copy crc.lb1 out/own.lb1");
+  VictimIsWhole();
+  EXPECT_EQ(Json("check out/own.lb1 --structure")["damage"], 0);
+  EXPECT_EQ(Hidden(), 0);
+}
+
+// Devices and pipes are written as they are.
+TEST_F(OutputTest, PlotToStandardOutput) {
+  Outcome const piped = Shell("\"$ZEL\" " + std::string(kPlot) + "/dev/stdout | head -c 4");
+  EXPECT_EQ(piped.out, "<svg");
+  Outcome const filed = Shell("\"$ZEL\" " + std::string(kPlot) + "/dev/stdout >out/p.svg");
+  EXPECT_EQ(filed.status, 0) << filed.err;
+  EXPECT_EQ(FileText(Folder() / "out/p.svg").substr(0, 4), "<svg");
+  EXPECT_TRUE(fs::is_symlink(fs::symlink_status("/dev/stdout")));
+  ASSERT_EQ(::mkfifo((Folder() / "out/pipe").c_str(), 0600), 0);
+  Outcome const pipe =
+      Shell("head -c 4 out/pipe & \"$ZEL\" " + std::string(kPlot) + "out/pipe >/dev/null; wait");
+  EXPECT_EQ(pipe.out, "<svg");
+}
+
+TEST_F(OutputTest, PlotThatTheDiskRefusesLeavesTheOldOne) {
+  MakeFile("out/p.svg", "old");
+  Outcome const outcome = Shell("ulimit -f 1; \"$ZEL\" " + std::string(kPlot) + "out/p.svg");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("out/p.svg: cannot be written: File too large"), std::string::npos)
+      << outcome.err;
+  EXPECT_EQ(FileText(Folder() / "out/p.svg"), "old");
+  EXPECT_EQ(Hidden(), 0);
+}
+
+TEST_F(OutputTest, NewLibraryHasTheModeThatTheUmaskLeaves) {
+  for (auto const& [mask, mode] : {std::pair("022", "644 "), {"002", "664 "}, {"077", "600 "}}) {
+    fs::remove_all(Folder() / "out");
+    fs::create_directory(Folder() / "out");
+    Outcome const outcome =
+        Shell("umask " + std::string(mask) + "; \"$ZEL\" create out/own.lb1 && " +
+              "\"$ZEL\" copy crc.lb1 out/own.lb1");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(ModesOf("out/own.lb1 out/own.lb2"), std::string(mode) + mode);
+    EXPECT_EQ(Hidden(), 0);
+  }
+}
+
+TEST_F(OutputTest, NewLibraryHasTheModeOfTheOthers) {
+  Good("create out/a.lb1 --mode 0660");
+  Good("create out/b.lb1 --mode 660");
+  Good("create out/c.lb1 --mode 0600");
+  EXPECT_EQ(ModesOf("out/a.lb1 out/b.lb1 out/c.lb1"), "660 660 600 ");
+  Good("import out/new.lb1 '" ZEL_DATA "/crc.xml' --create");
+  Good("copy crc.lb1 out/copy.lb1 --create");
+  EXPECT_EQ(ModesOf("out/new.lb? out/copy.lb?"), "660 660 660 660 ");
+  Good("create out/c.lb1 --force");
+  Good("copy crc.lb1 out/c.lb1 --in-place");
+  EXPECT_EQ(ModesOf("out/c.lb?"), "600 600 ");
+  Good("create out/c.lb1 --force --mode 0644");
+  EXPECT_EQ(ModesOf("out/c.lb1"), "644 ");
+}
+
+TEST_F(OutputTest, ModeThatIsNone) {
+  for (char const* mode : {"8", "0x1", "1777", "rw", "''-1"}) {
+    Outcome const outcome = Zel("create out/own.lb1 --mode " + std::string(mode));
+    EXPECT_EQ(outcome.status, 2) << mode << outcome.err;
+  }
+  EXPECT_FALSE(fs::exists(Folder() / "out/own.lb1"));
+}
+
+// The class of libraries has its own rule.
+TEST_F(OutputTest, LibraryThatAHostMakesIsItsOwners) {
+  openErrors error = openFailed;
+  LibFile* library = LibFile::NewLibFile(libKind11, (Folder() / "out/host.lb1").c_str(), error);
+  ASSERT_NE(library, nullptr);
+  LibFile::DelLibFile(library);
+  EXPECT_EQ(ModesOf("out/host.lb1"), "600 ");
+}
+
+// A tail that is a hole of 4 GB stays one.
+TEST_F(OutputTest, HolesOfALibraryStayHoles) {
+  fs::resize_file(Folder() / "crc.lb2", std::uintmax_t{4} << 30);
+  Outcome const outcome = Shell(
+      "before=$(stat -c %b crc.lb2); timeout 20 \"$ZEL\" set crc.lb1 --description x && "
+      "echo $(( $(stat -c %b crc.lb2) - before )) $(stat -c %s crc.lb2)");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  long more = -1;
+  long size = -1;
+  std::istringstream(outcome.out.substr(outcome.out.find('\n') + 1)) >> more >> size;
+  EXPECT_LT(more, 200);
+  EXPECT_EQ(size, long{4} << 30);
+  EXPECT_EQ(Json("info crc.lb1")["description"], "x");
+}
+
+}  // namespace
+}  // namespace zel::test
