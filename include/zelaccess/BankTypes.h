@@ -16,7 +16,7 @@
 #ifndef ZELACCESS_BANKTYPES_H
 #define ZELACCESS_BANKTYPES_H
 
-#include "zelaccess/Banks.h"
+#include "zelaccess/BankDef.h"
 
 namespace zel {
 
