@@ -1,8 +1,12 @@
-# The shared library, its package and its pkg-config file.
+# The library, its package and its pkg-config file. It is shared unless BUILD_SHARED_LIBS is OFF.
 
 get_property(zel_folders GLOBAL PROPERTY ZEL_FOLDERS)
 
-add_library(ZelAccess SHARED)
+set(zel_kind SHARED)
+if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
+  set(zel_kind STATIC)
+endif()
+add_library(ZelAccess ${zel_kind})
 add_library(ZelAccess::ZelAccess ALIAS ZelAccess)
 # The same objects for tests and benchmarks, which also look inside.
 add_library(zel_inside STATIC)
@@ -23,37 +27,25 @@ target_include_directories(ZelAccess INTERFACE
 target_compile_features(zel_inside PUBLIC cxx_std_20)
 target_include_directories(zel_inside PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR})
 zel_compile_options(zel_inside)
-# What the library itself needs; a host that links it needs none of these.
+# What the library itself needs; a host that links the shared one needs none of these.
 set(zel_system_libraries ${CMAKE_DL_LIBS} LibXml2::LibXml2)
 target_link_libraries(zel_inside PUBLIC ${zel_system_libraries})
-target_link_libraries(ZelAccess PRIVATE "$<BUILD_INTERFACE:${zel_system_libraries}>")
-target_link_options(ZelAccess PRIVATE
-                    -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
-set_property(TARGET ZelAccess APPEND PROPERTY LINK_DEPENDS
-             ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+if(zel_kind STREQUAL "SHARED")
+  target_link_libraries(ZelAccess PRIVATE "$<BUILD_INTERFACE:${zel_system_libraries}>")
+  target_link_options(ZelAccess PRIVATE
+                      -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
+  set_property(TARGET ZelAccess APPEND PROPERTY LINK_DEPENDS
+               ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+else()
+  # Within another project the imported target is not known where a program is linked.
+  target_link_libraries(ZelAccess PRIVATE ${CMAKE_DL_LIBS} "$<BUILD_INTERFACE:${LIBXML2_LIBRARIES}>"
+                                          $<INSTALL_INTERFACE:LibXml2::LibXml2>)
+endif()
 
 # Everything that links with the sanitizers must be linked by them. Their run-time library may come with
 # the program alone, so that only without them a shared library can be held to have no open names.
 if(ZELACCESS_SANITIZE)
   target_link_options(zel_inside PUBLIC -fsanitize=${ZELACCESS_SANITIZE})
-else()
+elseif(zel_kind STREQUAL "SHARED")
   target_link_options(ZelAccess PRIVATE -Wl,--no-undefined)
 endif()
-
-include(CMakePackageConfigHelpers)
-install(TARGETS ZelAccess EXPORT ZelAccessTargets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/zelaccess
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
-install(EXPORT ZelAccessTargets NAMESPACE ZelAccess::
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
-                                 COMPATIBILITY SameMajorVersion)
-configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZelAccessConfig.cmake.in
-                              ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
-                              INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
-install(FILES ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
-              ${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
-configure_file(${PROJECT_SOURCE_DIR}/cmake/zelaccess.pc.in ${PROJECT_BINARY_DIR}/zelaccess.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/zelaccess.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

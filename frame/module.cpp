@@ -1,5 +1,7 @@
 #include "frame/module.h"
 
+#include "zelaccess/Version.h"
+
 namespace zel {
 namespace {
 
@@ -14,6 +16,8 @@ constinit platform::ModuleHandle moduleHandle = nullptr;
 }
 
 }  // namespace
+
+char const* GetZelAccessVersion() { return ZELACCESS_VERSION; }
 
 void SetDeleteTestFlag(bool on) { deleteTestFlag = on; }
 

@@ -41,6 +41,9 @@ class ZEL_API IZelWilson : public IUnknown {
                             double dij, double dji, double eij, double eji, double fij, double fji,
                             double tMin, double tMax, double pMin, double pMax,
                             std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelWilson() = default;
 };
 
 // NRTL: Nrtl VLE binary data.
@@ -59,6 +62,9 @@ class ZEL_API IZelNrtl : public IUnknown {
                             double aji, double bji, double cji, double dji, double eji, double fji,
                             double alphaij, double betaij, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelNrtl() = default;
 };
 
 // NRTLLL: Nrtl LLE binary data.
@@ -77,6 +83,9 @@ class ZEL_API IZelNrtlLL : public IUnknown {
                             double aji, double bji, double cji, double dji, double eji, double fji,
                             double alphaij, double betaij, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelNrtlLL() = default;
 };
 
 // UNIQUAC: Uniquac VLE binary data.
@@ -88,6 +97,9 @@ class ZEL_API IZelUniquac : public IUnknown {
   virtual ZelStatus PutData(double aij, double bij, double cij, double dij, double aji, double bji,
                             double cji, double dji, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelUniquac() = default;
 };
 
 // UNIQLL: Uniquac LLE binary data.
@@ -99,6 +111,9 @@ class ZEL_API IZelUniquacLL : public IUnknown {
   virtual ZelStatus PutData(double aij, double bij, double cij, double dij, double aji, double bji,
                             double cji, double dji, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelUniquacLL() = default;
 };
 
 // MARGULES: Margules VLE binary data.
@@ -108,6 +123,9 @@ class ZEL_API IZelMargules : public IUnknown {
                             double* pMin, double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double aij, double aji, double dij, double tMin, double tMax,
                             double pMin, double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelMargules() = default;
 };
 
 // VANLAAR: vanLaar VLE binary data.
@@ -117,6 +135,9 @@ class ZEL_API IZelVanLaar : public IUnknown {
                             double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double aij, double aji, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelVanLaar() = default;
 };
 
 // HMIX: Heat of mixing data.
@@ -128,6 +149,9 @@ class ZEL_API IZelHMix : public IUnknown {
   virtual ZelStatus PutData(double aij, double bij, double cij, double dij, double eij, double fij,
                             double gij, double hij, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelHMix() = default;
 };
 
 // BWRS: Bwrs binary data.
@@ -139,6 +163,9 @@ class ZEL_API IZelBwrs : public IUnknown {
                                      double* pMin, double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double aij, double bij, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelBwrs() = default;
 };
 
 // HENRY: Henry's law data.
@@ -150,6 +177,9 @@ class ZEL_API IZelHenry : public IUnknown {
                                      double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* c, double tMin, double tMax, double pMin, double pMax,
                             std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelHenry() = default;
 };
 
 // PRH: PrH binary data.
@@ -161,6 +191,9 @@ class ZEL_API IZelPrH : public IUnknown {
   virtual ZelStatus PutData(double aij, double bij, double cij, double aji, double bji, double cji,
                             double alphaCij, double alphaTij, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelPrH() = default;
 };
 
 // SRKH: SrkH binary data.
@@ -172,6 +205,9 @@ class ZEL_API IZelSrkH : public IUnknown {
   virtual ZelStatus PutData(double aij, double bij, double cij, double aji, double bji, double cji,
                             double alphaCij, double alphaTij, double tMin, double tMax, double pMin,
                             double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelSrkH() = default;
 };
 
 // PRM: PrM binary data.
@@ -183,6 +219,9 @@ class ZEL_API IZelPrM : public IUnknown {
                                      double* pMin, double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* kij, double const* kji, double tMin, double tMax,
                             double pMin, double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelPrM() = default;
 };
 
 // SRKS: SrkS binary data.
@@ -194,6 +233,9 @@ class ZEL_API IZelSrkS : public IUnknown {
                                      double* pMin, double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* kij, double const* kji, double tMin, double tMax,
                             double pMin, double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelSrkS() = default;
 };
 
 // SRKM: SrkM binary data.
@@ -207,6 +249,9 @@ class ZEL_API IZelSrkM : public IUnknown {
   virtual ZelStatus PutData(double const* kij, double const* kji, double kijd, double kjid,
                             double tMin, double tMax, double pMin, double pMax,
                             std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelSrkM() = default;
 };
 
 // PRP: PrP binary data.
@@ -216,6 +261,9 @@ class ZEL_API IZelPrP : public IUnknown {
                             double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* kij, double const* kji, double tMin, double tMax,
                             double pMin, double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelPrP() = default;
 };
 
 // SRKP: SrkP binary data.
@@ -225,6 +273,9 @@ class ZEL_API IZelSrkP : public IUnknown {
                             double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* kij, double const* kji, double tMin, double tMax,
                             double pMin, double pMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelSrkP() = default;
 };
 
 // PRO: Pr (Original) binary data.
@@ -236,6 +287,9 @@ class ZEL_API IZelPrO : public IUnknown {
                                      double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* kij, double tMin, double tMax, double pMin, double pMax,
                             std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelPrO() = default;
 };
 
 // SRKO: Srk (Original) binary data.
@@ -247,6 +301,9 @@ class ZEL_API IZelSrkO : public IUnknown {
                                      double* pMax, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* kij, double tMin, double tMax, double pMin, double pMax,
                             std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelSrkO() = default;
 };
 
 // PCSAFT: PcSaft data.
@@ -256,6 +313,9 @@ class ZEL_API IZelPcSaft : public IUnknown {
   virtual ZelStatus GetDataDefaulted(double* kij, double* tMin, double* tMax,
                                      std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double const* kij, double tMin, double tMax, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelPcSaft() = default;
 };
 
 // AZEOTROP: Azeotrope binary data.
@@ -263,6 +323,9 @@ class ZEL_API IZelAzeo : public IUnknown {
  public:
   virtual ZelStatus GetData(double* temp, double* pres, double* x1, std::int32_t* basis) = 0;
   virtual ZelStatus PutData(double temp, double pres, double x1, std::int32_t basis) = 0;
+
+ protected:
+  ~IZelAzeo() = default;
 };
 
 // LKP: Lkp binary data.
@@ -270,6 +333,9 @@ class ZEL_API IZelLkp : public IUnknown {
  public:
   virtual ZelStatus GetData(double* kij, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double kij, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelLkp() = default;
 };
 
 // IDIMER: IDimer binary data.
@@ -277,6 +343,9 @@ class ZEL_API IZelIDimer : public IUnknown {
  public:
   virtual ZelStatus GetData(double* aij, double* bij, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double aij, double bij, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelIDimer() = default;
 };
 
 // HOCV: Hayden-O'Connell data.
@@ -284,6 +353,9 @@ class ZEL_API IZelHocV : public IUnknown {
  public:
   virtual ZelStatus GetData(double* eta) = 0;
   virtual ZelStatus PutData(double eta) = 0;
+
+ protected:
+  ~IZelHocV() = default;
 };
 
 // --- one component -------------------------------------------------------------------------------
@@ -295,6 +367,9 @@ class ZEL_API IZelAlpha : public IUnknown {
                             std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(std::int32_t const* eos, std::int32_t const* form,
                             double const* deviation, double const* coef, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelAlpha() = default;
 };
 
 // MWPR: Pr Kij-Mw curves.
@@ -302,6 +377,9 @@ class ZEL_API IZelMwPr : public IUnknown {
  public:
   virtual ZelStatus GetData(std::int32_t* count, double* mw, double* kij) = 0;
   virtual ZelStatus PutData(std::int32_t count, double const* mw, double const* kij) = 0;
+
+ protected:
+  ~IZelMwPr() = default;
 };
 
 // MWSRK: Srk Kij-Mw curves.
@@ -309,6 +387,9 @@ class ZEL_API IZelMwSrk : public IUnknown {
  public:
   virtual ZelStatus GetData(std::int32_t* count, double* mw, double* kij) = 0;
   virtual ZelStatus PutData(std::int32_t count, double const* mw, double const* kij) = 0;
+
+ protected:
+  ~IZelMwSrk() = default;
 };
 
 // PUREBWRS: Bwrs pure component data.
@@ -316,6 +397,9 @@ class ZEL_API IZelBwrsPure : public IUnknown {
  public:
   virtual ZelStatus GetData(double* coef) = 0;
   virtual ZelStatus PutData(double const* coef) = 0;
+
+ protected:
+  ~IZelBwrsPure() = default;
 };
 
 // COSTALD: Costald data.
@@ -323,6 +407,9 @@ class ZEL_API IZelCostald : public IUnknown {
  public:
   virtual ZelStatus GetData(double* tc, double* omega, double* charVol) = 0;
   virtual ZelStatus PutData(double tc, double omega, double charVol) = 0;
+
+ protected:
+  ~IZelCostald() = default;
 };
 
 // RACKETT: Rackett data.
@@ -330,6 +417,9 @@ class ZEL_API IZelRackett : public IUnknown {
  public:
   virtual ZelStatus GetData(double* zRa) = 0;
   virtual ZelStatus PutData(double zRa) = 0;
+
+ protected:
+  ~IZelRackett() = default;
 };
 
 // IDIMPURE: IDimer pure component data.
@@ -337,6 +427,9 @@ class ZEL_API IZelIDimPure : public IUnknown {
  public:
   virtual ZelStatus GetData(double* aii, double* bii, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double aii, double bii, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelIDimPure() = default;
 };
 
 // OCTANE: Octane number data.
@@ -346,6 +439,9 @@ class ZEL_API IZelOctane : public IUnknown {
                             double* ron) = 0;
   virtual ZelStatus PutData(double p, double i, double a, double n, double o, double mon,
                             double ron) = 0;
+
+ protected:
+  ~IZelOctane() = default;
 };
 
 // PCSAFTPU: PcSaft pure component data.
@@ -357,6 +453,9 @@ class ZEL_API IZelPcSaftPure : public IUnknown {
                                      double* volHB, std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double rmw, double sigma, double epsilon, double epsHB, double volHB,
                             std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelPcSaftPure() = default;
 };
 
 // PENELOUX: Peneloux pure component data.
@@ -366,6 +465,9 @@ class ZEL_API IZelPeneloux : public IUnknown {
                             std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(std::int32_t const* eos, double const* penelouxLiq,
                             double const* penelouxVap, std::int32_t const* refCode) = 0;
+
+ protected:
+  ~IZelPeneloux() = default;
 };
 
 // VIRIAL: Virial coefficients.
@@ -375,6 +477,9 @@ class ZEL_API IZelVirial : public IUnknown {
                             std::int32_t* refCode) = 0;
   virtual ZelStatus PutData(double eta, double virial2, double virial3, double virial4,
                             std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelVirial() = default;
 };
 
 // --- groups and structures -----------------------------------------------------------------------
@@ -384,6 +489,9 @@ class ZEL_API IZelGroupDes : public IUnknown {
  public:
   virtual ZelStatus GetData(char* name, char* formula, char* image) = 0;
   virtual ZelStatus PutData(char const* name, char const* formula, char const* image) = 0;
+
+ protected:
+  ~IZelGroupDes() = default;
 };
 
 // STRUCT: Structural data.
@@ -393,6 +501,9 @@ class ZEL_API IZelStruct : public IUnknown {
                             std::int32_t* groupCount) = 0;
   virtual ZelStatus PutData(std::int32_t count, std::int32_t const* groupNumber,
                             std::int32_t const* groupCount) = 0;
+
+ protected:
+  ~IZelStruct() = default;
 };
 
 // UNFPURE: Unifac pure group parameters.
@@ -400,6 +511,9 @@ class ZEL_API IZelUnfPure : public IUnknown {
  public:
   virtual ZelStatus GetData(std::int32_t* mainGroup, double* area, double* volume) = 0;
   virtual ZelStatus PutData(std::int32_t mainGroup, double area, double volume) = 0;
+
+ protected:
+  ~IZelUnfPure() = default;
 };
 
 // UNF2PUR: Unifac pure group parameters for UFT2.
@@ -407,6 +521,9 @@ class ZEL_API IZelUnf2Pure : public IUnknown {
  public:
   virtual ZelStatus GetData(std::int32_t* mainGroup, double* area, double* volume) = 0;
   virtual ZelStatus PutData(std::int32_t mainGroup, double area, double volume) = 0;
+
+ protected:
+  ~IZelUnf2Pure() = default;
 };
 
 // UNFDORT: Dortmund Unifac data.
@@ -419,6 +536,9 @@ class ZEL_API IZelUnfDort : public IUnknown {
   virtual ZelStatus PutGroup(std::int32_t mainGroup, double r, double q, std::int32_t refCode) = 0;
   virtual ZelStatus GetInteraction(double* tij, double* tji, std::int32_t* refCode) = 0;
   virtual ZelStatus PutInteraction(double const* tij, double const* tji, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelUnfDort() = default;
 };
 
 // UNFLYNG: Lyngby Unifac data.
@@ -431,6 +551,9 @@ class ZEL_API IZelUnfLyng : public IUnknown {
   virtual ZelStatus PutGroup(std::int32_t mainGroup, double r, double q, std::int32_t refCode) = 0;
   virtual ZelStatus GetInteraction(double* tij, double* tji, std::int32_t* refCode) = 0;
   virtual ZelStatus PutInteraction(double const* tij, double const* tji, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelUnfLyng() = default;
 };
 
 // UNFMOD: Modified Unifac data.
@@ -443,6 +566,9 @@ class ZEL_API IZelUnfMod : public IUnknown {
   virtual ZelStatus PutGroup(std::int32_t mainGroup, double r, double q, std::int32_t refCode) = 0;
   virtual ZelStatus GetInteraction(double* tij, double* tji, std::int32_t* refCode) = 0;
   virtual ZelStatus PutInteraction(double const* tij, double const* tji, std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelUnfMod() = default;
 };
 
 // UNFORIG: Original Unifac data.
@@ -457,6 +583,9 @@ class ZEL_API IZelUnfOrig : public IUnknown {
                                    std::int32_t* refCode) = 0;
   virtual ZelStatus PutInteraction(double vlij, double vlji, double llij, double llji,
                                    std::int32_t refCode) = 0;
+
+ protected:
+  ~IZelUnfOrig() = default;
 };
 
 // PSRK: Predictive SRK data.
@@ -472,6 +601,9 @@ class ZEL_API IZelPsrk : public IUnknown {
   // The same two operations as on IZelBankDef.
   virtual ZelStatus SetRefBankName(char const* type, char const* name) = 0;
   virtual ZelStatus GetRefBankName(char const* type, char* name) = 0;
+
+ protected:
+  ~IZelPsrk() = default;
 };
 
 // UNIFAC: Unifac binary group data.
@@ -481,6 +613,9 @@ class ZEL_API IZelUnifac : public IUnknown {
                             double* tji) = 0;
   virtual ZelStatus PutData(double vlij, double vlji, double llij, double llji, double const* tij,
                             double const* tji) = 0;
+
+ protected:
+  ~IZelUnifac() = default;
 };
 
 // PPR78: PPR78 Group Interaction bank.
@@ -488,6 +623,9 @@ class ZEL_API IZelPpr78 : public IUnknown {
  public:
   virtual ZelStatus GetData(double* aij, double* bij) = 0;
   virtual ZelStatus PutData(double aij, double bij) = 0;
+
+ protected:
+  ~IZelPpr78() = default;
 };
 
 // --- component mapping ---------------------------------------------------------------------------
@@ -497,6 +635,9 @@ class ZEL_API IZelMapOrw : public IUnknown {
  public:
   virtual ZelStatus GetData(std::int32_t* libnum) = 0;
   virtual ZelStatus PutData(std::int32_t libnum) = 0;
+
+ protected:
+  ~IZelMapOrw() = default;
 };
 
 // OLI: Oli to Ordwin component mapping data.
@@ -504,6 +645,9 @@ class ZEL_API IZelOli : public IUnknown {
  public:
   virtual ZelStatus GetData(std::int32_t* libnum) = 0;
   virtual ZelStatus PutData(std::int32_t libnum) = 0;
+
+ protected:
+  ~IZelOli() = default;
 };
 
 // ORWMAP: Ordwin to Client component mapping data.
@@ -511,6 +655,9 @@ class ZEL_API IZelOrwMap : public IUnknown {
  public:
   virtual ZelStatus GetData(char* name) = 0;
   virtual ZelStatus PutData(char const* name) = 0;
+
+ protected:
+  ~IZelOrwMap() = default;
 };
 
 }  // namespace zel

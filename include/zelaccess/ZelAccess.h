@@ -15,5 +15,6 @@
 #include "zelaccess/Module.h"
 #include "zelaccess/PureComp.h"
 #include "zelaccess/Types.h"
+#include "zelaccess/Version.h"
 
 #endif  // ZELACCESS_ZELACCESS_H

@@ -26,6 +26,10 @@ if(ZEL)
   endforeach()
 endif()
 
+if(NOT EXISTS ${work}/prefix/share/doc/ZelAccess/LICENSE)
+  message(FATAL_ERROR "no LICENSE is installed")
+endif()
+
 # Every public header, those of the wider layers too.
 file(GLOB headers RELATIVE ${SOURCE_DIR}/../../include ${SOURCE_DIR}/../../include/zelaccess/*.h)
 if(NOT "zelaccess/LibMaint_p.h" IN_LIST headers)
@@ -60,6 +64,6 @@ string(FIND "${dynamic}" "[libZelAccess.so.${SOVERSION}]" soname)
 if(soname EQUAL -1)
   message(FATAL_ERROR "the soname is not libZelAccess.so.${SOVERSION}:\n${dynamic}")
 endif()
-run(${COMPILER} -std=c++17 ${SOURCE_DIR}/host/small_host.cpp -o ${work}/small_host ${flags}
+run(${COMPILER} -std=c++17 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/small_host.cpp -o ${work}/small_host ${flags}
     -Wl,-rpath,${libdir})
 run(${work}/small_host)

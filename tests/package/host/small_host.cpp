@@ -1,4 +1,14 @@
-// The smallest host: asks the installed library for its bank types.
+// The smallest host: asks the library for its bank types and its version, which is that of the headers
+// and of the package.
 #include <zelaccess/ZelAccess.h>
 
-int main() { return zel::GetBankTypeCount() == 50 ? 0 : 1; }
+#include <string>
+
+int main() {
+  if (zel::GetBankTypeCount() != 50) return 1;
+  std::string const version = zel::GetZelAccessVersion();
+  std::string const parts = std::to_string(ZELACCESS_VERSION_MAJOR) + "." +
+                            std::to_string(ZELACCESS_VERSION_MINOR) + "." +
+                            std::to_string(ZELACCESS_VERSION_PATCH);
+  return version == ZELACCESS_VERSION && version == parts && version == PACKAGE_VERSION ? 0 : 2;
+}

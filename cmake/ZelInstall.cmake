@@ -1,0 +1,32 @@
+# What a host needs, installed: the library, its headers, its package and its pkg-config file.
+
+include(CMakePackageConfigHelpers)
+install(TARGETS ZelAccess EXPORT ZelAccessTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/zelaccess
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+install(EXPORT ZelAccessTargets NAMESPACE ZelAccess::
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZelAccessConfig.cmake.in
+                              ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
+                              INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+install(FILES ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
+              ${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+# Folders below the prefix move with it; absolute ones stay where they are.
+foreach(folder LIBDIR INCLUDEDIR)
+  set(pc_${folder} ${CMAKE_INSTALL_${folder}})
+  if(NOT IS_ABSOLUTE "${pc_${folder}}")
+    set(pc_${folder} "\${prefix}/${pc_${folder}}")
+  endif()
+endforeach()
+set(pc_requires "")
+if(zel_kind STREQUAL "STATIC")
+  set(pc_requires "libxml-2.0")
+endif()
+configure_file(${PROJECT_SOURCE_DIR}/cmake/zelaccess.pc.in ${PROJECT_BINARY_DIR}/zelaccess.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zelaccess.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,51 @@
+# Builds the library as a static one within another project: it installs nothing unless told so, and then
+# its package and its pkg-config file serve programs, with a library folder outside the prefix.
+#   cmake -D WORK_DIR=<scratch> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D GENERATOR=<build tool>
+#         -D VERSION=<version> -P check_subproject.cmake
+cmake_minimum_required(VERSION 3.21)
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE failed OUTPUT_VARIABLE out ERROR_VARIABLE out)
+  if(failed)
+    message(FATAL_ERROR "${ARGN}\n${out}")
+  endif()
+endfunction()
+
+# Builds the parent with further settings and installs it.
+function(install_parent prefix)
+  run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/parent -B ${WORK_DIR}/build
+      -D ZELACCESS_SOURCE=${SOURCE_DIR}/../.. -D CMAKE_CXX_COMPILER=${COMPILER} -D VERSION=${VERSION}
+      -D BUILD_SHARED_LIBS=OFF -D CMAKE_INSTALL_PREFIX=${prefix} ${ARGN})
+  run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
+  run(${WORK_DIR}/build/parent)
+  run(${CMAKE_COMMAND} --install ${WORK_DIR}/build)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK_DIR}/plain ${WORK_DIR}/whole ${WORK_DIR}/lib ${WORK_DIR}/host)
+
+install_parent(${WORK_DIR}/plain -U ZELACCESS_INSTALL -U CMAKE_INSTALL_LIBDIR)
+file(GLOB_RECURSE installed RELATIVE ${WORK_DIR}/plain ${WORK_DIR}/plain/*)
+if(NOT installed STREQUAL "bin/parent")
+  message(FATAL_ERROR "a subproject installed files of its own: ${installed}")
+endif()
+
+install_parent(${WORK_DIR}/whole -D ZELACCESS_INSTALL=ON -D CMAKE_INSTALL_LIBDIR=${WORK_DIR}/lib)
+if(NOT EXISTS ${WORK_DIR}/lib/libZelAccess.a)
+  message(FATAL_ERROR "no libZelAccess.a in ${WORK_DIR}/lib")
+endif()
+
+run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${WORK_DIR}/host
+    -D ZelAccess_DIR=${WORK_DIR}/lib/cmake/ZelAccess -D CMAKE_CXX_COMPILER=${COMPILER})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/host)
+run(${WORK_DIR}/host/small_host)
+
+set(ENV{PKG_CONFIG_PATH} ${WORK_DIR}/lib/pkgconfig)
+execute_process(COMMAND pkg-config --cflags --libs zelaccess RESULT_VARIABLE failed
+                OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(failed OR NOT flags MATCHES "-L${WORK_DIR}/lib ")
+  message(FATAL_ERROR "pkg-config does not know the library in ${WORK_DIR}/lib: ${flags}")
+endif()
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(${COMPILER} -std=c++17 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/small_host.cpp
+    -o ${WORK_DIR}/host/by_pkg_config ${flags})
+run(${WORK_DIR}/host/by_pkg_config)
