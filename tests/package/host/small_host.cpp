@@ -1,5 +1,5 @@
-// The smallest host: asks the library for its bank types and its version, which is that of the headers
-// and of the package.
+// The smallest host: asks the library for its bank types and its version, which is that of the
+// headers and of the package.
 #include <zelaccess/ZelAccess.h>
 
 #include <string>
