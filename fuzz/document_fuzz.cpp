@@ -1,5 +1,6 @@
 // Interchange documents. The input is the text of one, read into a new library as a document of
-// banks and as a component, going on after errors.
+// banks and as a component, going on after errors, checked and unchecked. Ends the program when
+// that costs more than a second of the processor for each 100 KB.
 #include <unistd.h>
 
 #include <cstdint>
@@ -12,6 +13,7 @@
 #include "maint/document_stack.h"
 #include "maint/lib_maint.h"
 #include "tests/support/memory_file_system.h"
+#include "tests/support/time_limit.h"
 #include "zelaccess/Module.h"
 
 namespace {
@@ -39,8 +41,13 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   library.CreateNew(zel::libKind11);
   zel::LibMaint_i maint(&library);
   maint.SetLogLevel(1);
-  maint.Import(path.c_str(), false);
-  maint.ImportComponent(path.c_str(), "FUZZ", true);
+  for (zel::zelImportChecks const checks : {zel::importChecked, zel::importUnchecked}) {
+    zel::test::TimeLimit const limit(size);
+    maint.SetImportChecks(checks);
+    maint.Import(path.c_str(), false);
+    maint.ImportComponent(path.c_str(), "FUZZ", true);
+    if (limit.Passed()) std::abort();
+  }
   zel::Documents().Clear();
   std::filesystem::remove(path);
   return 0;

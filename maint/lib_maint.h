@@ -104,7 +104,10 @@ class LibMaint_i final : public LibMaint_p {
   void SetComponentFiles(bool on) override { componentFiles_ = on; }
   bool DumpBankTree(char const* type, char const* name, std::int32_t indent, std::FILE* stream,
                     std::int32_t expected) override;
+  void SetImportChecks(zelImportChecks checks) override { importChecks_ = checks; }
+  void GetImportCounts(ZelImportCounts& counts) override { counts = importCounts_; }
 
+  zelImportChecks ImportChecks() const noexcept { return importChecks_; }
   // What runs on this library report to; its pending text is the cause of the last failed step.
   MaintLog& Log() noexcept { return log_; }
   LibFile_i* Library() const noexcept { return library_; }
@@ -138,6 +141,8 @@ class LibMaint_i final : public LibMaint_p {
   void WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference);
   // The layer of interchange has its bodies in sources of its own.
   template <typename Run>
+  bool RunImport(Run const& run);
+  template <typename Run>
   bool RunExport(char const* path, bool writeBanner, bool componentFiles, Run const& run);
   // lib_maint_walks.cpp
   bool StartWalk(WalkMode mode, std::int32_t const* head);
@@ -162,6 +167,8 @@ class LibMaint_i final : public LibMaint_p {
   bool writeBanner_ = false;
   bool writeNotice_ = false;
   bool componentFiles_ = true;
+  zelImportChecks importChecks_ = importUnchecked;
+  ZelImportCounts importCounts_;
 };
 
 }  // namespace zel

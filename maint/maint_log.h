@@ -15,6 +15,7 @@ class MaintLog {
  public:
   // 0 silent, and the first error ends a run; otherwise lines are written and a run goes on.
   void SetLevel(std::int32_t level) noexcept { level_ = level; }
+  bool IsSilent() const noexcept { return level_ == 0; }
 
   // An error; an empty message takes the pending text in its place, which is used up either way.
   // Gives the verdict: true when the run may go on.

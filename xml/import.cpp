@@ -4,7 +4,6 @@
 
 #include "frame/ascii.h"
 #include "frame/number_text.h"
-#include "frame/platform/text_file.h"
 #include "maint/document_stack.h"
 #include "xml/import_component.h"
 #include "xml/import_items.h"
@@ -16,7 +15,8 @@ namespace zel {
 namespace {
 
 constexpr std::size_t kLongestKeyword = 8;
-constexpr std::size_t kLongestVersion = 12;
+constexpr std::size_t kDescriptionSize = 101;
+constexpr std::size_t kVersionSize = 13;
 constexpr std::string_view kComponentBank = "PURECOMP";
 
 enum LibraryNode : std::size_t { kDescription, kVersion, kMemo, kBank };
@@ -24,6 +24,8 @@ constexpr std::array<NameRow, 4> kLibraryNodes{{{"description", NameMode::kOnce}
                                                 {"version", NameMode::kOnce},
                                                 {"memo", NameMode::kOnce},
                                                 {"bank", NameMode::kAny}}};
+
+}  // namespace
 
 // What the attributes of a bank say, and what is wrong with them.
 struct BankAttributes {
@@ -53,13 +55,13 @@ struct BankAttributes {
   }
 };
 
-// Makes the bank; gives what stands in the way, or nothing.
-std::string MakeBank(LibMaint_i& owner, BankAttributes const& bank) {
+std::string Import_i::MakeBank(XmlNode node, BankAttributes const& bank) {
+  LibMaint_i& owner = run_.owner;
   if (!bank.problem.empty()) return bank.problem;
   Held<IZelBankDef> const record(NewBank(bank.type.c_str()));
   if (!record) return "Bank type \"" + bank.type + "\" is not a recognized type";
   BankInfo const info(record.Get());
-  std::int32_t const format = ParseInt(bank.format);
+  std::int32_t const format = run_.texts.Int(node, bank.format, "format");
   if (format < 0 || format > info.formatCount) {
     return "Bank format \"" + bank.format + "\" in invalid - must be between 0 and " +
            std::to_string(info.formatCount);
@@ -68,13 +70,13 @@ std::string MakeBank(LibMaint_i& owner, BankAttributes const& bank) {
   if (owner.BankExists(bank.type.c_str(), bank.name.c_str())) {
     return title + "already exists in this library";
   }
+  run_.texts.CheckText(node, bank.givenName, kLongestKeyword + 1, "name");
+  if (run_.texts.Refused()) return {};
   if (!owner.CreateBank(bank.type.c_str(), bank.name.c_str(), format)) {
     return title + "cannot be created";
   }
   return {};
 }
-
-}  // namespace
 
 // A document that cannot be opened ends the import whatever the verdict of the report. The entries
 // that it made in the document stacks stay.
@@ -82,79 +84,88 @@ bool Import_i::OpenDocument(char const* path, bool replaceExisting) {
   run_.log.ClearLog();
   run_.replaceExisting = replaceExisting;
   std::string const fullPath = Documents().Push(TextOrEmpty(path));
-  std::string text;
-  platform::ReadResult const read = platform::ReadTextFile(fullPath, text);
-  if (read == platform::ReadResult::kMissing) {
-    run_.log.ReportError("Unable to locate XML document \"" + fullPath + "\"");
+  std::shared_ptr<ReadDocument> document;
+  std::string problem;
+  if (run_.Open(fullPath, document, problem) != ImportRun::Opened::kOpened) {
+    run_.log.ReportError(problem);
     return false;
   }
-  if (read != platform::ReadResult::kRead || !document_.Load(text)) {
-    run_.log.ReportError("Format error in XML document \"" + fullPath + "\"");
-    return false;
-  }
-  run_.openPaths.assign(1, fullPath);
+  root_ = document->document.Root();  // kept by the run until it is settled
   return true;
 }
 
-bool Import_i::Import(char const* path, bool replaceExisting) {
-  if (!OpenDocument(path, replaceExisting)) return false;
-  XmlNode const root = document_.Root();
-  if (SameText(root.Name(), "library")) {
-    WalkLibrary(root);
-  } else if (SameText(root.Name(), "bank")) {
-    WalkBank(root);
-  } else {
-    run_.log.ReportError("Unrecognized root node <" + std::string(root.Name()) +
-                         "> - Import allows either <library> or <bank>");
-  }
+bool Import_i::Finish() {
+  run_.Finish();
   return !run_.log.HasErrors();
 }
 
-bool Import_i::ImportComponent(char const* path, char const* bankName, bool replaceExisting) {
-  if (!OpenDocument(path, replaceExisting)) return false;
-  XmlNode const root = document_.Root();
-  if (SameText(root.Name(), "comp")) {
-    ComponentImport(run_, TextOrEmpty(bankName).substr(0, kLongestKeyword)).ImportAlone(root);
+bool Import_i::Import(char const* path, bool replaceExisting) {
+  if (!OpenDocument(path, replaceExisting)) return Finish();
+  if (SameText(root_.Name(), "library")) {
+    WalkLibrary(root_);
+  } else if (SameText(root_.Name(), "bank")) {
+    WalkBank(root_);
   } else {
-    run_.log.ReportError("Unrecognized root node <" + std::string(root.Name()) +
+    run_.log.ReportError("Unrecognized root node <" + std::string(root_.Name()) +
+                         "> - Import allows either <library> or <bank>");
+  }
+  return Finish();
+}
+
+bool Import_i::ImportComponent(char const* path, char const* bankName, bool replaceExisting) {
+  if (!OpenDocument(path, replaceExisting)) return Finish();
+  if (SameText(root_.Name(), "comp")) {
+    ComponentImport(run_, TextOrEmpty(bankName).substr(0, kLongestKeyword)).ImportAlone(root_);
+  } else {
+    run_.log.ReportError("Unrecognized root node <" + std::string(root_.Name()) +
                          "> - ImportComponent allows only <comp>");
   }
-  return !run_.log.HasErrors();
+  return Finish();
 }
 
 bool Import_i::WalkLibrary(XmlNode library) {
   ImportIterator_i walk = ImportIterator_i::OverChildren(run_, library, kLibraryNodes, "<library>",
                                                          ImportTags::kFollowed);
-  LibFile_i& file = *run_.owner.Library();
-  std::string scratch;
   XmlNode node;
   std::size_t match = 0;
   while (walk.NextNode(node, match)) {
-    switch (match) {
-      case kDescription:
-        file.SetDescriptionAndVersion(DatedText(node.Text(scratch)).c_str(), nullptr);
-        break;
-      case kVersion: {
-        std::string const version(node.Text(scratch).substr(0, kLongestVersion));
-        file.SetDescriptionAndVersion(nullptr, version.c_str());
-        break;
-      }
-      case kMemo: file.SetMemo(MemoText(node.Text(scratch)).c_str()); break;
-      default:
-        if (!WalkBank(node)) return false;
-        break;
-    }
+    if (!(match == kBank ? WalkBank(node) : TakeText(node, match))) return false;
   }
   return !walk.Aborted();
+}
+
+// One of the library's own texts. False when the import must end.
+bool Import_i::TakeText(XmlNode node, std::size_t match) {
+  LibFile_i& file = *run_.owner.Library();
+  TextChecks& checks = run_.texts;
+  std::string scratch;
+  std::string_view const text = node.Text(scratch);
+  checks.Begin();
+  if (match == kMemo) {
+    file.SetMemo(run_.Memo(node).c_str());
+  } else if (match == kDescription) {
+    std::string const dated = DatedText(text);
+    checks.CheckKept(node, DatedText(text, text.npos), TextChecks::Packed(dated, kDescriptionSize));
+    file.SetDescriptionAndVersion(dated.c_str(), nullptr);
+  } else {
+    checks.CheckText(node, text, kVersionSize);
+    std::string const version(text.substr(0, kVersionSize - 1));
+    file.SetDescriptionAndVersion(nullptr, version.c_str());
+  }
+  DocumentLedger::Arrived(node);
+  return !checks.Ended();
 }
 
 // A bank is always new. One that cannot be made is passed over whole, when the verdict lets the
 // import go on.
 bool Import_i::WalkBank(XmlNode bank) {
   run_.log.ClearTexts();
+  run_.texts.Begin();
   BankAttributes const attributes(bank);
-  std::string const problem = MakeBank(run_.owner, attributes);
+  std::string const problem = MakeBank(bank, attributes);
   if (!problem.empty()) return run_.log.ReportError(problem);
+  if (run_.texts.Refused()) return run_.texts.Verdict();
+  DocumentLedger::Arrived(bank);
   run_.log.ShowBankProgress(attributes.type, attributes.name);
   // Only the type in upper case goes by the form of components.
   if (attributes.type == kComponentBank) {

@@ -9,6 +9,8 @@
 
 namespace zel {
 
+struct BankAttributes;
+
 class Import_i {
  public:
   explicit Import_i(LibMaint_i& owner) : run_(owner) {}
@@ -17,14 +19,19 @@ class Import_i {
   bool Import(char const* path, bool replaceExisting);
   // The root is one component, whose bank is made when it is not there.
   bool ImportComponent(char const* path, char const* bankName, bool replaceExisting);
+  ZelImportCounts const& Counts() const noexcept { return run_.counts; }
 
  private:
   bool OpenDocument(char const* path, bool replaceExisting);
   bool WalkLibrary(XmlNode library);
+  bool TakeText(XmlNode node, std::size_t match);
   bool WalkBank(XmlNode bank);
+  // Gives what stands in the way, or nothing.
+  std::string MakeBank(XmlNode bank, BankAttributes const& attributes);
+  bool Finish();
 
   ImportRun run_;
-  XmlDocument document_;
+  XmlNode root_;
 };
 
 }  // namespace zel

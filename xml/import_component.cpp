@@ -79,13 +79,13 @@ bool ComponentImport::Unrecognized(std::string_view what, std::string_view word,
 bool ComponentImport::WalkBank(XmlNode bank) {
   ImportIterator_i walk = ImportIterator_i::OverChildren(run_, bank, kBankNodes, "component <bank>",
                                                          ImportTags::kFollowed);
-  std::string scratch;
   XmlNode node;
   std::size_t match = 0;
   while (walk.NextNode(node, match)) {
     if (match == kMemo) {
-      run_.owner.SetBankMemo(kComponentType, bankName_.c_str(),
-                             MemoText(node.Text(scratch)).c_str());
+      run_.texts.Begin();
+      run_.owner.SetBankMemo(kComponentType, bankName_.c_str(), run_.Memo(node).c_str());
+      if (run_.texts.Ended()) return false;
     } else if (!WalkComponent(node)) {
       return false;
     }
@@ -106,6 +106,8 @@ bool ComponentImport::WalkComponent(XmlNode component) {
   record_->Clear();
   run_.log.ClearTexts();
   number_ = 0;
+  seen_.clear();
+  identityRefused_ = false;
   ImportIterator_i walk =
       ImportIterator_i::OverChildren(run_, component, kElements, "<comp>", ImportTags::kUnknown);
   XmlNode node;
@@ -113,22 +115,32 @@ bool ComponentImport::WalkComponent(XmlNode component) {
   while (walk.NextNode(node, match)) {
     if (!ReadElement(match, node)) return false;
   }
-  return !walk.Aborted() && StoreComponent();
+  return !walk.Aborted() && StoreComponent(component);
 }
 
 // A component without a number is dropped without a word, and ends the bank all the same.
-bool ComponentImport::StoreComponent() {
+bool ComponentImport::StoreComponent(XmlNode component) {
   if (number_ == 0) return false;
+  if (identityRefused_) return true;
   char const* bank = bankName_.c_str();
   key_.SetKey(static_cast<long>(number_));
   if (!run_.replaceExisting && run_.owner.ItemExists(record_.Get(), bank, &key_)) {
     return Report("Library number (" + std::to_string(number_) + ") already exists in this bank");
   }
   if (!run_.owner.WriteItem(record_.Get(), bank, &key_)) return Report("");
+  DocumentLedger::Arrived(component);
   return true;
 }
 
+void ComponentImport::CheckFirst(XmlNode node, std::string_view kind, std::uint32_t index,
+                                 std::string_view key) {
+  if (!run_.texts.On()) return;
+  bool seen = !seen_.emplace(kind, index).second;
+  run_.texts.CheckOnce(node, key, seen);
+}
+
 bool ComponentImport::ReadElement(std::size_t element, XmlNode node) {
+  run_.texts.Begin();
   switch (element) {
     case kId: return ReadIdentity(node);
     case kFlags: return ReadPhase(node);
@@ -168,6 +180,8 @@ bool ComponentImport::ReadPhase(XmlNode node) {
 bool ComponentImport::ReadSmiles(XmlNode node) {
   std::string scratch;
   char text[101];
+  run_.texts.CheckText(node, node.Text(scratch), sizeof text);
+  if (run_.texts.Refused()) return run_.texts.Verdict();
   CopyText(node.Text(scratch), text, sizeof text);
   component_->SetSmiles(text);
   return true;
@@ -198,10 +212,18 @@ bool ComponentImport::ReadStructure(XmlNode node) {
   component_->GetRawStructure(model, &count, ids.data(), counts.data());
   Tokens tokens(node.Text(scratch));
   std::string_view token;
-  for (std::size_t i = 0; i < ids.size() && tokens.Next(token); ++i) {
-    TakeGroup(token, ids[i], counts[i]);
-    ++count;
+  std::size_t found = 0;
+  CheckFirst(node, "structure", model, kModelKeywords[model]);
+  while ((found < ids.size() || run_.texts.On()) && tokens.Next(token)) {
+    if (found < ids.size()) {
+      run_.texts.CheckGroup(node, token);
+      TakeGroup(token, ids[found], counts[found]);
+      ++count;
+    }
+    ++found;
   }
+  run_.texts.CheckCount(node, found, ids.size());
+  if (run_.texts.Refused()) return run_.texts.Verdict();
   component_->SetStructure(model, std::min(count, kMostGroups), ids.data(), counts.data());
   return true;
 }

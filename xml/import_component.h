@@ -6,8 +6,10 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "maint/held.h"
 #include "store/key.h"
@@ -27,7 +29,9 @@ class ComponentImport {
 
  private:
   bool WalkComponent(XmlNode component);
-  bool StoreComponent();
+  bool StoreComponent(XmlNode component);
+  // Checks that an element is the first of its kind.
+  void CheckFirst(XmlNode node, std::string_view kind, std::uint32_t index, std::string_view key);
 
   // Elements of a component; false ends it, and nothing of it is written.
   bool ReadElement(std::size_t element, XmlNode node);
@@ -52,6 +56,9 @@ class ComponentImport {
   Held<IZelPureComp> component_;
   Key_i key_;
   std::int32_t number_ = 0;  // 0 until the identity was read
+  // What of the component has been read, by kind and index; kept only where texts are checked.
+  std::set<std::pair<std::string_view, std::uint32_t>> seen_;
+  bool identityRefused_ = false;
 };
 
 }  // namespace zel

@@ -110,13 +110,19 @@ struct CorrelationData {
     component->GetCorrelationRefCode(index, &refCode);
   }
 
-  void TakeCoefficients(std::string_view text) {
-    Tokens tokens(text);
+  void TakeCoefficients(XmlNode node, TextChecks& checks) {
+    std::string scratch;
+    Tokens tokens(node.Text(scratch));
     std::string_view token;
-    for (std::size_t i = 0; i < kCoefficients && tokens.Next(token); ++i) {
-      coefficients[i] = ParseReal(token);
-      ++count;
+    std::size_t found = 0;
+    while ((found < kCoefficients || checks.On()) && tokens.Next(token)) {
+      if (found < kCoefficients) {
+        coefficients[found] = checks.Real(node, token);
+        ++count;
+      }
+      ++found;
     }
+    checks.CheckCount(node, found, kCoefficients);
   }
 
   void Store(IZelPureComp* component, std::uint32_t index) const {
@@ -127,16 +133,17 @@ struct CorrelationData {
 };
 
 // Takes one attribute of the second pass; gives what kind of word was not understood, or nothing.
-std::string_view TakeAttribute(std::size_t attribute, std::string_view value,
-                               std::string_view dimension, UnitWords& unitWords,
-                               CorrelationData& data) {
+std::string_view TakeAttribute(std::size_t attribute, XmlNode node, std::string_view value,
+                               std::string_view dimension, ImportRun& run, CorrelationData& data) {
   switch (attribute) {
-    case kTMin: data.tMin = ParseReal(value); return {};
-    case kTMax: data.tMax = ParseReal(value); return {};
-    case kRefCode: data.refCode = static_cast<std::uint32_t>(ParseInt(value)); return {};
+    case kTMin: data.tMin = run.texts.Real(node, value, "tMin"); return {};
+    case kTMax: data.tMax = run.texts.Real(node, value, "tMax"); return {};
+    case kRefCode:
+      data.refCode = static_cast<std::uint32_t>(run.texts.Int(node, value, "refCode"));
+      return {};
     case kTempUnit: return TakeWord(kTempUnits, value, data.tempUnit) ? "" : "temperature unit";
     case kPropUnit:
-      data.propUnit = unitWords.CodeOf(dimension, value);
+      data.propUnit = run.unitWords.CodeOf(dimension, value);
       return data.propUnit != 0 ? "" : "property unit";
     case kLogBasis: return TakeWord(kLogForms, value, data.logBasis) ? "" : "log form";
     default: return TakeWord(kBases, value, data.basis) ? "" : "basis";
@@ -159,7 +166,7 @@ bool ComponentImport::ReadProperty(XmlNode node) {
   std::string const& name = *values[kPropertyName];
   PropertyRow const* row = FindProperty(name);
   if (row == nullptr) return Unrecognized("property", name);
-  double value = ParseReal(*values[kValue]);
+  double value = run_.texts.Real(node, *values[kValue], "value");
   if (!row->dimension.empty() && IsGiven(values[kUom])) {
     std::string const dimension(row->dimension);
     if (!ConvertToInternal(dimension.c_str(), values[kUom]->c_str(), value)) {
@@ -167,7 +174,10 @@ bool ComponentImport::ReadProperty(XmlNode node) {
     }
   }
   auto const index = static_cast<std::uint32_t>(row->index);
-  std::int32_t const refCode = values[kPropertyRefCode] ? ParseInt(*values[kPropertyRefCode]) : 0;
+  std::int32_t const refCode =
+      values[kPropertyRefCode] ? run_.texts.Int(node, *values[kPropertyRefCode], "refCode") : 0;
+  CheckFirst(node, "property", index, row->keyword);
+  if (run_.texts.Refused()) return run_.texts.Verdict();
   component_->SetProperty(index, value);
   component_->SetPropertyRefCode(index, static_cast<std::uint32_t>(refCode));
   return true;
@@ -192,20 +202,23 @@ bool ComponentImport::ReadCorrelation(XmlNode node) {
   if (row == std::end(kCorrelationRows)) return Unrecognized("correlation", name);
   auto const index = static_cast<std::uint32_t>(row - std::begin(kCorrelationRows));
   CorrelationData data(component_.Get(), index);
-  data.equation = ParseInt(*values[kEquation]);
+  data.equation = run_.texts.Int(node, *values[kEquation], "equation");
 
+  if (run_.texts.Ended()) return false;
   walk.ResetWalk(kSecondPass);
   std::string scratch;
   XmlNode attribute;
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) {
     std::string_view const value = attribute.Value(scratch);
-    std::string_view const unknown =
-        TakeAttribute(match, value, row->dimension, run_.unitWords, data);
+    std::string_view const unknown = TakeAttribute(match, node, value, row->dimension, run_, data);
     if (!unknown.empty()) return Unrecognized(unknown, value, "correlation", name);
+    if (run_.texts.Ended()) return false;
   }
   if (walk.Aborted()) return false;
-  data.TakeCoefficients(node.Text(scratch));
+  data.TakeCoefficients(node, run_.texts);
+  CheckFirst(node, "correlation", index, row->name);
+  if (run_.texts.Refused()) return run_.texts.Verdict();
   data.Store(component_.Get(), index);
   return true;
 }

@@ -39,23 +39,35 @@ bool IsFormula(std::string_view formula) {
 }
 
 // What the attributes and the text say; the number is not yet looked at.
-void Take(AttributeValues<kCount> const& values, std::string_view text,
+void Take(XmlNode node, AttributeValues<kCount> const& values, TextChecks& checks,
           ComponentIdentity& identity) {
-  if (values[kName]) CopyText(*values[kName], identity.name, sizeof identity.name);
-  if (values[kFormula]) CopyText(*values[kFormula], identity.formula, sizeof identity.formula);
-  if (values[kRefCode]) identity.refCode = ParseInt(*values[kRefCode]);
+  if (values[kName]) {
+    checks.CheckText(node, *values[kName], sizeof identity.name, "name");
+    CopyText(*values[kName], identity.name, sizeof identity.name);
+  }
+  if (values[kFormula]) {
+    checks.CheckText(node, *values[kFormula], sizeof identity.formula, "formula");
+    CopyText(*values[kFormula], identity.formula, sizeof identity.formula);
+  }
+  if (values[kRefCode]) identity.refCode = checks.Int(node, *values[kRefCode], "refCode");
   if (values[kKeepFormula]) identity.keepFormula = 1;  // whatever its value
-  if (values[kNumber]) identity.number = ParseInt(*values[kNumber]);
+  if (values[kNumber]) identity.number = checks.Int(node, *values[kNumber], "number");
   if (values[kCasNum]) {
     identity.casNumber =
         static_cast<std::int32_t>(static_cast<long>(casn(values[kCasNum]->c_str())));
   }
-  Tokens tokens(text);
+  std::string scratch;
+  Tokens tokens(node.Text(scratch));
   std::string_view token;
-  for (auto& id : identity.ids) {
-    if (!tokens.Next(token)) break;
-    CopyText(token, id, sizeof id);
+  std::size_t found = 0;
+  while ((found < ComponentIdentity::kIds || checks.On()) && tokens.Next(token)) {
+    if (found < ComponentIdentity::kIds) {
+      checks.CheckText(node, token, ComponentIdentity::kIdSize);
+      CopyText(token, identity.ids[found], ComponentIdentity::kIdSize);
+    }
+    ++found;
   }
+  checks.CheckCount(node, found, ComponentIdentity::kIds);
 }
 
 std::string MissingText(bool number, bool id) {
@@ -73,8 +85,8 @@ bool ComponentImport::ReadIdentity(XmlNode node) {
   AttributeValues<kCount> values;
   if (!TakeAttributes(walk, values)) return false;
   ComponentIdentity identity(component_.Get());
-  std::string scratch;
-  Take(values, node.Text(scratch), identity);
+  Take(node, values, run_.texts, identity);
+  if (run_.texts.Ended()) return false;
 
   bool const hasId = identity.ids[0][0] != '\0';
   if (!values[kNumber] || !hasId) return Report(MissingText(values[kNumber].has_value(), hasId));
@@ -93,6 +105,7 @@ bool ComponentImport::ReadIdentity(XmlNode node) {
   component_->SetIdentity(identity.number, identity.casNumber, identity.refCode, identity.ids,
                           identity.name, identity.formula, identity.keepFormula);
   number_ = identity.number;
+  identityRefused_ = run_.texts.Refused();
   return true;
 }
 

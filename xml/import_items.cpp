@@ -39,12 +39,13 @@ ItemImport::ItemImport(ImportRun& run, std::string_view type, std::string_view n
 bool ItemImport::WalkBank(XmlNode bank) {
   ImportIterator_i walk =
       ImportIterator_i::OverChildren(run_, bank, kBankNodes, "<bank>", ImportTags::kFollowed);
-  std::string scratch;
   XmlNode node;
   std::size_t match = 0;
   while (walk.NextNode(node, match)) {
     if (match == kMemo) {
-      run_.owner.SetBankMemo(info_.type, bankName_.c_str(), MemoText(node.Text(scratch)).c_str());
+      run_.texts.Begin();
+      run_.owner.SetBankMemo(info_.type, bankName_.c_str(), run_.Memo(node).c_str());
+      if (run_.texts.Ended()) return false;
     } else if (!WalkItem(node)) {
       return false;
     }
@@ -59,10 +60,11 @@ bool ItemImport::Report(std::string_view message) {
 
 // An item whose walk was broken off is written all the same, with what was read so far, when its
 // key is complete; only then does the false result end the bank. A value that is not on its list
-// leaves the item unwritten when the verdict is to stop.
+// leaves the item unwritten when the verdict is to stop, and a number that is refused in any case.
 bool ItemImport::WalkItem(XmlNode item) {
   record_->Clear();
   run_.log.ClearTexts();
+  run_.texts.Begin();
   verdict_ = true;
   std::int32_t keyCount = 0;
   ImportIterator_i walk =
@@ -73,60 +75,75 @@ bool ItemImport::WalkItem(XmlNode item) {
   while (walk.NextNode(node, match)) {
     std::string_view const text = node.Text(scratch);
     if (match == fields_.tags.size()) {
-      keyCount = ReadKey(text);
-    } else if (!ReadTag(fields_.tags[match], text)) {
+      keyCount = ReadKey(node, text);
+    } else if (!ReadTag(fields_.tags[match], node, text)) {
       return false;
     }
+    if (run_.texts.Ended()) return false;
   }
-  bool const stored = StoreItem(keyCount);
-  return stored && !walk.Aborted();
+  bool const goesOn = run_.texts.Refused() ? run_.texts.Verdict() : StoreItem(item, keyCount);
+  return goesOn && !walk.Aborted();
 }
 
 // Gives the verdict of the last report, true without one.
-bool ItemImport::StoreItem(std::int32_t keyCount) {
+bool ItemImport::StoreItem(XmlNode item, std::int32_t keyCount) {
   if (keyCount == 0) key_.ClearKey();
   if (keyCount < info_.minKeyWords || keyCount > info_.keyWords) {
     return Report(KeyCountProblem(keyCount));
   }
   LibMaint_i& owner = run_.owner;
-  if (!run_.replaceExisting && owner.ItemExists(record_.Get(), bankName_.c_str(), &key_)) {
-    return Report("Item already exists in this bank");
+  // The bank is new: what exists is of the same documents.
+  if ((!run_.replaceExisting || run_.texts.On()) &&
+      owner.ItemExists(record_.Get(), bankName_.c_str(), &key_)) {
+    if (!run_.replaceExisting) return Report("Item already exists in this bank");
+    run_.texts.Warn(item, "replaces an item of the same key in the same documents");
   }
   if (!owner.WriteItem(record_.Get(), bankName_.c_str(), &key_)) return Report("");
+  DocumentLedger::Arrived(item);
   return verdict_;
 }
 
 // False when the import must end. Places that the text leaves out keep what the record has.
-bool ItemImport::ReadTag(FieldTag const& tag, std::string_view text) {
+bool ItemImport::ReadTag(FieldTag const& tag, XmlNode node, std::string_view text) {
   switch (tag.type) {
-    case fieldInteger: ReadIntegers(tag, text); return true;
-    case fieldReal: ReadReals(tag, text); return true;
-    case fieldText: ReadText(tag, text); return true;
+    case fieldInteger: ReadIntegers(tag, node, text); return true;
+    case fieldReal: ReadReals(tag, node, text); return true;
+    case fieldText: ReadText(tag, node, text); return true;
     default: return ReadChoice(tag, text);
   }
 }
 
-void ItemImport::ReadIntegers(FieldTag const& tag, std::string_view text) {
-  record_->GetIntField(tag.name.c_str(), intValues_.data());
+template <typename Take>
+void ItemImport::ForEachValue(FieldTag const& tag, XmlNode node, std::string_view text,
+                              Take const& take) {
   Tokens tokens(text);
   std::string_view token;
-  for (std::size_t i = 0; i < tag.count && tokens.Next(token); ++i) {
-    intValues_[i] = token == kUndefinedMark ? gen_GetUndefInt() : ParseInt(token);
+  std::size_t found = 0;
+  while ((found < tag.count || run_.texts.On()) && tokens.Next(token)) {
+    if (found < tag.count) take(found, token);
+    ++found;
   }
+  run_.texts.CheckCount(node, found, tag.count);
+}
+
+void ItemImport::ReadIntegers(FieldTag const& tag, XmlNode node, std::string_view text) {
+  record_->GetIntField(tag.name.c_str(), intValues_.data());
+  ForEachValue(tag, node, text, [&](std::size_t i, std::string_view token) {
+    intValues_[i] = token == kUndefinedMark ? gen_GetUndefInt() : run_.texts.Int(node, token);
+  });
   record_->SetIntField(tag.name.c_str(), intValues_.data());
 }
 
-void ItemImport::ReadReals(FieldTag const& tag, std::string_view text) {
+void ItemImport::ReadReals(FieldTag const& tag, XmlNode node, std::string_view text) {
   record_->GetDoubleField(tag.name.c_str(), realValues_.data());
-  Tokens tokens(text);
-  std::string_view token;
-  for (std::size_t i = 0; i < tag.count && tokens.Next(token); ++i) {
-    realValues_[i] = token == kUndefinedMark ? gen_GetUndefDouble() : ParseReal(token);
-  }
+  ForEachValue(tag, node, text, [&](std::size_t i, std::string_view token) {
+    realValues_[i] = token == kUndefinedMark ? gen_GetUndefDouble() : run_.texts.Real(node, token);
+  });
   record_->SetDoubleField(tag.name.c_str(), realValues_.data());
 }
 
-void ItemImport::ReadText(FieldTag const& tag, std::string_view text) {
+void ItemImport::ReadText(FieldTag const& tag, XmlNode node, std::string_view text) {
+  run_.texts.CheckText(node, text, tag.count);
   CopyText(text, textValue_.data(), tag.count);
   record_->SetStringField(tag.name.c_str(), textValue_.data());
 }

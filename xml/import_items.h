@@ -25,20 +25,23 @@ class ItemImport {
 
  private:
   bool WalkItem(XmlNode item);
-  bool StoreItem(std::int32_t keyCount);
+  bool StoreItem(XmlNode item, std::int32_t keyCount);
   bool Report(std::string_view message);
 
   // import_keys.cpp: the key from its text; gives the number of keys entered.
-  std::int32_t ReadKey(std::string_view text);
+  std::int32_t ReadKey(XmlNode node, std::string_view text);
   std::int32_t ReadComponents(std::string_view text);
-  std::int32_t ReadNumbers(std::string_view text);
-  std::int32_t ReadWord(std::string_view text);
+  std::int32_t ReadNumbers(XmlNode node, std::string_view text);
+  std::int32_t ReadWord(XmlNode node, std::string_view text);
   std::string KeyCountProblem(std::int32_t keyCount) const;
 
-  bool ReadTag(FieldTag const& tag, std::string_view text);
-  void ReadIntegers(FieldTag const& tag, std::string_view text);
-  void ReadReals(FieldTag const& tag, std::string_view text);
-  void ReadText(FieldTag const& tag, std::string_view text);
+  bool ReadTag(FieldTag const& tag, XmlNode node, std::string_view text);
+  void ReadIntegers(FieldTag const& tag, XmlNode node, std::string_view text);
+  void ReadReals(FieldTag const& tag, XmlNode node, std::string_view text);
+  void ReadText(FieldTag const& tag, XmlNode node, std::string_view text);
+  // Gives each value of a text that has a place to `take`, with its place.
+  template <typename Take>
+  void ForEachValue(FieldTag const& tag, XmlNode node, std::string_view text, Take const& take);
   bool ReadChoice(FieldTag const& tag, std::string_view text);
 
   ImportRun& run_;

@@ -3,14 +3,12 @@
 #include <algorithm>
 
 #include "frame/ascii.h"
-#include "frame/platform/text_file.h"
 #include "maint/document_stack.h"
 
 namespace zel {
 
 namespace {
 
-constexpr std::size_t kMostOpenDocuments = 100;
 constexpr std::uint8_t kReported = 2;  // a name seen that often has been reported
 
 std::string Joined(std::initializer_list<std::string_view> pieces) {
@@ -116,6 +114,7 @@ bool ImportIterator_i::Report(std::string_view message) {
 
 bool ImportIterator_i::EndInclude() {
   if (!includeActive_) return false;
+  if (!run_.Settle(document_)) Stop();
   Documents().Pop();
   run_.openPaths.pop_back();
   next_ = savedNext_;
@@ -132,35 +131,24 @@ bool ImportIterator_i::FollowImport(XmlNode tag) {
     return false;
   }
   std::string const path = Documents().Push(*file);
+  std::shared_ptr<ReadDocument> document;
   std::string problem;
-  if (LoadInclude(path, problem)) return true;
+  ImportRun::Opened const opened = run_.Open(path, document, problem);
+  if (opened == ImportRun::Opened::kOpened) {
+    DocumentLedger::Arrived(tag);
+    EnterInclude(std::move(document));
+    return true;
+  }
   Documents().Pop();  // so that the report shows the including document
-  return run_.log.ReportError(Joined({problem, " XML document \"", path, "\""}));
+  return run_.log.ReportError(problem) && opened != ImportRun::Opened::kEnd;
 }
 
-// Opens the document and makes its nodes the list. A document that is open already, and one more
-// than may be open, would come back for ever.
-bool ImportIterator_i::LoadInclude(std::string const& path, std::string& problem) {
-  problem = "Unable to locate";
-  std::string text;
-  platform::ReadResult const read = platform::ReadTextFile(path, text);
-  if (read == platform::ReadResult::kMissing) return false;
-  problem = "Format error in";
-  auto& open = run_.openPaths;
-  bool const endless =
-      open.size() >= kMostOpenDocuments || std::find(open.begin(), open.end(), path) != open.end();
-  auto document = std::make_shared<XmlDocument>();
-  if (read != platform::ReadResult::kRead || endless || !document->Load(text)) return false;
-  open.push_back(path);
-  EnterInclude(std::move(document));
-  return true;
-}
-
-void ImportIterator_i::EnterInclude(std::shared_ptr<XmlDocument> document) {
+// Makes the nodes of the document the list.
+void ImportIterator_i::EnterInclude(std::shared_ptr<ReadDocument> document) {
   savedNext_ = next_;
   savedDocument_ = document_;
   document_ = std::move(document);
-  next_ = document_->FirstNode();
+  next_ = document_->document.FirstNode();
   if (XmlNode const group = FirstElement(next_, "group")) next_ = group.FirstChild();
   includeActive_ = true;
 }

@@ -63,8 +63,7 @@ class ImportIterator_i {
   bool Stop();
   bool Report(std::string_view message);
   bool FollowImport(XmlNode tag);
-  bool LoadInclude(std::string const& path, std::string& problem);
-  void EnterInclude(std::shared_ptr<XmlDocument> document);
+  void EnterInclude(std::shared_ptr<ReadDocument> document);
 
   ImportRun& run_;
   bool overAttributes_;
@@ -81,8 +80,8 @@ class ImportIterator_i {
   bool includeActive_ = false;
   XmlNode savedNext_;
   // Documents of the two lists; null for the one that the walk began with.
-  std::shared_ptr<XmlDocument> document_;
-  std::shared_ptr<XmlDocument> savedDocument_;
+  std::shared_ptr<ReadDocument> document_;
+  std::shared_ptr<ReadDocument> savedDocument_;
   std::size_t outerPaths_;  // documents that were open before this walk
 };
 

@@ -37,19 +37,22 @@ Key_i::Part PartOf(std::string_view token) {
   return part;
 }
 
-// `Item "a:b"` from the pieces with the separator behind each.
+// `Item "a:b"` from the pieces with the separator behind each. Every report on the item shows it,
+// so it is not longer than helps.
 std::string Label(std::string pieces, char separator) {
+  constexpr std::size_t kLongest = 500;
   if (!pieces.empty() && pieces.back() == separator) pieces.pop_back();
+  pieces.resize(std::min(pieces.size(), kLongest));
   return "Item \"" + pieces + "\"";
 }
 
 }  // namespace
 
-std::int32_t ItemImport::ReadKey(std::string_view text) {
+std::int32_t ItemImport::ReadKey(XmlNode node, std::string_view text) {
   switch (info_.keyKind) {
     case kComponents: return ReadComponents(text);
-    case kNumbers: return ReadNumbers(text);
-    default: return ReadWord(text);
+    case kNumbers: return ReadNumbers(node, text);
+    default: return ReadWord(node, text);
   }
 }
 
@@ -86,7 +89,7 @@ std::int32_t ItemImport::ReadComponents(std::string_view text) {
   return static_cast<std::int32_t>(count);
 }
 
-std::int32_t ItemImport::ReadNumbers(std::string_view text) {
+std::int32_t ItemImport::ReadNumbers(XmlNode node, std::string_view text) {
   std::array<std::int32_t, format::kMaxKeyWords> numbers;
   numbers.fill(Key_i::kWildcard);
   auto const places =
@@ -97,7 +100,7 @@ std::int32_t ItemImport::ReadNumbers(std::string_view text) {
   std::string_view token;
   while (tokens.Next(token)) {
     label.append(token).append("-");
-    if (count < places) numbers[count] = ParseInt(token);
+    if (count < places) numbers[count] = run_.texts.Int(node, token);
     ++count;
   }
   run_.log.SetItemLabel(Label(std::move(label), '-'));
@@ -107,9 +110,11 @@ std::int32_t ItemImport::ReadNumbers(std::string_view text) {
 }
 
 // Always complete.
-std::int32_t ItemImport::ReadWord(std::string_view text) {
+std::int32_t ItemImport::ReadWord(XmlNode node, std::string_view text) {
   std::string const word(text);
-  run_.log.SetItemLabel("Item \"" + word + "\"");
+  constexpr std::size_t kPerWord = 4;
+  run_.texts.CheckText(node, text, kPerWord * static_cast<std::size_t>(info_.keyWords) + 1);
+  run_.log.SetItemLabel(Label(word, '\0'));
   key_.SetKeyText(info_.keyWords, word.c_str());
   return info_.keyWords;
 }

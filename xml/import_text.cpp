@@ -1,17 +1,27 @@
 #include "xml/import_text.h"
 
+#include <algorithm>
+
 #include "frame/date_text.h"
 
 namespace zel {
 
 namespace {
 constexpr std::size_t kLongestMemo = 3999;
-constexpr std::size_t kLongestDescription = 100;
+constexpr std::string_view kWhiteSpace = " \t\r\n";
 }  // namespace
 
-std::string MemoText(std::string_view text) {
+std::string MemoText(std::string_view text, bool& lost) {
+  lost = false;
+  // Of a mark its bracket counts as blank.
+  auto const drop = [&](std::size_t size, std::size_t mark) {
+    for (std::size_t i = 0; i < size; ++i) {
+      lost = lost || (i != mark && kWhiteSpace.find(text[i]) == std::string_view::npos);
+    }
+    text.remove_prefix(size);
+  };
   std::string memo;
-  if (!text.empty()) text.remove_prefix(1);
+  if (!text.empty()) drop(1, 1);
   // Not beyond what is kept: where no mark stands, each line looks for one to the end of the text.
   for (std::size_t end = text.find('\n');
        end != std::string_view::npos && memo.size() < kLongestMemo; end = text.find('\n')) {
@@ -20,19 +30,20 @@ std::string MemoText(std::string_view text) {
     // The next mark counts, also one that stands lines further on.
     std::size_t const mark = text.find('[');
     std::size_t const dropped = mark == std::string_view::npos ? 1 : mark + 2;
-    text.remove_prefix(std::min(dropped, text.size()));
+    drop(std::min(dropped, text.size()), mark);
   }
   memo.append(text);
+  lost = lost || memo.size() > kLongestMemo;
   memo.resize(std::min(memo.size(), kLongestMemo));
   return memo;
 }
 
-std::string DatedText(std::string_view text) {
+std::string DatedText(std::string_view text, std::size_t longest) {
   constexpr std::string_view kMark = "%date%";
-  std::string dated(text.substr(0, kLongestDescription));
+  std::string dated(text.substr(0, longest));
   std::size_t const at = dated.find(kMark);
   if (at != std::string::npos) dated.replace(at, kMark.size(), TodayText());
-  dated.resize(std::min(dated.size(), kLongestDescription));
+  dated.resize(std::min(dated.size(), longest));
   return dated;
 }
 

@@ -27,10 +27,15 @@ class Tokens {
 
 // A memo as it was before it was written: without the blank behind the opening of its CDATA section
 // and without the marks, a bracket and a blank, that lead every further line. At most 3999
-// characters.
-std::string MemoText(std::string_view text);
+// characters. `lost` tells that more than blanks and marks was dropped.
+std::string MemoText(std::string_view text, bool& lost);
+inline std::string MemoText(std::string_view text) {
+  bool lost = false;
+  return MemoText(text, lost);
+}
 
-// The text with today's date in place of the first "%date%", at most 100 characters.
-std::string DatedText(std::string_view text);
+// The text with today's date in place of the first "%date%", at most `longest` characters.
+inline constexpr std::size_t kLongestDescription = 100;
+std::string DatedText(std::string_view text, std::size_t longest = kLongestDescription);
 
 }  // namespace zel

@@ -1,17 +1,23 @@
 set(xml_SOURCES
+    document_contents.cpp
     export.cpp
     export_component.cpp
     export_items.cpp
     field_tags.cpp
     import.cpp
+    import_bounds.cpp
     import_component.cpp
     import_component_data.cpp
     import_component_id.cpp
     import_items.cpp
     import_iterator.cpp
     import_keys.cpp
+    import_ledger.cpp
+    import_run.cpp
     import_text.cpp
     lib_maint_export.cpp
     lib_maint_import.cpp
+    text_checks.cpp
     unit_words.cpp
-    xml_document.cpp)
+    xml_document.cpp
+    xml_load.cpp)

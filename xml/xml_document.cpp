@@ -1,13 +1,7 @@
 #include "xml/xml_document.h"
 
-#include <libxml/SAX2.h>
-#include <libxml/parser.h>
-#include <libxml/parserInternals.h>
 #include <libxml/tree.h>
 
-#include <functional>
-#include <limits>
-#include <map>
 #include <new>
 #include <string>
 
@@ -79,107 +73,6 @@ struct Pieces {
   }
 };
 
-// --- parsing -------------------------------------------------------------------------------------
-
-// What is counted of one document while it is parsed.
-struct Parse {
-  bool refused = false;
-  bool memoryLost = false;  // an error behind it takes its place in the parser's own record
-  int declaredAttributes = 0;
-  double room = 0.0;  // bytes that entities may still add
-  std::map<std::string, double, std::less<>> entityBytes;
-};
-
-void Refuse(xmlParserCtxt* context) {
-  static_cast<Parse*>(context->_private)->refused = true;
-  xmlStopParser(context);
-}
-
-// Each declared attribute can cost time at each element, so that a small document with many of them
-// would keep the parser busy for hours.
-void DeclareAttribute(void* data, xmlChar const* element, xmlChar const* name, int type, int usage,
-                      xmlChar const* defaultValue, xmlEnumeration* words) {
-  constexpr int kMostDeclared = 100;
-  auto* const context = static_cast<xmlParserCtxt*>(data);
-  if (++static_cast<Parse*>(context->_private)->declaredAttributes > kMostDeclared) {
-    xmlFreeEnumeration(words);
-    Refuse(context);
-    return;
-  }
-  xmlSAX2AttributeDecl(data, element, name, type, usage, defaultValue, words);
-}
-
-// Entities with an identifier outside the document are refused where they are declared.
-void DeclareEntity(void* data, xmlChar const* name, int type, xmlChar const* publicId,
-                   xmlChar const* systemId, xmlChar* content) {
-  if (systemId != nullptr || publicId != nullptr) {
-    Refuse(static_cast<xmlParserCtxt*>(data));
-    return;
-  }
-  xmlSAX2EntityDecl(data, name, type, publicId, systemId, content);
-}
-
-// What a reference to an entity adds to the document: its text with those of the entities within.
-double BytesOf(xmlParserCtxt* context, xmlEntity const& entity, int depth) {
-  constexpr int kDeepest = 40;  // the parser's own limit for entities in entities
-  constexpr double kTooMany = 1e30;
-  if (depth > kDeepest) return kTooMany;
-  auto& known = static_cast<Parse*>(context->_private)->entityBytes;
-  if (auto const at = known.find(ViewOf(entity.name)); at != known.end()) return at->second;
-  std::string_view const text = ViewOf(entity.content);
-  auto bytes = static_cast<double>(text.size());
-  for (std::size_t at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1)) {
-    std::size_t const end = text.find(';', at);
-    if (end == std::string_view::npos) break;
-    std::string const name(text.substr(at + 1, end - at - 1));
-    xmlEntity const* inner =
-        xmlSAX2GetEntity(context, reinterpret_cast<xmlChar const*>(name.c_str()));
-    if (inner != nullptr) bytes += BytesOf(context, *inner, depth + 1);
-  }
-  known.emplace(ViewOf(entity.name), bytes);
-  return bytes;
-}
-
-// Called at each reference. The parser's own bound does not see all ways of growing.
-xmlEntity* CountEntity(void* data, xmlChar const* name) {
-  auto* const context = static_cast<xmlParserCtxt*>(data);
-  xmlEntity* const entity = xmlSAX2GetEntity(context, name);
-  if (entity == nullptr || entity->etype != XML_INTERNAL_GENERAL_ENTITY) return entity;
-  auto* const parse = static_cast<Parse*>(context->_private);
-  parse->room -= BytesOf(context, *entity, 0);
-  if (parse->room >= 0.0) return entity;
-  Refuse(context);
-  return nullptr;
-}
-
-// Called for what no declaration explains: the others have been put in.
-void ReferToEntity(void* data, xmlChar const*) { Refuse(static_cast<xmlParserCtxt*>(data)); }
-
-xmlParserInput* ResolveNothing(void*, xmlChar const*, xmlChar const*) { return nullptr; }
-void LoadNoSubset(void*, xmlChar const*, xmlChar const*, xmlChar const*) {}
-
-// The parser's own words, which it else prints on standard error when memory runs out, are not the
-// host's.
-class ParserSilence {
- public:
-  ParserSilence() : handler_(xmlGenericError), data_(xmlGenericErrorContext) {
-    xmlSetGenericErrorFunc(nullptr, Ignore);
-  }
-  ParserSilence(ParserSilence const&) = delete;
-  ParserSilence& operator=(ParserSilence const&) = delete;
-  ~ParserSilence() { xmlSetGenericErrorFunc(data_, handler_); }
-
- private:
-  static void Ignore(void*, char const*, ...) {}
-
-  xmlGenericErrorFunc handler_;
-  void* data_;
-};
-
-struct ContextCloser {
-  void operator()(xmlParserCtxt* context) const noexcept { xmlFreeParserCtxt(context); }
-};
-
 }  // namespace
 
 // --- nodes ---------------------------------------------------------------------------------------
@@ -220,6 +113,17 @@ bool XmlNode::IsComment() const noexcept {
 bool XmlNode::IsElement() const noexcept {
   return kind_ == Kind::kNode && NodeOf(node_)->type == XML_ELEMENT_NODE;
 }
+
+std::int32_t XmlNode::Line() const noexcept {
+  return kind_ == Kind::kNode ? static_cast<std::int32_t>(xmlGetLineNo(NodeOf(node_))) : 0;
+}
+
+// The parser leaves one member of each node to its caller.
+void XmlNode::SetNote(void* note) const noexcept {
+  if (IsElement()) const_cast<xmlNode*>(NodeOf(node_))->_private = note;
+}
+
+void* XmlNode::Note() const noexcept { return IsElement() ? NodeOf(node_)->_private : nullptr; }
 
 XmlNode XmlNode::FirstChild() const noexcept {
   return IsElement() ? Listed(NodeOf(node_)->children) : XmlNode();
@@ -289,42 +193,6 @@ XmlDocument::~XmlDocument() = default;
 
 void XmlDocument::Closer::operator()(void* document) const noexcept {
   xmlFreeDoc(static_cast<xmlDoc*>(document));
-}
-
-bool XmlDocument::Load(std::string_view text) {
-  document_.reset();
-  if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return false;
-  ParserSilence const silence;
-  std::unique_ptr<xmlParserCtxt, ContextCloser> const context(xmlNewParserCtxt());
-  if (!context) throw std::bad_alloc();
-  constexpr double kRoom = 1e6;
-  constexpr double kRoomPerByte = 10.0;
-  Parse parse;
-  parse.room = kRoom + kRoomPerByte * static_cast<double>(text.size());
-  context->_private = &parse;
-  context->sax->attributeDecl = DeclareAttribute;
-  context->sax->entityDecl = DeclareEntity;
-  context->sax->getEntity = CountEntity;
-  context->sax->reference = ReferToEntity;
-  context->sax->resolveEntity = ResolveNothing;
-  context->sax->externalSubset = LoadNoSubset;
-  context->sax->serror = [](void* data, auto* error) {
-    auto* const now = static_cast<Parse*>(static_cast<xmlParserCtxt*>(data)->_private);
-    if (error->code == XML_ERR_NO_MEMORY) now->memoryLost = true;
-  };
-  constexpr int kOptions = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
-                           XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
-  // Memory that ran out while the tree was built may be told by the library's last error alone.
-  xmlResetLastError();
-  document_.reset(xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()),
-                                    nullptr, nullptr, kOptions));
-  xmlError const* last = xmlGetLastError();
-  if (parse.memoryLost || (last != nullptr && last->code == XML_ERR_NO_MEMORY)) {
-    document_.reset();
-    throw std::bad_alloc();
-  }
-  if (parse.refused) document_.reset();
-  return document_ != nullptr;
 }
 
 XmlNode XmlDocument::Root() const noexcept {

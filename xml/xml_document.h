@@ -2,9 +2,9 @@
 //
 // Strict: what is not well formed does not load. Nothing outside the document is ever looked at: an
 // entity that names a file or an address, and one that is not declared in the document, make it a
-// document that does not load. Entities of the document itself are put in where they stand; their
-// growth and the depth of elements are bounded by the parser. Texts are UTF-8, whatever the
-// encoding of the file.
+// document that does not load. Entities of the document itself are put in where they stand;
+// parameter entities are refused. Bounds keep the time of a load proportional to the size of the
+// text. Texts are UTF-8, whatever the encoding of the file.
 #pragma once
 
 #include <cstdint>
@@ -26,6 +26,11 @@ class XmlNode {
   std::string_view Name() const;
   bool IsComment() const noexcept;
   bool IsElement() const noexcept;
+  // Of the end of an element's start tag; 0 for what has none.
+  std::int32_t Line() const noexcept;
+  // A pointer of the caller's own that an element keeps; null at first.
+  void SetNote(void* note) const noexcept;
+  void* Note() const noexcept;
 
   // Child nodes in document order. Text that is only white space is not among them.
   XmlNode FirstChild() const noexcept;
@@ -56,15 +61,34 @@ class XmlNode {
   void const* owner_ = nullptr;  // element of a namespace declaration
 };
 
+// Why a document did not load.
+struct XmlProblem {
+  std::string reason;  // a bound that was passed, or the parser's words
+  std::int32_t line = 0;
+  bool toldAlways = false;  // the reason belongs into every message
+};
+
 class XmlDocument {
  public:
+  // What one document may have. Elements are as deep as the parser lets them be.
+  static constexpr int kMostAttributes = 1000;         // of one element
+  static constexpr int kMostNamespaces = 1000;         // in force at one element
+  static constexpr int kMostDeclared = 100;            // attributes, in the document type
+  static constexpr int kMostReferences = 1000;         // to entities, between two start tags
+  static constexpr int kLargestDocumentType = 32'000;  // bytes, to within a piece that is read
+  // Bytes that entities may add.
+  static constexpr double kRoom = 1e6;
+  static constexpr double kRoomPerByte = 10.0;
+
   XmlDocument() noexcept;
   XmlDocument(XmlDocument const&) = delete;
   XmlDocument& operator=(XmlDocument const&) = delete;
   ~XmlDocument();
 
-  // False when the text is not a well-formed document. Throws std::bad_alloc.
+  // False when the text is not a well-formed document or passes a bound. Throws std::bad_alloc.
   bool Load(std::string_view text);
+  // Of the last Load, when it was false.
+  XmlProblem const& Problem() const noexcept { return problem_; }
 
   // The root element.
   XmlNode Root() const noexcept;
@@ -76,6 +100,7 @@ class XmlDocument {
     void operator()(void* document) const noexcept;
   };
   std::unique_ptr<void, Closer> document_;
+  XmlProblem problem_;
 };
 
 }  // namespace zel

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "zelaccess/Interchange.h"
 #include "zelaccess/LibMaint.h"
 
 namespace zel {
@@ -27,6 +28,13 @@ class ZEL_API LibMaint_p : public LibMaint {
   // False without output when the bank is not there.
   virtual bool DumpBankTree(char const* type, char const* name, std::int32_t indent,
                             std::FILE* stream, std::int32_t expected) = 0;
+  // How closely imports look at their documents; it starts as importUnchecked. Errors and warnings
+  // name the line of the document, e.g. `line 12: <aij> "61x37" is not a number`. What a malformed
+  // number stands in is not stored when it is an error: the item, or the property, correlation or
+  // structure of a component. A document that is not well formed is reported with its line and why.
+  virtual void SetImportChecks(zelImportChecks checks) = 0;
+  // Of the last import; all 0 before the first.
+  virtual void GetImportCounts(ZelImportCounts& counts) = 0;
 
  protected:
   LibMaint_p() = default;

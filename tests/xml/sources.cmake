@@ -7,6 +7,7 @@ set(xml_TEST_SOURCES
     export_files_test.cpp
     export_items_test.cpp
     import_banks_test.cpp
+    import_checks_test.cpp
     import_component_data_test.cpp
     import_component_reports_test.cpp
     import_component_units_test.cpp
@@ -14,6 +15,7 @@ set(xml_TEST_SOURCES
     import_items_test.cpp
     import_limits_test.cpp
     import_text_test.cpp
+    import_time_test.cpp
     import_walk_test.cpp
     round_trip_test.cpp
     unit_words_test.cpp)

@@ -1,0 +1,42 @@
+// Time that a document may cost: a second of the processor for each 100 KB.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <ctime>
+
+#if defined(__has_feature)
+#define ZEL_HAS_FEATURE(name) __has_feature(name)
+#else
+#define ZEL_HAS_FEATURE(name) 0
+#endif
+
+namespace zel::test {
+
+class TimeLimit {
+ public:
+  explicit TimeLimit(std::size_t bytes)
+      : allowed_(std::max(static_cast<double>(bytes) / kBytesPerSecond, 1.0) * kSlowness),
+        start_(std::clock()) {}
+
+  double Allowed() const { return allowed_; }
+  // Seconds of the processor since the start.
+  double Used() const {
+    return static_cast<double>(std::clock() - start_) / static_cast<double>(CLOCKS_PER_SEC);
+  }
+  bool Passed() const { return Used() > allowed_; }
+
+ private:
+  static constexpr double kBytesPerSecond = 100e3;
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(NDEBUG) || \
+    ZEL_HAS_FEATURE(address_sanitizer) || ZEL_HAS_FEATURE(thread_sanitizer)
+  static constexpr double kSlowness = 10.0;  // of a build that looks after itself
+#else
+  static constexpr double kSlowness = 1.0;
+#endif
+
+  double allowed_;
+  std::clock_t start_;
+};
+
+}  // namespace zel::test

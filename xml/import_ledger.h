@@ -1,0 +1,50 @@
+// What the documents of an import hold, and what of it arrived in the library.
+//
+// Each document is entered before it is walked, by its own structure and not by the walk, which
+// does not reach all of it: a component without an identity ends its bank, and of a document that
+// an included one includes nothing is read after the tag. What is walked reports its arrival; what
+// did not arrive is told when the document is done with.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "xml/xml_document.h"
+
+namespace zel {
+
+class DocumentLedger {
+ public:
+  enum Kind : std::uint8_t { kBank, kItem, kComponent, kImport, kText, kKinds };
+
+  // Enters the elements, which keep pointers to their entries.
+  explicit DocumentLedger(XmlDocument const& document);
+  DocumentLedger(DocumentLedger const&) = delete;
+  DocumentLedger& operator=(DocumentLedger const&) = delete;
+
+  // The element is in the library, or followed.
+  static void Arrived(XmlNode element) noexcept;
+
+  std::int64_t Found(Kind kind) const noexcept { return found_[kind]; }
+  std::int64_t Stored(Kind kind) const noexcept;
+  // One line of each element and kind of its children of which some did not arrive.
+  std::vector<std::string> Differences() const;
+
+ private:
+  struct Entry {
+    Kind kind;
+    bool arrived;
+    std::int32_t line;
+    std::size_t parent;  // in parents_
+  };
+
+  void Enter(XmlNode element, std::size_t parent);
+
+  std::deque<Entry> entries_;
+  std::vector<XmlNode> parents_;  // the first is null and stands for the document itself
+  std::int64_t found_[kKinds] = {};
+};
+
+}  // namespace zel
