@@ -281,6 +281,7 @@ Side SearchesOf(std::vector<std::unique_ptr<Library>> const& libraries) {
   return [&libraries](int) {
     LibSearch_i search;
     std::vector<LibFile*> files;
+    files.reserve(libraries.size());
     char names[3][9] = {"B", "B", "B"};
     for (auto const& library : libraries) files.push_back(library->Get());
     search.SetLibraryBanks(static_cast<long>(files.size()), files.data(), names);
@@ -302,6 +303,7 @@ void CompareComponents(RatioTable& table, std::filesystem::path const& folder) {
   table.Compare({"evaluation of six common forms, with slope", "inline formulas",
                  EvaluationsOf(ByHand), EvaluationsOf(ByEquation), Target::Ratio(1.5)});
   std::vector<std::unique_ptr<Library>> libraries;
+  libraries.reserve(3);
   for (int source = 0; source < 3; ++source) {
     libraries.push_back(std::make_unique<Library>(
         folder / ("components" + std::to_string(source) + ".lb1"), source));

@@ -21,6 +21,7 @@ constexpr int kRuns = 20;
 // Runs a program with its output thrown away; its exit status.
 std::uint64_t RunProgram(std::vector<std::string> words) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

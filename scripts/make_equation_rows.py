@@ -2,6 +2,7 @@
 """Makes tests/purecomp/equation_rows.inc: values, derivatives and sensitivities of all equation forms,
 in 50 digits (mpmath), for the tests to hold the library against.
 
+    scripts/bootstrap --equations    # installs mpmath
     scripts/make_equation_rows.py > tests/purecomp/equation_rows.inc
     scripts/make_equation_rows.py limits > tests/purecomp/limit_rows.inc
 

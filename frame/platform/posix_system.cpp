@@ -52,7 +52,7 @@ namespace {
 
 // The variable's value, or the folder below the home folder.
 std::string UserFolder(char const* variable, char const* below) {
-  std::string const set = Environment(variable);
+  std::string set = Environment(variable);
   if (!set.empty()) return set;
   std::string const home = Environment("HOME");
   return home.empty() ? std::string() : home + below;
@@ -119,7 +119,7 @@ std::string WorkingFolder() {
 std::string LongPath(std::string const& path) {
   char* real = ::realpath(path.c_str(), nullptr);
   if (real == nullptr) return path;
-  std::string const result = real;
+  std::string result = real;
   std::free(real);
   return result;
 }
@@ -160,13 +160,13 @@ int AttributesOf(std::string const& path) {
 
 std::vector<FolderEntry> ListFolder(std::string const& folder) {
   std::vector<FolderEntry> entries;
-  std::string const place = folder.empty() ? "." : folder;
+  std::string const place = folder.empty() ? "./" : folder + "/";
   std::unique_ptr<DIR, CloseListing> const listing(::opendir(place.c_str()));
   if (listing == nullptr) return entries;
   while (dirent const* entry = ::readdir(listing.get())) {
     std::string const name = entry->d_name;
     if (name == "." || name == "..") continue;
-    entries.push_back({name, AttributesOf(place + "/" + name)});
+    entries.push_back({name, AttributesOf(place + name)});
   }
   std::sort(entries.begin(), entries.end(),
             [](FolderEntry const& a, FolderEntry const& b) { return a.name < b.name; });

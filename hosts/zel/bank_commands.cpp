@@ -81,6 +81,7 @@ Report Banks(Options const& o) {
 // The fields named, in the order of the words.
 std::vector<Field> Chosen(zel::IZelBankDef& item, std::vector<std::string> const& names) {
   std::vector<Field> chosen;
+  chosen.reserve(names.size());
   for (std::string const& name : names) chosen.push_back(FieldNamed(item, name));
   return chosen;
 }

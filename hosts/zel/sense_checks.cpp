@@ -350,9 +350,9 @@ void SenseAcross::Repeated() {
   constexpr std::size_t kFew = 3;
   for (auto const& [constant, components] : constants_) {
     // Isomers have some constants in common.
-    bool const allAlike = std::all_of(components.begin(), components.end(), [&](Seen const& one) {
-      return one.formula == components.front().formula;
-    });
+    bool const allAlike = std::all_of(
+        components.begin(), components.end(),
+        [&first = components.front()](Seen const& one) { return one.formula == first.formula; });
     if (components.size() <= kFew || allAlike) continue;
     tell_("repeated", components.back().place,
           "has " + constant + " with " + std::to_string(components.size() - 1) +

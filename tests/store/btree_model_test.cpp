@@ -27,7 +27,6 @@ class Pair {
  public:
   Pair(int keyWords, int capacity)
       : library_(files_, accUpdate, "/t.lb1", "t"),
-        keyWords_(keyWords),
         model_(kType, static_cast<std::size_t>(keyWords), static_cast<std::size_t>(capacity)) {
     EXPECT_EQ(library_.CreateNew(libKind11), openOk);
     InitTreeHead(head_.data(), false, keyWords, kDataWords, kType);
@@ -112,7 +111,6 @@ class Pair {
 
   test::MemoryFileSystem files_;
   LibFile_i library_;
-  int keyWords_;
   std::array<std::int32_t, 8> head_{};
   std::optional<BTree_i> tree_;
   TreeModel model_;
