@@ -60,14 +60,18 @@ ZelStatus BankBase_i::GetBankInfo(char* type, char* description, std::int32_t* k
                                   std::int32_t* keyWords, std::int32_t* minKeyWords,
                                   std::int32_t* formatCount, std::int32_t* maxRecordWords,
                                   std::uint8_t* listed) {
-  CopyText(type_.keyword, type, kTypeSize);
-  CopyText(type_.description, description, kDescriptionSize);
-  *keyKind = type_.keyKind;
-  *keyWords = type_.keyWords;
-  *minKeyWords = type_.minKeyWords;
-  *formatCount = fields_.FormatCount();
-  *maxRecordWords = fields_.MaxRecordWords();
-  *listed = type_.listed;
+  if (NothingWanted(type, description, keyKind, keyWords, minKeyWords, formatCount, maxRecordWords,
+                    listed)) {
+    return kStatusFailed;
+  }
+  GiveText(type_.keyword, type, kTypeSize);
+  GiveText(type_.description, description, kDescriptionSize);
+  Give(keyKind, type_.keyKind);
+  Give(keyWords, type_.keyWords);
+  Give(minKeyWords, type_.minKeyWords);
+  Give(formatCount, fields_.FormatCount());
+  Give(maxRecordWords, fields_.MaxRecordWords());
+  Give(listed, type_.listed);
   return kStatusOk;
 }
 
@@ -75,24 +79,30 @@ ZelStatus BankBase_i::GetBlockInfo(char* type, std::int32_t* keyKind, std::int32
                                    std::int32_t* minKeyWords, std::int32_t* formatCount,
                                    std::int32_t* maxRecordWords, std::int32_t* pairRule,
                                    std::int32_t* fileResident) {
-  CopyText(type_.keyword, type, kTypeSize);
-  *keyKind = type_.keyKind;
-  *keyWords = type_.keyWords;
-  *minKeyWords = type_.minKeyWords;
-  *formatCount = fields_.FormatCount();
-  *maxRecordWords = fields_.MaxRecordWords();
-  *pairRule = type_.pairRule;
-  *fileResident = type_.fileResident;
+  if (NothingWanted(type, keyKind, keyWords, minKeyWords, formatCount, maxRecordWords, pairRule,
+                    fileResident)) {
+    return kStatusFailed;
+  }
+  GiveText(type_.keyword, type, kTypeSize);
+  Give(keyKind, type_.keyKind);
+  Give(keyWords, type_.keyWords);
+  Give(minKeyWords, type_.minKeyWords);
+  Give(formatCount, fields_.FormatCount());
+  Give(maxRecordWords, fields_.MaxRecordWords());
+  Give(pairRule, type_.pairRule);
+  Give(fileResident, type_.fileResident);
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::GetRecordLength(std::int32_t format, std::int32_t* words) {
+  if (words == nullptr) return kStatusFailed;
   std::int32_t const wanted = format == 0 ? fields_.FormatCount() : format;
   *words = HasFormat(wanted) ? fields_.RecordWords(wanted) : 0;
   return HasFormat(wanted) ? kStatusOk : kStatusFailed;
 }
 
 ZelStatus BankBase_i::GetFieldCount(std::int32_t format, std::int32_t* count) {
+  if (count == nullptr) return kStatusFailed;
   auto const rows = fields_.Rows();
   *count = static_cast<std::int32_t>(std::count_if(rows.begin(), rows.end(), [&](Field const& row) {
     return format == 0 || row.format <= format;
@@ -103,14 +113,15 @@ ZelStatus BankBase_i::GetFieldCount(std::int32_t format, std::int32_t* count) {
 ZelStatus BankBase_i::GetFieldList(std::int32_t format, char (*names)[13], char (*labels)[20],
                                    std::int32_t* types, std::int32_t* counts, char (*units)[20]) {
   if (fields_.Rows().empty()) return kStatusNotImplemented;
+  if (NothingWanted(names, labels, types, counts, units)) return kStatusFailed;
   std::size_t at = 0;
   for (Field const& row : fields_.Rows()) {
     if (format != 0 && row.format > format) continue;
-    CopyText(row.name, names[at], sizeof names[at]);
-    CopyText(row.label, labels[at], sizeof labels[at]);
-    types[at] = row.type;
-    counts[at] = row.count;
-    CopyText(row.unit, units[at], sizeof units[at]);
+    if (names != nullptr) CopyText(row.name, names[at], sizeof names[at]);
+    if (labels != nullptr) CopyText(row.label, labels[at], sizeof labels[at]);
+    if (types != nullptr) types[at] = row.type;
+    if (counts != nullptr) counts[at] = row.count;
+    if (units != nullptr) CopyText(row.unit, units[at], sizeof units[at]);
     ++at;
   }
   return kStatusOk;
@@ -150,6 +161,7 @@ ZelStatus BankBase_i::GetEnumList(char const* field, char (*names)[13], std::int
 
 ZelStatus BankBase_i::GetStringField(char const* name, char* text) {
   Field const* row = fields_.Find(TextOrEmpty(name), kText, kText);
+  if (text == nullptr) return kStatusFailed;
   *text = '\0';
   if (row == nullptr) return kStatusFailed;
   CopyText(Text(*row), text, static_cast<std::size_t>(row->count));
@@ -158,6 +170,7 @@ ZelStatus BankBase_i::GetStringField(char const* name, char* text) {
 
 ZelStatus BankBase_i::GetDoubleField(char const* name, double* values) {
   Field const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
+  if (values == nullptr) return kStatusFailed;
   *values = 0.0;
   if (row == nullptr) return kStatusFailed;
   std::copy_n(Reals(*row), row->count, values);
@@ -166,6 +179,7 @@ ZelStatus BankBase_i::GetDoubleField(char const* name, double* values) {
 
 ZelStatus BankBase_i::GetIntField(char const* name, std::int32_t* values) {
   Field const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
+  if (values == nullptr) return kStatusFailed;
   *values = 0;
   if (row == nullptr) return kStatusFailed;
   std::copy_n(Integers(*row), row->count, values);
@@ -181,14 +195,14 @@ ZelStatus BankBase_i::SetStringField(char const* name, char const* text) {
 
 ZelStatus BankBase_i::SetDoubleField(char const* name, double const* values) {
   Field const* row = fields_.Find(TextOrEmpty(name), kReal, kReal);
-  if (row == nullptr) return kStatusFailed;
+  if (row == nullptr || values == nullptr) return kStatusFailed;
   std::copy_n(values, row->count, Reals(*row));
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::SetIntField(char const* name, std::int32_t const* values) {
   Field const* row = fields_.Find(TextOrEmpty(name), kInteger, kEnumerated);
-  if (row == nullptr) return kStatusFailed;
+  if (row == nullptr || values == nullptr) return kStatusFailed;
   std::copy_n(values, row->count, Integers(*row));
   return kStatusOk;
 }
@@ -210,7 +224,7 @@ ZelStatus BankBase_i::Clear() {
 }
 
 ZelStatus BankBase_i::ReadBlock(std::int32_t const* block, std::int32_t format) {
-  if (!HasFormat(format)) return kStatusFailed;
+  if (!HasFormat(format) || block == nullptr) return kStatusFailed;
   for (Field const& row : fields_.Rows()) {
     if (row.format > format || row.codedByHand) continue;
     ForEachRun(row, block, [&](std::int32_t const* words, std::int32_t first, std::int32_t count) {
@@ -226,7 +240,7 @@ ZelStatus BankBase_i::ReadBlock(std::int32_t const* block, std::int32_t format) 
 }
 
 ZelStatus BankBase_i::WriteBlock(std::int32_t* block, std::int32_t format) {
-  if (!HasFormat(format)) return kStatusFailed;
+  if (!HasFormat(format) || block == nullptr) return kStatusFailed;
   std::fill_n(block, fields_.RecordWords(format), 0);
   for (Field const& row : fields_.Rows()) {
     if (row.format > format || row.codedByHand) continue;
@@ -249,17 +263,20 @@ ZelStatus BankBase_i::WriteBlock(std::int32_t* block, std::int32_t format) {
 // --- sources -------------------------------------------------------------------------------------
 
 ZelStatus BankBase_i::GetSource(char* text, std::uint8_t* isProtected) {
-  CopyText(source_, text, sizeof source_);
-  *isProtected = sourceProtected_ ? 1 : 0;
+  if (NothingWanted(text, isProtected)) return kStatusFailed;
+  GiveText(source_, text, sizeof source_);
+  Give(isProtected, sourceProtected_ ? 1 : 0);
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::GetSourceFlags(std::uint8_t* flags) {
+  if (flags == nullptr) return kStatusFailed;
   std::copy_n(sourceFlags_.get(), sourceCount_, flags);
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::GetRefBankName(char const*, char* name) {
+  if (name == nullptr) return kStatusFailed;
   *name = '\0';
   return kStatusOk;
 }
@@ -283,6 +300,7 @@ ZelStatus BankBase_i::SetSourceList(std::int32_t count, std::uint8_t const* foun
                                     std::uint8_t const* isProtected) {
   // The new flags first: where memory is short the old ones and their number stay.
   std::int32_t const size = std::max(count, 0);
+  if (size > 0 && (found == nullptr || isProtected == nullptr)) return kStatusFailed;
   auto flags = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(size));
   std::copy_n(found, size, flags.get());
   sourceFlags_ = std::move(flags);

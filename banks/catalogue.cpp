@@ -97,6 +97,7 @@ IZelBankDef* NewBank(char const* keyword) {
 long GetBankTypeCount() { return kBankTypes; }
 
 void GetBankTypeList(long count, char (*list)[9]) {
+  if (list == nullptr) return;
   for (long i = 0; i < count; ++i) {
     std::string_view const keyword = i < kBankTypes ? kCatalogue[i].keyword : "";
     CopyText(keyword, list[i], sizeof list[i]);
@@ -111,6 +112,7 @@ long GetRefBankTypeCount(char const* keyword) {
 }
 
 void GetRefBankTypeList(char const* keyword, long count, char (*list)[9]) {
+  if (list == nullptr) return;
   BankType const* type = FindBankType(TextOrEmpty(keyword));
   long const found = std::min(count, GetRefBankTypeCount(keyword));
   for (long i = 0; i < found; ++i) CopyText(type->references[i], list[i], sizeof list[i]);

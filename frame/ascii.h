@@ -43,4 +43,20 @@ inline void CopyText(std::string_view text, char* buffer, std::size_t size) noex
   buffer[count] = '\0';
 }
 
+// The same for an output that a caller may not want: null is passed over.
+inline void GiveText(std::string_view text, char* buffer, std::size_t size) noexcept {
+  if (buffer != nullptr) CopyText(text, buffer, size);
+}
+
+template <typename Type, typename Value>
+void Give(Type* out, Value const& value) noexcept {
+  if (out != nullptr) *out = static_cast<Type>(value);
+}
+
+// True when all outputs of an operation are null: nothing is left to be given.
+template <typename... Types>
+constexpr bool NothingWanted(Types*... outs) noexcept {
+  return ((outs == nullptr) && ...);
+}
+
 }  // namespace zel

@@ -1,8 +1,8 @@
 // A walk over the files of a folder, and of the folders below it.
 //
-// There is one walk at a time in a process: beginning one ends the one before. A folder is listed
-// whole, sorted by name, when the walk comes to it, so callers may delete the files they are
-// handed.
+// There is one walk at a time in a process, which is not guarded: beginning one ends the one
+// before. Nothing that hosts reach uses it. A folder is listed whole, sorted by name, when the walk
+// comes to it, so callers may delete the files they are handed.
 #pragma once
 
 #include <string>

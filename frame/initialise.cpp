@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
 
 #include "frame/module.h"
 #include "frame/platform/system.h"
@@ -12,6 +13,9 @@
 namespace zel {
 namespace {
 
+// Threads that come while one starts the unit system wait until it is started. The exit of a start
+// that fails runs within, and may come here again.
+std::recursive_mutex starting;
 constinit bool initialised = false;
 
 [[noreturn]] void EndWith(char const* message) {
@@ -33,6 +37,7 @@ void EndUnlessStarted(int unitSystemResult) {
 }
 
 void InitZelAccess() {
+  std::lock_guard const lock(starting);
   if (initialised) return;
   platform::WriteDebug("ZelAccess initializing - InitZelAccess\n");
   initialised = true;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <mutex>
 
 #include "frame/ascii.h"
 #include "frame/platform/system.h"
@@ -38,6 +39,8 @@ std::string LookUp(int selector) {
 }
 
 std::string const& FromCache(int selector) {
+  static std::recursive_mutex busy;  // the look-up of one needs another
+  std::lock_guard const lock(busy);
   static auto& cache = *new std::array<Cached, kFirstSystemFolder>;  // to the end of the process
   Cached& cached = cache[static_cast<std::size_t>(selector)];
   if (cached.state == Cached::kNotYet) {

@@ -1,11 +1,13 @@
 #include "frame/module.h"
 
+#include <atomic>
+
 #include "zelaccess/Version.h"
 
 namespace zel {
 namespace {
 
-constinit bool deleteTestFlag = false;
+constinit std::atomic<bool> deleteTestFlag = false;
 constinit platform::ModuleHandle moduleHandle = nullptr;
 
 // Runs when the module is loaded and does no other work. Nothing needs to be given back at unload:

@@ -1,5 +1,6 @@
 #include "lists/comp_list.h"
 
+#include <mutex>
 #include <string>
 
 #include "frame/ascii.h"
@@ -21,10 +22,24 @@ struct Settings {
 };
 
 // Lives as long as the process: a host's global list ends after what ends by itself.
-Settings& Shared() {
-  static Settings& settings = *new Settings;
+struct GuardedSettings {
+  std::mutex busy;
+  Settings settings;
+};
+GuardedSettings& Guarded() {
+  static GuardedSettings& settings = *new GuardedSettings;
   return settings;
 }
+
+// The settings, for as long as this object lives in this thread's hands alone.
+class Shared {
+ public:
+  Shared() : lock_(Guarded().busy) {}
+  Settings* operator->() const noexcept { return &Guarded().settings; }
+
+ private:
+  std::lock_guard<std::mutex> lock_;
+};
 
 // An undefined value is taken as the number it is.
 bool InRange(double value, Settings const& settings) noexcept {
@@ -60,7 +75,7 @@ void CompList::DelCompList(CompList*& list) {
   list = nullptr;
 }
 
-CompList_i::CompList_i() { Shared(); }
+CompList_i::CompList_i() { Guarded(); }
 
 CompList_i::~CompList_i() { CompList_i::ClearList(); }
 
@@ -78,38 +93,53 @@ bool CompList_i::ReadList(char const* path) {
 }
 
 void CompList_i::SetSort(std::int32_t key, std::int32_t descending) {
-  Shared().sort = key;
-  Shared().descending = descending;
+  {
+    Shared const shared;
+    shared->sort = key;
+    shared->descending = descending;
+  }
   Rewind();
 }
 
 void CompList_i::GetSort(std::int32_t& key, std::int32_t& descending) const {
-  key = Shared().sort;
-  descending = Shared().descending;
+  Shared const shared;
+  key = shared->sort;
+  descending = shared->descending;
 }
 
 void CompList_i::SetFilter(char const* pattern) {
   std::string_view const text = TextOrEmpty(pattern);
-  Shared().filter = text.empty() ? "*" : std::string(text);
+  std::string filter(text.empty() ? "*" : text);
+  Shared()->filter.swap(filter);
   Rewind();
 }
 
-char const* CompList_i::GetFilter() const { return Shared().filter.c_str(); }
+// The text is this list's copy: another thread may change the filter while it is read.
+char const* CompList_i::GetFilter() const {
+  Shared const shared;
+  if (shownFilter_ != shared->filter) shownFilter_ = shared->filter;
+  return shownFilter_.c_str();
+}
 
 void CompList_i::SetRange(double minimum, double maximum) {
-  Shared().minimum = minimum;
-  Shared().maximum = maximum;
+  {
+    Shared const shared;
+    shared->minimum = minimum;
+    shared->maximum = maximum;
+  }
   Rewind();
 }
 
 void CompList_i::GetRange(double& minimum, double& maximum) const {
-  minimum = Shared().minimum;
-  maximum = Shared().maximum;
+  Shared const shared;
+  minimum = shared->minimum;
+  maximum = shared->maximum;
 }
 
 // Null at the end. Numbers that point at no row, as a damaged file can have them, are passed over.
 ListEntry const* CompList_i::Next() {
-  Settings const& settings = Shared();
+  Shared const shared;
+  Settings const& settings = *shared.operator->();
   if (settings.sort < 0 || settings.sort >= static_cast<std::int32_t>(kOrders)) return nullptr;
   Order const& order = orders_[static_cast<std::size_t>(settings.sort)];
   while (cursor_ < order.size()) {
@@ -124,21 +154,22 @@ ListEntry const* CompList_i::Next() {
 bool CompList_i::GetNext(char* name, char* id, char* formula, char* cas, double& nbp, double& mw) {
   ListEntry const* row = Next();
   if (row == nullptr) return false;
-  CopyText(row->name, name, kNameSize);
-  CopyText(row->id, id, kIdSize);
-  CopyText(row->formula, formula, kFormulaSize);
-  CopyText(static_cast<char const*>(row->cas), cas, kCasSize);
+  GiveText(row->name, name, kNameSize);
+  GiveText(row->id, id, kIdSize);
+  GiveText(row->formula, formula, kFormulaSize);
+  GiveText(static_cast<char const*>(row->cas), cas, kCasSize);
   nbp = row->nbp;
   mw = row->mw;
   return true;
 }
 
 bool CompList_i::GetNextShort(char* id, char* name, char* formula) {
+  if (NothingWanted(id, name, formula)) return false;
   ListEntry const* row = Next();
   if (row == nullptr) return false;
-  CopyText(row->id, id, kIdSize);
-  CopyText(row->name, name, kNameSize);
-  CopyText(row->formula, formula, kFormulaSize);
+  GiveText(row->id, id, kIdSize);
+  GiveText(row->name, name, kNameSize);
+  GiveText(row->formula, formula, kFormulaSize);
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "lists/list_entry.h"
@@ -48,7 +49,8 @@ class CompList_i final : public CompList {
 
   std::vector<ListEntry> entries_;
   std::array<Order, kOrders> orders_;
-  std::size_t cursor_ = 0;  // positions already walked
+  std::size_t cursor_ = 0;           // positions already walked
+  mutable std::string shownFilter_;  // what GetFilter gave
   std::unique_ptr<CompListBuild_i> builder_;
 };
 

@@ -90,15 +90,20 @@ bool CompListBuild_i::CleanRecord(char* name, char (*ids)[9], std::int32_t& idCo
                                   char* secondFormula, std::uint8_t keepFormula,
                                   std::int32_t& formulaResult, std::int32_t& casNumber) {
   constexpr std::size_t kNameSize = 41;
-  TidyName(name);
+  constexpr std::size_t kFormulaSize = 21;
   idCount = 0;
+  formulaResult = 1;
+  if (name == nullptr || ids == nullptr || formula == nullptr) return false;
+  char unwanted[kFormulaSize];
+  TidyName(name);
   for (int i = 0; i < kIds; ++i) {
     if (IsDropped(ids[i])) continue;
     char* kept = ids[idCount++];
     if (kept != ids[i]) CopyText(ids[i], kept, kIdSize);
     for (char* c = kept; *c != '\0'; ++c) *c = ToUpper(*c);
   }
-  formulaResult = NormaliseFormula(formula, secondFormula, keepFormula != 0);
+  formulaResult = NormaliseFormula(formula, secondFormula != nullptr ? secondFormula : unwanted,
+                                   keepFormula != 0);
   casNumber = static_cast<std::int32_t>(static_cast<long>(casn(casNumber)));
   if (name[0] == '\0') CopyText(ids[0], name, kNameSize);
   return idCount != 0 && ids[0][0] != '\0';
@@ -123,6 +128,7 @@ void CompListBuild_i::AddRecord(char const* name, char const* id, char const* fo
 }
 
 void CompListBuild_i::AddIds(std::int32_t count, char const (*ids)[9]) {
+  if (ids == nullptr) return;
   for (std::int32_t i = 0; i < count; ++i) AddId(ids[i]);
 }
 
@@ -224,7 +230,7 @@ std::int32_t CompListBuild_i::CountOrders() {
 void CompListBuild_i::FormatRecord(std::int32_t row, char* text) {
   auto const at = static_cast<std::size_t>(row);
   if (row < 0 || at >= list_.Entries().size()) throw std::out_of_range("invalid vector subscript");
-  CopyText(ListLine(list_, at), text, kLongestFormatted);
+  GiveText(ListLine(list_, at), text, kLongestFormatted);
 }
 
 void CompListBuild_i::GetTimes(double& total, double& sort, double& order) const {

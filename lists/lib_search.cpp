@@ -60,13 +60,16 @@ void LibSearch_i::DropAll() noexcept {
 }
 
 void LibSearch_i::TakeLibraries(long count, LibFile* const* libraries) {
-  libraries_.assign(libraries, libraries + Count(count));
+  libraries_.assign(Count(count), nullptr);
+  if (libraries != nullptr) std::copy_n(libraries, libraries_.size(), libraries_.begin());
 }
 
 template <typename Names>
 void LibSearch_i::TakeNames(long count, Names names) {
   bankNames_.clear();
-  for (std::size_t i = 0; i < Count(count); ++i) bankNames_.push_back(CutName(names[i]));
+  for (std::size_t i = 0; i < Count(count); ++i) {
+    bankNames_.push_back(names != nullptr ? CutName(names[i]) : std::string());
+  }
 }
 
 void LibSearch_i::SetLibraries(long count, LibFile* const* libraries) {

@@ -57,7 +57,11 @@ class Columns {
     rest_.remove_prefix(column.size());
     return column;
   }
-  double Real() { return ParseReal(Text()); }
+  // Undefined where the line has ended.
+  double Real() {
+    std::string_view const column = Text();
+    return column.empty() ? gen_GetUndefDouble() : ParseReal(column);
+  }
   // The next number of an order. One that is missing or negative is dropped.
   void Append(CompList_i::Order& order) {
     std::string_view const column = Text();

@@ -1,5 +1,9 @@
 #include "maint/document_stack.h"
 
+#include <mutex>
+#include <new>
+#include <utility>
+
 #include "frame/path_parts.h"
 
 namespace zel {
@@ -34,10 +38,52 @@ void DocumentStack::Clear() noexcept {
   documentFiles_.clear();
 }
 
+namespace {
+
 // Lives as long as the process, for a host's global objects.
-DocumentStack& Documents() noexcept {
+DocumentStack& OfProcess() noexcept {
   static DocumentStack& stack = *new DocumentStack;
   return stack;
+}
+
+constinit std::mutex processBusy;
+constinit thread_local DocumentStack* ofImport = nullptr;
+
+}  // namespace
+
+DocumentStack& Documents() noexcept { return ofImport != nullptr ? *ofImport : OfProcess(); }
+
+std::string TopDocumentFile() {
+  if (ofImport != nullptr) return ofImport->TopFile();
+  std::lock_guard const lock(processBusy);
+  return OfProcess().TopFile();
+}
+
+// Of the entries that are there the import can see only the last.
+DocumentsOfImport::DocumentsOfImport() : before_(ofImport) {
+  std::lock_guard const lock(processBusy);
+  DocumentStack const& outer = Documents();
+  if (!outer.documentFiles_.empty()) {
+    own_.documentFolders_.push_back(outer.documentFolders_.back());
+    own_.documentFiles_.push_back(outer.documentFiles_.back());
+    taken_ = 1;
+  }
+  ofImport = &own_;
+}
+
+DocumentsOfImport::~DocumentsOfImport() {
+  std::lock_guard const lock(processBusy);
+  ofImport = before_;
+  DocumentStack& outer = Documents();
+  for (std::size_t i = taken_; i < own_.documentFiles_.size(); ++i) {
+    try {
+      outer.documentFolders_.push_back(std::move(own_.documentFolders_[i]));
+      outer.documentFiles_.push_back(std::move(own_.documentFiles_[i]));
+    } catch (std::bad_alloc const&) {  // the two stay as long as each other
+      outer.documentFolders_.resize(outer.documentFiles_.size());
+      return;
+    }
+  }
 }
 
 }  // namespace zel

@@ -1,10 +1,12 @@
 // The documents that an import is reading, innermost on top: folders, against which a relative path
 // in the document is resolved, and file names, which every log line shows.
 //
-// One pair of stacks serves the process, so one import at a time may run. The entries of a
-// top-level document stay: the next import of the process resolves a relative path against them.
+// An import has stacks of its own, so that several threads can import at the same time. When it
+// ends, its entries go to those of the process, where those of a top-level document stay: the next
+// import of the process resolves a relative path against them.
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -23,10 +25,31 @@ class DocumentStack {
   void Clear() noexcept;
 
  private:
+  friend class DocumentsOfImport;
+
   std::deque<std::string> documentFolders_;
   std::deque<std::string> documentFiles_;
 };
 
+// The stacks of the import that this thread runs; outside of one those of the process, which are
+// then unguarded.
 DocumentStack& Documents() noexcept;
+
+// The file name on top of them, guarded either way.
+std::string TopDocumentFile();
+
+// The stacks of one import, from its begin to its end.
+class DocumentsOfImport {
+ public:
+  DocumentsOfImport();
+  DocumentsOfImport(DocumentsOfImport const&) = delete;
+  DocumentsOfImport& operator=(DocumentsOfImport const&) = delete;
+  ~DocumentsOfImport();
+
+ private:
+  DocumentStack own_;
+  std::size_t taken_ = 0;  // entries that were the process's
+  DocumentStack* before_;
+};
 
 }  // namespace zel

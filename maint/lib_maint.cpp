@@ -106,6 +106,7 @@ bool LibMaint_i::DeleteBank(char const* type, char const* name) {
 }
 
 void LibMaint_i::GetBankMemo(char const* type, char const* name, char* memo) {
+  if (memo == nullptr) return;
   *memo = '\0';
   std::int32_t const* entry = nullptr;
   if (!FindBank(type, name, entry)) return;
@@ -143,7 +144,7 @@ bool LibMaint_i::BankExists(char const* type, char const* name) {
 bool LibMaint_i::DumpBankTree(char const* type, char const* name, std::int32_t indent,
                               std::FILE* stream, std::int32_t expected) {
   std::int32_t const* entry = nullptr;
-  if (!FindBank(type, name, entry)) return false;
+  if (stream == nullptr || !FindBank(type, name, entry)) return false;
   Head record;
   std::copy_n(entry + f::kBankHead, record.size(), record.begin());
   return BTree_i(library_->Store(), record.data()).DumpTree(indent, stream, expected);
@@ -151,7 +152,9 @@ bool LibMaint_i::DumpBankTree(char const* type, char const* name, std::int32_t i
 
 void LibMaint_i::GetRefBankNames(char const* type, char const* name, std::int32_t count,
                                  char const (*types)[9], char (*names)[9]) {
+  if (names == nullptr) return;
   for (std::int32_t i = 0; i < count; ++i) names[i][0] = '\0';
+  if (types == nullptr) return;
   Held<IZelBankDef> const bank(NewBank(type));
   if (!bank || !BankExists(type, name)) return;
   Key_i key;

@@ -131,6 +131,8 @@ class LibMaint_i final : public LibMaint_p {
   Located LocateItem(IZelBankIO* bank, char const* name, Key* key, std::int32_t const*& entry);
   bool PrepareKey(BlockInfo const& info, Key_p* key);
   Located Fail(std::string_view reason);
+  void KeepItem(char const* name, Key* key);
+  bool FindItemAgain(IZelBankIO* bank, BlockInfo const& info);
   void ReadRecord(IZelBankIO* bank, std::int32_t const* entry);
   void WriteRecord(IZelBankIO* bank, bool isNew);
   // lib_maint_identity.cpp
@@ -161,6 +163,10 @@ class LibMaint_i final : public LibMaint_p {
   RecordFormat format_;
   std::int32_t fileResident_ = 0;
   bool swapped_ = false;
+  // The item that RewriteItem writes: bank, key, and the library's changes when it was reached.
+  std::string itemBank_;
+  std::array<std::int32_t, format::kMaxKeyWords> itemKey_{};
+  std::uint64_t itemChanges_ = 0;
   bool itemValid_ = false;
   MaintLog log_;
   bool writeFormat_ = true;

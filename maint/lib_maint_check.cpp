@@ -137,7 +137,8 @@ bool LibMaint_i::CheckComponent(IZelPureComp* component, Key* key, char* text) {
   if (text != nullptr) *text = '\0';
   if (component == nullptr) return false;
   ComponentIdentity const identity(component);
-  LibFile* index = LibFile::GetOrdwinNameIndex();
+  NameIndexUse const use;
+  LibFile* index = use.Library();
   auto* reference = index == library_ ? nullptr : dynamic_cast<LibFile_p*>(index);
   auto const* inner = dynamic_cast<Key_p const*>(key);
   std::string const keyText = inner == nullptr ? std::string() : KeyText(identity, *inner);

@@ -52,7 +52,7 @@ void LibMaint_i::UpdateIdTrees(IZelPureComp& record) {
 // and then from the reference banks of the name index. False when none has it.
 bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
                                        bool& fromReference) {
-  *id = '\0';
+  Give(id, '\0');
   cas = casn();
   fromReference = false;
   Held<IZelBankDef> const bank(NewBank(kComponentType));
@@ -62,7 +62,7 @@ bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
   auto const read = [&](LibMaint_i& reader, char const* name) {
     if (!reader.ReadItem(bank.Get(), name, &key)) return false;
     ComponentIdentity const identity(component.Get());
-    CopyText(identity.ids[0], id, ComponentIdentity::kIdSize);
+    GiveText(identity.ids[0], id, ComponentIdentity::kIdSize);
     cas = identity.Cas();
     return true;
   };
@@ -75,7 +75,8 @@ bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
   while (walk.NextBank(type, name)) {
     if (read(own, name)) return true;
   }
-  LibFile* reference = LibFile::GetOrdwinNameIndex();
+  NameIndexUse const use;
+  LibFile* reference = use.Library();
   if (reference == nullptr || reference == library_) return false;
   LibMaint_i other(reference);
   for (char const* referenceBank : kReferenceBanks) {
@@ -91,6 +92,7 @@ void LibMaint_i::GetIdOfNumber(std::int32_t number, char* id, bool& fromNameInde
 }
 
 void LibMaint_i::GetIdOfNumber(std::int32_t number, char* id) {
+  if (id == nullptr) return;
   bool fromNameIndex = false;
   GetIdOfNumber(number, id, fromNameIndex);
 }

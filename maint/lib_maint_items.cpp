@@ -1,4 +1,5 @@
 // Items of a bank: located, read, written, deleted.
+#include <algorithm>
 #include <string>
 
 #include "frame/ascii.h"
@@ -124,7 +125,7 @@ bool LibMaint_i::ReadItem(IZelBankDef* bank, char const* name, Key* key) {
   io->SetSource(library_, name, library_->IsPasswordLocked() ? 1 : 0);
   ReadRecord(io.Get(), entry);
   if (swapped_) io->SwapPair();
-  itemValid_ = true;
+  KeepItem(name, key);
   return true;
 }
 
@@ -145,8 +146,28 @@ bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
     if (grew) StoreHead(currentType_.c_str(), name);
   }
   WriteRecord(io.Get(), located == Located::kAbsent);
-  itemValid_ = true;
+  KeepItem(name, key);
   return true;
+}
+
+// The item just read or written is the one that RewriteItem writes.
+void LibMaint_i::KeepItem(char const* name, Key* key) {
+  itemBank_ = TextOrEmpty(name);
+  std::copy_n(dynamic_cast<Key_p*>(key)->GetKeyWords(), itemKey_.size(), itemKey_.begin());
+  itemChanges_ = library_->Store().Changes();
+  itemValid_ = true;
+}
+
+// Another object can have written to the library since the item was reached: the tree at hand then
+// holds nodes of before, and is made anew from the bank's head. False when the item is gone.
+bool LibMaint_i::FindItemAgain(IZelBankIO* bank, BlockInfo const& info) {
+  if (itemChanges_ == library_->Store().Changes()) return true;
+  std::int32_t const* found = nullptr;
+  if (!library_->FindBank(info.type, itemBank_.c_str(), found, false)) return false;
+  MakeTree(found + f::kBankHead);
+  BTreeHead_i const& head = bankTree_->Head();
+  return head.keyWords == keyWords_ && FormatOf(bank, info, head).format == format_.format &&
+         bankTree_->Find(itemKey_.data(), found);
 }
 
 bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
@@ -158,11 +179,12 @@ bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
   io->GetRecordLength(format_.format, &words);
   std::int32_t* entry = nullptr;
   if (!SameText(info.type, currentType_) || info.keyWords != keyWords_ || words != format_.words ||
-      !bankTree_ || !bankTree_->GetCurrentData(entry)) {
+      !bankTree_ || !FindItemAgain(io.Get(), info) || !bankTree_->GetCurrentData(entry)) {
     itemValid_ = false;
     return false;
   }
   WriteRecord(io.Get(), false);
+  itemChanges_ = library_->Store().Changes();
   return true;
 }
 

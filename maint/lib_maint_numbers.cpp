@@ -13,7 +13,8 @@ std::int32_t AskBoth(LibFile_i* library, bool& fromNameIndex, LookUp const& look
   fromNameIndex = false;
   std::int32_t const* data = nullptr;
   if (library != nullptr && lookUp(*library, data)) return data[0];
-  auto* index = dynamic_cast<LibFile_p*>(LibFile::GetOrdwinNameIndex());
+  NameIndexUse const use;
+  auto* index = dynamic_cast<LibFile_p*>(use.Library());
   if (index == nullptr || !lookUp(*index, data)) return 0;
   fromNameIndex = true;
   return data[0];
@@ -57,7 +58,8 @@ std::int32_t LibMaint_i::NextComponentNumber() {
 void LibMaint_i::CollectUsedNumbers() {
   usedNumbers_.clear();
   AddUsedNumbers(library_);
-  LibFile* index = LibFile::GetOrdwinNameIndex();
+  NameIndexUse const use;
+  LibFile* index = use.Library();
   if (index != nullptr && index != library_) AddUsedNumbers(index);
   usedNumbersValid_ = true;
 }

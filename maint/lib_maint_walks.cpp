@@ -12,8 +12,9 @@ namespace zel {
 namespace f = format;
 
 namespace {
-enum TreeOrder : int { kDirectory = 0, kCharacterIds = 1 };
-}
+enum OwnTree : int { kDirectory = 0, kCharacterIds = 1 };
+bool IsOpen(LibFile_i* library) { return library != nullptr && library->GetBankTree() != nullptr; }
+}  // namespace
 
 bool LibMaint_i::StartWalk(WalkMode mode, std::int32_t const* head) {
   MakeTree(head);
@@ -31,54 +32,43 @@ bool LibMaint_i::WalkIs(WalkMode mode) noexcept {
   return walkMode_ == mode && bankTree_;
 }
 
-namespace {
-
-// Heads of the library's own trees as they stand now; false while it is closed.
-bool TakeHead(LibFile_i* library, int tree, std::int32_t* head) {
-  if (library == nullptr || library->GetBankTree() == nullptr) return false;
-  std::int32_t const* header = nullptr;
-  std::int32_t const* table = nullptr;
-  std::int32_t const* heads = nullptr;
-  library->GetHeaderBlocks(&header, &table, &heads);
-  std::copy_n(heads + tree * f::kHeadWords, f::kHeadWords, head);
-  return true;
-}
-
-}  // namespace
-
 void LibMaint_i::BeginIdWalk() {
   DropTree();
-  Head head;
-  if (TakeHead(library_, kCharacterIds, head.data())) StartWalk(WalkMode::kIds, head.data());
+  if (IsOpen(library_)) StartWalk(WalkMode::kIds, library_->HeadOf(kCharacterIds).data());
 }
 
 bool LibMaint_i::NextId(std::int32_t& number, char* id) {
   number = 0;
-  *id = '\0';
+  Give(id, '\0');
   std::int32_t const* entry = nullptr;
   if (!WalkIs(WalkMode::kIds) || keyWords_ != f::kIdKeyWords || !bankTree_->WalkNext(entry)) {
     return false;
   }
   number = entry[f::kIdKeyWords];
-  WordsToText(entry, f::kIdKeyWords, id);
+  if (id != nullptr) WordsToText(entry, f::kIdKeyWords, id);
   return true;
 }
 
 void LibMaint_i::BeginBankWalk(char const* type) {
   DropTree();
   currentType_ = TextOrEmpty(type);
-  Head head;
-  if (TakeHead(library_, kDirectory, head.data())) StartWalk(WalkMode::kBanks, head.data());
+  if (IsOpen(library_)) StartWalk(WalkMode::kBanks, library_->HeadOf(kDirectory).data());
 }
 
 bool LibMaint_i::NextBank(char* type, char* name) {
+  Give(type, '\0');
+  Give(name, '\0');
+  if (NothingWanted(type, name)) return false;
+  char ownType[9];
+  char ownName[9];
   std::int32_t const* entry = nullptr;
   while (WalkIs(WalkMode::kBanks) && keyWords_ == f::kBankKeyWords && bankTree_->WalkNext(entry)) {
-    UnpackBankKey(entry, type, name);
-    if (currentType_.empty() || currentType_ == type) return true;
+    UnpackBankKey(entry, ownType, ownName);
+    if (!currentType_.empty() && currentType_ != ownType) continue;
+    GiveText(ownType, type, sizeof ownType);
+    GiveText(ownName, name, sizeof ownName);
+    return true;
   }
-  *type = '\0';
-  *name = '\0';
   return false;
 }
 
@@ -93,7 +83,7 @@ bool LibMaint_i::BeginItemWalk(char const* type, char const* name) {
 bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   if (!WalkIs(WalkMode::kItems)) return false;
   auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
-  std::fill_n(keyWords, keyWords_, 0);
+  if (keyWords != nullptr) std::fill_n(keyWords, keyWords_, 0);
   if (!io) return false;
   io->Clear();
   BlockInfo const info(io.Get());
@@ -101,14 +91,14 @@ bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   format_ = FormatOf(io.Get(), info, bankTree_->Head());
   std::int32_t const* entry = nullptr;
   if (format_.format == 0 || !bankTree_->WalkNext(entry)) return false;
-  std::copy_n(entry, keyWords_, keyWords);
+  if (keyWords != nullptr) std::copy_n(entry, keyWords_, keyWords);
   fileResident_ = info.fileResident;
   ReadRecord(io.Get(), entry + keyWords_);
   return true;
 }
 
 bool LibMaint_i::NextItemKey(std::int32_t* keyWords) {
-  if (!WalkIs(WalkMode::kItems)) return false;
+  if (!WalkIs(WalkMode::kItems) || keyWords == nullptr) return false;
   std::fill_n(keyWords, keyWords_, 0);
   std::int32_t const* entry = nullptr;
   if (!bankTree_->WalkNext(entry)) return false;

@@ -16,7 +16,7 @@ constexpr std::size_t kTypeWidth = 8;
 void WriteLine(std::string const& line) { std::fwrite(line.data(), 1, line.size(), stdout); }
 
 void WriteReport(std::string_view kind, std::string_view text) {
-  std::string line = "*** " + Documents().TopFile();
+  std::string line = "*** " + TopDocumentFile();
   line.append(kind).append(text).append("\n");
   WriteLine(line);
 }

@@ -74,8 +74,9 @@ ZelStatus PureComp_i::Complete() {
 }
 
 ZelStatus PureComp_i::GetConsistencyWarning(std::uint8_t* flag, char* text) {
-  *flag = c_.consistencyWarning ? 1 : 0;
-  CopyText(c_.consistencyText.data(), text, c_.consistencyText.size());
+  if (NothingWanted(flag, text)) return kStatusFailed;
+  Give(flag, c_.consistencyWarning ? 1 : 0);
+  GiveText(c_.consistencyText.data(), text, c_.consistencyText.size());
   return kStatusOk;
 }
 
@@ -84,21 +85,25 @@ ZelStatus PureComp_i::GetConsistencyWarning(std::uint8_t* flag, char* text) {
 ZelStatus PureComp_i::GetIdentity(std::int32_t* number, std::int32_t* casNumber,
                                   std::int32_t* refCode, char (*libraryIds)[9], char* name,
                                   char* formula, std::uint8_t* keepFormula) {
-  *number = c_.number;
-  *casNumber = c_.casNumber;
-  *refCode = c_.refCode;
-  for (std::size_t i = 0; i < kLibraryIds; ++i) {
+  if (NothingWanted(number, casNumber, refCode, libraryIds, name, formula, keepFormula)) {
+    return kStatusFailed;
+  }
+  Give(number, c_.number);
+  Give(casNumber, c_.casNumber);
+  Give(refCode, c_.refCode);
+  for (std::size_t i = 0; libraryIds != nullptr && i < kLibraryIds; ++i) {
     CopyText(c_.libraryIds[i].data(), libraryIds[i], sizeof libraryIds[i]);
   }
-  CopyText(c_.name.data(), name, c_.name.size());
-  CopyText(c_.formula.data(), formula, c_.formula.size());
-  *keepFormula = c_.keepFormula ? 1 : 0;
+  GiveText(c_.name.data(), name, c_.name.size());
+  GiveText(c_.formula.data(), formula, c_.formula.size());
+  Give(keepFormula, c_.keepFormula ? 1 : 0);
   return kStatusOk;
 }
 
 ZelStatus PureComp_i::SetIdentity(std::int32_t number, std::int32_t casNumber, std::int32_t refCode,
                                   char const (*libraryIds)[9], char const* name,
                                   char const* formula, std::uint8_t keepFormula) {
+  if (libraryIds == nullptr) return kStatusFailed;
   c_.number = number;
   c_.casNumber = casNumber;
   c_.refCode = refCode;
@@ -110,6 +115,7 @@ ZelStatus PureComp_i::SetIdentity(std::int32_t number, std::int32_t casNumber, s
 }
 
 ZelStatus PureComp_i::GetSmiles(char* text) {
+  if (text == nullptr) return kStatusFailed;
   CopyText(c_.smiles.data(), text, c_.smiles.size());
   return c_.smiles[0] == '\0' ? kStatusNothingNew : kStatusOk;
 }
@@ -120,6 +126,7 @@ ZelStatus PureComp_i::SetSmiles(char const* text) {
 }
 
 ZelStatus PureComp_i::GetPhase(std::int32_t* phase) {
+  if (phase == nullptr) return kStatusFailed;
   *phase = c_.phase;
   return kStatusOk;
 }
@@ -132,28 +139,31 @@ ZelStatus PureComp_i::SetPhase(std::int32_t phase) {
 // --- constants -----------------------------------------------------------------------------------
 
 ZelStatus PureComp_i::GetAllProperties(double* values) {
+  if (values == nullptr) return kStatusFailed;
   std::copy(c_.fixed.begin(), c_.fixed.end(), values);
   return kStatusOk;
 }
 
 ZelStatus PureComp_i::GetProperty(std::uint32_t index, double* value) {
-  if (index >= c_.fixed.size()) return kStatusFailed;
+  if (index >= c_.fixed.size() || value == nullptr) return kStatusFailed;
   *value = c_.fixed[index];
   return kStatusOk;
 }
 
 ZelStatus PureComp_i::GetAllCompleted(double* values) {
+  if (values == nullptr) return kStatusFailed;
   std::copy(c_.completed.begin(), c_.completed.end(), values);
   return kStatusOk;
 }
 
 ZelStatus PureComp_i::GetCompleted(std::uint32_t index, double* value) {
-  if (index >= c_.completed.size()) return kStatusFailed;
+  if (index >= c_.completed.size() || value == nullptr) return kStatusFailed;
   *value = c_.completed[index];
   return kStatusOk;
 }
 
 ZelStatus PureComp_i::SetAllProperties(double const* values) {
+  if (values == nullptr) return kStatusFailed;
   std::copy_n(values, c_.fixed.size(), c_.fixed.begin());
   return kStatusOk;
 }
@@ -165,17 +175,20 @@ ZelStatus PureComp_i::SetProperty(std::uint32_t index, double value) {
 }
 
 ZelStatus PureComp_i::GetAllPropertyRefCodes(std::uint32_t* codes) {
+  if (codes == nullptr) return kStatusFailed;
   std::copy(c_.fixedRefs.begin(), c_.fixedRefs.end(), codes);
   return kStatusOk;
 }
 
 ZelStatus PureComp_i::GetPropertyRefCode(std::uint32_t index, std::uint32_t* code) {
+  if (code == nullptr) return kStatusFailed;
   bool const inRange = index < c_.fixedRefs.size();
   *code = inRange ? c_.fixedRefs[index] : 0;
   return inRange ? kStatusOk : kStatusFailed;
 }
 
 ZelStatus PureComp_i::SetAllPropertyRefCodes(std::uint32_t const* codes) {
+  if (codes == nullptr) return kStatusFailed;
   std::transform(codes, codes + c_.fixedRefs.size(), c_.fixedRefs.begin(),
                  [](std::uint32_t code) { return code > kMaxRefCode ? 0 : code; });
   return kStatusOk;
@@ -194,18 +207,24 @@ ZelStatus PureComp_i::GetCorrelation(std::uint32_t index, std::int32_t* equation
                                      std::int32_t* logBasis, std::int32_t* moleWtBasis,
                                      std::int32_t* coefficientCount, double* tMin, double* tMax,
                                      double* coefficients) {
-  if (index >= kNamedCorrelations) return kStatusFailed;
+  if (index >= kNamedCorrelations ||
+      NothingWanted(equation, tempUnit, propUnit, factor, logBasis, moleWtBasis, coefficientCount,
+                    tMin, tMax, coefficients)) {
+    return kStatusFailed;
+  }
   Correlation const& own = c_.correlations[index];
-  *equation = own.equation;
-  *tempUnit = own.tempUnit;
-  *propUnit = own.propUnit;
-  *factor = own.propUnit == 0 ? 1.0 : GetUnitFactor(own.propUnit);
-  *logBasis = own.logBasis;
-  *moleWtBasis = own.moleWtBasis;
-  *coefficientCount = own.coefficientCount;
-  *tMin = own.tMin;
-  *tMax = own.tMax;
-  std::copy_n(own.coefficients.begin(), HeldCoefficients(own.coefficientCount), coefficients);
+  Give(equation, own.equation);
+  Give(tempUnit, own.tempUnit);
+  Give(propUnit, own.propUnit);
+  Give(factor, own.propUnit == 0 ? 1.0 : GetUnitFactor(own.propUnit));
+  Give(logBasis, own.logBasis);
+  Give(moleWtBasis, own.moleWtBasis);
+  Give(coefficientCount, own.coefficientCount);
+  Give(tMin, own.tMin);
+  Give(tMax, own.tMax);
+  if (coefficients != nullptr) {
+    std::copy_n(own.coefficients.begin(), HeldCoefficients(own.coefficientCount), coefficients);
+  }
   bool const sound = own.equation <= kLargestEquation && own.propUnit <= kLargestUnit &&
                      IsTempUnit(own.tempUnit) && own.coefficientCount >= 1 &&
                      own.coefficientCount <= kCoefficients;
@@ -218,7 +237,7 @@ ZelStatus PureComp_i::SetCorrelation(std::uint32_t index, std::int32_t equation,
                                      std::int32_t logBasis, std::int32_t moleWtBasis,
                                      std::int32_t coefficientCount, double tMin, double tMax,
                                      double const* coefficients) {
-  if (index >= kNamedCorrelations) return kStatusFailed;
+  if (index >= kNamedCorrelations || coefficients == nullptr) return kStatusFailed;
   Correlation& own = c_.correlations[index];
   own.present = true;
   own.equation = equation;
@@ -243,6 +262,7 @@ ZelStatus PureComp_i::ResetCorrelation(std::uint32_t index) {
 }
 
 ZelStatus PureComp_i::GetCorrelationRefCode(std::uint32_t index, std::uint32_t* code) {
+  if (code == nullptr) return kStatusFailed;
   bool const inRange = index < kCorrelationsWithCode;
   *code = inRange ? c_.correlationRefs[index] : 0;
   return inRange ? kStatusOk : kStatusFailed;
@@ -257,7 +277,13 @@ ZelStatus PureComp_i::SetCorrelationRefCode(std::uint32_t index, std::uint32_t c
 ZelStatus PureComp_i::EvaluateCorrelation(std::uint32_t index, double temperature,
                                           std::int32_t order, double* value, double* derivative,
                                           double* weights, std::int32_t* status) {
-  return Evaluator(c_).Evaluate(index, temperature, order, *value, *derivative, weights, *status);
+  if (NothingWanted(value, derivative, weights, status)) return kStatusFailed;
+  double unwantedValue = 0.0;
+  double unwantedDerivative = 0.0;
+  std::int32_t unwantedStatus = 0;
+  return Evaluator(c_).Evaluate(index, temperature, order, value ? *value : unwantedValue,
+                                derivative ? *derivative : unwantedDerivative, weights,
+                                status ? *status : unwantedStatus);
 }
 
 IZelBankDef* NewPureComp() { return MakeBank<PureComp_i>("PURECOMP", IID_IZelPureComp); }

@@ -16,27 +16,31 @@ using Flags = std::array<std::uint8_t, N>;
 template <std::size_t N>
 ZelStatus GiveAll(Texts<N> const& from, Flags<N> const& fromFlags, char** texts,
                   std::uint8_t* flags) {
-  for (std::size_t i = 0; i < N; ++i) {
-    if (texts[i] != nullptr) CopyText(from[i].data(), texts[i], kRow);
+  if (NothingWanted(texts, flags)) return kStatusFailed;
+  for (std::size_t i = 0; texts != nullptr && i < N; ++i) {
+    GiveText(from[i].data(), texts[i], kRow);
   }
-  std::copy(fromFlags.begin(), fromFlags.end(), flags);
+  if (flags != nullptr) std::copy(fromFlags.begin(), fromFlags.end(), flags);
   return kStatusOk;
 }
 
 template <std::size_t N>
 ZelStatus GiveFlat(Texts<N> const& from, Flags<N> const& fromFlags, char* texts,
                    std::uint8_t* flags) {
-  for (std::size_t i = 0; i < N; ++i) CopyText(from[i].data(), texts + kRow * i, kRow);
-  std::copy(fromFlags.begin(), fromFlags.end(), flags);
+  if (NothingWanted(texts, flags)) return kStatusFailed;
+  for (std::size_t i = 0; texts != nullptr && i < N; ++i) {
+    CopyText(from[i].data(), texts + kRow * i, kRow);
+  }
+  if (flags != nullptr) std::copy(fromFlags.begin(), fromFlags.end(), flags);
   return kStatusOk;
 }
 
 template <std::size_t N>
 ZelStatus GiveOne(Texts<N> const& from, Flags<N> const& fromFlags, std::uint32_t index, char* text,
                   std::uint8_t* flag) {
-  if (index >= N) return kStatusFailed;
-  CopyText(from[index].data(), text, kRow);
-  *flag = fromFlags[index];
+  if (index >= N || NothingWanted(text, flag)) return kStatusFailed;
+  GiveText(from[index].data(), text, kRow);
+  Give(flag, fromFlags[index]);
   return kStatusOk;
 }
 

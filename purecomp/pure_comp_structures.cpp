@@ -44,16 +44,21 @@ bool Convert(std::span<GroupPair const> groups, std::int32_t& id) noexcept {
 ZelStatus PureComp_i::GetRawStructure(std::uint32_t model, std::int32_t* count, std::int32_t* ids,
                                       std::int32_t* counts) {
   if (model >= c_.structures.size()) return kStatusFailed;
+  if (NothingWanted(count, ids, counts)) return kStatusFailed;
   Structure const& own = c_.structures[model];
-  *count = own.count;
-  std::copy(own.groupIds.begin(), own.groupIds.end(), ids);
-  std::copy(own.groupCounts.begin(), own.groupCounts.end(), counts);
+  Give(count, own.count);
+  if (ids != nullptr) std::copy(own.groupIds.begin(), own.groupIds.end(), ids);
+  if (counts != nullptr) std::copy(own.groupCounts.begin(), own.groupCounts.end(), counts);
   return own.count == 0 ? kStatusFailed : kStatusOk;
 }
 
 ZelStatus PureComp_i::GetStructure(std::uint32_t model, std::int32_t* count, std::int32_t* ids,
                                    std::int32_t* counts) {
-  if (model >= kModelRows.size()) return kStatusFailed;
+  if (model >= kModelRows.size() || NothingWanted(count, ids, counts)) return kStatusFailed;
+  std::int32_t unwantedCount = 0;
+  std::array<std::int32_t, kGroups> unwantedIds{};
+  if (count == nullptr) count = &unwantedCount;
+  if (ids == nullptr) ids = unwantedIds.data();
   if (GetRawStructure(model, count, ids, counts) == kStatusOk) return kStatusOk;
   Model const& row = kModelRows[model];
   if (row.fallback == Fallback::kNone) return kStatusFailed;
@@ -75,6 +80,7 @@ ZelStatus PureComp_i::GetLegacyStructure(std::int32_t* count, std::int32_t* ids,
 ZelStatus PureComp_i::SetStructure(std::uint32_t model, std::int32_t count, std::int32_t const* ids,
                                    std::int32_t const* counts) {
   if (model >= c_.structures.size()) return kStatusFailed;
+  if (count > 0 && (ids == nullptr || counts == nullptr)) return kStatusFailed;
   Structure& own = c_.structures[model];
   own = {};
   own.count = std::clamp(count, 0, kGroups);

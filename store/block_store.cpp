@@ -261,6 +261,7 @@ std::int32_t BlockStore::Transfer(std::int32_t address, std::int32_t words,
 std::int32_t BlockStore::WriteBlock(std::int32_t& address, std::int32_t words,
                                     std::int32_t const* buffer, std::int32_t fileChoice) {
   CheckWritable(address);
+  ++changes_;
   if (address != format::kNullAddress) return Transfer(address, words, buffer);
   ExtentList const before = extents_;
   std::int32_t const run = Allocate(words, fileChoice);
@@ -285,6 +286,7 @@ std::int64_t BlockStore::CheckFreeable(std::int32_t address, std::int32_t words)
 void BlockStore::FreeBlock(std::int32_t& address, std::int32_t words) {
   BlockAddress const a = CheckedForWriting(address);
   std::int64_t const blocks = CheckFreeable(address, words);
+  ++changes_;
   if (Slot(a.file).state != kOpen) OpenFile(a.file, false, false);
   extents_.GiveBack(address, blocks, a.file);
   address = format::kNullAddress;

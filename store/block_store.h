@@ -53,6 +53,8 @@ class BlockStore {
   // write is true when all went.
   std::int64_t ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer);
   bool WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer);
+  // Rises with every block that is written or freed: who holds a copy of one compares.
+  std::uint64_t Changes() const noexcept { return changes_; }
   // Rises when files are closed: what View gave before is gone.
   std::uint32_t Closings() const noexcept { return closings_; }
   // Asks the system to put all open files on disk.
@@ -128,6 +130,7 @@ class BlockStore {
   std::string firstPath_;
   bool open_ = false;
   std::uint32_t closings_ = 0;
+  std::uint64_t changes_ = 0;
   std::int32_t libType_ = 0;
   std::int32_t fileCount_ = 0;
   std::array<FileSlot, format::kFileSlots> slots_;

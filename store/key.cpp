@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "frame/ascii.h"
+#include "store/lib_file.h"
 #include "store/packed_text.h"
 
 namespace zel {
@@ -60,8 +61,8 @@ void Key_i::ClearKey() {
 }
 
 void Key_i::SetKeyWords(long count, std::int32_t const* words) {
-  direct_ = count >= 1;
-  count_ = static_cast<std::int32_t>(std::clamp<long>(count, 0, format::kMaxKeyWords));
+  direct_ = count >= 1 && words != nullptr;
+  count_ = direct_ ? static_cast<std::int32_t>(std::min<long>(count, format::kMaxKeyWords)) : 0;
   if (!direct_) return;
   given_.fill(0);
   std::copy_n(words, count_, given_.begin());
@@ -95,7 +96,7 @@ void Key_i::GetCompText(std::int32_t position, char* text) const {
   Place const* place = PlaceAt(position);
   if (place != nullptr && place->kind == keyCas) return;  // left as it stands, on purpose
   bool const isText = place != nullptr && place->kind == keyText;
-  CopyText(isText ? place->id : "", text, sizeof place->id);
+  GiveText(isText ? place->id : "", text, sizeof place->id);
 }
 
 void Key_i::GetCompNumber(std::int32_t position, long& number) const {
@@ -145,10 +146,10 @@ bool Key_i::LookUp(LibFile* library, Place const& place, std::int32_t& number) {
 bool Key_i::ResolvePlace(Place& place, LibFile* library, std::int32_t& word) {
   if (place.kind == keyNumber) word = place.number;
   if (place.kind != keyText && place.kind != keyCas) return true;
-  LibFile* index = LibFile::GetOrdwinNameIndex();
-  if (library != index && LookUp(library, place, word)) return true;
+  if (library != LibFile_i::NameIndex() && LookUp(library, place, word)) return true;
   if (place.cached == 0) {
-    if (index == nullptr || !LookUp(index, place, place.cached)) return false;
+    NameIndexUse const index;
+    if (!LookUp(index.Library(), place, place.cached)) return false;
   }
   word = place.cached;
   return true;

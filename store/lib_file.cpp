@@ -12,8 +12,9 @@ namespace zel {
 
 namespace f = format;
 
-LibFile* LibFile_i::nameIndex_ = nullptr;
-LibFile* LibFile_i::closedNameIndex_ = nullptr;
+std::recursive_mutex LibFile_i::nameIndexBusy_;
+constinit std::atomic<LibFile*> LibFile_i::nameIndex_ = nullptr;
+constinit std::atomic<LibFile*> LibFile_i::closedNameIndex_ = nullptr;
 
 LibFile::~LibFile() = default;
 LibFile_p::~LibFile_p() = default;
@@ -33,14 +34,22 @@ void LibFile::SetOrdwinNameIndex(LibFile* library) { LibFile_i::SetNameIndex(lib
 void LibFile::ClearOrdwinNameIndex() { LibFile_i::SetNameIndex(nullptr); }
 
 void LibFile_i::SetNameIndex(LibFile* library) noexcept {
+  std::lock_guard const lock(nameIndexBusy_);
   nameIndex_ = library;
   closedNameIndex_ = nullptr;
 }
 
 void LibFile_i::LeaveNameIndex() noexcept {
+  std::lock_guard const lock(nameIndexBusy_);
   if (nameIndex_ != this) return;
   nameIndex_ = nullptr;
   closedNameIndex_ = this;
+}
+
+LibFile_i::TreeHead LibFile_i::HeadOf(int tree) const noexcept {
+  TreeHead head;
+  std::copy_n(heads_.begin() + tree * f::kHeadWords, head.size(), head.begin());
+  return head;
 }
 
 // --- flush and close -----------------------------------------------------------------------------
@@ -90,13 +99,42 @@ void LibFile_i::CloseLibFile() {
   Shut();
 }
 
+namespace {
+
+struct LostFlushes {
+  std::mutex busy;
+  std::int32_t count = 0;
+  char path[260] = {};
+  unsigned long address = 0;
+};
+constinit LostFlushes lostFlushes;
+
+void NoteLostFlush(char const* path, unsigned long address) noexcept {
+  std::lock_guard const lock(lostFlushes.busy);
+  ++lostFlushes.count;
+  CopyText(path, lostFlushes.path, sizeof lostFlushes.path);
+  lostFlushes.address = address;
+}
+
+}  // namespace
+
+std::int32_t GetLostFlushes(char* path, unsigned long* address) {
+  std::lock_guard const lock(lostFlushes.busy);
+  if (path != nullptr) CopyText(lostFlushes.path, path, sizeof lostFlushes.path);
+  if (address != nullptr) *address = lostFlushes.address;
+  return lostFlushes.count;
+}
+
 LibFile_i::~LibFile_i() {
+  // The files are closed either way. What was lost is kept for GetLostFlushes.
   try {
     LibFile_i::CloseLibFile();
-  } catch (unsigned long) {
-    // The files are closed; a destructor has nobody to tell. Close before to learn of it.
+  } catch (unsigned long address) {
+    NoteLostFlush(GetLibPath(), address);
   } catch (std::exception const&) {
+    NoteLostFlush(GetLibPath(), static_cast<unsigned long>(f::kNullAddress));
   }
+  std::lock_guard const lock(nameIndexBusy_);
   if (closedNameIndex_ == this) closedNameIndex_ = nullptr;
   if (nameIndex_ == this) nameIndex_ = nullptr;
 }
@@ -109,8 +147,8 @@ void LibFile_i::GetLibInfo(libTypes& type, accModes& mode) const {
 }
 
 void LibFile_i::GetDescriptionAndVersion(char* description, char* version) const {
-  CopyText(texts_.description, description, sizeof texts_.description);
-  CopyText(texts_.version, version, sizeof texts_.version);
+  GiveText(texts_.description, description, sizeof texts_.description);
+  GiveText(texts_.version, version, sizeof texts_.version);
 }
 
 void LibFile_i::SetDescriptionAndVersion(char const* description, char const* version) {
@@ -133,6 +171,7 @@ void LibFile_i::SetReservedWords(std::int32_t wordA, std::int32_t wordB) {
 }
 
 void LibFile_i::GetMemo(char* memo) const {
+  if (memo == nullptr) return;
   auto& store = const_cast<BlockStore&>(store_);  // reading can open a file on demand
   ReadMemo(store, header_[f::kMemoAddress], header_[f::kMemoWords], memo);
 }
@@ -145,7 +184,7 @@ void LibFile_i::SetMemo(char const* memo) {
 void LibFile_i::GetPassword(std::int32_t& level, char* password) const {
   level = header_[f::kPasswordLevel];
   bool const shown = store_.Mode() == accUpdate;
-  CopyText(shown ? texts_.password : "", password, sizeof texts_.password);
+  GiveText(shown ? texts_.password : "", password, sizeof texts_.password);
 }
 
 void LibFile_i::SetPassword(std::int32_t level, char const* password) {
@@ -164,12 +203,12 @@ bool LibFile_i::IsPasswordLocked() const {
 // --- blocks ------------------------------------------------------------------------------------
 
 std::int32_t LibFile_i::ReadBlock(std::int32_t address, std::int32_t words, std::int32_t* buffer) {
-  return store_.ReadBlock(address, words, buffer);
+  return buffer == nullptr ? -1 : store_.ReadBlock(address, words, buffer);
 }
 
 std::int32_t LibFile_i::WriteBlock(std::int32_t& address, std::int32_t words,
                                    std::int32_t const* buffer, std::int32_t fileChoice) {
-  return store_.WriteBlock(address, words, buffer, fileChoice);
+  return buffer == nullptr ? -1 : store_.WriteBlock(address, words, buffer, fileChoice);
 }
 
 void LibFile_i::FreeBlock(std::int32_t& address, std::int32_t words) {
@@ -179,12 +218,12 @@ void LibFile_i::FreeBlock(std::int32_t& address, std::int32_t words) {
 void LibFile_i::GetHeaderBlocks(std::int32_t const** header, std::int32_t const** blockTable,
                                 std::int32_t const** treeHeads) {
   if (header == blockTable && blockTable == treeHeads) {
-    *header = header_.data();
+    Give(header, header_.data());
     return;
   }
-  static HeaderImage headerCopy;
-  static HeaderImage tableCopy;
-  static TreeHeads headsCopy;
+  static thread_local HeaderImage headerCopy;
+  static thread_local HeaderImage tableCopy;
+  static thread_local TreeHeads headsCopy;
   headerCopy = header_;
   tableCopy = blockTable_;
   headsCopy = heads_;
@@ -192,9 +231,9 @@ void LibFile_i::GetHeaderBlocks(std::int32_t const** header, std::int32_t const*
     headerCopy[f::kPasswordLevel] = 0;
     std::fill_n(headerCopy.begin() + f::kPassword, f::kPasswordWords, 0);
   }
-  *header = headerCopy.data();
-  *blockTable = tableCopy.data();
-  *treeHeads = headsCopy.data();
+  Give(header, headerCopy.data());
+  Give(blockTable, tableCopy.data());
+  Give(treeHeads, headsCopy.data());
 }
 
 }  // namespace zel

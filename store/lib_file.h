@@ -2,7 +2,9 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -67,10 +69,16 @@ class LibFile_i final : public LibFile_p {
   void GetHeaderBlocks(std::int32_t const** header, std::int32_t const** blockTable,
                        std::int32_t const** treeHeads) override;
 
+  // A head of the library's own trees as it stands now: 0 the bank directory, 1 the character IDs,
+  // 2 the CAS numbers.
+  using TreeHead = std::array<std::int32_t, format::kHeadWords>;
+  TreeHead HeadOf(int tree) const noexcept;
+
   static LibFile* NameIndex() noexcept { return nameIndex_; }
   static void SetNameIndex(LibFile* library) noexcept;
 
  private:
+  friend class NameIndexUse;
   using HeaderImage = std::array<std::int32_t, format::kHeaderWords>;
   using TreeHeads = std::array<std::int32_t, format::kTreeHeadsWords>;
   // Texts of the header as the host sees them.
@@ -113,8 +121,26 @@ class LibFile_i final : public LibFile_p {
   // The entry that FindBank gave, where the directory's nodes are read in place.
   std::array<std::int32_t, format::kBankDataWords> foundEntry_{};
 
-  static LibFile* nameIndex_;
-  static LibFile* closedNameIndex_;  // held that role when it was closed
+  static std::recursive_mutex nameIndexBusy_;
+  static std::atomic<LibFile*> nameIndex_;
+  static std::atomic<LibFile*> closedNameIndex_;  // held that role when it was closed
+};
+
+// The name index while it is asked. All threads fall back on that one library, so they take turns.
+class NameIndexUse {
+ public:
+  NameIndexUse() : lock_(LibFile_i::nameIndexBusy_, std::defer_lock) {
+    if (LibFile_i::NameIndex() == nullptr) return;
+    lock_.lock();
+    library_ = LibFile_i::NameIndex();
+  }
+
+  // Null when there is none.
+  LibFile* Library() const noexcept { return library_; }
+
+ private:
+  std::unique_lock<std::recursive_mutex> lock_;
+  LibFile* library_ = nullptr;
 };
 
 }  // namespace zel

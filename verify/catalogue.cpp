@@ -62,6 +62,9 @@ ZelCorrelationInfo const* GetCorrelationCatalogue(std::int32_t& count) {
 char const* GetUnitCodeName(std::int32_t code) { return GetUnitName(code); }
 
 void GetKeyText(std::int32_t const* words, std::int32_t count, char* text) {
+  if (text == nullptr) return;
+  *text = '\0';
+  if (words == nullptr) return;
   WordsToText(words, std::clamp(count, 0, format::kMaxKeyWords), text);
 }
 

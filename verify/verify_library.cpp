@@ -135,24 +135,21 @@ void Verification::Extents() {
 }
 
 void Verification::OwnTrees() {
-  std::int32_t const* header = nullptr;
-  std::int32_t const* table = nullptr;
-  std::int32_t const* live = nullptr;
-  library_.GetHeaderBlocks(&header, &table, &live);
-  std::array<std::int32_t, f::kTreeHeadsWords> heads{};
-  std::copy_n(live, heads.size(), heads.begin());
+  std::array<LibFile_i::TreeHead, 3> heads{library_.HeadOf(0), library_.HeadOf(1),
+                                           library_.HeadOf(2)};
   claims_.SetOwner("the bank directory");
-  trees_.Run(heads.data(), {f::kBankKeyWords, f::kBankDataWords}, [&](std::int32_t const* entry) {
-    StoredBank bank;
-    UnpackBankKey(entry, bank.type, bank.name);
-    std::copy_n(entry + f::kBankKeyWords, bank.entry.size(), bank.entry.begin());
-    banks_.push_back(bank);
-  });
+  trees_.Run(heads[0].data(), {f::kBankKeyWords, f::kBankDataWords},
+             [&](std::int32_t const* entry) {
+               StoredBank bank;
+               UnpackBankKey(entry, bank.type, bank.name);
+               std::copy_n(entry + f::kBankKeyWords, bank.entry.size(), bank.entry.begin());
+               banks_.push_back(bank);
+             });
   auto const nothing = [](std::int32_t const*) {};  // IDs are looked at with the components
   claims_.SetOwner("the tree of component IDs");
-  trees_.Run(heads.data() + f::kHeadWords, {f::kIdKeyWords, 1}, nothing);
+  trees_.Run(heads[1].data(), {f::kIdKeyWords, 1}, nothing);
   claims_.SetOwner("the tree of CAS numbers");
-  trees_.Run(heads.data() + 2 * f::kHeadWords, {f::kCasKeyWords, 1},
+  trees_.Run(heads[2].data(), {f::kCasKeyWords, 1},
              [&](std::int32_t const* entry) { casEntries_.emplace_back(entry[0], entry[1]); });
 }
 

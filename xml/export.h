@@ -2,7 +2,7 @@
 //
 // A plain formatter: texts go out as they stand, with one mark for double quotes in component
 // names, so a "&" or "<" in a text makes a document that does not read back. Results say whether
-// the files could be opened; a full disk goes unnoticed.
+// the files could be opened and all of their text was written.
 #pragma once
 
 #include <string>

@@ -1,4 +1,5 @@
 // Imports of LibMaint.
+#include "maint/document_stack.h"
 #include "maint/lib_maint.h"
 #include "xml/import.h"
 
@@ -8,6 +9,7 @@ template <typename Run>
 bool LibMaint_i::RunImport(Run const& run) {
   importCounts_ = {};
   if (library_ == nullptr) return false;
+  DocumentsOfImport const documents;
   Import_i reader(*this);
   bool const good = run(reader);
   importCounts_ = reader.Counts();

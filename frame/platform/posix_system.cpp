@@ -126,10 +126,26 @@ std::string LongPath(std::string const& path) {
 
 int ProcessId() { return static_cast<int>(::getpid()); }
 
-std::string MakeTemporaryFile(std::string const& prefix) {
+namespace {
+
+std::string TemporaryFolder() {
   std::string folder = Environment("TMPDIR");
-  if (folder.empty()) folder = "/tmp";
-  std::string path = folder + "/" + prefix + "XXXXXX";
+  return folder.empty() ? "/tmp" : folder;
+}
+
+// A file without a name; -1 where the system has none.
+int OpenNameless(std::string const& folder) noexcept {
+#ifdef O_TMPFILE
+  return ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
+#else
+  return -1;
+#endif
+}
+
+}  // namespace
+
+std::string MakeTemporaryFile(std::string const& prefix) {
+  std::string path = TemporaryFolder() + "/" + prefix + "XXXXXX";
   int const fd = ::mkostemp(path.data(), O_CLOEXEC);
   if (fd < 0) return {};
   ::close(fd);
@@ -137,6 +153,31 @@ std::string MakeTemporaryFile(std::string const& prefix) {
 }
 
 void RemoveFile(std::string const& path) { ::unlink(path.c_str()); }
+
+TemporaryFile::TemporaryFile(std::string const& prefix, bool nameless) {
+  path_.reserve(PATH_MAX);  // so that nothing is thrown while the file is open
+  std::string const folder = nameless ? TemporaryFolder() : std::string();
+  if (nameless) descriptor_ = OpenNameless(folder);
+  if (descriptor_ >= 0) {
+    std::array<char, 32> name{};
+    std::snprintf(name.data(), name.size(), "/proc/self/fd/%d", descriptor_);
+    if (::access(name.data(), R_OK | W_OK) == 0) {
+      path_ = name.data();
+      return;
+    }
+    ::close(descriptor_);
+    descriptor_ = -1;
+  }
+  path_ = MakeTemporaryFile(prefix);
+}
+
+TemporaryFile::~TemporaryFile() {
+  if (descriptor_ >= 0) {
+    ::close(descriptor_);
+  } else if (!path_.empty()) {
+    RemoveFile(path_);
+  }
+}
 
 namespace {
 

@@ -41,6 +41,24 @@ int ProcessId();
 std::string MakeTemporaryFile(std::string const& prefix);
 void RemoveFile(std::string const& path);
 
+// A new empty file in that folder, gone with the object. Where the system has files without a name
+// it is one, so that a process that is killed leaves nothing behind; else, and when `nameless` is
+// false, it is named as above.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(std::string const& prefix, bool nameless = true);
+  TemporaryFile(TemporaryFile const&) = delete;
+  TemporaryFile& operator=(TemporaryFile const&) = delete;
+  ~TemporaryFile();
+
+  // Under which the file can be opened; empty when it could not be made.
+  std::string const& Path() const noexcept { return path_; }
+
+ private:
+  int descriptor_ = -1;  // of a file without a name
+  std::string path_;
+};
+
 // An entry of a folder. A folder has the attribute 16, plus 1 when its owner may not write it; a
 // link to a folder has 1024 besides. Anything else has attributes without 16.
 struct FolderEntry {

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdio>
-#include <fstream>
 #include <memory>
 #include <string>
 
@@ -26,22 +25,6 @@ struct FreeUnit {
   void operator()(uom_Unit* unit) const { uom_Free(&unit); }
 };
 using UnitHandle = std::unique_ptr<uom_Unit, FreeUnit>;
-
-// A file of this process alone, gone with the object. Its path is empty when it cannot be made.
-class TableFile {
- public:
-  TableFile() : made_(platform::MakeTemporaryFile(TableFilePrefix(platform::ProcessId()))) {}
-  TableFile(TableFile const&) = delete;
-  TableFile& operator=(TableFile const&) = delete;
-  ~TableFile() {
-    if (!made_.empty()) platform::RemoveFile(made_);
-  }
-
-  char const* Path() const noexcept { return made_.size() <= kMostPath ? made_.c_str() : ""; }
-
- private:
-  std::string made_;
-};
 
 bool Understands(uom_Unit* unit, char const* text) {
   return uom_FillStructFromString(unit, text, 1) == 0 ||
@@ -83,14 +66,15 @@ std::string TableFilePrefix(int processId) {
 
 int StartUnitSystemFrom(std::string_view table) {
   if (table.empty()) return kTableNotFound;
-  TableFile const file;
+  platform::TemporaryFile const file(TableFilePrefix(platform::ProcessId()));
+  std::string path = file.Path().size() <= kMostPath ? file.Path() : std::string();
   // Without a file, or a whole one, the loading fails and says so.
-  if (*file.Path() != '\0') {
-    platform::TextFile text(file.Path());
+  if (!path.empty()) {
+    platform::TextFile text(path);
     text.Put(TableFileText(table));
-    if (!text.Close()) platform::RemoveFile(file.Path());
+    if (!text.Close()) path.clear();
   }
-  std::array<char const*, 2> const arguments = {"-f", file.Path()};
+  std::array<char const*, 2> const arguments = {"-f", path.c_str()};
   return uom_Init2(static_cast<int>(arguments.size()), arguments.data());
 }
 

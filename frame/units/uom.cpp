@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <fstream>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -21,8 +22,15 @@ struct uom_Unit {
 
 namespace {
 
-// What uom_Init2 loaded.
-std::shared_ptr<UnitCatalogue const> loaded;
+// What uom_Init2 loaded. A handle keeps the catalogue that it was made from.
+using SharedCatalogue = std::shared_ptr<UnitCatalogue const>;
+std::mutex loading;
+SharedCatalogue loaded;
+
+SharedCatalogue Loaded() {
+  std::lock_guard const lock(loading);
+  return loaded;
+}
 
 bool IsForm(int form) {
   return form == static_cast<int>(UnitForm::kText) || form == static_cast<int>(UnitForm::kKeyword);
@@ -45,7 +53,10 @@ UnitTableError Load(char const* path) {
   UnitTableError error = ReadUnitTable(text, table);
   if (error != UnitTableError::kNone) return error;
   std::unique_ptr<UnitCatalogue const> made = UnitCatalogue::Make(std::move(table), error);
-  if (made != nullptr) loaded = std::move(made);
+  if (made == nullptr) return error;
+  SharedCatalogue catalogue = std::move(made);
+  std::lock_guard const lock(loading);
+  loaded.swap(catalogue);
   return error;
 }
 
@@ -70,9 +81,10 @@ int uom_Init2(int count, char const* const* arguments) {
 }
 
 uom_Unit* uoms_New(char const* dimension) {
-  if (loaded == nullptr) return nullptr;
-  int const unitClass = loaded->FindClass(TextOrEmpty(dimension));
-  return unitClass < 0 ? nullptr : new uom_Unit{loaded, unitClass, {}};
+  SharedCatalogue catalogue = Loaded();
+  if (catalogue == nullptr) return nullptr;
+  int const unitClass = catalogue->FindClass(TextOrEmpty(dimension));
+  return unitClass < 0 ? nullptr : new uom_Unit{std::move(catalogue), unitClass, {}};
 }
 
 int uom_FillStructFromString(uom_Unit* unit, char const* text, int form) {

@@ -196,7 +196,8 @@ extern ZEL_API ZelIid const IID_IZelWilson;
 
 // Number of bank types.
 ZEL_API long GetBankTypeCount();
-// The first `count` type keywords; fields beyond the last type become empty.
+// The first `count` type keywords; fields beyond the last type become empty. A null list takes
+// none.
 ZEL_API void GetBankTypeList(long count, char (*list)[9]);
 // Types that banks of a type refer to by bank name: 0, 1 or 2; 0 for an unknown keyword.
 ZEL_API long GetRefBankTypeCount(char const* keyword);

@@ -13,7 +13,12 @@
 //   }
 //   bank->Release();
 //
-// The interfaces of the types stand in BankTypes.h. None of this is safe for concurrent use.
+// The interfaces of the types stand in BankTypes.h. One object belongs to one thread at a time;
+// different objects share nothing.
+//
+// Null pointers. An output that is null is not wanted, and the others come out as ever; a call
+// whose outputs are all null fails. A null array to be taken fails and changes nothing, a null text
+// is the empty text. This holds for the interfaces of all types.
 #ifndef ZELACCESS_BANKS_H
 #define ZELACCESS_BANKS_H
 

@@ -3,6 +3,7 @@
 #define ZELACCESS_CASN_H
 
 #include <cstdint>
+#include <type_traits>
 
 #include "zelaccess/Export.h"
 
@@ -28,6 +29,11 @@ class ZEL_API casn {
   casn& operator=(casn const&) noexcept = default;
   casn& operator=(long number) noexcept;
   casn& operator=(char const* text) noexcept;
+  // Any other integer is taken as a long, so that `c = 0` means the number and not a null text.
+  template <typename Integer, std::enable_if_t<std::is_integral<Integer>::value, int> = 0>
+  casn& operator=(Integer number) noexcept {
+    return *this = static_cast<long>(number);
+  }
 
   // The number; 0 when empty.
   operator long() const noexcept { return value; }  // NOLINT(google-explicit-constructor)

@@ -32,8 +32,10 @@ enum compListSorts : std::int32_t {
 //   while (list->GetNext(name, id, formula, cas, nbp, mw)) ...
 //   CompList::DelCompList(list);
 //
-// Sort, filter and range belong to the process: what is set on one list holds for all. A change
-// rewinds the list it is made through. Not thread-safe.
+// Sort, filter and range belong to the process: what is set on one list holds for all, in every
+// thread, and making, reading and ending a list set them. A change rewinds the list it is made
+// through. Lists of different threads may be used at the same time where all want the same
+// settings.
 class ZEL_API CompList {
  public:
   static CompList* NewCompList();
@@ -55,7 +57,7 @@ class ZEL_API CompList {
   // Of the text that is sorted by: "?" stands for one character, "*" for any, letters compare
   // without regard to case, and the text may go on behind the pattern. Null and empty mean "*".
   virtual void SetFilter(char const* pattern) = 0;
-  // Valid until the filter changes.
+  // Valid until the next call on this list.
   virtual char const* GetFilter() const = 0;
   virtual void ResetFilter() = 0;
   // Of the number that is sorted by, both ends included; an undefined end is open.
@@ -64,7 +66,8 @@ class ZEL_API CompList {
   virtual void ResetRange() = 0;
   virtual void Rewind() = 0;
   // The next component that passes; false at the end. Buffers of 41, 13, 21 and 21 characters; the
-  // boiling point in K and the molecular weight are undefined where the list has none.
+  // boiling point in K and the molecular weight are undefined where the list has none. Null buffers
+  // are passed over; GetNextShort with three of them is false and does not move.
   virtual bool GetNext(char* name, char* id, char* formula, char* cas, double& nbp, double& mw) = 0;
   virtual bool GetNextShort(char* id, char* name, char* formula) = 0;
   // Made at the first call, owned by the list.

@@ -16,7 +16,7 @@ class ZEL_API CompListBuild_p : public CompListBuild {
 
   // Tidies a component: name (41 characters), 12 IDs (9), formula (21); `secondFormula` (21) gets
   // the normal form where it must be told apart from the formula, and `formulaResult` is 2 then,
-  // else 1. True when the component has an ID left and so is worth listing.
+  // else 1; it may be null. True when the component has an ID left and so is worth listing.
   virtual bool CleanRecord(char* name, char (*ids)[9], std::int32_t& idCount, char* formula,
                            char* secondFormula, std::uint8_t keepFormula,
                            std::int32_t& formulaResult, std::int32_t& casNumber) = 0;

@@ -20,10 +20,15 @@ namespace zel {
 //   Key::DelKey(key);                  // key is null now
 //
 // Notes. SetKey(0) is ambiguous between a number and a null text: write SetKey(0L). A null text
-// counts as the empty text. A bank widens a short key when the key is used (a single component on
-// a bank of pairs becomes the pair with itself), and the key keeps the wider form. Key words that
-// were never written are 0; a resolution that fails leaves earlier words as they were.
-// One key belongs to one thread.
+// counts as the empty text. A number counts by its low 32 bits: SetKey(4294967297L) is SetKey(1L).
+// A bank whose items may be named by fewer components than its keys have widens a short key when
+// the key is used (a single component becomes the pair with itself), and the key keeps the wider
+// form. One key belongs to one thread.
+//
+// A key that is used again keeps old words. Key words that were never written are 0, and those that
+// a new SetKey does not reach stay as the last use left them, as do all when a resolution fails.
+// After SetKey(1L, 2L) and a use, SetKey(1L) on a bank of pairs that does not widen keys reads,
+// overwrites or deletes the item (1, 2). Make a new key for each item.
 class ZEL_API Key {
  public:
   static Key* NewKey();
@@ -79,8 +84,8 @@ class ZEL_API Key {
 
   // Empties the key.
   virtual void ClearKey() = 0;
-  // Sets the key's words directly (plain numbers, or text already packed): at most 10 are kept,
-  // and a count below 1 empties the key.
+  // Sets the key's words directly (plain numbers, or text already packed): at most 10 are kept. A
+  // count below 1, and null words, empty the key.
   virtual void SetKeyWords(long count, std::int32_t const* words) = 0;
   // Packs a text, 4 characters a word, and sets its first `count` words directly.
   virtual void SetKeyText(long count, char const* text) = 0;

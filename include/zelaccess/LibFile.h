@@ -42,10 +42,17 @@ enum openErrors : std::int32_t {
 //
 // Errors after the open. A block that cannot be reached - a damaged address, a write to a library
 // open for reading, a full disk, the process's limit of file sizes (without its signal) - throws an
-// `unsigned long` that holds the offending block address. An open that throws has closed and
-// unlocked its files before, and leaves openFailed.
+// `unsigned long` that holds the offending block address; BlockError.h makes an exception of it that
+// says more. An open that throws has closed and unlocked its files before, and leaves openFailed.
+// Null outputs are passed over.
 //
-// Not thread-safe: calls on one library, and calls that use the name index, one at a time.
+// Threads. Different libraries may be used by different threads at the same time, each with the
+// LibMaint, LibSearch, keys and banks that work on it, also when they are opens of one file for
+// reading. Calls on one library, and on what works on it, come one at a time. What the process
+// shares is guarded, with three exceptions: the library that is set as the name index is used by no
+// thread as a library of its own while others may fall back on it; the sort, filter and range of
+// lists are one for all threads (CompList.h); and the working folder and the environment are the
+// host's to leave alone.
 class ZEL_API LibFile {
  public:
   // Makes a library of two files, open for update; an existing file is overwritten as the new
@@ -71,12 +78,14 @@ class ZEL_API LibFile {
   // Opens for reading without a password test, reports and closes.
   static void StatusLibFile(char const* path, libTypes& type, openErrors& error);
 
-  // Closes and ends the library and nulls the handle; does nothing on null.
+  // Closes and ends the library and nulls the handle; does nothing on null. A last flush that
+  // fails, as on a full disk, is told to nobody but GetLostFlushes: call FlushLibFile before, which
+  // throws.
   static void DelLibFile(LibFile*& library);
 
   // The name index: one library of the process that resolves the character IDs and CAS numbers that
   // a library at hand does not know. Only a host sets it. Closing that library clears it; reopening
-  // the same object sets it again.
+  // the same object sets it again. Threads take turns in asking and setting it.
   static LibFile* GetOrdwinNameIndex();
   static void SetOrdwinNameIndex(LibFile* library);
   static void ClearOrdwinNameIndex();
@@ -85,9 +94,12 @@ class ZEL_API LibFile {
   LibFile& operator=(LibFile const&) { return *this; }  // copies nothing
 
   // Writes header, tree heads and block table, and asks the system to put the files on disk.
-  // Does nothing when closed or open for reading.
+  // Does nothing when closed or open for reading. Throws a block error, the address of the tree
+  // heads, when something could not be written; it may be called again.
   virtual void FlushLibFile() = 0;
-  // Flushes and closes the files. The object can be reopened.
+  // Flushes and closes the files. The object can be reopened. When the flush fails the files are
+  // closed all the same, what was not on file is lost, and the block error is thrown: call
+  // FlushLibFile first where a second try is wanted.
   virtual void CloseLibFile() = 0;
   // Opens a closed library again in its mode, without a password test; openOk when it is open.
   virtual openErrors ReopenLibFile() = 0;
@@ -119,6 +131,12 @@ class ZEL_API LibFile {
   LibFile() = default;
   virtual ~LibFile();
 };
+
+// How many libraries of this process were ended while their last flush failed, since load:
+// DelLibFile has nobody to throw to, and what was not flushed is lost. `path` (260 characters) and
+// `address` get the path and the block error of the last one, "" and 0 when there was none; either
+// may be null. For any thread at any time.
+ZEL_API std::int32_t GetLostFlushes(char* path, unsigned long* address);
 
 }  // namespace zel
 

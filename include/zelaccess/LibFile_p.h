@@ -9,7 +9,8 @@ namespace zel {
 
 class BTree_i;
 
-// Sizes are in 32-bit words. Block errors are thrown as `unsigned long`, holding the address.
+// Sizes are in 32-bit words. Block errors are thrown as `unsigned long`, holding the address. A
+// null buffer is a failed transfer: -1, and nothing is allocated.
 class ZEL_API LibFile_p : public LibFile {
  public:
   static void DelLibFile(LibFile_p*& library);
@@ -43,7 +44,8 @@ class ZEL_API LibFile_p : public LibFile {
   // Look-ups by character ID and CAS number; the first data word is the component number.
   virtual bool FindIdNumbers(char const* id, std::int32_t const*& data) = 0;
   virtual bool FindCasNumbers(casn const& number, std::int32_t const*& data) = 0;
-  // The library's own trees; null while it is closed.
+  // The library's own trees; null while it is closed. No installed header defines their class: a
+  // driver can hold such a tree against null, and nothing else.
   virtual BTree_i* GetBankTree() = 0;
   virtual BTree_i* GetCharIdTree() = 0;
   virtual BTree_i* GetCasTree() = 0;
@@ -52,8 +54,8 @@ class ZEL_API LibFile_p : public LibFile {
   virtual void ReservedLib2(void* first, void* second) = 0;
   virtual void ReservedLib3(void* first, void* second) = 0;
   // Copies of the header (125 words), block table (125) and tree heads (24), shared by all
-  // libraries of the process and valid until the next call. Three times the same pointer instead
-  // gives the live header image. A reader's copy shows neither password nor level.
+  // libraries and valid until the next call of the same thread, or its end. Three times the same
+  // pointer instead gives the live header image. A reader's copy shows neither password nor level.
   virtual void GetHeaderBlocks(std::int32_t const** header, std::int32_t const** blockTable,
                                std::int32_t const** treeHeads) = 0;
 

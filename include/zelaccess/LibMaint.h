@@ -27,7 +27,16 @@ class LibFile;
 // One object works on one library, which must stay open while it lives. It has one current bank
 // tree and one current walk: beginning something new ends what was current. There are no
 // transactions; a failing step leaves what earlier steps wrote. Operations give false (or 0, or an
-// empty text) on failure; block errors of LibFile pass through as exceptions.
+// empty text) on failure; block errors of LibFile pass through as exceptions. Outputs that are null
+// are passed over; where nothing else is asked for, the operation fails. A null text is the empty
+// text.
+//
+// Several objects may work on one library in turn. An item that one has read is found again before
+// it is rewritten when another has written to the library since, and is not rewritten when it is
+// gone. A walk keeps to what stood there when it began: no other object writes while it runs.
+//
+// Use a new key for each item: a key that is used again keeps the words that are not set anew, and
+// so can read, overwrite or delete an item of before (Key.h).
 //
 // Buffers: type keywords, bank names and character IDs 9 characters, memos 4000, key words 10
 // words.
@@ -63,7 +72,8 @@ class ZEL_API LibMaint {
   // that the type does not have, a bank that exists, a type or name of more than 8 characters.
   virtual bool CreateBank(char const* type, char const* name, std::int32_t format) = 0;
   // Removes the bank from the directory. Its blocks are not freed. True also when the bank was not
-  // there; throws when the library has no bank at all.
+  // there; throws when the library has no bank at all. A type or name of more than 8 characters,
+  // which CreateBank refuses, is cut to 8 here, and deletes the bank of that name.
   virtual bool DeleteBank(char const* type, char const* name) = 0;
   virtual void GetBankMemo(char const* type, char const* name, char* memo) = 0;
   virtual void SetBankMemo(char const* type, char const* name, char const* memo) = 0;
@@ -77,7 +87,9 @@ class ZEL_API LibMaint {
   virtual bool ReadItem(IZelBankDef* bank, char const* name, Key* key) = 0;
   // Writes the bank back to the item last read or written, without a search.
   virtual bool RewriteItem(IZelBankDef* bank) = 0;
-  // Overwrites the item or inserts a new one.
+  // Overwrites the item or inserts a new one. A component goes where the key leads: a key by CAS
+  // number that the library knows as that of another component overwrites that one, and all that
+  // says so is a warning in the log. With a key by number that cannot happen.
   virtual bool WriteItem(IZelBankDef* bank, char const* name, Key* key) = 0;
   virtual bool DeleteItem(char const* type, char const* name, Key* key) = 0;
 
@@ -105,11 +117,13 @@ class ZEL_API LibMaint {
   // reported. What was read before an error stays in the library. By default the first error ends
   // an import; with a log level (LibMaint_p) errors are lines on standard output and the import
   // goes on. A relative path is taken from the folder of the document that the process read last,
-  // so give full paths. One import at a time in a process; components need InitZelAccess first.
+  // so give full paths. Threads can import into different libraries at the same time; each starts
+  // from the folder of the document that was read last. Components need InitZelAccess first.
   virtual bool Import(char const* path, bool replaceExisting) = 0;
   virtual bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) = 0;
   // The last reported error; null when none was reported since the last import began. Where an
-  // import goes on after an error, the next bank or item empties the text.
+  // import goes on after an error, the next bank or item empties the text. The text is this
+  // object's and valid until its next import, or its end: copy it where it must last.
   virtual char const* GetLastErrorText() const = 0;
   // Folder, file name and extension count where `path` has them; otherwise the files stand beside
   // the library under names made from library, bank and component, with ".xml". Files that are

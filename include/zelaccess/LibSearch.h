@@ -34,7 +34,7 @@ class LibFile;
 // exceptions; the bank then holds what was read before. Libraries are not owned: a host that closes
 // one, or changes a bank that has been located, calls a Set operation first.
 //
-// Not thread-safe.
+// One object belongs to one thread, together with its libraries (LibFile.h).
 class ZEL_API LibSearch {
  public:
   static LibSearch* NewLibSearch();
@@ -44,7 +44,8 @@ class ZEL_API LibSearch {
   LibSearch(LibSearch const&) {}                            // copies no data: these are handles
   LibSearch& operator=(LibSearch const&) { return *this; }  // copies nothing
 
-  // Replaces the libraries and drops pairs; names set before stay. A null library is passed over.
+  // Replaces the libraries and drops pairs; names set before stay. A null library is passed over,
+  // and a null array is one of null libraries.
   virtual void SetLibraries(long count, LibFile* const* libraries) = 0;
   // Replaces the bank names, each cut to 8 characters, and drops pairs; libraries set before stay.
   virtual void SetBankNames(long count, char const (*names)[9]) = 0;

@@ -14,11 +14,12 @@ namespace zel {
 // over.
 //
 // All operations return kStatusOk or kStatusFailed unless a row says otherwise. An index out of
-// range is a failure and changes nothing. Text arguments are caller buffers: IDs 9 characters, name
-// 41, formula 21, SMILES 101, sources 260. Constants are in internal units: K, kPa, kJ/kg-mol,
-// m3/kg-mol, debye, m; undefined when unset (Types.h). Constants by index: 0 MW, 1 TC, 2 PC, 3 VC,
-// 4 ZC, ...; correlations: 0 VaporPressure, 1 IdealEnthalpy, 2 LiquidEnthalpy, 3 LatentHeat, 4
-// LiquidDensity, ...
+// range is a failure and changes nothing. Null pointers as in Banks.h: EvaluateCorrelation without
+// a buffer for the derivative gives the value alone. Text arguments are caller buffers: IDs 9
+// characters, name 41, formula 21, SMILES 101, sources 260. Constants are in internal units: K,
+// kPa, kJ/kg-mol, m3/kg-mol, debye, m; undefined when unset (Types.h). Constants by index: 0 MW, 1
+// TC, 2 PC, 3 VC, 4 ZC, ...; correlations: 0 VaporPressure, 1 IdealEnthalpy, 2 LiquidEnthalpy, 3
+// LatentHeat, 4 LiquidDensity, ...
 class ZEL_API IZelPureComp : public IUnknown {
  public:
   // Set by Complete: the stored critical constants contradict each other and come from several

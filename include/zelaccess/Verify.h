@@ -38,7 +38,7 @@ ZEL_API ZelCorrelationInfo const* GetCorrelationCatalogue(std::int32_t& count);
 ZEL_API char const* GetUnitCodeName(std::int32_t code);
 
 // The text of `count` key words (at most 10), for banks whose items are named by text. Buffer of
-// 41 characters.
+// 41 characters; empty without words.
 ZEL_API void GetKeyText(std::int32_t const* words, std::int32_t count, char* text);
 
 // The molecular weight that a formula gives with the abridged standard atomic weights of the IUPAC

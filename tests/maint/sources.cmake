@@ -12,4 +12,5 @@ set(maint_TEST_SOURCES
     numbers_test.cpp
     pairs_test.cpp
     text_dump_test.cpp
+    two_objects_test.cpp
     walks_test.cpp)

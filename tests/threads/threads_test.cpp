@@ -1,0 +1,142 @@
+// Libraries of different threads at the same time: reads, writes, walks, searches, evaluations,
+// imports, exports, lists and checks come out as in one thread. Meant for ThreadSanitizer too.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <exception>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "worker.h"
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ThreadsTest : public ::testing::Test {
+ protected:
+  ThreadsTest()
+      : folder_(fs::temp_directory_path() / ("zel_threads_" + std::to_string(::getpid()))) {
+    fs::remove_all(folder_);
+    fs::create_directories(folder_);
+  }
+  ~ThreadsTest() override { fs::remove_all(folder_); }
+
+  fs::path folder_;
+};
+
+// Gives what went wrong in each thread, a line each.
+template <typename Work>
+std::string InThreads(int count, Work const& work) {
+  std::vector<std::string> problems(static_cast<std::size_t>(count));
+  std::vector<std::thread> threads;
+  for (int n = 1; n <= count; ++n) {
+    threads.emplace_back([&, n] {
+      std::string& problem = problems[static_cast<std::size_t>(n - 1)];
+      try {
+        work(n);
+      } catch (std::exception const& error) {
+        problem = "thread " + std::to_string(n) + ": " + error.what() + "\n";
+      } catch (unsigned long address) {
+        problem = "thread " + std::to_string(n) + ": " + BlockError(address).what() + "\n";
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  std::string all;
+  for (std::string const& problem : problems) all += problem;
+  return all;
+}
+
+TEST_F(ThreadsTest, LibrariesOfDifferentThreadsDoNotDisturbEachOther) {
+  constexpr int kThreads = 4;
+  constexpr int kRounds = 3;
+  InitZelAccess();
+  Handle<LibFile> const index = MakeNameIndex(folder_);
+  LibFile::SetOrdwinNameIndex(index.get());
+  std::string const problems = InThreads(kThreads, [&](int n) {
+    for (int round = 0; round < kRounds; ++round) {
+      Worker(folder_ / (std::to_string(n) + "_" + std::to_string(round)), n).Run();
+    }
+  });
+  LibFile::ClearOrdwinNameIndex();
+  EXPECT_EQ(problems, "");
+}
+
+TEST_F(ThreadsTest, ReadersOfOneFileHaveHandlesOfTheirOwn) {
+  constexpr int kBanks = 30;
+  {
+    openErrors error{};
+    Handle<LibFile> const library(
+        LibFile::NewLibFile(libKind11, (folder_ / "one.lb1").c_str(), error));
+    Handle<LibMaint> const maint(LibMaint::NewLibMaint(library.get()));
+    for (int i = 0; i < kBanks; ++i) {
+      ASSERT_TRUE(maint->CreateBank("NRTL", ("B" + std::to_string(i)).c_str(), 0));
+    }
+    library->CloseLibFile();
+  }
+  std::string const problems = InThreads(4, [&](int) {
+    openErrors error{};
+    Handle<LibFile> const library(
+        LibFile::OpenLibFile(accRead, (folder_ / "one.lb1").c_str(), "", error));
+    Handle<LibMaint> const maint(LibMaint::NewLibMaint(library.get()));
+    for (int round = 0; round < 500; ++round) {
+      char type[9];
+      char name[9];
+      int banks = 0;
+      maint->BeginBankWalk();
+      while (maint->NextBank(type, name)) ++banks;
+      if (banks != kBanks) throw std::runtime_error("a walk with " + std::to_string(banks));
+    }
+  });
+  EXPECT_EQ(problems, "");
+}
+
+// The first thread that comes starts the units; the others find them started.
+TEST_F(ThreadsTest, UnitsAreStartedOnceByWhoComesFirst) {
+  EXPECT_EQ(InThreads(8,
+                      [&](int n) {
+                        InitZelAccess();
+                        Worker(folder_ / ("first" + std::to_string(n)), n);
+                      }),
+            "");
+}
+
+TEST_F(ThreadsTest, SettingsOfListsAreSharedAndGuarded) {
+  Handle<CompList> const shown(CompList::NewCompList());
+  EXPECT_EQ(InThreads(4,
+                      [&](int n) {
+                        Handle<CompList> const list(CompList::NewCompList());
+                        for (int i = 0; i < 200; ++i) {
+                          list->SetFilter(n % 2 == 0 ? "even" : "odd");
+                          std::string const filter = list->GetFilter();
+                          if (filter != "even" && filter != "odd" && filter != "*") {
+                            throw std::runtime_error(filter);
+                          }
+                        }
+                      }),
+            "");
+  shown->ResetFilter();
+}
+
+TEST_F(ThreadsTest, NameIndexCanBeSetWhileOthersAsk) {
+  Handle<LibFile> index = MakeNameIndex(folder_);
+  std::string const problems = InThreads(4, [&](int n) {
+    openErrors error{};
+    std::string const path = (folder_ / ("n" + std::to_string(n) + ".lb1")).string();
+    Handle<LibFile> const library(LibFile::NewLibFile(libKind11, path.c_str(), error));
+    Handle<LibMaint> const maint(LibMaint::NewLibMaint(library.get()));
+    for (int i = 0; i < 200; ++i) {
+      if (n == 1) LibFile::SetOrdwinNameIndex(i % 2 == 0 ? index.get() : nullptr);
+      std::int32_t const number = maint->FindNumberById("WATER");
+      if (number != 0 && number != 10000326) throw std::runtime_error(std::to_string(number));
+    }
+  });
+  LibFile::ClearOrdwinNameIndex();
+  EXPECT_EQ(problems, "");
+}
+
+}  // namespace
+}  // namespace zel::test
