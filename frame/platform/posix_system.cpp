@@ -128,6 +128,8 @@ int ProcessId() { return static_cast<int>(::getpid()); }
 
 namespace {
 
+constexpr std::string_view kRandomPart = "XXXXXX";
+
 std::string TemporaryFolder() {
   std::string folder = Environment("TMPDIR");
   return folder.empty() ? "/tmp" : folder;
@@ -145,7 +147,7 @@ int OpenNameless(std::string const& folder) noexcept {
 }  // namespace
 
 std::string MakeTemporaryFile(std::string const& prefix) {
-  std::string path = TemporaryFolder() + "/" + prefix + "XXXXXX";
+  std::string path = TemporaryFolder() + "/" + prefix + std::string(kRandomPart);
   int const fd = ::mkostemp(path.data(), O_CLOEXEC);
   if (fd < 0) return {};
   ::close(fd);
@@ -154,9 +156,10 @@ std::string MakeTemporaryFile(std::string const& prefix) {
 
 void RemoveFile(std::string const& path) { ::unlink(path.c_str()); }
 
-TemporaryFile::TemporaryFile(std::string const& prefix, bool nameless) {
+TemporaryFile::TemporaryFile(std::string const& prefix, std::size_t mostPath, bool nameless) {
   path_.reserve(PATH_MAX);  // so that nothing is thrown while the file is open
-  std::string const folder = nameless ? TemporaryFolder() : std::string();
+  std::string const folder = TemporaryFolder();
+  if (folder.size() + 1 + prefix.size() + kRandomPart.size() > mostPath) return;
   if (nameless) descriptor_ = OpenNameless(folder);
   if (descriptor_ >= 0) {
     std::array<char, 32> name{};

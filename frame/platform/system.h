@@ -1,6 +1,7 @@
 // Services of the system, in the library's own terms.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -43,10 +44,11 @@ void RemoveFile(std::string const& path);
 
 // A new empty file in that folder, gone with the object. Where the system has files without a name
 // it is one, so that a process that is killed leaves nothing behind; else, and when `nameless` is
-// false, it is named as above.
+// false, it is named as above. None is made where that name would have more than `mostPath`
+// characters.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(std::string const& prefix, bool nameless = true);
+  TemporaryFile(std::string const& prefix, std::size_t mostPath, bool nameless = true);
   TemporaryFile(TemporaryFile const&) = delete;
   TemporaryFile& operator=(TemporaryFile const&) = delete;
   ~TemporaryFile();

@@ -66,8 +66,8 @@ std::string TableFilePrefix(int processId) {
 
 int StartUnitSystemFrom(std::string_view table) {
   if (table.empty()) return kTableNotFound;
-  platform::TemporaryFile const file(TableFilePrefix(platform::ProcessId()));
-  std::string path = file.Path().size() <= kMostPath ? file.Path() : std::string();
+  platform::TemporaryFile const file(TableFilePrefix(platform::ProcessId()), kMostPath);
+  std::string path = file.Path();
   // Without a file, or a whole one, the loading fails and says so.
   if (!path.empty()) {
     platform::TextFile text(path);

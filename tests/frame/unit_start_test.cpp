@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <new>
 #include <string>
@@ -183,13 +184,36 @@ class UnitTableFileTest : public test::TempFolderTest {
   int watch_ = -1;
 };
 
-TEST_F(UnitTableFileTest, OneFileNamedByTheProcessComesAndGoes) {
+// The folder is on a file system that has such files wherever this runs; see TemporaryFileTest for
+// what happens elsewhere.
+TEST_F(UnitTableFileTest, FileHasNoNameThatAKilledProcessCouldLeave) {
+  if (platform::TemporaryFile("x", 259).Path().rfind("/proc/self/fd/", 0) != 0) {
+    GTEST_SKIP() << "no files without a name here";
+  }
+  Events();
   ASSERT_EQ(StartUnitSystemFrom(UnitTableResource()), 0);
+  EXPECT_TRUE(Events().empty());
+}
+
+TEST_F(UnitTableFileTest, NamedFileComesAndGoes) {
+  {
+    platform::TemporaryFile const file(TableFilePrefix(::getpid()), 259, false);
+    EXPECT_EQ(file.Path().rfind((Folder() / TableFilePrefix(::getpid())).string(), 0), 0u);
+    EXPECT_TRUE(std::filesystem::exists(file.Path()));
+  }
   std::vector<std::string> const events = Events();
   ASSERT_EQ(events.size(), 2u);
   EXPECT_EQ(events[0].rfind("+" + TableFilePrefix(::getpid()), 0), 0u) << events[0];
   EXPECT_EQ(events[1].substr(1), events[0].substr(1));
   EXPECT_EQ(events[1].front(), '-');
+}
+
+TEST_F(UnitTableFileTest, NamelessFileIsReadAgainUnderItsPath) {
+  platform::TemporaryFile const file("x", 259);
+  std::ofstream(file.Path()) << "some text";
+  std::string text;
+  std::getline(std::ifstream(file.Path()), text);
+  EXPECT_EQ(text, "some text");
 }
 
 TEST_F(UnitTableFileTest, EmptyTableMakesNoFile) {

@@ -24,11 +24,14 @@ using zelnull::Remains;
 using zelnull::Sweep;
 using zelnull::SweepCall;
 
-// The result of a member function picked among its overloads.
-template <typename... Arguments, typename Class, typename Result>
-auto Pick(Result (Class::*function)(Arguments...)) {
-  return function;
-}
+// A member function picked among its overloads.
+template <typename... Arguments>
+struct With {
+  template <typename Class, typename Result>
+  static auto Pick(Result (Class::*function)(Arguments...)) {
+    return function;
+  }
+};
 
 class NullArgumentsTest : public HostFolderTest {
  protected:
@@ -82,7 +85,7 @@ class NullArgumentsTest : public HostFolderTest {
 #define NAME(Class, function) #Class "::" #function
 #define SWEEP(object, Class, function) Sweep(NAME(Class, function), object, &Class::function)
 #define SWEEP_AS(object, Class, function, ...) \
-  Sweep(NAME(Class, function), object, Pick<__VA_ARGS__>(&Class::function))
+  Sweep(NAME(Class, function), object, With<__VA_ARGS__>::Pick(&Class::function))
 
 void NullArgumentsTest::SweepFaces() {
 #define SWEEP_FACE(keyword, Interface, function)                                \

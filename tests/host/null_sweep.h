@@ -223,11 +223,13 @@ void SweepCall(std::string const& name, Call const& call,
     SCOPED_TRACE("argument " + std::to_string(i));
     if (kRoles[i] == Role::kValue) continue;
     Outcome const part = with(1U << i);
-    if (kRoles[i] == Role::kInput && works) EXPECT_EQ(part.said, Said::kFailure);
+    if (kRoles[i] == Role::kInput && works) {
+      EXPECT_EQ(part.said, Said::kFailure);
+    }
     if (kRoles[i] != Role::kOutput || outputs == 1U << i) continue;
     EXPECT_EQ(part.said, full.said);
     for (std::size_t other = 0; other < kCount; ++other) {
-      if (other != i) EXPECT_EQ(part.outputs[other], full.outputs[other]) << "output " << other;
+      EXPECT_TRUE(other == i || part.outputs[other] == full.outputs[other]) << "output " << other;
     }
   }
   Outcome const none = with(outputs);

@@ -146,6 +146,22 @@ TEST_F(CompListTest, MissingColumnsAreEmptyAndGiveNoNumber) {
   EXPECT_EQ(Walk(sortById), "A  ");
 }
 
+TEST_F(CompListTest, NumbersBehindTheEndOfALongLineAreUndefined) {
+  ASSERT_TRUE(
+      Read("Water\t0\tA\t0\tH2O\t0\t-\t0\t373.15\t0\t18.02\t0\n"
+           "Oil\t1\tB\t1\tF\t1\t-\t1\t400\n"
+           "Tar\t2\tC\t2\n"
+           "Wax\t3\tD\t3\tG\t3\t-\t3\t0\t3\tx\t3\n"));
+  ASSERT_EQ(list_.Entries().size(), 4U);
+  EXPECT_EQ(list_.Entries()[0].mw, 18.02);
+  EXPECT_EQ(list_.Entries()[1].nbp, 400.0);
+  EXPECT_TRUE(gen_IsUndefDouble(list_.Entries()[1].mw));
+  EXPECT_TRUE(gen_IsUndefDouble(list_.Entries()[2].nbp));
+  EXPECT_TRUE(gen_IsUndefDouble(list_.Entries()[2].mw));
+  EXPECT_EQ(list_.Entries()[3].nbp, 0.0) << "a number that is there";
+  EXPECT_EQ(list_.Entries()[3].mw, 0.0) << "a text that is no number";
+}
+
 TEST_F(CompListTest, TextsAreCutToTheirBuffers) {
   ASSERT_TRUE(Read(std::string(60, 'n') + "\t" + std::string(30, 'i') + "\t" +
                    std::string(30, 'f') + "\t0\t0\n"));

@@ -1,5 +1,6 @@
 // Two objects at work on one library: a rewrite reaches the item where it is by then.
 #include "tests/maint/maint_fixture.h"
+#include "zelaccess/Module.h"
 
 namespace zel {
 namespace {
