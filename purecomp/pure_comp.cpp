@@ -237,7 +237,8 @@ ZelStatus PureComp_i::SetCorrelation(std::uint32_t index, std::int32_t equation,
                                      std::int32_t logBasis, std::int32_t moleWtBasis,
                                      std::int32_t coefficientCount, double tMin, double tMax,
                                      double const* coefficients) {
-  if (index >= kNamedCorrelations || coefficients == nullptr) return kStatusFailed;
+  std::size_t const held = HeldCoefficients(coefficientCount);
+  if (index >= kNamedCorrelations || (coefficients == nullptr && held > 0)) return kStatusFailed;
   Correlation& own = c_.correlations[index];
   own.present = true;
   own.equation = equation;
@@ -250,7 +251,7 @@ ZelStatus PureComp_i::SetCorrelation(std::uint32_t index, std::int32_t equation,
   own.tMin = tMin;
   own.tMax = tMax;
   own.coefficients.fill(gen_GetUndefDouble());
-  std::copy_n(coefficients, HeldCoefficients(coefficientCount), own.coefficients.begin());
+  std::copy_n(coefficients, held, own.coefficients.begin());
   return kStatusOk;
 }
 

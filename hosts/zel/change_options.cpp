@@ -17,7 +17,7 @@ void AddChangeOptions(Command& command, ChangeOptions& options) {
 }
 
 void AddModeOption(Command& command, std::string& mode) {
-  command.Option("--mode", mode, "of a new library's files, e.g. 0664; else as others beside it",
+  command.Option("--mode", mode, "of new files, e.g. 0664; else as libraries beside it",
                  "OCTAL");
 }
 

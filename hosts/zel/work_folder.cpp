@@ -302,7 +302,7 @@ void FinishChange(std::string const& path) {
   try {
     whole = WithoutLinks(path);
   } catch (fs::filesystem_error const& error) {
-    if (error.code() == std::errc::not_enough_memory) throw;
+    if (error.code() == std::errc::not_enough_memory || path.empty()) throw;
     return;  // there is no such folder
   }
   Move const move(whole);

@@ -1,6 +1,7 @@
 // Null pointers: every pointer argument of every public function. The last step holds what was
 // swept against the headers, so that a new function is not forgotten.
 #include <zelaccess/CompList_p.h>
+#include <zelaccess/Identity.h>
 #include <zelaccess/Key_p.h>
 #include <zelaccess/LibFile_p.h>
 #include <zelaccess/LibMaint_p.h>
@@ -362,6 +363,12 @@ void NullArgumentsTest::SweepFunctions() {
   GetKeyText(nullptr, 2, text);
   EXPECT_STREQ(text, "");
   Sweep("GetFormulaWeight", &GetFormulaWeight);
+  SweepCall<IZelPureComp*>("GetComponentIdentity", [](IZelPureComp* component) {
+    ZelIdentity identity;
+    return GetComponentIdentity(component, identity);
+  });
+  Sweep("FormulasAgree", &FormulasAgree);
+  Sweep("GetConstantState", &GetConstantState);
   Sweep("GetFileRoom", &GetFileRoom);
   Sweep("GetLostFlushes", &GetLostFlushes);
   struct Sink final : ZelFindingSink {

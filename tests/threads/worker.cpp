@@ -52,6 +52,7 @@ std::string Document(std::int32_t number, std::string const& id, double nbp, dou
 }  // namespace
 
 Handle<LibFile> MakeNameIndex(std::filesystem::path const& folder) {
+  InitZelAccess();
   std::string const document = (folder / "index.xml").string();
   std::ofstream(document) << Document(kIndexNumber, kIndexId, 100.0, 1.0);
   Handle<LibFile> library = NewLibrary((folder / "index.lb1").string());

@@ -8,7 +8,7 @@ set(zel_TEST_SOURCES
     maintenance_test.cpp
     missing_test.cpp
     output_test.cpp
-    outputs_test.cpp
+    output_files_test.cpp
     sense_test.cpp
     traced_run.cpp
     zel_fixture.cpp)

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class OutputTest : public ZelTest {
+class OutputFilesTest : public ZelTest {
  protected:
   void SetUp() override {
     fs::create_directory(Folder() / "out");
@@ -45,7 +45,7 @@ class OutputTest : public ZelTest {
   static constexpr char kPlot[] = "plot VaporPressure ETHANOL -l perry.lb1 -o ";
 };
 
-TEST_F(OutputTest, PlotFollowsNoLink) {
+TEST_F(OutputFilesTest, PlotFollowsNoLink) {
   Plant("p.svg");
   Plant("p.svg.zel-new");
   Good(std::string(kPlot) + "out/p.svg");
@@ -59,7 +59,7 @@ TEST_F(OutputTest, PlotFollowsNoLink) {
   EXPECT_EQ(Hidden(), 0);
 }
 
-TEST_F(OutputTest, DocumentsIndexesAndListsFollowNoLink) {
+TEST_F(OutputFilesTest, DocumentsIndexesAndListsFollowNoLink) {
   for (char const* name :
        {"doc.xml", "crc.xml", "CRC.xml", "crc.bnk", "crc.CRC.cmp", "picker.lst"}) {
     Plant(name);
@@ -76,7 +76,7 @@ TEST_F(OutputTest, DocumentsIndexesAndListsFollowNoLink) {
   EXPECT_EQ(Hidden(), 0);
 }
 
-TEST_F(OutputTest, LibrariesFollowNoLink) {
+TEST_F(OutputFilesTest, LibrariesFollowNoLink) {
   Plant("own.lb2");
   EXPECT_EQ(Zel("create out/own.lb1").status, 1);
   Good("create out/own.lb1 --force");
@@ -87,7 +87,7 @@ TEST_F(OutputTest, LibrariesFollowNoLink) {
 }
 
 // Devices and pipes are written as they are.
-TEST_F(OutputTest, PlotToStandardOutput) {
+TEST_F(OutputFilesTest, PlotToStandardOutput) {
   Outcome const piped = Shell("\"$ZEL\" " + std::string(kPlot) + "/dev/stdout | head -c 4");
   EXPECT_EQ(piped.out, "<svg");
   Outcome const filed = Shell("\"$ZEL\" " + std::string(kPlot) + "/dev/stdout >out/p.svg");
@@ -100,7 +100,7 @@ TEST_F(OutputTest, PlotToStandardOutput) {
   EXPECT_EQ(pipe.out, "<svg");
 }
 
-TEST_F(OutputTest, PlotThatTheDiskRefusesLeavesTheOldOne) {
+TEST_F(OutputFilesTest, PlotThatTheDiskRefusesLeavesTheOldOne) {
   MakeFile("out/p.svg", "old");
   Outcome const outcome = Shell("ulimit -f 1; \"$ZEL\" " + std::string(kPlot) + "out/p.svg");
   EXPECT_EQ(outcome.status, 1);
@@ -110,7 +110,7 @@ TEST_F(OutputTest, PlotThatTheDiskRefusesLeavesTheOldOne) {
   EXPECT_EQ(Hidden(), 0);
 }
 
-TEST_F(OutputTest, NewLibraryHasTheModeThatTheUmaskLeaves) {
+TEST_F(OutputFilesTest, NewLibraryHasTheModeThatTheUmaskLeaves) {
   for (auto const& [mask, mode] : {std::pair("022", "644 "), {"002", "664 "}, {"077", "600 "}}) {
     fs::remove_all(Folder() / "out");
     fs::create_directory(Folder() / "out");
@@ -123,7 +123,7 @@ TEST_F(OutputTest, NewLibraryHasTheModeThatTheUmaskLeaves) {
   }
 }
 
-TEST_F(OutputTest, NewLibraryHasTheModeOfTheOthers) {
+TEST_F(OutputFilesTest, NewLibraryHasTheModeOfTheOthers) {
   Good("create out/a.lb1 --mode 0660");
   Good("create out/b.lb1 --mode 660");
   Good("create out/c.lb1 --mode 0600");
@@ -138,7 +138,7 @@ TEST_F(OutputTest, NewLibraryHasTheModeOfTheOthers) {
   EXPECT_EQ(ModesOf("out/c.lb1"), "644 ");
 }
 
-TEST_F(OutputTest, ModeThatIsNone) {
+TEST_F(OutputFilesTest, ModeThatIsNone) {
   for (char const* mode : {"8", "0x1", "1777", "rw", "''-1"}) {
     Outcome const outcome = Zel("create out/own.lb1 --mode " + std::string(mode));
     EXPECT_EQ(outcome.status, 2) << mode << outcome.err;
@@ -147,7 +147,7 @@ TEST_F(OutputTest, ModeThatIsNone) {
 }
 
 // The class of libraries has its own rule.
-TEST_F(OutputTest, LibraryThatAHostMakesIsItsOwners) {
+TEST_F(OutputFilesTest, LibraryThatAHostMakesIsItsOwners) {
   openErrors error = openFailed;
   LibFile* library = LibFile::NewLibFile(libKind11, (Folder() / "out/host.lb1").c_str(), error);
   ASSERT_NE(library, nullptr);
@@ -156,7 +156,7 @@ TEST_F(OutputTest, LibraryThatAHostMakesIsItsOwners) {
 }
 
 // A tail that is a hole of 4 GB stays one.
-TEST_F(OutputTest, HolesOfALibraryStayHoles) {
+TEST_F(OutputFilesTest, HolesOfALibraryStayHoles) {
   fs::resize_file(Folder() / "crc.lb2", std::uintmax_t{4} << 30);
   Outcome const outcome = Shell(
       "before=$(stat -c %b crc.lb2); timeout 20 \"$ZEL\" set crc.lb1 --description x && "
