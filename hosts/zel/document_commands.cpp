@@ -14,6 +14,7 @@
 #include "progress.h"
 #include "pure_component.h"
 #include "replacement.h"
+#include "written_documents.h"
 
 namespace zelhost {
 namespace {
@@ -29,6 +30,8 @@ struct Options {
   std::string mode;
   ChangeOptions change;
   bool replace = false;
+  bool lenient = false;
+  bool strict = false;
   bool create = false;
   bool verbose = false;
   bool banner = false;
@@ -42,7 +45,53 @@ LibraryChange ChangeFor(Options const& o) {
   return {o.path, o.change};
 }
 
+zel::zelImportChecks ChecksOf(Options const& o) {
+  if (o.lenient && o.strict) throw WrongUsage("--lenient and --strict exclude each other");
+  return o.strict ? zel::importStrict : o.lenient ? zel::importTold : zel::importChecked;
+}
+
+// Why an import ended without success. The text of the last error is empty when the import went on
+// with something that is right.
+std::string Reason(zel::LibMaint_p const& maint, zel::ZelImportCounts const& counts,
+                   Options const& o) {
+  char const* const last = maint.GetLastErrorText();
+  std::string reason = last != nullptr ? last : "";
+  if (reason.empty()) reason = std::to_string(counts.errors) + " errors, listed above";
+  if (o.replace && reason.find("already exists in this library") != std::string::npos) {
+    reason +=
+        "; --replace does not replace banks: import into another library and use zel copy "
+        "--replace";
+  }
+  return reason;
+}
+
+// What the imports of all documents given have found and stored.
+struct Totals {
+  std::int64_t components = 0;
+  std::int64_t items = 0;
+  std::int64_t notStored = 0;
+  std::int64_t malformed = 0;
+  std::int64_t altered = 0;
+
+  void Add(zel::ZelImportCounts const& counts) {
+    components += counts.componentsStored;
+    items += counts.itemsStored;
+    notStored +=
+        counts.componentsFound + counts.itemsFound - counts.componentsStored - counts.itemsStored;
+    malformed += counts.malformedNumbers;
+    altered += counts.alteredTexts;
+  }
+  void AddTo(Report& report) const {
+    report.Fact("components", components);
+    report.Fact("items", items);
+    if (notStored != 0) report.Fact("not stored", notStored);
+    if (malformed != 0) report.Fact("malformed numbers", malformed);
+    if (altered != 0) report.Fact("altered texts", altered);
+  }
+};
+
 Report Import(Options const& o) {
+  zel::zelImportChecks const checks = ChecksOf(o);
   for (std::string const& file : o.files) {
     if (!fs::exists(file)) throw Failure(file + ": not found");
     if (!fs::is_regular_file(file)) throw Failure(file + ": is no file");
@@ -55,6 +104,8 @@ Report Import(Options const& o) {
   // The log is for people. Without it the first error ends an import.
   bool const isText = OutputForm() == Form::kText;
   maint->SetLogLevel(!isText ? 0 : o.verbose ? 2 : 1);
+  maint->SetImportChecks(checks);
+  Totals totals;
   for (std::string const& file : o.files) {
     std::string const absolute = fs::absolute(file).string();
     std::optional<Waiting> waiting;  // the log shows people how far it is
@@ -62,9 +113,11 @@ Report Import(Options const& o) {
     bool const good = o.bank.empty() ? maint->Import(absolute.c_str(), o.replace)
                                      : maint->ImportComponent(absolute.c_str(),
                                                               UpperCase(o.bank).c_str(), o.replace);
+    zel::ZelImportCounts counts;
+    maint->GetImportCounts(counts);
+    totals.Add(counts);
     if (good) continue;
-    char const* const last = maint->GetLastErrorText();
-    throw Failure(file + ": " + (last != nullptr ? last : "not imported") +
+    throw Failure(file + ": " + Reason(*maint, counts, o) +
                   (isNew              ? "; no library was made"
                    : o.change.inPlace ? "; what stood before the error was imported"
                                       : "; the library is as it was"));
@@ -73,6 +126,7 @@ Report Import(Options const& o) {
   Report report;
   report.Fact("imported", static_cast<std::int64_t>(o.files.size()));
   report.Fact("library", o.path);
+  totals.AddTo(report);
   return report;
 }
 
@@ -132,10 +186,31 @@ std::int64_t LeftOut(Library const& library, Options const& o) {
   return count;
 }
 
+// The banks that the documents are to hold whole; none for a single component.
+std::vector<BankName> ExportedBanks(Library const& library, Options const& o) {
+  if (!o.component.empty()) return {};
+  return o.bank.empty() ? library.Banks() : std::vector<BankName>{library.Bank(o.bank)};
+}
+
+// Files are named after what has no name of its own.
+void CheckNames(Library const& library, Options const& o, ExportTarget const& target) {
+  std::vector<BankName> const banks = ExportedBanks(library, o);
+  if (o.bank.empty() || target.name.empty()) CheckDocumentNames(library, banks);
+  if (o.componentFiles) CheckComponentNames(library, banks);
+  if (!o.component.empty() && target.name.empty()) {
+    CheckDocumentNames(library, {library.ComponentBank(o.bank)});
+    if (o.component.find('/') != std::string::npos) {
+      throw Failure("a document cannot be named after component " + o.component +
+                    "; name it with -o FILE.xml");
+    }
+  }
+}
+
 Report Export(Options const& o) {
   zel::InitZelAccess();
   Library const library = Library::OpenRead(o.path);
   ExportTarget const target = TargetOf(o);
+  CheckNames(library, o, target);
   OutputFolder documents(target.folder, o.output.empty() ? o.path : o.output);
   std::string const path = documents.PathOf(target.name);
   Waiting const waiting("exporting " + o.path);
@@ -150,6 +225,10 @@ Report Export(Options const& o) {
     good = library.Maint().ExportLibrary(path.c_str(), o.banner, o.componentFiles);
   }
   if (!good) throw Failure((target.folder / target.name).string() + ": cannot be written");
+  Report findings;
+  ReportUnreadable(findings, documents.PathOf(""));
+  ReportMissing(findings, library, ExportedBanks(library, o), documents.PathOf(""), target.name,
+                !o.bank.empty());
   Report report;
   report.Fact("exported", o.path);
   report.Fact("documents", documents.MoveInto());
@@ -159,6 +238,8 @@ Report Export(Options const& o) {
     report.Fact("left out", std::to_string(leftOut) +
                                 " correlations with equations above 100, which documents have not");
   }
+  for (auto const& fact : findings.Facts()) report.Fact(fact.name, fact.value);
+  for (Table const& table : findings.Tables()) report.Add(table);
   return report;
 }
 
@@ -229,7 +310,9 @@ void AddDocumentCommands(CLI::App& app) {
       .Argument("DOCUMENT", o->files, "documents of a library, bank or component")
       .Option("--bank", o->bank, "the documents are components for this bank", "NAME")
       .Flag("--create", o->create, "make the library when it is not there")
-      .Flag("--replace", o->replace, "items that are there are replaced and no error")
+      .Flag("--replace", o->replace, "with --bank, components that are there are replaced")
+      .Flag("--lenient", o->lenient, "malformed numbers and lost parts are warnings")
+      .Flag("--strict", o->strict, "texts that cannot be kept as they are are errors")
       .Flag("--verbose", o->verbose, "tell of progress and warnings");
   AddModeOption(reading, o->mode);
   AddChangeOptions(reading, o->change);

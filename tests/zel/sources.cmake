@@ -5,6 +5,7 @@ set(zel_TEST_SOURCES
     documents_test.cpp
     identity_test.cpp
     kill_test.cpp
+    interchange_test.cpp
     maintenance_test.cpp
     missing_test.cpp
     output_test.cpp

@@ -1,0 +1,198 @@
+// Documents in and out by zel: nothing is changed or lost on the way without a word.
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+class InterchangeTest : public ZelTest {
+ protected:
+  // Imports the text of a document into new.lb1, which is not there before.
+  Outcome Import(std::string const& text, std::string const& options = "") {
+    MakeFile("doc.xml", text);
+    for (char const* name : {"new.lb1", "new.lb2"}) fs::remove(Folder() / name);
+    return Zel("import new.lb1 doc.xml --create " + options);
+  }
+  static std::string Pair(std::string const& fields) {
+    return "<bank type='NRTL' name='N'>\n<item><keys>1234567 1234568</keys>" + fields +
+           "</item></bank>";
+  }
+  static std::string Components(std::string const& name, std::string const& id) {
+    return "<bank type='PURECOMP' name='" + name +
+           "'><comp><id number='7' name='A &amp; B' formula='CH4'> " + id + " </id></comp></bank>";
+  }
+  bool Made() const { return fs::exists(Folder() / "new.lb1"); }
+};
+
+bool Has(std::string const& text, std::string const& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST_F(InterchangeTest, MalformedNumberIsRefusedUnlessLenient) {
+  for (char const* number : {"61x37", "abc", "6137,5"}) {
+    std::string const document = Pair("<bij>" + std::string(number) + "</bij>");
+    Outcome const refused = Import(document);
+    EXPECT_EQ(refused.status, 1) << number;
+    EXPECT_TRUE(Has(refused.out, "*** doc.xml : error : ")) << refused.out;
+    EXPECT_TRUE(Has(refused.out, "line 2: <bij> \"" + std::string(number) + "\" is not a number"))
+        << refused.out;
+    EXPECT_FALSE(Made());
+    Outcome const silent = Import(document, "--json");
+    EXPECT_EQ(silent.status, 1);
+    EXPECT_TRUE(Has(silent.err, "line 2: <bij> \"" + std::string(number) + "\"")) << silent.err;
+    Outcome const taken = Import(document, "--lenient");
+    EXPECT_EQ(taken.status, 0) << taken.err;
+    EXPECT_TRUE(Has(taken.out, "warning : ")) << taken.out;
+    EXPECT_TRUE(Has(taken.out, "malformed numbers  1")) << taken.out;
+  }
+  EXPECT_EQ(Import(Pair(""), "--lenient --strict").status, 2);
+}
+
+TEST_F(InterchangeTest, AlteredTextsAreCountedAndStrictRefuses) {
+  std::string const document =
+      "<bank type='PURECOMP' name='P'><comp><id number='7' name='\xCE\xB1-Pin\xC3\xA8ne' "
+      "formula='CH4'> A </id><smiles>[CH4]</smiles></comp></bank>";
+  Outcome const taken = Import(document);
+  EXPECT_EQ(taken.status, 0) << taken.err;
+  EXPECT_TRUE(Has(taken.out, "<id> name \"\xCE\xB1-Pin\xC3\xA8ne\" is kept as \"-Pin  ne\""))
+      << taken.out;
+  EXPECT_TRUE(Has(taken.out, "altered texts  2")) << taken.out;
+  EXPECT_EQ(Import(document, "--strict").status, 1);
+  EXPECT_FALSE(Made());
+  Outcome const asJson = Import(document, "--json");
+  EXPECT_EQ(json::parse(asJson.out)["altered_texts"], 2);
+}
+
+TEST_F(InterchangeTest, LostPartsAreReportedWithTheirPlace) {
+  std::string const document =
+      "<library><bank type='PURECOMP' name='P'>\n<comp/>\n<comp><id number='7' formula='CH4'> A "
+      "</id></comp></bank>" +
+      Pair("") + "</library>";
+  for (char const* options : {"", "--json"}) {
+    Outcome const refused = Import(document, options);
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_TRUE(Has(refused.err, "<bank> of line 1") || Has(refused.err, "<library> of line 1"))
+        << refused.err;
+    EXPECT_FALSE(Made());
+  }
+  Outcome const refused = Import(document);
+  EXPECT_TRUE(Has(refused.out, "(PURECOMP:P): 2 of 2 components not stored, on line 2, 3"))
+      << refused.out;
+  EXPECT_TRUE(Has(refused.out, "(NRTL:N): 1 of 1 items not stored")) << refused.out;
+  Outcome const taken = Import(document, "--lenient");
+  EXPECT_EQ(taken.status, 0) << taken.err;
+  EXPECT_TRUE(Has(taken.out, "not stored  3")) << taken.out;
+}
+
+TEST_F(InterchangeTest, DocumentInAGroupThatIncludesAnotherDropsNothingInSilence) {
+  MakeFile("inner.xml", "<group/>");
+  MakeFile("outer.xml", "<group><import file='inner.xml'/></group>");
+  Outcome const refused = Import("<library><import file='outer.xml'/>\n" + Pair("") + "</library>");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_TRUE(Has(refused.out, "<library> of line 1: 1 of 1 banks not stored, on line 2"))
+      << refused.out;
+}
+
+TEST_F(InterchangeTest, CountsWhatArrived) {
+  Good("import two.lb1 '" ZEL_DATA "/sample.xml' --create");
+  json const imported = Json("import one.lb1 '" ZEL_DATA "/crc.xml' --create");
+  EXPECT_EQ(imported["components"], 336);
+  EXPECT_EQ(imported["items"], 0);
+  EXPECT_EQ(imported.count("not_stored"), 0U);
+}
+
+TEST_F(InterchangeTest, PublishedDocumentsPassStrictly) {
+  for (char const* name : {"sample", "perry", "crc", "chemsep", "nist"}) {
+    Good("import strict-" + std::string(name) + ".lb1 '" ZEL_DATA "/" + name +
+         ".xml' --create --strict");
+  }
+}
+
+TEST_F(InterchangeTest, FailureNeverHasAnEmptyReason) {
+  Outcome const outcome = Import(
+      "<bank type='PURECOMP' name='P'><comp><id number='7' formula='CH4'> A </id>"
+      "<property name='XX' value='1'/></comp><comp><id number='8' formula='CH4'> B </id></comp>"
+      "</bank>");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_FALSE(Has(outcome.err, "doc.xml: ;")) << outcome.err;
+  EXPECT_TRUE(Has(outcome.err, "doc.xml: 1 errors, listed above; no library was made"))
+      << outcome.err;
+}
+
+TEST_F(InterchangeTest, FormatErrorNamesItsLine) {
+  Outcome const outcome = Import("<library>\n<memo>\n</library>");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(Has(outcome.err, "doc.xml\", line 3: ")) << outcome.err;
+}
+
+TEST_F(InterchangeTest, EntityAttackEndsWithTheBoundThatItPassed) {
+  Outcome const outcome = Import("<!DOCTYPE library [<!ENTITY % p ''>]><library/>");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(Has(outcome.err, "a parameter entity")) << outcome.err;
+}
+
+TEST_F(InterchangeTest, ReplaceNamesWhatReplacesBanks) {
+  EXPECT_EQ(Import(Pair("")).status, 0);
+  Outcome const outcome = Zel("import new.lb1 doc.xml --replace");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(Has(outcome.err, "--replace does not replace banks")) << outcome.err;
+  EXPECT_TRUE(Has(outcome.err, "zel copy --replace")) << outcome.err;
+}
+
+// --- export --------------------------------------------------------------------------------------
+
+TEST_F(InterchangeTest, ExportThatCannotBeReadBackIsReported) {
+  ASSERT_EQ(Import(Components("P", "A")).status, 0);
+  fs::create_directory(Folder() / "out");
+  Outcome const outcome = Zel("export new.lb1 -o out/");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(Has(outcome.out, "cannot be read back  1")) << outcome.out;
+  EXPECT_TRUE(Has(outcome.out, "Bank-PURECOMP-P.xml")) << outcome.out;
+  EXPECT_TRUE(fs::exists(Folder() / "out/Bank-PURECOMP-P.xml")) << "it is there to be mended";
+  Outcome const asJson = Zel("export new.lb1 -o out/ --json");
+  json const row = json::parse(asJson.out)["unreadable"][0];
+  EXPECT_EQ(row["document"], "Bank-PURECOMP-P.xml");
+  EXPECT_GT(row["line"], 1);
+  EXPECT_EQ(Zel("export new.lb1 --component 7 -o one.xml").status, 1);
+  json const sound = Json("export crc.lb1 -o out/");
+  EXPECT_EQ(sound.count("unreadable") + sound.count("missing"), 0U);
+}
+
+// A component whose ID is not kept at all is not found by it, and so not written.
+TEST_F(InterchangeTest, ExportHoldsAsManyItemsAsTheBank) {
+  fs::create_directory(Folder() / "out");
+  for (char const* options : {"", " --component-files", " --bank CRC"}) {
+    json const sound = Json("export crc.lb1 -o out/" + std::string(options));
+    EXPECT_EQ(sound.count("missing"), 0U) << options;
+  }
+  ASSERT_EQ(Import(Components("P", "~")).status, 0);
+  Outcome const outcome = Zel("export new.lb1 -o out/ --json");
+  EXPECT_EQ(outcome.status, 1);
+  json const row = json::parse(outcome.out)["missing"][0];
+  EXPECT_EQ(row["bank"], "PURECOMP:P");
+  EXPECT_EQ(row["items"], 1);
+  EXPECT_EQ(row["written"], 0);
+}
+
+TEST_F(InterchangeTest, NamesThatNoFileCanHave) {
+  ASSERT_EQ(Import(Components("A/B", "X/Y")).status, 0);
+  fs::create_directory(Folder() / "out");
+  for (char const* words : {"export new.lb1 -o out/", "export new.lb1 --bank A/B -o out/",
+                            "export new.lb1 --component 7 -o out/"}) {
+    Outcome const outcome = Zel(words);
+    EXPECT_EQ(outcome.status, 1) << words;
+    EXPECT_TRUE(Has(outcome.err, "bank PURECOMP:A/B has \"/\" in its name")) << outcome.err;
+    EXPECT_TRUE(Has(outcome.err, "-o FILE.xml")) << outcome.err;
+  }
+  Outcome const files = Zel("export new.lb1 --bank A/B -o b.xml --component-files");
+  EXPECT_EQ(files.status, 1);
+  EXPECT_TRUE(Has(files.err, "component X/Y of bank PURECOMP:A/B has \"/\" in its ID"))
+      << files.err;
+  Zel("export new.lb1 --bank A/B -o b.xml");
+  EXPECT_TRUE(fs::exists(Folder() / "b.xml"));
+}
+
+}  // namespace
+}  // namespace zel::test
