@@ -312,7 +312,12 @@ void CheckAcross(Library const& one, Library const& other, Collector& collector)
       key->SetKey(zel::casn(identity.cas.c_str()));
       for (BankName const& there : other.Banks(kPureType)) {
         if (!other.Maint().ReadItem(b.Def(), there.name.c_str(), key.get())) continue;
-        CheckMagnitude(a, bank.name + " " + identity.FirstId(), b, other.Path(), tell);
+        std::string const place = bank.name + " " + identity.FirstId();
+        CheckMagnitude(a, place, b, other.Path(), tell);
+        CheckBoilingPoint(a, place, b, other.Path(), tell);
+        collector.Library(other.Path());
+        CheckBoilingPoint(b, there.name + " " + identity.FirstId(), a, one.Path(), tell);
+        collector.Library(one.Path());
       }
     }
   }

@@ -5,62 +5,13 @@
 #include <cstdio>
 #include <iterator>
 
-#include "span_of_numbers.h"
+#include "sense_terms.h"
 
 namespace zelhost {
 namespace {
 
 constexpr std::uint32_t kCurvesWithCode = 17;  // the last one has no place for a code
 constexpr double kGas = 8.314462618;           // kJ/(kg-mol K), CODATA 2018, exact
-constexpr double kAtmosphere = 101.325;        // kPa
-
-// Constants by index.
-enum Constant : std::uint32_t {
-  kMW = 0,
-  kTC = 1,
-  kPC = 2,
-  kVC = 3,
-  kZC = 4,
-  kAcentric = 5,
-  kNMP = 7,
-  kNBP = 8,
-  kTTP = 37
-};
-// Correlations by index.
-enum CurveIndex : std::uint32_t {
-  kVaporPressure = 0,
-  kLiquidEnthalpy = 2,
-  kLatentHeat = 3,
-  kLiquidDensity = 4,
-  kLiquidThermal = 5,
-  kLiquidViscosity = 7,
-  kVaporViscosity = 8,
-  kSurfaceTension = 9,
-  kIdealGasCp = 13,
-  kLiquidCp = 14,
-  kSolidCp = 15
-};
-
-bool Has(double value) { return !zel::gen_IsUndefDouble(value); }
-
-std::string Show(double value) { return Digits(value); }
-
-// Numbers that are equal but for a rounding.
-std::string Rounded(double value) {
-  constexpr int kDigits = 5;
-  char text[32];
-  std::snprintf(text, sizeof text, "%.*g", kDigits, value);
-  return text;
-}
-
-bool HasManyDigits(std::string const& number) {
-  constexpr int kMany = 5;
-  std::string const mantissa = number.substr(0, number.find('e'));
-  std::size_t const first = mantissa.find_first_of("123456789");
-  if (first == std::string::npos) return false;
-  return std::count_if(mantissa.begin() + static_cast<std::ptrdiff_t>(first), mantissa.end(),
-                       [](char c) { return c >= '0' && c <= '9'; }) >= kMany;
-}
 
 // One component with the ways to ask it.
 class Checked {
@@ -73,14 +24,16 @@ class Checked {
   void Critical();
   void Acentric();
   void VaporPressure();
+  void CriticalDensity();
+  void LatentHeat();
+  void SolidRanges();
   void Curves();
   void Sources();
 
  private:
   void Tell(char const* id, std::string const& text) const { tell_(id, place_, text); }
   double Of(Constant index) const { return c_.Constant(index); }
-  // A value of a correlation at a temperature in K, inside its range only; undefined otherwise.
-  double At(std::uint32_t curve, double kelvin) const;
+  double At(std::uint32_t curve, double kelvin) const { return InsideAt(c_, curve, kelvin); }
   void Below(char const* lower, double a, char const* higher, double b, double tolerance) const;
   void Monotonic(std::uint32_t index, bool rises) const;
   void Positive(std::uint32_t index) const;
@@ -90,13 +43,6 @@ class Checked {
   std::string const& place_;
   TellSense const& tell_;
 };
-
-double Checked::At(std::uint32_t curve, double kelvin) const {
-  Curve const record = c_.ReadCurve(curve);
-  if (!record.present) return zel::gen_GetUndefDouble();
-  Point const point = c_.At(curve, Convert(kelvin, kKelvin, record.tempUnit));
-  return point.there && point.status == 0 ? point.value : zel::gen_GetUndefDouble();
-}
 
 void Checked::Identity() {
   zelhost::Identity const identity = c_.ReadIdentity();
@@ -183,6 +129,37 @@ void Checked::VaporPressure() {
       std::abs(critical - Of(kPC)) > kAtCritical * Of(kPC)) {
     Tell("vapor-pressure",
          "at TC the vapor pressure is " + Show(critical) + " kPa, where PC is " + Show(Of(kPC)));
+  }
+}
+
+void Checked::CriticalDensity() {
+  double const density = At(kLiquidDensity, Of(kTC));
+  constexpr double kTolerance = 0.1;
+  if (!Has(Of(kTC)) || !Has(Of(kVC)) || Of(kVC) <= 0.0 || !Has(density)) return;
+  if (std::abs(density * Of(kVC) - 1.0) > kTolerance) {
+    Tell("critical-density", "at TC the liquid density is " + Show(density) +
+                                 " kg-mol/m3, where VC gives " + Show(1.0 / Of(kVC)));
+  }
+}
+
+void Checked::LatentHeat() {
+  double const stored = Of(kHeatOfVaporization);
+  if (!Has(stored) || !Has(Of(kNBP))) return;
+  double const heat = At(kLatentHeat, Of(kNBP));
+  constexpr double kTolerance = 0.03;
+  if (Has(heat) && std::abs(stored - heat) > kTolerance * std::abs(heat)) {
+    Tell("latent-heat", "HVAPNBP is " + Show(stored) +
+                            " kJ/kg-mol, where the latent heat at NBP is " + Show(heat));
+  }
+}
+
+void Checked::SolidRanges() {
+  constexpr double kTolerance = 0.005;
+  for (std::uint32_t const index : {kSolidEnthalpy, kSolidDensity, kSolidCp}) {
+    Curve const curve = c_.ReadCurve(index);
+    if (!curve.present || !Has(curve.tMax)) continue;
+    Below((std::string("the end of ") + Correlations()[index].name).c_str(),
+          Convert(curve.tMax, curve.tempUnit, kKelvin), "NMP", Of(kNMP), kTolerance);
   }
 }
 
@@ -274,13 +251,17 @@ std::vector<SenseKind> const& SenseKinds() {
       {"critical", "TC, PC and VC agree with ZC, which lies within 0.15 to 0.40"},
       {"acentric", "ACENTRIC agrees with the vapor pressure at 0.7 TC within 0.02"},
       {"vapor-pressure", "101.325 kPa at NBP within 2 %, PC at TC within 5 %"},
+      {"critical-density", "the liquid density at TC is 1/VC within 10 %"},
+      {"latent-heat", "the latent heat at NBP is HVAPNBP within 3 %"},
       {"monotony",
        "vapor pressure and vapor viscosity rise, surface tension falls to 0, heat "
        "capacities are positive"},
       {"source", "each constant and correlation has a reference code"},
       {"pair-twice", "a pair stored in both orders has the same values in both"},
       {"group-use", "groups have interactions, and components have groups that are there"},
-      {"magnitude", "a constant is the same in two libraries within a factor of 1.5"}};
+      {"magnitude", "a constant is the same in two libraries within a factor of 1.5"},
+      {"boiling-point",
+       "the vapor pressure of one library is 101.325 kPa within 5 % at the NBP of another"}};
   return kinds;
 }
 
@@ -292,92 +273,11 @@ void CheckComponentSense(PureComponent const& component, std::string const& plac
   checked.Critical();
   checked.Acentric();
   checked.VaporPressure();
+  checked.CriticalDensity();
+  checked.LatentHeat();
+  checked.SolidRanges();
   checked.Curves();
   checked.Sources();
-}
-
-void SenseAcross::Component(PureComponent const& component, std::string const& place) {
-  Identity const identity = component.ReadIdentity();
-  if (!identity.cas.empty()) {
-    casNumbers_.push_back({identity.cas, {place, identity.formula, identity.name}});
-  }
-  for (auto const& row : Correlations()) {
-    Curve const curve = component.ReadCurve(IndexOf(row));
-    if (curve.coefficients.size() < 2) continue;
-    std::string text = row.name + (" of equation " + std::to_string(curve.equation)) + ":";
-    for (double const c : curve.coefficients) text += " " + Rounded(c);
-    numbers_.push_back(
-        {std::move(text),
-         {place, identity.formula, row.name + std::string(" has the coefficients")}});
-  }
-  for (auto const& row : Constants()) {
-    std::string const value = Digits(component.Constant(row.index));
-    if (Has(component.Constant(row.index)) && HasManyDigits(value)) {
-      constants_[row.keyword + (" " + value)].push_back({place, identity.formula, ""});
-    }
-  }
-  if (Has(component.Constant(kTC)) && Has(component.Constant(kPC))) {
-    numbers_.push_back(
-        {"TC and PC: " + Digits(component.Constant(kTC)) + " " + Digits(component.Constant(kPC)),
-         {place, identity.formula, "has TC and PC"}});
-  }
-}
-
-void SenseAcross::CasShared() {
-  std::stable_sort(casNumbers_.begin(), casNumbers_.end(),
-                   [](auto const& a, auto const& b) { return a.first < b.first; });
-  for (std::size_t i = 1; i < casNumbers_.size(); ++i) {
-    auto const& [cas, seen] = casNumbers_[i];
-    auto const& [casBefore, before] = casNumbers_[i - 1];
-    if (cas != casBefore) continue;
-    tell_(seen.formula == before.formula ? "cas-shared" : "cas-formula", seen.place,
-          "has the CAS number " + cas + " of " + before.place +
-              (seen.formula == before.formula
-                   ? ""
-                   : " and another formula, " + seen.formula + " instead of " + before.formula));
-  }
-}
-
-void SenseAcross::Repeated() {
-  std::stable_sort(numbers_.begin(), numbers_.end(),
-                   [](auto const& a, auto const& b) { return a.first < b.first; });
-  for (std::size_t i = 1; i < numbers_.size(); ++i) {
-    auto const& [text, seen] = numbers_[i];
-    auto const& [textBefore, before] = numbers_[i - 1];
-    if (text != textBefore) continue;
-    tell_("repeated", seen.place, seen.text + " of " + before.place);
-  }
-  constexpr std::size_t kFew = 3;
-  for (auto const& [constant, components] : constants_) {
-    // Isomers have some constants in common.
-    bool const allAlike = std::all_of(
-        components.begin(), components.end(),
-        [&first = components.front()](Seen const& one) { return one.formula == first.formula; });
-    if (components.size() <= kFew || allAlike) continue;
-    tell_("repeated", components.back().place,
-          "has " + constant + " with " + std::to_string(components.size() - 1) +
-              " others, the first of them " + components.front().place);
-  }
-}
-
-void SenseAcross::Close() {
-  CasShared();
-  Repeated();
-}
-
-void CheckMagnitude(PureComponent const& one, std::string const& onePlace,
-                    PureComponent const& other, std::string const& otherPlace,
-                    TellSense const& tell) {
-  constexpr double kFactor = 1.5;
-  for (auto const& row : Constants()) {
-    double const a = one.Constant(row.index);
-    double const b = other.Constant(row.index);
-    if (!Has(a) || !Has(b) || a == 0.0 || b == 0.0) continue;
-    double const ratio = a / b;
-    if (ratio >= 1.0 / kFactor && ratio <= kFactor) continue;
-    tell("magnitude", onePlace,
-         row.keyword + (" is " + Show(a)) + ", where " + otherPlace + " has " + Show(b));
-  }
 }
 
 }  // namespace zelhost

@@ -57,4 +57,9 @@ void CheckMagnitude(PureComponent const& one, std::string const& onePlace,
                     PureComponent const& other, std::string const& otherPlace,
                     TellSense const& tell);
 
+// The vapor pressure of one component at the normal boiling point that another library has of it.
+void CheckBoilingPoint(PureComponent const& one, std::string const& onePlace,
+                       PureComponent const& other, std::string const& otherPlace,
+                       TellSense const& tell);
+
 }  // namespace zelhost

@@ -127,6 +127,51 @@ TEST_F(SenseTest, MagnitudeAcrossLibraries) {
   EXPECT_NE(What().find("DIPOLE is 6.2, where one.lb1 has 1.8"), std::string::npos) << What();
 }
 
+// Data that a component has besides, each right and wrong.
+TEST_F(SenseTest, DensityLatentHeatAndSolidsBesideConstants) {
+  auto const with = [](std::string const& more) {
+    return With(kGood, "</comp>", more + "</comp>");
+  };
+  auto const curve = [](std::string const& name, std::string const& unit, char const* end,
+                        char const* value) {
+    return "<correlation name=\"" + name + "\" equation=\"1\" tempUnit=\"k\" propUnit=\"" + unit +
+           "\" moleWtBasis=\"m\" tMin=\"200\" tMax=\"" + end + "\" refCode=\"1\"> " + value +
+           " </correlation>";
+  };
+  std::string const heat = R"(<property name="HVAPNBP" value="40650" refCode="1" />)";
+  EXPECT_EQ(Warnings(with(curve("LiquidDensity", "kg/m3", "647.096", "18"))), Ids{}) << report_;
+  EXPECT_EQ(Warnings(with(curve("LiquidDensity", "kg/m3", "647.096", "40"))),
+            Ids{"critical-density"})
+      << report_;
+  EXPECT_NE(What().find("at TC the liquid density is 40 kg-mol/m3, where VC gives 17.88"),
+            std::string::npos)
+      << What();
+  EXPECT_EQ(Warnings(with(heat + curve("LatentHeat", "kj/kg", "640", "40000"))), Ids{})
+      << report_;
+  EXPECT_EQ(Warnings(with(heat + curve("LatentHeat", "kj/kg", "640", "30000"))),
+            Ids{"latent-heat"})
+      << report_;
+  EXPECT_EQ(Warnings(with(curve("SolidDensity", "kg/m3", "273", "50"))), Ids{}) << report_;
+  EXPECT_EQ(Warnings(with(curve("SolidDensity", "kg/m3", "300", "50"))), Ids{"temperatures"})
+      << report_;
+  EXPECT_NE(What().find("the end of SolidDensity 300 is above NMP 273.15"), std::string::npos);
+}
+
+// In both directions: either library has a vapor pressure, one of them a wrong boiling point.
+TEST_F(SenseTest, VaporPressureAtTheBoilingPointOfAnotherLibrary) {
+  Warnings(kGood);
+  Good("copy own.lb1 one.lb1 --create");
+  Warnings(With(kGood, "value=\"373.15\"", "value=\"376\""));
+  EXPECT_EQ(WarningsOf("own.lb1").count("boiling-point"), 0U);
+  for (char const* const both : {"one.lb1 own.lb1", "own.lb1 one.lb1"}) {
+    EXPECT_EQ(WarningsOf(both).count("boiling-point"), 1U) << report_;
+    EXPECT_NE(
+        report_.dump().find("one.lb1: TEST WATER: at NBP 376 K of own.lb1 the vapor pressure"),
+        std::string::npos)
+        << report_;
+  }
+}
+
 TEST_F(SenseTest, GroupsThatAreNotThere) {
   MakeFile("groups.xml",
            "<bank type=\"UNFORIG\" name=\"G\">"
