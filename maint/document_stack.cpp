@@ -41,7 +41,7 @@ void DocumentStack::Clear() noexcept {
 namespace {
 
 // Lives as long as the process, for a host's global objects.
-DocumentStack& OfProcess() noexcept {
+DocumentStack& OfProcess() {
   static DocumentStack& stack = *new DocumentStack;
   return stack;
 }
@@ -51,7 +51,7 @@ constinit thread_local DocumentStack* ofImport = nullptr;
 
 }  // namespace
 
-DocumentStack& Documents() noexcept { return ofImport != nullptr ? *ofImport : OfProcess(); }
+DocumentStack& Documents() { return ofImport != nullptr ? *ofImport : OfProcess(); }
 
 std::string TopDocumentFile() {
   if (ofImport != nullptr) return ofImport->TopFile();

@@ -33,7 +33,7 @@ class DocumentStack {
 
 // The stacks of the import that this thread runs; outside of one those of the process, which are
 // then unguarded.
-DocumentStack& Documents() noexcept;
+DocumentStack& Documents();
 
 // The file name on top of them, guarded either way.
 std::string TopDocumentFile();
