@@ -8,7 +8,6 @@
 
 namespace zelhost {
 
-inline constexpr std::int32_t kKelvin = 10;
 inline constexpr double kAtmosphere = 101.325;  // kPa
 
 // Constants by index.
