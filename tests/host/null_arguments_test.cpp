@@ -2,6 +2,7 @@
 // swept against the headers, so that a new function is not forgotten.
 #include <zelaccess/CompList_p.h>
 #include <zelaccess/Identity.h>
+#include <zelaccess/Interchange.h>
 #include <zelaccess/Key_p.h>
 #include <zelaccess/LibFile_p.h>
 #include <zelaccess/LibMaint_p.h>
@@ -369,6 +370,10 @@ void NullArgumentsTest::SweepFunctions() {
   });
   Sweep("FormulasAgree", &FormulasAgree);
   Sweep("GetConstantState", &GetConstantState);
+  SweepCall<char const*>("ReadDocumentContents", [](char const* path) {
+    ZelDocumentContents contents;
+    return ReadDocumentContents(path, contents);
+  });
   Sweep("GetFileRoom", &GetFileRoom);
   Sweep("GetLostFlushes", &GetLostFlushes);
   struct Sink final : ZelFindingSink {

@@ -167,13 +167,6 @@ TEST_F(InterchangeTest, ExportHoldsAsManyItemsAsTheBank) {
     json const sound = Json("export crc.lb1 -o out/" + std::string(options));
     EXPECT_EQ(sound.count("missing"), 0U) << options;
   }
-  ASSERT_EQ(Import(Components("P", "~")).status, 0);
-  Outcome const outcome = Zel("export new.lb1 -o out/ --json");
-  EXPECT_EQ(outcome.status, 1);
-  json const row = json::parse(outcome.out)["missing"][0];
-  EXPECT_EQ(row["bank"], "PURECOMP:P");
-  EXPECT_EQ(row["items"], 1);
-  EXPECT_EQ(row["written"], 0);
 }
 
 TEST_F(InterchangeTest, NamesThatNoFileCanHave) {
