@@ -17,8 +17,7 @@ void AddChangeOptions(Command& command, ChangeOptions& options) {
 }
 
 void AddModeOption(Command& command, std::string& mode) {
-  command.Option("--mode", mode, "of new files, e.g. 0664; else as libraries beside it",
-                 "OCTAL");
+  command.Option("--mode", mode, "of new files, e.g. 0664; else as libraries beside it", "OCTAL");
 }
 
 std::optional<mode_t> ModeOf(std::string const& text) {

@@ -42,9 +42,9 @@ enum openErrors : std::int32_t {
 //
 // Errors after the open. A block that cannot be reached - a damaged address, a write to a library
 // open for reading, a full disk, the process's limit of file sizes (without its signal) - throws an
-// `unsigned long` that holds the offending block address; BlockError.h makes an exception of it that
-// says more. An open that throws has closed and unlocked its files before, and leaves openFailed.
-// Null outputs are passed over.
+// `unsigned long` that holds the offending block address; BlockError.h makes an exception of it
+// that says more. An open that throws has closed and unlocked its files before, and leaves
+// openFailed. Null outputs are passed over.
 //
 // Threads. Different libraries may be used by different threads at the same time, each with the
 // LibMaint, LibSearch, keys and banks that work on it, also when they are opens of one file for
