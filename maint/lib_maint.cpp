@@ -84,15 +84,14 @@ bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t for
   if (library_->FindBank(type, name, found, marker)) return false;
   std::int32_t key[f::kBankKeyWords];
   MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, marker);
-  directory->Insert(key, f::kNullAddress, f::kNullAddress);
-  std::int32_t* entry = nullptr;
-  if (!directory->GetCurrentData(entry)) return false;
-  std::fill_n(entry, f::kBankDataWords, 0);
+  std::int32_t entry[f::kBankDataWords] = {};
   libTypes libType{};
   accModes mode{};
   library_->GetLibInfo(libType, mode);
   InitTreeHead(entry + f::kBankHead, info.fileResident != 0, info.keyWords, recordWords, libType);
-  return directory->WriteCurrentNode();
+  directory->InsertWithData(key, entry);
+  std::int32_t* inserted = nullptr;
+  return directory->GetCurrentData(inserted);
 }
 
 bool LibMaint_i::DeleteBank(char const* type, char const* name) {

@@ -111,6 +111,10 @@ class LibMaint_i final : public LibMaint_p {
   // What runs on this library report to; its pending text is the cause of the last failed step.
   MaintLog& Log() noexcept { return log_; }
   LibFile_i* Library() const noexcept { return library_; }
+  // Tell the host's sink for items that a block of something cannot be read, and of what is left
+  // out for another reason; false when there is no sink. A block error is to go on then.
+  bool TellUnread(std::string const& place, unsigned long address) const;
+  bool TellLeftOut(std::string const& place, std::string const& why) const;
 
  private:
   enum class WalkMode : std::uint8_t { kNone, kIds, kBanks, kItems };
@@ -134,7 +138,11 @@ class LibMaint_i final : public LibMaint_p {
   void KeepItem(char const* name, Key* key);
   bool FindItemAgain(IZelBankIO* bank, BlockInfo const& info);
   void ReadRecord(IZelBankIO* bank, std::int32_t const* entry);
-  void WriteRecord(IZelBankIO* bank, bool isNew);
+  void WriteRecord(IZelBankIO* bank);
+  void AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key);
+  void AddRecordBehindItsKey(IZelBankIO* bank, char const* name, std::int32_t const* key);
+  void WriteBlocks(IZelBankIO* bank, std::int32_t* data);
+  void EnterIdentifiers(IZelBankIO* bank);
   // lib_maint_identity.cpp
   void UpdateIdTrees(IZelPureComp& record);
   bool FindComponentByNumber(std::int32_t number, char* id, casn& cas, bool& fromReference);
@@ -149,6 +157,7 @@ class LibMaint_i final : public LibMaint_p {
   // lib_maint_walks.cpp
   bool StartWalk(WalkMode mode, std::int32_t const* head);
   bool WalkIs(WalkMode mode) noexcept;
+  bool ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockInfo const& info);
   // lib_maint_numbers.cpp
   void AddUsedNumbers(LibFile* library);
 
@@ -159,6 +168,7 @@ class LibMaint_i final : public LibMaint_p {
   bool usedNumbersValid_ = false;
   std::set<std::int32_t> usedNumbers_;
   std::string currentType_;  // bank type of the current tree, or filter of a bank walk
+  std::string walkedName_;   // of the bank whose items are walked
   std::int32_t keyWords_ = 0;
   RecordFormat format_;
   std::int32_t fileResident_ = 0;

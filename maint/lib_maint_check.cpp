@@ -77,17 +77,27 @@ std::string KeyText(ComponentIdentity const& identity, Key_p const& key) {
   }
 }
 
-// The number that a look-up finds when it is that of another component, else 0. An index that
-// cannot be read has nothing to say.
+// Lets what a damaged library throws pass by, and throws on what a failing disk throws: what was
+// not read may say anything.
+template <typename Work>
+void UnlessDamaged(Work const& work) {
+  try {
+    work();
+  } catch (unsigned long const error) {
+    if (FaultOf(error) == BlockFault::kNotRead) throw;
+  }
+}
+
+// The number that a look-up finds when it is that of another component, else 0. A damaged index has
+// nothing to say.
 template <typename LookUp>
 std::int32_t OtherNumber(ComponentIdentity const& identity, LookUp const& lookUp) {
-  std::int32_t const* data = nullptr;
-  try {
-    if (!lookUp(data) || data[0] == identity.number) return 0;
-  } catch (unsigned long) {
-    return 0;
-  }
-  return data[0];
+  std::int32_t number = 0;
+  UnlessDamaged([&] {
+    std::int32_t const* data = nullptr;
+    if (lookUp(data) && data[0] != identity.number) number = data[0];
+  });
+  return number;
 }
 
 std::int32_t OtherWithId(LibFile_p* library, ComponentIdentity const& identity, char const* id) {
@@ -122,11 +132,8 @@ void LibMaint_i::WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference) 
   if (other == 0) other = OtherWithCas(library_, identity);
   if (other == 0) return;
   char id[ComponentIdentity::kIdSize] = {};
-  try {
-    GetIdOfNumber(other, id);
-  } catch (unsigned long) {
-    id[0] = '\0';  // the other component is damaged: no reason not to write this one
-  }
+  // That the other component is damaged is no reason not to write this one.
+  UnlessDamaged([&] { GetIdOfNumber(other, id); });
   char number[16];
   std::snprintf(number, sizeof number, " (%08d)", other);
   log_.ReportWarning("CAS number " + Quoted(static_cast<char const*>(identity.Cas())) +

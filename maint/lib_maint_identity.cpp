@@ -20,11 +20,8 @@ constexpr char const* kReferenceBanks[] = {"ORDWIN", "PLANTIX"};
 
 // Enters a key that was just searched for in vain: the tree stands where it belongs.
 void Enter(BTree_i& tree, std::int32_t const* key, std::int32_t number) {
-  tree.Insert(key, f::kNullAddress, f::kNullAddress);
-  std::int32_t* entry = nullptr;
-  if (!tree.GetCurrentData(entry)) return;
-  *entry = number;
-  tree.WriteCurrentNode();
+  std::int32_t const data[f::kNodeWords] = {number};  // a damaged tree may claim more than a word
+  tree.InsertWithData(key, data);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Items of a bank: located, read, written, deleted.
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "frame/ascii.h"
@@ -90,8 +91,8 @@ void LibMaint_i::ReadRecord(IZelBankIO* bank, std::int32_t const* entry) {
 }
 
 // Writes the bank into the entry at the tree's position. The node of a file-resident bank is
-// written only when its entry changed: for a new item, and where the old address was of no use.
-void LibMaint_i::WriteRecord(IZelBankIO* bank, bool isNew) {
+// written only when its entry changed: where the old address was of no use.
+void LibMaint_i::WriteRecord(IZelBankIO* bank) {
   StoredOrder const order(bank, swapped_);
   std::int32_t* entry = nullptr;
   if (!bankTree_->GetCurrentData(entry)) return;
@@ -102,7 +103,61 @@ void LibMaint_i::WriteRecord(IZelBankIO* bank, bool isNew) {
   }
   std::int32_t const before = *entry;
   bank->WriteToFile(entry, library_);
-  if (isNew || *entry != before) bankTree_->WriteCurrentNode();
+  if (*entry != before) bankTree_->WriteCurrentNode();
+  EnterIdentifiers(bank);
+}
+
+// Writes the bank as a new item, whose key belongs where the tree stands. The key goes into the
+// tree with its data and behind the blocks that these lead to: what breaks off in between leaves no
+// key without an item.
+void LibMaint_i::AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key) {
+  StoredOrder const order(bank, swapped_);
+  std::array<std::int32_t, f::kNodeWords> data{};
+  if (fileResident_ == 0) {
+    bank->WriteBlock(data.data(), format_.format);
+  } else if (library_->Store().NodesLieApart()) {
+    WriteBlocks(bank, data.data());
+  } else {
+    AddRecordBehindItsKey(bank, name, key);
+    return;
+  }
+  // The root goes into the directory before anything else can fail: without it a grown tree would
+  // lose what moved out of the old root.
+  if (bankTree_->InsertWithData(key, data.data())) StoreHead(currentType_.c_str(), name);
+  EnterIdentifiers(bank);
+}
+
+// Blocks of a new item. Where some of them cannot be written the others are free again.
+void LibMaint_i::WriteBlocks(IZelBankIO* bank, std::int32_t* data) {
+  ExtentList const before = library_->Store().Extents();
+  try {
+    bank->WriteToFile(data, library_);
+  } catch (...) {
+    library_->Store().Extents() = before;
+    throw;
+  }
+}
+
+// In a library whose nodes share a file with the records, the order of the two decides where each
+// lies: the node comes first, and the key is taken back when the record does not follow.
+void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
+                                       std::int32_t const* key) {
+  if (bankTree_->Insert(key, f::kNullAddress, f::kNullAddress)) {
+    StoreHead(currentType_.c_str(), name);
+  }
+  std::int32_t* entry = nullptr;
+  if (!bankTree_->GetCurrentData(entry)) return;
+  try {
+    WriteBlocks(bank, entry);
+    bankTree_->WriteCurrentNode();
+  } catch (...) {
+    bankTree_->Delete(key);
+    throw;
+  }
+  EnterIdentifiers(bank);
+}
+
+void LibMaint_i::EnterIdentifiers(IZelBankIO* bank) {
   if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
     UpdateIdTrees(*component.Get());
   }
@@ -139,13 +194,10 @@ bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
   // new root over the old tree or write past an entry.
   if (located == Located::kFailed) return false;
   if (located == Located::kAbsent) {
-    // The root goes into the directory before anything else can fail: without it a grown tree would
-    // lose what moved out of the old root.
-    auto* inner = dynamic_cast<Key_p*>(key);
-    bool const grew = bankTree_->Insert(inner->GetKeyWords(), f::kNullAddress, f::kNullAddress);
-    if (grew) StoreHead(currentType_.c_str(), name);
+    AddRecord(io.Get(), name, dynamic_cast<Key_p*>(key)->GetKeyWords());
+  } else {
+    WriteRecord(io.Get());
   }
-  WriteRecord(io.Get(), located == Located::kAbsent);
   KeepItem(name, key);
   return true;
 }
@@ -183,7 +235,7 @@ bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
     itemValid_ = false;
     return false;
   }
-  WriteRecord(io.Get(), false);
+  WriteRecord(io.Get());
   itemChanges_ = library_->Store().Changes();
   return true;
 }

@@ -6,6 +6,8 @@
 #include "maint/lib_maint.h"
 #include "store/bank_key.h"
 #include "store/packed_text.h"
+#include "zelaccess/BlockError.h"
+#include "zelaccess/Verify.h"
 
 namespace zel {
 
@@ -72,12 +74,66 @@ bool LibMaint_i::NextBank(char* type, char* name) {
   return false;
 }
 
+namespace {
+
+// The key of an item as it is shown: a text, or numbers.
+std::string ItemText(BlockInfo const& info, std::int32_t const* words) {
+  constexpr std::int32_t kCharacters = 2;
+  if (info.keyKind == kCharacters) {
+    char text[4 * f::kMaxKeyWords + 1];
+    WordsToText(words, info.keyWords, text);
+    return text;
+  }
+  std::string text = std::to_string(words[0]);
+  for (std::int32_t i = 1; i < info.keyWords; ++i) text += " + " + std::to_string(words[i]);
+  return text;
+}
+
+}  // namespace
+
 bool LibMaint_i::BeginItemWalk(char const* type, char const* name) {
   DropTree();
   std::int32_t const* entry = nullptr;
   if (!FindBank(type, name, entry)) return false;
   currentType_ = TextOrEmpty(type);
+  walkedName_ = TextOrEmpty(name);
   return StartWalk(WalkMode::kItems, entry + f::kBankHead);
+}
+
+void SetItemFindings(LibFile* library, ZelFindingSink* sink) {
+  auto* const inner = dynamic_cast<LibFile_i*>(library);
+  if (inner != nullptr) inner->SetItemFindings(sink);
+}
+
+bool LibMaint_i::TellLeftOut(std::string const& place, std::string const& why) const {
+  ZelFindingSink* const sink = library_->ItemFindings();
+  if (sink == nullptr) return false;
+  sink->Found(findingDamage, "item", place.c_str(), why.c_str());
+  return true;
+}
+
+bool LibMaint_i::TellUnread(std::string const& place, unsigned long address) const {
+  ZelBlockErrorInfo info;
+  GetBlockErrorInfo(address, info);
+  return TellLeftOut(place, "block " + std::to_string(address) + " " + info.reason);
+}
+
+// False for an item that cannot be read and of which the host was told; the bank is empty then.
+bool LibMaint_i::ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockInfo const& info) {
+  if (library_->ItemFindings() == nullptr) {
+    ReadRecord(bank, entry + keyWords_);
+    return true;
+  }
+  // The words are taken now: reading can move the node they lie in.
+  std::string const place = currentType_ + ":" + walkedName_ + " " + ItemText(info, entry);
+  try {
+    ReadRecord(bank, entry + keyWords_);
+    return true;
+  } catch (unsigned long const address) {
+    bank->Clear();
+    if (!TellUnread(place, address)) throw;
+    return false;
+  }
 }
 
 bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
@@ -90,11 +146,13 @@ bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   if (!SameText(info.type, currentType_) || info.keyWords != keyWords_) return false;
   format_ = FormatOf(io.Get(), info, bankTree_->Head());
   std::int32_t const* entry = nullptr;
-  if (format_.format == 0 || !bankTree_->WalkNext(entry)) return false;
-  if (keyWords != nullptr) std::copy_n(entry, keyWords_, keyWords);
   fileResident_ = info.fileResident;
-  ReadRecord(io.Get(), entry + keyWords_);
-  return true;
+  while (format_.format != 0 && bankTree_->WalkNext(entry)) {
+    if (keyWords != nullptr) std::copy_n(entry, keyWords_, keyWords);
+    if (ReadOrTell(io.Get(), entry, info)) return true;
+    if (keyWords != nullptr) std::fill_n(keyWords, keyWords_, 0);
+  }
+  return false;
 }
 
 bool LibMaint_i::NextItemKey(std::int32_t* keyWords) {

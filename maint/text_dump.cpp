@@ -9,6 +9,7 @@
 #include "frame/platform/text_file.h"
 #include "maint/component_identity.h"
 #include "store/format.h"
+#include "zelaccess/Verify.h"
 
 namespace zel {
 
@@ -82,9 +83,22 @@ void PutComponent(TextFile& file, IZelPureComp* component) {
 
 }  // namespace
 
+namespace {
+
+// The host learns of an index that is not whole where it has asked for findings.
+void Close(TextFile& file, LibFile* library, std::string const& path) {
+  if (file.Close()) return;
+  auto const* const inner = dynamic_cast<LibFile_i*>(library);
+  ZelFindingSink* const sink = inner == nullptr ? nullptr : inner->ItemFindings();
+  if (sink != nullptr) sink->Found(findingDamage, "file", path.c_str(), "cannot be written whole");
+}
+
+}  // namespace
+
 void WriteBankIndex(LibFile* library, std::string const& folder, std::string const& name) {
-  TextFile file(folder + name + ".bnk");
-  if (!file) return;
+  std::string const path = folder + name + ".bnk";
+  TextFile file(path);
+  if (!file) return Close(file, library, path);
   file.Put(kVersionLine);
   PutFields(file, {StemOf(library), VersionOf(library)});
   file.Put('\n');
@@ -96,11 +110,12 @@ void WriteBankIndex(LibFile* library, std::string const& folder, std::string con
     PutFields(file, {type, bank});
     file.Put('\n');
   }
+  Close(file, library, path);
 }
 
 void WriteComponentIndex(LibFile* library, char const* bank, std::string const& path) {
   TextFile file(path);
-  if (!file) return;
+  if (!file) return Close(file, library, path);
   file.Put(kVersionLine);
   PutFields(file, {StemOf(library), bank, VersionOf(library)});
   file.Put('\n');
@@ -108,8 +123,14 @@ void WriteComponentIndex(LibFile* library, char const* bank, std::string const& 
   auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i walk(library);
   std::int32_t key[format::kMaxKeyWords];  // a damaged bank may claim as many
-  if (!component || !walk.BeginItemWalk(kComponentType, bank)) return;
-  while (walk.NextItem(key, record.Get())) PutComponent(file, component.Get());
+  try {
+    if (component && walk.BeginItemWalk(kComponentType, bank)) {
+      while (walk.NextItem(key, record.Get())) PutComponent(file, component.Get());
+    }
+  } catch (unsigned long const address) {  // the tree: what comes behind it is lost
+    if (!walk.TellUnread(std::string(kComponentType) + ":" + bank, address)) throw;
+  }
+  Close(file, library, path);
 }
 
 // The name is taken as it stands, also where it has characters of a pattern.

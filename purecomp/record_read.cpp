@@ -31,8 +31,12 @@ class Merge {
       : c_(component), library_(library), source_(source) {}
 
   ZelStatus Run(std::int32_t address) {
-    library_.ReadBlock(address, r::kMainWords, main_.data());
+    // Everything is read before anything is taken: a block that cannot be read leaves the component
+    // as it is.
+    Read(address, r::kMainWords, main_.data());
     CheckStructureReference(address);
+    ReadStructures();
+    ReadCorrelations();
     Identity();
     LibraryIds();
     Texts();
@@ -44,6 +48,26 @@ class Merge {
   }
 
  private:
+  void Read(std::int32_t address, std::int32_t words, std::int32_t* buffer) {
+    library_.Store().ReadOrThrow(address, words, buffer);
+  }
+
+  void ReadStructures() {
+    std::int32_t const length = main_[r::kStructureLength];
+    if (length <= 0) return;
+    Read(main_[r::kStructureAddress], std::min(length, r::kStructureWords), structures_.data());
+  }
+
+  void ReadCorrelations() {
+    std::int32_t const address = main_[r::kCorrelationAddress];
+    std::int32_t const length = main_[r::kCorrelationLength];
+    if (address == 0 || length <= 0) {
+      ReadOldLayout();
+    } else if (address != format::kNullAddress) {
+      Read(address, std::min(length, r::kCorrelationWords), correlations_.data());
+    }
+  }
+
   // A structure block must lie in a library of the same kind, or it counts as absent.
   void CheckStructureReference(std::int32_t address) {
     std::int32_t const length = main_[r::kStructureLength];
@@ -131,13 +155,9 @@ class Merge {
   }
 
   void OtherStructures() {
-    std::int32_t const length = main_[r::kStructureLength];
-    if (length <= 0) return;
-    std::array<std::int32_t, r::kStructureWords> block{};
-    library_.ReadBlock(main_[r::kStructureAddress], std::min(length, r::kStructureWords),
-                       block.data());
     for (int model = 1; model < kModels; ++model) {
-      std::int32_t const* words = &block[static_cast<Index>(r::kStructureEntry * (model - 1))];
+      std::int32_t const* words =
+          &structures_[static_cast<Index>(r::kStructureEntry * (model - 1))];
       std::int32_t const count = std::clamp(words[0], 0, kGroups);
       Structure& own = c_.structures[static_cast<Index>(model)];
       if (own.count != 0 || count == 0) continue;
@@ -161,27 +181,15 @@ class Merge {
     }
   }
 
-  using CorrelationBlock = std::array<std::int32_t, r::kCorrelationWords>;
-
   void Correlations() {
-    CorrelationBlock block{};
-    std::int32_t const address = main_[r::kCorrelationAddress];
-    std::int32_t const length = main_[r::kCorrelationLength];
-    if (address != 0 && length > 0) {
-      if (address != format::kNullAddress) {
-        library_.ReadBlock(address, std::min(length, r::kCorrelationWords), block.data());
-      }
-    } else {
-      ReadOldLayout(block);
-    }
     for (int i = 0; i < kCorrelations; ++i) {
       Correlation& own = c_.correlations[static_cast<Index>(i)];
-      std::int32_t const* words = &block[static_cast<Index>(r::kCorrelationEntry * i)];
+      std::int32_t const* words = &correlations_[static_cast<Index>(r::kCorrelationEntry * i)];
       if (!own.present && words[0] != 0) TakeCorrelation(static_cast<Index>(i), own, words);
     }
   }
 
-  void ReadOldLayout(CorrelationBlock& block) {
+  void ReadOldLayout() {
     std::array<std::int32_t, r::kOldBlockWords> table{};
     std::int32_t loaded = format::kNullAddress;
     for (int i = 0; i < kCorrelations; ++i) {
@@ -195,10 +203,10 @@ class Merge {
                           offset <= r::kOldBlockWords - count;
       if (!usable) continue;
       if (address != loaded) {
-        library_.ReadBlock(address, r::kOldBlockWords, table.data());
+        Read(address, r::kOldBlockWords, table.data());
         loaded = address;
       }
-      std::int32_t* words = &block[static_cast<Index>(r::kCorrelationEntry * i)];
+      std::int32_t* words = &correlations_[static_cast<Index>(r::kCorrelationEntry * i)];
       std::copy_n(&table[static_cast<Index>(offset)], count, words);
       // The count of coefficients stood in the directory.
       auto const unit = static_cast<std::uint32_t>(words[r::kCountAndUnit]) % r::kMillion;
@@ -232,6 +240,8 @@ class Merge {
   LibFile_i& library_;
   RecordSource source_;
   std::array<std::int32_t, r::kMainWords> main_{};
+  std::array<std::int32_t, r::kStructureWords> structures_{};
+  std::array<std::int32_t, r::kCorrelationWords> correlations_{};
   bool taken_ = false;
 };
 

@@ -63,7 +63,7 @@ class Record {
   // would run over its neighbour.
   void TakeOldAddresses(std::int32_t address) {
     std::array<std::int32_t, r::kMainWords> old{};
-    library_.ReadBlock(address, r::kMainWords, old.data());
+    library_.Store().ReadOrThrow(address, r::kMainWords, old.data());
     std::int32_t const structure = old[r::kStructureAddress];
     std::int32_t const structureWords = old[r::kStructureLength];
     bool const sameKind = structure / format::kTypeFactor == address / format::kTypeFactor;

@@ -41,11 +41,14 @@ void ThrowBlockError(std::int32_t word, BlockFault fault, std::string_view file)
   throw remembered.address;
 }
 
+BlockFault FaultOf(unsigned long address) noexcept {
+  return remembered.address == address ? remembered.fault : BlockFault::kUnknown;
+}
+
 void GetBlockErrorInfo(unsigned long address, ZelBlockErrorInfo& info) {
   bool const known = remembered.address == address;
-  BlockFault const fault = known ? remembered.fault : BlockFault::kUnknown;
   CopyText(known ? remembered.file : "", info.file, sizeof info.file);
-  CopyText(kReasons[static_cast<std::size_t>(fault)], info.reason, sizeof info.reason);
+  CopyText(kReasons[static_cast<std::size_t>(FaultOf(address))], info.reason, sizeof info.reason);
 }
 
 }  // namespace zel

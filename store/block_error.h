@@ -25,4 +25,7 @@ enum class BlockFault : std::uint8_t {
 [[noreturn]] void ThrowBlockError(std::int32_t word, BlockFault fault = BlockFault::kUnknown,
                                   std::string_view file = {});
 
+// Why this thread threw a block error that it has just caught; kUnknown for another address.
+BlockFault FaultOf(unsigned long address) noexcept;
+
 }  // namespace zel

@@ -182,6 +182,13 @@ std::int32_t BlockStore::ReadBlock(std::int32_t address, std::int32_t words, std
   return static_cast<std::int32_t>(ReadWords(*slot.file, OffsetOf(a), buffer, count));
 }
 
+std::int32_t BlockStore::ReadOrThrow(std::int32_t address, std::int32_t words,
+                                     std::int32_t* buffer) {
+  std::int32_t const got = ReadBlock(address, words, buffer);
+  if (got < 0) Throw(address, BlockFault::kNotRead);
+  return got;
+}
+
 void BlockStore::MarkOpen(bool open) noexcept {
   open_ = open;
   nodeFile_ = {};
@@ -237,6 +244,11 @@ int BlockStore::FileForNewRun(std::int32_t words, std::int32_t fileChoice) const
            words;
   };
   return waste(1) > waste(2) ? 2 : 1;
+}
+
+bool BlockStore::NodesLieApart() const noexcept {
+  return fileCount_ >= 2 && BlockWords(1) == format::kBlockWordsOfFile1 &&
+         BlockWords(2) == format::kBlockWordsOfFile2;
 }
 
 std::int32_t BlockStore::Allocate(std::int32_t words, std::int32_t fileChoice) {

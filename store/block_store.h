@@ -63,6 +63,9 @@ class BlockStore {
   // --- blocks ------------------------------------------------------------------------------
   // See LibFile_p for the three operations.
   std::int32_t ReadBlock(std::int32_t address, std::int32_t words, std::int32_t* buffer);
+  // The same, but a transfer that fails throws the address. What lies behind the end of its file
+  // comes as zeros all the same. Gives the bytes that came.
+  std::int32_t ReadOrThrow(std::int32_t address, std::int32_t words, std::int32_t* buffer);
   std::int32_t WriteBlock(std::int32_t& address, std::int32_t words, std::int32_t const* buffer,
                           std::int32_t fileChoice);
   void FreeBlock(std::int32_t& address, std::int32_t words);
@@ -91,6 +94,9 @@ class BlockStore {
   std::int64_t BlocksInFile(int number) const noexcept;
   std::int64_t BytesInFile(int number) const noexcept;
 
+  // True where tree nodes and shorter runs get blocks of different files, as in every library made
+  // here: neither decides then where the other lies.
+  bool NodesLieApart() const noexcept;
   ExtentList& Extents() noexcept { return extents_; }
   NodePool& Nodes() noexcept { return nodes_; }
 

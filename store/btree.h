@@ -60,6 +60,9 @@ class BTree_i {
   // null links.
   bool Insert(std::int32_t const* key, std::int32_t left, std::int32_t right);
   bool Insert(Key* key, std::int32_t left, std::int32_t right);
+  // The same for an outside caller that has the data at hand: as many words as the entry's data.
+  // Key and data reach the file in one write.
+  bool InsertWithData(std::int32_t const* key, std::int32_t const* data);
   // True, also when the key is absent: the tree is then rebuilt with the same keys. Throws the null
   // address on an empty tree. There is no position afterwards.
   bool Delete(std::int32_t const* key);
@@ -129,6 +132,8 @@ class BTree_i {
   // Insertion (btree_insert.cpp).
   void WriteNode(std::int32_t& address, std::int32_t const* words);
   void WriteLevel(Level& level);
+  bool InsertWhole(std::int32_t const* key, std::int32_t const* data, std::int32_t left,
+                   std::int32_t right);
   void CheckRoomToGrow(int level) const;
   void InsertEntry(int level, std::int32_t const* entry, std::int32_t left, std::int32_t right,
                    bool& grew);

@@ -3,7 +3,7 @@
 // Each child is numbered by its place in the list of nodes. A node that turns up a second time is
 // shown with its first number and not listed again; one that cannot be read counts 0 entries. The
 // list ends, whatever the links say: what lies outside the files has no links, and each block of
-// the files is listed once.
+// the files is listed once. A transfer from the files that failed is thrown when the report ends.
 #include <algorithm>
 #include <string>
 #include <unordered_map>
@@ -134,6 +134,7 @@ bool BTree_i::DumpTree(std::int32_t indent, std::FILE* stream, std::int32_t expe
   if (head_.rootAddress != f::kNullAddress) CheckHead();
   TreeReport report(head_, indent, stream);
   NodeBuffer buffer(store_.Nodes());
+  std::int32_t lost = f::kNullAddress;
   report.PrintTitles();
   for (std::size_t n = 0; report.Has(n); ++n) {
     std::int32_t const address = report.AddressOf(n);
@@ -143,14 +144,16 @@ bool BTree_i::DumpTree(std::int32_t indent, std::FILE* stream, std::int32_t expe
       bool readable = true;
       try {
         ReadNode(address, buffer.Words());
-      } catch (unsigned long) {
+      } catch (unsigned long const error) {
         readable = false;  // the report goes on with what it can see
+        if (FaultOf(error) == BlockFault::kNotRead) lost = address;
       }
       report.PrintNode(n, readable ? buffer.Words() : nullptr);
     }
     report.PrintRule();
   }
   report.PrintTotal(expected < 0 ? "" : " - passed");
+  if (lost != f::kNullAddress) store_.Throw(lost, BlockFault::kNotRead);
   return expected < 0 || expected == report.Total();
 }
 

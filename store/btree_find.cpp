@@ -25,9 +25,9 @@ void BTree_i::CheckNode(std::int32_t const* words, std::int32_t address) const {
   if (count < 0 || count > NodeLimit()) store_.Throw(address, BlockFault::kBadNode);
 }
 
-// Gives the bytes that came, -1 for a transfer that failed; the others are zeros.
+// Gives the bytes that came; the others are zeros.
 std::int32_t BTree_i::ReadNode(std::int32_t address, std::int32_t* words) {
-  std::int32_t const bytes = store_.ReadBlock(address, format::kNodeWords, words);
+  std::int32_t const bytes = store_.ReadOrThrow(address, format::kNodeWords, words);
   CheckNode(words, address);
   return bytes;
 }
@@ -40,7 +40,7 @@ void BTree_i::Load(Level& level, std::int32_t address) {
   } else {
     if (level.own == nullptr) level.own = store_.Nodes().Take().release();
     level.words = level.own->data();
-    if (ReadNode(address, level.own->data()) < 0) return;  // to be asked for again
+    ReadNode(address, level.own->data());
   }
   level.address = address;
 }

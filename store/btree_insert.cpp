@@ -33,14 +33,23 @@ bool BTree_i::WriteCurrentNode() {
 }
 
 bool BTree_i::Insert(std::int32_t const* key, std::int32_t left, std::int32_t right) {
+  std::array<std::int32_t, f::kNodeWords> const zeros{};
+  return InsertWhole(key, zeros.data(), left, right);
+}
+
+bool BTree_i::InsertWithData(std::int32_t const* key, std::int32_t const* data) {
+  return InsertWhole(key, data, f::kNullAddress, f::kNullAddress);
+}
+
+bool BTree_i::InsertWhole(std::int32_t const* key, std::int32_t const* data, std::int32_t left,
+                          std::int32_t right) {
   ForgetClosed();
   bool const searched = current_ != kNoLevel || head_.rootAddress == f::kNullAddress;
   if (atEntry_ || walk_ != WalkState::kEnded || !searched) return false;
   CheckHead();
   store_.CheckWritable(head_.rootAddress);
   std::array<std::int32_t, f::kNodeWords> entry;
-  std::copy_n(key, head_.keyWords, entry.begin());
-  std::fill_n(entry.begin() + head_.keyWords, head_.entryDataWords, 0);
+  std::copy_n(data, head_.entryDataWords, std::copy_n(key, head_.keyWords, entry.begin()));
 
   ForgetOnFailure guard(*this);
   bool grew = false;

@@ -16,6 +16,8 @@
 
 namespace zel {
 
+class ZelFindingSink;
+
 class LibFile_i final : public LibFile_p {
  public:
   // A closed library; `path` is made absolute. Nothing is touched before CreateNew or OpenExisting.
@@ -34,6 +36,10 @@ class LibFile_i final : public LibFile_p {
   openErrors OpenExisting(Password password, libTypes* type);
 
   BlockStore& Store() noexcept { return store_; }
+
+  // Who is told of items that a walk passes over since they cannot be read; null: the walk throws.
+  ZelFindingSink* ItemFindings() const noexcept { return itemFindings_; }
+  void SetItemFindings(ZelFindingSink* sink) noexcept { itemFindings_ = sink; }
 
   void FlushLibFile() override;
   void CloseLibFile() override;
@@ -109,6 +115,7 @@ class LibFile_i final : public LibFile_p {
   std::int32_t* Head(int tree) noexcept { return heads_.data() + tree * format::kHeadWords; }
 
   BlockStore store_;
+  ZelFindingSink* itemFindings_ = nullptr;  // not owned
   bool pathNamesLibrary_;
   std::string name_;
   HeaderImage header_{};

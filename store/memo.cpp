@@ -19,7 +19,7 @@ void ReadMemo(BlockStore& store, std::int32_t address, std::int32_t words, char*
   *memo = '\0';
   if (address == format::kNullAddress) return;
   std::array<std::int32_t, kMostWords> buffer{};
-  store.ReadBlock(address, UsableWords(words), buffer.data());
+  store.ReadOrThrow(address, UsableWords(words), buffer.data());
   char* out = memo;
   for (std::size_t i = 0; i < format::kMemoBytes - 1; ++i) {
     auto const word = static_cast<std::uint32_t>(buffer[i / 4]);

@@ -14,14 +14,17 @@ BlockClaims::BlockClaims(BlockStore& store, Findings& findings)
   }
 }
 
-void BlockClaims::SetOwner(std::string name) { owners_.push_back(std::move(name)); }
+void BlockClaims::SetOwner(std::string name) {
+  owners_.push_back(std::move(name));
+  item_.clear();
+}
 
 bool BlockClaims::RunOf(std::int32_t address, std::int32_t words, Run& run) {
   BlockAddress const a = BlockAddress::Split(address);
   bool const isBlock = a.type == store_.LibType() && a.file >= 1 && a.file <= store_.FileCount() &&
                        a.block >= 1 && store_.BlockWords(a.file) >= 1;
   if (!isBlock) {
-    findings_.Damage("block-address", Owner(),
+    findings_.Damage("block-address", Place(),
                      "block address " + std::to_string(address) + " is none of this library");
     return false;
   }
@@ -30,7 +33,7 @@ bool BlockClaims::RunOf(std::int32_t address, std::int32_t words, Run& run) {
   auto const inFile = static_cast<std::int64_t>(blocks_[static_cast<std::size_t>(a.file)].size());
   std::int64_t const end = (run.first * size + words) * f::kWordBytes;
   if (run.first + run.count > inFile || end > store_.BytesInFile(a.file)) {
-    findings_.Damage("block-behind-end", Owner(),
+    findings_.Damage("block-behind-end", Place(),
                      "block " + std::to_string(address) + " lies behind the end of file " +
                          std::to_string(a.file) + ", which has " + std::to_string(inFile));
     return false;
@@ -44,7 +47,7 @@ bool BlockClaims::Take(Run const& run, std::int32_t address, Owner32 tolerated) 
   auto const taken = std::find_if(
       begin, end, [&](Owner32 owner) { return owner != kNobody && owner != tolerated; });
   if (taken != end) {
-    findings_.Damage(*taken == kFree ? "block-free-and-used" : "block-owned-twice", Owner(),
+    findings_.Damage(*taken == kFree ? "block-free-and-used" : "block-owned-twice", Place(),
                      "block " + std::to_string(address + (taken - begin)) + " belongs to " +
                          owners_[*taken] + " too");
     return false;
@@ -56,6 +59,13 @@ bool BlockClaims::Take(Run const& run, std::int32_t address, Owner32 tolerated) 
 bool BlockClaims::Claim(std::int32_t address, std::int32_t words) {
   Run run{};
   return RunOf(address, words, run) && Take(run, address, kNobody);
+}
+
+bool BlockClaims::Read(std::int32_t address, std::int32_t words, std::int32_t* buffer) {
+  if (store_.ReadBlock(address, words, buffer) >= 0) return true;
+  findings_.Damage("block-unreadable", Place(),
+                   "block " + std::to_string(address) + " cannot be read");
+  return false;
 }
 
 bool BlockClaims::ClaimShared(std::int32_t address, std::int32_t words) {

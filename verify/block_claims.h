@@ -20,10 +20,16 @@ class BlockClaims {
   // Makes an owner of this name the one that claims.
   void SetOwner(std::string name);
   std::string const& Owner() const { return owners_.back(); }
+  // The item of the owner that claims; empty for the owner itself.
+  void SetItem(std::string item) { item_ = std::move(item); }
+  // What findings name: the owner and its item.
+  std::string Place() const { return item_.empty() ? Owner() : Owner() + " " + item_; }
   // A run of blocks that hold `words` words. False, with a finding, when it cannot be the owner's.
   bool Claim(std::int32_t address, std::int32_t words);
   // A run that several items of the present owner can share; claimed once.
   bool ClaimShared(std::int32_t address, std::int32_t words);
+  // The words of a block that was claimed. False, with a finding, when they cannot be read.
+  bool Read(std::int32_t address, std::int32_t words, std::int32_t* buffer);
   // Free blocks of an extent; the open tail reaches to the end of its file.
   void Free(Extent const& extent);
   // Tells of blocks that nobody claimed, and of the sizes.
@@ -46,6 +52,7 @@ class BlockClaims {
   BlockStore& store_;
   Findings& findings_;
   std::vector<std::string> owners_;
+  std::string item_;
   // By file number, an owner per block.
   std::array<std::vector<Owner32>, format::kFileSlots> blocks_;
 };

@@ -59,7 +59,10 @@ void TreeCheck::Enter(std::int32_t address, int level) {
     return;
   }
   Node node(f::kNodeWords);
-  store_.ReadBlock(address, f::kNodeWords, node.data());
+  if (!claims_.Read(address, f::kNodeWords, node.data())) {
+    good_ = false;
+    return;
+  }
   if (!NodeIsGood(node, address, level)) return;
   bool const isLeaf = node[f::kNodeLinks] == f::kNullAddress;
   auto const at = [&](std::int32_t word) { return node.data() + word; };

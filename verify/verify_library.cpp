@@ -60,6 +60,7 @@ class Verification {
   }
 
  private:
+  bool ReadPlain(std::int32_t block, std::int32_t* words);
   void Header();
   void Extents();
   void OwnTrees();
@@ -70,6 +71,8 @@ class Verification {
   void Component(StoredBank const& bank, std::int32_t key, IZelPureComp& component);
   void Identifiers();
   void Memo(std::int32_t address, std::int32_t words);
+
+  class UnreadItems;
 
   LibFile_i& library_;
   BlockStore& store_;
@@ -92,9 +95,17 @@ void Verification::Memo(std::int32_t address, std::int32_t words) {
   claims_.Claim(address, words);
 }
 
+// The header or the block table; false, with a finding, when it cannot be read.
+bool Verification::ReadPlain(std::int32_t block, std::int32_t* words) {
+  if (store_.ReadPlain(block, f::kHeaderWords, words) >= 0) return true;
+  findings_.Damage("block-unreadable", "the header",
+                   "block " + std::to_string(block) + " of file 1 cannot be read");
+  return false;
+}
+
 void Verification::Header() {
   std::array<std::int32_t, f::kHeaderWords> header{};
-  store_.ReadPlain(f::kHeaderBlock, f::kHeaderWords, header.data());
+  if (!ReadPlain(f::kHeaderBlock, header.data())) return;
   auto const block = [&](std::int32_t number) {
     return BlockAddress{store_.LibType(), 1, number}.Word();
   };
@@ -113,7 +124,7 @@ void Verification::Header() {
 // The open drops extents that cannot be true; here they are told.
 void Verification::Extents() {
   std::array<std::int32_t, f::kHeaderWords> table{};
-  store_.ReadPlain(f::kBlockTableBlock, f::kHeaderWords, table.data());
+  if (!ReadPlain(f::kBlockTableBlock, table.data())) return;
   std::int32_t const declared = table[f::kExtentCount];
   if (declared != store_.Extents().Count()) {
     findings_.Damage("extent", "the block table",
@@ -165,9 +176,9 @@ void Verification::Bank(StoredBank& bank) {
   int const before = findings_.Damages();
   TreeRule rule;
   if (io) rule.keyWords = BlockInfo(io.Get()).keyWords;
-  std::vector<std::int32_t> addresses;
+  std::vector<std::pair<std::int32_t, std::int32_t>> components;  // number, address
   bank.sound = trees_.Run(bank.entry.data() + f::kBankHead, rule, [&](std::int32_t const* entry) {
-    if (isComponents) addresses.push_back(entry[1]);
+    if (isComponents) components.emplace_back(entry[0], entry[1]);
   }) && io;
   if (io && bank.sound) {
     std::array<std::int32_t, f::kHeadWords> words{};
@@ -180,14 +191,17 @@ void Verification::Bank(StoredBank& bank) {
       bank.sound = false;
     }
   }
-  for (std::int32_t const address : addresses) ComponentBlocks(address);
+  for (auto const& [number, address] : components) {
+    claims_.SetItem(std::to_string(number));
+    ComponentBlocks(address);
+  }
   bank.sound = bank.sound && findings_.Damages() == before;
 }
 
 void Verification::ComponentBlocks(std::int32_t address) {
   if (!claims_.Claim(address, r::kMainWords)) return;
   std::array<std::int32_t, r::kMainWords> main{};
-  store_.ReadBlock(address, r::kMainWords, main.data());
+  if (!claims_.Read(address, r::kMainWords, main.data())) return;
   auto const isThere = [](std::int32_t a) { return a != 0 && a != f::kNullAddress; };
   std::int32_t const structure = main[r::kStructureAddress];
   if (isThere(structure) && main[r::kStructureLength] > 0) {
@@ -212,17 +226,39 @@ void Verification::ComponentBlocks(std::int32_t address) {
   }
 }
 
+// Takes the place of the host's sink for items during a walk of the check.
+class Verification::UnreadItems final : public ZelFindingSink {
+ public:
+  explicit UnreadItems(Verification& check) noexcept
+      : check_(check), before_(check.library_.ItemFindings()) {
+    check_.library_.SetItemFindings(this);
+  }
+  UnreadItems(UnreadItems const&) = delete;
+  UnreadItems& operator=(UnreadItems const&) = delete;
+  ~UnreadItems() { check_.library_.SetItemFindings(before_); }
+
+  void Found(zelFindings, char const* id, char const* place, char const* text) override {
+    check_.findings_.Damage(id, place, text);
+    check_.allComponentsMet_ = false;
+  }
+
+ private:
+  Verification& check_;
+  ZelFindingSink* before_;
+};
+
 void Verification::Items(StoredBank const& bank) {
   Held<IZelBankDef> const item(NewBank(bank.type));
   LibMaint_i maint(&library_);
   std::array<std::int32_t, f::kMaxKeyWords> key{};
+  UnreadItems unread(*this);
   try {
     if (!maint.BeginItemWalk(bank.type, bank.name)) return;
     while (maint.NextItem(key.data(), item.Get())) Item(bank, key.data(), item.Get());
   } catch (unsigned long const address) {
     findings_.Damage("item", bank.Place(),
-                     "block " + std::to_string(address) + " of item " + std::to_string(key[0]) +
-                         " cannot be read");
+                     "block " + std::to_string(address) + ", behind item " +
+                         std::to_string(key[0]) + ", cannot be read");
     allComponentsMet_ = false;
   }
 }
@@ -306,8 +342,12 @@ void Verification::Identifiers() {
                         std::string(id) + " stands for component " + std::to_string(number) +
                             ", of which the library has no constants");
     }
-  } catch (unsigned long) {
-    // The tree was found damaged above.
+  } catch (unsigned long const address) {
+    // A damaged tree was told of above.
+    if (findings_.Damages() == 0) {
+      findings_.Damage("block-unreadable", "the tree of component IDs",
+                       "block " + std::to_string(address) + " cannot be read");
+    }
   }
   // A CAS number can be that of several components, of which the tree has one, and stays in the
   // tree when its component gets another.

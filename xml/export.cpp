@@ -158,63 +158,79 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
   char memo[4000];
   owner_.GetBankMemo(type.c_str(), name.c_str(), memo);
   PutMemo(out, memo);
-  if (type == kComponentBank) {
-    WriteComponents(out, name);
-  } else {
-    ItemExport(owner_, out, ids_).Write(record.Get(), name, withFormat ? stored : 1);
+  try {
+    if (type != kComponentBank) {
+      ItemExport(owner_, out, ids_).Write(record.Get(), name, withFormat ? stored : 1);
+    } else if (!WriteComponents(out, name)) {
+      return false;
+    }
+  } catch (unsigned long const address) {  // the tree: what comes behind it is lost
+    if (!owner_.TellUnread(type + ":" + name, address)) throw;
   }
   out << "</bank>\n";
   return out.Close();
 }
 
-// Each component is found again by its first ID; one that is not is left out.
-void Export_i::WriteComponents(TextFile& out, std::string const& bank) {
+// Each component is found again by its first ID; one that is not is left out. False when the file
+// of one cannot be written.
+bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   constexpr std::size_t kIndent = 2;
   Held<IZelBankDef> const record(NewPureComp());
   auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i reader(&library_);
   Key_i key;
   std::int32_t words[format::kMaxKeyWords] = {};
-  if (!component || !owner_.BeginItemWalk(kComponentBank.data(), bank.c_str())) return;
+  if (!component || !owner_.BeginItemWalk(kComponentBank.data(), bank.c_str())) return true;
   while (owner_.NextItem(words, record.Get())) {
     ComponentIdentity const identity(component.Get());
     key.SetKey(static_cast<char const*>(identity.ids[0]));
     std::string file;
+    bool isThere = true;
     if (switches_.componentFiles) {
-      if (WriteComponentFile(bank.c_str(), &key, identity.ids[0], "", file)) {
-        out << "  <import file=\"" << file << "\" />\n";
-      }
-    } else if (reader.ReadItem(record.Get(), bank.c_str(), &key)) {
-      PutComponent(out, component.Get(), kIndent);
+      Written const written = WriteComponentFile(bank.c_str(), &key, identity.ids[0], "", file);
+      if (written == Written::kNotWhole) return false;
+      isThere = written == Written::kWhole;
+      if (isThere) out << "  <import file=\"" << file << "\" />\n";
+    } else {
+      isThere = reader.ReadItem(record.Get(), bank.c_str(), &key);
+      if (isThere) PutComponent(out, component.Get(), kIndent);
+    }
+    if (!isThere) {
+      owner_.TellLeftOut(std::string(kComponentBank) + ":" + bank + " " + std::to_string(words[0]),
+                         "its first ID does not lead to it");
     }
   }
+  return true;
 }
 
-bool Export_i::WriteComponentFile(char const* bank, Key* key, std::string const& component,
-                                  std::string_view base, std::string& file) {
+Export_i::Written Export_i::WriteComponentFile(char const* bank, Key* key,
+                                               std::string const& component, std::string_view base,
+                                               std::string& file) {
   Held<IZelBankDef> const record(NewPureComp());
   auto const read = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
-  if (!read || !LibMaint_i(&library_).ReadItem(record.Get(), bank, key)) return false;
+  if (!read || !LibMaint_i(&library_).ReadItem(record.Get(), bank, key)) {
+    return Written::kNoComponent;
+  }
   file = Named(base, "Comp-" + std::string(bank) + "-" + component);
   TextFile out(PathOf(file));
-  if (!out) return false;
+  if (!out) return Written::kNotWhole;
   PutHeader(out, BankLabel(kComponentBank, bank) + ", component \"" + component + "\"");
   PutComponent(out, read.Get(), 0);
-  return out.Close();
+  return out.Close() ? Written::kWhole : Written::kNotWhole;
 }
 
 bool Export_i::ExportComponentByNumber(char const* bank, std::int32_t number) {
   Key_i key;
   key.SetKey(static_cast<long>(number));
   std::string file;
-  return WriteComponentFile(bank, &key, std::to_string(number), base_, file);
+  return WriteComponentFile(bank, &key, std::to_string(number), base_, file) == Written::kWhole;
 }
 
 bool Export_i::ExportComponentById(char const* bank, char const* id) {
   Key_i key;
   key.SetKey(id);
   std::string file;
-  return WriteComponentFile(bank, &key, id, base_, file);
+  return WriteComponentFile(bank, &key, id, base_, file) == Written::kWhole;
 }
 
 }  // namespace zel

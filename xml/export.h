@@ -36,9 +36,11 @@ class Export_i {
  private:
   bool WriteBank(std::string const& type, std::string const& name, std::string_view base,
                  std::string& file);
-  bool WriteComponentFile(char const* bank, Key* key, std::string const& component,
-                          std::string_view base, std::string& file);
-  void WriteComponents(platform::TextFile& out, std::string const& bank);
+  // What became of a component's own file.
+  enum class Written { kWhole, kNoComponent, kNotWhole };
+  Written WriteComponentFile(char const* bank, Key* key, std::string const& component,
+                             std::string_view base, std::string& file);
+  bool WriteComponents(platform::TextFile& out, std::string const& bank);
   std::string PathOf(std::string const& file) const;
   std::string Named(std::string_view base, std::string const& fallback) const;
   void PutHeader(platform::TextFile& out, std::string label) const;

@@ -92,13 +92,15 @@ void ItemExport::PutIds(std::int32_t const* words, std::int32_t length) {
 }
 
 std::string const& ItemExport::IdOf(std::int32_t number) {
-  auto const [at, isNew] = ids_.try_emplace(number);
-  if (isNew) {
-    char id[9];
+  auto const known = ids_.find(number);
+  if (known != ids_.end()) return known->second;
+  char id[9] = {};
+  try {
     owner_.GetIdOfNumber(number, id);
-    at->second = id;
+  } catch (unsigned long const address) {
+    if (!owner_.TellUnread("component " + std::to_string(number), address)) throw;
   }
-  return at->second;
+  return ids_.emplace(number, id).first->second;
 }
 
 // The values up to the last one that is defined; nothing when the first is not.

@@ -71,10 +71,12 @@ class PosixBlockFile final : public BlockFile {
       std::memcpy(to, map_ + offset, count);
       return static_cast<std::int64_t>(count);
     }
-    return Transfer(count, [&](std::size_t done) {
+    std::int64_t const got = Transfer(count, [&](std::size_t done) {
       return ::pread(file_.Get(), static_cast<std::byte*>(to) + done, count - done,
                      static_cast<off_t>(offset + done));
     });
+    // All of it lies inside the file: what comes in part did not come.
+    return got == static_cast<std::int64_t>(count) ? got : -1;
   }
 
   std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) override {

@@ -127,14 +127,16 @@ Report Components(Library const& library, BankName const& bank,
   Table& table = report.Begin("items", columns);
   PureComponent component;
   std::int32_t words[10] = {};
-  library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
-  while (library.Maint().NextItem(words, component.Def())) {
-    Identity const identity = component.ReadIdentity();
-    std::vector<Cell> row = {std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
-                             Text(identity.formula), Text(identity.name)};
-    for (ComponentField const& field : fields) row.push_back(field.ValueIn(component));
-    table.Add(std::move(row));
-  }
+  library.Walk(bank, [&] {
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItem(words, component.Def())) {
+      Identity const identity = component.ReadIdentity();
+      std::vector<Cell> row = {std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
+                               Text(identity.formula), Text(identity.name)};
+      for (ComponentField const& field : fields) row.push_back(field.ValueIn(component));
+      table.Add(std::move(row));
+    }
+  });
   return report;
 }
 
@@ -159,7 +161,9 @@ Report Items(Options const& o) {
     if (!fields.empty()) {
       zel::Handle<zel::Key> const key(zel::Key::NewKey());
       key->SetKeyWords(static_cast<long>(stored.size()), stored.data());
-      library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get());
+      if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+        throw Failure(o.path + ": " + ToText(bank) + ", item " + Joined(parts) + ": is not found");
+      }
       for (Field const& field : fields) row.push_back(ValueOf(*item, field));
     }
     table.Add(std::move(row));
@@ -177,12 +181,13 @@ void AddBankCommands(CLI::App& app) {
   Command(app, "banks", "List the banks of a library", "zel banks sample.lb1")
       .Argument("LIBRARY", o->path, "a library file")
       .Run(Outputs::kJsonAndCsv, [o] { return Banks(*o); });
-  Command(app, "items", "List the items of a bank",
-          "zel items sample.lb1 NRTL --fields aij aji alphaij")
-      .Argument("LIBRARY", o->path, "a library file")
+  Command items(app, "items", "List the items of a bank",
+                "zel items sample.lb1 NRTL --fields aij aji alphaij");
+  items.Argument("LIBRARY", o->path, "a library file")
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
-      .Option("--fields", o->fields, "show these fields too", "FIELD...")
-      .Run(Outputs::kJsonAndCsv, [o] { return Items(*o); });
+      .Option("--fields", o->fields, "show these fields too", "FIELD...");
+  AddStrict(items);
+  items.Run(Outputs::kJsonAndCsv, [o] { return Items(*o); });
 }
 
 }  // namespace zelhost

@@ -41,7 +41,8 @@ void SetExitStatus(int status) { exitStatus = status; }
 int ExitStatus() { return exitStatus; }
 
 void Write(std::string const& text) {
-  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0 ||
+      std::ferror(stdout) != 0) {
     if (errno == EPIPE) throw PipeClosed();
     throw Failure(std::string("standard output cannot be written: ") + std::strerror(errno));
   }

@@ -116,10 +116,16 @@ void Difference::Bank(BankName const& bank) {
 void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
                       std::string const& place) {
   zel::Handle<zel::Key> const key = StoredKey(stored);
+  bool isRead = true;
   auto const read = [&](Library const& library, zel::IZelBankDef* item) {
-    if (!library.Maint().ReadItem(item, bank.name.c_str(), key.get())) {
-      throw Failure(library.Path() + ": " + place + " cannot be read");
+    try {
+      if (library.Maint().ReadItem(item, bank.name.c_str(), key.get())) return;
+    } catch (unsigned long const address) {
+      library.TellUnread(place, address);
+      isRead = false;
+      return;
     }
+    throw Failure(library.Path() + ": " + place + " cannot be read");
   };
   auto const valuesIn = [&](Library const& library) {
     if (bank.type == kPureType) {
@@ -133,6 +139,7 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
   };
   std::vector<NamedValue> const a = valuesIn(one_);
   std::vector<NamedValue> const b = valuesIn(other_);
+  if (!isRead) return;
   auto const valueIn = [](std::vector<NamedValue> const& values, std::string const& name) {
     auto const at = std::find_if(values.begin(), values.end(),
                                  [&](NamedValue const& value) { return value.name == name; });
@@ -311,7 +318,11 @@ void CheckAcross(Library const& one, Library const& other, Collector& collector)
       zel::Handle<zel::Key> const key(zel::Key::NewKey());
       key->SetKey(zel::casn(identity.cas.c_str()));
       for (BankName const& there : other.Banks(kPureType)) {
-        if (!other.Maint().ReadItem(b.Def(), there.name.c_str(), key.get())) continue;
+        bool isThere = false;
+        other.Walk(there, [&] {
+          isThere = other.Maint().ReadItem(b.Def(), there.name.c_str(), key.get());
+        });
+        if (!isThere) continue;
         std::string const place = bank.name + " " + identity.FirstId();
         CheckMagnitude(a, place, b, other.Path(), tell);
         CheckBoilingPoint(a, place, b, other.Path(), tell);
@@ -391,13 +402,14 @@ Report Check(Options const& o) {
 
 void AddCompareCommands(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command(app, "diff", "Tell what differs between two libraries",
-          "zel diff perry.lb1 own.lb1 --bank PERRY")
-      .Argument("FIRST", o->one, "a library file")
+  Command diff(app, "diff", "Tell what differs between two libraries",
+               "zel diff perry.lb1 own.lb1 --bank PERRY");
+  diff.Argument("FIRST", o->one, "a library file")
       .Argument("SECOND", o->other, "a library file")
       .Option("--bank", o->bank, "only this bank", "BANK")
-      .Flag("--exit-code", o->exitCode, "exit status 1 when they differ")
-      .Run(Outputs::kJsonAndCsv, [o] { return Diff(*o); });
+      .Flag("--exit-code", o->exitCode, "exit status 1 when they differ");
+  AddStrict(diff);
+  diff.Run(Outputs::kJsonAndCsv, [o] { return Diff(*o); });
   Command(app, "check", "Check a library's structure and its data's sense",
           "zel check perry.lb1 crc.lb1 --silence source")
       .OptionalArgument("LIBRARY", o->paths, "libraries; later ones are held against the first")

@@ -174,13 +174,15 @@ std::int64_t LeftOut(Library const& library, Options const& o) {
   for (BankName const& bank : library.Banks(kPureType)) {
     if (!o.bank.empty() && ToText(library.Bank(o.bank)) != ToText(bank)) continue;
     std::int32_t words[10] = {};
-    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
-    while (library.Maint().NextItem(words, component.Def())) {
-      for (auto const& row : Correlations()) {
-        Curve const curve = component.ReadCurve(IndexOf(row));
-        if (curve.present && !curve.given) ++count;
+    library.Walk(bank, [&] {
+      library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+      while (library.Maint().NextItem(words, component.Def())) {
+        for (auto const& row : Correlations()) {
+          Curve const curve = component.ReadCurve(IndexOf(row));
+          if (curve.present && !curve.given) ++count;
+        }
       }
-    }
+    });
     library.Maint().EndItemWalk();
   }
   return count;
@@ -296,7 +298,13 @@ Report Dump(Options const& o) {
   Library const library = Library::OpenRead(o.path);
   BankName const bank = library.Bank(o.bank);
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(&library.Maint());
-  maint->DumpBankTree(bank.type.c_str(), bank.name.c_str(), 0, stdout, -1);
+  library.Walk(bank, [&] {
+    maint->DumpBankTree(bank.type.c_str(), bank.name.c_str(), 0, stdout, -1);
+    // The dump shows a node that it could not enter as an empty one.
+    std::int32_t key[10] = {};
+    maint->BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (maint->NextItemKey(key)) continue;
+  });
   return {};
 }
 
@@ -317,20 +325,23 @@ void AddDocumentCommands(CLI::App& app) {
   AddModeOption(reading, o->mode);
   AddChangeOptions(reading, o->change);
   reading.Run(Outputs::kJson, [o] { return Import(*o); });
-  Command(app, "export", "Write a library, a bank or a component as XML",
-          "zel export sample.lb1 -o sample.xml")
-      .Argument("LIBRARY", o->path, "a library file")
+  Command writing(app, "export", "Write a library, a bank or a component as XML",
+                  "zel export sample.lb1 -o sample.xml");
+  writing.Argument("LIBRARY", o->path, "a library file")
       .Option("-o,--output", o->output, "the document (.xml), or a folder; else beside LIBRARY",
               "FILE")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Option("--component", o->component, "only this component", "COMPONENT")
       .Flag("--banner", o->banner, "add a block for a maintenance log")
-      .Flag("--component-files", o->componentFiles, "a document for each component")
-      .Run(Outputs::kJson, [o] { return Export(*o); });
-  Command(app, "dump", "Write tab-separated indexes, or show a bank's tree", "zel dump perry.lb1")
-      .Argument("LIBRARY", o->path, "a library file")
-      .Option("--tree", o->bank, "print the structure of this bank's tree", "BANK")
-      .Run(Outputs::kJson, [o] { return Dump(*o); });
+      .Flag("--component-files", o->componentFiles, "a document for each component");
+  AddStrict(writing);
+  writing.Run(Outputs::kJson, [o] { return Export(*o); });
+  Command dump(app, "dump", "Write tab-separated indexes, or show a bank's tree",
+               "zel dump perry.lb1");
+  dump.Argument("LIBRARY", o->path, "a library file")
+      .Option("--tree", o->bank, "print the structure of this bank's tree", "BANK");
+  AddStrict(dump);
+  dump.Run(Outputs::kJson, [o] { return Dump(*o); });
 }
 
 }  // namespace zelhost

@@ -67,12 +67,18 @@ std::string Reasons(Library const& to, zel::IZelBankDef& item, zel::Key& key) {
 }
 
 // The item under its stored key, read into `item` first.
-void CopyItem(Library const& from, Library const& to, BankName const& bank, zel::IZelBankDef& item,
-              std::vector<std::int32_t> const& stored, std::string const& shown, bool replace) {
+// Gives the number of items that were copied: 1, or 0 for one that cannot be read.
+int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::IZelBankDef& item,
+             std::vector<std::int32_t> const& stored, std::string const& shown, bool replace) {
   zel::Handle<zel::Key> const key = StoredKey(stored);
   char const* const name = bank.name.c_str();
-  if (!from.Maint().ReadItem(&item, name, key.get())) {
-    Refuse(from, bank, shown, "cannot be read");
+  try {
+    if (!from.Maint().ReadItem(&item, name, key.get())) {
+      Refuse(from, bank, shown, "cannot be read");
+    }
+  } catch (unsigned long const address) {
+    from.TellUnread(ToText(bank) + " " + shown, address);
+    return 0;
   }
   if (!replace && to.Maint().ItemExists(&item, name, key.get())) {
     Refuse(to, bank, shown, "is there already; --replace takes the new one");
@@ -80,19 +86,22 @@ void CopyItem(Library const& from, Library const& to, BankName const& bank, zel:
   if (!to.Maint().WriteItem(&item, name, key.get())) {
     Refuse(to, bank, shown, Reasons(to, item, *key));
   }
+  return 1;
 }
 
 std::int64_t CopyBank(Library const& from, Library const& to, BankName const& bank, bool replace) {
   MakeBank(from, to, bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   KeyWords words(from, *item);
-  auto const keys = Keys(from, bank, *item);
+  std::vector<std::vector<std::int32_t>> keys;
+  from.Walk(bank, [&] { keys = Keys(from, bank, *item); });
+  std::int64_t copied = 0;
   Progress progress("copying " + ToText(bank), keys.size());
   for (auto const& stored : keys) {
-    CopyItem(from, to, bank, *item, stored, Joined(words.Of(stored)), replace);
+    copied += CopyItem(from, to, bank, *item, stored, Joined(words.Of(stored)), replace);
     progress.Step();
   }
-  return static_cast<std::int64_t>(keys.size());
+  return copied;
 }
 
 std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
@@ -105,9 +114,8 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   }
   // By numbers and as it is stored: the other library need not know the words.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
-  CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords}, Joined(o.words),
-           o.replace);
-  return 1;
+  return CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords},
+                  Joined(o.words), o.replace);
 }
 
 Report Copy(Options const& o) {
@@ -182,6 +190,7 @@ void AddItemCommands(CLI::App& app) {
       .Flag("--replace", o->replace, "items that are there are replaced and no error")
       .Flag("--create", o->create, "make the library TO when it is not there");
   AddModeOption(copy, o->mode);
+  AddStrict(copy);
   AddChangeOptions(copy, o->change);
   copy.Run(Outputs::kJson, [o] { return Copy(*o); });
   Command remove(app, "delete", "Remove an item or a bank", "zel delete own.lb1 PERRY ETHANOL");

@@ -181,8 +181,14 @@ std::string KeyWords::IdOf(std::int32_t number) {
                                    [](auto const& row, std::int32_t n) { return row.first < n; });
   if (at != known_.end() && at->first == number) return at->second;
   char id[kNameSize] = {};
-  library_.Maint().GetIdOfNumber(number, id);
-  if (id[0] == '\0' && NamesLibrary() != nullptr) NamesLibrary()->Maint().GetIdOfNumber(number, id);
+  try {
+    library_.Maint().GetIdOfNumber(number, id);
+    if (id[0] == '\0' && NamesLibrary() != nullptr) {
+      NamesLibrary()->Maint().GetIdOfNumber(number, id);
+    }
+  } catch (unsigned long const address) {
+    library_.TellUnread("component " + std::to_string(number), address);
+  }
   std::string const text = id[0] != '\0' ? std::string(id) : std::to_string(number);
   known_.insert(at, {number, text});
   return text;

@@ -45,7 +45,19 @@ char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + '
 std::string ToText(BankName const& bank) { return bank.type + ":" + bank.name; }
 
 Library::Library(std::string path, zel::LibFile* file)
-    : path_(std::move(path)), file_(file), maint_(zel::LibMaint::NewLibMaint(file)) {}
+    : path_(std::move(path)),
+      unread_(std::make_unique<UnreadItems>(path_)),
+      file_(file),
+      maint_(zel::LibMaint::NewLibMaint(file)) {
+  zel::SetItemFindings(file_.get(), unread_.get());
+}
+
+void Library::TellUnread(std::string const& place, unsigned long address) const {
+  zel::ZelBlockErrorInfo info;
+  zel::GetBlockErrorInfo(address, info);
+  std::string const text = "block " + std::to_string(address) + " " + info.reason;
+  unread_->Found(zel::findingDamage, "item", place.c_str(), text.c_str());
+}
 
 Library Library::OpenRead(std::string const& path, std::string const& shownAs) {
   std::string const& shown = shownAs.empty() ? path : shownAs;

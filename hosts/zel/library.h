@@ -3,8 +3,11 @@
 
 #include <zelaccess/ZelAccess.h>
 
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "unread_items.h"
 
 namespace zelhost {
 
@@ -40,6 +43,18 @@ class Library {
   BankName Bank(std::string const& word) const;
   // A bank of pure components, the only one when `word` is empty.
   BankName ComponentBank(std::string const& word) const;
+  // Tells of what could not be read; see UnreadItems. To be called where the block error was
+  // caught.
+  void TellUnread(std::string const& place, unsigned long address) const;
+  // Does work that walks a bank; a tree that cannot be read ends it and is told of.
+  template <typename Work>
+  void Walk(BankName const& bank, Work const& work) const {
+    try {
+      work();
+    } catch (unsigned long const address) {
+      TellUnread(ToText(bank), address);
+    }
+  }
   // Writes what is not on file yet. Throws Failure when the disk refuses.
   void Close();
 
@@ -47,6 +62,7 @@ class Library {
   Library(std::string path, zel::LibFile* file);
 
   std::string path_;
+  std::unique_ptr<UnreadItems> unread_;  // outlives the library, which knows it
   zel::Handle<zel::LibFile> file_;
   zel::Handle<zel::LibMaint> maint_;
 };

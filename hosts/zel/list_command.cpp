@@ -106,17 +106,18 @@ Report List(Options const& o) {
 
 void AddListCommand(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command(app, "list", "Build a pick list from a library, or query one",
-          "zel list picker.lst --build perry.lb1 --filter \"*butane\"")
-      .Argument("LIST", o->path, "a list file")
+  Command list(app, "list", "Build a pick list from a library, or query one",
+               "zel list picker.lst --build perry.lb1 --filter \"*butane\"");
+  list.Argument("LIST", o->path, "a list file")
       .Option("--build", o->library, "make it from this library first", "LIBRARY")
       .Option("--bank", o->bank, "from this bank of pure components", "NAME")
       .Option("--sort", o->sort, "name, id, formula, cas, nbp or mw", "KEY")
       .Option("--filter", o->filter, "of the sorted text: \"*\" any text, \"?\" one letter",
               "PATTERN")
       .Option("--range", o->range, "of the sorted number; an end may be missing", "MIN:MAX")
-      .Flag("--descending", o->descending, "the last first")
-      .Run(Outputs::kJsonAndCsv, [o] { return List(*o); });
+      .Flag("--descending", o->descending, "the last first");
+  AddStrict(list);
+  list.Run(Outputs::kJsonAndCsv, [o] { return List(*o); });
 }
 
 }  // namespace zelhost

@@ -158,20 +158,22 @@ Report Find(Options const& o) {
   PureComponent component;
   for (BankName const& bank : banks) {
     std::int32_t words[10] = {};
-    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
-    while (library.Maint().NextItem(words, component.Def())) {
-      Identity const identity = component.ReadIdentity();
-      double const nbp = component.Constant(kBoiling);
-      double const mw = component.Constant(kWeight);
-      bool const fits = AnyMatches(o.name, {identity.name}) && AnyMatches(o.id, identity.ids) &&
-                        AnyMatches(o.cas, {identity.cas}) &&
-                        AnyMatches(o.formula, {identity.formula}) &&
-                        (!boiling || boiling->Has(nbp)) && (!weight || weight->Has(mw));
-      if (!fits) continue;
-      table.Add({bank.name, std::int64_t{identity.number}, Text(identity.FirstId()),
-                 Text(identity.cas), Text(identity.formula), Number(mw), Number(nbp),
-                 Text(identity.name)});
-    }
+    library.Walk(bank, [&] {
+      library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+      while (library.Maint().NextItem(words, component.Def())) {
+        Identity const identity = component.ReadIdentity();
+        double const nbp = component.Constant(kBoiling);
+        double const mw = component.Constant(kWeight);
+        bool const fits = AnyMatches(o.name, {identity.name}) && AnyMatches(o.id, identity.ids) &&
+                          AnyMatches(o.cas, {identity.cas}) &&
+                          AnyMatches(o.formula, {identity.formula}) &&
+                          (!boiling || boiling->Has(nbp)) && (!weight || weight->Has(mw));
+        if (!fits) continue;
+        table.Add({bank.name, std::int64_t{identity.number}, Text(identity.FirstId()),
+                   Text(identity.cas), Text(identity.formula), Number(mw), Number(nbp),
+                   Text(identity.name)});
+      }
+    });
   }
   report.Fact("found", static_cast<std::int64_t>(table.Rows().size()));
   return report;
@@ -188,17 +190,18 @@ void AddShowCommands(CLI::App& app) {
       .Argument("ITEM", o->words, "its components, numbers or text")
       .Flag("--complete", o->complete, "of a pure component: derive what is missing")
       .Run(Outputs::kJson, [o] { return Show(*o); });
-  Command(app, "find", "Find components by what is known of them",
-          "zel find crc.lb1 --name \"*butan*\" --nbp 250:320")
-      .Argument("LIBRARY", o->path, "a library file")
+  Command find(app, "find", "Find components by what is known of them",
+               "zel find crc.lb1 --name \"*butan*\" --nbp 250:320");
+  find.Argument("LIBRARY", o->path, "a library file")
       .Option("--bank", o->bank, "look in this bank only", "BANK")
       .Option("--name", o->name, "\"*\" stands for any text, \"?\" for one character", "PATTERN")
       .Option("--id", o->id, "the same for the IDs", "PATTERN")
       .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")
       .Option("--formula", o->formula, "the same for the formula", "PATTERN")
       .Option("--nbp", o->boiling, "normal boiling point, in K without a unit", "MIN:MAX")
-      .Option("--mw", o->weight, "molecular weight; an end may be missing", "MIN:MAX")
-      .Run(Outputs::kJsonAndCsv, [o] { return Find(*o); });
+      .Option("--mw", o->weight, "molecular weight; an end may be missing", "MIN:MAX");
+  AddStrict(find);
+  find.Run(Outputs::kJsonAndCsv, [o] { return Find(*o); });
 }
 
 }  // namespace zelhost

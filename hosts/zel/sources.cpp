@@ -60,9 +60,27 @@ std::string Sources::Name(std::size_t i) const {
   return libraries_[places_[i].library].Path() + ":" + places_[i].bank;
 }
 
+namespace {
+
+// What looks a component up; a record that cannot be read is an error that names the component.
+template <typename Look>
+bool Looked(std::string const& word, Look const& look) {
+  try {
+    return look();
+  } catch (unsigned long const address) {
+    zel::BlockError const error(address);
+    throw Failure(ShownPath(error.File()) + ": component " + word + ": block " +
+                  std::to_string(address) + " " + error.Reason());
+  }
+}
+
+}  // namespace
+
 bool Sources::Read(std::size_t i, std::string const& word, PureComponent const& component) const {
-  return ReadComponent(libraries_[places_[i].library], {kPureType, places_[i].bank}, word,
-                       component);
+  return Looked(word, [&] {
+    return ReadComponent(libraries_[places_[i].library], {kPureType, places_[i].bank}, word,
+                         component);
+  });
 }
 
 void Sources::Judge(std::string const& word, std::vector<SourcedIdentity> found) {
@@ -90,7 +108,7 @@ void Sources::Search(std::string const& word, PureComponent& component) {
   if (!found.empty()) {
     Judge(word, std::move(found));
     zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
-    if (search_->Search(key.get(), component.Def(), true)) return;
+    if (Looked(word, [&] { return search_->Search(key.get(), component.Def(), true); })) return;
   }
   std::string names;
   for (std::size_t i = 0; i < Count(); ++i) names += (i == 0 ? "" : ", ") + Name(i);

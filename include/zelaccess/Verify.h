@@ -92,10 +92,19 @@ class ZEL_API ZelFindingSink {
   ~ZelFindingSink() = default;
 };
 
+// Walks over items pass over what cannot be read while a library has a sink for it: NextItem of
+// every LibMaint on it, and the exports, text dumps and lists that are made from such walks. The
+// sink is told of each item (findingDamage, "item", its bank and key, the block), of each ID that
+// an export cannot find out, and of each text dump that cannot be written whole (findingDamage,
+// "file", its path). Without one (null, as at first) the block error ends the walk. A tree that
+// cannot be read ends it either way. The library does not own the sink, which may throw to end the
+// walk. Does nothing for null in the place of the library.
+ZEL_API void SetItemFindings(LibFile* library, ZelFindingSink* sink);
+
 // Holds everything on file against everything else, without changing a byte: the header; the free
 // extents; every tree (order of keys, links all there or none, equal depth, entry counts);
 // every block, which must belong to one owner and to one only; the identifier trees against the
-// components; every item, which must decode. True when no damage was found. Findings come in the
+// components; every item, which must decode, and which is named where it does not. True when no damage was found. Findings come in the
 // order of the walk; a damaged part is not entered. Never throws for what is on file. Time and
 // memory grow with the size of the files.
 //
@@ -104,7 +113,7 @@ class ZEL_API ZelFindingSink {
 //
 // Kinds of damage: "header", "extent", "tree-head", "tree-node", "tree-order", "tree-links",
 // "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "block-address",
-// "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown type),
+// "block-unreadable", "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown type),
 // "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
 ZEL_API bool VerifyLibrary(LibFile* library, ZelFindingSink& sink);
 

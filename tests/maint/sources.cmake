@@ -1,4 +1,5 @@
 set(maint_TEST_SOURCES
+    bad_items_test.cpp
     banks_test.cpp
     check_test.cpp
     components_test.cpp

@@ -1,5 +1,6 @@
 set(zel_TEST_SOURCES
     bad_input_test.cpp
+    bad_items_test.cpp
     change_test.cpp
     commands_test.cpp
     documents_test.cpp

@@ -1,0 +1,32 @@
+// A program run with one of its file operations failing.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zel::test {
+
+// Which operation fails, and how. Operations are the system calls that name a file under the
+// watched folder, by path or by descriptor, counted from 1.
+struct Fault {
+  long operation = 0;           // 0: none fails
+  int error = 0;                // what it gives
+  bool writesOnly = false;      // count calls alone that can need room on the disk
+  bool refuseMappings = false;  // no file can be mapped: all reads and writes are system calls
+};
+
+struct TracedRun {
+  bool isTraced = true;  // false: the system does not allow it, and nothing was run
+  int status = -1;       // 128 and the signal for a program that a signal ended
+  long operations = 0;   // that were counted
+  std::string failed;    // name of the call that failed; empty when none did
+  std::string out;
+  std::string err;
+};
+
+// Runs `words`, the first of them a program's path, in `folder`. What lies under `watched`, an
+// absolute path without links, counts, and so does standard output.
+TracedRun RunTraced(std::vector<std::string> words, std::string const& folder,
+                    std::string const& watched, Fault const& fault);
+
+}  // namespace zel::test
