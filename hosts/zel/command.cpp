@@ -32,7 +32,15 @@ void Command::Run(Outputs outputs, std::function<Report()> work) {
   }
   sub_->callback([work = std::move(work)] {
     OpenNames();
-    Write(Print(work(), outputForm));
+    Report report = work();
+    std::string const text = Print(report, outputForm);
+    bool const isChanged = report.MakeChange();
+    try {
+      Write(text);
+    } catch (Failure const& failure) {
+      if (!isChanged) throw;
+      throw Failure(failure.what() + std::string("; the change is in place"));
+    }
   });
 }
 

@@ -122,11 +122,11 @@ Report Import(Options const& o) {
                    : o.change.inPlace ? "; what stood before the error was imported"
                                       : "; the library is as it was"));
   }
-  change.PutInPlace();
   Report report;
   report.Fact("imported", static_cast<std::int64_t>(o.files.size()));
   report.Fact("library", o.path);
   totals.AddTo(report);
+  PutInPlaceAfter(report, std::move(change));
   return report;
 }
 

@@ -147,7 +147,7 @@ Report Copy(Options const& o) {
       table.Add({ToText(bank), CopyBank(from, to, bank, o.replace)});
     }
   }
-  change.PutInPlace();
+  PutInPlaceAfter(report, std::move(change));
   return report;
 }
 
@@ -171,9 +171,9 @@ Report Delete(Options const& o) {
       Refuse(library, bank, Joined(o.words), "is not there" + WhyNotFound(library, *item, o.words));
     }
   }
-  change.PutInPlace();
   Report report;
   report.Fact("removed", ToText(bank) + (o.wholeBank ? "" : " " + Joined(o.words)));
+  PutInPlaceAfter(report, std::move(change));
   return report;
 }
 

@@ -83,9 +83,9 @@ Report Create(Options const& o) {
   LibraryChange change = LibraryChange::New(
       o.path, {static_cast<zel::libTypes>(o.kind), o.force, o.change.password, ModeOf(o.mode)});
   change.Open().File().SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
-  change.PutInPlace();
   Report report;
   report.Fact("created", o.path);
+  PutInPlaceAfter(report, std::move(change));
   return report;
 }
 
@@ -179,8 +179,8 @@ Report Memo(Options& o) {
     BankName const bank = library.Bank(o.bank);
     library.Maint().SetBankMemo(bank.type.c_str(), bank.name.c_str(), text.c_str());
   }
-  change.PutInPlace();
   report.Fact("memo", Text(text));
+  PutInPlaceAfter(report, std::move(change));
   return report;
 }
 
@@ -198,9 +198,9 @@ Report Set(Options const& o) {
   zel::LibFile& file = change.Open().File();
   file.SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
   if (setsPassword) file.SetPassword(o.clearPassword ? 0 : o.level, o.newPassword.c_str());
-  change.PutInPlace();
   Report report;
   report.Fact("changed", o.path);
+  PutInPlaceAfter(report, std::move(change));
   return report;
 }
 

@@ -80,9 +80,16 @@ int EndByClosedPipe() {
   return kFailed;
 }
 
-}  // namespace
+bool hasReturned = false;
 
-int main(int count, char** words) {
+// The library ends a program in which it cannot start, and says why on standard output.
+void TellOfEnd() {
+  if (hasReturned) return;
+  std::fputs("zel: the library cannot start; its table of units needs some room in TMPDIR\n",
+             stderr);
+}
+
+int Run(int count, char** words) {
   // A pipe that nobody reads and a file that reached its largest size are errors of the call.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
@@ -132,4 +139,13 @@ int main(int count, char** words) {
   } catch (unsigned long const address) {
     return Fail(kFailed, MessageOf(zel::BlockError(address)));
   }
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  std::atexit(TellOfEnd);
+  int const status = Run(count, words);
+  hasReturned = true;
+  return status;
 }

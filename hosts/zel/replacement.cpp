@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "failure.h"
 
@@ -116,6 +117,11 @@ void LibraryChange::PutInPlace() {
   GiveFilesAccess();
   if (work_) work_->PutInPlace(isNew_);
   library_.reset();
+}
+
+void PutInPlaceAfter(Report& report, LibraryChange change) {
+  auto const held = std::make_shared<LibraryChange>(std::move(change));
+  report.SetChange([held] { held->PutInPlace(); });
 }
 
 }  // namespace zelhost

@@ -13,6 +13,7 @@
 #include "file_copy.h"
 #include "file_lock.h"
 #include "library.h"
+#include "report.h"
 #include "work_folder.h"
 
 namespace zelhost {
@@ -62,5 +63,8 @@ class LibraryChange {
   std::unique_ptr<WorkFolder> work_;  // none in place
   std::optional<Library> library_;
 };
+
+// Makes it the change of the report.
+void PutInPlaceAfter(Report& report, LibraryChange change);
 
 }  // namespace zelhost

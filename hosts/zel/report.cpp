@@ -63,6 +63,12 @@ Table& Report::Begin(std::string name, std::vector<Column> columns) {
   return tables_.emplace_back(std::move(name), std::move(columns));
 }
 
+bool Report::MakeChange() {
+  if (!change_) return false;
+  change_();
+  return true;
+}
+
 void Report::Add(Table table) { tables_.push_back(std::move(table)); }
 
 std::string Print(Report const& report, Form form) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -58,6 +59,11 @@ class Report {
   // The table stays valid as long as no further one is begun.
   Table& Begin(std::string name, std::vector<Column> columns);
   void Add(Table table);
+  // The change that the report is about. It happens when the text of the report is made, so that
+  // lack of memory for the text leaves no change behind.
+  void SetChange(std::function<void()> change) { change_ = std::move(change); }
+  // False when the report is about none.
+  bool MakeChange();
 
   struct NamedFact {
     std::string name;
@@ -69,6 +75,7 @@ class Report {
  private:
   std::vector<NamedFact> facts_;
   std::vector<Table> tables_;
+  std::function<void()> change_;
 };
 
 enum class Form { kText, kJson, kCsv };

@@ -104,9 +104,9 @@ ZEL_API void SetItemFindings(LibFile* library, ZelFindingSink* sink);
 // Holds everything on file against everything else, without changing a byte: the header; the free
 // extents; every tree (order of keys, links all there or none, equal depth, entry counts);
 // every block, which must belong to one owner and to one only; the identifier trees against the
-// components; every item, which must decode, and which is named where it does not. True when no damage was found. Findings come in the
-// order of the walk; a damaged part is not entered. Never throws for what is on file. Time and
-// memory grow with the size of the files.
+// components; every item, which must decode, and which is named where it does not. True when no
+// damage was found. Findings come in the order of the walk; a damaged part is not entered. Never
+// throws for what is on file. Time and memory grow with the size of the files.
 //
 //   struct Printer final : zel::ZelFindingSink { void Found(...) override { ... } } printer;
 //   bool const sound = zel::VerifyLibrary(library, printer);

@@ -9,6 +9,36 @@ namespace {
 namespace fs = std::filesystem;
 
 // A copy that nobody will finish is in nobody's way.
+// The report comes after the change, and its loss does not take the change back.
+TEST_F(ChangeTest, ReportThatCannotBeWritten) {
+  for (char const* command :
+       {"set perry.lb1 --description y", "memo perry.lb1 --set y", "delete perry.lb1 PERRY WATER",
+        "copy perry.lb1 new.lb1 --create", "create none.lb1"}) {
+    Outcome const outcome = Zel(std::string(command) + " >/dev/full");
+    EXPECT_EQ(outcome.status, 1) << command;
+    EXPECT_NE(
+        outcome.err.find("cannot be written: No space left on device; the change is in place"),
+        std::string::npos)
+        << command << "\n"
+        << outcome.err;
+  }
+  nlohmann::json const info = Json("info perry.lb1");
+  EXPECT_EQ(info["description"], "y");
+  EXPECT_EQ(info["memo"], "y");
+  EXPECT_EQ(Zel("show perry.lb1 PERRY WATER").status, 1);
+  EXPECT_EQ(Rows(Json("banks new.lb1")["banks"], "name", "PERRY"), 1U);
+  EXPECT_EQ(Zel("info sample.lb1 >/dev/full").err.find("the change"), std::string::npos);
+}
+
+// The library ends the program when it cannot start.
+TEST_F(ChangeTest, NoRoomForTheTableOfUnits) {
+  Outcome const outcome = Zel("copy perry.lb1 new.lb1 --create", "TMPDIR=/dev/null");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("zel: the library cannot start"), std::string::npos) << outcome.err;
+  Good("copy perry.lb1 new.lb1 --create");
+  EXPECT_EQ(Json("check new.lb1 --structure")["damage"], 0);
+}
+
 TEST_F(ChangeTest, WhatIsLeftOfAKilledCommandGoesWithTheNext) {
   fs::create_directory(Folder() / "own/.own.lb1.zel-new");
   MakeFile("own/.own.lb1.zel-new/lock", "");
