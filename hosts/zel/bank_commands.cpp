@@ -35,7 +35,7 @@ Report AllTypes() {
   auto* const names = reinterpret_cast<char(*)[kNameSize]>(list.data());
   zel::GetBankTypeList(static_cast<long>(count), names);
   for (std::size_t i = 0; i < count; ++i) {
-    zel::Handle<zel::IZelBankDef> const bank(zel::NewBank(names[i]));
+    zel::Handle<zel::IZelBankDef> const bank = BankOfType(names[i]);
     BankFacts const facts(*bank);
     table.Add({facts.type, std::int64_t{facts.formats},
                KindOfKey(facts.keyKind, facts.shortestKey, facts.keyWords), facts.description});
@@ -70,7 +70,7 @@ Report Banks(Options const& o) {
   Table& table =
       report.Begin("banks", {{"type", ""}, {"name", ""}, {"format", ""}, {"description", ""}});
   for (BankName const& bank : library.Banks()) {
-    zel::Handle<zel::IZelBankDef> const item(zel::NewBank(bank.type.c_str()));
+    zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
     std::int32_t const format = library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str());
     table.Add({bank.type, bank.name, std::int64_t{format == 0 ? 1 : format},
                item ? Text(BankFacts(*item).description) : Text("a type that is not known here")});

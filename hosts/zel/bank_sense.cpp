@@ -138,7 +138,7 @@ class GroupUse {
 }  // namespace
 
 void CheckPairSense(Library const& library, BankName const& bank, TellSense const& tell) {
-  zel::Handle<zel::IZelBankDef> const item(zel::NewBank(bank.type.c_str()));
+  zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
   if (!item) return;  // of a type that this program does not know
   BankFacts const facts(*item);
   BankIO const io = IOOf(*item);
@@ -173,7 +173,7 @@ void CheckPairSense(Library const& library, BankName const& bank, TellSense cons
 }
 
 void CheckGroupSense(Library const& library, BankName const& bank, TellSense const& tell) {
-  zel::Handle<zel::IZelBankDef> const item(zel::NewBank(bank.type.c_str()));
+  zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
   if (!item || !HasField(*item, "structure") || !HasField(*item, "mainGroup")) return;
   GroupTable const table = ReadGroups(library, bank, *item);
   for (auto const& [group, main] : table.mains) {

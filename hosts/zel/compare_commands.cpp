@@ -189,7 +189,7 @@ Report Diff(Options const& o) {
   }
   for (BankName const& bank : a) {
     if (has(b, bank)) {
-      if (zel::Handle<zel::IZelBankDef>(zel::NewBank(bank.type.c_str()))) {
+      if (BankOrNone(bank.type)) {
         difference.Bank(bank);
       } else {
         table.Add({ToText(bank), "whole", "unknown type", "not compared"});

@@ -1,6 +1,7 @@
 #include "fields.h"
 
 #include <algorithm>
+#include <new>
 
 #include "failure.h"
 #include "library.h"
@@ -67,8 +68,27 @@ BankFacts::BankFacts(zel::IZelBankDef& bank) {
   description = descriptionText;
 }
 
-zel::Handle<zel::IZelBankDef> BankOfType(std::string const& type) {
+namespace {
+
+bool IsKnown(std::string const& type) {
+  auto const count = static_cast<std::size_t>(zel::GetBankTypeCount());
+  std::vector<char> list(count * kNameSize);
+  auto* const names = reinterpret_cast<char(*)[kNameSize]>(list.data());
+  zel::GetBankTypeList(static_cast<long>(count), names);
+  return std::any_of(names, names + count, [&](char const* name) { return type == name; });
+}
+
+}  // namespace
+
+// The library gives no item of a type that it does not know, and none where memory has run out.
+zel::Handle<zel::IZelBankDef> BankOrNone(std::string const& type) {
   zel::Handle<zel::IZelBankDef> bank(zel::NewBank(type.c_str()));
+  if (!bank && IsKnown(UpperCase(type))) throw std::bad_alloc();
+  return bank;
+}
+
+zel::Handle<zel::IZelBankDef> BankOfType(std::string const& type) {
+  zel::Handle<zel::IZelBankDef> bank = BankOrNone(type);
   if (!bank) throw Failure("there is no bank type " + type + "; `zel types` lists them");
   return bank;
 }

@@ -22,7 +22,9 @@ struct BankFacts {
   explicit BankFacts(zel::IZelBankDef& bank);
 };
 
-// Throws Failure when there is no such type.
+// An item of a type, null when there is no such type; throws Failure for that in the second form.
+// Both throw std::bad_alloc when there is no memory.
+zel::Handle<zel::IZelBankDef> BankOrNone(std::string const& type);
 zel::Handle<zel::IZelBankDef> BankOfType(std::string const& type);
 
 struct Field {

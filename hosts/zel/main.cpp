@@ -1,14 +1,18 @@
 // zel: component libraries from the command line, for the people who keep them.
 #include <zelaccess/BlockError.h>
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <new>
 #include <sstream>
 #include <string>
+#include <system_error>
 
 #include "command.h"
 #include "failure.h"
@@ -19,6 +23,7 @@ namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
+constexpr char kOutOfMemory[] = "out of memory";
 
 int Fail(int status, std::string text) {
   // Bytes of a damaged library do not break the line.
@@ -72,6 +77,24 @@ int Parsed(CLI::App& app, int count, char** words) {
     return Fail(kWrongUsage, Complaint(app, error, count, words));
   }
 }
+
+// What no handler reaches ends here: before main has begun, in a thread, in a destructor. A change
+// that is under way is then cut off like one that was killed.
+[[noreturn]] void EndByException() {
+  try {
+    if (std::exception_ptr const error = std::current_exception()) std::rethrow_exception(error);
+  } catch (std::bad_alloc const&) {
+    constexpr char kLine[] = "zel: out of memory\n";
+    static_cast<void>(::write(STDERR_FILENO, kLine, sizeof(kLine) - 1) > 0);
+    ::_exit(kFailed);
+  } catch (...) {
+    std::abort();
+  }
+  std::abort();
+}
+
+// Before all objects of this program and its parts that are made ahead of main.
+[[gnu::constructor(101)]] void CatchTheRest() { std::set_terminate(EndByException); }
 
 // Ends as a program does that writes to a closed pipe, but only now that nothing is left half done.
 int EndByClosedPipe() {
@@ -129,11 +152,12 @@ int Run(int count, char** words) {
   } catch (zelhost::WrongUsage const& error) {
     return Fail(kWrongUsage, error.what());
   } catch (std::filesystem::filesystem_error const& error) {
+    if (error.code() == std::errc::not_enough_memory) return Fail(kFailed, kOutOfMemory);
     std::string const path = error.path1().string();
     return Fail(kFailed,
                 path.empty() ? "a file name is empty" : path + ": " + error.code().message());
   } catch (std::bad_alloc const&) {
-    return Fail(kFailed, "out of memory");
+    return Fail(kFailed, kOutOfMemory);
   } catch (std::exception const& error) {
     return Fail(kFailed, error.what());
   } catch (unsigned long const address) {

@@ -235,7 +235,7 @@ std::vector<std::string> PairTypes(Sources const& sources) {
   std::vector<std::string> types;
   for (Library const& library : sources.Libraries()) {
     for (BankName const& bank : library.Banks()) {
-      zel::Handle<zel::IZelBankDef> const item(zel::NewBank(bank.type.c_str()));
+      zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
       if (!item) continue;
       BankFacts const facts(*item);
       bool const isNew = std::find(types.begin(), types.end(), bank.type) == types.end();

@@ -1,0 +1,108 @@
+// Memory that ends: each request of each command is refused once. The command then ends with a
+// line that says so, or needed that memory for nothing that shows; it never crashes, and a change
+// it was about happened as a whole or not at all.
+//
+// Requests are many, so that only some are refused: the environment variable ZEL_MEMORY_STEP sets
+// how many lie between two of them, 1 takes all.
+#include <algorithm>
+#include <cstdlib>
+
+#include "tests/zel/change_fixture.h"
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr long kStandardStep = 97;
+
+long Step() {
+  char const* const given = std::getenv("ZEL_MEMORY_STEP");
+  return given == nullptr ? kStandardStep : std::max(1L, std::atol(given));
+}
+
+class MemoryTest : public ChangeTest {
+ protected:
+  void SetUp() override {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the sanitizer brings its own memory";
+#endif
+    ChangeTest::SetUp();
+  }
+  Outcome Run(std::string const& words, std::string const& settings) const {
+    return Zel(words, "LD_PRELOAD='" ZEL_REFUSE_MEMORY "' " + settings);
+  }
+  // Refuses requests all along the command and calls `then(outcome, sound)` after each, where
+  // `sound` is the outcome of the command undisturbed, which must end well.
+  template <typename Before, typename Then>
+  void RefuseAllAlong(std::string const& words, Before const& before, Then const& then) {
+    before();
+    Outcome const sound = Run(words, "ZEL_REQUESTS=requests");
+    ASSERT_EQ(sound.status, 0) << words << "\n" << sound.err;
+    long const requests = std::atol(FileText(Folder() / "requests").c_str());
+    ASSERT_GT(requests, 500) << words;
+    int refusals = 0;
+    for (long at = 1; at <= requests; at += Step()) {
+      before();
+      Outcome const outcome = Run(words, "ZEL_REFUSE_AT=" + std::to_string(at));
+      SCOPED_TRACE(words + " at " + std::to_string(at) + ": " + outcome.err);
+      if (outcome.status != 0) {
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.err.find("out of memory"), std::string::npos);
+        ++refusals;
+      } else {
+        EXPECT_EQ(outcome.out, sound.out);
+      }
+      then(outcome);
+    }
+    EXPECT_GT(refusals, 4) << words;
+  }
+  void RefuseInLook(std::string const& words) {
+    RefuseAllAlong(
+        words, [] {}, [](Outcome const&) {});
+  }
+  // The folder of the library is afterwards as before, or as the command leaves it.
+  void RefuseInChange(std::string const& words) {
+    PutBack(old_);
+    Good(words);
+    Contents const whole = Now();
+    RefuseAllAlong(
+        words, [&] { PutBack(old_); },
+        [&](Outcome const& outcome) {
+          // What was cut off is cleared away by the next command.
+          Good("info own/own.lb1");
+          EXPECT_TRUE(Now() == (outcome.status == 0 ? whole : old_));
+        });
+  }
+};
+
+TEST_F(MemoryTest, Search) { RefuseInLook("search ETHANOL -l perry.lb1 -l crc.lb1"); }
+TEST_F(MemoryTest, Why) { RefuseInLook("why ETHANOL NBP -l perry.lb1 -l crc.lb1"); }
+TEST_F(MemoryTest, Coverage) { RefuseInLook("coverage ETHANOL WATER -l perry.lb1 -l sample.lb1"); }
+TEST_F(MemoryTest, Eval) { RefuseInLook("eval ETHANOL VaporPressure -l perry.lb1 --at 25C"); }
+TEST_F(MemoryTest, Plot) { RefuseInLook("plot VaporPressure ETHANOL -l perry.lb1 -o p.svg"); }
+TEST_F(MemoryTest, Info) { RefuseInLook("info sample.lb1"); }
+TEST_F(MemoryTest, Types) { RefuseInLook("types"); }
+TEST_F(MemoryTest, Banks) { RefuseInLook("banks sample.lb1"); }
+TEST_F(MemoryTest, Items) { RefuseInLook("items own/own.lb1 OCTANE --fields Tc"); }
+TEST_F(MemoryTest, Show) { RefuseInLook("show sample.lb1 NRTL ETHANOL WATER --names perry.lb1"); }
+TEST_F(MemoryTest, Find) { RefuseInLook("find crc.lb1 --formula C4H10O"); }
+TEST_F(MemoryTest, Memo) { RefuseInLook("memo sample.lb1"); }
+TEST_F(MemoryTest, Diff) { RefuseInLook("diff own/own.lb1 sample.lb1 --bank OCTANE"); }
+TEST_F(MemoryTest, Check) { RefuseInLook("check own/own.lb1"); }
+TEST_F(MemoryTest, Export) { RefuseInLook("export own/own.lb1 -o out.xml"); }
+TEST_F(MemoryTest, Dump) { RefuseInLook("dump own/own.lb1"); }
+TEST_F(MemoryTest, List) { RefuseInLook("list p.lst --build crc.lb1 --filter '*butane'"); }
+
+TEST_F(MemoryTest, Set) { RefuseInChange("set own/own.lb1 --description x"); }
+TEST_F(MemoryTest, SetMemo) { RefuseInChange("memo own/own.lb1 --set x"); }
+TEST_F(MemoryTest, Copy) { RefuseInChange("copy sample.lb1 own/own.lb1 --bank RACKETT"); }
+TEST_F(MemoryTest, Delete) { RefuseInChange("delete own/own.lb1 OCTANE --whole-bank"); }
+TEST_F(MemoryTest, Create) { RefuseInChange("create own/own.lb1 --force --description x"); }
+TEST_F(MemoryTest, Import) {
+  Good("export sample.lb1 --bank RACKETT -o bank.xml");
+  RefuseInChange("import own/own.lb1 bank.xml");
+}
+
+}  // namespace
+}  // namespace zel::test
