@@ -12,7 +12,6 @@ set(zel_TEST_SOURCES
     output_test.cpp
     output_files_test.cpp
     memory_test.cpp
-    outputs_test.cpp
     sense_test.cpp
     traced_run.cpp
     zel_fixture.cpp)
