@@ -37,8 +37,8 @@ Report AllTypes() {
   for (std::size_t i = 0; i < count; ++i) {
     zel::Handle<zel::IZelBankDef> const bank = BankOfType(names[i]);
     BankFacts const facts(*bank);
-    table.Add({facts.type, std::int64_t{facts.formats},
-               KindOfKey(facts.keyKind, facts.shortestKey, facts.keyWords), facts.description});
+    table.Add(facts.type, std::int64_t{facts.formats},
+              KindOfKey(facts.keyKind, facts.shortestKey, facts.keyWords), facts.description);
   }
   return report;
 }
@@ -58,8 +58,8 @@ Report OneType(std::string const& type) {
   Table& table = report.Begin(
       "fields", {{"field", ""}, {"kind", ""}, {"values", ""}, {"unit", ""}, {"label", ""}});
   for (Field const& field : FieldsOf(*bank)) {
-    table.Add({field.name, KindOf(field), std::int64_t{field.count}, Text(field.unit),
-               Text(field.label)});
+    table.Add(field.name, KindOf(field), std::int64_t{field.count}, Text(field.unit),
+              Text(field.label));
   }
   return report;
 }
@@ -72,8 +72,8 @@ Report Banks(Options const& o) {
   for (BankName const& bank : library.Banks()) {
     zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
     std::int32_t const format = library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str());
-    table.Add({bank.type, bank.name, std::int64_t{format == 0 ? 1 : format},
-               item ? Text(BankFacts(*item).description) : Text("a type that is not known here")});
+    table.Add(bank.type, bank.name, std::int64_t{format == 0 ? 1 : format},
+              item ? Text(BankFacts(*item).description) : Text("a type that is not known here"));
   }
   return report;
 }
@@ -131,8 +131,9 @@ Report Components(Library const& library, BankName const& bank,
     library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
     while (library.Maint().NextItem(words, component.Def())) {
       Identity const identity = component.ReadIdentity();
-      std::vector<Cell> row = {std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
-                               Text(identity.formula), Text(identity.name)};
+      std::vector<Cell> row =
+          RowOf(std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
+                Text(identity.formula), Text(identity.name));
       for (ComponentField const& field : fields) row.push_back(field.ValueIn(component));
       table.Add(std::move(row));
     }

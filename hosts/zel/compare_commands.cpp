@@ -39,7 +39,7 @@ class Difference {
   void Bank(BankName const& bank);
   void OnlyIn(Library const& library, std::string const& place) {
     bool const first = &library == &one_;
-    table_.Add({place, "whole", first ? "there" : "not there", first ? "not there" : "there"});
+    table_.Add(place, "whole", first ? "there" : "not there", first ? "not there" : "there");
   }
 
  private:
@@ -54,7 +54,7 @@ class Difference {
 };
 
 void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
-  if (one != other) table_.Add({place, field, std::move(one), std::move(other)});
+  if (one != other) table_.Add(place, field, std::move(one), std::move(other));
 }
 
 void Difference::Header() {
@@ -148,7 +148,7 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
   auto const put = [&](NamedValue const& here, NamedValue const& there) {
     if (here == there) return;
     auto [one, other] = Beside(here, there);
-    table_.Add({place, here.name, std::move(one), std::move(other)});
+    table_.Add(place, here.name, std::move(one), std::move(other));
   };
   for (NamedValue const& value : a) put(value, valueIn(b, value.name));
   for (NamedValue const& value : b) {
@@ -192,7 +192,7 @@ Report Diff(Options const& o) {
       if (BankOrNone(bank.type)) {
         difference.Bank(bank);
       } else {
-        table.Add({ToText(bank), "whole", "unknown type", "not compared"});
+        table.Add(ToText(bank), "whole", "unknown type", "not compared");
       }
     } else {
       difference.OnlyIn(one, ToText(bank));
@@ -222,7 +222,7 @@ class Collector final : public zel::ZelFindingSink {
     bool const isSilent = severity == zel::findingWarning && silent_.count(id) != 0;
     if (severity == zel::findingNote || isSilent) return;
     ++counts_[severity];
-    table_.Add({kWords[severity], id, path_ + ": " + place + ": " + text});
+    table_.Add(kWords[severity], id, path_ + ": " + place + ": " + text);
   }
   // Of the sense checks.
   void Sense(char const* id, std::string const& place, std::string const& text) {
@@ -234,7 +234,7 @@ class Collector final : public zel::ZelFindingSink {
       Found(zel::findingWarning, id, place.c_str(), text.c_str());
     } else if (silent_.count(id) == 0) {
       ++errors_;
-      table_.Add({"error", id, path_ + ": " + place + ": " + text});
+      table_.Add("error", id, path_ + ": " + place + ": " + text);
     }
   }
   std::int64_t Count(zel::zelFindings severity) const { return counts_[severity]; }
@@ -359,8 +359,8 @@ void CheckSilence(Options const& o) {
 Report Kinds() {
   Report report;
   Table& table = report.Begin("checks", {{"id", ""}, {"rule", ""}});
-  for (SenseKind const& kind : StructureWarnings()) table.Add({kind.id, kind.rule});
-  for (SenseKind const& kind : SenseKinds()) table.Add({kind.id, kind.rule});
+  for (SenseKind const& kind : StructureWarnings()) table.Add(kind.id, kind.rule);
+  for (SenseKind const& kind : SenseKinds()) table.Add(kind.id, kind.rule);
   return report;
 }
 

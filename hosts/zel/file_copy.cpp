@@ -14,6 +14,7 @@
 #include <system_error>
 #include <vector>
 
+#include "folder.h"
 #include "library.h"
 
 namespace zelhost {
@@ -118,10 +119,10 @@ void GiveAccess(fs::path const& file, FileAccess const& access) {
 std::optional<mode_t> ModeOfLibrariesIn(fs::path const& folder) {
   std::map<mode_t, int> counts;
   std::error_code none;
-  for (fs::directory_iterator at(folder, none), end; !none && at != end; at.increment(none)) {
-    if (LowerCase(at->path().extension().string()) != ".lb1") continue;
+  for (fs::path const name : NamesIn(folder, none)) {
+    if (LowerCase(name.extension().string()) != ".lb1") continue;
     struct stat info = {};
-    if (::lstat(at->path().c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
+    if (::lstat((folder / name).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
     ++counts[info.st_mode & kPermissions];
   }
   // The first of the most frequent ones: the lowest number gives the least to others.

@@ -79,8 +79,8 @@ void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report
                                              {"name", ""}});
   for (IdentityConflict const& conflict : conflicts) {
     for (SourcedIdentity const& one : conflict.found) {
-      table.Add({conflict.word, one.source, NumberOf(one.identity), Text(one.identity.ids[0]),
-                 Text(CasText(one.identity)), Text(one.identity.formula), Text(one.identity.name)});
+      table.Add(conflict.word, one.source, NumberOf(one.identity), Text(one.identity.ids[0]),
+                Text(CasText(one.identity)), Text(one.identity.formula), Text(one.identity.name));
     }
   }
 }

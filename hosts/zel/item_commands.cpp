@@ -136,7 +136,7 @@ Report Copy(Options const& o) {
   Report report;
   Table& table = report.Begin("copied", {{"bank", ""}, {"items", ""}});
   if (!o.words.empty()) {
-    table.Add({ToText(from.Bank(o.banks.front())), CopyOne(from, to, o)});
+    table.Add(ToText(from.Bank(o.banks.front())), CopyOne(from, to, o));
   } else {
     std::vector<BankName> banks = o.banks.empty() ? from.Banks() : std::vector<BankName>();
     for (std::string const& word : o.banks) banks.push_back(from.Bank(word));
@@ -144,7 +144,7 @@ Report Copy(Options const& o) {
     std::stable_partition(banks.begin(), banks.end(),
                           [](BankName const& bank) { return bank.type == "PURECOMP"; });
     for (BankName const& bank : banks) {
-      table.Add({ToText(bank), CopyBank(from, to, bank, o.replace)});
+      table.Add(ToText(bank), CopyBank(from, to, bank, o.replace));
     }
   }
   PutInPlaceAfter(report, std::move(change));

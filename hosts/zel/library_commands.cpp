@@ -103,8 +103,8 @@ void AddFiles(Report& report, Library const& library) {
   for (std::int32_t file = 1; file <= kFiles; ++file) {
     zel::ZelFileRoom room;
     if (!zel::GetFileRoom(&library.File(), file, room)) continue;
-    table.Add({".lb" + std::to_string(file), std::int64_t{room.blockBytes}, room.blocks,
-               room.freeBlocks, std::int64_t{room.freeRuns}});
+    table.Add(".lb" + std::to_string(file), std::int64_t{room.blockBytes}, room.blocks,
+              room.freeBlocks, std::int64_t{room.freeRuns});
   }
 }
 
@@ -135,7 +135,7 @@ Report Info(Options const& o) {
     while (library.Maint().NextItemKey(key)) ++count;
     library.Maint().EndItemWalk();
     std::int32_t const format = library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str());
-    table.Add({bank.type, bank.name, std::int64_t{format == 0 ? 1 : format}, count});
+    table.Add(bank.type, bank.name, std::int64_t{format == 0 ? 1 : format}, count);
   }
   return report;
 }

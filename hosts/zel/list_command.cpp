@@ -96,7 +96,7 @@ Report List(Options const& o) {
   double nbp = 0.0;
   double mw = 0.0;
   while (list->GetNext(name, id, formula, cas, nbp, mw)) {
-    table.Add({Text(id), Text(cas), Text(formula), Number(nbp), Number(mw), Text(name)});
+    table.Add(Text(id), Text(cas), Text(formula), Number(nbp), Number(mw), Text(name));
   }
   report.Fact("found", static_cast<std::int64_t>(table.Rows().size()));
   return report;

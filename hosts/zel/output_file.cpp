@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "failure.h"
+#include "folder.h"
 #include "library.h"
 
 namespace zelhost {
@@ -61,17 +62,15 @@ bool IsOfSystem(std::filesystem::path const& path) {
 void RemoveLeftOver(std::filesystem::path const& target) {
   namespace fs = std::filesystem;
   std::error_code none;
-  fs::directory_iterator folder(target, none);
-  std::vector<fs::path> old;
-  for (; !none && folder != fs::directory_iterator(); folder.increment(none)) {
+  for (std::string const& name : NamesIn(target, none)) {
+    if (name.rfind(kFolderName, 0) != 0) continue;
+    fs::path const folder = target / name;
     std::error_code gone;
-    if (folder->path().filename().string().rfind(kFolderName, 0) != 0) continue;
-    if (fs::file_time_type::clock::now() - fs::last_write_time(folder->path(), gone) >
+    if (fs::file_time_type::clock::now() - fs::last_write_time(folder, gone) >
         std::chrono::hours(1)) {
-      old.push_back(folder->path());
+      RemoveTree(folder, gone);
     }
   }
-  for (fs::path const& path : old) fs::remove_all(path, none);
 }
 
 }  // namespace
@@ -85,7 +84,7 @@ OutputFolder::OutputFolder(std::filesystem::path const& target, std::string cons
 OutputFolder::~OutputFolder() {
   try {
     std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
+    RemoveTree(folder_, ignored);
   } catch (std::bad_alloc const&) {
     // A later command removes it.
   }
@@ -94,12 +93,12 @@ OutputFolder::~OutputFolder() {
 std::int64_t OutputFolder::MoveInto() {
   // All paths first, so that no lack of memory comes between two moves.
   std::vector<std::pair<std::string, std::string>> moves;
-  for (auto const& entry : std::filesystem::directory_iterator(folder_)) {
-    std::filesystem::path const target = target_ / entry.path().filename();
+  for (std::string const& name : NamesIn(folder_)) {
+    std::filesystem::path const target = target_ / name;
     if (std::filesystem::is_directory(target)) {
       throw Failure(target.string() + ": cannot be written: it is a folder");
     }
-    moves.emplace_back(entry.path().string(), target.string());
+    moves.emplace_back(PathOf(name), target.string());
   }
   for (auto const& [from, to] : moves) {
     if (std::rename(from.c_str(), to.c_str()) != 0) Refuse(to);

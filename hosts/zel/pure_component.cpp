@@ -76,10 +76,10 @@ std::vector<std::string> const& StructureModels() {
 void AddCatalogue(Report& report) {
   Table& constants = report.Begin("constants", {{"keyword", ""}, {"unit", ""}, {"label", ""}});
   for (auto const& row : Constants()) {
-    constants.Add({row.keyword, Text(row.unit), row.label});
+    constants.Add(row.keyword, Text(row.unit), row.label);
   }
   Table& curves = report.Begin("correlations", {{"name", ""}, {"unit", ""}, {"label", ""}});
-  for (auto const& row : Correlations()) curves.Add({row.name, Text(row.unit), row.label});
+  for (auto const& row : Correlations()) curves.Add(row.name, Text(row.unit), row.label);
 }
 
 PureComponent::PureComponent() : face_(kPureType, zel::IID_IZelPureComp) {

@@ -5,10 +5,12 @@
 // like the fact or column, in lower case and with "_" for blanks.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -30,6 +32,16 @@ std::string Digits(double value);
 // As text stands in a table.
 std::string CellText(Cell const& cell);
 
+// Cells one after another. A list in braces must not be used: where memory ends in the middle of
+// one, GCC 12 destroys cells that were never made.
+template <typename... Values>
+std::vector<Cell> RowOf(Values&&... values) {
+  std::vector<Cell> row;
+  row.reserve(sizeof...(values));
+  (row.emplace_back(std::forward<Values>(values)), ...);
+  return row;
+}
+
 struct Column {
   std::string name;       // the head in text and CSV, the member in JSON
   std::string unit;       // stands in brackets behind the head; in JSON under "units" of the report
@@ -41,6 +53,10 @@ class Table {
   Table(std::string name, std::vector<Column> columns);
   // As many cells as columns.
   void Add(std::vector<Cell> row);
+  template <typename... Values>
+  requires(std::constructible_from<Cell, Values>&&...) void Add(Values&&... values) {
+    Add(RowOf(std::forward<Values>(values)...));
+  }
   bool Empty() const { return rows_.empty(); }
 
   std::string const& Name() const { return name_; }

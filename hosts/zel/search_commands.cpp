@@ -82,23 +82,23 @@ Report Search(Options const& o) {
     PureComponent part;
     bool const found = sources.Read(i, o.component, part);
     Counts const counts = found ? CountOf(part) : Counts{};
-    gave.Add({sources.Name(i), found, found ? Cell(counts.stored) : Cell(),
-              found ? Cell(counts.curves) : Cell()});
+    gave.Add(sources.Name(i), found, found ? Cell(counts.stored) : Cell(),
+             found ? Cell(counts.curves) : Cell());
   }
   Table& constants = report.Begin(
       "constants", {{"keyword", ""}, {"value", ""}, {"unit", ""}, {"state", ""}, {"from", ""}});
   for (auto const& row : Constants()) {
     State const state = StateOf(component, row.index);
     if (state == State::kMissing) continue;
-    constants.Add({row.keyword, Number(component.Completed(row.index)), Text(row.unit), Word(state),
-                   Text(component.ConstantSource(row.index))});
+    constants.Add(row.keyword, Number(component.Completed(row.index)), Text(row.unit), Word(state),
+                  Text(component.ConstantSource(row.index)));
   }
   Table& curves =
       report.Begin("correlations", {{"name", ""}, {"equation", ""}, {"range", ""}, {"from", ""}});
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
-    curves.Add({row.name, std::int64_t{curve.equation}, RangeOf(curve), Text(curve.source)});
+    curves.Add(row.name, std::int64_t{curve.equation}, RangeOf(curve), Text(curve.source));
   }
   sources.AddWarnings(report);
   return report;
@@ -118,15 +118,15 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, Sources con
   for (std::size_t i = 0; i < sources.Count(); ++i) {
     PureComponent part;
     if (!sources.Read(i, o.component, part)) {
-      table.Add({sources.Name(i), Cell(), Cell(), "does not have the component"});
+      table.Add(sources.Name(i), Cell(), Cell(), "does not have the component");
       continue;
     }
     double const value = part.Constant(info.index);
     bool const has = !zel::gen_IsUndefDouble(value);
-    table.Add({sources.Name(i), Number(value), Code(part.ConstantCode(info.index)),
-               !has  ? "has no value"
-               : won ? "comes later"
-                     : "won"});
+    table.Add(sources.Name(i), Number(value), Code(part.ConstantCode(info.index)),
+              !has  ? "has no value"
+              : won ? "comes later"
+                    : "won");
     if (has && !won) from = sources.Name(i);
     won = won || has;
   }
@@ -146,16 +146,16 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, Sources con
   for (std::size_t i = 0; i < sources.Count(); ++i) {
     PureComponent part;
     if (!sources.Read(i, o.component, part)) {
-      table.Add({sources.Name(i), Cell(), Cell(), Cell(), "does not have the component"});
+      table.Add(sources.Name(i), Cell(), Cell(), Cell(), "does not have the component");
       continue;
     }
     Curve const own = part.ReadCurve(IndexOf(info));
     if (!own.present) {
-      table.Add({sources.Name(i), Cell(), Cell(), Cell(), "has no correlation"});
+      table.Add(sources.Name(i), Cell(), Cell(), Cell(), "has no correlation");
       continue;
     }
-    table.Add({sources.Name(i), std::int64_t{own.equation}, RangeOf(own), Code(own.refCode),
-               won ? "comes later" : "won"});
+    table.Add(sources.Name(i), std::int64_t{own.equation}, RangeOf(own), Code(own.refCode),
+              won ? "comes later" : "won");
     if (!won) from = sources.Name(i);
     won = true;
   }
@@ -251,8 +251,8 @@ void AddPairs(std::vector<Covered> const& components, Sources const& sources, Re
     for (std::size_t i = 0; i < components.size(); ++i) {
       for (std::size_t k = i + 1; k < components.size(); ++k) {
         std::string const from = SourceOfPair(sources, type, components[i], components[k]);
-        table.Add({type, Joined({components[i].word, components[k].word}),
-                   Word(from.empty() ? State::kMissing : State::kStored), Text(from)});
+        table.Add(type, Joined({components[i].word, components[k].word}),
+                  Word(from.empty() ? State::kMissing : State::kStored), Text(from));
       }
     }
   }
@@ -260,13 +260,13 @@ void AddPairs(std::vector<Covered> const& components, Sources const& sources, Re
 
 void AddDetails(std::string const& word, PureComponent const& component, Table& table) {
   for (auto const& row : Constants()) {
-    table.Add({word, row.keyword, Word(StateOf(component, row.index)),
-               Text(component.ConstantSource(row.index))});
+    table.Add(word, row.keyword, Word(StateOf(component, row.index)),
+              Text(component.ConstantSource(row.index)));
   }
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
-    table.Add({word, row.name, Word(curve.present ? State::kStored : State::kMissing),
-               Text(curve.source)});
+    table.Add(word, row.name, Word(curve.present ? State::kStored : State::kMissing),
+              Text(curve.source));
   }
 }
 
@@ -285,8 +285,8 @@ Report Coverage(Options const& o) {
     PureComponent component;
     sources.Search(word, component);
     Counts const counts = CountOf(component);
-    summary.Add({word, counts.stored, counts.filledIn, counts.missing, counts.curves,
-                 component.ReadIdentity().name});
+    summary.Add(word, counts.stored, counts.filledIn, counts.missing, counts.curves,
+                component.ReadIdentity().name);
     if (o.details) AddDetails(word, component, details);
     covered.push_back(NumbersOf(word, component, sources));
   }

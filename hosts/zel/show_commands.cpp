@@ -45,8 +45,8 @@ void AddConstants(PureComponent& component, bool complete, Report& report) {
     double const stored = component.Constant(row.index);
     double const value = complete ? component.Completed(row.index) : stored;
     if (zel::gen_IsUndefDouble(value)) continue;
-    table.Add({row.keyword, Number(value), Text(row.unit), Code(component.ConstantCode(row.index)),
-               Text(component.ConstantSource(row.index))});
+    table.Add(row.keyword, Number(value), Text(row.unit), Code(component.ConstantCode(row.index)),
+              Text(component.ConstantSource(row.index)));
   }
 }
 
@@ -62,15 +62,14 @@ void AddCurves(PureComponent const& component, Report& report) {
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
-    table.Add({row.name, std::int64_t{curve.equation}, Number(curve.tMin), Number(curve.tMax),
-               TemperatureUnit(curve.tempUnit), UnitOf(curve), BasisOf(curve),
-               Code(curve.refCode)});
+    table.Add(row.name, std::int64_t{curve.equation}, Number(curve.tMin), Number(curve.tMax),
+              TemperatureUnit(curve.tempUnit), UnitOf(curve), BasisOf(curve), Code(curve.refCode));
   }
   Table& numbers = report.Begin("coefficients", {{"name", ""}, {"C", ""}, {"value", ""}});
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     for (std::size_t i = 0; curve.present && i < curve.coefficients.size(); ++i) {
-      numbers.Add({row.name, static_cast<std::int64_t>(i + 1), Number(curve.coefficients[i])});
+      numbers.Add(row.name, static_cast<std::int64_t>(i + 1), Number(curve.coefficients[i]));
     }
   }
 }
@@ -84,7 +83,7 @@ void AddGroups(PureComponent const& component, Report& report) {
     std::int32_t counts[10] = {};
     if (component->GetRawStructure(model, &count, ids, counts) != zel::kStatusOk) continue;
     for (std::int32_t i = 0; i < count; ++i) {
-      table.Add({models[model], std::int64_t{ids[i]}, std::int64_t{counts[i]}});
+      table.Add(models[model], std::int64_t{ids[i]}, std::int64_t{counts[i]});
     }
   }
 }
@@ -124,7 +123,7 @@ Report Show(Options const& o) {
   Table& table =
       report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});
   for (Field const& field : FieldsOf(*item)) {
-    table.Add({field.name, ValueOf(*item, field), Text(field.unit), Text(field.label)});
+    table.Add(field.name, ValueOf(*item, field), Text(field.unit), Text(field.label));
   }
   return report;
 }
@@ -169,9 +168,9 @@ Report Find(Options const& o) {
                           AnyMatches(o.formula, {identity.formula}) &&
                           (!boiling || boiling->Has(nbp)) && (!weight || weight->Has(mw));
         if (!fits) continue;
-        table.Add({bank.name, std::int64_t{identity.number}, Text(identity.FirstId()),
-                   Text(identity.cas), Text(identity.formula), Number(mw), Number(nbp),
-                   Text(identity.name)});
+        table.Add(bank.name, std::int64_t{identity.number}, Text(identity.FirstId()),
+                  Text(identity.cas), Text(identity.formula), Number(mw), Number(nbp),
+                  Text(identity.name));
       }
     });
   }

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "failure.h"
+#include "folder.h"
 
 namespace zelhost {
 
@@ -52,10 +53,8 @@ void OrFail(std::string const& path, char const* what, Work const& work) {
 void RemoveFolder(fs::path const& folder) noexcept {
   try {
     std::error_code ignored;
-    for (fs::directory_iterator at(folder, ignored), end; !ignored && at != end;
-         at.increment(ignored)) {
-      std::error_code stays;
-      if (at->path().filename() != kLockName) fs::remove_all(at->path(), stays);
+    for (std::string const& name : NamesIn(folder, ignored)) {
+      if (name != kLockName) RemoveTree(folder / name, ignored);
     }
     fs::remove(folder / kLockName, ignored);
     fs::remove(folder, ignored);
@@ -167,7 +166,7 @@ FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
   fs::path const lock = folder / kLockName;
   if (Exists(lock)) FileLock::Take(lock.string(), shownAs);
   OrFail(shownAs, kNoRoom, [&] {
-    fs::remove_all(folder);
+    RemoveTree(folder);
     // Only what is made here and now is worked in, whatever a stranger has put in the place.
     if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
       throw fs::filesystem_error("", folder, std::error_code(errno, std::generic_category()));

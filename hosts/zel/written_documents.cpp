@@ -6,6 +6,7 @@
 
 #include "command.h"
 #include "failure.h"
+#include "folder.h"
 #include "item_key.h"
 #include "pure_component.h"
 
@@ -71,13 +72,13 @@ void CheckComponentNames(Library const& library, std::vector<BankName> const& ba
 void ReportUnreadable(Report& report, fs::path const& folder) {
   Table table("unreadable", {{"document", ""}, {"line", ""}, {"why", ""}});
   std::vector<fs::path> documents;
-  for (auto const& entry : fs::directory_iterator(folder)) documents.push_back(entry.path());
+  for (std::string const& name : NamesIn(folder)) documents.push_back(folder / name);
   std::sort(documents.begin(), documents.end());
   for (fs::path const& document : documents) {
     zel::ZelDocumentContents const contents = ContentsOf(document);
     if (contents.readable) continue;
-    table.Add(
-        {document.filename().string(), std::int64_t{contents.line}, std::string(contents.reason)});
+    table.Add(document.filename().string(), std::int64_t{contents.line},
+              std::string(contents.reason));
   }
   Tell(report, "cannot be read back", table);
 }
@@ -94,7 +95,7 @@ void ReportMissing(Report& report, Library const& library, std::vector<BankName>
     // A component stands in the document of its bank, or in one of its own that this one imports.
     auto const written = contents.items + contents.components + contents.imports;
     auto const items = static_cast<std::int64_t>(ItemsOf(library, bank));
-    if (written != items) table.Add({ToText(bank), items, written});
+    if (written != items) table.Add(ToText(bank), items, written);
   }
   Tell(report, "banks not whole", table);
 }

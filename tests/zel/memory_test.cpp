@@ -84,7 +84,7 @@ TEST_F(MemoryTest, Plot) { RefuseInLook("plot VaporPressure ETHANOL -l perry.lb1
 TEST_F(MemoryTest, Info) { RefuseInLook("info sample.lb1"); }
 TEST_F(MemoryTest, Types) { RefuseInLook("types"); }
 TEST_F(MemoryTest, Banks) { RefuseInLook("banks sample.lb1"); }
-TEST_F(MemoryTest, Items) { RefuseInLook("items own/own.lb1 OCTANE --fields Tc"); }
+TEST_F(MemoryTest, Items) { RefuseInLook("items own/own.lb1 OCTANE --fields MON"); }
 TEST_F(MemoryTest, Show) { RefuseInLook("show sample.lb1 NRTL ETHANOL WATER --names perry.lb1"); }
 TEST_F(MemoryTest, Find) { RefuseInLook("find crc.lb1 --formula C4H10O"); }
 TEST_F(MemoryTest, Memo) { RefuseInLook("memo sample.lb1"); }
