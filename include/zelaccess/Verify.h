@@ -113,8 +113,8 @@ ZEL_API void SetItemFindings(LibFile* library, ZelFindingSink* sink);
 //
 // Kinds of damage: "header", "extent", "tree-head", "tree-node", "tree-order", "tree-links",
 // "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "block-address",
-// "block-unreadable", "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown type),
-// "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
+// "block-unreadable", "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown
+// type), "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
 ZEL_API bool VerifyLibrary(LibFile* library, ZelFindingSink& sink);
 
 }  // namespace zel
