@@ -386,8 +386,10 @@ Report Check(Options const& o) {
   }
   CheckIdentities(sound, collector);
   for (std::size_t i = 1; i < sound.size(); ++i) {
-    collector.Library(sound[i].Path());
-    CheckAcross(sound[i], sound[0], collector);
+    for (std::size_t earlier = 0; earlier < i; ++earlier) {
+      collector.Library(sound[i].Path());
+      CheckAcross(sound[i], sound[earlier], collector);
+    }
   }
   std::int64_t const damage = collector.Count(zel::findingDamage);
   report.Fact("libraries", static_cast<std::int64_t>(o.paths.size()));
@@ -412,7 +414,7 @@ void AddCompareCommands(CLI::App& app) {
   diff.Run(Outputs::kJsonAndCsv, [o] { return Diff(*o); });
   Command(app, "check", "Check a library's structure and its data's sense",
           "zel check perry.lb1 crc.lb1 --silence source")
-      .OptionalArgument("LIBRARY", o->paths, "libraries; later ones are held against the first")
+      .OptionalArgument("LIBRARY", o->paths, "libraries, each held against the others")
       .Option("--silence", o->silent, "tell nothing of these checks", "ID...")
       .Flag("--accept-identity", o->acceptIdentity, "different substances are a warning")
       .Flag("--structure", o->structureOnly, "the structure only")

@@ -23,7 +23,7 @@ bool MayRun(std::string const& text) {
 
 std::string CsvText(std::string const& text) {
   std::string const safe = MayRun(text) ? "'" + text : text;
-  if (safe == text && text.find_first_of(",\"\n\r") == std::string::npos) return text;
+  if (safe == text && text.find_first_of(",;\t\"\n\r") == std::string::npos) return text;
   std::string quoted = "\"";
   for (char const c : safe) {
     if (c == '"') quoted += '"';

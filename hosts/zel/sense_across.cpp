@@ -1,4 +1,6 @@
 // Checks of sense that need several components, or two libraries.
+#include <zelaccess/Identity.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -62,11 +64,11 @@ void SenseAcross::CasShared() {
     auto const& [cas, seen] = casNumbers_[i];
     auto const& [casBefore, before] = casNumbers_[i - 1];
     if (cas != casBefore) continue;
-    tell_(seen.formula == before.formula ? "cas-shared" : "cas-formula", seen.place,
+    bool const agree = zel::FormulasAgree(seen.formula.c_str(), before.formula.c_str());
+    tell_(agree ? "cas-shared" : "cas-formula", seen.place,
           "has the CAS number " + cas + " of " + before.place +
-              (seen.formula == before.formula
-                   ? ""
-                   : " and another formula, " + seen.formula + " instead of " + before.formula));
+              (agree ? ""
+                     : " and another formula, " + seen.formula + " instead of " + before.formula));
   }
 }
 

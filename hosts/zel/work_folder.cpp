@@ -260,6 +260,9 @@ void WorkFolder::Prepare(bool isNew) {
   SyncPath(folder_);
   FolderTurn const turn(fs::path(library_).parent_path().string());
   fs::path const ready = ReadyFolder(library_);
+  if (Exists(ready) && !IsOurs(ready, library_)) {
+    throw Failure(shownAs_ + ": " + ready.string() + " is in the way; remove it");
+  }
   if (Exists(ready) || (isNew && Exists(library_))) {
     throw Failure(shownAs_ + ": another program has made it meanwhile");
   }

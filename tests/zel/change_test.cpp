@@ -233,7 +233,9 @@ TEST_F(FinishTest, LinkInThePlaceOfTheFolderIsNotFollowed) {
                                  Own() / (std::string(".own.lb1.zel-") + ending));
   }
   Good("info own/own.lb1");
-  EXPECT_EQ(Zel("set own/own.lb1 --description x").status, 1);
+  Outcome const refused = Zel("set own/own.lb1 --description x");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_NE(refused.err.find(".own.lb1.zel-ready is in the way"), std::string::npos) << refused.err;
   fs::remove(Own() / ".own.lb1.zel-ready");
   Good("set own/own.lb1 --description x");
   EXPECT_EQ(FileText(Folder() / "other/kept.txt"), "kept");

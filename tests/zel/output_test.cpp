@@ -161,6 +161,10 @@ TEST_F(OutputTest, CsvTextIsNotRun) {
     std::filesystem::remove(Folder() / "c.lb1");
     std::filesystem::remove(Folder() / "c.lb2");
   }
+  Make("c.lb1", "<property name=\"HFORMATION\" value=\"-5\" />",
+       "number=\"7\" name=\"x;=1+1\" formula=\"C2H6O\"");
+  EXPECT_NE(Good("items c.lb1 B --fields HFORMATION --csv").find(",\"x;=1+1\",-5\n"),
+            std::string::npos);
   Good("memo sample.lb1 --set \"$(printf '\\t=1')\"");
   Good("copy sample.lb1 b.lb1 --create --bank OCTANE");
   std::string const csv = Good("diff sample.lb1 b.lb1 --csv");
