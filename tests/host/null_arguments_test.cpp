@@ -381,6 +381,10 @@ void NullArgumentsTest::SweepFunctions() {
   } sink;
   SweepCall<LibFile*>("VerifyLibrary",
                       [&](LibFile* library) { return VerifyLibrary(library, sink); });
+  SweepCall<LibFile*>("SetItemFindings", [&](LibFile* library) {
+    SetItemFindings(library, &sink);
+    SetItemFindings(library, nullptr);
+  });
 }
 
 // --- what the headers declare --------------------------------------------------------------------
