@@ -1,4 +1,6 @@
 // Two objects at work on one library: a rewrite reaches the item where it is by then.
+#include <optional>
+
 #include "tests/maint/maint_fixture.h"
 #include "zelaccess/Module.h"
 
@@ -32,13 +34,14 @@ class TwoObjectsTest : public test::MaintTest {
 
 TEST_F(TwoObjectsTest, RewriteAfterInsertsOfAnotherLosesNothing) {
   constexpr long kItems = 60;
-  LibMaint_i other(library_.get());
+  std::optional<LibMaint_i> other(library_.get());
   for (long i = 0; i < kItems; i += 2) Write(Maint(), i, double(i));
   for (long i = 0; i < kItems; i += 2) {
     ASSERT_TRUE(Read(Maint(), i));
-    Write(other, i + 1, double(i + 1));
+    Write(*other, i + 1, double(i + 1));
     ASSERT_TRUE(Rewrite(Maint(), double(i) + 0.5)) << i;
   }
+  other.reset();  // before its library
   Reopen(accRead);
   for (long i = 0; i < kItems; ++i) {
     ASSERT_TRUE(Read(Maint(), i)) << i;
@@ -47,11 +50,12 @@ TEST_F(TwoObjectsTest, RewriteAfterInsertsOfAnotherLosesNothing) {
 }
 
 TEST_F(TwoObjectsTest, RewriteAfterItsOwnInsertAndThoseOfAnother) {
-  LibMaint_i other(library_.get());
+  std::optional<LibMaint_i> other(library_.get());
   Write(Maint(), 1, 1);
-  for (long i = 2; i < 20; ++i) Write(other, i, double(i));
+  for (long i = 2; i < 20; ++i) Write(*other, i, double(i));
   ASSERT_TRUE(Rewrite(Maint(), 7));
   ASSERT_TRUE(Rewrite(Maint(), 8));
+  other.reset();  // before its library
   Reopen(accRead);
   ASSERT_TRUE(Read(Maint(), 1));
   EXPECT_EQ(Aij(), 8.0);
