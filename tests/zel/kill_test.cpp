@@ -16,12 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Under a sanitizer a program takes long to start.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr long kStandardKills = 40;
-#else
+// Fewer would miss some of the moments.
 constexpr long kStandardKills = 160;
-#endif
 
 long Kills() {
   char const* const given = std::getenv("ZEL_KILLS");
