@@ -69,7 +69,8 @@ void AddSearchCommands(CLI::App& app);    // search, why, coverage
 void AddDocumentCommands(CLI::App& app);  // import, export, dump
 void AddListCommand(CLI::App& app);       // list
 void AddItemCommands(CLI::App& app);      // copy, delete
-void AddCompareCommands(CLI::App& app);   // diff, check
+void AddDiffCommand(CLI::App& app);
+void AddCheckCommand(CLI::App& app);
 
 // The form that was asked for.
 Form OutputForm();

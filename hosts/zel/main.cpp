@@ -141,7 +141,8 @@ int Run(int count, char** words) {
     zelhost::AddDocumentCommands(app);
     zelhost::AddListCommand(app);
     zelhost::AddItemCommands(app);
-    zelhost::AddCompareCommands(app);
+    zelhost::AddDiffCommand(app);
+    zelhost::AddCheckCommand(app);
     // For the build, which installs both.
     app.add_flag_callback("--man", [&] { throw Text{zelhost::ManualPage(app)}; })->group("");
     app.add_flag_callback("--bash-completion", [&] { throw Text{zelhost::BashCompletion(app)}; })

@@ -57,18 +57,28 @@ void SenseAcross::Component(PureComponent const& component, std::string const& p
   }
 }
 
+// Each component against those before it that have its CAS number. Formulas that agree are alike,
+// so that one place of each formula stands for all.
 void SenseAcross::CasShared() {
   std::stable_sort(casNumbers_.begin(), casNumbers_.end(),
                    [](auto const& a, auto const& b) { return a.first < b.first; });
-  for (std::size_t i = 1; i < casNumbers_.size(); ++i) {
+  std::map<std::string, Seen const*> formulas;
+  for (std::size_t i = 0; i < casNumbers_.size(); ++i) {
     auto const& [cas, seen] = casNumbers_[i];
-    auto const& [casBefore, before] = casNumbers_[i - 1];
-    if (cas != casBefore) continue;
-    bool const agree = zel::FormulasAgree(seen.formula.c_str(), before.formula.c_str());
-    tell_(agree ? "cas-shared" : "cas-formula", seen.place,
-          "has the CAS number " + cas + " of " + before.place +
-              (agree ? ""
-                     : " and another formula, " + seen.formula + " instead of " + before.formula));
+    bool const isShared = i > 0 && casNumbers_[i - 1].first == cas;
+    if (!isShared) formulas.clear();
+    auto const other = std::find_if(formulas.begin(), formulas.end(), [&](auto const& known) {
+      return !zel::FormulasAgree(seen.formula.c_str(), known.first.c_str());
+    });
+    if (other != formulas.end()) {
+      tell_("cas-formula", seen.place,
+            "has the CAS number " + cas + " of " + other->second->place + " and another formula, " +
+                seen.formula + " instead of " + other->first);
+    } else if (isShared) {
+      tell_("cas-shared", seen.place,
+            "has the CAS number " + cas + " of " + casNumbers_[i - 1].second.place);
+    }
+    if (!seen.formula.empty()) formulas.emplace(seen.formula, &seen);
   }
 }
 

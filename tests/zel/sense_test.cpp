@@ -116,6 +116,26 @@ TEST_F(SenseTest, SharedAndRepeated) {
   EXPECT_NE(report_.dump().find("another formula, D2O instead of H2O"), std::string::npos);
 }
 
+// One without a formula between two of different ones, which are not neighbours then.
+TEST_F(SenseTest, FormulasOfAllComponentsWithACasNumber) {
+  auto const component = [](char const* number, char const* id, char const* formula) {
+    return std::string("<comp><id number=\"") + number + "\" name=\"Water\" " + formula +
+           " casNum=\"7732-18-5\"> " + id + " </id></comp>";
+  };
+  Ids ids = Warnings(component("7", "WATER", "formula=\"H2O\"") + component("8", "SECOND", "") +
+                     component("9", "HEAVY", "formula=\"D2O\"") +
+                     component("10", "TURNED", "formula=\"OH2\""));
+  EXPECT_EQ(ids, (Ids{"cas-formula", "cas-formula", "cas-shared"})) << report_;
+  std::string const all = report_.dump();
+  EXPECT_NE(all.find("TEST HEAVY: has the CAS number 7732-18-5 of TEST WATER and another formula, "
+                     "D2O instead of H2O"),
+            std::string::npos)
+      << all;
+  EXPECT_NE(all.find("TEST TURNED: has the CAS number 7732-18-5 of TEST HEAVY and another formula"),
+            std::string::npos)
+      << all;
+}
+
 TEST_F(SenseTest, MagnitudeAcrossLibraries) {
   Warnings(kGood);
   Good("copy own.lb1 other.lb1 --create");
@@ -167,6 +187,68 @@ TEST_F(SenseTest, VaporPressureAtTheBoilingPointOfAnotherLibrary) {
         report_.dump().find("one.lb1: TEST WATER: at NBP 376 K of own.lb1 the vapor pressure"),
         std::string::npos)
         << report_;
+  }
+}
+
+// Only the first and the last one disagree, in whatever order they are given.
+TEST_F(SenseTest, EveryLibraryIsHeldAgainstEveryOther) {
+  auto const library = [&](char const* name, std::string const& component) {
+    Warnings(component);
+    Good(std::string("copy own.lb1 ") + name + " --create");
+  };
+  std::string const curve = kGood;
+  std::size_t const begin = curve.find("<correlation name=\"VaporPressure\"");
+  std::size_t const end = curve.find("</correlation>", begin) + 14;
+  std::string const noCurve = curve.substr(0, begin) + curve.substr(end);
+  std::string const boiling = R"(<property name="NBP" value="373.15" refCode="1" />)";
+  std::string const acentric = R"(<property name="ACENTRIC" value="0.344" refCode="1" />)";
+  std::string const dipole = R"(<property name="DIPOLE" value="1.8" refCode="1" />)";
+  library("curve.lb1", With(With(curve, boiling, ""), acentric, dipole));
+  library("none.lb1", With(noCurve, boiling, ""));
+  library("boiling.lb1",
+          With(With(With(noCurve, "value=\"373.15\"", "value=\"376\""), acentric, dipole),
+               "value=\"1.8\"", "value=\"6.2\""));
+  Ids const expected = {"boiling-point", "magnitude"};
+  EXPECT_EQ(WarningsOf("curve.lb1 none.lb1 boiling.lb1"), expected) << report_;
+  EXPECT_EQ(WarningsOf("boiling.lb1 none.lb1 curve.lb1"), expected) << report_;
+  EXPECT_EQ(WarningsOf("none.lb1 curve.lb1 boiling.lb1"), expected) << report_;
+  EXPECT_EQ(WarningsOf("curve.lb1 none.lb1"), Ids{}) << report_;
+  EXPECT_EQ(WarningsOf("none.lb1 boiling.lb1"), Ids{}) << report_;
+}
+
+// A component without a CAS number, or of which the other library does not say it, is found there
+// by its number or an ID.
+TEST_F(SenseTest, ComponentsWithoutACasNumberAcrossLibraries) {
+  std::string const cas = "casNum=\"7732-18-5\"";
+  std::string const first =
+      With(kGood, "name=\"ACENTRIC\" value=\"0.344\"", "name=\"DIPOLE\" value=\"1.8\"");
+  std::string const two = With(first, "value=\"1.8\"", "value=\"6.2\"");
+  struct Row {
+    std::string first, second;
+    Ids ids;
+  };
+  std::string const other = With(two, cas, "");
+  Row const rows[] = {
+      {With(first, cas, ""), other, {"cas", "cas", "magnitude"}},
+      {first, other, {"cas", "magnitude"}},
+      {With(first, cas, ""), two, {"cas", "magnitude"}},
+      {first, With(other, "number=\"7\"", "number=\"8\""), {"cas", "magnitude"}},
+      {first, With(other, "> WATER <", "> STEAM <"), {"cas", "magnitude"}},
+      // Neither is in common: two components.
+      {first, With(With(other, "> WATER <", "> STEAM <"), "number=\"7\"", "number=\"8\""), {"cas"}},
+      // One number for two substances.
+      {first,
+       With(other, "formula=\"H2O\"", "formula=\"D2O\""),
+       {"cas", "formula-weight", "identity"}},
+  };
+  int count = 0;
+  for (Row const& row : rows) {
+    std::string const one = "one" + std::to_string(++count) + ".lb1";
+    Warnings(row.first);
+    Good("copy own.lb1 " + one + " --create");
+    Warnings(row.second);
+    EXPECT_EQ(WarningsOf(one + " own.lb1"), row.ids) << report_;
+    EXPECT_EQ(WarningsOf("own.lb1 " + one), row.ids) << report_;
   }
 }
 

@@ -1,17 +1,15 @@
-// diff, check
+// check
 #include <algorithm>
-#include <array>
 #include <cstdio>
+#include <iterator>
 #include <memory>
 #include <set>
 
 #include "bank_sense.h"
 #include "command.h"
-#include "failure.h"
-#include "fields.h"
 #include "identity_conflict.h"
 #include "item_key.h"
-#include "item_values.h"
+#include "library.h"
 #include "progress.h"
 #include "sense_checks.h"
 
@@ -19,192 +17,12 @@ namespace zelhost {
 namespace {
 
 struct Options {
-  std::string one;
-  std::string other;
-  std::string bank;
   std::vector<std::string> paths;
   std::vector<std::string> silent;
-  bool exitCode = false;
   bool structureOnly = false;
   bool senseIds = false;
   bool acceptIdentity = false;
 };
-
-class Difference {
- public:
-  Difference(Library const& one, Library const& other, Table& table)
-      : one_(one), other_(other), table_(table) {}
-
-  void Header();
-  void Bank(BankName const& bank);
-  void OnlyIn(Library const& library, std::string const& place) {
-    bool const first = &library == &one_;
-    table_.Add(place, "whole", first ? "there" : "not there", first ? "not there" : "there");
-  }
-
- private:
-  void Field(std::string const& place, char const* field, Cell one, Cell other);
-  void BankHeader(BankName const& bank);
-  void Item(BankName const& bank, std::vector<std::int32_t> const& stored,
-            std::string const& place);
-
-  Library const& one_;
-  Library const& other_;
-  Table& table_;
-};
-
-void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
-  if (one != other) table_.Add(place, field, std::move(one), std::move(other));
-}
-
-void Difference::Header() {
-  auto const header = [](Library const& library) {
-    char description[101] = {};
-    char version[13] = {};
-    char memo[kMemoSize] = {};
-    library.File().GetDescriptionAndVersion(description, version);
-    library.File().GetMemo(memo);
-    return std::array<std::string, 3>{description, version, memo};
-  };
-  auto const a = header(one_);
-  auto const b = header(other_);
-  static constexpr char const* kNames[] = {"description", "version", "memo"};
-  for (std::size_t i = 0; i < a.size(); ++i) Field("library", kNames[i], Text(a[i]), Text(b[i]));
-}
-
-void Difference::BankHeader(BankName const& bank) {
-  auto const format = [&](Library const& library) {
-    return Cell(std::int64_t{library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str())});
-  };
-  auto const memo = [&](Library const& library) {
-    char text[kMemoSize] = {};
-    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), text);
-    return Text(text);
-  };
-  Field(ToText(bank), "format", format(one_), format(other_));
-  Field(ToText(bank), "memo", memo(one_), memo(other_));
-}
-
-// Both lists of keys rise; equal ones are items that both have.
-void Difference::Bank(BankName const& bank) {
-  BankHeader(bank);
-  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-  auto const a = Keys(one_, bank, *item);
-  auto const b = Keys(other_, bank, *item);
-  KeyWords wordsA(one_, *item);
-  KeyWords wordsB(other_, *item);
-  Progress progress("comparing " + ToText(bank), a.size());
-  std::size_t i = 0, k = 0;
-  while (i < a.size() || k < b.size()) {
-    bool const inA = k == b.size() || (i < a.size() && a[i] <= b[k]);
-    bool const inB = i == a.size() || (k < b.size() && b[k] <= a[i]);
-    std::string const place =
-        ToText(bank) + " " + (inA ? Joined(wordsA.Of(a[i])) : Joined(wordsB.Of(b[k])));
-    if (inA && inB) {
-      Item(bank, a[i], place);
-    } else {
-      OnlyIn(inA ? one_ : other_, place);
-    }
-    if (inA) {
-      ++i;
-      progress.Step();
-    }
-    if (inB) ++k;
-  }
-}
-
-void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
-                      std::string const& place) {
-  zel::Handle<zel::Key> const key = StoredKey(stored);
-  bool isRead = true;
-  auto const read = [&](Library const& library, zel::IZelBankDef* item) {
-    try {
-      if (library.Maint().ReadItem(item, bank.name.c_str(), key.get())) return;
-    } catch (unsigned long const address) {
-      library.TellUnread(place, address);
-      isRead = false;
-      return;
-    }
-    throw Failure(library.Path() + ": " + place + " cannot be read");
-  };
-  auto const valuesIn = [&](Library const& library) {
-    if (bank.type == kPureType) {
-      PureComponent const component;
-      read(library, component.Def());
-      return ValuesOf(component);
-    }
-    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-    read(library, item.get());
-    return ValuesOf(*item);
-  };
-  std::vector<NamedValue> const a = valuesIn(one_);
-  std::vector<NamedValue> const b = valuesIn(other_);
-  if (!isRead) return;
-  auto const valueIn = [](std::vector<NamedValue> const& values, std::string const& name) {
-    auto const at = std::find_if(values.begin(), values.end(),
-                                 [&](NamedValue const& value) { return value.name == name; });
-    return at == values.end() ? NamedValue{name, {}} : *at;
-  };
-  auto const put = [&](NamedValue const& here, NamedValue const& there) {
-    if (here == there) return;
-    auto [one, other] = Beside(here, there);
-    table_.Add(place, here.name, std::move(one), std::move(other));
-  };
-  for (NamedValue const& value : a) put(value, valueIn(b, value.name));
-  for (NamedValue const& value : b) {
-    bool const isNew = std::none_of(
-        a.begin(), a.end(), [&](NamedValue const& known) { return known.name == value.name; });
-    if (isNew) put({value.name, {}}, value);
-  }
-}
-
-BankName NamedInEither(Library const& one, Library const& other, std::string const& word) {
-  try {
-    return one.Bank(word);
-  } catch (Failure const&) {
-    return other.Bank(word);
-  }
-}
-
-Report Diff(Options const& o) {
-  Library const one = Library::OpenRead(o.one);
-  Library const other = Library::OpenRead(o.other);
-  Report report;
-  Table& table =
-      report.Begin("differences", {{"item", ""}, {"field", ""}, {"first", ""}, {"second", ""}});
-  Difference difference(one, other, table);
-  auto const has = [](std::vector<BankName> const& banks, BankName const& bank) {
-    return std::any_of(banks.begin(), banks.end(),
-                       [&](BankName const& known) { return ToText(known) == ToText(bank); });
-  };
-  std::vector<BankName> a = one.Banks();
-  std::vector<BankName> b = other.Banks();
-  if (!o.bank.empty()) {
-    BankName const bank = NamedInEither(one, other, o.bank);
-    auto const isOther = [&](BankName const& known) { return ToText(known) != ToText(bank); };
-    std::erase_if(a, isOther);
-    std::erase_if(b, isOther);
-  } else {
-    difference.Header();
-  }
-  for (BankName const& bank : a) {
-    if (has(b, bank)) {
-      if (BankOrNone(bank.type)) {
-        difference.Bank(bank);
-      } else {
-        table.Add(ToText(bank), "whole", "unknown type", "not compared");
-      }
-    } else {
-      difference.OnlyIn(one, ToText(bank));
-    }
-  }
-  for (BankName const& bank : b) {
-    if (!has(a, bank)) difference.OnlyIn(other, ToText(bank));
-  }
-  report.Fact("differences found", static_cast<std::int64_t>(table.Rows().size()));
-  if (o.exitCode && !table.Empty()) SetExitStatus(1);
-  return report;
-}
 
 // Collects the findings of the library and of the sense checks in one table.
 class Collector final : public zel::ZelFindingSink {
@@ -249,6 +67,11 @@ class Collector final : public zel::ZelFindingSink {
   std::int64_t errors_ = 0;
 };
 
+std::string PlaceOf(BankName const& bank, zel::ZelIdentity const& identity) {
+  return bank.name + " " +
+         (*identity.ids[0] != '\0' ? identity.ids[0] : std::to_string(identity.number));
+}
+
 void CheckSense(Library const& library, Collector& collector) {
   TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
     collector.Sense(id, place, text);
@@ -261,9 +84,7 @@ void CheckSense(Library const& library, Collector& collector) {
     library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
     while (library.Maint().NextItem(words, component.Def())) {
       progress.Step();
-      Identity const identity = component.ReadIdentity();
-      std::string const place =
-          bank.name + " " + (identity.ids.empty() ? std::to_string(words[0]) : identity.FirstId());
+      std::string const place = PlaceOf(bank, component.Compared());
       CheckComponentSense(component, place, tell);
       across.Component(component, place);
     }
@@ -293,8 +114,7 @@ void CheckIdentities(std::vector<Library> const& libraries, Collector& collector
       library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
       while (library.Maint().NextItem(words, component.Def())) {
         zel::ZelIdentity const identity = component.Compared();
-        place = bank.name + " " +
-                (*identity.ids[0] != '\0' ? identity.ids[0] : std::to_string(identity.number));
+        place = PlaceOf(bank, identity);
         across.Component({library.Path() + ":" + bank.name, identity});
       }
       library.Maint().EndItemWalk();
@@ -302,7 +122,25 @@ void CheckIdentities(std::vector<Library> const& libraries, Collector& collector
   }
 }
 
-// Every component of the first library against the same of a later one, found by its CAS number.
+// Reads what the bank has of a component: what its CAS number finds there, else what its number or
+// an ID finds and does not contradict it.
+bool ReadSame(Library const& library, BankName const& bank, zel::ZelIdentity const& wanted,
+              PureComponent const& found) {
+  auto const read = [&](Component const& label) {
+    return library.Maint().ReadItem(found.Def(), bank.name.c_str(), KeyOf({label}).get());
+  };
+  zel::casn const cas(wanted.casNumber);
+  if (static_cast<long>(cas) != 0 && read(cas)) return true;
+  auto const agrees = [&] {
+    return zel::CompareIdentities(wanted, found.Compared()) == zel::identityAgrees;
+  };
+  if (wanted.number != 0 && read(long{wanted.number}) && agrees()) return true;
+  return std::any_of(std::begin(wanted.ids), std::end(wanted.ids), [&](char const* id) {
+    return *id != '\0' && read(std::string(id)) && agrees();
+  });
+}
+
+// Every component of the first library against the same of the other.
 void CheckAcross(Library const& one, Library const& other, Collector& collector) {
   TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
     collector.Sense(id, place, text);
@@ -313,24 +151,20 @@ void CheckAcross(Library const& one, Library const& other, Collector& collector)
     std::int32_t words[10] = {};
     one.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
     while (one.Maint().NextItem(words, a.Def())) {
-      Identity const identity = a.ReadIdentity();
-      if (identity.cas.empty()) continue;
-      zel::Handle<zel::Key> const key(zel::Key::NewKey());
-      key->SetKey(zel::casn(identity.cas.c_str()));
+      zel::ZelIdentity const identity = a.Compared();
       for (BankName const& there : other.Banks(kPureType)) {
         bool isThere = false;
-        other.Walk(there, [&] {
-          isThere = other.Maint().ReadItem(b.Def(), there.name.c_str(), key.get());
-        });
+        other.Walk(there, [&] { isThere = ReadSame(other, there, identity, b); });
         if (!isThere) continue;
-        std::string const place = bank.name + " " + identity.FirstId();
+        std::string const place = PlaceOf(bank, identity);
         CheckMagnitude(a, place, b, other.Path(), tell);
         CheckBoilingPoint(a, place, b, other.Path(), tell);
         collector.Library(other.Path());
-        CheckBoilingPoint(b, there.name + " " + identity.FirstId(), a, one.Path(), tell);
+        CheckBoilingPoint(b, PlaceOf(there, b.Compared()), a, one.Path(), tell);
         collector.Library(one.Path());
       }
     }
+    one.Maint().EndItemWalk();
   }
 }
 
@@ -402,16 +236,8 @@ Report Check(Options const& o) {
 
 }  // namespace
 
-void AddCompareCommands(CLI::App& app) {
+void AddCheckCommand(CLI::App& app) {
   auto const o = std::make_shared<Options>();
-  Command diff(app, "diff", "Tell what differs between two libraries",
-               "zel diff perry.lb1 own.lb1 --bank PERRY");
-  diff.Argument("FIRST", o->one, "a library file")
-      .Argument("SECOND", o->other, "a library file")
-      .Option("--bank", o->bank, "only this bank", "BANK")
-      .Flag("--exit-code", o->exitCode, "exit status 1 when they differ");
-  AddStrict(diff);
-  diff.Run(Outputs::kJsonAndCsv, [o] { return Diff(*o); });
   Command(app, "check", "Check a library's structure and its data's sense",
           "zel check perry.lb1 crc.lb1 --silence source")
       .OptionalArgument("LIBRARY", o->paths, "libraries, each held against the others")
