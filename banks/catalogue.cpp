@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 #include "frame/ascii.h"
 
@@ -92,6 +93,12 @@ BankType const* FindBankType(std::string_view keyword) noexcept {
 IZelBankDef* NewBank(char const* keyword) {
   BankType const* type = FindBankType(TextOrEmpty(keyword));
   return type == nullptr ? nullptr : type->factory();
+}
+
+IZelBankDef* NewKnownBank(char const* keyword) {
+  IZelBankDef* const bank = NewBank(keyword);
+  if (bank == nullptr && FindBankType(TextOrEmpty(keyword)) != nullptr) throw std::bad_alloc();
+  return bank;
 }
 
 long GetBankTypeCount() { return kBankTypes; }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "banks/catalogue.h"
 #include "frame/ascii.h"
 #include "store/bank_key.h"
 #include "store/key.h"
@@ -65,7 +66,7 @@ void LibMaint_i::StoreHead(char const* type, char const* name) {
 
 bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t format) {
   DropTree();
-  Held<IZelBankDef> const bank(NewBank(type));
+  Held<IZelBankDef> const bank(NewKnownBank(type));
   auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   BTree_i* directory = Directory();
   constexpr std::size_t kLongest = 8;
@@ -124,7 +125,7 @@ void LibMaint_i::SetBankMemo(char const* type, char const* name, char const* mem
 }
 
 std::int32_t LibMaint_i::GetBankFormat(char const* type, char const* name) {
-  Held<IZelBankDef> const bank(NewBank(type));
+  Held<IZelBankDef> const bank(NewKnownBank(type));
   auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   if (!io) return 0;
   BlockInfo const info(io.Get());
@@ -154,7 +155,7 @@ void LibMaint_i::GetRefBankNames(char const* type, char const* name, std::int32_
   if (names == nullptr) return;
   for (std::int32_t i = 0; i < count; ++i) names[i][0] = '\0';
   if (types == nullptr) return;
-  Held<IZelBankDef> const bank(NewBank(type));
+  Held<IZelBankDef> const bank(NewKnownBank(type));
   if (!bank || !BankExists(type, name)) return;
   Key_i key;
   if (!ReadItem(bank.Get(), name, &key)) return;

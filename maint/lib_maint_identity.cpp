@@ -2,6 +2,7 @@
 // a number stands for.
 #include <string_view>
 
+#include "banks/catalogue.h"
 #include "frame/ascii.h"
 #include "maint/component_identity.h"
 #include "maint/lib_maint.h"
@@ -52,7 +53,7 @@ bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
   Give(id, '\0');
   cas = casn();
   fromReference = false;
-  Held<IZelBankDef> const bank(NewBank(kComponentType));
+  Held<IZelBankDef> const bank(NewKnownBank(kComponentType));
   auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
   Key_i key;
   key.SetKey(static_cast<long>(number));

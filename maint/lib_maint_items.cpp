@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "banks/catalogue.h"
 #include "frame/ascii.h"
 #include "maint/lib_maint.h"
 #include "zelaccess/PureComp.h"
@@ -242,7 +243,7 @@ bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
 
 bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
   DropTree();
-  Held<IZelBankDef> const bank(NewBank(type));
+  Held<IZelBankDef> const bank(NewKnownBank(type));
   auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   std::int32_t const* entry = nullptr;
   if (!io || LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;

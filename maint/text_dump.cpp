@@ -3,6 +3,7 @@
 #include <array>
 #include <vector>
 
+#include "banks/catalogue.h"
 #include "frame/number_text.h"
 #include "frame/path_parts.h"
 #include "frame/platform/system.h"
@@ -119,7 +120,7 @@ void WriteComponentIndex(LibFile* library, char const* bank, std::string const& 
   file.Put(kVersionLine);
   PutFields(file, {StemOf(library), bank, VersionOf(library)});
   file.Put('\n');
-  Held<IZelBankDef> const record(NewBank(kComponentType));
+  Held<IZelBankDef> const record(NewKnownBank(kComponentType));
   auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i walk(library);
   std::int32_t key[format::kMaxKeyWords];  // a damaged bank may claim as many

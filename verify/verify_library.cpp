@@ -6,6 +6,7 @@
 #include <set>
 #include <vector>
 
+#include "banks/catalogue.h"
 #include "maint/block_info.h"
 #include "maint/held.h"
 #include "maint/lib_maint.h"
@@ -166,7 +167,7 @@ void Verification::OwnTrees() {
 
 void Verification::Bank(StoredBank& bank) {
   claims_.SetOwner(bank.Place());
-  Held<IZelBankDef> const item(NewBank(bank.type));
+  Held<IZelBankDef> const item(NewKnownBank(bank.type));
   auto const io = Held<IZelBankIO>::Of(item.Get(), IID_IZelBankIO);
   if (!io) findings_.Warning("bank", bank.Place(), "a bank of a type that this library has not");
   if (bank.entry[f::kBankOldMark] != 1) {
@@ -248,7 +249,7 @@ class Verification::UnreadItems final : public ZelFindingSink {
 };
 
 void Verification::Items(StoredBank const& bank) {
-  Held<IZelBankDef> const item(NewBank(bank.type));
+  Held<IZelBankDef> const item(NewKnownBank(bank.type));
   LibMaint_i maint(&library_);
   std::array<std::int32_t, f::kMaxKeyWords> key{};
   UnreadItems unread(*this);

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "banks/catalogue.h"
 #include "frame/date_text.h"
 #include "maint/component_identity.h"
 #include "store/key.h"
@@ -140,7 +141,7 @@ bool Export_i::ExportBank(char const* type, char const* name) {
 // `file` becomes the name of the file, and stays empty when the bank is left out.
 bool Export_i::WriteBank(std::string const& type, std::string const& name, std::string_view base,
                          std::string& file) {
-  Held<IZelBankDef> const record(NewBank(type.c_str()));
+  Held<IZelBankDef> const record(NewKnownBank(type.c_str()));
   if (!owner_.BankExists(type.c_str(), name.c_str()) || !record) return false;
   BankInfo const info(record.Get());
   std::int32_t const stored =

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "banks/catalogue.h"
 #include "frame/ascii.h"
 #include "frame/number_text.h"
 #include "maint/document_stack.h"
@@ -58,7 +59,7 @@ struct BankAttributes {
 std::string Import_i::MakeBank(XmlNode node, BankAttributes const& bank) {
   LibMaint_i& owner = run_.owner;
   if (!bank.problem.empty()) return bank.problem;
-  Held<IZelBankDef> const record(NewBank(bank.type.c_str()));
+  Held<IZelBankDef> const record(NewKnownBank(bank.type.c_str()));
   if (!record) return "Bank type \"" + bank.type + "\" is not a recognized type";
   BankInfo const info(record.Get());
   std::int32_t const format = run_.texts.Int(node, bank.format, "format");

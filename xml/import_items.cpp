@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "banks/catalogue.h"
 #include "frame/ascii.h"
 #include "frame/number_text.h"
 #include "xml/import_text.h"
@@ -26,7 +27,7 @@ ItemImport::ItemImport(ImportRun& run, std::string_view type, std::string_view n
                        std::int32_t format)
     : run_(run),
       bankName_(name),
-      record_(NewBank(std::string(type).c_str())),
+      record_(NewKnownBank(std::string(type).c_str())),
       info_(record_.Get()),
       fields_(record_.Get(), format),
       intValues_(fields_.largest),

@@ -231,11 +231,11 @@ Report Export(Options const& o) {
   ReportUnreadable(findings, documents.PathOf(""));
   ReportMissing(findings, library, ExportedBanks(library, o), documents.PathOf(""), target.name,
                 !o.bank.empty());
+  std::int64_t const leftOut = o.component.empty() ? LeftOut(library, o) : 0;
   Report report;
   report.Fact("exported", o.path);
   report.Fact("documents", documents.MoveInto());
   report.Fact("to", (target.folder / target.name).string());
-  std::int64_t const leftOut = o.component.empty() ? LeftOut(library, o) : 0;
   if (leftOut != 0) {
     report.Fact("left out", std::to_string(leftOut) +
                                 " correlations with equations above 100, which documents have not");

@@ -43,6 +43,18 @@ zel::compListSorts SortNamed(std::string const& word) {
   throw WrongUsage("--sort is name, id, formula, cas, nbp or mw");
 }
 
+// A list begins with comments, which say that it is generated.
+bool IsList(std::string const& path) {
+  std::ifstream file(path, std::ios::binary);
+  return file.get() == ';';
+}
+
+void Read(Options const& o, std::string const& path, zel::CompList& list) {
+  if (!list.ReadList(path.c_str())) throw Failure(o.path + ": not found, or cannot be read");
+  if (!IsList(path)) throw Failure(o.path + ": is no list; --build makes one");
+}
+
+// It is read before it takes its place, so that a failure leaves what was there.
 void BuildList(Options const& o, zel::CompList& list) {
   zel::InitZelAccess();
   Library const library = Library::OpenRead(o.library);
@@ -57,13 +69,8 @@ void BuildList(Options const& o, zel::CompList& list) {
   if (!list.GetBuilder()->BuildList(&library.File(), bank.name.c_str(), path.c_str())) {
     throw Failure(o.path + ": cannot be written");
   }
+  Read(o, path, list);
   folder.MoveInto();
-}
-
-// A list begins with comments, which say that it is generated.
-bool IsList(std::string const& path) {
-  std::ifstream file(path, std::ios::binary);
-  return file.get() == ';';
 }
 
 Report List(Options const& o) {
@@ -78,9 +85,7 @@ Report List(Options const& o) {
   auto const range = sort == zel::sortByNbp ? ParseTemperatureSpan(o.range, "a boiling point")
                                             : ParseSpan(o.range, "a molecular weight");
   zel::Handle<zel::CompList> const list(zel::CompList::NewCompList());
-  if (!o.library.empty()) BuildList(o, *list);
-  if (!list->ReadList(o.path.c_str())) throw Failure(o.path + ": not found, or cannot be read");
-  if (!IsList(o.path)) throw Failure(o.path + ": is no list; --build makes one");
+  o.library.empty() ? Read(o, o.path, *list) : BuildList(o, *list);
   list->SetSort(sort, o.descending ? 1 : 0);
   list->SetFilter(o.filter.c_str());
   double const open = zel::gen_GetUndefDouble();

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -11,7 +12,6 @@
 #include <filesystem>
 #include <memory>
 #include <new>
-#include <utility>
 #include <vector>
 
 #include "failure.h"
@@ -73,6 +73,51 @@ void RemoveLeftOver(std::filesystem::path const& target) {
   }
 }
 
+enum class HowMoved { kNot, kToFreePlace, kExchanged, kOver };
+
+struct FileMove {
+  std::string from;
+  std::string to;
+  HowMoved how;
+};
+
+// What is in the place goes to `from`, so that it can go back. A file system that cannot exchange
+// two files loses it.
+bool Do(FileMove& move) {
+  char const* const from = move.from.c_str();
+  char const* const to = move.to.c_str();
+  if (::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_EXCHANGE) == 0) {
+    move.how = HowMoved::kExchanged;
+    return true;
+  }
+  if (errno != ENOENT && errno != EINVAL && errno != ENOSYS) return false;
+  HowMoved const how = errno == ENOENT ? HowMoved::kToFreePlace : HowMoved::kOver;
+  if (std::rename(from, to) != 0) return false;
+  move.how = how;
+  return true;
+}
+
+void Undo(FileMove& move) {
+  char const* const from = move.from.c_str();
+  char const* const to = move.to.c_str();
+  bool const isBack = (move.how == HowMoved::kExchanged &&
+                       ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_EXCHANGE) == 0) ||
+                      (move.how == HowMoved::kToFreePlace && std::rename(to, from) == 0);
+  if (isBack) move.how = HowMoved::kNot;
+}
+
+// Names the file that could not be moved, and those that are new all the same.
+[[noreturn]] void RefuseMoves(std::vector<FileMove> const& moves, std::string const& failed,
+                              int reason) {
+  std::string done;
+  for (FileMove const& move : moves) {
+    if (move.how != HowMoved::kNot) done += (done.empty() ? "" : ", ") + move.to;
+  }
+  if (done.empty() && reason == ENOMEM) throw std::bad_alloc();
+  throw Failure(failed + ": cannot be written: " + std::strerror(reason) +
+                (done.empty() ? "" : "; these are new already: " + done));
+}
+
 }  // namespace
 
 OutputFolder::OutputFolder(std::filesystem::path const& target, std::string const& shownAs)
@@ -92,16 +137,19 @@ OutputFolder::~OutputFolder() {
 
 std::int64_t OutputFolder::MoveInto() {
   // All paths first, so that no lack of memory comes between two moves.
-  std::vector<std::pair<std::string, std::string>> moves;
+  std::vector<FileMove> moves;
   for (std::string const& name : NamesIn(folder_)) {
     std::filesystem::path const target = target_ / name;
     if (std::filesystem::is_directory(target)) {
       throw Failure(target.string() + ": cannot be written: it is a folder");
     }
-    moves.emplace_back(PathOf(name), target.string());
+    moves.push_back({PathOf(name), target.string(), HowMoved::kNot});
   }
-  for (auto const& [from, to] : moves) {
-    if (std::rename(from.c_str(), to.c_str()) != 0) Refuse(to);
+  for (FileMove& move : moves) {
+    if (Do(move)) continue;
+    int const reason = errno;
+    std::for_each(moves.begin(), moves.end(), Undo);
+    RefuseMoves(moves, move.to, reason);
   }
   return static_cast<std::int64_t>(moves.size());
 }

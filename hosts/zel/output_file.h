@@ -24,7 +24,9 @@ class OutputFolder {
 
   // Of a file in it; of the folder, with a separator behind it, for an empty name.
   std::string PathOf(std::string const& name) const { return folder_ + "/" + name; }
-  // Moves all files to the target, over what is there; gives their number.
+  // Moves all files to the target, in the place of what is there; gives their number. When one
+  // cannot be moved, those before it go back, and Failure is thrown; where the file system cannot
+  // exchange two files, it names those that are new already.
   std::int64_t MoveInto();
 
  private:

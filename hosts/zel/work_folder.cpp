@@ -31,10 +31,15 @@ fs::path Beside(fs::path const& library, char const* ending) {
 fs::path NewFolder(fs::path const& library) { return Beside(library, ".zel-new"); }
 fs::path ReadyFolder(fs::path const& library) { return Beside(library, ".zel-ready"); }
 
-// Links count as there, whatever they lead to. What cannot be looked at does not.
+// Links count as there, whatever they lead to. What this user may not look at does not, nor what
+// can have no such name. Any other failure is not an answer: a file taken for missing would be left
+// out.
 bool Exists(fs::path const& path) {
-  std::error_code none;
-  return fs::exists(fs::symlink_status(path, none));
+  std::error_code error;
+  fs::file_status const status = fs::symlink_status(path, error);
+  if (!error || status.type() == fs::file_type::not_found) return fs::exists(status);
+  if (error == std::errc::permission_denied || error == std::errc::filename_too_long) return false;
+  throw fs::filesystem_error("", path, error);
 }
 
 // What std::filesystem refuses, in the words of this program.
@@ -186,12 +191,17 @@ void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
     RemoveFolder(folder);
   } catch (Failure const&) {
     // Somebody is at work in it.
+  } catch (fs::filesystem_error const& error) {
+    // What cannot be looked at now is tried again by the next command.
+    if (error.code() == std::errc::not_enough_memory) throw;
   }
 }
 
 void Finish(std::string const& shownAs, Move const& move) {
   std::string const folder = move.Ready().string();
-  switch (Look(move)) {
+  Found found = Found::kLeftOver;
+  OrFail(shownAs, "what a change left cannot be looked at", [&] { found = Look(move); });
+  switch (found) {
     case Found::kTaken:
       throw Failure(shownAs + ": another program made it while a change was cut off; the library " +
                     "before and after the change is in " + folder + ". Move or remove that folder");

@@ -6,6 +6,7 @@
 
 #include "command.h"
 #include "failure.h"
+#include "fields.h"
 #include "folder.h"
 #include "item_key.h"
 #include "pure_component.h"
@@ -26,11 +27,8 @@ zel::ZelDocumentContents ContentsOf(fs::path const& document) {
 }
 
 std::size_t ItemsOf(Library const& library, BankName const& bank) {
-  zel::IZelBankDef* const item = zel::NewBank(bank.type.c_str());
-  if (item == nullptr) return 0;
-  std::size_t const count = Keys(library, bank, *item).size();
-  item->Release();
-  return count;
+  zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
+  return item ? Keys(library, bank, *item).size() : 0;
 }
 
 // Adds findings, with their number as a fact.

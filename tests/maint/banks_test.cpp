@@ -1,9 +1,14 @@
 // Banks: made, found, described, deleted.
+#include <functional>
+#include <new>
 #include <type_traits>
+#include <utility>
 
 #include "store/bank_key.h"
+#include "store/key.h"
 #include "store/packed_text.h"
 #include "tests/maint/maint_fixture.h"
+#include "tests/support/allocations.h"
 
 namespace zel {
 namespace {
@@ -240,6 +245,34 @@ TEST_F(BanksTest, HundredsOfBanksSplitTheDirectoryAndStayFound) {
       EXPECT_TRUE(Maint().BankExists(type, ("N" + std::to_string(n)).c_str())) << type;
     }
   }
+}
+
+// Where there is no memory for an item of the bank's type, no answer is better than a wrong one.
+TEST_F(BanksTest, ShortMemoryIsNotAnUnknownType) {
+  ASSERT_TRUE(Maint().CreateBank("NRTL", "A", 2));
+  char const types[1][9] = {"UNIFAC"};
+  char names[1][9] = {};
+  Key_i key;
+  key.SetKey(1L, 2L);
+  std::pair<char const*, std::function<void()>> const calls[] = {
+      {"GetBankFormat", [&] { Maint().GetBankFormat("NRTL", "A"); }},
+      {"CreateBank", [&] { Maint().CreateBank("NRTL", "B", 2); }},
+      {"GetRefBankNames", [&] { Maint().GetRefBankNames("NRTL", "A", 1, types, names); }},
+      {"DeleteItem", [&] { Maint().DeleteItem("NRTL", "A", &key); }}};
+  for (auto const& [name, call] : calls) {
+    bool isRefused = false;
+    {
+      test::AllocationWatch const watch(1);
+      try {
+        call();
+      } catch (std::bad_alloc const&) {
+        isRefused = true;
+      }
+    }
+    EXPECT_TRUE(isRefused) << name;
+  }
+  EXPECT_EQ(Maint().GetBankFormat("NRTL", "A"), 2);
+  EXPECT_FALSE(Maint().BankExists("NRTL", "B"));
 }
 
 }  // namespace

@@ -66,6 +66,20 @@ TEST_F(BadItemTest, CommandsThatWrite) {
   EXPECT_EQ(Json("check new.lb1 --structure")["damage"], 0);
 }
 
+// Each bank is named whose document has not all of its items, and how many it has.
+TEST_F(BadItemTest, ExportReportsBanksThatAreNotWhole) {
+  Outcome const outcome = Zel("export own.lb1 -o out.xml --json");
+  EXPECT_EQ(outcome.status, 1);
+  nlohmann::json const report = nlohmann::json::parse(outcome.out);
+  EXPECT_EQ(report["banks_not_whole"], 1);
+  ASSERT_EQ(report["missing"].size(), 1U);
+  nlohmann::json const row = Row(report["missing"], "bank", "PURECOMP:PERRY");
+  EXPECT_EQ(row["items"], 3);
+  EXPECT_EQ(row["written"], 2);
+  nlohmann::json const whole = Json("export perry.lb1 --bank PERRY -o out.xml");
+  EXPECT_FALSE(whole.contains("missing"));
+}
+
 TEST_F(BadItemTest, CheckNamesIt) {
   Outcome const outcome = Zel("check own.lb1");
   EXPECT_EQ(outcome.status, 1);

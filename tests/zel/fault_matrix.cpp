@@ -1,13 +1,16 @@
 // Every operation on a file of every command of zel fails once. What comes out is what comes out
 // without the failure, or an error that is told of. Files are then as they were, or, where the
-// change counted before the operation ("late"), whole as the command makes them: at the latest when
-// the next command has looked at the library.
+// change counted before the operation ("late"), whole as the command makes them, and no later
+// command changes that.
 //
-//   fault_matrix [--every N] [--only WORD]
+//   fault_matrix [--every N] [--runs N] [--only WORD] [--zel PROGRAM]
 //
-// With --every N one in N operations fails; with --only the commands that have the word.
+// With --every N one in N operations fails; with --runs N at most N of each command and kind of
+// failure, spread over the command; with --only the commands that have the word;
+// with --zel another program than the one that was built along.
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -28,42 +31,53 @@ namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 using Contents = std::map<std::string, std::string>;
 
+constexpr int kSkipped = 77;  // exit status of a program that cannot do its work here
+
+// What a report says of a failure that it is itself about; such a command needs no line of error.
+constexpr char kDamage[] = "block-unreadable";
+constexpr char kUnreadable[] = "cannot be read back";
+
+struct CommandLine {
+  char const* words;
+  char const* finding;  // null where every failure needs a line
+};
+
 // "own" is a library of components, "other" one with some of them and one more, "pairs" one of
 // pairs and groups.
-constexpr char const* kCommands[] = {
-    "info own.lb1",
-    "banks own.lb1",
-    "items own.lb1 PERRY",
-    "items pairs.lb1 NRTL --fields aij aji --names own.lb1",
-    "show own.lb1 PERRY ETHANOL --complete",
-    "show pairs.lb1 NRTL ETHANOL WATER --names own.lb1",
-    "find own.lb1 --name *",
-    "memo own.lb1",
-    "memo own.lb1 --bank PERRY",
-    "search ETHANOL -l own.lb1 -l other.lb1",
-    "why ETHANOL NBP -l own.lb1 -l other.lb1",
-    "coverage ETHANOL WATER -l own.lb1 -l pairs.lb1",
-    "eval ETHANOL VaporPressure -l own.lb1 --at 300K 400K",
-    "plot VaporPressure ETHANOL WATER -l own.lb1 -o chart.svg",
-    "check own.lb1",
-    "diff own.lb1 other.lb1",
-    "export own.lb1 -o out.xml",
-    "export own.lb1 -o docs/ --component-files",
-    "export pairs.lb1 -o pairs.xml --bank NRTL",
-    "dump own.lb1",
-    "dump own.lb1 --tree PERRY",
-    "list own.lst --build own.lb1",
-    "list there.lst --sort nbp",
-    "create new.lb1 --description x",
-    "set own.lb1 --description changed",
-    "memo own.lb1 --bank PERRY --set changed",
-    "import own.lb1 component.xml --bank PERRY --replace",
-    "import fresh.lb1 component.xml --bank PERRY --create",
-    "copy own.lb1 other.lb1 --replace",
-    "copy own.lb1 fresh.lb1 --create",
-    "copy pairs.lb1 own.lb1 --bank NRTL",
-    "delete own.lb1 PERRY WATER",
-    "delete own.lb1 PERRY --whole-bank",
+constexpr CommandLine kCommands[] = {
+    {"info own.lb1", nullptr},
+    {"banks own.lb1", nullptr},
+    {"items own.lb1 PERRY", nullptr},
+    {"items pairs.lb1 NRTL --fields aij aji --names own.lb1", nullptr},
+    {"show own.lb1 PERRY ETHANOL --complete", nullptr},
+    {"show pairs.lb1 NRTL ETHANOL WATER --names own.lb1", nullptr},
+    {"find own.lb1 --name *", nullptr},
+    {"memo own.lb1", nullptr},
+    {"memo own.lb1 --bank PERRY", nullptr},
+    {"search ETHANOL -l own.lb1 -l other.lb1", nullptr},
+    {"why ETHANOL NBP -l own.lb1 -l other.lb1", nullptr},
+    {"coverage ETHANOL WATER -l own.lb1 -l pairs.lb1", nullptr},
+    {"eval ETHANOL VaporPressure -l own.lb1 --at 300K 400K", nullptr},
+    {"plot VaporPressure ETHANOL WATER -l own.lb1 -o chart.svg", nullptr},
+    {"check own.lb1", kDamage},
+    {"diff own.lb1 other.lb1", nullptr},
+    {"export own.lb1 -o out.xml", kUnreadable},
+    {"export own.lb1 -o docs/ --component-files", kUnreadable},
+    {"export pairs.lb1 -o pairs.xml --bank NRTL", kUnreadable},
+    {"dump own.lb1", nullptr},
+    {"dump own.lb1 --tree PERRY", nullptr},
+    {"list own.lst --build own.lb1", nullptr},
+    {"list there.lst --sort nbp", nullptr},
+    {"create new.lb1 --description x", nullptr},
+    {"set own.lb1 --description changed", nullptr},
+    {"memo own.lb1 --bank PERRY --set changed", nullptr},
+    {"import own.lb1 component.xml --bank PERRY --replace", nullptr},
+    {"import fresh.lb1 component.xml --bank PERRY --create", nullptr},
+    {"copy own.lb1 other.lb1 --replace", nullptr},
+    {"copy own.lb1 fresh.lb1 --create", nullptr},
+    {"copy pairs.lb1 own.lb1 --bank NRTL", nullptr},
+    {"delete own.lb1 PERRY WATER", nullptr},
+    {"delete own.lb1 PERRY --whole-bank", nullptr},
 };
 
 Words Split(std::string const& line) {
@@ -73,30 +87,42 @@ Words Split(std::string const& line) {
   return words;
 }
 
-// What anybody sees in a folder; copies that a command works on and files for its time are not.
-Contents ContentsOf(fs::path const& folder) {
+enum class Files { kAll, kSeen };
+
+// The files under a folder. Copies that a command works on and files for its time are not seen.
+Contents ContentsOf(fs::path const& folder, Files which = Files::kSeen) {
   Contents contents;
   for (auto const& entry : fs::recursive_directory_iterator(folder)) {
     std::string const name = fs::relative(entry.path(), folder).string();
-    if (!entry.is_regular_file() || name.find(".zel-") != std::string::npos ||
-        name.find("tmp/") == 0) {
-      continue;
-    }
+    bool const isHidden = name.find(".zel-") != std::string::npos || name.find("tmp/") == 0;
+    if (which == Files::kSeen && (isHidden || !entry.is_regular_file())) continue;
     std::ostringstream text;
-    text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+    if (entry.is_regular_file()) text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
     contents[name] = text.str();
   }
   return contents;
 }
 
+bool Has(std::string const& text, std::string const& part) {
+  return text.find(part) != std::string::npos;
+}
+
+struct Options {
+  long every = 1;
+  long runs = 0;  // 0: as many as there are
+  std::string only;
+  std::string zel = ZEL_PROGRAM;
+};
+
 class Matrix {
  public:
-  Matrix(long every, std::string only) : every_(every), only_(std::move(only)) {
+  explicit Matrix(Options options) : options_(std::move(options)) {
     root_ = fs::canonical(fs::temp_directory_path()) / ("zel_faults_" + std::to_string(getpid()));
     fs::remove_all(root_);
     fs::create_directories(Lib() / "docs");
     fs::create_directories(Lib() / "tmp");
     ::setenv("TMPDIR", (Lib() / "tmp").c_str(), 1);
+    ::unsetenv("ZEL_NAMES");
   }
   Matrix(Matrix const&) = delete;
   Matrix& operator=(Matrix const&) = delete;
@@ -113,6 +139,15 @@ class Matrix {
     long errors = 0;
     long late = 0;  // errors told of when the change had counted
     long wrong = 0;
+
+    void Add(Counts const& other) {
+      operations += other.operations;
+      runs += other.runs;
+      right += other.right;
+      errors += other.errors;
+      late += other.late;
+      wrong += other.wrong;
+    }
   };
 
   static void Print(Counts const& counts, std::string const& name) {
@@ -122,30 +157,30 @@ class Matrix {
   }
   fs::path Lib() const { return root_ / "lib"; }
   bool MakeLibraries();
-  TracedRun Zel(std::string const& line, Fault const& fault) const;
+  FaultedRun Zel(std::string const& line, Fault const& fault) const;
   void PutBack() const;
-  void Command(std::string const& line, Fault kind);
-  // The files of libraries are all the old ones or all the new ones; of documents each is by
-  // itself.
-  bool IsOldOrNew(Contents const& left) const;
+  void Command(CommandLine const& line, Fault kind);
+  void Wrong(CommandLine const& line, std::string const& why);
+  // What is there when another command has named the libraries that the command names.
+  Contents Finished(CommandLine const& line) const;
   // Empty when the outcome is one that may be.
-  std::string WrongWith(TracedRun const& run);
+  std::string WrongWith(CommandLine const& line, FaultedRun const& run);
 
-  long every_;
-  std::string only_;
+  Options options_;
   fs::path root_;
-  Contents before_;
-  TracedRun good_;
-  Contents after_;
+  Contents before_;  // with what is hidden
+  Contents old_;
+  FaultedRun good_;
+  Contents new_;
   Counts now_;
   Counts all_;
-  bool isTraced_ = true;
+  long next_ = 1;
 };
 
-TracedRun Matrix::Zel(std::string const& line, Fault const& fault) const {
+FaultedRun Matrix::Zel(std::string const& line, Fault const& fault) const {
   Words words = Split(line);
-  words.insert(words.begin(), ZEL_PROGRAM);
-  return RunTraced(words, Lib().string(), Lib().string(), fault);
+  words.insert(words.begin(), options_.zel);
+  return RunFaulted(words, Lib().string(), Lib().string(), fault);
 }
 
 bool Matrix::MakeLibraries() {
@@ -167,7 +202,7 @@ bool Matrix::MakeLibraries() {
       "list there.lst --build own.lb1",
   };
   for (std::string const& line : lines) {
-    TracedRun const run = Zel(line, {});
+    FaultedRun const run = Zel(line, {});
     if (!run.isTraced) return false;
     if (run.status == 0) continue;
     std::cout << "zel " << line << "\n" << run.err;
@@ -176,116 +211,111 @@ bool Matrix::MakeLibraries() {
   for (char const* name : {"perry", "crc", "sample"}) {
     for (char const* ending : {".lb1", ".lb2"}) fs::remove(Lib() / (std::string(name) + ending));
   }
-  before_ = ContentsOf(Lib());
+  fs::remove_all(Lib() / "tmp");
+  fs::create_directories(Lib() / "tmp");
+  before_ = ContentsOf(Lib(), Files::kAll);
+  old_ = ContentsOf(Lib());
   return true;
 }
 
+// Nothing of an earlier run is left, so that each run of a command comes by the same operations.
 void Matrix::PutBack() const {
-  for (auto const& entry : fs::directory_iterator(Lib())) fs::remove_all(entry.path());
+  if (ContentsOf(Lib(), Files::kAll) == before_) return;
+  fs::remove_all(Lib());
   fs::create_directories(Lib() / "docs");
   fs::create_directories(Lib() / "tmp");
-  for (auto const& [name, bytes] : before_) std::ofstream(Lib() / name, std::ios::binary) << bytes;
+  for (auto const& [name, bytes] : old_) std::ofstream(Lib() / name, std::ios::binary) << bytes;
 }
 
-bool Matrix::IsOldOrNew(Contents const& left) const {
-  Contents oldOnes;
-  Contents newOnes;
-  Contents libraries;
-  auto const isDocument = [](std::string const& name) {
-    return fs::path(name).extension() == ".xml";
-  };
-  auto const take = [&](Contents const& from, Contents& to) {
-    for (auto const& file : from) {
-      if (!isDocument(file.first)) to.insert(file);
-    }
-  };
-  take(before_, oldOnes);
-  take(after_, newOnes);
-  take(left, libraries);
-  for (auto const& [name, bytes] : left) {
-    if (!isDocument(name)) continue;
-    auto const before = before_.find(name);
-    auto const after = after_.find(name);
-    bool const isOld = before != before_.end() && before->second == bytes;
-    if (!isOld && (after == after_.end() || after->second != bytes)) return false;
+Contents Matrix::Finished(CommandLine const& line) const {
+  for (char const* name : {"own.lb1", "other.lb1", "pairs.lb1", "fresh.lb1", "new.lb1"}) {
+    if (Has(line.words, name)) Zel(std::string("info ") + name, {});
   }
-  return libraries == oldOnes || libraries == newOnes;
+  return ContentsOf(Lib());
 }
 
-std::string Matrix::WrongWith(TracedRun const& run) {
-  if (run.status > 2) return "ended with status " + std::to_string(run.status);
-  bool const isChange = after_ != before_;
+std::string Matrix::WrongWith(CommandLine const& line, FaultedRun const& run) {
+  if (run.failed.empty()) return "ended before the operation that was to fail";
+  if (run.status > 1) return "ended with status " + std::to_string(run.status);
   Contents const left = ContentsOf(Lib());
   if (run.status == 0) {
     if (run.out != good_.out) return "printed something else, without a word";
-    return left == after_ ? "" : "wrote something else, without a word";
+    return left == new_ ? "" : "wrote something else, without a word";
   }
-  // A document that cannot be read back is a finding of the report.
-  if (run.err.empty() && run.out == good_.out) return "failed without a word";
+  bool const isFinding = line.finding != nullptr && Has(run.out, line.finding);
+  if (run.err.empty() && !isFinding) return "failed without a word";
+  if (new_ == old_) return left == old_ ? "" : "changed something";
+  Contents const finished = Finished(line);
+  if (finished == old_) return "";
+  if (finished != left) return "failed, and a later command went on with it";
   // What could not be read was told of, and all else was done.
-  bool const wentOn = run.err.find("; left out\n") != std::string::npos;
-  if (!isChange || wentOn) return "";
-  for (char const* name : {"own", "other", "fresh", "new"}) {
-    Zel(std::string("info ") + name + ".lb1", {});
-  }
-  Contents const finished = ContentsOf(Lib());
-  if (finished == before_ && left == before_) return "";
+  if (Has(run.err, "; left out\n")) return "";
   ++now_.late;
-  return IsOldOrNew(finished) ? "" : "failed, and left neither the old nor the new";
+  if (finished != new_) return "failed, and left neither the old nor the new";
+  bool const isTold = isFinding || Has(run.err, "standard output cannot be written");
+  return isTold ? "" : "failed, and does not say that the change counts";
+}
+
+void Matrix::Wrong(CommandLine const& line, std::string const& why) {
+  ++now_.wrong;
+  std::cout << "zel " << line.words << ": " << why << "\n";
 }
 
 // All operations of one kind of a command.
-void Matrix::Command(std::string const& line, Fault kind) {
-  PutBack();
+void Matrix::Command(CommandLine const& line, Fault kind) {
   kind.operation = 0;
-  good_ = Zel(line, kind);
-  after_ = ContentsOf(Lib());
-  if (good_.status != 0) {
-    std::cout << "zel " << line << "\n" << good_.err;
-    ++now_.wrong;
-    return;
+  PutBack();
+  long const counted = Zel(line.words, kind).operations;
+  PutBack();
+  good_ = Zel(line.words, kind);
+  new_ = ContentsOf(Lib());
+  if (good_.status != 0) return Wrong(line, good_.err);
+  if (line.finding != nullptr && Has(good_.out, line.finding)) return Wrong(line, good_.out);
+  if (good_.operations != counted) {
+    return Wrong(line,
+                 std::to_string(counted) + " operations, then " + std::to_string(good_.operations));
   }
   now_.operations += good_.operations;
-  // Another one of each command, so that few runs see many places.
-  static long next = 1;
-  for (; next <= good_.operations; next += every_) {
-    if (ContentsOf(Lib()) != before_ || fs::exists(Lib() / ".own.lb1.zel-ready")) PutBack();
-    kind.operation = next;
-    TracedRun const run = Zel(line, kind);
+  // Other ones of each command, so that few runs see many places.
+  bool const isSpread = options_.runs > 0;
+  long const step =
+      isSpread ? std::max(1L, (counted + options_.runs - 1) / options_.runs) : options_.every;
+  long at = isSpread ? 1 + 37 * next_++ % step : next_;
+  for (; at <= counted; at += step) {
+    PutBack();
+    kind.operation = at;
+    FaultedRun const run = Zel(line.words, kind);
     ++now_.runs;
-    std::string const wrong = WrongWith(run);
+    std::string const wrong = WrongWith(line, run);
     if (wrong.empty()) {
       ++(run.status == 0 ? now_.right : now_.errors);
       continue;
     }
-    ++now_.wrong;
-    std::cout << "zel " << line << ": operation " << next << " of " << good_.operations << ", "
-              << run.failed << (kind.refuseMappings ? ", nothing mapped" : "") << ", error "
-              << kind.error << ": " << wrong << "\n"
-              << run.err;
+    Wrong(line, "operation " + std::to_string(at) + " of " + std::to_string(counted) + ", " +
+                    run.failed + (kind.refuseMappings ? ", nothing mapped" : "") + ", error " +
+                    std::to_string(kind.error) + ": " + wrong + "\n" + run.err);
   }
-  next -= good_.operations;
+  if (!isSpread) next_ = at - counted;
 }
 
 int Matrix::Run() {
   if (!MakeLibraries()) {
     std::cout << "this machine allows no tracing\n";
-    return 77;
+    return kSkipped;
   }
-  Fault const kinds[] = {{0, EIO, false, false}, {0, EIO, false, true}, {0, ENOSPC, true, false}};
+  Fault kinds[3];
+  kinds[0].error = kinds[1].error = EIO;
+  kinds[1].refuseMappings = true;
+  kinds[2].error = ENOSPC;
+  kinds[2].writesOnly = true;
   std::printf("%10s %8s %8s %8s %8s %8s  command\n", "operations", "runs", "right", "errors",
               "late", "wrong");
-  for (std::string const line : kCommands) {
-    if (line.find(only_) == std::string::npos) continue;
+  for (CommandLine const& line : kCommands) {
+    if (!Has(line.words, options_.only)) continue;
     now_ = {};
     for (Fault const& kind : kinds) Command(line, kind);
-    Print(now_, line);
-    all_.operations += now_.operations;
-    all_.runs += now_.runs;
-    all_.right += now_.right;
-    all_.errors += now_.errors;
-    all_.late += now_.late;
-    all_.wrong += now_.wrong;
+    Print(now_, line.words);
+    all_.Add(now_);
   }
   Print(all_, "all");
   return all_.wrong == 0 && all_.errors > 0 && all_.right > 0 ? 0 : 1;
@@ -295,12 +325,17 @@ int Matrix::Run() {
 }  // namespace zel::test
 
 int main(int count, char** words) {
-  long every = 1;
-  std::string only;
+  if (ZEL_SANITIZED) {
+    std::cout << "sanitizers make operations of their own\n";
+    return zel::test::kSkipped;
+  }
+  zel::test::Options options;
   for (int i = 1; i + 1 < count; i += 2) {
     std::string const option = words[i];
-    if (option == "--every") every = std::max(1L, std::atol(words[i + 1]));
-    if (option == "--only") only = words[i + 1];
+    if (option == "--every") options.every = std::max(1L, std::atol(words[i + 1]));
+    if (option == "--runs") options.runs = std::max(1L, std::atol(words[i + 1]));
+    if (option == "--only") options.only = words[i + 1];
+    if (option == "--zel") options.zel = words[i + 1];
   }
-  return zel::test::Matrix(every, only).Run();
+  return zel::test::Matrix(options).Run();
 }

@@ -65,6 +65,7 @@ constexpr Call kCalls[] = {
     {SYS_newfstatat, "fstatat", Names::kPathAt, 1, false},
     {SYS_access, "access", Names::kPath, 0, false},
     {SYS_rename, "rename", Names::kPath, 0, true},
+    {SYS_renameat, "renameat", Names::kPathAt, 1, true},
     {SYS_renameat2, "renameat2", Names::kPathAt, 1, true},
     {SYS_unlink, "unlink", Names::kPath, 0, false},
     {SYS_unlinkat, "unlinkat", Names::kPathAt, 1, false},
@@ -119,7 +120,7 @@ std::string TextIn(pid_t child, unsigned long long address) {
 
 class Tracer {
  public:
-  Tracer(pid_t child, std::string watched, Fault const& fault, TracedRun& run)
+  Tracer(pid_t child, std::string watched, Fault const& fault, FaultedRun& run)
       : child_(child), watched_(std::move(watched)), fault_(fault), run_(run) {}
 
   void Run() {
@@ -167,7 +168,10 @@ class Tracer {
       return;
     }
     if (fault_.writesOnly && !call->needsRoom) return;
-    if (++run_.operations != fault_.operation) return;
+    if (std::string(call->name).compare(0, fault_.calls.size(), fault_.calls) != 0) return;
+    long const number = ++run_.operations;
+    bool const fails = fault_.andAllAfter ? number >= fault_.operation : number == fault_.operation;
+    if (fault_.operation == 0 || !fails) return;
     run_.failed = call->name;
     Refuse(registers, fault_.error);
   }
@@ -181,7 +185,7 @@ class Tracer {
   pid_t child_;
   std::string watched_;
   Fault fault_;
-  TracedRun& run_;
+  FaultedRun& run_;
 };
 
 [[noreturn]] void BeProgram(std::vector<std::string>& words, std::string const& folder,
@@ -215,9 +219,9 @@ std::string TextOf(std::string const& path) {
 
 #if defined(__x86_64__)
 
-TracedRun RunTraced(std::vector<std::string> words, std::string const& folder,
-                    std::string const& watched, Fault const& fault) {
-  TracedRun run;
+FaultedRun RunFaulted(std::vector<std::string> words, std::string const& folder,
+                      std::string const& watched, Fault const& fault) {
+  FaultedRun run;
   std::string const out = watched + ".out";  // begins as what is watched does
   std::string const err = watched.substr(0, watched.rfind('/') + 1) + "err.txt";
   pid_t const child = ::fork();
@@ -235,9 +239,9 @@ TracedRun RunTraced(std::vector<std::string> words, std::string const& folder,
 
 #else  // registers of other processors are called otherwise
 
-TracedRun RunTraced(std::vector<std::string>, std::string const&, std::string const&,
-                    Fault const&) {
-  TracedRun run;
+FaultedRun RunFaulted(std::vector<std::string>, std::string const&, std::string const&,
+                      Fault const&) {
+  FaultedRun run;
   run.isTraced = false;
   return run;
 }

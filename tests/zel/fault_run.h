@@ -12,10 +12,12 @@ struct Fault {
   long operation = 0;           // 0: none fails
   int error = 0;                // what it gives
   bool writesOnly = false;      // count calls alone that can need room on the disk
+  std::string calls;            // count calls alone whose names begin so
+  bool andAllAfter = false;     // the counted operations that follow fail too
   bool refuseMappings = false;  // no file can be mapped: all reads and writes are system calls
 };
 
-struct TracedRun {
+struct FaultedRun {
   bool isTraced = true;  // false: the system does not allow it, and nothing was run
   int status = -1;       // 128 and the signal for a program that a signal ended
   long operations = 0;   // that were counted
@@ -26,7 +28,7 @@ struct TracedRun {
 
 // Runs `words`, the first of them a program's path, in `folder`. What lies under `watched`, an
 // absolute path without links, counts, and so does standard output.
-TracedRun RunTraced(std::vector<std::string> words, std::string const& folder,
-                    std::string const& watched, Fault const& fault);
+FaultedRun RunFaulted(std::vector<std::string> words, std::string const& folder,
+                      std::string const& watched, Fault const& fault);
 
 }  // namespace zel::test

@@ -2,8 +2,8 @@
 // line that says so, or needed that memory for nothing that shows; it never crashes, and a change
 // it was about happened as a whole or not at all.
 //
-// Requests are many, so that only some are refused: the environment variable ZEL_MEMORY_STEP sets
-// how many lie between two of them, 1 takes all.
+// Requests are many, so that only some are refused, at most fifty of a command; the environment
+// variable ZEL_MEMORY_STEP sets how many lie between two of them, 1 takes all.
 #include <algorithm>
 #include <cstdlib>
 
@@ -14,11 +14,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr long kStandardStep = 97;
+constexpr long kLeastStep = 97;
+constexpr long kMostRefusals = 50;
 
-long Step() {
+// Between two refusals of a command that makes so many requests.
+long StepOf(long requests) {
   char const* const given = std::getenv("ZEL_MEMORY_STEP");
-  return given == nullptr ? kStandardStep : std::max(1L, std::atol(given));
+  if (given != nullptr) return std::max(1L, std::atol(given));
+  return std::max(kLeastStep, requests / kMostRefusals);
 }
 
 class MemoryTest : public ChangeTest {
@@ -42,7 +45,8 @@ class MemoryTest : public ChangeTest {
     long const requests = std::atol(FileText(Folder() / "requests").c_str());
     ASSERT_GT(requests, 500) << words;
     int refusals = 0;
-    for (long at = 1; at <= requests; at += Step()) {
+    long const step = StepOf(requests);
+    for (long at = 1; at <= requests; at += step) {
       before();
       Outcome const outcome = Run(words, "ZEL_REFUSE_AT=" + std::to_string(at));
       SCOPED_TRACE(words + " at " + std::to_string(at) + ": " + outcome.err);

@@ -4,11 +4,14 @@ set(zel_TEST_SOURCES
     change_test.cpp
     commands_test.cpp
     documents_test.cpp
+    fault_run.cpp
+    folder_test.cpp
     identity_test.cpp
     kill_test.cpp
     interchange_test.cpp
     maintenance_test.cpp
     missing_test.cpp
+    moves_test.cpp
     output_test.cpp
     output_files_test.cpp
     memory_test.cpp

@@ -1,0 +1,147 @@
+// Each file that a command moves into place fails to move once, and each file that it looks for
+// cannot be looked at once: the folder is then as it was, the error is told, and no later command
+// goes on with what failed.
+#include <cerrno>
+#include <iterator>
+
+#include "tests/zel/change_fixture.h"
+#include "tests/zel/fault_run.h"
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+class MovesTest : public ChangeTest {
+ protected:
+  static Fault FailsAt(char const* calls) {
+    Fault fault;
+    fault.operation = 1;
+    fault.error = EIO;
+    fault.calls = calls;
+    return fault;
+  }
+  static Fault AndAllAfter() {
+    Fault fault = FailsAt("rename");
+    fault.andAllAfter = true;
+    return fault;
+  }
+  FaultedRun Run(Words words, Fault const& fault) const {
+    words.insert(words.begin(), ZEL_PROGRAM);
+    return RunFaulted(words, Own().string(), Own().string(), fault);
+  }
+  static bool IsTold(FaultedRun const& run) {
+    return run.status == 1 && run.err.find("Input/output error") != std::string::npos;
+  }
+  // The operation of each number fails, from that of `fault` on; calls `then(run)` after each.
+  template <typename Then>
+  void FailAll(Words const& words, Contents const& before, Fault fault, Then const& then) {
+    constexpr long kAtLeast = 2;
+    for (;; ++fault.operation) {
+      PutBack(before);
+      FaultedRun const run = Run(words, fault);
+      if (!run.isTraced) GTEST_SKIP() << "this machine allows no tracing";
+      SCOPED_TRACE(words[0] + ", " + std::to_string(fault.operation) + ": " + run.err);
+      if (run.failed.empty()) {
+        EXPECT_EQ(run.status, 0);
+        EXPECT_GT(run.operations, kAtLeast);
+        EXPECT_FALSE(Now() == before);
+        return;
+      }
+      then(run);
+    }
+  }
+  void IsAsItWas(Contents const& before) const {
+    EXPECT_TRUE(Now() == before);
+    for (char const* name : {"own", "new"}) Zel(std::string("info own/") + name + ".lb1");
+    EXPECT_TRUE(Now() == before) << "after the next command";
+  }
+  void EachMove(Words const& words, Contents const& before) {
+    FailAll(words, before, FailsAt("rename"), [&](FaultedRun const& run) {
+      EXPECT_TRUE(IsTold(run));
+      IsAsItWas(before);
+    });
+  }
+  // A look that fails may be one that nothing depends on.
+  void EachLook(Words const& words, Contents const& before) {
+    PutBack(before);
+    ASSERT_EQ(Run(words, {}).status, 0);
+    Contents const whole = Now();
+    FailAll(words, before, FailsAt("fstatat"), [&](FaultedRun const& run) {
+      EXPECT_TRUE(Seen() == (run.status == 0 ? whole : before));
+      Good("info own/own.lb1");
+      EXPECT_TRUE(Seen() == (run.status == 0 ? whole : before)) << "after the next command";
+    });
+  }
+  // Without what a command may leave for the next one to clear away.
+  Contents Seen() const {
+    Contents seen = Now();
+    for (auto file = seen.begin(); file != seen.end();) {
+      file = file->first.find(".zel-") == std::string::npos ? std::next(file) : seen.erase(file);
+    }
+    return seen;
+  }
+  // Then nothing can go back either until the next command, by which the library is the old one.
+  void EachMoveAndAllAfter(Words const& words) {
+    FailAll(words, old_, AndAllAfter(), [&](FaultedRun const& run) {
+      EXPECT_TRUE(IsTold(run));
+      Good("info own/own.lb1");
+      EXPECT_TRUE(Now() == old_);
+    });
+  }
+  // Three components, and what a folder has of their documents.
+  Contents MakeComponents() const {
+    for (char const* id : {"ETHANOL", "WATER", "BENZENE"}) {
+      Good(std::string("copy perry.lb1 few.lb1 --create --bank PERRY --item ") + id);
+    }
+    return {{"ETHANOL.xml", "old"}, {"WATER.xml", "old too"}};
+  }
+
+  Words const export_ = {"export", "../few.lb1", "-o", "./", "--component-files"};
+};
+
+TEST_F(MovesTest, Set) { EachMove({"set", "own.lb1", "--description", "x"}, old_); }
+TEST_F(MovesTest, CopyThatMakesALibrary) {
+  EachMove({"copy", "own.lb1", "new.lb1", "--create"}, old_);
+}
+TEST_F(MovesTest, CopyThatAddsAFile) {
+  Good("create own/new.lb1");
+  EachMove({"copy", "own.lb1", "new.lb1"}, Now());
+}
+TEST_F(MovesTest, Export) {
+  EachMove(export_, MakeComponents());
+  EachMove(export_, {});
+}
+
+TEST_F(MovesTest, LooksOfACopyThatMakesALibrary) {
+  EachLook({"copy", "own.lb1", "new.lb1", "--create"}, old_);
+}
+TEST_F(MovesTest, LooksOfADeletion) {
+  EachLook({"delete", "own.lb1", "OCTANE", "--whole-bank"}, old_);
+}
+
+TEST_F(MovesTest, SetWhereNothingCanGoBack) {
+  EachMoveAndAllAfter({"set", "own.lb1", "--description", "x"});
+}
+
+// Documents that cannot go back are named, and no others are.
+TEST_F(MovesTest, ExportWhereNothingCanGoBack) {
+  Contents const before = MakeComponents();
+  int left = 0;
+  FailAll(export_, before, AndAllAfter(), [&](FaultedRun const& run) {
+    EXPECT_TRUE(IsTold(run));
+    std::size_t const list = run.err.find("; these are new already: ");
+    std::string const named = list == std::string::npos ? "" : run.err.substr(list);
+    for (auto const& [name, bytes] : Now()) {
+      auto const old = before.find(name);
+      bool const isNew = old == before.end() || old->second != bytes;
+      EXPECT_EQ(named.find("/" + name) != std::string::npos, isNew) << name;
+      if (isNew) ++left;
+    }
+  });
+  EXPECT_GT(left, 2);
+}
+
+}  // namespace
+}  // namespace zel::test
