@@ -55,7 +55,7 @@ bool ReadAll(int file, std::size_t sizeHint, std::string& text) {
 }  // namespace
 
 TextFile::TextFile(std::string const& path)
-    : file_(OpenEmpty(path.c_str())), buffer_(new char[kBufferBytes]) {}
+    : buffer_(new char[kBufferBytes]), file_(OpenEmpty(path.c_str())) {}
 
 TextFile::~TextFile() { Close(); }
 

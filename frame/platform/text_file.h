@@ -35,10 +35,10 @@ class TextFile {
  private:
   void Flush();
 
+  std::unique_ptr<char[]> buffer_;  // first: no file is open yet where there is no memory for it
   int file_;
   bool lost_ = false;
   std::size_t used_ = 0;
-  std::unique_ptr<char[]> buffer_;
 };
 
 enum class ReadResult : std::uint8_t { kRead, kMissing, kUnreadable };

@@ -1,10 +1,12 @@
 #include "frame/units/uom.h"
 
+#include <cerrno>
 #include <cmath>
 #include <cstddef>
 #include <fstream>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -36,9 +38,12 @@ bool IsForm(int form) {
   return form == static_cast<int>(UnitForm::kText) || form == static_cast<int>(UnitForm::kKeyword);
 }
 
-// No more than one byte beyond what a table may have.
+// No more than one byte beyond what a table may have. Throws std::bad_alloc, where the stream only
+// says that it is not open.
 bool ReadFile(char const* path, std::string& bytes) {
+  errno = 0;
   std::ifstream file(path, std::ios::binary);
+  if (!file && errno == ENOMEM) throw std::bad_alloc();
   if (!file) return false;
   bytes.resize(kMostTableBytes + 1);
   file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));

@@ -2,13 +2,13 @@
 #include <zelaccess/LibMaint_p.h>
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <optional>
 
 #include "change_options.h"
 #include "command.h"
 #include "failure.h"
+#include "input_file.h"
 #include "item_key.h"
 #include "output_file.h"
 #include "progress.h"
@@ -247,7 +247,7 @@ Report Export(Options const& o) {
 
 // The library tells nothing of an index that it could not write: a whole one ends its last line.
 void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty) {
-  std::ifstream file(index, std::ios::binary);
+  std::ifstream file = OpenInput(index);
   auto const size = file ? fs::file_size(index) : 0;
   char last = '\n';
   if (size > 0) file.seekg(-1, std::ios::end).get(last);

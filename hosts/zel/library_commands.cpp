@@ -4,13 +4,13 @@
 
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <optional>
 
 #include "change_options.h"
 #include "command.h"
 #include "failure.h"
+#include "input_file.h"
 #include "library.h"
 
 namespace zelhost {
@@ -142,7 +142,7 @@ Report Info(Options const& o) {
 
 // A file without a line's worth of text is no mistake, one that is no text is.
 std::string FileText(std::string const& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file = OpenInput(path);
   if (!file || std::filesystem::is_directory(path)) throw Failure(path + ": cannot be read");
   std::string text(std::istreambuf_iterator<char>(file), {});
   if (text.find('\0') != std::string::npos) throw Failure(path + ": is no text");

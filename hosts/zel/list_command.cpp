@@ -3,11 +3,11 @@
 #include <zelaccess/ZelAccess.h>
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
 
 #include "command.h"
 #include "failure.h"
+#include "input_file.h"
 #include "library.h"
 #include "output_file.h"
 #include "progress.h"
@@ -45,7 +45,7 @@ zel::compListSorts SortNamed(std::string const& word) {
 
 // A list begins with comments, which say that it is generated.
 bool IsList(std::string const& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file = OpenInput(path);
   return file.get() == ';';
 }
 

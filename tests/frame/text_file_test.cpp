@@ -9,6 +9,7 @@
 #include <new>
 
 #include "temp_folder.h"
+#include "tests/support/allocations.h"
 
 namespace zel::platform {
 namespace {
@@ -41,6 +42,22 @@ TEST_F(TextFileTest, ComesBackByteForByte) {
   ASSERT_TRUE(file.Close());
   ASSERT_EQ(ReadTextFile(Path("a"), text_), ReadResult::kRead);
   EXPECT_TRUE(text_ == written);
+}
+
+TEST_F(TextFileTest, WithoutMemoryForItsBufferNoFileStaysOpen) {
+  std::string const path = Path("a");
+  std::ptrdiff_t const before = OpenDescriptors();
+  bool isRefused = false;
+  {
+    test::AllocationWatch const watch(1);
+    try {
+      TextFile const file(path);
+    } catch (std::bad_alloc const&) {
+      isRefused = true;
+    }
+  }
+  EXPECT_TRUE(isRefused);
+  EXPECT_EQ(OpenDescriptors(), before);
 }
 
 TEST_F(TextFileTest, AFileThatGrowsWhileItIsReadIsReadToItsEnd) {

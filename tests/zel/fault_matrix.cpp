@@ -71,6 +71,7 @@ constexpr CommandLine kCommands[] = {
     {"create new.lb1 --description x", nullptr},
     {"set own.lb1 --description changed", nullptr},
     {"memo own.lb1 --bank PERRY --set changed", nullptr},
+    {"memo own.lb1 --file component.xml", nullptr},
     {"import own.lb1 component.xml --bank PERRY --replace", nullptr},
     {"import fresh.lb1 component.xml --bank PERRY --create", nullptr},
     {"copy own.lb1 other.lb1 --replace", nullptr},
