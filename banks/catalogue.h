@@ -34,8 +34,8 @@ struct BankType {
 // Null for a keyword that no type has; case does not matter.
 BankType const* FindBankType(std::string_view keyword) noexcept;
 
-// A bank of the type; null only for a keyword that no type has, where NewBank gives null for lack of
-// memory too. Throws std::bad_alloc.
+// A bank of the type; null only for a keyword that no type has, where NewBank gives null for lack
+// of memory too. Throws std::bad_alloc.
 IZelBankDef* NewKnownBank(char const* keyword);
 
 }  // namespace zel
