@@ -148,11 +148,13 @@ void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
   }
   std::int32_t* entry = nullptr;
   if (!bankTree_->GetCurrentData(entry)) return;
+  ExtentList const before = library_->Store().Extents();
   try {
-    WriteBlocks(bank, entry);
+    bank->WriteToFile(entry, library_);
     bankTree_->WriteCurrentNode();
   } catch (...) {
-    bankTree_->Delete(key);
+    library_->Store().Extents() = before;
+    bankTree_->Delete(key);  // from a leaf, where new entries are: the root stays
     throw;
   }
   EnterIdentifiers(bank);

@@ -11,6 +11,7 @@ set(maint_TEST_SOURCES
     log_test.cpp
     maint_fixture.cpp
     numbers_test.cpp
+    one_file_test.cpp
     pairs_test.cpp
     text_dump_test.cpp
     two_objects_test.cpp
