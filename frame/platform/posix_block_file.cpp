@@ -5,8 +5,8 @@
 // update gets the largest range that a file of tree nodes can have, once, so that addresses stay. A
 // write goes through the map only where the disk is known to have room, since a full disk would
 // show there as a signal: the room is asked for in growing steps, and the file is cut to its true
-// length at a flush and at the end. Without a map, and on file systems that cannot give room ahead,
-// positioned reads and writes serve.
+// length at a flush and at the end. Without a map, in files with large holes, which stay holes, and
+// on file systems that cannot give room ahead, positioned reads and writes serve.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -49,11 +49,12 @@ OpenOutcome OutcomeOf(int error) noexcept {
 
 class PosixBlockFile final : public BlockFile {
  public:
-  PosixBlockFile(Descriptor file, std::uint64_t size, bool writable, bool sync) noexcept
+  PosixBlockFile(Descriptor file, std::uint64_t size, bool hasHoles, bool writable,
+                 bool sync) noexcept
       : file_(std::move(file)),
         writable_(writable),
         sync_(sync),
-        mapWrites_(writable),
+        mapWrites_(writable && !hasHoles),
         size_(size),
         onDisk_(size),
         range_(writable ? kReservedRange : size) {}
@@ -211,11 +212,20 @@ class PosixFiles final : public FileSystem {
     if (!locked) return {lockOutcome, nullptr};
     if (!IsAt(path, info)) return {OpenOutcome::kDenied, nullptr};
     auto const size = static_cast<std::uint64_t>(info.st_size);
-    return {OpenOutcome::kOk,
-            std::make_unique<PosixBlockFile>(std::move(file), size, writable, sync_)};
+    return {OpenOutcome::kOk, std::make_unique<PosixBlockFile>(std::move(file), size,
+                                                               HasHoles(info), writable, sync_)};
   }
 
  private:
+  // Whether so much of the file was never written that room on disk for all of it is too much to
+  // ask for.
+  static bool HasHoles(struct stat const& file) noexcept {
+    constexpr std::uint64_t kUnit = 512;  // of st_blocks
+    auto const size = static_cast<std::uint64_t>(file.st_size);
+    std::uint64_t const held = static_cast<std::uint64_t>(file.st_blocks) * kUnit;
+    return size > held && size - held > kLargestStep;
+  }
+
   // False when somebody who held the lock has put another file in the place between the open and
   // the lock: what is written to the one of before would be lost.
   static bool IsAt(std::string const& path, struct stat const& opened) noexcept {

@@ -129,6 +129,27 @@ TEST_F(BlockFileTest, HolesOfAnExistingFileGetRoomBeforeTheyAreWritten) {
   EXPECT_EQ(LengthOnDisk(), 1 * kMiB);
 }
 
+TEST_F(BlockFileTest, LargeHolesOfAnExistingFileStayHoles) {
+  MakeFile("f", "start");
+  constexpr std::uint64_t kLength = 1024 * kMiB;
+  fs::resize_file(File(), kLength);
+  auto file = Open(OpenMode::kUpdate);
+  for (std::uint64_t const at : {std::uint64_t{5}, 500 * kMiB, kLength - 1, kLength}) {
+    EXPECT_EQ(file->WriteAt(at, "x", 1), 1) << at;
+    char read = 0;
+    EXPECT_EQ(file->ReadAt(at, &read, 1), 1) << at;
+    EXPECT_EQ(read, 'x') << at;
+  }
+  std::byte const* const view = file->View(500 * kMiB, 1);
+  ASSERT_NE(view, nullptr);
+  ASSERT_EQ(file->WriteAt(500 * kMiB, "y", 1), 1);
+  EXPECT_EQ(static_cast<char>(*view), 'y') << "a write shows in the map";
+  ASSERT_TRUE(file->Flush());
+  file.reset();
+  EXPECT_LT(static_cast<std::uint64_t>(Status().st_blocks) * 512, 2 * kMiB);
+  EXPECT_EQ(LengthOnDisk(), kLength + 1);
+}
+
 TEST_F(BlockFileTest, ViewsStayWhileTheFileGrows) {
   auto file = Open(OpenMode::kCreate);
   file->WriteAt(0, "start", 5);
