@@ -18,8 +18,8 @@
 //
 // Null pointers. An output that is null is not wanted, and the others come out as ever; a call
 // whose outputs are all null fails. A null array to be taken fails and changes nothing, unless none
-// of its elements would be taken; a null text
-// is the empty text. This holds for the interfaces of all types.
+// of its elements would be taken; a null text is the empty text. This holds for the interfaces of
+// all types.
 #ifndef ZELACCESS_BANKS_H
 #define ZELACCESS_BANKS_H
 

@@ -1,4 +1,5 @@
-// CompList: the list behind a component picker, and CompListBuild, which makes it from a library.
+// CompList: the list that a component picker shows, and CompListBuild, which makes it from a
+// library.
 #ifndef ZELACCESS_COMPLIST_H
 #define ZELACCESS_COMPLIST_H
 
@@ -55,7 +56,7 @@ class ZEL_API CompList {
   virtual void GetSort(std::int32_t& key, std::int32_t& descending) const = 0;
   virtual void ResetSort() = 0;
   // Of the text that is sorted by: "?" stands for one character, "*" for any, letters compare
-  // without regard to case, and the text may go on behind the pattern. Null and empty mean "*".
+  // without regard to case, and the text may go on after the pattern. Null and empty mean "*".
   virtual void SetFilter(char const* pattern) = 0;
   // Valid until the next call on this list.
   virtual char const* GetFilter() const = 0;
@@ -85,8 +86,9 @@ class ZEL_API CompListBuild {
   CompListBuild& operator=(CompListBuild const&) { return *this; }  // copies nothing
 
   // Tidies names, IDs and formulas, makes the orders and writes the list file, all twelve columns;
-  // an empty or null path writes none. False when the file cannot be opened. Components of a
-  // protected library come without boiling point and molecular weight.
+  // an empty or null path writes none. A file that is there is emptied and written anew, also
+  // through a symbolic link. False when the file cannot be opened. Components of a protected
+  // library come without boiling point and molecular weight.
   virtual bool BuildList(LibFile* library, char const* bankName, char const* path) = 0;
 
  protected:

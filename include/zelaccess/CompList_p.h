@@ -28,6 +28,7 @@ class ZEL_API CompListBuild_p : public CompListBuild {
   virtual void AddFormula(char const* formula) = 0;
   // Fills the list and its six orders.
   virtual void SortRecords() = 0;
+  // As BuildList writes it.
   virtual bool WriteList(char const* path) = 0;
   // The number of rows of the list, further IDs and formulas included.
   virtual std::int32_t CountOrders() = 0;

@@ -59,7 +59,8 @@ class ZEL_API LibFile {
   // library grows, not truncated. Null on failure, with the reason in `error`.
   // `path` names the first file and ends in ".lb1" in any case; `name` is for display.
   // Files that are made, here or at a later first write to them, have mode 0600 whatever the umask:
-  // a host that shares its folder opens them to others with chmod.
+  // a host that shares its folder opens them to others with chmod. A symbolic link in the place of
+  // a file is followed.
   static LibFile* NewLibFile(libTypes type, char const* path, char const* name, openErrors& error);
   static LibFile* NewLibFile(libTypes type, char const* path, openErrors& error);
 
@@ -79,7 +80,7 @@ class ZEL_API LibFile {
   static void StatusLibFile(char const* path, libTypes& type, openErrors& error);
 
   // Closes and ends the library and nulls the handle; does nothing on null. A last flush that
-  // fails, as on a full disk, is told to nobody but GetLostFlushes: call FlushLibFile before, which
+  // fails, as on a full disk, is reported by GetLostFlushes alone: call FlushLibFile before, which
   // throws.
   static void DelLibFile(LibFile*& library);
 
@@ -133,7 +134,7 @@ class ZEL_API LibFile {
 };
 
 // How many libraries of this process were ended while their last flush failed, since load:
-// DelLibFile has nobody to throw to, and what was not flushed is lost. `path` (260 characters) and
+// DelLibFile cannot throw, and what was not flushed is lost. `path` (260 characters) and
 // `address` get the path and the block error of the last one, "" and 0 when there was none; either
 // may be null. For any thread at any time.
 ZEL_API std::int32_t GetLostFlushes(char* path, unsigned long* address);

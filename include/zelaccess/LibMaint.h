@@ -33,7 +33,7 @@ class LibFile;
 //
 // Several objects may work on one library in turn. An item that one has read is found again before
 // it is rewritten when another has written to the library since, and is not rewritten when it is
-// gone. A walk keeps to what stood there when it began: no other object writes while it runs.
+// gone. A walk keeps to what was there when it began: no other object writes while it runs.
 //
 // Use a new key for each item: a key that is used again keeps the words that are not set anew, and
 // so can read, overwrite or delete an item of before (Key.h).
@@ -49,7 +49,7 @@ class ZEL_API LibMaint {
   LibMaint& operator=(LibMaint const&) { return *this; }  // copies nothing
 
   // Component number of a CAS number or character ID, 0 when neither the library nor the name index
-  // knows it; `fromNameIndex` tells that the name index did.
+  // knows it; `fromNameIndex` is set when the name index did.
   virtual std::int32_t FindNumberByCas(casn const& number, bool& fromNameIndex) = 0;
   virtual std::int32_t FindNumberByCas(casn const& number) = 0;
   virtual std::int32_t FindNumberById(char const* id, bool& fromNameIndex) = 0;
@@ -125,11 +125,13 @@ class ZEL_API LibMaint {
   // import goes on after an error, the next bank or item empties the text. The text is this
   // object's and valid until its next import, or its end: copy it where it must last.
   virtual char const* GetLastErrorText() const = 0;
-  // Folder, file name and extension count where `path` has them; otherwise the files stand beside
+  // Folder, file name and extension count where `path` has them; otherwise the files lie beside
   // the library under names made from library, bank and component, with ".xml". Files that are
-  // there are replaced. False when a file cannot be opened or written, or what is asked for is not
-  // there. `writeBanner` adds a block for a maintenance log, `componentFiles` gives each component
-  // of a bank a file of its own; forms without them take the switches of LibMaint_p.
+  // there are emptied and written anew, also through a symbolic link in their place: a host that
+  // writes to a folder of others checks it first, or exports to a fresh folder and moves. False
+  // when a file cannot be opened or written, or what is asked for is not there. `writeBanner` adds
+  // a block for a maintenance log, `componentFiles` gives each component of a bank a file of its
+  // own; forms without them take the switches of LibMaint_p.
   virtual bool ExportLibrary(char const* path, bool writeBanner, bool componentFiles) = 0;
   virtual bool ExportLibrary(char const* path, bool writeBanner) = 0;
   virtual bool ExportLibrary(char const* path) = 0;
@@ -152,7 +154,7 @@ class ZEL_API LibMaint {
                                char const (*types)[9], char (*names)[9]) = 0;
   // Writes tab-separated indexes beside a library, in place of those that are there: <name>.bnk
   // lists its banks, <name>.<bank>.cmp the components of each pure component bank. What cannot be
-  // written does not appear.
+  // written does not appear. A symbolic link in the place of one is removed and not followed.
   virtual void WriteTextDump(LibFile* library) = 0;
 
  protected:

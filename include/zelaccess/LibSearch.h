@@ -32,7 +32,13 @@ class LibFile;
 //
 // All failures are quiet: false, and the bank is cleared. Block errors of LibFile pass through as
 // exceptions; the bank then holds what was read before. Libraries are not owned: a host that closes
-// one, or changes a bank that has been located, calls a Set operation first.
+// one calls a Set operation first.
+//
+// A located bank is searched through the tree that it had when it was located. LibSearch does not
+// notice that another object, a LibMaint on the same library for one, has written to the bank,
+// deleted from it or deleted it: items can then be missed, old values found, or blocks read that
+// hold something else by now. After each such change, and before the next search, call a Set
+// operation; it locates the banks again.
 //
 // One object belongs to one thread, together with its libraries (LibFile.h).
 class ZEL_API LibSearch {
@@ -55,7 +61,7 @@ class ZEL_API LibSearch {
   // Clears the bank and fills it from the first located bank that has the key, turned round for a
   // pair asked for in the other order. With `allBanks` a pure component is merged from all banks,
   // the first one winning each datum; other types ignore the flag. What was found is completed
-  // (IZelBankIO::Complete). By pairs GetSource then tells "Multiple" when several banks gave data,
+  // (IZelBankIO::Complete). By pairs GetSource then gives "Multiple" when several banks gave data,
   // and GetSourceFlags which. False when there is nothing.
   virtual bool Search(Key* key, IZelBankDef* bank, bool allBanks) = 0;
 

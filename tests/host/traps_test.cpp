@@ -1,8 +1,11 @@
-// What surprises a host, as the headers tell it.
+// What surprises a host, as the headers say.
 #include <zelaccess/ZelAccess.h>
 
 #include <csignal>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include <sys/resource.h>
@@ -96,6 +99,35 @@ TEST_F(TrapsTest, NumberBeyond32BitsWraps) {
 }
 
 // As LibMaint.h tells: CreateBank refuses a name of nine characters, DeleteBank cuts it.
+// Exports, lists and new libraries go where a link in their place leads; a text dump replaces it.
+TEST_F(TrapsTest, WrittenFilesFollowSymbolicLinks) {
+  auto library = NewLibrary("own.lb1");
+  zel::Handle<zel::LibMaint> maint(zel::LibMaint::NewLibMaint(library.get()));
+  ASSERT_TRUE(maint->CreateBank("PURECOMP", "A", 0));
+  for (char const* const name : {"bank.xml", "list.txt", "new.lb1", "own.bnk"}) {
+    std::string const target = Path(std::string("target of ") + name);
+    std::ofstream(target) << "before";
+    std::filesystem::create_symlink(target, Path(name));
+  }
+  auto const target = [&](std::string const& name) {
+    std::ifstream written(Path("target of " + name), std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(written), {});
+  };
+  EXPECT_TRUE(maint->ExportBank("PURECOMP", "A", Path("bank.xml").c_str()));
+  EXPECT_NE(target("bank.xml").find("<bank"), std::string::npos);
+  zel::Handle<zel::CompList> list(zel::CompList::NewCompList());
+  EXPECT_TRUE(list->GetBuilder()->BuildList(library.get(), "A", Path("list.txt").c_str()));
+  EXPECT_NE(target("list.txt"), "before");
+  NewLibrary("new.lb1")->FlushLibFile();
+  EXPECT_GT(target("new.lb1").size(), 1000U);
+  for (char const* const name : {"bank.xml", "list.txt", "new.lb1"}) {
+    EXPECT_TRUE(std::filesystem::is_symlink(Path(name))) << name;
+  }
+  maint->WriteTextDump(library.get());
+  EXPECT_EQ(target("own.bnk"), "before");
+  EXPECT_FALSE(std::filesystem::is_symlink(Path("own.bnk")));
+}
+
 TEST_F(TrapsTest, DeleteBankCutsNames) {
   auto const library = NewLibrary("a.lb1");
   zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(library.get()));
