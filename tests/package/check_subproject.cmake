@@ -1,7 +1,8 @@
 # Builds the library as a static one within another project: it installs nothing unless told so, and then
-# its package and its pkg-config file serve programs, with a library folder outside the prefix.
+# its package and its pkg-config file serve programs, with folders of the library and of the headers outside
+# the prefix, and zel works without a shared library.
 #   cmake -D WORK_DIR=<scratch> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D GENERATOR=<build tool>
-#         -D VERSION=<version> -P check_subproject.cmake
+#         -D VERSION=<version> -D ZEL=<ON when zel is to be built> -P check_subproject.cmake
 cmake_minimum_required(VERSION 3.21)
 
 function(run)
@@ -21,17 +22,35 @@ function(install_parent prefix)
   run(${CMAKE_COMMAND} --install ${WORK_DIR}/build)
 endfunction()
 
-file(REMOVE_RECURSE ${WORK_DIR}/plain ${WORK_DIR}/whole ${WORK_DIR}/lib ${WORK_DIR}/host)
+file(REMOVE_RECURSE ${WORK_DIR}/plain ${WORK_DIR}/whole ${WORK_DIR}/lib ${WORK_DIR}/inc ${WORK_DIR}/host
+     ${WORK_DIR}/data)
 
-install_parent(${WORK_DIR}/plain -U ZELACCESS_INSTALL -U CMAKE_INSTALL_LIBDIR)
+install_parent(${WORK_DIR}/plain -U ZELACCESS_INSTALL -U ZELACCESS_ZEL -U CMAKE_INSTALL_LIBDIR
+               -U CMAKE_INSTALL_INCLUDEDIR)
 file(GLOB_RECURSE installed RELATIVE ${WORK_DIR}/plain ${WORK_DIR}/plain/*)
 if(NOT installed STREQUAL "bin/parent")
   message(FATAL_ERROR "a subproject installed files of its own: ${installed}")
 endif()
 
-install_parent(${WORK_DIR}/whole -D ZELACCESS_INSTALL=ON -D CMAKE_INSTALL_LIBDIR=${WORK_DIR}/lib)
-if(NOT EXISTS ${WORK_DIR}/lib/libZelAccess.a)
-  message(FATAL_ERROR "no libZelAccess.a in ${WORK_DIR}/lib")
+install_parent(${WORK_DIR}/whole -D ZELACCESS_INSTALL=ON -D ZELACCESS_ZEL=${ZEL}
+               -D CMAKE_INSTALL_LIBDIR=${WORK_DIR}/lib -D CMAKE_INSTALL_INCLUDEDIR=${WORK_DIR}/inc)
+foreach(file lib/libZelAccess.a inc/zelaccess/LibMaint_p.h)
+  if(NOT EXISTS ${WORK_DIR}/${file})
+    message(FATAL_ERROR "no ${file} in ${WORK_DIR}")
+  endif()
+endforeach()
+if(EXISTS ${WORK_DIR}/whole/include)
+  message(FATAL_ERROR "headers are below the prefix, not in ${WORK_DIR}/inc")
+endif()
+
+if(ZEL)
+  file(MAKE_DIRECTORY ${WORK_DIR}/data)
+  run(${WORK_DIR}/whole/bin/zel create ${WORK_DIR}/data/own.lb1)
+  run(${WORK_DIR}/whole/bin/zel check ${WORK_DIR}/data/own.lb1)
+  file(GLOB_RECURSE shared ${WORK_DIR}/lib/*.so* ${WORK_DIR}/whole/*.so*)
+  if(shared)
+    message(FATAL_ERROR "shared libraries are installed: ${shared}")
+  endif()
 endif()
 
 run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${WORK_DIR}/host
@@ -42,8 +61,8 @@ run(${WORK_DIR}/host/small_host)
 set(ENV{PKG_CONFIG_PATH} ${WORK_DIR}/lib/pkgconfig)
 execute_process(COMMAND pkg-config --cflags --libs zelaccess RESULT_VARIABLE failed
                 OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE)
-if(failed OR NOT flags MATCHES "-L${WORK_DIR}/lib ")
-  message(FATAL_ERROR "pkg-config does not know the library in ${WORK_DIR}/lib: ${flags}")
+if(failed OR NOT flags MATCHES "-L${WORK_DIR}/lib " OR NOT flags MATCHES "-I${WORK_DIR}/inc ")
+  message(FATAL_ERROR "pkg-config does not know lib and inc of ${WORK_DIR}: ${flags}")
 endif()
 separate_arguments(flags UNIX_COMMAND "${flags}")
 run(${COMPILER} -std=c++17 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/small_host.cpp
