@@ -10,15 +10,17 @@ namespace zelhost {
 namespace {
 
 constexpr double kWidth = 800;
-constexpr double kHeight = 500;
+constexpr double kHeight = 500;  // without warnings
 constexpr double kLeft = 90;
 constexpr double kRight = 20;
-constexpr double kTop = 40;
+constexpr double kTitle = 40;
+constexpr double kWarningLine = 16;
+constexpr std::size_t kWarningWidth = 110;  // characters
 constexpr double kBottom = 60;
 constexpr double kTick = 5;
 constexpr int kTicksX = 8;
 constexpr int kTicksY = 7;
-// Told apart also by those who do not see all colours.
+// Distinct also to people who do not see all colours.
 constexpr char const* kColours[] = {"#0072b2", "#d55e00", "#009e73", "#cc79a7",
                                     "#e69f00", "#56b4e9", "#000000"};
 
@@ -33,6 +35,19 @@ std::string Escaped(std::string const& text) {
     }
   }
   return out;
+}
+
+// Lines of a warning, broken at blanks.
+std::vector<std::string> LinesOf(std::string text) {
+  std::vector<std::string> lines;
+  while (text.size() > kWarningWidth) {
+    std::size_t const blank = text.rfind(' ', kWarningWidth);
+    if (blank == std::string::npos || blank == 0) break;
+    lines.push_back(text.substr(0, blank));
+    text.erase(0, blank + 1);
+  }
+  lines.push_back(std::move(text));
+  return lines;
 }
 
 struct Range {
@@ -82,6 +97,11 @@ std::vector<double> LogTicks(double low, double high, int count) {
 class Plotter {
  public:
   explicit Plotter(Chart const& chart) : chart_(chart) {
+    for (std::string const& warning : chart.warnings) {
+      for (std::string& line : LinesOf(warning)) warnings_.push_back(std::move(line));
+    }
+    top_ = kTitle + kWarningLine * static_cast<double>(warnings_.size());
+    height_ = kHeight - kTitle + top_;
     for (ChartLine const& line : chart.lines) {
       for (auto const& vertex : line.vertices) {
         if (!Shown(vertex.y)) continue;
@@ -101,8 +121,12 @@ class Plotter {
         "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {0} {1}\" width=\"{0}\" "
         "height=\"{1}\" font-family=\"sans-serif\" font-size=\"12\">\n"
         "<rect width=\"{0}\" height=\"{1}\" fill=\"white\"/>\n",
-        kWidth, kHeight);
+        kWidth, height_);
     Print(kWidth / 2, 24, "middle", chart_.title, " font-size=\"16\"");
+    for (std::size_t i = 0; i < warnings_.size(); ++i) {
+      double const y = kTitle + kWarningLine * static_cast<double>(i);
+      Print(kWidth / 2, y, "middle", warnings_[i], " fill=\"#b00000\"");
+    }
     Axes();
     for (std::size_t i = 0; i < chart_.lines.size(); ++i) Line(i);
     out_ += "</svg>\n";
@@ -116,7 +140,7 @@ class Plotter {
     return kLeft + (x - x_.low) / (x_.high - x_.low) * (kWidth - kLeft - kRight);
   }
   double AtY(double scaled) const {
-    return kHeight - kBottom - (scaled - y_.low) / (y_.high - y_.low) * (kHeight - kTop - kBottom);
+    return height_ - kBottom - (scaled - y_.low) / (y_.high - y_.low) * (height_ - top_ - kBottom);
   }
 
   void Print(double x, double y, char const* anchor, std::string const& text,
@@ -131,9 +155,9 @@ class Plotter {
   }
 
   void Axes() {
-    double const floor = kHeight - kBottom;
+    double const floor = height_ - kBottom;
     for (double const tick : Ticks(x_.low, x_.high, kTicksX)) {
-      Stroke(AtX(tick), kTop, AtX(tick), floor, "#e0e0e0");
+      Stroke(AtX(tick), top_, AtX(tick), floor, "#e0e0e0");
       Stroke(AtX(tick), floor, AtX(tick), floor + kTick, "black");
       Print(AtX(tick), floor + 18, "middle", fmt::format("{:g}", tick));
     }
@@ -146,10 +170,10 @@ class Plotter {
       Print(kLeft - 8, at + 4, "end", fmt::format("{:.4g}", value));
     }
     Stroke(kLeft, floor, kWidth - kRight, floor, "black");
-    Stroke(kLeft, kTop, kLeft, floor, "black");
-    Print((kLeft + kWidth - kRight) / 2, kHeight - 15, "middle", chart_.xLabel);
-    Print(18, (kTop + floor) / 2, "middle", chart_.yLabel,
-          fmt::format(" transform=\"rotate(-90 18 {:.1f})\"", (kTop + floor) / 2));
+    Stroke(kLeft, top_, kLeft, floor, "black");
+    Print((kLeft + kWidth - kRight) / 2, height_ - 15, "middle", chart_.xLabel);
+    Print(18, (top_ + floor) / 2, "middle", chart_.yLabel,
+          fmt::format(" transform=\"rotate(-90 18 {:.1f})\"", (top_ + floor) / 2));
   }
 
   // A polyline per stretch of one kind; stretches meet in a common vertex.
@@ -191,12 +215,15 @@ class Plotter {
       out_ += fmt::format("<circle cx=\"{:.1f}\" cy=\"{:.1f}\" r=\"4\" fill=\"{}\"/>\n",
                           AtX(mark.x), AtY(Scaled(mark.y)), colour);
     }
-    double const y = kTop + 14 + 18 * static_cast<double>(number);
+    double const y = top_ + 14 + 18 * static_cast<double>(number);
     Stroke(kLeft + 12, y - 4, kLeft + 36, y - 4, colour);
     Print(kLeft + 42, y, "start", line.label);
   }
 
   Chart const& chart_;
+  std::vector<std::string> warnings_;
+  double top_ = kTitle;  // of the area of the curves
+  double height_ = kHeight;
   Range x_;
   Range y_;
   std::string out_;

@@ -21,11 +21,13 @@ struct Chart {
   std::string title;
   std::string xLabel;
   std::string yLabel;
-  bool logarithmic = false;  // of y; values not above 0 are left out
+  bool logarithmic = false;           // of y; values not above 0 are left out
+  std::vector<std::string> warnings;  // below the title
   std::vector<ChartLine> lines;
 };
 
-// 800 by 500 points, axes with ticks at round numbers, extrapolated parts dashed, limits as dots.
+// 800 by 500 points, higher by the lines of its warnings; axes with ticks at round numbers,
+// extrapolated parts dashed, limits as dots.
 std::string ToSvg(Chart const& chart);
 
 // Round numbers within low and high, about `count` of them. Both finite, low below high.

@@ -6,6 +6,7 @@
 
 #include "chart.h"
 #include "command.h"
+#include "curve_faults.h"
 #include "failure.h"
 #include "output_file.h"
 #include "sources.h"
@@ -32,7 +33,8 @@ struct Options {
 zel::ZelCorrelationInfo const& CorrelationNamed(std::string const& word) {
   zel::ZelCorrelationInfo const* const found = FindCorrelation(word);
   if (found == nullptr) {
-    throw Failure("\"" + word + "\" is no correlation, or the beginning of several; `zel types " +
+    throw Failure("\"" + word +
+                  "\" is not a correlation, or is the beginning of several; `zel types " +
                   kPureType + "` lists them");
   }
   return *found;
@@ -43,6 +45,22 @@ Curve CurveOf(PureComponent const& component, zel::ZelCorrelationInfo const& inf
   Curve const curve = component.ReadCurve(IndexOf(info));
   if (!curve.present) throw Failure("component " + word + " has no " + info.name);
   return curve;
+}
+
+// "component XXX, VaporPressure: " and what is wrong with its record; empty when nothing is.
+std::string WarningOf(std::string const& component, zel::ZelCorrelationInfo const& info,
+                      Curve const& curve) {
+  std::string const fault = FaultOf(curve);
+  return fault.empty() ? "" : "component " + component + ", " + info.name + ": " + fault;
+}
+
+// The error where not one value comes out.
+Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& info,
+                Curve const& curve) {
+  std::string const warning = WarningOf(component, info, curve);
+  if (!warning.empty()) return Failure(warning);
+  return Failure("component " + component + ", " + info.name + ": equation " +
+                 std::to_string(curve.equation) + " has no value at these temperatures");
 }
 
 // In the record's unit.
@@ -93,26 +111,30 @@ Report Eval(Options const& o) {
     columns.push_back({"d" + power + "/dT" + power, value + "/" + unit + power});
   }
   columns.push_back({"range", ""});
+  std::string const warning = WarningOf(o.component, info, curve);
+  if (!warning.empty()) report.Warning("warning", warning);
   Table& table = report.Begin("points", columns);
+  bool hasAny = false;
   for (double const temperature : Temperatures(o, curve, o.component)) {
     Point const point = component.At(IndexOf(info), temperature);
     std::vector<Cell> row;
     row.push_back(temperature);
-    double const none = zel::gen_GetUndefDouble();
-    row.push_back(Number(point.there ? point.value : none));
+    row.push_back(Number(point.value));
     for (int order = 1; order <= o.derivatives; ++order) {
-      Point const slope = component.At(IndexOf(info), temperature, order);
-      row.push_back(Number(slope.there ? slope.slope : none));
+      row.push_back(Number(component.At(IndexOf(info), temperature, order).slope));
     }
+    hasAny = hasAny || point.there;
     row.push_back(point.there ? StatusText(point.status) : "no value");
     table.Add(std::move(row));
   }
+  if (!hasAny) throw NoValue(o.component, info, curve);
   sources.AddWarnings(report);
   return report;
 }
 
 // One curve for a chart, over temperatures in K.
 struct Drawn {
+  std::string word;  // of the command line
   std::string label;
   std::unique_ptr<PureComponent> component;
   Curve curve;
@@ -136,12 +158,12 @@ std::vector<Drawn> Collect(Options const& o, zel::ZelCorrelationInfo const& info
       Curve curve = component->ReadCurve(IndexOf(info));
       if (!curve.present) continue;
       std::string label = component->ReadIdentity().name + ", " + sources.Name(i);
-      drawn.push_back({std::move(label), std::move(component), std::move(curve)});
+      drawn.push_back({word, std::move(label), std::move(component), std::move(curve)});
     }
     if (o.each && drawn.size() > before) continue;
     Curve curve = CurveOf(*merged, info, word);
     std::string label = merged->ReadIdentity().name;
-    drawn.push_back({std::move(label), std::move(merged), std::move(curve)});
+    drawn.push_back({word, std::move(label), std::move(merged), std::move(curve)});
   }
   return drawn;
 }
@@ -191,6 +213,9 @@ ChartLine LineOf(Drawn const& one, std::uint32_t index, Span const& span) {
 }
 
 Report Plot(Options const& o) {
+  if (IsStandardOutput(o.output) && OutputForm() != Form::kText) {
+    throw WrongUsage("--json and a chart on standard output exclude each other");
+  }
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
   Sources sources(o.sources);
   std::vector<Drawn> const drawn = Collect(o, info, sources);
@@ -200,11 +225,24 @@ Report Plot(Options const& o) {
   chart.xLabel = "T [K]";
   chart.yLabel = *info.unit == '\0' ? info.name : info.name + (" [" + std::string(info.unit)) + "]";
   chart.logarithmic = o.logarithmic;
-  for (Drawn const& one : drawn) chart.lines.push_back(LineOf(one, IndexOf(info), span));
+  std::string warnings;
+  for (Drawn const& one : drawn) {
+    chart.lines.push_back(LineOf(one, IndexOf(info), span));
+    if (chart.lines.back().vertices.empty()) throw NoValue(one.word, info, one.curve);
+    std::string const warning = WarningOf(one.word, info, one.curve);
+    if (warning.empty()) continue;
+    warnings += (warnings.empty() ? "" : "\n") + warning;
+    chart.warnings.push_back("Warning: " + warning);
+  }
+  for (IdentityConflict const& conflict : sources.Accepted()) {
+    chart.warnings.push_back("Warning: " + ToText(conflict));
+  }
   WriteFile(o.output, ToSvg(chart));
   Report report;
+  if (IsStandardOutput(o.output)) return report;  // the chart alone
   report.Fact("written", o.output);
   report.Fact("lines", static_cast<std::int64_t>(drawn.size()));
+  if (!warnings.empty()) report.Warning("warning", warnings);
   sources.AddWarnings(report);
   return report;
 }
@@ -229,7 +267,7 @@ void AddCurveCommands(CLI::App& app) {
   plot.Argument("CORRELATION", o->correlation, "its name or the beginning of it")
       .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several");
   AddSourceOptions(plot, o->sources);
-  plot.Required("-o,--output", o->output, "the SVG file", "FILE")
+  plot.Required("-o,--output", o->output, "the SVG file; - is standard output", "FILE")
       .Option("--from", o->from, "lowest temperature, in K without a unit", "T")
       .Option("--to", o->to, "highest temperature, in K without a unit", "T")
       .Flag("--log", o->logarithmic, "logarithmic values")

@@ -60,16 +60,15 @@ std::string ToText(IdentityConflict const& conflict) {
   SourcedIdentity const& one = conflict.found[conflict.one];
   SourcedIdentity const& other = conflict.found[conflict.other];
   return "component " + conflict.word + " is " + ToText(one.identity) + " in " + one.source +
-         " and " + ToText(other.identity) + " in " + other.source +
-         "; --accept-identity takes them for one";
+         " and " + ToText(other.identity) + " in " + other.source;
 }
 
 void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report) {
   if (conflicts.empty()) return;
   std::vector<std::string> words;
   for (IdentityConflict const& conflict : conflicts) words.push_back(conflict.word);
-  report.Fact("identity warning",
-              "the sources contradict each other about what this is: " + CellText(Texts(words)));
+  report.Warning("identity warning",
+                 "the sources contradict each other about what this is: " + CellText(Texts(words)));
   Table& table = report.Begin("identities", {{"component", ""},
                                              {"source", ""},
                                              {"number", ""},

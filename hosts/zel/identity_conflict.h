@@ -33,13 +33,13 @@ struct IdentityConflict {
 // Nothing when no two contradict each other.
 std::optional<IdentityConflict> ConflictIn(std::string const& word,
                                            std::vector<SourcedIdentity> found);
-// Names both identities and what to do.
+// Names both identities.
 std::string ToText(IdentityConflict const& conflict);
 
-// A fact and a table with all that was found.
+// A warning and a table with all that was found.
 void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report);
 
-// Holds every component of several banks against those of the banks before that have its number,
+// Compares every component of several banks with those of the banks before that have its number,
 // one of its IDs or its CAS number.
 class IdentityAcross {
  public:

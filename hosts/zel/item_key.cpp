@@ -67,8 +67,7 @@ Component ParseComponent(std::string const& word) {
     return number;
   }
   if (word.empty() || word.size() > kIdLength) {
-    throw NotAComponent(word, "\"" + word + "\" is no component ID, which has 1 to 8 characters; " +
-                                  "`zel find LIBRARY --name` looks a component up by its name");
+    throw NotAComponent(word, "\"" + word + "\" is no component ID, which has 1 to 8 characters");
   }
   return UpperCase(word);
 }

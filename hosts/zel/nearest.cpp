@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 #include "pure_component.h"
 
@@ -17,7 +18,7 @@ bool IsCas(std::string const& word) {
          word.find_first_not_of("0123456789-") == std::string::npos;
 }
 
-// What a word of this form is held against.
+// What a word of this form is compared with.
 std::vector<std::string> NamesLike(std::string const& word, Identity const& identity) {
   if (IsNumber(word)) return {std::to_string(identity.number)};
   if (IsCas(word)) return {identity.cas};
@@ -62,26 +63,52 @@ ComponentBanks BanksKnownTo(Library const& library) {
   return banks;
 }
 
+namespace {
+
+// How far a name may be from the word that was meant to be it.
+std::size_t Furthest(std::string const& word) {
+  constexpr std::size_t kLettersPerMistake = 3;
+  return std::max<std::size_t>(1, word.size() / kLettersPerMistake);
+}
+
+// The distance of a name that the word may mean: within the furthest, or any of a name that begins
+// with the word.
+std::optional<std::size_t> DistanceOf(std::string const& word, std::string const& name) {
+  std::size_t const most = Furthest(word);
+  std::size_t const difference =
+      std::max(word.size(), name.size()) - std::min(word.size(), name.size());
+  bool const isBeginning = !IsNumber(word) && !IsCas(word) && name.rfind(word, 0) == 0;
+  if (isBeginning) return difference;
+  if (name.empty() || difference > most) return std::nullopt;
+  std::size_t const distance = EditDistance(word, name);
+  return distance <= most ? std::optional(distance) : std::nullopt;
+}
+
+}  // namespace
+
 std::string NearestTo(std::string const& word, ComponentBanks const& banks) {
   std::string const wanted = UpperCase(word);
   std::size_t least = SIZE_MAX;
+  bool hasAny = false;
   Identity nearest;
   for (auto const& [library, bank] : banks) {
     PureComponent const component;
     std::int32_t words[10] = {};
     library->Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
     while (library->Maint().NextItem(words, component.Def())) {
+      hasAny = true;
       Identity identity = component.ReadIdentity();
       for (std::string const& name : NamesLike(wanted, identity)) {
-        std::size_t const distance = name.empty() ? SIZE_MAX : EditDistance(wanted, name);
-        if (distance >= least) continue;
-        least = distance;
+        std::optional<std::size_t> const distance = DistanceOf(wanted, name);
+        if (!distance || *distance >= least) continue;
+        least = *distance;
         nearest = identity;
       }
     }
     library->Maint().EndItemWalk();
   }
-  return least == SIZE_MAX ? "" : "; the nearest ID is " + Described(wanted, nearest);
+  if (least != SIZE_MAX) return "; the nearest ID is " + Described(wanted, nearest);
+  return hasAny ? "; `zel find " + banks.front().first->Path() + "` lists components" : "";
 }
 
 }  // namespace zelhost

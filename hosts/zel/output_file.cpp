@@ -14,6 +14,7 @@
 #include <new>
 #include <vector>
 
+#include "command.h"
 #include "failure.h"
 #include "folder.h"
 #include "library.h"
@@ -33,13 +34,9 @@ struct FileCloser {
   throw Failure(path + ": cannot be written: " + std::strerror(errno));
 }
 
-// As rename does, the last part of the path is not followed where it is a link.
-void WriteWhole(std::string const& target, std::string const& shownAs, std::string const& text,
-                int flags) {
-  // Standard output has a place in its file, which a second open would not share.
-  int const descriptor = target == "/dev/stdout"
-                             ? ::dup(STDOUT_FILENO)
-                             : ::open(target.c_str(), flags | O_WRONLY | O_CLOEXEC, kNewFileMode);
+void WriteNew(std::string const& target, std::string const& shownAs, std::string const& text) {
+  int const descriptor =
+      ::open(target.c_str(), O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC, kNewFileMode);
   if (descriptor < 0) Refuse(shownAs);
   std::unique_ptr<std::FILE, FileCloser> file(::fdopen(descriptor, "wb"));
   if (!file) {
@@ -51,8 +48,7 @@ void WriteWhole(std::string const& target, std::string const& shownAs, std::stri
   if (!good) Refuse(shownAs);
 }
 
-// Paths of the system itself, /dev/stdout for one, are links that the system follows; any other
-// link is replaced and never written through.
+// Links there, /dev/stderr for one, belong to the system and are not replaced.
 bool IsOfSystem(std::filesystem::path const& path) {
   std::string const text = std::filesystem::absolute(path).lexically_normal().string();
   return text.rfind("/dev/", 0) == 0 || text.rfind("/proc/", 0) == 0;
@@ -140,9 +136,7 @@ std::int64_t OutputFolder::MoveInto() {
   std::vector<FileMove> moves;
   for (std::string const& name : NamesIn(folder_)) {
     std::filesystem::path const target = target_ / name;
-    if (std::filesystem::is_directory(target)) {
-      throw Failure(target.string() + ": cannot be written: it is a folder");
-    }
+    RefuseSpecialFile(target.string());
     moves.push_back({PathOf(name), target.string(), HowMoved::kNot});
   }
   for (FileMove& move : moves) {
@@ -162,18 +156,28 @@ void RefuseLibraryPath(std::string const& path) {
   }
 }
 
+void RefuseSpecialFile(std::string const& path) {
+  namespace fs = std::filesystem;
+  fs::file_status const there = fs::symlink_status(path);
+  if (!fs::exists(there) || fs::is_regular_file(there)) return;
+  if (fs::is_symlink(there) && !IsOfSystem(path)) {
+    if (!fs::is_directory(path)) return;
+    throw Failure(path + ": cannot be written: it is a link to a folder");
+  }
+  throw Failure(path + ": cannot be written: it is " +
+                (fs::is_directory(there) ? "a folder" : "not a regular file"));
+}
+
+bool IsStandardOutput(std::string const& path) { return path == "-" || path == "/dev/stdout"; }
+
 void WriteFile(std::string const& path, std::string const& text) {
   if (path.empty()) throw WrongUsage("the name of the output is empty");
+  if (IsStandardOutput(path)) return Write(text);
   RefuseLibraryPath(path);
-  namespace fs = std::filesystem;
-  if (IsOfSystem(path)) return WriteWhole(path, path, text, 0);
-  fs::file_status const there = fs::symlink_status(path);
-  bool const isPlain = !fs::exists(there) || fs::is_regular_file(there) || fs::is_symlink(there);
-  // A pipe, for one, is written as it is.
-  if (!isPlain) return WriteWhole(path, path, text, O_NOFOLLOW);
-  fs::path const target = fs::absolute(path);
+  RefuseSpecialFile(path);
+  std::filesystem::path const target = std::filesystem::absolute(path);
   OutputFolder folder(target.parent_path(), path);
-  WriteWhole(folder.PathOf(target.filename().string()), path, text, O_CREAT | O_EXCL | O_NOFOLLOW);
+  WriteNew(folder.PathOf(target.filename().string()), path, text);
   folder.MoveInto();
 }
 

@@ -8,8 +8,8 @@
 namespace zelhost {
 
 // Writes the whole file, or leaves what was there: the text goes into a file in a fresh folder
-// beside it first. A symbolic link in the place is replaced and not followed; a device or pipe is
-// written as it is. Throws Failure with the reason.
+// beside it first. A symbolic link in the place is replaced and not followed. Throws Failure with
+// the reason, and for what RefuseSpecialFile refuses.
 void WriteFile(std::string const& path, std::string const& text);
 
 // A hidden folder beside what is to be written, in which documents are made; it goes with its
@@ -22,7 +22,7 @@ class OutputFolder {
   OutputFolder& operator=(OutputFolder const&) = delete;
   ~OutputFolder();
 
-  // Of a file in it; of the folder, with a separator behind it, for an empty name.
+  // Of a file in it; of the folder, with a separator after it, for an empty name.
   std::string PathOf(std::string const& name) const { return folder_ + "/" + name; }
   // Moves all files to the target, in the place of what is there; gives their number. When one
   // cannot be moved, those before it go back, and Failure is thrown; where the file system cannot
@@ -33,6 +33,13 @@ class OutputFolder {
   std::filesystem::path target_;
   std::string folder_;
 };
+
+// The paths that mean standard output, "-" and /dev/stdout.
+bool IsStandardOutput(std::string const& path);
+
+// Throws Failure where a folder, a pipe, a device or a link of the system is in the place of an
+// output. Nothing is opened, so that no pipe makes a command wait.
+void RefuseSpecialFile(std::string const& path);
 
 // Throws Failure for a path that ends as those of a library's files do, .lb1 to .lb9: no document
 // takes their place.

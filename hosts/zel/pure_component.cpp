@@ -1,6 +1,8 @@
 #include "pure_component.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "library.h"
 
@@ -201,14 +203,28 @@ Curve PureComponent::ReadCurve(std::uint32_t index) const {
   return curve;
 }
 
+// A form without a value leaves the number that it was given, which the steps after it may change.
+// None of them changes a NaN, but for an extrapolation, whose value at the bound is asked for then.
 Point PureComponent::At(std::uint32_t index, double temperature, std::int32_t order) const {
   Point point;
+  auto const valueAt = [&](double at, double& slope, std::int32_t& status) {
+    double value = std::numeric_limits<double>::quiet_NaN();
+    bool const failed = face_->EvaluateCorrelation(index, at, order, &value, &slope, nullptr,
+                                                   &status) == zel::kStatusFailed;
+    return failed ? std::numeric_limits<double>::quiet_NaN() : value;
+  };
   double const none = zel::gen_GetUndefDouble();
-  point.value = none;
-  point.slope = none;
-  zel::ZelStatus const status = face_->EvaluateCorrelation(index, temperature, order, &point.value,
-                                                           &point.slope, nullptr, &point.status);
-  point.there = status != zel::kStatusFailed && !zel::gen_IsUndefDouble(point.value);
+  double slope = none;
+  double const value = valueAt(temperature, slope, point.status);
+  point.there = std::isfinite(value) && !zel::gen_IsUndefDouble(value);
+  if (point.there && point.status != 0) {
+    Curve const curve = ReadCurve(index);
+    double unused = none;
+    std::int32_t inside = 0;
+    point.there = !std::isnan(valueAt(point.status > 0 ? curve.tMax : curve.tMin, unused, inside));
+  }
+  point.value = point.there ? value : none;
+  point.slope = point.there ? slope : none;
   return point;
 }
 

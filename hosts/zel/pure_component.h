@@ -55,7 +55,7 @@ struct Curve {
   std::string source;
 };
 
-// One value of a correlation.
+// One value of a correlation; value and slope are undefined where there is none.
 struct Point {
   bool there = false;
   double value = 0.0;

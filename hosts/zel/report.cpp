@@ -59,6 +59,10 @@ void Report::Fact(std::string name, Cell value) {
   facts_.push_back({std::move(name), std::move(value)});
 }
 
+void Report::Warning(std::string name, Cell value) {
+  facts_.push_back({std::move(name), std::move(value), true});
+}
+
 Table& Report::Begin(std::string name, std::vector<Column> columns) {
   return tables_.emplace_back(std::move(name), std::move(columns));
 }

@@ -29,7 +29,7 @@ Cell Texts(std::vector<std::string> const& texts);
 Cell Code(std::uint32_t code);
 // 7 significant digits.
 std::string Digits(double value);
-// As text stands in a table.
+// As a table of text shows it.
 std::string CellText(Cell const& cell);
 
 // Cells one after another. A list in braces must not be used: where memory ends in the middle of
@@ -44,7 +44,7 @@ std::vector<Cell> RowOf(Values&&... values) {
 
 struct Column {
   std::string name;       // the head in text and CSV, the member in JSON
-  std::string unit;       // stands in brackets behind the head; in JSON under "units" of the report
+  std::string unit;       // in brackets after the head; in JSON under "units" of the report
   bool optional = false;  // left out of text that would be too wide
 };
 
@@ -72,11 +72,13 @@ class Table {
 class Report {
  public:
   void Fact(std::string name, Cell value);
+  // A fact that every form shows: CSV, which has no facts, in a table "warnings".
+  void Warning(std::string name, Cell value);
   // The table stays valid as long as no further one is begun.
   Table& Begin(std::string name, std::vector<Column> columns);
   void Add(Table table);
   // The change that the report is about. It happens when the text of the report is made, so that
-  // lack of memory for the text leaves no change behind.
+  // lack of memory for the text means no change.
   void SetChange(std::function<void()> change) { change_ = std::move(change); }
   // False when the report is about none.
   bool MakeChange();
@@ -84,6 +86,7 @@ class Report {
   struct NamedFact {
     std::string name;
     Cell value;
+    bool isWarning = false;
   };
   std::vector<NamedFact> const& Facts() const { return facts_; }
   std::vector<Table> const& Tables() const { return tables_; }
@@ -97,7 +100,8 @@ class Report {
 enum class Form { kText, kJson, kCsv };
 
 // As the form has it: text within 80 columns where texts can be broken; JSON as one object; CSV the
-// tables, with their names in front and an empty line between them where there are several.
+// tables and warnings, with their names in front and an empty line between them where there are
+// several.
 std::string Print(Report const& report, Form form);
 
 }  // namespace zelhost

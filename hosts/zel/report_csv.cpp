@@ -55,12 +55,19 @@ void PrintTable(Table const& table, std::string& out) {
 }  // namespace
 
 std::string PrintCsv(Report const& report) {
+  Table warnings("warnings", {{"warning", ""}, {"text", ""}});
+  for (auto const& fact : report.Facts()) {
+    if (fact.isWarning) warnings.Add(fact.name, fact.value);
+  }
+  std::vector<Table const*> tables;
+  for (Table const& table : report.Tables()) tables.push_back(&table);
+  if (!warnings.Empty()) tables.push_back(&warnings);
   std::string out;
-  bool const titled = report.Tables().size() > 1;
-  for (Table const& table : report.Tables()) {
+  bool const titled = tables.size() > 1;
+  for (Table const* const table : tables) {
     if (!out.empty()) out += '\n';
-    if (titled) out += CsvText(table.Name()) + '\n';
-    PrintTable(table, out);
+    if (titled) out += CsvText(table->Name()) + '\n';
+    PrintTable(*table, out);
   }
   return out;
 }

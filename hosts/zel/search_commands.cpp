@@ -62,7 +62,7 @@ void AddWarning(PureComponent const& component, Report& report) {
   std::uint8_t flag = 0;
   char text[260] = {};
   component->GetConsistencyWarning(&flag, text);
-  if (flag != 0) report.Fact("warning", Text(text));
+  if (flag != 0) report.Warning("warning", Text(text));
 }
 
 Report Search(Options const& o) {
@@ -112,7 +112,7 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, Sources con
   report.Fact("unit", Text(info.unit));
   report.Fact("state", std::string(Word(state)));
   Table table("sources", {{"source", ""}, {"value", ""}, {"code", ""}, {"result", ""}});
-  // Libraries of one file name are told apart by the row that won.
+  // The row that won distinguishes libraries of one file name.
   std::string from = merged.ConstantSource(info.index);
   bool won = false;
   for (std::size_t i = 0; i < sources.Count(); ++i) {
@@ -191,7 +191,7 @@ struct Covered {
   std::vector<std::string> numbers;
 };
 
-// A library's own components tell its numbers; one without components takes the common ones.
+// A library's own components give its numbers; one without components takes the common ones.
 Covered NumbersOf(std::string const& word, PureComponent const& merged, Sources const& sources) {
   zel::ZelIdentity const identity = merged.Compared();
   std::string const common = std::to_string(identity.number);
@@ -306,13 +306,13 @@ void AddSearchCommands(CLI::App& app) {
   search.Argument("COMPONENT", o->component, "by number, ID or CAS number");
   AddSourceOptions(search, o->sources);
   search.Run(Outputs::kJson, [o] { return Search(*o); });
-  Command why(app, "why", "Tell where one datum of a component comes from",
+  Command why(app, "why", "Show where one datum of a component comes from",
               "zel why ETHANOL TC -l perry.lb1 -l crc.lb1");
   why.Argument("COMPONENT", o->component, "by number, ID or CAS number")
       .Argument("DATUM", o->datum, "keyword of a constant or name of a correlation");
   AddSourceOptions(why, o->sources);
   why.Run(Outputs::kJson, [o] { return Why(*o); });
-  Command coverage(app, "coverage", "Tell what components have, and what is missing",
+  Command coverage(app, "coverage", "Show what components have, and what is missing",
                    "zel coverage ETHANOL WATER BENZENE -l perry.lb1 -l sample.lb1");
   coverage.Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several");
   AddSourceOptions(coverage, o->sources);

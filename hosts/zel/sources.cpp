@@ -86,7 +86,7 @@ bool Sources::Read(std::size_t i, std::string const& word, PureComponent const& 
 void Sources::Judge(std::string const& word, std::vector<SourcedIdentity> found) {
   std::optional<IdentityConflict> conflict = ConflictIn(word, std::move(found));
   if (!conflict) return;
-  if (!acceptIdentity_) throw Failure(ToText(*conflict));
+  if (!acceptIdentity_) throw Failure(ToText(*conflict) + "; --accept-identity takes them for one");
   accepted_.push_back(std::move(*conflict));
 }
 
@@ -112,8 +112,7 @@ void Sources::Search(std::string const& word, PureComponent& component) {
   }
   std::string names;
   for (std::size_t i = 0; i < Count(); ++i) names += (i == 0 ? "" : ", ") + Name(i);
-  throw Failure("component " + word + " is not in " + names + NearestTo(word, banks) +
-                "; `zel find` looks for names");
+  throw Failure("component " + word + " is not in " + names + NearestTo(word, banks));
 }
 
 }  // namespace zelhost

@@ -39,6 +39,7 @@ class Sources {
   void Search(std::string const& word, PureComponent& component);
   // What was accepted: call it when the report has its other tables.
   void AddWarnings(Report& report) const { AddConflicts(accepted_, report); }
+  std::vector<IdentityConflict> const& Accepted() const { return accepted_; }
 
  private:
   struct Place {

@@ -97,6 +97,37 @@ TEST_F(IdentityTest, AcceptedItIsAWarningInEveryOutput) {
   }
 }
 
+TEST_F(IdentityTest, AcceptedItIsAWarningInCsvAndInTheChart) {
+  std::string const sources = " --accept-identity -l number.lb1 -l crc.lb1";
+  for (std::string const words : {"eval 10000112 VaporP", "coverage 10000112"}) {
+    std::string const csv = Good(words + sources + " --csv");
+    EXPECT_NE(csv.find("\nidentities\ncomponent,source,number,"), std::string::npos) << csv;
+    EXPECT_NE(csv.find("\nwarnings\nwarning,text\nidentity warning,the sources contradict"),
+              std::string::npos)
+        << csv;
+  }
+  EXPECT_EQ(Good("eval 10000112 VaporP -l crc.lb1 --csv").find("warning"), std::string::npos);
+  for (char const* each : {"", " --each"}) {
+    Good("plot VaporP 10000112 -o p.svg" + sources + each);
+    std::string svg = FileText(Folder() / "p.svg");
+    // Long lines are broken.
+    std::string const next = "</text>";
+    std::string text;
+    for (std::size_t at = svg.find("fill=\"#b00000\">"); at != std::string::npos;
+         at = svg.find("fill=\"#b00000\">", at)) {
+      at = svg.find('>', at) + 1;
+      std::string const line = svg.substr(at, svg.find(next, at) - at);
+      EXPECT_LE(line.size(), 110U);
+      text += (text.empty() ? "" : " ") + line;
+    }
+    EXPECT_EQ(text,
+              "Warning: component 10000112 is Water (10000112, AQUA, 7732-18-5, H2O) in "
+              "number.lb1:OWN and Butane (10000112, NBUTANE, 106-97-8, C4H10) in crc.lb1:CRC");
+  }
+  Good("plot VaporP NBUTANE -o p.svg -l crc.lb1");
+  EXPECT_EQ(FileText(Folder() / "p.svg").find("Warning"), std::string::npos);
+}
+
 TEST_F(IdentityTest, OneSubstanceInOtherWordsIsMerged) {
   for (char const* library : {"same.lb1", "silent.lb1"}) {
     json const report = Json("search 10000112 -l " + std::string(library) + " -l crc.lb1");

@@ -1,4 +1,4 @@
-// Numbers that rest on nothing, and components that nobody has.
+// Numbers that rest on nothing, and components that no one has.
 #include "tests/zel/zel_fixture.h"
 
 namespace zel::test {
@@ -114,6 +114,29 @@ TEST_F(MissingTest, UnknownComponentIsAnErrorThatNamesTheNearest) {
     EXPECT_EQ(outcome.out, "") << row.words;
     EXPECT_NE(outcome.err.find(row.text), std::string::npos) << row.words << "\n" << outcome.err;
   }
+}
+
+// A name is suggested within a third of the letters, or to complete what was typed.
+TEST_F(MissingTest, NothingFarAwayIsSuggested) {
+  struct {
+    char const* word;
+    char const* text;
+  } const rows[] = {{"XYLITOL9", "not in crc.lb1:CRC; `zel find crc.lb1` lists components"},
+                    {"QJXVW", "not in crc.lb1:CRC; `zel find crc.lb1` lists components"},
+                    {"99", "not in crc.lb1:CRC; `zel find crc.lb1` lists components"},
+                    {"7783-06-4x", "characters; `zel find crc.lb1` lists components"},
+                    {"CYCLOHEXA", "the nearest ID is CYCLOHEX (Cyclohexane)"},
+                    {"CYCLOHEXXXE", "the nearest ID is CYCLOHEX (Cyclohexane)"},
+                    {"ETHANO", "the nearest ID is ETHANOL (Ethanol)"},
+                    {"64-17-50", "CAS number"}};
+  for (auto const& row : rows) {
+    Outcome const outcome = Zel("search '" + std::string(row.word) + "' -l crc.lb1");
+    EXPECT_EQ(outcome.status, 1) << row.word;
+    EXPECT_NE(outcome.err.find(row.text), std::string::npos) << row.word << "\n" << outcome.err;
+  }
+  EXPECT_EQ(Zel("search QJXVW -l crc.lb1").err.find("nearest"), std::string::npos);
+  EXPECT_NE(Zel("show crc.lb1 CRC QJXVWQ").err.find("`zel find crc.lb1` lists components"),
+            std::string::npos);
 }
 
 TEST_F(MissingTest, PairThatIsNotThereOfKnownComponents) {
