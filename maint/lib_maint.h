@@ -106,6 +106,7 @@ class LibMaint_i final : public LibMaint_p {
                     std::int32_t expected) override;
   void SetImportChecks(zelImportChecks checks) override { importChecks_ = checks; }
   void GetImportCounts(ZelImportCounts& counts) override { counts = importCounts_; }
+  void SetLogSink(ZelLogSink* sink) override { log_.SetSink(sink); }
 
   zelImportChecks ImportChecks() const noexcept { return importChecks_; }
   // What runs on this library report to; its pending text is the cause of the last failed step.

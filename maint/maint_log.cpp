@@ -15,12 +15,6 @@ constexpr std::size_t kTypeWidth = 8;
 // One call per line, so that lines of other writers do not fall into it.
 void WriteLine(std::string const& line) { std::fwrite(line.data(), 1, line.size(), stdout); }
 
-void WriteReport(std::string_view kind, std::string_view text) {
-  std::string line = "*** " + TopDocumentFile();
-  line.append(kind).append(text).append("\n");
-  WriteLine(line);
-}
-
 }  // namespace
 
 std::string MaintLog::Labelled(std::string_view message) const {
@@ -29,23 +23,44 @@ std::string MaintLog::Labelled(std::string_view message) const {
   return text.append(message);
 }
 
-bool MaintLog::ReportError(std::string_view message) {
+void MaintLog::Say(bool isError, std::string const& text, LogDetail const& detail) const {
+  if (level_ == kSilent) return;
+  std::string const document = TopDocumentFile();
+  if (sink_ == nullptr) {
+    WriteLine("*** " + document + (isError ? " : error : " : " : warning : ") + text + "\n");
+    return;
+  }
+  ZelLogLine line;
+  line.isError = isError;
+  line.kind = detail.kind;
+  line.document = document.c_str();
+  line.line = detail.line;
+  line.message = text.c_str();
+  line.before = detail.before.c_str();
+  line.after = detail.after.c_str();
+  sink_->Line(line);
+}
+
+bool MaintLog::ReportError(std::string_view message, LogDetail const& detail) {
   ++errorCount_;
   errorFlag_ = true;
   lastError_ = Labelled(message.empty() ? std::string_view(pendingText_) : message);
   pendingText_.clear();
-  if (level_ == kSilent) return false;
-  WriteReport(" : error : ", lastError_);
-  return true;
+  Say(true, lastError_, detail);
+  return level_ != kSilent;
 }
 
-void MaintLog::ReportWarning(std::string_view message) {
+void MaintLog::ReportWarning(std::string_view message, LogDetail const& detail) {
   ++warningCount_;
-  if (level_ != kSilent) WriteReport(" : warning : ", Labelled(message));
+  if (level_ != kSilent) Say(false, Labelled(message), detail);
 }
 
 void MaintLog::ShowBankProgress(std::string_view type, std::string_view name) const {
   if (level_ == kSilent) return;
+  if (sink_ != nullptr) {
+    sink_->BankBegins(std::string(type).c_str(), std::string(name).c_str());
+    return;
+  }
   std::string line = "  ";
   if (level_ == kAlignedTypes && type.size() < kTypeWidth)
     line.append(kTypeWidth - type.size(), ' ');

@@ -1,27 +1,38 @@
-// What a maintenance run has to say: errors and warnings, counted always and written to standard
+// What a maintenance run reports: errors and warnings, counted always and written to standard
 // output unless the log is silent.
 //
-// A line reads `*** file : error : label - message`, with the file on top of the documents being
-// read and the label of the item at hand.
+// A host's sink takes the place of standard output. A line reads `*** file : error : label -
+// message`, with the file on top of the documents being read and the label of the item at hand.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "zelaccess/Interchange.h"
+
 namespace zel {
+
+// What a report is about, for a host's sink.
+struct LogDetail {
+  zelLogKinds kind = logOther;
+  std::int32_t line = 0;  // of the document; 0 when none is known
+  std::string before;
+  std::string after;
+};
 
 class MaintLog {
  public:
   // 0 silent, and the first error ends a run; otherwise lines are written and a run goes on.
   void SetLevel(std::int32_t level) noexcept { level_ = level; }
+  void SetSink(ZelLogSink* sink) noexcept { sink_ = sink; }
   bool IsSilent() const noexcept { return level_ == 0; }
 
   // An error; an empty message takes the pending text in its place, which is used up either way.
   // Gives the verdict: true when the run may go on.
-  bool ReportError(std::string_view message);
-  void ReportWarning(std::string_view message);
-  // A line that tells a bank begins; nothing when silent.
+  bool ReportError(std::string_view message, LogDetail const& detail = {});
+  void ReportWarning(std::string_view message, LogDetail const& detail = {});
+  // A line that says that a bank begins; nothing when silent.
   void ShowBankProgress(std::string_view type, std::string_view name) const;
 
   // Names the item that later reports are about.
@@ -43,7 +54,9 @@ class MaintLog {
 
  private:
   std::string Labelled(std::string_view message) const;
+  void Say(bool isError, std::string const& text, LogDetail const& detail) const;
 
+  ZelLogSink* sink_ = nullptr;
   std::int32_t level_ = 0;
   bool errorFlag_ = false;
   std::int32_t errorCount_ = 0;

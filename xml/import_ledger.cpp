@@ -35,12 +35,14 @@ constexpr std::string_view kPlurals[DocumentLedger::kKinds] = {"banks", "items",
 struct Group {
   std::int64_t found = 0;
   std::int64_t missing = 0;
-  std::string lines;  // of those that are missing, the first ones
+  std::int32_t firstLine = 0;  // of those that are missing
+  std::string lines;           // of the first ones of them
 
   void Add(bool arrived, std::int32_t line) {
     constexpr std::int64_t kMostLines = 8;
     ++found;
     if (arrived) return;
+    if (missing == 0) firstLine = line;
     if (++missing <= kMostLines) lines += (missing == 1 ? "" : ", ") + std::to_string(line);
     if (missing == kMostLines + 1) lines += ", ...";
   }
@@ -87,20 +89,21 @@ std::int64_t DocumentLedger::Stored(Kind kind) const noexcept {
                        [&](Entry const& entry) { return entry.kind == kind && entry.arrived; });
 }
 
-std::vector<std::string> DocumentLedger::Differences() const {
+std::vector<DocumentLedger::Difference> DocumentLedger::Differences() const {
   std::map<std::pair<std::size_t, Kind>, Group> groups;
   for (Entry const& entry : entries_) {
     groups[{entry.parent, entry.kind}].Add(entry.arrived, entry.line);
   }
-  std::vector<std::string> lines;
+  std::vector<Difference> differences;
   for (auto const& [place, group] : groups) {
     if (group.missing == 0) continue;
-    lines.push_back(TitleOf(parents_[place.first]) + ": " + std::to_string(group.missing) + " of " +
-                    std::to_string(group.found) + " " + std::string(kPlurals[place.second]) +
-                    (place.second == kImport ? " not followed" : " not stored") + ", on line " +
-                    group.lines);
+    std::string text =
+        TitleOf(parents_[place.first]) + ": " + std::to_string(group.missing) + " of " +
+        std::to_string(group.found) + " " + std::string(kPlurals[place.second]) +
+        (place.second == kImport ? " not followed" : " not stored") + ", on line " + group.lines;
+    differences.push_back({std::move(text), group.firstLine});
   }
-  return lines;
+  return differences;
 }
 
 }  // namespace zel

@@ -3,7 +3,7 @@
 // Each document is entered before it is walked, by its own structure and not by the walk, which
 // does not reach all of it: a component without an identity ends its bank, and of a document that
 // an included one includes nothing is read after the tag. What is walked reports its arrival; what
-// did not arrive is told when the document is done with.
+// did not arrive is reported when the document is done with.
 #pragma once
 
 #include <cstdint>
@@ -29,8 +29,12 @@ class DocumentLedger {
 
   std::int64_t Found(Kind kind) const noexcept { return found_[kind]; }
   std::int64_t Stored(Kind kind) const noexcept;
-  // One line of each element and kind of its children of which some did not arrive.
-  std::vector<std::string> Differences() const;
+  // Children of one kind of one element of which some did not arrive.
+  struct Difference {
+    std::string text;
+    std::int32_t line;  // of the first of them
+  };
+  std::vector<Difference> Differences() const;
 
  private:
   struct Entry {

@@ -8,7 +8,7 @@
 
 namespace zel {
 
-// The words that are told without checks too are those of bounds; all else stays as hosts know it.
+// Without checks only the reasons of bounds are reported; all else stays as hosts know it.
 ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadDocument>& document,
                                   std::string& message) {
   std::string const title = " XML document \"" + path + "\"";
@@ -73,13 +73,20 @@ bool ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   counts.itemsStored += ledger.Stored(DocumentLedger::kItem);
   counts.componentsFound += ledger.Found(DocumentLedger::kComponent);
   counts.componentsStored += ledger.Stored(DocumentLedger::kComponent);
+  counts.banksFound += ledger.Found(DocumentLedger::kBank);
+  counts.banksStored += ledger.Stored(DocumentLedger::kBank);
+  counts.textsFound += ledger.Found(DocumentLedger::kText);
+  counts.textsStored += ledger.Stored(DocumentLedger::kText);
+  counts.importsFound += ledger.Found(DocumentLedger::kImport);
+  counts.importsFollowed += ledger.Stored(DocumentLedger::kImport);
   if (!texts.On() || (log.IsSilent() && log.HasErrors())) return true;
-  for (std::string const& line : ledger.Differences()) {
+  for (DocumentLedger::Difference const& difference : ledger.Differences()) {
     log.SetItemLabel("");
-    // What an error has told before is not one more.
+    LogDetail const detail = {logLostPart, difference.line, {}, {}};
+    // What an error has reported before is not one more.
     if (!texts.Refuses() || log.HasErrors()) {
-      log.ReportWarning(line);
-    } else if (!log.ReportError(line)) {
+      log.ReportWarning(difference.text, detail);
+    } else if (!log.ReportError(difference.text, detail)) {
       return false;
     }
   }

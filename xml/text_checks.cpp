@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "frame/number_text.h"
 #include "store/packed_text.h"
@@ -74,37 +75,49 @@ std::string Fault(Form form, char const* what) {
 
 }  // namespace
 
-void TextChecks::Say(bool isError, XmlNode at, std::string_view attribute, std::string_view words) {
+void TextChecks::Say(bool isError, XmlNode at, std::string_view attribute, std::string_view words,
+                     LogDetail detail) {
+  detail.line = at.Line();
   std::string message = "line " + std::to_string(at.Line()) + ": <" + std::string(at.Name()) + "> ";
   if (!attribute.empty()) message.append(attribute).append(" ");
   message.append(words);
   if (!isError) {
-    log_.ReportWarning(message);
+    log_.ReportWarning(message, detail);
   } else if (!Ended()) {
     refused_ = true;
-    verdict_ = log_.ReportError(message);
+    verdict_ = log_.ReportError(message, detail);
   }
 }
 
-void TextChecks::Malformed(XmlNode at, std::string_view attribute, std::string_view words) {
+void TextChecks::Malformed(XmlNode at, std::string_view attribute, std::string_view words,
+                           std::string_view text, std::string kept) {
   ++malformed_;
-  Say(Refuses(), at, attribute, words);
+  if (Refuses()) kept.clear();
+  Say(Refuses(), at, attribute, words,
+      {logMalformedNumber, 0, std::string(Trimmed(text)), std::move(kept)});
 }
 
 double TextChecks::Real(XmlNode at, std::string_view text, std::string_view attribute) {
-  if (On()) {
-    Form const form = FormOfReal(text);
-    if (form != Form::kGood) Malformed(at, attribute, Quoted(text) + Fault(form, "a number"));
+  double const value = ParseReal(text);
+  if (!On()) return value;
+  Form const form = FormOfReal(text);
+  if (form != Form::kGood) {
+    constexpr int kDigits = 7;  // as many as a library keeps
+    Malformed(at, attribute, Quoted(text) + Fault(form, "a number"), text,
+              RealText(value, kDigits));
   }
-  return ParseReal(text);
+  return value;
 }
 
 std::int32_t TextChecks::Int(XmlNode at, std::string_view text, std::string_view attribute) {
-  if (On()) {
-    Form const form = FormOfInt(text);
-    if (form != Form::kGood) Malformed(at, attribute, Quoted(text) + Fault(form, "a whole number"));
+  std::int32_t const value = ParseInt(text);
+  if (!On()) return value;
+  Form const form = FormOfInt(text);
+  if (form != Form::kGood) {
+    Malformed(at, attribute, Quoted(text) + Fault(form, "a whole number"), text,
+              std::to_string(value));
   }
-  return ParseInt(text);
+  return value;
 }
 
 void TextChecks::CheckGroup(XmlNode at, std::string_view text) {
@@ -114,7 +127,7 @@ void TextChecks::CheckGroup(XmlNode at, std::string_view text) {
   bool const good = FormOfInt(group.substr(0, open)) == Form::kGood && open < group.size() &&
                     group.back() == ')' &&
                     FormOfInt(group.substr(open + 1, group.size() - open - 2)) == Form::kGood;
-  if (!good) Malformed(at, {}, Quoted(text) + " is not a group, number(count)");
+  if (!good) Malformed(at, {}, Quoted(text) + " is not a group, number(count)", text);
 }
 
 void TextChecks::CheckCount(XmlNode at, std::size_t found, std::size_t places) {
@@ -125,7 +138,7 @@ void TextChecks::CheckCount(XmlNode at, std::size_t found, std::size_t places) {
 }
 
 void TextChecks::CheckOnce(XmlNode at, std::string_view key, bool& seen) {
-  if (On() && seen) Malformed(at, {}, Quoted(key) + " stands here a second time");
+  if (On() && seen) Malformed(at, {}, Quoted(key) + " stands here a second time", key);
   seen = true;
 }
 
@@ -158,7 +171,8 @@ void TextChecks::Altered(XmlNode at, std::string_view text, std::string_view kep
   bool const isCut = kept.size() > kLongestShown && Trimmed(text).substr(0, kept.size()) == kept;
   std::string const how = isCut ? " is cut after " + std::to_string(kept.size()) + " characters"
                                 : " is kept as " + Quoted(kept);
-  Say(level_ >= importStrict, at, attribute, Quoted(text) + how);
+  Say(level_ >= importStrict, at, attribute, Quoted(text) + how,
+      {logAlteredText, 0, std::string(Trimmed(text)), std::string(kept)});
 }
 
 }  // namespace zel

@@ -27,7 +27,7 @@ class TextChecks {
   // import may go on.
   bool Refused() const noexcept { return refused_; }
   bool Verdict() const noexcept { return verdict_; }
-  // True when such an error has told the import to end.
+  // True when such an error has ended the import.
   bool Ended() const noexcept { return refused_ && !verdict_; }
 
   // The lenient value of a text. `at` is the element that holds it, as its own text or as that of
@@ -50,14 +50,17 @@ class TextChecks {
                  std::string_view attribute = {});
   void Altered(XmlNode at, std::string_view text, std::string_view kept,
                std::string_view attribute = {});
-  void Warn(XmlNode at, std::string_view words) { Say(false, at, {}, words); }
+  void Warn(XmlNode at, std::string_view words) { Say(false, at, {}, words, {}); }
 
   std::int64_t MalformedCount() const noexcept { return malformed_; }
   std::int64_t AlteredCount() const noexcept { return altered_; }
 
  private:
-  void Malformed(XmlNode at, std::string_view attribute, std::string_view words);
-  void Say(bool isError, XmlNode at, std::string_view attribute, std::string_view words);
+  // `text` is what is malformed, `kept` what is stored for it where that is a warning.
+  void Malformed(XmlNode at, std::string_view attribute, std::string_view words,
+                 std::string_view text = {}, std::string kept = {});
+  void Say(bool isError, XmlNode at, std::string_view attribute, std::string_view words,
+           LogDetail detail);
 
   MaintLog& log_;
   zelImportChecks level_;

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstdlib>
+#include <filesystem>
 
 #include "failure.h"
 
@@ -23,13 +24,23 @@ void AddModeOption(Command& command, std::string& mode) {
 std::optional<mode_t> ModeOf(std::string const& text) {
   if (text.empty()) return {};
   constexpr int kOctal = 8;
+  constexpr mode_t kOwner = 0600;  // without these its own maker could not change the library
   constexpr mode_t kMost = 0777;
   mode_t mode = 0;
   auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), mode, kOctal);
   if (error != std::errc() || end != text.data() + text.size() || mode > kMost) {
-    throw WrongUsage("--mode is an octal number from 0 to 0777, not " + text);
+    throw WrongUsage("--mode is an octal number from 0600 to 0777, not " + text);
+  }
+  if ((mode & kOwner) != kOwner) {
+    throw WrongUsage("--mode " + text + " does not let the owner read and write; 0600 does");
   }
   return mode;
+}
+
+void CheckModeFor(std::string const& library, std::string const& mode) {
+  if (!ModeOf(mode) || !std::filesystem::exists(library)) return;
+  throw WrongUsage("--mode is for a new library; " + library +
+                   " exists and keeps its mode, which chmod changes");
 }
 
 }  // namespace zelhost

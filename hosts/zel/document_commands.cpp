@@ -8,6 +8,7 @@
 #include "change_options.h"
 #include "command.h"
 #include "failure.h"
+#include "import_log.h"
 #include "input_file.h"
 #include "item_key.h"
 #include "output_file.h"
@@ -39,6 +40,7 @@ struct Options {
 };
 
 LibraryChange ChangeFor(Options const& o) {
+  CheckModeFor(o.path, o.mode);
   if (!fs::exists(o.path) && o.create) {
     return LibraryChange::New(o.path, {zel::libKind11, false, "", ModeOf(o.mode)});
   }
@@ -65,30 +67,20 @@ std::string Reason(zel::LibMaint_p const& maint, zel::ZelImportCounts const& cou
   return reason;
 }
 
-// What the imports of all documents given have found and stored.
-struct Totals {
-  std::int64_t components = 0;
-  std::int64_t items = 0;
-  std::int64_t notStored = 0;
-  std::int64_t malformed = 0;
-  std::int64_t altered = 0;
+bool ImportOne(zel::LibMaint_p& maint, Options const& o, std::string const& file) {
+  std::string const path = fs::absolute(file).string();
+  if (o.bank.empty()) return maint.Import(path.c_str(), o.replace);
+  return maint.ImportComponent(path.c_str(), UpperCase(o.bank).c_str(), o.replace);
+}
 
-  void Add(zel::ZelImportCounts const& counts) {
-    components += counts.componentsStored;
-    items += counts.itemsStored;
-    notStored +=
-        counts.componentsFound + counts.itemsFound - counts.componentsStored - counts.itemsStored;
-    malformed += counts.malformedNumbers;
-    altered += counts.alteredTexts;
-  }
-  void AddTo(Report& report) const {
-    report.Fact("components", components);
-    report.Fact("items", items);
-    if (notStored != 0) report.Fact("not stored", notStored);
-    if (malformed != 0) report.Fact("malformed numbers", malformed);
-    if (altered != 0) report.Fact("altered texts", altered);
-  }
-};
+// What failed is reported in full before the command ends.
+[[noreturn]] void EndFailed(Report& report, ImportLog& log, std::string const& file,
+                            std::string const& why) {
+  report.Fact("failed", file);
+  log.Finish(report);
+  if (OutputForm() != Form::kText) Write(Print(report, OutputForm()));
+  throw Failure(file + ": " + why);
+}
 
 Report Import(Options const& o) {
   zel::zelImportChecks const checks = ChecksOf(o);
@@ -99,33 +91,35 @@ Report Import(Options const& o) {
   if (o.bank.size() >= kNameSize) throw Failure("a bank's name has 1 to 8 characters: " + o.bank);
   bool const isNew = o.create && !fs::exists(o.path);
   zel::InitZelAccess();
+  bool const isText = OutputForm() == Form::kText;
+  ImportLog log(isText, o.verbose);
   LibraryChange change = ChangeFor(o);
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(&change.Open().Maint());
-  // The log is for people. Without it the first error ends an import.
-  bool const isText = OutputForm() == Form::kText;
-  maint->SetLogLevel(!isText ? 0 : o.verbose ? 2 : 1);
+  maint->SetLogLevel(1);  // an import goes on after an error, and reports them all
+  maint->SetLogSink(&log);
   maint->SetImportChecks(checks);
-  Totals totals;
+  Report report;
+  ImportTotals totals;
   for (std::string const& file : o.files) {
-    std::string const absolute = fs::absolute(file).string();
     std::optional<Waiting> waiting;  // the log shows people how far it is
     if (!isText) waiting.emplace("importing " + file);
-    bool const good = o.bank.empty() ? maint->Import(absolute.c_str(), o.replace)
-                                     : maint->ImportComponent(absolute.c_str(),
-                                                              UpperCase(o.bank).c_str(), o.replace);
+    bool const good = ImportOne(*maint, o, file);
     zel::ZelImportCounts counts;
     maint->GetImportCounts(counts);
     totals.Add(counts);
     if (good) continue;
-    throw Failure(file + ": " + Reason(*maint, counts, o) +
-                  (isNew              ? "; no library was made"
-                   : o.change.inPlace ? "; what stood before the error was imported"
-                                      : "; the library is as it was"));
+    waiting.reset();
+    EndFailed(report, log, file,
+              Reason(*maint, counts, o) + (isNew ? "; no library was made"
+                                           : o.change.inPlace
+                                               ? "; what came before the error was imported"
+                                               : "; the library is as it was"));
   }
-  Report report;
   report.Fact("imported", static_cast<std::int64_t>(o.files.size()));
   report.Fact("library", o.path);
   totals.AddTo(report);
+  log.Finish(report);
+  maint->SetLogSink(nullptr);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }
@@ -141,12 +135,9 @@ ExportTarget TargetOf(Options const& o) {
   RefuseLibraryPath(o.output);
   fs::path target = fs::absolute(o.output);
   if (fs::is_directory(target) || !target.has_filename()) return {target, ""};
-  for (fs::path const& path : {target, fs::path(target.string() + ".xml")}) {
-    if (fs::exists(path) && !fs::is_regular_file(path)) {
-      throw Failure(path.string() + ": cannot be written: it is no file");
-    }
-  }
+  RefuseSpecialFile(target.string());
   if (!target.has_extension()) target += ".xml";
+  RefuseSpecialFile(target.string());
   return {target.parent_path(), target.filename().string()};
 }
 
@@ -245,7 +236,7 @@ Report Export(Options const& o) {
   return report;
 }
 
-// The library tells nothing of an index that it could not write: a whole one ends its last line.
+// The library does not report an index that it could not write: a whole one ends its last line.
 void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty) {
   std::ifstream file = OpenInput(index);
   auto const size = file ? fs::file_size(index) : 0;
@@ -274,17 +265,17 @@ Report DumpIndexes(Options const& o) {
   {
     Library const library = Library::OpenRead(indexes.PathOf(path.filename().string()), o.path);
     library.Maint().WriteTextDump(&library.File());
-    auto const told = [&](std::string const& fact, std::string const& ending, bool mayBeEmpty) {
+    auto const checked = [&](std::string const& fact, std::string const& ending, bool mayBeEmpty) {
       fs::path const index = fs::path(path.filename()).replace_extension(ending);
       fs::path const target = path.parent_path() / index;
       CheckWritten(indexes.PathOf(index.string()), target, mayBeEmpty);
       report.Fact(fact, target.string());
     };
-    told("written", ".bnk", false);
+    checked("written", ".bnk", false);
     PureComponent const component;
     for (BankName const& bank : library.Banks(kPureType)) {
-      told("components of " + bank.name, "." + bank.name + ".cmp",
-           Keys(library, bank, *component.Def()).empty());
+      checked("components of " + bank.name, "." + bank.name + ".cmp",
+              Keys(library, bank, *component.Def()).empty());
     }
   }
   for (fs::path const& link : links) fs::remove(link);
@@ -321,10 +312,10 @@ void AddDocumentCommands(CLI::App& app) {
       .Flag("--replace", o->replace, "with --bank, components that are there are replaced")
       .Flag("--lenient", o->lenient, "malformed numbers and lost parts are warnings")
       .Flag("--strict", o->strict, "texts that cannot be kept as they are are errors")
-      .Flag("--verbose", o->verbose, "tell of progress and warnings");
+      .Flag("--verbose", o->verbose, "line up the types of banks that begin");
   AddModeOption(reading, o->mode);
   AddChangeOptions(reading, o->change);
-  reading.Run(Outputs::kJson, [o] { return Import(*o); });
+  reading.Run(Outputs::kJsonAndCsv, [o] { return Import(*o); });
   Command writing(app, "export", "Write a library, a bank or a component as XML",
                   "zel export sample.lb1 -o sample.xml");
   writing.Argument("LIBRARY", o->path, "a library file")

@@ -126,6 +126,7 @@ Report Copy(Options const& o) {
   if (std::filesystem::equivalent(o.from, o.path, none)) {
     throw Failure(o.from + ": FROM and TO are one library");
   }
+  CheckModeFor(o.path, o.mode);
   Library const from = Library::OpenRead(o.from);
   zel::InitZelAccess();
   bool const isNew = o.create && !std::filesystem::exists(o.path);

@@ -60,9 +60,7 @@ void BuildList(Options const& o, zel::CompList& list) {
   Library const library = Library::OpenRead(o.library);
   BankName const bank = library.ComponentBank(o.bank);
   fs::path const target = fs::absolute(o.path);
-  if (fs::exists(target) && !fs::is_regular_file(target)) {
-    throw Failure(o.path + ": cannot be written: it is no file");
-  }
+  RefuseSpecialFile(o.path);
   OutputFolder folder(target.parent_path(), o.path);
   Waiting const waiting("listing " + o.library);
   std::string const path = folder.PathOf(target.filename().string());
@@ -85,6 +83,9 @@ Report List(Options const& o) {
   auto const range = sort == zel::sortByNbp ? ParseTemperatureSpan(o.range, "a boiling point")
                                             : ParseSpan(o.range, "a molecular weight");
   zel::Handle<zel::CompList> const list(zel::CompList::NewCompList());
+  if (o.library.empty() && fs::exists(o.path) && !fs::is_regular_file(o.path)) {
+    throw Failure(o.path + ": is not a regular file");
+  }
   o.library.empty() ? Read(o, o.path, *list) : BuildList(o, *list);
   list->SetSort(sort, o.descending ? 1 : 0);
   list->SetFilter(o.filter.c_str());

@@ -1,5 +1,5 @@
 // Interchange: how closely an import looks at its documents, what it found in them, and what a
-// document holds. The form of documents is told in docs/interchange.md.
+// document holds. docs/interchange.md describes the form of documents.
 #ifndef ZELACCESS_INTERCHANGE_H
 #define ZELACCESS_INTERCHANGE_H
 
@@ -33,6 +33,43 @@ struct ZelImportCounts {
   std::int64_t alteredTexts = 0;      // 0 when unchecked
   std::int64_t errors = 0;
   std::int64_t warnings = 0;
+  std::int64_t banksFound = 0;
+  std::int64_t banksStored = 0;
+  std::int64_t textsFound = 0;  // memos, descriptions and versions
+  std::int64_t textsStored = 0;
+  std::int64_t importsFound = 0;  // documents that others import
+  std::int64_t importsFollowed = 0;
+};
+
+// What a line of a maintenance log is about.
+enum zelLogKinds : std::int32_t {
+  logOther = 0,
+  logMalformedNumber = 1,
+  logAlteredText = 2,
+  logLostPart = 3
+};
+
+// One error or warning of a maintenance log. Texts end with a null and are valid during the call
+// alone.
+struct ZelLogLine {
+  bool isError = false;
+  zelLogKinds kind = logOther;
+  char const* document = "";  // name of the file that is read, without its folder
+  std::int32_t line = 0;      // in that file; 0 when none is known
+  char const* message = "";   // with the label of the item in front
+  char const* before = "";    // the text in the document, of a malformed number or an altered text
+  char const* after = "";     // what the library keeps in its place, "" when nothing
+};
+
+// Receives what else is written to standard output; see LibMaint_p::SetLogSink.
+class ZEL_API ZelLogSink {
+ public:
+  virtual void Line(ZelLogLine const& line) = 0;
+  // An import or export begins with a bank.
+  virtual void BankBegins(char const* type, char const* name) = 0;
+
+ protected:
+  ~ZelLogSink() = default;
 };
 
 // What one document holds, those that it imports not included.

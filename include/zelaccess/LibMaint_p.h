@@ -35,6 +35,11 @@ class ZEL_API LibMaint_p : public LibMaint {
   virtual void SetImportChecks(zelImportChecks checks) = 0;
   // Of the last import; all 0 before the first.
   virtual void GetImportCounts(ZelImportCounts& counts) = 0;
+  // The sink gets the lines of the log that levels 1 and 2 write to standard output otherwise;
+  // whether a run goes on after an error is a matter of the level. Null, as at first, for standard
+  // output. Not owned; it must outlive the runs. What it throws ends the run and reaches the
+  // caller.
+  virtual void SetLogSink(ZelLogSink* sink) = 0;
 
  protected:
   LibMaint_p() = default;

@@ -285,5 +285,62 @@ TEST_F(ImportChecksTest, ContentsOfADocument) {
   EXPECT_FALSE(ReadDocumentContents(nullptr, contents));
 }
 
+// --- the host's sink -----------------------------------------------------------------------------
+
+class Collector final : public ZelLogSink {
+ public:
+  std::string text;
+
+  void Line(ZelLogLine const& line) override {
+    text += std::string(line.isError ? "error" : "warning") + "|" + std::to_string(line.kind) +
+            "|" + std::to_string(line.line) + "|" + line.before + "|" + line.after + "|" +
+            line.message + "\n";
+  }
+  void BankBegins(char const* type, char const* name) override {
+    text += std::string(type) + ":" + name + "\n";
+  }
+};
+
+TEST_F(ImportChecksTest, SinkGetsTheLinesInThePlaceOfStandardOutput) {
+  Collector sink;
+  Maint().SetLogSink(&sink);
+  EXPECT_TRUE(ImportItem("\n<aij>61x37</aij>", importTold));
+  EXPECT_EQ(Lines(), "");
+  EXPECT_EQ(sink.text,
+            "VANLAAR:MINE\nwarning|1|2|61x37|61|line 2: <aij> \"61x37\" is not a number\n");
+  sink.text.clear();
+  EXPECT_TRUE(ImportComp("</comp>\n<comp>", importTold));
+  EXPECT_NE(sink.text.find("warning|3|2|||<bank> of line 1 (PURECOMP:P): 1 of 2 components"),
+            std::string::npos)
+      << sink.text;
+  sink.text.clear();
+  EXPECT_TRUE(ImportComp("", importTold, "<id number='7' formula='CH4' name='\xC3\xB6l'> A </id>"));
+  EXPECT_NE(sink.text.find("warning|2|1|\xC3\xB6l|  l|"), std::string::npos) << sink.text;
+  sink.text.clear();
+  EXPECT_FALSE(ImportItem("<aij>x</aij>", importChecked));
+  EXPECT_NE(sink.text.find("error|1|1|x||"), std::string::npos) << sink.text;
+  sink.text.clear();
+  Maint().SetLogLevel(0);
+  EXPECT_FALSE(ImportItem("<aij>x</aij>", importChecked));
+  EXPECT_EQ(sink.text, "") << "silent";
+  Maint().SetLogLevel(1);
+  Maint().SetLogSink(nullptr);
+  EXPECT_TRUE(ImportItem("<aij>x</aij>", importTold));
+  EXPECT_NE(Lines().find("\"x\" is not a number"), std::string::npos);
+}
+
+TEST_F(ImportChecksTest, BanksTextsAndImportsAreCounted) {
+  Maint().SetImportChecks(importTold);
+  ImportBank("<memo>m</memo><comp/><comp><id number='7' formula='CH4'> A </id></comp>", kPureBank);
+  ZelImportCounts const counts = Counts();
+  EXPECT_EQ(counts.banksFound, 1);
+  EXPECT_EQ(counts.banksStored, 1);
+  EXPECT_EQ(counts.textsFound, 1);
+  EXPECT_EQ(counts.textsStored, 1);
+  EXPECT_EQ(counts.componentsFound, 2);
+  EXPECT_EQ(counts.componentsStored, 0);
+  EXPECT_EQ(counts.importsFound, 0);
+}
+
 }  // namespace
 }  // namespace zel

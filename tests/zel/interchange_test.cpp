@@ -1,4 +1,6 @@
 // Documents in and out by zel: nothing is changed or lost on the way without a word.
+#include <algorithm>
+
 #include "tests/zel/zel_fixture.h"
 
 namespace zel::test {
@@ -83,7 +85,95 @@ TEST_F(InterchangeTest, LostPartsAreReportedWithTheirPlace) {
   EXPECT_TRUE(Has(refused.out, "(NRTL:N): 1 of 1 items not stored")) << refused.out;
   Outcome const taken = Import(document, "--lenient");
   EXPECT_EQ(taken.status, 0) << taken.err;
-  EXPECT_TRUE(Has(taken.out, "not stored  3")) << taken.out;
+  // Two components, an item, and the bank that it was in.
+  EXPECT_TRUE(Has(taken.out, "not stored             4\n")) << taken.out;
+  EXPECT_TRUE(Has(taken.out, "components not stored  2\n")) << taken.out;
+  EXPECT_TRUE(Has(taken.out, "items not stored       1\n")) << taken.out;
+  EXPECT_TRUE(Has(taken.out, "banks not stored       1\n")) << taken.out;
+}
+
+TEST_F(InterchangeTest, LostBanksAndTextsAreInTheTotal) {
+  std::string const document =
+      "<library><bank type='PURECOMP' name='P'>\n<comp/>\n<memo>m</memo></bank>\n"
+      "<bank type='NRTL' name='EMPTY'></bank></library>";
+  EXPECT_EQ(Import(document).status, 1);
+  json const taken = json::parse(Import(document, "--lenient --json").out);
+  EXPECT_EQ(taken["not_stored"], 3);
+  EXPECT_EQ(taken["components_not_stored"], 1);
+  EXPECT_EQ(taken["banks_not_stored"], 1);
+  EXPECT_EQ(taken["texts_not_stored"], 1);
+  EXPECT_EQ(taken.count("items_not_stored"), 0U);
+  json const bank = Row(taken["findings"], "line", 4);
+  EXPECT_EQ(bank["what"], "<library> of line 1: 1 of 2 banks not stored, on line 4");
+}
+
+TEST_F(InterchangeTest, FindingsAreATableForPrograms) {
+  std::string const document =
+      "<library><bank type='PURECOMP' name='P'>\n<comp><id number='7' name='Pin\xC3\xA8ne' "
+      "formula='CH4'> A </id>\n<property name='TC' "
+      "value='61x37'/></comp>\n<comp/></bank></library>";
+  Outcome const taken = Import(document, "--lenient --json");
+  EXPECT_EQ(taken.status, 0) << taken.err;
+  json const report = json::parse(taken.out);
+  EXPECT_EQ(report["errors"], 0);
+  EXPECT_EQ(report["warnings"], 3);
+  ASSERT_EQ(report["findings"].size(), 3U) << taken.out;
+  json const text = Row(report["findings"], "kind", "altered text");
+  EXPECT_EQ(text["document"], "doc.xml");
+  EXPECT_EQ(text["line"], 2);
+  EXPECT_EQ(text["severity"], "warning");
+  EXPECT_EQ(text["before"], "Pin\xC3\xA8ne");
+  EXPECT_EQ(text["after"], "Pin  ne");
+  json const number = Row(report["findings"], "kind", "malformed number");
+  EXPECT_EQ(number["line"], 3);
+  EXPECT_EQ(number["before"], "61x37");
+  EXPECT_EQ(number["after"], "61");
+  json const part = Row(report["findings"], "kind", "lost part");
+  EXPECT_EQ(part["line"], 4);
+  EXPECT_TRUE(part["before"].is_null());
+  EXPECT_TRUE(Has(part["what"], "1 of 2 components not stored, on line 4")) << part;
+
+  Outcome const refused = Import(document, "--json");
+  EXPECT_EQ(refused.status, 1);
+  json const failed = json::parse(refused.out);
+  EXPECT_EQ(failed["failed"], "doc.xml");
+  EXPECT_EQ(failed["errors"], 1);
+  EXPECT_EQ(failed["findings"].size(), 3U) << "an import goes on after an error";
+  EXPECT_TRUE(Row(failed["findings"], "kind", "malformed number")["after"].is_null());
+  EXPECT_FALSE(Made());
+
+  std::string const csv = Import(document, "--lenient --csv").out;
+  EXPECT_EQ(csv.substr(0, csv.find('\n')), "document,line,severity,kind,what,before,after");
+  EXPECT_TRUE(Has(csv, "doc.xml,3,warning,malformed number,")) << csv;
+  EXPECT_TRUE(Has(csv, ",61x37,61\n")) << csv;
+  json const sound = Json("import good.lb1 '" ZEL_DATA "/crc.xml' --create");
+  EXPECT_EQ(sound["findings"].size() + sound["errors"].get<std::size_t>(), 0U);
+}
+
+TEST_F(InterchangeTest, LinesOfASmallDocumentAreBounded) {
+  constexpr int kWrong = 2500;
+  std::string items;
+  for (int i = 0; i < kWrong; ++i) {
+    items += "<item><keys>" + std::to_string(1000000 + i) + " 2000000</keys><bij>x</bij></item>\n";
+  }
+  std::string const document = "<bank type='NRTL' name='N'>" + items + "</bank>";
+  Outcome const lenient = Import(document, "--lenient");
+  EXPECT_EQ(lenient.status, 0) << lenient.err;
+  EXPECT_EQ(std::count(lenient.out.begin(), lenient.out.end(), '*'), 3 * 1001);
+  EXPECT_TRUE(Has(lenient.out, "*** 1500 more errors and warnings\n")) << lenient.out.size();
+  EXPECT_TRUE(Has(lenient.out, "malformed numbers  2500\n"));
+  Outcome const refused = Import(document);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(std::count(refused.out.begin(), refused.out.end(), '*'), 3 * 1001);
+  for (char const* options : {"--json", "--json --lenient"}) {
+    json const report = json::parse(Import(document, options).out);
+    EXPECT_EQ(report["findings"].size(), 1000U);
+    EXPECT_EQ(report["not_listed"].get<int>() + 1000,
+              report["errors"].get<int>() + report["warnings"].get<int>());
+    EXPECT_GE(report["not_listed"], 1500);
+  }
+  std::string const csv = Import(document, "--csv --lenient").out;
+  EXPECT_TRUE(Has(csv, "\nwarnings\nwarning,text\nnot listed,1500\n")) << csv.size();
 }
 
 TEST_F(InterchangeTest, DocumentInAGroupThatIncludesAnotherDropsNothingInSilence) {

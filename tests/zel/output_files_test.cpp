@@ -86,18 +86,55 @@ TEST_F(OutputFilesTest, LibrariesFollowNoLink) {
   EXPECT_EQ(Hidden(), 0);
 }
 
-// Devices and pipes are written as they are.
+// The chart alone, so that what reads it gets an SVG document.
 TEST_F(OutputFilesTest, PlotToStandardOutput) {
-  Outcome const piped = Shell("\"$ZEL\" " + std::string(kPlot) + "/dev/stdout | head -c 4");
-  EXPECT_EQ(piped.out, "<svg");
-  Outcome const filed = Shell("\"$ZEL\" " + std::string(kPlot) + "/dev/stdout >out/p.svg");
-  EXPECT_EQ(filed.status, 0) << filed.err;
-  EXPECT_EQ(FileText(Folder() / "out/p.svg").substr(0, 4), "<svg");
+  for (std::string const name : {"/dev/stdout", "-"}) {
+    Outcome const piped = Shell("\"$ZEL\" " + std::string(kPlot) + name + " | cat");
+    EXPECT_EQ(piped.out.substr(0, 4), "<svg");
+    EXPECT_EQ(piped.out.substr(piped.out.size() - 7), "</svg>\n") << "and nothing after it";
+    Outcome const filed = Shell("\"$ZEL\" " + std::string(kPlot) + name + " >out/p.svg");
+    EXPECT_EQ(filed.status, 0) << filed.err;
+    EXPECT_EQ(FileText(Folder() / "out/p.svg").substr(0, 4), "<svg");
+    EXPECT_EQ(Zel(kPlot + name + " --json").status, 2);
+  }
+  EXPECT_FALSE(fs::exists(Folder() / "-"));
   EXPECT_TRUE(fs::is_symlink(fs::symlink_status("/dev/stdout")));
+}
+
+// A pipe without a reader would make the command wait for ever; so would reading a list from one.
+TEST_F(OutputFilesTest, WhatIsNotARegularFileIsRefused) {
+  for (char const* name : {"crc.lb1", "crc.lb2"}) {
+    fs::copy(Folder() / name, Folder() / "out" / name);
+  }
   ASSERT_EQ(::mkfifo((Folder() / "out/pipe").c_str(), 0600), 0);
-  Outcome const pipe =
-      Shell("head -c 4 out/pipe & \"$ZEL\" " + std::string(kPlot) + "out/pipe >/dev/null; wait");
-  EXPECT_EQ(pipe.out, "<svg");
+  ASSERT_EQ(::mkfifo((Folder() / "out/pipe.xml").c_str(), 0600), 0);
+  ASSERT_EQ(::mkfifo((Folder() / "out/crc.bnk").c_str(), 0600), 0);
+  fs::create_directory(Folder() / "out/folder.svg");
+  struct {
+    std::string words;
+    char const* text;
+  } const rows[] = {
+      {std::string(kPlot) + "out/pipe", "out/pipe: cannot be written: it is not a regular file"},
+      {std::string(kPlot) + "/dev/null", "/dev/null: cannot be written: it is not a regular file"},
+      {std::string(kPlot) + "/dev/stderr", "/dev/stderr: cannot be written"},
+      {std::string(kPlot) + "out/folder.svg", "out/folder.svg: cannot be written: it is a folder"},
+      {"export crc.lb1 -o out/pipe", "out/pipe: cannot be written: it is not a regular file"},
+      {"export crc.lb1 --bank CRC -o out/pipe.xml", "out/pipe.xml: cannot be written: it is not"},
+      {"export crc.lb1 -o /dev/stdout", "/dev/stdout: cannot be written"},
+      {"list out/pipe --build crc.lb1", "out/pipe: cannot be written: it is not a regular file"},
+      {"list out/pipe", "out/pipe: is not a regular file"},
+      {"list out", "out: is not a regular file"},
+      {"dump out/crc.lb1", "out/crc.bnk: cannot be written: it is not a regular file"}};
+  for (auto const& row : rows) {
+    Outcome const outcome = Shell("timeout 20 \"$ZEL\" " + row.words);
+    EXPECT_EQ(outcome.status, 1) << row.words << "\n" << outcome.err;
+    EXPECT_NE(outcome.err.find(row.text), std::string::npos) << row.words << "\n" << outcome.err;
+  }
+  EXPECT_TRUE(fs::is_fifo(Folder() / "out/pipe"));
+  EXPECT_TRUE(fs::is_fifo(Folder() / "out/crc.bnk"));
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+  EXPECT_FALSE(fs::exists(Folder() / "out/crc.CRC.cmp")) << "all or none";
+  EXPECT_EQ(Hidden(), 0);
 }
 
 TEST_F(OutputFilesTest, PlotThatTheDiskRefusesLeavesTheOldOne) {
@@ -139,11 +176,32 @@ TEST_F(OutputFilesTest, NewLibraryHasTheModeOfTheOthers) {
 }
 
 TEST_F(OutputFilesTest, ModeThatIsNone) {
-  for (char const* mode : {"8", "0x1", "1777", "rw", "''-1"}) {
+  for (char const* mode : {"8", "0x1", "1777", "rw", "''-1", "0", "400", "0200", "066"}) {
     Outcome const outcome = Zel("create out/own.lb1 --mode " + std::string(mode));
     EXPECT_EQ(outcome.status, 2) << mode << outcome.err;
   }
+  EXPECT_NE(Zel("create out/own.lb1 --mode 400").err.find("owner read and write"),
+            std::string::npos);
   EXPECT_FALSE(fs::exists(Folder() / "out/own.lb1"));
+}
+
+// It was ignored without a word.
+TEST_F(OutputFilesTest, ModeOfALibraryThatExistsIsKept) {
+  Good("create out/own.lb1 --mode 0640");
+  for (std::string const words :
+       {"import out/own.lb1 '" ZEL_DATA "/crc.xml' --mode 0664",
+        "import out/own.lb1 '" ZEL_DATA "/crc.xml' --create --mode 0664",
+        "copy crc.lb1 out/own.lb1 --mode 0664", "copy crc.lb1 out/own.lb1 --create --mode 0664"}) {
+    Outcome const outcome = Zel(words);
+    EXPECT_EQ(outcome.status, 2) << words;
+    EXPECT_NE(outcome.err.find("out/own.lb1 exists and keeps its mode, which chmod changes"),
+              std::string::npos)
+        << outcome.err;
+    EXPECT_EQ(ModesOf("out/own.lb1"), "640 ");
+    EXPECT_EQ(Json("info out/own.lb1")["banks"].size(), 0U) << words;
+  }
+  EXPECT_NE(Zel("import out/no.lb1 '" ZEL_DATA "/crc.xml' --mode 0664").err.find("not found"),
+            std::string::npos);
 }
 
 // The class of libraries has its own rule.
