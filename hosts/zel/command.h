@@ -1,17 +1,36 @@
 // What all commands share: how they are put on the command line and how they answer.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
+#include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "report.h"
+
+namespace CLI {
+class App;
+}  // namespace CLI
 
 namespace zelhost {
 
 // The options of output that a command takes.
 enum class Outputs { kJson, kJsonAndCsv };
+
+// Where the words of an argument or option go: one text, one text that may be absent, several
+// texts, or a whole number.
+class Target {
+ public:
+  Target(std::string& text) : to_(&text) {}
+  Target(std::optional<std::string>& text) : to_(&text) {}
+  Target(std::vector<std::string>& texts) : to_(&texts) {}
+  Target(int& number) : to_(&number) {}
+
+ private:
+  friend class Command;
+  std::variant<std::string*, std::optional<std::string>*, std::vector<std::string>*, int*> to_;
+};
 
 // One command while it is described. `run` is called after the whole line was read.
 //
@@ -20,38 +39,19 @@ enum class Outputs { kJson, kJsonAndCsv };
 //   command.Run(Outputs::kJson, [options] { return Info(*options); });
 class Command {
  public:
-  // The example stands at the end of the command's help.
+  // The help of the command ends with the example.
   Command(CLI::App& app, std::string const& name, std::string const& purpose,
           std::string const& example);
 
   // A word, or words, that must be given, in this order.
-  template <typename T>
-  Command& Argument(std::string const& name, T& target, std::string const& help) {
-    sub_->add_option(name, target, help)->required();
-    return *this;
-  }
-  template <typename T>
-  Command& OptionalArgument(std::string const& name, T& target, std::string const& help) {
-    sub_->add_option(name, target, help);
-    return *this;
-  }
-  template <typename T>
-  Command& Option(std::string const& names, T& target, std::string const& help,
-                  std::string const& typeName) {
-    sub_->add_option(names, target, help)->type_name(typeName);
-    return *this;
-  }
-  // An option that must be given.
-  template <typename T>
-  Command& Required(std::string const& names, T& target, std::string const& help,
-                    std::string const& typeName) {
-    sub_->add_option(names, target, help)->required()->type_name(typeName)->allow_extra_args(false);
-    return *this;
-  }
-  Command& Flag(std::string const& names, bool& target, std::string const& help) {
-    sub_->add_flag(names, target, help);
-    return *this;
-  }
+  Command& Argument(std::string const& name, Target target, std::string const& help);
+  Command& OptionalArgument(std::string const& name, Target target, std::string const& help);
+  Command& Option(std::string const& names, Target target, std::string const& help,
+                  std::string const& typeName);
+  // An option that must be given. Takes one word only.
+  Command& Required(std::string const& names, Target target, std::string const& help,
+                    std::string const& typeName);
+  Command& Flag(std::string const& names, bool& target, std::string const& help);
 
   // What the command does; the report is printed.
   void Run(Outputs outputs, std::function<Report()> work);
