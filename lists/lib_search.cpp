@@ -109,18 +109,15 @@ void LibSearch_i::SetLibraryBanks(long count, LibFile* const* libraries, char co
 bool LibSearch_i::AddEntry(IZelBankIO* bank, BlockInfo const& info, LibFile* library,
                            std::string const& bankName, std::int32_t pairIndex) {
   auto* file = dynamic_cast<LibFile_i*>(library);
-  std::int32_t const* found = nullptr;
-  if (file == nullptr || !file->FindBank(info.type, bankName.c_str(), found, false)) return false;
+  if (file == nullptr) return false;
   auto entry = std::make_unique<SearchEntry>();
   entry->bankName = bankName;
   entry->library = file;
   entry->pairIndex = pairIndex;
   entry->isProtected = file->IsPasswordLocked();
-  std::copy_n(found + format::kBankHead, entry->head.size(), entry->head.begin());
-  entry->tree.emplace(file->Store(), entry->head.data());
-  BTreeHead_i const& head = entry->tree->Head();
-  entry->format = FormatOf(bank, info, head).format;
-  if (head.keyWords != info.keyWords || entry->format == 0) return false;
+  if (entry->bank.Locate(*file, bank, info, bankName.c_str()) != LocatedBank::Answer::kFound) {
+    return false;
+  }
   entries_.push_back(std::move(entry));
   return true;
 }
@@ -153,13 +150,11 @@ bool LibSearch_i::ReadEntries(Key_p* key, IZelBankIO* bank, BlockInfo const& inf
   for (auto const& entry : entries_) {
     std::int32_t const* data = nullptr;
     if (!key->ResolveKey(entry->library, info.pairRule, swapped) ||
-        !entry->tree->Find(key->GetKeyWords(), data)) {
+        !entry->bank.Tree().Find(key->GetKeyWords(), data)) {
       continue;
     }
     bank->SetSource(entry->library, entry->bankName.c_str(), entry->isProtected ? 1 : 0);
-    ZelStatus const status = info.fileResident != 0 ? bank->ReadFromFile(data, entry->library)
-                                                    : bank->ReadBlock(data, entry->format);
-    if (status == kStatusOk) {
+    if (entry->bank.Read(entry->library, bank, data) == kStatusOk) {
       found = true;
       if (entry->pairIndex != kNoPair) {
         auto const pair = static_cast<std::size_t>(entry->pairIndex);

@@ -1,16 +1,14 @@
 // LibSearch_i: the located banks of one type, searched in their order.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "maint/block_info.h"
-#include "store/btree.h"
+#include "maint/located_bank.h"
 #include "store/lib_file.h"
 #include "zelaccess/Key_p.h"
 #include "zelaccess/LibSearch_p.h"
@@ -34,15 +32,13 @@ class LibSearch_i final : public LibSearch_p {
  private:
   static constexpr std::int32_t kNoPair = -1;
 
-  // One located bank. Its tree works on the copy of the head, so an entry stays in its place.
+  // A bank of a library that is searched.
   struct SearchEntry {
     std::string bankName;
     LibFile_i* library;
     std::int32_t pairIndex;
-    std::int32_t format;
     bool isProtected;
-    std::array<std::int32_t, format::kHeadWords> head;
-    std::optional<BTree_i> tree;
+    LocatedBank bank;
   };
 
   void DropPairs() noexcept;

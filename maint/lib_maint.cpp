@@ -31,15 +31,9 @@ void LibMaint_p::DelLibMaint(LibMaint_p*& maint) {
 LibMaint_i::LibMaint_i(LibFile* library) : library_(dynamic_cast<LibFile_i*>(library)) {}
 
 void LibMaint_i::DropTree() noexcept {
-  bankTree_.reset();
+  bank_.CloseTree();
   itemValid_ = false;
   walkMode_ = WalkMode::kNone;
-}
-
-void LibMaint_i::MakeTree(std::int32_t const* head) {
-  bankTree_.reset();
-  std::copy_n(head, bankHead_.size(), bankHead_.begin());
-  bankTree_.emplace(library_->Store(), bankHead_.data());
 }
 
 // The bank directory, when its entries have the form that all of this relies on.
@@ -60,7 +54,7 @@ void LibMaint_i::StoreHead(char const* type, char const* name) {
   if (!FindBank(type, name, found)) return;
   std::int32_t* entry = nullptr;
   if (!Directory()->GetCurrentData(entry)) return;
-  std::copy(bankHead_.begin(), bankHead_.end(), entry + f::kBankHead);
+  std::copy(bank_.HeadWords().begin(), bank_.HeadWords().end(), entry + f::kBankHead);
   Directory()->WriteCurrentNode();
 }
 
@@ -125,15 +119,15 @@ void LibMaint_i::SetBankMemo(char const* type, char const* name, char const* mem
 }
 
 std::int32_t LibMaint_i::GetBankFormat(char const* type, char const* name) {
-  Held<IZelBankDef> const bank(NewKnownBank(type));
-  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  Held<IZelBankDef> const object(NewKnownBank(type));
+  auto const io = Held<IZelBankIO>::Of(object.Get(), IID_IZelBankIO);
   if (!io) return 0;
   BlockInfo const info(io.Get());
   std::int32_t const* entry = nullptr;
   if (info.formatCount == 1 || !FindBank(type, name, entry)) return 0;
-  Head record;
-  std::copy_n(entry + f::kBankHead, record.size(), record.begin());
-  return FormatOf(io.Get(), info, BTreeHead_i(record.data())).format;
+  LocatedBank bank;
+  bank.OpenTree(*library_, entry + f::kBankHead);
+  return FormatOf(io.Get(), info, bank.Tree().Head()).format;
 }
 
 bool LibMaint_i::BankExists(char const* type, char const* name) {
@@ -145,9 +139,9 @@ bool LibMaint_i::DumpBankTree(char const* type, char const* name, std::int32_t i
                               std::FILE* stream, std::int32_t expected) {
   std::int32_t const* entry = nullptr;
   if (stream == nullptr || !FindBank(type, name, entry)) return false;
-  Head record;
-  std::copy_n(entry + f::kBankHead, record.size(), record.begin());
-  return BTree_i(library_->Store(), record.data()).DumpTree(indent, stream, expected);
+  LocatedBank bank;
+  bank.OpenTree(*library_, entry + f::kBankHead);
+  return bank.Tree().DumpTree(indent, stream, expected);
 }
 
 void LibMaint_i::GetRefBankNames(char const* type, char const* name, std::int32_t count,

@@ -1,9 +1,8 @@
 // LibMaint_i: the working surface on one library.
 //
-// Every item access goes through LocateItem: key resolved, bank found, tree made on a copy of the
-// bank's head, format chosen, key searched. The tree works on a copy because the directory's node
-// buffer, where the head lies, is loaded with other nodes while the tree lives; when the root has
-// changed, the head goes back into the bank's directory entry and that node is written.
+// Every item access goes through LocateItem: key resolved, bank located, key searched. When the
+// root of the bank's tree has changed, its head goes back into the bank's directory entry and that
+// node is written.
 //
 // A failing step leaves its reason as the pending text of the log and gives false.
 #pragma once
@@ -17,6 +16,7 @@
 
 #include "maint/block_info.h"
 #include "maint/held.h"
+#include "maint/located_bank.h"
 #include "maint/maint_log.h"
 #include "store/btree.h"
 #include "store/format.h"
@@ -124,11 +124,9 @@ class LibMaint_i final : public LibMaint_p {
     kAbsent,  // everything is right but the key is not in the tree, which stands where it belongs
     kFailed
   };
-  using Head = std::array<std::int32_t, format::kHeadWords>;
 
   // lib_maint.cpp
   void DropTree() noexcept;
-  void MakeTree(std::int32_t const* head);
   BTree_i* Directory() const noexcept;
   void StoreHead(char const* type, char const* name);
   bool FindBank(char const* type, char const* name, std::int32_t const*& entry) const;
@@ -138,7 +136,6 @@ class LibMaint_i final : public LibMaint_p {
   Located Fail(std::string_view reason);
   void KeepItem(char const* name, Key* key);
   bool FindItemAgain(IZelBankIO* bank, BlockInfo const& info);
-  void ReadRecord(IZelBankIO* bank, std::int32_t const* entry);
   void WriteRecord(IZelBankIO* bank);
   void AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key);
   void AddRecordBehindItsKey(IZelBankIO* bank, char const* name, std::int32_t const* key);
@@ -164,15 +161,12 @@ class LibMaint_i final : public LibMaint_p {
 
   WalkMode walkMode_ = WalkMode::kNone;
   LibFile_i* library_;  // not owned
-  Head bankHead_{};     // of the current tree
-  std::optional<BTree_i> bankTree_;
+  LocatedBank bank_;    // the current tree: of a bank, or the one that is walked
   bool usedNumbersValid_ = false;
   std::set<std::int32_t> usedNumbers_;
-  std::string currentType_;  // bank type of the current tree, or filter of a bank walk
-  std::string walkedName_;   // of the bank whose items are walked
-  std::int32_t keyWords_ = 0;
-  RecordFormat format_;
-  std::int32_t fileResident_ = 0;
+  std::string currentType_;    // bank type of the current tree, or filter of a bank walk
+  std::string walkedName_;     // of the bank whose items are walked
+  std::int32_t keyWords_ = 0;  // of the current tree
   bool swapped_ = false;
   // The item that RewriteItem writes: bank, key, and the library's changes when it was reached.
   std::string itemBank_;

@@ -60,35 +60,24 @@ bool LibMaint_i::PrepareKey(BlockInfo const& info, Key_p* key) {
 
 LibMaint_i::Located LibMaint_i::LocateItem(IZelBankIO* bank, char const* name, Key* key,
                                            std::int32_t const*& entry) {
-  format_ = {};
   swapped_ = false;
   auto* inner = dynamic_cast<Key_p*>(key);
   if (library_ == nullptr || inner == nullptr) return Fail(kUnknownParts);
   BlockInfo const info(bank);
   if (!PrepareKey(info, inner)) return Located::kFailed;
-  std::int32_t const* found = nullptr;
-  if (!library_->FindBank(info.type, name, found, false)) {
-    return Fail("Unable to locate \"" + std::string(info.type) + "\" bank \"" +
-                std::string(TextOrEmpty(name)) + "\"");
+  switch (bank_.Locate(*library_, bank, info, name)) {
+    case LocatedBank::Answer::kFound: break;
+    case LocatedBank::Answer::kNoBank:
+      return Fail("Unable to locate \"" + std::string(info.type) + "\" bank \"" +
+                  std::string(TextOrEmpty(name)) + "\"");
+    case LocatedBank::Answer::kOtherKeyLength: return Fail(kBadKeyLength);
+    case LocatedBank::Answer::kOtherRecordLength: return Fail(kBadBlockLength);
   }
-  MakeTree(found + f::kBankHead);
-  keyWords_ = bankTree_->Head().keyWords;
-  if (keyWords_ != info.keyWords) return Fail(kBadKeyLength);
-  format_ = FormatOf(bank, info, bankTree_->Head());
-  if (format_.format == 0) return Fail(kBadBlockLength);
+  keyWords_ = info.keyWords;
   currentType_ = info.type;
-  fileResident_ = info.fileResident;
-  if (bankTree_->Find(inner->GetKeyWords(), entry)) return Located::kFound;
+  if (bank_.Tree().Find(inner->GetKeyWords(), entry)) return Located::kFound;
   Fail(kKeyAbsent);
   return Located::kAbsent;
-}
-
-void LibMaint_i::ReadRecord(IZelBankIO* bank, std::int32_t const* entry) {
-  if (fileResident_ != 0) {
-    bank->ReadFromFile(entry, library_);
-  } else {
-    bank->ReadBlock(entry, format_.format);
-  }
 }
 
 // Writes the bank into the entry at the tree's position. The node of a file-resident bank is
@@ -96,15 +85,15 @@ void LibMaint_i::ReadRecord(IZelBankIO* bank, std::int32_t const* entry) {
 void LibMaint_i::WriteRecord(IZelBankIO* bank) {
   StoredOrder const order(bank, swapped_);
   std::int32_t* entry = nullptr;
-  if (!bankTree_->GetCurrentData(entry)) return;
-  if (fileResident_ == 0) {
-    bank->WriteBlock(entry, format_.format);
-    bankTree_->WriteCurrentNode();
+  if (!bank_.Tree().GetCurrentData(entry)) return;
+  if (!bank_.IsFileResident()) {
+    bank->WriteBlock(entry, bank_.Format().format);
+    bank_.Tree().WriteCurrentNode();
     return;
   }
   std::int32_t const before = *entry;
   bank->WriteToFile(entry, library_);
-  if (*entry != before) bankTree_->WriteCurrentNode();
+  if (*entry != before) bank_.Tree().WriteCurrentNode();
   EnterIdentifiers(bank);
 }
 
@@ -114,8 +103,8 @@ void LibMaint_i::WriteRecord(IZelBankIO* bank) {
 void LibMaint_i::AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key) {
   StoredOrder const order(bank, swapped_);
   std::array<std::int32_t, f::kNodeWords> data{};
-  if (fileResident_ == 0) {
-    bank->WriteBlock(data.data(), format_.format);
+  if (!bank_.IsFileResident()) {
+    bank->WriteBlock(data.data(), bank_.Format().format);
   } else if (library_->Store().NodesLieApart()) {
     WriteBlocks(bank, data.data());
   } else {
@@ -124,7 +113,7 @@ void LibMaint_i::AddRecord(IZelBankIO* bank, char const* name, std::int32_t cons
   }
   // The root goes into the directory before anything else can fail: without it a grown tree would
   // lose what moved out of the old root.
-  if (bankTree_->InsertWithData(key, data.data())) StoreHead(currentType_.c_str(), name);
+  if (bank_.Tree().InsertWithData(key, data.data())) StoreHead(currentType_.c_str(), name);
   EnterIdentifiers(bank);
 }
 
@@ -143,18 +132,18 @@ void LibMaint_i::WriteBlocks(IZelBankIO* bank, std::int32_t* data) {
 // lies: the node comes first, and the key is taken back when the record does not follow.
 void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
                                        std::int32_t const* key) {
-  if (bankTree_->Insert(key, f::kNullAddress, f::kNullAddress)) {
+  if (bank_.Tree().Insert(key, f::kNullAddress, f::kNullAddress)) {
     StoreHead(currentType_.c_str(), name);
   }
   std::int32_t* entry = nullptr;
-  if (!bankTree_->GetCurrentData(entry)) return;
+  if (!bank_.Tree().GetCurrentData(entry)) return;
   ExtentList const before = library_->Store().Extents();
   try {
     bank->WriteToFile(entry, library_);
-    bankTree_->WriteCurrentNode();
+    bank_.Tree().WriteCurrentNode();
   } catch (...) {
     library_->Store().Extents() = before;
-    bankTree_->Delete(key);  // from a leaf, where new entries are: the root stays
+    bank_.Tree().Delete(key);  // from a leaf, where new entries are: the root stays
     throw;
   }
   EnterIdentifiers(bank);
@@ -181,7 +170,7 @@ bool LibMaint_i::ReadItem(IZelBankDef* bank, char const* name, Key* key) {
   std::int32_t const* entry = nullptr;
   if (LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;
   io->SetSource(library_, name, library_->IsPasswordLocked() ? 1 : 0);
-  ReadRecord(io.Get(), entry);
+  bank_.Read(library_, io.Get(), entry);
   if (swapped_) io->SwapPair();
   KeepItem(name, key);
   return true;
@@ -217,12 +206,10 @@ void LibMaint_i::KeepItem(char const* name, Key* key) {
 // holds nodes of before, and is made anew from the bank's head. False when the item is gone.
 bool LibMaint_i::FindItemAgain(IZelBankIO* bank, BlockInfo const& info) {
   if (itemChanges_ == library_->Store().Changes()) return true;
-  std::int32_t const* found = nullptr;
-  if (!library_->FindBank(info.type, itemBank_.c_str(), found, false)) return false;
-  MakeTree(found + f::kBankHead);
-  BTreeHead_i const& head = bankTree_->Head();
-  return head.keyWords == keyWords_ && FormatOf(bank, info, head).format == format_.format &&
-         bankTree_->Find(itemKey_.data(), found);
+  std::int32_t const* entry = nullptr;
+  std::int32_t const format = bank_.Format().format;
+  return bank_.Locate(*library_, bank, info, itemBank_.c_str()) == LocatedBank::Answer::kFound &&
+         bank_.Format().format == format && bank_.Tree().Find(itemKey_.data(), entry);
 }
 
 bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
@@ -231,10 +218,11 @@ bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
   if (!io || !MayBeWritten(io.Get(), nullptr)) return false;
   BlockInfo const info(io.Get());
   std::int32_t words = 0;
-  io->GetRecordLength(format_.format, &words);
+  io->GetRecordLength(bank_.Format().format, &words);
   std::int32_t* entry = nullptr;
-  if (!SameText(info.type, currentType_) || info.keyWords != keyWords_ || words != format_.words ||
-      !bankTree_ || !FindItemAgain(io.Get(), info) || !bankTree_->GetCurrentData(entry)) {
+  if (!SameText(info.type, currentType_) || info.keyWords != keyWords_ ||
+      words != bank_.Format().words || !bank_.IsOpen() || !FindItemAgain(io.Get(), info) ||
+      !bank_.Tree().GetCurrentData(entry)) {
     itemValid_ = false;
     return false;
   }
@@ -249,16 +237,16 @@ bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
   auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   std::int32_t const* entry = nullptr;
   if (!io || LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;
-  std::int32_t const root = bankTree_->Head().rootAddress;
+  std::int32_t const root = bank_.Tree().Head().rootAddress;
   auto* inner = dynamic_cast<Key_p*>(key);
   try {
-    bankTree_->Delete(inner->GetKeyWords());
+    bank_.Tree().Delete(inner->GetKeyWords());
   } catch (...) {
     // A rebuild that broke off has moved the root: what it saved must stay reachable.
-    if (bankTree_->Head().rootAddress != root) StoreHead(type, name);
+    if (bank_.Tree().Head().rootAddress != root) StoreHead(type, name);
     throw;
   }
-  if (bankTree_->Head().rootAddress != root) StoreHead(type, name);
+  if (bank_.Tree().Head().rootAddress != root) StoreHead(type, name);
   return true;
 }
 

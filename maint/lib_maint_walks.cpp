@@ -19,11 +19,11 @@ bool IsOpen(LibFile_i* library) { return library != nullptr && library->GetBankT
 }  // namespace
 
 bool LibMaint_i::StartWalk(WalkMode mode, std::int32_t const* head) {
-  MakeTree(head);
+  bank_.OpenTree(*library_, head);
   std::int32_t words = 0;
-  bankTree_->WalkBegin(keyWords_, words);
+  bank_.Tree().WalkBegin(keyWords_, words);
   // An empty tree gives no key length; its walk, too, ends with key words of 0.
-  if (keyWords_ == 0 && bankTree_->Head().IsUsable()) keyWords_ = bankTree_->Head().keyWords;
+  if (keyWords_ == 0 && bank_.Tree().Head().IsUsable()) keyWords_ = bank_.Tree().Head().keyWords;
   walkMode_ = mode;
   return true;
 }
@@ -31,7 +31,7 @@ bool LibMaint_i::StartWalk(WalkMode mode, std::int32_t const* head) {
 // True when the walk is the current one. Any item read before can no longer be rewritten.
 bool LibMaint_i::WalkIs(WalkMode mode) noexcept {
   itemValid_ = false;
-  return walkMode_ == mode && bankTree_;
+  return walkMode_ == mode && bank_.IsOpen();
 }
 
 void LibMaint_i::BeginIdWalk() {
@@ -43,7 +43,7 @@ bool LibMaint_i::NextId(std::int32_t& number, char* id) {
   number = 0;
   Give(id, '\0');
   std::int32_t const* entry = nullptr;
-  if (!WalkIs(WalkMode::kIds) || keyWords_ != f::kIdKeyWords || !bankTree_->WalkNext(entry)) {
+  if (!WalkIs(WalkMode::kIds) || keyWords_ != f::kIdKeyWords || !bank_.Tree().WalkNext(entry)) {
     return false;
   }
   number = entry[f::kIdKeyWords];
@@ -64,7 +64,8 @@ bool LibMaint_i::NextBank(char* type, char* name) {
   char ownType[9];
   char ownName[9];
   std::int32_t const* entry = nullptr;
-  while (WalkIs(WalkMode::kBanks) && keyWords_ == f::kBankKeyWords && bankTree_->WalkNext(entry)) {
+  while (WalkIs(WalkMode::kBanks) && keyWords_ == f::kBankKeyWords &&
+         bank_.Tree().WalkNext(entry)) {
     UnpackBankKey(entry, ownType, ownName);
     if (!currentType_.empty() && currentType_ != ownType) continue;
     GiveText(ownType, type, sizeof ownType);
@@ -121,13 +122,13 @@ bool LibMaint_i::TellUnread(std::string const& place, unsigned long address) con
 // False for an item that cannot be read and of which the host was told; the bank is empty then.
 bool LibMaint_i::ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockInfo const& info) {
   if (library_->ItemFindings() == nullptr) {
-    ReadRecord(bank, entry + keyWords_);
+    bank_.Read(library_, bank, entry + keyWords_);
     return true;
   }
   // The words are taken now: reading can move the node they lie in.
   std::string const place = currentType_ + ":" + walkedName_ + " " + ItemText(info, entry);
   try {
-    ReadRecord(bank, entry + keyWords_);
+    bank_.Read(library_, bank, entry + keyWords_);
     return true;
   } catch (unsigned long const address) {
     bank->Clear();
@@ -144,10 +145,9 @@ bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   io->Clear();
   BlockInfo const info(io.Get());
   if (!SameText(info.type, currentType_) || info.keyWords != keyWords_) return false;
-  format_ = FormatOf(io.Get(), info, bankTree_->Head());
+  if (bank_.Fit(io.Get(), info) != LocatedBank::Answer::kFound) return false;
   std::int32_t const* entry = nullptr;
-  fileResident_ = info.fileResident;
-  while (format_.format != 0 && bankTree_->WalkNext(entry)) {
+  while (bank_.Tree().WalkNext(entry)) {
     if (keyWords != nullptr) std::copy_n(entry, keyWords_, keyWords);
     if (ReadOrTell(io.Get(), entry, info)) return true;
     if (keyWords != nullptr) std::fill_n(keyWords, keyWords_, 0);
@@ -159,7 +159,7 @@ bool LibMaint_i::NextItemKey(std::int32_t* keyWords) {
   if (!WalkIs(WalkMode::kItems) || keyWords == nullptr) return false;
   std::fill_n(keyWords, keyWords_, 0);
   std::int32_t const* entry = nullptr;
-  if (!bankTree_->WalkNext(entry)) return false;
+  if (!bank_.Tree().WalkNext(entry)) return false;
   std::copy_n(entry, keyWords_, keyWords);
   return true;
 }
