@@ -17,7 +17,7 @@ void Require(bool holds, char const* what) {
 
 class Caller final : public zel::CorrelationCaller {
  public:
-  zel::CalledCorrelation Call(int index, double T, int) override {
+  zel::CalledCorrelation Call(std::uint32_t index, double T, int) override {
     return {{T + index, 1.0, 0.5, 0.25}};
   }
 };

@@ -67,9 +67,8 @@ void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
     ComponentIdentity identity(component.Get());
     double nbp = hidden;
     double mw = hidden;
-    constexpr std::uint32_t kNbp = 8, kMw = 0;
-    if (!locked) component->GetProperty(kNbp, &nbp);
-    if (!locked) component->GetProperty(kMw, &mw);
+    if (!locked) component->GetProperty(propertyNBP, &nbp);
+    if (!locked) component->GetProperty(propertyMW, &mw);
     char secondFormula[sizeof identity.formula] = "";
     std::int32_t idCount = 0;
     std::int32_t formulaResult = 0;

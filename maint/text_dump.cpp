@@ -26,7 +26,6 @@ constexpr std::string_view kComponentExtension = ".cmp";
 constexpr std::array<std::string_view, 8> kPhases = {"", "V", "L", "VL", "S", "VS", "LS", "VLS"};
 constexpr std::int32_t kSolid = 4;
 
-enum Property : std::uint32_t { kMw = 0, kTc = 1, kNbp = 8 };
 constexpr double kLowTc = 400.0;  // K
 
 std::string VersionOf(LibFile* library) {
@@ -48,14 +47,14 @@ void PutFields(TextFile& file, std::initializer_list<std::string_view> fields) {
   }
 }
 
-double PropertyOf(IZelPureComp* component, Property property) {
+double PropertyOf(IZelPureComp* component, zelProperties property) {
   double value = gen_GetUndefDouble();
   component->GetProperty(property, &value);
   return value;
 }
 
 // Undefined values are negative too.
-std::string PropertyText(IZelPureComp* component, Property property) {
+std::string PropertyText(IZelPureComp* component, zelProperties property) {
   constexpr int kDigits = 6;
   double const value = PropertyOf(component, property);
   return value < 0.0 ? std::string() : RealText(value, kDigits);
@@ -68,8 +67,8 @@ void PutComponent(TextFile& file, IZelPureComp* component) {
   auto const known = phase >= 0 && phase < static_cast<std::int32_t>(kPhases.size());
   PutFields(file, {identity.name, known ? kPhases[static_cast<std::size_t>(phase)] : "",
                    identity.ids[0], identity.formula, static_cast<char const*>(identity.Cas()),
-                   PropertyText(component, kNbp), PropertyText(component, kMw)});
-  double const tc = PropertyOf(component, kTc);
+                   PropertyText(component, propertyNBP), PropertyText(component, propertyMW)});
+  double const tc = PropertyOf(component, propertyTC);
   if (tc > 0.0 && tc < kLowTc) file.Put("\thsol");
   file.Put(phase == kSolid ? "\tSolid\n" : "\n");
   bool others = false;

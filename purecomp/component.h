@@ -20,28 +20,6 @@ inline constexpr int kCoefficients = 15;
 inline constexpr int kIdentitySources = 5;
 inline constexpr std::uint32_t kMaxRefCode = 32000;
 
-// Indices of fixed constants that the code names; all of them are in tables.h.
-enum ConstantIndex : std::size_t {
-  kMW = 0,
-  kTC = 1,
-  kPC = 2,
-  kVC = 3,
-  kZC = 4,
-  kACENTRIC = 5,
-  kNBP = 8,
-  kSG60F = 9,
-  kMVOL25C = 10,
-  kSOLUPARA = 11,
-  kPARACHOR = 12,
-  kHFORMATION = 24,
-  kLHV = 34,
-  kCNUM = 35,
-  kHCOMBUST = 45
-};
-
-// What an identity source tells of.
-enum IdentityIndex : std::size_t { kOfFormula = 0, kOfCas = 1, kOfStructure = 2, kOfSmiles = 3 };
-
 using SourceText = std::array<char, 260>;
 
 struct Structure {

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "purecomp/jet.h"
+#include "zelaccess/PureComp.h"
 
 namespace zel {
 
@@ -22,7 +23,7 @@ struct CalledCorrelation {
 class CorrelationCaller {
  public:
   // `index` is a correlation index; `highest` the highest derivative needed (0 to 3).
-  virtual CalledCorrelation Call(int index, double temperature, int highest) = 0;
+  virtual CalledCorrelation Call(std::uint32_t index, double temperature, int highest) = 0;
 
  protected:
   ~CorrelationCaller() = default;
@@ -73,7 +74,7 @@ struct Symbols {
   }
 
   // Another correlation as a number of the temperature's type.
-  X Called(int index) const {
+  X Called(std::uint32_t index) const {
     if constexpr (IsJet<X>::value) {
       return FromDerivatives(T, at.caller->Call(index, ValueOf(T), X::kOrder).d);
     } else {

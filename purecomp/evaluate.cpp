@@ -67,9 +67,7 @@ void ApplyLimit(std::int32_t code, double& value, double& derivative) {
 // Values on a weight basis become molar: densities are divided by the molecular weight, all others
 // multiplied.
 void ToMolar(std::uint32_t index, double molecularWeight, double& value, double& derivative) {
-  constexpr std::uint32_t kLiquidDensityIndex = 4;
-  constexpr std::uint32_t kSolidDensityIndex = 12;
-  bool const isDensity = index == kLiquidDensityIndex || index == kSolidDensityIndex;
+  bool const isDensity = index == correlationLiquidDensity || index == correlationSolidDensity;
   auto const convert = [&](double x) {
     return isDensity ? x / molecularWeight : x * molecularWeight;
   };
@@ -116,9 +114,9 @@ ZelStatus Evaluator::Evaluate(std::uint32_t index, double temperature, std::int3
   call.tMin = record.tMin;
   call.order = std::max(order, 1);
   call.factor = record.propUnit == 0 ? 1.0 : GetUnitFactor(record.propUnit);
-  call.Tc = component_.fixed[kTC];
-  call.Pc = component_.fixed[kPC];
-  call.Tb = component_.fixed[kNBP];
+  call.Tc = component_.fixed[propertyTC];
+  call.Pc = component_.fixed[propertyPC];
+  call.Tb = component_.fixed[propertyNBP];
   call.logBasis = record.logBasis;
 
   running_ |= mark;
@@ -133,20 +131,20 @@ ZelStatus Evaluator::Evaluate(std::uint32_t index, double temperature, std::int3
   if (result != kStatusOk || row.extrapolation == Extrapolation::kFails) return kStatusFailed;
   ApplyLimit(row.limit, value, derivative);
   if (record.moleWtBasis == kWeightBasis) {
-    ToMolar(index, component_.fixed[kMW], value, derivative);
+    ToMolar(index, component_.fixed[propertyMW], value, derivative);
   }
   return status == kInRange ? kStatusOk : kStatusNothingNew;
 }
 
 // A call that fails gives 0 for the value and each derivative.
-CalledCorrelation Evaluator::Call(int index, double temperature, int highest) {
+CalledCorrelation Evaluator::Call(std::uint32_t index, double temperature, int highest) {
   CalledCorrelation called;
   std::int32_t status = 0;
   for (int order = 1; order <= std::max(highest, 1); ++order) {
     double value = 0.0;
     double derivative = 0.0;
-    ZelStatus const result = Evaluate(static_cast<std::uint32_t>(index), temperature, order, value,
-                                      derivative, nullptr, status);
+    ZelStatus const result =
+        Evaluate(index, temperature, order, value, derivative, nullptr, status);
     if (result == kStatusFailed) return {};
     if (order == 1) called.d[0] = value;
     called.d[order] = derivative;

@@ -28,7 +28,7 @@ class Evaluator final : public CorrelationCaller {
   ZelStatus Evaluate(std::uint32_t index, double temperature, std::int32_t order, double& value,
                      double& derivative, double* weights, std::int32_t& status);
 
-  CalledCorrelation Call(int index, double temperature, int highest) override;
+  CalledCorrelation Call(std::uint32_t index, double temperature, int highest) override;
 
  private:
   ZelStatus Extrapolate(EquationCall call, Extrapolation mode, double temperature, double bound,

@@ -14,17 +14,6 @@
 namespace zel {
 namespace {
 
-// Values that exist in `completed` only.
-enum CompletedIndex : std::size_t {
-  kApiGravity = 50,
-  kWatsonK = 52,
-  kFirstBoilingCopy = 53,
-  kLastBoilingCopy = 57,
-  kFirstAtomCount = 60,  // C, H, N, O, S
-  kFirstFraction = 70,   // their weight fractions
-  kCarbonToHydrogen = 80
-};
-
 constexpr double kInverseGasConstant = 0.12027223379575203;  // 1/8.314471
 constexpr double kTolerance = 0.1;
 constexpr double kTolerancePercent = 10.0;
@@ -88,20 +77,21 @@ class FillIn {
         X = divide ? X / value : X * value;
       }
     };
-    take(kTC, true);
-    take(kPC, false);
-    take(kVC, false);
-    take(kZC, true);
-    if (missing == 1) c_.completed[which] = which == kPC || which == kVC ? 1.0 / X : X;
+    take(propertyTC, true);
+    take(propertyPC, false);
+    take(propertyVC, false);
+    take(propertyZC, true);
+    if (missing == 1)
+      c_.completed[which] = which == propertyPC || which == propertyVC ? 1.0 / X : X;
     if (missing == 0 && std::fabs(X - 1.0) > kTolerance) CompareSources();
   }
 
   // A library is trusted to be consistent with itself.
   void CompareSources() {
-    std::string_view const first = c_.fixedSources[kTC].data();
-    bool const mixed = !SameText(first, c_.fixedSources[kPC].data()) ||
-                       !SameText(first, c_.fixedSources[kVC].data()) ||
-                       !SameText(first, c_.fixedSources[kZC].data());
+    std::string_view const first = c_.fixedSources[propertyTC].data();
+    bool const mixed = !SameText(first, c_.fixedSources[propertyPC].data()) ||
+                       !SameText(first, c_.fixedSources[propertyVC].data()) ||
+                       !SameText(first, c_.fixedSources[propertyZC].data());
     c_.consistencyWarning = mixed;
     if (!mixed) return;
     std::string const text =
@@ -112,40 +102,41 @@ class FillIn {
 
   // The later steps see these and not what earlier steps add to them.
   void TakeWorkingValues() {
-    mw_ = c_.completed[kMW];
-    tc_ = c_.completed[kTC];
-    pc_ = c_.completed[kPC];
-    vc_ = c_.completed[kVC];
-    sg_ = c_.completed[kSG60F];
-    nbp_ = c_.completed[kNBP];
-    molarVolume_ = c_.completed[kMVOL25C];
-    formation_ = c_.completed[kHFORMATION];
-    lhv_ = c_.completed[kLHV];
-    combustion_ = c_.completed[kHCOMBUST];
+    mw_ = c_.completed[propertyMW];
+    tc_ = c_.completed[propertyTC];
+    pc_ = c_.completed[propertyPC];
+    vc_ = c_.completed[propertyVC];
+    sg_ = c_.completed[propertySG60F];
+    nbp_ = c_.completed[propertyNBP];
+    molarVolume_ = c_.completed[propertyMVOL25C];
+    formation_ = c_.completed[propertyHFORMATION];
+    lhv_ = c_.completed[propertyLHV];
+    combustion_ = c_.completed[propertyHCOMBUST];
   }
 
   void Parachor() {
     constexpr double kHeaviestByVolume = 142.0;
-    if (Defined(c_.completed[kPARACHOR])) return;
+    if (Defined(c_.completed[propertyPARACHOR])) return;
     if (mw_ > kHeaviestByVolume) {
-      Put(kPARACHOR, 10.0 + 2.92 * mw_, "from MW");
+      Put(propertyPARACHOR, 10.0 + 2.92 * mw_, "from MW");
       return;
     }
     double const vc5 = vc_ * vc_ * vc_ * vc_ * vc_;
     double const y = SignedSqrt(SignedSqrt(tc_) * std::cbrt(vc5));
     double const parachor = 176.05005 - 7472.807 * vc_ - 0.87458088 * tc_ + 1560.4793 * y +
                             19.309439 * y * y + 0.05013801 * y * y * y - 25.691718 / y;
-    Put(kPARACHOR, parachor, "from Vc,Tc");
+    Put(propertyPARACHOR, parachor, "from Vc,Tc");
   }
 
   void Gravity() {
     if (!Defined(sg_)) return;
-    Put(kApiGravity, 141.5 / sg_ - 131.5, "from sg6oF");
-    if (Defined(nbp_)) Put(kWatsonK, std::cbrt(1.8 * nbp_) / sg_, "from NBP,sg6oF");
+    Put(propertyApiGravity, 141.5 / sg_ - 131.5, "from sg6oF");
+    if (Defined(nbp_)) Put(propertyWatsonK, std::cbrt(1.8 * nbp_) / sg_, "from NBP,sg6oF");
   }
 
   void BoilingPointCopies() {
-    for (std::size_t i = kFirstBoilingCopy; i <= kLastBoilingCopy; ++i) Put(i, nbp_, "from NBP");
+    for (std::size_t i = propertyFirstNbpCopy; i <= propertyLastNbpCopy; ++i)
+      Put(i, nbp_, "from NBP");
   }
 
   void Atoms() {
@@ -156,41 +147,41 @@ class FillIn {
     // A formula that does not parse leaves what was counted up to the failure.
     CountElements(c_.formula.data(), {elements, atoms_, kElementCount}, found);
     constexpr std::string_view kFromFormula = "from chemical formula";
-    if (!Defined(c_.fixed[kCNUM])) {
-      Put(kCNUM, atoms_[0], kFromFormula);
-      Put(kFirstAtomCount, atoms_[0], kFromFormula);
+    if (!Defined(c_.fixed[propertyCNUM])) {
+      Put(propertyCNUM, atoms_[0], kFromFormula);
+      Put(propertyCarbonAtoms, atoms_[0], kFromFormula);
     } else {
-      Put(kFirstAtomCount, c_.fixed[kCNUM], "from CNUM");
+      Put(propertyCarbonAtoms, c_.fixed[propertyCNUM], "from CNUM");
     }
     for (std::size_t i = 1; i < kElementCount; ++i)
-      Put(kFirstAtomCount + i, atoms_[i], kFromFormula);
+      Put(propertyCarbonAtoms + i, atoms_[i], kFromFormula);
   }
 
   void Fractions() {
     for (std::size_t i = 0; i < kElementCount; ++i) {
-      double const atoms = c_.completed[kFirstAtomCount + i];
-      Put(kFirstFraction + i, atoms * kAtomicWeights[i] / mw_, kFractionLabels[i]);
+      double const atoms = c_.completed[propertyCarbonAtoms + i];
+      Put(propertyCarbonFraction + i, atoms * kAtomicWeights[i] / mw_, kFractionLabels[i]);
     }
-    double const carbon = c_.completed[kFirstFraction];
-    double const hydrogen = c_.completed[kFirstFraction + 1];
+    double const carbon = c_.completed[propertyCarbonFraction];
+    double const hydrogen = c_.completed[propertyCarbonFraction + 1];
     if (hydrogen > 0.0) {
-      Put(kCarbonToHydrogen, carbon / hydrogen, "from CWTFRAC,HWTFRAC");
+      Put(propertyCarbonToHydrogen, carbon / hydrogen, "from CWTFRAC,HWTFRAC");
     } else {
-      Put(kCarbonToHydrogen, 0.0, "defaulted to zero");
+      Put(propertyCarbonToHydrogen, 0.0, "defaulted to zero");
     }
   }
 
   void Heats() {
     if (!Defined(combustion_) && Defined(lhv_)) {
-      Put(kHCOMBUST, -lhv_, "from Lower Heating Value");
+      Put(propertyHCOMBUST, -lhv_, "from Lower Heating Value");
     } else if (!Defined(combustion_) && Defined(formation_)) {
       constexpr std::string_view kLabel = "from Heat of formation,CNUM,NHUM,SNUM";
       double const heat = -kHeatOfCarbon * atoms_[0] - kHeatOfHydrogen * 0.5 * atoms_[1] -
                           kHeatOfSulfur * atoms_[4] - formation_;
-      Put(kHCOMBUST, heat, kLabel);
-      Put(kLHV, -heat, kLabel);
+      Put(propertyHCOMBUST, heat, kLabel);
+      Put(propertyLHV, -heat, kLabel);
     } else if (Defined(combustion_) && !Defined(lhv_)) {
-      Put(kLHV, -combustion_, "from Heat of Combustion");
+      Put(propertyLHV, -combustion_, "from Heat of Combustion");
     }
   }
 
@@ -205,27 +196,25 @@ class FillIn {
   }
 
   void SolubilityParameter() {
-    constexpr std::uint32_t kLatentHeat = 3;
     double heat = 0.0;
-    if (Defined(c_.completed[kSOLUPARA]) || !Defined(molarVolume_) ||
-        !Evaluate(kLatentHeat, kRoomTemperature, heat)) {
+    if (Defined(c_.completed[propertySOLUPARA]) || !Defined(molarVolume_) ||
+        !Evaluate(correlationLatentHeat, kRoomTemperature, heat)) {
       return;
     }
     double const x = (heat - kGasConstantTimesRoom) / molarVolume_ / kJoulePerCalorie / 1000.0;
-    Put(kSOLUPARA, SignedSqrt(x), "from HVap@25C,MolVol@25C");
+    Put(propertySOLUPARA, SignedSqrt(x), "from HVap@25C,MolVol@25C");
   }
 
   void AcentricFactor() {
-    constexpr std::uint32_t kVaporPressureIndex = 0;
     constexpr double kLogOfZero = -100.0;
     double pressure = 0.0;
-    if (Defined(c_.completed[kACENTRIC]) || !Defined(tc_) || !Defined(pc_) ||
-        !Evaluate(kVaporPressureIndex, kReducedForAcentric * tc_, pressure)) {
+    if (Defined(c_.completed[propertyACENTRIC]) || !Defined(tc_) || !Defined(pc_) ||
+        !Evaluate(correlationVaporPressure, kReducedForAcentric * tc_, pressure)) {
       return;
     }
     double const x = pressure / pc_;
     double const log = x == 0.0 ? kLogOfZero : std::log10(std::fabs(x));
-    Put(kACENTRIC, -log - 1.0, "from PSat,Pc,Tc");
+    Put(propertyACENTRIC, -log - 1.0, "from PSat,Pc,Tc");
   }
 
   Component& c_;

@@ -144,7 +144,7 @@ typename S::Result Eq54(S const& s) {
   auto const H2 = 17.11 * (1.0 - x) - 1.742 * Ln(x);
   auto const ratio = (r * (1.0 + r) + 1.0) / Square(r - 1.0);
   auto const H3 = 25.2 * (3.0 * r - root3 * Atan((1.0 + 2.0 * r) / root3) - 0.5 * Ln(ratio));
-  typename S::Value const ideal = (s.Called(kIdealEnthalpy) - s.o()) / s.f();
+  typename S::Value const ideal = (s.Called(correlationIdealEnthalpy) - s.o()) / s.f();
   return kGasConstant * (s.c(1) + s.c(3) * (H1 + 0.25 * s.c(2) * (H2 + H3))) + ideal;
 }
 

@@ -71,14 +71,11 @@ typename S::Result Eq37(S const& s) {
   return ExpClamped(s.b * (s.c(1) + s.c(2) * PowConst(x * x, 1.0 / 7.0)));
 }
 
-// Correlation indices that forms call.
-enum CalledIndex : int { kVaporPressure = 0, kIdealEnthalpy = 1, kLiquidDensity = 4 };
-
 template <typename S>
 typename S::Result Eq38(S const& s) {
   typename S::Value sum(s.b * s.c(1));
-  if (s.N >= 2) sum = sum + s.c(2) * Ln(s.Called(kLiquidDensity));
-  if (s.N >= 3) sum = sum + s.c(3) * Ln(s.Called(kVaporPressure));
+  if (s.N >= 2) sum = sum + s.c(2) * Ln(s.Called(correlationLiquidDensity));
+  if (s.N >= 3) sum = sum + s.c(3) * Ln(s.Called(correlationVaporPressure));
   if (s.N >= 4) sum = sum + s.b * (s.c(4) * s.T);
   if (s.N >= 5) sum = sum + s.b * (s.c(5) * (s.T * s.T));
   if (s.N >= 6) sum = sum + s.c(6) * Ln(s.T);

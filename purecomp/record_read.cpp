@@ -79,7 +79,7 @@ class Merge {
     main_[r::kStructureLength] = 0;
   }
 
-  void NoteIdentity(IdentityIndex which) {
+  void NoteIdentity(zelIdentitySources which) {
     CopyText(source_.text, c_.identitySources[which].data(), c_.identitySources[which].size());
     c_.identitySourceFlags[which] = 0;
   }
@@ -95,7 +95,7 @@ class Merge {
     if (c_.refCode == 0) TakeNumber(c_.refCode, r::kRefCode);
     if (c_.casNumber == 0) {
       TakeNumber(c_.casNumber, r::kCasNumber);
-      NoteIdentity(kOfCas);
+      NoteIdentity(sourceCas);
     }
   }
 
@@ -133,11 +133,11 @@ class Merge {
     TakeText(c_.name, r::kName, r::kNameWords);
     if (TakeText(c_.formula, r::kFormula, r::kFormulaWords)) {
       c_.keepFormula = main_[r::kKeepFormula] == 1;
-      NoteIdentity(kOfFormula);
+      NoteIdentity(sourceFormula);
     }
     constexpr std::int32_t kVaporAndLiquid = 3;
     if (c_.phase == 0) c_.phase = main_[r::kPhase] == 0 ? kVaporAndLiquid : main_[r::kPhase];
-    if (TakeText(c_.smiles, r::kSmiles, r::kSmilesWords)) NoteIdentity(kOfSmiles);
+    if (TakeText(c_.smiles, r::kSmiles, r::kSmilesWords)) NoteIdentity(sourceSmiles);
   }
 
   void LegacyStructure() {
@@ -149,7 +149,7 @@ class Merge {
       auto const at = static_cast<Index>(own.count++);
       own.groupIds[at] = word % r::kGroupFactor;
       own.groupCounts[at] = word / r::kGroupFactor;
-      NoteIdentity(kOfStructure);
+      NoteIdentity(sourceStructure);
       taken_ = true;
     }
   }

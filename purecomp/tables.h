@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "zelaccess/PureComp.h"
+
 namespace zel {
 
 // One fixed constant with a keyword. The dimension word is a class of the unit system, empty for a
@@ -12,7 +14,7 @@ namespace zel {
 struct PropertyRow {
   std::string_view keyword;
   std::string_view dimension;
-  std::int32_t index;
+  std::int32_t index;  // of zelProperties
   std::string_view unit;
   std::string_view label;
 };
@@ -24,49 +26,49 @@ inline constexpr std::int32_t kEndOfRows = -9999;
 // Main rows, then aliases that are only read.
 // clang-format off
 inline constexpr PropertyRow kPropertyRows[] = {
-    {"MW",           "",              0, "kg/kg-mol",     "molecular weight"},
-    {"TC",           "temp",          1, "K",             "critical temperature"},
-    {"PC",           "pres",          2, "kPa",           "critical pressure"},
-    {"VC",           "vapspvol",      3, "m3/kg-mol",     "critical volume"},
-    {"ZC",           "",              4, "",              "critical compressibility factor"},
-    {"ACENTRIC",     "",              5, "",              "acentric factor"},
-    {"CHAO",         "",              6, "",              "value stored under this keyword"},
-    {"NMP",          "temp",          7, "K",             "normal melting point"},
-    {"NBP",          "temp",          8, "K",             "normal boiling point"},
-    {"SG60F",        "petrodensity",  9, "",              "specific gravity at 60 F"},
-    {"MVOL25C",      "spvol",        10, "m3/kg-mol",     "liquid molar volume at 25 C"},
-    {"SOLUPARA",     "",             11, "(cal/cm3)^0.5", "solubility parameter"},
-    {"PARACHOR",     "",             12, "",              "parachor"},
-    {"RACKETT",      "",             13, "",              "Rackett parameter"},
-    {"DIPOLE",       "dipole",       14, "debye",         "dipole moment"},
-    {"RADIUS",       "length",       15, "m",             "molecular radius"},
-    {"DIELECTRIC",   "",             16, "",              "dielectric constant"},
-    {"TDIELECTRIC",  "temp",         17, "K",             "temperature of the dielectric constant"},
-    {"VDWA",         "",             18, "",              "van der Waals area"},
-    {"VDWV",         "",             19, "",              "van der Waals volume"},
-    {"GFORMATION",   "spenthalpy",   23, "kJ/kg-mol",     "Gibbs energy of formation"},
-    {"HFORMATION",   "spenthalpy",   24, "kJ/kg-mol",     "heat of formation"},
-    {"FLASHPOINT",   "temp",         25, "K",             "flash point"},
-    {"LOFLAMM",      "frac",         26, "fraction",      "lower flammability limit"},
-    {"HIFLAMM",      "frac",         27, "fraction",      "upper flammability limit"},
-    {"AUTOIGNITION", "temp",         28, "K",             "autoignition temperature"},
-    {"GHV",          "spenthalpy",   33, "kJ/kg-mol",     "gross heating value"},
-    {"LHV",          "spenthalpy",   34, "kJ/kg-mol",     "lower heating value"},
-    {"CNUM",         "",             35, "",              "carbon number"},
-    {"ZNUM",         "",             36, "",              "value stored under this keyword"},
-    {"TTP",          "temp",         37, "K",             "triple point temperature"},
-    {"PTP",          "pres",         38, "kPa",           "triple point pressure"},
-    {"SVTB",         "spentropy",    39, "kJ/kg-mol-K",   "vapor entropy at the normal boiling point"},
-    {"SLTB",         "spentropy",    40, "kJ/kg-mol-K",   "liquid entropy at the normal boiling point"},
-    {"SLTM",         "spentropy",    41, "kJ/kg-mol-K",   "liquid entropy at the melting point"},
-    {"HVTB",         "spenthalpy",   42, "kJ/kg-mol",     "vapor enthalpy at the normal boiling point"},
-    {"HLTB",         "spenthalpy",   43, "kJ/kg-mol",     "liquid enthalpy at the normal boiling point"},
-    {"HLTM",         "spenthalpy",   44, "kJ/kg-mol",     "liquid enthalpy at the melting point"},
-    {"HCOMBUST",     "spenthalpy",   45, "kJ/kg-mol",     "heat of combustion"},
-    {"HFUSIONNMP",   "spenthalpy",   46, "kJ/kg-mol",     "heat of fusion at the melting point"},
-    {"HVAPNBP",      "spenthalpy",   47, "kJ/kg-mol",     "heat of vaporization at the normal boiling point"},
+    {"MW",           "",             propertyMW,            "kg/kg-mol",     "molecular weight"},
+    {"TC",           "temp",         propertyTC,            "K",             "critical temperature"},
+    {"PC",           "pres",         propertyPC,            "kPa",           "critical pressure"},
+    {"VC",           "vapspvol",     propertyVC,            "m3/kg-mol",     "critical volume"},
+    {"ZC",           "",             propertyZC,            "",              "critical compressibility factor"},
+    {"ACENTRIC",     "",             propertyACENTRIC,      "",              "acentric factor"},
+    {"CHAO",         "",             propertyCHAO,          "",              "value stored under this keyword"},
+    {"NMP",          "temp",         propertyNMP,           "K",             "normal melting point"},
+    {"NBP",          "temp",         propertyNBP,           "K",             "normal boiling point"},
+    {"SG60F",        "petrodensity", propertySG60F,         "",              "specific gravity at 60 F"},
+    {"MVOL25C",      "spvol",        propertyMVOL25C,       "m3/kg-mol",     "liquid molar volume at 25 C"},
+    {"SOLUPARA",     "",             propertySOLUPARA,      "(cal/cm3)^0.5", "solubility parameter"},
+    {"PARACHOR",     "",             propertyPARACHOR,      "",              "parachor"},
+    {"RACKETT",      "",             propertyRACKETT,       "",              "Rackett parameter"},
+    {"DIPOLE",       "dipole",       propertyDIPOLE,        "debye",         "dipole moment"},
+    {"RADIUS",       "length",       propertyRADIUS,        "m",             "molecular radius"},
+    {"DIELECTRIC",   "",             propertyDIELECTRIC,    "",              "dielectric constant"},
+    {"TDIELECTRIC",  "temp",         propertyTDIELECTRIC,   "K",             "temperature of the dielectric constant"},
+    {"VDWA",         "",             propertyVDWA,          "",              "van der Waals area"},
+    {"VDWV",         "",             propertyVDWV,          "",              "van der Waals volume"},
+    {"GFORMATION",   "spenthalpy",   propertyGFORMATION,    "kJ/kg-mol",     "Gibbs energy of formation"},
+    {"HFORMATION",   "spenthalpy",   propertyHFORMATION,    "kJ/kg-mol",     "heat of formation"},
+    {"FLASHPOINT",   "temp",         propertyFLASHPOINT,    "K",             "flash point"},
+    {"LOFLAMM",      "frac",         propertyLOFLAMM,       "fraction",      "lower flammability limit"},
+    {"HIFLAMM",      "frac",         propertyHIFLAMM,       "fraction",      "upper flammability limit"},
+    {"AUTOIGNITION", "temp",         propertyAUTOIGNITION,  "K",             "autoignition temperature"},
+    {"GHV",          "spenthalpy",   propertyGHV,           "kJ/kg-mol",     "gross heating value"},
+    {"LHV",          "spenthalpy",   propertyLHV,           "kJ/kg-mol",     "lower heating value"},
+    {"CNUM",         "",             propertyCNUM,          "",              "carbon number"},
+    {"ZNUM",         "",             propertyZNUM,          "",              "value stored under this keyword"},
+    {"TTP",          "temp",         propertyTTP,           "K",             "triple point temperature"},
+    {"PTP",          "pres",         propertyPTP,           "kPa",           "triple point pressure"},
+    {"SVTB",         "spentropy",    propertySVTB,          "kJ/kg-mol-K",   "vapor entropy at the normal boiling point"},
+    {"SLTB",         "spentropy",    propertySLTB,          "kJ/kg-mol-K",   "liquid entropy at the normal boiling point"},
+    {"SLTM",         "spentropy",    propertySLTM,          "kJ/kg-mol-K",   "liquid entropy at the melting point"},
+    {"HVTB",         "spenthalpy",   propertyHVTB,          "kJ/kg-mol",     "vapor enthalpy at the normal boiling point"},
+    {"HLTB",         "spenthalpy",   propertyHLTB,          "kJ/kg-mol",     "liquid enthalpy at the normal boiling point"},
+    {"HLTM",         "spenthalpy",   propertyHLTM,          "kJ/kg-mol",     "liquid enthalpy at the melting point"},
+    {"HCOMBUST",     "spenthalpy",   propertyHCOMBUST,      "kJ/kg-mol",     "heat of combustion"},
+    {"HFUSIONNMP",   "spenthalpy",   propertyHFUSIONNMP,    "kJ/kg-mol",     "heat of fusion at the melting point"},
+    {"HVAPNBP",      "spenthalpy",   propertyHVAPNBP,       "kJ/kg-mol",     "heat of vaporization at the normal boiling point"},
     {"", "", kEndOfWritten, "", ""},
-    {"MVOL60F",      "spvol",        10, "m3/kg-mol",     "an alias"},
+    {"MVOL60F",      "spvol",        propertyMVOL25C,       "m3/kg-mol",     "an alias"},
     {"", "", kEndOfRows, "", ""},
 };
 // clang-format on
@@ -89,7 +91,7 @@ struct CorrelationRow {
   std::string_view label;
 };
 
-// By correlation index.
+// By zelCorrelations.
 // clang-format off
 inline constexpr CorrelationRow kCorrelationRows[] = {
     {"VaporPressure",         "pres",        4015,  Basis::kNone,          Extrapolation::kLogarithmic, 10,       "kPa",         "vapor pressure"},
@@ -115,7 +117,7 @@ inline constexpr CorrelationRow kCorrelationRows[] = {
 inline constexpr std::int32_t kNamedCorrelations = 18;
 static_assert(sizeof kCorrelationRows / sizeof kCorrelationRows[0] == kNamedCorrelations);
 
-// Models of group structures, by number.
+// By zelStructureModels.
 inline constexpr std::array<std::string_view, 7> kModelKeywords = {
     "legacy", "orig-public", "orig-cons", "dort-public", "dort-cons", "lyngby", "joback"};
 

@@ -16,19 +16,11 @@ namespace {
 
 constexpr std::int32_t kKelvin = 10;
 
-// Inputs of a method: constants by index, also of completed ones, and these.
+// Inputs of a method: constants of zelProperties, and these.
 constexpr std::int32_t kNone = -1;
 constexpr std::int32_t kFormula = -2;
 constexpr std::int32_t kLatentHeatAtRoom = -3;      // at 298.15 K
 constexpr std::int32_t kVaporPressureReduced = -4;  // at 0.7 TC
-
-constexpr std::int32_t kCarbonAtoms = 60;
-constexpr std::int32_t kHydrogenAtoms = 61;
-constexpr std::int32_t kNitrogenAtoms = 62;
-constexpr std::int32_t kOxygenAtoms = 63;
-constexpr std::int32_t kSulfurAtoms = 64;
-constexpr std::int32_t kCarbonFraction = 70;
-constexpr std::int32_t kHydrogenFraction = 71;
 
 // What each method of the fill-in takes, by the label that it leaves.
 struct Method {
@@ -36,28 +28,29 @@ struct Method {
   std::array<std::int32_t, 3> inputs;
 };
 constexpr Method kMethods[] = {
-    {"from MW", {kMW, kNone, kNone}},
-    {"from Vc,Tc", {kVC, kTC, kMW}},  // MW tells that the component is light enough
-    {"from sg6oF", {kSG60F, kNone, kNone}},
-    {"from NBP,sg6oF", {kNBP, kSG60F, kNone}},
-    {"from NBP", {kNBP, kNone, kNone}},
+    {"from MW", {propertyMW, kNone, kNone}},
+    {"from Vc,Tc",
+     {propertyVC, propertyTC, propertyMW}},  // MW tells that the component is light enough
+    {"from sg6oF", {propertySG60F, kNone, kNone}},
+    {"from NBP,sg6oF", {propertyNBP, propertySG60F, kNone}},
+    {"from NBP", {propertyNBP, kNone, kNone}},
     {"from chemical formula", {kFormula, kNone, kNone}},
-    {"from CNUM", {kCNUM, kNone, kNone}},
-    {"from CNUMB,MW_C,MW", {kCarbonAtoms, kMW, kNone}},
-    {"from HNUMB,MW_H,MW", {kHydrogenAtoms, kMW, kNone}},
-    {"from NNUMB,MW_N,MW", {kNitrogenAtoms, kMW, kNone}},
-    {"from ONUMB,MW_O,MW", {kOxygenAtoms, kMW, kNone}},
-    {"from SNUMB,MW_S,MW", {kSulfurAtoms, kMW, kNone}},
-    {"from CWTFRAC,HWTFRAC", {kCarbonFraction, kHydrogenFraction, kNone}},
-    {"defaulted to zero", {kHydrogenFraction, kNone, kNone}},
-    {"from Lower Heating Value", {kLHV, kNone, kNone}},
-    {"from Heat of formation,CNUM,NHUM,SNUM", {kHFORMATION, kFormula, kNone}},
-    {"from Heat of Combustion", {kHCOMBUST, kNone, kNone}},
-    {"from HVap@25C,MolVol@25C", {kMVOL25C, kLatentHeatAtRoom, kNone}},
-    {"from PSat,Pc,Tc", {kPC, kTC, kVaporPressureReduced}},
+    {"from CNUM", {propertyCNUM, kNone, kNone}},
+    {"from CNUMB,MW_C,MW", {propertyCarbonAtoms, propertyMW, kNone}},
+    {"from HNUMB,MW_H,MW", {propertyHydrogenAtoms, propertyMW, kNone}},
+    {"from NNUMB,MW_N,MW", {propertyNitrogenAtoms, propertyMW, kNone}},
+    {"from ONUMB,MW_O,MW", {propertyOxygenAtoms, propertyMW, kNone}},
+    {"from SNUMB,MW_S,MW", {propertySulfurAtoms, propertyMW, kNone}},
+    {"from CWTFRAC,HWTFRAC", {propertyCarbonFraction, propertyHydrogenFraction, kNone}},
+    {"defaulted to zero", {propertyHydrogenFraction, kNone, kNone}},
+    {"from Lower Heating Value", {propertyLHV, kNone, kNone}},
+    {"from Heat of formation,CNUM,NHUM,SNUM", {propertyHFORMATION, kFormula, kNone}},
+    {"from Heat of Combustion", {propertyHCOMBUST, kNone, kNone}},
+    {"from HVap@25C,MolVol@25C", {propertyMVOL25C, kLatentHeatAtRoom, kNone}},
+    {"from PSat,Pc,Tc", {propertyPC, propertyTC, kVaporPressureReduced}},
 };
 // They complete each other without a label.
-constexpr std::array<std::uint32_t, 4> kCritical = {kTC, kPC, kVC, kZC};
+constexpr std::array<std::uint32_t, 4> kCritical = {propertyTC, propertyPC, propertyVC, propertyZC};
 
 class Judge {
  public:
@@ -101,11 +94,11 @@ class Judge {
     switch (input) {
       case kNone: return true;
       case kFormula: return HasFormula();
-      case kLatentHeatAtRoom: return HasValue(3, 298.15);
+      case kLatentHeatAtRoom: return HasValue(correlationLatentHeat, 298.15);
       case kVaporPressureReduced: {
         double critical = gen_GetUndefDouble();
-        c_.GetCompleted(kTC, &critical);
-        return HasValue(0, 0.7 * critical);
+        c_.GetCompleted(propertyTC, &critical);
+        return HasValue(correlationVaporPressure, 0.7 * critical);
       }
       default: {
         zelConstantStates const state = StateOf(static_cast<std::uint32_t>(input), depth + 1);

@@ -10,9 +10,7 @@
 namespace tour {
 namespace {
 
-constexpr double kAtmosphere = 101.325;  // kPa
-constexpr std::uint32_t kNbp = 8;
-constexpr std::uint32_t kVaporPressure = 0;
+constexpr double kAtmosphere = 101.325;                             // kPa
 constexpr double kBounds[] = {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0};  // percent
 constexpr std::size_t kWorst = 10;
 
@@ -30,17 +28,17 @@ bool DeviationOf(Merged& merged, Component const& component, Deviation& found) {
   if (!merged.Find(component)) return false;
   double boiling = 0.0, pressure = 0.0, slope = 0.0;
   std::int32_t where = 0;
-  merged->GetProperty(kNbp, &boiling);
+  merged->GetProperty(zel::propertyNBP, &boiling);
   if (zel::gen_IsUndefDouble(boiling) ||
-      merged->EvaluateCorrelation(kVaporPressure, boiling, 1, &pressure, &slope, nullptr, &where) ==
-          zel::kStatusFailed) {
+      merged->EvaluateCorrelation(zel::correlationVaporPressure, boiling, 1, &pressure, &slope,
+                                  nullptr, &where) == zel::kStatusFailed) {
     return false;
   }
   char boilingFrom[260];
   char pressureFrom[260];
   std::uint8_t flag = 0;
-  merged->GetPropertySource(kNbp, boilingFrom, &flag);
-  merged->GetCorrelationSource(kVaporPressure, pressureFrom, &flag);
+  merged->GetPropertySource(zel::propertyNBP, boilingFrom, &flag);
+  merged->GetCorrelationSource(zel::correlationVaporPressure, pressureFrom, &flag);
   found = {component.name, boiling,     pressure,    100.0 * (pressure / kAtmosphere - 1.0),
            where != 0,     boilingFrom, pressureFrom};
   return true;

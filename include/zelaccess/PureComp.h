@@ -6,6 +6,111 @@
 
 namespace zel {
 
+// Fixed constants by index: keyword, internal unit ("-" for a pure number), meaning. The indices in
+// between are kept in memory and have no keyword and no place on file.
+// clang-format off
+enum zelProperties : std::uint32_t {
+  propertyMW = 0,             // MW, kg/kg-mol: molecular weight
+  propertyTC = 1,             // TC, K: critical temperature
+  propertyPC = 2,             // PC, kPa: critical pressure
+  propertyVC = 3,             // VC, m3/kg-mol: critical volume
+  propertyZC = 4,             // ZC, -: critical compressibility factor
+  propertyACENTRIC = 5,       // ACENTRIC, -: acentric factor
+  propertyCHAO = 6,           // CHAO, -: value stored under this keyword
+  propertyNMP = 7,            // NMP, K: normal melting point
+  propertyNBP = 8,            // NBP, K: normal boiling point
+  propertySG60F = 9,          // SG60F, -: specific gravity at 60 F
+  propertyMVOL25C = 10,       // MVOL25C, m3/kg-mol: liquid molar volume at 25 C
+  propertySOLUPARA = 11,      // SOLUPARA, (cal/cm3)^0.5: solubility parameter
+  propertyPARACHOR = 12,      // PARACHOR, -: parachor
+  propertyRACKETT = 13,       // RACKETT, -: Rackett parameter
+  propertyDIPOLE = 14,        // DIPOLE, debye: dipole moment
+  propertyRADIUS = 15,        // RADIUS, m: molecular radius
+  propertyDIELECTRIC = 16,    // DIELECTRIC, -: dielectric constant
+  propertyTDIELECTRIC = 17,   // TDIELECTRIC, K: temperature of the dielectric constant
+  propertyVDWA = 18,          // VDWA, -: van der Waals area
+  propertyVDWV = 19,          // VDWV, -: van der Waals volume
+  propertyGFORMATION = 23,    // GFORMATION, kJ/kg-mol: Gibbs energy of formation
+  propertyHFORMATION = 24,    // HFORMATION, kJ/kg-mol: heat of formation
+  propertyFLASHPOINT = 25,    // FLASHPOINT, K: flash point
+  propertyLOFLAMM = 26,       // LOFLAMM, fraction: lower flammability limit
+  propertyHIFLAMM = 27,       // HIFLAMM, fraction: upper flammability limit
+  propertyAUTOIGNITION = 28,  // AUTOIGNITION, K: autoignition temperature
+  propertyGHV = 33,           // GHV, kJ/kg-mol: gross heating value
+  propertyLHV = 34,           // LHV, kJ/kg-mol: lower heating value
+  propertyCNUM = 35,          // CNUM, -: carbon number
+  propertyZNUM = 36,          // ZNUM, -: value stored under this keyword
+  propertyTTP = 37,           // TTP, K: triple point temperature
+  propertyPTP = 38,           // PTP, kPa: triple point pressure
+  propertySVTB = 39,          // SVTB, kJ/kg-mol-K: vapor entropy at the normal boiling point
+  propertySLTB = 40,          // SLTB, kJ/kg-mol-K: liquid entropy at the normal boiling point
+  propertySLTM = 41,          // SLTM, kJ/kg-mol-K: liquid entropy at the melting point
+  propertyHVTB = 42,          // HVTB, kJ/kg-mol: vapor enthalpy at the normal boiling point
+  propertyHLTB = 43,          // HLTB, kJ/kg-mol: liquid enthalpy at the normal boiling point
+  propertyHLTM = 44,          // HLTM, kJ/kg-mol: liquid enthalpy at the melting point
+  propertyHCOMBUST = 45,      // HCOMBUST, kJ/kg-mol: heat of combustion
+  propertyHFUSIONNMP = 46,    // HFUSIONNMP, kJ/kg-mol: heat of fusion at the melting point
+  propertyHVAPNBP = 47,       // HVAPNBP, kJ/kg-mol: heat of vaporization at the normal boiling point
+  // Only after Complete, and never on file:
+  propertyApiGravity = 50,        // -: API gravity, from SG60F
+  propertyWatsonK = 52,           // -: Watson characterization factor, from NBP and SG60F
+  propertyFirstNbpCopy = 53,      // K: the normal boiling point, 53 to 57
+  propertyLastNbpCopy = 57,       // K
+  propertyCarbonAtoms = 60,       // -: atoms in the formula, 60 to 64
+  propertyHydrogenAtoms = 61,     // -
+  propertyNitrogenAtoms = 62,     // -
+  propertyOxygenAtoms = 63,       // -
+  propertySulfurAtoms = 64,       // -
+  propertyCarbonFraction = 70,    // kg/kg: weight fractions of the elements, 70 to 74
+  propertyHydrogenFraction = 71,  // kg/kg
+  propertyNitrogenFraction = 72,  // kg/kg
+  propertyOxygenFraction = 73,    // kg/kg
+  propertySulfurFraction = 74,    // kg/kg
+  propertyCarbonToHydrogen = 80   // kg/kg: weight ratio of C to H
+};
+
+// Correlations by index: name, unit of an evaluated value ("-" for a pure number), meaning.
+enum zelCorrelations : std::uint32_t {
+  correlationVaporPressure = 0,         // VaporPressure, kPa: vapor pressure
+  correlationIdealEnthalpy = 1,         // IdealEnthalpy, kJ/kg-mol: enthalpy of the ideal gas
+  correlationLiquidEnthalpy = 2,        // LiquidEnthalpy, kJ/kg-mol: enthalpy of the saturated liquid
+  correlationLatentHeat = 3,            // LatentHeat, kJ/kg-mol: heat of vaporization
+  correlationLiquidDensity = 4,         // LiquidDensity, kg-mol/m3: density of the saturated liquid
+  correlationLiquidThermal = 5,         // LiquidThermal, W/m-K: thermal conductivity of the liquid
+  correlationVaporThermal = 6,          // VaporThermal, W/m-K: thermal conductivity of the vapor
+  correlationLiquidViscosity = 7,       // LiquidViscosity, cP: viscosity of the liquid
+  correlationVaporViscosity = 8,        // VaporViscosity, cP: viscosity of the vapor
+  correlationSurfaceTension = 9,        // SurfaceTension, N/m: surface tension
+  correlationExpansion = 10,            // Expansion, -: expansion, kept and not evaluated
+  correlationSolidEnthalpy = 11,        // SolidEnthalpy, kJ/kg-mol: enthalpy of the solid
+  correlationSolidDensity = 12,         // SolidDensity, kg-mol/m3: density of the solid
+  correlationIdealGasCp = 13,           // IdealGasCp, kJ/kg-mol-K: heat capacity of the ideal gas
+  correlationLiquidCp = 14,             // LiquidCp, kJ/kg-mol-K: heat capacity of the liquid
+  correlationSolidCp = 15,              // SolidCp, kJ/kg-mol-K: heat capacity of the solid
+  correlationDielectric = 16,           // Dielectric, -: dielectric constant
+  correlationCharacteristicVolume = 17  // CharacteristicVolume, m3/kg-mol: characteristic volume
+};
+// clang-format on
+
+// What an identity source is the source of.
+enum zelIdentitySources : std::uint32_t {
+  sourceFormula = 0,
+  sourceCas = 1,
+  sourceStructure = 2,
+  sourceSmiles = 3
+};
+
+// Models of group structures: keyword of the interchange form.
+enum zelStructureModels : std::uint32_t {
+  structureLegacy = 0,      // legacy
+  structureOrigPublic = 1,  // orig-public
+  structureOrigCons = 2,    // orig-cons
+  structureDortPublic = 3,  // dort-public
+  structureDortCons = 4,    // dort-cons
+  structureLyngby = 5,      // lyngby
+  structureJoback = 6       // joback
+};
+
 // One pure component: identity, group structures, fixed constants, eighteen temperature
 // correlations, a SMILES text and phase flags, with a reference code and a source for each datum.
 //
@@ -17,9 +122,8 @@ namespace zel {
 // range is a failure and changes nothing. Null pointers as in Banks.h: EvaluateCorrelation without
 // a buffer for the derivative gives the value alone. Text arguments are caller buffers: IDs 9
 // characters, name 41, formula 21, SMILES 101, sources 260. Constants are in internal units: K,
-// kPa, kJ/kg-mol, m3/kg-mol, debye, m; undefined when unset (Types.h). Constants by index: 0 MW, 1
-// TC, 2 PC, 3 VC, 4 ZC, ...; correlations: 0 VaporPressure, 1 IdealEnthalpy, 2 LiquidEnthalpy, 3
-// LatentHeat, 4 LiquidDensity, ...
+// kPa, kJ/kg-mol, m3/kg-mol, debye, m; undefined when unset (Types.h). Indices are those of
+// zelProperties and zelCorrelations.
 class ZEL_API IZelPureComp : public IUnknown {
  public:
   // Set by Complete: the stored critical constants contradict each other and come from several
@@ -35,9 +139,9 @@ class ZEL_API IZelPureComp : public IUnknown {
                                 char const (*libraryIds)[9], char const* name, char const* formula,
                                 std::uint8_t keepFormula) = 0;
 
-  // Groups under a model: 0 legacy, 1 orig-public, 2 orig-cons, 3 dort-public, 4 dort-cons, 5
-  // lyngby, 6 joback. At most 10 ids and counts. A model without a structure of its own takes the
-  // legacy one, converted, but for joback; an id that does not convert is a failure with count 0.
+  // Groups under a model of zelStructureModels. At most 10 ids and counts. A model without a
+  // structure of its own takes the legacy one, converted, but for joback; an id that does not
+  // convert is a failure with count 0.
   virtual ZelStatus GetStructure(std::uint32_t model, std::int32_t* count, std::int32_t* ids,
                                  std::int32_t* counts) = 0;
   // As stored; a failure when there is none.
@@ -53,10 +157,9 @@ class ZEL_API IZelPureComp : public IUnknown {
   // The constants as read or set: 100 values, or one by index up to 99.
   virtual ZelStatus GetAllProperties(double* values) = 0;
   virtual ZelStatus GetProperty(std::uint32_t index, double* value) = 0;
-  // The constants after Complete. Beside what was missing they hold: 50 API gravity, 52 Watson K,
-  // 53 to 57 the normal boiling point, 60 to 64 atoms of C, H, N, O, S, 70 to 74 their weight
-  // fractions, 80 the weight ratio of C to H. The parachor and the boiling point copies are
-  // computed from whatever is there, also from undefined constants.
+  // The constants after Complete: what was missing and could be derived, and those from 50 on. The
+  // parachor and the copies of the boiling point are computed from whatever is there, also from
+  // undefined constants; GetConstantState in Verify.h says which values rest on data.
   virtual ZelStatus GetAllCompleted(double* values) = 0;
   virtual ZelStatus GetCompleted(std::uint32_t index, double* value) = 0;
   virtual ZelStatus SetAllProperties(double const* values) = 0;
@@ -117,7 +220,7 @@ class ZEL_API IZelPureComp : public IUnknown {
   virtual ZelStatus GetCorrelationSource(std::uint32_t index, char* text, std::uint8_t* flag) = 0;
   virtual ZelStatus GetAllIdentitySources(char** texts, std::uint8_t* flags) = 0;  // 5
   virtual ZelStatus GetAllIdentitySourcesFlat(char* texts, std::uint8_t* flags) = 0;
-  // 0 formula, 1 CAS number, 2 structure, 3 SMILES.
+  // Index of zelIdentitySources.
   virtual ZelStatus GetIdentitySource(std::uint32_t index, char* text, std::uint8_t* flag) = 0;
 
  protected:

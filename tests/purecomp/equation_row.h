@@ -20,12 +20,14 @@ struct Row {
 // The correlations that forms 38 and 54 call: polynomials, as in the script that made the rows.
 class Caller final : public CorrelationCaller {
  public:
-  CalledCorrelation Call(int index, double T, int highest) override {
+  CalledCorrelation Call(std::uint32_t index, double T, int highest) override {
     asked_ = highest;
     double const p[3][3] = {{9, -0.0078125, std::ldexp(1.0, -20)},
                             {5, 0.25, std::ldexp(1.0, -10)},
                             {100, 30, std::ldexp(1.0, -6)}};
-    double const* k = index == 4 ? p[0] : index == 0 ? p[1] : p[2];
+    double const* k = index == correlationLiquidDensity   ? p[0]
+                      : index == correlationVaporPressure ? p[1]
+                                                          : p[2];
     return {{k[0] + k[1] * T + k[2] * T * T, k[1] + 2 * k[2] * T, 2 * k[2], 0.0}};
   }
   int asked_ = -1;

@@ -324,7 +324,7 @@ TEST(Equations, EnthalpyFormsHaveTheirHeatCapacitiesAsSlopes) {
     double const bondi =
         1.45 + 0.45 / (1.0 - Tr) +
         0.25 * omega * (17.11 + 25.2 * std::cbrt(1.0 - Tr) / Tr + 1.742 / (1.0 - Tr));
-    double const ideal = caller.Call(1, T, 1).d[1];
+    double const ideal = caller.Call(correlationIdealEnthalpy, T, 1).d[1];
     EXPECT_NEAR(SlopeOf(54, {7.0, omega, 512.5}, T) - ideal, 8.314471 * bondi, 1e-10 * bondi * T);
   }
 }

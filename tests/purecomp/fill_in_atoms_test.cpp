@@ -54,32 +54,32 @@ TEST_F(FillInAtoms, CountsComeFromTheFormula) {
       EXPECT_EQ(c.completed[60 + i], row.atoms[i]) << row.formula << " " << i;
       EXPECT_EQ(Label(60 + i), "from chemical formula");
     }
-    EXPECT_EQ(c.completed[kCNUM], row.atoms[0]);
-    EXPECT_EQ(Label(kCNUM), "from chemical formula");
-    EXPECT_EQ(c.fixed[kCNUM], kUndefined);
+    EXPECT_EQ(c.completed[propertyCNUM], row.atoms[0]);
+    EXPECT_EQ(Label(propertyCNUM), "from chemical formula");
+    EXPECT_EQ(c.fixed[propertyCNUM], kUndefined);
     EXPECT_EQ(c.completed[65], kUndefined);
   }
 }
 
 TEST_F(FillInAtoms, StoredCarbonNumberWinsForTheCarbonCountAlone) {
   SetFormula("C2H6");
-  Set(kCNUM, 2.0, "LIB");
+  Set(propertyCNUM, 2.0, "LIB");
   CompleteComponent(c);
   EXPECT_EQ(c.completed[60], 2.0);
   EXPECT_EQ(Label(60), "from CNUM");
   EXPECT_EQ(Label(61), "from chemical formula");
-  EXPECT_EQ(Label(kCNUM), "LIB");
+  EXPECT_EQ(Label(propertyCNUM), "LIB");
 
-  Set(kMW, 30.0);
-  Set(kCNUM, 2.5, "LIB");
-  Set(kHFORMATION, 0.0);
+  Set(propertyMW, 30.0);
+  Set(propertyCNUM, 2.5, "LIB");
+  Set(propertyHFORMATION, 0.0);
   CompleteComponent(c);
   EXPECT_EQ(c.completed[60], 2.5);
-  EXPECT_EQ(c.completed[kCNUM], 2.5);
+  EXPECT_EQ(c.completed[propertyCNUM], 2.5);
   EXPECT_DOUBLE_EQ(c.completed[70], 2.5 * 12.011 / 30.0);  // follows the stored number
-  EXPECT_DOUBLE_EQ(c.completed[kHCOMBUST], -2.0 * 393510.016 - 3.0 * 241814.0);  // does not
+  EXPECT_DOUBLE_EQ(c.completed[propertyHCOMBUST], -2.0 * 393510.016 - 3.0 * 241814.0);  // does not
 
-  Set(kCNUM, std::nan(""));  // not above the undefined limit
+  Set(propertyCNUM, std::nan(""));  // not above the undefined limit
   CompleteComponent(c);
   EXPECT_EQ(c.completed[60], 2.0);
   EXPECT_EQ(Label(60), "from chemical formula");
@@ -87,7 +87,7 @@ TEST_F(FillInAtoms, StoredCarbonNumberWinsForTheCarbonCountAlone) {
 
 TEST_F(FillInAtoms, WeightFractionsAndTheirLabels) {
   SetFormula("C3H7NO2S");
-  Set(kMW, 121.16);
+  Set(propertyMW, 121.16);
   CompleteComponent(c);
   struct {
     std::size_t index;
@@ -112,7 +112,7 @@ TEST_F(FillInAtoms, WithoutHydrogenTheRatioIsZero) {
   for (char const* formula : {"petro", "CO2", "", "N2"}) {
     Clear();
     SetFormula(formula);
-    Set(kMW, 44.0);
+    Set(propertyMW, 44.0);
     CompleteComponent(c);
     EXPECT_EQ(c.completed[71], 0.0) << formula;
     EXPECT_EQ(c.completed[80], 0.0) << formula;
@@ -120,7 +120,7 @@ TEST_F(FillInAtoms, WithoutHydrogenTheRatioIsZero) {
   }
   Clear();
   SetFormula("petro");
-  Set(kMW, 200.0);
+  Set(propertyMW, 200.0);
   CompleteComponent(c);
   for (std::size_t i = 60; i <= 64; ++i) {
     EXPECT_EQ(c.completed[i], 0.0);
@@ -140,7 +140,7 @@ TEST_F(FillInAtoms, FractionsOverAnUndefinedOrZeroMolecularWeight) {
   EXPECT_EQ(c.completed[80], 0.0);
   EXPECT_EQ(Label(80), "defaulted to zero");
   EXPECT_EQ(Label(70), "from CNUMB,MW_C,MW");
-  Set(kMW, 0.0);
+  Set(propertyMW, 0.0);
   CompleteComponent(c);
   EXPECT_TRUE(std::isinf(c.completed[70]));
   EXPECT_TRUE(std::isnan(c.completed[72]));
@@ -177,18 +177,18 @@ TEST_F(FillInHeats, EachFollowsFromWhatIsThere) {
   for (auto const& row : rows) {
     Clear();
     SetFormula("C2H6");
-    Set(kHCOMBUST, row.combustion);
-    Set(kLHV, row.heating);
-    Set(kHFORMATION, row.formation);
+    Set(propertyHCOMBUST, row.combustion);
+    Set(propertyLHV, row.heating);
+    Set(propertyHFORMATION, row.formation);
     CompleteComponent(c);
-    EXPECT_DOUBLE_EQ(c.completed[kHCOMBUST], row.combustionAfter);
-    EXPECT_DOUBLE_EQ(c.completed[kLHV], row.heatingAfter);
-    EXPECT_EQ(c.completed[kHFORMATION], row.formation) << "never touched";
-    EXPECT_EQ(Label(kHCOMBUST), row.combustionLabel);
-    EXPECT_EQ(Label(kLHV), row.heatingLabel);
-    EXPECT_EQ(Label(kHFORMATION), "");
-    EXPECT_EQ(c.fixed[kHCOMBUST], row.combustion);
-    EXPECT_EQ(c.fixed[kLHV], row.heating);
+    EXPECT_DOUBLE_EQ(c.completed[propertyHCOMBUST], row.combustionAfter);
+    EXPECT_DOUBLE_EQ(c.completed[propertyLHV], row.heatingAfter);
+    EXPECT_EQ(c.completed[propertyHFORMATION], row.formation) << "never touched";
+    EXPECT_EQ(Label(propertyHCOMBUST), row.combustionLabel);
+    EXPECT_EQ(Label(propertyLHV), row.heatingLabel);
+    EXPECT_EQ(Label(propertyHFORMATION), "");
+    EXPECT_EQ(c.fixed[propertyHCOMBUST], row.combustion);
+    EXPECT_EQ(c.fixed[propertyLHV], row.heating);
   }
 }
 
@@ -209,9 +209,9 @@ TEST_F(FillInHeats, OfCombustionByElement) {
   for (auto const& row : rows) {
     Clear();
     SetFormula(row.formula);
-    Set(kHFORMATION, row.formation);
-    EXPECT_DOUBLE_EQ(Completed(kHCOMBUST), row.combustion) << row.formula;
-    EXPECT_DOUBLE_EQ(c.completed[kLHV], -row.combustion) << row.formula;
+    Set(propertyHFORMATION, row.formation);
+    EXPECT_DOUBLE_EQ(Completed(propertyHCOMBUST), row.combustion) << row.formula;
+    EXPECT_DOUBLE_EQ(c.completed[propertyLHV], -row.combustion) << row.formula;
   }
 }
 

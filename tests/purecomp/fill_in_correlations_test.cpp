@@ -25,141 +25,143 @@ constexpr int kCriticalSeries = 6;  // (1 - T/Tc)(C1 + ...)
 constexpr int kNoForm = 50;
 
 TEST_F(FillInSolubility, FromHeatOfVaporizationAndMolarVolume) {
-  Set(kMVOL25C, 0.1);
+  Set(propertyMVOL25C, 0.1);
   SetCorrelation(kLatentHeatAt, kPolynomial, {30000.0});
-  EXPECT_NEAR(Completed(kSOLUPARA), 8.1110595697952028, 1e-14);
-  EXPECT_EQ(Label(kSOLUPARA), "from HVap@25C,MolVol@25C");
-  EXPECT_EQ(c.fixed[kSOLUPARA], kUndefined);
+  EXPECT_NEAR(Completed(propertySOLUPARA), 8.1110595697952028, 1e-14);
+  EXPECT_EQ(Label(propertySOLUPARA), "from HVap@25C,MolVol@25C");
+  EXPECT_EQ(c.fixed[propertySOLUPARA], kUndefined);
   SetCorrelation(kLatentHeatAt, kPolynomial, {50000.0, -50.0});
-  EXPECT_NEAR(Completed(kSOLUPARA), 8.8296632451390371, 1e-14);
+  EXPECT_NEAR(Completed(propertySOLUPARA), 8.8296632451390371, 1e-14);
 }
 
 TEST_F(FillInSolubility, BelowTheWorkOfExpansionTheRootKeepsItsSign) {
-  Set(kMVOL25C, 0.1);
+  Set(propertyMVOL25C, 0.1);
   SetCorrelation(kLatentHeatAt, kPolynomial, {1000.0});
-  EXPECT_NEAR(Completed(kSOLUPARA), -1.8802833977674047, 1e-14);
+  EXPECT_NEAR(Completed(propertySOLUPARA), -1.8802833977674047, 1e-14);
 }
 
 TEST_F(FillInSolubility, ARangeThatEndsBelowOrAboveIsExtrapolated) {
-  Set(kMVOL25C, 0.1);
+  Set(propertyMVOL25C, 0.1);
   SetCorrelation(kLatentHeatAt, kPolynomial, {50000.0, -50.0}, 100.0, 250.0);
-  EXPECT_NEAR(Completed(kSOLUPARA), 8.8296632451390371, 1e-14);
-  EXPECT_EQ(Label(kSOLUPARA), "from HVap@25C,MolVol@25C");
+  EXPECT_NEAR(Completed(propertySOLUPARA), 8.8296632451390371, 1e-14);
+  EXPECT_EQ(Label(propertySOLUPARA), "from HVap@25C,MolVol@25C");
   SetCorrelation(kLatentHeatAt, kPolynomial, {50000.0, -50.0}, 350.0, 400.0);
-  EXPECT_NEAR(Completed(kSOLUPARA), 8.8296632451390371, 1e-14);
+  EXPECT_NEAR(Completed(propertySOLUPARA), 8.8296632451390371, 1e-14);
 }
 
 TEST_F(FillInSolubility, TheTemperatureIsPassedAsItIs) {
-  Set(kMVOL25C, 0.1);
+  Set(propertyMVOL25C, 0.1);
   SetCorrelation(kLatentHeatAt, kPolynomial, {50000.0, -50.0});
   for (std::int32_t unit : {0, 10, 11, 12, 13}) {
     c.correlations[kLatentHeatAt].tempUnit = unit;
-    EXPECT_NEAR(Completed(kSOLUPARA), 8.8296632451390371, 1e-14) << unit;
+    EXPECT_NEAR(Completed(propertySOLUPARA), 8.8296632451390371, 1e-14) << unit;
   }
 }
 
 TEST_F(FillInSolubility, HeatsByWeightBecomeMolar) {
-  Set(kMVOL25C, 0.1);
-  Set(kMW, 92.14);
+  Set(propertyMVOL25C, 0.1);
+  Set(propertyMW, 92.14);
   SetCorrelation(kLatentHeatAt, kPolynomial, {300.0});
   c.correlations[kLatentHeatAt].moleWtBasis = 2;
-  EXPECT_NEAR(Completed(kSOLUPARA), 7.7558022004943701, 1e-14);
+  EXPECT_NEAR(Completed(propertySOLUPARA), 7.7558022004943701, 1e-14);
 }
 
 TEST_F(FillInSolubility, NeedsVolumeAndAHeatThatCanBeEvaluated) {
   SetCorrelation(kLatentHeatAt, kPolynomial, {30000.0});
-  EXPECT_EQ(Completed(kSOLUPARA), kUndefined) << "no volume";
-  Set(kMVOL25C, 0.1);
+  EXPECT_EQ(Completed(propertySOLUPARA), kUndefined) << "no volume";
+  Set(propertyMVOL25C, 0.1);
   c.correlations[kLatentHeatAt].present = false;
-  EXPECT_EQ(Completed(kSOLUPARA), kUndefined) << "no correlation";
+  EXPECT_EQ(Completed(propertySOLUPARA), kUndefined) << "no correlation";
   SetCorrelation(kLatentHeatAt, kPolynomial, {30000.0}, 500.0, 200.0);
-  EXPECT_EQ(Completed(kSOLUPARA), kUndefined) << "limits that leave no temperature";
-  EXPECT_EQ(Label(kSOLUPARA), "");
+  EXPECT_EQ(Completed(propertySOLUPARA), kUndefined) << "limits that leave no temperature";
+  EXPECT_EQ(Label(propertySOLUPARA), "");
 }
 
 TEST_F(FillInSolubility, AFormThatGivesNothingCountsAsZero) {
-  Set(kMVOL25C, 0.1);
+  Set(propertyMVOL25C, 0.1);
   SetCorrelation(kLatentHeatAt, kNoForm, {30000.0});
-  EXPECT_NEAR(Completed(kSOLUPARA), -std::sqrt(2478.95952865 / 0.1 / 4.18321 / 1000.0), 1e-14);
+  EXPECT_NEAR(Completed(propertySOLUPARA), -std::sqrt(2478.95952865 / 0.1 / 4.18321 / 1000.0),
+              1e-14);
 }
 
 TEST_F(FillInSolubility, StoredValueStays) {
-  Set(kMVOL25C, 0.1);
-  Set(kSOLUPARA, 7.0, "LIB");
+  Set(propertyMVOL25C, 0.1);
+  Set(propertySOLUPARA, 7.0, "LIB");
   SetCorrelation(kLatentHeatAt, kPolynomial, {30000.0});
-  EXPECT_EQ(Completed(kSOLUPARA), 7.0);
-  EXPECT_EQ(Label(kSOLUPARA), "LIB");
+  EXPECT_EQ(Completed(propertySOLUPARA), 7.0);
+  EXPECT_EQ(Label(propertySOLUPARA), "LIB");
 }
 
 // --- acentric factor ----------------------------------------------------------------------------
 
 TEST_F(FillInAcentric, FromVaporPressureAtSevenTenthsOfTheCriticalTemperature) {
-  Set(kTC, 305.32);
-  Set(kPC, 4872.0);
+  Set(propertyTC, 305.32);
+  Set(propertyPC, 4872.0);
   SetCorrelation(kVaporPressureAt, kPolynomial, {0.0, 1.0});  // P is T
-  EXPECT_NEAR(Completed(kACENTRIC), 0.35785398590100262, 1e-15);
-  EXPECT_EQ(Label(kACENTRIC), "from PSat,Pc,Tc");
-  EXPECT_EQ(c.fixed[kACENTRIC], kUndefined);
+  EXPECT_NEAR(Completed(propertyACENTRIC), 0.35785398590100262, 1e-15);
+  EXPECT_EQ(Label(propertyACENTRIC), "from PSat,Pc,Tc");
+  EXPECT_EQ(c.fixed[propertyACENTRIC], kUndefined);
   SetCorrelation(kVaporPressureAt, kPolynomial, {487.2});
-  EXPECT_NEAR(Completed(kACENTRIC), 0.0, 1e-15);
+  EXPECT_NEAR(Completed(propertyACENTRIC), 0.0, 1e-15);
   SetCorrelation(kVaporPressureAt, kPolynomial, {48.72});
-  EXPECT_NEAR(Completed(kACENTRIC), 1.0, 1e-15);
+  EXPECT_NEAR(Completed(propertyACENTRIC), 1.0, 1e-15);
 }
 
 TEST_F(FillInAcentric, OutsideTheRangeByExtrapolation) {
-  Set(kTC, 500.0);
-  Set(kPC, 1000.0);
+  Set(propertyTC, 500.0);
+  Set(propertyPC, 1000.0);
   // At the bound of 250 K: ln P linear in 1/T, from P = 250 and slope 1, so ln P = ln 250 + 1 -
   // 250/350 at 350 K.
   SetCorrelation(kVaporPressureAt, kPolynomial, {0.0, 1.0}, 200.0, 250.0);
   double const ln = std::log(250.0) + 1.0 - 250.0 / 350.0;
-  EXPECT_NEAR(Completed(kACENTRIC), -(ln - std::log(1000.0)) / std::log(10.0) - 1.0, 1e-14);
+  EXPECT_NEAR(Completed(propertyACENTRIC), -(ln - std::log(1000.0)) / std::log(10.0) - 1.0, 1e-14);
 }
 
 TEST_F(FillInAcentric, ZeroAndNegativePressureRatios) {
-  Set(kTC, 500.0);
-  Set(kPC, 1000.0);
-  Set(kMW, 0.0);
+  Set(propertyTC, 500.0);
+  Set(propertyPC, 1000.0);
+  Set(propertyMW, 0.0);
   SetCorrelation(kVaporPressureAt, kPolynomial, {100.0});
   c.correlations[kVaporPressureAt].moleWtBasis = 2;  // the value times a weight of 0
-  EXPECT_EQ(Completed(kACENTRIC), 99.0);
-  Set(kMW, -1.0);
-  EXPECT_NEAR(Completed(kACENTRIC), 0.0, 1e-15);
-  Set(kMW, 30.0);
-  Set(kPC, -3000.0);
-  EXPECT_NEAR(Completed(kACENTRIC), -1.0, 1e-15);
+  EXPECT_EQ(Completed(propertyACENTRIC), 99.0);
+  Set(propertyMW, -1.0);
+  EXPECT_NEAR(Completed(propertyACENTRIC), 0.0, 1e-15);
+  Set(propertyMW, 30.0);
+  Set(propertyPC, -3000.0);
+  EXPECT_NEAR(Completed(propertyACENTRIC), -1.0, 1e-15);
 }
 
 TEST_F(FillInAcentric, NeedsCriticalConstantsAndAPressureThatCanBeEvaluated) {
   SetCorrelation(kVaporPressureAt, kPolynomial, {100.0});
-  Set(kPC, 1000.0);
-  EXPECT_EQ(Completed(kACENTRIC), kUndefined);
-  Set(kTC, 500.0);
-  Set(kPC, kUndefined);
-  EXPECT_EQ(Completed(kACENTRIC), kUndefined);
-  Set(kPC, 1000.0);
+  Set(propertyPC, 1000.0);
+  EXPECT_EQ(Completed(propertyACENTRIC), kUndefined);
+  Set(propertyTC, 500.0);
+  Set(propertyPC, kUndefined);
+  EXPECT_EQ(Completed(propertyACENTRIC), kUndefined);
+  Set(propertyPC, 1000.0);
   c.correlations[kVaporPressureAt].present = false;
-  EXPECT_EQ(Completed(kACENTRIC), kUndefined);
+  EXPECT_EQ(Completed(propertyACENTRIC), kUndefined);
   SetCorrelation(kVaporPressureAt, kPolynomial, {100.0}, 600.0, 200.0);
-  EXPECT_EQ(Completed(kACENTRIC), kUndefined);
-  EXPECT_EQ(Label(kACENTRIC), "");
-  Set(kACENTRIC, 0.1, "LIB");
+  EXPECT_EQ(Completed(propertyACENTRIC), kUndefined);
+  EXPECT_EQ(Label(propertyACENTRIC), "");
+  Set(propertyACENTRIC, 0.1, "LIB");
   SetCorrelation(kVaporPressureAt, kPolynomial, {100.0});
-  EXPECT_EQ(Completed(kACENTRIC), 0.1);
-  EXPECT_EQ(Label(kACENTRIC), "LIB");
+  EXPECT_EQ(Completed(propertyACENTRIC), 0.1);
+  EXPECT_EQ(Label(propertyACENTRIC), "LIB");
 }
 
 // A derived critical temperature is used here, yet a correlation sees the constants as read.
 TEST_F(FillInAcentric, DerivedCriticalTemperature) {
-  Set(kPC, 4872.0);
-  Set(kVC, 0.1455);
-  Set(kZC, 0.279);
+  Set(propertyPC, 4872.0);
+  Set(propertyVC, 0.1455);
+  Set(propertyZC, 0.279);
   SetCorrelation(kVaporPressureAt, kPolynomial, {0.0, 1.0});
   CompleteComponent(c);
-  EXPECT_NEAR(c.completed[kTC], 305.58458782866493, 1e-12);
-  EXPECT_NEAR(c.completed[kACENTRIC], -std::log10(0.7 * 305.58458782866493 / 4872.0) - 1.0, 1e-14);
+  EXPECT_NEAR(c.completed[propertyTC], 305.58458782866493, 1e-12);
+  EXPECT_NEAR(c.completed[propertyACENTRIC], -std::log10(0.7 * 305.58458782866493 / 4872.0) - 1.0,
+              1e-14);
   SetCorrelation(kVaporPressureAt, kCriticalSeries, {487.2});
-  EXPECT_NEAR(Completed(kACENTRIC), 0.0, 1e-14);  // with the derived one it would be 0.52
+  EXPECT_NEAR(Completed(propertyACENTRIC), 0.0, 1e-14);  // with the derived one it would be 0.52
 }
 
 // --- the whole ----------------------------------------------------------------------------------
@@ -167,7 +169,7 @@ TEST_F(FillInAcentric, DerivedCriticalTemperature) {
 TEST_F(FillInWhole, AnEmptyComponent) {
   CompleteComponent(c);
   for (std::size_t i = 0; i < kConstants; ++i) {
-    bool const touched = i == kPARACHOR || i == kCNUM || (i >= 53 && i <= 57) ||
+    bool const touched = i == propertyPARACHOR || i == propertyCNUM || (i >= 53 && i <= 57) ||
                          (i >= 60 && i <= 64) || (i >= 70 && i <= 74) || i == 80;
     EXPECT_EQ(Label(i) != "", touched) << i;
     EXPECT_EQ(c.fixed[i], kUndefined);

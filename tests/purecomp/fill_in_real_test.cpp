@@ -30,9 +30,9 @@ TEST_F(FillInOfReal, HeatOfCombustionOfGases) {
   for (auto const& row : rows) {
     Clear();
     SetFormula(row.formula);
-    Set(kHFORMATION, row.formation);
-    EXPECT_NEAR(Completed(kHCOMBUST), row.combustion, 30.0) << row.formula;
-    EXPECT_NEAR(c.completed[kLHV], -row.combustion, 30.0) << row.formula;
+    Set(propertyHFORMATION, row.formation);
+    EXPECT_NEAR(Completed(propertyHCOMBUST), row.combustion, 30.0) << row.formula;
+    EXPECT_NEAR(c.completed[propertyLHV], -row.combustion, 30.0) << row.formula;
   }
 }
 
@@ -50,18 +50,18 @@ TEST_F(FillInOfReal, ParachorOfAlkanesWithinThreePercent) {
                     {"n-decane", 142.2817, 617.7, 0.624, 425.13}};
   for (auto const& row : rows) {
     Clear();
-    Set(kMW, row.mw);
-    Set(kTC, row.tc);
-    Set(kVC, row.vc);
-    EXPECT_NEAR(Completed(kPARACHOR), row.parachor, 0.03 * row.parachor) << row.name;
-    EXPECT_EQ(Label(kPARACHOR), row.mw > 142.0 ? "from MW" : "from Vc,Tc");
+    Set(propertyMW, row.mw);
+    Set(propertyTC, row.tc);
+    Set(propertyVC, row.vc);
+    EXPECT_NEAR(Completed(propertyPARACHOR), row.parachor, 0.03 * row.parachor) << row.name;
+    EXPECT_EQ(Label(propertyPARACHOR), row.mw > 142.0 ? "from MW" : "from Vc,Tc");
   }
 }
 
 // Water at 60 F is 10 degrees API by definition. The Watson factor tells the families apart: about
 // 13 for paraffins, 11 for naphthenes, 10 for light aromatics.
 TEST_F(FillInOfReal, GravityAndWatsonFactor) {
-  Set(kSG60F, 1.0);
+  Set(propertySG60F, 1.0);
   EXPECT_EQ(Completed(50), 10.0);
   struct {
     char const* name;
@@ -75,8 +75,8 @@ TEST_F(FillInOfReal, GravityAndWatsonFactor) {
                     {"toluene", 0.870044, 383.79, 10.15}};
   for (auto const& row : rows) {
     Clear();
-    Set(kSG60F, row.gravity);
-    Set(kNBP, row.boiling);
+    Set(propertySG60F, row.gravity);
+    Set(propertyNBP, row.boiling);
     EXPECT_NEAR(Completed(52), row.watson, 0.06) << row.name;
   }
 }
@@ -94,10 +94,10 @@ TEST_F(FillInOfReal, CriticalCompressibilityToItsThreeDigits) {
                     {"water", 647.14, 22064.0, 0.05595, 0.229}};
   for (auto const& row : rows) {
     Clear();
-    Set(kTC, row.tc);
-    Set(kPC, row.pc);
-    Set(kVC, row.vc);
-    EXPECT_NEAR(Completed(kZC), row.zc, 0.0006) << row.name;
+    Set(propertyTC, row.tc);
+    Set(propertyPC, row.pc);
+    Set(propertyVC, row.vc);
+    EXPECT_NEAR(Completed(propertyZC), row.zc, 0.0006) << row.name;
   }
 }
 
@@ -171,9 +171,9 @@ TEST_F(FillInOfReal, SolubilityParameterAndAcentricFactor) {
   constexpr int kWatson = 15;
   for (auto const& row : rows) {
     Clear();
-    Set(kTC, row.tc);
-    Set(kPC, row.pc);
-    Set(kMVOL25C, row.volume);
+    Set(propertyTC, row.tc);
+    Set(propertyPC, row.pc);
+    Set(propertyMVOL25C, row.volume);
     std::vector<double> pressure = row.pressure;
     std::vector<double> heat = row.heat;
     pressure[0] -= std::log(1000.0);  // to kPa
@@ -181,10 +181,10 @@ TEST_F(FillInOfReal, SolubilityParameterAndAcentricFactor) {
     SetCorrelation(kVaporPressureAt, kExtendedAntoine, pressure);
     SetCorrelation(kLatentHeatAt, kWatson, heat);
     CompleteComponent(c);
-    EXPECT_NEAR(c.completed[kSOLUPARA], row.exactSolubility, 1e-12) << row.name;
-    EXPECT_NEAR(c.completed[kACENTRIC], row.exactAcentric, 1e-12) << row.name;
-    EXPECT_NEAR(c.completed[kSOLUPARA], row.solubility, 0.002 * row.solubility) << row.name;
-    EXPECT_NEAR(c.completed[kACENTRIC], row.acentric, 0.012) << row.name;
+    EXPECT_NEAR(c.completed[propertySOLUPARA], row.exactSolubility, 1e-12) << row.name;
+    EXPECT_NEAR(c.completed[propertyACENTRIC], row.exactAcentric, 1e-12) << row.name;
+    EXPECT_NEAR(c.completed[propertySOLUPARA], row.solubility, 0.002 * row.solubility) << row.name;
+    EXPECT_NEAR(c.completed[propertyACENTRIC], row.acentric, 0.012) << row.name;
   }
 }
 

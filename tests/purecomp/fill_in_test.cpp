@@ -53,16 +53,16 @@ TEST_F(FillIn, OneMissingCriticalConstantFollowsFromTheOthers) {
   struct {
     std::size_t missing;
     double value;
-  } const rows[] = {{kTC, 305.58458782866493},
-                    {kPC, 4867.7816200404115},
-                    {kVC, 0.14537402005662559},
-                    {kZC, 0.27924177913073993}};
+  } const rows[] = {{propertyTC, 305.58458782866493},
+                    {propertyPC, 4867.7816200404115},
+                    {propertyVC, 0.14537402005662559},
+                    {propertyZC, 0.27924177913073993}};
   for (auto const& row : rows) {
     Clear();
-    Set(kTC, 305.32, "A");
-    Set(kPC, 4872.0, "A");
-    Set(kVC, 0.1455, "A");
-    Set(kZC, 0.279, "A");
+    Set(propertyTC, 305.32, "A");
+    Set(propertyPC, 4872.0, "A");
+    Set(propertyVC, 0.1455, "A");
+    Set(propertyZC, 0.279, "A");
     Set(row.missing, kUndefined);
     EXPECT_NEAR(Completed(row.missing), row.value, 1e-14 * row.value);
     EXPECT_EQ(c.fixed[row.missing], kUndefined);
@@ -71,25 +71,25 @@ TEST_F(FillIn, OneMissingCriticalConstantFollowsFromTheOthers) {
 }
 
 TEST_F(FillIn, TheGasConstantHasAllItsDigits) {
-  Set(kTC, 1.0);
-  Set(kPC, 1.0);
-  Set(kVC, 1.0);
-  EXPECT_EQ(Completed(kZC), 0.12027223379575203);
+  Set(propertyTC, 1.0);
+  Set(propertyPC, 1.0);
+  Set(propertyVC, 1.0);
+  EXPECT_EQ(Completed(propertyZC), 0.12027223379575203);
   Clear();
-  Set(kTC, 1.0);
-  Set(kVC, 1.0);
-  Set(kZC, 1.0);
-  EXPECT_EQ(Completed(kPC), 1.0 / 0.12027223379575203);
+  Set(propertyTC, 1.0);
+  Set(propertyVC, 1.0);
+  Set(propertyZC, 1.0);
+  EXPECT_EQ(Completed(propertyPC), 1.0 / 0.12027223379575203);
 }
 
 TEST_F(FillIn, TwoOrMoreMissingCriticalConstantsStay) {
-  std::size_t const all[] = {kTC, kPC, kVC, kZC};
+  std::size_t const all[] = {propertyTC, propertyPC, propertyVC, propertyZC};
   int subsets = 0;
   for (unsigned missing = 0; missing < 16; ++missing) {
     if (std::popcount(missing) < 2) continue;
     ++subsets;
     Clear();
-    Set(kPARACHOR, 1.0);
+    Set(propertyPARACHOR, 1.0);
     for (std::size_t i = 0; i < 4; ++i) {
       if ((missing >> i & 1) == 0) Set(all[i], 2.0);
     }
@@ -103,11 +103,11 @@ TEST_F(FillIn, TwoOrMoreMissingCriticalConstantsStay) {
 
 // The undefined limit itself is undefined, the next number above it is not.
 TEST_F(FillIn, ValuesAtTheLimitAndBelowAreUndefined) {
-  Set(kSG60F, -1e36);
+  Set(propertySG60F, -1e36);
   EXPECT_EQ(Completed(50), kUndefined);
-  Set(kSG60F, -1e35);
+  Set(propertySG60F, -1e35);
   EXPECT_EQ(Completed(50), kUndefined);
-  Set(kSG60F, std::nextafter(-1e35, 0.0));
+  Set(propertySG60F, std::nextafter(-1e35, 0.0));
   EXPECT_EQ(Completed(50), 141.5 / std::nextafter(-1e35, 0.0) - 131.5);
 }
 
@@ -118,10 +118,10 @@ class Consistency : public FillInTest {
   // Pc Vc/(R Zc Tc) is `ratio`.
   void SetCriticals(double ratio, std::string_view tc, std::string_view pc, std::string_view vc,
                     std::string_view zc) {
-    Set(kTC, 1.0, tc);
-    Set(kPC, ratio, pc);
-    Set(kVC, 1.0, vc);
-    Set(kZC, 0.12027223379575203, zc);
+    Set(propertyTC, 1.0, tc);
+    Set(propertyPC, ratio, pc);
+    Set(propertyVC, 1.0, vc);
+    Set(propertyZC, 0.12027223379575203, zc);
   }
   // As after an earlier fill-in.
   void Mark(bool flag) {
@@ -174,7 +174,7 @@ TEST_F(Consistency, WithinTheToleranceNothingIsTouched) {
 }
 
 TEST_F(Consistency, WithAConstantMissingNothingIsTouched) {
-  for (std::size_t missing : {kTC, kPC, kVC, kZC}) {
+  for (std::size_t missing : {propertyTC, propertyPC, propertyVC, propertyZC}) {
     SetCriticals(5.0, "A", "B", "C", "D");
     Set(missing, kUndefined);
     Mark(true);
@@ -216,43 +216,44 @@ TEST_F(FillIn, ParachorFromCriticalVolumeAndTemperature) {
   for (auto const& row : rows) {
     for (double mw : {30.0, 142.0, kUndefined}) {
       Clear();
-      Set(kMW, mw);
-      Set(kTC, row.tc);
-      Set(kVC, row.vc);
-      EXPECT_NEAR(Completed(kPARACHOR), row.parachor, 2e-12 * std::fabs(row.parachor)) << row.tc;
-      EXPECT_EQ(Label(kPARACHOR), "from Vc,Tc");
-      EXPECT_EQ(c.fixed[kPARACHOR], kUndefined);
+      Set(propertyMW, mw);
+      Set(propertyTC, row.tc);
+      Set(propertyVC, row.vc);
+      EXPECT_NEAR(Completed(propertyPARACHOR), row.parachor, 2e-12 * std::fabs(row.parachor))
+          << row.tc;
+      EXPECT_EQ(Label(propertyPARACHOR), "from Vc,Tc");
+      EXPECT_EQ(c.fixed[propertyPARACHOR], kUndefined);
     }
   }
 }
 
 TEST_F(FillIn, ParachorOfHeavyComponentsFromMolecularWeight) {
-  Set(kMW, 142.1);
-  Set(kTC, 600.0);
-  Set(kVC, 0.6);
-  EXPECT_DOUBLE_EQ(Completed(kPARACHOR), 424.932);
-  EXPECT_EQ(Label(kPARACHOR), "from MW");
-  Set(kMW, std::nextafter(142.0, 143.0));
-  EXPECT_DOUBLE_EQ(Completed(kPARACHOR), 424.64);
-  EXPECT_EQ(Label(kPARACHOR), "from MW");
+  Set(propertyMW, 142.1);
+  Set(propertyTC, 600.0);
+  Set(propertyVC, 0.6);
+  EXPECT_DOUBLE_EQ(Completed(propertyPARACHOR), 424.932);
+  EXPECT_EQ(Label(propertyPARACHOR), "from MW");
+  Set(propertyMW, std::nextafter(142.0, 143.0));
+  EXPECT_DOUBLE_EQ(Completed(propertyPARACHOR), 424.64);
+  EXPECT_EQ(Label(propertyPARACHOR), "from MW");
 }
 
 TEST_F(FillIn, ParachorSeesADerivedCriticalConstant) {
-  Set(kTC, 305.32);
-  Set(kPC, 4872.0);
-  Set(kZC, 0.279);  // the critical volume is then 0.14537402005662559
+  Set(propertyTC, 305.32);
+  Set(propertyPC, 4872.0);
+  Set(propertyZC, 0.279);  // the critical volume is then 0.14537402005662559
   CompleteComponent(c);
-  double const derived = c.completed[kPARACHOR];
-  Set(kVC, c.completed[kVC]);
-  EXPECT_DOUBLE_EQ(Completed(kPARACHOR), derived);
+  double const derived = c.completed[propertyPARACHOR];
+  Set(propertyVC, c.completed[propertyVC]);
+  EXPECT_DOUBLE_EQ(Completed(propertyPARACHOR), derived);
   EXPECT_NEAR(derived, 113.38, 0.5);
 }
 
 TEST_F(FillIn, StoredParachorStays) {
-  Set(kMW, 200.0);
-  Set(kPARACHOR, 7.0, "LIB");
-  EXPECT_EQ(Completed(kPARACHOR), 7.0);
-  EXPECT_EQ(Label(kPARACHOR), "LIB");
+  Set(propertyMW, 200.0);
+  Set(propertyPARACHOR, 7.0, "LIB");
+  EXPECT_EQ(Completed(propertyPARACHOR), 7.0);
+  EXPECT_EQ(Label(propertyPARACHOR), "LIB");
 }
 
 // --- gravity and boiling point ------------------------------------------------------------------
@@ -270,8 +271,8 @@ TEST_F(FillIn, GravityAndWatsonFactor) {
                     {0.5, -20.0, 151.5, -6.6038544977892534}};
   for (auto const& row : rows) {
     Clear();
-    Set(kSG60F, row.gravity);
-    Set(kNBP, row.boiling);
+    Set(propertySG60F, row.gravity);
+    Set(propertyNBP, row.boiling);
     CompleteComponent(c);
     EXPECT_NEAR(c.completed[50], row.api, 1e-13 * row.api);
     EXPECT_NEAR(c.completed[52], row.watson, 1e-14 * std::fabs(row.watson));
@@ -282,14 +283,14 @@ TEST_F(FillIn, GravityAndWatsonFactor) {
 }
 
 TEST_F(FillIn, GravityNeedsWhatItComesFrom) {
-  Set(kNBP, 300.0);
+  Set(propertyNBP, 300.0);
   CompleteComponent(c);
   EXPECT_EQ(c.completed[50], kUndefined);
   EXPECT_EQ(c.completed[52], kUndefined);
   EXPECT_EQ(Label(50), "");
   EXPECT_EQ(Label(52), "");
   Clear();
-  Set(kSG60F, 0.5);
+  Set(propertySG60F, 0.5);
   CompleteComponent(c);
   EXPECT_EQ(c.completed[50], 151.5);
   EXPECT_EQ(c.completed[52], kUndefined);
@@ -299,7 +300,7 @@ TEST_F(FillIn, GravityNeedsWhatItComesFrom) {
 TEST_F(FillIn, FiveCopiesOfTheBoilingPointWhateverItIs) {
   for (double boiling : {373.15, 0.0, kUndefined, -2e35}) {
     Clear();
-    Set(kNBP, boiling);
+    Set(propertyNBP, boiling);
     CompleteComponent(c);
     for (std::size_t i = 53; i <= 57; ++i) {
       EXPECT_EQ(c.completed[i], boiling);
