@@ -6,13 +6,14 @@
 
 #include "banks/block_words.h"
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "store/packed_text.h"
 #include "zelaccess/LibFile.h"
 
 namespace zel {
 namespace {
 
-constexpr std::size_t kTypeSize = 9;
+constexpr std::size_t kTypeSize = kMostName + 1;
 constexpr std::size_t kDescriptionSize = 50;
 
 // Visits the runs of a field: visit(words, first element, number of elements).

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 
 namespace zel {
 namespace {
@@ -53,8 +54,9 @@ constexpr BankType kCatalogue[] = {
      0,
      1,
      NewPsrk,
-     {"PURECOMP", "ALPHA"}},
-    {"PURECOMP", "Pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 1, NewPureComp},
+     {kPureComponentType, "ALPHA"}},
+    {kPureComponentType, "Pure component data", kComponentKeys, 1, 1, kNotSorted, 1, 1,
+     NewPureComp},
     {"RACKETT", "Rackett data", kComponentKeys, 1, 1, kNotSorted, 0, 1, NewRackett},
     {"SRKH", "SrkH binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewSrkH},
     {"SRKM", "SrkM binary data", kComponentKeys, 2, 2, kAsymmetric, 0, 1, NewSrkM},

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "banks/field_bank.h"
+#include "frame/limits.h"
 
 namespace zel {
 namespace {
@@ -114,11 +115,11 @@ class Psrk_i final : public SetBank<IZelPsrk, kPsrkFields, kPsrkInteraction> {
   }
 
  private:
-  static constexpr std::size_t kRefSize = 9;
+  static constexpr std::size_t kRefSize = kMostName + 1;
 
   // The field that holds the bank name for a type referred to; null for any other type.
   char* RefField(char const* type) const {
-    if (SameText(TextOrEmpty(type), "PURECOMP")) return Text(kPsrkFields["pureComp"]);
+    if (SameText(TextOrEmpty(type), kPureComponentType)) return Text(kPsrkFields["pureComp"]);
     if (SameText(TextOrEmpty(type), "ALPHA")) return Text(kPsrkFields["alpha"]);
     return nullptr;
   }

@@ -4,13 +4,12 @@
 #include <utility>
 #include <vector>
 
+#include "frame/limits.h"
 #include "frame/platform/system.h"
 #include "frame/wildcard.h"
 
 namespace zel {
 namespace {
-
-constexpr std::size_t kPatternLimit = 259;
 
 struct Walk {
   std::vector<std::string> folders;  // still to visit, the newest last
@@ -48,7 +47,7 @@ void OpenSearch(std::string const& folder) {
 void FindFilesBegin(std::string_view folder, std::string_view pattern, bool recursive) {
   FindFilesEnd();
   walk.folders.emplace_back(folder);
-  walk.pattern = pattern.substr(0, kPatternLimit);
+  walk.pattern = pattern.substr(0, kMostPath);
   walk.recursive = recursive;
 }
 

@@ -5,12 +5,11 @@
 #include <mutex>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "frame/platform/system.h"
 
 namespace zel {
 namespace {
-
-constexpr std::size_t kPathLimit = 259;
 
 enum Selector : int {
   kProgramFile = 0,
@@ -33,7 +32,7 @@ std::string CutAtLastSeparator(std::string const& path) {
 std::string const& FromCache(int selector);
 
 std::string LookUp(int selector) {
-  if (selector == kProgramFile) return platform::ProgramFile().substr(0, kPathLimit);
+  if (selector == kProgramFile) return platform::ProgramFile().substr(0, kMostPath);
   if (selector == kProgramFolder) return CutAtLastSeparator(FromCache(kProgramFile));
   return InstallRootOf(FromCache(kProgramFolder));
 }
@@ -67,12 +66,12 @@ std::string GetWellKnownFolder(int selector) {
                                    platform::Folder::kCommonDocuments, platform::Folder::kAppData,
                                    platform::Folder::kCommonAppData};
   auto const which = kFolders[static_cast<std::size_t>(selector - kFirstSystemFolder)];
-  return platform::KnownFolder(which).substr(0, kPathLimit);
+  return platform::KnownFolder(which).substr(0, kMostPath);
 }
 
 void LongPathInPlace(std::string& path) {
   std::string const full = platform::LongPath(path);
-  if (full.size() <= kPathLimit) path = full;
+  if (full.size() <= kMostPath) path = full;
 }
 
 }  // namespace zel

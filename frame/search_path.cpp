@@ -5,6 +5,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "frame/limits.h"
 #include "frame/platform/system.h"
 
 namespace zel {
@@ -15,7 +16,6 @@ constexpr std::string_view kKeyStart = "Software\\Ordwin\\OrdwinHub\\";
 constexpr std::string_view kSetting = "path=";
 constexpr std::string_view kInstallTail = "VC160x86;";
 constexpr std::size_t kLimit = 4101;
-constexpr std::size_t kKeyLimit = 259;
 
 // `text` is never empty: it begins with the name of the variable.
 void AppendFolder(std::string& text, std::string_view folder) {
@@ -54,7 +54,7 @@ void BuildSearchPath(char*& oldValue, std::string_view subKey,
   if (!subKey.empty()) {
     std::string const key = std::string(kKeyStart) + std::string(subKey);
     std::string value;
-    if (platform::ReadSetting(key.substr(0, kKeyLimit), "InstallDir", value)) install = value;
+    if (platform::ReadSetting(key.substr(0, kMostPath), "InstallDir", value)) install = value;
   }
   std::string const setting = ComposeSearchPath(install, folders, old);
   platform::SetEnvironment(kVariable, setting.substr(kSetting.size()));

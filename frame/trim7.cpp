@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "frame/limits.h"
+
 namespace zel {
 namespace {
 
@@ -21,7 +23,6 @@ constexpr double kNearHalf = 1e-6;
 // The value that marks fields without data, the most frequent of all: beyond the exact powers, and
 // known beforehand.
 constexpr std::uint32_t kUndefinedBits = 0xF99A130C;
-constexpr double kUndefined = -1e35;
 
 // A scale by a power of ten in one step that holds no branch: one factor and one divisor, one of
 // them 1. Index 0 is the lowest power.
@@ -95,7 +96,7 @@ double Trim7(float value) noexcept {
   if (scale.power == kNoPower) {
     bool const zeroOrNoNumber = (bits & 0x7FFFFFFF) == 0 || field == 0xFF;
     if (zeroOrNoNumber) return exact;
-    return bits == kUndefinedBits ? kUndefined : TrimByText(exact);
+    return bits == kUndefinedBits ? gen_GetUndefDouble() : TrimByText(exact);
   }
   double const magnitude = std::fabs(exact);
   int const power = scale.power - (magnitude >= scale.next ? 1 : 0);

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "lists/list_file.h"
 #include "lists/sort_keys.h"
 #include "maint/component_identity.h"
@@ -15,7 +16,6 @@ namespace zel {
 
 namespace {
 
-constexpr char kComponentType[] = "PURECOMP";
 constexpr int kIds = ComponentIdentity::kIds;
 constexpr std::size_t kIdSize = ComponentIdentity::kIdSize;
 constexpr std::size_t kLongestFormatted = 1000;
@@ -60,7 +60,7 @@ void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
   Held<IZelBankDef> const bank(NewPureComp());
   auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
   LibMaint_i maint(library);
-  if (!component || !maint.BeginItemWalk(kComponentType, bankName)) return;
+  if (!component || !maint.BeginItemWalk(kPureComponentType, bankName)) return;
   bool const locked = library->IsPasswordLocked();
   std::int32_t key[10];
   while (maint.NextItem(key, bank.Get())) {

@@ -3,20 +3,19 @@
 #include <algorithm>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "maint/held.h"
 
 namespace zel {
 
 namespace {
 
-constexpr std::size_t kNameLength = 8;
-
 std::size_t Count(long count) noexcept { return static_cast<std::size_t>(std::max(count, 0L)); }
 
 // A row of nine letters has no end: nothing behind the eighth is looked at.
 std::string CutName(char const* name) {
   std::size_t length = 0;
-  while (name != nullptr && length < kNameLength && name[length] != '\0') ++length;
+  while (name != nullptr && length < kMostName && name[length] != '\0') ++length;
   return std::string(name != nullptr ? name : "", length);
 }
 
@@ -176,7 +175,7 @@ bool LibSearch_i::Search(Key* key, IZelBankDef* bank, bool allBanks) {
   inner->ClearCache();
   BlockInfo const info(io.Get());
   // Only components merge.
-  bool const mergeAll = allBanks && SameText(info.type, "PURECOMP");
+  bool const mergeAll = allBanks && SameText(info.type, kPureComponentType);
   // Can never fire, since minKeyWords is never above keyWords.
   std::int32_t const count = inner->GetCompCount();
   if (count > info.keyWords && count < info.minKeyWords) return false;

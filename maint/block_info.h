@@ -3,13 +3,14 @@
 
 #include <cstdint>
 
+#include "frame/limits.h"
 #include "store/btree_head.h"
 #include "zelaccess/Banks.h"
 
 namespace zel {
 
 struct BlockInfo {
-  char type[9] = {};
+  char type[kMostName + 1] = {};
   std::int32_t keyKind = 0;
   std::int32_t keyWords = 0;
   std::int32_t minKeyWords = 0;
@@ -26,7 +27,7 @@ struct BlockInfo {
 
 // What a bank says of itself to a host.
 struct BankInfo {
-  char type[9] = {};
+  char type[kMostName + 1] = {};
   char description[50] = {};
   std::int32_t keyKind = 0;
   std::int32_t keyWords = 0;

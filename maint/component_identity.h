@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "frame/limits.h"
 #include "zelaccess/Casn.h"
 #include "zelaccess/PureComp.h"
 
@@ -10,7 +11,7 @@ namespace zel {
 
 struct ComponentIdentity {
   static constexpr int kIds = 12;
-  static constexpr int kIdSize = 9;
+  static constexpr int kIdSize = kMostName + 1;
 
   std::int32_t number = 0;
   std::int32_t casNumber = 0;

@@ -4,18 +4,17 @@
 #include <new>
 #include <utility>
 
+#include "frame/limits.h"
 #include "frame/path_parts.h"
 
 namespace zel {
 
-namespace {
-constexpr std::size_t kLongestPath = 259;
-}
+namespace {}
 
 std::string DocumentStack::Push(std::string_view path) {
   std::string full =
       AbsolutePath(path, documentFolders_.empty() ? std::string() : documentFolders_.back());
-  if (full.size() > kLongestPath) full.clear();
+  if (full.size() > kMostPath) full.clear();
   PathParts const parts = SplitPath(full);
   documentFolders_.push_back(parts.folder);
   documentFiles_.push_back(parts.name + parts.extension);

@@ -5,6 +5,7 @@
 
 #include "banks/catalogue.h"
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "store/bank_key.h"
 #include "store/key.h"
 #include "store/memo.h"
@@ -63,9 +64,8 @@ bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t for
   Held<IZelBankDef> const bank(NewKnownBank(type));
   auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   BTree_i* directory = Directory();
-  constexpr std::size_t kLongest = 8;
-  if (!io || directory == nullptr || TextOrEmpty(type).size() > kLongest ||
-      TextOrEmpty(name).size() > kLongest) {
+  if (!io || directory == nullptr || TextOrEmpty(type).size() > kMostName ||
+      TextOrEmpty(name).size() > kMostName) {
     return false;
   }
   BlockInfo const info(io.Get());

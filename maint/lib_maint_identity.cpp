@@ -4,6 +4,7 @@
 
 #include "banks/catalogue.h"
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "maint/component_identity.h"
 #include "maint/lib_maint.h"
 #include "store/key.h"
@@ -15,7 +16,6 @@ namespace f = format;
 
 namespace {
 
-constexpr char kComponentType[] = "PURECOMP";
 // The banks of a reference library that are asked, in this order.
 constexpr char const* kReferenceBanks[] = {"ORDWIN", "PLANTIX"};
 
@@ -53,7 +53,7 @@ bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
   Give(id, '\0');
   cas = casn();
   fromReference = false;
-  Held<IZelBankDef> const bank(NewKnownBank(kComponentType));
+  Held<IZelBankDef> const bank(NewKnownBank(kPureComponentType));
   auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
   Key_i key;
   key.SetKey(static_cast<long>(number));
@@ -67,9 +67,9 @@ bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
   if (!component) return false;
   LibMaint_i walk(library_);
   LibMaint_i own(library_);
-  char type[9];
-  char name[9];
-  walk.BeginBankWalk(kComponentType);
+  char type[kMostName + 1];
+  char name[kMostName + 1];
+  walk.BeginBankWalk(kPureComponentType);
   while (walk.NextBank(type, name)) {
     if (read(own, name)) return true;
   }

@@ -1,6 +1,7 @@
 // Component numbers: found by CAS number or character ID, and given out.
 #include <algorithm>
 
+#include "frame/limits.h"
 #include "maint/lib_maint.h"
 
 namespace zel {
@@ -67,7 +68,7 @@ void LibMaint_i::CollectUsedNumbers() {
 void LibMaint_i::AddUsedNumbers(LibFile* library) {
   LibMaint_i walk(library);
   std::int32_t number = 0;
-  char id[9];
+  char id[kMostName + 1];
   walk.BeginIdWalk();
   while (walk.NextId(number, id)) {
     if (number >= kFirstOwnNumber) usedNumbers_.insert(number);

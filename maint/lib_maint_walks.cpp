@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "maint/lib_maint.h"
 #include "store/bank_key.h"
 #include "store/packed_text.h"
@@ -61,8 +62,8 @@ bool LibMaint_i::NextBank(char* type, char* name) {
   Give(type, '\0');
   Give(name, '\0');
   if (NothingWanted(type, name)) return false;
-  char ownType[9];
-  char ownName[9];
+  char ownType[kMostName + 1];
+  char ownName[kMostName + 1];
   std::int32_t const* entry = nullptr;
   while (WalkIs(WalkMode::kBanks) && keyWords_ == f::kBankKeyWords &&
          bank_.Tree().WalkNext(entry)) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "banks/catalogue.h"
+#include "frame/limits.h"
 #include "frame/number_text.h"
 #include "frame/path_parts.h"
 #include "frame/platform/system.h"
@@ -18,7 +19,6 @@ namespace {
 
 using platform::TextFile;
 
-constexpr char kComponentType[] = "PURECOMP";
 constexpr std::string_view kNotIndexed = "OLILIB";
 constexpr std::string_view kVersionLine = "1\n";
 constexpr std::string_view kComponentExtension = ".cmp";
@@ -103,8 +103,8 @@ void WriteBankIndex(LibFile* library, std::string const& folder, std::string con
   PutFields(file, {StemOf(library), VersionOf(library)});
   file.Put('\n');
   LibMaint_i walk(library);
-  char type[9];
-  char bank[9];
+  char type[kMostName + 1];
+  char bank[kMostName + 1];
   walk.BeginBankWalk();
   while (walk.NextBank(type, bank)) {
     PutFields(file, {type, bank});
@@ -119,16 +119,16 @@ void WriteComponentIndex(LibFile* library, char const* bank, std::string const& 
   file.Put(kVersionLine);
   PutFields(file, {StemOf(library), bank, VersionOf(library)});
   file.Put('\n');
-  Held<IZelBankDef> const record(NewKnownBank(kComponentType));
+  Held<IZelBankDef> const record(NewKnownBank(kPureComponentType));
   auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i walk(library);
   std::int32_t key[format::kMaxKeyWords];  // a damaged bank may claim as many
   try {
-    if (component && walk.BeginItemWalk(kComponentType, bank)) {
+    if (component && walk.BeginItemWalk(kPureComponentType, bank)) {
       while (walk.NextItem(key, record.Get())) PutComponent(file, component.Get());
     }
   } catch (unsigned long const address) {  // the tree: what comes behind it is lost
-    if (!walk.TellUnread(std::string(kComponentType) + ":" + bank, address)) throw;
+    if (!walk.TellUnread(std::string(kPureComponentType) + ":" + bank, address)) throw;
   }
   Close(file, library, path);
 }
@@ -153,9 +153,9 @@ void WriteTextDumps(LibFile* library) {
   DeleteTextDump(path.folder, path.name);
   WriteBankIndex(library, path.folder, path.name);
   LibMaint_i walk(library);
-  char type[9];
-  char bank[9];
-  walk.BeginBankWalk(kComponentType);
+  char type[kMostName + 1];
+  char bank[kMostName + 1];
+  walk.BeginBankWalk(kPureComponentType);
   while (walk.NextBank(type, bank)) {
     if (bank == kNotIndexed) continue;
     WriteComponentIndex(library, bank,

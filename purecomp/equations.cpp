@@ -5,6 +5,7 @@
 #include <cmath>
 #include <optional>
 
+#include "frame/limits.h"
 #include "purecomp/compare_temperature.h"
 #include "purecomp/form_implicit.h"
 #include "purecomp/form_limits.h"
@@ -16,8 +17,6 @@
 
 namespace zel {
 namespace {
-
-constexpr double kUndefinedLimit = -1e35;
 
 // The forms by number: one line each, as in docs/equations.md. Hands the result to `take`, within
 // each case, so that it stays in registers; false for a number that names no form.

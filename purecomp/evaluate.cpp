@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/limits.h"
 #include "frame/units/unit_factors.h"
 
 namespace zel {
 namespace {
 
-constexpr double kUndefinedLimit = -1e35;
 constexpr std::int32_t kWeightBasis = 2;
 
 // Limit codes of the correlation table.

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "frame/number_text.h"
 #include "purecomp/evaluate.h"
 #include "purecomp/formula.h"
@@ -17,7 +18,6 @@ namespace {
 constexpr double kInverseGasConstant = 0.12027223379575203;  // 1/8.314471
 constexpr double kTolerance = 0.1;
 constexpr double kTolerancePercent = 10.0;
-constexpr double kUndefinedLimit = -1e35;
 constexpr std::size_t kElementCount = 5;
 // C, H, N, O, S.
 constexpr double kAtomicWeights[kElementCount] = {12.011, 1.00794005, 14.006735, 15.9994,

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "frame/limits.h"
 #include "frame/units/unit_factors.h"
 #include "purecomp/evaluate.h"
 #include "purecomp/fill_in.h"
@@ -287,6 +288,6 @@ ZelStatus PureComp_i::EvaluateCorrelation(std::uint32_t index, double temperatur
                                 status ? *status : unwantedStatus);
 }
 
-IZelBankDef* NewPureComp() { return MakeBank<PureComp_i>("PURECOMP", IID_IZelPureComp); }
+IZelBankDef* NewPureComp() { return MakeBank<PureComp_i>(kPureComponentType, IID_IZelPureComp); }
 
 }  // namespace zel

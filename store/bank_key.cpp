@@ -5,13 +5,13 @@
 #include <cstring>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "store/format.h"
 #include "store/packed_text.h"
 
 namespace zel {
 namespace {
 
-constexpr std::size_t kPartLength = 8;
 constexpr std::uint32_t kMarkCode = 77;  // of "@" in packed text
 
 void PutPart(std::string_view part, char* to) noexcept {
@@ -22,13 +22,13 @@ void PutPart(std::string_view part, char* to) noexcept {
 
 void MakeBankKey(std::string_view type, std::string_view name, std::int32_t* key,
                  bool marker) noexcept {
-  type = type.substr(0, kPartLength);
-  name = name.substr(0, kPartLength);
-  char text[2 * kPartLength];
+  type = type.substr(0, kMostName);
+  name = name.substr(0, kMostName);
+  char text[2 * kMostName];
   std::fill(std::begin(text), std::end(text), ' ');
   PutPart(type, text);
-  PutPart(name, text + kPartLength);
-  bool const room = type.size() < kPartLength;
+  PutPart(name, text + kMostName);
+  bool const room = type.size() < kMostName;
   if (marker && room) text[type.size()] = '@';
   TextToWords({text, sizeof text}, key, format::kBankKeyWords);
   if (marker && !room) {

@@ -7,11 +7,10 @@
 #include <vector>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 
 namespace zel {
 namespace {
-
-constexpr std::size_t kMostPath = 259;
 
 constexpr bool kNativeIsFileOrder = std::endian::native == std::endian::little;
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 
+#include "frame/limits.h"
 #include "store/format.h"
 #include "zelaccess/Key_p.h"
 #include "zelaccess/LibFile_p.h"
@@ -73,7 +74,7 @@ class Key_i final : public Key_p {
   struct Part {
     std::int32_t kind = keyNone;
     long number = 0;
-    char id[9] = {};
+    char id[kMostName + 1] = {};
     casn cas;
   };
   // The overload of SetKey for the kinds of these parts, at most kPlaces; nothing without any.
@@ -102,7 +103,7 @@ class Key_i final : public Key_p {
   struct Place {
     std::int32_t kind = keyNone;
     std::int32_t number = 0;
-    char id[9] = {};
+    char id[kMostName + 1] = {};
     casn cas;
     std::int32_t cached = 0;  // number last got from the name index, 0 for none
   };

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "store/memo.h"
 #include "store/packed_text.h"
 
@@ -104,7 +105,7 @@ namespace {
 struct LostFlushes {
   std::mutex busy;
   std::int32_t count = 0;
-  char path[260] = {};
+  char path[kMostPath + 1] = {};
   unsigned long address = 0;
 };
 constinit LostFlushes lostFlushes;

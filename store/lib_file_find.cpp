@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "store/bank_key.h"
 #include "store/lib_file.h"
 #include "store/packed_text.h"
@@ -13,10 +14,8 @@ namespace f = format;
 
 namespace {
 
-constexpr std::size_t kNameLength = 8;
-
 bool Fits(char const* type, char const* name) noexcept {
-  return TextOrEmpty(type).size() <= kNameLength && TextOrEmpty(name).size() <= kNameLength;
+  return TextOrEmpty(type).size() <= kMostName && TextOrEmpty(name).size() <= kMostName;
 }
 
 // Older files: what stands ahead of the head there is no memo.
@@ -69,8 +68,8 @@ bool LibFile_i::HasBank(char const* type, char const* name) {
 
 bool LibFile_i::FindIdNumbers(char const* id, std::int32_t const*& data) {
   std::string_view const text = TextOrEmpty(id);
-  if (!idTree_ || text.size() > kNameLength) return false;
-  char upper[kNameLength + 1];
+  if (!idTree_ || text.size() > kMostName) return false;
+  char upper[kMostName + 1];
   CopyText(text, upper, sizeof upper);
   for (char& c : upper) c = ToUpper(c);
   std::int32_t key[f::kMaxKeyWords] = {};

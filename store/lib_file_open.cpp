@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "frame/path_parts.h"
 #include "store/lib_file.h"
 #include "store/packed_text.h"
@@ -13,14 +14,13 @@ namespace f = format;
 
 namespace {
 
-constexpr std::size_t kPathLimit = 259;
 constexpr std::size_t kShortestPath = 5;  // as the host gives it
 constexpr std::string_view kExtension = ".lb1";
 constexpr std::int32_t kMinBlockWordsOfFile1 = f::kHeaderWords;
 
 std::string FullPath(char const* path) {
   std::string full = AbsolutePath(TextOrEmpty(path));
-  return full.size() > kPathLimit ? std::string() : full;
+  return full.size() > kMostPath ? std::string() : full;
 }
 
 bool EndsInExtension(std::string_view path) noexcept {
@@ -41,7 +41,7 @@ LibFile_i::LibFile_i(platform::FileSystem& system, accModes mode, char const* pa
     : store_(system, mode, FullPath(path)),
       pathNamesLibrary_(TextOrEmpty(path).size() >= kShortestPath &&
                         EndsInExtension(store_.FirstPath())),
-      name_(name.substr(0, kPathLimit)) {}
+      name_(name.substr(0, kMostPath)) {}
 
 openErrors LibFile_i::CreateNew(libTypes type) {
   if (!pathNamesLibrary_) return openNotLibrary;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "banks/catalogue.h"
+#include "frame/limits.h"
 #include "maint/block_info.h"
 #include "maint/held.h"
 #include "maint/lib_maint.h"
@@ -23,11 +24,9 @@ namespace r = record;
 
 namespace {
 
-constexpr std::string_view kComponentType = "PURECOMP";
-
 struct StoredBank {
-  char type[9] = {};
-  char name[9] = {};
+  char type[kMostName + 1] = {};
+  char name[kMostName + 1] = {};
   std::array<std::int32_t, f::kBankDataWords> entry{};
   bool sound = false;
 
@@ -52,7 +51,7 @@ class Verification {
     for (StoredBank const& bank : banks_) {
       if (bank.sound) {
         Items(bank);
-      } else if (std::string_view(bank.type) == kComponentType) {
+      } else if (std::string_view(bank.type) == kPureComponentType) {
         allComponentsMet_ = false;
       }
     }
@@ -173,7 +172,7 @@ void Verification::Bank(StoredBank& bank) {
   if (bank.entry[f::kBankOldMark] != 1) {
     Memo(bank.entry[f::kBankMemoAddress], bank.entry[f::kBankMemoWords]);
   }
-  bool const isComponents = std::string_view(bank.type) == kComponentType;
+  bool const isComponents = std::string_view(bank.type) == kPureComponentType;
   int const before = findings_.Damages();
   TreeRule rule;
   if (io) rule.keyWords = BlockInfo(io.Get()).keyWords;
@@ -294,7 +293,7 @@ void Verification::Item(StoredBank const& bank, std::int32_t const* key, IZelBan
 
 void Verification::Component(StoredBank const& bank, std::int32_t key, IZelPureComp& component) {
   std::int32_t number = 0, cas = 0, code = 0;
-  char ids[12][9] = {};
+  char ids[12][kMostName + 1] = {};
   char name[41] = {};
   char formula[21] = {};
   std::uint8_t keep = 0;
@@ -334,7 +333,7 @@ void Verification::Component(StoredBank const& bank, std::int32_t key, IZelPureC
 void Verification::Identifiers() {
   LibMaint_i maint(&library_);
   std::int32_t number = 0;
-  char id[9] = {};
+  char id[kMostName + 1] = {};
   try {
     maint.BeginIdWalk();
     while (maint.NextId(number, id)) {

@@ -5,6 +5,7 @@
 
 #include "banks/catalogue.h"
 #include "frame/date_text.h"
+#include "frame/limits.h"
 #include "maint/component_identity.h"
 #include "store/key.h"
 #include "xml/export_component.h"
@@ -17,9 +18,7 @@ using platform::TextFile;
 
 namespace {
 
-constexpr std::string_view kComponentBank = "PURECOMP";
 constexpr std::string_view kUsualExtension = ".xml";
-constexpr std::size_t kLongestPath = 259;
 constexpr std::size_t kLongestLabel = 99;
 constexpr std::string_view kEmptyLine = "  -\n";
 constexpr std::size_t kStars = 75;
@@ -55,7 +54,7 @@ Export_i::Export_i(LibMaint_i& owner, ExportSwitches const& switches, std::strin
 // Empty, which cannot be opened, for a path that is too long.
 std::string Export_i::PathOf(std::string const& file) const {
   std::string path = folder_ + file;
-  return path.size() > kLongestPath ? std::string() : path;
+  return path.size() > kMostPath ? std::string() : path;
 }
 
 std::string Export_i::Named(std::string_view base, std::string const& fallback) const {
@@ -103,11 +102,11 @@ void Export_i::PutMemo(TextFile& out, std::string memo) {
 bool Export_i::ExportLibrary() {
   std::vector<std::pair<std::string, std::string>> banks;
   std::vector<std::pair<std::string, std::string>> others;
-  char type[9];
-  char name[9];
+  char type[kMostName + 1];
+  char name[kMostName + 1];
   owner_.BeginBankWalk();
   while (owner_.NextBank(type, name)) {
-    (type == kComponentBank ? banks : others).emplace_back(type, name);
+    (std::string_view(type) == kPureComponentType ? banks : others).emplace_back(type, name);
   }
   banks.insert(banks.end(), others.begin(), others.end());  // components first
 
@@ -160,7 +159,7 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
   owner_.GetBankMemo(type.c_str(), name.c_str(), memo);
   PutMemo(out, memo);
   try {
-    if (type != kComponentBank) {
+    if (type != kPureComponentType) {
       ItemExport(owner_, out, ids_).Write(record.Get(), name, withFormat ? stored : 1);
     } else if (!WriteComponents(out, name)) {
       return false;
@@ -181,7 +180,7 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   LibMaint_i reader(&library_);
   Key_i key;
   std::int32_t words[format::kMaxKeyWords] = {};
-  if (!component || !owner_.BeginItemWalk(kComponentBank.data(), bank.c_str())) return true;
+  if (!component || !owner_.BeginItemWalk(kPureComponentType, bank.c_str())) return true;
   while (owner_.NextItem(words, record.Get())) {
     ComponentIdentity const identity(component.Get());
     key.SetKey(static_cast<char const*>(identity.ids[0]));
@@ -197,8 +196,9 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
       if (isThere) PutComponent(out, component.Get(), kIndent);
     }
     if (!isThere) {
-      owner_.TellLeftOut(std::string(kComponentBank) + ":" + bank + " " + std::to_string(words[0]),
-                         "its first ID does not lead to it");
+      owner_.TellLeftOut(
+          std::string(kPureComponentType) + ":" + bank + " " + std::to_string(words[0]),
+          "its first ID does not lead to it");
     }
   }
   return true;
@@ -215,7 +215,7 @@ Export_i::Written Export_i::WriteComponentFile(char const* bank, Key* key,
   file = Named(base, "Comp-" + std::string(bank) + "-" + component);
   TextFile out(PathOf(file));
   if (!out) return Written::kNotWhole;
-  PutHeader(out, BankLabel(kComponentBank, bank) + ", component \"" + component + "\"");
+  PutHeader(out, BankLabel(kPureComponentType, bank) + ", component \"" + component + "\"");
   PutComponent(out, read.Get(), 0);
   return out.Close() ? Written::kWhole : Written::kNotWhole;
 }

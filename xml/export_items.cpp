@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/limits.h"
 #include "store/format.h"
 #include "store/key.h"
 #include "store/packed_text.h"
@@ -94,7 +95,7 @@ void ItemExport::PutIds(std::int32_t const* words, std::int32_t length) {
 std::string const& ItemExport::IdOf(std::int32_t number) {
   auto const known = ids_.find(number);
   if (known != ids_.end()) return known->second;
-  char id[9] = {};
+  char id[kMostName + 1] = {};
   try {
     owner_.GetIdOfNumber(number, id);
   } catch (unsigned long const address) {

@@ -4,6 +4,7 @@
 
 #include "banks/catalogue.h"
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "frame/number_text.h"
 #include "maint/document_stack.h"
 #include "xml/import_component.h"
@@ -15,10 +16,8 @@ namespace zel {
 
 namespace {
 
-constexpr std::size_t kLongestKeyword = 8;
 constexpr std::size_t kDescriptionSize = 101;
 constexpr std::size_t kVersionSize = 13;
-constexpr std::string_view kComponentBank = "PURECOMP";
 
 enum LibraryNode : std::size_t { kDescription, kVersion, kMemo, kBank };
 constexpr std::array<NameRow, 4> kLibraryNodes{{{"description", NameMode::kOnce},
@@ -39,7 +38,7 @@ struct BankAttributes {
   explicit BankAttributes(XmlNode bank) {
     Take(bank, "type", true, type) && Take(bank, "name", true, givenName) &&
         Take(bank, "format", false, format);
-    name = givenName.substr(0, kLongestKeyword);
+    name = givenName.substr(0, kMostName);
   }
 
  private:
@@ -71,7 +70,7 @@ std::string Import_i::MakeBank(XmlNode node, BankAttributes const& bank) {
   if (owner.BankExists(bank.type.c_str(), bank.name.c_str())) {
     return title + "already exists in this library";
   }
-  run_.texts.CheckText(node, bank.givenName, kLongestKeyword + 1, "name");
+  run_.texts.CheckText(node, bank.givenName, kMostName + 1, "name");
   if (run_.texts.Refused()) return {};
   if (!owner.CreateBank(bank.type.c_str(), bank.name.c_str(), format)) {
     return title + "cannot be created";
@@ -116,7 +115,7 @@ bool Import_i::Import(char const* path, bool replaceExisting) {
 bool Import_i::ImportComponent(char const* path, char const* bankName, bool replaceExisting) {
   if (!OpenDocument(path, replaceExisting)) return Finish();
   if (SameText(root_.Name(), "comp")) {
-    ComponentImport(run_, TextOrEmpty(bankName).substr(0, kLongestKeyword)).ImportAlone(root_);
+    ComponentImport(run_, TextOrEmpty(bankName).substr(0, kMostName)).ImportAlone(root_);
   } else {
     run_.log.ReportError("Unrecognized root node <" + std::string(root_.Name()) +
                          "> - ImportComponent allows only <comp>");
@@ -169,7 +168,7 @@ bool Import_i::WalkBank(XmlNode bank) {
   DocumentLedger::Arrived(bank);
   run_.log.ShowBankProgress(attributes.type, attributes.name);
   // Only the type in upper case goes by the form of components.
-  if (attributes.type == kComponentBank) {
+  if (attributes.type == kPureComponentType) {
     return ComponentImport(run_, attributes.name).WalkBank(bank);
   }
   return ItemImport(run_, attributes.type, attributes.name, ParseInt(attributes.format))

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "frame/number_text.h"
 #include "purecomp/tables.h"
 #include "xml/import_text.h"
@@ -12,7 +13,6 @@ namespace zel {
 
 namespace {
 
-constexpr char kComponentType[] = "PURECOMP";
 // The bank of this name holds formulas of another kind, which are not checked.
 constexpr std::string_view kOtherFormulas = "OLILIB";
 
@@ -84,7 +84,7 @@ bool ComponentImport::WalkBank(XmlNode bank) {
   while (walk.NextNode(node, match)) {
     if (match == kMemo) {
       run_.texts.Begin();
-      run_.owner.SetBankMemo(kComponentType, bankName_.c_str(), run_.Memo(node).c_str());
+      run_.owner.SetBankMemo(kPureComponentType, bankName_.c_str(), run_.Memo(node).c_str());
       if (run_.texts.Ended()) return false;
     } else if (!WalkComponent(node)) {
       return false;
@@ -95,8 +95,8 @@ bool ComponentImport::WalkBank(XmlNode bank) {
 
 bool ComponentImport::ImportAlone(XmlNode component) {
   char const* bank = bankName_.c_str();
-  if (!run_.owner.BankExists(kComponentType, bank) &&
-      !run_.owner.CreateBank(kComponentType, bank, 0)) {
+  if (!run_.owner.BankExists(kPureComponentType, bank) &&
+      !run_.owner.CreateBank(kPureComponentType, bank, 0)) {
     return Report("Bank \"PURECOMP-" + bankName_ + "\" cannot be found or created");
   }
   return WalkComponent(component);

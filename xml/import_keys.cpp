@@ -3,6 +3,7 @@
 #include <array>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "frame/number_text.h"
 #include "store/format.h"
 #include "xml/import_items.h"
@@ -14,15 +15,14 @@ namespace {
 
 enum KeyKind : std::int32_t { kComponents = 0, kNumbers = 1 };
 
-constexpr std::size_t kLongestToken = 8;
 constexpr std::size_t kLeastNumberDigits = 7;
 
 bool IsComponentNumber(std::string_view token) {
-  return token.size() >= kLeastNumberDigits && token.size() <= kLongestToken &&
+  return token.size() >= kLeastNumberDigits && token.size() <= kMostName &&
          std::all_of(token.begin(), token.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// A token of at most kLongestToken characters: a component number, a CAS number where it is one,
+// A token of at most kMostName characters: a component number, a CAS number where it is one,
 // and otherwise a character ID.
 Key_i::Part PartOf(std::string_view token) {
   Key_i::Part part;
@@ -64,7 +64,7 @@ std::int32_t ItemImport::ReadComponents(std::string_view text) {
   Tokens tokens(text);
   std::string_view token;
   while (tokens.Next(token)) {
-    if (token.size() > kLongestToken) {
+    if (token.size() > kMostName) {
       // The verdict stands in for the count, and the key stays that of the item before.
       std::string message =
           "Ordwin Id or Libary Number is exceeding more than 8 digits for the item ";

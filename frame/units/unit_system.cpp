@@ -8,6 +8,7 @@
 #include <string>
 
 #include "frame/ascii.h"
+#include "frame/limits.h"
 #include "frame/platform/text_file.h"
 
 namespace zel {
@@ -19,7 +20,6 @@ extern std::size_t const kUnitTableSize;
 namespace {
 
 constexpr int kTableNotFound = -1;
-constexpr std::size_t kMostPath = 259;
 
 struct FreeUnit {
   void operator()(uom_Unit* unit) const { uom_Free(&unit); }
