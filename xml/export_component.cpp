@@ -5,6 +5,7 @@
 
 #include "maint/component_identity.h"
 #include "purecomp/tables.h"
+#include "xml/code_words.h"
 #include "xml/text_out.h"
 #include "xml/unit_word_table.h"
 
@@ -14,26 +15,8 @@ namespace {
 
 using platform::TextFile;
 
-// What a code is written as.
-struct CodeWord {
-  std::int32_t code;
-  std::string_view word;
-};
-// A liquid with vapor, the usual case, is not written.
-constexpr CodeWord kPhases[] = {{0, "NONE"}, {4, "S"}, {6, "LS"}, {7, "VLS"}};
-constexpr CodeWord kTempUnits[] = {{10, "k"}, {11, "c"}, {12, "r"}, {13, "f"}};
-constexpr CodeWord kLogBases[] = {{1, "ln"}, {2, "log"}};
-constexpr CodeWord kBases[] = {{1, "m"}, {2, "wt"}};
-
 constexpr std::int32_t kMostGroups = 10;
 constexpr std::int32_t kMostCoefficients = 15;
-
-template <std::size_t N>
-std::string_view WordOf(CodeWord const (&words)[N], std::int32_t code) {
-  auto const row =
-      std::find_if(words, words + N, [&](CodeWord const& w) { return w.code == code; });
-  return row == words + N ? std::string_view{} : row->word;
-}
 
 class ComponentText {
  public:
@@ -97,7 +80,8 @@ class ComponentText {
   void PutPhase() {
     std::int32_t phase = 0;
     component_->GetPhase(&phase);
-    std::string_view const word = WordOf(kPhases, phase);
+    if (phase == kUsualPhase) return;
+    std::string_view const word = WordOf(kPhaseWords, phase);
     if (!word.empty()) out_ << indent_ << "  <flags phase=\"" << word << "\" />\n";
   }
 
@@ -151,10 +135,10 @@ class ComponentText {
     component_->GetCorrelationRefCode(index, &code);
     out_ << indent_ << "  <correlation name=\"" << kCorrelationRows[index].name;
     out_ << "\" equation=\"" << equation << "\"";
-    PutWord("tempUnit", WordOf(kTempUnits, tempUnit));
+    PutWord("tempUnit", WordOf(kTempUnitWords, tempUnit));
     PutWord("propUnit", UnitWordOf(propUnit));
-    PutWord("logBasis", WordOf(kLogBases, logBasis));
-    PutWord("moleWtBasis", WordOf(kBases, basis));
+    PutWord("logBasis", WordOf(kLogBasisWords, logBasis));
+    PutWord("moleWtBasis", WordOf(kBasisWords, basis));
     PutDefined("tMin", tMin);
     PutDefined("tMax", tMax);
     PutRefCode(code);

@@ -7,6 +7,7 @@
 #include "frame/limits.h"
 #include "frame/number_text.h"
 #include "purecomp/tables.h"
+#include "xml/code_words.h"
 #include "xml/import_text.h"
 
 namespace zel {
@@ -29,12 +30,6 @@ constexpr std::array<NameRow, 6> kElements{{{"id", NameMode::kOnce},
 
 constexpr std::array<NameRow, 1> kFlagsAttributes{{{"phase", NameMode::kOnce}}};
 constexpr std::array<NameRow, 1> kStructureAttributes{{{"model", NameMode::kOnce}}};
-
-struct PhaseRow {
-  std::string_view word;
-  std::int32_t code;
-};
-constexpr PhaseRow kPhases[] = {{"NONE", 0}, {"VL", 3}, {"VLS", 7}, {"LS", 6}, {"S", 4}};
 
 constexpr std::int32_t kMostGroups = 10;
 
@@ -161,14 +156,8 @@ bool ComponentImport::ReadPhase(XmlNode node) {
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) {
     std::string_view const word = attribute.Value(scratch);
-    PhaseRow const* found = nullptr;
-    for (PhaseRow const& row : kPhases) {
-      if (SameText(row.word, word)) found = &row;
-    }
-    if (found != nullptr) {
-      phase = found->code;
-    } else if (!Report("Unrecognized value \"" + std::string(word) +
-                       "\" found for \"phase\" attribute")) {
+    if (!TakeCode(kPhaseWords, word, phase) &&
+        !Report("Unrecognized value \"" + std::string(word) + "\" found for \"phase\" attribute")) {
       return false;
     }
   }

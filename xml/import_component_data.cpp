@@ -7,6 +7,7 @@
 #include "frame/number_text.h"
 #include "frame/units/unit_system.h"
 #include "purecomp/tables.h"
+#include "xml/code_words.h"
 #include "xml/import_attributes.h"
 #include "xml/import_component.h"
 #include "xml/import_text.h"
@@ -51,25 +52,6 @@ constexpr CorrelationNames NamesOfPass(bool first) {
 }
 constexpr CorrelationNames kFirstPass = NamesOfPass(true);
 constexpr CorrelationNames kSecondPass = NamesOfPass(false);
-
-struct WordRow {
-  std::string_view word;
-  std::int32_t code;
-};
-constexpr WordRow kTempUnits[] = {{"K", 10}, {"R", 12}, {"C", 11}, {"F", 13}};
-constexpr WordRow kLogForms[] = {{"LN", 1}, {"LOG", 2}};
-constexpr WordRow kBases[] = {{"M", 1}, {"WT", 2}};
-
-// False, with the code as it was, for a word that is not in the list.
-template <std::size_t N>
-bool TakeWord(WordRow const (&words)[N], std::string_view word, std::int32_t& code) {
-  for (WordRow const& row : words) {
-    if (!SameText(row.word, word)) continue;
-    code = row.code;
-    return true;
-  }
-  return false;
-}
 
 // Rows that only end a part of the table have no name, and a name is never empty here.
 PropertyRow const* FindProperty(std::string_view name) {
@@ -141,12 +123,12 @@ std::string_view TakeAttribute(std::size_t attribute, XmlNode node, std::string_
     case kRefCode:
       data.refCode = static_cast<std::uint32_t>(run.texts.Int(node, value, "refCode"));
       return {};
-    case kTempUnit: return TakeWord(kTempUnits, value, data.tempUnit) ? "" : "temperature unit";
+    case kTempUnit: return TakeCode(kTempUnitWords, value, data.tempUnit) ? "" : "temperature unit";
     case kPropUnit:
       data.propUnit = run.unitWords.CodeOf(dimension, value);
       return data.propUnit != 0 ? "" : "property unit";
-    case kLogBasis: return TakeWord(kLogForms, value, data.logBasis) ? "" : "log form";
-    default: return TakeWord(kBases, value, data.basis) ? "" : "basis";
+    case kLogBasis: return TakeCode(kLogBasisWords, value, data.logBasis) ? "" : "log form";
+    default: return TakeCode(kBasisWords, value, data.basis) ? "" : "basis";
   }
 }
 

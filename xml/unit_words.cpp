@@ -1,11 +1,10 @@
 #include "xml/unit_words.h"
 
-#include <algorithm>
-#include <iterator>
 #include <memory>
 
 #include "frame/ascii.h"
 #include "frame/units/unit_system.h"
+#include "xml/unit_word_table.h"
 
 namespace zel {
 
@@ -40,52 +39,6 @@ constexpr Mending kMendingRows[UnitWords::kMendings] = {
     {"visc", "Viscosity", "lbs/f", "", "lb-sec/ft2"},
     {"surf", "Surface tension", "d/cm", "", "dyne/cm"},
 };
-
-struct CodeRow {
-  std::string_view word;
-  std::int32_t code;
-};
-
-// Words of the dimension "vols", which the unit table does not have as such.
-constexpr CodeRow kMolarVolumes[] = {{"liter/kg-mole", 22012}, {"liter/g-mole", 22014},
-                                     {"m3/g-mole", 22016},     {"gal/lb-mole", 22018},
-                                     {"cm3/kg-mole", 22020},   {"cm3/g-mole", 22022},
-                                     {"m3/kg-mole", 22024},    {"in3/lb-mole", 22026},
-                                     {"ft3/lb-mole", 22028},   {"bbl/lb-mole", 22034}};
-
-// What the unit table shows of a unit.
-// clang-format off
-constexpr CodeRow kDisplayWords[] = {
-    // temperature
-    {"K", 1010}, {"C", 1011}, {"R", 1012}, {"F", 1013},
-    // pressure
-    {"dyne/cm2", 4010}, {"N/m2", 4012}, {"Pa", 4014}, {"kPa", 4015}, {"MPa", 4016}, {"bar", 4017},
-    {"mm Hg", 4019}, {"kg/cm2", 4021}, {"atm", 4025}, {"psia", 4026}, {"in Hg", 4032}, {"mbar", 4033},
-    // density
-    {"g/liter", 19012}, {"kg/liter", 19018}, {"lb/gal", 19026}, {"lb/bbl", 19030}, {"g/cm3", 19063},
-    {"g/m3", 19067}, {"kg/cm3", 19073}, {"kg/m3", 19081}, {"lb/in3", 19089}, {"lb/ft3", 19091},
-    // specific energy
-    {"J/g", 28010}, {"J/kg", 28012}, {"kJ/g", 28016}, {"kJ/kg", 28018}, {"cal/g", 28028},
-    {"cal/kg", 28030}, {"kcal/g", 28034}, {"kcal/kg", 28036}, {"BTU/lb", 28070},
-    // specific entropy
-    {"J/K-g", 30010}, {"J/K-kg", 30012}, {"kJ/K-g", 30014}, {"kJ/K-kg", 30016}, {"cal/K-g", 30022},
-    {"cal/K-kg", 30024}, {"kcal/K-g", 30026}, {"kcal/K-kg", 30028}, {"BTU/F-lb", 30030},
-    // conductivity
-    {"W/m-K", 35010}, {"kW/m-K", 35014}, {"cal/sec-cm-C", 35018}, {"cal/hr-m-C", 35020},
-    {"kcal/hr-m-C", 35022}, {"BTU/hr-ft-F", 35024},
-    // viscosity
-    {"CP", 40010}, {"Pa-sec", 40012}, {"lb-sec/ft2", 40029},
-    // surface tension
-    {"dyne/cm", 42012}, {"N/m", 42015},
-};
-// clang-format on
-
-template <std::size_t N>
-std::int32_t CodeIn(CodeRow const (&rows)[N], std::string_view word) {
-  auto const row = std::find_if(std::begin(rows), std::end(rows),
-                                [&](CodeRow const& r) { return SameText(r.word, word); });
-  return row == std::end(rows) ? 0 : row->code;
-}
 
 // An entropy with its temperature at the end gets it in front: "j/kg-k" becomes "j/k-kg".
 std::string TemperatureInFront(std::string const& word) {
@@ -141,13 +94,13 @@ std::string UnitWords::Mended(std::string_view dimension, std::string word) {
 std::int32_t UnitWords::CodeOf(std::string_view dimension, std::string_view word) {
   std::string const asWritten(word.substr(0, kLongestWord));
   std::string text = Mended(dimension, asWritten);
-  if (dimension == "vols") return CodeIn(kMolarVolumes, asWritten);
+  if (dimension == "vols") return UnitCodeOf(asWritten, true);
   if (dimension == "spentropy") text = TemperatureInFront(text);
   std::unique_ptr<uom_Unit, UnitCloser> const unit(
       OpenUnit(std::string(dimension).c_str(), text.c_str()));
   char display[kLongestWord + 1];
   if (!unit || uom_GetDisplayUnits(unit.get(), display, sizeof display, 1) != 0) return 0;
-  return CodeIn(kDisplayWords, display);
+  return UnitCodeOf(display, false);
 }
 
 }  // namespace zel

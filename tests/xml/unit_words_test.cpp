@@ -133,12 +133,12 @@ TEST_F(UnitWordsTest, WrittenWordsReadBack) {
     std::int32_t expected = row.code;
     for (UnitWordRow const& other : kUnitWords) {
       bool const sameClass = other.code / 1000 == row.code / 1000;
-      if (sameClass && other.word == row.word && other.code < expected) expected = other.code;
+      if (sameClass && other.written == row.written && other.code < expected) expected = other.code;
     }
-    if (row.word == "btu/lb") expected = 28070;  // the code of the unit as it is displayed
-    if (row.word == "lit/kg-mole" || row.word == "lit/g-mole") expected = 0;
-    EXPECT_EQ(CodeOf(unitClass->dimension, row.word), expected) << row.word;
-    EXPECT_EQ(Lines(), "") << row.word;
+    if (row.written == "btu/lb") expected = 28070;  // the code of the unit as it is displayed
+    if (row.written == "lit/kg-mole" || row.written == "lit/g-mole") expected = 0;
+    EXPECT_EQ(CodeOf(unitClass->dimension, row.written), expected) << row.written;
+    EXPECT_EQ(Lines(), "") << row.written;
     ++rows;
   }
   EXPECT_EQ(rows, 72);
@@ -270,7 +270,7 @@ TEST_F(UnitWordsTest, RandomBytesNeverFail) {
       word.resize(random() % 70);
       for (char& c : word) c = static_cast<char>(random());
     } else {
-      word = kUnitWords[random() % std::size(kUnitWords)].word;
+      word = kUnitWords[random() % std::size(kUnitWords)].written;
       word[random() % word.size()] = static_cast<char>(random());
     }
     std::int32_t const code = words_.CodeOf(kDimensions[random() % std::size(kDimensions)], word);
