@@ -1,5 +1,7 @@
 # zel_folder(<name> DEPENDS <lower folders>)
-# One object library per source folder, from the folder's sources.cmake, which lists them.
+# One object library per source folder, from the folder's sources.cmake, which lists them. The lower
+# folders are those whose headers its sources may include: tests/layers/check_includes.cmake reads them
+# from the CMakeLists.txt that calls this.
 
 # The options of all that is built here: its language standard, warnings and sanitizers. The library is
 # C++20; what stands for a host is built as 17, as the public headers promise.
@@ -25,7 +27,6 @@ function(zel_compile_options target)
 endfunction()
 
 function(zel_folder name)
-  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
   include(${PROJECT_SOURCE_DIR}/${name}/sources.cmake)  # sets <name>_SOURCES
   list(TRANSFORM ${name}_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/${name}/)
   add_library(zel_${name} OBJECT ${${name}_SOURCES})

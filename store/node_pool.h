@@ -51,7 +51,6 @@ class NodeBuffer {
   }
 
   std::int32_t* Words() noexcept { return image_->data(); }
-  std::unique_ptr<NodeImage>& Image() noexcept { return image_; }
 
  private:
   NodePool* pool_;

@@ -1,17 +1,22 @@
 # Fails when a source includes a header of a folder above its own, or a program that uses the library
 # as a host includes anything of it but the public headers.
-#   cmake -D SOURCE_DIR=<root> -P check_includes.cmake
+#   cmake -D SOURCE_DIR=<root> -D LAYERS=<CMakeLists.txt> -P check_includes.cmake
+# The folders and those below each are the zel_folder(<name> DEPENDS <lower folders>) of LAYERS.
 cmake_minimum_required(VERSION 3.20)
 
-set(may_frame frame)
-set(may_store store frame)
-set(may_banks banks store frame)
-set(may_purecomp purecomp banks store frame)
-set(may_maint maint purecomp banks store frame)
-set(may_lists lists maint purecomp banks store frame)
-set(may_xml xml maint purecomp banks store frame)
-set(may_verify verify maint purecomp banks store frame)
-set(folders frame store banks purecomp maint lists xml verify)
+set(folders "")
+file(STRINGS ${LAYERS} calls REGEX "^zel_folder\\(")
+foreach(call ${calls})
+  string(REGEX REPLACE "^zel_folder\\(([a-z]+) DEPENDS(.*)\\)$" "\\1;\\2" parts "${call}")
+  list(GET parts 0 folder)
+  list(GET parts 1 lower)
+  separate_arguments(lower)
+  list(APPEND folders ${folder})
+  set(may_${folder} ${folder} ${lower})
+endforeach()
+if(NOT folders)
+  message(FATAL_ERROR "no folder found in ${LAYERS}")
+endif()
 # These see the public headers only, and the public headers see each other.
 set(may_examples "")
 set(may_hosts "")

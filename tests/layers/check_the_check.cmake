@@ -1,12 +1,14 @@
 # Fails when check_includes.cmake lets an upward include pass: small trees with one defect each.
-#   cmake -D WORK_DIR=<scratch folder> -D CHECK=<check_includes.cmake> -P check_the_check.cmake
+#   cmake -D WORK_DIR=<scratch folder> -D CHECK=<check_includes.cmake>
+#         -D LAYERS=<CMakeLists.txt> -P check_the_check.cmake
 cmake_minimum_required(VERSION 3.20)
 
 # The verdict of the check on a tree that holds one file of one line.
 function(verdict_on file line result)
   file(REMOVE_RECURSE ${WORK_DIR})
   file(WRITE ${WORK_DIR}/${file} "${line}\n")
-  execute_process(COMMAND ${CMAKE_COMMAND} -D SOURCE_DIR=${WORK_DIR} -P ${CHECK}
+  execute_process(COMMAND ${CMAKE_COMMAND} -D SOURCE_DIR=${WORK_DIR} -D LAYERS=${LAYERS}
+                          -P ${CHECK}
                   RESULT_VARIABLE failed OUTPUT_QUIET ERROR_QUIET)
   file(REMOVE_RECURSE ${WORK_DIR})
   set(${result} ${failed} PARENT_SCOPE)
