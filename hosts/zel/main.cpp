@@ -3,7 +3,6 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -11,14 +10,11 @@
 #include <exception>
 #include <filesystem>
 #include <new>
-#include <sstream>
 #include <string>
 #include <system_error>
 
-#include "command.h"
-#include "failure.h"
-#include "library.h"
-#include "manual.h"
+#include "commands/command.h"
+#include "words/failure.h"
 
 namespace {
 
@@ -36,47 +32,12 @@ int Fail(int status, std::string text) {
 }
 
 // What a block error says, with the library's path as the user gave it.
-std::string MessageOf(zel::BlockError const& error) {
-  std::string text = zelhost::ShownPath(error.File()) + ": ";
+std::string MessageOf(zelhost::Session const& session, zel::BlockError const& error) {
+  std::string text = session.ShownPath(error.File()) + ": ";
   if (error.Address() != zel::kNoBlockAddress) {
     text += "block " + std::to_string(error.Address()) + " ";
   }
   return text + error.Reason() + ". `zel check --structure` tells what is damaged";
-}
-
-// What is printed in the place of a command's work.
-struct Text {
-  std::string text;
-};
-
-// What is wrong with the command line, and whose help tells more.
-std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int count, char** words) {
-  char const* const first = count > 1 ? words[1] : "";
-  if (*first != '-' && *first != '\0') {
-    bool const isCommand =
-        !app.get_subcommands([&](CLI::App const* command) { return command->get_name() == first; })
-             .empty();
-    if (!isCommand) return std::string(first) + " is no command; see zel --help";
-    return std::string(error.what()) + "; see zel " + first + " --help";
-  }
-  return std::string(error.what()) + "; see zel --help";
-}
-
-int Parsed(CLI::App& app, int count, char** words) {
-  try {
-    app.parse(count, words);
-    return zelhost::ExitStatus();
-  } catch (CLI::Success const& wish) {  // --help or --version
-    std::ostringstream text;
-    app.exit(wish, text, text);
-    zelhost::Write(text.str());
-    return 0;
-  } catch (Text const& wish) {
-    zelhost::Write(wish.text);
-    return 0;
-  } catch (CLI::ParseError const& error) {
-    return Fail(kWrongUsage, Complaint(app, error, count, words));
-  }
 }
 
 // What no handler reaches ends here: before main has begun, in a thread, in a destructor. A change
@@ -117,38 +78,20 @@ int Run(int count, char** words) {
   // A pipe that nobody reads and a file that reached its largest size are errors of the call.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  zelhost::Session session;  // outlives what is open when an error is told
   try {
-    CLI::App app("zel: looks into component libraries of thermophysical data and keeps them",
-                 "zel");
-    app.require_subcommand(1);
-    app.set_version_flag("--version", "zel " ZEL_VERSION);
-    app.footer(
-        "A component is named by its number, its ID or its CAS number, a bank by its\n"
-        "name or as TYPE:NAME. zel COMMAND --help tells more, with an example.");
-    constexpr std::size_t kWordsColumn = 26;
-    app.get_formatter()->column_width(kWordsColumn);
-    app.fallthrough();
-    app.add_option_function<std::string>(
-           "--names", [](std::string const& path) { zelhost::NameNames(path); },
-           "a library for IDs that the one at hand does not know")
-        ->type_name("LIBRARY")
-        ->envname("ZEL_NAMES")
-        ->trigger_on_parse();
-    zelhost::AddLibraryCommands(app);
-    zelhost::AddBankCommands(app);
-    zelhost::AddShowCommands(app);
-    zelhost::AddCurveCommands(app);
-    zelhost::AddSearchCommands(app);
-    zelhost::AddDocumentCommands(app);
-    zelhost::AddListCommand(app);
-    zelhost::AddItemCommands(app);
-    zelhost::AddDiffCommand(app);
-    zelhost::AddCheckCommand(app);
-    // For the build, which installs both.
-    app.add_flag_callback("--man", [&] { throw Text{zelhost::ManualPage(app)}; })->group("");
-    app.add_flag_callback("--bash-completion", [&] { throw Text{zelhost::BashCompletion(app)}; })
-        ->group("");
-    return Parsed(app, count, words);
+    zelhost::CommandLine line(session);
+    zelhost::AddLibraryCommands(line);
+    zelhost::AddBankCommands(line);
+    zelhost::AddShowCommands(line);
+    zelhost::AddCurveCommands(line);
+    zelhost::AddSearchCommands(line);
+    zelhost::AddDocumentCommands(line);
+    zelhost::AddListCommand(line);
+    zelhost::AddItemCommands(line);
+    zelhost::AddDiffCommand(line);
+    zelhost::AddCheckCommand(line);
+    return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();
   } catch (zelhost::WrongUsage const& error) {
@@ -163,7 +106,7 @@ int Run(int count, char** words) {
   } catch (std::exception const& error) {
     return Fail(kFailed, error.what());
   } catch (unsigned long const address) {
-    return Fail(kFailed, MessageOf(zel::BlockError(address)));
+    return Fail(kFailed, MessageOf(session, zel::BlockError(address)));
   }
 }
 

@@ -45,7 +45,7 @@ endforeach()
 
 # The rooms of zel, the lowest first, each of which includes nothing above itself; main.cpp, which is
 # in none of them, may include all.
-set(rooms words output open change sense commands)
+set(rooms words files output open change sense commands)
 set(below "")
 foreach(room ${rooms})
   list(APPEND below ${room})

@@ -1,0 +1,141 @@
+#include "change/library_change.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "open/names_library.h"
+#include "open/unfinished_change.h"
+#include "words/failure.h"
+
+namespace zelhost {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+void CheckPassword(Library const& library, ChangeOptions const& options) {
+  std::int32_t level = 0;
+  char none[101] = {};
+  library.File().GetPassword(level, none);
+  if (level == 0 && !options.password.empty() && !options.passwordIsGeneral) {
+    throw Failure(library.Path() + ": has no password; leave --password out");
+  }
+}
+
+// In the words of an open that fails.
+void CheckIsFile(std::string const& path) {
+  std::error_code none;
+  fs::file_status const there = fs::status(path, none);
+  if (fs::exists(there) && !fs::is_directory(there)) return;
+  throw Failure(path + ": " +
+                Reason(fs::exists(there) ? zel::openDenied : zel::openNotFound, path));
+}
+
+// Bit n is set where file n is there.
+int FilesOf(std::string const& first) {
+  int files = 0;
+  for (int number = 1; number <= kMostFiles; ++number) {
+    if (fs::exists(FileOf(first, number))) files |= 1 << number;
+  }
+  return files;
+}
+
+}  // namespace
+
+LibraryChange::LibraryChange(Session& session, std::string const& path,
+                             ChangeOptions const& options)
+    : session_(&session) {
+  FinishChange(path);
+  bool const knewNames = ReleaseNames(session, path);
+  CheckIsFile(path);
+  shown_ = path;
+  whole_ = WithoutLinks(path);
+  if (!options.inPlace) original_ = FileLock::Take(whole_, path);
+  access_ = AccessOf(whole_);
+  filesBefore_ = FilesOf(whole_);
+  if (options.inPlace) {
+    library_ = Library::OpenUpdate(session, path, options.password);
+  } else {
+    OpenCopy(options.password);
+  }
+  CheckPassword(*library_, options);
+  if (knewNames) zel::LibFile::SetOrdwinNameIndex(&library_->File());
+}
+
+void LibraryChange::OpenCopy(std::string const& password) {
+  work_ = std::make_unique<WorkFolder>(whole_, shown_);
+  work_->Share(access_);
+  try {
+    for (int number = 1; number <= kMostFiles; ++number) {
+      std::string const from = FileOf(whole_, number);
+      if (fs::exists(from)) CopyWithHoles(from, FileOf(work_->First(), number));
+    }
+  } catch (fs::filesystem_error const& error) {
+    if (error.code() == std::errc::not_enough_memory) throw;
+    throw Failure(shown_ + ": cannot be copied: " + error.code().message());
+  }
+  library_ = Library::OpenUpdate(*session_, work_->First(), password, shown_);
+}
+
+LibraryChange LibraryChange::New(Session& session, std::string const& path,
+                                 NewLibrary const& made) {
+  FinishChange(path);
+  ReleaseNames(session, path);
+  if (made.replace && fs::exists(path)) {
+    // It must be a library, and one that may be changed; a copy of it tells.
+    LibraryChange const probe(session, path, {made.password, false, false});
+  }
+  if (!fs::is_directory(fs::absolute(path).parent_path())) {
+    throw Failure(path + ": its folder is not there");
+  }
+  LibraryChange change(session);
+  change.shown_ = path;
+  change.whole_ = WithoutLinks(path);
+  change.isNew_ = !fs::exists(change.whole_);
+  change.allAreNew_ = true;
+  if (made.replace && !change.isNew_) {
+    change.original_ = FileLock::Take(change.whole_, path);
+    change.access_ = AccessOf(change.whole_);
+  }
+  change.work_ = std::make_unique<WorkFolder>(change.whole_, path);
+  for (int number = 1; number <= kMostFiles && !made.replace; ++number) {
+    std::string const file = FileOf(path, number);
+    if (fs::exists(file)) throw Failure(file + ": exists; `zel create --force` replaces it");
+  }
+  if (change.isNew_) {
+    auto const others = ModeOfLibrariesIn(fs::path(change.whole_).parent_path());
+    change.access_.mode = others ? *others : ModeOfNewFilesIn(change.work_->Path());
+  }
+  if (made.mode) change.access_.mode = *made.mode;
+  change.work_->Share(change.access_);
+  change.library_ = Library::Create(session, made.kind, change.work_->First(), path);
+  return change;
+}
+
+// A file that takes the place of one is as open to others as that one was, and a file that the
+// change has added as the first one is.
+void LibraryChange::GiveFilesAccess() const {
+  std::string const first = work_ ? work_->First() : whole_;
+  for (int number = 1; number <= kMostFiles; ++number) {
+    std::string const file = FileOf(first, number);
+    if (!fs::exists(file)) continue;
+    bool const hasForerunner = !allAreNew_ && (filesBefore_ & (1 << number)) != 0;
+    if (hasForerunner && !work_) continue;
+    GiveAccess(file, hasForerunner ? AccessOf(FileOf(whole_, number)) : access_);
+  }
+}
+
+void LibraryChange::PutInPlace() {
+  library_->Close();
+  GiveFilesAccess();
+  if (work_) work_->PutInPlace(isNew_);
+  library_.reset();
+}
+
+void PutInPlaceAfter(Report& report, LibraryChange change) {
+  auto const held = std::make_shared<LibraryChange>(std::move(change));
+  report.SetChange([held] { held->PutInPlace(); });
+}
+
+}  // namespace zelhost

@@ -1,0 +1,140 @@
+#include "commands/command.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <sstream>
+
+#include "commands/manual.h"
+#include "files/standard_output.h"
+#include "open/names_library.h"
+#include "words/failure.h"
+
+namespace zelhost {
+namespace {
+
+// What is printed in the place of a command's work.
+struct OtherText {
+  std::string text;
+};
+
+// What is wrong with the command line, and whose help tells more.
+std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int count, char** words) {
+  char const* const first = count > 1 ? words[1] : "";
+  if (*first != '-' && *first != '\0') {
+    bool const isCommand =
+        !app.get_subcommands([&](CLI::App const* command) { return command->get_name() == first; })
+             .empty();
+    if (!isCommand) return std::string(first) + " is no command; see zel --help";
+    return std::string(error.what()) + "; see zel " + first + " --help";
+  }
+  return std::string(error.what()) + "; see zel --help";
+}
+
+template <typename TargetVariant>
+CLI::Option* Added(CLI::App& command, std::string const& names, TargetVariant const& target,
+                   std::string const& help) {
+  return std::visit([&](auto* to) { return command.add_option(names, *to, help); }, target);
+}
+
+}  // namespace
+
+Command::Command(CommandLine& line, std::string const& name, std::string const& purpose,
+                 std::string const& example)
+    : session_(line.session_), sub_(line.app_->add_subcommand(name, purpose)) {
+  sub_->footer("Example:\n  " + example);
+}
+
+Command& Command::Argument(std::string const& name, Target target, std::string const& help) {
+  Added(*sub_, name, target.to_, help)->required();
+  return *this;
+}
+
+Command& Command::OptionalArgument(std::string const& name, Target target,
+                                   std::string const& help) {
+  Added(*sub_, name, target.to_, help);
+  return *this;
+}
+
+Command& Command::Option(std::string const& names, Target target, std::string const& help,
+                         std::string const& typeName) {
+  Added(*sub_, names, target.to_, help)->type_name(typeName);
+  return *this;
+}
+
+Command& Command::Required(std::string const& names, Target target, std::string const& help,
+                           std::string const& typeName) {
+  Added(*sub_, names, target.to_, help)->required()->type_name(typeName)->allow_extra_args(false);
+  return *this;
+}
+
+Command& Command::Flag(std::string const& names, bool& target, std::string const& help) {
+  sub_->add_flag(names, target, help);
+  return *this;
+}
+
+void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
+  Session& session = session_;
+  sub_->add_flag_callback(
+      "--json", [&session] { session.form = Form::kJson; }, "print JSON");
+  if (outputs == Outputs::kJsonAndCsv) {
+    sub_->add_flag_callback(
+            "--csv", [&session] { session.form = Form::kCsv; }, "print comma-separated values")
+        ->excludes("--json");
+  }
+  sub_->callback([&session, work = std::move(work)] {
+    OpenNames(session);
+    Report report = work(session);
+    std::string const text = Print(report, session.form);
+    bool const isChanged = report.MakeChange();
+    try {
+      Write(text);
+    } catch (Failure const& failure) {
+      if (!isChanged) throw;
+      throw Failure(failure.what() + std::string("; the change is in place"));
+    }
+  });
+}
+
+CommandLine::CommandLine(Session& session)
+    : session_(session),
+      app_(std::make_unique<CLI::App>(
+          "zel: looks into component libraries of thermophysical data and keeps them", "zel")) {
+  app_->require_subcommand(1);
+  app_->set_version_flag("--version", "zel " ZEL_VERSION);
+  app_->footer(
+      "A component is named by its number, its ID or its CAS number, a bank by its\n"
+      "name or as TYPE:NAME. zel COMMAND --help tells more, with an example.");
+  constexpr std::size_t kWordsColumn = 26;
+  app_->get_formatter()->column_width(kWordsColumn);
+  app_->fallthrough();
+  app_->add_option_function<std::string>(
+          "--names", [&session](std::string const& path) { session.namesPath = path; },
+          "a library for IDs that the one at hand does not know")
+      ->type_name("LIBRARY")
+      ->envname("ZEL_NAMES")
+      ->trigger_on_parse();
+  // For the build, which installs both.
+  app_->add_flag_callback("--man", [this] { throw OtherText{ManualPage(*app_)}; })->group("");
+  app_->add_flag_callback("--bash-completion", [this] { throw OtherText{BashCompletion(*app_)}; })
+      ->group("");
+}
+
+CommandLine::~CommandLine() = default;
+
+int CommandLine::Run(int count, char** words) {
+  try {
+    app_->parse(count, words);
+    return session_.exitStatus;
+  } catch (CLI::Success const& wish) {  // --help or --version
+    std::ostringstream text;
+    app_->exit(wish, text, text);
+    Write(text.str());
+  } catch (OtherText const& wish) {
+    Write(wish.text);
+  } catch (CLI::ParseError const& error) {
+    throw WrongUsage(Complaint(*app_, error, count, words));
+  }
+  return 0;
+}
+
+}  // namespace zelhost

@@ -1,0 +1,279 @@
+// eval, plot
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+
+#include "commands/command.h"
+#include "commands/shared_options.h"
+#include "files/output_file.h"
+#include "open/curve_faults.h"
+#include "open/preference_list.h"
+#include "output/chart.h"
+#include "words/failure.h"
+#include "words/number_range.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  SourceOptions sources;
+  std::vector<std::string> components;
+  std::string component;
+  std::string correlation;
+  std::vector<std::string> at;
+  std::string from;
+  std::string to;
+  std::string output;
+  int steps = 10;
+  int derivatives = 1;
+  bool logarithmic = false;
+  bool each = false;
+};
+
+zel::ZelCorrelationInfo const& CorrelationNamed(std::string const& word) {
+  zel::ZelCorrelationInfo const* const found = FindCorrelation(word);
+  if (found == nullptr) {
+    throw Failure("\"" + word +
+                  "\" is not a correlation, or is the beginning of several; `zel types " +
+                  kPureType + "` lists them");
+  }
+  return *found;
+}
+
+Curve CurveOf(PureComponent const& component, zel::ZelCorrelationInfo const& info,
+              std::string const& word) {
+  Curve const curve = component.ReadCurve(IndexOf(info));
+  if (!curve.present) throw Failure("component " + word + " has no " + info.name);
+  return curve;
+}
+
+// "component XXX, VaporPressure: " and what is wrong with its record; empty when nothing is.
+std::string WarningOf(std::string const& component, zel::ZelCorrelationInfo const& info,
+                      Curve const& curve) {
+  std::string const fault = FaultOf(curve);
+  return fault.empty() ? "" : "component " + component + ", " + info.name + ": " + fault;
+}
+
+// The error where not one value comes out.
+Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& info,
+                Curve const& curve) {
+  std::string const warning = WarningOf(component, info, curve);
+  if (!warning.empty()) return Failure(warning);
+  return Failure("component " + component + ", " + info.name + ": equation " +
+                 std::to_string(curve.equation) + " has no value at these temperatures");
+}
+
+// In the record's unit.
+std::vector<double> Temperatures(Options const& o, Curve const& curve, std::string const& word) {
+  std::vector<double> temperatures;
+  for (std::string const& text : o.at) {
+    temperatures.push_back(ParseTemperature(text).In(curve.tempUnit));
+  }
+  if (!temperatures.empty()) {
+    if (!o.from.empty() || !o.to.empty())
+      throw WrongUsage("--at and --from/--to exclude each other");
+    return temperatures;
+  }
+  if (o.steps < 1 || o.steps > 100000) throw WrongUsage("--steps is 1 to 100000");
+  double const low = o.from.empty() ? curve.tMin : ParseTemperature(o.from).In(curve.tempUnit);
+  double const high = o.to.empty() ? curve.tMax : ParseTemperature(o.to).In(curve.tempUnit);
+  if (zel::gen_IsUndefDouble(low) || zel::gen_IsUndefDouble(high)) {
+    throw Failure("the record of " + word + " has no limits; give --from and --to, or --at");
+  }
+  for (int i = 0; i <= o.steps; ++i) {
+    temperatures.push_back(low + (high - low) * i / o.steps);
+  }
+  return temperatures;
+}
+
+std::string StatusText(std::int32_t status) {
+  return status == 0 ? "inside" : status > 0 ? "above" : "below";
+}
+
+Report Eval(Session& session, Options const& o) {
+  zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
+  if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives is 0 to 3");
+  Sources sources(session, o.sources);
+  PureComponent component;
+  sources.Search(o.component, component);
+  Curve const curve = CurveOf(component, info, o.component);
+  std::string const unit = TemperatureUnit(curve.tempUnit);
+  std::string const value = info.unit;
+  Report report;
+  report.Fact("component", component.ReadIdentity().name);
+  report.Fact("correlation", std::string(info.label));
+  report.Fact("equation", std::int64_t{curve.equation});
+  report.Fact("range", RangeOf(curve));
+  report.Fact("from", Text(curve.source));
+  std::vector<Column> columns = {{"T", unit}, {"value", value}};
+  for (int order = 1; order <= o.derivatives; ++order) {
+    std::string const power = order == 1 ? "" : std::to_string(order);
+    columns.push_back({"d" + power + "/dT" + power, value + "/" + unit + power});
+  }
+  columns.push_back({"range", ""});
+  std::string const warning = WarningOf(o.component, info, curve);
+  if (!warning.empty()) report.Warning("warning", warning);
+  Table& table = report.Begin("points", columns);
+  bool hasAny = false;
+  for (double const temperature : Temperatures(o, curve, o.component)) {
+    Point const point = component.At(IndexOf(info), temperature);
+    std::vector<Cell> row;
+    row.push_back(temperature);
+    row.push_back(Number(point.value));
+    for (int order = 1; order <= o.derivatives; ++order) {
+      row.push_back(Number(component.At(IndexOf(info), temperature, order).slope));
+    }
+    hasAny = hasAny || point.there;
+    row.push_back(point.there ? StatusText(point.status) : "no value");
+    table.Add(std::move(row));
+  }
+  if (!hasAny) throw NoValue(o.component, info, curve);
+  sources.AddWarnings(report);
+  return report;
+}
+
+// One curve for a chart, over temperatures in K.
+struct Drawn {
+  std::string word;  // of the command line
+  std::string label;
+  std::unique_ptr<PureComponent> component;
+  Curve curve;
+
+  double Limit(double bound) const {
+    return zel::gen_IsUndefDouble(bound) ? bound : Convert(bound, curve.tempUnit, kKelvin);
+  }
+};
+
+// One for each component, or for each component and each bank that has the correlation.
+std::vector<Drawn> Collect(Options const& o, zel::ZelCorrelationInfo const& info,
+                           Sources& sources) {
+  std::vector<Drawn> drawn;
+  for (std::string const& word : o.components) {
+    auto merged = std::make_unique<PureComponent>();
+    sources.Search(word, *merged);
+    std::size_t const before = drawn.size();
+    for (std::size_t i = 0; o.each && i < sources.Count(); ++i) {
+      auto component = std::make_unique<PureComponent>();
+      if (!sources.Read(i, word, *component)) continue;
+      Curve curve = component->ReadCurve(IndexOf(info));
+      if (!curve.present) continue;
+      std::string label = component->ReadIdentity().name + ", " + sources.Name(i);
+      drawn.push_back({word, std::move(label), std::move(component), std::move(curve)});
+    }
+    if (o.each && drawn.size() > before) continue;
+    Curve curve = CurveOf(*merged, info, word);
+    std::string label = merged->ReadIdentity().name;
+    drawn.push_back({word, std::move(label), std::move(merged), std::move(curve)});
+  }
+  return drawn;
+}
+
+Span DefaultSpan(Options const& o, std::vector<Drawn> const& drawn) {
+  Span span;
+  if (!o.from.empty()) span.low = ParseTemperature(o.from).In(kKelvin);
+  if (!o.to.empty()) span.high = ParseTemperature(o.to).In(kKelvin);
+  bool const takesLow = !span.low;
+  bool const takesHigh = !span.high;
+  for (Drawn const& one : drawn) {
+    double const low = one.Limit(one.curve.tMin);
+    double const high = one.Limit(one.curve.tMax);
+    if (takesLow && !zel::gen_IsUndefDouble(low)) span.low = std::min(span.low.value_or(low), low);
+    if (takesHigh && !zel::gen_IsUndefDouble(high)) {
+      span.high = std::max(span.high.value_or(high), high);
+    }
+  }
+  if (!span.low || !span.high) throw Failure("the records have no limits; give --from and --to");
+  if (!(*span.low < *span.high)) {
+    throw WrongUsage("nothing to draw from " + Digits(*span.low) + " to " + Digits(*span.high) +
+                     " K");
+  }
+  return span;
+}
+
+ChartLine LineOf(Drawn const& one, std::uint32_t index, Span const& span) {
+  constexpr int kPoints = 400;
+  ChartLine line;
+  line.label = one.label;
+  double const limits[] = {one.Limit(one.curve.tMin), one.Limit(one.curve.tMax)};
+  std::vector<double> at(std::begin(limits), std::end(limits));
+  for (int i = 0; i <= kPoints; ++i) {
+    at.push_back(*span.low + (*span.high - *span.low) * i / kPoints);
+  }
+  std::sort(at.begin(), at.end());
+  at.erase(std::unique(at.begin(), at.end()), at.end());
+  for (double const kelvin : at) {
+    if (!span.Has(kelvin)) continue;
+    Point const point = one.component->At(index, Convert(kelvin, kKelvin, one.curve.tempUnit));
+    if (!point.there) continue;
+    ChartLine::Vertex const vertex = {kelvin, point.value, point.status != 0};
+    line.vertices.push_back(vertex);
+    if (kelvin == limits[0] || kelvin == limits[1]) line.marks.push_back(vertex);
+  }
+  return line;
+}
+
+Report Plot(Session& session, Options const& o) {
+  if (IsStandardOutput(o.output) && session.form != Form::kText) {
+    throw WrongUsage("--json and a chart on standard output exclude each other");
+  }
+  zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
+  Sources sources(session, o.sources);
+  std::vector<Drawn> const drawn = Collect(o, info, sources);
+  Span const span = DefaultSpan(o, drawn);
+  Chart chart;
+  chart.title = info.label;
+  chart.xLabel = "T [K]";
+  chart.yLabel = *info.unit == '\0' ? info.name : info.name + (" [" + std::string(info.unit)) + "]";
+  chart.logarithmic = o.logarithmic;
+  std::string warnings;
+  for (Drawn const& one : drawn) {
+    chart.lines.push_back(LineOf(one, IndexOf(info), span));
+    if (chart.lines.back().vertices.empty()) throw NoValue(one.word, info, one.curve);
+    std::string const warning = WarningOf(one.word, info, one.curve);
+    if (warning.empty()) continue;
+    warnings += (warnings.empty() ? "" : "\n") + warning;
+    chart.warnings.push_back("Warning: " + warning);
+  }
+  for (IdentityConflict const& conflict : sources.Accepted()) {
+    chart.warnings.push_back("Warning: " + ToText(conflict));
+  }
+  WriteFile(o.output, ToSvg(chart));
+  Report report;
+  if (IsStandardOutput(o.output)) return report;  // the chart alone
+  report.Fact("written", o.output);
+  report.Fact("lines", static_cast<std::int64_t>(drawn.size()));
+  if (!warnings.empty()) report.Warning("warning", warnings);
+  sources.AddWarnings(report);
+  return report;
+}
+
+}  // namespace
+
+void AddCurveCommands(CommandLine& line) {
+  auto const o = std::make_shared<Options>();
+  Command eval(line, "eval", "Evaluate a correlation over temperatures",
+               "zel eval ETHANOL VaporPressure -l perry.lb1 -l crc.lb1 --at 25C 351.4K");
+  eval.Argument("COMPONENT", o->component, "by number, ID or CAS number")
+      .Argument("CORRELATION", o->correlation, "its name or the beginning of it");
+  AddSourceOptions(eval, o->sources);
+  eval.Option("--at", o->at, "temperatures, in K without a unit", "T...")
+      .Option("--from", o->from, "lowest temperature, else the record's", "T")
+      .Option("--to", o->to, "highest temperature, else the record's", "T")
+      .Option("--steps", o->steps, "how many steps from one to the other; 10", "N")
+      .Option("--derivatives", o->derivatives, "how many derivatives, 0 to 3; 1", "N")
+      .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Eval(session, *o); });
+  Command plot(line, "plot", "Draw a correlation of components as an SVG chart",
+               "zel plot VaporPressure ETHANOL WATER -l perry.lb1 --log -o vp.svg");
+  plot.Argument("CORRELATION", o->correlation, "its name or the beginning of it")
+      .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several");
+  AddSourceOptions(plot, o->sources);
+  plot.Required("-o,--output", o->output, "the SVG file; - is standard output", "FILE")
+      .Option("--from", o->from, "lowest temperature, in K without a unit", "T")
+      .Option("--to", o->to, "highest temperature, in K without a unit", "T")
+      .Flag("--log", o->logarithmic, "logarithmic values")
+      .Flag("--each", o->each, "a line for each bank instead of the merged one")
+      .Run(Outputs::kJson, [o](Session& session) { return Plot(session, *o); });
+}
+
+}  // namespace zelhost

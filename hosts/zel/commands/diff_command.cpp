@@ -1,0 +1,215 @@
+// diff
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "commands/command.h"
+#include "commands/shared_options.h"
+#include "open/fields.h"
+#include "open/item_key.h"
+#include "open/item_values.h"
+#include "open/unfinished_change.h"
+#include "output/progress.h"
+#include "words/failure.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string one;
+  std::string other;
+  std::string bank;
+  bool exitCode = false;
+};
+
+class Difference {
+ public:
+  Difference(Library const& one, Library const& other, Table& table)
+      : one_(one), other_(other), table_(table) {}
+
+  void Header();
+  void Bank(BankName const& bank);
+  void OnlyIn(Library const& library, std::string const& place) {
+    bool const first = &library == &one_;
+    table_.Add(place, "whole", first ? "there" : "not there", first ? "not there" : "there");
+  }
+
+ private:
+  void Field(std::string const& place, char const* field, Cell one, Cell other);
+  void BankHeader(BankName const& bank);
+  void Item(BankName const& bank, std::vector<std::int32_t> const& stored,
+            std::string const& place);
+
+  Library const& one_;
+  Library const& other_;
+  Table& table_;
+};
+
+void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
+  if (one != other) table_.Add(place, field, std::move(one), std::move(other));
+}
+
+void Difference::Header() {
+  auto const header = [](Library const& library) {
+    char description[101] = {};
+    char version[13] = {};
+    char memo[kMemoSize] = {};
+    library.File().GetDescriptionAndVersion(description, version);
+    library.File().GetMemo(memo);
+    return std::array<std::string, 3>{description, version, memo};
+  };
+  auto const a = header(one_);
+  auto const b = header(other_);
+  static constexpr char const* kNames[] = {"description", "version", "memo"};
+  for (std::size_t i = 0; i < a.size(); ++i) Field("library", kNames[i], Text(a[i]), Text(b[i]));
+}
+
+void Difference::BankHeader(BankName const& bank) {
+  auto const format = [&](Library const& library) {
+    return Cell(std::int64_t{library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str())});
+  };
+  auto const memo = [&](Library const& library) {
+    char text[kMemoSize] = {};
+    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), text);
+    return Text(text);
+  };
+  Field(ToText(bank), "format", format(one_), format(other_));
+  Field(ToText(bank), "memo", memo(one_), memo(other_));
+}
+
+// Both lists of keys rise; equal ones are items that both have.
+void Difference::Bank(BankName const& bank) {
+  BankHeader(bank);
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  auto const a = Keys(one_, bank, *item);
+  auto const b = Keys(other_, bank, *item);
+  KeyWords wordsA(one_, *item);
+  KeyWords wordsB(other_, *item);
+  Progress progress("comparing " + ToText(bank), a.size());
+  std::size_t i = 0, k = 0;
+  while (i < a.size() || k < b.size()) {
+    bool const inA = k == b.size() || (i < a.size() && a[i] <= b[k]);
+    bool const inB = i == a.size() || (k < b.size() && b[k] <= a[i]);
+    std::string const place =
+        ToText(bank) + " " + (inA ? Joined(wordsA.Of(a[i])) : Joined(wordsB.Of(b[k])));
+    if (inA && inB) {
+      Item(bank, a[i], place);
+    } else {
+      OnlyIn(inA ? one_ : other_, place);
+    }
+    if (inA) {
+      ++i;
+      progress.Step();
+    }
+    if (inB) ++k;
+  }
+}
+
+void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
+                      std::string const& place) {
+  zel::Handle<zel::Key> const key = StoredKey(stored);
+  bool isRead = true;
+  auto const read = [&](Library const& library, zel::IZelBankDef* item) {
+    try {
+      if (library.Maint().ReadItem(item, bank.name.c_str(), key.get())) return;
+    } catch (unsigned long const address) {
+      library.TellUnread(place, address);
+      isRead = false;
+      return;
+    }
+    throw Failure(library.Path() + ": " + place + " cannot be read");
+  };
+  auto const valuesIn = [&](Library const& library) {
+    if (bank.type == kPureType) {
+      PureComponent const component;
+      read(library, component.Def());
+      return ValuesOf(component);
+    }
+    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+    read(library, item.get());
+    return ValuesOf(*item);
+  };
+  std::vector<NamedValue> const a = valuesIn(one_);
+  std::vector<NamedValue> const b = valuesIn(other_);
+  if (!isRead) return;
+  auto const valueIn = [](std::vector<NamedValue> const& values, std::string const& name) {
+    auto const at = std::find_if(values.begin(), values.end(),
+                                 [&](NamedValue const& value) { return value.name == name; });
+    return at == values.end() ? NamedValue{name, {}} : *at;
+  };
+  auto const put = [&](NamedValue const& here, NamedValue const& there) {
+    if (here == there) return;
+    auto [one, other] = Beside(here, there);
+    table_.Add(place, here.name, std::move(one), std::move(other));
+  };
+  for (NamedValue const& value : a) put(value, valueIn(b, value.name));
+  for (NamedValue const& value : b) {
+    bool const isNew = std::none_of(
+        a.begin(), a.end(), [&](NamedValue const& known) { return known.name == value.name; });
+    if (isNew) put({value.name, {}}, value);
+  }
+}
+
+BankName NamedInEither(Library const& one, Library const& other, std::string const& word) {
+  try {
+    return one.Bank(word);
+  } catch (Failure const&) {
+    return other.Bank(word);
+  }
+}
+
+Report Diff(Session& session, Options const& o) {
+  Library const one = OpenFinished(session, o.one);
+  Library const other = OpenFinished(session, o.other);
+  Report report;
+  Table& table =
+      report.Begin("differences", {{"item", ""}, {"field", ""}, {"first", ""}, {"second", ""}});
+  Difference difference(one, other, table);
+  auto const has = [](std::vector<BankName> const& banks, BankName const& bank) {
+    return std::any_of(banks.begin(), banks.end(),
+                       [&](BankName const& known) { return ToText(known) == ToText(bank); });
+  };
+  std::vector<BankName> a = one.Banks();
+  std::vector<BankName> b = other.Banks();
+  if (!o.bank.empty()) {
+    BankName const bank = NamedInEither(one, other, o.bank);
+    auto const isOther = [&](BankName const& known) { return ToText(known) != ToText(bank); };
+    std::erase_if(a, isOther);
+    std::erase_if(b, isOther);
+  } else {
+    difference.Header();
+  }
+  for (BankName const& bank : a) {
+    if (has(b, bank)) {
+      if (BankOrNone(bank.type)) {
+        difference.Bank(bank);
+      } else {
+        table.Add(ToText(bank), "whole", "unknown type", "not compared");
+      }
+    } else {
+      difference.OnlyIn(one, ToText(bank));
+    }
+  }
+  for (BankName const& bank : b) {
+    if (!has(a, bank)) difference.OnlyIn(other, ToText(bank));
+  }
+  report.Fact("differences found", static_cast<std::int64_t>(table.Rows().size()));
+  if (o.exitCode && !table.Empty()) session.exitStatus = 1;
+  return report;
+}
+
+}  // namespace
+
+void AddDiffCommand(CommandLine& line) {
+  auto const o = std::make_shared<Options>();
+  Command diff(line, "diff", "Tell what differs between two libraries",
+               "zel diff perry.lb1 own.lb1 --bank PERRY");
+  diff.Argument("FIRST", o->one, "a library file")
+      .Argument("SECOND", o->other, "a library file")
+      .Option("--bank", o->bank, "only this bank", "BANK")
+      .Flag("--exit-code", o->exitCode, "exit status 1 when they differ");
+  AddStrict(diff);
+  diff.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Diff(session, *o); });
+}
+
+}  // namespace zelhost

@@ -1,0 +1,342 @@
+// import, export, dump
+#include <zelaccess/LibMaint_p.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "change/library_change.h"
+#include "commands/command.h"
+#include "commands/import_log.h"
+#include "commands/shared_options.h"
+#include "commands/written_documents.h"
+#include "files/input_file.h"
+#include "files/output_file.h"
+#include "files/standard_output.h"
+#include "open/item_key.h"
+#include "open/pure_component.h"
+#include "open/unfinished_change.h"
+#include "output/progress.h"
+#include "words/failure.h"
+#include "words/letters.h"
+
+namespace zelhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Options {
+  std::string path;
+  std::vector<std::string> files;
+  std::string bank;
+  std::string component;
+  std::string output;
+  std::string mode;
+  ChangeOptions change;
+  bool replace = false;
+  bool lenient = false;
+  bool strict = false;
+  bool create = false;
+  bool verbose = false;
+  bool banner = false;
+  bool componentFiles = false;
+};
+
+LibraryChange ChangeFor(Session& session, Options const& o) {
+  CheckModeFor(o.path, o.mode);
+  if (!fs::exists(o.path) && o.create) {
+    return LibraryChange::New(session, o.path, {zel::libKind11, false, "", ModeOf(o.mode)});
+  }
+  return {session, o.path, o.change};
+}
+
+zel::zelImportChecks ChecksOf(Options const& o) {
+  if (o.lenient && o.strict) throw WrongUsage("--lenient and --strict exclude each other");
+  return o.strict ? zel::importStrict : o.lenient ? zel::importTold : zel::importChecked;
+}
+
+// Why an import ended without success. The text of the last error is empty when the import went on
+// with something that is right.
+std::string Reason(zel::LibMaint_p const& maint, zel::ZelImportCounts const& counts,
+                   Options const& o) {
+  char const* const last = maint.GetLastErrorText();
+  std::string reason = last != nullptr ? last : "";
+  if (reason.empty()) reason = std::to_string(counts.errors) + " errors, listed above";
+  if (o.replace && reason.find("already exists in this library") != std::string::npos) {
+    reason +=
+        "; --replace does not replace banks: import into another library and use zel copy "
+        "--replace";
+  }
+  return reason;
+}
+
+bool ImportOne(zel::LibMaint_p& maint, Options const& o, std::string const& file) {
+  std::string const path = fs::absolute(file).string();
+  if (o.bank.empty()) return maint.Import(path.c_str(), o.replace);
+  return maint.ImportComponent(path.c_str(), UpperCase(o.bank).c_str(), o.replace);
+}
+
+// What failed is reported in full before the command ends.
+[[noreturn]] void EndFailed(Session const& session, Report& report, ImportLog& log,
+                            std::string const& file, std::string const& why) {
+  report.Fact("failed", file);
+  log.Finish(report);
+  if (session.form != Form::kText) Write(Print(report, session.form));
+  throw Failure(file + ": " + why);
+}
+
+Report Import(Session& session, Options const& o) {
+  zel::zelImportChecks const checks = ChecksOf(o);
+  for (std::string const& file : o.files) {
+    if (!fs::exists(file)) throw Failure(file + ": not found");
+    if (!fs::is_regular_file(file)) throw Failure(file + ": is no file");
+  }
+  if (o.bank.size() >= kNameSize) throw Failure("a bank's name has 1 to 8 characters: " + o.bank);
+  bool const isNew = o.create && !fs::exists(o.path);
+  zel::InitZelAccess();
+  bool const isText = session.form == Form::kText;
+  ImportLog log(isText, o.verbose);
+  LibraryChange change = ChangeFor(session, o);
+  auto* const maint = dynamic_cast<zel::LibMaint_p*>(&change.Open().Maint());
+  maint->SetLogLevel(1);  // an import goes on after an error, and reports them all
+  maint->SetLogSink(&log);
+  maint->SetImportChecks(checks);
+  Report report;
+  ImportTotals totals;
+  for (std::string const& file : o.files) {
+    std::optional<Waiting> waiting;  // the log shows people how far it is
+    if (!isText) waiting.emplace("importing " + file);
+    bool const good = ImportOne(*maint, o, file);
+    zel::ZelImportCounts counts;
+    maint->GetImportCounts(counts);
+    totals.Add(counts);
+    if (good) continue;
+    waiting.reset();
+    EndFailed(session, report, log, file,
+              Reason(*maint, counts, o) + (isNew ? "; no library was made"
+                                           : o.change.inPlace
+                                               ? "; what came before the error was imported"
+                                               : "; the library is as it was"));
+  }
+  report.Fact("imported", static_cast<std::int64_t>(o.files.size()));
+  report.Fact("library", o.path);
+  totals.AddTo(report);
+  log.Finish(report);
+  maint->SetLogSink(nullptr);
+  PutInPlaceAfter(report, std::move(change));
+  return report;
+}
+
+// Where documents go: a folder, and a name for what has one.
+struct ExportTarget {
+  fs::path folder;
+  std::string name;
+};
+
+ExportTarget TargetOf(Options const& o) {
+  if (o.output.empty()) return {fs::absolute(o.path).parent_path(), ""};
+  RefuseLibraryPath(o.output);
+  fs::path target = fs::absolute(o.output);
+  if (fs::is_directory(target) || !target.has_filename()) return {target, ""};
+  RefuseSpecialFile(target.string());
+  if (!target.has_extension()) target += ".xml";
+  RefuseSpecialFile(target.string());
+  return {target.parent_path(), target.filename().string()};
+}
+
+bool ExportComponent(Library const& library, Options const& o, char const* target) {
+  zel::LibMaint& maint = library.Maint();
+  BankName const bank = library.ComponentBank(o.bank);
+  char const* const name = bank.name.c_str();
+  PureComponent component;
+  zel::Handle<zel::Key> const key = KeyIn(library, *component.Def(), {o.component});
+  if (!maint.ReadItem(component.Def(), name, key.get())) {
+    throw Failure(o.path + ": bank " + ToText(bank) + " has no component " + o.component +
+                  WhyNotFound(library, *component.Def(), {o.component}));
+  }
+  Component const word = ParseComponent(o.component);
+  if (std::string const* const id = std::get_if<std::string>(&word)) {
+    return maint.ExportComponentById(name, id->c_str(), target, o.banner);
+  }
+  return maint.ExportComponentByNumber(name, component.ReadIdentity().number, target, o.banner);
+}
+
+// Correlations whose equations documents have no form for, in one bank or in all.
+std::int64_t LeftOut(Library const& library, Options const& o) {
+  std::int64_t count = 0;
+  PureComponent component;
+  for (BankName const& bank : library.Banks(kPureType)) {
+    if (!o.bank.empty() && ToText(library.Bank(o.bank)) != ToText(bank)) continue;
+    std::int32_t words[10] = {};
+    library.Walk(bank, [&] {
+      library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+      while (library.Maint().NextItem(words, component.Def())) {
+        for (auto const& row : Correlations()) {
+          Curve const curve = component.ReadCurve(IndexOf(row));
+          if (curve.present && !curve.given) ++count;
+        }
+      }
+    });
+    library.Maint().EndItemWalk();
+  }
+  return count;
+}
+
+// The banks that the documents are to hold whole; none for a single component.
+std::vector<BankName> ExportedBanks(Library const& library, Options const& o) {
+  if (!o.component.empty()) return {};
+  return o.bank.empty() ? library.Banks() : std::vector<BankName>{library.Bank(o.bank)};
+}
+
+// Files are named after what has no name of its own.
+void CheckNames(Library const& library, Options const& o, ExportTarget const& target) {
+  std::vector<BankName> const banks = ExportedBanks(library, o);
+  if (o.bank.empty() || target.name.empty()) CheckDocumentNames(library, banks);
+  if (o.componentFiles) CheckComponentNames(library, banks);
+  if (!o.component.empty() && target.name.empty()) {
+    CheckDocumentNames(library, {library.ComponentBank(o.bank)});
+    if (o.component.find('/') != std::string::npos) {
+      throw Failure("a document cannot be named after component " + o.component +
+                    "; name it with -o FILE.xml");
+    }
+  }
+}
+
+Report Export(Session& session, Options const& o) {
+  zel::InitZelAccess();
+  Library const library = OpenFinished(session, o.path);
+  ExportTarget const target = TargetOf(o);
+  CheckNames(library, o, target);
+  OutputFolder documents(target.folder, o.output.empty() ? o.path : o.output);
+  std::string const path = documents.PathOf(target.name);
+  Waiting const waiting("exporting " + o.path);
+  bool good = false;
+  if (!o.component.empty()) {
+    good = ExportComponent(library, o, path.c_str());
+  } else if (!o.bank.empty()) {
+    BankName const bank = library.Bank(o.bank);
+    good = library.Maint().ExportBank(bank.type.c_str(), bank.name.c_str(), path.c_str(), o.banner,
+                                      o.componentFiles);
+  } else {
+    good = library.Maint().ExportLibrary(path.c_str(), o.banner, o.componentFiles);
+  }
+  if (!good) throw Failure((target.folder / target.name).string() + ": cannot be written");
+  Report findings;
+  ReportUnreadable(session, findings, documents.PathOf(""));
+  ReportMissing(findings, library, ExportedBanks(library, o), documents.PathOf(""), target.name,
+                !o.bank.empty());
+  std::int64_t const leftOut = o.component.empty() ? LeftOut(library, o) : 0;
+  Report report;
+  report.Fact("exported", o.path);
+  report.Fact("documents", documents.MoveInto());
+  report.Fact("to", (target.folder / target.name).string());
+  if (leftOut != 0) {
+    report.Fact("left out", std::to_string(leftOut) +
+                                " correlations with equations above 100, which documents have not");
+  }
+  for (auto const& fact : findings.Facts()) report.Fact(fact.name, fact.value);
+  for (Table const& table : findings.Tables()) report.Add(table);
+  return report;
+}
+
+// The library does not report an index that it could not write: a whole one ends its last line.
+void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty) {
+  std::ifstream file = OpenInput(index);
+  auto const size = file ? fs::file_size(index) : 0;
+  char last = '\n';
+  if (size > 0) file.seekg(-1, std::ios::end).get(last);
+  if (!file || last != '\n' || (size == 0 && !mayBeEmpty)) {
+    throw Failure(target.string() + ": cannot be written whole");
+  }
+}
+
+// Indexes are written beside the library, so it is opened under its name in another folder.
+Report DumpIndexes(Session& session, Options const& o) {
+  FinishChange(o.path);
+  fs::path const path = fs::absolute(o.path);
+  OutputFolder indexes(path.parent_path(), o.path);
+  std::vector<fs::path> links;
+  for (char number = '1'; number <= '9'; ++number) {
+    std::string name = path.filename().string();
+    if (name.empty()) break;
+    name.back() = number;
+    if (!fs::exists(path.parent_path() / name)) continue;
+    links.emplace_back(indexes.PathOf(name));
+    fs::create_symlink(path.parent_path() / name, links.back());
+  }
+  Report report;
+  {
+    Library const library =
+        Library::OpenRead(session, indexes.PathOf(path.filename().string()), o.path);
+    library.Maint().WriteTextDump(&library.File());
+    auto const checked = [&](std::string const& fact, std::string const& ending, bool mayBeEmpty) {
+      fs::path const index = fs::path(path.filename()).replace_extension(ending);
+      fs::path const target = path.parent_path() / index;
+      CheckWritten(indexes.PathOf(index.string()), target, mayBeEmpty);
+      report.Fact(fact, target.string());
+    };
+    checked("written", ".bnk", false);
+    PureComponent const component;
+    for (BankName const& bank : library.Banks(kPureType)) {
+      checked("components of " + bank.name, "." + bank.name + ".cmp",
+              Keys(library, bank, *component.Def()).empty());
+    }
+  }
+  for (fs::path const& link : links) fs::remove(link);
+  indexes.MoveInto();
+  return report;
+}
+
+Report Dump(Session& session, Options const& o) {
+  if (o.bank.empty()) return DumpIndexes(session, o);
+  if (session.form != Form::kText) throw WrongUsage("--tree is text alone");
+  Library const library = OpenFinished(session, o.path);
+  BankName const bank = library.Bank(o.bank);
+  auto* const maint = dynamic_cast<zel::LibMaint_p*>(&library.Maint());
+  library.Walk(bank, [&] {
+    maint->DumpBankTree(bank.type.c_str(), bank.name.c_str(), 0, stdout, -1);
+    // The dump shows a node that it could not enter as an empty one.
+    std::int32_t key[10] = {};
+    maint->BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (maint->NextItemKey(key)) continue;
+  });
+  return {};
+}
+
+}  // namespace
+
+void AddDocumentCommands(CommandLine& line) {
+  auto const o = std::make_shared<Options>();
+  Command reading(line, "import", "Read XML documents into a library, all or nothing",
+                  "zel import nist.lb1 nist.xml --create");
+  reading.Argument("LIBRARY", o->path, "a library file")
+      .Argument("DOCUMENT", o->files, "documents of a library, bank or component")
+      .Option("--bank", o->bank, "the documents are components for this bank", "NAME")
+      .Flag("--create", o->create, "make the library when it is not there")
+      .Flag("--replace", o->replace, "with --bank, components that are there are replaced")
+      .Flag("--lenient", o->lenient, "malformed numbers and lost parts are warnings")
+      .Flag("--strict", o->strict, "texts that cannot be kept as they are are errors")
+      .Flag("--verbose", o->verbose, "line up the types of banks that begin");
+  AddModeOption(reading, o->mode);
+  AddChangeOptions(reading, o->change);
+  reading.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Import(session, *o); });
+  Command writing(line, "export", "Write a library, a bank or a component as XML",
+                  "zel export sample.lb1 -o sample.xml");
+  writing.Argument("LIBRARY", o->path, "a library file")
+      .Option("-o,--output", o->output, "the document (.xml), or a folder; else beside LIBRARY",
+              "FILE")
+      .Option("--bank", o->bank, "only this bank", "BANK")
+      .Option("--component", o->component, "only this component", "COMPONENT")
+      .Flag("--banner", o->banner, "add a block for a maintenance log")
+      .Flag("--component-files", o->componentFiles, "a document for each component");
+  AddStrict(writing);
+  writing.Run(Outputs::kJson, [o](Session& session) { return Export(session, *o); });
+  Command dump(line, "dump", "Write tab-separated indexes, or show a bank's tree",
+               "zel dump perry.lb1");
+  dump.Argument("LIBRARY", o->path, "a library file")
+      .Option("--tree", o->bank, "print the structure of this bank's tree", "BANK");
+  AddStrict(dump);
+  dump.Run(Outputs::kJson, [o](Session& session) { return Dump(session, *o); });
+}
+
+}  // namespace zelhost

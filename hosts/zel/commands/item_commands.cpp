@@ -1,0 +1,207 @@
+// copy, delete
+#include <zelaccess/Key_p.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+#include "change/library_change.h"
+#include "commands/command.h"
+#include "commands/shared_options.h"
+#include "open/fields.h"
+#include "open/item_key.h"
+#include "open/unfinished_change.h"
+#include "output/progress.h"
+#include "words/failure.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string from;
+  std::string path;
+  std::string bank;
+  std::vector<std::string> banks;
+  std::vector<std::string> words;
+  ChangeOptions change;
+  std::string mode;
+  bool replace = false;
+  bool create = false;
+  bool wholeBank = false;
+};
+
+[[noreturn]] void Refuse(Library const& to, BankName const& bank, std::string const& item,
+                         std::string const& why) {
+  throw Failure(to.Path() + ": " + ToText(bank) + ", item " + item + ": " + why);
+}
+
+void MakeBank(Library const& from, Library const& to, BankName const& bank) {
+  char const* const type = bank.type.c_str();
+  char const* const name = bank.name.c_str();
+  if (to.Maint().BankExists(type, name)) {
+    std::int32_t const there = to.Maint().GetBankFormat(type, name);
+    std::int32_t const here = from.Maint().GetBankFormat(type, name);
+    if (there < here) {
+      throw Failure(to.Path() + ": bank " + ToText(bank) + " is of format " +
+                    std::to_string(there) + ", which has no room for all fields of format " +
+                    std::to_string(here));
+    }
+    return;
+  }
+  if (!to.Maint().CreateBank(type, name, from.Maint().GetBankFormat(type, name))) {
+    throw Failure(to.Path() + ": bank " + ToText(bank) + " cannot be made");
+  }
+  char memo[kMemoSize] = {};
+  from.Maint().GetBankMemo(type, name, memo);
+  if (*memo != '\0') to.Maint().SetBankMemo(type, name, memo);
+}
+
+// Why a component is refused, in the words of the library's identity check.
+std::string Reasons(Library const& to, zel::IZelBankDef& item, zel::Key& key) {
+  void* face = nullptr;
+  if (item.QueryInterface(zel::IID_IZelPureComp, &face) != zel::kStatusOk) return "is refused";
+  auto* const component = static_cast<zel::IZelPureComp*>(face);
+  char text[300] = {};
+  to.Maint().CheckComponent(component, &key, text);
+  component->Release();
+  return std::string("is refused: ") + text;
+}
+
+// The item under its stored key, read into `item` first.
+// Gives the number of items that were copied: 1, or 0 for one that cannot be read.
+int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::IZelBankDef& item,
+             std::vector<std::int32_t> const& stored, std::string const& shown, bool replace) {
+  zel::Handle<zel::Key> const key = StoredKey(stored);
+  char const* const name = bank.name.c_str();
+  try {
+    if (!from.Maint().ReadItem(&item, name, key.get())) {
+      Refuse(from, bank, shown, "cannot be read");
+    }
+  } catch (unsigned long const address) {
+    from.TellUnread(ToText(bank) + " " + shown, address);
+    return 0;
+  }
+  if (!replace && to.Maint().ItemExists(&item, name, key.get())) {
+    Refuse(to, bank, shown, "is there already; --replace takes the new one");
+  }
+  if (!to.Maint().WriteItem(&item, name, key.get())) {
+    Refuse(to, bank, shown, Reasons(to, item, *key));
+  }
+  return 1;
+}
+
+std::int64_t CopyBank(Library const& from, Library const& to, BankName const& bank, bool replace) {
+  MakeBank(from, to, bank);
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  KeyWords words(from, *item);
+  std::vector<std::vector<std::int32_t>> keys;
+  from.Walk(bank, [&] { keys = Keys(from, bank, *item); });
+  std::int64_t copied = 0;
+  Progress progress("copying " + ToText(bank), keys.size());
+  for (auto const& stored : keys) {
+    copied += CopyItem(from, to, bank, *item, stored, Joined(words.Of(stored)), replace);
+    progress.Step();
+  }
+  return copied;
+}
+
+std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
+  BankName const bank = from.Bank(o.banks.front());
+  MakeBank(from, to, bank);
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  zel::Handle<zel::Key> const key = KeyIn(from, *item, o.words);
+  if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+    Refuse(from, bank, Joined(o.words), "is not there" + WhyNotFound(from, *item, o.words));
+  }
+  // By numbers and as it is stored: the other library need not know the words.
+  std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
+  return CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords},
+                  Joined(o.words), o.replace);
+}
+
+Report Copy(Session& session, Options const& o) {
+  if (!o.words.empty() && o.banks.size() != 1) {
+    throw WrongUsage("--item needs one --bank");
+  }
+  std::error_code none;
+  if (std::filesystem::equivalent(o.from, o.path, none)) {
+    throw Failure(o.from + ": FROM and TO are one library");
+  }
+  CheckModeFor(o.path, o.mode);
+  Library const from = OpenFinished(session, o.from);
+  zel::InitZelAccess();
+  bool const isNew = o.create && !std::filesystem::exists(o.path);
+  LibraryChange change =
+      isNew ? LibraryChange::New(session, o.path, {zel::libKind11, false, "", ModeOf(o.mode)})
+            : LibraryChange(session, o.path, o.change);
+  Library const& to = change.Open();
+  Report report;
+  Table& table = report.Begin("copied", {{"bank", ""}, {"items", ""}});
+  if (!o.words.empty()) {
+    table.Add(ToText(from.Bank(o.banks.front())), CopyOne(from, to, o));
+  } else {
+    std::vector<BankName> banks = o.banks.empty() ? from.Banks() : std::vector<BankName>();
+    for (std::string const& word : o.banks) banks.push_back(from.Bank(word));
+    // Components first: pairs are about them.
+    std::stable_partition(banks.begin(), banks.end(),
+                          [](BankName const& bank) { return bank.type == "PURECOMP"; });
+    for (BankName const& bank : banks) {
+      table.Add(ToText(bank), CopyBank(from, to, bank, o.replace));
+    }
+  }
+  PutInPlaceAfter(report, std::move(change));
+  return report;
+}
+
+Report Delete(Session& session, Options const& o) {
+  if (o.words.empty() != o.wholeBank) {
+    throw WrongUsage("name an item, or give --whole-bank");
+  }
+  LibraryChange change(session, o.path, o.change);
+  Library const& library = change.Open();
+  BankName const bank = library.Bank(o.bank);
+  char const* const type = bank.type.c_str();
+  char const* const name = bank.name.c_str();
+  if (o.wholeBank) {
+    if (!library.Maint().DeleteBank(type, name)) {
+      throw Failure(o.path + ": bank " + ToText(bank) + " cannot be removed");
+    }
+  } else {
+    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+    zel::Handle<zel::Key> const key = KeyIn(library, *item, o.words);
+    if (!library.Maint().DeleteItem(type, name, key.get())) {
+      Refuse(library, bank, Joined(o.words), "is not there" + WhyNotFound(library, *item, o.words));
+    }
+  }
+  Report report;
+  report.Fact("removed", ToText(bank) + (o.wholeBank ? "" : " " + Joined(o.words)));
+  PutInPlaceAfter(report, std::move(change));
+  return report;
+}
+
+}  // namespace
+
+void AddItemCommands(CommandLine& line) {
+  auto const o = std::make_shared<Options>();
+  Command copy(line, "copy", "Copy banks or one item from a library to another",
+               "zel copy perry.lb1 own.lb1 --bank PERRY --item ETHANOL");
+  copy.Argument("FROM", o->from, "a library file")
+      .Argument("TO", o->path, "the library to change")
+      .Option("--bank", o->banks, "this bank; all banks when not given", "BANK")
+      .Option("--item", o->words, "this item of the bank", "WORD...")
+      .Flag("--replace", o->replace, "items that are there are replaced and no error")
+      .Flag("--create", o->create, "make the library TO when it is not there");
+  AddModeOption(copy, o->mode);
+  AddStrict(copy);
+  AddChangeOptions(copy, o->change);
+  copy.Run(Outputs::kJson, [o](Session& session) { return Copy(session, *o); });
+  Command remove(line, "delete", "Remove an item or a bank", "zel delete own.lb1 PERRY ETHANOL");
+  remove.Argument("LIBRARY", o->path, "the library to change")
+      .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
+      .OptionalArgument("ITEM", o->words, "its components, numbers or text")
+      .Flag("--whole-bank", o->wholeBank, "remove the bank with all items");
+  AddChangeOptions(remove, o->change);
+  remove.Run(Outputs::kJson, [o](Session& session) { return Delete(session, *o); });
+}
+
+}  // namespace zelhost

@@ -1,0 +1,247 @@
+// create, info, memo, set
+#include <zelaccess/Key_p.h>
+#include <zelaccess/Verify.h>
+
+#include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <optional>
+
+#include "commands/command.h"
+#include "commands/shared_options.h"
+#include "files/input_file.h"
+#include "open/library.h"
+#include "open/unfinished_change.h"
+#include "words/failure.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string path;
+  std::string bank;
+  std::optional<std::string> text;
+  std::string file;
+  std::optional<std::string> description;
+  std::optional<std::string> version;
+  std::string newPassword;
+  std::string mode;
+  int kind = zel::libKind11;
+  int level = 1;
+  bool force = false;
+  bool clear = false;
+  bool clearPassword = false;
+  ChangeOptions change;
+};
+
+// Null leaves what is there.
+char const* TextOrNull(std::optional<std::string> const& text) {
+  return text ? text->c_str() : nullptr;
+}
+
+void CheckLength(std::optional<std::string> const& text, std::size_t most, char const* what) {
+  if (!text || text->size() <= most) return;
+  throw Failure(what + (" has " + std::to_string(text->size())) + " characters; " +
+                std::to_string(most) + " can be kept");
+}
+
+// Texts of the header go through a code of printable characters, as those of keys do.
+void CheckCharacters(std::optional<std::string> const& text, char const* what) {
+  constexpr std::size_t kWords = 10;
+  constexpr std::size_t kPiece = 4 * kWords;
+  for (std::size_t at = 0; text && at < text->size(); at += kPiece) {
+    std::string const piece = text->substr(at, kPiece);
+    zel::Handle<zel::Key> const key(zel::Key::NewKey());
+    key->SetKeyText(static_cast<long>(kWords), piece.c_str());
+    char kept[kPiece + 1] = {};
+    zel::GetKeyText(dynamic_cast<zel::Key_p const&>(*key).GetKeyWords(), kWords, kept);
+    for (std::size_t i = 0; i < piece.size(); ++i) {
+      char const there = i < std::strlen(kept) ? kept[i] : ' ';
+      if (there == piece[i]) continue;
+      throw Failure(what + std::string(" has characters that a library cannot keep, from \"") +
+                    text->substr(at + i) + "\" on");
+    }
+  }
+}
+
+void CheckTexts(Options const& o) {
+  CheckCharacters(o.description, "the description");
+  CheckCharacters(o.version, "the version");
+  CheckCharacters(o.newPassword, "the password");
+
+  constexpr std::size_t kDescription = 100;
+  constexpr std::size_t kVersion = 12;
+  CheckLength(o.description, kDescription, "the description");
+  CheckLength(o.version, kVersion, "the version");
+  CheckLength(o.newPassword, kDescription, "the password");
+}
+
+Report Create(Session& session, Options const& o) {
+  CheckTexts(o);
+  if (o.kind < zel::libKind11 || o.kind > zel::libKind13) {
+    throw WrongUsage("a library's kind is 11, 12 or 13");
+  }
+  LibraryChange change = LibraryChange::New(
+      session, o.path,
+      {static_cast<zel::libTypes>(o.kind), o.force, o.change.password, ModeOf(o.mode)});
+  change.Open().File().SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
+  Report report;
+  report.Fact("created", o.path);
+  PutInPlaceAfter(report, std::move(change));
+  return report;
+}
+
+std::string MemoOf(Library const& library) {
+  char memo[kMemoSize] = {};
+  library.File().GetMemo(memo);
+  return memo;
+}
+
+void AddFiles(Report& report, Library const& library) {
+  Table& table = report.Begin(
+      "files",
+      {{"file", ""}, {"block bytes", ""}, {"blocks", ""}, {"free blocks", ""}, {"free runs", ""}});
+  constexpr std::int32_t kFiles = 9;
+  for (std::int32_t file = 1; file <= kFiles; ++file) {
+    zel::ZelFileRoom room;
+    if (!zel::GetFileRoom(&library.File(), file, room)) continue;
+    table.Add(".lb" + std::to_string(file), std::int64_t{room.blockBytes}, room.blocks,
+              room.freeBlocks, std::int64_t{room.freeRuns});
+  }
+}
+
+Report Info(Session& session, Options const& o) {
+  Library const library = OpenFinished(session, o.path);
+  char description[101] = {};
+  char version[13] = {};
+  library.File().GetDescriptionAndVersion(description, version);
+  zel::libTypes type = zel::libKind11;
+  zel::accModes mode = zel::accRead;
+  library.File().GetLibInfo(type, mode);
+  std::int32_t level = 0;
+  char password[101] = {};
+  library.File().GetPassword(level, password);
+  Report report;
+  report.Fact("library", o.path);
+  report.Fact("description", Text(description));
+  report.Fact("version", Text(version));
+  report.Fact("kind", std::int64_t{type});
+  report.Fact("password level", std::int64_t{level});
+  report.Fact("memo", Text(MemoOf(library)));
+  AddFiles(report, library);
+  Table& table = report.Begin("banks", {{"type", ""}, {"name", ""}, {"format", ""}, {"items", ""}});
+  for (BankName const& bank : library.Banks()) {
+    std::int64_t count = 0;
+    std::int32_t key[10];
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItemKey(key)) ++count;
+    library.Maint().EndItemWalk();
+    std::int32_t const format = library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str());
+    table.Add(bank.type, bank.name, std::int64_t{format == 0 ? 1 : format}, count);
+  }
+  return report;
+}
+
+// A file without a line's worth of text is no mistake, one that is no text is.
+std::string FileText(std::string const& path) {
+  std::ifstream file = OpenInput(path);
+  if (!file || std::filesystem::is_directory(path)) throw Failure(path + ": cannot be read");
+  std::string text(std::istreambuf_iterator<char>(file), {});
+  if (text.find('\0') != std::string::npos) throw Failure(path + ": is no text");
+  return text;
+}
+
+Report Memo(Session& session, Options& o) {
+  Report report;
+  int const given = (o.clear ? 1 : 0) + (o.text ? 1 : 0) + (o.file.empty() ? 0 : 1);
+  if (given > 1) throw WrongUsage("--set, --file and --clear exclude each other");
+  bool const changes = given == 1;
+  if (!changes) {
+    Library const library = OpenFinished(session, o.path);
+    if (o.bank.empty()) {
+      report.Fact("memo", Text(MemoOf(library)));
+      return report;
+    }
+    BankName const bank = library.Bank(o.bank);
+    char memo[kMemoSize] = {};
+    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), memo);
+    report.Fact("memo", Text(memo));
+    return report;
+  }
+  std::string const text = o.clear ? "" : o.text ? *o.text : FileText(o.file);
+  if (text.size() >= kMemoSize) {
+    throw Failure("the memo has " + std::to_string(text.size()) + " characters; " +
+                  std::to_string(kMemoSize - 1) + " can be kept");
+  }
+  LibraryChange change(session, o.path, o.change);
+  Library const& library = change.Open();
+  if (o.bank.empty()) {
+    library.File().SetMemo(text.c_str());
+  } else {
+    BankName const bank = library.Bank(o.bank);
+    library.Maint().SetBankMemo(bank.type.c_str(), bank.name.c_str(), text.c_str());
+  }
+  report.Fact("memo", Text(text));
+  PutInPlaceAfter(report, std::move(change));
+  return report;
+}
+
+Report Set(Session& session, Options const& o) {
+  CheckTexts(o);
+  bool const setsPassword = !o.newPassword.empty() || o.clearPassword;
+  if (!o.newPassword.empty() && o.clearPassword) {
+    throw WrongUsage("--new-password and --clear-password exclude each other");
+  }
+  if (!o.description && !o.version && !setsPassword) {
+    throw WrongUsage("nothing to set; see zel set --help");
+  }
+  if (o.level != 1 && o.level != 2) throw WrongUsage("a password has level 1 or 2");
+  LibraryChange change(session, o.path, o.change);
+  zel::LibFile& file = change.Open().File();
+  file.SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
+  if (setsPassword) file.SetPassword(o.clearPassword ? 0 : o.level, o.newPassword.c_str());
+  Report report;
+  report.Fact("changed", o.path);
+  PutInPlaceAfter(report, std::move(change));
+  return report;
+}
+
+}  // namespace
+
+void AddLibraryCommands(CommandLine& line) {
+  auto const o = std::make_shared<Options>();
+  Command create(line, "create", "Make an empty library",
+                 "zel create own.lb1 --description \"Plant data\"");
+  create.Argument("LIBRARY", o->path, "the new file; its name ends in .lb1")
+      .Option("--description", o->description, "up to 100 characters", "TEXT")
+      .Option("--library-version", o->version, "up to 12 characters", "TEXT")
+      .Option("--kind", o->kind, "11, 12 or 13", "N")
+      .Flag("--force", o->force, "replace a library that is there")
+      .Option("--password", o->change.password, "of a protected library that is there", "TEXT");
+  AddModeOption(create, o->mode);
+  create.Run(Outputs::kJson, [o](Session& session) { return Create(session, *o); });
+  Command(line, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
+      .Argument("LIBRARY", o->path, "a library file")
+      .Run(Outputs::kJson, [o](Session& session) { return Info(session, *o); });
+  Command memo(line, "memo", "Show or set the memo of a library or a bank",
+               "zel memo sample.lb1 --bank NRTL --set \"Checked in May\"");
+  memo.Argument("LIBRARY", o->path, "a library file")
+      .Option("--bank", o->bank, "the memo of this bank", "BANK")
+      .Option("--set", o->text, "the new memo, up to 3999 characters", "TEXT")
+      .Option("--file", o->file, "take the new memo from a file", "FILE")
+      .Flag("--clear", o->clear, "empty the memo");
+  AddChangeOptions(memo, o->change);
+  memo.Run(Outputs::kJson, [o](Session& session) { return Memo(session, *o); });
+  Command set(line, "set", "Set description, version or password",
+              "zel set own.lb1 --description \"Plant data, checked\"");
+  set.Argument("LIBRARY", o->path, "a library file")
+      .Option("--description", o->description, "up to 100 characters", "TEXT")
+      .Option("--library-version", o->version, "up to 12 characters", "TEXT")
+      .Option("--new-password", o->newPassword, "ask for this password at every update", "TEXT")
+      .Option("--level", o->level, "of the new password: 1 protects, 2 marks data too", "N")
+      .Flag("--clear-password", o->clearPassword, "ask for no password any more");
+  AddChangeOptions(set, o->change);
+  set.Run(Outputs::kJson, [o](Session& session) { return Set(session, *o); });
+}
+
+}  // namespace zelhost

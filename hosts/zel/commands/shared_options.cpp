@@ -1,0 +1,46 @@
+#include "commands/shared_options.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <filesystem>
+
+#include "words/failure.h"
+
+namespace zelhost {
+
+void AddChangeOptions(Command& command, ChangeOptions& options) {
+  if (char const* const password = std::getenv("ZEL_PASSWORD")) {
+    options.password = password;
+    options.passwordIsGeneral = true;
+  }
+  command.Option("--password", options.password, "of a protected library", "TEXT")
+      .Flag("--in-place", options.inPlace, "no copy: faster, but a failure leaves it half changed");
+}
+
+void AddModeOption(Command& command, std::string& mode) {
+  command.Option("--mode", mode, "of new files, e.g. 0664; else as libraries beside it", "OCTAL");
+}
+
+std::optional<mode_t> ModeOf(std::string const& text) {
+  if (text.empty()) return {};
+  constexpr int kOctal = 8;
+  constexpr mode_t kOwner = 0600;  // without these its own maker could not change the library
+  constexpr mode_t kMost = 0777;
+  mode_t mode = 0;
+  auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), mode, kOctal);
+  if (error != std::errc() || end != text.data() + text.size() || mode > kMost) {
+    throw WrongUsage("--mode is an octal number from 0600 to 0777, not " + text);
+  }
+  if ((mode & kOwner) != kOwner) {
+    throw WrongUsage("--mode " + text + " does not let the owner read and write; 0600 does");
+  }
+  return mode;
+}
+
+void CheckModeFor(std::string const& library, std::string const& mode) {
+  if (!ModeOf(mode) || !std::filesystem::exists(library)) return;
+  throw WrongUsage("--mode is for a new library; " + library +
+                   " exists and keeps its mode, which chmod changes");
+}
+
+}  // namespace zelhost

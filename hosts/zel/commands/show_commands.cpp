@@ -1,0 +1,209 @@
+// show, find
+#include <cmath>
+#include <memory>
+#include <optional>
+
+#include "commands/command.h"
+#include "commands/shared_options.h"
+#include "open/fields.h"
+#include "open/item_key.h"
+#include "open/pure_component.h"
+#include "open/unfinished_change.h"
+#include "output/progress.h"
+#include "words/failure.h"
+#include "words/letters.h"
+#include "words/number_range.h"
+
+namespace zelhost {
+namespace {
+
+struct Options {
+  std::string path;
+  std::string bank;
+  std::vector<std::string> words;
+  bool complete = false;
+  std::string name;
+  std::string id;
+  std::string cas;
+  std::string formula;
+  std::string boiling;
+  std::string weight;
+};
+
+void AddIdentity(PureComponent const& component, Report& report) {
+  Identity const identity = component.ReadIdentity();
+  report.Fact("number", std::int64_t{identity.number});
+  report.Fact("name", Text(identity.name));
+  report.Fact("formula", Text(identity.formula));
+  report.Fact("CAS number", Text(identity.cas));
+  report.Fact("IDs", Texts(identity.ids));
+  report.Fact("SMILES", Text(component.Smiles()));
+  report.Fact("phases", PhasesOf(component));
+}
+
+void AddConstants(PureComponent& component, bool complete, Report& report) {
+  Table& table = report.Begin(
+      "constants", {{"keyword", ""}, {"value", ""}, {"unit", ""}, {"code", ""}, {"from", ""}});
+  for (auto const& row : Constants()) {
+    double const stored = component.Constant(row.index);
+    double const value = complete ? component.Completed(row.index) : stored;
+    if (zel::gen_IsUndefDouble(value)) continue;
+    table.Add(row.keyword, Number(value), Text(row.unit), Code(component.ConstantCode(row.index)),
+              Text(component.ConstantSource(row.index)));
+  }
+}
+
+void AddCurves(PureComponent const& component, Report& report) {
+  Table& table = report.Begin("correlations", {{"name", ""},
+                                               {"equation", ""},
+                                               {"from T", ""},
+                                               {"to T", ""},
+                                               {"T in", ""},
+                                               {"unit", ""},
+                                               {"per", ""},
+                                               {"code", ""}});
+  for (auto const& row : Correlations()) {
+    Curve const curve = component.ReadCurve(IndexOf(row));
+    if (!curve.present) continue;
+    table.Add(row.name, std::int64_t{curve.equation}, Number(curve.tMin), Number(curve.tMax),
+              TemperatureUnit(curve.tempUnit), UnitOf(curve), BasisOf(curve), Code(curve.refCode));
+  }
+  Table& numbers = report.Begin("coefficients", {{"name", ""}, {"C", ""}, {"value", ""}});
+  for (auto const& row : Correlations()) {
+    Curve const curve = component.ReadCurve(IndexOf(row));
+    for (std::size_t i = 0; curve.present && i < curve.coefficients.size(); ++i) {
+      numbers.Add(row.name, static_cast<std::int64_t>(i + 1), Number(curve.coefficients[i]));
+    }
+  }
+}
+
+void AddGroups(PureComponent const& component, Report& report) {
+  std::vector<std::string> const& models = StructureModels();
+  Table& table = report.Begin("groups", {{"model", ""}, {"group", ""}, {"count", ""}});
+  for (std::uint32_t model = 0; model < models.size(); ++model) {
+    std::int32_t count = 0;
+    std::int32_t ids[10] = {};
+    std::int32_t counts[10] = {};
+    if (component->GetRawStructure(model, &count, ids, counts) != zel::kStatusOk) continue;
+    for (std::int32_t i = 0; i < count; ++i) {
+      table.Add(models[model], std::int64_t{ids[i]}, std::int64_t{counts[i]});
+    }
+  }
+}
+
+Report ShowComponent(Library const& library, BankName const& bank, Options const& o) {
+  PureComponent component;
+  zel::Handle<zel::Key> const key = KeyIn(library, *component.Def(), o.words);
+  if (!library.Maint().ReadItem(component.Def(), bank.name.c_str(), key.get())) {
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words) +
+                  WhyNotFound(library, *component.Def(), o.words));
+  }
+  if (o.complete) component.Complete();
+  Report report;
+  AddIdentity(component, report);
+  AddConstants(component, o.complete, report);
+  AddCurves(component, report);
+  AddGroups(component, report);
+  return report;
+}
+
+Report Show(Session& session, Options const& o) {
+  Library const library = OpenFinished(session, o.path);
+  BankName const bank = library.Bank(o.bank);
+  if (bank.type == kPureType) return ShowComponent(library, bank, o);
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  zel::Handle<zel::Key> const key = KeyIn(library, *item, o.words);
+  if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " has no item " + Joined(o.words) +
+                  WhyNotFound(library, *item, o.words));
+  }
+  char source[260] = {};
+  std::uint8_t isProtected = 0;
+  item->GetSource(source, &isProtected);
+  Report report;
+  report.Fact("item", Joined(o.words));
+  report.Fact("from", Text(source));
+  Table& table =
+      report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});
+  for (Field const& field : FieldsOf(*item)) {
+    table.Add(field.name, ValueOf(*item, field), Text(field.unit), Text(field.label));
+  }
+  return report;
+}
+
+bool AnyMatches(std::string const& pattern, std::vector<std::string> const& texts) {
+  if (pattern.empty()) return true;
+  for (std::string const& text : texts) {
+    if (Matches(pattern, text)) return true;
+  }
+  return false;
+}
+
+Report Find(Session& session, Options const& o) {
+  std::optional<Span> const boiling = ParseTemperatureSpan(o.boiling, "a boiling point");
+  std::optional<Span> const weight = ParseSpan(o.weight, "a molecular weight");
+  constexpr std::uint32_t kWeight = 0;
+  constexpr std::uint32_t kBoiling = 8;
+  Library const library = OpenFinished(session, o.path);
+  Report report;
+  Table& table = report.Begin("components", {{"bank", ""},
+                                             {"number", "", true},
+                                             {"id", ""},
+                                             {"cas", ""},
+                                             {"formula", ""},
+                                             {"MW", ""},
+                                             {"NBP", "K"},
+                                             {"name", ""}});
+  std::vector<BankName> banks = library.Banks(kPureType);
+  if (!o.bank.empty()) banks = {library.ComponentBank(o.bank)};
+  Waiting const waiting("searching " + o.path);
+  PureComponent component;
+  for (BankName const& bank : banks) {
+    std::int32_t words[10] = {};
+    library.Walk(bank, [&] {
+      library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+      while (library.Maint().NextItem(words, component.Def())) {
+        Identity const identity = component.ReadIdentity();
+        double const nbp = component.Constant(kBoiling);
+        double const mw = component.Constant(kWeight);
+        bool const fits = AnyMatches(o.name, {identity.name}) && AnyMatches(o.id, identity.ids) &&
+                          AnyMatches(o.cas, {identity.cas}) &&
+                          AnyMatches(o.formula, {identity.formula}) &&
+                          (!boiling || boiling->Has(nbp)) && (!weight || weight->Has(mw));
+        if (!fits) continue;
+        table.Add(bank.name, std::int64_t{identity.number}, Text(identity.FirstId()),
+                  Text(identity.cas), Text(identity.formula), Number(mw), Number(nbp),
+                  Text(identity.name));
+      }
+    });
+  }
+  report.Fact("found", static_cast<std::int64_t>(table.Rows().size()));
+  return report;
+}
+
+}  // namespace
+
+void AddShowCommands(CommandLine& line) {
+  auto const o = std::make_shared<Options>();
+  Command(line, "show", "Show one item whole",
+          "zel show sample.lb1 NRTL ETHANOL WATER --names perry.lb1")
+      .Argument("LIBRARY", o->path, "a library file")
+      .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
+      .Argument("ITEM", o->words, "its components, numbers or text")
+      .Flag("--complete", o->complete, "of a pure component: derive what is missing")
+      .Run(Outputs::kJson, [o](Session& session) { return Show(session, *o); });
+  Command find(line, "find", "Find components by what is known of them",
+               "zel find crc.lb1 --name \"*butan*\" --nbp 250:320");
+  find.Argument("LIBRARY", o->path, "a library file")
+      .Option("--bank", o->bank, "look in this bank only", "BANK")
+      .Option("--name", o->name, "\"*\" stands for any text, \"?\" for one character", "PATTERN")
+      .Option("--id", o->id, "the same for the IDs", "PATTERN")
+      .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")
+      .Option("--formula", o->formula, "the same for the formula", "PATTERN")
+      .Option("--nbp", o->boiling, "normal boiling point, in K without a unit", "MIN:MAX")
+      .Option("--mw", o->weight, "molecular weight; an end may be missing", "MIN:MAX");
+  AddStrict(find);
+  find.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Find(session, *o); });
+}
+
+}  // namespace zelhost

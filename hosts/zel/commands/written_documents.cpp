@@ -1,0 +1,101 @@
+#include "commands/written_documents.h"
+
+#include <zelaccess/Interchange.h>
+
+#include <algorithm>
+
+#include "commands/command.h"
+#include "files/folder.h"
+#include "open/fields.h"
+#include "open/item_key.h"
+#include "open/pure_component.h"
+#include "words/failure.h"
+
+namespace zelhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kSeparator = '/';
+
+bool HasSeparator(std::string const& name) { return name.find(kSeparator) != std::string::npos; }
+
+zel::ZelDocumentContents ContentsOf(fs::path const& document) {
+  zel::ZelDocumentContents contents;
+  zel::ReadDocumentContents(document.c_str(), contents);
+  return contents;
+}
+
+std::size_t ItemsOf(Library const& library, BankName const& bank) {
+  zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
+  return item ? Keys(library, bank, *item).size() : 0;
+}
+
+// Adds findings, with their number as a fact.
+void Tell(Session& session, Report& report, char const* fact, Table const& findings) {
+  if (findings.Empty()) return;
+  report.Fact(fact, static_cast<std::int64_t>(findings.Rows().size()));
+  report.Add(findings);
+  session.exitStatus = 1;
+}
+
+}  // namespace
+
+void CheckDocumentNames(Library const& library, std::vector<BankName> const& banks) {
+  for (BankName const& bank : banks) {
+    if (!HasSeparator(bank.name)) continue;
+    throw Failure(library.Path() + ": bank " + ToText(bank) +
+                  " has \"/\" in its name, which the name of its document cannot have; export the "
+                  "banks one at a time, this one with -o FILE.xml");
+  }
+}
+
+void CheckComponentNames(Library const& library, std::vector<BankName> const& banks) {
+  for (BankName const& bank : banks) {
+    if (bank.type != kPureType) continue;
+    PureComponent component;
+    std::int32_t words[10] = {};
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItem(words, component.Def())) {
+      std::string const id = component.ReadIdentity().FirstId();
+      if (!HasSeparator(id)) continue;
+      throw Failure(library.Path() + ": component " + id + " of bank " + ToText(bank) +
+                    " has \"/\" in its ID, which the name of its document cannot have; export "
+                    "without --component-files");
+    }
+    library.Maint().EndItemWalk();
+  }
+}
+
+void ReportUnreadable(Session& session, Report& report, fs::path const& folder) {
+  Table table("unreadable", {{"document", ""}, {"line", ""}, {"why", ""}});
+  std::vector<fs::path> documents;
+  for (std::string const& name : NamesIn(folder)) documents.push_back(folder / name);
+  std::sort(documents.begin(), documents.end());
+  for (fs::path const& document : documents) {
+    zel::ZelDocumentContents const contents = ContentsOf(document);
+    if (contents.readable) continue;
+    table.Add(document.filename().string(), std::int64_t{contents.line},
+              std::string(contents.reason));
+  }
+  Tell(session, report, "cannot be read back", table);
+}
+
+void ReportMissing(Report& report, Library const& library, std::vector<BankName> const& banks,
+                   fs::path const& folder, fs::path const& name, bool isSingle) {
+  Table table("missing", {{"bank", ""}, {"items", ""}, {"written", ""}});
+  std::string const extension = name.has_extension() ? name.extension().string() : ".xml";
+  for (BankName const& bank : banks) {
+    std::string const usual = "Bank-" + bank.type + "-" + bank.name + extension;
+    fs::path const document = folder / (isSingle && !name.empty() ? name.string() : usual);
+    zel::ZelDocumentContents const contents = ContentsOf(document);
+    if (!contents.readable) continue;
+    // A component stands in the document of its bank, or in one of its own that this one imports.
+    auto const written = contents.items + contents.components + contents.imports;
+    auto const items = static_cast<std::int64_t>(ItemsOf(library, bank));
+    if (written != items) table.Add(ToText(bank), items, written);
+  }
+  Tell(library.InSession(), report, "banks not whole", table);
+}
+
+}  // namespace zelhost

@@ -1,0 +1,59 @@
+// Whether sources of a component are about one substance. Numbers, IDs and CAS numbers are given by
+// whoever made a library, and two libraries can mean different things by one of them.
+#pragma once
+
+#include <zelaccess/Identity.h>
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "output/report.h"
+
+namespace zelhost {
+
+// A component and where it was read.
+struct SourcedIdentity {
+  std::string source;  // "crc.lb1:CRC"
+  zel::ZelIdentity identity;
+};
+// "Water (10000326, WATER, 7732-18-5, H2O)", without what the source does not say.
+std::string ToText(zel::ZelIdentity const& identity);
+
+// What was found under one word of the command line, where it is not all the same.
+struct IdentityConflict {
+  std::string word;
+  std::vector<SourcedIdentity> found;
+  std::size_t one = 0;  // two that contradict each other, by place in `found`
+  std::size_t other = 0;
+};
+// Nothing when no two contradict each other.
+std::optional<IdentityConflict> ConflictIn(std::string const& word,
+                                           std::vector<SourcedIdentity> found);
+// Names both identities.
+std::string ToText(IdentityConflict const& conflict);
+
+// A warning and a table with all that was found.
+void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report);
+
+// Compares every component of several banks with those of the banks before that have its number,
+// one of its IDs or its CAS number.
+class IdentityAcross {
+ public:
+  // `what` is what two components have in common, "the number 10000112 and the ID WATER".
+  using Tell = std::function<void(SourcedIdentity const& one, SourcedIdentity const& other,
+                                  std::string const& what)>;
+
+  explicit IdentityAcross(Tell tell) : tell_(std::move(tell)) {}
+  void Component(SourcedIdentity component);
+
+ private:
+  std::map<std::string, std::vector<std::size_t>> byLabel_;
+  std::vector<SourcedIdentity> seen_;
+  Tell tell_;
+};
+
+}  // namespace zelhost

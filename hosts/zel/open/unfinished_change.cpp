@@ -1,0 +1,116 @@
+#include "open/unfinished_change.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "files/file_copy.h"
+#include "files/file_lock.h"
+#include "words/failure.h"
+
+namespace zelhost {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Each step may have been done by one that was cut off too.
+void MoveBack(ChangePlaces const& change) {
+  for (int number = 2; number <= kMostFiles; ++number) {
+    if (Exists(change.Old(number))) {
+      fs::rename(change.Old(number), change.Place(number));
+    } else if (Exists(change.Added(number)) && !Exists(change.New(number))) {
+      fs::remove(change.Place(number));
+    }
+  }
+  SyncPath(change.Folder());
+  if (Exists(change.Old(1))) MoveToFreePlace(change.Old(1), change.Place(1));
+  SyncPath(change.Folder());
+}
+
+// What a ready folder is, from the files that are in it and in place.
+enum class Found {
+  kLeftOver,  // nothing was moved yet, or all was: only the folder has to go
+  kCutOff,    // the first file is away
+  kTaken,     // the first file was moved away, and somebody has made another one since
+  kLost       // all was moved, and the first file is not there any more
+};
+
+Found Look(ChangePlaces const& change) {
+  bool const isThere = Exists(change.Place(1));
+  bool const isOld = Exists(change.Old(1));
+  bool const isNew = Exists(change.New(1));
+  if (isThere) return isOld && isNew ? Found::kTaken : Found::kLeftOver;
+  if (isNew) return Found::kCutOff;
+  return isOld ? Found::kLost : Found::kLeftOver;
+}
+
+// What a killed command left of its work.
+void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
+  if (!IsOurs(folder, library)) return;
+  try {
+    FolderTurn const turn(folder.parent_path().string(), FolderTurn::Patience::kNone);
+    if (!turn) return;
+    if (Exists(folder / kLockName)) FileLock::Take((folder / kLockName).string(), "");
+    RemoveFolder(folder);
+  } catch (Failure const&) {
+    // Somebody is at work in it.
+  } catch (fs::filesystem_error const& error) {
+    // What cannot be looked at now is tried again by the next command.
+    if (error.code() == std::errc::not_enough_memory) throw;
+  }
+}
+
+}  // namespace
+
+void FinishMoves(std::string const& shownAs, ChangePlaces const& change) {
+  std::string const folder = change.Ready().string();
+  Found found = Found::kLeftOver;
+  OrFail(shownAs, "what a change left cannot be looked at", [&] { found = Look(change); });
+  switch (found) {
+    case Found::kTaken:
+      throw Failure(shownAs + ": another program made it while a change was cut off; the library " +
+                    "before and after the change is in " + folder + ". Move or remove that folder");
+    case Found::kLost: throw Failure(shownAs + ": its first file is lost; see " + folder);
+    case Found::kCutOff:
+      OrFail(shownAs, "what a change that was cut off moved away cannot be put back",
+             [&] { MoveBack(change); });
+      break;
+    case Found::kLeftOver: break;
+  }
+  RemoveFolder(change.Ready());
+}
+
+void FinishChange(std::string const& path) {
+  std::string whole;
+  try {
+    whole = WithoutLinks(path);
+  } catch (fs::filesystem_error const& error) {
+    if (error.code() == std::errc::not_enough_memory || path.empty()) throw;
+    return;  // there is no such folder
+  }
+  ChangePlaces const change(whole);
+  RemoveLeftOver(NewFolder(whole), whole);
+  if (!IsOurs(change.Ready(), whole)) return;
+  std::string const lock = (change.Ready() / kLockName).string();
+  try {
+    // Without a lock it is nearly removed, or came from a copy that left the lock out.
+    if (!Exists(lock)) MakeMark(lock);
+    FileLock const held = FileLock::Take(lock, path);
+    FinishMoves(path, change);
+  } catch (fs::filesystem_error const&) {
+    if (Exists(lock) || Look(change) == Found::kLeftOver) return;
+    throw;
+  } catch (Failure const&) {
+    // Another program may have just finished it, and who may only read needs no more than that the
+    // library is whole.
+    if (!IsOurs(change.Ready(), whole) || Look(change) == Found::kLeftOver) return;
+    throw;
+  }
+}
+
+Library OpenFinished(Session& session, std::string const& path) {
+  FinishChange(path);
+  return Library::OpenRead(session, path);
+}
+
+}  // namespace zelhost

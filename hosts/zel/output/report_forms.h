@@ -1,0 +1,17 @@
+// The forms of a report, each in a source of its own.
+#pragma once
+
+#include <string>
+
+#include "output/report.h"
+
+namespace zelhost {
+
+std::string PrintText(Report const& report);
+std::string PrintJson(Report const& report);
+std::string PrintCsv(Report const& report);
+
+// The name of a column with its unit.
+std::string Head(Column const& column);
+
+}  // namespace zelhost

@@ -1,0 +1,283 @@
+#include "sense/sense_checks.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <iterator>
+
+#include "sense/sense_terms.h"
+
+namespace zelhost {
+namespace {
+
+constexpr std::uint32_t kCurvesWithCode = 17;  // the last one has no place for a code
+constexpr double kGas = 8.314462618;           // kJ/(kg-mol K), CODATA 2018, exact
+
+// One component with the ways to ask it.
+class Checked {
+ public:
+  Checked(PureComponent const& component, std::string const& place, TellSense const& tell)
+      : c_(component), place_(place), tell_(tell) {}
+
+  void Identity();
+  void Temperatures();
+  void Critical();
+  void Acentric();
+  void VaporPressure();
+  void CriticalDensity();
+  void LatentHeat();
+  void SolidRanges();
+  void Curves();
+  void Sources();
+
+ private:
+  void Tell(char const* id, std::string const& text) const { tell_(id, place_, text); }
+  double Of(Constant index) const { return c_.Constant(index); }
+  double At(std::uint32_t curve, double kelvin) const { return InsideAt(c_, curve, kelvin); }
+  void Below(char const* lower, double a, char const* higher, double b, double tolerance) const;
+  void Monotonic(std::uint32_t index, bool rises) const;
+  void Positive(std::uint32_t index) const;
+  void SurfaceTensionAtCritical() const;
+
+  PureComponent const& c_;
+  std::string const& place_;
+  TellSense const& tell_;
+};
+
+void Checked::Identity() {
+  zelhost::Identity const identity = c_.ReadIdentity();
+  if (identity.cas.empty()) Tell("cas", "has no CAS number, or one whose check digit is wrong");
+  double const expected = zel::GetFormulaWeight(identity.formula.c_str());
+  double const stored = Of(kMW);
+  constexpr double kTolerance = 5e-4;
+  if (Has(expected) && Has(stored) && std::abs(stored - expected) > kTolerance * expected) {
+    Tell("formula-weight", "MW is " + Show(stored) + ", where the formula " + identity.formula +
+                               " gives " + Show(expected));
+  }
+}
+
+void Checked::Below(char const* lower, double a, char const* higher, double b,
+                    double tolerance) const {
+  if (Has(a) && Has(b) && a > b * (1 + tolerance)) {
+    Tell("temperatures",
+         std::string(lower) + " " + Show(a) + " is above " + higher + " " + Show(b));
+  }
+}
+
+void Checked::Temperatures() {
+  constexpr double kMeltingTolerance = 0.005;
+  Below("NMP", Of(kNMP), "TTP", Of(kTTP), kMeltingTolerance);
+  Below("NBP", Of(kNBP), "TC", Of(kTC), 0.0);
+  constexpr double kEndTolerance = 1e-3;
+  static constexpr std::uint32_t kLiquid[] = {kVaporPressure,   kLatentHeat,     kLiquidDensity,
+                                              kSurfaceTension,  kLiquidEnthalpy, kLiquidThermal,
+                                              kLiquidViscosity, kLiquidCp};
+  for (auto const& row : Correlations()) {
+    Curve const curve = c_.ReadCurve(IndexOf(row));
+    if (!curve.present || !Has(curve.tMin) || !Has(curve.tMax)) continue;
+    if (curve.tMin >= curve.tMax) {
+      Tell("temperatures", row.name + std::string(" goes from ") + Show(curve.tMin) + " to " +
+                               Show(curve.tMax) + " " + TemperatureUnit(curve.tempUnit));
+    }
+    bool const isLiquid =
+        std::find(std::begin(kLiquid), std::end(kLiquid), IndexOf(row)) != std::end(kLiquid);
+    if (isLiquid) {
+      Below((std::string("the end of ") + row.name).c_str(),
+            Convert(curve.tMax, curve.tempUnit, kKelvin), "TC", Of(kTC), kEndTolerance);
+    }
+  }
+}
+
+void Checked::Critical() {
+  double const stored = Of(kZC);
+  if (Has(Of(kTC)) && Has(Of(kPC)) && Has(Of(kVC)) && Of(kTC) > 0.0) {
+    double const z = Of(kPC) * Of(kVC) / (kGas * Of(kTC));
+    constexpr double kTolerance = 0.02;
+    if (z < 0.15 || z > 0.40) {
+      Tell("critical",
+           "TC, PC and VC give a compressibility factor of " + Show(z) + ", expected 0.15 to 0.40");
+    } else if (Has(stored) && std::abs(stored - z) > kTolerance * z) {
+      Tell("critical", "ZC is " + Show(stored) + ", where TC, PC and VC give " + Show(z));
+    }
+  } else if (Has(stored) && (stored < 0.15 || stored > 0.40)) {
+    Tell("critical", "ZC is " + Show(stored) + ", expected 0.15 to 0.40");
+  }
+}
+
+void Checked::Acentric() {
+  if (!Has(Of(kAcentric)) || !Has(Of(kTC)) || !Has(Of(kPC)) || Of(kPC) <= 0.0) return;
+  double const pressure = At(kVaporPressure, 0.7 * Of(kTC));
+  if (!Has(pressure) || pressure <= 0.0) return;
+  double const expected = -std::log10(pressure / Of(kPC)) - 1.0;
+  constexpr double kTolerance = 0.02;
+  if (std::abs(Of(kAcentric) - expected) > kTolerance) {
+    Tell("acentric", "ACENTRIC is " + Show(Of(kAcentric)) +
+                         ", where the vapor pressure at 0.7 TC gives " + Show(expected));
+  }
+}
+
+void Checked::VaporPressure() {
+  constexpr double kAtBoiling = 0.02;
+  constexpr double kAtCritical = 0.05;
+  double const boiling = At(kVaporPressure, Of(kNBP));
+  if (Has(Of(kNBP)) && Has(boiling) && std::abs(boiling - kAtmosphere) > kAtBoiling * kAtmosphere) {
+    Tell("vapor-pressure", "at NBP " + Show(Of(kNBP)) + " K the vapor pressure is " +
+                               Show(boiling) + " kPa, expected 101.325");
+  }
+  double const critical = At(kVaporPressure, Of(kTC));
+  if (Has(Of(kTC)) && Has(Of(kPC)) && Has(critical) &&
+      std::abs(critical - Of(kPC)) > kAtCritical * Of(kPC)) {
+    Tell("vapor-pressure",
+         "at TC the vapor pressure is " + Show(critical) + " kPa, where PC is " + Show(Of(kPC)));
+  }
+}
+
+void Checked::CriticalDensity() {
+  double const density = At(kLiquidDensity, Of(kTC));
+  constexpr double kTolerance = 0.1;
+  if (!Has(Of(kTC)) || !Has(Of(kVC)) || Of(kVC) <= 0.0 || !Has(density)) return;
+  if (std::abs(density * Of(kVC) - 1.0) > kTolerance) {
+    Tell("critical-density", "at TC the liquid density is " + Show(density) +
+                                 " kg-mol/m3, where VC gives " + Show(1.0 / Of(kVC)));
+  }
+}
+
+void Checked::LatentHeat() {
+  double const stored = Of(kHeatOfVaporization);
+  if (!Has(stored) || !Has(Of(kNBP))) return;
+  double const heat = At(kLatentHeat, Of(kNBP));
+  constexpr double kTolerance = 0.03;
+  if (Has(heat) && std::abs(stored - heat) > kTolerance * std::abs(heat)) {
+    Tell("latent-heat", "HVAPNBP is " + Show(stored) +
+                            " kJ/kg-mol, where the latent heat at NBP is " + Show(heat));
+  }
+}
+
+void Checked::SolidRanges() {
+  constexpr double kTolerance = 0.005;
+  for (std::uint32_t const index : {kSolidEnthalpy, kSolidDensity, kSolidCp}) {
+    Curve const curve = c_.ReadCurve(index);
+    if (!curve.present || !Has(curve.tMax)) continue;
+    Below((std::string("the end of ") + Correlations()[index].name).c_str(),
+          Convert(curve.tMax, curve.tempUnit, kKelvin), "NMP", Of(kNMP), kTolerance);
+  }
+}
+
+// On 20 steps of the record's range, with a little play for rounding.
+void Checked::Monotonic(std::uint32_t index, bool rises) const {
+  Curve const curve = c_.ReadCurve(index);
+  if (!curve.present || !Has(curve.tMin) || !Has(curve.tMax) || curve.tMin >= curve.tMax) return;
+  constexpr int kSteps = 20;
+  constexpr double kPlay = 1e-6;
+  double before = zel::gen_GetUndefDouble();
+  for (int i = 0; i <= kSteps; ++i) {
+    double const t = curve.tMin + (curve.tMax - curve.tMin) * i / kSteps;
+    Point const point = c_.At(index, t);
+    if (!point.there) continue;
+    double const change = rises ? point.value - before : before - point.value;
+    if (Has(before) && change < -kPlay * std::abs(before)) {
+      Tell("monotony", Correlations()[index].name + std::string(rises ? " falls" : " rises") +
+                           " at " + Show(t) + " " + TemperatureUnit(curve.tempUnit));
+      return;
+    }
+    before = point.value;
+  }
+}
+
+void Checked::Positive(std::uint32_t index) const {
+  Curve const curve = c_.ReadCurve(index);
+  if (!curve.present || !Has(curve.tMin) || !Has(curve.tMax)) return;
+  for (double const t : {curve.tMin, (curve.tMin + curve.tMax) / 2, curve.tMax}) {
+    Point const point = c_.At(index, t);
+    if (point.there && !(point.value > 0.0)) {
+      Tell("monotony", Correlations()[index].name + std::string(" is ") + Show(point.value) +
+                           " at " + Show(t) + " " + TemperatureUnit(curve.tempUnit));
+      return;
+    }
+  }
+}
+
+void Checked::SurfaceTensionAtCritical() const {
+  Curve const curve = c_.ReadCurve(kSurfaceTension);
+  if (!curve.present || !Has(curve.tMin) || !Has(Of(kTC))) return;
+  double const cold = At(kSurfaceTension, Convert(curve.tMin, curve.tempUnit, kKelvin));
+  double const critical = At(kSurfaceTension, Of(kTC));
+  constexpr double kNothing = 0.02;
+  if (Has(cold) && Has(critical) && std::abs(critical) > kNothing * std::abs(cold)) {
+    Tell("monotony", "SurfaceTension is " + Show(critical) + " at TC, expected 0");
+  }
+}
+
+void Checked::Curves() {
+  Monotonic(kVaporPressure, true);
+  Monotonic(kVaporViscosity, true);
+  Monotonic(kSurfaceTension, false);
+  SurfaceTensionAtCritical();
+  for (std::uint32_t const index : {kIdealGasCp, kLiquidCp, kSolidCp}) Positive(index);
+}
+
+void Checked::Sources() {
+  std::string without;
+  for (auto const& row : Constants()) {
+    if (Has(c_.Constant(row.index)) && c_.ConstantCode(row.index) == 0) {
+      without += std::string(without.empty() ? "" : " ") + row.keyword;
+    }
+  }
+  for (auto const& row : Correlations()) {
+    Curve const curve = c_.ReadCurve(IndexOf(row));
+    if (curve.present && curve.refCode == 0 && IndexOf(row) < kCurvesWithCode) {
+      without += std::string(without.empty() ? "" : " ") + row.name;
+    }
+  }
+  if (!without.empty()) Tell("source", "no reference code: " + without);
+}
+
+}  // namespace
+
+std::vector<SenseKind> const& SenseKinds() {
+  static std::vector<SenseKind> const kinds = {
+      {"cas", "a component has a CAS number with a right check digit"},
+      {"cas-shared", "no two components have the same CAS number"},
+      {"cas-formula", "components with the same CAS number have the same formula", true},
+      {kIdentity,
+       "what several banks or libraries call by one number, ID or CAS number has one CAS number "
+       "and one formula there",
+       true},
+      {"repeated",
+       "no two components have the same coefficients but for rounding, or both TC and PC; no "
+       "four have the same constant of five digits or more"},
+      {"formula-weight", "MW is that of the formula within 0.05 %"},
+      {"temperatures", "melting, triple and boiling point, critical point and ranges are in order"},
+      {"critical", "TC, PC and VC agree with ZC, which lies within 0.15 to 0.40"},
+      {"acentric", "ACENTRIC agrees with the vapor pressure at 0.7 TC within 0.02"},
+      {"vapor-pressure", "101.325 kPa at NBP within 2 %, PC at TC within 5 %"},
+      {"critical-density", "the liquid density at TC is 1/VC within 10 %"},
+      {"latent-heat", "the latent heat at NBP is HVAPNBP within 3 %"},
+      {"monotony",
+       "vapor pressure and vapor viscosity rise, surface tension falls to 0, heat "
+       "capacities are positive"},
+      {"source", "each constant and correlation has a reference code"},
+      {"pair-twice", "a pair stored in both orders has the same values in both"},
+      {"group-use", "groups have interactions, and components have groups that are there"},
+      {"magnitude", "a constant is the same in two libraries within a factor of 1.5"},
+      {"boiling-point",
+       "the vapor pressure of one library is 101.325 kPa within 5 % at the NBP of another"}};
+  return kinds;
+}
+
+void CheckComponentSense(PureComponent const& component, std::string const& place,
+                         TellSense const& tell) {
+  Checked checked(component, place, tell);
+  checked.Identity();
+  checked.Temperatures();
+  checked.Critical();
+  checked.Acentric();
+  checked.VaporPressure();
+  checked.CriticalDensity();
+  checked.LatentHeat();
+  checked.SolidRanges();
+  checked.Curves();
+  checked.Sources();
+}
+
+}  // namespace zelhost

@@ -1,0 +1,13 @@
+// Letters without regard to case, those of ASCII alone, and patterns.
+#pragma once
+
+#include <string>
+
+namespace zelhost {
+
+std::string UpperCase(std::string text);
+std::string LowerCase(std::string text);
+// "*" matches any text, "?" one character; letters compare without regard to case.
+bool Matches(std::string const& pattern, std::string const& text);
+
+}  // namespace zelhost
