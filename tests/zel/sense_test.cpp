@@ -73,6 +73,15 @@ TEST_F(SenseTest, EachDefectHasItsWarning) {
   Row const rows[] = {
       {"casNum=\"7732-18-5\"", "", "cas", "no CAS number"},
       {"value=\"18.015\"", "value=\"18.03\"", "formula-weight", "the formula H2O gives 18.015"},
+      {"equation=\"1\" tempUnit=\"k\" propUnit=\"kj/kg-k\"",
+       "equation=\"99\" tempUnit=\"k\" propUnit=\"kj/kg-k\"", "equation",
+       "LiquidCp: equation 99 is not known; it cannot be evaluated within its range"},
+      {"equation=\"1\" tempUnit=\"k\" propUnit=\"kj/kg-k\"",
+       "equation=\"16\" tempUnit=\"k\" propUnit=\"kj/kg-k\"", "equation",
+       "LiquidCp: equation 16 takes at least 4 coefficients and the record has 2"},
+      {"equation=\"1\" tempUnit=\"k\" propUnit=\"kj/kg-k\"",
+       "equation=\"5\" tempUnit=\"k\" propUnit=\"kj/kg-k\"", "equation",
+       "LiquidCp: equation 5 takes at least 3 coefficients and the record has 2"},
       {"value=\"273.15\"", "value=\"275\"", "temperatures", "NMP 275 is above TTP 273.16"},
       {"value=\"373.15\"", "value=\"700\"", "temperatures", "NBP 700 is above TC 647.096"},
       {"tMax=\"533.15\"", "tMax=\"200\"", "temperatures", "LiquidCp goes from 273.16 to 200 K"},
@@ -92,6 +101,34 @@ TEST_F(SenseTest, EachDefectHasItsWarning) {
     EXPECT_NE(report_.dump().find(row.text), std::string::npos) << row.text << "\n" << report_;
     EXPECT_NE(What().find("own.lb1: TEST WATER: "), std::string::npos) << What();
   }
+}
+
+// What cannot be evaluated is an error, what gives another number than was meant a warning.
+TEST_F(SenseTest, EquationWithoutAValueIsAnError) {
+  std::string const other = "propUnit=\"kj/kg-k\"";
+  std::string const known = "equation=\"1\" tempUnit=\"k\" " + other;
+  auto const errors = [&](char const* equation) {
+    Ids const ids = Warnings(
+        With(kGood, known, std::string("equation=\"") + equation + "\" tempUnit=\"k\" " + other));
+    EXPECT_EQ(ids, Ids{"equation"}) << report_;
+    return report_["errors"].get<int>();
+  };
+  EXPECT_EQ(errors("99"), 1) << "unknown";
+  EXPECT_EQ(errors("16"), 1) << "no value with two coefficients";
+  EXPECT_EQ(Zel("check own.lb1").status, 1);
+  EXPECT_EQ(Zel("check own.lb1 --silence equation").status, 0);
+  EXPECT_EQ(errors("5"), 0) << "C3 counts as 0";
+  EXPECT_EQ(Zel("check own.lb1").status, 0);
+  // Sound but for its range, which lies above the critical point.
+  Warnings(
+      With(With(kGood,
+                "equation=\"20\" tempUnit=\"k\" propUnit=\"kpa\" tMin=\"273.16\"\n      "
+                "tMax=\"647.096\"",
+                "equation=\"47\" tempUnit=\"k\" propUnit=\"kpa\" tMin=\"700\"\n      tMax=\"800\""),
+           "66.74124 -7258.2 -7.3037 4.1653e-06 2", "-7.8 1.8 -2.7 -1.4"));
+  EXPECT_NE(report_.dump().find("VaporPressure: equation 47 has no value; it cannot be evaluated"),
+            std::string::npos)
+      << report_;
 }
 
 TEST_F(SenseTest, EndOfALiquidCurveAboveTheCriticalPoint) {

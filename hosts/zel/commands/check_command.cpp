@@ -44,12 +44,18 @@ class Collector final : public zel::ZelFindingSink {
     table_.Add(kWords[severity], id, path_ + ": " + place + ": " + text);
   }
   // Of the sense checks.
-  void Sense(char const* id, std::string const& place, std::string const& text) {
+  TellSense SenseTaker() {
+    return TellSense::Take([this](char const* id, std::string const& place, std::string const& text,
+                                  bool isError) { Sense(id, place, text, isError); });
+  }
+  void Sense(char const* id, std::string const& place, std::string const& text,
+             bool isError = false) {
     auto const& kinds = SenseKinds();
     auto const kind = std::find_if(kinds.begin(), kinds.end(),
                                    [&](SenseKind const& one) { return std::string(one.id) == id; });
     bool const isAccepted = acceptIdentity_ && id == std::string(kIdentity);
-    if (kind == kinds.end() || !kind->isError || isAccepted) {
+    isError = isError || (kind != kinds.end() && kind->isError);
+    if (!isError || isAccepted) {
       Found(zel::findingWarning, id, place.c_str(), text.c_str());
     } else if (silent_.count(id) == 0) {
       ++errors_;
@@ -74,9 +80,7 @@ std::string PlaceOf(BankName const& bank, zel::ZelIdentity const& identity) {
 }
 
 void CheckSense(Library const& library, Collector& collector) {
-  TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
-    collector.Sense(id, place, text);
-  };
+  TellSense const tell = collector.SenseTaker();
   for (BankName const& bank : library.Banks(kPureType)) {
     SenseAcross across(tell);
     PureComponent component;
@@ -143,9 +147,7 @@ bool ReadSame(Library const& library, BankName const& bank, zel::ZelIdentity con
 
 // Every component of the first library against the same of the other.
 void CheckAcross(Library const& one, Library const& other, Collector& collector) {
-  TellSense const tell = [&](char const* id, std::string const& place, std::string const& text) {
-    collector.Sense(id, place, text);
-  };
+  TellSense const tell = collector.SenseTaker();
   for (BankName const& bank : one.Banks(kPureType)) {
     PureComponent a;
     PureComponent b;

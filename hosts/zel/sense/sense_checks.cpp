@@ -4,7 +4,9 @@
 #include <cmath>
 #include <cstdio>
 #include <iterator>
+#include <limits>
 
+#include "open/curve_faults.h"
 #include "sense/sense_terms.h"
 
 namespace zelhost {
@@ -20,6 +22,7 @@ class Checked {
       : c_(component), place_(place), tell_(tell) {}
 
   void Identity();
+  void Equations();
   void Temperatures();
   void Critical();
   void Acentric();
@@ -31,12 +34,15 @@ class Checked {
   void Sources();
 
  private:
-  void Tell(char const* id, std::string const& text) const { tell_(id, place_, text); }
+  void Tell(char const* id, std::string const& text, bool isError = false) const {
+    tell_(id, place_, text, isError);
+  }
   double Of(Constant index) const { return c_.Constant(index); }
   double At(std::uint32_t curve, double kelvin) const { return InsideAt(c_, curve, kelvin); }
   void Below(char const* lower, double a, char const* higher, double b, double tolerance) const;
   void Monotonic(std::uint32_t index, bool rises) const;
   void Positive(std::uint32_t index) const;
+  bool HasValue(std::uint32_t index, double temperature) const;
   void SurfaceTensionAtCritical() const;
 
   PureComponent const& c_;
@@ -53,6 +59,38 @@ void Checked::Identity() {
   if (Has(expected) && Has(stored) && std::abs(stored - expected) > kTolerance * expected) {
     Tell("formula-weight", "MW is " + Show(stored) + ", where the formula " + identity.formula +
                                " gives " + Show(expected));
+  }
+}
+
+// A form without a value leaves the number that it was given.
+bool Checked::HasValue(std::uint32_t index, double temperature) const {
+  double value = std::numeric_limits<double>::quiet_NaN();
+  double slope = 0.0;
+  std::int32_t status = 0;
+  zel::ZelStatus const result =
+      c_->EvaluateCorrelation(index, temperature, 1, &value, &slope, nullptr, &status);
+  return result != zel::kStatusFailed && std::isfinite(value);
+}
+
+void Checked::Equations() {
+  for (auto const& row : Correlations()) {
+    Curve const curve = c_.ReadCurve(IndexOf(row));
+    if (!curve.present) continue;
+    // For a record without limits, which is extrapolated nowhere.
+    constexpr double kCold = 200.0;
+    constexpr double kHot = 500.0;
+    double const low = Has(curve.tMin) ? curve.tMin : kCold;
+    double const high = Has(curve.tMax) ? curve.tMax : std::max(kHot, low);
+    // Nothing is inside a range whose ends are exchanged, and Expansion is never evaluated.
+    bool const hasValue = low > high || IndexOf(row) == kExpansion || HasValue(IndexOf(row), low) ||
+                          HasValue(IndexOf(row), high) ||
+                          HasValue(IndexOf(row), low + (high - low) / 2);
+    std::string text = FaultOf(curve);
+    if (text.empty() && hasValue) continue;
+    if (text.empty()) text = "equation " + std::to_string(curve.equation) + " has no value";
+    Tell("equation",
+         row.name + (": " + text) + (hasValue ? "" : "; it cannot be evaluated within its range"),
+         !hasValue);
   }
 }
 
@@ -246,6 +284,9 @@ std::vector<SenseKind> const& SenseKinds() {
       {"repeated",
        "no two components have the same coefficients but for rounding, or both TC and PC; no "
        "four have the same constant of five digits or more"},
+      {"equation",
+       "the equation of a correlation is known, has the coefficients that it needs and a value "
+       "within its range; an error where it has none"},
       {"formula-weight", "MW is that of the formula within 0.05 %"},
       {"temperatures", "melting, triple and boiling point, critical point and ranges are in order"},
       {"critical", "TC, PC and VC agree with ZC, which lies within 0.15 to 0.40"},
@@ -269,6 +310,7 @@ void CheckComponentSense(PureComponent const& component, std::string const& plac
                          TellSense const& tell) {
   Checked checked(component, place, tell);
   checked.Identity();
+  checked.Equations();
   checked.Temperatures();
   checked.Critical();
   checked.Acentric();

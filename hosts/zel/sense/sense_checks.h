@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "open/library.h"
@@ -11,9 +12,22 @@
 
 namespace zelhost {
 
-// A finding: which check, where, and what is wrong with which value.
-using TellSense =
-    std::function<void(char const* id, std::string const& place, std::string const& text)>;
+// Takes a finding: which check, where, and what is wrong with which value. An error is more than
+// the warning that its kind gives otherwise.
+class TellSense {
+ public:
+  using Take = std::function<void(char const* id, std::string const& place, std::string const& text,
+                                  bool isError)>;
+
+  TellSense(Take take) : take_(std::move(take)) {}  // NOLINT(google-explicit-constructor): a lambda
+  void operator()(char const* id, std::string const& place, std::string const& text,
+                  bool isError = false) const {
+    take_(id, place, text, isError);
+  }
+
+ private:
+  Take take_;
+};
 
 // A kind of check, for the documents and for --silence.
 struct SenseKind {

@@ -33,6 +33,7 @@ enum CurveIndex : std::uint32_t {
   kLiquidViscosity = 7,
   kVaporViscosity = 8,
   kSurfaceTension = 9,
+  kExpansion = 10,
   kSolidEnthalpy = 11,
   kSolidDensity = 12,
   kIdealGasCp = 13,
