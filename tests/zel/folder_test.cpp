@@ -1,5 +1,5 @@
 // What is in a folder, and its removal.
-#include "hosts/zel/files/folder.h"
+#include "files/folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

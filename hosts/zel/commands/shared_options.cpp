@@ -43,4 +43,17 @@ void CheckModeFor(std::string const& library, std::string const& mode) {
                    " exists and keeps its mode, which chmod changes");
 }
 
+void AddSourceOptions(Command& command, SourceOptions& options) {
+  command
+      .Required("-l,--lib", options.libraries, "LIBRARY[:BANK]; once for each, the preferred first",
+                "SOURCE")
+      .Flag("--accept-identity", options.acceptIdentity,
+            "merge sources that mean different substances");
+}
+
+void AddStrict(Command& command) {
+  command.Flag("--strict", command.InSession().isStrict,
+               "stop at the first item that cannot be read");
+}
+
 }  // namespace zelhost
