@@ -11,7 +11,7 @@ namespace {
 constexpr std::int32_t kLeastCapacity = 3;
 constexpr std::int32_t kNodeBaseOffset = 2'000'000;
 
-// A decimal digit of the digit word, which is never negative but in a damaged record.
+// A decimal digit of the digit word, which is negative only in a damaged record.
 std::int32_t DigitOf(std::int32_t word, std::uint32_t divisor) noexcept {
   auto const bits = static_cast<std::uint32_t>(word);
   std::uint32_t const magnitude = word < 0 ? 0U - bits : bits;

@@ -10,11 +10,11 @@
 
 namespace zel {
 
-// Packs 4n characters of `text` into n coded words: what does not fit is dropped, the rest padded
-// with blanks, and every character outside the table becomes a blank.
+// Packs 4n characters of `text` into n coded words: excess characters are dropped, missing ones are
+// padded with blanks, and every character outside the table becomes a blank.
 void TextToWords(std::string_view text, std::int32_t* words, int n) noexcept;
 
-// Unpacks n words of either shape into `text` (4n + 1 characters) and cuts trailing blanks.
+// Unpacks n words of either shape into `text` (4n + 1 characters) and removes trailing blanks.
 void WordsToText(std::int32_t const* words, int n, char* text) noexcept;
 
 // Packs like TextToWords, but in the raw shape, which keeps characters outside the table.
