@@ -100,7 +100,7 @@ class FillIn {
     CopyText(text, c_.consistencyText.data(), c_.consistencyText.size());
   }
 
-  // The later steps see these and not what earlier steps add to them.
+  // The later steps use these values, not those that earlier steps add.
   void TakeWorkingValues() {
     mw_ = c_.completed[propertyMW];
     tc_ = c_.completed[propertyTC];
@@ -185,7 +185,7 @@ class FillIn {
     }
   }
 
-  // The value of a correlation at a temperature; false when it cannot be evaluated. The value is on
+  // The value of a correlation at a temperature; false when it cannot be evaluated. The value is in
   // the units of the correlation as stored: nothing is converted.
   bool Evaluate(std::uint32_t index, double temperature, double& value) {
     double derivative = 0.0;

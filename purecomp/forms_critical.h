@@ -53,7 +53,7 @@ typename S::Result Eq30(S const& s) {
   return s.c(1) * Pow(tau, s.c(2)) * (1.0 + s.c(3) * tau);
 }
 
-// C1 plus Ci times tau to the i-th exponent, from the second coefficient on, up to CN.
+// C1 plus the sum of Ci tau^e over i = 2..N, e being the exponents in order.
 template <typename S, typename X, std::size_t Count>
 typename S::Value TauSum(S const& s, X const& tau, double const (&exponents)[Count]) {
   typename S::Value sum(s.c(1));
@@ -104,7 +104,7 @@ typename S::Result Eq36(S const& s) {
   return kGasConstant * s.Tc() * sum;
 }
 
-// The first derivative takes dz/dT as -1/Tc, whatever C7 is; stored data depend on it.
+// The first derivative uses -1/Tc for dz/dT, whatever C7 is; stored data depend on it.
 template <typename S>
 typename S::Result Eq39(S const& s) {
   auto const r = s.tau() / (1.0 - s.c(2) / s.Tc());

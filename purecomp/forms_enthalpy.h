@@ -1,4 +1,4 @@
-// Equation forms that integrate a heat capacity, or come from one.
+// Equation forms that integrate a heat capacity, or are derived from one.
 #pragma once
 
 #include <algorithm>
@@ -109,7 +109,7 @@ typename S::Result Eq46(S const& s) {
   return s.c(1) - s.Tc() * sum;
 }
 
-// Beside eq 46 on purpose: the last term uses C6 where that has C5, and b multiplies here.
+// Differs from equation 46 on purpose: the last term has C6 instead of C5, and b multiplies.
 template <typename S>
 typename S::Result Eq49(S const& s) {
   auto const tau = s.tau();

@@ -7,7 +7,8 @@
 
 namespace zel::forms {
 
-// A term in ln T of eq 21 and 51 counts only when its coefficient is above this.
+// The term in ln T of equations 21 and 51 counts only when the absolute value of its coefficient is
+// above this.
 inline constexpr double kNoTerm = 2e-35;
 
 template <typename S>
@@ -61,7 +62,7 @@ typename S::Result Eq28(S const& s) {
   sum = sum + s.c(4) * s.T + s.c(5) * Ln(s.T);
   if (s.N == 6) sum = sum + s.c(6);
   if (s.N == 7) sum = sum + s.c(6) * Pow(s.T, s.c(7));
-  // With eight coefficients and more the last term is dropped; stored data depend on it.
+  // With eight or more coefficients the last term is dropped; stored data depend on it.
   return ExpClamped(s.b * sum);
 }
 
@@ -88,7 +89,7 @@ typename S::Result Eq44(S const& s) {
   return ExpClamped(s.c(1) + factor * s.Polynomial(2, s.N, s.Tr()));
 }
 
-// Wagner form: (Pc - o)/f exp(b (C1 tau + C2 tau^1.5 + C3 u + C4 v)/Tr).
+// Wagner form: (Pc - o)/f expc(b (C1 tau + C2 tau^1.5 + C3 u + C4 v)/Tr).
 template <typename S, typename X>
 typename S::Value Wagner(S const& s, X const& tau, X const& u, X const& v) {
   auto const sum = s.c(1) * tau + s.c(2) * PowOneAndHalf(tau) + s.c(3) * u + s.c(4) * v;

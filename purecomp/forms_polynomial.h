@@ -61,7 +61,7 @@ typename S::Result Eq5(S const& s) {
   return s.c(1) * Pow(s.T, s.c(2)) / (s.c(3) + s.T);
 }
 
-// 1 + Ci/T + Cj/T^2, each term when N reaches its coefficient.
+// 1 + Ci/T + Cj/T^2, each term only if N includes its coefficient.
 template <typename S>
 typename S::Value InverseTerms(S const& s, int i) {
   typename S::Value sum(1.0);
