@@ -1,6 +1,6 @@
 # zel_folder(<name> DEPENDS <lower folders>)
-# One object library per source folder, from the folder's sources.cmake, which lists them. The lower
-# folders are those whose headers its sources may include: tests/layers/check_includes.cmake reads them
+# One object library per source folder, from the folder's sources.cmake, which lists them. Its
+# sources may include only headers of the lower folders: tests/layers/check_includes.cmake reads these
 # from the CMakeLists.txt that calls this.
 
 # The options of all that is built here: its language standard, warnings and sanitizers. The library is

@@ -1,4 +1,19 @@
 // The symbols of equation forms.
+//
+// Above each form are its number, usual name and formula in the notation of docs/equations.md, with
+// which a test compares them. "End" is the value where a form stops before the critical point. The
+// units of the coefficients follow: U is the unit of the value before the final step, K the unit of
+// the temperature.
+//
+//   T        temperature, in the unit of the limits and coefficients
+//   Tc, Tb   critical temperature and normal boiling point, K
+//   Pc       critical pressure, kPa
+//   tau, Tr  1 - T/Tc, T/Tc
+//   R        gas constant, kPa m3/(kg-mol K)
+//   b        1 for natural logarithms, ln 10 for decimal ones
+//   f, o     factor and offset of the final step
+//   Ci, N    coefficient i, number of coefficients in use
+//   ln, exp, expc, ssqrt, cbrt  Ln, Exp, ExpClamped, SignedSqrt, Cbrt of jet.h
 #pragma once
 
 #include <cstddef>

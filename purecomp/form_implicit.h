@@ -104,6 +104,12 @@ V WithDerivatives(V const& L, V const& s, double b, Solution const& solution) {
 
 }  // namespace implicit
 
+// Equation 51: Two sets of coefficients; M = N - 8 of each are in use. L = C1 + C2/(T + C3) + C4 T
+// + C5 T^2 + C6 ln T and y = expc(b L). With M = 7, y solves ln(y)/b = L + y C7/T^2 instead, by
+// Newton's method. The value is (C9 + C10/(C3 + T) - C2 C11/(C3 + T)^2 + C12 T + C13 T^2 + C14 ln T
+// + C15 y/T^2) / (1/y - C7/T^2).
+// Units: those of equation 21 for C1 to C6, Y being the unit of y, C7 K^2/Y; C9 and C14 U/Y, C10
+// and C11 U K/Y, C12 U/(K Y), C13 U/(K^2 Y), C15 U K^2/Y^2.
 template <typename S>
 typename S::Result Eq51(S const& s) {
   using V = typename S::Value;
