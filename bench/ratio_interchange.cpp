@@ -1,5 +1,5 @@
-// Interchange documents: read into a library, beside the parser that reads them into a tree, and
-// written from one, beside the same text through fprintf.
+// Interchange documents: read into a library, compared with the parser that reads them into a tree,
+// and written from one, compared with the same text through fprintf.
 #include <libxml/parser.h>
 
 #include <cstdio>
