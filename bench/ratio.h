@@ -2,7 +2,7 @@
 //
 // A single time says as much about the machine and its other load as about the code. So a
 // comparison consists of rounds: in each the peer runs, then the project, on the same keys, and the
-// round gives one ratio. The median of the round ratios is the result; the quartiles show how far
+// round yields one ratio. The median of the round ratios is the result; the quartiles show how far
 // to trust it. The first round warms caches and is dropped.
 #pragma once
 

@@ -155,7 +155,7 @@ class FillIn {
                                                          ElementSymbol{"N"}, ElementSymbol{"O"},
                                                          ElementSymbol{"S"}};
     std::int32_t found = 0;
-    // A formula that does not parse leaves what was counted up to the failure.
+    // When a formula does not parse, the counts up to the failure remain.
     CountElements(c_.formula.data(), {elements, atoms_, kElementCount}, found);
     constexpr std::string_view kFromFormula = "from chemical formula";
     if (!Defined(c_.fixed[propertyCNUM])) {

@@ -123,7 +123,7 @@ class Parser {
     result_.foundCount = std::max(result_.foundCount, slot + 1);
   }
 
-  // The slot of an equal symbol, else the first empty one, else -1.
+  // The slot of an equal symbol, otherwise the first empty one; -1 when there is neither.
   int SlotFor(ElementSymbol const& symbol) const {
     int const capacity = static_cast<int>(slots_.elements.size());
     for (int i = 0; i < capacity; ++i) {

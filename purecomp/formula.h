@@ -2,8 +2,8 @@
 //
 // Grammar: items, each an element (an upper-case letter and at most one lower-case letter) or a
 // sequence in parentheses, with an optional count; at the end optionally a point, a count and
-// "H2O". Only the first four digits of a count are used. "mixture" and "petro" stand for formulas
-// that are none.
+// "H2O". Only the first four digits of a count are used. "mixture" and "petro", in any case, are
+// accepted in place of a formula.
 #pragma once
 
 #include <array>

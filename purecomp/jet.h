@@ -1,10 +1,9 @@
 // Numbers that carry derivatives, and the guarded functions that every equation form uses.
 //
-// A form is written once, as a template over its number types. With plain doubles it gives a value;
-// with a Jet in the temperature it gives the derivatives with respect to the temperature as well;
-// with a Jet in one coefficient it gives the sensitivity to that coefficient. So a derivative
-// cannot disagree with its form. Where a guard applies, the derivative is that of the guarded
-// function.
+// A form is written once, as a template over its number types. With plain doubles it yields a
+// value; with a Jet in the temperature also the derivatives with respect to the temperature; with a
+// Jet in one coefficient the sensitivity to that coefficient. So a derivative cannot disagree with
+// its form. Where a guard applies, the derivative is that of the guarded function.
 #pragma once
 
 #include <array>

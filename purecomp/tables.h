@@ -73,7 +73,7 @@ inline constexpr PropertyRow kPropertyRows[] = {
 };
 // clang-format on
 
-// What SetCorrelation does with the basis that it is passed.
+// How SetCorrelation treats the basis that it is passed.
 enum class Basis : std::uint8_t { kNone, kAtLeastMolar };
 enum class Extrapolation : std::uint8_t { kLogarithmic, kLinear, kFails };
 

@@ -7,7 +7,7 @@ namespace zel {
 namespace f = format;
 
 namespace {
-// Capacity below 3 makes inner nodes without entries; no tree of a library has it.
+// A capacity below 3 would make inner nodes without entries; no tree of a library has one.
 constexpr std::int32_t kLeastCapacity = 3;
 constexpr std::int32_t kNodeBaseOffset = 2'000'000;
 

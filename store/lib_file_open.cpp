@@ -71,8 +71,8 @@ openErrors LibFile_i::CreateNew(libTypes type) {
   return openOk;
 }
 
-// What the rest relies on: a file count of 1 to 9, a first file whose blocks hold header and table,
-// block sizes that place every block.
+// True when the header has what everything else relies on: a file count of 1 to 9, a first file
+// whose blocks hold header and table, block sizes that place every block.
 bool LibFile_i::HeaderIsGood() const noexcept {
   std::int32_t const files = header_[f::kFileCount];
   bool const hasSecond = files >= 2 && header_[f::kFileState + 2] != 0;

@@ -72,7 +72,7 @@ void TextToRawWords(std::string_view text, std::int32_t* words, int n) noexcept 
 }
 
 void WordsToText(std::int32_t const* words, int n, char* text) noexcept {
-  // Unsigned: raw text whose fourth byte is 128 or more gives a negative word and is raw too.
+  // Unsigned: raw text whose fourth byte is 128 or more yields a negative word and is raw too.
   bool const coded = n > 0 && static_cast<std::uint32_t>(words[0]) <= kLargestCoded;
   char* out = text;
   for (int i = 0; i < n; ++i) {

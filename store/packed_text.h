@@ -1,7 +1,7 @@
 // Packed-word text: 4 characters a word.
 //
-// On file a text field takes one of two shapes. Coded: each character is its index in a table of
-// 100 characters, and a word is ((c0 x 100 + c1) x 100 + c2) x 100 + c3. Raw: the word holds the 4
+// On file a text field has one of two shapes. Coded: each character is its index in a table of 100
+// characters, and a word is ((c0 x 100 + c1) x 100 + c2) x 100 + c3. Raw: the word holds the 4
 // bytes in file order. A first word of at most 99999999 means coded.
 #pragma once
 

@@ -1,8 +1,8 @@
 // The units of unit codes: 50 classes, 1617 positions, by class and position from 10.
 //
-// A unit often has two consecutive positions: programs that share these codes gave it two
-// spellings. Factors have six digits, except those that stored data were made with. A position
-// keeps its unit for ever, since codes are stored.
+// A unit often has two consecutive positions: programs that share these codes have two spellings of
+// it. Factors have six digits, except those that stored data were made with. A position keeps its
+// unit for ever, since codes are stored.
 #pragma once
 
 #include <span>

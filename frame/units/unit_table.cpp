@@ -196,7 +196,7 @@ Error ReadSection(Lines& lines, std::string_view begin, std::string_view end, Ta
   return Error::kEnds;
 }
 
-// All sections of one kind; the first line of each is the name of what it fills.
+// All sections of one kind; the first line of each is the name of the object that it fills.
 template <typename Thing, typename Take>
 Error ReadNamed(Lines& lines, std::string_view begin, std::string_view end, std::size_t most,
                 std::vector<Thing>& things, Take const& take) {

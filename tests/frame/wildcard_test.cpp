@@ -29,7 +29,7 @@ TEST(Wildcard, StarsAndQuestionMarks) {
   }
 }
 
-// By the meaning of the signs, one step of recursion for each.
+// Follows the meaning of the signs, with one step of recursion for each.
 bool Literally(std::string const& name, std::string const& pattern) {
   if (pattern.empty()) return name.empty();
   std::string const rest = pattern.substr(1);

@@ -25,7 +25,7 @@ struct PublishedRecord {
   std::vector<double> coefficients;
 };
 
-// One source as a library in a folder of its own, which goes with the object.
+// One source as a library in its own folder, which is removed with the object.
 class PublishedRecords {
  public:
   static constexpr std::uint32_t kCorrelations = 18;
