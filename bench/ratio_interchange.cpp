@@ -66,7 +66,7 @@ std::uint64_t Import(std::filesystem::path const& folder, std::string const& pat
   return items;
 }
 
-// What fprintf writes: the same items, in memory.
+// The same items in memory, as fprintf writes them.
 struct PlainItem {
   std::int32_t i, j;
   double values[10];

@@ -8,7 +8,7 @@ if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
 endif()
 add_library(ZelAccess ${zel_kind})
 add_library(ZelAccess::ZelAccess ALIAS ZelAccess)
-# The same objects for tests and benchmarks, which also look inside.
+# The same objects for tests and benchmarks, which also use internals.
 add_library(zel_inside STATIC)
 
 foreach(target ZelAccess zel_inside)

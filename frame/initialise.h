@@ -1,4 +1,4 @@
-// What InitZelAccess does when the unit system does not start.
+// The end of the process when the unit system does not start.
 #pragma once
 
 namespace zel {

@@ -17,8 +17,8 @@ enum EquationOrder : std::int32_t {
 
 enum RangeStatus : std::int32_t { kInRange = 0, kAboveRange = 1, kBelowRange = -1 };
 
-// One evaluation. Temperatures are in the unit that the record's limits and coefficients are in:
-// nothing is converted. Limits at or below -1e35 mean none.
+// One evaluation. Temperatures are in the unit of the record's limits and coefficients: nothing is
+// converted. Limits at or below -1e35 mean none.
 struct EquationCall : FormConstants {
   std::int32_t equation = 0;
   std::int32_t coefficientCount = 0;

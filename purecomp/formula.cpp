@@ -158,7 +158,7 @@ class Parser {
   bool sequence_;
   FormulaResult& result_;
   std::size_t at_ = 0;
-  Tallies pending_;                // what the open groups counted so far, the outermost first
+  Tallies pending_;                // counts of the open groups, the outermost first
   std::vector<std::size_t> open_;  // for each open group, where its own tallies begin
   bool sawCarbon_ = false;
   bool sawHydrogen_ = false;

@@ -37,7 +37,7 @@ struct FormulaResult {
 // occurrence has its own slot, except preset ones.
 bool ParseFormulaMerged(std::string_view formula, ElementSlots slots, FormulaResult& result);
 bool ParseFormulaSequence(std::string_view formula, ElementSlots slots, FormulaResult& result);
-// The merged form without hydrate and mark.
+// The merged form, without the hydrate and the mark for carbon and hydrogen.
 bool CountElements(std::string_view formula, ElementSlots slots, std::int32_t& foundCount);
 
 // Puts a formula (21 characters with terminator) into normal order: Hill order when it has carbon

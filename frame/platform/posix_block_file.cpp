@@ -43,7 +43,7 @@ OpenOutcome OutcomeOf(int error) noexcept {
     case ETXTBSY:
     case EAGAIN:                               // a lock that is already held
     case ENXIO:                                // a socket
-    case ENODEV: return OpenOutcome::kDenied;  // a device that is not there
+    case ENODEV: return OpenOutcome::kDenied;  // a missing device
     default: return OpenOutcome::kFailed;
   }
 }

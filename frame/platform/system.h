@@ -37,8 +37,8 @@ std::string WorkingFolder();
 std::string LongPath(std::string const& path);
 
 int ProcessId();
-// Makes a new empty file, for the user alone, whose name begins with `prefix`, in the folder for
-// temporary files; empty on failure.
+// Makes a new empty file, accessible to the user only, whose name begins with `prefix`, in the
+// folder for temporary files; empty on failure.
 std::string MakeTemporaryFile(std::string const& prefix);
 void RemoveFile(std::string const& path);
 

@@ -37,7 +37,7 @@ std::vector<BuiltInClass> const& BuiltInClasses() {
   return classes;
 }
 
-// Their values are differences, so that the zero of a unit does not matter.
+// True for classes of differences, for which the zero of a unit does not matter.
 bool IsDifference(std::string_view name) {
   return SameText(name, "TempDiff") || SameText(name, "PresDiff");
 }

@@ -15,7 +15,7 @@ class UnitBinder {
  public:
   explicit UnitBinder(UnitCatalogue& catalogue) : catalogue_(catalogue) {}
 
-  // Fills all of the catalogue but its table.
+  // Fills the catalogue except its table.
   UnitTableError Bind();
 
  private:

@@ -56,7 +56,7 @@ class UnitCatalogue {
     std::vector<int> rows;
     std::vector<Factor> factors;
     bool isDifference = false;  // addition constants are ignored
-    bool builtIn = false;       // absent if the table lacks what it is made of
+    bool builtIn = false;       // absent if the table lacks a class that it needs
     int same = 0;               // the class that it is by definition, or itself
     enum class State { kOpen, kBinding, kBound, kAbsent } state = State::kOpen;
   };

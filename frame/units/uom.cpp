@@ -24,7 +24,7 @@ struct uom_Unit {
 
 namespace {
 
-// What uom_Init2 loaded. A handle keeps the catalogue that it was made from.
+// The catalogue that uom_Init2 loaded. A handle keeps the catalogue that it was made from.
 using SharedCatalogue = std::shared_ptr<UnitCatalogue const>;
 std::mutex loading;
 SharedCatalogue loaded;

@@ -1,4 +1,5 @@
-// Conversions of the real unit table against numbers computed from the definitions of the units.
+// Conversions of the real unit table compared with numbers computed from the definitions of the
+// units.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -40,7 +40,7 @@ bool Literally(std::string const& name, std::string const& pattern) {
   return one && Literally(name.substr(1), rest);
 }
 
-// All texts of the signs up to a length.
+// Calls `use` with all texts of these signs up to a length.
 void ForAll(std::string const& signs, std::size_t length, std::string text, auto const& use) {
   use(text);
   if (text.size() == length) return;

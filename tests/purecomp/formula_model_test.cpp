@@ -18,7 +18,7 @@ using test::FormulaCall;
 using test::Normalise;
 using test::Normalised;
 
-// All texts of the signs up to a length.
+// Calls `use` with all texts of these signs up to a length.
 void ForAll(std::string const& signs, std::size_t length, std::string const& text,
             auto const& use) {
   use(text);

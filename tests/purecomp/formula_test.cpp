@@ -141,7 +141,7 @@ TEST(Formula, ElementsWithoutASlotAreDropped) {
   EXPECT_TRUE(CountElements("C2H5Br", work.slots, found));
   EXPECT_EQ(work.counts, (std::vector<std::int32_t>{2, 5, 0, 0, 0}));
   EXPECT_EQ(found, 5);
-  // An unknown symbol is only seen in a slot.
+  // An unknown symbol is detected only if it has a slot.
   EXPECT_TRUE(CountElements("C2H5Xx7S", work.slots, found));
   EXPECT_EQ(work.counts, (std::vector<std::int32_t>{2, 5, 0, 0, 1}));
 

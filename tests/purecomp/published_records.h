@@ -53,7 +53,7 @@ class PublishedRecords {
     std::filesystem::remove_all(folder_, ignored);
   }
 
-  // The component that a record handed out belongs to.
+  // The component of the record that was passed to `use`.
   IZelPureComp& Component() { return *component_.operator->(); }
 
   // Calls `use` with every correlation of every component.

@@ -33,7 +33,7 @@ class RealRecords : public ::testing::TestWithParam<char const*> {
 bool IsDefined(double x) { return !gen_IsUndefDouble(x); }
 
 // At the ends of the range, the critical point, the temperatures among the coefficients, and one
-// rounding step next to them.
+// rounding step away from each.
 TEST_P(RealRecords, GiveNumbersWhereTheyEnd) {
   records_.Each([&](PublishedRecord const& record) {
     std::vector<double> ends = {record.tMin, record.tMax, record.Tc};

@@ -141,7 +141,7 @@ class Reader {
     bool const whole = Guarded([&] {
       LibMaint_i maint(&library_);
       Held<IZelBankDef> const bank(NewBank(type));
-      if (!bank) return;  // a type that damage made up
+      if (!bank) return;  // a type that exists only through damage
       char memo[4000];
       maint.GetBankMemo(type, name, memo);
       std::int32_t const format = std::max(1, maint.GetBankFormat(type, name));
