@@ -299,7 +299,7 @@ ZelStatus BankBase_i::SetSource(LibFile* library, char const* bankName, std::uin
 
 ZelStatus BankBase_i::SetSourceList(std::int32_t count, std::uint8_t const* found,
                                     std::uint8_t const* isProtected) {
-  // The new flags first: where memory is short the old ones and their number stay.
+  // The new flags are allocated first: if memory is short, the old ones and their number remain.
   std::int32_t const size = std::max(count, 0);
   if (size > 0 && (found == nullptr || isProtected == nullptr)) return kStatusFailed;
   auto flags = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(size));

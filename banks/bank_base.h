@@ -1,8 +1,9 @@
-// BankBase_i: what all banks share - fields by name, the data block, the source of an item.
+// BankBase_i: the part that all banks share - fields by name, the data block, the source of an
+// item.
 //
-// A bank holds one item and knows nothing of files. The values of its fields stand in three arrays
-// of the bank's class, one per type; its field table says where, and how they lie in the data
-// block. `Clear`, `ReadBlock` and `WriteBlock` allocate nothing.
+// A bank holds one item and does not deal with files. The values of its fields are in three arrays
+// of the bank's class, one per type; its field table says where in these arrays, and where in the
+// data block. `Clear`, `ReadBlock` and `WriteBlock` allocate nothing.
 #pragma once
 
 #include <cstdint>
@@ -72,25 +73,25 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   ZelStatus SelfTest() override { return kStatusNotImplemented; }
 
  protected:
-  // `fields` lives as long as the module, `values` as long as the bank. Nothing is cleared yet: the
-  // class's constructor ends with Clear.
+  // `fields` must live as long as the module, `values` as long as the bank. Does not clear the
+  // values: the constructor of the bank's class ends with Clear.
   BankBase_i(BankType const& type, FieldTable const& fields, FieldValues values) noexcept;
   virtual ~BankBase_i() = default;
 
-  // The four faces that all banks have; `own` is the face of the type's interface.
+  // Finds one of the four faces that all banks have; `own` is the face of the type's interface.
   ZelStatus QueryFaces(ZelIid const& id, void** face, ZelIid const& ownId, void* own);
 
   // The typed operations: `outs` and `ins` are the addresses of the arguments' elements, in the
   // order of `arguments`.
   //
-  // A null output is not wanted and is skipped; where every output is null the operation fails. A
-  // null input text is empty. Where an input array is null and elements of it would be used,
-  // nothing is taken and the operation fails.
+  // A null output is skipped; if every output is null the operation fails. A null input text counts
+  // as empty. If an input array is null and elements of it would be used, nothing is stored and the
+  // operation fails.
   ZelStatus GiveData(Arguments const& arguments, std::initializer_list<void*> outs) const;
   ZelStatus GiveDefaulted(Arguments const& arguments, std::initializer_list<void*> outs) const;
   ZelStatus TakeData(Arguments const& arguments, std::initializer_list<void const*> ins);
 
-  // The elements of a field, for types that code words by hand.
+  // The elements of a field, for types that encode words themselves.
   double* Reals(Field const& field) const noexcept { return values_.reals + field.firstValue; }
   std::int32_t* Integers(Field const& field) const noexcept {
     return values_.integers + field.firstValue;

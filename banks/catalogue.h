@@ -1,4 +1,4 @@
-// The catalogue of bank types: what distinguishes each, and what makes its banks.
+// The catalogue of bank types: what distinguishes each type, and the factory of its banks.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ enum KeyKind : std::int32_t { kComponentKeys = 0, kNumericKey = 1, kCharacterKey
 enum PairRule : std::int32_t {
   kNotSorted = 0,
   kSymmetric = 1,   // sorted; (j, i) finds the same item and no field changes
-  kAsymmetric = 2,  // sorted; SwapPair turns the item round when the sort swapped the parts
+  kAsymmetric = 2,  // sorted; SwapPair reverses the item when the sort swapped the parts
   kOrdered = 3      // as given; (i, j) and (j, i) are two items
 };
 
@@ -26,16 +26,16 @@ struct BankType {
   std::int32_t minKeyWords;
   PairRule pairRule;
   std::int32_t fileResident;
-  std::uint8_t listed;  // kept and reported; nothing here reads it
+  std::uint8_t listed;  // stored and reported; not used here
   IZelBankDef* (*factory)();
   std::string_view references[2] = {};  // types that the bank refers to by bank name
 };
 
-// Null for a keyword that no type has; case does not matter.
+// Null for an unknown keyword; case is ignored.
 BankType const* FindBankType(std::string_view keyword) noexcept;
 
-// A bank of the type; null only for a keyword that no type has, where NewBank gives null for lack
-// of memory too. Throws std::bad_alloc.
+// Makes a bank of the type; null only for an unknown keyword, whereas NewBank returns null also
+// when memory is short. Throws std::bad_alloc.
 IZelBankDef* NewKnownBank(char const* keyword);
 
 }  // namespace zel

@@ -1,4 +1,4 @@
-// Banks of one component whose fields lie interleaved in the block: alpha coefficients, and curves
+// Banks of one component whose fields are interleaved in the block: alpha coefficients, and curves
 // of an interaction parameter against molecular weight.
 #include "banks/field_bank.h"
 
@@ -21,7 +21,7 @@ constexpr FieldTable kAlphaFields({
 });
 constexpr Arguments kAlphaArguments(kAlphaFields, {"eos", "form", "deviation", "coef", "refCode"});
 
-// eos x 100 + form; an undefined one of the two counts as 0 and comes back as 0 from the file.
+// eos x 100 + form; if only one of the two is undefined, it counts as 0 and is read back as 0.
 constexpr std::int32_t kEosFactor = 100;
 
 std::int32_t PackedNumber(std::int32_t eos, std::int32_t form) {
@@ -68,7 +68,7 @@ class Alpha_i final : public FieldBank<IZelAlpha, kAlphaFields, kAlphaArguments>
 
 // --- MWPR, MWSRK ---------------------------------------------------------------------------------
 
-// The block: "count", then twelve pairs of "mw" and "kij", all of them whatever "count" says.
+// The block: "count", then twelve pairs of "mw" and "kij", all twelve whatever "count" is.
 constexpr FieldTable kCurveFields({
     // name, label, type, count, unit, block offset, format, rule
     {"count", "count", kInteger, 1, "", 0, 1},

@@ -1,5 +1,5 @@
-// What the bank classes are made of. A bank type is a field table and the argument lists of its
-// typed operations; FieldBank or SetBank makes the class from these and the type's interface:
+// The building blocks of the bank classes. A bank type is a field table and the argument lists of
+// its typed operations; FieldBank or SetBank makes the class from these and the type's interface:
 //
 //   constexpr FieldTable kLkpFields({
 //       {"kij", "kij", kReal, 1, "", 0, 1},
@@ -10,7 +10,7 @@
 //
 //   IZelBankDef* NewLkp() { return MakeBank<Lkp_i>("LKP", IID_IZelLkp); }
 //
-// The types of the operations' parameters are compared with the fields when this is compiled.
+// The types of the operations' parameters are compared with the fields at compile time.
 #pragma once
 
 #include <array>
@@ -27,7 +27,7 @@ namespace zel {
 
 // --- the body ------------------------------------------------------------------------------------
 
-// One body with the faces that all banks have and that of the type's interface.
+// One object with the faces that all banks have and the face of the type's interface.
 template <typename Interface>
 class BankWithFace : public BankBase_i, public Interface {
  public:
@@ -54,7 +54,7 @@ struct FieldStorage {
   std::array<char, kFields.Characters()> characters{};
 };
 
-// The storage is made before the bank that refers to it.
+// The storage is constructed before the bank that refers to it.
 template <typename Interface, FieldTable const& kFields>
 class BankWithFields : private FieldStorage<kFields>, public BankWithFace<Interface> {
  protected:
@@ -68,8 +68,8 @@ class BankWithFields : private FieldStorage<kFields>, public BankWithFace<Interf
 
 // --- parameters of typed operations --------------------------------------------------------------
 
-// Whether a parameter of type T can stand for the field: a pointer to its elements or, on the way
-// in, the value of a field of one element.
+// True if a parameter of type T matches the field: a pointer to its elements or, for an input, the
+// value of a field with one element.
 template <typename T>
 constexpr bool Stands(Field const& field) {
   using Element = std::remove_cv_t<std::remove_pointer_t<T>>;
@@ -173,7 +173,7 @@ class FieldBank : public DataBank<Interface, kFields, kArguments> {
   FieldBank(BankType const& type, ZelIid const& ownId)
       : DataBank<Interface, kFields, kArguments>(type, ownId) {}
 };
-// One that has GetDataDefaulted too.
+// One whose interface also has GetDataDefaulted.
 template <typename Interface, FieldTable const& kFields, Arguments const& kArguments>
 requires requires { &Interface::GetDataDefaulted; }
 class FieldBank<Interface, kFields, kArguments>

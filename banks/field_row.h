@@ -12,25 +12,26 @@ enum FieldType : std::int32_t { kInteger = 0, kReal = 1, kText = 2, kEnumerated 
 
 inline constexpr std::int32_t kWordBytes = 4;
 
-// Where a field's elements lie in the data block. A plain offset, in bytes from the start of the
-// block, puts them side by side.
+// Where a field's elements are in the data block. A plain offset, in bytes from the start of the
+// block, means that they are contiguous.
 struct BlockPlace {
   constexpr BlockPlace(std::int32_t at) : offset(at) {}
 
   std::int32_t offset;
-  std::int32_t run = 0;      // elements that lie side by side, 0 for all of them
+  std::int32_t run = 0;      // contiguous elements, 0 for all of them
   std::int32_t step = 0;     // bytes from one run to the next
   bool codedByHand = false;  // the type reads and writes these words itself, see ByHand
 };
 
-// Runs of elements at a fixed distance: element 0 at the offset, element `run` `step` bytes on.
+// Runs of elements at a fixed distance: element 0 at the offset, element `run` is `step` bytes
+// further on.
 constexpr BlockPlace Runs(std::int32_t offset, std::int32_t run, std::int32_t step) {
   BlockPlace place(offset);
   place.run = run;
   place.step = step;
   return place;
 }
-// Words that the type reads and writes itself. They count for the length of the block.
+// Words that the type reads and writes itself. They count towards the length of the block.
 constexpr BlockPlace ByHand(BlockPlace place) {
   place.codedByHand = true;
   return place;
@@ -45,22 +46,22 @@ struct Enumeration {
   std::span<EnumEntry const> entries;
   std::int32_t defaultIndex;
 
-  // What Clear gives the field.
+  // The value that Clear sets.
   constexpr std::int32_t Default() const {
     return entries[static_cast<std::size_t>(defaultIndex)].value;
   }
 };
 
-// What becomes of a field when an item of an asymmetric pair is turned round.
+// What happens to a field when an item of an asymmetric pair is swapped.
 enum class Turn : std::uint8_t { kStays, kExchanged, kNegated, kOneMinus };
 
-// What sets a field apart from others. Each of the constants and functions below makes one.
+// The special properties of a field. Each of the constants and functions below sets one.
 struct FieldRule {
-  bool isBound = false;    // a bound of the range: GetDataDefaulted passes it as it stands
-  double byDefault = 0.0;  // what GetDataDefaulted gives for an undefined element
+  bool isBound = false;    // a bound of the range: GetDataDefaulted returns it unchanged
+  double byDefault = 0.0;  // what GetDataDefaulted returns for an undefined element
   Turn turn = Turn::kStays;
   std::string_view exchangedWith = {};  // the other field of the exchange
-  std::string_view countedBy = {};      // the field that tells how many elements are in use
+  std::string_view countedBy = {};      // the field that says how many elements are in use
   Enumeration const* enumeration = nullptr;
 };
 
@@ -68,11 +69,11 @@ inline constexpr FieldRule kBound = {.isBound = true};
 inline constexpr FieldRule kNegated = {.turn = Turn::kNegated};
 inline constexpr FieldRule kOneMinus = {.turn = Turn::kOneMinus};
 constexpr FieldRule DefaultsTo(double value) { return {.byDefault = value}; }
-// Stands in one of the two rows.
+// Belongs in only one of the two rows.
 constexpr FieldRule ExchangedWith(std::string_view other) {
   return {.turn = Turn::kExchanged, .exchangedWith = other};
 }
-// Typed operations give 0 for elements beyond the count, and put 0 there.
+// Typed operations return 0 for elements beyond the count, and store 0 there.
 constexpr FieldRule CountedBy(std::string_view counter) { return {.countedBy = counter}; }
 constexpr FieldRule OneOf(Enumeration const& enumeration) { return {.enumeration = &enumeration}; }
 

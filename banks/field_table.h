@@ -1,9 +1,8 @@
 // The fields of a bank type and what follows from them: the lengths of its records, where the
-// values stand in a bank, and the argument lists of the typed operations.
+// values are in a bank, and the argument lists of the typed operations.
 //
-// Tables are constants: nothing is made at the first use that memory could be short for, and
-// nothing ends before a bank that a host gives back late. A table that is too long or contradicts
-// itself does not compile.
+// Tables are constants: their first use allocates nothing, and they outlive any bank that a host
+// releases late. A table that is too long or contradicts itself does not compile.
 #pragma once
 
 #include <algorithm>
@@ -31,7 +30,7 @@ struct Field {
   std::int32_t format = 0;
   std::size_t firstValue = 0;     // index among a bank's values of this type
   std::int32_t firstWord = 0;     // index in the data block
-  std::int32_t runElements = 0;   // elements that lie side by side there
+  std::int32_t runElements = 0;   // contiguous elements there
   std::int32_t stepWords = 0;     // words from one run to the next
   std::size_t exchanged = kNone;  // the row that the field is exchanged with
   std::size_t counter = kNone;    // the row that counts the elements in use
@@ -53,7 +52,7 @@ struct Field {
 class FieldTable {
  public:
   static constexpr std::int32_t kFormats = 2;   // no type has more
-  static constexpr std::size_t kMostRows = 20;  // callers of GetFieldList have room for so many
+  static constexpr std::size_t kMostRows = 20;  // callers of GetFieldList have room for this many
   static constexpr std::size_t kMostWords = 64;
 
   template <std::size_t N>
@@ -67,7 +66,7 @@ class FieldTable {
     }
     Require(!WordsOverlap(), "two fields share a word of the block");
   }
-  // For a type without fields by name; its block has one format.
+  // For a type without named fields; its block has one format.
   constexpr explicit FieldTable(std::int32_t recordWords) noexcept : formatCount_(1) {
     recordWords_[0] = recordWords;
   }
@@ -81,7 +80,7 @@ class FieldTable {
   constexpr std::int32_t RecordWords(std::int32_t format) const noexcept {
     return recordWords_[static_cast<std::size_t>(format - 1)];
   }
-  // Values that a bank of the type holds.
+  // The number of values that a bank of the type holds.
   constexpr std::size_t Reals() const noexcept { return reals_; }
   constexpr std::size_t Integers() const noexcept { return integers_; }
   constexpr std::size_t Characters() const noexcept { return characters_; }
@@ -97,10 +96,10 @@ class FieldTable {
     }
     return nullptr;
   }
-  // The row with this name, case included, for what is written beside the table.
+  // The row with exactly this name, for names written next to the table.
   constexpr Field const& operator[](std::string_view name) const { return fields_[IndexOf(name)]; }
 
-  // Where the condition does not hold a constant cannot be made.
+  // A constant table for which the condition does not hold does not compile.
   static constexpr void Require(bool holds, char const* rule) {
     if (!holds) throw std::logic_error(rule);
   }
@@ -109,8 +108,8 @@ class FieldTable {
   static constexpr std::size_t kNameLimit = 12;
   static constexpr std::size_t kTextLimit = 19;
 
-  // Appends a row and extends the record of its format to the field's end. Lengths of formats are
-  // kept apart: a later format is as long as the fields added under it reach.
+  // Appends a row and extends the record of its format to the field's end. Each format has its own
+  // length: a later one extends to the end of the fields added under it.
   constexpr void Add(FieldRow const& row) {
     Require(row.name.size() <= kNameLimit && row.unit.size() <= kTextLimit, "a text is too long");
     Require(row.format >= 1 && row.format <= kFormats, "no such format");
@@ -141,7 +140,7 @@ class FieldTable {
     Require(words <= static_cast<std::int32_t>(kMostWords), "the block is too long");
   }
 
-  // Makes room for the elements of a row; the index of the first.
+  // Reserves room for the elements of a row; returns the index of the first.
   constexpr std::size_t TakeValues(FieldRow const& row) {
     std::size_t& values = row.type == kReal ? reals_ : row.type == kText ? characters_ : integers_;
     std::size_t const first = values;

@@ -7,7 +7,7 @@ namespace {
 
 // --- UNIFAC --------------------------------------------------------------------------------------
 
-// Behind the four numbers the arrays alternate, three elements of "Tij", three of "Tji", and so on.
+// After the four numbers the arrays alternate, three elements of "Tij", three of "Tji", and so on.
 constexpr FieldTable kUnifacFields({
     // name, label, type, count, unit, block offset, format, rule
     {"vlij", "vlij", kReal, 1, "", 0, 1, ExchangedWith("vlji")},
@@ -31,7 +31,7 @@ constexpr FieldTable kPpr78Fields({
 constexpr Arguments kPpr78Arguments(kPpr78Fields, {"aij", "bij"});
 
 // The stored numbers are on another scale: 1.5 plus the square root of 2. An undefined value is
-// scaled like any other, and is undefined still.
+// scaled like any other, and stays undefined.
 constexpr double kStoredScale = 2.914213562373095;
 
 class Ppr78_i final : public FieldBank<IZelPpr78, kPpr78Fields, kPpr78Arguments> {

@@ -1,4 +1,4 @@
-// Pair banks of activity-coefficient models but WILSON, and heats of mixing.
+// Pair banks of activity-coefficient models except WILSON, and heats of mixing.
 #include "banks/field_bank.h"
 
 namespace zel {

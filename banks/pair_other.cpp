@@ -32,9 +32,9 @@ constexpr FieldTable kAzeoFields({
 });
 constexpr Arguments kAzeoArguments(kAzeoFields, {"temp", "pres", "x1", "basis"});
 
-// "basis" stands in its word as a float. Reading adds 0.1 and cuts, so that a float slightly too
-// small still gives its integer. What no integer can hold, and the undefined integer, which the sum
-// would move by one, read as undefined.
+// "basis" is stored in its word as a float. Reading adds 0.1 and truncates, so that a float
+// slightly too small still yields its integer. Values that no integer can hold, and the undefined
+// integer, which the sum would change by one, are read as undefined.
 std::int32_t BasisFromWord(std::int32_t word) {
   constexpr double kHighest = 2147483647.0;
   double const value = static_cast<double>(std::bit_cast<float>(word)) + 0.1;

@@ -4,7 +4,7 @@
 namespace zel {
 namespace {
 
-// The numbers of "form" are unit codes; no arithmetic stands on them here.
+// The numbers of "form" are unit codes; no arithmetic here depends on that.
 constexpr EnumEntry kFormEntries[] = {{"K", 1010}, {"KCAL", 24013}, {"KJ", 24011}, {"NODIME", 0}};
 constexpr EnumEntry kEquationEntries[] = {{"EXTWILSON", 1}, {"WILSON", 0}};
 constexpr EnumEntry kVolumeEntries[] = {{"STD25C", 1}, {"RACKETT", 2}, {"NOVOL", 0}};

@@ -1,4 +1,4 @@
-// What the typed operations of all bank types do with their arguments.
+// How the typed operations of all bank types process their arguments.
 #include <algorithm>
 #include <cstddef>
 
@@ -8,7 +8,7 @@
 namespace zel {
 namespace {
 
-// Copies the elements in use and makes the rest 0.
+// Copies the elements in use and sets the rest to 0.
 template <typename Type>
 void CopyUsed(Type const* from, std::int32_t used, std::int32_t count, void* to) {
   auto* elements = static_cast<Type*>(to);
@@ -23,7 +23,7 @@ void DefaultUndefined(Field const& field, void* out) {
 
 }  // namespace
 
-// Elements that the field's counter leaves in use; a stored count can be anything.
+// The number of elements in use according to the field's counter; a stored count can be any number.
 std::int32_t BankBase_i::UsedElements(Field const& field) const noexcept {
   if (field.counter == Field::kNone) return field.count;
   return std::clamp(*Integers(fields_.Rows()[field.counter]), 0, field.count);
@@ -31,7 +31,7 @@ std::int32_t BankBase_i::UsedElements(Field const& field) const noexcept {
 
 ZelStatus BankBase_i::GiveFields(Arguments const& arguments, std::initializer_list<void*> outs,
                                  bool defaulted) const {
-  ZelStatus status = kStatusFailed;  // until something is given
+  ZelStatus status = kStatusFailed;  // until something is returned
   auto out = outs.begin();
   for (Field const* field : arguments.List()) {
     void* to = *out++;
@@ -62,7 +62,7 @@ ZelStatus BankBase_i::GiveDefaulted(Arguments const& arguments,
   return GiveFields(arguments, outs, true);
 }
 
-// An array may be null where the counter among the arguments leaves none of its elements in use.
+// An array may be null if the counter among the arguments leaves none of its elements in use.
 bool BankBase_i::CanTake(Arguments const& arguments,
                          std::initializer_list<void const*> ins) const noexcept {
   auto const fields = arguments.List();
@@ -81,7 +81,7 @@ ZelStatus BankBase_i::TakeData(Arguments const& arguments, std::initializer_list
   auto in = ins.begin();
   for (Field const* field : arguments.List()) {
     void const* from = *in++;
-    std::int32_t const used = UsedElements(*field);  // its counter has been taken before it
+    std::int32_t const used = UsedElements(*field);  // its counter was stored before it
     switch (field->type) {
       case kInteger:
       case kEnumerated:
@@ -99,7 +99,7 @@ ZelStatus BankBase_i::TakeData(Arguments const& arguments, std::initializer_list
   return kStatusOk;
 }
 
-// None of the turns tests for undefined values: they turn like others.
+// No turn tests for undefined values: they are swapped like others.
 ZelStatus BankBase_i::SwapPair() {
   if (type_.pairRule != kAsymmetric) return kStatusNotImplemented;
   for (Field const& field : fields_.Rows()) {

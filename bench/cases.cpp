@@ -1,7 +1,7 @@
 // bench_cases: absolute times of each store by itself, with Google Benchmark.
 //
-// For finding out where time goes and whether a change helps. Statements about the project beside
-// its peers come from bench_ratios, which lets both run in turn.
+// For finding out where time is spent and whether a change helps. To compare the project with its
+// peers use bench_ratios, which runs both in turn.
 #include <benchmark/benchmark.h>
 
 #include <bit>
@@ -68,7 +68,7 @@ void Fill(Store& store, Source const& source) {
   store.Load(source.set.items, true);
 }
 
-// One read a time, of keys in random order.
+// One read per iteration, of keys in random order.
 template <typename Store, typename Read>
 void RunReads(benchmark::State& state, Source const& source, std::vector<Pair> const& keys,
               Read read) {

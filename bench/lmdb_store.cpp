@@ -42,7 +42,7 @@ Pair LmdbStore::PairOf(MDB_val const& key) noexcept {
 
 void LmdbStore::Open(unsigned flags, unsigned transaction) {
   Check(mdb_env_create(&env_));
-  // A reader takes the size that the file has.
+  // A reader uses the size of the file.
   if ((flags & MDB_RDONLY) == 0) Check(mdb_env_set_mapsize(env_, kMapBytes));
   Check(mdb_env_open(env_, path_.c_str(), flags | MDB_NOSUBDIR | MDB_NOTLS, kMode));
   Check(mdb_txn_begin(env_, nullptr, transaction, &transaction_));

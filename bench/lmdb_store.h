@@ -1,7 +1,7 @@
 // The items in an LMDB file: 8-byte key, 56-byte value.
 //
-// The key is the two component numbers, the larger byte first, so that LMDB's own comparison gives
-// the order of the library. Nothing is put on disk (MDB_NOSYNC) and a load writes into the map.
+// The key is the two component numbers, the larger byte first, so that LMDB's own comparison yields
+// the order of the library. Nothing is synced to disk (MDB_NOSYNC) and a load writes into the map.
 #pragma once
 
 #include <lmdb.h>
@@ -19,14 +19,15 @@ class LmdbStore {
  public:
   static constexpr char const* kName = "LMDB";
 
-  // The file comes into being with the first load.
+  // The file is created by the first load.
   explicit LmdbStore(std::filesystem::path const& folder);
   LmdbStore(LmdbStore const&) = delete;
   LmdbStore& operator=(LmdbStore const&) = delete;
   ~LmdbStore() { Close(); }
 
   void RemoveFiles() const;
-  // From no file to a closed one, in one transaction. `ascending` items go in without a search.
+  // From no file to a closed one, in one transaction. `ascending` items are appended without a
+  // search.
   void Load(std::span<Item const> items, bool ascending);
   // Reads share one transaction, which lasts until Close.
   void OpenForReading();
@@ -44,7 +45,7 @@ class LmdbStore {
   std::uint64_t Walk();
   // Keys, order and data as one number.
   std::uint64_t Hash();
-  // From closed to closed, in one transaction. Gives how many were there.
+  // From closed to closed, in one transaction. Returns how many were present.
   std::size_t Delete(std::span<Pair const> keys);
   // From closed to closed.
   std::uint64_t OpenReadClose(Pair key);

@@ -1,4 +1,4 @@
-// The items that all stores under measurement hold, and the keys that they are asked for.
+// The items that all measured stores hold, and the keys that are looked up.
 //
 // An item is a pair of components in the form of an NRTL bank: a key of two component numbers, the
 // smaller first, and 14 words of data. Word 0 is 0, words 1 to 12 are floats, word 13 is an
@@ -35,10 +35,10 @@ struct Item {
 
 struct DataSet {
   std::vector<Item> items;   // in key order
-  std::vector<Pair> absent;  // as many keys, which lie between those of the items
+  std::vector<Pair> absent;  // the same number of keys, between those of the items
 };
 
-// Of all pairs of enough components every other one is there. Values look like published
+// Every other one of all pairs of enough components is present. Values look like published
 // parameters: four to seven significant digits, pressure limits undefined in every other item.
 DataSet MakeDataSet(std::size_t count);
 
@@ -51,8 +51,8 @@ std::vector<T> Shuffled(std::vector<T> values) {
 }
 std::vector<Pair> KeysOf(std::vector<Item> const& items);
 
-// Every store answers a read with the sum over all words of the item, so that none can leave out to
-// touch them; an absent key gives kAbsent, which is the sum of no item.
+// Every store answers a read with the sum over all words of the item, so that none can avoid
+// touching them; an absent key yields kAbsent, which is the sum of no item.
 inline constexpr std::uint64_t kAbsent = 0;
 inline std::uint64_t SumOf(void const* data) noexcept {
   std::array<std::uint64_t, kDataWords / 2> words;
@@ -62,7 +62,7 @@ inline std::uint64_t SumOf(void const* data) noexcept {
   return sum | 1;
 }
 
-// Of an item in its place, for telling whether two stores hold the same in the same order.
+// Hash of an item at its place, to check that two stores hold the same in the same order.
 std::uint64_t HashOf(std::uint64_t before, Pair key, void const* data) noexcept;
 std::uint64_t HashOf(std::vector<Item> const& items) noexcept;
 
@@ -71,7 +71,7 @@ struct Decoded {
   std::array<double, kFloats> values;
   std::int32_t reference;
 };
-// Through text of 7 digits, the way without a trim: std::to_chars and std::from_chars.
+// Through text of 7 digits, the method without a trim: std::to_chars and std::from_chars.
 Decoded DecodeThroughText(void const* data) noexcept;
 // Exact to the bit.
 std::uint64_t SumOf(Decoded const& item) noexcept;

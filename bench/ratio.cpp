@@ -21,7 +21,7 @@ double Read(clockid_t clock) noexcept {
   return static_cast<double>(now.tv_sec) * kSecond + static_cast<double>(now.tv_nsec);
 }
 
-// Of sorted values; `part` from 0 to 1.
+// A quantile of sorted values; `part` is from 0 to 1.
 double Quantile(std::vector<double> const& sorted, double part) {
   double const at = part * static_cast<double>(sorted.size() - 1);
   auto const below = static_cast<std::size_t>(at);

@@ -1,8 +1,8 @@
 // Ratios of running times: project and peer in turn, in one run.
 //
-// A single time says as much about the machine and what else it does as about the code. So a
-// comparison is made of rounds: in each the peer runs, then the project, on the same keys, and the
-// round gives one ratio. The median of the round ratios is the result; the quartiles tell how far
+// A single time says as much about the machine and its other load as about the code. So a
+// comparison consists of rounds: in each the peer runs, then the project, on the same keys, and the
+// round yields one ratio. The median of the round ratios is the result; the quartiles show how far
 // to trust it. The first round warms caches and is dropped.
 #pragma once
 
@@ -15,19 +15,19 @@
 
 namespace zel::bench {
 
-// One side's part of a round. `check` stands for the results: both sides must have the same.
+// One side's part of a round. `check` summarizes the results: both sides must have the same.
 struct Timing {
   double nanoseconds;  // per operation
   std::uint64_t check;
 };
 using Side = std::function<Timing(int round)>;
 
-// What a clock shows, in nanoseconds.
+// The reading of a clock, in nanoseconds.
 double WallTime() noexcept;
 double ThreadTime() noexcept;  // of the processor, for this thread
 
-// Times `run`, which makes `operations` operations and gives their check. By the wall clock, for
-// work that can wait for the file system.
+// Times `run`, which performs `operations` operations and returns their check. By the wall clock,
+// for work that can wait for the file system.
 template <typename Run>
 Timing Time(std::size_t operations, Run const& run, double (*clock)() noexcept = WallTime) {
   double const start = clock();
@@ -35,14 +35,14 @@ Timing Time(std::size_t operations, Run const& run, double (*clock)() noexcept =
   return {(clock() - start) / static_cast<double>(operations), check};
 }
 
-// By the processor's time, for work on data in memory, which waits for nothing: other work on the
-// machine then does not count.
+// By processor time, for work on data in memory, which waits for nothing: other work on the machine
+// then does not count.
 template <typename Run>
 Timing TimeInMemory(std::size_t operations, Run const& run) {
   return Time(operations, run, ThreadTime);
 }
 
-// What a ratio, or a time of the project, must not exceed.
+// The limit of a ratio, or of a time of the project.
 struct Target {
   enum class Kind { kNone, kRatio, kNanoseconds } kind = Kind::kNone;
   double limit = 0.0;

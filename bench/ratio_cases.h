@@ -1,7 +1,7 @@
-// The comparisons, and the limits that the project sets itself.
+// The comparisons, and the project's own limits.
 //
-// The limits against SQLite are about the table with the two-word key that the library has. The
-// table with both numbers in one rowid is SQLite at its best; it is shown without a limit.
+// The limits against SQLite apply to the table with the same two-word key as the library. The table
+// with both numbers in one rowid is SQLite at its best; it is shown without a limit.
 #pragma once
 
 #include <cstddef>
@@ -26,13 +26,13 @@ void CompareOpens(RatioTable& table, std::filesystem::path const& folder, std::s
 void CompareTrims(RatioTable& table);
 // Evaluation, the read of a full component and the search over three libraries.
 void CompareComponents(RatioTable& table, std::filesystem::path const& folder);
-// The constants that follow from a component's other constants and correlations.
+// The constants that are derived from a component's other constants and correlations.
 void CompareFillIns(RatioTable& table);
 // A document of pairs read into a library.
 void CompareImports(RatioTable& table, std::filesystem::path const& folder);
 // A bank of pairs written as a document.
 void CompareExports(RatioTable& table, std::filesystem::path const& folder);
-// The command-line host started, and asked for one component.
+// The start of the command-line host, and its output of one component.
 void CompareHost(RatioTable& table, std::filesystem::path const& folder);
 // A pick list built and read.
 void CompareLists(RatioTable& table, std::filesystem::path const& folder);

@@ -10,7 +10,7 @@
 namespace zel::bench {
 namespace {
 
-constexpr std::size_t kDeletedPart = 10;  // one of so many
+constexpr std::size_t kDeletedPart = 10;  // one of this many
 constexpr double kLoadLimit = 1.0;
 
 template <typename Store>
@@ -47,8 +47,8 @@ Side DeletesOf(std::vector<Item> const& items, std::vector<Pair> const& keys, St
   };
 }
 
-// Every tenth of the keys that the library has in leaves. As long as only these go, no node changes
-// its place in the tree and they all stay in leaves.
+// Every tenth of the keys that the library has in leaves. As long as only these are deleted, no
+// node changes its place in the tree and they all stay in leaves.
 std::vector<Pair> KeysToDelete(ZelStore& project, std::vector<Item> const& items) {
   project.RemoveFiles();
   project.Load(items, true);

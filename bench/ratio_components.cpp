@@ -129,7 +129,7 @@ constexpr std::size_t kReadsPerRound = 20'000;
 constexpr std::size_t kSearchesPerRound = 6'000;
 constexpr double kReadLimit = 5000.0;  // ns
 
-// 50 constants, of which 41 stand on file, and 18 correlations of 15 coefficients.
+// 50 constants, of which 41 are on file, and 18 correlations of 15 coefficients.
 void Fill(PureComp_i& bank, std::int32_t number, int source) {
   char ids[12][9] = {};
   CopyText(std::to_string(number), ids[0], sizeof ids[0]);
@@ -177,7 +177,7 @@ class Library {
 
 long NumberAt(std::size_t i) { return static_cast<long>(10000001 + i * 7919 % kItems); }
 
-// The numbers of a component that stand on file as floats: constants, then limits and coefficients.
+// The numbers of a component that are on file as floats: constants, then limits and coefficients.
 std::vector<double> RealsOf(Component const& c) {
   std::vector<double> reals;
   for (std::size_t i = 0; i < kConstantsOnFile; ++i) {
@@ -204,7 +204,7 @@ std::uint64_t CheckOf(PureComp_i const& bank) {
   return Check(c.fixed[47], c.correlations[17].tMax);
 }
 
-// Each component's numbers, one behind the other.
+// The numbers of all components, one after the other.
 std::vector<double> AllReals(Library const& library) {
   Held<IZelBankDef> const bank(NewPureComp());
   LibMaint_i maint(library.Get());

@@ -11,8 +11,8 @@ namespace {
 constexpr std::size_t kFillInsPerRound = 60'000;
 constexpr double kFillInLimit = 3000.0;  // ns
 
-// Of `completed`, what these components get: ZC, acentric factor, solubility parameter, parachor,
-// heats, gravity, Watson factor, a boiling point, atoms, fractions, ratio.
+// The elements of `completed` that these components get: ZC, acentric factor, solubility parameter,
+// parachor, heats, gravity, Watson factor, a boiling point, atoms, fractions, ratio.
 constexpr std::size_t kDerived[] = {4,  5,  11, 12, 34, 45, 50, 52, 53, 60,
                                     61, 62, 63, 64, 70, 71, 72, 73, 74, 80};
 using Derived = std::array<double, std::size(kDerived)>;

@@ -1,4 +1,4 @@
-// The command-line host: how long it takes to start, and to show one component of very many.
+// The command-line host: the time to start, and to show one component of very many.
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kRuns = 20;
 
-// Runs a program with its output thrown away; its exit status.
+// Runs a program and discards its output; returns its exit status.
 std::uint64_t RunProgram(std::vector<std::string> words) {
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);

@@ -1,5 +1,5 @@
-// Interchange documents: read into a library, beside the parser that reads them into a tree, and
-// written from one, beside the same text through fprintf.
+// Interchange documents: read into a library, compared with the parser that reads them into a tree,
+// and written from one, compared with the same text through fprintf.
 #include <libxml/parser.h>
 
 #include <cstdio>
@@ -66,7 +66,7 @@ std::uint64_t Import(std::filesystem::path const& folder, std::string const& pat
   return items;
 }
 
-// What fprintf writes: the same items, in memory.
+// The same items in memory, as fprintf writes them.
 struct PlainItem {
   std::int32_t i, j;
   double values[10];

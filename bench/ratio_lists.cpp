@@ -1,5 +1,5 @@
-// A list of many components, built from a library and read again, beside the bare reading of the
-// file's lines and the walk of its bank.
+// A list of many components, built from a library and read again, compared with just reading the
+// file's lines and walking the bank.
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>

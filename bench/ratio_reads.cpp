@@ -23,8 +23,8 @@ constexpr double kWalkLimit = 0.5;
 constexpr std::size_t kWalkLimitItems = 100'000;
 constexpr double kOpenLimit = 0.4;
 
-// Reads a round's share of the keys, each round going on where the last one ended. The peer's turn
-// has left its own data in the caches, so some reads go ahead untimed.
+// Reads a round's share of the keys, each round continuing where the last one ended. The peer's
+// turn has left its own data in the caches, so some reads are made untimed first.
 template <typename Read>
 Side ReadsOf(std::vector<Pair> const& keys, Read read) {
   return [&keys, read](int round) {

@@ -12,7 +12,7 @@ constexpr std::size_t kItems = 1'000;
 constexpr std::size_t kTrimsPerRound = 1'200'000;
 constexpr double kTrimLimit = 8.0;  // ns
 
-// All floats of the items, undefined ones included when told.
+// All floats of the items, including undefined ones if `undefinedToo`.
 std::vector<float> FloatsOf(std::vector<Item> const& items, bool undefinedToo) {
   std::vector<float> floats;
   for (Item const& item : items) {

@@ -1,4 +1,4 @@
-// bench_ratios: the project beside its peers, as ratios; see docs/performance.md.
+// bench_ratios: the project compared with its peers, as ratios; see docs/performance.md.
 #include <lmdb.h>
 #include <sqlite3.h>
 

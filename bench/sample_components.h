@@ -1,4 +1,4 @@
-// Components of which all that the fill-in can derive is missing.
+// Components that lack everything that the fill-in can derive.
 #pragma once
 
 #include <memory>

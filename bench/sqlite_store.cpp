@@ -4,7 +4,8 @@
 
 namespace zel::bench {
 
-// Parameters: 1 and 2 the key, 3 the data. A select gives the data first, a walk the key behind it.
+// Parameters: 1 and 2 the key, 3 the data. A select returns the data first, a walk also the key
+// after it.
 struct SqliteTexts {
   char const* name;
   char const* file;

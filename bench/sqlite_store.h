@@ -17,7 +17,7 @@ namespace zel::bench {
 
 enum class SqliteTable {
   kPair,  // the two numbers as primary key, without rowid
-  kRowId  // both numbers in one 64-bit integer primary key, SQLite's quickest road
+  kRowId  // both numbers in one 64-bit integer primary key, SQLite's fastest access
 };
 
 struct SqliteTexts;
@@ -40,7 +40,7 @@ class SqliteStore {
   std::uint64_t Walk();
   // Keys, order and data as one number.
   std::uint64_t Hash();
-  // From closed to closed, in one transaction. Gives how many were there.
+  // From closed to closed, in one transaction. Returns how many were present.
   std::size_t Delete(std::span<Pair const> keys);
   // From closed to closed.
   std::uint64_t OpenReadClose(Pair key);

@@ -1,4 +1,4 @@
-// What the 7-digit trim is measured against: the same value through its decimal text.
+// The peer of the 7-digit trim: the same value through its decimal text.
 #pragma once
 
 namespace zel::bench {

@@ -20,7 +20,7 @@ void Check(bool good, char const* what) {
   if (!good) throw std::runtime_error(what);
 }
 
-// The floats of a record as the arguments of PutData take them, in the order of the data block.
+// Passes the floats of a record to PutData, in the order of the data block.
 void Put(IZelNrtl* nrtl, Data const& data) {
   double v[kFloats];
   for (std::size_t i = 0; i < kFloats; ++i) {
@@ -73,7 +73,7 @@ void ZelStore::Open(accModes mode) {
   Check(library_->OpenExisting({true, {}}, nullptr) == openOk, "library not opened");
 }
 
-// The tree works on a copy of the bank's head: the node that holds it does not stay in its buffer.
+// The tree works on a copy of the bank's head: the node that holds it may leave its buffer.
 void ZelStore::LocateBank() {
   std::int32_t const* entry = nullptr;
   Check(library_->FindBank(kType, kBank, entry, false), "bank not found");

@@ -1,8 +1,8 @@
 // The items in an NRTL bank of a component library, format 1: 14 words a record.
 //
-// The library runs on the system's files without the request to put them on disk, since the peers
-// do not sync either. Two roads lead to an item: the bank's tree, once the bank has been located,
-// and LibMaint, which locates bank and item at each call.
+// The library uses the system's files without syncing them to disk, since the peers do not sync
+// either. There are two ways to an item: the bank's tree, once the bank has been located, and
+// LibMaint, which locates bank and item at each call.
 #pragma once
 
 #include <array>
@@ -24,7 +24,7 @@ namespace zel::bench {
 
 class ZelStore {
  public:
-  // The files come into being with the first load.
+  // The files are created by the first load.
   explicit ZelStore(std::filesystem::path const& folder);
   ZelStore(ZelStore const&) = delete;
   ZelStore& operator=(ZelStore const&) = delete;
@@ -48,9 +48,9 @@ class ZelStore {
   std::uint64_t Walk();
   // Keys, order and data as one number.
   std::uint64_t Hash();
-  // Keys that stand in leaves, in key order. Only of a store that is open.
+  // The keys that are in leaves, in key order. The store must be open.
   std::vector<Pair> LeafKeys();
-  // From closed to closed. Gives how many operations told success.
+  // From closed to closed. Returns how many operations reported success.
   std::size_t Delete(std::span<Pair const> keys);
   // From closed to closed.
   std::uint64_t OpenReadClose(Pair key);

@@ -1,6 +1,6 @@
 # zel_embed(<target> <file> <name>)
-# Builds the bytes of a file into a target, as `unsigned char const zel::<name>[]` and
-# `std::size_t const zel::<name>Size`. A change of the file is a change of the target.
+# Builds the bytes of a file into a target, as `unsigned char const zel::<name>[]` and `std::size_t
+# const zel::<name>Size`. A change of the file rebuilds the target.
 function(zel_embed target file name)
   set(input ${PROJECT_SOURCE_DIR}/${file})
   set(output ${PROJECT_BINARY_DIR}/embedded/${name}.cpp)

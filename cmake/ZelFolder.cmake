@@ -1,10 +1,10 @@
 # zel_folder(<name> DEPENDS <lower folders>)
-# One object library per source folder, from the folder's sources.cmake, which lists them. The lower
-# folders are those whose headers its sources may include: tests/layers/check_includes.cmake reads them
+# One object library per source folder, from the folder's sources.cmake, which lists them. Its
+# sources may include only headers of the lower folders: tests/layers/check_includes.cmake reads these
 # from the CMakeLists.txt that calls this.
 
-# The options of all that is built here: its language standard, warnings and sanitizers. The library is
-# C++20; what stands for a host is built as 17, as the public headers promise.
+# The options of everything that is built here: language standard, warnings and sanitizers. The
+# library is C++20; programs that act as hosts are built as C++17, as the public headers promise.
 function(zel_compile_options target)
   cmake_parse_arguments(ARG "" "STANDARD" "" ${ARGN})
   if(NOT ARG_STANDARD)

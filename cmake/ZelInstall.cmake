@@ -1,4 +1,4 @@
-# What a host needs, installed: the library, its headers, its package and its pkg-config file.
+# Installs what a host needs: the library, its headers, its package and its pkg-config file.
 
 include(CMakePackageConfigHelpers)
 install(TARGETS ZelAccess EXPORT ZelAccessTargets

@@ -8,7 +8,7 @@ if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
 endif()
 add_library(ZelAccess ${zel_kind})
 add_library(ZelAccess::ZelAccess ALIAS ZelAccess)
-# The same objects for tests and benchmarks, which also look inside.
+# The same objects for tests and benchmarks, which also use internals.
 add_library(zel_inside STATIC)
 
 foreach(target ZelAccess zel_inside)
@@ -27,7 +27,7 @@ target_include_directories(ZelAccess INTERFACE
 target_compile_features(zel_inside PUBLIC cxx_std_20)
 target_include_directories(zel_inside PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR})
 zel_compile_options(zel_inside)
-# What the library itself needs; a host that links the shared one needs none of these.
+# The dependencies of the library; a host that links the shared library needs none of them.
 set(zel_system_libraries ${CMAKE_DL_LIBS} LibXml2::LibXml2)
 target_link_libraries(zel_inside PUBLIC ${zel_system_libraries})
 if(zel_kind STREQUAL "SHARED")
@@ -42,8 +42,9 @@ else()
                                           $<INSTALL_INTERFACE:LibXml2::LibXml2>)
 endif()
 
-# Everything that links with the sanitizers must be linked by them. Their run-time library may come with
-# the program alone, so that only without them a shared library can be held to have no open names.
+# Everything that is built with the sanitizers must be linked with them. Their run-time library may
+# be linked only into the program, so a shared library can be required to have no undefined symbols
+# only without them.
 if(ZELACCESS_SANITIZE)
   target_link_options(zel_inside PUBLIC -fsanitize=${ZELACCESS_SANITIZE})
 elseif(zel_kind STREQUAL "SHARED")

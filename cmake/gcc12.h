@@ -1,6 +1,6 @@
 // Included before everything by gcc up to version 12, for two of its warnings that are wrong about
-// sound code at -O2, mended in version 13. They are switched off here and not by a flag, so that
-// the flags in compile_commands.json are known to clang's tools too.
+// correct code at -O2, which version 13 fixed. They are switched off here and not by a flag, so
+// that the flags in compile_commands.json are known to clang's tools too.
 #if defined(__GNUC__) && !defined(__clang__)
 // "text" + std::to_string(n).
 #pragma GCC diagnostic ignored "-Wrestrict"

@@ -43,7 +43,7 @@ inline void CopyText(std::string_view text, char* buffer, std::size_t size) noex
   buffer[count] = '\0';
 }
 
-// The same for an output that a caller may not want: null is passed over.
+// The same for an optional output: a null buffer is skipped.
 inline void GiveText(std::string_view text, char* buffer, std::size_t size) noexcept {
   if (buffer != nullptr) CopyText(text, buffer, size);
 }
@@ -53,7 +53,7 @@ void Give(Type* out, Value const& value) noexcept {
   if (out != nullptr) *out = static_cast<Type>(value);
 }
 
-// True when all outputs of an operation are null: nothing is left to be given.
+// True when all outputs of an operation are null, so that there is nothing to return.
 template <typename... Types>
 constexpr bool NothingWanted(Types*... outs) noexcept {
   return ((outs == nullptr) && ...);

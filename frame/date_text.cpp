@@ -21,7 +21,7 @@ std::tm Today() {
   return day;
 }
 
-// With so many letters of the month.
+// Today's date, with at most `letters` letters of the month's name.
 std::string DateText(int letters) {
   std::tm const day = Today();
   char text[25];

@@ -15,7 +15,7 @@ struct Walk {
   std::vector<std::string> folders;  // still to visit, the newest last
   std::string pattern;
   bool recursive = false;
-  // The open search: paths found in the folder at hand, and how many were given.
+  // The open search: the paths found in the current folder, and how many were returned.
   std::vector<std::string> found;
   std::size_t given = 0;
 };

@@ -13,8 +13,8 @@
 namespace zel {
 namespace {
 
-// Threads that come while one starts the unit system wait until it is started. The exit of a start
-// that fails runs within, and may come here again.
+// Threads that arrive while another one starts the unit system wait until it is started. Recursive,
+// because after a failed start the process exits under the lock, and exit handlers may call again.
 std::recursive_mutex starting;
 constinit bool initialised = false;
 

@@ -1,10 +1,11 @@
-// What InitZelAccess does when the unit system does not start.
+// The end of the process when the unit system does not start.
 #pragma once
 
 namespace zel {
 
-// Returns for a result of 0 of StartUnitSystem. For any other it tells the debug output and
-// standard output why, and ends the process with exit status 1: there is no host to report to yet.
+// Returns for a result of 0 of StartUnitSystem. For any other result writes the reason to the debug
+// output and to standard output and ends the process with exit status 1: there is no host to report
+// to yet.
 void EndUnlessStarted(int unitSystemResult);
 
 }  // namespace zel

@@ -38,9 +38,9 @@ std::string LookUp(int selector) {
 }
 
 std::string const& FromCache(int selector) {
-  static std::recursive_mutex busy;  // the look-up of one needs another
+  static std::recursive_mutex busy;  // looking up one folder needs another
   std::lock_guard const lock(busy);
-  static auto& cache = *new std::array<Cached, kFirstSystemFolder>;  // to the end of the process
+  static auto& cache = *new std::array<Cached, kFirstSystemFolder>;  // lives until the process ends
   Cached& cached = cache[static_cast<std::size_t>(selector)];
   if (cached.state == Cached::kNotYet) {
     cached.text = LookUp(selector);

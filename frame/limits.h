@@ -1,4 +1,4 @@
-// Sizes and values that every part of the library keeps to.
+// Sizes and values that are the same in every part of the library.
 #pragma once
 
 #include <cstddef>

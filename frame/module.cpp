@@ -10,8 +10,7 @@ namespace {
 constinit std::atomic<bool> deleteTestFlag = false;
 constinit platform::ModuleHandle moduleHandle = nullptr;
 
-// Runs when the module is loaded and does no other work. Nothing needs to be given back at unload:
-// all tables are constant.
+// Runs when the module is loaded. Nothing needs to be released at unload: all tables are constant.
 [[gnu::constructor]] void OnLoad() {
   platform::WriteDebug("ZelAccess initializing - DllMain\n");
   moduleHandle = platform::OwnModule();

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kBufferSize = 32;
 constexpr int kMostDigits = 17;
 
-// Drops blanks and a plus sign, which the strict readers do not take.
+// Skips blanks and a plus sign, which std::from_chars does not accept.
 std::string_view StartOfNumber(std::string_view text) noexcept {
   std::size_t const start = text.find_first_not_of(" \t\n\v\f\r");
   if (start == std::string_view::npos) return {};
@@ -24,7 +24,7 @@ std::string_view StartOfNumber(std::string_view text) noexcept {
   return plus ? text.substr(1) : text;
 }
 
-// Power of ten of the first digit that is not 0, of a number that has one.
+// The power of ten of the first nonzero digit; the number must have one.
 std::int64_t DecimalExponent(std::string_view number) noexcept {
   std::size_t const e = std::min(number.find_first_of("eE"), number.size());
   std::string_view const mantissa = number.substr(0, e);
@@ -46,8 +46,8 @@ struct Digits {
   int exponent;
 };
 
-// The digits by one multiplication or division with a power of ten, whose error is far below the
-// distance from a tie that is asked for; nothing where that does not decide.
+// The digits by one multiplication or division with a power of ten. Its error is far below the
+// required distance from a tie; no result for a number that is nearer to a tie than that.
 std::optional<Digits> DigitsOf(double size, int count) noexcept {
   constexpr double kLeast = 1e-14, kMost = 1e22, kTieDistance = 1e-6;
   if (!(size >= kLeast && size < kMost) || count > kArithmeticDigits) return std::nullopt;
@@ -72,7 +72,7 @@ std::optional<Digits> DigitsOf(double size, int count) noexcept {
 }
 
 // Puts the digits as "%g" does: without zeros at the end, with an exponent where there are more
-// places before the point than digits or more than four zeros behind it. Gives the end.
+// places before the point than digits or more than four zeros after it. Returns the end.
 char* PutDigits(Digits number, int count, char* at) noexcept {
   constexpr int kMostZeros = 4;
   bool const hasExponent = number.exponent < -kMostZeros || number.exponent >= count;
@@ -82,7 +82,7 @@ char* PutDigits(Digits number, int count, char* at) noexcept {
   }
   while (count > 1 && text[count - 1] == '0') --count;
 
-  int const before = hasExponent ? 1 : number.exponent + 1;  // digits in front of the point
+  int const before = hasExponent ? 1 : number.exponent + 1;  // digits before the point
   if (before <= 0) {
     *at++ = '0';
     *at++ = '.';

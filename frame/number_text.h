@@ -7,14 +7,15 @@
 
 namespace zel {
 
-// Lenient readers: they skip blanks, take a sign, and stop at the first character that does not
-// belong; nothing readable gives 0. Integers stop at the limits of 32 bits. Reals know "inf" and
-// "nan" in any case, as they are printed, and no hexadecimal form; what is too large is infinite.
+// Lenient readers: they skip blanks, accept a sign, and stop at the first character that is not
+// part of the number; a text without a number yields 0. Integers are clamped to 32 bits. Reals may
+// be "inf" and "nan" in any case, as they are printed, but not hexadecimal; a value that is too
+// large is infinite.
 double ParseReal(std::string_view text) noexcept;
 std::int32_t ParseInt(std::string_view text) noexcept;
 
 // As "%.<digits>g" prints in the C locale: at least two digits of exponent. At most 31 characters
-// and a terminator go into `buffer`; gives the length.
+// and a terminator go into `buffer`; returns the length.
 int PrintReal(double value, int digits, char* buffer) noexcept;
 std::string RealText(double value, int digits);
 

@@ -15,7 +15,7 @@ bool IsSeparator(char c) noexcept { return kSeparators.find(c) != std::string_vi
 
 bool IsAbsolute(std::string_view path) noexcept { return !path.empty() && IsSeparator(path[0]); }
 
-// Appends the parts of a path, taking "." and ".." in.
+// Appends the parts of a path, resolving "." and "..".
 void AddParts(std::string_view path, std::string_view separators,
               std::vector<std::string_view>& parts) {
   std::size_t at = 0;

@@ -1,4 +1,4 @@
-// Paths taken apart and put together. Both `/` and `\` separate.
+// Splits and composes paths. Both `/` and `\` are separators.
 #pragma once
 
 #include <string>
@@ -9,14 +9,15 @@ namespace zel {
 struct PathParts {
   std::string folder;     // with its last separator; empty when there is none
   std::string name;       // without extension
-  std::string extension;  // from the last point on; ".txt" alone is all extension
+  std::string extension;  // from the last point on; the name ".txt" is all extension
 };
 
 PathParts SplitPath(std::string_view path);
 
-// The path seen from `folder` (the working folder when empty): absolute, put together with `/`, and
-// without "." and ".." parts, which are taken in without a look at the disk. Empty stays empty; so
-// is a relative path while the working folder has no name, such as one that was deleted.
+// The absolute form of a path relative to `folder` (to the working folder when that is empty):
+// joined with `/`, with "." and ".." resolved by their text alone, without access to the disk. An
+// empty path stays empty; a relative path becomes empty while the working folder has no name, for
+// example because it was deleted.
 std::string AbsolutePath(std::string_view path, std::string_view folder = {});
 
 }  // namespace zel

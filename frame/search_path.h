@@ -1,4 +1,4 @@
-// The search path of the process, with folders put in front.
+// The search path of the process, with folders prepended.
 #pragma once
 
 #include <optional>
@@ -14,10 +14,10 @@ namespace zel {
 std::string ComposeSearchPath(std::optional<std::string> const& installFolder,
                               std::vector<std::string> const& folders, std::string_view oldValue);
 
-// Puts folders in front of the variable "Path": the value "InstallDir" of the settings key
-// "Software\Ordwin\OrdwinHub\" + subKey, when there is one, and then `folders`. `oldValue` gets the
-// value before, allocated by malloc; the caller frees it, also when this throws std::length_error,
-// which leaves the environment as it was.
+// Prepends folders to the variable "Path": the value "InstallDir" of the settings key
+// "Software\Ordwin\OrdwinHub\" + subKey, when there is one, and then `folders`. `oldValue` receives
+// the previous value, allocated by malloc; the caller frees it, also when this throws
+// std::length_error, which leaves the environment as it was.
 void BuildSearchPath(char*& oldValue, std::string_view subKey,
                      std::vector<std::string> const& folders);
 

@@ -17,15 +17,16 @@ constexpr std::array<double, kExactPowers + 1> kPowers = {
     1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
     1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-// Nearer than this to a half the text decides; the scaled number is off by less than 1e-8.
+// Within this distance of a half the printed text decides; the error of the scaled number is below
+// 1e-8.
 constexpr double kNearHalf = 1e-6;
 
-// The value that marks fields without data, the most frequent of all: beyond the exact powers, and
-// known beforehand.
+// The value that marks fields without data, the most frequent of all: it is beyond the exact
+// powers, and its result is known in advance.
 constexpr std::uint32_t kUndefinedBits = 0xF99A130C;
 
-// A scale by a power of ten in one step that holds no branch: one factor and one divisor, one of
-// them 1. Index 0 is the lowest power.
+// Scaling by a power of ten in one step without a branch: a factor and a divisor, one of them 1.
+// Index 0 is the lowest power.
 struct ScaleStep {
   double factor;
   double divisor;
@@ -43,9 +44,9 @@ constexpr std::array<ScaleStep, 2 * kExactPowers + 1> MakeSteps() {
 }
 constexpr std::array<ScaleStep, 2 * kExactPowers + 1> kSteps = MakeSteps();
 
-// By the binary exponent field of a float: the power of ten that brings the smallest float of that
-// field to seven digits, and the power of ten from which on one less does. Fields whose floats need
-// powers that a double does not hold exactly have power kNoPower.
+// For a binary exponent field of a float: the power of ten that scales the smallest float of that
+// field to seven digits, and `next`, the number from which on a power lower by one does so. Fields
+// whose floats need powers that a double does not hold exactly have power kNoPower.
 struct FieldScale {
   double next;
   int power;
@@ -106,7 +107,7 @@ double Trim7(float value) noexcept {
   double const fraction = scaled - static_cast<double>(digits);
   if (std::fabs(fraction - 0.5) < kNearHalf) return TrimByText(exact);
   double const rounded = static_cast<double>(static_cast<std::int64_t>(scaled + 0.5));
-  // One of the two steps is by 1, so the result is rounded once.
+  // Either the factor or the divisor is 1, so the result is rounded once.
   ScaleStep const& down = kSteps[static_cast<std::size_t>(kExactPowers - power)];
   return std::copysign(rounded * down.factor / down.divisor, exact);
 }

@@ -3,8 +3,8 @@
 
 namespace zel {
 
-// The double nearest to the text that printing `value` with 7 significant digits gives (ties of the
-// exact value to even), so that a stored 0.1f reads as 0.1. Not a number and infinities pass
+// The double nearest to the text that `value` prints as with 7 significant digits (ties of the
+// exact value to even), so that a stored 0.1f reads as 0.1. NaN and infinities are returned
 // unchanged, -0.0 keeps its sign. Exact for every 32-bit float.
 double Trim7(float value) noexcept;
 

@@ -4,7 +4,7 @@
 
 namespace zel {
 
-// Greedy from the left: at a mismatch only the last star can take one character more.
+// Greedy from the left: at a mismatch only the last star can match one more character.
 bool MatchesFilePattern(std::string_view name, std::string_view pattern) noexcept {
   if (pattern == "*.*") return true;
   std::size_t at = 0;

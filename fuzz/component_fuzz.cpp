@@ -1,6 +1,6 @@
 // Component items: any words in the main, structure and correlation block. The input is the words
-// of the three in this order, 250, 126 and 400, as far as it goes; a main block without addresses
-// gets those of the other two.
+// of the three in this order, 250, 126 and 400, as far as the input reaches; a main block without
+// addresses gets those of the other two.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -57,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     again.Io()->ReadFromFile(&address, &library);
     zel::test::TextOf(again.Get());
   } catch (unsigned long) {
-    // An address that leads nowhere.
+    // An invalid address.
   }
   return 0;
 }

@@ -1,6 +1,6 @@
 // Interchange documents. The input is the text of one, read into a new library as a document of
-// banks and as a component, going on after errors, checked and unchecked. Ends the program when
-// that costs more than a second of the processor for each 100 KB.
+// banks and as a component, continuing after errors, checked and unchecked. Ends the program when
+// that takes more than a second of processor time for each 100 KB.
 #include <unistd.h>
 
 #include <cstdint>
@@ -18,7 +18,7 @@
 
 namespace {
 
-// The document of this process. The log lines of the imports go nowhere.
+// The document of this process. The log lines of the imports are discarded.
 std::string const& DocumentPath() {
   static std::string const path = [] {
     if (std::freopen("/dev/null", "w", stdout) == nullptr) std::abort();

@@ -124,7 +124,7 @@ void CheckNormalForm(std::string const& text, bool strict) {
   Require(n.result == 2 || n.work[0] == '\0', "the work text is empty unless the two differ");
   Require(n.result == 1 || (text == n.formula && text != n.work), "a refusal keeps the formula");
   std::string const normal = n.result == 1 ? n.formula : n.work;
-  bool const whole = normal.size() < kMostSlots;  // else it may have been cut
+  bool const whole = normal.size() < kMostSlots;  // otherwise it may have been cut
   bool plain = true;                              // each count can be written and read back
   for (std::int32_t i = 0; i < parse.result.foundCount; ++i) {
     std::int32_t const count = parse.counts[static_cast<std::size_t>(i)];

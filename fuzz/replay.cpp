@@ -1,4 +1,4 @@
-// Gives each file of a folder to a fuzz target. Fails when there is none.
+// Passes each file of a folder to a fuzz target. Fails when there is no file.
 //   <target>_fuzz <folder>
 #include <cstdint>
 #include <cstdio>

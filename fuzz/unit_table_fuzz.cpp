@@ -1,5 +1,5 @@
-// Unit tables: read, made a catalogue, and every unit that a slate has for a class of the table, be
-// it a row or a product, looked up by its own texts and converted.
+// Unit tables: read and made into a catalogue; every unit that a slate has for a class of the
+// table, a row or a product, is looked up by its own texts and converted.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

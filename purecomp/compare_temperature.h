@@ -6,8 +6,8 @@
 
 namespace zel {
 
-// 0 when a and b are equal within rounding, else 1 for a >= b and -1 for a < b. Opposite signs are
-// never equal; 0 and -0.0 count as positive.
+// 0 when a and b are equal within rounding, otherwise 1 for a >= b and -1 for a < b. Opposite signs
+// are never equal; 0 and -0.0 count as positive.
 inline int CompareTemperature(double a, double b) noexcept {
   constexpr double kRelative = 7.77e-16;
   constexpr double kSmallFactor = 1287001287001287.0;

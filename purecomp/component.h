@@ -41,7 +41,7 @@ struct Correlation {
   double tMax;
   std::array<double, kCoefficients> coefficients;
 
-  // Unset, in the default unit of the correlation.
+  // Makes the record unset, in the default unit of the correlation.
   void Reset(std::int32_t defaultUnit) noexcept;
 };
 
@@ -57,7 +57,7 @@ struct Component {
   std::array<char, 101> smiles;
   std::int32_t phase;                        // 1 vapor, 2 liquid, 4 solid, added up
   std::array<double, kConstants> fixed;      // as read or set, internal units
-  std::array<double, kConstants> completed;  // with what follows from them
+  std::array<double, kConstants> completed;  // with what is derived from them
   std::array<Correlation, kCorrelations> correlations;
   std::array<std::uint32_t, kConstantsOnFile> fixedRefs;
   std::array<std::uint32_t, kCorrelations> correlationRefs;
@@ -71,12 +71,12 @@ struct Component {
   std::array<char, 260> consistencyText;
 
   Component() noexcept { Clear(); }
-  // Everything unset. Texts are cleared by their first character.
+  // Unsets everything. Texts are cleared by their first character.
   void Clear() noexcept;
   void ResetCorrelation(int index) noexcept;
 };
 
-// True for the constants that stand on file: those with a keyword.
+// True for the constants that are on file: those with a keyword.
 constexpr bool IsOnFile(std::size_t index) noexcept {
   return index <= 19 || (index >= 23 && index <= 28) || (index >= 33 && index <= 47);
 }

@@ -1,4 +1,19 @@
-// What an equation form can name.
+// The symbols of equation forms.
+//
+// Above each form are its number, usual name and formula in the notation of docs/equations.md, with
+// which a test compares them. "End" is the value where a form stops before the critical point. The
+// units of the coefficients follow: U is the unit of the value before the final step, K the unit of
+// the temperature.
+//
+//   T        temperature, in the unit of the limits and coefficients
+//   Tc, Tb   critical temperature and normal boiling point, K
+//   Pc       critical pressure, kPa
+//   tau, Tr  1 - T/Tc, T/Tc
+//   R        gas constant, kPa m3/(kg-mol K)
+//   b        1 for natural logarithms, ln 10 for decimal ones
+//   f, o     factor and offset of the final step
+//   Ci, N    coefficient i, number of coefficients in use
+//   ln, exp, expc, ssqrt, cbrt  Ln, Exp, ExpClamped, SignedSqrt, Cbrt of jet.h
 #pragma once
 
 #include <cstddef>
@@ -11,7 +26,8 @@ namespace zel {
 
 inline constexpr double kGasConstant = 8.314471;  // kPa m3/(kg-mol K)
 inline constexpr int kMaxCoefficients = 15;
-// At or below this a form that is singular at the critical point gives its limit instead.
+// At or below this value of tau, a form that is singular at the critical point takes its limit
+// instead.
 inline constexpr double kNearCritical = 0.0001;
 
 // The value of another correlation of the same component at the same temperature, with derivatives
@@ -29,7 +45,7 @@ class CorrelationCaller {
   ~CorrelationCaller() = default;
 };
 
-// What does not change from form to form: limits, unit, and constants of the component.
+// The inputs that are the same for all forms: limits, unit, and constants of the component.
 struct FormConstants {
   CorrelationCaller* caller = nullptr;
   double tMax = 0.0;
@@ -73,7 +89,7 @@ struct Symbols {
     return sum;
   }
 
-  // Another correlation as a number of the temperature's type.
+  // The value of another correlation, as a number of the temperature's type.
   X Called(std::uint32_t index) const {
     if constexpr (IsJet<X>::value) {
       return FromDerivatives(T, at.caller->Call(index, ValueOf(T), X::kOrder).d);

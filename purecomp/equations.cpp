@@ -18,8 +18,8 @@
 namespace zel {
 namespace {
 
-// The forms by number: one line each, as in docs/equations.md. Hands the result to `take`, within
-// each case, so that it stays in registers; false for a number that names no form.
+// The forms by number: one line each, as in docs/equations.md. Passes the result to `take` within
+// each case, so that it stays in registers; false for a number without a form.
 template <typename S, typename Take>
 bool Form(int equation, S const& s, Take const& take) {
   using namespace forms;  // NOLINT(google-build-using-namespace): the list below
@@ -41,6 +41,8 @@ bool Form(int equation, S const& s, Take const& take) {
     case 19: return take(Result(Eq19(s)));
     case 20: return take(Result(Eq20(s)));
     case 21: return take(Result(Eq21(s)));
+    // Equation 22, Chebyshev vapor pressure: expc(b S/T), S the sum of eq 2.
+    // Units: Ci K.
     case 22: return take(Result(ExpClamped(s.b * ChebyshevSum(s) / s.T)));
     case 23: return take(Result(Eq23(s)));
     case 24: return take(Result(Eq24(s)));
@@ -84,8 +86,8 @@ constexpr bool FillsWeights(int equation) noexcept {
   return equation != 4 && equation != 39 && equation != 51 && equation != 52;
 }
 
-// Where the derivative of an order is told otherwise than by differentiation. Stored data and the
-// programs that use it depend on each.
+// Orders whose derivative is defined other than by differentiation. Stored data and the programs
+// that use it depend on each.
 enum class DerivativeRule { kExact, kFirstInstead, kZero };
 
 constexpr DerivativeRule RuleOf(int equation, int order) noexcept {
@@ -103,8 +105,8 @@ bool ValueOnly(EquationCall const& call, int N, double& value) {
               });
 }
 
-// The derivative of an order from a Jet. Where a lower one is infinite all above it are, and with
-// the same sign, seen from below; the Jet ends in the difference of two infinite terms.
+// The highest derivative of a Jet. Where a lower one is infinite, all above it are too, with the
+// same sign, seen from below; the Jet then has the difference of two infinite terms.
 template <int Order>
 double HighestOf(Jet<Order> const& jet) {
   double const highest = jet.d[Order];
@@ -118,7 +120,7 @@ double HighestOf(Jet<Order> const& jet) {
 }
 
 // Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
-// call beside its arithmetic.
+// call apart from its arithmetic.
 template <int Order>
 [[gnu::flatten]] void WithDerivative(EquationCall const& call, int N, double& value,
                                      double& derivative) {

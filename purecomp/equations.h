@@ -1,4 +1,4 @@
-// The numeric routine behind the evaluation of correlations.
+// The numeric routine of the evaluation of correlations.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace zel {
 
-// What to compute beside the value.
+// What to compute in addition to the value.
 enum EquationOrder : std::int32_t {
   kFirstDerivative = 1,
   kSecondDerivative = 2,
@@ -17,8 +17,8 @@ enum EquationOrder : std::int32_t {
 
 enum RangeStatus : std::int32_t { kInRange = 0, kAboveRange = 1, kBelowRange = -1 };
 
-// One evaluation. Temperatures are in the unit that the record's limits and coefficients are in:
-// nothing is converted. Limits at or below -1e35 mean none.
+// One evaluation. Temperatures are in the unit of the record's limits and coefficients: nothing is
+// converted. Limits at or below -1e35 mean none.
 struct EquationCall : FormConstants {
   std::int32_t equation = 0;
   std::int32_t coefficientCount = 0;
@@ -28,7 +28,7 @@ struct EquationCall : FormConstants {
   std::int32_t logBasis = 1;
 };
 
-// What a form can name, with the temperature and the coefficients as numbers of a form's types.
+// The symbols of a form, with the temperature and the coefficients in the form's number types.
 template <typename X, typename C>
 Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* coefficients) {
   constexpr double kLn10 = 2.302585092994046;
@@ -36,14 +36,14 @@ Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* 
   return {T, N, coefficients, b, call};
 }
 
-// Evaluates a form at a temperature inside the range; outside it only gives the status. `value` and
-// `derivative` are in and out: a number that names no form leaves both as they came, a form without
-// a value at that temperature leaves `value`, and the final step (times factor, plus offset) runs
-// on them all the same. `derivative` gets the derivative of the order asked for, orders other than
-// 1 to 3 leave it. `weights` (15, may be null) get, for order 11, the partial derivatives of the
-// form's value before the final step with respect to the coefficients, 0 for those not in use;
-// forms 4, 39, 51 and 52 leave them. Where a root or a power in a form begins, derivatives and
-// sensitivities are their limits there, infinite where they grow beyond all bounds.
+// Evaluates a form at a temperature inside the range; outside it only returns the status. `value`
+// and `derivative` are in and out: a number without a form leaves both unchanged, a form without a
+// value at that temperature leaves `value` unchanged, and the final step (times factor, plus
+// offset) is applied to them all the same. `derivative` receives the derivative of the requested
+// order; orders other than 1 to 3 leave it. `weights` (15, may be null) receive, for order 11, the
+// partial derivatives of the form's value before the final step with respect to the coefficients, 0
+// for those not in use; forms 4, 39, 51 and 52 leave them. Where a root or a power in a form
+// begins, derivatives and sensitivities are their limits there, infinite where they are unbounded.
 RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& derivative,
                              double* weights);
 

@@ -17,12 +17,12 @@ constexpr std::int32_t kPressure = 10;
 constexpr double kSmallestValue = 1e-10;
 constexpr double kLargestPressure = 1e8;
 
-// A slope at a bound where the form ends steeply, or has none, counts as none.
+// An infinite or missing slope at a bound counts as 0.
 double FiniteSlope(double slope) noexcept { return std::isfinite(slope) ? slope : 0.0; }
 
 // ln V linear in 1/T. For orders 2 and 3 the slope used is the derivative of that order, and the
 // formulas are exact only for a first derivative: programs that use stored data depend on both. At
-// the temperature 0 the exponent stands at its limit, and no slope is left.
+// temperature 0 the exponent is at its limit, and the slope is 0.
 void ExtrapolateLogarithmic(double T, double Tx, double V, double dV, int order, double& value,
                             double& derivative) {
   if (!(V > 0.0)) {
@@ -85,7 +85,7 @@ ZelStatus Evaluator::Extrapolate(EquationCall call, Extrapolation mode, double t
   double const V = value;
   double const dV = derivative;
   if (call.order > kThirdDerivative) {
-    // Sensitivities come without a slope: the value stays that of the bound.
+    // With sensitivities there is no slope: the value is that at the bound.
     if (mode == Extrapolation::kLogarithmic && !(V > 0.0)) value = 0.0;
     derivative = 0.0;
   } else if (mode == Extrapolation::kLogarithmic) {
@@ -136,7 +136,7 @@ ZelStatus Evaluator::Evaluate(std::uint32_t index, double temperature, std::int3
   return status == kInRange ? kStatusOk : kStatusNothingNew;
 }
 
-// A call that fails gives 0 for the value and each derivative.
+// A call that fails yields 0 for the value and each derivative.
 CalledCorrelation Evaluator::Call(std::uint32_t index, double temperature, int highest) {
   CalledCorrelation called;
   std::int32_t status = 0;

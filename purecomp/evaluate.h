@@ -9,8 +9,8 @@
 
 namespace zel {
 
-// Evaluates correlations of one component. Keeps nothing but the marks that stop a correlation from
-// calling itself through the forms that name another correlation.
+// Evaluates correlations of one component. Its only state is the marks that stop a correlation from
+// calling itself through forms that evaluate another correlation.
 class Evaluator final : public CorrelationCaller {
  public:
   explicit Evaluator(Component const& component) noexcept : component_(component) {}
@@ -19,12 +19,12 @@ class Evaluator final : public CorrelationCaller {
   // kStatusFailed for an index above 17, an absent correlation, or an extrapolation that is not
   // allowed. An order below 1 counts as 1. `value` and `derivative` are in and out: see
   // EvaluateEquation. `status` is 0 inside the range, 1 above, -1 below. A failure after the record
-  // was found may have changed the numbers.
-  // Of a sound record no result but a failure holds NaN. The value is finite, and so is an
-  // extrapolated derivative, as an infinite slope at the bound counts as 0. Inside the range a
-  // derivative is infinite only where that of the form grows beyond all bounds when the temperature
-  // comes nearer from below: where its power begins, as order 1 and above of 16 at C3 for C4 below
-  // 1, and orders 2 and 3 of 47 at Tc. So is a sensitivity, as that of 13 to C3 at C3.
+  // was found may have changed the numbers. For a sound record, no result other than a failure is
+  // NaN. The value is finite, and so is an extrapolated derivative, since an infinite slope at the
+  // bound counts as 0. Inside the range a derivative is infinite only where that of the form is
+  // unbounded as the temperature is approached from below: where a power begins, as in orders 1 and
+  // above of 16 at C3 for C4 below 1, and in orders 2 and 3 of 47 at Tc. The same holds for a
+  // sensitivity, such as that of 13 to C3 at C3.
   ZelStatus Evaluate(std::uint32_t index, double temperature, std::int32_t order, double& value,
                      double& derivative, double* weights, std::int32_t& status);
 

@@ -15,24 +15,31 @@
 namespace zel {
 namespace {
 
+// The gas constant of the equation forms; its last digits are fixed by the data that programs rely
+// on.
 constexpr double kInverseGasConstant = 0.12027223379575203;  // 1/8.314471
 constexpr double kTolerance = 0.1;
 constexpr double kTolerancePercent = 10.0;
 constexpr std::size_t kElementCount = 5;
-// C, H, N, O, S.
+// C, H, N, O, S, kg/kg-mol: standard atomic weights, their last digits fixed by the data that
+// programs rely on.
 constexpr double kAtomicWeights[kElementCount] = {12.011, 1.00794005, 14.006735, 15.9994,
                                                   32.066002};
 constexpr std::string_view kFractionLabels[kElementCount] = {
     "from CNUMB,MW_C,MW", "from HNUMB,MW_H,MW", "from NNUMB,MW_N,MW", "from ONUMB,MW_O,MW",
     "from SNUMB,MW_S,MW"};
-// Heats of combustion per atom of C, per molecule of H2 and per atom of S, in kJ/kg-mol.
+// Heats of combustion per atom of C, per molecule of H2 and per atom of S, in kJ/kg-mol: the heats
+// of formation of CO2, water vapor and SO2, their last digits fixed by the data that programs rely
+// on.
 constexpr double kHeatOfCarbon = 393510.016;
 constexpr double kHeatOfHydrogen = 241814.0;
 constexpr double kHeatOfSulfur = 296840.0;
 constexpr double kRoomTemperature = 298.15;              // K
 constexpr double kGasConstantTimesRoom = 2478.95952865;  // kJ/kg-mol
+// Neither the thermochemical calorie nor that of the steam tables: fixed by the data that programs
+// rely on.
 constexpr double kJoulePerCalorie = 4.18321;
-constexpr double kReducedForAcentric = 0.7;
+constexpr double kReducedForAcentric = 0.7;  // by Pitzer's definition of the acentric factor
 
 class FillIn {
  public:
@@ -100,7 +107,7 @@ class FillIn {
     CopyText(text, c_.consistencyText.data(), c_.consistencyText.size());
   }
 
-  // The later steps see these and not what earlier steps add to them.
+  // The later steps use these values, not those that earlier steps add.
   void TakeWorkingValues() {
     mw_ = c_.completed[propertyMW];
     tc_ = c_.completed[propertyTC];
@@ -114,6 +121,8 @@ class FillIn {
     combustion_ = c_.completed[propertyHCOMBUST];
   }
 
+  // Regressions in the molecular weight, and in Vc (m3/kg-mol), Tc (K) and y = Tc^(1/4) Vc^(5/6):
+  // their constants and the weight between them are fixed by the data that programs rely on.
   void Parachor() {
     constexpr double kHeaviestByVolume = 142.0;
     if (Defined(c_.completed[propertyPARACHOR])) return;
@@ -128,6 +137,8 @@ class FillIn {
     Put(propertyPARACHOR, parachor, "from Vc,Tc");
   }
 
+  // By definition: the API gravity, and the Watson factor, the cube root of the boiling point in
+  // degrees Rankine over the specific gravity.
   void Gravity() {
     if (!Defined(sg_)) return;
     Put(propertyApiGravity, 141.5 / sg_ - 131.5, "from sg6oF");
@@ -144,7 +155,7 @@ class FillIn {
                                                          ElementSymbol{"N"}, ElementSymbol{"O"},
                                                          ElementSymbol{"S"}};
     std::int32_t found = 0;
-    // A formula that does not parse leaves what was counted up to the failure.
+    // When a formula does not parse, the counts up to the failure remain.
     CountElements(c_.formula.data(), {elements, atoms_, kElementCount}, found);
     constexpr std::string_view kFromFormula = "from chemical formula";
     if (!Defined(c_.fixed[propertyCNUM])) {
@@ -185,7 +196,7 @@ class FillIn {
     }
   }
 
-  // The value of a correlation at a temperature; false when it cannot be evaluated. The value is on
+  // The value of a correlation at a temperature; false when it cannot be evaluated. The value is in
   // the units of the correlation as stored: nothing is converted.
   bool Evaluate(std::uint32_t index, double temperature, double& value) {
     double derivative = 0.0;
@@ -195,6 +206,7 @@ class FillIn {
                                   status) != kStatusFailed;
   }
 
+  // Hildebrand's definition, ((Hvap - R T)/V)^0.5 at 25 C, in (cal/cm3)^0.5.
   void SolubilityParameter() {
     double heat = 0.0;
     if (Defined(c_.completed[propertySOLUPARA]) || !Defined(molarVolume_) ||
@@ -205,6 +217,7 @@ class FillIn {
     Put(propertySOLUPARA, SignedSqrt(x), "from HVap@25C,MolVol@25C");
   }
 
+  // Pitzer's definition: -log10(P/Pc) - 1 at a reduced temperature of 0.7.
   void AcentricFactor() {
     constexpr double kLogOfZero = -100.0;
     double pressure = 0.0;

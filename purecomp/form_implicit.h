@@ -1,6 +1,6 @@
-// Equation 51: a property of a saturated liquid or vapor whose first coefficient set gives ln y, in
-// full form implicitly through the second virial term s = C7/T^2, and whose second set weighs the
-// derivative of that relation.
+// Equation 51: a property of a saturated liquid or vapor whose first coefficient set defines ln y,
+// in the full form implicitly through the second virial term s = C7/T^2, and whose second set
+// weights the derivative of that relation.
 //
 // M = N - 8 is the number of first-set coefficients in use; C8 is not used, the second set starts
 // at C9. Each term counts only as M allows.
@@ -18,7 +18,7 @@ namespace implicit {
 inline constexpr int kRounds = 20;
 inline constexpr double kTolerance = 1e-07;
 
-// How a solution was come by, on which its derivatives depend.
+// How the solution was found; its derivatives depend on this.
 enum class End {
   kRoot,      // it solves the equation
   kVirial,    // 1/(b s), above which there is no root
@@ -31,8 +31,8 @@ struct Solution {
   End end;
 };
 
-// y down from exp(-60) by thirds until ln y - s2 y falls below L2, a start for the second
-// iteration; at most to the floor.
+// Divides y by 3 repeatedly, from exp(-60) down to the floor at most, until ln y - s2 y is below
+// L2: a start for the second iteration.
 inline Solution Scan(double L2, double s2, double floor) {
   double y = std::exp(-kClamp);
   for (int i = 0; i < 50; ++i) {
@@ -77,8 +77,7 @@ inline Solution Solve(double L, double s, double b, double y) {
   return solution;
 }
 
-// Derivatives of a root: each Newton step with the slope at the value carries them one order
-// further.
+// Derivatives of a root: each Newton step with the slope at the value makes one more order exact.
 template <typename V>
 V RootWithDerivatives(V const& L, V const& s, double b, double y) {
   V jet(y);
@@ -105,6 +104,12 @@ V WithDerivatives(V const& L, V const& s, double b, Solution const& solution) {
 
 }  // namespace implicit
 
+// Equation 51: Two sets of coefficients; M = N - 8 of each are in use. L = C1 + C2/(T + C3) + C4 T
+// + C5 T^2 + C6 ln T and y = expc(b L). With M = 7, y solves ln(y)/b = L + y C7/T^2 instead, by
+// Newton's method. The value is (C9 + C10/(C3 + T) - C2 C11/(C3 + T)^2 + C12 T + C13 T^2 + C14 ln T
+// + C15 y/T^2) / (1/y - C7/T^2).
+// Units: those of equation 21 for C1 to C6, Y being the unit of y, C7 K^2/Y; C9 and C14 U/Y, C10
+// and C11 U K/Y, C12 U/(K Y), C13 U/(K^2 Y), C15 U K^2/Y^2.
 template <typename S>
 typename S::Result Eq51(S const& s) {
   using V = typename S::Value;

@@ -30,7 +30,8 @@ std::optional<Series> FormAsSeries(int equation, S const& s) {
   }
 }
 
-// Of `make(side)`, a form beside the point, on the first of the two sides that has a limit.
+// The limit of `make(side)`, a form next to the point, from the first of the two sides that has
+// one.
 template <typename Make>
 std::optional<double> LimitFrom(double firstSide, int order, Make const& make) {
   for (double const side : {firstSide, -firstSide}) {

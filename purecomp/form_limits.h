@@ -8,14 +8,14 @@
 
 namespace zel {
 
-// What a derivative of a form (order 1 to 3) goes to at the temperature of the call: the limit from
-// below, where the forms in 1 - T/Tc are defined, else that from above. Infinite where it grows
-// beyond all bounds. None for forms that begin no root or power within their use, and where there
-// is no limit.
+// The limit of a derivative of a form (order 1 to 3) at the temperature of the call: the limit from
+// below, where the forms in 1 - T/Tc are defined, otherwise that from above. Infinite where the
+// derivative is unbounded. None for forms in which no root or power begins within their use, and
+// where there is no limit.
 std::optional<double> DerivativeLimit(EquationCall const& call, int N, int order);
 
-// The same for the sensitivity to coefficient k, counted from 0: the limit from above, else from
-// below.
+// The same for the sensitivity to coefficient k, counted from 0: the limit from above, otherwise
+// from below.
 std::optional<double> SensitivityLimit(EquationCall const& call, int N, std::size_t k);
 
 }  // namespace zel

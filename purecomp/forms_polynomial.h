@@ -7,6 +7,8 @@
 
 namespace zel::forms {
 
+// Equation 1, polynomial: sum Ci T^(i-1), 1..N.
+// Units: Ci U/K^(i-1).
 template <typename S>
 typename S::Result Eq1(S const& s) {
   return s.Polynomial(1, s.N, s.T);
@@ -29,6 +31,8 @@ typename S::Value ChebyshevSum(S const& s) {
   return sum;
 }
 
+// Equation 2, Chebyshev series: sum Ci Ch(i-1, x), 1..N, x = (2T - tMax - tMin)/(tMax - tMin).
+// Units: Ci U.
 template <typename S>
 typename S::Result Eq2(S const& s) {
   return ChebyshevSum(s);
@@ -42,6 +46,8 @@ typename S::Value PowerSum(S const& s, R const& r) {
   return sum;
 }
 
+// Equation 3: sum Ci r^(p(i-1)), 1..N-2, r = T/C(N-1), p = CN. End: r: C1.
+// Units: Ci U, C(N-1) K, CN no unit.
 template <typename S>
 typename S::Result Eq3(S const& s) {
   auto const r = s.T / s.c(s.N - 1);
@@ -49,6 +55,8 @@ typename S::Result Eq3(S const& s) {
   return PowerSum(s, r);
 }
 
+// Equation 4: the same with r = 1 - T/C(N-1). End: r: C1.
+// Units: as in equation 3, whose sum it is.
 template <typename S>
 typename S::Result Eq4(S const& s) {
   auto const r = 1.0 - s.T / s.c(s.N - 1);
@@ -56,12 +64,14 @@ typename S::Result Eq4(S const& s) {
   return PowerSum(s, r);
 }
 
+// Equation 5: C1 T^C2 / (C3 + T).
+// Units: C1 U K^(1-C2), C2 no unit, C3 K.
 template <typename S>
 typename S::Result Eq5(S const& s) {
   return s.c(1) * Pow(s.T, s.c(2)) / (s.c(3) + s.T);
 }
 
-// 1 + Ci/T + Cj/T^2, each term when N reaches its coefficient.
+// 1 + Ci/T + Cj/T^2, each term only if N includes its coefficient.
 template <typename S>
 typename S::Value InverseTerms(S const& s, int i) {
   typename S::Value sum(1.0);
@@ -70,16 +80,22 @@ typename S::Value InverseTerms(S const& s, int i) {
   return sum;
 }
 
+// Equation 18: C1 + C2 T^C3 / (1 + C4/T + C5/T^2).
+// Units: C1 U, C2 U/K^C3, C3 no unit, C4 K, C5 K^2.
 template <typename S>
 typename S::Result Eq18(S const& s) {
   return s.c(1) + s.c(2) * Pow(s.T, s.c(3)) / InverseTerms(s, 4);
 }
 
+// Equation 19, DIPPR 102: C1 T^C2 / (1 + C3/T + C4/T^2).
+// Units: C1 U/K^C2, C2 no unit, C3 K, C4 K^2.
 template <typename S>
 typename S::Result Eq19(S const& s) {
   return s.c(1) * Pow(s.T, s.c(2)) / InverseTerms(s, 3);
 }
 
+// Equation 25, Shomate: C1 + C2 T + C3 T^2 + C4 T^3 + C5 T^4 + C6/T + C7/T^2.
+// Units: Ci U/K^(i-1) up to C5, C6 U K, C7 U K^2.
 template <typename S>
 typename S::Result Eq25(S const& s) {
   typename S::Value sum = s.Polynomial(1, std::min(s.N, 5), s.T);
@@ -88,12 +104,16 @@ typename S::Result Eq25(S const& s) {
   return sum;
 }
 
+// Equation 33, Sutherland kind: ssqrt(Tr) / sum Ci Tr^(1-i), 1..N.
+// Units: Ci 1/U.
 template <typename S>
 typename S::Result Eq33(S const& s) {
   auto const Tr = s.Tr();
   return SignedSqrt(Tr) / s.Polynomial(1, s.N, 1.0 / Tr);
 }
 
+// Equation 41: C1 + C2/y + C3 ln(y)/b + sum Ci y^(i-3), 4..N-1, y = CN/(T + CN).
+// Units: C1 to C(N-1) U, CN K.
 template <typename S>
 typename S::Result Eq41(S const& s) {
   using V = typename S::Value;
@@ -106,6 +126,8 @@ typename S::Result Eq41(S const& s) {
   return sum;
 }
 
+// Equation 42: sum Ci T^(i-1), 1..6, + C7 ln(max(C8 - T, 0.0001))/b.
+// Units: Ci U/K^(i-1) up to C6, C7 U, C8 K.
 template <typename S>
 typename S::Result Eq42(S const& s) {
   auto const rest = AtLeast(typename S::Value(s.c(8) - s.T), kNearCritical);

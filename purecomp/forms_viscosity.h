@@ -1,4 +1,4 @@
-// Equation forms for viscosities of gases, and the implicit form in two coefficient sets.
+// Equation forms for viscosities of gases. W in their formulas is the collision integral.
 #pragma once
 
 #include <cmath>
@@ -18,6 +18,9 @@ Wider<U, D> CollisionIntegral(U const& u, D const& dipole) {
          0.2 * dipole / u;
 }
 
+// Equation 26, Chapman-Enskog: 2.669e-6 sqrt(C1 T)/(C2^2 W(T/C3, C4^2)).
+// Units: C1, the molecular weight, kg/kg-mol, C2, the collision diameter, 1e-10 m, C3, the energy
+// parameter over the Boltzmann constant, K, C4, the polar parameter, no unit; the value is in Pa s.
 template <typename S>
 typename S::Result Eq26(S const& s) {
   typename S::Value const u = s.T / s.c(3);
@@ -26,6 +29,9 @@ typename S::Result Eq26(S const& s) {
   return kChapmanEnskog * Sqrt(typename S::Value(s.c(1) * s.T)) / (s.c(2) * s.c(2) * W);
 }
 
+// Equation 126, Chapman-Enskog: 2.669e-6 C1 ssqrt(T)/W(T/C2, C3).
+// Units: C1, the square root of the molecular weight over the square of the collision diameter, as
+// in 26, C2 K, C3 no unit; the value is in Pa s.
 template <typename S>
 typename S::Result Eq126(S const& s) {
   typename S::Value const u = s.T / s.c(2);

@@ -61,8 +61,8 @@ class Parser {
 
   char Here() const noexcept { return at_ < text_.size() ? text_[at_] : '\0'; }
 
-  // The whole text up to a point or its end. Open parentheses stand on a list of their own, so that
-  // depth costs no stack.
+  // Parses the text up to a point or its end. Open parentheses are kept in a list, so that depth
+  // costs no stack.
   bool ParseSequences() {
     while (true) {
       char const c = Here();
@@ -82,7 +82,7 @@ class Parser {
     }
   }
 
-  // What the group counted goes to the sequence around it, times the count behind the group.
+  // Adds the counts of the group to the sequence around it, times the count after the group.
   void CloseGroup() {
     std::int64_t const times = ReadCount();
     auto const first = pending_.begin() + static_cast<std::ptrdiff_t>(open_.back());
@@ -92,8 +92,8 @@ class Parser {
     for (Tally const& tally : inner) Add(tally.slot, tally.count * times);
   }
 
-  // To the innermost open group, or to the result when none is open: a group that is never closed
-  // counts nothing.
+  // Adds to the innermost open group, or to the result when none is open: a group that is never
+  // closed is not counted.
   void Add(std::size_t slot, std::int64_t count) {
     if (open_.empty()) {
       slots_.counts[slot] = Saturated(slots_.counts[slot] + count);
@@ -123,7 +123,7 @@ class Parser {
     result_.foundCount = std::max(result_.foundCount, slot + 1);
   }
 
-  // The slot of an equal symbol, else the first empty one, else -1.
+  // The slot of an equal symbol, otherwise the first empty one; -1 when there is neither.
   int SlotFor(ElementSymbol const& symbol) const {
     int const capacity = static_cast<int>(slots_.elements.size());
     for (int i = 0; i < capacity; ++i) {
@@ -134,7 +134,7 @@ class Parser {
     return -1;
   }
 
-  // 1 when no digits stand here.
+  // 1 when there are no digits here.
   std::int64_t ReadCount() {
     constexpr int kDigitsUsed = 4;
     if (!IsDigit(Here())) return 1;
@@ -158,7 +158,7 @@ class Parser {
   bool sequence_;
   FormulaResult& result_;
   std::size_t at_ = 0;
-  Tallies pending_;                // what the open groups counted so far, the outermost first
+  Tallies pending_;                // counts of the open groups, the outermost first
   std::vector<std::size_t> open_;  // for each open group, where its own tallies begin
   bool sawCarbon_ = false;
   bool sawHydrogen_ = false;

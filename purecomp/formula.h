@@ -2,8 +2,8 @@
 //
 // Grammar: items, each an element (an upper-case letter and at most one lower-case letter) or a
 // sequence in parentheses, with an optional count; at the end optionally a point, a count and
-// "H2O". Only the first four digits of a count are used. "mixture" and "petro" stand for formulas
-// that are none.
+// "H2O". Only the first four digits of a count are used. "mixture" and "petro", in any case, are
+// accepted in place of a formula.
 #pragma once
 
 #include <array>
@@ -26,27 +26,27 @@ struct ElementSlots {
 
 struct FormulaResult {
   std::int32_t foundCount = 0;        // slots in use
-  std::int32_t hydrate = 0;           // molecules of water behind the point
-  bool hasCarbonAndHydrogen = false;  // anywhere before the point, told once that was read
+  std::int32_t hydrate = 0;           // molecules of water after the point
+  bool hasCarbonAndHydrogen = false;  // anywhere before the point; set once that part is parsed
 };
 
-// False when the text is no formula or names an unknown element; the slots then hold what was
-// counted up to there, without what stood in a group that was not closed. Elements without a free
-// slot are dropped without failure. Counts stop at the limits of 32 bits. Time and memory grow with
-// the length of the text, whatever its depth. In merged form equal elements share a slot; in
-// sequence form each occurrence takes a slot of its own, but for preset ones.
+// False when the text is not a formula or names an unknown element; the slots then hold the counts
+// up to that point, without those of a group that was not closed. Elements without a free slot are
+// dropped without failure. Counts are clamped to 32 bits. Time and memory grow with the length of
+// the text, whatever its depth. In merged form equal elements share a slot; in sequence form each
+// occurrence has its own slot, except preset ones.
 bool ParseFormulaMerged(std::string_view formula, ElementSlots slots, FormulaResult& result);
 bool ParseFormulaSequence(std::string_view formula, ElementSlots slots, FormulaResult& result);
-// The merged form without hydrate and mark.
+// The merged form, without the hydrate and the mark for carbon and hydrogen.
 bool CountElements(std::string_view formula, ElementSlots slots, std::int32_t& foundCount);
 
 // Puts a formula (21 characters with terminator) into normal order: Hill order when it has carbon
-// and hydrogen, byte order otherwise. Gives 1 when `formula` is in normal form now, or is no
+// and hydrogen, byte order otherwise. Returns 1 when `formula` is now in normal form, or is not a
 // formula at all; 2 when the two differ and must not be merged (`strict`, or no carbon and
-// hydrogen): `formula` is then as it was and `work` (21 characters) holds the normal form.
+// hydrogen): `formula` is then unchanged and `work` (21 characters) holds the normal form.
 int NormaliseFormula(char* formula, char* work, bool strict);
 
-// A text that orders components by formula. A text that does not parse gives the single byte 1.
+// A text that orders components by formula. For a text that does not parse it is the single byte 1.
 std::string FormulaSortKey(std::string_view formula);
 
 }  // namespace zel

@@ -1,9 +1,9 @@
 // Numbers that carry derivatives, and the guarded functions that every equation form uses.
 //
-// A form is written once, as a template over its number types. With plain doubles it gives a value;
-// with a Jet in the temperature it gives the derivatives with respect to the temperature as well;
-// with a Jet in one coefficient it gives the sensitivity to that coefficient. So a derivative
-// cannot disagree with its form. Where a guard acts the derivative is that of the guarded function.
+// A form is written once, as a template over its number types. With plain doubles it yields a
+// value; with a Jet in the temperature also the derivatives with respect to the temperature; with a
+// Jet in one coefficient the sensitivity to that coefficient. So a derivative cannot disagree with
+// its form. Where a guard applies, the derivative is that of the guarded function.
 #pragma once
 
 #include <array>
@@ -47,7 +47,7 @@ struct IsJet : std::false_type {};
 template <int N>
 struct IsJet<Jet<N>> : std::true_type {};
 
-// The type of an expression in both: a Jet wins over a double.
+// The type of an expression of both: a Jet if either is one.
 template <typename A, typename B>
 using Wider = std::conditional_t<IsJet<A>::value, A, B>;
 
@@ -186,7 +186,7 @@ X Clamp(X const& x) {
   return x;
 }
 
-// Exponential of the clamped argument: the ending of all vapor-pressure-like forms.
+// Exponential of the clamped argument: the last step of all vapor-pressure-like forms.
 template <typename X>
 X ExpClamped(X const& x) {
   return Exp(Clamp(x));
@@ -202,7 +202,7 @@ X SignedSqrt(X const& x) {
   return Compose(x, std::copysign(root, v), g1, g2, -1.5 * g2 / v);
 }
 
-// Plain square root: not a number below 0.
+// Plain square root: NaN below 0.
 template <typename X>
 X Sqrt(X const& x) {
   double const v = ValueOf(x);
@@ -260,7 +260,8 @@ X Atan(X const& x) {
   return Compose(x, std::atan(v), g1, g2, (6.0 * v * v - 2.0) * g1 * g1 * g1);
 }
 
-// x to a constant power; the platform's power function, not a number for a negative base.
+// x to a constant power; the platform's power function, NaN for a negative base unless the power is
+// an integer.
 template <typename X>
 X PowConst(X const& x, double c) {
   double const v = ValueOf(x);
@@ -272,7 +273,7 @@ X PowConst(X const& x, double c) {
     double const g2 = (c - 1.0) * g1 / v;
     return Compose(x, p, g1, g2, (c - 2.0) * g2 / v);
   } else {
-    // A derivative whose factor is 0 stays 0, though the power beside it may be infinite.
+    // A derivative whose factor is 0 stays 0, even though the power may be infinite.
     auto const term = [](double k, double e) { return k == 0.0 ? 0.0 : k * std::pow(0.0, e); };
     return Compose(x, p, term(c, c - 1.0), term(c * (c - 1.0), c - 2.0),
                    term(c * (c - 1.0) * (c - 2.0), c - 3.0));

@@ -1,5 +1,5 @@
-// The pure component bank: item, identity, constants, correlations. Structures and sources stand in
-// sources of their own.
+// The pure component bank: item, identity, constants, correlations. Structures and sources are in
+// separate files.
 #include "purecomp/pure_comp.h"
 
 #include <algorithm>
@@ -14,15 +14,15 @@
 namespace zel {
 namespace {
 
-// No fields by name; the block's length is that of the main record.
+// No named fields; the block has the length of the main record.
 constexpr FieldTable kFields(record::kMainWords);
 
 constexpr std::int32_t kMolarBasis = 1;
 
-// Correlations whose reference code can be reached: all but the last named one.
+// Correlations whose reference code can be accessed: all but the last named one.
 constexpr std::uint32_t kCorrelationsWithCode = 17;
 
-// GetCorrelation judges what it gives by these.
+// GetCorrelation checks its results against these.
 constexpr std::int32_t kLargestEquation = 100;
 constexpr std::int32_t kLargestUnit = 50999;
 constexpr std::int32_t kFirstTempUnit = 10;
@@ -256,7 +256,7 @@ ZelStatus PureComp_i::SetCorrelation(std::uint32_t index, std::int32_t equation,
   return kStatusOk;
 }
 
-// The records without a name can be reset and are reported as out of range all the same.
+// Records without a name can be reset but are still reported as out of range.
 ZelStatus PureComp_i::ResetCorrelation(std::uint32_t index) {
   if (index >= c_.correlations.size()) return kStatusFailed;
   c_.ResetCorrelation(static_cast<int>(index));

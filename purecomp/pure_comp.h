@@ -1,7 +1,7 @@
 // PureComp_i: the bank of type PURECOMP, one component in memory.
 //
-// Unlike other banks it has no fields by name, and an item lies in blocks of its own: the entry of
-// the bank's tree holds the address of the first. Reading merges, see IZelPureComp.
+// Unlike other banks it has no named fields, and an item has its own blocks: the entry of the
+// bank's tree holds the address of the first. Reading merges, see IZelPureComp.
 #pragma once
 
 #include <array>

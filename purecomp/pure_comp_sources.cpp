@@ -1,4 +1,5 @@
-// Where the data of a pure component came from: three lists, each given whole, flat, or by index.
+// Where the data of a pure component came from: three lists, each returned whole, flat, or by
+// index.
 #include <algorithm>
 
 #include "purecomp/pure_comp.h"

@@ -9,7 +9,7 @@
 namespace zel {
 namespace {
 
-// What a model without a structure of its own does.
+// What is returned for a model without its own structure.
 enum class Fallback : std::uint8_t { kNone, kConverted, kAsTheyAre };
 
 struct Model {
@@ -17,7 +17,7 @@ struct Model {
   std::span<GroupPair const> groups;
 };
 
-// By model number, as their keywords.
+// By model number, like the keywords.
 // clang-format off
 constexpr std::array<Model, kModels> kModelRows = {{
     {Fallback::kNone,      {}},
@@ -30,7 +30,7 @@ constexpr std::array<Model, kModels> kModelRows = {{
 }};
 // clang-format on
 
-// False when the table does not hold the group.
+// False when the table does not have the group.
 bool Convert(std::span<GroupPair const> groups, std::int32_t& id) noexcept {
   auto const found = std::find_if(groups.begin(), groups.end(),
                                   [&](GroupPair const& pair) { return pair.legacy == id; });

@@ -52,7 +52,7 @@ enum CorrelationWord : int {
 };
 inline constexpr std::uint32_t kMillion = 1000000;
 inline constexpr std::uint32_t kThousand = 1000;
-// Older layout: entries stand in blocks of 1000 words, at the directory's offsets.
+// Older layout: entries are in blocks of 1000 words, at the directory's offsets.
 inline constexpr int kOldBlockWords = 1000;
 
 }  // namespace zel::record

@@ -68,7 +68,7 @@ class Merge {
     }
   }
 
-  // A structure block must lie in a library of the same kind, or it counts as absent.
+  // A structure block must be in a library of the same kind, or it counts as absent.
   void CheckStructureReference(std::int32_t address) {
     std::int32_t const length = main_[r::kStructureLength];
     bool const good =
@@ -84,7 +84,7 @@ class Merge {
     c_.identitySourceFlags[which] = 0;
   }
 
-  // Taking a zero does not count as taking.
+  // Taking a zero does not count as new data.
   void TakeNumber(std::int32_t& own, r::MainWord word) {
     own = main_[static_cast<Index>(word)];
     if (own != 0) taken_ = true;
@@ -208,7 +208,7 @@ class Merge {
       }
       std::int32_t* words = &correlations_[static_cast<Index>(r::kCorrelationEntry * i)];
       std::copy_n(&table[static_cast<Index>(offset)], count, words);
-      // The count of coefficients stood in the directory.
+      // The count of coefficients was in the directory.
       auto const unit = static_cast<std::uint32_t>(words[r::kCountAndUnit]) % r::kMillion;
       auto const coefficients = static_cast<std::uint32_t>(count - r::kCoefficientsAt);
       words[r::kCountAndUnit] = static_cast<std::int32_t>(coefficients * r::kMillion + unit);

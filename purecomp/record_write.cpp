@@ -51,7 +51,7 @@ class Record {
     }
   }
 
-  // Whether a run made for `oldWords` words holds `words` words.
+  // True if a run allocated for `oldWords` words has room for `words` words.
   bool Holds(std::int32_t address, std::int32_t oldWords, std::int32_t words) const {
     std::int32_t const file = BlockAddress::Split(address).file;
     std::int32_t const size = library_.Store().BlockWords(file);
@@ -59,7 +59,7 @@ class Record {
     return (oldWords - 1) / size >= (words - 1) / size;
   }
 
-  // A block of an older item that is too short for the present layout is not written again: it
+  // A block of an older item that is too short for the present layout is not reused: the write
   // would run over its neighbour.
   void TakeOldAddresses(std::int32_t address) {
     std::array<std::int32_t, r::kMainWords> old{};

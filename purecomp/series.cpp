@@ -8,9 +8,9 @@ namespace zel {
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-// Powers that differ by less are one; thirds do not add up to whole numbers exactly.
+// Powers that differ by less are equal; thirds do not add up to whole numbers exactly.
 constexpr double kSamePower = 1e-9;
-// What is left of a sum is a rest of rounding when it is smaller than this beside what was added.
+// A sum is only rounding error when it is smaller than this relative to its terms.
 constexpr double kRounding = 1e-13;
 // Terms of an expansion: enough for powers down to a tenth.
 constexpr std::size_t kTerms = 32;
@@ -116,7 +116,7 @@ Series Series::Taylor(std::array<double, Count> const& g) const {
   return sum;
 }
 
-// The leading power to the c times (1 + the others beside it) to the c.
+// The leading term to the power c, times (1 + the others relative to it) to the power c.
 Series PowConst(Series const& x, double c) {
   if (x.count_ == 0) return {std::pow(0.0, c)};
   Series::Term const& first = x.terms_[0];

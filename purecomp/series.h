@@ -1,9 +1,9 @@
-// A number beside a point at which a root or a power begins: a sum of powers, not only whole ones,
-// of a small step above 0.
+// A number next to a point at which a root or a power begins: a sum of powers, not only whole ones,
+// of a small positive step.
 //
-// Where the argument of a root is 0 its slope is infinite, and a Jet ends in 0 times infinity
-// although what the form makes of it can have a limit. The same forms with this number type give
-// that limit. It is slow, and made only for points at which a Jet gives no number.
+// Where the argument of a root is 0 its slope is infinite, and a Jet yields 0 times infinity
+// although the result of the form may have a limit. The same forms with this number type yield that
+// limit. It is slow, and used only at points where a Jet yields NaN.
 #pragma once
 
 #include <array>
@@ -23,8 +23,8 @@ class Series {
 
   // The limit of the number itself, infinite with a negative power.
   double Value() const noexcept;
-  // The limit of a derivative with respect to the step, order 1 to 3: infinite where it grows
-  // beyond all bounds.
+  // The limit of a derivative with respect to the step, order 1 to 3: infinite where it is
+  // unbounded.
   double Derivative(int order) const noexcept;
   bool IsConstant() const noexcept {
     return count_ == 0 || (count_ == 1 && terms_[0].power == 0.0);
@@ -37,7 +37,7 @@ class Series {
   friend Series Abs(Series const& x);
   friend Series Cbrt(Series const& x);
 
-  // The sum of g[k] times the k-th power of what this number is beside its limit.
+  // The sum of g[k] times the k-th power of this number minus its limit.
   template <std::size_t Count>
   Series Taylor(std::array<double, Count> const& g) const;
 
@@ -50,7 +50,7 @@ class Series {
   bool LeadsNegative() const noexcept { return count_ > 0 && terms_[0].factor < 0.0; }
 
   static constexpr std::size_t kMost = 48;
-  std::array<Term, kMost> terms_;  // by rising power
+  std::array<Term, kMost> terms_;  // in ascending order of power
   std::size_t count_ = 0;
 };
 

@@ -19,7 +19,7 @@ struct PropertyRow {
   std::string_view label;
 };
 
-// Ends the rows that are written, and all rows.
+// Mark the end of the rows that are written, and of all rows.
 inline constexpr std::int32_t kEndOfWritten = -999;
 inline constexpr std::int32_t kEndOfRows = -9999;
 
@@ -73,7 +73,7 @@ inline constexpr PropertyRow kPropertyRows[] = {
 };
 // clang-format on
 
-// What SetCorrelation does with the basis it is given.
+// How SetCorrelation treats the basis that it is passed.
 enum class Basis : std::uint8_t { kNone, kAtLeastMolar };
 enum class Extrapolation : std::uint8_t { kLogarithmic, kLinear, kFails };
 

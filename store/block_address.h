@@ -8,13 +8,13 @@
 
 namespace zel {
 
-// A block address taken apart. As a word: type x 10,000,000 + file x 1,000,000 + block.
+// The parts of a block address. As a word: type x 10,000,000 + file x 1,000,000 + block.
 struct BlockAddress {
   std::int32_t type = 0;
   std::int32_t file = 0;
   std::int32_t block = 0;
 
-  // A word that is not positive has no parts: all come out 0.
+  // A word that is not positive has no parts: all are 0.
   static constexpr BlockAddress Split(std::int32_t word) noexcept {
     if (word <= 0) return {};
     auto const w = static_cast<std::uint32_t>(word);

@@ -1,7 +1,7 @@
-// Block errors: the exception, and what is remembered of it for BlockError.h.
+// Block errors: the exception, and what is recorded of it for BlockError.h.
 //
 // The exception is an `unsigned long` that holds the address word, and nothing else. File and
-// reason of the last one stand beside it, once per thread.
+// reason of the last one are kept separately, once per thread.
 #pragma once
 
 #include <cstdint>
@@ -11,12 +11,12 @@ namespace zel {
 
 enum class BlockFault : std::uint8_t {
   kUnknown,
-  kNotABlock,    // an address that no block of the library has
+  kNotABlock,    // not the address of a block of the library
   kReadOnly,     // a write to a library that is open for reading, or closed
   kNoRoom,       // an allocation in a library whose files are as long as they can be
   kNotWritten,   // a transfer that failed
   kNotRead,      // likewise
-  kBadNode,      // a tree node, or the links between nodes, that no writer leaves
+  kBadNode,      // a tree node, or links between nodes, that no writer produces
   kNotOccupied,  // a block to be freed that is free
   kEmptyTree     // a deletion from a tree without entries
 };

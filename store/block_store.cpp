@@ -32,7 +32,7 @@ std::int64_t WriteWords(platform::BlockFile& file, std::uint64_t offset, std::in
   return file.WriteAt(offset, swapped.data(), bytes);
 }
 
-// Reads and fills up with zeros what did not come.
+// Reads, and sets words that could not be read to zero.
 std::int64_t ReadWords(platform::BlockFile& file, std::uint64_t offset, std::int32_t* words,
                        std::size_t count) {
   std::size_t const bytes = count * format::kWordBytes;
@@ -155,7 +155,7 @@ BlockAddress BlockStore::CheckedForReading(std::int32_t address) const {
   return a;
 }
 
-// Header and block table are written by the flush alone: an address that names them is damage.
+// Header and block table are written only by the flush: a block address that names them is damage.
 BlockAddress BlockStore::CheckedForWriting(std::int32_t address) const {
   CheckWritable(address);
   BlockAddress const a = BlockAddress::Split(address);
@@ -233,7 +233,7 @@ bool BlockStore::IsCandidate(int number) const noexcept {
   return number <= fileCount_ && Slot(number).blockWords > 0;
 }
 
-// The file that wastes fewer words, each block counting 35 words more than it has.
+// The file that wastes fewer words, where each block counts 35 words more than it has.
 int BlockStore::FileForNewRun(std::int32_t words, std::int32_t fileChoice) const noexcept {
   if (!IsCandidate(2)) return 1;
   if (fileChoice == 1 || fileChoice == 2) return fileChoice;

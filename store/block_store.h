@@ -17,8 +17,8 @@
 namespace zel {
 
 // Blocks are fixed-size records, a size per file, numbered from 1. A run of blocks is addressed by
-// its first. Everything of a library rests on ReadBlock, WriteBlock and FreeBlock, which throw the
-// address for whatever cannot be a block of this library (see block_address.h).
+// its first block. Everything in a library is accessed through ReadBlock, WriteBlock and FreeBlock,
+// which throw the address when it cannot be a block of this library (see block_address.h).
 class BlockStore {
  public:
   enum State : std::uint8_t { kAbsent = 0, kPresent = 1, kOpen = 2 };
@@ -30,8 +30,8 @@ class BlockStore {
   bool FirstFileExists() { return system_->Exists(firstPath_); }
 
   // --- files -------------------------------------------------------------------------------
-  // Opens file `number`. An absent file is made if `create`, a present one is opened for reading
-  // in accRead or with `forceRead`, else for update.
+  // Opens file `number`. An absent file is created if `create`; a present one is opened for reading
+  // in accRead or with `forceRead`, otherwise for update.
   openErrors OpenFile(int number, bool create, bool forceRead);
   // Closes a file that is open; it counts as present.
   void CloseFile(int number) noexcept;
@@ -41,44 +41,44 @@ class BlockStore {
   // Declares a file of the header: its state unless the file is open, and its block size.
   void DeclareFile(int number, bool present, std::int32_t blockWords) noexcept;
   std::int32_t BlockWords(int number) const noexcept { return Slot(number).blockWords; }
-  // The library's type and number of files, by which addresses are tested.
+  // The library's type and number of files, against which addresses are checked.
   void SetIdentity(std::int32_t libType, std::int32_t fileCount) noexcept;
   std::int32_t LibType() const noexcept { return libType_; }
   std::int32_t FileCount() const noexcept { return fileCount_; }
   // Between these two the block operations work; outside they throw.
   void MarkOpen(bool open) noexcept;
   bool IsOpen() const noexcept { return open_; }
-  // Header and block table, which lie outside the block operations. The first file must be open.
-  // The read gives the bytes that came, the rest being zeros, and -1 when the transfer failed; the
-  // write is true when all went.
+  // Header and block table, which are outside the block operations. The first file must be open.
+  // The read returns the number of bytes read, the rest being zeros, or -1 when the transfer
+  // failed; the write returns true when all bytes were written.
   std::int64_t ReadPlain(std::int32_t block, std::int32_t words, std::int32_t* buffer);
   bool WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer);
-  // Rises with every block that is written or freed: who holds a copy of one compares.
+  // Increases with every block that is written or freed, so that holders of a copy can compare.
   std::uint64_t Changes() const noexcept { return changes_; }
-  // Rises when files are closed: what View gave before is gone.
+  // Increases when files are closed: pointers from View are then no longer valid.
   std::uint32_t Closings() const noexcept { return closings_; }
-  // Asks the system to put all open files on disk.
+  // Asks the system to write all open files to disk.
   bool FlushFiles();
 
   // --- blocks ------------------------------------------------------------------------------
   // See LibFile_p for the three operations.
   std::int32_t ReadBlock(std::int32_t address, std::int32_t words, std::int32_t* buffer);
-  // The same, but a transfer that fails throws the address. What lies behind the end of its file
-  // comes as zeros all the same. Gives the bytes that came.
+  // The same, but a transfer that fails throws the address. Words past the end of the file are
+  // still zeros. Returns the number of bytes read.
   std::int32_t ReadOrThrow(std::int32_t address, std::int32_t words, std::int32_t* buffer);
   std::int32_t WriteBlock(std::int32_t& address, std::int32_t words, std::int32_t const* buffer,
                           std::int32_t fileChoice);
   void FreeBlock(std::int32_t& address, std::int32_t words);
-  // Throws like FreeBlock where that would throw; gives the blocks that it would free.
+  // Throws where FreeBlock would throw; returns the number of blocks that it would free.
   std::int64_t CheckFreeable(std::int32_t address, std::int32_t words) const;
   // Throws `address` unless the store is open for update.
   void CheckWritable(std::int32_t address) const;
   // Throws the address, with the path of the file that holds the block, or would.
   [[noreturn]] void Throw(std::int32_t address, BlockFault fault) const;
   // A block run in place, for a library open for reading whose file is mapped; null otherwise, when
-  // some of it lies behind the end of the file, and for the first few calls: a host that opens,
-  // reads an item and closes is served sooner by copies than by a map. Stays valid until the file
-  // is closed. Throws like ReadBlock.
+  // part of it is past the end of the file, and for the first few calls: for a host that opens,
+  // reads an item and closes, copies are faster than a map. Valid until the file is closed. Throws
+  // like ReadBlock.
   std::int32_t const* View(std::int32_t address, std::int32_t words) {
     std::uint32_t const block =
         static_cast<std::uint32_t>(address) - static_cast<std::uint32_t>(nodeFile_.firstAddress);
@@ -87,15 +87,15 @@ class BlockStore {
     }
     return ViewOfAnyFile(address, words);
   }
-  // No more blocks than this hold anything: a bound for walks over damaged links.
+  // At most this many blocks hold anything: a bound for walks over damaged links.
   std::int64_t BlockBound() const noexcept;
-  // Blocks of one file that is open, the last one counted when only part of it is there, and its
-  // bytes; else 0.
+  // The blocks of one open file, a partial last block included, and its bytes; 0 for a file that is
+  // not open.
   std::int64_t BlocksInFile(int number) const noexcept;
   std::int64_t BytesInFile(int number) const noexcept;
 
-  // True where tree nodes and shorter runs get blocks of different files, as in every library made
-  // here: neither decides then where the other lies.
+  // True when tree nodes and shorter runs are allocated in different files, as in every library
+  // made here: neither then affects where the other is placed.
   bool NodesLieApart() const noexcept;
   ExtentList& Extents() noexcept { return extents_; }
   NodePool& Nodes() noexcept { return nodes_; }
@@ -107,8 +107,8 @@ class BlockStore {
     std::int32_t blockWords = 0;
   };
 
-  // The second file of a library open for reading, in place: where nearly all nodes lie. No blocks
-  // when it is not mapped or its blocks are no nodes.
+  // The second file of a library open for reading, in place: nearly all nodes are there. No blocks
+  // when it is not mapped or its blocks are not nodes.
   struct NodeFile {
     std::int32_t const* words = nullptr;
     std::int32_t firstAddress = 0;

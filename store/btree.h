@@ -1,28 +1,28 @@
 // On-file B-tree of fixed-width integer keys.
 //
-// A B-tree in the strict sense: entries (key words, then data words) live in inner nodes as well as
+// A B-tree in the strict sense: entries (key words, then data words) are in inner nodes as well as
 // in leaves, and a search can end in an inner node. Keys compare word by word as signed integers.
 //
 // The tree object keeps a chain of level buffers, one per level from the root down, each of which
-// remembers the node that it holds: the path of the last search. Find, Insert, Delete and the walk
-// share it as their position. In a library open for reading a buffer points at the node where it
-// lies in the mapped file; open for update it holds a copy of its own.
+// records the node that it holds: the path of the last search. Find, Insert, Delete and the walk
+// share it as their position. In a library open for reading a buffer points to the node in the
+// mapped file; in one open for update it holds its own copy.
 //
-// What holds between operations:
+// Invariants between operations:
 // - no node is in two buffers, and each buffer equals its block on file: a buffer whose block was
-//   written or freed by another way is forgotten, and a failed write drops the whole chain, as does
-//   the closing of the library's files, which ends position and walk;
+//   written or freed in another way is invalidated, and a failed write drops the whole chain, as
+//   does closing the library's files, which also ends position and walk;
 // - the root in the object equals the root in the head record.
 //
-// Costs: a search reads one node per level, none that the last path shares. Insert writes one node,
-// three per level that splits. Delete near the leaves writes one to two nodes; everything else, the
-// absent key included, rebuilds the tree.
+// Costs: a search reads one node per level, except those that it shares with the last path. Insert
+// writes one node, three per level that splits. Delete near the leaves writes one to two nodes;
+// everything else, including an absent key, rebuilds the tree.
 //
 // Damaged data: a node whose entry count is impossible, a path of more than 64 nodes, a walk or a
-// rebuild that visits more nodes than the files have blocks, and an unusable head end in the block
-// store's exception with the address at hand. A rebuild looks at the whole tree before it changes
-// anything. Two tree objects on one head do not see each other's writes; drop the first before the
-// second is made.
+// rebuild that visits more nodes than the files have blocks, and an unusable head throw the block
+// store's exception with the address in question. A rebuild checks the whole tree before it changes
+// anything. Two tree objects on one head do not see each other's writes; destroy the first before
+// making the second.
 #pragma once
 
 #include <cstdint>
@@ -49,31 +49,31 @@ class BTree_i {
 
   BTreeHead_i const& Head() const noexcept { return head_; }
 
-  // True with the entry's data when the key is there. Otherwise false, and the position stands at
-  // the leaf and place where the key belongs. Pointers into a node stay valid until the next
+  // True with the entry's data when the key is found. Otherwise false, and the position is the
+  // place in the leaf where the key belongs. Pointers into a node stay valid until the next
   // operation on this object.
   bool Find(std::int32_t const* key, std::int32_t const*& data);
   bool Find(Key* key, std::int32_t const*& data);
   // Inserts a bare key, its data words zero, at the position of the last failed Find, which becomes
-  // the position of the new entry. True when the tree grew a level. Does nothing and gives false
-  // when the last search succeeded, when there was none, and within a walk. Outside callers pass
-  // null links.
+  // the position of the new entry. True when the tree grew a level. Does nothing and returns false
+  // when the last search succeeded, when there was none, and within a walk. Callers outside the
+  // tree pass null links.
   bool Insert(std::int32_t const* key, std::int32_t left, std::int32_t right);
   bool Insert(Key* key, std::int32_t left, std::int32_t right);
-  // The same for an outside caller that has the data at hand: as many words as the entry's data.
-  // Key and data reach the file in one write.
+  // The same for a caller that has the data already: as many words as the entry's data. Key and
+  // data are written to the file in one write.
   bool InsertWithData(std::int32_t const* key, std::int32_t const* data);
   // True, also when the key is absent: the tree is then rebuilt with the same keys. Throws the null
-  // address on an empty tree. There is no position afterwards.
+  // address on an empty tree. Afterwards there is no position.
   bool Delete(std::int32_t const* key);
   bool Delete(Key* key);
-  // The data of the entry at the position, to be changed in place; false without one.
+  // The data of the entry at the position, for changes in place; false without a position.
   bool GetCurrentData(std::int32_t*& data);
-  // Writes the node of the entry at the position; false without one.
+  // Writes the node of the entry at the position; false without a position.
   bool WriteCurrentNode();
 
-  // In-order walk: gives key and data length (0 and 0 for an empty tree), then WalkNext gives entry
-  // after entry, key first. Other operations in between end the walk's meaning.
+  // In-order walk: WalkBegin returns key and data length (0 and 0 for an empty tree), then WalkNext
+  // returns entry after entry, key first. The walk is undefined after other operations in between.
   void WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords);
   bool WalkNext(std::int32_t const*& entry) {
     if (walkLeft_ > 0 && closings_ == store_.Closings() &&
@@ -96,7 +96,7 @@ class BTree_i {
  private:
   struct Level {
     std::int32_t address;       // of the node held, null for none
-    std::int32_t index;         // position: the current entry, or the one in front of the link
+    std::int32_t index;         // position: the current entry, or the one before the link
     std::int32_t const* words;  // the node, here or in place
     NodeImage* own;             // this level's copy, from the pool; null until needed
   };
@@ -151,7 +151,7 @@ class BTree_i {
   void MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey);
   struct NodeOnFile {
     std::int32_t address;
-    std::int32_t bytes;  // that a read of it gives
+    std::int32_t bytes;  // that a read of it returns
   };
   std::vector<NodeOnFile> NodesInBreadth();
   void CheckBlocksOf(std::vector<NodeOnFile> nodes) const;
@@ -161,14 +161,14 @@ class BTree_i {
   BlockStore& store_;
   std::uint32_t closings_;  // of the store, when the buffers were last known to be good
   BTreeHead_i head_;
-  int width_;               // words of an entry and the link behind it
+  int width_;               // words of an entry and the link after it
   int levels_ = 0;          // buffers made
   int current_ = kNoLevel;  // the position's level
   bool atEntry_ = false;    // the position is an entry, not a place between entries
   WalkState walk_ = WalkState::kEnded;
   std::int64_t walkVisits_ = 0;
   std::int64_t walkBound_ = 0;
-  // While the walk stands behind an entry: the link right of it, and the entries left in the node.
+  // While the walk is after an entry: the link right of it, and the entries left in the node.
   std::int32_t const* walkLink_ = nullptr;
   std::int32_t walkLeft_ = 0;
   Level level_[kMaxDepth];  // only the first levels_ are in use

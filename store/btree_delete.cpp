@@ -1,4 +1,4 @@
-// Deletion. A quick path serves the cases near the leaves; all others rebuild the tree.
+// Deletion. A fast path handles the cases near the leaves; all others rebuild the tree.
 #include <algorithm>
 
 #include "store/btree_write.h"
@@ -19,7 +19,7 @@ bool BTree_i::Delete(std::int32_t const* key) {
   return true;
 }
 
-// False where it cannot act, also when the key is absent; nothing has changed then.
+// False where it does not apply, also when the key is absent; nothing has then changed.
 bool BTree_i::DeleteNearLeaves(std::int32_t const* key) {
   std::int32_t const* data = nullptr;
   if (!Find(key, data)) return false;
@@ -31,7 +31,7 @@ bool BTree_i::DeleteNearLeaves(std::int32_t const* key) {
   return true;
 }
 
-// Takes the words of one entry and one link out of a node, from `firstWord` on.
+// Removes the words of one entry and one link from a node, from `firstWord` on.
 void BTree_i::DropFromNode(std::int32_t* node, int firstWord) const noexcept {
   int const count = node[f::kNodeCount];
   int const end = LinkAt(count) + 1;
@@ -40,9 +40,9 @@ void BTree_i::DropFromNode(std::int32_t* node, int firstWord) const noexcept {
   node[f::kNodeCount] = count - 1;
 }
 
-// The entry at the position, whose node is an inner one right above leaves. Leaves all lie at one
-// depth, each under one link; where damage has it otherwise the rebuild decides, which loses
-// nothing or throws.
+// Deletes the entry at the position, whose node is an inner node directly above leaves. All leaves
+// have the same depth, each under one link; where damage breaks that, the rebuild decides, which
+// loses nothing or throws.
 bool BTree_i::DeleteFromInner(Level& level) {
   int const p = level.index;
   std::int32_t* node = Own(level);

@@ -1,9 +1,9 @@
 // Report of a tree's structure, node by node in breadth-first order.
 //
-// Each child is numbered by its place in the list of nodes. A node that turns up a second time is
-// shown with its first number and not listed again; one that cannot be read counts 0 entries. The
-// list ends, whatever the links say: what lies outside the files has no links, and each block of
-// the files is listed once. A transfer from the files that failed is thrown when the report ends.
+// Each child is numbered by its place in the list of nodes. A node that occurs a second time is
+// shown with its first number and not listed again; one that cannot be read counts as 0 entries.
+// The list is finite whatever the links are: an address outside the files has no links, and each
+// block of the files is listed once. A failed transfer is thrown when the report is complete.
 #include <algorithm>
 #include <string>
 #include <unordered_map>
@@ -29,7 +29,7 @@ class TreeReport {
     List(head.rootAddress);
   }
 
-  // The node of number n, once more addresses are known than that.
+  // True when there is a node number n.
   bool Has(std::size_t n) const noexcept { return n < nodes_.size(); }
   std::int32_t AddressOf(std::size_t n) const noexcept { return nodes_[n]; }
   int Total() const noexcept { return total_; }
@@ -90,7 +90,7 @@ class TreeReport {
     for (std::int32_t i = 0; i < times; ++i) text += piece;
   }
 
-  // Number of a node, which is listed when it is new.
+  // The number of a node; a new node is added to the list.
   int List(std::int32_t address) {
     auto const [place, isNew] = numbers_.emplace(address, static_cast<int>(nodes_.size()));
     if (isNew) nodes_.push_back(address);
@@ -105,8 +105,8 @@ class TreeReport {
     }
   }
 
-  // The data columns run on behind an entry that holds one word only; behind the node's end they
-  // show zeros.
+  // The data columns continue past an entry that holds only one word; past the node's end they show
+  // zeros.
   void PrintEntry(std::int32_t const* node, int at) {
     std::fputs("  /", stream_);
     for (std::int32_t k = 0; k < keyWords_; ++k) std::fprintf(stream_, "%08d/", node[at + k]);
@@ -145,7 +145,7 @@ bool BTree_i::DumpTree(std::int32_t indent, std::FILE* stream, std::int32_t expe
       try {
         ReadNode(address, buffer.Words());
       } catch (unsigned long const error) {
-        readable = false;  // the report goes on with what it can see
+        readable = false;  // the report continues with what can be read
         if (FaultOf(error) == BlockFault::kNotRead) lost = address;
       }
       report.PrintNode(n, readable ? buffer.Words() : nullptr);

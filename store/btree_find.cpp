@@ -25,7 +25,7 @@ void BTree_i::CheckNode(std::int32_t const* words, std::int32_t address) const {
   if (count < 0 || count > NodeLimit()) store_.Throw(address, BlockFault::kBadNode);
 }
 
-// Gives the bytes that came; the others are zeros.
+// Returns the number of bytes read; the others are zeros.
 std::int32_t BTree_i::ReadNode(std::int32_t address, std::int32_t* words) {
   std::int32_t const bytes = store_.ReadOrThrow(address, format::kNodeWords, words);
   CheckNode(words, address);
@@ -91,8 +91,8 @@ void BTree_i::ForgetClosed() noexcept {
   closings_ = store_.Closings();
 }
 
-// False when more nodes were visited than the files have blocks. Files are opened as their blocks
-// are asked for, so the bound is taken anew before it counts.
+// False when more nodes were visited than the files have blocks. Files are opened when their blocks
+// are requested, so an exceeded bound is first updated.
 bool BTree_i::WithinBlocks(std::int64_t visits, std::int64_t& bound) const noexcept {
   if (visits > bound) bound = store_.BlockBound();
   return visits <= bound;
@@ -120,12 +120,12 @@ struct TwoWords {
 };
 
 // The last of `count` entries whose key is at most `key`, 0 when there is none. In each of three
-// rounds the key is compared with at most seven entries that lie 64, 8 and 1 apart. Their cache
-// lines do not wait for each other, which a binary search's do; out of the cache that is twice as
-// fast.
+// rounds the key is compared with at most seven entries that are 64, 8 and 1 apart. Their cache
+// lines are loaded independently of each other, unlike in a binary search; when the node is not in
+// the cache this is twice as fast.
 template <typename KeyForm>
 int LastNotAbove(std::int32_t const* entries, int width, int count, std::int64_t key) noexcept {
-  std::int32_t const* base = entries - width;  // entry 0, never looked at
+  std::int32_t const* base = entries - width;  // entry 0, never read
   int below = 0;
   for (int shift = count >= 64 ? 6 : 3; shift >= 0; shift -= 3) {
     int const probes = std::min((count - below) >> shift, 7);
@@ -144,7 +144,8 @@ int LastNotAbove(std::int32_t const* entries, int width, int count, std::int64_t
 
 }  // namespace
 
-// Index of the entry with the key; or, not found, of the last entry below it (0 for none).
+// The index of the entry with the key or, if there is none, of the last entry below it (0 for
+// none).
 int BTree_i::Search(std::int32_t const* words, std::int32_t const* key,
                     bool& found) const noexcept {
   std::int32_t const* entries = words + format::kNodeEntries;
@@ -188,8 +189,8 @@ bool BTree_i::Find(std::int32_t const* key, std::int32_t const*& data) {
     Level& level = Enter(k, address);
     bool found = false;
     level.index = Search(level.words, key, found);
-    // Equal keys of one node stand side by side only in a damaged one; what matters is above all
-    // that the search and the position agree.
+    // Equal keys are adjacent only in a damaged node; what matters there is that search and
+    // position agree.
     if (found) {
       current_ = k;
       atEntry_ = true;
@@ -210,7 +211,7 @@ bool BTree_i::GetCurrentData(std::int32_t*& data) {
   Level& level = level_[current_];
   std::int32_t const* before = level.words;
   data = Own(level) + EntryAt(level.index) + head_.keyWords;
-  if (walkLeft_ > 0) walkLink_ += level.words - before;  // the walk goes on in the copy
+  if (walkLeft_ > 0) walkLink_ += level.words - before;  // the walk continues in the copy
   return true;
 }
 

@@ -7,11 +7,11 @@ namespace zel {
 namespace f = format;
 
 namespace {
-// Capacity below 3 makes inner nodes without entries; no tree of a library has it.
+// A capacity below 3 would make inner nodes without entries; no tree of a library has one.
 constexpr std::int32_t kLeastCapacity = 3;
 constexpr std::int32_t kNodeBaseOffset = 2'000'000;
 
-// A decimal digit of the digit word, which is never negative but in a damaged record.
+// A decimal digit of the digit word, which is negative only in a damaged record.
 std::int32_t DigitOf(std::int32_t word, std::uint32_t divisor) noexcept {
   auto const bits = static_cast<std::uint32_t>(word);
   std::uint32_t const magnitude = word < 0 ? 0U - bits : bits;

@@ -55,12 +55,12 @@ bool BTree_i::InsertWhole(std::int32_t const* key, std::int32_t const* data, std
   bool grew = false;
   InsertEntry(current_, entry.data(), left, right, grew);
   guard.Done();
-  if (grew) ++current_;  // the new root's buffer has gone in front
+  if (grew) ++current_;  // the new root's buffer is now the first
   atEntry_ = true;
   return grew;
 }
 
-// Throws the root when the tree is as deep as it may be and every node of the path is full: the new
+// Throws the root when the tree has its greatest depth and every node of the path is full: the new
 // root must be refused before the first split is written.
 void BTree_i::CheckRoomToGrow(int level) const {
   if (level + 1 < kMaxDepth) return;
@@ -70,7 +70,8 @@ void BTree_i::CheckRoomToGrow(int level) const {
   if (full) store_.Throw(head_.rootAddress, BlockFault::kBadNode);
 }
 
-// Puts a whole entry into the node of a level, and what a split sends up into the levels above.
+// Inserts a whole entry into the node of a level, and the entries that splits move up into the
+// levels above.
 void BTree_i::InsertEntry(int level, std::int32_t const* entry, std::int32_t left,
                           std::int32_t right, bool& grew) {
   CheckRoomToGrow(level);
@@ -104,7 +105,8 @@ void BTree_i::PutIntoNode(Level& level, std::int32_t const* entry, std::int32_t 
   WriteLevel(level);
 }
 
-// Contents from link[0] on of the node with the entry added, one entry more than it has room for.
+// Builds the contents of the node from link[0] on with the entry added, one entry more than a node
+// has room for.
 void BTree_i::BuildContents(Level const& level, std::int32_t const* entry, std::int32_t left,
                             std::int32_t right, std::int32_t* contents) const noexcept {
   std::int32_t const* old = level.words + f::kNodeLinks;
@@ -132,15 +134,15 @@ void FillNode(std::int32_t* node, int width, std::int32_t count, std::int32_t pa
 
 }  // namespace
 
-// On return `entry`, `left` and `right` are what goes up. The new entry's node stays in the level's
-// buffer, under its old address, and the position moves along.
+// On return `entry`, `left` and `right` are those to insert one level up. The node with the new
+// entry stays in the level's buffer, under its old address, and the position follows it.
 void BTree_i::SplitNode(Level& level, std::int32_t* entry, std::int32_t& left,
                         std::int32_t& right) {
   std::array<std::int32_t, f::kNodeWords + f::kNodeWords> contents;
   BuildContents(level, entry, left, right, contents.data());
   int const c = level.words[f::kNodeCount] + 1;
   int const q = c / 4;
-  int const t = c - q == level.index + 1 ? 1 : 0;  // keeps the new entry from going up
+  int const t = c - q == level.index + 1 ? 1 : 0;  // keeps the new entry from moving up
   int const a = q + t;                             // entries of the right part
   int const b = c - a - 1;                         // entries of the left part
   std::int32_t const* rightContents = contents.data() + (b + 1) * width_;
@@ -167,13 +169,13 @@ void BTree_i::SplitNode(Level& level, std::int32_t* entry, std::int32_t& left,
     right = addedAddress;
     level.index += 1;
   }
-  // The entry between the parts goes up; its place is behind the left part's last link.
+  // The entry between the parts moves up; it is after the left part's last link.
   std::copy_n(contents.data() + b * width_ + 1, head_.entryWords, entry);
   WriteLevel(level);
 }
 
 void BTree_i::PutNewRoot(std::int32_t const* entry, std::int32_t left, std::int32_t right) {
-  if (levels_ == kMaxDepth) {  // the last buffer is behind the path: only a cache
+  if (levels_ == kMaxDepth) {  // the last buffer is past the path: only a cache
     Level const& last = level_[--levels_];
     if (last.own != nullptr) store_.Nodes().GiveBack(std::unique_ptr<NodeImage>(last.own));
   }
@@ -186,7 +188,7 @@ void BTree_i::PutNewRoot(std::int32_t const* entry, std::int32_t left, std::int3
   std::copy_n(entry, head_.entryWords, node + EntryAt(1));
   node[LinkAt(1)] = right;
   root.words = node;
-  // The chain takes the buffer before the write, so that a failure gives it back to the pool.
+  // The chain takes the buffer before the write, so that a failure returns it to the pool.
   std::copy_backward(level_, level_ + levels_, level_ + levels_ + 1);
   level_[0] = root;
   ++levels_;

@@ -1,5 +1,5 @@
-// The rebuild: every entry but the deleted one goes into a new tree, node by node in breadth-first
-// order, and each old node is freed as soon as its entries have moved.
+// The rebuild: every entry except the deleted one is inserted into a new tree, node by node in
+// breadth-first order, and each old node is freed as soon as its entries have moved.
 #include <algorithm>
 #include <unordered_set>
 
@@ -43,7 +43,7 @@ std::vector<BTree_i::NodeOnFile> BTree_i::NodesInBreadth() {
 void BTree_i::CheckBlocksOf(std::vector<NodeOnFile> nodes) const {
   std::sort(nodes.begin(), nodes.end(),
             [](NodeOnFile const& a, NodeOnFile const& b) { return a.address < b.address; });
-  std::int64_t free = 0;  // first address behind the node before
+  std::int64_t free = 0;  // first address after the previous node
   for (NodeOnFile const& node : nodes) {
     if (node.address < free) store_.Throw(node.address, BlockFault::kBadNode);
     free = node.address + store_.CheckFreeable(node.address, f::kNodeWords);
@@ -61,7 +61,7 @@ void BTree_i::Rebuild(std::int32_t const* deletedKey) {
   try {
     for (NodeOnFile const& node : nodes) {
       std::int32_t address = node.address;
-      // What does not come now must not pass for a node without entries.
+      // A failed read must not be taken for a node without entries.
       if (ReadNode(address, buffer.Words()) != node.bytes)
         store_.Throw(address, BlockFault::kNotRead);
       MoveEntries(buffer.Words(), deletedKey);
@@ -74,13 +74,13 @@ void BTree_i::Rebuild(std::int32_t const* deletedKey) {
   }
 }
 
-// Inserts the entries of an old node into the new tree, but for the deleted key.
+// Inserts the entries of an old node into the new tree, except the deleted key.
 void BTree_i::MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey) {
   for (int k = 1; k <= node[f::kNodeCount]; ++k) {
     std::int32_t const* entry = node + EntryAt(k);
     if (CompareKey(entry, deletedKey) == 0) continue;
     std::int32_t const* data = nullptr;
-    if (Find(entry, data)) continue;  // a damaged tree held the key twice
+    if (Find(entry, data)) continue;  // a damaged tree has the key twice
     bool grew = false;
     InsertEntry(current_, entry, f::kNullAddress, f::kNullAddress, grew);
   }

@@ -1,4 +1,4 @@
-// In-order walk without recursion: down at a link, out at an entry.
+// In-order walk without recursion: descends at a link, returns an entry after it.
 #include "store/btree.h"
 
 namespace zel {
@@ -33,7 +33,7 @@ bool BTree_i::WalkOn(std::int32_t const*& entry) {
   entry = nullptr;
   walkLeft_ = 0;
   if (walk_ == WalkState::kEnded) return false;
-  atEntry_ = false;  // also where a link on the way throws
+  atEntry_ = false;  // also when a link on the way throws
   for (;;) {
     Level& level = level_[current_];
     if (walk_ == WalkState::kAtLink) {

@@ -1,12 +1,12 @@
-// What the writing parts of the tree share.
+// Shared by the parts of the tree that write.
 #pragma once
 
 #include "store/btree.h"
 
 namespace zel {
 
-// A change that does not come to its end leaves buffers that may differ from the file: they are
-// forgotten, and the next search reads the file again.
+// After a change that does not complete, buffers may differ from the file: they are invalidated,
+// and the next search reads the file again.
 class BTree_i::ForgetOnFailure {
  public:
   explicit ForgetOnFailure(BTree_i& tree) noexcept : tree_(&tree) {}

@@ -7,8 +7,8 @@
 namespace zel {
 namespace {
 
-// The registry's rule: the digits in front of the check digit, numbered from the right, each times
-// its position, summed modulo 10.
+// The registry's rule: the sum modulo 10 of the digits before the check digit, each multiplied by
+// its position from the right.
 bool CheckDigitHolds(std::int32_t number) noexcept {
   std::int32_t sum = 0;
   std::int32_t position = 1;

@@ -12,13 +12,13 @@ bool LiesAhead(Extent const& a, Extent const& b) noexcept {
   return std::tie(a.size, a.file, a.address) > std::tie(b.size, b.file, b.address);
 }
 
-// Block number of an extent. That of a used-up tail may be one more than an address has digits for,
-// so it is not taken from the address's own digits.
+// Block number of an extent. That of an exhausted tail may be one more than an address has digits
+// for, so it is not read from the block digits.
 std::int64_t BlockOf(Extent const& e) noexcept {
   return e.address % format::kTypeFactor - std::int64_t{e.file} * format::kFileFactor;
 }
 
-// First block behind an extent; an open tail has none.
+// The first address after an extent; an open tail has none.
 std::int64_t EndOf(Extent const& e) noexcept {
   return e.size >= format::kOpenTail ? INT64_MAX : std::int64_t{e.address} + e.size;
 }
@@ -103,8 +103,9 @@ void ExtentList::GiveBack(std::int32_t address, std::int64_t blocks, std::int32_
   if (Overlaps(address, blocks, file)) ThrowBlockError(address, BlockFault::kNotOccupied);
   for (int i = 0; i < count_; ++i) {
     Extent& e = entries_[static_cast<std::size_t>(i)];
-    // A run that took over a tail is so long that an extent of the next file can stand at its end:
-    // that one goes as well, and its blocks are lost. Tails come first and cannot be met this way.
+    // A run that absorbed a tail is so long that an extent of the next file can be at its end: that
+    // extent is absorbed too, and its blocks are lost. Tails come first in the list and cannot be
+    // met this way.
     if (address + blocks == e.address) {
       blocks += e.size;
       e = {};

@@ -20,22 +20,23 @@ struct Extent {
 void MakeBlockTable(std::int32_t* table, std::int32_t libType) noexcept;
 
 // Best-fit allocation. The list is kept in descending order of size, then file, then address, has
-// at most 62 entries and room for one more, which only holds a freed run until the next sort: what
-// is then the smallest falls out, and its blocks are lost for good.
+// at most 62 entries and room for one more, which only holds a freed run until the next sort: the
+// smallest one is then dropped, and its blocks are lost for good.
 class ExtentList {
  public:
-  // Reads the block table (125 words). Entries that cannot be true - another library's type, a file
-  // that is not there, blocks outside a file, an overlap with an earlier entry - are dropped.
+  // Reads the block table (125 words). Impossible entries - another library's type, a missing file,
+  // blocks outside a file, an overlap with an earlier entry - are dropped.
   void Load(std::int32_t const* table, std::int32_t libType, std::int32_t fileCount) noexcept;
-  // Writes count, sizes and addresses into the block table; unused places become 0.
+  // Writes count, sizes and addresses into the block table; unused slots become 0.
   void Store(std::int32_t* table) const noexcept;
 
-  // Takes `blocks` blocks of a file from the smallest extent that has them; the address of the
-  // first, or the null address. A run never reaches behind block 999,999.
+  // Takes `blocks` blocks of a file from the smallest extent that has them; returns the address of
+  // the first, or the null address. A run never extends past block 999,999.
   std::int32_t Take(std::int32_t file, std::int64_t blocks) noexcept;
-  // Gives a run back, joining it with its neighbours in one pass over the list: two neighbours that
-  // meet late can stay apart until a later call joins them. Addresses alone tell neighbours. Throws
-  // the address when some of the blocks are free already.
+  // Returns a run, joining it with its neighbours in one pass over the list: two neighbours that
+  // become adjacent late in the pass can stay separate until a later call joins them. Neighbours
+  // are recognised by their addresses alone. Throws the address when some of the blocks are already
+  // free.
   void GiveBack(std::int32_t address, std::int64_t blocks, std::int32_t file);
 
   // True when some blocks of the run are free.

@@ -1,5 +1,5 @@
 // The numbers of the library file format. Sizes and offsets in 32-bit little-endian words unless
-// the name says bytes. All of them are part of the format: a change makes other files.
+// the name says bytes. All of them are part of the format: changing one changes the files.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@ namespace zel::format {
 
 inline constexpr int kWordBytes = 4;
 
-// Files name.lb1 to name.lb9; arrays by file number have an unused place 0.
+// Files name.lb1 to name.lb9; arrays indexed by file number have an unused element 0.
 inline constexpr int kMaxFiles = 9;
 inline constexpr int kFileSlots = kMaxFiles + 1;
 inline constexpr int kFilesOfNewLibrary = 2;
@@ -63,8 +63,8 @@ inline constexpr int kExtentCount = 0;
 inline constexpr int kExtentSizes = 1;
 inline constexpr int kExtentAddresses = 63;
 inline constexpr int kExtentsOnFile = 62;
-inline constexpr std::int32_t kOpenTail = 999'999;  // size of the endless extent at a file's end
-// Penalty per block, in words, when the file of a new run is chosen.
+inline constexpr std::int32_t kOpenTail = 999'999;  // size of the open-ended extent at a file's end
+// Penalty per block, in words, when choosing the file of a new run.
 inline constexpr std::int32_t kBlockPenalty = 35;
 
 // Tree heads: 8 words each, in the order bank directory, character ID tree, CAS tree.
@@ -78,7 +78,7 @@ inline constexpr int kCasKeyWords = 1;
 
 // Words of a bank directory entry.
 enum BankEntryWord : int {
-  kBankOldMark = 0,  // 1 in older files: the words up to the head hold something else
+  kBankOldMark = 0,  // 1 in older files: the words before the head hold something else
   kBankMemoWords = 2,
   kBankMemoAddress = 3,
   kBankHead = 8
@@ -86,7 +86,7 @@ enum BankEntryWord : int {
 
 // Head words.
 enum HeadWord : int {
-  kHeadDigits = 0,  // ones: storage kind; tens and hundreds are kept
+  kHeadDigits = 0,  // ones: storage kind; tens and hundreds are preserved
   kHeadNodeWords = 1,
   kHeadEntryWords = 2,
   kHeadKeyWords = 3,
@@ -96,7 +96,7 @@ enum HeadWord : int {
   kHeadRootAddress = 7
 };
 inline constexpr std::int32_t kStorageAddressed = 1;  // an entry's data is one word, an address
-inline constexpr std::int32_t kStorageInline = 2;     // the data stands in the entry
+inline constexpr std::int32_t kStorageInline = 2;     // the data is in the entry
 
 // Node words: count, parent, previous and next neighbour, link[0], then per entry its words and
 // the link right of it.

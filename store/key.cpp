@@ -75,8 +75,8 @@ void Key_i::SetKeyText(long count, char const* text) {
   SetKeyWords(count, words.data());
 }
 
-// Null for a position outside the key, and for a direct key: what stands in its places is of an
-// earlier use.
+// Null for a position outside the key, and for a direct key, whose places hold values of an earlier
+// use.
 Key_i::Place const* Key_i::PlaceAt(std::int32_t position) const {
   if (direct_ || position < 0 || position >= kPlaces) return nullptr;
   return &places_[static_cast<std::size_t>(position)];
@@ -94,7 +94,7 @@ void Key_i::GetCompCasn(std::int32_t position, casn& number) const {
 
 void Key_i::GetCompText(std::int32_t position, char* text) const {
   Place const* place = PlaceAt(position);
-  if (place != nullptr && place->kind == keyCas) return;  // left as it stands, on purpose
+  if (place != nullptr && place->kind == keyCas) return;  // left unchanged on purpose
   bool const isText = place != nullptr && place->kind == keyText;
   GiveText(isText ? place->id : "", text, sizeof place->id);
 }
@@ -142,7 +142,8 @@ bool Key_i::LookUp(LibFile* library, Place const& place, std::int32_t& number) {
   return found;
 }
 
-// A library of the host's own is asked first; the name index serves for what it does not know.
+// The host's own library is searched first, the name index only when that does not have the
+// component.
 bool Key_i::ResolvePlace(Place& place, LibFile* library, std::int32_t& word) {
   if (place.kind == keyNumber) word = place.number;
   if (place.kind != keyText && place.kind != keyCas) return true;

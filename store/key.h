@@ -1,4 +1,4 @@
-// Key_i: what the host gave, and the words that trees compare.
+// Key_i: the components that the host set, and the words that trees compare.
 #pragma once
 
 #include <array>
@@ -22,7 +22,7 @@ class Key_i final : public Key_p {
 
  public:
   static constexpr int kPlaces = 3;
-  // Stands for a component that was left out; sorts behind all real numbers.
+  // A component that was left out; sorts after all real numbers.
   static constexpr std::int32_t kWildcard = 0x7FFFFFFF;
 
   Key_i() = default;
@@ -70,14 +70,15 @@ class Key_i final : public Key_p {
   void SetKey(N first, N second) override { Set(first, second); }
   void SetKey(N first) override { Set(first); }
 
-  // One component as it was read, with the value that its kind names.
+  // One component as it was read; `kind` says which value is set.
   struct Part {
     std::int32_t kind = keyNone;
     long number = 0;
     char id[kMostName + 1] = {};
     casn cas;
   };
-  // The overload of SetKey for the kinds of these parts, at most kPlaces; nothing without any.
+  // Calls the overload of SetKey for the kinds of these parts, at most kPlaces; does nothing for
+  // none.
   void SetParts(std::span<Part const> parts);
 
   void ClearKey() override;
@@ -98,14 +99,14 @@ class Key_i final : public Key_p {
  private:
   using Words = std::array<std::int32_t, format::kMaxKeyWords>;
 
-  // Setting a component leaves the place's values of other kinds as they were: only the kind tells
-  // which one counts.
+  // Setting a component leaves the values of other kinds as they were: only the kind says which one
+  // is valid.
   struct Place {
     std::int32_t kind = keyNone;
     std::int32_t number = 0;
     char id[kMostName + 1] = {};
     casn cas;
-    std::int32_t cached = 0;  // number last got from the name index, 0 for none
+    std::int32_t cached = 0;  // number last found in the name index, 0 for none
   };
 
   template <typename... Parts>
@@ -127,7 +128,7 @@ class Key_i final : public Key_p {
   std::int32_t count_ = 0;
   std::array<Place, kPlaces> places_;
   // The words of a direct key as they were set. Each resolution starts from them, so that sorting
-  // for one bank does not hide from the next that the pair was given in the other order.
+  // for one bank does not hide from the next one that the pair was set in the other order.
   Words given_{};
   Words words_{};
 };

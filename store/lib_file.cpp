@@ -127,7 +127,7 @@ std::int32_t GetLostFlushes(char* path, unsigned long* address) {
 }
 
 LibFile_i::~LibFile_i() {
-  // The files are closed either way. What was lost is kept for GetLostFlushes.
+  // The files are closed either way. Losses are recorded for GetLostFlushes.
   try {
     LibFile_i::CloseLibFile();
   } catch (unsigned long address) {
@@ -191,7 +191,7 @@ void LibFile_i::GetPassword(std::int32_t& level, char* password) const {
 void LibFile_i::SetPassword(std::int32_t level, char const* password) {
   if (store_.Mode() == accRead || level < 0 || level > 2) return;
   header_[f::kPasswordLevel] = level;
-  // Through the packed form, so that what is shown is what will be on file.
+  // Through the packed form, so that the text shown is the one that will be on file.
   std::int32_t words[f::kPasswordWords];
   TextToWords(level == 0 ? std::string_view() : TextOrEmpty(password), words, f::kPasswordWords);
   WordsToText(words, f::kPasswordWords, texts_.password);

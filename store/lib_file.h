@@ -1,4 +1,4 @@
-// LibFile_i: one library - its files, header, tree heads and the three trees of its own.
+// LibFile_i: one library - its files, header, tree heads and its own three trees.
 #pragma once
 
 #include <array>
@@ -26,8 +26,9 @@ class LibFile_i final : public LibFile_p {
   LibFile_i& operator=(LibFile_i const&) = delete;
   ~LibFile_i() override;
 
-  // The work behind NewLibFile and OpenLibFile, on any file system. `type` is set as soon as the
-  // header is known to be good. OpenExisting can throw (see LibFile); it has closed its files then.
+  // The implementation of NewLibFile and OpenLibFile, on any file system. `type` is set as soon as
+  // the header is known to be good. OpenExisting can throw (see LibFile); its files are then
+  // closed.
   openErrors CreateNew(libTypes type);
   struct Password {
     bool tested;
@@ -37,7 +38,7 @@ class LibFile_i final : public LibFile_p {
 
   BlockStore& Store() noexcept { return store_; }
 
-  // Who is told of items that a walk passes over since they cannot be read; null: the walk throws.
+  // Receives the items that a walk skips because they cannot be read; null: the walk throws.
   ZelFindingSink* ItemFindings() const noexcept { return itemFindings_; }
   void SetItemFindings(ZelFindingSink* sink) noexcept { itemFindings_ = sink; }
 
@@ -75,7 +76,7 @@ class LibFile_i final : public LibFile_p {
   void GetHeaderBlocks(std::int32_t const** header, std::int32_t const** blockTable,
                        std::int32_t const** treeHeads) override;
 
-  // A head of the library's own trees as it stands now: 0 the bank directory, 1 the character IDs,
+  // The current head of one of the library's own trees: 0 the bank directory, 1 the character IDs,
   // 2 the CAS numbers.
   using TreeHead = std::array<std::int32_t, format::kHeadWords>;
   TreeHead HeadOf(int tree) const noexcept;
@@ -87,7 +88,7 @@ class LibFile_i final : public LibFile_p {
   friend class NameIndexUse;
   using HeaderImage = std::array<std::int32_t, format::kHeaderWords>;
   using TreeHeads = std::array<std::int32_t, format::kTreeHeadsWords>;
-  // Texts of the header as the host sees them.
+  // The texts of the header in the form that the host sees.
   struct Texts {
     char creatorTag[4 * format::kCreatorTagWords + 1] = {};
     char version[4 * format::kVersionWords + 1] = {};
@@ -125,15 +126,16 @@ class LibFile_i final : public LibFile_p {
   std::optional<BTree_i> bankTree_;
   std::optional<BTree_i> idTree_;
   std::optional<BTree_i> casTree_;
-  // The entry that FindBank gave, where the directory's nodes are read in place.
+  // The entry returned by FindBank, where the directory's nodes are read in place.
   std::array<std::int32_t, format::kBankDataWords> foundEntry_{};
 
   static std::recursive_mutex nameIndexBusy_;
   static std::atomic<LibFile*> nameIndex_;
-  static std::atomic<LibFile*> closedNameIndex_;  // held that role when it was closed
+  static std::atomic<LibFile*> closedNameIndex_;  // the name index when it was closed
 };
 
-// The name index while it is asked. All threads fall back on that one library, so they take turns.
+// Access to the name index during a look-up. All threads fall back on that one library, so they
+// take turns.
 class NameIndexUse {
  public:
   NameIndexUse() : lock_(LibFile_i::nameIndexBusy_, std::defer_lock) {

@@ -18,7 +18,7 @@ bool Fits(char const* type, char const* name) noexcept {
   return TextOrEmpty(type).size() <= kMostName && TextOrEmpty(name).size() <= kMostName;
 }
 
-// Older files: what stands ahead of the head there is no memo.
+// In older files the words before the head are not a memo.
 void RepairEntry(std::int32_t* entry) noexcept {
   if (entry[f::kBankOldMark] == 1) std::fill_n(entry, f::kBankHead, 0);
   if (entry[f::kBankMemoWords] == 0) entry[f::kBankMemoWords] = f::kMemoWordsDefault;
@@ -27,14 +27,14 @@ void RepairEntry(std::int32_t* entry) noexcept {
 
 }  // namespace
 
-// Its entries have the words that everything here relies on.
+// True when its entries have the words that everything here relies on.
 bool LibFile_i::DirectoryIsSound() const noexcept {
   return bankTree_ && bankTree_->Head().keyWords == f::kBankKeyWords &&
          bankTree_->Head().entryDataWords == f::kBankDataWords;
 }
 
-// The order of the two searches is relied on: a failure leaves the directory's position at the key
-// with `marker`, which is where CreateBank then inserts.
+// The order of the two searches matters: a failure leaves the directory's position at the key with
+// `marker`, where CreateBank then inserts.
 bool LibFile_i::FindBank(char const* type, char const* name, std::int32_t const*& entry,
                          bool marker) {
   if (!DirectoryIsSound() || !Fits(type, name)) return false;
@@ -46,7 +46,8 @@ bool LibFile_i::FindBank(char const* type, char const* name, std::int32_t const*
     if (!bankTree_->Find(key, data)) return false;
   }
   if (store_.Mode() == accUpdate) {
-    std::int32_t* own = nullptr;  // the node buffer's, so that a later write of the node has it
+    std::int32_t* own = nullptr;  // in the node buffer, so that a later write of the node includes
+                                  // it
     bankTree_->GetCurrentData(own);
     RepairEntry(own);
     entry = own;

@@ -14,7 +14,7 @@ namespace f = format;
 
 namespace {
 
-constexpr std::size_t kShortestPath = 5;  // as the host gives it
+constexpr std::size_t kShortestPath = 5;  // as passed by the host
 constexpr std::string_view kExtension = ".lb1";
 constexpr std::int32_t kMinBlockWordsOfFile1 = f::kHeaderWords;
 
@@ -71,8 +71,8 @@ openErrors LibFile_i::CreateNew(libTypes type) {
   return openOk;
 }
 
-// What the rest relies on: a file count of 1 to 9, a first file whose blocks hold header and table,
-// block sizes that place every block.
+// True when the header has what everything else relies on: a file count of 1 to 9, a first file
+// whose blocks hold header and table, block sizes that place every block.
 bool LibFile_i::HeaderIsGood() const noexcept {
   std::int32_t const files = header_[f::kFileCount];
   bool const hasSecond = files >= 2 && header_[f::kFileState + 2] != 0;
@@ -97,7 +97,7 @@ void LibFile_i::UnpackHeader() noexcept {
   texts_.reservedB = header_[f::kReservedB];
 }
 
-// Opens file 1, reads and judges the header, and opens file 2 if the header declares it.
+// Opens file 1, reads and checks the header, and opens file 2 if the header declares it.
 openErrors LibFile_i::OpenFiles(bool forceRead, libTypes* type) {
   store_.DeclareFile(1, true, f::kBlockWordsOfFile1);
   openErrors error = store_.OpenFile(1, false, forceRead);
@@ -118,8 +118,8 @@ openErrors LibFile_i::TestPassword(Password password) const noexcept {
   return needed ? openPasswordNeeded : openOk;
 }
 
-// What lies behind the end of a file counts as zeros. A transfer that failed does not: a flush
-// would later write the zeros over what is on file. False then.
+// Words past the end of a file count as zeros. A failed transfer does not, since a flush would
+// later write the zeros over the data on file: then returns false.
 bool LibFile_i::LoadTablesAndHeads() {
   if (store_.ReadPlain(f::kBlockTableBlock, f::kHeaderWords, blockTable_.data()) < 0 ||
       store_.ReadBlock(header_[f::kTreeHeadsAddress], f::kTreeHeadsWords, heads_.data()) < 0) {
@@ -136,14 +136,14 @@ bool LibFile_i::LoadTablesAndHeads() {
 }
 
 openErrors LibFile_i::RunOpenSteps(Password password, libTypes* type) {
-  // The first look never asks for write access.
+  // The first open never requests write access.
   openErrors error = OpenFiles(true, type);
   if (error == openOk) error = TestPassword(password);
   if (error != openOk) return error;
   if (store_.Mode() == accUpdate) {
     store_.CloseFile(1);
     store_.CloseFile(2);
-    // Another writer may have come between: the header is read again under the exclusive lock.
+    // Another writer may have intervened: the header is read again under the exclusive lock.
     error = OpenFiles(false, type);
     if (error != openOk) return error;
   }
@@ -195,7 +195,7 @@ openErrors LibFile_i::ReopenLibFile() {
 
 namespace {
 
-// A library made by a factory; ends with it unless the factory succeeds.
+// A library made by a factory; destroyed unless the factory succeeds.
 struct Deleter {
   void operator()(LibFile_i* library) const { delete library; }
 };
@@ -204,7 +204,7 @@ using OwnedLibrary = std::unique_ptr<LibFile_i, Deleter>;
 LibFile* Open(accModes mode, char const* path, std::string_view name, char const* password,
               openErrors& error, libTypes* type) {
   OwnedLibrary library(new LibFile_i(platform::PosixFileSystem(), mode, path, name));
-  error = openFailed;  // stays when the open throws
+  error = openFailed;  // remains when the open throws
   error = library->OpenExisting({true, TextOrEmpty(password)}, type);
   return error == openOk ? library.release() : nullptr;
 }

@@ -8,12 +8,12 @@
 
 namespace zel {
 
-// Reads a memo of `words` words, as the file has them (anything outside 0..1000 is cut to that),
-// into a buffer of 4000 characters; empty when the address is null.
+// Reads a memo of `words` words, as stated by the file (clamped to 0..1000), into a buffer of 4000
+// characters; empty when the address is null.
 void ReadMemo(BlockStore& store, std::int32_t address, std::int32_t words, char* memo);
 
-// Writes at most 3999 characters, zeros behind them; a null address is allocated. Throws the
-// address when the transfer fails, and `address` is then as it was.
+// Writes at most 3999 characters, then zeros; for a null address a run is allocated. Throws the
+// address when the transfer fails, and leaves `address` as it was.
 void WriteMemo(BlockStore& store, std::int32_t& address, std::int32_t words, std::string_view memo);
 
 }  // namespace zel

@@ -1,4 +1,4 @@
-// Images of tree nodes, reused: a warm search allocates none.
+// Images of tree nodes, reused, so that a warm search allocates none.
 #pragma once
 
 #include <array>
@@ -13,8 +13,8 @@ namespace zel {
 
 using NodeImage = std::array<std::int32_t, format::kNodeWords>;
 
-// Free list of one library. A NodeBuffer takes an image when made and gives it back when it ends,
-// so the pool must outlive its buffers. Images come with whatever they held.
+// The free list of one library. A NodeBuffer takes an image when constructed and returns it when
+// destroyed, so the pool must outlive its buffers. Images are not cleared.
 class NodePool {
  public:
   std::unique_ptr<NodeImage> Take() {
@@ -29,7 +29,7 @@ class NodePool {
       try {
         free_.reserve(kKept);
       } catch (std::bad_alloc const&) {
-        return;  // the image is simply freed
+        return;  // the image is then just freed
       }
     }
     free_.push_back(std::move(image));

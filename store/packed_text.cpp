@@ -23,7 +23,7 @@ constexpr std::array<char, kBase> MakeCharacters() {
 
 constexpr std::array<char, kBase> kCharacters = MakeCharacters();
 
-// Index by unsigned character; 0 (the blank) for all that is not in the table.
+// Index by unsigned character; 0 (the blank) for characters outside the table.
 constexpr std::array<std::uint8_t, 256> MakeIndexes() {
   std::array<std::uint8_t, 256> table{};
   for (std::size_t i = 1; i < kBase; ++i) {
@@ -36,7 +36,7 @@ constexpr std::array<std::uint8_t, 256> MakeIndexes() {
 
 constexpr std::array<std::uint8_t, 256> kIndexes = MakeIndexes();
 
-// Character `at` of the text as it goes on file: blanks behind its end and for control characters.
+// Character `at` of the text as stored on file: blanks past its end and for control characters.
 unsigned char FileCharacter(std::string_view text, std::size_t at) noexcept {
   if (at >= text.size()) return ' ';
   auto const c = static_cast<unsigned char>(text[at]);
@@ -72,7 +72,7 @@ void TextToRawWords(std::string_view text, std::int32_t* words, int n) noexcept 
 }
 
 void WordsToText(std::int32_t const* words, int n, char* text) noexcept {
-  // Unsigned: raw text whose fourth byte is 128 or more gives a negative word and is raw too.
+  // Unsigned: raw text whose fourth byte is 128 or more yields a negative word and is raw too.
   bool const coded = n > 0 && static_cast<std::uint32_t>(words[0]) <= kLargestCoded;
   char* out = text;
   for (int i = 0; i < n; ++i) {

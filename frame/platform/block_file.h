@@ -1,8 +1,8 @@
 // The seam between the block store and the system's files.
 //
-// The store reaches every file through a BlockFile, and makes BlockFiles through a FileSystem that
-// is passed in. PosixFileSystem() is the real one; tests bring versions in memory, failing at the
-// n-th operation, and recording.
+// The store reaches every file through a BlockFile, and opens BlockFiles through a FileSystem that
+// is passed in. PosixFileSystem() is the real one; tests supply file systems in memory, ones that
+// fail at the n-th operation, and ones that record.
 #pragma once
 
 #include <cstddef>
@@ -16,8 +16,8 @@ enum class OpenOutcome { kOk, kNotFound, kDenied, kFailed };
 
 enum class OpenMode {
   kRead,    // existing file, read only; other readers may hold it, no writer may
-  kUpdate,  // existing file, read and write; nobody else may hold it
-  kCreate   // as kUpdate, made when missing, never truncated; owner may read and write
+  kUpdate,  // existing file, read and write; no one else may hold it
+  kCreate   // as kUpdate, created when missing, never truncated; accessible to its owner only
 };
 
 class BlockFile {
@@ -25,21 +25,21 @@ class BlockFile {
   BlockFile() = default;
   BlockFile(BlockFile const&) = delete;
   BlockFile& operator=(BlockFile const&) = delete;
-  // Closes: cuts a file open for update to its true length and lets the lock go.
+  // Closes: cuts a file open for update to its true length and releases the lock.
   virtual ~BlockFile() = default;
 
   // Bytes transferred (fewer at the end of the file), -1 when the transfer failed.
   virtual std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) = 0;
-  // Bytes transferred, -1 when the transfer failed. Writing behind the end makes the file longer;
-  // a gap reads as zeros.
+  // Bytes transferred, -1 when the transfer failed. Writing past the end extends the file; a gap
+  // reads as zeros.
   virtual std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) = 0;
-  // The bytes in place when all of the range lies inside the file and the file is mapped; null
-  // otherwise. The address of a byte does not change while the file is open, and a later WriteAt
-  // shows through it.
+  // The bytes in place when the whole range is inside the file and the file is mapped; null
+  // otherwise. The address of a byte does not change while the file is open, and a later WriteAt is
+  // visible through it.
   virtual std::byte const* View(std::uint64_t offset, std::size_t count) const noexcept = 0;
   // True length in bytes.
   virtual std::uint64_t Size() const noexcept = 0;
-  // Cuts the file to its true length and asks the system to put it on disk. False when that failed.
+  // Cuts the file to its true length and asks the system to write it to disk. False on failure.
   virtual bool Flush() = 0;
 };
 
@@ -60,11 +60,11 @@ class FileSystem {
 };
 
 // The system's files. Opening takes an advisory lock on the whole file, bound to this open (not to
-// the process), without waiting: shared for kRead, exclusive otherwise; a lock that is not free is
-// kDenied, in this process as in another. Files are mapped where the system allows it.
+// the process), without waiting: shared for kRead, exclusive otherwise; a lock that is already
+// held, by this process or another, yields kDenied. Files are mapped where the system allows it.
 FileSystem& PosixFileSystem();
-// The same without the request to put files on disk at a flush; for benchmarks, whose peers do not
-// sync either.
+// The same without the request to write files to disk at a flush; for benchmarks, whose peers do
+// not sync either.
 FileSystem& PosixFileSystemWithoutSync();
 
 }  // namespace zel::platform

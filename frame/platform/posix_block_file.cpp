@@ -1,12 +1,13 @@
 // Files of the system, mapped into memory.
 //
-// A file open for reading is mapped as long as it is, when a view is asked for or it is read more
-// than a few times: for the few reads of an open, a map costs more than it saves. A file open for
-// update gets the largest range that a file of tree nodes can have, once, so that addresses stay. A
-// write goes through the map only where the disk is known to have room, since a full disk would
-// show there as a signal: the room is asked for in growing steps, and the file is cut to its true
-// length at a flush and at the end. Without a map, in files with large holes, which stay holes, and
-// on file systems that cannot give room ahead, positioned reads and writes serve.
+// A file open for reading is mapped at its full length when a view is requested or after more than
+// a few reads: for the few reads that opening a library takes, a map costs more than it saves. A
+// file open for update is mapped once, with the largest range that a file of tree nodes can have,
+// so that addresses do not change. A write goes through the map only where the disk is known to
+// have room, since a full disk would raise a signal there: room is allocated in growing steps, and
+// the file is cut to its true length at a flush and when it is closed. Without a map, in files with
+// large holes, which stay holes, and on file systems that cannot allocate room in advance,
+// positioned reads and writes are used.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -40,9 +41,9 @@ OpenOutcome OutcomeOf(int error) noexcept {
     case EROFS:
     case EISDIR:
     case ETXTBSY:
-    case EAGAIN:                               // a lock that is not free
+    case EAGAIN:                               // a lock that is already held
     case ENXIO:                                // a socket
-    case ENODEV: return OpenOutcome::kDenied;  // a device that is not there
+    case ENODEV: return OpenOutcome::kDenied;  // a missing device
     default: return OpenOutcome::kFailed;
   }
 }
@@ -76,7 +77,7 @@ class PosixBlockFile final : public BlockFile {
       return ::pread(file_.Get(), static_cast<std::byte*>(to) + done, count - done,
                      static_cast<off_t>(offset + done));
     });
-    // All of it lies inside the file: what comes in part did not come.
+    // The whole range is inside the file: a partial read is a failed read.
     return got == static_cast<std::int64_t>(count) ? got : -1;
   }
 
@@ -84,7 +85,7 @@ class PosixBlockFile final : public BlockFile {
     if (!writable_ || offset > kLargestOffset || count > kLargestOffset - offset) return -1;
     if (count == 0) return 0;
     std::uint64_t const end = offset + count;
-    // Damage can ask for a write far behind the end: the gap stays a hole and takes no room.
+    // Damaged data can request a write far past the end: the gap stays a hole and takes no room.
     if (offset > size_ && offset - size_ > kLargestStep) mapWrites_ = false;
     if (mapWrites_ && end <= range_ && EnsureMap()) {
       if (end <= backed_ || MakeRoom(end)) {
@@ -152,9 +153,9 @@ class PosixBlockFile final : public BlockFile {
     return true;
   }
 
-  // Room on disk for all bytes up to `end`: a step ahead when there is as much, else just enough.
-  // Also what lies inside the file already may need room, where it was never written. Turns writes
-  // through the map off when the file system cannot do this.
+  // Allocates room on disk for all bytes up to `end`: a step ahead if the disk has that much,
+  // otherwise just enough. Bytes inside the file may need room too, where they were never written.
+  // Turns writes through the map off when the file system cannot do this.
   bool MakeRoom(std::uint64_t end) noexcept {
     std::uint64_t const step = std::clamp(backed_, kLeastStep, kLargestStep);
     std::uint64_t const ahead = std::min(std::max(end, backed_ + step), range_);
@@ -167,14 +168,14 @@ class PosixBlockFile final : public BlockFile {
         mapWrites_ = false;
         return false;
       }
-      // What the disk has no room for may have made the file longer all the same.
+      // A failed allocation may still have extended the file.
       onDisk_ = std::max(onDisk_, upTo);
       if (made) {
         backed_ = upTo;
         return true;
       }
     }
-    CutToSize();  // gives the room back that is not needed
+    CutToSize();  // returns the room that is not needed
     return false;
   }
 
@@ -183,8 +184,8 @@ class PosixBlockFile final : public BlockFile {
   bool sync_;
   bool mapWrites_;
   std::uint64_t size_;        // true length
-  std::uint64_t onDisk_;      // the most that the file may be now, with the room made ahead
-  std::uint64_t backed_ = 0;  // bytes in front of this have their room on disk
+  std::uint64_t onDisk_;      // upper bound of the present length, with the room allocated ahead
+  std::uint64_t backed_ = 0;  // bytes before this have room on disk
   std::uint64_t range_;       // bytes that a map spans
   int plainReads_ = 0;
   mutable bool mapRefused_ = false;
@@ -206,7 +207,7 @@ class PosixFiles final : public FileSystem {
     if (file.Get() < 0) return {OutcomeOf(errno), nullptr};
     bool const locked = LockWithoutWaiting(file.Get(), writable);
     OpenOutcome const lockOutcome = OutcomeOf(errno);
-    struct stat info {};  // asked for under the lock, so that the length is no writer's of before
+    struct stat info {};  // under the lock, so that no writer changes the length
     if (::fstat(file.Get(), &info) != 0) return {OpenOutcome::kFailed, nullptr};
     if (!S_ISREG(info.st_mode)) return {OpenOutcome::kDenied, nullptr};
     if (!locked) return {lockOutcome, nullptr};
@@ -217,8 +218,8 @@ class PosixFiles final : public FileSystem {
   }
 
  private:
-  // Whether so much of the file was never written that room on disk for all of it is too much to
-  // ask for.
+  // True if so much of the file was never written that allocating room on disk for all of it would
+  // be too much.
   static bool HasHoles(struct stat const& file) noexcept {
     constexpr std::uint64_t kUnit = 512;  // of st_blocks
     auto const size = static_cast<std::uint64_t>(file.st_size);
@@ -226,8 +227,8 @@ class PosixFiles final : public FileSystem {
     return size > held && size - held > kLargestStep;
   }
 
-  // False when somebody who held the lock has put another file in the place between the open and
-  // the lock: what is written to the one of before would be lost.
+  // False when a previous holder of the lock replaced the file between the open and the lock:
+  // writes to the replaced file would be lost.
   static bool IsAt(std::string const& path, struct stat const& opened) noexcept {
     struct stat there {};
     return ::stat(path.c_str(), &there) == 0 && there.st_dev == opened.st_dev &&
@@ -235,7 +236,7 @@ class PosixFiles final : public FileSystem {
   }
 
   static int OpenDescriptor(std::string const& path, OpenMode mode) noexcept {
-    // Non-blocking, so that a pipe in the place of a library does not hold the host up.
+    // Non-blocking, so that a pipe in place of a library does not block the host.
     constexpr int kAlways = O_CLOEXEC | O_NONBLOCK;
     auto const open = [&](int flags) {
       return Retry([&] { return ::open(path.c_str(), flags | kAlways, S_IRUSR | S_IWUSR); });
@@ -243,7 +244,7 @@ class PosixFiles final : public FileSystem {
     if (mode == OpenMode::kUpdate) return open(O_RDWR);
     if (mode == OpenMode::kCreate) return open(O_RDWR | O_CREAT);
 #ifdef O_NOATIME
-    // A reader leaves no trace; only the file's owner may ask for that.
+    // A reader does not change the access time; only the file's owner may request that.
     int const fd = open(O_RDONLY | O_NOATIME);
     if (fd >= 0 || errno != EPERM) return fd;
 #endif

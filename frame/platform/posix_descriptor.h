@@ -12,7 +12,7 @@
 
 namespace zel::platform {
 
-// The outcome of a call that a signal may have cut short.
+// The result of a call, which is repeated while signals interrupt it.
 template <typename Call>
 auto Retry(Call const& call) noexcept {
   auto result = call();
@@ -20,13 +20,13 @@ auto Retry(Call const& call) noexcept {
   return result;
 }
 
-// A call that may make a file longer than the process's limit (RLIMIT_FSIZE) fails with EFBIG then,
-// and the system sends SIGXFSZ besides, which ends a host that has not prepared for it. What the
-// host does with the signal is its own affair and shared by its threads, so it stays as it is: the
-// signal is blocked for this thread during the call, and taken back where the call has raised it.
-// It is sent to the thread that made the call, so nobody else gets it meanwhile. To compare with
-// the limit beforehand would not do: another thread or program can lower it in between. A signal
-// that waited before, because the host had blocked it, is left to wait.
+// A call that would make a file longer than the process's limit (RLIMIT_FSIZE) fails with EFBIG,
+// and the system also sends SIGXFSZ, which ends a host that does not handle it. The signal's
+// disposition belongs to the host and is shared by its threads, so it is not changed: the signal is
+// blocked for this thread during the call, and consumed if the call raised it. It is sent to the
+// thread that made the call, so no other thread can receive it meanwhile. Comparing with the limit
+// in advance is not enough: another thread or program can lower it in between. A signal that was
+// already pending, because the host had blocked it, stays pending.
 template <typename Call>
 auto WithoutSizeSignal(Call const& call) noexcept {
   sigset_t size;
@@ -51,8 +51,8 @@ auto WithoutSizeSignal(Call const& call) noexcept {
   return result;
 }
 
-// Bound to this open, not to the process: a lock of the process kind would not hold against another
-// open of the same process, and would fall at any close.
+// The lock belongs to this open, not to the process: a process-wide lock would not exclude another
+// open in the same process, and would be released at any close.
 inline bool LockWithoutWaiting(int fd, bool exclusive) noexcept {
 #ifdef F_OFD_SETLK
   struct flock lock {};
@@ -77,7 +77,7 @@ class Descriptor {
     if (fd_ >= 0) ::close(fd_);
   }
   int Get() const noexcept { return fd_; }
-  // Hands the file over: the owner closes it no more.
+  // Gives up ownership: the destructor no longer closes the file.
   int Release() noexcept { return std::exchange(fd_, -1); }
 
  private:

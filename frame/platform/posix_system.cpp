@@ -1,4 +1,4 @@
-// Services of the system, where it is a POSIX one.
+// Services of a POSIX system.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -50,7 +50,7 @@ void SetEnvironment(char const* name, std::string const& value) {
 
 namespace {
 
-// The variable's value, or the folder below the home folder.
+// The variable's value, otherwise the home folder followed by `below`.
 std::string UserFolder(char const* variable, char const* below) {
   std::string set = Environment(variable);
   if (!set.empty()) return set;
@@ -135,7 +135,7 @@ std::string TemporaryFolder() {
   return folder.empty() ? "/tmp" : folder;
 }
 
-// A file without a name; -1 where the system has none.
+// A file without a name; -1 where the system does not support one.
 int OpenNameless(std::string const& folder) noexcept {
 #ifdef O_TMPFILE
   return ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);

@@ -21,18 +21,18 @@ Descriptor Open(char const* path, int flags) noexcept {
   return Descriptor(Retry([&] { return ::open(path, flags | O_CLOEXEC, kNewFileMode); }));
 }
 
-// Opens a file to be written anew. One that is open as a library, here or elsewhere, is left alone:
-// the lock is that of library files.
+// Opens a file to be overwritten. A file that is open as a library, here or elsewhere, is left
+// alone: library files have the same lock.
 int OpenEmpty(char const* path) noexcept {
   Descriptor file = Open(path, O_WRONLY | O_CREAT);
   if (file.Get() < 0) return -1;
   if (!LockWithoutWaiting(file.Get(), true) && (errno == EAGAIN || errno == EACCES)) return -1;
-  // What is no plain file, a pipe for one, has no length.
+  // Anything but a plain file, such as a pipe, has no length.
   if (::ftruncate(file.Get(), 0) != 0 && errno != EINVAL) return -1;
   return file.Release();
 }
 
-// A file is read into one text whose length fits an int, as parsers of documents take it.
+// A file is read into one text whose length must fit an int, as document parsers require.
 constexpr std::size_t kLongestText = INT_MAX;
 
 // Reads to the end of an open file; the size is only a hint. False when the file is too long.

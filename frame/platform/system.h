@@ -11,7 +11,7 @@ namespace zel::platform {
 // is set, nowhere otherwise.
 void WriteDebug(char const* text);
 
-// Something inside this module, from which the system can tell its file.
+// An address inside this module, from which the system can find the module's file.
 using ModuleHandle = void const*;
 ModuleHandle OwnModule();
 std::string ModuleFile(ModuleHandle module);
@@ -37,14 +37,14 @@ std::string WorkingFolder();
 std::string LongPath(std::string const& path);
 
 int ProcessId();
-// Makes a new empty file, for the user alone, whose name begins with `prefix`, in the folder for
-// temporary files; empty on failure.
+// Makes a new empty file, accessible to the user only, whose name begins with `prefix`, in the
+// folder for temporary files; empty on failure.
 std::string MakeTemporaryFile(std::string const& prefix);
 void RemoveFile(std::string const& path);
 
-// A new empty file in that folder, gone with the object. Where the system has files without a name
-// it is one, so that a process that is killed leaves nothing behind; else, and when `nameless` is
-// false, it is named as above. None is made where that name would have more than `mostPath`
+// A new empty file in that folder, removed with the object. Where the system supports files without
+// a name it is one, so that a killed process leaves nothing behind; otherwise, and when `nameless`
+// is false, it is named as above. No file is made when that name would be longer than `mostPath`
 // characters.
 class TemporaryFile {
  public:
@@ -53,7 +53,7 @@ class TemporaryFile {
   TemporaryFile& operator=(TemporaryFile const&) = delete;
   ~TemporaryFile();
 
-  // Under which the file can be opened; empty when it could not be made.
+  // The path under which the file can be opened; empty when it could not be made.
   std::string const& Path() const noexcept { return path_; }
 
  private:
@@ -62,7 +62,7 @@ class TemporaryFile {
 };
 
 // An entry of a folder. A folder has the attribute 16, plus 1 when its owner may not write it; a
-// link to a folder has 1024 besides. Anything else has attributes without 16.
+// link to a folder has 1024 added. Anything else has attributes without 16.
 struct FolderEntry {
   std::string name;
   int attributes;

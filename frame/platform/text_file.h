@@ -1,4 +1,4 @@
-// Text files, written front to back and read whole.
+// Text files, written sequentially and read whole.
 #pragma once
 
 #include <cstdint>
@@ -8,11 +8,11 @@
 
 namespace zel::platform {
 
-// A file written through a buffer. What cannot be written is dropped; Close tells.
+// A file written through a buffer. Text that cannot be written is dropped; Close reports it.
 class TextFile {
  public:
-  // Makes the file, or empties the one that is there. A file that is open as a library or as
-  // another TextFile cannot be opened.
+  // Creates the file, or empties an existing one. A file that is open as a library or as another
+  // TextFile cannot be opened.
   explicit TextFile(std::string const& path);
   TextFile(TextFile const&) = delete;
   TextFile& operator=(TextFile const&) = delete;
@@ -23,8 +23,8 @@ class TextFile {
 
   void Put(std::string_view text);
   void Put(char c) { Put(std::string_view(&c, 1)); }
-  // Room for `size` characters at the end of the buffer, at most kLargestPiece; Advance tells how
-  // many of them were filled.
+  // Room for `size` characters at the end of the buffer, at most kLargestPiece; Advance then says
+  // how many of them were filled.
   static constexpr std::size_t kLargestPiece = 256;
   char* Room(std::size_t size);
   void Advance(std::size_t size) noexcept { used_ += size; }
@@ -35,7 +35,7 @@ class TextFile {
  private:
   void Flush();
 
-  std::unique_ptr<char[]> buffer_;  // first: no file is open yet where there is no memory for it
+  std::unique_ptr<char[]> buffer_;  // first, so that no file is open yet when the allocation fails
   int file_;
   bool lost_ = false;
   std::size_t used_ = 0;

@@ -6,7 +6,7 @@
 namespace zel {
 namespace {
 
-// The names of one piece between two "/".
+// Appends the names in one piece between two "/".
 void TakeNames(std::string_view piece, bool above, std::vector<DefinitionFactor>& factors) {
   while (true) {
     std::size_t const first = piece.find_first_not_of(' ');

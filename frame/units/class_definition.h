@@ -12,12 +12,13 @@ inline constexpr int kMostFactors = 6;
 inline constexpr int kMostExponent = 9;
 
 struct DefinitionFactor {
-  std::string name;  // as it stands, with the digit of an exponent
+  std::string name;  // as written, with the digit of an exponent
   bool above;        // the first "/"
 };
 
-// A blank multiplies, and all behind the first "/" divides; "1" stands for nothing above the line.
-// False when a name is missing at either side of a "/", or when there are more than kMostFactors.
+// A blank multiplies, and everything after the first "/" divides; "1" means that nothing is above
+// the line. False when a name is missing on either side of a "/", or when there are more than
+// kMostFactors.
 bool ReadDefinition(std::string_view text, std::vector<DefinitionFactor>& factors);
 
 }  // namespace zel

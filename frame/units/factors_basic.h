@@ -1,5 +1,5 @@
-// Units behind unit codes: mass, time, length, area, volume, amount and what is by itself.
-// Above a table stand its classes, before a line the position of its first unit.
+// Units of unit codes: mass, time, length, area, volume, amount and others. Above each table are
+// its classes, at the start of each line the position of its first unit.
 #pragma once
 
 #include "frame/units/unit_factor.h"

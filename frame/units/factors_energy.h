@@ -1,5 +1,5 @@
-// Units behind unit codes: energy, power, energy by mass.
-// Above a table stand its classes, before a line the position of its first unit.
+// Units of unit codes: energy, power, energy by mass. Above each table are its classes, at the
+// start of each line the position of its first unit.
 #pragma once
 
 #include "frame/units/unit_factor.h"

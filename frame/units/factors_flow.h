@@ -1,5 +1,5 @@
-// Units behind unit codes: mass, molar and volume rates.
-// Above a table stand its classes, before a line the position of its first unit.
+// Units of unit codes: mass, molar and volume rates. Above each table are its classes, at the start
+// of each line the position of its first unit.
 #pragma once
 
 #include "frame/units/unit_factor.h"

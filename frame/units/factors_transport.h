@@ -1,5 +1,5 @@
-// Units behind unit codes: conductivity, heat transfer, viscosity, surface tension.
-// Above a table stand its classes, before a line the position of its first unit.
+// Units of unit codes: conductivity, heat transfer, viscosity, surface tension. Above each table
+// are its classes, at the start of each line the position of its first unit.
 #pragma once
 
 #include "frame/units/unit_factor.h"
@@ -46,8 +46,8 @@ inline constexpr UnitFactor kViscosityUnits[] = {
 inline constexpr UnitFactor kKinematicViscosityUnits[] = {
     /* 10 */ {1e-6, "cST"}, {0.0001, "ST"}, {0.00064516, "in2/sec"}, {1.0, "m2/sec"},
 };
-// 42: surface tension; base N/m. The factors of g/cm and PDL/in are those that stored data came
-// with, apart from the true ones (0.980665, 5.44311) in the sixth digit.
+// 42: surface tension; base N/m. The factors of g/cm and PDL/in are those that stored data were
+// made with; they differ from the true ones (0.980665, 5.44311) in the sixth digit.
 inline constexpr UnitFactor kSurfaceTensionUnits[] = {
     /* 10 */ {0.9806614, "g/cm"}, {0.9806614, "g/cm"}, {0.001, "dyne/cm"}, {0.001, "dyne/cm"},
     /* 14 */ {0.001, "dyne/cm"}, {1.0, "N/m"}, {1.0, "N/m"},

@@ -12,11 +12,11 @@ namespace {
 
 using Error = UnitTableError;
 
-// How many definitions may lead from one to the next.
+// The longest chain of definitions that refer to each other.
 constexpr int kMostDepth = 64;
 
 // Classes that the library's own words and the custom classes need beyond the lists of the table.
-// The specific ones are per mass; whether a mole or a mass is meant is told beside the value.
+// Specific quantities are per mass; whether a mole or a mass is meant is stated with the value.
 struct BuiltInClass {
   char const* name;
   char const* definition;
@@ -37,7 +37,7 @@ std::vector<BuiltInClass> const& BuiltInClasses() {
   return classes;
 }
 
-// Their values are differences, so that the zero of a unit does not matter.
+// True for classes of differences, for which the zero of a unit does not matter.
 bool IsDifference(std::string_view name) {
   return SameText(name, "TempDiff") || SameText(name, "PresDiff");
 }
@@ -111,7 +111,7 @@ Error UnitBinder::AddCustomClasses() {
     if (known >= 0) {
       added = &ClassAt(known);
       if (added->rows.empty() || !added->definition.empty()) return Error::kDuplicate;
-      // The list of that name.
+      // A class defined by its own name is the list of that name.
       if (SameText(custom.definition, custom.name)) continue;
     } else {
       Error const error = AddClass(custom.name, added);

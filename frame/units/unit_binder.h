@@ -1,4 +1,4 @@
-// Settles the names of a unit table; used once by UnitCatalogue::Make.
+// Resolves the names of a unit table; used once by UnitCatalogue::Make.
 #pragma once
 
 #include <cstddef>
@@ -15,20 +15,20 @@ class UnitBinder {
  public:
   explicit UnitBinder(UnitCatalogue& catalogue) : catalogue_(catalogue) {}
 
-  // Fills all of the catalogue but its table.
+  // Fills the catalogue except its table.
   UnitTableError Bind();
 
  private:
   using Class = UnitCatalogue::Class;
   using Factor = UnitCatalogue::Factor;
 
-  // Classes in the order in which they are looked at: lists, custom classes, built-in ones.
+  // Classes in the order in which they are searched: lists, custom classes, built-in ones.
   UnitTableError AddLists();
   UnitTableError AddCustomClasses();
   void AddBuiltInClasses();
   UnitTableError AddClass(std::string const& name, Class*& added);
-  // The row of each text. Of several rows with one text it is the one nearest to the first unit of
-  // the list whose text is in one row only.
+  // The row of each text. Of several rows with the same text, the one nearest to the row of the
+  // list's first unit that has only one row.
   UnitTableError BindRows(std::vector<std::string> const& texts, std::vector<int>& rows) const;
 
   UnitTableError BindClass(int unitClass, int depth);
@@ -49,7 +49,7 @@ class UnitBinder {
   std::unordered_map<std::string_view, std::vector<int>> rowsOfText_;
   enum class SlateState { kOpen, kInheriting, kDone };
   std::vector<SlateState> slateStates_;
-  long budget_ = 5'000'000;  // looks at rows, ten times what a real table needs
+  long budget_ = 5'000'000;  // row comparisons, ten times what a real table needs
 };
 
 }  // namespace zel

@@ -1,9 +1,9 @@
-// The unit classes of a unit table with all names settled: which rows a class allows, what a class
-// made of others is made of, and which unit a slate names for it. It does not change once made.
+// The unit classes of a unit table with all names resolved: which rows a class allows, which
+// classes it is composed of, and which unit a slate names for it. It is immutable.
 //
 // A class has a list of unit rows, or factors (other classes with exponents), or both: diffusivity
-// is in m2/sec from its list and in ft2/hr as area by time. A class that is another one by
-// definition is that class.
+// is in m2/sec from its list and in ft2/hr as area by time. A class whose definition is just
+// another class is that class.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@
 
 namespace zel {
 
-// The columns of a unit that a text can be looked for in.
+// The columns of a unit in which a text can be looked up.
 enum class UnitForm { kText = 1, kKeyword = 2 };
 
 // A unit of a class: one row of its list, or one row for each of its factors.
@@ -26,7 +26,7 @@ struct UnitChoice {
   std::vector<int> rows;  // empty for no unit
 };
 
-// Between a unit and the intermediate value of its class. Linear: (value + addition) x
+// Converts between a unit and the intermediate value of its class. Linear: (value + addition) x
 // multiplication. API gravity: 141.5 / (value + 131.5) is the density relative to water at 60 F,
 // and the intermediate value is the density in kg/m3.
 struct UnitRule {
@@ -41,7 +41,7 @@ struct UnitRule {
 // kg/m3, as in the row of the specific gravity.
 inline constexpr double kWaterDensityAt60F = 999.016;
 
-// The row of the one unit that is no linear one.
+// True for the row of the one unit that is not linear.
 inline bool IsGravity(UnitRow const& row) { return row.text == "API"; }
 
 class UnitCatalogue {
@@ -55,13 +55,13 @@ class UnitCatalogue {
     std::string definition;
     std::vector<int> rows;
     std::vector<Factor> factors;
-    bool isDifference = false;  // the addition constants do not count
-    bool builtIn = false;       // absent if the table lacks what it is made of
+    bool isDifference = false;  // addition constants are ignored
+    bool builtIn = false;       // absent if the table lacks a class that it needs
     int same = 0;               // the class that it is by definition, or itself
     enum class State { kOpen, kBinding, kBound, kAbsent } state = State::kOpen;
   };
 
-  // Settles the names of a table. On a fault gives null and says what it is.
+  // Resolves the names of a table. On an error returns null and sets `error`.
   static std::unique_ptr<UnitCatalogue const> Make(UnitTable table, UnitTableError& error);
 
   UnitTable const& Table() const noexcept { return table_; }
@@ -73,8 +73,8 @@ class UnitCatalogue {
   // By name in any case; -1 when there is none.
   int FindClass(std::string_view name) const;
 
-  // The unit of a class that a text stands for; false when it has none such. Case counts only where
-  // two units differ by nothing else.
+  // Finds the unit of a class by its text; false when the class has no such unit. Case matters only
+  // where two units differ in nothing else.
   bool FindUnit(int unitClass, std::string_view text, UnitForm form, UnitChoice& unit) const;
   // The unit that a slate, named in any case, has for a class.
   bool FindSlateUnit(int unitClass, std::string_view slate, UnitChoice& unit) const;

@@ -1,5 +1,5 @@
-// A row of the tables behind unit codes: a value in the unit times the factor is the value in the
-// base unit of the unit's class.
+// A row of the unit code tables: a value in the unit times the factor is the value in the base unit
+// of the unit's class.
 #pragma once
 
 namespace zel {

@@ -1,8 +1,8 @@
-// The units behind unit codes: 50 classes, 1617 positions, by class and position from 10.
+// The units of unit codes: 50 classes, 1617 positions, by class and position from 10.
 //
-// A unit often has two positions, one behind the other: programs that share these codes gave it two
-// spellings. Factors have six digits, but for those that stored data came with. A position keeps
-// its unit for ever, since codes are stored.
+// A unit often has two consecutive positions: programs that share these codes have two spellings of
+// it. Factors have six digits, except those that stored data were made with. A position keeps its
+// unit for ever, since codes are stored.
 #pragma once
 
 #include <span>
@@ -17,7 +17,7 @@
 namespace zel {
 
 // clang-format off
-// By class from 1.
+// By class, from 1.
 inline constexpr std::span<UnitFactor const> kUnitFactors[] = {
     /*  1 */ kTemperatureUnits, kTemperatureUnits, kTemperatureUnits,
     /*  4 */ kPressureUnits, kPressureUnits, std::span(kPressureUnits).first(25),

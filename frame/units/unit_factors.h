@@ -1,7 +1,7 @@
-// The factors behind unit codes, which stored correlations use.
+// The factors of unit codes, which stored correlations use.
 //
-// A code is class x 1000 + position, class 1 to 50, position from 10. A factor turns a value in
-// that unit into the base unit of its class by one multiplication; there are no offsets, so that in
+// A code is class x 1000 + position, class 1 to 50, position from 10. A factor converts a value in
+// that unit to the base unit of its class by one multiplication; there are no offsets, so that in
 // the temperature classes the factors are those of a temperature difference.
 #pragma once
 

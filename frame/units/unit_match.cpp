@@ -10,7 +10,7 @@
 namespace zel {
 namespace {
 
-// Longer than any unit text of a table can make sense in.
+// A longer text is never a unit.
 constexpr std::size_t kMostUnitText = 127;
 
 class Matcher {
@@ -57,7 +57,7 @@ class Matcher {
 
   bool IsAbove(std::size_t factor) const { return class_.factors[factor].exponent > 0; }
 
-  // Whether a factor of one side has no unit yet.
+  // True when a factor of one side has no unit yet.
   bool HasOpen(UnitChoice const& unit, bool above) const {
     for (std::size_t i = 0; i < unit.rows.size(); ++i) {
       if (unit.rows[i] == kNone && IsAbove(i) == above) return true;
@@ -65,7 +65,7 @@ class Matcher {
     return false;
   }
 
-  // One more unit of a side, from `at` on, and all that follows.
+  // Matches one more unit of a side, from `at` on, and everything after it.
   bool Side(std::size_t at, bool above, UnitChoice& unit) {
     for (std::size_t i = 0; i < unit.rows.size(); ++i) {
       if (unit.rows[i] != kNone || IsAbove(i) != above) continue;

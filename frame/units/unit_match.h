@@ -1,4 +1,4 @@
-// Reading a unit text against a unit class.
+// Matches a unit text with the units of a class.
 #pragma once
 
 #include <string_view>
@@ -7,14 +7,15 @@
 
 namespace zel {
 
-// Looks for `text` in the list of a class and in what its factors make: the units above the line
-// joined by "-", "/", the units below it joined by "-", each with its exponent as a digit behind
-// it. The factors of one side may stand in any order. `budget` counts the looks at rows; when it is
-// used up nothing matches, so that no table and no text can hold up its reader.
+// Looks for `text` in the list of a class and among the products of its factors: the units above
+// the line joined by "-", then "/", then the units below it joined by "-", each followed by its
+// exponent as a digit. The factors of one side may be in any order. `budget` limits the number of
+// row comparisons; once it is used up nothing matches, so that no table or text can take unlimited
+// time.
 bool MatchUnit(UnitCatalogue const& catalogue, int unitClass, std::string_view text, UnitForm form,
                long& budget, UnitChoice& unit);
 
-// What one look-up of a host may use up.
+// The budget of one look-up by a host.
 inline constexpr long kLookUpBudget = 200000;
 
 }  // namespace zel

@@ -31,7 +31,7 @@ bool Understands(uom_Unit* unit, char const* text) {
          uom_FillStructFromString(unit, text, 2) == 0;
 }
 
-// Cut before "-mol", or with it behind.
+// The text cut before "-mol", or with "-mol" appended when it has none.
 std::string OtherBasis(char const* text) {
   constexpr std::string_view kMole = "-mol";
   constexpr std::size_t kMostText = 29;
@@ -68,7 +68,7 @@ int StartUnitSystemFrom(std::string_view table) {
   if (table.empty()) return kTableNotFound;
   platform::TemporaryFile const file(TableFilePrefix(platform::ProcessId()), kMostPath);
   std::string path = file.Path();
-  // Without a file, or a whole one, the loading fails and says so.
+  // Without a complete file the loading fails and reports it.
   if (!path.empty()) {
     platform::TextFile text(path);
     text.Put(TableFileText(table));

@@ -26,7 +26,7 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// The columns of one line. The comma behind a column may be missing.
+// The columns of one line. The comma after a column may be missing.
 class Columns {
  public:
   explicit Columns(std::string_view line) : rest_(line) {}
@@ -148,7 +148,7 @@ Error ReadSlateLine(std::string_view line, UnitSlate& slate) {
   return Error::kNone;
 }
 
-// The lines of the table but for comments and empty ones.
+// The lines of the table except comments and empty lines.
 class Lines {
  public:
   explicit Lines(std::string_view text) : rest_(text) { Next(); }
@@ -178,7 +178,7 @@ class Lines {
   bool atEnd_ = false;
 };
 
-// Takes the lines of a section one by one, from its first marker to its last.
+// Hands out the lines of a section one by one, from its first marker to its last.
 template <typename Take>
 Error ReadSection(Lines& lines, std::string_view begin, std::string_view end, Take const& take) {
   if (lines.AtEnd()) return Error::kEnds;
@@ -196,7 +196,7 @@ Error ReadSection(Lines& lines, std::string_view begin, std::string_view end, Ta
   return Error::kEnds;
 }
 
-// All sections of one kind; the first line of each is the name of what it fills.
+// All sections of one kind; the first line of each is the name of the object that it fills.
 template <typename Thing, typename Take>
 Error ReadNamed(Lines& lines, std::string_view begin, std::string_view end, std::size_t most,
                 std::vector<Thing>& things, Take const& take) {

@@ -1,7 +1,7 @@
 // The unit table: a text in five sections that lists units, the units that each unit class allows,
 // classes made of other classes, the units that a host offers first, and slates, which name a unit
-// for each class. docs/units.md tells the format. Here it is taken apart; what the names in it mean
-// is settled by the unit catalogue.
+// for each class. docs/units.md describes the format. This is its parser; the unit catalogue
+// resolves the names in it.
 #pragma once
 
 #include <cstddef>
@@ -19,13 +19,13 @@ enum class UnitTableError : int {
   kNoFile = 2,            // cannot be read
   kTooLarge = 3,          // the file, or the number of rows of a section
   kEnds = 4,              // within a section, or before the last one
-  kOrder = 5,             // a line where another section or row must stand
+  kOrder = 5,             // a line where another section or row is expected
   kText = 6,              // a text without quotes, without end, or too long
-  kNumber = 7,            // a flag or constant that is none; a multiplication constant of 0
-  kRow = 8,               // something behind the last column, or no "="
+  kNumber = 7,            // not a valid flag or constant; a multiplication constant of 0
+  kRow = 8,               // text after the last column, or no "="
   kDuplicate = 9,         // a list, class or slate named twice, a unit twice in a list
   kUnknownUnit = 10,      // in a list
-  kBasis = 11,            // a unit of the list Basis that is no class
+  kBasis = 11,            // a unit of the list Basis that is not a class
   kDefinition = 12,       // a class definition that cannot be read, or with too many factors
   kUnknownClass = 13,     // in a definition or a slate
   kCyclicClasses = 14,    // a class made of itself
@@ -33,7 +33,7 @@ enum class UnitTableError : int {
   kCyclicSlates = 16,     // a slate that inherits from itself
   kSlateUnit = 17,        // a unit that its class does not have
   kNoInternalSlate = 18,  // no QRInternal
-  kTooComplex = 19        // its texts cannot be told apart within reason
+  kTooComplex = 19        // too many comparisons needed to match its texts
 };
 
 struct UnitRow {
@@ -76,10 +76,10 @@ struct UnitTable {
   std::vector<UnitSlate> slates;
 };
 
-// Bytes of a table.
+// The largest table, in bytes.
 inline constexpr std::size_t kMostTableBytes = 256 * 1024;
 
-// Reads a table whose texts stand in double quotes. A fault leaves `table` with the rows before it.
+// Reads a table whose texts are in double quotes. On an error `table` holds the rows before it.
 UnitTableError ReadUnitTable(std::string_view text, UnitTable& table);
 
 }  // namespace zel

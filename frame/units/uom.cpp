@@ -24,7 +24,7 @@ struct uom_Unit {
 
 namespace {
 
-// What uom_Init2 loaded. A handle keeps the catalogue that it was made from.
+// The catalogue that uom_Init2 loaded. A handle keeps the catalogue that it was made from.
 using SharedCatalogue = std::shared_ptr<UnitCatalogue const>;
 std::mutex loading;
 SharedCatalogue loaded;
@@ -38,8 +38,8 @@ bool IsForm(int form) {
   return form == static_cast<int>(UnitForm::kText) || form == static_cast<int>(UnitForm::kKeyword);
 }
 
-// No more than one byte beyond what a table may have. Throws std::bad_alloc, where the stream only
-// says that it is not open.
+// Reads at most one byte more than a table may have. Throws std::bad_alloc, which the stream
+// reports only as not open.
 bool ReadFile(char const* path, std::string& bytes) {
   errno = 0;
   std::ifstream file(path, std::ios::binary);

@@ -1,4 +1,4 @@
-// Reading a bank's fields by name, and its typed face, in tests.
+// For tests: reads a bank's fields by name, and its typed face.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Bank objects: what they take from memory, how they end, and what a short memory leaves of them.
+// Bank objects: what they allocate, how they are destroyed, and their state when memory is short.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -16,7 +16,7 @@ using test::AllocationWatch;
 using test::ExpectedType;
 using test::Typed;
 
-// The first bank of a type as well as any later one is the object and nothing else.
+// The first bank of a type, like any later one, allocates only the object itself.
 TEST(BankObjects, TakeOnePieceOfMemoryOrAreNull) {
   char types[50][9];
   GetBankTypeList(50, types);
@@ -81,7 +81,7 @@ TEST(BankObjects, EndWithTheFlagsOfTheirSources) {
   EXPECT_EQ(watch.Freed(), 1) << "the list before";
 }
 
-// Clear and GetSourceFlags go by the number of flags: it must not run ahead of them.
+// Clear and GetSourceFlags use the number of flags: it must not be set before them.
 TEST(BankObjects, ShortMemoryLeavesTheFlagsOfTheirSources) {
   Typed<IZelLkp> bank("LKP", IID_IZelLkp);
   std::uint8_t const two[2] = {1, 1};

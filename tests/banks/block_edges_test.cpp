@@ -1,5 +1,5 @@
-// Edges of blocks, fields and sources: formats that no type has, words that are no numbers, names
-// that several rows bear, undefined values in the middle of arrays.
+// Edges of blocks, fields and sources: formats that no type has, words that are not numbers, names
+// that several rows share, undefined values in the middle of arrays.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -26,7 +26,7 @@ std::int32_t FloatWord(double value) {
   return std::bit_cast<std::int32_t>(static_cast<float>(value));
 }
 
-// All elements of all fields of numbers.
+// All elements of all numeric fields.
 std::vector<double> Numbers(IZelBankDef* bank, ExpectedType const& type) {
   std::vector<double> all;
   Fields const fields(bank);
@@ -63,7 +63,7 @@ TEST(Blocks, NeverGoBeyondTheirLength) {
     for (std::size_t f = 1; f <= type.recordWords.size(); ++f) {
       auto const words = static_cast<std::size_t>(type.recordWords[f - 1]);
       for (std::int32_t fill : {0, -1, 77, INT32_MIN, INT32_MAX, FloatWord(12.5)}) {
-        // On the heap and just as long, so that the sanitizers see a step beyond.
+        // On the heap with the exact length, so that the sanitizers see an access beyond.
         std::vector<std::int32_t> read(words, fill);
         std::vector<std::int32_t> written(words, fill);
         EXPECT_EQ(bank.IO()->ReadBlock(read.data(), static_cast<std::int32_t>(f)), kStatusOk);
@@ -74,7 +74,7 @@ TEST(Blocks, NeverGoBeyondTheirLength) {
   }
 }
 
-// Also in the banks that code their blocks themselves.
+// Also in the banks that encode their blocks themselves.
 TEST(Blocks, EveryNumberThatIsReadIsTrimmed) {
   for (ExpectedType const& type : test::ExpectedTypes()) {
     Typed<IZelBankDef> bank(type.keyword, IID_IZelBankDef);
@@ -191,7 +191,7 @@ TEST(Defaulted, OldBlockOfWilsonShowsItsNewCoefficientsAsZero) {
   EXPECT_EQ(code, 9);
 }
 
-// The bits that the older format leaves alone are those of "bij" to "dij" in the later one.
+// The words that the older format does not use are those of "bij" to "dij" in the later one.
 TEST(Wilson, WrittenInTheOldFormatLeavesThePlaceOfLaterFieldsZero) {
   Typed<IZelWilson> bank("WILSON", IID_IZelWilson);
   bank->PutData(1010, 1, 2, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17);
@@ -268,7 +268,7 @@ TEST(Sources, KeepTheirFirstCharacterAndLoseOnlyBlanks) {
   EXPECT_EQ(SourceOf(bank.Def()), ":");
 }
 
-// A list says nothing of where the data came from when one bank alone had them.
+// A list does not say where the data came from when only one bank had them.
 TEST(Sources, OfAListDoNotTouchTheItem) {
   test::MemoryFileSystem files;
   Typed<IZelVanLaar> bank("VANLAAR", IID_IZelVanLaar);

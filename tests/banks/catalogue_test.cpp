@@ -261,7 +261,7 @@ TEST(Catalogue, EveryTypeReportsItsFacts) {
       io->GetBlockInfo(type, &keyKind, &keyWords, &minKeyWords, &formats, &most, &pairRule,
                        &fileResident);
       EXPECT_EQ(pairRule, row.pairRule) << row.keyword;
-      // Only components lie in blocks of their own, and only they are completed.
+      // Only components have their own blocks, and only they are completed.
       bool const isComponent = row.factory == NewPureComp;
       EXPECT_EQ(fileResident, isComponent ? 1 : 0) << row.keyword;
       ZelStatus const byFile = isComponent ? kStatusFailed : kStatusNotImplemented;

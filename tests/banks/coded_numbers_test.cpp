@@ -1,4 +1,4 @@
-// Banks that code numbers themselves: what no sound block or caller gives them.
+// Banks that encode numbers themselves: inputs that no sound block or caller has.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ std::int32_t FloatWord(double value) {
   return std::bit_cast<std::int32_t>(static_cast<float>(value));
 }
 
-// The word of "basis" is not trimmed to seven digits: 0.1 goes onto the float as it is.
+// The word of "basis" is not trimmed to seven digits: 0.1 is added to the float as it is.
 TEST(CodedNumbers, BasisOfAnAzeotropeIsNotTrimmed) {
   Typed<IZelAzeo> bank("AZEOTROP", IID_IZelAzeo);
   struct {
@@ -59,7 +59,7 @@ TEST(CodedNumbers, AlphaGroupsRunOverAndDivideTowardZero) {
   EXPECT_EQ(fields.Ints("form", 3)[0], -99);
 }
 
-// Points are taken and given as far as a count names any, and the count as it is.
+// Points are stored and returned only up to the count, the count itself unchanged.
 template <typename Face>
 void CheckCurveCounts(char const* type, ZelIid const& id) {
   Typed<Face> bank(type, id);
@@ -119,7 +119,7 @@ TEST(CodedNumbers, StructuresTakeTenGroupsAtMost) {
   }
 }
 
-// The float of 1.0 on the other scale and the one beside it print alike.
+// The float of 1.0 on the other scale and the next one print alike.
 TEST(CodedNumbers, GroupParametersComeBackToSevenDigits) {
   Typed<IZelPpr78> bank("PPR78", IID_IZelPpr78);
   bank->PutData(1.0, -10.0);

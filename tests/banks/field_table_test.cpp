@@ -1,4 +1,4 @@
-// Field tables: what follows from the rows, and tables that do not compile.
+// Field tables: what is derived from the rows, and tables that do not compile.
 #include <gtest/gtest.h>
 
 #include <string_view>
@@ -41,7 +41,7 @@ TEST(FieldTable, CutsLabels) {
   EXPECT_EQ(kTable.Rows()[0].label, "a label of more tha");
 }
 
-// Not within the test: sanitizers make the address of a local static no constant.
+// Not within the test: under sanitizers the address of a local static is not a constant.
 constexpr Enumeration kNone = {{}, 0};
 
 TEST(FieldTable, RowsOfAnotherTypeArePassedOver) {
@@ -71,7 +71,7 @@ TEST(FieldTable, ValuesOfEachTypeStandInTableOrder) {
 
 // --- tables that do not compile ------------------------------------------------------------------
 
-// Whether rows and argument names make constants. What does not can never be run.
+// True if rows and argument names make constants. Those that do not can never be run.
 template <auto const& kRows>
 concept MakesTable = requires {
   typename std::bool_constant<(FieldTable(kRows), true)>;
@@ -162,7 +162,7 @@ static_assert(MakesArguments<kTable, kInOrder>);
 static_assert(!MakesArguments<kTable, kCounterLast> && !MakesArguments<kTable, kTwice>);
 static_assert(!MakesArguments<kTable, kUnknown>);
 
-// The parameters of an operation stand for the fields, or the bank does not compile.
+// The parameters of an operation match the fields, or the bank does not compile.
 constexpr Arguments kAll(kTable, kInOrder);
 static_assert(Match<char*, std::int32_t*, double*>(kAll));
 static_assert(Match<char const*, std::int32_t, double const*>(kAll));

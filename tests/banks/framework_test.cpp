@@ -1,4 +1,4 @@
-// What all banks share: field tables, blocks, defaults, sources.
+// Common to all banks: field tables, blocks, defaults, sources.
 #include <gtest/gtest.h>
 
 #include <bit>

@@ -1,4 +1,4 @@
-// Identifiers of interfaces, and the faces that they give.
+// Identifiers of interfaces, and the faces that they return.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -8,7 +8,7 @@
 namespace zel {
 namespace {
 
-// Taken before any constructor of ordinary order runs, as a host's own global objects may do.
+// Copied before any constructor of ordinary priority runs, as a host's global objects may do.
 struct EarlyIdentifiers {
   EarlyIdentifiers()
       : bankDef(IID_IZelBankDef),
@@ -30,7 +30,7 @@ TEST(Identifiers, AreThereBeforeAnyConstructor) {
   EXPECT_EQ(early.unknown, (ZelIid{0, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}}));
 }
 
-// Every face derives from IUnknown on its own: the object has one identity all the same.
+// Every face derives from IUnknown separately, but the object has one identity.
 TEST(Identifiers, UnknownIsTheDefinitionFaceWhicheverFaceIsAsked) {
   char types[50][9];
   GetBankTypeList(50, types);

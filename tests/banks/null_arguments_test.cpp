@@ -1,4 +1,4 @@
-// Null arguments of typed operations: outputs that are not wanted, inputs that are not there.
+// Null arguments of typed operations: unwanted outputs and missing inputs.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -17,7 +17,7 @@ using test::Typed;
 
 constexpr std::size_t kMost = 21;  // elements of the longest argument
 
-// Filled with what no cleared bank gives.
+// Filled with values that no cleared bank returns.
 template <typename... Outs>
 struct Buffers {
   std::tuple<std::array<std::remove_pointer_t<Outs>, kMost>...> values;
@@ -40,7 +40,7 @@ std::array<bool, sizeof...(I)> SameArrays(Tuple const& a, Tuple const& b,
   return {(std::get<I>(a) == std::get<I>(b))...};
 }
 
-// Each output alone is what it is among all, and no output is a failure.
+// Each output alone is the same as with all others, and having no output is a failure.
 template <typename Face, typename... Outs>
 void CheckOutputs(char const* type, ZelIid const& id, ZelStatus (Face::*get)(Outs...)) {
   SCOPED_TRACE(type);

@@ -1,4 +1,4 @@
-// Banks that do more than their tables: swaps, enumerations, blocks coded by hand.
+// Banks that do more than their tables say: swaps, enumerations, blocks coded by hand.
 #include <gtest/gtest.h>
 
 #include <bit>

@@ -1,4 +1,4 @@
-// The typed interfaces: the order of every argument list, against the fields by name.
+// The typed interfaces: the order of every argument list, compared with the fields by name.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -99,7 +99,7 @@ void ExpectFields(IZelBankDef* bank, Arguments<Outs...>& arguments, Names const&
   });
 }
 
-// What is put is what the fields of those names hold, and what is given again.
+// The values passed in are those of the fields with these names, and are returned again.
 template <typename Face, typename... Ins, typename... Outs>
 void CheckOrder(Typed<Face> const& bank, ZelStatus (Face::*put)(Ins...),
                 ZelStatus (Face::*get)(Outs...), Names const& names) {
@@ -129,7 +129,7 @@ bool IsBound(char const* name) {
   return std::any_of(std::begin(bounds), std::end(bounds), same);
 }
 
-// Of a cleared bank: coefficients are 0, bounds and integers as they stand.
+// For a cleared bank: coefficients are 0, bounds and integers unchanged.
 template <typename Face, typename... Outs>
 void CheckCleared(Typed<Face> const& bank, ZelStatus (Face::*get)(Outs...), Names const& names) {
   Arguments<Outs...> out{};

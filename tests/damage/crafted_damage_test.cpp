@@ -1,5 +1,5 @@
-// Damage made by hand in a library of all bank types, with the channel that it must end in, and
-// update sessions on damaged libraries.
+// Damage made by hand in a library of all bank types, with the way in which it must be reported,
+// and update sessions on damaged libraries.
 #include <gtest/gtest.h>
 
 #include <cstring>

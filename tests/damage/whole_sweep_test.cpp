@@ -1,8 +1,8 @@
 // Every bit of a library flipped, and its files cut at every length: nothing crashes or hangs, and
-// damage in one item stays in it.
+// damage in one item affects only that item.
 //
-// Words that no node uses are sampled by one bit each, and under the sanitizers only a part of the
-// images is looked at. The long tier looks at every bit and every length:
+// Words that no node uses are sampled by one bit each, and under the sanitizers only some of the
+// images are tested. The long run tests every bit and every length:
 //   ZEL_DAMAGE_ALL=1 build/release/tests/damage_test
 #include <gtest/gtest.h>
 
@@ -67,7 +67,7 @@ TEST_F(SweepTest, EveryUsedBitOfTheNodes) {
   for (bool views : {true, false}) {
     files_.ServeViews(views);
     for (std::size_t word = 0; word < bytes.size() / 4; ++word) {
-      // A zero word is hardly ever in use; one of its bits stands for all in the fast tier.
+      // A zero word is hardly ever in use; one of its bits represents all of them in the fast run.
       bool const used = WordAt(bytes, word) != 0 || All();
       std::size_t const step = views ? Stride() : Stride() * 7;
       for (int bit = used ? 0 : static_cast<int>(word % 32); bit < 32; ++bit) {
@@ -96,7 +96,7 @@ TEST_F(SweepTest, FlipInTheWordsOfAnItemChangesThatItemAlone) {
     // The link right of the entry ends it.
     std::size_t end = node + 6;
     while (WordAt(bytes, end) != format::kNullAddress) ++end;
-    for (std::size_t word = node + 9; word < end; ++word) {  // behind up to four key words
+    for (std::size_t word = node + 9; word < end; ++word) {  // after up to four key words
       for (int bit = 0; bit < 32; bit += Stride() == 1 ? 1 : 5) {
         Flip(bytes, word, bit);
         Finding const found = test::ReadEverything(files_);
@@ -113,7 +113,7 @@ TEST_F(SweepTest, FlipInTheWordsOfAnItemChangesThatItemAlone) {
   EXPECT_EQ(itemNodes, 55);
 }
 
-// The blocks of a component lie in the first file: main, correlation and structure block.
+// The blocks of a component are in the first file: main, correlation and structure block.
 TEST_F(SweepTest, FlipInTheBlocksOfAComponentChangesThatComponentAlone) {
   Bytes& bytes = files_.Contents(test::kSamplePath);
   auto const wordsFrom = [](std::int32_t address) {

@@ -1,4 +1,4 @@
-// Unit tables that are not what they should be: a defined error, and never a crash.
+// Invalid unit tables: a defined error, and never a crash.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -49,7 +49,7 @@ TEST(BadUnitTable, EveryLineLeftOutOrDoubledIsTakenOrRefused) {
     begin = end;
     ++lines;
   }
-  // Units that lists name, markers, and nearly all doubled lines.
+  // Refused are units that lists name, markers, and nearly all doubled lines.
   EXPECT_GT(refused, lines);
 }
 
@@ -165,7 +165,7 @@ TEST(BadUnitTable, LongChainsOfClassesAndSlates) {
     table.classes += "'C" + std::to_string(i) + "=C" + std::to_string(i - 1) + "'\n";
   }
   EXPECT_EQ(Load(table.Text()), Error::kNone) << "each rests on one that is settled";
-  // From the first to the last in one go.
+  // From the first to the last in one chain.
   table.classes.clear();
   for (int i = 0; i < 899; ++i) {
     table.classes += "'C" + std::to_string(i) + "=C" + std::to_string(i + 1) + "'\n";
@@ -192,8 +192,8 @@ TEST(BadUnitTable, NestedProductsEndAtTheMostFactors) {
 }
 
 TEST(BadUnitTable, TextsThatCanBeReadInManyWaysUseUpABudget) {
-  // Units a, a-a, a-a-a ... and a product of six classes of them: the ways to read a-a-...-b are
-  // without number.
+  // Units a, a-a, a-a-a ... and a product of six classes of them: there is no practical limit to
+  // the ways to read a-a-...-b.
   SmallTable table;
   std::string list;
   std::string unit = "a";

@@ -14,7 +14,7 @@
 
 namespace zel::test {
 
-// One file, "f", of a folder of the test's own.
+// One file, "f", in the test's own folder.
 class BlockFileTest : public TempFolderTest {
  protected:
   std::string File() const { return Path("f"); }
@@ -25,13 +25,13 @@ class BlockFileTest : public TempFolderTest {
     EXPECT_EQ(opened.file != nullptr, expected == platform::OpenOutcome::kOk);
     return std::move(opened.file);
   }
-  // What the system tells of the file, also while it is open.
+  // What the system reports about the file, also while it is open.
   struct stat Status() const {
     struct stat info {};
     EXPECT_EQ(::stat(File().c_str(), &info), 0);
     return info;
   }
-  // Whether the file system of the temporary files can make room ahead.
+  // True if the file system of the temporary files can allocate room in advance.
   bool MakesRoom() const {
     int const fd = ::open(Path("probe").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     bool const made = ::fallocate(fd, 0, 0, 4096) == 0;

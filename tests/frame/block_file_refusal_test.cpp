@@ -1,4 +1,4 @@
-// What a file answers when the system refuses.
+// Results of file operations when the system refuses.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -26,7 +26,7 @@ using test::Refusal;
 constexpr std::uint64_t kKiB = 1024;
 
 // Runs `body` on a file open for update or create in a child of this process, where the system
-// refuses as told. `body` gives true when all was as expected.
+// refuses as specified. `body` returns true when everything is as expected.
 template <typename Body>
 void ExpectUnderRefusal(std::string const& path, std::vector<Refusal> const& refusals,
                         Body const& body) {
@@ -126,8 +126,7 @@ TEST_F(BlockFileTest, FileWithoutPermissionIsDenied) {
     return PosixFileSystem().Open(path, mode).outcome;
   };
   int const status = test::InChild([&] {
-    // The superuser may do everything, so somebody else tries; for whom nothing of the file is
-    // open.
+    // The superuser may do everything, so another user tries, who may not open the file at all.
     bool const somebodyElse = ::geteuid() == 0;
     if (somebodyElse && ::setuid(65534) != 0) return test::kCannotRun;
     OpenOutcome const read = somebodyElse ? OpenOutcome::kDenied : OpenOutcome::kOk;
@@ -189,7 +188,7 @@ TEST_F(BlockFileTest, DiskWithoutRoomForAStepStillTakesWhatIsNeeded) {
   EXPECT_EQ(LengthOnDisk(), 4001U);
 }
 
-// Some file systems make a file longer by what there is room for before they refuse the rest.
+// Some file systems extend a file by the room that there is before they refuse the rest.
 TEST_F(BlockFileTest, LengthThatARefusedStepLeavesBehindIsCut) {
   if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   Refusal const noSteps{.call = SYS_fallocate, .error = ENOSPC, .argument = 3, .least = 64 * kKiB};
@@ -200,7 +199,7 @@ TEST_F(BlockFileTest, LengthThatARefusedStepLeavesBehindIsCut) {
   EXPECT_EQ(LengthOnDisk(), 3U);
 }
 
-// Plain writes serve then, and views show them.
+// Plain writes are then used, and views show them.
 bool WritesAndViews(BlockFile& file) {
   std::byte const* const view = file.View(0, 3);
   std::uint64_t const size = file.Size();

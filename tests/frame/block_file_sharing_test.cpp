@@ -1,4 +1,4 @@
-// Who may open a file that somebody holds, in this process and in another.
+// Who may open a file that is already open, in this process and in another.
 #include <gtest/gtest.h>
 
 #include <string>

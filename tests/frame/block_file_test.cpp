@@ -1,4 +1,5 @@
-// Files of the system: bytes, true length, growth, views, and that readers leave no trace.
+// Files of the system: bytes, true length, growth, views, and that readers do not change access
+// times.
 #include "frame/platform/block_file.h"
 
 #include <fcntl.h>
@@ -229,7 +230,7 @@ bool SameTime(timespec const& a, timespec const& b) {
 
 TEST_F(BlockFileTest, ReaderLeavesNoTrace) {
   MakeFile("f", std::string(100'000, 'a'));
-  // Older than its last change: a read that counts would move it.
+  // Older than its last change: a read that is recorded would change it.
   timespec const times[2] = {{1'000'000'000, 0}, {1'500'000'000, 0}};
   ASSERT_EQ(::utimensat(AT_FDCWD, File().c_str(), times, 0), 0);
   struct stat const before = Status();
@@ -270,7 +271,7 @@ TEST_F(BlockFileTest, CreateKeepsWhatIsThere) {
   EXPECT_EQ(static_cast<char>(*file->View(0, 7)), 'c');
 }
 
-// A program that the host starts does not get a library's files, nor their locks.
+// A program that the host starts does not inherit a library's files or their locks.
 TEST_F(BlockFileTest, FilesAreClosedInProgramsThatAreStarted) {
   for (OpenMode mode : {OpenMode::kCreate, OpenMode::kUpdate, OpenMode::kRead}) {
     auto const file = Open(mode);

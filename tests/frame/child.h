@@ -1,4 +1,4 @@
-// Parts of tests that run in a process of their own.
+// Parts of tests that run in a separate process.
 #pragma once
 
 #include <sys/wait.h>
@@ -12,8 +12,8 @@ inline constexpr int kHeld = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kCannotRun = 77;
 
-// Runs `body`, which gives one of the above, in a child of this process; gives what it gave, or 128
-// and the signal that ended it.
+// Runs `body`, which returns one of the above, in a child of this process; returns its result, or
+// 128 plus the signal that ended it.
 template <typename Body>
 int InChild(Body const& body) {
   pid_t const child = ::fork();
@@ -24,8 +24,8 @@ int InChild(Body const& body) {
 }
 
 // A part of a test that the test program runs in place of its tests when the environment variable
-// ZEL_TEST_PART holds its name: for what can be seen only in a program just started, or in a copy
-// of it elsewhere. Gives one of the above, which becomes the program's exit status.
+// ZEL_TEST_PART is its name: for what can be observed only in a program just started, or in a copy
+// of it elsewhere. Returns one of the above, which becomes the program's exit status.
 class ProgramPart {
  public:
   ProgramPart(char const* name, int (*body)());

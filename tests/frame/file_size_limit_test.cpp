@@ -1,4 +1,4 @@
-// Writes over the process's limit of file sizes fail as on a full disk, and the host sees no
+// Writes beyond the process's file size limit fail as on a full disk, and the host receives no
 // signal.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -21,7 +21,7 @@ constexpr std::size_t kPiece = 4096;
 class FileSizeLimitTest : public test::BlockFileTest {
  protected:
   // Runs `body` in a child that may make files of 128 KiB. The signal ends the child unless `body`
-  // sees to it.
+  // handles it.
   template <typename Body>
   static void ExpectUnderLimit(Body const& body) {
     int const status = test::InChild([&] {
@@ -36,7 +36,7 @@ class FileSizeLimitTest : public test::BlockFileTest {
     ::sigpending(&waiting);
     return sigismember(&waiting, SIGXFSZ) == 1;
   }
-  // Pieces of 4 KiB one after the other, until one is refused; how many were taken.
+  // Writes pieces of 4 KiB one after the other until one is refused; returns how many were written.
   static std::size_t Fill(BlockFile& file) {
     std::vector<char> const piece(kPiece, 'x');
     std::size_t at = 0;
@@ -55,7 +55,7 @@ TEST_F(FileSizeLimitTest, BlockFileIsFullThere) {
   EXPECT_EQ(LengthOnDisk(), kLimit);
 }
 
-// A write far behind the end goes to the file itself and not through memory.
+// A write far past the end goes to the file itself and not through the map.
 TEST_F(FileSizeLimitTest, WriteFarBehindTheEnd) {
   ExpectUnderLimit([&] {
     OpenedFile const opened = PosixFileSystem().Open(File(), OpenMode::kCreate);

@@ -108,7 +108,7 @@ TEST_F(FolderWalkTest, FoundFilesMayBeDeletedDuringTheWalk) {
   EXPECT_EQ(count, 6);
 }
 
-// So that a folder may be removed as soon as its last file has been given.
+// So that a folder may be removed as soon as its last file has been returned.
 TEST_F(FolderWalkTest, NoFolderIsOpenWhileItsFilesAreGiven) {
   auto const descriptors = [] {
     fs::directory_iterator const all("/proc/self/fd");
@@ -120,7 +120,7 @@ TEST_F(FolderWalkTest, NoFolderIsOpenWhileItsFilesAreGiven) {
   while (FindFilesNext(path)) EXPECT_EQ(descriptors(), before) << path;
 }
 
-// What comes into a folder after its first file was given is not of this walk.
+// A file that is added to a folder after its first file was returned is not part of the walk.
 TEST_F(FolderWalkTest, FolderIsReadWholeBeforeItsFirstFile) {
   FindFilesBegin(Folder().string(), "*.cmp", false);
   std::string path;

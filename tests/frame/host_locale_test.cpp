@@ -1,4 +1,4 @@
-// A host may run in a locale with a decimal comma and letters beyond ASCII. Nothing of it shows in
+// A host may run in a locale with a decimal comma and letters beyond ASCII. That has no effect on
 // what the library reads, prints and compares.
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@
 namespace zel {
 namespace {
 
-constexpr char kSmall = '\xe4';  // a letter with two dots, and its capital
+constexpr char kSmall = '\xe4';  // a umlaut, small and capital
 constexpr char kCapital = '\xc4';
 
 bool NumbersAreRead() {
@@ -24,7 +24,7 @@ bool NumbersAreRead() {
 }
 
 bool NumbersArePrinted() {
-  // The shortest way, and the long one of values that it does not decide.
+  // The fast method, and the slow one for values that it does not decide.
   return RealText(1.5, 7) == "1.5" && RealText(-1e35, 7) == "-1e+35" &&
          RealText(1234567.0, 9) == "1234567" && RealText(0.1, 17) == "0.10000000000000001";
 }

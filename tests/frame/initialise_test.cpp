@@ -22,7 +22,7 @@ test::ProgramPart const oncePart("initialise", Initialised);
 int InitialisedTwice() {
   InitZelAccess();
   uom_Unit* before = OpenUnit("temp", "C");
-  // A second start could not find a folder for its file.
+  // A second start would not find a folder for its file.
   ::setenv("TMPDIR", "/missing", 1);
   InitZelAccess();
   uom_Unit* after = OpenUnit("temp", "K");
@@ -67,7 +67,7 @@ std::string DebugLines(std::string const& part, std::string const& settings = ""
       .output;
 }
 
-// Its exit status and standard output. The test program writes lines of its own before.
+// The exit status and standard output of a part. The test program writes lines of its own before.
 test::ProgramResult Outcome(std::string const& part, std::string const& settings = "") {
   return test::RunProgram("(" + Program(part, settings) + " 2>/dev/null)");
 }

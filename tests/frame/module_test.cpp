@@ -32,7 +32,7 @@ TEST(Module, HandleLeadsToTheModulesFile) {
 }
 
 TEST(Module, LoadingWritesOneLineToTheDebugOutput) {
-  // The program's standard output goes nowhere; what is left is standard error.
+  // The program's standard output is discarded, which leaves standard error.
   std::string const quietly = test::ThisProgram() + " --gtest_filter=None 2>&1 >/dev/null";
   EXPECT_EQ(test::RunProgram("(ZELACCESS_DEBUG=1 " + quietly + ")").output,
             "ZelAccess initializing - DllMain\n");
@@ -44,7 +44,7 @@ std::vector<std::string> Sorted(std::vector<std::string> texts) {
   return texts;
 }
 
-// Run in a process where nothing has been done but the load.
+// Run in a process in which only the load has happened.
 int EnvironmentIsAsAtTheStart() {
   std::ifstream start("/proc/self/environ", std::ios::binary);
   std::vector<std::string> before;

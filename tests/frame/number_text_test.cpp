@@ -105,7 +105,7 @@ TEST(NumberText, PrintsAnyDoubleAsTheCLocaleDoes) {
   }
 }
 
-// Values of usual size, short decimals, and those that lie at a tie or right beside one.
+// Values of usual size, short decimals, and those at a tie or next to one.
 TEST(NumberText, PrintsUsualDoublesAsTheCLocaleDoes) {
   std::uint64_t pattern = 7;
   char text[32];

@@ -20,7 +20,7 @@ bool RefuseCalls(Refusal const& refusal) {
   auto const answer = [](std::uint32_t value) {
     return sock_filter BPF_STMT(BPF_RET | BPF_K, value);
   };
-  // With a flag or a least value every other argument passes; without an argument the least is 0.
+  // With a flag or a least value all other calls pass; without an argument the least value is 0.
   std::size_t const argument =
       refusal.argument < 0 ? 0 : static_cast<std::size_t>(refusal.argument);
   auto const test = refusal.flag != 0

@@ -63,7 +63,7 @@ class BuildSearchPathTest : public test::TempFolderTest {
     ::unsetenv("Path");
     ::unsetenv("ZELACCESS_SETTINGS");
   }
-  // The old value that was handed out.
+  // Returns the old value that was handed out.
   static std::string Build(std::string const& subKey, std::vector<std::string> const& folders) {
     char* old = nullptr;
     BuildSearchPath(old, subKey, folders);

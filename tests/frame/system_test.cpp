@@ -55,7 +55,7 @@ class SettingsTest : public test::TempFolderTest {
       before.empty() ? ::unsetenv(name) : ::setenv(name, before.c_str(), 1);
     }
   }
-  // The value that the setting has, "none" when there is none.
+  // The value of the setting, "none" when there is none.
   static std::string Setting(char const* key, char const* name) {
     std::string value = "none";
     bool const found = ReadSetting(key, name, value);

@@ -1,4 +1,4 @@
-// A folder for one test, gone with it.
+// A folder for one test, removed with it.
 #pragma once
 
 #include <gtest/gtest.h>

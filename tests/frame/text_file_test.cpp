@@ -1,4 +1,4 @@
-// Text files are written front to back and read whole.
+// Text files are written sequentially and read whole.
 #include "frame/platform/text_file.h"
 
 #include <gtest/gtest.h>
@@ -61,7 +61,7 @@ TEST_F(TextFileTest, WithoutMemoryForItsBufferNoFileStaysOpen) {
 }
 
 TEST_F(TextFileTest, AFileThatGrowsWhileItIsReadIsReadToItsEnd) {
-  // Files of /proc tell a size of 0.
+  // Files of /proc report a size of 0.
   ASSERT_EQ(ReadTextFile("/proc/self/status", text_), ReadResult::kRead);
   EXPECT_NE(text_.find("\nPid:\t"), std::string::npos);
 }
@@ -80,7 +80,7 @@ TEST_F(TextFileTest, ATextLongerThanAnIntIsRefusedBeforeItIsRead) {
   EXPECT_EQ(OpenDescriptors(), before);
 }
 
-#if !defined(__SANITIZE_ADDRESS__)  // which cannot live with a limit on address space
+#if !defined(__SANITIZE_ADDRESS__)  // which does not work with a limit on address space
 TEST_F(TextFileTest, AFileThatMemoryCannotHoldIsClosed) {
   auto const before = OpenDescriptors();
   std::string const path = Sparse(INT_MAX);

@@ -49,7 +49,7 @@ TEST(Trim7, EqualsPrintingAndReadingBackAroundPowersOfTenAndTwo) {
   }
 }
 
-// Floats that lie exactly between two texts of seven digits: the even one is taken.
+// Floats exactly between two texts of seven digits: the even one is used.
 TEST(Trim7, TiesGoToTheEvenDigit) {
   EXPECT_EQ(Trim7(1000000.5F), 1000000.0);
   EXPECT_EQ(Trim7(1000001.5F), 1000002.0);

@@ -1,4 +1,5 @@
-// Conversions of the real unit table against numbers computed from the definitions of the units.
+// Conversions of the real unit table compared with numbers computed from the definitions of the
+// units.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -156,7 +157,7 @@ TEST_F(UnitConversionTest, AgreesWithTheDefinitions) {
   }
 }
 
-// Known to fewer digits: measured values, and psig as it stands in the table.
+// Known to fewer digits: measured values, and psig as in the table.
 TEST_F(UnitConversionTest, AgreesWithPublishedValues) {
   constexpr Conversion kPublished[] = {
       {"pres", 0.0, "psig", "psia", 14.6959},
@@ -177,12 +178,12 @@ TEST_F(UnitConversionTest, AgreesWithPublishedValues) {
 }
 
 TEST_F(UnitConversionTest, InternalUnitsAreOneSet) {
-  // Amounts: R = 8.314471 J/(g-mol K) is the same number in kPa m3/(kg-mol K) and kJ/(kg-mol K).
+  // Amounts: R = 8.314471 J/(g-mol K) has the same value in kPa m3/(kg-mol K) and kJ/(kg-mol K).
   EXPECT_NEAR(Internal("molarentropy", "J/K-g-mol", 8.314471), 8.314471, 1e-14);
   double const pressure = Internal("pres", "atm", 1.0);
   double const volume = Internal("vol", "liter", 22.413969) / Internal("mole", "g-mol", 1.0);
   EXPECT_NEAR(pressure * volume / Internal("temp", "C", 0.0), 8.31447, 1e-5);
-  // Work: a pressure times a volume is an energy, an energy by a time a power, and so on.
+  // Work: a pressure times a volume is an energy, an energy per time a power, and so on.
   EXPECT_NEAR(Internal("pres", "Pa", 1.0) * Internal("vol", "m3", 1.0),
               Internal("energy", "J", 1.0), 1e-18);
   EXPECT_NEAR(Internal("hxduty", "BTU/hr", 1.0),
@@ -213,7 +214,7 @@ TEST_F(UnitConversionTest, SolubilityParameterComesOutInCaloriesPerVolume) {
   double const volume = Internal("spvol", "cm3/g-mol", 89.4);
   double const square = (heat - 2478.95952865) / volume / 4.18321 / 1000.0;
   EXPECT_NEAR(std::sqrt(square), 9.16, 0.01);
-  // The divisor is that between kJ/m3 and cal/cm3, with a calorie between the two defined ones.
+  // The divisor converts kJ/m3 to cal/cm3, with a calorie close to the defined ones.
   double joules = (heat - 2478.95952865) / volume;
   ASSERT_EQ(Convert("heatval", "kJ/m3", "cal/cm3", joules), 0);
   EXPECT_NEAR(joules / square, 1.0, 0.001);
@@ -269,7 +270,7 @@ TEST_F(UnitConversionTest, EveryUnitOfEveryListGoesToInternalAndBack) {
         double value = start;
         ASSERT_EQ(Convert(list.name.c_str(), unit.c_str(), "QRInternal", value), 0);
         ASSERT_EQ(Convert(list.name.c_str(), "qrinternal", unit.c_str(), value), 0);
-        // The zero of a temperature or a gauge costs digits near it.
+        // The offset of a temperature or a gauge pressure costs digits near zero.
         bool const hasZero = list.name.substr(0, 4) == "Temp" || list.name.substr(0, 4) == "Pres";
         double const offset = hasZero ? 1.1e5 : 0.0;
         EXPECT_NEAR(value, start, 1e-15 * (8.0 * std::abs(start) + offset));

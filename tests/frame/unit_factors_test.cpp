@@ -1,5 +1,5 @@
 // The factors of unit codes: lengths of the classes, rows that stored values rely on, the codes
-// that have words, and every row against the meaning of its unit's text.
+// that have words, and every row compared with the meaning of its unit's text.
 #include "frame/units/unit_factors.h"
 
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ struct ClassFacts {
   char const* base;  // null where no factor converts
 };
 
-// By class from 1.
+// By class, from 1.
 // clang-format off
 constexpr ClassFacts kClassFacts[] = {
     {4, "K"}, {4, "K"}, {4, "K"}, {27, "kPa"}, {27, "kPa"}, {25, "kPa"}, {15, "kg"}, {10, "sec"},
@@ -136,7 +136,7 @@ constexpr double kFoot3 = kFoot * kFoot * kFoot;
 constexpr double kCalorie = 4.1868;
 constexpr double kBtu = 1055.05585262;
 
-// The codes with a word of their own in the interchange form.
+// The codes that have their own word in the interchange format.
 constexpr CodeWithWord kCodesWithWords[] = {
     {1010, "K", 1.0},
     {1011, "C", 1.0},
@@ -227,7 +227,7 @@ TEST(UnitFactorsTest, CodesWithWordsAreThoseUnits) {
   }
 }
 
-// Factors kept as stored values were made with them, beside their true values to six digits.
+// Factors kept because stored values were made with them, with their true values to six digits.
 constexpr CodeWithWord kKeptFactors[] = {
     {42010, "g/cm", 0.980665},
     {42011, "g/cm", 0.980665},
@@ -279,8 +279,8 @@ TEST(UnitFactorsTest, ReaderOfUnitTextsTellsUnitsApart) {
 }
 
 struct DocumentRow {
-  std::string
-      unit;  // "from | unit", as the document shows it; "class" with its number where one begins
+  std::string unit;  // "from | unit", as the document shows it; "class" with its number where a
+                     // class begins
   double factor;
   bool operator==(DocumentRow const&) const = default;
   friend void PrintTo(DocumentRow const& row, std::ostream* out) {
@@ -309,7 +309,7 @@ TEST(UnitFactorsTest, DocumentShowsTheTable) {
   UnitFactor const* last = nullptr;
   for (int unitClass = 1; unitClass <= kUnitClasses; ++unitClass) {
     std::span<UnitFactor const> const units = kUnitFactors[unitClass - 1];
-    if (units.data() == std::exchange(last, units.data())) continue;  // shares the rows before
+    if (units.data() == std::exchange(last, units.data())) continue;  // shares the previous rows
     rows.push_back({"class", static_cast<double>(unitClass)});
     for (std::size_t i = 0, j = 0; i < units.size(); i = j) {
       auto const same = [&](UnitFactor const& other) {
@@ -326,7 +326,7 @@ TEST(UnitFactorsTest, DocumentShowsTheTable) {
 
 class UnitFactorsAndSystemTest : public test::UnitSystemTest {};
 
-// Classes of codes beside the unit classes that know all their units.
+// Classes of codes, with the unit classes that have all their units.
 struct SharedClass {
   std::int32_t unitClass;
   char const* dimension;
@@ -341,7 +341,7 @@ constexpr SharedClass kSharedClasses[] = {
     {45, "frac"},       {49, "dipole"},
 };
 
-// By differences, since codes know no offset: a gauge unit has the factor of its scale.
+// Compares differences, since codes have no offset: a gauge unit has the factor of its scale.
 TEST_F(UnitFactorsAndSystemTest, UnitSystemConvertsAlike) {
   for (auto const& [unitClass, dimension] : kSharedClasses) {
     auto const index = static_cast<std::size_t>(unitClass - 1);

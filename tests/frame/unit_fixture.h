@@ -16,7 +16,7 @@ namespace zel::test {
 
 inline std::string RealTableText() { return TableFileText(UnitTableResource()); }
 
-// What uom_Init2 makes of a text.
+// The result of uom_Init2 for a text.
 inline UnitTableError Load(std::string_view text) {
   UnitTable table;
   UnitTableError error = ReadUnitTable(text, table);
@@ -26,7 +26,7 @@ inline UnitTableError Load(std::string_view text) {
   return error;
 }
 
-// A table of a few units with places for what a test adds, in single quotes here.
+// A table of a few units with places for additions of a test, in single quotes here.
 struct SmallTable {
   std::string units;
   std::string lists;
@@ -49,7 +49,7 @@ struct SmallTable {
   }
 };
 
-// The unit system on the real table, once in the test program.
+// The unit system with the real table, started once in the test program.
 class UnitSystemTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { ASSERT_EQ(StartUnitSystemFrom(UnitTableResource()), 0); }
@@ -60,7 +60,7 @@ class UnitSystemTest : public ::testing::Test {
     return text;
   }
 
-  // The display text of what a word opens; "-" for nothing.
+  // The display text of the unit that a word opens; "-" for none.
   static std::string Opened(char const* dimension, char const* word) {
     uom_Unit* unit = OpenUnit(dimension, word);
     if (unit == nullptr) return "-";
@@ -70,7 +70,7 @@ class UnitSystemTest : public ::testing::Test {
     return text;
   }
 
-  // From one unit of a class to another, by their texts.
+  // Converts from one unit of a class to another, by their texts.
   static int Convert(char const* dimension, char const* from, char const* to, double& value) {
     uom_Unit* source = uoms_New(dimension);
     uom_Unit* target = uoms_New(dimension);

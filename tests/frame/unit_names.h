@@ -1,4 +1,4 @@
-// The units that the table must list, by quantity and in its order.
+// The units that the table must list, by quantity, in the table's order.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,4 @@
-// The units of the classes of codes that are made of others: which position has which unit.
+// Classes of codes that are composed of others: which position has which unit.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -19,7 +19,7 @@ std::vector<std::string> Texts(int unitClass) {
   return Texts(unitClass, kUnitFactors[unitClass - 1].size());
 }
 
-// Each of the units by each of the times, the times running faster.
+// Each of the units per each of the times, the times varying faster.
 std::vector<std::string> Rates(std::vector<std::string> const& units,
                                std::vector<std::string> const& times) {
   std::vector<std::string> rates;
@@ -29,7 +29,7 @@ std::vector<std::string> Rates(std::vector<std::string> const& units,
   return rates;
 }
 
-// Classes that are made of others have their units in the order of those.
+// Classes that are composed of others have their units in the order of those.
 TEST(UnitPositions, RatesAreUnitsByTimesInTheirOrder) {
   std::vector<std::string> const times = {"sec", "min", "hr", "day", "wk", "mon", "yr"};
   EXPECT_EQ(Texts(16), Rates(Texts(7, 11), {"sec", "min", "hr"}));
@@ -57,7 +57,7 @@ TEST(UnitPositions, DoubledClassesHaveEachUnitTwice) {
       EXPECT_EQ(texts[i], texts[i + 1]) << unitClass << " " << i;
     }
   }
-  // By mass as by mole.
+  // Per mass as per mole.
   auto molar = Texts(22);
   for (std::string& text : molar) text.resize(text.find("-mol"));
   EXPECT_EQ(Texts(31), molar);

@@ -1,4 +1,4 @@
-// The order in which a unit word is tried, and the file that the unit system is started from.
+// The order in which a unit word is tried, and the file from which the unit system is started.
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -67,7 +67,7 @@ TEST_F(UnitWordTest, ConvertingLeavesNothingBehind) {
   EXPECT_EQ(kept, 0);
 }
 
-// Each of the four ways finds another unit for one of these words.
+// Each of the four attempts finds a different unit for one of these words.
 TEST(UnitWordOrder, TextThenKeywordThenTheOtherBasis) {
   test::SmallTable table;
   table.units =
@@ -86,9 +86,9 @@ TEST(UnitWordOrder, TextThenKeywordThenTheOtherBasis) {
       {"two", "two"},      //
       {"x", "x"},          // a text with and without "-mol"
       {"x-mol", "x-mol"},  //
-      {"z-mol", "y"},      // a keyword; cut it were a text
-      {"w-mol", "v"},      // cut it is a keyword
-      {"v", "v"},          // a text; with "-mol" it were a keyword
+      {"z-mol", "y"},      // a keyword; when cut it would be a text
+      {"w-mol", "v"},      // when cut it is a keyword
+      {"v", "v"},          // a text; with "-mol" it would be a keyword
   };
   for (Case const& row : kCases) {
     uom_Unit* unit = OpenUnit("mixed", row.word);
@@ -100,7 +100,7 @@ TEST(UnitWordOrder, TextThenKeywordThenTheOtherBasis) {
   }
 }
 
-// The unit system on a small table with a class of these units, which QRInternal has no unit for.
+// The unit system on a small table with a class of these units, for which QRInternal has no unit.
 void StartWith(std::vector<std::string> const& units) {
   test::SmallTable table;
   table.lists = "'BEGINLIST'\n'Mixed'\n";
@@ -112,7 +112,7 @@ void StartWith(std::vector<std::string> const& units) {
   ASSERT_EQ(StartUnitSystemFrom(table.Text()), 0);
 }
 
-// The text of what a word opens there.
+// The text of the unit that a word opens there.
 std::string OpenedMixed(std::string const& word) {
   uom_Unit* unit = OpenUnit("mixed", word.c_str());
   if (unit == nullptr) return "-";
@@ -164,7 +164,7 @@ class UnitTableFileTest : public test::TempFolderTest {
     before_.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before_.c_str(), 1);
   }
 
-  // What came and went in the folder: '+' or '-' and the name.
+  // Files created and removed in the folder: '+' or '-' and the name.
   std::vector<std::string> Events() const {
     std::vector<std::string> events;
     alignas(inotify_event) std::array<char, 4096> bytes{};
@@ -184,8 +184,8 @@ class UnitTableFileTest : public test::TempFolderTest {
   int watch_ = -1;
 };
 
-// The folder is on a file system that has such files wherever this runs; see TemporaryFileTest for
-// what happens elsewhere.
+// Skipped where the file system of the folder has no such files; see TemporaryFileTest for what
+// happens there.
 TEST_F(UnitTableFileTest, FileHasNoNameThatAKilledProcessCouldLeave) {
   if (platform::TemporaryFile("x", 259).Path().rfind("/proc/self/fd/", 0) != 0) {
     GTEST_SKIP() << "no files without a name here";
@@ -221,7 +221,7 @@ TEST_F(UnitTableFileTest, EmptyTableMakesNoFile) {
   EXPECT_TRUE(Events().empty());
 }
 
-// Whatever the loading cannot get memory for, the file does not stay behind.
+// Whichever allocation of the loading fails, no file is left behind.
 TEST_F(UnitTableFileTest, FileGoesWhenMemoryIsRefused) {
   std::string const table = test::SmallTable{}.Text();
   int refused = 0;

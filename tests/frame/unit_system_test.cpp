@@ -26,7 +26,7 @@ struct Word {
   char const* display;
 };
 
-// The words that exported files hold, and what the reader of such files looks up for them.
+// The words in exported files, and those that the reader of such files looks up for them.
 TEST_F(OpenUnitTest, WordsOfExportedFilesOpenTheirUnits) {
   constexpr Word kWords[] = {
       {"temp", "k", "K"},
@@ -64,7 +64,7 @@ TEST_F(OpenUnitTest, WordsOfExportedFilesOpenTheirUnits) {
       {"spenthalpy", "kcal/g", "kcal/g"},
       {"spenthalpy", "kcal/kg", "kcal/kg"},
       {"spenthalpy", "btu/lb", "BTU/lb"},
-      // Temperature first, as the reader turns them.
+      // Temperature first, as the reader reorders them.
       {"spentropy", "j/k-g", "J/K-g"},
       {"spentropy", "j/k-kg", "J/K-kg"},
       {"spentropy", "kj/k-g", "kJ/K-g"},
@@ -239,7 +239,7 @@ TEST_F(OpenUnitTest, EverySlateHasAUnitForEveryClass) {
       uom_Unit* unit = uoms_New(name.c_str());
       ASSERT_NE(unit, nullptr) << name;
       EXPECT_EQ(uom_FillStructFromString(unit, slate.name.c_str(), 1), 0) << slate.name << name;
-      // What a slate shows can be read again.
+      // The text of a slate's unit can be read again.
       std::string const text = Display(unit);
       EXPECT_EQ(uom_FillStructFromString(unit, text.c_str(), 1), 0) << name << " " << text;
       EXPECT_EQ(Display(unit), text);
@@ -298,7 +298,7 @@ TEST(UnitSystem, GivesNothingBeforeItsStart) {
       test::kHeld);
 }
 
-// With a folder for temporary files of its own.
+// With its own folder for temporary files.
 class StartUnitSystemTest : public test::TempFolderTest {
  protected:
   StartUnitSystemTest() : before_(platform::Environment("TMPDIR")) {
@@ -337,7 +337,7 @@ TEST_F(StartUnitSystemTest, BadTableGivesAPositiveErrorAndLeavesNoFile) {
 TEST_F(StartUnitSystemTest, NoTemporaryFileGivesAPositiveError) {
   ::setenv("TMPDIR", Path("missing").c_str(), 1);
   EXPECT_EQ(StartUnitSystemFrom(UnitTableResource()), static_cast<int>(UnitTableError::kNoFile));
-  // A name of more than 259 characters does not serve either.
+  // A name of more than 259 characters cannot be used either.
   fs::path deep = Folder();
   while (deep.string().size() < 260) deep /= "folder-in-a-folder";
   fs::create_directories(deep);
@@ -382,7 +382,7 @@ TEST_F(StartUnitSystemTest, FailedLoadLeavesWhatWasLoaded) {
   uom_Unit* present = OpenUnit("temp", "K");
   double value = 1.0;
   EXPECT_EQ(uom_ConvertArray(&value, 1, old, present), 0);
-  // Another table's handles are of another table.
+  // Handles of different tables cannot be combined.
   ASSERT_EQ(StartUnitSystemFrom(UnitTableResource()), 0);
   uom_Unit* later = OpenUnit("temp", "K");
   EXPECT_EQ(uom_ConvertArray(&value, 1, old, later), kUomOtherClass);

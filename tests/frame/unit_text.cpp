@@ -48,7 +48,7 @@ struct Word {
   Dimension dimension;
 };
 
-// Words with a sign in them come before their parts: a pound is a force in ft-lb and lb-sec, a
+// Words that contain a sign come before their parts: a pound is a force in ft-lb and lb-sec, a
 // kilogram in kg-m and kg/cm2, a gram in g-cm and g/cm.
 constexpr Word kWords[] = {
     {"K", 1.0, kTemperature},
@@ -169,7 +169,7 @@ Word const* Find(std::string_view text) {
   return at == std::end(kWords) ? nullptr : at;
 }
 
-// A word, or one with a digit behind it as its exponent.
+// A word, or one followed by a digit as its exponent.
 bool MultiplyWord(UnitMeaning& product, std::string_view text, int sign) {
   if (Word const* word = Find(text)) {
     Multiply(product, *word, sign);

@@ -1,4 +1,4 @@
-// Reads a unit text such as BTU/hr-ft2-F by the definitions of its words, apart from the unit
+// Reads a unit text such as BTU/hr-ft2-F by the definitions of its words, independently of the unit
 // system and the tables of factors: its value in SI units and its dimension.
 #pragma once
 
@@ -17,10 +17,10 @@ struct UnitMeaning {
   bool operator==(UnitMeaning const&) const = default;
 };
 
-// Nothing for a text with a word that is not known.
+// No result for a text with an unknown word.
 std::optional<UnitMeaning> ReadUnit(std::string_view text);
 
-// Whether `factor` is `exact` rounded to six digits, or closer.
+// True if `factor` is `exact` rounded to six digits, or closer.
 bool IsRounded(double factor, double exact);
 
 }  // namespace zel::test

@@ -29,7 +29,7 @@ TEST(Wildcard, StarsAndQuestionMarks) {
   }
 }
 
-// By the meaning of the signs, one step of recursion for each.
+// Follows the meaning of the signs, with one step of recursion for each.
 bool Literally(std::string const& name, std::string const& pattern) {
   if (pattern.empty()) return name.empty();
   std::string const rest = pattern.substr(1);
@@ -40,7 +40,7 @@ bool Literally(std::string const& name, std::string const& pattern) {
   return one && Literally(name.substr(1), rest);
 }
 
-// All texts of the signs up to a length.
+// Calls `use` with all texts of these signs up to a length.
 void ForAll(std::string const& signs, std::size_t length, std::string text, auto const& use) {
   use(text);
   if (text.size() == length) return;

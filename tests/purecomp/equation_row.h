@@ -1,4 +1,4 @@
-// One row of scripts/make_equation_rows.py, and the evaluation that it stands for.
+// One row of scripts/make_equation_rows.py, and the evaluation that it describes.
 #pragma once
 
 #include <cmath>

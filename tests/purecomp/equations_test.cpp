@@ -1,5 +1,5 @@
-// Every equation form against values of 50 digits made apart from the code, and the rules around
-// the forms: numbers without a form, range, final step, orders.
+// Every equation form compared with values of 50 digits computed independently of the code, and the
+// rules around the forms: numbers without a form, range, final step, orders.
 #include "purecomp/equations.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +39,7 @@ Result Evaluate(EquationCall const& call) {
   return r;
 }
 
-// Relative, and against what a form adds up where its terms cancel.
+// The tolerance is relative to the value, or to the terms of the form where they cancel.
 void ExpectNear(double got, double expected, double tolerance, double scale, char const* what,
                 Row const& row) {
   constexpr double kNothing = 1e-50;
@@ -49,7 +49,7 @@ void ExpectNear(double got, double expected, double tolerance, double scale, cha
       << ": " << what << " " << got << " for " << expected;
 }
 
-// Newton's method of eq 51 ends at 1e-7 of its step: some digits of the value are its own.
+// Newton's method of eq 51 ends at 1e-7 of its step: the last digits of the value are not exact.
 double ToleranceOf(Row const& row) { return row.equation == 51 && row.N == 15 ? 1e-9 : 4e-12; }
 
 TEST(Equations, ValuesAndDerivativesOfEveryForm) {
@@ -97,7 +97,8 @@ TEST(Equations, SensitivitiesOfEveryForm) {
   }
 }
 
-// Against the order below, so that a derivative cannot be wrong in the same way on both sides.
+// Compared with the order below, so that a derivative cannot be wrong in the same way on both
+// sides.
 TEST(Equations, EachDerivativeIsTheSlopeOfTheOneBelow) {
   int compared = 0;
   for (Row const& row : kRows) {
@@ -122,7 +123,7 @@ TEST(Equations, EachDerivativeIsTheSlopeOfTheOneBelow) {
       for (int k = 1; k <= 4; ++k) {
         slope += weights[k - 1] * (below(row.T + k * h) - below(row.T - k * h)) / h;
       }
-      // The order below can be a rest of rounding beside the value.
+      // The order below can be just rounding error relative to the value.
       double const size =
           std::max(std::fabs(below(row.T)), std::fabs(row.value) / std::pow(row.T, order - 1));
       double const noise = 1e-13 * size / h;
@@ -191,7 +192,7 @@ TEST(Equations, FinalStepScalesValueAndDerivativeAndAddsTheOffset) {
   EXPECT_EQ(EvaluateEquation(call, value, derivative, nullptr), kInRange);
 }
 
-// Pc is in internal units: the critical pressure goes back through the final step.
+// Pc is in internal units: the forms undo the final step on the critical pressure.
 TEST(Equations, WagnerFormsTakeTheFactorOutOfTheCriticalPressure) {
   for (int equation : {47, 48}) {
     double const c[15] = {-7.0, 1.5, -2.0, -3.0};
@@ -268,7 +269,7 @@ TEST(Equations, SignOfTheEighthCoefficientOfForm23DependsOnTheCount) {
 }
 
 // Measured latent heats at the normal boiling point, which the form was fitted to reproduce within
-// two in a hundred (Sivaraman, Magee and Kobayashi, Ind. Eng. Chem. Fundam. 23 (1984) 97; heats and
+// 2 percent (Sivaraman, Magee and Kobayashi, Ind. Eng. Chem. Fundam. 23 (1984) 97; heats and
 // boiling points: CRC Handbook of Chemistry and Physics).
 TEST(Equations, Form53GivesLatentHeats) {
   struct Fluid {

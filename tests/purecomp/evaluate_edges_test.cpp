@@ -1,5 +1,5 @@
 // Evaluation beyond a correlation's own range and numbers: sensitivities and slopes at the bound,
-// derivatives of called correlations, constants that are not there.
+// derivatives of called correlations, missing constants.
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -16,7 +16,7 @@ using test::Evaluated;
 using test::kUntouchedValue;
 using test::SetCorrelation;
 
-// Sensitivities come without a slope.
+// Sensitivities have no slope.
 TEST(EvaluateEdges, SensitivitiesOutsideTheRangeAreThoseOfTheBound) {
   for (std::uint32_t index : {0U, 7U}) {
     ComponentBank bank;
@@ -34,7 +34,7 @@ TEST(EvaluateEdges, SensitivitiesOutsideTheRangeAreThoseOfTheBound) {
   }
 }
 
-// No logarithm is taken where there is none, and no bound of the exponent is met.
+// No logarithm is taken where there is none, and the limit of the exponent is not reached.
 TEST(EvaluateEdges, SensitivitiesOutsideTheRangeLeaveAnyValueOfTheBound) {
   ComponentBank bank;
   SetCorrelation(bank, 7, 1, {1e30});
@@ -47,7 +47,7 @@ TEST(EvaluateEdges, SensitivitiesOutsideTheRangeLeaveAnyValueOfTheBound) {
   EXPECT_EQ(Evaluate(bank, 1, std::numeric_limits<double>::infinity(), 11).value, 395.0);
 }
 
-// An infinite slope to below counts as none, so that a density goes on as it ended.
+// An infinite downward slope counts as 0, so that a density keeps its last value.
 TEST(EvaluateEdges, DensityThatEndsAtItsCriticalPointKeepsItsLastValue) {
   ComponentBank bank;
   SetCorrelation(bank, 4, 16, {2.25, 0.27, 400.0, 0.25});
@@ -75,8 +75,7 @@ TEST(EvaluateEdges, VaporPressureAboveItsCriticalPointStaysForAnInfiniteSlope) {
   }
 }
 
-// At 0 K the step in 1/T is infinite: the exponent stands at its limit, or where it was for a slope
-// of 0.
+// At 0 K the step in 1/T is infinite: the exponent is at its limit, or unchanged for a slope of 0.
 TEST(EvaluateEdges, LogarithmicExtrapolationToZeroHasNoSlope) {
   ComponentBank bank;
   for (double const slope : {-1.0, 0.0, 1.0}) {
@@ -93,7 +92,7 @@ TEST(EvaluateEdges, LogarithmicExtrapolationToZeroHasNoSlope) {
   }
 }
 
-// A slope to above that is infinite counts as none, as one to below does.
+// An infinite upward slope counts as 0, as a downward one does.
 TEST(EvaluateEdges, LinearExtrapolationFromAnInfiniteSlopeKeepsTheLastValue) {
   for (double const sign : {1.0, -1.0}) {
     ComponentBank bank;
@@ -138,7 +137,7 @@ TEST(EvaluateEdges, HigherDerivativesGoThroughCalledCorrelations) {
   }
 }
 
-// What is called starts from 0 and not from the caller's numbers.
+// A called correlation starts from 0 and not from the caller's numbers.
 TEST(EvaluateEdges, CalledCorrelationWithoutAFormGivesZero) {
   ComponentBank without, bank;
   SetCorrelation(without, 3, 54, {1.0, 0.25, 500.0});
@@ -174,7 +173,7 @@ TEST(EvaluateEdges, WagnerFormGivesTheCriticalPressureInAnyUnit) {
   }
 }
 
-// Two kinds of units have a factor of 0, out of which no critical pressure can be taken.
+// Two kinds of units have a factor of 0, by which the critical pressure cannot be divided.
 TEST(EvaluateEdges, WagnerFormWithoutAFactorIsNoNumber) {
   for (std::int32_t unit : {43010, 44010}) {
     ComponentBank bank;
@@ -187,7 +186,7 @@ TEST(EvaluateEdges, WagnerFormWithoutAFactorIsNoNumber) {
   }
 }
 
-// The critical constants of the forms are those as read, also after the missing one was derived.
+// Forms use the critical constants as read, even after a missing one was derived.
 TEST(EvaluateEdges, FormsSeeTheConstantsAsRead) {
   ComponentBank bank;
   bank->SetProperty(1, 500.0);

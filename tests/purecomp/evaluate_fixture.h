@@ -27,7 +27,7 @@ inline Evaluated Evaluate(ComponentBank const& bank, std::uint32_t index, double
   return r;
 }
 
-// In internal units, between 200 and 400 unless told otherwise.
+// In internal units, between 200 and 400 by default.
 inline void SetCorrelation(ComponentBank const& bank, std::uint32_t index, std::int32_t equation,
                            std::vector<double> const& c, double tMin = 200.0, double tMax = 400.0,
                            std::int32_t unit = 0, std::int32_t basis = 1) {

@@ -1,5 +1,5 @@
-// Evaluation of a component's correlations: range, extrapolation, limits, units, basis, calls of
-// one correlation by another.
+// Evaluation of a component's correlations: range, extrapolation, limits, units, basis, evaluation
+// of one correlation by another.
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -53,8 +53,7 @@ TEST(Evaluate, UnitFactorTurnsTheValueIntoInternalUnits) {
   EXPECT_DOUBLE_EQ(r.derivative, 0.01 * 101.325);
 }
 
-// ln P is linear in 1/T through the last point: P = exp(A + B/T) goes on as itself.
-// Units come from files unchecked.
+// Units are read from files unchecked.
 TEST(Evaluate, UnitThatIsNoneLeavesTheValue) {
   for (std::int32_t const unit :
        {1, 9, 999, 1009, 4009, 4037, 50999, 51010, 999999, -1, -4025, INT32_MIN, INT32_MAX}) {
@@ -67,6 +66,7 @@ TEST(Evaluate, UnitThatIsNoneLeavesTheValue) {
   }
 }
 
+// ln P is linear in 1/T through the last point: P = exp(A + B/T) continues as itself.
 TEST(Evaluate, VaporPressureAndLiquidViscosityExtrapolateLogarithmically) {
   for (std::uint32_t index : {0U, 7U}) {
     ComponentBank bank;
@@ -82,7 +82,7 @@ TEST(Evaluate, VaporPressureAndLiquidViscosityExtrapolateLogarithmically) {
   }
 }
 
-// For orders 2 and 3 the slope used is the derivative of that order.
+// In orders 2 and 3 the slope is the derivative of that order.
 TEST(Evaluate, LogarithmicExtrapolationUsesTheDerivativeOfTheOrder) {
   ComponentBank bank;
   SetCorrelation(bank, 7, 20, {2.0, -600.0});
@@ -220,7 +220,7 @@ TEST(Evaluate, FormsCallOtherCorrelations) {
   EXPECT_NEAR(r.value, expected, 1e-14 * expected);
   double const slope = expected * (0.5 * -0.03125 / D - 0.25 * 2.0 / P);
   EXPECT_NEAR(r.derivative, slope, 1e-13 * std::fabs(slope));
-  // Missing, the called values count as 0, and their logarithm as -230.
+  // Missing values count as 0, and their logarithm as -230.
   ComponentBank lonely;
   SetCorrelation(lonely, 7, 38, {1.0, 0.0625});
   EXPECT_NEAR(Evaluate(lonely, 7, 300.0).value, std::exp(1.0 - 0.0625 * 230.0), 1e-19);

@@ -1,5 +1,5 @@
-// Atoms, weight fractions and heats. Expected numbers without a remark were computed apart from the
-// code with 40 digits.
+// Atoms, weight fractions and heats. Expected numbers without a remark were computed independently
+// of the code with 40 digits.
 #include <array>
 #include <cmath>
 
@@ -35,13 +35,13 @@ TEST_F(FillInAtoms, CountsComeFromTheFormula) {
       {"Petro", {0, 0, 0, 0, 0}},
       {"MIXTURE", {0, 0, 0, 0, 0}},
       {"", {0, 0, 0, 0, 0}},
-      // A failure leaves what was counted up to it.
+      // After a failure the counts up to it remain.
       {"C2H6)N", {2, 6, 0, 0, 0}},
       {"C2h6", {2, 0, 0, 0, 0}},
       {"C2H6.5N", {2, 6, 0, 0, 0}},
       {"O(C2H6", {0, 0, 0, 1, 0}},
       {"c2H6", {0, 0, 0, 0, 0}},
-      // An unknown symbol has no slot here, and so no say.
+      // An unknown symbol has no slot here and therefore no effect.
       {"XxC2H6", {2, 6, 0, 0, 0}},
       {"C9999H12345", {9999, 1234, 0, 0, 0}},
       {"((C9999)9999)9999", {2147483647, 0, 0, 0, 0}},

@@ -1,5 +1,5 @@
-// Constants that follow from correlations, and the fill-in as a whole. Expected numbers without a
-// remark were computed apart from the code with 40 digits.
+// Constants derived from correlations, and the fill-in as a whole. Expected numbers without a
+// remark were computed independently of the code with 40 digits.
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -150,7 +150,7 @@ TEST_F(FillInAcentric, NeedsCriticalConstantsAndAPressureThatCanBeEvaluated) {
   EXPECT_EQ(Label(propertyACENTRIC), "LIB");
 }
 
-// A derived critical temperature is used here, yet a correlation sees the constants as read.
+// A derived critical temperature is used here, but a correlation uses the constants as read.
 TEST_F(FillInAcentric, DerivedCriticalTemperature) {
   Set(propertyPC, 4872.0);
   Set(propertyVC, 0.1455);
@@ -181,7 +181,7 @@ TEST_F(FillInWhole, AnEmptyComponent) {
   EXPECT_EQ(c.phase, 0);
 }
 
-// Whatever is there: what was read stays, the rest depends on nothing but it.
+// For any data: what was read is unchanged, and the rest depends only on it.
 TEST_F(FillInWhole, AnyDataAndTwiceTheSame) {
   std::mt19937 random(7);
   double const odd[] = {0.0,

@@ -1,4 +1,4 @@
-// A component to complete, and what became of it.
+// A component to complete, and the results.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ class FillInTest : public testing::Test {
       record.coefficients[i] = coefficients[i];
     }
   }
-  // What `completed` holds at an index after the fill-in.
+  // The value of `completed` at an index after the fill-in.
   double Completed(std::size_t index) {
     CompleteComponent(c);
     return c.completed[index];

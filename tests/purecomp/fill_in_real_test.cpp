@@ -1,7 +1,7 @@
-// Derived constants of real components beside published ones.
+// Derived constants of real components compared with published ones.
 //
 // Data and published values are those of the ChemSep pure component data (Kooijman and Taylor). The
-// tolerances say how well the estimates hold, not how well they are computed.
+// tolerances reflect the accuracy of the estimates, not of their computation.
 #include <cmath>
 
 #include "purecomp/fill_in.h"
@@ -58,8 +58,8 @@ TEST_F(FillInOfReal, ParachorOfAlkanesWithinThreePercent) {
   }
 }
 
-// Water at 60 F is 10 degrees API by definition. The Watson factor tells the families apart: about
-// 13 for paraffins, 11 for naphthenes, 10 for light aromatics.
+// Water at 60 F is 10 degrees API by definition. The Watson factor distinguishes the families:
+// about 13 for paraffins, 11 for naphthenes, 10 for light aromatics.
 TEST_F(FillInOfReal, GravityAndWatsonFactor) {
   Set(propertySG60F, 1.0);
   EXPECT_EQ(Completed(50), 10.0);
@@ -111,7 +111,7 @@ TEST_F(FillInOfReal, SolubilityParameterAndAcentricFactor) {
     double volume;
     double solubility;  // (cal/cm3)^0.5
     double acentric;
-    double exactSolubility;  // of these data, computed apart from the code
+    double exactSolubility;  // of these data, computed independently of the code
     double exactAcentric;
     std::vector<double> pressure;
     std::vector<double> heat;

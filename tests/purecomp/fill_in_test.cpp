@@ -1,5 +1,5 @@
-// Constants that follow from constants. Expected numbers without a remark were computed apart from
-// the code with 40 digits.
+// Constants derived from constants. Expected numbers without a remark were computed independently
+// of the code with 40 digits.
 #include "purecomp/fill_in.h"
 
 #include <bit>

@@ -1,5 +1,5 @@
-// Where forms have an edge: guards, thresholds, zeros, counts, and what plain arithmetic gives
-// where no guard stands.
+// Where forms have an edge: guards, thresholds, zeros, counts, and the results of plain arithmetic
+// where there is no guard.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,7 +23,7 @@ struct Given {
   RangeStatus status = kInRange;
 };
 
-// A form with as many coefficients as are given, without limits.
+// A form with these coefficients and without limits.
 class Form {
  public:
   Form(int equation, std::vector<double> coefficients) : c_(std::move(coefficients)) {
@@ -129,7 +129,7 @@ TEST(FormRange, BothZerosAreOneTemperatureAndPositive) {
   EXPECT_EQ(form.At(-0.0).status, kAboveRange);
 }
 
-// Of the limits -1e35 and -1e35, and of two equal ones, no variable can be made.
+// The limits -1e35 and -1e35, or two equal ones, do not define a variable.
 TEST(FormArithmetic, ChebyshevWithoutARangeIsWhatItsTermsGive) {
   EXPECT_EQ(Form(2, {7.0}).Value(300.0), 7.0) << "the first term has no variable";
   EXPECT_EQ(Form(2, {7.0}).Derivative(300.0), 0.0);
@@ -163,7 +163,7 @@ TEST(FormArithmetic, FewerCoefficientsThanTheFormNamesCountAsZero) {
   }
 }
 
-// C7 belongs to the full first set alone, C1 and C2 to every one.
+// C7 belongs only to the full first set, C1 and C2 to every one.
 TEST(FormArithmetic, ImplicitFormWithoutItsFullSetLeavesC7Alone) {
   std::vector<double> c(14, 0.0);
   c[0] = 1.0;
@@ -179,7 +179,7 @@ TEST(FormArithmetic, ImplicitFormWithoutItsFullSetLeavesC7Alone) {
   EXPECT_NE(Form(51, c).Value(300.0), plain);
 }
 
-// Slopes of powers as powers: a logarithm has no base of 0 and none below it.
+// The slopes of powers are computed as powers: there is no logarithm of a base of 0 or below.
 TEST(FormPowers, ConstantPowersOfZeroAndNegativeNumbers) {
   Form cube(5, {1.0, 3.0, 1000.0});
   EXPECT_DOUBLE_EQ(cube.Value(-2.0), -8.0 / 998.0);
@@ -233,7 +233,7 @@ TEST(FormZeros, HyperbolicTermsAtZero) {
   }
 }
 
-// The slopes by hyperbolic sine and cosine end where those overflow, without becoming no number.
+// The slopes by hyperbolic sine and cosine end where those overflow, without becoming NaN.
 TEST(FormZeros, HyperbolicTermsOfLargeArguments) {
   Form form(17, {5.0, 2.0, 3.0, 700.0, 4.0, 300.0});
   EXPECT_DOUBLE_EQ(form.Value(0.125), 5.0 + 0.25 + 2100.0 - 1200.0);

@@ -1,5 +1,5 @@
 // Derivatives and sensitivities at the points where a root, a power or a term of a form begins,
-// against limits of 50 digits made apart from the code.
+// compared with limits of 50 digits computed independently of the code.
 #include "purecomp/form_limits.h"
 
 #include <gtest/gtest.h>

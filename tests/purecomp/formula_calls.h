@@ -10,7 +10,7 @@
 
 namespace zel::test {
 
-// Arrays as a caller has them, full of what an earlier call left.
+// A caller's arrays, filled with the results of an earlier call.
 struct FormulaCall {
   explicit FormulaCall(std::size_t capacity, std::vector<std::string> const& preset = {})
       : elements(capacity, ElementSymbol{"Zz"}), counts(capacity, 77) {

@@ -1,4 +1,4 @@
-// Small worlds of texts, and random long ones, against a literal model.
+// All short texts of a few signs, and random long ones, compared with a literal model.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ using test::FormulaCall;
 using test::Normalise;
 using test::Normalised;
 
-// All texts of the signs up to a length.
+// Calls `use` with all texts of these signs up to a length.
 void ForAll(std::string const& signs, std::size_t length, std::string const& text,
             auto const& use) {
   use(text);
@@ -83,7 +83,7 @@ TEST(Formula, AllShortTextsAreParsedAsTheModelDoes) {
   EXPECT_GT(parsed, 3'000);
 }
 
-// Texts made of pieces that formulas are made of, so that most get far, up to 20 characters for the
+// Texts made of the parts of formulas, so that most are parsed far, up to 20 characters for the
 // normal form and up to 260 for the parser.
 std::string RandomText(std::mt19937& random, std::size_t length) {
   static char const* const pieces[] = {"C",  "H",  "O", "N",  "Cl", "Br", "Na", "D", "Xx",
@@ -95,7 +95,7 @@ std::string RandomText(std::mt19937& random, std::size_t length) {
     if (text.size() + piece.size() > length) break;
     text += piece;
   }
-  // Close what is open, and now and then put water behind.
+  // Close open groups, and sometimes append water.
   std::size_t open = 0;
   std::string closed;
   for (char c : text) {

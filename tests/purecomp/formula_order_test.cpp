@@ -135,7 +135,7 @@ TEST(SortKey, ElementsInTheOrderOfTheFormula) {
       {"C.", "\x01"},
   };
   for (auto const& row : rows) EXPECT_EQ(FormulaSortKey(row.formula), row.key) << row.formula;
-  // A failed formula comes before all others but the empty one.
+  // A failed formula sorts before all others except the empty one.
   EXPECT_LT(FormulaSortKey("c"), FormulaSortKey("Ac"));
   EXPECT_LT(FormulaSortKey("C2H4"), FormulaSortKey("C2H6"));
   EXPECT_LT(FormulaSortKey("C2H6"), FormulaSortKey("C10H22"));

@@ -17,7 +17,7 @@ namespace {
 
 using test::FormulaCall;
 
-// As "C2 H6", with the hydrate behind a point; "failed:" before what a failed parse left.
+// As "C2 H6", with the hydrate after a point; "failed:" before the counts of a failed parse.
 std::string Parsed(std::string const& formula, bool sequence = false) {
   FormulaCall work(20);
   bool const parsed = sequence ? ParseFormulaSequence(formula, work.slots, work.result)
@@ -38,7 +38,7 @@ TEST(Formula, ParsesElementsParenthesesCountsAndHydrate) {
   } const rows[] = {
       {"C2H6", "C2 H6"},
       {"Ca(OH)2", "Ca1 O2 H2"},
-      {"CuSO4.5H2O", "Cu1 S1 O4 .5"},  // nothing of the water among the elements
+      {"CuSO4.5H2O", "Cu1 S1 O4 .5"},  // the water is not counted among the elements
       {"CuSO4.H2O", "Cu1 S1 O4 .1"},
       {"CuSO4.0H2O", "Cu1 S1 O4"},
       {"CH3CH2OH", "C2 H6 O1"},
@@ -50,7 +50,7 @@ TEST(Formula, ParsesElementsParenthesesCountsAndHydrate) {
       {"H0C", "H0 C1"},
       {"(CH4)0", "C0 H0"},
       {"C0012", "C12"},
-      {"C00012", "C1"},  // four digits are used, leading zeros too
+      {"C00012", "C1"},  // four digits are used, including leading zeros
       {"C12345H", "C1234 H1"},
       {"(H2)12345", "H2468"},
       {"C.123456H2O", "C1 .1234"},
@@ -141,7 +141,7 @@ TEST(Formula, ElementsWithoutASlotAreDropped) {
   EXPECT_TRUE(CountElements("C2H5Br", work.slots, found));
   EXPECT_EQ(work.counts, (std::vector<std::int32_t>{2, 5, 0, 0, 0}));
   EXPECT_EQ(found, 5);
-  // An unknown symbol is only seen in a slot.
+  // An unknown symbol is detected only if it has a slot.
   EXPECT_TRUE(CountElements("C2H5Xx7S", work.slots, found));
   EXPECT_EQ(work.counts, (std::vector<std::int32_t>{2, 5, 0, 0, 1}));
 
@@ -202,7 +202,7 @@ TEST(Formula, CountsStopAtTheLargestInteger) {
   EXPECT_EQ(Parsed("((C9999)9999)21(C9999)4790(C4)2C8407"), "C" + std::to_string(INT_MAX - 1));
 }
 
-// Each must end, at once and without a fault; what it gives is known for some of them only.
+// Each must end quickly and without a crash; the result is known only for some of them.
 TEST(Formula, LongAndDeepTexts) {
   constexpr std::size_t kLong = 200'000;
   EXPECT_EQ(Parsed(std::string(kLong, '(')), "failed:");

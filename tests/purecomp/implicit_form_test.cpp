@@ -40,7 +40,7 @@ class ImplicitForm : public ::testing::Test {
     EXPECT_EQ(EvaluateEquation(call_, r.value, r.derivative, nullptr), kInRange);
     return r;
   }
-  // The value is (C9 + C15 y / T^2) / D: two of them give y.
+  // The value is (C9 + C15 y / T^2) / D: two such values yield y.
   double Y() {
     c_[8] = 1.0;
     c_[14] = 0.0;
@@ -68,7 +68,7 @@ TEST_F(ImplicitForm, NegativeTermAlwaysHasARoot) {
   }
 }
 
-// Below -1 - ln(b s) of b L there are two roots, of which the lower one is taken.
+// For b L below -1 - ln(b s) there are two roots, of which the lower one is used.
 TEST_F(ImplicitForm, PositiveTermHasTheLowerRoot) {
   for (int const logBasis : {1, 2}) {
     double const b = logBasis == 2 ? kLn10 : 1.0;

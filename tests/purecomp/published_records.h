@@ -25,7 +25,7 @@ struct PublishedRecord {
   std::vector<double> coefficients;
 };
 
-// One source as a library in a folder of its own, which goes with the object.
+// One source as a library in its own folder, which is removed with the object.
 class PublishedRecords {
  public:
   static constexpr std::uint32_t kCorrelations = 18;
@@ -53,7 +53,7 @@ class PublishedRecords {
     std::filesystem::remove_all(folder_, ignored);
   }
 
-  // The component that a record handed out belongs to.
+  // The component of the record that was passed to `use`.
   IZelPureComp& Component() { return *component_.operator->(); }
 
   // Calls `use` with every correlation of every component.

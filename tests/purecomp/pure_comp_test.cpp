@@ -133,7 +133,7 @@ TEST(PureComp, CorrelationCodesEndOneBeforeTheLastCorrelation) {
   EXPECT_EQ(code, 0U);
 }
 
-// By index: the default unit, and the basis that comes of 0, 1 and 2.
+// By index: the default unit, and the basis that results from 0, 1 and 2.
 struct Expected {
   char const* name;
   std::int32_t unit;
@@ -270,7 +270,7 @@ TEST(PureComp, HasNoFieldsByName) {
   EXPECT_EQ(bank.Def()->GetDoubleField("MW", &value), kStatusFailed);
 }
 
-// What is only derived has an index and no keyword, so that no document can set it.
+// Constants that are only derived have an index but no keyword, so that no document can set them.
 TEST(PureComp, DerivedPropertiesHaveNoKeyword) {
   for (PropertyRow const& row : kPropertyRows) {
     EXPECT_TRUE(row.keyword.empty() || row.index < 50) << row.keyword;

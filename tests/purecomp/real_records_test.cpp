@@ -1,5 +1,5 @@
 // Every correlation of the published data, evaluated inside its range, at its ends and far outside:
-// what comes with success is a number.
+// a successful result is a number.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,7 +14,7 @@ namespace {
 
 class RealRecords : public ::testing::TestWithParam<char const*> {
  protected:
-  // Holds all orders at a temperature against what may come with success.
+  // Checks the results of all orders at a temperature.
   void Check(PublishedRecord const& record, double T) {
     for (std::int32_t const order : {0, 1, 2, 3, 11}) {
       Evaluation const found = Evaluate(records_.Component(), record.index, T, order);
@@ -32,8 +32,8 @@ class RealRecords : public ::testing::TestWithParam<char const*> {
 
 bool IsDefined(double x) { return !gen_IsUndefDouble(x); }
 
-// At the ends of the range, the critical point, the temperatures among the coefficients, and what
-// lies a rounding beside them.
+// At the ends of the range, the critical point, the temperatures among the coefficients, and one
+// rounding step away from each.
 TEST_P(RealRecords, GiveNumbersWhereTheyEnd) {
   records_.Each([&](PublishedRecord const& record) {
     std::vector<double> ends = {record.tMin, record.tMax, record.Tc};
@@ -52,8 +52,8 @@ TEST_P(RealRecords, GiveNumbersWhereTheyEnd) {
   EXPECT_GT(evaluated_, 10000);
 }
 
-// From a fifth of the lower limit to three times the upper one, a degree a step: every twentieth
-// record, and all of the forms that end steeply in steps of 25.
+// From a fifth of the lower limit to three times the upper one, in steps of one degree: every
+// twentieth record, and all records of forms that end steeply in steps of 25.
 TEST_P(RealRecords, GiveNumbersAtAnyTemperature) {
   int count = 0;
   records_.Each([&](PublishedRecord const& record) {

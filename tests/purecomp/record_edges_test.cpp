@@ -1,4 +1,4 @@
-// Numbers that no sound item holds, on their way to file and back.
+// Numbers that no sound item has, written to a file and read back.
 #include <algorithm>
 #include <vector>
 
@@ -18,7 +18,7 @@ class RecordEdgesTest : public test::RecordTest {
   }
 };
 
-// A number of 0 is taken again and again, which is nothing new.
+// A number of 0 is read again each time, which does not count as new data.
 TEST_F(RecordEdgesTest, ItemWithoutCasNumberReadTwiceGivesNothingNew) {
   ComponentBank bank, read;
   test::SetIdentity(bank.Get(), 10000123, 0, "ETHANOL", 2);
@@ -34,7 +34,7 @@ TEST_F(RecordEdgesTest, ItemWithoutCasNumberReadTwiceGivesNothingNew) {
   EXPECT_STREQ(text, "Parts:FIRST") << "the formula was there";
 }
 
-// A label of the fill-in gives way to the library that has the value.
+// A label of the fill-in is replaced by the library that has the value.
 TEST_F(RecordEdgesTest, ValueThatIsReadTakesThePlaceOfAFillInsLabel) {
   ComponentBank bank, read;
   bank->SetProperty(12, 222.5);
@@ -55,7 +55,7 @@ TEST_F(RecordEdgesTest, ValueThatIsReadTakesThePlaceOfAFillInsLabel) {
   EXPECT_STREQ(text, "Parts:LATER");
 }
 
-// The interface refuses codes above 32000, a file may hold them.
+// The interface refuses codes above 32000, but a file may have them.
 TEST_F(RecordEdgesTest, CodesOfAFileAreKeptAsRead) {
   ComponentBank bank, read;
   double const c[] = {1.0};
@@ -83,7 +83,7 @@ TEST_F(RecordEdgesTest, CodesOfAFileAreKeptAsRead) {
   EXPECT_EQ(again[85], main[85]);
 }
 
-// Count and group share a decimal word: what does not fit runs over and is not mended.
+// Count and group share a decimal word: values that do not fit overflow and are not corrected.
 TEST_F(RecordEdgesTest, GroupsTooLargeForTheirWordRunOver) {
   ComponentBank bank, read;
   std::int32_t const ids[] = {12345, 1, -7, 2};
@@ -118,7 +118,7 @@ TEST_F(RecordEdgesTest, CountsTooLargeForTheirPlaceWrapAround) {
   EXPECT_EQ(main[151], 4005);
 }
 
-// The count is given as it is stored, the coefficients only as far as there are any.
+// The count is returned as stored, the coefficients only as far as they exist.
 TEST_F(RecordEdgesTest, WildCountsOfCoefficientsGiveFifteenAtMost) {
   constexpr double kKept = -7.0;
   ComponentBank bank;
@@ -170,7 +170,7 @@ class SmallBlocksTest : public RecordEdgesTest {
 
   SmallBlocksTest() { library_.Store().DeclareFile(2, false, kSmall); }
 
-  // A run of the second file with so many words.
+  // Makes a run of the second file with this many words.
   std::int32_t NewRun(std::int32_t words, std::int32_t fill) {
     std::vector<std::int32_t> const block(static_cast<std::size_t>(words), fill);
     std::int32_t address = format::kNullAddress;
@@ -210,7 +210,7 @@ TEST_F(SmallBlocksTest, ShortStructureBlockIsReplacedAndItsNeighbourStays) {
   }
 }
 
-// The reference of a structure must be of the library's own kind; its file does not count.
+// The reference of a structure must be of the library's own kind; its file does not matter.
 TEST_F(SmallBlocksTest, StructureBlockOfTheOtherFileIsRead) {
   ComponentBank bank, read;
   bank->SetProperty(0, 1.0);

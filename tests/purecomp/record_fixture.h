@@ -30,7 +30,7 @@ class RecordTest : public ::testing::Test {
   void Put(std::int32_t address, Words const& words) {
     library_.WriteBlock(address, static_cast<std::int32_t>(words.size()), words.data(), 0);
   }
-  // A new block of these words; gives its address.
+  // Writes a new block of these words; returns its address.
   template <typename Words>
   std::int32_t New(Words const& words) {
     std::int32_t address = format::kNullAddress;
@@ -46,7 +46,7 @@ class RecordTest : public ::testing::Test {
     return bank.Io()->ReadFromFile(&address, &library_);
   }
 
-  // The float of a file as it must be read, and its word.
+  // The word of a float on file, and the value that it must be read as.
   static std::int32_t WordOf(double value) {
     return std::bit_cast<std::int32_t>(static_cast<float>(value));
   }

@@ -1,4 +1,4 @@
-// Reading a component: what is taken, from where, and what is left alone.
+// Reading a component: what is taken, from where, and what is left unchanged.
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -385,7 +385,7 @@ class OldLayoutTest : public MergeTest {
     good_[157] = 8;
     good_[158] = block_;
   }
-  // Whether the correlation is there with these words in its directory entry.
+  // True if the correlation is found with these words in its directory entry.
   bool Found(std::int32_t offset, std::int32_t words, std::int32_t block) {
     Main main = good_;
     main[156] = offset;

@@ -184,7 +184,7 @@ TEST_F(RecordTest, WildReferencesOfAnOldItemAreReplaced) {
     std::size_t word;
     std::int32_t value;
   };
-  // Structure address of another library kind or none, its length; correlation address none.
+  // Structure address of another library kind or invalid, its length; invalid correlation address.
   for (Case const& c : {Case{98, 121000001}, Case{98, 0}, Case{99, 0}, Case{99, 1000000},
                         Case{99, -1}, Case{95, 0}, Case{95, 990000000}}) {
     std::int32_t const address = Write(bank);
@@ -202,8 +202,8 @@ TEST_F(RecordTest, WildReferencesOfAnOldItemAreReplaced) {
   }
 }
 
-// An item of a program that kept fewer correlations: its block is too short for 400 words, and
-// what lies behind it belongs to somebody else.
+// An item of a program that kept fewer correlations: its block is too short for 400 words, and the
+// block after it belongs to another item.
 TEST_F(RecordTest, ShortBlocksOfAnOldItemAreNotOverrun) {
   ComponentBank bank;
   test::FillComponent(bank.Get());

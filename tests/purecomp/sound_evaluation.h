@@ -1,4 +1,4 @@
-// What an evaluation of a sound record may give with success.
+// The results that a successful evaluation of a sound record may have.
 #pragma once
 
 #include <algorithm>
@@ -31,9 +31,9 @@ inline Evaluation Evaluate(IZelPureComp& component, std::uint32_t index, double 
   return found;
 }
 
-// Whether a number of the evaluation, coming nearer from below, keeps its sign and grows without
-// end: each of the last 20 halvings of the distance adds to it, and all together a factor of 100,
-// as they do for any power of the distance below -1/3. Farther away other terms of a form can be
+// True if a number of the evaluation, approached from below, keeps its sign and grows without
+// bound: each of the last 20 halvings of the distance increases it, and all together by a factor of
+// 100, as for any power of the distance below -1/3. Farther away other terms of a form can be
 // larger.
 template <typename Number>
 bool GrowsBeyondBounds(IZelPureComp& component, std::uint32_t index, Evaluation const& infinite,
@@ -56,9 +56,9 @@ bool GrowsBeyondBounds(IZelPureComp& component, std::uint32_t index, Evaluation 
   return before > kFactor * first;
 }
 
-// Empty, or what is wrong with a result that is not kStatusFailed. Values are finite, NaN is
-// nowhere, and a derivative or sensitivity is infinite only inside the range where that of the form
-// grows beyond all bounds.
+// Empty, or what is wrong with a result that is not kStatusFailed. Values are finite, nothing is
+// NaN, and a derivative or sensitivity is infinite only inside the range where that of the form is
+// unbounded.
 inline std::string WhatIsUnsound(IZelPureComp& component, std::uint32_t index,
                                  Evaluation const& found) {
   if (!std::isfinite(found.value)) return "the value is not finite";

@@ -6,6 +6,7 @@ set(purecomp_TEST_SOURCES
     fill_in_correlations_test.cpp
     fill_in_real_test.cpp
     fill_in_test.cpp
+    form_comments_test.cpp
     form_edges_test.cpp
     form_limits_test.cpp
     formula_model_test.cpp

@@ -48,7 +48,7 @@ TEST(Structures, LegacyGroupsAreConvertedByTheTableOfTheModel) {
     std::uint32_t model;
     std::int32_t legacy, group;
   };
-  // Groups that tell the tables apart.
+  // Groups that differ between the tables.
   for (Case const& c : {Case{1, 1722, 37}, Case{2, 1722, 37}, Case{3, 1723, 37}, Case{4, 702, 129},
                         Case{4, 2941, 143}, Case{1, 2941, 93}, Case{3, 611, 27}, Case{1, 122, 114},
                         Case{4, 122, 90}, Case{5, 4711, 4711}}) {
@@ -133,7 +133,7 @@ std::int64_t Checksum(GroupPair const (&pairs)[N]) {
   return sum;
 }
 
-// The sums weigh each pair by its place: they were made from the printed tables.
+// The sums weight each pair by its place: they were made from the printed tables.
 TEST(Structures, ConversionTablesAreWhole) {
   EXPECT_EQ(Checksum(kOriginalGroups), 121754734492);
   EXPECT_EQ(Checksum(kDortmundPublicGroups), 66127097934);

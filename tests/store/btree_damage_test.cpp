@@ -1,4 +1,5 @@
-// Damaged trees: nothing outside a buffer, an end to everything, and the told channel.
+// Damaged trees: no access outside a buffer, every operation ends, and errors are reported as
+// specified.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -136,7 +137,7 @@ Words NodeOf(Words const& keys, Words const& links) {
 
 class DamagedTreeTest : public BTreeTest {
  protected:
-  // Makes `count` nodes known to the free list, to be written by hand.
+  // Allocates `count` nodes, to be written by hand.
   void TakeNodes(int count) {
     Words const empty(f::kNodeWords);
     for (int i = 0; i < count; ++i) {
@@ -196,7 +197,7 @@ TEST_F(DamagedTreeTest, NodeThatCountsAsFreeThrowsBeforeARebuild) {
   EXPECT_EQ(Keys(), (Words{1, 2, 3, 4, 5}));
 }
 
-// In a file of smaller blocks a node has several of them.
+// In a file of smaller blocks a node occupies several of them.
 TEST_F(DamagedTreeTest, NodesThatShareBlocksThrowBeforeARebuild) {
   constexpr std::int32_t kRun = 111000003;
   for (std::int32_t apart : {1, 3, 4}) {
@@ -283,7 +284,7 @@ TEST_F(DeepTreeTest, SixtyFifthNodeThrowsItsAddress) {
   ExpectDeleteThrows(999, kNode1 + 64);
 }
 
-// What a search over a cycle left in the buffers must not stand in the way of a new root.
+// The buffers left by a search over a cycle must not prevent a new root.
 TEST_F(DeepTreeTest, TreeGrowsAfterASearchThatWentTooDeep) {
   PutAll({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
   std::int32_t const rootAddress = head_[f::kHeadRootAddress];

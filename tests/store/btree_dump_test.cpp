@@ -1,4 +1,4 @@
-// The tree report, to the letter.
+// The exact text of the tree report.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -123,7 +123,7 @@ TEST_F(DumpTest, DataColumnsOfAnAddressedTreeRunOnAndStopAtTheNode) {
   }
   std::string const text = Dump(0, 331, verdict_);
   EXPECT_TRUE(verdict_);
-  // The last entry stands at words 995 and 996, its link at 997; behind the node there are zeros.
+  // The last entry is at words 995 and 996, its link at 997; past the node there are zeros.
   EXPECT_NE(text.find("/00000331/  /0x0000014b/0x3b023380/0x00000000/"), std::string::npos);
 }
 
@@ -193,7 +193,7 @@ TEST_F(DumpTest, LinksThatLeadNowhereDoNotHideTheNodesBehindThem) {
   std::int32_t node[1000] = {20, 990000000, 990000000, 990000000, 990000000};
   for (int i = 1; i <= 20; ++i) {
     node[3 * i + 2] = i;
-    node[3 * i + 4] = i == 20 ? good : 5 + i;  // no addresses, but for the last
+    node[3 * i + 4] = i == 20 ? good : 5 + i;  // no addresses, except the last
   }
   std::int32_t address = 112000001;
   library_.WriteBlock(address, 1000, node, 0);

@@ -1,5 +1,5 @@
-// Trees at the limits of what a head may say, trees of other capacities, links that meet again, and
-// rebuilds that break off.
+// Trees at the limits of the head's values, trees of other capacities, links that meet again, and
+// rebuilds that fail.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -77,8 +77,8 @@ TEST_F(BTreeLimitsTest, TenKeyWordsAreTheMost) {
   }
 }
 
-// A library may have been made with a larger capacity: its nodes are read, and split when they get
-// one more entry.
+// A library may have been made with a larger capacity: its nodes are read, and split when an entry
+// is added.
 TEST_F(BTreeLimitsTest, NodeAboveTheCapacityIsReadSplitAndDeletedFrom) {
   for (std::int32_t most : {5, 10, 330, 331}) {
     head_[f::kHeadRootAddress] = kNull;
@@ -137,7 +137,7 @@ TEST_F(BTreeLimitsTest, RootOfAnotherTypeThrowsItself) {
   EXPECT_EQ(Thrown([&] { tree.Delete(&key); }), root);
 }
 
-// What the rebuild meets first, breadth first, is what stays.
+// The entry that the rebuild reaches first, breadth first, is the one that is kept.
 TEST_F(BTreeLimitsTest, KeyThatADamagedTreeHoldsTwiceIsKeptOnce) {
   PutAll({1, 2, 3, 4, 5});
   Words left = Node(kNode1 + 1);
@@ -204,7 +204,7 @@ TEST_F(BTreeLimitsTest, NodeThatCouldNotBeReadIsAskedForAgain) {
   }
 }
 
-// An entry was current when the walk went on; where it broke off there is none.
+// An entry was current when the walk continued; after the failure there is none.
 TEST_F(BTreeLimitsTest, WalkThatBreaksOffStandsAtNoEntry) {
   PutAll({1, 2, 3, 4, 5});
   Words leaf = Node(kNode1);  // right of 4
@@ -227,8 +227,8 @@ TEST_F(BTreeLimitsTest, WalkThatBreaksOffStandsAtNoEntry) {
   EXPECT_FALSE(tree.GetCurrentData(own));
 }
 
-// Whatever operation of it fails, once or from there on: it throws, the head names a tree that can
-// be walked, and nothing is lost before the first old node is freed.
+// Whichever operation fails, once or from then on: the rebuild throws, the head names a tree that
+// can be walked, and nothing is lost before the first old node is freed.
 TEST_F(BTreeLimitsTest, RebuildThatBreaksOffThrowsAndLeavesATrueRoot) {
   Words all;
   for (std::int32_t key = 1; key <= 21; ++key) all.push_back(key);

@@ -1,4 +1,4 @@
-// The tree against the literal model, node by node: small worlds whole, larger ones by random
+// Compares the tree with the literal model, node by node: all small cases, larger ones by random
 // scripts.
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ using Words = TreeModel::Words;
 constexpr int kType = 11;
 constexpr int kDataWords = 2;
 
-// A tree in a library in memory, beside the model that got the same calls.
+// A tree in a library in memory, and the model that received the same calls.
 class Pair {
  public:
   Pair(int keyWords, int capacity)

@@ -1,4 +1,4 @@
-// What holds of every tree on file, whatever was done to it: one depth, order, counts, no
+// Invariants of every tree on file, whatever was done to it: one depth, order, counts, no
 // navigation by neighbours, no block lost.
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ class BTreeStructureTest : public BTreeTest {
     keys_ = 0;
     std::int32_t const root = head_[f::kHeadRootAddress];
     if (root != kNull) Visit(root, 1, INT64_MIN, INT64_MAX);
-    // Blocks of the second file that are neither free nor of the tree.
+    // Blocks of the second file that are neither free nor part of the tree.
     std::int64_t lost = -static_cast<std::int64_t>(reached_.size());
     ExtentList const& free = library_->Store().Extents();
     for (int i = 0; i < free.Count(); ++i) {
@@ -37,7 +37,7 @@ class BTreeStructureTest : public BTreeTest {
   int KeyCount() const { return keys_; }
 
  private:
-  // All keys below the address lie between the two.
+  // All keys below the address are between the two.
   void Visit(std::int32_t address, int depth, std::int64_t low, std::int64_t high) {
     ASSERT_TRUE(reached_.insert(address).second) << "one link leads to a node";
     Words const node = Node(address);

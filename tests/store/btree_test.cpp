@@ -171,7 +171,7 @@ TEST_F(BTreeTest, TwentyFirstKeyGrowsAThirdLevel) {
 TEST_F(BTreeTest, LoadsInBothDirectionsMakeTheseNodes) {
   struct Expected {
     std::int32_t node;  // in order of allocation
-    Words keys, links;  // links by the same numbers, 0 for null; none to leave them out
+    Words keys, links;  // links by the same numbers, 0 for null; empty to skip the comparison
   };
   auto const check = [&](std::vector<Expected> const& nodes) {
     for (Expected const& expected : nodes) {
@@ -256,7 +256,7 @@ TEST_F(BTreeTest, InsertAfterASuccessfulOrNoSearchDoesNothing) {
   EXPECT_EQ(Keys(), (Words{1, 2}));
 }
 
-// A walk's position in an inner node would take the link there for that of a leaf.
+// An insertion at a walk's position in an inner node would treat the link there as that of a leaf.
 TEST_F(BTreeTest, InsertWithinAWalkDoesNothing) {
   PutAll({1, 2, 3, 4, 5});
   BTree_i tree(library_->Store(), head_.data());
@@ -313,15 +313,15 @@ TEST_F(BTreeTest, AbsentKeyIsDeletedWithSuccessAndKeepsTheKeySet) {
   before.resize(8);
   EXPECT_TRUE(tree.Delete(&key));
   EXPECT_EQ(Keys(), (Words{1, 2, 3, 4, 5}));
-  // The rebuild took the root's entry first: 4, then 1 2 3, and 5 split that leaf again.
+  // The rebuild inserted the root's entry first: 4, then 1 2 3, and 5 split that leaf again.
   Words const rebuilt = Node(head_[f::kHeadRootAddress]);
   EXPECT_EQ(rebuilt[0], 1);
   EXPECT_EQ(rebuilt[5], 4);
   EXPECT_NE(Words(rebuilt.begin(), rebuilt.begin() + 8), before) << "with other nodes under it";
 }
 
-// Case E writes the left child through a buffer of its own; the level buffer that held it must not
-// serve its old image to the insert behind.
+// Case E writes the left child through a separate buffer; the level buffer that held it must not
+// supply its old image to the next insertion.
 TEST_F(BTreeTest, NodesChangedByADeleteAreReadAgain) {
   BTree_i tree(library_->Store(), head_.data());
   for (std::int32_t key : {17, 7, 22, 4, 15}) Put(tree, key);

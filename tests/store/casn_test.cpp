@@ -24,7 +24,7 @@ TEST(Casn, TextsAreReadOrGiveTheEmptyNumber) {
       {"1-1", 11, "0-01-1"},  // short, and right by the rule
       {"7732-18-6", 0, ""},   // check digit
       {"7732185", 0, ""},     // no dashes
-      {"11", 0, ""},          // nor are short ones right without them
+      {"11", 0, ""},          // short ones need them too
       {"0011", 0, ""},
       {"64175", 0, ""},
       {"1", 0, ""},           // a check digit alone

@@ -82,7 +82,7 @@ TEST(Extents, SixtyThirdExtentIsLost) {
   // 60 single blocks and runs, never neighbours; then the list of 62 is full.
   for (int i = 0; i < 60; ++i) list.GiveBack(kFile1 + 10 + 10 * i, 2, 1);
   ASSERT_EQ(list.Count(), 62);
-  list.GiveBack(kFile1 + 900, 1, 1);  // the smallest: falls out
+  list.GiveBack(kFile1 + 900, 1, 1);  // the smallest: is dropped
   EXPECT_EQ(list.Count(), 62);
   for (int i = 0; i < list.Count(); ++i) EXPECT_NE(list[i].address, kFile1 + 900);
   list.GiveBack(kFile1 + 920, 5, 1);  // larger: pushes a smaller one out
@@ -91,7 +91,7 @@ TEST(Extents, SixtyThirdExtentIsLost) {
   EXPECT_EQ(list[2].size, 5);
 }
 
-// A used-up place is the last of the list only where no open tail is left.
+// An exhausted extent is the last of the list only when no open tail is left.
 TEST(Extents, ListWithoutAnyFreeBlockKeepsItsCount) {
   std::array<std::int32_t, 125> table{};
   table[1] = 2;
@@ -239,7 +239,7 @@ TEST(Extents, AllPlacesOfTheTableAreReadWhateverItsCountSays) {
   table[0] = -3;
   table[1] = 2;
   table[63] = kFile1 + 10;
-  table[62] = 4;  // the last place, behind empty ones
+  table[62] = 4;  // the last place, after empty ones
   table[124] = kFile2 + 20;
   ExtentList list;
   list.Load(table.data(), 11, 2);
@@ -273,10 +273,10 @@ TEST(Extents, NeighboursThatMeetLateStayApartUntilALaterFree) {
   table[1] = 6;
   table[63] = kFile1 + 10;  // blocks 10 to 15
   table[2] = 3;
-  table[64] = kFile1 + 16;  // blocks 16 to 18, directly behind
+  table[64] = kFile1 + 16;  // blocks 16 to 18, directly after
   ExtentList list;
   list.Load(table.data(), 11, 2);
-  list.GiveBack(kFile1 + 19, 1, 1);  // the pass is behind the larger one when it joins the other
+  list.GiveBack(kFile1 + 19, 1, 1);  // the pass is past the larger one when it joins the other
   ASSERT_EQ(list.Count(), 2);
   EXPECT_EQ(list[0].address, kFile1 + 10);
   EXPECT_EQ(list[1].address, kFile1 + 16);

@@ -1,4 +1,4 @@
-// A key under test, and libraries that know some components.
+// A key under test, and libraries that have some components.
 #pragma once
 
 #include <gtest/gtest.h>

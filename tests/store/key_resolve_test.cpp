@@ -88,7 +88,7 @@ TEST_F(KeyTest, NameIndexAsTheLibraryGoesStraightToTheCache) {
   EXPECT_EQ(Words(key_, 1)[0], 2);
 }
 
-// The cache belongs to the place, not to what stands in it.
+// The cache belongs to the place, not to the component in it.
 TEST_F(KeyTest, CachedNumberOutlivesItsComponent) {
   KnownIds library;
   KnownIds index;

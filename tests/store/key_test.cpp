@@ -1,4 +1,4 @@
-// Keys as they are set and widened.
+// Setting and widening keys.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 namespace zel {
 namespace {
 
-// Handles are never copied with what they hold.
+// Handles are never copied.
 static_assert(!std::is_copy_constructible_v<Key_i> && !std::is_copy_assignable_v<Key_i>);
 
 using test::KeyTest;
@@ -132,8 +132,7 @@ TEST_F(KeyTest, GettersGiveWhatTheKindSays) {
   }
 }
 
-// Words that no component stands for are zeros in a fresh key and keep what they held in a used
-// one.
+// Words without a component are zeros in a fresh key and keep their values in a used one.
 TEST_F(KeyTest, KeyShorterThanItsIndexKeepsTheWordsBehind) {
   key_.SetKey(7L);
   key_.FitCompCount(2, 2);
@@ -255,7 +254,7 @@ TEST_F(KeyTest, DoublingTakesAllOfTheComponent) {
   EXPECT_EQ(Words(key_, 2), (std::vector<std::int32_t>{44, 44}));
 }
 
-// More components than the index has: what lies behind the short length gives way too.
+// More components than the index has: those beyond the short length are removed too.
 TEST_F(KeyTest, LongKeysAreCutToTheFullLength) {
   key_.SetKey(4L, 5L, 6L);
   key_.FitCompCount(2, 1);

@@ -1,4 +1,4 @@
-// Block runs: read, written, freed, and where new ones go.
+// Block runs: read, written, freed, and where new ones are allocated.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -79,8 +79,8 @@ TEST_F(LibFileBlocksTest, NewRunsGoIntoTheFileThatWastesLess) {
   }
 }
 
-// Two blocks of 125 words waste 320 - words; one of 284, 285 or 286 words one less, as much, or one
-// more.
+// Two blocks of 125 words waste 320 - words; one of 284, 285 or 286 words wastes one less, as much,
+// or one more.
 TEST_F(LibFileBlocksTest, EachBlockCounts35WordsMoreThanItHas) {
   for (auto const& [size, file] : {std::pair(284, 2), std::pair(285, 1), std::pair(286, 1)}) {
     MakeLibrary();

@@ -1,5 +1,5 @@
-// What a header may say at its limits, blocks far into a file, memos of odd lengths, and names that
-// are too long.
+// Header values at their limits, blocks far into a file, memos of odd lengths, and names that are
+// too long.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -42,7 +42,7 @@ TEST_F(LibFileBoundsTest, SizeOfASecondFileThatIsNotThereDoesNotMatter) {
   }
 }
 
-// Only the store opens files: a state from the header never stands for an open one.
+// Only the store opens files: a state from the header never means an open file.
 TEST_F(LibFileBoundsTest, StatesOfTheHeaderNeverMeanOpen) {
   for (std::int32_t state : {2, -7, INT32_MIN}) {
     MakeLibrary();
@@ -79,7 +79,7 @@ TEST_F(LibFileBoundsTest, OneClosedFileIsPresentAndAllClosedFilesAreForgotten) {
   }
 }
 
-// Notes where the second file is written and keeps nothing of it.
+// Records where the second file is written but stores nothing.
 class FarWrites final : public platform::FileSystem {
  public:
   explicit FarWrites(test::MemoryFileSystem& files) : files_(files) {}
@@ -144,7 +144,7 @@ TEST_F(LibFileBoundsTest, BlocksBehindFourGibibytesAreNotThoseOfTheStart) {
   EXPECT_EQ(files.offsets, (std::vector<std::uint64_t>{0x80000000U, 0x100000000U, 0xF423E00000U}));
 }
 
-// The length of a run is its caller's to know.
+// Only the caller knows the length of a run.
 TEST_F(LibFileBoundsTest, WriteAtAnAddressGoesAsFarAsItsWords) {
   MakeLibrary();
   auto library = Opened(accUpdate);
@@ -203,7 +203,7 @@ TEST_F(LibFileBoundsTest, MemoIsWrittenWithinItsLengthAndAThousandWords) {
     library->CloseLibFile();
     Bytes const& bytes = files_.Contents("/lib.lb2");
     EXPECT_EQ(bytes.size(), 4000U) << row.words;
-    std::string left = "old text, longer";  // words that do not count are not written
+    std::string left = "old text, longer";  // words beyond the length are not written
     std::size_t const written = row.words > 2 ? 16 : std::strlen(row.read);
     left.replace(0, written, row.read);
     left.resize(16, '\0');

@@ -1,5 +1,5 @@
-// The end of a library: closes and destructors that fail, what is closed, and the next object in
-// the same place.
+// The end of a library: closes and destructors that fail, what is closed, and the next object at
+// the same address.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -78,8 +78,8 @@ TEST_F(LibFileLifeTest, SystemThatFailsOtherwiseIsAFailedOpen) {
   EXPECT_EQ(library.CreateNew(libKind11), openFailed);
 }
 
-// A library that held the role when it was closed, and then ended, leaves no claim to whatever
-// stands at its address next.
+// A library that was the name index when it was closed, and was then destroyed, leaves no claim to
+// the next object at its address.
 TEST_F(LibFileLifeTest, NextObjectInThePlaceOfAnEndedNameIndexIsNone) {
   for (bool closedFirst : {true, false}) {
     std::optional<LibFile_i> library;

@@ -1,4 +1,4 @@
-// Creating and opening: the bytes of a new library, what a header may say, passwords.
+// Creating and opening: the bytes of a new library, accepted headers, passwords.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -312,7 +312,7 @@ TEST_F(LibFileOpenTest, ReopenAsksForNoPassword) {
   EXPECT_EQ(library->GetBankTree(), nullptr);
 }
 
-// Lets somebody else write when the first file is opened for update.
+// Lets another writer change the files when the first one is opened for update.
 class WriterBetween final : public platform::FileSystem {
  public:
   WriterBetween(test::MemoryFileSystem& files, std::function<void()> write)

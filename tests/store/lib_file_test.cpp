@@ -15,7 +15,7 @@
 namespace zel {
 namespace {
 
-// Handles are never copied with what they hold.
+// Handles are never copied.
 static_assert(!std::is_copy_constructible_v<LibFile_i> && !std::is_copy_assignable_v<LibFile_i>);
 static_assert(!std::is_copy_constructible_v<BTree_i> && !std::is_copy_assignable_v<BTree_i>);
 
@@ -273,7 +273,7 @@ TEST_F(LibFileTest, BankIsFoundUnderBothFormsOfItsKey) {
     ASSERT_TRUE(library->FindBank("NRTL", row.name, entry, row.marker)) << row.name;
     EXPECT_EQ(entry[f::kBankHead], row.mark) << row.name << ", the other form first";
   }
-  // A failure leaves the place of the key with the marker as asked for.
+  // A failure leaves the place of the key with the requested marker.
   for (bool marker : {false, true}) {
     EXPECT_FALSE(library->FindBank("NRTL", "THREE", entry, marker));
     std::int32_t key[4];

@@ -10,7 +10,7 @@
 namespace zel {
 namespace {
 
-// The table of 100 characters, written out once more.
+// The table of 100 characters, written out again.
 std::string const kTable =
     std::string(" ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789") +
     "+-*/=().,'\":;!@#$&?<>_%" + std::string(14, ' ');

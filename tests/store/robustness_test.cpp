@@ -28,7 +28,7 @@ void Put(BTree_i& tree, std::int32_t number) {
 }
 
 // Creates a library, fills the ID tree, deletes from it, writes a memo, and closes. Each step may
-// throw; the session goes on with the next.
+// throw; the session continues with the next.
 template <typename Step>
 void RunSession(platform::FileSystem& files, Step const& step) {
   LibFile_i library(files, accUpdate, "/s.lb1", "s");
@@ -61,7 +61,7 @@ void OpenAndWalk(platform::FileSystem& files) {
   LibFile_i library(files, accRead, "/s.lb1", "s");
   try {
     if (library.OpenExisting({false, {}}, nullptr) != openOk) return;
-    // An entry stands with data of 0 from its insertion to the write of its data.
+    // An entry has data of 0 from its insertion to the write of its data.
     for (auto const& [number, value] : Contents(library)) {
       EXPECT_TRUE(value == number || value == 0) << number;
     }
@@ -143,7 +143,7 @@ TEST(Robustness, EveryPrefixOfASessionsWritesOpensSafely) {
   EXPECT_EQ(Contents(library).size(), static_cast<std::size_t>(kKeys - kKeys / 5));
 }
 
-// Whoever learns that a close has failed, or cannot learn it, holds nothing any longer.
+// After a failed close nothing is held any longer, whether the caller learns of the failure or not.
 TEST(Robustness, CloseThatFailsClosesAllTheSame) {
   test::MemoryFileSystem files;
   test::FailingFileSystem failing(files);
@@ -175,7 +175,7 @@ TEST(Robustness, EndOfALibraryWhoseFlushFailsIsQuietAndClosesIt) {
   EXPECT_EQ(other.OpenExisting({true, ""}, nullptr), openOk);
 }
 
-// Opening for update, changing nothing and closing: whatever fails, the library stays whole.
+// Opening for update, changing nothing and closing: whatever fails, the library stays intact.
 TEST(Robustness, FailureOfAnOpenForUpdateIsNotWrittenBack) {
   test::MemoryFileSystem whole;
   RunSession(whole, [](auto const& action) { action(); });

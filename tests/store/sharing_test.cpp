@@ -1,4 +1,4 @@
-// Who may hold a library beside whom, in one process and between two.
+// Which opens of a library may coexist, in one process and between two.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -49,7 +49,7 @@ class SharingTest : public ::testing::Test {
   }
   std::string Path() const { return (folder_ / "s.lb1").string(); }
 
-  // What an opener in another process gets.
+  // The result of an open in another process.
   openErrors OpenElsewhere(Role role) {
     pid_t const child = ::fork();
     if (child == 0) {

@@ -1,11 +1,11 @@
-// Counts what the program takes from and gives back to the free store, and refuses on request.
+// Counts the program's allocations and deallocations, and refuses them on request.
 //
-// A program that names AllocationWatch gets operators new and delete of its own.
+// A program that uses AllocationWatch has its own operators new and delete.
 #pragma once
 
 namespace zel::test {
 
-// One at a time. Counts from its making on.
+// One at a time. Counts from its construction on.
 class AllocationWatch {
  public:
   // Refuses every request from number `refuseFrom` on, which counts from 1; 0 refuses none.

@@ -1,4 +1,4 @@
-// A slow, literal model of the free list: one sorted list, sorted anew after every step.
+// A slow, literal model of the free list: one list, sorted again after every step.
 #pragma once
 
 #include <vector>

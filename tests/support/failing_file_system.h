@@ -1,5 +1,6 @@
-// A file system over another one, whose n-th operation fails - once, or that one and all behind it.
-// Operations are opens, reads, writes and flushes, counted from 1. Also keeps the trace of writes.
+// A file system over another one, whose n-th operation fails - only that one, or that one and all
+// later ones. Operations are opens, reads, writes and flushes, counted from 1. Also keeps the trace
+// of writes.
 #pragma once
 
 #include <string>

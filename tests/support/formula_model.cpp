@@ -60,7 +60,8 @@ class Reader {
   }
 
  private:
-  // Up to its end, which stays: a point or the end of the text, or a closing parenthesis.
+  // Parses up to the end of the sequence, which is not consumed: a point or the end of the text, or
+  // a closing parenthesis.
   bool Sequence(std::vector<double>& counts, bool inParentheses) {
     char const end = inParentheses ? ')' : '.';
     if (rest_.empty()) return !inParentheses;

@@ -15,8 +15,8 @@ struct ModelFormula {
   std::vector<double> counts;
 };
 
-// `preset` are the symbols that the caller fills in, `capacity` slots all together. `sequence`
-// gives each occurrence a slot of its own.
+// `preset` are the symbols that the caller fills in, `capacity` the total number of slots. With
+// `sequence` each occurrence has its own slot.
 ModelFormula ParseModel(std::string const& text, std::size_t capacity,
                         std::vector<std::string> const& preset, bool sequence);
 

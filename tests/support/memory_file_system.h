@@ -18,11 +18,11 @@ class MemoryFileSystem final : public platform::FileSystem {
   bool Exists(std::string const& path) override { return files_.count(path) != 0; }
   platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override;
 
-  // Contents of a file, made empty when it is not there. A file must not be open for this to be
-  // changed.
+  // Contents of a file, created empty if it does not exist. They must not be changed while the file
+  // is open.
   Bytes& Contents(std::string const& path) { return files_[path].bytes; }
   void Remove(std::string const& path) { files_.erase(path); }
-  // With views off, every block is read by a copy.
+  // With views off, every block is read by copying.
   void ServeViews(bool on) { views_ = on; }
   int FlushCount() const { return flushes_; }
 

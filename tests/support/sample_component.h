@@ -1,4 +1,4 @@
-// A pure component with something in every place of its record, and all that it holds as a text.
+// A pure component with data in every place of its record, and all its data as a text.
 #pragma once
 
 #include <string>
@@ -26,15 +26,15 @@ class ComponentBank {
   IZelPureComp* pure_;
 };
 
-// Identity, with IDs "ID1"... as many as wanted up to 12.
+// Identity, with IDs "ID1"... `ids` of them, up to 12.
 void SetIdentity(IZelPureComp* component, std::int32_t number, std::int32_t cas, char const* name,
                  int ids);
 
 // Every constant, structure and correlation, codes, texts and phase.
 void FillComponent(IZelPureComp* component);
 
-// Everything that the interface gives, completed and evaluated too. Doubles come as their bytes:
-// two texts are equal exactly when the components are.
+// Everything that the interface returns, also completed and evaluated. Doubles are shown as their
+// bytes: two texts are equal exactly when the components are.
 std::string TextOf(IZelPureComp* component);
 
 }  // namespace zel::test

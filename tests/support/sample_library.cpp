@@ -16,7 +16,7 @@
 namespace zel::test {
 namespace {
 
-// Gives every field of a bank values of its own.
+// Sets every field of a bank to its own values.
 void FillBank(IZelBankDef* bank, std::int32_t format) {
   if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
     FillComponent(component.Get());
@@ -62,7 +62,7 @@ void WriteOneItem(LibMaint_i& maint, char const* type, std::int32_t format, std:
   if (!maint.WriteItem(bank.Get(), name.c_str(), &key)) throw std::logic_error(type);
 }
 
-// The item that a bank holds: its words, or all that a component gives.
+// The item that a bank holds: its words, or the whole text of a component.
 std::string ItemText(IZelBankDef* bank, std::int32_t format) {
   if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
     return TextOf(component.Get());
@@ -92,7 +92,7 @@ class Reader {
   }
 
  private:
-  // No damage makes a library hand out more than its files can hold.
+  // No damage makes a library return more than its files can hold.
   static constexpr int kMostSteps = 5000;
 
   template <typename Action>
@@ -141,7 +141,7 @@ class Reader {
     bool const whole = Guarded([&] {
       LibMaint_i maint(&library_);
       Held<IZelBankDef> const bank(NewBank(type));
-      if (!bank) return;  // a type that damage made up
+      if (!bank) return;  // a type that exists only through damage
       char memo[4000];
       maint.GetBankMemo(type, name, memo);
       std::int32_t const format = std::max(1, maint.GetBankFormat(type, name));

@@ -1,4 +1,4 @@
-// A small library that holds every bank type, and a reader that looks at all that is in it.
+// A small library that holds every bank type, and a reader of all its content.
 #pragma once
 
 #include <cstdint>
@@ -26,15 +26,15 @@ class SampleFiles {
 
   void Put(char const* path, std::size_t byte, std::int32_t word);
   std::int32_t Get(char const* path, std::size_t byte);
-  // Byte offset of a bank's directory data in the second file: behind its key. Throws when there is
+  // Byte offset of a bank's directory data in the second file: after its key. Throws when there is
   // none.
   std::size_t EntryOf(char const* type, char const* name);
 
   MemoryFileSystem files_;
 };
 
-// What a reader found: per bank a text that holds all words of its items, or the word "error" with
-// the address of a block error. Opening alone can fail too.
+// The reader's findings: per bank a text that holds all words of its items, or the word "error"
+// with the address of a block error. Opening alone can fail too.
 struct Finding {
   int openError = 0;
   bool threw = false;
@@ -42,7 +42,7 @@ struct Finding {
 };
 
 // Opens, walks IDs, banks and items, reads every item by its key, prints every tree, reads memos
-// and texts, and asks for the status. Never throws.
+// and texts, and queries the status. Never throws.
 Finding ReadEverything(MemoryFileSystem& files);
 
 }  // namespace zel::test

@@ -1,4 +1,4 @@
-// Time that a document may cost: a second of the processor for each 100 KB.
+// The time that a document may take: a second of processor time for each 100 KB.
 #pragma once
 
 #include <algorithm>
@@ -20,7 +20,7 @@ class TimeLimit {
         start_(std::clock()) {}
 
   double Allowed() const { return allowed_; }
-  // Seconds of the processor since the start.
+  // Processor seconds since the start.
   double Used() const {
     return static_cast<double>(std::clock() - start_) / static_cast<double>(CLOCKS_PER_SEC);
   }
@@ -30,7 +30,7 @@ class TimeLimit {
   static constexpr double kBytesPerSecond = 100e3;
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(NDEBUG) || \
     ZEL_HAS_FEATURE(address_sanitizer) || ZEL_HAS_FEATURE(thread_sanitizer)
-  static constexpr double kSlowness = 10.0;  // of a build that looks after itself
+  static constexpr double kSlowness = 10.0;  // of a sanitizer build
 #else
   static constexpr double kSlowness = 1.0;
 #endif

@@ -28,7 +28,7 @@ class TreeModel {
 
   // False when the key is there already.
   bool Insert(Words const& entry);
-  // As the tree's Delete, on a tree that is not empty.
+  // Like the tree's Delete, on a tree that is not empty.
   void Delete(Words const& key);
 
   long Root() const { return root_; }
@@ -38,7 +38,7 @@ class TreeModel {
  private:
   struct Step {
     long address;
-    std::size_t index;  // entries in front of the place
+    std::size_t index;  // entries before the place
   };
 
   Words KeyOf(Words const& entry) const {
