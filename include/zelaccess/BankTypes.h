@@ -52,7 +52,7 @@ class ZEL_API IZelWilson : public IUnknown {
                             double* cji, double* dij, double* dji, double* eij, double* eji,
                             double* fij, double* fji, double* tMin, double* tMax, double* pMin,
                             double* pMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(std::int32_t* form, std::int32_t* eqnForm,
                                      std::int32_t* volRatio, double* aij, double* aji, double* bij,
@@ -89,7 +89,7 @@ class ZEL_API IZelNrtl : public IUnknown {
                             double* fij, double* aji, double* bji, double* cji, double* dji,
                             double* eji, double* fji, double* alphaij, double* betaij, double* tMin,
                             double* tMax, double* pMin, double* pMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* aij, double* bij, double* cij, double* dij,
                                      double* eij, double* fij, double* aji, double* bji,
@@ -124,7 +124,7 @@ class ZEL_API IZelNrtlLL : public IUnknown {
                             double* fij, double* aji, double* bji, double* cji, double* dji,
                             double* eji, double* fji, double* alphaij, double* betaij, double* tMin,
                             double* tMax, double* pMin, double* pMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* aij, double* bij, double* cij, double* dij,
                                      double* eij, double* fij, double* aji, double* bji,
@@ -275,7 +275,7 @@ class ZEL_API IZelBwrs : public IUnknown {
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* aij, double* bij, double* tMin, double* tMax, double* pMin,
                             double* pMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* aij, double* bij, double* tMin, double* tMax,
                                      double* pMin, double* pMax, std::int32_t* refCode) = 0;
@@ -301,7 +301,7 @@ class ZEL_API IZelHenry : public IUnknown {
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* c, double* tMin, double* tMax, double* pMin, double* pMax,
                             std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* c, double* tMin, double* tMax, double* pMin,
                                      double* pMax, std::int32_t* refCode) = 0;
@@ -380,7 +380,7 @@ class ZEL_API IZelPrM : public IUnknown {
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* kij, double* kji, double* tMin, double* tMax, double* pMin,
                             double* pMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* kij, double* kji, double* tMin, double* tMax,
                                      double* pMin, double* pMax, std::int32_t* refCode) = 0;
@@ -407,7 +407,7 @@ class ZEL_API IZelSrkS : public IUnknown {
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* kij, double* kji, double* tMin, double* tMax, double* pMin,
                             double* pMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* kij, double* kji, double* tMin, double* tMax,
                                      double* pMin, double* pMax, std::int32_t* refCode) = 0;
@@ -435,7 +435,7 @@ class ZEL_API IZelSrkM : public IUnknown {
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* kij, double* kji, double* kijd, double* kjid, double* tMin,
                             double* tMax, double* pMin, double* pMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* kij, double* kji, double* kijd, double* kjid,
                                      double* tMin, double* tMax, double* pMin, double* pMax,
@@ -509,7 +509,7 @@ class ZEL_API IZelPrO : public IUnknown {
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* kij, double* tMin, double* tMax, double* pMin, double* pMax,
                             std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* kij, double* tMin, double* tMax, double* pMin,
                                      double* pMax, std::int32_t* refCode) = 0;
@@ -535,7 +535,7 @@ class ZEL_API IZelSrkO : public IUnknown {
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* kij, double* tMin, double* tMax, double* pMin, double* pMax,
                             std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* kij, double* tMin, double* tMax, double* pMin,
                                      double* pMax, std::int32_t* refCode) = 0;
@@ -559,7 +559,7 @@ class ZEL_API IZelPcSaft : public IUnknown {
   /// \param refCode    reference code
   /// \return kStatusOk; kStatusFailed by the rules for null pointers (Banks.h)
   virtual ZelStatus GetData(double* kij, double* tMin, double* tMax, std::int32_t* refCode) = 0;
-  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers as they are.
+  /// Copies all fields, with 0.0 for undefined coefficients; bounds and integers are as in GetData.
   /// \copydetails GetData
   virtual ZelStatus GetDataDefaulted(double* kij, double* tMin, double* tMax,
                                      std::int32_t* refCode) = 0;
@@ -610,7 +610,7 @@ class ZEL_API IZelLkp : public IUnknown {
   ~IZelLkp() = default;
 };
 
-/// IDIMER: data of pairs for the ideal dimer model.
+/// IDIMER: data of pairs for the IDimer model.
 ///
 /// Key: a pair of components in either order; one component means the pair with itself.
 class ZEL_API IZelIDimer : public IUnknown {
@@ -762,7 +762,7 @@ class ZEL_API IZelRackett : public IUnknown {
   ~IZelRackett() = default;
 };
 
-/// IDIMPURE: pure component data for the ideal dimer model.
+/// IDIMPURE: pure component data for the IDimer model.
 ///
 /// Key: one component.
 class ZEL_API IZelIDimPure : public IUnknown {
@@ -876,7 +876,7 @@ class ZEL_API IZelVirial : public IUnknown {
 
 /// GRPDESC: descriptions of UNIFAC groups.
 ///
-/// Key: two plain numbers, the second of which may be left out.
+/// Key: two plain numbers; one alone means that number twice.
 class ZEL_API IZelGroupDes : public IUnknown {
  public:
   /// Copies all fields; a null output is skipped.
@@ -1201,7 +1201,7 @@ class ZEL_API IZelPpr78 : public IUnknown {
 
 // --- component mapping ---------------------------------------------------------------------------
 
-/// MAPORW: component numbers of a client's names.
+/// MAPORW: mapping of a client's names to Ordwin component numbers.
 ///
 /// Key: a text of up to 12 characters.
 class ZEL_API IZelMapOrw : public IUnknown {
@@ -1218,7 +1218,7 @@ class ZEL_API IZelMapOrw : public IUnknown {
   ~IZelMapOrw() = default;
 };
 
-/// OLI: component numbers of OLI names.
+/// OLI: mapping of OLI names to Ordwin component numbers.
 ///
 /// Key: a text of up to 16 characters.
 class ZEL_API IZelOli : public IUnknown {
@@ -1235,7 +1235,7 @@ class ZEL_API IZelOli : public IUnknown {
   ~IZelOli() = default;
 };
 
-/// ORWMAP: a client's names of component numbers.
+/// ORWMAP: mapping of Ordwin component numbers to a client's names.
 ///
 /// Key: one plain number, that of the component.
 class ZEL_API IZelOrwMap : public IUnknown {
