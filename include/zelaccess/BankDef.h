@@ -180,9 +180,9 @@ class ZEL_API IZelBankIO : public IUnknown {
   /// \param maxRecordWords  receives the words of the longest record; may be null
   /// \param pairRule        receives how the parts of a key are ordered: 0 as given; 1 sorted, and
   /// no
-  ///                        field changes; 2 sorted, and SwapPair turns the item round when that
-  ///                        exchanged the parts; 3 as given, (i, j) and (j, i) being two items; may
-  ///                        be null
+  ///                        field changes; 2 sorted, and SwapPair swaps the item
+  ///                        when that exchanged the parts; 3 as given, (i, j) and (j, i) being two
+  ///                        items; may be null
   /// \param fileResident    receives 1 where ReadFromFile and WriteToFile replace ReadBlock and
   ///                        WriteBlock, else 0; may be null
   /// \return kStatusOk; kStatusFailed where all outputs are null
@@ -225,7 +225,7 @@ class ZEL_API IZelBankIO : public IUnknown {
   /// Derives what the item's data imply.
   /// \return kStatusNotImplemented for all types except PURECOMP
   virtual ZelStatus Complete() = 0;
-  /// Turns an item of an asymmetric pair round; its own inverse.
+  /// Swaps an item of an asymmetric pair; its own inverse.
   /// \return kStatusNotImplemented for types that are not asymmetric
   virtual ZelStatus SwapPair() = 0;
   /// Sets where the item came from: the library's name, a colon, the bank's name, without trailing

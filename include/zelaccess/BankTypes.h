@@ -11,10 +11,10 @@
 /// says. Texts are buffers of 21 characters, bank names 9, the name of
 /// ORWMAP 13.
 ///
-/// A pair of an asymmetric type that is asked for in the other order is turned round by
+/// A pair of an asymmetric type that is requested in reverse order is swapped by
 /// IZelBankIO::SwapPair before it is returned. That exchanges the ij and ji members; HMIX negates
 /// bij, dij, fij and hij, and AZEOTROP computes 1 - x1. None of these tests for undefined values:
-/// they are turned like others, so that an undefined bij of HMIX or x1 of AZEOTROP is returned as
+/// they are swapped like others, so that an undefined bij of HMIX or x1 of AZEOTROP is returned as
 /// 1e35.
 ///
 /// **Threads.** One object belongs to one thread at a time; different objects share nothing.
@@ -33,7 +33,7 @@ namespace zel {
 
 /// WILSON: VLE data of pairs for the Wilson equation.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelWilson : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -74,7 +74,7 @@ class ZEL_API IZelWilson : public IUnknown {
 
 /// NRTL: VLE data of pairs for the NRTL equation.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelNrtl : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -109,7 +109,7 @@ class ZEL_API IZelNrtl : public IUnknown {
 
 /// NRTLLL: LLE data of pairs for the NRTL equation.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelNrtlLL : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -144,7 +144,7 @@ class ZEL_API IZelNrtlLL : public IUnknown {
 
 /// UNIQUAC: VLE data of pairs for the UNIQUAC equation.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelUniquac : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -169,7 +169,7 @@ class ZEL_API IZelUniquac : public IUnknown {
 
 /// UNIQLL: LLE data of pairs for the UNIQUAC equation.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelUniquacLL : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -194,7 +194,7 @@ class ZEL_API IZelUniquacLL : public IUnknown {
 
 /// MARGULES: VLE data of pairs for the Margules equation.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelMargules : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -217,7 +217,7 @@ class ZEL_API IZelMargules : public IUnknown {
 
 /// VANLAAR: VLE data of pairs for the van Laar equation.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelVanLaar : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -239,7 +239,7 @@ class ZEL_API IZelVanLaar : public IUnknown {
 
 /// HMIX: heats of mixing of pairs.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped. The swap negates
+/// Key: a pair of components; one requested in reverse order is swapped. The swap negates
 /// bij, dij, fij and hij.
 class ZEL_API IZelHMix : public IUnknown {
  public:
@@ -316,7 +316,7 @@ class ZEL_API IZelHenry : public IUnknown {
 
 /// PRH: data of pairs for the equation of state PrH.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelPrH : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -342,7 +342,7 @@ class ZEL_API IZelPrH : public IUnknown {
 
 /// SRKH: data of pairs for the equation of state SrkH.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelSrkH : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -368,7 +368,7 @@ class ZEL_API IZelSrkH : public IUnknown {
 
 /// PRM: data of pairs for the equation of state PrM.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelPrM : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -395,7 +395,7 @@ class ZEL_API IZelPrM : public IUnknown {
 
 /// SRKS: data of pairs for the equation of state SrkS.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelSrkS : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -422,7 +422,7 @@ class ZEL_API IZelSrkS : public IUnknown {
 
 /// SRKM: data of pairs for the equation of state SrkM.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelSrkM : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -452,7 +452,7 @@ class ZEL_API IZelSrkM : public IUnknown {
 
 /// PRP: data of pairs for the equation of state PrP.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelPrP : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -475,7 +475,7 @@ class ZEL_API IZelPrP : public IUnknown {
 
 /// SRKP: data of pairs for the equation of state SrkP.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped.
+/// Key: a pair of components; one requested in reverse order is swapped.
 class ZEL_API IZelSrkP : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -573,7 +573,7 @@ class ZEL_API IZelPcSaft : public IUnknown {
 
 /// AZEOTROP: azeotropes of pairs.
 ///
-/// Key: a pair of components; one that is asked for in the other order is swapped. The swap
+/// Key: a pair of components; one requested in reverse order is swapped. The swap
 /// replaces x1 by 1 - x1.
 class ZEL_API IZelAzeo : public IUnknown {
  public:
@@ -952,9 +952,9 @@ class ZEL_API IZelUnf2Pure : public IUnknown {
 
 /// UNFDORT: a set of Dortmund UNIFAC parameters.
 ///
-/// Key: two plain numbers, the groups of an interaction, which is swapped when it is asked for in
-/// the other order; one group; or none for the set as a whole. The bank does not enforce which
-/// fields an item fills; each pair of operations reads and writes its part of the one item.
+/// Key: two plain numbers, the groups of an interaction, which is swapped when requested in reverse
+/// order; one group; or none for the set as a whole. The bank does not enforce which fields an item
+/// fills; each pair of operations reads and writes its part of the one item.
 class ZEL_API IZelUnfDort : public IUnknown {
  public:
   /// Copies the part of the set as a whole; a null output is skipped.
@@ -991,9 +991,9 @@ class ZEL_API IZelUnfDort : public IUnknown {
 
 /// UNFLYNG: a set of Lyngby UNIFAC parameters.
 ///
-/// Key: two plain numbers, the groups of an interaction, which is swapped when it is asked for in
-/// the other order; one group; or none for the set as a whole. The bank does not enforce which
-/// fields an item fills; each pair of operations reads and writes its part of the one item.
+/// Key: two plain numbers, the groups of an interaction, which is swapped when requested in reverse
+/// order; one group; or none for the set as a whole. The bank does not enforce which fields an item
+/// fills; each pair of operations reads and writes its part of the one item.
 class ZEL_API IZelUnfLyng : public IUnknown {
  public:
   /// Copies the part of the set as a whole; a null output is skipped.
@@ -1030,9 +1030,9 @@ class ZEL_API IZelUnfLyng : public IUnknown {
 
 /// UNFMOD: a set of modified UNIFAC parameters.
 ///
-/// Key: two plain numbers, the groups of an interaction, which is swapped when it is asked for in
-/// the other order; one group; or none for the set as a whole. The bank does not enforce which
-/// fields an item fills; each pair of operations reads and writes its part of the one item.
+/// Key: two plain numbers, the groups of an interaction, which is swapped when requested in reverse
+/// order; one group; or none for the set as a whole. The bank does not enforce which fields an item
+/// fills; each pair of operations reads and writes its part of the one item.
 class ZEL_API IZelUnfMod : public IUnknown {
  public:
   /// Copies the part of the set as a whole; a null output is skipped.
@@ -1069,9 +1069,9 @@ class ZEL_API IZelUnfMod : public IUnknown {
 
 /// UNFORIG: a set of original UNIFAC parameters.
 ///
-/// Key: two plain numbers, the groups of an interaction, which is swapped when it is asked for in
-/// the other order; one group; or none for the set as a whole. The bank does not enforce which
-/// fields an item fills; each pair of operations reads and writes its part of the one item.
+/// Key: two plain numbers, the groups of an interaction, which is swapped when requested in reverse
+/// order; one group; or none for the set as a whole. The bank does not enforce which fields an item
+/// fills; each pair of operations reads and writes its part of the one item.
 class ZEL_API IZelUnfOrig : public IUnknown {
  public:
   /// Copies the part of the set as a whole; a null output is skipped.
@@ -1110,10 +1110,10 @@ class ZEL_API IZelUnfOrig : public IUnknown {
 
 /// PSRK: a set of predictive SRK parameters.
 ///
-/// Key: two plain numbers, the groups of an interaction, which is swapped when it is asked for in
-/// the other order; one group; or none for the set as a whole. The bank does not enforce which
-/// fields an item fills; each pair of operations reads and writes its part of the one item. An item
-/// names the banks of components and of alpha coefficients that it refers to.
+/// Key: two plain numbers, the groups of an interaction, which is swapped when requested in reverse
+/// order; one group; or none for the set as a whole. The bank does not enforce which fields an item
+/// fills; each pair of operations reads and writes its part of the one item. An item names the
+/// banks of components and of alpha coefficients that it refers to.
 class ZEL_API IZelPsrk : public IUnknown {
  public:
   /// Copies the part of the set as a whole; a null output is skipped.
@@ -1161,8 +1161,7 @@ class ZEL_API IZelPsrk : public IUnknown {
 
 /// UNIFAC: interactions of UNIFAC groups.
 ///
-/// Key: two plain numbers, those of the groups; an item that is asked for in the other order is
-/// swapped.
+/// Key: two plain numbers, those of the groups; an item requested in reverse order is swapped.
 class ZEL_API IZelUnifac : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.

@@ -67,7 +67,7 @@ class BankFace {
     if (face_ != nullptr) face_->Release();
   }
 
-  /// Tells whether there is a bank with the interface.
+  /// Returns whether there is a bank with the interface.
   explicit operator bool() const { return face_ != nullptr; }
   /// Returns the interface.
   /// \return owned by this object; null when empty

@@ -137,7 +137,7 @@ class ZEL_API LibFile {
   /// \name The name index
   /// One library of the process that resolves the character IDs and CAS numbers that the library at
   /// hand does not know. Only a host sets it, and keeps it. Closing that library clears it;
-  /// reopening the same object sets it again. Threads take turns in asking and setting it.
+  /// reopening the same object sets it again. Threads take turns in using and setting it.
   ///@{
 
   /// Returns the name index.
@@ -212,9 +212,9 @@ class ZEL_API LibFile {
   ///                  also locks, see IsPasswordLocked
   /// \param password  at most 100 characters are kept; null is the empty password
   virtual void SetPassword(std::int32_t level, char const* password) = 0;
-  /// Tells whether the library is locked. Items of a locked library are read as any other; the mark
-  /// travels with them (IZelBankDef::GetSource) for the host to honor.
-  /// \return true at level 2 with a password
+  /// Returns whether the library is locked. Items of a locked library are read as any other; the
+  /// mark travels with them (IZelBankDef::GetSource) for the host to honor. \return true at level 2
+  /// with a password
   virtual bool IsPasswordLocked() const = 0;
 
  protected:

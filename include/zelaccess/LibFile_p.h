@@ -60,7 +60,7 @@ class ZEL_API LibFile_p : public LibFile {
   /// \return true when the bank was found; false also when the library is closed
   virtual bool FindBank(char const* type, char const* name, std::int32_t const*& entry,
                         bool marker) = 0;
-  /// Tells whether the bank is stored under its marked key. Throws a block error.
+  /// Returns whether the bank is stored under its marked key. Throws a block error.
   /// \param type  type keyword; null is the empty text
   /// \param name  bank name; null is the empty text
   /// \return true when it is

@@ -40,7 +40,7 @@ class LibFile;
 /// words 10 words.
 ///
 /// **Null pointers.** Every pointer may be null. Outputs that are null are skipped; where nothing
-/// else is asked for, the operation fails. A null text is the empty text. A null bank, key or
+/// else is requested, the operation fails. A null text is the empty text. A null bank, key or
 /// component is a failure.
 ///
 /// **Errors.** Operations return false (or 0, or an empty text) on failure. Block errors of LibFile
@@ -158,7 +158,7 @@ class ZEL_API LibMaint {
   /// \param name  bank name; null is the empty text
   /// \return the format from 1; 0 for a type of one format and for a bank that is not there
   virtual std::int32_t GetBankFormat(char const* type, char const* name) = 0;
-  /// Tells whether the library has a bank.
+  /// Returns whether the library has a bank.
   /// \param type  type keyword; null is the empty text
   /// \param name  bank name; null is the empty text
   /// \return true when the bank is there
@@ -167,10 +167,10 @@ class ZEL_API LibMaint {
   ///@}
   /// \name Items
   /// The key is widened to the bank's length and resolved to component numbers; an asymmetric pair
-  /// that is asked for in the other order is swapped on the way.
+  /// that is requested in reverse order is swapped on the way.
   ///@{
 
-  /// Tells whether a bank has an item. The fields of `bank` stay as they are.
+  /// Returns whether a bank has an item. The fields of `bank` stay as they are.
   /// \param bank  an object of the bank's type; null is a failure
   /// \param name  bank name; null is the empty text
   /// \param key   key of the item; null is a failure

@@ -14,7 +14,7 @@ class Key;
 class LibFile;
 
 /// Finds an item in a list of library banks and fills the bank given. The host says once where to
-/// look, and then asks for item after item: the banks that were located for one bank type stay
+/// look, and then requests item after item: the banks that were located for one bank type stay
 /// located until another type is searched or the list changes.
 ///
 ///     LibSearch* search = LibSearch::NewLibSearch();
@@ -80,7 +80,7 @@ class ZEL_API LibSearch {
   /// \param names      a null array is one of empty names
   virtual void SetLibraryBanks(long count, LibFile* const* libraries, char const (*names)[9]) = 0;
   /// Clears the bank and fills it from the first located bank that has the key, swapped for a pair
-  /// that is asked for in the other order. What was found is completed (IZelBankIO::Complete). By
+  /// that is requested in reverse order. What was found is completed (IZelBankIO::Complete). By
   /// pairs, IZelBankDef::GetSource then returns "Multiple" when several banks had data, and
   /// IZelBankDef::GetSourceFlags which.
   /// \param key       key of the item; null finds nothing

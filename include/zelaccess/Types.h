@@ -61,11 +61,11 @@ inline constexpr std::int32_t gen_GetUndefInt() noexcept { return INT32_MIN; }
 /// Returns the undefined long.
 /// \return INT32_MIN, also where a long is wider
 inline constexpr long gen_GetUndefLong() noexcept { return INT32_MIN; }
-/// Tells whether a double is undefined.
+/// Returns whether a double is undefined.
 /// \param value  any value
 /// \return true at or below -1e35
 inline constexpr bool gen_IsUndefDouble(double value) noexcept { return value <= -1e35; }
-/// Tells whether an integer is undefined.
+/// Returns whether an integer is undefined.
 /// \param value  any value
 /// \return true for INT32_MIN
 inline constexpr bool gen_IsUndefInt(std::int32_t value) noexcept { return value == INT32_MIN; }

@@ -70,7 +70,7 @@ enum zelConstantStates : std::int32_t {
   constantUnfounded = 3  ///< Computed from something that is not there; the number means nothing.
 };
 
-/// Tells what a constant of a component rests on.
+/// Returns what a constant of a component rests on.
 ///
 /// Complete computes some constants from whatever is there: the parachor from an undefined critical
 /// volume, the carbon number from an empty formula, the acentric factor from a vapor pressure whose
@@ -129,7 +129,7 @@ class ZEL_API ZelFindingSink {
 /// find out, and each text dump that cannot be written completely (findingDamage, "file", its
 /// path). Without a sink the block error ends the walk. A tree that cannot be read ends it either
 /// way. \param library  an open library; null does nothing \param sink     stays the host's, and
-/// may throw to end the walk; null, as at first, is none
+/// may throw to end the walk; null, as at first, for no sink
 ZEL_API void SetItemFindings(LibFile* library, ZelFindingSink* sink);
 
 /// Compares everything on file with everything else, without changing a byte: the header; the free
