@@ -50,8 +50,7 @@ class ZEL_API IZelBankDef : public IUnknown {
   /// \param type            buffer of 9 characters for the type keyword; may be null
   /// \param description     buffer of 50 characters; may be null
   /// \param keyKind         receives 0 for component numbers, 1 for plain numbers, 2 for text; may
-  /// be
-  ///                        null
+  ///                        be null
   /// \param keyWords        receives the words of a key; may be null
   /// \param minKeyWords     receives the length of the shortest key that a caller may give; may be
   ///                        null
@@ -82,8 +81,7 @@ class ZEL_API IZelBankDef : public IUnknown {
   /// \param labels  receives texts for people; may be null
   /// \param types   receives the types, zelFieldTypes; may be null
   /// \param counts  receives the numbers of elements; for a text its buffer with the terminator;
-  /// may
-  ///                be null
+  ///                may be null
   /// \param units   receives the classes of unit in lower case, "" for none; may be null
   /// \return kStatusNotImplemented when the type has no field table
   virtual ZelStatus GetFieldList(std::int32_t format, char (*names)[13], char (*labels)[20],
@@ -109,15 +107,13 @@ class ZEL_API IZelBankDef : public IUnknown {
   /// Copies all elements of a field of type fieldReal.
   /// \param name    name of the field; null is the empty text
   /// \param values  array as long as the field's count, in the internal units of its class; 0 in
-  /// the
-  ///                first element on failure; null is a failure
+  ///                the first element on failure; null is a failure
   /// \return kStatusFailed when there is no such field of that type
   virtual ZelStatus GetDoubleField(char const* name, double* values) = 0;
   /// Copies all elements of a field of type fieldInteger or fieldEnumerated.
   /// \param name    name of the field; null is the empty text
   /// \param values  array as long as the field's count; 0 in the first element on failure; null is
-  /// a
-  ///                failure
+  ///                a failure
   /// \return kStatusFailed when there is no such field of that type
   virtual ZelStatus GetIntField(char const* name, std::int32_t* values) = 0;
   /// Sets a field of type fieldText.
@@ -137,8 +133,7 @@ class ZEL_API IZelBankDef : public IUnknown {
   virtual ZelStatus SetIntField(char const* name, std::int32_t const* values) = 0;
   /// Reports where the item came from.
   /// \param text         buffer of 260 characters: "library:bank", or "Multiple" after a search
-  /// that
-  ///                     found it in several places; may be null
+  ///                     that found it in several places; may be null
   /// \param isProtected  receives 1 when one of the libraries was password-locked, else 0; may be
   ///                     null
   /// \return kStatusOk; kStatusFailed where both are null
@@ -171,18 +166,16 @@ class ZEL_API IZelBankIO : public IUnknown {
   /// Reports how keys and records of the type are stored.
   /// \param type            buffer of 9 characters for the type keyword; may be null
   /// \param keyKind         receives 0 for component numbers, 1 for plain numbers, 2 for text; may
-  /// be
-  ///                        null
+  ///                        be null
   /// \param keyWords        receives the words of a key; may be null
   /// \param minKeyWords     receives the length of the shortest key that a caller may give; may be
   ///                        null
   /// \param formatCount     receives the number of record formats; may be null
   /// \param maxRecordWords  receives the words of the longest record; may be null
   /// \param pairRule        receives how the parts of a key are ordered: 0 as given; 1 sorted, and
-  /// no
-  ///                        field changes; 2 sorted, and SwapPair swaps the item
-  ///                        when that exchanged the parts; 3 as given, (i, j) and (j, i) being two
-  ///                        items; may be null
+  ///                        no field changes; 2 sorted, and SwapPair swaps the item when that
+  ///                        exchanged the parts; 3 as given, (i, j) and (j, i) being two items; may
+  ///                        be null
   /// \param fileResident    receives 1 where ReadFromFile and WriteToFile replace ReadBlock and
   ///                        WriteBlock, else 0; may be null
   /// \return kStatusOk; kStatusFailed where all outputs are null
@@ -340,7 +333,7 @@ ZEL_API long GetBankTypeCount();
 /// Lists the type keywords.
 /// \param count  number of buffers
 /// \param list   receives the keywords; buffers beyond the last type become empty; null does
-/// nothing
+///               nothing
 ZEL_API void GetBankTypeList(long count, char (*list)[9]);
 /// Returns the number of types that banks of a type refer to by bank name.
 /// \param keyword  type keyword; null is the empty text

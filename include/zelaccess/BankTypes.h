@@ -6,10 +6,9 @@
 /// undefined model coefficient (1.0 for `rmw` and `sigma` of PCSAFTPU) and leaves bounds and
 /// integers as they are. All of these return kStatusOk, except where a null pointer is a failure.
 ///
-/// Temperatures are in K, pressures in kPa; a value that is not there is undefined (Types.h).
-/// The library computes nothing from coefficients. Each array has the length that its parameter
-/// says. Texts are buffers of 21 characters, bank names 9, the name of
-/// ORWMAP 13.
+/// Temperatures are in K, pressures in kPa; a value that is not there is undefined (Types.h). The
+/// library computes nothing from coefficients. Each array has the length that its parameter says.
+/// Texts are buffers of 21 characters, bank names 9, the name of ORWMAP 13.
 ///
 /// A pair of an asymmetric type that is requested in reverse order is swapped by
 /// IZelBankIO::SwapPair before it is returned. That exchanges the ij and ji members; HMIX negates
@@ -239,8 +238,8 @@ class ZEL_API IZelVanLaar : public IUnknown {
 
 /// HMIX: heats of mixing of pairs.
 ///
-/// Key: a pair of components; one requested in reverse order is swapped. The swap negates
-/// bij, dij, fij and hij.
+/// Key: a pair of components; one requested in reverse order is swapped. The swap negates bij, dij,
+/// fij and hij.
 class ZEL_API IZelHMix : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.
@@ -573,8 +572,8 @@ class ZEL_API IZelPcSaft : public IUnknown {
 
 /// AZEOTROP: azeotropes of pairs.
 ///
-/// Key: a pair of components; one requested in reverse order is swapped. The swap
-/// replaces x1 by 1 - x1.
+/// Key: a pair of components; one requested in reverse order is swapped. The swap makes
+/// x1 the fraction of the other component, 1 - x1.
 class ZEL_API IZelAzeo : public IUnknown {
  public:
   /// Copies all fields as they are, undefined values included; a null output is skipped.

@@ -75,8 +75,7 @@ class ZEL_API CompList {
   /// Sets the filter of all lists on the text that is sorted by, and rewinds this one. Letters
   /// compare without regard to case, and the text may go on after the end of the pattern.
   /// \param pattern  "?" matches one character, "*" any number of them; null and the empty text
-  /// mean
-  ///                 "*"
+  ///                 mean "*"
   virtual void SetFilter(char const* pattern) = 0;
   /// Returns the filter.
   /// \return owned by the list, valid until the next call on it; never null
@@ -131,8 +130,7 @@ class ZEL_API CompListBuild {
   /// errors pass through as exceptions.
   /// \param library   an open library; with null the list is empty
   /// \param bankName  name of a bank of pure components; null is the empty name; with a bank that
-  /// is
-  ///                  not there the list is empty
+  ///                  is not there the list is empty
   /// \param path      the file; one that is there is emptied and rewritten, also through a symbolic
   ///                  link; null and the empty path write none
   /// \return false when the file cannot be written

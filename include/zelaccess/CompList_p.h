@@ -25,9 +25,8 @@ class ZEL_API CompListBuild_p : public CompListBuild {
   /// \param idCount        receives the number of IDs that are left
   /// \param formula        buffer of 21 characters; null is a failure
   /// \param secondFormula  buffer of 21 characters, which receives the normal form where that
-  /// differs
-  ///                       from a formula that stays as written: because of `keepFormula`, or as it
-  ///                       has no carbon and hydrogen; may be null
+  ///                       differs from a formula that stays as written: because of `keepFormula`,
+  ///                       or as it has no carbon and hydrogen; may be null
   /// \param keepFormula    not 0: the formula is kept as written
   /// \param formulaResult  receives 2 where there is a second formula, else 1
   /// \param casNumber      the CAS number as one integer; set to 0 where it is not valid

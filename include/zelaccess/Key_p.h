@@ -51,8 +51,7 @@ class ZEL_API Key_p : public Key {
   /// Reports the number of a component.
   /// \param position  from 0
   /// \param number    receives the component number of kind keyNumber, the CAS number of kind
-  /// keyCas
-  ///                  as one integer, else 0
+  ///                  keyCas as one integer, else 0
   virtual void GetCompNumber(std::int32_t position, long& number) const = 0;
   /// Returns the key words as the last ResolveKey left them.
   /// \return 10 words, which live as long as the key; never null

@@ -72,8 +72,8 @@ class ZEL_API LibFile {
   /// umask: a host that shares its folder opens them to others with chmod. A symbolic link in the
   /// place of a file is followed.
   /// \param type   kind of the library
-  /// \param path   the first file; ends in ".lb1" in upper or lower case; at most 259 characters
-  ///               as an absolute path; null is openNotLibrary
+  /// \param path   the first file; ends in ".lb1" in upper or lower case; at most 259 characters as
+  ///               an absolute path; null is openNotLibrary
   /// \param name   for display, at most 259 characters are kept; null is the empty name
   /// \param error  receives openOk or the reason of the failure
   /// \return the library, which the caller ends with DelLibFile; null on failure
@@ -100,8 +100,8 @@ class ZEL_API LibFile {
   /// \param name      for display; null is the empty name
   /// \param password  of a protected library; null is the empty password
   /// \param error     receives openOk or the reason of the failure
-  /// \param type      receives the kind once the header has been read and found good, also when
-  ///                  the open then fails; unchanged otherwise
+  /// \param type      receives the kind once the header has been read and found good, also when the
+  ///                  open then fails; unchanged otherwise
   /// \return the library, which the caller ends with DelLibFile; null on failure
   static LibFile* OpenLibFile(accModes mode, char const* path, char const* name,
                               char const* password, openErrors& error, libTypes& type);
@@ -157,9 +157,9 @@ class ZEL_API LibFile {
   /// \return this object
   LibFile& operator=(LibFile const&) { return *this; }
 
-  /// Writes header, tree heads and block table, and asks the system to put the files on disk.
-  /// Does nothing when closed or open for reading. Throws a block error, the address of the tree
-  /// heads, when something could not be written; it may be called again.
+  /// Writes header, tree heads and block table, and asks the system to put the files on disk. Does
+  /// nothing when closed or open for reading. Throws a block error, the address of the tree heads,
+  /// when something could not be written; it may be called again.
   virtual void FlushLibFile() = 0;
   /// Flushes and closes the files; does nothing when closed. The object can be reopened. When the
   /// flush fails the files are closed all the same, what was not on file is lost, and the block
@@ -213,8 +213,8 @@ class ZEL_API LibFile {
   /// \param password  at most 100 characters are kept; null is the empty password
   virtual void SetPassword(std::int32_t level, char const* password) = 0;
   /// Returns whether the library is locked. Items of a locked library are read as any other; the
-  /// mark travels with them (IZelBankDef::GetSource) for the host to honor. \return true at level 2
-  /// with a password
+  /// mark travels with them (IZelBankDef::GetSource) for the host to honor.
+  /// \return true at level 2 with a password
   virtual bool IsPasswordLocked() const = 0;
 
  protected:

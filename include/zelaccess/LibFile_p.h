@@ -28,8 +28,8 @@ class ZEL_API LibFile_p : public LibFile {
   /// Reads words of a block run. Throws on a null, zero or foreign address.
   /// \param address  block address of the run
   /// \param words    number of words
-  /// \param buffer   of that many words; what is past the end of the file is read as zeros; null
-  ///                 is a failed transfer
+  /// \param buffer   of that many words; what is past the end of the file is read as zeros; null is
+  ///                 a failed transfer
   /// \return the bytes really read; -1, and zeros, when the transfer failed
   virtual std::int32_t ReadBlock(std::int32_t address, std::int32_t words,
                                  std::int32_t* buffer) = 0;

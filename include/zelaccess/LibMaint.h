@@ -194,8 +194,7 @@ class ZEL_API LibMaint {
   /// \param name  bank name; null is the empty text
   /// \param key   key of the item; null is a failure
   /// \return false when the bank or a component of the key is not there, the bank has another key
-  /// or
-  ///         record length, or CheckComponent refuses the component
+  ///         or record length, or CheckComponent refuses the component
   virtual bool WriteItem(IZelBankDef* bank, char const* name, Key* key) = 0;
   /// Deletes an item.
   /// \param type  type keyword; null is the empty text

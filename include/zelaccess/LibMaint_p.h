@@ -26,8 +26,7 @@ class ZEL_API LibMaint_p : public LibMaint {
 
   /// Sets how errors of imports and exports are reported.
   /// \param level  0, as at first, is silent: the first error stops a run; 1 and 2 write log lines
-  /// to
-  ///               standard output and go on, 2 with bank types aligned
+  ///               to standard output and go on, 2 with bank types aligned
   virtual void SetLogLevel(std::int32_t level) = 0;
   /// Sets whether exports write the record format of a bank.
   /// \param on  on at first
@@ -49,8 +48,7 @@ class ZEL_API LibMaint_p : public LibMaint {
   /// \param stream    stays the host's and open; null is a failure
   /// \param expected  number of entries that the tree should have; below 0 any number
   /// \return whether the tree has as many entries as expected; false without output when the bank
-  /// is
-  ///         not there
+  ///         is not there
   virtual bool DumpBankTree(char const* type, char const* name, std::int32_t indent,
                             std::FILE* stream, std::int32_t expected) = 0;
   /// Sets how closely imports look at their documents.

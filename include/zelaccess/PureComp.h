@@ -9,8 +9,8 @@ namespace zel {
 
 // clang-format off
 
-/// Fixed constants by index: keyword, internal unit ("-" for a pure number), meaning. The indices in
-/// between are kept in memory and have no keyword and no place on file.
+/// Fixed constants by index: keyword, internal unit ("-" for a pure number), meaning. The indices
+/// in between are kept in memory and have no keyword and no place on file.
 enum zelProperties : std::uint32_t {
   propertyMW = 0,             ///< MW, kg/kg-mol: molecular weight
   propertyTC = 1,             ///< TC, K: critical temperature
@@ -232,8 +232,9 @@ class ZEL_API IZelPureComp : public IUnknown {
   /// Copies the constants after Complete: with what was missing and could be derived, and those
   /// from 50 on. The parachor and the copies of the boiling point are computed from whatever is
   /// there, also from undefined constants; GetConstantState in Verify.h says which values rest on
-  /// data. \param values  receives 100 values in internal units; null is a failure \return
-  /// kStatusOk or kStatusFailed
+  /// data.
+  /// \param values  receives 100 values in internal units; null is a failure
+  /// \return kStatusOk or kStatusFailed
   virtual ZelStatus GetAllCompleted(double* values) = 0;
   /// Copies a constant after Complete, as above.
   /// \param index  one of zelProperties, up to 99
@@ -274,11 +275,12 @@ class ZEL_API IZelPureComp : public IUnknown {
 
   /// Copies the record of a correlation. It is copied before it is judged: an equation above 100, a
   /// property unit above 50999, another temperature unit or a count outside 1 to 15 is a failure,
-  /// so that one never set or reset is a failure too. \param index             one of
-  /// zelCorrelations, up to 17 \param equation          receives the number of the equation
-  /// (docs/equations.md); may be null \param tempUnit          receives the unit of temperatures:
-  /// 10 K, 11 C, 12 R, 13 F; may be null \param propUnit          receives the unit code of the
-  /// value (docs/unit-codes.md), 0 for none;
+  /// so that one never set or reset is a failure too.
+  /// \param index             one of zelCorrelations, up to 17
+  /// \param equation          receives the number of the equation (docs/equations.md); may be null
+  /// \param tempUnit          receives the unit of temperatures: 10 K, 11 C, 12 R, 13 F; may be
+  ///                          null
+  /// \param propUnit          receives the unit code of the value (docs/unit-codes.md), 0 for none;
   ///                          may be null
   /// \param factor            receives what turns the form's value into internal units; may be null
   /// \param logBasis          receives 1 natural, 2 decimal; may be null
@@ -300,8 +302,7 @@ class ZEL_API IZelPureComp : public IUnknown {
   /// \param propUnit          unit code of the value (docs/unit-codes.md), 0 for none
   /// \param logBasis          1 natural, 2 decimal
   /// \param moleWtBasis       1 molar, 2 weight; 0 is stored for a correlation that has no basis,
-  /// and
-  ///                          1 in place of 0 for any other
+  ///                          and 1 in place of 0 for any other
   /// \param coefficientCount  number of coefficients, up to 15
   /// \param tMin,tMax         range in the unit of temperatures
   /// \param coefficients      as many as the count; null is a failure unless the count is 0
@@ -317,8 +318,7 @@ class ZEL_API IZelPureComp : public IUnknown {
   virtual ZelStatus ResetCorrelation(std::uint32_t index) = 0;
   /// Copies the reference code of a correlation.
   /// \param index  one of zelCorrelations, up to 16: the last correlation has a code on file and
-  /// none
-  ///               through here
+  ///               none through here
   /// \param code   receives the code, up to 32000; 0 for an index out of range; null is a failure
   /// \return kStatusOk or kStatusFailed
   virtual ZelStatus GetCorrelationRefCode(std::uint32_t index, std::uint32_t* code) = 0;
@@ -328,22 +328,21 @@ class ZEL_API IZelPureComp : public IUnknown {
   /// \return kStatusOk or kStatusFailed
   virtual ZelStatus SetCorrelationRefCode(std::uint32_t index, std::uint32_t code) = 0;
   /// Evaluates a correlation and a derivative. A derivative is infinite where the form ends
-  /// steeply, as a density of equation 16 does at the critical point. \param index        one of
-  /// zelCorrelations, up to 17 \param temperature  in the record's unit of temperatures \param
-  /// order        1, 2, 3 for that derivative with respect to the temperature, 11 for the
+  /// steeply, as a density of equation 16 does at the critical point.
+  /// \param index        one of zelCorrelations, up to 17
+  /// \param temperature  in the record's unit of temperatures
+  /// \param order        1, 2, 3 for that derivative with respect to the temperature, 11 for the
   ///                     sensitivities to the coefficients
   /// \param value        in and out: receives the value in the unit of zelCorrelations; a form
-  /// without
-  ///                     a value there leaves it; may be null
+  ///                     without a value there leaves it; may be null
   /// \param derivative   in and out: receives the derivative, per the record's unit of temperatures
-  /// to
-  ///                     the power of the order; a form without a value there leaves it; may be
+  ///                     to the power of the order; a form without a value there leaves it; may be
   ///                     null
   /// \param weights      array of 15 for the sensitivities of order 11; else null; may be null
   /// \param status       receives 0 inside the range, 1 above, -1 below; may be null
   /// \return kStatusOk inside the range; kStatusNothingNew (1) when extrapolated; kStatusFailed for
-  /// a
-  ///         correlation that is not set, for correlationExpansion, and where all outputs are null
+  ///         a correlation that is not set, for correlationExpansion, and where all outputs are
+  ///         null
   virtual ZelStatus EvaluateCorrelation(std::uint32_t index, double temperature, std::int32_t order,
                                         double* value, double* derivative, double* weights,
                                         std::int32_t* status) = 0;

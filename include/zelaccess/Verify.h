@@ -58,8 +58,7 @@ ZEL_API void GetKeyText(std::int32_t const* words, std::int32_t count, char* tex
 /// IUPAC (2021).
 /// \param formula  the formula; null is the empty text, which is not a formula
 /// \return the weight in kg/kg-mol; undefined for a text that is not a formula and for elements
-/// that
-///         have no standard weight
+///         that have no standard weight
 ZEL_API double GetFormulaWeight(char const* formula);
 
 /// What a constant of a component rests on after IZelBankIO::Complete.
@@ -128,8 +127,9 @@ class ZEL_API ZelFindingSink {
 /// each item (findingDamage, "item", its bank and key, the block), each ID that an export cannot
 /// find out, and each text dump that cannot be written completely (findingDamage, "file", its
 /// path). Without a sink the block error ends the walk. A tree that cannot be read ends it either
-/// way. \param library  an open library; null does nothing \param sink     stays the host's, and
-/// may throw to end the walk; null, as at first, for no sink
+/// way.
+/// \param library  an open library; null does nothing
+/// \param sink     stays the host's, and may throw to end the walk; null, as at first, for no sink
 ZEL_API void SetItemFindings(LibFile* library, ZelFindingSink* sink);
 
 /// Compares everything on file with everything else, without changing a byte: the header; the free
