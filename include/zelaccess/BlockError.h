@@ -1,13 +1,15 @@
-// BlockError: a block error as an exception with file, address and reason, for hosts.
-//
-// A block that cannot be read or written is thrown as an `unsigned long` (LibFile.h), which
-// `catch (std::exception const&)` does not catch. Around a piece of work WithBlockErrors does:
-//
-//   try {
-//     zel::WithBlockErrors([&] { maint->WriteItem(bank, "SAMPLE", key); });
-//   } catch (std::exception const& error) {
-//     std::puts(error.what());   // sample.lb1: block 111000014 cannot be written; the disk is ...
-//   }
+/// \file
+/// BlockError: a block error as an exception with file, address and reason, for hosts.
+///
+/// A block that cannot be read or written is thrown as an `unsigned long` (LibFile.h), which
+/// `catch (std::exception const&)` does not catch. Around a piece of work WithBlockErrors does:
+///
+///     try {
+///       zel::WithBlockErrors([&] { maint->WriteItem(bank, "SAMPLE", key); });
+///     } catch (std::exception const& error) {
+///       std::puts(error.what());   // sample.lb1: block 111000014 cannot be written; the disk is
+///       ...
+///     }
 #ifndef ZELACCESS_BLOCKERROR_H
 #define ZELACCESS_BLOCKERROR_H
 
@@ -19,24 +21,37 @@
 
 namespace zel {
 
+/// What is known of a block error.
 struct ZelBlockErrorInfo {
-  char file[260] = {};    // path of the file with the block, as far as it is known; else empty
-  char reason[100] = {};  // why, in a few words
+  char file[260] = {};    ///< Path of the file with the block, as far as it is known; else empty.
+  char reason[100] = {};  ///< Why, in a few words.
 };
 
-// What is known of a block error just caught. To be asked in the thread that caught it, before the
-// next call of the library; of any other address it gives an empty file and a general reason.
+/// Reports what is known of a block error just caught. To be called in the thread that caught it,
+/// before the next call of the library.
+/// \param address  the `unsigned long` that was caught
+/// \param info     receives file and reason; an empty file and a general reason for any other
+///                 address
 ZEL_API void GetBlockErrorInfo(unsigned long address, ZelBlockErrorInfo& info);
 
-// The address of what is not a block: no block could be had.
+/// The address of what is not a block: no block could be allocated.
 inline constexpr unsigned long kNoBlockAddress = 990000000;
 
+/// A block error as an exception. Its text has the file, the address and the reason.
 class BlockError : public std::runtime_error {
  public:
+  /// Makes the exception of a block error just caught; GetBlockErrorInfo says when.
+  /// \param address  the `unsigned long` that was caught
   explicit BlockError(unsigned long address) : BlockError(address, InfoOf(address)) {}
 
+  /// Returns the address.
+  /// \return the block address; kNoBlockAddress when no block could be allocated
   unsigned long Address() const noexcept { return address_; }
+  /// Returns the path of the file with the block.
+  /// \return valid as long as this object lives; "" when not known; never null
   char const* File() const noexcept { return info_.file; }
+  /// Returns why, in a few words.
+  /// \return valid as long as this object lives; never null
   char const* Reason() const noexcept { return info_.reason; }
 
  private:
@@ -59,7 +74,9 @@ class BlockError : public std::runtime_error {
   ZelBlockErrorInfo info_;
 };
 
-// Does the work and gives its result; a block error leaves it as a BlockError.
+/// Does a piece of work; a block error leaves it as a BlockError.
+/// \param work  called once, without arguments
+/// \return what the work returns
 template <typename Work>
 decltype(auto) WithBlockErrors(Work&& work) {
   try {

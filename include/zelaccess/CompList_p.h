@@ -1,4 +1,5 @@
-// CompListBuild_p: the steps of a list build, for hosts that make lists of their own.
+/// \file
+/// CompListBuild_p: the steps of a list build, for hosts that make lists of their own.
 #ifndef ZELACCESS_COMPLIST_P_H
 #define ZELACCESS_COMPLIST_P_H
 
@@ -7,36 +8,72 @@
 
 namespace zel {
 
-// Every builder is one of these: dynamic_cast leads here. Rows are added, then sorted, then
-// written.
+/// Every builder is one of these: dynamic_cast leads here. Rows are added, then sorted, then
+/// written. Threads as for the list.
 class ZEL_API CompListBuild_p : public CompListBuild {
  public:
+  /// Copies no data: builders are handles.
   CompListBuild_p(CompListBuild_p const&) : CompListBuild() {}
+  /// Copies nothing.
+  /// \return this object
   CompListBuild_p& operator=(CompListBuild_p const&) { return *this; }
 
-  // Tidies a component: name (41 characters), 12 IDs (9), formula (21); `secondFormula` (21) gets
-  // the normal form where it must be told apart from the formula, and `formulaResult` is 2 then,
-  // else 1; it may be null. True when the component has an ID left and so is worth listing.
+  /// Tidies the texts of a component in place.
+  /// \param name           buffer of 41 characters; null is a failure
+  /// \param ids            12 buffers of 9 characters, of which the IDs worth listing move to the
+  ///                       front; null is a failure
+  /// \param idCount        receives the number of IDs that are left
+  /// \param formula        buffer of 21 characters; null is a failure
+  /// \param secondFormula  buffer of 21 characters, which receives the normal form where that
+  ///                       differs from a formula that stays as written: because of `keepFormula`,
+  ///                       or as it has no carbon and hydrogen; may be null
+  /// \param keepFormula    not 0: the formula is kept as written
+  /// \param formulaResult  receives 2 where there is a second formula, else 1
+  /// \param casNumber      the CAS number as one integer; set to 0 where it is not valid
+  /// \return true when the component has an ID left and so is worth listing
   virtual bool CleanRecord(char* name, char (*ids)[9], std::int32_t& idCount, char* formula,
                            char* secondFormula, std::uint8_t keepFormula,
                            std::int32_t& formulaResult, std::int32_t& casNumber) = 0;
+  /// Adds the row of a component.
+  /// \param name     name; null is the empty text
+  /// \param id       first character ID; null is the empty text
+  /// \param formula  formula; null is the empty text
+  /// \param cas      CAS number
+  /// \param nbp      normal boiling point, K
+  /// \param mw       molecular weight, kg/kg-mol
   virtual void AddRecord(char const* name, char const* id, char const* formula, casn cas,
                          double nbp, double mw) = 0;
-  // Further IDs, and a further formula, of the component added last.
+  /// Adds rows of further IDs of the component added last.
+  /// \param count  number of IDs
+  /// \param ids    the IDs; null adds none
   virtual void AddIds(std::int32_t count, char const (*ids)[9]) = 0;
+  /// Adds the row of a further ID of the component added last.
+  /// \param id  the ID; null is the empty text
   virtual void AddId(char const* id) = 0;
+  /// Adds the row of a further formula of the component added last; does nothing in the short form.
+  /// \param formula  the formula; null is the empty text
   virtual void AddFormula(char const* formula) = 0;
-  // Fills the list and its six orders.
+  /// Fills the list and its six orders.
   virtual void SortRecords() = 0;
-  // As BuildList writes it.
+  /// Writes the list file, as CompListBuild::BuildList does.
+  /// \param path  the file; one that is there is emptied and rewritten, also through a symbolic
+  ///              link; null and the empty path write none
+  /// \return false when the file cannot be written
   virtual bool WriteList(char const* path) = 0;
-  // The number of rows of the list, further IDs and formulas included.
+  /// Counts the rows of the list.
+  /// \return the number of rows, further IDs and formulas included
   virtual std::int32_t CountOrders() = 0;
-  // The line of a row, at most 999 characters. Throws std::out_of_range for a row past the end.
+  /// Copies the line of a row. Throws std::out_of_range for a row that is not there.
+  /// \param row   number of the row from 0
+  /// \param text  buffer of 1000 characters; null does nothing
   virtual void FormatRecord(std::int32_t row, char* text) = 0;
-  // Five columns instead of twelve; to be set before rows are added.
+  /// Sets the short form, to be set before rows are added.
+  /// \param on  five columns instead of twelve
   virtual void SetShortForm(bool on) = 0;
-  // Seconds for walking the library, sorting the rows and making the orders.
+  /// Reports how long the last build took.
+  /// \param total  receives the seconds for walking the library
+  /// \param sort   receives the seconds for sorting the rows
+  /// \param order  receives the seconds for making the orders
   virtual void GetTimes(double& total, double& sort, double& order) const = 0;
 
  protected:

@@ -1,12 +1,15 @@
-// Identity: whether records of a component from several sources are about the same substance.
-//
-// A number, an ID or a CAS number finds a component in each library by itself, and LibSearch merges
-// what it finds. Libraries of different origin can give one number or ID to different substances. A
-// host that merges compares first:
-//
-//   ZelIdentity one, other;
-//   if (GetComponentIdentity(a, one) && GetComponentIdentity(b, other) &&
-//       CompareIdentities(one, other) != identityAgrees) ...   // two substances
+/// \file
+/// Identity: whether records of a component from several sources are about the same substance.
+///
+/// A number, an ID or a CAS number finds a component in each library by itself, and LibSearch
+/// merges what it finds. Libraries of different origin can use one number or ID for different
+/// substances. A host that merges compares first:
+///
+///     ZelIdentity one, other;
+///     if (GetComponentIdentity(a, one) && GetComponentIdentity(b, other) &&
+///         CompareIdentities(one, other) != identityAgrees) ...   // two substances
+///
+/// These functions share nothing between threads; a component belongs to one thread at a time.
 #ifndef ZELACCESS_IDENTITY_H
 #define ZELACCESS_IDENTITY_H
 
@@ -18,33 +21,39 @@ namespace zel {
 
 class IZelPureComp;
 
-// What a source says about which substance a component is. 0 and an empty text: it does not say.
+/// What a source says about which substance a component is. 0 and an empty text: it does not say.
 struct ZelIdentity {
-  std::int32_t number = 0;     // component number
-  std::int32_t casNumber = 0;  // as one integer, the check digit last
-  char ids[12][9] = {};
-  char name[41] = {};
-  char formula[21] = {};
+  std::int32_t number = 0;     ///< Component number.
+  std::int32_t casNumber = 0;  ///< CAS number as one integer, the check digit last.
+  char ids[12][9] = {};        ///< Character IDs.
+  char name[41] = {};          ///< Name.
+  char formula[21] = {};       ///< Formula.
 };
 
-// What contradicts, as bits.
+/// What contradicts, as bits.
 enum zelIdentityConflicts : std::int32_t {
-  identityAgrees = 0,
-  identityCas = 1,     // both have a CAS number, and they differ
-  identityFormula = 2  // both have a formula, and they differ in composition
+  identityAgrees = 0,  ///< Nothing contradicts.
+  identityCas = 1,     ///< Both have a CAS number, and they differ.
+  identityFormula = 2  ///< Both have a formula, and they differ in composition.
 };
 
-// The identity of a component that was read, set or merged. False, with `identity` empty, for null.
+/// Reports the identity of a component that was read, set or merged.
+/// \param component  the component; null is a failure
+/// \param identity   receives the identity; empty on failure
+/// \return false for null
 ZEL_API bool GetComponentIdentity(IZelPureComp* component, ZelIdentity& identity);
 
-// Bits of zelIdentityConflicts; identityAgrees when nothing contradicts. Numbers, IDs and names are
-// labels of a source and are not compared.
+/// Compares what two sources say. Numbers, IDs and names are labels of a source and are not
+/// compared.
+/// \param one,other  the identities
+/// \return bits of zelIdentityConflicts; identityAgrees when nothing contradicts
 ZEL_API std::int32_t CompareIdentities(ZelIdentity const& one, ZelIdentity const& other);
 
-// True when two formulas have the same atoms, in whatever order they are written: C2H5OH is C2H6O,
-// and a hydrate has the atoms of its water. D is not H. Texts that are no formula, "mixture" and
-// "petro" among them, agree when they are equal but for the case of letters. An empty or null text
-// agrees with everything.
+/// Compares the atoms of two formulas, in whatever order they are written: C2H5OH is C2H6O, and a
+/// hydrate has the atoms of its water. D is not H. Texts that are not formulas, "mixture" and
+/// "petro" among them, agree when they are equal except for the case of letters.
+/// \param one,other  the formulas; an empty or null text agrees with everything
+/// \return true when they agree
 ZEL_API bool FormulasAgree(char const* one, char const* other);
 
 }  // namespace zel

@@ -1,5 +1,6 @@
-// Interchange: how closely an import looks at its documents, what it found in them, and what a
-// document holds. docs/interchange.md describes the form of documents.
+/// \file
+/// Interchange: how closely an import looks at its documents, what it found in them, and what a
+/// document holds. docs/interchange.md has the form of documents.
 #ifndef ZELACCESS_INTERCHANGE_H
 #define ZELACCESS_INTERCHANGE_H
 
@@ -9,83 +10,91 @@
 
 namespace zel {
 
-// How an import takes what does not fit. The numbers rise with the care.
-//
-// A malformed number is a text such as "61x37" or "6137,5", one that is out of range, or a value
-// that has no place. A lost part is an item, component, bank, text or `import` that a document has
-// and that did not get into the library. An altered text is one that the library cannot keep as it
-// is: too long, or with characters that its packed text does not have.
+/// What an import does with what does not fit. The numbers rise with the care.
+///
+/// A malformed number is a text such as "61x37" or "6137,5", one that is out of range, or a value
+/// that has no place. A lost part is an item, component, bank, text or `import` that a document has
+/// and that did not get into the library. An altered text is one that the library cannot keep as
+/// is: too long, or with characters that its packed text does not have.
 enum zelImportChecks : std::int32_t {
-  importUnchecked = 0,  // all three pass without a word; "61x37" is read as 61
-  importTold = 1,       // all three are warnings, and the same is stored
-  importChecked = 2,    // malformed numbers and lost parts are errors, altered texts warnings
-  importStrict = 3      // all three are errors
+  importUnchecked = 0,  ///< All three pass silently; "61x37" is read as 61.
+  importTold = 1,       ///< All three are warnings, and the same is stored.
+  importChecked = 2,    ///< Malformed numbers and lost parts are errors, altered texts warnings.
+  importStrict = 3      ///< All three are errors.
 };
 
-// What the last import found in its documents and what of it is in the library.
+/// What the last import found in its documents and what of it is in the library.
 struct ZelImportCounts {
-  std::int64_t documents = 0;  // read, one that was read twice counting twice
-  std::int64_t itemsFound = 0;
-  std::int64_t itemsStored = 0;
-  std::int64_t componentsFound = 0;
-  std::int64_t componentsStored = 0;
-  std::int64_t malformedNumbers = 0;  // 0 when unchecked
-  std::int64_t alteredTexts = 0;      // 0 when unchecked
-  std::int64_t errors = 0;
-  std::int64_t warnings = 0;
-  std::int64_t banksFound = 0;
-  std::int64_t banksStored = 0;
-  std::int64_t textsFound = 0;  // memos, descriptions and versions
-  std::int64_t textsStored = 0;
-  std::int64_t importsFound = 0;  // documents that others import
-  std::int64_t importsFollowed = 0;
+  std::int64_t documents = 0;         ///< Documents read; one that was read twice counts twice.
+  std::int64_t itemsFound = 0;        ///< Items in the documents.
+  std::int64_t itemsStored = 0;       ///< Items that are in the library.
+  std::int64_t componentsFound = 0;   ///< Components in the documents.
+  std::int64_t componentsStored = 0;  ///< Components that are in the library.
+  std::int64_t malformedNumbers = 0;  ///< Malformed numbers; 0 when unchecked.
+  std::int64_t alteredTexts = 0;      ///< Altered texts; 0 when unchecked.
+  std::int64_t errors = 0;            ///< Errors that were reported.
+  std::int64_t warnings = 0;          ///< Warnings that were reported.
+  std::int64_t banksFound = 0;        ///< Banks in the documents.
+  std::int64_t banksStored = 0;       ///< Banks that are in the library.
+  std::int64_t textsFound = 0;        ///< Memos, descriptions and versions in the documents.
+  std::int64_t textsStored = 0;       ///< Memos, descriptions and versions that are in the library.
+  std::int64_t importsFound = 0;      ///< Elements that import other documents.
+  std::int64_t importsFollowed = 0;   ///< Elements whose documents were read.
 };
 
-// What a line of a maintenance log is about.
+/// What a line of a maintenance log is about.
 enum zelLogKinds : std::int32_t {
-  logOther = 0,
-  logMalformedNumber = 1,
-  logAlteredText = 2,
-  logLostPart = 3
+  logOther = 0,            ///< Something else.
+  logMalformedNumber = 1,  ///< A malformed number (zelImportChecks).
+  logAlteredText = 2,      ///< An altered text.
+  logLostPart = 3          ///< A lost part.
 };
 
-// One error or warning of a maintenance log. Texts end with a null and are valid during the call
-// alone.
+/// One error or warning of a maintenance log. Texts are never null and valid during the call alone.
 struct ZelLogLine {
-  bool isError = false;
-  zelLogKinds kind = logOther;
-  char const* document = "";  // name of the file that is read, without its folder
-  std::int32_t line = 0;      // in that file; 0 when none is known
-  char const* message = "";   // with the label of the item in front
-  char const* before = "";    // the text in the document, of a malformed number or an altered text
-  char const* after = "";     // what the library keeps in its place, "" when nothing
+  bool isError = false;         ///< An error; false: a warning.
+  zelLogKinds kind = logOther;  ///< What the line is about.
+  char const* document = "";    ///< Name of the file that is read, without its folder.
+  std::int32_t line = 0;        ///< Line in that file; 0 when none is known.
+  char const* message = "";     ///< The message, with the label of the item in front.
+  char const* before = "";      ///< Text in the document, of a malformed number or an altered text.
+  char const* after = "";       ///< What the library keeps in its place, "" when nothing.
 };
 
-// Receives what else is written to standard output; see LibMaint_p::SetLogSink.
+/// What a host implements to receive what is otherwise written to standard output; see
+/// LibMaint_p::SetLogSink. It is called in the thread of the run.
 class ZEL_API ZelLogSink {
  public:
+  /// Receives an error or a warning.
+  /// \param line  valid during the call alone
   virtual void Line(ZelLogLine const& line) = 0;
-  // An import or export begins with a bank.
+  /// An import or export begins with a bank.
+  /// \param type  type keyword, never null, valid during the call alone
+  /// \param name  bank name, never null, valid during the call alone
   virtual void BankBegins(char const* type, char const* name) = 0;
 
  protected:
   ~ZelLogSink() = default;
 };
 
-// What one document holds, those that it imports not included.
+/// What one document holds, not including the documents that it imports.
 struct ZelDocumentContents {
-  bool readable = false;  // false: there is no such file, or it is not a document that an import
-                          // takes; all counts are 0 then
-  std::int32_t line = 0;  // where it is not; 0 when no line is to blame
-  char reason[200] = {};  // why not, "" when it is readable
-  std::int64_t banks = 0;
-  std::int64_t items = 0;
-  std::int64_t components = 0;
-  std::int64_t imports = 0;
+  /// False: there is no such file, or it is not a document that an import accepts; all counts are 0
+  /// then.
+  bool readable = false;
+  std::int32_t line = 0;        ///< Line at which it is not readable; 0 when no line is to blame.
+  char reason[200] = {};        ///< Why it is not readable; "" when it is.
+  std::int64_t banks = 0;       ///< Banks.
+  std::int64_t items = 0;       ///< Items.
+  std::int64_t components = 0;  ///< Components.
+  std::int64_t imports = 0;     ///< Elements that import other documents.
 };
 
-// Reads a document without a library. True when it is readable, so that an export can be tried
-// before anything relies on it. Throws std::bad_alloc.
+/// Reads a document without a library, so that an export can be tried before anything relies on it.
+/// Throws std::bad_alloc. May be called by several threads at the same time.
+/// \param path      path of the document; null is the empty path, which is not readable
+/// \param contents  receives what the document holds, or why it is not readable
+/// \return true when the document is readable
 ZEL_API bool ReadDocumentContents(char const* path, ZelDocumentContents& contents);
 
 }  // namespace zel

@@ -1,4 +1,5 @@
-// Key: names an item of a bank by up to three components, or by plain words.
+/// \file
+/// Key: names an item of a bank by up to three components, or by plain words.
 #ifndef ZELACCESS_KEY_H
 #define ZELACCESS_KEY_H
 
@@ -9,36 +10,50 @@
 
 namespace zel {
 
-// A key names the component or components that an item is about. Each component is given as a
-// component number (long), a character ID (text, upper-cased, at most 8 characters kept) or a CAS
-// number (casn). Which number an ID or CAS number stands for is found out when the key is used on
-// a library; a library that does not know it falls back on the name index (LibFile.h).
-//
-//   Key* key = Key::NewKey();
-//   key->SetKey("ETHANOL", "WATER");   // a pair, by character ID
-//   key->SetKey(10000044L);            // one component, by number
-//   Key::DelKey(key);                  // key is null now
-//
-// Notes. SetKey(0) is ambiguous between a number and a null text: write SetKey(0L). A null text
-// counts as the empty text. A number counts by its low 32 bits: SetKey(4294967297L) is SetKey(1L).
-// A bank whose items may be named by fewer components than its keys have widens a short key when
-// the key is used (a single component becomes the pair with itself), and the key keeps the wider
-// form. One key belongs to one thread.
-//
-// A key that is used again keeps old words. Key words that were never written are 0, and those that
-// a new SetKey does not reach stay as the last use left them, as do all when a resolution fails.
-// After SetKey(1L, 2L) and a use, SetKey(1L) on a bank of pairs that does not widen keys reads,
-// overwrites or deletes the item (1, 2). Make a new key for each item.
+/// A key names the component or components that an item is about. Each component is given as a
+/// component number (long), a character ID (text, converted to upper case, at most 8 characters
+/// kept) or a CAS number (casn). The number that an ID or CAS number means is looked up when the
+/// key is used on a library; for one that the library does not know, the name index is asked
+/// (LibFile.h).
+///
+///     Key* key = Key::NewKey();
+///     key->SetKey("ETHANOL", "WATER");   // a pair, by character ID
+///     key->SetKey(10000044L);            // one component, by number
+///     Key::DelKey(key);                  // key is null now
+///
+/// **Notes.** SetKey(0) is ambiguous between a number and a null text: write SetKey(0L). A null
+/// text counts as the empty text, which no library knows. A number counts by its low 32 bits:
+/// SetKey(4294967297L) is SetKey(1L). A bank whose items may be named by fewer components than its
+/// keys have widens a short key when the key is used (a single component becomes the pair with
+/// itself), and the key keeps the wider form.
+///
+/// **A key that is used again keeps old words.** Key words that were never written are 0, and those
+/// that a new SetKey does not reach stay as the last use left them, as do all when a resolution
+/// fails. After SetKey(1L, 2L) and a use, SetKey(1L) on a bank of pairs that does not widen keys
+/// reads, overwrites or deletes the item (1, 2). Make a new key for each item.
+///
+/// **Threads.** One key belongs to one thread.
 class ZEL_API Key {
  public:
+  /// Makes an empty key. Throws std::bad_alloc.
+  /// \return the key, which the caller ends with DelKey; never null
   static Key* NewKey();
-  // Ends the key and nulls the handle; does nothing on null.
+  /// Ends the key and nulls the handle.
+  /// \param key  the handle; null does nothing
   static void DelKey(Key*& key);
 
-  Key(Key const&) {}                            // copies no data: keys are handles
-  Key& operator=(Key const&) { return *this; }  // copies nothing
+  /// Copies no data: keys are handles.
+  Key(Key const&) {}
+  /// Copies nothing.
+  /// \return this object
+  Key& operator=(Key const&) { return *this; }
 
-  // Each overload replaces the key by the components given.
+  /// \name Three components
+  ///@{
+
+  /// Replaces the key by three components.
+  /// \param first,second,third  each a CAS number, a character ID or a component number; a null
+  ///                            text is the empty text
   virtual void SetKey(casn const& first, casn const& second, casn const& third) = 0;
   virtual void SetKey(casn const& first, casn const& second, char const* third) = 0;
   virtual void SetKey(casn const& first, casn const& second, long third) = 0;
@@ -66,6 +81,13 @@ class ZEL_API Key {
   virtual void SetKey(long first, long second, casn const& third) = 0;
   virtual void SetKey(long first, long second, char const* third) = 0;
 
+  ///@}
+  /// \name Two components
+  ///@{
+
+  /// Replaces the key by two components.
+  /// \param first,second  each a CAS number, a character ID or a component number; a null text is
+  ///                      the empty text
   virtual void SetKey(casn const& first, casn const& second) = 0;
   virtual void SetKey(casn const& first, char const* second) = 0;
   virtual void SetKey(casn const& first, long second) = 0;
@@ -75,19 +97,36 @@ class ZEL_API Key {
   virtual void SetKey(long first, casn const& second) = 0;
   virtual void SetKey(long first, char const* second) = 0;
 
+  ///@}
+  /// \name One component
+  ///@{
+
+  /// Replaces the key by one component.
+  /// \param first  a CAS number or a character ID; a null text is the empty text
   virtual void SetKey(casn const& first) = 0;
   virtual void SetKey(char const* first) = 0;
 
+  ///@}
+
+  /// Replaces the key by three component numbers.
+  /// \param first,second,third  the numbers, of which the low 32 bits count
   virtual void SetKey(long first, long second, long third) = 0;
+  /// Replaces the key by two component numbers.
+  /// \param first,second  the numbers, of which the low 32 bits count
   virtual void SetKey(long first, long second) = 0;
+  /// Replaces the key by one component number.
+  /// \param first  the number, of which the low 32 bits count
   virtual void SetKey(long first) = 0;
 
-  // Empties the key.
+  /// Empties the key.
   virtual void ClearKey() = 0;
-  // Sets the key's words directly (plain numbers, or text already packed): at most 10 are kept. A
-  // count below 1, and null words, empty the key.
+  /// Sets the key's words directly: plain numbers, or text already packed.
+  /// \param count  number of words, of which at most 10 are kept; below 1 empties the key
+  /// \param words  the words; null empties the key
   virtual void SetKeyWords(long count, std::int32_t const* words) = 0;
-  // Packs a text, 4 characters a word, and sets its first `count` words directly.
+  /// Packs a text, 4 characters a word, and sets its first words directly.
+  /// \param count  number of words, of which at most 10 are kept; below 1 empties the key
+  /// \param text   the text, filled up with blanks; null is the empty text
   virtual void SetKeyText(long count, char const* text) = 0;
 
  protected:

@@ -1,4 +1,5 @@
-// LibMaint_p: settings and reports of maintenance beyond LibMaint.
+/// \file
+/// LibMaint_p: settings and reports of maintenance beyond LibMaint.
 #ifndef ZELACCESS_LIBMAINT_P_H
 #define ZELACCESS_LIBMAINT_P_H
 
@@ -9,36 +10,62 @@
 
 namespace zel {
 
+/// The wider layer of maintenance: every LibMaint is one of these, and dynamic_cast leads here.
+/// Threads as in LibMaint; the settings are those of one object.
 class ZEL_API LibMaint_p : public LibMaint {
  public:
+  /// Ends the object and nulls the handle. The library stays open.
+  /// \param maint  the handle; null does nothing
   static void DelLibMaint(LibMaint_p*& maint);
 
+  /// Copies no data: these are handles.
   LibMaint_p(LibMaint_p const&) : LibMaint() {}
+  /// Copies nothing.
+  /// \return this object
   LibMaint_p& operator=(LibMaint_p const&) { return *this; }
 
-  // 0 silent: the first error stops a run. 1 and 2 write log lines to standard output and go on.
+  /// Sets how errors of imports and exports are reported.
+  /// \param level  0, as at first, is silent: the first error stops a run; 1 and 2 write log lines
+  ///               to standard output and go on, 2 with bank types aligned
   virtual void SetLogLevel(std::int32_t level) = 0;
-  // Switches of the export; they start as on, off, off, on.
+  /// Sets whether exports write the record format of a bank.
+  /// \param on  on at first
   virtual void SetWriteFormat(bool on) = 0;
+  /// Sets whether exports add a block for a maintenance log.
+  /// \param on  off at first
   virtual void SetWriteBanner(bool on) = 0;
+  /// Sets whether exports add a notice of the owners of the data.
+  /// \param on  off at first
   virtual void SetWriteNotice(bool on) = 0;
+  /// Sets whether exports of pure component banks write each component to a file of its own.
+  /// \param on  on at first
   virtual void SetComponentFiles(bool on) = 0;
-  // Writes a report of the structure of a bank's item tree to the host's stream. With `expected` of
-  // 0 or more gives whether the tree has so many entries; the report says "passed" in any case.
-  // False without output when the bank is not there.
+  /// Writes a report of the structure of a bank's item tree to the host's stream. The report says
+  /// "passed" in any case.
+  /// \param type      type keyword; null is the empty text
+  /// \param name      bank name; null is the empty text
+  /// \param indent    blanks before each line
+  /// \param stream    stays the host's and open; null is a failure
+  /// \param expected  number of entries that the tree should have; below 0 any number
+  /// \return whether the tree has as many entries as expected; false without output when the bank
+  ///         is not there
   virtual bool DumpBankTree(char const* type, char const* name, std::int32_t indent,
                             std::FILE* stream, std::int32_t expected) = 0;
-  // How closely imports look at their documents; it starts as importUnchecked. Errors and warnings
-  // name the line of the document, e.g. `line 12: <aij> "61x37" is not a number`. What a malformed
-  // number stands in is not stored when it is an error: the item, or the property, correlation or
-  // structure of a component. A document that is not well formed is reported with its line and why.
+  /// Sets how closely imports look at their documents.
+  ///
+  /// Errors and warnings name the line of the document, e.g. `line 12: <aij> "61x37" is not a
+  /// number`. What contains a malformed number is not stored when it is an error: the item, or the
+  /// property, correlation or structure of a component. A document that is not well formed is
+  /// reported with its line and why.
+  /// \param checks  importUnchecked at first
   virtual void SetImportChecks(zelImportChecks checks) = 0;
-  // Of the last import; all 0 before the first.
+  /// Reports what the last import found and stored.
+  /// \param counts  receives the counts; all 0 before the first import
   virtual void GetImportCounts(ZelImportCounts& counts) = 0;
-  // The sink gets the lines of the log that levels 1 and 2 write to standard output otherwise;
-  // whether a run goes on after an error is a matter of the level. Null, as at first, for standard
-  // output. Not owned; it must outlive the runs. What it throws ends the run and reaches the
-  // caller.
+  /// Sets a sink for the lines of the log that levels 1 and 2 otherwise write to standard output.
+  /// Whether a run goes on after an error depends on the level. What the sink throws ends the run
+  /// and reaches the caller.
+  /// \param sink  not owned, must outlive the runs; null, as at first, for standard output
   virtual void SetLogSink(ZelLogSink* sink) = 0;
 
  protected:

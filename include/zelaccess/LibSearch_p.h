@@ -1,4 +1,5 @@
-// LibSearch_p: the wider layer of LibSearch.
+/// \file
+/// LibSearch_p: the wider layer of LibSearch.
 #ifndef ZELACCESS_LIBSEARCH_P_H
 #define ZELACCESS_LIBSEARCH_P_H
 
@@ -6,14 +7,22 @@
 
 namespace zel {
 
+/// The wider layer of a search: every LibSearch is one of these, and dynamic_cast leads here.
+/// Threads as in LibSearch.
 class ZEL_API LibSearch_p : public LibSearch {
  public:
+  /// Ends the search and nulls the handle.
+  /// \param search  the handle; null does nothing
   static void DelLibSearch(LibSearch_p*& search);
 
+  /// Copies no data: these are handles.
   LibSearch_p(LibSearch_p const&) : LibSearch() {}
+  /// Copies nothing.
+  /// \return this object
   LibSearch_p& operator=(LibSearch_p const&) { return *this; }
 
-  virtual void ReservedSearch() = 0;  // does nothing
+  /// Reserved; does nothing.
+  virtual void ReservedSearch() = 0;
 
  protected:
   LibSearch_p() = default;

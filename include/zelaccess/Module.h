@@ -1,4 +1,5 @@
-// The module as a whole.
+/// \file
+/// The module as a whole.
 #ifndef ZELACCESS_MODULE_H
 #define ZELACCESS_MODULE_H
 
@@ -6,17 +7,21 @@
 
 namespace zel {
 
-// Starts what needs starting: the unit factors and the unit system. A host calls it once before
-// anything that reads or converts units; nothing in the library calls it. Further calls do nothing,
-// and threads that call it at the same time all return when it is done. It has no result: when the
-// unit table cannot be found or loaded, it writes one line to standard output and ends the process
-// with exit status 1. While it runs it has a file in the folder for temporary files ($TMPDIR, else
-// /tmp), without a name where the system has such files.
+/// Starts what needs starting: the unit factors and the unit system. A host calls it once before
+/// anything that reads or converts units; nothing in the library calls it.
+///
+/// Further calls do nothing, and threads that call it at the same time all return when it is done.
+/// It has no result: when the unit table cannot be found or loaded, it writes one line to standard
+/// output and ends the process with exit status 1. While it runs it has a file in the folder for
+/// temporary files ($TMPDIR, else /tmp), without a name where the system has such files.
 ZEL_API void InitZelAccess();
 
-// While on, every tree head that is made gets a node capacity of 4 entries instead of what a node
-// has room for, so that small data make deep trees. For tests of hosts and of this library. Heads
-// on file keep their capacity. Off at load. One flag for all threads.
+/// Makes small data grow deep trees, for tests of hosts and of this library.
+///
+/// While the flag is on, every tree head that is made gets a node capacity of 4 entries instead of
+/// what a node has room for. Heads on file keep their capacity. There is one flag for all threads;
+/// any thread may set it at any time.
+/// \param on  whether the flag is on; it is off at load
 ZEL_API void SetDeleteTestFlag(bool on);
 
 }  // namespace zel

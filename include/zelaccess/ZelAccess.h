@@ -1,5 +1,9 @@
-// What a host includes: all public headers but those whose name ends in _p, which are for drivers
-// of banks.
+/// \file
+/// What a host includes: the public headers, except those whose name ends in _p, which are for
+/// drivers of banks, and the tools of Verify.h, Identity.h and Interchange.h.
+
+/// \namespace zel
+/// The public interface of ZelAccess.
 #ifndef ZELACCESS_ZELACCESS_H
 #define ZELACCESS_ZELACCESS_H
 

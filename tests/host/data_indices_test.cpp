@@ -15,10 +15,10 @@ struct Line {
   std::string keyword, unit, meaning;
 };
 
-// Enumerators of the form `PREFIXname = n,  // KEYWORD, unit: meaning` by n.
+// Enumerators of the form `PREFIXname = n,  ///< KEYWORD, unit: meaning` by n.
 std::map<std::uint32_t, Line> LinesOf(std::string const& prefix) {
   std::ifstream header(ZEL_HEADERS "/PureComp.h");
-  std::regex const form("  " + prefix + R"((\w+) = (\d+),? +// (\w+), ([^:]+): (.+))");
+  std::regex const form("  " + prefix + R"((\w+) = (\d+),? +///< (\w+), ([^:]+): (.+))");
   std::map<std::uint32_t, Line> lines;
   for (std::string text; std::getline(header, text);) {
     std::smatch found;
