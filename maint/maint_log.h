@@ -23,7 +23,8 @@ struct LogDetail {
 
 class MaintLog {
  public:
-  // 0 silent, and the first error ends a run; otherwise lines are written and a run goes on.
+  // At level 0 the log is silent and the first error ends a run; otherwise lines are written and
+  // the run continues.
   void SetLevel(std::int32_t level) noexcept { level_ = level; }
   void SetSink(ZelLogSink* sink) noexcept { sink_ = sink; }
   bool IsSilent() const noexcept { return level_ == 0; }
@@ -35,15 +36,15 @@ class MaintLog {
   // A line that says that a bank begins; nothing when silent.
   void ShowBankProgress(std::string_view type, std::string_view name) const;
 
-  // Names the item that later reports are about.
+  // Sets the label of the item to which later reports refer.
   void SetItemLabel(std::string_view label) { itemLabel_ = label; }
   // The reason of a failed step, for the next error without a message.
   void SetPendingText(std::string_view reason) { pendingText_ = reason; }
   std::string const& PendingText() const noexcept { return pendingText_; }
 
-  // Flag, counts and texts, at the start of a run.
+  // Clears the flag, counts and texts, at the start of a run.
   void ClearLog() noexcept;
-  // The texts alone, at the start of each bank and item.
+  // Clears only the texts, at the start of each bank and item.
   void ClearTexts() noexcept;
 
   bool HasErrors() const noexcept { return errorFlag_; }
