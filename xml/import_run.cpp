@@ -17,7 +17,7 @@ ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadD
     if (texts.On()) message.append(": ").append(why);
     return Opened::kFailed;
   };
-  // A document that is open already would come back for ever.
+  // A document that is already open would be read again without end.
   if (std::find(openPaths.begin(), openPaths.end(), path) != openPaths.end()) {
     return fail("it imports itself");
   }
@@ -62,7 +62,7 @@ std::string ImportRun::Memo(XmlNode node) {
   return memo;
 }
 
-// An import that has ended at its first error has left out all the rest, and said so.
+// An import that ended at its first error has left out all the rest; this needs no further report.
 bool ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   auto const at = std::find(unsettled.begin(), unsettled.end(), document);
   if (at == unsettled.end()) return true;
