@@ -135,8 +135,8 @@ TEST_F(ItemsTest, WriteToABankOfAnotherShapeChangesNothing) {
   EXPECT_TRUE(Read(1, 2));
 }
 
-// The record length matches, but an entry has no room for the record: its data are one word,
-// although the head says that the entry holds the data, or some words too few.
+// The record length matches, but an entry has no room for the record: it holds one word, since the
+// head says that the data are in other blocks, or it is some words too short.
 TEST_F(ItemsTest, RecordsLongerThanTheirEntriesAreNotRead) {
   ASSERT_TRUE(Write(1, 2, 3, 4));
   for (std::int32_t entryWords : {3, 15}) {
