@@ -12,7 +12,7 @@ function(run)
   endif()
 endfunction()
 
-# Builds the parent with further settings and installs it.
+# Builds the parent with additional settings and installs it.
 function(install_parent prefix)
   run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/parent -B ${WORK_DIR}/build
       -D ZELACCESS_SOURCE=${SOURCE_DIR}/../.. -D CMAKE_CXX_COMPILER=${COMPILER} -D VERSION=${VERSION}
