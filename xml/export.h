@@ -19,7 +19,7 @@ struct ExportSwitches {
   bool writeFormat;     // write the format of a bank; if false, banks of later formats are left out
   bool writeBanner;     // a block for a maintenance log in the header
   bool writeNotice;     // a notice of rights in the header
-  bool componentFiles;  // components of a bank in files of their own, behind `import` tags
+  bool componentFiles;  // components of a bank in files of their own, named by `import` tags
 };
 
 class Export_i {
