@@ -174,9 +174,9 @@ bool LibSearch_i::Search(Key* key, IZelBankDef* bank, bool allBanks) {
   if (inner == nullptr) return false;
   inner->ClearCache();
   BlockInfo const info(io.Get());
-  // Only components merge.
+  // Only components are merged.
   bool const mergeAll = allBanks && SameText(info.type, kPureComponentType);
-  // Can never fire, since minKeyWords is never above keyWords.
+  // Never true, since minKeyWords is never above keyWords.
   std::int32_t const count = inner->GetCompCount();
   if (count > info.keyWords && count < info.minKeyWords) return false;
   if (preparedType_ != info.type) DropEntries();

@@ -16,7 +16,7 @@ namespace f = format;
 
 namespace {
 
-// The banks of a reference library that are asked, in this order.
+// The banks of a reference library that are searched, in this order.
 constexpr char const* kReferenceBanks[] = {"ORDWIN", "PLANTIX"};
 
 // Enters a key that was just searched for and not found: the tree is at the place where it belongs.

@@ -143,7 +143,7 @@ void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
     bank_.Tree().WriteCurrentNode();
   } catch (...) {
     library_->Store().Extents() = before;
-    bank_.Tree().Delete(key);  // from a leaf, where new entries are: the root stays
+    bank_.Tree().Delete(key);  // from a leaf, where new entries are put: the root does not change
     throw;
   }
   EnterIdentifiers(bank);

@@ -1,8 +1,8 @@
-// What a maintenance run reports: errors and warnings, counted always and written to standard
+// The errors and warnings of a maintenance run, which are always counted, and written to standard
 // output unless the log is silent.
 //
-// A host's sink takes the place of standard output. A line reads `*** file : error : label -
-// message`, with the file on top of the documents being read and the label of the item at hand.
+// A host's sink replaces standard output. A line reads `*** file : error : label - message`, where
+// the file is the document on top of those being read and the label is that of the current item.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +13,10 @@
 
 namespace zel {
 
-// What a report is about, for a host's sink.
+// Details of a report, for a host's sink.
 struct LogDetail {
   zelLogKinds kind = logOther;
-  std::int32_t line = 0;  // of the document; 0 when none is known
+  std::int32_t line = 0;  // of the document; 0 if it is not known
   std::string before;
   std::string after;
 };
@@ -29,11 +29,11 @@ class MaintLog {
   void SetSink(ZelLogSink* sink) noexcept { sink_ = sink; }
   bool IsSilent() const noexcept { return level_ == 0; }
 
-  // An error; an empty message takes the pending text in its place, which is used up either way.
-  // Gives the verdict: true when the run may go on.
+  // Reports an error. An empty message is replaced by the pending text, which is cleared in any
+  // case. Returns true if the run may continue.
   bool ReportError(std::string_view message, LogDetail const& detail = {});
   void ReportWarning(std::string_view message, LogDetail const& detail = {});
-  // A line that says that a bank begins; nothing when silent.
+  // Writes a line when a bank begins; does nothing when silent.
   void ShowBankProgress(std::string_view type, std::string_view name) const;
 
   // Sets the label of the item to which later reports refer.

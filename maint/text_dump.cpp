@@ -127,7 +127,7 @@ void WriteComponentIndex(LibFile* library, char const* bank, std::string const& 
     if (component && walk.BeginItemWalk(kPureComponentType, bank)) {
       while (walk.NextItem(key, record.Get())) PutComponent(file, component.Get());
     }
-  } catch (unsigned long const address) {  // the tree: what comes behind it is lost
+  } catch (unsigned long const address) {  // in the tree: the rest of it is lost
     if (!walk.TellUnread(std::string(kPureComponentType) + ":" + bank, address)) throw;
   }
   Close(file, library, path);

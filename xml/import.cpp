@@ -166,7 +166,7 @@ bool Import_i::WalkBank(XmlNode bank) {
   if (run_.texts.Refused()) return run_.texts.Verdict();
   DocumentLedger::Arrived(bank);
   run_.log.ShowBankProgress(attributes.type, attributes.name);
-  // Only the type in upper case goes by the form of components.
+  // Only the type in upper case is read as a bank of components.
   if (attributes.type == kPureComponentType) {
     return ComponentImport(run_, attributes.name).WalkBank(bank);
   }

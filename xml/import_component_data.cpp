@@ -53,7 +53,7 @@ constexpr CorrelationNames NamesOfPass(bool first) {
 constexpr CorrelationNames kFirstPass = NamesOfPass(true);
 constexpr CorrelationNames kSecondPass = NamesOfPass(false);
 
-// Rows that only end a part of the table have no name, and a name is never empty here.
+// Rows that only mark the end of a part of the table have no name; `name` is never empty here.
 PropertyRow const* FindProperty(std::string_view name) {
   auto const row = std::find_if(std::begin(kPropertyRows), std::end(kPropertyRows),
                                 [&](PropertyRow const& r) { return SameText(r.keyword, name); });

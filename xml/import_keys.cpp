@@ -22,8 +22,8 @@ bool IsComponentNumber(std::string_view token) {
          std::all_of(token.begin(), token.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// A token of at most kMostName characters: a component number, a CAS number where it is one,
-// and otherwise a character ID.
+// Decodes a token of at most kMostName characters: a component number, a CAS number if it has that
+// form, and otherwise a character ID.
 Key_i::Part PartOf(std::string_view token) {
   Key_i::Part part;
   CopyText(token, part.id, sizeof part.id);
@@ -65,7 +65,8 @@ std::int32_t ItemImport::ReadComponents(std::string_view text) {
   std::string_view token;
   while (tokens.Next(token)) {
     if (token.size() > kMostName) {
-      // The verdict stands in for the count, and the key stays that of the item before.
+      // Returns whether the import may continue as the count; the key remains that of the previous
+      // item.
       std::string message =
           "Ordwin Id or Libary Number is exceeding more than 8 digits for the item ";
       return Report(message.append(token)) ? 1 : 0;

@@ -35,8 +35,8 @@ constexpr std::string_view kPlurals[DocumentLedger::kKinds] = {"banks", "items",
 struct Group {
   std::int64_t found = 0;
   std::int64_t missing = 0;
-  std::int32_t firstLine = 0;  // of those that are missing
-  std::string lines;           // of the first ones of them
+  std::int32_t firstLine = 0;  // of the missing ones
+  std::string lines;           // of the first missing ones
 
   void Add(bool arrived, std::int32_t line) {
     constexpr std::int64_t kMostLines = 8;

@@ -1,9 +1,9 @@
 // What the documents of an import hold, and what of it was stored in the library.
 //
 // Each document is entered before it is walked, by its own structure and not by the walk, which
-// does not reach all of it: a component without an identity ends its bank, and of a document that
-// an included one includes nothing is read after the tag. What is walked reports its arrival; what
-// did not arrive is reported when the document is done with.
+// does not reach all of it: a component without an identity ends its bank, and when an included
+// document includes another one, nothing is read after that tag. The walk marks what has arrived in
+// the library; what has not is reported when the document is finished.
 #pragma once
 
 #include <cstdint>
@@ -29,10 +29,10 @@ class DocumentLedger {
 
   std::int64_t Found(Kind kind) const noexcept { return found_[kind]; }
   std::int64_t Stored(Kind kind) const noexcept;
-  // Children of one kind of one element of which some did not arrive.
+  // The children of one kind of one element, some of which did not arrive.
   struct Difference {
     std::string text;
-    std::int32_t line;  // of the first of them
+    std::int32_t line;  // of the first missing one
   };
   std::vector<Difference> Differences() const;
 

@@ -8,7 +8,8 @@
 
 namespace zel {
 
-// Without checks only the reasons of bounds are reported; all else stays as hosts know it.
+// Without checks, a reason is added to a message only if a bound was exceeded; all other messages
+// are those that hosts know.
 ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadDocument>& document,
                                   std::string& message) {
   std::string const title = " XML document \"" + path + "\"";
@@ -83,7 +84,7 @@ bool ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   for (DocumentLedger::Difference const& difference : ledger.Differences()) {
     log.SetItemLabel("");
     LogDetail const detail = {logLostPart, difference.line, {}, {}};
-    // What an error has reported before is not one more.
+    // After an error, a missing part is not reported as another error.
     if (!texts.Refuses() || log.HasErrors()) {
       log.ReportWarning(difference.text, detail);
     } else if (!log.ReportError(difference.text, detail)) {

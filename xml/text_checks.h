@@ -27,7 +27,7 @@ class TextChecks {
   // the import may continue.
   bool Refused() const noexcept { return refused_; }
   bool Verdict() const noexcept { return verdict_; }
-  // True when such an error has ended the import.
+  // True if such an error ends the import.
   bool Ended() const noexcept { return refused_ && !verdict_; }
 
   // Return the value of a text, read leniently. `at` is the element that has the text, as its own
@@ -56,7 +56,7 @@ class TextChecks {
   std::int64_t AlteredCount() const noexcept { return altered_; }
 
  private:
-  // `text` is what is malformed, `kept` what is stored for it where that is a warning.
+  // `text` is the malformed text, `kept` what is stored for it if this is only a warning.
   void Malformed(XmlNode at, std::string_view attribute, std::string_view words,
                  std::string_view text = {}, std::string kept = {});
   void Say(bool isError, XmlNode at, std::string_view attribute, std::string_view words,

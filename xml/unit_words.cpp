@@ -40,7 +40,7 @@ constexpr Mending kMendingRows[UnitWords::kMendings] = {
     {"surf", "Surface tension", "d/cm", "", "dyne/cm"},
 };
 
-// An entropy with its temperature at the end gets it in front: "j/kg-k" becomes "j/k-kg".
+// Moves the temperature of an entropy unit from the end to the front: "j/kg-k" becomes "j/k-kg".
 std::string TemperatureInFront(std::string const& word) {
   constexpr std::size_t kLeast = 5;
   std::size_t const slash = word.find('/');

@@ -1,4 +1,4 @@
-// What surprises a host, as the headers say.
+// Behaviour that can surprise a host, as the headers describe it.
 #include <zelaccess/ZelAccess.h>
 
 #include <csignal>
@@ -98,8 +98,8 @@ TEST_F(TrapsTest, NumberBeyond32BitsWraps) {
   EXPECT_TRUE(maint->ReadItem(vanLaar_.get(), "MINE", beyond.get()));
 }
 
-// As LibMaint.h tells: CreateBank refuses a name of nine characters, DeleteBank cuts it.
-// Exports, lists and new libraries go where a link in their place leads; a text dump replaces it.
+// As LibMaint.h says: CreateBank refuses a name of nine characters, DeleteBank cuts it. Exports,
+// lists and new libraries follow a link in their place; a text dump replaces it.
 TEST_F(TrapsTest, WrittenFilesFollowSymbolicLinks) {
   auto library = NewLibrary("own.lb1");
   zel::Handle<zel::LibMaint> maint(zel::LibMaint::NewLibMaint(library.get()));

@@ -1,4 +1,4 @@
-# Fails when check_includes.cmake lets an upward include pass: small trees with one defect each.
+# Fails if check_includes.cmake does not find an upward include: small trees with one defect each.
 #   cmake -D WORK_DIR=<scratch folder> -D CHECK=<check_includes.cmake>
 #         -D LAYERS=<CMakeLists.txt> -P check_the_check.cmake
 cmake_minimum_required(VERSION 3.20)
