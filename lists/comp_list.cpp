@@ -12,7 +12,7 @@ namespace zel {
 
 namespace {
 
-// What all lists of the process share.
+// The settings that all lists of the process share.
 struct Settings {
   std::int32_t sort = sortByName;
   std::int32_t descending = 0;
@@ -21,7 +21,7 @@ struct Settings {
   double maximum = gen_GetUndefDouble();
 };
 
-// Lives as long as the process: a host's global list ends after what ends by itself.
+// Never destroyed, since a host's global list may be destroyed after other global objects.
 struct GuardedSettings {
   std::mutex busy;
   Settings settings;
@@ -31,7 +31,7 @@ GuardedSettings& Guarded() {
   return settings;
 }
 
-// The settings, for as long as this object lives in this thread's hands alone.
+// Access to the settings; no other thread has access while this object exists.
 class Shared {
  public:
   Shared() : lock_(Guarded().busy) {}
@@ -41,13 +41,13 @@ class Shared {
   std::lock_guard<std::mutex> lock_;
 };
 
-// An undefined value is taken as the number it is.
+// An undefined value is compared as the number that represents it.
 bool InRange(double value, Settings const& settings) noexcept {
   if (!gen_IsUndefDouble(settings.minimum) && settings.minimum > value) return false;
   return gen_IsUndefDouble(settings.maximum) || !(value > settings.maximum);
 }
 
-// By the field that is sorted by.
+// Tests the field by which the list is sorted.
 bool Passes(ListEntry const& row, Settings const& settings) {
   switch (settings.sort) {
     case sortByName: return MatchesListFilter(row.name, settings.filter);
@@ -114,7 +114,7 @@ void CompList_i::SetFilter(char const* pattern) {
   Rewind();
 }
 
-// The text is this list's copy: another thread may change the filter while it is read.
+// Returns this list's own copy, since another thread may change the filter while it is read.
 char const* CompList_i::GetFilter() const {
   Shared const shared;
   if (shownFilter_ != shared->filter) shownFilter_ = shared->filter;
@@ -136,7 +136,7 @@ void CompList_i::GetRange(double& minimum, double& maximum) const {
   maximum = shared->maximum;
 }
 
-// Null at the end. Numbers that point at no row, as a damaged file can have them, are passed over.
+// Null at the end. Numbers that do not refer to a row, as in a damaged file, are skipped.
 ListEntry const* CompList_i::Next() {
   Shared const shared;
   Settings const& settings = *shared.operator->();

@@ -1,4 +1,4 @@
-// CompList_i: the rows of a list and six orders of them.
+// CompList_i: the rows of a list and their six sort orders.
 #pragma once
 
 #include <array>
@@ -50,7 +50,7 @@ class CompList_i final : public CompList {
   std::vector<ListEntry> entries_;
   std::array<Order, kOrders> orders_;
   std::size_t cursor_ = 0;           // positions already walked
-  mutable std::string shownFilter_;  // what GetFilter gave
+  mutable std::string shownFilter_;  // what GetFilter returned
   std::unique_ptr<CompListBuild_i> builder_;
 };
 

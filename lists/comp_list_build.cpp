@@ -20,7 +20,7 @@ constexpr int kIds = ComponentIdentity::kIds;
 constexpr std::size_t kIdSize = ComponentIdentity::kIdSize;
 constexpr std::size_t kLongestFormatted = 1000;
 
-// IDs with a zero where the letter was meant.
+// IDs with a zero where the letter O was meant.
 constexpr std::string_view kMistakenIds[] = {"H20", "C02", "C0", "OLD-DOP"};
 constexpr std::size_t kLeastNumberDigits = 7;
 
@@ -37,7 +37,7 @@ double SecondsSince(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-// A number that is none has no place in an order.
+// An undefined number is not in an order.
 bool IsListed(double value) { return value > gen_GetUndefDouble(); }
 
 }  // namespace
@@ -54,7 +54,7 @@ bool CompListBuild_i::BuildList(LibFile* library, char const* bankName, char con
   return WriteList(path);
 }
 
-// Values of a protected library are hidden by one that counts as undefined.
+// Values of a protected library are replaced by one that counts as undefined.
 void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
   double const hidden = gen_GetUndefDouble() * 3.0;
   Held<IZelBankDef> const bank(NewPureComp());
@@ -84,7 +84,7 @@ void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
 
 // --- rows ----------------------------------------------------------------------------------------
 
-// Rows of IDs behind those that are kept stay as they were.
+// Rows of `ids` after those that are kept are left unchanged.
 bool CompListBuild_i::CleanRecord(char* name, char (*ids)[9], std::int32_t& idCount, char* formula,
                                   char* secondFormula, std::uint8_t keepFormula,
                                   std::int32_t& formulaResult, std::int32_t& casNumber) {
@@ -140,7 +140,7 @@ void CompListBuild_i::AddId(char const* id) {
   record_.id = own;
 }
 
-// Stands right behind the row added last.
+// The row comes directly after the one added last.
 void CompListBuild_i::AddFormula(char const* formula) {
   if (shortForm_) return;
   std::string const own = record_.formula;
@@ -163,7 +163,7 @@ void CompListBuild_i::MakeTextOrder(compListSorts sort, Takes const& takes, Key 
     rows[i].sortKey = key(rows[i]);
     order.push_back(static_cast<std::int32_t>(i));
   }
-  // Row numbers are positions, so a stable sort leaves the lower one first.
+  // Row numbers are positions, so a stable sort puts the lower one first.
   std::stable_sort(order.begin(), order.end(), [&](std::int32_t a, std::int32_t b) {
     return rows[static_cast<std::size_t>(a)].sortKey < rows[static_cast<std::size_t>(b)].sortKey;
   });
@@ -221,7 +221,7 @@ bool CompListBuild_i::WriteList(char const* path) {
   return target.empty() || WriteListFile(target, list_, shortForm_);
 }
 
-// The lengths of the orders are theirs to tell.
+// Returns the number of rows; each order has its own length.
 std::int32_t CompListBuild_i::CountOrders() {
   return static_cast<std::int32_t>(list_.Entries().size());
 }

@@ -1,4 +1,4 @@
-// CompListBuild_i: rows collected from a library, sorted into the list they belong to.
+// CompListBuild_i: collects rows from a library and sorts them into a list.
 #pragma once
 
 #include <string>

@@ -12,7 +12,7 @@ namespace {
 
 std::size_t Count(long count) noexcept { return static_cast<std::size_t>(std::max(count, 0L)); }
 
-// A row of nine letters has no end: nothing behind the eighth is looked at.
+// A name of nine letters has no terminator in its array: nothing after the eighth is read.
 std::string CutName(char const* name) {
   std::size_t length = 0;
   while (name != nullptr && length < kMostName && name[length] != '\0') ++length;
@@ -43,7 +43,7 @@ void LibSearch_i::DropEntries() noexcept {
   prepared_ = false;
 }
 
-// Libraries and names that came as pairs go together.
+// Libraries and names that were set as pairs are dropped together.
 void LibSearch_i::DropPairs() noexcept {
   if (pairsSet_) DropAll();
 }
@@ -104,7 +104,7 @@ void LibSearch_i::SetLibraryBanks(long count, LibFile* const* libraries, char co
 
 // --- located banks -------------------------------------------------------------------------------
 
-// Keeps the bank when its key length and record length are those of the bank given.
+// Keeps the bank if its key length and record length match those of the given bank.
 bool LibSearch_i::AddEntry(IZelBankIO* bank, BlockInfo const& info, LibFile* library,
                            std::string const& bankName, std::int32_t pairIndex) {
   auto* file = dynamic_cast<LibFile_i*>(library);
@@ -121,7 +121,7 @@ bool LibSearch_i::AddEntry(IZelBankIO* bank, BlockInfo const& info, LibFile* lib
   return true;
 }
 
-// False when nothing says where to look.
+// False when no libraries and bank names are set.
 bool LibSearch_i::Prepare(IZelBankIO* bank, BlockInfo const& info) {
   if (!pairsSet_ && !(librariesSet_ && namesSet_)) return false;
   DropEntries();
@@ -130,7 +130,7 @@ bool LibSearch_i::Prepare(IZelBankIO* bank, BlockInfo const& info) {
       AddEntry(bank, info, libraries_[i], bankNames_[i], static_cast<std::int32_t>(i));
     }
   } else {
-    // The first library with a usable bank of a name takes the name.
+    // A name is searched only in the first library that has a usable bank of this name.
     for (std::string const& name : bankNames_) {
       std::any_of(libraries_.begin(), libraries_.end(),
                   [&](LibFile* library) { return AddEntry(bank, info, library, name, kNoPair); });
@@ -174,9 +174,9 @@ bool LibSearch_i::Search(Key* key, IZelBankDef* bank, bool allBanks) {
   if (inner == nullptr) return false;
   inner->ClearCache();
   BlockInfo const info(io.Get());
-  // Only components merge.
+  // Only components are merged.
   bool const mergeAll = allBanks && SameText(info.type, kPureComponentType);
-  // Can never fire, since minKeyWords is never above keyWords.
+  // Never true, since minKeyWords is never above keyWords.
   std::int32_t const count = inner->GetCompCount();
   if (count > info.keyWords && count < info.minKeyWords) return false;
   if (preparedType_ != info.type) DropEntries();

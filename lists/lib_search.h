@@ -1,4 +1,4 @@
-// LibSearch_i: the located banks of one type, searched in their order.
+// LibSearch_i: the located banks of one type, searched in order.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +32,7 @@ class LibSearch_i final : public LibSearch_p {
  private:
   static constexpr std::int32_t kNoPair = -1;
 
-  // A bank of a library that is searched.
+  // A bank that is searched.
   struct SearchEntry {
     std::string bankName;
     LibFile_i* library;

@@ -12,8 +12,8 @@ namespace zel {
 struct ListEntry {
   enum Kind : std::int32_t {
     kComponent = 0,
-    kFurtherId = 1,      // of the component before
-    kFurtherFormula = 2  // likewise
+    kFurtherId = 1,      // of the preceding component
+    kFurtherFormula = 2  // of the preceding component
   };
 
   std::string name;
@@ -23,8 +23,8 @@ struct ListEntry {
   double nbp = gen_GetUndefDouble();  // K
   double mw = gen_GetUndefDouble();
   std::int32_t kind = kComponent;
-  std::int32_t order = 0;  // position in the list, or of the adding before it is sorted
-  std::string sortKey;     // of the sort that is under way
+  std::int32_t order = 0;  // position in the list; before sorting, in the order of adding
+  std::string sortKey;     // of the current sort
 };
 
 }  // namespace zel

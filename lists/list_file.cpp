@@ -21,11 +21,11 @@ constexpr auto kLongTabs = 11;
 
 // --- reading -------------------------------------------------------------------------------------
 
-// Pieces of a text, each up to a line end or 499 characters, without blanks and line ends behind.
+// Pieces of a text, each up to a line end or 499 characters, without trailing blanks and line ends.
 class Lines {
  public:
   explicit Lines(std::string_view text) : rest_(text) {}
-  // The next one that is neither empty nor a comment.
+  // The next piece that is neither empty nor a comment.
   bool Next(std::string_view& line) {
     while (!rest_.empty()) {
       std::size_t const end = std::min(rest_.find('\n'), rest_.size() - 1) + 1;
@@ -42,13 +42,13 @@ class Lines {
   std::string_view rest_;
 };
 
-// Columns of a line. Several tabs in a row are one: a column that is empty in the file shifts the
-// others, which is why the long form never leaves one empty.
+// Columns of a line. Consecutive tabs count as one, so an empty column in the file shifts the
+// others; this is why the long form never leaves a column empty.
 class Columns {
  public:
   explicit Columns(std::string_view line) : rest_(line) {}
 
-  // Empty behind the last.
+  // Empty after the last column.
   std::string_view Text() {
     std::size_t const start = rest_.find_first_not_of(kTab);
     if (start == std::string_view::npos) return {};
@@ -57,12 +57,12 @@ class Columns {
     rest_.remove_prefix(column.size());
     return column;
   }
-  // Undefined where the line has ended.
+  // Undefined after the last column.
   double Real() {
     std::string_view const column = Text();
     return column.empty() ? gen_GetUndefDouble() : ParseReal(column);
   }
-  // The next number of an order. One that is missing or negative is dropped.
+  // Appends the next number of an order; a missing or negative one is dropped.
   void Append(CompList_i::Order& order) {
     std::string_view const column = Text();
     std::int32_t const row = ParseInt(column);
@@ -90,7 +90,7 @@ void ReadLongLine(Columns columns, CompList_i& list) {
   list.Entries().push_back(std::move(row));
 }
 
-// The order of the file is the order by ID.
+// The lines of the file are in the order by ID.
 void ReadShortLine(Columns columns, CompList_i& list) {
   ListEntry row;
   row.name = columns.Text();
@@ -117,7 +117,7 @@ std::string Head(std::string const& path) {
   return head.append(kGenerated).append(kEmptyComment).append(kStars).append("\n");
 }
 
-// Number k of an order, -1 past its end.
+// Number k of an order, -1 after its end.
 std::string Number(CompList_i::Order const& order, std::size_t k) {
   return std::to_string(k < order.size() ? order[k] : -1);
 }

@@ -1,5 +1,5 @@
-// List files: text with a row a line, columns separated by tabs, which holds a list and its orders;
-// docs/lists.md has the form.
+// List files: texts with one row per line and columns separated by tabs that hold a list and its
+// sort orders; docs/lists.md describes the format.
 #pragma once
 
 #include <string>
@@ -9,14 +9,14 @@
 
 namespace zel {
 
-// Reads a file into a list that is empty. False when it cannot be read.
+// Reads a file into an empty list. False when it cannot be read.
 bool ReadListFile(std::string_view path, CompList_i& list);
 
 // Writes a list: five columns in short form, twelve otherwise. False when the file cannot be
 // opened.
 bool WriteListFile(std::string const& path, CompList_i& list, bool shortForm);
 
-// The line of a row in twelve columns.
+// Returns a row as a line of twelve columns.
 std::string ListLine(CompList_i& list, std::size_t row);
 
 }  // namespace zel

@@ -9,7 +9,7 @@ namespace {
 constexpr char kAny = '*';
 constexpr char kOne = '?';
 
-// The part, which has no star, at a position of the text.
+// True if the part, which has no star, matches at a position of the text.
 bool FitsAt(std::string_view text, std::size_t at, std::string_view part) noexcept {
   if (part.size() > text.size() - at) return false;
   for (std::size_t i = 0; i < part.size(); ++i) {
@@ -18,7 +18,7 @@ bool FitsAt(std::string_view text, std::size_t at, std::string_view part) noexce
   return true;
 }
 
-// Takes the part up to the next star off the pattern.
+// Removes the part up to the next star from the pattern and returns it.
 std::string_view TakePart(std::string_view& pattern) noexcept {
   std::string_view const part = pattern.substr(0, pattern.find(kAny));
   pattern.remove_prefix(part.size());

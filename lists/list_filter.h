@@ -5,9 +5,9 @@
 
 namespace zel {
 
-// True when the pattern fits the start of the text: "?" stands for one character, "*" for any
-// number, other characters compare without regard to case. Each part between stars is sought from
-// the left, so many stars cost no more than one.
+// True if the pattern matches the start of the text: "?" matches one character, "*" any number of
+// characters; letters are compared without regard to case. Each part between stars is searched for
+// from the left, so many stars cost no more than one.
 bool MatchesListFilter(std::string_view text, std::string_view pattern) noexcept;
 
 }  // namespace zel

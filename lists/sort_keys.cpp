@@ -22,7 +22,7 @@ struct PrefixRow {
   WordCase letters;
   int part;
 };
-// "l" ends in upper case where "d" ends in lower case.
+// The prefix "l" becomes upper case and "d" lower case.
 constexpr PrefixRow kPrefixes[] = {
     {"alpha", 'a', WordCase::kLower, 1},   {"beta", 'b', WordCase::kLower, 1},
     {"gamma", 'c', WordCase::kLower, 1},   {"delta", 'd', WordCase::kLower, 1},
@@ -39,7 +39,7 @@ bool ConsistsOf(std::string_view text, std::string_view characters) noexcept {
   return text.find_first_not_of(characters) == std::string_view::npos;
 }
 
-// Hands each word with its delimiter (0 behind the last) and its start to `visit`.
+// Calls `visit` with each word, its delimiter (0 after the last) and its start.
 template <typename Visit>
 void ForEachWord(std::string_view name, Visit const& visit) {
   std::size_t start = 0;

@@ -1,7 +1,7 @@
-// Names, IDs and words of components as lists have them: tidied, and by what they are sorted.
+// Names, IDs and words of components in lists: corrects their case and makes their sort keys.
 //
-// Chemical names are ordered by their main words and not by prefixes: n-butane stands under butane,
-// alpha-pinene under pinene.
+// Chemical names are sorted by their main words and not by prefixes: n-butane as butane,
+// alpha-pinene as pinene.
 #pragma once
 
 #include <string>
@@ -15,19 +15,19 @@ enum class WordCase { kAsItIs = 0, kUpper = 1, kLower = 2 };
 struct WordClass {
   std::string sortText;
   WordCase letters;
-  int part;  // 0 main words, 1 places and Greek letters, 2 optical and geometric isomers
+  int part;  // 0 main words, 1 locants and Greek letters, 2 optical and geometric isomers
 };
 
 // `first` is the word's first character as written, `delimiter` what ended the word (0 at the end
 // of the name), `lowerWord` the word in lower case.
 WordClass ClassifyWord(char first, char delimiter, std::string_view lowerWord);
 
-// Gives known prefixes their case, in place.
+// Changes the case of known prefixes, in place.
 void TidyName(char* name);
 
 std::string MakeNameKey(std::string_view name);
-// Behind the ID without its leading digits their number and the digits: 1-BUTENE stands as
-// "BUTENE 11 -".
+// The ID without its leading digits, followed by their number and the digits themselves: 1-BUTENE
+// becomes "BUTENE 11 -".
 std::string MakeIdKey(std::string_view id);
 
 }  // namespace zel

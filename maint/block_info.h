@@ -1,4 +1,4 @@
-// What a bank says of its blocks and keys, in one piece.
+// What a bank reports about its blocks and keys, in one object.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,7 @@ struct BlockInfo {
   }
 };
 
-// What a bank says of itself to a host.
+// What a bank reports about itself to a host.
 struct BankInfo {
   char type[kMostName + 1] = {};
   char description[50] = {};
@@ -48,8 +48,9 @@ struct RecordFormat {
   std::int32_t words = 0;
 };
 
-// A stored bank does not tell its record format: it follows from the record length in the head of
-// its tree. None when no format has that length, or when the tree's entries are too short for it.
+// A stored bank does not hold its record format: the format follows from the record length in the
+// head of its tree. Returns format 0 when no format has that length, or when the tree's entries are
+// too short for it.
 inline RecordFormat FormatOf(IZelBankIO* bank, BlockInfo const& info, BTreeHead_i const& head) {
   for (std::int32_t format = 1; format <= info.formatCount; ++format) {
     std::int32_t words = 0;

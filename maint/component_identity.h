@@ -1,4 +1,4 @@
-// The identity of a component record, in one piece.
+// The identity of a component record, in one object.
 #pragma once
 
 #include <cstdint>

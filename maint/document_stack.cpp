@@ -39,7 +39,7 @@ void DocumentStack::Clear() noexcept {
 
 namespace {
 
-// Lives as long as the process, for a host's global objects.
+// Exists until the process ends, since a host's global objects may use it.
 DocumentStack& OfProcess() {
   static DocumentStack& stack = *new DocumentStack;
   return stack;
@@ -58,7 +58,7 @@ std::string TopDocumentFile() {
   return OfProcess().TopFile();
 }
 
-// Of the entries that are there the import can see only the last.
+// The import sees only the last of the entries of the process.
 DocumentsOfImport::DocumentsOfImport() : before_(ofImport) {
   std::lock_guard const lock(processBusy);
   DocumentStack const& outer = Documents();
@@ -78,7 +78,7 @@ DocumentsOfImport::~DocumentsOfImport() {
     try {
       outer.documentFolders_.push_back(std::move(own_.documentFolders_[i]));
       outer.documentFiles_.push_back(std::move(own_.documentFiles_[i]));
-    } catch (std::bad_alloc const&) {  // the two stay as long as each other
+    } catch (std::bad_alloc const&) {  // keeps the two of equal length
       outer.documentFolders_.resize(outer.documentFiles_.size());
       return;
     }

@@ -1,9 +1,9 @@
 // The documents that an import is reading, innermost on top: folders, against which a relative path
 // in the document is resolved, and file names, which every log line shows.
 //
-// An import has stacks of its own, so that several threads can import at the same time. When it
-// ends, its entries go to those of the process, where those of a top-level document stay: the next
-// import of the process resolves a relative path against them.
+// An import has its own stacks, so that several threads can import at the same time. When it ends,
+// its remaining entries are added to the stacks of the process. Those of a top-level document stay
+// there: the next import of the process resolves a relative path against them.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +15,9 @@ namespace zel {
 
 class DocumentStack {
  public:
-  // The full path of a document as seen from the one on top, or from the working folder, and that
-  // document on top. Empty when there is no such path or it has more than 259 characters.
+  // Puts a document on top and returns its full path, resolved against the document that was on top
+  // or else the working folder. Empty when there is no such path or it has more than 259
+  // characters.
   std::string Push(std::string_view path);
   void Pop();
   // File name with extension of the document on top; empty when there is none.
@@ -31,14 +32,14 @@ class DocumentStack {
   std::deque<std::string> documentFiles_;
 };
 
-// The stacks of the import that this thread runs; outside of one those of the process, which are
-// then unguarded.
+// The stacks of the import that this thread runs; outside of an import those of the process, which
+// are not guarded by this function.
 DocumentStack& Documents();
 
-// The file name on top of them, guarded either way.
+// The file name on top of the same stacks; guarded in both cases.
 std::string TopDocumentFile();
 
-// The stacks of one import, from its begin to its end.
+// The stacks of one import, from its start to its end.
 class DocumentsOfImport {
  public:
   DocumentsOfImport();
@@ -48,7 +49,7 @@ class DocumentsOfImport {
 
  private:
   DocumentStack own_;
-  std::size_t taken_ = 0;  // entries that were the process's
+  std::size_t taken_ = 0;  // entries copied from the process
   DocumentStack* before_;
 };
 

@@ -1,4 +1,4 @@
-// Banks of a library: made, deleted, described.
+// Banks of a library: creating, deleting and describing them.
 #include "maint/lib_maint.h"
 
 #include <algorithm>
@@ -37,7 +37,7 @@ void LibMaint_i::DropTree() noexcept {
   walkMode_ = WalkMode::kNone;
 }
 
-// The bank directory, when its entries have the form that all of this relies on.
+// The bank directory; null unless its entries have the lengths that these functions rely on.
 BTree_i* LibMaint_i::Directory() const noexcept {
   BTree_i* tree = library_ == nullptr ? nullptr : library_->GetBankTree();
   bool const usable = tree != nullptr && tree->Head().keyWords == f::kBankKeyWords &&
@@ -49,7 +49,7 @@ bool LibMaint_i::FindBank(char const* type, char const* name, std::int32_t const
   return library_ != nullptr && library_->FindBank(type, name, entry, false);
 }
 
-// The current tree's head goes back into the bank's entry.
+// Writes the current tree's head back into the bank's directory entry.
 void LibMaint_i::StoreHead(char const* type, char const* name) {
   std::int32_t const* found = nullptr;
   if (!FindBank(type, name, found)) return;
@@ -74,7 +74,7 @@ bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t for
   if (format != 0) io->GetRecordLength(format, &recordWords);
   bool const marker = (format == 0 ? info.formatCount : format) > 1;
 
-  // The search that fails leaves the directory where the new key belongs.
+  // The failed search leaves the directory tree at the place where the new key belongs.
   std::int32_t const* found = nullptr;
   if (library_->FindBank(type, name, found, marker)) return false;
   std::int32_t key[f::kBankKeyWords];

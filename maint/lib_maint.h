@@ -1,10 +1,10 @@
-// LibMaint_i: the working surface on one library.
+// LibMaint_i: the operations on one library.
 //
-// Every item access goes through LocateItem: key resolved, bank located, key searched. When the
-// root of the bank's tree has changed, its head goes back into the bank's directory entry and that
-// node is written.
+// Every access to an item uses LocateItem, which resolves the key, locates the bank and searches
+// for the key. When the root of the bank's tree has changed, the head of the tree is written back
+// into the bank's directory entry.
 //
-// A failing step leaves its reason as the pending text of the log and gives false.
+// A step that fails leaves its reason as the pending text of the log and returns false.
 #pragma once
 
 #include <array>
@@ -28,7 +28,7 @@ namespace zel {
 
 class LibMaint_i final : public LibMaint_p {
  public:
-  // Component numbers from here on are given out for a host's own components.
+  // Component numbers from here on are assigned to a host's own components.
   static constexpr std::int32_t kFirstOwnNumber = 21'000'000;
 
   explicit LibMaint_i(LibFile* library);
@@ -109,11 +109,13 @@ class LibMaint_i final : public LibMaint_p {
   void SetLogSink(ZelLogSink* sink) override { log_.SetSink(sink); }
 
   zelImportChecks ImportChecks() const noexcept { return importChecks_; }
-  // What runs on this library report to; its pending text is the cause of the last failed step.
+  // The log to which imports and exports of this library report; its pending text is the reason of
+  // the last failed step.
   MaintLog& Log() noexcept { return log_; }
   LibFile_i* Library() const noexcept { return library_; }
-  // Tell the host's sink for items that a block of something cannot be read, and of what is left
-  // out for another reason; false when there is no sink. A block error is to go on then.
+  // Report to the host's sink for items that a block of something cannot be read, or what is left
+  // out for another reason. Return false when there is no sink: the caller then lets a block error
+  // propagate.
   bool TellUnread(std::string const& place, unsigned long address) const;
   bool TellLeftOut(std::string const& place, std::string const& why) const;
 
@@ -121,7 +123,7 @@ class LibMaint_i final : public LibMaint_p {
   enum class WalkMode : std::uint8_t { kNone, kIds, kBanks, kItems };
   enum class Located : std::uint8_t {
     kFound,
-    kAbsent,  // everything is right but the key is not in the tree, which stands where it belongs
+    kAbsent,  // all is well, but the key is not in the tree, which is at the place where it belongs
     kFailed
   };
 
@@ -147,7 +149,7 @@ class LibMaint_i final : public LibMaint_p {
   // lib_maint_check.cpp
   bool MayBeWritten(IZelBankIO* bank, Key* key);
   void WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference);
-  // The layer of interchange has its bodies in sources of its own.
+  // The functions of interchange are defined in xml/.
   template <typename Run>
   bool RunImport(Run const& run);
   template <typename Run>
@@ -161,14 +163,14 @@ class LibMaint_i final : public LibMaint_p {
 
   WalkMode walkMode_ = WalkMode::kNone;
   LibFile_i* library_;  // not owned
-  LocatedBank bank_;    // the current tree: of a bank, or the one that is walked
+  LocatedBank bank_;    // the current tree: that of a bank, or the one that is being walked
   bool usedNumbersValid_ = false;
   std::set<std::int32_t> usedNumbers_;
   std::string currentType_;    // bank type of the current tree, or filter of a bank walk
   std::string walkedName_;     // of the bank whose items are walked
   std::int32_t keyWords_ = 0;  // of the current tree
   bool swapped_ = false;
-  // The item that RewriteItem writes: bank, key, and the library's changes when it was reached.
+  // The item that RewriteItem writes: bank, key, and the library's count of changes at the time.
   std::string itemBank_;
   std::array<std::int32_t, format::kMaxKeyWords> itemKey_{};
   std::uint64_t itemChanges_ = 0;

@@ -1,5 +1,5 @@
-// Holds the identifiers of a component against those that mean another one already, in this library
-// and in the reference library of the process, the name index.
+// Checks whether the identifiers of a component already belong to another one, in this library or
+// in the reference library of the process, the name index.
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -16,7 +16,7 @@ constexpr std::size_t kTextSize = 300;
 
 using Ids = std::vector<std::string_view>;
 
-// What is said of conflicts with one library: for one ID, and for several.
+// The words for conflicts with one library: for one ID, and for several.
 struct ConflictWords {
   std::string_view one;
   std::string_view several;
@@ -77,8 +77,8 @@ std::string KeyText(ComponentIdentity const& identity, Key_p const& key) {
   }
 }
 
-// Lets what a damaged library throws pass by, and throws on what a failing disk throws: what was
-// not read may say anything.
+// Ignores errors that damage to a library causes, and rethrows those of a failing disk: what could
+// not be read may contain a conflict.
 template <typename Work>
 void UnlessDamaged(Work const& work) {
   try {
@@ -88,8 +88,8 @@ void UnlessDamaged(Work const& work) {
   }
 }
 
-// The number that a look-up finds when it is that of another component, else 0. A damaged index has
-// nothing to say.
+// The number that a look-up finds if it is that of another component, otherwise 0. A damaged index
+// counts as finding nothing.
 template <typename LookUp>
 std::int32_t OtherNumber(ComponentIdentity const& identity, LookUp const& lookUp) {
   std::int32_t number = 0;
@@ -111,7 +111,7 @@ std::int32_t OtherWithCas(LibFile_p* library, ComponentIdentity const& identity)
                      [&](auto& data) { return library->FindCasNumbers(identity.Cas(), data); });
 }
 
-// The pieces that exist, two blanks between them.
+// The pieces that are not empty, separated by two blanks.
 std::string Joined(std::initializer_list<std::string_view> pieces) {
   std::string text;
   for (std::string_view piece : pieces) {
@@ -124,7 +124,7 @@ std::string Joined(std::initializer_list<std::string_view> pieces) {
 
 }  // namespace
 
-// A CAS number that another component has is worth a warning only.
+// A CAS number that another component has causes a warning only.
 void LibMaint_i::WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference) {
   ComponentIdentity const identity(component);
   if (identity.casNumber == 0) return;
@@ -132,7 +132,7 @@ void LibMaint_i::WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference) 
   if (other == 0) other = OtherWithCas(library_, identity);
   if (other == 0) return;
   char id[ComponentIdentity::kIdSize] = {};
-  // That the other component is damaged is no reason not to write this one.
+  // This component is written even if the other one is damaged.
   UnlessDamaged([&] { GetIdOfNumber(other, id); });
   char number[16];
   std::snprintf(number, sizeof number, " (%08d)", other);
@@ -173,7 +173,7 @@ bool LibMaint_i::CheckComponent(IZelPureComp* component, char* text) {
   return CheckComponent(component, nullptr, text);
 }
 
-// For a bank that holds a component, the check with its reasons as the pending text.
+// Checks a bank that holds a component; the reasons for false are left as the pending text.
 bool LibMaint_i::MayBeWritten(IZelBankIO* bank, Key* key) {
   auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp);
   char text[kTextSize];

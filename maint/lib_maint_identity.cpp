@@ -1,5 +1,5 @@
-// Components and the identifiers under which they are found: what enters with a component, and what
-// a number stands for.
+// Components and the identifiers under which they are found: entering those of a component, and
+// finding those of a number.
 #include <string_view>
 
 #include "banks/catalogue.h"
@@ -16,20 +16,20 @@ namespace f = format;
 
 namespace {
 
-// The banks of a reference library that are asked, in this order.
+// The banks of a reference library that are searched, in this order.
 constexpr char const* kReferenceBanks[] = {"ORDWIN", "PLANTIX"};
 
-// Enters a key that was just searched for in vain: the tree stands where it belongs.
+// Enters a key that was just searched for and not found: the tree is at the place where it belongs.
 void Enter(BTree_i& tree, std::int32_t const* key, std::int32_t number) {
-  std::int32_t const data[f::kNodeWords] = {number};  // a damaged tree may claim more than a word
+  std::int32_t const data[f::kNodeWords] = {number};  // a damaged tree may claim more than one word
   tree.InsertWithData(key, data);
 }
 
 }  // namespace
 
-// Enters the identifiers of a component just written that the library does not know yet; entries
-// that are there stay, also when they point at another component. A CAS number that fails its check
-// digit is no identifier.
+// Enters those identifiers of a component just written that the library does not know yet. Existing
+// entries are kept, even if they belong to another component. A CAS number that fails its check
+// digit is not an identifier.
 void LibMaint_i::UpdateIdTrees(IZelPureComp& record) {
   ComponentIdentity identity(&record);
   std::int32_t const* data = nullptr;
@@ -46,8 +46,8 @@ void LibMaint_i::UpdateIdTrees(IZelPureComp& record) {
   Enter(*library_->GetCasTree(), key, identity.number);
 }
 
-// Reads the component with a number from the library's own banks, in the order of the directory,
-// and then from the reference banks of the name index. False when none has it.
+// Looks for the component with this number in the library's own banks, in the order of the
+// directory, and then in the reference banks of the name index. False when none has it.
 bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
                                        bool& fromReference) {
   Give(id, '\0');

@@ -1,4 +1,4 @@
-// Items of a bank: located, read, written, deleted.
+// Items of a bank: locating, reading, writing and deleting them.
 #include <algorithm>
 #include <array>
 #include <string>
@@ -19,7 +19,7 @@ constexpr std::string_view kUnknownParts = "Unable to identify components used i
 constexpr std::string_view kBadBlockLength = "Incorrect data block length";
 constexpr std::string_view kKeyAbsent = "Error reading bank index";
 
-// Turns a pair into stored order for the time of a write, and back, whatever happens in between.
+// Puts a pair into stored order for the duration of a write, and back afterwards in any case.
 class StoredOrder {
  public:
   StoredOrder(IZelBankIO* bank, bool swapped) : bank_(swapped ? bank : nullptr) {
@@ -42,12 +42,12 @@ LibMaint_i::Located LibMaint_i::Fail(std::string_view reason) {
   return Located::kFailed;
 }
 
-// Widens and resolves the key; false with the reason left.
+// Extends the key to the bank's length and resolves it; leaves the reason when it returns false.
 bool LibMaint_i::PrepareKey(BlockInfo const& info, Key_p* key) {
   key->ClearCache();
   std::int32_t const count = key->GetCompCount();
-  // Can never fire, since minKeyWords is never above keyWords. A wrong length shows further on, as
-  // a key length that the tree does not have.
+  // Never true, since minKeyWords is never above keyWords. A wrong length is found later, as a key
+  // length that the tree does not have.
   if (count > info.keyWords && count < info.minKeyWords) {
     Fail(kBadKeyLength);
     return false;
@@ -81,7 +81,7 @@ LibMaint_i::Located LibMaint_i::LocateItem(IZelBankIO* bank, char const* name, K
 }
 
 // Writes the bank into the entry at the tree's position. The node of a file-resident bank is
-// written only when its entry changed: where the old address was of no use.
+// written only if its entry changed, because the blocks at the old address could not be used.
 void LibMaint_i::WriteRecord(IZelBankIO* bank) {
   StoredOrder const order(bank, swapped_);
   std::int32_t* entry = nullptr;
@@ -97,9 +97,9 @@ void LibMaint_i::WriteRecord(IZelBankIO* bank) {
   EnterIdentifiers(bank);
 }
 
-// Writes the bank as a new item, whose key belongs where the tree stands. The key goes into the
-// tree with its data and behind the blocks that these lead to: what breaks off in between leaves no
-// key without an item.
+// Writes the bank as a new item; its key belongs at the tree's position. The blocks are written
+// first, then the key is entered into the tree together with the data that refer to them, so that
+// an interrupted write leaves no key without an item.
 void LibMaint_i::AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key) {
   StoredOrder const order(bank, swapped_);
   std::array<std::int32_t, f::kNodeWords> data{};
@@ -111,13 +111,13 @@ void LibMaint_i::AddRecord(IZelBankIO* bank, char const* name, std::int32_t cons
     AddRecordBehindItsKey(bank, name, key);
     return;
   }
-  // The root goes into the directory before anything else can fail: without it a grown tree would
-  // lose what moved out of the old root.
+  // The new root is entered into the directory before anything else can fail: otherwise a tree that
+  // has grown would lose what was moved out of the old root.
   if (bank_.Tree().InsertWithData(key, data.data())) StoreHead(currentType_.c_str(), name);
   EnterIdentifiers(bank);
 }
 
-// Blocks of a new item. Where some of them cannot be written the others are free again.
+// Writes the blocks of a new item. If some of them cannot be written, the others are freed again.
 void LibMaint_i::WriteBlocks(IZelBankIO* bank, std::int32_t* data) {
   ExtentList const before = library_->Store().Extents();
   try {
@@ -128,8 +128,8 @@ void LibMaint_i::WriteBlocks(IZelBankIO* bank, std::int32_t* data) {
   }
 }
 
-// In a library whose nodes share a file with the records, the order of the two decides where each
-// lies: the node comes first, and the key is taken back when the record does not follow.
+// In a library whose nodes share a file with the records, the order of the writes decides where
+// each is put: the node comes first, and the key is removed again if the record cannot be written.
 void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
                                        std::int32_t const* key) {
   if (bank_.Tree().Insert(key, f::kNullAddress, f::kNullAddress)) {
@@ -143,7 +143,7 @@ void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
     bank_.Tree().WriteCurrentNode();
   } catch (...) {
     library_->Store().Extents() = before;
-    bank_.Tree().Delete(key);  // from a leaf, where new entries are: the root stays
+    bank_.Tree().Delete(key);  // from a leaf, where new entries are put: the root does not change
     throw;
   }
   EnterIdentifiers(bank);
@@ -182,8 +182,8 @@ bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
   if (!io || !MayBeWritten(io.Get(), key)) return false;
   std::int32_t const* entry = nullptr;
   Located const located = LocateItem(io.Get(), name, key, entry);
-  // Only an absent key leads to an insert: in a tree of another key or record length it would lay a
-  // new root over the old tree or write past an entry.
+  // Only an absent key is inserted: in a tree with another key or record length an insert would
+  // replace the old tree by a new root or write past the end of an entry.
   if (located == Located::kFailed) return false;
   if (located == Located::kAbsent) {
     AddRecord(io.Get(), name, dynamic_cast<Key_p*>(key)->GetKeyWords());
@@ -194,7 +194,7 @@ bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
   return true;
 }
 
-// The item just read or written is the one that RewriteItem writes.
+// Remembers the item just read or written, for RewriteItem.
 void LibMaint_i::KeepItem(char const* name, Key* key) {
   itemBank_ = TextOrEmpty(name);
   std::copy_n(dynamic_cast<Key_p*>(key)->GetKeyWords(), itemKey_.size(), itemKey_.begin());
@@ -202,8 +202,8 @@ void LibMaint_i::KeepItem(char const* name, Key* key) {
   itemValid_ = true;
 }
 
-// Another object can have written to the library since the item was reached: the tree at hand then
-// holds nodes of before, and is made anew from the bank's head. False when the item is gone.
+// Another object may have written to the library since the item was located: the current tree then
+// holds outdated nodes and is opened again from the bank's head. False when the item is gone.
 bool LibMaint_i::FindItemAgain(IZelBankIO* bank, BlockInfo const& info) {
   if (itemChanges_ == library_->Store().Changes()) return true;
   std::int32_t const* entry = nullptr;
@@ -242,7 +242,7 @@ bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
   try {
     bank_.Tree().Delete(inner->GetKeyWords());
   } catch (...) {
-    // A rebuild that broke off has moved the root: what it saved must stay reachable.
+    // An interrupted rebuild has moved the root: the entries that it saved must stay reachable.
     if (bank_.Tree().Head().rootAddress != root) StoreHead(type, name);
     throw;
   }

@@ -1,4 +1,4 @@
-// Component numbers: found by CAS number or character ID, and given out.
+// Component numbers: finding them by CAS number or character ID, and assigning new ones.
 #include <algorithm>
 
 #include "frame/limits.h"
@@ -8,7 +8,7 @@ namespace zel {
 
 namespace {
 
-// Asks the library, then the name index, by the same look-up.
+// Searches the library, then the name index, with the same look-up.
 template <typename LookUp>
 std::int32_t AskBoth(LibFile_i* library, bool& fromNameIndex, LookUp const& lookUp) {
   fromNameIndex = false;

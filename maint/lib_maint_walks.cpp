@@ -1,5 +1,5 @@
-// Walks over component IDs, banks and items. Each works on a tree of its own over a copy of the
-// head, so that walks of several objects on one library do not disturb each other.
+// Walks over component IDs, banks and items. Each works on its own tree over a copy of the head, so
+// that walks of several objects on one library do not disturb each other.
 #include <algorithm>
 
 #include "frame/ascii.h"
@@ -23,13 +23,13 @@ bool LibMaint_i::StartWalk(WalkMode mode, std::int32_t const* head) {
   bank_.OpenTree(*library_, head);
   std::int32_t words = 0;
   bank_.Tree().WalkBegin(keyWords_, words);
-  // An empty tree gives no key length; its walk, too, ends with key words of 0.
+  // An empty tree has no key length: its walk ends with a key length of 0 words, too.
   if (keyWords_ == 0 && bank_.Tree().Head().IsUsable()) keyWords_ = bank_.Tree().Head().keyWords;
   walkMode_ = mode;
   return true;
 }
 
-// True when the walk is the current one. Any item read before can no longer be rewritten.
+// True if a walk of this kind is under way. An item read before can no longer be rewritten.
 bool LibMaint_i::WalkIs(WalkMode mode) noexcept {
   itemValid_ = false;
   return walkMode_ == mode && bank_.IsOpen();
@@ -78,7 +78,7 @@ bool LibMaint_i::NextBank(char* type, char* name) {
 
 namespace {
 
-// The key of an item as it is shown: a text, or numbers.
+// The key of an item for display: a text, or numbers.
 std::string ItemText(BlockInfo const& info, std::int32_t const* words) {
   constexpr std::int32_t kCharacters = 2;
   if (info.keyKind == kCharacters) {
@@ -120,13 +120,13 @@ bool LibMaint_i::TellUnread(std::string const& place, unsigned long address) con
   return TellLeftOut(place, "block " + std::to_string(address) + " " + info.reason);
 }
 
-// False for an item that cannot be read and of which the host was told; the bank is empty then.
+// False for an item that cannot be read and was reported to the host; the bank is then empty.
 bool LibMaint_i::ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockInfo const& info) {
   if (library_->ItemFindings() == nullptr) {
     bank_.Read(library_, bank, entry + keyWords_);
     return true;
   }
-  // The words are taken now: reading can move the node they lie in.
+  // The text is made before the read, which can move the node that holds the words.
   std::string const place = currentType_ + ":" + walkedName_ + " " + ItemText(info, entry);
   try {
     bank_.Read(library_, bank, entry + keyWords_);

@@ -1,4 +1,4 @@
-// A bank found in the directory of a library, and how its records are laid out.
+// A bank found in the directory of a library, and the layout of its records.
 #pragma once
 
 #include <algorithm>
@@ -13,32 +13,32 @@
 
 namespace zel {
 
-// The tree works on a copy of the bank's head, because the directory's node buffer, where the head
-// lies, is loaded with other nodes while the tree lives. An object stays in its place: its tree
-// points at its head.
+// The tree works on a copy of the bank's head, because the directory's node buffer, which holds the
+// head, is loaded with other nodes while the tree exists. An object cannot be moved, since its tree
+// points to its head.
 class LocatedBank {
  public:
   using Head = std::array<std::int32_t, format::kHeadWords>;
   enum class Answer : std::uint8_t {
     kFound,
     kNoBank,
-    kOtherKeyLength,    // the bank's keys have another number of words than those of the object
-    kOtherRecordLength  // the object has no record format of the bank's length
+    kOtherKeyLength,    // the keys of the bank and those of the object differ in length
+    kOtherRecordLength  // no record format of the object has the bank's record length
   };
 
   LocatedBank() = default;
   LocatedBank(LocatedBank const&) = delete;
   LocatedBank& operator=(LocatedBank const&) = delete;
 
-  // Finds the bank called `name`, of the type that `info` of the object `bank` says, and the format
-  // of its records. The tree is open unless there is no bank.
+  // Finds the bank called `name` of the type in `info`, which describes the object `bank`, and the
+  // format of its records. The tree is open unless the answer is kNoBank.
   Answer Locate(LibFile_i& library, IZelBankIO* bank, BlockInfo const& info, char const* name) {
     std::int32_t const* entry = nullptr;
     if (!library.FindBank(info.type, name, entry, false)) return Answer::kNoBank;
     OpenTree(library, entry + format::kBankHead);
     return Fit(bank, info);
   }
-  // Chooses the format in which `bank` has the records of the open tree; not kNoBank.
+  // Selects the record format of `bank` that matches the open tree; never returns kNoBank.
   Answer Fit(IZelBankIO* bank, BlockInfo const& info) {
     fileResident_ = info.fileResident != 0;
     format_ = {};
@@ -46,7 +46,7 @@ class LocatedBank {
     format_ = FormatOf(bank, info, tree_->Head());
     return format_.format != 0 ? Answer::kFound : Answer::kOtherRecordLength;
   }
-  // Opens a tree by its head, whatever its keys and records are.
+  // Opens the tree of a head without checking its keys and records.
   void OpenTree(LibFile_i& library, std::int32_t const* head) {
     CloseTree();
     std::copy_n(head, head_.size(), head_.begin());
@@ -59,10 +59,10 @@ class LocatedBank {
   }
 
   bool IsOpen() const noexcept { return tree_.has_value(); }
-  // The following need an open tree.
+  // The following functions need an open tree.
   BTree_i& Tree() noexcept { return *tree_; }
   Head const& HeadWords() const noexcept { return head_; }
-  // Format 0 until one was chosen.
+  // Format 0 until one was selected.
   RecordFormat const& Format() const noexcept { return format_; }
   bool IsFileResident() const noexcept { return fileResident_; }
 

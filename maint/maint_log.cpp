@@ -12,7 +12,7 @@ constexpr std::int32_t kSilent = 0;
 constexpr std::int32_t kAlignedTypes = 2;
 constexpr std::size_t kTypeWidth = 8;
 
-// One call per line, so that lines of other writers do not fall into it.
+// One call per line, so that lines of other writers are not mixed into it.
 void WriteLine(std::string const& line) { std::fwrite(line.data(), 1, line.size(), stdout); }
 
 }  // namespace

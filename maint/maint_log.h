@@ -1,8 +1,8 @@
-// What a maintenance run reports: errors and warnings, counted always and written to standard
+// The errors and warnings of a maintenance run, which are always counted, and written to standard
 // output unless the log is silent.
 //
-// A host's sink takes the place of standard output. A line reads `*** file : error : label -
-// message`, with the file on top of the documents being read and the label of the item at hand.
+// A host's sink replaces standard output. A line reads `*** file : error : label - message`, where
+// the file is the document on top of those being read and the label is that of the current item.
 #pragma once
 
 #include <cstdint>
@@ -13,37 +13,38 @@
 
 namespace zel {
 
-// What a report is about, for a host's sink.
+// Details of a report, for a host's sink.
 struct LogDetail {
   zelLogKinds kind = logOther;
-  std::int32_t line = 0;  // of the document; 0 when none is known
+  std::int32_t line = 0;  // of the document; 0 if it is not known
   std::string before;
   std::string after;
 };
 
 class MaintLog {
  public:
-  // 0 silent, and the first error ends a run; otherwise lines are written and a run goes on.
+  // At level 0 the log is silent and the first error ends a run; otherwise lines are written and
+  // the run continues.
   void SetLevel(std::int32_t level) noexcept { level_ = level; }
   void SetSink(ZelLogSink* sink) noexcept { sink_ = sink; }
   bool IsSilent() const noexcept { return level_ == 0; }
 
-  // An error; an empty message takes the pending text in its place, which is used up either way.
-  // Gives the verdict: true when the run may go on.
+  // Reports an error. An empty message is replaced by the pending text, which is cleared in any
+  // case. Returns true if the run may continue.
   bool ReportError(std::string_view message, LogDetail const& detail = {});
   void ReportWarning(std::string_view message, LogDetail const& detail = {});
-  // A line that says that a bank begins; nothing when silent.
+  // Writes a line when a bank begins; does nothing when silent.
   void ShowBankProgress(std::string_view type, std::string_view name) const;
 
-  // Names the item that later reports are about.
+  // Sets the label of the item to which later reports refer.
   void SetItemLabel(std::string_view label) { itemLabel_ = label; }
   // The reason of a failed step, for the next error without a message.
   void SetPendingText(std::string_view reason) { pendingText_ = reason; }
   std::string const& PendingText() const noexcept { return pendingText_; }
 
-  // Flag, counts and texts, at the start of a run.
+  // Clears the flag, counts and texts, at the start of a run.
   void ClearLog() noexcept;
-  // The texts alone, at the start of each bank and item.
+  // Clears only the texts, at the start of each bank and item.
   void ClearTexts() noexcept;
 
   bool HasErrors() const noexcept { return errorFlag_; }

@@ -37,7 +37,7 @@ std::string VersionOf(LibFile* library) {
 
 std::string StemOf(LibFile* library) { return SplitPath(library->GetLibPath()).name; }
 
-// The fields with a tab between them, without a line end.
+// Writes the fields separated by tabs, without a line end.
 void PutFields(TextFile& file, std::initializer_list<std::string_view> fields) {
   bool first = true;
   for (std::string_view field : fields) {
@@ -53,7 +53,7 @@ double PropertyOf(IZelPureComp* component, zelProperties property) {
   return value;
 }
 
-// Undefined values are negative too.
+// Undefined values are negative numbers, too.
 std::string PropertyText(IZelPureComp* component, zelProperties property) {
   constexpr int kDigits = 6;
   double const value = PropertyOf(component, property);
@@ -85,7 +85,7 @@ void PutComponent(TextFile& file, IZelPureComp* component) {
 
 namespace {
 
-// The host learns of an index that is not whole where it has asked for findings.
+// Reports an index that was not written completely to the host's sink for items, if there is one.
 void Close(TextFile& file, LibFile* library, std::string const& path) {
   if (file.Close()) return;
   auto const* const inner = dynamic_cast<LibFile_i*>(library);
@@ -122,18 +122,18 @@ void WriteComponentIndex(LibFile* library, char const* bank, std::string const& 
   Held<IZelBankDef> const record(NewKnownBank(kPureComponentType));
   auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i walk(library);
-  std::int32_t key[format::kMaxKeyWords];  // a damaged bank may claim as many
+  std::int32_t key[format::kMaxKeyWords];  // a damaged bank may claim this many
   try {
     if (component && walk.BeginItemWalk(kPureComponentType, bank)) {
       while (walk.NextItem(key, record.Get())) PutComponent(file, component.Get());
     }
-  } catch (unsigned long const address) {  // the tree: what comes behind it is lost
+  } catch (unsigned long const address) {  // in the tree: the rest of it is lost
     if (!walk.TellUnread(std::string(kPureComponentType) + ":" + bank, address)) throw;
   }
   Close(file, library, path);
 }
 
-// The name is taken as it stands, also where it has characters of a pattern.
+// The name is used literally, even if it has characters of a pattern.
 void DeleteTextDump(std::string const& folder, std::string const& name) {
   platform::RemoveFile(folder + name + ".bnk");
   std::string const start = name + ".";

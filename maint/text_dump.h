@@ -1,9 +1,9 @@
-// Text dumps: tab-separated indexes beside a library, which tell what is in it without opening it.
+// Text dumps: tab-separated indexes next to a library, which show what is in it without opening it.
 //
 // `<name>.bnk` lists the banks. `<name>.<bank>.cmp` lists the components of a bank of type
 // PURECOMP, two lines each: name, phase, first ID, formula, CAS number, normal boiling point and
-// molecular weight (internal units), marks; then the other IDs behind a tab each, if there are any.
-// <name> is the library's file name without extension. Files that cannot be written do not appear.
+// molecular weight (internal units), marks; then the other IDs, if any, each after a tab. <name> is
+// the library's file name without extension. Files that cannot be written do not appear.
 #pragma once
 
 #include <string>
@@ -12,9 +12,9 @@
 
 namespace zel {
 
-// All indexes of a library, in place of those that are there.
+// Writes all indexes of a library, replacing existing ones.
 void WriteTextDumps(LibFile* library);
-// The index of banks in `folder`, which ends in a separator; `name` is that of its file.
+// Writes the index of banks in `folder`, which ends in a separator; `name` is the library's name.
 void WriteBankIndex(LibFile* library, std::string const& folder, std::string const& name);
 void WriteComponentIndex(LibFile* library, char const* bank, std::string const& path);
 // Removes all indexes of a library of that name.

@@ -1,16 +1,16 @@
 #!/usr/bin/env python3
 """Makes tests/purecomp/equation_rows.inc: values, derivatives and sensitivities of all equation forms,
-in 50 digits (mpmath), for the tests to hold the library against.
+computed with 50 digits (mpmath), with which the tests compare the library.
 
     scripts/bootstrap --equations    # installs mpmath
     scripts/make_equation_rows.py > tests/purecomp/equation_rows.inc
     scripts/make_equation_rows.py limits > tests/purecomp/limit_rows.inc
 
-The second holds the points at which a root, a power or a term of a form begins: temperatures that are
-one of the coefficients or the critical one, coefficients that are 0. Derivatives are limits from below
-there, sensitivities limits from above, and infinite where they grow beyond all bounds.
+The second file has the points at which a root, a power or a term of a form begins: temperatures equal
+to a coefficient or to the critical temperature, and coefficients that are 0. There derivatives are limits
+from below and sensitivities limits from above; both are infinite where they grow without bound.
 
-The forms stand here as plain formulas on their own; nothing is taken from the library's sources.
+The forms are written here as plain formulas, independently of the library's sources.
 """
 import sys
 
@@ -360,7 +360,7 @@ def poly(scale):
 INSIDE = [180.0, 300.25, 450.0]
 PAST = INSIDE + [512.5 * 0.99995, 512.5, 514.0]
 ANTOINE = [16.5, -3600.0, -34.5, 0.0009765625, -1e-06, 0.375, 1.5]
-# equation: list of (coefficients, counts of them in use, temperatures)
+# equation: list of (coefficients, numbers of coefficients in use, temperatures)
 CASES = {
     1: [(poly(300), [1, 2, 5, 15], [-40.0, 0.0] + INSIDE)],
     2: [(SMALL, [1, 2, 3, 9, 15], INSIDE)],
@@ -459,7 +459,8 @@ def row(eq, coefficients, N, T, logBasis):
 
 
 def weight(eq, moved, c, k):
-    # A coefficient that is a threshold of its own term has none; a power of 0 differs to one side.
+    # A coefficient that is the threshold of its own term has no sensitivity; a power of 0 has a
+    # one-sided one.
     if eq in (21, 51) and k == 5 and abs(c[k]) <= mpf(2e-35):
         return mpf(0)
     if eq in (17, 117) and k == 3 and c[k] == 0:
@@ -471,7 +472,7 @@ STEPS = mpf(10) ** -60, mpf(10) ** -66
 
 
 def limit_of(f, x, side, order):
-    """The derivative of f where x is come to from one side: a number, an infinity, or None."""
+    """The limit of the derivative of f as x is approached from one side: a number, an infinity, or None."""
     with mp.workdps(500):
         near, nearer = (diff(f, x + side * step, order, h=step * mpf(10) ** -15) for step in STEPS)
         if abs(nearer) > 1000 and abs(nearer) > mpf(1.5) * abs(near):
@@ -493,7 +494,7 @@ def limit_row(eq, coefficients, T):
     value = at(t0)
     with mp.workdps(500):
         beside = at(t0 - STEPS[0])
-        # A guard stands at the point itself, or it is a pole.
+        # There is a guard at this very point, or a pole.
         if value is None or abs(value) > mpf(10) ** 100 or (
                 abs(value - beside) > mpf(10) ** -4 * max(abs(value), mpf(10) ** -20)):
             return None
@@ -505,7 +506,7 @@ def limit_row(eq, coefficients, T):
 
 
 def is_guarded(eq, k, c, T):
-    # The form has another term at this number, or goes by a logarithm of 0.
+    # At this number the form has another term, or takes the logarithm of 0.
     return (eq in (17, 117) and k == 3 and c[3] == 0) or (eq == 16 and k in (2, 3) and c[2] == T)
 
 

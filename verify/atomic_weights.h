@@ -10,7 +10,7 @@ struct AtomicWeight {
 
 // Abridged standard atomic weights of the IUPAC, 2021 (T. Prohaska and others, Pure Appl. Chem. 94
 // (2022) 573, table 2); deuterium from its mass. Elements without a stable isotope and without a
-// characteristic composition in nature have none.
+// characteristic composition in nature have no standard atomic weight.
 // clang-format off
 inline constexpr AtomicWeight kAtomicWeights[] = {
     {"H", 1.008}, {"He", 4.0026}, {"Li", 6.94}, {"Be", 9.0122}, {"B", 10.81}, {"C", 12.011},

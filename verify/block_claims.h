@@ -1,4 +1,4 @@
-// Who owns each block of a library.
+// The owner of each block of a library.
 #pragma once
 
 #include <array>
@@ -11,28 +11,30 @@
 
 namespace zel {
 
-// Every part of a library claims the blocks that it says are its own. What is claimed twice, free
-// and claimed, or behind the end of its file is damage; what nobody claims and is not free is lost.
+// Every part of a library claims the blocks that belong to it. A block that is claimed twice, free
+// and claimed, or after the end of its file is damage; one that is neither claimed nor free is
+// lost.
 class BlockClaims {
  public:
   BlockClaims(BlockStore& store, Findings& findings);
 
-  // Makes an owner of this name the one that claims.
+  // Sets the owner for the following claims.
   void SetOwner(std::string name);
   std::string const& Owner() const { return owners_.back(); }
-  // The item of the owner that claims; empty for the owner itself.
+  // Sets the item of the owner for the following claims; empty for the owner itself.
   void SetItem(std::string item) { item_ = std::move(item); }
-  // What findings name: the owner and its item.
+  // The place that findings name: the owner and its item.
   std::string Place() const { return item_.empty() ? Owner() : Owner() + " " + item_; }
-  // A run of blocks that hold `words` words. False, with a finding, when it cannot be the owner's.
+  // Claims a run of blocks that holds `words` words. False, with a finding, if it cannot belong to
+  // the owner.
   bool Claim(std::int32_t address, std::int32_t words);
-  // A run that several items of the present owner can share; claimed once.
+  // Claims a run that several items of the current owner can share; claimed once.
   bool ClaimShared(std::int32_t address, std::int32_t words);
-  // The words of a block that was claimed. False, with a finding, when they cannot be read.
+  // Reads the words of a claimed block. False, with a finding, if they cannot be read.
   bool Read(std::int32_t address, std::int32_t words, std::int32_t* buffer);
-  // Free blocks of an extent; the open tail reaches to the end of its file.
+  // Marks the blocks of an extent as free; the endless tail extends to the end of its file.
   void Free(Extent const& extent);
-  // Tells of blocks that nobody claimed, and of the sizes.
+  // Reports blocks that were not claimed, and the sizes.
   void Close();
 
  private:

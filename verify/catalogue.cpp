@@ -1,4 +1,4 @@
-// What a data tool asks beyond the working classes: names, units, weights.
+// What data tools need beyond the main classes: names, units, weights.
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -15,7 +15,7 @@
 namespace zel {
 namespace {
 
-// The table's texts are literals, so that each ends with a zero.
+// The table's texts are literals, so each is null-terminated.
 constexpr std::size_t kWritten = [] {
   std::size_t count = 0;
   while (kPropertyRows[count].index != kEndOfWritten) ++count;

@@ -1,4 +1,4 @@
-// The atoms of a formula, the water of a hydrate among them.
+// The atoms of a formula, including the water of a hydrate.
 #pragma once
 
 #include <cstdint>
@@ -8,11 +8,11 @@
 
 namespace zel {
 
-// Atoms by element, without those that are counted 0 times.
+// Number of atoms by element, without elements that have 0 atoms.
 using Composition = std::map<std::string, std::int64_t>;
 
-// False for an empty text, for one that is no formula and for "mixture" and "petro", which have no
-// atoms.
+// False for an empty text, for one that is not a formula and for "mixture" and "petro", which have
+// no atoms.
 bool CompositionOf(std::string_view formula, Composition& atoms);
 
 }  // namespace zel

@@ -1,4 +1,4 @@
-// Whether a derived constant rests on data that are there.
+// Whether a derived constant was computed from data that exist.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -22,7 +22,7 @@ constexpr std::int32_t kFormula = -2;
 constexpr std::int32_t kLatentHeatAtRoom = -3;      // at 298.15 K
 constexpr std::int32_t kVaporPressureReduced = -4;  // at 0.7 TC
 
-// What each method of the fill-in takes, by the label that it leaves.
+// The inputs of each method of the fill-in, by the label that it leaves.
 struct Method {
   std::string_view label;
   std::array<std::int32_t, 3> inputs;
@@ -30,7 +30,7 @@ struct Method {
 constexpr Method kMethods[] = {
     {"from MW", {propertyMW, kNone, kNone}},
     {"from Vc,Tc",
-     {propertyVC, propertyTC, propertyMW}},  // MW tells that the component is light enough
+     {propertyVC, propertyTC, propertyMW}},  // MW decides whether the component is light enough
     {"from sg6oF", {propertySG60F, kNone, kNone}},
     {"from NBP,sg6oF", {propertyNBP, propertySG60F, kNone}},
     {"from NBP", {propertyNBP, kNone, kNone}},
@@ -49,7 +49,7 @@ constexpr Method kMethods[] = {
     {"from HVap@25C,MolVol@25C", {propertyMVOL25C, kLatentHeatAtRoom, kNone}},
     {"from PSat,Pc,Tc", {propertyPC, propertyTC, kVaporPressureReduced}},
 };
-// They complete each other without a label.
+// These are computed from each other without a label.
 constexpr std::array<std::uint32_t, 4> kCritical = {propertyTC, propertyPC, propertyVC, propertyZC};
 
 class Judge {
@@ -71,7 +71,7 @@ class Judge {
            std::isfinite(value);
   }
 
-  // Labels of data that were changed since can lead in a circle.
+  // Labels of data that were changed later can form a circle.
   bool IsFounded(std::uint32_t index, int depth) const {
     constexpr int kDeepest = 8;
     if (depth > kDeepest) return false;
@@ -113,14 +113,14 @@ class Judge {
     return GetComponentIdentity(&c_, identity) && CompositionOf(identity.formula, atoms);
   }
 
-  // The fill-in gives the temperature in K, whatever the unit of the record.
+  // The fill-in passes the temperature in K, whatever the unit of the record.
   bool HasValue(std::uint32_t curve, double kelvin) const {
     std::int32_t equation = 0, tempUnit = 0, propUnit = 0, logBasis = 0, basis = 0, count = 0;
     double factor = 0.0, tMin = 0.0, tMax = 0.0;
     double coefficients[15] = {};
     c_.GetCorrelation(curve, &equation, &tempUnit, &propUnit, &factor, &logBasis, &basis, &count,
                       &tMin, &tMax, coefficients);
-    double value = gen_GetUndefDouble();  // left by a form that has none there
+    double value = gen_GetUndefDouble();  // unchanged by a form that has no value there
     double slope = 0.0;
     std::int32_t status = 0;
     return tempUnit == kKelvin &&

@@ -1,4 +1,4 @@
-// The way from a check to the host's sink.
+// Passes findings of a check to the host's sink.
 #pragma once
 
 #include <string>

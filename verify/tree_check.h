@@ -1,4 +1,4 @@
-// One tree held against its own rules.
+// Checks one tree.
 #pragma once
 
 #include <cstdint>
@@ -10,17 +10,16 @@
 
 namespace zel {
 
-// What a tree must have besides being a tree.
+// What a tree must satisfy besides being a valid tree.
 struct TreeRule {
   std::int32_t keyWords = 0;   // 0 for any
   std::int32_t dataWords = 0;  // in the entry; 0 for any
 };
 
-// Looks at every node once: counts, capacity, links (all or none), equal depth, keys that rise from
-// the first entry to the last; claims its block. Gives each entry, key first, to `visit`. A node
-// that is not what it should be is not entered. False when anything was wrong.
-// The words for parent and neighbours are not looked at: they tell how the tree came about, not how
-// it is.
+// Checks every node once: counts, capacity, links (all or none), equal depth, keys that ascend from
+// the first entry to the last; claims its block. Calls `visit` with each entry, key first. A node
+// with a fault is not descended into. False if there was any fault. The words for parent and
+// neighbours are not checked: they reflect the history of the tree, not its present state.
 class TreeCheck {
  public:
   using Visit = std::function<void(std::int32_t const* entry)>;
@@ -44,11 +43,11 @@ class TreeCheck {
   Findings& findings_;
   Visit const* visit_ = nullptr;
   std::int32_t keyWords_ = 0;
-  std::int32_t width_ = 0;  // words of an entry and the link behind it
+  std::int32_t width_ = 0;  // words of an entry and the link after it
   std::int32_t capacity_ = 0;
-  std::vector<std::int32_t> last_;  // the key of the entry before
+  std::vector<std::int32_t> last_;  // the key of the previous entry
   std::int64_t entries_ = 0;
-  int depth_ = 0;  // of the first leaf met
+  int depth_ = 0;  // of the first leaf reached
   bool good_ = true;
 };
 

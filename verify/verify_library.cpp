@@ -95,7 +95,7 @@ void Verification::Memo(std::int32_t address, std::int32_t words) {
   claims_.Claim(address, words);
 }
 
-// The header or the block table; false, with a finding, when it cannot be read.
+// Reads the header or the block table; false, with a finding, if it cannot be read.
 bool Verification::ReadPlain(std::int32_t block, std::int32_t* words) {
   if (store_.ReadPlain(block, f::kHeaderWords, words) >= 0) return true;
   findings_.Damage("block-unreadable", "the header",
@@ -121,7 +121,7 @@ void Verification::Header() {
   Memo(header[f::kMemoAddress], header[f::kMemoWords]);
 }
 
-// The open drops extents that cannot be true; here they are told.
+// Opening a library drops impossible extents; here they are reported.
 void Verification::Extents() {
   std::array<std::int32_t, f::kHeaderWords> table{};
   if (!ReadPlain(f::kBlockTableBlock, table.data())) return;
@@ -156,7 +156,7 @@ void Verification::OwnTrees() {
                std::copy_n(entry + f::kBankKeyWords, bank.entry.size(), bank.entry.begin());
                banks_.push_back(bank);
              });
-  auto const nothing = [](std::int32_t const*) {};  // IDs are looked at with the components
+  auto const nothing = [](std::int32_t const*) {};  // IDs are checked with the components
   claims_.SetOwner("the tree of component IDs");
   trees_.Run(heads[1].data(), {f::kIdKeyWords, 1}, nothing);
   claims_.SetOwner("the tree of CAS numbers");
@@ -214,7 +214,7 @@ void Verification::ComponentBlocks(std::int32_t address) {
     }
     return;
   }
-  // The older layout: entries of several components stand in one block.
+  // In the older layout, the entries of several components are in one block.
   std::set<std::int32_t> shared;
   constexpr int kEntries = 20;
   for (int i = 0; i < kEntries; ++i) {
@@ -263,7 +263,7 @@ void Verification::Items(StoredBank const& bank) {
   }
 }
 
-// Numbers that are none do not come from any writer.
+// A NaN or an infinity is damage: no program writes one.
 void Verification::Item(StoredBank const& bank, std::int32_t const* key, IZelBankDef* item) {
   if (auto const component = Held<IZelPureComp>::Of(item, IID_IZelPureComp)) {
     Component(bank, key[0], *component.Get());
@@ -343,14 +343,14 @@ void Verification::Identifiers() {
                             ", of which the library has no constants");
     }
   } catch (unsigned long const address) {
-    // A damaged tree was told of above.
+    // A damaged tree has been reported already.
     if (findings_.Damages() == 0) {
       findings_.Damage("block-unreadable", "the tree of component IDs",
                        "block " + std::to_string(address) + " cannot be read");
     }
   }
-  // A CAS number can be that of several components, of which the tree has one, and stays in the
-  // tree when its component gets another.
+  // Several components can have the same CAS number, of which the tree has only one; it remains in
+  // the tree when its component gets another CAS number.
   for (auto const& [cas, component] : casEntries_) {
     std::string const text = static_cast<char const*>(casn(cas));
     if (components_.count(component) == 0) {
@@ -365,7 +365,7 @@ void Verification::Identifiers() {
   }
 }
 
-// Null unless it is open.
+// Null unless the library is open.
 LibFile_i* OpenLibrary(LibFile* library) {
   auto* const inner = dynamic_cast<LibFile_i*>(library);
   return inner != nullptr && inner->GetBankTree() != nullptr ? inner : nullptr;
@@ -377,7 +377,7 @@ bool GetFileRoom(LibFile* library, std::int32_t file, ZelFileRoom& room) {
   LibFile_i* const inner = OpenLibrary(library);
   if (inner == nullptr || file < 1 || file >= f::kFileSlots) return false;
   BlockStore& store = inner->Store();
-  // Files but the first are opened when they are first asked for.
+  // Files other than the first are opened when they are first used.
   if (store.FileState(file) == BlockStore::kPresent) store.OpenFile(file, false, false);
   if (store.FileState(file) != BlockStore::kOpen) return false;
   room = {};

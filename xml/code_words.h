@@ -1,4 +1,4 @@
-// The words of codes in the attributes of components in documents.
+// The words for codes in the attributes of components in documents.
 #pragma once
 
 #include <cstdint>
@@ -8,14 +8,14 @@
 
 namespace zel {
 
-// Words are read in any case of letters and written as they are here.
+// Words are read in upper or lower case and written as they are here.
 struct CodeWord {
   std::int32_t code;
   std::string_view word;
 };
 
-// Phases of a component, 1 vapor, 2 liquid, 4 solid, added up.
-inline constexpr std::int32_t kUsualPhase = 3;  // is read, but not written
+// Phases of a component: the sum of 1 vapor, 2 liquid, 4 solid.
+inline constexpr std::int32_t kUsualPhase = 3;  // read, but not written
 inline constexpr CodeWord kPhaseWords[] = {
     {0, "NONE"}, {kUsualPhase, "VL"}, {7, "VLS"}, {6, "LS"}, {4, "S"}};
 inline constexpr CodeWord kTempUnitWords[] = {{10, "k"}, {12, "r"}, {11, "c"}, {13, "f"}};
@@ -31,7 +31,7 @@ constexpr std::string_view WordOf(CodeWord const (&words)[N], std::int32_t code)
   return {};
 }
 
-// False, with the code as it was, for a word that is not in the table.
+// False, with the code unchanged, for a word that is not in the table.
 template <std::size_t N>
 bool TakeCode(CodeWord const (&words)[N], std::string_view word, std::int32_t& code) noexcept {
   for (CodeWord const& row : words) {

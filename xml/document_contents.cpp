@@ -1,4 +1,4 @@
-// What a document holds, for hosts.
+// Counts what a document holds, for hosts.
 #include "frame/ascii.h"
 #include "frame/platform/text_file.h"
 #include "xml/import_ledger.h"

@@ -31,7 +31,7 @@ void PutNotice(TextFile& out) {
       << "  -  Names of companies and of their libraries are marks of theirs.\n";
 }
 
-// An element of the library that holds one line of text, when there is any.
+// Writes an element of the library that holds one line of text, unless the text is empty.
 void PutText(TextFile& out, std::string_view name, std::string_view text) {
   if (text.empty()) return;
   out << "  <" << name << ">\n    " << text << "\n  </" << name << ">\n";
@@ -51,7 +51,7 @@ Export_i::Export_i(LibMaint_i& owner, ExportSwitches const& switches, std::strin
   extension_ = parts.extension.empty() ? std::string(kUsualExtension) : parts.extension;
 }
 
-// Empty, which cannot be opened, for a path that is too long.
+// Returns an empty path, which cannot be opened, if the path is too long.
 std::string Export_i::PathOf(std::string const& file) const {
   std::string path = folder_ + file;
   return path.size() > kMostPath ? std::string() : path;
@@ -83,7 +83,8 @@ void Export_i::PutHeader(TextFile& out, std::string label) const {
   out << "  -->\n\n";
 }
 
-// One CDATA section with a blank behind its opening; every further line is led by a mark.
+// Writes one CDATA section with a blank after its opening and a mark at the start of every further
+// line.
 void Export_i::PutMemo(TextFile& out, std::string memo) {
   if (memo.empty()) return;
   memo += "]]>";
@@ -137,7 +138,7 @@ bool Export_i::ExportBank(char const* type, char const* name) {
   return WriteBank(type, name, base_, file);
 }
 
-// `file` becomes the name of the file, and stays empty when the bank is left out.
+// Sets `file` to the name of the file; leaves it empty if the bank is left out.
 bool Export_i::WriteBank(std::string const& type, std::string const& name, std::string_view base,
                          std::string& file) {
   Held<IZelBankDef> const record(NewKnownBank(type.c_str()));
@@ -164,15 +165,15 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
     } else if (!WriteComponents(out, name)) {
       return false;
     }
-  } catch (unsigned long const address) {  // the tree: what comes behind it is lost
+  } catch (unsigned long const address) {  // in the tree: the rest of it is lost
     if (!owner_.TellUnread(type + ":" + name, address)) throw;
   }
   out << "</bank>\n";
   return out.Close();
 }
 
-// Each component is found again by its first ID; one that is not is left out. False when the file
-// of one cannot be written.
+// Each component is looked up again by its first ID and left out if it is not found. False when the
+// file of one cannot be written.
 bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   constexpr std::size_t kIndent = 2;
   Held<IZelBankDef> const record(NewPureComp());

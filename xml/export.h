@@ -1,8 +1,8 @@
-// Export_i: a library, a bank or a component written in the interchange form.
+// Export_i: writes a library, a bank or a component in the interchange format.
 //
-// A plain formatter: texts go out as they stand, with one mark for double quotes in component
-// names, so a "&" or "<" in a text makes a document that does not read back. Results say whether
-// the files could be opened and all of their text was written.
+// A plain formatter: texts are written as is, except that double quotes in component names are
+// replaced, so a "&" or "<" in a text makes a document that cannot be read back. Functions return
+// whether the files could be opened and all of their text was written.
 #pragma once
 
 #include <string>
@@ -16,19 +16,19 @@
 namespace zel {
 
 struct ExportSwitches {
-  bool writeFormat;     // write the format of a bank, and banks of later formats at all
+  bool writeFormat;     // write the format of a bank; if false, banks of later formats are left out
   bool writeBanner;     // a block for a maintenance log in the header
   bool writeNotice;     // a notice of rights in the header
-  bool componentFiles;  // components of a bank in files of their own, behind `import` tags
+  bool componentFiles;  // components of a bank in files of their own, named by `import` tags
 };
 
 class Export_i {
  public:
-  // `path` says where to: its folder, file name and extension count where it has them.
+  // `path` is the destination; its folder, file name and extension are used as far as it has them.
   Export_i(LibMaint_i& owner, ExportSwitches const& switches, std::string_view path);
 
   bool ExportLibrary();
-  // True also for a bank that is left out since its format may not be told.
+  // Also true for a bank that is left out because its format may not be written.
   bool ExportBank(char const* type, char const* name);
   bool ExportComponentByNumber(char const* bank, std::int32_t number);
   bool ExportComponentById(char const* bank, char const* id);
@@ -36,7 +36,7 @@ class Export_i {
  private:
   bool WriteBank(std::string const& type, std::string const& name, std::string_view base,
                  std::string& file);
-  // What became of a component's own file.
+  // The result of writing a component's own file.
   enum class Written { kWhole, kNoComponent, kNotWhole };
   Written WriteComponentFile(char const* bank, Key* key, std::string const& component,
                              std::string_view base, std::string& file);
@@ -52,7 +52,7 @@ class Export_i {
   std::string folder_;
   std::string base_;
   std::string extension_;
-  // First library ID by component number, as far as they were asked for.
+  // First library ID by component number, for the components looked up so far.
   std::unordered_map<std::int32_t, std::string> ids_;
 };
 

@@ -38,7 +38,7 @@ class ComponentText {
   }
 
  private:
-  // An attribute, when there is something to say.
+  // Writes an attribute, unless its value is empty.
   void PutWord(std::string_view name, std::string_view word) {
     if (!word.empty()) out_ << " " << name << "=\"" << word << "\"";
   }
@@ -49,7 +49,7 @@ class ComponentText {
     if (code != 0) out_ << " refCode=\"" << code << "\"";
   }
 
-  // The one character of a name that would end its attribute.
+  // Writes a name; a double quote, which would end the attribute, is replaced.
   void PutName(std::string_view name) {
     for (char c : name) {
       if (c == '"') {

@@ -15,8 +15,8 @@ namespace {
 
 enum KeyKind : std::int32_t { kComponents = 0, kNumbers = 1, kCharacters = 2 };
 
-// What is written of a key: a component with itself counts as one, and places that were left out do
-// not count. Character keys are always whole.
+// The number of key words to write: a component with itself is written as one, and words that were
+// left out are not written. Character keys are always written completely.
 std::int32_t LengthOf(BankInfo const& info, std::int32_t* words) {
   std::int32_t length = info.keyWords;
   if (info.minKeyWords >= info.keyWords || info.keyKind == kCharacters) return length;
@@ -78,7 +78,7 @@ void ItemExport::PutKey(BankInfo const& info, std::int32_t const* words, std::in
   if (info.keyKind == kComponents) PutIds(words, length);
 }
 
-// A comment that tells people which components are meant.
+// Writes a comment that shows readers which components are meant.
 void ItemExport::PutIds(std::int32_t const* words, std::int32_t length) {
   constexpr std::size_t kWidth = 9;
   std::string text;
@@ -104,7 +104,7 @@ std::string const& ItemExport::IdOf(std::int32_t number) {
   return ids_.emplace(number, id).first->second;
 }
 
-// The values up to the last one that is defined; nothing when the first is not.
+// Writes the values up to the last one that is defined; nothing if the first one is undefined.
 template <typename Value, typename IsUndefined, typename Put>
 void ItemExport::PutValues(Element const& element, std::vector<Value> const& values,
                            IsUndefined const& isUndefined, Put const& put) {

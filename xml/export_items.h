@@ -1,4 +1,4 @@
-// Items of a bank of any type but pure components, written by the field table of the type.
+// Writes items of a bank of any type except pure components, by the field table of the type.
 #pragma once
 
 #include <string>
@@ -14,11 +14,11 @@ namespace zel {
 
 class ItemExport {
  public:
-  // `ids` keeps what the library says of component numbers, for the next bank too.
+  // `ids` caches the IDs of component numbers, also for the next bank.
   ItemExport(LibMaint_i& owner, platform::TextFile& out,
              std::unordered_map<std::int32_t, std::string>& ids);
 
-  // Writes the fields of a format; the items stand grouped by the length of their keys.
+  // Writes the fields of a format; the items are grouped by the length of their keys.
   void Write(IZelBankDef* record, std::string const& name, std::int32_t format);
 
  private:

@@ -26,7 +26,7 @@ struct FieldTags {
   std::vector<FieldTag> tags;
   std::size_t largest = 1;  // count of all
 
-  // Those of a record format; 0 takes all.
+  // The fields of a record format; 0 means all.
   FieldTags(IZelBankDef* bank, std::int32_t format);
 };
 

@@ -27,7 +27,7 @@ constexpr std::array<NameRow, 4> kLibraryNodes{{{"description", NameMode::kOnce}
 
 }  // namespace
 
-// What the attributes of a bank say, and what is wrong with them.
+// The values of a bank's attributes, and what is wrong with them.
 struct BankAttributes {
   std::string type;
   std::string givenName;  // as messages show it
@@ -78,8 +78,8 @@ std::string Import_i::MakeBank(XmlNode node, BankAttributes const& bank) {
   return {};
 }
 
-// A document that cannot be opened ends the import whatever the verdict of the report. The entries
-// that it made in the document stacks stay.
+// A document that cannot be opened ends the import, whatever the report returns. The entries that
+// it made in the document stacks remain.
 bool Import_i::OpenDocument(char const* path, bool replaceExisting) {
   run_.log.ClearLog();
   run_.replaceExisting = replaceExisting;
@@ -90,7 +90,7 @@ bool Import_i::OpenDocument(char const* path, bool replaceExisting) {
     run_.log.ReportError(problem);
     return false;
   }
-  root_ = document->document.Root();  // kept by the run until it is settled
+  root_ = document->document.Root();  // the run keeps the document until it is settled
   return true;
 }
 
@@ -134,7 +134,7 @@ bool Import_i::WalkLibrary(XmlNode library) {
   return !walk.Aborted();
 }
 
-// One of the library's own texts. False when the import must end.
+// Reads one of the library's own texts. False when the import must end.
 bool Import_i::TakeText(XmlNode node, std::size_t match) {
   LibFile_i& file = *run_.owner.Library();
   TextChecks& checks = run_.texts;
@@ -156,8 +156,7 @@ bool Import_i::TakeText(XmlNode node, std::size_t match) {
   return !checks.Ended();
 }
 
-// A bank is always new. One that cannot be made is passed over whole, when the verdict lets the
-// import go on.
+// A bank must be new. One that cannot be made is skipped completely if the import may continue.
 bool Import_i::WalkBank(XmlNode bank) {
   run_.log.ClearTexts();
   run_.texts.Begin();
@@ -167,7 +166,7 @@ bool Import_i::WalkBank(XmlNode bank) {
   if (run_.texts.Refused()) return run_.texts.Verdict();
   DocumentLedger::Arrived(bank);
   run_.log.ShowBankProgress(attributes.type, attributes.name);
-  // Only the type in upper case goes by the form of components.
+  // Only the type in upper case is read as a bank of components.
   if (attributes.type == kPureComponentType) {
     return ComponentImport(run_, attributes.name).WalkBank(bank);
   }

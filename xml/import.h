@@ -1,7 +1,7 @@
-// Import_i: the interchange form read into an open library.
+// Import_i: reads the interchange format into an open library.
 //
-// One object lives for one import. Work is done item by item: what has been read is in the library,
-// also when the import breaks off further on.
+// Each import has its own object. Items are stored one by one: what has been read stays in the
+// library, even if the import fails later.
 #pragma once
 
 #include "xml/import_run.h"
@@ -17,7 +17,7 @@ class Import_i {
 
   // The root is a library or a bank, which must be new. True when no error was reported.
   bool Import(char const* path, bool replaceExisting);
-  // The root is one component, whose bank is made when it is not there.
+  // The root is one component, whose bank is made if it does not exist.
   bool ImportComponent(char const* path, char const* bankName, bool replaceExisting);
   ZelImportCounts const& Counts() const noexcept { return run_.counts; }
 
@@ -26,7 +26,7 @@ class Import_i {
   bool WalkLibrary(XmlNode library);
   bool TakeText(XmlNode node, std::size_t match);
   bool WalkBank(XmlNode bank);
-  // Gives what stands in the way, or nothing.
+  // Returns the reason why the bank cannot be made; empty on success.
   std::string MakeBank(XmlNode bank, BankAttributes const& attributes);
   bool Finish();
 

@@ -1,4 +1,4 @@
-// Attributes of an element, taken before any of them is looked at.
+// Attributes of an element, collected before any of them is used.
 #pragma once
 
 #include <array>
@@ -12,7 +12,8 @@ namespace zel {
 template <std::size_t N>
 using AttributeValues = std::array<std::optional<std::string>, N>;
 
-// The values that a walk hands out, by the row of their names. False when the walk was aborted.
+// Collects the values that a walk returns, by the row of their names. False when the walk was
+// aborted.
 template <std::size_t N>
 bool TakeAttributes(ImportIterator_i& walk, AttributeValues<N>& values) {
   std::string scratch;

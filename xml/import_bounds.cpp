@@ -5,7 +5,7 @@
 namespace zel {
 
 std::string_view ImportBounds::Take(std::string const& path, std::uint64_t bytes) {
-  constexpr std::uint64_t kLeast = 1000;  // what opening a file costs, as bytes
+  constexpr std::uint64_t kLeast = 1000;  // the cost of opening a file, in bytes
   bytes = std::max(bytes, kLeast);
   ++documents_;
   (paths_.insert(path).second ? bytes_ : repeated_) += bytes;

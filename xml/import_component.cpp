@@ -33,7 +33,7 @@ constexpr std::array<NameRow, 1> kStructureAttributes{{{"model", NameMode::kOnce
 
 constexpr std::int32_t kMostGroups = 10;
 
-// The number at the front of a text; false, with the value as it was, when there is none.
+// Removes the number at the start of a text; false, with the value unchanged, if there is none.
 bool TakeInt(std::string_view& text, std::int32_t& value) {
   std::size_t const start = text.find_first_not_of(" \t\r\n");
   if (start == std::string_view::npos) return false;
@@ -46,7 +46,7 @@ bool TakeInt(std::string_view& text, std::int32_t& value) {
   return true;
 }
 
-// `number(count)`; what does not stand there leaves its value as it was.
+// Reads `number(count)`; a missing part leaves its value unchanged.
 void TakeGroup(std::string_view text, std::int32_t& number, std::int32_t& count) {
   if (!TakeInt(text, number) || text.empty() || text.front() != '(') return;
   text.remove_prefix(1);
@@ -113,7 +113,7 @@ bool ComponentImport::WalkComponent(XmlNode component) {
   return !walk.Aborted() && StoreComponent(component);
 }
 
-// A component without a number is dropped without a word, and ends the bank all the same.
+// A component without a number is dropped without a message, but still ends the bank.
 bool ComponentImport::StoreComponent(XmlNode component) {
   if (number_ == 0) return false;
   if (identityRefused_) return true;
@@ -176,8 +176,8 @@ bool ComponentImport::ReadSmiles(XmlNode node) {
   return true;
 }
 
-// A second element of one model adds to the count of the first while its groups take the places
-// from the start.
+// A second element of one model adds to the count of the first, but its groups replace the first
+// ones from the start.
 bool ComponentImport::ReadStructure(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kStructureAttributes, "component <structure>");
@@ -187,7 +187,7 @@ bool ComponentImport::ReadStructure(XmlNode node) {
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) {
     std::string_view const word = attribute.Value(scratch);
-    model = 1;  // the name of the first is not read: it goes without one
+    model = 1;  // model 0 has no name in documents
     while (model < kModelKeywords.size() && !SameText(kModelKeywords[model], word)) ++model;
     if (model == kModelKeywords.size()) {
       return Report("Unrecognized value \"" + std::string(word) +

@@ -1,7 +1,7 @@
-// Components of one bank, read from `comp` elements.
+// Reads the components of one bank from `comp` elements.
 //
-// An element of a component that cannot be read is reported and passed over, when the verdict lets
-// the import go on; the component is written without it. Without an identity it is not written at
+// An element of a component that cannot be read is reported and, if the import may continue,
+// skipped; the component is written without it. A component without an identity is not written at
 // all.
 #pragma once
 
@@ -22,9 +22,9 @@ class ComponentImport {
  public:
   ComponentImport(ImportRun& run, std::string_view bankName);
 
-  // The memo and the components of a bank that has just been made. False when the import must end.
+  // Reads the memo and the components of a bank that was just made. False when the import must end.
   bool WalkBank(XmlNode bank);
-  // One component, whose bank is made when it is not there.
+  // Reads one component, whose bank is made if it does not exist.
   bool ImportAlone(XmlNode component);
 
  private:
@@ -33,7 +33,7 @@ class ComponentImport {
   // Checks that an element is the first of its kind.
   void CheckFirst(XmlNode node, std::string_view kind, std::uint32_t index, std::string_view key);
 
-  // Elements of a component; false ends it, and nothing of it is written.
+  // Read elements of a component; false ends the component, and nothing of it is written.
   bool ReadElement(std::size_t element, XmlNode node);
   bool ReadPhase(XmlNode node);
   bool ReadSmiles(XmlNode node);
@@ -45,7 +45,7 @@ class ComponentImport {
   bool ReadCorrelation(XmlNode node);
 
   bool Report(std::string_view message) { return run_.log.ReportError(message); }
-  // Says that a word is none of those that are known, of a kind and name when one is given.
+  // Reports that a word is not one of the known ones, with a kind and name if they are given.
   bool Unrecognized(std::string_view what, std::string_view word, std::string_view kind = {},
                     std::string_view name = {});
 
@@ -56,7 +56,7 @@ class ComponentImport {
   Held<IZelPureComp> component_;
   Key_i key_;
   std::int32_t number_ = 0;  // 0 until the identity was read
-  // What of the component has been read, by kind and index; kept only where texts are checked.
+  // The elements of the component read so far, by kind and index; kept only if texts are checked.
   std::set<std::pair<std::string_view, std::uint32_t>> seen_;
   bool identityRefused_ = false;
 };

@@ -22,7 +22,7 @@ constexpr std::array<NameRow, kOfProperty> kPropertyAttributes{{{"name", NameMod
                                                                 {"uom", NameMode::kOnce},
                                                                 {"refcode", NameMode::kOnce}}};
 
-// The attributes of a correlation are walked twice: what it is, then what it holds.
+// The attributes of a correlation are walked twice: first for its name, then for its values.
 enum CorrelationAttribute : std::size_t {
   kName,
   kEquation,
@@ -53,7 +53,7 @@ constexpr CorrelationNames NamesOfPass(bool first) {
 constexpr CorrelationNames kFirstPass = NamesOfPass(true);
 constexpr CorrelationNames kSecondPass = NamesOfPass(false);
 
-// Rows that only end a part of the table have no name, and a name is never empty here.
+// Rows that only mark the end of a part of the table have no name; `name` is never empty here.
 PropertyRow const* FindProperty(std::string_view name) {
   auto const row = std::find_if(std::begin(kPropertyRows), std::end(kPropertyRows),
                                 [&](PropertyRow const& r) { return SameText(r.keyword, name); });
@@ -70,7 +70,7 @@ bool IsGiven(std::optional<std::string> const& value) { return value && !value->
 
 constexpr std::size_t kCoefficients = 15;
 
-// One correlation, as GetCorrelation and SetCorrelation have it.
+// One correlation, as in GetCorrelation and SetCorrelation.
 struct CorrelationData {
   std::int32_t equation = 0;
   std::int32_t tempUnit = 0;
@@ -83,7 +83,7 @@ struct CorrelationData {
   std::array<double, kCoefficients> coefficients;
   std::uint32_t refCode = 0;
 
-  // What the component has, also where that is not a sound correlation yet.
+  // The data that the component has, even if they are not a valid correlation yet.
   CorrelationData(IZelPureComp* component, std::uint32_t index) {
     coefficients.fill(gen_GetUndefDouble());
     double factor = 0.0;
@@ -114,7 +114,8 @@ struct CorrelationData {
   }
 };
 
-// Takes one attribute of the second pass; gives what kind of word was not understood, or nothing.
+// Reads one attribute in the second pass; returns the kind of word that was not understood, or
+// nothing.
 std::string_view TakeAttribute(std::size_t attribute, XmlNode node, std::string_view value,
                                std::string_view dimension, ImportRun& run, CorrelationData& data) {
   switch (attribute) {
@@ -165,8 +166,8 @@ bool ComponentImport::ReadProperty(XmlNode node) {
   return true;
 }
 
-// A second element of one correlation adds to the count of coefficients while its own take the
-// places from the start.
+// A second element of one correlation adds to the count of coefficients, but its own coefficients
+// replace the first ones from the start.
 bool ComponentImport::ReadCorrelation(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kFirstPass, "component <correlation>");

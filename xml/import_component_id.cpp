@@ -38,7 +38,7 @@ bool IsFormula(std::string_view formula) {
   return CountElements(formula, {elements, counts, 0}, found);
 }
 
-// What the attributes and the text say; the number is not yet looked at.
+// Reads the attributes and the text, but not the number.
 void Take(XmlNode node, AttributeValues<kCount> const& values, TextChecks& checks,
           ComponentIdentity& identity) {
   if (values[kName]) {

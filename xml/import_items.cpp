@@ -16,7 +16,7 @@ namespace {
 enum BankNode : std::size_t { kMemo, kItem };
 constexpr std::array<NameRow, 2> kBankNodes{{{"memo", NameMode::kOnce}, {"item", NameMode::kAny}}};
 
-// By key kind.
+// Tags by key kind.
 constexpr std::array<std::string_view, 3> kKeyTags{"keys", "numerickey", "characterkey"};
 
 constexpr std::string_view kUndefinedMark = "-";
@@ -59,9 +59,9 @@ bool ItemImport::Report(std::string_view message) {
   return verdict_;
 }
 
-// An item whose walk was broken off is written all the same, with what was read so far, when its
-// key is complete; only then does the false result end the bank. A value that is not on its list
-// leaves the item unwritten when the verdict is to stop, and a number that is refused in any case.
+// An item whose walk was aborted is still written, with what was read so far, if its key is
+// complete; only then does the result false end the bank. If a value is not on its list, the item
+// is not written when the import must stop; if a number is refused, it is never written.
 bool ItemImport::WalkItem(XmlNode item) {
   record_->Clear();
   run_.log.ClearTexts();
@@ -86,14 +86,14 @@ bool ItemImport::WalkItem(XmlNode item) {
   return goesOn && !walk.Aborted();
 }
 
-// Gives the verdict of the last report, true without one.
+// Returns whether the import may continue after the last report; true without a report.
 bool ItemImport::StoreItem(XmlNode item, std::int32_t keyCount) {
   if (keyCount == 0) key_.ClearKey();
   if (keyCount < info_.minKeyWords || keyCount > info_.keyWords) {
     return Report(KeyCountProblem(keyCount));
   }
   LibMaint_i& owner = run_.owner;
-  // The bank is new: what exists is of the same documents.
+  // The bank is new, so an existing item comes from the same documents.
   if ((!run_.replaceExisting || run_.texts.On()) &&
       owner.ItemExists(record_.Get(), bankName_.c_str(), &key_)) {
     if (!run_.replaceExisting) return Report("Item already exists in this bank");
@@ -104,7 +104,7 @@ bool ItemImport::StoreItem(XmlNode item, std::int32_t keyCount) {
   return verdict_;
 }
 
-// False when the import must end. Places that the text leaves out keep what the record has.
+// False when the import must end. Values that the text leaves out are not changed in the record.
 bool ItemImport::ReadTag(FieldTag const& tag, XmlNode node, std::string_view text) {
   switch (tag.type) {
     case fieldInteger: ReadIntegers(tag, node, text); return true;

@@ -1,6 +1,6 @@
-// Items of one bank, of any type but pure components, read by the field table of the type.
+// Reads the items of one bank of any type except pure components, by the field table of the type.
 //
-// One record, one key and one set of buffers serve all items of a bank.
+// All items of a bank use the same record, key and buffers.
 #pragma once
 
 #include <cstdint>
@@ -17,10 +17,10 @@ namespace zel {
 
 class ItemImport {
  public:
-  // `format` as the bank was made with; 0 takes all fields of the highest.
+  // `format` is the one with which the bank was made; 0 means all fields of the highest format.
   ItemImport(ImportRun& run, std::string_view type, std::string_view name, std::int32_t format);
 
-  // The memo and the items of a bank. False when the import must end.
+  // Reads the memo and the items of a bank. False when the import must end.
   bool WalkBank(XmlNode bank);
 
  private:
@@ -28,7 +28,7 @@ class ItemImport {
   bool StoreItem(XmlNode item, std::int32_t keyCount);
   bool Report(std::string_view message);
 
-  // import_keys.cpp: the key from its text; gives the number of keys entered.
+  // import_keys.cpp: read the key from its text; return the number of keys entered.
   std::int32_t ReadKey(XmlNode node, std::string_view text);
   std::int32_t ReadComponents(std::string_view text);
   std::int32_t ReadNumbers(XmlNode node, std::string_view text);
@@ -39,7 +39,7 @@ class ItemImport {
   void ReadIntegers(FieldTag const& tag, XmlNode node, std::string_view text);
   void ReadReals(FieldTag const& tag, XmlNode node, std::string_view text);
   void ReadText(FieldTag const& tag, XmlNode node, std::string_view text);
-  // Gives each value of a text that has a place to `take`, with its place.
+  // Calls `take` for each value of a text that has a place, with the place.
   template <typename Take>
   void ForEachValue(FieldTag const& tag, XmlNode node, std::string_view text, Take const& take);
   bool ReadChoice(FieldTag const& tag, std::string_view text);
@@ -50,7 +50,7 @@ class ItemImport {
   BankInfo info_;
   Key_i key_;
   FieldTags fields_;
-  std::vector<NameRow> names_;  // of the tags, and behind them that of the key
+  std::vector<NameRow> names_;  // of the tags, followed by that of the key
   std::vector<std::int32_t> intValues_;
   std::vector<double> realValues_;
   std::vector<char> textValue_;

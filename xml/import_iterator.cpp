@@ -9,7 +9,7 @@ namespace zel {
 
 namespace {
 
-constexpr std::uint8_t kReported = 2;  // a name seen that often has been reported
+constexpr std::uint8_t kReported = 2;  // a name seen this often has been reported
 
 std::string Joined(std::initializer_list<std::string_view> pieces) {
   std::string text;
@@ -17,7 +17,7 @@ std::string Joined(std::initializer_list<std::string_view> pieces) {
   return text;
 }
 
-// The first element of that name. A document type has the name of the root and is none.
+// The first element of this name. A document type has the name of the root but is not an element.
 XmlNode FirstElement(XmlNode node, std::string_view name) {
   while (node && !(node.IsElement() && SameText(node.Name(), name))) node = node.Next();
   return node;
@@ -49,8 +49,8 @@ ImportIterator_i ImportIterator_i::OverAttributes(ImportRun& run, XmlNode elemen
   return {run, element.FirstAttribute(), true, names, context, ImportTags::kUnknown};
 }
 
-// The document stacks are left as they are: an import that ends within an included document leaves
-// that document on them.
+// Does not change the document stacks: an import that ends within an included document leaves that
+// document on them.
 ImportIterator_i::~ImportIterator_i() { run_.openPaths.resize(outerPaths_); }
 
 void ImportIterator_i::ResetWalk(std::span<NameRow const> names) {
@@ -74,7 +74,7 @@ bool ImportIterator_i::NextNode(XmlNode& node, std::size_t& match) {
   return false;
 }
 
-// True when the node is to be handed out.
+// True if the walk returns this node.
 bool ImportIterator_i::Accept(XmlNode node, std::size_t& match) {
   std::string_view const name = node.Name();
   auto const row = std::find_if(names_.begin(), names_.end(),
@@ -106,7 +106,7 @@ bool ImportIterator_i::Stop() {
   return false;
 }
 
-// Always false: the node that a report is about is not handed out.
+// Always returns false: a reported node is not returned by the walk.
 bool ImportIterator_i::Report(std::string_view message) {
   if (!run_.log.ReportError(message)) Stop();
   return false;
@@ -143,7 +143,7 @@ bool ImportIterator_i::FollowImport(XmlNode tag) {
   return run_.log.ReportError(problem) && opened != ImportRun::Opened::kEnd;
 }
 
-// Makes the nodes of the document the list.
+// Continues the walk with the nodes of the document.
 void ImportIterator_i::EnterInclude(std::shared_ptr<ReadDocument> document) {
   savedNext_ = next_;
   savedDocument_ = document_;

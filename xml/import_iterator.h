@@ -1,10 +1,10 @@
-// One walk over the child nodes or the attributes of an element, against a table of the names that
-// may stand there.
+// One walk over the child nodes or the attributes of an element, with a table of the names that are
+// allowed there.
 //
-// Comments are passed over. Names that the table does not have, and second ones of what may stand
-// there once, are reported and passed over, unless the report's verdict ends the walk. An `import`
-// tag puts the nodes of another document in its place: the children of that document's first
-// `group` element, or else its own top-level nodes.
+// Comments are skipped. Names that are not in the table, and repetitions of names that are allowed
+// only once, are reported and skipped, unless the report ends the walk. An `import` tag is replaced
+// by nodes of another document: the children of that document's first `group` element, or else its
+// own top-level nodes.
 #pragma once
 
 #include <array>
@@ -20,12 +20,12 @@
 namespace zel {
 
 enum class NameMode : std::uint8_t {
-  kSkip,  // known, passed over in silence
-  kOnce,  // the first is handed out, the second reported, further ones passed over in silence
-  kAny    // each is handed out
+  kSkip,  // known, but skipped without a report
+  kOnce,  // the first is returned, the second reported, further ones skipped without a report
+  kAny    // each is returned
 };
 
-// Names compare without regard to case, and the first row that fits counts.
+// Names are compared without regard to case; the first matching row is used.
 struct NameRow {
   std::string_view name;
   NameMode mode;
@@ -36,8 +36,8 @@ enum class ImportTags : bool { kUnknown, kFollowed };
 
 class ImportIterator_i {
  public:
-  // `names` has at most kMostNames rows; it and `context`, the words that name the element in
-  // messages, outlive the walk.
+  // `names` has at most kMostNames rows. It must outlive the walk, and so must `context`, the words
+  // that name the element in messages.
   static ImportIterator_i OverChildren(ImportRun& run, XmlNode element,
                                        std::span<NameRow const> names, std::string_view context,
                                        ImportTags importTags);
@@ -49,9 +49,9 @@ class ImportIterator_i {
 
   // The next node and the index of its name in the table; false at the end.
   bool NextNode(XmlNode& node, std::size_t& match);
-  // True when the walk ended because it must not go on.
+  // True if the walk ended because it must not continue.
   bool Aborted() const noexcept { return aborted_; }
-  // Walks the same list again, against names with other modes.
+  // Walks the same list again, with other modes for the names.
   void ResetWalk(std::span<NameRow const> names);
 
  private:
@@ -74,12 +74,12 @@ class ImportIterator_i {
   std::array<std::uint8_t, kMostNames> seenCounts_{};
   XmlNode first_;
   XmlNode next_;
-  // One place to go back to. An `import` directly among the nodes of an included document takes it
-  // over: when the inner document ends the walk goes back to the outer one, and at the end of that
-  // the walk is over.
+  // The one place to return to. An `import` directly among the nodes of an included document uses
+  // it again: at the end of the inner document the walk returns to the outer one, and at the end of
+  // that the walk is over.
   bool includeActive_ = false;
   XmlNode savedNext_;
-  // Documents of the two lists; null for the one that the walk began with.
+  // Documents of the two lists; null for the one with which the walk began.
   std::shared_ptr<ReadDocument> document_;
   std::shared_ptr<ReadDocument> savedDocument_;
   std::size_t outerPaths_;  // documents that were open before this walk

@@ -1,4 +1,4 @@
-// Keys of items as documents give them.
+// Reads the keys of items from documents.
 #include <algorithm>
 #include <array>
 
@@ -22,8 +22,8 @@ bool IsComponentNumber(std::string_view token) {
          std::all_of(token.begin(), token.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// A token of at most kMostName characters: a component number, a CAS number where it is one,
-// and otherwise a character ID.
+// Decodes a token of at most kMostName characters: a component number, a CAS number if it has that
+// form, and otherwise a character ID.
 Key_i::Part PartOf(std::string_view token) {
   Key_i::Part part;
   CopyText(token, part.id, sizeof part.id);
@@ -37,8 +37,8 @@ Key_i::Part PartOf(std::string_view token) {
   return part;
 }
 
-// `Item "a:b"` from the pieces with the separator behind each. Every report on the item shows it,
-// so it is not longer than helps.
+// Makes `Item "a:b"` from pieces that each end with the separator. Every report on the item shows
+// it, so its length is limited.
 std::string Label(std::string pieces, char separator) {
   constexpr std::size_t kLongest = 500;
   if (!pieces.empty() && pieces.back() == separator) pieces.pop_back();
@@ -65,7 +65,8 @@ std::int32_t ItemImport::ReadComponents(std::string_view text) {
   std::string_view token;
   while (tokens.Next(token)) {
     if (token.size() > kMostName) {
-      // The verdict stands in for the count, and the key stays that of the item before.
+      // Returns whether the import may continue as the count; the key remains that of the previous
+      // item.
       std::string message =
           "Ordwin Id or Libary Number is exceeding more than 8 digits for the item ";
       return Report(message.append(token)) ? 1 : 0;
@@ -109,7 +110,7 @@ std::int32_t ItemImport::ReadNumbers(XmlNode node, std::string_view text) {
   return static_cast<std::int32_t>(count);
 }
 
-// Always complete.
+// The key is always complete.
 std::int32_t ItemImport::ReadWord(XmlNode node, std::string_view text) {
   std::string const word(text);
   constexpr std::size_t kPerWord = 4;
@@ -120,7 +121,7 @@ std::int32_t ItemImport::ReadWord(XmlNode node, std::string_view text) {
 }
 
 std::string ItemImport::KeyCountProblem(std::int32_t keyCount) const {
-  // A phrase has 19 characters: of "10 keys were entered" the last one is not shown.
+  // A phrase has 19 characters: the last one of "10 keys were entered" is not shown.
   constexpr std::size_t kLongestPhrase = 19;
   auto const phrase = [](std::int32_t number, std::string const& one, std::string const& many) {
     return number == 1 ? one : (std::to_string(number) + many).substr(0, kLongestPhrase);

@@ -31,12 +31,12 @@ NameKind const* KindOf(std::string_view name) {
 constexpr std::string_view kPlurals[DocumentLedger::kKinds] = {"banks", "items", "components",
                                                                "imports", "texts"};
 
-// The children of one kind that one element has.
+// The children of one kind of one element.
 struct Group {
   std::int64_t found = 0;
   std::int64_t missing = 0;
-  std::int32_t firstLine = 0;  // of those that are missing
-  std::string lines;           // of the first ones of them
+  std::int32_t firstLine = 0;  // of the missing ones
+  std::string lines;           // of the first missing ones
 
   void Add(bool arrived, std::int32_t line) {
     constexpr std::int64_t kMostLines = 8;
@@ -65,7 +65,7 @@ DocumentLedger::DocumentLedger(XmlDocument const& document) : parents_(1) {
   }
 }
 
-// Below data there is nothing more to enter. Elements are as deep as the parser lets them be.
+// Elements below data are not entered. The parser limits the depth of elements.
 void DocumentLedger::Enter(XmlNode element, std::size_t parent) {
   if (NameKind const* const row = KindOf(element.Name())) {
     entries_.push_back({row->kind, false, element.Line(), parent});

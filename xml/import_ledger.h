@@ -1,9 +1,9 @@
-// What the documents of an import hold, and what of it arrived in the library.
+// What the documents of an import hold, and what of it was stored in the library.
 //
 // Each document is entered before it is walked, by its own structure and not by the walk, which
-// does not reach all of it: a component without an identity ends its bank, and of a document that
-// an included one includes nothing is read after the tag. What is walked reports its arrival; what
-// did not arrive is reported when the document is done with.
+// does not reach all of it: a component without an identity ends its bank, and when an included
+// document includes another one, nothing is read after that tag. The walk marks what has arrived in
+// the library; what has not is reported when the document is finished.
 #pragma once
 
 #include <cstdint>
@@ -19,20 +19,20 @@ class DocumentLedger {
  public:
   enum Kind : std::uint8_t { kBank, kItem, kComponent, kImport, kText, kKinds };
 
-  // Enters the elements, which keep pointers to their entries.
+  // Enters the elements, which get pointers to their entries.
   explicit DocumentLedger(XmlDocument const& document);
   DocumentLedger(DocumentLedger const&) = delete;
   DocumentLedger& operator=(DocumentLedger const&) = delete;
 
-  // The element is in the library, or followed.
+  // Marks an element as stored in the library, or an `import` as followed.
   static void Arrived(XmlNode element) noexcept;
 
   std::int64_t Found(Kind kind) const noexcept { return found_[kind]; }
   std::int64_t Stored(Kind kind) const noexcept;
-  // Children of one kind of one element of which some did not arrive.
+  // The children of one kind of one element, some of which did not arrive.
   struct Difference {
     std::string text;
-    std::int32_t line;  // of the first of them
+    std::int32_t line;  // of the first missing one
   };
   std::vector<Difference> Differences() const;
 
@@ -47,7 +47,7 @@ class DocumentLedger {
   void Enter(XmlNode element, std::size_t parent);
 
   std::deque<Entry> entries_;
-  std::vector<XmlNode> parents_;  // the first is null and stands for the document itself
+  std::vector<XmlNode> parents_;  // the first is null and means the document itself
   std::int64_t found_[kKinds] = {};
 };
 

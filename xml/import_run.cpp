@@ -8,7 +8,8 @@
 
 namespace zel {
 
-// Without checks only the reasons of bounds are reported; all else stays as hosts know it.
+// Without checks, a reason is added to a message only if a bound was exceeded; all other messages
+// are those that hosts know.
 ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadDocument>& document,
                                   std::string& message) {
   std::string const title = " XML document \"" + path + "\"";
@@ -17,7 +18,7 @@ ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadD
     if (texts.On()) message.append(": ").append(why);
     return Opened::kFailed;
   };
-  // A document that is open already would come back for ever.
+  // A document that is already open would be read again without end.
   if (std::find(openPaths.begin(), openPaths.end(), path) != openPaths.end()) {
     return fail("it imports itself");
   }
@@ -62,7 +63,7 @@ std::string ImportRun::Memo(XmlNode node) {
   return memo;
 }
 
-// An import that has ended at its first error has left out all the rest, and said so.
+// An import that ended at its first error has left out all the rest; this needs no further report.
 bool ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   auto const at = std::find(unsettled.begin(), unsettled.end(), document);
   if (at == unsettled.end()) return true;
@@ -83,7 +84,7 @@ bool ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   for (DocumentLedger::Difference const& difference : ledger.Differences()) {
     log.SetItemLabel("");
     LogDetail const detail = {logLostPart, difference.line, {}, {}};
-    // What an error has reported before is not one more.
+    // After an error, a missing part is not reported as another error.
     if (!texts.Refuses() || log.HasErrors()) {
       log.ReportWarning(difference.text, detail);
     } else if (!log.ReportError(difference.text, detail)) {

@@ -1,4 +1,4 @@
-// What all that takes part in one import shares.
+// The state that all parts of one import share.
 #pragma once
 
 #include <memory>
@@ -14,7 +14,7 @@
 
 namespace zel {
 
-// A document in memory with what is known of its arrival.
+// A document in memory, with a record of what was stored.
 struct ReadDocument {
   std::string path;
   XmlDocument document;
@@ -39,18 +39,18 @@ struct ImportRun {
 
   enum class Opened : std::uint8_t {
     kOpened,
-    kFailed,  // this document alone
-    kEnd      // a bound of the whole import was passed
+    kFailed,  // only this document
+    kEnd      // a bound of the whole import was exceeded
   };
-  // Reads the document of a full path; `message` says why not.
+  // Reads the document with a full path; on failure `message` says why.
   Opened Open(std::string const& path, std::shared_ptr<ReadDocument>& document,
               std::string& message);
-  // The text of a <memo>, which has arrived then.
+  // Returns the text of a <memo> and marks it as stored.
   std::string Memo(XmlNode node);
-  // Tells what of the document did not arrive, which is then done with. False when the import must
+  // Reports what of the document was not stored, and drops the document. False when the import must
   // end.
   bool Settle(std::shared_ptr<ReadDocument> const& document);
-  // The same for all that are left, and the counts for the host.
+  // Does this for all remaining documents, and completes the counts for the host.
   void Finish();
 };
 

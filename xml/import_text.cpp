@@ -13,7 +13,7 @@ constexpr std::string_view kWhiteSpace = " \t\r\n";
 
 std::string MemoText(std::string_view text, bool& lost) {
   lost = false;
-  // Of a mark its bracket counts as blank.
+  // The bracket of a mark counts as a blank.
   auto const drop = [&](std::size_t size, std::size_t mark) {
     for (std::size_t i = 0; i < size; ++i) {
       lost = lost || (i != mark && kWhiteSpace.find(text[i]) == std::string_view::npos);
@@ -22,12 +22,12 @@ std::string MemoText(std::string_view text, bool& lost) {
   };
   std::string memo;
   if (!text.empty()) drop(1, 1);
-  // Not beyond what is kept: where no mark stands, each line looks for one to the end of the text.
+  // Stops at the length that is kept: without marks, each line searches to the end of the text.
   for (std::size_t end = text.find('\n');
        end != std::string_view::npos && memo.size() < kLongestMemo; end = text.find('\n')) {
     memo.append(text.substr(0, end + 1));
     text.remove_prefix(end + 1);
-    // The next mark counts, also one that stands lines further on.
+    // The next mark is used, even if it is several lines later.
     std::size_t const mark = text.find('[');
     std::size_t const dropped = mark == std::string_view::npos ? 1 : mark + 2;
     drop(std::min(dropped, text.size()), mark);

@@ -1,4 +1,4 @@
-// Texts of documents, taken apart.
+// Functions that decode texts of documents.
 #pragma once
 
 #include <string>
@@ -25,9 +25,9 @@ class Tokens {
   std::string_view rest_;
 };
 
-// A memo as it was before it was written: without the blank behind the opening of its CDATA section
-// and without the marks, a bracket and a blank, that lead every further line. At most 3999
-// characters. `lost` tells that more than blanks and marks was dropped.
+// A memo as it was before it was exported: without the blank after the opening of its CDATA section
+// and without the marks, a bracket and a blank, at the start of every further line. At most 3999
+// characters. `lost` is set if more than blanks and marks was dropped.
 std::string MemoText(std::string_view text, bool& lost);
 inline std::string MemoText(std::string_view text) {
   bool lost = false;

@@ -1,4 +1,4 @@
-// Exports of LibMaint. The forms without a switch take the stored one.
+// Exports of LibMaint. The overloads without a switch use the stored one.
 #include "frame/ascii.h"
 #include "maint/lib_maint.h"
 #include "xml/export.h"
@@ -11,7 +11,7 @@ constexpr char const* OrEmpty(char const* text) noexcept { return text == nullpt
 
 }  // namespace
 
-// Runs an export of an open library. The current item is no longer the one that was read.
+// Runs an export of an open library. Afterwards there is no current item.
 template <typename Run>
 bool LibMaint_i::RunExport(char const* path, bool writeBanner, bool componentFiles,
                            Run const& run) {

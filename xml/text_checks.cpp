@@ -24,7 +24,7 @@ std::string_view Trimmed(std::string_view text) noexcept {
   return text.substr(start, text.find_last_not_of(kWhiteSpace) + 1 - start);
 }
 
-// Reads a number that the whole text is.
+// Reads a number that must be the whole text.
 template <typename Number>
 Form FormOf(std::string_view text, Number& value) noexcept {
   text = Trimmed(text);
@@ -63,7 +63,7 @@ std::string OneLine(std::string_view text) {
   return line;
 }
 
-// In quotes, on one line, and not longer than helps.
+// The text in quotes, on one line and of limited length.
 std::string Quoted(std::string_view text) {
   return "\"" + OneLine(text.substr(0, kLongestShown)) +
          (text.size() > kLongestShown ? "...\"" : "\"");

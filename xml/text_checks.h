@@ -1,5 +1,5 @@
-// Texts of documents as the numbers and texts that a library keeps, and what is said of those that
-// do not fit, by the care that the host has asked for.
+// Converts texts of documents to the numbers and texts that a library keeps, and reports those that
+// do not fit, according to the checks that the host has selected.
 #pragma once
 
 #include <cstddef>
@@ -18,34 +18,34 @@ class TextChecks {
   TextChecks(MaintLog& log, zelImportChecks level) : log_(log), level_(level) {}
 
   bool On() const noexcept { return level_ != importUnchecked; }
-  // Of lost parts and malformed numbers: errors rather than warnings.
+  // True if lost parts and malformed numbers are errors rather than warnings.
   bool Refuses() const noexcept { return level_ >= importChecked; }
 
-  // Begins what is stored, or left out, as one piece.
+  // Begins a piece that is stored or left out as a whole.
   void Begin() noexcept { refused_ = false; }
-  // True when the piece is not to be stored, an error having been reported since Begin; whether the
-  // import may go on.
+  // Refused: an error was reported since Begin, so the piece must not be stored. Verdict: whether
+  // the import may continue.
   bool Refused() const noexcept { return refused_; }
   bool Verdict() const noexcept { return verdict_; }
-  // True when such an error has ended the import.
+  // True if such an error ends the import.
   bool Ended() const noexcept { return refused_ && !verdict_; }
 
-  // The lenient value of a text. `at` is the element that holds it, as its own text or as that of
-  // an attribute.
+  // Return the value of a text, read leniently. `at` is the element that has the text, as its own
+  // or in an attribute.
   double Real(XmlNode at, std::string_view text, std::string_view attribute = {});
   std::int32_t Int(XmlNode at, std::string_view text, std::string_view attribute = {});
-  // Groups of a structure, "number(count)".
+  // Checks a group of a structure, "number(count)".
   void CheckGroup(XmlNode at, std::string_view text);
-  // More values than have a place.
+  // Checks that there are not more values than places.
   void CheckCount(XmlNode at, std::size_t found, std::size_t places);
-  // A second of what counts once, named by `key`.
+  // Checks that something allowed once, named by `key`, is not given again.
   void CheckOnce(XmlNode at, std::string_view key, bool& seen);
 
-  // A text that is kept in `room` characters, the terminator included, of packed text.
+  // Checks a text that is kept as packed text in `room` characters, including the terminator.
   void CheckText(XmlNode at, std::string_view text, std::size_t room,
                  std::string_view attribute = {});
   static std::string Packed(std::string_view text, std::size_t room);
-  // A text that is kept as another one, which may differ in blanks.
+  // Checks that a text and the one that is kept for it differ in blanks only.
   void CheckKept(XmlNode at, std::string_view text, std::string_view kept,
                  std::string_view attribute = {});
   void Altered(XmlNode at, std::string_view text, std::string_view kept,
@@ -56,7 +56,7 @@ class TextChecks {
   std::int64_t AlteredCount() const noexcept { return altered_; }
 
  private:
-  // `text` is what is malformed, `kept` what is stored for it where that is a warning.
+  // `text` is the malformed text, `kept` what is stored for it if this is only a warning.
   void Malformed(XmlNode at, std::string_view attribute, std::string_view words,
                  std::string_view text = {}, std::string kept = {});
   void Say(bool isError, XmlNode at, std::string_view attribute, std::string_view words,

@@ -1,4 +1,4 @@
-// Pieces of text put into a file one after the other.
+// Writes pieces of text to a file one after the other.
 #pragma once
 
 #include <charconv>
@@ -19,7 +19,7 @@ struct Blanks {
 struct Seven {
   double value;
 };
-// At least eight places, filled with zeros.
+// At least eight digits, padded with zeros.
 struct Eight {
   std::int32_t value;
 };

@@ -1,4 +1,4 @@
-// The words of unit codes in the correlations of documents.
+// The words for unit codes in the correlations of documents.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,9 @@ namespace zel {
 struct UnitWordRow {
   std::int32_t code;
   std::string_view written;
-  // By which the code is found: the word that the unit table shows of the unit, for a molar volume
-  // the word of the document. Empty where another code of the same unit is found in its place.
+  // The word by which the code is found: the one that the unit table shows for the unit, or the
+  // word of the document for a molar volume. Empty if another code of the same unit is found
+  // instead.
   std::string_view read;
 };
 
@@ -59,7 +60,7 @@ inline constexpr UnitWordRow kUnitWords[] = {
 };
 // clang-format on
 
-// The unit table does not have molar volumes as such.
+// The unit table has no class for molar volumes.
 constexpr bool IsMolarVolume(std::int32_t code) noexcept { return code / 1000 == 22; }
 
 // Empty for a code that has no word.
@@ -70,7 +71,7 @@ constexpr std::string_view UnitWordOf(std::int32_t code) noexcept {
   return {};
 }
 
-// 0 for a word that no code, or no molar volume, is found by.
+// The code of a word, among those of molar volumes or among the others; 0 if there is none.
 inline std::int32_t UnitCodeOf(std::string_view word, bool molarVolume) noexcept {
   for (UnitWordRow const& row : kUnitWords) {
     bool const isOfKind = IsMolarVolume(row.code) == molarVolume && !row.read.empty();

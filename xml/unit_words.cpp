@@ -13,8 +13,8 @@ namespace {
 constexpr std::size_t kLongestWord = 29;
 constexpr std::int32_t kMostWarnings = 10;
 
-// A word that is replaced. An obsolete one is the word itself; an ambiguous one, with a second
-// candidate, is any beginning of both.
+// A word that is replaced. If it is obsolete, the row holds the word itself; if it is ambiguous,
+// the row has a second candidate, and any common beginning of both is replaced.
 struct Mending {
   std::string_view dimension;
   std::string_view label;
@@ -40,7 +40,7 @@ constexpr Mending kMendingRows[UnitWords::kMendings] = {
     {"surf", "Surface tension", "d/cm", "", "dyne/cm"},
 };
 
-// An entropy with its temperature at the end gets it in front: "j/kg-k" becomes "j/k-kg".
+// Moves the temperature of an entropy unit from the end to the front: "j/kg-k" becomes "j/k-kg".
 std::string TemperatureInFront(std::string const& word) {
   constexpr std::size_t kLeast = 5;
   std::size_t const slash = word.find('/');
@@ -60,7 +60,8 @@ struct UnitCloser {
 
 }  // namespace
 
-// Says once of each kind that it was mended, and again until enough was said in all.
+// Warns that a word was replaced: once for each kind, and again until there are enough warnings in
+// total.
 void UnitWords::Tell(std::size_t mending, std::string const& word) {
   Mending const& row = kMendingRows[mending];
   if (told_[mending] && warnings_ >= kMostWarnings) {

@@ -1,7 +1,7 @@
-// Words of property units in documents, turned into unit codes.
+// Converts words of property units in documents into unit codes.
 //
-// Old words are mended: each of six kinds is told once, and repeats of them until ten were told in
-// all. That goes on through all documents of one import.
+// Old words are replaced, with a warning: once for each of six kinds, and for repetitions until
+// there are ten warnings in total. The count is kept for all documents of one import.
 #pragma once
 
 #include <array>

@@ -45,7 +45,7 @@ std::string_view NamespaceName(xmlNs const* declared, xmlDoc* document) {
   return declared->prefix == nullptr ? ViewOf(xmlns) : Qualified(document, xmlns, declared->prefix);
 }
 
-// The pieces of an element's text, joined; which of its ends are plain text.
+// The pieces of an element's text, joined, and whether its first and last piece are plain text.
 struct Pieces {
   std::string& text;
   bool any = false;
@@ -67,7 +67,7 @@ struct Pieces {
       if (child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE) {
         Add(child);
       } else if (child->type == XML_ELEMENT_NODE) {
-        AddBelow(child);  // as deep as the parser lets elements be
+        AddBelow(child);  // the parser limits the depth of elements
       }
     }
   }
@@ -77,7 +77,7 @@ struct Pieces {
 
 // --- nodes ---------------------------------------------------------------------------------------
 
-// The node, or the first one behind it that a list shows.
+// The node, or the first one after it that is visible in a list.
 XmlNode XmlNode::Listed(void const* node) noexcept {
   for (xmlNode const* at = NodeOf(node); at != nullptr; at = at->next) {
     if (at->type != XML_TEXT_NODE || !IsBlank(ViewOf(at->content))) return {Kind::kNode, at};
@@ -96,7 +96,7 @@ std::string_view XmlNode::Name() const {
     case XML_CDATA_SECTION_NODE: return "#cdata-section";
     case XML_COMMENT_NODE: return "#comment";
     case XML_ELEMENT_NODE:
-    case XML_ATTRIBUTE_NODE:  // an attribute begins as a node does, its namespace stands elsewhere
+    case XML_ATTRIBUTE_NODE:  // an attribute begins like a node, but has its namespace elsewhere
     {
       xmlNs const* space =
           node->type == XML_ELEMENT_NODE ? node->ns : reinterpret_cast<xmlAttr const*>(node)->ns;
@@ -118,7 +118,7 @@ std::int32_t XmlNode::Line() const noexcept {
   return kind_ == Kind::kNode ? static_cast<std::int32_t>(xmlGetLineNo(NodeOf(node_))) : 0;
 }
 
-// The parser leaves one member of each node to its caller.
+// The parser leaves one member of each node for its caller to use.
 void XmlNode::SetNote(void* note) const noexcept {
   if (IsElement()) const_cast<xmlNode*>(NodeOf(node_))->_private = note;
 }

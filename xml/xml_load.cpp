@@ -1,4 +1,4 @@
-// Loading of documents: what the parser is told, and what it is not let do.
+// Loading of documents: the parser's options, and what it is not allowed to do.
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
@@ -22,25 +22,25 @@ std::string_view ViewOf(xmlChar const* text) noexcept {
   return text == nullptr ? std::string_view{} : reinterpret_cast<char const*>(text);
 }
 
-// What is counted of one document while it is parsed.
+// The state and counts of one document while it is parsed.
 struct Parse {
   xmlParserCtxt* context = nullptr;
-  std::string_view rest;    // not given to the parser yet
+  std::string_view rest;    // not yet passed to the parser
   XmlProblem problem;       // the first
   bool refused = false;     // by a bound
-  bool memoryLost = false;  // an error after it takes its place in the parser's own record
+  bool memoryLost = false;  // kept here, since a later error replaces it in the parser's own record
   int declaredAttributes = 0;
   int references = 0;         // since the last start tag
   std::size_t typeBytes = 0;  // of the document type
   double room = 0.0;          // bytes that entities may still add
   std::map<std::string, double, std::less<>> entityBytes;
 
-  // What was refused before stays the reason.
+  // The first problem remains the reason.
   void Note(std::string_view reason, std::int32_t line, bool toldAlways) {
     if (problem.reason.empty()) problem = {std::string(reason), line, toldAlways};
   }
   void Pass(std::string_view bound, bool toldAlways = true) {
-    if (!refused) problem = {};  // errors that the parser goes on after
+    if (!refused) problem = {};  // an error after which the parser continued
     refused = true;
     Note(bound, context->input == nullptr ? 0 : context->input->line, toldAlways);
   }
@@ -50,14 +50,14 @@ Parse& ParseOf(void* data) {
   return *static_cast<Parse*>(static_cast<xmlParserCtxt*>(data)->_private);
 }
 
-// For the parser's callbacks, whose context may be that of an entity within the document.
+// For the parser's callbacks, which may be called with the context of an entity in the document.
 void Refuse(void* data, std::string_view bound, bool toldAlways = true) {
   ParseOf(data).Pass(bound, toldAlways);
   xmlStopParser(static_cast<xmlParserCtxt*>(data));
 }
 
-// Each declared attribute can cost time at each element, so that a small document with many of them
-// would keep the parser busy for hours.
+// Each declared attribute can cost time at each element: a small document with many of them would
+// keep the parser busy for hours.
 void DeclareAttribute(void* data, xmlChar const* element, xmlChar const* name, int type, int usage,
                       xmlChar const* defaultValue, xmlEnumeration* words) {
   if (++ParseOf(data).declaredAttributes > XmlDocument::kMostDeclared) {
@@ -68,8 +68,8 @@ void DeclareAttribute(void* data, xmlChar const* element, xmlChar const* name, i
   xmlSAX2AttributeDecl(data, element, name, type, usage, defaultValue, words);
 }
 
-// Entities with an identifier outside the document are refused where they are declared, and so are
-// parameter entities, whose growth the parser neither bounds nor lets be counted.
+// Entities with an identifier outside the document are refused at their declaration. So are
+// parameter entities, whose expansion the parser neither limits nor allows to be counted.
 void DeclareEntity(void* data, xmlChar const* name, int type, xmlChar const* publicId,
                    xmlChar const* systemId, xmlChar* content) {
   if (systemId != nullptr || publicId != nullptr) {
@@ -83,7 +83,7 @@ void DeclareEntity(void* data, xmlChar const* name, int type, xmlChar const* pub
   xmlSAX2EntityDecl(data, name, type, publicId, systemId, content);
 }
 
-// What a reference to an entity adds to the document: its text with those of the entities within.
+// The bytes that a reference to an entity adds to the document: its text with all entities in it.
 double BytesOf(xmlParserCtxt* context, xmlEntity const& entity, int depth) {
   constexpr int kDeepest = 40;  // the parser's own limit for entities in entities
   constexpr double kTooMany = 1e30;
@@ -95,7 +95,7 @@ double BytesOf(xmlParserCtxt* context, xmlEntity const& entity, int depth) {
   for (std::size_t at = text.find('&'); at != std::string_view::npos;) {
     std::size_t const end = text.find_first_of("&;", at + 1);
     if (end == std::string_view::npos) break;
-    if (text[end] == '&') {  // the one before is no reference
+    if (text[end] == '&') {  // the previous one does not begin a reference
       at = end;
       continue;
     }
@@ -109,8 +109,8 @@ double BytesOf(xmlParserCtxt* context, xmlEntity const& entity, int depth) {
   return bytes;
 }
 
-// Called at each reference. The parser's own bound does not see all ways of growing, and each
-// reference in a text costs as much as the text has bytes before it.
+// Called at each reference. The parser's own bound does not cover all kinds of expansion, and the
+// cost of a reference in a text is proportional to the length of the text before it.
 xmlEntity* CountEntity(void* data, xmlChar const* name) {
   auto* const context = static_cast<xmlParserCtxt*>(data);
   xmlEntity* const entity = xmlSAX2GetEntity(context, name);
@@ -128,7 +128,7 @@ xmlEntity* CountEntity(void* data, xmlChar const* name) {
   return nullptr;
 }
 
-// Called for what no declaration explains: the others have been put in.
+// Called for entities that are not declared; the others have been replaced by their text.
 void ReferToEntity(void* data, xmlChar const*) {
   Refuse(data, "an entity that is not declared", false);
 }
@@ -148,9 +148,10 @@ void StartElement(void* data, xmlChar const* name, xmlChar const* prefix, xmlCha
   }
 }
 
-// Attributes and lists of words are compared each with each while they are read, and only then
-// handed out. So their number is looked at whenever the parser wants more of the text: it has room
-// for five members of each attribute and two of each namespace, and doubles it.
+// Attributes and lists of words are compared with each other while they are read, before any
+// callback. So their number is checked whenever the parser reads more of the text, by the size of
+// its arrays: they have five members for each attribute and two for each namespace, and are doubled
+// when they are full.
 bool WithinBounds(Parse& parse, std::size_t piece) {
   constexpr int kRoomOfAttributes = 2 * 5 * (XmlDocument::kMostAttributes + 100);
   constexpr int kRoomOfNamespaces = 2 * 2 * (XmlDocument::kMostNamespaces + 100);
@@ -165,7 +166,7 @@ bool WithinBounds(Parse& parse, std::size_t piece) {
   return !parse.refused;
 }
 
-// A bound that is passed ends the text here.
+// Ends the text if a bound was exceeded.
 int ReadPiece(void* data, char* buffer, int room) {
   Parse& parse = *static_cast<Parse*>(data);
   std::size_t const size = std::min(parse.rest.size(), static_cast<std::size_t>(room));
@@ -186,8 +187,8 @@ void NoteError(void* data, xmlError const* error) {
 xmlParserInput* ResolveNothing(void*, xmlChar const*, xmlChar const*) { return nullptr; }
 void LoadNoSubset(void*, xmlChar const*, xmlChar const*, xmlChar const*) {}
 
-// The parser's own words, which it else prints on standard error when memory runs out, are not the
-// host's.
+// Suppresses the parser's messages, which it would print on the host's standard error when memory
+// runs out.
 class ParserSilence {
  public:
   ParserSilence() : handler_(xmlGenericError), data_(xmlGenericErrorContext) {
@@ -239,7 +240,8 @@ bool XmlDocument::Load(std::string_view text) {
   SetCallbacks(*context->sax);
   constexpr int kOptions = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
                            XML_PARSE_NOWARNING | XML_PARSE_COMPACT | XML_PARSE_BIG_LINES;
-  // Memory that ran out while the tree was built may be told by the library's last error alone.
+  // If memory ran out while the tree was built, possibly only the parser library's last error says
+  // so.
   xmlResetLastError();
   document_.reset(
       xmlCtxtReadIO(context.get(), ReadPiece, nullptr, &parse, nullptr, nullptr, kOptions));

@@ -15,7 +15,7 @@ using Key = zel::Handle<zel::Key>;
 using List = zel::Handle<zel::CompList>;
 using BankHandle = zel::Handle<zel::IZelBankDef>;
 
-// A bank with its own face, which must be there.
+// A bank with its own face, which must exist.
 template <typename Face>
 class Bank : public zel::BankFace<Face> {
  public:

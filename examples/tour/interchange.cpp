@@ -1,4 +1,4 @@
-// Libraries made from interchange documents, and written as documents again.
+// Makes libraries from interchange documents, and writes them as documents again.
 #include <zelaccess/LibMaint_p.h>
 
 #include <array>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr char kExported[] = "sample";  // of the library document that an export writes
 
-// A document that was exported, without its header, which names the library's file.
+// The text of an exported document without its header, which names the library's file.
 std::string TextOf(std::string const& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("cannot read " + path);
@@ -52,7 +52,7 @@ Export ExportTo(zel::LibFile* library, std::string const& folder) {
 
 void ImportDocument(zel::LibFile* library, std::string const& path) {
   Maint maint(zel::LibMaint::NewLibMaint(library));
-  // The log level belongs to the wider layer, which every maintenance object has.
+  // The log level belongs to the wider interface, which every maintenance object has.
   static_cast<zel::LibMaint_p*>(maint.get())->SetLogLevel(1);
   if (!maint->Import(path.c_str(), false)) {
     throw std::runtime_error(path + ": " + maint->GetLastErrorText());

@@ -1,5 +1,5 @@
 // A tour of the library: makes component libraries from interchange documents of published data,
-// closes them, opens them again for reading, prints what is in them and writes documents again.
+// closes them, opens them again for reading, prints what is in them and exports documents.
 //   tour <data folder> <folder for the library>
 #include <algorithm>
 #include <cstdio>
@@ -49,8 +49,8 @@ void PrintCitations(std::string const& path, tour::Codes cited) {
   for (int const code : cited) std::printf("  %3d  %s\n", code, references.Citation(code).c_str());
 }
 
-// A second bank of a type, under another name. With the flag set a node takes 4 entries instead of
-// what it has room for, so that a handful of items makes a tree of several nodes to look at.
+// A second bank of a type, under another name. With the flag set, a node holds at most 4 entries,
+// so that a few items make a tree of several nodes.
 void ImportSmallBank(zel::LibFile* library, std::string const& path) {
   zel::SetDeleteTestFlag(true);
   tour::ImportDocument(library, path);
@@ -83,7 +83,7 @@ void Read(std::string const& data, std::string const& path, tour::Components con
   PrintCitations(data + "/references.txt", cited);
 }
 
-// Documents out of the library, and a library out of the documents.
+// Exports documents from the library, and makes a library from them.
 void RoundTrip(std::string const& path, std::string const& folder) {
   zel::openErrors error = zel::openFailed;
   tour::Library const library =
@@ -129,7 +129,7 @@ void Run(std::string const& data, std::string const& folder) {
   std::string const path = folder + "/sample.lb1";
   zel::InitZelAccess();
   tour::Components const components(tour::Table(data + "/components.txt"));
-  // A relative path would be taken from the folder of the document that was read last.
+  // A relative path would be resolved against the folder of the document that was read last.
   std::string const documents = std::filesystem::absolute(data + "/xml").string();
   Write(documents, path);
   Read(data, path, components);

@@ -1,4 +1,5 @@
-// What is in the library as a whole, and the columns that all tables of the tour share.
+// Prints what is in the whole library; also the functions for columns that all tables of the tour
+// use.
 #include <zelaccess/LibMaint_p.h>
 
 #include <cstdio>
@@ -63,7 +64,7 @@ void PrintSmallTree(zel::LibFile* library) {
   std::printf("\nThe tree of bank RACKETT %s, made with small nodes. Each node with its address,\n",
               kSmallName);
   std::printf("its keys (component numbers), their data words and the nodes between the keys:\n");
-  // The report belongs to the wider layer, which every maintenance object has.
+  // The report belongs to the wider interface, which every maintenance object has.
   static_cast<zel::LibMaint_p*>(maint.get())->DumpBankTree("RACKETT", kSmallName, 2, stdout, -1);
 }
 

@@ -1,5 +1,4 @@
-// A check over all components: the vapor pressure at the normal boiling point must be one
-// atmosphere.
+// Checks for all components that the vapor pressure at the normal boiling point is one atmosphere.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>

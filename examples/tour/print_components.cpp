@@ -1,4 +1,4 @@
-// Parameters of single components, from the banks that hold such.
+// Parameters of single components, from the banks that hold such parameters.
 #include <cstdio>
 
 #include "tour.h"

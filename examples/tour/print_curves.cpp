@@ -11,13 +11,13 @@ constexpr char const* kNames[] = {"VaporPressure", "LiquidDensity",   "LatentHea
                                   "IdealEnthalpy", "LiquidViscosity", "VaporViscosity",
                                   "LiquidThermal", "VaporThermal"};
 constexpr int kPoints = 5;
-constexpr double kBeyond = 0.1;  // part of the bound by which the outer points lie outside
+constexpr double kBeyond = 0.1;  // distance of the outer points from the bound, relative to it
 
 struct Range {
   double low, high;
 };
 
-// False when the component has no such correlation, or it has no limits.
+// False when the component has no such correlation, or the correlation has no limits.
 bool RangeOf(Merged const& merged, CurveRow const& row, std::int32_t& equation, Range& range) {
   std::int32_t tempUnit, propUnit, logBasis, basis, count;
   double factor, coefficients[15];

@@ -57,8 +57,7 @@ void PrintStructures(zel::LibFile* library, Components const& components) {
   }
 }
 
-// aij of two main groups in K, 0 for a group with itself; nothing when the library does not have
-// it.
+// aij of two main groups in K, 0 for a group with itself; no value if the library does not have it.
 std::optional<double> Interaction(zel::LibMaint* maint, Bank<zel::IZelUnfOrig> const& unifac,
                                   zel::Key* key, std::int32_t i, std::int32_t j, Codes& cited) {
   if (i == j) return 0.0;

@@ -6,7 +6,7 @@
 namespace tour {
 namespace {
 
-// At most `most` rows of the walk that is set.
+// Prints at most `most` rows of the walk with the current settings.
 int PrintRows(zel::CompList* list, int most) {
   char name[41];
   char id[13];

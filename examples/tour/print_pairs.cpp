@@ -30,7 +30,7 @@ class PairPrinter {
         components_(components),
         cited_(cited) {}
 
-  // Prints the names of the pair and reads its item; a line that says so where there is none.
+  // Prints the names of the pair and reads its item; prints a line that says so if there is none.
   bool Begin(zel::IZelBankDef* bank, PairOfIds const& pair) {
     Component const& i = components_.ById(pair.i);
     Component const& j = components_.ById(pair.j);

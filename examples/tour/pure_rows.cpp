@@ -1,4 +1,4 @@
-// What the constants and correlations of a component are called, and their internal units.
+// The names of the constants and correlations of a component, and their internal units.
 #include <algorithm>
 #include <iterator>
 
@@ -41,7 +41,7 @@ constexpr ConstantRow kConstants[] = {
     {"HCOMBUST", 45, "kJ/kg-mol"},
     {"HFUSIONNMP", 46, "kJ/kg-mol"},
     {"HVAPNBP", 47, "kJ/kg-mol"},
-    // These exist only as what follows from the others.
+    // These are only derived from the others.
     {"API gravity", 50, ""},
     {"Watson K", 52, ""},
 };

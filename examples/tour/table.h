@@ -1,4 +1,4 @@
-// Reader for the tables under data/: comment lines, a line "#!" that names the columns, then rows.
+// Reader for the tables in data/: comment lines, a line "#!" that names the columns, then rows.
 #pragma once
 
 #include <map>
@@ -14,10 +14,10 @@ class Table {
   explicit Table(std::string const& path);
 
   std::size_t Rows() const { return rows_.size(); }
-  // "-" stands for no value. Throws std::runtime_error for a column that the table does not have,
-  // and for a word that is no number where one is asked for.
+  // "-" means no value. Throws std::runtime_error for a column that the table does not have, and
+  // for a word that is not a number in Real and Int.
   std::string const& Text(std::size_t row, std::string const& column) const;
-  double Real(std::size_t row, std::string const& column) const;  // undefined for no value
+  double Real(std::size_t row, std::string const& column) const;  // undefined if there is no value
   int Int(std::size_t row, std::string const& column) const;
 
  private:
@@ -34,7 +34,7 @@ struct Component {
   std::string formula;
   std::vector<std::string> ids;
   std::string cas;
-  int phase;  // 1 vapor, 2 liquid, 4 solid, added up
+  int phase;  // sum of 1 vapor, 2 liquid, 4 solid
   int refCode;
 };
 

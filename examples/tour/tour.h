@@ -9,18 +9,18 @@
 
 namespace tour {
 
-// Bank names: which bank of a type is meant; a library can hold several.
+// Bank names: a library can hold several banks of one type.
 inline constexpr char kName[] = "SAMPLE";
 inline constexpr char kSmallName[] = "ALKANES";
 
-// Reads an interchange document into a library and shows the log. Throws std::runtime_error with
-// the last error when there was one.
+// Imports an interchange document into a library and shows the log. Throws std::runtime_error with
+// the last error if there was one.
 void ImportDocument(zel::LibFile* library, std::string const& path);
-// Exports the library into `folder`, reads that into the second one, which is new, and holds the
-// export of that against the first. Throws std::runtime_error when the two differ.
+// Exports the library into `folder`, imports the documents into `second`, which is new, exports
+// that too and compares the two exports. Throws std::runtime_error if they differ.
 void ExportAndReadBack(zel::LibFile* library, zel::LibFile* second, std::string const& folder);
 
-// What a reader finds. `cited` collects the reference codes that were printed.
+// Print what is in the library. `cited` collects the reference codes that were printed.
 using Codes = std::vector<int>;
 void PrintBanks(zel::LibFile* library);
 void PrintSmallTree(zel::LibFile* library);
@@ -42,7 +42,7 @@ inline constexpr Source kSources[] = {
 
 std::string LowerCase(std::string text);
 
-// What the constants and correlations of a component are called, and the units they come in.
+// The names of the constants and correlations of a component, and their units.
 struct ConstantRow {
   char const* keyword;
   std::uint32_t index;
@@ -51,15 +51,15 @@ struct ConstantRow {
 struct CurveRow {
   char const* name;
   std::uint32_t index;
-  char const* unit;  // of the value that the library gives
+  char const* unit;  // of the value that the library returns
 };
 CurveRow const* FindCurve(std::string const& name);
 std::vector<ConstantRow> const& AllConstants();
 
-// How much the library of one source holds.
+// Prints how much the library of one source holds.
 void PrintSource(zel::LibFile* library, Source const& source);
 
-// Makes the pick list of a library's components in a file, and walks it in some ways.
+// Makes the pick list of a library's components in a file, and walks it in several ways.
 void PrintList(zel::LibFile* library, char const* bank, std::string const& path);
 
 // Searches all libraries in the order of preference and merges.
@@ -79,15 +79,15 @@ class Merged {
 
 void PrintConstants(Merged& merged, Components const& components, Codes& cited);
 void PrintCurves(Merged& merged, Components const& components, Codes& cited);
-// Holds each normal boiling point against the vapor pressure there.
+// Checks the vapor pressure at each normal boiling point.
 void PrintBoilingPoints(Merged& merged, Components const& components);
 
-// Columns. A number, right-aligned, or a dash where there is none.
+// Columns. A number, right-aligned, or a dash if there is none.
 void PrintReal(double value, int width, int decimals);
-// Lower and upper bound as one column of 15, e.g. "101.3 - 101.3", or a dash where both are
+// Lower and upper bound in one column of 15 characters, e.g. "101.3 - 101.3", or a dash if both are
 // missing.
 void PrintBounds(double low, double high);
-// The code of a printed source, which is put on the list of those cited.
+// The code of a printed source, which is added to the list of those cited.
 void PrintCode(int code, Codes& cited);
 
 }  // namespace tour

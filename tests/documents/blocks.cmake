@@ -1,7 +1,7 @@
 # zel_document_programs(<document>...)
-# Makes a program of every C++ block of the documents that begins with an include, and a test that runs it.
-# A line "// prints <text>" in a block is what the program must print. A block without an include shows
-# parts of the library's sources, which are looked for there.
+# Makes a program of every C++ block of the documents that begins with an include, and a test that runs
+# it. A line "// prints <text>" in a block says what the program must print. A block without an include
+# shows parts of the library's sources and is searched for in them.
 function(zel_document_programs)
   file(GLOB sources ${PROJECT_SOURCE_DIR}/banks/*.cpp ${PROJECT_SOURCE_DIR}/purecomp/*.h)
   foreach(document ${ARGN})
@@ -46,7 +46,8 @@ function(zel_document_program name block)
                    -P ${CMAKE_CURRENT_SOURCE_DIR}/documents/run_block.cmake)
 endfunction()
 
-# Each of its paragraphs, without regard to blanks: the documents have them as they read best.
+# Searches for each paragraph of a block without regard to blanks, since documents may lay them out
+# differently.
 function(zel_find_part block name)
   set(all "")
   foreach(source ${sources})

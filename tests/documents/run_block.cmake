@@ -1,5 +1,5 @@
-# Runs a program of a document in a folder with libraries of published data. Its arguments, where it takes
-# any: a document to read, a library to make, a document to write.
+# Runs a program of a document in a folder with libraries of published data. Its arguments, if it
+# has any: a document to read, a library to make, a document to write.
 #   cmake -D PROGRAM=<program> -D ZEL=<zel> -D DATA=<documents> -D WORK_DIR=<scratch> -D PRINTS=<text>
 #         -P run_block.cmake
 cmake_minimum_required(VERSION 3.21)

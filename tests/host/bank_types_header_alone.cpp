@@ -1,4 +1,4 @@
-// A host that includes BankTypes.h alone has the framework, the identifiers and the factories.
+// A host that includes only BankTypes.h has the framework, the identifiers and the factories.
 #include <zelaccess/BankTypes.h>
 
 zel::IZelVanLaar* PairOf(zel::IZelBankDef* bank) {

@@ -1,4 +1,4 @@
-// A host that includes Banks.h alone has the interfaces of the types.
+// A host that includes only Banks.h has the interfaces of the types.
 #include <zelaccess/Banks.h>
 
 zel::IZelBankDef* MakePair() { return zel::NewBank("NRTL"); }

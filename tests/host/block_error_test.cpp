@@ -1,4 +1,4 @@
-// Block errors as exceptions that say where and why.
+// Block errors as exceptions that hold place and reason.
 #include <zelaccess/BlockError.h>
 #include <zelaccess/LibFile_p.h>
 

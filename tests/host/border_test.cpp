@@ -1,5 +1,5 @@
 // What crosses the border between a host and the library: status words, undefined values, null
-// texts, the wider layer of each handle, and handles that the host has made itself.
+// texts, the wider interface of each handle, and handles that the host has made itself.
 #include <gtest/gtest.h>
 #include <zelaccess/CompList_p.h>
 #include <zelaccess/Key_p.h>
@@ -33,7 +33,7 @@ TEST(Status, IsItsWordInAWiderIntegerToo) {
   EXPECT_TRUE(wide == zel::kStatusFailed);
 }
 
-// -1e35 and all below, which is how a float of it that was rounded reads.
+// -1e35 and everything below it, since the float nearest -1e35 can be read as a smaller number.
 static_assert(zel::gen_IsUndefDouble(-1e35) && zel::gen_IsUndefDouble(-2e35));
 static_assert(zel::gen_IsUndefDouble(zel::gen_GetUndefDouble()));
 static_assert(!zel::gen_IsUndefDouble(-9.999999e34) && !zel::gen_IsUndefDouble(1e35));
@@ -120,7 +120,7 @@ TEST_F(BorderTest, NullPathsAndNamesOpenNothing) {
   EXPECT_STREQ(library_->GetLibName(), "");
 }
 
-// A bank may have the empty name, and a null one is that name.
+// A bank may have an empty name, and a null pointer means the empty name.
 TEST_F(BorderTest, NullBankNameIsTheEmptyName) {
   EXPECT_FALSE(maint_->BankExists("VANLAAR", nullptr));
   ASSERT_TRUE(maint_->CreateBank("VANLAAR", nullptr, 0));
@@ -200,7 +200,7 @@ TEST_F(BorderTest, NullFieldsAndTextsOfBanks) {
   EXPECT_STREQ(formula, "");
 }
 
-// The rows of a list, made with a text for every text that may be missing.
+// The rows of a list that is made with `text` for every text that may be missing.
 std::string RowsWith(char const* text) {
   zel::Handle<zel::CompList> const list(zel::CompList::NewCompList());
   auto* const builder = dynamic_cast<zel::CompListBuild_p*>(list->GetBuilder());
@@ -236,7 +236,7 @@ TEST_F(BorderTest, EveryHandleLeadsToItsWiderLayer) {
   EXPECT_NE(dynamic_cast<zel::LibSearch_p*>(search.get()), nullptr);
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(maint_.get());
   ASSERT_NE(maint, nullptr);
-  // The log is silent until a host turns it on, which is done here only.
+  // The log is silent until the host turns it on, which happens only here.
   for (std::int32_t level : {0, 1}) {
     if (level != 0) maint->SetLogLevel(level);
     ::testing::internal::CaptureStdout();
@@ -307,7 +307,7 @@ class OwnLibrary : public zel::LibFile {
 
 TEST_F(BorderTest, KeyOfTheHostsOwnNamesNoItem) {
   OwnKey own;
-  OwnKey const copy(own);  // handles may be copied; nothing goes with them
+  OwnKey const copy(own);  // handles may be copied; the object is not
   own = copy;
   ASSERT_TRUE(maint_->CreateBank("VANLAAR", "A", 0));
   SetAij(1.5);
@@ -350,7 +350,7 @@ TEST_F(BorderTest, LibraryOfTheHostsOwnHoldsNothing) {
   search->SetLibraryBanks(2, libraries, names);
   EXPECT_TRUE(search->Search(key_.get(), bank_.get(), false)) << "is passed over";
 
-  // As the name index it knows nobody.
+  // As the name index it knows no component.
   zel::LibFile::SetOrdwinNameIndex(&own);
   bool fromIndex = true;
   EXPECT_EQ(maint_->FindNumberById("A", fromIndex), 0);

@@ -1,4 +1,4 @@
-// The indices of a component's data as PureComp.h writes them, comments included, against the
+// Compares the indices of a component's data in PureComp.h, including their comments, with the
 // catalogue.
 #include <gtest/gtest.h>
 #include <zelaccess/PureComp.h>

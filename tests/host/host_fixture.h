@@ -1,4 +1,4 @@
-// A folder for one test of a host, gone with it, and a library in it.
+// A folder for one test of a host, removed after the test, and a library in it.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The library as a host sees it: shared, public headers only.
+// The library as a host sees it: the shared library and its public headers only.
 #include <gtest/gtest.h>
 #include <zelaccess/ZelAccess.h>
 
@@ -68,8 +68,8 @@ TEST_F(HostTest, PairGoesInAndComesOutInBothOrders) {
   zel::LibFile::DelLibFile(library);
 }
 
-// A search and a walk that outlive the opening of their library, in each mode: after a close they
-// end in a block error or find nothing, after a reopen they work again.
+// A search and a walk whose library is closed, in each mode: after the close they end in a block
+// error or find nothing, after a reopen they work again.
 TEST_F(HostTest, ClosedLibraryUnderASearchAndAWalk) {
   constexpr long kItems = 2000;
   zel::openErrors error{};
@@ -119,7 +119,7 @@ TEST_F(HostTest, ClosedLibraryUnderASearchAndAWalk) {
   }
 }
 
-// A list that ends after everything that the library made during the run.
+// A list that is deleted after everything that the library made during the run.
 zel::Handle<zel::CompList> listToTheEnd;
 
 TEST_F(HostTest, GlobalListEndsWithTheProcess) {
@@ -127,7 +127,7 @@ TEST_F(HostTest, GlobalListEndsWithTheProcess) {
   listToTheEnd->SetFilter("a filter of more than fifteen characters");
 }
 
-// Made by its factory and ended by its Del function only.
+// Made by its factory and deleted by its Del function only.
 template <typename Handle>
 constexpr bool IsHandle = std::is_abstract_v<Handle>&& std::has_virtual_destructor_v<Handle> &&
                           !std::is_destructible_v<Handle> && std::is_copy_assignable_v<Handle>;
@@ -162,7 +162,7 @@ TEST_F(HostTest, BlockErrorReachesTheHostAsUnsignedLong) {
   zel::LibFile* library = zel::LibFile::NewLibFile(zel::libKind11, Path("b.lb1").c_str(), error);
   zel::LibMaint* maint = zel::LibMaint::NewLibMaint(library);
   try {
-    maint->DeleteBank("NRTL", "X");  // no bank at all
+    maint->DeleteBank("NRTL", "X");  // there is no bank at all
     FAIL() << "nothing was thrown";
   } catch (unsigned long word) {
     EXPECT_EQ(word, 990000000UL);
@@ -172,7 +172,7 @@ TEST_F(HostTest, BlockErrorReachesTheHostAsUnsignedLong) {
 }
 
 TEST_F(HostTest, InitialisesOnceAndLeavesNothingBehind) {
-  // The file that it makes on its way goes where these tests may see it.
+  // The temporary file is made in a folder that these tests can examine.
   char const* const before = std::getenv("TMPDIR");
   std::string const folder = before == nullptr ? "" : before;
   ::setenv("TMPDIR", folder_.c_str(), 1);

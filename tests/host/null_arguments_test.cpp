@@ -1,5 +1,5 @@
-// Null pointers: every pointer argument of every public function. The last step holds what was
-// swept against the headers, so that a new function is not forgotten.
+// Null pointers: every pointer argument of every public function. The last step compares the tested
+// functions with the headers, so that a new function is not forgotten.
 #include <zelaccess/CompList_p.h>
 #include <zelaccess/Identity.h>
 #include <zelaccess/Interchange.h>
@@ -26,7 +26,7 @@ using zelnull::Remains;
 using zelnull::Sweep;
 using zelnull::SweepCall;
 
-// A member function picked among its overloads.
+// Selects a member function among its overloads.
 template <typename... Arguments>
 struct With {
   template <typename Class, typename Result>
@@ -333,7 +333,7 @@ void NullArgumentsTest::SweepSearchAndLists() {
                                  });
   SweepCall<std::int32_t, char*>("CompListBuild_p::FormatRecord",
                                  [&](std::int32_t, char* text) { builder.FormatRecord(0, text); });
-  // Texts that are tidied in place.
+  // Texts that are changed in place.
   SweepCall<char*>(
       "CompListBuild_p::CleanRecord",
       [&](char* second) {
@@ -422,7 +422,7 @@ std::string PointerFunction(std::string statement) {
   return statement.substr(start, open - start);
 }
 
-// How often each is declared, by "Class::Function".
+// How often each function is declared, by "Class::Function".
 std::map<std::string, int> Declared() {
   std::map<std::string, int> functions;
   for (fs::directory_entry const& header : fs::directory_iterator(ZEL_HEADERS)) {
@@ -447,7 +447,7 @@ std::map<std::string, int> Declared() {
       if (!function.empty()) ++functions[(isFree ? "" : classOf + "::") + function];
     }
   }
-  functions.erase("ZelFindingSink::Found");  // of the host
+  functions.erase("ZelFindingSink::Found");  // implemented by the host
   functions.erase("casn::casnI2C");          // private
   functions.erase("casn::casnS2C");
   return functions;

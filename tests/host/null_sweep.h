@@ -1,8 +1,8 @@
 // Calls a public function with each of its pointers null, one at a time and all together.
 //
-// What must hold: an output that is null is passed over, the others come out as in the full call,
-// and the status is the same; without any output the call fails; without an input it fails too, but
-// a null text is the empty text. Nothing crashes.
+// What must hold: an output that is null is ignored, the others are the same as in the full call,
+// and so is the status; without any output the call fails; without an input it fails too, but a
+// null text means the empty text. Nothing crashes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@
 
 namespace zelnull {
 
-// What arguments of a class type point at, and what texts say.
+// The objects for arguments of a class type, and the values of texts.
 struct World {
   zel::LibFile* library = nullptr;
   zel::Key* key = nullptr;
@@ -34,7 +34,7 @@ inline World& TheWorld() {
   return world;
 }
 
-// How often each function was swept, by "Class::Function".
+// How often each function was tested, by "Class::Function".
 inline std::map<std::string, int>& Swept() {
   static std::map<std::string, int> names;
   return names;
@@ -45,7 +45,7 @@ enum class Role { kValue, kOutput, kInput, kText, kObject };
 constexpr std::size_t kBufferBytes = 32000;  // 100 rows of 260 characters, and more
 constexpr unsigned char kUntouched = 0x5A;
 
-// The argument of one type: where it points, and what it is worth.
+// An argument of one type: its role, what it points to, and its value.
 template <typename Type>
 struct Slot {  // by value, or a reference to an object of this test
   static constexpr Role kRole = Role::kValue;
@@ -153,7 +153,7 @@ struct Slot<void**> {
   std::string Bytes() const { return {}; }
 };
 
-// What a call said; a block error is a failure like others.
+// What a call reported; a block error is a failure like others.
 enum class Said { kNothing, kSuccess, kNothingNew, kNotImplemented, kFailure };
 
 inline Said Meaning(zel::ZelStatus status) {
@@ -170,10 +170,10 @@ Said Meaning(Other const&) {
 
 struct Outcome {
   Said said = Said::kNothing;
-  std::vector<std::string> outputs;  // empty for what is no output
+  std::vector<std::string> outputs;  // empty for arguments that are not outputs
 };
 
-// One call with the arguments null whose bit is set. `call` takes the arguments.
+// Makes one call in which the arguments whose bit is set are null. `call` takes the arguments.
 template <typename... Arguments, typename Call, std::size_t... I>
 Outcome CallWith(unsigned nulls, Call const& call, std::index_sequence<I...>) {
   std::tuple<Slot<Arguments>...> slots;
@@ -197,7 +197,8 @@ Outcome CallWith(unsigned nulls, Call const& call, std::index_sequence<I...>) {
   return outcome;
 }
 
-// Outputs that are references remain, and what a function like CheckComponent gives as its result.
+// What a call returns without output pointers: references, and the result of a function like
+// CheckComponent.
 enum class Remains { kPointersAlone, kResult };
 
 template <typename Type>

@@ -1,4 +1,4 @@
-// What surprises a host, as the headers say.
+// Behaviour that can surprise a host, as the headers describe it.
 #include <zelaccess/ZelAccess.h>
 
 #include <csignal>
@@ -42,7 +42,7 @@ TEST(Casn, ZeroIsANumberInAnAssignment) {
   EXPECT_EQ(static_cast<long>(number), 0);
 }
 
-// A file that may not grow, as on a full disk, while the library ends.
+// A file that cannot grow, as on a full disk, when the library is deleted.
 TEST_F(TrapsTest, FlushThatIsLostInTheEndLeavesATrace) {
   std::int32_t const before = zel::GetLostFlushes(nullptr, nullptr);
   zel::LibFile* library = NewLibrary("full.lb1").release();
@@ -69,7 +69,7 @@ TEST_F(TrapsTest, LibraryThatEndsWellLeavesNoTrace) {
   EXPECT_EQ(zel::GetLostFlushes(nullptr, nullptr), before);
 }
 
-// As Key.h and LibMaint.h warn: a key used again reaches an item of its earlier use.
+// As Key.h and LibMaint.h warn: a key that is used again can find the item of its earlier use.
 TEST_F(TrapsTest, KeyUsedAgainKeepsTheWordsThatAreNotSet) {
   auto const library = NewLibrary("a.lb1");
   zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(library.get()));
@@ -85,7 +85,7 @@ TEST_F(TrapsTest, KeyUsedAgainKeepsTheWordsThatAreNotSet) {
   EXPECT_FALSE(maint->ReadItem(vanLaar_.get(), "MINE", fresh.get()));
 }
 
-// As Key.h tells: a number counts by its low 32 bits.
+// As Key.h says: only the low 32 bits of a number are used.
 TEST_F(TrapsTest, NumberBeyond32BitsWraps) {
   auto const library = NewLibrary("a.lb1");
   zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(library.get()));
@@ -98,8 +98,8 @@ TEST_F(TrapsTest, NumberBeyond32BitsWraps) {
   EXPECT_TRUE(maint->ReadItem(vanLaar_.get(), "MINE", beyond.get()));
 }
 
-// As LibMaint.h tells: CreateBank refuses a name of nine characters, DeleteBank cuts it.
-// Exports, lists and new libraries go where a link in their place leads; a text dump replaces it.
+// As LibMaint.h says: CreateBank refuses a name of nine characters, DeleteBank cuts it. Exports,
+// lists and new libraries follow a link in their place; a text dump replaces it.
 TEST_F(TrapsTest, WrittenFilesFollowSymbolicLinks) {
   auto library = NewLibrary("own.lb1");
   zel::Handle<zel::LibMaint> maint(zel::LibMaint::NewLibMaint(library.get()));

@@ -1,4 +1,4 @@
-# Fails when a public header includes itself through others.
+# Fails if a public header includes itself through others.
 #   cmake -D HEADERS=<include/zelaccess> -P check_header_circles.cmake
 cmake_minimum_required(VERSION 3.20)
 

@@ -1,5 +1,5 @@
-# Fails when a source includes a header of a folder above its own, or a program that uses the library
-# as a host includes anything of it but the public headers.
+# Fails if a source includes a header of a folder above its own, or if a program that uses the
+# library as a host includes anything except the public headers.
 #   cmake -D SOURCE_DIR=<root> -D LAYERS=<CMakeLists.txt> -P check_includes.cmake
 # The folders and those below each are the zel_folder(<name> DEPENDS <lower folders>) of LAYERS.
 cmake_minimum_required(VERSION 3.20)
@@ -17,7 +17,7 @@ endforeach()
 if(NOT folders)
   message(FATAL_ERROR "no folder found in ${LAYERS}")
 endif()
-# These see the public headers only, and the public headers see each other.
+# These may include the public headers only, and the public headers only each other.
 set(may_examples "")
 set(may_hosts "")
 set(may_include "")
@@ -43,8 +43,8 @@ foreach(folder ${folders} ${outsiders})
   endforeach()
 endforeach()
 
-# The rooms of zel, the lowest first, each of which includes nothing above itself; main.cpp, which is
-# in none of them, may include all.
+# The rooms of zel, the lowest first; a room includes nothing above itself. main.cpp, which is in
+# none of them, may include all.
 set(rooms words files output open change sense commands)
 set(below "")
 foreach(room ${rooms})

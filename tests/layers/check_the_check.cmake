@@ -1,9 +1,9 @@
-# Fails when check_includes.cmake lets an upward include pass: small trees with one defect each.
+# Fails if check_includes.cmake does not find an upward include: small trees with one defect each.
 #   cmake -D WORK_DIR=<scratch folder> -D CHECK=<check_includes.cmake>
 #         -D LAYERS=<CMakeLists.txt> -P check_the_check.cmake
 cmake_minimum_required(VERSION 3.20)
 
-# The verdict of the check on a tree that holds one file of one line.
+# The result of the check for a tree that has one file of one line.
 function(verdict_on file line result)
   file(REMOVE_RECURSE ${WORK_DIR})
   file(WRITE ${WORK_DIR}/${file} "${line}\n")

@@ -1,4 +1,4 @@
-# Fails when compile_commands.json is not written, or has a warning flag that clang does not know.
+# Fails if compile_commands.json is not written, or has a warning flag that clang does not know.
 #   cmake -D COMMANDS=<compile_commands.json> -D CLANG=<clang++> -D WORK_DIR=<scratch> -P check_flags.cmake
 cmake_minimum_required(VERSION 3.20)
 

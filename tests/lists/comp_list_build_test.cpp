@@ -1,4 +1,4 @@
-// Component lists: built from rows and from libraries, written as files.
+// Component lists: building them from rows and from libraries, and writing them as files.
 #include "lists/comp_list_build.h"
 
 #include <algorithm>
@@ -80,8 +80,8 @@ TEST_F(BuildTest, OrdersAreMadeFromTheRows) {
   EXPECT_EQ(formulas.find("OIL"), std::string::npos) << "it has none";
 }
 
-// Further IDs and formulas stand in rows of their own, with what their component has besides; rows
-// that sort alike stay in the order of their adding.
+// Further IDs and formulas are in rows of their own, with the other data of their component; rows
+// that sort alike stay in the order in which they were added.
 TEST_F(BuildTest, FurtherRowsHaveTheirPlacesInEveryOrder) {
   CompListBuild_p& b = Builder();
   b.AddRecord("Aa", "M", "C2H6O", casn(), 300, 46);
@@ -101,7 +101,7 @@ TEST_F(BuildTest, FurtherRowsHaveTheirPlacesInEveryOrder) {
                                       "Aa\t-1\tM\t-1\tNaCl\t-1\t-\t-1\t300\t-1\t46\t-1\n");
 }
 
-// More rows than a sort would leave in place by chance.
+// More rows than a sort would leave in order by chance.
 TEST_F(BuildTest, RowsThatSortAlikeStayInTheOrderOfTheirAdding) {
   CompListBuild_p& b = Builder();
   std::string expected;
@@ -119,8 +119,8 @@ TEST_F(BuildTest, RowsThatSortAlikeStayInTheOrderOfTheirAdding) {
   }
 }
 
-// Each formula adds to the sort text that the row before it left: a second one stands behind the
-// first ones of all components with that ID.
+// Each formula appends to the sort text of the previous row: a second one is sorted after the first
+// ones of all components with that ID.
 TEST_F(BuildTest, SecondFurtherFormulaSortsBehindTheFirstOnes) {
   CompListBuild_p& b = Builder();
   b.AddRecord("One", "M", "A1", casn(), kNone, kNone);

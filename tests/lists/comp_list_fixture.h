@@ -25,7 +25,7 @@ class CompListTest : public TempFolderTest {
     MakeFile("list.lst", text);
     return list_.ReadList(Path("list.lst").c_str());
   }
-  // IDs of all that a walk gives.
+  // The IDs of all rows that a walk returns.
   std::string Walk(compListSorts sort, bool descending = false) {
     list_.SetSort(sort, descending ? 1 : 0);
     return Rest();

@@ -1,4 +1,4 @@
-// Component lists: read from files and walked.
+// Component lists: reading them from files and walking them.
 #include "lists/comp_list.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace zel {
 namespace {
 
-// Handles are never copied with what they hold.
+// Copying a handle must not copy the object.
 static_assert(!std::is_copy_constructible_v<CompList_i> && !std::is_copy_assignable_v<CompList_i>);
 
 using test::CompListTest;
@@ -90,7 +90,7 @@ TEST_F(CompListTest, LongLinesAreSplitByTheirBuffer) {
   ASSERT_TRUE(Read(first + "\tA\tF\t0\t0\nrest\tB\tG\t1\t1\n"));
   EXPECT_EQ(Walk(sortById), "A B ");
   ASSERT_TRUE(Read("W\tA\tF\t0\t0\n" + std::string(490, 'n') + "\tID\tFORMULAX\t1\t1\n"));
-  // 499 characters end within the formula; what follows is a line of its own.
+  // 499 characters end within the formula; the rest is read as a separate line.
   std::string walked = Walk(sortById);
   EXPECT_EQ(walked.substr(0, 5), "A ID ");
   EXPECT_EQ(std::count(walked.begin(), walked.end(), ' '), 3);
@@ -130,7 +130,7 @@ TEST_F(CompListTest, NumbersThatPointAtNoRowArePassedOver) {
   EXPECT_EQ(Walk(sortByFormula), "A ") << "what is no number reads as 0";
 }
 
-// They stay in their orders, as far as a number can go, and are passed over in either direction.
+// They remain in their orders, within the range of the type, and are skipped in both directions.
 TEST_F(CompListTest, NumbersBeyondTheRowsAndBeyondNumbersAreKept) {
   ASSERT_TRUE(Read("W\tA\tF\t7\t4294967296\nX\tB\tG\t1\t-4294967295\nY\tC\tH\t0\t99999999999\n"));
   EXPECT_EQ(list_.OrderBy(sortByName), (CompList_i::Order{7, 1, 0}));

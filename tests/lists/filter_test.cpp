@@ -1,4 +1,4 @@
-// The filter of lists, held against the procedure that defines it.
+// The filter of lists, compared with the procedure that defines it.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -11,7 +11,7 @@
 namespace zel {
 namespace {
 
-// The definition: step by step, with every position tried behind a star.
+// The definition: step by step, trying every position after a star.
 bool Literal(std::string_view text, std::string_view pattern, bool sawStar = false) {
   if (pattern == "*") return true;
   while (!pattern.empty()) {
@@ -73,7 +73,7 @@ TEST(ListFilter, TextMayGoOnBehindThePattern) {
   EXPECT_FALSE(MatchesListFilter("", "?"));
 }
 
-// By the definition this would take longer than anybody waits.
+// The literal definition would take far too long for this.
 TEST(ListFilter, ManyStarsCostNoMore) {
   std::string pattern;
   for (int i = 0; i < 50; ++i) pattern += "*a";

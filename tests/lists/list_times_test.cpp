@@ -1,4 +1,4 @@
-// What a builder says of its times: seconds of the clock on the wall.
+// The times that a builder reports: seconds of wall clock time.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -16,7 +16,7 @@
 namespace zel {
 namespace {
 
-// Files in memory that take their time for each read, once they are told to.
+// Files in memory whose reads are slow once this is switched on.
 class SlowFileSystem final : public platform::FileSystem {
  public:
   static constexpr auto kPause = std::chrono::milliseconds(2);

@@ -33,7 +33,7 @@ class SearchTest : public ::testing::Test {
   }
   ~SearchTest() override { LibFile::ClearOrdwinNameIndex(); }
 
-  // Writes a pair into a bank of a library, which is made when it is not there.
+  // Writes a pair into a bank of a library; the bank is made if it does not exist.
   void Write(std::size_t library, char const* type, char const* name, long i, long j, double aij,
              std::int32_t format = 0, char const* field = "aij") {
     LibMaint_i maint(files_[library].get());
@@ -60,7 +60,7 @@ class SearchTest : public ::testing::Test {
     ASSERT_TRUE(maint.WriteItem(bank.Def(), name, &key));
   }
 
-  // Puts a word into the head of the first library's bank A; gives the word that was there.
+  // Puts a word into the head of the first library's bank A; returns the previous word.
   std::int32_t PutInHead(int word, std::int32_t value) {
     std::int32_t const* entry = nullptr;
     EXPECT_TRUE(files_[0]->FindBank("VANLAAR", "A", entry, false));

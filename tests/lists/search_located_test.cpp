@@ -1,5 +1,5 @@
-// Banks that a search has located: many of them, keys that each library reads in its own way, and
-// what holds when a library changes or cannot be read.
+// Banks that a search has located: many banks, keys that libraries resolve differently, and
+// libraries that change or cannot be read.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -43,7 +43,7 @@ class SearchLocatedTest : public test::SearchTest {
     key.SetKey(i, j);
     ASSERT_TRUE(maint.WriteItem(vanLaar_.Get(), "A", &key));
   }
-  // Lets the entry of a component in bank A lead to a place that does not exist.
+  // Makes the entry of a component in bank A refer to an address that does not exist.
   void LoseRecord(std::size_t library, std::int32_t number) {
     constexpr std::int32_t kNowhere = 122'000'001;
     std::int32_t const* found = nullptr;
@@ -60,8 +60,8 @@ class SearchLocatedTest : public test::SearchTest {
   }
 };
 
-// Each located bank works on a head of its own, which stays in its place while others are added and
-// while banks that do not fit are dropped between them.
+// Each located bank works on its own copy of the head, which must not move while others are added
+// and banks that do not fit are dropped in between.
 TEST_F(SearchLocatedTest, ManyBanksAndOnesThatDoNotFitBetweenThem) {
   constexpr int kBanks = 40;
   std::vector<LibFile*> libraries;
@@ -93,8 +93,8 @@ TEST_F(SearchLocatedTest, ManyBanksAndOnesThatDoNotFitBetweenThem) {
   }
 }
 
-// The copies of heads are those of the time when the banks were located. What has moved since is
-// not found by them, and what is found is an item all the same.
+// The copies of heads are from the time when the banks were located. Items that have moved since
+// are not found through them, but whatever is found is a valid item.
 TEST_F(SearchLocatedTest, RootsThatMoveAreSeenAfterTheListIsSetAnew) {
   constexpr long kItems = 60;
   SetDeleteTestFlag(true);  // nodes of few entries
@@ -113,7 +113,7 @@ TEST_F(SearchLocatedTest, RootsThatMoveAreSeenAfterTheListIsSetAnew) {
       try {
         if (!Find(vanLaar_.Get(), i, 1000)) continue;
       } catch (unsigned long) {
-        continue;  // a block that is no node of this tree any more
+        continue;  // a block that is no longer a node of this tree
       }
       EXPECT_EQ(Aij(vanLaar_.Get()), double(i));
       ++found;
@@ -127,7 +127,7 @@ TEST_F(SearchLocatedTest, RootsThatMoveAreSeenAfterTheListIsSetAnew) {
   search_.SetLibraryBanks(1, all_, kA);
   EXPECT_EQ(countFound(), kItems);
 
-  // Deletes give nodes back, and another bank takes them.
+  // Deletes free nodes, and another bank reuses them.
   for (long i = 2; i <= kItems; ++i) {
     Key_i key;
     key.SetKey(i, 1000L);
@@ -141,8 +141,8 @@ TEST_F(SearchLocatedTest, RootsThatMoveAreSeenAfterTheListIsSetAnew) {
   EXPECT_EQ(Aij(vanLaar_.Get()), 1.0);
 }
 
-// The numbers of two IDs stand in this order in one library and in the other order in the next: the
-// item is turned by the library that it was found in.
+// The numbers of two IDs are in one order in the first library and in the other order in the
+// second: whether the item is swapped depends on the library in which it was found.
 TEST_F(SearchLocatedTest, PairIsTurnedByTheLibraryItWasFoundIn) {
   AddId(0, "P", 9);
   AddId(0, "Q", 5);
@@ -169,7 +169,7 @@ TEST_F(SearchLocatedTest, PairIsTurnedByTheLibraryItWasFoundIn) {
   EXPECT_EQ(Aij(vanLaar_.Get()), 4.5);
 }
 
-// Plain words are brought into stored order anew for each bank.
+// Plain words are put into stored order again for each bank.
 TEST_F(SearchLocatedTest, PlainWordsAreTurnedInEveryBank) {
   WriteBoth(0, 100, 200, 7.0, 8.0);
   WriteBoth(1, 100, 300, 7.0, 8.0);
@@ -184,8 +184,8 @@ TEST_F(SearchLocatedTest, PlainWordsAreTurnedInEveryBank) {
   }
 }
 
-// A record that cannot be read ends the search with the error of its block. What earlier banks gave
-// stays, and no face of the bank is left behind.
+// A record that cannot be read ends the search with the error of its block. Data from earlier banks
+// are kept, and no reference to the bank is leaked.
 TEST_F(SearchLocatedTest, RecordThatCannotBeReadLeavesTheBankAsItIs) {
   WriteComponent(0, "A", 77, {{0, 46.069}});
   WriteComponent(1, "A", 77, {{9, 0.789}});

@@ -1,4 +1,4 @@
-// What a search takes from one search to the next, and where it ends.
+// The state that is kept from one search to the next, and where a search ends.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -15,7 +15,7 @@ using test::kAA;
 
 class SearchOrderTest : public test::SearchTest {
  protected:
-  // A component without any datum, which no read takes anything from.
+  // A component without any datum, so that reading it changes nothing.
   void WriteEmptyComponent(std::size_t library, long number) {
     LibMaint_i maint(files_[library].get());
     ASSERT_TRUE(maint.CreateBank("PURECOMP", "A", 0));
@@ -107,7 +107,7 @@ TEST_F(SearchOrderTest, NamesDropPairsAndLocatedBanksInBothForms) {
   }
 }
 
-// Rows of nine letters: nothing behind the row is read.
+// Names of nine letters without a terminator: nothing after the array row is read.
 TEST_F(SearchOrderTest, NamesWithoutRoomForAnEndAreCutToo) {
   Write(0, "VANLAAR", "ABCDEFGH", 1, 2, 1.0);
   char names[1][9];

@@ -1,4 +1,4 @@
-// Items found in a preference list of libraries.
+// Finding items in several libraries in order of preference.
 #include "lists/lib_search.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@
 namespace zel {
 namespace {
 
-// Handles are never copied with what they hold.
+// Copying a handle must not copy the object.
 static_assert(!std::is_copy_constructible_v<LibSearch_i> &&
               !std::is_copy_assignable_v<LibSearch_i>);
 

@@ -1,4 +1,4 @@
-// Names and IDs, tidied and sorted.
+// Names and IDs: correcting their case, and their sort keys.
 #include "lists/sort_keys.h"
 
 #include <gtest/gtest.h>
@@ -74,7 +74,7 @@ TEST(SortKeys, NameKeysLeadWithTheMainWords) {
   EXPECT_LT(MakeNameKey("n-Butane"), MakeNameKey("Butanol"));
 }
 
-// A word is looked at as far as its first 40 characters; its case is given to all of it.
+// Only the first 40 characters of a word are examined; the case is applied to the whole word.
 TEST(SortKeys, LongWordsCountByTheirFirstFortyCharacters) {
   std::string const fifty(50, 'B');
   EXPECT_EQ(MakeNameKey(fifty + "-1"), std::string(40, 'b') + "  1-  ");

@@ -1,6 +1,6 @@
 // Evaluates every correlation of the published data in all orders, in steps of 1 K from a fifth of
-// its lower limit to three times the upper one, at both limits and at the critical point, and holds
-// each result against what a sound record may give. Takes a minute.
+// its lower limit to three times the upper one, at both limits and at the critical point, and
+// checks each result against the values that a sound record can have. Takes a minute.
 //   sweep_records [<folder of the documents>]
 #include <cmath>
 #include <cstdio>

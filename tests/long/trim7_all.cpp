@@ -1,4 +1,4 @@
-// Holds the 7-digit trim against printing and reading back for all 2^32 floats. Takes tens of
+// Compares the 7-digit trim with printing and reading back for all 2^32 floats. Takes tens of
 // minutes.
 #include <bit>
 #include <cmath>

@@ -1,5 +1,4 @@
-// Reads that fail, items that cannot be read, and writes that break off: nothing goes without a
-// word.
+// Reads that fail, items that cannot be read, and writes that are interrupted: each is reported.
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -64,7 +63,7 @@ class BadItemsTest : public ::testing::Test {
     key_.SetKey(static_cast<long>(number));
     return maint_->ReadItem(bank_.Def(), "PURE", &key_);
   }
-  // The word behind a component's number in the bank's tree: the address of its record.
+  // The word after a component's number in the bank's tree: the address of its record.
   std::byte* AddressOf(std::int32_t number) {
     auto& bytes = files_.Contents("/b.lb2");
     for (std::size_t at = 0; at + 8 <= bytes.size(); at += 4) {
@@ -227,7 +226,7 @@ TEST_F(BadItemsTest, EveryReadOfACheckThatFailsIsDamage) {
   EXPECT_GT(failed, 15);
 }
 
-// Whatever write fails, no key is left without its item, and what was taken is free again.
+// Whichever write fails, no key is left without its item, and allocated blocks are freed again.
 TEST_F(BadItemsTest, NewItemWhoseWriteFailsLeavesNoKey) {
   auto const first = files_.Contents("/b.lb1");
   auto const second = files_.Contents("/b.lb2");
@@ -258,7 +257,7 @@ TEST_F(BadItemsTest, NewItemWhoseWriteFailsLeavesNoKey) {
   EXPECT_GE(failed, 4) << "structures, correlations, record, node";
 }
 
-// The record of a bank that lies in its tree: key and values come in one write.
+// A record that is stored in the tree itself: key and values are written together.
 TEST_F(BadItemsTest, NodeNeverHasAKeyWithoutItsValues) {
   Open(accUpdate);
   ASSERT_TRUE(maint_->CreateBank("VANLAAR", "A", 0));

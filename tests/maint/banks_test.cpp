@@ -1,4 +1,4 @@
-// Banks: made, found, described, deleted.
+// Banks: creating, finding, describing and deleting them.
 #include <functional>
 #include <new>
 #include <type_traits>
@@ -13,7 +13,7 @@
 namespace zel {
 namespace {
 
-// Handles are never copied with what they hold.
+// Copying a handle must not copy the object.
 static_assert(!std::is_copy_constructible_v<LibMaint_i> && !std::is_copy_assignable_v<LibMaint_i>);
 
 using BanksTest = test::MaintTest;
@@ -61,8 +61,8 @@ TEST_F(BanksTest, DirectoryEntryHasTheHeadOfItsBank) {
   EXPECT_EQ(data[12], 20);
 }
 
-// Their entries hold one word, through which the record is reached; its length is told all the
-// same.
+// Their entries hold one word, which leads to the record; the length of the record is in the head
+// all the same.
 TEST_F(BanksTest, EntriesOfComponentsAreOneWord) {
   ASSERT_TRUE(Maint().CreateBank("PURECOMP", "P", 0));
   std::int32_t const* data = nullptr;
@@ -122,7 +122,7 @@ TEST_F(BanksTest, MemosAreKeptPerBank) {
   EXPECT_STREQ(memo, "");
 }
 
-// The length of a memo comes from the file; 0, as old files have it, stands for the usual one.
+// The length of a memo is read from the file; 0, as in old files, means the usual length.
 TEST_F(BanksTest, MemoLengthIsNeverMoreThanTheBuffer) {
   Maint().CreateBank("NRTL", "A", 0);
   std::string const text(3999, 'm');
@@ -192,7 +192,7 @@ TEST_F(BanksTest, ReferredBanksAreNamed) {
   EXPECT_STREQ(names[2], "");
 }
 
-// A set whose root is no block: the error passes.
+// A bank whose root is not a valid block: the error is thrown.
 TEST_F(BanksTest, ReferencesOfADamagedBankThrow) {
   Maint().CreateBank("PSRK", "S", 0);
   std::int32_t const* found = nullptr;
@@ -247,7 +247,8 @@ TEST_F(BanksTest, HundredsOfBanksSplitTheDirectoryAndStayFound) {
   }
 }
 
-// Where there is no memory for an item of the bank's type, no answer is better than a wrong one.
+// If there is no memory for an object of the bank's type, an exception is better than a wrong
+// answer.
 TEST_F(BanksTest, ShortMemoryIsNotAnUnknownType) {
   ASSERT_TRUE(Maint().CreateBank("NRTL", "A", 2));
   char const types[1][9] = {"UNIFAC"};

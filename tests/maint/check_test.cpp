@@ -50,7 +50,7 @@ class CheckTest : public test::MaintTest {
     Fill(number, cas, ids);
     ASSERT_TRUE(WriteTo(maint, bank));
   }
-  // The reasons of a check without key; empty when there are none.
+  // The reasons that a check reports; empty if there are none.
   std::string Reasons(Key* key = nullptr) {
     char text[300] = "old";
     bool const good = key == nullptr ? Maint().CheckComponent(bank_.Get(), text)
@@ -71,7 +71,7 @@ class CheckTest : public test::MaintTest {
     return ::testing::internal::GetCapturedStdout();
   }
 
-  // The reference library again, with another root of its n-th tree on file.
+  // Opens the reference library again, with another root of its n-th tree on file.
   void ReopenReferenceWithRoot(int tree, std::int32_t root) {
     LibFile::ClearOrdwinNameIndex();
     reference_->CloseLibFile();
@@ -121,7 +121,7 @@ TEST_F(CheckTest, KeyMustHaveOnePlace) {
 TEST_F(CheckTest, DirectKeyIsUndefined) {
   std::int32_t const words[] = {7, 7};
   Fill(7, 0, {"ETHANOL"});
-  key_.SetKey(7L);  // an earlier use must not count
+  key_.SetKey(7L);  // an earlier use must have no effect
   key_.SetKeyWords(1, words);
   EXPECT_EQ(Reasons(&key_), "Key is undefined");
   key_.SetKeyWords(2, words);
@@ -185,7 +185,7 @@ TEST_F(CheckTest, IdUnderNumberZeroIsNoConflict) {
   EXPECT_EQ(Reasons(), "");
 }
 
-// What a damaged index would have said stays unknown; the other library is asked all the same.
+// What is in a damaged index remains unknown; the other library is still searched.
 TEST_F(CheckTest, IndexThatCannotBeReadKnowsNothing) {
   constexpr int kIdTree = 1;
   constexpr int kCasTree = 2;
@@ -425,7 +425,7 @@ TEST_F(CheckTest, BanksAreAskedInTheirOrderAndThenTheReferenceBanks) {
   EXPECT_FALSE(fromIndex);
 }
 
-// The current walk of the object goes on beside a look-up.
+// A look-up does not disturb the current walk of the object.
 TEST_F(CheckTest, LookUpLeavesTheWalkAlone) {
   Have(12, 0, {"OWN"});
   Maint().BeginBankWalk();

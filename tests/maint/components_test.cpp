@@ -1,4 +1,4 @@
-// Pure components through the working surface, and the identifiers that enter with them.
+// Pure components read and written by LibMaint, and the identifiers that are entered with them.
 #include <cstring>
 #include <string>
 
@@ -94,9 +94,9 @@ TEST_F(ComponentsTest, RewritingEntersNewIdentifiersToo) {
   EXPECT_EQ(Maint().FindNumberByCas(casn("64-17-5")), 100);
 }
 
-// Entering its identifiers does not take the place of a written component away.
+// Entering the identifiers of a component does not change which item is the current one.
 TEST_F(ComponentsTest, WrittenComponentIsTheItemAtHand) {
-  for (double const mw : {18.0, 32.0}) {  // a new item, then one that is there
+  for (double const mw : {18.0, 32.0}) {  // a new item, then an existing one
     ASSERT_TRUE(Write(100, 64175, {"ONE", "TWO"}, mw));
     bank_->SetProperty(0, mw + 0.5);
     char const ids[12][9] = {"ONE", "TWO", "THREE"};
@@ -109,8 +109,8 @@ TEST_F(ComponentsTest, WrittenComponentIsTheItemAtHand) {
   }
 }
 
-// An index that cannot be read gets no new entries: they would stand in the wrong place. The record
-// itself is written by then.
+// An index that cannot be read gets no new entries, since they would be in the wrong place. The
+// record itself has been written by then.
 TEST_F(ComponentsTest, IndexThatCannotBeReadEndsAWrite) {
   constexpr int kTrees[] = {1, 2};  // character IDs, CAS numbers
   constexpr std::int32_t kNowhere = 112'999'999;
@@ -188,7 +188,7 @@ void PatchEntry(LibFile_i& library, std::int32_t number, std::int32_t word) {
   ASSERT_TRUE(tree.WriteCurrentNode());
 }
 
-// A write that broke off between the entry and the record leaves an entry without an address.
+// A write that is interrupted between the entry and the record leaves an entry without an address.
 TEST_F(ComponentsTest, EntryWithoutARecordIsMended) {
   ASSERT_TRUE(Write(100, 0, {"ONE"}));
   for (std::int32_t address : {0, 990000000}) {
@@ -200,7 +200,8 @@ TEST_F(ComponentsTest, EntryWithoutARecordIsMended) {
   }
 }
 
-// The data of a component lie elsewhere: its entry needs one word, and has none here.
+// The data of a component are in other blocks: its entry needs one word for the address, and has
+// none here.
 TEST_F(ComponentsTest, EntryWithoutAWordForTheAddressIsNotRead) {
   ASSERT_TRUE(Write(100, 0, {"ONE"}));
   std::int32_t const* found = nullptr;

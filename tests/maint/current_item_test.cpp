@@ -1,4 +1,4 @@
-// The item at hand: which operations make one, which keep it, which end it.
+// The current item: which operations set it, keep it or end it.
 #include <functional>
 
 #include "frame/module.h"
@@ -79,7 +79,7 @@ TEST_F(CurrentItemTest, EndsWithWhatTakesTheTreeOrFails) {
   }
 }
 
-// An item of a walk can be read, and not be written back.
+// An item of a walk can be read but not rewritten.
 TEST_F(CurrentItemTest, IsNoneWithinAWalk) {
   ASSERT_TRUE(Maint().BeginItemWalk("VANLAAR", "A"));
   ASSERT_TRUE(Maint().NextItem(words_, vanLaar_.Get()));
@@ -98,7 +98,7 @@ TEST_F(CurrentItemTest, FailedReadLeavesTheBankEmpty) {
   EXPECT_EQ(Aij(), 3.0) << "a question changes nothing";
 }
 
-// The position is that of the new entry also where its node was split on the way.
+// The position is that of the new entry, even if its node was split by the insert.
 TEST_F(CurrentItemTest, IsTheNewOneAfterEveryInsert) {
   SetDeleteTestFlag(true);
   Maint().CreateBank("VANLAAR", "D", 0);

@@ -1,5 +1,5 @@
-// Maintenance whose n-th file operation fails: what the library shows afterwards is what is on
-// file, and nothing that failed stays in a buffer.
+// Maintenance whose n-th file operation fails: afterwards the library shows what is on file, and
+// nothing that failed remains in a buffer.
 #include <functional>
 #include <map>
 #include <optional>
@@ -38,7 +38,7 @@ class FailedWriteTest : public ::testing::Test {
     return maint_->WriteItem(bank_.Get(), name, &key_);
   }
 
-  // Banks with their memos and items. A bank whose entry was begun and not ended has no tree.
+  // Banks with their memos and items. A bank whose entry was not written completely has no tree.
   static Shown Show(LibMaint_i& maint) {
     Shown shown;
     std::vector<std::string> banks;
@@ -70,7 +70,7 @@ class FailedWriteTest : public ::testing::Test {
     return items;
   }
 
-  // What somebody sees who opens the files as they are now.
+  // What a program sees that opens the files as they are now.
   Shown OnFile() {
     test::MemoryFileSystem copy;
     for (char const* path : {"/l.lb1", "/l.lb2"}) copy.Contents(path) = files_.Contents(path);
@@ -80,7 +80,7 @@ class FailedWriteTest : public ::testing::Test {
     return Show(maint);
   }
 
-  // Runs an operation on the library of the start with each of its file operations failing in turn.
+  // Runs an operation on the initial library, with each of its file operations failing in turn.
   void FailEverywhere(std::function<void()> const& operation) {
     Shown const before = Show(*maint_);
     ASSERT_EQ(OnFile(), before);

@@ -1,4 +1,4 @@
-// The library that the document on the file format shows byte by byte.
+// Compares a library with the one that the document on the file format shows byte by byte.
 #include <fstream>
 #include <map>
 #include <sstream>

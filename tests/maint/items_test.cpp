@@ -1,4 +1,4 @@
-// Items: written, read, rewritten, deleted.
+// Items: writing, reading, rewriting and deleting them.
 #include <cstring>
 
 #include "frame/module.h"
@@ -104,7 +104,7 @@ TEST_F(ItemsTest, ReasonsOfFailures) {
   EXPECT_EQ(Maint().Log().PendingText(), "Error reading bank index");
 }
 
-// The head of bank A in the directory, for changes by hand.
+// Changes a word of the head of bank A in the directory.
 void PatchHead(LibFile_i& library, int word, std::int32_t value) {
   std::int32_t const* found = nullptr;
   ASSERT_TRUE(library.FindBank("VANLAAR", "A", found, false));
@@ -135,8 +135,8 @@ TEST_F(ItemsTest, WriteToABankOfAnotherShapeChangesNothing) {
   EXPECT_TRUE(Read(1, 2));
 }
 
-// The record length fits, and yet an entry has no room for the record: one word where the head says
-// that the data lie elsewhere, or some words too few.
+// The record length matches, but an entry has no room for the record: it holds one word, since the
+// head says that the data are in other blocks, or it is some words too short.
 TEST_F(ItemsTest, RecordsLongerThanTheirEntriesAreNotRead) {
   ASSERT_TRUE(Write(1, 2, 3, 4));
   for (std::int32_t entryWords : {3, 15}) {
@@ -160,7 +160,7 @@ TEST_F(ItemsTest, RecordsLongerThanTheirEntriesAreNotRead) {
   EXPECT_TRUE(Read(1, 2));
 }
 
-// A key's own length is never the trouble: parts too many are passed over, too few find nothing.
+// The length of a key alone is never an error: excess parts are ignored, too few find nothing.
 TEST_F(ItemsTest, KeysOfOtherLengthsAreNotRefusedForTheirLength) {
   ASSERT_TRUE(Write(1, 2, 3, 4));
   std::int32_t const words[3] = {1, 2, 3};
@@ -217,7 +217,7 @@ TEST_F(ItemsTest, ComponentsAreNamedByIdAndCas) {
   EXPECT_EQ(Aij(), 2.0) << "and turned round by number";
 }
 
-// What a key keeps of the name index serves one use: the next one asks again.
+// What a key remembers of the name index is used once: the next use searches again.
 TEST_F(ItemsTest, KeyAsksTheNameIndexAtEachUse) {
   test::MemoryFileSystem files[2];
   std::unique_ptr<LibFile_i> index[2];
@@ -349,8 +349,8 @@ TEST_F(ItemsTest, RootMovedByADeleteIsFoundAfterAReopen) {
   }
 }
 
-// The head of a bank's tree lies in a node of the directory; growth of one bank must not touch what
-// the directory's buffer holds of another.
+// The head of a bank's tree is in a node of the directory; the growth of one bank must not change
+// what the directory's buffer holds of another.
 TEST_F(ItemsTest, BanksThatGrowInTurnKeepTheirHeads) {
   SetDeleteTestFlag(true);
   for (int b = 0; b < 60; ++b) {

@@ -1,4 +1,4 @@
-// Keys that are no component numbers: group numbers of one to two parts, and texts.
+// Keys that are not component numbers: group numbers of one or two parts, and texts.
 #include <numeric>
 
 #include "tests/maint/maint_fixture.h"
@@ -8,7 +8,7 @@ namespace {
 
 class KeyKindsTest : public test::MaintTest {
  protected:
-  // Makes bank K of a type and an object of that type.
+  // Makes bank K of a type and returns an object of that type.
   Held<IZelBankDef> Make(char const* type, std::int32_t format = 0) {
     EXPECT_TRUE(Maint().CreateBank(type, "K", format)) << type;
     return Held<IZelBankDef>(NewBank(type));
@@ -22,7 +22,7 @@ class KeyKindsTest : public test::MaintTest {
     key_.SetKeyWords(static_cast<long>(words.size()), words.data());
     return Maint().ReadItem(bank.Get(), "K", &key_);
   }
-  // Keys of all items of bank K.
+  // The keys of all items of bank K.
   std::vector<Words> Keys(char const* type, std::size_t keyWords) {
     std::vector<Words> keys;
     std::int32_t words[10];
@@ -109,7 +109,7 @@ TEST_F(KeyKindsTest, SymmetricGroupPairIsOneItem) {
   EXPECT_EQ(Keys("PPR78", 2), (std::vector<Words>{{1, 8}}));
 }
 
-// The words of these texts descend: a sort would mix the parts of the name up.
+// The words of these texts descend: sorting them would mix up the parts of the name.
 TEST_F(KeyKindsTest, TextsOfMappingBanksAreNotSorted) {
   struct {
     char const* type;

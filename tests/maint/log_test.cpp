@@ -129,8 +129,9 @@ TEST_F(LogTest, ProgressOfBanksByLevel) {
   EXPECT_EQ(progress("PURECOMP"), "  PURECOMP:MINE\n");
 }
 
-// Lines go out whole, so that those of other writers never fall into one; when is the host's
-// affair. In a process of its own, whose standard output shows each write apart.
+// Each line is written with one call, so that lines of other writers are never mixed into it; when
+// it is flushed is up to the host. Tested in a separate process, whose standard output shows each
+// write separately.
 TEST_F(LogTest, LineIsOneWriteAndFlushingIsTheHosts) {
   log_.SetLevel(1);
   log_.SetItemLabel("Item \"00000007:00000008\"");

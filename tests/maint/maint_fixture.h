@@ -23,12 +23,12 @@ class MaintTest : public ::testing::Test {
   LibMaint_i& Maint() { return *maint_; }
   LibFile_i& Library() { return *library_; }
 
-  // An entry of the character ID or CAS tree.
+  // Add an entry to the character ID or CAS tree.
   void AddId(char const* id, std::int32_t number);
   void AddCas(std::int32_t cas, std::int32_t number);
   static void AddTo(BTree_i& tree, std::int32_t const* key, std::int32_t number);
 
-  // A VANLAAR bank with aij set, and what it holds.
+  // Set and return the parameters of a VANLAAR bank.
   void SetAij(double aij, double aji);
   double Aij();
 

@@ -1,4 +1,4 @@
-// Component numbers: looked up, and given out.
+// Component numbers: looking them up, and assigning new ones.
 #include "tests/maint/maint_fixture.h"
 
 namespace zel {

@@ -1,5 +1,5 @@
-// A library of one file, whose nodes lie among the records: a new item's key is on file before its
-// record is, and is taken back when the record cannot be written.
+// A library of one file, whose nodes are among the records: a new item's key is on file before its
+// record, and is removed again if the record cannot be written.
 #include <cstring>
 #include <optional>
 #include <string>
@@ -64,7 +64,7 @@ class OneFileTest : public ::testing::Test {
     }
     return numbers;
   }
-  // A library of one file with components 10, 20, ..., as many as told.
+  // A library of one file with the given number of components 10, 20, ...
   void Make(int components) {
     files_.Remove(kPath);
     files_.Remove("/o.lb2");
@@ -81,8 +81,8 @@ class OneFileTest : public ::testing::Test {
     Close();
     ASSERT_FALSE(files_.Exists("/o.lb2"));
   }
-  // Writes a new component with each of the last file operations failing once: those that follow
-  // the key's way into the tree.
+  // Writes a new component with each of the last file operations failing once: those after the key
+  // was entered into the tree.
   void FailEverywhere(int components, std::int32_t number) {
     constexpr int kLast = 4;  // structures, correlations, record, the node with its address
     auto const first = files_.Contents(kPath);

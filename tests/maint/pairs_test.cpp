@@ -1,5 +1,5 @@
-// Pairs of components in a library: what an item stored for (i, j) shows when it is asked for as
-// (j, i), and pure values of pair banks.
+// Pairs of components in a library: what an item stored for (i, j) shows when it is read as (j, i),
+// and pure values of pair banks.
 #include <algorithm>
 #include <cstring>
 
@@ -12,7 +12,7 @@ namespace {
 using test::ExpectedField;
 using test::ExpectedType;
 
-// Gives every number of a bank another value.
+// Sets every number of a bank to a different value.
 void FillNumbers(IZelBankDef* bank, ExpectedType const& type) {
   double next = 0.25;
   for (ExpectedField const& field : type.fields) {
@@ -49,7 +49,7 @@ class PairsTest : public test::MaintTest {
     key_.SetKey(i, j);
     return Maint().WriteItem(bank, "P", &key_);
   }
-  // Makes a bank of the type with an item for (1, 2) and gives what it holds.
+  // Makes a bank of the type with an item for (1, 2) and returns the item's numbers.
   std::vector<double> Store(IZelBankDef* bank, ExpectedType const& type) {
     EXPECT_TRUE(Maint().CreateBank(type.keyword, "P", 0)) << type.keyword;
     FillNumbers(bank, type);
@@ -106,7 +106,8 @@ TEST_F(PairsTest, OfAsymmetricTypesTurnRoundAndOthersDoNot) {
     }
     ++asymmetric;
     EXPECT_NE(turned, stored) << type.keyword;
-    // Back as it was read: the stored item keeps its order, and the bank the caller's.
+    // Written back as it was read: the stored item keeps its order, and the bank the caller's
+    // order.
     ASSERT_TRUE(Write(bank.Get(), 2, 1)) << type.keyword;
     EXPECT_EQ(NumbersOf(bank.Get(), type), turned) << type.keyword;
     ASSERT_TRUE(Maint().RewriteItem(bank.Get())) << type.keyword;

@@ -1,4 +1,4 @@
-// Text dumps beside a library.
+// Text dumps next to a library.
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -174,7 +174,7 @@ TEST_F(TextDumpTest, FileThatCannotBeWrittenIsPassedOver) {
   maint_->WriteTextDump(nullptr);
 }
 
-// The head of a bank's tree comes from the file: it may claim longer keys than components have.
+// The head of a bank's tree is read from the file: it may claim longer keys than components have.
 TEST_F(TextDumpTest, BankWhoseKeysCannotBeThoseOfComponentsHasTitlesOnly) {
   constexpr std::int32_t kKeyWords = format::kMaxKeyWords - 1;
   maint_->CreateBank("PURECOMP", "PURE", 0);

@@ -1,4 +1,4 @@
-// Two objects at work on one library: a rewrite reaches the item where it is by then.
+// Two objects working on one library: a rewrite finds the item where it is by then.
 #include <optional>
 
 #include "tests/maint/maint_fixture.h"

@@ -28,7 +28,7 @@ TEST_F(WalksTest, BanksComeInDirectoryOrderWithoutTheirMark) {
   Maint().CreateBank("NRTL", "B", 2);
   Maint().CreateBank("NRTL", "A", 1);
   Maint().CreateBank("AZEOTROP", "C", 0);
-  // By packed value: the mark behind NRTL sorts behind the letter L.
+  // By packed value: the mark after NRTL sorts after the letter L.
   EXPECT_EQ(Banks(""), (Names{"AZEOTROP:C", "NRTL:A", "NRTLLL:B", "NRTL:B"}));
   EXPECT_EQ(Banks("NRTL"), (Names{"NRTL:A", "NRTL:B"}));
   EXPECT_EQ(Banks("nrtl"), Names{}) << "the filter compares exactly";
@@ -150,7 +150,7 @@ TEST_F(WalksTest, OnlyTheCurrentWalkGoesOn) {
   EXPECT_FALSE(Maint().NextId(number, id)) << "an item access ends a walk";
 }
 
-// A walk keeps its own head, whatever node of the directory lies in the library's buffer by then.
+// A walk keeps its own head, whatever node of the directory is in the library's buffer by then.
 TEST_F(WalksTest, ItemsGoOnBesideLookUpsOfOtherBanks) {
   constexpr int kBanks = 150;  // more than a node of the directory holds
   for (int b = 0; b < kBanks; ++b) {
@@ -178,7 +178,7 @@ TEST_F(WalksTest, ItemsGoOnBesideLookUpsOfOtherBanks) {
   }
 }
 
-// Callers have room for ten words: a bank whose head claims longer keys has no items.
+// Callers have room for ten words: a bank whose head claims longer keys is treated as empty.
 TEST_F(WalksTest, KeysOfMoreThanTenWordsAreNoKeys) {
   Maint().CreateBank("VANLAAR", "A", 0);
   SetAij(1, 2);

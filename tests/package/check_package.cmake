@@ -1,4 +1,4 @@
-# Installs the library into a scratch prefix and builds a small host against it in both ways that a
+# Installs the library into a scratch prefix and builds a small host with it in both ways that the
 # package offers.
 #   cmake -D BUILD_DIR=<build> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D READELF=<readelf>
 #         -D GENERATOR=<build tool> -D VERSION=<version> -D SOVERSION=<number in the soname>
@@ -30,7 +30,7 @@ if(NOT EXISTS ${work}/prefix/share/doc/ZelAccess/LICENSE)
   message(FATAL_ERROR "no LICENSE is installed")
 endif()
 
-# Every public header, those of the wider layers too.
+# Every public header, including those of the wider interfaces.
 file(GLOB headers RELATIVE ${SOURCE_DIR}/../../include ${SOURCE_DIR}/../../include/zelaccess/*.h)
 if(NOT "zelaccess/LibMaint_p.h" IN_LIST headers)
   message(FATAL_ERROR "the headers are elsewhere")

@@ -1,6 +1,6 @@
-# Builds the library as a static one within another project: it installs nothing unless told so, and then
-# its package and its pkg-config file serve programs, with folders of the library and of the headers outside
-# the prefix, and zel works without a shared library.
+# Builds the library as a static one within another project: it installs nothing unless this is
+# requested; then its package and its pkg-config file work for programs, with folders of the library
+# and of the headers outside the prefix, and zel works without a shared library.
 #   cmake -D WORK_DIR=<scratch> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D GENERATOR=<build tool>
 #         -D VERSION=<version> -D ZEL=<ON when zel is to be built> -P check_subproject.cmake
 cmake_minimum_required(VERSION 3.21)
@@ -12,7 +12,7 @@ function(run)
   endif()
 endfunction()
 
-# Builds the parent with further settings and installs it.
+# Builds the parent with additional settings and installs it.
 function(install_parent prefix)
   run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/parent -B ${WORK_DIR}/build
       -D ZELACCESS_SOURCE=${SOURCE_DIR}/../.. -D CMAKE_CXX_COMPILER=${COMPILER} -D VERSION=${VERSION}

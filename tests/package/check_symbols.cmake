@@ -9,7 +9,7 @@ if(failed)
   message(FATAL_ERROR "cannot read the symbols of ${LIBRARY}")
 endif()
 
-# What the headers mark with ZEL_API: classes, identifiers, free functions.
+# The names that the headers mark with ZEL_API: classes, identifiers, free functions.
 file(GLOB headers ${HEADERS}/*.h)
 set(classes "")
 set(wanted "")

@@ -1,5 +1,6 @@
-// Libraries of different threads at the same time: reads, writes, walks, searches, evaluations,
-// imports, exports, lists and checks come out as in one thread. Meant for ThreadSanitizer too.
+// Several threads, each with libraries of its own: reads, writes, walks, searches, evaluations,
+// imports, exports, lists and checks have the same results as in one thread. Also for
+// ThreadSanitizer.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -27,7 +28,7 @@ class ThreadsTest : public ::testing::Test {
   fs::path folder_;
 };
 
-// Gives what went wrong in each thread, a line each.
+// Returns what went wrong in each thread, one line each.
 template <typename Work>
 std::string InThreads(int count, Work const& work) {
   std::vector<std::string> problems(static_cast<std::size_t>(count));
@@ -94,7 +95,7 @@ TEST_F(ThreadsTest, ReadersOfOneFileHaveHandlesOfTheirOwn) {
   EXPECT_EQ(problems, "");
 }
 
-// The first thread that comes starts the units; the others find them started.
+// The first thread starts the unit system; the others find it started.
 TEST_F(ThreadsTest, UnitsAreStartedOnceByWhoComesFirst) {
   EXPECT_EQ(InThreads(8,
                       [&](int n) {

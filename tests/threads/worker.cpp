@@ -104,7 +104,7 @@ void Worker::ImportDocument() {
   std::ofstream(Path("own.xml")) << Document(21000000 + number_, "ID" + std::to_string(number_),
                                              10.0 * number_, 50.0 * number_);
   Check(maint_->Import(Path("own.xml").c_str(), false), "Import");
-  // A document that is not there is an error that names this thread's file.
+  // A missing document is an error that names this thread's file.
   std::string const absent = Path("absent.xml");
   Check(!maint_->Import(absent.c_str(), false), "import of nothing");
   Check(std::string(maint_->GetLastErrorText()).find(absent) != std::string::npos, "error text");
@@ -220,7 +220,7 @@ void Worker::BuildList() {
   Check(id == "ID" + std::to_string(number_), "ID of the list");
 }
 
-// Through the one library that all threads share.
+// Looks up components in the one library that all threads share.
 void Worker::AskTheNameIndex() {
   bool fromIndex = false;
   for (int i = 0; i < 50; ++i) {

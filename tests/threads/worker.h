@@ -1,4 +1,4 @@
-// What one thread does with libraries of its own, and what must come out of it.
+// What one thread does with libraries of its own, and checks of the results.
 #pragma once
 
 #include <zelaccess/LibMaint_p.h>
@@ -10,13 +10,13 @@
 
 namespace zel::test {
 
-// Every number that a worker stores depends on its own, so that anything that comes from another
-// thread's library shows. All checks throw std::runtime_error with what went wrong.
+// Every number that a worker stores depends on the worker's own number, so that data from another
+// thread's library are detected. All checks throw std::runtime_error with what went wrong.
 class Worker {
  public:
   Worker(std::filesystem::path folder, int number);
 
-  // A whole round: each of the steps below, in libraries made anew.
+  // One round: each of the steps below, in new libraries.
   void Run();
 
  private:
@@ -40,7 +40,7 @@ class Worker {
   Handle<LibMaint> maint_;
 };
 
-// The library that all threads fall back on, with one component.
+// Makes the library with one component that all threads use as the name index.
 Handle<LibFile> MakeNameIndex(std::filesystem::path const& folder);
 
 }  // namespace zel::test

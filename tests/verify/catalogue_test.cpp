@@ -62,7 +62,7 @@ struct WeightRow {
   double weight;
 };
 
-// Sums of the printed atomic weights by hand.
+// Sums of the printed atomic weights, calculated by hand.
 class FormulaWeightTest : public ::testing::TestWithParam<WeightRow> {};
 
 TEST_P(FormulaWeightTest, IsTheSumOfItsAtoms) {

@@ -1,4 +1,4 @@
-// Whether a derived constant rests on data that are there.
+// Whether a derived constant was computed from data that exist.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -49,7 +49,7 @@ TEST_F(ConstantStateTest, EmptyComponentHasNothingThatCounts) {
   EXPECT_EQ(Of(70), constantUnfounded) << "a fraction of atoms that nobody counted";
 }
 
-// Every label that the fill-in leaves is known here: nothing of a full component is unfounded.
+// Every label of the fill-in is known: all constants of a full component are founded.
 TEST_F(ConstantStateTest, FullComponentIsFounded) {
   Formula("C2H6OS");
   struct {
@@ -71,7 +71,7 @@ TEST_F(ConstantStateTest, FullComponentIsFounded) {
   EXPECT_EQ(Of(kTC), constantStored);
 }
 
-// Takes one input away after another.
+// Removes one input after another.
 TEST_F(ConstantStateTest, EachInputCounts) {
   struct {
     std::uint32_t index;

@@ -1,4 +1,4 @@
-// Which substance two records of a component are.
+// Whether two records of a component describe the same substance.
 #include <gtest/gtest.h>
 
 #include <cstring>

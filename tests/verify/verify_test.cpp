@@ -1,4 +1,4 @@
-// The integrity check: a sound library gives no finding, each kind of damage its own.
+// The integrity check: a sound library has no findings, each kind of damage has its own.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -35,7 +35,7 @@ class Sink final : public ZelFindingSink {
   void Found(zelFindings severity, char const* id, char const* place, char const* text) override {
     all.push_back({severity, id, place, text});
   }
-  // The findings but for notes, as "id place", one a line.
+  // The findings except notes, as "id place", one per line.
   std::string Lines() const {
     std::string lines;
     for (auto const& one : all) {
@@ -59,7 +59,7 @@ class VerifyTest : public ::testing::Test, protected test::SampleFiles {
     EXPECT_EQ(library->OpenExisting({false, ""}, nullptr), openOk);
     return library;
   }
-  // The result, the findings being in sink_.
+  // Returns the result; the findings are in sink_.
   bool Verify() {
     sink_.all.clear();
     auto const library = Open();
@@ -144,7 +144,7 @@ TEST_F(VerifyTest, RootBehindTheEndOfItsFile) {
 }
 
 TEST_F(VerifyTest, RootInFreeRoom) {
-  // The open tail of the second file is made to begin one block early.
+  // The endless tail of the second file is changed to begin one block too early.
   std::int32_t const table = 4 * f::kBlockWordsOfFile1;
   for (int i = 0; i < 2; ++i) {
     std::size_t const at = static_cast<std::size_t>(table) + 4 * (f::kExtentAddresses + i);
@@ -196,7 +196,7 @@ TEST_F(VerifyTest, KeysOutOfOrder) {
 }
 
 TEST_F(VerifyTest, LeafAtAnotherDepth) {
-  // A root of two leaves; the second leaf is then made to have a child.
+  // A root with two leaves; then the second leaf gets a child.
   SetDeleteTestFlag(true);
   std::int32_t second = 0;
   {
@@ -250,7 +250,7 @@ TEST_F(VerifyTest, ConstantThatIsNoNumber) {
 
 TEST_F(VerifyTest, FieldThatIsNoNumber) {
   std::size_t const node = RootOf("VANLAAR", "B1");
-  // tMin, the fifth word of the record, behind two key words.
+  // tMin, the fifth word of the record, after two key words.
   Put(kSamplePath2, node + 4 * (f::kNodeEntries + 6), 0x7FC00000);
   EXPECT_FALSE(Verify());
   EXPECT_EQ(sink_.Lines(), "item VANLAAR:B1\n");
@@ -259,7 +259,7 @@ TEST_F(VerifyTest, FieldThatIsNoNumber) {
 TEST_F(VerifyTest, IdentifiersThatAreNotInTheirTrees) {
   ASSERT_TRUE(Verify());
   std::string const before = sink_.Lines();
-  // The component is given other identifiers behind the back of the trees.
+  // The component gets other identifiers without a change of the trees.
   Put(kSamplePath, MainBlock() + 4 * record::kCasNumber, 7732185);
   Put(kSamplePath, MainBlock() + 4 * record::kIds, 12345678);
   EXPECT_TRUE(Verify()) << "warnings alone";
@@ -267,7 +267,7 @@ TEST_F(VerifyTest, IdentifiersThatAreNotInTheirTrees) {
   EXPECT_TRUE(sink_.Has("identifier-missing")) << sink_.Lines();
 }
 
-// What the trees of identifiers say of a component is what it says of itself.
+// The trees of identifiers must agree with the component itself.
 TEST_F(VerifyTest, IdentifierOfAnotherComponent) {
   {
     auto const library = Open(accUpdate);
@@ -364,7 +364,7 @@ TEST_F(VerifyTest, RoomOfTheFiles) {
   EXPECT_FALSE(GetFileRoom(library.get(), 1, room));
 }
 
-// Whatever the bytes are, the check ends and throws nothing.
+// Whatever the bytes are, the check ends and does not throw.
 TEST_F(VerifyTest, EveryThirteenthBitFlipped) {
   for (char const* path : {kSamplePath, kSamplePath2}) {
     auto& bytes = files_.Contents(path);

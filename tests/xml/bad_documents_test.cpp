@@ -1,4 +1,4 @@
-// Documents that cannot be right: a report, and the library whole.
+// Invalid documents: they are reported, and the library stays intact.
 #include <random>
 
 #include "tests/support/sample_component.h"

@@ -1,5 +1,5 @@
-// Documents while memory runs out: an exception, and never a document that counts as badly formed
-// or that is there in part.
+// Loading documents while memory runs out: an exception, and never a document that is reported as
+// malformed or is incomplete.
 #include <gtest/gtest.h>
 #include <libxml/parser.h>
 #include <libxml/xmlmemory.h>
@@ -15,7 +15,7 @@
 namespace zel {
 namespace {
 
-// Requests that the parser may still make before all others are refused; -1 for any number.
+// Requests that are still granted to the parser before all others are refused; -1 for any number.
 int left = -1;
 bool anyRefused = false;
 
@@ -29,8 +29,8 @@ bool Refused() {
   return true;
 }
 
-// What the parser has. It forgets some of it when it is refused more, which is its own affair: here
-// that stays known.
+// The memory that the parser holds. The parser leaks some of it when a request is refused, which is
+// not this library's fault: this set keeps it reachable.
 std::set<void*>& Held() {
   static std::set<void*>& held = *new std::set<void*>;
   return held;
@@ -73,7 +73,7 @@ class DocumentMemoryTest : public ::testing::Test {
   xmlStrdupFunc duplicate_ = nullptr;
 };
 
-// All that the document shows, one after the other.
+// Everything that the document contains, in order.
 std::string Shown(XmlNode node) {
   std::string text;
   std::string scratch;

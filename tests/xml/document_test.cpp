@@ -1,4 +1,4 @@
-// The document model: lists, names, texts, and what does not load.
+// The document model: lists, names, texts, and documents that do not load.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -171,7 +171,7 @@ TEST_F(DocumentTest, EntitiesThatGrowInTwoStepsOrInAttributesAreBounded) {
   EXPECT_FALSE(Loads(withInner(elements, 300, "&e;")));
   EXPECT_FALSE(Loads(withInner(longText, 20, "<a>&e;</a>")));
   EXPECT_FALSE(Loads(withInner(longText, 200, "<a x='&d;'/>")));
-  // What grows less is let be, the more the larger the document is.
+  // Smaller expansion is accepted; a larger document may expand more.
   EXPECT_TRUE(Loads(withInner(elements, 20, "&e;")));
   EXPECT_TRUE(Loads(withInner("word", 20'000, "<a x='&e;'>&e;</a>")));
 }
@@ -194,7 +194,7 @@ TEST_F(DocumentTest, ManyNodesAndLongTextsLoad) {
   EXPECT_TRUE(Loads(text + "</r>"));
 }
 
-// A hundred attributes may be declared, with a default each; more are refused.
+// A hundred attributes may be declared, each with a default; more are refused.
 TEST(XmlDocumentTest, DeclaredAttributesAreCounted) {
   for (int const count : {100, 101}) {
     std::string text = "<!DOCTYPE a [";

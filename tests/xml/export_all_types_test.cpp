@@ -1,4 +1,4 @@
-// Items of every type and format, byte for byte beside the text that the C library prints.
+// Items of every type and format, compared byte for byte with text printed by the C library.
 #include <algorithm>
 #include <cstdio>
 #include <random>
@@ -32,7 +32,7 @@ std::string Padded(char const* form, char const* text) {
   return buffer;
 }
 
-// What a field list says of one field.
+// One row of a field list.
 struct Field {
   std::string name;
   std::int32_t type;
@@ -54,7 +54,7 @@ std::vector<Field> FieldsOf(IZelBankDef* bank, std::int32_t format) {
 
 class ExportAllTypesTest : public test::ExportTest {
  protected:
-  // Values of all sizes, some of them undefined.
+  // Fills in values of all sizes, some of them undefined.
   void FillAtRandom(IZelBankDef* bank, std::vector<Field> const& fields) {
     auto const undefined = [this] { return random_() % 4 == 0; };
     for (Field const& field : fields) {
@@ -85,7 +85,7 @@ class ExportAllTypesTest : public test::ExportTest {
     return values[0];
   }
 
-  // The name of a value where it has one, the number where not.
+  // The name of a value if it has one, otherwise the number.
   static std::string IntegerText(IZelBankDef* bank, Field const& field, std::int32_t value) {
     if (field.type == fieldEnumerated) {
       std::int32_t count = 0, byDefault = 0;
@@ -100,7 +100,7 @@ class ExportAllTypesTest : public test::ExportTest {
     return Printed(" %d", value);
   }
 
-  // The values one by one: an undefined one waits until a defined one follows.
+  // The values one by one: an undefined value is written only if a defined one follows.
   static std::string FieldText(IZelBankDef* bank, Field const& field) {
     std::string values;
     if (field.type == fieldText) {
@@ -130,7 +130,7 @@ class ExportAllTypesTest : public test::ExportTest {
     return "    <" + field.name + ">" + values + " </" + field.name + ">\n";
   }
 
-  // The length of a key and its text, told by the shape of the key.
+  // The number of key words that are written, from the form of the key.
   static int KeyLength(BankInfo const& info, std::int32_t const* words) {
     if (info.keyKind == 2 || info.minKeyWords == info.keyWords) return info.keyWords;
     EXPECT_EQ(info.keyWords, 2) << "no longer key may be left short";

@@ -1,4 +1,4 @@
-// Components as they are written.
+// The text that is written for components.
 #include <array>
 
 #include "tests/xml/export_fixture.h"
@@ -121,7 +121,7 @@ TEST_F(ExportComponentTest, ConstantsInTheOrderOfTheTable) {
             "  <property name=\"HVAPNBP\" value=\"1234568\" refCode=\"32000\" />\n");
 }
 
-// Keywords by index, as they stand in the printed table.
+// Keywords by index, as in the printed table.
 TEST_F(ExportComponentTest, ConstantsHaveKeywords) {
   struct Row {
     std::uint32_t index;
@@ -157,7 +157,7 @@ TEST_F(ExportComponentTest, ConstantsHaveKeywords) {
   EXPECT_EQ(Inner(), expected) << "no other index, and no alias";
 }
 
-// In the order of their numbers; a basis only where there is a choice.
+// In the order of their numbers; a basis is written only where there is a choice.
 TEST_F(ExportComponentTest, CorrelationsHaveNames) {
   struct Row {
     char const* name;
@@ -224,7 +224,7 @@ TEST_F(ExportComponentTest, UndefinedCoefficientIsANumber) {
   EXPECT_NE(Inner().find("\n    -1e+35 -1e+35\n"), std::string::npos);
 }
 
-// Codes and words as they stand in the printed table of words.
+// Codes and words as in the printed table of words.
 TEST_F(ExportComponentTest, UnitsHaveWords) {
   struct Row {
     std::int32_t code;

@@ -1,4 +1,4 @@
-// Which files an export writes, their headers, and the documents of libraries and banks.
+// The files that an export writes, their headers, and the documents of libraries and banks.
 #include "frame/date_text.h"
 #include "maint/document_stack.h"
 #include "tests/xml/export_fixture.h"
@@ -75,7 +75,7 @@ TEST_F(ExportFilesTest, BannerAndNoticeAreSwitches) {
 
 TEST_F(ExportFilesTest, LabelHas99Characters) {
   PutComponent(7, {"ABCDEFGH"}, "BANKNAME");
-  // Longer than any of these, by an ID that the caller gives.
+  // Longer than any real label, because of the ID that the caller passes.
   std::string const id = "ABCDEFGH" + std::string(80, 'x');
   EXPECT_TRUE(Maint().ExportComponentById("BANKNAME", id.c_str(), Out("c.xml").c_str()));
   std::string const label = "bank type \"PURECOMP\", name \"BANKNAME\", component \"" + id + "\"";
@@ -173,13 +173,13 @@ TEST_F(ExportFilesTest, FileThatCannotBeOpenedGivesFalse) {
   EXPECT_FALSE(Maint().ExportLibrary(Path("none/such.xml").c_str()));
   EXPECT_FALSE(Maint().ExportBank("VANLAAR", "V", Path("none/such.xml").c_str()));
   EXPECT_FALSE(Maint().ExportLibrary(Out(std::string(300, 'a')).c_str()));
-  // The bank's file cannot be made: what was written of the library's stays.
+  // The bank's file cannot be made: what was written of the library's file is kept.
   std::filesystem::create_directory(Folder() / "out/Bank-VANLAAR-V.xml");
   EXPECT_FALSE(Maint().ExportLibrary(Out().c_str()));
   EXPECT_EQ(Body("lib.xml"), "<library>\n");
 }
 
-// Readers and writers of a library exclude a document in its place.
+// An open library cannot be replaced by a document, whether it is open for reading or for update.
 TEST_F(ExportFilesTest, OpenLibraryIsNotWrittenOver) {
   for (int i = 1; i < 40; ++i) Put("VANLAAR", "V", {i, i + 1}, [](IZelBankDef*) {});
   for (accModes const mode : {accUpdate, accRead}) {
@@ -251,7 +251,7 @@ TEST_F(ExportFilesTest, FormsWithoutASwitchTakeTheStoredOne) {
   std::string const file = Out("x.xml");
   char const* const path = file.c_str();
   for (bool on : {true, false}) {
-    // A switch that is given goes before the stored one.
+    // A switch that is passed takes precedence over the stored one.
     Maint().SetWriteBanner(on);
     EXPECT_TRUE(Maint().ExportComponentByNumber("PURE", 7, path));
     EXPECT_EQ(hasBanner(), on);

@@ -1,4 +1,4 @@
-// A library on disk, and the documents that are written from it.
+// A library on disk, and the documents that are exported from it.
 #pragma once
 
 #include <filesystem>
@@ -27,7 +27,7 @@ class ExportTest : public TempFolderTest {
   }
 
   LibMaint_i& Maint() { return *maint_; }
-  // Opens the library anew.
+  // Opens the library again.
   void Reopen(accModes mode) {
     maint_.reset();
     library_.reset();
@@ -56,7 +56,7 @@ class ExportTest : public TempFolderTest {
     return names;
   }
 
-  // Puts an item under direct key words; `fill` sets the fields of the bank.
+  // Writes an item under the given key words; `fill` sets the fields of the bank.
   template <typename Fill>
   void Put(char const* type, char const* name, std::initializer_list<std::int32_t> words,
            Fill const& fill) {
@@ -67,7 +67,7 @@ class ExportTest : public TempFolderTest {
     key.SetKeyWords(static_cast<long>(words.size()), words.begin());
     ASSERT_TRUE(maint_->WriteItem(bank.Get(), name, &key)) << maint_->Log().PendingText();
   }
-  // What the export writes of one item of a new bank.
+  // The text that an export writes for one item of a new bank.
   template <typename Fill>
   std::string Item(char const* type, std::initializer_list<std::int32_t> words, Fill const& fill) {
     if (maint_->BankExists(type, "ONE")) maint_->DeleteBank(type, "ONE");

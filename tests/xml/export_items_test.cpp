@@ -1,4 +1,4 @@
-// Items as they are written.
+// The text that is written for items.
 #include <array>
 #include <bit>
 #include <cmath>
@@ -86,7 +86,7 @@ TEST_F(ExportItemsTest, KeyIsNoShorterThanItMustBe) {
             "  <item>\n    <keys> 2147483647 </keys>\n  </item>\n");
 }
 
-// A look-up walks whole banks, so what was found serves every later item and bank.
+// A look-up walks whole banks, so its result is kept for all later items and banks.
 TEST_F(ExportItemsTest, IdsAreLookedUpOnce) {
   PutComponent(7, {"ETHANOL"});
   PutComponent(8, {"WATER"});

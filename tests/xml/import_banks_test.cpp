@@ -1,4 +1,4 @@
-// Libraries and banks from documents.
+// Importing libraries and banks.
 #include <gtest/gtest.h>
 
 #include "frame/date_text.h"
@@ -28,7 +28,7 @@ class ImportBanksTest : public ImportTest {
     Maint().GetBankMemo(type, name, memo);
     return memo;
   }
-  // The report on a bank with these attributes that cannot be made.
+  // Checks the report on a bank with these attributes, which cannot be made.
   void ExpectProblem(std::string const& attributes, std::string const& problem) {
     EXPECT_FALSE(ImportLibrary("<bank " + attributes + "><bad/></bank>")) << attributes;
     EXPECT_EQ(Lines(), Error(problem));
@@ -163,7 +163,7 @@ TEST_F(ImportBanksTest, UnknownNodesOfABankAreNamedByIt) {
             "  VANLAAR:MINE\n" + Error("Unrecognized node <foo> found within <bank> node"));
 }
 
-// Only the type in upper case goes by the form of components; items of such a bank have a key and
+// Only the type in upper case is read as a bank of components; otherwise its items have a key and
 // nothing else.
 TEST_F(ImportBanksTest, ComponentBankInOtherCaseIsReadByItems) {
   EXPECT_FALSE(ImportBank("<comp/>", "type='purecomp' name='A'"));

@@ -1,5 +1,5 @@
-// Checked imports: malformed numbers, texts that are altered, parts that are lost; and that an
-// import without checks stays what it was.
+// Checked imports: malformed numbers, altered texts, lost parts; and that an import without checks
+// behaves as before.
 #include "tests/support/sample_component.h"
 #include "tests/xml/import_fixture.h"
 #include "zelaccess/Module.h"
@@ -115,7 +115,7 @@ TEST_F(ImportChecksTest, ToldNumbersAreWarningsAndStored) {
   EXPECT_EQ(RealOf("VANLAAR", "MINE", {1234567, 1234568}, "aij"), 61.0);
 }
 
-// Without a log the first error ends the import and is its last text.
+// Without a log the first error ends the import and is the last error text.
 TEST_F(ImportChecksTest, SilentImportEndsAtTheFirstMalformedNumber) {
   Maint().SetLogLevel(0);
   EXPECT_FALSE(ImportItem("<aij>61x37</aij><aji>abc</aji>", importChecked));

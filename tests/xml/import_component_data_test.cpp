@@ -1,4 +1,4 @@
-// Constants and correlations of components from documents.
+// Importing constants and correlations of components.
 #include <array>
 #include <cmath>
 
@@ -94,7 +94,7 @@ TEST_F(ImportDataTest, NameAndValueMustBeThere) {
   EXPECT_TRUE(found_);
 }
 
-// Rows that end a part of the table have no name: an empty one must not find them.
+// Rows that mark the end of a part of the table have no name: an empty name must not find them.
 TEST_F(ImportDataTest, EmptyNameIsAMissingOne) {
   EXPECT_FALSE(
       ImportElements("<property name='' value='5'/><correlation name='' equation='1'> 1 "
@@ -192,7 +192,7 @@ TEST_F(ImportDataTest, WordsHaveCodes) {
       {"moleWtBasis='M'", &Curve::basis, 1},         {"moleWtBasis='Wt'", &Curve::basis, 2},
       {"propUnit='kj/kg'", &Curve::propUnit, 28018}, {"PROPUNIT='J/KG'", &Curve::propUnit, 28012}};
   for (Row const& row : rows) {
-    // The last of two counts, whatever the first one said.
+    // The last of two elements is used, whatever the first one is.
     ASSERT_TRUE(
         ImportElements("<correlation name='LatentHeat' equation='1' tempUnit='F' "
                        "logBasis='log' moleWtBasis='wt'> 2 </correlation>"
@@ -203,7 +203,7 @@ TEST_F(ImportDataTest, WordsHaveCodes) {
   }
 }
 
-// A code that a component cannot hold leaves the one that it has.
+// A code that a component cannot hold leaves the existing one unchanged.
 TEST_F(ImportDataTest, ReferenceCodesBeyondTheirRange) {
   struct Row {
     char const* code;

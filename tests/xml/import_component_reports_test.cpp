@@ -1,4 +1,4 @@
-// Reports of components from documents, in silent and in loud runs, and what each leaves in the
+// Reports on components of documents, in runs with and without a log, and what each leaves in the
 // library.
 #include "maint/component_identity.h"
 #include "tests/support/sample_component.h"
@@ -20,7 +20,7 @@ class ComponentReportsTest : public test::ImportTest {
     key.SetKey(number);
     return Maint().ReadItem(record_.Def(), bank, &key);
   }
-  // Starts a bank of that name anew.
+  // Removes the bank, so that a new one can be started.
   void Forget() {
     if (Maint().BankExists("PURECOMP", kBank)) Maint().DeleteBank("PURECOMP", kBank);
   }
@@ -32,7 +32,7 @@ class ComponentReportsTest : public test::ImportTest {
 struct Fault {
   char const* component;
   char const* message;  // with its label
-  bool written;         // without the element, when the run goes on
+  bool written;         // without the element, if the run continues
 };
 constexpr char kLabel[] = "Component \"A\" (7) - ";
 constexpr Fault kFaults[] = {
@@ -96,7 +96,7 @@ constexpr Fault kFaults[] = {
      "Duplicate \"TMIN\" attribute found within component <correlation> node", true},
 };
 
-// Faults that are met before the label is set stand without it.
+// Faults that are found before the label is set are reported without it.
 std::string WithLabel(Fault const& fault) {
   std::string const component(fault.component);
   bool const early = !fault.written || component.find("other='1'> A") != std::string::npos;
@@ -167,7 +167,7 @@ TEST_F(ComponentReportsTest, NodesOfABankAreChecked) {
   EXPECT_FALSE(Read(7));
 }
 
-// A component bank that ended by an error ends its library, when the run is silent.
+// If the run is silent, a component bank that ends with an error ends its library.
 TEST_F(ComponentReportsTest, NodeUnknownToABankEndsASilentLibrary) {
   std::string const library =
       "<library><bank type='PURECOMP' name='PURE'><comp><id number='7'> A </id></comp><item/>"
@@ -215,7 +215,7 @@ TEST_F(ComponentReportsTest, LabelEndsWithItsComponent) {
             "  PURECOMP:PURE\n" + Error("Unrecognized node <other> found within <comp> node"));
 }
 
-// The flag is kept with the formula.
+// The flag is stored with the formula.
 TEST_F(ComponentReportsTest, FlagOfTheFormulaGoesByPresence) {
   auto const component = [](char const* number, char const* flag) {
     return "<comp><id number='" + std::string(number) + "' formula='C2H6' " + flag + "> I" +
@@ -230,7 +230,7 @@ TEST_F(ComponentReportsTest, FlagOfTheFormulaGoesByPresence) {
   }
 }
 
-// Only blanks separate; a library keeps a line end as a blank.
+// Only blanks separate IDs; a library keeps a line end as a blank.
 TEST_F(ComponentReportsTest, LineEndIsPartOfAnId) {
   EXPECT_TRUE(ImportBank("<comp><id number='7'>\n  A B\nC D\n</id></comp>"));
   ASSERT_TRUE(Read(7));
@@ -271,7 +271,7 @@ TEST_F(ComponentReportsTest, LongNameOfTheFreeBankIsCutFirst) {
 
 // --- units before they are there -----------------------------------------------------------------
 
-// Runs in a process of its own, since a unit table that was loaded once stays.
+// Runs in a separate process, since a unit table that was loaded once stays loaded.
 TEST_F(ComponentReportsTest, UnitWordsAreRefusedBeforeTheUnitTableIsLoaded) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   auto const run = [&] {

@@ -1,4 +1,4 @@
-// Components from documents: the element, its identity, phase, structures and SMILES text.
+// Importing components: the element, its identity, phase, structures and SMILES text.
 #include "maint/component_identity.h"
 #include "tests/support/sample_component.h"
 #include "tests/xml/import_fixture.h"
@@ -226,7 +226,7 @@ TEST_F(ImportComponentTest, AttributesOfTheIdentityAreChecked) {
   EXPECT_STREQ(Identity(7).name, "a");
 }
 
-// A report on the identity itself drops the component, and its bank's walk ends too.
+// An error in the identity drops the component, and ends the walk over its bank, too.
 TEST_F(ImportComponentTest, BadIdentityDropsTheComponent) {
   EXPECT_FALSE(ImportBank("<comp><id> A </id></comp><comp>" + std::string(kGoodId) + "</comp>"));
   EXPECT_EQ(Lines(),
@@ -323,7 +323,7 @@ TEST_F(StructureTest, TokensAreReadAsFarAsTheyGo) {
   EXPECT_EQ(Groups(6), " 5(0) 0(0) 7(2) 0(0) -1(2) 4(0)");
 }
 
-// A line end is part of a token: skipped before a number, and the end of what is read behind one.
+// A line end is part of a token: it is skipped before a number, and ends the reading after one.
 TEST_F(StructureTest, LinesDoNotSeparateGroups) {
   EXPECT_TRUE(
       ImportElements("<structure model='joback'>\n  1(1)\n2(2) \n3(\n3) 4\n(4) </structure>"));

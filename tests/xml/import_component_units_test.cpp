@@ -1,5 +1,5 @@
-// Units of constants and correlations from documents: the dimension of each row, molar words, and
-// the warnings of old words through all documents of one import.
+// Units of imported constants and correlations: the dimension of each row, molar words, and the
+// warnings about old words in all documents of one import.
 #include <algorithm>
 
 #include "purecomp/tables.h"
@@ -54,7 +54,7 @@ class ComponentUnitsTest : public test::ImportTest {
   test::ComponentBank record_;
 };
 
-// A unit of each dimension, and what 100 of it are in internal units.
+// A unit of each dimension, and the value of 100 of it in internal units.
 struct DimensionRow {
   std::string_view dimension;
   char const* unit;
@@ -135,7 +135,7 @@ TEST_F(ComponentUnitsTest, EveryCorrelationTakesUnitsOfItsDimensionAlone) {
   EXPECT_FALSE(ImportElements(Curve("Dielectric", "")));
 }
 
-// Molar words stand for the mass words of their class, since the basis of the record says which.
+// Molar words mean the same as the mass words of their class, since the record has a basis.
 TEST_F(ComponentUnitsTest, MolarWordsOfCorrelationsAreThoseOfMass) {
   ASSERT_TRUE(ImportElements(Curve("LatentHeat", "cal/g-mole"))) << Lines();
   EXPECT_EQ(CurveUnit(3), 28028);
@@ -173,7 +173,7 @@ TEST_F(OldWordsTest, CountAndFlagsGoOnThroughTheDocumentsOfOneImport) {
   MakeComponent("c.xml", 3, 2, "SurfaceTension", "d/cm");
   std::string const files = "<import file='a.xml'/><import file='b.xml'/><import file='c.xml'/>";
   for (int run = 0; run < 2; ++run) {
-    // Components of a run before are taken out, so that only the warnings are looked at.
+    // Components of the previous run are removed, so that there are only warnings.
     if (run == 1) Maint().DeleteBank("PURECOMP", "B1");
     ASSERT_TRUE(ImportThem(files)) << Lines();
     EXPECT_EQ(CountOf(Lines(), "*** a.xml : warning : "), 6U);

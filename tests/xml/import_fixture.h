@@ -1,4 +1,4 @@
-// Documents in a folder of their own, and a library in memory that they are read into.
+// Documents in a folder of their own, and a library in memory into which they are imported.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ class ImportTest : public TempFolderTest {
   bool ImportFile(std::string_view name, bool replace = false) {
     return Caught([&] { return maint_->Import(Path(name).c_str(), replace); });
   }
-  // Imports a text that is made the file doc.xml.
+  // Writes a text to the file doc.xml and imports it.
   bool Import(std::string_view text, bool replace = false) {
     MakeFile("doc.xml", text);
     return ImportFile("doc.xml", replace);
@@ -68,7 +68,7 @@ class ImportTest : public TempFolderTest {
     return "*** doc.xml : warning : " + std::string(text) + "\n";
   }
 
-  // A real field of the item with these key words; an odd value when there is none.
+  // A real field of the item with these key words; an odd value if there is no such item.
   double RealOf(char const* type, char const* name, std::initializer_list<std::int32_t> words,
                 char const* field) {
     Held<IZelBankDef> const bank(NewBank(type));

@@ -1,4 +1,4 @@
-// Items of banks from documents: keys, values by kind, what is written and what is not.
+// Importing items of banks: keys, values by kind, which items are written and which are not.
 #include <gtest/gtest.h>
 
 #include "store/packed_text.h"
@@ -17,7 +17,7 @@ class ImportItemsTest : public ImportTest {
   bool ImportInto(std::string const& type, std::string const& inner) {
     return ImportBank(inner, "type='" + type + "' name='MINE'");
   }
-  // The report on one item of a new bank of this type.
+  // Checks the report on one item of a new bank of this type.
   void ExpectError(std::string const& type, std::string const& inner, std::string const& problem) {
     if (Maint().BankExists(type.c_str(), "MINE")) Maint().DeleteBank(type.c_str(), "MINE");
     EXPECT_FALSE(ImportInto(type, "<item>" + inner + "</item>")) << inner;
@@ -86,7 +86,8 @@ TEST_F(ImportItemsTest, LongTokenIsAnErrorAndItsVerdictTheCount) {
                          Error("1 key was entered but 2 are required"));
 }
 
-// The key stays that of the item before, and one key is enough here: that item is the one written.
+// The key remains that of the previous item, and one key is enough here, so the item is written
+// under that key.
 TEST_F(ImportItemsTest, LongTokenLeavesTheKeyOfTheItemBefore) {
   MakeFile("doc.xml",
            "<bank type='RACKETT' "

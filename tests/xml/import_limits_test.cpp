@@ -1,4 +1,4 @@
-// Limits of documents: bytes that are no letters of the library, texts and tables at their full
+// Limits of documents: bytes that are not characters of the library, texts and tables of maximum
 // length, folders and rings of documents.
 #include <gtest/gtest.h>
 
@@ -84,7 +84,7 @@ TEST_F(ImportLimitsTest, TextFieldHasOneCharacterLessThanItsBuffer) {
   EXPECT_EQ(TextOf("GRPDESC", "MINE", {1, 1}, "name"), letters.substr(0, 20));
 }
 
-// The names that an item may hold: its fields, and its key.
+// The names that an item may contain: its fields, and its key.
 TEST_F(ImportLimitsTest, EveryTypeHasRoomForItsNames) {
   char types[50][9];
   GetBankTypeList(50, types);
@@ -98,7 +98,7 @@ TEST_F(ImportLimitsTest, EveryTypeHasRoomForItsNames) {
   EXPECT_EQ(most, kMostNames);
 }
 
-// The key is the last name of its type, and counted as the others are.
+// The key is the last name of its type, and is counted like the others.
 TEST_F(ImportLimitsTest, SecondKeyOfTheLongestTypeIsReported) {
   EXPECT_FALSE(
       ImportBank("<item><keys>1234567 1234568</keys><refCode>5</refCode><keys>1234567 "
@@ -124,7 +124,7 @@ TEST_F(ImportLimitsTest, WorkingFolderStays) {
   EXPECT_EQ(platform::WorkingFolder(), before);
 }
 
-// What follows a ring is sought beside the document that holds it.
+// Documents named after a ring are searched for in the folder of the document that names them.
 TEST_F(ImportLimitsTest, RingThroughAFolderLeavesTheFolderOfItsDocument) {
   std::filesystem::create_directory(Folder() / "sub");
   MakeFile("sub/a.xml",
@@ -140,7 +140,7 @@ TEST_F(ImportLimitsTest, RingThroughAFolderLeavesTheFolderOfItsDocument) {
   EXPECT_EQ(Documents().TopFile(), "doc.xml");
 }
 
-// A file that is there and gives nothing away is no document; one that is not there is missing.
+// A file that exists but cannot be read is a format error; one that does not exist is missing.
 TEST_F(ImportLimitsTest, UnreadableFileIsAFormatError) {
   for (char const* file : {"/dev/zero", "/proc/self/mem", "/dev"}) {
     EXPECT_FALSE(ImportLibrary("<import file='" + std::string(file) + "'/>"));

@@ -1,4 +1,4 @@
-// Texts of documents taken apart.
+// Decoding texts of documents.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -27,7 +27,8 @@ TEST(TokensTest, BlanksAloneSeparate) {
   EXPECT_EQ(Split("   "), Texts{});
 }
 
-// Work stops at what is kept: this takes minutes where every line looks for a mark to the end.
+// The work stops at the length that is kept: if every line searched for a mark to the end, this
+// would take minutes.
 TEST(MemoTextTest, MillionsOfLinesTakeNoTime) {
   std::string const lines(std::size_t{8} << 20, '\n');
   EXPECT_EQ(MemoText(lines).size(), 3999U);
@@ -80,7 +81,7 @@ TEST(DateTest, HasDayMonthAndYear) {
             std::string::npos);
 }
 
-// English names, as the list of months has them, and never those of a locale.
+// English names from the list of months, never those of a locale.
 TEST(DateTest, LongDateHasTheWholeMonth) {
   std::string const before = TodayText();
   std::string const text = LongTodayText();

@@ -1,5 +1,5 @@
-// Documents made to keep an import busy: each either is read or is refused by a bound that is
-// named, within a second for each 100 KB.
+// Documents made to keep an import busy: each is either read, or refused with the name of the bound
+// that it exceeds, within a second for each 100 KB.
 #include <functional>
 
 #include "tests/support/time_limit.h"
@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kSize = 300'000;
 
-// The pieces 0, 1, 2 ... as far as a document of that size goes.
+// The pieces 0, 1, 2 ... up to the size of the document.
 std::string Many(std::function<std::string(std::size_t)> const& piece, std::size_t size = kSize) {
   std::string text;
   for (std::size_t i = 0; text.size() < size; ++i) text += piece(i);
@@ -29,7 +29,7 @@ class ImportTimeTest : public test::ImportTest {
  protected:
   ImportTimeTest() { InitZelAccess(); }
 
-  // Reads the text both ways; the bound is in the last error when it is refused.
+  // Imports the text with checks; if a bound is given, the import must fail and report it.
   void Costs(std::string const& name, std::string const& text, std::string const& bound = {}) {
     test::TimeLimit const limit(text.size());
     Maint().SetImportChecks(importChecked);
@@ -44,7 +44,7 @@ class ImportTimeTest : public test::ImportTest {
     Costs(name, "<library>" + inner + "</library>", bound);
   }
 
-  std::size_t banks_ = 0;  // made so far, each with a name of its own
+  std::size_t banks_ = 0;  // made so far, each with its own name
 };
 
 TEST_F(ImportTimeTest, ParameterEntitiesAreRefused) {

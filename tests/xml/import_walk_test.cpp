@@ -1,4 +1,4 @@
-// The walk over nodes and attributes: names, duplicates, further documents, verdicts.
+// The walk over nodes and attributes: names, duplicates, further documents, reports that end it.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -157,7 +157,7 @@ TEST_F(ImportTest, OfTwoGroupsOnlyTheFirstIsRead) {
             "  VANLAAR:A\n*** g.xml : error : Unrecognized node <group> found within "
             "<library> node\n");
   EXPECT_FALSE(Maint().BankExists("VANLAAR", "B"));
-  // Side by side they are no document.
+  // Two roots side by side are not a document.
   MakeFile("two.xml", "<group/><group/>");
   EXPECT_FALSE(ImportLibrary("<import file='two.xml'/>"));
   EXPECT_EQ(Lines(), Error("Format error in XML document \"" + Path("two.xml") + "\""));
@@ -216,7 +216,7 @@ TEST_F(ImportTest, EntryOfATopLevelDocumentStays) {
   EXPECT_TRUE(ImportFile("sub/first.xml"));
   EXPECT_TRUE(Caught([&] { return Maint().Import("second.xml", false); }));
   EXPECT_EQ(Documents().TopFile(), "second.xml");
-  // What is reported outside an import is shown as of that document.
+  // A report outside an import is shown with the name of that document.
   Caught([&] {
     Maint().Log().ReportWarning("odd");
     return true;
@@ -236,7 +236,7 @@ TEST_F(ImportTest, TagsAreFollowedInBankAndItem) {
   EXPECT_EQ(RealOf("VANLAAR", "MINE", {1234567, 1234569}, "aij"), 1.0);
 }
 
-// A document that comes back to itself would never end.
+// A document that includes itself would never end.
 TEST_F(ImportTest, DocumentThatIncludesItselfIsAFormatError) {
   EXPECT_FALSE(Import("<library><import file='doc.xml'/><version>1</version></library>"));
   EXPECT_EQ(Lines(), Error("Format error in XML document \"" + Path("doc.xml") + "\""));
@@ -249,7 +249,7 @@ TEST_F(ImportTest, DocumentThatIncludesItselfIsAFormatError) {
 }
 
 TEST_F(ImportTest, OneHundredDocumentsMayBeOpen) {
-  // Each hands a bank of one item to the next through its own walk.
+  // Each document includes only the next one, and the last one has the version.
   auto const chain = [&](int documents) {
     for (int i = 1; i < documents; ++i) {
       std::string const next = i + 1 < documents
@@ -270,7 +270,7 @@ TEST_F(ImportTest, OneHundredDocumentsMayBeOpen) {
       << Lines();
 }
 
-// The walk remembers one place to go back to. An include directly within an include takes it over.
+// The walk remembers one place to return to. An include directly within an include replaces it.
 TEST_F(ImportTest, IncludeDirectlyWithinAnIncludeEndsTheOuterWalk) {
   MakeFile("a.xml",
            "<group><bank type='VANLAAR' name='A'/><import file='b.xml'/><bank "
@@ -311,7 +311,7 @@ constexpr NameRow kOtherNames[] = {
 
 class IteratorTest : public ImportTest {
  protected:
-  // The names handed out, in order, with their places in the table.
+  // The names that the walk returns, in order, with their indices in the table.
   std::string Walked(ImportIterator_i& walk) {
     std::string names;
     XmlNode node;

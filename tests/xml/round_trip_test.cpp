@@ -1,4 +1,4 @@
-// What goes out comes in again: libraries that hold every type, and the differences that are known.
+// What is exported is imported again: libraries with every type, and the known differences.
 #include "maint/component_identity.h"
 #include "purecomp/tables.h"
 #include "tests/support/sample_component.h"
@@ -42,8 +42,8 @@ class RoundTripTest : public test::ExportTest {
   std::string lines_;
 };
 
-// A library of all types as documents can tell it: what has a name in documents, and correlations
-// with a unit.
+// Makes a library of all types with data that documents can hold: what has a name in documents, and
+// correlations with a unit.
 void MakeTellable(LibMaint_i& maint) {
   Key_i key;
   Held<IZelBankDef> const bank(NewPureComp());
@@ -55,7 +55,7 @@ void MakeTellable(LibMaint_i& maint) {
     double factor, tMin, tMax, c[15];
     component->GetCorrelation(i, &equation, &tempUnit, &propUnit, &factor, &logBasis, &basis,
                               &count, &tMin, &tMax, c);
-    // The usual unit of the last one is no molar volume.
+    // The usual unit of the last correlation is not a molar volume.
     std::int32_t const unit = i == 17 ? 22024 : kCorrelationRows[i].defaultUnit;
     component->SetCorrelation(i, equation, tempUnit, unit, logBasis, basis, count, tMin, tMax, c);
   }
@@ -118,7 +118,7 @@ TEST_F(RoundTripTest, UnescapedTextMakesADocumentUnreadable) {
                            Out("Bank-GRPDESC-G.xml") + "\"\n");
 }
 
-// Names of banks stand in the header, in an attribute and in the name of the file, all as they are.
+// Names of banks are in the header, in an attribute and in the name of the file, always unchanged.
 TEST_F(RoundTripTest, NamesOfBanksGoOutAsTheyStand) {
   struct {
     char const* name;
@@ -266,7 +266,7 @@ TEST_F(ComponentRoundTripTest, TwoUnitsOfMolarVolumeAreRefused) {
   EXPECT_TRUE(found_);
 }
 
-// A code without a word is left out, and the reader takes the correlation's usual unit.
+// A code without a word is left out, and the import uses the correlation's usual unit.
 TEST_F(ComponentRoundTripTest, UnitWithoutAWordBecomesTheUsualOne) {
   Through([](IZelPureComp* c) {
     double const one[15] = {1.0};

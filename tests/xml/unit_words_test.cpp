@@ -115,7 +115,7 @@ TEST_F(UnitWordsTest, MolarVolumesHaveAListOfTheirOwn) {
   for (WordRow const& row : kRows) EXPECT_EQ(CodeOf(row.dimension, row.word), row.code) << row.word;
 }
 
-// What is written reads back as the first code that has the word, but for two molar volumes.
+// A written word is read back as the first code that has this word, except for two molar volumes.
 TEST_F(UnitWordsTest, WrittenWordsReadBack) {
   struct Class {
     std::int32_t first;
@@ -226,8 +226,8 @@ TEST_F(UnitWordsTest, WarningsStopAtTenButForFirstOnes) {
   EXPECT_EQ(Lines(), "");
 }
 
-// The line about suppression belongs to the eleventh event alone: when that is a first one, it is
-// never shown.
+// The line about suppression is shown only for the eleventh event: if that is the first one of its
+// kind, the line is never shown.
 TEST_F(UnitWordsTest, FirstWarningInTheEleventhPlaceTakesTheLine) {
   for (int i = 0; i < 10; ++i) CodeOf("visc", "lbs/f");
   CodeOf("surf", "d/cm");
@@ -236,8 +236,8 @@ TEST_F(UnitWordsTest, FirstWarningInTheEleventhPlaceTakesTheLine) {
   EXPECT_EQ(Lines(), "");
 }
 
-// A word is read as far as its first 29 characters. Behind "-mol" anything may stand, so a cut
-// shows by the temperature at the end, which is then not moved.
+// Only the first 29 characters of a word are read. Anything may follow "-mol", so a cut is visible
+// by the temperature at the end, which is then not moved.
 TEST_F(UnitWordsTest, LongWordsAreCut) {
   std::string const start = "cal/K-g-mol";
   EXPECT_EQ(CodeOf("spentropy", start), 30022);

@@ -1,4 +1,4 @@
-// The smallest host: asks the library for its bank types and its version, which is that of the
+// The smallest host: gets the bank types and the version of the library, which is that of the
 // headers and of the package.
 #include <zelaccess/ZelAccess.h>
 
