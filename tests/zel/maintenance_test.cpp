@@ -20,6 +20,16 @@ TEST_F(MaintenanceTest, EveryPrintableCharacterThatAPasswordMayHaveOpens) {
       Zel("set own.lb1 --description y", "ZEL_PASSWORD='Az09 !\"#$%&()*+,-./:;<=>?@_'").status, 0);
 }
 
+// A password in the environment is for the libraries that have one.
+TEST_F(MaintenanceTest, PasswordForALibraryWithout) {
+  Outcome const general = Zel("set crc.lb1 --description y", "ZEL_PASSWORD=x");
+  EXPECT_EQ(general.status, 0) << general.err;
+  Outcome const given = Zel("set crc.lb1 --description z --password x");
+  EXPECT_EQ(given.status, 1);
+  EXPECT_EQ(given.err, "zel: crc.lb1: has no password; leave --password out\n");
+  EXPECT_NE(Good("info crc.lb1").find("y\n"), std::string::npos);
+}
+
 TEST_F(MaintenanceTest, ChangedLibraryKeepsItsModeAndGroup) {
   ASSERT_EQ(Shell("chmod 640 crc.lb1 && chmod 664 crc.lb2 && chgrp $(id -G | tr ' ' '\\n' | tail "
                   "-1) crc.lb1")

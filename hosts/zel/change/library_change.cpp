@@ -14,15 +14,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void CheckPassword(Library const& library, ChangeOptions const& options) {
-  std::int32_t level = 0;
-  char none[101] = {};
-  library.File().GetPassword(level, none);
-  if (level == 0 && !options.password.empty() && !options.passwordIsGeneral) {
-    throw Failure(library.Path() + ": has no password; leave --password out");
-  }
-}
-
 // In the words of an open that fails.
 void CheckIsFile(std::string const& path) {
   std::error_code none;
@@ -54,16 +45,12 @@ LibraryChange::LibraryChange(Session& session, std::string const& path,
   if (!options.inPlace) original_ = FileLock::Take(whole_, path);
   access_ = AccessOf(whole_);
   filesBefore_ = FilesOf(whole_);
-  if (options.inPlace) {
-    library_ = Library::OpenUpdate(session, path, options.password);
-  } else {
-    OpenCopy(options.password);
-  }
-  CheckPassword(*library_, options);
+  if (!options.inPlace) Copy();
+  OpenForUpdate(options);
   if (knewNames) zel::LibFile::SetOrdwinNameIndex(&library_->File());
 }
 
-void LibraryChange::OpenCopy(std::string const& password) {
+void LibraryChange::Copy() {
   work_ = std::make_unique<WorkFolder>(whole_, shown_);
   work_->Share(access_);
   try {
@@ -75,7 +62,26 @@ void LibraryChange::OpenCopy(std::string const& password) {
     if (error.code() == std::errc::not_enough_memory) throw;
     throw Failure(shown_ + ": cannot be copied: " + error.code().message());
   }
-  library_ = Library::OpenUpdate(*session_, work_->First(), password, shown_);
+}
+
+// A library without a password refuses every password.
+void LibraryChange::OpenForUpdate(ChangeOptions const& options) {
+  std::string const path = work_ ? work_->First() : shown_;
+  try {
+    library_ = Library::OpenUpdate(*session_, path, options.password, shown_);
+    return;
+  } catch (Failure const&) {
+    if (options.password.empty()) throw;
+    try {
+      library_ = Library::OpenUpdate(*session_, path, "", shown_);
+    } catch (Failure const&) {
+      // It has one, or cannot be opened at all.
+    }
+    if (!library_) throw;
+  }
+  if (!options.passwordIsGeneral) {
+    throw Failure(shown_ + ": has no password; leave --password out");
+  }
 }
 
 LibraryChange LibraryChange::New(Session& session, std::string const& path,

@@ -50,7 +50,8 @@ class LibraryChange {
 
  private:
   explicit LibraryChange(Session& session) : session_(&session) {}
-  void OpenCopy(std::string const& password);
+  void Copy();
+  void OpenForUpdate(ChangeOptions const& options);
   void GiveFilesAccess() const;
 
   Session* session_;
