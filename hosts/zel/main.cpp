@@ -23,7 +23,7 @@ constexpr int kWrongUsage = 2;
 constexpr char kOutOfMemory[] = "out of memory";
 
 int Fail(int status, std::string text) {
-  // Bytes of a damaged library do not break the line.
+  // Bytes of a damaged library must not break the line.
   std::replace_if(
       text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, '?');
   std::fflush(stdout);
@@ -31,7 +31,7 @@ int Fail(int status, std::string text) {
   return status;
 }
 
-// What a block error says, with the library's path as the user gave it.
+// The message of a block error, with the library's path as the user gave it.
 std::string MessageOf(zelhost::Session const& session, zel::BlockError const& error) {
   std::string text = session.ShownPath(error.File()) + ": ";
   if (error.Address() != zel::kNoBlockAddress) {
@@ -40,8 +40,8 @@ std::string MessageOf(zelhost::Session const& session, zel::BlockError const& er
   return text + error.Reason() + ". `zel check --structure` tells what is damaged";
 }
 
-// What no handler reaches ends here: before main has begun, in a thread, in a destructor. A change
-// that is under way is then cut off like one that was killed.
+// Exceptions that no handler reaches end here: before main, in a thread, in a destructor. A change
+// in progress is then cut off as if the program had been killed.
 [[noreturn]] void EndByException() {
   try {
     if (std::exception_ptr const error = std::current_exception()) std::rethrow_exception(error);
@@ -55,10 +55,10 @@ std::string MessageOf(zelhost::Session const& session, zel::BlockError const& er
   std::abort();
 }
 
-// Before all objects of this program and its parts that are made ahead of main.
+// Runs before all objects of this program and its parts that are constructed before main.
 [[gnu::constructor(101)]] void CatchTheRest() { std::set_terminate(EndByException); }
 
-// Ends as a program does that writes to a closed pipe, but only now that nothing is left half done.
+// Ends like any program that writes to a closed pipe, but only now that nothing is left half done.
 int EndByClosedPipe() {
   std::signal(SIGPIPE, SIG_DFL);
   std::raise(SIGPIPE);
@@ -67,7 +67,7 @@ int EndByClosedPipe() {
 
 bool hasReturned = false;
 
-// The library ends a program in which it cannot start, and says why on standard output.
+// The library ends the program if it cannot start, and says why on standard output.
 void TellOfEnd() {
   if (hasReturned) return;
   std::fputs("zel: the library cannot start; its table of units needs some room in TMPDIR\n",
@@ -75,10 +75,10 @@ void TellOfEnd() {
 }
 
 int Run(int count, char** words) {
-  // A pipe that nobody reads and a file that reached its largest size are errors of the call.
+  // Writing to a pipe without a reader, or to a file at its size limit, is an error of the call.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  zelhost::Session session;  // outlives what is open when an error is told
+  zelhost::Session session;  // outlives what is open when an error is reported
   try {
     zelhost::CommandLine line(session);
     zelhost::AddLibraryCommands(line);

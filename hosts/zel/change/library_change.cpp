@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// In the words of an open that fails.
+// Throws Failure with the message of an open that fails.
 void CheckIsFile(std::string const& path) {
   std::error_code none;
   fs::file_status const there = fs::status(path, none);
@@ -23,7 +23,7 @@ void CheckIsFile(std::string const& path) {
                 Reason(fs::exists(there) ? zel::openDenied : zel::openNotFound, path));
 }
 
-// Bit n is set where file n is there.
+// Bit n is set if file n exists.
 int FilesOf(std::string const& first) {
   int files = 0;
   for (int number = 1; number <= kMostFiles; ++number) {
@@ -89,7 +89,7 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path,
   FinishChange(path);
   ReleaseNames(session, path);
   if (made.replace && fs::exists(path)) {
-    // It must be a library, and one that may be changed; a copy of it tells.
+    // It must be a library, and one that may be changed; opening a copy of it checks that.
     LibraryChange const probe(session, path, {made.password, false, false});
   }
   if (!fs::is_directory(fs::absolute(path).parent_path())) {
@@ -119,8 +119,8 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path,
   return change;
 }
 
-// A file that takes the place of one is as open to others as that one was, and a file that the
-// change has added as the first one is.
+// A file that replaces another gets the access of that one, and a file that the change has added
+// gets that of the first file.
 void LibraryChange::GiveFilesAccess() const {
   std::string const first = work_ ? work_->First() : whole_;
   for (int number = 1; number <= kMostFiles; ++number) {

@@ -1,7 +1,8 @@
-// Changes of a library that happen as a whole or not at all.
+// Changes of a library that are made as a whole or not at all.
 //
-// A change works on a copy in a hidden folder beside the library, which is locked against everyone
-// meanwhile, as an update does; open/change_places.h tells how the copy takes its place.
+// A change works on a copy in a hidden folder next to the library, which is meanwhile locked
+// against all other programs, as by an update; open/change_places.h describes how the copy is put
+// in place.
 #pragma once
 
 #include <sys/types.h>
@@ -20,18 +21,18 @@ namespace zelhost {
 
 struct ChangeOptions {
   std::string password;
-  // The password is for whichever library has one: no error for a library without.
+  // The password is for any library that has one: it is not an error if the library has none.
   bool passwordIsGeneral = false;
   bool inPlace = false;
 };
 
 struct NewLibrary {
   zel::libTypes kind = zel::libKind11;
-  // Takes the place of a library that is there, whose password is given.
+  // Replaces the library that is there, whose password is given.
   bool replace = false;
   std::string password;
-  // Of its files. Without one: that of the library replaced, else that of the other libraries in
-  // the folder, else what the umask leaves.
+  // The mode of its files. Without one: that of the replaced library, else that of the other
+  // libraries in the folder, else what the umask allows.
   std::optional<mode_t> mode;
 };
 
@@ -39,13 +40,13 @@ class LibraryChange {
  public:
   // Makes the copy, or opens the library itself for `inPlace`. Throws Failure.
   LibraryChange(Session& session, std::string const& path, ChangeOptions const& options);
-  // A new library at a path where nothing is, or in the place of the library there.
+  // A new library at a path that does not exist, or in place of the library there.
   static LibraryChange New(Session& session, std::string const& path, NewLibrary const& made);
 
   // The library to change, open for update.
   Library& Open() { return *library_; }
-  // Closes it and makes it the library at the path. Throws Failure, and the library is as it was.
-  // Nothing of this object is usable then.
+  // Closes it and makes it the library at the path. If this throws Failure, the library is
+  // unchanged. The object cannot be used afterwards.
   void PutInPlace();
 
  private:
@@ -58,15 +59,15 @@ class LibraryChange {
   std::string shown_;
   std::string whole_;  // the library's path without symbolic links
   bool isNew_ = false;
-  bool allAreNew_ = false;  // the files of the next library have no forerunners
+  bool allAreNew_ = false;  // the files of the new library replace none
   int filesBefore_ = 0;     // bit n for file n
-  FileAccess access_ = {};  // of files without a forerunner
+  FileAccess access_ = {};  // of files that replace none
   std::optional<FileLock> original_;
-  std::unique_ptr<WorkFolder> work_;  // none in place
+  std::unique_ptr<WorkFolder> work_;  // null for inPlace
   std::optional<Library> library_;
 };
 
-// Makes it the change of the report.
+// Puts the change in place when the report is made.
 void PutInPlaceAfter(Report& report, LibraryChange change);
 
 }  // namespace zelhost

@@ -32,24 +32,25 @@ void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
   MoveToFreePlace(change.New(1), change.Place(1));
 }
 
-// All is in place: nothing that fails now undoes the change or makes a failure of it.
+// Everything is in place: a failure from here on neither undoes the change nor is reported.
 void Settle(ChangePlaces const& change) noexcept {
   try {
     SyncPath(change.Folder());
   } catch (std::bad_alloc const&) {
-    // Then it is on disk when the system puts it there.
+    // The system then writes it to disk when it gets to it.
   }
   RemoveFolder(change.Ready());
 }
 
-// Two programs that make a library of one name must not take each other's folder for one left over.
+// Two programs that make a library of the same name must not take each other's folder for a
+// leftover.
 FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
   FolderTurn const turn(folder.parent_path().string());
   fs::path const lock = folder / kLockName;
   if (Exists(lock)) FileLock::Take(lock.string(), shownAs);
   OrFail(shownAs, kNoRoom, [&] {
     RemoveTree(folder);
-    // Only what is made here and now is worked in, whatever a stranger has put in the place.
+    // Only a folder made here and now is used, whatever somebody else has put in its place.
     if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
       throw fs::filesystem_error("", folder, std::error_code(errno, std::generic_category()));
     }
@@ -82,7 +83,7 @@ void WorkFolder::Share(FileAccess const& access) const {
   });
 }
 
-// All is on disk before anything is moved.
+// Everything is on disk before anything is moved.
 void WorkFolder::Prepare(bool isNew) {
   for (int number = 1; number <= kMostFiles; ++number) {
     std::string const file = FileOf(First(), number);

@@ -1,5 +1,5 @@
-// The hidden folder in which the next state of a library is made, and its way into place, of which
-// open/change_places.h has the steps.
+// The hidden folder in which the new state of a library is made, and how it is put in place;
+// open/change_places.h lists the steps.
 #pragma once
 
 #include <optional>
@@ -10,10 +10,10 @@
 
 namespace zelhost {
 
-// Locked against other programs; goes with its owner unless its files were put in place.
+// Locked against other programs; the destructor removes it unless its files were put in place.
 class WorkFolder {
  public:
-  // `library` is a path without symbolic links. Throws Failure, which names `shownAs`, when another
+  // `library` is a path without symbolic links. Throws Failure, which names `shownAs`, if another
   // program works in the folder or it cannot be made.
   WorkFolder(std::string const& library, std::string const& shownAs);
   WorkFolder(WorkFolder const&) = delete;
@@ -21,14 +21,13 @@ class WorkFolder {
   ~WorkFolder();
 
   std::string const& Path() const { return folder_; }
-  // Where the copy of the library's first file is.
+  // The path of the copy of the library's first file.
   std::string First() const;
-  // Whoever has this access to the library may clear the folder away, or put the library back, when
-  // this program was cut off. Until then the folder is this user's alone. Throws Failure.
+  // Lets whoever has this access to the library remove the folder, or put the library back, if this
+  // program is cut off. Before the call only this user can access the folder. Throws Failure.
   void Share(FileAccess const& access) const;
-  // The next library's files take the place of the library's. Throws Failure when they cannot, or
-  // the library is new and another program has made one meanwhile; the old library is then as it
-  // was.
+  // Replaces the library's files with the new ones. Throws Failure if that is impossible, or if the
+  // library is new and another program has made one meanwhile; the old library is then unchanged.
   void PutInPlace(bool isNew);
 
  private:

@@ -47,7 +47,7 @@ class Open {
 
   int Get() const { return descriptor_; }
   fs::path const& Path() const { return path_; }
-  // Some file systems report only now that they had no room.
+  // Some file systems report only now that they were full.
   void Close() {
     int const descriptor = descriptor_;
     descriptor_ = -1;
@@ -83,7 +83,7 @@ void CopyRange(Open const& from, Open const& to, off_t at, off_t end, std::vecto
   }
 }
 
-// A file system that knows no holes says that all of the file is data.
+// A file system without holes reports the whole file as data.
 void CopyData(Open const& from, Open const& to, off_t size) {
   std::vector<char> buffer(kPiece);
   for (off_t at = 0; at < size;) {
@@ -108,11 +108,11 @@ FileAccess AccessOf(fs::path const& file) {
 }
 
 void GiveAccess(fs::path const& file, FileAccess const& access) {
-  // A user who may not give files away may still give them to a group of his.
+  // A user who may not change the owner may still set one of his own groups.
   if (access.owner && ::lchown(file.c_str(), access.owner->user, access.owner->group) != 0) {
     static_cast<void>(::lchown(file.c_str(), static_cast<uid_t>(-1), access.owner->group) == 0);
   }
-  // After the owner, whose change may cut the mode.
+  // After the owner, since changing the owner may clear bits of the mode.
   if (::chmod(file.c_str(), access.mode) != 0) Refuse(file);
 }
 
@@ -125,7 +125,7 @@ std::optional<mode_t> ModeOfLibrariesIn(fs::path const& folder) {
     if (::lstat((folder / name).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
     ++counts[info.st_mode & kPermissions];
   }
-  // The first of the most frequent ones: the lowest number gives the least to others.
+  // The first of the most frequent ones: the lowest number gives others the fewest permissions.
   auto const best =
       std::max_element(counts.begin(), counts.end(),
                        [](auto const& a, auto const& b) { return a.second < b.second; });

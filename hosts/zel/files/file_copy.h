@@ -8,7 +8,7 @@
 
 namespace zelhost {
 
-// Mode and, where it is to be kept, owner and group of a file.
+// The mode of a file and, if they are to be kept, its owner and group.
 struct FileAccess {
   struct Owner {
     uid_t user;
@@ -18,29 +18,29 @@ struct FileAccess {
   std::optional<Owner> owner;
 };
 
-// Of a file that is there; throws std::filesystem::filesystem_error when it is not.
+// Returns the access of a file; throws std::filesystem::filesystem_error if it does not exist.
 FileAccess AccessOf(std::filesystem::path const& file);
-// Owner and group as far as this user may give files away, the mode always.
+// Sets the owner and the group as far as this user may change them, and the mode always.
 void GiveAccess(std::filesystem::path const& file, FileAccess const& access);
 
-// The mode that most libraries in the folder have, the stricter one when two are as frequent; none
-// when there is no library.
+// The mode that most libraries in the folder have, the stricter one if two are equally frequent;
+// nothing if there is no library.
 std::optional<mode_t> ModeOfLibrariesIn(std::filesystem::path const& folder);
-// The mode that the umask leaves to a file that anybody may read and write. Makes such a file for a
-// moment: to ask for the umask is to change it, which other threads would notice.
-// Throws std::filesystem::filesystem_error.
+// The mode that the umask leaves of one that lets everybody read and write. Makes such a file for a
+// moment: the umask cannot be read without changing it, which other threads would notice. Throws
+// std::filesystem::filesystem_error.
 mode_t ModeOfNewFilesIn(std::filesystem::path const& folder);
 
-// Copies into a new file that belongs to this user alone. Holes stay holes, and a file system that
-// can share blocks shares them. The copy is not on disk yet: see SyncPath.
-// Throws std::filesystem::filesystem_error, also when there is something at `to`.
+// Copies into a new file that only this user can read and write. Holes remain holes, and blocks are
+// shared if the file system can do that. The copy is not on disk yet: see SyncPath. Throws
+// std::filesystem::filesystem_error, also if `to` exists.
 void CopyWithHoles(std::filesystem::path const& from, std::filesystem::path const& to);
 
-// Makes a new file of one line, which belongs to this user alone; what is at the path is never
-// followed or opened. Throws std::filesystem::filesystem_error.
+// Makes a new file of one line, which only this user can read and write; whatever is at the path is
+// never followed or opened. Throws std::filesystem::filesystem_error.
 void MakeMark(std::filesystem::path const& path);
 
-// Asks the system to put a file or folder on disk, as far as it can.
+// Asks the system to write a file or folder to disk, as far as it can.
 void SyncPath(std::filesystem::path const& path);
 
 }  // namespace zelhost

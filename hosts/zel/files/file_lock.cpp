@@ -16,7 +16,7 @@
 namespace zelhost {
 namespace {
 
-// False when another file has come to the path since it was opened.
+// False if another file has taken the path since it was opened.
 bool IsAt(int descriptor, std::string const& path) {
   struct stat opened = {};
   struct stat there = {};
@@ -53,8 +53,8 @@ FileLock::~FileLock() {
   if (descriptor_ >= 0) close(descriptor_);
 }
 
-// A file system without such locks goes without, and so does a program whose folder is locked by
-// whoever called it.
+// There is no turn on a file system without such locks, or while the program that called this one
+// keeps the folder locked; most callers then go on without it.
 FolderTurn::FolderTurn(std::string const& folder, Patience patience)
     : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
   int const tries = patience == Patience::kNone ? 1 : 200;

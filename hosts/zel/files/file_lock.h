@@ -5,10 +5,11 @@
 
 namespace zelhost {
 
-// A file held under the lock that library files have; nobody else can then open it.
+// A file held under the lock that is used for library files; no other program can then open it.
 class FileLock {
  public:
-  // Throws Failure when the file cannot be opened for writing, is a link, or somebody else has it.
+  // Throws Failure if the file cannot be opened for writing, is a link, or is held by another
+  // program.
   static FileLock Take(std::string const& path, std::string const& shownAs);
   FileLock(FileLock&& other) noexcept;
   FileLock& operator=(FileLock&& other) noexcept;
@@ -19,8 +20,8 @@ class FileLock {
   int descriptor_;
 };
 
-// Steps in a folder that must not meet those of another process wait for each other, two seconds at
-// most.
+// Keeps steps in a folder apart from those of another process: they wait for each other, two
+// seconds at most.
 class FolderTurn {
  public:
   enum class Patience { kNone, kTwoSeconds };
@@ -30,7 +31,7 @@ class FolderTurn {
   FolderTurn& operator=(FolderTurn const&) = delete;
   ~FolderTurn();
 
-  // True when it is this process's turn.
+  // True if it is this process's turn.
   explicit operator bool() const { return isHeld_; }
 
  private:

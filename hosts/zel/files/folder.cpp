@@ -24,7 +24,7 @@ void Note(int number, std::error_code& error) {
   if (!error) error = std::error_code(number, std::generic_category());
 }
 
-// A link is not opened; null when it cannot be.
+// Null if the folder cannot be opened; with O_NOFOLLOW in `flags` a link is not.
 OpenFolder OpenAt(int around, char const* name, int flags) {
   int const descriptor = ::openat(around, name, flags | O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return nullptr;
@@ -52,7 +52,7 @@ std::vector<std::string> NamesOf(DIR* folder, std::error_code& error) {
 
 void RemoveAt(int around, char const* name, std::error_code& error) {
   if (::unlinkat(around, name, 0) == 0 || errno == ENOENT) return;
-  // Systems differ in what they say of a folder.
+  // Systems report different errors for a folder.
   int const number = errno;
   OpenFolder const folder = OpenAt(around, name, O_NOFOLLOW);
   if (!folder) return Note(errno == ENOTDIR || errno == ELOOP ? number : errno, error);

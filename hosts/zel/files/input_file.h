@@ -8,8 +8,8 @@
 
 namespace zelhost {
 
-// Not good when the file cannot be opened. Throws std::bad_alloc, where a stream by itself only
-// says that it is not open.
+// The stream is not good if the file cannot be opened. Throws std::bad_alloc, where a plain stream
+// only reports that it is not open.
 inline std::ifstream OpenInput(std::filesystem::path const& path) {
   errno = 0;
   std::ifstream file(path, std::ios::binary);

@@ -48,13 +48,13 @@ void WriteNew(std::string const& target, std::string const& shownAs, std::string
   if (!good) Refuse(shownAs);
 }
 
-// Links there, /dev/stderr for one, belong to the system and are not replaced.
+// Links in these folders, such as /dev/stderr, belong to the system and are not replaced.
 bool IsOfSystem(std::filesystem::path const& path) {
   std::string const text = std::filesystem::absolute(path).lexically_normal().string();
   return text.rfind("/dev/", 0) == 0 || text.rfind("/proc/", 0) == 0;
 }
 
-// Folders that a killed command left: those of an hour ago.
+// Removes the folders that killed commands left more than an hour ago.
 void RemoveLeftOver(std::filesystem::path const& target) {
   namespace fs = std::filesystem;
   std::error_code none;
@@ -77,8 +77,8 @@ struct FileMove {
   HowMoved how;
 };
 
-// What is in the place goes to `from`, so that it can go back. A file system that cannot exchange
-// two files loses it.
+// What is at the destination is moved to `from`, so that it can be moved back. On a file system
+// that cannot exchange two files it is lost.
 bool Do(FileMove& move) {
   char const* const from = move.from.c_str();
   char const* const to = move.to.c_str();
@@ -102,7 +102,7 @@ void Undo(FileMove& move) {
   if (isBack) move.how = HowMoved::kNot;
 }
 
-// Names the file that could not be moved, and those that are new all the same.
+// Names the file that could not be moved, and those that are new nevertheless.
 [[noreturn]] void RefuseMoves(std::vector<FileMove> const& moves, std::string const& failed,
                               int reason) {
   std::string done;
@@ -132,7 +132,7 @@ OutputFolder::~OutputFolder() {
 }
 
 std::int64_t OutputFolder::MoveInto() {
-  // All paths first, so that no lack of memory comes between two moves.
+  // All paths are made first, so that memory cannot run out between two moves.
   std::vector<FileMove> moves;
   for (std::string const& name : NamesIn(folder_)) {
     std::filesystem::path const target = target_ / name;

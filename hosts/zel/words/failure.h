@@ -1,4 +1,4 @@
-// What ends a command: one line for the user.
+// The errors that end a command, each with one line for the user.
 #pragma once
 
 #include <exception>
@@ -16,7 +16,7 @@ class Failure : public std::runtime_error {
 // Nobody reads standard output any more.
 class PipeClosed : public std::exception {};
 
-// The words on the command line make no sense together; exit status 2.
+// The command line is invalid; exit status 2.
 class WrongUsage : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

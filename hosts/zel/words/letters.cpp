@@ -22,8 +22,7 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
-// One star is open at a time: a later one takes the place of an earlier one, which cannot match
-// less.
+// Only one star is open at a time: a later one replaces an earlier one, by which no match is lost.
 bool Matches(std::string const& pattern, std::string const& text) {
   std::size_t p = 0, t = 0, star = std::string::npos, resume = 0;
   while (t < text.size()) {

@@ -1,4 +1,4 @@
-// Letters without regard to case, those of ASCII alone, and patterns.
+// Case-insensitive texts, for the letters of ASCII only, and patterns.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@ namespace zelhost {
 
 std::string UpperCase(std::string text);
 std::string LowerCase(std::string text);
-// "*" matches any text, "?" one character; letters compare without regard to case.
+// "*" matches any text, "?" one character; letters are compared without regard to case.
 bool Matches(std::string const& pattern, std::string const& text);
 
 }  // namespace zelhost

@@ -103,7 +103,8 @@ Temperature ParseTemperature(std::string const& word) {
 
 double Convert(double value, std::int32_t from, std::int32_t to) {
   if (from == to) return value;
-  // A limit of a record stays a limit: what the way through kelvin adds to the last digits is cut.
+  // A limit of a record stays a limit: the rounding errors that the conversion through kelvin adds
+  // to the last digits are cut off.
   constexpr double kDigits = 1e9;
   return std::round(FromKelvin(ToKelvin(value, from), to) * kDigits) / kDigits;
 }

@@ -1,4 +1,4 @@
-// Numbers, spans and temperatures as words of the command line.
+// Numbers, ranges and temperatures given on the command line.
 #pragma once
 
 #include <cstdint>
@@ -7,10 +7,10 @@
 
 namespace zelhost {
 
-// Throws WrongUsage, naming what it should be, when the word is no number.
+// Throws WrongUsage, which says what it should be, if the word is not a number.
 double ParseNumber(std::string const& word, std::string const& what);
 
-// From ... to, both ends included; a missing end is open.
+// A range, both ends included; a missing end is open.
 struct Span {
   std::optional<double> low;
   std::optional<double> high;
@@ -28,13 +28,13 @@ struct Temperature {
   double value = 0.0;
   std::int32_t unit = kKelvin;  // 10 K, 11 C, 12 R, 13 F
 
-  // In a unit. Throws WrongUsage below absolute zero.
+  // The temperature in the unit with this code. Throws WrongUsage below absolute zero.
   double In(std::int32_t code) const;
 };
 Temperature ParseTemperature(std::string const& word);
-// From one temperature to another, "20C:350", in K.
+// A range of temperatures such as "20C:350", in K.
 std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what);
-// From one unit to another.
+// Converts a temperature from one unit to another.
 double Convert(double value, std::int32_t from, std::int32_t to);
 
 }  // namespace zelhost

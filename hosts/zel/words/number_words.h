@@ -7,7 +7,7 @@
 
 namespace zelhost {
 
-// True for a decimal number such as "-1.5e+07" and nothing else around it.
+// True for a decimal number such as "-1.5e+07" with nothing else around it.
 inline bool IsNumberWord(std::string_view word) {
   if (word.size() > 1 && word[0] == '+' && word[1] != '-') word.remove_prefix(1);
   if (word.find_first_not_of("+-.0123456789eE") != std::string_view::npos) return false;
@@ -16,7 +16,7 @@ inline bool IsNumberWord(std::string_view word) {
   return error == std::errc() && end == word.data() + word.size();
 }
 
-// The number without the point, comma or bracket of the sentence around it.
+// The number without the period, comma or parenthesis of the sentence around it.
 inline std::string_view WithoutPunctuation(std::string_view word) {
   std::size_t const first = std::min(word.find_first_not_of("(["), word.size());
   word.remove_prefix(first);
