@@ -7,8 +7,8 @@ namespace zelhost {
 namespace {
 
 // The fewest coefficients with which an equation keeps its form: those that divide or multiply the
-// whole, that are an exponent or a temperature of it, or that decide whether it has a value. The
-// rest are further terms of a sum, which a record may leave out.
+// whole, that are an exponent or a temperature in it, or that decide whether it has a value. The
+// others are further terms of a sum, which a record may leave out.
 struct Equation {
   int number;
   std::size_t least;

@@ -1,4 +1,4 @@
-// What is wrong with the record of a correlation as a whole.
+// Faults of the record of a correlation as a whole.
 #pragma once
 
 #include <string>

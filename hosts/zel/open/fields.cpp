@@ -19,7 +19,7 @@ Cell Whole(std::int32_t value) {
   return std::int64_t{value};
 }
 
-// The word of an enumeration for a value; the number where it has none.
+// The word of an enumeration for a value; the number if there is none.
 Cell Word(zel::IZelBankDef& bank, Field const& field, std::int32_t value) {
   std::int32_t count = 0;
   if (bank.GetEnumCount(field.name.c_str(), &count) != zel::kStatusOk || count < 1) {
@@ -37,8 +37,8 @@ Cell Word(zel::IZelBankDef& bank, Field const& field, std::int32_t value) {
   return Whole(value);
 }
 
-// Banks name a dimension where their numbers are in its internal unit. Of the others, group areas
-// and volumes are relative.
+// Banks name a dimension if their numbers are in its internal unit. Other texts are returned as
+// they are; group areas and volumes are relative.
 std::string UnitOf(std::string const& dimension) {
   if (dimension == "temp") return "K";
   if (dimension == "pres") return "kPa";
@@ -81,7 +81,7 @@ bool IsKnown(std::string const& type) {
 
 }  // namespace
 
-// The library gives no item of a type that it does not know, and none where memory has run out.
+// The library returns null for a type that it does not know, and also if memory has run out.
 zel::Handle<zel::IZelBankDef> BankOrNone(std::string const& type) {
   zel::Handle<zel::IZelBankDef> bank(zel::NewBank(type.c_str()));
   if (!bank && IsKnown(UpperCase(type))) throw std::bad_alloc();

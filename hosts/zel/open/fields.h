@@ -10,7 +10,7 @@
 
 namespace zelhost {
 
-// What a bank type is.
+// The properties of a bank type.
 struct BankFacts {
   std::string type;
   std::string description;
@@ -22,8 +22,8 @@ struct BankFacts {
   explicit BankFacts(zel::IZelBankDef& bank);
 };
 
-// An item of a type, null when there is no such type; throws Failure for that in the second form.
-// Both throw std::bad_alloc when there is no memory.
+// A new item of a type. If there is no such type, the first function returns null and the second
+// one throws Failure. Both throw std::bad_alloc if memory runs out.
 zel::Handle<zel::IZelBankDef> BankOrNone(std::string const& type);
 zel::Handle<zel::IZelBankDef> BankOfType(std::string const& type);
 
@@ -35,13 +35,13 @@ struct Field {
   std::int32_t count = 1;  // values
 };
 
-// In the order of the type's table; none for a type without one.
+// The fields in the order of the type's table; none for a type without one.
 std::vector<Field> FieldsOf(zel::IZelBankDef& bank);
-// In any case of letters. Throws Failure when the type has no such field.
+// The name may be in upper or lower case. Throws Failure if the type has no such field.
 Field FieldNamed(zel::IZelBankDef& bank, std::string const& name);
 // "number", "whole number", "text" or "word", one of an enumeration.
 std::string KindOf(Field const& field);
-// What the item has in a field: one value, or several as a text with blanks between them.
+// The item's value of a field; several values are a text with blanks between them.
 Cell ValueOf(zel::IZelBankDef& bank, Field const& field);
 
 }  // namespace zelhost

@@ -16,7 +16,7 @@ Cell NumberOf(zel::ZelIdentity const& identity) {
   return std::int64_t{identity.number};
 }
 
-// What finds the component in a library.
+// The labels by which a library finds the component.
 std::vector<std::string> LabelsOf(zel::ZelIdentity const& identity) {
   std::vector<std::string> labels;
   if (identity.number != 0) labels.push_back("the number " + std::to_string(identity.number));
@@ -85,7 +85,7 @@ void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report
 }
 
 void IdentityAcross::Component(SourcedIdentity component) {
-  // What is in common with each component before it.
+  // What it has in common with each earlier component.
   std::map<std::size_t, std::string> common;
   for (std::string const& label : LabelsOf(component.identity)) {
     std::vector<std::size_t>& places = byLabel_[label];

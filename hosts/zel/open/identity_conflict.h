@@ -1,5 +1,6 @@
-// Whether sources of a component are about one substance. Numbers, IDs and CAS numbers are given by
-// whoever made a library, and two libraries can mean different things by one of them.
+// Checks whether sources of a component mean the same substance. Numbers, IDs and CAS numbers are
+// assigned by whoever made a library, and two libraries can use the same one for different
+// substances.
 #pragma once
 
 #include <zelaccess/Identity.h>
@@ -20,27 +21,27 @@ struct SourcedIdentity {
   std::string source;  // "crc.lb1:CRC"
   zel::ZelIdentity identity;
 };
-// "Water (10000326, WATER, 7732-18-5, H2O)", without what the source does not say.
+// "Water (10000326, WATER, 7732-18-5, H2O)", without the parts that the source does not have.
 std::string ToText(zel::ZelIdentity const& identity);
 
-// What was found under one word of the command line, where it is not all the same.
+// What was found for one word of the command line, if it is not all the same substance.
 struct IdentityConflict {
   std::string word;
   std::vector<SourcedIdentity> found;
-  std::size_t one = 0;  // two that contradict each other, by place in `found`
+  std::size_t one = 0;  // indexes in `found` of two that contradict each other
   std::size_t other = 0;
 };
-// Nothing when no two contradict each other.
+// Nothing if no two contradict each other.
 std::optional<IdentityConflict> ConflictIn(std::string const& word,
                                            std::vector<SourcedIdentity> found);
 // Names both identities.
 std::string ToText(IdentityConflict const& conflict);
 
-// A warning and a table with all that was found.
+// Adds a warning and a table with everything that was found.
 void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report);
 
-// Compares every component of several banks with those of the banks before that have its number,
-// one of its IDs or its CAS number.
+// Compares every component of several banks with those of earlier banks that have its number, one
+// of its IDs or its CAS number.
 class IdentityAcross {
  public:
   // `what` is what two components have in common, "the number 10000112 and the ID WATER".

@@ -5,7 +5,7 @@
 namespace zelhost {
 namespace {
 
-// Of which the equation gives the value.
+// The logarithm whose value the equation gives.
 Cell LogarithmOf(Curve const& curve) {
   if (curve.logBasis == 1) return "natural";
   if (curve.logBasis == 2) return "decimal";

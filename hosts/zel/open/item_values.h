@@ -1,4 +1,4 @@
-// Everything that an item holds, as named values: what two libraries are compared by.
+// Everything that an item holds, as named values, by which two libraries are compared.
 #pragma once
 
 #include <string>
@@ -13,16 +13,16 @@ namespace zelhost {
 struct NamedValue {
   std::string name;
   Cell value;
-  std::int64_t code = 0;  // what is stored, where the value is a word for it
+  std::int64_t code = 0;  // what is stored, if the value is a word for it
 
   bool operator==(NamedValue const&) const = default;
 };
-// The values of one name as they are shown beside each other: a word that two codes share goes with
-// its code.
+// Two values of the same name as they are shown side by side: a word that two codes share is shown
+// with its code.
 std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other);
-// Of an item just read, by the fields of its type.
+// The values of an item just read, by the fields of its type.
 std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item);
-// Of a pure component, without what is not there.
+// The values of a pure component, without those that are missing.
 std::vector<NamedValue> ValuesOf(PureComponent const& component);
 
 }  // namespace zelhost

@@ -1,4 +1,4 @@
-// Open libraries and the banks in them, named by words of the command line.
+// Open libraries and the banks in them, as named on the command line.
 #pragma once
 
 #include <zelaccess/ZelAccess.h>
@@ -23,10 +23,10 @@ struct BankName {
 // "TYPE:NAME"
 std::string ToText(BankName const& bank);
 
-// An open library. Throws Failure with the path and the reason when it cannot be opened.
+// An open library. Throws Failure with the path and the reason if it cannot be opened.
 class Library {
  public:
-  // `shownAs` is what messages call it, where it is not in its own place. The session outlives the
+  // `shownAs` is its name in messages, if it is not in its own place. The session must outlive the
   // library.
   static Library OpenRead(Session& session, std::string const& path,
                           std::string const& shownAs = "");
@@ -40,17 +40,17 @@ class Library {
   std::string const& Path() const { return path_; }
   Session& InSession() const { return *session_; }
 
-  // In the order of the directory; `type` empty for all.
+  // The banks in the order of the directory; all types if `type` is empty.
   std::vector<BankName> Banks(std::string const& type = "") const;
-  // The bank that a word means: TYPE:NAME, or a name or a type that only one bank has, in any case
-  // of letters. Throws Failure, with the banks that there are, when it means none or several.
+  // The bank that a word means: TYPE:NAME, or a name or a type that only one bank has, in upper or
+  // lower case. Throws Failure, with the existing banks, if it means none or several.
   BankName Bank(std::string const& word) const;
-  // A bank of pure components, the only one when `word` is empty.
+  // A bank of pure components, the only one if `word` is empty.
   BankName ComponentBank(std::string const& word) const;
-  // Tells of what could not be read; see UnreadItems. To be called where the block error was
+  // Reports what could not be read; see UnreadItems. Must be called where the block error was
   // caught.
   void TellUnread(std::string const& place, unsigned long address) const;
-  // Does work that walks a bank; a tree that cannot be read ends it and is told of.
+  // Does work that walks a bank; a tree that cannot be read ends it and is reported.
   template <typename Work>
   void Walk(BankName const& bank, Work const& work) const {
     try {
@@ -59,7 +59,7 @@ class Library {
       TellUnread(ToText(bank), address);
     }
   }
-  // Writes what is not on file yet. Throws Failure when the disk refuses.
+  // Writes what is not on file yet. Throws if that fails.
   void Close();
 
  private:
@@ -67,11 +67,11 @@ class Library {
 
   Session* session_;
   std::string path_;
-  std::unique_ptr<UnreadItems> unread_;  // outlives the library, which knows it
+  std::unique_ptr<UnreadItems> unread_;  // must outlive the library, which refers to it
   zel::Handle<zel::LibFile> file_;
   zel::Handle<zel::LibMaint> maint_;
 };
 
-// What an open that failed means, e.g. "not found".
+// The message for an open that failed, e.g. "not found".
 std::string Reason(zel::openErrors error, std::string const& path);
 }  // namespace zelhost

@@ -1,4 +1,4 @@
-// The library of --names, which knows the IDs and CAS numbers that the library at hand does not.
+// The library of --names, which knows the IDs and CAS numbers that the main library does not.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@ namespace zelhost {
 // Opens the library at the session's namesPath, if there is one, and makes it the name index of the
 // process. Throws Failure.
 void OpenNames(Session& session);
-// Closes it when it is the library at `path`, which is about to be changed and knows its own IDs.
-// True when it was.
+// Closes it if it is the library at `path`, which is about to be changed and knows its own IDs.
+// Returns true if it was.
 bool ReleaseNames(Session& session, std::string const& path);
 
 }  // namespace zelhost

@@ -19,7 +19,7 @@ bool IsCas(std::string const& word) {
          word.find_first_not_of("0123456789-") == std::string::npos;
 }
 
-// What a word of this form is compared with.
+// The texts that a word of this form is compared with.
 std::vector<std::string> NamesLike(std::string const& word, Identity const& identity) {
   if (IsNumber(word)) return {std::to_string(identity.number)};
   if (IsCas(word)) return {identity.cas};
@@ -28,7 +28,7 @@ std::vector<std::string> NamesLike(std::string const& word, Identity const& iden
   return names;
 }
 
-// "NBUTANE (Butane, 106-97-8)"; the part in brackets helps where the word was a number.
+// "NBUTANE (Butane)"; for a number or a CAS number, that of the component is in the parentheses.
 std::string Described(std::string const& word, Identity const& identity) {
   std::string text = identity.ids.empty() ? std::to_string(identity.number) : identity.FirstId();
   if (IsCas(word)) return text + " (" + identity.cas + ")";
@@ -67,14 +67,14 @@ ComponentBanks BanksKnownTo(Library const& library) {
 
 namespace {
 
-// How far a name may be from the word that was meant to be it.
+// The largest distance of a name that the word may mean.
 std::size_t Furthest(std::string const& word) {
   constexpr std::size_t kLettersPerMistake = 3;
   return std::max<std::size_t>(1, word.size() / kLettersPerMistake);
 }
 
-// The distance of a name that the word may mean: within the furthest, or any of a name that begins
-// with the word.
+// The distance of a name that the word may mean: at most Furthest, or any if the name begins with
+// the word.
 std::optional<std::size_t> DistanceOf(std::string const& word, std::string const& name) {
   std::size_t const most = Furthest(word);
   std::size_t const difference =

@@ -1,4 +1,4 @@
-// What was probably meant by a word that names no component.
+// Suggests a component for a word that does not name one.
 #pragma once
 
 #include <string>
@@ -9,20 +9,20 @@
 
 namespace zelhost {
 
-// Where to look for a component.
+// The banks in which to look for a component.
 using ComponentBanks = std::vector<std::pair<Library const*, BankName>>;
-// The banks of a library and of the one that --names gives.
+// The banks of a library and of that of --names.
 ComponentBanks BanksKnownTo(Library const& library);
 
 // The component that the word probably means, as the end of a message: "; the nearest ID is WATER
 // (Water)". An ID is compared with IDs and names, a number with numbers and a CAS number with CAS
-// numbers. A name that begins with the word may be meant, and one whose distance from it is at most
-// a third of its length; where there is none, the message says which command lists components.
-// Empty when the banks hold no component.
+// numbers. Names that begin with the word are considered, and those whose distance from it is at
+// most a third of its length; if there is none, the message says which command lists components.
+// Empty if the banks hold no component.
 std::string NearestTo(std::string const& word, ComponentBanks const& banks);
 
-// How many letters must be put in, left out, changed or exchanged with their neighbour to make one
-// text of the other.
+// The number of letters that must be inserted, deleted, changed or swapped with their neighbor to
+// turn one text into the other.
 std::size_t EditDistance(std::string const& one, std::string const& other);
 
 }  // namespace zelhost

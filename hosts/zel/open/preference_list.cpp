@@ -57,7 +57,7 @@ std::string Sources::Name(std::size_t i) const {
 
 namespace {
 
-// What looks a component up; a record that cannot be read is an error that names the component.
+// Looks a component up; a record that cannot be read is an error that names the component.
 template <typename Look>
 bool Looked(Session const& session, std::string const& word, Look const& look) {
   try {

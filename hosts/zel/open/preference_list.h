@@ -1,4 +1,5 @@
-// A preference list: banks of pure components in several libraries, the first one winning.
+// A preference list: banks of pure components in several libraries; the first one that has a datum
+// wins.
 #pragma once
 
 #include <string>
@@ -19,8 +20,8 @@ struct SourceOptions {
 
 class Sources {
  public:
-  // Libraries are words LIBRARY or LIBRARY:BANK; without a bank all banks of pure components that
-  // the library has, in its order. Throws Failure when there is none.
+  // Libraries are given as LIBRARY or LIBRARY:BANK; without a bank, all banks of pure components of
+  // the library are taken, in its order. Throws Failure if there is none.
   Sources(Session& session, SourceOptions const& options);
   Sources(Sources const&) = delete;
   Sources& operator=(Sources const&) = delete;
@@ -30,12 +31,12 @@ class Sources {
   std::string Name(std::size_t i) const;
   // The libraries, each once, in the order in which they were named.
   std::vector<Library> const& Libraries() const { return libraries_; }
-  // The component as one bank has it, not completed; false when it has none.
+  // Reads the component as one bank has it, not completed; false if the bank does not have it.
   bool Read(std::size_t i, std::string const& word, PureComponent const& component) const;
-  // The component merged from all banks and completed. Throws Failure when no bank has it, and when
+  // Merges the component from all banks and completes it. Throws Failure if no bank has it, and if
   // those that have it mean different substances, unless that is accepted.
   void Search(std::string const& word, PureComponent& component);
-  // What was accepted: call it when the report has its other tables.
+  // Adds the accepted conflicts; call it when the report has its other tables.
   void AddWarnings(Report& report) const { AddConflicts(accepted_, report); }
   std::vector<IdentityConflict> const& Accepted() const { return accepted_; }
 
@@ -44,7 +45,8 @@ class Sources {
     std::size_t library;
     std::string bank;
   };
-  // Throws Failure when the identities contradict each other, or notes it where that is accepted.
+  // Throws Failure if the identities contradict each other, or records the conflict if that is
+  // accepted.
   void Judge(std::string const& word, std::vector<SourcedIdentity> found);
   std::size_t LibraryAt(std::string const& path);
 

@@ -172,7 +172,7 @@ std::string PureComponent::ConstantSource(std::uint32_t index) const {
   char text[kSourceSize] = {};
   std::uint8_t isProtected = 0;
   face_->GetPropertySource(index, text, &isProtected);
-  // The critical constants complete each other without a label.
+  // Critical constants that are computed from each other have no label.
   bool const isCritical = index >= kFirstCritical && index <= kLastCritical;
   if (*text == '\0' && isCritical) {
     return "from the others of TC,PC,VC,ZC";
@@ -189,8 +189,8 @@ Curve PureComponent::ReadCurve(std::uint32_t index) const {
       index, &curve.equation, &curve.tempUnit, &curve.propUnit, &factor, &curve.logBasis,
       &curve.basis, &count, &curve.tMin, &curve.tMax, coefficients);
   curve.given = status != zel::kStatusFailed;
-  // A record that is not there and one that is not given back both fail; only the second one has an
-  // equation.
+  // The call fails both for a missing record and for one that is not returned; only the latter has
+  // an equation.
   curve.present = status == zel::kStatusOk || (!curve.given && curve.equation != 0);
   if (!curve.present) return curve;
   auto const used =
@@ -204,8 +204,9 @@ Curve PureComponent::ReadCurve(std::uint32_t index) const {
   return curve;
 }
 
-// A form without a value leaves the number that it was given, which the steps after it may change.
-// None of them changes a NaN, but for an extrapolation, whose value at the bound is asked for then.
+// An equation without a value leaves the number that was passed in, which the steps after it may
+// change. None of them changes a NaN, except an extrapolation; the value at the bound is then
+// checked too.
 Point PureComponent::At(std::uint32_t index, double temperature, std::int32_t order) const {
   Point point;
   auto const valueAt = [&](double at, double& slope, std::int32_t& status) {

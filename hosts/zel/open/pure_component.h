@@ -1,4 +1,4 @@
-// A pure component: what the catalogue says that it consists of, and what an item holds of it.
+// A pure component: the catalogue of its data, and what an item holds of them.
 #pragma once
 
 #include <zelaccess/Identity.h>
@@ -17,14 +17,14 @@ inline constexpr char kPureType[] = "PURECOMP";
 
 std::vector<zel::ZelConstantInfo> const& Constants();
 std::vector<zel::ZelCorrelationInfo> const& Correlations();
-// By keyword or name in any case of letters, or the unique beginning of a correlation's name. Null
-// when there is none.
+// By keyword or name, in upper or lower case, or by the unique beginning of a correlation's name.
+// Null if there is none.
 zel::ZelConstantInfo const* FindConstant(std::string const& word);
 zel::ZelCorrelationInfo const* FindCorrelation(std::string const& word);
 std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation);
 // The models that a component can have groups of, by index.
 std::vector<std::string> const& StructureModels();
-// Tables of constants and correlations.
+// Adds tables of constants and correlations.
 void AddCatalogue(Report& report);
 
 struct Identity {
@@ -42,7 +42,7 @@ struct Identity {
 // A stored correlation.
 struct Curve {
   bool present = false;
-  bool given = true;  // false: stored, but not given back; it evaluates all the same
+  bool given = true;  // false: stored, but not returned by the library; it can still be evaluated
   std::int32_t equation = 0;
   std::int32_t tempUnit = 10;
   std::int32_t propUnit = 0;
@@ -50,12 +50,12 @@ struct Curve {
   std::int32_t basis = 0;
   double tMin = zel::gen_GetUndefDouble();
   double tMax = zel::gen_GetUndefDouble();
-  std::vector<double> coefficients;  // also of one that is not given back
+  std::vector<double> coefficients;  // also if not `given`
   std::uint32_t refCode = 0;
   std::string source;
 };
 
-// One value of a correlation; value and slope are undefined where there is none.
+// One value of a correlation; value and slope are undefined if there is none.
 struct Point {
   bool there = false;
   double value = 0.0;
@@ -71,23 +71,23 @@ class PureComponent {
   zel::IZelPureComp* operator->() const { return face_.operator->(); }
 
   Identity ReadIdentity() const;
-  // What it is compared by.
+  // The identity by which it is compared.
   zel::ZelIdentity Compared() const;
   std::string Smiles() const;
   std::int32_t Phase() const;
-  // Counts and groups of a model, as "2x1 1x14"; empty when there are none.
+  // Counts and groups of a model, as "2x1 1x14"; empty if there are none.
   std::string Groups(std::uint32_t model) const;
-  // Derives what is missing.
+  // Derives missing data.
   void Complete();
   double Constant(std::uint32_t index) const;
   zel::zelConstantStates State(std::uint32_t index) const;
-  // Stored, or derived from data that are there.
+  // Stored, or derived from data that exist.
   double Completed(std::uint32_t index) const;
   std::uint32_t ConstantCode(std::uint32_t index) const;
   // Where a constant came from, or the method that derived it; empty for a missing one.
   std::string ConstantSource(std::uint32_t index) const;
   Curve ReadCurve(std::uint32_t index) const;
-  // `order` 1 to 3: which derivative.
+  // `order`, 1 to 3, is that of the derivative.
   Point At(std::uint32_t index, double temperature, std::int32_t order = 1) const;
 
  private:
@@ -96,12 +96,12 @@ class PureComponent {
 
 // The letter of a temperature unit of a stored correlation.
 char const* TemperatureUnit(std::int32_t code);
-// The temperatures that a correlation is good for: "159.05 to 514 K", "from 159.05 K", "up to 514
-// K"; nothing for a record without limits.
+// The temperature range of a correlation: "159.05 to 514 K", "from 159.05 K", "up to 514 K";
+// nothing for a record without limits.
 Cell RangeOf(Curve const& curve);
-// The unit that a stored correlation gives; its code where it has no name, nothing for 0.
+// The unit of a stored correlation's values; its code if it has no name, nothing for 0.
 Cell UnitOf(Curve const& curve);
-// Per which amount the unit of a specific property is meant: mole, mass or nothing.
+// The amount to which the unit of a specific property refers: mole, mass or nothing.
 Cell BasisOf(Curve const& curve);
 // "vapor liquid"; nothing for none.
 Cell PhasesOf(PureComponent const& component);

@@ -5,7 +5,7 @@
 namespace zelhost {
 namespace {
 
-// A path without its extension, by which the files of one library differ.
+// A path without its extension, the only part in which the files of one library differ.
 std::filesystem::path Stem(std::filesystem::path const& path) {
   std::error_code none;
   return std::filesystem::absolute(path, none).lexically_normal().replace_extension();

@@ -1,4 +1,4 @@
-// What one run of zel has at hand: what was asked of it and what it has opened.
+// The state of one run of zel: what was requested and what has been opened.
 #pragma once
 
 #include <filesystem>
@@ -20,19 +20,19 @@ class Session {
 
   // The form of the report.
   Form form = Form::kText;
-  // The first item that cannot be read ends the command.
+  // If true, the first item that cannot be read ends the command.
   bool isStrict = false;
-  // Of a command that did its work; 1 where it found something wrong.
+  // That of a command that did its work; 1 if it found something wrong.
   int exitStatus = 0;
-  // The library for IDs and CAS numbers that the library at hand does not know: its path, empty for
+  // The library for IDs and CAS numbers that the main library does not know: its path, empty for
   // none, and, while a command runs, the library itself. See names_library.h.
   std::string namesPath;
   std::shared_ptr<Library> names;
 
-  // Remembers what messages call the library at a path.
+  // Remembers the name in messages of the library at a path.
   void NoteOpened(std::filesystem::path const& path, std::string const& shown);
-  // What messages call the library that has `file` among its files, which a block error names; the
-  // file itself for one that was not opened.
+  // The name in messages of the library to which `file` belongs, the file that a block error names;
+  // `file` itself if no such library was opened.
   std::string ShownPath(std::string const& file) const;
 
  private:

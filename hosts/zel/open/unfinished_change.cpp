@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Each step may have been done by one that was cut off too.
+// Each step may already have been done by a command that was cut off too.
 void MoveBack(ChangePlaces const& change) {
   for (int number = 2; number <= kMostFiles; ++number) {
     if (Exists(change.Old(number))) {
@@ -27,12 +27,12 @@ void MoveBack(ChangePlaces const& change) {
   SyncPath(change.Folder());
 }
 
-// What a ready folder is, from the files that are in it and in place.
+// The state of a ready folder, from the files in it and in place.
 enum class Found {
-  kLeftOver,  // nothing was moved yet, or all was: only the folder has to go
-  kCutOff,    // the first file is away
+  kLeftOver,  // nothing was moved yet, or everything was: only the folder must be removed
+  kCutOff,    // the first file was moved away
   kTaken,     // the first file was moved away, and somebody has made another one since
-  kLost       // all was moved, and the first file is not there any more
+  kLost       // everything was moved, and the first file is gone since
 };
 
 Found Look(ChangePlaces const& change) {
@@ -44,7 +44,7 @@ Found Look(ChangePlaces const& change) {
   return isOld ? Found::kLost : Found::kLeftOver;
 }
 
-// What a killed command left of its work.
+// Removes what a killed command left of its work.
 void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
   if (!IsOurs(folder, library)) return;
   try {
@@ -53,9 +53,9 @@ void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
     if (Exists(folder / kLockName)) FileLock::Take((folder / kLockName).string(), "");
     RemoveFolder(folder);
   } catch (Failure const&) {
-    // Somebody is at work in it.
+    // Another program is working in it.
   } catch (fs::filesystem_error const& error) {
-    // What cannot be looked at now is tried again by the next command.
+    // The next command tries again what cannot be looked at now.
     if (error.code() == std::errc::not_enough_memory) throw;
   }
 }
@@ -93,7 +93,7 @@ void FinishChange(std::string const& path) {
   if (!IsOurs(change.Ready(), whole)) return;
   std::string const lock = (change.Ready() / kLockName).string();
   try {
-    // Without a lock it is nearly removed, or came from a copy that left the lock out.
+    // Without a lock it is nearly removed, or it comes from a copy that left the lock out.
     if (!Exists(lock)) MakeMark(lock);
     FileLock const held = FileLock::Take(lock, path);
     FinishMoves(path, change);
@@ -101,8 +101,8 @@ void FinishChange(std::string const& path) {
     if (Exists(lock) || Look(change) == Found::kLeftOver) return;
     throw;
   } catch (Failure const&) {
-    // Another program may have just finished it, and who may only read needs no more than that the
-    // library is whole.
+    // Another program may have just finished it, and a user who may only read needs no more than
+    // that the library is whole.
     if (!IsOurs(change.Ready(), whole) || Look(change) == Found::kLeftOver) return;
     throw;
   }

@@ -1,4 +1,4 @@
-// What is left of a change that was cut off, put right before anything looks at the library.
+// Cleans up after a change that was cut off, before anything looks at the library.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@
 
 namespace zelhost {
 
-// Clears away what a command left that was cut off, and puts the old library back where it had been
-// moved away. Throws Failure when that cannot be done, or when another program has made a library
-// in the place since.
+// Removes what a command that was cut off left behind, and puts the old library back if it had been
+// moved away. Throws Failure if that cannot be done, or if another program has made a library in
+// its place since.
 void FinishChange(std::string const& path);
-// The same for a change whose moves have just failed; `shownAs` is what messages call the library.
+// The same for a change whose moves have just failed; `shownAs` is the library's name in messages.
 void FinishMoves(std::string const& shownAs, ChangePlaces const& change);
 
-// Finishes what was cut off, and opens the library for reading. Throws Failure.
+// Calls FinishChange and opens the library for reading. Throws Failure.
 Library OpenFinished(Session& session, std::string const& path);
 
 }  // namespace zelhost

@@ -11,21 +11,21 @@
 
 namespace zelhost {
 
-// Told of what a walk over a library passes over since it cannot be read: one line on standard
-// error for each, and the exit status becomes 1. Under --strict the first one ends the command.
+// Receives what a walk over a library skips because it cannot be read: writes one line on standard
+// error for each, and sets the exit status to 1. With --strict the first one ends the command.
 class UnreadItems final : public zel::ZelFindingSink {
  public:
-  // `path` is what messages call the library.
+  // `path` is the library's name in messages.
   UnreadItems(Session& session, std::string path) : session_(session), path_(std::move(path)) {}
 
-  // Throws Failure under --strict.
+  // Throws Failure with --strict.
   void Found(zel::zelFindings severity, char const* id, char const* place,
              char const* text) override;
 
  private:
   Session& session_;
   std::string path_;
-  std::set<std::string> told_;  // a bank that is walked twice is told of once
+  std::set<std::string> told_;  // a bank that is walked twice is reported once
 };
 
 }  // namespace zelhost

@@ -20,7 +20,7 @@ constexpr double kBottom = 60;
 constexpr double kTick = 5;
 constexpr int kTicksX = 8;
 constexpr int kTicksY = 7;
-// Distinct also to people who do not see all colours.
+// Distinguishable also for people who do not see all colors.
 constexpr char const* kColours[] = {"#0072b2", "#d55e00", "#009e73", "#cc79a7",
                                     "#e69f00", "#56b4e9", "#000000"};
 
@@ -58,7 +58,7 @@ struct Range {
     low = std::min(low, value);
     high = std::max(high, value);
   }
-  // Never empty, so that a constant has a place.
+  // Never empty, so that a constant can be drawn.
   void Widen() {
     if (!(low <= high)) *this = {0.0, 1.0};
     if (low == high) {
@@ -69,8 +69,8 @@ struct Range {
   }
 };
 
-// Round values on a logarithmic axis from one power of ten to another: powers, or with 2 and 5 of
-// each, or any digit where the axis is short.
+// Round values on a logarithmic axis, whose ends are decimal logarithms: powers of ten, on a
+// shorter axis also 2 and 5 times each, on a very short one every digit.
 std::vector<double> LogTicks(double low, double high, int count) {
   static constexpr double kAll[] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
   static constexpr double kFew[] = {1, 2, 5};
@@ -176,7 +176,7 @@ class Plotter {
           fmt::format(" transform=\"rotate(-90 18 {:.1f})\"", (top_ + floor) / 2));
   }
 
-  // A polyline per stretch of one kind; stretches meet in a common vertex.
+  // One polyline per stretch of one kind; neighboring stretches share a vertex.
   void Line(std::size_t number) {
     ChartLine const& line = chart_.lines[number];
     char const* const colour = kColours[number % std::size(kColours)];
@@ -222,7 +222,7 @@ class Plotter {
 
   Chart const& chart_;
   std::vector<std::string> warnings_;
-  double top_ = kTitle;  // of the area of the curves
+  double top_ = kTitle;  // of the plot area
   double height_ = kHeight;
   Range x_;
   Range y_;
@@ -242,7 +242,7 @@ std::vector<double> Ticks(double low, double high, int count) {
     }
   }
   std::vector<double> ticks;
-  // By whole steps, so that no rounding adds up and 0 is 0.
+  // Multiples of the step, so that rounding does not add up and 0 is 0.
   for (double n = std::ceil(low / step); n * step <= high && ticks.size() < 100; n += 1.0) {
     ticks.push_back(n * step + 0.0);  // no negative zero
   }

@@ -13,8 +13,8 @@ struct ChartLine {
     double y;
     bool extrapolated;
   };
-  std::vector<Vertex> vertices;  // in rising order of x
-  std::vector<Vertex> marks;     // the limits of the range, where they are in sight
+  std::vector<Vertex> vertices;  // in ascending order of x
+  std::vector<Vertex> marks;     // the limits of the range, if they are visible
 };
 
 struct Chart {
@@ -26,11 +26,11 @@ struct Chart {
   std::vector<ChartLine> lines;
 };
 
-// 800 by 500 points, higher by the lines of its warnings; axes with ticks at round numbers,
-// extrapolated parts dashed, limits as dots.
+// 800 by 500 points, plus the height of the lines of its warnings; axes with ticks at round
+// numbers, extrapolated parts dashed, limits as dots.
 std::string ToSvg(Chart const& chart);
 
-// Round numbers within low and high, about `count` of them. Both finite, low below high.
+// About `count` round numbers between low and high, which must be finite, low below high.
 std::vector<double> Ticks(double low, double high, int count);
 
 }  // namespace zelhost

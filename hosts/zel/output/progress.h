@@ -1,4 +1,4 @@
-// A bar on standard error while long work lasts.
+// Progress of long work on standard error.
 #pragma once
 
 #include <chrono>
@@ -18,7 +18,7 @@ class Progress {
   Progress(std::string what, std::size_t total);
   Progress(Progress const&) = delete;
   Progress& operator=(Progress const&) = delete;
-  // Wipes the bar.
+  // Clears the bar.
   ~Progress();
 
   void Step();
@@ -36,14 +36,14 @@ class Progress {
   Clock::time_point next_;
 };
 
-// A line with the seconds that have gone by, for work that does not tell how far it is. On a
-// terminal only, as above.
+// A line with the elapsed seconds, for work that does not report its progress. On a terminal only,
+// as above.
 class Waiting {
  public:
   explicit Waiting(std::string what);
   Waiting(Waiting const&) = delete;
   Waiting& operator=(Waiting const&) = delete;
-  // Wipes the line.
+  // Clears the line.
   ~Waiting();
 
  private:

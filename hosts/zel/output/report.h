@@ -1,8 +1,8 @@
-// What a command found, as facts and tables, printed as text, JSON or CSV.
+// The results of a command, as facts and tables, printed as text, JSON or CSV.
 //
 // Every command builds one Report, so that the three forms cannot disagree: a fact is a line of
-// text and a member in JSON, a table is columns of text and an array of objects. A member is called
-// like the fact or column, in lower case and with "_" for blanks.
+// text and a member in JSON, a table is columns of text and an array of objects. A member has the
+// name of the fact or column, in lower case and with "_" for blanks.
 #pragma once
 
 #include <concepts>
@@ -19,21 +19,21 @@ namespace zelhost {
 // Nothing (a dash in text, null in JSON), a text, a whole number, a number, yes or no.
 using Cell = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
 
-// A cell of a number; nothing when it is undefined.
+// A cell with a number; nothing if it is undefined.
 Cell Number(double value);
-// A cell of a text; nothing when it is empty.
+// A cell with a text; nothing if it is empty.
 Cell Text(std::string text);
-// Texts with blanks between them; nothing when there are none.
+// Texts with blanks between them; nothing if there are none.
 Cell Texts(std::vector<std::string> const& texts);
 // A reference code; nothing for 0.
 Cell Code(std::uint32_t code);
 // 7 significant digits.
 std::string Digits(double value);
-// As a table of text shows it.
+// The cell as shown in a table in text form.
 std::string CellText(Cell const& cell);
 
-// Cells one after another. A list in braces must not be used: where memory ends in the middle of
-// one, GCC 12 destroys cells that were never made.
+// A row of cells. A list in braces must not be used: if memory runs out in the middle of one, GCC
+// 12 destroys cells that were never constructed.
 template <typename... Values>
 std::vector<Cell> RowOf(Values&&... values) {
   std::vector<Cell> row;
@@ -43,8 +43,8 @@ std::vector<Cell> RowOf(Values&&... values) {
 }
 
 struct Column {
-  std::string name;       // the head in text and CSV, the member in JSON
-  std::string unit;       // in brackets after the head; in JSON under "units" of the report
+  std::string name;       // the heading in text and CSV, the member in JSON
+  std::string unit;       // in brackets after the heading; in JSON under "units" of the report
   bool optional = false;  // left out of text that would be too wide
 };
 
@@ -72,15 +72,15 @@ class Table {
 class Report {
  public:
   void Fact(std::string name, Cell value);
-  // A fact that every form shows: CSV, which has no facts, in a table "warnings".
+  // A fact that every form shows; CSV, which has no facts, shows it in a table "warnings".
   void Warning(std::string name, Cell value);
-  // The table stays valid as long as no further one is begun.
+  // The table stays valid until the next one is begun.
   Table& Begin(std::string name, std::vector<Column> columns);
   void Add(Table table);
-  // The change that the report is about. It happens when the text of the report is made, so that
-  // lack of memory for the text means no change.
+  // The change that the report describes. It is made after the text of the report, so that nothing
+  // is changed if memory for the text runs out.
   void SetChange(std::function<void()> change) { change_ = std::move(change); }
-  // False when the report is about none.
+  // Makes the change; false if the report has none.
   bool MakeChange();
 
   struct NamedFact {
@@ -99,9 +99,8 @@ class Report {
 
 enum class Form { kText, kJson, kCsv };
 
-// As the form has it: text within 80 columns where texts can be broken; JSON as one object; CSV the
-// tables and warnings, with their names in front and an empty line between them where there are
-// several.
+// Text within 80 columns, if texts can be broken; JSON as one object; CSV as the tables and
+// warnings, with their names in front and an empty line between them if there are several.
 std::string Print(Report const& report, Form form);
 
 }  // namespace zelhost

@@ -34,7 +34,7 @@ std::string CsvText(std::string const& text) {
 
 std::string CsvCell(Cell const& cell) {
   if (std::holds_alternative<std::monostate>(cell)) return "";
-  // As many digits as give the number back.
+  // As many digits as are needed to read the number back exactly.
   if (auto const* number = std::get_if<double>(&cell)) return fmt::format("{}", *number);
   if (auto const* text = std::get_if<std::string>(&cell)) return CsvText(*text);
   return CellText(cell);

@@ -1,4 +1,4 @@
-// The forms of a report, each in a source of its own.
+// The forms of a report, each in its own source file.
 #pragma once
 
 #include <string>

@@ -52,7 +52,7 @@ std::string PrintJson(Report const& report) {
     }
   }
   if (!units.empty()) root["units"] = std::move(units);
-  // Bytes that are no UTF-8 come from old libraries; they are shown, not refused.
+  // Bytes that are not UTF-8 come from old libraries; they are replaced, not refused.
   return root.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 

@@ -12,7 +12,7 @@ constexpr std::size_t kLineWidth = 80;
 constexpr std::size_t kGap = 2;
 constexpr std::size_t kNarrowestBreak = 12;  // a narrower last column is not broken
 
-// Characters, not bytes: continuation bytes of UTF-8 take no room.
+// Characters, not bytes: continuation bytes of UTF-8 have no width.
 std::size_t Width(std::string const& text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
@@ -22,7 +22,7 @@ bool IsNumber(Cell const& cell) {
   return std::holds_alternative<double>(cell) || std::holds_alternative<std::int64_t>(cell);
 }
 
-// A column of numbers stands to the right.
+// A column of numbers is aligned to the right.
 bool IsNumeric(Table const& table, std::size_t column) {
   bool any = false;
   for (auto const& row : table.Rows()) {
@@ -35,7 +35,7 @@ bool IsNumeric(Table const& table, std::size_t column) {
   return any;
 }
 
-// As a terminal shall see it: text of a library does not move the cursor.
+// The text for a terminal: characters of a library must not move the cursor.
 std::string Visible(Cell const& cell) {
   std::string text = CellText(cell);
   for (char& c : text) {
@@ -52,7 +52,7 @@ std::string OneLine(Cell const& cell) {
 
 bool IsOfNumber(char c) { return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-'; }
 
-// True when a number would be cut: "1.4e+0" from "7", or "25" from ".5".
+// True if a number would be cut: "1.4e+0" from "7", or "25" from ".5".
 bool IsInNumber(std::string const& text, std::size_t at) {
   if (at == 0 || at >= text.size()) return false;
   char const before = text[at - 1];
@@ -64,8 +64,7 @@ bool IsInNumber(std::string const& text, std::size_t at) {
   return (IsOfNumber(before) || isExponent(at - 1)) && (IsOfNumber(behind) || isExponent(at));
 }
 
-// Where a word that is too long is cut: at `width` characters, or beside a number that stands
-// there.
+// Where a word that is too long is cut: at `width` characters, or next to a number that is there.
 std::size_t CutOf(std::string const& text, std::size_t width) {
   std::size_t end = 0;
   for (std::size_t count = 0; end < text.size(); ++end) {
@@ -147,14 +146,14 @@ class TextTable {
     Measure();
   }
 
-  // What the last column can give without being broken too often.
+  // The width that the last column can give up without being broken too often.
   std::size_t SlackOfLast() const {
     constexpr std::size_t kComfortable = 25;
     bool const isText = !right_.empty() && !right_.back();
     return isText && widths_.back() > kComfortable ? widths_.back() - kComfortable : 0;
   }
 
-  // Names with their units, or the units in a line of their own.
+  // Names with their units, or the units on a line of their own.
   void Heads(bool apart) {
     heads_.assign(apart ? 2 : 1, {});
     for (std::size_t const i : shown_) {
@@ -181,7 +180,7 @@ class TextTable {
     return std::accumulate(widths_.begin(), widths_.end(), kGap * (widths_.size() - 1));
   }
 
-  // Columns of text give room, the last one first, then the widest, until the line fits.
+  // Narrows columns of text, the last one first, then the widest, until the line fits.
   void Narrow() {
     auto const narrow = [&](std::size_t i) {
       if (right_[i] || Total() <= kLineWidth) return;
@@ -197,7 +196,7 @@ class TextTable {
     }
   }
 
-  // A cell that is too wide goes on in further lines.
+  // A cell that is too wide is continued on further lines.
   void Line(std::vector<std::string> const& texts, std::string& out) const {
     std::vector<std::vector<std::string>> cells;
     std::size_t height = 1;
@@ -219,11 +218,11 @@ class TextTable {
   }
 
   Table const& table_;
-  std::vector<std::size_t> shown_;  // columns of the table; everything below goes by place in it
+  std::vector<std::size_t> shown_;  // columns of the table; the members below are indexed like it
   std::vector<std::vector<std::string>> heads_;
   std::vector<bool> right_;
   std::vector<std::size_t> widths_;
-  std::vector<std::size_t> least_;  // to which they can be narrowed
+  std::vector<std::size_t> least_;  // widths to which they can be narrowed
 };
 
 }  // namespace
