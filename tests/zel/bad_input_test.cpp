@@ -1,5 +1,5 @@
-// What every command does with what it cannot use: an exit status, one clear line, nothing changed
-// and nothing left behind.
+// What every command does with bad input: an exit status, one clear line, nothing changed and
+// nothing left behind.
 #include <zelaccess/ZelAccess.h>
 
 #include <unistd.h>
@@ -35,7 +35,7 @@ class BadInputTest : public ZelTest {
     Good("set locked.lb1 --new-password sesame");
   }
 
-  // Which leaves everything as it was.
+  // The command fails and leaves everything as it was.
   void Refuses(Row const& row) {
     Contents const before = ContentsOf(Folder());
     Outcome const outcome = Zel(row.words, as_);
@@ -143,7 +143,7 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"export perry.lb1 --component NOBODY -o x.xml", kFailed, "NOBODY"},
       {"copy perry.lb1 crc.lb1 --bank PERRY --item NOBODY", kFailed, "NOBODY"},
       {"delete perry.lb1 PERRY NOBODY", kFailed, "NOBODY"},
-      // numbers that are none
+      // words that are not numbers
       {"eval ETHANOL VaporP -l perry.lb1 --at abc", kWrongUsage, "\"abc\" is not a temperature"},
       {"eval ETHANOL VaporP -l perry.lb1 --at 1e999", kWrongUsage, "is not a temperature"},
       {"eval ETHANOL VaporP -l perry.lb1 --from x", kWrongUsage, "is not a temperature"},
@@ -280,7 +280,7 @@ TEST_F(BadInputTest, LibraryThatAnotherProgramHasOpen) {
 }
 
 TEST_F(BadInputTest, FolderThatMayNotBeWritten) {
-  if (::geteuid() == 0) {  // who may write everywhere, and so becomes somebody else
+  if (::geteuid() == 0) {  // root may write everywhere, so the test becomes another user
     as_ = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
     Shell("chown -R 65534:65534 .");
     if (Shell(as_ + "test -x \"$ZEL\"").status != 0) GTEST_SKIP() << "nobody may run zel here";
@@ -307,8 +307,8 @@ TEST_F(BadInputTest, ClosedPipeEndsQuietly) {
   EXPECT_EQ(Json("check piped.lb1")["damage"], 0);
 }
 
-// What was there stays when its successor cannot be written whole. A limit on the size of files
-// stands for a full disk; the program needs some for its table of units.
+// The old output is kept if the new one cannot be written completely. A limit on the size of files
+// simulates a full disk; the program needs some for its table of units.
 TEST_F(BadInputTest, DocumentThatCannotBeWrittenWhole) {
   std::filesystem::create_directory(Folder() / "doc");
   Good("export crc.lb1 -o doc/crc.xml");
@@ -344,7 +344,7 @@ TEST_F(BadInputTest, NameIndexThatIsTheLibraryToChange) {
   EXPECT_EQ(Zel("--help", "ZEL_NAMES=none.lb1").status, 0);
 }
 
-// Whatever the bytes are, a command ends by itself, with a status of its own.
+// Whatever the bytes are, a command ends by itself, with one of its exit statuses.
 TEST_F(BadInputTest, DamagedLibraries) {
   std::string const first = FileText(Folder() / "crc.lb1");
   std::string const second = FileText(Folder() / "crc.lb2");

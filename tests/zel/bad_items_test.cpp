@@ -1,4 +1,5 @@
-// A library with one item that cannot be read: commands that walk tell of it and go on.
+// A library with one item that cannot be read: commands that walk over items report it and
+// continue.
 #include <cstring>
 
 #include "tests/zel/zel_fixture.h"
@@ -26,7 +27,7 @@ class BadItemTest : public ZelTest {
     bytes.replace(place, 4, 4, '\0');
     MakeFile("own.lb2", bytes);
   }
-  // The command tells of the item, ends with 1, and its output has the others.
+  // The command reports the item, ends with 1, and its output has the others.
   Outcome GoesOn(std::string const& words) {
     Outcome const outcome = Zel(words);
     EXPECT_EQ(outcome.status, 1) << words;
@@ -66,7 +67,7 @@ TEST_F(BadItemTest, CommandsThatWrite) {
   EXPECT_EQ(Json("check new.lb1 --structure")["damage"], 0);
 }
 
-// Each bank is named whose document has not all of its items, and how many it has.
+// Each bank whose document does not have all of its items is named, with the number that it has.
 TEST_F(BadItemTest, ExportReportsBanksThatAreNotWhole) {
   Outcome const outcome = Zel("export own.lb1 -o out.xml --json");
   EXPECT_EQ(outcome.status, 1);
@@ -93,7 +94,7 @@ TEST_F(BadItemTest, SearchNamesTheComponent) {
   Good("search ETHANOL -l own.lb1 -l crc.lb1");
 }
 
-// The item is written anew over its old place in the tree.
+// The item is written again at its old place in the tree.
 TEST_F(BadItemTest, CopyMendsIt) {
   Good("copy perry.lb1 own.lb1 --bank PERRY --item WATER --replace");
   EXPECT_EQ(Json("check own.lb1 --structure")["damage"], 0);

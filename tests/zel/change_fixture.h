@@ -1,4 +1,4 @@
-// A small library of one's own beside the others, in a folder that can be put back as it was.
+// A small library next to the others, in a folder whose old state can be restored.
 #pragma once
 
 #include <filesystem>
@@ -10,7 +10,7 @@ namespace zel::test {
 
 class ChangeTest : public ZelTest {
  protected:
-  // The library, and the bytes of its files.
+  // Makes the library, and keeps the bytes of its files.
   void SetUp() override {
     std::filesystem::create_directory(Own());
     Good("copy sample.lb1 own/own.lb1 --create --bank OCTANE");
@@ -23,7 +23,7 @@ class ChangeTest : public ZelTest {
     std::filesystem::create_directory(Own());
     for (auto const& [name, bytes] : contents) MakeFile("own/" + name, bytes);
   }
-  // Both files, or that there is no second one.
+  // True if both files are the library's, or if neither has a second one.
   static bool HasLibrary(Contents const& folder, Contents const& library) {
     for (char const* name : {"own.lb1", "own.lb2"}) {
       auto const in = folder.find(name);

@@ -8,8 +8,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A copy that nobody will finish is in nobody's way.
-// The report comes after the change, and its loss does not take the change back.
+// A copy that nobody will finish is not in anybody's way. The report comes after the change, and
+// its loss does not take the change back.
 TEST_F(ChangeTest, ReportThatCannotBeWritten) {
   for (char const* command :
        {"set perry.lb1 --description y", "memo perry.lb1 --set y", "delete perry.lb1 PERRY WATER",
@@ -54,7 +54,7 @@ TEST_F(ChangeTest, ReadersRemoveWhatIsLeftToo) {
   EXPECT_TRUE(Now() == old_);
 }
 
-// One of two that make a library at once has made it, the other one says so.
+// Of two commands that make a library at once, one has made it, and the other says so.
 TEST_F(ChangeTest, TwoThatMakeOneLibrary) {
   for (int round = 0; round < 10; ++round) {
     Outcome const outcome = Shell(
@@ -65,7 +65,7 @@ TEST_F(ChangeTest, TwoThatMakeOneLibrary) {
     std::string const banks = Good("banks two.lb1 --csv");
     bool const hasPerry = banks.find("PERRY") != std::string::npos;
     bool const hasCrc = banks.find("CRC") != std::string::npos;
-    // The second one may have come when the first was done, and added its bank.
+    // One may have started when the other was done, and added its bank.
     EXPECT_TRUE((outcome.out == "0 1\n" && hasPerry && !hasCrc) ||
                 (outcome.out == "1 0\n" && hasCrc && !hasPerry) ||
                 (outcome.out == "0 0\n" && hasCrc && hasPerry))
@@ -102,7 +102,7 @@ TEST_F(ChangeTest, FolderAtWorkIsLeftAlone) {
   EXPECT_TRUE(Now() == before);
 }
 
-// The states between the steps of the move, made by hand.
+// The states between the moves, made by hand.
 class FinishTest : public ChangeTest {
  protected:
   void SetUp() override {
@@ -125,7 +125,7 @@ class FinishTest : public ChangeTest {
   Contents new_;
 };
 
-// The library in place counts, whoever wrote it since: nothing was decided.
+// The library in place is valid, whoever wrote it since: nothing was decided.
 TEST_F(FinishTest, NothingMovedYet) {
   Ready("lock");
   for (auto const& [name, bytes] : new_) Ready(name, bytes);
@@ -143,7 +143,7 @@ TEST_F(FinishTest, OnlyTheLibraryItselfIsFinished) {
   Finished(old_);
 }
 
-// Nothing is thrown away where the first file is missing.
+// Nothing is discarded if the first file is missing.
 TEST_F(FinishTest, FirstFileLost) {
   Ready("lock");
   Ready("old", old_.at("own.lb1"));
@@ -223,7 +223,7 @@ TEST_F(FinishTest, FileThatTheOldLibraryHasNot) {
   Finished({{"own.lb1", empty}});
 }
 
-// In a folder where anybody may make files, somebody else may have made one by our name.
+// In a folder where everybody may make files, somebody else may have made one of this name.
 TEST_F(FinishTest, LinkInThePlaceOfTheFolderIsNotFollowed) {
   fs::remove(Own() / ".own.lb1.zel-ready");
   fs::create_directory(Folder() / "other");

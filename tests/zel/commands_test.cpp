@@ -147,7 +147,7 @@ TEST_F(CommandsTest, ShowAnItemNamedByText) {
   EXPECT_TRUE(Json("items map.lb1 MAPORW")["items"].empty());
 }
 
-// 62.4 lb/ft3 is another density per mole than per mass.
+// 62.4 lb/ft3 is a different density per mole than per mass.
 TEST_F(CommandsTest, ShowTellsTheBasis) {
   json const curves = Json("show perry.lb1 PERRY ETHANOL")["correlations"];
   EXPECT_EQ(Row(curves, "name", "LatentHeat")["per"], "mole");
@@ -313,7 +313,7 @@ TEST_F(CommandsTest, NumbersDoNotChangeWithTheLocale) {
   EXPECT_EQ(other.out, Good(words));
 }
 
-// A long name in the last column is broken, tables of numbers fit by themselves.
+// A long name in the last column is broken; tables of numbers fit as they are.
 TEST_F(CommandsTest, TextFitsEightyColumns) {
   for (char const* words :
        {"info sample.lb1", "banks sample.lb1", "types", "types NRTL", "types PURECOMP",

@@ -1,4 +1,4 @@
-// Records of correlations that give no value, or not the value that they look like.
+// Records of correlations that yield no value, or not the value that they seem to mean.
 #include "tests/zel/zel_fixture.h"
 
 namespace zel::test {
@@ -27,7 +27,7 @@ class CurveTest : public ZelTest {
 constexpr char kAt[] = " -l c.lb1 --at 300 600 ";
 
 TEST_F(CurveTest, UnknownEquationIsAnError) {
-  // The value of the first would be cut to 1e-10 kPa, that of the last to 1e-10 outside the range.
+  // The first value would be clipped to 1e-10 kPa, the last to 1e-10 outside the range.
   for (char const* name : {"VaporPressure", "IdealEnthalpy", "LiquidViscosity"}) {
     Make(name, "99", "1 2 3");
     for (std::string const form : {"", "--json", "--csv"}) {
@@ -92,7 +92,7 @@ TEST_F(CurveTest, NoValueAtAnyTemperature) {
       << none.err;
 }
 
-// The equations that zel takes for known are those that give a value.
+// The equations that zel knows are those that yield a value.
 TEST_F(CurveTest, KnownEquationsAreThoseThatGiveValues) {
   std::string const documented = FileText(ZEL_DOCS "/equations.md");
   for (int equation = 1; equation <= 100; ++equation) {

@@ -1,5 +1,5 @@
-// What tells of zel agrees with it: the document with its session, the manual page, the help, the
-// completion of the shell.
+// The documentation of zel agrees with it: the document with its session, the manual page, the
+// help, the shell completion.
 #include <algorithm>
 #include <set>
 #include <sstream>
@@ -50,7 +50,7 @@ class DocumentsTest : public ZelTest {
         commands_.push_back(row.substr(2, row.find(' ', 2) - 2));
     }
   }
-  // Long options that the help of a command tells.
+  // Long options in the help of a command.
   std::set<std::string> OptionsOf(std::string const& command) const {
     std::set<std::string> options;
     for (std::string const& line : Lines(Good(command + " --help"))) {
@@ -69,7 +69,7 @@ class DocumentsTest : public ZelTest {
   bool inside_ = false;
 };
 
-// A line "..." stands for the rest of an output. Gives the commands that the document uses.
+// A line "..." stands for the rest of an output. Returns the commands that the document uses.
 std::set<std::string> DocumentsTest::RunSession(std::string const& document) const {
   std::set<std::string> used;
   for (Step const& step : SessionOf(FileText(document))) {
@@ -124,7 +124,7 @@ TEST_F(DocumentsTest, HelpFitsEightyColumnsAndEndsWithAnExample) {
   for (std::string const& line : Lines(Good("--help"))) EXPECT_LE(line.size(), 80U) << line;
 }
 
-// One after the other, in the order of the help: each finds what it speaks of.
+// One after the other, in the order of the help: each finds the files that it names.
 TEST_F(DocumentsTest, ExamplesOfTheHelp) {
   for (char const* name : {"nist.xml", "nist-purecomp.xml"}) {
     MakeFile(name, FileText(ZEL_DATA "/" + std::string(name)));
@@ -184,7 +184,7 @@ TEST_F(DocumentsTest, VersionIsThatOfTheLibrary) {
   EXPECT_EQ(Good("--version"), "zel " ZEL_VERSION "\n");
 }
 
-// On a terminal, which the script program makes.
+// On a terminal, which the program `script` provides.
 TEST_F(DocumentsTest, LongWorkShowsABar) {
   Outcome const outcome = Shell(
       "command -v script >/dev/null || exit 77; "

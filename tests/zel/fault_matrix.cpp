@@ -1,13 +1,13 @@
-// Every operation on a file of every command of zel fails once. What comes out is what comes out
-// without the failure, or an error that is told of. Files are then as they were, or, where the
-// change counted before the operation ("late"), whole as the command makes them, and no later
-// command changes that.
+// Every operation on a file of every command of zel fails once. The outcome is the same as without
+// the failure, or an error that is reported. Files are then as they were, or, if the change was in
+// place before the operation ("late"), completely as the command makes them, and no later command
+// changes that.
 //
 //   fault_matrix [--every N] [--runs N] [--only WORD] [--zel PROGRAM]
 //
 // With --every N one in N operations fails; with --runs N at most N of each command and kind of
-// failure, spread over the command; with --only the commands that have the word;
-// with --zel another program than the one that was built along.
+// failure, spread over the command; with --only the commands that have the word; with --zel a
+// program other than the one of this build.
 #include <unistd.h>
 
 #include <algorithm>
@@ -33,17 +33,17 @@ using Contents = std::map<std::string, std::string>;
 
 constexpr int kSkipped = 77;  // exit status of a program that cannot do its work here
 
-// What a report says of a failure that it is itself about; such a command needs no line of error.
+// The text by which a report itself shows the failure; such a command needs no error line.
 constexpr char kDamage[] = "block-unreadable";
 constexpr char kUnreadable[] = "cannot be read back";
 
 struct CommandLine {
   char const* words;
-  char const* finding;  // null where every failure needs a line
+  char const* finding;  // null if every failure needs a line
 };
 
-// "own" is a library of components, "other" one with some of them and one more, "pairs" one of
-// pairs and groups.
+// "own" is a library of components, "other" has some of them and one more, "pairs" has pairs and
+// groups.
 constexpr CommandLine kCommands[] = {
     {"info own.lb1", nullptr},
     {"banks own.lb1", nullptr},
@@ -90,7 +90,7 @@ Words Split(std::string const& line) {
 
 enum class Files { kAll, kSeen };
 
-// The files under a folder. Copies that a command works on and files for its time are not seen.
+// The files under a folder. Working copies and temporary files of a command are left out.
 Contents ContentsOf(fs::path const& folder, Files which = Files::kSeen) {
   Contents contents;
   for (auto const& entry : fs::recursive_directory_iterator(folder)) {
@@ -138,7 +138,7 @@ class Matrix {
     long runs = 0;
     long right = 0;
     long errors = 0;
-    long late = 0;  // errors told of when the change had counted
+    long late = 0;  // errors reported after the change was in place
     long wrong = 0;
 
     void Add(Counts const& other) {
@@ -162,14 +162,14 @@ class Matrix {
   void PutBack() const;
   void Command(CommandLine const& line, Fault kind);
   void Wrong(CommandLine const& line, std::string const& why);
-  // What is there when another command has named the libraries that the command names.
+  // The files after another command has named the libraries that the command names.
   Contents Finished(CommandLine const& line) const;
-  // Empty when the outcome is one that may be.
+  // Empty if the outcome is allowed.
   std::string WrongWith(CommandLine const& line, FaultedRun const& run);
 
   Options options_;
   fs::path root_;
-  Contents before_;  // with what is hidden
+  Contents before_;  // with hidden files
   Contents old_;
   FaultedRun good_;
   Contents new_;
@@ -219,7 +219,7 @@ bool Matrix::MakeLibraries() {
   return true;
 }
 
-// Nothing of an earlier run is left, so that each run of a command comes by the same operations.
+// Nothing of an earlier run is left, so that each run of a command makes the same operations.
 void Matrix::PutBack() const {
   if (ContentsOf(Lib(), Files::kAll) == before_) return;
   fs::remove_all(Lib());
@@ -249,7 +249,7 @@ std::string Matrix::WrongWith(CommandLine const& line, FaultedRun const& run) {
   Contents const finished = Finished(line);
   if (finished == old_) return "";
   if (finished != left) return "failed, and a later command went on with it";
-  // What could not be read was told of, and all else was done.
+  // What could not be read was reported, and everything else was done.
   if (Has(run.err, "; left out\n")) return "";
   ++now_.late;
   if (finished != new_) return "failed, and left neither the old nor the new";
@@ -277,7 +277,7 @@ void Matrix::Command(CommandLine const& line, Fault kind) {
                  std::to_string(counted) + " operations, then " + std::to_string(good_.operations));
   }
   now_.operations += good_.operations;
-  // Other ones of each command, so that few runs see many places.
+  // Different operations for each command, so that few runs cover many places.
   bool const isSpread = options_.runs > 0;
   long const step =
       isSpread ? std::max(1L, (counted + options_.runs - 1) / options_.runs) : options_.every;

@@ -38,7 +38,7 @@ struct Call {
   bool needsRoom;
 };
 
-// Operations on files. A close is not among them: what it reports has happened before.
+// Operations on files. A close is not among them: what it reports happened before.
 constexpr Call kCalls[] = {
     {SYS_read, "read", Names::kDescriptor, 0, false},
     {SYS_pread64, "pread", Names::kDescriptor, 0, false},
@@ -84,7 +84,7 @@ unsigned long long ArgumentOf(Registers const& r, int position) {
   return all[static_cast<std::size_t>(position)];
 }
 
-// Every call of the table stops for the tracer, all others go on.
+// Every call in the table stops for the tracer, all others continue.
 bool InstallFilter() {
   std::vector<sock_filter> filter = {
       BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
@@ -177,7 +177,7 @@ class Tracer {
   }
 
   void Refuse(Registers& registers, int error) const {
-    registers.orig_rax = ~0ULL;  // the call is left out
+    registers.orig_rax = ~0ULL;  // the call is skipped
     registers.rax = static_cast<unsigned long long>(-static_cast<long long>(error));
     ::ptrace(PTRACE_SETREGS, child_, nullptr, &registers);
   }
@@ -222,12 +222,12 @@ std::string TextOf(std::string const& path) {
 FaultedRun RunFaulted(std::vector<std::string> words, std::string const& folder,
                       std::string const& watched, Fault const& fault) {
   FaultedRun run;
-  std::string const out = watched + ".out";  // begins as what is watched does
+  std::string const out = watched + ".out";  // begins like the watched path
   std::string const err = watched.substr(0, watched.rfind('/') + 1) + "err.txt";
   pid_t const child = ::fork();
   if (child == 0) BeProgram(words, folder, out, err);
   int status = 0;
-  ::waitpid(child, &status, 0);  // stands at its start
+  ::waitpid(child, &status, 0);  // it is stopped at its start
   run.isTraced = WIFSTOPPED(status);
   if (!run.isTraced) return run;
   Tracer(child, watched, fault, run).Run();
@@ -237,7 +237,7 @@ FaultedRun RunFaulted(std::vector<std::string> words, std::string const& folder,
   return run;
 }
 
-#else  // registers of other processors are called otherwise
+#else  // other processors have other names for registers
 
 FaultedRun RunFaulted(std::vector<std::string>, std::string const&, std::string const&,
                       Fault const&) {

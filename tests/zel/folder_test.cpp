@@ -1,4 +1,4 @@
-// What is in a folder, and its removal.
+// Listing and removing folders.
 #include "files/folder.h"
 
 #include <gtest/gtest.h>
@@ -109,7 +109,7 @@ TEST_F(FolderTest, LinksAreRemovedAndNotFollowed) {
   EXPECT_TRUE(fs::exists(root_ / "one/two/three/d"));
 }
 
-// Two folders can be open at a time: the third is not entered, and all else goes.
+// Two folders can be open at a time: the third is not entered, and everything else is removed.
 TEST_F(FolderTest, AnErrorIsToldAndTheRestRemoved) {
   std::error_code error;
   {

@@ -1,5 +1,5 @@
 // Libraries that mean different substances by one number, ID or CAS number are not merged without a
-// word.
+// message.
 #include "tests/zel/zel_fixture.h"
 
 namespace zel::test {
@@ -10,7 +10,7 @@ using nlohmann::json;
 class IdentityTest : public ZelTest {
  protected:
   IdentityTest() {
-    // A library of one's own that numbers its components itself.
+    // A library that numbers its components itself.
     Make("number.lb1", "10000112", "Water", "H2O", "7732-18-5", "AQUA");
     Make("id.lb1", "555", "Water", "H2O", "7732-18-5", "NBUTANE");
     Make("cas.lb1", "556", "Heavy water", "D2O", "106-97-8", "HEAVY");
@@ -166,7 +166,7 @@ TEST_F(IdentityTest, CheckTellsOfItByNumberIdAndCas) {
   EXPECT_EQ(Rows(Json("check same.lb1 crc.lb1 perry.lb1")["findings"], "id", "identity"), 0U);
 }
 
-// A library's own numbers find its pairs; a number that is another substance there finds none.
+// A library's own numbers find its pairs; a number that is another substance there does not.
 TEST_F(IdentityTest, PairsAreThoseOfTheSubstances) {
   auto const pairFrom = [&](std::string const& library, std::string const& components) {
     MakeFile("pairs.xml",

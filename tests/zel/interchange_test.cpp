@@ -1,4 +1,4 @@
-// Documents in and out by zel: nothing is changed or lost on the way without a word.
+// Import and export of documents by zel: nothing is changed or lost on the way without a message.
 #include <algorithm>
 
 #include "tests/zel/zel_fixture.h"
@@ -11,7 +11,7 @@ using nlohmann::json;
 
 class InterchangeTest : public ZelTest {
  protected:
-  // Imports the text of a document into new.lb1, which is not there before.
+  // Imports the text of a document into new.lb1, which does not exist before.
   Outcome Import(std::string const& text, std::string const& options = "") {
     MakeFile("doc.xml", text);
     for (char const* name : {"new.lb1", "new.lb2"}) fs::remove(Folder() / name);
@@ -250,7 +250,7 @@ TEST_F(InterchangeTest, ExportThatCannotBeReadBackIsReported) {
   EXPECT_EQ(sound.count("unreadable") + sound.count("missing"), 0U);
 }
 
-// A component whose ID is not kept at all is not found by it, and so not written.
+// A component whose ID is not kept at all is not found by it, and so is not written.
 TEST_F(InterchangeTest, ExportHoldsAsManyItemsAsTheBank) {
   fs::create_directory(Folder() / "out");
   for (char const* options : {"", " --component-files", " --bank CRC"}) {

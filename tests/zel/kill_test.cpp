@@ -1,5 +1,6 @@
-// Changes of a library that are cut off by a kill. Whoever comes then, a plain host or the next
-// command, finds the old library or the new one, whole; and what a host writes then stays.
+// Changes of a library that are cut off by a kill. Whoever opens the library then, a plain host or
+// the next command, finds the old library or the new one, whole; and what a host writes then is
+// kept.
 //
 // The environment variable ZEL_KILLS sets how many kills each test makes; 1000 take some minutes.
 #include <zelaccess/ZelAccess.h>
@@ -26,7 +27,7 @@ long Kills() {
 
 struct Change {
   std::vector<std::string> words;
-  bool makesNew;  // in a folder where nothing is
+  bool makesNew;  // in an empty folder
 };
 
 std::vector<Change> Changes() {
@@ -39,9 +40,9 @@ std::vector<Change> Changes() {
 
 class KillTest : public ChangeTest {
  protected:
-  // Kills each command at moments all along its way, one in three among the last ones, in which the
-  // files are moved; then calls `then(command, before, whole, cut)` with the folder before, after
-  // the command in full, and as the kill left it.
+  // Kills each command at moments over its whole run, one in three among the last ones, in which
+  // the files are moved; then calls `then(command, before, whole, cut)` with the folder before,
+  // after the command in full, and as the kill left it.
   template <typename Then>
   void KillAllAlong(Then const& then) {
     std::vector<Change> const changes = Changes();
@@ -63,7 +64,7 @@ class KillTest : public ChangeTest {
       }
     }
   }
-  // After a command that looks, nothing but the library is in the folder.
+  // After a command that only reads, nothing but the library is in the folder.
   void LookAfter(Contents const& expected) const {
     Outcome const look = Zel("check own/own.lb1 --structure");
     EXPECT_EQ(look.status, expected.empty() ? 1 : 0) << look.err;
@@ -89,7 +90,7 @@ TEST_F(KillTest, TheNextCommandFindsOldOrNew) {
   int olds = 0;
   int news = 0;
   KillAllAlong([&](Contents const& before, Contents const& whole, Contents const& cut) {
-    // What anybody can open meanwhile is never old and new mixed.
+    // What can be opened meanwhile is never a mixture of old and new.
     bool const isThere = cut.count("own.lb1") != 0;
     bool const isNew = isThere && HasLibrary(cut, whole);
     EXPECT_TRUE(!isThere || isNew || HasLibrary(cut, before));

@@ -1,4 +1,4 @@
-// What the commands of zel that change, move and compare libraries do.
+// The commands of zel that change, copy and compare libraries.
 #include <algorithm>
 
 #include "tests/zel/zel_fixture.h"
@@ -161,7 +161,7 @@ TEST_F(MaintenanceTest, CopyOfComponents) {
   json const one = Json("find two.lb1");
   ASSERT_EQ(one["found"], 1);
   EXPECT_EQ(one["components"][0]["id"], "ETHANOL");
-  // Another component with an ID that is taken.
+  // Another component with an ID that is already used.
   Good("export two.lb1 --component ETHANOL -o ethanol.xml");
   Outcome const changed = Shell(
       "sed 's|10000007|77|' ethanol.xml > other.xml && \"$ZEL\" create other.lb1 && "

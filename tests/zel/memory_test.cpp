@@ -1,9 +1,9 @@
-// Memory that ends: each request of each command is refused once. The command then ends with a
-// line that says so, or needed that memory for nothing that shows; it never crashes, and a change
-// it was about happened as a whole or not at all.
+// Memory that runs out: each request of each command is refused once. The command then ends with a
+// line that says so, or did not need that memory for its result; it never crashes, and its change
+// is made as a whole or not at all.
 //
-// Requests are many, so that only some are refused, at most fifty of a command; the environment
-// variable ZEL_MEMORY_STEP sets how many lie between two of them, 1 takes all.
+// There are many requests, so only some are refused, at most fifty of each command; the environment
+// variable ZEL_MEMORY_STEP sets the distance between two of them, 1 means all.
 #include <algorithm>
 #include <cstdlib>
 
@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 constexpr long kLeastStep = 97;
 constexpr long kMostRefusals = 50;
 
-// Between two refusals of a command that makes so many requests.
+// The distance between two refusals for a command that makes this many requests.
 long StepOf(long requests) {
   char const* const given = std::getenv("ZEL_MEMORY_STEP");
   if (given != nullptr) return std::max(1L, std::atol(given));
@@ -35,8 +35,8 @@ class MemoryTest : public ChangeTest {
   Outcome Run(std::string const& words, std::string const& settings) const {
     return Zel(words, "LD_PRELOAD='" ZEL_REFUSE_MEMORY "' " + settings);
   }
-  // Refuses requests all along the command and calls `then(outcome, sound)` after each, where
-  // `sound` is the outcome of the command undisturbed, which must end well.
+  // Refuses requests over the whole run of the command and calls `then(outcome, sound)` after each,
+  // where `sound` is the outcome of the undisturbed command, which must succeed.
   template <typename Before, typename Then>
   void RefuseAllAlong(std::string const& words, Before const& before, Then const& then) {
     before();
@@ -65,7 +65,7 @@ class MemoryTest : public ChangeTest {
     RefuseAllAlong(
         words, [] {}, [](Outcome const&) {});
   }
-  // The folder of the library is afterwards as before, or as the command leaves it.
+  // Afterwards the folder of the library is as before, or as the command leaves it.
   void RefuseInChange(std::string const& words) {
     PutBack(old_);
     Good(words);
@@ -73,7 +73,7 @@ class MemoryTest : public ChangeTest {
     RefuseAllAlong(
         words, [&] { PutBack(old_); },
         [&](Outcome const& outcome) {
-          // What was cut off is cleared away by the next command.
+          // The next command removes what was cut off.
           Good("info own/own.lb1");
           EXPECT_TRUE(Now() == (outcome.status == 0 ? whole : old_));
         });

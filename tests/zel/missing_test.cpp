@@ -1,4 +1,4 @@
-// Numbers that rest on nothing, and components that no one has.
+// Constants without the data to compute them, and components that nobody has.
 #include "tests/zel/zel_fixture.h"
 
 namespace zel::test {
@@ -17,7 +17,7 @@ class MissingTest : public ZelTest {
 };
 
 // The parachor is computed from an undefined critical volume, the carbon number and the heats from
-// a formula that is not there, the acentric factor from a record in degrees Celsius.
+// a missing formula, the acentric factor from a record in degrees Celsius.
 TEST_F(MissingTest, ConstantsFromUndefinedOnesAreMissing) {
   struct {
     char const* id;
@@ -69,7 +69,7 @@ TEST_F(MissingTest, ConstantsFromUndefinedOnesAreMissing) {
   }
 }
 
-// No completed constant of the published data is out of all measure.
+// No completed constant of the published data is absurdly large.
 TEST_F(MissingTest, CompletedConstantsArePlausible) {
   json const found = Json("find crc.lb1");
   for (json const& component : found["components"]) {
@@ -116,7 +116,8 @@ TEST_F(MissingTest, UnknownComponentIsAnErrorThatNamesTheNearest) {
   }
 }
 
-// A name is suggested within a third of the letters, or to complete what was typed.
+// A name is suggested if it differs in at most a third of the letters, or if it completes what was
+// typed.
 TEST_F(MissingTest, NothingFarAwayIsSuggested) {
   struct {
     char const* word;

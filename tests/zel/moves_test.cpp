@@ -1,6 +1,6 @@
 // Each file that a command moves into place fails to move once, and each file that it looks for
-// cannot be looked at once: the folder is then as it was, the error is told, and no later command
-// goes on with what failed.
+// cannot be examined once: the folder is then as it was, the error is reported, and no later
+// command continues what failed.
 #include <cerrno>
 #include <iterator>
 
@@ -34,7 +34,8 @@ class MovesTest : public ChangeTest {
   static bool IsTold(FaultedRun const& run) {
     return run.status == 1 && run.err.find("Input/output error") != std::string::npos;
   }
-  // The operation of each number fails, from that of `fault` on; calls `then(run)` after each.
+  // Lets one operation after another fail, from that of `fault` on, and calls `then(run)` after
+  // each.
   template <typename Then>
   void FailAll(Words const& words, Contents const& before, Fault fault, Then const& then) {
     constexpr long kAtLeast = 2;
@@ -63,7 +64,7 @@ class MovesTest : public ChangeTest {
       IsAsItWas(before);
     });
   }
-  // A look that fails may be one that nothing depends on.
+  // The command may not depend on the look that fails, and then succeeds.
   void EachLook(Words const& words, Contents const& before) {
     PutBack(before);
     ASSERT_EQ(Run(words, {}).status, 0);
@@ -74,7 +75,7 @@ class MovesTest : public ChangeTest {
       EXPECT_TRUE(Seen() == (run.status == 0 ? whole : before)) << "after the next command";
     });
   }
-  // Without what a command may leave for the next one to clear away.
+  // Without what a command may leave for the next one to remove.
   Contents Seen() const {
     Contents seen = Now();
     for (auto file = seen.begin(); file != seen.end();) {
@@ -82,7 +83,7 @@ class MovesTest : public ChangeTest {
     }
     return seen;
   }
-  // Then nothing can go back either until the next command, by which the library is the old one.
+  // Then nothing can be moved back either until the next command, which restores the old library.
   void EachMoveAndAllAfter(Words const& words) {
     FailAll(words, old_, AndAllAfter(), [&](FaultedRun const& run) {
       EXPECT_TRUE(IsTold(run));
@@ -90,7 +91,7 @@ class MovesTest : public ChangeTest {
       EXPECT_TRUE(Now() == old_);
     });
   }
-  // Three components, and what a folder has of their documents.
+  // Three components, and the contents of their documents in a folder.
   Contents MakeComponents() const {
     for (char const* id : {"ETHANOL", "WATER", "BENZENE"}) {
       Good(std::string("copy perry.lb1 few.lb1 --create --bank PERRY --item ") + id);
@@ -125,7 +126,7 @@ TEST_F(MovesTest, SetWhereNothingCanGoBack) {
   EachMoveAndAllAfter({"set", "own.lb1", "--description", "x"});
 }
 
-// Documents that cannot go back are named, and no others are.
+// Documents that cannot be moved back are named, and no others are.
 TEST_F(MovesTest, ExportWhereNothingCanGoBack) {
   Contents const before = MakeComponents();
   int left = 0;

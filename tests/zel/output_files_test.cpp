@@ -1,4 +1,4 @@
-// Files that commands make: whose they are, and that no link leads them astray.
+// Files that commands make: their owners, and that links cannot redirect them.
 #include <sys/stat.h>
 #include <zelaccess/ZelAccess.h>
 
@@ -18,7 +18,7 @@ class OutputFilesTest : public ZelTest {
     fs::create_directory(Folder() / "out");
     MakeFile("victim", "precious");
   }
-  // A link to the victim, where an output or something on its way goes.
+  // A link to the victim, in the place of an output or of a file on the way to it.
   void Plant(std::string const& name) const {
     fs::create_symlink(Folder() / "victim", Folder() / "out" / name);
   }
@@ -33,7 +33,7 @@ class OutputFilesTest : public ZelTest {
   std::string ModesOf(std::string const& names) const {
     return Shell("stat -c %a " + names + " | tr '\\n' ' '").out;
   }
-  // Of all hidden files in the folder of outputs.
+  // The hidden files in the folder of outputs.
   int Hidden() const {
     int count = 0;
     for (auto const& entry : fs::directory_iterator(Folder() / "out")) {
@@ -86,7 +86,7 @@ TEST_F(OutputFilesTest, LibrariesFollowNoLink) {
   EXPECT_EQ(Hidden(), 0);
 }
 
-// The chart alone, so that what reads it gets an SVG document.
+// The chart alone, so that the program that reads it gets an SVG document.
 TEST_F(OutputFilesTest, PlotToStandardOutput) {
   for (std::string const name : {"/dev/stdout", "-"}) {
     Outcome const piped = Shell("\"$ZEL\" " + std::string(kPlot) + name + " | cat");
@@ -185,7 +185,7 @@ TEST_F(OutputFilesTest, ModeThatIsNone) {
   EXPECT_FALSE(fs::exists(Folder() / "out/own.lb1"));
 }
 
-// It was ignored without a word.
+// The option is an error then, and is not silently ignored.
 TEST_F(OutputFilesTest, ModeOfALibraryThatExistsIsKept) {
   Good("create out/own.lb1 --mode 0640");
   for (std::string const words :
@@ -213,7 +213,7 @@ TEST_F(OutputFilesTest, LibraryThatAHostMakesIsItsOwners) {
   EXPECT_EQ(ModesOf("out/host.lb1"), "600 ");
 }
 
-// A tail that is a hole of 4 GB stays one.
+// A hole of 4 GB at the end remains a hole.
 TEST_F(OutputFilesTest, HolesOfALibraryStayHoles) {
   fs::resize_file(Folder() / "crc.lb2", std::uintmax_t{4} << 30);
   Outcome const outcome = Shell(

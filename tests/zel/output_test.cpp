@@ -64,13 +64,13 @@ std::string Digits(json const& value) {
   return text;
 }
 
-// Every number of the JSON form stands whole in the text.
+// Every number of the JSON form is unbroken in the text.
 TEST_F(OutputTest, NumbersAreNotBrokenOverLines) {
   Good("import chemsep.lb1 '" ZEL_DATA "/chemsep.xml' --create");
   for (char const* other : {"perry.lb1", "crc.lb1"}) {
     Good("copy " + std::string(other) + " as-" + other + " --create");
   }
-  // Banks of one name, so that all components are compared.
+  // Banks of the same name, so that all components are compared.
   Outcome const moved = Shell(
       "mkdir doc && \"$ZEL\" export perry.lb1 -o doc/p.xml >/dev/null && "
       "sed -i 's/name=\"PERRY\"/name=\"CHEMSEP\"/' doc/*.xml && "
@@ -151,7 +151,7 @@ TEST_F(OutputTest, CsvHasAllTables) {
   EXPECT_NE(types.find("\n\ncorrelations\nname,unit,label\n"), std::string::npos) << types;
 }
 
-// What a spreadsheet would run has an apostrophe in front, numbers have none.
+// Texts that a spreadsheet would run are prefixed with an apostrophe, numbers are not.
 TEST_F(OutputTest, CsvTextIsNotRun) {
   for (char const* name : {"=1+cmd", "+A1", "-A1", "@SUM(A1)", "-2-3"}) {
     Make("c.lb1", "<property name=\"HFORMATION\" value=\"-5\" />",

@@ -1,4 +1,4 @@
-// Preloaded into a program, refuses one request for memory, or all from one on.
+// Preloaded into a program, refuses one request for memory, or all requests from one on.
 //
 //   ZEL_REFUSE_AT=N      the N-th request, which counts from 1
 //   ZEL_REFUSE_FROM=N    the N-th and all that follow
@@ -12,7 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-// The system library's own, under the names by which it knows them itself.
+// The functions of the system library, under its internal names.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);

@@ -1,4 +1,4 @@
-// The sense checks: a component that makes sense gives no warning, each one that does not gives its
+// The plausibility checks: a plausible component causes no warning, each implausible one causes its
 // own and no other.
 #include <algorithm>
 #include <cstring>
@@ -11,7 +11,8 @@ namespace {
 
 using nlohmann::json;
 
-// Water with constants and curves that agree, as its element of a document; parts are replaced.
+// Water with constants and curves that agree, as an element of a document; tests replace parts of
+// it.
 constexpr char kGood[] = R"(
   <comp>
     <id number="7" name="Water" formula="H2O" casNum="7732-18-5" refCode="1"> WATER </id>
@@ -40,7 +41,7 @@ class SenseTest : public ZelTest {
     EXPECT_NE(at, std::string::npos) << old;
     return text.replace(at, old.size(), replacement);
   }
-  // IDs of the warnings about a library of these components.
+  // The IDs of the warnings about a library of these components.
   std::multiset<std::string> Warnings(std::string const& components) {
     MakeFile("bank.xml", "<bank type=\"PURECOMP\" name=\"TEST\">" + components + "</bank>");
     Good("create own.lb1 --force");
@@ -96,14 +97,15 @@ TEST_F(SenseTest, EachDefectHasItsWarning) {
   for (Row const& row : rows) {
     Ids const ids = Warnings(With(kGood, row.old, row.replacement));
     EXPECT_GE(ids.count(row.id), 1U) << row.replacement << "\n" << report_;
-    // A rising curve is not 0 at its end either; everything else has one meaning.
+    // A rising curve is not 0 at its end either; everything else causes one warning.
     EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), 1U) << report_;
     EXPECT_NE(report_.dump().find(row.text), std::string::npos) << row.text << "\n" << report_;
     EXPECT_NE(What().find("own.lb1: TEST WATER: "), std::string::npos) << What();
   }
 }
 
-// What cannot be evaluated is an error, what gives another number than was meant a warning.
+// A record that cannot be evaluated is an error, one that yields another number than intended a
+// warning.
 TEST_F(SenseTest, EquationWithoutAValueIsAnError) {
   std::string const other = "propUnit=\"kj/kg-k\"";
   std::string const known = "equation=\"1\" tempUnit=\"k\" " + other;
@@ -119,7 +121,7 @@ TEST_F(SenseTest, EquationWithoutAValueIsAnError) {
   EXPECT_EQ(Zel("check own.lb1 --silence equation").status, 0);
   EXPECT_EQ(errors("5"), 0) << "C3 counts as 0";
   EXPECT_EQ(Zel("check own.lb1").status, 0);
-  // Sound but for its range, which lies above the critical point.
+  // Sound except for its range, which is above the critical point.
   Warnings(
       With(With(kGood,
                 "equation=\"20\" tempUnit=\"k\" propUnit=\"kpa\" tMin=\"273.16\"\n      "
@@ -153,7 +155,7 @@ TEST_F(SenseTest, SharedAndRepeated) {
   EXPECT_NE(report_.dump().find("another formula, D2O instead of H2O"), std::string::npos);
 }
 
-// One without a formula between two of different ones, which are not neighbours then.
+// A component without a formula between two with different ones, which are then not neighbors.
 TEST_F(SenseTest, FormulasOfAllComponentsWithACasNumber) {
   auto const component = [](char const* number, char const* id, char const* formula) {
     return std::string("<comp><id number=\"") + number + "\" name=\"Water\" " + formula +
@@ -184,7 +186,7 @@ TEST_F(SenseTest, MagnitudeAcrossLibraries) {
   EXPECT_NE(What().find("DIPOLE is 6.2, where one.lb1 has 1.8"), std::string::npos) << What();
 }
 
-// Data that a component has besides, each right and wrong.
+// Further data of a component, each right and wrong.
 TEST_F(SenseTest, DensityLatentHeatAndSolidsBesideConstants) {
   auto const with = [](std::string const& more) {
     return With(kGood, "</comp>", more + "</comp>");
@@ -212,7 +214,7 @@ TEST_F(SenseTest, DensityLatentHeatAndSolidsBesideConstants) {
   EXPECT_NE(What().find("the end of SolidDensity 300 is above NMP 273.15"), std::string::npos);
 }
 
-// In both directions: either library has a vapor pressure, one of them a wrong boiling point.
+// In both directions: both libraries have a vapor pressure, one of them a wrong boiling point.
 TEST_F(SenseTest, VaporPressureAtTheBoilingPointOfAnotherLibrary) {
   Warnings(kGood);
   Good("copy own.lb1 one.lb1 --create");
@@ -253,8 +255,8 @@ TEST_F(SenseTest, EveryLibraryIsHeldAgainstEveryOther) {
   EXPECT_EQ(WarningsOf("none.lb1 boiling.lb1"), Ids{}) << report_;
 }
 
-// A component without a CAS number, or of which the other library does not say it, is found there
-// by its number or an ID.
+// A component without a CAS number, or whose CAS number the other library does not have, is found
+// there by its number or an ID.
 TEST_F(SenseTest, ComponentsWithoutACasNumberAcrossLibraries) {
   std::string const cas = "casNum=\"7732-18-5\"";
   std::string const first =
@@ -313,7 +315,7 @@ TEST_F(SenseTest, GroupsThatAreNotThere) {
       << all;
 }
 
-// Such a library comes from another writer: keys of the one pair are turned round in its file.
+// Such a library comes from another writer: the keys of one pair are swapped in its file.
 TEST_F(SenseTest, PairInBothOrders) {
   MakeFile("pairs.xml",
            "<bank type=\"VANLAAR\" name=\"V\">"

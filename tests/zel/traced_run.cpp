@@ -32,7 +32,7 @@ TracedRun RunAndKillAt(long stop, std::filesystem::path const& folder,
   pid_t const child = ::fork();
   if (child == 0) BecomeZel(folder, words);
   int status = 0;
-  ::waitpid(child, &status, 0);  // stands at its start
+  ::waitpid(child, &status, 0);  // it is stopped at its start
   if (!WIFSTOPPED(status)) return run;
   for (;;) {
     ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);

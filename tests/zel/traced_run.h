@@ -1,4 +1,4 @@
-// Runs of zel that end in the middle.
+// Runs of zel that are ended in the middle.
 #pragma once
 
 #include <filesystem>

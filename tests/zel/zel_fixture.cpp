@@ -60,7 +60,7 @@ void ZelTest::MakeFile(std::string const& name, std::string const& text) const {
 }
 
 Outcome ZelTest::Shell(std::string const& line) const {
-  // Beside the folder, whose contents tests look at.
+  // Next to the folder, because tests look at its contents.
   fs::path const out = folder_.string() + ".out";
   fs::path const err = folder_.string() + ".err";
   std::string const command = "cd '" + folder_.string() +

@@ -21,7 +21,8 @@ using Contents = std::map<std::string, std::string>;
 Contents ContentsOf(std::filesystem::path const& folder);
 std::string FileText(std::filesystem::path const& path);
 
-// The row of a table whose member has a value, null when there is none; and how many have.
+// The row of a table whose member has this value, null if there is none; and the number of such
+// rows.
 nlohmann::json Row(nlohmann::json const& table, char const* member, nlohmann::json const& value);
 std::size_t Rows(nlohmann::json const& table, char const* member, nlohmann::json const& value);
 
@@ -37,7 +38,7 @@ class ZelTest : public ::testing::Test {
   // Runs "zel WORDS" in the folder; the words are read by the shell. `before` goes in front of the
   // program, e.g. "ZEL_NAMES=perry.lb1".
   Outcome Zel(std::string const& words, std::string const& before = "") const;
-  // The same, where it must end well.
+  // The same, but it must succeed.
   std::string Good(std::string const& words) const;
   // The JSON that "zel WORDS --json" prints.
   nlohmann::json Json(std::string const& words) const;

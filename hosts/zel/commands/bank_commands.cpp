@@ -80,7 +80,7 @@ Report Banks(Session& session, Options const& o) {
   return report;
 }
 
-// The fields named, in the order of the words.
+// The fields with these names, in the same order.
 std::vector<Field> Chosen(zel::IZelBankDef& item, std::vector<std::string> const& names) {
   std::vector<Field> chosen;
   chosen.reserve(names.size());
@@ -97,7 +97,7 @@ struct ComponentField {
     if (constant != nullptr) return {constant->keyword, constant->unit};
     return {curve->name, ""};
   }
-  // A correlation as its equation and range.
+  // A correlation is shown as its equation and range.
   Cell ValueIn(PureComponent const& component) const {
     if (constant != nullptr) return Number(component.Constant(constant->index));
     Curve const record = component.ReadCurve(IndexOf(*curve));

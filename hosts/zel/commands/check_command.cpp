@@ -25,7 +25,7 @@ struct Options {
   bool acceptIdentity = false;
 };
 
-// Collects the findings of the library and of the sense checks in one table.
+// Collects the findings of the library and of the plausibility checks in one table.
 class Collector final : public zel::ZelFindingSink {
  public:
   Collector(Options const& options, Table& table)
@@ -43,7 +43,7 @@ class Collector final : public zel::ZelFindingSink {
     ++counts_[severity];
     table_.Add(kWords[severity], id, path_ + ": " + place + ": " + text);
   }
-  // Of the sense checks.
+  // For the plausibility checks.
   TellSense SenseTaker() {
     return TellSense::Take([this](char const* id, std::string const& place, std::string const& text,
                                   bool isError) { Sense(id, place, text, isError); });
@@ -101,8 +101,8 @@ void CheckSense(Library const& library, Collector& collector) {
   }
 }
 
-// What one library or bank calls by the number, an ID or the CAS number of another and is something
-// else.
+// Reports components that have the number, an ID or the CAS number of one in another library or
+// bank and are a different substance.
 void CheckIdentities(std::vector<Library> const& libraries, Collector& collector) {
   std::string place;
   IdentityAcross across(
@@ -127,8 +127,8 @@ void CheckIdentities(std::vector<Library> const& libraries, Collector& collector
   }
 }
 
-// Reads what the bank has of a component: what its CAS number finds there, else what its number or
-// an ID finds and does not contradict it.
+// Reads the bank's record of a component: the one with its CAS number, else one with its number or
+// one of its IDs that does not contradict it.
 bool ReadSame(Library const& library, BankName const& bank, zel::ZelIdentity const& wanted,
               PureComponent const& found) {
   auto const read = [&](Component const& label) {
@@ -145,7 +145,7 @@ bool ReadSame(Library const& library, BankName const& bank, zel::ZelIdentity con
   });
 }
 
-// Every component of the first library against the same of the other.
+// Compares every component of the first library with the same one of the other.
 void CheckAcross(Library const& one, Library const& other, Collector& collector) {
   TellSense const tell = collector.SenseTaker();
   for (BankName const& bank : one.Banks(kPureType)) {
@@ -171,7 +171,7 @@ void CheckAcross(Library const& one, Library const& other, Collector& collector)
   }
 }
 
-// What the check of the structure finds that is no damage.
+// Findings of the structure check that are not damage.
 std::vector<SenseKind> const& StructureWarnings() {
   static std::vector<SenseKind> const kinds = {
       {"block-leaked", "each block belongs to something or is free"},

@@ -12,12 +12,12 @@
 namespace zelhost {
 namespace {
 
-// What is printed in the place of a command's work.
+// A text that is printed instead of running a command.
 struct OtherText {
   std::string text;
 };
 
-// What is wrong with the command line, and whose help tells more.
+// What is wrong with the command line, and which help to look at.
 std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int count, char** words) {
   char const* const first = count > 1 ? words[1] : "";
   if (*first != '-' && *first != '\0') {

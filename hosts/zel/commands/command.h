@@ -1,4 +1,4 @@
-// The command line: which commands there are, what they take and how they answer.
+// The command line: the commands, their arguments and options, and their output.
 #pragma once
 
 #include <functional>
@@ -17,10 +17,10 @@ class App;
 
 namespace zelhost {
 
-// The options of output that a command takes.
+// The output options that a command accepts.
 enum class Outputs { kJson, kJsonAndCsv };
 
-// Where the words of an argument or option go: one text, one text that may be absent, several
+// Where the value of an argument or option is stored: a text, a text that may be absent, several
 // texts, or a whole number.
 class Target {
  public:
@@ -41,8 +41,8 @@ class CommandLine {
   CommandLine& operator=(CommandLine const&) = delete;
   ~CommandLine();
 
-  // Does what the words ask for and returns the exit status. Throws WrongUsage when they make no
-  // sense, and what the command throws.
+  // Runs the command and returns the exit status. Throws WrongUsage if the command line is invalid,
+  // and whatever the command throws.
   int Run(int count, char** words);
 
  private:
@@ -51,7 +51,7 @@ class CommandLine {
   std::unique_ptr<CLI::App> app_;
 };
 
-// One command while it is described. `run` is called after the whole line was read.
+// Describes one command. The function given to Run is called after the whole line was read.
 //
 //   Command command(line, "info", "Show what a library is", "zel info sample.lb1");
 //   command.Argument("LIBRARY", options->path, "a library file");
@@ -62,7 +62,7 @@ class Command {
   Command(CommandLine& line, std::string const& name, std::string const& purpose,
           std::string const& example);
 
-  // A word, or words, that must be given, in this order.
+  // A word, or several, that must be given. Arguments are read in the order of the calls.
   Command& Argument(std::string const& name, Target target, std::string const& help);
   Command& OptionalArgument(std::string const& name, Target target, std::string const& help);
   Command& Option(std::string const& names, Target target, std::string const& help,
@@ -72,9 +72,9 @@ class Command {
                     std::string const& typeName);
   Command& Flag(std::string const& names, bool& target, std::string const& help);
 
-  // To which flags can write.
+  // For flags that set its members.
   Session& InSession() const { return session_; }
-  // What the command does; the report is printed.
+  // Sets what the command does; the report is printed.
   void Run(Outputs outputs, std::function<Report(Session&)> work);
 
  private:

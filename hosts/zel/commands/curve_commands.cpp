@@ -48,14 +48,14 @@ Curve CurveOf(PureComponent const& component, zel::ZelCorrelationInfo const& inf
   return curve;
 }
 
-// "component XXX, VaporPressure: " and what is wrong with its record; empty when nothing is.
+// "component XXX, VaporPressure: " and what is wrong with its record; empty if nothing is.
 std::string WarningOf(std::string const& component, zel::ZelCorrelationInfo const& info,
                       Curve const& curve) {
   std::string const fault = FaultOf(curve);
   return fault.empty() ? "" : "component " + component + ", " + info.name + ": " + fault;
 }
 
-// The error where not one value comes out.
+// The error if there is no value at any temperature.
 Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& info,
                 Curve const& curve) {
   std::string const warning = WarningOf(component, info, curve);
@@ -64,7 +64,7 @@ Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& inf
                  std::to_string(curve.equation) + " has no value at these temperatures");
 }
 
-// In the record's unit.
+// The temperatures of the command line, or those of the record's range, in the record's unit.
 std::vector<double> Temperatures(Options const& o, Curve const& curve, std::string const& word) {
   std::vector<double> temperatures;
   for (std::string const& text : o.at) {
@@ -145,7 +145,7 @@ struct Drawn {
   }
 };
 
-// One for each component, or for each component and each bank that has the correlation.
+// One curve for each component, or for each component and each bank that has the correlation.
 std::vector<Drawn> Collect(Options const& o, zel::ZelCorrelationInfo const& info,
                            Sources& sources) {
   std::vector<Drawn> drawn;
@@ -240,7 +240,7 @@ Report Plot(Session& session, Options const& o) {
   }
   WriteFile(o.output, ToSvg(chart));
   Report report;
-  if (IsStandardOutput(o.output)) return report;  // the chart alone
+  if (IsStandardOutput(o.output)) return report;  // only the chart
   report.Fact("written", o.output);
   report.Fact("lines", static_cast<std::int64_t>(drawn.size()));
   if (!warnings.empty()) report.Warning("warning", warnings);

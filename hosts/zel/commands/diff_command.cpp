@@ -77,7 +77,7 @@ void Difference::BankHeader(BankName const& bank) {
   Field(ToText(bank), "memo", memo(one_), memo(other_));
 }
 
-// Both lists of keys rise; equal ones are items that both have.
+// Both lists of keys are in ascending order; equal keys are items that both libraries have.
 void Difference::Bank(BankName const& bank) {
   BankHeader(bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);

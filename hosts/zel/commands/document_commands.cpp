@@ -55,8 +55,8 @@ zel::zelImportChecks ChecksOf(Options const& o) {
   return o.strict ? zel::importStrict : o.lenient ? zel::importTold : zel::importChecked;
 }
 
-// Why an import ended without success. The text of the last error is empty when the import went on
-// with something that is right.
+// Why an import failed. The text of the last error is empty if the import went on successfully
+// after it.
 std::string Reason(zel::LibMaint_p const& maint, zel::ZelImportCounts const& counts,
                    Options const& o) {
   char const* const last = maint.GetLastErrorText();
@@ -76,7 +76,7 @@ bool ImportOne(zel::LibMaint_p& maint, Options const& o, std::string const& file
   return maint.ImportComponent(path.c_str(), UpperCase(o.bank).c_str(), o.replace);
 }
 
-// What failed is reported in full before the command ends.
+// Prints the full report of a failed import before the command ends.
 [[noreturn]] void EndFailed(Session const& session, Report& report, ImportLog& log,
                             std::string const& file, std::string const& why) {
   report.Fact("failed", file);
@@ -104,7 +104,7 @@ Report Import(Session& session, Options const& o) {
   Report report;
   ImportTotals totals;
   for (std::string const& file : o.files) {
-    std::optional<Waiting> waiting;  // the log shows people how far it is
+    std::optional<Waiting> waiting;  // the log itself shows the progress
     if (!isText) waiting.emplace("importing " + file);
     bool const good = ImportOne(*maint, o, file);
     zel::ZelImportCounts counts;
@@ -127,7 +127,7 @@ Report Import(Session& session, Options const& o) {
   return report;
 }
 
-// Where documents go: a folder, and a name for what has one.
+// Where documents are written: a folder, and a file name if one was given.
 struct ExportTarget {
   fs::path folder;
   std::string name;
@@ -161,7 +161,7 @@ bool ExportComponent(Library const& library, Options const& o, char const* targe
   return maint.ExportComponentByNumber(name, component.ReadIdentity().number, target, o.banner);
 }
 
-// Correlations whose equations documents have no form for, in one bank or in all.
+// The number of correlations whose equations have no form in documents, in one bank or in all.
 std::int64_t LeftOut(Library const& library, Options const& o) {
   std::int64_t count = 0;
   PureComponent component;
@@ -182,13 +182,13 @@ std::int64_t LeftOut(Library const& library, Options const& o) {
   return count;
 }
 
-// The banks that the documents are to hold whole; none for a single component.
+// The banks that the documents must contain completely; none for a single component.
 std::vector<BankName> ExportedBanks(Library const& library, Options const& o) {
   if (!o.component.empty()) return {};
   return o.bank.empty() ? library.Banks() : std::vector<BankName>{library.Bank(o.bank)};
 }
 
-// Files are named after what has no name of its own.
+// Checks the names of banks and components after which documents without a given name are named.
 void CheckNames(Library const& library, Options const& o, ExportTarget const& target) {
   std::vector<BankName> const banks = ExportedBanks(library, o);
   if (o.bank.empty() || target.name.empty()) CheckDocumentNames(library, banks);
@@ -239,7 +239,8 @@ Report Export(Session& session, Options const& o) {
   return report;
 }
 
-// The library does not report an index that it could not write: a whole one ends its last line.
+// The library does not report an index that it could not write: a complete one ends with a line
+// end.
 void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty) {
   std::ifstream file = OpenInput(index);
   auto const size = file ? fs::file_size(index) : 0;
@@ -250,7 +251,7 @@ void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty
   }
 }
 
-// Indexes are written beside the library, so it is opened under its name in another folder.
+// The library writes its indexes next to itself, so it is opened under its name in another folder.
 Report DumpIndexes(Session& session, Options const& o) {
   FinishChange(o.path);
   fs::path const path = fs::absolute(o.path);
@@ -295,7 +296,7 @@ Report Dump(Session& session, Options const& o) {
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(&library.Maint());
   library.Walk(bank, [&] {
     maint->DumpBankTree(bank.type.c_str(), bank.name.c_str(), 0, stdout, -1);
-    // The dump shows a node that it could not enter as an empty one.
+    // The dump shows a node that it could not read as an empty one; this walk reports it.
     std::int32_t key[10] = {};
     maint->BeginItemWalk(bank.type.c_str(), bank.name.c_str());
     while (maint->NextItemKey(key)) continue;

@@ -19,7 +19,7 @@ char const* Word(zel::zelLogKinds kind) {
   }
 }
 
-// A text of a document, which can be long.
+// A text of a document, which can be very long.
 Cell Shortened(std::string text) {
   if (text.size() > kLongestText) {
     std::size_t end = kLongestText;
@@ -33,8 +33,8 @@ Cell Shortened(std::string text) {
 // Nothing for 0.
 Cell CountOrNone(std::int64_t count) { return count == 0 ? Cell() : Cell(count); }
 
-// One call per line, so that lines of other writers do not fall into it. A full disk is noticed
-// with the report that follows.
+// One call per line, so that the output of other writers does not split it. A full disk is noticed
+// when the report that follows is written.
 void WriteLine(std::string const& line) { std::fwrite(line.data(), 1, line.size(), stdout); }
 
 }  // namespace

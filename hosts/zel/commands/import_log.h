@@ -1,4 +1,4 @@
-// What an import reports of its documents: lines for people, a table for programs.
+// The errors and warnings of an import: lines for people, a table for programs.
 #pragma once
 
 #include <zelaccess/Interchange.h>
@@ -9,19 +9,19 @@
 
 namespace zelhost {
 
-// Shows the first 1,000 errors and warnings; a small document can have hundreds of thousands.
+// Shows the first 1,000 errors and warnings; a small document can cause hundreds of thousands.
 class ImportLog final : public zel::ZelLogSink {
  public:
   // Lines are written to standard output as they come, unless they are collected for a table.
-  // `alignsTypes`: the types of banks that begin stand to the right.
+  // `alignsTypes` aligns to the right the types in the lines that announce banks.
   ImportLog(bool writesLines, bool alignsTypes)
       : writesLines_(writesLines), alignsTypes_(alignsTypes) {}
 
   void Line(zel::ZelLogLine const& line) override;
   void BankBegins(char const* type, char const* name) override;
 
-  // Says how many were not shown: a last line, or a warning beside the table, which has the name
-  // "findings".
+  // Reports how many were not shown, in a last line or in a warning next to the table, which has
+  // the name "findings".
   void Finish(Report& report);
 
  private:
@@ -40,11 +40,11 @@ class ImportLog final : public zel::ZelLogSink {
                    {"after", ""}}};
 };
 
-// What the imports of all documents given have found and stored.
+// What the imports of all given documents have found and stored.
 class ImportTotals {
  public:
   void Add(zel::ZelImportCounts const& counts);
-  // Facts, those of what did not arrive and of what was changed only where there is any.
+  // Adds the facts; what was not stored and what was changed only if there is any.
   void AddTo(Report& report) const;
 
  private:

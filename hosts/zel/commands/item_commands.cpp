@@ -67,8 +67,8 @@ std::string Reasons(Library const& to, zel::IZelBankDef& item, zel::Key& key) {
   return std::string("is refused: ") + text;
 }
 
-// The item under its stored key, read into `item` first.
-// Gives the number of items that were copied: 1, or 0 for one that cannot be read.
+// Copies the item with this stored key; it is read into `item` first. Returns the number of items
+// copied: 1, or 0 for one that cannot be read.
 int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::IZelBankDef& item,
              std::vector<std::int32_t> const& stored, std::string const& shown, bool replace) {
   zel::Handle<zel::Key> const key = StoredKey(stored);
@@ -113,7 +113,7 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
     Refuse(from, bank, Joined(o.words), "is not there" + WhyNotFound(from, *item, o.words));
   }
-  // By numbers and as it is stored: the other library need not know the words.
+  // By numbers and as it is stored: the other library need not know the IDs.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
   return CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords},
                   Joined(o.words), o.replace);
@@ -142,7 +142,7 @@ Report Copy(Session& session, Options const& o) {
   } else {
     std::vector<BankName> banks = o.banks.empty() ? from.Banks() : std::vector<BankName>();
     for (std::string const& word : o.banks) banks.push_back(from.Bank(word));
-    // Components first: pairs are about them.
+    // Components first, because pairs refer to them.
     std::stable_partition(banks.begin(), banks.end(),
                           [](BankName const& bank) { return bank.type == "PURECOMP"; });
     for (BankName const& bank : banks) {

@@ -34,7 +34,7 @@ struct Options {
   ChangeOptions change;
 };
 
-// Null leaves what is there.
+// Null leaves the text as it is.
 char const* TextOrNull(std::optional<std::string> const& text) {
   return text ? text->c_str() : nullptr;
 }
@@ -45,7 +45,7 @@ void CheckLength(std::optional<std::string> const& text, std::size_t most, char 
                 std::to_string(most) + " can be kept");
 }
 
-// Texts of the header go through a code of printable characters, as those of keys do.
+// Texts of the header are stored in a code of printable characters, as those of keys are.
 void CheckCharacters(std::optional<std::string> const& text, char const* what) {
   constexpr std::size_t kWords = 10;
   constexpr std::size_t kPiece = 4 * kWords;
@@ -142,7 +142,7 @@ Report Info(Session& session, Options const& o) {
   return report;
 }
 
-// A file without a line's worth of text is no mistake, one that is no text is.
+// An empty file is not an error, one that is not a text is.
 std::string FileText(std::string const& path) {
   std::ifstream file = OpenInput(path);
   if (!file || std::filesystem::is_directory(path)) throw Failure(path + ": cannot be read");

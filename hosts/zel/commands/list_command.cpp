@@ -56,7 +56,7 @@ void Read(Options const& o, std::string const& path, zel::CompList& list) {
   if (!IsList(path)) throw Failure(o.path + ": is no list; --build makes one");
 }
 
-// It is read before it takes its place, so that a failure leaves what was there.
+// The new list is read before it is moved into place, so that a failure leaves the old one.
 void BuildList(Session& session, Options const& o, zel::CompList& list) {
   zel::InitZelAccess();
   Library const library = OpenFinished(session, o.library);

@@ -50,7 +50,7 @@ next change
 a change that was cut off while it was put in place; the next command that names the library finishes it
 )";
 
-// Minus signs as they are typed, and no line that reads as a request.
+// Keeps minus signs as they are typed, and lines from being read as requests.
 std::string Escaped(std::string const& text) {
   std::string escaped;
   for (char const c : text) {

@@ -1,4 +1,4 @@
-// The manual page and the completion of the shell, made from the commands as they are.
+// The manual page and the shell completion, made from the commands.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -6,9 +6,9 @@
 
 namespace zelhost {
 
-// For man: sources of troff.
+// The page for man, in troff.
 std::string ManualPage(CLI::App const& app);
-// A script for bash: commands, and the options of each.
+// A script for bash, which completes commands and the options of each.
 std::string BashCompletion(CLI::App const& app);
 
 }  // namespace zelhost

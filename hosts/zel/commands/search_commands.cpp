@@ -113,7 +113,7 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, Sources con
   report.Fact("unit", Text(info.unit));
   report.Fact("state", std::string(Word(state)));
   Table table("sources", {{"source", ""}, {"value", ""}, {"code", ""}, {"result", ""}});
-  // The row that won distinguishes libraries of one file name.
+  // The name in the row that won distinguishes libraries with the same file name.
   std::string from = merged.ConstantSource(info.index);
   bool won = false;
   for (std::size_t i = 0; i < sources.Count(); ++i) {
@@ -185,14 +185,14 @@ Report Why(Session& session, Options const& o) {
   return report;
 }
 
-// A component that was found, and the number that it has in each library; empty where its number is
-// that of another substance.
+// A component that was found, and the number that it has in each library; empty if that number is
+// another substance there.
 struct Covered {
   std::string word;
   std::vector<std::string> numbers;
 };
 
-// A library's own components give its numbers; one without components takes the common ones.
+// The numbers are those of the library's own components; without components, the common ones.
 Covered NumbersOf(std::string const& word, PureComponent const& merged, Sources const& sources) {
   zel::ZelIdentity const identity = merged.Compared();
   std::string const common = std::to_string(identity.number);
@@ -214,7 +214,7 @@ Covered NumbersOf(std::string const& word, PureComponent const& merged, Sources 
   return covered;
 }
 
-// The first bank of a type, over the libraries in their order, that has the pair.
+// The first bank of a type that has the pair, over the libraries in their order.
 std::string SourceOfPair(Sources const& sources, std::string const& type, Covered const& one,
                          Covered const& other) {
   zel::Handle<zel::IZelBankDef> const item = BankOfType(type);
@@ -231,7 +231,7 @@ std::string SourceOfPair(Sources const& sources, std::string const& type, Covere
   return "";
 }
 
-// Types of pairs of components that any of the libraries has a bank of.
+// The types of component pairs for which any of the libraries has a bank.
 std::vector<std::string> PairTypes(Sources const& sources) {
   std::vector<std::string> types;
   for (Library const& library : sources.Libraries()) {

@@ -15,16 +15,16 @@ namespace zelhost {
 void AddChangeOptions(Command& command, ChangeOptions& options);
 
 void AddModeOption(Command& command, std::string& mode);
-// What the option's text means; none for the empty text. Throws WrongUsage, also for a mode that
-// does not let the owner read and write.
+// Returns the mode that the option's text means; nothing for the empty text. Throws WrongUsage,
+// also for a mode that does not let the owner read and write.
 std::optional<mode_t> ModeOf(std::string const& text);
-// Throws WrongUsage where the option is given and the library exists.
+// Throws WrongUsage if the option is given and the library exists.
 void CheckModeFor(std::string const& library, std::string const& mode);
 
-// The libraries that a command merges.
+// Adds the options that name the libraries to merge.
 void AddSourceOptions(Command& command, SourceOptions& options);
 
-// --strict, of a command that walks over items.
+// Adds --strict to a command that walks over items.
 void AddStrict(Command& command);
 
 }  // namespace zelhost

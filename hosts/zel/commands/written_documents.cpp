@@ -90,7 +90,7 @@ void ReportMissing(Report& report, Library const& library, std::vector<BankName>
     fs::path const document = folder / (isSingle && !name.empty() ? name.string() : usual);
     zel::ZelDocumentContents const contents = ContentsOf(document);
     if (!contents.readable) continue;
-    // A component stands in the document of its bank, or in one of its own that this one imports.
+    // A component is in the document of its bank, or in one of its own that this one imports.
     auto const written = contents.items + contents.components + contents.imports;
     auto const items = static_cast<std::int64_t>(ItemsOf(library, bank));
     if (written != items) table.Add(ToText(bank), items, written);

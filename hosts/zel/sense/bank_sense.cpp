@@ -47,10 +47,10 @@ bool HasField(zel::IZelBankDef& item, std::string const& name) {
                      [&](Field const& field) { return field.name == name; });
 }
 
-// What a group bank holds.
+// The contents of a group bank.
 struct GroupTable {
   std::string structure;                       // the bank with the groups of components
-  std::string context;                         // the model that the groups are those of
+  std::string context;                         // the model to which the groups belong
   std::map<std::int32_t, std::int32_t> mains;  // main group by group
   std::set<std::int32_t> inPairs;              // main groups
 };
@@ -74,7 +74,7 @@ GroupTable ReadGroups(Library const& library, BankName const& bank, zel::IZelBan
   return table;
 }
 
-// Groups that a component has and the table has not, as "14 15".
+// The groups of a component that the table does not have, as "14 15".
 std::string Unknown(GroupTable const& table, std::int32_t const* groups, std::int32_t count) {
   std::string text;
   for (std::int32_t i = 0; i < std::min(count, 10); ++i) {
@@ -145,7 +145,7 @@ void CheckPairSense(Library const& library, BankName const& bank, TellSense cons
   BankIO const io = IOOf(*item);
   if (facts.keyKind != 0 || facts.keyWords != 2 || !io || PairRule(*io) == kTwoItems) return;
   bool const turns = PairRule(*io) == kTurnedRound;
-  // Values of the pairs whose order is falling, as the rising order has them.
+  // Values of the pairs in descending order, converted to ascending order.
   std::map<std::pair<std::int32_t, std::int32_t>, std::vector<NamedValue>> falling;
   auto const forEach = [&](auto const& see) {
     std::int32_t words[10] = {};

@@ -1,4 +1,4 @@
-// Checks of sense that need several components, or two libraries.
+// Plausibility checks that need several components, or two libraries.
 #include <zelaccess/Identity.h>
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace zelhost {
 namespace {
 
-// Numbers that are equal but for a rounding.
+// The same text for numbers that are equal except for rounding.
 std::string Rounded(double value) {
   constexpr int kDigits = 5;
   char text[32];
@@ -57,8 +57,8 @@ void SenseAcross::Component(PureComponent const& component, std::string const& p
   }
 }
 
-// Each component against those before it that have its CAS number. Formulas that agree are alike,
-// so that one place of each formula stands for all.
+// Compares each component with the previous ones that have its CAS number. Components with the same
+// formula compare alike, so that one of each formula is enough.
 void SenseAcross::CasShared() {
   std::stable_sort(casNumbers_.begin(), casNumbers_.end(),
                    [](auto const& a, auto const& b) { return a.first < b.first; });
@@ -109,7 +109,7 @@ void SenseAcross::Close() {
   Repeated();
 }
 
-// Where the one has a vapor pressure and the other a boiling point.
+// If the one has a vapor pressure and the other a boiling point.
 void CheckBoilingPoint(PureComponent const& one, std::string const& onePlace,
                        PureComponent const& other, std::string const& otherPlace,
                        TellSense const& tell) {

@@ -12,10 +12,10 @@
 namespace zelhost {
 namespace {
 
-constexpr std::uint32_t kCurvesWithCode = 17;  // the last one has no place for a code
+constexpr std::uint32_t kCurvesWithCode = 17;  // the last one cannot have a code
 constexpr double kGas = 8.314462618;           // kJ/(kg-mol K), CODATA 2018, exact
 
-// One component with the ways to ask it.
+// The checks of one component.
 class Checked {
  public:
   Checked(PureComponent const& component, std::string const& place, TellSense const& tell)
@@ -62,7 +62,7 @@ void Checked::Identity() {
   }
 }
 
-// A form without a value leaves the number that it was given.
+// An equation without a value leaves the number that was passed in.
 bool Checked::HasValue(std::uint32_t index, double temperature) const {
   double value = std::numeric_limits<double>::quiet_NaN();
   double slope = 0.0;
@@ -81,7 +81,7 @@ void Checked::Equations() {
     constexpr double kHot = 500.0;
     double const low = Has(curve.tMin) ? curve.tMin : kCold;
     double const high = Has(curve.tMax) ? curve.tMax : std::max(kHot, low);
-    // Nothing is inside a range whose ends are exchanged, and Expansion is never evaluated.
+    // Nothing is inside a range whose ends are swapped, and Expansion is never evaluated.
     bool const hasValue = low > high || IndexOf(row) == kExpansion || HasValue(IndexOf(row), low) ||
                           HasValue(IndexOf(row), high) ||
                           HasValue(IndexOf(row), low + (high - low) / 2);
@@ -201,7 +201,7 @@ void Checked::SolidRanges() {
   }
 }
 
-// On 20 steps of the record's range, with a little play for rounding.
+// Compares values at 20 steps over the record's range, with some tolerance for rounding.
 void Checked::Monotonic(std::uint32_t index, bool rises) const {
   Curve const curve = c_.ReadCurve(index);
   if (!curve.present || !Has(curve.tMin) || !Has(curve.tMax) || curve.tMin >= curve.tMax) return;

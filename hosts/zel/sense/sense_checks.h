@@ -1,4 +1,4 @@
-// Checks of data against sense: what cannot all be right although each value can be stored.
+// Plausibility checks: data that cannot all be right although each value can be stored.
 #pragma once
 
 #include <functional>
@@ -12,8 +12,8 @@
 
 namespace zelhost {
 
-// Takes a finding: which check, where, and what is wrong with which value. An error is more than
-// the warning that its kind gives otherwise.
+// Receives a finding: which check, where, and what is wrong with which value. `isError` makes an
+// error of a finding whose kind is otherwise a warning.
 class TellSense {
  public:
   using Take = std::function<void(char const* id, std::string const& place, std::string const& text,
@@ -29,21 +29,21 @@ class TellSense {
   Take take_;
 };
 
-// A kind of check, for the documents and for --silence.
+// A kind of check, for the documentation and for --silence.
 struct SenseKind {
   char const* id;
   char const* rule;
-  bool isError = false;  // more than a warning
+  bool isError = false;  // not only a warning
 };
 std::vector<SenseKind> const& SenseKinds();
-// Of a component that is another substance in another bank.
+// The check for a component that is another substance in another bank.
 inline constexpr char kIdentity[] = "identity";
 
-// Holds one component, as its bank has it, against the rules that need no other component.
+// Checks one component, as its bank has it, against the rules that need no other component.
 void CheckComponentSense(PureComponent const& component, std::string const& place,
                          TellSense const& tell);
 
-// What only several components or pairs together show. Give it everything of a library, then Close.
+// Checks that need several components. Pass it all components of a bank, then call Close.
 class SenseAcross {
  public:
   explicit SenseAcross(TellSense tell) : tell_(std::move(tell)) {}
@@ -66,12 +66,13 @@ class SenseAcross {
   std::vector<std::pair<std::string, Seen>> numbers_;   // coefficients, critical constants
 };
 
-// Constants of one component in two libraries that differ by more than a factor of 1.5.
+// Reports constants of one component in two libraries that differ by more than a factor of 1.5.
 void CheckMagnitude(PureComponent const& one, std::string const& onePlace,
                     PureComponent const& other, std::string const& otherPlace,
                     TellSense const& tell);
 
-// The vapor pressure of one component at the normal boiling point that another library has of it.
+// Checks the vapor pressure of a component at the normal boiling point that another library has for
+// it.
 void CheckBoilingPoint(PureComponent const& one, std::string const& onePlace,
                        PureComponent const& other, std::string const& otherPlace,
                        TellSense const& tell);

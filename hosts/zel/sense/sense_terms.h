@@ -1,4 +1,4 @@
-// What the checks of sense name: constants and correlations by index, and how to ask for them.
+// Names for the plausibility checks: constants and correlations by index, and how to read them.
 #pragma once
 
 #include <string>
