@@ -94,9 +94,9 @@ std::string StatusText(std::int32_t status) {
 Report Eval(Session& session, Options const& o) {
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
   if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives is 0 to 3");
-  Sources sources(session, o.sources);
+  PreferenceList list(session, o.sources);
   PureComponent component;
-  sources.Search(o.component, component);
+  list.Search(o.component, component);
   Curve const curve = CurveOf(component, info, o.component);
   std::string const unit = TemperatureUnit(curve.tempUnit);
   std::string const value = info.unit;
@@ -129,7 +129,7 @@ Report Eval(Session& session, Options const& o) {
     table.Add(std::move(row));
   }
   if (!hasAny) throw NoValue(o.component, info, curve);
-  sources.AddWarnings(report);
+  list.AddWarnings(report);
   return report;
 }
 
@@ -147,18 +147,18 @@ struct Drawn {
 
 // One curve for each component, or for each component and each bank that has the correlation.
 std::vector<Drawn> Collect(Options const& o, zel::ZelCorrelationInfo const& info,
-                           Sources& sources) {
+                           PreferenceList& list) {
   std::vector<Drawn> drawn;
   for (std::string const& word : o.components) {
     auto merged = std::make_unique<PureComponent>();
-    sources.Search(word, *merged);
+    list.Search(word, *merged);
     std::size_t const before = drawn.size();
-    for (std::size_t i = 0; o.each && i < sources.Count(); ++i) {
+    for (std::size_t i = 0; o.each && i < list.Count(); ++i) {
       auto component = std::make_unique<PureComponent>();
-      if (!sources.Read(i, word, *component)) continue;
+      if (!list.Read(i, word, *component)) continue;
       Curve curve = component->ReadCurve(IndexOf(info));
       if (!curve.present) continue;
-      std::string label = component->ReadIdentity().name + ", " + sources.Name(i);
+      std::string label = component->ReadIdentity().name + ", " + list.Name(i);
       drawn.push_back({word, std::move(label), std::move(component), std::move(curve)});
     }
     if (o.each && drawn.size() > before) continue;
@@ -218,8 +218,8 @@ Report Plot(Session& session, Options const& o) {
     throw WrongUsage("--json and a chart on standard output exclude each other");
   }
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
-  Sources sources(session, o.sources);
-  std::vector<Drawn> const drawn = Collect(o, info, sources);
+  PreferenceList list(session, o.sources);
+  std::vector<Drawn> const drawn = Collect(o, info, list);
   Span const span = DefaultSpan(o, drawn);
   Chart chart;
   chart.title = info.label;
@@ -235,7 +235,7 @@ Report Plot(Session& session, Options const& o) {
     warnings += (warnings.empty() ? "" : "\n") + warning;
     chart.warnings.push_back("Warning: " + warning);
   }
-  for (IdentityConflict const& conflict : sources.Accepted()) {
+  for (IdentityConflict const& conflict : list.Accepted()) {
     chart.warnings.push_back("Warning: " + ToText(conflict));
   }
   WriteFile(o.output, ToSvg(chart));
@@ -244,7 +244,7 @@ Report Plot(Session& session, Options const& o) {
   report.Fact("written", o.output);
   report.Fact("lines", static_cast<std::int64_t>(drawn.size()));
   if (!warnings.empty()) report.Warning("warning", warnings);
-  sources.AddWarnings(report);
+  list.AddWarnings(report);
   return report;
 }
 

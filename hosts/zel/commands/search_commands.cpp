@@ -67,9 +67,9 @@ void AddWarning(PureComponent const& component, Report& report) {
 }
 
 Report Search(Session& session, Options const& o) {
-  Sources sources(session, o.sources);
+  PreferenceList list(session, o.sources);
   PureComponent component;
-  sources.Search(o.component, component);
+  list.Search(o.component, component);
   Identity const identity = component.ReadIdentity();
   Report report;
   report.Fact("component", identity.name);
@@ -79,11 +79,11 @@ Report Search(Session& session, Options const& o) {
   AddWarning(component, report);
   Table& gave = report.Begin(
       "sources", {{"source", ""}, {"found", ""}, {"constants", ""}, {"correlations", ""}});
-  for (std::size_t i = 0; i < sources.Count(); ++i) {
+  for (std::size_t i = 0; i < list.Count(); ++i) {
     PureComponent part;
-    bool const found = sources.Read(i, o.component, part);
+    bool const found = list.Read(i, o.component, part);
     Counts const counts = found ? CountOf(part) : Counts{};
-    gave.Add(sources.Name(i), found, found ? Cell(counts.stored) : Cell(),
+    gave.Add(list.Name(i), found, found ? Cell(counts.stored) : Cell(),
              found ? Cell(counts.curves) : Cell());
   }
   Table& constants = report.Begin(
@@ -101,11 +101,11 @@ Report Search(Session& session, Options const& o) {
     if (!curve.present) continue;
     curves.Add(row.name, std::int64_t{curve.equation}, RangeOf(curve), Text(curve.source));
   }
-  sources.AddWarnings(report);
+  list.AddWarnings(report);
   return report;
 }
 
-void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, Sources const& sources,
+void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceList const& list,
                  PureComponent const& merged, Report& report) {
   State const state = StateOf(merged, info.index);
   report.Fact("datum", info.keyword + (", " + std::string(info.label)));
@@ -116,26 +116,26 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, Sources con
   // The name in the row that won distinguishes libraries with the same file name.
   std::string from = merged.ConstantSource(info.index);
   bool won = false;
-  for (std::size_t i = 0; i < sources.Count(); ++i) {
+  for (std::size_t i = 0; i < list.Count(); ++i) {
     PureComponent part;
-    if (!sources.Read(i, o.component, part)) {
-      table.Add(sources.Name(i), Cell(), Cell(), "does not have the component");
+    if (!list.Read(i, o.component, part)) {
+      table.Add(list.Name(i), Cell(), Cell(), "does not have the component");
       continue;
     }
     double const value = part.Constant(info.index);
     bool const has = !zel::gen_IsUndefDouble(value);
-    table.Add(sources.Name(i), Number(value), Code(part.ConstantCode(info.index)),
+    table.Add(list.Name(i), Number(value), Code(part.ConstantCode(info.index)),
               !has  ? "has no value"
               : won ? "comes later"
                     : "won");
-    if (has && !won) from = sources.Name(i);
+    if (has && !won) from = list.Name(i);
     won = won || has;
   }
   report.Fact("from", Text(from));
   report.Add(std::move(table));
 }
 
-void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, Sources const& sources,
+void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceList const& list,
               PureComponent const& merged, Report& report) {
   Curve const curve = merged.ReadCurve(IndexOf(info));
   report.Fact("datum", info.name + (", " + std::string(info.label)));
@@ -144,20 +144,20 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, Sources con
               {{"source", ""}, {"equation", ""}, {"range", ""}, {"code", ""}, {"result", ""}});
   std::string from = curve.source;
   bool won = false;
-  for (std::size_t i = 0; i < sources.Count(); ++i) {
+  for (std::size_t i = 0; i < list.Count(); ++i) {
     PureComponent part;
-    if (!sources.Read(i, o.component, part)) {
-      table.Add(sources.Name(i), Cell(), Cell(), Cell(), "does not have the component");
+    if (!list.Read(i, o.component, part)) {
+      table.Add(list.Name(i), Cell(), Cell(), Cell(), "does not have the component");
       continue;
     }
     Curve const own = part.ReadCurve(IndexOf(info));
     if (!own.present) {
-      table.Add(sources.Name(i), Cell(), Cell(), Cell(), "has no correlation");
+      table.Add(list.Name(i), Cell(), Cell(), Cell(), "has no correlation");
       continue;
     }
-    table.Add(sources.Name(i), std::int64_t{own.equation}, RangeOf(own), Code(own.refCode),
+    table.Add(list.Name(i), std::int64_t{own.equation}, RangeOf(own), Code(own.refCode),
               won ? "comes later" : "won");
-    if (!won) from = sources.Name(i);
+    if (!won) from = list.Name(i);
     won = true;
   }
   report.Fact("from", Text(from));
@@ -171,17 +171,17 @@ Report Why(Session& session, Options const& o) {
     throw Failure("\"" + o.datum + "\" is no constant and no correlation; `zel types " + kPureType +
                   "` lists them");
   }
-  Sources sources(session, o.sources);
+  PreferenceList list(session, o.sources);
   PureComponent merged;
-  sources.Search(o.component, merged);
+  list.Search(o.component, merged);
   Report report;
   report.Fact("component", merged.ReadIdentity().name);
   if (constant != nullptr) {
-    WhyConstant(*constant, o, sources, merged, report);
+    WhyConstant(*constant, o, list, merged, report);
   } else {
-    WhyCurve(*curve, o, sources, merged, report);
+    WhyCurve(*curve, o, list, merged, report);
   }
-  sources.AddWarnings(report);
+  list.AddWarnings(report);
   return report;
 }
 
@@ -193,11 +193,12 @@ struct Covered {
 };
 
 // The numbers are those of the library's own components; without components, the common ones.
-Covered NumbersOf(std::string const& word, PureComponent const& merged, Sources const& sources) {
+Covered NumbersOf(std::string const& word, PureComponent const& merged,
+                  PreferenceList const& list) {
   zel::ZelIdentity const identity = merged.Compared();
   std::string const common = std::to_string(identity.number);
   Covered covered{word, {}};
-  for (Library const& library : sources.Libraries()) {
+  for (Library const& library : list.Libraries()) {
     std::string number = common;
     for (BankName const& bank : library.Banks(kPureType)) {
       PureComponent const own;
@@ -215,11 +216,11 @@ Covered NumbersOf(std::string const& word, PureComponent const& merged, Sources 
 }
 
 // The first bank of a type that has the pair, over the libraries in their order.
-std::string SourceOfPair(Sources const& sources, std::string const& type, Covered const& one,
+std::string SourceOfPair(PreferenceList const& list, std::string const& type, Covered const& one,
                          Covered const& other) {
   zel::Handle<zel::IZelBankDef> const item = BankOfType(type);
-  for (std::size_t i = 0; i < sources.Libraries().size(); ++i) {
-    Library const& library = sources.Libraries()[i];
+  for (std::size_t i = 0; i < list.Libraries().size(); ++i) {
+    Library const& library = list.Libraries()[i];
     if (one.numbers[i].empty() || other.numbers[i].empty()) continue;
     for (BankName const& bank : library.Banks(type)) {
       zel::Handle<zel::Key> const key = KeyIn(library, *item, {one.numbers[i], other.numbers[i]});
@@ -232,9 +233,9 @@ std::string SourceOfPair(Sources const& sources, std::string const& type, Covere
 }
 
 // The types of component pairs for which any of the libraries has a bank.
-std::vector<std::string> PairTypes(Sources const& sources) {
+std::vector<std::string> PairTypes(PreferenceList const& list) {
   std::vector<std::string> types;
-  for (Library const& library : sources.Libraries()) {
+  for (Library const& library : list.Libraries()) {
     for (BankName const& bank : library.Banks()) {
       zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
       if (!item) continue;
@@ -246,12 +247,12 @@ std::vector<std::string> PairTypes(Sources const& sources) {
   return types;
 }
 
-void AddPairs(std::vector<Covered> const& components, Sources const& sources, Report& report) {
+void AddPairs(std::vector<Covered> const& components, PreferenceList const& list, Report& report) {
   Table& table = report.Begin("pairs", {{"model", ""}, {"pair", ""}, {"state", ""}, {"from", ""}});
-  for (std::string const& type : PairTypes(sources)) {
+  for (std::string const& type : PairTypes(list)) {
     for (std::size_t i = 0; i < components.size(); ++i) {
       for (std::size_t k = i + 1; k < components.size(); ++k) {
-        std::string const from = SourceOfPair(sources, type, components[i], components[k]);
+        std::string const from = SourceOfPair(list, type, components[i], components[k]);
         table.Add(type, Joined({components[i].word, components[k].word}),
                   Word(from.empty() ? State::kMissing : State::kStored), Text(from));
       }
@@ -272,7 +273,7 @@ void AddDetails(std::string const& word, PureComponent const& component, Table& 
 }
 
 Report Coverage(Session& session, Options const& o) {
-  Sources sources(session, o.sources);
+  PreferenceList list(session, o.sources);
   Report report;
   Table summary("components", {{"component", ""},
                                {"stored", ""},
@@ -284,17 +285,17 @@ Report Coverage(Session& session, Options const& o) {
   std::vector<Covered> covered;
   for (std::string const& word : o.components) {
     PureComponent component;
-    sources.Search(word, component);
+    list.Search(word, component);
     Counts const counts = CountOf(component);
     summary.Add(word, counts.stored, counts.filledIn, counts.missing, counts.curves,
                 component.ReadIdentity().name);
     if (o.details) AddDetails(word, component, details);
-    covered.push_back(NumbersOf(word, component, sources));
+    covered.push_back(NumbersOf(word, component, list));
   }
   if (o.details) report.Add(std::move(details));
   report.Add(std::move(summary));
-  if (covered.size() > 1) AddPairs(covered, sources, report);
-  sources.AddWarnings(report);
+  if (covered.size() > 1) AddPairs(covered, list, report);
+  list.AddWarnings(report);
   return report;
 }
 

@@ -10,7 +10,7 @@
 
 namespace zelhost {
 
-std::size_t Sources::LibraryAt(std::string const& path) {
+std::size_t PreferenceList::LibraryAt(std::string const& path) {
   auto const at = std::find_if(libraries_.begin(), libraries_.end(),
                                [&](Library const& one) { return one.Path() == path; });
   if (at != libraries_.end()) return static_cast<std::size_t>(at - libraries_.begin());
@@ -18,7 +18,7 @@ std::size_t Sources::LibraryAt(std::string const& path) {
   return libraries_.size() - 1;
 }
 
-Sources::Sources(Session& session, SourceOptions const& options)
+PreferenceList::PreferenceList(Session& session, SourceOptions const& options)
     : session_(session),
       search_(zel::LibSearch::NewLibSearch()),
       acceptIdentity_(options.acceptIdentity) {
@@ -51,7 +51,7 @@ Sources::Sources(Session& session, SourceOptions const& options)
                            reinterpret_cast<char(*)[kNameSize]>(names.data()));
 }
 
-std::string Sources::Name(std::size_t i) const {
+std::string PreferenceList::Name(std::size_t i) const {
   return libraries_[places_[i].library].Path() + ":" + places_[i].bank;
 }
 
@@ -71,21 +71,22 @@ bool Looked(Session const& session, std::string const& word, Look const& look) {
 
 }  // namespace
 
-bool Sources::Read(std::size_t i, std::string const& word, PureComponent const& component) const {
+bool PreferenceList::Read(std::size_t i, std::string const& word,
+                          PureComponent const& component) const {
   return Looked(session_, word, [&] {
     return ReadComponent(libraries_[places_[i].library], {kPureType, places_[i].bank}, word,
                          component);
   });
 }
 
-void Sources::Judge(std::string const& word, std::vector<SourcedIdentity> found) {
+void PreferenceList::Judge(std::string const& word, std::vector<SourcedIdentity> found) {
   std::optional<IdentityConflict> conflict = ConflictIn(word, std::move(found));
   if (!conflict) return;
   if (!acceptIdentity_) throw Failure(ToText(*conflict) + "; --accept-identity takes them for one");
   accepted_.push_back(std::move(*conflict));
 }
 
-void Sources::Search(std::string const& word, PureComponent& component) {
+void PreferenceList::Search(std::string const& word, PureComponent& component) {
   ComponentBanks banks;
   for (Place const& place : places_) {
     banks.emplace_back(&libraries_[place.library], BankName{kPureType, place.bank});

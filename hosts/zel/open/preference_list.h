@@ -18,13 +18,13 @@ struct SourceOptions {
   bool acceptIdentity = false;
 };
 
-class Sources {
+class PreferenceList {
  public:
   // Libraries are given as LIBRARY or LIBRARY:BANK; without a bank, all banks of pure components of
   // the library are taken, in its order. Throws Failure if there is none.
-  Sources(Session& session, SourceOptions const& options);
-  Sources(Sources const&) = delete;
-  Sources& operator=(Sources const&) = delete;
+  PreferenceList(Session& session, SourceOptions const& options);
+  PreferenceList(PreferenceList const&) = delete;
+  PreferenceList& operator=(PreferenceList const&) = delete;
 
   std::size_t Count() const { return places_.size(); }
   // "sample.lb1:SAMPLE"
