@@ -37,7 +37,7 @@ std::string MessageOf(zelhost::Session const& session, zel::BlockError const& er
   if (error.Address() != zel::kNoBlockAddress) {
     text += "block " + std::to_string(error.Address()) + " ";
   }
-  return text + error.Reason() + ". `zel check --structure` tells what is damaged";
+  return text + error.Reason() + ". `zel check --structure` reports what is damaged";
 }
 
 // Exceptions that no handler reaches end here: before main, in a thread, in a destructor. A change
@@ -70,7 +70,7 @@ bool hasReturned = false;
 // The library ends the program if it cannot start, and says why on standard output.
 void TellOfEnd() {
   if (hasReturned) return;
-  std::fputs("zel: the library cannot start; its table of units needs some room in TMPDIR\n",
+  std::fputs("zel: the library cannot start; its table of units needs some space in TMPDIR\n",
              stderr);
 }
 

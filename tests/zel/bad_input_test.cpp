@@ -94,10 +94,10 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"import sample.lb1 notes.txt", kFailed, "notes.txt: "},
       {"import sample.lb1 no.xml", kFailed, "no.xml: "},
       {"import new.lb1 no.xml --create", kFailed, "no.xml: "},
-      {"list notes.txt", kFailed, "notes.txt: is no list"},
+      {"list notes.txt", kFailed, "notes.txt: is not a list"},
       {"list folder.lb1", kFailed, "folder.lb1"},
-      {"list perry.lb1", kFailed, "perry.lb1: is no list"},
-      {"memo sample.lb1 --file nul.txt", kFailed, "nul.txt: is no text"},
+      {"list perry.lb1", kFailed, "perry.lb1: is not a list"},
+      {"memo sample.lb1 --file nul.txt", kFailed, "nul.txt: is not a text file"},
       {"memo sample.lb1 --file folder.lb1", kFailed, "folder.lb1: cannot be read"},
       // passwords
       {"set locked.lb1 --description x", kFailed, "--password"},
@@ -109,7 +109,7 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"create locked.lb1 --force", kFailed, "--password"},
       // banks, types, components, items, fields
       {"items sample.lb1 VIRIAL", kFailed, "sample.lb1: no bank VIRIAL; it has"},
-      {"items sample.lb1 SAMPLE", kFailed, "SAMPLE can be several banks"},
+      {"items sample.lb1 SAMPLE", kFailed, "SAMPLE may mean several banks"},
       {"show sample.lb1 NONE A B", kFailed, "no bank NONE"},
       {"find sample.lb1 --bank X", kFailed, "no bank PURECOMP:X"},
       {"memo sample.lb1 --bank X", kFailed, "no bank X"},
@@ -126,20 +126,20 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"show perry.lb1 PERRY NOBODY", kFailed, "has no item NOBODY"},
       {"show perry.lb1 PERRY 64-17-6", kFailed, "64-17-6 is not a CAS number"},
       {"show perry.lb1 PERRY 99999999999", kFailed, "too large for a component number"},
-      {"show perry.lb1 PERRY a-long-name", kFailed, "is no component ID"},
-      {"show perry.lb1 PERRY ''", kFailed, "is no component ID"},
+      {"show perry.lb1 PERRY a-long-name", kFailed, "is not a component ID"},
+      {"show perry.lb1 PERRY ''", kFailed, "is not a component ID"},
       {"show perry.lb1 PERRY A B", kFailed, "is named by 1 component"},
       {"show sample.lb1 NRTL ETHANOL", kFailed, "is named by 2 component"},
       {"show sample.lb1 NRTL 1 2", kFailed, "has no item 1 + 2"},
-      {"show sample.lb1 UNFORIG x", kFailed, "x is no whole number"},
+      {"show sample.lb1 UNFORIG x", kFailed, "x is not a whole number"},
       {"items sample.lb1 NRTL --fields zij", kFailed, "has no field zij"},
       {"eval NOBODY VaporP -l perry.lb1", kFailed, "component NOBODY is not in perry.lb1:PERRY"},
       {"eval ETHANOL Vapor -l perry.lb1", kFailed, "Vapor"},
       {"eval ETHANOL SolidCp -l perry.lb1", kFailed, "olid"},
       {"plot VaporP NOBODY -l perry.lb1 -o x.svg", kFailed, "NOBODY"},
-      {"why ETHANOL XX -l perry.lb1", kFailed, "\"XX\" is no constant and no correlation"},
-      {"find sample.lb1 --bank NRTL:SAMPLE", kFailed, "is no bank of pure components"},
-      {"show sample.lb1 NRTL ETHANOL WATER", kFailed, "; --names LIBRARY gives"},
+      {"why ETHANOL XX -l perry.lb1", kFailed, "\"XX\" is neither a constant nor a correlation"},
+      {"find sample.lb1 --bank NRTL:SAMPLE", kFailed, "is not a bank of pure components"},
+      {"show sample.lb1 NRTL ETHANOL WATER", kFailed, "; use --names LIBRARY"},
       {"export perry.lb1 --component NOBODY -o x.xml", kFailed, "NOBODY"},
       {"copy perry.lb1 crc.lb1 --bank PERRY --item NOBODY", kFailed, "NOBODY"},
       {"delete perry.lb1 PERRY NOBODY", kFailed, "NOBODY"},
@@ -154,9 +154,9 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"find perry.lb1 --mw a:b", kWrongUsage, "\"a\" is not a molecular weight"},
       {"create new.lb1 --kind 14", kWrongUsage, "11, 12 or 13"},
       {"set sample.lb1 --new-password x --level 3", kWrongUsage, "level 1 or 2"},
-      {"list new.lst --build perry.lb1 --sort size", kWrongUsage, "--sort is"},
+      {"list new.lst --build perry.lb1 --sort size", kWrongUsage, "--sort must be"},
       // outputs that cannot be written
-      {"create none/new.lb1", kFailed, "none/new.lb1: its folder is not there"},
+      {"create none/new.lb1", kFailed, "none/new.lb1: its folder does not exist"},
       {"create new.xyz", kFailed, "new.xyz: not a component library"},
       {"create sample.lb1", kFailed, "sample.lb1: exists; `zel create --force` replaces it"},
       {"set sample.lb1 --new-password 'p\xC3\xA4sswort'", kFailed, "the password has characters"},
@@ -175,11 +175,12 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"plot VaporP ETHANOL -l perry.lb1 -o CRC.LB2", kFailed, "is the name of a library's file"},
       {"export perry.lb1 -o /dev/full", kFailed, "/dev/full"},
       // what contradicts itself
-      {"create long.lb1 --library-version 1234567890123", kFailed, "13 characters; 12 can be kept"},
+      {"create long.lb1 --library-version 1234567890123", kFailed,
+       "13 characters; at most 12 can be stored"},
       {"set perry.lb1 --password x --description y", kFailed, "has no password"},
       {"import new.lb1 no.xml --create --bank TOOLONGNAME", kFailed, "1 to 8 characters"},
-      {"import sample.lb1 folder.lb1", kFailed, "folder.lb1: is no file"},
-      {"copy perry.lb1 ./perry.lb1", kFailed, "FROM and TO are one library"},
+      {"import sample.lb1 folder.lb1", kFailed, "folder.lb1: is not a file"},
+      {"copy perry.lb1 ./perry.lb1", kFailed, "FROM and TO are the same library"},
       {"search ETHANOL -l sample.lb1 -l locked.lb1", kFailed,
        "sample.lb1, locked.lb1: no bank of pure components"},
       {"eval ETHANOL VaporP -l perry.lb1 --at -1K", kWrongUsage, "below absolute zero"},
@@ -194,7 +195,7 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"info ''", kFailed, "a file name is empty"},
       // the command line
       {"", kWrongUsage, "see zel --help"},
-      {"nonsense", kWrongUsage, "nonsense is no command; see zel --help"},
+      {"nonsense", kWrongUsage, "'nonsense' is not a zel command; see zel --help"},
       {"info", kWrongUsage, "LIBRARY is required"},
       {"info sample.lb1 --nonsense", kWrongUsage, "--nonsense"},
       {"set sample.lb1", kWrongUsage, "nothing to set"},
@@ -256,7 +257,8 @@ TEST_F(BadInputTest, EveryCommandRefusesEachBadLibrary) {
 
 TEST_F(BadInputTest, MemoThatIsTooLong) {
   MakeFile("long.txt", std::string(4000, 'x'));
-  Refuses({"memo sample.lb1 --file long.txt", kFailed, "4000 characters; 3999 can be kept"});
+  Refuses(
+      {"memo sample.lb1 --file long.txt", kFailed, "4000 characters; at most 3999 can be stored"});
   MakeFile("fits.txt", std::string(3999, 'x'));
   Good("memo sample.lb1 --file fits.txt");
 }
@@ -288,9 +290,9 @@ TEST_F(BadInputTest, FolderThatMayNotBeWritten) {
   std::filesystem::permissions(
       Folder(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
   EXPECT_EQ(Zel("banks sample.lb1", as_).status, 0);
-  Refuses({"set sample.lb1 --description x", kFailed, "no room for a copy beside it"});
+  Refuses({"set sample.lb1 --description x", kFailed, "cannot make a copy next to it"});
   Refuses({"dump sample.lb1", kFailed, "cannot be written"});
-  Refuses({"create new.lb1", kFailed, "no room for a copy beside it"});
+  Refuses({"create new.lb1", kFailed, "cannot make a copy next to it"});
   Refuses({"export sample.lb1", kFailed, "cannot be written"});
 }
 
@@ -334,7 +336,7 @@ TEST_F(BadInputTest, DumpThatCannotBeWrittenKeepsTheOneBefore) {
   Contents const before = ContentsOf(Folder());
   Outcome const outcome = Shell("trap '' XFSZ; ulimit -f 8; \"$ZEL\" dump crc.lb1");
   EXPECT_EQ(outcome.status, kFailed);
-  EXPECT_NE(outcome.err.find("cannot be written whole"), std::string::npos) << outcome.err;
+  EXPECT_NE(outcome.err.find("cannot be written completely"), std::string::npos) << outcome.err;
   EXPECT_TRUE(ContentsOf(Folder()) == before);
 }
 

@@ -50,8 +50,8 @@ TEST_F(CurveTest, TooFewCoefficientsForAnyValueIsAnError) {
   Make("LiquidDensity", "16", "1.5 0.25");
   Outcome const outcome = Zel("eval XXX LiquidDensity" + std::string(kAt));
   EXPECT_EQ(outcome.status, 1) << outcome.out;
-  EXPECT_NE(outcome.err.find("component XXX, LiquidDensity: equation 16 takes at least 4 "
-                             "coefficients and the record has 2"),
+  EXPECT_NE(outcome.err.find("component XXX, LiquidDensity: equation 16 needs at least 4 "
+                             "coefficients, but the record has 2"),
             std::string::npos)
       << outcome.err;
 }
@@ -59,13 +59,13 @@ TEST_F(CurveTest, TooFewCoefficientsForAnyValueIsAnError) {
 TEST_F(CurveTest, TooFewCoefficientsIsAWarning) {
   Make("VaporPressure", "21", "14 -2500");
   std::string const warning =
-      "component XXX, VaporPressure: equation 21 takes at least 3 coefficients and the record has "
+      "component XXX, VaporPressure: equation 21 needs at least 3 coefficients, but the record has "
       "2; missing ones count as 0";
   std::string const words = "eval XXX VaporPressure" + std::string(kAt);
   EXPECT_EQ(Json(words)["warning"], warning);
   EXPECT_TRUE(Json(words)["points"][0]["value"].is_number());
   EXPECT_NE(Good(words + " --csv").find(warning), std::string::npos);
-  EXPECT_NE(Good(words).find("equation 21 takes at least 3"), std::string::npos);
+  EXPECT_NE(Good(words).find("equation 21 needs at least 3"), std::string::npos);
   EXPECT_EQ(Json("plot VaporP XXX -l c.lb1 -o p.svg")["warning"], warning);
   EXPECT_NE(FileText(Folder() / "p.svg").find("Warning: component XXX, VaporPressure: equation 21"),
             std::string::npos);

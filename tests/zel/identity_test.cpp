@@ -144,11 +144,11 @@ TEST_F(IdentityTest, CheckTellsOfItByNumberIdAndCas) {
   };
   for (Row const& row :
        {Row{"number.lb1",
-            "crc.lb1: CRC NBUTANE: has the number 10000112 of number.lb1:OWN and is "
-            "Butane (10000112, NBUTANE, 106-97-8, C4H10), there Water (10000112, "
+            "crc.lb1: CRC NBUTANE: has the number 10000112 of number.lb1:OWN but is "
+            "Butane (10000112, NBUTANE, 106-97-8, C4H10); there it is Water (10000112, "
             "AQUA, 7732-18-5, H2O)"},
-        Row{"id.lb1", "has the ID NBUTANE of id.lb1:OWN and is Butane"},
-        Row{"cas.lb1", "has the CAS number 106-97-8 of cas.lb1:OWN and is Butane"}}) {
+        Row{"id.lb1", "has the ID NBUTANE of id.lb1:OWN but is Butane"},
+        Row{"cas.lb1", "has the CAS number 106-97-8 of cas.lb1:OWN but is Butane"}}) {
     std::string const words = "check " + std::string(row.library) + " crc.lb1";
     Outcome const outcome = Zel(words + " --json");
     EXPECT_EQ(outcome.status, 1);

@@ -207,7 +207,7 @@ TEST_F(InterchangeTest, FailureNeverHasAnEmptyReason) {
       "</bank>");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_FALSE(Has(outcome.err, "doc.xml: ;")) << outcome.err;
-  EXPECT_TRUE(Has(outcome.err, "doc.xml: 1 errors, listed above; no library was made"))
+  EXPECT_TRUE(Has(outcome.err, "doc.xml: 1 errors, listed above; no library was created"))
       << outcome.err;
 }
 

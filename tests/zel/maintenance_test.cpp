@@ -26,7 +26,7 @@ TEST_F(MaintenanceTest, PasswordForALibraryWithout) {
   EXPECT_EQ(general.status, 0) << general.err;
   Outcome const given = Zel("set crc.lb1 --description z --password x");
   EXPECT_EQ(given.status, 1);
-  EXPECT_EQ(given.err, "zel: crc.lb1: has no password; leave --password out\n");
+  EXPECT_EQ(given.err, "zel: crc.lb1: has no password; omit --password\n");
   EXPECT_NE(Good("info crc.lb1").find("y\n"), std::string::npos);
 }
 

@@ -132,7 +132,7 @@ TEST_F(MovesTest, ExportWhereNothingCanGoBack) {
   int left = 0;
   FailAll(export_, before, AndAllAfter(), [&](FaultedRun const& run) {
     EXPECT_TRUE(IsTold(run));
-    std::size_t const list = run.err.find("; these are new already: ");
+    std::size_t const list = run.err.find("; these are already new: ");
     std::string const named = list == std::string::npos ? "" : run.err.substr(list);
     for (auto const& [name, bytes] : Now()) {
       auto const old = before.find(name);

@@ -194,7 +194,7 @@ TEST_F(OutputFilesTest, ModeOfALibraryThatExistsIsKept) {
         "copy crc.lb1 out/own.lb1 --mode 0664", "copy crc.lb1 out/own.lb1 --create --mode 0664"}) {
     Outcome const outcome = Zel(words);
     EXPECT_EQ(outcome.status, 2) << words;
-    EXPECT_NE(outcome.err.find("out/own.lb1 exists and keeps its mode, which chmod changes"),
+    EXPECT_NE(outcome.err.find("out/own.lb1 exists and keeps its mode; use chmod to change it"),
               std::string::npos)
         << outcome.err;
     EXPECT_EQ(ModesOf("out/own.lb1"), "640 ");

@@ -79,13 +79,13 @@ TEST_F(SenseTest, EachDefectHasItsWarning) {
        "LiquidCp: equation 99 is not known; it cannot be evaluated within its range"},
       {"equation=\"1\" tempUnit=\"k\" propUnit=\"kj/kg-k\"",
        "equation=\"16\" tempUnit=\"k\" propUnit=\"kj/kg-k\"", "equation",
-       "LiquidCp: equation 16 takes at least 4 coefficients and the record has 2"},
+       "LiquidCp: equation 16 needs at least 4 coefficients, but the record has 2"},
       {"equation=\"1\" tempUnit=\"k\" propUnit=\"kj/kg-k\"",
        "equation=\"5\" tempUnit=\"k\" propUnit=\"kj/kg-k\"", "equation",
-       "LiquidCp: equation 5 takes at least 3 coefficients and the record has 2"},
+       "LiquidCp: equation 5 needs at least 3 coefficients, but the record has 2"},
       {"value=\"273.15\"", "value=\"275\"", "temperatures", "NMP 275 is above TTP 273.16"},
       {"value=\"373.15\"", "value=\"700\"", "temperatures", "NBP 700 is above TC 647.096"},
-      {"tMax=\"533.15\"", "tMax=\"200\"", "temperatures", "LiquidCp goes from 273.16 to 200 K"},
+      {"tMax=\"533.15\"", "tMax=\"200\"", "temperatures", "LiquidCp has the range 273.16 to 200 K"},
       {"value=\"0.2294\"", "value=\"0.26\"", "critical", "ZC is 0.26"},
       {"value=\"0.344\"", "value=\"0.4\"", "acentric", "ACENTRIC is 0.4"},
       {"value=\"373.15\"", "value=\"380\"", "vapor-pressure", "at NBP 380 K"},
@@ -183,7 +183,7 @@ TEST_F(SenseTest, MagnitudeAcrossLibraries) {
   Good("copy own.lb1 one.lb1 --create");
   Warnings(With(kGood, "name=\"ACENTRIC\" value=\"0.344\"", "name=\"DIPOLE\" value=\"6.2\""));
   EXPECT_EQ(WarningsOf("one.lb1 own.lb1"), Ids{"magnitude"}) << report_;
-  EXPECT_NE(What().find("DIPOLE is 6.2, where one.lb1 has 1.8"), std::string::npos) << What();
+  EXPECT_NE(What().find("DIPOLE is 6.2, but one.lb1 has 1.8"), std::string::npos) << What();
 }
 
 // Further data of a component, each right and wrong.
@@ -202,7 +202,7 @@ TEST_F(SenseTest, DensityLatentHeatAndSolidsBesideConstants) {
   EXPECT_EQ(Warnings(with(curve("LiquidDensity", "kg/m3", "647.096", "40"))),
             Ids{"critical-density"})
       << report_;
-  EXPECT_NE(What().find("at TC the liquid density is 40 kg-mol/m3, where VC gives 17.88"),
+  EXPECT_NE(What().find("at TC the liquid density is 40 kg-mol/m3, but VC gives 17.88"),
             std::string::npos)
       << What();
   EXPECT_EQ(Warnings(with(heat + curve("LatentHeat", "kj/kg", "640", "40000"))), Ids{}) << report_;
@@ -310,7 +310,7 @@ TEST_F(SenseTest, GroupsThatAreNotThere) {
   std::string const all = report_.dump();
   EXPECT_NE(all.find("UNFORIG:G group 9: its main group 9 has no interaction"), std::string::npos)
       << all;
-  EXPECT_NE(all.find("STRUCT:S 10000008: has groups that UNFORIG:G does not hold: 5"),
+  EXPECT_NE(all.find("STRUCT:S 10000008: has groups that are not in UNFORIG:G: 5"),
             std::string::npos)
       << all;
 }

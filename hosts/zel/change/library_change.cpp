@@ -80,7 +80,7 @@ void LibraryChange::OpenForUpdate(ChangeOptions const& options) {
     if (!library_) throw;
   }
   if (!options.passwordIsGeneral) {
-    throw Failure(shown_ + ": has no password; leave --password out");
+    throw Failure(shown_ + ": has no password; omit --password");
   }
 }
 
@@ -93,7 +93,7 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path,
     LibraryChange const probe(session, path, {made.password, false, false});
   }
   if (!fs::is_directory(fs::absolute(path).parent_path())) {
-    throw Failure(path + ": its folder is not there");
+    throw Failure(path + ": its folder does not exist");
   }
   LibraryChange change(session);
   change.shown_ = path;

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr char kNoRoom[] = "no room for a copy beside it";
+constexpr char kNoCopy[] = "cannot make a copy next to it";
 constexpr char kNotInPlace[] = "the changed library cannot be put in place";
 
 void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
@@ -48,7 +48,7 @@ FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
   FolderTurn const turn(folder.parent_path().string());
   fs::path const lock = folder / kLockName;
   if (Exists(lock)) FileLock::Take(lock.string(), shownAs);
-  OrFail(shownAs, kNoRoom, [&] {
+  OrFail(shownAs, kNoCopy, [&] {
     RemoveTree(folder);
     // Only a folder made here and now is used, whatever somebody else has put in its place.
     if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
@@ -77,7 +77,7 @@ std::string WorkFolder::First() const {
 
 void WorkFolder::Share(FileAccess const& access) const {
   constexpr mode_t kRead = 0444;
-  OrFail(shownAs_, kNoRoom, [&] {
+  OrFail(shownAs_, kNoCopy, [&] {
     GiveAccess(fs::path(folder_) / kLockName, {access.mode | S_IRUSR | S_IWUSR, access.owner});
     GiveAccess(folder_, {access.mode | ((access.mode & kRead) >> 2) | S_IRWXU, access.owner});
   });

@@ -75,7 +75,7 @@ Report Banks(Session& session, Options const& o) {
     zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
     std::int32_t const format = library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str());
     table.Add(bank.type, bank.name, std::int64_t{format == 0 ? 1 : format},
-              item ? Text(BankFacts(*item).description) : Text("a type that is not known here"));
+              item ? Text(BankFacts(*item).description) : Text("an unknown type"));
   }
   return report;
 }
@@ -165,7 +165,7 @@ Report Items(Session& session, Options const& o) {
       zel::Handle<zel::Key> const key(zel::Key::NewKey());
       key->SetKeyWords(static_cast<long>(stored.size()), stored.data());
       if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
-        throw Failure(o.path + ": " + ToText(bank) + ", item " + Joined(parts) + ": is not found");
+        throw Failure(o.path + ": " + ToText(bank) + ", item " + Joined(parts) + ": not found");
       }
       for (Field const& field : fields) row.push_back(ValueOf(*item, field));
     }

@@ -108,8 +108,8 @@ void CheckIdentities(std::vector<Library> const& libraries, Collector& collector
   IdentityAcross across(
       [&](SourcedIdentity const& one, SourcedIdentity const& other, std::string const& what) {
         collector.Sense(kIdentity, place,
-                        "has " + what + " of " + other.source + " and is " + ToText(one.identity) +
-                            ", there " + ToText(other.identity));
+                        "has " + what + " of " + other.source + " but is " + ToText(one.identity) +
+                            "; there it is " + ToText(other.identity));
       });
   for (Library const& library : libraries) {
     collector.Library(library.Path());
@@ -214,7 +214,7 @@ Report Check(Session& session, Options const& o) {
     collector.Library(path);
     bool const good = zel::VerifyLibrary(&library.File(), collector);
     if (!good && !o.structureOnly) {
-      std::fprintf(stderr, "zel: %s: is damaged, the sense of its data was not checked\n",
+      std::fprintf(stderr, "zel: %s: is damaged; the plausibility of its data was not checked\n",
                    path.c_str());
     }
     if (!good || o.structureOnly) continue;
@@ -241,13 +241,14 @@ Report Check(Session& session, Options const& o) {
 
 void AddCheckCommand(CommandLine& line) {
   auto const o = std::make_shared<Options>();
-  Command(line, "check", "Check a library's structure and its data's sense",
+  Command(line, "check", "Check the structure and plausibility of libraries",
           "zel check perry.lb1 crc.lb1 --silence source")
-      .OptionalArgument("LIBRARY", o->paths, "libraries, each held against the others")
-      .Option("--silence", o->silent, "tell nothing of these checks", "ID...")
-      .Flag("--accept-identity", o->acceptIdentity, "different substances are a warning")
-      .Flag("--structure", o->structureOnly, "the structure only")
-      .Flag("--ids", o->senseIds, "list the checks of sense and their rules")
+      .OptionalArgument("LIBRARY", o->paths, "libraries, each compared with the others")
+      .Option("--silence", o->silent, "do not report these checks", "ID...")
+      .Flag("--accept-identity", o->acceptIdentity,
+            "different substances are a warning, not an error")
+      .Flag("--structure", o->structureOnly, "check only the structure")
+      .Flag("--ids", o->senseIds, "list the checks and their rules")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Check(session, *o); });
 }
 

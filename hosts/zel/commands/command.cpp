@@ -24,7 +24,7 @@ std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int cou
     bool const isCommand =
         !app.get_subcommands([&](CLI::App const* command) { return command->get_name() == first; })
              .empty();
-    if (!isCommand) return std::string(first) + " is no command; see zel --help";
+    if (!isCommand) return "'" + std::string(first) + "' is not a zel command; see zel --help";
     return std::string(error.what()) + "; see zel " + first + " --help";
   }
   return std::string(error.what()) + "; see zel --help";
@@ -98,18 +98,18 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
 CommandLine::CommandLine(Session& session)
     : session_(session),
       app_(std::make_unique<CLI::App>(
-          "zel: looks into component libraries of thermophysical data and keeps them", "zel")) {
+          "zel: inspects and maintains component libraries of thermophysical data", "zel")) {
   app_->require_subcommand(1);
   app_->set_version_flag("--version", "zel " ZEL_VERSION);
   app_->footer(
       "A component is named by its number, its ID or its CAS number, a bank by its\n"
-      "name or as TYPE:NAME. zel COMMAND --help tells more, with an example.");
+      "name or as TYPE:NAME. zel COMMAND --help describes a command, with an example.");
   constexpr std::size_t kWordsColumn = 26;
   app_->get_formatter()->column_width(kWordsColumn);
   app_->fallthrough();
   app_->add_option_function<std::string>(
           "--names", [&session](std::string const& path) { session.namesPath = path; },
-          "a library for IDs that the one at hand does not know")
+          "a library to look up unknown IDs in")
       ->type_name("LIBRARY")
       ->envname("ZEL_NAMES")
       ->trigger_on_parse();

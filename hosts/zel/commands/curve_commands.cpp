@@ -35,8 +35,8 @@ zel::ZelCorrelationInfo const& CorrelationNamed(std::string const& word) {
   zel::ZelCorrelationInfo const* const found = FindCorrelation(word);
   if (found == nullptr) {
     throw Failure("\"" + word +
-                  "\" is not a correlation, or is the beginning of several; `zel types " +
-                  kPureType + "` lists them");
+                  "\" is not a correlation, or the beginning of several; `zel types " + kPureType +
+                  "` lists them");
   }
   return *found;
 }
@@ -75,7 +75,7 @@ std::vector<double> Temperatures(Options const& o, Curve const& curve, std::stri
       throw WrongUsage("--at and --from/--to exclude each other");
     return temperatures;
   }
-  if (o.steps < 1 || o.steps > 100000) throw WrongUsage("--steps is 1 to 100000");
+  if (o.steps < 1 || o.steps > 100000) throw WrongUsage("--steps must be 1 to 100000");
   double const low = o.from.empty() ? curve.tMin : ParseTemperature(o.from).In(curve.tempUnit);
   double const high = o.to.empty() ? curve.tMax : ParseTemperature(o.to).In(curve.tempUnit);
   if (zel::gen_IsUndefDouble(low) || zel::gen_IsUndefDouble(high)) {
@@ -93,7 +93,7 @@ std::string StatusText(std::int32_t status) {
 
 Report Eval(Session& session, Options const& o) {
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
-  if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives is 0 to 3");
+  if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives must be 0 to 3");
   PreferenceList list(session, o.sources);
   PureComponent component;
   list.Search(o.component, component);
@@ -258,10 +258,10 @@ void AddCurveCommands(CommandLine& line) {
       .Argument("CORRELATION", o->correlation, "its name or the beginning of it");
   AddSourceOptions(eval, o->sources);
   eval.Option("--at", o->at, "temperatures, in K without a unit", "T...")
-      .Option("--from", o->from, "lowest temperature, else the record's", "T")
-      .Option("--to", o->to, "highest temperature, else the record's", "T")
-      .Option("--steps", o->steps, "how many steps from one to the other; 10", "N")
-      .Option("--derivatives", o->derivatives, "how many derivatives, 0 to 3; 1", "N")
+      .Option("--from", o->from, "lowest temperature; default: the record's", "T")
+      .Option("--to", o->to, "highest temperature; default: the record's", "T")
+      .Option("--steps", o->steps, "number of steps; default: 10", "N")
+      .Option("--derivatives", o->derivatives, "number of derivatives, 0 to 3; default: 1", "N")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Eval(session, *o); });
   Command plot(line, "plot", "Draw a correlation of components as an SVG chart",
                "zel plot VaporPressure ETHANOL WATER -l perry.lb1 --log -o vp.svg");
@@ -271,7 +271,7 @@ void AddCurveCommands(CommandLine& line) {
   plot.Required("-o,--output", o->output, "the SVG file; - is standard output", "FILE")
       .Option("--from", o->from, "lowest temperature, in K without a unit", "T")
       .Option("--to", o->to, "highest temperature, in K without a unit", "T")
-      .Flag("--log", o->logarithmic, "logarithmic values")
+      .Flag("--log", o->logarithmic, "logarithmic axis for the values")
       .Flag("--each", o->each, "a line for each bank instead of the merged one")
       .Run(Outputs::kJson, [o](Session& session) { return Plot(session, *o); });
 }

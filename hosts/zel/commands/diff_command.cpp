@@ -202,12 +202,12 @@ Report Diff(Session& session, Options const& o) {
 
 void AddDiffCommand(CommandLine& line) {
   auto const o = std::make_shared<Options>();
-  Command diff(line, "diff", "Tell what differs between two libraries",
+  Command diff(line, "diff", "Show the differences between two libraries",
                "zel diff perry.lb1 own.lb1 --bank PERRY");
   diff.Argument("FIRST", o->one, "a library file")
       .Argument("SECOND", o->other, "a library file")
       .Option("--bank", o->bank, "only this bank", "BANK")
-      .Flag("--exit-code", o->exitCode, "exit status 1 when they differ");
+      .Flag("--exit-code", o->exitCode, "exit status 1 if they differ");
   AddStrict(diff);
   diff.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Diff(session, *o); });
 }

@@ -89,7 +89,7 @@ Report Import(Session& session, Options const& o) {
   zel::zelImportChecks const checks = ChecksOf(o);
   for (std::string const& file : o.files) {
     if (!fs::exists(file)) throw Failure(file + ": not found");
-    if (!fs::is_regular_file(file)) throw Failure(file + ": is no file");
+    if (!fs::is_regular_file(file)) throw Failure(file + ": is not a file");
   }
   if (o.bank.size() >= kNameSize) throw Failure("a bank's name has 1 to 8 characters: " + o.bank);
   bool const isNew = o.create && !fs::exists(o.path);
@@ -113,10 +113,10 @@ Report Import(Session& session, Options const& o) {
     if (good) continue;
     waiting.reset();
     EndFailed(session, report, log, file,
-              Reason(*maint, counts, o) + (isNew ? "; no library was made"
+              Reason(*maint, counts, o) + (isNew ? "; no library was created"
                                            : o.change.inPlace
                                                ? "; what came before the error was imported"
-                                               : "; the library is as it was"));
+                                               : "; the library is unchanged"));
   }
   report.Fact("imported", static_cast<std::int64_t>(o.files.size()));
   report.Fact("library", o.path);
@@ -231,8 +231,9 @@ Report Export(Session& session, Options const& o) {
   report.Fact("documents", documents.MoveInto());
   report.Fact("to", (target.folder / target.name).string());
   if (leftOut != 0) {
-    report.Fact("left out", std::to_string(leftOut) +
-                                " correlations with equations above 100, which documents have not");
+    report.Fact("left out",
+                std::to_string(leftOut) +
+                    " correlations with equations above 100, which documents cannot represent");
   }
   for (auto const& fact : findings.Facts()) report.Fact(fact.name, fact.value);
   for (Table const& table : findings.Tables()) report.Add(table);
@@ -247,7 +248,7 @@ void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty
   char last = '\n';
   if (size > 0) file.seekg(-1, std::ios::end).get(last);
   if (!file || last != '\n' || (size == 0 && !mayBeEmpty)) {
-    throw Failure(target.string() + ": cannot be written whole");
+    throw Failure(target.string() + ": cannot be written completely");
   }
 }
 
@@ -290,7 +291,7 @@ Report DumpIndexes(Session& session, Options const& o) {
 
 Report Dump(Session& session, Options const& o) {
   if (o.bank.empty()) return DumpIndexes(session, o);
-  if (session.form != Form::kText) throw WrongUsage("--tree is text alone");
+  if (session.form != Form::kText) throw WrongUsage("--tree prints text only");
   Library const library = OpenFinished(session, o.path);
   BankName const bank = library.Bank(o.bank);
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(&library.Maint());
@@ -313,18 +314,18 @@ void AddDocumentCommands(CommandLine& line) {
   reading.Argument("LIBRARY", o->path, "a library file")
       .Argument("DOCUMENT", o->files, "documents of a library, bank or component")
       .Option("--bank", o->bank, "the documents are components for this bank", "NAME")
-      .Flag("--create", o->create, "make the library when it is not there")
-      .Flag("--replace", o->replace, "with --bank, components that are there are replaced")
+      .Flag("--create", o->create, "create the library if it does not exist")
+      .Flag("--replace", o->replace, "with --bank, replace components that exist already")
       .Flag("--lenient", o->lenient, "malformed numbers and lost parts are warnings")
-      .Flag("--strict", o->strict, "texts that cannot be kept as they are are errors")
-      .Flag("--verbose", o->verbose, "line up the types of banks that begin");
+      .Flag("--strict", o->strict, "texts that cannot be stored unchanged are errors")
+      .Flag("--verbose", o->verbose, "align the bank types in the log");
   AddModeOption(reading, o->mode);
   AddChangeOptions(reading, o->change);
   reading.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Import(session, *o); });
   Command writing(line, "export", "Write a library, a bank or a component as XML",
                   "zel export sample.lb1 -o sample.xml");
   writing.Argument("LIBRARY", o->path, "a library file")
-      .Option("-o,--output", o->output, "the document (.xml), or a folder; else beside LIBRARY",
+      .Option("-o,--output", o->output, "the document (.xml), or a folder; else next to LIBRARY",
               "FILE")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Option("--component", o->component, "only this component", "COMPONENT")

@@ -49,7 +49,7 @@ void MakeBank(Library const& from, Library const& to, BankName const& bank) {
     return;
   }
   if (!to.Maint().CreateBank(type, name, from.Maint().GetBankFormat(type, name))) {
-    throw Failure(to.Path() + ": bank " + ToText(bank) + " cannot be made");
+    throw Failure(to.Path() + ": bank " + ToText(bank) + " cannot be created");
   }
   char memo[kMemoSize] = {};
   from.Maint().GetBankMemo(type, name, memo);
@@ -82,7 +82,7 @@ int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::
     return 0;
   }
   if (!replace && to.Maint().ItemExists(&item, name, key.get())) {
-    Refuse(to, bank, shown, "is there already; --replace takes the new one");
+    Refuse(to, bank, shown, "exists already; --replace replaces it");
   }
   if (!to.Maint().WriteItem(&item, name, key.get())) {
     Refuse(to, bank, shown, Reasons(to, item, *key));
@@ -111,7 +111,7 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   zel::Handle<zel::Key> const key = KeyIn(from, *item, o.words);
   if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
-    Refuse(from, bank, Joined(o.words), "is not there" + WhyNotFound(from, *item, o.words));
+    Refuse(from, bank, Joined(o.words), "does not exist" + WhyNotFound(from, *item, o.words));
   }
   // By numbers and as it is stored: the other library need not know the IDs.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
@@ -125,7 +125,7 @@ Report Copy(Session& session, Options const& o) {
   }
   std::error_code none;
   if (std::filesystem::equivalent(o.from, o.path, none)) {
-    throw Failure(o.from + ": FROM and TO are one library");
+    throw Failure(o.from + ": FROM and TO are the same library");
   }
   CheckModeFor(o.path, o.mode);
   Library const from = OpenFinished(session, o.from);
@@ -170,7 +170,8 @@ Report Delete(Session& session, Options const& o) {
     zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
     zel::Handle<zel::Key> const key = KeyIn(library, *item, o.words);
     if (!library.Maint().DeleteItem(type, name, key.get())) {
-      Refuse(library, bank, Joined(o.words), "is not there" + WhyNotFound(library, *item, o.words));
+      Refuse(library, bank, Joined(o.words),
+             "does not exist" + WhyNotFound(library, *item, o.words));
     }
   }
   Report report;
@@ -187,10 +188,10 @@ void AddItemCommands(CommandLine& line) {
                "zel copy perry.lb1 own.lb1 --bank PERRY --item ETHANOL");
   copy.Argument("FROM", o->from, "a library file")
       .Argument("TO", o->path, "the library to change")
-      .Option("--bank", o->banks, "this bank; all banks when not given", "BANK")
+      .Option("--bank", o->banks, "this bank; by default all banks", "BANK")
       .Option("--item", o->words, "this item of the bank", "WORD...")
-      .Flag("--replace", o->replace, "items that are there are replaced and no error")
-      .Flag("--create", o->create, "make the library TO when it is not there");
+      .Flag("--replace", o->replace, "replace items that exist already")
+      .Flag("--create", o->create, "create the library TO if it does not exist");
   AddModeOption(copy, o->mode);
   AddStrict(copy);
   AddChangeOptions(copy, o->change);
@@ -199,7 +200,7 @@ void AddItemCommands(CommandLine& line) {
   remove.Argument("LIBRARY", o->path, "the library to change")
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .OptionalArgument("ITEM", o->words, "its components, numbers or text")
-      .Flag("--whole-bank", o->wholeBank, "remove the bank with all items");
+      .Flag("--whole-bank", o->wholeBank, "remove the bank with all its items");
   AddChangeOptions(remove, o->change);
   remove.Run(Outputs::kJson, [o](Session& session) { return Delete(session, *o); });
 }

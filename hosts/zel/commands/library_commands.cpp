@@ -41,8 +41,8 @@ char const* TextOrNull(std::optional<std::string> const& text) {
 
 void CheckLength(std::optional<std::string> const& text, std::size_t most, char const* what) {
   if (!text || text->size() <= most) return;
-  throw Failure(what + (" has " + std::to_string(text->size())) + " characters; " +
-                std::to_string(most) + " can be kept");
+  throw Failure(what + (" has " + std::to_string(text->size())) + " characters; at most " +
+                std::to_string(most) + " can be stored");
 }
 
 // Texts of the header are stored in a code of printable characters, as those of keys are.
@@ -58,7 +58,7 @@ void CheckCharacters(std::optional<std::string> const& text, char const* what) {
     for (std::size_t i = 0; i < piece.size(); ++i) {
       char const there = i < std::strlen(kept) ? kept[i] : ' ';
       if (there == piece[i]) continue;
-      throw Failure(what + std::string(" has characters that a library cannot keep, from \"") +
+      throw Failure(what + std::string(" has characters that a library cannot store, from \"") +
                     text->substr(at + i) + "\" on");
     }
   }
@@ -147,7 +147,7 @@ std::string FileText(std::string const& path) {
   std::ifstream file = OpenInput(path);
   if (!file || std::filesystem::is_directory(path)) throw Failure(path + ": cannot be read");
   std::string text(std::istreambuf_iterator<char>(file), {});
-  if (text.find('\0') != std::string::npos) throw Failure(path + ": is no text");
+  if (text.find('\0') != std::string::npos) throw Failure(path + ": is not a text file");
   return text;
 }
 
@@ -170,8 +170,8 @@ Report Memo(Session& session, Options& o) {
   }
   std::string const text = o.clear ? "" : o.text ? *o.text : FileText(o.file);
   if (text.size() >= kMemoSize) {
-    throw Failure("the memo has " + std::to_string(text.size()) + " characters; " +
-                  std::to_string(kMemoSize - 1) + " can be kept");
+    throw Failure("the memo has " + std::to_string(text.size()) + " characters; at most " +
+                  std::to_string(kMemoSize - 1) + " can be stored");
   }
   LibraryChange change(session, o.path, o.change);
   Library const& library = change.Open();
@@ -210,14 +210,14 @@ Report Set(Session& session, Options const& o) {
 
 void AddLibraryCommands(CommandLine& line) {
   auto const o = std::make_shared<Options>();
-  Command create(line, "create", "Make an empty library",
+  Command create(line, "create", "Create an empty library",
                  "zel create own.lb1 --description \"Plant data\"");
   create.Argument("LIBRARY", o->path, "the new file; its name ends in .lb1")
       .Option("--description", o->description, "up to 100 characters", "TEXT")
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
       .Option("--kind", o->kind, "11, 12 or 13", "N")
-      .Flag("--force", o->force, "replace a library that is there")
-      .Option("--password", o->change.password, "of a protected library that is there", "TEXT");
+      .Flag("--force", o->force, "replace an existing library")
+      .Option("--password", o->change.password, "of an existing protected library", "TEXT");
   AddModeOption(create, o->mode);
   create.Run(Outputs::kJson, [o](Session& session) { return Create(session, *o); });
   Command(line, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
@@ -228,7 +228,7 @@ void AddLibraryCommands(CommandLine& line) {
   memo.Argument("LIBRARY", o->path, "a library file")
       .Option("--bank", o->bank, "the memo of this bank", "BANK")
       .Option("--set", o->text, "the new memo, up to 3999 characters", "TEXT")
-      .Option("--file", o->file, "take the new memo from a file", "FILE")
+      .Option("--file", o->file, "read the new memo from a file", "FILE")
       .Flag("--clear", o->clear, "empty the memo");
   AddChangeOptions(memo, o->change);
   memo.Run(Outputs::kJson, [o](Session& session) { return Memo(session, *o); });
@@ -237,9 +237,9 @@ void AddLibraryCommands(CommandLine& line) {
   set.Argument("LIBRARY", o->path, "a library file")
       .Option("--description", o->description, "up to 100 characters", "TEXT")
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
-      .Option("--new-password", o->newPassword, "ask for this password at every update", "TEXT")
+      .Option("--new-password", o->newPassword, "require this password for every update", "TEXT")
       .Option("--level", o->level, "of the new password: 1 protects, 2 marks data too", "N")
-      .Flag("--clear-password", o->clearPassword, "ask for no password any more");
+      .Flag("--clear-password", o->clearPassword, "no longer require a password");
   AddChangeOptions(set, o->change);
   set.Run(Outputs::kJson, [o](Session& session) { return Set(session, *o); });
 }

@@ -42,7 +42,7 @@ zel::compListSorts SortNamed(std::string const& word) {
   for (Sort const& row : kSorts) {
     if (word == row.word) return row.sort;
   }
-  throw WrongUsage("--sort is name, id, formula, cas, nbp or mw");
+  throw WrongUsage("--sort must be name, id, formula, cas, nbp or mw");
 }
 
 // A list begins with comments, which say that it is generated.
@@ -53,7 +53,7 @@ bool IsList(std::string const& path) {
 
 void Read(Options const& o, std::string const& path, zel::CompList& list) {
   if (!list.ReadList(path.c_str())) throw Failure(o.path + ": not found, or cannot be read");
-  if (!IsList(path)) throw Failure(o.path + ": is no list; --build makes one");
+  if (!IsList(path)) throw Failure(o.path + ": is not a list; --build makes one");
 }
 
 // The new list is read before it is moved into place, so that a failure leaves the old one.
@@ -123,7 +123,7 @@ void AddListCommand(CommandLine& line) {
       .Option("--filter", o->filter, "of the sorted text: \"*\" any text, \"?\" one letter",
               "PATTERN")
       .Option("--range", o->range, "of the sorted number; an end may be missing", "MIN:MAX")
-      .Flag("--descending", o->descending, "the last first");
+      .Flag("--descending", o->descending, "in descending order");
   AddStrict(list);
   list.Run(Outputs::kJsonAndCsv, [o](Session& session) { return List(session, *o); });
 }

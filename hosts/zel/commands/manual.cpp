@@ -8,7 +8,7 @@ namespace {
 
 constexpr char kTop[] = R"(.TH ZEL 1 "" "zel )" ZEL_VERSION R"(" "User Commands"
 .SH NAME
-zel \- looks into component libraries of thermophysical data and keeps them
+zel \- inspects and maintains component libraries of thermophysical data
 .SH SYNOPSIS
 .B zel
 .I COMMAND
@@ -18,36 +18,37 @@ zel \- looks into component libraries of thermophysical data and keeps them
 A component library is a pair of files, NAME.lb1 and NAME.lb2, with banks of data: pure components with
 their constants and correlations, interaction parameters of pairs, group tables, mappings of names.
 .PP
-A library is named by its first file; a bank by its name, by its type if there is one of it, or as TYPE:NAME;
-a component by its number, its ID or its CAS number; a temperature with its unit, as in 298.15K, 25C, 537R
-or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
+A library is named by its first file; a bank by its name, by its type if there is only one bank of that type,
+or as TYPE:NAME; a component by its number, its ID or its CAS number; a temperature with its unit, as in
+298.15K, 25C, 537R or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
 .PP
-memo, set, import, copy and delete work on a copy beside the library and put it in place at the end: one
-that fails or is killed leaves the library as it was.
+memo, set, import, copy, delete and create \-\-force work on a copy next to the library and move it into place
+at the end: a command that fails or is killed leaves the library unchanged.
 .SH OPTIONS OF ALL COMMANDS
 )";
 
 constexpr char kBottom[] = R"(.SH ENVIRONMENT
 .TP
 .B ZEL_NAMES
-stands for \-\-names
+the library to look up unknown IDs in, if \-\-names is not given
 .TP
 .B ZEL_PASSWORD
-stands for \-\-password, which others on the machine can see
+the password, if \-\-password is not given; unlike that option, other users of the machine cannot see it
 .TP
 .B ZEL_PROGRESS_DELAY
-milliseconds until long work shows a bar on a terminal; 500 when not set
+milliseconds until long work shows its progress on a terminal; 500 by default
 .SH EXIT STATUS
-0 when the work was done, 1 when it failed or something was found wrong, 2 when the words of the command line
-make no sense.
+0 if the work was done, 1 if it failed or a fault was found, 2 if the command line
+is invalid.
 .SH FILES
 .TP
 .I .NAME.lb1.zel-new
-the copy of NAME.lb1 and NAME.lb2 that a command works on; what a killed command leaves of it goes with the
-next change
+the copy of NAME.lb1 and NAME.lb2 that a command works on; the next command that names the library removes
+what a killed command left of it
 .TP
 .I .NAME.lb1.zel-ready
-a change that was cut off while it was put in place; the next command that names the library finishes it
+a change that is being put in place; if it was cut off before its last step, the next command that names the
+library moves the old files back, otherwise it only removes this folder
 )";
 
 // Keeps minus signs as they are typed, and lines from being read as requests.

@@ -168,8 +168,8 @@ Report Why(Session& session, Options const& o) {
   zel::ZelConstantInfo const* const constant = FindConstant(o.datum);
   zel::ZelCorrelationInfo const* const curve = FindCorrelation(o.datum);
   if (constant == nullptr && curve == nullptr) {
-    throw Failure("\"" + o.datum + "\" is no constant and no correlation; `zel types " + kPureType +
-                  "` lists them");
+    throw Failure("\"" + o.datum + "\" is neither a constant nor a correlation; `zel types " +
+                  kPureType + "` lists them");
   }
   PreferenceList list(session, o.sources);
   PureComponent merged;
@@ -303,7 +303,7 @@ Report Coverage(Session& session, Options const& o) {
 
 void AddSearchCommands(CommandLine& line) {
   auto const o = std::make_shared<Options>();
-  Command search(line, "search", "Merge a component over libraries, then complete it",
+  Command search(line, "search", "Merge a component from libraries and complete it",
                  "zel search ETHANOL -l perry.lb1:PERRY -l crc.lb1");
   search.Argument("COMPONENT", o->component, "by number, ID or CAS number");
   AddSourceOptions(search, o->sources);

@@ -18,7 +18,7 @@ void AddChangeOptions(Command& command, ChangeOptions& options) {
 }
 
 void AddModeOption(Command& command, std::string& mode) {
-  command.Option("--mode", mode, "of new files, e.g. 0664; else as libraries beside it", "OCTAL");
+  command.Option("--mode", mode, "of new files, e.g. 0664; else as libraries next to it", "OCTAL");
 }
 
 std::optional<mode_t> ModeOf(std::string const& text) {
@@ -29,7 +29,7 @@ std::optional<mode_t> ModeOf(std::string const& text) {
   mode_t mode = 0;
   auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), mode, kOctal);
   if (error != std::errc() || end != text.data() + text.size() || mode > kMost) {
-    throw WrongUsage("--mode is an octal number from 0600 to 0777, not " + text);
+    throw WrongUsage("--mode must be an octal number from 0600 to 0777, not " + text);
   }
   if ((mode & kOwner) != kOwner) {
     throw WrongUsage("--mode " + text + " does not let the owner read and write; 0600 does");
@@ -40,13 +40,13 @@ std::optional<mode_t> ModeOf(std::string const& text) {
 void CheckModeFor(std::string const& library, std::string const& mode) {
   if (!ModeOf(mode) || !std::filesystem::exists(library)) return;
   throw WrongUsage("--mode is for a new library; " + library +
-                   " exists and keeps its mode, which chmod changes");
+                   " exists and keeps its mode; use chmod to change it");
 }
 
 void AddSourceOptions(Command& command, SourceOptions& options) {
   command
-      .Required("-l,--lib", options.libraries, "LIBRARY[:BANK]; once for each, the preferred first",
-                "SOURCE")
+      .Required("-l,--lib", options.libraries,
+                "LIBRARY[:BANK]; once for each, the preferred one first", "SOURCE")
       .Flag("--accept-identity", options.acceptIdentity,
             "merge sources that mean different substances");
 }

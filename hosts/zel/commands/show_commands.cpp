@@ -185,18 +185,18 @@ Report Find(Session& session, Options const& o) {
 
 void AddShowCommands(CommandLine& line) {
   auto const o = std::make_shared<Options>();
-  Command(line, "show", "Show one item whole",
+  Command(line, "show", "Show everything in one item",
           "zel show sample.lb1 NRTL ETHANOL WATER --names perry.lb1")
       .Argument("LIBRARY", o->path, "a library file")
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .Argument("ITEM", o->words, "its components, numbers or text")
-      .Flag("--complete", o->complete, "of a pure component: derive what is missing")
+      .Flag("--complete", o->complete, "for a pure component: derive missing constants")
       .Run(Outputs::kJson, [o](Session& session) { return Show(session, *o); });
-  Command find(line, "find", "Find components by what is known of them",
+  Command find(line, "find", "Find components by their properties",
                "zel find crc.lb1 --name \"*butan*\" --nbp 250:320");
   find.Argument("LIBRARY", o->path, "a library file")
       .Option("--bank", o->bank, "look in this bank only", "BANK")
-      .Option("--name", o->name, "\"*\" stands for any text, \"?\" for one character", "PATTERN")
+      .Option("--name", o->name, "\"*\" matches any text, \"?\" one character", "PATTERN")
       .Option("--id", o->id, "the same for the IDs", "PATTERN")
       .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")
       .Option("--formula", o->formula, "the same for the formula", "PATTERN")

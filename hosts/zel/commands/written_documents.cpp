@@ -45,7 +45,7 @@ void CheckDocumentNames(Library const& library, std::vector<BankName> const& ban
   for (BankName const& bank : banks) {
     if (!HasSeparator(bank.name)) continue;
     throw Failure(library.Path() + ": bank " + ToText(bank) +
-                  " has \"/\" in its name, which the name of its document cannot have; export the "
+                  " has \"/\" in its name, which a file name cannot contain; export the "
                   "banks one at a time, this one with -o FILE.xml");
   }
 }
@@ -60,7 +60,7 @@ void CheckComponentNames(Library const& library, std::vector<BankName> const& ba
       std::string const id = component.ReadIdentity().FirstId();
       if (!HasSeparator(id)) continue;
       throw Failure(library.Path() + ": component " + id + " of bank " + ToText(bank) +
-                    " has \"/\" in its ID, which the name of its document cannot have; export "
+                    " has \"/\" in its ID, which a file name cannot contain; export "
                     "without --component-files");
     }
     library.Maint().EndItemWalk();

@@ -111,7 +111,7 @@ void Undo(FileMove& move) {
   }
   if (done.empty() && reason == ENOMEM) throw std::bad_alloc();
   throw Failure(failed + ": cannot be written: " + std::strerror(reason) +
-                (done.empty() ? "" : "; these are new already: " + done));
+                (done.empty() ? "" : "; these are already new: " + done));
 }
 
 }  // namespace
@@ -152,7 +152,7 @@ void RefuseLibraryPath(std::string const& path) {
   std::string const extension = LowerCase(std::filesystem::path(path).extension().string());
   if (extension.size() == 4 && extension.compare(0, 3, ".lb") == 0 && extension[3] >= '1' &&
       extension[3] <= '9') {
-    throw Failure(path + ": is the name of a library's file; give the output another one");
+    throw Failure(path + ": is the name of a library's file; choose another name for the output");
   }
 }
 

@@ -31,8 +31,8 @@ std::string FaultOf(Curve const& curve) {
   if (row == std::end(kEquations)) return equation + " is not known";
   std::size_t const count = curve.coefficients.size();
   if (count >= row->least) return "";
-  return equation + " takes at least " + std::to_string(row->least) +
-         " coefficients and the record has " + std::to_string(count) + "; missing ones count as 0";
+  return equation + " needs at least " + std::to_string(row->least) +
+         " coefficients, but the record has " + std::to_string(count) + "; missing ones count as 0";
 }
 
 }  // namespace zelhost

@@ -7,7 +7,7 @@
 
 namespace zelhost {
 
-// "equation 99 is not known", or "equation 16 takes at least 4 coefficients and the record has 2;
+// "equation 99 is not known", or "equation 16 needs at least 4 coefficients, but the record has 2;
 // missing ones count as 0"; empty when nothing is wrong.
 std::string FaultOf(Curve const& curve);
 

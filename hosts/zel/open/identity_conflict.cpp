@@ -67,8 +67,8 @@ void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report
   if (conflicts.empty()) return;
   std::vector<std::string> words;
   for (IdentityConflict const& conflict : conflicts) words.push_back(conflict.word);
-  report.Warning("identity warning",
-                 "the sources contradict each other about what this is: " + CellText(Texts(words)));
+  report.Warning("identity warning", "the sources contradict each other about the identity of " +
+                                         CellText(Texts(words)));
   Table& table = report.Begin("identities", {{"component", ""},
                                              {"source", ""},
                                              {"number", ""},

@@ -45,7 +45,7 @@ std::int32_t KeyNumber(std::string const& word) {
   std::int32_t number = 0;
   auto const [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
   if (error != std::errc() || end != word.data() + word.size()) {
-    throw Failure(word + " is no whole number, and items of this bank are named by numbers");
+    throw Failure(word + " is not a whole number; items of this bank are named by numbers");
   }
   return number;
 }
@@ -68,7 +68,8 @@ Component ParseComponent(std::string const& word) {
     return number;
   }
   if (word.empty() || word.size() > kIdLength) {
-    throw NotAComponent(word, "\"" + word + "\" is no component ID, which has 1 to 8 characters");
+    throw NotAComponent(word,
+                        "\"" + word + "\" is not a component ID, which has 1 to 8 characters");
   }
   return UpperCase(word);
 }
@@ -143,7 +144,8 @@ std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
   ComponentBanks const banks = BanksKnownTo(library);
   if (banks.empty()) {
     bool const byNumbers = std::all_of(words.begin(), words.end(), IsDigits);
-    return byNumbers ? "" : "; --names LIBRARY gives a library that knows the IDs and CAS numbers";
+    return byNumbers ? ""
+                     : "; use --names LIBRARY to name a library that knows the IDs and CAS numbers";
   }
   for (std::string const& word : words) {
     bool const isKnown = std::any_of(banks.begin(), banks.end(), [&](auto const& place) {
@@ -213,7 +215,7 @@ std::vector<std::vector<std::int32_t>> Keys(Library const& library, BankName con
   KeyWords const words(library, item);
   std::vector<std::vector<std::int32_t>> keys;
   if (!library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str())) {
-    throw Failure(library.Path() + ": bank " + ToText(bank) + " cannot be walked");
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " cannot be read");
   }
   std::int32_t key[kMostKeyWords] = {};
   while (library.Maint().NextItemKey(key)) keys.emplace_back(key, key + words.Count());

@@ -91,14 +91,14 @@ BankName Library::Bank(std::string const& word) const {
     throw Failure(path_ + ": no bank " + word +
                   (banks.empty() ? "; the library has no banks" : "; it has" + list));
   }
-  throw Failure(path_ + ": " + word + " can be several banks; name one of" + list);
+  throw Failure(path_ + ": " + word + " may mean several banks; name one of" + list);
 }
 
 BankName Library::ComponentBank(std::string const& word) const {
   if (word.empty()) return Bank(kComponents);
   BankName bank = Bank(word.find(':') == std::string::npos ? kComponents + (":" + word) : word);
   if (bank.type != kComponents) {
-    throw Failure(path_ + ": " + ToText(bank) + " is no bank of pure components");
+    throw Failure(path_ + ": " + ToText(bank) + " is not a bank of pure components");
   }
   return bank;
 }

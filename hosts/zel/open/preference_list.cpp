@@ -82,7 +82,7 @@ bool PreferenceList::Read(std::size_t i, std::string const& word,
 void PreferenceList::Judge(std::string const& word, std::vector<SourcedIdentity> found) {
   std::optional<IdentityConflict> conflict = ConflictIn(word, std::move(found));
   if (!conflict) return;
-  if (!acceptIdentity_) throw Failure(ToText(*conflict) + "; --accept-identity takes them for one");
+  if (!acceptIdentity_) throw Failure(ToText(*conflict) + "; --accept-identity merges them anyway");
   accepted_.push_back(std::move(*conflict));
 }
 

@@ -65,14 +65,15 @@ void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
 void FinishMoves(std::string const& shownAs, ChangePlaces const& change) {
   std::string const folder = change.Ready().string();
   Found found = Found::kLeftOver;
-  OrFail(shownAs, "what a change left cannot be looked at", [&] { found = Look(change); });
+  OrFail(shownAs, "the files of an unfinished change cannot be examined",
+         [&] { found = Look(change); });
   switch (found) {
     case Found::kTaken:
-      throw Failure(shownAs + ": another program made it while a change was cut off; the library " +
+      throw Failure(shownAs + ": another program made it after a change was cut off; the library " +
                     "before and after the change is in " + folder + ". Move or remove that folder");
     case Found::kLost: throw Failure(shownAs + ": its first file is lost; see " + folder);
     case Found::kCutOff:
-      OrFail(shownAs, "what a change that was cut off moved away cannot be put back",
+      OrFail(shownAs, "the files of an unfinished change cannot be moved back",
              [&] { MoveBack(change); });
       break;
     case Found::kLeftOver: break;

@@ -127,7 +127,7 @@ class GroupUse {
   void Tell(BankName const& where, std::int32_t component, std::string const& unknown) const {
     if (unknown.empty()) return;
     tell_("group-use", ToText(where) + " " + std::to_string(component),
-          "has groups that " + ToText(bank_) + " does not hold: " + unknown);
+          "has groups that are not in " + ToText(bank_) + ": " + unknown);
   }
 
   Library const& library_;

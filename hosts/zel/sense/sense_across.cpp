@@ -134,7 +134,7 @@ void CheckMagnitude(PureComponent const& one, std::string const& onePlace,
     double const ratio = a / b;
     if (ratio >= 1.0 / kFactor && ratio <= kFactor) continue;
     tell("magnitude", onePlace,
-         row.keyword + (" is " + Show(a)) + ", where " + otherPlace + " has " + Show(b));
+         row.keyword + (" is " + Show(a)) + ", but " + otherPlace + " has " + Show(b));
   }
 }
 

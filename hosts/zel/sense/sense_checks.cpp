@@ -57,7 +57,7 @@ void Checked::Identity() {
   double const stored = Of(kMW);
   constexpr double kTolerance = 5e-4;
   if (Has(expected) && Has(stored) && std::abs(stored - expected) > kTolerance * expected) {
-    Tell("formula-weight", "MW is " + Show(stored) + ", where the formula " + identity.formula +
+    Tell("formula-weight", "MW is " + Show(stored) + ", but the formula " + identity.formula +
                                " gives " + Show(expected));
   }
 }
@@ -114,7 +114,7 @@ void Checked::Temperatures() {
     Curve const curve = c_.ReadCurve(IndexOf(row));
     if (!curve.present || !Has(curve.tMin) || !Has(curve.tMax)) continue;
     if (curve.tMin >= curve.tMax) {
-      Tell("temperatures", row.name + std::string(" goes from ") + Show(curve.tMin) + " to " +
+      Tell("temperatures", row.name + std::string(" has the range ") + Show(curve.tMin) + " to " +
                                Show(curve.tMax) + " " + TemperatureUnit(curve.tempUnit));
     }
     bool const isLiquid =
@@ -135,7 +135,7 @@ void Checked::Critical() {
       Tell("critical",
            "TC, PC and VC give a compressibility factor of " + Show(z) + ", expected 0.15 to 0.40");
     } else if (Has(stored) && std::abs(stored - z) > kTolerance * z) {
-      Tell("critical", "ZC is " + Show(stored) + ", where TC, PC and VC give " + Show(z));
+      Tell("critical", "ZC is " + Show(stored) + ", but TC, PC and VC give " + Show(z));
     }
   } else if (Has(stored) && (stored < 0.15 || stored > 0.40)) {
     Tell("critical", "ZC is " + Show(stored) + ", expected 0.15 to 0.40");
@@ -150,7 +150,7 @@ void Checked::Acentric() {
   constexpr double kTolerance = 0.02;
   if (std::abs(Of(kAcentric) - expected) > kTolerance) {
     Tell("acentric", "ACENTRIC is " + Show(Of(kAcentric)) +
-                         ", where the vapor pressure at 0.7 TC gives " + Show(expected));
+                         ", but the vapor pressure at 0.7 TC gives " + Show(expected));
   }
 }
 
@@ -166,7 +166,7 @@ void Checked::VaporPressure() {
   if (Has(Of(kTC)) && Has(Of(kPC)) && Has(critical) &&
       std::abs(critical - Of(kPC)) > kAtCritical * Of(kPC)) {
     Tell("vapor-pressure",
-         "at TC the vapor pressure is " + Show(critical) + " kPa, where PC is " + Show(Of(kPC)));
+         "at TC the vapor pressure is " + Show(critical) + " kPa, but PC is " + Show(Of(kPC)));
   }
 }
 
@@ -176,7 +176,7 @@ void Checked::CriticalDensity() {
   if (!Has(Of(kTC)) || !Has(Of(kVC)) || Of(kVC) <= 0.0 || !Has(density)) return;
   if (std::abs(density * Of(kVC) - 1.0) > kTolerance) {
     Tell("critical-density", "at TC the liquid density is " + Show(density) +
-                                 " kg-mol/m3, where VC gives " + Show(1.0 / Of(kVC)));
+                                 " kg-mol/m3, but VC gives " + Show(1.0 / Of(kVC)));
   }
 }
 
@@ -186,8 +186,8 @@ void Checked::LatentHeat() {
   double const heat = At(kLatentHeat, Of(kNBP));
   constexpr double kTolerance = 0.03;
   if (Has(heat) && std::abs(stored - heat) > kTolerance * std::abs(heat)) {
-    Tell("latent-heat", "HVAPNBP is " + Show(stored) +
-                            " kJ/kg-mol, where the latent heat at NBP is " + Show(heat));
+    Tell("latent-heat",
+         "HVAPNBP is " + Show(stored) + " kJ/kg-mol, but the latent heat at NBP is " + Show(heat));
   }
 }
 
@@ -274,22 +274,23 @@ void Checked::Sources() {
 
 std::vector<SenseKind> const& SenseKinds() {
   static std::vector<SenseKind> const kinds = {
-      {"cas", "a component has a CAS number with a right check digit"},
+      {"cas", "a component has a CAS number with a valid check digit"},
       {"cas-shared", "no two components have the same CAS number"},
       {"cas-formula", "components with the same CAS number have the same formula", true},
       {kIdentity,
-       "what several banks or libraries call by one number, ID or CAS number has one CAS number "
-       "and one formula there",
+       "components of several banks or libraries with the same number, ID or CAS number have the "
+       "same CAS number and the same formula",
        true},
       {"repeated",
-       "no two components have the same coefficients but for rounding, or both TC and PC; no "
-       "four have the same constant of five digits or more"},
+       "no two components have the same coefficients except for rounding, or the same TC and PC; "
+       "no "
+       "four have the same constant of five or more digits"},
       {"equation",
        "the equation of a correlation is known, has the coefficients that it needs and a value "
-       "within its range; an error where it has none"},
-      {"formula-weight", "MW is that of the formula within 0.05 %"},
+       "within its range; an error if it has none"},
+      {"formula-weight", "MW agrees with the formula within 0.05 %"},
       {"temperatures", "melting, triple and boiling point, critical point and ranges are in order"},
-      {"critical", "TC, PC and VC agree with ZC, which lies within 0.15 to 0.40"},
+      {"critical", "TC, PC and VC agree with ZC, which is between 0.15 and 0.40"},
       {"acentric", "ACENTRIC agrees with the vapor pressure at 0.7 TC within 0.02"},
       {"vapor-pressure", "101.325 kPa at NBP within 2 %, PC at TC within 5 %"},
       {"critical-density", "the liquid density at TC is 1/VC within 10 %"},
@@ -299,7 +300,7 @@ std::vector<SenseKind> const& SenseKinds() {
        "capacities are positive"},
       {"source", "each constant and correlation has a reference code"},
       {"pair-twice", "a pair stored in both orders has the same values in both"},
-      {"group-use", "groups have interactions, and components have groups that are there"},
+      {"group-use", "groups have interactions, and the groups of components exist"},
       {"magnitude", "a constant is the same in two libraries within a factor of 1.5"},
       {"boiling-point",
        "the vapor pressure of one library is 101.325 kPa within 5 % at the NBP of another"}};
