@@ -14,8 +14,8 @@ void MakeManyComponents(LibFile& library) {
   constexpr std::int32_t kFirst = 10'000'000;
   LibMaint_i maint(&library);
   maint.CreateBank("PURECOMP", kManyBank, 0);
-  Held<IZelBankDef> const bank(NewPureComp());
-  auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
+  FaceRef<IZelBankDef> const bank(NewPureComp());
+  auto const component = FaceRef<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
   Key_i key;
   for (std::int32_t i = 0; i < kManyComponents; ++i) {
     char ids[12][9] = {};

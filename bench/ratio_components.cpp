@@ -155,7 +155,7 @@ class Library {
       if (made.CreateNew(libKind11) != openOk) throw std::runtime_error("no library");
       LibMaint_i maint(&made);
       maint.CreateBank("PURECOMP", "B", 0);
-      Held<IZelBankDef> const bank(NewPureComp());
+      FaceRef<IZelBankDef> const bank(NewPureComp());
       Key_i key;
       for (std::size_t i = 0; i < kItems; ++i) {
         auto const number = static_cast<std::int32_t>(10000001 + i);
@@ -206,7 +206,7 @@ std::uint64_t CheckOf(PureComp_i const& bank) {
 
 // The numbers of all components, one after the other.
 std::vector<double> AllReals(Library const& library) {
-  Held<IZelBankDef> const bank(NewPureComp());
+  FaceRef<IZelBankDef> const bank(NewPureComp());
   LibMaint_i maint(library.Get());
   Key_i key;
   std::vector<double> all;
@@ -235,7 +235,7 @@ Side SqliteReadsOf(SqliteComponents& store) {
 // The floats of an item through text and back, as a reader without the 7-digit trim would.
 Side FloatsThroughText(Library const& library) {
   return [&library](int) {
-    Held<IZelBankDef> const bank(NewPureComp());
+    FaceRef<IZelBankDef> const bank(NewPureComp());
     LibMaint_i maint(library.Get());
     Key_i key;
     key.SetKey(NumberAt(kReadsPerRound - 1));
@@ -264,7 +264,7 @@ Side FloatsThroughText(Library const& library) {
 
 Side ReadsOf(Library const& library, std::size_t reads) {
   return [&library, reads](int) {
-    Held<IZelBankDef> const bank(NewPureComp());
+    FaceRef<IZelBankDef> const bank(NewPureComp());
     LibMaint_i maint(library.Get());
     Key_i key;
     return TimeInMemory(reads, [&] {
@@ -285,7 +285,7 @@ Side SearchesOf(std::vector<std::unique_ptr<Library>> const& libraries) {
     char names[3][9] = {"B", "B", "B"};
     for (auto const& library : libraries) files.push_back(library->Get());
     search.SetLibraryBanks(static_cast<long>(files.size()), files.data(), names);
-    Held<IZelBankDef> const bank(NewPureComp());
+    FaceRef<IZelBankDef> const bank(NewPureComp());
     Key_i key;
     return TimeInMemory(kSearchesPerRound, [&] {
       for (std::size_t i = 0; i < kSearchesPerRound; ++i) {

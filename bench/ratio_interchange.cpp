@@ -76,7 +76,7 @@ constexpr char const* kWritten[] = {"tMin", "tMax", "aij", "bij",     "cij",
 
 std::vector<PlainItem> ItemsOf(LibMaint_i& maint) {
   std::vector<PlainItem> items;
-  Held<IZelBankDef> const bank(NewBank("NRTL"));
+  FaceRef<IZelBankDef> const bank(NewBank("NRTL"));
   std::int32_t key[10];
   maint.BeginItemWalk("NRTL", "PAIRS");
   while (maint.NextItem(key, bank.Get())) {

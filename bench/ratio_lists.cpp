@@ -26,7 +26,7 @@ std::uint64_t ReadLines(std::string const& path) {
 
 std::uint64_t WalkManyComponents(LibFile& library) {
   LibMaint_i maint(&library);
-  Held<IZelBankDef> const bank(NewPureComp());
+  FaceRef<IZelBankDef> const bank(NewPureComp());
   std::int32_t key[10];
   std::uint64_t count = 0;
   maint.BeginItemWalk("PURECOMP", kManyBank);

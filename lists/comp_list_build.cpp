@@ -57,8 +57,8 @@ bool CompListBuild_i::BuildList(LibFile* library, char const* bankName, char con
 // Values of a protected library are replaced by one that counts as undefined.
 void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
   double const hidden = gen_GetUndefDouble() * 3.0;
-  Held<IZelBankDef> const bank(NewPureComp());
-  auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
+  FaceRef<IZelBankDef> const bank(NewPureComp());
+  auto const component = FaceRef<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
   LibMaint_i maint(library);
   if (!component || !maint.BeginItemWalk(kPureComponentType, bankName)) return;
   bool const locked = library->IsPasswordLocked();

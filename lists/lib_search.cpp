@@ -4,7 +4,7 @@
 
 #include "frame/ascii.h"
 #include "frame/limits.h"
-#include "maint/held.h"
+#include "maint/face_ref.h"
 
 namespace zel {
 
@@ -168,7 +168,7 @@ bool LibSearch_i::ReadEntries(Key_p* key, IZelBankIO* bank, BlockInfo const& inf
 
 bool LibSearch_i::Search(Key* key, IZelBankDef* bank, bool allBanks) {
   auto* inner = dynamic_cast<Key_p*>(key);
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   if (!io) return false;
   io->Clear();
   if (inner == nullptr) return false;

@@ -61,8 +61,8 @@ void LibMaint_i::StoreHead(char const* type, char const* name) {
 
 bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t format) {
   DropTree();
-  Held<IZelBankDef> const bank(NewKnownBank(type));
-  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  FaceRef<IZelBankDef> const bank(NewKnownBank(type));
+  auto const io = FaceRef<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   BTree_i* directory = Directory();
   if (!io || directory == nullptr || TextOrEmpty(type).size() > kMostName ||
       TextOrEmpty(name).size() > kMostName) {
@@ -119,8 +119,8 @@ void LibMaint_i::SetBankMemo(char const* type, char const* name, char const* mem
 }
 
 std::int32_t LibMaint_i::GetBankFormat(char const* type, char const* name) {
-  Held<IZelBankDef> const object(NewKnownBank(type));
-  auto const io = Held<IZelBankIO>::Of(object.Get(), IID_IZelBankIO);
+  FaceRef<IZelBankDef> const object(NewKnownBank(type));
+  auto const io = FaceRef<IZelBankIO>::Of(object.Get(), IID_IZelBankIO);
   if (!io) return 0;
   BlockInfo const info(io.Get());
   std::int32_t const* entry = nullptr;
@@ -149,7 +149,7 @@ void LibMaint_i::GetRefBankNames(char const* type, char const* name, std::int32_
   if (names == nullptr) return;
   for (std::int32_t i = 0; i < count; ++i) names[i][0] = '\0';
   if (types == nullptr) return;
-  Held<IZelBankDef> const bank(NewKnownBank(type));
+  FaceRef<IZelBankDef> const bank(NewKnownBank(type));
   if (!bank || !BankExists(type, name)) return;
   Key_i key;
   if (!ReadItem(bank.Get(), name, &key)) return;

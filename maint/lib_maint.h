@@ -15,7 +15,7 @@
 #include <string_view>
 
 #include "maint/block_info.h"
-#include "maint/held.h"
+#include "maint/face_ref.h"
 #include "maint/located_bank.h"
 #include "maint/maint_log.h"
 #include "store/btree.h"

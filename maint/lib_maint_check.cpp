@@ -175,7 +175,7 @@ bool LibMaint_i::CheckComponent(IZelPureComp* component, char* text) {
 
 // Checks a bank that holds a component; the reasons for false are left as the pending text.
 bool LibMaint_i::MayBeWritten(IZelBankIO* bank, Key* key) {
-  auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp);
+  auto const component = FaceRef<IZelPureComp>::Of(bank, IID_IZelPureComp);
   char text[kTextSize];
   if (!component || CheckComponent(component.Get(), key, text)) return true;
   log_.SetPendingText(text);

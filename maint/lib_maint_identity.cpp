@@ -53,8 +53,8 @@ bool LibMaint_i::FindComponentByNumber(std::int32_t number, char* id, casn& cas,
   Give(id, '\0');
   cas = casn();
   fromReference = false;
-  Held<IZelBankDef> const bank(NewKnownBank(kPureComponentType));
-  auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
+  FaceRef<IZelBankDef> const bank(NewKnownBank(kPureComponentType));
+  auto const component = FaceRef<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
   Key_i key;
   key.SetKey(static_cast<long>(number));
   auto const read = [&](LibMaint_i& reader, char const* name) {

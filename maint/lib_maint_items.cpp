@@ -150,21 +150,21 @@ void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
 }
 
 void LibMaint_i::EnterIdentifiers(IZelBankIO* bank) {
-  if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
+  if (auto const component = FaceRef<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
     UpdateIdTrees(*component.Get());
   }
 }
 
 bool LibMaint_i::ItemExists(IZelBankDef* bank, char const* name, Key* key) {
   DropTree();
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   std::int32_t const* entry = nullptr;
   return io && LocateItem(io.Get(), name, key, entry) == Located::kFound;
 }
 
 bool LibMaint_i::ReadItem(IZelBankDef* bank, char const* name, Key* key) {
   DropTree();
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   if (!io) return false;
   io->Clear();
   std::int32_t const* entry = nullptr;
@@ -178,7 +178,7 @@ bool LibMaint_i::ReadItem(IZelBankDef* bank, char const* name, Key* key) {
 
 bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
   DropTree();
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   if (!io || !MayBeWritten(io.Get(), key)) return false;
   std::int32_t const* entry = nullptr;
   Located const located = LocateItem(io.Get(), name, key, entry);
@@ -214,7 +214,7 @@ bool LibMaint_i::FindItemAgain(IZelBankIO* bank, BlockInfo const& info) {
 
 bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
   if (!itemValid_) return false;
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   if (!io || !MayBeWritten(io.Get(), nullptr)) return false;
   BlockInfo const info(io.Get());
   std::int32_t words = 0;
@@ -233,8 +233,8 @@ bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
 
 bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
   DropTree();
-  Held<IZelBankDef> const bank(NewKnownBank(type));
-  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  FaceRef<IZelBankDef> const bank(NewKnownBank(type));
+  auto const io = FaceRef<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   std::int32_t const* entry = nullptr;
   if (!io || LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;
   std::int32_t const root = bank_.Tree().Head().rootAddress;

@@ -140,7 +140,7 @@ bool LibMaint_i::ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockIn
 
 bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   if (!WalkIs(WalkMode::kItems)) return false;
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   if (keyWords != nullptr) std::fill_n(keyWords, keyWords_, 0);
   if (!io) return false;
   io->Clear();

@@ -41,13 +41,13 @@ void MaintLog::Say(bool isError, std::string const& text, LogDetail const& detai
   sink_->Line(line);
 }
 
-bool MaintLog::ReportError(std::string_view message, LogDetail const& detail) {
+Verdict MaintLog::ReportError(std::string_view message, LogDetail const& detail) {
   ++errorCount_;
   errorFlag_ = true;
   lastError_ = Labelled(message.empty() ? std::string_view(pendingText_) : message);
   pendingText_.clear();
   Say(true, lastError_, detail);
-  return level_ != kSilent;
+  return level_ == kSilent ? Verdict::kStop : Verdict::kGoOn;
 }
 
 void MaintLog::ReportWarning(std::string_view message, LogDetail const& detail) {

@@ -21,6 +21,9 @@ struct LogDetail {
   std::string after;
 };
 
+// Whether a run goes on after a report.
+enum class Verdict : bool { kStop, kGoOn };
+
 class MaintLog {
  public:
   // At level 0 the log is silent and the first error ends a run; otherwise lines are written and
@@ -31,7 +34,7 @@ class MaintLog {
 
   // Reports an error. An empty message is replaced by the pending text, which is cleared in any
   // case. Returns true if the run may continue.
-  bool ReportError(std::string_view message, LogDetail const& detail = {});
+  Verdict ReportError(std::string_view message, LogDetail const& detail = {});
   void ReportWarning(std::string_view message, LogDetail const& detail = {});
   // Writes a line when a bank begins; does nothing when silent.
   void ShowBankProgress(std::string_view type, std::string_view name) const;

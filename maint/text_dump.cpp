@@ -119,8 +119,8 @@ void WriteComponentIndex(LibFile* library, char const* bank, std::string const& 
   file.Put(kVersionLine);
   PutFields(file, {StemOf(library), bank, VersionOf(library)});
   file.Put('\n');
-  Held<IZelBankDef> const record(NewKnownBank(kPureComponentType));
-  auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
+  FaceRef<IZelBankDef> const record(NewKnownBank(kPureComponentType));
+  auto const component = FaceRef<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i walk(library);
   std::int32_t key[format::kMaxKeyWords];  // a damaged bank may claim this many
   try {

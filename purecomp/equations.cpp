@@ -41,9 +41,7 @@ bool Form(int equation, S const& s, Take const& take) {
     case 19: return take(Result(Eq19(s)));
     case 20: return take(Result(Eq20(s)));
     case 21: return take(Result(Eq21(s)));
-    // Equation 22, Chebyshev vapor pressure: expc(b S/T), S the sum of eq 2.
-    // Units: Ci K.
-    case 22: return take(Result(ExpClamped(s.b * ChebyshevSum(s) / s.T)));
+    case 22: return take(Result(Eq22(s)));
     case 23: return take(Result(Eq23(s)));
     case 24: return take(Result(Eq24(s)));
     case 25: return take(Result(Eq25(s)));

@@ -38,6 +38,13 @@ typename S::Result Eq2(S const& s) {
   return ChebyshevSum(s);
 }
 
+// Equation 22, Chebyshev vapor pressure: expc(b S/T), S the sum of eq 2.
+// Units: Ci K.
+template <typename S>
+typename S::Result Eq22(S const& s) {
+  return ExpClamped(s.b * ChebyshevSum(s) / s.T);
+}
+
 // Sum of Ci r^(p(i-1)) over i = 1..N-2, with p = CN.
 template <typename S, typename R>
 typename S::Value PowerSum(S const& s, R const& r) {

@@ -9,7 +9,7 @@
 #include "banks/catalogue.h"
 #include "frame/limits.h"
 #include "maint/block_info.h"
-#include "maint/held.h"
+#include "maint/face_ref.h"
 #include "maint/lib_maint.h"
 #include "purecomp/record_format.h"
 #include "store/bank_key.h"
@@ -166,8 +166,8 @@ void Verification::OwnTrees() {
 
 void Verification::Bank(StoredBank& bank) {
   claims_.SetOwner(bank.Place());
-  Held<IZelBankDef> const item(NewKnownBank(bank.type));
-  auto const io = Held<IZelBankIO>::Of(item.Get(), IID_IZelBankIO);
+  FaceRef<IZelBankDef> const item(NewKnownBank(bank.type));
+  auto const io = FaceRef<IZelBankIO>::Of(item.Get(), IID_IZelBankIO);
   if (!io) findings_.Warning("bank", bank.Place(), "a bank of a type that this library has not");
   if (bank.entry[f::kBankOldMark] != 1) {
     Memo(bank.entry[f::kBankMemoAddress], bank.entry[f::kBankMemoWords]);
@@ -248,7 +248,7 @@ class Verification::UnreadItems final : public ZelFindingSink {
 };
 
 void Verification::Items(StoredBank const& bank) {
-  Held<IZelBankDef> const item(NewKnownBank(bank.type));
+  FaceRef<IZelBankDef> const item(NewKnownBank(bank.type));
   LibMaint_i maint(&library_);
   std::array<std::int32_t, f::kMaxKeyWords> key{};
   UnreadItems unread(*this);
@@ -265,7 +265,7 @@ void Verification::Items(StoredBank const& bank) {
 
 // A NaN or an infinity is damage: no program writes one.
 void Verification::Item(StoredBank const& bank, std::int32_t const* key, IZelBankDef* item) {
-  if (auto const component = Held<IZelPureComp>::Of(item, IID_IZelPureComp)) {
+  if (auto const component = FaceRef<IZelPureComp>::Of(item, IID_IZelPureComp)) {
     Component(bank, key[0], *component.Get());
     return;
   }

@@ -141,7 +141,7 @@ bool Export_i::ExportBank(char const* type, char const* name) {
 // Sets `file` to the name of the file; leaves it empty if the bank is left out.
 bool Export_i::WriteBank(std::string const& type, std::string const& name, std::string_view base,
                          std::string& file) {
-  Held<IZelBankDef> const record(NewKnownBank(type.c_str()));
+  FaceRef<IZelBankDef> const record(NewKnownBank(type.c_str()));
   if (!owner_.BankExists(type.c_str(), name.c_str()) || !record) return false;
   BankInfo const info(record.Get());
   std::int32_t const stored =
@@ -176,8 +176,8 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
 // file of one cannot be written.
 bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   constexpr std::size_t kIndent = 2;
-  Held<IZelBankDef> const record(NewPureComp());
-  auto const component = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
+  FaceRef<IZelBankDef> const record(NewPureComp());
+  auto const component = FaceRef<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i reader(&library_);
   Key_i key;
   std::int32_t words[format::kMaxKeyWords] = {};
@@ -208,8 +208,8 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
 Export_i::Written Export_i::WriteComponentFile(char const* bank, Key* key,
                                                std::string const& component, std::string_view base,
                                                std::string& file) {
-  Held<IZelBankDef> const record(NewPureComp());
-  auto const read = Held<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
+  FaceRef<IZelBankDef> const record(NewPureComp());
+  auto const read = FaceRef<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   if (!read || !LibMaint_i(&library_).ReadItem(record.Get(), bank, key)) {
     return Written::kNoComponent;
   }

@@ -58,7 +58,7 @@ struct BankAttributes {
 std::string Import_i::MakeBank(XmlNode node, BankAttributes const& bank) {
   LibMaint_i& owner = run_.owner;
   if (!bank.problem.empty()) return bank.problem;
-  Held<IZelBankDef> const record(NewKnownBank(bank.type.c_str()));
+  FaceRef<IZelBankDef> const record(NewKnownBank(bank.type.c_str()));
   if (!record) return "Bank type \"" + bank.type + "\" is not a recognized type";
   BankInfo const info(record.Get());
   std::int32_t const format = run_.texts.Int(node, bank.format, "format");
@@ -123,19 +123,20 @@ bool Import_i::ImportComponent(char const* path, char const* bankName, bool repl
   return Finish();
 }
 
-bool Import_i::WalkLibrary(XmlNode library) {
+Verdict Import_i::WalkLibrary(XmlNode library) {
   ImportIterator_i walk = ImportIterator_i::OverChildren(run_, library, kLibraryNodes, "<library>",
                                                          ImportTags::kFollowed);
   XmlNode node;
   std::size_t match = 0;
   while (walk.NextNode(node, match)) {
-    if (!(match == kBank ? WalkBank(node) : TakeText(node, match))) return false;
+    Verdict const verdict = match == kBank ? WalkBank(node) : TakeText(node, match);
+    if (verdict == Verdict::kStop) return verdict;
   }
-  return !walk.Aborted();
+  return walk.Ending();
 }
 
-// Reads one of the library's own texts. False when the import must end.
-bool Import_i::TakeText(XmlNode node, std::size_t match) {
+// Reads one of the library's own texts.
+Verdict Import_i::TakeText(XmlNode node, std::size_t match) {
   LibFile_i& file = *run_.owner.Library();
   TextChecks& checks = run_.texts;
   std::string scratch;
@@ -153,17 +154,17 @@ bool Import_i::TakeText(XmlNode node, std::size_t match) {
     file.SetDescriptionAndVersion(nullptr, version.c_str());
   }
   DocumentLedger::Arrived(node);
-  return !checks.Ended();
+  return checks.Ended() ? Verdict::kStop : Verdict::kGoOn;
 }
 
 // A bank must be new. One that cannot be made is skipped completely if the import may continue.
-bool Import_i::WalkBank(XmlNode bank) {
+Verdict Import_i::WalkBank(XmlNode bank) {
   run_.log.ClearTexts();
   run_.texts.Begin();
   BankAttributes const attributes(bank);
   std::string const problem = MakeBank(bank, attributes);
   if (!problem.empty()) return run_.log.ReportError(problem);
-  if (run_.texts.Refused()) return run_.texts.Verdict();
+  if (run_.texts.Refused()) return run_.texts.LastVerdict();
   DocumentLedger::Arrived(bank);
   run_.log.ShowBankProgress(attributes.type, attributes.name);
   // Only the type in upper case is read as a bank of components.

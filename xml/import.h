@@ -23,9 +23,9 @@ class Import_i {
 
  private:
   bool OpenDocument(char const* path, bool replaceExisting);
-  bool WalkLibrary(XmlNode library);
-  bool TakeText(XmlNode node, std::size_t match);
-  bool WalkBank(XmlNode bank);
+  Verdict WalkLibrary(XmlNode library);
+  Verdict TakeText(XmlNode node, std::size_t match);
+  Verdict WalkBank(XmlNode bank);
   // Returns the reason why the bank cannot be made; empty on success.
   std::string MakeBank(XmlNode bank, BankAttributes const& attributes);
   bool Finish();

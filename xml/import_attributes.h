@@ -12,15 +12,15 @@ namespace zel {
 template <std::size_t N>
 using AttributeValues = std::array<std::optional<std::string>, N>;
 
-// Collects the values that a walk returns, by the row of their names. False when the walk was
+// Collects the values that a walk returns, by the row of their names. kStop when the walk was
 // aborted.
 template <std::size_t N>
-bool TakeAttributes(ImportIterator_i& walk, AttributeValues<N>& values) {
+Verdict TakeAttributes(ImportIterator_i& walk, AttributeValues<N>& values) {
   std::string scratch;
   XmlNode attribute;
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) values[match] = attribute.Value(scratch);
-  return !walk.Aborted();
+  return walk.Ending();
 }
 
 }  // namespace zel

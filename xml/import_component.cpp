@@ -60,18 +60,18 @@ ComponentImport::ComponentImport(ImportRun& run, std::string_view bankName)
       bankName_(bankName),
       checksFormulas_(!SameText(bankName, kOtherFormulas)),
       record_(NewPureComp()),
-      component_(Held<IZelPureComp>::Of(record_.Get(), IID_IZelPureComp)) {
+      component_(FaceRef<IZelPureComp>::Of(record_.Get(), IID_IZelPureComp)) {
   if (!component_) throw std::bad_alloc();
 }
 
-bool ComponentImport::Unrecognized(std::string_view what, std::string_view word,
-                                   std::string_view kind, std::string_view name) {
+Verdict ComponentImport::Unrecognized(std::string_view what, std::string_view word,
+                                      std::string_view kind, std::string_view name) {
   std::string text = "Unrecognized " + std::string(what) + " \"" + std::string(word) + "\" found";
   if (!kind.empty()) text += " for " + std::string(kind) + " \"" + std::string(name) + "\"";
   return Report(text);
 }
 
-bool ComponentImport::WalkBank(XmlNode bank) {
+Verdict ComponentImport::WalkBank(XmlNode bank) {
   ImportIterator_i walk = ImportIterator_i::OverChildren(run_, bank, kBankNodes, "component <bank>",
                                                          ImportTags::kFollowed);
   XmlNode node;
@@ -80,15 +80,15 @@ bool ComponentImport::WalkBank(XmlNode bank) {
     if (match == kMemo) {
       run_.texts.Begin();
       run_.owner.SetBankMemo(kPureComponentType, bankName_.c_str(), run_.Memo(node).c_str());
-      if (run_.texts.Ended()) return false;
-    } else if (!WalkComponent(node)) {
-      return false;
+      if (run_.texts.Ended()) return Verdict::kStop;
+    } else if (WalkComponent(node) == Verdict::kStop) {
+      return Verdict::kStop;
     }
   }
-  return !walk.Aborted();
+  return walk.Ending();
 }
 
-bool ComponentImport::ImportAlone(XmlNode component) {
+Verdict ComponentImport::ImportAlone(XmlNode component) {
   char const* bank = bankName_.c_str();
   if (!run_.owner.BankExists(kPureComponentType, bank) &&
       !run_.owner.CreateBank(kPureComponentType, bank, 0)) {
@@ -97,7 +97,7 @@ bool ComponentImport::ImportAlone(XmlNode component) {
   return WalkComponent(component);
 }
 
-bool ComponentImport::WalkComponent(XmlNode component) {
+Verdict ComponentImport::WalkComponent(XmlNode component) {
   record_->Clear();
   run_.log.ClearTexts();
   number_ = 0;
@@ -108,15 +108,15 @@ bool ComponentImport::WalkComponent(XmlNode component) {
   XmlNode node;
   std::size_t match = 0;
   while (walk.NextNode(node, match)) {
-    if (!ReadElement(match, node)) return false;
+    if (ReadElement(match, node) == Verdict::kStop) return Verdict::kStop;
   }
-  return !walk.Aborted() && StoreComponent(component);
+  return walk.Aborted() ? Verdict::kStop : StoreComponent(component);
 }
 
 // A component without a number is dropped without a message, but still ends the bank.
-bool ComponentImport::StoreComponent(XmlNode component) {
-  if (number_ == 0) return false;
-  if (identityRefused_) return true;
+Verdict ComponentImport::StoreComponent(XmlNode component) {
+  if (number_ == 0) return Verdict::kStop;
+  if (identityRefused_) return Verdict::kGoOn;
   char const* bank = bankName_.c_str();
   key_.SetKey(static_cast<long>(number_));
   if (!run_.replaceExisting && run_.owner.ItemExists(record_.Get(), bank, &key_)) {
@@ -124,7 +124,7 @@ bool ComponentImport::StoreComponent(XmlNode component) {
   }
   if (!run_.owner.WriteItem(record_.Get(), bank, &key_)) return Report("");
   DocumentLedger::Arrived(component);
-  return true;
+  return Verdict::kGoOn;
 }
 
 void ComponentImport::CheckFirst(XmlNode node, std::string_view kind, std::uint32_t index,
@@ -134,7 +134,7 @@ void ComponentImport::CheckFirst(XmlNode node, std::string_view kind, std::uint3
   run_.texts.CheckOnce(node, key, seen);
 }
 
-bool ComponentImport::ReadElement(std::size_t element, XmlNode node) {
+Verdict ComponentImport::ReadElement(std::size_t element, XmlNode node) {
   run_.texts.Begin();
   switch (element) {
     case kId: return ReadIdentity(node);
@@ -146,7 +146,7 @@ bool ComponentImport::ReadElement(std::size_t element, XmlNode node) {
   }
 }
 
-bool ComponentImport::ReadPhase(XmlNode node) {
+Verdict ComponentImport::ReadPhase(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kFlagsAttributes, "component <flags>");
   std::int32_t phase = 0;
@@ -157,28 +157,29 @@ bool ComponentImport::ReadPhase(XmlNode node) {
   while (walk.NextNode(attribute, match)) {
     std::string_view const word = attribute.Value(scratch);
     if (!TakeCode(kPhaseWords, word, phase) &&
-        !Report("Unrecognized value \"" + std::string(word) + "\" found for \"phase\" attribute")) {
-      return false;
+        Report("Unrecognized value \"" + std::string(word) + "\" found for \"phase\" attribute") ==
+            Verdict::kStop) {
+      return Verdict::kStop;
     }
   }
-  if (walk.Aborted()) return false;
+  if (walk.Aborted()) return Verdict::kStop;
   component_->SetPhase(phase);
-  return true;
+  return Verdict::kGoOn;
 }
 
-bool ComponentImport::ReadSmiles(XmlNode node) {
+Verdict ComponentImport::ReadSmiles(XmlNode node) {
   std::string scratch;
   char text[101];
   run_.texts.CheckText(node, node.Text(scratch), sizeof text);
-  if (run_.texts.Refused()) return run_.texts.Verdict();
+  if (run_.texts.Refused()) return run_.texts.LastVerdict();
   CopyText(node.Text(scratch), text, sizeof text);
   component_->SetSmiles(text);
-  return true;
+  return Verdict::kGoOn;
 }
 
 // A second element of one model adds to the count of the first, but its groups replace the first
 // ones from the start.
-bool ComponentImport::ReadStructure(XmlNode node) {
+Verdict ComponentImport::ReadStructure(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kStructureAttributes, "component <structure>");
   std::uint32_t model = 0;
@@ -194,7 +195,7 @@ bool ComponentImport::ReadStructure(XmlNode node) {
                     "\" found for component structure \"model\" attribute");
     }
   }
-  if (walk.Aborted()) return false;
+  if (walk.Aborted()) return Verdict::kStop;
   std::int32_t count = 0;
   std::array<std::int32_t, kMostGroups> ids{};
   std::array<std::int32_t, kMostGroups> counts{};
@@ -212,9 +213,9 @@ bool ComponentImport::ReadStructure(XmlNode node) {
     ++found;
   }
   run_.texts.CheckCount(node, found, ids.size());
-  if (run_.texts.Refused()) return run_.texts.Verdict();
+  if (run_.texts.Refused()) return run_.texts.LastVerdict();
   component_->SetStructure(model, std::min(count, kMostGroups), ids.data(), counts.data());
-  return true;
+  return Verdict::kGoOn;
 }
 
 }  // namespace zel

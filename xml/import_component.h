@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-#include "maint/held.h"
+#include "maint/face_ref.h"
 #include "store/key.h"
 #include "xml/import_iterator.h"
 #include "zelaccess/PureComp.h"
@@ -22,38 +22,38 @@ class ComponentImport {
  public:
   ComponentImport(ImportRun& run, std::string_view bankName);
 
-  // Reads the memo and the components of a bank that was just made. False when the import must end.
-  bool WalkBank(XmlNode bank);
+  // Reads the memo and the components of a bank that was just made.
+  Verdict WalkBank(XmlNode bank);
   // Reads one component, whose bank is made if it does not exist.
-  bool ImportAlone(XmlNode component);
+  Verdict ImportAlone(XmlNode component);
 
  private:
-  bool WalkComponent(XmlNode component);
-  bool StoreComponent(XmlNode component);
+  Verdict WalkComponent(XmlNode component);
+  Verdict StoreComponent(XmlNode component);
   // Checks that an element is the first of its kind.
   void CheckFirst(XmlNode node, std::string_view kind, std::uint32_t index, std::string_view key);
 
   // Read elements of a component; false ends the component, and nothing of it is written.
-  bool ReadElement(std::size_t element, XmlNode node);
-  bool ReadPhase(XmlNode node);
-  bool ReadSmiles(XmlNode node);
-  bool ReadStructure(XmlNode node);
+  Verdict ReadElement(std::size_t element, XmlNode node);
+  Verdict ReadPhase(XmlNode node);
+  Verdict ReadSmiles(XmlNode node);
+  Verdict ReadStructure(XmlNode node);
   // import_component_id.cpp
-  bool ReadIdentity(XmlNode node);
+  Verdict ReadIdentity(XmlNode node);
   // import_component_data.cpp
-  bool ReadProperty(XmlNode node);
-  bool ReadCorrelation(XmlNode node);
+  Verdict ReadProperty(XmlNode node);
+  Verdict ReadCorrelation(XmlNode node);
 
-  bool Report(std::string_view message) { return run_.log.ReportError(message); }
+  Verdict Report(std::string_view message) { return run_.log.ReportError(message); }
   // Reports that a word is not one of the known ones, with a kind and name if they are given.
-  bool Unrecognized(std::string_view what, std::string_view word, std::string_view kind = {},
-                    std::string_view name = {});
+  Verdict Unrecognized(std::string_view what, std::string_view word, std::string_view kind = {},
+                       std::string_view name = {});
 
   ImportRun& run_;
   std::string bankName_;
   bool checksFormulas_;
-  Held<IZelBankDef> record_;
-  Held<IZelPureComp> component_;
+  FaceRef<IZelBankDef> record_;
+  FaceRef<IZelPureComp> component_;
   Key_i key_;
   std::int32_t number_ = 0;  // 0 until the identity was read
   // The elements of the component read so far, by kind and index; kept only if texts are checked.

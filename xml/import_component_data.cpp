@@ -135,11 +135,11 @@ std::string_view TakeAttribute(std::size_t attribute, XmlNode node, std::string_
 
 }  // namespace
 
-bool ComponentImport::ReadProperty(XmlNode node) {
+Verdict ComponentImport::ReadProperty(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kPropertyAttributes, "component <property>");
   AttributeValues<kOfProperty> values;
-  if (!TakeAttributes(walk, values)) return false;
+  if (TakeAttributes(walk, values) == Verdict::kStop) return Verdict::kStop;
   bool const hasName = IsGiven(values[kPropertyName]);
   bool const hasValue = IsGiven(values[kValue]);
   if (!hasName || !hasValue) {
@@ -160,19 +160,19 @@ bool ComponentImport::ReadProperty(XmlNode node) {
   std::int32_t const refCode =
       values[kPropertyRefCode] ? run_.texts.Int(node, *values[kPropertyRefCode], "refCode") : 0;
   CheckFirst(node, "property", index, row->keyword);
-  if (run_.texts.Refused()) return run_.texts.Verdict();
+  if (run_.texts.Refused()) return run_.texts.LastVerdict();
   component_->SetProperty(index, value);
   component_->SetPropertyRefCode(index, static_cast<std::uint32_t>(refCode));
-  return true;
+  return Verdict::kGoOn;
 }
 
 // A second element of one correlation adds to the count of coefficients, but its own coefficients
 // replace the first ones from the start.
-bool ComponentImport::ReadCorrelation(XmlNode node) {
+Verdict ComponentImport::ReadCorrelation(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kFirstPass, "component <correlation>");
   AttributeValues<kOfCorrelation> values;
-  if (!TakeAttributes(walk, values)) return false;
+  if (TakeAttributes(walk, values) == Verdict::kStop) return Verdict::kStop;
   bool const hasName = IsGiven(values[kName]);
   bool const hasEquation = IsGiven(values[kEquation]);
   if (!hasName || !hasEquation) {
@@ -187,7 +187,7 @@ bool ComponentImport::ReadCorrelation(XmlNode node) {
   CorrelationData data(component_.Get(), index);
   data.equation = run_.texts.Int(node, *values[kEquation], "equation");
 
-  if (run_.texts.Ended()) return false;
+  if (run_.texts.Ended()) return Verdict::kStop;
   walk.ResetWalk(kSecondPass);
   std::string scratch;
   XmlNode attribute;
@@ -196,14 +196,14 @@ bool ComponentImport::ReadCorrelation(XmlNode node) {
     std::string_view const value = attribute.Value(scratch);
     std::string_view const unknown = TakeAttribute(match, node, value, row->dimension, run_, data);
     if (!unknown.empty()) return Unrecognized(unknown, value, "correlation", name);
-    if (run_.texts.Ended()) return false;
+    if (run_.texts.Ended()) return Verdict::kStop;
   }
-  if (walk.Aborted()) return false;
+  if (walk.Aborted()) return Verdict::kStop;
   data.TakeCoefficients(node, run_.texts);
   CheckFirst(node, "correlation", index, row->name);
-  if (run_.texts.Refused()) return run_.texts.Verdict();
+  if (run_.texts.Refused()) return run_.texts.LastVerdict();
   data.Store(component_.Get(), index);
-  return true;
+  return Verdict::kGoOn;
 }
 
 }  // namespace zel

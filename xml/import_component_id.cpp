@@ -79,14 +79,14 @@ std::string MissingText(bool number, bool id) {
 
 }  // namespace
 
-bool ComponentImport::ReadIdentity(XmlNode node) {
+Verdict ComponentImport::ReadIdentity(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kIdAttributes, "component <id>");
   AttributeValues<kCount> values;
-  if (!TakeAttributes(walk, values)) return false;
+  if (TakeAttributes(walk, values) == Verdict::kStop) return Verdict::kStop;
   ComponentIdentity identity(component_.Get());
   Take(node, values, run_.texts, identity);
-  if (run_.texts.Ended()) return false;
+  if (run_.texts.Ended()) return Verdict::kStop;
 
   bool const hasId = identity.ids[0][0] != '\0';
   if (!values[kNumber] || !hasId) return Report(MissingText(values[kNumber].has_value(), hasId));
@@ -97,16 +97,18 @@ bool ComponentImport::ReadIdentity(XmlNode node) {
   run_.log.SetItemLabel("Component \"" + std::string(identity.ids[0]) + "\" (" + *values[kNumber] +
                         ")");
   bool const badCas = values[kCasNum] && !values[kCasNum]->empty() && identity.casNumber == 0;
-  if (badCas && !Report("CAS number \"" + *values[kCasNum] + "\" is invalid")) return false;
+  if (badCas && Report("CAS number \"" + *values[kCasNum] + "\" is invalid") == Verdict::kStop)
+    return Verdict::kStop;
   if (checksFormulas_ && !IsFormula(identity.formula) &&
-      !Report("Chemical formula \"" + std::string(identity.formula) + "\" is invalid")) {
-    return false;
+      Report("Chemical formula \"" + std::string(identity.formula) + "\" is invalid") ==
+          Verdict::kStop) {
+    return Verdict::kStop;
   }
   component_->SetIdentity(identity.number, identity.casNumber, identity.refCode, identity.ids,
                           identity.name, identity.formula, identity.keepFormula);
   number_ = identity.number;
   identityRefused_ = run_.texts.Refused();
-  return true;
+  return Verdict::kGoOn;
 }
 
 }  // namespace zel

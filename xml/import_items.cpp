@@ -37,7 +37,7 @@ ItemImport::ItemImport(ImportRun& run, std::string_view type, std::string_view n
   names_.push_back({kKeyTags[static_cast<std::size_t>(info_.keyKind)], NameMode::kOnce});
 }
 
-bool ItemImport::WalkBank(XmlNode bank) {
+Verdict ItemImport::WalkBank(XmlNode bank) {
   ImportIterator_i walk =
       ImportIterator_i::OverChildren(run_, bank, kBankNodes, "<bank>", ImportTags::kFollowed);
   XmlNode node;
@@ -46,15 +46,15 @@ bool ItemImport::WalkBank(XmlNode bank) {
     if (match == kMemo) {
       run_.texts.Begin();
       run_.owner.SetBankMemo(info_.type, bankName_.c_str(), run_.Memo(node).c_str());
-      if (run_.texts.Ended()) return false;
-    } else if (!WalkItem(node)) {
-      return false;
+      if (run_.texts.Ended()) return Verdict::kStop;
+    } else if (WalkItem(node) == Verdict::kStop) {
+      return Verdict::kStop;
     }
   }
-  return !walk.Aborted();
+  return walk.Ending();
 }
 
-bool ItemImport::Report(std::string_view message) {
+Verdict ItemImport::Report(std::string_view message) {
   verdict_ = run_.log.ReportError(message);
   return verdict_;
 }
@@ -62,11 +62,11 @@ bool ItemImport::Report(std::string_view message) {
 // An item whose walk was aborted is still written, with what was read so far, if its key is
 // complete; only then does the result false end the bank. If a value is not on its list, the item
 // is not written when the import must stop; if a number is refused, it is never written.
-bool ItemImport::WalkItem(XmlNode item) {
+Verdict ItemImport::WalkItem(XmlNode item) {
   record_->Clear();
   run_.log.ClearTexts();
   run_.texts.Begin();
-  verdict_ = true;
+  verdict_ = Verdict::kGoOn;
   std::int32_t keyCount = 0;
   ImportIterator_i walk =
       ImportIterator_i::OverChildren(run_, item, names_, "<item>", ImportTags::kFollowed);
@@ -77,17 +77,18 @@ bool ItemImport::WalkItem(XmlNode item) {
     std::string_view const text = node.Text(scratch);
     if (match == fields_.tags.size()) {
       keyCount = ReadKey(node, text);
-    } else if (!ReadTag(fields_.tags[match], node, text)) {
-      return false;
+    } else if (ReadTag(fields_.tags[match], node, text) == Verdict::kStop) {
+      return Verdict::kStop;
     }
-    if (run_.texts.Ended()) return false;
+    if (run_.texts.Ended()) return Verdict::kStop;
   }
-  bool const goesOn = run_.texts.Refused() ? run_.texts.Verdict() : StoreItem(item, keyCount);
-  return goesOn && !walk.Aborted();
+  Verdict const verdict =
+      run_.texts.Refused() ? run_.texts.LastVerdict() : StoreItem(item, keyCount);
+  return walk.Aborted() ? Verdict::kStop : verdict;
 }
 
 // Returns whether the import may continue after the last report; true without a report.
-bool ItemImport::StoreItem(XmlNode item, std::int32_t keyCount) {
+Verdict ItemImport::StoreItem(XmlNode item, std::int32_t keyCount) {
   if (keyCount == 0) key_.ClearKey();
   if (keyCount < info_.minKeyWords || keyCount > info_.keyWords) {
     return Report(KeyCountProblem(keyCount));
@@ -104,12 +105,12 @@ bool ItemImport::StoreItem(XmlNode item, std::int32_t keyCount) {
   return verdict_;
 }
 
-// False when the import must end. Values that the text leaves out are not changed in the record.
-bool ItemImport::ReadTag(FieldTag const& tag, XmlNode node, std::string_view text) {
+// Values that the text leaves out are not changed in the record.
+Verdict ItemImport::ReadTag(FieldTag const& tag, XmlNode node, std::string_view text) {
   switch (tag.type) {
-    case fieldInteger: ReadIntegers(tag, node, text); return true;
-    case fieldReal: ReadReals(tag, node, text); return true;
-    case fieldText: ReadText(tag, node, text); return true;
+    case fieldInteger: ReadIntegers(tag, node, text); return Verdict::kGoOn;
+    case fieldReal: ReadReals(tag, node, text); return Verdict::kGoOn;
+    case fieldText: ReadText(tag, node, text); return Verdict::kGoOn;
     default: return ReadChoice(tag, text);
   }
 }
@@ -149,7 +150,7 @@ void ItemImport::ReadText(FieldTag const& tag, XmlNode node, std::string_view te
   record_->SetStringField(tag.name.c_str(), textValue_.data());
 }
 
-bool ItemImport::ReadChoice(FieldTag const& tag, std::string_view text) {
+Verdict ItemImport::ReadChoice(FieldTag const& tag, std::string_view text) {
   auto const choice =
       std::find_if(tag.choices.begin(), tag.choices.end(),
                    [&](FieldTag::Choice const& c) { return SameText(c.name, text); });
@@ -159,7 +160,7 @@ bool ItemImport::ReadChoice(FieldTag const& tag, std::string_view text) {
   record_->GetIntField(tag.name.c_str(), intValues_.data());
   intValues_[0] = choice->value;
   record_->SetIntField(tag.name.c_str(), intValues_.data());
-  return true;
+  return Verdict::kGoOn;
 }
 
 }  // namespace zel

@@ -20,13 +20,13 @@ class ItemImport {
   // `format` is the one with which the bank was made; 0 means all fields of the highest format.
   ItemImport(ImportRun& run, std::string_view type, std::string_view name, std::int32_t format);
 
-  // Reads the memo and the items of a bank. False when the import must end.
-  bool WalkBank(XmlNode bank);
+  // Reads the memo and the items of a bank.
+  Verdict WalkBank(XmlNode bank);
 
  private:
-  bool WalkItem(XmlNode item);
-  bool StoreItem(XmlNode item, std::int32_t keyCount);
-  bool Report(std::string_view message);
+  Verdict WalkItem(XmlNode item);
+  Verdict StoreItem(XmlNode item, std::int32_t keyCount);
+  Verdict Report(std::string_view message);
 
   // import_keys.cpp: read the key from its text; return the number of keys entered.
   std::int32_t ReadKey(XmlNode node, std::string_view text);
@@ -35,18 +35,18 @@ class ItemImport {
   std::int32_t ReadWord(XmlNode node, std::string_view text);
   std::string KeyCountProblem(std::int32_t keyCount) const;
 
-  bool ReadTag(FieldTag const& tag, XmlNode node, std::string_view text);
+  Verdict ReadTag(FieldTag const& tag, XmlNode node, std::string_view text);
   void ReadIntegers(FieldTag const& tag, XmlNode node, std::string_view text);
   void ReadReals(FieldTag const& tag, XmlNode node, std::string_view text);
   void ReadText(FieldTag const& tag, XmlNode node, std::string_view text);
   // Calls `take` for each value of a text that has a place, with the place.
   template <typename Take>
   void ForEachValue(FieldTag const& tag, XmlNode node, std::string_view text, Take const& take);
-  bool ReadChoice(FieldTag const& tag, std::string_view text);
+  Verdict ReadChoice(FieldTag const& tag, std::string_view text);
 
   ImportRun& run_;
   std::string bankName_;
-  Held<IZelBankDef> record_;
+  FaceRef<IZelBankDef> record_;
   BankInfo info_;
   Key_i key_;
   FieldTags fields_;
@@ -54,7 +54,7 @@ class ItemImport {
   std::vector<std::int32_t> intValues_;
   std::vector<double> realValues_;
   std::vector<char> textValue_;
-  bool verdict_ = true;  // of the last report on the item
+  Verdict verdict_ = Verdict::kGoOn;  // of the last report on the item
 };
 
 }  // namespace zel

@@ -81,7 +81,7 @@ bool ImportIterator_i::Accept(XmlNode node, std::size_t& match) {
                                 [&](NameRow const& known) { return SameText(known.name, name); });
   if (row == names_.end()) {
     if (importTags_ == ImportTags::kFollowed && SameText(name, "import")) {
-      if (!FollowImport(node)) Stop();
+      if (FollowImport(node) == Verdict::kStop) Stop();
       return false;
     }
     return Report(
@@ -108,13 +108,13 @@ bool ImportIterator_i::Stop() {
 
 // Always returns false: a reported node is not returned by the walk.
 bool ImportIterator_i::Report(std::string_view message) {
-  if (!run_.log.ReportError(message)) Stop();
+  if (run_.log.ReportError(message) == Verdict::kStop) Stop();
   return false;
 }
 
 bool ImportIterator_i::EndInclude() {
   if (!includeActive_) return false;
-  if (!run_.Settle(document_)) Stop();
+  if (run_.Settle(document_) == Verdict::kStop) Stop();
   Documents().Pop();
   run_.openPaths.pop_back();
   next_ = savedNext_;
@@ -123,12 +123,11 @@ bool ImportIterator_i::EndInclude() {
   return true;
 }
 
-// False when the walk must end.
-bool ImportIterator_i::FollowImport(XmlNode tag) {
+Verdict ImportIterator_i::FollowImport(XmlNode tag) {
   std::optional<std::string> const file = tag.Attribute("file");
   if (!file) {
     run_.log.ReportError("Missing \"file\" attribute on \"import\" tag");
-    return false;
+    return Verdict::kStop;
   }
   std::string const path = Documents().Push(*file);
   std::shared_ptr<ReadDocument> document;
@@ -137,10 +136,11 @@ bool ImportIterator_i::FollowImport(XmlNode tag) {
   if (opened == ImportRun::Opened::kOpened) {
     DocumentLedger::Arrived(tag);
     EnterInclude(std::move(document));
-    return true;
+    return Verdict::kGoOn;
   }
   Documents().Pop();  // so that the report shows the including document
-  return run_.log.ReportError(problem) && opened != ImportRun::Opened::kEnd;
+  Verdict const verdict = run_.log.ReportError(problem);
+  return opened == ImportRun::Opened::kEnd ? Verdict::kStop : verdict;
 }
 
 // Continues the walk with the nodes of the document.

@@ -51,6 +51,8 @@ class ImportIterator_i {
   bool NextNode(XmlNode& node, std::size_t& match);
   // True if the walk ended because it must not continue.
   bool Aborted() const noexcept { return aborted_; }
+  // What that means for the import.
+  Verdict Ending() const noexcept { return aborted_ ? Verdict::kStop : Verdict::kGoOn; }
   // Walks the same list again, with other modes for the names.
   void ResetWalk(std::span<NameRow const> names);
 
@@ -62,7 +64,7 @@ class ImportIterator_i {
   bool EndInclude();
   bool Stop();
   bool Report(std::string_view message);
-  bool FollowImport(XmlNode tag);
+  Verdict FollowImport(XmlNode tag);
   void EnterInclude(std::shared_ptr<ReadDocument> document);
 
   ImportRun& run_;

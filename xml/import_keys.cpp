@@ -69,7 +69,7 @@ std::int32_t ItemImport::ReadComponents(std::string_view text) {
       // item.
       std::string message =
           "Ordwin Id or Libary Number is exceeding more than 8 digits for the item ";
-      return Report(message.append(token)) ? 1 : 0;
+      return Report(message.append(token)) == Verdict::kGoOn ? 1 : 0;
     }
     label.append(token).append(":");
     if (count < places) parts[count] = PartOf(token);

@@ -64,9 +64,9 @@ std::string ImportRun::Memo(XmlNode node) {
 }
 
 // An import that ended at its first error has left out all the rest; this needs no further report.
-bool ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
+Verdict ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   auto const at = std::find(unsettled.begin(), unsettled.end(), document);
-  if (at == unsettled.end()) return true;
+  if (at == unsettled.end()) return Verdict::kGoOn;
   std::shared_ptr<ReadDocument> const settled = *at;
   unsettled.erase(at);
   DocumentLedger const& ledger = *settled->ledger;
@@ -80,27 +80,27 @@ bool ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   counts.textsStored += ledger.Stored(DocumentLedger::kText);
   counts.importsFound += ledger.Found(DocumentLedger::kImport);
   counts.importsFollowed += ledger.Stored(DocumentLedger::kImport);
-  if (!texts.On() || (log.IsSilent() && log.HasErrors())) return true;
+  if (!texts.On() || (log.IsSilent() && log.HasErrors())) return Verdict::kGoOn;
   for (DocumentLedger::Difference const& difference : ledger.Differences()) {
     log.SetItemLabel("");
     LogDetail const detail = {logLostPart, difference.line, {}, {}};
     // After an error, a missing part is not reported as another error.
     if (!texts.Refuses() || log.HasErrors()) {
       log.ReportWarning(difference.text, detail);
-    } else if (!log.ReportError(difference.text, detail)) {
-      return false;
+    } else if (log.ReportError(difference.text, detail) == Verdict::kStop) {
+      return Verdict::kStop;
     }
   }
-  return true;
+  return Verdict::kGoOn;
 }
 
 void ImportRun::Finish() {
   while (!unsettled.empty()) {
     std::shared_ptr<ReadDocument> const document = unsettled.back();
     Documents().Push(document->path);
-    bool const goesOn = Settle(document);
+    Verdict const verdict = Settle(document);
     Documents().Pop();
-    if (!goesOn) break;
+    if (verdict == Verdict::kStop) break;
   }
   counts.documents = bounds.Documents();
   counts.malformedNumbers = texts.MalformedCount();

@@ -47,9 +47,8 @@ struct ImportRun {
               std::string& message);
   // Returns the text of a <memo> and marks it as stored.
   std::string Memo(XmlNode node);
-  // Reports what of the document was not stored, and drops the document. False when the import must
-  // end.
-  bool Settle(std::shared_ptr<ReadDocument> const& document);
+  // Reports what of the document was not stored, and drops the document.
+  Verdict Settle(std::shared_ptr<ReadDocument> const& document);
   // Does this for all remaining documents, and completes the counts for the host.
   void Finish();
 };

@@ -26,9 +26,9 @@ class TextChecks {
   // Refused: an error was reported since Begin, so the piece must not be stored. Verdict: whether
   // the import may continue.
   bool Refused() const noexcept { return refused_; }
-  bool Verdict() const noexcept { return verdict_; }
+  Verdict LastVerdict() const noexcept { return verdict_; }
   // True if such an error ends the import.
-  bool Ended() const noexcept { return refused_ && !verdict_; }
+  bool Ended() const noexcept { return refused_ && verdict_ == Verdict::kStop; }
 
   // Return the value of a text, read leniently. `at` is the element that has the text, as its own
   // or in an attribute.
@@ -65,7 +65,7 @@ class TextChecks {
   MaintLog& log_;
   zelImportChecks level_;
   bool refused_ = false;
-  bool verdict_ = true;
+  Verdict verdict_ = Verdict::kGoOn;
   std::int64_t malformed_ = 0;
   std::int64_t altered_ = 0;
 };

@@ -74,7 +74,7 @@ TEST_F(CraftedTest, BankHeadsThatCannotBeTrue) {
     LibFile_i library(files_, accRead, test::kSamplePath, "s");
     ASSERT_EQ(library.OpenExisting({true, ""}, nullptr), openOk);
     LibMaint_i maint(&library);
-    Held<IZelBankDef> const bank(NewBank("VANLAAR"));
+    FaceRef<IZelBankDef> const bank(NewBank("VANLAAR"));
     Key_i key;
     key.SetKey(1L, 2L);
     try {
@@ -116,7 +116,7 @@ TEST_F(CraftedTest, UpdateSessionsOnDamagedLibrariesEnd) {
       LibFile_i library(files_, accUpdate, test::kSamplePath, "s");
       if (library.OpenExisting({true, ""}, nullptr) == openOk) {
         LibMaint_i maint(&library);
-        Held<IZelBankDef> const bank(NewBank("NRTL"));
+        FaceRef<IZelBankDef> const bank(NewBank("NRTL"));
         Key_i key;
         for (long i = 1; i <= 3; ++i) {
           key.SetKey(i, 500 + i);

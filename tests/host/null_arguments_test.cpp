@@ -449,7 +449,7 @@ std::map<std::string, int> Declared() {
   }
   functions.erase("ZelFindingSink::Found");  // implemented by the host
   functions.erase("ZelLogSink::BankBegins");
-  functions.erase("casn::casnI2C");          // private
+  functions.erase("casn::casnI2C");  // private
   functions.erase("casn::casnS2C");
   return functions;
 }

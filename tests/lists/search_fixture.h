@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "lists/lib_search.h"
-#include "maint/held.h"
+#include "maint/face_ref.h"
 #include "maint/lib_maint.h"
 #include "store/key.h"
 #include "tests/support/memory_file_system.h"
@@ -40,7 +40,7 @@ class SearchTest : public ::testing::Test {
     if (!maint.BankExists(type, name)) {
       ASSERT_TRUE(maint.CreateBank(type, name, format));
     }
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     ASSERT_EQ(bank->SetDoubleField(field, &aij), kStatusOk);
     Key_i key;
     key.SetKey(i, j);
@@ -97,7 +97,7 @@ class SearchTest : public ::testing::Test {
   std::vector<std::unique_ptr<LibFile_i>> files_;
   LibFile* all_[kLibraries] = {};
   LibSearch_i search_;
-  Held<IZelBankDef> vanLaar_{NewBank("VANLAAR")};
+  FaceRef<IZelBankDef> vanLaar_{NewBank("VANLAAR")};
 };
 
 inline constexpr char kA[1][9] = {"A"};

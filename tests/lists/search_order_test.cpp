@@ -54,7 +54,7 @@ TEST_F(SearchOrderTest, NumbersOfIdsAreLookedUpAnewForEverySearch) {
 }
 
 TEST_F(SearchOrderTest, OneComponentStandsForAPairWithItself) {
-  Held<IZelBankDef> const hocv(NewBank("HOCV"));
+  FaceRef<IZelBankDef> const hocv(NewBank("HOCV"));
   Write(0, "HOCV", "A", 7, 7, 1.5, 0, "eta");
   search_.SetLibraryBanks(1, all_, kA);
   Key_i key;
@@ -67,7 +67,7 @@ TEST_F(SearchOrderTest, OneComponentStandsForAPairWithItself) {
 }
 
 TEST_F(SearchOrderTest, EachBankIsReadInItsOwnFormat) {
-  Held<IZelBankDef> const nrtl(NewBank("NRTL"));
+  FaceRef<IZelBankDef> const nrtl(NewBank("NRTL"));
   // The second format adds fij and five others.
   Write(0, "NRTL", "A", 1, 2, 1.5, 1);
   Write(1, "NRTL", "A", 3, 4, 2.5, 2, "fij");

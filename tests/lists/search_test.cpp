@@ -253,8 +253,8 @@ TEST_F(SearchTest, ReversedPairShowsTheCallersOrder) {
 }
 
 TEST_F(SearchTest, OtherTypeLocatesAnew) {
-  Held<IZelBankDef> const wilson(NewBank("WILSON"));
-  Held<IZelBankDef> const nrtl(NewBank("NRTL"));
+  FaceRef<IZelBankDef> const wilson(NewBank("WILSON"));
+  FaceRef<IZelBankDef> const nrtl(NewBank("NRTL"));
   Write(0, "WILSON", "A", 1, 2, 1.0);
   Write(0, "NRTL", "A", 1, 2, 2.0);
   search_.SetLibraryBanks(1, all_, kA);

@@ -261,7 +261,7 @@ TEST_F(BadItemsTest, NewItemWhoseWriteFailsLeavesNoKey) {
 TEST_F(BadItemsTest, NodeNeverHasAKeyWithoutItsValues) {
   Open(accUpdate);
   ASSERT_TRUE(maint_->CreateBank("VANLAAR", "A", 0));
-  Held<IZelBankDef> const pair(NewBank("VANLAAR"));
+  FaceRef<IZelBankDef> const pair(NewBank("VANLAAR"));
   double const aij = 1.5;
   pair->SetDoubleField("aij", &aij);
   key_.SetKey(1L, 2L);

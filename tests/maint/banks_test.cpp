@@ -22,7 +22,7 @@ TEST_F(BanksTest, EveryTypeInEveryFormatIsCreatedOnce) {
   char list[50][9];
   GetBankTypeList(50, list);
   for (auto const& type : list) {
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     ASSERT_TRUE(bank) << type;
     char keyword[9];
     char description[50];
@@ -174,7 +174,7 @@ TEST_F(BanksTest, ReaderCannotChange) {
 }
 
 TEST_F(BanksTest, ReferredBanksAreNamed) {
-  Held<IZelBankDef> const psrk(NewBank("PSRK"));
+  FaceRef<IZelBankDef> const psrk(NewBank("PSRK"));
   Maint().CreateBank("PSRK", "S", 0);
   psrk->SetRefBankName("PURECOMP", "PURE");
   psrk->SetRefBankName("ALPHA", "ALPHAS");
@@ -210,7 +210,7 @@ TEST_F(BanksTest, ReferencesOfADamagedBankThrow) {
 
 TEST_F(BanksTest, TreeOfABankIsReported) {
   Maint().CreateBank("HOCV", "H", 0);
-  Held<IZelBankDef> const hocv(NewBank("HOCV"));
+  FaceRef<IZelBankDef> const hocv(NewBank("HOCV"));
   double const eta = 0.5;
   hocv->SetDoubleField("eta", &eta);
   key_.SetKey(7L);

@@ -313,7 +313,7 @@ TEST_F(CheckTest, RefusedComponentIsNotWritten) {
   EXPECT_EQ(Maint().Log().PendingText(),
             "Library ID \"ETHANOL\" already refers to a component in this library");
   EXPECT_FALSE(Maint().RewriteItem(bank_.Def()));
-  EXPECT_FALSE(Maint().Log().ReportError(""));
+  EXPECT_EQ(Maint().Log().ReportError(""), Verdict::kStop);
   EXPECT_STREQ(Maint().GetLastErrorText(),
                "Library ID \"ETHANOL\" already refers to a component in this library");
   EXPECT_FALSE(Maint().ItemExists(bank_.Def(), "PURE", &key_));

@@ -58,7 +58,7 @@ class FailedWriteTest : public ::testing::Test {
     return shown;
   }
   static std::string Items(LibMaint_i& maint, char const* name) {
-    Held<IZelBankDef> const bank(NewBank("VANLAAR"));
+    FaceRef<IZelBankDef> const bank(NewBank("VANLAAR"));
     std::string items;
     std::int32_t words[10] = {};
     maint.BeginItemWalk("VANLAAR", name);
@@ -124,7 +124,7 @@ class FailedWriteTest : public ::testing::Test {
   test::FailingFileSystem failing_{files_};
   std::optional<LibFile_i> library_;
   std::optional<LibMaint_i> maint_;
-  Held<IZelBankDef> bank_{NewBank("VANLAAR")};
+  FaceRef<IZelBankDef> bank_{NewBank("VANLAAR")};
   Key_i key_;
 };
 

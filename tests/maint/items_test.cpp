@@ -66,8 +66,8 @@ TEST_F(ItemsTest, WriteThatBreaksOffGivesTheCallersOrderBack) {
 }
 
 TEST_F(ItemsTest, SymmetricPairDoesNotChangeAndOrderedPairIsItsOwn) {
-  Held<IZelBankDef> const pro(NewBank("PRO"));
-  Held<IZelBankDef> const henry(NewBank("HENRY"));
+  FaceRef<IZelBankDef> const pro(NewBank("PRO"));
+  FaceRef<IZelBankDef> const henry(NewBank("HENRY"));
   Maint().CreateBank("PRO", "P", 0);
   Maint().CreateBank("HENRY", "H", 0);
   double const values[5] = {0.5, 1.5, 2.5, 3.5, 4.5};
@@ -189,7 +189,7 @@ TEST_F(ItemsTest, RewriteNeedsAnItemReadOrWritten) {
   EXPECT_TRUE(Maint().RewriteItem(vanLaar_.Get()));
   ASSERT_TRUE(Read(1, 2));
   EXPECT_EQ(Aij(), 30.0);
-  Held<IZelBankDef> const other(NewBank("MARGULES"));
+  FaceRef<IZelBankDef> const other(NewBank("MARGULES"));
   EXPECT_FALSE(Maint().RewriteItem(other.Get())) << "another type";
   EXPECT_FALSE(Maint().RewriteItem(vanLaar_.Get())) << "and the item is gone";
   Read(1, 2);
@@ -240,7 +240,7 @@ TEST_F(ItemsTest, KeyAsksTheNameIndexAtEachUse) {
 }
 
 TEST_F(ItemsTest, ShortKeysFindTheirItems) {
-  Held<IZelBankDef> const hocv(NewBank("HOCV"));
+  FaceRef<IZelBankDef> const hocv(NewBank("HOCV"));
   Maint().CreateBank("HOCV", "H", 0);
   double eta = 0.25;
   hocv->SetDoubleField("eta", &eta);
@@ -249,7 +249,7 @@ TEST_F(ItemsTest, ShortKeysFindTheirItems) {
   key_.SetKey(7L, 7L);
   EXPECT_TRUE(Maint().ReadItem(hocv.Get(), "H", &key_));
 
-  Held<IZelBankDef> const unf(NewBank("UNFDORT"));
+  FaceRef<IZelBankDef> const unf(NewBank("UNFDORT"));
   Maint().CreateBank("UNFDORT", "U", 0);
   auto const write = [&](std::vector<std::int32_t> words, double r) {
     unf->Clear();
@@ -274,7 +274,7 @@ TEST_F(ItemsTest, ShortKeysFindTheirItems) {
 }
 
 TEST_F(ItemsTest, CharacterKeysAreTexts) {
-  Held<IZelBankDef> const map(NewBank("MAPORW"));
+  FaceRef<IZelBankDef> const map(NewBank("MAPORW"));
   Maint().CreateBank("MAPORW", "M", 0);
   std::int32_t number = 4711;
   map->SetIntField("libnum", &number);
@@ -290,7 +290,7 @@ TEST_F(ItemsTest, CharacterKeysAreTexts) {
 }
 
 TEST_F(ItemsTest, OlderFormatLeavesLaterFieldsUndefined) {
-  Held<IZelBankDef> const nrtl(NewBank("NRTL"));
+  FaceRef<IZelBankDef> const nrtl(NewBank("NRTL"));
   Maint().CreateBank("NRTL", "OLD", 1);
   double const one = 1.0;
   nrtl->SetDoubleField("aij", &one);

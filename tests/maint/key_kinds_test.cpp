@@ -9,16 +9,16 @@ namespace {
 class KeyKindsTest : public test::MaintTest {
  protected:
   // Makes bank K of a type and returns an object of that type.
-  Held<IZelBankDef> Make(char const* type, std::int32_t format = 0) {
+  FaceRef<IZelBankDef> Make(char const* type, std::int32_t format = 0) {
     EXPECT_TRUE(Maint().CreateBank(type, "K", format)) << type;
-    return Held<IZelBankDef>(NewBank(type));
+    return FaceRef<IZelBankDef>(NewBank(type));
   }
   using Words = std::vector<std::int32_t>;
-  bool Write(Held<IZelBankDef> const& bank, Words const& words) {
+  bool Write(FaceRef<IZelBankDef> const& bank, Words const& words) {
     key_.SetKeyWords(static_cast<long>(words.size()), words.data());
     return Maint().WriteItem(bank.Get(), "K", &key_);
   }
-  bool Read(Held<IZelBankDef> const& bank, Words const& words) {
+  bool Read(FaceRef<IZelBankDef> const& bank, Words const& words) {
     key_.SetKeyWords(static_cast<long>(words.size()), words.data());
     return Maint().ReadItem(bank.Get(), "K", &key_);
   }
@@ -32,7 +32,7 @@ class KeyKindsTest : public test::MaintTest {
   }
 };
 
-double RealOf(Held<IZelBankDef> const& bank, char const* field) {
+double RealOf(FaceRef<IZelBankDef> const& bank, char const* field) {
   double value = 0.0;
   EXPECT_EQ(bank->GetDoubleField(field, &value), kStatusOk);
   return value;
@@ -40,7 +40,7 @@ double RealOf(Held<IZelBankDef> const& bank, char const* field) {
 
 TEST_F(KeyKindsTest, GroupPairsAreStoredLowerFirstAndTurnRoundWhole) {
   auto const bank = Make("UNIFAC");
-  auto const face = Held<IZelUnifac>::Of(bank.Get(), IID_IZelUnifac);
+  auto const face = FaceRef<IZelUnifac>::Of(bank.Get(), IID_IZelUnifac);
   double tij[9], tji[9], outIj[9], outJi[9], v[4];
   std::iota(tij, tij + 9, 100.0);
   std::iota(tji, tji + 9, 200.0);
@@ -95,7 +95,7 @@ TEST_F(KeyKindsTest, GroupNamesKeepTheOrderOfTheirKeys) {
 // Pair parameters of groups on another scale, symmetric: both orders show the same.
 TEST_F(KeyKindsTest, SymmetricGroupPairIsOneItem) {
   auto const bank = Make("PPR78");
-  auto const face = Held<IZelPpr78>::Of(bank.Get(), IID_IZelPpr78);
+  auto const face = FaceRef<IZelPpr78>::Of(bank.Get(), IID_IZelPpr78);
   face->PutData(52.5, 286.75);
   ASSERT_TRUE(Write(bank, {8, 1}));
   double a = 0, b = 0;
@@ -145,7 +145,7 @@ TEST_F(KeyKindsTest, NumbersMapToNamesOfTwelveCharacters) {
     bank->GetFieldCount(format, &count);
     EXPECT_EQ(count, 1);
   }
-  auto const face = Held<IZelOrwMap>::Of(bank.Get(), IID_IZelOrwMap);
+  auto const face = FaceRef<IZelOrwMap>::Of(bank.Get(), IID_IZelOrwMap);
   char name[13];
   face->PutData("TwelveLetter");
   ASSERT_TRUE(Write(bank, {10000012}));

@@ -26,7 +26,8 @@ class LogTest : public ::testing::Test {
     return ::testing::internal::GetCapturedStdout();
   }
   std::string Error(std::string_view message, bool verdict) {
-    return Output([&] { EXPECT_EQ(log_.ReportError(message), verdict); });
+    return Output(
+        [&] { EXPECT_EQ(log_.ReportError(message), verdict ? Verdict::kGoOn : Verdict::kStop); });
   }
 
   MaintLog log_;

@@ -35,7 +35,7 @@ class MaintTest : public ::testing::Test {
   MemoryFileSystem files_;
   std::unique_ptr<LibFile_i> library_;
   std::unique_ptr<LibMaint_i> maint_;
-  Held<IZelBankDef> vanLaar_{NewBank("VANLAAR")};
+  FaceRef<IZelBankDef> vanLaar_{NewBank("VANLAAR")};
   Key_i key_;
 };
 

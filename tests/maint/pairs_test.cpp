@@ -64,7 +64,7 @@ struct PairFacts {
 };
 
 PairFacts FactsOf(IZelBankDef* bank) {
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   char keyword[9];
   std::int32_t least, formats, words, resident;
   PairFacts facts;
@@ -78,13 +78,13 @@ TEST_F(PairsTest, OfAsymmetricTypesTurnRoundAndOthersDoNot) {
   int symmetric = 0;
   int ordered = 0;
   for (ExpectedType const& type : test::ExpectedTypes()) {
-    Held<IZelBankDef> const bank(NewBank(type.keyword));
+    FaceRef<IZelBankDef> const bank(NewBank(type.keyword));
     PairFacts const facts = FactsOf(bank.Get());
     if (facts.keyKind != 0 || facts.keyWords != 2) continue;
     std::vector<double> const stored = Store(bank.Get(), type);
-    Held<IZelBankDef> const other(NewBank(type.keyword));
+    FaceRef<IZelBankDef> const other(NewBank(type.keyword));
     FillNumbers(other.Get(), type);
-    auto const io = Held<IZelBankIO>::Of(other.Get(), IID_IZelBankIO);
+    auto const io = FaceRef<IZelBankIO>::Of(other.Get(), IID_IZelBankIO);
     bool const turns = io->SwapPair() == kStatusOk;
     std::vector<double> const turned = NumbersOf(other.Get(), type);
 
@@ -121,8 +121,8 @@ TEST_F(PairsTest, OfAsymmetricTypesTurnRoundAndOthersDoNot) {
 }
 
 TEST_F(PairsTest, HeatOfMixingReadReversedHasOtherSigns) {
-  Held<IZelBankDef> const bank(NewBank("HMIX"));
-  auto const face = Held<IZelHMix>::Of(bank.Get(), IID_IZelHMix);
+  FaceRef<IZelBankDef> const bank(NewBank("HMIX"));
+  auto const face = FaceRef<IZelHMix>::Of(bank.Get(), IID_IZelHMix);
   Maint().CreateBank("HMIX", "P", 0);
   face->PutData(1, 2, 3, 4, 5, 6, 7, 8, 300, 400, -1e35, 2, 9);
   ASSERT_TRUE(Write(bank.Get(), 1, 2));
@@ -137,8 +137,8 @@ TEST_F(PairsTest, HeatOfMixingReadReversedHasOtherSigns) {
 }
 
 TEST_F(PairsTest, AzeotropeReadReversedShowsTheOtherFraction) {
-  Held<IZelBankDef> const bank(NewBank("AZEOTROP"));
-  auto const face = Held<IZelAzeo>::Of(bank.Get(), IID_IZelAzeo);
+  FaceRef<IZelBankDef> const bank(NewBank("AZEOTROP"));
+  auto const face = FaceRef<IZelAzeo>::Of(bank.Get(), IID_IZelAzeo);
   Maint().CreateBank("AZEOTROP", "P", 0);
   face->PutData(351.3, 101.325, 0.3, 2);
   ASSERT_TRUE(Write(bank.Get(), 1, 2));
@@ -158,7 +158,7 @@ TEST_F(PairsTest, AzeotropeReadReversedShowsTheOtherFraction) {
 TEST_F(PairsTest, PureValuesStandBesideThoseOfPairs) {
   for (char const* type : {"HOCV", "IDIMER"}) {
     char const* field = std::strcmp(type, "HOCV") == 0 ? "eta" : "Aij";
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     ASSERT_TRUE(Maint().CreateBank(type, "P", 0));
     double value = 0.5;
     bank->SetDoubleField(field, &value);
@@ -178,8 +178,8 @@ TEST_F(PairsTest, PureValuesStandBesideThoseOfPairs) {
 }
 
 TEST_F(PairsTest, WilsonOfAnOldBankHasItsNewChoicesByDefault) {
-  Held<IZelBankDef> const bank(NewBank("WILSON"));
-  auto const face = Held<IZelWilson>::Of(bank.Get(), IID_IZelWilson);
+  FaceRef<IZelBankDef> const bank(NewBank("WILSON"));
+  auto const face = FaceRef<IZelWilson>::Of(bank.Get(), IID_IZelWilson);
   ASSERT_TRUE(Maint().CreateBank("WILSON", "P", 1));
   face->PutData(24013, 1, 2, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17);
   ASSERT_TRUE(Write(bank.Get(), 1, 2));

@@ -95,7 +95,7 @@ TEST_F(WalksTest, EmptyBankEndsWithKeyWordsOfZero) {
 }
 
 TEST_F(WalksTest, ItemsOfAnOldBankComeInItsFormat) {
-  Held<IZelBankDef> const nrtl(NewBank("NRTL"));
+  FaceRef<IZelBankDef> const nrtl(NewBank("NRTL"));
   double const values[2] = {1.5, 2.5};
   for (std::int32_t format : {1, 2}) {
     std::string const name = std::to_string(format);
@@ -120,7 +120,7 @@ TEST_F(WalksTest, BankOfAnotherTypeGetsNoItem) {
   SetAij(1, 2);
   key_.SetKey(1L, 2L);
   Maint().WriteItem(vanLaar_.Get(), "A", &key_);
-  Held<IZelBankDef> const other(NewBank("UNIQUAC"));
+  FaceRef<IZelBankDef> const other(NewBank("UNIQUAC"));
   std::int32_t words[10];
   Maint().BeginItemWalk("VANLAAR", "A");
   EXPECT_FALSE(Maint().NextItem(words, other.Get()));

@@ -18,7 +18,7 @@ namespace {
 
 // Sets every field of a bank to its own values.
 void FillBank(IZelBankDef* bank, std::int32_t format) {
-  if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
+  if (auto const component = FaceRef<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
     FillComponent(component.Get());
     return;
   }
@@ -48,8 +48,8 @@ void FillBank(IZelBankDef* bank, std::int32_t format) {
 }
 
 void WriteOneItem(LibMaint_i& maint, char const* type, std::int32_t format, std::int32_t number) {
-  Held<IZelBankDef> const bank(NewBank(type));
-  auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+  FaceRef<IZelBankDef> const bank(NewBank(type));
+  auto const io = FaceRef<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   BlockInfo const info(io.Get());
   std::string const name = "B" + std::to_string(format);
   if (!maint.CreateBank(type, name.c_str(), format)) throw std::logic_error(type);
@@ -64,10 +64,10 @@ void WriteOneItem(LibMaint_i& maint, char const* type, std::int32_t format, std:
 
 // The item that a bank holds: its words, or the whole text of a component.
 std::string ItemText(IZelBankDef* bank, std::int32_t format) {
-  if (auto const component = Held<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
+  if (auto const component = FaceRef<IZelPureComp>::Of(bank, IID_IZelPureComp)) {
     return TextOf(component.Get());
   }
-  auto const io = Held<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
   std::int32_t words = 0;
   bank->GetRecordLength(format, &words);
   std::vector<std::int32_t> block(static_cast<std::size_t>(words));
@@ -140,7 +140,7 @@ class Reader {
     std::string& text = finding_.banks[std::string(type) + ":" + name];
     bool const whole = Guarded([&] {
       LibMaint_i maint(&library_);
-      Held<IZelBankDef> const bank(NewBank(type));
+      FaceRef<IZelBankDef> const bank(NewBank(type));
       if (!bank) return;  // a type that exists only through damage
       char memo[4000];
       maint.GetBankMemo(type, name, memo);
@@ -154,7 +154,7 @@ class Reader {
         if (keys.size() < 3) keys.emplace_back(words, words + 10);
       }
       Key_i key;
-      auto const io = Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
+      auto const io = FaceRef<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
       for (auto const& item : keys) {
         key.SetKeyWords(BlockInfo(io.Get()).keyWords, item.data());
         maint.ReadItem(bank.Get(), name, &key);
@@ -185,9 +185,9 @@ void MakeSampleLibrary(MemoryFileSystem& files) {
   GetBankTypeList(50, list);
   std::int32_t number = 100;
   for (auto const& type : list) {
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     std::int32_t const formats =
-        BlockInfo(Held<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO).Get()).formatCount;
+        BlockInfo(FaceRef<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO).Get()).formatCount;
     for (std::int32_t format = 1; format <= formats; ++format) {
       WriteOneItem(maint, type, format, number += 10);
     }

@@ -31,23 +31,23 @@ bool Refused() {
 
 // The memory that the parser holds. The parser leaks some of it when a request is refused, which is
 // not this library's fault: this set keeps it reachable.
-std::set<void*>& Held() {
+std::set<void*>& FaceRef() {
   static std::set<void*>& held = *new std::set<void*>;
   return held;
 }
 
 void* Hold(void* memory) {
-  if (memory != nullptr) Held().insert(memory);
+  if (memory != nullptr) FaceRef().insert(memory);
   return memory;
 }
 void GiveBack(void* memory) {
-  Held().erase(memory);
+  FaceRef().erase(memory);
   std::free(memory);
 }
 void* Take(std::size_t size) { return Refused() ? nullptr : Hold(std::malloc(size)); }
 void* Retake(void* memory, std::size_t size) {
   if (Refused()) return nullptr;
-  Held().erase(memory);
+  FaceRef().erase(memory);
   return Hold(std::realloc(memory, size));
 }
 char* Duplicate(char const* text) {

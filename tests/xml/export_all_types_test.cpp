@@ -159,7 +159,7 @@ class ExportAllTypesTest : public test::ExportTest {
   }
 
   std::string ExpectedItems(char const* type, char const* name, std::int32_t format) {
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     BankInfo const info(bank.Get());
     std::vector<Field> const fields = FieldsOf(bank.Get(), format);
     std::vector<std::string> byLength(static_cast<std::size_t>(info.keyWords) + 1);
@@ -179,7 +179,7 @@ class ExportAllTypesTest : public test::ExportTest {
 
   void PutItems(char const* type, char const* name, std::int32_t format) {
     ASSERT_TRUE(Maint().CreateBank(type, name, format)) << type;
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     BankInfo const info(bank.Get());
     std::vector<Field> const fields = FieldsOf(bank.Get(), format);
     for (auto const& [i, j] : {std::pair{1, 2},
@@ -213,7 +213,7 @@ TEST_F(ExportAllTypesTest, ItemsOfAllTypesAndFormatsAreExact) {
   int formats = 0;
   for (auto const& keyword : types) {
     char const* const type = keyword.data();
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     BankInfo const info(bank.Get());
     if (std::string_view(type) == "PURECOMP") continue;
     for (std::int32_t format = 1; format <= info.formatCount; ++format, ++formats) {

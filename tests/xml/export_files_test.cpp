@@ -287,7 +287,7 @@ TEST_F(ExportFilesTest, ClosedLibraryAndNoneGiveFalse) {
 
 TEST_F(ExportFilesTest, ExportEndsTheCurrentItemAndWalk) {
   Put("VANLAAR", "V", {1, 2}, [](IZelBankDef*) {});
-  Held<IZelBankDef> const bank(NewBank("VANLAAR"));
+  FaceRef<IZelBankDef> const bank(NewBank("VANLAAR"));
   Key_i key;
   key.SetKey(1L, 2L);
   ASSERT_TRUE(Maint().ReadItem(bank.Get(), "V", &key));

@@ -61,7 +61,7 @@ class ExportTest : public TempFolderTest {
   void Put(char const* type, char const* name, std::initializer_list<std::int32_t> words,
            Fill const& fill) {
     if (!maint_->BankExists(type, name)) maint_->CreateBank(type, name, 0);
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     fill(bank.Get());
     Key_i key;
     key.SetKeyWords(static_cast<long>(words.size()), words.begin());

@@ -93,7 +93,7 @@ TEST_F(ExportItemsTest, IdsAreLookedUpOnce) {
   Put("VANLAAR", "V", {7, 8}, Nothing);
   std::unordered_map<std::int32_t, std::string> ids = {{7, "KNOWN"}};
   platform::TextFile file(Out("items"));
-  Held<IZelBankDef> const bank(NewBank("VANLAAR"));
+  FaceRef<IZelBankDef> const bank(NewBank("VANLAAR"));
   ItemExport(Maint(), file, ids).Write(bank.Get(), "V", 1);
   file.Close();
   EXPECT_EQ(FileText(Out("items")),

@@ -71,14 +71,14 @@ class ImportTest : public TempFolderTest {
   // A real field of the item with these key words; an odd value if there is no such item.
   double RealOf(char const* type, char const* name, std::initializer_list<std::int32_t> words,
                 char const* field) {
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     double values[20] = {-777.0};
     if (ReadInto(bank.Get(), name, words)) bank->GetDoubleField(field, values);
     return values[0];
   }
   std::string TextOf(char const* type, char const* name, std::initializer_list<std::int32_t> words,
                      char const* field) {
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     char text[50] = "nothing";
     if (ReadInto(bank.Get(), name, words)) bank->GetStringField(field, text);
     return text;
@@ -86,7 +86,7 @@ class ImportTest : public TempFolderTest {
   std::vector<std::int32_t> IntsOf(char const* type, char const* name,
                                    std::initializer_list<std::int32_t> words, char const* field,
                                    std::size_t count) {
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     std::vector<std::int32_t> values(20, -777);
     if (ReadInto(bank.Get(), name, words)) bank->GetIntField(field, values.data());
     values.resize(count);

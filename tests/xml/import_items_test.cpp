@@ -222,7 +222,7 @@ TEST_F(ImportItemsTest, NamedValuesAreSoughtOnTheirList) {
   std::int32_t values[10];
   std::int32_t count = 0;
   std::int32_t byDefault = 0;
-  Held<IZelBankDef> const wilson(NewBank("WILSON"));
+  FaceRef<IZelBankDef> const wilson(NewBank("WILSON"));
   ASSERT_EQ(wilson->GetEnumCount("form", &count), kStatusOk);
   wilson->GetEnumList("form", names, values, &byDefault);
   std::string inner;
@@ -340,7 +340,7 @@ TEST_F(ImportItemsTest, EveryTypeTakesItsItems) {
                                    "<characterkey>AB</characterkey>"};
   for (char const* type : types) {
     if (std::string_view(type) == "PURECOMP") continue;
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     BankInfo const info(bank.Get());
     std::string key = kKeys[info.keyKind];
     std::size_t const at = key.find('%');

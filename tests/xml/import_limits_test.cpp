@@ -90,7 +90,7 @@ TEST_F(ImportLimitsTest, EveryTypeHasRoomForItsNames) {
   GetBankTypeList(50, types);
   std::size_t most = 0;
   for (char const* type : types) {
-    Held<IZelBankDef> const bank(NewBank(type));
+    FaceRef<IZelBankDef> const bank(NewBank(type));
     std::size_t const names = FieldTags(bank.Get(), 0).tags.size() + 1;
     EXPECT_LE(names, kMostNames) << type;
     most = std::max(most, names);

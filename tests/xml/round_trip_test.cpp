@@ -46,8 +46,8 @@ class RoundTripTest : public test::ExportTest {
 // correlations with a unit.
 void MakeTellable(LibMaint_i& maint) {
   Key_i key;
-  Held<IZelBankDef> const bank(NewPureComp());
-  auto const component = Held<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
+  FaceRef<IZelBankDef> const bank(NewPureComp());
+  auto const component = FaceRef<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
   key.SetKey(static_cast<long>(test::kSampleComponent));
   ASSERT_TRUE(maint.ReadItem(bank.Get(), "B1", &key));
   for (std::uint32_t i = 0; i < kNamedCorrelations; ++i) {
@@ -60,7 +60,7 @@ void MakeTellable(LibMaint_i& maint) {
     component->SetCorrelation(i, equation, tempUnit, unit, logBasis, basis, count, tMin, tMax, c);
   }
   ASSERT_TRUE(maint.RewriteItem(bank.Get()));
-  Held<IZelBankDef> const wilson(NewBank("WILSON"));
+  FaceRef<IZelBankDef> const wilson(NewBank("WILSON"));
   std::int32_t words[10];
   for (char const* name : {"B1", "B2"}) {
     ASSERT_TRUE(maint.BeginItemWalk("WILSON", name));
@@ -184,7 +184,7 @@ TEST_F(RoundTripTest, UndefinedValuesBetweenOthersComeBack) {
   Put("PRO", "P", {1, 2}, [&](IZelBankDef* bank) { bank->SetDoubleField("kij", kij); });
   ReadBack(Maint(), "/copy.lb1");
   EXPECT_EQ(Reports(), "");
-  Held<IZelBankDef> const bank(NewBank("PRO"));
+  FaceRef<IZelBankDef> const bank(NewBank("PRO"));
   Key_i key;
   key.SetKey(1L, 2L);
   ASSERT_TRUE(copyMaint_->ReadItem(bank.Get(), "P", &key));

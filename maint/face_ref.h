@@ -6,23 +6,23 @@
 namespace zel {
 
 template <typename Face>
-class Held {
+class FaceRef {
  public:
-  Held() = default;
+  FaceRef() = default;
   // Takes over a reference that the caller owns.
-  explicit Held(Face* face) noexcept : face_(face) {}
-  Held(Held&& other) noexcept : face_(other.face_) { other.face_ = nullptr; }
-  Held& operator=(Held&&) = delete;
-  ~Held() {
+  explicit FaceRef(Face* face) noexcept : face_(face) {}
+  FaceRef(FaceRef&& other) noexcept : face_(other.face_) { other.face_ = nullptr; }
+  FaceRef& operator=(FaceRef&&) = delete;
+  ~FaceRef() {
     if (face_ != nullptr) face_->Release();
   }
 
   // The face with the given identifier of a bank; empty when the bank has none.
   template <typename Other>
-  static Held Of(Other* bank, ZelIid const& id) {
+  static FaceRef Of(Other* bank, ZelIid const& id) {
     void* face = nullptr;
-    if (bank == nullptr || bank->QueryInterface(id, &face) != kStatusOk) return Held();
-    return Held(static_cast<Face*>(face));
+    if (bank == nullptr || bank->QueryInterface(id, &face) != kStatusOk) return FaceRef();
+    return FaceRef(static_cast<Face*>(face));
   }
 
   Face* operator->() const noexcept { return face_; }
