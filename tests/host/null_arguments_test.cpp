@@ -282,6 +282,21 @@ void NullArgumentsTest::SweepMaint() {
   auto& wider = dynamic_cast<LibMaint_p&>(m);
   SWEEP(wider, LibMaint_p, DumpBankTree);
   EXPECT_FALSE(wider.DumpBankTree("VANLAAR", "VANLAAR", 0, nullptr, -1));
+  // Without a sink the log goes to standard output again.
+  struct Sink final : ZelLogSink {
+    void Line(ZelLogLine const&) override { ++lines; }
+    void BankBegins(char const*, char const*) override {}
+    int lines = 0;
+  } sink;
+  wider.SetLogSink(&sink);
+  wider.SetLogSink(nullptr);
+  wider.SetLogLevel(1);
+  ::testing::internal::CaptureStdout();
+  EXPECT_FALSE(m.Import("none.xml", false));
+  EXPECT_NE(::testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(sink.lines, 0);
+  wider.SetLogLevel(0);
+  ++zelnull::Swept()["LibMaint_p::SetLogSink"];
 }
 
 void NullArgumentsTest::SweepExports() {
@@ -449,7 +464,7 @@ std::map<std::string, int> Declared() {
   }
   functions.erase("ZelFindingSink::Found");  // implemented by the host
   functions.erase("ZelLogSink::BankBegins");
-  functions.erase("casn::casnI2C");          // private
+  functions.erase("casn::casnI2C");  // private
   functions.erase("casn::casnS2C");
   return functions;
 }

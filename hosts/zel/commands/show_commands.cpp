@@ -142,8 +142,6 @@ bool AnyMatches(std::string const& pattern, std::vector<std::string> const& text
 Report Find(Session& session, Options const& o) {
   std::optional<Span> const boiling = ParseTemperatureSpan(o.boiling, "a boiling point");
   std::optional<Span> const weight = ParseSpan(o.weight, "a molecular weight");
-  constexpr std::uint32_t kWeight = 0;
-  constexpr std::uint32_t kBoiling = 8;
   Library const library = OpenFinished(session, o.path);
   Report report;
   Table& table = report.Begin("components", {{"bank", ""},
@@ -164,8 +162,8 @@ Report Find(Session& session, Options const& o) {
       library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
       while (library.Maint().NextItem(words, component.Def())) {
         Identity const identity = component.ReadIdentity();
-        double const nbp = component.Constant(kBoiling);
-        double const mw = component.Constant(kWeight);
+        double const nbp = component.Constant(zel::propertyNBP);
+        double const mw = component.Constant(zel::propertyMW);
         bool const fits = AnyMatches(o.name, {identity.name}) && AnyMatches(o.id, identity.ids) &&
                           AnyMatches(o.cas, {identity.cas}) &&
                           AnyMatches(o.formula, {identity.formula}) &&

@@ -13,9 +13,6 @@ namespace {
 constexpr std::size_t kSourceSize = 260;
 constexpr std::size_t kCoefficients = 15;
 constexpr std::uint32_t kConstantsWithCode = 50;
-constexpr std::uint32_t kCurvesWithCode = 17;
-constexpr std::uint32_t kFirstCritical = 1;  // TC, PC, VC, ZC
-constexpr std::uint32_t kLastCritical = 4;
 
 bool IsKnown(zel::zelConstantStates state) {
   return state == zel::constantStored || state == zel::constantFilledIn;
@@ -173,7 +170,7 @@ std::string PureComponent::ConstantSource(std::uint32_t index) const {
   std::uint8_t isProtected = 0;
   face_->GetPropertySource(index, text, &isProtected);
   // Critical constants that are computed from each other have no label.
-  bool const isCritical = index >= kFirstCritical && index <= kLastCritical;
+  bool const isCritical = index >= zel::propertyTC && index <= zel::propertyZC;
   if (*text == '\0' && isCritical) {
     return "from the others of TC,PC,VC,ZC";
   }
@@ -196,7 +193,8 @@ Curve PureComponent::ReadCurve(std::uint32_t index) const {
   auto const used =
       static_cast<std::size_t>(std::clamp(count, 0, static_cast<std::int32_t>(kCoefficients)));
   curve.coefficients.assign(coefficients, coefficients + used);
-  if (index < kCurvesWithCode) face_->GetCorrelationRefCode(index, &curve.refCode);
+  if (index < zel::correlationCharacteristicVolume)
+    face_->GetCorrelationRefCode(index, &curve.refCode);
   char text[kSourceSize] = {};
   std::uint8_t isProtected = 0;
   face_->GetCorrelationSource(index, text, &isProtected);

@@ -50,10 +50,10 @@ void SenseAcross::Component(PureComponent const& component, std::string const& p
       constants_[row.keyword + (" " + value)].push_back({place, identity.formula, ""});
     }
   }
-  if (Has(component.Constant(kTC)) && Has(component.Constant(kPC))) {
-    numbers_.push_back(
-        {"TC and PC: " + Digits(component.Constant(kTC)) + " " + Digits(component.Constant(kPC)),
-         {place, identity.formula, "has TC and PC"}});
+  if (Has(component.Constant(zel::propertyTC)) && Has(component.Constant(zel::propertyPC))) {
+    numbers_.push_back({"TC and PC: " + Digits(component.Constant(zel::propertyTC)) + " " +
+                            Digits(component.Constant(zel::propertyPC)),
+                        {place, identity.formula, "has TC and PC"}});
   }
 }
 
@@ -113,9 +113,9 @@ void SenseAcross::Close() {
 void CheckBoilingPoint(PureComponent const& one, std::string const& onePlace,
                        PureComponent const& other, std::string const& otherPlace,
                        TellSense const& tell) {
-  double const boiling = other.Constant(kNBP);
+  double const boiling = other.Constant(zel::propertyNBP);
   if (!Has(boiling)) return;
-  double const pressure = InsideAt(one, kVaporPressure, boiling);
+  double const pressure = InsideAt(one, zel::correlationVaporPressure, boiling);
   constexpr double kTolerance = 0.05;
   if (!Has(pressure) || std::abs(pressure - kAtmosphere) <= kTolerance * kAtmosphere) return;
   tell("boiling-point", onePlace,

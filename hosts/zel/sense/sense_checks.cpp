@@ -12,8 +12,7 @@
 namespace zelhost {
 namespace {
 
-constexpr std::uint32_t kCurvesWithCode = 17;  // the last one cannot have a code
-constexpr double kGas = 8.314462618;           // kJ/(kg-mol K), CODATA 2018, exact
+constexpr double kGas = 8.314462618;  // kJ/(kg-mol K), CODATA 2018, exact
 
 // The checks of one component.
 class Checked {
@@ -37,7 +36,7 @@ class Checked {
   void Tell(char const* id, std::string const& text, bool isError = false) const {
     tell_(id, place_, text, isError);
   }
-  double Of(Constant index) const { return c_.Constant(index); }
+  double Of(zel::zelProperties index) const { return c_.Constant(index); }
   double At(std::uint32_t curve, double kelvin) const { return InsideAt(c_, curve, kelvin); }
   void Below(char const* lower, double a, char const* higher, double b, double tolerance) const;
   void Monotonic(std::uint32_t index, bool rises) const;
@@ -54,7 +53,7 @@ void Checked::Identity() {
   zelhost::Identity const identity = c_.ReadIdentity();
   if (identity.cas.empty()) Tell("cas", "has no CAS number, or one whose check digit is wrong");
   double const expected = zel::GetFormulaWeight(identity.formula.c_str());
-  double const stored = Of(kMW);
+  double const stored = Of(zel::propertyMW);
   constexpr double kTolerance = 5e-4;
   if (Has(expected) && Has(stored) && std::abs(stored - expected) > kTolerance * expected) {
     Tell("formula-weight", "MW is " + Show(stored) + ", but the formula " + identity.formula +
@@ -82,8 +81,8 @@ void Checked::Equations() {
     double const low = Has(curve.tMin) ? curve.tMin : kCold;
     double const high = Has(curve.tMax) ? curve.tMax : std::max(kHot, low);
     // Nothing is inside a range whose ends are swapped, and Expansion is never evaluated.
-    bool const hasValue = low > high || IndexOf(row) == kExpansion || HasValue(IndexOf(row), low) ||
-                          HasValue(IndexOf(row), high) ||
+    bool const hasValue = low > high || IndexOf(row) == zel::correlationExpansion ||
+                          HasValue(IndexOf(row), low) || HasValue(IndexOf(row), high) ||
                           HasValue(IndexOf(row), low + (high - low) / 2);
     std::string text = FaultOf(curve);
     if (text.empty() && hasValue) continue;
@@ -104,12 +103,14 @@ void Checked::Below(char const* lower, double a, char const* higher, double b,
 
 void Checked::Temperatures() {
   constexpr double kMeltingTolerance = 0.005;
-  Below("NMP", Of(kNMP), "TTP", Of(kTTP), kMeltingTolerance);
-  Below("NBP", Of(kNBP), "TC", Of(kTC), 0.0);
+  Below("NMP", Of(zel::propertyNMP), "TTP", Of(zel::propertyTTP), kMeltingTolerance);
+  Below("NBP", Of(zel::propertyNBP), "TC", Of(zel::propertyTC), 0.0);
   constexpr double kEndTolerance = 1e-3;
-  static constexpr std::uint32_t kLiquid[] = {kVaporPressure,   kLatentHeat,     kLiquidDensity,
-                                              kSurfaceTension,  kLiquidEnthalpy, kLiquidThermal,
-                                              kLiquidViscosity, kLiquidCp};
+  static constexpr std::uint32_t kLiquid[] = {
+      zel::correlationVaporPressure,   zel::correlationLatentHeat,
+      zel::correlationLiquidDensity,   zel::correlationSurfaceTension,
+      zel::correlationLiquidEnthalpy,  zel::correlationLiquidThermal,
+      zel::correlationLiquidViscosity, zel::correlationLiquidCp};
   for (auto const& row : Correlations()) {
     Curve const curve = c_.ReadCurve(IndexOf(row));
     if (!curve.present || !Has(curve.tMin) || !Has(curve.tMax)) continue;
@@ -121,15 +122,16 @@ void Checked::Temperatures() {
         std::find(std::begin(kLiquid), std::end(kLiquid), IndexOf(row)) != std::end(kLiquid);
     if (isLiquid) {
       Below((std::string("the end of ") + row.name).c_str(),
-            Convert(curve.tMax, curve.tempUnit, kKelvin), "TC", Of(kTC), kEndTolerance);
+            Convert(curve.tMax, curve.tempUnit, kKelvin), "TC", Of(zel::propertyTC), kEndTolerance);
     }
   }
 }
 
 void Checked::Critical() {
-  double const stored = Of(kZC);
-  if (Has(Of(kTC)) && Has(Of(kPC)) && Has(Of(kVC)) && Of(kTC) > 0.0) {
-    double const z = Of(kPC) * Of(kVC) / (kGas * Of(kTC));
+  double const stored = Of(zel::propertyZC);
+  if (Has(Of(zel::propertyTC)) && Has(Of(zel::propertyPC)) && Has(Of(zel::propertyVC)) &&
+      Of(zel::propertyTC) > 0.0) {
+    double const z = Of(zel::propertyPC) * Of(zel::propertyVC) / (kGas * Of(zel::propertyTC));
     constexpr double kTolerance = 0.02;
     if (z < 0.15 || z > 0.40) {
       Tell("critical",
@@ -143,13 +145,15 @@ void Checked::Critical() {
 }
 
 void Checked::Acentric() {
-  if (!Has(Of(kAcentric)) || !Has(Of(kTC)) || !Has(Of(kPC)) || Of(kPC) <= 0.0) return;
-  double const pressure = At(kVaporPressure, 0.7 * Of(kTC));
+  if (!Has(Of(zel::propertyACENTRIC)) || !Has(Of(zel::propertyTC)) || !Has(Of(zel::propertyPC)) ||
+      Of(zel::propertyPC) <= 0.0)
+    return;
+  double const pressure = At(zel::correlationVaporPressure, 0.7 * Of(zel::propertyTC));
   if (!Has(pressure) || pressure <= 0.0) return;
-  double const expected = -std::log10(pressure / Of(kPC)) - 1.0;
+  double const expected = -std::log10(pressure / Of(zel::propertyPC)) - 1.0;
   constexpr double kTolerance = 0.02;
-  if (std::abs(Of(kAcentric) - expected) > kTolerance) {
-    Tell("acentric", "ACENTRIC is " + Show(Of(kAcentric)) +
+  if (std::abs(Of(zel::propertyACENTRIC) - expected) > kTolerance) {
+    Tell("acentric", "ACENTRIC is " + Show(Of(zel::propertyACENTRIC)) +
                          ", but the vapor pressure at 0.7 TC gives " + Show(expected));
   }
 }
@@ -157,33 +161,36 @@ void Checked::Acentric() {
 void Checked::VaporPressure() {
   constexpr double kAtBoiling = 0.02;
   constexpr double kAtCritical = 0.05;
-  double const boiling = At(kVaporPressure, Of(kNBP));
-  if (Has(Of(kNBP)) && Has(boiling) && std::abs(boiling - kAtmosphere) > kAtBoiling * kAtmosphere) {
-    Tell("vapor-pressure", "at NBP " + Show(Of(kNBP)) + " K the vapor pressure is " +
+  double const boiling = At(zel::correlationVaporPressure, Of(zel::propertyNBP));
+  if (Has(Of(zel::propertyNBP)) && Has(boiling) &&
+      std::abs(boiling - kAtmosphere) > kAtBoiling * kAtmosphere) {
+    Tell("vapor-pressure", "at NBP " + Show(Of(zel::propertyNBP)) + " K the vapor pressure is " +
                                Show(boiling) + " kPa, expected 101.325");
   }
-  double const critical = At(kVaporPressure, Of(kTC));
-  if (Has(Of(kTC)) && Has(Of(kPC)) && Has(critical) &&
-      std::abs(critical - Of(kPC)) > kAtCritical * Of(kPC)) {
-    Tell("vapor-pressure",
-         "at TC the vapor pressure is " + Show(critical) + " kPa, but PC is " + Show(Of(kPC)));
+  double const critical = At(zel::correlationVaporPressure, Of(zel::propertyTC));
+  if (Has(Of(zel::propertyTC)) && Has(Of(zel::propertyPC)) && Has(critical) &&
+      std::abs(critical - Of(zel::propertyPC)) > kAtCritical * Of(zel::propertyPC)) {
+    Tell("vapor-pressure", "at TC the vapor pressure is " + Show(critical) + " kPa, but PC is " +
+                               Show(Of(zel::propertyPC)));
   }
 }
 
 void Checked::CriticalDensity() {
-  double const density = At(kLiquidDensity, Of(kTC));
+  double const density = At(zel::correlationLiquidDensity, Of(zel::propertyTC));
   constexpr double kTolerance = 0.1;
-  if (!Has(Of(kTC)) || !Has(Of(kVC)) || Of(kVC) <= 0.0 || !Has(density)) return;
-  if (std::abs(density * Of(kVC) - 1.0) > kTolerance) {
+  if (!Has(Of(zel::propertyTC)) || !Has(Of(zel::propertyVC)) || Of(zel::propertyVC) <= 0.0 ||
+      !Has(density))
+    return;
+  if (std::abs(density * Of(zel::propertyVC) - 1.0) > kTolerance) {
     Tell("critical-density", "at TC the liquid density is " + Show(density) +
-                                 " kg-mol/m3, but VC gives " + Show(1.0 / Of(kVC)));
+                                 " kg-mol/m3, but VC gives " + Show(1.0 / Of(zel::propertyVC)));
   }
 }
 
 void Checked::LatentHeat() {
-  double const stored = Of(kHeatOfVaporization);
-  if (!Has(stored) || !Has(Of(kNBP))) return;
-  double const heat = At(kLatentHeat, Of(kNBP));
+  double const stored = Of(zel::propertyHVAPNBP);
+  if (!Has(stored) || !Has(Of(zel::propertyNBP))) return;
+  double const heat = At(zel::correlationLatentHeat, Of(zel::propertyNBP));
   constexpr double kTolerance = 0.03;
   if (Has(heat) && std::abs(stored - heat) > kTolerance * std::abs(heat)) {
     Tell("latent-heat",
@@ -193,11 +200,12 @@ void Checked::LatentHeat() {
 
 void Checked::SolidRanges() {
   constexpr double kTolerance = 0.005;
-  for (std::uint32_t const index : {kSolidEnthalpy, kSolidDensity, kSolidCp}) {
+  for (std::uint32_t const index :
+       {zel::correlationSolidEnthalpy, zel::correlationSolidDensity, zel::correlationSolidCp}) {
     Curve const curve = c_.ReadCurve(index);
     if (!curve.present || !Has(curve.tMax)) continue;
     Below((std::string("the end of ") + Correlations()[index].name).c_str(),
-          Convert(curve.tMax, curve.tempUnit, kKelvin), "NMP", Of(kNMP), kTolerance);
+          Convert(curve.tMax, curve.tempUnit, kKelvin), "NMP", Of(zel::propertyNMP), kTolerance);
   }
 }
 
@@ -236,10 +244,11 @@ void Checked::Positive(std::uint32_t index) const {
 }
 
 void Checked::SurfaceTensionAtCritical() const {
-  Curve const curve = c_.ReadCurve(kSurfaceTension);
-  if (!curve.present || !Has(curve.tMin) || !Has(Of(kTC))) return;
-  double const cold = At(kSurfaceTension, Convert(curve.tMin, curve.tempUnit, kKelvin));
-  double const critical = At(kSurfaceTension, Of(kTC));
+  Curve const curve = c_.ReadCurve(zel::correlationSurfaceTension);
+  if (!curve.present || !Has(curve.tMin) || !Has(Of(zel::propertyTC))) return;
+  double const cold =
+      At(zel::correlationSurfaceTension, Convert(curve.tMin, curve.tempUnit, kKelvin));
+  double const critical = At(zel::correlationSurfaceTension, Of(zel::propertyTC));
   constexpr double kNothing = 0.02;
   if (Has(cold) && Has(critical) && std::abs(critical) > kNothing * std::abs(cold)) {
     Tell("monotony", "SurfaceTension is " + Show(critical) + " at TC, expected 0");
@@ -247,11 +256,13 @@ void Checked::SurfaceTensionAtCritical() const {
 }
 
 void Checked::Curves() {
-  Monotonic(kVaporPressure, true);
-  Monotonic(kVaporViscosity, true);
-  Monotonic(kSurfaceTension, false);
+  Monotonic(zel::correlationVaporPressure, true);
+  Monotonic(zel::correlationVaporViscosity, true);
+  Monotonic(zel::correlationSurfaceTension, false);
   SurfaceTensionAtCritical();
-  for (std::uint32_t const index : {kIdealGasCp, kLiquidCp, kSolidCp}) Positive(index);
+  for (std::uint32_t const index :
+       {zel::correlationIdealGasCp, zel::correlationLiquidCp, zel::correlationSolidCp})
+    Positive(index);
 }
 
 void Checked::Sources() {
@@ -263,7 +274,8 @@ void Checked::Sources() {
   }
   for (auto const& row : Correlations()) {
     Curve const curve = c_.ReadCurve(IndexOf(row));
-    if (curve.present && curve.refCode == 0 && IndexOf(row) < kCurvesWithCode) {
+    if (curve.present && curve.refCode == 0 &&
+        IndexOf(row) < zel::correlationCharacteristicVolume) {
       without += std::string(without.empty() ? "" : " ") + row.name;
     }
   }

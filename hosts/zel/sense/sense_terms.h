@@ -1,4 +1,4 @@
-// Names for the plausibility checks: constants and correlations by index, and how to read them.
+// What the plausibility checks share.
 #pragma once
 
 #include <string>
@@ -9,37 +9,6 @@
 namespace zelhost {
 
 inline constexpr double kAtmosphere = 101.325;  // kPa
-
-// Constants by index.
-enum Constant : std::uint32_t {
-  kMW = 0,
-  kTC = 1,
-  kPC = 2,
-  kVC = 3,
-  kZC = 4,
-  kAcentric = 5,
-  kNMP = 7,
-  kNBP = 8,
-  kTTP = 37,
-  kHeatOfVaporization = 47  // at the normal boiling point
-};
-// Correlations by index.
-enum CurveIndex : std::uint32_t {
-  kVaporPressure = 0,
-  kLiquidEnthalpy = 2,
-  kLatentHeat = 3,
-  kLiquidDensity = 4,
-  kLiquidThermal = 5,
-  kLiquidViscosity = 7,
-  kVaporViscosity = 8,
-  kSurfaceTension = 9,
-  kExpansion = 10,
-  kSolidEnthalpy = 11,
-  kSolidDensity = 12,
-  kIdealGasCp = 13,
-  kLiquidCp = 14,
-  kSolidCp = 15
-};
 
 inline bool Has(double value) { return !zel::gen_IsUndefDouble(value); }
 
