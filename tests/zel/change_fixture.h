@@ -23,7 +23,7 @@ class ChangeTest : public ZelTest {
     std::filesystem::create_directory(Own());
     for (auto const& [name, bytes] : contents) MakeFile("own/" + name, bytes);
   }
-  // True if both files are the library's, or if neither has a second one.
+  // True if both files have the bytes of the library, or are missing in both.
   static bool HasLibrary(Contents const& folder, Contents const& library) {
     for (char const* name : {"own.lb1", "own.lb2"}) {
       auto const in = folder.find(name);

@@ -32,7 +32,7 @@ enum class Found {
   kLeftOver,  // nothing was moved yet, or everything was: only the folder must be removed
   kCutOff,    // the first file was moved away
   kTaken,     // the first file was moved away, and somebody has made another one since
-  kLost       // everything was moved, and the first file is gone since
+  kLost       // everything was moved, and the first file has disappeared since
 };
 
 Found Look(ChangePlaces const& change) {

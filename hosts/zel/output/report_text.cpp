@@ -35,7 +35,7 @@ bool IsNumeric(Table const& table, std::size_t column) {
   return any;
 }
 
-// The text for a terminal: characters of a library must not move the cursor.
+// The text for a terminal, on which control characters of a library must not move the cursor.
 std::string Visible(Cell const& cell) {
   std::string text = CellText(cell);
   for (char& c : text) {

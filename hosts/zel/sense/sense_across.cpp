@@ -109,7 +109,7 @@ void SenseAcross::Close() {
   Repeated();
 }
 
-// If the one has a vapor pressure and the other a boiling point.
+// Checks nothing unless the one has a vapor pressure and the other a boiling point.
 void CheckBoilingPoint(PureComponent const& one, std::string const& onePlace,
                        PureComponent const& other, std::string const& otherPlace,
                        TellSense const& tell) {

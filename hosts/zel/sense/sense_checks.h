@@ -33,7 +33,7 @@ class TellSense {
 struct SenseKind {
   char const* id;
   char const* rule;
-  bool isError = false;  // not only a warning
+  bool isError = false;  // an error, not a warning
 };
 std::vector<SenseKind> const& SenseKinds();
 // The check for a component that is another substance in another bank.
