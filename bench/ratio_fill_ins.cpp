@@ -27,7 +27,8 @@ std::uint64_t CheckOf(Derived const& values) {
 // The same by the formulas alone: no formula text, no labels, the equations inline.
 Derived ByHand(Component const& c, std::array<double, 5> const& atoms) {
   constexpr double kWeights[] = {12.011, 1.00794005, 14.006735, 15.9994, 32.066002};
-  double const mw = c.fixed[kMW], tc = c.fixed[kTC], pc = c.fixed[kPC], vc = c.fixed[kVC];
+  double const mw = c.fixed[propertyMW], tc = c.fixed[propertyTC], pc = c.fixed[propertyPC],
+               vc = c.fixed[propertyVC];
   double const y = std::sqrt(std::sqrt(tc) * std::cbrt(vc * vc * vc * vc * vc));
   auto const& p = c.correlations[0].coefficients;
   auto const& h = c.correlations[3].coefficients;
@@ -35,18 +36,18 @@ Derived ByHand(Component const& c, std::array<double, 5> const& atoms) {
   double const pressure = std::exp(p[0] + p[1] / t + p[2] * std::log(t) + p[3] * std::pow(t, p[4]));
   double const r = 298.15 / tc;
   double const latent = h[0] * std::pow(1.0 - r, h[1] + r * (h[2] + r * (h[3] + r * h[4])));
-  double const heat =
-      -393510.016 * atoms[0] - 120907.0 * atoms[1] - 296840.0 * atoms[4] - c.fixed[kHFORMATION];
+  double const heat = -393510.016 * atoms[0] - 120907.0 * atoms[1] - 296840.0 * atoms[4] -
+                      c.fixed[propertyHFORMATION];
   Derived values = {0.12027223379575203 / tc * pc * vc,
                     -std::log10(pressure / pc) - 1.0,
-                    std::sqrt((latent - 2478.95952865) / c.fixed[kMVOL25C] / 4183.21),
+                    std::sqrt((latent - 2478.95952865) / c.fixed[propertyMVOL25C] / 4183.21),
                     176.05005 - 7472.807 * vc - 0.87458088 * tc +
                         y * (1560.4793 + y * (19.309439 + y * 0.05013801)) - 25.691718 / y,
                     -heat,
                     heat,
-                    141.5 / c.fixed[kSG60F] - 131.5,
-                    std::cbrt(1.8 * c.fixed[kNBP]) / c.fixed[kSG60F],
-                    c.fixed[kNBP]};
+                    141.5 / c.fixed[propertySG60F] - 131.5,
+                    std::cbrt(1.8 * c.fixed[propertyNBP]) / c.fixed[propertySG60F],
+                    c.fixed[propertyNBP]};
   for (std::size_t i = 0; i < atoms.size(); ++i) {
     values[9 + i] = atoms[i];
     values[14 + i] = atoms[i] * kWeights[i] / mw;

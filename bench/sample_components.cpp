@@ -106,14 +106,14 @@ std::unique_ptr<Component> Make(Row const& row) {
   Component& c = *made;
   CopyText(row.name, c.name.data(), c.name.size());
   CopyText(row.formula, c.formula.data(), c.formula.size());
-  c.fixed[kMW] = row.mw;
-  c.fixed[kTC] = row.tc;
-  c.fixed[kPC] = row.pc;
-  c.fixed[kVC] = row.vc;
-  c.fixed[kSG60F] = row.gravity;
-  c.fixed[kNBP] = row.boiling;
-  c.fixed[kMVOL25C] = row.volume;
-  c.fixed[kHFORMATION] = row.formation;
+  c.fixed[propertyMW] = row.mw;
+  c.fixed[propertyTC] = row.tc;
+  c.fixed[propertyPC] = row.pc;
+  c.fixed[propertyVC] = row.vc;
+  c.fixed[propertySG60F] = row.gravity;
+  c.fixed[propertyNBP] = row.boiling;
+  c.fixed[propertyMVOL25C] = row.volume;
+  c.fixed[propertyHFORMATION] = row.formation;
   SetCorrelation(c.correlations[kVaporPressure], 20, row.pressure);
   SetCorrelation(c.correlations[kLatentHeat], 15, row.heat);
   c.correlations[kVaporPressure].coefficients[0] -= std::log(1000.0);  // from Pa

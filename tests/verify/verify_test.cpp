@@ -147,7 +147,7 @@ TEST_F(VerifyTest, RootInFreeRoom) {
   // The endless tail of the second file is changed to begin one block too early.
   std::int32_t const table = 4 * f::kBlockWordsOfFile1;
   for (int i = 0; i < 2; ++i) {
-    std::size_t const at = static_cast<std::size_t>(table) + 4 * (f::kExtentAddresses + i);
+    std::size_t const at = static_cast<std::size_t>(table + 4 * (f::kExtentAddresses + i));
     std::int32_t const address = Get(kSamplePath, at);
     if (address / f::kFileFactor % 10 == 2) Put(kSamplePath, at, address - 1);
   }

@@ -64,7 +64,8 @@ void SenseAcross::CasShared() {
                    [](auto const& a, auto const& b) { return a.first < b.first; });
   std::map<std::string, Seen const*> formulas;
   for (std::size_t i = 0; i < casNumbers_.size(); ++i) {
-    auto const& [cas, seen] = casNumbers_[i];
+    auto const& cas = casNumbers_[i].first;
+    auto const& seen = casNumbers_[i].second;
     bool const isShared = i > 0 && casNumbers_[i - 1].first == cas;
     if (!isShared) formulas.clear();
     auto const other = std::find_if(formulas.begin(), formulas.end(), [&](auto const& known) {
