@@ -98,6 +98,12 @@ std::uint64_t LmdbStore::Walk() {
   return sum;
 }
 
+std::uint64_t LmdbStore::WalkWidened() {
+  std::uint64_t sum = 0;
+  ForEach([&](MDB_val const&, MDB_val const& value) { sum += SumOfFloats(Widen(value.mv_data)); });
+  return sum;
+}
+
 std::uint64_t LmdbStore::Hash() {
   std::uint64_t hash = 0;
   ForEach([&](MDB_val const& key, MDB_val const& value) {

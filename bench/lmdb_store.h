@@ -42,7 +42,17 @@ class LmdbStore {
     MDB_val value;
     return Find(key, value) ? SumOf(DecodeThroughText(value.mv_data)) : kAbsent;
   }
+  // Widens the item's floats to doubles.
+  std::uint64_t GetWidened(Pair key) {
+    MDB_val value;
+    return Find(key, value) ? SumOfFloats(Widen(value.mv_data)) : kAbsent;
+  }
+  std::uint64_t Exists(Pair key) {
+    MDB_val value;
+    return Find(key, value) ? 1 : 0;
+  }
   std::uint64_t Walk();
+  std::uint64_t WalkWidened();
   // Keys, order and data as one number.
   std::uint64_t Hash();
   // From closed to closed, in one transaction. Returns how many were present.

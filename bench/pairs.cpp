@@ -119,4 +119,11 @@ std::uint64_t SumOf(Decoded const& item) noexcept {
   return sum;
 }
 
+Data DataOf(Decoded const& item) noexcept {
+  Data data{};
+  for (std::size_t i = 0; i < kFloats; ++i) data[kFirstFloat + i] = FloatWord(item.values[i]);
+  data[kReference] = item.reference;
+  return data;
+}
+
 }  // namespace zel::bench

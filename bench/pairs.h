@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -75,5 +76,28 @@ struct Decoded {
 Decoded DecodeThroughText(void const* data) noexcept;
 // Exact to the bit.
 std::uint64_t SumOf(Decoded const& item) noexcept;
+
+// The floats of an item widened to doubles, the least that a host needs to compute with them.
+inline Decoded Widen(void const* data) noexcept {
+  Data words;
+  std::memcpy(words.data(), data, sizeof words);
+  Decoded item;
+  for (std::size_t i = 0; i < kFloats; ++i) {
+    item.values[i] = static_cast<double>(std::bit_cast<float>(words[kFirstFloat + i]));
+  }
+  item.reference = words[kReference];
+  return item;
+}
+// The item as floats: the same for widened floats and for those with their decimal digits, which
+// are next to each other.
+Data DataOf(Decoded const& item) noexcept;
+// Over the doubles as floats, likewise.
+inline std::uint64_t SumOfFloats(Decoded const& item) noexcept {
+  auto sum = static_cast<std::uint64_t>(item.reference);
+  for (double value : item.values) {
+    sum += std::bit_cast<std::uint32_t>(static_cast<float>(value));
+  }
+  return sum;
+}
 
 }  // namespace zel::bench

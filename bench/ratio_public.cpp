@@ -1,0 +1,203 @@
+// The library as a host uses it, through LibMaint, Key and a bank, compared with its peers.
+//
+// The peers do the least that yields the same numbers: LMDB widens floats to doubles. By processor
+// time throughout, loads and deletes too, since none of the stores waits for the disk.
+#include <stdexcept>
+
+#include "bench/lmdb_store.h"
+#include "bench/public_store.h"
+#include "bench/ratio_cases.h"
+#include "bench/size_text.h"
+#include "bench/sqlite_store.h"
+
+namespace zel::bench {
+namespace {
+
+constexpr std::size_t kReadsPerRound = 500'000;
+constexpr std::size_t kWarmingReads = 250'000;
+constexpr std::size_t kVisitsPerRound = 1'000'000;
+constexpr std::size_t kDeletedPart = 10;  // one of this many
+constexpr std::size_t kBanks = 1'000;
+constexpr std::size_t kItemsOfBanks = 100'000;
+
+// The limits by number of items.
+struct Limits {
+  double few;       // 10,000
+  double many;      // 100,000
+  double veryMany;  // 1,000,000
+
+  Target For(std::size_t items) const {
+    return Target::Ratio(items <= 10'000 ? few : items <= 100'000 ? many : veryMany);
+  }
+};
+constexpr Limits kReadLimits = {1.25, 0.8, 0.85};
+constexpr Limits kExistsLimits = {0.6, 0.6, 0.6};
+constexpr Limits kWalkLimits = {7.0, 5.5, 4.0};
+constexpr Limits kOrderedLoadLimits = {0.6, 0.6, 0.6};      // of SQLite
+constexpr Limits kOrderedLoadLmdbLimits = {1.7, 1.7, 1.7};  // of LMDB
+constexpr Limits kRandomLoadLimits = {1.3, 1.0, 1.0};       // of LMDB
+constexpr Limits kDeleteLimits = {1.2, 2.0, 3.0};
+constexpr double kManyBanksLimit = 1.5;
+
+// Each round continues where the last one ended. The peer's turn has left its own data in the
+// caches, so some reads are made untimed first.
+template <typename Read>
+Side ReadsOf(std::size_t keys, Read read) {
+  return [keys, read](int round) {
+    std::size_t at = static_cast<std::size_t>(round) * kReadsPerRound % keys;
+    auto const readSome = [&](std::size_t count) {
+      std::uint64_t sum = 0;
+      for (std::size_t i = 0; i < count; ++i) {
+        sum += read(at);
+        if (++at == keys) at = 0;
+      }
+      return sum;
+    };
+    std::uint64_t const warming = readSome(kWarmingReads);
+    Timing timing = TimeInMemory(kReadsPerRound, [&] { return readSome(kReadsPerRound); });
+    timing.check += warming;
+    return timing;
+  };
+}
+
+template <typename Store>
+Side WalksOf(std::size_t items, Store& store) {
+  std::size_t const times = std::max<std::size_t>(1, kVisitsPerRound / items);
+  return [items, times, &store](int) {
+    return TimeInMemory(items * times, [&] {
+      std::uint64_t sum = 0;
+      for (std::size_t i = 0; i < times; ++i) sum += store.WalkWidened();
+      return sum;
+    });
+  };
+}
+
+template <typename Store>
+std::uint64_t HashOfFile(Store& store) {
+  store.OpenForReading();
+  std::uint64_t const hash = store.Hash();
+  store.Close();
+  return hash;
+}
+
+// Fresh files for each round; afterwards, untimed, the hash of what they hold.
+template <typename Store, typename Load>
+Side LoadsOf(std::size_t items, Store& store, Load load) {
+  return [items, &store, load](int) {
+    store.RemoveFiles();
+    Timing timing = TimeInMemory(items, [&] {
+      load();
+      return std::uint64_t{0};
+    });
+    timing.check = HashOfFile(store);
+    return timing;
+  };
+}
+
+template <typename Store, typename Load>
+Side DeletesOf(std::vector<Pair> const& keys, Store& store, Load load) {
+  return [&keys, &store, load](int) {
+    store.RemoveFiles();
+    load();
+    Timing timing = TimeInMemory(keys.size(), [&] { return std::uint64_t{store.Delete(keys)}; });
+    if (timing.check != keys.size()) throw std::runtime_error("a key to delete was not there");
+    timing.check = HashOfFile(store);
+    return timing;
+  };
+}
+
+}  // namespace
+
+void ComparePublicReads(RatioTable& table, std::filesystem::path const& folder, std::size_t items) {
+  DataSet const set = MakeDataSet(items);
+  std::vector<Pair> const keys = Shuffled(KeysOf(set.items));
+  PublicStore project(folder);
+  LmdbStore lmdb(folder);
+  project.RemoveFiles();
+  lmdb.RemoveFiles();
+  project.Load(set.items);
+  lmdb.Load(set.items, true);
+  project.OpenForReading();
+  lmdb.OpenForReading();
+  if (project.Hash() != HashOf(set.items)) throw std::runtime_error("the load differs");
+
+  std::string const size = ", " + SizeText(items);
+  auto const each = [&](auto& store, auto read) {
+    return ReadsOf(keys.size(), [&, read](std::size_t at) { return (store.*read)(keys[at]); });
+  };
+  table.Compare({"ReadItem and GetData" + size, "LMDB, widened", each(lmdb, &LmdbStore::GetWidened),
+                 each(project, &PublicStore::GetWidened), kReadLimits.For(items)});
+  table.Compare({"ItemExists" + size, LmdbStore::kName, each(lmdb, &LmdbStore::Exists),
+                 each(project, &PublicStore::Exists), kExistsLimits.For(items)});
+  table.Compare({"NextItem and GetData" + size, "LMDB, widened", WalksOf(items, lmdb),
+                 WalksOf(items, project), kWalkLimits.For(items)});
+  project.Close();
+  lmdb.Close();
+  project.RemoveFiles();
+  lmdb.RemoveFiles();
+}
+
+void ComparePublicChanges(RatioTable& table, std::filesystem::path const& folder,
+                          std::size_t items) {
+  std::vector<Item> const ordered = MakeDataSet(items).items;
+  std::vector<Item> const shuffled = Shuffled(ordered);
+  PublicStore project(folder);
+  LmdbStore lmdb(folder);
+  SqliteStore sqlite(folder, SqliteTable::kPair);
+  auto const own = [&](auto const& source) {
+    return LoadsOf(items, project, [&] { project.Load(source); });
+  };
+  auto const puts = [&](auto const& source) {
+    return LoadsOf(items, lmdb, [&] { lmdb.Load(source, false); });
+  };
+  std::string const size = SizeText(items);
+  std::string const inOrder = "WriteItem in key order, " + size;
+  table.Compare({inOrder, sqlite.Name(),
+                 LoadsOf(items, sqlite, [&] { sqlite.Load(ordered, true); }), own(ordered),
+                 kOrderedLoadLimits.For(items)});
+  table.Compare(
+      {inOrder, LmdbStore::kName, puts(ordered), own(ordered), kOrderedLoadLmdbLimits.For(items)});
+  table.Compare({"WriteItem in random order, " + size, LmdbStore::kName, puts(shuffled),
+                 own(shuffled), kRandomLoadLimits.For(items)});
+  std::vector<Pair> keys = Shuffled(KeysOf(ordered));
+  keys.resize(keys.size() / kDeletedPart);
+  table.Compare({"DeleteItem of any key, " + size, LmdbStore::kName,
+                 DeletesOf(keys, lmdb, [&] { lmdb.Load(ordered, true); }),
+                 DeletesOf(keys, project, [&] { project.Load(ordered); }),
+                 kDeleteLimits.For(items)});
+  project.RemoveFiles();
+  lmdb.RemoveFiles();
+  sqlite.RemoveFiles();
+}
+
+void CompareManyBanks(RatioTable& table, std::filesystem::path const& folder) {
+  DataSet const set = MakeDataSet(kItemsOfBanks);
+  PublicStore one(folder / "one");
+  PublicStore many(folder / "many");
+  for (char const* name : {"one", "many"}) std::filesystem::create_directories(folder / name);
+  one.LoadInto(1, set.items);
+  many.LoadInto(kBanks, set.items);
+  one.OpenForReading();
+  many.OpenForReading();
+  // Item by item of a random order, except that the banks come in turn.
+  std::vector<std::size_t> order;
+  std::vector<std::size_t> rounds(kItemsOfBanks / kBanks);
+  for (std::size_t i = 0; i < rounds.size(); ++i) rounds[i] = i;
+  for (std::size_t const start : Shuffled(rounds)) {
+    for (std::size_t bank = 0; bank < kBanks; ++bank) order.push_back(start * kBanks + bank);
+  }
+  auto const reads = [&](PublicStore& store, std::size_t banks) {
+    return ReadsOf(order.size(), [&, banks](std::size_t at) {
+      return store.GetFrom(order[at] % banks, set.items[order[at]].key);
+    });
+  };
+  table.Compare({"ReadItem over 1,000 banks in turn", "over one bank", reads(one, 1),
+                 reads(many, kBanks), Target::Ratio(kManyBanksLimit)});
+  for (PublicStore* store : {&one, &many}) {
+    store->Close();
+    store->RemoveFiles();
+  }
+  for (char const* name : {"one", "many"}) std::filesystem::remove(folder / name);
+}
+
+}  // namespace zel::bench
