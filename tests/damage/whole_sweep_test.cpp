@@ -11,6 +11,7 @@
 
 #include "store/format.h"
 #include "tests/support/sample_library.h"
+#include "tests/support/sanitizers.h"
 
 namespace zel {
 namespace {
@@ -19,7 +20,7 @@ using test::Finding;
 using test::MemoryFileSystem;
 using Bytes = MemoryFileSystem::Bytes;
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if ZEL_ADDRESS_SANITIZER || ZEL_THREAD_SANITIZER
 constexpr std::size_t kStride = 23;
 #else
 constexpr std::size_t kStride = 1;

@@ -10,6 +10,7 @@
 
 #include "temp_folder.h"
 #include "tests/support/allocations.h"
+#include "tests/support/sanitizers.h"
 
 namespace zel::platform {
 namespace {
@@ -80,7 +81,7 @@ TEST_F(TextFileTest, ATextLongerThanAnIntIsRefusedBeforeItIsRead) {
   EXPECT_EQ(OpenDescriptors(), before);
 }
 
-#if !defined(__SANITIZE_ADDRESS__)  // which does not work with a limit on address space
+#if !ZEL_ADDRESS_SANITIZER  // which does not work with a limit on address space
 TEST_F(TextFileTest, AFileThatMemoryCannotHoldIsClosed) {
   auto const before = OpenDescriptors();
   std::string const path = Sparse(INT_MAX);

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "tests/support/sanitizers.h"
+
 namespace zel {
 namespace {
 
@@ -25,7 +27,7 @@ void ExpectSame(std::uint32_t pattern) {
       << std::hex << pattern;
 }
 
-#if defined(__SANITIZE_ADDRESS__)
+#if ZEL_ADDRESS_SANITIZER
 constexpr int kPatterns = 500'000;
 #else
 constexpr int kPatterns = 10'000'000;

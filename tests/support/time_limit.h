@@ -5,11 +5,7 @@
 #include <cstddef>
 #include <ctime>
 
-#if defined(__has_feature)
-#define ZEL_HAS_FEATURE(name) __has_feature(name)
-#else
-#define ZEL_HAS_FEATURE(name) 0
-#endif
+#include "tests/support/sanitizers.h"
 
 namespace zel::test {
 
@@ -28,8 +24,7 @@ class TimeLimit {
 
  private:
   static constexpr double kBytesPerSecond = 100e3;
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(NDEBUG) || \
-    ZEL_HAS_FEATURE(address_sanitizer) || ZEL_HAS_FEATURE(thread_sanitizer)
+#if ZEL_ADDRESS_SANITIZER || ZEL_THREAD_SANITIZER || !defined(NDEBUG)
   static constexpr double kSlowness = 10.0;  // of a sanitizer build
 #else
   static constexpr double kSlowness = 1.0;

@@ -80,9 +80,10 @@ TEST_F(FolderTest, NamesOfWhatIsNoFolder) {
 TEST_F(FolderTest, NamesWhereNoFileCanBeOpened) {
   std::error_code error;
   Names names;
+  auto const root = root_;
   {
-    FewFiles const few(0);  // no longer than the call: sanitizers open files, too
-    names = zelhost::NamesIn(root_, error);
+    FewFiles const few(0);  // for this call only: sanitizers open files, too
+    names = zelhost::NamesIn(root, error);
   }
   EXPECT_EQ(names, Names());
   EXPECT_EQ(error, std::errc::too_many_files_open);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "tests/support/sanitizers.h"
 #include "tests/zel/change_fixture.h"
 
 namespace zel::test {
@@ -27,7 +28,7 @@ long StepOf(long requests) {
 class MemoryTest : public ChangeTest {
  protected:
   void SetUp() override {
-#if defined(__SANITIZE_ADDRESS__)
+#if ZEL_ADDRESS_SANITIZER
     GTEST_SKIP() << "the sanitizer brings its own memory";
 #endif
     ChangeTest::SetUp();
