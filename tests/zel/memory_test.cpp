@@ -13,7 +13,6 @@
 namespace zel::test {
 namespace {
 
-
 constexpr long kLeastStep = 97;
 constexpr long kMostRefusals = 50;
 
