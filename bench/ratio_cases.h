@@ -20,9 +20,12 @@ void CompareReads(RatioTable& table, std::filesystem::path const& folder, std::s
 void CompareLoads(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
 // A tenth of the items, all from leaves, in random order; from closed to closed.
 void CompareDeletes(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
-// What a host calls: reads, walks, loads and deletes through LibMaint, Key and a bank.
+// What a host calls: reads and walks, loads, and deletes of a random tenth, through LibMaint, Key
+// and a bank.
 void ComparePublicReads(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
 void ComparePublicChanges(RatioTable& table, std::filesystem::path const& folder,
+                          std::size_t items);
+void ComparePublicDeletes(RatioTable& table, std::filesystem::path const& folder,
                           std::size_t items);
 // ReadItem over many banks in turn.
 void CompareManyBanks(RatioTable& table, std::filesystem::path const& folder);

@@ -159,15 +159,24 @@ void ComparePublicChanges(RatioTable& table, std::filesystem::path const& folder
       {inOrder, LmdbStore::kName, puts(ordered), own(ordered), kOrderedLoadLmdbLimits.For(items)});
   table.Compare({"WriteItem in random order, " + size, LmdbStore::kName, puts(shuffled),
                  own(shuffled), kRandomLoadLimits.For(items)});
+  project.RemoveFiles();
+  lmdb.RemoveFiles();
+  sqlite.RemoveFiles();
+}
+
+void ComparePublicDeletes(RatioTable& table, std::filesystem::path const& folder,
+                          std::size_t items) {
+  std::vector<Item> const ordered = MakeDataSet(items).items;
+  PublicStore project(folder);
+  LmdbStore lmdb(folder);
   std::vector<Pair> keys = Shuffled(KeysOf(ordered));
   keys.resize(keys.size() / kDeletedPart);
-  table.Compare({"DeleteItem of any key, " + size, LmdbStore::kName,
+  table.Compare({"DeleteItem of any key, " + SizeText(items), LmdbStore::kName,
                  DeletesOf(keys, lmdb, [&] { lmdb.Load(ordered, true); }),
                  DeletesOf(keys, project, [&] { project.Load(ordered); }),
                  kDeleteLimits.For(items)});
   project.RemoveFiles();
   lmdb.RemoveFiles();
-  sqlite.RemoveFiles();
 }
 
 void CompareManyBanks(RatioTable& table, std::filesystem::path const& folder) {

@@ -17,8 +17,8 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: bench_ratios "
-    "[--only=reads|loads|deletes|public|opens|trims|components|fillins|\n"
-    "                            imports|exports|lists|host]\n"
+    "[--only=reads|loads|deletes|itemreads|itemwrites|itemdeletes|banks|\n"
+    "                            opens|trims|components|fillins|imports|exports|lists|host]\n"
     "                    [--items=N] [--rounds=N] [--folder=DIR] [--markdown]\n"
     "  --only      one group of comparisons instead of all\n"
     "  --items     this number of items instead of 10000, 100000 and 1000000\n"
@@ -80,12 +80,15 @@ int Run(Options const& options) {
     if (wanted("deletes")) CompareDeletes(table, folder.Path(), items);
   }
   for (std::size_t const items : sizes) {
-    if (wanted("public")) ComparePublicReads(table, folder.Path(), items);
+    if (wanted("itemreads")) ComparePublicReads(table, folder.Path(), items);
   }
   for (std::size_t const items : sizes) {
-    if (wanted("public")) ComparePublicChanges(table, folder.Path(), items);
+    if (wanted("itemwrites")) ComparePublicChanges(table, folder.Path(), items);
   }
-  if (wanted("public")) CompareManyBanks(table, folder.Path());
+  for (std::size_t const items : sizes) {
+    if (wanted("itemdeletes")) ComparePublicDeletes(table, folder.Path(), items);
+  }
+  if (wanted("banks")) CompareManyBanks(table, folder.Path());
   if (wanted("opens")) CompareOpens(table, folder.Path(), sizes.back());
   if (wanted("trims")) CompareTrims(table);
   if (wanted("components")) CompareComponents(table, folder.Path());

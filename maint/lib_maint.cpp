@@ -33,6 +33,11 @@ LibMaint_i::LibMaint_i(LibFile* library) : library_(dynamic_cast<LibFile_i*>(lib
 
 void LibMaint_i::DropTree() noexcept {
   bank_.CloseTree();
+  DropItem();
+}
+
+// Ends the current item or walk; the tree may serve the next call.
+void LibMaint_i::DropItem() noexcept {
   itemValid_ = false;
   walkMode_ = WalkMode::kNone;
 }
@@ -57,6 +62,7 @@ void LibMaint_i::StoreHead(char const* type, char const* name) {
   if (!Directory()->GetCurrentData(entry)) return;
   std::copy(bank_.HeadWords().begin(), bank_.HeadWords().end(), entry + f::kBankHead);
   Directory()->WriteCurrentNode();
+  bank_.SettleDirectory(*library_);
 }
 
 bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t format) {

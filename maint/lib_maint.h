@@ -1,8 +1,8 @@
 // LibMaint_i: the operations on one library.
 //
-// Every access to an item uses LocateItem, which resolves the key, locates the bank and searches
-// for the key. When the root of the bank's tree has changed, the head of the tree is written back
-// into the bank's directory entry.
+// Every access to an item uses LocateItem, which resolves the key, locates the bank, unless it is
+// still located from the call before, and searches for the key. When the root of the bank's tree
+// has changed, the head of the tree is written back into the bank's directory entry.
 //
 // A step that fails leaves its reason as the pending text of the log and returns false.
 #pragma once
@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "maint/bank_memory.h"
 #include "maint/block_info.h"
 #include "maint/face_ref.h"
 #include "maint/located_bank.h"
@@ -129,14 +130,15 @@ class LibMaint_i final : public LibMaint_p {
 
   // lib_maint.cpp
   void DropTree() noexcept;
+  void DropItem() noexcept;
   BTree_i* Directory() const noexcept;
   void StoreHead(char const* type, char const* name);
   bool FindBank(char const* type, char const* name, std::int32_t const*& entry) const;
   // lib_maint_items.cpp
-  Located LocateItem(IZelBankIO* bank, char const* name, Key* key, std::int32_t const*& entry);
+  Located LocateItem(char const* name, Key_p* key, std::int32_t const*& entry);
   bool PrepareKey(BlockInfo const& info, Key_p* key);
   Located Fail(std::string_view reason);
-  void KeepItem(char const* name, Key* key);
+  void KeepItem(char const* name, Key_p* key);
   bool FindItemAgain(IZelBankIO* bank, BlockInfo const& info);
   void WriteRecord(IZelBankIO* bank);
   void AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key);
@@ -158,11 +160,13 @@ class LibMaint_i final : public LibMaint_p {
   bool StartWalk(WalkMode mode, std::int32_t const* head);
   bool WalkIs(WalkMode mode) noexcept;
   bool ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockInfo const& info);
+  bool FitWalk();
   // lib_maint_numbers.cpp
   void AddUsedNumbers(LibFile* library);
 
   WalkMode walkMode_ = WalkMode::kNone;
   LibFile_i* library_;  // not owned
+  BankObject object_;   // the bank that the present call works on
   LocatedBank bank_;    // the current tree: that of a bank, or the one that is being walked
   bool usedNumbersValid_ = false;
   std::set<std::int32_t> usedNumbers_;

@@ -6,6 +6,7 @@
 #include "banks/catalogue.h"
 #include "frame/ascii.h"
 #include "maint/lib_maint.h"
+#include "store/key.h"
 #include "zelaccess/PureComp.h"
 
 namespace zel {
@@ -58,14 +59,14 @@ bool LibMaint_i::PrepareKey(BlockInfo const& info, Key_p* key) {
   return false;
 }
 
-LibMaint_i::Located LibMaint_i::LocateItem(IZelBankIO* bank, char const* name, Key* key,
+// Locates the item of the bank in `object_`.
+LibMaint_i::Located LibMaint_i::LocateItem(char const* name, Key_p* key,
                                            std::int32_t const*& entry) {
   swapped_ = false;
-  auto* inner = dynamic_cast<Key_p*>(key);
-  if (library_ == nullptr || inner == nullptr) return Fail(kUnknownParts);
-  BlockInfo const info(bank);
-  if (!PrepareKey(info, inner)) return Located::kFailed;
-  switch (bank_.Locate(*library_, bank, info, name)) {
+  if (library_ == nullptr || key == nullptr) return Fail(kUnknownParts);
+  BlockInfo const& info = object_.Info();
+  if (!PrepareKey(info, key)) return Located::kFailed;
+  switch (bank_.LocateAgain(*library_, object_, name)) {
     case LocatedBank::Answer::kFound: break;
     case LocatedBank::Answer::kNoBank:
       return Fail("Unable to locate \"" + std::string(info.type) + "\" bank \"" +
@@ -75,7 +76,7 @@ LibMaint_i::Located LibMaint_i::LocateItem(IZelBankIO* bank, char const* name, K
   }
   keyWords_ = info.keyWords;
   currentType_ = info.type;
-  if (bank_.Tree().Find(inner->GetKeyWords(), entry)) return Located::kFound;
+  if (bank_.Tree().Find(key->GetKeyWords(), entry)) return Located::kFound;
   Fail(kKeyAbsent);
   return Located::kAbsent;
 }
@@ -102,7 +103,8 @@ void LibMaint_i::WriteRecord(IZelBankIO* bank) {
 // an interrupted write leaves no key without an item.
 void LibMaint_i::AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key) {
   StoredOrder const order(bank, swapped_);
-  std::array<std::int32_t, f::kNodeWords> data{};
+  std::array<std::int32_t, f::kNodeWords> data;
+  std::fill_n(data.begin(), bank_.Tree().Head().entryDataWords, 0);
   if (!bank_.IsFileResident()) {
     bank->WriteBlock(data.data(), bank_.Format().format);
   } else if (library_->Store().NodesLieApart()) {
@@ -156,48 +158,50 @@ void LibMaint_i::EnterIdentifiers(IZelBankIO* bank) {
 }
 
 bool LibMaint_i::ItemExists(IZelBankDef* bank, char const* name, Key* key) {
-  DropTree();
-  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  DropItem();
   std::int32_t const* entry = nullptr;
-  return io && LocateItem(io.Get(), name, key, entry) == Located::kFound;
+  return object_.Take(bank) && LocateItem(name, InnerKey(key), entry) == Located::kFound;
 }
 
 bool LibMaint_i::ReadItem(IZelBankDef* bank, char const* name, Key* key) {
-  DropTree();
-  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
-  if (!io) return false;
+  DropItem();
+  if (!object_.Take(bank)) return false;
+  IZelBankIO* const io = object_.Io();
   io->Clear();
   std::int32_t const* entry = nullptr;
-  if (LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;
+  Key_p* const inner = InnerKey(key);
+  if (LocateItem(name, inner, entry) != Located::kFound) return false;
   io->SetSource(library_, name, library_->IsPasswordLocked() ? 1 : 0);
-  bank_.Read(library_, io.Get(), entry);
+  bank_.Read(library_, io, entry);
   if (swapped_) io->SwapPair();
-  KeepItem(name, key);
+  KeepItem(name, inner);
   return true;
 }
 
 bool LibMaint_i::WriteItem(IZelBankDef* bank, char const* name, Key* key) {
-  DropTree();
-  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
-  if (!io || !MayBeWritten(io.Get(), key)) return false;
+  DropItem();
+  if (!object_.Take(bank) || !MayBeWritten(object_.Io(), key)) return false;
+  IZelBankIO* const io = object_.Io();
   std::int32_t const* entry = nullptr;
-  Located const located = LocateItem(io.Get(), name, key, entry);
+  Key_p* const inner = InnerKey(key);
+  Located const located = LocateItem(name, inner, entry);
   // Only an absent key is inserted: in a tree with another key or record length an insert would
   // replace the old tree by a new root or write past the end of an entry.
   if (located == Located::kFailed) return false;
   if (located == Located::kAbsent) {
-    AddRecord(io.Get(), name, dynamic_cast<Key_p*>(key)->GetKeyWords());
+    AddRecord(io, name, inner->GetKeyWords());
   } else {
-    WriteRecord(io.Get());
+    WriteRecord(io);
   }
-  KeepItem(name, key);
+  bank_.Settle(*library_);
+  KeepItem(name, inner);
   return true;
 }
 
 // Remembers the item just read or written, for RewriteItem.
-void LibMaint_i::KeepItem(char const* name, Key* key) {
+void LibMaint_i::KeepItem(char const* name, Key_p* key) {
   itemBank_ = TextOrEmpty(name);
-  std::copy_n(dynamic_cast<Key_p*>(key)->GetKeyWords(), itemKey_.size(), itemKey_.begin());
+  std::copy_n(key->GetKeyWords(), itemKey_.size(), itemKey_.begin());
   itemChanges_ = library_->Store().Changes();
   itemValid_ = true;
 }
@@ -227,18 +231,18 @@ bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
     return false;
   }
   WriteRecord(io.Get());
+  bank_.Settle(*library_);
   itemChanges_ = library_->Store().Changes();
   return true;
 }
 
 bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
-  DropTree();
+  DropItem();
   FaceRef<IZelBankDef> const bank(NewKnownBank(type));
-  auto const io = FaceRef<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO);
   std::int32_t const* entry = nullptr;
-  if (!io || LocateItem(io.Get(), name, key, entry) != Located::kFound) return false;
+  Key_p* const inner = InnerKey(key);
+  if (!object_.Take(bank.Get()) || LocateItem(name, inner, entry) != Located::kFound) return false;
   std::int32_t const root = bank_.Tree().Head().rootAddress;
-  auto* inner = dynamic_cast<Key_p*>(key);
   try {
     bank_.Tree().Delete(inner->GetKeyWords());
   } catch (...) {
@@ -247,6 +251,7 @@ bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
     throw;
   }
   if (bank_.Tree().Head().rootAddress != root) StoreHead(type, name);
+  bank_.Settle(*library_);
   return true;
 }
 

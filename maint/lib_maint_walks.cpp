@@ -138,19 +138,26 @@ bool LibMaint_i::ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockIn
   }
 }
 
+// False when the bank in `object_` is not of the type that is walked.
+bool LibMaint_i::FitWalk() {
+  if (bank_.IsFittedTo(object_)) return true;
+  BlockInfo const& info = object_.Info();
+  return SameText(info.type, currentType_) && info.keyWords == keyWords_ &&
+         bank_.FitAgain(object_) == LocatedBank::Answer::kFound;
+}
+
 bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   if (!WalkIs(WalkMode::kItems)) return false;
-  auto const io = FaceRef<IZelBankIO>::Of(bank, IID_IZelBankIO);
+  bool const isBank = object_.Take(bank);
   if (keyWords != nullptr) std::fill_n(keyWords, keyWords_, 0);
-  if (!io) return false;
+  if (!isBank) return false;
+  IZelBankIO* const io = object_.Io();
   io->Clear();
-  BlockInfo const info(io.Get());
-  if (!SameText(info.type, currentType_) || info.keyWords != keyWords_) return false;
-  if (bank_.Fit(io.Get(), info) != LocatedBank::Answer::kFound) return false;
+  if (!FitWalk()) return false;
   std::int32_t const* entry = nullptr;
   while (bank_.Tree().WalkNext(entry)) {
     if (keyWords != nullptr) std::copy_n(entry, keyWords_, keyWords);
-    if (ReadOrTell(io.Get(), entry, info)) return true;
+    if (ReadOrTell(io, entry, object_.Info())) return true;
     if (keyWords != nullptr) std::fill_n(keyWords, keyWords_, 0);
   }
   return false;

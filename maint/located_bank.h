@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "maint/bank_memory.h"
 #include "maint/block_info.h"
 #include "store/btree.h"
 #include "store/format.h"
@@ -18,7 +19,7 @@ namespace zel {
 // points to its head.
 class LocatedBank {
  public:
-  using Head = std::array<std::int32_t, format::kHeadWords>;
+  using Head = BankMemory::Head;
   enum class Answer : std::uint8_t {
     kFound,
     kNoBank,
@@ -38,13 +39,37 @@ class LocatedBank {
     OpenTree(library, entry + format::kBankHead);
     return Fit(bank, info);
   }
+  // The same, but neither the directory nor the nodes of the last path are read again while they
+  // must still be what they were: while nothing was written to the library by another object, its
+  // files were not closed, and, in a library open for update, the directory was not searched. (A
+  // search there also repairs the entry in the directory's node, which a later write includes.) An
+  // object that writes calls Settle afterwards.
+  Answer LocateAgain(LibFile_i& library, BankObject const& bank, char const* name);
+  // After a change of the library that this object made through its tree.
+  void Settle(LibFile_i& library) noexcept { stamp_.changes = library.Store().Changes(); }
+  // After the caller found the bank in the directory again.
+  void SettleDirectory(LibFile_i& library) noexcept {
+    stamp_.directorySearches = library.DirectorySearches();
+  }
+
   // Selects the record format of `bank` that matches the open tree; never returns kNoBank.
   Answer Fit(IZelBankIO* bank, BlockInfo const& info) {
     fileResident_ = info.fileResident != 0;
     format_ = {};
+    fittedClass_ = nullptr;
     if (tree_->Head().keyWords != info.keyWords) return Answer::kOtherKeyLength;
     format_ = FormatOf(bank, info, tree_->Head());
     return format_.format != 0 ? Answer::kFound : Answer::kOtherRecordLength;
+  }
+  // The same, without the search for the format when the last object was of the same class.
+  Answer FitAgain(BankObject const& bank) {
+    if (IsFittedTo(bank)) return Answer::kFound;
+    Answer const answer = Fit(bank.Io(), bank.Info());
+    if (answer == Answer::kFound) fittedClass_ = bank.Class();
+    return answer;
+  }
+  bool IsFittedTo(BankObject const& bank) const noexcept {
+    return bank.Class() != nullptr && bank.Class() == fittedClass_;
   }
   // Opens the tree of a head without checking its keys and records.
   void OpenTree(LibFile_i& library, std::int32_t const* head) {
@@ -55,7 +80,9 @@ class LocatedBank {
   void CloseTree() noexcept {
     tree_.reset();
     format_ = {};
+    fittedClass_ = nullptr;
     fileResident_ = false;
+    name_ = {};
   }
 
   bool IsOpen() const noexcept { return tree_.has_value(); }
@@ -77,6 +104,10 @@ class LocatedBank {
   std::optional<BTree_i> tree_;
   RecordFormat format_;
   bool fileResident_ = false;
+  std::type_info const* fittedClass_ = nullptr;  // of the object that `format_` was selected for
+  BankName name_;                                // of the open tree, where LocateAgain opened it
+  LibraryStamp stamp_;                           // when the tree was last known to be good
+  BankMemory memory_;
 };
 
 }  // namespace zel

@@ -6,5 +6,6 @@ set(maint_SOURCES
     lib_maint_items.cpp
     lib_maint_numbers.cpp
     lib_maint_walks.cpp
+    located_bank.cpp
     maint_log.cpp
     text_dump.cpp)

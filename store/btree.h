@@ -87,6 +87,9 @@ class BTree_i {
     return WalkOn(entry);
   }
 
+  // The number of searches and walks so far.
+  std::uint64_t Searches() const noexcept { return searches_; }
+
   // -1, 0 or 1.
   int CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept;
 
@@ -159,6 +162,7 @@ class BTree_i {
   class ForgetOnFailure;
 
   BlockStore& store_;
+  std::uint64_t searches_ = 0;
   std::uint32_t closings_;  // of the store, when the buffers were last known to be good
   BTreeHead_i head_;
   int width_;               // words of an entry and the link after it

@@ -179,6 +179,7 @@ int BTree_i::Search(std::int32_t const* words, std::int32_t const* key,
 
 bool BTree_i::Find(std::int32_t const* key, std::int32_t const*& data) {
   ForgetClosed();
+  ++searches_;
   current_ = kNoLevel;
   atEntry_ = false;
   EndWalk();

@@ -12,6 +12,7 @@ void BTree_i::EndWalk() noexcept {
 
 void BTree_i::WalkBegin(std::int32_t& keyWords, std::int32_t& dataWords) {
   ForgetClosed();
+  ++searches_;
   current_ = kNoLevel;
   atEntry_ = false;
   EndWalk();

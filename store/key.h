@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <typeinfo>
 
 #include "frame/limits.h"
 #include "store/format.h"
@@ -132,5 +133,12 @@ class Key_i final : public Key_p {
   Words given_{};
   Words words_{};
 };
+
+// The wider layer of a key; null for null. Nearly every key is a Key_i, and that comparison is much
+// faster than a dynamic_cast.
+inline Key_p* InnerKey(Key* key) noexcept {
+  if (key != nullptr && typeid(*key) == typeid(Key_i)) return static_cast<Key_i*>(key);
+  return dynamic_cast<Key_p*>(key);
+}
 
 }  // namespace zel

@@ -81,6 +81,9 @@ class LibFile_i final : public LibFile_p {
   using TreeHead = std::array<std::int32_t, format::kHeadWords>;
   TreeHead HeadOf(int tree) const noexcept;
 
+  // Increases with every search of the bank directory, whose position it moves; 0 while closed.
+  std::uint64_t DirectorySearches() const noexcept { return bankTree_ ? bankTree_->Searches() : 0; }
+
   static LibFile* NameIndex() noexcept { return nameIndex_; }
   static void SetNameIndex(LibFile* library) noexcept;
 

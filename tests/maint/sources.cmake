@@ -8,6 +8,7 @@ set(maint_TEST_SOURCES
     format_document_test.cpp
     items_test.cpp
     key_kinds_test.cpp
+    located_again_test.cpp
     log_test.cpp
     maint_fixture.cpp
     numbers_test.cpp
