@@ -1,8 +1,20 @@
 set(verify_SOURCES
+    bank_components.cpp
     block_claims.cpp
     catalogue.cpp
+    checked_library.cpp
+    component_checks.cpp
+    component_view.cpp
     composition.cpp
     constant_state.cpp
+    correlation_value.cpp
+    data_check.cpp
+    data_finding.cpp
+    data_rules.cpp
+    group_checks.cpp
     identity.cpp
+    item_fields.cpp
+    library_comparison.cpp
+    pair_checks.cpp
     tree_check.cpp
     verify_library.cpp)

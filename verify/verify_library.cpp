@@ -14,7 +14,10 @@
 #include "purecomp/record_format.h"
 #include "store/bank_key.h"
 #include "store/packed_text.h"
+#include "verify/item_fields.h"
+#include "verify/open_library.h"
 #include "verify/tree_check.h"
+#include "verify/unread_items.h"
 #include "zelaccess/PureComp.h"
 
 namespace zel {
@@ -71,8 +74,6 @@ class Verification {
   void Component(StoredBank const& bank, std::int32_t key, IZelPureComp& component);
   void Identifiers();
   void Memo(std::int32_t address, std::int32_t words);
-
-  class UnreadItems;
 
   LibFile_i& library_;
   BlockStore& store_;
@@ -226,32 +227,14 @@ void Verification::ComponentBlocks(std::int32_t address) {
   }
 }
 
-// Takes the place of the host's sink for items during a walk of the check.
-class Verification::UnreadItems final : public ZelFindingSink {
- public:
-  explicit UnreadItems(Verification& check) noexcept
-      : check_(check), before_(check.library_.ItemFindings()) {
-    check_.library_.SetItemFindings(this);
-  }
-  UnreadItems(UnreadItems const&) = delete;
-  UnreadItems& operator=(UnreadItems const&) = delete;
-  ~UnreadItems() { check_.library_.SetItemFindings(before_); }
-
-  void Found(zelFindings, char const* id, char const* place, char const* text) override {
-    check_.findings_.Damage(id, place, text);
-    check_.allComponentsMet_ = false;
-  }
-
- private:
-  Verification& check_;
-  ZelFindingSink* before_;
-};
-
 void Verification::Items(StoredBank const& bank) {
   FaceRef<IZelBankDef> const item(NewKnownBank(bank.type));
   LibMaint_i maint(&library_);
   std::array<std::int32_t, f::kMaxKeyWords> key{};
-  UnreadItems unread(*this);
+  UnreadItems const unread(library_, [&](char const* id, char const* place, char const* text) {
+    findings_.Damage(id, place, text);
+    allComponentsMet_ = false;
+  });
   try {
     if (!maint.BeginItemWalk(bank.type, bank.name)) return;
     while (maint.NextItem(key.data(), item.Get())) Item(bank, key.data(), item.Get());
@@ -269,24 +252,13 @@ void Verification::Item(StoredBank const& bank, std::int32_t const* key, IZelBan
     Component(bank, key[0], *component.Get());
     return;
   }
-  std::int32_t count = 0;
-  if (item->GetFieldCount(0, &count) != kStatusOk || count <= 0) return;
-  auto const rows = static_cast<std::size_t>(count);
-  std::vector<char> text(rows * 13), labels(rows * 20), units(rows * 20);
-  std::vector<std::int32_t> types(rows), counts(rows);
-  if (item->GetFieldList(0, reinterpret_cast<char(*)[13]>(text.data()),
-                         reinterpret_cast<char(*)[20]>(labels.data()), types.data(), counts.data(),
-                         reinterpret_cast<char(*)[20]>(units.data())) != kStatusOk) {
-    return;
-  }
-  for (std::size_t i = 0; i < rows; ++i) {
-    if (types[i] != fieldReal || counts[i] < 1) continue;
-    std::vector<double> values(static_cast<std::size_t>(counts[i]));
-    item->GetDoubleField(&text[i * 13], values.data());
+  for (ItemField const& field : FieldsOf(*item)) {
+    if (field.type != fieldReal || field.count < 1) continue;
+    std::vector<double> const values = RealsOf(*item, field);
     if (!std::all_of(values.begin(), values.end(), [](double v) { return std::isfinite(v); })) {
       findings_.Damage(
           "item", bank.Place(),
-          "item " + std::to_string(key[0]) + ": field " + &text[i * 13] + " is not a number");
+          "item " + std::to_string(key[0]) + ": field " + field.name + " is not a number");
     }
   }
 }
@@ -363,12 +335,6 @@ void Verification::Identifiers() {
           text + " stands for component " + std::to_string(component) + ", which has another one");
     }
   }
-}
-
-// Null unless the library is open.
-LibFile_i* OpenLibrary(LibFile* library) {
-  auto* const inner = dynamic_cast<LibFile_i*>(library);
-  return inner != nullptr && inner->GetBankTree() != nullptr ? inner : nullptr;
 }
 
 }  // namespace

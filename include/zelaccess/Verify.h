@@ -79,6 +79,35 @@ enum zelConstantStates : std::int32_t {
 /// \return the state
 ZEL_API zelConstantStates GetConstantState(IZelPureComp* component, std::uint32_t index);
 
+// --- correlations --------------------------------------------------------------------------------
+
+/// Reports what is wrong with the record of a correlation as a whole: an equation that is not
+/// known, or one that loses its form with so few coefficients, since missing ones count as 0.
+/// \param equation          number of the equation (docs/equations.md)
+/// \param coefficientCount  number of coefficients of the record
+/// \param text              buffer of 120 characters, receives the fault, empty for none; may be
+///                          null
+/// \return true when there is a fault
+ZEL_API bool GetCorrelationFault(std::int32_t equation, std::int32_t coefficientCount, char* text);
+
+/// Evaluates a correlation, like IZelPureComp::EvaluateCorrelation, and says whether it has a value
+/// at all: EvaluateCorrelation leaves the value that it is passed where the form has none.
+/// \param component    the component; null has no value
+/// \param index        one of zelCorrelations, up to 17
+/// \param temperature  in the record's unit of temperatures
+/// \param order        1, 2 or 3 for that derivative with respect to the temperature
+/// \param value        receives the value in the unit of zelCorrelations; undefined if there is
+/// none \param derivative   receives the derivative, per the record's unit of temperatures to the
+/// power of
+///                     the order; undefined if there is none
+/// \param status       receives 0 inside the range, 1 above, -1 below
+/// \return true when there is a finite value; outside the range only if there is one at the end of
+/// the
+///         range, from which it is extrapolated
+ZEL_API bool GetCorrelationValue(IZelPureComp* component, std::uint32_t index, double temperature,
+                                 std::int32_t order, double& value, double& derivative,
+                                 std::int32_t& status);
+
 // --- room in the files ---------------------------------------------------------------------------
 
 /// The room in one file of an open library. Free runs are between used blocks and are filled by
@@ -103,7 +132,8 @@ ZEL_API bool GetFileRoom(LibFile* library, std::int32_t file, ZelFileRoom& room)
 enum zelFindings : std::int32_t {
   findingNote = 0,     ///< Worth knowing; nothing is wrong.
   findingWarning = 1,  ///< Data that cannot all be right, or room that is lost.
-  findingDamage = 2    ///< The library is not what a writer leaves.
+  findingDamage = 2,   ///< The library is not what a writer leaves.
+  findingError = 3     ///< Data that cannot be used safely; only DataCheck.h reports it.
 };
 
 /// What a host implements to receive findings. It is called in the thread that made the call.

@@ -1,6 +1,6 @@
 /// \file
 /// What a host includes: the public headers, except those whose name ends in _p, which are for
-/// drivers of banks, and the tools of Verify.h, Identity.h and Interchange.h.
+/// drivers of banks, and the tools of Verify.h, DataCheck.h, Identity.h and Interchange.h.
 
 /// \namespace zel
 /// The public interface of ZelAccess.

@@ -1,6 +1,7 @@
 // Null pointers: every pointer argument of every public function. The last step compares the tested
 // functions with the headers, so that a new function is not forgotten.
 #include <zelaccess/CompList_p.h>
+#include <zelaccess/DataCheck.h>
 #include <zelaccess/Identity.h>
 #include <zelaccess/Interchange.h>
 #include <zelaccess/Key_p.h>
@@ -384,6 +385,12 @@ void NullArgumentsTest::SweepFunctions() {
     return GetComponentIdentity(component, identity);
   });
   Sweep("FormulasAgree", &FormulasAgree);
+  SweepCall<char*>("GetIdentityText", [](char* buffer) { GetIdentityText({}, buffer); });
+  SweepCall<std::int32_t, std::int32_t, char*>(
+      "GetCorrelationFault",
+      [](std::int32_t, std::int32_t, char* buffer) { return GetCorrelationFault(99, 1, buffer); },
+      Remains::kResult);
+  Sweep("GetCorrelationValue", &GetCorrelationValue);
   Sweep("GetConstantState", &GetConstantState);
   SweepCall<char const*>("ReadDocumentContents", [](char const* path) {
     ZelDocumentContents contents;
@@ -396,6 +403,20 @@ void NullArgumentsTest::SweepFunctions() {
   } sink;
   SweepCall<LibFile*>("VerifyLibrary",
                       [&](LibFile* library) { return VerifyLibrary(library, sink); });
+  struct DataSink final : ZelDataFindingSink {
+    void Found(zelFindings, char const*, char const*, char const*) override {}
+  } dataSink;
+  SweepCall<LibFile*, char const*>("CheckLibraryData", [&](LibFile* library, char const* name) {
+    return CheckLibraryData({library, name}, {}, dataSink);
+  });
+  SweepCall<LibFile* const*, char const* const*>(
+      "CompareLibraryData", [&](LibFile* const* library, char const* const* silent) {
+        ZelDataCheckOptions options;
+        options.silent = silent;
+        options.silentCount = 1;
+        ZelCheckedLibrary const checked{library != nullptr ? *library : nullptr, nullptr};
+        return CompareLibraryData(library != nullptr ? &checked : nullptr, 1, options, dataSink);
+      });
   SweepCall<LibFile*>("SetItemFindings", [&](LibFile* library) {
     SetItemFindings(library, &sink);
     SetItemFindings(library, nullptr);
@@ -464,6 +485,7 @@ std::map<std::string, int> Declared() {
   }
   functions.erase("ZelFindingSink::Found");  // implemented by the host
   functions.erase("ZelLogSink::BankBegins");
+  functions.erase("ZelDataFindingSink::Checked");
   functions.erase("casn::casnI2C");  // private
   functions.erase("casn::casnS2C");
   return functions;

@@ -45,7 +45,7 @@ endforeach()
 
 # The rooms of zel, the lowest first; a room includes nothing above itself. main.cpp, which is in
 # none of them, may include all.
-set(rooms words files output open change sense commands)
+set(rooms words files output open change commands)
 set(below "")
 foreach(room ${rooms})
   list(APPEND below ${room})

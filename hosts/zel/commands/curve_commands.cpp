@@ -7,7 +7,6 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "files/output_file.h"
-#include "open/curve_faults.h"
 #include "open/preference_list.h"
 #include "output/chart.h"
 #include "words/failure.h"

@@ -2,8 +2,6 @@
 
 #include <zelaccess/Casn.h>
 
-#include <set>
-
 namespace zelhost {
 namespace {
 
@@ -16,31 +14,12 @@ Cell NumberOf(zel::ZelIdentity const& identity) {
   return std::int64_t{identity.number};
 }
 
-// The labels by which a library finds the component.
-std::vector<std::string> LabelsOf(zel::ZelIdentity const& identity) {
-  std::vector<std::string> labels;
-  if (identity.number != 0) labels.push_back("the number " + std::to_string(identity.number));
-  std::set<std::string> ids;
-  for (char const* id : identity.ids) {
-    if (*id != '\0' && ids.insert(id).second) labels.push_back(std::string("the ID ") + id);
-  }
-  if (identity.casNumber != 0) labels.push_back("the CAS number " + CasText(identity));
-  return labels;
-}
-
 }  // namespace
 
 std::string ToText(zel::ZelIdentity const& identity) {
-  std::string labels;
-  auto const add = [&](std::string const& text) {
-    if (!text.empty()) labels += (labels.empty() ? "" : ", ") + text;
-  };
-  if (identity.number != 0) add(std::to_string(identity.number));
-  add(identity.ids[0]);
-  add(CasText(identity));
-  add(identity.formula);
-  std::string const name = *identity.name != '\0' ? identity.name : "a component without a name";
-  return labels.empty() ? name : name + " (" + labels + ")";
+  char text[120];
+  zel::GetIdentityText(identity, text);
+  return text;
 }
 
 std::optional<IdentityConflict> ConflictIn(std::string const& word,
@@ -82,27 +61,6 @@ void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report
                 Text(CasText(one.identity)), Text(one.identity.formula), Text(one.identity.name));
     }
   }
-}
-
-void IdentityAcross::Component(SourcedIdentity component) {
-  // What it has in common with each earlier component.
-  std::map<std::size_t, std::string> common;
-  for (std::string const& label : LabelsOf(component.identity)) {
-    std::vector<std::size_t>& places = byLabel_[label];
-    for (std::size_t const place : places) {
-      std::string& text = common[place];
-      text += (text.empty() ? "" : " and ") + label;
-    }
-    places.push_back(seen_.size());
-  }
-  for (auto const& [place, what] : common) {
-    SourcedIdentity const& before = seen_[place];
-    bool const isOtherBank = before.source != component.source;
-    if (isOtherBank && zel::CompareIdentities(component.identity, before.identity) != 0) {
-      tell_(component, before, what);
-    }
-  }
-  seen_.push_back(std::move(component));
 }
 
 }  // namespace zelhost

@@ -5,11 +5,8 @@
 
 #include <zelaccess/Identity.h>
 
-#include <functional>
-#include <map>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "output/report.h"
@@ -39,22 +36,5 @@ std::string ToText(IdentityConflict const& conflict);
 
 // Adds a warning and a table with everything that was found.
 void AddConflicts(std::vector<IdentityConflict> const& conflicts, Report& report);
-
-// Compares every component of several banks with those of earlier banks that have its number, one
-// of its IDs or its CAS number.
-class IdentityAcross {
- public:
-  // `what` is what two components have in common, "the number 10000112 and the ID WATER".
-  using Tell = std::function<void(SourcedIdentity const& one, SourcedIdentity const& other,
-                                  std::string const& what)>;
-
-  explicit IdentityAcross(Tell tell) : tell_(std::move(tell)) {}
-  void Component(SourcedIdentity component);
-
- private:
-  std::map<std::string, std::vector<std::size_t>> byLabel_;
-  std::vector<SourcedIdentity> seen_;
-  Tell tell_;
-};
 
 }  // namespace zelhost

@@ -1,8 +1,6 @@
 #include "open/pure_component.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include "open/library.h"
 #include "words/letters.h"
@@ -202,30 +200,18 @@ Curve PureComponent::ReadCurve(std::uint32_t index) const {
   return curve;
 }
 
-// An equation without a value leaves the number that was passed in, which the steps after it may
-// change. None of them changes a NaN, except an extrapolation; the value at the bound is then
-// checked too.
 Point PureComponent::At(std::uint32_t index, double temperature, std::int32_t order) const {
   Point point;
-  auto const valueAt = [&](double at, double& slope, std::int32_t& status) {
-    double value = std::numeric_limits<double>::quiet_NaN();
-    bool const failed = face_->EvaluateCorrelation(index, at, order, &value, &slope, nullptr,
-                                                   &status) == zel::kStatusFailed;
-    return failed ? std::numeric_limits<double>::quiet_NaN() : value;
-  };
-  double const none = zel::gen_GetUndefDouble();
-  double slope = none;
-  double const value = valueAt(temperature, slope, point.status);
-  point.there = std::isfinite(value) && !zel::gen_IsUndefDouble(value);
-  if (point.there && point.status != 0) {
-    Curve const curve = ReadCurve(index);
-    double unused = none;
-    std::int32_t inside = 0;
-    point.there = !std::isnan(valueAt(point.status > 0 ? curve.tMax : curve.tMin, unused, inside));
-  }
-  point.value = point.there ? value : none;
-  point.slope = point.there ? slope : none;
+  point.there = zel::GetCorrelationValue(face_.operator->(), index, temperature, order, point.value,
+                                         point.slope, point.status);
   return point;
+}
+
+std::string FaultOf(Curve const& curve) {
+  char text[120];
+  zel::GetCorrelationFault(curve.equation, static_cast<std::int32_t>(curve.coefficients.size()),
+                           text);
+  return text;
 }
 
 char const* TemperatureUnit(std::int32_t code) {

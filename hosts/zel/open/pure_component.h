@@ -94,6 +94,9 @@ class PureComponent {
   zel::BankFace<zel::IZelPureComp> face_;
 };
 
+// "equation 99 is not known", or "equation 16 needs at least 4 coefficients, but the record has 2;
+// missing ones count as 0"; empty when nothing is wrong.
+std::string FaultOf(Curve const& curve);
 // The letter of a temperature unit of a stored correlation.
 char const* TemperatureUnit(std::int32_t code);
 // The temperature range of a correlation: "159.05 to 514 K", "from 159.05 K", "up to 514 K";

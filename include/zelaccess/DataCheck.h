@@ -1,0 +1,147 @@
+/// \file
+/// DataCheck: checks whether the data of libraries are plausible: values that cannot all be right
+/// although each of them can be stored. VerifyLibrary (Verify.h) checks the structure of the files;
+/// check that first.
+///
+///     struct Printer final : zel::ZelDataFindingSink {
+///       void Found(zel::zelFindings, char const* id, char const* place, char const* text) override
+///       {
+///         std::printf("%s %s: %s\n", id, place, text);
+///       }
+///     } printer;
+///     zel::CheckLibraryData({library, nullptr}, {}, printer);
+///
+/// GetDataChecks may be called by any thread at any time; the other functions follow the thread
+/// rules of the libraries that they are passed (LibFile.h).
+#ifndef ZELACCESS_DATACHECK_H
+#define ZELACCESS_DATACHECK_H
+
+#include <cstdint>
+
+#include "zelaccess/Types.h"
+#include "zelaccess/Verify.h"
+
+namespace zel {
+
+/// A check of data. Texts are never null.
+struct ZelDataCheck {
+  char const* id;        ///< Names the check and is stable, "formula-weight" for example.
+  char const* rule;      ///< What the data must satisfy, as a text for people.
+  zelFindings severity;  ///< findingWarning or findingError; see also "equation".
+};
+
+/// Returns the checks of data. A finding of "equation" is an error if the correlation has no value
+/// within its range, and a warning otherwise.
+/// \param count  receives their number
+/// \return a constant table, valid for the life of the module; never null
+ZEL_API ZelDataCheck const* GetDataChecks(std::int32_t& count);
+
+/// Selects what is reported. As it is made, everything is.
+struct ZelDataCheckOptions {
+  /// IDs of checks that are not reported; null for none. Null elements and IDs that GetDataChecks
+  /// does not have are ignored. Damage is always reported.
+  char const* const* silent = nullptr;
+  std::int32_t silentCount = 0;  ///< Number of IDs in `silent`; none below 1.
+  bool acceptIdentity = false;   ///< A finding of "identity" is a warning, not an error.
+};
+
+/// What is wrong with a datum. Texts are never null, and valid during the call alone; numbers that
+/// do not apply are undefined (Types.h), and texts that do not apply are empty.
+struct ZelDataFinding {
+  zelFindings severity = findingWarning;  ///< findingWarning, findingError or findingDamage.
+  char const* id = "";                    ///< ID of the check; "header" or "item" for damage.
+  char const* library = "";               ///< Name of the library (ZelCheckedLibrary).
+  char const* bankType = "";              ///< Type of the bank, "PURECOMP" for example.
+  char const* bankName = "";              ///< Name of the bank.
+  std::int32_t const* key = nullptr;  ///< Key words of the item on file; null if there are none.
+  std::int32_t keyWords = 0;          ///< Number of key words.
+  /// The item as a text: the first ID of a component, or its number if it has none; "1 + 2" for a
+  /// pair; "group 9".
+  char const* item = "";
+  /// Bank and item as messages name them: "CRC ACETONE", "NRTL:VLE 1 + 2".
+  char const* place = "";
+  /// The datum: the keyword of a constant, the name of a correlation, the name of a field, "CAS
+  /// number", "formula", "identity", "groups". Several have blanks between them, or " and ".
+  char const* datum = "";
+  double value = gen_GetUndefDouble();  ///< The value, in `unit`; undefined if it is not a number.
+  char const* valueText = "";           ///< The value as a text, numbers with 7 digits.
+  char const* unit = "";                ///< Unit of the numbers; empty for a pure number.
+  /// Temperature in K, of the value of a correlation.
+  double temperature = gen_GetUndefDouble();
+  /// Bounds of the expected value, before the tolerance of the rule; equal if one value is
+  /// expected; an undefined one does not bound it.
+  double expectedMin = gen_GetUndefDouble();
+  double expectedMax = gen_GetUndefDouble();  ///< See expectedMin.
+  char const* expectedText = "";  ///< The expected value as a text, "0.15 to 0.40" for example.
+  /// What has the data to which this is compared, if not the same item: a component of the bank as
+  /// `place` names it, a library, a bank of a library ("crc.lb1:CRC"), a bank ("UNFORIG:G").
+  char const* against = "";
+  char const* text = "";  ///< The sentence made from this, without library and place.
+};
+
+/// What a host implements to receive findings about data. It is called in the thread that made the
+/// call, and may throw to end it.
+class ZEL_API ZelDataFindingSink : public ZelFindingSink {
+ public:
+  /// Receives a finding. Unless overridden, it passes severity, ID, place and text to Found.
+  /// \param finding  valid during the call alone
+  virtual void FoundData(ZelDataFinding const& finding) {
+    Found(finding.severity, finding.id, finding.place, finding.text);
+  }
+  /// Reports progress through the components of a bank. Unless overridden, it does nothing.
+  /// \param library  name of the library; never null, valid during the call alone
+  /// \param bank     "PURECOMP:CRC"; never null, valid during the call alone
+  /// \param done     components that were checked, 0 in the first call for a bank, `total` in the
+  ///                 last one
+  /// \param total    components of the bank
+  virtual void Checked(char const* library, char const* bank, std::int64_t done,
+                       std::int64_t total) {
+    static_cast<void>(library);
+    static_cast<void>(bank);
+    static_cast<void>(done);
+    static_cast<void>(total);
+  }
+
+ protected:
+  ~ZelDataFindingSink() = default;
+};
+
+/// A library to check.
+struct ZelCheckedLibrary {
+  LibFile* library = nullptr;  ///< An open library; stays the host's.
+  /// Its name in findings; stays the host's; null for the display name (LibFile::GetLibName).
+  char const* name = nullptr;
+};
+
+/// Checks the data of a library: each component by itself, the components of each bank with each
+/// other, banks of pairs and of groups. Changes nothing.
+///
+/// Findings are reported bank by bank. Data that are missing are not findings, except for CAS
+/// numbers and reference codes. An item or a bank that cannot be read is left out and reported
+/// (findingDamage, "item", its place); no block error is thrown. Throws std::bad_alloc, and what
+/// the sink throws. Time grows with the size of the library, memory with its components. \param
+/// library  the library; one that is null or closed is damage of the header \param options  what is
+/// reported \param sink     receives the findings \return true when no error and no damage was
+/// reported
+ZEL_API bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions const& options,
+                              ZelDataFindingSink& sink);
+
+/// Compares the data of libraries: components with the same number, ID or CAS number must be the
+/// same substance in all banks of all libraries ("identity"), and constants and vapor pressures of
+/// the same substance must agree between each two libraries ("magnitude", "boiling-point"). What
+/// CheckLibraryData reports is not reported again. Changes nothing.
+///
+/// What cannot be read, what is thrown: as above. Time grows with the square of the number of
+/// libraries.
+/// \param libraries  the libraries; one that is null or closed is damage of the header and left
+///                   out; null is damage of the header unless there are none
+/// \param count      their number; below 1 there is nothing to compare
+/// \param options    what is reported
+/// \param sink       receives the findings
+/// \return true when no error and no damage was reported
+ZEL_API bool CompareLibraryData(ZelCheckedLibrary const* libraries, std::int32_t count,
+                                ZelDataCheckOptions const& options, ZelDataFindingSink& sink);
+
+}  // namespace zel
+
+#endif  // ZELACCESS_DATACHECK_H

@@ -1,0 +1,105 @@
+#include "verify/component_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "banks/catalogue.h"
+#include "frame/limits.h"
+
+namespace zel {
+namespace {
+
+constexpr double kIcePoint = 273.15;        // K
+constexpr double kFahrenheitZero = 459.67;  // Rankine
+constexpr double kRankine = 1.8;            // degrees Rankine per kelvin
+
+double ToKelvin(double value, std::int32_t unit) {
+  switch (unit) {
+    case 11: return value + kIcePoint;
+    case 12: return value / kRankine;
+    case 13: return (value + kFahrenheitZero) / kRankine;
+    default: return value;
+  }
+}
+
+double FromKelvin(double value, std::int32_t unit) {
+  switch (unit) {
+    case 11: return value - kIcePoint;
+    case 12: return value * kRankine;
+    case 13: return value * kRankine - kFahrenheitZero;
+    default: return value;
+  }
+}
+
+}  // namespace
+
+std::span<ZelConstantInfo const> ConstantRows() {
+  std::int32_t count = 0;
+  ZelConstantInfo const* const first = GetConstantCatalogue(count);
+  return {first, static_cast<std::size_t>(count)};
+}
+
+std::span<ZelCorrelationInfo const> CorrelationRows() {
+  std::int32_t count = 0;
+  ZelCorrelationInfo const* const first = GetCorrelationCatalogue(count);
+  return {first, static_cast<std::size_t>(count)};
+}
+
+char const* TemperatureLetter(std::int32_t unit) {
+  switch (unit) {
+    case 11: return "C";
+    case 12: return "R";
+    case 13: return "F";
+    default: return "K";
+  }
+}
+
+double ConvertTemperature(double value, std::int32_t from, std::int32_t to) {
+  constexpr double kDigits = 1e9;
+  if (from == to) return value;
+  return std::round(FromKelvin(ToKelvin(value, from), to) * kDigits) / kDigits;
+}
+
+ComponentView::ComponentView()
+    : owner_(NewKnownBank(kPureComponentType)), bank_(dynamic_cast<PureComp_i*>(owner_.Get())) {}
+
+ZelIdentity ComponentView::Identity() const {
+  ZelIdentity identity;
+  GetComponentIdentity(Face(), identity);
+  return identity;
+}
+
+// GetCorrelation fails both for a missing record and for one that it does not return, which can
+// still be evaluated; only the latter has an equation.
+Correlation const* ComponentView::Record(std::uint32_t index) const {
+  std::int32_t equation = 0;
+  ZelStatus const status =
+      bank_->GetCorrelation(index, &equation, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                            nullptr, nullptr, nullptr);
+  bool const isThere = status == kStatusOk || (status == kStatusFailed && equation != 0);
+  return isThere ? &Data().correlations[index] : nullptr;
+}
+
+std::span<double const> ComponentView::Coefficients(Correlation const& record) {
+  return std::span(record.coefficients)
+      .first(static_cast<std::size_t>(std::clamp(record.coefficientCount, 0, kCoefficients)));
+}
+
+double ComponentView::ValueAt(std::uint32_t index, double temperature) const {
+  double value = 0.0, slope = 0.0;
+  std::int32_t status = 0;
+  GetCorrelationValue(Face(), index, temperature, 1, value, slope, status);
+  return value;
+}
+
+double ComponentView::InsideAt(std::uint32_t index, double kelvin) const {
+  Correlation const* const record = Record(index);
+  if (record == nullptr) return gen_GetUndefDouble();
+  double value = 0.0, slope = 0.0;
+  std::int32_t status = 0;
+  double const temperature = ConvertTemperature(kelvin, kKelvin, record->tempUnit);
+  GetCorrelationValue(Face(), index, temperature, 1, value, slope, status);
+  return status == 0 ? value : gen_GetUndefDouble();
+}
+
+}  // namespace zel

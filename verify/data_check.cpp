@@ -1,0 +1,85 @@
+// The checks of data: of one library, and of several with each other.
+#include "zelaccess/DataCheck.h"
+
+#include <deque>
+
+#include "verify/bank_checks.h"
+#include "verify/bank_components.h"
+#include "verify/component_checks.h"
+#include "verify/library_comparison.h"
+#include "verify/open_library.h"
+
+namespace zel {
+namespace {
+
+// Null, with a finding, unless the library is open.
+LibFile_i* OpenOrTell(ZelCheckedLibrary const& library, DataFindings& findings) {
+  LibFile_i* const file = OpenLibrary(library.library);
+  if (file == nullptr) {
+    findings.Damage("header", library.name != nullptr ? library.name : "", "the library",
+                    "it is not open");
+  }
+  return file;
+}
+
+std::string NameOf(ZelCheckedLibrary const& library) {
+  return library.name != nullptr ? library.name : library.library->GetLibName();
+}
+
+void CheckComponents(CheckedLibrary& library, CheckedBank const& bank) {
+  DataFindings& findings = library.Findings();
+  BankComponents components(findings);
+  ComponentView const component;
+  std::int64_t const total = library.CountItems(bank);
+  std::int64_t done = 0;
+  findings.Progress(library.Name(), bank, 0, total);
+  library.Walk(bank, component.Def(), [&](std::int32_t const* words) {
+    CheckedItem item = library.ComponentItem(bank, component.Identity(), words[0]);
+    CheckComponent(component, item, findings);
+    components.Component(component, std::move(item));
+    // The last call is made when the bank is done: an item that cannot be read is not counted.
+    if (++done < total) findings.Progress(library.Name(), bank, done, total);
+  });
+  components.Close();
+  if (total > 0) findings.Progress(library.Name(), bank, total, total);
+}
+
+}  // namespace
+
+bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions const& options,
+                      ZelDataFindingSink& sink) {
+  DataFindings findings(sink, options);
+  LibFile_i* const file = OpenOrTell(library, findings);
+  if (file == nullptr) return false;
+  CheckedLibrary checked(*file, NameOf(library), findings);
+  for (CheckedBank const& bank : checked.Banks(kPureComponentType)) CheckComponents(checked, bank);
+  for (CheckedBank const& bank : checked.Banks()) {
+    CheckPairs(checked, bank);
+    CheckGroups(checked, bank);
+  }
+  return findings.IsGood();
+}
+
+bool CompareLibraryData(ZelCheckedLibrary const* libraries, std::int32_t count,
+                        ZelDataCheckOptions const& options, ZelDataFindingSink& sink) {
+  DataFindings findings(sink, options);
+  if (count > 0 && libraries == nullptr) {
+    OpenOrTell({}, findings);
+    return false;
+  }
+  std::deque<CheckedLibrary> checked;
+  for (std::int32_t i = 0; i < count; ++i) {
+    LibFile_i* const file = OpenOrTell(libraries[i], findings);
+    if (file != nullptr) checked.emplace_back(*file, NameOf(libraries[i]), findings);
+  }
+  IdentityComparison identities(findings);
+  for (CheckedLibrary& library : checked) identities.Library(library);
+  for (std::size_t i = 1; i < checked.size(); ++i) {
+    for (std::size_t earlier = 0; earlier < i; ++earlier) {
+      CompareComponents(checked[i], checked[earlier]);
+    }
+  }
+  return findings.IsGood();
+}
+
+}  // namespace zel
