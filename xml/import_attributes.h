@@ -12,8 +12,8 @@ namespace zel {
 template <std::size_t N>
 using AttributeValues = std::array<std::optional<std::string>, N>;
 
-// Collects the values that a walk returns, by the row of their names. kStop when the walk was
-// aborted.
+// Collects the values that a walk returns, indexed by the rows of their names. Returns kStop if the
+// walk was aborted.
 template <std::size_t N>
 Verdict TakeAttributes(ImportIterator_i& walk, AttributeValues<N>& values) {
   std::string scratch;

@@ -63,8 +63,8 @@ class FileSystem {
 // the process), without waiting: shared for kRead, exclusive otherwise; a lock that is already
 // held, by this process or another, yields kDenied. Files are mapped where the system allows it.
 FileSystem& PosixFileSystem();
-// The same without the request to write files to disk at a flush; for benchmarks, whose peers do
-// not sync either.
+// The same, except that a flush does not ask the system to write files to disk; for benchmarks,
+// whose peers do not sync either.
 FileSystem& PosixFileSystemWithoutSync();
 
 }  // namespace zel::platform

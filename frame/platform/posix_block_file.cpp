@@ -154,8 +154,8 @@ class PosixBlockFile final : public BlockFile {
   }
 
   // Allocates room on disk for all bytes up to `end`: a step ahead if the disk has that much,
-  // otherwise just enough. Bytes inside the file may need room too, where they were never written.
-  // Turns writes through the map off when the file system cannot do this.
+  // otherwise just enough. Bytes inside the file may need room, too, if they were never written.
+  // Turns off writes through the map if the file system cannot do this.
   bool MakeRoom(std::uint64_t end) noexcept {
     std::uint64_t const step = std::clamp(backed_, kLeastStep, kLargestStep);
     std::uint64_t const ahead = std::min(std::max(end, backed_ + step), range_);

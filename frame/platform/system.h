@@ -42,10 +42,9 @@ int ProcessId();
 std::string MakeTemporaryFile(std::string const& prefix);
 void RemoveFile(std::string const& path);
 
-// A new empty file in that folder, removed with the object. Where the system supports files without
-// a name it is one, so that a killed process leaves nothing behind; otherwise, and when `nameless`
-// is false, it is named as above. No file is made when that name would be longer than `mostPath`
-// characters.
+// A new empty file in that folder, which is removed with the object. It has no name if the system
+// supports that, so that a killed process leaves nothing; otherwise, and if `nameless` is false, it
+// is named as above. No file is made if that name would be longer than `mostPath` characters.
 class TemporaryFile {
  public:
   TemporaryFile(std::string const& prefix, std::size_t mostPath, bool nameless = true);

@@ -65,7 +65,7 @@ UnitTableError Load(char const* path) {
   return error;
 }
 
-// The class that a handle's class is by definition.
+// The class of a handle, or the one for which it is a second name.
 int RootClass(uom_Unit const& unit) { return unit.catalogue->ClassAt(unit.unitClass).same; }
 
 bool SameUnit(UnitChoice const& a, UnitChoice const& b) {

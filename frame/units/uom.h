@@ -19,8 +19,8 @@ inline constexpr int kUomNoValue = 5;     // a value that has no counterpart in 
 // success, otherwise a positive UnitTableError, and the previous table stays loaded.
 int uom_Init2(int count, char const* const* arguments);
 
-// A handle for a unit class, named in any case; null when there is no such class, or no table. The
-// caller frees it with uom_Free.
+// Returns a handle for a unit class, whose name is compared without regard to case; null when there
+// is no such class, or no unit table. The caller frees it with uom_Free.
 uom_Unit* uoms_New(char const* dimension);
 
 // Sets the handle's unit by its text, in form 1 as in the first column of the unit list, in form 2

@@ -7,7 +7,7 @@
 /// undefined model coefficient (1.0 for `rmw` and `sigma` of PCSAFTPU) and leaves bounds and
 /// integers as they are. All of these return kStatusOk, except where a null pointer is a failure.
 ///
-/// Temperatures are in K, pressures in kPa; a value that is not there is undefined (Types.h). The
+/// Temperatures are in K, pressures in kPa; a missing value is undefined (Types.h). The
 /// library computes nothing from coefficients. Each array has the length that its parameter says.
 /// Texts are buffers of 21 characters, bank names 9, the name of ORWMAP 13.
 ///

@@ -27,20 +27,21 @@ struct ZelBlockErrorInfo {
   char reason[100] = {};  ///< Why, in a few words.
 };
 
-/// Reports what is known of a block error just caught. To be called in the thread that caught it,
-/// before the next call of the library.
+/// Reports what is known of a block error that was just caught. Call it in the thread that caught
+/// the error, before the next call of the library.
 /// \param address  the `unsigned long` that was caught
 /// \param info     receives file and reason; an empty file and a general reason for any other
 ///                 address
 ZEL_API void GetBlockErrorInfo(unsigned long address, ZelBlockErrorInfo& info);
 
-/// The address of what is not a block: no block could be allocated.
+/// The address in an error that is not about an existing block: no block could be allocated.
 inline constexpr unsigned long kNoBlockAddress = 990000000;
 
 /// A block error as an exception. Its text has the file, the address and the reason.
 class BlockError : public std::runtime_error {
  public:
-  /// Makes the exception of a block error just caught; GetBlockErrorInfo says when.
+  /// Makes the exception for a block error that was just caught. The rules of GetBlockErrorInfo
+  /// for the thread and the moment of the call apply.
   /// \param address  the `unsigned long` that was caught
   explicit BlockError(unsigned long address) : BlockError(address, InfoOf(address)) {}
 
@@ -74,7 +75,7 @@ class BlockError : public std::runtime_error {
   ZelBlockErrorInfo info_;
 };
 
-/// Does a piece of work; a block error leaves it as a BlockError.
+/// Calls `work`, and throws a block error of it as a BlockError.
 /// \param work  called once, without arguments
 /// \return what the work returns
 template <typename Work>

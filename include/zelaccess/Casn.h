@@ -43,11 +43,11 @@ class ZEL_API casn {
   /// Copies the number.
   /// \return this object
   casn& operator=(casn const&) noexcept = default;
-  /// Replaces the number, by the empty casn where it is not valid.
+  /// Replaces the number; an invalid one makes the casn empty.
   /// \param number  the number as one integer, check digit last
   /// \return this object
   casn& operator=(long number) noexcept;
-  /// Replaces the number, by the empty casn where the text is not valid.
+  /// Replaces the number; an invalid text makes the casn empty.
   /// \param text  digits with two dashes; null is the empty text
   /// \return this object
   casn& operator=(char const* text) noexcept;

@@ -79,8 +79,8 @@ class ZEL_API ZelLogSink {
 
 /// What one document holds, not including the documents that it imports.
 struct ZelDocumentContents {
-  /// False: there is no such file, or it is not a document that an import accepts; all counts are 0
-  /// then.
+  /// False if there is no such file, or if it is not a document that an import accepts; all counts
+  /// are then 0.
   bool readable = false;
   std::int32_t line = 0;        ///< Line at which it is not readable; 0 when no line is to blame.
   char reason[200] = {};        ///< Why it is not readable; "" when it is.

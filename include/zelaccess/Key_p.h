@@ -66,7 +66,7 @@ class ZEL_API Key_p : public Key {
   /// Forgets the numbers that the name index returned.
   virtual void ClearCache() = 0;
   /// Turns the components into key words for a library. Throws a block error.
-  /// \param library  library that is asked first; null asks the name index alone
+  /// \param library  library that is searched first; null searches only the name index
   /// \param mode     0 and 3 keep the order of the components; 1 and 2 sort them ascending
   /// \param swapped  receives true where mode is 2 and the sort changed the order
   /// \return false when a component is known neither to the library nor to the name index

@@ -9,8 +9,8 @@
 
 namespace zel {
 
-/// Kind of a library. It is stored in the header and leads every block address; nothing behaves
-/// differently for one kind or another.
+/// Kind of a library. It is stored in the header and at the start of every block address, and
+/// has no other effect.
 enum libTypes : std::int32_t {
   libKind11 = 11,  ///< Kind 11.
   libKind12 = 12,  ///< Kind 12.
@@ -129,8 +129,9 @@ class ZEL_API LibFile {
   /// \param error  receives openOk or the reason of the failure
   static void StatusLibFile(char const* path, libTypes& type, openErrors& error);
 
-  /// Closes and ends the library and nulls the handle. Throws nothing: a last flush that fails, as
-  /// on a full disk, is reported by GetLostFlushes alone; call FlushLibFile before, which throws.
+  /// Closes and ends the library and nulls the handle. Does not throw: if the last flush
+  /// fails, for example because the disk is full, only GetLostFlushes reports it. Call FlushLibFile
+  /// first, which throws.
   /// \param library  the handle; null does nothing
   static void DelLibFile(LibFile*& library);
 

@@ -238,7 +238,7 @@ class ZEL_API LibMaint {
   /// Moves to the next bank.
   /// \param type  buffer of 9 characters for the type keyword; may be null
   /// \param name  buffer of 9 characters for the bank name; may be null, but not both
-  /// \return false at the end, and without moving where both are null
+  /// \return false at the end; also, without moving, if both are null
   virtual bool NextBank(char* type, char* name) = 0;
   /// Ends the walk.
   virtual void EndBankWalk() = 0;
@@ -284,10 +284,11 @@ class ZEL_API LibMaint {
   /// \param replaceExisting  whether a component that exists is replaced; it is an error otherwise
   /// \return true when no error was reported
   virtual bool ImportComponent(char const* path, char const* bankName, bool replaceExisting) = 0;
-  /// Returns the last reported error. Where an import goes on after an error, the next bank or item
-  /// empties the text.
-  /// \return null when no error was reported since the last import began; otherwise this object's
-  ///         text, valid until its next import or its end: copy it where it must last
+  /// Returns the last reported error. If an import continues after an error, the next bank or item
+  /// clears the text.
+  /// \return null when no error was reported since the last import began; otherwise a text that
+  ///         belongs to this object and is valid until its next import or its end: copy it if it is
+  ///         needed longer
   virtual char const* GetLastErrorText() const = 0;
 
   ///@}

@@ -45,7 +45,7 @@ class ZEL_API LibMaint_p : public LibMaint {
   /// \param type      type keyword; null is the empty text
   /// \param name      bank name; null is the empty text
   /// \param indent    blanks before each line
-  /// \param stream    stays the host's and open; null is a failure
+  /// \param stream    remains open and owned by the host; null is a failure
   /// \param expected  number of entries that the tree should have; below 0 any number
   /// \return whether the tree has as many entries as expected; false without output when the bank
   ///         is not there

@@ -9,8 +9,8 @@ namespace zel {
 
 // clang-format off
 
-/// Fixed constants by index: keyword, internal unit ("-" for a pure number), meaning. The indices
-/// in between are kept in memory and have no keyword and no place on file.
+/// Fixed constants by index: keyword, internal unit ("-" for a pure number), meaning. An index
+/// without an enumerator exists in memory only: it has no keyword and is not stored in a file.
 enum zelProperties : std::uint32_t {
   propertyMW = 0,             ///< MW, kg/kg-mol: molecular weight
   propertyTC = 1,             ///< TC, K: critical temperature
@@ -94,7 +94,7 @@ enum zelCorrelations : std::uint32_t {
 };
 // clang-format on
 
-/// What an identity source is the source of.
+/// The parts of the identity that have a source of their own.
 enum zelIdentitySources : std::uint32_t {
   sourceFormula = 0,    ///< The formula.
   sourceCas = 1,        ///< The CAS number.
@@ -157,7 +157,7 @@ class ZEL_API IZelPureComp : public IUnknown {
   virtual ZelStatus GetIdentity(std::int32_t* number, std::int32_t* casNumber,
                                 std::int32_t* refCode, char (*libraryIds)[9], char* name,
                                 char* formula, std::uint8_t* keepFormula) = 0;
-  /// Sets the identity. Texts are cut.
+  /// Sets the identity. Texts that are too long are cut.
   /// \param number       component number
   /// \param casNumber    CAS number as one integer
   /// \param refCode      reference code
@@ -273,9 +273,9 @@ class ZEL_API IZelPureComp : public IUnknown {
   /// \name Correlations
   ///@{
 
-  /// Copies the record of a correlation. It is copied before it is judged: an equation above 100, a
-  /// property unit above 50999, another temperature unit or a count outside 1 to 15 is a failure,
-  /// so that one never set or reset is a failure too.
+  /// Copies the record of a correlation, and only then checks it: an equation above 100, a property
+  /// unit above 50999, another temperature unit or a count outside 1 to 15 is a failure. So is a
+  /// record that was never set or was reset.
   /// \param index             one of zelCorrelations, up to 17
   /// \param equation          receives the number of the equation (docs/equations.md); may be null
   /// \param tempUnit          receives the unit of temperatures: 10 K, 11 C, 12 R, 13 F; may be

@@ -36,7 +36,7 @@ struct ZelCorrelationInfo {
 
 /// Returns the constants that have a keyword.
 /// \param count  receives their number
-/// \return a constant table, valid for the life of the module; never null
+/// \return the table, valid for the life of the module; never null
 ZEL_API ZelConstantInfo const* GetConstantCatalogue(std::int32_t& count);
 /// Returns the correlations. The index of each is its place in the table.
 /// \param count  receives their number

@@ -62,12 +62,12 @@ class Command {
   Command(CommandLine& line, std::string const& name, std::string const& purpose,
           std::string const& example);
 
-  // A word, or several, that must be given. Arguments are read in the order of the calls.
+  // One or more words that must be given. Arguments are read in the order of these calls.
   Command& Argument(std::string const& name, Target target, std::string const& help);
   Command& OptionalArgument(std::string const& name, Target target, std::string const& help);
   Command& Option(std::string const& names, Target target, std::string const& help,
                   std::string const& typeName);
-  // An option that must be given. Takes one word only.
+  // An option that must be given, with exactly one word.
   Command& Required(std::string const& names, Target target, std::string const& help,
                     std::string const& typeName);
   Command& Flag(std::string const& names, bool& target, std::string const& help);

@@ -12,8 +12,8 @@ namespace zelhost {
 // Shows the first 1,000 errors and warnings; a small document can cause hundreds of thousands.
 class ImportLog final : public zel::ZelLogSink {
  public:
-  // Lines are written to standard output as they come, unless they are collected for a table.
-  // `alignsTypes` aligns to the right the types in the lines that announce banks.
+  // Each line is written to standard output at once, unless the lines are collected for a table.
+  // `alignsTypes` right-aligns the types in the lines that announce banks.
   ImportLog(bool writesLines, bool alignsTypes)
       : writesLines_(writesLines), alignsTypes_(alignsTypes) {}
 

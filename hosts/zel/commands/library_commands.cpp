@@ -142,7 +142,7 @@ Report Info(Session& session, Options const& o) {
   return report;
 }
 
-// An empty file is not an error, one that is not a text is.
+// An empty file is accepted; a file that is not text is an error.
 std::string FileText(std::string const& path) {
   std::ifstream file = OpenInput(path);
   if (!file || std::filesystem::is_directory(path)) throw Failure(path + ": cannot be read");

@@ -16,7 +16,7 @@
 namespace zelhost {
 namespace {
 
-// False if another file has taken the path since it was opened.
+// False if the path now names a file other than the one that was opened.
 bool IsAt(int descriptor, std::string const& path) {
   struct stat opened = {};
   struct stat there = {};

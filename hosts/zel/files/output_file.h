@@ -40,8 +40,8 @@ bool IsStandardOutput(std::string const& path);
 // output. Nothing is opened, so that no pipe makes a command wait.
 void RefuseSpecialFile(std::string const& path);
 
-// Throws Failure for a path that ends in .lb1 to .lb9, as those of a library's files do: no
-// document replaces one.
+// Throws Failure for a path that ends in .lb1 to .lb9, as the files of a library do: a document
+// must not replace one.
 void RefuseLibraryPath(std::string const& path);
 
 }  // namespace zelhost

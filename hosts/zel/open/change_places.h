@@ -54,7 +54,7 @@ bool IsOurs(std::filesystem::path const& folder, std::filesystem::path const& li
 // tries again to remove what cannot be removed now.
 void RemoveFolder(std::filesystem::path const& folder) noexcept;
 
-// True while a change is being moved into place, or if it was cut off then.
+// True while a change is being moved into place, or if it was interrupted during the move.
 bool IsBeingChanged(std::string const& path);
 
 // The paths of the files of one change, by number; the first file has the number 1.

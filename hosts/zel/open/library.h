@@ -50,7 +50,8 @@ class Library {
   // Reports what could not be read; see UnreadItems. Must be called where the block error was
   // caught.
   void TellUnread(std::string const& place, unsigned long address) const;
-  // Does work that walks a bank; a tree that cannot be read ends it and is reported.
+  // Does work that walks a bank. If the tree cannot be read, the work ends and the bank is
+  // reported.
   template <typename Work>
   void Walk(BankName const& bank, Work const& work) const {
     try {

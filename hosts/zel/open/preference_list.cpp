@@ -57,7 +57,7 @@ std::string PreferenceList::Name(std::size_t i) const {
 
 namespace {
 
-// Looks a component up; a record that cannot be read is an error that names the component.
+// Looks up a component; if its record cannot be read, the error names the component.
 template <typename Look>
 bool Looked(Session const& session, std::string const& word, Look const& look) {
   try {

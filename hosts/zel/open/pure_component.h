@@ -106,7 +106,7 @@ Cell RangeOf(Curve const& curve);
 Cell UnitOf(Curve const& curve);
 // The amount to which the unit of a specific property refers: mole, mass or nothing.
 Cell BasisOf(Curve const& curve);
-// "vapor liquid"; nothing for none.
+// The phases as words, such as "vapor liquid"; empty if there are none.
 Cell PhasesOf(PureComponent const& component);
 
 }  // namespace zelhost

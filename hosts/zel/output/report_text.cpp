@@ -64,7 +64,8 @@ bool IsInNumber(std::string const& text, std::size_t at) {
   return (IsOfNumber(before) || isExponent(at - 1)) && (IsOfNumber(behind) || isExponent(at));
 }
 
-// Where a word that is too long is cut: at `width` characters, or next to a number that is there.
+// Returns where to cut a word that is too long: at `width` characters, or before or after the
+// number at that place.
 std::size_t CutOf(std::string const& text, std::size_t width) {
   std::size_t end = 0;
   for (std::size_t count = 0; end < text.size(); ++end) {

@@ -7,7 +7,7 @@
 
 namespace zelhost {
 
-// Throws WrongUsage, which says what it should be, if the word is not a number.
+// Throws WrongUsage, which says what is expected, if the word is not a number.
 double ParseNumber(std::string const& word, std::string const& what);
 
 // A range, both ends included; a missing end is open.
