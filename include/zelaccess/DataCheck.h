@@ -119,10 +119,11 @@ struct ZelCheckedLibrary {
 /// Findings are reported bank by bank. Data that are missing are not findings, except for CAS
 /// numbers and reference codes. An item or a bank that cannot be read is left out and reported
 /// (findingDamage, "item", its place); no block error is thrown. Throws std::bad_alloc, and what
-/// the sink throws. Time grows with the size of the library, memory with its components. \param
-/// library  the library; one that is null or closed is damage of the header \param options  what is
-/// reported \param sink     receives the findings \return true when no error and no damage was
-/// reported
+/// the sink throws. Time grows with the size of the library, memory with its components.
+/// \param library  the library; one that is null or closed is damage of the header
+/// \param options  what is reported
+/// \param sink     receives the findings
+/// \return true when no error and no damage was reported
 ZEL_API bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions const& options,
                               ZelDataFindingSink& sink);
 

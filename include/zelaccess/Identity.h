@@ -44,8 +44,9 @@ enum zelIdentityConflicts : std::int32_t {
 ZEL_API bool GetComponentIdentity(IZelPureComp* component, ZelIdentity& identity);
 
 /// Writes an identity as a text: "Water (10000326, WATER, 7732-18-5, H2O)", with the first ID,
-/// without the parts that the source does not have. \param identity  the identity \param text
-/// buffer of 120 characters; null does nothing
+/// without the parts that the source does not have.
+/// \param identity  the identity
+/// \param text      buffer of 120 characters; null does nothing
 ZEL_API void GetIdentityText(ZelIdentity const& identity, char* text);
 
 /// Compares what two sources say. Numbers, IDs and names are labels of a source and are not

@@ -100,8 +100,10 @@ class ZEL_API LibFile_p : public LibFile {
   /// Returns copies of the header, block table and tree heads, which all libraries share and which
   /// are valid until the next call of the same thread, or its end. Passing the same pointer
   /// three times returns the live header image instead. A reader's copy shows neither password nor
-  /// level. \param header      receives 125 words; may be null \param blockTable  receives 125
-  /// words; may be null \param treeHeads   receives 24 words; may be null
+  /// level.
+  /// \param header      receives 125 words; may be null
+  /// \param blockTable  receives 125 words; may be null
+  /// \param treeHeads   receives 24 words; may be null
   virtual void GetHeaderBlocks(std::int32_t const** header, std::int32_t const** blockTable,
                                std::int32_t const** treeHeads) = 0;
 

@@ -97,13 +97,12 @@ ZEL_API bool GetCorrelationFault(std::int32_t equation, std::int32_t coefficient
 /// \param temperature  in the record's unit of temperatures
 /// \param order        1, 2 or 3 for that derivative with respect to the temperature
 /// \param value        receives the value in the unit of zelCorrelations; undefined if there is
-/// none \param derivative   receives the derivative, per the record's unit of temperatures to the
-/// power of
-///                     the order; undefined if there is none
+///                     none
+/// \param derivative   receives the derivative, per the record's unit of temperatures to the power
+///                     of the order; undefined if there is none
 /// \param status       receives 0 inside the range, 1 above, -1 below
 /// \return true when there is a finite value; outside the range only if there is one at the end of
-/// the
-///         range, from which it is extrapolated
+///         the range, from which it is extrapolated
 ZEL_API bool GetCorrelationValue(IZelPureComp* component, std::uint32_t index, double temperature,
                                  std::int32_t order, double& value, double& derivative,
                                  std::int32_t& status);
