@@ -7,6 +7,7 @@
 #include "banks/block_words.h"
 #include "frame/ascii.h"
 #include "frame/limits.h"
+#include "frame/trim7.h"
 #include "store/packed_text.h"
 #include "zelaccess/LibFile.h"
 
@@ -210,34 +211,62 @@ ZelStatus BankBase_i::SetIntField(char const* name, std::int32_t const* values) 
 
 // --- the item ------------------------------------------------------------------------------------
 
+// Most values are undefined: all are set so first, then the other kinds row by row.
 ZelStatus BankBase_i::Clear() {
   source_[0] = '\0';
   std::fill_n(sourceFlags_.get(), sourceCount_, std::uint8_t{0});
+  std::fill_n(values_.reals, fields_.Reals(), gen_GetUndefDouble());
+  std::fill_n(values_.integers, fields_.Integers(), gen_GetUndefInt());
   for (Field const& row : fields_.Rows()) {
-    switch (row.type) {
-      case kInteger: std::fill_n(Integers(row), row.count, gen_GetUndefInt()); break;
-      case kEnumerated: std::fill_n(Integers(row), row.count, row.enumeration->Default()); break;
-      case kReal: std::fill_n(Reals(row), row.count, gen_GetUndefDouble()); break;
-      case kText: *Text(row) = '\0'; break;
-    }
+    if (row.type == kText) *Text(row) = '\0';
+    if (row.type == kEnumerated) std::fill_n(Integers(row), row.count, row.enumeration->Default());
   }
   return kStatusOk;
 }
 
 ZelStatus BankBase_i::ReadBlock(std::int32_t const* block, std::int32_t format) {
   if (!HasFormat(format) || block == nullptr) return kStatusFailed;
-  for (Field const& row : fields_.Rows()) {
-    if (row.format > format || row.codedByHand) continue;
-    ForEachRun(row, block, [&](std::int32_t const* words, std::int32_t first, std::int32_t count) {
-      switch (row.type) {
-        case kInteger:
-        case kEnumerated: std::copy_n(words, count, Integers(row) + first); break;
-        case kReal: std::transform(words, words + count, Reals(row) + first, RealOfWord); break;
-        case kText: WordsToText(words, row.RunWords(), Text(row)); break;
-      }
-    });
+  for (BlockRun const& run : fields_.Runs()) {
+    if (run.format > format) continue;
+    std::int32_t const* words = block + run.firstWord;
+    switch (run.type) {
+      case kInteger:
+      case kEnumerated: std::copy_n(words, run.count, values_.integers + run.firstValue); break;
+      case kReal: Trim7Words(words, run.count, values_.reals + run.firstValue); break;
+      case kText: WordsToText(words, run.count, values_.characters + run.firstValue); break;
+    }
   }
   return kStatusOk;
+}
+
+namespace {
+
+void ClearColumn(Field const& field, void* to) {
+  switch (field.type) {
+    case kInteger:
+      std::fill_n(static_cast<std::int32_t*>(to), field.count, gen_GetUndefInt());
+      break;
+    case kEnumerated:
+      std::fill_n(static_cast<std::int32_t*>(to), field.count, field.enumeration->Default());
+      break;
+    case kReal: std::fill_n(static_cast<double*>(to), field.count, gen_GetUndefDouble()); break;
+    case kText: *static_cast<char*>(to) = '\0'; break;
+  }
+}
+
+}  // namespace
+
+void BankBase_i::DecodeColumn(Field const& field, std::int32_t const* record, std::int32_t format,
+                              void* to) const {
+  if (field.format > format) return ClearColumn(field, to);
+  ForEachRun(field, record, [&](std::int32_t const* words, std::int32_t first, std::int32_t count) {
+    switch (field.type) {
+      case kInteger:
+      case kEnumerated: std::copy_n(words, count, static_cast<std::int32_t*>(to) + first); break;
+      case kReal: Trim7Words(words, count, static_cast<double*>(to) + first); break;
+      case kText: WordsToText(words, field.RunWords(), static_cast<char*>(to)); break;
+    }
+  });
 }
 
 ZelStatus BankBase_i::WriteBlock(std::int32_t* block, std::int32_t format) {

@@ -6,9 +6,13 @@
 // data block. `Clear`, `ReadBlock` and `WriteBlock` allocate nothing.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <string_view>
+#include <utility>
 
 #include "banks/catalogue.h"
 #include "banks/field_table.h"
@@ -72,6 +76,21 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
 
   ZelStatus SelfTest() override { return kStatusNotImplemented; }
 
+  // Single fields of records as columns, without filling the bank.
+  //
+  // The field with this name and one of the two types; null when there is none.
+  virtual Field const* FindColumn(std::string_view name, FieldType type,
+                                  FieldType otherType) const {
+    return fields_.Find(name, type, otherType);
+  }
+  // The length of the block that the data word of an item leads to; 0 where the data words are the
+  // record.
+  virtual std::int32_t ColumnBlockWords() const { return 0; }
+  // The field's elements as ReadBlock stores them in a bank that is clear. A type with fields coded
+  // by hand decodes these.
+  virtual void DecodeColumn(Field const& field, std::int32_t const* record, std::int32_t format,
+                            void* to) const;
+
  protected:
   // `fields` must live as long as the module, `values` as long as the bank. Does not clear the
   // values: the constructor of the bank's class ends with Clear.
@@ -89,6 +108,12 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   // operation fails.
   ZelStatus GiveData(Arguments const& arguments, std::initializer_list<void*> outs) const;
   ZelStatus GiveDefaulted(Arguments const& arguments, std::initializer_list<void*> outs) const;
+  // GiveData for arguments that are constants: each copy has a constant length.
+  template <Arguments const& kArguments, std::size_t... kIndices>
+  ZelStatus GiveEach(std::index_sequence<kIndices...>, std::initializer_list<void*> outs) const {
+    bool const given = (GiveArgument<kArguments, kIndices>(outs.begin()[kIndices]) | ...);
+    return given ? kStatusOk : kStatusFailed;
+  }
   ZelStatus TakeData(Arguments const& arguments, std::initializer_list<void const*> ins);
 
   // The elements of a field, for types that encode words themselves.
@@ -106,6 +131,21 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   bool SourceIsProtected() const noexcept { return sourceProtected_; }
 
  private:
+  template <Arguments const& kArguments, std::size_t kIndex>
+  bool GiveArgument(void* to) const {
+    constexpr Field const& kField = *kArguments.List()[kIndex];
+    if (to == nullptr) return false;
+    if constexpr (kField.type == kText || kField.counter != Field::kNone) {
+      GiveField(kField, to);
+    } else if constexpr (kField.type == kReal) {
+      std::copy_n(values_.reals + kField.firstValue, kField.count, static_cast<double*>(to));
+    } else {
+      std::copy_n(values_.integers + kField.firstValue, kField.count,
+                  static_cast<std::int32_t*>(to));
+    }
+    return true;
+  }
+  void GiveField(Field const& field, void* to) const;
   Enumeration const* FindEnumeration(char const* field) const noexcept;
   std::int32_t UsedElements(Field const& field) const noexcept;
   ZelStatus GiveFields(Arguments const& arguments, std::initializer_list<void*> outs,

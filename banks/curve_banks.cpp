@@ -32,6 +32,15 @@ std::int32_t PackedNumber(std::int32_t eos, std::int32_t form) {
   return static_cast<std::int32_t>(scaled + (noForm ? 0U : static_cast<std::uint32_t>(form)));
 }
 
+struct Numbers {
+  std::int32_t eos;
+  std::int32_t form;
+};
+Numbers UnpackedNumber(std::int32_t packed) {
+  if (gen_IsUndefInt(packed)) return {packed, packed};
+  return {packed / kEosFactor, packed % kEosFactor};
+}
+
 class Alpha_i final : public FieldBank<IZelAlpha, kAlphaFields, kAlphaArguments> {
  public:
   using FieldBank::FieldBank;
@@ -39,13 +48,18 @@ class Alpha_i final : public FieldBank<IZelAlpha, kAlphaFields, kAlphaArguments>
   ZelStatus ReadBlock(std::int32_t const* block, std::int32_t format) override {
     ZelStatus const status = BankBase_i::ReadBlock(block, format);
     if (status != kStatusOk) return status;
-    for (std::int32_t group = 0; group < kEos.count; ++group) {
-      std::int32_t const packed = block[PackedWord(group)];
-      bool const undefined = gen_IsUndefInt(packed);
-      Integers(kEos)[group] = undefined ? packed : packed / kEosFactor;
-      Integers(kForm)[group] = undefined ? packed : packed % kEosFactor;
-    }
+    for (Field const* field : {&kEos, &kForm})
+      DecodeColumn(*field, block, format, Integers(*field));
     return kStatusOk;
+  }
+
+  void DecodeColumn(Field const& field, std::int32_t const* record, std::int32_t format,
+                    void* to) const override {
+    if (!field.codedByHand) return BankBase_i::DecodeColumn(field, record, format, to);
+    for (std::int32_t group = 0; group < field.count; ++group) {
+      Numbers const numbers = UnpackedNumber(record[PackedWord(group)]);
+      static_cast<std::int32_t*>(to)[group] = &field == &kEos ? numbers.eos : numbers.form;
+    }
   }
 
   ZelStatus WriteBlock(std::int32_t* block, std::int32_t format) override {

@@ -114,7 +114,9 @@ class DataOperations<Base, kArguments, ZelStatus (Face::*)(Outs...), ZelStatus (
   static_assert(Match<Outs...>(kArguments) && Match<Ins...>(kArguments));
 
  public:
-  ZelStatus GetData(Outs... outs) final { return this->GiveData(kArguments, {outs...}); }
+  ZelStatus GetData(Outs... outs) final {
+    return this->template GiveEach<kArguments>(std::index_sequence_for<Outs...>(), {outs...});
+  }
   ZelStatus PutData(Ins... ins) final { return this->TakeData(kArguments, {AddressOf(ins)...}); }
 
  protected:

@@ -49,6 +49,16 @@ struct Field {
   }
 };
 
+// Elements of one kind that are next to each other both in the data block and among the values of a
+// bank, of one field or of several; a text is a run of its own.
+struct BlockRun {
+  FieldType type = kInteger;  // never kEnumerated
+  std::int32_t format = 0;
+  std::int32_t firstWord = 0;
+  std::int32_t count = 0;  // of elements; for a text of words
+  std::size_t firstValue = 0;
+};
+
 class FieldTable {
  public:
   static constexpr std::int32_t kFormats = 2;   // no type has more
@@ -65,6 +75,7 @@ class FieldTable {
       if (!rows[i].rule.countedBy.empty()) fields_[i].counter = Counter(rows[i].rule.countedBy);
     }
     Require(!WordsOverlap(), "two fields share a word of the block");
+    for (Field const& field : Rows()) AddRuns(field);
   }
   // For a type without named fields; its block has one format.
   constexpr explicit FieldTable(std::int32_t recordWords) noexcept : formatCount_(1) {
@@ -72,6 +83,8 @@ class FieldTable {
   }
 
   constexpr std::span<Field const> Rows() const noexcept { return {fields_.data(), rowCount_}; }
+  // What a block is decoded by, without the fields coded by hand.
+  constexpr std::span<BlockRun const> Runs() const noexcept { return {runs_.data(), runCount_}; }
   constexpr std::int32_t FormatCount() const noexcept { return formatCount_; }
   constexpr std::int32_t MaxRecordWords() const noexcept {
     return std::max(recordWords_[0], recordWords_[1]);
@@ -148,6 +161,31 @@ class FieldTable {
     return first;
   }
 
+  constexpr void AddRuns(Field const& field) {
+    if (field.codedByHand) return;
+    BlockRun run = {field.IsInteger() ? kInteger : field.type, field.format, field.firstWord,
+                    field.RunWords(), field.firstValue};
+    for (std::int32_t i = 0; i < field.count; i += field.runElements) {
+      AddRun(run);
+      run.firstWord += field.stepWords;
+      run.firstValue += static_cast<std::size_t>(field.runElements);
+    }
+  }
+  // Adds the run to the last one where it continues that.
+  constexpr void AddRun(BlockRun const& run) {
+    bool const continues = runCount_ > 0 && Continues(runs_[runCount_ - 1], run);
+    if (continues) {
+      runs_[runCount_ - 1].count += run.count;
+    } else {
+      runs_[runCount_++] = run;  // a table with too many does not compile
+    }
+  }
+  static constexpr bool Continues(BlockRun const& last, BlockRun const& run) {
+    return run.type != kText && last.type == run.type && last.format == run.format &&
+           last.firstWord + last.count == run.firstWord &&
+           last.firstValue + static_cast<std::size_t>(last.count) == run.firstValue;
+  }
+
   constexpr std::size_t IndexOf(std::string_view name) const {
     for (std::size_t i = 0; i < rowCount_; ++i) {
       if (fields_[i].name == name) return i;
@@ -182,8 +220,12 @@ class FieldTable {
     return false;
   }
 
+  static constexpr std::size_t kMostRuns = 32;
+
   std::array<Field, kMostRows> fields_{};
   std::size_t rowCount_ = 0;
+  std::array<BlockRun, kMostRuns> runs_{};
+  std::size_t runCount_ = 0;
   std::int32_t formatCount_ = 0;
   std::array<std::int32_t, kFormats> recordWords_{};
   std::size_t reals_ = 0;

@@ -40,10 +40,12 @@ class Ppr78_i final : public FieldBank<IZelPpr78, kPpr78Fields, kPpr78Arguments>
 
   ZelStatus ReadBlock(std::int32_t const* block, std::int32_t format) override {
     if (!HasFormat(format) || block == nullptr) return kStatusFailed;
-    for (Field const& field : kPpr78Fields.Rows()) {
-      *Reals(field) = RealOfWord(block[field.firstWord]) / kStoredScale;
-    }
+    for (Field const& field : kPpr78Fields.Rows()) DecodeColumn(field, block, format, Reals(field));
     return kStatusOk;
+  }
+  void DecodeColumn(Field const& field, std::int32_t const* record, std::int32_t,
+                    void* to) const override {
+    *static_cast<double*>(to) = RealOfWord(record[field.firstWord]) / kStoredScale;
   }
   ZelStatus WriteBlock(std::int32_t* block, std::int32_t format) override {
     if (!HasFormat(format) || block == nullptr) return kStatusFailed;

@@ -48,8 +48,13 @@ class Azeo_i final : public FieldBank<IZelAzeo, kAzeoFields, kAzeoArguments> {
 
   ZelStatus ReadBlock(std::int32_t const* block, std::int32_t format) override {
     ZelStatus const status = BankBase_i::ReadBlock(block, format);
-    if (status == kStatusOk) *Integers(kBasis) = BasisFromWord(block[kBasis.firstWord]);
+    if (status == kStatusOk) DecodeColumn(kBasis, block, format, Integers(kBasis));
     return status;
+  }
+  void DecodeColumn(Field const& field, std::int32_t const* record, std::int32_t format,
+                    void* to) const override {
+    if (!field.codedByHand) return BankBase_i::DecodeColumn(field, record, format, to);
+    *static_cast<std::int32_t*>(to) = BasisFromWord(record[field.firstWord]);
   }
   ZelStatus WriteBlock(std::int32_t* block, std::int32_t format) override {
     ZelStatus const status = BankBase_i::WriteBlock(block, format);

@@ -29,6 +29,18 @@ std::int32_t BankBase_i::UsedElements(Field const& field) const noexcept {
   return std::clamp(*Integers(fields_.Rows()[field.counter]), 0, field.count);
 }
 
+void BankBase_i::GiveField(Field const& field, void* to) const {
+  std::int32_t const used = UsedElements(field);
+  switch (field.type) {
+    case kInteger:
+    case kEnumerated: CopyUsed(Integers(field), used, field.count, to); break;
+    case kReal: CopyUsed(Reals(field), used, field.count, to); break;
+    case kText:
+      CopyText(Text(field), static_cast<char*>(to), static_cast<std::size_t>(field.count));
+      break;
+  }
+}
+
 ZelStatus BankBase_i::GiveFields(Arguments const& arguments, std::initializer_list<void*> outs,
                                  bool defaulted) const {
   ZelStatus status = kStatusFailed;  // until something is returned
@@ -36,18 +48,8 @@ ZelStatus BankBase_i::GiveFields(Arguments const& arguments, std::initializer_li
   for (Field const* field : arguments.List()) {
     void* to = *out++;
     if (to == nullptr) continue;
-    std::int32_t const used = UsedElements(*field);
-    switch (field->type) {
-      case kInteger:
-      case kEnumerated: CopyUsed(Integers(*field), used, field->count, to); break;
-      case kReal:
-        CopyUsed(Reals(*field), used, field->count, to);
-        if (defaulted && !field->isBound) DefaultUndefined(*field, to);
-        break;
-      case kText:
-        CopyText(Text(*field), static_cast<char*>(to), static_cast<std::size_t>(field->count));
-        break;
-    }
+    GiveField(*field, to);
+    if (defaulted && field->type == kReal && !field->isBound) DefaultUndefined(*field, to);
     status = kStatusOk;
   }
   return status;

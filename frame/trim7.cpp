@@ -25,15 +25,19 @@ constexpr double kNearHalf = 1e-6;
 // powers, and its result is known in advance.
 constexpr std::uint32_t kUndefinedBits = 0xF99A130C;
 
-// Scaling by a power of ten in one step without a branch: a factor and a divisor, one of them 1.
-// Index 0 is the lowest power.
+// Scaling by a power of ten without a branch. Index 0 is the lowest power. To seven digits by one
+// product, which is rounded twice where the power is negative; back by a factor and a divisor, one
+// of them 1, so that the result is rounded once.
 struct ScaleStep {
+  double up;
   double factor;
   double divisor;
 };
 constexpr ScaleStep StepFor(int power) {
-  return power >= 0 ? ScaleStep{kPowers[static_cast<std::size_t>(power)], 1.0}
-                    : ScaleStep{1.0, kPowers[static_cast<std::size_t>(-power)]};
+  return power >= 0 ? ScaleStep{kPowers[static_cast<std::size_t>(power)], 1.0,
+                                kPowers[static_cast<std::size_t>(power)]}
+                    : ScaleStep{1.0 / kPowers[static_cast<std::size_t>(-power)],
+                                kPowers[static_cast<std::size_t>(-power)], 1.0};
 }
 constexpr std::array<ScaleStep, 2 * kExactPowers + 1> MakeSteps() {
   std::array<ScaleStep, 2 * kExactPowers + 1> steps{};
@@ -87,9 +91,7 @@ double TrimByText(double value) noexcept {
   return result;
 }
 
-}  // namespace
-
-double Trim7(float value) noexcept {
+inline double Trim(float value) noexcept {
   auto const bits = std::bit_cast<std::uint32_t>(value);
   std::uint32_t const field = bits >> 23 & 0xFF;
   double const exact = value;
@@ -101,15 +103,21 @@ double Trim7(float value) noexcept {
   }
   double const magnitude = std::fabs(exact);
   int const power = scale.power - (magnitude >= scale.next ? 1 : 0);
-  ScaleStep const& up = kSteps[static_cast<std::size_t>(power + kExactPowers)];
-  double const scaled = magnitude * up.factor / up.divisor;
+  ScaleStep const& step = kSteps[static_cast<std::size_t>(power + kExactPowers)];
+  double const scaled = magnitude * step.up;
   auto const digits = static_cast<std::int64_t>(scaled);
   double const fraction = scaled - static_cast<double>(digits);
   if (std::fabs(fraction - 0.5) < kNearHalf) return TrimByText(exact);
   double const rounded = static_cast<double>(static_cast<std::int64_t>(scaled + 0.5));
-  // Either the factor or the divisor is 1, so the result is rounded once.
-  ScaleStep const& down = kSteps[static_cast<std::size_t>(kExactPowers - power)];
-  return std::copysign(rounded * down.factor / down.divisor, exact);
+  return std::copysign(rounded * step.factor / step.divisor, exact);
+}
+
+}  // namespace
+
+double Trim7(float value) noexcept { return Trim(value); }
+
+void Trim7Words(std::int32_t const* words, std::int32_t count, double* values) noexcept {
+  for (std::int32_t i = 0; i < count; ++i) values[i] = Trim(std::bit_cast<float>(words[i]));
 }
 
 }  // namespace zel

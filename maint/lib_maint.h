@@ -120,6 +120,17 @@ class LibMaint_i final : public LibMaint_p {
   bool TellUnread(std::string const& place, unsigned long address) const;
   bool TellLeftOut(std::string const& place, std::string const& why) const;
 
+  // For a walk over items that decodes them itself. The entry has the key words first; false at the
+  // end.
+  bool NextEntry(std::int32_t const*& entry) {
+    return WalkIs(WalkMode::kItems) && bank_.Tree().WalkNext(entry);
+  }
+  std::int32_t WalkedKeyWords() const noexcept { return keyWords_; }
+  // The record format of the walked bank; 0 when an object of the bank's type does not fit it.
+  std::int32_t FormatOfWalk(IZelBankDef* bank);
+  // The item of an entry, for a report to the host.
+  std::string PlaceInWalk(std::int32_t const* entry) const;
+
  private:
   enum class WalkMode : std::uint8_t { kNone, kIds, kBanks, kItems };
   enum class Located : std::uint8_t {
@@ -159,7 +170,7 @@ class LibMaint_i final : public LibMaint_p {
   // lib_maint_walks.cpp
   bool StartWalk(WalkMode mode, std::int32_t const* head);
   bool WalkIs(WalkMode mode) noexcept;
-  bool ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockInfo const& info);
+  bool ReadOrTell(IZelBankIO* bank, std::int32_t const* entry);
   bool FitWalk();
   // lib_maint_numbers.cpp
   void AddUsedNumbers(LibFile* library);

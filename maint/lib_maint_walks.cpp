@@ -120,14 +120,18 @@ bool LibMaint_i::TellUnread(std::string const& place, unsigned long address) con
   return TellLeftOut(place, "block " + std::to_string(address) + " " + info.reason);
 }
 
+std::string LibMaint_i::PlaceInWalk(std::int32_t const* entry) const {
+  return currentType_ + ":" + walkedName_ + " " + ItemText(object_.Info(), entry);
+}
+
 // False for an item that cannot be read and was reported to the host; the bank is then empty.
-bool LibMaint_i::ReadOrTell(IZelBankIO* bank, std::int32_t const* entry, BlockInfo const& info) {
+bool LibMaint_i::ReadOrTell(IZelBankIO* bank, std::int32_t const* entry) {
   if (library_->ItemFindings() == nullptr) {
     bank_.Read(library_, bank, entry + keyWords_);
     return true;
   }
   // The text is made before the read, which can move the node that holds the words.
-  std::string const place = currentType_ + ":" + walkedName_ + " " + ItemText(info, entry);
+  std::string const place = PlaceInWalk(entry);
   try {
     bank_.Read(library_, bank, entry + keyWords_);
     return true;
@@ -146,6 +150,10 @@ bool LibMaint_i::FitWalk() {
          bank_.FitAgain(object_) == LocatedBank::Answer::kFound;
 }
 
+std::int32_t LibMaint_i::FormatOfWalk(IZelBankDef* bank) {
+  return WalkIs(WalkMode::kItems) && object_.Take(bank) && FitWalk() ? bank_.Format().format : 0;
+}
+
 bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   if (!WalkIs(WalkMode::kItems)) return false;
   bool const isBank = object_.Take(bank);
@@ -157,7 +165,7 @@ bool LibMaint_i::NextItem(std::int32_t* keyWords, IZelBankDef* bank) {
   std::int32_t const* entry = nullptr;
   while (bank_.Tree().WalkNext(entry)) {
     if (keyWords != nullptr) std::copy_n(entry, keyWords_, keyWords);
-    if (ReadOrTell(io, entry, object_.Info())) return true;
+    if (ReadOrTell(io, entry)) return true;
     if (keyWords != nullptr) std::fill_n(keyWords, keyWords_, 0);
   }
   return false;

@@ -1,4 +1,5 @@
 set(maint_SOURCES
+    column_reader.cpp
     document_stack.cpp
     lib_maint.cpp
     lib_maint_check.cpp

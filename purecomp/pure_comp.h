@@ -26,6 +26,13 @@ class PureComp_i final : public BankWithFace<IZelPureComp> {
   ZelStatus WriteToFile(std::int32_t* block, LibFile* library) override;
   ZelStatus Complete() override;
 
+  // BankBase_i
+  Field const* FindColumn(std::string_view name, FieldType type,
+                          FieldType otherType) const override;
+  std::int32_t ColumnBlockWords() const override;
+  void DecodeColumn(Field const& field, std::int32_t const* record, std::int32_t format,
+                    void* to) const override;
+
   // IZelPureComp
   ZelStatus GetConsistencyWarning(std::uint8_t* flag, char* text) override;
   ZelStatus GetIdentity(std::int32_t* number, std::int32_t* casNumber, std::int32_t* refCode,

@@ -8,6 +8,7 @@ set(purecomp_SOURCES
     pure_comp.cpp
     pure_comp_sources.cpp
     pure_comp_structures.cpp
+    record_columns.cpp
     record_read.cpp
     record_write.cpp
     series.cpp)

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "zelaccess/Banks.h"
+#include "zelaccess/Columns.h"
 #include "zelaccess/CompList.h"
 #include "zelaccess/Key.h"
 #include "zelaccess/LibFile.h"
@@ -36,6 +37,9 @@ struct HandleCloser {
   /// Ends a key.
   /// \param key  the key
   void operator()(Key* key) const { Key::DelKey(key); }
+  /// Ends a reader of columns.
+  /// \param reader  the reader
+  void operator()(ColumnReader* reader) const { ColumnReader::DelColumnReader(reader); }
   /// Releases a bank.
   /// \param bank  the bank; must not be null
   void operator()(IZelBankDef* bank) const { bank->Release(); }

@@ -1,5 +1,6 @@
 // Null pointers: every pointer argument of every public function. The last step compares the tested
 // functions with the headers, so that a new function is not forgotten.
+#include <zelaccess/Columns.h>
 #include <zelaccess/CompList_p.h>
 #include <zelaccess/DataCheck.h>
 #include <zelaccess/Identity.h>
@@ -75,6 +76,7 @@ class NullArgumentsTest : public HostFolderTest {
   void SweepMaint();
   void SweepExports();
   void SweepSearchAndLists();
+  void SweepColumns();
   void SweepFunctions();
 
   fs::path before_;
@@ -369,6 +371,23 @@ void NullArgumentsTest::SweepSearchAndLists() {
   SWEEP(builder, CompListBuild, BuildList);
 }
 
+// Columns are only added: nothing is read into them.
+void NullArgumentsTest::SweepColumns() {
+  SweepCall<LibFile*, char const*, char const*>(
+      "ColumnReader::NewColumnReader", [](LibFile* library, char const* type, char const* name) {
+        return Handle<ColumnReader>(ColumnReader::NewColumnReader(library, type, name)) != nullptr;
+      });
+  Handle<ColumnReader> const reader(
+      ColumnReader::NewColumnReader(library_.get(), "VANLAAR", "VANLAAR"));
+  ASSERT_TRUE(reader);
+  EXPECT_FALSE(reader->AddReals("aij", nullptr));
+  EXPECT_FALSE(reader->AddIntegers("refCode", nullptr));
+  SWEEP(*reader, ColumnReader, AddKeys);
+  SWEEP(*reader, ColumnReader, AddReals);
+  SWEEP(*reader, ColumnReader, AddIntegers);
+  SWEEP(*reader, ColumnReader, AddTexts);
+}
+
 void NullArgumentsTest::SweepFunctions() {
   Sweep("GetBankTypeList", &GetBankTypeList);
   Sweep("GetRefBankTypeCount", &GetRefBankTypeCount);
@@ -492,6 +511,7 @@ std::map<std::string, int> Declared() {
 }
 
 TEST_F(NullArgumentsTest, EveryPointerOfEveryFunctionMayBeNull) {
+  SweepColumns();
   SweepFaces();
   SweepBanks();
   SweepKeys();

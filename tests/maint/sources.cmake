@@ -2,6 +2,7 @@ set(maint_TEST_SOURCES
     bad_items_test.cpp
     banks_test.cpp
     check_test.cpp
+    columns_test.cpp
     components_test.cpp
     current_item_test.cpp
     failed_write_test.cpp
