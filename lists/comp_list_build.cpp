@@ -1,15 +1,18 @@
 #include "lists/comp_list_build.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <memory>
 #include <stdexcept>
 
+#include "banks/catalogue.h"
 #include "frame/ascii.h"
 #include "frame/limits.h"
 #include "lists/list_file.h"
 #include "lists/sort_keys.h"
+#include "maint/column_reader.h"
 #include "maint/component_identity.h"
-#include "maint/lib_maint.h"
 #include "purecomp/formula.h"
 
 namespace zel {
@@ -54,31 +57,60 @@ bool CompListBuild_i::BuildList(LibFile* library, char const* bankName, char con
   return WriteList(path);
 }
 
+namespace {
+
+// What a list shows of some components.
+struct ListedRows {
+  static constexpr std::size_t kRows = 256;
+
+  std::array<std::array<char, sizeof(ComponentIdentity::name)>, kRows> name;
+  std::array<char[kIds][kIdSize], kRows> ids;
+  std::array<std::array<char, sizeof(ComponentIdentity::formula)>, kRows> formula;
+  std::array<std::int32_t, kRows> keepFormula;
+  std::array<std::int32_t, kRows> cas;
+  std::array<double, kRows> nbp;
+  std::array<double, kRows> mw;
+
+  void AddTo(ColumnReader_i& reader, bool withValues) {
+    reader.AddTexts("name", name[0].data());
+    reader.AddTexts("ids", ids[0][0]);
+    reader.AddTexts("formula", formula[0].data());
+    reader.AddIntegers("keepFormula", keepFormula.data());
+    reader.AddIntegers("cas", cas.data());
+    if (!withValues) return;
+    reader.AddReals("NBP", nbp.data());
+    reader.AddReals("MW", mw.data());
+  }
+};
+
+}  // namespace
+
 // Values of a protected library are replaced by one that counts as undefined.
 void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
-  double const hidden = gen_GetUndefDouble() * 3.0;
-  FaceRef<IZelBankDef> const bank(NewPureComp());
-  auto const component = FaceRef<IZelPureComp>::Of(bank.Get(), IID_IZelPureComp);
-  LibMaint_i maint(library);
-  if (!component || !maint.BeginItemWalk(kPureComponentType, bankName)) return;
+  ColumnReader_i reader(library, kPureComponentType);
+  if (!reader.Begin(kPureComponentType, bankName)) return;
   bool const locked = library->IsPasswordLocked();
-  std::int32_t key[10];
-  while (maint.NextItem(key, bank.Get())) {
-    ComponentIdentity identity(component.Get());
-    double nbp = hidden;
-    double mw = hidden;
-    if (!locked) component->GetProperty(propertyNBP, &nbp);
-    if (!locked) component->GetProperty(propertyMW, &mw);
-    char secondFormula[sizeof identity.formula] = "";
-    std::int32_t idCount = 0;
-    std::int32_t formulaResult = 0;
-    if (!CleanRecord(identity.name, identity.ids, idCount, identity.formula, secondFormula,
-                     identity.keepFormula, formulaResult, identity.casNumber)) {
-      continue;
+  auto const rows = std::make_unique<ListedRows>();
+  double const hidden = gen_GetUndefDouble() * 3.0;
+  rows->nbp.fill(hidden);
+  rows->mw.fill(hidden);
+  rows->AddTo(reader, !locked);
+  while (auto const count = static_cast<std::size_t>(reader.Read(ListedRows::kRows))) {
+    for (std::size_t i = 0; i < count; ++i) {
+      char secondFormula[sizeof(ComponentIdentity::formula)] = "";
+      std::int32_t idCount = 0;
+      std::int32_t formulaResult = 0;
+      char* const name = rows->name[i].data();
+      char* const formula = rows->formula[i].data();
+      auto& ids = rows->ids[i];
+      if (!CleanRecord(name, ids, idCount, formula, secondFormula, rows->keepFormula[i] != 0,
+                       formulaResult, rows->cas[i])) {
+        continue;
+      }
+      AddRecord(name, ids[0], formula, casn(rows->cas[i]), rows->nbp[i], rows->mw[i]);
+      if (idCount > 1) AddIds(idCount - 1, ids + 1);
+      if (formulaResult > 1) AddFormula(secondFormula);
     }
-    AddRecord(identity.name, identity.ids[0], identity.formula, identity.Cas(), nbp, mw);
-    if (idCount > 1) AddIds(idCount - 1, identity.ids + 1);
-    if (formulaResult > 1) AddFormula(secondFormula);
   }
 }
 
@@ -185,13 +217,20 @@ void CompListBuild_i::MakeNumberOrder(compListSorts sort, Takes const& takes, Va
 
 void CompListBuild_i::SortRecords() {
   Clock::time_point start = Clock::now();
-  std::vector<ListEntry>& rows = list_.Entries();
-  rows = records_;
-  std::sort(rows.begin(), rows.end(), [](ListEntry const& a, ListEntry const& b) {
-    int const keys = a.sortKey.compare(b.sortKey);
-    return keys != 0 ? keys < 0 : a.order < b.order;
+  std::vector<ListEntry const*> sorted;
+  sorted.reserve(records_.size());
+  for (ListEntry const& record : records_) sorted.push_back(&record);
+  std::sort(sorted.begin(), sorted.end(), [](ListEntry const* a, ListEntry const* b) {
+    int const keys = a->sortKey.compare(b->sortKey);
+    return keys != 0 ? keys < 0 : a->order < b->order;
   });
-  for (std::size_t i = 0; i < rows.size(); ++i) rows[i].order = static_cast<std::int32_t>(i);
+  std::vector<ListEntry>& rows = list_.Entries();
+  rows.clear();
+  rows.reserve(sorted.size());
+  for (ListEntry const* record : sorted) {
+    rows.push_back(*record);
+    rows.back().order = static_cast<std::int32_t>(rows.size() - 1);
+  }
   sortSeconds_ = SecondsSince(start);
 
   start = Clock::now();

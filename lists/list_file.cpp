@@ -1,7 +1,7 @@
 #include "lists/list_file.h"
 
 #include <algorithm>
-#include <optional>
+#include <charconv>
 
 #include "frame/ascii.h"
 #include "frame/date_text.h"
@@ -118,14 +118,54 @@ std::string Head(std::string const& path) {
 }
 
 // Number k of an order, -1 after its end.
-std::string Number(CompList_i::Order const& order, std::size_t k) {
-  return std::to_string(k < order.size() ? order[k] : -1);
+std::int32_t NumberAt(CompList_i::Order const& order, std::size_t k) {
+  return k < order.size() ? order[k] : -1;
 }
 
-std::string ShortListLine(CompList_i& list, std::size_t k) {
+// A line of the file, column after column.
+class Line {
+ public:
+  Line() { text_.reserve(kLongestLine + 1); }
+  Line& operator<<(std::string_view column) {
+    text_.append(column).push_back(kTab);
+    return *this;
+  }
+  Line& operator<<(std::int32_t number) {
+    char digits[16];
+    auto const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    return *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
+  }
+  Line& operator<<(double number) {
+    constexpr int kDigits = 6;
+    char text[32];
+    auto const length = PrintReal(number, kDigits, text);
+    return *this << std::string_view(text, static_cast<std::size_t>(length));
+  }
+  std::string const& Ended() {
+    text_.back() = '\n';
+    return text_;
+  }
+  void Clear() { text_.clear(); }
+
+ private:
+  std::string text_;
+};
+
+void PutShortLine(CompList_i& list, std::size_t k, Line& line) {
   ListEntry const& row = list.Entries()[k];
-  return row.name + kTab + row.id + kTab + row.formula + kTab +
-         Number(list.OrderBy(sortByName), k) + kTab + Number(list.OrderBy(sortByFormula), k) + "\n";
+  line << row.name << row.id << row.formula << NumberAt(list.OrderBy(sortByName), k)
+       << NumberAt(list.OrderBy(sortByFormula), k);
+}
+
+void PutLongLine(CompList_i& list, std::size_t k, Line& line) {
+  ListEntry const& row = list.Entries()[k];
+  std::string_view const formula = row.formula.empty() ? " " : std::string_view(row.formula);
+  bool const hasCas = static_cast<long>(row.cas) > 0;
+  std::string_view const cas = hasCas ? static_cast<char const*>(row.cas) : "-";
+  line << row.name << NumberAt(list.OrderBy(sortByName), k) << row.id
+       << NumberAt(list.OrderBy(sortById), k) << formula << NumberAt(list.OrderBy(sortByFormula), k)
+       << cas << NumberAt(list.OrderBy(sortByCas), k) << row.nbp
+       << NumberAt(list.OrderBy(sortByNbp), k) << row.mw << NumberAt(list.OrderBy(sortByMw), k);
 }
 
 }  // namespace
@@ -149,24 +189,20 @@ bool ReadListFile(std::string_view path, CompList_i& list) {
 }
 
 std::string ListLine(CompList_i& list, std::size_t k) {
-  constexpr int kDigits = 6;
-  ListEntry const& row = list.Entries()[k];
-  std::string const formula = row.formula.empty() ? " " : row.formula;
-  std::string const cas = static_cast<long>(row.cas) > 0 ? static_cast<char const*>(row.cas) : "-";
-  return row.name + kTab + Number(list.OrderBy(sortByName), k) + kTab + row.id + kTab +
-         Number(list.OrderBy(sortById), k) + kTab + formula + kTab +
-         Number(list.OrderBy(sortByFormula), k) + kTab + cas + kTab +
-         Number(list.OrderBy(sortByCas), k) + kTab + RealText(row.nbp, kDigits) + kTab +
-         Number(list.OrderBy(sortByNbp), k) + kTab + RealText(row.mw, kDigits) + kTab +
-         Number(list.OrderBy(sortByMw), k) + "\n";
+  Line line;
+  PutLongLine(list, k, line);
+  return line.Ended();
 }
 
 bool WriteListFile(std::string const& path, CompList_i& list, bool shortForm) {
   platform::TextFile file(path);
   if (!file) return false;
   file.Put(Head(path));
+  Line line;
   for (std::size_t k = 0; k < list.Entries().size(); ++k) {
-    file.Put(shortForm ? ShortListLine(list, k) : ListLine(list, k));
+    line.Clear();
+    shortForm ? PutShortLine(list, k, line) : PutLongLine(list, k, line);
+    file.Put(line.Ended());
   }
   return file.Close();
 }

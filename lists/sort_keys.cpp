@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
 
 #include "frame/ascii.h"
@@ -90,10 +89,9 @@ std::string MakeNameKey(std::string_view name) {
 
 std::string MakeIdKey(std::string_view id) {
   std::size_t const digits = std::min(id.find_first_not_of(kDigits), id.size());
-  char length[24];
-  std::snprintf(length, sizeof length, "%2d", static_cast<int>(digits));
   std::string key(id.substr(digits));
-  key.append(length).append(id.substr(0, digits));
+  if (digits < 10) key += ' ';  // the number of digits in two places
+  key.append(std::to_string(digits)).append(id.substr(0, digits));
   key.erase(std::remove(key.begin(), key.end(), '-'), key.end());
   return key + " -";
 }

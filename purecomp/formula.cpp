@@ -1,7 +1,7 @@
 #include "purecomp/formula.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
 #include <string>
 #include <vector>
 
@@ -266,6 +266,20 @@ int NormaliseFormula(char* formula, char* work, bool strict) {
   return 1;
 }
 
+namespace {
+
+// Appends a symbol in two places and its count in three or more, with zeros in front.
+void AppendToKey(std::string_view symbol, std::int32_t count, std::string& key) {
+  constexpr std::size_t kSymbolPlaces = 2, kCountPlaces = 3;
+  char digits[12];
+  auto const length =
+      static_cast<std::size_t>(std::to_chars(digits, digits + sizeof digits, count).ptr - digits);
+  key.append(symbol).append(kSymbolPlaces - std::min(symbol.size(), kSymbolPlaces), ' ');
+  key.append(kCountPlaces - std::min(length, kCountPlaces), '0').append(digits, length);
+}
+
+}  // namespace
+
 std::string FormulaSortKey(std::string_view formula) {
   for (std::string_view word : {kMixture, kPetro}) {
     if (SameText(formula, word)) return std::string(word);
@@ -274,15 +288,10 @@ std::string FormulaSortKey(std::string_view formula) {
   FormulaResult parsed;
   if (!ParseFormulaSequence(formula, slots.View(), parsed)) return "\x01";
   std::string key;
-  char part[24];
   for (std::size_t i = 0; i < static_cast<std::size_t>(parsed.foundCount); ++i) {
-    std::snprintf(part, sizeof part, "%-2s%03d", slots.elements[i].data(), slots.counts[i]);
-    key += part;
+    AppendToKey(slots.elements[i].data(), slots.counts[i], key);
   }
-  if (parsed.hydrate != 0) {
-    std::snprintf(part, sizeof part, "zz%03d", parsed.hydrate);
-    key += part;
-  }
+  if (parsed.hydrate != 0) AppendToKey("zz", parsed.hydrate, key);
   return key;
 }
 
