@@ -1,38 +1,11 @@
 #include "verify/component_view.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "banks/catalogue.h"
 #include "frame/limits.h"
 
 namespace zel {
-namespace {
-
-constexpr double kIcePoint = 273.15;        // K
-constexpr double kFahrenheitZero = 459.67;  // Rankine
-constexpr double kRankine = 1.8;            // degrees Rankine per kelvin
-
-double ToKelvin(double value, std::int32_t unit) {
-  switch (unit) {
-    case 11: return value + kIcePoint;
-    case 12: return value / kRankine;
-    case 13: return (value + kFahrenheitZero) / kRankine;
-    default: return value;
-  }
-}
-
-double FromKelvin(double value, std::int32_t unit) {
-  switch (unit) {
-    case 11: return value - kIcePoint;
-    case 12: return value * kRankine;
-    case 13: return value * kRankine - kFahrenheitZero;
-    default: return value;
-  }
-}
-
-}  // namespace
-
 std::span<ZelConstantInfo const> ConstantRows() {
   std::int32_t count = 0;
   ZelConstantInfo const* const first = GetConstantCatalogue(count);
@@ -52,12 +25,6 @@ char const* TemperatureLetter(std::int32_t unit) {
     case 13: return "F";
     default: return "K";
   }
-}
-
-double ConvertTemperature(double value, std::int32_t from, std::int32_t to) {
-  constexpr double kDigits = 1e9;
-  if (from == to) return value;
-  return std::round(FromKelvin(ToKelvin(value, from), to) * kDigits) / kDigits;
 }
 
 ComponentView::ComponentView()

@@ -20,9 +20,6 @@ std::span<ZelCorrelationInfo const> CorrelationRows();
 
 // The letter of the unit of temperatures of a record.
 char const* TemperatureLetter(std::int32_t unit);
-// Converts a temperature from one unit of records to another. The rounding errors that a conversion
-// adds to the last digits are cut off, so that a limit of a record stays a limit.
-double ConvertTemperature(double value, std::int32_t from, std::int32_t to);
 
 class ComponentView {
  public:

@@ -1,4 +1,5 @@
-// Whether the record of a correlation is good as a whole, and whether it has a value.
+// Whether the record of a correlation is good as a whole, whether it has a value, and its units of
+// temperatures.
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -27,6 +28,28 @@ constexpr Equation kEquations[] = {
     {42, 1}, {43, 2}, {44, 2}, {45, 3},  {46, 2},  {47, 4}, {48, 4}, {49, 2}, {51, 11},
     {52, 2}, {53, 2}, {54, 3}, {117, 4}, {126, 2}, {134, 1}};
 
+constexpr double kIcePoint = 273.15;        // K
+constexpr double kFahrenheitZero = 459.67;  // Rankine
+constexpr double kRankine = 1.8;            // degrees Rankine per kelvin
+
+double ToKelvin(double value, std::int32_t unit) {
+  switch (unit) {
+    case 11: return value + kIcePoint;
+    case 12: return value / kRankine;
+    case 13: return (value + kFahrenheitZero) / kRankine;
+    default: return value;
+  }
+}
+
+double FromKelvin(double value, std::int32_t unit) {
+  switch (unit) {
+    case 11: return value - kIcePoint;
+    case 12: return value * kRankine;
+    case 13: return value * kRankine - kFahrenheitZero;
+    default: return value;
+  }
+}
+
 std::string FaultOf(std::int32_t number, std::int32_t coefficients) {
   auto const row =
       std::find_if(std::begin(kEquations), std::end(kEquations),
@@ -40,6 +63,13 @@ std::string FaultOf(std::int32_t number, std::int32_t coefficients) {
 }
 
 }  // namespace
+
+// The conversion through kelvin adds rounding errors to the last digits, which are cut off.
+double ConvertTemperature(double value, std::int32_t from, std::int32_t to) {
+  constexpr double kDigits = 1e9;
+  if (from == to) return value;
+  return std::round(FromKelvin(ToKelvin(value, from), to) * kDigits) / kDigits;
+}
 
 bool GetCorrelationFault(std::int32_t equation, std::int32_t coefficientCount, char* text) {
   constexpr std::size_t kSize = 120;

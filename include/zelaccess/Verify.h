@@ -90,6 +90,13 @@ ZEL_API zelConstantStates GetConstantState(IZelPureComp* component, std::uint32_
 /// \return true when there is a fault
 ZEL_API bool GetCorrelationFault(std::int32_t equation, std::int32_t coefficientCount, char* text);
 
+/// Converts a temperature from one unit of records to another. A limit of a record stays a limit:
+/// the result is rounded to 9 decimals.
+/// \param value    the temperature, in the unit `from`
+/// \param from,to  10 K, 11 C, 12 R, 13 F; any other counts as K
+/// \return the temperature in the unit `to`; `value` unchanged when the units are equal
+ZEL_API double ConvertTemperature(double value, std::int32_t from, std::int32_t to);
+
 /// Evaluates a correlation, like IZelPureComp::EvaluateCorrelation, and says whether it has a value
 /// at all: EvaluateCorrelation leaves the value that it is passed where the form has none.
 /// \param component    the component; null has no value

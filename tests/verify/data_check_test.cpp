@@ -260,6 +260,18 @@ TEST(CorrelationFault, OfEquationAndCount) {
                                   std::numeric_limits<std::int32_t>::min(), text));
 }
 
+// The conversion of 647.096 K and back ends at the same number: a limit stays inside its range.
+TEST(RecordTemperatures, KeepTheirLimits) {
+  constexpr std::int32_t kK = 10, kC = 11, kR = 12, kF = 13;
+  EXPECT_EQ(ConvertTemperature(25, kC, kK), 298.15);
+  EXPECT_EQ(ConvertTemperature(77, kF, kC), 25.0);
+  EXPECT_EQ(ConvertTemperature(537, kR, kK), 298.333333333);
+  EXPECT_EQ(ConvertTemperature(647.096, kK, kC), 373.946);
+  EXPECT_EQ(ConvertTemperature(373.946, kC, kK), 647.096);
+  EXPECT_EQ(ConvertTemperature(0.1234567890123, kK, kK), 0.1234567890123) << "not rounded";
+  EXPECT_EQ(ConvertTemperature(300, 0, kC), 26.85) << "an unknown unit is K";
+}
+
 TEST(CorrelationValue, IsUndefinedWhereTheFormHasNone) {
   ComponentBank bank;
   IZelPureComp& c = *bank.Get();

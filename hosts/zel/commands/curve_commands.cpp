@@ -140,7 +140,8 @@ struct Drawn {
   Curve curve;
 
   double Limit(double bound) const {
-    return zel::gen_IsUndefDouble(bound) ? bound : Convert(bound, curve.tempUnit, kKelvin);
+    return zel::gen_IsUndefDouble(bound) ? bound
+                                         : zel::ConvertTemperature(bound, curve.tempUnit, kKelvin);
   }
 };
 
@@ -203,7 +204,8 @@ ChartLine LineOf(Drawn const& one, std::uint32_t index, Span const& span) {
   at.erase(std::unique(at.begin(), at.end()), at.end());
   for (double const kelvin : at) {
     if (!span.Has(kelvin)) continue;
-    Point const point = one.component->At(index, Convert(kelvin, kKelvin, one.curve.tempUnit));
+    Point const point =
+        one.component->At(index, zel::ConvertTemperature(kelvin, kKelvin, one.curve.tempUnit));
     if (!point.there) continue;
     ChartLine::Vertex const vertex = {kelvin, point.value, point.status != 0};
     line.vertices.push_back(vertex);

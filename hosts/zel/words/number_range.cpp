@@ -1,6 +1,7 @@
 #include "words/number_range.h"
 
 #include <zelaccess/Types.h>
+#include <zelaccess/Verify.h>
 
 #include <cctype>
 #include <charconv>
@@ -9,31 +10,6 @@
 #include "words/failure.h"
 
 namespace zelhost {
-namespace {
-
-constexpr double kIcePoint = 273.15;        // K
-constexpr double kFahrenheitZero = 459.67;  // Rankine
-constexpr double kRankine = 1.8;            // degrees Rankine per kelvin
-
-double ToKelvin(double value, std::int32_t unit) {
-  switch (unit) {
-    case 11: return value + kIcePoint;
-    case 12: return value / kRankine;
-    case 13: return (value + kFahrenheitZero) / kRankine;
-    default: return value;
-  }
-}
-
-double FromKelvin(double value, std::int32_t unit) {
-  switch (unit) {
-    case 11: return value - kIcePoint;
-    case 12: return value * kRankine;
-    case 13: return value * kRankine - kFahrenheitZero;
-    default: return value;
-  }
-}
-
-}  // namespace
 
 double ParseNumber(std::string const& word, std::string const& what) {
   std::size_t const sign = word.size() > 1 && word[0] == '+' && word[1] != '-' ? 1 : 0;
@@ -78,8 +54,10 @@ std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string co
 }
 
 double Temperature::In(std::int32_t code) const {
-  if (ToKelvin(value, unit) < 0.0) throw WrongUsage("a temperature is below absolute zero");
-  return Convert(value, unit, code);
+  if (zel::ConvertTemperature(value, unit, kKelvin) < 0.0) {
+    throw WrongUsage("a temperature is below absolute zero");
+  }
+  return zel::ConvertTemperature(value, unit, code);
 }
 
 Temperature ParseTemperature(std::string const& word) {
@@ -99,14 +77,6 @@ Temperature ParseTemperature(std::string const& word) {
     throw WrongUsage("\"" + word + "\" is not " + kWhat);
   }
   return temperature;
-}
-
-double Convert(double value, std::int32_t from, std::int32_t to) {
-  if (from == to) return value;
-  // A limit of a record stays a limit: the rounding errors that the conversion through kelvin adds
-  // to the last digits are cut off.
-  constexpr double kDigits = 1e9;
-  return std::round(FromKelvin(ToKelvin(value, from), to) * kDigits) / kDigits;
 }
 
 }  // namespace zelhost

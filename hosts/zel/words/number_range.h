@@ -34,7 +34,5 @@ struct Temperature {
 Temperature ParseTemperature(std::string const& word);
 // A range of temperatures such as "20C:350", in K.
 std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what);
-// Converts a temperature from one unit to another.
-double Convert(double value, std::int32_t from, std::int32_t to);
 
 }  // namespace zelhost
