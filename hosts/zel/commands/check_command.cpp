@@ -10,6 +10,7 @@
 #include "commands/command.h"
 #include "open/library.h"
 #include "open/unfinished_change.h"
+#include "open/unread_items.h"
 #include "output/progress.h"
 
 namespace zelhost {
@@ -26,8 +27,8 @@ struct Options {
 // Collects the findings about structure and data in one table, and shows the progress.
 class Collector final : public zel::ZelDataFindingSink {
  public:
-  Collector(Options const& options, Table& table)
-      : silent_(options.silent.begin(), options.silent.end()), table_(table) {}
+  Collector(Session& session, Options const& options, Table& table)
+      : session_(session), silent_(options.silent.begin(), options.silent.end()), table_(table) {}
 
   // The library whose structure is checked.
   void Library(std::string path) { path_ = std::move(path); }
@@ -38,6 +39,12 @@ class Collector final : public zel::ZelDataFindingSink {
     if (severity != zel::findingNote && !isSilent) Add(severity, id, path_, place, text);
   }
   void FoundData(zel::ZelDataFinding const& finding) override {
+    if (finding.severity == zel::findingDamage) {
+      // The structure is sound: what is unreadable now was readable before.
+      UnreadItems(session_, finding.library)
+          .Found(finding.severity, finding.id, finding.place, finding.text);
+      return;
+    }
     Add(finding.severity, finding.id, finding.library, finding.place, finding.text);
   }
   void Checked(char const*, char const* bank, std::int64_t done, std::int64_t total) override {
@@ -58,6 +65,7 @@ class Collector final : public zel::ZelDataFindingSink {
     table_.Add(kWords[severity], id, library + ": " + place + ": " + text);
   }
 
+  Session& session_;
   std::set<std::string> silent_;
   Table& table_;
   std::string path_;
@@ -133,7 +141,7 @@ Report Check(Session& session, Options const& o) {
   CheckSilence(o);
   Report report;
   Table& table = report.Begin("findings", {{"severity", ""}, {"id", ""}, {"what", ""}});
-  Collector collector(o, table);
+  Collector collector(session, o, table);
   CheckLibraries(session, o, collector);
   std::int64_t const damage = collector.Count(zel::findingDamage);
   std::int64_t const errors = collector.Count(zel::findingError);
