@@ -48,9 +48,10 @@ void Component::Clear() noexcept {
   for (int i = 0; i < kCorrelations; ++i) ResetCorrelation(i);
   fixedRefs.fill(0);
   correlationRefs.fill(0);
-  ClearTexts(fixedSources);
-  ClearTexts(correlationSources);
-  ClearTexts(identitySources);
+  sources.Clear();
+  fixedSources.fill(0);
+  correlationSources.fill(0);
+  identitySources.fill(0);
   fixedSourceFlags.fill(0);
   correlationSourceFlags.fill(0);
   identitySourceFlags.fill(0);

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "purecomp/source_table.h"
 #include "purecomp/tables.h"
 
 namespace zel {
@@ -19,8 +20,6 @@ inline constexpr int kCorrelations = 20;  // the first 18 have names
 inline constexpr int kCoefficients = 15;
 inline constexpr int kIdentitySources = 5;
 inline constexpr std::uint32_t kMaxRefCode = 32000;
-
-using SourceText = std::array<char, 260>;
 
 struct Structure {
   std::int32_t count = 0;
@@ -61,9 +60,11 @@ struct Component {
   std::array<Correlation, kCorrelations> correlations;
   std::array<std::uint32_t, kConstantsOnFile> fixedRefs;
   std::array<std::uint32_t, kCorrelations> correlationRefs;
-  std::array<SourceText, kConstants> fixedSources;  // a library, or the method of the fill-in
-  std::array<SourceText, kCorrelations> correlationSources;
-  std::array<SourceText, kIdentitySources> identitySources;
+  SourceTable sources;  // the texts of those that follow
+  std::array<SourceTable::Index, kConstants>
+      fixedSources;  // a library, or the method of the fill-in
+  std::array<SourceTable::Index, kCorrelations> correlationSources;
+  std::array<SourceTable::Index, kIdentitySources> identitySources;
   std::array<std::uint8_t, kConstants> fixedSourceFlags;  // the source was a protected library
   std::array<std::uint8_t, kCorrelations> correlationSourceFlags;
   std::array<std::uint8_t, kIdentitySources> identitySourceFlags;
@@ -75,6 +76,9 @@ struct Component {
   void Clear() noexcept;
   void ResetCorrelation(int index) noexcept;
 };
+
+// One more than the data: a merge holds the text of its source as well.
+static_assert(kConstants + kCorrelations + kIdentitySources + 1 <= SourceTable::kMostData);
 
 // True for the constants that are on file: those with a keyword.
 constexpr bool IsOnFile(std::size_t index) noexcept {

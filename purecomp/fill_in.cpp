@@ -64,7 +64,7 @@ class FillIn {
   static bool Defined(double value) { return value > kUndefinedLimit; }
 
   void Label(std::size_t index, std::string_view label) {
-    CopyText(label, c_.fixedSources[index].data(), c_.fixedSources[index].size());
+    c_.sources.Set(c_.fixedSources[index], label);
   }
   void Put(std::size_t index, double value, std::string_view label) {
     c_.completed[index] = value;
@@ -95,10 +95,10 @@ class FillIn {
 
   // A library is trusted to be consistent with itself.
   void CompareSources() {
-    std::string_view const first = c_.fixedSources[propertyTC].data();
-    bool const mixed = !SameText(first, c_.fixedSources[propertyPC].data()) ||
-                       !SameText(first, c_.fixedSources[propertyVC].data()) ||
-                       !SameText(first, c_.fixedSources[propertyZC].data());
+    auto const source = [&](std::size_t index) { return c_.sources.At(c_.fixedSources[index]); };
+    std::string_view const first = source(propertyTC);
+    bool const mixed = !SameText(first, source(propertyPC)) ||
+                       !SameText(first, source(propertyVC)) || !SameText(first, source(propertyZC));
     c_.consistencyWarning = mixed;
     if (!mixed) return;
     std::string const text =

@@ -37,6 +37,8 @@ class Merge {
     CheckStructureReference(address);
     ReadStructures();
     ReadCorrelations();
+    SourceTable::Index source = 0;
+    c_.sources.Set(source, source_.text);  // what may allocate does so before anything is taken
     Identity();
     LibraryIds();
     Texts();
@@ -44,6 +46,7 @@ class Merge {
     OtherStructures();
     Constants();
     Correlations();
+    c_.sources.Set(source, "");
     return taken_ ? kStatusOk : kStatusNothingNew;
   }
 
@@ -80,7 +83,7 @@ class Merge {
   }
 
   void NoteIdentity(zelIdentitySources which) {
-    CopyText(source_.text, c_.identitySources[which].data(), c_.identitySources[which].size());
+    c_.sources.Set(c_.identitySources[which], source_.text);
     c_.identitySourceFlags[which] = 0;
   }
 
@@ -175,7 +178,7 @@ class Merge {
       if (gen_IsUndefDouble(stored)) continue;
       c_.fixed[i] = stored;
       c_.fixedRefs[i] = CodeAt(&main_[r::kConstantCodes], static_cast<int>(i));
-      CopyText(source_.text, c_.fixedSources[i].data(), c_.fixedSources[i].size());
+      c_.sources.Set(c_.fixedSources[i], source_.text);
       c_.fixedSourceFlags[i] = source_.isProtected ? 1 : 0;
       taken_ = true;
     }
@@ -231,7 +234,7 @@ class Merge {
     std::transform(words + r::kCoefficientsAt, words + r::kCorrelationEntry,
                    own.coefficients.begin(), RealOf);
     c_.correlationRefs[i] = CodeAt(&main_[r::kCorrelationCodes], static_cast<int>(i));
-    CopyText(source_.text, c_.correlationSources[i].data(), c_.correlationSources[i].size());
+    c_.sources.Set(c_.correlationSources[i], source_.text);
     c_.correlationSourceFlags[i] = source_.isProtected ? 1 : 0;
     taken_ = true;
   }

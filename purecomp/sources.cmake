@@ -11,4 +11,5 @@ set(purecomp_SOURCES
     record_columns.cpp
     record_read.cpp
     record_write.cpp
-    series.cpp)
+    series.cpp
+    source_table.cpp)

@@ -21,7 +21,7 @@ class FillInTest : public testing::Test {
  protected:
   void Set(std::size_t index, double value, std::string_view source = "") {
     c.fixed[index] = value;
-    CopyText(source, c.fixedSources[index].data(), c.fixedSources[index].size());
+    c.sources.Set(c.fixedSources[index], source);
   }
   void SetFormula(std::string_view text) { CopyText(text, c.formula.data(), c.formula.size()); }
   // A form with these coefficients, in internal units.
@@ -43,7 +43,7 @@ class FillInTest : public testing::Test {
     CompleteComponent(c);
     return c.completed[index];
   }
-  std::string Label(std::size_t index) const { return c.fixedSources[index].data(); }
+  std::string Label(std::size_t index) const { return c.sources.At(c.fixedSources[index]); }
   void Clear() { c.Clear(); }
 
   std::unique_ptr<Component> const own_ = std::make_unique<Component>();

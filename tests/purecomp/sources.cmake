@@ -18,4 +18,5 @@ set(purecomp_TEST_SOURCES
     record_edges_test.cpp
     record_merge_test.cpp
     record_test.cpp
+    source_table_test.cpp
     structures_test.cpp)
