@@ -1,5 +1,6 @@
 #include "purecomp/component.h"
 
+#include "frame/units/unit_factors.h"
 #include "zelaccess/Types.h"
 
 namespace zel {
@@ -21,10 +22,15 @@ void Correlation::Reset(std::int32_t defaultUnit) noexcept {
   tempUnit = kKelvin;
   logBasis = 1;
   moleWtBasis = 0;
-  propUnit = defaultUnit;
+  SetUnit(defaultUnit);
   tMin = gen_GetUndefDouble();
   tMax = gen_GetUndefDouble();
   coefficients.fill(gen_GetUndefDouble());
+}
+
+void Correlation::SetUnit(std::int32_t code) noexcept {
+  propUnit = code;
+  factor = code == 0 ? 1.0 : GetUnitFactor(code);
 }
 
 void Component::ResetCorrelation(int index) noexcept {

@@ -36,10 +36,13 @@ struct Correlation {
   std::int32_t logBasis;          // 1 natural, 2 decimal
   std::int32_t moleWtBasis;       // 0 none, 1 molar, 2 weight
   std::int32_t propUnit;          // unit code, 0 for a factor of 1
+  double factor;                  // of the unit code
   double tMin;                    // in tempUnit, undefined for no limit
   double tMax;
   std::array<double, kCoefficients> coefficients;
 
+  // Sets the unit code and its factor.
+  void SetUnit(std::int32_t code) noexcept;
   // Makes the record unset, in the default unit of the correlation.
   void Reset(std::int32_t defaultUnit) noexcept;
 };
@@ -55,8 +58,8 @@ struct Component {
   std::array<Structure, kModels> structures;
   std::array<char, 101> smiles;
   std::int32_t phase;                        // 1 vapor, 2 liquid, 4 solid, added up
-  std::array<double, kConstants> fixed;      // as read or set, internal units
   std::array<double, kConstants> completed;  // with what is derived from them
+  std::array<double, kConstants> fixed;      // as read or set, internal units
   std::array<Correlation, kCorrelations> correlations;
   std::array<std::uint32_t, kConstantsOnFile> fixedRefs;
   std::array<std::uint32_t, kCorrelations> correlationRefs;

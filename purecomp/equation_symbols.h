@@ -57,8 +57,23 @@ struct FormConstants {
   double Tb = 0.0;  // K
 };
 
-// X is the type of the temperature, C that of the coefficients: at most one of them is a Jet.
-template <typename X, typename C>
+// Reads the inputs from a call.
+struct CallConstants {
+  FormConstants const* from;
+
+  double Tc() const { return from->Tc; }
+  double Pc() const { return from->Pc; }
+  double Tb() const { return from->Tb; }
+  double tMin() const { return from->tMin; }
+  double tMax() const { return from->tMax; }
+  double factor() const { return from->factor; }
+  double offset() const { return from->offset; }
+  CorrelationCaller* caller() const { return from->caller; }
+};
+
+// X is the type of the temperature, C that of the coefficients: at most one of them is a Jet. K has
+// the inputs that are the same for all forms, which are read by the forms that use them only.
+template <typename X, typename C, typename K = CallConstants>
 struct Symbols {
   using Value = Wider<X, C>;
   using Result = std::optional<Value>;  // none: the form leaves the caller's value untouched
@@ -67,16 +82,16 @@ struct Symbols {
   int N;                  // coefficients in use, 0 to 15
   C const* coefficients;  // N of them; those beyond count as 0
   double b;               // log basis factor: 1 or ln 10
-  FormConstants const& at;
+  K at;
 
   C c(int i) const { return i >= 1 && i <= N ? coefficients[i - 1] : C(0.0); }
-  double Tc() const { return at.Tc; }
-  double Pc() const { return at.Pc; }
-  double Tb() const { return at.Tb; }
-  double tMin() const { return at.tMin; }
-  double tMax() const { return at.tMax; }
-  double f() const { return at.factor; }
-  double o() const { return at.offset; }
+  double Tc() const { return at.Tc(); }
+  double Pc() const { return at.Pc(); }
+  double Tb() const { return at.Tb(); }
+  double tMin() const { return at.tMin(); }
+  double tMax() const { return at.tMax(); }
+  double f() const { return at.factor(); }
+  double o() const { return at.offset(); }
   X tau() const { return 1.0 - T / Tc(); }
   X Tr() const { return T / Tc(); }
 
@@ -92,9 +107,9 @@ struct Symbols {
   // The value of another correlation, as a number of the temperature's type.
   X Called(std::uint32_t index) const {
     if constexpr (IsJet<X>::value) {
-      return FromDerivatives(T, at.caller->Call(index, ValueOf(T), X::kOrder).d);
+      return FromDerivatives(T, at.caller()->Call(index, ValueOf(T), X::kOrder).d);
     } else {
-      return at.caller->Call(index, T, 0).d[0];
+      return at.caller()->Call(index, T, 0).d[0];
     }
   }
 };

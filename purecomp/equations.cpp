@@ -5,116 +5,23 @@
 #include <cmath>
 #include <optional>
 
-#include "frame/limits.h"
-#include "purecomp/compare_temperature.h"
-#include "purecomp/form_implicit.h"
+#include "purecomp/equation_kernel.h"
 #include "purecomp/form_limits.h"
-#include "purecomp/forms_critical.h"
-#include "purecomp/forms_enthalpy.h"
-#include "purecomp/forms_exponential.h"
-#include "purecomp/forms_polynomial.h"
-#include "purecomp/forms_viscosity.h"
 
 namespace zel {
 namespace {
-
-// The forms by number: one line each, as in docs/equations.md. Passes the result to `take` within
-// each case, so that it stays in registers; false for a number without a form.
-template <typename S, typename Take>
-bool Form(int equation, S const& s, Take const& take) {
-  using namespace forms;  // NOLINT(google-build-using-namespace): the list below
-  using Result = typename S::Result;
-  switch (equation) {
-    case 1: return take(Result(Eq1(s)));
-    case 2: return take(Result(Eq2(s)));
-    case 3: return take(Result(Eq3(s)));
-    case 4: return take(Result(Eq4(s)));
-    case 5: return take(Result(Eq5(s)));
-    case 6: return take(Result(Eq6(s)));
-    case 12: return take(Result(Eq12(s)));
-    case 13: return take(Result(Eq13(s)));
-    case 14: return take(Result(Eq14(s)));
-    case 15: return take(Result(Eq15(s)));
-    case 16: return take(Result(Eq16(s)));
-    case 17: return take(Result(Eq17(s)));
-    case 18: return take(Result(Eq18(s)));
-    case 19: return take(Result(Eq19(s)));
-    case 20: return take(Result(Eq20(s)));
-    case 21: return take(Result(Eq21(s)));
-    case 22: return take(Result(Eq22(s)));
-    case 23: return take(Result(Eq23(s)));
-    case 24: return take(Result(Eq24(s)));
-    case 25: return take(Result(Eq25(s)));
-    case 26: return take(Result(Eq26(s)));
-    case 27: return take(Result(Eq27(s)));
-    case 28: return take(Result(Eq28(s)));
-    case 29: return take(Result(Eq29(s)));
-    case 30: return take(Result(Eq30(s)));
-    case 31: return take(Result(Eq31(s)));
-    case 32: return take(Result(Eq32(s)));
-    case 33: return take(Result(Eq33(s)));
-    case 34: return take(Result(Eq34(s)));
-    case 35: return take(Result(Eq35(s)));
-    case 36: return take(Result(Eq36(s)));
-    case 37: return take(Result(Eq37(s)));
-    case 38: return take(Result(Eq38(s)));
-    case 39: return take(Result(Eq39(s)));
-    case 40: return take(Result(Eq40(s)));
-    case 41: return take(Result(Eq41(s)));
-    case 42: return take(Result(Eq42(s)));
-    case 43: return take(Result(Eq43(s)));
-    case 44: return take(Result(Eq44(s)));
-    case 45: return take(Result(Eq45(s)));
-    case 46: return take(Result(Eq46(s)));
-    case 47: return take(Result(Eq47(s)));
-    case 48: return take(Result(Eq48(s)));
-    case 49: return take(Result(Eq49(s)));
-    case 51: return take(Result(Eq51(s)));
-    case 52: return take(Result(Eq52(s)));
-    case 53: return take(Result(Eq53(s)));
-    case 54: return take(Result(Eq54(s)));
-    case 117: return take(Result(Eq117(s)));
-    case 126: return take(Result(Eq126(s)));
-    case 134: return take(Result(Eq134(s)));
-    default: return false;
-  }
-}
 
 constexpr bool FillsWeights(int equation) noexcept {
   return equation != 4 && equation != 39 && equation != 51 && equation != 52;
 }
 
-// Orders whose derivative is defined other than by differentiation. Stored data and the programs
-// that use it depend on each.
-enum class DerivativeRule { kExact, kFirstInstead, kZero };
-
-constexpr DerivativeRule RuleOf(int equation, int order) noexcept {
-  if (equation == 126 || equation == 134) return DerivativeRule::kZero;
-  if (order >= 2 && equation == 52) return DerivativeRule::kZero;
-  if (order >= 2 && equation == 2) return DerivativeRule::kFirstInstead;
-  return DerivativeRule::kExact;
-}
-
+// False for a number without a form.
 bool ValueOnly(EquationCall const& call, int N, double& value) {
-  return Form(call.equation, MakeSymbols(call, call.temperature, N, call.coefficients),
-              [&](auto const& result) {
-                if (result) value = *result;
-                return true;
-              });
-}
-
-// The highest derivative of a Jet. Where a lower one is infinite, all above it are too, with the
-// same sign, seen from below; the Jet then has the difference of two infinite terms.
-template <int Order>
-double HighestOf(Jet<Order> const& jet) {
-  double const highest = jet.d[Order];
-  if constexpr (Order >= 2) {
-    if (std::isnan(highest)) [[unlikely]] {
-      if (std::isinf(jet.d[1])) return jet.d[1];
-      if (std::isinf(jet.d[2])) return jet.d[2];
-    }
-  }
-  return highest;
+  return WithForm(call.equation, [&](auto, auto const& form) {
+    auto const s = MakeSymbols(call, call.temperature, N, call.coefficients);
+    if (auto const result = ResultOf(form, s)) value = *result;
+    return true;
+  });
 }
 
 // Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
@@ -122,16 +29,35 @@ double HighestOf(Jet<Order> const& jet) {
 template <int Order>
 [[gnu::flatten]] void WithDerivative(EquationCall const& call, int N, double& value,
                                      double& derivative) {
-  DerivativeRule const rule = RuleOf(call.equation, Order);
   auto const T = Jet<Order>::Variable(call.temperature);
-  Form(call.equation, MakeSymbols(call, T, N, call.coefficients), [&](auto const& result) {
-    derivative = 0.0;
-    if (!result) return true;
-    value = result->d[0];
-    if (rule == DerivativeRule::kExact) derivative = HighestOf(*result);
-    if (rule == DerivativeRule::kFirstInstead) derivative = result->d[1];
+  WithForm(call.equation, [&](auto number, auto const& form) {
+    auto const s = MakeSymbols(call, T, N, call.coefficients);
+    ValueAndDerivative<decltype(number)::value, Order>(form, s, value, derivative);
     return true;
   });
+}
+
+// The same for all orders up to a highest one.
+template <int Highest>
+void WithDerivatives(EquationCall const& call, int N, double* derivatives) {
+  auto const T = Jet<Highest>::Variable(call.temperature);
+  WithForm(call.equation, [&](auto number, auto const& form) {
+    auto const result = ResultOf(form, MakeSymbols(call, T, N, call.coefficients));
+    std::fill_n(derivatives + 1, Highest, 0.0);
+    if (!result) return true;
+    derivatives[0] = result->d[0];
+    for (int order = 1; order <= Highest; ++order) {
+      DerivativeRule const rule = RuleOf(decltype(number)::value, order);
+      if (rule == DerivativeRule::kExact) derivatives[order] = DerivativeOf(*result, order);
+      if (rule == DerivativeRule::kFirstInstead) derivatives[order] = result->d[1];
+    }
+    return true;
+  });
+  // The first derivative of this form is not that of a Jet of a higher order.
+  constexpr int kOwnFirstDerivative = 39;
+  if (Highest > 1 && call.equation == kOwnFirstDerivative) {
+    WithDerivative<1>(call, N, derivatives[0], derivatives[1]);
+  }
 }
 
 void Sensitivities(EquationCall const& call, int N, double* weights) {
@@ -142,11 +68,12 @@ void Sensitivities(EquationCall const& call, int N, double* weights) {
   std::copy_n(c, N, jets.begin());
   for (std::size_t k = 0; k < static_cast<std::size_t>(N); ++k) {
     jets[k] = Jet<1>::Variable(c[k]);
-    Form(call.equation, MakeSymbols(call, call.temperature, N, jets.data()),
-         [&](auto const& result) {
-           weights[k] = result ? result->d[1] : 0.0;
-           return true;
-         });
+    WithForm(call.equation, [&](auto, auto const& form) {
+      auto const s = MakeSymbols(call, call.temperature, N, jets.data());
+      auto const result = ResultOf(form, s);
+      weights[k] = result ? result->d[1] : 0.0;
+      return true;
+    });
     if (std::isnan(weights[k])) weights[k] = SensitivityLimit(call, N, k).value_or(weights[k]);
     jets[k] = c[k];
   }
@@ -156,14 +83,8 @@ void Sensitivities(EquationCall const& call, int N, double* weights) {
 
 RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& derivative,
                              double* weights) {
-  double const T = call.temperature;
-  // The comparisons within rounding matter only on the far side of a limit.
-  if (call.tMax > kUndefinedLimit && T >= call.tMax && CompareTemperature(T, call.tMax) > 0) {
-    return kAboveRange;
-  }
-  if (call.tMin > kUndefinedLimit && !(T >= call.tMin) && CompareTemperature(T, call.tMin) < 0) {
-    return kBelowRange;
-  }
+  RangeStatus const status = RangeOf(call.temperature, call.tMin, call.tMax);
+  if (status != kInRange) return status;
   double number = value;  // in registers until the end
   double slope = derivative;
   int const N = std::clamp(call.coefficientCount, 0, kMaxCoefficients);
@@ -182,6 +103,27 @@ RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& de
   }
   value = number * call.factor + call.offset;
   derivative = hasSlope ? slope * call.factor : slope;
+  return kInRange;
+}
+
+RangeStatus EvaluateDerivatives(EquationCall const& call, int highest, double* derivatives) {
+  RangeStatus const status = RangeOf(call.temperature, call.tMin, call.tMax);
+  if (status != kInRange) return status;
+  int const N = std::clamp(call.coefficientCount, 0, kMaxCoefficients);
+  switch (highest) {
+    case kFirstDerivative: WithDerivatives<1>(call, N, derivatives); break;
+    case kSecondDerivative: WithDerivatives<2>(call, N, derivatives); break;
+    default: WithDerivatives<3>(call, N, derivatives);
+  }
+  bool const isFinite = std::isfinite(derivatives[0]);
+  for (int order = 1; order <= highest; ++order) {
+    double& derivative = derivatives[order];
+    if (std::isnan(derivative) && isFinite) {
+      derivative = DerivativeLimit(call, N, order).value_or(derivative);
+    }
+    derivative *= call.factor;
+  }
+  derivatives[0] = derivatives[0] * call.factor + call.offset;
   return kInRange;
 }
 

@@ -28,12 +28,19 @@ struct EquationCall : FormConstants {
   std::int32_t logBasis = 1;
 };
 
+// The factor b of forms with logarithms.
+constexpr double LogFactor(std::int32_t logBasis) noexcept {
+  constexpr double kLn10 = 2.302585092994046;
+  return logBasis == 2 ? kLn10 : 1.0;
+}
+
+// True for the forms that evaluate other correlations of their component.
+constexpr bool EvaluatesOthers(int equation) noexcept { return equation == 38 || equation == 54; }
+
 // The symbols of a form, with the temperature and the coefficients in the form's number types.
 template <typename X, typename C>
 Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* coefficients) {
-  constexpr double kLn10 = 2.302585092994046;
-  double const b = call.logBasis == 2 ? kLn10 : 1.0;
-  return {T, N, coefficients, b, call};
+  return {T, N, coefficients, LogFactor(call.logBasis), CallConstants{&call}};
 }
 
 // Evaluates a form at a temperature inside the range; outside it only returns the status. `value`
@@ -46,5 +53,9 @@ Symbols<X, C> MakeSymbols(EquationCall const& call, X const& T, int N, C const* 
 // begins, derivatives and sensitivities are their limits there, infinite where they are unbounded.
 RangeStatus EvaluateEquation(EquationCall const& call, double& value, double& derivative,
                              double* weights);
+
+// The value and the derivatives up to `highest` (1 to 3) at `derivatives` 0 to `highest`, in and
+// out, from one evaluation of the form: each is what EvaluateEquation yields for that order.
+RangeStatus EvaluateDerivatives(EquationCall const& call, int highest, double* derivatives);
 
 }  // namespace zel

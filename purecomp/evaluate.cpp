@@ -2,154 +2,138 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
-#include "frame/limits.h"
-#include "frame/units/unit_factors.h"
+#include "purecomp/curve.h"
+#include "purecomp/equation_kernel.h"
 
 namespace zel {
 namespace {
 
-constexpr std::int32_t kWeightBasis = 2;
+// The inputs of a form in their places in the component.
+struct RecordConstants {
+  Component const& component;
+  Correlation const& record;
 
-// Limit codes of the correlation table.
-constexpr std::int32_t kNotNegative = 9;
-constexpr std::int32_t kPressure = 10;
-constexpr double kSmallestValue = 1e-10;
-constexpr double kLargestPressure = 1e8;
+  double Tc() const { return component.fixed[propertyTC]; }
+  double Pc() const { return component.fixed[propertyPC]; }
+  double Tb() const { return component.fixed[propertyNBP]; }
+  double tMin() const { return record.tMin; }
+  double tMax() const { return record.tMax; }
+  double factor() const { return record.factor; }
+  double offset() const { return 0.0; }
+};
 
-// An infinite or missing slope at a bound counts as 0.
-double FiniteSlope(double slope) noexcept { return std::isfinite(slope) ? slope : 0.0; }
+struct Point {
+  double value;
+  double slope;
+};
 
-// ln V linear in 1/T. For orders 2 and 3 the slope used is the derivative of that order, and the
-// formulas are exact only for a first derivative: programs that use stored data depend on both. At
-// temperature 0 the exponent is at its limit, and the slope is 0.
-void ExtrapolateLogarithmic(double T, double Tx, double V, double dV, int order, double& value,
-                            double& derivative) {
-  if (!(V > 0.0)) {
-    value = 0.0;
-    return;
-  }
-  dV = FiniteSlope(dV);
-  double const change = dV == 0.0 ? 0.0 : (Tx / T - 1.0) * (Tx / V) * dV;
-  double const E = Exp(Clamp(Ln(V) - change));
-  double const w = dV * Tx * Tx / (T * T * V);
-  value = E;
-  switch (order) {
-    case kSecondDerivative: derivative = w * (E * w - 2.0 * E / T); break;
-    case kThirdDerivative:
-      derivative = w * ((E * w - 2.0 * E / T) * w - 2.0 * (2.0 * E * w - 3.0 * E / T) / T);
-      break;
-    default: derivative = E * w;
-  }
-  derivative = FiniteSlope(derivative);
+// The value and the first derivative of a form inside its range, before the final step: the most
+// frequent evaluation, without the arguments of a call. The slope is NaN where this is not enough:
+// for numbers without a form, forms that evaluate other correlations, and where the slope is a
+// limit.
+inline Point FormOfRecord(RecordConstants const& at, double temperature, double value) {
+  using Inputs = Symbols<Jet<1>, double, RecordConstants>;
+  Correlation const& record = at.record;
+  Point point{value, std::numeric_limits<double>::quiet_NaN()};
+  WithForm(record.equation, [&](auto number, auto const& form) {
+    constexpr int kEquation = decltype(number)::value;
+    if constexpr (!EvaluatesOthers(kEquation)) {
+      int const N = std::clamp(record.coefficientCount, 0, kMaxCoefficients);
+      Inputs const s{Jet<1>::Variable(temperature), N, record.coefficients.data(),
+                     LogFactor(record.logBasis), at};
+      ValueAndDerivative<kEquation, 1>(form, s, point.value, point.slope);
+    }
+    return true;
+  });
+  return point;
 }
 
-void ExtrapolateLinear(double T, double Tx, double V, double dV, int order, double& value,
-                       double& derivative) {
-  double const slope = dV > kUndefinedLimit ? FiniteSlope(dV) : 0.0;
-  value = V + (T - Tx) * slope;
-  derivative = order >= kSecondDerivative ? 0.0 : slope;
+CurveEnd EndOf(Component const& component, std::uint32_t index) noexcept {
+  return {&kCurveRules[index], component.correlations[index].moleWtBasis == kWeightBasis,
+          &component.fixed[propertyMW]};
 }
 
-void ApplyLimit(std::int32_t code, double& value, double& derivative) {
-  if (code == kNoLimit) return;
-  double const lowest = code == kNotNegative ? 0.0 : kSmallestValue;
-  if (lowest > value) {
-    value = lowest;
-    derivative = 0.0;
-  }
-  if (code == kPressure && value > kLargestPressure) {
-    value = kLargestPressure;
-    derivative = 0.0;
-  }
-}
-
-// Values on a weight basis become molar: densities are divided by the molecular weight, all others
-// multiplied.
-void ToMolar(std::uint32_t index, double molecularWeight, double& value, double& derivative) {
-  bool const isDensity = index == correlationLiquidDensity || index == correlationSolidDensity;
-  auto const convert = [&](double x) {
-    return isDensity ? x / molecularWeight : x * molecularWeight;
-  };
-  value = convert(value);
-  if (derivative != 0.0) derivative = convert(derivative);
+// All other evaluations.
+[[gnu::noinline]] ZelStatus EvaluateAnyRecord(Component const& component, std::uint32_t index,
+                                              double temperature, std::int32_t order, double* value,
+                                              double* derivative, double* weights,
+                                              std::int32_t* status) {
+  double unwantedValue = 0.0;
+  double unwantedDerivative = 0.0;
+  std::int32_t unwantedStatus = 0;
+  return Evaluator(component).Evaluate(index, temperature, order, value ? *value : unwantedValue,
+                                       derivative ? *derivative : unwantedDerivative, weights,
+                                       status ? *status : unwantedStatus);
 }
 
 }  // namespace
 
-ZelStatus Evaluator::Extrapolate(EquationCall call, Extrapolation mode, double temperature,
-                                 double bound, double& value, double& derivative, double* weights) {
-  if (mode == Extrapolation::kFails) return kStatusFailed;
-  call.temperature = bound;
-  if (EvaluateEquation(call, value, derivative, weights) != kInRange) return kStatusFailed;
-  double const V = value;
-  double const dV = derivative;
-  if (call.order > kThirdDerivative) {
-    // With sensitivities there is no slope: the value is that at the bound.
-    if (mode == Extrapolation::kLogarithmic && !(V > 0.0)) value = 0.0;
-    derivative = 0.0;
-  } else if (mode == Extrapolation::kLogarithmic) {
-    ExtrapolateLogarithmic(temperature, bound, V, dV, call.order, value, derivative);
-  } else {
-    ExtrapolateLinear(temperature, bound, V, dV, call.order, value, derivative);
-  }
-  return kStatusOk;
+bool Evaluator::CanEvaluate(std::uint32_t index) const noexcept {
+  return index < kNamedCorrelations && component_.correlations[index].present &&
+         (running_ & (1U << index)) == 0;
+}
+
+Curve Evaluator::CurveOf(std::uint32_t index) noexcept {
+  Correlation const& record = component_.correlations[index];
+  Curve curve;
+  EquationCall& call = curve.call;
+  call.caller = this;
+  call.equation = record.equation;
+  call.coefficientCount = record.coefficientCount;
+  call.coefficients = record.coefficients.data();
+  call.tMax = record.tMax;
+  call.tMin = record.tMin;
+  call.factor = record.factor;
+  call.Tc = component_.fixed[propertyTC];
+  call.Pc = component_.fixed[propertyPC];
+  call.Tb = component_.fixed[propertyNBP];
+  call.logBasis = record.logBasis;
+  curve.end = EndOf(component_, index);
+  return curve;
 }
 
 ZelStatus Evaluator::Evaluate(std::uint32_t index, double temperature, std::int32_t order,
                               double& value, double& derivative, double* weights,
                               std::int32_t& status) {
-  if (index >= kNamedCorrelations) return kStatusFailed;
-  Correlation const& record = component_.correlations[index];
-  std::uint32_t const mark = 1U << index;
-  if (!record.present || (running_ & mark) != 0) return kStatusFailed;
-  CorrelationRow const& row = kCorrelationRows[index];
-  EquationCall call;
-  call.caller = this;
-  call.equation = record.equation;
-  call.coefficientCount = record.coefficientCount;
-  call.coefficients = record.coefficients.data();
-  call.temperature = temperature;
-  call.tMax = record.tMax;
-  call.tMin = record.tMin;
-  call.order = std::max(order, 1);
-  call.factor = record.propUnit == 0 ? 1.0 : GetUnitFactor(record.propUnit);
-  call.Tc = component_.fixed[propertyTC];
-  call.Pc = component_.fixed[propertyPC];
-  call.Tb = component_.fixed[propertyNBP];
-  call.logBasis = record.logBasis;
-
-  running_ |= mark;
-  ZelStatus result = kStatusOk;
-  status = EvaluateEquation(call, value, derivative, weights);
-  if (status != kInRange) {
-    double const bound = status == kAboveRange ? record.tMax : record.tMin;
-    result = Extrapolate(call, row.extrapolation, temperature, bound, value, derivative, weights);
-  }
-  running_ &= ~mark;
-  // Index 10 always fails, after the value was written.
-  if (result != kStatusOk || row.extrapolation == Extrapolation::kFails) return kStatusFailed;
-  ApplyLimit(row.limit, value, derivative);
-  if (record.moleWtBasis == kWeightBasis) {
-    ToMolar(index, component_.fixed[propertyMW], value, derivative);
-  }
-  return status == kInRange ? kStatusOk : kStatusNothingNew;
+  if (!CanEvaluate(index)) return kStatusFailed;
+  Running const running(*this, index);
+  Curve curve = CurveOf(index);
+  return EvaluateCurve(curve, temperature, order, value, derivative, weights, status);
 }
 
 // A call that fails yields 0 for the value and each derivative.
 CalledCorrelation Evaluator::Call(std::uint32_t index, double temperature, int highest) {
-  CalledCorrelation called;
-  std::int32_t status = 0;
-  for (int order = 1; order <= std::max(highest, 1); ++order) {
-    double value = 0.0;
-    double derivative = 0.0;
-    ZelStatus const result =
-        Evaluate(index, temperature, order, value, derivative, nullptr, status);
-    if (result == kStatusFailed) return {};
-    if (order == 1) called.d[0] = value;
-    called.d[order] = derivative;
+  if (!CanEvaluate(index)) return {};
+  Running const running(*this, index);
+  Curve curve = CurveOf(index);
+  return EvaluateCalled(curve, temperature, highest);
+}
+
+// Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
+// call apart from its arithmetic.
+[[gnu::flatten]] ZelStatus EvaluateRecord(Component const& component, std::uint32_t index,
+                                          double temperature, std::int32_t order, double* value,
+                                          double* derivative, double* weights,
+                                          std::int32_t* status) {
+  if (order <= kFirstDerivative && index < kNamedCorrelations && index != correlationExpansion) {
+    Correlation const& record = component.correlations[index];
+    if (record.present && RangeOf(temperature, record.tMin, record.tMax) == kInRange) {
+      Point point = FormOfRecord({component, record}, temperature, value != nullptr ? *value : 0.0);
+      if (!std::isnan(point.slope)) [[likely]] {
+        point.value = point.value * record.factor + 0.0;
+        point.slope *= record.factor;
+        EndOf(component, index).Finish(point.value, point.slope);
+        if (value != nullptr) *value = point.value;
+        if (derivative != nullptr) *derivative = point.slope;
+        if (status != nullptr) *status = kInRange;
+        return kStatusOk;
+      }
+    }
   }
-  return called;
+  return EvaluateAnyRecord(component, index, temperature, order, value, derivative, weights,
+                           status);
 }
 
 }  // namespace zel

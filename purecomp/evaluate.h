@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "purecomp/component.h"
+#include "purecomp/curve.h"
 #include "purecomp/equations.h"
 #include "zelaccess/Types.h"
 
@@ -30,12 +31,36 @@ class Evaluator final : public CorrelationCaller {
 
   CalledCorrelation Call(std::uint32_t index, double temperature, int highest) override;
 
- private:
-  ZelStatus Extrapolate(EquationCall call, Extrapolation mode, double temperature, double bound,
-                        double& value, double& derivative, double* weights);
+  // True for a correlation that is set, and that is not being evaluated.
+  bool CanEvaluate(std::uint32_t index) const noexcept;
+  // The same correlation, for evaluations at many temperatures. It refers to the component and to
+  // this evaluator.
+  Curve CurveOf(std::uint32_t index) noexcept;
 
+  // Marks a correlation as being evaluated.
+  class Running {
+   public:
+    Running(Evaluator& evaluator, std::uint32_t index) noexcept
+        : evaluator_(evaluator), mark_(1U << index) {
+      evaluator_.running_ |= mark_;
+    }
+    Running(Running const&) = delete;
+    Running& operator=(Running const&) = delete;
+    ~Running() { evaluator_.running_ &= ~mark_; }
+
+   private:
+    Evaluator& evaluator_;
+    std::uint32_t mark_;
+  };
+
+ private:
   Component const& component_;
   std::uint32_t running_ = 0;  // a bit per correlation under evaluation
 };
+
+// The same for one evaluation; null outputs are skipped.
+ZelStatus EvaluateRecord(Component const& component, std::uint32_t index, double temperature,
+                         std::int32_t order, double* value, double* derivative, double* weights,
+                         std::int32_t* status);
 
 }  // namespace zel

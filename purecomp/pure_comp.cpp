@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "frame/limits.h"
-#include "frame/units/unit_factors.h"
 #include "purecomp/evaluate.h"
 #include "purecomp/fill_in.h"
 #include "purecomp/record_format.h"
@@ -217,7 +216,7 @@ ZelStatus PureComp_i::GetCorrelation(std::uint32_t index, std::int32_t* equation
   Give(equation, own.equation);
   Give(tempUnit, own.tempUnit);
   Give(propUnit, own.propUnit);
-  Give(factor, own.propUnit == 0 ? 1.0 : GetUnitFactor(own.propUnit));
+  Give(factor, own.factor);
   Give(logBasis, own.logBasis);
   Give(moleWtBasis, own.moleWtBasis);
   Give(coefficientCount, own.coefficientCount);
@@ -244,7 +243,7 @@ ZelStatus PureComp_i::SetCorrelation(std::uint32_t index, std::int32_t equation,
   own.present = true;
   own.equation = equation;
   own.tempUnit = tempUnit;
-  own.propUnit = propUnit;
+  own.SetUnit(propUnit);
   own.logBasis = logBasis;
   own.moleWtBasis =
       kCorrelationRows[index].basis == Basis::kNone ? 0 : std::max(moleWtBasis, kMolarBasis);
@@ -280,12 +279,7 @@ ZelStatus PureComp_i::EvaluateCorrelation(std::uint32_t index, double temperatur
                                           std::int32_t order, double* value, double* derivative,
                                           double* weights, std::int32_t* status) {
   if (NothingWanted(value, derivative, weights, status)) return kStatusFailed;
-  double unwantedValue = 0.0;
-  double unwantedDerivative = 0.0;
-  std::int32_t unwantedStatus = 0;
-  return Evaluator(c_).Evaluate(index, temperature, order, value ? *value : unwantedValue,
-                                derivative ? *derivative : unwantedDerivative, weights,
-                                status ? *status : unwantedStatus);
+  return EvaluateRecord(c_, index, temperature, order, value, derivative, weights, status);
 }
 
 IZelBankDef* NewPureComp() { return MakeBank<PureComp_i>(kPureComponentType, IID_IZelPureComp); }

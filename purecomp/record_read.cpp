@@ -228,7 +228,7 @@ class Merge {
     own.logBasis = field(r::kBases, r::kMillion, r::kThousand);
     own.moleWtBasis = field(r::kBases, r::kThousand, r::kThousand);
     own.coefficientCount = field(r::kCountAndUnit, r::kMillion, r::kThousand);
-    own.propUnit = field(r::kCountAndUnit, 1, r::kMillion);
+    own.SetUnit(field(r::kCountAndUnit, 1, r::kMillion));
     own.tMin = RealOf(words[r::kTMin]);
     own.tMax = RealOf(words[r::kTMax]);
     std::transform(words + r::kCoefficientsAt, words + r::kCorrelationEntry,

@@ -1,5 +1,9 @@
 set(purecomp_SOURCES
+    batch.cpp
+    batch_exact.cpp
+    batch_run.cpp
     component.cpp
+    curve.cpp
     equations.cpp
     evaluate.cpp
     fill_in.cpp

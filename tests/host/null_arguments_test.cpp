@@ -1,5 +1,6 @@
 // Null pointers: every pointer argument of every public function. The last step compares the tested
 // functions with the headers, so that a new function is not forgotten.
+#include <zelaccess/Batch.h>
 #include <zelaccess/Columns.h>
 #include <zelaccess/CompList_p.h>
 #include <zelaccess/DataCheck.h>
@@ -78,6 +79,7 @@ class NullArgumentsTest : public HostFolderTest {
   void SweepSearchAndLists();
   void SweepColumns();
   void SweepFunctions();
+  void SweepBatches();
 
   fs::path before_;
   Handle<LibFile> library_;
@@ -388,6 +390,53 @@ void NullArgumentsTest::SweepColumns() {
   SWEEP(*reader, ColumnReader, AddTexts);
 }
 
+// A batch is a structure of pointers, which are the arguments here.
+void NullArgumentsTest::SweepBatches() {
+  ZelCorrelation taken;
+  SweepCall<IZelPureComp*>("TakeCorrelation", [&](IZelPureComp* component) {
+    return TakeCorrelation(component, correlationIdealEnthalpy, taken);
+  });
+  SweepCall<double*, double*, double*, std::int32_t*>(
+      "EvaluateOne", [&](auto... outputs) { return EvaluateOne(taken, 300.0, 1, outputs...); });
+  double const temperature = 300.0;
+  ZelBatch one;
+  one.count = 1;
+  one.temperatures = &temperature;
+  auto const sweep = [&](char const* name, auto const& evaluate) {
+    SweepCall<double*, double*, double*, std::int32_t*>(
+        name, [&](double* values, double* derivatives, double* weights, std::int32_t* statuses) {
+          ZelBatch batch = one;
+          batch.values = values;
+          batch.derivatives = derivatives;
+          batch.weights = weights;
+          batch.statuses = statuses;
+          return evaluate(batch);
+        });
+  };
+  sweep("a batch", [&](ZelBatch const& batch) { return EvaluateBatch(taken, batch); });
+  double value = 0.0;
+  one.values = &value;
+  std::uint32_t const index = correlationIdealEnthalpy;
+  IZelPureComp* const component = component_.operator->();
+  auto const sweepObject = [&](char const* name, auto const& evaluate) {
+    SweepCall<IZelPureComp*>(name, [&](IZelPureComp* given) { return evaluate(given); });
+  };
+  sweepObject("EvaluateComponentBatch",
+              [&](IZelPureComp* given) { return EvaluateComponentBatch(given, index, one); });
+  sweepObject("EvaluateAllCorrelations",
+              [&](IZelPureComp* given) { return EvaluateAllCorrelations(given, one); });
+  sweepObject("EvaluateEachComponent", [&](IZelPureComp* given) {
+    EXPECT_EQ(EvaluateEachComponent(nullptr, index, one), kStatusFailed);
+    return EvaluateEachComponent(&given, index, one);
+  });
+  sweepObject("EvaluateEachCorrelation", [&](IZelPureComp* given) {
+    return EvaluateEachCorrelation(given != nullptr ? &taken : nullptr, one);
+  });
+  one.temperatures = nullptr;
+  EXPECT_EQ(EvaluateBatch(taken, one), kStatusFailed);
+  EXPECT_EQ(EvaluateComponentBatch(component, index, one), kStatusFailed);
+}
+
 void NullArgumentsTest::SweepFunctions() {
   Sweep("GetBankTypeList", &GetBankTypeList);
   Sweep("GetRefBankTypeCount", &GetRefBankTypeCount);
@@ -415,6 +464,7 @@ void NullArgumentsTest::SweepFunctions() {
     ZelDocumentContents contents;
     return ReadDocumentContents(path, contents);
   });
+  SweepBatches();
   Sweep("GetFileRoom", &GetFileRoom);
   Sweep("GetLostFlushes", &GetLostFlushes);
   struct Sink final : ZelFindingSink {

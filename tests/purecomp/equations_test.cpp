@@ -365,5 +365,29 @@ TEST(Equations, AnythingAtAllEnds) {
   }
 }
 
+// All derivatives of a form come from one evaluation, and are those of the evaluations by order.
+TEST(Equations, AllDerivativesComeFromOneEvaluation) {
+  int callsOfOthers = 0;
+  for (Row const& row : kRows) {
+    EquationCall call = CallOf(row);
+    for (int highest = 1; highest <= 3; ++highest) {
+      double derivatives[4] = {2.5, 3.5, 3.5, 3.5};
+      caller.calls_ = 0;
+      ASSERT_EQ(EvaluateDerivatives(call, highest, derivatives), kInRange);
+      int const calls = caller.calls_;
+      for (call.order = 1; call.order <= highest; ++call.order) {
+        double value = 2.5, derivative = 3.5;
+        caller.calls_ = 0;
+        EvaluateEquation(call, value, derivative, nullptr);
+        EXPECT_EQ(calls, caller.calls_) << row.equation;
+        EXPECT_EQ(derivatives[0], value) << row.equation;
+        EXPECT_EQ(derivatives[call.order], derivative) << row.equation << " " << call.order;
+      }
+      callsOfOthers += calls;
+    }
+  }
+  EXPECT_GT(callsOfOthers, 0);
+}
+
 }  // namespace
 }  // namespace zel

@@ -1,4 +1,5 @@
 set(purecomp_TEST_SOURCES
+    batch_test.cpp
     equations_test.cpp
     evaluate_edges_test.cpp
     evaluate_test.cpp
