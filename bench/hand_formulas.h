@@ -147,10 +147,9 @@ inline Point Dippr116(HandRecord const& r, double T) {
   double const tau = 1.0 - T / r.Tc;
   if (tau <= 1e-4) return {c[0], 0.0};
   double const p35 = std::pow(tau, 0.35), p13 = std::cbrt(tau);
-  double const value =
-      c[0] + c[1] * p35 + c[2] * p13 * p13 + c[3] * tau + c[4] * p13 * tau;
-  double const slope = 0.35 * c[1] * p35 / tau + 2.0 / 3.0 * c[2] / p13 + c[3] +
-                       4.0 / 3.0 * c[4] * p13;
+  double const value = c[0] + c[1] * p35 + c[2] * p13 * p13 + c[3] * tau + c[4] * p13 * tau;
+  double const slope =
+      0.35 * c[1] * p35 / tau + 2.0 / 3.0 * c[2] / p13 + c[3] + 4.0 / 3.0 * c[4] * p13;
   return {value, -slope / r.Tc};
 }
 
@@ -189,9 +188,8 @@ inline Point Dippr114(HandRecord const& r, double T) {
   double const sum = c[1] * c[1] * std::log(t) + c[2] * t -
                      (c[1] * c[3] + c[3] * c[3] * t2 / 12.0) * t2 -
                      t3 * (c[1] * c[4] / 3.0 + (c[3] * c[4] / 10.0 + c[4] * c[4] * t / 30.0) * t2);
-  double const slope = c[1] * c[1] / t + c[2] - 2.0 * c[1] * c[3] * t -
-                       c[3] * c[3] * t3 / 3.0 - c[1] * c[4] * t2 - c[3] * c[4] * t2 * t2 / 2.0 -
-                       c[4] * c[4] * t2 * t3 / 5.0;
+  double const slope = c[1] * c[1] / t + c[2] - 2.0 * c[1] * c[3] * t - c[3] * c[3] * t3 / 3.0 -
+                       c[1] * c[4] * t2 - c[3] * c[4] * t2 * t2 / 2.0 - c[4] * c[4] * t2 * t3 / 5.0;
   return {c[0] - r.Tc * sum, slope};
 }
 

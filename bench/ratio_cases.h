@@ -35,6 +35,8 @@ void CompareOpens(RatioTable& table, std::filesystem::path const& folder, std::s
 void CompareTrims(RatioTable& table);
 // Evaluation, the read of a full component and the search over three libraries.
 void CompareComponents(RatioTable& table, std::filesystem::path const& folder);
+// Batches beside numpy and beside calls, and single calls over all published correlations.
+void CompareEvaluations(RatioTable& table, std::filesystem::path const& folder);
 // The constants that are derived from a component's other constants and correlations.
 void CompareFillIns(RatioTable& table);
 // A document of pairs read into a library.

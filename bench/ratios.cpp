@@ -18,7 +18,8 @@ namespace {
 constexpr char kUsage[] =
     "usage: bench_ratios "
     "[--only=reads|loads|deletes|itemreads|itemwrites|itemdeletes|banks|\n"
-    "                            opens|trims|components|fillins|imports|exports|lists|host]\n"
+    "                            "
+    "opens|trims|components|evaluation|fillins|imports|exports|lists|host]\n"
     "                    [--items=N] [--rounds=N] [--folder=DIR] [--markdown]\n"
     "  --only      one group of comparisons instead of all\n"
     "  --items     this number of items instead of 10000, 100000 and 1000000\n"
@@ -92,6 +93,7 @@ int Run(Options const& options) {
   if (wanted("opens")) CompareOpens(table, folder.Path(), sizes.back());
   if (wanted("trims")) CompareTrims(table);
   if (wanted("components")) CompareComponents(table, folder.Path());
+  if (wanted("evaluation")) CompareEvaluations(table, folder.Path());
   if (wanted("fillins")) CompareFillIns(table);
   if (wanted("imports")) CompareImports(table, folder.Path());
   if (wanted("exports")) CompareExports(table, folder.Path());

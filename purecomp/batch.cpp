@@ -40,7 +40,7 @@ bool MakeCurve(ZelCorrelation const& correlation, Curve& curve) noexcept {
 
 ZelStatus RunBatch(Curve& curve, ZelBatch const& batch) noexcept {
   BatchRun run(curve, batch);
-  RunExact(run, batch);
+  if (batch.mode != batchVector || !RunVector(run, batch)) RunExact(run, batch);
   return run.Total();
 }
 

@@ -1,48 +1,12 @@
 // The loops of exact batches: one for each form, with and without its first derivative. They
 // evaluate the temperatures inside the range; all others are evaluated one by one.
-#include <algorithm>
-#include <array>
 #include <cmath>
-#include <limits>
 
-#include "purecomp/batch_run.h"
+#include "purecomp/batch_loop.h"
 #include "purecomp/equation_kernel.h"
 
 namespace zel {
 namespace {
-
-// A copy of what a loop reads, which the compiler can keep in registers.
-struct LoopInputs {
-  explicit LoopInputs(Curve const& curve) noexcept
-      : call(curve.call),
-        count(std::clamp(call.coefficientCount, 0, kMaxCoefficients)),
-        b(LogFactor(call.logBasis)),
-        rules(*curve.end.rules),
-        isWeight(curve.end.isWeight),
-        molecularWeight(isWeight ? *curve.end.molecularWeight : 0.0) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    lowest = call.tMin > kUndefinedLimit ? call.tMin : -kInfinity;
-    highest = call.tMax > kUndefinedLimit ? call.tMax : kInfinity;
-    std::copy_n(call.coefficients, count, coefficients.begin());
-  }
-  template <typename X>
-  Symbols<X, double> At(X const& temperature) const noexcept {
-    return {temperature, count, coefficients.data(), b, CallConstants{&call}};
-  }
-  void Finish(double& value, double& derivative) const noexcept {
-    CurveEnd{&rules, isWeight, &molecularWeight}.Finish(value, derivative);
-  }
-
-  EquationCall call;
-  int count;
-  double b;
-  std::array<double, kMaxCoefficients> coefficients;
-  CurveRules rules;
-  bool isWeight;
-  double molecularWeight;
-  double lowest;
-  double highest;
-};
 
 // One element inside the range; false where a single evaluation does more than the form.
 template <int Equation, int Order, typename Form>

@@ -91,5 +91,8 @@ class BatchRun {
 
 // Evaluates a batch bit for bit as single evaluations do.
 void RunExact(BatchRun& run, ZelBatch const& batch);
+// Evaluates a batch with vector instructions. False, with nothing done, where it has no loop for
+// the form or the order.
+bool RunVector(BatchRun& run, ZelBatch const& batch);
 
 }  // namespace zel

@@ -57,6 +57,12 @@ struct FormConstants {
   double Tb = 0.0;  // K
 };
 
+// What a form returns: none leaves the caller's value untouched.
+template <typename Value>
+struct ResultFor {
+  using Type = std::optional<Value>;
+};
+
 // Reads the inputs from a call.
 struct CallConstants {
   FormConstants const* from;
@@ -76,7 +82,7 @@ struct CallConstants {
 template <typename X, typename C, typename K = CallConstants>
 struct Symbols {
   using Value = Wider<X, C>;
-  using Result = std::optional<Value>;  // none: the form leaves the caller's value untouched
+  using Result = typename ResultFor<Value>::Type;
 
   X T;
   int N;                  // coefficients in use, 0 to 15
@@ -113,5 +119,12 @@ struct Symbols {
     }
   }
 };
+
+// The rest of a form, or the end of the form where it has ended. Packs have their own.
+template <typename S, typename Rest>
+typename S::Result UnlessEnded(bool hasEnded, typename S::Result const& end, Rest const& rest) {
+  if (hasEnded) return end;
+  return typename S::Result(rest());
+}
 
 }  // namespace zel

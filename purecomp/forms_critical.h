@@ -23,8 +23,8 @@ typename S::Result Eq6(S const& s) {
 template <typename S>
 typename S::Result Eq15(S const& s) {
   auto const tau = s.tau();
-  if (ValueOf(tau) <= kNearCritical) return typename S::Value(0.0);
-  return s.c(1) * Pow(tau, s.Polynomial(2, s.N, s.Tr()));
+  return UnlessEnded<S>(ValueOf(tau) <= kNearCritical, typename S::Value(0.0),
+                        [&] { return s.c(1) * Pow(tau, s.Polynomial(2, s.N, s.Tr())); });
 }
 
 // Equation 16, Rackett, DIPPR 105: C1 / C2^(1 + C5 + x^C4), x = 1 - T/C3, 1e-14 where negative;
@@ -34,8 +34,7 @@ template <typename S>
 typename S::Result Eq16(S const& s) {
   constexpr double kAboveCritical = 1e-14;
   if (s.N < 4) return {};
-  typename S::Value x = 1.0 - s.T / s.c(3);
-  if (CompareTemperature(ValueOf(x), 0.0) < 0) x = typename S::Value(kAboveCritical);
+  auto const x = ReplaceBelow0(typename S::Value(1.0 - s.T / s.c(3)), kAboveCritical);
   return s.c(1) / Pow(s.c(2), 1.0 + s.c(5) + Pow(x, s.c(4)));
 }
 

@@ -122,8 +122,8 @@ typename S::Value Wagner(S const& s, X const& tau, X const& u, X const& v) {
 template <typename S>
 typename S::Result Eq47(S const& s) {
   auto const tau = s.tau();
-  if (ValueOf(tau) < 0.0) return {};
-  return Wagner(s, tau, Cube(tau), Square(Cube(tau)));
+  return UnlessEnded<S>(ValueOf(tau) < 0.0, {},
+                        [&] { return Wagner(s, tau, Cube(tau), Square(Cube(tau))); });
 }
 
 // Equation 48, Wagner 2.5, 5: (Pc - o)/f expc(b (C1 tau + C2 tau^1.5 + C3 tau^2.5 + C4 tau^5)/Tr).
@@ -132,8 +132,9 @@ typename S::Result Eq47(S const& s) {
 template <typename S>
 typename S::Result Eq48(S const& s) {
   auto const tau = s.tau();
-  if (ValueOf(tau) < kNearCritical) return {};
-  return Wagner(s, tau, PowOneAndHalf(tau) * tau, Square(Square(tau)) * tau);
+  return UnlessEnded<S>(ValueOf(tau) < kNearCritical, {}, [&] {
+    return Wagner(s, tau, PowOneAndHalf(tau) * tau, Square(Square(tau)) * tau);
+  });
 }
 
 }  // namespace zel::forms

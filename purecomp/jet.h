@@ -11,18 +11,23 @@
 #include <cstddef>
 #include <type_traits>
 
+#include "purecomp/compare_temperature.h"
+
 namespace zel {
 
-// A value and its first N derivatives with respect to one variable.
-template <int N>
+// A value and its first N derivatives with respect to one variable. V is the type of these numbers:
+// doubles, or packs of doubles (pack.h).
+template <int N, typename V = double>
 struct Jet {
   static_assert(N >= 1 && N <= 3);
   static constexpr int kOrder = N;
-  std::array<double, N + 1> d{};
+  std::array<V, N + 1> d{};
 
   constexpr Jet() = default;
-  constexpr Jet(double value) { d[0] = value; }  // NOLINT(google-explicit-constructor): a constant
-  static constexpr Jet Variable(double value) {
+  constexpr Jet(V const& value) {
+    d[0] = value;
+  }  // NOLINT(google-explicit-constructor): a constant
+  static constexpr Jet Variable(V const& value) {
     Jet jet(value);
     jet.d[1] = 1.0;
     return jet;
@@ -37,23 +42,23 @@ struct Jet {
     return *this;
   }
   constexpr Jet& operator*=(double k) {
-    for (double& x : d) x *= k;
+    for (V& x : d) x *= k;
     return *this;
   }
 };
 
 template <typename T>
 struct IsJet : std::false_type {};
-template <int N>
-struct IsJet<Jet<N>> : std::true_type {};
+template <int N, typename V>
+struct IsJet<Jet<N, V>> : std::true_type {};
 
 // The type of an expression of both: a Jet if either is one.
 template <typename A, typename B>
 using Wider = std::conditional_t<IsJet<A>::value, A, B>;
 
 constexpr double ValueOf(double x) noexcept { return x; }
-template <int N>
-constexpr double ValueOf(Jet<N> const& x) noexcept {
+template <int N, typename V>
+constexpr V ValueOf(Jet<N, V> const& x) noexcept {
   return x.d[0];
 }
 
@@ -67,9 +72,11 @@ Jet<N> FromDerivatives(Jet<N> const&, double const (&d)[4]) noexcept {
 
 // The function g of a Jet, from g and its derivatives at the Jet's value.
 inline double Compose(double, double g0, double, double, double) noexcept { return g0; }
-template <int N>
-Jet<N> Compose(Jet<N> const& u, double g0, double g1, double g2, double g3) noexcept {
-  Jet<N> r(g0);
+template <int N, typename V>
+Jet<N, V> Compose(Jet<N, V> const& u, std::type_identity_t<V> const& g0,
+                  std::type_identity_t<V> const& g1, std::type_identity_t<V> const& g2,
+                  std::type_identity_t<V> const& g3) noexcept {
+  Jet<N, V> r(g0);
   r.d[1] = g1 * u.d[1];
   if constexpr (N >= 2) r.d[2] = g2 * u.d[1] * u.d[1] + g1 * u.d[2];
   if constexpr (N >= 3) {
@@ -78,50 +85,50 @@ Jet<N> Compose(Jet<N> const& u, double g0, double g1, double g2, double g3) noex
   return r;
 }
 
-template <int N>
-Jet<N> operator-(Jet<N> a) {
+template <int N, typename V>
+Jet<N, V> operator-(Jet<N, V> a) {
   return a *= -1.0;
 }
-template <int N>
-Jet<N> operator+(Jet<N> a, Jet<N> const& b) {
+template <int N, typename V>
+Jet<N, V> operator+(Jet<N, V> a, Jet<N, V> const& b) {
   return a += b;
 }
-template <int N>
-Jet<N> operator+(Jet<N> a, double b) {
+template <int N, typename V>
+Jet<N, V> operator+(Jet<N, V> a, double b) {
   a.d[0] += b;
   return a;
 }
-template <int N>
-Jet<N> operator+(double a, Jet<N> b) {
+template <int N, typename V>
+Jet<N, V> operator+(double a, Jet<N, V> b) {
   b.d[0] += a;
   return b;
 }
-template <int N>
-Jet<N> operator-(Jet<N> a, Jet<N> const& b) {
+template <int N, typename V>
+Jet<N, V> operator-(Jet<N, V> a, Jet<N, V> const& b) {
   return a -= b;
 }
-template <int N>
-Jet<N> operator-(Jet<N> a, double b) {
+template <int N, typename V>
+Jet<N, V> operator-(Jet<N, V> a, double b) {
   a.d[0] -= b;
   return a;
 }
-template <int N>
-Jet<N> operator-(double a, Jet<N> b) {
+template <int N, typename V>
+Jet<N, V> operator-(double a, Jet<N, V> b) {
   b *= -1.0;
   b.d[0] += a;
   return b;
 }
-template <int N>
-Jet<N> operator*(Jet<N> a, double b) {
+template <int N, typename V>
+Jet<N, V> operator*(Jet<N, V> a, double b) {
   return a *= b;
 }
-template <int N>
-Jet<N> operator*(double a, Jet<N> b) {
+template <int N, typename V>
+Jet<N, V> operator*(double a, Jet<N, V> b) {
   return b *= a;
 }
-template <int N>
-Jet<N> operator*(Jet<N> const& a, Jet<N> const& b) {
-  Jet<N> r(a.d[0] * b.d[0]);
+template <int N, typename V>
+Jet<N, V> operator*(Jet<N, V> const& a, Jet<N, V> const& b) {
+  Jet<N, V> r(a.d[0] * b.d[0]);
   r.d[1] = a.d[1] * b.d[0] + a.d[0] * b.d[1];
   if constexpr (N >= 2) r.d[2] = a.d[2] * b.d[0] + 2.0 * a.d[1] * b.d[1] + a.d[0] * b.d[2];
   if constexpr (N >= 3) {
@@ -129,23 +136,23 @@ Jet<N> operator*(Jet<N> const& a, Jet<N> const& b) {
   }
   return r;
 }
-template <int N>
-Jet<N> operator/(double a, Jet<N> const& b) {
-  double const i = 1.0 / b.d[0];
-  double const g0 = a / b.d[0];
-  double const g1 = -g0 * i;
-  double const g2 = -2.0 * g1 * i;
+template <int N, typename V>
+Jet<N, V> operator/(double a, Jet<N, V> const& b) {
+  V const i = 1.0 / b.d[0];
+  V const g0 = a / b.d[0];
+  V const g1 = -g0 * i;
+  V const g2 = -2.0 * g1 * i;
   return Compose(b, g0, g1, g2, -3.0 * g2 * i);
 }
-template <int N>
-Jet<N> operator/(Jet<N> const& a, double b) {
-  Jet<N> r;
+template <int N, typename V>
+Jet<N, V> operator/(Jet<N, V> const& a, double b) {
+  Jet<N, V> r;
   for (std::size_t i = 0; i < r.d.size(); ++i) r.d[i] = a.d[i] / b;
   return r;
 }
-template <int N>
-Jet<N> operator/(Jet<N> const& a, Jet<N> const& b) {
-  Jet<N> r = a * (1.0 / b);
+template <int N, typename V>
+Jet<N, V> operator/(Jet<N, V> const& a, Jet<N, V> const& b) {
+  Jet<N, V> r = a * (1.0 / b);
   r.d[0] = a.d[0] / b.d[0];
   return r;
 }
@@ -297,6 +304,12 @@ X PowOneAndHalf(X const& x) {
   double const v = ValueOf(x);
   double const root = std::sqrt(v);
   return Compose(x, v * root, 1.5 * root, 0.75 / root, -0.375 / (v * root));
+}
+
+// x, or another value where it is below 0. NaN counts as below 0.
+template <typename X>
+X ReplaceBelow0(X const& x, double other) {
+  return CompareTemperature(ValueOf(x), 0.0) < 0 ? X(other) : x;
 }
 
 template <typename X>

@@ -2,6 +2,7 @@ set(purecomp_SOURCES
     batch.cpp
     batch_exact.cpp
     batch_run.cpp
+    batch_vector.cpp
     component.cpp
     curve.cpp
     equations.cpp
@@ -9,6 +10,9 @@ set(purecomp_SOURCES
     fill_in.cpp
     form_limits.cpp
     formula.cpp
+    pack_of_2.cpp
+    pack_of_4.cpp
+    pack_of_8.cpp
     pure_comp.cpp
     pure_comp_sources.cpp
     pure_comp_structures.cpp

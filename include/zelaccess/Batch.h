@@ -45,11 +45,10 @@ struct ZelBatch {
   std::int64_t valueStride = 1;          ///< Stride of the values.
   double* derivatives = nullptr;         ///< Receives the derivatives of the order; may be null.
   std::int64_t derivativeStride = 1;     ///< Stride of the derivatives.
-  double* weights = nullptr;       ///< Receives 15 sensitivities each for order 11; may be null.
-  std::int64_t weightStride = 15;  ///< From the first sensitivity of an element to the next one.
-  std::int32_t* statuses =
-      nullptr;                    ///< Receives 0 inside the range, 1 above, -1 below; may be null.
-  std::int64_t statusStride = 1;  ///< Stride of the statuses.
+  double* weights = nullptr;         ///< Receives 15 sensitivities each for order 11; may be null.
+  std::int64_t weightStride = 15;    ///< From the first sensitivity of an element to the next one.
+  std::int32_t* statuses = nullptr;  ///< Receives 0 inside, 1 above, -1 below; may be null.
+  std::int64_t statusStride = 1;     ///< Stride of the statuses.
   /// Receives what single evaluations return: kStatusOk, kStatusNothingNew, kStatusFailed; may be
   /// null.
   ZelStatus* results = nullptr;
@@ -85,8 +84,9 @@ ZEL_API ZelStatus EvaluateComponentBatch(IZelPureComp* component, std::uint32_t 
 ZEL_API ZelStatus EvaluateEachCorrelation(ZelCorrelation const* correlations,
                                           ZelBatch const& batch);
 
-/// Evaluates the correlations of a component: element i is its correlation i, so that the results
-/// of those that are not set are kStatusFailed. \param component  the component; null is a failure
+/// Evaluates the correlations of a component: element i is its correlation i. The result of one
+/// that is not set is kStatusFailed.
+/// \param component  the component; null is a failure
 /// \param batch      temperatures and results; a count above 18 is a failure with nothing done; the
 ///                   mode has no effect
 /// \return see above; kStatusFailed, with nothing done, for a component that is not of this library

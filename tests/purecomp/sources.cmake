@@ -1,5 +1,6 @@
 set(purecomp_TEST_SOURCES
     batch_test.cpp
+    batch_vector_test.cpp
     equations_test.cpp
     evaluate_edges_test.cpp
     evaluate_test.cpp
