@@ -1,4 +1,4 @@
-// The end of the process when the unit system does not start.
+// Ends the process if the unit system cannot be started.
 #pragma once
 
 namespace zel {

@@ -68,7 +68,7 @@ int StartUnitSystemFrom(std::string_view table) {
   if (table.empty()) return kTableNotFound;
   platform::TemporaryFile const file(TableFilePrefix(platform::ProcessId()), kMostPath);
   std::string path = file.Path();
-  // Without a complete file the loading fails and reports it.
+  // If the file is not complete, loading it fails and reports that.
   if (!path.empty()) {
     platform::TextFile text(path);
     text.Put(TableFileText(table));

@@ -40,8 +40,8 @@ std::string MessageOf(zelhost::Session const& session, zel::BlockError const& er
   return text + error.Reason() + ". `zel check --structure` reports what is damaged";
 }
 
-// Exceptions that no handler reaches end here: before main, in a thread, in a destructor. A change
-// in progress is then cut off as if the program had been killed.
+// Exceptions that no handler catches end here: before main, in a thread, in a destructor. A change
+// in progress is then interrupted as if the program had been killed.
 [[noreturn]] void EndByException() {
   try {
     if (std::exception_ptr const error = std::current_exception()) std::rethrow_exception(error);

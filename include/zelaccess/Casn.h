@@ -63,7 +63,7 @@ class ZEL_API casn {
   /// Returns the number.
   /// \return 0 when empty
   operator long() const noexcept { return value; }  // NOLINT(google-explicit-constructor)
-  /// Returns the printed form, to be read only.
+  /// Returns the printed form, which must not be modified.
   /// \return valid as long as this object is unchanged; "" when empty; never null
   operator char*() noexcept { return text; }  // NOLINT(google-explicit-constructor)
   /// Returns the printed form.

@@ -105,7 +105,7 @@ class ZEL_API CompList {
   /// \param id       buffer of 13 characters; may be null
   /// \param name     buffer of 41 characters; may be null
   /// \param formula  buffer of 21 characters; may be null
-  /// \return false at the end, and without moving where all three are null
+  /// \return false at the end; also, without moving, if all three are null
   virtual bool GetNextShort(char* id, char* name, char* formula) = 0;
   /// Returns the builder of this list, which is made at the first call.
   /// \return owned by the list and valid as long as it lives; never null

@@ -63,7 +63,7 @@ class ZEL_API CompListBuild_p : public CompListBuild {
   /// Counts the rows of the list.
   /// \return the number of rows, further IDs and formulas included
   virtual std::int32_t CountOrders() = 0;
-  /// Copies the line of a row. Throws std::out_of_range for a row that is not there.
+  /// Copies the line of a row. Throws std::out_of_range for a row that does not exist.
   /// \param row   number of the row from 0
   /// \param text  buffer of 1000 characters; null does nothing
   virtual void FormatRecord(std::int32_t row, char* text) = 0;

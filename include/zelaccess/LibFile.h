@@ -162,9 +162,9 @@ class ZEL_API LibFile {
   /// nothing when closed or open for reading. Throws a block error, the address of the tree heads,
   /// when something could not be written; it may be called again.
   virtual void FlushLibFile() = 0;
-  /// Flushes and closes the files; does nothing when closed. The object can be reopened. When the
-  /// flush fails the files are closed all the same, what was not on file is lost, and the block
-  /// error is thrown: call FlushLibFile first where a second try is wanted.
+  /// Flushes and closes the files; does nothing when closed. The object can be reopened. If the
+  /// flush fails, the files are closed anyway, what was not yet on file is lost, and the block
+  /// error is thrown: to be able to try again, call FlushLibFile first.
   virtual void CloseLibFile() = 0;
   /// Opens a closed library again in its mode, without a password test.
   /// \return openOk, also when it is open already; otherwise the reason

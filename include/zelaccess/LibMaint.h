@@ -381,10 +381,10 @@ class ZEL_API LibMaint {
   ///               bank or it refers to none; null does nothing
   virtual void GetRefBankNames(char const* type, char const* name, std::int32_t count,
                                char const (*types)[9], char (*names)[9]) = 0;
-  /// Writes tab-separated indexes next to a library, in place of those that are there: name.bnk
-  /// lists its banks, name.BANK.cmp the components of each pure component bank except OLILIB. What
-  /// cannot be written does not appear. A symbolic link in the place of one is removed and not
-  /// followed.
+  /// Writes tab-separated indexes next to a library, replacing those that exist: name.bnk
+  /// lists its banks, name.BANK.cmp the components of each pure component bank except OLILIB. An
+  /// index that cannot be written is left out. A symbolic link in the place of one is removed and
+  /// not followed.
   /// \param library  an open library, not necessarily that of this object; null does nothing
   virtual void WriteTextDump(LibFile* library) = 0;
 

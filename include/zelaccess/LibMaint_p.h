@@ -54,7 +54,7 @@ class ZEL_API LibMaint_p : public LibMaint {
   /// Sets how closely imports look at their documents.
   ///
   /// Errors and warnings name the line of the document, e.g. `line 12: <aij> "61x37" is not a
-  /// number`. What contains a malformed number is not stored when it is an error: the item, or the
+  /// number`. If a malformed number is an error, the item that contains it is not stored, or the
   /// property, correlation or structure of a component. A document that is not well formed is
   /// reported with its line and why.
   /// \param checks  importUnchecked at first

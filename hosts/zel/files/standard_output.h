@@ -5,7 +5,7 @@
 
 namespace zelhost {
 
-// Throws Failure if it cannot be written, PipeClosed if nobody reads it any more.
+// Throws Failure if it cannot be written, PipeClosed if no one reads it any more.
 void Write(std::string const& text);
 
 }  // namespace zelhost

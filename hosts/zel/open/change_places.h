@@ -8,10 +8,10 @@
 //   3. the new first file takes its place.
 //
 // The last move decides. Before the first move the old library is in place and whole; between the
-// moves the first file is missing and nobody can open the library; after the last one the new
-// library is in place and whole. If a change is cut off before the last move, the next command that
-// names the library moves the files back, so that a host that opened the library since never loses
-// what it wrote, and a command that failed changes nothing later.
+// moves the first file is missing and no one can open the library; after the last one the new
+// library is in place and whole. If a change is interrupted before the last move, the next command
+// that names the library moves the files back, so that a host that opened the library since never
+// loses what it wrote, and a command that failed changes nothing later.
 #pragma once
 
 #include <filesystem>

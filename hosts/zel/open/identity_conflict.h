@@ -21,7 +21,7 @@ struct SourcedIdentity {
 // "Water (10000326, WATER, 7732-18-5, H2O)", without the parts that the source does not have.
 std::string ToText(zel::ZelIdentity const& identity);
 
-// What was found for one word of the command line, if it is not all the same substance.
+// What was found for one word of the command line, if that is more than one substance.
 struct IdentityConflict {
   std::string word;
   std::vector<SourcedIdentity> found;

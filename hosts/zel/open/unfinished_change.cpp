@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Each step may already have been done by a command that was cut off too.
+// Each step may already have been done by a command that was then interrupted, too.
 void MoveBack(ChangePlaces const& change) {
   for (int number = 2; number <= kMostFiles; ++number) {
     if (Exists(change.Old(number))) {
@@ -94,7 +94,7 @@ void FinishChange(std::string const& path) {
   if (!IsOurs(change.Ready(), whole)) return;
   std::string const lock = (change.Ready() / kLockName).string();
   try {
-    // Without a lock it is nearly removed, or it comes from a copy that left the lock out.
+    // A folder without a lock is almost removed, or it comes from a copy that left out the lock.
     if (!Exists(lock)) MakeMark(lock);
     FileLock const held = FileLock::Take(lock, path);
     FinishMoves(path, change);

@@ -1,4 +1,4 @@
-// Cleans up after a change that was cut off, before anything looks at the library.
+// Cleans up after a change that was interrupted, before anything reads the library.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace zelhost {
 
-// Removes what a command that was cut off left behind, and puts the old library back if it had been
+// Removes what an interrupted command left, and puts the old library back if it had been
 // moved away. Throws Failure if that cannot be done, or if another program has made a library in
 // its place since.
 void FinishChange(std::string const& path);
