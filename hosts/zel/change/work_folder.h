@@ -24,7 +24,7 @@ class WorkFolder {
   // The path of the copy of the library's first file.
   std::string First() const;
   // Lets whoever has this access to the library remove the folder, or put the library back, if this
-  // program is cut off. Before the call only this user can access the folder. Throws Failure.
+  // program is interrupted. Before the call only this user can access the folder. Throws Failure.
   void Share(FileAccess const& access) const;
   // Replaces the library's files with the new ones. Throws Failure if that is impossible, or if the
   // library is new and another program has made one meanwhile; the old library is then unchanged.
