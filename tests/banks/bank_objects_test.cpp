@@ -8,6 +8,7 @@
 #include "tests/banks/bank_fields.h"
 #include "tests/banks/expected_fields.h"
 #include "tests/support/allocations.h"
+#include "tests/support/bank_types.h"
 
 namespace zel {
 namespace {
@@ -18,9 +19,7 @@ using test::Typed;
 
 // The first bank of a type, like any later one, allocates only the object itself.
 TEST(BankObjects, TakeOnePieceOfMemoryOrAreNull) {
-  char types[50][9];
-  GetBankTypeList(50, types);
-  for (char const* keyword : types) {
+  for (char const* keyword : test::BankTypes()) {
     IZelBankDef* bank = nullptr;
     int requested = 0;
     {

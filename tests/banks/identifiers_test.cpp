@@ -4,6 +4,7 @@
 #include <climits>
 
 #include "tests/banks/bank_fields.h"
+#include "tests/support/bank_types.h"
 
 namespace zel {
 namespace {
@@ -32,9 +33,7 @@ TEST(Identifiers, AreThereBeforeAnyConstructor) {
 
 // Every face derives from IUnknown separately, but the object has one identity.
 TEST(Identifiers, UnknownIsTheDefinitionFaceWhicheverFaceIsAsked) {
-  char types[50][9];
-  GetBankTypeList(50, types);
-  for (char const* type : types) {
+  for (char const* type : test::BankTypes()) {
     IZelBankDef* bank = NewBank(type);
     for (ZelIid const* id : {&IID_IUnknown, &IID_IZelBankDef, &IID_IZelBankIO}) {
       void* face = nullptr;

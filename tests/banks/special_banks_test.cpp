@@ -8,6 +8,7 @@
 
 #include "tests/banks/bank_fields.h"
 #include "tests/banks/expected_fields.h"
+#include "tests/support/bank_types.h"
 
 namespace zel {
 namespace {
@@ -416,9 +417,7 @@ TEST(Psrk, NamesTheBanksItRefersTo) {
 }
 
 TEST(Banks, OthersReferToNothing) {
-  char types[50][9];
-  GetBankTypeList(50, types);
-  for (char const* keyword : types) {
+  for (char const* keyword : test::BankTypes()) {
     if (std::string(keyword) == "PSRK") continue;
     Typed<IZelBankDef> bank(keyword, IID_IZelBankDef);
     for (char const* kind : {"PURECOMP", "ALPHA"}) {

@@ -9,6 +9,7 @@
 #include "store/packed_text.h"
 #include "tests/maint/maint_fixture.h"
 #include "tests/support/allocations.h"
+#include "tests/support/bank_types.h"
 
 namespace zel {
 namespace {
@@ -19,9 +20,7 @@ static_assert(!std::is_copy_constructible_v<LibMaint_i> && !std::is_copy_assigna
 using BanksTest = test::MaintTest;
 
 TEST_F(BanksTest, EveryTypeInEveryFormatIsCreatedOnce) {
-  char list[50][9];
-  GetBankTypeList(50, list);
-  for (auto const& type : list) {
+  for (char const* const type : test::BankTypes()) {
     FaceRef<IZelBankDef> const bank(NewBank(type));
     ASSERT_TRUE(bank) << type;
     char keyword[9];
@@ -232,16 +231,14 @@ TEST_F(BanksTest, TreeOfABankIsReported) {
 }
 
 TEST_F(BanksTest, HundredsOfBanksSplitTheDirectoryAndStayFound) {
-  char list[50][9];
-  GetBankTypeList(50, list);
   for (int n = 0; n < 8; ++n) {
-    for (auto const& type : list) {
+    for (char const* const type : test::BankTypes()) {
       ASSERT_TRUE(Maint().CreateBank(type, ("N" + std::to_string(n)).c_str(), 0));
     }
   }
   Reopen(accRead);
   for (int n = 0; n < 8; ++n) {
-    for (auto const& type : list) {
+    for (char const* const type : test::BankTypes()) {
       EXPECT_TRUE(Maint().BankExists(type, ("N" + std::to_string(n)).c_str())) << type;
     }
   }

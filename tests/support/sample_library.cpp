@@ -1,4 +1,5 @@
 #include "tests/support/sample_library.h"
+#include "tests/support/bank_types.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -181,10 +182,8 @@ void MakeSampleLibrary(MemoryFileSystem& files) {
   library.SetDescriptionAndVersion("A library of all types", "1");
   library.SetMemo("memo");
   LibMaint_i maint(&library);
-  char list[50][9];
-  GetBankTypeList(50, list);
   std::int32_t number = 100;
-  for (auto const& type : list) {
+  for (char const* const type : BankTypes()) {
     FaceRef<IZelBankDef> const bank(NewBank(type));
     std::int32_t const formats =
         BlockInfo(FaceRef<IZelBankIO>::Of(bank.Get(), IID_IZelBankIO).Get()).formatCount;

@@ -7,6 +7,7 @@
 
 #include "maint/block_info.h"
 #include "store/packed_text.h"
+#include "tests/support/bank_types.h"
 #include "tests/xml/export_fixture.h"
 
 namespace zel {
@@ -206,13 +207,8 @@ TEST_F(ExportAllTypesTest, ItemsOfAllTypesAndFormatsAreExact) {
   PutComponent(1, {kIds[1]});
   PutComponent(2, {kIds[2], "SECOND"});
   PutComponent(3, {kIds[3]});
-  auto const count = static_cast<std::size_t>(GetBankTypeCount());
-  ASSERT_EQ(count, 50U);
-  std::vector<std::array<char, 9>> types(count);
-  GetBankTypeList(static_cast<long>(count), reinterpret_cast<char(*)[9]>(types.data()));
   int formats = 0;
-  for (auto const& keyword : types) {
-    char const* const type = keyword.data();
+  for (char const* const type : test::BankTypes()) {
     FaceRef<IZelBankDef> const bank(NewBank(type));
     BankInfo const info(bank.Get());
     if (std::string_view(type) == "PURECOMP") continue;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "store/packed_text.h"
+#include "tests/support/bank_types.h"
 #include "tests/xml/import_fixture.h"
 
 namespace zel {
@@ -334,11 +335,9 @@ TEST_F(ImportItemsTest, ErrorOfOneItemDoesNotStopALoudRun) {
 }
 
 TEST_F(ImportItemsTest, EveryTypeTakesItsItems) {
-  char types[50][9];
-  GetBankTypeList(50, types);
   constexpr char const* kKeys[] = {"<keys>1234567%</keys>", "<numerickey>3%</numerickey>",
                                    "<characterkey>AB</characterkey>"};
-  for (char const* type : types) {
+  for (char const* const type : test::BankTypes()) {
     if (std::string_view(type) == "PURECOMP") continue;
     FaceRef<IZelBankDef> const bank(NewBank(type));
     BankInfo const info(bank.Get());

@@ -6,6 +6,7 @@
 
 #include "frame/platform/system.h"
 #include "maint/component_identity.h"
+#include "tests/support/bank_types.h"
 #include "tests/support/sample_component.h"
 #include "tests/xml/import_fixture.h"
 #include "xml/field_tags.h"
@@ -86,10 +87,8 @@ TEST_F(ImportLimitsTest, TextFieldHasOneCharacterLessThanItsBuffer) {
 
 // The names that an item may contain: its fields, and its key.
 TEST_F(ImportLimitsTest, EveryTypeHasRoomForItsNames) {
-  char types[50][9];
-  GetBankTypeList(50, types);
   std::size_t most = 0;
-  for (char const* type : types) {
+  for (char const* const type : test::BankTypes()) {
     FaceRef<IZelBankDef> const bank(NewBank(type));
     std::size_t const names = FieldTags(bank.Get(), 0).tags.size() + 1;
     EXPECT_LE(names, kMostNames) << type;
