@@ -129,7 +129,7 @@ constexpr std::size_t kReadsPerRound = 20'000;
 constexpr std::size_t kSearchesPerRound = 6'000;
 constexpr double kReadLimit = 5000.0;  // ns
 
-// 50 constants, of which 41 are on file, and 18 correlations of 15 coefficients.
+// 50 constants, of which those with a keyword are on file, and 18 correlations of 15 coefficients.
 void Fill(PureComp_i& bank, std::int32_t number, int source) {
   char ids[12][9] = {};
   CopyText(std::to_string(number), ids[0], sizeof ids[0]);
@@ -191,7 +191,13 @@ std::vector<double> RealsOf(Component const& c) {
   }
   return reals;
 }
-constexpr std::size_t kReals = 347;
+constexpr std::size_t kReals = [] {
+  auto count = static_cast<std::size_t>(kNamedCorrelations * (2 + kCoefficients));
+  for (std::size_t i = 0; i < kConstantsOnFile; ++i) {
+    if (IsOnFile(i)) ++count;
+  }
+  return count;
+}();
 constexpr std::size_t kLastConstant = 40;  // HVAPNBP
 constexpr std::size_t kLastLimit = kReals - 16;
 

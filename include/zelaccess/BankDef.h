@@ -328,7 +328,7 @@ extern ZEL_API ZelIid const IID_IZelWilson;
 ///@{
 
 /// Returns the number of bank types.
-/// \return 50
+/// \return the same number until the library is unloaded
 ZEL_API long GetBankTypeCount();
 /// Lists the type keywords.
 /// \param count  number of buffers
