@@ -1,6 +1,7 @@
 // The keywords of all bank types, for tests that hold for each of them.
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "zelaccess/BankDef.h"
