@@ -111,7 +111,8 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
   // GiveData for arguments that are constants: each copy has a constant length.
   template <Arguments const& kArguments, std::size_t... kIndices>
   ZelStatus GiveEach(std::index_sequence<kIndices...>, std::initializer_list<void*> outs) const {
-    bool const given = (GiveArgument<kArguments, kIndices>(outs.begin()[kIndices]) | ...);
+    bool given = false;
+    ((given |= GiveArgument<kArguments, kIndices>(outs.begin()[kIndices])), ...);
     return given ? kStatusOk : kStatusFailed;
   }
   ZelStatus TakeData(Arguments const& arguments, std::initializer_list<void const*> ins);

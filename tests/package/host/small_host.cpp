@@ -5,7 +5,7 @@
 #include <string>
 
 int main() {
-  if (zel::GetBankTypeCount() < 50) return 1;
+  if (zel::GetBankTypeCount() != 50) return 1;
   std::string const version = zel::GetZelAccessVersion();
   std::string const parts = std::to_string(ZELACCESS_VERSION_MAJOR) + "." +
                             std::to_string(ZELACCESS_VERSION_MINOR) + "." +
