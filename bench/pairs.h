@@ -91,6 +91,22 @@ inline Decoded Widen(void const* data) noexcept {
 // The item as floats: the same for widened floats and for those with their decimal digits, which
 // are next to each other.
 Data DataOf(Decoded const& item) noexcept;
+// The columns of a batch of items, and the sum over one row in a batch as floats: the arrays are
+// filled whole, and little else is done.
+struct ColumnArrays {
+  static constexpr std::size_t kRows = 1000;
+  std::array<std::array<double, kRows>, kFloats> values;
+  std::array<std::int32_t, kRows> reference;
+
+  std::uint64_t Sum(std::size_t rows) const noexcept {
+    auto sum = static_cast<std::uint64_t>(reference[rows - 1]);
+    for (auto const& column : values) {
+      sum += std::bit_cast<std::uint32_t>(static_cast<float>(column[rows - 1]));
+    }
+    return sum + rows;
+  }
+};
+
 // Over the doubles as floats, likewise.
 inline std::uint64_t SumOfFloats(Decoded const& item) noexcept {
   auto sum = static_cast<std::uint64_t>(item.reference);

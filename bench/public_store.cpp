@@ -113,6 +113,24 @@ std::uint64_t PublicStore::WalkWidened() {
   return sum;
 }
 
+std::uint64_t PublicStore::Columns() {
+  static constexpr char const* kNames[kFloats] = {"tMin", "tMax", "pMin",    "pMax",
+                                                  "aij",  "bij",  "cij",     "aji",
+                                                  "bji",  "cji",  "alphaij", "betaij"};
+  ColumnArrays columns;
+  Handle<ColumnReader> const reader(ColumnReader::NewColumnReader(library_.get(), kType, kBank));
+  Check(reader != nullptr, "no reader");
+  for (std::size_t i = 0; i < kFloats; ++i) {
+    Check(reader->AddReals(kNames[i], columns.values[i].data()), "no such field");
+  }
+  Check(reader->AddIntegers("refCode", columns.reference.data()), "no reference code");
+  std::uint64_t sum = 0;
+  while (auto const rows = static_cast<std::size_t>(reader->Read(ColumnArrays::kRows))) {
+    sum += columns.Sum(rows);
+  }
+  return sum;
+}
+
 std::uint64_t PublicStore::Hash() {
   std::uint64_t hash = 0;
   ForEach([&](Pair key, Decoded const& item) { hash = HashOf(hash, key, DataOf(item).data()); });

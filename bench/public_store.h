@@ -39,6 +39,8 @@ class PublicStore {
   std::uint64_t GetFrom(std::size_t bank, Pair key) { return GetFrom(names_[bank], key); }
   // NextItem and GetData.
   std::uint64_t WalkWidened();
+  // All fields of the items into arrays, by a ColumnReader in batches; returns a sum over them.
+  std::uint64_t Columns();
   // Keys, order and data as one number, by NextItem and GetData.
   std::uint64_t Hash();
   // From closed to closed, by DeleteItem. Returns how many were present.

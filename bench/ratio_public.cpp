@@ -38,6 +38,7 @@ constexpr Limits kOrderedLoadLmdbLimits = {1.7, 1.7, 1.7};  // of LMDB
 constexpr Limits kRandomLoadLimits = {1.3, 1.0, 1.0};       // of LMDB
 constexpr Limits kDeleteLimits = {1.2, 2.0, 3.0};
 constexpr double kManyBanksLimit = 1.5;
+constexpr double kColumnsLimit = 0.2;
 
 // Each round continues where the last one ended. The peer's turn has left its own data in the
 // caches, so some reads are made untimed first.
@@ -60,16 +61,27 @@ Side ReadsOf(std::size_t keys, Read read) {
   };
 }
 
-template <typename Store>
-Side WalksOf(std::size_t items, Store& store) {
+// Passes over all items; `pass` returns a sum.
+template <typename Pass>
+Side PassesOf(std::size_t items, Pass pass) {
   std::size_t const times = std::max<std::size_t>(1, kVisitsPerRound / items);
-  return [items, times, &store](int) {
+  return [items, times, pass](int) {
     return TimeInMemory(items * times, [&] {
       std::uint64_t sum = 0;
-      for (std::size_t i = 0; i < times; ++i) sum += store.WalkWidened();
+      for (std::size_t i = 0; i < times; ++i) sum += pass();
       return sum;
     });
   };
+}
+
+template <typename Store>
+Side WalksOf(std::size_t items, Store& store) {
+  return PassesOf(items, [&store] { return store.WalkWidened(); });
+}
+
+template <typename Store>
+Side ColumnsOf(std::size_t items, Store& store) {
+  return PassesOf(items, [&store] { return store.Columns(); });
 }
 
 template <typename Store>
@@ -131,6 +143,13 @@ void ComparePublicReads(RatioTable& table, std::filesystem::path const& folder, 
                  each(project, &PublicStore::Exists), kExistsLimits.For(items)});
   table.Compare({"NextItem and GetData" + size, "LMDB, widened", WalksOf(items, lmdb),
                  WalksOf(items, project), kWalkLimits.For(items)});
+  SqliteStore sqlite(folder, SqliteTable::kPair);
+  sqlite.RemoveFiles();
+  sqlite.MakeColumns(set.items);
+  table.Compare({"ColumnReader, 13 columns" + size, "SQLite, SELECT", ColumnsOf(items, sqlite),
+                 ColumnsOf(items, project), Target::Ratio(kColumnsLimit)});
+  sqlite.Close();
+  sqlite.RemoveFiles();
   project.Close();
   lmdb.Close();
   project.RemoveFiles();

@@ -161,6 +161,48 @@ std::uint64_t SqliteStore::Hash() {
   return hash;
 }
 
+void SqliteStore::MakeColumns(std::span<Item const> items) {
+  Open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  Run(kSettings);
+  Run("BEGIN");
+  Run("CREATE TABLE item(a INT, b INT, v0 REAL, v1 REAL, v2 REAL, v3 REAL, v4 REAL, v5 REAL, "
+      "v6 REAL, v7 REAL, v8 REAL, v9 REAL, v10 REAL, v11 REAL, ref INT, PRIMARY KEY(a, b)) "
+      "WITHOUT ROWID");
+  Prepare("INSERT INTO item VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  constexpr int kFirstValue = 3;
+  for (Item const& item : items) {
+    Decoded const values = Widen(item.data.data());
+    BindKey(item.key);
+    for (std::size_t i = 0; i < kFloats; ++i) {
+      sqlite3_bind_double(statement_, kFirstValue + static_cast<int>(i), values.values[i]);
+    }
+    sqlite3_bind_int(statement_, kFirstValue + static_cast<int>(kFloats), values.reference);
+    sqlite3_step(statement_);
+    sqlite3_reset(statement_);
+  }
+  sqlite3_finalize(statement_);
+  statement_ = nullptr;
+  Run("COMMIT");
+  Prepare("SELECT v0, v1, v2, v3, v4, v5, v6, v7, v8, v9, v10, v11, ref FROM item ORDER BY a, b");
+}
+
+std::uint64_t SqliteStore::Columns() {
+  ColumnArrays columns;
+  std::uint64_t sum = 0;
+  std::size_t row = 0;
+  while (sqlite3_step(statement_) == SQLITE_ROW) {
+    for (std::size_t i = 0; i < kFloats; ++i) {
+      columns.values[i][row] = sqlite3_column_double(statement_, static_cast<int>(i));
+    }
+    columns.reference[row] = sqlite3_column_int(statement_, static_cast<int>(kFloats));
+    if (++row < ColumnArrays::kRows) continue;
+    sum += columns.Sum(row);
+    row = 0;
+  }
+  sqlite3_reset(statement_);
+  return row == 0 ? sum : sum + columns.Sum(row);
+}
+
 std::size_t SqliteStore::Delete(std::span<Pair const> keys) {
   Open(SQLITE_OPEN_READWRITE);
   Run(kSettings);

@@ -42,6 +42,11 @@ class SqliteStore {
   std::uint64_t Hash();
   // From closed to closed, in one transaction. Returns how many were present.
   std::size_t Delete(std::span<Pair const> keys);
+  // The items as a table of 15 columns, key, 12 floats and reference, in a file of its own; its 13
+  // columns of data read in key order into arrays, in batches. From the call of MakeColumns on, the
+  // store is open for Columns alone.
+  void MakeColumns(std::span<Item const> items);
+  std::uint64_t Columns();
   // From closed to closed.
   std::uint64_t OpenReadClose(Pair key);
 

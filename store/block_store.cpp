@@ -285,6 +285,12 @@ std::int32_t BlockStore::WriteBlock(std::int32_t& address, std::int32_t words,
   return written;
 }
 
+std::int32_t BlockStore::Reserve(std::int32_t words) {
+  CheckWritable(format::kNullAddress);
+  ++changes_;
+  return Allocate(words, 0);
+}
+
 std::int64_t BlockStore::CheckFreeable(std::int32_t address, std::int32_t words) const {
   BlockAddress const a = CheckedForWriting(address);
   std::int64_t const blocks = BlocksFor(a.file, words);

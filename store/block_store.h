@@ -68,6 +68,8 @@ class BlockStore {
   std::int32_t ReadOrThrow(std::int32_t address, std::int32_t words, std::int32_t* buffer);
   std::int32_t WriteBlock(std::int32_t& address, std::int32_t words, std::int32_t const* buffer,
                           std::int32_t fileChoice);
+  // Takes a run for words that are written later; the same one as a write without an address would.
+  std::int32_t Reserve(std::int32_t words);
   void FreeBlock(std::int32_t& address, std::int32_t words);
   // Throws where FreeBlock would throw; returns the number of blocks that it would free.
   std::int64_t CheckFreeable(std::int32_t address, std::int32_t words) const;

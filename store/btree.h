@@ -16,17 +16,20 @@
 //
 // Costs: a search reads one node per level, except those that it shares with the last path. Insert
 // writes one node, three per level that splits. Delete near the leaves writes one to two nodes;
-// everything else, including an absent key, rebuilds the tree.
+// everything else, including an absent key, rebuilds the tree: it reads and writes each node once
+// and takes memory for all of them, twice.
 //
 // Damaged data: a node whose entry count is impossible, a path of more than 64 nodes, a walk or a
 // rebuild that visits more nodes than the files have blocks, and an unusable head throw the block
 // store's exception with the address in question. A rebuild checks the whole tree before it changes
-// anything. Two tree objects on one head do not see each other's writes; destroy the first before
-// making the second.
+// anything, and one that fails leaves the tree as it was; only where the file refuses to be written
+// back, too, the largest part of the new tree that is on file remains. Two tree objects on one head
+// do not see each other's writes; destroy the first before making the second.
 #pragma once
 
 #include <cstdint>
 #include <cstdio>
+#include <unordered_map>
 #include <vector>
 
 #include "store/block_store.h"
@@ -154,10 +157,26 @@ class BTree_i {
   void MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey);
   struct NodeOnFile {
     std::int32_t address;
-    std::int32_t bytes;  // that a read of it returns
+    NodeImage* image;
   };
-  std::vector<NodeOnFile> NodesInBreadth();
-  void CheckBlocksOf(std::vector<NodeOnFile> nodes) const;
+  // The nodes of a tree that is being built, by address.
+  struct NodesInMemory {
+    NodeSlabs slabs;
+    std::unordered_map<std::int32_t, NodeImage*> images;
+
+    std::int32_t const* At(std::int32_t address) const { return images.at(address)->data(); }
+  };
+  std::vector<NodeOnFile> NodesInBreadth(NodeSlabs& slabs);
+  void CheckBlocksOf(std::vector<NodeOnFile> const& nodes) const;
+  bool BelongsIntoLeaf(std::int32_t const* key);
+  // What a rebuild has written so far.
+  struct Written {
+    bool started = false;
+    std::int64_t entries = 0;  // of the largest complete subtree
+    std::int32_t largest = format::kNullAddress;
+  };
+  std::int64_t WriteBuilt(NodesInMemory const& built, std::int32_t address, Written& written);
+  bool UndoRebuild(std::vector<NodeOnFile> const& nodes, Written const& written) noexcept;
 
   class ForgetOnFailure;
 
@@ -175,7 +194,8 @@ class BTree_i {
   // While the walk is after an entry: the link right of it, and the entries left in the node.
   std::int32_t const* walkLink_ = nullptr;
   std::int32_t walkLeft_ = 0;
-  Level level_[kMaxDepth];  // only the first levels_ are in use
+  NodesInMemory* built_ = nullptr;  // during a rebuild: all nodes are there, none is on file
+  Level level_[kMaxDepth];          // only the first levels_ are in use
 };
 
 }  // namespace zel

@@ -34,7 +34,9 @@ std::int32_t BTree_i::ReadNode(std::int32_t address, std::int32_t* words) {
 
 void BTree_i::Load(Level& level, std::int32_t address) {
   level.address = format::kNullAddress;
-  if (std::int32_t const* inPlace = store_.View(address, format::kNodeWords)) {
+  if (built_ != nullptr) {
+    level.words = built_->At(address);
+  } else if (std::int32_t const* inPlace = store_.View(address, format::kNodeWords)) {
     CheckNode(inPlace, address);
     level.words = inPlace;
   } else {
@@ -56,6 +58,7 @@ BTree_i::Level& BTree_i::Enter(int level, std::int32_t address) {
 
 // The level's node as a copy that may be changed.
 std::int32_t* BTree_i::Own(Level& level) {
+  if (built_ != nullptr) return const_cast<std::int32_t*>(level.words);  // an image of the new tree
   if (level.own == nullptr) level.own = store_.Nodes().Take().release();
   if (level.words != level.own->data()) {
     std::memcpy(level.own->data(), level.words, sizeof(NodeImage));

@@ -10,7 +10,17 @@ namespace zel {
 
 namespace f = format;
 
+// During a rebuild a new node is only given its address, and others are in memory already.
 void BTree_i::WriteNode(std::int32_t& address, std::int32_t const* words) {
+  if (built_ != nullptr) {
+    if (address != f::kNullAddress) return;
+    NodeImage* const image = built_->slabs.Take();
+    std::copy_n(words, image->size(), image->begin());
+    std::int32_t const reserved = store_.Reserve(f::kNodeWords);
+    built_->images.insert_or_assign(reserved, image);
+    address = reserved;
+    return;
+  }
   constexpr std::int32_t kBytes = f::kNodeWords * f::kWordBytes;
   if (store_.WriteBlock(address, f::kNodeWords, words, 0) != kBytes) {
     store_.Throw(address, BlockFault::kNotWritten);
@@ -19,7 +29,9 @@ void BTree_i::WriteNode(std::int32_t& address, std::int32_t const* words) {
 
 // Writes a level's node; no other buffer keeps an older image of it.
 void BTree_i::WriteLevel(Level& level) {
+  bool const isNew = level.address == f::kNullAddress;
   WriteNode(level.address, level.words);
+  if (built_ != nullptr && isNew) level.words = built_->At(level.address);
   Forget(level.address, &level);
 }
 

@@ -57,4 +57,22 @@ class NodeBuffer {
   std::unique_ptr<NodeImage> image_;
 };
 
+// Many images that are freed together.
+class NodeSlabs {
+ public:
+  // Not cleared.
+  NodeImage* Take() {
+    if (used_ == kImages) {
+      slabs_.emplace_back(new NodeImage[kImages]);
+      used_ = 0;
+    }
+    return &slabs_.back()[used_++];
+  }
+
+ private:
+  static constexpr std::size_t kImages = 16;
+  std::vector<std::unique_ptr<NodeImage[]>> slabs_;
+  std::size_t used_ = kImages;  // of the last slab
+};
+
 }  // namespace zel
