@@ -34,7 +34,7 @@ struct Pack {
   ZEL_PACK_INLINE Pack() noexcept : v{} {}
   ZEL_PACK_INLINE Pack(Pack const& o) noexcept : v(o.v) {}
   ZEL_PACK_INLINE Pack(double x) noexcept
-      : v(Lanes{} + x) {}  // NOLINT(google-explicit-constructor)
+      : v(x - Lanes{}) {}  // NOLINT(google-explicit-constructor)
   ZEL_PACK_INLINE Pack& operator=(Pack const& o) noexcept {
     v = o.v;
     return *this;

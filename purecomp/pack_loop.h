@@ -21,7 +21,9 @@ void Finish(LoopInputs const& in, Pack<W>& value, Pack<W>& slope) noexcept {
   slope = Select(isHigh, Pack<W>(), slope);
   if (!in.isWeight) return;
   value = in.rules.isDensity ? value / in.molecularWeight : value * in.molecularWeight;
-  slope = in.rules.isDensity ? slope / in.molecularWeight : slope * in.molecularWeight;
+  Mask<W> const isZero(slope.v == Pack<W>().v);  // stays, whatever the molecular weight is
+  slope = Select(isZero, slope,
+                 in.rules.isDensity ? slope / in.molecularWeight : slope * in.molecularWeight);
 }
 
 // Flattened: nothing of a loop is left to functions that other sources share.

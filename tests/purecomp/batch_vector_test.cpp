@@ -149,6 +149,14 @@ TEST(VectorBatches, OtherEquationsAndOrdersAreExact) {
   }
 }
 
+// A slope of 0, as at a limit, keeps its sign with a molecular weight that is not set.
+TEST(VectorBatches, ASlopeOf0StaysAsItIs) {
+  ComponentBank bank;
+  SetCorrelation(bank, correlationLiquidDensity, 1, {-1.0}, 200.0, 400.0, 0, 2);
+  EXPECT_EQ(CompareVector(*bank.operator->(), correlationLiquidDensity, {210.0, 220.0}, "limit"),
+            0);
+}
+
 TEST(VectorBatches, StridesAndMissingSlopesMakeNoDifference) {
   ComponentBank bank;
   SetCorrelation(bank, correlationVaporPressure, 20, kSamples[4].c);
