@@ -5,6 +5,7 @@
 
 #include "banks/catalogue.h"
 #include "frame/ascii.h"
+#include "frame/trim7.h"
 
 namespace zel {
 
@@ -32,7 +33,7 @@ bool ColumnReader_i::Begin(char const* type, char const* name) {
 bool ColumnReader_i::AddKeys(std::int32_t* words) {
   if (words == nullptr) return false;
   std::size_t const bytes = sizeof *words * static_cast<std::size_t>(GetKeyWords());
-  columns_.push_back({nullptr, words, bytes});
+  columns_.push_back({nullptr, words, bytes, false});
   return true;
 }
 
@@ -40,7 +41,11 @@ bool ColumnReader_i::Add(char const* name, FieldType type, FieldType otherType, 
                          std::size_t elementBytes) {
   Field const* field = object_->FindColumn(TextOrEmpty(name), type, otherType);
   if (field == nullptr || values == nullptr) return false;
-  columns_.push_back({field, values, elementBytes * static_cast<std::size_t>(field->count)});
+  bool const isPlainReal = field->type == kReal && !field->codedByHand &&
+                           field->runElements == field->count && field->format <= format_ &&
+                           object_->ColumnBlockWords() == 0;
+  std::size_t const rowBytes = elementBytes * static_cast<std::size_t>(field->count);
+  columns_.push_back({field, values, rowBytes, isPlainReal});
   return true;
 }
 
@@ -77,7 +82,9 @@ bool ColumnReader_i::ReadRow(std::int32_t const* entry, std::size_t row) {
   }
   for (Column const& column : columns_) {
     void* const to = static_cast<char*>(column.values) + row * column.rowBytes;
-    if (column.field == nullptr) {
+    if (column.isPlainReal) {
+      Trim7Words(record + column.field->firstWord, column.field->count, static_cast<double*>(to));
+    } else if (column.field == nullptr) {
       std::copy_n(entry, GetKeyWords(), static_cast<std::int32_t*>(to));
     } else {
       object_->DecodeColumn(*column.field, record, format_, to);

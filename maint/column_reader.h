@@ -32,9 +32,10 @@ class ColumnReader_i final : public ColumnReader {
  private:
   // A column of the host's.
   struct Column {
-    Field const* field;
+    Field const* field;  // null for the key
     void* values;
     std::size_t rowBytes;
+    bool isPlainReal;  // floats of the entry next to each other, which need no bank to decode them
   };
   using Block = std::array<std::int32_t, format::kBlockWordsOfFile1>;
 
