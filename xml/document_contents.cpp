@@ -1,32 +1,49 @@
 // Counts what a document holds, for hosts.
 #include "frame/ascii.h"
-#include "frame/platform/text_file.h"
 #include "xml/import_ledger.h"
 #include "xml/xml_document.h"
 #include "zelaccess/Interchange.h"
 
 namespace zel {
 
+namespace {
+
+// False, with the reason in `contents`, if the document cannot be read.
+bool ReadContents(std::string const& path, DocumentLedger& ledger, ZelDocumentContents& contents) {
+  auto const fail = [&](std::string_view reason) {
+    CopyText(reason, contents.reason, sizeof contents.reason);
+    return false;
+  };
+  DocumentText text;
+  platform::ReadResult const read = text.Open(path);
+  if (read == platform::ReadResult::kMissing) return fail("not found");
+  if (read != platform::ReadResult::kRead) return fail("cannot be read");
+  XmlDocument document;
+  document.Watch(ledger);
+  if (!document.Load(text)) {
+    contents.line = document.Problem().line;
+    return fail(text.HasFailed() ? "cannot be read" : document.Problem().reason);
+  }
+  try {
+    document.Finish();
+  } catch (XmlDocumentChanged const&) {
+    return fail("it changed while it was read");
+  }
+  return true;
+}
+
+}  // namespace
+
 bool ReadDocumentContents(char const* path, ZelDocumentContents& contents) {
   contents = {};
-  std::string text;
-  platform::ReadResult const read = platform::ReadTextFile(std::string(TextOrEmpty(path)), text);
-  XmlDocument document;
-  if (read != platform::ReadResult::kRead) {
-    CopyText(read == platform::ReadResult::kMissing ? "not found" : "cannot be read",
-             contents.reason, sizeof contents.reason);
-  } else if (!document.Load(text)) {
-    contents.line = document.Problem().line;
-    CopyText(document.Problem().reason, contents.reason, sizeof contents.reason);
-  } else {
-    DocumentLedger const ledger(document);
-    contents.readable = true;
-    contents.banks = ledger.Found(DocumentLedger::kBank);
-    contents.items = ledger.Found(DocumentLedger::kItem);
-    contents.components = ledger.Found(DocumentLedger::kComponent);
-    contents.imports = ledger.Found(DocumentLedger::kImport);
-  }
-  return contents.readable;
+  DocumentLedger ledger;
+  contents.readable = ReadContents(std::string(TextOrEmpty(path)), ledger, contents);
+  if (!contents.readable) return false;
+  contents.banks = ledger.Found(DocumentLedger::kBank);
+  contents.items = ledger.Found(DocumentLedger::kItem);
+  contents.components = ledger.Found(DocumentLedger::kComponent);
+  contents.imports = ledger.Found(DocumentLedger::kImport);
+  return true;
 }
 
 }  // namespace zel

@@ -78,49 +78,50 @@ std::string Import_i::MakeBank(XmlNode node, BankAttributes const& bank) {
   return {};
 }
 
-// A document that cannot be opened ends the import, whatever the report returns. The entries that
-// it made in the document stacks remain.
-bool Import_i::OpenDocument(char const* path, bool replaceExisting) {
+// Opens the document and walks it from its root. One that cannot be opened ends the import,
+// whatever the report returns. The entries that it made in the document stacks remain.
+template <typename Walk>
+bool Import_i::Run(char const* path, bool replaceExisting, Walk const& walk) {
   run_.log.ClearLog();
   run_.replaceExisting = replaceExisting;
   std::string const fullPath = Documents().Push(TextOrEmpty(path));
   std::shared_ptr<ReadDocument> document;
   std::string problem;
-  if (run_.Open(fullPath, document, problem) != ImportRun::Opened::kOpened) {
-    run_.log.ReportError(problem);
-    return false;
+  try {
+    if (run_.Open(fullPath, document, problem) != ImportRun::Opened::kOpened) {
+      run_.log.ReportError(problem);
+    } else {
+      walk(document->document.Root());
+    }
+  } catch (XmlDocumentChanged const& changed) {
+    run_.ReportChange(changed);
   }
-  root_ = document->document.Root();  // the run keeps the document until it is settled
-  return true;
-}
-
-bool Import_i::Finish() {
   run_.Finish();
   return !run_.log.HasErrors();
 }
 
 bool Import_i::Import(char const* path, bool replaceExisting) {
-  if (!OpenDocument(path, replaceExisting)) return Finish();
-  if (SameText(root_.Name(), "library")) {
-    WalkLibrary(root_);
-  } else if (SameText(root_.Name(), "bank")) {
-    WalkBank(root_);
-  } else {
-    run_.log.ReportError("Unrecognized root node <" + std::string(root_.Name()) +
-                         "> - Import allows either <library> or <bank>");
-  }
-  return Finish();
+  return Run(path, replaceExisting, [&](XmlNode root) {
+    if (SameText(root.Name(), "library")) {
+      WalkLibrary(root);
+    } else if (SameText(root.Name(), "bank")) {
+      WalkBank(root);
+    } else {
+      run_.log.ReportError("Unrecognized root node <" + std::string(root.Name()) +
+                           "> - Import allows either <library> or <bank>");
+    }
+  });
 }
 
 bool Import_i::ImportComponent(char const* path, char const* bankName, bool replaceExisting) {
-  if (!OpenDocument(path, replaceExisting)) return Finish();
-  if (SameText(root_.Name(), "comp")) {
-    ComponentImport(run_, TextOrEmpty(bankName).substr(0, kMostName)).ImportAlone(root_);
-  } else {
-    run_.log.ReportError("Unrecognized root node <" + std::string(root_.Name()) +
-                         "> - ImportComponent allows only <comp>");
-  }
-  return Finish();
+  return Run(path, replaceExisting, [&](XmlNode root) {
+    if (SameText(root.Name(), "comp")) {
+      ComponentImport(run_, TextOrEmpty(bankName).substr(0, kMostName)).ImportAlone(root);
+    } else {
+      run_.log.ReportError("Unrecognized root node <" + std::string(root.Name()) +
+                           "> - ImportComponent allows only <comp>");
+    }
+  });
 }
 
 Verdict Import_i::WalkLibrary(XmlNode library) {
@@ -139,8 +140,7 @@ Verdict Import_i::WalkLibrary(XmlNode library) {
 Verdict Import_i::TakeText(XmlNode node, std::size_t match) {
   LibFile_i& file = *run_.owner.Library();
   TextChecks& checks = run_.texts;
-  std::string scratch;
-  std::string_view const text = node.Text(scratch);
+  std::string_view const text = node.Text();
   checks.Begin();
   if (match == kMemo) {
     file.SetMemo(run_.Memo(node).c_str());

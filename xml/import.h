@@ -22,16 +22,15 @@ class Import_i {
   ZelImportCounts const& Counts() const noexcept { return run_.counts; }
 
  private:
-  bool OpenDocument(char const* path, bool replaceExisting);
+  template <typename Walk>
+  bool Run(char const* path, bool replaceExisting, Walk const& walk);
   Verdict WalkLibrary(XmlNode library);
   Verdict TakeText(XmlNode node, std::size_t match);
   Verdict WalkBank(XmlNode bank);
   // Returns the reason why the bank cannot be made; empty on success.
   std::string MakeBank(XmlNode bank, BankAttributes const& attributes);
-  bool Finish();
 
   ImportRun run_;
-  XmlNode root_;
 };
 
 }  // namespace zel

@@ -16,10 +16,9 @@ using AttributeValues = std::array<std::optional<std::string>, N>;
 // walk was aborted.
 template <std::size_t N>
 Verdict TakeAttributes(ImportIterator_i& walk, AttributeValues<N>& values) {
-  std::string scratch;
   XmlNode attribute;
   std::size_t match = 0;
-  while (walk.NextNode(attribute, match)) values[match] = attribute.Value(scratch);
+  while (walk.NextNode(attribute, match)) values[match] = attribute.Value();
   return walk.Ending();
 }
 

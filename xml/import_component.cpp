@@ -151,11 +151,10 @@ Verdict ComponentImport::ReadPhase(XmlNode node) {
       ImportIterator_i::OverAttributes(run_, node, kFlagsAttributes, "component <flags>");
   std::int32_t phase = 0;
   component_->GetPhase(&phase);
-  std::string scratch;
   XmlNode attribute;
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) {
-    std::string_view const word = attribute.Value(scratch);
+    std::string_view const word = attribute.Value();
     if (!TakeCode(kPhaseWords, word, phase) &&
         Report("Unrecognized value \"" + std::string(word) + "\" found for \"phase\" attribute") ==
             Verdict::kStop) {
@@ -168,11 +167,10 @@ Verdict ComponentImport::ReadPhase(XmlNode node) {
 }
 
 Verdict ComponentImport::ReadSmiles(XmlNode node) {
-  std::string scratch;
   char text[101];
-  run_.texts.CheckText(node, node.Text(scratch), sizeof text);
+  run_.texts.CheckText(node, node.Text(), sizeof text);
   if (run_.texts.Refused()) return run_.texts.LastVerdict();
-  CopyText(node.Text(scratch), text, sizeof text);
+  CopyText(node.Text(), text, sizeof text);
   component_->SetSmiles(text);
   return Verdict::kGoOn;
 }
@@ -183,11 +181,10 @@ Verdict ComponentImport::ReadStructure(XmlNode node) {
   ImportIterator_i walk =
       ImportIterator_i::OverAttributes(run_, node, kStructureAttributes, "component <structure>");
   std::uint32_t model = 0;
-  std::string scratch;
   XmlNode attribute;
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) {
-    std::string_view const word = attribute.Value(scratch);
+    std::string_view const word = attribute.Value();
     model = 1;  // model 0 has no name in documents
     while (model < kModelKeywords.size() && !SameText(kModelKeywords[model], word)) ++model;
     if (model == kModelKeywords.size()) {
@@ -200,7 +197,7 @@ Verdict ComponentImport::ReadStructure(XmlNode node) {
   std::array<std::int32_t, kMostGroups> ids{};
   std::array<std::int32_t, kMostGroups> counts{};
   component_->GetRawStructure(model, &count, ids.data(), counts.data());
-  Tokens tokens(node.Text(scratch));
+  Tokens tokens(node.Text());
   std::string_view token;
   std::size_t found = 0;
   CheckFirst(node, "structure", model, kModelKeywords[model]);

@@ -93,8 +93,7 @@ struct CorrelationData {
   }
 
   void TakeCoefficients(XmlNode node, TextChecks& checks) {
-    std::string scratch;
-    Tokens tokens(node.Text(scratch));
+    Tokens tokens(node.Text());
     std::string_view token;
     std::size_t found = 0;
     while ((found < kCoefficients || checks.On()) && tokens.Next(token)) {
@@ -189,11 +188,10 @@ Verdict ComponentImport::ReadCorrelation(XmlNode node) {
 
   if (run_.texts.Ended()) return Verdict::kStop;
   walk.ResetWalk(kSecondPass);
-  std::string scratch;
   XmlNode attribute;
   std::size_t match = 0;
   while (walk.NextNode(attribute, match)) {
-    std::string_view const value = attribute.Value(scratch);
+    std::string_view const value = attribute.Value();
     std::string_view const unknown = TakeAttribute(match, node, value, row->dimension, run_, data);
     if (!unknown.empty()) return Unrecognized(unknown, value, "correlation", name);
     if (run_.texts.Ended()) return Verdict::kStop;

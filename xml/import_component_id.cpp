@@ -56,8 +56,7 @@ void Take(XmlNode node, AttributeValues<kCount> const& values, TextChecks& check
     identity.casNumber =
         static_cast<std::int32_t>(static_cast<long>(casn(values[kCasNum]->c_str())));
   }
-  std::string scratch;
-  Tokens tokens(node.Text(scratch));
+  Tokens tokens(node.Text());
   std::string_view token;
   std::size_t found = 0;
   while ((found < ComponentIdentity::kIds || checks.On()) && tokens.Next(token)) {

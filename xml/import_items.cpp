@@ -70,11 +70,10 @@ Verdict ItemImport::WalkItem(XmlNode item) {
   std::int32_t keyCount = 0;
   ImportIterator_i walk =
       ImportIterator_i::OverChildren(run_, item, names_, "<item>", ImportTags::kFollowed);
-  std::string scratch;
   XmlNode node;
   std::size_t match = 0;
   while (walk.NextNode(node, match)) {
-    std::string_view const text = node.Text(scratch);
+    std::string_view const text = node.Text();
     if (match == fields_.tags.size()) {
       keyCount = ReadKey(node, text);
     } else if (ReadTag(fields_.tags[match], node, text) == Verdict::kStop) {

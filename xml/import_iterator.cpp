@@ -17,12 +17,6 @@ std::string Joined(std::initializer_list<std::string_view> pieces) {
   return text;
 }
 
-// The first element of this name. A document type has the name of the root but is not an element.
-XmlNode FirstElement(XmlNode node, std::string_view name) {
-  while (node && !(node.IsElement() && SameText(node.Name(), name))) node = node.Next();
-  return node;
-}
-
 }  // namespace
 
 ImportIterator_i::ImportIterator_i(ImportRun& run, XmlNode first, bool overAttributes,
@@ -34,7 +28,7 @@ ImportIterator_i::ImportIterator_i(ImportRun& run, XmlNode first, bool overAttri
       context_(context),
       importTags_(importTags),
       first_(first),
-      next_(first),
+      at_(first),
       outerPaths_(run.openPaths.size()) {}
 
 ImportIterator_i ImportIterator_i::OverChildren(ImportRun& run, XmlNode element,
@@ -55,18 +49,26 @@ ImportIterator_i::~ImportIterator_i() { run_.openPaths.resize(outerPaths_); }
 
 void ImportIterator_i::ResetWalk(std::span<NameRow const> names) {
   names_ = names;
-  next_ = first_;
+  at_ = first_;
+  isTaken_ = false;
   seenCounts_.fill(0);
+}
+
+// A node is left only when the next one is asked for: until then the caller uses it.
+XmlNode ImportIterator_i::Advance() {
+  if (isTaken_ && at_) at_ = at_.Next();
+  isTaken_ = true;
+  return at_;
 }
 
 bool ImportIterator_i::NextNode(XmlNode& node, std::size_t& match) {
   while (!aborted_) {
-    if (!next_) {
-      if (!EndInclude()) return false;
-      continue;
+    XmlNode const current = Advance();
+    if (!current) {
+      if (EndInclude()) continue;
+      if (document_) document_->Finish();  // one that is not gone back to
+      return false;
     }
-    XmlNode const current = next_;
-    next_ = current.Next();
     if (current.IsComment() || !Accept(current, match)) continue;
     node = current;
     return true;
@@ -117,7 +119,7 @@ bool ImportIterator_i::EndInclude() {
   if (run_.Settle(document_) == Verdict::kStop) Stop();
   Documents().Pop();
   run_.openPaths.pop_back();
-  next_ = savedNext_;
+  at_ = savedAt_;
   document_ = savedDocument_;
   includeActive_ = false;
   return true;
@@ -145,11 +147,12 @@ Verdict ImportIterator_i::FollowImport(XmlNode tag) {
 
 // Continues the walk with the nodes of the document.
 void ImportIterator_i::EnterInclude(std::shared_ptr<ReadDocument> document) {
-  savedNext_ = next_;
+  savedAt_ = at_;
   savedDocument_ = document_;
   document_ = std::move(document);
-  next_ = document_->document.FirstNode();
-  if (XmlNode const group = FirstElement(next_, "group")) next_ = group.FirstChild();
+  XmlDocument& included = document_->document;
+  at_ = included.HasRoot("group") ? included.Root().FirstChild() : included.FirstNode();
+  isTaken_ = false;
   includeActive_ = true;
 }
 

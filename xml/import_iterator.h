@@ -74,13 +74,16 @@ class ImportIterator_i {
   ImportTags importTags_;
   bool aborted_ = false;
   std::array<std::uint8_t, kMostNames> seenCounts_{};
+  XmlNode Advance();
+
   XmlNode first_;
-  XmlNode next_;
+  XmlNode at_;
+  bool isTaken_ = false;  // the walk goes on behind at_
   // The one place to return to. An `import` directly among the nodes of an included document uses
   // it again: at the end of the inner document the walk returns to the outer one, and at the end of
   // that the walk is over.
   bool includeActive_ = false;
-  XmlNode savedNext_;
+  XmlNode savedAt_;  // the tag
   // Documents of the two lists; null for the one with which the walk began.
   std::shared_ptr<ReadDocument> document_;
   std::shared_ptr<ReadDocument> savedDocument_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <map>
 #include <utility>
 
 #include "frame/ascii.h"
@@ -22,34 +21,16 @@ constexpr NameKind kNames[] = {
     {"version", DocumentLedger::kText},
 };
 
-NameKind const* KindOf(std::string_view name) {
+DocumentLedger::Kind KindOf(std::string_view name) {
   auto const row = std::find_if(std::begin(kNames), std::end(kNames),
                                 [&](NameKind const& r) { return SameText(r.name, name); });
-  return row == std::end(kNames) ? nullptr : row;
+  return row == std::end(kNames) ? DocumentLedger::kKinds : row->kind;
 }
 
 constexpr std::string_view kPlurals[DocumentLedger::kKinds] = {"banks", "items", "components",
                                                                "imports", "texts"};
 
-// The children of one kind of one element.
-struct Group {
-  std::int64_t found = 0;
-  std::int64_t missing = 0;
-  std::int32_t firstLine = 0;  // of the missing ones
-  std::string lines;           // of the first missing ones
-
-  void Add(bool arrived, std::int32_t line) {
-    constexpr std::int64_t kMostLines = 8;
-    ++found;
-    if (arrived) return;
-    if (missing == 0) firstLine = line;
-    if (++missing <= kMostLines) lines += (missing == 1 ? "" : ", ") + std::to_string(line);
-    if (missing == kMostLines + 1) lines += ", ...";
-  }
-};
-
 std::string TitleOf(XmlNode parent) {
-  if (!parent) return "document";
   std::string title =
       "<" + std::string(parent.Name()) + "> of line " + std::to_string(parent.Line());
   auto const type = parent.Attribute("type");
@@ -59,50 +40,65 @@ std::string TitleOf(XmlNode parent) {
 
 }  // namespace
 
-DocumentLedger::DocumentLedger(XmlDocument const& document) : parents_(1) {
-  for (XmlNode node = document.FirstNode(); node; node = node.Next()) {
-    if (node.IsElement()) Enter(node, 0);
-  }
+DocumentLedger::DocumentLedger() { Open(); }
+
+// Elements below data are not entered.
+XmlWatcher::Note DocumentLedger::Enter(XmlNode element) {
+  Kind const kind = KindOf(element.Name());
+  if (kind != kKinds) ++found_[kind];
+  bool const isParent = kind == kKinds || kind == kBank;
+  if (isParent) Open();
+  return {kind, isParent};
 }
 
-// Elements below data are not entered. The parser limits the depth of elements.
-void DocumentLedger::Enter(XmlNode element, std::size_t parent) {
-  if (NameKind const* const row = KindOf(element.Name())) {
-    entries_.push_back({row->kind, false, element.Line(), parent});
-    element.SetNote(&entries_.back());
-    ++found_[row->kind];
-    if (row->kind != kBank) return;
+void DocumentLedger::Leave(XmlNode element, Note note, bool isMarked) {
+  if (note.seesChildren) {
+    auto const& groups = parents_[open_ - 1].groups;
+    bool const isWhole = std::all_of(std::begin(groups), std::end(groups),
+                                     [](Group const& group) { return group.missing == 0; });
+    Close(isWhole ? std::string() : TitleOf(element));
   }
-  std::size_t const self = parents_.size();
-  parents_.push_back(element);
-  for (XmlNode child = element.FirstChild(); child; child = child.Next()) {
-    if (child.IsElement()) Enter(child, self);
-  }
+  if (note.word == kKinds) return;
+  parents_[open_ - 1].groups[note.word].Add(isMarked, element.Line());
+  if (isMarked) ++stored_[note.word];
 }
 
-void DocumentLedger::Arrived(XmlNode element) noexcept {
-  if (void* const entry = element.Note()) static_cast<Entry*>(entry)->arrived = true;
+void DocumentLedger::Group::Add(bool arrived, std::int32_t line) {
+  constexpr std::int64_t kMostLines = 8;
+  ++found;
+  if (arrived) return;
+  if (missing == 0) firstLine = line;
+  if (++missing <= kMostLines) lines += (missing == 1 ? "" : ", ") + std::to_string(line);
+  if (missing == kMostLines + 1) lines += ", ...";
 }
 
-std::int64_t DocumentLedger::Stored(Kind kind) const noexcept {
-  return std::count_if(entries_.begin(), entries_.end(),
-                       [&](Entry const& entry) { return entry.kind == kind && entry.arrived; });
+void DocumentLedger::Open() {
+  if (open_ == parents_.size()) parents_.emplace_back();
+  Parent& parent = parents_[open_++];
+  parent.order = opened_++;
+  for (Group& group : parent.groups) group = {};
 }
 
-std::vector<DocumentLedger::Difference> DocumentLedger::Differences() const {
-  std::map<std::pair<std::size_t, Kind>, Group> groups;
-  for (Entry const& entry : entries_) {
-    groups[{entry.parent, entry.kind}].Add(entry.arrived, entry.line);
-  }
-  std::vector<Difference> differences;
-  for (auto const& [place, group] : groups) {
+void DocumentLedger::Close(std::string const& title) {
+  Parent const& parent = parents_[--open_];
+  for (std::size_t k = 0; k < kKinds; ++k) {
+    Group const& group = parent.groups[k];
     if (group.missing == 0) continue;
-    std::string text =
-        TitleOf(parents_[place.first]) + ": " + std::to_string(group.missing) + " of " +
-        std::to_string(group.found) + " " + std::string(kPlurals[place.second]) +
-        (place.second == kImport ? " not followed" : " not stored") + ", on line " + group.lines;
-    differences.push_back({std::move(text), group.firstLine});
+    std::string text = title + ": " + std::to_string(group.missing) + " of " +
+                       std::to_string(group.found) + " " + std::string(kPlurals[k]) +
+                       (k == kImport ? " not followed" : " not stored") + ", on line " +
+                       group.lines;
+    missing_.push_back({parent.order, static_cast<Kind>(k), {std::move(text), group.firstLine}});
   }
+}
+
+std::vector<DocumentLedger::Difference> DocumentLedger::Differences() {
+  while (open_ > 0) Close("document");
+  std::sort(missing_.begin(), missing_.end(), [](Missing const& a, Missing const& b) {
+    return std::pair(a.order, a.kind) < std::pair(b.order, b.kind);
+  });
+  std::vector<Difference> differences;
+  for (Missing& missing : missing_) differences.push_back(std::move(missing.difference));
   return differences;
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "frame/platform/text_file.h"
 #include "maint/document_stack.h"
 #include "xml/import_text.h"
 
@@ -22,22 +21,23 @@ ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadD
   if (std::find(openPaths.begin(), openPaths.end(), path) != openPaths.end()) {
     return fail("it imports itself");
   }
-  std::string text;
-  platform::ReadResult const read = platform::ReadTextFile(path, text);
+  auto opened = std::make_shared<ReadDocument>();
+  platform::ReadResult const read = opened->text.Open(path);
   if (read == platform::ReadResult::kMissing) {
     message = "Unable to locate" + title;
     return Opened::kFailed;
   }
   if (read != platform::ReadResult::kRead) return fail("it cannot be read");
-  if (std::string_view const bound = bounds.Take(path, text.size()); !bound.empty()) {
+  if (std::string_view const bound = bounds.Take(path, opened->text.Size()); !bound.empty()) {
     message = "Import ended at" + title + ": " + std::string(bound);
     return Opened::kEnd;
   }
   if (openPaths.size() >= ImportBounds::kMostOpenDocuments) {
     return fail("more than 100 documents within each other");
   }
-  auto opened = std::make_shared<ReadDocument>();
-  if (!opened->document.Load(text)) {
+  opened->document.Watch(opened->ledger);
+  if (!opened->document.Load(opened->text)) {
+    if (opened->text.HasFailed()) return fail("it cannot be read");
     XmlProblem const& problem = opened->document.Problem();
     if (texts.On() || problem.toldAlways) {
       if (problem.line > 0) message += ", line " + std::to_string(problem.line);
@@ -46,7 +46,6 @@ ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadD
     return Opened::kFailed;
   }
   opened->path = path;
-  opened->ledger = std::make_unique<DocumentLedger>(opened->document);
   openPaths.push_back(path);
   unsettled.push_back(opened);
   document = std::move(opened);
@@ -54,8 +53,7 @@ ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadD
 }
 
 std::string ImportRun::Memo(XmlNode node) {
-  std::string scratch;
-  std::string_view const text = node.Text(scratch);
+  std::string_view const text = node.Text();
   bool lost = false;
   std::string memo = MemoText(text, lost);
   if (lost) texts.Altered(node, text, memo);
@@ -69,7 +67,8 @@ Verdict ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   if (at == unsettled.end()) return Verdict::kGoOn;
   std::shared_ptr<ReadDocument> const settled = *at;
   unsettled.erase(at);
-  DocumentLedger const& ledger = *settled->ledger;
+  settled->Finish();
+  DocumentLedger& ledger = settled->ledger;
   counts.itemsFound += ledger.Found(DocumentLedger::kItem);
   counts.itemsStored += ledger.Stored(DocumentLedger::kItem);
   counts.componentsFound += ledger.Found(DocumentLedger::kComponent);
@@ -94,11 +93,25 @@ Verdict ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   return Verdict::kGoOn;
 }
 
+// Without checks, the reason is not told: as of any document that cannot be read as a whole.
+void ImportRun::ReportChange(XmlDocumentChanged const& changed) {
+  if (anyChanged) return;
+  anyChanged = true;
+  log.SetItemLabel("");
+  log.ReportError("Format error in XML document \"" + changed.path + "\"" +
+                  (texts.On() ? ": it changed while it was read" : ""));
+}
+
 void ImportRun::Finish() {
   while (!unsettled.empty()) {
     std::shared_ptr<ReadDocument> const document = unsettled.back();
     Documents().Push(document->path);
-    Verdict const verdict = Settle(document);
+    Verdict verdict = Verdict::kGoOn;
+    try {
+      verdict = Settle(document);
+    } catch (XmlDocumentChanged const& changed) {
+      ReportChange(changed);
+    }
     Documents().Pop();
     if (verdict == Verdict::kStop) break;
   }

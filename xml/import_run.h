@@ -14,11 +14,19 @@
 
 namespace zel {
 
-// A document in memory, with a record of what was stored.
+// A document that is read, with a record of what was stored.
 struct ReadDocument {
   std::string path;
+  DocumentText text;
   XmlDocument document;
-  std::unique_ptr<DocumentLedger> ledger;
+  DocumentLedger ledger;
+
+  // Reads what the walk has left, so that the ledger is complete, and gives back all but that.
+  // Throws XmlDocumentChanged.
+  void Finish() {
+    document.Finish();
+    text.Close();
+  }
 };
 
 struct ImportRun {
@@ -36,6 +44,7 @@ struct ImportRun {
   // Documents that are not settled yet.
   std::vector<std::shared_ptr<ReadDocument>> unsettled;
   ZelImportCounts counts;
+  bool anyChanged = false;
 
   enum class Opened : std::uint8_t {
     kOpened,
@@ -47,6 +56,8 @@ struct ImportRun {
               std::string& message);
   // Returns the text of a <memo> and marks it as stored.
   std::string Memo(XmlNode node);
+  // Reports that a document changed while it was read, which ends the import.
+  void ReportChange(XmlDocumentChanged const& changed);
   // Reports what of the document was not stored, and drops the document.
   Verdict Settle(std::shared_ptr<ReadDocument> const& document);
   // Does this for all remaining documents, and completes the counts for the host.

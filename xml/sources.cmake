@@ -1,5 +1,6 @@
 set(xml_SOURCES
     document_contents.cpp
+    document_text.cpp
     export.cpp
     export_component.cpp
     export_items.cpp
@@ -18,6 +19,8 @@ set(xml_SOURCES
     lib_maint_export.cpp
     lib_maint_import.cpp
     text_checks.cpp
+    tree_events.cpp
     unit_words.cpp
     xml_document.cpp
-    xml_load.cpp)
+    xml_parse.cpp
+    xml_tokens.cpp)

@@ -1,25 +1,34 @@
-// An XML document in memory, seen through the few operations that an import needs.
+// An XML document, read from its beginning to its end, seen through the few operations that an
+// import needs.
 //
-// Loading is strict: a text that is not well formed does not load. Nothing outside the document is
-// ever read: a document with an entity that names a file or an address, or that it does not
-// declare, does not load. Entities of the document itself are replaced by their text; parameter
-// entities are refused. Bounds keep the time of a load proportional to the size of the text. Texts
-// are UTF-8, whatever the encoding of the file.
+// It is read twice. Load parses it and keeps nothing, so that a text that is not well formed is
+// refused before anything of it is used. Then the caller walks it, and only the elements that
+// enclose the place where the walk is are in memory, with the text that was asked for last. A
+// document that is not plain (xml_parse.h) is kept as a tree and walked in the same way. Texts are
+// UTF-8, whatever the encoding of the file.
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "xml/xml_events.h"
+#include "xml/xml_parse.h"
+#include "xml/xml_tokens.h"
+
 namespace zel {
 
-// A node of a document, as light as a pointer; valid as long as its document.
+class XmlDocument;
+
+// The place of a walk in one list of nodes, as light as a pointer. The walk goes forward only: a
+// node is valid until Next is called on it or on a node that encloses it.
 class XmlNode {
  public:
   XmlNode() noexcept = default;
-  explicit operator bool() const noexcept { return node_ != nullptr; }
+  explicit operator bool() const noexcept { return document_ != nullptr; }
 
   // Name with its prefix; "#text", "#cdata-section", "#comment" for nodes without one of their own,
   // the target of a processing instruction, and "xml" for the declaration.
@@ -28,79 +37,115 @@ class XmlNode {
   bool IsElement() const noexcept;
   // The line of the end of an element's start tag; 0 for nodes without one.
   std::int32_t Line() const noexcept;
-  // A pointer of the caller's own that an element keeps; null at first.
-  void SetNote(void* note) const noexcept;
-  void* Note() const noexcept;
+  // Sets a mark that the watcher of the document sees when the walk leaves the element.
+  void Mark() const noexcept;
 
-  // Child nodes in document order, except text that is only white space.
-  XmlNode FirstChild() const noexcept;
-  // Attributes, namespace declarations included.
-  XmlNode FirstAttribute() const noexcept;
+  // The first child node, except text that is only white space. Null if the content of the element
+  // has been read.
+  XmlNode FirstChild() const;
+  // Attributes, namespace declarations included. They can be walked again.
+  XmlNode FirstAttribute() const;
   // The next one of the same list; null at its end.
-  XmlNode Next() const noexcept;
+  XmlNode Next() const;
 
   // The text of an element and its descendants. White space is dropped at an end that is plain
-  // text; CDATA sections are kept as is. Points into the document, or into `scratch` if the text
-  // consists of several pieces.
-  std::string_view Text(std::string& scratch) const;
-  // The value of an attribute, stored in the same way.
-  std::string_view Value(std::string& scratch) const;
+  // text; CDATA sections are kept as is. Reads the content of the element, which then has no child
+  // nodes. Valid as long as the node.
+  std::string_view Text() const;
+  // The value of an attribute, valid as long as its element.
+  std::string_view Value() const;
   // The value of the attribute with exactly this name.
   std::optional<std::string> Attribute(std::string_view name) const;
 
  private:
   friend class XmlDocument;
-  enum class Kind : std::uint8_t { kNode, kNamespace, kDeclaration };
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-  XmlNode(Kind kind, void const* node, void const* owner = nullptr) noexcept
-      : kind_(kind), node_(node), owner_(owner) {}
-  static XmlNode Listed(void const* node) noexcept;
+  XmlNode(XmlDocument* document, std::size_t depth, std::size_t attribute = kNone) noexcept
+      : document_(document), depth_(depth), attribute_(attribute) {}
 
-  Kind kind_ = Kind::kNode;
-  void const* node_ = nullptr;
-  void const* owner_ = nullptr;  // element of a namespace declaration
+  XmlDocument* document_ = nullptr;
+  std::size_t depth_ = 0;
+  std::size_t attribute_ = kNone;  // index of an attribute
 };
 
-// Why a document did not load.
-struct XmlProblem {
-  std::string reason;  // the bound that was exceeded, or the parser's message
-  std::int32_t line = 0;
-  bool toldAlways = false;  // every message includes the reason
+// Sees the elements of a document, whether the walk reaches them or passes over them.
+class XmlWatcher {
+ public:
+  struct Note {
+    std::uint8_t word = 0;      // the watcher's own
+    bool seesChildren = false;  // the watcher sees the child elements, too
+  };
+  virtual Note Enter(XmlNode element) = 0;
+  virtual void Leave(XmlNode element, Note note, bool isMarked) = 0;
+
+ protected:
+  ~XmlWatcher() = default;
 };
 
 class XmlDocument {
  public:
-  // The bounds of one document. The parser limits the depth of elements.
-  static constexpr int kMostAttributes = 1000;         // of one element
-  static constexpr int kMostNamespaces = 1000;         // in force at one element
-  static constexpr int kMostDeclared = 100;            // attributes, in the document type
-  static constexpr int kMostReferences = 1000;         // to entities, between two start tags
-  static constexpr int kLargestDocumentType = 32'000;  // bytes, rounded up to a piece that is read
-  // Bytes that entities may add.
-  static constexpr double kRoom = 1e6;
-  static constexpr double kRoomPerByte = 10.0;
-
-  XmlDocument() noexcept;
+  XmlDocument();
   XmlDocument(XmlDocument const&) = delete;
   XmlDocument& operator=(XmlDocument const&) = delete;
   ~XmlDocument();
 
-  // False when the text is not a well-formed document or exceeds a bound. Throws std::bad_alloc.
+  // False when the text is not a well-formed document or exceeds a bound. The text must outlive the
+  // walk. Throws std::bad_alloc.
+  bool Load(DocumentText& text);
   bool Load(std::string_view text);
   // Why the last Load returned false.
   XmlProblem const& Problem() const noexcept { return problem_; }
+  // Throws XmlDocumentChanged, as does each step of a walk.
+  void Watch(XmlWatcher& watcher) { watcher_ = &watcher; }
 
-  // The root element.
-  XmlNode Root() const noexcept;
-  // The first of all nodes outside and including the root; a declaration comes first.
-  XmlNode FirstNode() const noexcept;
+  // True if the root has this name, in upper or lower case.
+  bool HasRoot(std::string_view name) const;
+  // Begins the walk at the root element.
+  XmlNode Root();
+  // Begins the walk at the first of all nodes outside and including the root; a declaration comes
+  // first.
+  XmlNode FirstNode();
+  // Passes over what the walk has not reached, for the watcher, and gives back the memory.
+  void Finish();
 
  private:
-  struct Closer {
-    void operator()(void* document) const noexcept;
+  friend class XmlNode;
+
+  // One of the nodes that enclose each other at the place of the walk.
+  struct Slot {
+    XmlEvent::Kind kind = XmlEvent::Kind::kStart;
+    bool isRead = false;     // up to its end tag
+    bool isWatched = false;  // the watcher was told of it
+    bool isMarked = false;
+    bool hasText = false;
+    bool hasAttributes = false;
+    std::int32_t line = 0;
+    XmlWatcher::Note note;
+    std::string tag;  // the name, and what follows it in a start tag
+    std::size_t nameSize = 0;
+    void const* element = nullptr;
+    std::string text;
+    std::size_t attributeCount = 0;
+    std::vector<XmlAttribute> attributes;
   };
-  std::unique_ptr<void, Closer> document_;
+
+  void Begin(std::unique_ptr<XmlEvents> events);
+  XmlNode ReadChild(std::size_t depth);
+  void ReadRest(std::size_t depth);
+  void PassOver(std::size_t depth);
+  void ReadText(Slot& slot);
+  Slot& WithAttributes(std::size_t depth);
+
+  std::unique_ptr<DocumentText> ownText_;
+  XmlTree tree_;
+  std::unique_ptr<XmlEvents> events_;
+  XmlEvent event_;
+  std::string rootName_;
   XmlProblem problem_;
+  XmlWatcher* watcher_ = nullptr;
+  std::deque<Slot> slots_;  // the first is the document itself
+  std::size_t depth_ = 0;   // of the innermost slot in use
 };
 
 }  // namespace zel

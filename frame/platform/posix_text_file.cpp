@@ -94,6 +94,36 @@ bool TextFile::Close() {
   return !lost_;
 }
 
+ReadResult TextInput::Open(std::string const& path) {
+  Close();
+  struct stat status {};
+  if (path.empty() || ::stat(path.c_str(), &status) != 0) return ReadResult::kMissing;
+  if (!S_ISREG(status.st_mode)) return ReadResult::kUnreadable;
+  size_ = static_cast<std::uint64_t>(status.st_size);
+  if (size_ > kLongestText) return ReadResult::kUnreadable;
+  file_ = zel::platform::Open(path.c_str(), O_RDONLY).Release();
+  return file_ < 0 ? ReadResult::kUnreadable : ReadResult::kRead;
+}
+
+void TextInput::Close() noexcept {
+  if (file_ >= 0) ::close(file_);
+  file_ = -1;
+}
+
+std::optional<std::size_t> TextInput::Read(std::uint64_t place, char* buffer,
+                                           std::size_t room) noexcept {
+  std::size_t length = 0;
+  while (length < room) {
+    ssize_t const n = Retry([&] {
+      return ::pread(file_, buffer + length, room - length, static_cast<off_t>(place + length));
+    });
+    if (n < 0) return std::nullopt;
+    if (n == 0) break;
+    length += static_cast<std::size_t>(n);
+  }
+  return length;
+}
+
 ReadResult ReadTextFile(std::string const& path, std::string& text) {
   struct stat status {};
   if (path.empty() || ::stat(path.c_str(), &status) != 0) return ReadResult::kMissing;

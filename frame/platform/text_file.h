@@ -1,8 +1,9 @@
-// Text files, written sequentially and read whole.
+// Text files, written sequentially and read whole or in pieces.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -44,5 +45,27 @@ class TextFile {
 enum class ReadResult : std::uint8_t { kRead, kMissing, kUnreadable };
 // All bytes of a file; one of 2 GiB or more is unreadable. `text` is undefined unless it was read.
 ReadResult ReadTextFile(std::string const& path, std::string& text);
+
+// A file that is read in pieces. It stays the same file if another one takes its place.
+class TextInput {
+ public:
+  TextInput() noexcept = default;
+  TextInput(TextInput const&) = delete;
+  TextInput& operator=(TextInput const&) = delete;
+  ~TextInput() { Close(); }
+
+  // The same results as ReadTextFile.
+  ReadResult Open(std::string const& path);
+  void Close() noexcept;
+  // Bytes, when it was opened; 0 also for files of the system that do not know their size.
+  std::uint64_t Size() const noexcept { return size_; }
+  // Bytes from this place on: as many as there is room for, fewer at the end of the file, and
+  // nothing if they cannot be read.
+  std::optional<std::size_t> Read(std::uint64_t place, char* buffer, std::size_t room) noexcept;
+
+ private:
+  int file_ = -1;
+  std::uint64_t size_ = 0;
+};
 
 }  // namespace zel::platform

@@ -15,7 +15,9 @@ set(xml_TEST_SOURCES
     import_items_test.cpp
     import_limits_test.cpp
     import_text_test.cpp
+    import_stream_test.cpp
     import_time_test.cpp
     import_walk_test.cpp
     round_trip_test.cpp
-    unit_words_test.cpp)
+    unit_words_test.cpp
+    xml_events_test.cpp)

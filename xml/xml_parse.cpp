@@ -1,18 +1,16 @@
-// Loading of documents: the parser's options, and what it is not allowed to do.
+#include "xml/xml_parse.h"
+
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
 
 #include <algorithm>
-#include <cstring>
 #include <functional>
 #include <limits>
 #include <map>
 #include <new>
 #include <string>
-
-#include "xml/xml_document.h"
 
 namespace zel {
 
@@ -25,7 +23,7 @@ std::string_view ViewOf(xmlChar const* text) noexcept {
 // The state and counts of one document while it is parsed.
 struct Parse {
   xmlParserCtxt* context = nullptr;
-  std::string_view rest;    // not yet passed to the parser
+  DocumentText* text = nullptr;
   XmlProblem problem;       // the first
   bool refused = false;     // by a bound
   bool memoryLost = false;  // kept here, since a later error replaces it in the parser's own record
@@ -34,6 +32,11 @@ struct Parse {
   std::size_t typeBytes = 0;  // of the document type
   double room = 0.0;          // bytes that entities may still add
   std::map<std::string, double, std::less<>> entityBytes;
+
+  // When the text is only checked.
+  bool isPlain = true;
+  std::string rootName;
+  std::size_t runBytes = 0;  // of the text since the last node of another kind
 
   // The first problem remains the reason.
   void Note(std::string_view reason, std::int32_t line, bool toldAlways) {
@@ -60,7 +63,7 @@ void Refuse(void* data, std::string_view bound, bool toldAlways = true) {
 // keep the parser busy for hours.
 void DeclareAttribute(void* data, xmlChar const* element, xmlChar const* name, int type, int usage,
                       xmlChar const* defaultValue, xmlEnumeration* words) {
-  if (++ParseOf(data).declaredAttributes > XmlDocument::kMostDeclared) {
+  if (++ParseOf(data).declaredAttributes > XmlBounds::kMostDeclared) {
     xmlFreeEnumeration(words);
     Refuse(data, "more than 100 declared attributes");
     return;
@@ -120,7 +123,7 @@ xmlEntity* CountEntity(void* data, xmlChar const* name) {
   bool const inText = context->instate == XML_PARSER_CONTENT;
   if (parse.room < 0.0) {
     Refuse(data, "entities add more than 1 MB and ten times the size of the document", false);
-  } else if (inText && ++parse.references > XmlDocument::kMostReferences) {
+  } else if (inText && ++parse.references > XmlBounds::kMostReferences) {
     Refuse(data, "more than 1000 references to entities in one text");
   } else {
     return entity;
@@ -133,19 +136,25 @@ void ReferToEntity(void* data, xmlChar const*) {
   Refuse(data, "an entity that is not declared", false);
 }
 
+// True if the element is within the bounds.
+bool BoundStart(void* data, int attributes, int namespaces) {
+  if (attributes + namespaces > XmlBounds::kMostAttributes) {
+    Refuse(data, "more than 1000 attributes on one element");
+  } else if (static_cast<xmlParserCtxt const*>(data)->nsNr / 2 > XmlBounds::kMostNamespaces) {
+    Refuse(data, "more than 1000 namespaces");
+  } else {
+    return true;
+  }
+  return false;
+}
+
 void StartElement(void* data, xmlChar const* name, xmlChar const* prefix, xmlChar const* uri,
                   int namespaces, xmlChar const** namespaceList, int attributes, int defaulted,
                   xmlChar const** attributeList) {
-  auto const* const context = static_cast<xmlParserCtxt const*>(data);
   ParseOf(data).references = 0;
-  if (attributes + namespaces > XmlDocument::kMostAttributes) {
-    Refuse(data, "more than 1000 attributes on one element");
-  } else if (context->nsNr / 2 > XmlDocument::kMostNamespaces) {
-    Refuse(data, "more than 1000 namespaces");
-  } else {
-    xmlSAX2StartElementNs(data, name, prefix, uri, namespaces, namespaceList, attributes, defaulted,
-                          attributeList);
-  }
+  if (!BoundStart(data, attributes, namespaces)) return;
+  xmlSAX2StartElementNs(data, name, prefix, uri, namespaces, namespaceList, attributes, defaulted,
+                        attributeList);
 }
 
 // Attributes and lists of words are compared with each other while they are read, before any
@@ -153,14 +162,14 @@ void StartElement(void* data, xmlChar const* name, xmlChar const* prefix, xmlCha
 // its arrays: they have five members for each attribute and two for each namespace, and are doubled
 // when they are full.
 bool WithinBounds(Parse& parse, std::size_t piece) {
-  constexpr int kRoomOfAttributes = 2 * 5 * (XmlDocument::kMostAttributes + 100);
-  constexpr int kRoomOfNamespaces = 2 * 2 * (XmlDocument::kMostNamespaces + 100);
+  constexpr int kRoomOfAttributes = 2 * 5 * (XmlBounds::kMostAttributes + 100);
+  constexpr int kRoomOfNamespaces = 2 * 2 * (XmlBounds::kMostNamespaces + 100);
   xmlParserCtxt const& context = *parse.context;
   if (context.maxatts > kRoomOfAttributes || context.nsMax > kRoomOfNamespaces) {
     parse.Pass("more than 1000 attributes on one element");
   }
   if (context.inSubset != 0) parse.typeBytes += piece;
-  if (parse.typeBytes > XmlDocument::kLargestDocumentType) {
+  if (parse.typeBytes > XmlBounds::kLargestDocumentType) {
     parse.Pass("a document type of more than 32 KB");
   }
   return !parse.refused;
@@ -169,16 +178,14 @@ bool WithinBounds(Parse& parse, std::size_t piece) {
 // Ends the text if a bound was exceeded.
 int ReadPiece(void* data, char* buffer, int room) {
   Parse& parse = *static_cast<Parse*>(data);
-  std::size_t const size = std::min(parse.rest.size(), static_cast<std::size_t>(room));
-  if (!WithinBounds(parse, size)) return 0;
-  std::memcpy(buffer, parse.rest.data(), size);
-  parse.rest.remove_prefix(size);
-  return static_cast<int>(size);
+  std::size_t const size = parse.text->Read(buffer, static_cast<std::size_t>(room));
+  return WithinBounds(parse, size) ? static_cast<int>(size) : 0;
 }
 
 void NoteError(void* data, xmlError const* error) {
   Parse& parse = ParseOf(data);
   if (error->code == XML_ERR_NO_MEMORY) parse.memoryLost = true;
+  if (error->domain == XML_FROM_NAMESPACE && error->level >= XML_ERR_ERROR) parse.isPlain = false;
   if (error->level != XML_ERR_FATAL || error->message == nullptr) return;
   std::string_view const words(error->message);
   parse.Note(words.substr(0, words.find('\n')), error->line, false);
@@ -220,39 +227,102 @@ void SetCallbacks(xmlSAXHandler& sax) {
   sax.serror = [](void* data, auto* error) { NoteError(data, error); };
 }
 
-}  // namespace
+// --- a check without a tree ----------------------------------------------------------------------
 
-bool XmlDocument::Load(std::string_view text) {
-  document_.reset();
-  problem_ = {};
-  if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-    problem_ = {"2 GiB or more", 0, true};
-    return false;
+void LeavePlain(void* data) {
+  ParseOf(data).isPlain = false;
+  xmlStopParser(static_cast<xmlParserCtxt*>(data));
+}
+
+void CheckDocumentType(void* data, xmlChar const*, xmlChar const*, xmlChar const*) {
+  LeavePlain(data);
+}
+
+void CheckStart(void* data, xmlChar const* name, xmlChar const* prefix, xmlChar const*,
+                int namespaces, xmlChar const**, int attributes, int, xmlChar const**) {
+  auto const* const context = static_cast<xmlParserCtxt const*>(data);
+  Parse& parse = ParseOf(data);
+  if (parse.rootName.empty()) {
+    if (prefix != nullptr) parse.rootName.append(ViewOf(prefix)).append(":");
+    parse.rootName.append(ViewOf(name));
+    bool const isUtf8 =
+        context->input->buf->encoder == nullptr && context->charset == XML_CHAR_ENCODING_UTF8;
+    parse.isPlain = parse.isPlain && isUtf8;
+  }
+  if (!parse.isPlain) return LeavePlain(data);
+  parse.references = 0;
+  parse.runBytes = 0;
+  BoundStart(data, attributes, namespaces);
+}
+
+// A tree would run out of room for a longer text.
+void CheckText(void* data, xmlChar const*, int size) {
+  Parse& parse = ParseOf(data);
+  bool const isFirst = parse.runBytes == 0;
+  parse.runBytes += static_cast<std::size_t>(size);
+  if (!isFirst && parse.runBytes > XML_MAX_TEXT_LENGTH) parse.memoryLost = true;
+}
+
+void EndRun(void* data) { ParseOf(data).runBytes = 0; }
+
+void SetChecks(xmlSAXHandler& sax) {
+  sax.internalSubset = CheckDocumentType;
+  sax.startElementNs = CheckStart;
+  sax.endElementNs = [](void* data, auto...) { EndRun(data); };
+  sax.characters = CheckText;
+  sax.ignorableWhitespace = CheckText;
+  sax.cdataBlock = [](void* data, auto...) { EndRun(data); };
+  sax.comment = [](void* data, auto...) { EndRun(data); };
+  sax.processingInstruction = [](void* data, auto...) { EndRun(data); };
+}
+
+enum class Purpose : std::uint8_t { kCheck, kTree };
+
+XmlParsed Run(DocumentText& text, Purpose purpose) {
+  XmlParsed parsed;
+  if (text.Size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+    parsed.isPlain = true;
+    parsed.problem = {"2 GiB or more", 0, true};
+    return parsed;
   }
   ParserSilence const silence;
   std::unique_ptr<xmlParserCtxt, ContextCloser> const context(xmlNewParserCtxt());
   if (!context) throw std::bad_alloc();
   Parse parse;
   parse.context = context.get();
-  parse.rest = text;
-  parse.room = kRoom + kRoomPerByte * static_cast<double>(text.size());
+  parse.text = &text;
+  parse.room = XmlBounds::kRoom + XmlBounds::kRoomPerByte * static_cast<double>(text.Size());
   context->_private = &parse;
   SetCallbacks(*context->sax);
+  if (purpose == Purpose::kCheck) SetChecks(*context->sax);
+  text.BeginFirst();
   constexpr int kOptions = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
                            XML_PARSE_NOWARNING | XML_PARSE_COMPACT | XML_PARSE_BIG_LINES;
   // If memory ran out while the tree was built, possibly only the parser library's last error says
   // so.
   xmlResetLastError();
-  document_.reset(
+  parsed.tree.reset(
       xmlCtxtReadIO(context.get(), ReadPiece, nullptr, &parse, nullptr, nullptr, kOptions));
   xmlError const* last = xmlGetLastError();
   if (parse.memoryLost || (last != nullptr && last->code == XML_ERR_NO_MEMORY)) {
-    document_.reset();
     throw std::bad_alloc();
   }
-  if (parse.refused) document_.reset();
-  if (document_ == nullptr) problem_ = std::move(parse.problem);
-  return document_ != nullptr;
+  parsed.isPlain = purpose == Purpose::kCheck && parse.isPlain;
+  parsed.isGood = parsed.tree != nullptr && !parse.refused;
+  if (!parsed.isGood || parsed.isPlain) parsed.tree.reset();
+  if (purpose == Purpose::kCheck && !parse.isPlain) parsed.isGood = false;
+  if (!parsed.isGood) parsed.problem = std::move(parse.problem);
+  parsed.rootName = std::move(parse.rootName);
+  return parsed;
 }
+
+}  // namespace
+
+void XmlTreeCloser::operator()(void* document) const noexcept {
+  xmlFreeDoc(static_cast<xmlDoc*>(document));
+}
+
+XmlParsed CheckXml(DocumentText& text) { return Run(text, Purpose::kCheck); }
+XmlParsed ParseXml(DocumentText& text) { return Run(text, Purpose::kTree); }
 
 }  // namespace zel
