@@ -74,6 +74,30 @@ TEST_F(TextFileTest, WhatIsNoFileCannotBeRead) {
   EXPECT_EQ(ReadTextFile("/dev/zero", text_), ReadResult::kUnreadable);
 }
 
+TEST_F(TextFileTest, PiecesComeFromTheirPlace) {
+  MakeFile("a", "0123456789");
+  auto const before = OpenDescriptors();
+  char piece[8] = {};
+  {
+    TextInput file;
+    ASSERT_EQ(file.Open(Path("a")), ReadResult::kRead);
+    EXPECT_EQ(file.Size(), 10U);
+    EXPECT_EQ(file.Read(2, piece, 4), 4U);
+    EXPECT_EQ(std::string(piece, 4), "2345");
+    EXPECT_EQ(file.Read(8, piece, sizeof piece), 2U) << "up to the end";
+    EXPECT_EQ(file.Read(10, piece, sizeof piece), 0U);
+    fs::rename(Path("a"), Path("b"));
+    MakeFile("a", "other");
+    EXPECT_EQ(file.Read(0, piece, 1), 1U);
+    EXPECT_EQ(piece[0], '0') << "the file that was opened";
+    EXPECT_EQ(file.Open(Path("none")), ReadResult::kMissing);
+    EXPECT_EQ(file.Read(0, piece, 1), std::nullopt);
+    EXPECT_EQ(file.Open(Folder().string()), ReadResult::kUnreadable);
+    EXPECT_EQ(file.Open(Sparse(std::uintmax_t{INT_MAX} + 1)), ReadResult::kUnreadable);
+  }
+  EXPECT_EQ(OpenDescriptors(), before);
+}
+
 TEST_F(TextFileTest, ATextLongerThanAnIntIsRefusedBeforeItIsRead) {
   auto const before = OpenDescriptors();
   EXPECT_EQ(ReadTextFile(Sparse(std::uintmax_t{INT_MAX} + 1), text_), ReadResult::kUnreadable);
