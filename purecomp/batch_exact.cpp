@@ -29,7 +29,7 @@ bool Inside(Form const& form, LoopInputs const& in, double temperature, double& 
 }
 
 template <int Equation, int Order, typename Form>
-[[gnu::flatten, gnu::noinline]] void Loop(Form const& form, BatchRun& run) {
+[[ZEL_FLATTEN, gnu::noinline]] void Loop(Form const& form, BatchRun& run) {
   LoopInputs const in(run.OwnCurve());
   auto const temperatures = run.temperatures;
   auto const values = run.values;

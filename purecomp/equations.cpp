@@ -27,8 +27,8 @@ bool ValueOnly(EquationCall const& call, int N, double& value) {
 // Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
 // call apart from its arithmetic.
 template <int Order>
-[[gnu::flatten]] void WithDerivative(EquationCall const& call, int N, double& value,
-                                     double& derivative) {
+[[ZEL_FLATTEN]] void WithDerivative(EquationCall const& call, int N, double& value,
+                                    double& derivative) {
   auto const T = Jet<Order>::Variable(call.temperature);
   WithForm(call.equation, [&](auto number, auto const& form) {
     auto const s = MakeSymbols(call, T, N, call.coefficients);

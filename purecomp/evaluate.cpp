@@ -113,10 +113,10 @@ CalledCorrelation Evaluator::Call(std::uint32_t index, double temperature, int h
 
 // Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
 // call apart from its arithmetic.
-[[gnu::flatten]] ZelStatus EvaluateRecord(Component const& component, std::uint32_t index,
-                                          double temperature, std::int32_t order, double* value,
-                                          double* derivative, double* weights,
-                                          std::int32_t* status) {
+[[ZEL_FLATTEN]] ZelStatus EvaluateRecord(Component const& component, std::uint32_t index,
+                                         double temperature, std::int32_t order, double* value,
+                                         double* derivative, double* weights,
+                                         std::int32_t* status) {
   if (order <= kFirstDerivative && index < kNamedCorrelations && index != correlationExpansion) {
     Correlation const& record = component.correlations[index];
     if (record.present && RangeOf(temperature, record.tMin, record.tMax) == kInRange) {

@@ -13,6 +13,14 @@
 
 #include "purecomp/compare_temperature.h"
 
+// Inlines all that a function calls. With AddressSanitizer, whose checks make such functions take
+// minutes to compile, nothing.
+#ifdef __SANITIZE_ADDRESS__
+#define ZEL_FLATTEN gnu::noinline
+#else
+#define ZEL_FLATTEN gnu::flatten
+#endif
+
 namespace zel {
 
 // A value and its first N derivatives with respect to one variable. V is the type of these numbers:

@@ -28,8 +28,8 @@ void Finish(LoopInputs const& in, Pack<W>& value, Pack<W>& slope) noexcept {
 
 // Flattened: nothing of a loop is left to functions that other sources share.
 template <int W, bool kHasSlopes, typename Form>
-[[gnu::flatten, gnu::noinline]] bool ComputeForm(Form const& form, LoopInputs const& in,
-                                                 Block& block) {
+[[ZEL_FLATTEN, gnu::noinline]] bool ComputeForm(Form const& form, LoopInputs const& in,
+                                                Block& block) {
   using Jets = Jet<1, Pack<W>>;
   Mask<W> all(Pack<W>() <= 0.0);
   for (std::int64_t i = 0; i < kBlock; i += W) {
