@@ -15,10 +15,10 @@ struct NameKind {
   DocumentLedger::Kind kind;
 };
 constexpr NameKind kNames[] = {
-    {"item", DocumentLedger::kItem},    {"comp", DocumentLedger::kComponent},
-    {"bank", DocumentLedger::kBank},    {"import", DocumentLedger::kImport},
-    {"memo", DocumentLedger::kText},    {"description", DocumentLedger::kText},
-    {"version", DocumentLedger::kText},
+    {"item", DocumentLedger::kItem},           {"comp", DocumentLedger::kComponent},
+    {"bank", DocumentLedger::kBank},           {"import", DocumentLedger::kImport},
+    {"memo", DocumentLedger::kLibraryText},    {"description", DocumentLedger::kLibraryText},
+    {"version", DocumentLedger::kLibraryText},
 };
 
 DocumentLedger::Kind KindOf(std::string_view name) {

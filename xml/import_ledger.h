@@ -18,7 +18,7 @@ namespace zel {
 
 class DocumentLedger final : public XmlWatcher {
  public:
-  enum Kind : std::uint8_t { kBank, kItem, kComponent, kImport, kText, kKinds };
+  enum Kind : std::uint8_t { kBank, kItem, kComponent, kImport, kLibraryText, kKinds };
 
   DocumentLedger();
 

@@ -75,8 +75,8 @@ Verdict ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   counts.componentsStored += ledger.Stored(DocumentLedger::kComponent);
   counts.banksFound += ledger.Found(DocumentLedger::kBank);
   counts.banksStored += ledger.Stored(DocumentLedger::kBank);
-  counts.textsFound += ledger.Found(DocumentLedger::kText);
-  counts.textsStored += ledger.Stored(DocumentLedger::kText);
+  counts.textsFound += ledger.Found(DocumentLedger::kLibraryText);
+  counts.textsStored += ledger.Stored(DocumentLedger::kLibraryText);
   counts.importsFound += ledger.Found(DocumentLedger::kImport);
   counts.importsFollowed += ledger.Stored(DocumentLedger::kImport);
   if (!texts.On() || (log.IsSilent() && log.HasErrors())) return Verdict::kGoOn;
