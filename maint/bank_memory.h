@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <string_view>
 #include <typeinfo>
@@ -73,7 +72,7 @@ struct BankName {
  private:
   static std::uint64_t Packed(std::string_view text) noexcept {
     std::uint64_t word = 0;
-    std::memcpy(&word, text.data(), text.size());
+    text.copy(reinterpret_cast<char*>(&word), sizeof word);  // the text may have no data
     return word;
   }
 };
@@ -81,8 +80,8 @@ struct BankName {
 // The state of a library at a moment: what was located then is still good in the same state.
 struct LibraryStamp {
   std::uint64_t changes = 0;  // writes of blocks
-  std::uint64_t directorySearches =
-      0;                       // 0 in a library open for reading, where they change nothing
+  // 0 in a library open for reading, where they change nothing.
+  std::uint64_t directorySearches = 0;
   std::uint32_t closings = 0;  // of files
 
   static LibraryStamp Of(LibFile_i& library) noexcept {

@@ -75,15 +75,13 @@ struct TextTraits {
 
   explicit TextTraits(std::string_view text) noexcept {
     for (char const c : text) {
-      if (static_cast<unsigned char>(c) > '&') {
+      if (static_cast<unsigned char>(c) > '&' || !IsSpace(c)) {
         isBlank = false;
+        if (c == '&') isCoded = true;
       } else if (c == '\n') {
         ++lines;
-      } else if (c == '&' || c == '\r') {
+      } else if (c == '\r') {
         isCoded = true;
-        if (c == '&') isBlank = false;
-      } else if (!IsSpace(c)) {
-        isBlank = false;
       }
     }
   }

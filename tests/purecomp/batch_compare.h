@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -52,7 +52,8 @@ struct Results {
 };
 
 inline bool SameBits(double a, double b) {
-  return (std::isnan(a) && std::isnan(b)) || std::memcmp(&a, &b, sizeof a) == 0;
+  return (std::isnan(a) && std::isnan(b)) ||
+         std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 inline bool SameBits(std::vector<double> const& a, std::vector<double> const& b) {
   for (std::size_t i = 0; i < a.size(); ++i) {
