@@ -20,11 +20,11 @@ bool ReadContents(std::string const& path, DocumentLedger& ledger, ZelDocumentCo
   if (read != platform::ReadResult::kRead) return fail("cannot be read");
   XmlDocument document;
   document.Watch(ledger);
-  if (!document.Load(text)) {
-    contents.line = document.Problem().line;
-    return fail(text.HasFailed() ? "cannot be read" : document.Problem().reason);
-  }
   try {
+    if (!document.Load(text)) {
+      contents.line = document.Problem().line;
+      return fail(text.HasFailed() ? "cannot be read" : document.Problem().reason);
+    }
     document.Finish();
   } catch (XmlDocumentChanged const&) {
     return fail("it changed while it was read");

@@ -91,12 +91,12 @@ class XmlDocument {
   ~XmlDocument();
 
   // False when the text is not a well-formed document or exceeds a bound. The text must outlive the
-  // walk. Throws std::bad_alloc.
+  // walk. Throws std::bad_alloc, and XmlDocumentChanged, as does each step of a walk.
   bool Load(DocumentText& text);
   bool Load(std::string_view text);
   // Why the last Load returned false.
   XmlProblem const& Problem() const noexcept { return problem_; }
-  // Throws XmlDocumentChanged, as does each step of a walk.
+  // Reports the elements of the document to the watcher; to be called before Load.
   void Watch(XmlWatcher& watcher) { watcher_ = &watcher; }
 
   // True if the root has this name, in upper or lower case.
