@@ -175,7 +175,7 @@ class FieldBank : public DataBank<Interface, kFields, kArguments> {
   FieldBank(BankType const& type, ZelIid const& ownId)
       : DataBank<Interface, kFields, kArguments>(type, ownId) {}
 };
-// One whose interface also has GetDataDefaulted.
+// A bank type whose interface also has GetDataDefaulted.
 template <typename Interface, FieldTable const& kFields, Arguments const& kArguments>
 requires requires { &Interface::GetDataDefaulted; }
 class FieldBank<Interface, kFields, kArguments>

@@ -101,7 +101,7 @@ ZelStatus BankBase_i::TakeData(Arguments const& arguments, std::initializer_list
   return kStatusOk;
 }
 
-// No turn tests for undefined values: they are swapped like others.
+// No swap tests for undefined values: they are swapped like others.
 ZelStatus BankBase_i::SwapPair() {
   if (type_.pairRule != kAsymmetric) return kStatusNotImplemented;
   for (Field const& field : fields_.Rows()) {

@@ -1,5 +1,5 @@
-// Components and the identifiers under which they are found: entering those of a component, and
-// finding those of a number.
+// The identifiers under which components are found. They are entered for a component, and looked up
+// by its number.
 #include <string_view>
 
 #include "banks/catalogue.h"

@@ -85,7 +85,7 @@ void PutComponent(TextFile& file, IZelPureComp* component) {
 
 namespace {
 
-// Reports an index that was not written completely to the host's sink for items, if there is one.
+// If an index was not written completely, reports this to the host's sink for items, if it has one.
 void Close(TextFile& file, LibFile* library, std::string const& path) {
   if (file.Close()) return;
   auto const* const inner = dynamic_cast<LibFile_i*>(library);

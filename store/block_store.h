@@ -109,8 +109,8 @@ class BlockStore {
     std::int32_t blockWords = 0;
   };
 
-  // The second file of a library open for reading, in place: nearly all nodes are there. No blocks
-  // when it is not mapped or its blocks are not nodes.
+  // The second file of a library open for reading, as mapped; it holds nearly all nodes. Empty if
+  // the file is not mapped or its blocks do not have the size of a node.
   struct NodeFile {
     std::int32_t const* words = nullptr;
     std::int32_t firstAddress = 0;
