@@ -5,47 +5,13 @@
 #include "bench/ratio_cases.h"
 #include "bench/size_text.h"
 #include "bench/sqlite_store.h"
+#include "bench/store_sides.h"
 #include "bench/zel_store.h"
 
 namespace zel::bench {
 namespace {
 
-constexpr std::size_t kDeletedPart = 10;  // one of this many
 constexpr double kLoadLimit = 1.0;
-
-template <typename Store>
-std::uint64_t HashOfFile(Store& store) {
-  store.OpenForReading();
-  std::uint64_t const hash = store.Hash();
-  store.Close();
-  return hash;
-}
-
-// Fresh files for each round; afterwards, untimed, the hash of what they hold.
-template <typename Store, typename Load>
-Side LoadsOf(std::size_t items, Store& store, Load load) {
-  return [items, &store, load](int) {
-    store.RemoveFiles();
-    Timing timing = Time(items, [&] {
-      load();
-      return std::uint64_t{0};
-    });
-    timing.check = HashOfFile(store);
-    return timing;
-  };
-}
-
-template <typename Store>
-Side DeletesOf(std::vector<Item> const& items, std::vector<Pair> const& keys, Store& store) {
-  return [&](int) {
-    store.RemoveFiles();
-    store.Load(items, true);
-    Timing timing = Time(keys.size(), [&] { return std::uint64_t{store.Delete(keys)}; });
-    if (timing.check != keys.size()) throw std::runtime_error("a key to delete was not there");
-    timing.check = HashOfFile(store);
-    return timing;
-  };
-}
 
 // Every tenth of the keys that the library has in leaves. As long as only these are deleted, no
 // node changes its place in the tree and they all stay in leaves.
@@ -75,10 +41,12 @@ void CompareLoads(RatioTable& table, std::filesystem::path const& folder, std::s
     std::string const order =
         (ascending ? " in key order, " : " in random order, ") + SizeText(items);
     auto const loads = [&](auto& store) {
-      return LoadsOf(items, store, [&, ascending] { store.Load(source, ascending); });
+      return LoadsOf(
+          items, store, [&, ascending] { store.Load(source, ascending); }, WallTime);
     };
     Side const byTree = loads(project);
-    Side const byItem = LoadsOf(items, project, [&] { project.LoadThroughItems(source); });
+    Side const byItem = LoadsOf(
+        items, project, [&] { project.LoadThroughItems(source); }, WallTime);
     std::string const tree = "load" + order;
     std::string const item = "load by WriteItem" + order;
     table.Compare({tree, sqlite.Name(), loads(sqlite), byTree, limit});
@@ -100,9 +68,13 @@ void CompareDeletes(RatioTable& table, std::filesystem::path const& folder, std:
   SqliteStore sqlite(folder, SqliteTable::kPair);
   std::vector<Pair> const keys = KeysToDelete(project, all);
   std::string const what = "delete from leaves, " + SizeText(items);
-  Side const own = DeletesOf(all, keys, project);
-  table.Compare({what, LmdbStore::kName, DeletesOf(all, keys, lmdb), own, Target::None()});
-  table.Compare({what, sqlite.Name(), DeletesOf(all, keys, sqlite), own, Target::None()});
+  auto const deletes = [&](auto& store) {
+    return DeletesOf(
+        keys, store, [&] { store.Load(all, true); }, WallTime);
+  };
+  Side const own = deletes(project);
+  table.Compare({what, LmdbStore::kName, deletes(lmdb), own, Target::None()});
+  table.Compare({what, sqlite.Name(), deletes(sqlite), own, Target::None()});
   project.RemoveFiles();
   lmdb.RemoveFiles();
   sqlite.RemoveFiles();

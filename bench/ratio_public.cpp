@@ -9,14 +9,11 @@
 #include "bench/ratio_cases.h"
 #include "bench/size_text.h"
 #include "bench/sqlite_store.h"
+#include "bench/store_sides.h"
 
 namespace zel::bench {
 namespace {
 
-constexpr std::size_t kReadsPerRound = 500'000;
-constexpr std::size_t kWarmingReads = 250'000;
-constexpr std::size_t kVisitsPerRound = 1'000'000;
-constexpr std::size_t kDeletedPart = 10;  // one of this many
 constexpr std::size_t kBanks = 1'000;
 constexpr std::size_t kItemsOfBanks = 100'000;
 
@@ -40,40 +37,6 @@ constexpr Limits kDeleteLimits = {1.2, 2.0, 3.0};
 constexpr double kManyBanksLimit = 1.5;
 constexpr double kColumnsLimit = 0.2;
 
-// Each round continues where the last one ended. The peer's turn has left its own data in the
-// caches, so some reads are made untimed first.
-template <typename Read>
-Side ReadsOf(std::size_t keys, Read read) {
-  return [keys, read](int round) {
-    std::size_t at = static_cast<std::size_t>(round) * kReadsPerRound % keys;
-    auto const readSome = [&](std::size_t count) {
-      std::uint64_t sum = 0;
-      for (std::size_t i = 0; i < count; ++i) {
-        sum += read(at);
-        if (++at == keys) at = 0;
-      }
-      return sum;
-    };
-    std::uint64_t const warming = readSome(kWarmingReads);
-    Timing timing = TimeInMemory(kReadsPerRound, [&] { return readSome(kReadsPerRound); });
-    timing.check += warming;
-    return timing;
-  };
-}
-
-// Passes over all items; `pass` returns a sum.
-template <typename Pass>
-Side PassesOf(std::size_t items, Pass pass) {
-  std::size_t const times = std::max<std::size_t>(1, kVisitsPerRound / items);
-  return [items, times, pass](int) {
-    return TimeInMemory(items * times, [&] {
-      std::uint64_t sum = 0;
-      for (std::size_t i = 0; i < times; ++i) sum += pass();
-      return sum;
-    });
-  };
-}
-
 template <typename Store>
 Side WalksOf(std::size_t items, Store& store) {
   return PassesOf(items, [&store] { return store.WalkWidened(); });
@@ -82,40 +45,6 @@ Side WalksOf(std::size_t items, Store& store) {
 template <typename Store>
 Side ColumnsOf(std::size_t items, Store& store) {
   return PassesOf(items, [&store] { return store.Columns(); });
-}
-
-template <typename Store>
-std::uint64_t HashOfFile(Store& store) {
-  store.OpenForReading();
-  std::uint64_t const hash = store.Hash();
-  store.Close();
-  return hash;
-}
-
-// Fresh files for each round; afterwards, untimed, the hash of what they hold.
-template <typename Store, typename Load>
-Side LoadsOf(std::size_t items, Store& store, Load load) {
-  return [items, &store, load](int) {
-    store.RemoveFiles();
-    Timing timing = TimeInMemory(items, [&] {
-      load();
-      return std::uint64_t{0};
-    });
-    timing.check = HashOfFile(store);
-    return timing;
-  };
-}
-
-template <typename Store, typename Load>
-Side DeletesOf(std::vector<Pair> const& keys, Store& store, Load load) {
-  return [&keys, &store, load](int) {
-    store.RemoveFiles();
-    load();
-    Timing timing = TimeInMemory(keys.size(), [&] { return std::uint64_t{store.Delete(keys)}; });
-    if (timing.check != keys.size()) throw std::runtime_error("a key to delete was not there");
-    timing.check = HashOfFile(store);
-    return timing;
-  };
 }
 
 }  // namespace
@@ -164,16 +93,19 @@ void ComparePublicChanges(RatioTable& table, std::filesystem::path const& folder
   LmdbStore lmdb(folder);
   SqliteStore sqlite(folder, SqliteTable::kPair);
   auto const own = [&](auto const& source) {
-    return LoadsOf(items, project, [&] { project.Load(source); });
+    return LoadsOf(
+        items, project, [&] { project.Load(source); }, ThreadTime);
   };
   auto const puts = [&](auto const& source) {
-    return LoadsOf(items, lmdb, [&] { lmdb.Load(source, false); });
+    return LoadsOf(
+        items, lmdb, [&] { lmdb.Load(source, false); }, ThreadTime);
   };
   std::string const size = SizeText(items);
   std::string const inOrder = "WriteItem in key order, " + size;
   table.Compare({inOrder, sqlite.Name(),
-                 LoadsOf(items, sqlite, [&] { sqlite.Load(ordered, true); }), own(ordered),
-                 kOrderedLoadLimits.For(items)});
+                 LoadsOf(
+                     items, sqlite, [&] { sqlite.Load(ordered, true); }, ThreadTime),
+                 own(ordered), kOrderedLoadLimits.For(items)});
   table.Compare(
       {inOrder, LmdbStore::kName, puts(ordered), own(ordered), kOrderedLoadLmdbLimits.For(items)});
   table.Compare({"WriteItem in random order, " + size, LmdbStore::kName, puts(shuffled),
@@ -191,8 +123,10 @@ void ComparePublicDeletes(RatioTable& table, std::filesystem::path const& folder
   std::vector<Pair> keys = Shuffled(KeysOf(ordered));
   keys.resize(keys.size() / kDeletedPart);
   table.Compare({"DeleteItem of any key, " + SizeText(items), LmdbStore::kName,
-                 DeletesOf(keys, lmdb, [&] { lmdb.Load(ordered, true); }),
-                 DeletesOf(keys, project, [&] { project.Load(ordered); }),
+                 DeletesOf(
+                     keys, lmdb, [&] { lmdb.Load(ordered, true); }, ThreadTime),
+                 DeletesOf(
+                     keys, project, [&] { project.Load(ordered); }, ThreadTime),
                  kDeleteLimits.For(items)});
   project.RemoveFiles();
   lmdb.RemoveFiles();

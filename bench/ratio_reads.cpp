@@ -4,14 +4,12 @@
 #include "bench/ratio_cases.h"
 #include "bench/size_text.h"
 #include "bench/sqlite_store.h"
+#include "bench/store_sides.h"
 #include "bench/zel_store.h"
 
 namespace zel::bench {
 namespace {
 
-constexpr std::size_t kReadsPerRound = 500'000;
-constexpr std::size_t kWarmingReads = 250'000;
-constexpr std::size_t kVisitsPerRound = 1'000'000;
 constexpr std::size_t kOpensPerRound = 2'000;
 constexpr std::size_t kManyItems = 1'000'000;
 
@@ -23,47 +21,19 @@ constexpr double kWalkLimit = 0.5;
 constexpr std::size_t kWalkLimitItems = 100'000;
 constexpr double kOpenLimit = 0.4;
 
-// Reads a round's share of the keys, each round continuing where the last one ended. The peer's
-// turn has left its own data in the caches, so some reads are made untimed first.
-template <typename Read>
-Side ReadsOf(std::vector<Pair> const& keys, Read read) {
-  return [&keys, read](int round) {
-    std::size_t at = static_cast<std::size_t>(round) * kReadsPerRound % keys.size();
-    auto const readSome = [&](std::size_t count) {
-      std::uint64_t sum = 0;
-      for (std::size_t i = 0; i < count; ++i) {
-        sum += read(keys[at]);
-        if (++at == keys.size()) at = 0;
-      }
-      return sum;
-    };
-    std::uint64_t const warming = readSome(kWarmingReads);
-    Timing timing = TimeInMemory(kReadsPerRound, [&] { return readSome(kReadsPerRound); });
-    timing.check += warming;
-    return timing;
-  };
-}
-
 template <typename Store>
 Side GetsOf(std::vector<Pair> const& keys, Store& store) {
-  return ReadsOf(keys, [&store](Pair key) { return store.Get(key); });
+  return ReadsOf(keys.size(), [&](std::size_t i) { return store.Get(keys[i]); });
 }
 
 template <typename Store>
 Side DecodedGetsOf(std::vector<Pair> const& keys, Store& store) {
-  return ReadsOf(keys, [&store](Pair key) { return store.GetDecoded(key); });
+  return ReadsOf(keys.size(), [&](std::size_t i) { return store.GetDecoded(keys[i]); });
 }
 
 template <typename Store>
 Side WalksOf(std::size_t items, Store& store) {
-  std::size_t const times = std::max<std::size_t>(1, kVisitsPerRound / items);
-  return [items, times, &store](int) {
-    return TimeInMemory(items * times, [&] {
-      std::uint64_t sum = 0;
-      for (std::size_t i = 0; i < times; ++i) sum += store.Walk();
-      return sum;
-    });
-  };
+  return PassesOf(items, [&store] { return store.Walk(); });
 }
 
 template <typename Store>
