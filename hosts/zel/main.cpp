@@ -14,7 +14,7 @@
 #include <system_error>
 
 #include "commands/command.h"
-#include "words/failure.h"
+#include "desk/words/failure.h"
 
 namespace {
 

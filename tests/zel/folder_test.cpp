@@ -1,5 +1,5 @@
 // Listing and removing folders.
-#include "files/folder.h"
+#include "desk/files/folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -56,24 +56,24 @@ class FewFiles {
 TEST_F(FolderTest, NamesOfFilesFoldersAndLinks) {
   fs::create_symlink("nowhere", root_ / "link");
   std::ofstream(root_ / ".hidden") << "text";
-  EXPECT_EQ(Sorted(zelhost::NamesIn(root_)), (Names{".hidden", "a", "link", "one"}));
+  EXPECT_EQ(Sorted(zel::desk::NamesIn(root_)), (Names{".hidden", "a", "link", "one"}));
   fs::create_directory(root_ / "empty");
-  EXPECT_EQ(zelhost::NamesIn(root_ / "empty"), Names());
+  EXPECT_EQ(zel::desk::NamesIn(root_ / "empty"), Names());
 }
 
 TEST_F(FolderTest, NamesThroughALinkToAFolder) {
   fs::create_symlink("one", root_ / "link");
-  EXPECT_EQ(Sorted(zelhost::NamesIn(root_ / "link")), (Names{"b", "two"}));
+  EXPECT_EQ(Sorted(zel::desk::NamesIn(root_ / "link")), (Names{"b", "two"}));
 }
 
 TEST_F(FolderTest, NamesOfWhatIsNoFolder) {
   std::error_code error;
-  EXPECT_EQ(zelhost::NamesIn(root_ / "not there", error), Names());
+  EXPECT_EQ(zel::desk::NamesIn(root_ / "not there", error), Names());
   EXPECT_EQ(error, std::errc::no_such_file_or_directory);
-  EXPECT_EQ(zelhost::NamesIn(root_ / "a", error), Names());
+  EXPECT_EQ(zel::desk::NamesIn(root_ / "a", error), Names());
   EXPECT_EQ(error, std::errc::not_a_directory);
-  EXPECT_THROW(zelhost::NamesIn(root_ / "not there"), fs::filesystem_error);
-  zelhost::NamesIn(root_, error);
+  EXPECT_THROW(zel::desk::NamesIn(root_ / "not there"), fs::filesystem_error);
+  zel::desk::NamesIn(root_, error);
   EXPECT_FALSE(error);
 }
 
@@ -83,33 +83,33 @@ TEST_F(FolderTest, NamesWhereNoFileCanBeOpened) {
   auto const root = root_;
   {
     FewFiles const few(0);  // for this call only: sanitizers open files, too
-    names = zelhost::NamesIn(root, error);
+    names = zel::desk::NamesIn(root, error);
   }
   EXPECT_EQ(names, Names());
   EXPECT_EQ(error, std::errc::too_many_files_open);
 }
 
 TEST_F(FolderTest, RemovesATreeAndAFile) {
-  zelhost::RemoveTree(root_ / "one");
-  EXPECT_EQ(zelhost::NamesIn(root_), Names{"a"});
-  zelhost::RemoveTree(root_ / "a");
-  EXPECT_EQ(zelhost::NamesIn(root_), Names());
+  zel::desk::RemoveTree(root_ / "one");
+  EXPECT_EQ(zel::desk::NamesIn(root_), Names{"a"});
+  zel::desk::RemoveTree(root_ / "a");
+  EXPECT_EQ(zel::desk::NamesIn(root_), Names());
 }
 
 TEST_F(FolderTest, WhatIsNotThereIsNoError) {
   std::error_code error = std::make_error_code(std::errc::io_error);
-  zelhost::RemoveTree(root_ / "not there", error);
+  zel::desk::RemoveTree(root_ / "not there", error);
   EXPECT_FALSE(error);
-  EXPECT_NO_THROW(zelhost::RemoveTree(root_ / "not there"));
+  EXPECT_NO_THROW(zel::desk::RemoveTree(root_ / "not there"));
 }
 
 TEST_F(FolderTest, LinksAreRemovedAndNotFollowed) {
   fs::create_symlink(root_ / "one", root_ / "link");
-  zelhost::RemoveTree(root_ / "link");
+  zel::desk::RemoveTree(root_ / "link");
   EXPECT_FALSE(fs::is_symlink(fs::symlink_status(root_ / "link")));
   fs::create_directory(root_ / "tree");
   fs::create_symlink(root_ / "one", root_ / "tree/link");
-  zelhost::RemoveTree(root_ / "tree");
+  zel::desk::RemoveTree(root_ / "tree");
   EXPECT_FALSE(fs::exists(root_ / "tree"));
   EXPECT_TRUE(fs::exists(root_ / "one/two/three/d"));
 }
@@ -119,7 +119,7 @@ TEST_F(FolderTest, AnErrorIsToldAndTheRestRemoved) {
   std::error_code error;
   {
     FewFiles const few(2);
-    zelhost::RemoveTree(root_ / "one", error);
+    zel::desk::RemoveTree(root_ / "one", error);
   }
   EXPECT_EQ(error, std::errc::too_many_files_open);
   EXPECT_FALSE(fs::exists(root_ / "one/b"));
@@ -127,7 +127,7 @@ TEST_F(FolderTest, AnErrorIsToldAndTheRestRemoved) {
   EXPECT_TRUE(fs::exists(root_ / "one/two/three/d"));
   {
     FewFiles const few(2);
-    EXPECT_THROW(zelhost::RemoveTree(root_ / "one"), fs::filesystem_error);
+    EXPECT_THROW(zel::desk::RemoveTree(root_ / "one"), fs::filesystem_error);
   }
 }
 

@@ -3,14 +3,24 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "open/fields.h"
-#include "open/item_key.h"
-#include "open/pure_component.h"
-#include "open/unfinished_change.h"
-#include "words/failure.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
+#include "desk/open/pure_component.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
 
 namespace zelhost {
 namespace {
+
+// Adds tables of constants and correlations.
+void AddCatalogue(Report& report) {
+  Table& constants = report.Begin("constants", {{"keyword", ""}, {"unit", ""}, {"label", ""}});
+  for (auto const& row : Constants()) {
+    constants.Add(row.keyword, Text(row.unit), row.label);
+  }
+  Table& curves = report.Begin("correlations", {{"name", ""}, {"unit", ""}, {"label", ""}});
+  for (auto const& row : Correlations()) curves.Add(row.name, Text(row.unit), row.label);
+}
 
 struct Options {
   std::string type;

@@ -8,9 +8,9 @@
 #include <set>
 
 #include "commands/command.h"
-#include "open/library.h"
-#include "open/unfinished_change.h"
-#include "open/unread_items.h"
+#include "desk/open/library.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/open/unread_items.h"
 #include "output/progress.h"
 
 namespace zelhost {

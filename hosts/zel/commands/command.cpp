@@ -5,9 +5,9 @@
 #include <sstream>
 
 #include "commands/manual.h"
-#include "files/standard_output.h"
-#include "open/names_library.h"
-#include "words/failure.h"
+#include "desk/files/standard_output.h"
+#include "desk/open/names_library.h"
+#include "desk/words/failure.h"
 
 namespace zelhost {
 namespace {

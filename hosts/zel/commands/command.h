@@ -8,8 +8,8 @@
 #include <variant>
 #include <vector>
 
-#include "open/session.h"
 #include "output/report.h"
+#include "output/session.h"
 
 namespace CLI {
 class App;

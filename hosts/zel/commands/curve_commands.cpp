@@ -6,11 +6,11 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "files/output_file.h"
-#include "open/preference_list.h"
+#include "desk/files/output_file.h"
+#include "desk/open/preference_list.h"
+#include "desk/words/failure.h"
+#include "desk/words/number_range.h"
 #include "output/chart.h"
-#include "words/failure.h"
-#include "words/number_range.h"
 
 namespace zelhost {
 namespace {
@@ -128,7 +128,7 @@ Report Eval(Session& session, Options const& o) {
     table.Add(std::move(row));
   }
   if (!hasAny) throw NoValue(o.component, info, curve);
-  list.AddWarnings(report);
+  AddWarnings(list, report);
   return report;
 }
 
@@ -245,7 +245,7 @@ Report Plot(Session& session, Options const& o) {
   report.Fact("written", o.output);
   report.Fact("lines", static_cast<std::int64_t>(drawn.size()));
   if (!warnings.empty()) report.Warning("warning", warnings);
-  list.AddWarnings(report);
+  AddWarnings(list, report);
   return report;
 }
 

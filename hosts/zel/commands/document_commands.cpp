@@ -5,20 +5,20 @@
 #include <memory>
 #include <optional>
 
-#include "change/library_change.h"
 #include "commands/command.h"
 #include "commands/import_log.h"
 #include "commands/shared_options.h"
 #include "commands/written_documents.h"
-#include "files/input_file.h"
-#include "files/output_file.h"
-#include "files/standard_output.h"
-#include "open/item_key.h"
-#include "open/pure_component.h"
-#include "open/unfinished_change.h"
+#include "desk/change/library_change.h"
+#include "desk/files/input_file.h"
+#include "desk/files/output_file.h"
+#include "desk/files/standard_output.h"
+#include "desk/open/item_key.h"
+#include "desk/open/pure_component.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
 #include "output/progress.h"
-#include "words/failure.h"
-#include "words/letters.h"
 
 namespace zelhost {
 namespace {
@@ -223,8 +223,8 @@ Report Export(Session& session, Options const& o) {
   if (!good) throw Failure((target.folder / target.name).string() + ": cannot be written");
   Report findings;
   ReportUnreadable(session, findings, documents.PathOf(""));
-  ReportMissing(findings, library, ExportedBanks(library, o), documents.PathOf(""), target.name,
-                !o.bank.empty());
+  ReportMissing(session, findings, library, ExportedBanks(library, o), documents.PathOf(""),
+                target.name, !o.bank.empty());
   std::int64_t const leftOut = o.component.empty() ? LeftOut(library, o) : 0;
   Report report;
   report.Fact("exported", o.path);

@@ -5,14 +5,14 @@
 #include <filesystem>
 #include <memory>
 
-#include "change/library_change.h"
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "open/fields.h"
-#include "open/item_key.h"
-#include "open/unfinished_change.h"
+#include "desk/change/library_change.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
 #include "output/progress.h"
-#include "words/failure.h"
 
 namespace zelhost {
 namespace {

@@ -9,10 +9,10 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "files/input_file.h"
-#include "open/library.h"
-#include "open/unfinished_change.h"
-#include "words/failure.h"
+#include "desk/files/input_file.h"
+#include "desk/open/library.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
 
 namespace zelhost {
 namespace {

@@ -7,13 +7,13 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "files/input_file.h"
-#include "files/output_file.h"
-#include "open/library.h"
-#include "open/unfinished_change.h"
+#include "desk/files/input_file.h"
+#include "desk/files/output_file.h"
+#include "desk/open/library.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
+#include "desk/words/number_range.h"
 #include "output/progress.h"
-#include "words/failure.h"
-#include "words/number_range.h"
 
 namespace zelhost {
 namespace {

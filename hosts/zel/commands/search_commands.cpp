@@ -4,9 +4,9 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "open/fields.h"
-#include "open/preference_list.h"
-#include "words/failure.h"
+#include "desk/open/fields.h"
+#include "desk/open/preference_list.h"
+#include "desk/words/failure.h"
 
 namespace zelhost {
 namespace {
@@ -101,7 +101,7 @@ Report Search(Session& session, Options const& o) {
     if (!curve.present) continue;
     curves.Add(row.name, std::int64_t{curve.equation}, RangeOf(curve), Text(curve.source));
   }
-  list.AddWarnings(report);
+  AddWarnings(list, report);
   return report;
 }
 
@@ -181,7 +181,7 @@ Report Why(Session& session, Options const& o) {
   } else {
     WhyCurve(*curve, o, list, merged, report);
   }
-  list.AddWarnings(report);
+  AddWarnings(list, report);
   return report;
 }
 
@@ -295,7 +295,7 @@ Report Coverage(Session& session, Options const& o) {
   if (o.details) report.Add(std::move(details));
   report.Add(std::move(summary));
   if (covered.size() > 1) AddPairs(covered, list, report);
-  list.AddWarnings(report);
+  AddWarnings(list, report);
   return report;
 }
 

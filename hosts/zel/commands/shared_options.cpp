@@ -3,8 +3,9 @@
 #include <charconv>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 
-#include "words/failure.h"
+#include "desk/words/failure.h"
 
 namespace zelhost {
 
@@ -49,6 +50,20 @@ void AddSourceOptions(Command& command, SourceOptions& options) {
                 "LIBRARY[:BANK]; once for each, the preferred one first", "SOURCE")
       .Flag("--accept-identity", options.acceptIdentity,
             "merge sources that mean different substances");
+}
+
+void AddWarnings(PreferenceList const& list, Report& report) {
+  if (list.Accepted().empty()) return;
+  std::vector<std::string> words;
+  for (IdentityConflict const& conflict : list.Accepted()) words.push_back(conflict.word);
+  report.Warning("identity warning", "the sources contradict each other about the identity of " +
+                                         CellText(Texts(words)));
+  report.Add(IdentityTable(list.Accepted()));
+}
+
+void PutInPlaceAfter(Report& report, LibraryChange change) {
+  auto const held = std::make_shared<LibraryChange>(std::move(change));
+  report.SetChange([held] { held->PutInPlace(); });
 }
 
 void AddStrict(Command& command) {

@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 
-#include "change/library_change.h"
 #include "commands/command.h"
-#include "open/preference_list.h"
+#include "desk/change/library_change.h"
+#include "desk/open/preference_list.h"
 
 namespace zelhost {
 
@@ -23,6 +23,12 @@ void CheckModeFor(std::string const& library, std::string const& mode);
 
 // Adds the options that name the libraries to merge.
 void AddSourceOptions(Command& command, SourceOptions& options);
+
+// Adds a warning and a table of the conflicts that were accepted; call it when the report has its
+// other tables.
+void AddWarnings(PreferenceList const& list, Report& report);
+// Puts the change in place when the report is made.
+void PutInPlaceAfter(Report& report, LibraryChange change);
 
 // Adds --strict to a command that walks over items.
 void AddStrict(Command& command);

@@ -5,14 +5,14 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "open/fields.h"
-#include "open/item_key.h"
-#include "open/pure_component.h"
-#include "open/unfinished_change.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
+#include "desk/open/pure_component.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
+#include "desk/words/number_range.h"
 #include "output/progress.h"
-#include "words/failure.h"
-#include "words/letters.h"
-#include "words/number_range.h"
 
 namespace zelhost {
 namespace {

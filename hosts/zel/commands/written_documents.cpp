@@ -5,11 +5,11 @@
 #include <algorithm>
 
 #include "commands/command.h"
-#include "files/folder.h"
-#include "open/fields.h"
-#include "open/item_key.h"
-#include "open/pure_component.h"
-#include "words/failure.h"
+#include "desk/files/folder.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
+#include "desk/open/pure_component.h"
+#include "desk/words/failure.h"
 
 namespace zelhost {
 namespace {
@@ -81,8 +81,9 @@ void ReportUnreadable(Session& session, Report& report, fs::path const& folder) 
   Tell(session, report, "cannot be read back", table);
 }
 
-void ReportMissing(Report& report, Library const& library, std::vector<BankName> const& banks,
-                   fs::path const& folder, fs::path const& name, bool isSingle) {
+void ReportMissing(Session& session, Report& report, Library const& library,
+                   std::vector<BankName> const& banks, fs::path const& folder, fs::path const& name,
+                   bool isSingle) {
   Table table("missing", {{"bank", ""}, {"items", ""}, {"written", ""}});
   std::string const extension = name.has_extension() ? name.extension().string() : ".xml";
   for (BankName const& bank : banks) {
@@ -95,7 +96,7 @@ void ReportMissing(Report& report, Library const& library, std::vector<BankName>
     auto const items = static_cast<std::int64_t>(ItemsOf(library, bank));
     if (written != items) table.Add(ToText(bank), items, written);
   }
-  Tell(library.InSession(), report, "banks not whole", table);
+  Tell(session, report, "banks not whole", table);
 }
 
 }  // namespace zelhost

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "open/library.h"
-#include "output/report.h"
+#include "desk/open/library.h"
+#include "output/session.h"
 
 namespace zelhost {
 
@@ -19,8 +19,8 @@ void CheckComponentNames(Library const& library, std::vector<BankName> const& ba
 // and items of the banks that are not in them. `name` is the name of the document of a single bank
 // or of the library. The exit status is set if there is any.
 void ReportUnreadable(Session& session, Report& report, std::filesystem::path const& folder);
-void ReportMissing(Report& report, Library const& library, std::vector<BankName> const& banks,
-                   std::filesystem::path const& folder, std::filesystem::path const& name,
-                   bool isSingle);
+void ReportMissing(Session& session, Report& report, Library const& library,
+                   std::vector<BankName> const& banks, std::filesystem::path const& folder,
+                   std::filesystem::path const& name, bool isSingle);
 
 }  // namespace zelhost

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "desk/words/number_words.h"
 #include "output/report_forms.h"
-#include "words/number_words.h"
 
 namespace zelhost {
 namespace {

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "desk/words/number_words.h"
 #include "output/report_forms.h"
-#include "words/number_words.h"
 
 namespace zelhost {
 namespace {

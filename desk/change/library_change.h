@@ -1,0 +1,69 @@
+// Changes of a library that are made as a whole or not at all.
+//
+// A change works on a copy in a hidden folder next to the library, which is meanwhile locked
+// against all other programs, as by an update; open/change_places.h describes how the copy is put
+// in place.
+#pragma once
+
+#include <sys/types.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "desk/change/work_folder.h"
+#include "desk/files/file_copy.h"
+#include "desk/files/file_lock.h"
+#include "desk/open/library.h"
+
+namespace zel::desk {
+
+struct ChangeOptions {
+  std::string password;
+  // The password is for any library that has one: it is not an error if the library has none.
+  bool passwordIsGeneral = false;
+  bool inPlace = false;
+};
+
+struct NewLibrary {
+  zel::libTypes kind = zel::libKind11;
+  // Replaces the library that is there, whose password is given.
+  bool replace = false;
+  std::string password;
+  // The mode of its files. Without one: that of the replaced library, else that of the other
+  // libraries in the folder, else what the umask allows.
+  std::optional<mode_t> mode;
+};
+
+class LibraryChange {
+ public:
+  // Makes the copy, or opens the library itself for `inPlace`. Throws Failure.
+  LibraryChange(Session& session, std::string const& path, ChangeOptions const& options);
+  // A new library at a path that does not exist, or in place of the library there.
+  static LibraryChange New(Session& session, std::string const& path, NewLibrary const& made);
+
+  // The library to change, open for update.
+  Library& Open() { return *library_; }
+  // Closes it and makes it the library at the path. If this throws Failure, the library is
+  // unchanged. The object cannot be used afterwards.
+  void PutInPlace();
+
+ private:
+  explicit LibraryChange(Session& session) : session_(&session) {}
+  void Copy();
+  void OpenForUpdate(ChangeOptions const& options);
+  void GiveFilesAccess() const;
+
+  Session* session_;
+  std::string shown_;
+  std::string whole_;  // the library's path without symbolic links
+  bool isNew_ = false;
+  bool allAreNew_ = false;  // the files of the new library replace none
+  int filesBefore_ = 0;     // bit n for file n
+  FileAccess access_ = {};  // of files that replace none
+  std::optional<FileLock> original_;
+  std::unique_ptr<WorkFolder> work_;  // null for inPlace
+  std::optional<Library> library_;
+};
+
+}  // namespace zel::desk

@@ -1,0 +1,130 @@
+#include "desk/change/work_folder.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <new>
+#include <system_error>
+
+#include "desk/files/folder.h"
+#include "desk/open/change_places.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kNoCopy[] = "cannot make a copy next to it";
+constexpr char kNotInPlace[] = "the changed library cannot be put in place";
+
+void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
+  if (!isNew) fs::rename(change.Place(1), change.Old(1));
+  for (int number = 2; number <= kMostFiles; ++number) {
+    if (Exists(change.Place(number))) fs::rename(change.Place(number), change.Old(number));
+    if (Exists(change.New(number))) MoveToFreePlace(change.New(number), change.Place(number));
+  }
+  SyncPath(change.Ready());
+  SyncPath(change.Folder());
+  MoveToFreePlace(change.New(1), change.Place(1));
+}
+
+// Everything is in place: a failure from here on neither undoes the change nor is reported.
+void Settle(ChangePlaces const& change) noexcept {
+  try {
+    SyncPath(change.Folder());
+  } catch (std::bad_alloc const&) {
+    // The system then writes it to disk when it gets to it.
+  }
+  RemoveFolder(change.Ready());
+}
+
+// Two programs that make a library of the same name must not take each other's folder for a
+// leftover.
+FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
+  FolderTurn const turn(folder.parent_path().string());
+  fs::path const lock = folder / kLockName;
+  if (Exists(lock)) FileLock::Take(lock.string(), shownAs);
+  OrFail(shownAs, kNoCopy, [&] {
+    RemoveTree(folder);
+    // Only a folder made here and now is used, whatever somebody else has put in its place.
+    if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
+      throw fs::filesystem_error("", folder, std::error_code(errno, std::generic_category()));
+    }
+    MakeMark(lock);
+  });
+  return FileLock::Take(lock.string(), shownAs);
+}
+
+}  // namespace
+
+WorkFolder::WorkFolder(std::string const& library, std::string const& shownAs)
+    : library_(library),
+      shownAs_(shownAs),
+      folder_(NewFolder(library).string()),
+      lock_(MakeLockedFolder(folder_, shownAs)) {}
+
+WorkFolder::~WorkFolder() {
+  if (!folder_.empty()) RemoveFolder(folder_);
+}
+
+std::string WorkFolder::First() const {
+  return (fs::path(folder_) / fs::path(library_).filename()).string();
+}
+
+void WorkFolder::Share(FileAccess const& access) const {
+  constexpr mode_t kRead = 0444;
+  OrFail(shownAs_, kNoCopy, [&] {
+    GiveAccess(fs::path(folder_) / kLockName, {access.mode | S_IRUSR | S_IWUSR, access.owner});
+    GiveAccess(folder_, {access.mode | ((access.mode & kRead) >> 2) | S_IRWXU, access.owner});
+  });
+}
+
+// Everything is on disk before anything is moved.
+void WorkFolder::Prepare(bool isNew) {
+  for (int number = 1; number <= kMostFiles; ++number) {
+    std::string const file = FileOf(First(), number);
+    if (!Exists(file)) continue;
+    SyncPath(file);
+    if (number > 1 && !Exists(FileOf(library_, number))) {
+      MakeMark(fs::path(folder_) / AddedName(number));
+    }
+  }
+  SyncPath(folder_);
+  FolderTurn const turn(fs::path(library_).parent_path().string());
+  fs::path const ready = ReadyFolder(library_);
+  if (Exists(ready) && !IsOurs(ready, library_)) {
+    throw Failure(shownAs_ + ": " + ready.string() + " is in the way; remove it");
+  }
+  if (Exists(ready) || (isNew && Exists(library_))) {
+    throw Failure(shownAs_ + ": another program has made it meanwhile");
+  }
+  fs::rename(folder_, ready);
+  folder_ = ready.string();
+  SyncPath(ready.parent_path());
+}
+
+void WorkFolder::PutInPlace(bool isNew) {
+  OrFail(shownAs_, kNotInPlace, [&] { Prepare(isNew); });
+  ChangePlaces const change(library_);
+  folder_.clear();
+  try {
+    OrFail(shownAs_, kNotInPlace, [&] { MoveIntoPlace(change, isNew); });
+  } catch (Failure const& failure) {
+    try {
+      FinishMoves(shownAs_, change);
+    } catch (Failure const& again) {
+      throw Failure(failure.what() + std::string("; ") + again.what());
+    }
+    throw;
+  } catch (...) {
+    FinishMoves(shownAs_, change);
+    throw;
+  }
+  Settle(change);
+}
+
+}  // namespace zel::desk

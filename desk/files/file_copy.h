@@ -1,0 +1,46 @@
+// Copies of library files, and who may read and write them.
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <optional>
+
+namespace zel::desk {
+
+// The mode of a file and, if they are to be kept, its owner and group.
+struct FileAccess {
+  struct Owner {
+    uid_t user;
+    gid_t group;
+  };
+  mode_t mode;
+  std::optional<Owner> owner;
+};
+
+// Returns the access of a file; throws std::filesystem::filesystem_error if it does not exist.
+FileAccess AccessOf(std::filesystem::path const& file);
+// Sets the owner and the group as far as this user may change them, and the mode always.
+void GiveAccess(std::filesystem::path const& file, FileAccess const& access);
+
+// The mode that most libraries in the folder have, the stricter one if two are equally frequent;
+// nothing if there is no library.
+std::optional<mode_t> ModeOfLibrariesIn(std::filesystem::path const& folder);
+// The mode that the umask leaves of one that lets everybody read and write. Makes such a file for a
+// moment: the umask cannot be read without changing it, which other threads would notice. Throws
+// std::filesystem::filesystem_error.
+mode_t ModeOfNewFilesIn(std::filesystem::path const& folder);
+
+// Copies into a new file that only this user can read and write. Holes remain holes, and blocks are
+// shared if the file system can do that. The copy is not on disk yet: see SyncPath. Throws
+// std::filesystem::filesystem_error, also if `to` exists.
+void CopyWithHoles(std::filesystem::path const& from, std::filesystem::path const& to);
+
+// Makes a new file of one line, which only this user can read and write; whatever is at the path is
+// never followed or opened. Throws std::filesystem::filesystem_error.
+void MakeMark(std::filesystem::path const& path);
+
+// Asks the system to write a file or folder to disk, as far as it can.
+void SyncPath(std::filesystem::path const& path);
+
+}  // namespace zel::desk

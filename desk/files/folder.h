@@ -1,0 +1,25 @@
+// Lists and removes folders. The iterators of std::filesystem end the program if memory runs out in
+// their increment; these functions throw std::bad_alloc.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <vector>
+
+namespace zel::desk {
+
+// Returns the names of the folder's entries, in no particular order. If `error` is set, those that
+// were read before the error.
+std::vector<std::string> NamesIn(std::filesystem::path const& folder, std::error_code& error);
+// Throws std::filesystem::filesystem_error.
+std::vector<std::string> NamesIn(std::filesystem::path const& folder);
+
+// Removes a file, or a folder with everything in it; links are removed and not followed. A path
+// that does not exist is not an error. After an error the rest is still removed; `error` is the
+// first one.
+void RemoveTree(std::filesystem::path const& path, std::error_code& error);
+// Throws std::filesystem::filesystem_error.
+void RemoveTree(std::filesystem::path const& path);
+
+}  // namespace zel::desk

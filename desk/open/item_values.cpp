@@ -1,0 +1,95 @@
+#include "desk/open/item_values.h"
+
+#include "desk/open/fields.h"
+
+namespace zel::desk {
+namespace {
+
+// The logarithm whose value the equation gives.
+Cell LogarithmOf(Curve const& curve) {
+  if (curve.logBasis == 1) return "natural";
+  if (curve.logBasis == 2) return "decimal";
+  return {};
+}
+
+class ComponentValues {
+ public:
+  explicit ComponentValues(PureComponent const& component) : component_(component) {}
+
+  std::vector<NamedValue> Take() {
+    PutIdentity();
+    PutConstants();
+    for (auto const& row : Correlations()) PutCurve(row.name, component_.ReadCurve(IndexOf(row)));
+    return std::move(values_);
+  }
+
+ private:
+  void Put(std::string name, Cell value, std::int64_t code = 0) {
+    if (!std::holds_alternative<std::monostate>(value) || code != 0) {
+      values_.push_back({std::move(name), std::move(value), code});
+    }
+  }
+
+  void PutIdentity() {
+    Identity const identity = component_.ReadIdentity();
+    Put("number", std::int64_t{identity.number});
+    Put("name", Text(identity.name));
+    Put("formula", Text(identity.formula));
+    Put("formula as given", identity.keepsFormula);
+    Put("CAS number", Text(identity.cas));
+    Put("IDs", Texts(identity.ids));
+    Put("code", std::int64_t{identity.refCode});
+    Put("SMILES", Text(component_.Smiles()));
+    Put("phase", PhasesOf(component_), component_.Phase());
+    for (std::uint32_t model = 0; model < StructureModels().size(); ++model) {
+      Put("groups of model " + StructureModels()[model], Text(component_.Groups(model)));
+    }
+  }
+
+  void PutConstants() {
+    for (auto const& row : Constants()) {
+      Put(row.keyword, Number(component_.Constant(row.index)));
+      Put(row.keyword + std::string(" code"), Code(component_.ConstantCode(row.index)));
+    }
+  }
+
+  void PutCurve(std::string const& name, Curve const& curve) {
+    if (!curve.present) return;
+    Put(name + " equation", std::int64_t{curve.equation});
+    Put(name + " from T", Number(curve.tMin));
+    Put(name + " to T", Number(curve.tMax));
+    Put(name + " T in", std::string(TemperatureUnit(curve.tempUnit)));
+    Put(name + " unit", UnitOf(curve), curve.propUnit);
+    Put(name + " log basis", LogarithmOf(curve), curve.logBasis);
+    Put(name + " basis", BasisOf(curve), curve.basis);
+    for (std::size_t i = 0; i < curve.coefficients.size(); ++i) {
+      Put(name + " C" + std::to_string(i + 1), Number(curve.coefficients[i]));
+    }
+    Put(name + " code", Code(curve.refCode));
+  }
+
+  PureComponent const& component_;
+  std::vector<NamedValue> values_;
+};
+
+}  // namespace
+
+std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other) {
+  if (one.value != other.value || one.code == other.code) return {one.value, other.value};
+  auto const withCode = [](NamedValue const& named) {
+    return CellText(named.value) + " (code " + std::to_string(named.code) + ")";
+  };
+  return {withCode(one), withCode(other)};
+}
+
+std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item) {
+  std::vector<NamedValue> values;
+  for (Field const& field : FieldsOf(item)) values.push_back({field.name, ValueOf(item, field)});
+  return values;
+}
+
+std::vector<NamedValue> ValuesOf(PureComponent const& component) {
+  return ComponentValues(component).Take();
+}
+
+}  // namespace zel::desk

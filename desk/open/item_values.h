@@ -1,0 +1,28 @@
+// Everything that an item holds, as named values, by which two libraries are compared.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "desk/open/pure_component.h"
+#include "desk/words/table.h"
+
+namespace zel::desk {
+
+struct NamedValue {
+  std::string name;
+  Cell value;
+  std::int64_t code = 0;  // what is stored, if the value is a word for it
+
+  bool operator==(NamedValue const&) const = default;
+};
+// Two values of the same name as they are shown side by side: a word that two codes share is shown
+// with its code.
+std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other);
+// The values of an item just read, by the fields of its type.
+std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item);
+// The values of a pure component, without those that are missing.
+std::vector<NamedValue> ValuesOf(PureComponent const& component);
+
+}  // namespace zel::desk

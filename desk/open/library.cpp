@@ -1,0 +1,131 @@
+#include "desk/open/library.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "desk/open/change_places.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
+
+namespace zel::desk {
+namespace {
+
+constexpr char kComponents[] = "PURECOMP";
+
+zel::LibFile* Checked(zel::LibFile* file, std::string const& path, zel::openErrors error) {
+  if (file == nullptr) throw Failure(path + ": " + Reason(error, path));
+  return file;
+}
+
+}  // namespace
+
+std::string ToText(BankName const& bank) { return bank.type + ":" + bank.name; }
+
+Library::Library(Session& session, std::string path, zel::LibFile* file)
+    : session_(&session),
+      path_(std::move(path)),
+      unread_(std::make_unique<UnreadItems>(session, path_)),
+      file_(file),
+      maint_(zel::LibMaint::NewLibMaint(file)) {
+  zel::SetItemFindings(file_.get(), unread_.get());
+}
+
+void Library::TellUnread(std::string const& place, unsigned long address) const {
+  zel::ZelBlockErrorInfo info;
+  zel::GetBlockErrorInfo(address, info);
+  std::string const text = "block " + std::to_string(address) + " " + info.reason;
+  unread_->Found(zel::findingDamage, "item", place.c_str(), text.c_str());
+}
+
+Library Library::OpenRead(Session& session, std::string const& path, std::string const& shownAs) {
+  std::string const& shown = shownAs.empty() ? path : shownAs;
+  session.NoteOpened(path, shown);
+  zel::openErrors error = zel::openFailed;
+  zel::LibFile* const file = zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error);
+  return {session, shown, Checked(file, shown, error)};
+}
+
+Library Library::OpenUpdate(Session& session, std::string const& path, std::string const& password,
+                            std::string const& shownAs) {
+  std::string const& shown = shownAs.empty() ? path : shownAs;
+  session.NoteOpened(path, shown);
+  zel::openErrors error = zel::openFailed;
+  zel::LibFile* const file =
+      zel::LibFile::OpenLibFile(zel::accUpdate, path.c_str(), password.c_str(), error);
+  return {session, shown, Checked(file, shown, error)};
+}
+
+Library Library::Create(Session& session, zel::libTypes kind, std::string const& path,
+                        std::string const& shownAs) {
+  session.NoteOpened(path, shownAs);
+  zel::openErrors error = zel::openFailed;
+  zel::LibFile* const file = zel::LibFile::NewLibFile(kind, path.c_str(), error);
+  return {session, shownAs, Checked(file, shownAs, error)};
+}
+
+std::vector<BankName> Library::Banks(std::string const& type) const {
+  std::vector<BankName> banks;
+  char typeText[kNameSize] = {};
+  char name[kNameSize] = {};
+  type.empty() ? maint_->BeginBankWalk() : maint_->BeginBankWalk(type.c_str());
+  while (maint_->NextBank(typeText, name)) banks.push_back({typeText, name});
+  maint_->EndBankWalk();
+  return banks;
+}
+
+BankName Library::Bank(std::string const& word) const {
+  std::string const wanted = UpperCase(word);
+  std::vector<BankName> const banks = Banks();
+  std::vector<BankName> found;
+  std::copy_if(banks.begin(), banks.end(), std::back_inserter(found), [&](BankName const& bank) {
+    return ToText(bank) == wanted || bank.name == wanted || bank.type == wanted;
+  });
+  if (found.size() == 1) return found.front();
+  std::string list;
+  for (BankName const& bank : found.empty() ? banks : found) list += " " + ToText(bank);
+  if (found.empty()) {
+    throw Failure(path_ + ": no bank " + word +
+                  (banks.empty() ? "; the library has no banks" : "; it has" + list));
+  }
+  throw Failure(path_ + ": " + word + " may mean several banks; name one of" + list);
+}
+
+BankName Library::ComponentBank(std::string const& word) const {
+  if (word.empty()) return Bank(kComponents);
+  BankName bank = Bank(word.find(':') == std::string::npos ? kComponents + (":" + word) : word);
+  if (bank.type != kComponents) {
+    throw Failure(path_ + ": " + ToText(bank) + " is not a bank of pure components");
+  }
+  return bank;
+}
+
+void Library::Close() {
+  maint_.reset();
+  file_->CloseLibFile();
+}
+
+std::string Reason(zel::openErrors error, std::string const& path) {
+  std::error_code none;
+  switch (error) {
+    case zel::openNotFound:
+      return IsBeingChanged(path) ? "is being changed by another program; try again" : "not found";
+    case zel::openDenied:
+      if (std::filesystem::is_directory(path, none)) return "is a folder";
+      return ::access(path.c_str(), R_OK) == 0 ? "another program has it open, or it is read-only"
+                                               : std::strerror(errno);
+    case zel::openNotLibrary:
+      return LowerCase(std::filesystem::path(path).extension().string()) == ".lb1"
+                 ? "not a component library"
+                 : "not a component library: its name must end in .lb1";
+    case zel::openSiblingMissing: return "its second file (.lb2) is missing";
+    case zel::openPasswordNeeded: return "protected; give its password with --password";
+    case zel::openBadPassword: return "wrong password";
+    default: return "cannot be opened";
+  }
+}
+
+}  // namespace zel::desk

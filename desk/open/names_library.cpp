@@ -1,0 +1,30 @@
+#include "desk/open/names_library.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "desk/open/unfinished_change.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+
+void OpenNames(Session& session) {
+  if (session.namesPath.empty()) return;
+  try {
+    session.names = std::make_shared<Library>(OpenFinished(session, session.namesPath));
+  } catch (Failure const& failure) {
+    throw Failure(failure.what() + std::string(" (named by --names or ZEL_NAMES)"));
+  }
+  zel::LibFile::SetOrdwinNameIndex(&session.names->File());
+}
+
+bool ReleaseNames(Session& session, std::string const& path) {
+  std::error_code none;
+  if (!session.names || !std::filesystem::equivalent(session.names->Path(), path, none)) {
+    return false;
+  }
+  session.names.reset();
+  return true;
+}
+
+}  // namespace zel::desk

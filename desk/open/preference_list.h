@@ -1,0 +1,60 @@
+// A preference list: banks of pure components in several libraries; the first one that has a datum
+// wins.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desk/open/identity_conflict.h"
+#include "desk/open/item_key.h"
+#include "desk/open/library.h"
+#include "desk/open/pure_component.h"
+
+namespace zel::desk {
+
+// Where a command looks for components.
+struct SourceOptions {
+  std::vector<std::string> libraries;
+  bool acceptIdentity = false;
+};
+
+class PreferenceList {
+ public:
+  // Libraries are given as LIBRARY or LIBRARY:BANK; without a bank, all banks of pure components of
+  // the library are taken, in its order. Throws Failure if there is none.
+  PreferenceList(Session& session, SourceOptions const& options);
+  PreferenceList(PreferenceList const&) = delete;
+  PreferenceList& operator=(PreferenceList const&) = delete;
+
+  std::size_t Count() const { return places_.size(); }
+  // "sample.lb1:SAMPLE"
+  std::string Name(std::size_t i) const;
+  // The libraries, each once, in the order in which they were named.
+  std::vector<Library> const& Libraries() const { return libraries_; }
+  // Reads the component as one bank has it, not completed; false if the bank does not have it.
+  bool Read(std::size_t i, std::string const& word, PureComponent const& component) const;
+  // Merges the component from all banks and completes it. Throws Failure if no bank has it, and if
+  // those that have it mean different substances, unless that is accepted.
+  void Search(std::string const& word, PureComponent& component);
+  // The conflicts that were met and accepted.
+  std::vector<IdentityConflict> const& Accepted() const { return accepted_; }
+
+ private:
+  struct Place {
+    std::size_t library;
+    std::string bank;
+  };
+  // Throws Failure if the identities contradict each other, or records the conflict if that is
+  // accepted.
+  void Judge(std::string const& word, std::vector<SourcedIdentity> found);
+  std::size_t LibraryAt(std::string const& path);
+
+  Session& session_;
+  std::vector<Library> libraries_;
+  std::vector<Place> places_;
+  zel::Handle<zel::LibSearch> search_;
+  bool acceptIdentity_;
+  std::vector<IdentityConflict> accepted_;
+};
+
+}  // namespace zel::desk

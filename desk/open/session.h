@@ -1,0 +1,43 @@
+// What one piece of work has opened, and what is done about items that cannot be read.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zel::desk {
+
+class Library;
+
+class Session {
+ public:
+  Session() = default;
+  Session(Session const&) = delete;
+  Session& operator=(Session const&) = delete;
+  virtual ~Session() = default;
+
+  // The library for IDs and CAS numbers that the main library does not know: its path, empty for
+  // none, and, while it is open, the library itself. See names_library.h.
+  std::string namesPath;
+  std::shared_ptr<Library> names;
+
+  // Remembers the name in messages of the library at a path.
+  void NoteOpened(std::filesystem::path const& path, std::string const& shown);
+  // The name in messages of the library to which `file` belongs, the file that a block error names;
+  // `file` itself if no such library was opened.
+  std::string ShownPath(std::string const& file) const;
+
+  // Called once for each item or bank that a walk leaves out because it cannot be read; `line` says
+  // where it is and why. Throws Failure with the line, unless a host wants to go on.
+  virtual void LeaveOut(std::string const& line);
+
+ private:
+  struct Opened {
+    std::filesystem::path path;
+    std::string shown;
+  };
+  std::vector<Opened> opened_;
+};
+
+}  // namespace zel::desk

@@ -1,0 +1,117 @@
+#include "desk/open/unfinished_change.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "desk/files/file_copy.h"
+#include "desk/files/file_lock.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Each step may already have been done by a command that was then interrupted, too.
+void MoveBack(ChangePlaces const& change) {
+  for (int number = 2; number <= kMostFiles; ++number) {
+    if (Exists(change.Old(number))) {
+      fs::rename(change.Old(number), change.Place(number));
+    } else if (Exists(change.Added(number)) && !Exists(change.New(number))) {
+      fs::remove(change.Place(number));
+    }
+  }
+  SyncPath(change.Folder());
+  if (Exists(change.Old(1))) MoveToFreePlace(change.Old(1), change.Place(1));
+  SyncPath(change.Folder());
+}
+
+// The state of a ready folder, from the files in it and in place.
+enum class Found {
+  kLeftOver,  // nothing was moved yet, or everything was: only the folder must be removed
+  kCutOff,    // the first file was moved away
+  kTaken,     // the first file was moved away, and somebody has made another one since
+  kLost       // everything was moved, and the first file has disappeared since
+};
+
+Found Look(ChangePlaces const& change) {
+  bool const isThere = Exists(change.Place(1));
+  bool const isOld = Exists(change.Old(1));
+  bool const isNew = Exists(change.New(1));
+  if (isThere) return isOld && isNew ? Found::kTaken : Found::kLeftOver;
+  if (isNew) return Found::kCutOff;
+  return isOld ? Found::kLost : Found::kLeftOver;
+}
+
+// Removes what a killed command left of its work.
+void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
+  if (!IsOurs(folder, library)) return;
+  try {
+    FolderTurn const turn(folder.parent_path().string(), FolderTurn::Patience::kNone);
+    if (!turn) return;
+    if (Exists(folder / kLockName)) FileLock::Take((folder / kLockName).string(), "");
+    RemoveFolder(folder);
+  } catch (Failure const&) {
+    // Another program is working in it.
+  } catch (fs::filesystem_error const& error) {
+    // The next command tries again what cannot be looked at now.
+    if (error.code() == std::errc::not_enough_memory) throw;
+  }
+}
+
+}  // namespace
+
+void FinishMoves(std::string const& shownAs, ChangePlaces const& change) {
+  std::string const folder = change.Ready().string();
+  Found found = Found::kLeftOver;
+  OrFail(shownAs, "the files of an unfinished change cannot be examined",
+         [&] { found = Look(change); });
+  switch (found) {
+    case Found::kTaken:
+      throw Failure(shownAs + ": another program made it after a change was cut off; the library " +
+                    "before and after the change is in " + folder + ". Move or remove that folder");
+    case Found::kLost: throw Failure(shownAs + ": its first file is lost; see " + folder);
+    case Found::kCutOff:
+      OrFail(shownAs, "the files of an unfinished change cannot be moved back",
+             [&] { MoveBack(change); });
+      break;
+    case Found::kLeftOver: break;
+  }
+  RemoveFolder(change.Ready());
+}
+
+void FinishChange(std::string const& path) {
+  std::string whole;
+  try {
+    whole = WithoutLinks(path);
+  } catch (fs::filesystem_error const& error) {
+    if (error.code() == std::errc::not_enough_memory || path.empty()) throw;
+    return;  // there is no such folder
+  }
+  ChangePlaces const change(whole);
+  RemoveLeftOver(NewFolder(whole), whole);
+  if (!IsOurs(change.Ready(), whole)) return;
+  std::string const lock = (change.Ready() / kLockName).string();
+  try {
+    // A folder without a lock is almost removed, or it comes from a copy that left out the lock.
+    if (!Exists(lock)) MakeMark(lock);
+    FileLock const held = FileLock::Take(lock, path);
+    FinishMoves(path, change);
+  } catch (fs::filesystem_error const&) {
+    if (Exists(lock) || Look(change) == Found::kLeftOver) return;
+    throw;
+  } catch (Failure const&) {
+    // Another program may have just finished it, and a user who may only read needs no more than
+    // that the library is whole.
+    if (!IsOurs(change.Ready(), whole) || Look(change) == Found::kLeftOver) return;
+    throw;
+  }
+}
+
+Library OpenFinished(Session& session, std::string const& path) {
+  FinishChange(path);
+  return Library::OpenRead(session, path);
+}
+
+}  // namespace zel::desk

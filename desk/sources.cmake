@@ -1,0 +1,24 @@
+set(desk_SOURCES
+    change/library_change.cpp
+    change/work_folder.cpp
+    files/file_copy.cpp
+    files/file_lock.cpp
+    files/folder.cpp
+    files/output_file.cpp
+    files/standard_output.cpp
+    open/change_places.cpp
+    open/fields.cpp
+    open/identity_conflict.cpp
+    open/item_key.cpp
+    open/item_values.cpp
+    open/library.cpp
+    open/names_library.cpp
+    open/nearest.cpp
+    open/preference_list.cpp
+    open/pure_component.cpp
+    open/session.cpp
+    open/unfinished_change.cpp
+    open/unread_items.cpp
+    words/letters.cpp
+    words/number_range.cpp
+    words/table.cpp)

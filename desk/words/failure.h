@@ -1,0 +1,25 @@
+// The errors that end a command, each with one line for the user.
+#pragma once
+
+#include <exception>
+#include <stdexcept>
+
+namespace zel::desk {
+
+// The operation failed; exit status 1. The text names the file, bank or item and the reason, and
+// says what to do where that helps.
+class Failure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Nobody reads standard output any more.
+class PipeClosed : public std::exception {};
+
+// The command line is invalid; exit status 2.
+class WrongUsage : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace zel::desk

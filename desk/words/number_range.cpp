@@ -1,0 +1,82 @@
+#include "desk/words/number_range.h"
+
+#include <zelaccess/Types.h>
+#include <zelaccess/Verify.h>
+
+#include <cctype>
+#include <charconv>
+#include <cmath>
+
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+
+double ParseNumber(std::string const& word, std::string const& what) {
+  std::size_t const sign = word.size() > 1 && word[0] == '+' && word[1] != '-' ? 1 : 0;
+  double value = 0.0;
+  char const* const last = word.data() + word.size();
+  auto const [end, error] = std::from_chars(word.data() + sign, last, value);
+  if (error != std::errc() || end != last || !std::isfinite(value)) {
+    throw WrongUsage("\"" + word + "\" is not " + what);
+  }
+  return value;
+}
+
+bool Span::Has(double value) const {
+  if (zel::gen_IsUndefDouble(value)) return false;
+  return (!low || value >= *low) && (!high || value <= *high);
+}
+
+namespace {
+
+template <typename Parse>
+std::optional<Span> SpanOf(std::string const& word, std::string const& what, Parse const& parse) {
+  if (word.empty()) return std::nullopt;
+  std::size_t const colon = word.find(':');
+  if (colon == std::string::npos) {
+    throw WrongUsage("\"" + word + "\" is not a range MIN:MAX of " + what);
+  }
+  Span span;
+  if (colon > 0) span.low = parse(word.substr(0, colon));
+  if (colon + 1 < word.size()) span.high = parse(word.substr(colon + 1));
+  return span;
+}
+
+}  // namespace
+
+std::optional<Span> ParseSpan(std::string const& word, std::string const& what) {
+  return SpanOf(word, what, [&](std::string const& end) { return ParseNumber(end, what); });
+}
+
+std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what) {
+  return SpanOf(word, what,
+                [](std::string const& end) { return ParseTemperature(end).In(kKelvin); });
+}
+
+double Temperature::In(std::int32_t code) const {
+  if (zel::ConvertTemperature(value, unit, kKelvin) < 0.0) {
+    throw WrongUsage("a temperature is below absolute zero");
+  }
+  return zel::ConvertTemperature(value, unit, code);
+}
+
+Temperature ParseTemperature(std::string const& word) {
+  constexpr char kWhat[] = "a temperature such as 298.15K, 25C, 537R or 77F";
+  Temperature temperature;
+  std::string number = word;
+  std::size_t const letter = std::string("KCRF").find(
+      number.empty() ? '\0'
+                     : static_cast<char>(std::toupper(static_cast<unsigned char>(number.back()))));
+  if (letter != std::string::npos) {
+    temperature.unit = kKelvin + static_cast<std::int32_t>(letter);
+    number.pop_back();
+  }
+  try {
+    temperature.value = ParseNumber(number, kWhat);
+  } catch (WrongUsage const&) {
+    throw WrongUsage("\"" + word + "\" is not " + kWhat);
+  }
+  return temperature;
+}
+
+}  // namespace zel::desk

@@ -1,0 +1,38 @@
+// Numbers, ranges and temperatures given on the command line.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace zel::desk {
+
+// Throws WrongUsage, which says what is expected, if the word is not a number.
+double ParseNumber(std::string const& word, std::string const& what);
+
+// A range, both ends included; a missing end is open.
+struct Span {
+  std::optional<double> low;
+  std::optional<double> high;
+
+  // False for an undefined value.
+  bool Has(double value) const;
+};
+// "250:320", "250:", ":320"; nothing for an empty word.
+std::optional<Span> ParseSpan(std::string const& word, std::string const& what);
+
+inline constexpr std::int32_t kKelvin = 10;
+
+// A temperature with its unit, "25C"; without one it is in K.
+struct Temperature {
+  double value = 0.0;
+  std::int32_t unit = kKelvin;  // 10 K, 11 C, 12 R, 13 F
+
+  // The temperature in the unit with this code. Throws WrongUsage below absolute zero.
+  double In(std::int32_t code) const;
+};
+Temperature ParseTemperature(std::string const& word);
+// A range of temperatures such as "20C:350", in K.
+std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what);
+
+}  // namespace zel::desk

@@ -1,0 +1,13 @@
+#include "output/session.h"
+
+#include <cstdio>
+
+namespace zelhost {
+
+void Session::LeaveOut(std::string const& line) {
+  if (isStrict) zel::desk::Session::LeaveOut(line);
+  std::fprintf(stderr, "zel: %s; left out\n", line.c_str());
+  exitStatus = 1;
+}
+
+}  // namespace zelhost
