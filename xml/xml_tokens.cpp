@@ -111,13 +111,21 @@ XmlTokens::XmlTokens(DocumentText& text) : text_(text) {
 bool XmlTokens::Fill() {
   if (isComplete_) return false;
   auto const kept = static_cast<std::size_t>(end_ - at_);
+  // Also after an exception, at_ and end_ are those of the buffer.
+  auto const holds = [&](std::size_t size) {
+    at_ = buffer_.data();
+    end_ = at_ + size;
+  };
   std::memmove(buffer_.data(), at_, kept);
-  if (2 * kept > buffer_.size()) buffer_.resize(2 * buffer_.size());
+  holds(kept);
+  if (2 * kept > buffer_.size()) {
+    buffer_.resize(2 * buffer_.size());
+    holds(kept);
+  }
   std::size_t const read = text_.Read(buffer_.data() + kept, buffer_.size() - kept);
   if (text_.HasFailed()) throw XmlDocumentChanged{text_.Path()};
+  holds(kept + read);
   isComplete_ = read == 0;
-  at_ = buffer_.data();
-  end_ = at_ + kept + read;
   return read != 0;
 }
 

@@ -98,6 +98,23 @@ TEST_F(ImportStreamTest, DocumentThatChangesMeanwhileIsNeverMixed) {
   }
 }
 
+// The rest of the document is not read after the change, also where the change is met within a text
+// that fills more than what is read at once.
+TEST_F(ImportStreamTest, DocumentThatChangesWithinALongTextIsLeftAlone) {
+  for (std::size_t const size : {70'000U, 200'000U, 400'000U}) {
+    MakeFile("doc.xml", "<bank type='VANLAAR' name='MINE'><memo>" + std::string(size, 'm') +
+                            "</memo><item><keys>1234567 1234568</keys></item></bank>");
+    Changer changer(Path("doc.xml"));
+    Maint().SetLogSink(&changer);
+    EXPECT_FALSE(Maint().Import(Path("doc.xml").c_str(), false));
+    EXPECT_EQ(changer.lines, "Format error in XML document \"" + Path("doc.xml") + "\"\n");
+    char memo[4000] = "x";
+    Maint().GetBankMemo("VANLAAR", "MINE", memo);
+    EXPECT_STREQ(memo, "");
+    EXPECT_TRUE(Maint().DeleteBank("VANLAAR", "MINE"));
+  }
+}
+
 #if !ZEL_ADDRESS_SANITIZER && !ZEL_THREAD_SANITIZER
 // A tree of this document takes 16 times its size. The items have few keys, so that the library
 // stays small.
