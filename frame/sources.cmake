@@ -12,6 +12,8 @@ set(frame_SOURCES
     search_path.cpp
     trim7.cpp
     units/class_definition.cpp
+    units/everyday_units.cpp
+    units/public_units.cpp
     units/unit_binder.cpp
     units/unit_catalogue.cpp
     units/unit_factors.cpp

@@ -10,6 +10,7 @@
 #include "verify/atomic_weights.h"
 #include "verify/composition.h"
 #include "zelaccess/Types.h"
+#include "zelaccess/Units.h"
 #include "zelaccess/Verify.h"
 
 namespace zel {
@@ -41,6 +42,32 @@ constexpr auto kCorrelations = [] {
   return rows;
 }();
 
+// The dimensions of the internal units of data.
+struct DimensionRow {
+  std::string_view unit;
+  char const* dimension;
+};
+constexpr DimensionRow kDimensions[] = {
+    {"K", "Temp"},
+    {"kPa", "Pres"},
+    {"m3/kg-mol", "MolarVolume"},
+    {"kg-mol/m3", "MolarDensity"},
+    {"kJ/kg-mol", "MolarEnergy"},
+    {"kJ/kg-mol-K", "MolarEntropy"},
+    {"cP", "Visc"},
+    {"W/m-K", "Cond"},
+    {"N/m", "Surf"},
+    {"m", "Leng"},
+    {"debye", "Dipole"},
+    {"fraction", "Frac"},
+};
+
+char const* DimensionOf(std::string_view unit) {
+  auto const at = std::find_if(std::begin(kDimensions), std::end(kDimensions),
+                               [unit](DimensionRow const& row) { return unit == row.unit; });
+  return at == std::end(kDimensions) ? "" : at->dimension;
+}
+
 double WeightOf(std::string_view element) {
   auto const at = std::find_if(std::begin(kAtomicWeights), std::end(kAtomicWeights),
                                [&](AtomicWeight const& row) { return element == row.symbol; });
@@ -57,6 +84,23 @@ ZelConstantInfo const* GetConstantCatalogue(std::int32_t& count) {
 ZelCorrelationInfo const* GetCorrelationCatalogue(std::int32_t& count) {
   count = static_cast<std::int32_t>(kCorrelations.size());
   return kCorrelations.data();
+}
+
+char const* GetDimensionOfUnit(char const* unit) {
+  return unit == nullptr ? "" : DimensionOf(unit);
+}
+
+char const* GetConstantDimension(std::uint32_t index) {
+  // Relative to water at 60 F, or in degrees API.
+  if (index == propertySG60F) return "PetroDensity";
+  for (ZelConstantInfo const& row : kConstants) {
+    if (row.index == index) return DimensionOf(row.unit);
+  }
+  return "";
+}
+
+char const* GetCorrelationDimension(std::uint32_t index) {
+  return index < kCorrelations.size() ? DimensionOf(kCorrelations[index].unit) : "";
 }
 
 char const* GetUnitCodeName(std::int32_t code) { return GetUnitName(code); }

@@ -31,6 +31,7 @@ std::vector<BuiltInClass> const& BuiltInClasses() {
       {"PetroDensity", "Mass / Vol", {"spgr", "API"}},
       {"SpVol", "Vol / Mass", {}},
       {"VapSpVol", "Vol / Mass", {}},
+      {"MolarVolume", "Vol / Mole", {}},
       {"SpEnthalpy", "Energy / Mass", {}},
       {"SpEntropy", "Energy / TempDiff Mass", {}},
   };

@@ -70,6 +70,7 @@ class UnitCatalogue {
     return classes_[static_cast<std::size_t>(unitClass)];
   }
 
+  int ClassCount() const noexcept { return static_cast<int>(classes_.size()); }
   // By name in any case; -1 when there is none.
   int FindClass(std::string_view name) const;
 

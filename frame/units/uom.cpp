@@ -29,11 +29,6 @@ using SharedCatalogue = std::shared_ptr<UnitCatalogue const>;
 std::mutex loading;
 SharedCatalogue loaded;
 
-SharedCatalogue Loaded() {
-  std::lock_guard const lock(loading);
-  return loaded;
-}
-
 bool IsForm(int form) {
   return form == static_cast<int>(UnitForm::kText) || form == static_cast<int>(UnitForm::kKeyword);
 }
@@ -79,6 +74,11 @@ double Converted(double value, UnitRule const& from, UnitRule const& to) {
 
 }  // namespace
 
+std::shared_ptr<UnitCatalogue const> LoadedUnits() {
+  std::lock_guard const lock(loading);
+  return loaded;
+}
+
 int uom_Init2(int count, char const* const* arguments) {
   bool const given = count == 2 && arguments != nullptr && arguments[0] != nullptr &&
                      arguments[1] != nullptr && std::string_view(arguments[0]) == "-f";
@@ -86,7 +86,7 @@ int uom_Init2(int count, char const* const* arguments) {
 }
 
 uom_Unit* uoms_New(char const* dimension) {
-  SharedCatalogue catalogue = Loaded();
+  SharedCatalogue catalogue = LoadedUnits();
   if (catalogue == nullptr) return nullptr;
   int const unitClass = catalogue->FindClass(TextOrEmpty(dimension));
   return unitClass < 0 ? nullptr : new uom_Unit{std::move(catalogue), unitClass, {}};

@@ -2,10 +2,13 @@
 // loaded once per process; until then no handle can be made.
 #pragma once
 
+#include <memory>
+
 namespace zel {
 
 // A unit of one class; a new handle has no unit until uom_FillStructFromString sets it.
 struct uom_Unit;
+class UnitCatalogue;
 
 // Results other than 0 of the functions below. uom_Init2 has those of UnitTableError.
 inline constexpr int kUomBadArgument = 1;
@@ -18,6 +21,9 @@ inline constexpr int kUomNoValue = 5;     // a value that has no counterpart in 
 // replaces any table loaded before, whose handles stay usable with each other. Returns 0 on
 // success, otherwise a positive UnitTableError, and the previous table stays loaded.
 int uom_Init2(int count, char const* const* arguments);
+
+// The classes of the table that is loaded; null for none.
+std::shared_ptr<UnitCatalogue const> LoadedUnits();
 
 // Returns a handle for a unit class, whose name is compared without regard to case; null when there
 // is no such class, or no unit table. The caller frees it with uom_Free.

@@ -229,9 +229,9 @@ TEST_F(OpenUnitTest, InternalUnitsOfTheWordsInUse) {
 TEST_F(OpenUnitTest, EverySlateHasAUnitForEveryClass) {
   UnitTable table;
   ASSERT_EQ(ReadUnitTable(test::RealTableText(), table), UnitTableError::kNone);
-  std::vector<std::string> classes = {"Length",       "Pressure",   "Density",
-                                      "VaporDensity", "SpVol",      "VapSpVol",
-                                      "PetroDensity", "SpEnthalpy", "SpEntropy"};
+  std::vector<std::string> classes = {"Length",    "Pressure",   "Density",      "VaporDensity",
+                                      "SpVol",     "VapSpVol",   "PetroDensity", "SpEnthalpy",
+                                      "SpEntropy", "MolarVolume"};
   for (UnitList const& list : table.lists) classes.push_back(list.name);
   for (CustomClass const& custom : table.classes) classes.push_back(custom.name);
   for (UnitSlate const& slate : table.slates) {

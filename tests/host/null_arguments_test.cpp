@@ -10,6 +10,7 @@
 #include <zelaccess/LibFile_p.h>
 #include <zelaccess/LibMaint_p.h>
 #include <zelaccess/LibSearch_p.h>
+#include <zelaccess/Units.h>
 #include <zelaccess/Verify.h>
 
 #include <cctype>
@@ -465,6 +466,21 @@ void NullArgumentsTest::SweepFunctions() {
     return ReadDocumentContents(path, contents);
   });
   SweepBatches();
+  SweepBatches();
+  InitZelAccess();
+  double pressure = 1.0;
+  SweepCall<char const*, char const*, char const*, double*>(
+      "ConvertUnits", [&](char const* dimension, char const* from, char const* to, double* values) {
+        return ConvertUnits(dimension, from, to, values, 1);
+      });
+  EXPECT_TRUE(ConvertUnits("Pres", "bar", "kPa", &pressure, 1));
+  Sweep("FindUnit", &FindUnit);
+  Sweep("GetDimensionOfUnit", &GetDimensionOfUnit);
+  SweepCall<char*>("GetDimension", [](char* name) { return GetDimension(0, name); });
+  Sweep("GetUnitCount", &GetUnitCount);
+  SweepCall<char const*, char*>(
+      "GetUnit", [](char const* name, char* unit) { return GetUnit(name, 0, unit); });
+  SweepCall<char*>("GetUnitSystem", [](char* name) { return GetUnitSystem(0, name); });
   Sweep("GetFileRoom", &GetFileRoom);
   Sweep("GetLostFlushes", &GetLostFlushes);
   struct Sink final : ZelFindingSink {
