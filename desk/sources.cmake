@@ -7,6 +7,7 @@ set(desk_SOURCES
     files/output_file.cpp
     files/standard_output.cpp
     open/change_places.cpp
+    open/component_name.cpp
     open/fields.cpp
     open/identity_conflict.cpp
     open/item_key.cpp
@@ -20,5 +21,6 @@ set(desk_SOURCES
     open/unfinished_change.cpp
     open/unread_items.cpp
     words/letters.cpp
+    words/nearest_word.cpp
     words/number_range.cpp
     words/table.cpp)

@@ -6,6 +6,7 @@
 #include "desk/open/library.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
+#include "desk/words/nearest_word.h"
 
 namespace zel::desk {
 namespace {
@@ -71,12 +72,17 @@ BankFacts::BankFacts(zel::IZelBankDef& bank) {
 
 namespace {
 
-bool IsKnown(std::string const& type) {
+std::vector<std::string> BankTypes() {
   auto const count = static_cast<std::size_t>(zel::GetBankTypeCount());
   std::vector<char> list(count * kNameSize);
   auto* const names = reinterpret_cast<char(*)[kNameSize]>(list.data());
   zel::GetBankTypeList(static_cast<long>(count), names);
-  return std::any_of(names, names + count, [&](char const* name) { return type == name; });
+  return {names, names + count};
+}
+
+bool IsKnown(std::string const& type) {
+  std::vector<std::string> const types = BankTypes();
+  return std::find(types.begin(), types.end(), type) != types.end();
 }
 
 }  // namespace
@@ -90,7 +96,10 @@ zel::Handle<zel::IZelBankDef> BankOrNone(std::string const& type) {
 
 zel::Handle<zel::IZelBankDef> BankOfType(std::string const& type) {
   zel::Handle<zel::IZelBankDef> bank = BankOrNone(type);
-  if (!bank) throw Failure("there is no bank type " + type + "; `zel types` lists them");
+  if (!bank) {
+    throw Failure("there is no bank type " + type + DidYouMean(type, BankTypes()) +
+                  " `zel types` lists them");
+  }
   return bank;
 }
 
@@ -122,8 +131,10 @@ Field FieldNamed(zel::IZelBankDef& bank, std::string const& name) {
   });
   if (at == fields.end()) {
     std::string const type = BankFacts(bank).type;
-    throw Failure("a " + type + " bank has no field " + name + "; `zel types " + type +
-                  "` lists them");
+    std::vector<std::string> names;
+    for (Field const& field : fields) names.push_back(field.name);
+    throw Failure("a " + type + " bank has no field " + name + DidYouMean(name, names) +
+                  " `zel types " + type + "` lists them");
   }
   return *at;
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "desk/open/component_name.h"
 #include "desk/open/fields.h"
 #include "desk/open/nearest.h"
 #include "desk/words/failure.h"
@@ -52,6 +53,12 @@ std::int32_t KeyNumber(std::string const& word) {
 
 }  // namespace
 
+bool MayBeName(std::string const& word) {
+  return !word.empty() && !IsDigits(word) && !LooksLikeCas(word);
+}
+
+bool IsIdForm(std::string const& word) { return !word.empty() && word.size() <= kIdLength; }
+
 Component ParseComponent(std::string const& word) {
   if (IsDigits(word)) {
     std::int32_t number = 0;
@@ -67,7 +74,7 @@ Component ParseComponent(std::string const& word) {
     }
     return number;
   }
-  if (word.empty() || word.size() > kIdLength) {
+  if (!IsIdForm(word)) {
     throw NotAComponent(word,
                         "\"" + word + "\" is not a component ID, which has 1 to 8 characters");
   }
@@ -88,45 +95,55 @@ zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components) {
 
 namespace {
 
-zel::Handle<zel::Key> KeyOfWords(zel::IZelBankDef& bank, std::vector<std::string> const& words) {
-  char type[kNameSize] = {};
-  char description[50] = {};
-  std::int32_t kind = 0, keyWords = 0, shortest = 0, formats = 0, length = 0;
-  std::uint8_t listed = 0;
-  bank.GetBankInfo(type, description, &kind, &keyWords, &shortest, &formats, &length, &listed);
-  bool const isText = kind == kText;
-  auto const given = static_cast<std::int32_t>(words.size());
-  if (isText ? given != 1 : given < shortest || given > keyWords) {
-    std::string const most = isText ? "1" : std::to_string(keyWords);
-    std::string const least = isText ? "1" : std::to_string(shortest);
-    throw Failure("an item of a " + std::string(type) + " bank is named by " +
-                  (least == most ? most : least + " to " + most) +
-                  (kind == kComponents ? " component(s)"
-                   : isText            ? " text"
-                                       : " number(s)"));
-  }
-  if (kind == kComponents) {
-    std::vector<Component> components;
-    for (std::string const& word : words) components.push_back(ParseComponent(word));
-    return KeyOf(components);
-  }
-  zel::Handle<zel::Key> key(zel::Key::NewKey());
-  if (isText) {
-    key->SetKeyText(keyWords, words[0].c_str());
-    return key;
-  }
+void CheckCount(BankFacts const& facts, std::size_t count) {
+  bool const isText = facts.keyKind == kText;
+  auto const given = static_cast<std::int32_t>(count);
+  if (isText ? given == 1 : given >= facts.shortestKey && given <= facts.keyWords) return;
+  std::string const most = isText ? "1" : std::to_string(facts.keyWords);
+  std::string const least = isText ? "1" : std::to_string(facts.shortestKey);
+  throw Failure("an item of a " + facts.type + " bank is named by " +
+                (least == most ? most : least + " to " + most) +
+                (facts.keyKind == kComponents ? " component(s)"
+                 : isText                     ? " text"
+                                              : " number(s)"));
+}
+
+zel::Handle<zel::Key> KeyOfNumbers(std::vector<std::string> const& words) {
   std::vector<std::int32_t> numbers;
   for (std::string const& word : words) numbers.push_back(KeyNumber(word));
+  zel::Handle<zel::Key> key(zel::Key::NewKey());
   key->SetKeyWords(static_cast<long>(numbers.size()), numbers.data());
   return key;
 }
 
 }  // namespace
 
+std::vector<std::string> ItemWords(Library const& library, zel::IZelBankDef& bank,
+                                   std::vector<std::string> const& words) {
+  if (BankFacts(bank).keyKind != kComponents) return words;
+  ComponentBanks const banks = BanksKnownTo(library);
+  std::vector<std::string> found;
+  found.reserve(words.size());
+  for (std::string const& word : words) found.push_back(LookupWord(word, banks));
+  return found;
+}
+
 zel::Handle<zel::Key> KeyIn(Library const& library, zel::IZelBankDef& bank,
                             std::vector<std::string> const& words) {
+  BankFacts const facts(bank);
+  CheckCount(facts, words.size());
+  if (facts.keyKind == kText) {
+    zel::Handle<zel::Key> key(zel::Key::NewKey());
+    key->SetKeyText(facts.keyWords, words[0].c_str());
+    return key;
+  }
+  if (facts.keyKind != kComponents) return KeyOfNumbers(words);
   try {
-    return KeyOfWords(bank, words);
+    std::vector<Component> components;
+    for (std::string const& word : ItemWords(library, bank, words)) {
+      components.push_back(ParseComponent(word));
+    }
+    return KeyOf(components);
   } catch (NotAComponent const& error) {
     throw Failure(error.what() + NearestTo(error.Word(), BanksKnownTo(library)));
   }
@@ -147,7 +164,7 @@ std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
     return byNumbers ? ""
                      : "; use --names LIBRARY to name a library that knows the IDs and CAS numbers";
   }
-  for (std::string const& word : words) {
+  for (std::string const& word : ItemWords(library, bank, words)) {
     bool const isKnown = std::any_of(banks.begin(), banks.end(), [&](auto const& place) {
       PureComponent const component;
       return ReadComponent(*place.first, place.second, word, component);

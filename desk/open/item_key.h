@@ -12,7 +12,7 @@
 namespace zel::desk {
 
 // A component by number, by CAS number ("64-17-5") or by character ID; the form of the word decides
-// which.
+// which. For components that are named by their names see component_name.h.
 using Component = std::variant<long, zel::casn, std::string>;
 // Throws NotAComponent for a CAS number whose check digit is wrong and for an ID of over 8
 // characters, Failure for a number that is too large.
@@ -27,11 +27,21 @@ class NotAComponent : public Failure {
   std::string word_;
 };
 
+// True for a word that may be a component's name: not empty, not a number and not of the form of a
+// CAS number.
+bool MayBeName(std::string const& word);
+// True for a word of 1 to 8 characters.
+bool IsIdForm(std::string const& word);
+
 // A key of up to three components.
 zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components);
+// The words of an item of a bank of this type, with the names of components replaced as by
+// LookupWord (component_name.h). The components are those of the library and of that of --names.
+std::vector<std::string> ItemWords(Library const& library, zel::IZelBankDef& bank,
+                                   std::vector<std::string> const& words);
 // The key of an item of a bank of this type: components, plain numbers or a text. Throws Failure if
 // the bank's items are not named by that many words, and for a word that cannot name a component of
-// the library.
+// the library. Names are replaced as by ItemWords.
 zel::Handle<zel::Key> KeyIn(Library const& library, zel::IZelBankDef& bank,
                             std::vector<std::string> const& words);
 

@@ -1,11 +1,11 @@
 #include "desk/open/nearest.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <optional>
 
 #include "desk/open/pure_component.h"
 #include "desk/words/letters.h"
+#include "desk/words/nearest_word.h"
 
 namespace zel::desk {
 namespace {
@@ -38,23 +38,6 @@ std::string Described(std::string const& word, Identity const& identity) {
 
 }  // namespace
 
-std::size_t EditDistance(std::string const& one, std::string const& other) {
-  std::vector<std::vector<std::size_t>> d(one.size() + 1,
-                                          std::vector<std::size_t>(other.size() + 1));
-  for (std::size_t i = 0; i <= one.size(); ++i) d[i][0] = i;
-  for (std::size_t k = 0; k <= other.size(); ++k) d[0][k] = k;
-  for (std::size_t i = 1; i <= one.size(); ++i) {
-    for (std::size_t k = 1; k <= other.size(); ++k) {
-      std::size_t const change = d[i - 1][k - 1] + (one[i - 1] == other[k - 1] ? 0 : 1);
-      d[i][k] = std::min({d[i - 1][k] + 1, d[i][k - 1] + 1, change});
-      bool const exchanged =
-          i > 1 && k > 1 && one[i - 1] == other[k - 2] && one[i - 2] == other[k - 1];
-      if (exchanged) d[i][k] = std::min(d[i][k], d[i - 2][k - 2] + 1);
-    }
-  }
-  return d[one.size()][other.size()];
-}
-
 ComponentBanks BanksKnownTo(Library const& library) {
   ComponentBanks banks;
   for (Library const* one :
@@ -64,29 +47,6 @@ ComponentBanks BanksKnownTo(Library const& library) {
   }
   return banks;
 }
-
-namespace {
-
-// The largest distance of a name that the word may mean.
-std::size_t Furthest(std::string const& word) {
-  constexpr std::size_t kLettersPerMistake = 3;
-  return std::max<std::size_t>(1, word.size() / kLettersPerMistake);
-}
-
-// The distance of a name that the word may mean: at most Furthest, or any if the name begins with
-// the word.
-std::optional<std::size_t> DistanceOf(std::string const& word, std::string const& name) {
-  std::size_t const most = Furthest(word);
-  std::size_t const difference =
-      std::max(word.size(), name.size()) - std::min(word.size(), name.size());
-  bool const isBeginning = !IsNumber(word) && !IsCas(word) && name.rfind(word, 0) == 0;
-  if (isBeginning) return difference;
-  if (name.empty() || difference > most) return std::nullopt;
-  std::size_t const distance = EditDistance(word, name);
-  return distance <= most ? std::optional(distance) : std::nullopt;
-}
-
-}  // namespace
 
 std::string NearestTo(std::string const& word, ComponentBanks const& banks) {
   std::string const wanted = UpperCase(word);
@@ -101,7 +61,8 @@ std::string NearestTo(std::string const& word, ComponentBanks const& banks) {
       hasAny = true;
       Identity identity = component.ReadIdentity();
       for (std::string const& name : NamesLike(wanted, identity)) {
-        std::optional<std::size_t> const distance = DistanceOf(wanted, name);
+        std::optional<std::size_t> const distance =
+            DistanceOf(wanted, name, !IsNumber(wanted) && !IsCas(wanted));
         if (!distance || *distance >= least) continue;
         least = *distance;
         nearest = identity;

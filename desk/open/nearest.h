@@ -21,8 +21,4 @@ ComponentBanks BanksKnownTo(Library const& library);
 // Empty if the banks hold no component.
 std::string NearestTo(std::string const& word, ComponentBanks const& banks);
 
-// The number of letters that must be inserted, deleted, changed or swapped with their neighbor to
-// turn one text into the other.
-std::size_t EditDistance(std::string const& one, std::string const& other);
-
 }  // namespace zel::desk

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "desk/open/nearest.h"
+#include "desk/open/component_name.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
 
@@ -59,7 +59,7 @@ namespace {
 
 // Looks up a component; if its record cannot be read, the error names the component.
 template <typename Look>
-bool Looked(Session const& session, std::string const& word, Look const& look) {
+auto Looked(Session const& session, std::string const& word, Look const& look) {
   try {
     return look();
   } catch (unsigned long const address) {
@@ -71,10 +71,25 @@ bool Looked(Session const& session, std::string const& word, Look const& look) {
 
 }  // namespace
 
+ComponentBanks PreferenceList::Banks() const {
+  ComponentBanks banks;
+  for (Place const& place : places_) {
+    banks.emplace_back(&libraries_[place.library], BankName{kPureType, place.bank});
+  }
+  return banks;
+}
+
+std::string const& PreferenceList::Lookup(std::string const& word) const {
+  auto const at = lookedUp_.find(word);
+  if (at != lookedUp_.end()) return at->second;
+  std::string found = Looked(session_, word, [&] { return LookupWord(word, Banks()); });
+  return lookedUp_.emplace(word, std::move(found)).first->second;
+}
+
 bool PreferenceList::Read(std::size_t i, std::string const& word,
                           PureComponent const& component) const {
   return Looked(session_, word, [&] {
-    return ReadComponent(libraries_[places_[i].library], {kPureType, places_[i].bank}, word,
+    return ReadComponent(libraries_[places_[i].library], {kPureType, places_[i].bank}, Lookup(word),
                          component);
   });
 }
@@ -87,14 +102,11 @@ void PreferenceList::Judge(std::string const& word, std::vector<SourcedIdentity>
 }
 
 void PreferenceList::Search(std::string const& word, PureComponent& component) {
-  ComponentBanks banks;
-  for (Place const& place : places_) {
-    banks.emplace_back(&libraries_[place.library], BankName{kPureType, place.bank});
-  }
+  std::string const& lookup = Lookup(word);
   try {
-    ParseComponent(word);
+    ParseComponent(lookup);
   } catch (NotAComponent const& error) {
-    throw Failure(error.what() + NearestTo(word, banks));
+    throw Failure(error.what() + NearestTo(word, Banks()));
   }
   std::vector<SourcedIdentity> found;
   for (std::size_t i = 0; i < Count(); ++i) {
@@ -103,13 +115,13 @@ void PreferenceList::Search(std::string const& word, PureComponent& component) {
   }
   if (!found.empty()) {
     Judge(word, std::move(found));
-    zel::Handle<zel::Key> const key = KeyOf({ParseComponent(word)});
+    zel::Handle<zel::Key> const key = KeyOf({ParseComponent(lookup)});
     if (Looked(session_, word, [&] { return search_->Search(key.get(), component.Def(), true); }))
       return;
   }
   std::string names;
   for (std::size_t i = 0; i < Count(); ++i) names += (i == 0 ? "" : ", ") + Name(i);
-  throw Failure("component " + word + " is not in " + names + NearestTo(word, banks));
+  throw Failure("component " + word + " is not in " + names + NearestTo(word, Banks()));
 }
 
 }  // namespace zel::desk

@@ -2,12 +2,14 @@
 // wins.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
 #include "desk/open/identity_conflict.h"
 #include "desk/open/item_key.h"
 #include "desk/open/library.h"
+#include "desk/open/nearest.h"
 #include "desk/open/pure_component.h"
 
 namespace zel::desk {
@@ -31,7 +33,10 @@ class PreferenceList {
   std::string Name(std::size_t i) const;
   // The libraries, each once, in the order in which they were named.
   std::vector<Library> const& Libraries() const { return libraries_; }
-  // Reads the component as one bank has it, not completed; false if the bank does not have it.
+  // The word by which a component is looked up in each bank; see LookupWord in component_name.h.
+  std::string const& Lookup(std::string const& word) const;
+  // Reads the component as one bank has it, not completed; false if the bank does not have it. Here
+  // and in Search, the word may be a name.
   bool Read(std::size_t i, std::string const& word, PureComponent const& component) const;
   // Merges the component from all banks and completes it. Throws Failure if no bank has it, and if
   // those that have it mean different substances, unless that is accepted.
@@ -48,6 +53,7 @@ class PreferenceList {
   // accepted.
   void Judge(std::string const& word, std::vector<SourcedIdentity> found);
   std::size_t LibraryAt(std::string const& path);
+  ComponentBanks Banks() const;
 
   Session& session_;
   std::vector<Library> libraries_;
@@ -55,6 +61,7 @@ class PreferenceList {
   zel::Handle<zel::LibSearch> search_;
   bool acceptIdentity_;
   std::vector<IdentityConflict> accepted_;
+  mutable std::map<std::string, std::string> lookedUp_;  // by word
 };
 
 }  // namespace zel::desk

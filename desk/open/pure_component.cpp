@@ -4,6 +4,7 @@
 
 #include "desk/open/library.h"
 #include "desk/words/letters.h"
+#include "desk/words/nearest_word.h"
 
 namespace zel::desk {
 namespace {
@@ -59,6 +60,37 @@ zel::ZelCorrelationInfo const* FindCorrelation(std::string const& word) {
     found = &row;
   }
   return found;
+}
+
+namespace {
+
+void AddKeywords(std::vector<std::string>& words) {
+  for (auto const& row : Constants()) words.emplace_back(row.keyword);
+}
+
+void AddNames(std::vector<std::string>& words) {
+  for (auto const& row : Correlations()) words.emplace_back(row.name);
+}
+
+}  // namespace
+
+std::string DidYouMeanConstant(std::string const& word) {
+  std::vector<std::string> words;
+  AddKeywords(words);
+  return DidYouMean(word, words);
+}
+
+std::string DidYouMeanCorrelation(std::string const& word) {
+  std::vector<std::string> words;
+  AddNames(words);
+  return DidYouMean(word, words);
+}
+
+std::string DidYouMeanDatum(std::string const& word) {
+  std::vector<std::string> words;
+  AddKeywords(words);
+  AddNames(words);
+  return DidYouMean(word, words);
 }
 
 std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation) {

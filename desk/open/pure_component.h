@@ -21,6 +21,10 @@ std::vector<zel::ZelCorrelationInfo> const& Correlations();
 // Null if there is none.
 zel::ZelConstantInfo const* FindConstant(std::string const& word);
 zel::ZelCorrelationInfo const* FindCorrelation(std::string const& word);
+// A suggestion for a word that is neither; see DidYouMean in desk/words/nearest_word.h.
+std::string DidYouMeanConstant(std::string const& word);
+std::string DidYouMeanCorrelation(std::string const& word);
+std::string DidYouMeanDatum(std::string const& word);  // either
 std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation);
 // The models that a component can have groups of, by index.
 std::vector<std::string> const& StructureModels();

@@ -104,8 +104,8 @@ TEST_F(MissingTest, UnknownComponentIsAnErrorThatNamesTheNearest) {
       {"export perry.lb1 --component ETHANLO -o x.xml", "the nearest ID is ETHANOL"},
       {"copy perry.lb1 crc.lb1 --bank PERRY --item ETHANLO", "the nearest ID is ETHANOL"},
       {"delete perry.lb1 PERRY ETHANLO", "the nearest ID is ETHANOL"},
-      {"coverage CYCLOHEXANE -l perry.lb1", "the nearest ID is CYCLOHEX (Cyclohexane)"},
-      {"show perry.lb1 PERRY CYCLOHEXANE", "the nearest ID is CYCLOHEX (Cyclohexane)"},
+      {"coverage CYCLOHEXANES -l perry.lb1", "the nearest ID is CYCLOHEX (Cyclohexane)"},
+      {"show perry.lb1 PERRY CYCLOHEXANES", "the nearest ID is CYCLOHEX (Cyclohexane)"},
       {"search 64-17-6 -l perry.lb1", "the nearest ID is ETHANOL (64-17-5)"},
       {"search 19000326 -l perry.lb1", "the nearest ID is WATER (10000326)"}};
   for (auto const& row : rows) {
@@ -128,7 +128,7 @@ TEST_F(MissingTest, NothingFarAwayIsSuggested) {
                     {"7783-06-4x", "characters; `zel find crc.lb1` lists components"},
                     {"CYCLOHEXA", "the nearest ID is CYCLOHEX (Cyclohexane)"},
                     {"CYCLOHEXXXE", "the nearest ID is CYCLOHEX (Cyclohexane)"},
-                    {"ETHANO", "the nearest ID is ETHANOL (Ethanol)"},
+                    {"ETHAMOL", "the nearest ID is ETHANOL (Ethanol)"},
                     {"64-17-50", "CAS number"}};
   for (auto const& row : rows) {
     Outcome const outcome = Zel("search '" + std::string(row.word) + "' -l crc.lb1");

@@ -13,6 +13,7 @@ set(zel_TEST_SOURCES
     maintenance_test.cpp
     missing_test.cpp
     moves_test.cpp
+    names_test.cpp
     output_test.cpp
     output_files_test.cpp
     memory_test.cpp

@@ -1,6 +1,8 @@
 #include "commands/command.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstring>
 #include <memory>
 #include <sstream>
 
@@ -8,6 +10,7 @@
 #include "desk/files/standard_output.h"
 #include "desk/open/names_library.h"
 #include "desk/words/failure.h"
+#include "desk/words/nearest_word.h"
 
 namespace zelhost {
 namespace {
@@ -17,6 +20,33 @@ struct OtherText {
   std::string text;
 };
 
+std::vector<std::string> CommandNames(CLI::App const& app) {
+  std::vector<std::string> names;
+  for (CLI::App const* command : app.get_subcommands([](CLI::App const*) { return true; })) {
+    names.push_back(command->get_name());
+  }
+  return names;
+}
+
+// A suggestion for the first word that looks like an option of the command and is not one.
+std::string NearestOption(CLI::App const& app, std::string const& command, int count,
+                          char** words) {
+  std::vector<std::string> names;
+  for (CLI::App const* owner : {static_cast<CLI::App const*>(app.get_subcommand(command)), &app}) {
+    for (CLI::Option const* option : owner->get_options()) {
+      if (option->get_group().empty()) continue;
+      for (std::string const& name : option->get_lnames()) names.push_back("--" + name);
+    }
+  }
+  for (int i = 2; i < count; ++i) {
+    std::string const word(words[i], std::strcspn(words[i], "="));
+    if (word == "--") break;
+    bool const isKnown = std::find(names.begin(), names.end(), word) != names.end();
+    if (word.rfind("--", 0) == 0 && !isKnown) return DidYouMean(word, names);
+  }
+  return ";";
+}
+
 // What is wrong with the command line, and which help to look at.
 std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int count, char** words) {
   char const* const first = count > 1 ? words[1] : "";
@@ -24,8 +54,12 @@ std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int cou
     bool const isCommand =
         !app.get_subcommands([&](CLI::App const* command) { return command->get_name() == first; })
              .empty();
-    if (!isCommand) return "'" + std::string(first) + "' is not a zel command; see zel --help";
-    return std::string(error.what()) + "; see zel " + first + " --help";
+    if (!isCommand) {
+      return "'" + std::string(first) + "' is not a zel command" +
+             DidYouMean(first, CommandNames(app)) + " see zel --help";
+    }
+    return std::string(error.what()) + NearestOption(app, first, count, words) + " see zel " +
+           first + " --help";
   }
   return std::string(error.what()) + "; see zel --help";
 }
@@ -102,8 +136,8 @@ CommandLine::CommandLine(Session& session)
   app_->require_subcommand(1);
   app_->set_version_flag("--version", "zel " ZEL_VERSION);
   app_->footer(
-      "A component is named by its number, its ID or its CAS number, a bank by its\n"
-      "name or as TYPE:NAME. zel COMMAND --help describes a command, with an example.");
+      "A component is named by its number, ID, CAS number or name, a bank by its name\n"
+      "or as TYPE:NAME. zel COMMAND --help describes a command, with an example.");
   constexpr std::size_t kWordsColumn = 26;
   app_->get_formatter()->column_width(kWordsColumn);
   app_->fallthrough();

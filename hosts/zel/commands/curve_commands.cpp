@@ -33,9 +33,8 @@ struct Options {
 zel::ZelCorrelationInfo const& CorrelationNamed(std::string const& word) {
   zel::ZelCorrelationInfo const* const found = FindCorrelation(word);
   if (found == nullptr) {
-    throw Failure("\"" + word +
-                  "\" is not a correlation, or the beginning of several; `zel types " + kPureType +
-                  "` lists them");
+    throw Failure("\"" + word + "\" is not a correlation, or the beginning of several" +
+                  DidYouMeanCorrelation(word) + " `zel types " + kPureType + "` lists them");
   }
   return *found;
 }
@@ -255,7 +254,7 @@ void AddCurveCommands(CommandLine& line) {
   auto const o = std::make_shared<Options>();
   Command eval(line, "eval", "Evaluate a correlation over temperatures",
                "zel eval ETHANOL VaporPressure -l perry.lb1 -l crc.lb1 --at 25C 351.4K");
-  eval.Argument("COMPONENT", o->component, "by number, ID or CAS number")
+  eval.Argument("COMPONENT", o->component, "by number, ID, CAS number or name")
       .Argument("CORRELATION", o->correlation, "its name or the beginning of it");
   AddSourceOptions(eval, o->sources);
   eval.Option("--at", o->at, "temperatures, in K without a unit", "T...")
@@ -267,7 +266,7 @@ void AddCurveCommands(CommandLine& line) {
   Command plot(line, "plot", "Draw a correlation of components as an SVG chart",
                "zel plot VaporPressure ETHANOL WATER -l perry.lb1 --log -o vp.svg");
   plot.Argument("CORRELATION", o->correlation, "its name or the beginning of it")
-      .Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several");
+      .Argument("COMPONENT", o->components, "by number, ID, CAS number or name; one or several");
   AddSourceOptions(plot, o->sources);
   plot.Required("-o,--output", o->output, "the SVG file; - is standard output", "FILE")
       .Option("--from", o->from, "lowest temperature, in K without a unit", "T")

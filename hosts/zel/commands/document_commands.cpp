@@ -13,6 +13,7 @@
 #include "desk/files/input_file.h"
 #include "desk/files/output_file.h"
 #include "desk/files/standard_output.h"
+#include "desk/open/component_name.h"
 #include "desk/open/item_key.h"
 #include "desk/open/pure_component.h"
 #include "desk/open/unfinished_change.h"
@@ -202,9 +203,11 @@ void CheckNames(Library const& library, Options const& o, ExportTarget const& ta
   }
 }
 
-Report Export(Session& session, Options const& o) {
+Report Export(Session& session, Options const& given) {
   zel::InitZelAccess();
+  Options o = given;
   Library const library = OpenFinished(session, o.path);
+  if (!o.component.empty()) o.component = LookupWord(o.component, BanksKnownTo(library));
   ExportTarget const target = TargetOf(o);
   CheckNames(library, o, target);
   OutputFolder documents(target.folder, o.output.empty() ? o.path : o.output);

@@ -162,6 +162,7 @@ Report Delete(Session& session, Options const& o) {
   BankName const bank = library.Bank(o.bank);
   char const* const type = bank.type.c_str();
   char const* const name = bank.name.c_str();
+  std::vector<std::string> words;
   if (o.wholeBank) {
     if (!library.Maint().DeleteBank(type, name)) {
       throw Failure(o.path + ": bank " + ToText(bank) + " cannot be removed");
@@ -169,13 +170,14 @@ Report Delete(Session& session, Options const& o) {
   } else {
     zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
     zel::Handle<zel::Key> const key = KeyIn(library, *item, o.words);
+    words = ItemWords(library, *item, o.words);
     if (!library.Maint().DeleteItem(type, name, key.get())) {
       Refuse(library, bank, Joined(o.words),
              "does not exist" + WhyNotFound(library, *item, o.words));
     }
   }
   Report report;
-  report.Fact("removed", ToText(bank) + (o.wholeBank ? "" : " " + Joined(o.words)));
+  report.Fact("removed", ToText(bank) + (o.wholeBank ? "" : " " + Joined(words)));
   PutInPlaceAfter(report, std::move(change));
   return report;
 }

@@ -19,7 +19,8 @@ A component library is a pair of files, NAME.lb1 and NAME.lb2, with banks of dat
 their constants and correlations, interaction parameters of pairs, group tables, mappings of names.
 .PP
 A library is named by its first file; a bank by its name, by its type if there is only one bank of that type,
-or as TYPE:NAME; a component by its number, its ID or its CAS number; a temperature with its unit, as in
+or as TYPE:NAME; a component by its number, its ID, its CAS number or its name, or the
+unique beginning of the name; a temperature with its unit, as in
 298.15K, 25C, 537R or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
 .PP
 memo, set, import, copy, delete and create \-\-force work on a copy next to the library and move it into place

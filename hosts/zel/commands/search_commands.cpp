@@ -168,8 +168,8 @@ Report Why(Session& session, Options const& o) {
   zel::ZelConstantInfo const* const constant = FindConstant(o.datum);
   zel::ZelCorrelationInfo const* const curve = FindCorrelation(o.datum);
   if (constant == nullptr && curve == nullptr) {
-    throw Failure("\"" + o.datum + "\" is neither a constant nor a correlation; `zel types " +
-                  kPureType + "` lists them");
+    throw Failure("\"" + o.datum + "\" is neither a constant nor a correlation" +
+                  DidYouMeanDatum(o.datum) + " `zel types " + kPureType + "` lists them");
   }
   PreferenceList list(session, o.sources);
   PureComponent merged;
@@ -283,7 +283,8 @@ Report Coverage(Session& session, Options const& o) {
                                {"name", ""}});
   Table details("data", {{"component", ""}, {"datum", ""}, {"state", ""}, {"from", ""}});
   std::vector<Covered> covered;
-  for (std::string const& word : o.components) {
+  for (std::string const& given : o.components) {
+    std::string const& word = list.Lookup(given);
     PureComponent component;
     list.Search(word, component);
     Counts const counts = CountOf(component);
@@ -305,18 +306,19 @@ void AddSearchCommands(CommandLine& line) {
   auto const o = std::make_shared<Options>();
   Command search(line, "search", "Merge a component from libraries and complete it",
                  "zel search ETHANOL -l perry.lb1:PERRY -l crc.lb1");
-  search.Argument("COMPONENT", o->component, "by number, ID or CAS number");
+  search.Argument("COMPONENT", o->component, "by number, ID, CAS number or name");
   AddSourceOptions(search, o->sources);
   search.Run(Outputs::kJson, [o](Session& session) { return Search(session, *o); });
   Command why(line, "why", "Show where one datum of a component comes from",
               "zel why ETHANOL TC -l perry.lb1 -l crc.lb1");
-  why.Argument("COMPONENT", o->component, "by number, ID or CAS number")
+  why.Argument("COMPONENT", o->component, "by number, ID, CAS number or name")
       .Argument("DATUM", o->datum, "keyword of a constant or name of a correlation");
   AddSourceOptions(why, o->sources);
   why.Run(Outputs::kJson, [o](Session& session) { return Why(session, *o); });
   Command coverage(line, "coverage", "Show what components have, and what is missing",
                    "zel coverage ETHANOL WATER BENZENE -l perry.lb1 -l sample.lb1");
-  coverage.Argument("COMPONENT", o->components, "by number, ID or CAS number; one or several");
+  coverage.Argument("COMPONENT", o->components,
+                    "by number, ID, CAS number or name; one or several");
   AddSourceOptions(coverage, o->sources);
   coverage.Flag("--details", o->details, "every datum with its source")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Coverage(session, *o); });

@@ -121,7 +121,7 @@ Report Show(Session& session, Options const& o) {
   std::uint8_t isProtected = 0;
   item->GetSource(source, &isProtected);
   Report report;
-  report.Fact("item", Joined(o.words));
+  report.Fact("item", Joined(ItemWords(library, *item, o.words)));
   report.Fact("from", Text(source));
   Table& table =
       report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});
