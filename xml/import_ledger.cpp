@@ -53,10 +53,10 @@ XmlWatcher::Note DocumentLedger::Enter(XmlNode element) {
 
 void DocumentLedger::Leave(XmlNode element, Note note, bool isMarked) {
   if (note.seesChildren) {
-    auto const& groups = parents_[open_ - 1].groups;
-    bool const isWhole = std::all_of(std::begin(groups), std::end(groups),
+    Parent const& parent = parents_[--open_];
+    bool const isWhole = std::all_of(std::begin(parent.groups), std::end(parent.groups),
                                      [](Group const& group) { return group.missing == 0; });
-    Close(isWhole ? std::string() : TitleOf(element));
+    if (keeps_ && !isWhole) Keep(parent, TitleOf(element));
   }
   if (note.word == kKinds) return;
   parents_[open_ - 1].groups[note.word].Add(isMarked, element.Line());
@@ -79,8 +79,7 @@ void DocumentLedger::Open() {
   for (Group& group : parent.groups) group = {};
 }
 
-void DocumentLedger::Close(std::string const& title) {
-  Parent const& parent = parents_[--open_];
+void DocumentLedger::Keep(Parent const& parent, std::string const& title) {
   for (std::size_t k = 0; k < kKinds; ++k) {
     Group const& group = parent.groups[k];
     if (group.missing == 0) continue;
@@ -93,7 +92,7 @@ void DocumentLedger::Close(std::string const& title) {
 }
 
 std::vector<DocumentLedger::Difference> DocumentLedger::Differences() {
-  while (open_ > 0) Close("document");
+  while (open_ > 0) Keep(parents_[--open_], "document");
   std::sort(missing_.begin(), missing_.end(), [](Missing const& a, Missing const& b) {
     return std::pair(a.order, a.kind) < std::pair(b.order, b.kind);
   });

@@ -21,6 +21,9 @@ class DocumentLedger final : public XmlWatcher {
   enum Kind : std::uint8_t { kBank, kItem, kComponent, kImport, kLibraryText, kKinds };
 
   DocumentLedger();
+  // Keeps what did not arrive, for Differences; to be called before the document is read. Otherwise
+  // parts are only counted.
+  void KeepDifferences() noexcept { keeps_ = true; }
 
   Note Enter(XmlNode element) override;
   void Leave(XmlNode element, Note note, bool isMarked) override;
@@ -61,11 +64,12 @@ class DocumentLedger final : public XmlWatcher {
   };
 
   void Open();
-  void Close(std::string const& title);
+  void Keep(Parent const& parent, std::string const& title);
 
   std::deque<Parent> parents_;  // the first is the document itself
   std::size_t open_ = 0;        // entries in use
   std::int64_t opened_ = 0;
+  bool keeps_ = false;
   std::vector<Missing> missing_;
   std::int64_t found_[kKinds] = {};
   std::int64_t stored_[kKinds] = {};

@@ -36,6 +36,7 @@ ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadD
     return fail("more than 100 documents within each other");
   }
   opened->document.Watch(opened->ledger);
+  if (texts.On()) opened->ledger.KeepDifferences();
   if (!opened->document.Load(opened->text)) {
     if (opened->text.HasFailed()) return fail("it cannot be read");
     XmlProblem const& problem = opened->document.Problem();
@@ -106,14 +107,12 @@ void ImportRun::Finish() {
   while (!unsettled.empty()) {
     std::shared_ptr<ReadDocument> const document = unsettled.back();
     Documents().Push(document->path);
-    Verdict verdict = Verdict::kGoOn;
     try {
-      verdict = Settle(document);
+      Settle(document);  // all of them, so that the counts are complete
     } catch (XmlDocumentChanged const& changed) {
       ReportChange(changed);
     }
     Documents().Pop();
-    if (verdict == Verdict::kStop) break;
   }
   counts.documents = bounds.Documents();
   counts.malformedNumbers = texts.MalformedCount();

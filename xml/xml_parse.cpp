@@ -38,9 +38,19 @@ struct Parse {
   std::string rootName;
   std::size_t runBytes = 0;  // of the text since the last node of another kind
 
+  // Runs what takes memory. An exception must not pass through the parser, which is written in C.
+  template <typename Step>
+  void Guard(Step const& step) noexcept {
+    try {
+      step();
+    } catch (std::bad_alloc const&) {
+      memoryLost = true;
+    }
+  }
   // The first problem remains the reason.
-  void Note(std::string_view reason, std::int32_t line, bool toldAlways) {
-    if (problem.reason.empty()) problem = {std::string(reason), line, toldAlways};
+  void Note(std::string_view reason, std::int32_t line, bool toldAlways) noexcept {
+    if (!problem.reason.empty()) return;
+    Guard([&] { problem = {std::string(reason), line, toldAlways}; });
   }
   void Pass(std::string_view bound, bool toldAlways = true) {
     if (!refused) problem = {};  // an error after which the parser continued
@@ -119,9 +129,11 @@ xmlEntity* CountEntity(void* data, xmlChar const* name) {
   xmlEntity* const entity = xmlSAX2GetEntity(context, name);
   if (entity == nullptr || entity->etype != XML_INTERNAL_GENERAL_ENTITY) return entity;
   Parse& parse = ParseOf(data);
-  parse.room -= BytesOf(context, *entity, 0);
+  parse.Guard([&] { parse.room -= BytesOf(context, *entity, 0); });
   bool const inText = context->instate == XML_PARSER_CONTENT;
-  if (parse.room < 0.0) {
+  if (parse.memoryLost) {
+    xmlStopParser(context);
+  } else if (parse.room < 0.0) {
     Refuse(data, "entities add more than 1 MB and ten times the size of the document", false);
   } else if (inText && ++parse.references > XmlBounds::kMostReferences) {
     Refuse(data, "more than 1000 references to entities in one text");
@@ -172,7 +184,7 @@ bool WithinBounds(Parse& parse, std::size_t piece) {
   if (parse.typeBytes > XmlBounds::kLargestDocumentType) {
     parse.Pass("a document type of more than 32 KB");
   }
-  return !parse.refused;
+  return !parse.refused && !parse.memoryLost;
 }
 
 // Ends the text if a bound was exceeded.
@@ -182,13 +194,47 @@ int ReadPiece(void* data, char* buffer, int room) {
   return WithinBounds(parse, size) ? static_cast<int>(size) : 0;
 }
 
+constexpr std::string_view kLongText = "more than 10 MB in one text";
+
+// The bounds of the parser itself, by what it says when one is exceeded. After some of them it says
+// that memory ran out, too.
+struct ParserBound {
+  std::string_view words;
+  std::string_view bound;
+};
+constexpr ParserBound kParserBounds[] = {
+    {"AttValue length too long", "more than 10 MB in one tag"},
+    {"Huge input lookup", "more than 10 MB in one tag"},
+    {"too big found", "more than 10 MB in one comment, section or instruction"},
+    {"huge text node", kLongText},
+    {"Name too long", "a name of more than 50,000 characters"},
+    {"Excessive depth", "more than 256 elements within each other"},
+};
+
+// The bound of which an error speaks, or nothing. Warnings and errors in namespaces may show any
+// text of the document.
+std::string_view BoundOf(xmlParserCtxt const& context, xmlError const& error) noexcept {
+  bool const showsText = error.domain != XML_FROM_PARSER || error.level < XML_ERR_ERROR;
+  std::string_view const words(error.message == nullptr || showsText ? "" : error.message);
+  for (ParserBound const& row : kParserBounds) {
+    if (words.find(row.words) != std::string_view::npos) return row.bound;
+  }
+  bool const isFull = xmlDictGetUsage(context.dict) > XML_MAX_DICTIONARY_LIMIT;
+  return error.code == XML_ERR_NO_MEMORY && isFull ? "more than 10 MB of different names" : "";
+}
+
 void NoteError(void* data, xmlError const* error) {
   Parse& parse = ParseOf(data);
-  if (error->code == XML_ERR_NO_MEMORY) parse.memoryLost = true;
   if (error->domain == XML_FROM_NAMESPACE && error->level >= XML_ERR_ERROR) parse.isPlain = false;
-  if (error->level != XML_ERR_FATAL || error->message == nullptr) return;
-  std::string_view const words(error->message);
-  parse.Note(words.substr(0, words.find('\n')), error->line, false);
+  if (parse.refused) return;
+  if (auto const bound = BoundOf(*parse.context, *error); !bound.empty()) {
+    parse.Pass(bound);
+  } else if (error->code == XML_ERR_NO_MEMORY) {
+    parse.memoryLost = true;
+  } else if (error->level == XML_ERR_FATAL && error->message != nullptr) {
+    std::string_view const words(error->message);
+    parse.Note(words.substr(0, words.find('\n')), error->line, false);
+  }
 }
 
 xmlParserInput* ResolveNothing(void*, xmlChar const*, xmlChar const*) { return nullptr; }
@@ -216,12 +262,21 @@ struct ContextCloser {
   void operator()(xmlParserCtxt* context) const noexcept { xmlFreeParserCtxt(context); }
 };
 
+// Adds a section to the tree. The parser's own function appends it to the section before it.
+void AddSection(void* data, xmlChar const* text, int size) {
+  auto* const context = static_cast<xmlParserCtxt*>(data);
+  xmlNode* const section = xmlNewCDataBlock(context->myDoc, text, size);
+  if (section == nullptr) ParseOf(data).memoryLost = true;
+  xmlAddChild(context->node, section);
+}
+
 void SetCallbacks(xmlSAXHandler& sax) {
   sax.attributeDecl = DeclareAttribute;
   sax.entityDecl = DeclareEntity;
   sax.getEntity = CountEntity;
   sax.reference = ReferToEntity;
   sax.startElementNs = StartElement;
+  sax.cdataBlock = AddSection;
   sax.resolveEntity = ResolveNothing;
   sax.externalSubset = LoadNoSubset;
   sax.serror = [](void* data, auto* error) { NoteError(data, error); };
@@ -243,8 +298,10 @@ void CheckStart(void* data, xmlChar const* name, xmlChar const* prefix, xmlChar 
   auto const* const context = static_cast<xmlParserCtxt const*>(data);
   Parse& parse = ParseOf(data);
   if (parse.rootName.empty()) {
-    if (prefix != nullptr) parse.rootName.append(ViewOf(prefix)).append(":");
-    parse.rootName.append(ViewOf(name));
+    parse.Guard([&] {
+      if (prefix != nullptr) parse.rootName.append(ViewOf(prefix)).append(":");
+      parse.rootName.append(ViewOf(name));
+    });
     bool const isUtf8 =
         context->input->buf->encoder == nullptr && context->charset == XML_CHAR_ENCODING_UTF8;
     parse.isPlain = parse.isPlain && isUtf8;
@@ -255,12 +312,12 @@ void CheckStart(void* data, xmlChar const* name, xmlChar const* prefix, xmlChar 
   BoundStart(data, attributes, namespaces);
 }
 
-// A tree would run out of room for a longer text.
+// The same bound as in a tree.
 void CheckText(void* data, xmlChar const*, int size) {
   Parse& parse = ParseOf(data);
   bool const isFirst = parse.runBytes == 0;
   parse.runBytes += static_cast<std::size_t>(size);
-  if (!isFirst && parse.runBytes > XML_MAX_TEXT_LENGTH) parse.memoryLost = true;
+  if (!isFirst && parse.runBytes > XML_MAX_TEXT_LENGTH) Refuse(data, kLongText);
 }
 
 void EndRun(void* data) { ParseOf(data).runBytes = 0; }
@@ -304,9 +361,8 @@ XmlParsed Run(DocumentText& text, Purpose purpose) {
   parsed.tree.reset(
       xmlCtxtReadIO(context.get(), ReadPiece, nullptr, &parse, nullptr, nullptr, kOptions));
   xmlError const* last = xmlGetLastError();
-  if (parse.memoryLost || (last != nullptr && last->code == XML_ERR_NO_MEMORY)) {
-    throw std::bad_alloc();
-  }
+  bool const lastIsMemory = last != nullptr && last->code == XML_ERR_NO_MEMORY;
+  if (parse.memoryLost || (lastIsMemory && !parse.refused)) throw std::bad_alloc();
   parsed.isPlain = purpose == Purpose::kCheck && parse.isPlain;
   parsed.isGood = parsed.tree != nullptr && !parse.refused;
   if (!parsed.isGood || parsed.isPlain) parsed.tree.reset();

@@ -250,17 +250,14 @@ void XmlTokens::TakeInstruction(XmlEvent& event) {
   Take(token.size());
 }
 
-// Sections that follow each other are one.
 void XmlTokens::TakeCdata(XmlEvent& event) {
   constexpr std::string_view kFront = "<![CDATA[";
   constexpr std::string_view kEnd = "]]>";
+  std::string_view const token = Token(kFront.size(), kEnd);
   decoded_.clear();
-  do {
-    std::string_view const token = Token(kFront.size(), kEnd);
-    Decode(token.substr(kFront.size(), token.size() - kFront.size() - kEnd.size()), Decoded::kCdata,
-           decoded_);
-    Take(token.size());
-  } while (LooksAt(kFront));
+  Decode(token.substr(kFront.size(), token.size() - kFront.size() - kEnd.size()), Decoded::kCdata,
+         decoded_);
+  Take(token.size());
   event.kind = XmlEvent::Kind::kCdata;
   event.text = decoded_;
 }

@@ -10,6 +10,7 @@
 #include <set>
 #include <string>
 
+#include "tests/support/allocations.h"
 #include "xml/xml_document.h"
 
 namespace zel {
@@ -29,25 +30,41 @@ bool Refused() {
   return true;
 }
 
+// For what is kept while the program's own requests are refused.
+template <typename Type>
+struct OwnMemory {
+  using value_type = Type;
+
+  OwnMemory() = default;
+  template <typename Other>
+  OwnMemory(OwnMemory<Other> const&) {}
+  Type* allocate(std::size_t count) {
+    return static_cast<Type*>(std::malloc(count * sizeof(Type)));
+  }
+  void deallocate(Type* memory, std::size_t) { std::free(memory); }
+  bool operator==(OwnMemory const&) const = default;
+};
+using Held = std::set<void*, std::less<>, OwnMemory<void*>>;
+
 // The memory that the parser holds. The parser leaks some of it when a request is refused, which is
 // not this library's fault: this set keeps it reachable.
-std::set<void*>& FaceRef() {
-  static std::set<void*>& held = *new std::set<void*>;
+Held& HeldByParser() {
+  static Held& held = *new Held;
   return held;
 }
 
 void* Hold(void* memory) {
-  if (memory != nullptr) FaceRef().insert(memory);
+  if (memory != nullptr) HeldByParser().insert(memory);
   return memory;
 }
 void GiveBack(void* memory) {
-  FaceRef().erase(memory);
+  HeldByParser().erase(memory);
   std::free(memory);
 }
 void* Take(std::size_t size) { return Refused() ? nullptr : Hold(std::malloc(size)); }
 void* Retake(void* memory, std::size_t size) {
   if (Refused()) return nullptr;
-  FaceRef().erase(memory);
+  HeldByParser().erase(memory);
   return Hold(std::realloc(memory, size));
 }
 char* Duplicate(char const* text) {
@@ -121,6 +138,37 @@ TEST_F(DocumentMemoryTest, RefusalIsAnExceptionWhereverItComes) {
   RefuseAtEachRequest(
       "<?xml version='1.0'?><!DOCTYPE r [<!ENTITY e 'words<b/>'>]><!-- c --><r xmlns:p='u' "
       "p:a='1&lt;'><p:c>one &amp; two &e;<![CDATA[ three ]]></p:c><d a='x'>four</d><?t u?></r>");
+}
+
+// A request of the library's own that is refused while the parser runs leaves no memory of the
+// parser behind, since no exception passes through it.
+TEST_F(DocumentMemoryTest, OwnRequestsThatAreRefusedLeaveNothingOfTheParser) {
+  std::string const longName = "r" + std::string(60, 'r');
+  for (std::string const& document :
+       {"<" + longName + " a='1&lt;2'/>", std::string("<r a='1&lt;2' b='2&lt;1' c='<'/>"),
+        std::string("<!DOCTYPE r [<!ENTITY a_name_that_takes_memory 'x'>]><r a='1&lt;2'>"
+                    "&a_name_that_takes_memory;</r>"),
+        std::string("<!DOCTYPE r [<!ENTITY a_name_that_takes_memory 'x'>]><r a='1&lt;2' "
+                    "b='&a_name_that_takes_memory;&another_name_that_takes_memory;'/>")}) {
+    bool const isGood = XmlDocument().Load(document);
+    xmlResetLastError();
+    std::size_t const held = HeldByParser().size();
+    int refused = 0;
+    for (bool any = true; any; ++refused) {
+      any = false;
+      try {
+        XmlDocument read;
+        test::AllocationWatch const watch(refused + 1);
+        bool const good = read.Load(document);
+        EXPECT_EQ(good, isGood);
+      } catch (std::bad_alloc const&) {
+        any = true;
+      }
+      xmlResetLastError();
+      ASSERT_EQ(HeldByParser().size(), held) << refused << document;
+    }
+    EXPECT_GT(refused, 2) << document;
+  }
 }
 
 TEST_F(DocumentMemoryTest, RefusalIsAnExceptionInAPlainDocument) {

@@ -93,6 +93,15 @@ TEST_F(DocumentTest, CdataIsKeptAsItStands) {
   EXPECT_EQ(TextOf("<r><![CDATA[]]></r>"), "");
 }
 
+TEST_F(DocumentTest, SectionsThatFollowEachOtherAreSeveralNodes) {
+  for (std::string const front : {"", "<!DOCTYPE r>"}) {
+    std::string const text = front + "<r><![CDATA[ a ]]><![CDATA[]]><![CDATA[ b]]>c</r>";
+    EXPECT_EQ(NamesFrom(RootOf(text).FirstChild()),
+              (Names{"#cdata-section", "#cdata-section", "#cdata-section", "#text"}));
+    EXPECT_EQ(TextOf(text), " a  bc");
+  }
+}
+
 TEST_F(DocumentTest, TextTakesInDescendantsAndNotComments) {
   EXPECT_EQ(TextOf("<r> a<b>c<d>e</d></b><!-- no --><?no no?> f </r>"), "ace f");
   EXPECT_EQ(TextOf("<r>1&lt;2&#x41;</r>"), "1<2A");
@@ -186,6 +195,22 @@ TEST_F(DocumentTest, DepthOfElementsIsBounded) {
   };
   EXPECT_EQ(TextOf(nested(200)), "x");
   EXPECT_FALSE(Loads(nested(100'000)));
+  for (std::string const front : {"", "<!DOCTYPE a>"}) {
+    EXPECT_TRUE(Loads(front + nested(256)));
+    EXPECT_FALSE(Loads(front + nested(258)));
+  }
+}
+
+TEST_F(DocumentTest, TextOfTenMegaBytesLoadsAndALongerOneDoesNot) {
+  for (std::string const front : {"", "<!DOCTYPE r>"}) {
+    for (char const c : {'x', ' '}) {
+      std::string text(10'000'000, c);
+      EXPECT_TRUE(Loads(front + "<r>" + text + "</r>"));
+      EXPECT_TRUE(Loads(front + "<r>" + text + "<a/>" + text + "</r>")) << "counted anew";
+      text += c;
+      EXPECT_FALSE(Loads(front + "<r>" + text + "</r>"));
+    }
+  }
 }
 
 TEST_F(DocumentTest, ManyNodesAndLongTextsLoad) {

@@ -221,6 +221,20 @@ TEST_F(ImportChecksTest, ImportWithinAGroupTellsWhatItDrops) {
   EXPECT_FALSE(Maint().BankExists("VANLAAR", "LAST"));
 }
 
+// Without a log the first lost part is the only error, but all documents are counted.
+TEST_F(ImportChecksTest, SilentImportCountsAllDocuments) {
+  MakeFile("comps.xml", "<group><comp/><comp/></group>");
+  Maint().SetImportChecks(importChecked);
+  Maint().SetLogLevel(0);
+  EXPECT_FALSE(
+      ImportLibrary("<bank type='PURECOMP' name='P'><import file='comps.xml'/></bank>"
+                    "<bank type='VANLAAR' name='MINE'><item/><item/><item/></bank>"));
+  EXPECT_EQ(Counts().errors, 1);
+  EXPECT_EQ(Counts().componentsFound, 2);
+  EXPECT_EQ(Counts().banksFound, 2);
+  EXPECT_EQ(Counts().itemsFound, 3);
+}
+
 TEST_F(ImportChecksTest, SecondGroupAndNodesBesideAGroupAreTold) {
   MakeFile("two.xml",
            "<r><group><bank type='VANLAAR' name='A'/></group>\n<group><bank type='VANLAAR' "

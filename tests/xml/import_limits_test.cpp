@@ -108,6 +108,46 @@ TEST_F(ImportLimitsTest, SecondKeyOfTheLongestTypeIsReported) {
   EXPECT_EQ(IntsOf("WILSON", "MINE", {1234567, 1234568}, "refCode", 1)[0], 5);
 }
 
+// Each is a format error, which names the bound, also of a document that is kept as a tree.
+TEST_F(ImportLimitsTest, BoundsOfTheParserAreNamed) {
+  std::string const much(10'100'000, 'x');
+  std::string const most(6'000'000, 'x');
+  std::string names;
+  for (int i = 0; names.size() < 25'000'000; ++i) {
+    names += "<a" + std::to_string(i) + "_" + std::string(2000, 'x') + "/>";
+  }
+  std::string deep;
+  for (int i = 0; i < 300; ++i) deep += "<x>";
+  struct Row {
+    std::string inner;
+    char const* bound;
+  };
+  constexpr char const* kSection = "more than 10 MB in one comment, section or instruction";
+  for (Row const& row :
+       {Row{"<version>" + much + "</version>", "more than 10 MB in one text"},
+        Row{std::string(much.size(), ' '), "more than 10 MB in one text"},
+        Row{"<x a='" + much + "'/>", "more than 10 MB in one tag"},
+        Row{"<x a='" + most + "' b='" + most + "'/>", "more than 10 MB in one tag"},
+        Row{"<!--" + much + "-->", kSection},
+        Row{"<memo><![CDATA[" + much + "]]></memo>", kSection}, Row{"<?x " + much + "?>", kSection},
+        Row{names, "more than 10 MB of different names"},
+        Row{"<" + std::string(60'000, 'x') + "/>", "a name of more than 50,000 characters"},
+        Row{deep, "more than 256 elements within each other"}}) {
+    for (std::string const front : {"", "<!DOCTYPE library>"}) {
+      EXPECT_FALSE(Import(front + "<library>" + row.inner + "</library>"));
+      EXPECT_EQ(Lines(), Error("Format error in XML document \"" + Path("doc.xml") +
+                               "\", line 1: " + row.bound));
+    }
+  }
+}
+
+// An attribute may show any text in a message of the parser.
+TEST_F(ImportLimitsTest, WordsOfADocumentAreNotTakenForABound) {
+  EXPECT_TRUE(Import("<library xmlns='Huge input lookup'/>")) << Lines();
+  EXPECT_FALSE(Import("<library><version>&Huge;</version></library>"));
+  EXPECT_EQ(Lines(), Error("Format error in XML document \"" + Path("doc.xml") + "\""));
+}
+
 // --- folders -------------------------------------------------------------------------------------
 
 TEST_F(ImportLimitsTest, WorkingFolderStays) {

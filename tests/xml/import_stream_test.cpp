@@ -131,6 +131,31 @@ TEST_F(ImportStreamTest, MemoryDoesNotGrowWithTheDocument) {
   ASSERT_EQ(::waitpid(child, &status, 0), child);
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }
+
+// Nor with what it does not hold, if that is not reported, nor with sections that follow each
+// other.
+TEST_F(ImportStreamTest, MemoryDoesNotGrowWithWhatIsPassedOver) {
+  std::string text = "<library><x/>";
+  for (int i = 0; i < 1'000'000; ++i) text += "<x><item/></x>\n";
+  text += "<y>";
+  for (int i = 0; i < 200'000; ++i) text += "<![CDATA[" + std::string(40, 'y') + "]]>";
+  text += "</y></library>";
+  MakeFile("doc.xml", text);
+  constexpr long kMost = 4'000;  // KB, of a document of 25 MB
+  pid_t const child = ::fork();
+  if (child == 0) {
+    long const before = KilobytesOf("VmHWM:");
+    ZelDocumentContents contents;
+    bool const isRead = ReadDocumentContents(Path("doc.xml").c_str(), contents);
+    if (!isRead || contents.items != 1'000'000) ::_exit(2);
+    Maint().SetLogLevel(0);
+    if (ImportFile("doc.xml")) ::_exit(3);
+    ::_exit(KilobytesOf("VmHWM:") - before < kMost ? 0 : 1);
+  }
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+}
 #endif
 
 }  // namespace
