@@ -7,6 +7,7 @@ set(frame_SOURCES
     number_text.cpp
     path_parts.cpp
     platform/posix_block_file.cpp
+    platform/posix_memory.cpp
     platform/posix_system.cpp
     platform/posix_text_file.cpp
     search_path.cpp

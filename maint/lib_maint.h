@@ -151,6 +151,7 @@ class LibMaint_i final : public LibMaint_p {
   Located Fail(std::string_view reason);
   void KeepItem(char const* name, Key_p* key);
   bool FindItemAgain(IZelBankIO* bank, BlockInfo const& info);
+  IZelBankDef* BankOfType(char const* type);
   void WriteRecord(IZelBankIO* bank);
   void AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key);
   void AddRecordBehindItsKey(IZelBankIO* bank, char const* name, std::int32_t const* key);
@@ -179,6 +180,9 @@ class LibMaint_i final : public LibMaint_p {
   LibFile_i* library_;  // not owned
   BankObject object_;   // the bank that the present call works on
   LocatedBank bank_;    // the current tree: that of a bank, or the one that is being walked
+  // The bank object that DeleteItem made last, and the type that was asked for.
+  std::optional<FaceRef<IZelBankDef>> madeBank_;
+  std::string madeType_;
   bool usedNumbersValid_ = false;
   std::set<std::int32_t> usedNumbers_;
   std::string currentType_;    // bank type of the current tree, or filter of a bank walk

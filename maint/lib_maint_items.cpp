@@ -236,12 +236,23 @@ bool LibMaint_i::RewriteItem(IZelBankDef* bank) {
   return true;
 }
 
+// An object of the type, the same one for several calls in a row; null for an unknown type.
+IZelBankDef* LibMaint_i::BankOfType(char const* type) {
+  std::string_view const wanted = TextOrEmpty(type);
+  if (!madeBank_ || madeType_ != wanted) {
+    madeBank_.reset();
+    madeType_ = wanted;
+    madeBank_.emplace(NewKnownBank(type));
+  }
+  return madeBank_->Get();
+}
+
 bool LibMaint_i::DeleteItem(char const* type, char const* name, Key* key) {
   DropItem();
-  FaceRef<IZelBankDef> const bank(NewKnownBank(type));
   std::int32_t const* entry = nullptr;
   Key_p* const inner = InnerKey(key);
-  if (!object_.Take(bank.Get()) || LocateItem(name, inner, entry) != Located::kFound) return false;
+  if (!object_.Take(BankOfType(type)) || LocateItem(name, inner, entry) != Located::kFound)
+    return false;
   std::int32_t const root = bank_.Tree().Head().rootAddress;
   try {
     bank_.Tree().Delete(inner->GetKeyWords());

@@ -13,6 +13,7 @@ namespace zel {
 namespace {
 
 constexpr bool kNativeIsFileOrder = std::endian::native == std::endian::little;
+constexpr std::size_t kNodeBytes = std::size_t{format::kNodeWords} * format::kWordBytes;
 
 // Words on file are little-endian.
 void SwapBytes(std::int32_t* words, std::size_t count) noexcept {
@@ -195,7 +196,6 @@ void BlockStore::MarkOpen(bool open) noexcept {
 }
 
 void BlockStore::MapNodeFile() noexcept {
-  constexpr std::size_t kNodeBytes = std::size_t{format::kNodeWords} * format::kWordBytes;
   FileSlot const& slot = Slot(2);
   if (mode_ != accRead || !kNativeIsFileOrder || !slot.file || fileCount_ < 2 ||
       slot.blockWords != format::kNodeWords) {
@@ -222,6 +222,20 @@ std::int32_t const* BlockStore::ViewOfAnyFile(std::int32_t address, std::int32_t
   if (slot.state != kOpen && OpenFile(a.file, false, false) != openOk) return nullptr;
   std::byte const* bytes = slot.file->View(OffsetOf(a), Count(words) * format::kWordBytes);
   return reinterpret_cast<std::int32_t const*>(bytes);
+}
+
+std::int32_t const* BlockStore::NodeInPlace(std::int32_t address) const {
+  BlockAddress const a = CheckedForReading(address);
+  FileSlot const& slot = Slot(a.file);
+  if (!kNativeIsFileOrder || slot.state != kOpen) return nullptr;
+  return reinterpret_cast<std::int32_t const*>(slot.file->View(OffsetOf(a), kNodeBytes));
+}
+
+bool BlockStore::NodeWriteCannotFail(std::int32_t address) {
+  BlockAddress const a = CheckedForWriting(address);
+  FileSlot const& slot = Slot(a.file);
+  return kNativeIsFileOrder && slot.state == kOpen &&
+         slot.file->WriteCannotFail(OffsetOf(a), kNodeBytes);
 }
 
 std::int64_t BlockStore::BlocksFor(int number, std::int32_t words) const noexcept {

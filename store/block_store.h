@@ -89,6 +89,10 @@ class BlockStore {
     }
     return ViewOfAnyFile(address, words);
   }
+  // A node in place in a file open for update, until the next write; null where it must be read.
+  std::int32_t const* NodeInPlace(std::int32_t address) const;
+  // True when writing the node cannot fail.
+  bool NodeWriteCannotFail(std::int32_t address);
   // At most this many blocks hold anything: a bound for walks over damaged links.
   std::int64_t BlockBound() const noexcept;
   // The blocks of one open file, a partial last block included, and its bytes; 0 for a file that is

@@ -17,7 +17,7 @@
 // Costs: a search reads one node per level, except those that it shares with the last path. Insert
 // writes one node, three per level that splits. Delete near the leaves writes one to two nodes;
 // everything else, including an absent key, rebuilds the tree: it reads and writes each node once
-// and takes memory for all of them, twice.
+// and takes memory for all entries and, where writes can fail, for all nodes.
 //
 // Damaged data: a node whose entry count is impossible, a path of more than 64 nodes, a walk or a
 // rebuild that visits more nodes than the files have blocks, and an unusable head throw the block
@@ -94,7 +94,12 @@ class BTree_i {
   std::uint64_t Searches() const noexcept { return searches_; }
 
   // -1, 0 or 1.
-  int CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept;
+  int CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept {
+    for (std::int32_t i = 0; i < head_.keyWords; ++i) {
+      if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;
+    }
+    return 0;
+  }
 
   // Report of the tree's structure; see btree_dump.cpp.
   bool DumpTree(std::int32_t indent, std::FILE* stream, std::int32_t expected);
@@ -157,18 +162,27 @@ class BTree_i {
   void MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey);
   struct NodeOnFile {
     std::int32_t address;
-    NodeImage* image;
+    std::int32_t const* image;
+    bool isInPlace;  // the image is the file's own
   };
-  // The nodes of a tree that is being built, by address.
+  // The nodes of a tree that is being built, by address: only the words that can be in use.
   struct NodesInMemory {
     NodeSlabs slabs;
-    std::unordered_map<std::int32_t, NodeImage*> images;
+    std::unordered_map<std::int32_t, std::int32_t*> images;
 
-    std::int32_t const* At(std::int32_t address) const { return images.at(address)->data(); }
+    std::int32_t const* At(std::int32_t address) const { return images.at(address); }
   };
+  std::int32_t ImageWords() const noexcept {
+    return built_ != nullptr ? built_->slabs.ImageWords() : format::kNodeWords;
+  }
   std::vector<NodeOnFile> NodesInBreadth(NodeSlabs& slabs);
+  void LoadOldNode(NodeOnFile& node, NodeSlabs& slabs);
+  void KeepOldNodes(std::vector<NodeOnFile>& nodes, NodeSlabs& slabs, NodesInMemory const& built);
   void CheckBlocksOf(std::vector<NodeOnFile> const& nodes) const;
   bool BelongsIntoLeaf(std::int32_t const* key);
+  std::int32_t const* NextKey() const noexcept;
+  int CountRun(std::int32_t const* node, int first, std::int32_t const* deletedKey) const noexcept;
+  void PutRun(std::int32_t const* node, int first, int run) noexcept;
   // What a rebuild has written so far.
   struct Written {
     bool started = false;

@@ -101,13 +101,6 @@ bool BTree_i::WithinBlocks(std::int64_t visits, std::int64_t& bound) const noexc
   return visits <= bound;
 }
 
-int BTree_i::CompareKey(std::int32_t const* a, std::int32_t const* b) const noexcept {
-  for (std::int32_t i = 0; i < head_.keyWords; ++i) {
-    if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;
-  }
-  return 0;
-}
-
 namespace {
 
 // A key of one or two words as one integer of the same order.

@@ -14,8 +14,8 @@ namespace f = format;
 void BTree_i::WriteNode(std::int32_t& address, std::int32_t const* words) {
   if (built_ != nullptr) {
     if (address != f::kNullAddress) return;
-    NodeImage* const image = built_->slabs.Take();
-    std::copy_n(words, image->size(), image->begin());
+    std::int32_t* const image = built_->slabs.Take();
+    std::copy_n(words, built_->slabs.ImageWords(), image);
     std::int32_t const reserved = store_.Reserve(f::kNodeWords);
     built_->images.insert_or_assign(reserved, image);
     address = reserved;
@@ -133,15 +133,17 @@ void BTree_i::BuildContents(Level const& level, std::int32_t const* entry, std::
 
 namespace {
 
-// Makes a node of `count` entries from contents that begin with its link[0].
-void FillNode(std::int32_t* node, int width, std::int32_t count, std::int32_t parent,
-              std::int32_t previous, std::int32_t next, std::int32_t const* contents) {
+// Makes a node of `count` entries, in an image of `words` words, from contents that begin with its
+// link[0].
+void FillNode(std::int32_t* node, std::int32_t words, int width, std::int32_t count,
+              std::int32_t parent, std::int32_t previous, std::int32_t next,
+              std::int32_t const* contents) {
   node[f::kNodeCount] = count;
   node[f::kNodeParent] = parent;
   node[f::kNodePrevious] = previous;
   node[f::kNodeNext] = next;
   std::int32_t* end = std::copy_n(contents, count * width + 1, node + f::kNodeLinks);
-  std::fill(end, node + f::kNodeWords, 0);
+  std::fill(end, node + words, 0);
 }
 
 }  // namespace
@@ -163,20 +165,21 @@ void BTree_i::SplitNode(Level& level, std::int32_t* entry, std::int32_t& left,
   std::int32_t const next = level.words[f::kNodeNext];
   bool const newEntryGoesRight = level.index + 1 > b;
 
+  std::int32_t const words = ImageWords();
   NodeBuffer added(store_.Nodes());
   std::int32_t* kept = Own(level);
   std::int32_t addedAddress = f::kNullAddress;
   if (newEntryGoesRight) {
-    FillNode(added.Words(), width_, b, parent, previous, level.address, contents.data());
+    FillNode(added.Words(), words, width_, b, parent, previous, level.address, contents.data());
     WriteNode(addedAddress, added.Words());
-    FillNode(kept, width_, a, parent, addedAddress, next, rightContents);
+    FillNode(kept, words, width_, a, parent, addedAddress, next, rightContents);
     left = addedAddress;
     right = level.address;
     level.index -= b;
   } else {
-    FillNode(added.Words(), width_, a, parent, level.address, next, rightContents);
+    FillNode(added.Words(), words, width_, a, parent, level.address, next, rightContents);
     WriteNode(addedAddress, added.Words());
-    FillNode(kept, width_, b, parent, previous, addedAddress, contents.data());
+    FillNode(kept, words, width_, b, parent, previous, addedAddress, contents.data());
     left = level.address;
     right = addedAddress;
     level.index += 1;

@@ -1,7 +1,10 @@
 // The rebuild: every entry except the deleted one is inserted into a new tree, node by node in
 // breadth-first order, and each old node is freed as soon as its entries have moved. The new tree
-// is built in memory and then written, each node once.
+// is built in memory and then written, each node once. The old nodes are read where they are in a
+// mapped file; before they are overwritten they are copied, so that they can be written back,
+// unless no write can fail.
 #include <algorithm>
+#include <array>
 #include <unordered_set>
 
 #include "store/btree_write.h"
@@ -16,7 +19,7 @@ namespace f = format;
 std::vector<BTree_i::NodeOnFile> BTree_i::NodesInBreadth(NodeSlabs& slabs) {
   std::int64_t bound = 0;
   std::vector<NodeOnFile> nodes;
-  nodes.push_back({head_.rootAddress, nullptr});
+  nodes.push_back({head_.rootAddress, nullptr, false});
   std::unordered_set<std::int32_t> seen{head_.rootAddress};
   std::size_t endOfLevel = 1;
   int depth = 1;
@@ -25,20 +28,44 @@ std::vector<BTree_i::NodeOnFile> BTree_i::NodesInBreadth(NodeSlabs& slabs) {
       endOfLevel = nodes.size();
       if (++depth > kMaxDepth) store_.Throw(nodes[i].address, BlockFault::kBadNode);
     }
-    nodes[i].image = slabs.Take();
-    std::int32_t const* node = nodes[i].image->data();
-    ReadNode(nodes[i].address, nodes[i].image->data());
+    LoadOldNode(nodes[i], slabs);
+    std::int32_t const* node = nodes[i].image;
     if (!WithinBlocks(static_cast<std::int64_t>(i) + 1, bound))
       store_.Throw(nodes[i].address, BlockFault::kBadNode);
     for (int k = 0; k <= node[f::kNodeCount]; ++k) {
       std::int32_t const child = node[LinkAt(k)];
       if (child == f::kNullAddress) continue;
       if (!seen.insert(child).second) store_.Throw(child, BlockFault::kBadNode);
-      nodes.push_back({child, nullptr});
+      nodes.push_back({child, nullptr, false});
     }
   }
   CheckBlocksOf(nodes);
   return nodes;
+}
+
+void BTree_i::LoadOldNode(NodeOnFile& node, NodeSlabs& slabs) {
+  node.image = store_.NodeInPlace(node.address);
+  node.isInPlace = node.image != nullptr;
+  if (node.isInPlace) return CheckNode(node.image, node.address);
+  std::int32_t* const image = slabs.Take();
+  node.image = image;
+  ReadNode(node.address, image);
+}
+
+// Makes copies of the old nodes that are in place, from which they can be written back, unless no
+// write of a new node can fail.
+void BTree_i::KeepOldNodes(std::vector<NodeOnFile>& nodes, NodeSlabs& slabs,
+                           NodesInMemory const& built) {
+  bool const cannotFail =
+      std::all_of(built.images.begin(), built.images.end(),
+                  [this](auto const& image) { return store_.NodeWriteCannotFail(image.first); });
+  if (cannotFail) return;
+  for (NodeOnFile& node : nodes) {
+    if (!node.isInPlace) continue;
+    std::int32_t* const image = slabs.Take();
+    node.image = std::copy_n(node.image, f::kNodeWords, image) - f::kNodeWords;
+    node.isInPlace = false;
+  }
 }
 
 // Throws the address of a node some of whose blocks count as free or belong to another node.
@@ -58,22 +85,23 @@ void BTree_i::CheckBlocksOf(std::vector<NodeOnFile> const& nodes) const {
 // lack of room or memory, leaves the old tree as it was.
 void BTree_i::Rebuild(std::int32_t const* deletedKey) {
   if (head_.rootAddress == f::kNullAddress) store_.Throw(f::kNullAddress, BlockFault::kEmptyTree);
-  NodeSlabs slabs;
-  std::vector<NodeOnFile> const nodes = NodesInBreadth(slabs);
+  NodeSlabs slabs(f::kNodeWords);
+  std::vector<NodeOnFile> nodes = NodesInBreadth(slabs);
   ForgetAll();
   ExtentList const extents = store_.Extents();
   std::int32_t const oldRoot = head_.rootAddress;
-  NodesInMemory built;
+  NodesInMemory built{NodeSlabs(LinkAt(head_.maxEntries) + 1), {}};
   Written written;
   built_ = &built;
   head_.SetRoot(f::kNullAddress);
   try {
     for (NodeOnFile const& node : nodes) {
-      MoveEntries(node.image->data(), deletedKey);
+      MoveEntries(node.image, deletedKey);
       std::int32_t address = node.address;
       store_.FreeBlock(address, f::kNodeWords);
     }
     built_ = nullptr;
+    KeepOldNodes(nodes, slabs, built);
     if (head_.rootAddress != f::kNullAddress) WriteBuilt(built, head_.rootAddress, written);
   } catch (...) {
     built_ = nullptr;
@@ -99,8 +127,10 @@ std::int64_t BTree_i::WriteBuilt(NodesInMemory const& built, std::int32_t addres
     std::int32_t const child = node[LinkAt(k)];
     if (child != f::kNullAddress) entries += WriteBuilt(built, child, written);
   }
+  std::array<std::int32_t, f::kNodeWords> whole;
+  std::fill(std::copy_n(node, built.slabs.ImageWords(), whole.begin()), whole.end(), 0);
   written.started = true;
-  WriteNode(address, node);
+  WriteNode(address, whole.data());
   if (entries > written.entries) {
     written.entries = entries;
     written.largest = address;
@@ -114,8 +144,9 @@ bool BTree_i::UndoRebuild(std::vector<NodeOnFile> const& nodes, Written const& w
   if (!written.started) return true;
   try {
     for (NodeOnFile const& node : nodes) {
+      if (node.isInPlace) return false;
       std::int32_t address = node.address;
-      WriteNode(address, node.image->data());
+      WriteNode(address, node.image);
     }
   } catch (...) {
     return written.entries == 0;
@@ -123,21 +154,74 @@ bool BTree_i::UndoRebuild(std::vector<NodeOnFile> const& nodes, Written const& w
   return true;
 }
 
-// Inserts the entries of an old node into the new tree, except the deleted key.
+// Inserts the entries of an old node into the new tree, except the deleted key. Most go into a leaf
+// next to each other: such a run is inserted at once, with the result of an insert of each.
 void BTree_i::MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey) {
   bool stayed = false;  // the last entry went into a leaf that was not split: its path is good
-  for (int k = 1; k <= node[f::kNodeCount]; ++k) {
+  for (int k = 1; k <= node[f::kNodeCount];) {
     std::int32_t const* entry = node + EntryAt(k);
-    if (CompareKey(entry, deletedKey) == 0) continue;
     std::int32_t const* data = nullptr;
-    if (!(stayed && BelongsIntoLeaf(entry)) && Find(entry, data)) {
+    if (CompareKey(entry, deletedKey) == 0) {
+      ++k;
+    } else if (!(stayed && BelongsIntoLeaf(entry)) && Find(entry, data)) {
       stayed = false;
-      continue;  // a damaged tree has the key twice
+      ++k;  // a damaged tree has the key twice
+    } else if (int const run = CountRun(node, k, deletedKey); run > 0) {
+      PutRun(node, k, run);
+      stayed = true;
+      k += run;
+    } else {
+      bool grew = false;
+      InsertEntry(current_, entry, f::kNullAddress, f::kNullAddress, grew);
+      stayed = false;
+      ++k;
     }
-    bool grew = false;
-    stayed = current_ != kNoLevel && level_[current_].words[f::kNodeCount] < head_.maxEntries;
-    InsertEntry(current_, entry, f::kNullAddress, f::kNullAddress, grew);
   }
+}
+
+// The number of entries of an old node, from the `first`, which belongs to the position, that go
+// into the leaf there one after the other without splitting it; 0 if the first does not.
+int BTree_i::CountRun(std::int32_t const* node, int first,
+                      std::int32_t const* deletedKey) const noexcept {
+  if (current_ == kNoLevel) return 0;
+  std::int32_t const room = head_.maxEntries - level_[current_].words[f::kNodeCount];
+  int const most = std::min(room, node[f::kNodeCount] - first + 1);
+  if (most <= 1) return std::max(most, 0);
+  std::int32_t const* const next = NextKey();
+  int run = 1;
+  for (std::int32_t const* last = node + EntryAt(first); run < most; ++run) {
+    std::int32_t const* const entry = last + width_;
+    bool const follows = CompareKey(last, entry) < 0 &&
+                         (next == nullptr || CompareKey(entry, next) < 0) &&
+                         CompareKey(entry, deletedKey) != 0;
+    if (!follows) break;
+    last = entry;
+  }
+  return run;
+}
+
+// Inserts a run at the position, which becomes that of its last entry.
+void BTree_i::PutRun(std::int32_t const* node, int first, int run) noexcept {
+  Level& leaf = level_[current_];
+  std::int32_t* const own = Own(leaf);
+  int const i = leaf.index;
+  std::int32_t* const place = own + EntryAt(i + 1);
+  auto const words = static_cast<std::ptrdiff_t>(run) * width_;
+  std::copy_backward(place, own + LinkAt(own[f::kNodeCount]) + 1,
+                     own + LinkAt(own[f::kNodeCount] + run) + 1);
+  std::copy_n(node + EntryAt(first), words, place);
+  for (int k = i + 1; k <= i + run; ++k) own[LinkAt(k)] = f::kNullAddress;
+  own[f::kNodeCount] += run;
+  leaf.index = i + run;
+}
+
+// The key after the position in a leaf, also in a node above; null at the end of the tree.
+std::int32_t const* BTree_i::NextKey() const noexcept {
+  for (int k = current_; k >= 0; --k) {
+    Level const& level = level_[k];
+    if (level.index < level.words[f::kNodeCount]) return level.words + EntryAt(level.index + 1);
+  }
+  return nullptr;
 }
 
 // True if a key belongs into the leaf of the entry inserted last, after that entry: the position is
@@ -145,22 +229,15 @@ void BTree_i::MoveEntries(std::int32_t const* node, std::int32_t const* deletedK
 bool BTree_i::BelongsIntoLeaf(std::int32_t const* key) {
   Level& leaf = level_[current_];
   std::int32_t const count = leaf.words[f::kNodeCount];
-  int index = leaf.index;
-  if (CompareKey(leaf.words + EntryAt(index), key) >= 0) return false;
-  while (index < count && CompareKey(leaf.words + EntryAt(index + 1), key) < 0) ++index;
-  if (index < count) {
-    if (CompareKey(leaf.words + EntryAt(index + 1), key) == 0) return false;
-  } else {
-    // The next entry in key order is in the lowest node above that has one right of the path.
-    for (int k = current_ - 1; k >= 0; --k) {
-      Level const& above = level_[k];
-      if (above.index == above.words[f::kNodeCount]) continue;
-      if (CompareKey(above.words + EntryAt(above.index + 1), key) <= 0) return false;
-      break;
-    }
+  int const before = leaf.index;
+  if (CompareKey(leaf.words + EntryAt(before), key) >= 0) return false;
+  while (leaf.index < count && CompareKey(leaf.words + EntryAt(leaf.index + 1), key) < 0) {
+    ++leaf.index;
   }
-  leaf.index = index;
-  return true;
+  std::int32_t const* const next = NextKey();
+  if (next == nullptr || CompareKey(key, next) < 0) return true;
+  leaf.index = before;
+  return false;
 }
 
 }  // namespace zel

@@ -67,8 +67,12 @@ void ExtentList::Store(std::int32_t* table) const noexcept {
   }
 }
 
+// The list is nearly in order: a change moves one or two entries.
 void ExtentList::Sort() noexcept {
-  std::sort(entries_.begin(), entries_.begin() + count_, LiesAhead);
+  for (auto next = entries_.begin(); next != entries_.begin() + count_; ++next) {
+    if (next == entries_.begin() || !LiesAhead(*next, next[-1])) continue;
+    std::rotate(std::upper_bound(entries_.begin(), next, *next, LiesAhead), next, next + 1);
+  }
   for (int i = std::min(count_, format::kExtentsOnFile); i > 0; --i) {
     if ((*this)[i - 1].size > 0) {
       count_ = i;

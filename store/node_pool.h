@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "frame/platform/large_memory.h"
 #include "store/format.h"
 
 namespace zel {
@@ -57,22 +58,29 @@ class NodeBuffer {
   std::unique_ptr<NodeImage> image_;
 };
 
-// Many images that are freed together.
+// Many images of nodes that are freed together.
 class NodeSlabs {
  public:
+  // Images of `words` words each, at most those of a node.
+  explicit NodeSlabs(std::int32_t words) noexcept : words_(static_cast<std::size_t>(words)) {}
+
   // Not cleared.
-  NodeImage* Take() {
-    if (used_ == kImages) {
-      slabs_.emplace_back(new NodeImage[kImages]);
-      used_ = 0;
-    }
-    return &slabs_.back()[used_++];
+  std::int32_t* Take() {
+    if (left_ < words_) AddSlab();
+    std::int32_t* const image = next_;
+    next_ += words_;
+    left_ -= words_;
+    return image;
   }
+  std::int32_t ImageWords() const noexcept { return static_cast<std::int32_t>(words_); }
 
  private:
-  static constexpr std::size_t kImages = 16;
-  std::vector<std::unique_ptr<NodeImage[]>> slabs_;
-  std::size_t used_ = kImages;  // of the last slab
+  void AddSlab();
+
+  std::size_t words_;
+  std::vector<platform::LargeMemory> slabs_;
+  std::int32_t* next_ = nullptr;
+  std::size_t left_ = 0;  // words of the last slab
 };
 
 }  // namespace zel

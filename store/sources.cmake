@@ -16,4 +16,5 @@ set(store_SOURCES
     lib_file_find.cpp
     lib_file_open.cpp
     memo.cpp
+    node_pool.cpp
     packed_text.cpp)

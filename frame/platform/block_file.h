@@ -37,6 +37,9 @@ class BlockFile {
   // otherwise. The address of a byte does not change while the file is open, and a later WriteAt is
   // visible through it.
   virtual std::byte const* View(std::uint64_t offset, std::size_t count) const noexcept = 0;
+  // True when a WriteAt of this range cannot fail, because it only stores bytes for which there is
+  // room. Makes that room if necessary.
+  virtual bool WriteCannotFail(std::uint64_t /*offset*/, std::size_t /*count*/) { return false; }
   // True length in bytes.
   virtual std::uint64_t Size() const noexcept = 0;
   // Cuts the file to its true length and asks the system to write it to disk. False on failure.

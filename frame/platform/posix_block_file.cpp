@@ -86,7 +86,7 @@ class PosixBlockFile final : public BlockFile {
     if (count == 0) return 0;
     std::uint64_t const end = offset + count;
     // Damaged data can request a write far past the end: the gap stays a hole and takes no room.
-    if (offset > size_ && offset - size_ > kLargestStep) mapWrites_ = false;
+    if (IsFarPastEnd(offset)) mapWrites_ = false;
     if (mapWrites_ && end <= range_ && EnsureMap()) {
       if (end <= backed_ || MakeRoom(end)) {
         std::memcpy(map_ + offset, from, count);
@@ -113,6 +113,13 @@ class PosixBlockFile final : public BlockFile {
     return inside && EnsureMap() ? map_ + offset : nullptr;
   }
 
+  bool WriteCannotFail(std::uint64_t offset, std::size_t count) override {
+    if (!mapWrites_ || offset > range_ || count > range_ - offset || IsFarPastEnd(offset)) {
+      return false;
+    }
+    return EnsureMap() && (offset + count <= backed_ || MakeRoom(offset + count));
+  }
+
   std::uint64_t Size() const noexcept override { return size_; }
 
   bool Flush() override {
@@ -122,6 +129,10 @@ class PosixBlockFile final : public BlockFile {
   }
 
  private:
+  bool IsFarPastEnd(std::uint64_t offset) const noexcept {
+    return offset > size_ && offset - size_ > kLargestStep;
+  }
+
   bool EnsureMap() const noexcept {
     if (map_ != nullptr) return true;
     if (mapRefused_ || range_ == 0) return false;

@@ -103,6 +103,25 @@ TEST_F(LocatedAgainTest, OwnDeletesAndRebuildsAreSeen) {
   EXPECT_EQ(Read(Maint(), "A", 7), 7.0);
 }
 
+TEST_F(LocatedAgainTest, DeletesOfSeveralTypesTakeTurns) {
+  Maint().CreateBank("NRTL", "A", 0);
+  FaceRef<IZelBankDef> const nrtl(NewBank("NRTL"));
+  Key_i key;
+  key.SetKey(1L, 1000L);
+  for (int round = 0; round < 3; ++round) {
+    ASSERT_TRUE(Write(Maint(), "A", 1, 1.0));
+    ASSERT_TRUE(Maint().WriteItem(nrtl.Get(), "A", &key));
+    EXPECT_FALSE(Maint().DeleteItem("NOTYPE", "A", &key));
+    EXPECT_FALSE(Maint().DeleteItem(nullptr, "A", &key));
+    EXPECT_TRUE(Maint().DeleteItem("NRTL", "A", &key));
+    EXPECT_TRUE(Exists(Maint(), "A", 1));
+    EXPECT_FALSE(Maint().DeleteItem("nrtl", "A", &key)) << "gone";
+    EXPECT_TRUE(Delete(Maint(), "A", 1));
+    EXPECT_FALSE(Maint().ItemExists(nrtl.Get(), "A", &key));
+    EXPECT_FALSE(Exists(Maint(), "A", 1));
+  }
+}
+
 TEST_F(LocatedAgainTest, BankThatIsDeletedAndMadeAgainIsNew) {
   LibMaint_i other(library_.get());
   ASSERT_TRUE(Write(Maint(), "A", 1, 1.0));

@@ -233,49 +233,54 @@ TEST_F(BTreeLimitsTest, WalkThatBreaksOffStandsAtNoEntry) {
 TEST_F(BTreeLimitsTest, RebuildThatBreaksOffThrowsAndLeavesATrueRoot) {
   Words all;
   for (std::int32_t key = 1; key <= 21; ++key) all.push_back(key);
-  // All nine nodes are read, and the first node of the new tree is written.
-  constexpr int kBeforeAnyChange = 10;
-  bool failed = true;
-  int n = 1;
-  for (; failed; ++n) {
-    for (bool forEver : {true, false}) {
-      SCOPED_TRACE(n);
-      test::MemoryFileSystem files;
-      test::FailingFileSystem failing(files);
-      LibFile_i library(failing, accUpdate, "/t.lb1", "t");
-      ASSERT_EQ(library.CreateNew(libKind11), openOk);
-      head_[f::kHeadRootAddress] = kNull;
-      BTree_i tree(library.Store(), head_.data());
-      for (std::int32_t key : all) Put(tree, key);
-      ASSERT_EQ(head_[f::kHeadRootAddress], kNode1 + 8);
-      std::int32_t const absent = 99;
-      failing.FailAt(n, forEver);
-      failed = false;
-      try {
-        tree.Delete(&absent);
-      } catch (unsigned long) {
-        failed = true;
-      }
-      EXPECT_EQ(failed, failing.Operations() >= n);
-      failing.FailAt(0, false);
-      EXPECT_EQ(head_[f::kHeadRootAddress], tree.Head().rootAddress);
-      Words keys;
-      std::int32_t words = 0;
-      std::int32_t const* entry = nullptr;
-      tree.WalkBegin(words, words);
-      while (tree.WalkNext(entry)) keys.push_back(entry[0]);
-      if (n <= kBeforeAnyChange || !forEver || !failed) {
-        EXPECT_EQ(keys, all);
-
-      } else {
-        EXPECT_TRUE(std::includes(all.begin(), all.end(), keys.begin(), keys.end()));
-        EXPECT_FALSE(keys.empty());
+  constexpr int kNodes = 9;
+  for (bool inPlace : {false, true}) {
+    SCOPED_TRACE(inPlace);
+    // All nodes are read, unless they are in place, and the first node of the new tree is written.
+    int const kBeforeAnyChange = (inPlace ? 0 : kNodes) + 1;
+    bool failed = true;
+    int n = 1;
+    for (; failed; ++n) {
+      for (bool forEver : {true, false}) {
+        SCOPED_TRACE(n);
+        test::MemoryFileSystem files;
+        files.ServeViews(inPlace);
+        test::FailingFileSystem failing(files);
+        LibFile_i library(failing, accUpdate, "/t.lb1", "t");
+        ASSERT_EQ(library.CreateNew(libKind11), openOk);
+        head_[f::kHeadRootAddress] = kNull;
+        BTree_i tree(library.Store(), head_.data());
+        for (std::int32_t key : all) Put(tree, key);
+        ASSERT_EQ(head_[f::kHeadRootAddress], kNode1 + 8);
+        std::int32_t const absent = 99;
+        failing.FailAt(n, forEver);
+        failed = false;
+        try {
+          tree.Delete(&absent);
+        } catch (unsigned long) {
+          failed = true;
+        }
+        EXPECT_EQ(failed, failing.Operations() >= n);
+        failing.FailAt(0, false);
+        EXPECT_EQ(head_[f::kHeadRootAddress], tree.Head().rootAddress);
+        Words keys;
+        std::int32_t words = 0;
+        std::int32_t const* entry = nullptr;
+        tree.WalkBegin(words, words);
+        while (tree.WalkNext(entry)) keys.push_back(entry[0]);
+        if (n <= kBeforeAnyChange || !forEver || !failed) {
+          EXPECT_EQ(keys, all);
+        } else {
+          EXPECT_TRUE(std::includes(all.begin(), all.end(), keys.begin(), keys.end()));
+          EXPECT_FALSE(keys.empty());
+        }
       }
     }
+    // Each node is read once, unless it is in place, and written once.
+    int const operations = inPlace ? kNodes : 2 * kNodes;
+    EXPECT_GT(n, operations);
+    EXPECT_LE(n, operations + 4);
   }
-  // Each node is read once and written once.
-  EXPECT_GT(n, 2 * 9);
-  EXPECT_LE(n, 2 * 9 + 4);
 }
 
 }  // namespace

@@ -166,5 +166,26 @@ TEST(BTreeModel, LongLoadsInBothDirections) {
   }
 }
 
+// Runs of entries that are inserted at once have the result of single inserts.
+TEST(BTreeModel, RebuildsOfThreeLevels) {
+  for (int capacity : {8, 60}) {
+    for (bool ascending : {true, false}) {
+      SCOPED_TRACE(capacity);
+      std::mt19937 random(7);
+      std::vector<int> keys(capacity == 8 ? 700 : 6000);
+      std::iota(keys.begin(), keys.end(), 1);
+      if (!ascending) std::shuffle(keys.begin(), keys.end(), random);
+      Pair pair(1, capacity);
+      for (int key : keys) pair.Insert({key});
+      pair.Delete({0});  // absent
+      pair.Compare();
+      std::shuffle(keys.begin(), keys.end(), random);
+      for (int i = 0; i < 40; ++i) pair.Delete({keys[static_cast<std::size_t>(i)]});
+      pair.Delete({0});
+      pair.Compare();
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zel

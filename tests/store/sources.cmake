@@ -3,6 +3,7 @@ set(store_TEST_SOURCES
     btree_dump_test.cpp
     btree_limits_test.cpp
     btree_model_test.cpp
+    btree_rebuild_test.cpp
     btree_structure_test.cpp
     btree_test.cpp
     casn_test.cpp
