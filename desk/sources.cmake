@@ -1,6 +1,9 @@
 set(desk_SOURCES
     change/library_change.cpp
     change/work_folder.cpp
+    compare/comparison.cpp
+    compare/counterparts.cpp
+    compare/curve_deviation.cpp
     files/file_copy.cpp
     files/file_lock.cpp
     files/folder.cpp

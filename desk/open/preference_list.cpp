@@ -71,6 +71,25 @@ auto Looked(Session const& session, std::string const& word, Look const& look) {
 
 }  // namespace
 
+std::vector<PlacedComponent> PreferenceList::Components() const {
+  std::vector<PlacedComponent> all;
+  for (std::size_t i = 0; i < places_.size(); ++i) {
+    Library const& library = libraries_[places_[i].library];
+    BankName const bank{kPureType, places_[i].bank};
+    library.Walk(bank, [&] {
+      PureComponent const component;
+      std::int32_t words[10] = {};
+      library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+      while (library.Maint().NextItem(words, component.Def())) {
+        PlacedComponent one{i, component.Compared()};
+        one.identity.number = words[0];
+        all.push_back(one);
+      }
+    });
+  }
+  return all;
+}
+
 ComponentBanks PreferenceList::Banks() const {
   ComponentBanks banks;
   for (Place const& place : places_) {

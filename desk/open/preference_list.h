@@ -20,6 +20,12 @@ struct SourceOptions {
   bool acceptIdentity = false;
 };
 
+// A component of one bank of a preference list.
+struct PlacedComponent {
+  std::size_t place;  // index of the bank
+  zel::ZelIdentity identity;
+};
+
 class PreferenceList {
  public:
   // Libraries are given as LIBRARY or LIBRARY:BANK; without a bank, all banks of pure components of
@@ -31,6 +37,11 @@ class PreferenceList {
   std::size_t Count() const { return places_.size(); }
   // "sample.lb1:SAMPLE"
   std::string Name(std::size_t i) const;
+  // The library of a bank as an index in Libraries(), and the bank's name without the library.
+  std::size_t LibraryOf(std::size_t i) const { return places_[i].library; }
+  std::string const& BankOf(std::size_t i) const { return places_[i].bank; }
+  // The components of all banks, bank after bank.
+  std::vector<PlacedComponent> Components() const;
   // The libraries, each once, in the order in which they were named.
   std::vector<Library> const& Libraries() const { return libraries_; }
   // The word by which a component is looked up in each bank; see LookupWord in component_name.h.

@@ -53,6 +53,21 @@ std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string co
                 [](std::string const& end) { return ParseTemperature(end).In(kKelvin); });
 }
 
+double ParseTolerance(std::string const& word) {
+  constexpr char kWhat[] = "a tolerance such as 1% or 0.01";
+  constexpr double kPercent = 100.0;
+  bool const isPercent = !word.empty() && word.back() == '%';
+  std::string const number = isPercent ? word.substr(0, word.size() - 1) : word;
+  double value = -1.0;
+  try {
+    value = ParseNumber(number, kWhat);
+  } catch (WrongUsage const&) {
+    // Reported with the whole word.
+  }
+  if (value < 0.0) throw WrongUsage("\"" + word + "\" is not " + kWhat);
+  return isPercent ? value / kPercent : value;
+}
+
 double Temperature::In(std::int32_t code) const {
   if (zel::ConvertTemperature(value, unit, kKelvin) < 0.0) {
     throw WrongUsage("a temperature is below absolute zero");

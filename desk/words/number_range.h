@@ -21,6 +21,9 @@ struct Span {
 // "250:320", "250:", ":320"; nothing for an empty word.
 std::optional<Span> ParseSpan(std::string const& word, std::string const& what);
 
+// A tolerance, "1%" or 0.01, as a fraction. Throws WrongUsage if the word is neither, or below 0.
+double ParseTolerance(std::string const& word);
+
 inline constexpr std::int32_t kKelvin = 10;
 
 // A temperature with its unit, "25C"; without one it is in K.

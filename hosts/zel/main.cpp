@@ -91,6 +91,7 @@ int Run(int count, char** words) {
     zelhost::AddItemCommands(line);
     zelhost::AddDiffCommand(line);
     zelhost::AddCheckCommand(line);
+    zelhost::AddCompareCommand(line);
     return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();

@@ -61,6 +61,7 @@ constexpr CommandLine kCommands[] = {
     {"plot VaporPressure ETHANOL WATER -l own.lb1 -o chart.svg", nullptr},
     {"check own.lb1", kDamage},
     {"diff own.lb1 other.lb1", nullptr},
+    {"compare own.lb1 other.lb1 --codes --missing", nullptr},
     {"export own.lb1 -o out.xml", kUnreadable},
     {"export own.lb1 -o docs/ --component-files", kUnreadable},
     {"export pairs.lb1 -o pairs.xml --bank NRTL", kUnreadable},

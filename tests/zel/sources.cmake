@@ -3,6 +3,7 @@ set(zel_TEST_SOURCES
     bad_items_test.cpp
     change_test.cpp
     commands_test.cpp
+    compare_test.cpp
     curve_test.cpp
     documents_test.cpp
     fault_run.cpp

@@ -93,5 +93,6 @@ void AddListCommand(CommandLine& line);       // list
 void AddItemCommands(CommandLine& line);      // copy, delete
 void AddDiffCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);
+void AddCompareCommand(CommandLine& line);
 
 }  // namespace zelhost

@@ -1,0 +1,42 @@
+#include "desk/compare/counterparts.h"
+
+#include <algorithm>
+
+#include "desk/words/letters.h"
+
+namespace zel::desk {
+
+Counterparts::Counterparts(std::vector<PlacedComponent> components)
+    : components_(std::move(components)) {
+  for (std::size_t i = 0; i < components_.size(); ++i) {
+    zel::ZelIdentity const& identity = components_[i].identity;
+    byNumber_[identity.number].push_back(i);
+    for (char const* id : identity.ids) {
+      if (*id != '\0') byId_[UpperCase(id)].push_back(i);
+    }
+    if (identity.casNumber != 0) byCas_[identity.casNumber].push_back(i);
+  }
+}
+
+Counterparts::Match Counterparts::Find(zel::ZelIdentity const& identity) const {
+  std::vector<std::size_t> candidates;
+  auto const add = [&](auto const& index, auto const& key) {
+    auto const at = index.find(key);
+    if (at == index.end()) return;
+    candidates.insert(candidates.end(), at->second.begin(), at->second.end());
+  };
+  add(byNumber_, identity.number);
+  for (char const* id : identity.ids) {
+    if (*id != '\0') add(byId_, UpperCase(id));
+  }
+  if (identity.casNumber != 0) add(byCas_, identity.casNumber);
+  if (candidates.empty()) return {};
+  auto const agrees = [&](std::size_t i) {
+    return zel::CompareIdentities(identity, components_[i].identity) == zel::identityAgrees;
+  };
+  auto const at = std::find_if(candidates.begin(), candidates.end(), agrees);
+  if (at != candidates.end()) return {&components_[*at], false};
+  return {&components_[candidates.front()], true};
+}
+
+}  // namespace zel::desk
