@@ -23,6 +23,7 @@ set(desk_SOURCES
     open/session.cpp
     open/unfinished_change.cpp
     open/unread_items.cpp
+    words/display_units.cpp
     words/letters.cpp
     words/nearest_word.cpp
     words/number_range.cpp

@@ -24,9 +24,9 @@ class ComponentValues {
   }
 
  private:
-  void Put(std::string name, Cell value, std::int64_t code = 0) {
+  void Put(std::string name, Cell value, std::int64_t code = 0, std::string unit = "") {
     if (!std::holds_alternative<std::monostate>(value) || code != 0) {
-      values_.push_back({std::move(name), std::move(value), code});
+      values_.push_back({std::move(name), std::move(value), code, std::move(unit)});
     }
   }
 
@@ -48,7 +48,7 @@ class ComponentValues {
 
   void PutConstants() {
     for (auto const& row : Constants()) {
-      Put(row.keyword, Number(component_.Constant(row.index)));
+      Put(row.keyword, Number(component_.Constant(row.index)), 0, row.unit);
       Put(row.keyword + std::string(" code"), Code(component_.ConstantCode(row.index)));
     }
   }
@@ -56,8 +56,9 @@ class ComponentValues {
   void PutCurve(std::string const& name, Curve const& curve) {
     if (!curve.present) return;
     Put(name + " equation", std::int64_t{curve.equation});
-    Put(name + " from T", Number(curve.tMin));
-    Put(name + " to T", Number(curve.tMax));
+    std::string const letter = TemperatureUnit(curve.tempUnit);
+    Put(name + " from T", Number(curve.tMin), 0, letter);
+    Put(name + " to T", Number(curve.tMax), 0, letter);
     Put(name + " T in", std::string(TemperatureUnit(curve.tempUnit)));
     Put(name + " unit", UnitOf(curve), curve.propUnit);
     Put(name + " log basis", LogarithmOf(curve), curve.logBasis);
@@ -84,7 +85,8 @@ std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other) {
 
 std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item) {
   std::vector<NamedValue> values;
-  for (Field const& field : FieldsOf(item)) values.push_back({field.name, ValueOf(item, field)});
+  for (Field const& field : FieldsOf(item))
+    values.push_back({field.name, ValueOf(item, field), 0, field.unit});
   return values;
 }
 

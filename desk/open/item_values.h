@@ -14,6 +14,7 @@ struct NamedValue {
   std::string name;
   Cell value;
   std::int64_t code = 0;  // what is stored, if the value is a word for it
+  std::string unit = {};  // internal unit of a number
 
   bool operator==(NamedValue const&) const = default;
 };

@@ -34,6 +34,7 @@ class PreferenceList {
   PreferenceList(PreferenceList const&) = delete;
   PreferenceList& operator=(PreferenceList const&) = delete;
 
+  DisplayUnits const& Units() const { return session_.units; }
   std::size_t Count() const { return places_.size(); }
   // "sample.lb1:SAMPLE"
   std::string Name(std::size_t i) const;

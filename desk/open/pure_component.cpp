@@ -246,13 +246,14 @@ char const* TemperatureUnit(std::int32_t code) {
   }
 }
 
-Cell RangeOf(Curve const& curve) {
-  Cell const low = Number(curve.tMin);
-  Cell const high = Number(curve.tMax);
+Cell RangeOf(Curve const& curve, DisplayUnits const& units) {
+  std::string const stored = TemperatureUnit(curve.tempUnit);
+  Cell const low = Number(units.Shown(curve.tMin, stored));
+  Cell const high = Number(units.Shown(curve.tMax, stored));
   bool const hasLow = !std::holds_alternative<std::monostate>(low);
   bool const hasHigh = !std::holds_alternative<std::monostate>(high);
   if (!hasLow && !hasHigh) return {};
-  std::string const unit = std::string(" ") + TemperatureUnit(curve.tempUnit);
+  std::string const unit = " " + units.UnitFor(stored);
   if (!hasHigh) return "from " + CellText(low) + unit;
   if (!hasLow) return "up to " + CellText(high) + unit;
   return CellText(low) + " to " + CellText(high) + unit;

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/words/display_units.h"
 #include "desk/words/table.h"
 
 namespace zel::desk {
@@ -102,8 +103,9 @@ std::string FaultOf(Curve const& curve);
 // The letter of a temperature unit of a stored correlation.
 char const* TemperatureUnit(std::int32_t code);
 // The temperature range of a correlation: "159.05 to 514 K", "from 159.05 K", "up to 514 K";
-// nothing for a record without limits.
-Cell RangeOf(Curve const& curve);
+// nothing for a record without limits. It is in the record's unit, or in the display unit if units
+// were chosen.
+Cell RangeOf(Curve const& curve, DisplayUnits const& units);
 // The unit of a stored correlation's values; its code if it has no name, nothing for 0.
 Cell UnitOf(Curve const& curve);
 // The amount to which the unit of a specific property refers: mole, mass or nothing.

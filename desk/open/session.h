@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "desk/words/display_units.h"
+
 namespace zel::desk {
 
 class Library;
@@ -21,6 +23,8 @@ class Session {
   // none, and, while it is open, the library itself. See names_library.h.
   std::string namesPath;
   std::shared_ptr<Library> names;
+  // The units of numbers that are shown, and of those that are given without a unit.
+  DisplayUnits units;
 
   // Remembers the name in messages of the library at a path.
   void NoteOpened(std::filesystem::path const& path, std::string const& shown);

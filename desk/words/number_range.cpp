@@ -3,11 +3,13 @@
 #include <zelaccess/Types.h>
 #include <zelaccess/Verify.h>
 
-#include <cctype>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <string_view>
 
 #include "desk/words/failure.h"
+#include "desk/words/letters.h"
 
 namespace zel::desk {
 
@@ -48,9 +50,10 @@ std::optional<Span> ParseSpan(std::string const& word, std::string const& what) 
   return SpanOf(word, what, [&](std::string const& end) { return ParseNumber(end, what); });
 }
 
-std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what) {
+std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what,
+                                         DisplayUnits const& units) {
   return SpanOf(word, what,
-                [](std::string const& end) { return ParseTemperature(end).In(kKelvin); });
+                [&](std::string const& end) { return ParseTemperature(end, units).In(kKelvin); });
 }
 
 double ParseTolerance(std::string const& word) {
@@ -75,19 +78,22 @@ double Temperature::In(std::int32_t code) const {
   return zel::ConvertTemperature(value, unit, code);
 }
 
-Temperature ParseTemperature(std::string const& word) {
+Temperature ParseTemperature(std::string const& word, DisplayUnits const& units) {
   constexpr char kWhat[] = "a temperature such as 298.15K, 25C, 537R or 77F";
-  Temperature temperature;
-  std::string number = word;
-  std::size_t const letter = std::string("KCRF").find(
-      number.empty() ? '\0'
-                     : static_cast<char>(std::toupper(static_cast<unsigned char>(number.back()))));
-  if (letter != std::string::npos) {
-    temperature.unit = kKelvin + static_cast<std::int32_t>(letter);
-    number.pop_back();
+  constexpr std::string_view kLetters = "KCRF";
+  // What follows the number: nothing, a letter in upper or lower case, or another word for a unit.
+  std::size_t const end = word.find_last_of("0123456789.") + 1;
+  std::string const suffix = word.substr(end);
+  std::string unit = UpperCase(suffix);
+  if (suffix.empty()) unit = units.UnitFor("K");
+  if (unit.size() != 1 || kLetters.find(unit) == std::string::npos) {
+    unit = UnitNamed(suffix.substr(std::min(suffix.find_first_not_of(' '), suffix.size())), "K");
   }
+  Temperature temperature;
   try {
-    temperature.value = ParseNumber(number, kWhat);
+    if (unit.empty()) throw WrongUsage(word);
+    temperature.unit = kKelvin + static_cast<std::int32_t>(kLetters.find(unit.front()));
+    temperature.value = ParseNumber(word.substr(0, end), kWhat);
   } catch (WrongUsage const&) {
     throw WrongUsage("\"" + word + "\" is not " + kWhat);
   }

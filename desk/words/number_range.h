@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "desk/words/display_units.h"
+
 namespace zel::desk {
 
 // Throws WrongUsage, which says what is expected, if the word is not a number.
@@ -26,7 +28,7 @@ double ParseTolerance(std::string const& word);
 
 inline constexpr std::int32_t kKelvin = 10;
 
-// A temperature with its unit, "25C"; without one it is in K.
+// A temperature with its unit, "25C".
 struct Temperature {
   double value = 0.0;
   std::int32_t unit = kKelvin;  // 10 K, 11 C, 12 R, 13 F
@@ -34,8 +36,10 @@ struct Temperature {
   // The temperature in the unit with this code. Throws WrongUsage below absolute zero.
   double In(std::int32_t code) const;
 };
-Temperature ParseTemperature(std::string const& word);
+// Without a unit, the temperature is in the display unit, which is K unless another is chosen.
+Temperature ParseTemperature(std::string const& word, DisplayUnits const& units);
 // A range of temperatures such as "20C:350", in K.
-std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what);
+std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what,
+                                         DisplayUnits const& units);
 
 }  // namespace zel::desk

@@ -37,9 +37,10 @@ std::vector<Cell> RowOf(Values&&... values) {
 }
 
 struct Column {
-  std::string name;       // the heading in text and CSV, the member in JSON
-  std::string unit;       // in brackets after the heading; in JSON under "units" of the report
-  bool optional = false;  // left out of text that would be too wide
+  std::string name;        // the heading in text and CSV, the member in JSON
+  std::string unit;        // in brackets after the heading; in JSON under "units" of the report
+  bool optional = false;   // left out of text that would be too wide
+  bool unitInRow = false;  // the unit of each value is in the column "unit" of its row
 };
 
 class Table {

@@ -20,4 +20,5 @@ set(zel_TEST_SOURCES
     memory_test.cpp
     sense_test.cpp
     traced_run.cpp
+    units_test.cpp
     zel_fixture.cpp)

@@ -108,11 +108,11 @@ struct ComponentField {
     return {curve->name, ""};
   }
   // A correlation is shown as its equation and range.
-  Cell ValueIn(PureComponent const& component) const {
+  Cell ValueIn(PureComponent const& component, DisplayUnits const& units) const {
     if (constant != nullptr) return Number(component.Constant(constant->index));
     Curve const record = component.ReadCurve(IndexOf(*curve));
     if (!record.present) return {};
-    Cell const range = RangeOf(record);
+    Cell const range = RangeOf(record, units);
     bool const isOpen = std::holds_alternative<std::monostate>(range);
     return "equation " + std::to_string(record.equation) + (isOpen ? "" : ", " + CellText(range));
   }
@@ -146,7 +146,8 @@ Report Components(Library const& library, BankName const& bank,
       std::vector<Cell> row =
           RowOf(std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
                 Text(identity.formula), Text(identity.name));
-      for (ComponentField const& field : fields) row.push_back(field.ValueIn(component));
+      for (ComponentField const& field : fields)
+        row.push_back(field.ValueIn(component, library.InSession().units));
       table.Add(std::move(row));
     }
   });

@@ -118,6 +118,7 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
   sub_->callback([&session, work = std::move(work)] {
     OpenNames(session);
     Report report = work(session);
+    report.ShowIn(session.units);
     std::string const text = Print(report, session.form);
     bool const isChanged = report.MakeChange();
     try {
@@ -146,6 +147,12 @@ CommandLine::CommandLine(Session& session)
           "a library to look up unknown IDs in")
       ->type_name("LIBRARY")
       ->envname("ZEL_NAMES")
+      ->trigger_on_parse();
+  app_->add_option_function<std::string>(
+          "--units", [&session](std::string const& words) { session.units = DisplayUnits(words); },
+          "units to show and to read: bar,degC")
+      ->type_name("LIST")
+      ->envname("ZEL_UNITS")
       ->trigger_on_parse();
   // For the build, which installs both.
   app_->add_flag_callback("--man", [this] { throw OtherText{ManualPage(*app_)}; })->group("");

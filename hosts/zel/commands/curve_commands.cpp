@@ -63,10 +63,11 @@ Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& inf
 }
 
 // The temperatures of the command line, or those of the record's range, in the record's unit.
-std::vector<double> Temperatures(Options const& o, Curve const& curve, std::string const& word) {
+std::vector<double> Temperatures(Options const& o, Curve const& curve, std::string const& word,
+                                 DisplayUnits const& units) {
   std::vector<double> temperatures;
   for (std::string const& text : o.at) {
-    temperatures.push_back(ParseTemperature(text).In(curve.tempUnit));
+    temperatures.push_back(ParseTemperature(text, units).In(curve.tempUnit));
   }
   if (!temperatures.empty()) {
     if (!o.from.empty() || !o.to.empty())
@@ -74,8 +75,9 @@ std::vector<double> Temperatures(Options const& o, Curve const& curve, std::stri
     return temperatures;
   }
   if (o.steps < 1 || o.steps > 100000) throw WrongUsage("--steps must be 1 to 100000");
-  double const low = o.from.empty() ? curve.tMin : ParseTemperature(o.from).In(curve.tempUnit);
-  double const high = o.to.empty() ? curve.tMax : ParseTemperature(o.to).In(curve.tempUnit);
+  double const low =
+      o.from.empty() ? curve.tMin : ParseTemperature(o.from, units).In(curve.tempUnit);
+  double const high = o.to.empty() ? curve.tMax : ParseTemperature(o.to, units).In(curve.tempUnit);
   if (zel::gen_IsUndefDouble(low) || zel::gen_IsUndefDouble(high)) {
     throw Failure("the record of " + word + " has no limits; give --from and --to, or --at");
   }
@@ -102,7 +104,7 @@ Report Eval(Session& session, Options const& o) {
   report.Fact("component", component.ReadIdentity().name);
   report.Fact("correlation", std::string(info.label));
   report.Fact("equation", std::int64_t{curve.equation});
-  report.Fact("range", RangeOf(curve));
+  report.Fact("range", RangeOf(curve, session.units));
   report.Fact("from", Text(curve.source));
   std::vector<Column> columns = {{"T", unit}, {"value", value}};
   for (int order = 1; order <= o.derivatives; ++order) {
@@ -114,7 +116,7 @@ Report Eval(Session& session, Options const& o) {
   if (!warning.empty()) report.Warning("warning", warning);
   Table& table = report.Begin("points", columns);
   bool hasAny = false;
-  for (double const temperature : Temperatures(o, curve, o.component)) {
+  for (double const temperature : Temperatures(o, curve, o.component, session.units)) {
     Point const point = component.At(IndexOf(info), temperature);
     std::vector<Cell> row;
     row.push_back(temperature);
@@ -168,10 +170,10 @@ std::vector<Drawn> Collect(Options const& o, zel::ZelCorrelationInfo const& info
   return drawn;
 }
 
-Span DefaultSpan(Options const& o, std::vector<Drawn> const& drawn) {
+Span DefaultSpan(Options const& o, std::vector<Drawn> const& drawn, DisplayUnits const& units) {
   Span span;
-  if (!o.from.empty()) span.low = ParseTemperature(o.from).In(kKelvin);
-  if (!o.to.empty()) span.high = ParseTemperature(o.to).In(kKelvin);
+  if (!o.from.empty()) span.low = ParseTemperature(o.from, units).In(kKelvin);
+  if (!o.to.empty()) span.high = ParseTemperature(o.to, units).In(kKelvin);
   bool const takesLow = !span.low;
   bool const takesHigh = !span.high;
   for (Drawn const& one : drawn) {
@@ -184,13 +186,14 @@ Span DefaultSpan(Options const& o, std::vector<Drawn> const& drawn) {
   }
   if (!span.low || !span.high) throw Failure("the records have no limits; give --from and --to");
   if (!(*span.low < *span.high)) {
-    throw WrongUsage("nothing to draw from " + Digits(*span.low) + " to " + Digits(*span.high) +
-                     " K");
+    throw WrongUsage("nothing to draw from " + Digits(units.Shown(*span.low, "K")) + " to " +
+                     Digits(units.Shown(*span.high, "K")) + " " + units.UnitFor("K"));
   }
   return span;
 }
 
-ChartLine LineOf(Drawn const& one, std::uint32_t index, Span const& span) {
+ChartLine LineOf(Drawn const& one, zel::ZelCorrelationInfo const& info, Span const& span,
+                 DisplayUnits const& units) {
   constexpr int kPoints = 400;
   ChartLine line;
   line.label = one.label;
@@ -203,10 +206,11 @@ ChartLine LineOf(Drawn const& one, std::uint32_t index, Span const& span) {
   at.erase(std::unique(at.begin(), at.end()), at.end());
   for (double const kelvin : at) {
     if (!span.Has(kelvin)) continue;
-    Point const point =
-        one.component->At(index, zel::ConvertTemperature(kelvin, kKelvin, one.curve.tempUnit));
+    Point const point = one.component->At(
+        IndexOf(info), zel::ConvertTemperature(kelvin, kKelvin, one.curve.tempUnit));
     if (!point.there) continue;
-    ChartLine::Vertex const vertex = {kelvin, point.value, point.status != 0};
+    ChartLine::Vertex const vertex = {units.Shown(kelvin, "K"), units.Shown(point.value, info.unit),
+                                      point.status != 0};
     line.vertices.push_back(vertex);
     if (kelvin == limits[0] || kelvin == limits[1]) line.marks.push_back(vertex);
   }
@@ -220,15 +224,16 @@ Report Plot(Session& session, Options const& o) {
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
   PreferenceList list(session, o.sources);
   std::vector<Drawn> const drawn = Collect(o, info, list);
-  Span const span = DefaultSpan(o, drawn);
+  Span const span = DefaultSpan(o, drawn, session.units);
   Chart chart;
   chart.title = info.label;
-  chart.xLabel = "T [K]";
-  chart.yLabel = *info.unit == '\0' ? info.name : info.name + (" [" + std::string(info.unit)) + "]";
+  chart.xLabel = "T [" + session.units.UnitFor("K") + "]";
+  chart.yLabel =
+      *info.unit == '\0' ? info.name : info.name + (" [" + session.units.UnitFor(info.unit)) + "]";
   chart.logarithmic = o.logarithmic;
   std::string warnings;
   for (Drawn const& one : drawn) {
-    chart.lines.push_back(LineOf(one, IndexOf(info), span));
+    chart.lines.push_back(LineOf(one, info, span, session.units));
     if (chart.lines.back().vertices.empty()) throw NoValue(one.word, info, one.curve);
     std::string const warning = WarningOf(one.word, info, one.curve);
     if (warning.empty()) continue;

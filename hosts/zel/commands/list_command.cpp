@@ -82,8 +82,9 @@ Report List(Session& session, Options const& o) {
     throw WrongUsage("--filter needs --sort name, id, formula or cas");
   }
   if (!o.bank.empty() && o.library.empty()) throw WrongUsage("--bank needs --build");
-  auto const range = sort == zel::sortByNbp ? ParseTemperatureSpan(o.range, "a boiling point")
-                                            : ParseSpan(o.range, "a molecular weight");
+  auto const range = sort == zel::sortByNbp
+                         ? ParseTemperatureSpan(o.range, "a boiling point", session.units)
+                         : ParseSpan(o.range, "a molecular weight");
   zel::Handle<zel::CompList> const list(zel::CompList::NewCompList());
   if (o.library.empty() && fs::exists(o.path) && !fs::is_regular_file(o.path)) {
     throw Failure(o.path + ": is not a regular file");

@@ -99,7 +99,8 @@ Report Search(Session& session, Options const& o) {
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
-    curves.Add(row.name, std::int64_t{curve.equation}, RangeOf(curve), Text(curve.source));
+    curves.Add(row.name, std::int64_t{curve.equation}, RangeOf(curve, session.units),
+               Text(curve.source));
   }
   AddWarnings(list, report);
   return report;
@@ -112,7 +113,9 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceL
   report.Fact("value", Number(merged.Completed(info.index)));
   report.Fact("unit", Text(info.unit));
   report.Fact("state", std::string(Word(state)));
-  Table table("sources", {{"source", ""}, {"value", ""}, {"code", ""}, {"result", ""}});
+  // In internal units the fact above says the unit.
+  std::string const unit = list.Units().AreInternal() ? "" : info.unit;
+  Table table("sources", {{"source", ""}, {"value", unit}, {"code", ""}, {"result", ""}});
   // The name in the row that won distinguishes libraries with the same file name.
   std::string from = merged.ConstantSource(info.index);
   bool won = false;
@@ -155,8 +158,8 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceL
       table.Add(list.Name(i), Cell(), Cell(), Cell(), "has no correlation");
       continue;
     }
-    table.Add(list.Name(i), std::int64_t{own.equation}, RangeOf(own), Code(own.refCode),
-              won ? "comes later" : "won");
+    table.Add(list.Name(i), std::int64_t{own.equation}, RangeOf(own, list.Units()),
+              Code(own.refCode), won ? "comes later" : "won");
     if (!won) from = list.Name(i);
     won = true;
   }

@@ -53,11 +53,14 @@ void AddConstants(PureComponent& component, bool complete, Report& report) {
   }
 }
 
-void AddCurves(PureComponent const& component, Report& report) {
+// The range is in the record's unit of temperatures, in which the coefficients are, or in the
+// display unit if units were chosen; the head then says so.
+void AddCurves(PureComponent const& component, DisplayUnits const& units, Report& report) {
+  std::string const shownIn = units.AreInternal() ? "" : units.UnitFor("K");
   Table& table = report.Begin("correlations", {{"name", ""},
                                                {"equation", ""},
-                                               {"from T", ""},
-                                               {"to T", ""},
+                                               {"from T", shownIn},
+                                               {"to T", shownIn},
                                                {"T in", ""},
                                                {"unit", ""},
                                                {"per", ""},
@@ -65,8 +68,10 @@ void AddCurves(PureComponent const& component, Report& report) {
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
-    table.Add(row.name, std::int64_t{curve.equation}, Number(curve.tMin), Number(curve.tMax),
-              TemperatureUnit(curve.tempUnit), UnitOf(curve), BasisOf(curve), Code(curve.refCode));
+    std::string const stored = TemperatureUnit(curve.tempUnit);
+    table.Add(row.name, std::int64_t{curve.equation}, Number(units.Shown(curve.tMin, stored)),
+              Number(units.Shown(curve.tMax, stored)), stored, UnitOf(curve), BasisOf(curve),
+              Code(curve.refCode));
   }
   Table& numbers = report.Begin("coefficients", {{"name", ""}, {"C", ""}, {"value", ""}});
   for (auto const& row : Correlations()) {
@@ -102,7 +107,7 @@ Report ShowComponent(Library const& library, BankName const& bank, Options const
   Report report;
   AddIdentity(component, report);
   AddConstants(component, o.complete, report);
-  AddCurves(component, report);
+  AddCurves(component, library.InSession().units, report);
   AddGroups(component, report);
   return report;
 }
@@ -140,7 +145,8 @@ bool AnyMatches(std::string const& pattern, std::vector<std::string> const& text
 }
 
 Report Find(Session& session, Options const& o) {
-  std::optional<Span> const boiling = ParseTemperatureSpan(o.boiling, "a boiling point");
+  std::optional<Span> const boiling =
+      ParseTemperatureSpan(o.boiling, "a boiling point", session.units);
   std::optional<Span> const weight = ParseSpan(o.weight, "a molecular weight");
   Library const library = OpenFinished(session, o.path);
   Report report;

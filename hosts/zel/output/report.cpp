@@ -1,5 +1,7 @@
 #include "output/report.h"
 
+#include <algorithm>
+
 #include "output/report_forms.h"
 
 namespace zelhost {
@@ -18,6 +20,23 @@ void Report::Warning(std::string name, Cell value) {
 
 Table& Report::Begin(std::string name, std::vector<Column> columns) {
   return tables_.emplace_back(std::move(name), std::move(columns));
+}
+
+void Report::ShowIn(DisplayUnits const& units) {
+  if (units.AreInternal()) return;
+  for (Table& table : tables_) table = InDisplayUnits(table, units);
+  auto const fact = [this](char const* name) {
+    return std::find_if(facts_.begin(), facts_.end(),
+                        [name](NamedFact const& one) { return one.name == name; });
+  };
+  auto const value = fact("value");
+  auto const unit = fact("unit");
+  if (value == facts_.end() || unit == facts_.end()) return;
+  Table pair("", {{"value", ""}, {"unit", ""}});
+  pair.Add(value->value, unit->value);
+  Table const shown = InDisplayUnits(pair, units);
+  value->value = shown.Rows()[0][0];
+  unit->value = shown.Rows()[0][1];
 }
 
 bool Report::MakeChange() {

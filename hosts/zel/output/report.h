@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "desk/words/display_units.h"
 #include "desk/words/table.h"
 #include "output/desk.h"
 
@@ -23,6 +24,8 @@ class Report {
   // The table stays valid until the next one is begun.
   Table& Begin(std::string name, std::vector<Column> columns);
   void Add(Table table);
+  // Converts the numbers of tables, and a fact "value" whose unit is the fact "unit".
+  void ShowIn(DisplayUnits const& units);
   // The change that the report describes. It is made after the text of the report, so that nothing
   // is changed if memory for the text runs out.
   void SetChange(std::function<void()> change) { change_ = std::move(change); }

@@ -1,0 +1,66 @@
+// The units in which numbers are shown and read.
+//
+// Data are in the library's internal units. A host shows them in others, and numbers that a user
+// types without a unit are in those others too.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "desk/words/table.h"
+
+namespace zel::desk {
+
+class DisplayUnits {
+ public:
+  // The internal units; temperatures in K.
+  DisplayUnits() = default;
+  // `words`, with commas between them, are units ("bar", "degC", "J/mol"), each of which is used
+  // for every dimension that has it, or sets: the unit systems of zelaccess/Units.h ("SI",
+  // "English", ...), "US", which is English, and "engineering", which is C and bar. Where two words
+  // have a unit for a dimension, the later one holds. An empty text means the internal units.
+  // Throws WrongUsage for a word that no dimension knows.
+  explicit DisplayUnits(std::string const& words);
+
+  bool AreInternal() const { return words_.empty(); }
+  // The unit in which values that are in `unit` are shown. `unit` is an internal unit, C, R or F,
+  // or a derivative of one of these with respect to the temperature: kPa/K, kPa/K2. Any other unit
+  // is returned as it is.
+  std::string UnitFor(std::string const& unit) const;
+  // A value that is in `unit`, in UnitFor(unit). Undefined values stay undefined. Throws Failure
+  // for a value that has no counterpart in that unit.
+  double Shown(double value, std::string const& unit) const;
+  // The number that a word means, in the internal unit `unit`: "1.2bar", "78.31 C"; without a unit
+  // the number is in UnitFor(unit). Throws WrongUsage, which says that the word is not `what`.
+  double Read(std::string const& word, std::string const& unit, std::string const& what) const;
+
+ private:
+  struct Change {
+    std::string unit;       // of the value that is shown
+    std::string dimension;  // empty for a slope and for a unit that is shown as it is
+    std::string from;       // unit word
+    double factor = 1.0;    // of a slope
+  };
+  Change const& ChangeOf(std::string const& unit) const;
+  Change MakeChange(std::string const& unit) const;
+  Change ChangeInDimension(std::string const& unit, std::string const& dimension) const;
+  bool MakeSlope(std::string const& unit, Change& change) const;
+  double FactorOf(std::string const& unit) const;
+
+  std::vector<std::string> words_;
+  mutable std::map<std::string, Change> changes_;  // by unit
+};
+
+// The unit that a word means for values in the internal unit `unit`, as text of the table of units;
+// empty if it is not one. `unit` itself is always one.
+std::string UnitNamed(std::string const& word, std::string const& unit);
+// A value in the unit `word` as a value in the internal unit `unit`. Throws Failure if it has none.
+double ToInternal(double value, std::string const& word, std::string const& unit);
+
+// The table with its numbers in display units: those of a column that has a unit, and those of
+// columns whose unit is in a column "unit" of the same row: "value", and any that is marked with
+// `unitInRow`. A text that is a list of numbers is converted too.
+Table InDisplayUnits(Table const& table, DisplayUnits const& units);
+
+}  // namespace zel::desk

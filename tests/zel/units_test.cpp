@@ -1,0 +1,154 @@
+// Numbers in other units than the internal ones, shown and typed.
+#include <zelaccess/Units.h>
+
+#include "desk/words/display_units.h"
+#include "desk/words/failure.h"
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+using desk::DisplayUnits;
+using nlohmann::json;
+
+class UnitsTest : public ZelTest {};
+
+TEST_F(UnitsTest, AListAppliesToEveryDimensionThatHasTheUnit) {
+  DisplayUnits const units("bar,degC,J/mol");
+  EXPECT_EQ(units.UnitFor("K"), "C");
+  EXPECT_EQ(units.UnitFor("kPa"), "bar");
+  EXPECT_EQ(units.UnitFor("kJ/kg-mol"), "J/g-mol");
+  EXPECT_EQ(units.UnitFor("kJ/kg-mol-K"), "kJ/kg-mol-K");
+  EXPECT_EQ(units.UnitFor("(cal/cm3)^0.5"), "(cal/cm3)^0.5");
+  EXPECT_EQ(units.UnitFor(""), "");
+  EXPECT_DOUBLE_EQ(units.Shown(351.39, "K"), 78.24);
+  EXPECT_DOUBLE_EQ(units.Shown(101.325, "kPa"), 1.01325);
+  EXPECT_DOUBLE_EQ(units.Shown(-234800.0, "kJ/kg-mol"), -234800.0);
+}
+
+TEST_F(UnitsTest, DerivativesAreConvertedAsDifferences) {
+  DisplayUnits const units("bar,F");
+  EXPECT_EQ(units.UnitFor("kPa/K"), "bar/F");
+  EXPECT_DOUBLE_EQ(units.Shown(180.0, "kPa/K"), 1.0);
+  EXPECT_EQ(units.UnitFor("kPa/K2"), "bar/F2");
+  EXPECT_DOUBLE_EQ(units.Shown(324.0, "kPa/K2"), 1.0);
+  EXPECT_EQ(units.UnitFor("/K"), "/F");
+  EXPECT_DOUBLE_EQ(units.Shown(1.8, "/K"), 1.0);
+  // A gauge pressure has another zero, but the same difference.
+  EXPECT_NEAR(DisplayUnits("barg").Shown(100.0, "kPa/K"), 1.0, 1e-12);
+  EXPECT_EQ(DisplayUnits("engineering").UnitFor("kPa/K"), "bar/C");
+}
+
+TEST_F(UnitsTest, SetsCanBeNamedAndTheLaterWordHolds) {
+  EXPECT_EQ(DisplayUnits("US").UnitFor("kPa"), "psia");
+  EXPECT_EQ(DisplayUnits("us").UnitFor("K"), "F");
+  EXPECT_EQ(DisplayUnits("Engineering").UnitFor("kPa"), "bar");
+  EXPECT_EQ(DisplayUnits("US,bar").UnitFor("kPa"), "bar");
+  EXPECT_EQ(DisplayUnits("bar,US").UnitFor("kPa"), "psia");
+  EXPECT_EQ(DisplayUnits("SI").UnitFor("debye"), "debye");
+}
+
+TEST_F(UnitsTest, AnUnknownWordIsRefusedWithTheNearest) {
+  for (char const* words : {"degX", "bar,", ",", "bar,,C", "furlong"}) {
+    EXPECT_THROW(DisplayUnits{words}, desk::WrongUsage) << words;
+  }
+  Outcome const outcome = Zel("--units Metrik find crc.lb1");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_NE(outcome.err.find("did you mean Metric?"), std::string::npos) << outcome.err;
+}
+
+TEST_F(UnitsTest, NumbersCarryAUnitOrAreInTheDisplayUnit) {
+  DisplayUnits const internal;
+  DisplayUnits const units("bar,degC");
+  EXPECT_DOUBLE_EQ(internal.Read("1.2bar", "kPa", "a pressure"), 120.0);
+  EXPECT_DOUBLE_EQ(internal.Read("1.2 bar", "kPa", "a pressure"), 120.0);
+  EXPECT_DOUBLE_EQ(internal.Read("120", "kPa", "a pressure"), 120.0);
+  EXPECT_DOUBLE_EQ(units.Read("1.2", "kPa", "a pressure"), 120.0);
+  EXPECT_DOUBLE_EQ(units.Read("120kPa", "kPa", "a pressure"), 120.0);
+  EXPECT_DOUBLE_EQ(units.Read("78.31", "K", "a temperature"), 351.46);
+  EXPECT_DOUBLE_EQ(internal.Read("78.31C", "K", "a temperature"), 351.46);
+  EXPECT_DOUBLE_EQ(internal.Read("1.7 debye", "debye", "a dipole moment"), 1.7);
+  EXPECT_DOUBLE_EQ(internal.Read("0.5", "", "a number"), 0.5);
+  for (char const* word : {"", "bar", "1.2parsec", "1.2kJ/kg", "inf", "nan", "1.2 bar bar"}) {
+    EXPECT_THROW(internal.Read(word, "kPa", "a pressure"), desk::WrongUsage) << word;
+  }
+  EXPECT_THROW(internal.Read("0.5bar", "", "a number"), desk::WrongUsage);
+}
+
+TEST_F(UnitsTest, EveryCommandShowsAndSaysThem) {
+  std::string const units = " --units bar,degC";
+  json const found = Json("find crc.lb1 --id ETHANOL" + units);
+  EXPECT_DOUBLE_EQ(found["components"][0]["nbp"], 78.24);
+  EXPECT_EQ(found["units"]["components"]["nbp"], "C");
+  json const shown = Json("show crc.lb1 CRC ETHANOL" + units);
+  json const pc = Row(shown["constants"], "keyword", "PC");
+  EXPECT_EQ(pc["unit"], "bar");
+  EXPECT_DOUBLE_EQ(pc["value"], 61.37);
+  EXPECT_EQ(shown["units"]["correlations"]["from_t"], "C");
+  json const pair = Json("show sample.lb1 NRTL ETHANOL WATER --names perry.lb1" + units);
+  EXPECT_DOUBLE_EQ(Row(pair["fields"], "field", "pMin")["value"], 1.01325);
+  EXPECT_EQ(Row(pair["fields"], "field", "pMin")["unit"], "bar");
+  EXPECT_DOUBLE_EQ(Row(pair["fields"], "field", "bji")["value"], 624.867);
+  json const why = Json("why ETHANOL NBP -l perry.lb1 -l crc.lb1" + units);
+  EXPECT_DOUBLE_EQ(why["value"], 78.24);
+  EXPECT_EQ(why["unit"], "C");
+  EXPECT_DOUBLE_EQ(why["sources"][1]["value"], 78.24);
+  EXPECT_EQ(why["units"]["sources"]["value"], "C");
+  json const search = Json("search ETHANOL -l perry.lb1" + units);
+  EXPECT_EQ(Row(search["correlations"], "name", "VaporPressure")["range"], "-114.1 to 240.85 C");
+  json const items = Json("items crc.lb1 CRC --fields NBP VaporPressure" + units);
+  EXPECT_DOUBLE_EQ(Row(items["items"], "id", "ETHANOL")["nbp"], 78.24);
+  EXPECT_EQ(items["units"]["items"]["nbp"], "C");
+}
+
+TEST_F(UnitsTest, EvalShowsAndReadsThem) {
+  json const eval = Json("eval ETHANOL VaporPressure -l perry.lb1 --at 25 351.4K --units bar,degC");
+  EXPECT_EQ(eval["range"], "-114.1 to 240.85 C");
+  EXPECT_EQ(eval["units"]["points"], (json{{"t", "C"}, {"value", "bar"}, {"d/dt", "bar/C"}}));
+  EXPECT_DOUBLE_EQ(eval["points"][0]["t"], 25.0);
+  EXPECT_NEAR(eval["points"][0]["value"], 0.07924095, 1e-8);
+  EXPECT_NEAR(eval["points"][0]["d/dt"], 0.004586987, 1e-9);
+  EXPECT_DOUBLE_EQ(eval["points"][1]["t"], 78.25);
+}
+
+// The surface tensions of this library are records in C.
+TEST_F(UnitsTest, ABareTemperatureDoesNotDependOnTheRecord) {
+  json const kelvin = Json("eval ETHANOL SurfaceTension -l crc.lb1 --at 298.15");
+  EXPECT_EQ(kelvin["units"]["points"]["t"], "C");
+  EXPECT_DOUBLE_EQ(kelvin["points"][0]["t"], 25.0);
+  json const celsius = Json("eval ETHANOL SurfaceTension -l crc.lb1 --at 25 --units C");
+  EXPECT_EQ(celsius["points"][0]["value"], kelvin["points"][0]["value"]);
+  json const fahrenheit = Json("eval ETHANOL SurfaceTension -l crc.lb1 --at 77 --units F");
+  EXPECT_NEAR(fahrenheit["points"][0]["value"], kelvin["points"][0]["value"], 1e-15);
+  // With units for other dimensions, temperatures are in K, also those of such a record.
+  json const bar = Json("eval ETHANOL SurfaceTension -l crc.lb1 --at 298.15 --units bar");
+  EXPECT_EQ(bar["units"]["points"]["t"], "K");
+  EXPECT_DOUBLE_EQ(bar["points"][0]["t"], 298.15);
+  EXPECT_EQ(bar["units"]["points"]["d/dt"], "N/m/K");
+  EXPECT_NEAR(bar["points"][0]["d/dt"], kelvin["points"][0]["d/dt"], 1e-15);
+  EXPECT_EQ(Json("find crc.lb1 --nbp 78:79 --units C"),
+            Json("find crc.lb1 --nbp 351.15K:352.15K --units C"));
+  EXPECT_GT(Json("find crc.lb1 --nbp 78:79 --units C")["found"], 0);
+  EXPECT_EQ(Json("find crc.lb1 --nbp 78degC:352.15"), Json("find crc.lb1 --nbp 351.15:79C"));
+}
+
+TEST_F(UnitsTest, ChartsHaveThemOnTheirAxes) {
+  Good("plot VaporPressure ETHANOL -l perry.lb1 -o k.svg --from 298.15 --to 350");
+  EXPECT_NE(FileText(Folder() / "k.svg").find("T [K]"), std::string::npos);
+  Good("plot VaporPressure ETHANOL -l perry.lb1 -o c.svg --from 25 --to 76.85 --units bar,C");
+  std::string const chart = FileText(Folder() / "c.svg");
+  EXPECT_NE(chart.find("T [C]"), std::string::npos);
+  EXPECT_NE(chart.find("VaporPressure [bar]"), std::string::npos);
+  EXPECT_EQ(chart.find("[K]"), std::string::npos);
+}
+
+TEST_F(UnitsTest, TheEnvironmentNamesThemToo) {
+  Outcome const outcome = Zel("find crc.lb1 --id ETHANOL --csv", "ZEL_UNITS=degC");
+  EXPECT_NE(outcome.out.find("NBP [C]"), std::string::npos) << outcome.out << outcome.err;
+  Outcome const option = Zel("find crc.lb1 --id ETHANOL --csv --units K", "ZEL_UNITS=degC");
+  EXPECT_NE(option.out.find("NBP [K]"), std::string::npos) << option.out << option.err;
+}
+
+}  // namespace
+}  // namespace zel::test
