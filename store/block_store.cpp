@@ -83,6 +83,7 @@ openErrors BlockStore::OpenFile(int number, bool create, bool forceRead) {
   if (opened.outcome == platform::OpenOutcome::kOk) {
     slot.file = std::move(opened.file);
     slot.state = kOpen;
+    if (boundMemory_) slot.file->BoundMemory(true);
   }
   return ErrorOf(opened.outcome);
 }
@@ -133,6 +134,13 @@ bool BlockStore::FlushFiles() {
     if (slot.file && !slot.file->Flush()) good = false;
   }
   return good;
+}
+
+void BlockStore::BoundMemory(bool on) {
+  boundMemory_ = on;
+  for (FileSlot& slot : slots_) {
+    if (slot.file) slot.file->BoundMemory(on);
+  }
 }
 
 // --- blocks ----------------------------------------------------------------------------------

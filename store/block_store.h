@@ -59,6 +59,9 @@ class BlockStore {
   std::uint32_t Closings() const noexcept { return closings_; }
   // Asks the system to write all open files to disk.
   bool FlushFiles();
+  // Bounds the memory that each file takes, those opened later too, or no longer does so; see
+  // BlockFile.
+  void BoundMemory(bool on);
 
   // --- blocks ------------------------------------------------------------------------------
   // See LibFile_p for the three operations.
@@ -141,6 +144,7 @@ class BlockStore {
   accModes mode_;
   std::string firstPath_;
   bool open_ = false;
+  bool boundMemory_ = false;
   std::uint32_t closings_ = 0;
   std::uint64_t changes_ = 0;
   std::int32_t libType_ = 0;

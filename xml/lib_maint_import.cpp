@@ -5,11 +5,28 @@
 
 namespace zel {
 
+namespace {
+
+// While an import runs, the memory that the library takes does not grow with the document.
+class BoundedMemory {
+ public:
+  explicit BoundedMemory(BlockStore& store) : store_(store) { store_.BoundMemory(true); }
+  BoundedMemory(BoundedMemory const&) = delete;
+  BoundedMemory& operator=(BoundedMemory const&) = delete;
+  ~BoundedMemory() { store_.BoundMemory(false); }
+
+ private:
+  BlockStore& store_;
+};
+
+}  // namespace
+
 template <typename Run>
 bool LibMaint_i::RunImport(Run const& run) {
   importCounts_ = {};
   if (library_ == nullptr) return false;
   DocumentsOfImport const documents;
+  BoundedMemory const memory(library_->Store());
   Import_i reader(*this);
   bool const good = run(reader);
   importCounts_ = reader.Counts();

@@ -44,6 +44,12 @@ class BlockFile {
   virtual std::uint64_t Size() const noexcept = 0;
   // Cuts the file to its true length and asks the system to write it to disk. False on failure.
   virtual bool Flush() = 0;
+  // Keeps the memory of the process that ReadAt and WriteAt take for this file within kMostHeld
+  // bytes, or no longer does so. Content, addresses and what View returns stay the same. For work
+  // on more data than the process should hold; without it a mapped file counts as memory as far as
+  // it was used.
+  static constexpr std::size_t kMostHeld = std::size_t{24} << 20;
+  virtual void BoundMemory(bool /*on*/) {}
 };
 
 struct OpenedFile {

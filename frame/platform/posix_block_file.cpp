@@ -8,6 +8,10 @@
 // the file is cut to its true length at a flush and when it is closed. Without a map, in files with
 // large holes, which stay holes, and on file systems that cannot allocate room in advance,
 // positioned reads and writes are used.
+//
+// Where memory is bounded, only parts that are used often go through the map, since mapping a part
+// costs more than a few positioned reads and writes. When they are too many, all are given back to
+// the system: what was written is in its cache of the file.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -15,9 +19,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "frame/platform/block_file.h"
 #include "frame/platform/posix_descriptor.h"
@@ -48,6 +55,39 @@ OpenOutcome OutcomeOf(int error) noexcept {
   }
 }
 
+// Which parts of a file are used often enough to be mapped, where memory is bounded.
+class OftenUsedParts {
+ public:
+  // For a file of at most that many bytes.
+  explicit OftenUsedParts(std::uint64_t bytes) : uses_((bytes + kPartBytes - 1) / kPartBytes, 0) {}
+
+  // Counts the use of a range that is not empty. Returns true if all of it was used often.
+  bool Use(std::uint64_t offset, std::size_t count) noexcept {
+    bool often = true;
+    std::uint64_t const last = (offset + count - 1) / kPartBytes;
+    for (std::uint64_t part = offset / kPartBytes; part <= last; ++part) {
+      if (uses_[part] == kOften) continue;
+      often = false;
+      if (++uses_[part] == kOften) ++count_;
+    }
+    return often;
+  }
+  std::uint64_t Bytes() const noexcept { return count_ * kPartBytes; }
+  void Clear() noexcept {
+    std::fill(uses_.begin(), uses_.end(), std::uint8_t{0});
+    count_ = 0;
+  }
+
+ private:
+  // The system maps up to this much around a byte that is read.
+  static constexpr std::uint64_t kPartBytes = std::uint64_t{64} << 10;
+  // An item that is written at a random place uses a part less often.
+  static constexpr std::uint8_t kOften = 24;
+
+  std::vector<std::uint8_t> uses_;  // by part
+  std::uint64_t count_ = 0;         // of parts used often
+};
+
 class PosixBlockFile final : public BlockFile {
  public:
   PosixBlockFile(Descriptor file, std::uint64_t size, bool hasHoles, bool writable,
@@ -69,7 +109,8 @@ class PosixBlockFile final : public BlockFile {
     if (offset >= size_) return 0;
     count = static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset));
     bool const worthMapping = map_ != nullptr || ++plainReads_ > kPlainReads;
-    if (worthMapping && offset + count <= range_ && EnsureMap()) {
+    if (worthMapping && count != 0 && offset + count <= range_ && EnsureMap() &&
+        InMap(offset, count)) {
       std::memcpy(to, map_ + offset, count);
       return static_cast<std::int64_t>(count);
     }
@@ -88,12 +129,13 @@ class PosixBlockFile final : public BlockFile {
     // Damaged data can request a write far past the end: the gap stays a hole and takes no room.
     if (IsFarPastEnd(offset)) mapWrites_ = false;
     if (mapWrites_ && end <= range_ && EnsureMap()) {
-      if (end <= backed_ || MakeRoom(end)) {
+      bool const hasRoom = end <= backed_ || MakeRoom(end);
+      if (!hasRoom && mapWrites_) return -1;
+      if (hasRoom && InMap(offset, count)) {
         std::memcpy(map_ + offset, from, count);
         size_ = std::max(size_, end);
         return static_cast<std::int64_t>(count);
       }
-      if (mapWrites_) return -1;
     }
     std::int64_t const done = Transfer(count, [&](std::size_t at) {
       return WithoutSizeSignal([&] {
@@ -128,9 +170,30 @@ class PosixBlockFile final : public BlockFile {
     return cut && (!sync_ || Retry([&] { return ::fdatasync(file_.Get()); }) == 0);
   }
 
+  void BoundMemory(bool on) override {
+    often_.reset();
+    if (!on) return;
+    often_.emplace(range_);
+    GiveBack();
+  }
+
  private:
   bool IsFarPastEnd(std::uint64_t offset) const noexcept {
     return offset > size_ && offset - size_ > kLargestStep;
+  }
+
+  // Whether a range is read and written through the map: always, or where memory is bounded if it
+  // is used often. If too much is, everything is given back first.
+  bool InMap(std::uint64_t offset, std::size_t count) noexcept {
+    if (!often_) return true;
+    if (often_->Bytes() >= kMostHeld) GiveBack();
+    return often_->Use(offset, count);
+  }
+
+  // What a shared map holds is the system's cache of the file: nothing is lost or written.
+  void GiveBack() noexcept {
+    often_->Clear();
+    if (map_ != nullptr) ::madvise(map_, std::min(onDisk_, range_), MADV_DONTNEED);
   }
 
   bool EnsureMap() const noexcept {
@@ -199,6 +262,7 @@ class PosixBlockFile final : public BlockFile {
   std::uint64_t backed_ = 0;  // bytes before this have room on disk
   std::uint64_t range_;       // bytes that a map spans
   int plainReads_ = 0;
+  std::optional<OftenUsedParts> often_;  // where memory is bounded
   mutable bool mapRefused_ = false;
   mutable std::byte* map_ = nullptr;
 };

@@ -1,5 +1,6 @@
 set(frame_TEST_SOURCES
     bad_unit_table_test.cpp
+    block_file_memory_test.cpp
     block_file_refusal_test.cpp
     block_file_sharing_test.cpp
     block_file_test.cpp

@@ -1,4 +1,5 @@
 set(xml_TEST_SOURCES
+    ../frame/child.cpp
     bad_documents_test.cpp
     document_memory_test.cpp
     document_test.cpp
@@ -14,6 +15,7 @@ set(xml_TEST_SOURCES
     import_component_test.cpp
     import_items_test.cpp
     import_limits_test.cpp
+    import_memory_test.cpp
     import_text_test.cpp
     import_stream_test.cpp
     import_time_test.cpp
