@@ -156,7 +156,8 @@ class PosixBlockFile final : public BlockFile {
   }
 
   bool WriteCannotFail(std::uint64_t offset, std::size_t count) override {
-    if (!mapWrites_ || offset > range_ || count > range_ - offset || IsFarPastEnd(offset)) {
+    if (!mapWrites_ || often_ || offset > range_ || count > range_ - offset ||
+        IsFarPastEnd(offset)) {
       return false;
     }
     return EnsureMap() && (offset + count <= backed_ || MakeRoom(offset + count));
