@@ -100,7 +100,6 @@ ReadResult TextInput::Open(std::string const& path) {
   if (path.empty() || ::stat(path.c_str(), &status) != 0) return ReadResult::kMissing;
   if (!S_ISREG(status.st_mode)) return ReadResult::kUnreadable;
   size_ = static_cast<std::uint64_t>(status.st_size);
-  if (size_ > kLongestText) return ReadResult::kUnreadable;
   file_ = zel::platform::Open(path.c_str(), O_RDONLY).Release();
   return file_ < 0 ? ReadResult::kUnreadable : ReadResult::kRead;
 }

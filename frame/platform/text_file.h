@@ -54,7 +54,7 @@ class TextInput {
   TextInput& operator=(TextInput const&) = delete;
   ~TextInput() { Close(); }
 
-  // The same results as ReadTextFile.
+  // The same results as ReadTextFile, but a file may have any size.
   ReadResult Open(std::string const& path);
   void Close() noexcept;
   // Bytes, when it was opened; 0 also for files of the system that do not know their size.

@@ -55,6 +55,18 @@ TEST_F(ImportBanksTest, TextsAreCutAndLeaveEachOtherAlone) {
   EXPECT_EQ(version_, "123456789012");
 }
 
+TEST_F(ImportBanksTest, TextsOfTheLibraryAreAllowedOnce) {
+  for (std::string const name : {"description", "version", "memo"}) {
+    std::string const start = "<" + name + ">";
+    std::string const end = "</" + name + ">";
+    EXPECT_FALSE(ImportLibrary(start + ".1" + end + start + ".2" + end));
+    EXPECT_EQ(Lines(), Error("Duplicate " + start + " node found within <library> node"));
+  }
+  EXPECT_EQ(Description(), ".1");
+  EXPECT_EQ(version_, ".1");
+  EXPECT_EQ(LibraryMemo(), "1") << "without its first character";
+}
+
 TEST_F(ImportBanksTest, EmptyMemoMakesAnEmptyMemo) {
   library_->SetMemo("old");
   EXPECT_TRUE(ImportLibrary("<memo/>"));

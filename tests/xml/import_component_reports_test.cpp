@@ -138,6 +138,61 @@ TEST_F(ComponentReportsTest, LoudRunsSayItOnceAndGoOn) {
   }
 }
 
+// Each attribute is allowed once, and is known in any case.
+TEST_F(ComponentReportsTest, SecondAttributeOfEachNameIsReported) {
+  InitZelAccess();
+  struct Row {
+    char const* element;
+    std::initializer_list<char const*> attributes;  // with values
+  };
+  int attributes = 0;
+  for (Row const& row :
+       {Row{"id",
+            {"number='7'", "name='n'", "formula='C'", "casNum=''", "refCode='1'",
+             "keepFormula='1'"}},
+        Row{"flags", {"phase='S'"}}, Row{"structure", {"model='joback'"}},
+        Row{"property", {"name='TC'", "value='1'", "uom='K'", "refcode='1'"}},
+        Row{"correlation",
+            {"name='LatentHeat'", "equation='1'", "tMin='1'", "tMax='2'", "refCode='1'",
+             "tempUnit='k'", "propUnit='kj/kg'", "logBasis='ln'", "moleWtBasis='m'"}}}) {
+    for (std::string const second : row.attributes) {
+      std::string all;
+      for (char const* attribute : row.attributes) all += std::string(" ") + attribute;
+      std::size_t const end = second.find('=');
+      std::string name = second.substr(0, end);
+      for (char& c : name) c = static_cast<char>(std::toupper(c));
+      std::string const element = "<" + std::string(row.element) + all + " " + name +
+                                  second.substr(end) + "> A </" + row.element + ">";
+      Forget();
+      bool const isId = element.starts_with("<id");
+      EXPECT_FALSE(ImportBank("<comp>" + (isId ? "" : std::string("<id number='7'> A </id>")) +
+                              element + "</comp>"));
+      EXPECT_EQ(Lines(),
+                "  PURECOMP:PURE\n" +
+                    Error((isId ? "" : kLabel) + ("Duplicate \"" + name) +
+                          "\" attribute found within component <" + row.element + "> node"));
+      EXPECT_TRUE(Read(7)) << element;
+      ++attributes;
+    }
+  }
+  EXPECT_EQ(attributes, 21);
+}
+
+// The report on a model ends its element: what follows is not walked.
+TEST_F(ComponentReportsTest, UnknownModelEndsItsElement) {
+  EXPECT_FALSE(
+      ImportBank("<comp><id number='7'> A </id><structure foo='1' model='x' bar='2'/>"
+                 "<flags foo='3'/></comp>"));
+  auto const unknown = [](std::string const& name, std::string const& element) {
+    return Error(kLabel + ("Unrecognized attribute \"" + name) + "\" found within component <" +
+                 element + "> node");
+  };
+  EXPECT_EQ(Lines(), "  PURECOMP:PURE\n" + unknown("foo", "structure") +
+                         Error(kLabel + std::string("Unrecognized value \"x\" found for component "
+                                                    "structure \"model\" attribute")) +
+                         unknown("foo", "flags"));
+}
+
 TEST_F(ComponentReportsTest, WrongElementLeavesTheOthersOfItsComponent) {
   InitZelAccess();
   EXPECT_FALSE(

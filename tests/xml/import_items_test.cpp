@@ -290,6 +290,15 @@ TEST_F(ImportItemsTest, SecondTagIsReportedAndItsValueNotRead) {
   EXPECT_EQ(RealOf("VANLAAR", "MINE", {1234567, 1234568}, "aji"), 3.0);
 }
 
+TEST_F(ImportItemsTest, SecondMemoOfABankIsReported) {
+  EXPECT_FALSE(ImportInto("VANLAAR", "<memo>.a</memo><item/><memo>.b</memo>"));
+  EXPECT_EQ(Lines(), Progress("VANLAAR") + Error("0 keys were entered but 2 are required") +
+                         Error("Duplicate <memo> node found within <bank> node"));
+  char memo[4000];
+  Maint().GetBankMemo("VANLAAR", "MINE", memo);
+  EXPECT_STREQ(memo, "a");
+}
+
 TEST_F(ImportItemsTest, ItemThatBreaksOffIsWrittenWhenItsKeyIsThere) {
   Maint().SetLogLevel(0);
   EXPECT_FALSE(

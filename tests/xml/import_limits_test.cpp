@@ -141,6 +141,14 @@ TEST_F(ImportLimitsTest, BoundsOfTheParserAreNamed) {
   }
 }
 
+TEST_F(ImportLimitsTest, DocumentOf2GiBIsRefusedByItsSize) {
+  MakeFile("doc.xml", "<library/>");
+  std::filesystem::resize_file(Path("doc.xml"), std::uintmax_t{1} << 31);
+  EXPECT_FALSE(ImportFile("doc.xml"));
+  EXPECT_EQ(Lines(),
+            Error("Format error in XML document \"" + Path("doc.xml") + "\": 2 GiB or more"));
+}
+
 // An attribute may show any text in a message of the parser.
 TEST_F(ImportLimitsTest, WordsOfADocumentAreNotTakenForABound) {
   EXPECT_TRUE(Import("<library xmlns='Huge input lookup'/>")) << Lines();

@@ -13,6 +13,7 @@ set(xml_TEST_SOURCES
     import_component_reports_test.cpp
     import_component_units_test.cpp
     import_component_test.cpp
+    import_include_test.cpp
     import_items_test.cpp
     import_limits_test.cpp
     import_memory_test.cpp
