@@ -184,7 +184,7 @@ std::vector<double> RealsOf(Component const& c) {
     if (IsOnFile(i)) reals.push_back(c.fixed[i]);
   }
   for (std::size_t i = 0; i < kNamedCorrelations; ++i) {
-    Correlation const& correlation = c.correlations[i];
+    CorrelationRecord const& correlation = c.correlations[i];
     reals.push_back(correlation.tMin);
     reals.push_back(correlation.tMax);
     reals.insert(reals.end(), correlation.coefficients.begin(), correlation.coefficients.end());

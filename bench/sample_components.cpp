@@ -92,7 +92,7 @@ constexpr Row kRows[] = {
      {63899000, 1.2782, -2.673, 2.7973, -1.0209}},
 };
 
-void SetCorrelation(Correlation& record, int equation, double const (&coefficients)[5]) {
+void SetCorrelation(CorrelationRecord& record, int equation, double const (&coefficients)[5]) {
   record.present = true;
   record.equation = equation;
   record.coefficientCount = 5;

@@ -4,6 +4,10 @@ set(desk_SOURCES
     compare/comparison.cpp
     compare/counterparts.cpp
     compare/curve_deviation.cpp
+    face/component.cpp
+    face/item.cpp
+    face/libraries.cpp
+    face/units.cpp
     files/file_copy.cpp
     files/file_lock.cpp
     files/folder.cpp

@@ -78,7 +78,7 @@ ZelStatus TakeCorrelation(IZelPureComp* component, std::uint32_t index,
                           ZelCorrelation& correlation) {
   Component const* const data = DataOf(component);
   if (data == nullptr || index >= kNamedCorrelations) return kStatusFailed;
-  Correlation const& record = data->correlations[index];
+  CorrelationRecord const& record = data->correlations[index];
   if (!record.present || EvaluatesOthers(record.equation)) return kStatusFailed;
   correlation.index = index;
   correlation.equation = record.equation;

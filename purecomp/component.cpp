@@ -14,7 +14,7 @@ void ClearTexts(Texts& texts) noexcept {
 
 }  // namespace
 
-void Correlation::Reset(std::int32_t defaultUnit) noexcept {
+void CorrelationRecord::Reset(std::int32_t defaultUnit) noexcept {
   constexpr std::int32_t kKelvin = 10;
   present = false;
   equation = 0;
@@ -28,7 +28,7 @@ void Correlation::Reset(std::int32_t defaultUnit) noexcept {
   coefficients.fill(gen_GetUndefDouble());
 }
 
-void Correlation::SetUnit(std::int32_t code) noexcept {
+void CorrelationRecord::SetUnit(std::int32_t code) noexcept {
   propUnit = code;
   factor = code == 0 ? 1.0 : GetUnitFactor(code);
 }

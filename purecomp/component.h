@@ -28,7 +28,7 @@ struct Structure {
 };
 
 // One temperature-dependent property.
-struct Correlation {
+struct CorrelationRecord {
   bool present;
   std::int32_t equation;          // 0 when unset
   std::int32_t coefficientCount;  // as given or read; 1 to 15 in sound data
@@ -60,7 +60,7 @@ struct Component {
   std::int32_t phase;                        // 1 vapor, 2 liquid, 4 solid, added up
   std::array<double, kConstants> completed;  // with what is derived from them
   std::array<double, kConstants> fixed;      // as read or set, internal units
-  std::array<Correlation, kCorrelations> correlations;
+  std::array<CorrelationRecord, kCorrelations> correlations;
   std::array<std::uint32_t, kConstantsOnFile> fixedRefs;
   std::array<std::uint32_t, kCorrelations> correlationRefs;
   SourceTable sources;  // the texts of those that follow

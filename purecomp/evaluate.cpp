@@ -13,7 +13,7 @@ namespace {
 // The inputs of a form in their places in the component.
 struct RecordConstants {
   Component const& component;
-  Correlation const& record;
+  CorrelationRecord const& record;
 
   double Tc() const { return component.fixed[propertyTC]; }
   double Pc() const { return component.fixed[propertyPC]; }
@@ -35,7 +35,7 @@ struct Point {
 // limit.
 inline Point FormOfRecord(RecordConstants const& at, double temperature, double value) {
   using Inputs = Symbols<Jet<1>, double, RecordConstants>;
-  Correlation const& record = at.record;
+  CorrelationRecord const& record = at.record;
   Point point{value, std::numeric_limits<double>::quiet_NaN()};
   WithForm(record.equation, [&](auto number, auto const& form) {
     constexpr int kEquation = decltype(number)::value;
@@ -76,7 +76,7 @@ bool Evaluator::CanEvaluate(std::uint32_t index) const noexcept {
 }
 
 Curve Evaluator::CurveOf(std::uint32_t index) noexcept {
-  Correlation const& record = component_.correlations[index];
+  CorrelationRecord const& record = component_.correlations[index];
   Curve curve;
   EquationCall& call = curve.call;
   call.caller = this;
@@ -118,7 +118,7 @@ CalledCorrelation Evaluator::Call(std::uint32_t index, double temperature, int h
                                          double* derivative, double* weights,
                                          std::int32_t* status) {
   if (order <= kFirstDerivative && index < kNamedCorrelations && index != correlationExpansion) {
-    Correlation const& record = component.correlations[index];
+    CorrelationRecord const& record = component.correlations[index];
     if (record.present && RangeOf(temperature, record.tMin, record.tMax) == kInRange) {
       Point point = FormOfRecord({component, record}, temperature, value != nullptr ? *value : 0.0);
       if (!std::isnan(point.slope)) [[likely]] {

@@ -212,7 +212,7 @@ ZelStatus PureComp_i::GetCorrelation(std::uint32_t index, std::int32_t* equation
                     tMin, tMax, coefficients)) {
     return kStatusFailed;
   }
-  Correlation const& own = c_.correlations[index];
+  CorrelationRecord const& own = c_.correlations[index];
   Give(equation, own.equation);
   Give(tempUnit, own.tempUnit);
   Give(propUnit, own.propUnit);
@@ -239,7 +239,7 @@ ZelStatus PureComp_i::SetCorrelation(std::uint32_t index, std::int32_t equation,
                                      double const* coefficients) {
   std::size_t const held = HeldCoefficients(coefficientCount);
   if (index >= kNamedCorrelations || (coefficients == nullptr && held > 0)) return kStatusFailed;
-  Correlation& own = c_.correlations[index];
+  CorrelationRecord& own = c_.correlations[index];
   own.present = true;
   own.equation = equation;
   own.tempUnit = tempUnit;

@@ -186,7 +186,7 @@ class Merge {
 
   void Correlations() {
     for (int i = 0; i < kCorrelations; ++i) {
-      Correlation& own = c_.correlations[static_cast<Index>(i)];
+      CorrelationRecord& own = c_.correlations[static_cast<Index>(i)];
       std::int32_t const* words = &correlations_[static_cast<Index>(r::kCorrelationEntry * i)];
       if (!own.present && words[0] != 0) TakeCorrelation(static_cast<Index>(i), own, words);
     }
@@ -218,7 +218,7 @@ class Merge {
     }
   }
 
-  void TakeCorrelation(Index i, Correlation& own, std::int32_t const* words) {
+  void TakeCorrelation(Index i, CorrelationRecord& own, std::int32_t const* words) {
     auto const field = [&](r::CorrelationWord word, std::uint32_t divisor, std::uint32_t modulus) {
       return static_cast<std::int32_t>(static_cast<std::uint32_t>(words[word]) / divisor % modulus);
     };

@@ -126,14 +126,14 @@ class Record {
   void WriteCorrelations() {
     std::array<std::int32_t, r::kCorrelationWords> block{};
     for (Index i = 0; i < kCorrelations; ++i) {
-      Correlation const& own = c_.correlations[i];
+      CorrelationRecord const& own = c_.correlations[i];
       if (own.present) Encode(own, &block[r::kCorrelationEntry * i]);
     }
     WriteBlock(correlationAddress_, r::kCorrelationWords, block.data());
     main_[r::kCorrelationAddress] = correlationAddress_;
     main_[r::kCorrelationLength] = r::kCorrelationWords;
     for (Index i = 0; i < kCorrelations; ++i) {
-      Correlation const& own = c_.correlations[i];
+      CorrelationRecord const& own = c_.correlations[i];
       if (!own.present) continue;
       std::int32_t* entry = &main_[r::kDirectory + r::kDirectoryEntry * i];
       entry[0] = static_cast<std::int32_t>(r::kCorrelationEntry * i);
@@ -144,7 +144,7 @@ class Record {
     PutCodes(c_.correlationRefs.data(), kCorrelations, &main_[r::kCorrelationCodes]);
   }
 
-  static void Encode(Correlation const& own, std::int32_t* words) {
+  static void Encode(CorrelationRecord const& own, std::int32_t* words) {
     auto const u = [](std::int32_t n) { return static_cast<std::uint32_t>(n); };
     words[r::kEquationAndUnit] =
         Packed(u(own.equation), r::kMillion, r::kThousand + u(own.tempUnit));

@@ -38,7 +38,7 @@ void BankComponents::Component(ComponentView const& component, CheckedItem item)
 void BankComponents::AddData(ComponentView const& component) {
   std::size_t const own = components_.size() - 1;
   for (std::uint32_t i = 0; i < CorrelationRows().size(); ++i) {
-    Correlation const* const record = component.Record(i);
+    CorrelationRecord const* const record = component.Record(i);
     if (record == nullptr) continue;
     auto const coefficients = ComponentView::Coefficients(*record);
     if (coefficients.size() < 2) continue;

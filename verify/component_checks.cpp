@@ -41,7 +41,7 @@ class Checked {
   static DataFinding Value(char const* id, std::uint32_t curve, double value, double kelvin,
                            Expected expected);
   void Below(zelProperties lower, zelProperties higher, double tolerance) const;
-  void EndBelow(std::uint32_t curve, Correlation const& record, zelProperties higher,
+  void EndBelow(std::uint32_t curve, CorrelationRecord const& record, zelProperties higher,
                 double tolerance) const;
   void Monotonic(std::uint32_t index, bool rises) const;
   void Positive(std::uint32_t index) const;
@@ -98,7 +98,7 @@ bool Checked::HasValue(std::uint32_t index, double temperature) const {
 
 void Checked::Equations() {
   for (std::uint32_t i = 0; i < CorrelationRows().size(); ++i) {
-    Correlation const* const record = c_.Record(i);
+    CorrelationRecord const* const record = c_.Record(i);
     if (record == nullptr) continue;
     // For a record without limits, which is extrapolated nowhere.
     constexpr double kCold = 200.0;
@@ -128,7 +128,7 @@ void Checked::Below(zelProperties lower, zelProperties higher, double tolerance)
        std::string("{datum} {value} is above ") + RowOf(higher).keyword + " {max}");
 }
 
-void Checked::EndBelow(std::uint32_t curve, Correlation const& record, zelProperties higher,
+void Checked::EndBelow(std::uint32_t curve, CorrelationRecord const& record, zelProperties higher,
                        double tolerance) const {
   double const end = ConvertTemperature(record.tMax, record.tempUnit, kKelvin);
   double const limit = Of(higher);
@@ -149,7 +149,7 @@ void Checked::Temperatures() {
                                               correlationLiquidEnthalpy,  correlationLiquidThermal,
                                               correlationLiquidViscosity, correlationLiquidCp};
   for (std::uint32_t i = 0; i < CorrelationRows().size(); ++i) {
-    Correlation const* const record = c_.Record(i);
+    CorrelationRecord const* const record = c_.Record(i);
     if (record == nullptr || !IsDefined(record->tMin) || !IsDefined(record->tMax)) continue;
     if (record->tMin >= record->tMax) {
       Tell(DataFinding("temperatures", CorrelationRows()[i].name)
@@ -246,7 +246,7 @@ void Checked::SolidRanges() {
   constexpr double kTolerance = 0.005;
   for (std::uint32_t const index :
        {correlationSolidEnthalpy, correlationSolidDensity, correlationSolidCp}) {
-    Correlation const* const record = c_.Record(index);
+    CorrelationRecord const* const record = c_.Record(index);
     if (record == nullptr || !IsDefined(record->tMax)) continue;
     EndBelow(index, *record, propertyNMP, kTolerance);
   }
@@ -254,7 +254,7 @@ void Checked::SolidRanges() {
 
 // Compares values at 20 steps over the record's range, with some tolerance for rounding.
 void Checked::Monotonic(std::uint32_t index, bool rises) const {
-  Correlation const* const record = c_.Record(index);
+  CorrelationRecord const* const record = c_.Record(index);
   if (record == nullptr || !IsDefined(record->tMin) || !IsDefined(record->tMax) ||
       record->tMin >= record->tMax)
     return;
@@ -278,7 +278,7 @@ void Checked::Monotonic(std::uint32_t index, bool rises) const {
 }
 
 void Checked::Positive(std::uint32_t index) const {
-  Correlation const* const record = c_.Record(index);
+  CorrelationRecord const* const record = c_.Record(index);
   if (record == nullptr || !IsDefined(record->tMin) || !IsDefined(record->tMax)) return;
   for (double const t : {record->tMin, (record->tMin + record->tMax) / 2, record->tMax}) {
     double const value = c_.ValueAt(index, t);
@@ -292,7 +292,7 @@ void Checked::Positive(std::uint32_t index) const {
 }
 
 void Checked::SurfaceTensionAtCritical() const {
-  Correlation const* const record = c_.Record(correlationSurfaceTension);
+  CorrelationRecord const* const record = c_.Record(correlationSurfaceTension);
   if (record == nullptr || !IsDefined(record->tMin) || !IsDefined(Of(propertyTC))) return;
   double const cold =
       At(correlationSurfaceTension, ConvertTemperature(record->tMin, record->tempUnit, kKelvin));

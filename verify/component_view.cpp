@@ -38,7 +38,7 @@ ZelIdentity ComponentView::Identity() const {
 
 // GetCorrelation fails both for a missing record and for one that it does not return, which can
 // still be evaluated; only the latter has an equation.
-Correlation const* ComponentView::Record(std::uint32_t index) const {
+CorrelationRecord const* ComponentView::Record(std::uint32_t index) const {
   std::int32_t equation = 0;
   ZelStatus const status =
       bank_->GetCorrelation(index, &equation, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
@@ -47,7 +47,7 @@ Correlation const* ComponentView::Record(std::uint32_t index) const {
   return isThere ? &Data().correlations[index] : nullptr;
 }
 
-std::span<double const> ComponentView::Coefficients(Correlation const& record) {
+std::span<double const> ComponentView::Coefficients(CorrelationRecord const& record) {
   return std::span(record.coefficients)
       .first(static_cast<std::size_t>(std::clamp(record.coefficientCount, 0, kCoefficients)));
 }
@@ -60,7 +60,7 @@ double ComponentView::ValueAt(std::uint32_t index, double temperature) const {
 }
 
 double ComponentView::InsideAt(std::uint32_t index, double kelvin) const {
-  Correlation const* const record = Record(index);
+  CorrelationRecord const* const record = Record(index);
   if (record == nullptr) return gen_GetUndefDouble();
   double value = 0.0, slope = 0.0;
   std::int32_t status = 0;

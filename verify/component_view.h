@@ -33,8 +33,8 @@ class ComponentView {
   std::uint32_t ConstantCode(std::uint32_t index) const { return Data().fixedRefs[index]; }
   std::uint32_t CorrelationCode(std::uint32_t index) const { return Data().correlationRefs[index]; }
   // The record of a correlation; null if there is none.
-  Correlation const* Record(std::uint32_t index) const;
-  static std::span<double const> Coefficients(Correlation const& record);
+  CorrelationRecord const* Record(std::uint32_t index) const;
+  static std::span<double const> Coefficients(CorrelationRecord const& record);
   // A value at a temperature in the record's unit; undefined if there is none.
   double ValueAt(std::uint32_t index, double temperature) const;
   // A value at a temperature in K, inside the record's range only; undefined otherwise.

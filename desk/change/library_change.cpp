@@ -70,11 +70,11 @@ void LibraryChange::OpenForUpdate(ChangeOptions const& options) {
   try {
     library_ = Library::OpenUpdate(*session_, path, options.password, shown_);
     return;
-  } catch (Failure const&) {
+  } catch (Error const&) {
     if (options.password.empty()) throw;
     try {
       library_ = Library::OpenUpdate(*session_, path, "", shown_);
-    } catch (Failure const&) {
+    } catch (Error const&) {
       // It has one, or cannot be opened at all.
     }
     if (!library_) throw;

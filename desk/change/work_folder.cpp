@@ -113,10 +113,10 @@ void WorkFolder::PutInPlace(bool isNew) {
   folder_.clear();
   try {
     OrFail(shownAs_, kNotInPlace, [&] { MoveIntoPlace(change, isNew); });
-  } catch (Failure const& failure) {
+  } catch (Error const& failure) {
     try {
       FinishMoves(shownAs_, change);
-    } catch (Failure const& again) {
+    } catch (Error const& again) {
       throw Failure(failure.what() + std::string("; ") + again.what());
     }
     throw;

@@ -59,7 +59,7 @@ bool MayBeName(std::string const& word) {
 
 bool IsIdForm(std::string const& word) { return !word.empty() && word.size() <= kIdLength; }
 
-Component ParseComponent(std::string const& word) {
+ComponentWord ParseComponent(std::string const& word) {
   if (IsDigits(word)) {
     std::int32_t number = 0;
     auto const [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
@@ -81,7 +81,7 @@ Component ParseComponent(std::string const& word) {
   return UpperCase(word);
 }
 
-zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components) {
+zel::Handle<zel::Key> KeyOf(std::vector<ComponentWord> const& components) {
   zel::Handle<zel::Key> key(zel::Key::NewKey());
   auto const set = [&](auto const&... parts) { SetKey(*key, parts...); };
   switch (components.size()) {

@@ -13,10 +13,10 @@ namespace zel::desk {
 
 // A component by number, by CAS number ("64-17-5") or by character ID; the form of the word decides
 // which. For components that are named by their names see component_name.h.
-using Component = std::variant<long, zel::casn, std::string>;
+using ComponentWord = std::variant<long, zel::casn, std::string>;
 // Throws NotAComponent for a CAS number whose check digit is wrong and for an ID of over 8
 // characters, Failure for a number that is too large.
-Component ParseComponent(std::string const& word);
+ComponentWord ParseComponent(std::string const& word);
 // A word that cannot name a component.
 class NotAComponent : public Failure {
  public:
@@ -34,7 +34,7 @@ bool MayBeName(std::string const& word);
 bool IsIdForm(std::string const& word);
 
 // A key of up to three components.
-zel::Handle<zel::Key> KeyOf(std::vector<Component> const& components);
+zel::Handle<zel::Key> KeyOf(std::vector<ComponentWord> const& components);
 // The words of an item of a bank of this type, with the names of components replaced as by
 // LookupWord (component_name.h). The components are those of the library and of that of --names.
 std::vector<std::string> ItemWords(Library const& library, zel::IZelBankDef& bank,

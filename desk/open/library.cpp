@@ -17,8 +17,10 @@ namespace {
 constexpr char kComponents[] = "PURECOMP";
 
 zel::LibFile* Checked(zel::LibFile* file, std::string const& path, zel::openErrors error) {
-  if (file == nullptr) throw Failure(path + ": " + Reason(error, path));
-  return file;
+  if (file != nullptr) return file;
+  std::string const reason = Reason(error, path);
+  if (error == zel::openDenied) throw LibraryInUse(path, reason, error);
+  throw OpenError(path, reason, error);
 }
 
 }  // namespace

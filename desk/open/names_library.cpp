@@ -12,7 +12,7 @@ void OpenNames(Session& session) {
   if (session.namesPath.empty()) return;
   try {
     session.names = std::make_shared<Library>(OpenFinished(session, session.namesPath));
-  } catch (Failure const& failure) {
+  } catch (Error const& failure) {
     throw Failure(failure.what() + std::string(" (named by --names or ZEL_NAMES)"));
   }
   zel::LibFile::SetOrdwinNameIndex(&session.names->File());

@@ -35,7 +35,7 @@ PreferenceList::PreferenceList(Session& session, SourceOptions const& options)
       places_.push_back({library, bank.name});
     }
   }
-  if (places_.empty()) {
+  if (places_.empty() && !options.mayLackComponents) {
     std::string paths;
     for (Library const& one : libraries_) paths += (paths.empty() ? "" : ", ") + one.Path();
     throw Failure(paths + ": no bank of pure components");
@@ -64,8 +64,9 @@ auto Looked(Session const& session, std::string const& word, Look const& look) {
     return look();
   } catch (unsigned long const address) {
     zel::BlockError const error(address);
-    throw Failure(session.ShownPath(error.File()) + ": component " + word + ": block " +
-                  std::to_string(address) + " " + error.Reason());
+    throw DamagedLibrary(
+        session.ShownPath(error.File()),
+        "component " + word + ": block " + std::to_string(address) + " " + error.Reason());
   }
 }
 
@@ -116,7 +117,9 @@ bool PreferenceList::Read(std::size_t i, std::string const& word,
 void PreferenceList::Judge(std::string const& word, std::vector<SourcedIdentity> found) {
   std::optional<IdentityConflict> conflict = ConflictIn(word, std::move(found));
   if (!conflict) return;
-  if (!acceptIdentity_) throw Failure(ToText(*conflict) + "; --accept-identity merges them anyway");
+  if (!acceptIdentity_) {
+    throw ConflictingIdentity("", ToText(*conflict));
+  }
   accepted_.push_back(std::move(*conflict));
 }
 
@@ -125,7 +128,7 @@ void PreferenceList::Search(std::string const& word, PureComponent& component) {
   try {
     ParseComponent(lookup);
   } catch (NotAComponent const& error) {
-    throw Failure(error.what() + NearestTo(word, Banks()));
+    throw MissingComponent("", error.what() + NearestTo(word, Banks()));
   }
   std::vector<SourcedIdentity> found;
   for (std::size_t i = 0; i < Count(); ++i) {
@@ -140,7 +143,8 @@ void PreferenceList::Search(std::string const& word, PureComponent& component) {
   }
   std::string names;
   for (std::size_t i = 0; i < Count(); ++i) names += (i == 0 ? "" : ", ") + Name(i);
-  throw Failure("component " + word + " is not in " + names + NearestTo(word, Banks()));
+  throw MissingComponent("",
+                         "component " + word + " is not in " + names + NearestTo(word, Banks()));
 }
 
 }  // namespace zel::desk

@@ -18,6 +18,7 @@ namespace zel::desk {
 struct SourceOptions {
   std::vector<std::string> libraries;
   bool acceptIdentity = false;
+  bool mayLackComponents = false;  // it is not an error if no library has components
 };
 
 // A component of one bank of a preference list.

@@ -1,6 +1,7 @@
 // A pure component: the catalogue of its data, and what an item holds of them.
 #pragma once
 
+#include <zelaccess/Desk.h>
 #include <zelaccess/Identity.h>
 #include <zelaccess/Verify.h>
 #include <zelaccess/ZelAccess.h>
@@ -29,18 +30,6 @@ std::string DidYouMeanDatum(std::string const& word);  // either
 std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation);
 // The models that a component can have groups of, by index.
 std::vector<std::string> const& StructureModels();
-
-struct Identity {
-  std::int32_t number = 0;
-  std::int32_t refCode = 0;
-  std::string cas;
-  std::vector<std::string> ids;
-  std::string name;
-  std::string formula;
-  bool keepsFormula = false;  // as it was given, not normalised
-
-  std::string FirstId() const { return ids.empty() ? "" : ids.front(); }
-};
 
 // A stored correlation.
 struct Curve {

@@ -52,7 +52,7 @@ void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
     if (!turn) return;
     if (Exists(folder / kLockName)) FileLock::Take((folder / kLockName).string(), "");
     RemoveFolder(folder);
-  } catch (Failure const&) {
+  } catch (Error const&) {
     // Another program is working in it.
   } catch (fs::filesystem_error const& error) {
     // The next command tries again what cannot be looked at now.
@@ -101,7 +101,7 @@ void FinishChange(std::string const& path) {
   } catch (fs::filesystem_error const&) {
     if (Exists(lock) || Look(change) == Found::kLeftOver) return;
     throw;
-  } catch (Failure const&) {
+  } catch (Error const&) {
     // Another program may have just finished it, and a user who may only read needs no more than
     // that the library is whole.
     if (!IsOurs(change.Ready(), whole) || Look(change) == Found::kLeftOver) return;

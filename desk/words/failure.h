@@ -1,16 +1,20 @@
 // The errors that end a command, each with one line for the user.
 #pragma once
 
+#include <zelaccess/DeskErrors.h>
+
 #include <exception>
 #include <stdexcept>
+#include <string>
 
 namespace zel::desk {
 
 // The operation failed; exit status 1. The text names the file, bank or item and the reason, and
-// says what to do where that helps.
-class Failure : public std::runtime_error {
+// says what to do where that helps. Errors that a host may want to tell apart have classes of their
+// own in DeskErrors.h.
+class Failure : public Error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit Failure(std::string const& what) : Error("", what) {}
 };
 
 // Nobody reads standard output any more.

@@ -89,6 +89,7 @@ bool ConvertUnits(char const* dimension, char const* from, char const* to, doubl
   UnitHandle const source = OpenWord(dimension, from);
   UnitHandle const target = OpenWord(dimension, to);
   if (source == nullptr || target == nullptr) return false;
+  if (count == 0) return true;  // the values of an empty array may be null
   return uom_ConvertArray(values, count, source.get(), target.get()) == 0;
 }
 

@@ -97,6 +97,8 @@ int Run(int count, char** words) {
     return EndByClosedPipe();
   } catch (zelhost::WrongUsage const& error) {
     return Fail(kWrongUsage, error.what());
+  } catch (zel::desk::ConflictingIdentity const& error) {
+    return Fail(kFailed, error.what() + std::string("; --accept-identity merges them anyway"));
   } catch (std::filesystem::filesystem_error const& error) {
     if (error.code() == std::errc::not_enough_memory) return Fail(kFailed, kOutOfMemory);
     std::string const path = error.path1().string();

@@ -34,7 +34,7 @@ inline constexpr int kUnitTextSize = 96;
 /// Converts values in place.
 /// \param dimension  name of the dimension
 /// \param from,to    words for the units
-/// \param values     `count` values; undefined ones stay undefined
+/// \param values     `count` values; undefined ones stay undefined; null if `count` is 0
 /// \param count      number of values, 0 or more
 /// \return false when the dimension or a word is not known, or when a finite value has no finite
 ///         counterpart in the other unit; all values are then unchanged

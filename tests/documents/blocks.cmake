@@ -39,6 +39,9 @@ function(zel_document_program name block)
   add_executable(${name} ${source})
   zel_compile_options(${name} STANDARD 17)
   target_link_libraries(${name} PRIVATE ZelAccess::ZelAccess)
+  if(block MATCHES "<zelaccess/Desk.h>")
+    target_link_libraries(${name} PRIVATE ZelAccess::ZelDesk)
+  endif()
   add_test(NAME ${name}
            COMMAND ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:${name}> -D ZEL=$<TARGET_FILE:zel>
                    -D DATA=${PROJECT_SOURCE_DIR}/data/xml -D "PRINTS=${prints}"

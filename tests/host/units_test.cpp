@@ -110,6 +110,8 @@ TEST_F(UnitsTest, WhatCannotBeConvertedStays) {
   EXPECT_FALSE(zel::ConvertUnits("PetroDensity", "spgr", "API", gravity, 2));
   EXPECT_EQ(gravity[0], 1.0);
   EXPECT_TRUE(zel::ConvertUnits("Pres", "bar", "kPa", values, 0));
+  EXPECT_TRUE(zel::ConvertUnits("Pres", "bar", "kPa", nullptr, 0));
+  EXPECT_FALSE(zel::ConvertUnits("Pres", "bar", "kPa", nullptr, 1));
 }
 
 TEST_F(UnitsTest, EveryUnitThatIsListedIsRead) {

@@ -45,6 +45,7 @@ run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${work}/host
     -D CMAKE_PREFIX_PATH=${work}/prefix -D CMAKE_CXX_COMPILER=${COMPILER})
 run(${CMAKE_COMMAND} --build ${work}/host)
 run(${work}/host/small_host)
+run(${work}/host/desk_host)
 
 file(GLOB pc ${work}/prefix/lib*/pkgconfig ${work}/prefix/lib*/*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} ${pc})
@@ -67,3 +68,12 @@ endif()
 run(${COMPILER} -std=c++17 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/small_host.cpp -o ${work}/small_host ${flags}
     -Wl,-rpath,${libdir})
 run(${work}/small_host)
+execute_process(COMMAND pkg-config --define-variable=prefix=${work}/prefix --cflags --libs zeldesk
+                RESULT_VARIABLE failed OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(failed)
+  message(FATAL_ERROR "pkg-config does not know zeldesk")
+endif()
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(${COMPILER} -std=c++17 ${SOURCE_DIR}/host/desk_host.cpp -o ${work}/desk_host ${flags}
+    -Wl,-rpath,${libdir})
+run(${work}/desk_host)

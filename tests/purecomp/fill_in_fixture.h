@@ -27,7 +27,7 @@ class FillInTest : public testing::Test {
   // A form with these coefficients, in internal units.
   void SetCorrelation(std::size_t index, int equation, std::vector<double> const& coefficients,
                       double tMin = kUndefined, double tMax = kUndefined) {
-    Correlation& record = c.correlations[index];
+    CorrelationRecord& record = c.correlations[index];
     record.present = true;
     record.equation = equation;
     record.coefficientCount = static_cast<std::int32_t>(coefficients.size());

@@ -123,7 +123,7 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
     bool const isChanged = report.MakeChange();
     try {
       Write(text);
-    } catch (Failure const& failure) {
+    } catch (Error const& failure) {
       if (!isChanged) throw;
       throw Failure(failure.what() + std::string("; the change is in place"));
     }

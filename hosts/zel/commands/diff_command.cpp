@@ -153,7 +153,7 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
 BankName NamedInEither(Library const& one, Library const& other, std::string const& word) {
   try {
     return one.Bank(word);
-  } catch (Failure const&) {
+  } catch (Error const&) {
     return other.Bank(word);
   }
 }

@@ -155,7 +155,7 @@ bool ExportComponent(Library const& library, Options const& o, char const* targe
     throw Failure(o.path + ": bank " + ToText(bank) + " has no component " + o.component +
                   WhyNotFound(library, *component.Def(), {o.component}));
   }
-  Component const word = ParseComponent(o.component);
+  ComponentWord const word = ParseComponent(o.component);
   if (std::string const* const id = std::get_if<std::string>(&word)) {
     return maint.ExportComponentById(name, id->c_str(), target, o.banner);
   }

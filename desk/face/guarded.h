@@ -1,0 +1,32 @@
+// What the library throws, as exceptions of the desk.
+#pragma once
+
+#include <zelaccess/BlockError.h>
+#include <zelaccess/DeskErrors.h>
+
+#include <filesystem>
+#include <new>
+#include <string>
+#include <system_error>
+
+#include "desk/open/session.h"
+
+namespace zel::desk {
+
+// Does the work. Block errors are thrown as DamagedLibrary, errors of the file system as Error.
+template <typename Work>
+auto Guarded(Session const& session, Work const& work) {
+  try {
+    return work();
+  } catch (unsigned long const address) {
+    zel::BlockError const error(address);
+    std::string const block =
+        address == zel::kNoBlockAddress ? "" : "block " + std::to_string(address) + " ";
+    throw DamagedLibrary(session.ShownPath(error.File()), block + error.Reason());
+  } catch (std::filesystem::filesystem_error const& error) {
+    if (error.code() == std::errc::not_enough_memory) throw std::bad_alloc();
+    throw Error(error.path1().string(), error.code().message());
+  }
+}
+
+}  // namespace zel::desk

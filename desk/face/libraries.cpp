@@ -1,0 +1,138 @@
+#include <zelaccess/Desk.h>
+
+#include <limits>
+#include <set>
+
+#include "desk/face/data.h"
+#include "desk/face/guarded.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
+#include "desk/words/letters.h"
+
+namespace zel::desk {
+namespace {
+
+// Opens the library for names, if there is one, before the others.
+Session& WithNames(Session& session, std::string const& path) {
+  session.namesPath = path;
+  OpenNames(session);
+  return session;
+}
+
+double OrNan(double value) {
+  return zel::gen_IsUndefDouble(value) ? std::numeric_limits<double>::quiet_NaN() : value;
+}
+
+ItemField FieldOf(zel::IZelBankDef& bank, Field const& field) {
+  ItemField result{field.name, field.label, field.unit, {}, ""};
+  auto const count = static_cast<std::size_t>(field.count > 1 ? field.count : 1);
+  if (field.type == zel::fieldReal) {
+    result.values.assign(count, zel::gen_GetUndefDouble());
+    bank.GetDoubleField(field.name.c_str(), result.values.data());
+    for (double& value : result.values) value = OrNan(value);
+  } else if (field.type == zel::fieldInteger) {
+    std::vector<std::int32_t> whole(count, zel::gen_GetUndefInt());
+    bank.GetIntField(field.name.c_str(), whole.data());
+    for (std::int32_t const value : whole) {
+      bool const isNone = zel::gen_IsUndefInt(value);
+      result.values.push_back(isNone ? std::numeric_limits<double>::quiet_NaN() : value);
+    }
+  } else {
+    Cell const cell = ValueOf(bank, field);
+    if (!std::holds_alternative<std::monostate>(cell)) result.text = CellText(cell);
+  }
+  return result;
+}
+
+// The words of a key of components as numbers, so that a library that does not know the IDs is
+// searched as well. A number stays as it is.
+std::vector<std::string> AsNumbers(PreferenceList const& list,
+                                   std::vector<std::string> const& words) {
+  std::vector<std::string> numbers;
+  for (std::string const& word : words) {
+    std::string number = word;
+    for (std::size_t i = 0; i < list.Count(); ++i) {
+      PureComponent const component;
+      if (!list.Read(i, word, component)) continue;
+      number = std::to_string(component.ReadIdentity().number);
+      break;
+    }
+    numbers.push_back(number);
+  }
+  return numbers;
+}
+
+}  // namespace
+
+LibrariesData::LibrariesData(std::vector<std::string> const& libraries,
+                             LibrariesOptions const& options)
+    : list(WithNames(session, options.names), {libraries, options.acceptIdentity, true}) {}
+
+Libraries::Libraries(std::vector<std::string> const& libraries, LibrariesOptions const& options) {
+  Session const before;
+  data_ = Guarded(before, [&] { return std::make_unique<LibrariesData>(libraries, options); });
+}
+Libraries::Libraries(Libraries&&) noexcept = default;
+Libraries& Libraries::operator=(Libraries&&) noexcept = default;
+Libraries::~Libraries() = default;
+
+desk::Component Libraries::Component(std::string const& word) const {
+  return Guarded(data_->session, [&] {
+    auto const found = std::make_shared<ComponentData>();
+    found->word = word;
+    data_->list.Search(word, found->component);
+    return desk::Component(found);
+  });
+}
+
+std::vector<Identity> Libraries::Components() const {
+  return Guarded(data_->session, [&] {
+    std::vector<Identity> all;
+    std::set<std::int32_t> numbers;
+    for (Library const& library : data_->list.Libraries()) {
+      for (BankName const& bank : library.Banks(kPureType)) {
+        PureComponent const component;
+        std::int32_t words[10] = {};
+        library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+        while (library.Maint().NextItem(words, component.Def())) {
+          Identity identity = component.ReadIdentity();
+          if (numbers.insert(identity.number).second) all.push_back(std::move(identity));
+        }
+        library.Maint().EndItemWalk();
+      }
+    }
+    return all;
+  });
+}
+
+desk::Item Libraries::Item(std::string const& type, std::vector<std::string> const& words) const {
+  return Guarded(data_->session, [&] {
+    zel::Handle<zel::IZelBankDef> const item = BankOrNone(UpperCase(type));
+    if (!item) throw UnknownWord("", "there is no bank type " + type);
+    BankFacts const facts(*item);
+    bool const isOfComponents = facts.keyKind == 0;
+    std::string looked;
+    for (Library const& library : data_->list.Libraries()) {
+      zel::Handle<zel::Key> const key =
+          KeyIn(library, *item, isOfComponents ? AsNumbers(data_->list, words) : words);
+      for (BankName const& bank : library.Banks(facts.type)) {
+        if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) continue;
+        auto const data = std::make_shared<ItemData>();
+        data->type = facts.type;
+        data->source = library.Path() + ":" + ToText(bank);
+        for (Field const& field : FieldsOf(*item)) data->fields.push_back(FieldOf(*item, field));
+        return desk::Item(data);
+      }
+      looked += (looked.empty() ? "" : ", ") + library.Path();
+    }
+    throw MissingItem("",
+                      "no " + facts.type + " bank of " + looked + " has an item " + Joined(words));
+  });
+}
+
+desk::Item Libraries::Pair(std::string const& type, std::string const& one,
+                           std::string const& other) const {
+  return Item(type, {one, other});
+}
+
+}  // namespace zel::desk

@@ -1,0 +1,32 @@
+// Values in the unit that a host asks for.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zel::desk {
+
+// Converts values and slopes of one quantity from its internal unit.
+class UnitOfValues {
+ public:
+  // `internal` is the unit as the catalogues show it, `word` that of the host; empty for the
+  // internal unit. `what` is the name of the datum. Throws UnknownWord if the word does not suit.
+  UnitOfValues(std::string const& internal, char const* dimension, std::string const& word,
+               std::string const& what);
+
+  // The unit of the results.
+  std::string const& Text() const { return text_; }
+  // Throws UnknownWord for a value that has no counterpart in the unit. NaN stays NaN.
+  void Convert(std::vector<double>& values) const;
+  // By how much a value changes in the unit when it changes by 1 in the internal one.
+  double Step() const;
+
+ private:
+  std::string internal_;
+  std::string dimension_;
+  std::string text_;
+  bool isInternal_;
+};
+
+}  // namespace zel::desk

@@ -1,0 +1,265 @@
+// The desk's face as a host in C++17 uses it: the installed headers and the library ZelDesk only.
+#include <gtest/gtest.h>
+#include <zelaccess/Desk.h>
+#include <zelaccess/ZelAccess.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+namespace fs = std::filesystem;
+namespace desk = zel::desk;
+
+namespace {
+
+class DeskTest : public testing::Test {
+ protected:
+  // A folder with sample.lb1 (pairs and groups), perry.lb1 and crc.lb1 (components).
+  static void SetUpTestSuite() {
+    zel::InitZelAccess();
+    folder_ = fs::path(testing::TempDir()) / ("desk_test_" + std::to_string(::getpid()));
+    fs::create_directories(folder_);
+    for (char const* name : {"sample", "perry", "crc"}) Import(name);
+  }
+  static void TearDownTestSuite() { fs::remove_all(folder_); }
+
+  static std::string Path(std::string const& name) { return (folder_ / name).string(); }
+  static std::vector<std::string> Paths(std::initializer_list<char const*> names) {
+    std::vector<std::string> paths;
+    for (char const* name : names) paths.push_back(Path(name));
+    return paths;
+  }
+
+ private:
+  static void Import(std::string const& name) {
+    zel::openErrors error = zel::openFailed;
+    zel::Handle<zel::LibFile> const file(
+        zel::LibFile::NewLibFile(zel::libKind11, Path(name + ".lb1").c_str(), error));
+    ASSERT_TRUE(file);
+    zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(file.get()));
+    ASSERT_TRUE(maint->Import((std::string(ZEL_DATA "/") + name + ".xml").c_str(), false));
+  }
+  static inline fs::path folder_;
+};
+
+TEST_F(DeskTest, AConstantHasValueUnitSourceAndState) {
+  desk::Libraries const libraries(Paths({"crc.lb1", "perry.lb1"}));
+  desk::Component const ethanol = libraries.Component("ETHANOL");
+  EXPECT_EQ(ethanol.Identity().name, "Ethanol");
+  EXPECT_EQ(ethanol.Identity().cas, "64-17-5");
+  auto const nbp = ethanol.Constant(zel::Constant::NBP);
+  ASSERT_TRUE(nbp);
+  EXPECT_NEAR(nbp->value, 351.4, 0.2);
+  EXPECT_EQ(nbp->unit, "K");
+  EXPECT_NE(nbp->source.find("crc.lb1"), std::string::npos);
+  EXPECT_EQ(nbp->state, zel::constantStored);
+  auto const inCelsius = ethanol.Constant(zel::Constant::NBP, "degC");
+  ASSERT_TRUE(inCelsius);
+  EXPECT_NEAR(inCelsius->value, nbp->value - 273.15, 1e-9);
+  EXPECT_EQ(inCelsius->unit, "C");
+  auto const acentric = ethanol.Constant(zel::Constant::ACENTRIC);
+  ASSERT_TRUE(acentric);
+  EXPECT_EQ(acentric->unit, "");
+  EXPECT_FALSE(ethanol.Constant(zel::Constant::CHAO));
+  EXPECT_THROW(ethanol.Constant(zel::Constant::NBP, "bar"), desk::UnknownWord);
+  EXPECT_THROW(ethanol.Constant(zel::Constant::ACENTRIC, "K"), desk::UnknownWord);
+}
+
+TEST_F(DeskTest, AFilledInConstantSaysSo) {
+  desk::Libraries const libraries(Paths({"crc.lb1", "perry.lb1"}));
+  desk::Component const ethanol = libraries.Component("64-17-5");
+  auto const carbons = ethanol.Constant(zel::Constant::CNUM);
+  ASSERT_TRUE(carbons);
+  EXPECT_EQ(carbons->value, 2.0);
+  EXPECT_EQ(carbons->state, zel::constantFilledIn);
+  EXPECT_NE(carbons->source, "");
+}
+
+TEST_F(DeskTest, ValuesAreThoseOfTheLibraryInAnyUnit) {
+  desk::Libraries const libraries(Paths({"perry.lb1"}));
+  desk::Component const ethanol = libraries.Component("ETHANOL");
+  auto const p = ethanol.Evaluate(zel::Correlation::VaporPressure, {298.15, 351.4, 533.15, 100.0});
+  EXPECT_EQ(p.unit, "kPa");
+  EXPECT_EQ(p.temperatureUnit, "K");
+  EXPECT_NEAR(p.values[0], 7.924095, 1e-6);
+  EXPECT_NEAR(p.derivatives[0], 0.4586987, 1e-7);
+  EXPECT_EQ(p.statuses, (std::vector<std::int32_t>{0, 0, 1, -1}));
+  EXPECT_NEAR(p.values[2], 8212.314, 1e-3);  // extrapolated
+  auto const shown = ethanol.Evaluate(zel::Correlation::VaporPressure, {25.0}, {"bar", "degC", 1});
+  EXPECT_NEAR(shown.values[0], p.values[0] / 100.0, 1e-15);
+  EXPECT_NEAR(shown.derivatives[0], p.derivatives[0] / 100.0, 1e-12);
+  EXPECT_EQ(shown.unit, "bar");
+  // A gauge pressure has another zero and the same slope; a degree F is 5/9 of a K.
+  auto const gauge = ethanol.Evaluate(zel::Correlation::VaporPressure, {77.0}, {"barg", "F", 1});
+  EXPECT_NEAR(gauge.values[0], shown.values[0] - 1.01325, 1e-12);
+  EXPECT_NEAR(gauge.derivatives[0], shown.derivatives[0] / 1.8, 1e-12);
+  auto const second = ethanol.Evaluate(zel::Correlation::VaporPressure, {298.15}, {"", "K", 2});
+  auto const secondInF = ethanol.Evaluate(zel::Correlation::VaporPressure, {77.0}, {"", "F", 2});
+  EXPECT_NEAR(secondInF.derivatives[0], second.derivatives[0] / (1.8 * 1.8), 1e-12);
+  EXPECT_TRUE(ethanol.Evaluate(zel::Correlation::VaporPressure, {}).values.empty());
+}
+
+TEST_F(DeskTest, AValueThatIsNotThereIsNotANumber) {
+  desk::Libraries const libraries(Paths({"perry.lb1"}));
+  desk::Component const ethanol = libraries.Component("ETHANOL");
+  double const nan = std::nan("");
+  auto const p = ethanol.Evaluate(zel::Correlation::VaporPressure, {nan, 300.0});
+  EXPECT_TRUE(std::isnan(p.values[0]));
+  EXPECT_TRUE(std::isfinite(p.values[1]));
+  EXPECT_THROW(ethanol.Evaluate(zel::Correlation::Dielectric, {300.0}), desk::MissingDatum);
+  EXPECT_FALSE(ethanol.Correlation(zel::Correlation::Dielectric));
+  EXPECT_THROW(ethanol.Evaluate(zel::Correlation::VaporPressure, {300.0}, {"W", "K", 1}),
+               desk::UnknownWord);
+  EXPECT_THROW(ethanol.Evaluate(zel::Correlation::VaporPressure, {300.0}, {"", "bar", 1}),
+               desk::UnknownWord);
+  EXPECT_THROW(ethanol.Evaluate(zel::Correlation::VaporPressure, {300.0}, {"", "K", 4}),
+               desk::UnknownWord);
+  EXPECT_THROW(ethanol.Evaluate(static_cast<zel::Correlation>(99), {300.0}), desk::UnknownWord);
+  EXPECT_FALSE(ethanol.Constant(static_cast<zel::Constant>(99)));
+}
+
+TEST_F(DeskTest, ARecordHasEquationCoefficientsAndRange) {
+  desk::Libraries const libraries(Paths({"perry.lb1"}));
+  auto const record = libraries.Component("ETHANOL").Correlation(zel::Correlation::VaporPressure);
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->equation, 20);
+  EXPECT_FALSE(record->coefficients.empty());
+  EXPECT_EQ(record->tMin, 159.05);
+  EXPECT_EQ(record->tMax, 514.0);
+  EXPECT_NE(record->source.find("perry.lb1"), std::string::npos);
+}
+
+TEST_F(DeskTest, APairIsInTheOrderInWhichItIsAskedFor) {
+  // sample.lb1 has no components: the IDs come from the other library.
+  desk::Libraries const libraries(Paths({"sample.lb1", "perry.lb1"}));
+  desk::Item const one = libraries.Pair("NRTL", "ETHANOL", "WATER");
+  desk::Item const other = libraries.Pair("nrtl", "7732-18-5", "ETHANOL");
+  ASSERT_TRUE(one.Value("bij"));
+  EXPECT_EQ(one.Value("bij"), other.Value("bji"));
+  EXPECT_EQ(one.Value("BJI"), other.Value("bij"));
+  EXPECT_NEAR(*other.Value("bij"), 624.867, 1e-3);
+  EXPECT_NE(one.Source().find("sample.lb1:NRTL:SAMPLE"), std::string::npos);
+  EXPECT_FALSE(one.Fields().empty());
+  EXPECT_THROW(one.Value("cij9"), desk::UnknownWord);
+  EXPECT_THROW(libraries.Pair("NRTL", "ETHANOL", "ETHANOL"), desk::MissingItem);
+  EXPECT_THROW(libraries.Pair("NTRL", "ETHANOL", "WATER"), desk::UnknownWord);
+  EXPECT_THROW(libraries.Item("NRTL", {"ETHANOL"}), desk::Error);
+}
+
+TEST_F(DeskTest, ErrorsHaveFileAndReason) {
+  desk::Libraries const libraries(Paths({"perry.lb1"}));
+  try {
+    libraries.Component("ETHANLO");
+    FAIL();
+  } catch (desk::MissingComponent const& error) {
+    EXPECT_NE(std::string(error.what()).find("ETHANOL"), std::string::npos);
+    EXPECT_EQ(std::string(error.what()).find("--"), std::string::npos);  // no option of a program
+  }
+  EXPECT_THROW(libraries.Component("64-17-6"), desk::MissingComponent);
+  EXPECT_THROW(libraries.Component(""), desk::MissingComponent);
+  try {
+    desk::Libraries const none({Path("none.lb1")});
+    FAIL();
+  } catch (desk::OpenError const& error) {
+    EXPECT_EQ(error.File(), Path("none.lb1"));
+    EXPECT_EQ(error.Reason(), "not found");
+    EXPECT_EQ(error.Code(), zel::openNotFound);
+  }
+  std::ofstream(Path("text.lb1")) << "this is not a library";
+  EXPECT_THROW(desk::Libraries({Path("text.lb1")}), desk::OpenError);
+}
+
+TEST_F(DeskTest, ALibraryInUseIsAnErrorOfItsOwn) {
+  zel::openErrors error = zel::openFailed;
+  zel::Handle<zel::LibFile> const updater(
+      zel::LibFile::OpenLibFile(zel::accUpdate, Path("crc.lb1").c_str(), "", error));
+  ASSERT_TRUE(updater);
+  EXPECT_THROW(desk::Libraries({Path("crc.lb1")}), desk::LibraryInUse);
+}
+
+TEST_F(DeskTest, ADamagedBlockIsAnErrorWithTheLibrary) {
+  fs::copy_file(Path("perry.lb1"), Path("bad.lb1"), fs::copy_options::overwrite_existing);
+  fs::copy_file(Path("perry.lb2"), Path("bad.lb2"), fs::copy_options::overwrite_existing);
+  fs::resize_file(Path("bad.lb2"), 1024);  // the records are in the second file
+  bool failed = false;
+  try {
+    desk::Libraries const libraries({Path("bad.lb1")});
+    libraries.Component("ETHANOL");
+  } catch (desk::Error const& error) {
+    failed = std::string(error.what()).find("bad.lb1") != std::string::npos;
+  }
+  EXPECT_TRUE(failed);
+}
+
+TEST_F(DeskTest, SourcesThatMeanDifferentSubstancesAreRefused) {
+  // In crc.lb1 the number of ethanol becomes that of another substance's copy.
+  fs::copy_file(Path("crc.lb1"), Path("other.lb1"), fs::copy_options::overwrite_existing);
+  fs::copy_file(Path("crc.lb2"), Path("other.lb2"), fs::copy_options::overwrite_existing);
+  {
+    zel::openErrors error = zel::openFailed;
+    zel::Handle<zel::LibFile> const file(
+        zel::LibFile::OpenLibFile(zel::accUpdate, Path("other.lb1").c_str(), "", error));
+    ASSERT_TRUE(file);
+    zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(file.get()));
+    zel::Handle<zel::Key> const key(zel::Key::NewKey());
+    zel::BankFace<zel::IZelPureComp> component("PURECOMP", zel::IID_IZelPureComp);
+    key->SetKey("ETHANOL");
+    ASSERT_TRUE(maint->ReadItem(component.Def(), "CRC", key.get()));
+    std::array<char[9], 12> ids{};
+    std::snprintf(ids[0], sizeof(ids[0]), "ETHANOL");
+    auto const cas = static_cast<std::int32_t>(static_cast<long>(zel::casn("71-43-2")));
+    ASSERT_EQ(component->SetIdentity(10000007, cas, 0, ids.data(), "Benzene", "C6H6", 0),
+              zel::kStatusOk);
+    ASSERT_TRUE(maint->DeleteItem("PURECOMP", "CRC", key.get()));
+    ASSERT_TRUE(maint->WriteItem(component.Def(), "CRC", key.get())) << maint->GetLastErrorText();
+  }
+  auto const paths = Paths({"other.lb1", "perry.lb1"});
+  EXPECT_THROW(desk::Libraries(paths).Component("ETHANOL"), desk::ConflictingIdentity);
+  desk::LibrariesOptions accepting;
+  accepting.acceptIdentity = true;
+  EXPECT_EQ(desk::Libraries(paths, accepting).Component("ETHANOL").Identity().name, "Benzene");
+}
+
+TEST_F(DeskTest, ObjectsMayOutliveTheirLibraries) {
+  std::optional<desk::Component> ethanol;
+  std::optional<desk::Item> pair;
+  {
+    desk::Libraries libraries(Paths({"sample.lb1", "perry.lb1"}));
+    ethanol = libraries.Component("ETHANOL");
+    pair = libraries.Pair("NRTL", "ETHANOL", "WATER");
+    desk::Libraries const moved = std::move(libraries);
+    EXPECT_GT(moved.Components().size(), 300u);
+  }
+  EXPECT_NEAR(ethanol->Evaluate(zel::Correlation::VaporPressure, {351.4}).values[0], 101.0851,
+              1e-4);
+  EXPECT_TRUE(pair->Value("bij"));
+}
+
+TEST_F(DeskTest, ComponentsAreListedOnce) {
+  std::size_t const perry = desk::Libraries(Paths({"perry.lb1"})).Components().size();
+  std::size_t const twice = desk::Libraries(Paths({"perry.lb1", "perry.lb1"})).Components().size();
+  EXPECT_EQ(perry, twice);
+  EXPECT_TRUE(desk::Libraries(Paths({"sample.lb1"})).Components().empty());
+}
+
+TEST_F(DeskTest, DifferentObjectsWorkInDifferentThreads) {
+  std::array<double, 4> results{};
+  std::vector<std::thread> threads;
+  for (double& result : results) {
+    threads.emplace_back([&result] {
+      for (int i = 0; i < 50; ++i) {
+        desk::Libraries const libraries(Paths({"crc.lb1", "perry.lb1"}));
+        auto const ethanol = libraries.Component("ETHANOL");
+        result += ethanol.Evaluate(zel::Correlation::VaporPressure, {351.4}, {"bar"}).values[0];
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (double const result : results) EXPECT_EQ(result, results[0]);
+  EXPECT_GT(results[0], 0.0);
+}
+
+}  // namespace

@@ -1,0 +1,31 @@
+# Fails when the desk's library exports anything that its public headers do not mark.
+#   cmake -D LIBRARY=<file> -D NM=<nm> -P check_desk_symbols.cmake
+cmake_minimum_required(VERSION 3.20)
+
+execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY} OUTPUT_VARIABLE lines
+                RESULT_VARIABLE failed)
+if(failed)
+  message(FATAL_ERROR "cannot read the symbols of ${LIBRARY}")
+endif()
+set(classes Component Item Libraries Error OpenError LibraryInUse DamagedLibrary MissingComponent
+            ConflictingIdentity MissingItem MissingDatum UnknownWord)
+set(seen "")
+set(bad "")
+string(REPLACE "\n" ";" lines "${lines}")
+foreach(line ${lines})
+  string(REGEX REPLACE "^[0-9a-f]+ [A-Za-z] " "" name "${line}")
+  string(REGEX REPLACE "^(typeinfo|typeinfo name|vtable) for " "" own "${name}")
+  if(own MATCHES "^zel::desk::([A-Za-z]+)" AND CMAKE_MATCH_1 IN_LIST classes)
+    list(APPEND seen ${CMAKE_MATCH_1})
+  else()
+    string(APPEND bad "  ${name}\n")
+  endif()
+endforeach()
+if(bad)
+  message(FATAL_ERROR "Exported beyond the public interface:\n${bad}")
+endif()
+foreach(class Component Item Libraries MissingItem)
+  if(NOT class IN_LIST seen)
+    message(FATAL_ERROR "${class} is not exported")
+  endif()
+endforeach()
