@@ -65,7 +65,8 @@ CurveDeviation DeviationOf(PureComponent const& one, PureComponent const& other,
     return result;
   }
   if (result.from > result.to) {
-    result.why = "no common range: " + CellText(RangeOf(first)) + ", " + CellText(RangeOf(second));
+    result.why =
+        "no common range: " + CellText(RangeOf(first, {})) + ", " + CellText(RangeOf(second, {}));
     return result;
   }
   auto const samples = Samples(one, first, other, second, index, result, steps);

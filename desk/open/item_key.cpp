@@ -139,7 +139,7 @@ zel::Handle<zel::Key> KeyIn(Library const& library, zel::IZelBankDef& bank,
   }
   if (facts.keyKind != kComponents) return KeyOfNumbers(words);
   try {
-    std::vector<Component> components;
+    std::vector<ComponentWord> components;
     for (std::string const& word : ItemWords(library, bank, words)) {
       components.push_back(ParseComponent(word));
     }
