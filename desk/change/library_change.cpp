@@ -6,6 +6,7 @@
 
 #include "desk/open/names_library.h"
 #include "desk/open/unfinished_change.h"
+#include "desk/open/when_free.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -14,13 +15,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Throws Failure with the message of an open that fails.
+// Throws the error of an open that fails.
 void CheckIsFile(std::string const& path) {
   std::error_code none;
   fs::file_status const there = fs::status(path, none);
   if (fs::exists(there) && !fs::is_directory(there)) return;
-  throw Failure(path + ": " +
-                Reason(fs::exists(there) ? zel::openDenied : zel::openNotFound, path));
+  ThrowOpenError(fs::exists(there) ? zel::openDenied : zel::openNotFound, path);
 }
 
 // Bit n is set if file n exists.
@@ -37,8 +37,13 @@ int FilesOf(std::string const& first) {
 LibraryChange::LibraryChange(Session& session, std::string const& path,
                              ChangeOptions const& options)
     : session_(&session) {
+  WhenFree(session, [&] { Begin(path, options); });
+}
+
+void LibraryChange::Begin(std::string const& path, ChangeOptions const& options) {
+  original_.reset();
   FinishChange(path);
-  bool const knewNames = ReleaseNames(session, path);
+  knewNames_ = ReleaseNames(*session_, path) || knewNames_;
   CheckIsFile(path);
   shown_ = path;
   whole_ = WithoutLinks(path);
@@ -47,7 +52,7 @@ LibraryChange::LibraryChange(Session& session, std::string const& path,
   filesBefore_ = FilesOf(whole_);
   if (!options.inPlace) Copy();
   OpenForUpdate(options);
-  if (knewNames) zel::LibFile::SetOrdwinNameIndex(&library_->File());
+  if (knewNames_) zel::LibFile::SetOrdwinNameIndex(&library_->File());
 }
 
 void LibraryChange::Copy() {
@@ -101,7 +106,7 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path,
   change.isNew_ = !fs::exists(change.whole_);
   change.allAreNew_ = true;
   if (made.replace && !change.isNew_) {
-    change.original_ = FileLock::Take(change.whole_, path);
+    change.original_ = WhenFree(session, [&] { return FileLock::Take(change.whole_, path); });
     change.access_ = AccessOf(change.whole_);
   }
   change.work_ = std::make_unique<WorkFolder>(change.whole_, path);

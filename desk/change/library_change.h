@@ -50,13 +50,16 @@ class LibraryChange {
 
  private:
   explicit LibraryChange(Session& session) : session_(&session) {}
+  // May be called again if it throws.
+  void Begin(std::string const& path, ChangeOptions const& options);
   void Copy();
   void OpenForUpdate(ChangeOptions const& options);
   void GiveFilesAccess() const;
 
   Session* session_;
   std::string shown_;
-  std::string whole_;  // the library's path without symbolic links
+  std::string whole_;       // the library's path without symbolic links
+  bool knewNames_ = false;  // it was the library of --names, too
   bool isNew_ = false;
   bool allAreNew_ = false;  // the files of the new library replace none
   int filesBefore_ = 0;     // bit n for file n

@@ -1,5 +1,7 @@
 #include <zelaccess/Desk.h>
 
+#include <algorithm>
+#include <chrono>
 #include <limits>
 #include <set>
 
@@ -12,9 +14,14 @@
 namespace zel::desk {
 namespace {
 
+constexpr double kLongestWait = 86400.0;  // in s, a day
+constexpr double kMillisecondsPerSecond = 1000.0;
+
 // Opens the library for names, if there is one, before the others.
-Session& WithNames(Session& session, std::string const& path) {
-  session.namesPath = path;
+Session& WithNames(Session& session, LibrariesOptions const& options) {
+  session.patience = std::chrono::milliseconds(static_cast<std::int64_t>(
+      std::clamp(options.waitSeconds, 0.0, kLongestWait) * kMillisecondsPerSecond));
+  session.namesPath = options.names;
   OpenNames(session);
   return session;
 }
@@ -66,7 +73,7 @@ std::vector<std::string> AsNumbers(PreferenceList const& list,
 
 LibrariesData::LibrariesData(std::vector<std::string> const& libraries,
                              LibrariesOptions const& options)
-    : list(WithNames(session, options.names), {libraries, options.acceptIdentity, true}) {}
+    : list(WithNames(session, options), {libraries, options.acceptIdentity, true}) {}
 
 Libraries::Libraries(std::vector<std::string> const& libraries, LibrariesOptions const& options) {
   Session const before;

@@ -37,7 +37,7 @@ FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
   whole.l_type = F_WRLCK;
   whole.l_whence = SEEK_SET;
   if (fcntl(descriptor, F_OFD_SETLK, &whole) != 0 || !IsAt(descriptor, path)) {
-    throw Failure(shownAs + ": another program has it open");
+    throw LibraryInUse(shownAs, "another program has it open", zel::openDenied);
   }
   return lock;
 }

@@ -16,11 +16,38 @@ namespace {
 
 constexpr char kComponents[] = "PURECOMP";
 
+bool MayBeRead(std::string const& path) { return ::access(path.c_str(), R_OK) == 0; }
+
+// True for an open that may succeed later.
+bool IsInUse(zel::openErrors error, std::string const& path) {
+  std::error_code none;
+  if (error == zel::openNotFound) return IsBeingChanged(path);
+  return error == zel::openDenied && !std::filesystem::is_directory(path, none) && MayBeRead(path);
+}
+
+std::string Reason(zel::openErrors error, std::string const& path) {
+  std::error_code none;
+  switch (error) {
+    case zel::openNotFound:
+      return IsBeingChanged(path) ? "is being changed by another program; try again" : "not found";
+    case zel::openDenied:
+      if (std::filesystem::is_directory(path, none)) return "is a folder";
+      return MayBeRead(path) ? "another program has it open, or it is read-only"
+                             : std::strerror(errno);
+    case zel::openNotLibrary:
+      return LowerCase(std::filesystem::path(path).extension().string()) == ".lb1"
+                 ? "not a component library"
+                 : "not a component library: its name must end in .lb1";
+    case zel::openSiblingMissing: return "its second file (.lb2) is missing";
+    case zel::openPasswordNeeded: return "protected; give its password with --password";
+    case zel::openBadPassword: return "wrong password";
+    default: return "cannot be opened";
+  }
+}
+
 zel::LibFile* Checked(zel::LibFile* file, std::string const& path, zel::openErrors error) {
-  if (file != nullptr) return file;
-  std::string const reason = Reason(error, path);
-  if (error == zel::openDenied) throw LibraryInUse(path, reason, error);
-  throw OpenError(path, reason, error);
+  if (file == nullptr) ThrowOpenError(error, path);
+  return file;
 }
 
 }  // namespace
@@ -110,24 +137,10 @@ void Library::Close() {
   file_->CloseLibFile();
 }
 
-std::string Reason(zel::openErrors error, std::string const& path) {
-  std::error_code none;
-  switch (error) {
-    case zel::openNotFound:
-      return IsBeingChanged(path) ? "is being changed by another program; try again" : "not found";
-    case zel::openDenied:
-      if (std::filesystem::is_directory(path, none)) return "is a folder";
-      return ::access(path.c_str(), R_OK) == 0 ? "another program has it open, or it is read-only"
-                                               : std::strerror(errno);
-    case zel::openNotLibrary:
-      return LowerCase(std::filesystem::path(path).extension().string()) == ".lb1"
-                 ? "not a component library"
-                 : "not a component library: its name must end in .lb1";
-    case zel::openSiblingMissing: return "its second file (.lb2) is missing";
-    case zel::openPasswordNeeded: return "protected; give its password with --password";
-    case zel::openBadPassword: return "wrong password";
-    default: return "cannot be opened";
-  }
+void ThrowOpenError(zel::openErrors error, std::string const& path) {
+  std::string const reason = Reason(error, path);
+  if (IsInUse(error, path)) throw LibraryInUse(path, reason, error);
+  throw OpenError(path, reason, error);
 }
 
 }  // namespace zel::desk

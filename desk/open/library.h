@@ -73,6 +73,7 @@ class Library {
   zel::Handle<zel::LibMaint> maint_;
 };
 
-// The message for an open that failed, e.g. "not found".
-std::string Reason(zel::openErrors error, std::string const& path);
+// Throws the error of an open that failed: LibraryInUse, or OpenError with the reason, for example
+// "not found".
+[[noreturn]] void ThrowOpenError(zel::openErrors error, std::string const& path);
 }  // namespace zel::desk

@@ -1,6 +1,7 @@
 // What one piece of work has opened, and what is done about items that cannot be read.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -25,6 +26,9 @@ class Session {
   std::shared_ptr<Library> names;
   // The units of numbers that are shown, and of those that are given without a unit.
   DisplayUnits units;
+
+  // How long an open waits for a library that another program uses.
+  std::chrono::milliseconds patience{0};
 
   // Remembers the name in messages of the library at a path.
   void NoteOpened(std::filesystem::path const& path, std::string const& shown);

@@ -5,6 +5,7 @@
 
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
+#include "desk/open/when_free.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -110,8 +111,10 @@ void FinishChange(std::string const& path) {
 }
 
 Library OpenFinished(Session& session, std::string const& path) {
-  FinishChange(path);
-  return Library::OpenRead(session, path);
+  return WhenFree(session, [&] {
+    FinishChange(path);
+    return Library::OpenRead(session, path);
+  });
 }
 
 }  // namespace zel::desk

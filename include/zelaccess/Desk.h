@@ -215,6 +215,7 @@ class ZEL_DESK_API Item {
 struct LibrariesOptions {
   std::string names;            ///< A library for IDs and CAS numbers that the others do not know.
   bool acceptIdentity = false;  ///< Merge sources that mean different substances.
+  double waitSeconds = 0.0;     ///< How long to wait for a library that another program uses.
 };
 
 /// Open libraries in order of preference: for each datum the first one that has it wins.

@@ -4,6 +4,7 @@
 #include <zelaccess/ZelAccess.h>
 
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -178,6 +179,23 @@ TEST_F(DeskTest, ALibraryInUseIsAnErrorOfItsOwn) {
       zel::LibFile::OpenLibFile(zel::accUpdate, Path("crc.lb1").c_str(), "", error));
   ASSERT_TRUE(updater);
   EXPECT_THROW(desk::Libraries({Path("crc.lb1")}), desk::LibraryInUse);
+}
+
+TEST_F(DeskTest, AnOpenWaitsForALibraryInUse) {
+  zel::openErrors error = zel::openFailed;
+  zel::Handle<zel::LibFile> updater(
+      zel::LibFile::OpenLibFile(zel::accUpdate, Path("crc.lb1").c_str(), "", error));
+  ASSERT_TRUE(updater);
+  desk::LibrariesOptions options;
+  options.waitSeconds = 0.1;
+  EXPECT_THROW(desk::Libraries({Path("crc.lb1")}, options), desk::LibraryInUse);
+  options.waitSeconds = 60.0;
+  std::thread end([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    updater.reset();
+  });
+  EXPECT_NO_THROW(desk::Libraries({Path("crc.lb1")}, options).Component("ETHANOL"));
+  end.join();
 }
 
 TEST_F(DeskTest, ADamagedBlockIsAnErrorWithTheLibrary) {

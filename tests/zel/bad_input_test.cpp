@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 
 #include "tests/zel/zel_fixture.h"
 
@@ -279,6 +281,38 @@ TEST_F(BadInputTest, LibraryThatAnotherProgramHasOpen) {
   Refuses({"banks sample.lb1", kFailed, "another program has it open"});
   Refuses({"check sample.lb1", kFailed, "another program has it open"});
   Refuses({"set sample.lb1 --description x --in-place", kFailed, "another program has it open"});
+}
+
+TEST_F(BadInputTest, WaitsForALibraryThatAnotherProgramHasOpen) {
+  std::string const path = (Folder() / "sample.lb1").string();
+  // Does the work while another program updates the library, for half a second.
+  auto const whileOpen = [&](auto const& work) {
+    openErrors error{};
+    Handle<LibFile> writer(LibFile::OpenLibFile(accUpdate, path.c_str(), "", error));
+    ASSERT_EQ(error, openOk);
+    std::thread end([&] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(500));
+      writer.reset();
+    });
+    work();
+    end.join();
+  };
+  whileOpen([&] { Good("banks sample.lb1 --wait 60"); });
+  whileOpen([&] { Good("set sample.lb1 --description x --wait 60"); });
+  whileOpen([&] { Good("set sample.lb1 --description y --wait 60 --in-place"); });
+  whileOpen([&] { EXPECT_EQ(Zel("banks sample.lb1", "ZEL_WAIT=60").status, 0); });
+  whileOpen([&] {
+    Refuses({"banks sample.lb1 --wait 0.05", kFailed, "sample.lb1: another program has it open"});
+  });
+  // What will not change is not waited for.
+  auto const begin = std::chrono::steady_clock::now();
+  Refuses({"banks none.lb1 --wait 60", kFailed, "none.lb1: not found"});
+  Refuses({"banks text.lb1 --wait 60", kFailed, "not a component library"});
+  std::filesystem::create_directory(Folder() / "folder.lb1");
+  Refuses({"banks folder.lb1 --wait 60", kFailed, "is a folder"});
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(40));
+  Refuses({"banks sample.lb1 --wait -1", kWrongUsage, "--wait"});
+  Refuses({"banks sample.lb1 --wait soon", kWrongUsage, "--wait"});
 }
 
 TEST_F(BadInputTest, FolderThatMayNotBeWritten) {

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <memory>
 #include <sstream>
@@ -14,6 +15,8 @@
 
 namespace zelhost {
 namespace {
+
+constexpr double kLongestWait = 86400.0;  // in s, a day
 
 // A text that is printed instead of running a command.
 struct OtherText {
@@ -153,6 +156,17 @@ CommandLine::CommandLine(Session& session)
           "units to show and to read: bar,degC")
       ->type_name("LIST")
       ->envname("ZEL_UNITS")
+      ->trigger_on_parse();
+  app_->add_option_function<double>(
+          "--wait",
+          [&session](double seconds) {
+            session.patience =
+                std::chrono::milliseconds(static_cast<std::int64_t>(seconds * 1000.0));
+          },
+          "for a library that is in use")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0.0, kLongestWait))
+      ->envname("ZEL_WAIT")
       ->trigger_on_parse();
   // For the build, which installs both.
   app_->add_flag_callback("--man", [this] { throw OtherText{ManualPage(*app_)}; })->group("");
