@@ -10,9 +10,9 @@ namespace zel::bench {
 namespace {
 
 constexpr char kTextTitles[] = "%-44s %-14s %10s %10s %6s  %-13s %9s  %s\n";
-constexpr char kTextRow[] = "%-44s %-14s %7.4g ns %7.4g ns %6.2f  %5.2f..%-5.2f  %9s  %s\n";
+constexpr char kTextRow[] = "%-44s %-14s %7.4g %s %7.4g %s %6.2f  %5.2f..%-5.2f  %9s  %s\n";
 constexpr char kMarkdownTitles[] = "| %s | %s | %s | %s | %s | %s | %s | %s |\n";
-constexpr char kMarkdownRow[] = "| %s | %s | %.4g ns | %.4g ns | %.2f | %.2f to %.2f | %s | %s |\n";
+constexpr char kMarkdownRow[] = "| %s | %s | %.4g %s | %.4g %s | %.2f | %.2f to %.2f | %s | %s |\n";
 
 double Read(clockid_t clock) noexcept {
   constexpr double kSecond = 1e9;
@@ -34,11 +34,21 @@ double Median(std::vector<double> values) {
   return Quantile(values, 0.5);
 }
 
-std::string TextOf(Target const& target) {
+bool IsMissed(RunRow const& row, Target const& target) noexcept {
+  double const reached = target.kind == Target::Kind::kRatio ? row.ratio : row.project;
+  return target.kind != Target::Kind::kNone && reached > target.limit;
+}
+
+char const* Verdict(RunRow const& row, Target const& target) noexcept {
+  if (target.kind == Target::Kind::kNone) return "";
+  return IsMissed(row, target) ? "missed" : "met";
+}
+
+std::string TextOf(Target const& target, std::string const& unit) {
   char text[32] = "";
   if (target.kind == Target::Kind::kRatio) std::snprintf(text, sizeof text, "%.2f", target.limit);
-  if (target.kind == Target::Kind::kNanoseconds) {
-    std::snprintf(text, sizeof text, "%.3g ns", target.limit);
+  if (target.kind == Target::Kind::kFigure) {
+    std::snprintf(text, sizeof text, "%.4g %s", target.limit, unit.c_str());
   }
   return text;
 }
@@ -48,25 +58,6 @@ std::string TextOf(Target const& target) {
 double WallTime() noexcept { return Read(CLOCK_MONOTONIC); }
 double ThreadTime() noexcept { return Read(CLOCK_THREAD_CPUTIME_ID); }
 
-struct RatioTable::Row {
-  Comparison const& comparison;
-  double peer;
-  double project;
-  double ratio;
-  double lowerQuartile;
-  double upperQuartile;
-
-  bool Missed() const noexcept {
-    Target const& target = comparison.target;
-    double const reached = target.kind == Target::Kind::kRatio ? ratio : project;
-    return target.kind != Target::Kind::kNone && reached > target.limit;
-  }
-  char const* Verdict() const noexcept {
-    if (comparison.target.kind == Target::Kind::kNone) return "";
-    return Missed() ? "missed" : "met";
-  }
-};
-
 void RatioTable::PrintTitles() const {
   std::printf(markdown_ ? kMarkdownTitles : kTextTitles, "Case", "Peer", "Project", "Peer takes",
               "Ratio", "Quartiles", "At most", "Target");
@@ -74,10 +65,10 @@ void RatioTable::PrintTitles() const {
   std::fflush(stdout);
 }
 
-void RatioTable::PrintRow(Row const& row) const {
-  std::printf(markdown_ ? kMarkdownRow : kTextRow, row.comparison.what.c_str(),
-              row.comparison.peerName.c_str(), row.project, row.peer, row.ratio, row.lowerQuartile,
-              row.upperQuartile, TextOf(row.comparison.target).c_str(), row.Verdict());
+void RatioTable::PrintRow(RunRow const& row, Target const& target) const {
+  std::printf(markdown_ ? kMarkdownRow : kTextRow, row.what.c_str(), row.peer.c_str(), row.project,
+              row.unit.c_str(), row.peerFigure, row.unit.c_str(), row.ratio, row.lowerQuartile,
+              row.upperQuartile, TextOf(target, row.unit).c_str(), Verdict(row, target));
   std::fflush(stdout);
 }
 
@@ -85,7 +76,7 @@ void RatioTable::Compare(Comparison const& comparison) {
   std::vector<double> peers;
   std::vector<double> projects;
   std::vector<double> ratios;
-  for (int round = 0; round <= rounds_; ++round) {
+  for (int round = 0; round <= std::min(rounds_, comparison.mostRounds); ++round) {
     Timing const peer = comparison.peer(round);
     Timing const project = comparison.project(round);
     if (peer.check != project.check) {
@@ -93,19 +84,16 @@ void RatioTable::Compare(Comparison const& comparison) {
                                " and the project give different results");
     }
     if (round == 0) continue;
-    peers.push_back(peer.nanoseconds);
-    projects.push_back(project.nanoseconds);
-    ratios.push_back(project.nanoseconds / peer.nanoseconds);
+    peers.push_back(peer.figure);
+    projects.push_back(project.figure);
+    ratios.push_back(project.figure / peer.figure);
   }
   std::sort(ratios.begin(), ratios.end());
-  Row const row{comparison,
-                Median(peers),
-                Median(projects),
-                Quantile(ratios, 0.5),
-                Quantile(ratios, 0.25),
-                Quantile(ratios, 0.75)};
-  missed_ += row.Missed() ? 1 : 0;
-  PrintRow(row);
+  rows_.push_back({comparison.what, comparison.peerName, comparison.unit, Median(projects),
+                   Median(peers), Quantile(ratios, 0.5), Quantile(ratios, 0.25),
+                   Quantile(ratios, 0.75)});
+  missed_ += IsMissed(rows_.back(), comparison.target) ? 1 : 0;
+  PrintRow(rows_.back(), comparison.target);
 }
 
 }  // namespace zel::bench

@@ -9,15 +9,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "bench/run_file.h"
+
 namespace zel::bench {
 
-// One side's part of a round. `check` summarizes the results: both sides must have the same.
+// One side's part of a round: nanoseconds per operation, or what the comparison's unit says.
+// `check` summarizes the results: both sides must have the same.
 struct Timing {
-  double nanoseconds;  // per operation
+  double figure;
   std::uint64_t check;
 };
 using Side = std::function<Timing(int round)>;
@@ -42,14 +44,14 @@ Timing TimeInMemory(std::size_t operations, Run const& run) {
   return Time(operations, run, ThreadTime);
 }
 
-// The limit of a ratio, or of a time of the project.
+// The limit of a ratio, or of the project's own figure.
 struct Target {
-  enum class Kind { kNone, kRatio, kNanoseconds } kind = Kind::kNone;
+  enum class Kind { kNone, kRatio, kFigure } kind = Kind::kNone;
   double limit = 0.0;
 
   static Target None() { return {}; }
   static Target Ratio(double limit) { return {Kind::kRatio, limit}; }
-  static Target Nanoseconds(double limit) { return {Kind::kNanoseconds, limit}; }
+  static Target Figure(double limit) { return {Kind::kFigure, limit}; }
 };
 
 struct Comparison {
@@ -58,25 +60,29 @@ struct Comparison {
   Side peer;
   Side project;
   Target target;
+  char const* unit = "ns";  // of the figures of both sides
+  int mostRounds = 1000;    // for figures that take long and hardly differ between rounds
 };
 
 class RatioTable {
  public:
   RatioTable(int rounds, bool markdown) : rounds_(rounds), markdown_(markdown) {}
 
-  // Prints the titles, then a row for each comparison as it is made.
+  // Prints the titles. A row is printed for each comparison as it is made.
   void PrintTitles() const;
   // Throws when the two sides disagree on their results.
   void Compare(Comparison const& comparison);
   int Missed() const noexcept { return missed_; }
+  // What was compared so far.
+  std::vector<RunRow> const& Rows() const noexcept { return rows_; }
 
  private:
-  struct Row;
-  void PrintRow(Row const& row) const;
+  void PrintRow(RunRow const& row, Target const& target) const;
 
   int rounds_;
   bool markdown_;
   int missed_ = 0;
+  std::vector<RunRow> rows_;
 };
 
 }  // namespace zel::bench

@@ -29,6 +29,9 @@ void ComparePublicDeletes(RatioTable& table, std::filesystem::path const& folder
                           std::size_t items);
 // ReadItem over many banks in turn.
 void CompareManyBanks(RatioTable& table, std::filesystem::path const& folder);
+// How times and sizes grow from 10^4 to 10^7 items, or for `items` alone if not 0: ReadItem,
+// WriteItem in both orders, and bytes on disk. Takes long.
+void CompareGrowth(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
 // Open, one read, close.
 void CompareOpens(RatioTable& table, std::filesystem::path const& folder, std::size_t items);
 // Floats to doubles with their decimal digits.
@@ -39,7 +42,7 @@ void CompareComponents(RatioTable& table, std::filesystem::path const& folder);
 void CompareEvaluations(RatioTable& table, std::filesystem::path const& folder);
 // The constants that are derived from a component's other constants and correlations.
 void CompareFillIns(RatioTable& table);
-// A document of pairs read into a library.
+// A document of pairs read into a library: time, and the largest memory of a process.
 void CompareImports(RatioTable& table, std::filesystem::path const& folder);
 // A bank of pairs written as a document.
 void CompareExports(RatioTable& table, std::filesystem::path const& folder);

@@ -42,12 +42,12 @@ void CompareLoads(RatioTable& table, std::filesystem::path const& folder, std::s
         (ascending ? " in key order, " : " in random order, ") + SizeText(items);
     auto const loads = [&](auto& store) {
       return LoadsOf(
-          items, store, [&, ascending] { store.Load(source, ascending); }, WallTime);
+          items, store, [&, ascending] { store.Load(source, ascending); }, ThreadTime);
     };
     Side const byTree = loads(project);
     Side const byItem = LoadsOf(
-        items, project, [&] { project.LoadThroughItems(source); }, WallTime);
-    std::string const tree = "load" + order;
+        items, project, [&] { project.LoadThroughItems(source); }, ThreadTime);
+    std::string const tree = "internal: load" + order;
     std::string const item = "load by WriteItem" + order;
     table.Compare({tree, sqlite.Name(), loads(sqlite), byTree, limit});
     table.Compare({tree, rows.Name(), loads(rows), byTree, Target::None()});
@@ -67,10 +67,10 @@ void CompareDeletes(RatioTable& table, std::filesystem::path const& folder, std:
   LmdbStore lmdb(folder);
   SqliteStore sqlite(folder, SqliteTable::kPair);
   std::vector<Pair> const keys = KeysToDelete(project, all);
-  std::string const what = "delete from leaves, " + SizeText(items);
+  std::string const what = "internal: delete from leaves, " + SizeText(items);
   auto const deletes = [&](auto& store) {
     return DeletesOf(
-        keys, store, [&] { store.Load(all, true); }, WallTime);
+        keys, store, [&] { store.Load(all, true); }, ThreadTime);
   };
   Side const own = deletes(project);
   table.Compare({what, LmdbStore::kName, deletes(lmdb), own, Target::None()});

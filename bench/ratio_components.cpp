@@ -319,7 +319,7 @@ void CompareComponents(RatioTable& table, std::filesystem::path const& folder) {
   table.Compare({"read of a full component", "its floats as text", FloatsThroughText(full),
                  ReadsOf(full, kReadsPerRound), Target::Ratio(0.25)});
   table.Compare({"read of a full component", "its floats as text", FloatsThroughText(full),
-                 ReadsOf(full, kReadsPerRound), Target::Nanoseconds(kReadLimit)});
+                 ReadsOf(full, kReadsPerRound), Target::Figure(kReadLimit)});
   std::vector<double> const reals = AllReals(full);
   std::vector<std::int32_t> numbers(kItems);
   std::iota(numbers.begin(), numbers.end(), 10000001);

@@ -92,7 +92,7 @@ void CompareFillIns(RatioTable& table) {
       FillInsOf(components, [&](std::size_t at) { return ByHand(*components[at], atoms[at]); });
   auto const own = FillInsOf(components, [&](std::size_t at) { return ByFillIn(*components[at]); });
   table.Compare({"fill-in of a component, all derived", "bare formulas", hand, own,
-                 Target::Nanoseconds(kFillInLimit)});
+                 Target::Figure(kFillInLimit)});
 }
 
 }  // namespace zel::bench

@@ -61,7 +61,7 @@ void CompareHost(RatioTable& table, std::filesystem::path const& folder) {
   }
   constexpr double kTenMilliseconds = 1e7;
   table.Compare({"zel --version", "/bin/true", Running({"/bin/true"}), Running({zel, "--version"}),
-                 Target::Nanoseconds(kTenMilliseconds)});
+                 Target::Figure(kTenMilliseconds)});
   table.Compare({"zel show of one component of 100k", "zel --version", Running({zel, "--version"}),
                  Running({zel, "show", path, kManyBank, "C50000"}), Target::Ratio(2.0)});
   for (char const ending : {'1', '2'}) {

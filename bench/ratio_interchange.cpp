@@ -1,10 +1,6 @@
 // Interchange documents: read into a library, compared with the parser that reads their numbers,
 // and written from one, compared with the same text through fprintf.
-#include <libxml/parser.h>
-#include <libxml/xmlreader.h>
-
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -12,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/document_readers.h"
 #include "bench/ratio_cases.h"
 #include "frame/number_text.h"
 #include "frame/platform/block_file.h"
@@ -42,77 +39,6 @@ std::size_t WritePairs(std::filesystem::path const& path) {
     file << text << "  </item>\n";
   }
   file << "</bank>\n";
-  return items;
-}
-
-// The numbers of a text, as a reader of any such document would take them.
-void TakeNumbers(char const* text, double& sum) {
-  for (char* end = nullptr;; text = end) {
-    double const value = std::strtod(text, &end);
-    if (end == text) return;
-    sum += value;
-  }
-}
-
-void TakeBelow(xmlNode const* node, double& sum) {
-  for (; node != nullptr; node = node->next) {
-    if (node->type == XML_TEXT_NODE) {
-      TakeNumbers(reinterpret_cast<char const*>(node->content), sum);
-    } else {
-      TakeBelow(node->children, sum);
-    }
-  }
-}
-
-// Each peer reads all numbers of the document and keeps nothing; 0 if it could not.
-std::uint64_t ReadTree(std::string const& path, std::size_t items) {
-  std::unique_ptr<xmlDoc, void (*)(xmlDoc*)> const document(xmlReadFile(path.c_str(), nullptr, 0),
-                                                            xmlFreeDoc);
-  double sum = 0.0;
-  if (document) TakeBelow(xmlDocGetRootElement(document.get()), sum);
-  return document && sum != 0.0 ? items : 0;
-}
-
-std::uint64_t ReadNodes(std::string const& path, std::size_t items) {
-  std::unique_ptr<xmlTextReader, void (*)(xmlTextReader*)> const reader(
-      xmlReaderForFile(path.c_str(), nullptr, 0), xmlFreeTextReader);
-  double sum = 0.0;
-  int more = 1;
-  while ((more = xmlTextReaderRead(reader.get())) == 1) {
-    if (xmlTextReaderNodeType(reader.get()) != XML_READER_TYPE_TEXT) continue;
-    TakeNumbers(reinterpret_cast<char const*>(xmlTextReaderConstValue(reader.get())), sum);
-  }
-  return more == 0 && sum != 0.0 ? items : 0;
-}
-
-std::uint64_t ReadCallbacks(std::string const& path, std::size_t items) {
-  double sum = 0.0;
-  xmlSAXHandler handler{};
-  handler.initialized = XML_SAX2_MAGIC;
-  handler.startElementNs = [](auto...) {};
-  handler.endElementNs = [](auto...) {};
-  handler.characters = [](void* data, xmlChar const* text, int size) {
-    std::string const piece(reinterpret_cast<char const*>(text), static_cast<std::size_t>(size));
-    TakeNumbers(piece.c_str(), *static_cast<double*>(data));
-  };
-  int const failed = xmlSAXUserParseFile(&handler, &sum, path.c_str());
-  return failed == 0 && sum != 0.0 ? items : 0;
-}
-
-std::uint64_t Import(std::filesystem::path const& folder, std::string const& path) {
-  std::string const library = (folder / "import.lb1").string();
-  std::filesystem::remove(library);
-  std::filesystem::remove(folder / "import.lb2");
-  LibFile_i file(platform::PosixFileSystemWithoutSync(), accUpdate, library.c_str(), "import");
-  if (file.CreateNew(libKind11) != openOk) throw std::runtime_error("cannot make the library");
-  LibMaint_i maint(&file);
-  if (!maint.Import(path.c_str(), false)) throw std::runtime_error(maint.GetLastErrorText());
-  std::uint64_t items = 0;
-  std::int32_t key[10];
-  maint.BeginItemWalk("NRTL", "PAIRS");
-  while (maint.NextItemKey(key)) ++items;
-  maint.EndItemWalk();
-  file.CloseLibFile();
   return items;
 }
 
@@ -157,6 +83,21 @@ std::uint64_t Export(LibMaint_i& maint, std::string const& path) {
   return std::filesystem::file_size(path);
 }
 
+// The largest memory of a process that only reads the document, in KB.
+Timing PeakOf(DocumentReader const& reader, std::filesystem::path const& document,
+              std::filesystem::path const& folder, std::size_t items) {
+  std::string const command = std::string("'" ZEL_READ_DOCUMENT "' '") + reader.name + "' '" +
+                              document.string() + "' '" + folder.string() + "' " +
+                              std::to_string(items);
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> const pipe(::popen(command.c_str(), "r"),
+                                                             ::pclose);
+  double kilobytes = 0.0;
+  if (!pipe || std::fscanf(pipe.get(), "%lf", &kilobytes) != 1) {
+    throw std::runtime_error(std::string(reader.name) + ": no reading of its memory");
+  }
+  return {kilobytes, items};
+}
+
 }  // namespace
 
 void CompareExports(RatioTable& table, std::filesystem::path const& folder) {
@@ -173,9 +114,15 @@ void CompareExports(RatioTable& table, std::filesystem::path const& folder) {
   // Header and bank element, which the plain text does not have.
   std::size_t const around = Export(maint, target) - printed;
   constexpr double kSlowest = 0.5;
-  table.Compare({"export of a bank, ns a byte", "fprintf",
-                 [&](int) { return Time(printed, [&] { return PrintItems(items, target); }); },
-                 [&](int) { return Time(printed, [&] { return Export(maint, target) - around; }); },
+  table.Compare({"export of a bank, per byte", "fprintf",
+                 [&](int) {
+                   return Time(
+                       printed, [&] { return PrintItems(items, target); }, ThreadTime);
+                 },
+                 [&](int) {
+                   return Time(
+                       printed, [&] { return Export(maint, target) - around; }, ThreadTime);
+                 },
                  Target::Ratio(kSlowest)});
   file.CloseLibFile();
   for (std::string const& path : {document, target, library}) std::filesystem::remove(path);
@@ -185,21 +132,28 @@ void CompareExports(RatioTable& table, std::filesystem::path const& folder) {
 void CompareImports(RatioTable& table, std::filesystem::path const& folder) {
   std::filesystem::path const path = std::filesystem::absolute(folder / "pairs.xml");
   std::size_t const items = WritePairs(path);
-  struct Peer {
-    char const* name;
-    std::uint64_t (*read)(std::string const& path, std::size_t items);
-    Target target;
-  };
   constexpr double kSlowest = 1.4;
-  Peer const peers[] = {{"tree", ReadTree, Target::Ratio(kSlowest)},
-                        {"reader", ReadNodes, Target::None()},
-                        {"callbacks", ReadCallbacks, Target::None()}};
-  for (Peer const& peer : peers) {
-    table.Compare(
-        {"import of a document of 100 MB, ns a byte", std::string("libxml2, ") + peer.name,
-         [&](int) { return Time(kDocumentBytes, [&] { return peer.read(path.string(), items); }); },
-         [&](int) { return Time(kDocumentBytes, [&] { return Import(folder, path.string()); }); },
-         peer.target});
+  constexpr double kMostMemory = 65'536.0;  // KB
+  DocumentReader const& own = DocumentReaders().front();
+  auto const timed = [&](DocumentReader const& reader) {
+    return [&](int) {
+      return Time(
+          kDocumentBytes, [&] { return reader.read(path.string(), folder.string(), items); },
+          ThreadTime);
+    };
+  };
+  auto const peak = [&](DocumentReader const& reader) {
+    return [&](int) { return PeakOf(reader, path, folder, items); };
+  };
+  auto const peers = DocumentReaders().subspan(1);
+  for (DocumentReader const& peer : peers) {
+    bool const isTree = &peer == &peers.front();
+    table.Compare({"import of a document of 100 MB, per byte", peer.name, timed(peer), timed(own),
+                   isTree ? Target::Ratio(kSlowest) : Target::None()});
+  }
+  for (DocumentReader const& peer : peers) {
+    table.Compare({"peak memory of that import", peer.name, peak(peer), peak(own),
+                   Target::Figure(kMostMemory), "KB", 2});
   }
   std::filesystem::remove(path);
 }

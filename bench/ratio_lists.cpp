@@ -65,7 +65,7 @@ void CompareLists(RatioTable& table, std::filesystem::path const& folder) {
                      return static_cast<std::uint64_t>(list.Entries().size());
                    });
                  },
-                 Target::Nanoseconds(kNanosecondsPerByte)});
+                 Target::Figure(kNanosecondsPerByte)});
   library.CloseLibFile();
   for (std::string const& name : {path, path.substr(0, path.size() - 1) + "2", file}) {
     std::filesystem::remove(name);

@@ -79,7 +79,8 @@ void CompareReads(RatioTable& table, std::filesystem::path const& folder, std::s
   std::string const size = ", " + SizeText(items);
   for (bool const there : {true, false}) {
     std::vector<Pair> const& keys = there ? present : absent;
-    std::string const what = (there ? "point read" : "point read of an absent key") + size;
+    std::string const what =
+        (there ? "internal: point read" : "internal: point read of an absent key") + size;
     Side const own = GetsOf(keys, project);
     table.Compare({what, LmdbStore::kName, GetsOf(keys, lmdb), own, limit});
     table.Compare({what, sqlite.Name(), GetsOf(keys, sqlite), own, sqliteLimit});
@@ -89,7 +90,7 @@ void CompareReads(RatioTable& table, std::filesystem::path const& folder, std::s
                  DecodedGetsOf(present, lmdb), DecodedGetsOf(present, project),
                  Target::Ratio(kReadItemLimit)});
   Target const walkLimit = items == kWalkLimitItems ? Target::Ratio(kWalkLimit) : Target::None();
-  table.Compare({"walk, per item" + size, LmdbStore::kName, WalksOf(items, lmdb),
+  table.Compare({"internal: walk, per item" + size, LmdbStore::kName, WalksOf(items, lmdb),
                  WalksOf(items, project), walkLimit});
   for (auto* store : {&sqlite, &rows}) store->Close();
   lmdb.Close();
@@ -113,7 +114,7 @@ void CompareOpens(RatioTable& table, std::filesystem::path const& folder, std::s
   prepare(project);
   prepare(lmdb);
   prepare(sqlite);
-  std::string const what = "open, read one, close, " + SizeText(items);
+  std::string const what = "internal: open, read one, close, " + SizeText(items);
   Side const own = OpensOf(keys, project);
   table.Compare({what, LmdbStore::kName, OpensOf(keys, lmdb), own, Target::Ratio(kOpenLimit)});
   table.Compare({what, sqlite.Name(), OpensOf(keys, sqlite), own, Target::None()});

@@ -45,12 +45,12 @@ void CompareTrims(RatioTable& table) {
   std::vector<Item> const items = MakeDataSet(kItems).items;
   for (bool const undefinedToo : {false, true}) {
     std::vector<float> const floats = FloatsOf(items, undefinedToo);
-    std::string const what =
-        undefinedToo ? "7-digit trim, one of 12 undefined" : "7-digit trim, data-like floats";
+    std::string const what = undefinedToo ? "internal: 7-digit trim, one of 12 undefined"
+                                          : "internal: 7-digit trim, data-like floats";
     auto const printf = TrimsOf(floats, [](float value) { return TrimByPrintf(value); });
     auto const chars = TrimsOf(floats, [](float value) { return TrimByChars(value); });
     auto const own = TrimsOf(floats, [](float value) { return Trim7(value); });
-    Target const limit = Target::Nanoseconds(kTrimLimit);
+    Target const limit = Target::Figure(kTrimLimit);
     table.Compare({what, "printf, strtod", printf, own, Target::None()});
     table.Compare({what, "to_chars", chars, own, limit});
   }

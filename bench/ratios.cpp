@@ -19,13 +19,18 @@ constexpr char kUsage[] =
     "usage: bench_ratios "
     "[--only=reads|loads|deletes|itemreads|itemwrites|itemdeletes|banks|\n"
     "                            "
-    "opens|trims|components|evaluation|fillins|imports|exports|lists|host]\n"
+    "opens|trims|components|evaluation|fillins|imports|exports|lists|host|growth]\n"
     "                    [--items=N] [--rounds=N] [--folder=DIR] [--markdown]\n"
-    "  --only      one group of comparisons instead of all\n"
+    "                    [--keep=FILE] [--commit=TEXT] [--against=FILE]\n"
+    "  --only      one group of comparisons instead of all but growth, which takes long\n"
     "  --items     this number of items instead of 10000, 100000 and 1000000\n"
     "  --rounds    rounds that count, 11 unless told\n"
     "  --folder    where the files are made, the system's temporary folder unless told\n"
-    "  --markdown  the table as Markdown\n";
+    "  --markdown  the table as Markdown\n"
+    "  --keep      the figures are written to this file\n"
+    "  --commit    what the file says was measured\n"
+    "  --against   a file of an older run: what is slower or faster than in it, by more than the\n"
+    "              noise between rounds; exit status 1 if anything is slower\n";
 
 struct Options {
   std::string only;
@@ -33,6 +38,9 @@ struct Options {
   int rounds = 11;
   std::filesystem::path folder = std::filesystem::temp_directory_path();
   bool markdown = false;
+  std::string keep;
+  std::string commit = "unknown";
+  std::string against;
   bool good = true;
 };
 
@@ -42,7 +50,10 @@ Options OptionsOf(int count, char** arguments) {
     std::string_view const argument = arguments[i];
     std::size_t const equals = argument.find('=');
     std::string_view const name = argument.substr(0, equals);
-    std::string const value(equals == argument.npos ? "" : argument.substr(equals + 1));
+    std::string value(equals == argument.npos ? "" : argument.substr(equals + 1));
+    // "--against FILE" is "--against=FILE".
+    if (name != "--markdown" && equals == argument.npos && i + 1 < count) value = arguments[++i];
+    options.good = options.good && (name == "--markdown" || !value.empty());
     if (name == "--only") {
       options.only = value;
     } else if (name == "--items") {
@@ -53,6 +64,12 @@ Options OptionsOf(int count, char** arguments) {
       options.folder = value;
     } else if (name == "--markdown") {
       options.markdown = true;
+    } else if (name == "--keep") {
+      options.keep = value;
+    } else if (name == "--commit") {
+      options.commit = value;
+    } else if (name == "--against") {
+      options.against = value;
     } else {
       options.good = false;
     }
@@ -61,10 +78,9 @@ Options OptionsOf(int count, char** arguments) {
   return options;
 }
 
-int Run(Options const& options) {
+void CompareAll(zel::bench::RatioTable& table, Options const& options) {
   using namespace zel::bench;
   OwnFolder const folder(options.folder);
-  RatioTable table(options.rounds, options.markdown);
   auto const wanted = [&](char const* group) {
     return options.only.empty() || options.only == group;
   };
@@ -99,8 +115,22 @@ int Run(Options const& options) {
   if (wanted("exports")) CompareExports(table, folder.Path());
   if (wanted("lists")) CompareLists(table, folder.Path());
   if (wanted("host")) CompareHost(table, folder.Path());
+  if (options.only == "growth") CompareGrowth(table, folder.Path(), options.items);
+}
+
+int RunAndCompare(Options const& options) {
+  using namespace zel::bench;
+  // Read first: a file that cannot be read is reported before minutes of work.
+  BenchRun const older = options.against.empty() ? BenchRun() : ReadRun(options.against);
+  RatioTable table(options.rounds, options.markdown);
+  CompareAll(table, options);
   std::printf("\nTargets missed: %d\n", table.Missed());
-  return 0;
+  BenchRun const run = {options.commit, TimeNow(), ProcessorName(), options.rounds, table.Rows()};
+  if (!options.keep.empty()) WriteRun(run, options.keep);
+  if (options.against.empty()) return 0;
+  std::vector<RowChange> const changes = ChangesOf(older, run);
+  std::printf("\n%s", TextOf(older, changes).c_str());
+  return StatusOf(changes);
 }
 
 }  // namespace
@@ -118,9 +148,9 @@ int main(int count, char** arguments) {
       "Peers: %s; SQLite %s. Nobody syncs. Ratio: median of %d rounds of peer, project.\n\n",
       mdb_version(nullptr, nullptr, nullptr), sqlite3_libversion(), options.rounds);
   try {
-    return Run(options);
+    return RunAndCompare(options);
   } catch (std::exception const& failure) {
     std::fprintf(stderr, "bench_ratios: %s\n", failure.what());
-    return 1;
+    return 2;
   }
 }

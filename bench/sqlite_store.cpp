@@ -125,12 +125,21 @@ void SqliteStore::Load(std::span<Item const> items, bool) {
   Close();
 }
 
-std::uint64_t SqliteStore::Get(Pair key) {
+template <typename Sum>
+std::uint64_t SqliteStore::Read(Pair key, Sum const& sum) {
   BindKey(key);
   bool const found = sqlite3_step(statement_) == SQLITE_ROW;
-  std::uint64_t const sum = found ? SumOf(sqlite3_column_blob(statement_, 0)) : kAbsent;
+  std::uint64_t const result = found ? sum(sqlite3_column_blob(statement_, 0)) : kAbsent;
   sqlite3_reset(statement_);
-  return sum;
+  return result;
+}
+
+std::uint64_t SqliteStore::Get(Pair key) {
+  return Read(key, [](void const* data) { return SumOf(data); });
+}
+
+std::uint64_t SqliteStore::GetWidened(Pair key) {
+  return Read(key, [](void const* data) { return SumOfFloats(Widen(data)); });
 }
 
 template <typename Visit>

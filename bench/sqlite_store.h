@@ -37,6 +37,8 @@ class SqliteStore {
   void Close() noexcept;
 
   std::uint64_t Get(Pair key);
+  // The floats widened to doubles.
+  std::uint64_t GetWidened(Pair key);
   std::uint64_t Walk();
   // Keys, order and data as one number.
   std::uint64_t Hash();
@@ -55,6 +57,8 @@ class SqliteStore {
   void Run(char const* sql);
   void Prepare(char const* sql);
   void BindKey(Pair key);
+  template <typename Sum>
+  std::uint64_t Read(Pair key, Sum const& sum);
   template <typename Visit>
   void ForEach(Visit const& visit);
 

@@ -1,0 +1,110 @@
+// How the time of a read, the time of a write and the bytes of an item grow with the number of
+// items: the library as a host uses it, LMDB and SQLite.
+#include <sys/stat.h>
+
+#include <vector>
+
+#include "bench/lmdb_store.h"
+#include "bench/public_store.h"
+#include "bench/ratio_cases.h"
+#include "bench/size_text.h"
+#include "bench/sqlite_store.h"
+#include "bench/store_sides.h"
+
+namespace zel::bench {
+namespace {
+
+constexpr int kMostRounds = 3;
+
+// A store in a folder of its own.
+template <typename Store>
+struct InFolder {
+  template <typename... Rest>
+  InFolder(std::filesystem::path const& parent, char const* name, Rest... rest)
+      : folder(parent / name),
+        store((std::filesystem::create_directories(folder), folder), rest...) {}
+  InFolder(InFolder const&) = delete;
+  InFolder& operator=(InFolder const&) = delete;
+  ~InFolder() {
+    store.Close();
+    std::filesystem::remove_all(folder);
+  }
+
+  // What the files take on disk: one that has holes takes less than its length.
+  double BytesOnDisk() const {
+    constexpr double kUnit = 512.0;  // of st_blocks
+    double bytes = 0.0;
+    for (auto const& file : std::filesystem::directory_iterator(folder)) {
+      struct stat info {};
+      if (::stat(file.path().c_str(), &info) == 0)
+        bytes += kUnit * static_cast<double>(info.st_blocks);
+    }
+    return bytes;
+  }
+
+  std::filesystem::path folder;
+  Store store;
+};
+
+// Bytes per item of what is loaded.
+template <typename Store>
+Side SizesOf(std::size_t items, InFolder<Store> const& store) {
+  return [items, &store](int) {
+    return Timing{store.BytesOnDisk() / static_cast<double>(items), 0};
+  };
+}
+
+template <typename Store>
+Side GetsOf(std::vector<Pair> const& keys, Store& store) {
+  return ReadsOf(keys.size(), [&](std::size_t at) { return store.GetWidened(keys[at]); });
+}
+
+void CompareSize(RatioTable& table, std::filesystem::path const& folder, std::size_t items) {
+  InFolder<PublicStore> project(folder, "project");
+  InFolder<LmdbStore> lmdb(folder, "lmdb");
+  InFolder<SqliteStore> sqlite(folder, "sqlite", SqliteTable::kPair);
+  std::vector<Item> source = MakeDataSet(items).items;
+  std::vector<Pair> const keys = Shuffled(KeysOf(source));
+  std::string const size = ", " + SizeText(items);
+  std::string const peers[] = {LmdbStore::kName, sqlite.store.Name()};
+  for (bool const ascending : {true, false}) {
+    if (!ascending) source = Shuffled(std::move(source));
+    std::string const order = ascending ? " in key order" : " in random order";
+    auto const loads = [&](auto& store, auto load) {
+      return LoadsOf(items, store, load, ThreadTime);
+    };
+    Side const own = loads(project.store, [&] { project.store.Load(source); });
+    Side const others[] = {
+        loads(lmdb.store, [&, ascending] { lmdb.store.Load(source, ascending); }),
+        loads(sqlite.store, [&, ascending] { sqlite.store.Load(source, ascending); })};
+    Side const sizes[] = {SizesOf(items, lmdb), SizesOf(items, sqlite)};
+    for (std::size_t i = 0; i < 2; ++i) {
+      table.Compare(
+          {"write" + order + size, peers[i], others[i], own, Target::None(), "ns", kMostRounds});
+    }
+    for (std::size_t i = 0; i < 2; ++i) {
+      table.Compare({"size, written" + order + size, peers[i], sizes[i], SizesOf(items, project),
+                     Target::None(), "B", 1});
+    }
+  }
+  // What was written last, in random order.
+  project.store.OpenForReading();
+  lmdb.store.OpenForReading();
+  sqlite.store.OpenForReading();
+  Side const own = GetsOf(keys, project.store);
+  Side const others[] = {GetsOf(keys, lmdb.store), GetsOf(keys, sqlite.store)};
+  for (std::size_t i = 0; i < 2; ++i) {
+    table.Compare({"read" + size, peers[i], others[i], own, Target::None(), "ns", kMostRounds});
+  }
+}
+
+}  // namespace
+
+void CompareGrowth(RatioTable& table, std::filesystem::path const& folder, std::size_t items) {
+  if (items != 0) return CompareSize(table, folder, items);
+  for (std::size_t const size : {10'000, 100'000, 1'000'000, 10'000'000}) {
+    CompareSize(table, folder, size);
+  }
+}
+
+}  // namespace zel::bench
