@@ -62,6 +62,28 @@ TEST_F(ImportIncludeTest, ThreeDocumentsDirectlyWithinEachOther) {
   EXPECT_EQ(Documents().TopFile(), "a.xml");
 }
 
+// A document that was not gone back to is no longer open when the list ends.
+TEST_F(ImportIncludeTest, DocumentThatWasLostMayBeIncludedAgain) {
+  MakeFile("a.xml", "<group><import file='b.xml'/></group>");
+  MakeFile("b.xml", "<group>" + std::string(kItem) + "</group>");
+  std::string const bank = "' type='VANLAAR'><import file='a.xml'/></bank>";
+  EXPECT_TRUE(ImportLibrary("<bank name='A" + bank + "<bank name='B" + bank)) << Lines();
+  for (char const* name : {"A", "B"}) {
+    EXPECT_EQ(RealOf("VANLAAR", name, {1234567, 1234568}, "aij"), 1.0) << name;
+  }
+}
+
+// What looks like a part below an item is none, whatever was at its depth before.
+TEST_F(ImportIncludeTest, PartsBelowAnItemAreNotCounted) {
+  EXPECT_FALSE(
+      ImportBank("<x><y><item/></y></x><item><keys>1234567 1234568</keys><foo><item/>"
+                 "</foo></item>"));
+  ZelImportCounts counts;
+  Maint().GetImportCounts(counts);
+  EXPECT_EQ(counts.itemsFound, 2);
+  EXPECT_EQ(counts.itemsStored, 1);
+}
+
 TEST_F(ImportIncludeTest, ItemOfSeveralDocumentsCountsAsStored) {
   MakeFile("tags.xml", "<group><aij> 4 </aij></group>");
   Maint().SetImportChecks(importStrict);
