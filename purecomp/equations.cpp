@@ -24,35 +24,57 @@ bool ValueOnly(EquationCall const& call, int N, double& value) {
   });
 }
 
-// Flattened: with all forms in one body the symbols stay in registers, which halves the cost of a
-// call apart from its arithmetic.
+enum class Found { kNoForm, kNoValue, kValue };
+
+// The value of a form and its derivatives by differentiation. Flattened: with all forms in one body
+// the symbols stay in registers, which halves the cost of a call apart from its arithmetic.
 template <int Order>
-[[ZEL_FLATTEN]] void WithDerivative(EquationCall const& call, int N, double& value,
-                                    double& derivative) {
+[[ZEL_FLATTEN]] Found Differentiate(EquationCall const& call, int N, Jet<Order>& jet) {
   auto const T = Jet<Order>::Variable(call.temperature);
-  WithForm(call.equation, [&](auto number, auto const& form) {
-    auto const s = MakeSymbols(call, T, N, call.coefficients);
-    ValueAndDerivative<decltype(number)::value, Order>(form, s, value, derivative);
+  Found found = Found::kNoForm;
+  WithForm(call.equation, [&](auto, auto const& form) {
+    auto const result = ResultOf(form, MakeSymbols(call, T, N, call.coefficients));
+    found = result ? Found::kValue : Found::kNoValue;
+    if (result) jet = *result;
     return true;
   });
+  return found;
+}
+
+// The derivative that the rule of an equation defines.
+template <int Order>
+double DerivativeByRule(int equation, Jet<Order> const& jet, int order) {
+  switch (RuleOf(equation, order)) {
+    case DerivativeRule::kZero: return 0.0;
+    case DerivativeRule::kFirstInstead: return jet.d[1];
+    default: return DerivativeOf(jet, order);
+  }
+}
+
+template <int Order>
+void WithDerivative(EquationCall const& call, int N, double& value, double& derivative) {
+  Jet<Order> jet;
+  Found const found = Differentiate(call, N, jet);
+  if (found == Found::kNoForm) return;
+  derivative = 0.0;
+  if (found == Found::kNoValue) return;
+  value = jet.d[0];
+  derivative = DerivativeByRule(call.equation, jet, Order);
 }
 
 // The same for all orders up to a highest one.
 template <int Highest>
 void WithDerivatives(EquationCall const& call, int N, double* derivatives) {
-  auto const T = Jet<Highest>::Variable(call.temperature);
-  WithForm(call.equation, [&](auto number, auto const& form) {
-    auto const result = ResultOf(form, MakeSymbols(call, T, N, call.coefficients));
-    std::fill_n(derivatives + 1, Highest, 0.0);
-    if (!result) return true;
-    derivatives[0] = result->d[0];
+  Jet<Highest> jet;
+  Found const found = Differentiate(call, N, jet);
+  if (found == Found::kNoForm) return;
+  std::fill_n(derivatives + 1, Highest, 0.0);
+  if (found == Found::kValue) {
+    derivatives[0] = jet.d[0];
     for (int order = 1; order <= Highest; ++order) {
-      DerivativeRule const rule = RuleOf(decltype(number)::value, order);
-      if (rule == DerivativeRule::kExact) derivatives[order] = DerivativeOf(*result, order);
-      if (rule == DerivativeRule::kFirstInstead) derivatives[order] = result->d[1];
+      derivatives[order] = DerivativeByRule(call.equation, jet, order);
     }
-    return true;
-  });
+  }
   // The first derivative of this form is not that of a Jet of a higher order.
   constexpr int kOwnFirstDerivative = 39;
   if (Highest > 1 && call.equation == kOwnFirstDerivative) {
