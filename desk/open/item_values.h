@@ -16,7 +16,9 @@ struct NamedValue {
   std::int64_t code = 0;  // what is stored, if the value is a word for it
   std::string unit = {};  // internal unit of a number
 
-  bool operator==(NamedValue const&) const = default;
+  bool operator==(NamedValue const& o) const {
+    return name == o.name && value == o.value && code == o.code;
+  }
 };
 // Two values of the same name as they are shown side by side: a word that two codes share is shown
 // with its code.

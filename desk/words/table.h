@@ -1,9 +1,9 @@
 // Tables of values, as the desk's functions return them.
 #pragma once
 
-#include <concepts>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -48,8 +48,9 @@ class Table {
   Table(std::string name, std::vector<Column> columns);
   // As many cells as columns.
   void Add(std::vector<Cell> row);
-  template <typename... Values>
-  requires(std::constructible_from<Cell, Values>&&...) void Add(Values&&... values) {
+  template <typename... Values,
+            typename = std::enable_if_t<(std::is_constructible_v<Cell, Values> && ...)>>
+  void Add(Values&&... values) {
     Add(RowOf(std::forward<Values>(values)...));
   }
   bool Empty() const { return rows_.empty(); }

@@ -174,8 +174,9 @@ Report Diff(Session& session, Options const& o) {
   if (!o.bank.empty()) {
     BankName const bank = NamedInEither(one, other, o.bank);
     auto const isOther = [&](BankName const& known) { return ToText(known) != ToText(bank); };
-    std::erase_if(a, isOther);
-    std::erase_if(b, isOther);
+    for (std::vector<BankName>* banks : {&a, &b}) {
+      banks->erase(std::remove_if(banks->begin(), banks->end(), isOther), banks->end());
+    }
   } else {
     difference.Header();
   }
