@@ -107,6 +107,31 @@ TEST_F(DocumentTest, TextTakesInDescendantsAndNotComments) {
   EXPECT_EQ(TextOf("<r>1&lt;2&#x41;</r>"), "1<2A");
 }
 
+TEST_F(DocumentTest, TextEndsWithItsElement) {
+  for (std::string const front : {"", "<!DOCTYPE r>"}) {
+    std::string const text = front + "<r><a>1<b/>2<c></c>3</a><d>4<e><f/></e></d><g/></r>";
+    XmlNode at = RootOf(text).FirstChild();
+    EXPECT_EQ(at.Text(), "123");
+    EXPECT_FALSE(at.FirstChild()) << "which have been read";
+    at = at.Next();
+    EXPECT_EQ(at.Name(), "d");
+    EXPECT_EQ(at.Text(), "4");
+    at = at.Next();
+    EXPECT_EQ(at.Name(), "g");
+    EXPECT_FALSE(at.Next());
+  }
+}
+
+TEST_F(DocumentTest, NodesAreLeftWithAllThatIsInThem) {
+  for (std::string const front : {"", "<!DOCTYPE r>"}) {
+    std::string const text = front + "<r><a>1<b/><c><d><e/></d></c></a><f/></r>";
+    XmlNode const first = RootOf(text).FirstChild();
+    XmlNode const inner = first.FirstChild().Next().Next().FirstChild();
+    EXPECT_EQ(inner.Name(), "d");
+    EXPECT_EQ(first.Next().Name(), "f") << "from within the first";
+  }
+}
+
 TEST_F(DocumentTest, EntitiesOfTheDocumentArePutIn) {
   EXPECT_EQ(TextOf("<!DOCTYPE r [<!ENTITY e 'x<b/>y'><!ENTITY f '&e;&e;'>]><r>&f;</r>"), "xyxy");
 }
