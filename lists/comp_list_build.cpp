@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 #include "banks/catalogue.h"
 #include "frame/ascii.h"
@@ -50,7 +51,7 @@ CompListBuild_p::~CompListBuild_p() = default;
 
 bool CompListBuild_i::BuildList(LibFile* library, char const* bankName, char const* path) {
   Clock::time_point const start = Clock::now();
-  records_.clear();
+  ClearRecords();
   WalkBank(library, bankName);
   totalSeconds_ = SecondsSince(start);
   SortRecords();
@@ -141,6 +142,7 @@ bool CompListBuild_i::CleanRecord(char* name, char (*ids)[9], std::int32_t& idCo
 }
 
 void CompListBuild_i::Append() {
+  TakeSortedBack();
   record_.order = static_cast<std::int32_t>(records_.size());
   records_.push_back(record_);
 }
@@ -185,60 +187,128 @@ void CompListBuild_i::AddFormula(char const* formula) {
 
 // --- orders --------------------------------------------------------------------------------------
 
+namespace {
+
+// A row with the start of its sort key as numbers of the same order: few comparisons need more.
+struct KeyedRow {
+  std::uint64_t start;
+  std::uint64_t next;  // that of the following characters
+  std::size_t keyAt;   // in the text of all keys
+  std::uint32_t keySize;
+  std::int32_t row;
+};
+
+// Rows with their keys, to be sorted.
+class KeyedRows {
+ public:
+  void Reserve(std::size_t rows) { rows_.reserve(rows); }
+  void Add(std::string_view key, std::size_t row) {
+    constexpr std::size_t kPart = sizeof(std::uint64_t);
+    rows_.push_back({Number(key, 0), Number(key, kPart), keys_.size(),
+                     static_cast<std::uint32_t>(key.size()), static_cast<std::int32_t>(row)});
+    keys_.append(key);
+  }
+  // By key, the lower row first where keys are equal.
+  void Sort() {
+    std::sort(rows_.begin(), rows_.end(), [this](KeyedRow const& a, KeyedRow const& b) {
+      if (a.start != b.start) return a.start < b.start;
+      if (a.next != b.next) return a.next < b.next;
+      bool const isWhole = (a.next & 0xFFU) == 0;  // no key holds a zero byte
+      int const keys = isWhole ? 0 : KeyOf(a).compare(KeyOf(b));
+      return keys != 0 ? keys < 0 : a.row < b.row;
+    });
+  }
+  std::vector<KeyedRow> const& Rows() const noexcept { return rows_; }
+
+ private:
+  std::string_view KeyOf(KeyedRow const& row) const noexcept {
+    return std::string_view(keys_).substr(row.keyAt, row.keySize);
+  }
+  static std::uint64_t Number(std::string_view key, std::size_t from) noexcept {
+    std::uint64_t number = 0;
+    for (std::size_t i = from; i < from + sizeof number; ++i) {
+      number = number << 8 | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+    }
+    return number;
+  }
+
+  std::vector<KeyedRow> rows_;
+  std::string keys_;
+};
+
+}  // namespace
+
 template <typename Takes, typename Key>
 void CompListBuild_i::MakeTextOrder(compListSorts sort, Takes const& takes, Key const& key) {
-  std::vector<ListEntry>& rows = list_.Entries();
+  std::vector<ListEntry> const& rows = list_.Entries();
+  KeyedRows keyed;
+  keyed.Reserve(rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (takes(rows[i])) keyed.Add(key(rows[i]), i);
+  }
+  keyed.Sort();
   CompList_i::Order& order = list_.OrderBy(sort);
   order.clear();
+  order.reserve(keyed.Rows().size());
+  for (KeyedRow const& row : keyed.Rows()) order.push_back(row.row);
+}
+
+// The rows are in the order of the keys of their IDs already, except for those of formulas, which
+// this order leaves out.
+void CompListBuild_i::MakeIdOrder() {
+  std::vector<ListEntry> const& rows = list_.Entries();
+  CompList_i::Order& order = list_.OrderBy(sortById);
+  order.clear();
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (!takes(rows[i])) continue;
-    rows[i].sortKey = key(rows[i]);
-    order.push_back(static_cast<std::int32_t>(i));
+    if (rows[i].kind != ListEntry::kFurtherFormula) order.push_back(static_cast<std::int32_t>(i));
   }
-  // Row numbers are positions, so a stable sort puts the lower one first.
-  std::stable_sort(order.begin(), order.end(), [&](std::int32_t a, std::int32_t b) {
-    return rows[static_cast<std::size_t>(a)].sortKey < rows[static_cast<std::size_t>(b)].sortKey;
-  });
 }
 
 template <typename Takes, typename Value>
 void CompListBuild_i::MakeNumberOrder(compListSorts sort, Takes const& takes, Value const& value) {
   std::vector<ListEntry> const& rows = list_.Entries();
+  using Number = decltype(value(rows[0]));
+  std::vector<std::pair<Number, std::int32_t>> listed;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].kind != ListEntry::kComponent) continue;
+    Number const number = value(rows[i]);
+    if (takes(number)) listed.emplace_back(number, static_cast<std::int32_t>(i));
+  }
+  std::sort(listed.begin(), listed.end());  // equal numbers by row
   CompList_i::Order& order = list_.OrderBy(sort);
   order.clear();
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    bool const listed = rows[i].kind == ListEntry::kComponent && takes(value(rows[i]));
-    if (listed) order.push_back(static_cast<std::int32_t>(i));
-  }
-  std::stable_sort(order.begin(), order.end(), [&](std::int32_t a, std::int32_t b) {
-    return value(rows[static_cast<std::size_t>(a)]) < value(rows[static_cast<std::size_t>(b)]);
-  });
+  for (auto const& row : listed) order.push_back(row.second);
+}
+
+// Rows that were sorted before are in the list; the order of those with equal keys stays.
+void CompListBuild_i::TakeSortedBack() {
+  if (!sorted_) return;
+  records_ = list_.Entries();
+  sorted_ = false;
 }
 
 void CompListBuild_i::SortRecords() {
   Clock::time_point start = Clock::now();
-  std::vector<ListEntry const*> sorted;
-  sorted.reserve(records_.size());
-  for (ListEntry const& record : records_) sorted.push_back(&record);
-  std::sort(sorted.begin(), sorted.end(), [](ListEntry const* a, ListEntry const* b) {
-    int const keys = a->sortKey.compare(b->sortKey);
-    return keys != 0 ? keys < 0 : a->order < b->order;
-  });
+  TakeSortedBack();
+  KeyedRows keyed;
+  keyed.Reserve(records_.size());
+  for (std::size_t i = 0; i < records_.size(); ++i) keyed.Add(records_[i].sortKey, i);
+  keyed.Sort();
   std::vector<ListEntry>& rows = list_.Entries();
   rows.clear();
-  rows.reserve(sorted.size());
-  for (ListEntry const* record : sorted) {
-    rows.push_back(*record);
+  rows.reserve(keyed.Rows().size());
+  for (KeyedRow const& record : keyed.Rows()) {
+    rows.push_back(std::move(records_[static_cast<std::size_t>(record.row)]));
     rows.back().order = static_cast<std::int32_t>(rows.size() - 1);
   }
+  records_.clear();
+  sorted_ = true;
   sortSeconds_ = SecondsSince(start);
 
   start = Clock::now();
   auto const component = [](ListEntry const& row) { return row.kind == ListEntry::kComponent; };
   MakeTextOrder(sortByName, component, [](ListEntry const& row) { return MakeNameKey(row.name); });
-  MakeTextOrder(
-      sortById, [](ListEntry const& row) { return row.kind != ListEntry::kFurtherFormula; },
-      [](ListEntry const& row) { return MakeIdKey(row.id); });
+  MakeIdOrder();
   MakeTextOrder(
       sortByFormula,
       [](ListEntry const& row) {

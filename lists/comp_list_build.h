@@ -32,13 +32,18 @@ class CompListBuild_i final : public CompListBuild_p {
   void SetShortForm(bool on) override { shortForm_ = on; }
   void GetTimes(double& total, double& sort, double& order) const override;
 
-  void ClearRecords() noexcept { records_.clear(); }
+  void ClearRecords() noexcept {
+    records_.clear();
+    sorted_ = false;
+  }
 
  private:
   void WalkBank(LibFile* library, char const* bankName);
   void Append();
+  void TakeSortedBack();
   template <typename Takes, typename Key>
   void MakeTextOrder(compListSorts sort, Takes const& takes, Key const& key);
+  void MakeIdOrder();
   template <typename Takes, typename Value>
   void MakeNumberOrder(compListSorts sort, Takes const& takes, Value const& value);
 
@@ -48,7 +53,8 @@ class CompListBuild_i final : public CompListBuild_p {
   double sortSeconds_ = 0.0;
   double orderSeconds_ = 0.0;
   ListEntry record_;                // the one being built
-  std::vector<ListEntry> records_;  // before sorting
+  std::vector<ListEntry> records_;  // before sorting, which moves them into the list
+  bool sorted_ = false;             // they are in the list
 };
 
 }  // namespace zel

@@ -132,14 +132,18 @@ class Line {
   }
   Line& operator<<(std::int32_t number) {
     char digits[16];
-    auto const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    return *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
+    char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    *end++ = kTab;
+    text_.append(digits, end);
+    return *this;
   }
   Line& operator<<(double number) {
     constexpr int kDigits = 6;
     char text[32];
-    auto const length = PrintReal(number, kDigits, text);
-    return *this << std::string_view(text, static_cast<std::size_t>(length));
+    char* end = text + PrintReal(number, kDigits, text);
+    *end++ = kTab;  // in place of the terminator
+    text_.append(text, end);
+    return *this;
   }
   std::string const& Ended() {
     text_.back() = '\n';

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kDelimiters = "-, ()";
 constexpr std::string_view kPlaces = "0123456789'\"";
+constexpr std::string_view kLocantsOfNitrogen = "n'\"";
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::size_t kLongestWord = 40;
 
@@ -34,8 +35,18 @@ constexpr PrefixRow kPrefixes[] = {
     {"cis", 'c', WordCase::kLower, 2},     {"trans", 't', WordCase::kLower, 2},
 };
 
+constexpr std::size_t kLongestPrefix = 7;
+static_assert(std::all_of(std::begin(kPrefixes), std::end(kPrefixes),
+                          [](PrefixRow const& row) { return row.word.size() <= kLongestPrefix; }));
+
+// Most words fail at their first character, which needs no search.
 bool ConsistsOf(std::string_view text, std::string_view characters) noexcept {
-  return text.find_first_not_of(characters) == std::string_view::npos;
+  return std::all_of(text.begin(), text.end(), [characters](char c) {
+    for (char const one : characters) {
+      if (c == one) return true;
+    }
+    return false;
+  });
 }
 
 // Calls `visit` with each word, its delimiter (0 after the last) and its start.
@@ -63,9 +74,13 @@ WordClass ClassifyWord(char first, char delimiter, std::string_view lowerWord) {
   std::string word(lowerWord);
   if (word.empty()) return {blank ? " " : "", WordCase::kAsItIs, 0};
   if (ConsistsOf(word, kPlaces)) return {word + tail, WordCase::kAsItIs, 1};
-  if (first == 'N' && ConsistsOf(word, "n'\"")) return {word + tail, WordCase::kUpper, 1};
-  for (PrefixRow const& row : kPrefixes) {
-    if (row.word == word) return {{row.sortLetter, tail}, row.letters, row.part};
+  if (first == 'N' && ConsistsOf(word, kLocantsOfNitrogen)) {
+    return {word + tail, WordCase::kUpper, 1};
+  }
+  if (word.size() <= kLongestPrefix) {
+    for (PrefixRow const& row : kPrefixes) {
+      if (row.word == word) return {{row.sortLetter, tail}, row.letters, row.part};
+    }
   }
   return {blank ? word + ' ' : word, WordCase::kAsItIs, 0};
 }

@@ -83,9 +83,20 @@ struct Component {
 // One more than the data: a merge holds the text of its source as well.
 static_assert(kConstants + kCorrelations + kIdentitySources + 1 <= SourceTable::kMostData);
 
-// True for the constants that are on file: those with a keyword.
-constexpr bool IsOnFile(std::size_t index) noexcept {
-  return index <= 19 || (index >= 23 && index <= 28) || (index >= 33 && index <= 47);
+namespace on_file {
+
+constexpr std::array<bool, kConstants> MakeMarks() noexcept {
+  std::array<bool, kConstants> marks{};
+  for (PropertyRow const* row = kPropertyRows; row->index != kEndOfWritten; ++row) {
+    marks[static_cast<std::size_t>(row->index)] = true;
+  }
+  return marks;
 }
+inline constexpr std::array<bool, kConstants> kMarks = MakeMarks();
+
+}  // namespace on_file
+
+// True for the constants that are on file: those with a keyword.
+constexpr bool IsOnFile(std::size_t index) noexcept { return on_file::kMarks[index]; }
 
 }  // namespace zel

@@ -34,10 +34,28 @@ std::int32_t Saturated(std::int64_t n) noexcept {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(n, INT32_MIN, INT32_MAX));
 }
 
+// By the letters of the symbol: upper case, then lower case or none.
+constexpr std::size_t kLetters = 26;
+using KnownSymbols = std::array<std::array<bool, kLetters + 1>, kLetters>;
+constexpr std::size_t SecondLetter(char c) noexcept {
+  return c == '\0' ? 0 : static_cast<std::size_t>(c - 'a') + 1;
+}
+constexpr KnownSymbols MakeKnownSymbols() noexcept {
+  KnownSymbols known{};
+  for (std::string_view const symbol : kElements) {
+    std::size_t const second = SecondLetter(symbol.size() > 1 ? symbol[1] : '\0');
+    known[static_cast<std::size_t>(symbol[0] - 'A')][second] = true;
+  }
+  return known;
+}
+constexpr KnownSymbols kKnownSymbols = MakeKnownSymbols();
+
+// An empty symbol is that of a free slot.
 bool IsKnownSymbol(ElementSymbol const& symbol) noexcept {
-  std::string_view const text = symbol.data();
-  return text.empty() ||
-         std::find(std::begin(kElements), std::end(kElements), text) != std::end(kElements);
+  if (symbol[0] == '\0') return true;
+  bool const isSymbol = IsUpper(symbol[0]) && (symbol[1] == '\0' || IsLower(symbol[1]));
+  return isSymbol &&
+         kKnownSymbols[static_cast<std::size_t>(symbol[0] - 'A')][SecondLetter(symbol[1])];
 }
 
 class Parser {
@@ -184,43 +202,52 @@ struct Slots {
   ElementSlots View() { return {elements, counts, 0}; }
 };
 
-constexpr std::size_t kSymbolColumn = 3;
-constexpr std::size_t kLongestKey = 9;
+// An element of a normal form: its symbol, padded to two places for comparisons, and its text,
+// which is the symbol and a count of 2 and more.
+struct NormalElement {
+  static constexpr std::size_t kLongest = 6;
 
-// Symbol padded to its column, then the text of the normal form.
-std::vector<std::string> ElementKeys(Slots const& slots, int found) {
-  std::vector<std::string> keys;
-  for (std::size_t i = 0; i < static_cast<std::size_t>(found); ++i) {
-    int const count = slots.counts[i];
-    if (count < 1) continue;
-    std::string_view const symbol = slots.elements[i].data();
-    std::string key(symbol);
-    key.resize(kSymbolColumn, ' ');
-    key += symbol;
-    if (count >= 2) key += std::to_string(count);
-    key.resize(std::min(key.size(), kLongestKey));
-    keys.push_back(std::move(key));
+  std::array<char, 2> symbol;
+  std::array<char, kLongest> text;
+  std::size_t size;
+
+  NormalElement(std::string_view name, std::int32_t count) noexcept
+      : symbol{name[0], name.size() > 1 ? name[1] : ' '} {
+    char whole[16];
+    char* end = std::copy(name.begin(), name.end(), whole);
+    if (count >= 2) end = std::to_chars(end, std::end(whole), count).ptr;
+    size = std::min(static_cast<std::size_t>(end - whole), kLongest);
+    std::copy_n(whole, size, text.begin());
   }
-  return keys;
-}
+  std::string_view Text() const noexcept { return {text.data(), size}; }
+  int HillRank() const noexcept {
+    if (symbol[1] != ' ') return 2;
+    return symbol[0] == 'C' ? 0 : symbol[0] == 'H' ? 1 : 2;
+  }
+  bool ComesBefore(NormalElement const& other) const noexcept {
+    return symbol != other.symbol ? symbol < other.symbol : Text() < other.Text();
+  }
+};
 
 // Carbon first, then hydrogen, then the rest by bytes.
-bool HillOrder(std::string const& a, std::string const& b) {
-  auto const rank = [](std::string const& key) {
-    return key.starts_with("C ") ? 0 : key.starts_with("H ") ? 1 : 2;
-  };
-  return rank(a) != rank(b) ? rank(a) < rank(b) : a < b;
+bool HillOrder(NormalElement const& a, NormalElement const& b) noexcept {
+  return a.HillRank() != b.HillRank() ? a.HillRank() < b.HillRank() : a.ComesBefore(b);
 }
 
 std::string NormalForm(Slots const& slots, FormulaResult const& parsed) {
-  std::vector<std::string> keys = ElementKeys(slots, parsed.foundCount);
+  std::vector<NormalElement> elements;
+  elements.reserve(kSlots);
+  for (std::size_t i = 0; i < static_cast<std::size_t>(parsed.foundCount); ++i) {
+    if (slots.counts[i] >= 1) elements.emplace_back(slots.elements[i].data(), slots.counts[i]);
+  }
   if (parsed.hasCarbonAndHydrogen) {
-    std::sort(keys.begin(), keys.end(), HillOrder);
+    std::sort(elements.begin(), elements.end(), HillOrder);
   } else {
-    std::sort(keys.begin(), keys.end());
+    std::sort(elements.begin(), elements.end(),
+              [](auto const& a, auto const& b) { return a.ComesBefore(b); });
   }
   std::string text;
-  for (std::string const& key : keys) text += key.substr(kSymbolColumn);
+  for (NormalElement const& element : elements) text += element.Text();
   if (parsed.hydrate == 1) text += ".H2O";
   if (parsed.hydrate > 1) text += "." + std::to_string(parsed.hydrate) + "H2O";
   text.resize(std::min(text.size(), kFormulaSize - 1));

@@ -44,11 +44,11 @@ class LibFile;
 ///
 /// | Name | Type | Count | Value |
 /// |---|---|---|---|
-/// | a keyword of GetConstantCatalogue (Verify.h) | real | 1 | the constant as GetProperty returns
-/// it | | `number`, `cas`, `refCode` | integer | 1 | as GetIdentity returns them | | `keepFormula`
-/// | integer | 1 | 1 when the formula is kept as written, else 0 | | `ids` | text | 108 | 12 IDs of
-/// 9 characters each | | `name`, `formula`, `smiles` | text | 41, 21, 101 | as GetIdentity and
-/// GetSmiles return them |
+/// | a keyword of GetConstantCatalogue (Verify.h) | real | 1 | as GetProperty returns it |
+/// | `number`, `cas`, `refCode` | integer | 1 | as GetIdentity returns them |
+/// | `keepFormula` | integer | 1 | 1 when the formula is kept as written, else 0 |
+/// | `ids` | text | 108 | 12 IDs of 9 characters each |
+/// | `name`, `formula`, `smiles` | text | 41, 21, 101 | as GetIdentity and GetSmiles return them |
 ///
 /// Only the first block of a component is read: a component whose correlations or structures cannot
 /// be read has columns all the same.

@@ -60,8 +60,7 @@ ZEL_API ZelStatus TakeCorrelation(IZelPureComp* component, std::uint32_t index,
 ///                     it; may be null
 /// \param weights      array of 15 for the sensitivities of order 11; else null; may be null
 /// \param status       receives 0 inside the range, 1 above, -1 below; may be null
-/// \return kStatusOk inside the range; kStatusNothingNew (1) when extrapolated; kStatusFailed for
-/// an
+/// \return kStatusOk inside the range; kStatusNothingNew (1) when extrapolated; kStatusFailed for an
 ///         index above 17, for correlationExpansion, for equations 38 and 54, and where all outputs
 ///         are null
 ZEL_API ZelStatus EvaluateOne(ZelCorrelation const& correlation, double temperature,

@@ -4,8 +4,11 @@
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "frame/ascii.h"
+#include "lists/sort_keys.h"
 #include "maint/lib_maint.h"
 #include "purecomp/formula.h"
 #include "store/key.h"
@@ -117,6 +120,55 @@ TEST_F(BuildTest, RowsThatSortAlikeStayInTheOrderOfTheirAdding) {
     while (list_.GetNextShort(id, name, formula)) names += std::string(name) + " ";
     EXPECT_EQ(names, expected) << sort;
   }
+}
+
+TEST_F(BuildTest, RowsAddedAfterASortAreSortedWithTheOthers) {
+  CompListBuild_p& b = Builder();
+  std::string names;
+  for (int round = 0; round < 3; ++round) {
+    b.AddRecord(("First " + std::to_string(round)).c_str(), "M", "CH4", casn(), kNone, kNone);
+    b.AddFormula("second");
+    b.AddRecord(("Other " + std::to_string(round)).c_str(), "A", "CH4", casn(), kNone, kNone);
+    b.SortRecords();
+    b.SortRecords();
+  }
+  for (ListEntry const& row : list_.Entries()) names += row.name + ", ";
+  EXPECT_EQ(names,
+            "Other 0, Other 1, Other 2, First 0, First 1, First 2, First 0, First 1, First 2, ");
+  list_.ClearList();
+  b.SortRecords();
+  EXPECT_TRUE(list_.Entries().empty());
+}
+
+// Whatever the length of what they have in common.
+TEST_F(BuildTest, KeysThatBeginAlikeAreInTheOrderOfTheirBytes) {
+  CompListBuild_p& b = Builder();
+  std::vector<std::string> names;
+  for (std::size_t size = 6; size < 40; ++size) {
+    for (char const* end : {"", "0", "A", "z", "\xE4"})
+      names.push_back(std::string(size, 'k') + end);
+  }
+  std::reverse(names.begin(), names.end());
+  for (std::string const& name : names) {
+    b.AddRecord(name.c_str(), name.c_str(), "", casn(), kNone, kNone);
+  }
+  b.SortRecords();
+  auto const byKey = [](auto const& key) {
+    return [key](std::string const& x, std::string const& y) { return key(x) < key(y); };
+  };
+  auto const check = [&](compListSorts sort) {
+    std::vector<std::string> got;
+    for (std::int32_t const row : list_.OrderBy(sort)) {
+      got.push_back(list_.Entries()[static_cast<std::size_t>(row)].name);
+    }
+    EXPECT_EQ(got, names) << sort;
+  };
+  std::stable_sort(names.begin(), names.end(),
+                   byKey([](std::string const& id) { return MakeIdKey(id); }));
+  check(sortById);
+  std::stable_sort(names.begin(), names.end(),
+                   byKey([](std::string const& name) { return MakeNameKey(name); }));
+  check(sortByName);
 }
 
 // Each formula appends to the sort text of the previous row: a second one is sorted after the first
