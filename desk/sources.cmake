@@ -20,6 +20,7 @@ set(desk_SOURCES
     open/item_key.cpp
     open/item_values.cpp
     open/library.cpp
+    open/named_correlation.cpp
     open/names_library.cpp
     open/nearest.cpp
     open/preference_list.cpp
@@ -28,6 +29,12 @@ set(desk_SOURCES
     open/unfinished_change.cpp
     open/unread_items.cpp
     words/display_units.cpp
+    pictures/axis.cpp
+    pictures/chart.cpp
+    pictures/line_style.cpp
+    pictures/markup.cpp
+    pictures/plot.cpp
+    pictures/plot_words.cpp
     words/letters.cpp
     words/nearest_word.cpp
     words/number_range.cpp

@@ -85,6 +85,7 @@ int Run(int count, char** words) {
     zelhost::AddBankCommands(line);
     zelhost::AddShowCommands(line);
     zelhost::AddCurveCommands(line);
+    zelhost::AddPlotCommand(line);
     zelhost::AddSearchCommands(line);
     zelhost::AddDocumentCommands(line);
     zelhost::AddListCommand(line);

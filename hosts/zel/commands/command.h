@@ -86,7 +86,8 @@ class Command {
 void AddLibraryCommands(CommandLine& line);   // create, info, memo, set
 void AddBankCommands(CommandLine& line);      // types, banks, items
 void AddShowCommands(CommandLine& line);      // show, find
-void AddCurveCommands(CommandLine& line);     // eval, plot
+void AddCurveCommands(CommandLine& line);     // eval
+void AddPlotCommand(CommandLine& line);
 void AddSearchCommands(CommandLine& line);    // search, why, coverage
 void AddDocumentCommands(CommandLine& line);  // import, export, dump
 void AddListCommand(CommandLine& line);       // list

@@ -1,0 +1,26 @@
+// A correlation of a component by its name, and the messages about records without values.
+#pragma once
+
+#include <string>
+
+#include "desk/open/pure_component.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+
+// Throws Failure if the word is neither the name of a correlation nor the unique beginning of one.
+zel::ZelCorrelationInfo const& CorrelationNamed(std::string const& word);
+
+// Throws Failure if the component, named by `word`, does not have the correlation.
+Curve CurveOf(PureComponent const& component, zel::ZelCorrelationInfo const& info,
+              std::string const& word);
+
+// "component XXX, VaporPressure: " and what is wrong with its record; empty if nothing is.
+std::string WarningOf(std::string const& component, zel::ZelCorrelationInfo const& info,
+                      Curve const& curve);
+
+// The error if there is no value at any temperature.
+Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& info,
+                Curve const& curve);
+
+}  // namespace zel::desk

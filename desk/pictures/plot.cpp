@@ -1,0 +1,264 @@
+#include "desk/pictures/plot.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "desk/open/named_correlation.h"
+#include "desk/pictures/plot_words.h"
+#include "desk/words/number_range.h"
+
+namespace zel::desk {
+namespace {
+
+// One curve, over temperatures in K.
+struct Drawn {
+  std::string word;  // by which the component was named
+  std::string label;
+  std::unique_ptr<PureComponent> component;
+  Curve curve;
+  PureComponent const* reference = nullptr;  // its values divide those of the curve
+  Curve referenceCurve;
+
+  double Limit(double bound) const {
+    return zel::gen_IsUndefDouble(bound) ? bound
+                                         : zel::ConvertTemperature(bound, curve.tempUnit, kKelvin);
+  }
+};
+
+Point AtKelvin(PureComponent const& component, Curve const& curve, std::uint32_t index,
+               double kelvin) {
+  return component.At(index, zel::ConvertTemperature(kelvin, kKelvin, curve.tempUnit));
+}
+
+// The value, or its ratio to the reference; nothing is there if either has no value.
+Point ValueOf(Drawn const& one, std::uint32_t index, double kelvin) {
+  Point point = AtKelvin(*one.component, one.curve, index, kelvin);
+  if (one.reference == nullptr || !point.there) return point;
+  Point const below = AtKelvin(*one.reference, one.referenceCurve, index, kelvin);
+  point.there = below.there && below.value != 0.0;
+  if (point.there) point.value /= below.value;
+  if (point.status == 0) point.status = below.status;
+  return point;
+}
+
+class PlotMaker {
+ public:
+  PlotMaker(PreferenceList& list, PlotOptions const& options)
+      : list_(list),
+        o_(options),
+        info_(CorrelationNamed(options.correlation)),
+        index_(IndexOf(info_)) {}
+
+  Plot Make() {
+    Collect();
+    Span const span = FindSpan();
+    bool const isRatio = !o_.reference.empty();
+    Plot plot{{}, CurveTable(isRatio ? "" : info_.unit), {}};
+    Chart& chart = plot.chart;
+    chart.title = !o_.title.empty() ? o_.title : info_.label;
+    chart.xName = "T";
+    chart.xUnit = o_.units.UnitFor("K");
+    chart.yName = info_.name;
+    chart.yUnit = isRatio ? "" : o_.units.UnitFor(info_.unit);
+    if (isRatio) chart.yName += " / " + list_.Name(referenceSource_);
+    chart.logarithmic = o_.logarithmic;
+    SetSize(o_.size, chart);
+    for (Drawn const& one : drawn_) AddLine(one, span, plot);
+    AddPoints(chart);
+    for (ChartLine const& line : chart.lines) AddRows(line, plot.curves);
+    for (ChartLine& line : chart.lines) Convert(line);
+    for (IdentityConflict const& conflict : list_.Accepted()) {
+      chart.warnings.push_back("Warning: " + ToText(conflict));
+    }
+    chart.description = Describe(chart);
+    return plot;
+  }
+
+ private:
+  // One curve for each component, or for each component and each bank that has the correlation.
+  void Collect() {
+    bool const isRatio = !o_.reference.empty();
+    if (isRatio) referenceSource_ = SourceNamed(list_, o_.reference);
+    for (std::string const& word : o_.components) {
+      auto merged = std::make_unique<PureComponent>();
+      list_.Search(word, *merged);
+      std::size_t const before = drawn_.size();
+      for (std::size_t i = 0; (o_.each || isRatio) && i < list_.Count(); ++i) {
+        auto component = std::make_unique<PureComponent>();
+        if (!list_.Read(i, word, *component)) continue;
+        Curve curve = component->ReadCurve(index_);
+        if (curve.present) Add(word, std::move(component), std::move(curve), list_.Name(i));
+      }
+      if (isRatio) Relate(word, before);
+      if (drawn_.size() > before) continue;
+      Curve curve = CurveOf(*merged, info_, word);
+      std::string const source = curve.source;
+      Add(word, std::move(merged), std::move(curve), source);
+    }
+  }
+
+  void Add(std::string const& word, std::unique_ptr<PureComponent> component, Curve curve,
+           std::string const& source) {
+    std::string label = component->ReadIdentity().name;
+    if (!source.empty()) label += ", " + source;
+    drawn_.push_back({word, std::move(label), std::move(component), std::move(curve), nullptr, {}});
+  }
+
+  // Gives the curves from `first` on the reference source's curve of the component.
+  void Relate(std::string const& word, std::size_t first) {
+    auto reference = std::make_unique<PureComponent>();
+    std::string const source = list_.Name(referenceSource_);
+    Curve curve;
+    if (list_.Read(referenceSource_, word, *reference)) curve = reference->ReadCurve(index_);
+    if (!curve.present) {
+      throw Failure(source + " has no " + info_.name + " of " + word + " to compare with");
+    }
+    for (std::size_t i = first; i < drawn_.size(); ++i) {
+      drawn_[i].reference = reference.get();
+      drawn_[i].referenceCurve = curve;
+    }
+    references_.push_back(std::move(reference));
+  }
+
+  Span FindSpan() const {
+    Span span;
+    if (!o_.from.empty()) span.low = ParseTemperature(o_.from, o_.units).In(kKelvin);
+    if (!o_.to.empty()) span.high = ParseTemperature(o_.to, o_.units).In(kKelvin);
+    bool const takesLow = !span.low;
+    bool const takesHigh = !span.high;
+    for (Drawn const& one : drawn_) {
+      double const low = one.Limit(one.curve.tMin);
+      double const high = one.Limit(one.curve.tMax);
+      if (takesLow && !zel::gen_IsUndefDouble(low)) {
+        span.low = std::min(span.low.value_or(low), low);
+      }
+      if (takesHigh && !zel::gen_IsUndefDouble(high)) {
+        span.high = std::max(span.high.value_or(high), high);
+      }
+    }
+    if (!span.low || !span.high) throw Failure("the records have no limits; give --from and --to");
+    if (!(*span.low < *span.high)) {
+      throw WrongUsage("nothing to draw from " + Digits(o_.units.Shown(*span.low, "K")) + " to " +
+                       Digits(o_.units.Shown(*span.high, "K")) + " " + o_.units.UnitFor("K"));
+    }
+    return span;
+  }
+
+  ChartLine LineOf(Drawn const& one, Span const& span) const {
+    constexpr int kPoints = 400;
+    ChartLine line;
+    line.label = one.label;
+    double const limits[] = {one.Limit(one.curve.tMin), one.Limit(one.curve.tMax)};
+    std::vector<double> at(std::begin(limits), std::end(limits));
+    for (int i = 0; i <= kPoints; ++i) {
+      at.push_back(*span.low + (*span.high - *span.low) * i / kPoints);
+    }
+    std::sort(at.begin(), at.end());
+    at.erase(std::unique(at.begin(), at.end()), at.end());
+    for (double const kelvin : at) {
+      if (!span.Has(kelvin)) continue;
+      Point const point = ValueOf(one, index_, kelvin);
+      // Ratios of extrapolated values mean nothing and would hide the others.
+      if (!point.there || (one.reference != nullptr && point.status != 0)) continue;
+      ChartLine::Vertex const vertex = {kelvin, point.value, point.status != 0};
+      line.vertices.push_back(vertex);
+      if (kelvin == limits[0] || kelvin == limits[1]) line.marks.push_back(vertex);
+    }
+    return line;
+  }
+
+  // A source that shares no temperatures with the reference is left out with a warning.
+  void AddLine(Drawn const& one, Span const& span, Plot& plot) const {
+    ChartLine line = LineOf(one, span);
+    std::string warning = WarningOf(one.word, info_, one.curve);
+    if (!line.vertices.empty()) {
+      plot.chart.lines.push_back(std::move(line));
+    } else if (one.reference == nullptr) {
+      throw NoValue(one.word, info_, one.curve);
+    } else {
+      warning = one.label + " and " + list_.Name(referenceSource_) + " have no values in common";
+    }
+    if (warning.empty()) return;
+    plot.warnings.push_back(warning);
+    plot.chart.warnings.push_back("Warning: " + warning);
+  }
+
+  // A ratio needs a single reference: that of the only component.
+  void AddPoints(Chart& chart) const {
+    if (o_.points.empty()) return;
+    if (!references_.empty() && references_.size() > 1) {
+      throw WrongUsage("--points with --reference needs a single component");
+    }
+    for (PlotPoints const& set : o_.points) {
+      ChartLine line;
+      line.label = set.label;
+      line.isPoints = true;
+      for (PlotPoints::Point const& point : set.points) {
+        double value = point.value;
+        if (!references_.empty()) {
+          Point const below =
+              AtKelvin(*references_[0], drawn_[0].referenceCurve, index_, point.kelvin);
+          if (!below.there || below.value == 0.0) continue;
+          value /= below.value;
+        }
+        line.vertices.push_back({point.kelvin, value, false});
+      }
+      chart.lines.push_back(std::move(line));
+    }
+  }
+
+  // From internal units to those of the chart.
+  void Convert(ChartLine& line) const {
+    for (std::vector<ChartLine::Vertex>* const some : {&line.vertices, &line.marks}) {
+      for (ChartLine::Vertex& vertex : *some) {
+        vertex.x = o_.units.Shown(vertex.x, "K");
+        if (o_.reference.empty()) vertex.y = o_.units.Shown(vertex.y, info_.unit);
+      }
+    }
+  }
+
+  static Table CurveTable(std::string const& unit) {
+    return Table("curves", {{"line", ""}, {"T", "K"}, {"value", unit}, {"range", ""}});
+  }
+
+  static void AddRows(ChartLine const& line, Table& table) {
+    for (ChartLine::Vertex const& vertex : line.vertices) {
+      table.Add(line.label, vertex.x, Number(vertex.y),
+                line.isPoints         ? "point"
+                : vertex.extrapolated ? "outside"
+                                      : "inside");
+    }
+  }
+
+  static std::string Describe(Chart const& chart) {
+    std::string const unit = chart.yUnit.empty() ? "" : " [" + chart.yUnit + "]";
+    std::string text = chart.yName + unit + " over T [" + chart.xUnit + "]" +
+                       (chart.logarithmic ? ", on a logarithmic axis" : "");
+    for (ChartLine const& line : chart.lines) {
+      text += "; " + line.label;
+      if (line.vertices.empty()) continue;
+      auto const& first = line.vertices.front();
+      auto const& last = line.vertices.back();
+      text += ": " + Digits(first.y) + " at " + Digits(first.x) + ", " + Digits(last.y) + " at " +
+              Digits(last.x);
+    }
+    return text;
+  }
+
+  PreferenceList& list_;
+  PlotOptions const& o_;
+  zel::ZelCorrelationInfo const& info_;
+  std::uint32_t index_;
+  std::size_t referenceSource_ = 0;
+  std::vector<Drawn> drawn_;
+  std::vector<std::unique_ptr<PureComponent>> references_;
+};
+
+}  // namespace
+
+Plot MakePlot(PreferenceList& list, PlotOptions const& options) {
+  return PlotMaker(list, options).Make();
+}
+
+}  // namespace zel::desk
