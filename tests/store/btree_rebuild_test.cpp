@@ -40,9 +40,11 @@ class BTreeRebuildTest : public ::testing::Test {
 
   // A tree of three levels in a new library, from which a key of its root is deleted, and an absent
   // key.
-  static void LoadAndRebuild(platform::FileSystem& system, std::string const& path) {
+  static void LoadAndRebuild(platform::FileSystem& system, std::string const& path,
+                             bool bounded = false) {
     LibFile_i library(system, accUpdate, path.c_str(), "t");
     ASSERT_EQ(library.CreateNew(libKind11), openOk);
+    library.Store().BoundMemory(bounded);
     std::array<std::int32_t, format::kHeadWords> head{};
     constexpr std::int32_t kDataWords = 14;
     InitTreeHead(head.data(), false, 2, kDataWords, libKind11);
@@ -79,6 +81,10 @@ TEST_F(BTreeRebuildTest, BytesAreTheSameOnEachKindOfFile) {
   LoadAndRebuild(failing, Path());
   EXPECT_GT(mapped.size(), 9000U * 68U);
   EXPECT_EQ(BytesOf(folder_ / "t.lb2"), mapped);
+  fs::remove(Path());
+  fs::remove(folder_ / "t.lb2");
+  LoadAndRebuild(platform::PosixFileSystem(), Path(), true);
+  EXPECT_EQ(BytesOf(folder_ / "t.lb2"), mapped) << "with bounded memory";
   for (bool inPlace : {true, false}) {
     test::MemoryFileSystem files;
     files.ServeViews(inPlace);
