@@ -154,6 +154,16 @@ TEST_F(XmlEventsTest, DocumentsThatAreNotPlainNeedTheirTree) {
   }
 }
 
+// There is room for the digests of as many blocks as the file had when it was opened.
+TEST_F(XmlEventsTest, FileThatGrowsBeforeItsFirstReadingCannotBeRead) {
+  MakeFile("d.xml", "<r>" + std::string(200, ' ') + "</r>");
+  DocumentText file;
+  ASSERT_EQ(file.Open(Path("d.xml"), 64), platform::ReadResult::kRead);
+  MakeFile("d.xml", "<r>" + std::string(2000, ' ') + "</r>");
+  EXPECT_FALSE(CheckXml(file).isGood);
+  EXPECT_TRUE(file.HasFailed());
+}
+
 // A block that is not the one of the first reading is not handed out.
 TEST_F(XmlEventsTest, FileThatChangesIsNoticedBeforeItIsUsed) {
   std::string document = "<r>";
