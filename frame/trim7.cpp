@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 #include "frame/limits.h"
 
@@ -25,9 +26,9 @@ constexpr double kNearHalf = 1e-6;
 // powers, and its result is known in advance.
 constexpr std::uint32_t kUndefinedBits = 0xF99A130C;
 
-// Scaling by a power of ten without a branch. Index 0 is the lowest power. To seven digits by one
-// product, which is rounded twice where the power is negative; back by a factor and a divisor, one
-// of them 1, so that the result is rounded once.
+// Scaling by a power of ten without a branch. To seven digits by one product, which is rounded
+// twice where the power is negative; back by a factor and a divisor, one of them 1, so that the
+// result is rounded once.
 struct ScaleStep {
   double up;
   double factor;
@@ -39,45 +40,42 @@ constexpr ScaleStep StepFor(int power) {
                     : ScaleStep{1.0 / kPowers[static_cast<std::size_t>(-power)],
                                 kPowers[static_cast<std::size_t>(-power)], 1.0};
 }
-constexpr std::array<ScaleStep, 2 * kExactPowers + 1> MakeSteps() {
-  std::array<ScaleStep, 2 * kExactPowers + 1> steps{};
-  for (int p = -kExactPowers; p <= kExactPowers; ++p) {
-    steps[static_cast<std::size_t>(p + kExactPowers)] = StepFor(p);
-  }
-  return steps;
-}
-constexpr std::array<ScaleStep, 2 * kExactPowers + 1> kSteps = MakeSteps();
 
-// For a binary exponent field of a float: the power of ten that scales the smallest float of that
-// field to seven digits, and `next`, the number from which on a power lower by one does so. Fields
-// whose floats need powers that a double does not hold exactly have power kNoPower.
-struct FieldScale {
-  double next;
-  int power;
+constexpr double PowerOf(int e10) {
+  return e10 >= 0 ? kPowers[static_cast<std::size_t>(e10)]
+                  : 1.0 / kPowers[static_cast<std::size_t>(-e10)];
+}
+
+// For a binary exponent field of a float, in a cache line of its own: the step that scales its
+// smallest float to seven digits, and the one by a power lower by one, for the floats from `next`
+// on, given as bits without sign. Fields whose floats need powers that a double does not hold
+// exactly have steps that yield no number.
+struct alignas(64) FieldScale {
+  ScaleStep steps[2];
+  std::uint32_t next;
 };
-constexpr int kNoPower = 99;
 
 constexpr std::array<FieldScale, 256> MakeScales() {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
   std::array<FieldScale, 256> scales{};
   for (int field = 0; field < 256; ++field) {
     FieldScale& scale = scales[static_cast<std::size_t>(field)];
-    scale = {0.0, kNoPower};
+    scale = {{{kNone, 1.0, 1.0}, {kNone, 1.0, 1.0}}, 0};
     int const e2 = field - 127;
     if (field == 0 || e2 > 72 || e2 < -52) continue;
     double smallest = 1.0;
     for (int i = 0; i < e2; ++i) smallest *= 2.0;
     for (int i = 0; i > e2; --i) smallest /= 2.0;
     int e10 = -17;  // of the smallest float: 10^e10 <= smallest
-    while (e10 < kExactPowers &&
-           (e10 + 1 >= 0 ? kPowers[static_cast<std::size_t>(e10 + 1)]
-                         : 1.0 / kPowers[static_cast<std::size_t>(-e10 - 1)]) <= smallest) {
-      ++e10;
-    }
+    while (e10 < kExactPowers && PowerOf(e10 + 1) <= smallest) ++e10;
     int const power = 6 - e10;
     if (power > kExactPowers || power - 1 < -kExactPowers || e10 + 1 > kExactPowers) continue;
-    double const next = e10 + 1 >= 0 ? kPowers[static_cast<std::size_t>(e10 + 1)]
-                                     : 1.0 / kPowers[static_cast<std::size_t>(-e10 - 1)];
-    scale = {next, power};
+    // The smallest float that is not below the power of ten.
+    double const next = PowerOf(e10 + 1);
+    auto const nearest = static_cast<float>(next);
+    auto const bits = std::bit_cast<std::uint32_t>(nearest);
+    scale = {{StepFor(power), StepFor(power - 1)},
+             static_cast<double>(nearest) < next ? bits + 1 : bits};
   }
   return scales;
 }
@@ -91,33 +89,31 @@ double TrimByText(double value) noexcept {
   return result;
 }
 
-inline double Trim(float value) noexcept {
-  auto const bits = std::bit_cast<std::uint32_t>(value);
-  std::uint32_t const field = bits >> 23 & 0xFF;
-  double const exact = value;
-  FieldScale const& scale = kScales[field];
-  if (scale.power == kNoPower) {
-    bool const zeroOrNoNumber = (bits & 0x7FFFFFFF) == 0 || field == 0xFF;
-    if (zeroOrNoNumber) return exact;
-    return bits == kUndefinedBits ? gen_GetUndefDouble() : TrimByText(exact);
-  }
-  double const magnitude = std::fabs(exact);
-  int const power = scale.power - (magnitude >= scale.next ? 1 : 0);
-  ScaleStep const& step = kSteps[static_cast<std::size_t>(power + kExactPowers)];
-  double const scaled = magnitude * step.up;
-  auto const digits = static_cast<std::int64_t>(scaled);
-  double const fraction = scaled - static_cast<double>(digits);
-  if (std::fabs(fraction - 0.5) < kNearHalf) return TrimByText(exact);
-  double const rounded = static_cast<double>(static_cast<std::int64_t>(scaled + 0.5));
-  return std::copysign(rounded * step.factor / step.divisor, exact);
+// Floats that no step scales, and those whose seventh digit the printed text decides.
+double TrimRare(std::uint32_t bits) noexcept {
+  if (bits == kUndefinedBits) return gen_GetUndefDouble();
+  double const exact = std::bit_cast<float>(bits);
+  bool const zeroOrNoNumber = (bits & 0x7FFFFFFF) == 0 || (bits >> 23 & 0xFF) == 0xFF;
+  return zeroOrNoNumber ? exact : TrimByText(exact);
+}
+
+inline double Trim(std::uint32_t bits) noexcept {
+  // Added to a number of seven digits and subtracted again, it rounds to the nearest integer.
+  constexpr double kRounder = 6755399441055744.0;  // 1.5 times 2^52
+  FieldScale const& scale = kScales[bits >> 23 & 0xFF];
+  ScaleStep const& step = scale.steps[(bits & 0x7FFFFFFF) >= scale.next ? 1 : 0];
+  double const scaled = static_cast<double>(std::bit_cast<float>(bits)) * step.up;
+  double const rounded = scaled + kRounder - kRounder;
+  if (!(std::fabs(scaled - rounded) < 0.5 - kNearHalf)) return TrimRare(bits);
+  return rounded * step.factor / step.divisor;
 }
 
 }  // namespace
 
-double Trim7(float value) noexcept { return Trim(value); }
+double Trim7(float value) noexcept { return Trim(std::bit_cast<std::uint32_t>(value)); }
 
 void Trim7Words(std::int32_t const* words, std::int32_t count, double* values) noexcept {
-  for (std::int32_t i = 0; i < count; ++i) values[i] = Trim(std::bit_cast<float>(words[i]));
+  for (std::int32_t i = 0; i < count; ++i) values[i] = Trim(static_cast<std::uint32_t>(words[i]));
 }
 
 }  // namespace zel
