@@ -1,8 +1,14 @@
 set(desk_SOURCES
     change/library_change.cpp
     change/work_folder.cpp
+    combine/bank_copy.cpp
+    combine/flatten.cpp
+    combine/item_numbers.cpp
+    combine/merge.cpp
+    combine/renumber.cpp
     compare/comparison.cpp
     compare/counterparts.cpp
+    compare/coverage.cpp
     compare/curve_deviation.cpp
     face/component.cpp
     face/item.cpp

@@ -108,6 +108,8 @@ class LibMaint_i final : public LibMaint_p {
   void SetImportChecks(zelImportChecks checks) override { importChecks_ = checks; }
   void GetImportCounts(ZelImportCounts& counts) override { counts = importCounts_; }
   void SetLogSink(ZelLogSink* sink) override { log_.SetSink(sink); }
+  bool RenumberComponent(char const* bankName, std::int32_t from, std::int32_t to,
+                         char* text) override;
 
   zelImportChecks ImportChecks() const noexcept { return importChecks_; }
   // The log to which imports and exports of this library report; its pending text is the reason of
@@ -154,6 +156,8 @@ class LibMaint_i final : public LibMaint_p {
   IZelBankDef* BankOfType(char const* type);
   void WriteRecord(IZelBankIO* bank);
   void AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key);
+  void MoveEntry(char const* name, std::int32_t const* from, std::int32_t const* to,
+                 std::int32_t const* data);
   void AddRecordBehindItsKey(IZelBankIO* bank, char const* name, std::int32_t const* key);
   void WriteBlocks(IZelBankIO* bank, std::int32_t* data);
   void EnterIdentifiers(IZelBankIO* bank);

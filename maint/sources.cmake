@@ -6,6 +6,7 @@ set(maint_SOURCES
     lib_maint_identity.cpp
     lib_maint_items.cpp
     lib_maint_numbers.cpp
+    lib_maint_renumber.cpp
     lib_maint_walks.cpp
     located_bank.cpp
     maint_log.cpp

@@ -1,5 +1,7 @@
 #include "desk/open/item_values.h"
 
+#include <algorithm>
+
 #include "desk/open/fields.h"
 
 namespace zel::desk {
@@ -81,6 +83,28 @@ std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other) {
     return CellText(named.value) + " (code " + std::to_string(named.code) + ")";
   };
   return {withCode(one), withCode(other)};
+}
+
+std::vector<DifferingValue> DifferingValues(std::vector<NamedValue> const& one,
+                                            std::vector<NamedValue> const& other) {
+  auto const find = [](std::vector<NamedValue> const& values, std::string const& name) {
+    return std::find_if(values.begin(), values.end(),
+                        [&](NamedValue const& value) { return value.name == name; });
+  };
+  std::vector<DifferingValue> found;
+  auto const put = [&](NamedValue const& here, NamedValue const& there) {
+    if (here == there) return;
+    auto [first, second] = Beside(here, there);
+    found.push_back({here.name, std::move(first), std::move(second)});
+  };
+  for (NamedValue const& value : one) {
+    auto const at = find(other, value.name);
+    put(value, at == other.end() ? NamedValue{value.name, {}} : *at);
+  }
+  for (NamedValue const& value : other) {
+    if (find(one, value.name) == one.end()) put({value.name, {}}, value);
+  }
+  return found;
 }
 
 std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item) {

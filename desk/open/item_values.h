@@ -23,6 +23,15 @@ struct NamedValue {
 // Two values of the same name as they are shown side by side: a word that two codes share is shown
 // with its code.
 std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other);
+// The values of one name that differ between two items: the name and both values. A value that one
+// item does not have is empty there.
+struct DifferingValue {
+  std::string name;
+  Cell one;
+  Cell other;
+};
+std::vector<DifferingValue> DifferingValues(std::vector<NamedValue> const& one,
+                                            std::vector<NamedValue> const& other);
 // The values of an item just read, by the fields of its type.
 std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item);
 // The values of a pure component, without those that are missing.

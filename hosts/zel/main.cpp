@@ -87,12 +87,14 @@ int Run(int count, char** words) {
     zelhost::AddCurveCommands(line);
     zelhost::AddPlotCommand(line);
     zelhost::AddSearchCommands(line);
+    zelhost::AddCoverageCommand(line);
     zelhost::AddDocumentCommands(line);
     zelhost::AddListCommand(line);
     zelhost::AddItemCommands(line);
     zelhost::AddDiffCommand(line);
     zelhost::AddCheckCommand(line);
     zelhost::AddCompareCommand(line);
+    zelhost::AddCombineCommands(line);
     return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();

@@ -67,6 +67,20 @@ class ZEL_API LibMaint_p : public LibMaint {
   /// and reaches the caller.
   /// \param sink  not owned, must outlive the runs; null, as at first, for standard output
   virtual void SetLogSink(ZelLogSink* sink) = 0;
+  /// Gives a component of a pure component bank another number: its record moves to the new key,
+  /// and all character IDs and CAS numbers of the library that lead to the old number lead to the
+  /// new one. Items of other banks that are named by the number stay as they are, and so does the
+  /// same component in other banks. Throws a block error.
+  /// \param bankName  bank name; null is the empty text
+  /// \param from      number of the component
+  /// \param to        the new number, which no item of the bank has
+  /// \param text      buffer of 300 characters, receives why the call failed, empty on success; may
+  ///                  be null
+  /// \return false, and nothing has changed, when the bank does not have the component, the bank has
+  ///         the new number, the numbers are equal, or CheckComponent refuses the component under
+  ///         the new number
+  virtual bool RenumberComponent(char const* bankName, std::int32_t from, std::int32_t to,
+                                 char* text) = 0;
 
  protected:
   LibMaint_p() = default;

@@ -15,6 +15,7 @@ set(maint_TEST_SOURCES
     numbers_test.cpp
     one_file_test.cpp
     pairs_test.cpp
+    renumber_test.cpp
     text_dump_test.cpp
     two_objects_test.cpp
     walks_test.cpp)

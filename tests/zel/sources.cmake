@@ -2,11 +2,14 @@ set(zel_TEST_SOURCES
     bad_input_test.cpp
     bad_items_test.cpp
     change_test.cpp
+    combine_test.cpp
     commands_test.cpp
     compare_test.cpp
+    coverage_test.cpp
     curve_test.cpp
     documents_test.cpp
     fault_run.cpp
+    flatten_test.cpp
     folder_test.cpp
     identity_test.cpp
     kill_test.cpp

@@ -83,17 +83,19 @@ class Command {
 };
 
 // All commands.
-void AddLibraryCommands(CommandLine& line);   // create, info, memo, set
-void AddBankCommands(CommandLine& line);      // types, banks, items
-void AddShowCommands(CommandLine& line);      // show, find
-void AddCurveCommands(CommandLine& line);     // eval
+void AddLibraryCommands(CommandLine& line);  // create, info, memo, set
+void AddBankCommands(CommandLine& line);     // types, banks, items
+void AddShowCommands(CommandLine& line);     // show, find
+void AddCurveCommands(CommandLine& line);    // eval
 void AddPlotCommand(CommandLine& line);
-void AddSearchCommands(CommandLine& line);    // search, why, coverage
+void AddSearchCommands(CommandLine& line);  // search, why
+void AddCoverageCommand(CommandLine& line);
 void AddDocumentCommands(CommandLine& line);  // import, export, dump
 void AddListCommand(CommandLine& line);       // list
 void AddItemCommands(CommandLine& line);      // copy, delete
 void AddDiffCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);
 void AddCompareCommand(CommandLine& line);
+void AddCombineCommands(CommandLine& line);  // flatten, merge, renumber
 
 }  // namespace zelhost

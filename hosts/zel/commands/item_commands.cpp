@@ -8,6 +8,7 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/change/library_change.h"
+#include "desk/combine/bank_copy.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/unfinished_change.h"
@@ -30,43 +31,6 @@ struct Options {
   bool wholeBank = false;
 };
 
-[[noreturn]] void Refuse(Library const& to, BankName const& bank, std::string const& item,
-                         std::string const& why) {
-  throw Failure(to.Path() + ": " + ToText(bank) + ", item " + item + ": " + why);
-}
-
-void MakeBank(Library const& from, Library const& to, BankName const& bank) {
-  char const* const type = bank.type.c_str();
-  char const* const name = bank.name.c_str();
-  if (to.Maint().BankExists(type, name)) {
-    std::int32_t const there = to.Maint().GetBankFormat(type, name);
-    std::int32_t const here = from.Maint().GetBankFormat(type, name);
-    if (there < here) {
-      throw Failure(to.Path() + ": bank " + ToText(bank) + " is of format " +
-                    std::to_string(there) + ", which has no room for all fields of format " +
-                    std::to_string(here));
-    }
-    return;
-  }
-  if (!to.Maint().CreateBank(type, name, from.Maint().GetBankFormat(type, name))) {
-    throw Failure(to.Path() + ": bank " + ToText(bank) + " cannot be created");
-  }
-  char memo[kMemoSize] = {};
-  from.Maint().GetBankMemo(type, name, memo);
-  if (*memo != '\0') to.Maint().SetBankMemo(type, name, memo);
-}
-
-// Why a component is refused, in the words of the library's identity check.
-std::string Reasons(Library const& to, zel::IZelBankDef& item, zel::Key& key) {
-  void* face = nullptr;
-  if (item.QueryInterface(zel::IID_IZelPureComp, &face) != zel::kStatusOk) return "is refused";
-  auto* const component = static_cast<zel::IZelPureComp*>(face);
-  char text[300] = {};
-  to.Maint().CheckComponent(component, &key, text);
-  component->Release();
-  return std::string("is refused: ") + text;
-}
-
 // Copies the item with this stored key; it is read into `item` first. Returns the number of items
 // copied: 1, or 0 for one that cannot be read.
 int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::IZelBankDef& item,
@@ -75,23 +39,21 @@ int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::
   char const* const name = bank.name.c_str();
   try {
     if (!from.Maint().ReadItem(&item, name, key.get())) {
-      Refuse(from, bank, shown, "cannot be read");
+      RefuseItem(from, bank, shown, "cannot be read");
     }
   } catch (unsigned long const address) {
     from.TellUnread(ToText(bank) + " " + shown, address);
     return 0;
   }
   if (!replace && to.Maint().ItemExists(&item, name, key.get())) {
-    Refuse(to, bank, shown, "exists already; --replace replaces it");
+    RefuseItem(to, bank, shown, "exists already; --replace replaces it");
   }
-  if (!to.Maint().WriteItem(&item, name, key.get())) {
-    Refuse(to, bank, shown, Reasons(to, item, *key));
-  }
+  WriteItem(to, bank, item, *key, shown);
   return 1;
 }
 
 std::int64_t CopyBank(Library const& from, Library const& to, BankName const& bank, bool replace) {
-  MakeBank(from, to, bank);
+  MakeBankLike(from, to, bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   KeyWords words(from, *item);
   std::vector<std::vector<std::int32_t>> keys;
@@ -107,11 +69,11 @@ std::int64_t CopyBank(Library const& from, Library const& to, BankName const& ba
 
 std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   BankName const bank = from.Bank(o.banks.front());
-  MakeBank(from, to, bank);
+  MakeBankLike(from, to, bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   zel::Handle<zel::Key> const key = KeyIn(from, *item, o.words);
   if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
-    Refuse(from, bank, Joined(o.words), "does not exist" + WhyNotFound(from, *item, o.words));
+    RefuseItem(from, bank, Joined(o.words), "does not exist" + WhyNotFound(from, *item, o.words));
   }
   // By numbers and as it is stored: the other library need not know the IDs.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
@@ -172,8 +134,8 @@ Report Delete(Session& session, Options const& o) {
     zel::Handle<zel::Key> const key = KeyIn(library, *item, o.words);
     words = ItemWords(library, *item, o.words);
     if (!library.Maint().DeleteItem(type, name, key.get())) {
-      Refuse(library, bank, Joined(o.words),
-             "does not exist" + WhyNotFound(library, *item, o.words));
+      RefuseItem(library, bank, Joined(o.words),
+                 "does not exist" + WhyNotFound(library, *item, o.words));
     }
   }
   Report report;

@@ -23,7 +23,7 @@ or as TYPE:NAME; a component by its number, its ID, its CAS number or its name, 
 unique beginning of the name; a temperature with its unit, as in
 298.15K, 25C, 537R or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
 .PP
-memo, set, import, copy, delete and create \-\-force work on a copy next to the library and move it into place
+memo, set, import, copy, delete, merge, renumber and create \-\-force work on a copy next to the library and move it into place
 at the end: a command that fails or is killed leaves the library unchanged.
 .SH OPTIONS OF ALL COMMANDS
 )";

@@ -1,0 +1,158 @@
+#include "desk/combine/merge.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "desk/combine/bank_copy.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
+#include "desk/open/item_values.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+namespace {
+
+// An item of any type, with what its type allows to be said about it.
+class AnyItem {
+ public:
+  explicit AnyItem(std::string const& type) {
+    if (type == kPureType) {
+      component_ = std::make_unique<PureComponent>();
+    } else {
+      item_ = BankOfType(type);
+    }
+  }
+  zel::IZelBankDef& Def() const { return component_ ? *component_->Def() : *item_; }
+  bool Read(Library const& library, BankName const& bank, zel::Key& key) const {
+    return library.Maint().ReadItem(&Def(), bank.name.c_str(), &key);
+  }
+  std::vector<NamedValue> Values() const {
+    return component_ ? ValuesOf(*component_) : ValuesOf(*item_);
+  }
+  // Null unless it is a pure component.
+  PureComponent const* Component() const { return component_.get(); }
+
+ private:
+  std::unique_ptr<PureComponent> component_;
+  zel::Handle<zel::IZelBankDef> item_;
+};
+
+class Merger {
+ public:
+  Merger(Library const& library, Library const& from, MergeOptions const& options)
+      : library_(library), from_(from), options_(options) {}
+
+  Merged Take();
+
+ private:
+  struct Counts {
+    std::int64_t added = 0;
+    std::int64_t same = 0;
+    std::int64_t differing = 0;
+  };
+
+  std::vector<BankName> Banks() const;
+  void Bank(BankName const& bank);
+  void Item(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
+            std::vector<std::int32_t> const& stored, std::string const& shown, Counts& counts);
+  void CheckSubstance(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
+                      std::string const& shown);
+  bool IsListing() const { return options_.side == MergeSide::kList; }
+
+  Library const& library_;
+  Library const& from_;
+  MergeOptions const& options_;
+  Merged result_;
+  std::int64_t differing_ = 0;
+  std::string firstDiffering_;
+};
+
+std::vector<BankName> Merger::Banks() const {
+  std::vector<BankName> banks;
+  if (options_.banks.empty()) banks = from_.Banks();
+  for (std::string const& word : options_.banks) banks.push_back(from_.Bank(word));
+  // Components first, because pairs refer to them.
+  std::stable_partition(banks.begin(), banks.end(),
+                        [](BankName const& bank) { return bank.type == kPureType; });
+  return banks;
+}
+
+Merged Merger::Take() {
+  for (BankName const& bank : Banks()) Bank(bank);
+  if (options_.side == MergeSide::kRefuse && differing_ > 0) {
+    throw Failure(library_.Path() + ": " + std::to_string(differing_) + " items differ from " +
+                  from_.Path() + ", the first one is " + firstDiffering_ +
+                  "; --list shows them, --ours keeps those of " + library_.Path() +
+                  ", --theirs replaces them");
+  }
+  return std::move(result_);
+}
+
+void Merger::Bank(BankName const& bank) {
+  AnyItem const ours(bank.type);
+  AnyItem const theirs(bank.type);
+  if (!IsListing()) MakeBankLike(from_, library_, bank);
+  KeyWords words(from_, theirs.Def());
+  std::vector<std::vector<std::int32_t>> keys;
+  from_.Walk(bank, [&] { keys = Keys(from_, bank, theirs.Def()); });
+  Counts counts;
+  for (auto const& stored : keys) {
+    Item(bank, ours, theirs, stored, Joined(words.Of(stored)), counts);
+  }
+  result_.banks.Add(ToText(bank), counts.added, counts.same, counts.differing);
+}
+
+void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
+                  std::vector<std::int32_t> const& stored, std::string const& shown,
+                  Counts& counts) {
+  zel::Handle<zel::Key> const key = StoredKey(stored);
+  std::string const place = ToText(bank) + " " + shown;
+  try {
+    if (!theirs.Read(from_, bank, *key)) RefuseItem(from_, bank, shown, "cannot be read");
+  } catch (unsigned long const address) {
+    return from_.TellUnread(place, address);
+  }
+  if (!ours.Read(library_, bank, *key)) {
+    ++counts.added;
+    if (!IsListing()) WriteItem(library_, bank, theirs.Def(), *key, shown);
+    return;
+  }
+  std::vector<DifferingValue> const found = DifferingValues(ours.Values(), theirs.Values());
+  if (found.empty()) {
+    ++counts.same;
+    return;
+  }
+  ++counts.differing;
+  if (differing_++ == 0) firstDiffering_ = place;
+  CheckSubstance(bank, ours, theirs, shown);
+  for (DifferingValue const& value : found) {
+    if (IsListing()) result_.differences.Add(place, value.name, value.one, value.other);
+  }
+  if (options_.side == MergeSide::kTheirs) WriteItem(library_, bank, theirs.Def(), *key, shown);
+}
+
+void Merger::CheckSubstance(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
+                            std::string const& shown) {
+  if (ours.Component() == nullptr) return;
+  auto conflict =
+      ConflictIn(shown, {{library_.Path() + ":" + bank.name, ours.Component()->Compared()},
+                         {from_.Path() + ":" + bank.name, theirs.Component()->Compared()}});
+  if (!conflict) return;
+  if (!IsListing() && !options_.acceptIdentity) {
+    throw Failure(ToText(*conflict) +
+                  "; `zel renumber` gives one of them another number, --accept-identity goes on");
+  }
+  result_.conflicts.push_back(std::move(*conflict));
+}
+
+}  // namespace
+
+Merged::Merged()
+    : banks("banks", {{"bank", ""}, {"added", ""}, {"same", ""}, {"differing", ""}}),
+      differences("differences", {{"item", ""}, {"field", ""}, {"ours", ""}, {"theirs", ""}}) {}
+
+Merged Merge(Library const& library, Library const& from, MergeOptions const& options) {
+  return Merger(library, from, options).Take();
+}
+
+}  // namespace zel::desk
