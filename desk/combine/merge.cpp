@@ -80,8 +80,9 @@ std::vector<BankName> Merger::Banks() const {
 Merged Merger::Take() {
   for (BankName const& bank : Banks()) Bank(bank);
   if (options_.side == MergeSide::kRefuse && differing_ > 0) {
-    throw Failure(library_.Path() + ": " + std::to_string(differing_) + " items differ from " +
-                  from_.Path() + ", the first one is " + firstDiffering_ +
+    throw Failure(library_.Path() + ": " + std::to_string(differing_) +
+                  (differing_ == 1 ? " item differs from " : " items differ from ") + from_.Path() +
+                  ", the first one is " + firstDiffering_ +
                   "; --list shows them, --ours keeps those of " + library_.Path() +
                   ", --theirs replaces them");
   }

@@ -47,7 +47,7 @@ class MergeTest : public CombineTest {
 
 TEST_F(MergeTest, DifferingItemsAreRefusedUnlessASideIsNamed) {
   Fails("merge own.lb1 from.lb1", 1,
-        "own.lb1: 1 items differ from from.lb1, the first one is PURECOMP:B B; --list shows them");
+        "own.lb1: 1 item differs from from.lb1, the first one is PURECOMP:B B; --list shows them");
 }
 
 TEST_F(MergeTest, OursKeepsAndAdds) {

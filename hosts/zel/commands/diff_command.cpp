@@ -132,21 +132,8 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
   std::vector<NamedValue> const a = valuesIn(one_);
   std::vector<NamedValue> const b = valuesIn(other_);
   if (!isRead) return;
-  auto const valueIn = [](std::vector<NamedValue> const& values, std::string const& name) {
-    auto const at = std::find_if(values.begin(), values.end(),
-                                 [&](NamedValue const& value) { return value.name == name; });
-    return at == values.end() ? NamedValue{name, {}} : *at;
-  };
-  auto const put = [&](NamedValue const& here, NamedValue const& there) {
-    if (here == there) return;
-    auto [one, other] = Beside(here, there);
-    table_.Add(place, here.name, std::move(one), std::move(other));
-  };
-  for (NamedValue const& value : a) put(value, valueIn(b, value.name));
-  for (NamedValue const& value : b) {
-    bool const isNew = std::none_of(
-        a.begin(), a.end(), [&](NamedValue const& known) { return known.name == value.name; });
-    if (isNew) put({value.name, {}}, value);
+  for (DifferingValue& value : DifferingValues(a, b)) {
+    table_.Add(place, value.name, std::move(value.one), std::move(value.other));
   }
 }
 
