@@ -239,6 +239,13 @@ TEST_F(BadInputTest, EveryCommandRefusesEachBadLibrary) {
                                   "delete @ NRTL 1 2",
                                   "diff @ sample.lb1",
                                   "diff sample.lb1 @",
+                                  "compare @ perry.lb1",
+                                  "compare perry.lb1 @",
+                                  "flatten perry.lb1 @ -o x.lb1",
+                                  "merge @ sample.lb1 --list",
+                                  "merge @ sample.lb1 --ours",
+                                  "merge sample.lb1 @ --theirs",
+                                  "renumber @ ETHANOL 21000001",
                                   "check @",
                                   "check perry.lb1 @",
                                   "--names @ banks sample.lb1"};

@@ -121,6 +121,15 @@ TEST_F(MergeTest, BadWords) {
 
 class RenumberTest : public CombineTest {};
 
+TEST_F(RenumberTest, ProtectedLibraryNeedsItsPassword) {
+  std::filesystem::create_directory(Folder() / "own");
+  Good("copy perry.lb1 own/own.lb1 --create --bank PERRY --item ETHANOL");
+  Good("set own/own.lb1 --new-password sesam");
+  Fails("renumber own/own.lb1 ETHANOL 21000001", 1, "--password");
+  Good("renumber own/own.lb1 ETHANOL 21000001 --password sesam");
+  EXPECT_EQ(Json("show own/own.lb1 PERRY ETHANOL")["number"], 21000001);
+}
+
 TEST_F(RenumberTest, PairsMappingsGroupsAndTheComponent) {
   Good("copy perry.lb1 own.lb1 --create --bank PERRY");
   Good("copy crc.lb1 own.lb1 --bank CRC");
