@@ -35,6 +35,11 @@ set(desk_SOURCES
     open/unfinished_change.cpp
     open/unread_items.cpp
     words/display_units.cpp
+    pages/equation_texts.cpp
+    pages/json_text.cpp
+    pages/page.cpp
+    pages/page_data.cpp
+    pages/sampled_curve.cpp
     pictures/axis.cpp
     pictures/chart.cpp
     pictures/line_style.cpp

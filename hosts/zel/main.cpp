@@ -86,6 +86,7 @@ int Run(int count, char** words) {
     zelhost::AddShowCommands(line);
     zelhost::AddCurveCommands(line);
     zelhost::AddPlotCommand(line);
+    zelhost::AddPageCommands(line);
     zelhost::AddSearchCommands(line);
     zelhost::AddCoverageCommand(line);
     zelhost::AddDocumentCommands(line);

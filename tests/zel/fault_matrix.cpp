@@ -60,6 +60,8 @@ constexpr CommandLine kCommands[] = {
     {"coverage --model NRTL --matrix -l own.lb1 -l pairs.lb1", nullptr},
     {"eval ETHANOL VaporPressure -l own.lb1 --at 300K 400K", nullptr},
     {"plot VaporPressure ETHANOL WATER -l own.lb1 -o chart.svg", nullptr},
+    {"sheet ETHANOL WATER -l own.lb1 -o sheet.html", nullptr},
+    {"report -l own.lb1 -o library.html", nullptr},
     {"check own.lb1", kDamage},
     {"diff own.lb1 other.lb1", nullptr},
     {"compare own.lb1 other.lb1 --codes --missing", nullptr},

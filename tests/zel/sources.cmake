@@ -19,6 +19,7 @@ set(zel_TEST_SOURCES
     moves_test.cpp
     names_test.cpp
     output_test.cpp
+    page_test.cpp
     plot_test.cpp
     output_files_test.cpp
     memory_test.cpp

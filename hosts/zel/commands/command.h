@@ -88,6 +88,7 @@ void AddBankCommands(CommandLine& line);     // types, banks, items
 void AddShowCommands(CommandLine& line);     // show, find
 void AddCurveCommands(CommandLine& line);    // eval
 void AddPlotCommand(CommandLine& line);
+void AddPageCommands(CommandLine& line);    // sheet, report
 void AddSearchCommands(CommandLine& line);  // search, why
 void AddCoverageCommand(CommandLine& line);
 void AddDocumentCommands(CommandLine& line);  // import, export, dump

@@ -1,0 +1,222 @@
+#include "desk/pages/page_data.h"
+
+#include <zelaccess/DataCheck.h>
+
+#include <algorithm>
+
+#include "desk/open/fields.h"
+#include "desk/pages/equation_texts.h"
+#include "desk/pages/json_text.h"
+#include "desk/pages/sampled_curve.h"
+#include "desk/words/number_range.h"
+
+namespace zel::desk {
+namespace {
+
+std::string Whole(std::int64_t number) { return std::to_string(number); }
+
+std::string WordOf(Cell const& cell) {
+  return std::holds_alternative<std::monostate>(cell) ? "\"\"" : JsonText(CellText(cell));
+}
+
+std::string ConstantsOf(PureComponent const& component) {
+  std::vector<std::string> rows;
+  for (std::size_t i = 0; i < Constants().size(); ++i) {
+    std::uint32_t const index = Constants()[i].index;
+    double const value = component.Constant(index);
+    if (zel::gen_IsUndefDouble(value)) continue;
+    rows.push_back(JsonList({Whole(static_cast<std::int64_t>(i)), JsonNumber(value),
+                             Whole(component.ConstantCode(index))}));
+  }
+  return JsonList(rows);
+}
+
+// Constants that are not stored but derived, with the method.
+std::string DerivedOf(PureComponent const& merged) {
+  std::vector<std::string> rows;
+  for (std::size_t i = 0; i < Constants().size(); ++i) {
+    std::uint32_t const index = Constants()[i].index;
+    if (merged.State(index) != zel::constantFilledIn) continue;
+    rows.push_back(
+        JsonList({Whole(static_cast<std::int64_t>(i)), JsonNumber(merged.Completed(index)),
+                  JsonText(merged.ConstantSource(index))}));
+  }
+  return JsonList(rows);
+}
+
+// The findings of all checks as rows of severity, check, place and text.
+class FindingRows final : public zel::ZelDataFindingSink {
+ public:
+  explicit FindingRows(std::vector<std::string>& rows) : rows_(rows) {}
+
+  void Library(std::string path) { path_ = std::move(path); }
+  void Found(zel::zelFindings severity, char const* id, char const* place,
+             char const* text) override {
+    if (severity != zel::findingNote) Add(severity, id, path_, place, text);
+  }
+  void FoundData(zel::ZelDataFinding const& finding) override {
+    Add(finding.severity, finding.id, finding.library, finding.place, finding.text);
+  }
+
+ private:
+  void Add(zel::zelFindings severity, std::string const& id, std::string const& library,
+           std::string const& place, std::string const& text) {
+    static constexpr char const* kWords[] = {"note", "warning", "damage", "error"};
+    rows_.push_back(JsonList({JsonText(kWords[severity]), JsonText(id),
+                              JsonText(library + ": " + place), JsonText(text)}));
+  }
+
+  std::vector<std::string>& rows_;
+  std::string path_;
+};
+
+}  // namespace
+
+double PageData::SampleFrom(std::uint32_t index, Curve const& curve,
+                            PureComponent const& component) {
+  if (zel::gen_IsUndefDouble(curve.tMin) || zel::gen_IsUndefDouble(curve.tMax)) return -1;
+  SampledCurve const sampled = Sample(
+      [&](double kelvin) -> std::optional<double> {
+        Point const point =
+            component.At(index, zel::ConvertTemperature(kelvin, kKelvin, curve.tempUnit));
+        if (!point.there) return {};
+        return point.value;
+      },
+      zel::ConvertTemperature(curve.tMin, curve.tempUnit, kKelvin),
+      zel::ConvertTemperature(curve.tMax, curve.tempUnit, kKelvin));
+  if (sampled.numbers.empty()) return -1;
+  auto const at = static_cast<double>(numbers_.size());
+  numbers_.insert(numbers_.end(), sampled.numbers.begin(), sampled.numbers.end());
+  counts_.error = std::max(counts_.error, sampled.error);
+  ++counts_.curves;
+  return at;
+}
+
+std::string PageData::CurveIn(std::uint32_t index, Curve const& curve,
+                              PureComponent const& component) {
+  equations_[curve.equation] = true;
+  std::vector<std::string> coefficients;
+  for (double const value : curve.coefficients) coefficients.push_back(JsonNumber(value));
+  return JsonList({Whole(index), Whole(curve.equation), JsonNumber(curve.tMin),
+                   JsonNumber(curve.tMax), JsonText(TemperatureUnit(curve.tempUnit)),
+                   WordOf(UnitOf(curve)), WordOf(BasisOf(curve)), Whole(curve.refCode),
+                   JsonList(coefficients), JsonNumber(SampleFrom(index, curve, component))});
+}
+
+// The first source that has a curve wins; its curve is then evaluated with the merged constants, as
+// a host evaluates it.
+std::string PageData::PartOf(std::size_t source, PureComponent const& own,
+                             PureComponent const& merged, std::vector<bool>& isTaken) {
+  std::vector<std::string> curves;
+  for (std::uint32_t index = 0; index < Correlations().size(); ++index) {
+    Curve const curve = own.ReadCurve(index);
+    if (!curve.present) continue;
+    curves.push_back(CurveIn(index, curve, isTaken[index] ? own : merged));
+    isTaken[index] = true;
+  }
+  return JsonList({Whole(static_cast<std::int64_t>(source)), ConstantsOf(own), JsonList(curves)});
+}
+
+std::size_t PageData::AddComponent(std::string const& word) {
+  PureComponent merged;
+  list_.Search(word, merged);
+  std::vector<std::string> parts;
+  std::vector<std::size_t> sources;
+  std::vector<bool> isTaken(Correlations().size(), false);
+  for (std::size_t i = 0; i < list_.Count(); ++i) {
+    PureComponent own;
+    if (!list_.Read(i, word, own)) continue;
+    parts.push_back(PartOf(i, own, merged, isTaken));
+    sources.push_back(i);
+  }
+  Identity const identity = merged.ReadIdentity();
+  std::vector<std::string> ids;
+  for (std::string const& id : identity.ids) ids.push_back(JsonText(id));
+  components_.push_back(
+      "{\"n\":" + Whole(identity.number) + ",\"ids\":" + JsonList(ids) +
+      ",\"name\":" + JsonText(identity.name) + ",\"formula\":" + JsonText(identity.formula) +
+      ",\"cas\":" + JsonText(identity.cas) + ",\"smiles\":" + JsonText(merged.Smiles()) +
+      ",\"s\":" + JsonList(parts) + ",\"f\":" + DerivedOf(merged) + "}");
+  names_.push_back(identity.name);
+  sources_.push_back(std::move(sources));
+  ++counts_.components;
+  return components_.size() - 1;
+}
+
+void PageData::SetColumns(std::vector<std::pair<std::size_t, long>> const& columns) {
+  std::vector<std::string> parts;
+  for (auto const& [component, source] : columns) {
+    parts.push_back(JsonList({Whole(static_cast<std::int64_t>(component)), Whole(source)}));
+  }
+  columns_ = JsonList(parts);
+}
+
+void PageData::AddPairs() {
+  for (Library const& library : list_.Libraries()) {
+    for (BankName const& bank : library.Banks()) {
+      zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
+      if (!item) continue;
+      BankFacts const facts(*item);
+      if (facts.keyKind != 0 || facts.keyWords != 2) continue;
+      std::vector<std::string> pairs;
+      std::int32_t words[10] = {};
+      library.Walk(bank, [&] {
+        library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+        while (library.Maint().NextItem(words, item.get())) {
+          pairs.push_back(JsonList({Whole(words[0]), Whole(words[1])}));
+        }
+      });
+      counts_.pairs += static_cast<std::int64_t>(pairs.size());
+      pairs_.push_back("{\"type\":" + JsonText(bank.type) +
+                       ",\"source\":" + JsonText(library.Path() + ":" + bank.name) +
+                       ",\"pairs\":" + JsonList(pairs) + "}");
+    }
+  }
+}
+
+void PageData::AddFindings(bool acceptIdentity) {
+  FindingRows rows(findings_);
+  zel::ZelDataCheckOptions options;
+  options.acceptIdentity = acceptIdentity;
+  std::vector<zel::ZelCheckedLibrary> sound;
+  for (Library const& library : list_.Libraries()) {
+    rows.Library(library.Path());
+    if (!zel::VerifyLibrary(&library.File(), rows)) continue;
+    sound.push_back({&library.File(), library.Path().c_str()});
+    zel::CheckLibraryData(sound.back(), options, rows);
+  }
+  zel::CompareLibraryData(sound.data(), static_cast<std::int32_t>(sound.size()), options, rows);
+  counts_.findings = static_cast<std::int64_t>(findings_.size());
+}
+
+std::string PageData::ToJson(std::string const& maker) const {
+  std::vector<std::string> sources;
+  for (std::size_t i = 0; i < list_.Count(); ++i) sources.push_back(JsonText(list_.Name(i)));
+  std::vector<std::string> constants;
+  for (auto const& row : Constants()) {
+    constants.push_back(JsonList({JsonText(row.keyword), JsonText(row.label), JsonText(row.unit)}));
+  }
+  std::vector<std::string> correlations;
+  for (auto const& row : Correlations()) {
+    correlations.push_back(JsonList({JsonText(row.name), JsonText(row.label), JsonText(row.unit)}));
+  }
+  std::string equations;
+  for (EquationText const& one : EquationTexts()) {
+    if (equations_.count(one.number) == 0) continue;
+    equations += (equations.empty() ? "" : ",") + ("\"" + Whole(one.number)) +
+                 "\":" + JsonList({JsonText(one.name), JsonText(one.form), JsonText(one.end)});
+  }
+  std::vector<std::string> symbols;
+  for (auto const& [symbol, meaning] : EquationSymbols()) {
+    symbols.push_back(JsonList({JsonText(symbol), JsonText(meaning)}));
+  }
+  return "{\"maker\":" + JsonText(maker) + ",\"sources\":" + JsonList(sources) +
+         ",\"constants\":" + JsonList(constants) + ",\"correlations\":" + JsonList(correlations) +
+         ",\"equations\":{" + equations + "},\"symbols\":" + JsonList(symbols) +
+         ",\"components\":" + JsonList(components_) + ",\"pairs\":" + JsonList(pairs_) +
+         ",\"findings\":" + JsonList(findings_) +
+         (columns_.empty() ? "" : ",\"columns\":" + columns_) +
+         ",\"error\":" + JsonNumber(counts_.error) + ",\"curves\":\"" + Base64(numbers_) + "\"}";
+}
+
+}  // namespace zel::desk

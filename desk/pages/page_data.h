@@ -1,0 +1,53 @@
+// The data of a page, as JSON; desk/pages/page.js reads it.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "desk/open/preference_list.h"
+#include "desk/pages/page.h"
+
+namespace zel::desk {
+
+class PageData {
+ public:
+  explicit PageData(PreferenceList& list) : list_(list) {}
+
+  // Adds a component and returns its place among those of the page.
+  std::size_t AddComponent(std::string const& word);
+  // The sources that have a component, by its place.
+  std::vector<std::size_t> const& SourcesOf(std::size_t component) const {
+    return sources_[component];
+  }
+  std::string const& NameOf(std::size_t component) const { return names_[component]; }
+  // `columns` are places of components with the place of a source, or -1 for the merged one.
+  void SetColumns(std::vector<std::pair<std::size_t, long>> const& columns);
+  // Adds the pairs of all libraries, and the findings of the checks.
+  void AddPairs();
+  void AddFindings(bool acceptIdentity);
+
+  std::string ToJson(std::string const& maker) const;
+  // The counts and the error; without the text of the page.
+  Page const& Counts() const { return counts_; }
+
+ private:
+  // One source's part of a component: its constants and curves.
+  std::string PartOf(std::size_t source, PureComponent const& own, PureComponent const& merged,
+                     std::vector<bool>& isTaken);
+  std::string CurveIn(std::uint32_t index, Curve const& curve, PureComponent const& component);
+  double SampleFrom(std::uint32_t index, Curve const& curve, PureComponent const& component);
+
+  PreferenceList& list_;
+  std::vector<std::string> components_;
+  std::vector<std::string> names_;
+  std::vector<std::vector<std::size_t>> sources_;
+  std::vector<std::string> pairs_;
+  std::vector<std::string> findings_;
+  std::string columns_;
+  std::vector<float> numbers_;
+  std::map<int, bool> equations_;
+  Page counts_;
+};
+
+}  // namespace zel::desk

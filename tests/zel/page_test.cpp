@@ -1,0 +1,155 @@
+// The pages of sheet and report as files; tests/pages/page_test.py opens them in a browser.
+#include <cmath>
+#include <optional>
+
+#include "desk/pages/equation_texts.h"
+#include "desk/pages/json_text.h"
+#include "desk/pages/sampled_curve.h"
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+using nlohmann::json;
+
+class PageTest : public ZelTest {
+ protected:
+  // The data in a page.
+  json DataOf(std::string const& name) const {
+    std::string const html = FileText(Folder() / name);
+    std::string const begin = "<script type=\"application/json\" id=\"data\">";
+    std::size_t const at = html.find(begin);
+    EXPECT_NE(at, std::string::npos);
+    std::size_t const from = at + begin.size();
+    return json::parse(html.substr(from, html.find("</script>", from) - from));
+  }
+};
+
+TEST_F(PageTest, SheetHasComponentsSideBySide) {
+  json const report = Json("sheet ETHANOL WATER -l perry.lb1 -l crc.lb1 -o s.html");
+  EXPECT_EQ(report["components"], 2);
+  json const data = DataOf("s.html");
+  EXPECT_EQ(data["columns"], json::parse("[[0,-1],[1,-1]]"));
+  EXPECT_EQ(data["components"][1]["name"], "Water");
+  EXPECT_EQ(data["sources"], json::parse("[\"perry.lb1:PERRY\",\"crc.lb1:CRC\"]"));
+  // The constants of the first source as zel shows them, each with its code.
+  json const shown = Json("show perry.lb1 PERRY ETHANOL")["constants"];
+  json const& stored = data["components"][0]["s"][0][1];
+  ASSERT_EQ(stored.size(), shown.size());
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    EXPECT_EQ(data["constants"][stored[i][0].get<std::size_t>()][0], shown[i]["keyword"]);
+    EXPECT_EQ(stored[i][1], shown[i]["value"]);
+    EXPECT_EQ(stored[i][2], shown[i]["code"]);
+  }
+  EXPECT_EQ(data["equations"]["20"][0], "Riedel, DIPPR 101, extended");
+}
+
+TEST_F(PageTest, SheetOfEachSource) {
+  Good("sheet ETHANOL -l perry.lb1 -l crc.lb1 --each -o s.html");
+  EXPECT_EQ(DataOf("s.html")["columns"], json::parse("[[0,0],[0,1]]"));
+}
+
+TEST_F(PageTest, ReportHasComponentsPairsAndFindings) {
+  json const report = Json("report -l perry.lb1 -l sample.lb1 -o r.html --title '<A> & B'");
+  json const data = DataOf("r.html");
+  EXPECT_EQ(data["components"].size(), 340U);
+  EXPECT_EQ(report["components"], 340);
+  std::size_t pairs = 0;
+  for (json const& bank : data["pairs"]) pairs += bank["pairs"].size();
+  EXPECT_EQ(report["pairs"], pairs);
+  EXPECT_EQ(data["findings"].size(), Json("check perry.lb1 sample.lb1")["findings"].size());
+  EXPECT_LE(data["error"].get<double>(), 1e-5);
+  std::string const html = FileText(Folder() / "r.html");
+  EXPECT_NE(html.find("<title>&lt;A&gt; &amp; B</title>"), std::string::npos);
+  // Nothing is loaded from elsewhere.
+  for (char const* word : {" src=", "<link", "@import", "url("}) {
+    EXPECT_EQ(html.find(word), std::string::npos) << word;
+  }
+  EXPECT_NE(html.find("Copyright (c) 2022 Leon Sorokin"), std::string::npos);
+}
+
+TEST_F(PageTest, WordsThatDoNotFit) {
+  for (std::string const command : {"sheet ETHANOL -l perry.lb1", "report -l perry.lb1"}) {
+    Outcome const ending = Zel(command + " -o page.pdf");
+    EXPECT_EQ(ending.status, 2);
+    EXPECT_NE(ending.err.find("page.pdf: a page is written as .html"), std::string::npos);
+    EXPECT_EQ(Zel(command + " -o perry.lb1").status, 1);
+    EXPECT_EQ(Zel(command + " -o none/page.html").status, 1);
+    EXPECT_EQ(Zel(command + " --json -o -").status, 2);
+    EXPECT_EQ(Zel(command).status, 2);
+  }
+  Outcome const nobody = Zel("sheet NOBODY -l perry.lb1 -o s.html");
+  EXPECT_EQ(nobody.status, 1);
+  EXPECT_NE(nobody.err.find("NOBODY"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(Folder() / "s.html"));
+  EXPECT_EQ(Good("sheet ETHANOL -l perry.lb1 -o -").substr(0, 15), "<!doctype html>");
+}
+
+// The files are those that the document of the folder names.
+TEST_F(PageTest, ChartLibraryIsThePinnedOne) {
+  std::string const folder = ZEL_DOCS "/../desk/pages/uplot/";
+  std::string const document = FileText(folder + "README.md");
+  for (std::string const name : {"uPlot.iife.min.js", "uPlot.min.css"}) {
+    std::string const digest = Shell("sha256sum '" + folder + name + "'").out.substr(0, 64);
+    EXPECT_NE(document.find("`" + digest + "`"), std::string::npos) << name;
+  }
+}
+
+void ExpectClose(desk::TemperatureFunction const& function, double low, double high) {
+  desk::SampledCurve const curve = desk::Sample(function, low, high);
+  EXPECT_LT(curve.numbers.size(), 1000U);
+  // Temperatures that have nothing to do with the points.
+  for (int i = 1; i < 997; ++i) {
+    double const kelvin = low + (high - low) * i / 997;
+    std::optional<double> const value = function(kelvin);
+    std::optional<double> const sampled = ValueOf(curve, kelvin);
+    ASSERT_EQ(value.has_value(), sampled.has_value()) << kelvin;
+    if (!value) continue;
+    EXPECT_NEAR(*sampled, *value, 1e-4 * std::abs(*value)) << kelvin;
+  }
+}
+
+TEST(SampledCurveTest, CurvesAreMetBetweenTheirPoints) {
+  ExpectClose([](double t) { return 3.5 + 0.1 * t; }, 100, 900);
+  // A vapor pressure over eleven decades.
+  ExpectClose([](double t) { return std::exp(66.4 - 7122.3 / t - 7.1 * std::log(t)); }, 159, 514);
+  // Steep at the critical point, in two ways.
+  ExpectClose([](double t) { return 4e4 * std::pow(1 - t / 514, 0.38); }, 159, 514);
+  ExpectClose([](double t) { return 4 + 12 * std::pow(1 - t / 514, 0.3); }, 159, 514);
+  // A jump, and no value above a temperature.
+  ExpectClose([](double t) { return t < 333.3 ? 1.0 + t : 9.0; }, 200, 500);
+  ExpectClose(
+      [](double t) -> std::optional<double> {
+        if (t > 400.1) return {};
+        return std::sqrt(t);
+      },
+      200, 500);
+}
+
+TEST(SampledCurveTest, NothingOutsideTheCurve) {
+  desk::SampledCurve const curve = desk::Sample([](double t) { return t; }, 200, 300);
+  EXPECT_FALSE(ValueOf(curve, 199).has_value());
+  EXPECT_FALSE(ValueOf(curve, 301).has_value());
+  EXPECT_TRUE(desk::Sample([](double t) { return t; }, 300, 300).numbers.empty());
+}
+
+TEST(PageTextTest, JsonIsSafeInAPage) {
+  EXPECT_EQ(desk::JsonText("a\"</script>\n\xff\xc3\xa4"),
+            "\"a\\\"\\u003c/script>\\u000a?\xc3\xa4\"");
+  EXPECT_EQ(desk::JsonNumber(std::nan("")), "null");
+  EXPECT_EQ(desk::Base64({1.0F}), "AACAPw==");
+  EXPECT_EQ(desk::Base64({1.0F, -2.0F, 0.0F}), "AACAPwAAAMAAAAAA");
+}
+
+TEST(PageTextTest, EquationsAreThoseOfTheDocument) {
+  std::size_t rows = 0;
+  for (desk::EquationText const& one : desk::EquationTexts()) {
+    EXPECT_FALSE(one.form.empty() || one.form == "below") << one.number;
+    ++rows;
+  }
+  EXPECT_EQ(rows, 51U);
+  EXPECT_GE(desk::EquationSymbols().size(), 8U);
+}
+
+}  // namespace
+}  // namespace zel::test
