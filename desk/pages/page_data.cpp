@@ -47,7 +47,7 @@ std::string DerivedOf(PureComponent const& merged) {
 // The findings of all checks as rows of severity, check, place and text.
 class FindingRows final : public zel::ZelDataFindingSink {
  public:
-  explicit FindingRows(std::vector<std::string>& rows) : rows_(rows) {}
+  FindingRows(Session& session, std::vector<std::string>& rows) : session_(session), rows_(rows) {}
 
   void Library(std::string path) { path_ = std::move(path); }
   void Found(zel::zelFindings severity, char const* id, char const* place,
@@ -62,10 +62,13 @@ class FindingRows final : public zel::ZelDataFindingSink {
   void Add(zel::zelFindings severity, std::string const& id, std::string const& library,
            std::string const& place, std::string const& text) {
     static constexpr char const* kWords[] = {"note", "warning", "damage", "error"};
+    // The page is then not whole, which the host has to know.
+    if (severity == zel::findingDamage) session_.LeaveOut(library + ": " + place + ": " + text);
     rows_.push_back(JsonList({JsonText(kWords[severity]), JsonText(id),
                               JsonText(library + ": " + place), JsonText(text)}));
   }
 
+  Session& session_;
   std::vector<std::string>& rows_;
   std::string path_;
 };
@@ -175,7 +178,7 @@ void PageData::AddPairs() {
 }
 
 void PageData::AddFindings(bool acceptIdentity) {
-  FindingRows rows(findings_);
+  FindingRows rows(list_.Libraries().front().InSession(), findings_);
   zel::ZelDataCheckOptions options;
   options.acceptIdentity = acceptIdentity;
   std::vector<zel::ZelCheckedLibrary> sound;
