@@ -102,9 +102,8 @@ void CompareSize(RatioTable& table, std::filesystem::path const& folder, std::si
 
 void CompareGrowth(RatioTable& table, std::filesystem::path const& folder, std::size_t items) {
   if (items != 0) return CompareSize(table, folder, items);
-  for (std::size_t const size : {10'000, 100'000, 1'000'000, 10'000'000}) {
-    CompareSize(table, folder, size);
-  }
+  constexpr std::size_t kSizes[] = {10'000, 100'000, 1'000'000, 10'000'000};
+  for (std::size_t const size : kSizes) CompareSize(table, folder, size);
 }
 
 }  // namespace zel::bench
