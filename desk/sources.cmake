@@ -1,20 +1,28 @@
 set(desk_SOURCES
     change/library_change.cpp
+    change/undo.cpp
     change/work_folder.cpp
     combine/bank_copy.cpp
     combine/flatten.cpp
     combine/item_numbers.cpp
     combine/merge.cpp
     combine/renumber.cpp
+    compare/change_log.cpp
     compare/comparison.cpp
     compare/counterparts.cpp
     compare/coverage.cpp
     compare/curve_deviation.cpp
+    compare/library_difference.cpp
+    edit/component_data.cpp
+    edit/edit_words.cpp
+    edit/field_data.cpp
+    edit/item_edit.cpp
     face/component.cpp
     face/item.cpp
     face/libraries.cpp
     face/units.cpp
     files/file_copy.cpp
+    files/file_digest.cpp
     files/file_lock.cpp
     files/folder.cpp
     files/output_file.cpp
@@ -22,6 +30,7 @@ set(desk_SOURCES
     open/change_places.cpp
     open/component_name.cpp
     open/fields.cpp
+    open/history.cpp
     open/identity_conflict.cpp
     open/item_key.cpp
     open/item_values.cpp

@@ -34,49 +34,55 @@ int FilesOf(std::string const& first) {
 
 }  // namespace
 
-LibraryChange::LibraryChange(Session& session, std::string const& path,
-                             ChangeOptions const& options)
-    : session_(&session) {
-  WhenFree(session, [&] { Begin(path, options); });
+LibraryChange::LibraryChange(Session& session, ChangeOptions options)
+    : session_(&session), options_(std::move(options)) {
+  if (options_.keep < 0) throw WrongUsage("the number of versions to keep is 0 or more");
 }
 
-void LibraryChange::Begin(std::string const& path, ChangeOptions const& options) {
+LibraryChange::LibraryChange(Session& session, std::string const& path,
+                             ChangeOptions const& options)
+    : LibraryChange(session, ChangeOptions(options)) {
+  WhenFree(session, [&] { Begin(path); });
+}
+
+void LibraryChange::Begin(std::string const& path) {
+  work_.reset();
   original_.reset();
   FinishChange(path);
   knewNames_ = ReleaseNames(*session_, path) || knewNames_;
   CheckIsFile(path);
   shown_ = path;
   whole_ = WithoutLinks(path);
-  if (!options.inPlace) original_ = FileLock::Take(whole_, path);
+  bool const isCopy = !options_.inPlace || options_.dryRun;
+  if (isCopy) original_ = FileLock::Take(whole_, path);
   access_ = AccessOf(whole_);
   filesBefore_ = FilesOf(whole_);
-  if (!options.inPlace) Copy();
-  OpenForUpdate(options);
+  if (isCopy) {
+    work_ = std::make_unique<WorkFolder>(whole_, shown_);
+    work_->Share(access_);
+    Copy(whole_);
+  }
+  OpenForUpdate();
   if (knewNames_) zel::LibFile::SetOrdwinNameIndex(&library_->File());
 }
 
-void LibraryChange::Copy() {
-  work_ = std::make_unique<WorkFolder>(whole_, shown_);
-  work_->Share(access_);
-  try {
+void LibraryChange::Copy(std::string const& from) {
+  OrFail(shown_, "cannot be copied", [&] {
     for (int number = 1; number <= kMostFiles; ++number) {
-      std::string const from = FileOf(whole_, number);
-      if (fs::exists(from)) CopyWithHoles(from, FileOf(work_->First(), number));
+      std::string const file = FileOf(from, number);
+      if (fs::exists(file)) CopyWithHoles(file, FileOf(work_->First(), number));
     }
-  } catch (fs::filesystem_error const& error) {
-    if (error.code() == std::errc::not_enough_memory) throw;
-    throw Failure(shown_ + ": cannot be copied: " + error.code().message());
-  }
+  });
 }
 
 // A library without a password refuses every password.
-void LibraryChange::OpenForUpdate(ChangeOptions const& options) {
+void LibraryChange::OpenForUpdate() {
   std::string const path = work_ ? work_->First() : shown_;
   try {
-    library_ = Library::OpenUpdate(*session_, path, options.password, shown_);
+    library_ = Library::OpenUpdate(*session_, path, options_.password, shown_);
     return;
   } catch (Error const&) {
-    if (options.password.empty()) throw;
+    if (options_.password.empty()) throw;
     try {
       library_ = Library::OpenUpdate(*session_, path, "", shown_);
     } catch (Error const&) {
@@ -84,23 +90,25 @@ void LibraryChange::OpenForUpdate(ChangeOptions const& options) {
     }
     if (!library_) throw;
   }
-  if (!options.passwordIsGeneral) {
+  if (!options_.passwordIsGeneral) {
     throw Failure(shown_ + ": has no password; omit --password");
   }
 }
 
-LibraryChange LibraryChange::New(Session& session, std::string const& path,
-                                 NewLibrary const& made) {
+LibraryChange LibraryChange::New(Session& session, std::string const& path, NewLibrary const& made,
+                                 ChangeOptions const& options) {
   FinishChange(path);
   ReleaseNames(session, path);
   if (made.replace && fs::exists(path)) {
     // It must be a library, and one that may be changed; opening a copy of it checks that.
-    LibraryChange const probe(session, path, {made.password, false, false});
+    ChangeOptions probed;
+    probed.password = options.password;
+    LibraryChange const probe(session, path, probed);
   }
   if (!fs::is_directory(fs::absolute(path).parent_path())) {
     throw Failure(path + ": its folder does not exist");
   }
-  LibraryChange change(session);
+  LibraryChange change(session, options);
   change.shown_ = path;
   change.whole_ = WithoutLinks(path);
   change.isNew_ = !fs::exists(change.whole_);
@@ -137,10 +145,45 @@ void LibraryChange::GiveFilesAccess() const {
   }
 }
 
+void LibraryChange::Restore(Version const& version) {
+  library_.reset();
+  for (int number = 1; number <= kMostFiles; ++number) {
+    fs::remove(FileOf(work_->First(), number));
+  }
+  Copy(version.first.string());
+  // It must be a library.
+  Library::OpenRead(*session_, work_->First(), version.first.string());
+  undoes_ = version.number;
+}
+
+// Nothing for a change that keeps no version.
+std::optional<ChangeRecord> LibraryChange::Record() const {
+  if (!work_ || isNew_ || options_.keep <= 0) return std::nullopt;
+  ChangeRecord record;
+  record.command = session_->command;
+  record.time = TimeNow();
+  record.undoes = undoes_;
+  // An undo does not push out the versions to which the next ones go back.
+  record.keep = undoes_ == 0 ? options_.keep : 2 * options_.keep;
+  OrFail(shown_, "cannot be read", [&] {
+    record.before = DigestOfLibrary(whole_);
+    record.after = DigestOfLibrary(work_->First());
+  });
+  return record;
+}
+
 void LibraryChange::PutInPlace() {
-  library_->Close();
+  if (library_) library_->Close();
   GiveFilesAccess();
-  if (work_) work_->PutInPlace(isNew_);
+  if (work_) {
+    // Made before the change, since memory may run out after it.
+    constexpr std::size_t kLongestReason = 200;
+    std::string note = shown_ + ": the change is in place, but what it replaced is not kept: ";
+    note.reserve(note.size() + kLongestReason);
+    std::string const why = work_->PutInPlace(isNew_, Record());
+    if (!why.empty()) session_->Note(note.append(why, 0, kLongestReason));
+    if (options_.keep <= 0) RemoveHistory(whole_);
+  }
   library_.reset();
 }
 

@@ -10,10 +10,12 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "desk/change/work_folder.h"
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
+#include "desk/open/history.h"
 #include "desk/open/library.h"
 
 namespace zel::desk {
@@ -23,13 +25,17 @@ struct ChangeOptions {
   // The password is for any library that has one: it is not an error if the library has none.
   bool passwordIsGeneral = false;
   bool inPlace = false;
+  // Everything is done except putting the change in place. It is made in a copy even with inPlace.
+  bool dryRun = false;
+  // The most versions in the library's history after the change, which keeps what it replaces
+  // (open/history.h). 0 removes the history. A change with inPlace keeps nothing.
+  int keep = kVersionsKept;
 };
 
 struct NewLibrary {
   zel::libTypes kind = zel::libKind11;
-  // Replaces the library that is there, whose password is given.
+  // Replaces the library that is there, whose password is given in the options.
   bool replace = false;
-  std::string password;
   // The mode of its files. Without one: that of the replaced library, else that of the other
   // libraries in the folder, else what the umask allows.
   std::optional<mode_t> mode;
@@ -40,23 +46,32 @@ class LibraryChange {
   // Makes the copy, or opens the library itself for `inPlace`. Throws Failure.
   LibraryChange(Session& session, std::string const& path, ChangeOptions const& options);
   // A new library at a path that does not exist, or in place of the library there.
-  static LibraryChange New(Session& session, std::string const& path, NewLibrary const& made);
+  static LibraryChange New(Session& session, std::string const& path, NewLibrary const& made,
+                           ChangeOptions const& options);
 
   // The library to change, open for update.
   Library& Open() { return *library_; }
-  // Closes it and makes it the library at the path. If this throws Failure, the library is
-  // unchanged. The object cannot be used afterwards.
+  // Closes it and makes the files of a version those of the changed library. Throws Failure.
+  void Restore(Version const& version);
+  // Closes the library and makes it the one at the path. If this throws Failure, the library is
+  // unchanged. If only the history cannot be kept, the session is told. The object cannot be used
+  // afterwards. After a change with `dryRun` it must not be called.
   void PutInPlace();
+  bool IsDryRun() const { return options_.dryRun; }
+  // The path of the library without symbolic links.
+  std::string const& WholePath() const { return whole_; }
 
  private:
-  explicit LibraryChange(Session& session) : session_(&session) {}
+  LibraryChange(Session& session, ChangeOptions options);
   // May be called again if it throws.
-  void Begin(std::string const& path, ChangeOptions const& options);
-  void Copy();
-  void OpenForUpdate(ChangeOptions const& options);
+  void Begin(std::string const& path);
+  void Copy(std::string const& from);
+  std::optional<ChangeRecord> Record() const;
+  void OpenForUpdate();
   void GiveFilesAccess() const;
 
   Session* session_;
+  ChangeOptions options_;
   std::string shown_;
   std::string whole_;       // the library's path without symbolic links
   bool knewNames_ = false;  // it was the library of --names, too
@@ -64,6 +79,7 @@ class LibraryChange {
   bool allAreNew_ = false;  // the files of the new library replace none
   int filesBefore_ = 0;     // bit n for file n
   FileAccess access_ = {};  // of files that replace none
+  int undoes_ = 0;          // the number of the restored version
   std::optional<FileLock> original_;
   std::unique_ptr<WorkFolder> work_;  // null for inPlace
   std::optional<Library> library_;

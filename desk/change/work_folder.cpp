@@ -32,14 +32,14 @@ void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
   MoveToFreePlace(change.New(1), change.Place(1));
 }
 
-// Everything is in place: a failure from here on neither undoes the change nor is reported.
-void Settle(ChangePlaces const& change) noexcept {
+// Everything is in place: a failure from here on does not undo the change.
+std::string Settle(ChangePlaces const& change) noexcept {
   try {
     SyncPath(change.Folder());
   } catch (std::bad_alloc const&) {
     // The system then writes it to disk when it gets to it.
   }
-  RemoveFolder(change.Ready());
+  return KeepVersion(change);
 }
 
 // Two programs that make a library of the same name must not take each other's folder for a
@@ -84,7 +84,7 @@ void WorkFolder::Share(FileAccess const& access) const {
 }
 
 // Everything is on disk before anything is moved.
-void WorkFolder::Prepare(bool isNew) {
+void WorkFolder::Prepare(bool isNew, std::optional<ChangeRecord> const& record) {
   for (int number = 1; number <= kMostFiles; ++number) {
     std::string const file = FileOf(First(), number);
     if (!Exists(file)) continue;
@@ -93,6 +93,7 @@ void WorkFolder::Prepare(bool isNew) {
       MakeMark(fs::path(folder_) / AddedName(number));
     }
   }
+  if (record) WriteRecord(folder_, *record);
   SyncPath(folder_);
   FolderTurn const turn(fs::path(library_).parent_path().string());
   fs::path const ready = ReadyFolder(library_);
@@ -107,8 +108,8 @@ void WorkFolder::Prepare(bool isNew) {
   SyncPath(ready.parent_path());
 }
 
-void WorkFolder::PutInPlace(bool isNew) {
-  OrFail(shownAs_, kNotInPlace, [&] { Prepare(isNew); });
+std::string WorkFolder::PutInPlace(bool isNew, std::optional<ChangeRecord> const& record) {
+  OrFail(shownAs_, kNotInPlace, [&] { Prepare(isNew, record); });
   ChangePlaces const change(library_);
   folder_.clear();
   try {
@@ -124,7 +125,7 @@ void WorkFolder::PutInPlace(bool isNew) {
     FinishMoves(shownAs_, change);
     throw;
   }
-  Settle(change);
+  return Settle(change);
 }
 
 }  // namespace zel::desk

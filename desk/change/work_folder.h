@@ -7,6 +7,7 @@
 
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
+#include "desk/open/history.h"
 
 namespace zel::desk {
 
@@ -28,10 +29,12 @@ class WorkFolder {
   void Share(FileAccess const& access) const;
   // Replaces the library's files with the new ones. Throws Failure if that is impossible, or if the
   // library is new and another program has made one meanwhile; the old library is then unchanged.
-  void PutInPlace(bool isNew);
+  // With a record the old files become a version of the library's history. Returns the reason if
+  // they cannot, else an empty text.
+  std::string PutInPlace(bool isNew, std::optional<ChangeRecord> const& record);
 
  private:
-  void Prepare(bool isNew);
+  void Prepare(bool isNew, std::optional<ChangeRecord> const& record);
 
   std::string library_;
   std::string shownAs_;

@@ -154,12 +154,15 @@ void CopyWithHoles(fs::path const& from, fs::path const& to) {
   target.Close();
 }
 
+void WriteNewFile(fs::path const& path, std::string const& text) {
+  Open file(path, kMakeNew);
+  WriteAll(file, text.data(), text.size(), 0);
+  file.Close();
+}
+
 void MakeMark(fs::path const& path) {
   // Not empty: some programs that copy folders leave empty files out.
-  constexpr char kLine[] = "Made by zel while it changes a library.\n";
-  Open file(path, kMakeNew);
-  WriteAll(file, kLine, sizeof(kLine) - 1, 0);
-  file.Close();
+  WriteNewFile(path, "Made by zel while it changes a library.\n");
 }
 
 void SyncPath(fs::path const& path) {

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 namespace zel::desk {
 
@@ -36,8 +37,10 @@ mode_t ModeOfNewFilesIn(std::filesystem::path const& folder);
 // std::filesystem::filesystem_error, also if `to` exists.
 void CopyWithHoles(std::filesystem::path const& from, std::filesystem::path const& to);
 
-// Makes a new file of one line, which only this user can read and write; whatever is at the path is
-// never followed or opened. Throws std::filesystem::filesystem_error.
+// Makes a new file with the text, which only this user can read and write; whatever is at the path
+// is never followed or opened. Throws std::filesystem::filesystem_error.
+void WriteNewFile(std::filesystem::path const& path, std::string const& text);
+// The same with one line, which says what the file is.
 void MakeMark(std::filesystem::path const& path);
 
 // Asks the system to write a file or folder to disk, as far as it can.

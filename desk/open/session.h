@@ -29,6 +29,8 @@ class Session {
 
   // How long an open waits for a library that another program uses.
   std::chrono::milliseconds patience{0};
+  // What the history of a library says about the changes made here, e.g. a command line.
+  std::string command;
 
   // Remembers the name in messages of the library at a path.
   void NoteOpened(std::filesystem::path const& path, std::string const& shown);
@@ -39,6 +41,8 @@ class Session {
   // Called once for each item or bank that a walk leaves out because it cannot be read; `line` says
   // where it is and why. Throws Failure with the line, unless a host wants to go on.
   virtual void LeaveOut(std::string const& line);
+  // Called for what went wrong without ending the work. Does nothing, unless a host reports it.
+  virtual void Note(std::string const& /*line*/) {}
 
  private:
   struct Opened {

@@ -5,6 +5,7 @@
 
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
+#include "desk/open/history.h"
 #include "desk/open/when_free.h"
 #include "desk/words/failure.h"
 
@@ -30,7 +31,7 @@ void MoveBack(ChangePlaces const& change) {
 
 // The state of a ready folder, from the files in it and in place.
 enum class Found {
-  kLeftOver,  // nothing was moved yet, or everything was: only the folder must be removed
+  kLeftOver,  // nothing was moved yet, or everything was: only the folder is in the way
   kCutOff,    // the first file was moved away
   kTaken,     // the first file was moved away, and somebody has made another one since
   kLost       // everything was moved, and the first file has disappeared since
@@ -77,7 +78,7 @@ void FinishMoves(std::string const& shownAs, ChangePlaces const& change) {
       OrFail(shownAs, "the files of an unfinished change cannot be moved back",
              [&] { MoveBack(change); });
       break;
-    case Found::kLeftOver: break;
+    case Found::kLeftOver: KeepVersion(change); return;
   }
   RemoveFolder(change.Ready());
 }

@@ -92,6 +92,8 @@ int Run(int count, char** words) {
     zelhost::AddDocumentCommands(line);
     zelhost::AddListCommand(line);
     zelhost::AddItemCommands(line);
+    zelhost::AddEditCommand(line);
+    zelhost::AddHistoryCommands(line);
     zelhost::AddDiffCommand(line);
     zelhost::AddCheckCommand(line);
     zelhost::AddCompareCommand(line);

@@ -223,6 +223,18 @@ TEST_F(FinishTest, FileThatTheOldLibraryHasNot) {
   Finished({{"own.lb1", empty}});
 }
 
+// The version is kept by the next command, whoever it is.
+TEST_F(FinishTest, AllInPlaceAndTheVersionNotKept) {
+  Ready("lock");
+  Ready("add3");
+  Ready("change", "command zel delete\ntime 2026-01-02T03:04:05Z\nkeep 10\n");
+  Ready("old", old_.at("own.lb1"));
+  Ready("old2", old_.at("own.lb2"));
+  for (auto const& [name, bytes] : new_) MakeFile("own/" + name, bytes);
+  Finished(new_);
+  HistoryFits(old_, true);
+}
+
 // In a folder where everybody may make files, somebody else may have made one of this name.
 TEST_F(FinishTest, LinkInThePlaceOfTheFolderIsNotFollowed) {
   fs::remove(Own() / ".own.lb1.zel-ready");

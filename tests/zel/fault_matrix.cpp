@@ -88,6 +88,10 @@ constexpr CommandLine kCommands[] = {
     {"renumber pairs.lb1 10000326 21000001", nullptr},
     {"delete own.lb1 PERRY WATER", nullptr},
     {"delete own.lb1 PERRY --whole-bank", nullptr},
+    {"edit own.lb1 ETHANOL TC 514K --ref 9", nullptr},
+    {"edit own.lb1 PURECOMP CYCLOC6 TC 554K --from other.lb1", nullptr},
+    {"log own.lb1", nullptr},
+    {"undo own.lb1", nullptr},
 };
 
 Words Split(std::string const& line) {
@@ -173,6 +177,8 @@ class Matrix {
   void Wrong(CommandLine const& line, std::string const& why);
   // The files after another command has named the libraries that the command names.
   Contents Finished(CommandLine const& line) const;
+  // The number of versions in the histories of all libraries.
+  long Versions() const;
   // Empty if the outcome is allowed.
   std::string WrongWith(CommandLine const& line, FaultedRun const& run);
 
@@ -182,6 +188,7 @@ class Matrix {
   Contents old_;
   FaultedRun good_;
   Contents new_;
+  long versions_ = 0;  // after the command without a failure
   Counts now_;
   Counts all_;
   long next_ = 1;
@@ -234,7 +241,13 @@ void Matrix::PutBack() const {
   fs::remove_all(Lib());
   fs::create_directories(Lib() / "docs");
   fs::create_directories(Lib() / "tmp");
-  for (auto const& [name, bytes] : old_) std::ofstream(Lib() / name, std::ios::binary) << bytes;
+  for (auto const& [name, bytes] : before_) {
+    if (bytes.empty()) {
+      fs::create_directories(Lib() / name);
+    } else {
+      std::ofstream(Lib() / name, std::ios::binary) << bytes;
+    }
+  }
 }
 
 Contents Matrix::Finished(CommandLine const& line) const {
@@ -244,13 +257,25 @@ Contents Matrix::Finished(CommandLine const& line) const {
   return ContentsOf(Lib());
 }
 
+long Matrix::Versions() const {
+  long count = 0;
+  for (auto const& entry : fs::recursive_directory_iterator(Lib())) {
+    std::string const path = entry.path().string();
+    if (Has(path, ".zel-history/") && entry.path().filename() == "change") ++count;
+  }
+  return count;
+}
+
 std::string Matrix::WrongWith(CommandLine const& line, FaultedRun const& run) {
   if (run.failed.empty()) return "ended before the operation that was to fail";
   if (run.status > 1) return "ended with status " + std::to_string(run.status);
   Contents const left = ContentsOf(Lib());
   if (run.status == 0) {
     if (run.out != good_.out) return "printed something else, without a word";
-    return left == new_ ? "" : "wrote something else, without a word";
+    if (left != new_) return "wrote something else, without a word";
+    return Versions() == versions_ || Has(run.err, "is not kept: ")
+               ? ""
+               : "did not keep what it replaced, without a word";
   }
   bool const isFinding = line.finding != nullptr && Has(run.out, line.finding);
   if (run.err.empty() && !isFinding) return "failed without a word";
@@ -279,6 +304,7 @@ void Matrix::Command(CommandLine const& line, Fault kind) {
   PutBack();
   good_ = Zel(line.words, kind);
   new_ = ContentsOf(Lib());
+  versions_ = Versions();
   if (good_.status != 0) return Wrong(line, good_.err);
   if (line.finding != nullptr && Has(good_.out, line.finding)) return Wrong(line, good_.out);
   if (good_.operations != counted) {

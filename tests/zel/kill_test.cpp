@@ -9,6 +9,7 @@
 #include <map>
 #include <vector>
 
+#include "desk/open/history.h"
 #include "tests/zel/change_fixture.h"
 #include "tests/zel/traced_run.h"
 
@@ -95,6 +96,8 @@ TEST_F(KillTest, TheNextCommandFindsOldOrNew) {
     bool const isNew = isThere && HasLibrary(cut, whole);
     EXPECT_TRUE(!isThere || isNew || HasLibrary(cut, before));
     LookAfter(isNew ? whole : before);
+    desk::VersionsOf((Own() / "own.lb1").string());  // whoever reads the history finishes it
+    HistoryFits(before, isNew);
     ++(isNew ? news : olds);
   });
   EXPECT_GT(olds, 5);

@@ -8,9 +8,11 @@ set(zel_TEST_SOURCES
     coverage_test.cpp
     curve_test.cpp
     documents_test.cpp
+    edit_test.cpp
     fault_run.cpp
     flatten_test.cpp
     folder_test.cpp
+    history_test.cpp
     identity_test.cpp
     kill_test.cpp
     interchange_test.cpp

@@ -70,8 +70,8 @@ Report Flatten(Session& session, Options const& o) {
     throw Failure(o.output + ": exists; --force replaces it");
   }
   Waiting const waiting("merging into " + o.output);
-  LibraryChange change = LibraryChange::New(
-      session, o.output, {zel::libKind11, o.force, o.change.password, ModeOf(o.mode)});
+  LibraryChange change =
+      LibraryChange::New(session, o.output, {zel::libKind11, o.force, ModeOf(o.mode)}, o.change);
   change.Open().File().SetDescriptionAndVersion(DescriptionOf(list).c_str(), nullptr);
   Flattened done = Flatten(list, change.Open(), options);
   Report report;
@@ -151,8 +151,8 @@ void AddCombineCommands(CommandLine& line) {
       .Option("--bank", o->flatten.bank, "the name of its banks; default: MERGED", "NAME")
       .Flag("--accept-identity", o->sources.acceptIdentity,
             "merge sources that mean different substances")
-      .Flag("--force", o->force, "replace an existing library")
-      .Option("--password", o->change.password, "of an existing protected library", "TEXT");
+      .Flag("--force", o->force, "replace an existing library");
+  AddReplaceOptions(flatten, o->change, "of an existing protected library");
   AddModeOption(flatten, o->mode);
   AddStrict(flatten);
   flatten.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Flatten(session, *o); });

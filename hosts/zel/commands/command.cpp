@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <sstream>
@@ -73,11 +74,49 @@ CLI::Option* Added(CLI::App& command, std::string const& names, TargetVariant co
   return std::visit([&](auto* to) { return command.add_option(names, *to, help); }, target);
 }
 
+// The word as a shell reads it.
+std::string Quoted(std::string const& word) {
+  constexpr char kPlain[] =
+      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-+_./:,=@%^";
+  if (!word.empty() && word.find_first_not_of(kPlain) == std::string::npos) return word;
+  bool const hasControls = std::any_of(word.begin(), word.end(),
+                                       [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; });
+  std::string text = hasControls ? "$'" : "'";
+  for (char const c : word) {
+    if (c == '\'') {
+      text += hasControls ? "\\'" : "'\\''";
+    } else if (hasControls && c == '\\') {
+      text += "\\\\";
+    } else if ((c >= 0 && c < ' ') || c == '\x7f') {
+      char code[8];
+      std::snprintf(code, sizeof(code), "\\%03o", static_cast<unsigned>(c));
+      text += code;
+    } else {
+      text += c;
+    }
+  }
+  return text + "'";
+}
+
+// The command line as it could be typed again, with "***" for the words of secret options.
+std::string LineOf(std::vector<std::string> const& words, std::set<std::string> const& secrets) {
+  std::string line = "zel";
+  bool isSecret = false;
+  for (std::string const& word : words) {
+    std::size_t const equals = word.find('=');
+    bool const holdsSecret =
+        equals != std::string::npos && secrets.count(word.substr(0, equals)) != 0;
+    line += " " + (isSecret ? "***" : holdsSecret ? word.substr(0, equals) + "=***" : Quoted(word));
+    isSecret = secrets.count(word) != 0;
+  }
+  return line;
+}
+
 }  // namespace
 
 Command::Command(CommandLine& line, std::string const& name, std::string const& purpose,
                  std::string const& example)
-    : session_(line.session_), sub_(line.app_->add_subcommand(name, purpose)) {
+    : session_(line.session_), line_(line), sub_(line.app_->add_subcommand(name, purpose)) {
   sub_->footer("Example:\n  " + example);
 }
 
@@ -96,6 +135,12 @@ Command& Command::Option(std::string const& names, Target target, std::string co
                          std::string const& typeName) {
   Added(*sub_, names, target.to_, help)->type_name(typeName);
   return *this;
+}
+
+Command& Command::Secret(std::string const& names, Target target, std::string const& help,
+                         std::string const& typeName) {
+  line_.secrets_.insert(names);
+  return Option(names, target, help, typeName);
 }
 
 Command& Command::Required(std::string const& names, Target target, std::string const& help,
@@ -177,6 +222,7 @@ CommandLine::CommandLine(Session& session)
 CommandLine::~CommandLine() = default;
 
 int CommandLine::Run(int count, char** words) {
+  session_.command = LineOf({words + 1, words + std::max(count, 1)}, secrets_);
   try {
     app_->parse(count, words);
     return session_.exitStatus;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <variant>
 #include <vector>
@@ -48,6 +49,7 @@ class CommandLine {
  private:
   friend class Command;
   Session& session_;
+  std::set<std::string> secrets_;  // names of options
   std::unique_ptr<CLI::App> app_;
 };
 
@@ -67,6 +69,9 @@ class Command {
   Command& OptionalArgument(std::string const& name, Target target, std::string const& help);
   Command& Option(std::string const& names, Target target, std::string const& help,
                   std::string const& typeName);
+  // An option whose word is left out of the history of a library.
+  Command& Secret(std::string const& names, Target target, std::string const& help,
+                  std::string const& typeName);
   // An option that must be given, with exactly one word.
   Command& Required(std::string const& names, Target target, std::string const& help,
                     std::string const& typeName);
@@ -79,6 +84,7 @@ class Command {
 
  private:
   Session& session_;
+  CommandLine& line_;
   CLI::App* sub_;
 };
 
@@ -94,6 +100,8 @@ void AddCoverageCommand(CommandLine& line);
 void AddDocumentCommands(CommandLine& line);  // import, export, dump
 void AddListCommand(CommandLine& line);       // list
 void AddItemCommands(CommandLine& line);      // copy, delete
+void AddEditCommand(CommandLine& line);
+void AddHistoryCommands(CommandLine& line);   // log, undo
 void AddDiffCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);
 void AddCompareCommand(CommandLine& line);

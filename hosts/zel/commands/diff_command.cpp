@@ -1,15 +1,11 @@
 // diff
-#include <algorithm>
-#include <array>
 #include <memory>
+#include <optional>
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
-#include "desk/open/fields.h"
-#include "desk/open/item_key.h"
-#include "desk/open/item_values.h"
+#include "desk/compare/library_difference.h"
 #include "desk/open/unfinished_change.h"
-#include "desk/words/failure.h"
 #include "output/progress.h"
 
 namespace zelhost {
@@ -22,167 +18,23 @@ struct Options {
   bool exitCode = false;
 };
 
-class Difference {
- public:
-  Difference(Library const& one, Library const& other, Table& table)
-      : one_(one), other_(other), table_(table) {}
-
-  void Header();
-  void Bank(BankName const& bank);
-  void OnlyIn(Library const& library, std::string const& place) {
-    bool const first = &library == &one_;
-    table_.Add(place, "whole", first ? "there" : "not there", first ? "not there" : "there");
-  }
-
- private:
-  void Field(std::string const& place, char const* field, Cell one, Cell other);
-  void BankHeader(BankName const& bank);
-  void Item(BankName const& bank, std::vector<std::int32_t> const& stored,
-            std::string const& place);
-
-  Library const& one_;
-  Library const& other_;
-  Table& table_;
-};
-
-void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
-  if (one != other) table_.Add(place, field, std::move(one), std::move(other));
-}
-
-void Difference::Header() {
-  auto const header = [](Library const& library) {
-    char description[101] = {};
-    char version[13] = {};
-    char memo[kMemoSize] = {};
-    library.File().GetDescriptionAndVersion(description, version);
-    library.File().GetMemo(memo);
-    return std::array<std::string, 3>{description, version, memo};
-  };
-  auto const a = header(one_);
-  auto const b = header(other_);
-  static constexpr char const* kNames[] = {"description", "version", "memo"};
-  for (std::size_t i = 0; i < a.size(); ++i) Field("library", kNames[i], Text(a[i]), Text(b[i]));
-}
-
-void Difference::BankHeader(BankName const& bank) {
-  auto const format = [&](Library const& library) {
-    return Cell(std::int64_t{library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str())});
-  };
-  auto const memo = [&](Library const& library) {
-    char text[kMemoSize] = {};
-    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), text);
-    return Text(text);
-  };
-  Field(ToText(bank), "format", format(one_), format(other_));
-  Field(ToText(bank), "memo", memo(one_), memo(other_));
-}
-
-// Both lists of keys are in ascending order; equal keys are items that both libraries have.
-void Difference::Bank(BankName const& bank) {
-  BankHeader(bank);
-  zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-  auto const a = Keys(one_, bank, *item);
-  auto const b = Keys(other_, bank, *item);
-  KeyWords wordsA(one_, *item);
-  KeyWords wordsB(other_, *item);
-  Progress progress("comparing " + ToText(bank), a.size());
-  std::size_t i = 0, k = 0;
-  while (i < a.size() || k < b.size()) {
-    bool const inA = k == b.size() || (i < a.size() && a[i] <= b[k]);
-    bool const inB = i == a.size() || (k < b.size() && b[k] <= a[i]);
-    std::string const place =
-        ToText(bank) + " " + (inA ? Joined(wordsA.Of(a[i])) : Joined(wordsB.Of(b[k])));
-    if (inA && inB) {
-      Item(bank, a[i], place);
-    } else {
-      OnlyIn(inA ? one_ : other_, place);
-    }
-    if (inA) {
-      ++i;
-      progress.Step();
-    }
-    if (inB) ++k;
-  }
-}
-
-void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
-                      std::string const& place) {
-  zel::Handle<zel::Key> const key = StoredKey(stored);
-  bool isRead = true;
-  auto const read = [&](Library const& library, zel::IZelBankDef* item) {
-    try {
-      if (library.Maint().ReadItem(item, bank.name.c_str(), key.get())) return;
-    } catch (unsigned long const address) {
-      library.TellUnread(place, address);
-      isRead = false;
-      return;
-    }
-    throw Failure(library.Path() + ": " + place + " cannot be read");
-  };
-  auto const valuesIn = [&](Library const& library) {
-    if (bank.type == kPureType) {
-      PureComponent const component;
-      read(library, component.Def());
-      return ValuesOf(component);
-    }
-    zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-    read(library, item.get());
-    return ValuesOf(*item);
-  };
-  std::vector<NamedValue> const a = valuesIn(one_);
-  std::vector<NamedValue> const b = valuesIn(other_);
-  if (!isRead) return;
-  for (DifferingValue& value : DifferingValues(a, b)) {
-    table_.Add(place, value.name, std::move(value.one), std::move(value.other));
-  }
-}
-
-BankName NamedInEither(Library const& one, Library const& other, std::string const& word) {
-  try {
-    return one.Bank(word);
-  } catch (Error const&) {
-    return other.Bank(word);
-  }
-}
-
 Report Diff(Session& session, Options const& o) {
   Library const one = OpenFinished(session, o.one);
   Library const other = OpenFinished(session, o.other);
-  Report report;
-  Table& table =
-      report.Begin("differences", {{"item", ""}, {"field", ""}, {"first", ""}, {"second", ""}});
-  Difference difference(one, other, table);
-  auto const has = [](std::vector<BankName> const& banks, BankName const& bank) {
-    return std::any_of(banks.begin(), banks.end(),
-                       [&](BankName const& known) { return ToText(known) == ToText(bank); });
+  std::optional<Progress> progress;
+  DifferenceOptions options;
+  options.bank = o.bank;
+  options.progress = [&](std::string const& bank, std::size_t items) {
+    if (bank.empty()) return progress->Step();
+    progress.reset();
+    progress.emplace("comparing " + bank, items);
   };
-  std::vector<BankName> a = one.Banks();
-  std::vector<BankName> b = other.Banks();
-  if (!o.bank.empty()) {
-    BankName const bank = NamedInEither(one, other, o.bank);
-    auto const isOther = [&](BankName const& known) { return ToText(known) != ToText(bank); };
-    for (std::vector<BankName>* banks : {&a, &b}) {
-      banks->erase(std::remove_if(banks->begin(), banks->end(), isOther), banks->end());
-    }
-  } else {
-    difference.Header();
-  }
-  for (BankName const& bank : a) {
-    if (has(b, bank)) {
-      if (BankOrNone(bank.type)) {
-        difference.Bank(bank);
-      } else {
-        table.Add(ToText(bank), "whole", "unknown type", "not compared");
-      }
-    } else {
-      difference.OnlyIn(one, ToText(bank));
-    }
-  }
-  for (BankName const& bank : b) {
-    if (!has(a, bank)) difference.OnlyIn(other, ToText(bank));
-  }
-  report.Fact("differences found", static_cast<std::int64_t>(table.Rows().size()));
+  Table table = DifferencesOf(one, other, options);
+  progress.reset();
   if (o.exitCode && !table.Empty()) session.exitStatus = 1;
+  Report report;
+  report.Fact("differences found", static_cast<std::int64_t>(table.Rows().size()));
+  report.Add(std::move(table));
   return report;
 }
 

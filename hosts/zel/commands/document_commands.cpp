@@ -46,7 +46,7 @@ struct Options {
 LibraryChange ChangeFor(Session& session, Options const& o) {
   CheckModeFor(o.path, o.mode);
   if (!fs::exists(o.path) && o.create) {
-    return LibraryChange::New(session, o.path, {zel::libKind11, false, "", ModeOf(o.mode)});
+    return LibraryChange::New(session, o.path, {zel::libKind11, false, ModeOf(o.mode)}, o.change);
   }
   return {session, o.path, o.change};
 }

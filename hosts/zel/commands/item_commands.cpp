@@ -94,7 +94,7 @@ Report Copy(Session& session, Options const& o) {
   zel::InitZelAccess();
   bool const isNew = o.create && !std::filesystem::exists(o.path);
   LibraryChange change =
-      isNew ? LibraryChange::New(session, o.path, {zel::libKind11, false, "", ModeOf(o.mode)})
+      isNew ? LibraryChange::New(session, o.path, {zel::libKind11, false, ModeOf(o.mode)}, o.change)
             : LibraryChange(session, o.path, o.change);
   Library const& to = change.Open();
   Report report;

@@ -82,8 +82,7 @@ Report Create(Session& session, Options const& o) {
     throw WrongUsage("a library's kind is 11, 12 or 13");
   }
   LibraryChange change = LibraryChange::New(
-      session, o.path,
-      {static_cast<zel::libTypes>(o.kind), o.force, o.change.password, ModeOf(o.mode)});
+      session, o.path, {static_cast<zel::libTypes>(o.kind), o.force, ModeOf(o.mode)}, o.change);
   change.Open().File().SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
   Report report;
   report.Fact("created", o.path);
@@ -216,8 +215,8 @@ void AddLibraryCommands(CommandLine& line) {
       .Option("--description", o->description, "up to 100 characters", "TEXT")
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
       .Option("--kind", o->kind, "11, 12 or 13", "N")
-      .Flag("--force", o->force, "replace an existing library")
-      .Option("--password", o->change.password, "of an existing protected library", "TEXT");
+      .Flag("--force", o->force, "replace an existing library");
+  AddReplaceOptions(create, o->change, "of an existing protected library");
   AddModeOption(create, o->mode);
   create.Run(Outputs::kJson, [o](Session& session) { return Create(session, *o); });
   Command(line, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
@@ -237,7 +236,7 @@ void AddLibraryCommands(CommandLine& line) {
   set.Argument("LIBRARY", o->path, "a library file")
       .Option("--description", o->description, "up to 100 characters", "TEXT")
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
-      .Option("--new-password", o->newPassword, "require this password for every update", "TEXT")
+      .Secret("--new-password", o->newPassword, "require this password for every update", "TEXT")
       .Option("--level", o->level, "of the new password: 1 protects, 2 marks data too", "N")
       .Flag("--clear-password", o->clearPassword, "no longer require a password");
   AddChangeOptions(set, o->change);

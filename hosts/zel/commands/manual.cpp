@@ -23,7 +23,7 @@ or as TYPE:NAME; a component by its number, its ID, its CAS number or its name, 
 unique beginning of the name; a temperature with its unit, as in
 298.15K, 25C, 537R or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
 .PP
-memo, set, import, copy, delete, merge, renumber and create \-\-force work on a copy next to the library and move it into place
+memo, set, import, copy, edit, delete, undo, merge, renumber and create \-\-force work on a copy next to the library and move it into place
 at the end: a command that fails or is killed leaves the library unchanged.
 .SH OPTIONS OF ALL COMMANDS
 )";
@@ -50,6 +50,10 @@ what a killed command left of it
 .I .NAME.lb1.zel-ready
 a change that is being put in place; if it was cut off before its last step, the next command that names the
 library moves the old files back, otherwise it only removes this folder
+.TP
+.I .NAME.lb1.zel-history
+the versions of NAME.lb1 that changes have replaced, in folders 1, 2 and so on; zel log lists the changes and
+zel undo takes them back
 )";
 
 // Keeps minus signs as they are typed, and lines from being read as requests.

@@ -9,13 +9,20 @@
 
 namespace zelhost {
 
+void AddReplaceOptions(Command& command, ChangeOptions& options, std::string const& passwordHelp) {
+  command.Secret("--password", options.password, passwordHelp, "TEXT")
+      .Option("--keep", options.keep, "versions to keep for undo; 10 by default, 0 for none", "N")
+      .Flag("--dry-run", options.dryRun, "report what would be done, and change nothing");
+}
+
 void AddChangeOptions(Command& command, ChangeOptions& options) {
   if (char const* const password = std::getenv("ZEL_PASSWORD")) {
     options.password = password;
     options.passwordIsGeneral = true;
   }
-  command.Option("--password", options.password, "of a protected library", "TEXT")
-      .Flag("--in-place", options.inPlace, "no copy: faster, but a failure leaves it half changed");
+  AddReplaceOptions(command, options, "of a protected library");
+  command.Flag("--in-place", options.inPlace,
+               "no copy: faster, but a failure leaves it half changed");
 }
 
 void AddModeOption(Command& command, std::string& mode) {
@@ -62,6 +69,7 @@ void AddWarnings(PreferenceList const& list, Report& report) {
 }
 
 void PutInPlaceAfter(Report& report, LibraryChange change) {
+  if (change.IsDryRun()) return report.Warning("dry run", "nothing was changed");
   auto const held = std::make_shared<LibraryChange>(std::move(change));
   report.SetChange([held] { held->PutInPlace(); });
 }

@@ -12,7 +12,10 @@
 
 namespace zelhost {
 
+// The options of every command that changes an existing library.
 void AddChangeOptions(Command& command, ChangeOptions& options);
+// Those of them that also a command has which replaces a library as a whole.
+void AddReplaceOptions(Command& command, ChangeOptions& options, std::string const& passwordHelp);
 
 void AddModeOption(Command& command, std::string& mode);
 // Returns the mode that the option's text means; nothing for the empty text. Throws WrongUsage,
@@ -27,7 +30,8 @@ void AddSourceOptions(Command& command, SourceOptions& options);
 // Adds a warning and a table of the conflicts that were accepted; call it when the report has its
 // other tables.
 void AddWarnings(PreferenceList const& list, Report& report);
-// Puts the change in place when the report is made.
+// Puts the change in place when the report is made. After a dry run the report says that nothing
+// was changed.
 void PutInPlaceAfter(Report& report, LibraryChange change);
 
 // Adds --strict to a command that walks over items.

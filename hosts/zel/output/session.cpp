@@ -10,4 +10,6 @@ void Session::LeaveOut(std::string const& line) {
   exitStatus = 1;
 }
 
+void Session::Note(std::string const& line) { std::fprintf(stderr, "zel: %s\n", line.c_str()); }
+
 }  // namespace zelhost

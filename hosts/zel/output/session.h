@@ -20,6 +20,8 @@ class Session final : public zel::desk::Session {
   // Writes the line on standard error and sets the exit status to 1. With --strict it throws
   // Failure.
   void LeaveOut(std::string const& line) override;
+  // Writes the line on standard error.
+  void Note(std::string const& line) override;
 };
 
 }  // namespace zelhost

@@ -1,0 +1,36 @@
+#include "desk/compare/change_log.h"
+
+#include <utility>
+
+#include "desk/open/change_places.h"
+#include "desk/open/unfinished_change.h"
+
+namespace zel::desk {
+
+std::vector<LoggedChange> ChangesOf(Session& session, std::string const& path, int most) {
+  DifferenceOptions options;
+  options.first = "before";
+  options.second = "after";
+  std::vector<LoggedChange> changes;
+  // From the last change back: what was before a change is what the one before it left.
+  Library after = OpenFinished(session, path);
+  std::string const whole = WithoutLinks(path);
+  std::vector<Version> versions = VersionsOf(whole);
+  std::string left;
+  if (!versions.empty()) {
+    OrFail(path, "cannot be read", [&] { left = DigestOfLibrary(whole); });
+  }
+  for (; !versions.empty(); versions.pop_back()) {
+    if (most != 0 && changes.size() == static_cast<std::size_t>(most)) break;
+    Version& version = versions.back();
+    Library before = Library::OpenRead(session, version.first.string());
+    bool const isMixed = left != version.change.after;
+    left = version.change.before;
+    changes.push_back({version.number, std::move(version.change), isMixed,
+                       DifferencesOf(before, after, options)});
+    after = std::move(before);
+  }
+  return changes;
+}
+
+}  // namespace zel::desk

@@ -1,0 +1,243 @@
+#include "desk/edit/item_edit.h"
+
+#include <zelaccess/Key_p.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "desk/combine/bank_copy.h"
+#include "desk/edit/edit_values.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
+#include "desk/open/item_values.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
+
+namespace zel::desk {
+namespace {
+
+using Values = std::vector<NamedValue>;
+
+constexpr char kCode[] = " code";
+constexpr char kCodeField[] = "refCode";
+
+Cell ValueIn(Values const& values, std::string const& name) {
+  auto const at = std::find_if(values.begin(), values.end(),
+                               [&](NamedValue const& value) { return value.name == name; });
+  return at == values.end() ? Cell() : at->value;
+}
+
+// An item in memory: a component or any other.
+class Item {
+ public:
+  explicit Item(std::string const& type) : isComponent_(type == kPureType) {
+    if (!isComponent_) def_ = BankOfType(type);
+  }
+
+  bool IsComponent() const { return isComponent_; }
+  zel::IZelBankDef& Def() const { return isComponent_ ? *component_.Def() : *def_; }
+  Values All() const { return isComponent_ ? ValuesOf(component_) : ValuesOf(*def_); }
+  std::vector<std::string> Set(ItemEdit const& edit, DisplayUnits const& units) const {
+    return isComponent_ ? SetData(component_, edit, units) : SetData(*def_, edit, units);
+  }
+
+ private:
+  bool isComponent_;
+  PureComponent component_;
+  zel::Handle<zel::IZelBankDef> def_;
+};
+
+// The bank to edit; without one of that word in the library, that of `from` under its name there.
+BankName BankFor(Library const& library, Library const* from, std::string const& word) {
+  std::string const wanted = word.empty() ? kPureType : UpperCase(word);
+  std::vector<BankName> const banks = library.Banks();
+  bool const isThere = std::any_of(banks.begin(), banks.end(), [&](BankName const& bank) {
+    return ToText(bank) == wanted || bank.name == wanted || bank.type == wanted;
+  });
+  return (isThere || from == nullptr ? library : *from).Bank(wanted);
+}
+
+// The words with components as numbers, as far as the library knows them.
+std::vector<std::string> AsNumbers(Library const& library, std::vector<std::string> words) {
+  for (std::string& word : words) {
+    ComponentWord const component = ParseComponent(word);
+    std::int32_t number = 0;
+    if (auto const* id = std::get_if<std::string>(&component)) {
+      number = library.Maint().FindNumberById(id->c_str());
+    } else if (auto const* cas = std::get_if<zel::casn>(&component)) {
+      number = library.Maint().FindNumberByCas(*cas);
+    }
+    if (number != 0) word = std::to_string(number);
+  }
+  return words;
+}
+
+class Edit {
+ public:
+  Edit(Library const& library, ItemEdit const& edit, Library const* from)
+      : library_(library), edit_(edit), from_(from) {}
+
+  EditedItem Make();
+
+ private:
+  bool Read(Item const& item) const;
+  void CopyFirst(Item const& item);
+  void CheckStored(Values const& wanted, Values const& stored) const;
+  void AddRows(Item const& item, Values const& before, Values const& after);
+  std::string UnitOf(Item const& item, std::string const& name, Values const& values) const;
+
+  Library const& library_;
+  ItemEdit const& edit_;
+  Library const* from_;
+  std::vector<std::string> words_;  // what names the item to the library
+  EditedItem edited_;
+};
+
+bool Edit::Read(Item const& item) const {
+  zel::Handle<zel::Key> const key = KeyIn(library_, item.Def(), words_);
+  return library_.Maint().ReadItem(&item.Def(), edited_.bank.name.c_str(), key.get());
+}
+
+// Later on the item is named by numbers: the library need not know the IDs.
+void Edit::CopyFirst(Item const& item) {
+  if (from_ == nullptr) {
+    RefuseItem(library_, edited_.bank, edited_.item,
+               "does not exist" + WhyNotFound(library_, item.Def(), words_) +
+                   "; --from LIBRARY copies it");
+  }
+  std::vector<BankName> const banks = from_->Banks(edited_.bank.type);
+  bool const hasSame = std::any_of(banks.begin(), banks.end(), [&](BankName const& bank) {
+    return bank.name == edited_.bank.name;
+  });
+  BankName const bank = hasSame ? edited_.bank : from_->Bank(edited_.bank.type);
+  words_ = ItemWords(*from_, item.Def(), edit_.item);
+  zel::Handle<zel::Key> const key = KeyIn(*from_, item.Def(), words_);
+  if (!from_->Maint().ReadItem(&item.Def(), bank.name.c_str(), key.get())) {
+    RefuseItem(*from_, bank, edited_.item,
+               "does not exist" + WhyNotFound(*from_, item.Def(), words_));
+  }
+  std::int32_t const* const stored = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
+  BankFacts const facts(item.Def());
+  if (!library_.Maint().BankExists(edited_.bank.type.c_str(), edited_.bank.name.c_str())) {
+    MakeBankLike(*from_, library_, edited_.bank);
+  }
+  // As it is stored, whatever the order in which the components are named.
+  zel::Handle<zel::Key> const asStored = StoredKey({stored, stored + facts.keyWords});
+  if (!from_->Maint().ReadItem(&item.Def(), bank.name.c_str(), asStored.get())) {
+    RefuseItem(*from_, bank, edited_.item, "cannot be read");
+  }
+  WriteItem(library_, edited_.bank, item.Def(), *asStored, edited_.item);
+  if (facts.keyKind == 0) words_ = AsNumbers(*from_, words_);
+  edited_.copiedFrom = from_->Path() + ":" + bank.name;
+  if (!Read(item)) RefuseItem(library_, edited_.bank, edited_.item, "cannot be read");
+}
+
+// The record may have no room for a field, or for so many digits.
+void Edit::CheckStored(Values const& wanted, Values const& stored) const {
+  constexpr double kRounding = 1e-6;
+  for (NamedValue const& value : wanted) {
+    Cell const kept = ValueIn(stored, value.name);
+    auto const* const one = std::get_if<double>(&value.value);
+    auto const* const other = std::get_if<double>(&kept);
+    bool const isSame = one != nullptr && other != nullptr
+                            ? std::abs(*one - *other) <= kRounding * std::abs(*one)
+                            : kept == value.value;
+    if (isSame) continue;
+    RefuseItem(library_, edited_.bank, edited_.item,
+               value.name + " cannot be stored as " + CellText(value.value) + ", only as " +
+                   CellText(kept));
+  }
+}
+
+std::string Edit::UnitOf(Item const& item, std::string const& name, Values const& values) const {
+  if (item.IsComponent()) {
+    if (auto const* const constant = FindConstant(name)) return constant->unit;
+    std::size_t const blank = name.find(' ');
+    std::string const rest = blank == std::string::npos ? "" : name.substr(blank);
+    if (rest != " from T" && rest != " to T") return "";
+    return CellText(ValueIn(values, name.substr(0, blank) + " T in"));
+  }
+  return FieldNamed(item.Def(), name).unit;
+}
+
+void Edit::AddRows(Item const& item, Values const& before, Values const& after) {
+  std::vector<std::string> names;  // of what changed, in the order of the item
+  auto const add = [&](Values const& values) {
+    for (NamedValue const& value : values) {
+      if (ValueIn(before, value.name) == ValueIn(after, value.name)) continue;
+      if (std::find(names.begin(), names.end(), value.name) == names.end()) {
+        names.push_back(value.name);
+      }
+    }
+  };
+  add(after);
+  add(before);
+  auto const codeOf = [&](std::string const& name) {
+    return item.IsComponent() ? name.substr(0, name.find(' ')) + kCode : kCodeField;
+  };
+  // A code is shown with its value; if only the code changed, in a row of its own.
+  std::vector<std::string> rows;
+  for (std::string const& name : names) {
+    bool const isCode = name == codeOf(name);
+    bool const hasRow = std::any_of(names.begin(), names.end(), [&](std::string const& other) {
+      return other != name && codeOf(other) == name;
+    });
+    if (!isCode) rows.push_back(name);
+    if (isCode && !hasRow) {
+      rows.push_back(item.IsComponent() ? name.substr(0, name.find(' ')) : name);
+    }
+  }
+  for (std::string const& name : rows) {
+    std::string const code = codeOf(name);
+    std::string const unit = UnitOf(
+        item, name, std::holds_alternative<std::monostate>(ValueIn(after, name)) ? before : after);
+    edited_.changes.Add(name, ValueIn(before, name), ValueIn(after, name), Text(unit),
+                        ValueIn(before, code), ValueIn(after, code));
+  }
+}
+
+EditedItem Edit::Make() {
+  if (edit_.settings.empty() && edit_.unset.empty()) {
+    throw WrongUsage("nothing to edit: give DATUM=VALUE or --unset DATUM; see zel edit --help");
+  }
+  edited_.bank = BankFor(library_, from_, edit_.bank);
+  edited_.changes = Table("changes", {{"datum", ""},
+                                      {"old", "", false, true},
+                                      {"new", "", false, true},
+                                      {"unit", ""},
+                                      {"old code", ""},
+                                      {"new code", ""}});
+  Item const item(edited_.bank.type);
+  words_ = ItemWords(library_, item.Def(), edit_.item);
+  edited_.item = Joined(words_);
+  bool const hasBank =
+      library_.Maint().BankExists(edited_.bank.type.c_str(), edited_.bank.name.c_str());
+  if (!hasBank || !Read(item)) CopyFirst(item);
+  Values const before = item.All();
+  std::vector<std::string> const edited = item.Set(edit_, library_.InSession().units);
+  Values const wanted = item.All();
+  zel::Handle<zel::Key> const key = KeyIn(library_, item.Def(), words_);
+  WriteItem(library_, edited_.bank, item.Def(), *key, edited_.item);
+  if (!Read(item)) RefuseItem(library_, edited_.bank, edited_.item, "cannot be read");
+  Values const after = item.All();
+  CheckStored(wanted, after);
+  AddRows(item, before, after);
+  for (std::string const& name : edited) {
+    auto const& rows = edited_.changes.Rows();
+    bool const isChanged = std::any_of(rows.begin(), rows.end(), [&](auto const& row) {
+      std::string const datum = CellText(row[0]);
+      return datum == name || datum.rfind(name + " ", 0) == 0 ||
+             (name == kCodeField && row[4] != row[5]);
+    });
+    if (!isChanged) edited_.same.push_back(name);
+  }
+  return std::move(edited_);
+}
+
+}  // namespace
+
+EditedItem EditItem(Library const& library, ItemEdit const& edit, Library const* from) {
+  return Edit(library, edit, from).Make();
+}
+
+}  // namespace zel::desk
