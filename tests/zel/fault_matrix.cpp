@@ -89,7 +89,7 @@ constexpr CommandLine kCommands[] = {
     {"delete own.lb1 PERRY WATER", nullptr},
     {"delete own.lb1 PERRY --whole-bank", nullptr},
     {"edit own.lb1 ETHANOL TC 514K --ref 9", nullptr},
-    {"edit own.lb1 PURECOMP CYCLOC6 TC 554K --from other.lb1", nullptr},
+    {"edit own.lb1 PURECOMP CYCLOHEX TC 554K --from other.lb1", nullptr},
     {"log own.lb1", nullptr},
     {"undo own.lb1", nullptr},
 };
@@ -210,6 +210,7 @@ bool Matrix::MakeLibraries() {
       "copy perry.lb1 own.lb1 --bank PERRY --item WATER",
       "copy perry.lb1 own.lb1 --bank PERRY --item BENZENE",
       "copy perry.lb1 other.lb1 --create --bank PERRY --item ETHANOL",
+      "copy perry.lb1 other.lb1 --bank PERRY --item CYCLOHEX",
       "copy crc.lb1 other.lb1 --bank CRC --item ETHANOL",
       "copy sample.lb1 pairs.lb1 --create --bank NRTL",
       "copy sample.lb1 pairs.lb1 --bank OCTANE",
