@@ -29,6 +29,7 @@ set(desk_SOURCES
     files/standard_output.cpp
     open/change_places.cpp
     open/component_name.cpp
+    open/field_text.cpp
     open/fields.cpp
     open/history.cpp
     open/identity_conflict.cpp
@@ -43,6 +44,20 @@ set(desk_SOURCES
     open/session.cpp
     open/unfinished_change.cpp
     open/unread_items.cpp
+    tables/component_rows.cpp
+    tables/component_table.cpp
+    tables/constant_rows.cpp
+    tables/correlation_rows.cpp
+    tables/item_rows.cpp
+    tables/json_table.cpp
+    tables/pair_table.cpp
+    tables/row_form.cpp
+    tables/separated_values.cpp
+    tables/table_columns.cpp
+    tables/table_export.cpp
+    tables/table_heads.cpp
+    tables/table_import.cpp
+    tables/text_table.cpp
     words/display_units.cpp
     pages/equation_texts.cpp
     pages/json_text.cpp

@@ -43,4 +43,15 @@ bool Matches(std::string const& pattern, std::string const& text) {
   return p == pattern.size();
 }
 
+std::vector<std::string> ListWords(std::string const& text) {
+  constexpr char kSeparators[] = " ,;\t\n\r";
+  std::vector<std::string> words;
+  for (std::size_t at = text.find_first_not_of(kSeparators); at < text.size();) {
+    std::size_t const end = std::min(text.find_first_of(kSeparators, at), text.size());
+    words.push_back(text.substr(at, end - at));
+    at = text.find_first_not_of(kSeparators, end);
+  }
+  return words;
+}
+
 }  // namespace zel::desk

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace zel::desk {
 
@@ -9,5 +10,7 @@ std::string UpperCase(std::string text);
 std::string LowerCase(std::string text);
 // "*" matches any text, "?" one character; letters are compared without regard to case.
 bool Matches(std::string const& pattern, std::string const& text);
+// The words of a list, which are separated by blanks, tabs, line ends, commas or semicolons.
+std::vector<std::string> ListWords(std::string const& text);
 
 }  // namespace zel::desk

@@ -96,6 +96,7 @@ int Run(int count, char** words) {
     zelhost::AddHistoryCommands(line);
     zelhost::AddDiffCommand(line);
     zelhost::AddCheckCommand(line);
+    zelhost::AddTableCommands(line);
     zelhost::AddCompareCommand(line);
     zelhost::AddCombineCommands(line);
     return line.Run(count, words);

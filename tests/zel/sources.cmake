@@ -26,6 +26,7 @@ set(zel_TEST_SOURCES
     output_files_test.cpp
     memory_test.cpp
     sense_test.cpp
+    tables_test.cpp
     traced_run.cpp
     units_test.cpp
     zel_fixture.cpp)

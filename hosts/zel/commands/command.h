@@ -104,6 +104,7 @@ void AddEditCommand(CommandLine& line);
 void AddHistoryCommands(CommandLine& line);   // log, undo
 void AddDiffCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);
+void AddTableCommands(CommandLine& line);  // template, table, pairs
 void AddCompareCommand(CommandLine& line);
 void AddCombineCommands(CommandLine& line);  // flatten, merge, renumber
 

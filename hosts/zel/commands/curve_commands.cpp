@@ -5,6 +5,7 @@
 #include "commands/shared_options.h"
 #include "desk/open/named_correlation.h"
 #include "desk/open/preference_list.h"
+#include "desk/tables/component_table.h"
 #include "desk/words/failure.h"
 #include "desk/words/number_range.h"
 
@@ -15,6 +16,9 @@ struct Options {
   SourceOptions sources;
   std::string component;
   std::string correlation;
+  std::vector<std::string> moreComponents;
+  std::vector<std::string> moreCorrelations;
+  bool extrapolate = false;
   std::vector<std::string> at;
   std::string from;
   std::string to;
@@ -51,7 +55,31 @@ std::string StatusText(std::int32_t status) {
   return status == 0 ? "inside" : status > 0 ? "above" : "below";
 }
 
+// Several components or correlations over the same temperatures, in K.
+Report EvalGrid(Session& session, Options const& o) {
+  PreferenceList list(session, o.sources);
+  CurveGrid grid;
+  grid.components.push_back(o.component);
+  grid.components.insert(grid.components.end(), o.moreComponents.begin(), o.moreComponents.end());
+  grid.correlations.push_back(o.correlation);
+  grid.correlations.insert(grid.correlations.end(), o.moreCorrelations.begin(),
+                           o.moreCorrelations.end());
+  for (std::string const& word : grid.correlations) CorrelationNamed(word);
+  grid.extrapolate = o.extrapolate;
+  if (o.at.empty() && (o.from.empty() || o.to.empty())) {
+    throw WrongUsage("several components or correlations need --at, or --from and --to");
+  }
+  grid.kelvin = Temperatures(o, Curve{}, o.component, session.units);
+  CurveTables tables = EvaluateGrid(list, grid);
+  Report report;
+  report.Add(std::move(tables.records));
+  report.Add(std::move(tables.points));
+  AddWarnings(list, report);
+  return report;
+}
+
 Report Eval(Session& session, Options const& o) {
+  if (!o.moreComponents.empty() || !o.moreCorrelations.empty()) return EvalGrid(session, o);
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
   if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives must be 0 to 3");
   PreferenceList list(session, o.sources);
@@ -106,6 +134,10 @@ void AddCurveCommands(CommandLine& line) {
       .Option("--from", o->from, "lowest temperature; default: the record's", "T")
       .Option("--to", o->to, "highest temperature; default: the record's", "T")
       .Option("--steps", o->steps, "number of steps; default: 10", "N")
+      .Option("--components", o->moreComponents, "further components, in the same table",
+              "COMPONENT...")
+      .Option("--correlations", o->moreCorrelations, "further correlations", "CORRELATION...")
+      .Flag("--extrapolate", o->extrapolate, "with several: values outside the ranges too")
       .Option("--derivatives", o->derivatives, "number of derivatives, 0 to 3; default: 1", "N")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Eval(session, *o); });
 }

@@ -8,6 +8,7 @@
 #include "commands/command.h"
 #include "commands/import_log.h"
 #include "commands/shared_options.h"
+#include "commands/table_files.h"
 #include "commands/written_documents.h"
 #include "desk/change/library_change.h"
 #include "desk/files/input_file.h"
@@ -41,6 +42,7 @@ struct Options {
   bool verbose = false;
   bool banner = false;
   bool componentFiles = false;
+  TableOptions table;
 };
 
 LibraryChange ChangeFor(Session& session, Options const& o) {
@@ -87,6 +89,12 @@ bool ImportOne(zel::LibMaint_p& maint, Options const& o, std::string const& file
 }
 
 Report Import(Session& session, Options const& o) {
+  if (!o.table.path.empty()) {
+    if (!o.files.empty()) throw WrongUsage("documents and --table exclude each other");
+    zel::InitZelAccess();
+    return ImportTableFile(session, ChangeFor(session, o), o.bank, o.table, o.verbose);
+  }
+  if (o.files.empty()) throw WrongUsage("DOCUMENT is required, or --table");
   zel::zelImportChecks const checks = ChecksOf(o);
   for (std::string const& file : o.files) {
     if (!fs::exists(file)) throw Failure(file + ": not found");
@@ -205,6 +213,9 @@ void CheckNames(Library const& library, Options const& o, ExportTarget const& ta
 
 Report Export(Session& session, Options const& given) {
   zel::InitZelAccess();
+  if (!given.table.path.empty()) {
+    return ExportTableFile(session, given.path, given.bank, given.table);
+  }
   Options o = given;
   Library const library = OpenFinished(session, o.path);
   if (!o.component.empty()) o.component = LookupWord(o.component, BanksKnownTo(library));
@@ -315,13 +326,14 @@ void AddDocumentCommands(CommandLine& line) {
   Command reading(line, "import", "Read XML documents into a library, all or nothing",
                   "zel import nist.lb1 nist.xml --create");
   reading.Argument("LIBRARY", o->path, "a library file")
-      .Argument("DOCUMENT", o->files, "documents of a library, bank or component")
-      .Option("--bank", o->bank, "the documents are components for this bank", "NAME")
+      .OptionalArgument("DOCUMENT", o->files, "documents of a library, bank or component")
+      .Option("--bank", o->bank, "the documents or the table are for this bank", "NAME")
       .Flag("--create", o->create, "create the library if it does not exist")
       .Flag("--replace", o->replace, "with --bank, replace components that exist already")
       .Flag("--lenient", o->lenient, "malformed numbers and lost parts are warnings")
       .Flag("--strict", o->strict, "texts that cannot be stored unchanged are errors")
-      .Flag("--verbose", o->verbose, "align the bank types in the log");
+      .Flag("--verbose", o->verbose, "align bank types in the log; list all rows");
+  AddTableInput(reading, o->table);
   AddModeOption(reading, o->mode);
   AddChangeOptions(reading, o->change);
   reading.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Import(session, *o); });
@@ -334,6 +346,7 @@ void AddDocumentCommands(CommandLine& line) {
       .Option("--component", o->component, "only this component", "COMPONENT")
       .Flag("--banner", o->banner, "add a block for a maintenance log")
       .Flag("--component-files", o->componentFiles, "a document for each component");
+  AddTableOutput(writing, o->table);
   AddStrict(writing);
   writing.Run(Outputs::kJson, [o](Session& session) { return Export(session, *o); });
   Command dump(line, "dump", "Write tab-separated indexes, or show a bank's tree",

@@ -1,0 +1,28 @@
+// The value of a field of any bank type as a text that keeps all digits, and back.
+#pragma once
+
+#include <string>
+
+#include "desk/open/fields.h"
+#include "desk/words/display_units.h"
+
+namespace zel::desk {
+
+// As few digits as read back to the same number; empty for an undefined one.
+std::string AllDigits(double value);
+
+// Several values have blanks between them, with "-" for an undefined one. Empty if all are
+// undefined. A code that shares its word with another one is a number.
+std::string FieldText(zel::IZelBankDef& bank, Field const& field, DisplayUnits const& units);
+// Sets the field; an empty text makes it undefined. Values that a list does not have become
+// undefined. Numbers without a unit are in the display unit. Throws Failure, and changes nothing,
+// for a text that the field cannot hold unchanged.
+void SetFieldText(zel::IZelBankDef& bank, Field const& field, std::string const& text,
+                  DisplayUnits const& units);
+
+// A whole number that fits 32 bits. Throws Failure, which says that the word is not `what`.
+std::int32_t WholeNumber(std::string const& word, std::string const& what);
+// Throws Failure if a text is longer than what is kept of it, or has control characters.
+void CheckText(std::string const& text, std::size_t longest, std::string const& what);
+
+}  // namespace zel::desk

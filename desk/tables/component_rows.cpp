@@ -1,0 +1,112 @@
+#include "desk/tables/component_rows.h"
+
+#include "desk/open/component_name.h"
+#include "desk/open/field_text.h"
+#include "desk/open/item_key.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
+
+namespace zel::desk {
+
+ComponentRows::ComponentRows(TableTarget const& target, std::vector<TableColumn>& columns)
+    : target_(target),
+      component_(TakeColumn(columns, {"component", "item"})),
+      number_(TakeColumn(columns, {"number"})),
+      cas_(TakeColumn(columns, {"cas", "CAS number", "casNum"})),
+      ids_(TakeColumn(columns, {"ids", "id"})) {
+  if (!component_ && !number_ && !cas_ && !ids_) {
+    throw Failure("no column names the components; its head is number, ids, cas or component");
+  }
+}
+
+std::vector<std::string> ComponentRows::WordsOf(TextRow const& row) const {
+  std::vector<std::string> words;
+  // Only the column that may hold a name is looked up as one: an ID can be the beginning of a name.
+  std::string const any = CellOf(component_, row);
+  if (!any.empty()) words.push_back(LookupWord(any, {{target_.library, target_.bank}}));
+  for (auto const* column : {&number_, &cas_}) {
+    if (!CellOf(*column, row).empty()) words.push_back(CellOf(*column, row));
+  }
+  std::vector<std::string> const ids = ListWords(CellOf(ids_, row));
+  if (!ids.empty()) words.push_back(ids.front());
+  if (words.empty()) throw Failure("names no component");
+  return words;
+}
+
+ComponentRows::Found ComponentRows::Find(TextRow const& row) {
+  Found found;
+  PureComponent const component;
+  for (std::string const& word : WordsOf(row)) {
+    if (found.shown.empty()) found.shown = word;
+    if (!ReadComponent(*target_.library, target_.bank, word, component)) continue;
+    std::int32_t const number = component.ReadIdentity().number;
+    if (found.isThere && found.number != number) {
+      throw Failure(found.shown + " is component " + std::to_string(found.number) + ", but " +
+                    word + " is component " + std::to_string(number));
+    }
+    found.number = number;
+    found.isThere = true;
+  }
+  if (!found.isThere) found.number = NumberOfNew(row);
+  return found;
+}
+
+std::int32_t ComponentRows::NumberOfNew(TextRow const& row) {
+  constexpr char kWhat[] = "a component number";
+  std::string const given = CellOf(number_, row);
+  if (!given.empty()) {
+    std::int32_t const number = WholeNumber(given, kWhat);
+    if (number < 1) throw Failure("\"" + given + "\" is not " + kWhat);
+    return number;
+  }
+  Library const* const names = target_.library->InSession().names.get();
+  PureComponent const known;
+  for (std::string const& word : WordsOf(row)) {
+    if (names == nullptr) break;
+    for (BankName const& bank : names->Banks(kPureType)) {
+      if (ReadComponent(*names, bank, word, known)) return known.ReadIdentity().number;
+    }
+  }
+  return target_.library->Maint().NextComponentNumber();
+}
+
+void ComponentRows::Write(PureComponent& component, Found const& found) const {
+  zel::Handle<zel::Key> const key = KeyOf({static_cast<long>(found.number)});
+  zel::LibMaint& maint = target_.library->Maint();
+  if (maint.WriteItem(component.Def(), target_.bank.name.c_str(), key.get())) return;
+  char reasons[300] = {};
+  maint.CheckComponent(component.operator->(), key.get(), reasons);
+  throw Failure(found.shown + " is refused: " + reasons);
+}
+
+RowResult ComponentRows::Apply(TextRow const& row) {
+  Found const found = Find(row);
+  std::string const datum = DatumOf(row);
+  Once(std::to_string(found.number) + " " + LowerCase(datum), row.line);
+  PureComponent component;
+  std::string const number = std::to_string(found.number);
+  std::vector<NamedValue> before;
+  if (found.isThere) {
+    ReadComponent(*target_.library, target_.bank, number, component);
+    before = ValuesOf(component);
+  } else {
+    component.Def()->Clear();
+    char const noIds[12][9] = {};
+    component->SetIdentity(found.number, 0, 0, noIds, "", "", 0);
+  }
+  std::string const shown = found.shown + (datum.empty() ? "" : " " + datum);
+  try {
+    Set(row, component, !found.isThere);
+  } catch (std::runtime_error const& error) {
+    throw Failure(shown + ": " + error.what());
+  }
+  Write(component, found);
+  PureComponent const written;
+  ReadComponent(*target_.library, target_.bank, number, written);
+  std::vector<NamedValue> const after = ValuesOf(written);
+  if (!found.isThere) return {RowState::kNew, shown, ""};
+  std::string const what = Differences(before, after);
+  return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what};
+}
+
+}  // namespace zel::desk

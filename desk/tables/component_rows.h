@@ -1,0 +1,52 @@
+// What all tables of pure components have in common: which component a row is about, and how it is
+// written.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desk/open/pure_component.h"
+#include "desk/tables/row_form.h"
+
+namespace zel::desk {
+
+class ComponentRows : public RowForm {
+ public:
+  RowResult Apply(TextRow const& row) override;
+
+ protected:
+  // Takes the columns that name the component. Throws Failure if there is none.
+  ComponentRows(TableTarget const& target, std::vector<TableColumn>& columns);
+
+  // Sets what the row has. `isNew` if the bank does not have the component.
+  virtual void Set(TextRow const& row, PureComponent& component, bool isNew) = 0;
+  // What the row sets, besides the component: rows of the same component and the same datum are
+  // refused. Empty if it is the component as a whole.
+  virtual std::string DatumOf(TextRow const& row) const = 0;
+
+  TableTarget const& Target() const { return target_; }
+  // The first of these columns that has a cell in the row: `component`, number, CAS number, ID.
+  std::string CellOfCas(TextRow const& row) const { return CellOf(cas_, row); }
+  std::string CellOfIds(TextRow const& row) const { return CellOf(ids_, row); }
+
+ private:
+  struct Found {
+    std::int32_t number = 0;
+    bool isThere = false;
+    std::string shown;
+  };
+  Found Find(TextRow const& row);
+  // The words that name the component, the surest first.
+  std::vector<std::string> WordsOf(TextRow const& row) const;
+  std::int32_t NumberOfNew(TextRow const& row);
+  void Write(PureComponent& component, Found const& found) const;
+
+  TableTarget target_;
+  std::optional<TableColumn> component_;
+  std::optional<TableColumn> number_;
+  std::optional<TableColumn> cas_;
+  std::optional<TableColumn> ids_;
+};
+
+}  // namespace zel::desk

@@ -1,0 +1,49 @@
+// Data of many components, and of pairs, side by side, as a preference list merges them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desk/open/preference_list.h"
+#include "desk/words/table.h"
+
+namespace zel::desk {
+
+// Which components a table has: those that are named, and those of all banks of the list whose ID
+// or name matches the pattern.
+struct ComponentChoice {
+  std::vector<std::string> words;
+  std::string path;     // of a file with one word a line; empty for none
+  std::string pattern;  // "*" for all; empty for none
+};
+// The words, each once. Throws WrongUsage if nothing was chosen, Failure if nothing matches.
+std::vector<std::string> ChosenComponents(PreferenceList const& list,
+                                          ComponentChoice const& choice);
+
+// A row for each component, a column for each field: a constant, completed, or a correlation as
+// its equation and range. `withSources` adds a column with where each value comes from. Throws
+// Failure for a component that no source has and for a field that does not exist.
+Table ComponentTable(PreferenceList& list, std::vector<std::string> const& components,
+                     std::vector<std::string> const& fields, bool withSources);
+
+// Several correlations of several components over the same temperatures.
+struct CurveGrid {
+  std::vector<std::string> components;
+  std::vector<std::string> correlations;
+  std::vector<double> kelvin;
+  bool extrapolate = false;  // else there is no value outside the range of a record
+};
+struct CurveTables {
+  Table points;   // T and a column for each component and correlation
+  Table records;  // the component, correlation, equation, range and source of each column
+};
+// The column of a correlation that a component does not have is empty, and so is its record. Throws
+// Failure for a component that no source has.
+CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid);
+
+// The items of all banks of a type of component pairs, the first library that has a pair winning.
+// With components, only pairs of two of them. Throws Failure for a type that is not of pairs.
+Table PairTable(std::vector<Library> const& libraries, std::string const& type,
+                std::vector<std::string> const& fields, std::vector<std::string> const& components);
+
+}  // namespace zel::desk

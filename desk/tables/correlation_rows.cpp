@@ -1,0 +1,230 @@
+// Rows that set correlations or group structures of components.
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "desk/open/field_text.h"
+#include "desk/tables/component_rows.h"
+#include "desk/tables/table_heads.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
+#include "desk/words/number_range.h"
+
+namespace zel::desk {
+namespace {
+
+constexpr std::size_t kMostCoefficients = 15;
+constexpr std::size_t kMostGroups = 10;
+constexpr std::int32_t kLastUnitCode = 50999;
+
+// The value that belongs to the first of the words that the cell is; `missing` for an empty cell.
+std::int32_t Choice(std::string const& cell, std::int32_t missing, char const* what,
+                    std::vector<std::pair<char const*, std::int32_t>> const& words) {
+  if (cell.empty()) return missing;
+  for (auto const& [word, value] : words) {
+    if (LowerCase(cell) == word) return value;
+  }
+  throw Failure("\"" + cell + "\" is not " + what);
+}
+
+// The code that a unit word means; several codes can have the same name.
+std::int32_t UnitCodeNamed(std::string const& word) {
+  std::vector<std::int32_t> codes;
+  for (std::int32_t code = 1; code <= kLastUnitCode; ++code) {
+    if (LowerCase(zel::GetUnitCodeName(code)) == LowerCase(word)) codes.push_back(code);
+  }
+  if (codes.size() == 1) return codes.front();
+  if (codes.empty()) throw Failure("no unit code has the name " + word);
+  std::string listed;
+  for (std::int32_t const code : codes) {
+    listed += (listed.empty() ? "" : ", ") + std::to_string(code);
+  }
+  throw Failure("several unit codes have the name " + word + ": " + listed +
+                "; give one of them as propUnitCode");
+}
+
+double CoefficientIn(std::string const& word) {
+  double const value = ParseNumber(word, "a coefficient");
+  if (value != 0.0 && std::abs(value) > 3.4e38) throw Failure(word + " is too large to be stored");
+  return value;
+}
+
+class CorrelationRows final : public ComponentRows {
+ public:
+  CorrelationRows(TableTarget const& target, std::vector<TableColumn> columns)
+      : ComponentRows(target, columns),
+        name_(TakeColumn(columns, {"correlation"})),
+        equation_(TakeColumn(columns, {"equation"})),
+        tempUnit_(TakeColumn(columns, {"tempUnit", "T in"})),
+        unitCode_(TakeColumn(columns, {"propUnitCode", "unitCode"})),
+        unit_(TakeColumn(columns, {"propUnit", "unit"})),
+        logBasis_(TakeColumn(columns, {"logBasis", "log"})),
+        basis_(TakeColumn(columns, {"moleWtBasis", "basis", "per"})),
+        tMin_(TakeColumn(columns, {"tMin", "from T"})),
+        tMax_(TakeColumn(columns, {"tMax", "to T"})),
+        code_(TakeColumn(columns, {"refCode", "code"})),
+        count_(TakeColumn(columns, {"n"})),
+        list_(TakeColumn(columns, {"coefficients"})) {
+    for (std::size_t i = 1; i <= kMostCoefficients; ++i) {
+      if (auto one = TakeColumn(columns, {"C" + std::to_string(i)})) {
+        each_.push_back(std::move(*one));
+      }
+    }
+    if (!equation_ || (!list_ && each_.empty())) {
+      throw Failure("a table of correlations needs the columns equation and coefficients");
+    }
+    std::vector<std::string> candidates;
+    for (TableHead const& head : HeadsOf(kPureType, TableKind::kCorrelations)) {
+      candidates.push_back(head.name);
+    }
+    RefuseRest(columns, candidates);
+  }
+
+ protected:
+  std::string DatumOf(TextRow const& row) const override { return CellOf(name_, row); }
+
+  void Set(TextRow const& row, PureComponent& component, bool isNew) override {
+    if (isNew) throw Failure("is not in bank " + ToText(Target().bank));
+    std::string const name = CellOf(name_, row);
+    zel::ZelCorrelationInfo const* const info = FindCorrelation(name);
+    if (info == nullptr) {
+      throw Failure("\"" + name + "\" is not a correlation" + DidYouMeanCorrelation(name) +
+                    " `zel types PURECOMP` lists them");
+    }
+    std::int32_t const equation = WholeNumber(CellOf(equation_, row), "the number of an equation");
+    std::int32_t const tempUnit =
+        Choice(CellOf(tempUnit_, row), kKelvin, "K, C, R or F",
+               {{"k", kKelvin}, {"c", kKelvin + 1}, {"r", kKelvin + 2}, {"f", kKelvin + 3}});
+    std::vector<double> const coefficients = Coefficients(row);
+    std::uint32_t const index = IndexOf(*info);
+    component->SetCorrelation(
+        index, equation, tempUnit, UnitCode(row),
+        Choice(CellOf(logBasis_, row), 1, "ln or log",
+               {{"ln", 1}, {"log", 2}, {"natural", 1}, {"decimal", 2}, {"1", 1}, {"2", 2}}),
+        Choice(CellOf(basis_, row), 0, "m or wt",
+               {{"m", 1}, {"mole", 1}, {"molar", 1}, {"wt", 2}, {"mass", 2}, {"1", 1}, {"2", 2}}),
+        static_cast<std::int32_t>(coefficients.size()), Limit(tMin_, row, tempUnit),
+        Limit(tMax_, row, tempUnit), coefficients.data());
+    Curve const stored = component.ReadCurve(index);
+    if (!stored.present || stored.equation != equation) {
+      throw Failure("equation " + std::to_string(equation) + " cannot be stored so");
+    }
+    SetCode(component, index, CellOf(code_, row));
+  }
+
+ private:
+  static void SetCode(PureComponent& component, std::uint32_t index, std::string const& word) {
+    if (word.empty()) return;
+    std::int32_t const code = WholeNumber(word, "a reference code");
+    bool const isStored =
+        code >= 0 &&
+        component->SetCorrelationRefCode(index, static_cast<std::uint32_t>(code)) == zel::kStatusOk;
+    if (!isStored) throw Failure(word + " cannot be stored as a reference code");
+  }
+
+  std::int32_t UnitCode(TextRow const& row) const {
+    std::string const code = CellOf(unitCode_, row);
+    if (!code.empty()) return WholeNumber(code, "a unit code");
+    std::string const word = CellOf(unit_, row);
+    return word.empty() ? 0 : UnitCodeNamed(word);
+  }
+
+  // A limit is in the unit of the record, unless the cell or the head names another.
+  static double Limit(std::optional<TableColumn> const& column, TextRow const& row,
+                      std::int32_t tempUnit) {
+    std::string const word = CellOf(column, row);
+    if (word.empty()) return zel::gen_GetUndefDouble();
+    DisplayUnits const units = column->UnitsFor("K", {});
+    bool const isBare = word.find_last_of("0123456789.") + 1 == word.size();
+    if (isBare && column->Unit().empty()) return ParseNumber(word, "a temperature");
+    return ParseTemperature(word, units).In(tempUnit);
+  }
+
+  std::vector<double> Coefficients(TextRow const& row) const {
+    std::vector<std::string> words = ListWords(CellOf(list_, row));
+    for (TableColumn const& one : each_) words.push_back(one.In(row));
+    while (!words.empty() && words.back().empty()) words.pop_back();
+    if (words.empty() || words.size() > kMostCoefficients) {
+      throw Failure("has " + std::to_string(words.size()) + " coefficients, not 1 to 15");
+    }
+    std::string const count = CellOf(count_, row);
+    if (!count.empty() && count != std::to_string(words.size())) {
+      throw Failure("has " + std::to_string(words.size()) + " coefficients, but n is " + count);
+    }
+    std::vector<double> values;
+    values.reserve(words.size());
+    for (std::string const& word : words) values.push_back(CoefficientIn(word));
+    return values;
+  }
+
+  std::optional<TableColumn> name_;
+  std::optional<TableColumn> equation_;
+  std::optional<TableColumn> tempUnit_;
+  std::optional<TableColumn> unitCode_;
+  std::optional<TableColumn> unit_;
+  std::optional<TableColumn> logBasis_;
+  std::optional<TableColumn> basis_;
+  std::optional<TableColumn> tMin_;
+  std::optional<TableColumn> tMax_;
+  std::optional<TableColumn> code_;
+  std::optional<TableColumn> count_;
+  std::optional<TableColumn> list_;
+  std::vector<TableColumn> each_;
+};
+
+class GroupRows final : public ComponentRows {
+ public:
+  GroupRows(TableTarget const& target, std::vector<TableColumn> columns)
+      : ComponentRows(target, columns),
+        model_(TakeColumn(columns, {"model"})),
+        groups_(TakeColumn(columns, {"groups"})) {
+    if (!model_) throw Failure("a table with a column groups needs a column model");
+    RefuseRest(columns, {"number", "model", "groups"});
+  }
+
+ protected:
+  std::string DatumOf(TextRow const& row) const override { return CellOf(model_, row); }
+
+  void Set(TextRow const& row, PureComponent& component, bool isNew) override {
+    if (isNew) throw Failure("is not in bank " + ToText(Target().bank));
+    auto const& models = StructureModels();
+    auto const model = std::find(models.begin(), models.end(), LowerCase(CellOf(model_, row)));
+    if (model == models.end()) {
+      std::string names;
+      for (std::string const& name : models) names += (names.empty() ? "" : ", ") + name;
+      throw Failure("\"" + CellOf(model_, row) + "\" is not one of the models " + names);
+    }
+    std::vector<std::int32_t> groups;
+    std::vector<std::int32_t> counts;
+    // "1(2) 14(1)": the group and how often it occurs.
+    for (std::string const& word : ListWords(CellOf(groups_, row))) {
+      std::size_t const open = word.find('(');
+      if (open == std::string::npos || word.back() != ')') {
+        throw Failure("\"" + word + "\" is not a group and its count such as 1(2)");
+      }
+      groups.push_back(WholeNumber(word.substr(0, open), "a group"));
+      counts.push_back(WholeNumber(word.substr(open + 1, word.size() - open - 2), "a count"));
+    }
+    if (groups.size() > kMostGroups) throw Failure("more than 10 groups");
+    if (groups.empty()) return;
+    component->SetStructure(static_cast<std::uint32_t>(model - models.begin()),
+                            static_cast<std::int32_t>(groups.size()), groups.data(), counts.data());
+  }
+
+ private:
+  std::optional<TableColumn> model_;
+  std::optional<TableColumn> groups_;
+};
+
+}  // namespace
+
+std::unique_ptr<RowForm> CorrelationForm(TableTarget const& target,
+                                         std::vector<TableColumn> columns) {
+  return std::make_unique<CorrelationRows>(target, std::move(columns));
+}
+
+std::unique_ptr<RowForm> GroupForm(TableTarget const& target, std::vector<TableColumn> columns) {
+  return std::make_unique<GroupRows>(target, std::move(columns));
+}
+
+}  // namespace zel::desk

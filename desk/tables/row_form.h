@@ -1,0 +1,68 @@
+// The forms of tables that can be imported: what a row sets, and what that changed.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desk/open/item_values.h"
+#include "desk/open/library.h"
+#include "desk/tables/table_columns.h"
+#include "desk/words/display_units.h"
+
+namespace zel::desk {
+
+enum class RowState { kNew, kChanged, kSame, kRefused };
+char const* ToText(RowState state);
+
+struct RowResult {
+  RowState state = RowState::kSame;
+  std::string item;  // "ETHANOL" or "10000007 + 10000326"
+  std::string what;  // what changed: "NBP 351.39 to 351.44", or why the row is refused
+};
+
+// Where the rows go.
+struct TableTarget {
+  Library* library = nullptr;
+  BankName bank;
+  DisplayUnits units;  // of numbers whose head has no unit
+};
+
+class RowForm {
+ public:
+  RowForm() = default;
+  RowForm(RowForm const&) = delete;
+  RowForm& operator=(RowForm const&) = delete;
+  virtual ~RowForm() = default;
+
+  // Writes what the row sets. Throws Failure for a row that is refused; the item is then unchanged.
+  virtual RowResult Apply(TextRow const& row) = 0;
+
+ protected:
+  // Throws Failure if an earlier row has set the same.
+  void Once(std::string const& key, std::size_t line);
+
+ private:
+  std::map<std::string, std::size_t> lines_;
+};
+
+// The form that the columns are those of. Throws Failure for a column that is not of this form.
+std::unique_ptr<RowForm> FormOf(TableTarget const& target, std::vector<TableColumn> columns);
+
+// The differences, as "NBP 351.39 to 351.44, TC - to 514"; of many, the first ones.
+std::string Differences(std::vector<NamedValue> const& before,
+                        std::vector<NamedValue> const& after);
+
+// The cell of a column, empty if the table does not have it.
+std::string CellOf(std::optional<TableColumn> const& column, TextRow const& row);
+
+// The forms of banks of fields and of components.
+std::unique_ptr<RowForm> ItemForm(TableTarget const& target, std::vector<TableColumn> columns);
+std::unique_ptr<RowForm> ConstantForm(TableTarget const& target, std::vector<TableColumn> columns);
+std::unique_ptr<RowForm> WideForm(TableTarget const& target, std::vector<TableColumn> columns);
+std::unique_ptr<RowForm> CorrelationForm(TableTarget const& target,
+                                         std::vector<TableColumn> columns);
+std::unique_ptr<RowForm> GroupForm(TableTarget const& target, std::vector<TableColumn> columns);
+
+}  // namespace zel::desk

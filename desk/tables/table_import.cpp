@@ -1,0 +1,59 @@
+#include "desk/tables/table_import.h"
+
+#include "desk/open/fields.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
+
+namespace zel::desk {
+
+BankName BankForTable(Library& library, std::string const& word) {
+  std::size_t const colon = word.find(':');
+  if (colon == std::string::npos) return library.Bank(word);
+  BankName const bank = {UpperCase(word.substr(0, colon)), UpperCase(word.substr(colon + 1))};
+  if (bank.name.empty() || bank.name.size() >= kNameSize) {
+    throw Failure("a bank's name has 1 to 8 characters: " + word);
+  }
+  BankOfType(bank.type);
+  char const* const type = bank.type.c_str();
+  if (library.Maint().BankExists(type, bank.name.c_str())) return bank;
+  if (!library.Maint().CreateBank(type, bank.name.c_str(), 0)) {
+    throw Failure(library.Path() + ": bank " + ToText(bank) + " cannot be created");
+  }
+  return bank;
+}
+
+ImportedTable ImportTable(TableTarget const& target, std::string const& path,
+                          ColumnChoice const& choice, bool listAll) {
+  TextTable table = ReadTextTable(path);
+  std::unique_ptr<RowForm> form;
+  try {
+    form = FormOf(target, ChosenColumns(table, choice));
+  } catch (Failure const& failure) {
+    throw Failure(path + ": " + failure.what());
+  }
+  ImportedTable imported;
+  for (TextRow const& row : table.rows) {
+    ++imported.read;
+    RowResult result;
+    try {
+      result = form->Apply(row);
+    } catch (Failure const& failure) {
+      result = {RowState::kRefused, "", failure.what()};
+    } catch (WrongUsage const& failure) {
+      result = {RowState::kRefused, "", failure.what()};
+    }
+    std::int64_t& count = result.state == RowState::kNew       ? imported.isNew
+                          : result.state == RowState::kChanged ? imported.changed
+                          : result.state == RowState::kSame    ? imported.same
+                                                               : imported.refused;
+    ++count;
+    bool const isListed =
+        result.state == RowState::kChanged || result.state == RowState::kRefused || listAll;
+    if (!isListed) continue;
+    imported.rows.Add(static_cast<std::int64_t>(row.line), Text(result.item),
+                      std::string(ToText(result.state)), Text(result.what));
+  }
+  return imported;
+}
+
+}  // namespace zel::desk

@@ -1,0 +1,36 @@
+// Imports tables into banks: components, correlations, pairs, groups and any other items.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "desk/tables/row_form.h"
+#include "desk/tables/table_columns.h"
+
+namespace zel::desk {
+
+struct ImportedTable {
+  std::int64_t read = 0;  // rows
+  std::int64_t isNew = 0;
+  std::int64_t changed = 0;
+  std::int64_t same = 0;
+  std::int64_t refused = 0;
+  // Those that were changed or refused, or all.
+  Table rows{"rows", {{"line", ""}, {"item", ""}, {"result", ""}, {"what", ""}}};
+};
+
+// The bank that a word means, which is made if the word is TYPE:NAME and there is none. Throws
+// Failure.
+BankName BankForTable(Library& library, std::string const& word);
+
+// Writes what the table holds into the library of the target, which is open for update. A row that
+// is refused changes nothing, and the rows after it are still read; the caller must not keep the
+// library if it wants all rows or none. `listAll` also lists rows that are new or change nothing.
+//
+// A cell without a value leaves the datum as it is. Numbers are in the unit that the cell or the
+// head names ("1.2 bar", "PC [bar]"), else in the display unit. Throws Failure if a column is not
+// of such a table.
+ImportedTable ImportTable(TableTarget const& target, std::string const& path,
+                          ColumnChoice const& choice, bool listAll);
+
+}  // namespace zel::desk

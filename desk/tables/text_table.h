@@ -1,0 +1,49 @@
+// Tables in files, as texts.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zel::desk {
+
+struct TextRow {
+  std::size_t line = 0;  // where it begins in the file, from 1
+  std::vector<std::string> cells;
+};
+
+// Cells are without blanks at their ends; a cell without a value is empty. All rows have as many
+// cells as there are heads.
+struct TextTable {
+  std::vector<std::string> heads;
+  std::vector<TextRow> rows;
+
+  // The column with this head, in upper or lower case; heads.size() if there is none.
+  std::size_t Find(std::string const& head) const;
+};
+
+// Reads a table from a file:
+//
+// - values separated by commas, semicolons or tabs, whichever is most frequent in the first line,
+//   which has the heads. Values can be in double quotes and then contain separators, line ends and
+//   doubled quotes. A byte order mark, empty lines and lines of empty values are skipped;
+// - JSON, an array of objects whose members are the cells: texts, numbers, true, false, null, or
+//   arrays of these. The heads are the members of all objects in the order in which they occur;
+// - values separated by blanks, if a line begins with "#!", which has the heads. A value "-" is
+//   missing. Other lines that begin with "#" and what follows "  #" are comments.
+//
+// In values separated by commas, semicolons or tabs, "-" is a missing value too. An apostrophe
+// before =, +, -, @ or a control character, with which tables protect spreadsheets from formulas,
+// is removed.
+//
+// Throws Failure with the file and the line for a file that cannot be read, is not such a table,
+// has a head twice or none, or a row with another number of cells.
+TextTable ReadTextTable(std::string const& path);
+// The same from a text; `shownAs` is its name in messages.
+TextTable ParseTextTable(std::string const& text, std::string const& shownAs);
+
+// The table as separated values that ReadTextTable reads back to the same cells.
+std::string ToCsv(TextTable const& table, char separator);
+// As an array of objects.
+std::string ToJson(TextTable const& table);
+
+}  // namespace zel::desk

@@ -1,0 +1,87 @@
+#include "commands/table_files.h"
+
+#include <utility>
+
+#include "commands/shared_options.h"
+#include "desk/files/output_file.h"
+#include "desk/files/standard_output.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/tables/table_export.h"
+#include "desk/tables/table_import.h"
+#include "desk/words/failure.h"
+#include "output/progress.h"
+
+namespace zelhost {
+
+void AddTableInput(Command& command, TableOptions& options) {
+  command.Option("--table", options.path, "a table (CSV, TSV, JSON) instead of documents", "FILE")
+      .Option("--map", options.columns.mapPath, "lines HEAD = MEANING, MEANING := VALUE", "FILE")
+      .Option("--ignore", options.columns.ignored, "leave these columns out", "HEAD...")
+      .Option("--where", options.columns.where, "only rows with this cell", "HEAD=VALUE...")
+      .Flag("--skip-bad", options.skipBad, "import the other rows if some are refused");
+}
+
+void AddTableOutput(Command& command, TableOptions& options) {
+  command.Option("--table", options.path, "a table (.csv, .tsv, .json) instead; - for CSV", "FILE")
+      .Option("--kind", options.kind, "of components: constants, correlations or groups", "KIND");
+}
+
+Report ImportTableFile(Session& session, LibraryChange change, std::string const& bank,
+                       TableOptions const& options, bool listAll) {
+  if (bank.empty())
+    throw WrongUsage("--table needs --bank BANK, or --bank TYPE:NAME for a new one");
+  TableTarget target;
+  target.library = &change.Open();
+  target.bank = BankForTable(change.Open(), bank);
+  target.units = session.units;
+  ImportedTable imported;
+  {
+    Waiting const waiting("importing " + options.path);
+    imported = ImportTable(target, options.path, options.columns, listAll);
+  }
+  Report report;
+  report.Fact("library", change.Open().Path());
+  report.Fact("bank", ToText(target.bank));
+  report.Fact("read", imported.read);
+  report.Fact("new", imported.isNew);
+  report.Fact("changed", imported.changed);
+  report.Fact("the same", imported.same);
+  report.Fact("refused", imported.refused);
+  report.Add(std::move(imported.rows));
+  if (imported.refused == 0 || options.skipBad) {
+    PutInPlaceAfter(report, std::move(change));
+    return report;
+  }
+  Write(Print(report, session.form));
+  throw Failure(options.path + ": " + std::to_string(imported.refused) + " of " +
+                std::to_string(imported.read) +
+                " rows are refused, see the report; nothing is changed; --skip-bad imports the "
+                "others");
+}
+
+Report ExportTableFile(Session& session, std::string const& library, std::string const& bank,
+                       TableOptions const& options) {
+  if (bank.empty()) throw WrongUsage("--table needs --bank");
+  bool const isOutput = IsStandardOutput(options.path);
+  if (isOutput && session.form != Form::kText) {
+    throw WrongUsage("--json and a table on standard output exclude each other");
+  }
+  if (!isOutput) InFormOf(options.path, {});  // an unknown ending is an error before the work
+  Library const from = OpenFinished(session, library);
+  BankName const which = from.Bank(bank);
+  TextTable const table =
+      ExportTable(from, which, TableKindNamed(options.kind, which.type), session.units);
+  Report report;
+  if (isOutput) {
+    Write(ToCsv(table, ','));
+    return report;
+  }
+  WriteFile(options.path, InFormOf(options.path, table));
+  report.Fact("exported", library);
+  report.Fact("bank", ToText(which));
+  report.Fact("rows", static_cast<std::int64_t>(table.rows.size()));
+  report.Fact("to", options.path);
+  return report;
+}
+
+}  // namespace zelhost

@@ -1,0 +1,312 @@
+// Tables in files: what import --table reads, export --table writes and template names.
+#include "desk/tables/text_table.h"
+#include "desk/words/failure.h"
+#include "tests/zel/zel_fixture.h"
+
+namespace zel::test {
+namespace {
+
+using desk::ParseTextTable;
+using desk::TextTable;
+using nlohmann::json;
+
+class TablesTest : public ZelTest {
+ protected:
+  TablesTest() { Good("create own.lb1"); }
+  // The file is imported into a bank of own.lb1.
+  Outcome Import(std::string const& bank, std::string const& table,
+                 std::string const& options = "") const {
+    MakeFile("t.csv", table);
+    return Zel("import own.lb1 --table t.csv --bank " + bank + " --json " + options);
+  }
+  json Imported(std::string const& bank, std::string const& table,
+                std::string const& options = "") const {
+    Outcome const outcome = Import(bank, table, options);
+    EXPECT_EQ(outcome.status, 0) << outcome.err << outcome.out;
+    return json::parse(outcome.out, nullptr, false);
+  }
+};
+
+std::vector<std::vector<std::string>> CellsOf(TextTable const& table) {
+  std::vector<std::vector<std::string>> cells;
+  for (desk::TextRow const& row : table.rows) cells.push_back(row.cells);
+  return cells;
+}
+
+TEST(TextTables, SeparatedValuesInEveryForm) {
+  std::vector<std::vector<std::string>> const cells = {{"1", "a, b"}, {"2", ""}};
+  for (char const* text :
+       {"x,y\n1,\"a, b\"\n2,\n", "x;y\n1;\"a, b\"\n2;-\n", "x\ty\n1\ta, b\n2\t-",
+        "\xef\xbb\xbfx,y\r\n\r\n1,\"a, b\"\r\n,\r\n2,\r\n", "\"x\" , \"y\"\n1,\"a, b\"\n 2 , \n",
+        "[{\"x\": 1, \"y\": \"a, b\"}, {\"x\": \"2\", \"y\": null}]"}) {
+    TextTable const table = ParseTextTable(text, "t");
+    EXPECT_EQ(table.heads, (std::vector<std::string>{"x", "y"})) << text;
+    EXPECT_EQ(CellsOf(table), cells) << text;
+  }
+}
+
+TEST(TextTables, QuotesHoldLineEndsAndTheLineOfARowIsWhereItBegins) {
+  TextTable const table =
+      ParseTextTable("x,y\n\n1,\"two\nlines \"\"quoted\"\"\"\n2,b\n\n\n3,c\n", "t");
+  ASSERT_EQ(table.rows.size(), 3U);
+  EXPECT_EQ(table.rows[0].cells[1], "two\nlines \"quoted\"");
+  EXPECT_EQ(table.rows[0].line, 3U);
+  EXPECT_EQ(table.rows[1].line, 5U);
+  EXPECT_EQ(table.rows[2].line, 8U);
+  TextTable const objects = ParseTextTable("[\n{\"x\": [1, 2.5, null]},\n\n{\"x\": true}]", "t");
+  EXPECT_EQ(objects.rows[0].line, 2U);
+  EXPECT_EQ(objects.rows[0].cells[0], "1 2.5 -");
+  EXPECT_EQ(objects.rows[1].line, 4U);
+}
+
+TEST(TextTables, AlignedTablesHaveTheirHeadsAfterAMark) {
+  TextTable const table =
+      ParseTextTable("# made by hand\n#! i  j   kij\n A  B  0.1  # note\n", "t");
+  EXPECT_EQ(table.heads, (std::vector<std::string>{"i", "j", "kij"}));
+  EXPECT_EQ(CellsOf(table), (std::vector<std::vector<std::string>>{{"A", "B", "0.1"}}));
+}
+
+TEST(TextTables, WhatIsNotATableIsRefused) {
+  for (char const* text :
+       {"", "\n\n", "x,y\n1\n", "x,y\n1,2,3\n", "x,x\n1,2\n", "x,\n1,2\n", "x,y\n1,\"2\n",
+        "x,y\n1,2\"3\n", "[1, 2]", "[{\"x\": {}}]", "[{]", "[]", "[{\"x\": [[1]]}]"}) {
+    EXPECT_THROW(ParseTextTable(text, "t"), desk::Failure) << text;
+  }
+  EXPECT_THROW(ParseTextTable(std::string("x\0y\n", 4), "t"), desk::Failure);
+}
+
+TEST(TextTables, WhatIsWrittenReadsBack) {
+  TextTable table;
+  table.heads = {"a [K]", "b"};
+  for (char const* text :
+       {"", "1e-05", "-5", "=1+2", "-x", "'=1", "''@", "a;b", "x\ny", "\"", "'", "1 -2"}) {
+    table.rows.push_back({0, {text, "1"}});
+  }
+  for (std::string const& text : {ToCsv(table, ','), ToCsv(table, '\t'), ToJson(table)}) {
+    EXPECT_EQ(CellsOf(ParseTextTable(text, "t")), CellsOf(table)) << text;
+    EXPECT_EQ(ParseTextTable(text, "t").heads, table.heads);
+  }
+  EXPECT_EQ(ToCsv(table, ',').find("\n=1+2"), std::string::npos);
+}
+
+TEST_F(TablesTest, ComponentsAreMadeAndChangedAndReported) {
+  std::string const first =
+      "number,ids,cas,name,formula,TC [K],PC [bar],NBP,TC code\n"
+      "7,ETHANOL ETOH,64-17-5,Ethanol,C2H6O,513.9,61.4,78.31C,51\n"
+      "8,WATER,7732-18-5,Water,H2O,647.1,-,373.15,\n";
+  json const made = Imported("PURECOMP:OWN", first);
+  EXPECT_EQ(made["read"], 2);
+  EXPECT_EQ(made["new"], 2);
+  json const shown = Json("show own.lb1 OWN ETHANOL");
+  EXPECT_EQ(shown["number"], 7);
+  EXPECT_EQ(shown["ids"], "ETHANOL ETOH");
+  EXPECT_DOUBLE_EQ(Row(shown["constants"], "keyword", "PC")["value"], 6140.0);
+  EXPECT_DOUBLE_EQ(Row(shown["constants"], "keyword", "NBP")["value"], 351.46);
+  EXPECT_EQ(Row(shown["constants"], "keyword", "TC")["code"], 51);
+  EXPECT_TRUE(Row(Json("show own.lb1 OWN WATER")["constants"], "keyword", "PC").is_null());
+  EXPECT_EQ(Imported("OWN", first)["the_same"], 2);
+  // Found by their CAS numbers and IDs; a cell without a value changes nothing.
+  json const changed = Imported("OWN", "cas;PC [bar];TC\n64-17-5;61.5;\n7732-18-5;220.64;\n");
+  EXPECT_EQ(changed["changed"], 2);
+  EXPECT_EQ(changed["rows"][0]["line"], 2);
+  EXPECT_EQ(changed["rows"][0]["what"], "PC 6140 to 6150");
+  EXPECT_EQ(changed["rows"][1]["what"], "PC - to 22064");
+}
+
+TEST_F(TablesTest, NothingIsChangedIfARowIsRefusedUnlessBadRowsAreSkipped) {
+  Imported("PURECOMP:OWN", "number,ids,TC\n7,ETHANOL,513.9\n");
+  std::string const before = FileText(Folder() / "own.lb1");
+  std::string const bad = "number,ids,cas,TC\n7,ETHANOL,,514\n8,WATER,7732-18-4,\n9,BENZENE,,1,5\n";
+  Outcome const wide = Import("OWN", bad);
+  EXPECT_EQ(wide.status, 1);
+  EXPECT_NE(wide.err.find("line 4: 5 values"), std::string::npos) << wide.err;
+  std::string const rows =
+      "number,ids,cas,TC\n7,ETHANOL,,514\n8,WATER,7732-18-4,\n9,BENZENE,,5x\n7,,,1\n,,,3\n"
+      "10,TOLUENE,108-88-3,591.8\n11,TOLUENE,,1\n12,ALONGLONGID,,1\n";
+  Outcome const outcome = Import("OWN", rows);
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(FileText(Folder() / "own.lb1"), before);
+  json const report = json::parse(outcome.out, nullptr, false);
+  ASSERT_FALSE(report.is_discarded()) << outcome.out;
+  EXPECT_EQ(report["refused"], 6);
+  EXPECT_NE(outcome.err.find("6 of 8 rows are refused"), std::string::npos) << outcome.err;
+  EXPECT_NE(
+      Row(report["rows"], "line", 4)["what"].get<std::string>().find("\"5x\" is not a number"),
+      std::string::npos);
+  EXPECT_NE(Row(report["rows"], "line", 5)["what"].get<std::string>().find("line 2"),
+            std::string::npos);
+  json const skipped = Imported("OWN", rows, "--skip-bad");
+  EXPECT_EQ(skipped["changed"], 1);
+  EXPECT_EQ(skipped["new"], 1);
+  EXPECT_EQ(Json("items own.lb1 OWN")["items"].size(), 2U);
+}
+
+TEST_F(TablesTest, ColumnsAreMatchedStrictly) {
+  for (auto const& [table, words] : std::vector<std::pair<std::string, std::string>>{
+           {"number,TCC\n7,1\n", "did you mean TC?"},
+           {"TC\n1\n", "no column names the components"},
+           {"number,TC [bar]\n7,1\n", "bar is not a unit for values in K"},
+           {"number,keyword\n7,TC\n", "needs a column value"},
+           {"number,correlation\n7,VaporPressure\n", "equation and coefficients"}}) {
+    Outcome const outcome = Import("PURECOMP:OWN", table);
+    EXPECT_EQ(outcome.status, 1) << table;
+    EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
+  }
+  EXPECT_EQ(Import("PURECOMP:OWN", "number,page\n7,1\n", "--ignore page").status, 0);
+  EXPECT_EQ(Import("PURECOMP:OWN", "number,page\n7,1\n", "--ignore pages").status, 1);
+  MakeFile("map.txt",
+           "# names of a report\nNo = number\nTcrit = TC [C]\npage =\nPC [bar] := 61.4\n");
+  Imported("PURECOMP:OWN", "No,Tcrit,page\n7,240.75,1\n", "--map map.txt");
+  json const shown = Json("show own.lb1 OWN 7");
+  EXPECT_DOUBLE_EQ(Row(shown["constants"], "keyword", "TC")["value"], 513.9);
+  EXPECT_DOUBLE_EQ(Row(shown["constants"], "keyword", "PC")["value"], 6140.0);
+}
+
+TEST_F(TablesTest, ConstantsAndCorrelationsOfOneSourceAreChosenFromALongTable) {
+  Imported("PURECOMP:OWN", "number\tids\n7\tETHANOL\n");
+  std::string const constants =
+      "number\tkeyword\tsource\tvalue\trefCode\n7\tTC\tA\t513.9\t51\n7\tTC\tB\t500\t52\n";
+  EXPECT_EQ(Imported("OWN", constants, "--where source=A")["changed"], 1);
+  json const tc = Row(Json("show own.lb1 OWN 7")["constants"], "keyword", "TC");
+  EXPECT_DOUBLE_EQ(tc["value"], 513.9);
+  EXPECT_EQ(tc["code"], 51);
+  EXPECT_EQ(Import("OWN", constants, "--ignore source").status, 1);  // twice the same constant
+  std::string const curves =
+      "number\tcorrelation\tequation\ttempUnit\tpropUnit\tpropUnitCode\tlogBasis\tmoleWtBasis\ttMin"
+      "\ttMax\trefCode\tuses\tn\tcoefficients\n"
+      "7\tVaporPressure\t20\tK\tkPa\t4015\tln\t-\t159.05\t514\t11\t-\t5\t"
+      "66.3962447210179 -7122.3 -7.1424 2.8853e-06 2\n";
+  EXPECT_EQ(Imported("OWN", curves, "--ignore uses")["changed"], 1);
+  EXPECT_EQ(Imported("OWN", curves, "--ignore uses")["the_same"], 1);
+  json const eval = Json("eval ETHANOL VaporPressure -l own.lb1 --at 351.4");
+  json const known = Json("eval ETHANOL VaporPressure -l perry.lb1 --at 351.4");
+  EXPECT_EQ(eval["points"], known["points"]);
+  Outcome const unknown = Import("OWN", "number,keyword,value\n9,TC,1\n");
+  EXPECT_NE(unknown.out.find("is not in bank PURECOMP:OWN"), std::string::npos) << unknown.out;
+}
+
+// The tables from which the documents in data/xml are made.
+TEST_F(TablesTest, PublishedTablesAreImportedDirectly) {
+  std::string const folder = std::string(ZEL_DATA) + "/..";
+  MakeFile("nrtl.map",
+           "page =\npMin := 101.325\npMax := 101.325\naij := 0\ncij := 0\ndij := 0\n"
+           "eij := 0\nfij := 0\naji := 0\ncji := 0\ndji := 0\neji := 0\nfji := 0\n"
+           "betaij := 0\n");
+  MakeFile("pcsaft.map", "m = rmw\n");
+  Good("import own.lb1 --names perry.lb1 --table '" + folder +
+       "/nrtl.txt' --bank NRTL:SAMPLE --map nrtl.map");
+  for (auto const& [file, bank] : std::vector<std::pair<std::string, std::string>>{
+           {"pr_kij", "PRO:SAMPLE --ignore page"},
+           {"lkp_kij", "LKP:SAMPLE"},
+           {"rackett", "RACKETT:SAMPLE --ignore refCode"},
+           {"pcsaft_pure", "PCSAFTPU:SAMPLE --map pcsaft.map"}}) {
+    Good("import own.lb1 --names perry.lb1 --table '" + folder + "/" + file + ".txt' --bank " +
+         bank);
+  }
+  for (char const* type : {"NRTL", "PRO", "LKP", "RACKETT", "PCSAFTPU"}) {
+    EXPECT_EQ(Json(std::string("diff sample.lb1 own.lb1 --bank ") + type)["differences"].size(), 0U)
+        << type;
+  }
+}
+
+TEST_F(TablesTest, WhatIsExportedReadsBackToTheSameValues) {
+  for (char const* bank : {"NRTL", "WILSON", "UNIQUAC", "PRO", "PCSAFTPU", "COSTALD", "OCTANE",
+                           "GRPDESC", "UNFORIG", "STRUCT"}) {
+    for (char const* ending : {"csv", "tsv", "json"}) {
+      std::string const file = std::string("e.") + ending;
+      Good(std::string("export sample.lb1 --bank ") + bank + " --table " + file);
+      Good("create back.lb1 --force");
+      Good(std::string("import back.lb1 --bank ") + bank + ":SAMPLE --table " + file);
+      json const diff = Json(std::string("diff sample.lb1 back.lb1 --bank ") + bank);
+      EXPECT_EQ(diff["differences"].size(), 0U) << bank << " " << ending << diff.dump(1);
+    }
+  }
+}
+
+TEST_F(TablesTest, ComponentsReadBackFromTheirThreeTables) {
+  for (std::string const source : {"perry", "crc"}) {
+    Good("create back.lb1 --force");
+    for (char const* kind : {"constants", "correlations"}) {
+      Good("export " + source + ".lb1 --bank " + source + " --kind " + kind + " --table e.csv");
+      Good("import back.lb1 --bank PURECOMP:" + source + " --table e.csv");
+    }
+    json const diff = Json("diff " + source + ".lb1 back.lb1 --bank " + source);
+    EXPECT_EQ(diff["differences"].size(), 0U) << source << diff.dump(1);
+  }
+}
+
+TEST_F(TablesTest, ExportsSayTheirUnitsAndAnUnknownEndingIsAnError) {
+  Outcome const out = Zel("export crc.lb1 --bank CRC --table - --units bar,degC");
+  EXPECT_NE(out.out.find("PC [bar]"), std::string::npos);
+  EXPECT_NE(out.out.find("NBP [C]"), std::string::npos);
+  EXPECT_EQ(Zel("export crc.lb1 --bank CRC --table e.xls").status, 2);
+  EXPECT_EQ(Zel("export crc.lb1 --table e.csv").status, 2);
+  EXPECT_EQ(Zel("export sample.lb1 --bank NRTL --kind groups --table e.csv").status, 2);
+  EXPECT_EQ(Zel("import own.lb1 --table e.csv").status, 2);
+  EXPECT_EQ(Zel("import own.lb1").status, 2);
+  EXPECT_NE(Zel("import own.lb1 --bank CRC:X --table none.csv").status, 0);
+  EXPECT_NE(Zel("import own.lb1 --bank PURECOMP:X --table none.csv").err.find("not found"),
+            std::string::npos);
+}
+
+TEST_F(TablesTest, TemplatesHaveTheHeadsThatImportsKnow) {
+  for (char const* type : {"PURECOMP", "NRTL", "WILSON", "STRUCT"}) {
+    MakeFile("empty.csv", Good(std::string("template ") + type));
+    json const made = Json(std::string("import own.lb1 --table empty.csv --bank ") + type + ":T");
+    EXPECT_EQ(made["read"], 0) << type;
+  }
+  EXPECT_NE(Good("template PURECOMP --kind correlations").find("coefficients"), std::string::npos);
+  EXPECT_NE(Good("template PURECOMP --units bar").find("PC [bar]"), std::string::npos);
+  EXPECT_EQ(Zel("template NONE").status, 1);
+}
+
+TEST_F(TablesTest, ComponentsAreShownSideBySide) {
+  json const table =
+      Json("table ETHANOL WATER --fields TC NBP VaporPressure --sources -l perry.lb1 -l crc.lb1");
+  ASSERT_EQ(table["components"].size(), 2U);
+  EXPECT_DOUBLE_EQ(table["components"][0]["nbp"], 351.39);
+  EXPECT_EQ(table["components"][0]["nbp_from"], "crc.lb1:CRC");
+  EXPECT_EQ(table["components"][0]["vaporpressure"], "equation 20, 159.05 to 514 K");
+  EXPECT_EQ(table["units"]["components"]["nbp"], "K");
+  MakeFile("list.txt", "# mine\nETHANOL\n\n1-Butanol\n");
+  EXPECT_EQ(Json("table --components-of list.txt --fields TC -l crc.lb1")["components"].size(), 2U);
+  EXPECT_EQ(static_cast<int>(
+                Json("table --filter '2-methyl*' --fields MW -l perry.lb1")["components"].size()),
+            Json("find perry.lb1 --name '2-methyl*'")["found"]);
+  EXPECT_EQ(Json("table --all --fields MW -l crc.lb1 -l perry.lb1")["components"].size(), 340U);
+  EXPECT_EQ(Zel("table --fields MW -l crc.lb1").status, 2);
+  EXPECT_EQ(Zel("table NOSUCH --fields MW -l crc.lb1").status, 1);
+  EXPECT_EQ(Zel("table ETHANOL --fields NBPP -l crc.lb1").status, 1);
+}
+
+TEST_F(TablesTest, ManyCurvesAreEvaluatedOnOneGrid) {
+  json const grid = Json(
+      "eval ETHANOL VaporPressure --components WATER --correlations LiquidDensity -l perry.lb1 "
+      "--at 300 600 --units bar");
+  ASSERT_EQ(grid["points"].size(), 2U);
+  json const one = Json("eval WATER VaporPressure -l perry.lb1 --at 300");
+  EXPECT_NEAR(grid["points"][0]["water_vaporpressure"].get<double>() * 100.0,
+              one["points"][0]["value"].get<double>(), 1e-9);
+  EXPECT_EQ(grid["units"]["points"]["water_vaporpressure"], "bar");
+  EXPECT_TRUE(grid["points"][1]["ethanol_vaporpressure"].is_null());  // outside the range
+  EXPECT_EQ(grid["records"].size(), 4U);
+  EXPECT_TRUE(Row(grid["records"], "component", "WATER")["equation"].is_number());
+  EXPECT_TRUE(grid["records"][3]["equation"].is_null());  // water has no such record
+  EXPECT_TRUE(grid["points"][0]["water_liquiddensity"].is_null());
+  EXPECT_TRUE(grid["points"][0]["ethanol_liquiddensity"].is_number());
+  EXPECT_EQ(Zel("eval ETHANOL VaporPressure --components WATER -l perry.lb1").status, 2);
+}
+
+TEST_F(TablesTest, PairsAreShownWithTheirSources) {
+  json const pairs =
+      Json("pairs NRTL ETHANOL WATER BENZENE --fields bij bji -l sample.lb1 -l perry.lb1");
+  EXPECT_EQ(pairs["found"], 2);
+  EXPECT_EQ(Row(pairs["pairs"], "component_2", "WATER")["component_1"], "ETHANOL");
+  EXPECT_EQ(pairs["pairs"][0]["from"], "sample.lb1:SAMPLE");
+  EXPECT_EQ(Json("pairs NRTL -l sample.lb1")["pairs"].size(), 218U);
+  EXPECT_EQ(Zel("pairs RACKETT -l sample.lb1").status, 1);
+  EXPECT_EQ(Zel("pairs NRTL NOSUCH -l sample.lb1 -l perry.lb1").status, 1);
+}
+
+}  // namespace
+}  // namespace zel::test
