@@ -135,7 +135,10 @@ class WideRows final : public ComponentRows {
       identity.refCode = static_cast<std::int32_t>(CodeIn(CellOf(code_, row)));
     }
     std::vector<std::string> const ids = ListWords(CellOfIds(row));
-    if (!ids.empty()) identity.ids = ids;
+    // A single ID that the component has names it; only a list replaces the others.
+    bool const isOneOfIts = ids.size() == 1 && std::find(identity.ids.begin(), identity.ids.end(),
+                                                         ids.front()) != identity.ids.end();
+    if (!ids.empty() && !isOneOfIts) identity.ids = ids;
     if (identity.ids.size() > kMostIds) throw Failure("more than 12 IDs");
     char idTexts[kMostIds][kIdLength + 1] = {};
     for (std::size_t i = 0; i < identity.ids.size(); ++i) {

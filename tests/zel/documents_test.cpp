@@ -114,7 +114,7 @@ TEST_F(DocumentsTest, SessionAndPlotOfTheReadme) {
 }
 
 TEST_F(DocumentsTest, DocumentTellsOfEveryCommand) {
-  ASSERT_EQ(commands_.size(), 31U);
+  ASSERT_EQ(commands_.size(), 34U);
   std::string const document = FileText(ZEL_DOCS "/zel.md");
   for (std::string const& command : commands_) {
     EXPECT_NE(document.find("`" + command + "`"), std::string::npos) << command;

@@ -111,6 +111,11 @@ TEST_F(TablesTest, ComponentsAreMadeAndChangedAndReported) {
   EXPECT_EQ(changed["rows"][0]["line"], 2);
   EXPECT_EQ(changed["rows"][0]["what"], "PC 6140 to 6150");
   EXPECT_EQ(changed["rows"][1]["what"], "PC - to 22064");
+  // One of several IDs names the component and leaves the others; a list replaces them.
+  EXPECT_EQ(Imported("OWN", "id,TC\nETOH,514\n")["rows"][0]["what"], "TC 513.9 to 514");
+  EXPECT_EQ(Json("show own.lb1 OWN ETHANOL")["ids"], "ETHANOL ETOH");
+  Imported("OWN", "cas,ids\n64-17-5,ETHANOL ALCOHOL\n");
+  EXPECT_EQ(Json("show own.lb1 OWN ETHANOL")["ids"], "ETHANOL ALCOHOL");
 }
 
 TEST_F(TablesTest, NothingIsChangedIfARowIsRefusedUnlessBadRowsAreSkipped) {
