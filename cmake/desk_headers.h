@@ -1,5 +1,4 @@
-// The standard headers that most sources of the desk and of zel include, for
-// cmake/ZelPrecompile.cmake.
+// The standard headers that most sources of the desk and of zel include, for ZelPrecompile.cmake.
 #include <algorithm>
 #include <array>
 #include <cstdint>
