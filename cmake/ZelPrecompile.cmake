@@ -37,13 +37,7 @@ function(zel_precompile header first)
     # whose tools read the same options from compile_commands.json, would try to load gcc's file if
     # it found it next to the name, but not if it finds it in a folder of -I.
     target_compile_options(${target} BEFORE PRIVATE "SHELL:-I${folder} -include precompiled.h")
-    if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-      # Wrong about texts and variants, in headers that come before gcc12.h here. The last flag has
-      # clang's tools ignore those that they do not know.
-      target_compile_options(${target} PRIVATE -Wno-restrict -Wno-stringop-overflow
-                             -Wno-array-bounds -Wno-maybe-uninitialized
-                             -Wno-unknown-warning-option)
-    endif()
+    target_compile_definitions(${target} PRIVATE ZEL_PRECOMPILED)  # for gcc12.h
     get_target_property(sources ${target} SOURCES)
     set_property(SOURCE ${sources} APPEND PROPERTY OBJECT_DEPENDS ${output})
     add_dependencies(${target} ${first}_precompiled)
