@@ -10,11 +10,16 @@
 namespace zel::desk {
 namespace {
 
-// The ID of a component in the first library that knows it; its number if none does.
+// The ID of a component in the first library that knows it, that of --names being the last; its
+// number if none does.
 std::string IdOf(std::vector<Library> const& libraries, std::int32_t number) {
-  for (Library const& library : libraries) {
+  std::vector<Library const*> knowing;
+  for (Library const& library : libraries) knowing.push_back(&library);
+  if (!libraries.empty()) knowing.push_back(libraries.front().InSession().names.get());
+  for (Library const* library : knowing) {
+    if (library == nullptr) continue;
     char id[kNameSize] = {};
-    library.Maint().GetIdOfNumber(number, id);
+    library->Maint().GetIdOfNumber(number, id);
     if (*id != '\0') return id;
   }
   return std::to_string(number);

@@ -113,6 +113,17 @@ TEST_F(DocumentsTest, SessionAndPlotOfTheReadme) {
       << "docs/vapor-pressure.svg is not what zel draws";
 }
 
+TEST_F(DocumentsTest, ExampleOfADaysWorkRuns) {
+  Outcome const outcome = Shell("bash '" ZEL_EXAMPLES "/desk.sh' $ZEL .");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.err, "");
+  for (char const* line : {"NBP    351.45  351.46  K     -              999", "undone   2",
+                           "constants that differ     2", "NRTL   WATER + BENZENE    missing  -",
+                           "own.lb1:OWN        PURECOMP:MERGED      2          6             0"}) {
+    EXPECT_NE(outcome.out.find(line), std::string::npos) << line << "\n" << outcome.out;
+  }
+}
+
 TEST_F(DocumentsTest, DocumentTellsOfEveryCommand) {
   ASSERT_EQ(commands_.size(), 34U);
   std::string const document = FileText(ZEL_DOCS "/zel.md");

@@ -309,6 +309,8 @@ TEST_F(TablesTest, PairsAreShownWithTheirSources) {
   EXPECT_EQ(Row(pairs["pairs"], "component_2", "WATER")["component_1"], "ETHANOL");
   EXPECT_EQ(pairs["pairs"][0]["from"], "sample.lb1:SAMPLE");
   EXPECT_EQ(Json("pairs NRTL -l sample.lb1")["pairs"].size(), 218U);
+  // IDs come from the library of --names as well.
+  EXPECT_EQ(Json("pairs NRTL -l sample.lb1 --names perry.lb1")["pairs"][0]["component_1"], "CCL4");
   EXPECT_EQ(Zel("pairs RACKETT -l sample.lb1").status, 1);
   EXPECT_EQ(Zel("pairs NRTL NOSUCH -l sample.lb1 -l perry.lb1").status, 1);
 }
