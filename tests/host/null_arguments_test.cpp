@@ -288,6 +288,9 @@ void NullArgumentsTest::SweepMaint() {
   auto& wider = dynamic_cast<LibMaint_p&>(m);
   SWEEP(wider, LibMaint_p, DumpBankTree);
   EXPECT_FALSE(wider.DumpBankTree("VANLAAR", "VANLAAR", 0, nullptr, -1));
+  SweepCall<char const*, char*>("LibMaint_p::RenumberComponent", [&](char const* bank, char* text) {
+    return wider.RenumberComponent(bank, 1, 2, text);
+  });
   // Without a sink the log goes to standard output again.
   struct Sink final : ZelLogSink {
     void Line(ZelLogLine const&) override { ++lines; }

@@ -33,11 +33,12 @@ class OutputFilesTest : public ZelTest {
   std::string ModesOf(std::string const& names) const {
     return Shell("stat -c %a " + names + " | tr '\\n' ' '").out;
   }
-  // The hidden files in the folder of outputs.
+  // The hidden files in the folder of outputs, without the histories of libraries.
   int Hidden() const {
     int count = 0;
     for (auto const& entry : fs::directory_iterator(Folder() / "out")) {
-      if (entry.path().filename().string().front() == '.') ++count;
+      bool const isHistory = entry.path().extension() == ".zel-history";
+      if (entry.path().filename().string().front() == '.' && !isHistory) ++count;
     }
     return count;
   }

@@ -11,6 +11,7 @@ set(zel_TEST_SOURCES
     edit_test.cpp
     fault_run.cpp
     flatten_test.cpp
+    file_digest_test.cpp
     folder_test.cpp
     history_test.cpp
     identity_test.cpp
