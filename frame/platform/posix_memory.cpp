@@ -22,7 +22,9 @@ LargeMemory::LargeMemory(std::size_t bytes)
 }
 
 void LargeMemory::Free::operator()(std::byte* data) const noexcept {
-  IsPages(bytes) ? ::operator delete(data, kAlignment) : ::operator delete(data);
+  // Not one conditional expression: clang 14 calls both.
+  if (IsPages(bytes)) return ::operator delete(data, kAlignment);
+  ::operator delete(data);
 }
 
 }  // namespace zel::platform
