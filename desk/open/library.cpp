@@ -63,6 +63,17 @@ Library::Library(Session& session, std::string path, zel::LibFile* file)
   zel::SetItemFindings(file_.get(), unread_.get());
 }
 
+Library& Library::operator=(Library&& other) noexcept {
+  maint_.reset();
+  file_.reset();
+  session_ = other.session_;
+  path_ = std::move(other.path_);
+  unread_ = std::move(other.unread_);
+  file_ = std::move(other.file_);
+  maint_ = std::move(other.maint_);
+  return *this;
+}
+
 void Library::TellUnread(std::string const& place, unsigned long address) const {
   zel::ZelBlockErrorInfo info;
   zel::GetBlockErrorInfo(address, info);

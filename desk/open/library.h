@@ -35,6 +35,11 @@ class Library {
   static Library Create(Session& session, zel::libTypes kind, std::string const& path,
                         std::string const& shownAs);
 
+  Library(Library&&) noexcept = default;
+  // Ends the own objects first, in their order.
+  Library& operator=(Library&& other) noexcept;
+  ~Library() = default;
+
   zel::LibFile& File() const { return *file_; }
   zel::LibMaint& Maint() const { return *maint_; }
   std::string const& Path() const { return path_; }
