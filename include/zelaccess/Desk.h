@@ -113,7 +113,8 @@ struct Identity {
   std::string formula;           ///< Formula.
   bool keepsFormula = false;     ///< The formula is kept as it was given, not normalised.
 
-  /// Returns the first ID; empty if there is none.
+  /// Returns the first ID.
+  /// \return empty if there is none
   std::string FirstId() const { return ids.empty() ? "" : ids.front(); }
 };
 
@@ -163,16 +164,24 @@ struct LibrariesData;
 class ZEL_DESK_API Component {
  public:
   /// Returns who it is.
+  /// \return the identity, merged from all sources
   desk::Identity Identity() const;
-  /// Returns a constant; nothing if it is neither stored nor can be derived from what is.
-  /// \param unit  a unit word, "bar" for example; empty for the internal unit
-  /// Throws UnknownWord if the constant cannot be given in that unit.
+  /// Returns a constant. Throws UnknownWord if it cannot be converted to the unit.
+  /// \param constant  the constant
+  /// \param unit      a unit word, "bar" for example; empty for the internal unit
+  /// \return nothing if it is neither stored nor can be derived from what is
   std::optional<ConstantValue> Constant(zel::Constant constant, std::string const& unit = "") const;
-  /// Returns the record of a correlation; nothing if there is none.
+  /// Returns the record of a correlation.
+  /// \param correlation  the correlation
+  /// \return nothing if there is none
   std::optional<CorrelationData> Correlation(zel::Correlation correlation) const;
-  /// Evaluates a correlation, outside of its range by extrapolation.
-  /// Throws MissingDatum if the component does not have it, UnknownWord for a unit that does not
-  /// suit it and for an order that is not 1, 2 or 3.
+  /// Evaluates a correlation, outside of its range by extrapolation. Throws MissingDatum if the
+  /// component does not have it, UnknownWord for a unit that does not suit it and for an order that
+  /// is not 1, 2 or 3.
+  /// \param correlation   the correlation
+  /// \param temperatures  in `options.temperatureUnit`
+  /// \param options       units, and the order of the derivative
+  /// \return the values, with an element for each temperature
   CorrelationValues Evaluate(zel::Correlation correlation, std::vector<double> const& temperatures,
                              EvaluationOptions const& options = {}) const;
 
@@ -194,15 +203,20 @@ struct ItemField {
 /// An item of a bank, such as the interaction parameters of a pair.
 class ZEL_DESK_API Item {
  public:
-  /// Returns the bank that it was read from, "perry.lb1:NRTL:PERRY" for example.
+  /// Returns the bank that it was read from.
+  /// \return "perry.lb1:NRTL:PERRY" for example
   std::string const& Source() const;
-  /// Returns its fields in the order of the bank type. Those of a pair are for the components in
-  /// the order in which they were asked for, however the pair is stored.
+  /// Returns its fields in the order of the bank type.
+  /// \return the fields; those of a pair are for the components in the order in which they were
+  ///         asked for, however the pair is stored
   std::vector<ItemField> const& Fields() const;
-  /// Returns a field by its name in any case. Throws UnknownWord if there is none.
+  /// Returns a field. Throws UnknownWord if there is none of that name.
+  /// \param name  its name, in any case of letters
+  /// \return the field
   ItemField const& Field(std::string const& name) const;
-  /// Returns the first value of a field; nothing if it is undefined or not a number. Throws
-  /// UnknownWord if there is no such field.
+  /// Returns the first value of a field. Throws UnknownWord if there is no such field.
+  /// \param field  its name, in any case of letters
+  /// \return nothing if it is undefined or not a number
   std::optional<double> Value(std::string const& field) const;
 
  private:
@@ -221,27 +235,40 @@ struct LibrariesOptions {
 /// Open libraries in order of preference: for each datum the first one that has it wins.
 class ZEL_DESK_API Libraries {
  public:
-  /// Opens libraries for reading, each given as LIBRARY or LIBRARY:BANK. A change that was
-  /// interrupted is undone first.
-  /// Throws OpenError, LibraryInUse or Error.
+  /// Opens libraries for reading. A change that was interrupted is undone first. Throws OpenError,
+  /// LibraryInUse or Error.
+  /// \param libraries  each as LIBRARY or LIBRARY:BANK, the preferred one first
+  /// \param options    how they are opened
   explicit Libraries(std::vector<std::string> const& libraries,
                      LibrariesOptions const& options = {});
+  /// Takes over the libraries of another object, which must not be used any more.
   Libraries(Libraries&&) noexcept;
+  /// Takes over the libraries of another object, which must not be used any more.
+  /// \return this object
   Libraries& operator=(Libraries&&) noexcept;
+  /// Closes the libraries.
   ~Libraries();
 
-  /// Returns a component by its ID, CAS number or number, merged from all libraries and completed.
-  /// Throws MissingComponent, which names near ones; ConflictingIdentity if the libraries mean
-  /// different substances; DamagedLibrary.
+  /// Returns a component, merged from all libraries and completed. Throws MissingComponent, which
+  /// names near ones; ConflictingIdentity if the libraries mean different substances;
+  /// DamagedLibrary.
+  /// \param word  ID, CAS number, number or name
+  /// \return the component
   desk::Component Component(std::string const& word) const;
-  /// Returns the components of all libraries, each once, in the order of the libraries.
+  /// Returns the components of all libraries.
+  /// \return each once, in the order of the libraries
   std::vector<Identity> Components() const;
-  /// Returns an item of the first library that has it in a bank of the type.
+  /// Returns an item of the first library that has it in a bank of the type. Throws UnknownWord for
+  /// a type that does not exist, MissingItem, DamagedLibrary.
   /// \param type   a bank type, "NRTL" for example
   /// \param words  the components, numbers or text that name it
-  /// Throws UnknownWord for a type that does not exist, MissingItem, DamagedLibrary.
+  /// \return the item
   desk::Item Item(std::string const& type, std::vector<std::string> const& words) const;
   /// Returns the item of a pair; see Item.
+  /// \param type   a bank type, "NRTL" for example
+  /// \param one    a component
+  /// \param other  the other one
+  /// \return the item, whose fields are for the components in this order
   desk::Item Pair(std::string const& type, std::string const& one, std::string const& other) const;
 
  private:

@@ -32,9 +32,11 @@ class ZEL_DESK_API Error : public std::runtime_error {
         file_(file),
         reason_(reason) {}
 
-  /// Returns the library or document that it is about, as it was named; empty for none.
+  /// Returns what it is about.
+  /// \return the library or document, as it was named; empty for none
   std::string const& File() const noexcept { return file_; }
-  /// Returns what is wrong, without the file.
+  /// Returns what is wrong.
+  /// \return the reason, without the file
   std::string const& Reason() const noexcept { return reason_; }
 
  private:
@@ -45,10 +47,13 @@ class ZEL_DESK_API Error : public std::runtime_error {
 /// A library that cannot be opened.
 class ZEL_DESK_API OpenError : public Error {
  public:
-  /// \param code  the result of the open
+  /// \param file    the library, as it was named
+  /// \param reason  why it cannot be opened
+  /// \param code    the result of the open
   OpenError(std::string const& file, std::string const& reason, openErrors code)
       : Error(file, reason), code_(code) {}
-  /// Returns the result of the open: openNotFound, openBadPassword and so on.
+  /// Returns the result of the open.
+  /// \return openNotFound, openBadPassword and so on
   openErrors Code() const noexcept { return code_; }
 
  private:

@@ -66,6 +66,7 @@ ZEL_API char const* GetConstantDimension(std::uint32_t index);
 ZEL_API char const* GetCorrelationDimension(std::uint32_t index);
 
 /// Returns the number of dimensions.
+/// \return 0 before InitZelAccess
 ZEL_API std::int32_t GetDimensionCount();
 /// Returns a dimension.
 /// \param index      from 0, less than GetDimensionCount()
@@ -86,6 +87,7 @@ ZEL_API std::int32_t GetUnitCount(char const* dimension);
 ZEL_API bool GetUnit(char const* dimension, std::int32_t index, char* text);
 
 /// Returns the number of unit systems.
+/// \return 0 before InitZelAccess
 ZEL_API std::int32_t GetUnitSystemCount();
 /// Returns the name of a unit system.
 /// \param index  from 0, less than GetUnitSystemCount()

@@ -101,7 +101,7 @@ void AddDocumentCommands(CommandLine& line);  // import, export, dump
 void AddListCommand(CommandLine& line);       // list
 void AddItemCommands(CommandLine& line);      // copy, delete
 void AddEditCommand(CommandLine& line);
-void AddHistoryCommands(CommandLine& line);   // log, undo
+void AddHistoryCommands(CommandLine& line);  // log, undo
 void AddDiffCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);
 void AddTableCommands(CommandLine& line);  // template, table, pairs
