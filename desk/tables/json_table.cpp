@@ -83,7 +83,9 @@ TextTable ParseJsonTable(std::string const& text, std::string const& shownAs) {
         table.heads.push_back(head);
         row.cells.emplace_back();
       }
-      row.cells[at] = CellOf(value, shownAs + ", line " + std::to_string(row.line) + ": " + head);
+      std::string place = shownAs;
+      place.append(", line ").append(std::to_string(row.line)).append(": ").append(head);
+      row.cells[at] = CellOf(value, place);
     }
     table.rows.push_back(std::move(row));
   }

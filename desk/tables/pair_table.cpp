@@ -14,6 +14,7 @@ namespace {
 // number if none does.
 std::string IdOf(std::vector<Library> const& libraries, std::int32_t number) {
   std::vector<Library const*> knowing;
+  knowing.reserve(libraries.size() + 1);
   for (Library const& library : libraries) knowing.push_back(&library);
   if (!libraries.empty()) knowing.push_back(libraries.front().InSession().names.get());
   for (Library const* library : knowing) {
@@ -51,6 +52,7 @@ Table PairTable(std::vector<Library> const& libraries, std::string const& type,
     throw Failure(facts.type + " is not a type of component pairs");
   }
   std::vector<Field> chosen;
+  chosen.reserve(fields.size());
   for (std::string const& name : fields) chosen.push_back(FieldNamed(*item, name));
   std::vector<Column> columns = {{"component 1", ""}, {"component 2", ""}};
   for (Field const& field : chosen) columns.push_back({field.name, field.unit});
@@ -74,7 +76,9 @@ Table PairTable(std::vector<Library> const& libraries, std::string const& type,
         try {
           if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) continue;
         } catch (unsigned long const address) {
-          library.TellUnread(ToText(bank) + " " + one + " + " + other, address);
+          std::string place = ToText(bank);
+          place.append(" ").append(one).append(" + ").append(other);
+          library.TellUnread(place, address);
           continue;
         }
         std::vector<Cell> row = RowOf(one, other);

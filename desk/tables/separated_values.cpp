@@ -128,7 +128,7 @@ std::string CellInCsv(std::string const& cell) {
   std::size_t const after = cell.find_first_not_of('\'');
   bool const mayRun = cell != "-" && !isNumeric && after != std::string::npos &&
                       kRun.find(cell[after]) != std::string_view::npos;
-  std::string const safe = mayRun ? "'" + cell : cell;
+  std::string safe = mayRun ? "'" + cell : cell;
   if (!mayRun && safe.find_first_of(",;\t\"\n\r") == std::string::npos) return safe;
   std::string quoted = "\"";
   for (char const c : safe) {

@@ -77,11 +77,11 @@ void KeepRows(TextTable& table, std::vector<std::string> const& where) {
 
 }  // namespace
 
-TableColumn::TableColumn(std::string head, std::size_t at) : at_(at) {
+TableColumn::TableColumn(std::string const& head, std::size_t at) : at_(at) {
   std::tie(name_, unit_) = NameAndUnit(head);
 }
 
-TableColumn::TableColumn(std::string meaning, std::string fixed) : fixed_(std::move(fixed)) {
+TableColumn::TableColumn(std::string const& meaning, std::string fixed) : fixed_(std::move(fixed)) {
   std::tie(name_, unit_) = NameAndUnit(meaning);
 }
 

@@ -24,8 +24,8 @@ struct ColumnChoice {
 // A column with what its head means: the name in front of the unit in brackets.
 class TableColumn {
  public:
-  TableColumn(std::string head, std::size_t at);
-  TableColumn(std::string meaning, std::string fixed);
+  TableColumn(std::string const& head, std::size_t at);
+  TableColumn(std::string const& meaning, std::string fixed);
 
   std::string const& Name() const { return name_; }
   std::string const& Unit() const { return unit_; }

@@ -80,6 +80,7 @@ void AddGroups(PureComponent const& component, TextTable& table) {
     std::int32_t counts[10] = {};
     if (component->GetRawStructure(model, &count, ids, counts) != zel::kStatusOk) continue;
     std::vector<std::string> groups;
+    groups.reserve(static_cast<std::size_t>(count));
     for (std::int32_t i = 0; i < count; ++i) {
       groups.push_back(std::to_string(ids[i]) + "(" + std::to_string(counts[i]) + ")");
     }

@@ -9,7 +9,7 @@ namespace zel::desk {
 BankName BankForTable(Library& library, std::string const& word) {
   std::size_t const colon = word.find(':');
   if (colon == std::string::npos) return library.Bank(word);
-  BankName const bank = {UpperCase(word.substr(0, colon)), UpperCase(word.substr(colon + 1))};
+  BankName bank = {UpperCase(word.substr(0, colon)), UpperCase(word.substr(colon + 1))};
   if (bank.name.empty() || bank.name.size() >= kNameSize) {
     throw Failure("a bank's name has 1 to 8 characters: " + word);
   }

@@ -53,7 +53,7 @@ void CheckHeads(TextTable const& table, std::string const& shownAs) {
   for (std::string const& head : table.heads) {
     if (head.empty()) throw Failure(shownAs + ": a column has no head");
     if (!seen.insert(LowerCase(head)).second) {
-      throw Failure(shownAs + ": two columns have the head " + head);
+      throw Failure(std::string(shownAs).append(": two columns have the head ").append(head));
     }
   }
 }

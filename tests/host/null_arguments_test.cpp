@@ -96,6 +96,7 @@ class NullArgumentsTest : public HostFolderTest {
   Sweep(NAME(Class, function), object, With<__VA_ARGS__>::Pick(&Class::function))
 
 void NullArgumentsTest::SweepFaces() {
+  // NOLINTBEGIN(bugprone-macro-parentheses): names, which cannot be in parentheses
 #define SWEEP_FACE(keyword, Interface, function)                                \
   {                                                                             \
     BankFace<Interface> face(keyword, IID_##Interface);                         \
@@ -104,6 +105,7 @@ void NullArgumentsTest::SweepFaces() {
   }
 #include "null_faces.inc"
 #undef SWEEP_FACE
+  // NOLINTEND(bugprone-macro-parentheses)
   SWEEP(*component_.operator->(), IZelPureComp, EvaluateCorrelation);
   SWEEP(*component_.operator->(), IZelPureComp, GetCorrelation);
   SWEEP(*component_.operator->(), IZelPureComp, GetStructure);
@@ -568,7 +570,8 @@ std::map<std::string, int> Declared() {
       }
       std::string const function = PointerFunction(statement);
       bool const isFree = statement.find("ZEL_API ") != std::string::npos;
-      if (!function.empty()) ++functions[(isFree ? "" : classOf + "::") + function];
+      std::string whole = isFree ? std::string() : classOf + "::";
+      if (!function.empty()) ++functions[whole.append(function)];
     }
   }
   functions.erase("ZelFindingSink::Found");  // implemented by the host

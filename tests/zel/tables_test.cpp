@@ -205,8 +205,9 @@ TEST_F(TablesTest, PublishedTablesAreImportedDirectly) {
            {"lkp_kij", "LKP:SAMPLE"},
            {"rackett", "RACKETT:SAMPLE --ignore refCode"},
            {"pcsaft_pure", "PCSAFTPU:SAMPLE --map pcsaft.map"}}) {
-    Good("import own.lb1 --names perry.lb1 --table '" + folder + "/" + file + ".txt' --bank " +
-         bank);
+    std::string words = "import own.lb1 --names perry.lb1 --table '";
+    words.append(folder).append("/").append(file).append(".txt' --bank ").append(bank);
+    Good(words);
   }
   for (char const* type : {"NRTL", "PRO", "LKP", "RACKETT", "PCSAFTPU"}) {
     EXPECT_EQ(Json(std::string("diff sample.lb1 own.lb1 --bank ") + type)["differences"].size(), 0U)
@@ -232,10 +233,14 @@ TEST_F(TablesTest, ComponentsReadBackFromTheirThreeTables) {
   for (std::string const source : {"perry", "crc"}) {
     Good("create back.lb1 --force");
     for (char const* kind : {"constants", "correlations"}) {
-      Good("export " + source + ".lb1 --bank " + source + " --kind " + kind + " --table e.csv");
-      Good("import back.lb1 --bank PURECOMP:" + source + " --table e.csv");
+      std::string words = "export " + source;
+      words.append(".lb1 --bank ").append(source).append(" --kind ").append(kind);
+      Good(words.append(" --table e.csv"));
+      words = "import back.lb1 --bank PURECOMP:";
+      Good(words.append(source).append(" --table e.csv"));
     }
-    json const diff = Json("diff " + source + ".lb1 back.lb1 --bank " + source);
+    std::string words = "diff " + source;
+    json const diff = Json(words.append(".lb1 back.lb1 --bank ").append(source));
     EXPECT_EQ(diff["differences"].size(), 0U) << source << diff.dump(1);
   }
 }

@@ -97,7 +97,9 @@ Report Eval(Session& session, Options const& o) {
   std::vector<Column> columns = {{"T", unit}, {"value", value}};
   for (int order = 1; order <= o.derivatives; ++order) {
     std::string const power = order == 1 ? "" : std::to_string(order);
-    columns.push_back({"d" + power + "/dT" + power, value + "/" + unit + power});
+    std::string name = "d";
+    name.append(power).append("/dT").append(power);
+    columns.push_back({name, std::string(value).append("/").append(unit).append(power)});
   }
   columns.push_back({"range", ""});
   std::string const warning = WarningOf(o.component, info, curve);
