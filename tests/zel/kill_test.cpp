@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // Fewer would miss some of the moments.
-constexpr long kStandardKills = 160;
+constexpr long kStandardKills = 320;
 
 long Kills() {
   char const* const given = std::getenv("ZEL_KILLS");
@@ -76,7 +76,7 @@ class KillTest : public ChangeTest {
   static constexpr long kNever = 1'000'000;
 
   static std::vector<long> Moments(long stops, long kills) {
-    constexpr long kLast = 150;
+    constexpr long kLast = 300;
     std::map<long, bool> chosen;
     long const late = kills / 3;
     for (long i = 0; i < late; ++i) chosen[stops - 1 - i * kLast / late] = true;
