@@ -16,8 +16,6 @@
 namespace zel::test {
 namespace {
 
-namespace fs = std::filesystem;
-
 // Fewer would miss some of the moments.
 constexpr long kStandardKills = 320;
 
@@ -82,6 +80,7 @@ class KillTest : public ChangeTest {
     for (long i = 0; i < late; ++i) chosen[stops - 1 - i * kLast / late] = true;
     for (long i = 0; i < kills - late; ++i) chosen[1 + i * (stops - kLast) / (kills - late)] = true;
     std::vector<long> moments;
+    moments.reserve(chosen.size());
     for (auto const& [stop, unused] : chosen) moments.push_back(stop);
     return moments;
   }
