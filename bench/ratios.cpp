@@ -145,7 +145,7 @@ int main(int count, char** arguments) {
   std::fputs("Built with assertions: the numbers mean little.\n", stderr);
 #endif
   std::printf(
-      "Peers: %s; SQLite %s. Nobody syncs. Ratio: median of %d rounds of peer, project.\n\n",
+      "Peers: %s; SQLite %s. No one syncs. Ratio: median of %d rounds of peer, project.\n\n",
       mdb_version(nullptr, nullptr, nullptr), sqlite3_libversion(), options.rounds);
   try {
     return RunAndCompare(options);

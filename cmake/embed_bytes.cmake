@@ -9,7 +9,7 @@ string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
 string(REPEAT "0x..," 16 line)
 string(REGEX REPLACE "(${line})" "\\1\n" bytes "${bytes}")
 get_filename_component(file ${INPUT} NAME)
-file(WRITE ${OUTPUT} "// The bytes of ${file}, and a 0 behind them.
+file(WRITE ${OUTPUT} "// The bytes of ${file}, and a 0 after them.
 #include <cstddef>
 
 namespace zel {

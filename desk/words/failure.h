@@ -17,7 +17,7 @@ class Failure : public Error {
   explicit Failure(std::string const& what) : Error("", what) {}
 };
 
-// Nobody reads standard output any more.
+// No one reads standard output any more.
 class PipeClosed : public std::exception {};
 
 // The command line is invalid; exit status 2.
