@@ -78,12 +78,12 @@ void CompareSize(RatioTable& table, std::filesystem::path const& folder, std::si
         loads(lmdb.store, [&, ascending] { lmdb.store.Load(source, ascending); }),
         loads(sqlite.store, [&, ascending] { sqlite.store.Load(source, ascending); })};
     Side const sizes[] = {SizesOf(items, lmdb), SizesOf(items, sqlite)};
+    std::string const what = order + size;
     for (std::size_t i = 0; i < 2; ++i) {
-      table.Compare(
-          {"write" + order + size, peers[i], others[i], own, Target::None(), "ns", kMostRounds});
+      table.Compare({"write" + what, peers[i], others[i], own, Target::None(), "ns", kMostRounds});
     }
     for (std::size_t i = 0; i < 2; ++i) {
-      table.Compare({"size, written" + order + size, peers[i], sizes[i], SizesOf(items, project),
+      table.Compare({"size, written" + what, peers[i], sizes[i], SizesOf(items, project),
                      Target::None(), "B", 1});
     }
   }

@@ -92,8 +92,8 @@ void Flattener::AllComponents() {
 
 // The first ID or the number, whichever more banks know; the ID if both do equally.
 std::string Flattener::BestWord(zel::ZelIdentity const& identity) const {
-  std::string const number = std::to_string(identity.number);
-  std::string const id = identity.ids[0];
+  std::string number = std::to_string(identity.number);
+  std::string id = identity.ids[0];
   if (id.empty()) return number;
   auto const found = [&](std::string const& word) {
     int count = 0;

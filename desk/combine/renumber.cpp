@@ -150,6 +150,7 @@ Renumbered Renumber(Library const& library, std::string const& component, std::s
                   bank.Shown(taken.front()) + " has it");
   }
   std::vector<std::vector<StoredWords>> found;
+  found.reserve(banks.size());
   for (NumberedBank& bank : banks) found.push_back(bank.ItemsWith(result.from));
   for (std::size_t i = 0; i < banks.size(); ++i) {
     if (found[i].empty()) continue;

@@ -62,6 +62,7 @@ std::int32_t OneOf(std::string const& word, std::vector<std::string> const& word
 
 std::vector<double> Coefficients(std::vector<std::string> const& words) {
   std::vector<double> numbers;
+  numbers.reserve(words.size());
   for (std::string const& word : words) numbers.push_back(ParseNumber(word, "a coefficient"));
   if (numbers.size() > kMostCoefficients) {
     throw WrongUsage("a correlation has at most " + std::to_string(kMostCoefficients) +

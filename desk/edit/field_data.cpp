@@ -83,6 +83,7 @@ void SetField(zel::IZelBankDef& item, Field const& field, std::string const& tex
   CheckCount(field, parts.size());
   if (field.type == zel::fieldReal) {
     std::vector<double> numbers;
+    numbers.reserve(parts.size());
     for (std::string const& part : parts) {
       numbers.push_back(units.Read(
           part, field.unit,
@@ -92,6 +93,7 @@ void SetField(zel::IZelBankDef& item, Field const& field, std::string const& tex
     return;
   }
   std::vector<std::int32_t> numbers;
+  numbers.reserve(parts.size());
   for (std::string const& part : parts) {
     numbers.push_back(field.type == zel::fieldEnumerated ? WordOf(item, field, part)
                                                          : WholeOf(part, field.name));

@@ -132,6 +132,7 @@ Field FieldNamed(zel::IZelBankDef& bank, std::string const& name) {
   if (at == fields.end()) {
     std::string const type = BankFacts(bank).type;
     std::vector<std::string> names;
+    names.reserve(fields.size());
     for (Field const& field : fields) names.push_back(field.name);
     throw Failure("a " + type + " bank has no field " + name + DidYouMean(name, names) +
                   " `zel types " + type + "` lists them");

@@ -53,11 +53,11 @@ void NameFiles(ChangePlaces const& change, fs::path const& folder) {
   fs::remove(folder / kLockName);
 }
 
-void Put(ChangeRecord& record, std::string const& name, std::string value) {
-  if (name == "command") record.command = std::move(value);
-  if (name == "time") record.time = std::move(value);
-  if (name == "before") record.before = std::move(value);
-  if (name == "after") record.after = std::move(value);
+void Put(ChangeRecord& record, std::string const& name, std::string const& value) {
+  if (name == "command") record.command = value;
+  if (name == "time") record.time = value;
+  if (name == "before") record.before = value;
+  if (name == "after") record.after = value;
   if (name == "undoes") record.undoes = NumberOf(value);
   if (name == "keep") record.keep = NumberOf(value);
 }

@@ -110,6 +110,7 @@ void CheckCount(BankFacts const& facts, std::size_t count) {
 
 zel::Handle<zel::Key> KeyOfNumbers(std::vector<std::string> const& words) {
   std::vector<std::int32_t> numbers;
+  numbers.reserve(words.size());
   for (std::string const& word : words) numbers.push_back(KeyNumber(word));
   zel::Handle<zel::Key> key(zel::Key::NewKey());
   key->SetKeyWords(static_cast<long>(numbers.size()), numbers.data());
@@ -208,7 +209,7 @@ std::string KeyWords::IdOf(std::int32_t number) {
   } catch (unsigned long const address) {
     library_.TellUnread("component " + std::to_string(number), address);
   }
-  std::string const text = id[0] != '\0' ? std::string(id) : std::to_string(number);
+  std::string text = id[0] != '\0' ? std::string(id) : std::to_string(number);
   known_.insert(at, {number, text});
   return text;
 }

@@ -13,7 +13,7 @@ zel::ZelCorrelationInfo const& CorrelationNamed(std::string const& word) {
 
 Curve CurveOf(PureComponent const& component, zel::ZelCorrelationInfo const& info,
               std::string const& word) {
-  Curve const curve = component.ReadCurve(IndexOf(info));
+  Curve curve = component.ReadCurve(IndexOf(info));
   if (!curve.present) throw Failure("component " + word + " has no " + info.name);
   return curve;
 }

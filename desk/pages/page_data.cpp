@@ -148,6 +148,7 @@ std::size_t PageData::AddComponent(std::string const& word) {
 
 void PageData::SetColumns(std::vector<std::pair<std::size_t, long>> const& columns) {
   std::vector<std::string> parts;
+  parts.reserve(columns.size());
   for (auto const& [component, source] : columns) {
     parts.push_back(JsonList({Whole(static_cast<std::int64_t>(component)), Whole(source)}));
   }

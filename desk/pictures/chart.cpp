@@ -235,10 +235,10 @@ class Plotter {
   void Legend(std::size_t number) {
     ChartLine const& line = chart_.lines[number];
     LineStyle const style = StyleOf(number);
-    auto const row = static_cast<double>(number / layout_.legendColumns);
-    auto const column = static_cast<double>(number % layout_.legendColumns);
-    double const x = kLeft + column * layout_.legendColumn;
-    double const y = layout_.floor + kAxis + 12 + kLegendLine * row;
+    std::size_t const row = number / layout_.legendColumns;
+    std::size_t const column = number % layout_.legendColumns;
+    double const x = kLeft + static_cast<double>(column) * layout_.legendColumn;
+    double const y = layout_.floor + kAxis + 12 + kLegendLine * static_cast<double>(row);
     if (!line.isPoints) {
       std::string paint = std::string("\"") + style.color + "\" stroke-width=\"2\"";
       if (*style.dashes != '\0') paint += std::string(" stroke-dasharray=\"") + style.dashes + "\"";

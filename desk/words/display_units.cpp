@@ -277,7 +277,7 @@ Cell ShownCell(Cell const& cell, DisplayUnits const& units, std::string const& u
     return units.Shown(static_cast<double>(*whole), unit);
   }
   if (auto const* text = std::get_if<std::string>(&cell)) {
-    Cell const list = ShownList(*text, units, unit);
+    Cell list = ShownList(*text, units, unit);
     if (!std::holds_alternative<std::monostate>(list)) return list;
   }
   return cell;

@@ -130,6 +130,7 @@ ComponentField ComponentFieldNamed(std::string const& word) {
 Report Components(Library const& library, BankName const& bank,
                   std::vector<std::string> const& names) {
   std::vector<ComponentField> fields;
+  fields.reserve(names.size());
   for (std::string const& name : names) fields.push_back(ComponentFieldNamed(name));
   bool const isWide = !fields.empty();
   std::vector<Column> columns = {
