@@ -122,9 +122,9 @@ std::string Refusal(std::string const& path) {
 
 TEST_F(RunFileTest, WhatIsNotARunIsRefusedByName) {
   EXPECT_EQ(Refusal(Path("none.json")), Path("none.json") + ": cannot be read");
-  for (char const* text : {"", "{", "[]", "{\"commit\": 1}",
-                           "{\"commit\": \"a\", \"date\": \"d\", \"processor\": \"p\", "
-                           "\"rounds\": 1, \"rows\": [{\"case\": \"read\"}]}"}) {
+  char const* const noRatio =
+      R"({"commit": "a", "date": "d", "processor": "p", "rounds": 1, "rows": [{"case": "r"}]})";
+  for (char const* text : {"", "{", "[]", R"({"commit": 1})", noRatio}) {
     MakeFile("bad.json", text);
     EXPECT_EQ(Refusal(Path("bad.json")).rfind(Path("bad.json") + ": is not a run", 0), 0U) << text;
   }

@@ -55,7 +55,7 @@ TEST_F(UnitTableTest, EveryUnitStandsOnceInTheOrderOfTheQuantities) {
   std::vector<std::string> listed;
   std::vector<std::string> further;
   for (UnitRow const& row : table_.units) {
-    bool const named = row.text != "" && row.text != "tokens";
+    bool const named = !row.text.empty() && row.text != "tokens";
     (named ? listed : further).push_back(row.text);
   }
   EXPECT_EQ(listed, expected);
