@@ -26,9 +26,11 @@ set(desk_SOURCES
     files/file_lock.cpp
     files/folder.cpp
     files/output_file.cpp
+    files/settings_file.cpp
     files/standard_output.cpp
     open/change_places.cpp
     open/component_name.cpp
+    open/configuration.cpp
     open/field_text.cpp
     open/fields.cpp
     open/history.cpp
@@ -36,6 +38,7 @@ set(desk_SOURCES
     open/item_key.cpp
     open/item_values.cpp
     open/library.cpp
+    open/library_path.cpp
     open/named_correlation.cpp
     open/names_library.cpp
     open/nearest.cpp

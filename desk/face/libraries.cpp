@@ -7,8 +7,10 @@
 
 #include "desk/face/data.h"
 #include "desk/face/guarded.h"
+#include "desk/open/configuration.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/library_path.h"
 #include "desk/words/letters.h"
 
 namespace zel::desk {
@@ -21,9 +23,17 @@ constexpr double kMillisecondsPerSecond = 1000.0;
 Session& WithNames(Session& session, LibrariesOptions const& options) {
   session.patience = std::chrono::milliseconds(static_cast<std::int64_t>(
       std::clamp(options.waitSeconds, 0.0, kLongestWait) * kMillisecondsPerSecond));
-  session.namesPath = options.names;
+  session.namesPath = LibraryPath(options.path).Find(options.names);
   OpenNames(session);
   return session;
+}
+
+// The libraries as files, with banks as they are named.
+std::vector<std::string> FoundOnPath(std::vector<std::string> words,
+                                     LibrariesOptions const& options) {
+  LibraryPath const path(options.path);
+  for (std::string& word : words) word = path.FindSource(word);
+  return words;
 }
 
 double OrNan(double value) {
@@ -73,7 +83,13 @@ std::vector<std::string> AsNumbers(PreferenceList const& list,
 
 LibrariesData::LibrariesData(std::vector<std::string> const& libraries,
                              LibrariesOptions const& options)
-    : list(WithNames(session, options), {libraries, options.acceptIdentity, true}) {}
+    : list(WithNames(session, options),
+           {FoundOnPath(libraries, options), options.acceptIdentity, true}) {}
+
+std::vector<std::string> SearchPath() {
+  Session const before;
+  return Guarded(before, [] { return SearchFolders(ReadConfiguration(ConfigurationFile())); });
+}
 
 Libraries::Libraries(std::vector<std::string> const& libraries, LibrariesOptions const& options) {
   Session const before;

@@ -13,7 +13,7 @@ void OpenNames(Session& session) {
   try {
     session.names = std::make_shared<Library>(OpenFinished(session, session.namesPath));
   } catch (Error const& failure) {
-    throw Failure(failure.what() + std::string(" (named by --names or ZEL_NAMES)"));
+    throw Failure(failure.what() + (" (named by " + session.namesOrigin + ")"));
   }
   zel::LibFile::SetOrdwinNameIndex(&session.names->File());
 }

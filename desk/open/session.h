@@ -23,6 +23,8 @@ class Session {
   // The library for IDs and CAS numbers that the main library does not know: its path, empty for
   // none, and, while it is open, the library itself. See names_library.h.
   std::string namesPath;
+  // Who named it, for messages.
+  std::string namesOrigin = "--names or ZEL_NAMES";
   std::shared_ptr<Library> names;
   // The units of numbers that are shown, and of those that are given without a unit.
   DisplayUnits units;

@@ -33,6 +33,12 @@ std::vector<OwnSet> const& OwnSets() {
   return sets;
 }
 
+OwnSet const* OwnSetNamed(std::string const& word) {
+  auto const at = std::find_if(OwnSets().begin(), OwnSets().end(),
+                               [&](OwnSet const& set) { return LowerCase(word) == set.name; });
+  return at == OwnSets().end() ? nullptr : &*at;
+}
+
 std::string FoundUnit(std::string const& dimension, std::string const& word) {
   char text[zel::kUnitTextSize] = {};
   bool const found =
@@ -114,26 +120,39 @@ std::string DimensionOf(std::string const& unit) {
 
 }  // namespace
 
-DisplayUnits::DisplayUnits(std::string const& words) {
+bool IsUnitOrSet(std::string const& word) {
+  zel::InitZelAccess();
+  if (OwnSetNamed(word) != nullptr || IsUnitSystem(word)) return true;
+  std::vector<std::string> const dimensions = Dimensions();
+  return std::any_of(dimensions.begin(), dimensions.end(), [&](std::string const& dimension) {
+    return !FoundUnit(dimension, word).empty();
+  });
+}
+
+DisplayUnits::DisplayUnits(std::string const& words, UnitSets const& own) {
   if (words.empty()) return;
   zel::InitZelAccess();
-  std::vector<std::string> const dimensions = Dimensions();
+  AddWords(words, own);
+}
+
+void DisplayUnits::AddWords(std::string const& words, UnitSets const& own) {
   std::string_view rest = words;
   while (true) {
     std::size_t const comma = std::min(rest.find(','), rest.size());
     std::string const word(WithoutBlanks(rest.substr(0, comma)));
-    auto const own = std::find_if(OwnSets().begin(), OwnSets().end(),
-                                  [&](OwnSet const& set) { return LowerCase(word) == set.name; });
-    if (own != OwnSets().end()) {
-      words_.insert(words_.end(), own->words.begin(), own->words.end());
-    } else if (IsUnitSystem(word) ||
-               std::any_of(dimensions.begin(), dimensions.end(), [&](std::string const& dimension) {
-                 return !FoundUnit(dimension, word).empty();
-               })) {
+    OwnSet const* const set = OwnSetNamed(word);
+    auto const ofUser = own.find(LowerCase(word));
+    if (ofUser != own.end()) {
+      AddWords(ofUser->second, own);
+    } else if (set != nullptr) {
+      words_.insert(words_.end(), set->words.begin(), set->words.end());
+    } else if (IsUnitOrSet(word)) {
       words_.push_back(word);
     } else {
+      std::vector<std::string> candidates = Candidates();
+      for (auto const& one : own) candidates.push_back(one.first);
       throw WrongUsage(
-          "\"" + word + "\" is neither a unit nor a set of units" + DidYouMean(word, Candidates()) +
+          "\"" + word + "\" is neither a unit nor a set of units" + DidYouMean(word, candidates) +
           " units are words such as bar,degC,J/mol; sets are engineering, US, SI, Metric, ...");
     }
     if (comma == rest.size()) break;

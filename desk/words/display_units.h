@@ -12,6 +12,9 @@
 
 namespace zel::desk {
 
+// Sets of units that a user has made: by name in lower case, the words, with commas between them.
+using UnitSets = std::map<std::string, std::string>;
+
 class DisplayUnits {
  public:
   // The internal units; temperatures in K.
@@ -20,8 +23,9 @@ class DisplayUnits {
   // for every dimension that has it, or sets: the unit systems of zelaccess/Units.h ("SI",
   // "English", ...), "US", which is English, and "engineering", which is C and bar. Where two words
   // have a unit for a dimension, the later one holds. An empty text means the internal units.
+  // `own` are more sets, which may name each other, but not in a circle.
   // Throws WrongUsage for a word that no dimension knows.
-  explicit DisplayUnits(std::string const& words);
+  explicit DisplayUnits(std::string const& words, UnitSets const& own = {});
 
   bool AreInternal() const { return words_.empty(); }
   // The unit in which values that are in `unit` are shown. `unit` is an internal unit, C, R or F,
@@ -42,6 +46,7 @@ class DisplayUnits {
     std::string from;       // unit word
     double factor = 1.0;    // of a slope
   };
+  void AddWords(std::string const& words, UnitSets const& own);
   Change const& ChangeOf(std::string const& unit) const;
   Change MakeChange(std::string const& unit) const;
   Change ChangeInDimension(std::string const& unit, std::string const& dimension) const;
@@ -51,6 +56,9 @@ class DisplayUnits {
   std::vector<std::string> words_;
   mutable std::map<std::string, Change> changes_;  // by unit
 };
+
+// True for a word that DisplayUnits knows without sets of a user.
+bool IsUnitOrSet(std::string const& word);
 
 // The unit that a word means for values in the internal unit `unit`, as text of the table of units;
 // empty if it is not one. `unit` itself is always one.

@@ -99,6 +99,7 @@ int Run(int count, char** words) {
     zelhost::AddTableCommands(line);
     zelhost::AddCompareCommand(line);
     zelhost::AddCombineCommands(line);
+    zelhost::AddPathCommand(line);
     return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();

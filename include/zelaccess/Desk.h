@@ -230,7 +230,16 @@ struct LibrariesOptions {
   std::string names;            ///< A library for IDs and CAS numbers that the others do not know.
   bool acceptIdentity = false;  ///< Merge sources that mean different substances.
   double waitSeconds = 0.0;     ///< How long to wait for a library that another program uses.
+  /// Folders in which a library is looked up that is named without a folder and is not in the
+  /// current one: "perry" and "perry.lb1" are the first perry.lb1.
+  std::vector<std::string> path;
 };
+
+/// Returns the folders in which zel looks for libraries, for LibrariesOptions::path: those of the
+/// environment variable ZEL_PATH, else those of the user's configuration file. Throws Error if that
+/// file cannot be read or is not valid.
+/// \return the folders in order; empty if none are set
+ZEL_DESK_API std::vector<std::string> SearchPath();
 
 /// Open libraries in order of preference: for each datum the first one that has it wins.
 class ZEL_DESK_API Libraries {

@@ -34,6 +34,8 @@ class DeskTest : public testing::Test {
     return paths;
   }
 
+  static inline fs::path folder_;
+
  private:
   static void Import(std::string const& name) {
     zel::openErrors error = zel::openFailed;
@@ -43,7 +45,6 @@ class DeskTest : public testing::Test {
     zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(file.get()));
     ASSERT_TRUE(maint->Import((std::string(ZEL_DATA "/") + name + ".xml").c_str(), false));
   }
-  static inline fs::path folder_;
 };
 
 TEST_F(DeskTest, AConstantHasValueUnitSourceAndState) {
@@ -254,6 +255,40 @@ TEST_F(DeskTest, ObjectsMayOutliveTheirLibraries) {
   EXPECT_NEAR(ethanol->Evaluate(zel::Correlation::VaporPressure, {351.4}).values[0], 101.0851,
               1e-4);
   EXPECT_TRUE(pair->Value("bij"));
+}
+
+TEST_F(DeskTest, LibrariesAreFoundOnAPath) {
+  desk::LibrariesOptions options;
+  options.path = {(folder_ / "none").string(), folder_.string()};
+  options.names = "crc";
+  desk::Libraries const libraries({"sample", "perry:PERRY"}, options);
+  EXPECT_EQ(libraries.Pair("NRTL", "ETHANOL", "WATER").Source(),
+            Path("sample.lb1") + ":NRTL:SAMPLE");
+  EXPECT_EQ(libraries.Component("ETHANOL").Correlation(zel::Correlation::VaporPressure)->source,
+            "perry.lb1:PERRY");
+  try {
+    desk::Libraries const none({"pery"}, options);
+    FAIL() << "found";
+  } catch (desk::OpenError const& error) {
+    EXPECT_EQ(error.File(), "pery");
+    EXPECT_EQ(error.Code(), zel::openNotFound);
+    EXPECT_NE(std::string(error.what()).find("did you mean perry?"), std::string::npos);
+  }
+}
+
+TEST_F(DeskTest, SearchPathIsThatOfTheEnvironmentOrTheFile) {
+  std::string const file = Path("config");
+  std::ofstream(file) << "path = libs:/srv/libs\n";
+  ::setenv("ZEL_CONFIG", file.c_str(), 1);
+  ::unsetenv("ZEL_PATH");
+  EXPECT_EQ(desk::SearchPath(), (std::vector<std::string>{Path("libs"), "/srv/libs"}));
+  ::setenv("ZEL_PATH", "a:b", 1);
+  EXPECT_EQ(desk::SearchPath(), (std::vector<std::string>{"a", "b"}));
+  ::unsetenv("ZEL_PATH");
+  std::ofstream(file) << "pathh = libs\n";
+  EXPECT_THROW(desk::SearchPath(), desk::Error);
+  ::setenv("ZEL_CONFIG", "", 1);
+  EXPECT_TRUE(desk::SearchPath().empty());
 }
 
 TEST_F(DeskTest, ComponentsAreListedOnce) {

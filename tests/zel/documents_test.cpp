@@ -20,20 +20,28 @@ std::vector<std::string> Lines(std::string const& text) {
   return lines;
 }
 
-// A command of a session with the output that the document shows.
+// A command of a session with the output that the document shows, or a file with its lines: a block
+// "ini" whose first line is a comment with the name.
 struct Step {
   std::string command;
   std::vector<std::string> output;
+  std::string file;
 };
 
 std::vector<Step> SessionOf(std::string const& document) {
   std::vector<Step> steps;
   bool inside = false;
+  bool isFile = false;
   for (std::string const& line : Lines(document)) {
     if (line.substr(0, 3) == "```") {
       inside = line == "```console";
+      isFile = line == "```ini";
+      if (isFile) steps.push_back({});
+    } else if (isFile) {
+      if (steps.back().file.empty()) steps.back().file = line.substr(2);
+      steps.back().output.push_back(line);
     } else if (inside && line.substr(0, 2) == "$ ") {
-      steps.push_back({line.substr(2), {}});
+      steps.push_back({line.substr(2), {}, ""});
     } else if (inside && !steps.empty()) {
       steps.back().output.push_back(line);
     }
@@ -80,9 +88,17 @@ std::string WithoutTimes(std::string const& line) {
 std::set<std::string> DocumentsTest::RunSession(std::string const& document) const {
   std::set<std::string> used;
   for (Step const& step : SessionOf(FileText(document))) {
-    EXPECT_EQ(step.command.substr(0, 4), "zel ");
-    used.insert(step.command.substr(4, step.command.find(' ', 4) - 4));
-    Outcome const outcome = Zel(step.command.substr(4));
+    if (!step.file.empty()) {
+      std::string text;
+      for (std::string const& line : step.output) text += line + "\n";
+      MakeFile(step.file, text);
+      continue;
+    }
+    std::smatch found;
+    if (std::regex_search(step.command, found, std::regex("(?:^| )zel ([a-z]+)"))) {
+      used.insert(found[1]);
+    }
+    Outcome const outcome = Shell("PATH=\"${ZEL%/*}:$PATH\"; " + step.command);
     EXPECT_EQ(outcome.status, 0) << step.command << "\n" << outcome.err;
     std::vector<std::string> const lines = Lines(outcome.out);
     for (std::size_t i = 0; i < std::max(lines.size(), step.output.size()); ++i) {
@@ -125,7 +141,7 @@ TEST_F(DocumentsTest, ExampleOfADaysWorkRuns) {
 }
 
 TEST_F(DocumentsTest, DocumentTellsOfEveryCommand) {
-  ASSERT_EQ(commands_.size(), 34U);
+  ASSERT_EQ(commands_.size(), 35U);
   std::string const document = FileText(ZEL_DOCS "/zel.md");
   for (std::string const& command : commands_) {
     EXPECT_NE(document.find("`" + command + "`"), std::string::npos) << command;

@@ -92,6 +92,8 @@ constexpr CommandLine kCommands[] = {
     {"edit own.lb1 PURECOMP CYCLOHEX TC 554K --from other.lb1", nullptr},
     {"log own.lb1", nullptr},
     {"undo own.lb1", nullptr},
+    {"path", nullptr},
+    {"info elsewhere", nullptr},
 };
 
 Words Split(std::string const& line) {
@@ -136,7 +138,11 @@ class Matrix {
     fs::create_directories(Lib() / "docs");
     fs::create_directories(Lib() / "tmp");
     ::setenv("TMPDIR", (Lib() / "tmp").c_str(), 1);
-    ::unsetenv("ZEL_NAMES");
+    fs::create_directories(Lib() / "path");
+    std::ofstream(Lib() / "config") << "path = path\nunits = plant\n\n"
+                                       "[unit-sets]\nplant = bar,K\n";
+    ::setenv("ZEL_CONFIG", "config", 1);
+    for (char const* name : {"ZEL_PATH", "ZEL_NAMES", "ZEL_UNITS"}) ::unsetenv(name);
   }
   Matrix(Matrix const&) = delete;
   Matrix& operator=(Matrix const&) = delete;
@@ -214,6 +220,7 @@ bool Matrix::MakeLibraries() {
       "copy crc.lb1 other.lb1 --bank CRC --item ETHANOL",
       "copy sample.lb1 pairs.lb1 --create --bank NRTL",
       "copy sample.lb1 pairs.lb1 --bank OCTANE",
+      "copy perry.lb1 path/elsewhere.lb1 --create --bank PERRY --item ETHANOL",
       "memo own.lb1 --set words",
       "memo own.lb1 --bank PERRY --set more",
       "export own.lb1 --component ETHANOL --bank PERRY -o component.xml",
@@ -240,7 +247,7 @@ bool Matrix::MakeLibraries() {
 void Matrix::PutBack() const {
   if (ContentsOf(Lib(), Files::kAll) == before_) return;
   fs::remove_all(Lib());
-  fs::create_directories(Lib() / "docs");
+  for (char const* name : {"docs", "path"}) fs::create_directories(Lib() / name);
   fs::create_directories(Lib() / "tmp");
   for (auto const& [name, bytes] : before_) {
     if (bytes.empty()) {

@@ -23,6 +23,7 @@ set(zel_TEST_SOURCES
     names_test.cpp
     output_test.cpp
     page_test.cpp
+    path_test.cpp
     plot_test.cpp
     output_files_test.cpp
     memory_test.cpp

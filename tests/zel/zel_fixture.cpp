@@ -42,6 +42,9 @@ std::size_t Rows(nlohmann::json const& table, char const* member, nlohmann::json
 
 ZelTest::ZelTest()
     : folder_(fs::canonical(fs::temp_directory_path()) / ("zel_host_" + std::to_string(getpid()))) {
+  // The settings of whoever runs the tests do not count.
+  ::setenv("ZEL_CONFIG", "", 1);
+  for (char const* name : {"ZEL_PATH", "ZEL_NAMES", "ZEL_UNITS"}) ::unsetenv(name);
   fs::remove_all(folder_);
   fs::create_directories(folder_);
   for (char const* name : {"sample", "perry", "crc"}) {

@@ -196,10 +196,12 @@ void AddBankCommands(CommandLine& line) {
            [o](Session&) { return o->type.empty() ? AllTypes() : OneType(o->type); });
   Command(line, "banks", "List the banks of a library", "zel banks sample.lb1")
       .Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Banks(session, *o); });
   Command items(line, "items", "List the items of a bank",
                 "zel items sample.lb1 NRTL --fields aij aji alphaij");
   items.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .Option("--fields", o->fields, "show these fields too", "FIELD...");
   AddStrict(items);

@@ -160,6 +160,7 @@ void AddCheckCommand(CommandLine& line) {
   Command(line, "check", "Check the structure and plausibility of libraries",
           "zel check perry.lb1 crc.lb1 --silence source")
       .OptionalArgument("LIBRARY", o->paths, "libraries, each compared with the others")
+      .Library(o->paths)
       .Option("--silence", o->silent, "do not report these checks", "ID...")
       .Flag("--accept-identity", o->acceptIdentity,
             "different substances are a warning, not an error")

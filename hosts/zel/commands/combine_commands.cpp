@@ -146,6 +146,7 @@ void AddCombineCommands(CommandLine& line) {
   Command flatten(line, "flatten", "Save what a search over libraries finds as one",
                   "zel flatten own.lb1 perry.lb1 crc.lb1 -o merged.lb1");
   flatten.Argument("SOURCE", o->sources.libraries, "LIBRARY[:BANK]; the preferred one first")
+      .Library(o->sources.libraries)
       .Required("-o,--output", o->output, "the new library", "FILE")
       .Option("--components", o->flatten.components, "these; by default all", "COMPONENT...")
       .Option("--bank", o->flatten.bank, "the name of its banks; default: MERGED", "NAME")
@@ -160,6 +161,8 @@ void AddCombineCommands(CommandLine& line) {
                 "zel merge own.lb1 perry.lb1 --ours");
   merge.Argument("LIBRARY", o->path, "the library to change")
       .Argument("FROM", o->from, "a library file")
+      .Library(o->path)
+      .Library(o->from)
       .Option("--bank", o->merge.banks, "this bank; by default all banks of FROM", "BANK")
       .Flag("--ours", o->ours, "keep the items of LIBRARY that differ")
       .Flag("--theirs", o->theirs, "replace them with those of FROM")
@@ -172,6 +175,7 @@ void AddCombineCommands(CommandLine& line) {
   Command renumber(line, "renumber", "Give a component another number in all banks",
                    "zel renumber own.lb1 ETHANOL 21000001");
   renumber.Argument("LIBRARY", o->path, "the library to change")
+      .Library(o->path)
       .Argument("OLD", o->component, "by number, ID, CAS number or name")
       .Argument("NEW", o->number, "a number that nothing in the library has");
   AddChangeOptions(renumber, o->change);

@@ -112,6 +112,34 @@ std::string LineOf(std::vector<std::string> const& words, std::set<std::string> 
   return line;
 }
 
+// The libraries that the words of a target name.
+struct FindLibraries {
+  LibraryPath const& path;
+  void operator()(std::string* word) const { *word = path.FindSource(*word); }
+  void operator()(std::optional<std::string>* word) const {
+    if (*word) operator()(&**word);
+  }
+  void operator()(std::vector<std::string>* words) const {
+    for (std::string& word : *words) operator()(&word);
+  }
+  void operator()(int* /*number*/) const {}
+};
+
+// The library for names, and the units, from the configuration file where none were given.
+void UseDefaults(Session& session) {
+  Configuration const& file = session.defaults.File();
+  if (!session.hasUnits) session.units = DisplayUnits(file.units, file.sets);
+  if (!session.hasNames && !file.names.empty()) {
+    session.namesPath = file.names;
+    session.namesOrigin = file.file;
+  }
+  try {
+    session.namesPath = session.defaults.Path().Find(session.namesPath);
+  } catch (OpenError const& error) {
+    throw Failure(error.what() + (" (named by " + session.namesOrigin + ")"));
+  }
+}
+
 }  // namespace
 
 Command::Command(CommandLine& line, std::string const& name, std::string const& purpose,
@@ -154,6 +182,18 @@ Command& Command::Flag(std::string const& names, bool& target, std::string const
   return *this;
 }
 
+Command& Command::Sources(std::vector<std::string>& targets, std::string const& help,
+                          std::string const& typeName) {
+  Added(*sub_, "-l,--lib", Target(targets).to_, help)->type_name(typeName)->allow_extra_args(false);
+  sources_ = &targets;
+  return Library(targets);
+}
+
+Command& Command::Library(Target target, bool const* mayBeNew) {
+  libraries_.push_back({target, mayBeNew});
+  return *this;
+}
+
 void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
   Session& session = session_;
   sub_->add_flag_callback(
@@ -163,7 +203,17 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
             "--csv", [&session] { session.form = Form::kCsv; }, "print comma-separated values")
         ->excludes("--json");
   }
-  sub_->callback([&session, work = std::move(work)] {
+  sub_->callback([&session, name = sub_->get_name(), libraries = libraries_, sources = sources_,
+                  work = std::move(work)] {
+    UseDefaults(session);
+    if (sources != nullptr && sources->empty()) *sources = session.defaults.File().libraries;
+    if (sources != nullptr && sources->empty()) {
+      throw WrongUsage("--lib is required; see zel " + name + " --help");
+    }
+    for (LibraryWords const& words : libraries) {
+      if (words.mayBeNew != nullptr && *words.mayBeNew) continue;
+      std::visit(FindLibraries{session.defaults.Path()}, words.target.to_);
+    }
     OpenNames(session);
     Report report = work(session);
     report.ShowIn(session.units);
@@ -191,13 +241,22 @@ CommandLine::CommandLine(Session& session)
   app_->get_formatter()->column_width(kWordsColumn);
   app_->fallthrough();
   app_->add_option_function<std::string>(
-          "--names", [&session](std::string const& path) { session.namesPath = path; },
+          "--names",
+          [&session](std::string const& path) {
+            session.namesPath = path;
+            session.hasNames = true;
+          },
           "a library to look up unknown IDs in")
       ->type_name("LIBRARY")
       ->envname("ZEL_NAMES")
       ->trigger_on_parse();
   app_->add_option_function<std::string>(
-          "--units", [&session](std::string const& words) { session.units = DisplayUnits(words); },
+          "--units",
+          [&session](std::string const& words) {
+            session.units = DisplayUnits(words, session.defaults.File().sets);
+            session.hasUnits = true;
+            session.unitWords = words;
+          },
           "units to show and to read: bar,degC")
       ->type_name("LIST")
       ->envname("ZEL_UNITS")

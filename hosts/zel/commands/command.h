@@ -76,6 +76,13 @@ class Command {
   Command& Required(std::string const& names, Target target, std::string const& help,
                     std::string const& typeName);
   Command& Flag(std::string const& names, bool& target, std::string const& help);
+  // The sources of a preference list, -l; by default those of the configuration file.
+  Command& Sources(std::vector<std::string>& targets, std::string const& help,
+                   std::string const& typeName);
+  // The words of a target name libraries, LIBRARY or LIBRARY:BANK, which are looked up on the path
+  // before the command runs. Not if `mayBeNew` is set then: a new library is made where it is
+  // named.
+  Command& Library(Target target, bool const* mayBeNew = nullptr);
 
   // For flags that set its members.
   Session& InSession() const { return session_; }
@@ -83,9 +90,16 @@ class Command {
   void Run(Outputs outputs, std::function<Report(Session&)> work);
 
  private:
+  struct LibraryWords {
+    Target target;
+    bool const* mayBeNew;
+  };
+
   Session& session_;
   CommandLine& line_;
   CLI::App* sub_;
+  std::vector<LibraryWords> libraries_;
+  std::vector<std::string>* sources_ = nullptr;
 };
 
 // All commands.
@@ -107,5 +121,6 @@ void AddCheckCommand(CommandLine& line);
 void AddTableCommands(CommandLine& line);  // template, table, pairs
 void AddCompareCommand(CommandLine& line);
 void AddCombineCommands(CommandLine& line);  // flatten, merge, renumber
+void AddPathCommand(CommandLine& line);
 
 }  // namespace zelhost

@@ -75,6 +75,8 @@ void AddCompareCommand(CommandLine& line) {
                   "zel compare perry.lb1 crc.lb1 --components ETHANOL WATER --tolerance 1%");
   compare.Argument("FIRST", o->first, "LIBRARY[:BANK]")
       .Argument("SECOND", o->second, "LIBRARY[:BANK]")
+      .Library(o->first)
+      .Library(o->second)
       .Option("--components", o->compare.components, "these; by default all that both have",
               "COMPONENT...")
       .Option("--tolerance", o->tolerance, "show deviations above it, e.g. 1%; default: 0", "SHARE")

@@ -46,6 +46,8 @@ void AddDiffCommand(CommandLine& line) {
                "zel diff perry.lb1 own.lb1 --bank PERRY");
   diff.Argument("FIRST", o->one, "a library file")
       .Argument("SECOND", o->other, "a library file")
+      .Library(o->one)
+      .Library(o->other)
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Flag("--exit-code", o->exitCode, "exit status 1 if they differ");
   AddStrict(diff);

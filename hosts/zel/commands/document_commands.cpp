@@ -326,6 +326,7 @@ void AddDocumentCommands(CommandLine& line) {
   Command reading(line, "import", "Read XML documents into a library, all or nothing",
                   "zel import nist.lb1 nist.xml --create");
   reading.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path, &o->create)
       .OptionalArgument("DOCUMENT", o->files, "documents of a library, bank or component")
       .Option("--bank", o->bank, "the documents or the table are for this bank", "NAME")
       .Flag("--create", o->create, "create the library if it does not exist")
@@ -340,6 +341,7 @@ void AddDocumentCommands(CommandLine& line) {
   Command writing(line, "export", "Write a library, a bank or a component as XML",
                   "zel export sample.lb1 -o sample.xml");
   writing.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Option("-o,--output", o->output, "the document (.xml), or a folder; else next to LIBRARY",
               "FILE")
       .Option("--bank", o->bank, "only this bank", "BANK")
@@ -352,6 +354,7 @@ void AddDocumentCommands(CommandLine& line) {
   Command dump(line, "dump", "Write tab-separated indexes, or show a bank's tree",
                "zel dump perry.lb1");
   dump.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Option("--tree", o->bank, "print the structure of this bank's tree", "BANK");
   AddStrict(dump);
   dump.Run(Outputs::kJson, [o](Session& session) { return Dump(session, *o); });

@@ -75,6 +75,8 @@ void AddEditCommand(CommandLine& line) {
   Command edit(line, "edit", "Set single values: constants, correlations, fields",
                "zel edit crc.lb1 ETHANOL NBP 78.31C --ref 999");
   edit.Argument("LIBRARY", o->path, "the library to change")
+      .Library(o->path)
+      .Library(o->from)
       .Argument("WORD", o->words, "[BANK] ITEM, then DATUM=VALUE or DATUM VALUE, ...")
       .Option("--unset", o->unset, "remove these data", "DATUM...")
       .Option("--ref", o->code, "the reference code of what is set; else it stays", "CODE")

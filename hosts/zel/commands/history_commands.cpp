@@ -73,12 +73,14 @@ void AddHistoryCommands(CommandLine& line) {
   auto const o = std::make_shared<Options>();
   Command log(line, "log", "List the changes of a library, the last one first", "zel log own.lb1");
   log.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Option("--last", o->last, "only the last N changes", "N");
   AddStrict(log);
   log.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Log(session, *o); });
   Command undo(line, "undo", "Take back the last change; again, the one before it",
                "zel undo own.lb1");
   undo.Argument("LIBRARY", o->path, "the library to change")
+      .Library(o->path)
       .Option("--before", o->undo.before, "restore what was before change N, which may be an undo",
               "N")
       .Flag("--force", o->undo.force, "even if another program has changed it since");

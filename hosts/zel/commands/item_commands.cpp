@@ -152,6 +152,8 @@ void AddItemCommands(CommandLine& line) {
                "zel copy perry.lb1 own.lb1 --bank PERRY --item ETHANOL");
   copy.Argument("FROM", o->from, "a library file")
       .Argument("TO", o->path, "the library to change")
+      .Library(o->from)
+      .Library(o->path, &o->create)
       .Option("--bank", o->banks, "this bank; by default all banks", "BANK")
       .Option("--item", o->words, "this item of the bank", "WORD...")
       .Flag("--replace", o->replace, "replace items that exist already")
@@ -162,6 +164,7 @@ void AddItemCommands(CommandLine& line) {
   copy.Run(Outputs::kJson, [o](Session& session) { return Copy(session, *o); });
   Command remove(line, "delete", "Remove an item or a bank", "zel delete own.lb1 PERRY ETHANOL");
   remove.Argument("LIBRARY", o->path, "the library to change")
+      .Library(o->path)
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .OptionalArgument("ITEM", o->words, "its components, numbers or text")
       .Flag("--whole-bank", o->wholeBank, "remove the bank with all its items");

@@ -221,10 +221,12 @@ void AddLibraryCommands(CommandLine& line) {
   create.Run(Outputs::kJson, [o](Session& session) { return Create(session, *o); });
   Command(line, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
       .Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Run(Outputs::kJson, [o](Session& session) { return Info(session, *o); });
   Command memo(line, "memo", "Show or set the memo of a library or a bank",
                "zel memo sample.lb1 --bank NRTL --set \"Checked in May\"");
   memo.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Option("--bank", o->bank, "the memo of this bank", "BANK")
       .Option("--set", o->text, "the new memo, up to 3999 characters", "TEXT")
       .Option("--file", o->file, "read the new memo from a file", "FILE")
@@ -234,6 +236,7 @@ void AddLibraryCommands(CommandLine& line) {
   Command set(line, "set", "Set description, version or password",
               "zel set own.lb1 --description \"Plant data, checked\"");
   set.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Option("--description", o->description, "up to 100 characters", "TEXT")
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
       .Secret("--new-password", o->newPassword, "require this password for every update", "TEXT")

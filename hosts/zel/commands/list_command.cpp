@@ -119,6 +119,7 @@ void AddListCommand(CommandLine& line) {
                "zel list picker.lst --build perry.lb1 --filter \"*butane\"");
   list.Argument("LIST", o->path, "a list file")
       .Option("--build", o->library, "make it from this library first", "LIBRARY")
+      .Library(o->library)
       .Option("--bank", o->bank, "from this bank of pure components", "NAME")
       .Option("--sort", o->sort, "name, id, formula, cas, nbp or mw", "KEY")
       .Option("--filter", o->filter, "of the sorted text: \"*\" any text, \"?\" one letter",

@@ -18,7 +18,8 @@ zel \- inspects and maintains component libraries of thermophysical data
 A component library is a pair of files, NAME.lb1 and NAME.lb2, with banks of data: pure components with
 their constants and correlations, interaction parameters of pairs, group tables, mappings of names.
 .PP
-A library is named by its first file; a bank by its name, by its type if there is only one bank of that type,
+A library is named by its first file, or by the name of that file without .lb1 if it is in the current folder or on
+the path; a bank by its name, by its type if there is only one bank of that type,
 or as TYPE:NAME; a component by its number, its ID, its CAS number or its name, or the
 unique beginning of the name; a temperature with its unit, as in
 298.15K, 25C, 537R or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
@@ -30,8 +31,21 @@ at the end: a command that fails or is killed leaves the library unchanged.
 
 constexpr char kBottom[] = R"(.SH ENVIRONMENT
 .TP
+.B ZEL_PATH
+folders, with colons between them, in which a library is looked up that is named without a folder and is not in
+the current one; NAME means NAME.lb1
+.TP
+.B ZEL_CONFIG
+the configuration file; no file if the variable is empty
+.TP
 .B ZEL_NAMES
 the library to look up unknown IDs in, if \-\-names is not given
+.TP
+.B ZEL_UNITS
+the units to show and to read, if \-\-units is not given
+.TP
+.B ZEL_WAIT
+the seconds to wait for a library that is in use, if \-\-wait is not given
 .TP
 .B ZEL_PASSWORD
 the password, if \-\-password is not given; unlike that option, other users of the machine cannot see it
@@ -42,6 +56,11 @@ milliseconds until long work shows its progress on a terminal; 500 by default
 0 if the work was done, 1 if it failed or a fault was found, 2 if the command line
 is invalid.
 .SH FILES
+.TP
+.I ~/.config/zel/config
+the configuration file, or zel/config in the folder of XDG_CONFIG_HOME: lines NAME = VALUE for path, libraries
+(the default of \-\-lib), names and units, and below [unit\-sets] sets of units. The environment and the command
+line override it; zel path shows what holds
 .TP
 .I .NAME.lb1.zel-new
 the copy of NAME.lb1 and NAME.lb2 that a command works on; the next command that names the library removes

@@ -81,6 +81,7 @@ void AddPlotCommand(CommandLine& line) {
       .Flag("--each", plot.each, "a line for each bank instead of the merged one")
       .Option("--reference", plot.reference, "divide each bank's values by those of this one",
               "SOURCE")
+      .Library(plot.reference)
       .Option("--title", plot.title, "default: what the correlation is", "TEXT")
       .Option("--size", plot.size, "of the chart in points; default: 800 wide", "WxH")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return DrawPlot(session, *o); });

@@ -53,8 +53,8 @@ void CheckModeFor(std::string const& library, std::string const& mode) {
 
 void AddSourceOptions(Command& command, SourceOptions& options) {
   command
-      .Required("-l,--lib", options.libraries,
-                "LIBRARY[:BANK]; once for each, the preferred one first", "SOURCE")
+      .Sources(options.libraries, "LIBRARY[:BANK]; once for each, the preferred one first",
+               "SOURCE")
       .Flag("--accept-identity", options.acceptIdentity,
             "merge sources that mean different substances");
 }

@@ -192,6 +192,7 @@ void AddShowCommands(CommandLine& line) {
   Command(line, "show", "Show everything in one item",
           "zel show sample.lb1 NRTL ETHANOL WATER --names perry.lb1")
       .Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .Argument("ITEM", o->words, "its components, numbers or text")
       .Flag("--complete", o->complete, "for a pure component: derive missing constants")
@@ -199,6 +200,7 @@ void AddShowCommands(CommandLine& line) {
   Command find(line, "find", "Find components by their properties",
                "zel find crc.lb1 --name \"*butan*\" --nbp 250:320");
   find.Argument("LIBRARY", o->path, "a library file")
+      .Library(o->path)
       .Option("--bank", o->bank, "look in this bank only", "BANK")
       .Option("--name", o->name, "\"*\" matches any text, \"?\" one character", "PATTERN")
       .Option("--id", o->id, "the same for the IDs", "PATTERN")

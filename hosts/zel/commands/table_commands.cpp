@@ -84,8 +84,7 @@ void AddTableCommands(CommandLine& line) {
                 "zel pairs NRTL --fields bij bji alphaij -l sample.lb1 -l perry.lb1");
   pairs.Argument("TYPE", o->type, "a bank type, the model")
       .OptionalArgument("COMPONENT", o->choice.words, "only pairs of two of these components")
-      .Required("-l,--lib", o->libraries, "a library; once for each, the preferred one first",
-                "LIBRARY")
+      .Sources(o->libraries, "a library; once for each, the preferred one first", "LIBRARY")
       .Option("--fields", o->fields, "show these fields too", "FIELD...");
   AddStrict(pairs);
   pairs.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Pairs(session, *o); });

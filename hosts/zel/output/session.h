@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desk/open/session.h"
+#include "output/defaults.h"
 #include "output/report.h"
 
 namespace zelhost {
@@ -16,6 +17,13 @@ class Session final : public zel::desk::Session {
   bool isStrict = false;
   // That of a command that did its work; 1 if it found something wrong.
   int exitStatus = 0;
+
+  // What holds for options that are not given, and which of those that it can set were given, on
+  // the command line or in the environment.
+  Defaults defaults;
+  bool hasNames = false;
+  bool hasUnits = false;
+  std::string unitWords;
 
   // Writes the line on standard error and sets the exit status to 1. With --strict it throws
   // Failure.

@@ -1,0 +1,113 @@
+#include "desk/open/library_path.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "desk/open/change_places.h"
+#include "desk/words/failure.h"
+#include "desk/words/letters.h"
+#include "desk/words/nearest_word.h"
+
+namespace zel::desk {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kEnding[] = ".lb1";
+constexpr char kHere[] = ".";
+
+bool EndsAsLibrary(std::string const& word) {
+  std::size_t const length = sizeof(kEnding) - 1;
+  return word.size() > length && LowerCase(word.substr(word.size() - length)) == kEnding;
+}
+
+bool IsThere(std::string const& path) {
+  std::error_code none;  // what it leads to is seen when it is opened
+  if (Exists(path)) return !fs::is_directory(path, none);
+  return EndsAsLibrary(path) && IsBeingChanged(path);
+}
+
+// "perry" for "perry.lb1", which both mean the same file; with its ending if that is not ".lb1" as
+// it is looked up.
+std::string WordOf(std::string const& file) {
+  fs::path const name(file);
+  return name.extension() == kEnding ? name.stem().string() : file;
+}
+
+}  // namespace
+
+std::vector<std::string> FoldersOf(std::string const& text) {
+  std::vector<std::string> folders;
+  for (std::size_t at = 0; at < text.size() + 1 && !text.empty();) {
+    std::size_t const end = std::min(text.find(':', at), text.size());
+    folders.push_back(end == at ? kHere : text.substr(at, end - at));
+    at = end + 1;
+  }
+  return folders;
+}
+
+std::string LibraryPath::Found(std::string const& word) const {
+  if (IsThere(word)) return word;
+  if (word.find('/') != std::string::npos) return "";
+  std::string file = EndsAsLibrary(word) ? word : word + kEnding;
+  if (file != word && IsThere(file)) return file;
+  for (std::string const& folder : folders_) {
+    std::string path = (fs::path(folder) / file).string();
+    if (IsThere(path)) return path;
+  }
+  return "";
+}
+
+std::string LibraryPath::Find(std::string const& word) const {
+  if (word.empty()) return word;
+  std::string found = Found(word);
+  if (!found.empty()) return found;
+  if (folders_.empty() || word.find('/') != std::string::npos) return word;
+  std::string list;
+  for (std::string const& folder : folders_) list += (list.empty() ? "" : ", ") + folder;
+  std::vector<std::string> words;
+  for (PathLibrary const& one : Libraries()) words.push_back(one.word);
+  std::string const nearest = NearestWord(EndsAsLibrary(word) ? WordOf(word) : word, words);
+  throw OpenError(word,
+                  "not found in the current folder and on the path (" + list + ")" +
+                      (nearest.empty() ? "" : "; did you mean " + nearest + "?"),
+                  zel::openNotFound);
+}
+
+std::string LibraryPath::FindSource(std::string const& word) const {
+  std::size_t const slash = word.rfind('/');
+  std::size_t const colon = word.find(':', slash == std::string::npos ? 0 : slash);
+  if (colon == std::string::npos || IsThere(word)) return Find(word);
+  return Find(word.substr(0, colon)) + word.substr(colon);
+}
+
+std::vector<std::string> LibraryPath::LibrariesIn(std::string const& folder) {
+  std::vector<std::string> files;
+  if (!Exists(folder) || !fs::is_directory(folder)) return files;
+  for (fs::directory_entry const& entry : fs::directory_iterator(folder)) {
+    std::string name = entry.path().filename().string();
+    if (EndsAsLibrary(name) && name[0] != '.' && !entry.is_directory()) {
+      files.push_back(std::move(name));
+    }
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+std::vector<PathLibrary> LibraryPath::Libraries() const {
+  std::vector<PathLibrary> libraries;
+  std::vector<std::string> folders = folders_;
+  folders.insert(folders.begin(), kHere);
+  for (std::string const& folder : folders) {
+    for (std::string const& file : LibrariesIn(folder)) {
+      std::string const path = folder == kHere ? file : (fs::path(folder) / file).string();
+      std::string const word = WordOf(file);
+      std::error_code none;
+      libraries.push_back({word, path, !fs::equivalent(Found(word), path, none)});
+    }
+  }
+  return libraries;
+}
+
+}  // namespace zel::desk
