@@ -52,10 +52,15 @@ CompListBuild_p::~CompListBuild_p() = default;
 bool CompListBuild_i::BuildList(LibFile* library, char const* bankName, char const* path) {
   Clock::time_point const start = Clock::now();
   ClearRecords();
-  WalkBank(library, bankName);
+  auto const* const inner = dynamic_cast<LibFile_i*>(library);
+  ProgressSteps progress(inner != nullptr ? inner->Progress() : nullptr);
+  bool const isWhole = !progress.IsCancelled() && WalkBank(library, bankName, progress);
+  if (!isWhole) ClearRecords();
   totalSeconds_ = SecondsSince(start);
   SortRecords();
-  return WriteList(path);
+  bool const written = isWhole && WriteList(path);
+  progress.End();
+  return written;
 }
 
 namespace {
@@ -86,10 +91,25 @@ struct ListedRows {
 
 }  // namespace
 
-// Values of a protected library are replaced by one that counts as undefined.
-void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
+namespace {
+
+double CountComponents(LibFile* library, char const* bankName) {
+  LibMaint_i maint(library);
+  std::int32_t words[format::kMaxKeyWords] = {};
+  double count = 0.0;
+  if (!maint.BeginItemWalk(kPureComponentType, bankName)) return count;
+  while (maint.NextItemKey(words)) ++count;
+  return count;
+}
+
+}  // namespace
+
+// False if the host cancels. Values of a protected library are replaced by one that counts as
+// undefined.
+bool CompListBuild_i::WalkBank(LibFile* library, char const* bankName, ProgressSteps& progress) {
+  if (progress.IsWatched()) progress.Expect(CountComponents(library, bankName));
   ColumnReader_i reader(library, kPureComponentType);
-  if (!reader.Begin(kPureComponentType, bankName)) return;
+  if (!reader.Begin(kPureComponentType, bankName)) return true;
   bool const locked = library->IsPasswordLocked();
   auto const rows = std::make_unique<ListedRows>();
   double const hidden = gen_GetUndefDouble() * 3.0;
@@ -97,6 +117,7 @@ void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
   rows->mw.fill(hidden);
   rows->AddTo(reader, !locked);
   while (auto const count = static_cast<std::size_t>(reader.Read(ListedRows::kRows))) {
+    if (!progress.Did(static_cast<double>(count))) return false;
     for (std::size_t i = 0; i < count; ++i) {
       char secondFormula[sizeof(ComponentIdentity::formula)] = "";
       std::int32_t idCount = 0;
@@ -113,6 +134,7 @@ void CompListBuild_i::WalkBank(LibFile* library, char const* bankName) {
       if (formulaResult > 1) AddFormula(secondFormula);
     }
   }
+  return true;
 }
 
 // --- rows ----------------------------------------------------------------------------------------

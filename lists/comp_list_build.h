@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "lists/comp_list.h"
+#include "store/progress_steps.h"
 #include "zelaccess/CompList_p.h"
 
 namespace zel {
@@ -38,7 +39,7 @@ class CompListBuild_i final : public CompListBuild_p {
   }
 
  private:
-  void WalkBank(LibFile* library, char const* bankName);
+  bool WalkBank(LibFile* library, char const* bankName, ProgressSteps& progress);
   void Append();
   void TakeSortedBack();
   template <typename Takes, typename Key>

@@ -143,6 +143,40 @@ void BlockStore::BoundMemory(bool on) {
   }
 }
 
+// --- work that can be taken back -------------------------------------------------------------
+
+void BlockStore::BeginUndo() {
+  auto undo = std::make_unique<Undo>();
+  for (int number = 0; number < format::kFileSlots; ++number) {
+    undo->states[static_cast<std::size_t>(number)] = Slot(number).state;
+  }
+  undo->extents = extents_;
+  undo_ = std::move(undo);
+}
+
+bool BlockStore::KeepForUndo(BlockAddress const& a, std::size_t bytes) noexcept {
+  return !undo_ || undo_->pages.Keep(a.file, *Slot(a.file).file, OffsetOf(a), bytes);
+}
+
+bool BlockStore::TakeBack() {
+  std::unique_ptr<Undo> const undo = std::move(undo_);
+  bool good = true;
+  for (int number = 1; undo && number < format::kFileSlots; ++number) {
+    FileSlot& slot = Slot(number);
+    if (slot.state != kOpen) continue;
+    good = undo->pages.TakeBack(number, *slot.file) && good;
+    State const before = undo->states[static_cast<std::size_t>(number)];
+    if (before != kAbsent) continue;
+    bool const isNew = slot.file->Size() == 0;
+    CloseFile(number);
+    slot.state = before;
+    if (isNew) good = system_->Remove(PathOf(number)) && good;
+  }
+  if (undo) extents_ = undo->extents;
+  ++changes_;
+  return good;
+}
+
 // --- blocks ----------------------------------------------------------------------------------
 
 void BlockStore::Throw(std::int32_t address, BlockFault fault) const {
@@ -243,7 +277,7 @@ bool BlockStore::NodeWriteCannotFail(std::int32_t address) {
   BlockAddress const a = CheckedForWriting(address);
   FileSlot const& slot = Slot(a.file);
   return kNativeIsFileOrder && slot.state == kOpen &&
-         slot.file->WriteCannotFail(OffsetOf(a), kNodeBytes);
+         slot.file->WriteCannotFail(OffsetOf(a), kNodeBytes) && KeepForUndo(a, kNodeBytes);
 }
 
 std::int64_t BlockStore::BlocksFor(int number, std::int32_t words) const noexcept {
@@ -288,6 +322,7 @@ std::int32_t BlockStore::Transfer(std::int32_t address, std::int32_t words,
   BlockAddress const a = CheckedForWriting(address);
   FileSlot& slot = Slot(a.file);
   if (slot.state != kOpen && OpenFile(a.file, true, false) != openOk) return -1;
+  if (!KeepForUndo(a, Count(words) * format::kWordBytes)) return -1;
   return static_cast<std::int32_t>(WriteWords(*slot.file, OffsetOf(a), buffer, Count(words)));
 }
 

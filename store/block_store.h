@@ -12,6 +12,7 @@
 #include "store/extents.h"
 #include "store/format.h"
 #include "store/node_pool.h"
+#include "store/undo_pages.h"
 #include "zelaccess/LibFile.h"
 
 namespace zel {
@@ -62,6 +63,15 @@ class BlockStore {
   // Bounds the memory that each file takes, those opened later too, or no longer does so; see
   // BlockFile.
   void BoundMemory(bool on);
+
+  // --- work that can be taken back ----------------------------------------------------------
+  // From here on, what is overwritten is kept. The files must be open for update.
+  void BeginUndo();
+  // Forgets what was kept.
+  void EndUndo() noexcept { undo_.reset(); }
+  // Writes back what was kept, removes files that were created, and forgets it. False if that
+  // failed. Copies of blocks are no longer current.
+  bool TakeBack();
 
   // --- blocks ------------------------------------------------------------------------------
   // See LibFile_p for the three operations.
@@ -134,6 +144,7 @@ class BlockStore {
   BlockAddress CheckedForReading(std::int32_t address) const;
   BlockAddress CheckedForWriting(std::int32_t address) const;
   std::uint64_t OffsetOf(BlockAddress const& a) const noexcept;
+  bool KeepForUndo(BlockAddress const& a, std::size_t bytes) noexcept;
   std::int64_t BlocksFor(int number, std::int32_t words) const noexcept;
   bool IsCandidate(int number) const noexcept;
   int FileForNewRun(std::int32_t words, std::int32_t fileChoice) const noexcept;
@@ -154,6 +165,13 @@ class BlockStore {
   int viewsAskedFor_ = 0;
   ExtentList extents_;
   NodePool nodes_;
+  // The state at BeginUndo.
+  struct Undo {
+    UndoPages pages;
+    std::array<State, format::kFileSlots> states;
+    ExtentList extents;
+  };
+  std::unique_ptr<Undo> undo_;
 };
 
 }  // namespace zel

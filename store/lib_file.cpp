@@ -87,6 +87,34 @@ void LibFile_i::FlushLibFile() {
   if (!good || !store_.FlushFiles()) store_.Throw(headsAddress, BlockFault::kNotWritten);
 }
 
+void LibFile_i::BeginUndo() {
+  undo_ = std::make_unique<Undo>(Undo{header_, blockTable_, heads_, texts_});
+  store_.BeginUndo();
+}
+
+void LibFile_i::EndUndo() noexcept {
+  undo_.reset();
+  store_.EndUndo();
+}
+
+void LibFile_i::TakeBack() {
+  if (!undo_) return;
+  std::unique_ptr<Undo> const undo = std::move(undo_);
+  bool const good = store_.TakeBack();
+  DropTrees();  // a tree writes its head when it ends
+  header_ = undo->header;
+  blockTable_ = undo->blockTable;
+  heads_ = undo->heads;
+  texts_ = undo->texts;
+  MakeTrees();
+  if (!good) store_.Throw(header_[f::kTreeHeadsAddress], BlockFault::kNotWritten);
+}
+
+void SetProgress(LibFile* library, ZelProgress* progress) {
+  auto* const inner = dynamic_cast<LibFile_i*>(library);
+  if (inner != nullptr) inner->SetProgress(progress);
+}
+
 void LibFile_i::CloseLibFile() {
   if (!store_.IsOpen()) return;
   DropTrees();

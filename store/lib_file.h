@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 #include "store/btree.h"
 #include "store/format.h"
 #include "zelaccess/LibFile_p.h"
+#include "zelaccess/Progress.h"
 
 namespace zel {
 
@@ -41,6 +43,16 @@ class LibFile_i final : public LibFile_p {
   // Receives the items that a walk skips because they cannot be read; null: the walk throws.
   ZelFindingSink* ItemFindings() const noexcept { return itemFindings_; }
   void SetItemFindings(ZelFindingSink* sink) noexcept { itemFindings_ = sink; }
+
+  // Follows long work; null: nothing does.
+  ZelProgress* Progress() const noexcept { return progress_; }
+  void SetProgress(ZelProgress* progress) noexcept { progress_ = progress; }
+
+  // From BeginUndo on, what is changed is kept. TakeBack makes the library what it was then, and
+  // its trees new ones; EndUndo forgets what was kept. TakeBack throws a block error if that fails.
+  void BeginUndo();
+  void EndUndo() noexcept;
+  void TakeBack();
 
   void FlushLibFile() override;
   void CloseLibFile() override;
@@ -120,12 +132,21 @@ class LibFile_i final : public LibFile_p {
 
   BlockStore store_;
   ZelFindingSink* itemFindings_ = nullptr;  // not owned
+  ZelProgress* progress_ = nullptr;         // not owned
   bool pathNamesLibrary_;
   std::string name_;
   HeaderImage header_{};
   HeaderImage blockTable_{};
   TreeHeads heads_{};
   Texts texts_;
+  // What is in memory alone, as it was at BeginUndo.
+  struct Undo {
+    HeaderImage header;
+    HeaderImage blockTable;
+    TreeHeads heads;
+    Texts texts;
+  };
+  std::unique_ptr<Undo> undo_;
   std::optional<BTree_i> bankTree_;
   std::optional<BTree_i> idTree_;
   std::optional<BTree_i> casTree_;

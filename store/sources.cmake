@@ -17,4 +17,5 @@ set(store_SOURCES
     lib_file_open.cpp
     memo.cpp
     node_pool.cpp
-    packed_text.cpp)
+    packed_text.cpp
+    undo_pages.cpp)

@@ -53,6 +53,7 @@ bool BlockClaims::Take(Run const& run, std::int32_t address, Owner32 tolerated) 
     return false;
   }
   std::fill(begin, end, Current());
+  claimed_ += run.count;
   return true;
 }
 

@@ -32,6 +32,8 @@ class BlockClaims {
   bool ClaimShared(std::int32_t address, std::int32_t words);
   // Reads the words of a claimed block. False, with a finding, if they cannot be read.
   bool Read(std::int32_t address, std::int32_t words, std::int32_t* buffer);
+  // The blocks that were claimed so far.
+  std::int64_t Claimed() const noexcept { return claimed_; }
   // Marks the blocks of an extent as free; the endless tail extends to the end of its file.
   void Free(Extent const& extent);
   // Reports blocks that were not claimed, and the sizes.
@@ -55,6 +57,7 @@ class BlockClaims {
   Findings& findings_;
   std::vector<std::string> owners_;
   std::string item_;
+  std::int64_t claimed_ = 0;  // blocks
   // By file number, an owner per block.
   std::array<std::vector<Owner32>, format::kFileSlots> blocks_;
 };

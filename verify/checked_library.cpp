@@ -33,6 +33,12 @@ std::int64_t CheckedLibrary::CountItems(CheckedBank const& bank) {
   return count;
 }
 
+std::int64_t CheckedLibrary::CountAllItems(char const* type) {
+  std::int64_t count = 0;
+  for (CheckedBank const& bank : Banks(type)) count += CountItems(bank);
+  return count;
+}
+
 bool CheckedLibrary::ReadSame(CheckedBank const& bank, ZelIdentity const& wanted,
                               ComponentView const& found) {
   bool isThere = false;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "maint/lib_maint.h"
+#include "store/progress_steps.h"
 #include "verify/component_view.h"
 #include "verify/data_finding.h"
 #include "verify/unread_items.h"
@@ -22,6 +23,10 @@ class CheckedLibrary {
   // The banks in the order of the directory; all types if `type` is empty.
   std::vector<CheckedBank> Banks(char const* type = "");
   std::int64_t CountItems(CheckedBank const& bank);
+  // The items of all banks, or of those of a type.
+  std::int64_t CountAllItems(char const* type = "");
+  // Sets what each item of a walk is reported to; a walk throws WorkCancelled if the host cancels.
+  void SetProgress(ProgressSteps& progress) { progress_ = &progress; }
   // Calls `visit` with the key words of each item, which is then in `item`. What cannot be read is
   // reported as damage and left out.
   template <typename Visit>
@@ -29,7 +34,10 @@ class CheckedLibrary {
     Guarded(bank, [&] {
       std::int32_t words[format::kMaxKeyWords] = {};
       if (!maint_.BeginItemWalk(bank.type.c_str(), bank.name.c_str())) return;
-      while (maint_.NextItem(words, item)) visit(words);
+      while (maint_.NextItem(words, item)) {
+        if (progress_ != nullptr && !progress_->DidItem(1.0)) throw WorkCancelled();
+        visit(words);
+      }
       maint_.EndItemWalk();
     });
   }
@@ -63,6 +71,7 @@ class CheckedLibrary {
   std::string name_;
   DataFindings& findings_;
   LibMaint_i maint_;
+  ProgressSteps* progress_ = nullptr;
 };
 
 }  // namespace zel

@@ -44,6 +44,19 @@ void CheckComponents(CheckedLibrary& library, CheckedBank const& bank) {
   if (total > 0) findings.Progress(library.Name(), bank, total, total);
 }
 
+// Does the work, unless the host cancels it, which is then a finding.
+template <typename Work>
+void RunCancellable(ProgressSteps& progress, DataFindings& findings, std::string const& library,
+                    Work const& work) {
+  try {
+    if (progress.IsCancelled()) throw WorkCancelled();
+    work();
+    progress.End();
+  } catch (WorkCancelled) {
+    findings.Cancelled(library);
+  }
+}
+
 }  // namespace
 
 bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions const& options,
@@ -52,11 +65,17 @@ bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions cons
   LibFile_i* const file = OpenOrTell(library, findings);
   if (file == nullptr) return false;
   CheckedLibrary checked(*file, NameOf(library), findings);
-  for (CheckedBank const& bank : checked.Banks(kPureComponentType)) CheckComponents(checked, bank);
-  for (CheckedBank const& bank : checked.Banks()) {
-    CheckPairs(checked, bank);
-    CheckGroups(checked, bank);
-  }
+  ProgressSteps progress(file->Progress());
+  // Most of the time goes to the checks of components, each of which is met once.
+  if (progress.IsWatched()) progress.Expect(static_cast<double>(checked.CountAllItems()));
+  checked.SetProgress(progress);
+  RunCancellable(progress, findings, checked.Name(), [&] {
+    for (auto const& bank : checked.Banks(kPureComponentType)) CheckComponents(checked, bank);
+    for (CheckedBank const& bank : checked.Banks()) {
+      CheckPairs(checked, bank);
+      CheckGroups(checked, bank);
+    }
+  });
   return findings.IsGood();
 }
 
@@ -68,17 +87,31 @@ bool CompareLibraryData(ZelCheckedLibrary const* libraries, std::int32_t count,
     return false;
   }
   std::deque<CheckedLibrary> checked;
+  ZelProgress* host = nullptr;
   for (std::int32_t i = 0; i < count; ++i) {
     LibFile_i* const file = OpenOrTell(libraries[i], findings);
-    if (file != nullptr) checked.emplace_back(*file, NameOf(libraries[i]), findings);
+    if (file == nullptr) continue;
+    checked.emplace_back(*file, NameOf(libraries[i]), findings);
+    if (host == nullptr) host = file->Progress();
   }
-  IdentityComparison identities(findings);
-  for (CheckedLibrary& library : checked) identities.Library(library);
-  for (std::size_t i = 1; i < checked.size(); ++i) {
-    for (std::size_t earlier = 0; earlier < i; ++earlier) {
-      CompareComponents(checked[i], checked[earlier]);
+  ProgressSteps progress(host);
+  double work = 0.0;
+  for (std::size_t i = 0; i < checked.size(); ++i) {
+    checked[i].SetProgress(progress);
+    if (!progress.IsWatched()) continue;
+    auto const times = static_cast<double>(i + 1);  // for itself, then with each earlier library
+    work += times * static_cast<double>(checked[i].CountAllItems(kPureComponentType));
+  }
+  progress.Expect(work);
+  RunCancellable(progress, findings, checked.empty() ? "" : checked.front().Name(), [&] {
+    IdentityComparison identities(findings);
+    for (CheckedLibrary& library : checked) identities.Library(library);
+    for (std::size_t i = 1; i < checked.size(); ++i) {
+      for (std::size_t earlier = 0; earlier < i; ++earlier) {
+        CompareComponents(checked[i], checked[earlier]);
+      }
     }
-  }
+  });
   return findings.IsGood();
 }
 

@@ -85,6 +85,17 @@ void DataFindings::Tell(CheckedItem const& item, DataFinding const& finding,
   sink_.FoundData(out);
 }
 
+void DataFindings::Cancelled(std::string const& library) {
+  isGood_ = false;
+  ZelDataFinding out;
+  out.severity = findingNote;
+  out.id = "cancelled";
+  out.library = library.c_str();
+  out.place = "the library";
+  out.text = "the check was cancelled";
+  sink_.FoundData(out);
+}
+
 void DataFindings::Damage(char const* id, std::string const& library, std::string const& place,
                           std::string const& text) {
   isGood_ = false;

@@ -133,6 +133,8 @@ class DataFindings {
   // Something that cannot be read; reported once.
   void Damage(char const* id, std::string const& library, std::string const& place,
               std::string const& text);
+  // The host cancelled the check.
+  void Cancelled(std::string const& library);
   void Progress(std::string const& library, CheckedBank const& bank, std::int64_t done,
                 std::int64_t total) {
     sink_.Checked(library.c_str(), bank.Text().c_str(), done, total);

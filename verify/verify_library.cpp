@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "banks/catalogue.h"
@@ -14,6 +15,7 @@
 #include "purecomp/record_format.h"
 #include "store/bank_key.h"
 #include "store/packed_text.h"
+#include "store/progress_steps.h"
 #include "verify/item_fields.h"
 #include "verify/open_library.h"
 #include "verify/tree_check.h"
@@ -43,9 +45,24 @@ class Verification {
         store_(library.Store()),
         findings_(sink),
         claims_(store_, findings_),
-        trees_(store_, claims_, findings_) {}
+        trees_(store_, claims_, findings_),
+        progress_(library.Progress()) {}
 
+  // False when there is damage, or the host cancels.
   bool Run() {
+    try {
+      Go();
+    } catch (WorkCancelled) {
+      findings_.Note("cancelled", "the library", "the check was cancelled");
+      return false;
+    }
+    progress_.End();
+    return findings_.Damages() == 0;
+  }
+
+ private:
+  void Go() {
+    progress_.Expect(1.0);
     Header();
     Extents();
     OwnTrees();
@@ -59,10 +76,18 @@ class Verification {
       }
     }
     if (allComponentsMet_) Identifiers();
-    return findings_.Damages() == 0;
   }
-
- private:
+  // The trees take about this part of the time, the items the rest.
+  static constexpr double kTreesPart = 0.3;
+  void Did(double share) {
+    if (!progress_.DidItem(share)) throw WorkCancelled();
+  }
+  // The progress through the trees is that through the blocks.
+  void DidBlocks() {
+    double const before = std::exchange(claimed_, static_cast<double>(claims_.Claimed()));
+    auto const all = static_cast<double>(std::max<std::int64_t>(store_.BlockBound(), 1));
+    Did(kTreesPart * (claimed_ - before) / all);
+  }
   bool ReadPlain(std::int32_t block, std::int32_t* words);
   void Header();
   void Extents();
@@ -80,6 +105,9 @@ class Verification {
   Findings findings_;
   BlockClaims claims_;
   TreeCheck trees_;
+  ProgressSteps progress_;
+  double claimed_ = 0.0;      // blocks
+  std::int64_t entries_ = 0;  // of the trees of banks
   std::vector<StoredBank> banks_;
   std::set<std::int32_t> components_;
   std::set<std::pair<std::int32_t, std::int32_t>> casOfComponents_;  // number, CAS number
@@ -179,6 +207,8 @@ void Verification::Bank(StoredBank& bank) {
   if (io) rule.keyWords = BlockInfo(io.Get()).keyWords;
   std::vector<std::pair<std::int32_t, std::int32_t>> components;  // number, address
   bank.sound = trees_.Run(bank.entry.data() + f::kBankHead, rule, [&](std::int32_t const* entry) {
+    ++entries_;
+    DidBlocks();
     if (isComponents) components.emplace_back(entry[0], entry[1]);
   }) && io;
   if (io && bank.sound) {
@@ -195,6 +225,7 @@ void Verification::Bank(StoredBank& bank) {
   for (auto const& [number, address] : components) {
     claims_.SetItem(std::to_string(number));
     ComponentBlocks(address);
+    DidBlocks();
   }
   bank.sound = bank.sound && findings_.Damages() == before;
 }
@@ -237,7 +268,10 @@ void Verification::Items(StoredBank const& bank) {
   });
   try {
     if (!maint.BeginItemWalk(bank.type, bank.name)) return;
-    while (maint.NextItem(key.data(), item.Get())) Item(bank, key.data(), item.Get());
+    while (maint.NextItem(key.data(), item.Get())) {
+      Did((1.0 - kTreesPart) / static_cast<double>(std::max<std::int64_t>(entries_, 1)));
+      Item(bank, key.data(), item.Get());
+    }
   } catch (unsigned long const address) {
     findings_.Damage("item", bank.Place(),
                      "block " + std::to_string(address) + ", behind item " +

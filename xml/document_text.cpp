@@ -89,6 +89,7 @@ bool DocumentText::ReadBlock() noexcept {
   } else if (!first_) {
     failed_ = index < digests_.size();
   }
+  if (!failed_ && watcher_ != nullptr) failed_ = !watcher_->Read(blockSize_, first_);
   return !failed_ && blockSize_ > 0;
 }
 

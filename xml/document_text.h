@@ -14,6 +14,17 @@
 
 namespace zel {
 
+// Follows the readings of documents.
+class ReadingWatcher {
+ public:
+  // So many bytes are read, in the first reading of the text or in a later one. False ends the
+  // reading, which has then failed.
+  virtual bool Read(std::uint64_t bytes, bool first) noexcept = 0;
+
+ protected:
+  ~ReadingWatcher() = default;
+};
+
 class DocumentText {
  public:
   DocumentText() = default;
@@ -29,6 +40,8 @@ class DocumentText {
   std::string const& Path() const noexcept { return path_; }
   std::uint64_t Size() const noexcept { return inPieces_ ? file_.Size() : view_.size(); }
   bool IsInMemory() const noexcept { return !inPieces_; }
+  // Follows the pieces of a text that is not in memory; null: nothing does.
+  void Watch(ReadingWatcher* watcher) noexcept { watcher_ = watcher; }
   // The whole text, if it is in memory.
   std::string_view View() const noexcept { return view_; }
 
@@ -51,6 +64,7 @@ class DocumentText {
   bool inPieces_ = false;
   bool first_ = true;
   bool failed_ = false;
+  ReadingWatcher* watcher_ = nullptr;
   std::string held_;
   std::string_view view_;
   std::uint64_t place_ = 0;  // of the next byte that is handed out

@@ -20,6 +20,8 @@ namespace {
 
 constexpr std::string_view kUsualExtension = ".xml";
 constexpr std::size_t kLongestLabel = 99;
+// A component takes about the time of so many items.
+constexpr double kItemsOfComponent = 8.0;
 constexpr std::string_view kEmptyLine = "  -\n";
 constexpr std::size_t kStars = 75;
 
@@ -44,7 +46,10 @@ std::string BankLabel(std::string_view type, std::string_view name) {
 }  // namespace
 
 Export_i::Export_i(LibMaint_i& owner, ExportSwitches const& switches, std::string_view path)
-    : owner_(owner), library_(*owner.Library()), switches_(switches) {
+    : owner_(owner),
+      library_(*owner.Library()),
+      switches_(switches),
+      progress_(owner.Library()->Progress()) {
   PathParts const parts = SplitPath(path);
   folder_ = parts.folder.empty() ? SplitPath(library_.GetLibPath()).folder : parts.folder;
   base_ = parts.name;
@@ -124,18 +129,38 @@ bool Export_i::ExportLibrary() {
   PutText(out, "description", description);
   PutText(out, "version", version);
   PutMemo(out, memo);
+  double work = 0.0;
+  for (auto const& [bankType, bankName] : banks) work += WorkOf(bankType, bankName);
+  progress_.Expect(work);
   for (auto const& [bankType, bankName] : banks) {
     std::string file;
     if (!WriteBank(bankType, bankName, "", file)) return false;
     if (!file.empty()) out << "  <import file=\"" << file << "\" />\n";
   }
   out << "</library>\n";
-  return out.Close();
+  bool const written = out.Close();
+  progress_.End();
+  return written;
 }
 
 bool Export_i::ExportBank(char const* type, char const* name) {
   std::string file;
-  return WriteBank(type, name, base_, file);
+  progress_.Expect(WorkOf(type, name));
+  bool const written = WriteBank(type, name, base_, file);
+  progress_.End();
+  return written;
+}
+
+double Export_i::WorkOf(std::string const& type, std::string const& name) {
+  if (!progress_.IsWatched()) return 0.0;
+  std::int32_t words[format::kMaxKeyWords] = {};
+  double items = 0.0;
+  try {
+    if (!owner_.BeginItemWalk(type.c_str(), name.c_str())) return 0.0;
+    while (owner_.NextItemKey(words)) ++items;
+  } catch (unsigned long) {  // reported when the bank is written
+  }
+  return type == kPureComponentType ? kItemsOfComponent * items : items;
 }
 
 // Sets `file` to the name of the file; leaves it empty if the bank is left out.
@@ -161,13 +186,14 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
   PutMemo(out, memo);
   try {
     if (type != kPureComponentType) {
-      ItemExport(owner_, out, ids_).Write(record.Get(), name, withFormat ? stored : 1);
+      ItemExport(owner_, out, ids_, &progress_).Write(record.Get(), name, withFormat ? stored : 1);
     } else if (!WriteComponents(out, name)) {
       return false;
     }
   } catch (unsigned long const address) {  // in the tree: the rest of it is lost
     if (!owner_.TellUnread(type + ":" + name, address)) throw;
   }
+  if (IsCancelled()) return false;
   out << "</bank>\n";
   return out.Close();
 }
@@ -183,6 +209,7 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   std::int32_t words[format::kMaxKeyWords] = {};
   if (!component || !owner_.BeginItemWalk(kPureComponentType, bank.c_str())) return true;
   while (owner_.NextItem(words, record.Get())) {
+    if (!progress_.DidItem(kItemsOfComponent)) return false;
     ComponentIdentity const identity(component.Get());
     key.SetKey(static_cast<char const*>(identity.ids[0]));
     std::string file;
@@ -224,15 +251,20 @@ Export_i::Written Export_i::WriteComponentFile(char const* bank, Key* key,
 bool Export_i::ExportComponentByNumber(char const* bank, std::int32_t number) {
   Key_i key;
   key.SetKey(static_cast<long>(number));
-  std::string file;
-  return WriteComponentFile(bank, &key, std::to_string(number), base_, file) == Written::kWhole;
+  return WriteOneComponent(bank, &key, std::to_string(number));
 }
 
 bool Export_i::ExportComponentById(char const* bank, char const* id) {
   Key_i key;
   key.SetKey(id);
+  return WriteOneComponent(bank, &key, id);
+}
+
+bool Export_i::WriteOneComponent(char const* bank, Key* key, std::string const& component) {
   std::string file;
-  return WriteComponentFile(bank, &key, id, base_, file) == Written::kWhole;
+  bool const written = WriteComponentFile(bank, key, component, base_, file) == Written::kWhole;
+  progress_.End();
+  return written;
 }
 
 }  // namespace zel

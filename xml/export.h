@@ -12,6 +12,7 @@
 #include "frame/path_parts.h"
 #include "frame/platform/text_file.h"
 #include "maint/lib_maint.h"
+#include "store/progress_steps.h"
 
 namespace zel {
 
@@ -32,6 +33,7 @@ class Export_i {
   bool ExportBank(char const* type, char const* name);
   bool ExportComponentByNumber(char const* bank, std::int32_t number);
   bool ExportComponentById(char const* bank, char const* id);
+  bool IsCancelled() const noexcept { return progress_.IsCancelled(); }
 
  private:
   bool WriteBank(std::string const& type, std::string const& name, std::string_view base,
@@ -40,6 +42,9 @@ class Export_i {
   enum class Written { kWhole, kNoComponent, kNotWhole };
   Written WriteComponentFile(char const* bank, Key* key, std::string const& component,
                              std::string_view base, std::string& file);
+  bool WriteOneComponent(char const* bank, Key* key, std::string const& component);
+  // The work for a bank; 0 without a host that wants to know.
+  double WorkOf(std::string const& type, std::string const& name);
   bool WriteComponents(platform::TextFile& out, std::string const& bank);
   std::string PathOf(std::string const& file) const;
   std::string Named(std::string_view base, std::string const& fallback) const;
@@ -49,6 +54,7 @@ class Export_i {
   LibMaint_i& owner_;
   LibFile& library_;
   ExportSwitches switches_;
+  ProgressSteps progress_;
   std::string folder_;
   std::string base_;
   std::string extension_;

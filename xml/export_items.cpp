@@ -28,8 +28,8 @@ std::int32_t LengthOf(BankInfo const& info, std::int32_t* words) {
 }  // namespace
 
 ItemExport::ItemExport(LibMaint_i& owner, platform::TextFile& out,
-                       std::unordered_map<std::int32_t, std::string>& ids)
-    : owner_(owner), out_(out), ids_(ids) {}
+                       std::unordered_map<std::int32_t, std::string>& ids, ProgressSteps* progress)
+    : owner_(owner), out_(out), ids_(ids), progress_(progress) {}
 
 void ItemExport::Write(IZelBankDef* record, std::string const& name, std::int32_t recordFormat) {
   BankInfo const info(record);
@@ -46,6 +46,7 @@ void ItemExport::Write(IZelBankDef* record, std::string const& name, std::int32_
     if (!owner_.BeginItemWalk(info.type, name.c_str())) return;
     while (owner_.NextItem(words, record)) {
       if (LengthOf(info, words) != length) continue;
+      if (progress_ != nullptr && !progress_->DidItem(1.0)) return;
       out_ << "  <item>\n";
       PutKey(info, words, length);
       for (Element const& element : elements) PutElement(record, element);

@@ -8,6 +8,7 @@
 #include "frame/platform/text_file.h"
 #include "maint/block_info.h"
 #include "maint/lib_maint.h"
+#include "store/progress_steps.h"
 #include "xml/field_tags.h"
 
 namespace zel {
@@ -16,9 +17,10 @@ class ItemExport {
  public:
   // `ids` caches the IDs of component numbers, also for the next bank.
   ItemExport(LibMaint_i& owner, platform::TextFile& out,
-             std::unordered_map<std::int32_t, std::string>& ids);
+             std::unordered_map<std::int32_t, std::string>& ids, ProgressSteps* progress = nullptr);
 
-  // Writes the fields of a format; the items are grouped by the length of their keys.
+  // Writes the fields of a format; the items are grouped by the length of their keys. Ends early if
+  // the host cancels.
   void Write(IZelBankDef* record, std::string const& name, std::int32_t format);
 
  private:
@@ -41,6 +43,7 @@ class ItemExport {
   LibMaint_i& owner_;
   platform::TextFile& out_;
   std::unordered_map<std::int32_t, std::string>& ids_;
+  ProgressSteps* progress_;  // null: nothing is reported
   std::vector<std::int32_t> intValues_;
   std::vector<double> realValues_;
   std::vector<char> textValue_;

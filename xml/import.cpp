@@ -87,9 +87,10 @@ bool Import_i::Run(char const* path, bool replaceExisting, Walk const& walk) {
   std::string const fullPath = Documents().Push(TextOrEmpty(path));
   std::shared_ptr<ReadDocument> document;
   std::string problem;
+  run_.progress.Expect(fullPath);
   try {
     if (run_.Open(fullPath, document, problem) != ImportRun::Opened::kOpened) {
-      run_.log.ReportError(problem);
+      if (!run_.progress.IsCancelled()) run_.log.ReportError(problem);
     } else {
       walk(document->document.Root());
     }

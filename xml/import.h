@@ -19,6 +19,9 @@ class Import_i {
   bool Import(char const* path, bool replaceExisting);
   // The root is one component, whose bank is made if it does not exist.
   bool ImportComponent(char const* path, char const* bankName, bool replaceExisting);
+  bool IsCancelled() const noexcept { return run_.progress.IsCancelled(); }
+  // Reports that all is done.
+  void EndProgress() noexcept { run_.progress.End(); }
   ZelImportCounts const& Counts() const noexcept { return run_.counts; }
 
  private:

@@ -141,6 +141,7 @@ Verdict ImportIterator_i::FollowImport(XmlNode tag) {
     return Verdict::kGoOn;
   }
   Documents().Pop();  // so that the report shows the including document
+  if (run_.progress.IsCancelled()) return Verdict::kStop;
   Verdict const verdict = run_.log.ReportError(problem);
   return opened == ImportRun::Opened::kEnd ? Verdict::kStop : verdict;
 }

@@ -35,9 +35,11 @@ ImportRun::Opened ImportRun::Open(std::string const& path, std::shared_ptr<ReadD
   if (openPaths.size() >= ImportBounds::kMostOpenDocuments) {
     return fail("more than 100 documents within each other");
   }
+  if (!progress.Open(opened->text)) return Opened::kEnd;
   opened->document.Watch(opened->ledger);
   if (texts.On()) opened->ledger.KeepDifferences();
   if (!opened->document.Load(opened->text)) {
+    if (progress.IsCancelled()) return Opened::kEnd;
     if (opened->text.HasFailed()) return fail("it cannot be read");
     XmlProblem const& problem = opened->document.Problem();
     if (texts.On() || problem.toldAlways) {
@@ -96,14 +98,25 @@ Verdict ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
 
 // Without checks, the reason is not told: as of any document that cannot be read as a whole.
 void ImportRun::ReportChange(XmlDocumentChanged const& changed) {
-  if (anyChanged) return;
+  if (anyChanged || progress.IsCancelled()) return;
   anyChanged = true;
   log.SetItemLabel("");
   log.ReportError("Format error in XML document \"" + changed.path + "\"" +
                   (texts.On() ? ": it changed while it was read" : ""));
 }
 
+void ImportRun::ReportCancelled() {
+  log.SetItemLabel("");
+  log.ReportError("Import was cancelled", {logCancelled, 0, {}, {}});
+}
+
+// Nothing of a cancelled import is stored, and its documents are not read to their ends.
 void ImportRun::Finish() {
+  if (progress.IsCancelled()) {
+    unsettled.clear();
+    counts = {};
+    ReportCancelled();
+  }
   while (!unsettled.empty()) {
     std::shared_ptr<ReadDocument> const document = unsettled.back();
     Documents().Push(document->path);

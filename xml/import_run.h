@@ -9,6 +9,7 @@
 #include "maint/lib_maint.h"
 #include "xml/import_bounds.h"
 #include "xml/import_ledger.h"
+#include "xml/import_progress.h"
 #include "xml/text_checks.h"
 #include "xml/unit_words.h"
 
@@ -31,10 +32,15 @@ struct ReadDocument {
 
 struct ImportRun {
   explicit ImportRun(LibMaint_i& maint)
-      : owner(maint), log(maint.Log()), unitWords(log), texts(log, maint.ImportChecks()) {}
+      : owner(maint),
+        log(maint.Log()),
+        progress(maint.Library()->Progress()),
+        unitWords(log),
+        texts(log, maint.ImportChecks()) {}
 
   LibMaint_i& owner;
   MaintLog& log;
+  ImportProgress progress;
   bool replaceExisting = false;  // an existing item is overwritten, not an error
   UnitWords unitWords;
   TextChecks texts;
@@ -49,14 +55,17 @@ struct ImportRun {
   enum class Opened : std::uint8_t {
     kOpened,
     kFailed,  // only this document
-    kEnd      // a bound of the whole import was exceeded
+    kEnd      // of the whole import: a bound was exceeded, or the host cancelled
   };
   // Reads the document with a full path; on failure `message` says why.
   Opened Open(std::string const& path, std::shared_ptr<ReadDocument>& document,
               std::string& message);
   // Returns the text of a <memo> and marks it as stored.
   std::string Memo(XmlNode node);
-  // Reports that a document changed while it was read, which ends the import.
+  // Reports that the host cancelled the import.
+  void ReportCancelled();
+  // Reports that a document changed while it was read, which ends the import, unless the host
+  // ended the reading.
   void ReportChange(XmlDocumentChanged const& changed);
   // Reports what of the document was not stored, and drops the document.
   Verdict Settle(std::shared_ptr<ReadDocument> const& document);

@@ -19,9 +19,13 @@ bool LibMaint_i::RunExport(char const* path, bool writeBanner, bool componentFil
   if (Directory() == nullptr) return false;
   ExportSwitches const switches{writeFormat_, writeBanner, writeNotice_, componentFiles};
   Export_i exporter(*this, switches, TextOrEmpty(path));
-  bool const written = run(exporter);
+  bool const written = !exporter.IsCancelled() && run(exporter);
   DropTree();
-  return written;
+  if (exporter.IsCancelled()) {
+    log_.SetItemLabel("");
+    log_.ReportError("Export was cancelled", {logCancelled, 0, {}, {}});
+  }
+  return written && !exporter.IsCancelled();
 }
 
 bool LibMaint_i::ExportLibrary(char const* path, bool writeBanner, bool componentFiles) {

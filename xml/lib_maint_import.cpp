@@ -19,6 +19,21 @@ class BoundedMemory {
   BlockStore& store_;
 };
 
+// Keeps what an import changes, so that it can be taken back. Without a progress nothing can cancel
+// the import, and nothing is kept.
+class Cancellable {
+ public:
+  explicit Cancellable(LibFile_i& library) : library_(library) {
+    if (library_.Progress() != nullptr && library_.GetBankTree() != nullptr) library_.BeginUndo();
+  }
+  Cancellable(Cancellable const&) = delete;
+  Cancellable& operator=(Cancellable const&) = delete;
+  ~Cancellable() { library_.EndUndo(); }
+
+ private:
+  LibFile_i& library_;
+};
+
 }  // namespace
 
 template <typename Run>
@@ -27,9 +42,16 @@ bool LibMaint_i::RunImport(Run const& run) {
   if (library_ == nullptr) return false;
   DocumentsOfImport const documents;
   BoundedMemory const memory(library_->Store());
+  Cancellable const cancellable(*library_);
   Import_i reader(*this);
   bool const good = run(reader);
   importCounts_ = reader.Counts();
+  if (reader.IsCancelled()) {
+    DropTree();
+    library_->TakeBack();
+    return false;
+  }
+  reader.EndProgress();
   return good;
 }
 

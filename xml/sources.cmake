@@ -14,6 +14,7 @@ set(xml_SOURCES
     import_iterator.cpp
     import_keys.cpp
     import_ledger.cpp
+    import_progress.cpp
     import_run.cpp
     import_text.cpp
     lib_maint_export.cpp

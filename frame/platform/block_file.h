@@ -42,6 +42,9 @@ class BlockFile {
   virtual bool WriteCannotFail(std::uint64_t /*offset*/, std::size_t /*count*/) { return false; }
   // True length in bytes.
   virtual std::uint64_t Size() const noexcept = 0;
+  // Makes the file shorter; a length that is not less than its own changes nothing. False on
+  // failure, and for files that cannot become shorter; the length is then as before.
+  virtual bool CutTo(std::uint64_t size) { return size >= Size(); }
   // Cuts the file to its true length and asks the system to write it to disk. False on failure.
   virtual bool Flush() = 0;
   // Keeps the memory of the process that ReadAt and WriteAt take for this file within kMostHeld
@@ -66,6 +69,8 @@ class FileSystem {
 
   virtual bool Exists(std::string const& path) = 0;
   virtual OpenedFile Open(std::string const& path, OpenMode mode) = 0;
+  // Removes a file that is not open. False on failure, and where files cannot be removed.
+  virtual bool Remove(std::string const& /*path*/) { return false; }
 };
 
 // The system's files. Opening takes an advisory lock on the whole file, bound to this open (not to

@@ -165,6 +165,14 @@ class PosixBlockFile final : public BlockFile {
 
   std::uint64_t Size() const noexcept override { return size_; }
 
+  bool CutTo(std::uint64_t size) override {
+    if (size >= size_) return true;
+    std::uint64_t const before = std::exchange(size_, size);
+    if (CutToSize()) return true;
+    size_ = before;
+    return false;
+  }
+
   bool Flush() override {
     if (!writable_) return true;
     bool const cut = CutToSize();
@@ -276,6 +284,8 @@ class PosixFiles final : public FileSystem {
     struct stat info {};
     return ::stat(path.c_str(), &info) == 0;
   }
+
+  bool Remove(std::string const& path) override { return ::unlink(path.c_str()) == 0; }
 
   OpenedFile Open(std::string const& path, OpenMode mode) override {
     bool const writable = mode != OpenMode::kRead;

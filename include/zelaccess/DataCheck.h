@@ -48,11 +48,13 @@ struct ZelDataCheckOptions {
 /// What is wrong with a datum. Texts are never null, and valid during the call alone; numbers that
 /// do not apply are undefined (Types.h), and texts that do not apply are empty.
 struct ZelDataFinding {
-  zelFindings severity = findingWarning;  ///< findingWarning, findingError or findingDamage.
-  char const* id = "";                    ///< ID of the check; "header" or "item" for damage.
-  char const* library = "";               ///< Name of the library (ZelCheckedLibrary).
-  char const* bankType = "";              ///< Type of the bank, "PURECOMP" for example.
-  char const* bankName = "";              ///< Name of the bank.
+  /// findingWarning, findingError or findingDamage; findingNote only for "cancelled" (Progress.h).
+  zelFindings severity = findingWarning;
+  /// ID of the check; "header" or "item" for damage; "cancelled" when the host cancelled the check.
+  char const* id = "";
+  char const* library = "";           ///< Name of the library (ZelCheckedLibrary).
+  char const* bankType = "";          ///< Type of the bank, "PURECOMP" for example.
+  char const* bankName = "";          ///< Name of the bank.
   std::int32_t const* key = nullptr;  ///< Key words of the item on file; null if there are none.
   std::int32_t keyWords = 0;          ///< Number of key words.
   /// The item as a text: the first ID of a component, or its number if it has none; "1 + 2" for a
@@ -123,7 +125,7 @@ struct ZelCheckedLibrary {
 /// \param library  the library; one that is null or closed is damage of the header
 /// \param options  what is reported
 /// \param sink     receives the findings
-/// \return true when no error and no damage was reported
+/// \return true when no error and no damage was reported, and the check was not cancelled
 ZEL_API bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions const& options,
                               ZelDataFindingSink& sink);
 
@@ -139,7 +141,7 @@ ZEL_API bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOpti
 /// \param count      their number; below 1 there is nothing to compare
 /// \param options    what is reported
 /// \param sink       receives the findings
-/// \return true when no error and no damage was reported
+/// \return true when no error and no damage was reported, and the check was not cancelled
 ZEL_API bool CompareLibraryData(ZelCheckedLibrary const* libraries, std::int32_t count,
                                 ZelDataCheckOptions const& options, ZelDataFindingSink& sink);
 

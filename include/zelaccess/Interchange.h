@@ -47,7 +47,8 @@ enum zelLogKinds : std::int32_t {
   logOther = 0,            ///< Something else.
   logMalformedNumber = 1,  ///< A malformed number (zelImportChecks).
   logAlteredText = 2,      ///< An altered text.
-  logLostPart = 3          ///< A lost part.
+  logLostPart = 3,         ///< A lost part.
+  logCancelled = 4         ///< The host cancelled the run (Progress.h).
 };
 
 /// One error or warning of a maintenance log. Texts are never null and valid during the call alone.

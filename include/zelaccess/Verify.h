@@ -182,10 +182,11 @@ ZEL_API void SetItemFindings(LibFile* library, ZelFindingSink* sink);
 /// Kinds of damage: "header", "extent", "tree-head", "tree-node", "tree-order", "tree-links",
 /// "tree-depth", "block-owned-twice", "block-free-and-used", "block-behind-end", "block-address",
 /// "block-unreadable", "memo", "item", "bank", "identifier-wrong". Warnings: "bank" (of an unknown
-/// type), "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes".
+/// type), "block-leaked", "identifier-missing", "identifier-stale". Notes: "sizes", "cancelled"
+/// (Progress.h).
 /// \param library  an open library; null, and one that is closed, is damage of the header
 /// \param sink     receives the findings
-/// \return true when no damage was found
+/// \return true when no damage was found and the check was not cancelled
 ZEL_API bool VerifyLibrary(LibFile* library, ZelFindingSink& sink);
 
 }  // namespace zel

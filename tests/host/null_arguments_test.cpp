@@ -10,6 +10,7 @@
 #include <zelaccess/LibFile_p.h>
 #include <zelaccess/LibMaint_p.h>
 #include <zelaccess/LibSearch_p.h>
+#include <zelaccess/Progress.h>
 #include <zelaccess/Units.h>
 #include <zelaccess/Verify.h>
 
@@ -507,6 +508,13 @@ void NullArgumentsTest::SweepFunctions() {
         ZelCheckedLibrary const checked{library != nullptr ? *library : nullptr, nullptr};
         return CompareLibraryData(library != nullptr ? &checked : nullptr, 1, options, dataSink);
       });
+  struct Steps final : ZelProgress {
+    bool OnProgress(double) noexcept override { return true; }
+  } steps;
+  SweepCall<LibFile*>("SetProgress", [&](LibFile* library) {
+    SetProgress(library, &steps);
+    SetProgress(library, nullptr);
+  });
   SweepCall<LibFile*>("SetItemFindings", [&](LibFile* library) {
     SetItemFindings(library, &sink);
     SetItemFindings(library, nullptr);

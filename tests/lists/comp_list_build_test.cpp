@@ -15,6 +15,7 @@
 #include "tests/lists/comp_list_fixture.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/sample_component.h"
+#include "zelaccess/Progress.h"
 
 namespace zel {
 namespace {
@@ -373,6 +374,33 @@ TEST_F(LibraryListTest, ProtectedLibraryHidesItsNumbers) {
   std::size_t const first = text.find(hidden);
   ASSERT_NE(first, std::string::npos);
   EXPECT_NE(text.find(hidden, first + 1), std::string::npos) << "both rows";
+}
+
+// Records the shares, and cancels at one of the calls.
+struct Follower final : ZelProgress {
+  bool OnProgress(double share) noexcept override {
+    shares.push_back(share);
+    return shares.size() != cancelAt;
+  }
+  std::vector<double> shares;
+  std::size_t cancelAt = 0;  // counted from 1
+};
+
+TEST_F(LibraryListTest, ProgressIsReportedAndCancels) {
+  for (std::int32_t i = 1; i <= 600; ++i) Add(i, {("C" + std::to_string(i)).c_str()}, "", "CH4");
+  Follower follower;
+  SetProgress(&library_, &follower);
+  ASSERT_TRUE(Build());
+  EXPECT_EQ(follower.shares, (std::vector<double>{0.0, 256.0 / 600.0, 512.0 / 600.0, 0.999, 1.0}));
+  for (std::size_t call = 1; call < follower.shares.size(); ++call) {
+    Follower canceller;
+    canceller.cancelAt = call;
+    SetProgress(&library_, &canceller);
+    EXPECT_FALSE(Build(Path("cancelled.lst").c_str())) << call;
+    EXPECT_EQ(canceller.shares.size(), call);
+    EXPECT_EQ(Walk(sortById), "");
+    EXPECT_EQ(FileText("cancelled.lst"), "no file");
+  }
 }
 
 TEST_F(LibraryListTest, NoBankMakesAnEmptyList) {

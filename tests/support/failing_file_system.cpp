@@ -22,6 +22,7 @@ class FailingFileSystem::File final : public platform::BlockFile {
     return real_->View(offset, count);
   }
   std::uint64_t Size() const noexcept override { return real_->Size(); }
+  bool CutTo(std::uint64_t size) override { return !system_.Fails() && real_->CutTo(size); }
   bool Flush() override { return !system_.Fails() && real_->Flush(); }
 
  private:

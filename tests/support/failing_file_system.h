@@ -30,6 +30,7 @@ class FailingFileSystem final : public platform::FileSystem {
   std::vector<Write> const& Trace() const { return trace_; }
 
   bool Exists(std::string const& path) override { return real_.Exists(path); }
+  bool Remove(std::string const& path) override { return real_.Remove(path); }
   platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override;
 
  private:

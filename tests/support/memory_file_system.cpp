@@ -34,6 +34,11 @@ class MemoryFileSystem::File final : public platform::BlockFile {
 
   std::uint64_t Size() const noexcept override { return node_.bytes.size(); }
 
+  bool CutTo(std::uint64_t size) override {
+    if (size < node_.bytes.size()) node_.bytes.resize(size);
+    return true;
+  }
+
   bool Flush() override {
     ++system_.flushes_;
     return true;

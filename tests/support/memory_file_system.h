@@ -21,7 +21,7 @@ class MemoryFileSystem final : public platform::FileSystem {
   // Contents of a file, created empty if it does not exist. They must not be changed while the file
   // is open.
   Bytes& Contents(std::string const& path) { return files_[path].bytes; }
-  void Remove(std::string const& path) { files_.erase(path); }
+  bool Remove(std::string const& path) override { return files_.erase(path) != 0; }
   // With views off, every block is read by copying.
   void ServeViews(bool on) { views_ = on; }
   int FlushCount() const { return flushes_; }

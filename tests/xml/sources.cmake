@@ -21,6 +21,7 @@ set(xml_TEST_SOURCES
     import_stream_test.cpp
     import_time_test.cpp
     import_walk_test.cpp
+    progress_test.cpp
     round_trip_test.cpp
     unit_words_test.cpp
     xml_events_test.cpp)

@@ -1,0 +1,40 @@
+#include "store/undo_pages.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace zel {
+
+bool UndoPages::Keep(int number, platform::BlockFile& file, std::uint64_t offset,
+                     std::size_t count) noexcept {
+  File& kept = files_[static_cast<std::size_t>(number)];
+  if (!kept.size) kept.size = file.Size();
+  std::uint64_t const end = std::min<std::uint64_t>(offset + count, *kept.size);
+  try {
+    for (std::uint64_t page = offset / kPage; page * kPage < end; ++page) {
+      if (kept.pages.count(page) != 0) continue;
+      std::uint64_t const from = page * kPage;
+      std::vector<std::byte> bytes(std::min(kPage, *kept.size - from));
+      auto const got = file.ReadAt(from, bytes.data(), bytes.size());
+      if (got != static_cast<std::int64_t>(bytes.size())) return false;
+      kept.pages.emplace(page, std::move(bytes));
+    }
+  } catch (std::bad_alloc const&) {
+    return false;
+  }
+  return true;
+}
+
+bool UndoPages::TakeBack(int number, platform::BlockFile& file) const noexcept {
+  File const& kept = Of(number);
+  if (!kept.size) return true;
+  bool good = file.CutTo(*kept.size);
+  for (auto const& [page, bytes] : kept.pages) {
+    auto const written = file.WriteAt(page * kPage, bytes.data(), bytes.size());
+    good = good && written == static_cast<std::int64_t>(bytes.size());
+  }
+  return good;
+}
+
+}  // namespace zel
