@@ -7,6 +7,7 @@ set(desk_SOURCES
     combine/item_numbers.cpp
     combine/merge.cpp
     combine/renumber.cpp
+    compare/beyond_documents.cpp
     compare/change_log.cpp
     compare/comparison.cpp
     compare/counterparts.cpp
@@ -25,6 +26,7 @@ set(desk_SOURCES
     files/file_digest.cpp
     files/file_lock.cpp
     files/folder.cpp
+    files/one_document.cpp
     files/output_file.cpp
     files/settings_file.cpp
     files/standard_output.cpp
@@ -54,6 +56,7 @@ set(desk_SOURCES
     tables/item_rows.cpp
     tables/json_table.cpp
     tables/pair_table.cpp
+    tables/plot_points.cpp
     tables/row_form.cpp
     tables/separated_values.cpp
     tables/table_columns.cpp

@@ -6,6 +6,7 @@
 
 #include "desk/open/named_correlation.h"
 #include "desk/pictures/plot_words.h"
+#include "desk/words/letters.h"
 #include "desk/words/number_range.h"
 
 namespace zel::desk {
@@ -54,7 +55,7 @@ class PlotMaker {
     Collect();
     Span const span = FindSpan();
     bool const isRatio = !o_.reference.empty();
-    Plot plot{{}, CurveTable(isRatio ? "" : info_.unit), {}};
+    Plot plot{{}, CurveTable(isRatio ? "" : info_.unit, !o_.points.empty()), {}};
     Chart& chart = plot.chart;
     chart.title = !o_.title.empty() ? o_.title : info_.label;
     chart.xName = "T";
@@ -65,8 +66,8 @@ class PlotMaker {
     chart.logarithmic = o_.logarithmic;
     SetSize(o_.size, chart);
     for (Drawn const& one : drawn_) AddLine(one, span, plot);
-    AddPoints(chart);
     for (ChartLine const& line : chart.lines) AddRows(line, plot.curves);
+    AddPoints(plot);
     for (ChartLine& line : chart.lines) Convert(line);
     for (IdentityConflict const& conflict : list_.Accepted()) {
       chart.warnings.push_back("Warning: " + ToText(conflict));
@@ -184,28 +185,51 @@ class PlotMaker {
     plot.chart.warnings.push_back("Warning: " + warning);
   }
 
-  // A ratio needs a single reference: that of the only component.
-  void AddPoints(Chart& chart) const {
-    if (o_.points.empty()) return;
-    if (!references_.empty() && references_.size() > 1) {
-      throw WrongUsage("--points with --reference needs a single component");
+  // The first curve of the component that points belong to.
+  Drawn const& CurveOfPoints(PlotPoints const& set) const {
+    if (set.component.empty() && o_.components.size() > 1) {
+      throw WrongUsage("points for several components need a column \"component\"");
     }
+    std::string const wanted =
+        UpperCase(set.component.empty() ? o_.components.front() : set.component);
+    auto const at = std::find_if(drawn_.begin(), drawn_.end(), [&](Drawn const& one) {
+      return UpperCase(one.word) == wanted ||
+             UpperCase(one.component->ReadIdentity().FirstId()) == wanted;
+    });
+    if (at == drawn_.end()) {
+      throw WrongUsage("there are points for " + set.component + ", which is not drawn");
+    }
+    return *at;
+  }
+
+  // Points are ratios like the curves: one without a value of the reference is left out.
+  void AddPoints(Plot& plot) const {
     for (PlotPoints const& set : o_.points) {
+      Drawn const& one = CurveOfPoints(set);
       ChartLine line;
       line.label = set.label;
+      if (!set.component.empty()) line.label += ", " + set.component;
       line.isPoints = true;
       for (PlotPoints::Point const& point : set.points) {
         double value = point.value;
-        if (!references_.empty()) {
-          Point const below =
-              AtKelvin(*references_[0], drawn_[0].referenceCurve, index_, point.kelvin);
+        if (one.reference != nullptr) {
+          Point const below = AtKelvin(*one.reference, one.referenceCurve, index_, point.kelvin);
           if (!below.there || below.value == 0.0) continue;
           value /= below.value;
         }
         line.vertices.push_back({point.kelvin, value, false});
+        plot.curves.Add(line.label, point.kelvin, Number(value), "point", Deviation(one, point));
       }
-      chart.lines.push_back(std::move(line));
+      plot.chart.lines.push_back(std::move(line));
     }
+  }
+
+  // In % of the curve; nothing outside its range.
+  Cell Deviation(Drawn const& one, PlotPoints::Point const& point) const {
+    constexpr double kPercent = 100.0;
+    Point const curve = AtKelvin(*one.component, one.curve, index_, point.kelvin);
+    if (!curve.there || curve.status != 0 || curve.value == 0.0) return {};
+    return Number((point.value / curve.value - 1.0) * kPercent);
   }
 
   // From internal units to those of the chart.
@@ -218,16 +242,18 @@ class PlotMaker {
     }
   }
 
-  static Table CurveTable(std::string const& unit) {
-    return Table("curves", {{"line", ""}, {"T", "K"}, {"value", unit}, {"range", ""}});
+  static Table CurveTable(std::string const& unit, bool withDeviations) {
+    std::vector<Column> columns = {{"line", ""}, {"T", "K"}, {"value", unit}, {"range", ""}};
+    if (withDeviations) columns.push_back({"deviation", "%"});
+    return Table("curves", std::move(columns));
   }
 
   static void AddRows(ChartLine const& line, Table& table) {
     for (ChartLine::Vertex const& vertex : line.vertices) {
-      table.Add(line.label, vertex.x, Number(vertex.y),
-                line.isPoints         ? "point"
-                : vertex.extrapolated ? "outside"
-                                      : "inside");
+      std::vector<Cell> row =
+          RowOf(line.label, vertex.x, Number(vertex.y), vertex.extrapolated ? "outside" : "inside");
+      row.resize(table.Columns().size());
+      table.Add(std::move(row));
     }
   }
 
@@ -238,10 +264,15 @@ class PlotMaker {
     for (ChartLine const& line : chart.lines) {
       text += "; " + line.label;
       if (line.vertices.empty()) continue;
+      if (line.isPoints) {
+        std::size_t const count = line.vertices.size();
+        text += ", " + std::to_string(count) + (count == 1 ? " point" : " points");
+      }
       auto const& first = line.vertices.front();
       auto const& last = line.vertices.back();
-      text += ": " + Digits(first.y) + " at " + Digits(first.x) + ", " + Digits(last.y) + " at " +
-              Digits(last.x);
+      text += ": " + Digits(first.y) + " at " + Digits(first.x);
+      if (line.isPoints && line.vertices.size() == 1) continue;
+      text += ", " + Digits(last.y) + " at " + Digits(last.x);
     }
     return text;
   }

@@ -14,6 +14,7 @@ namespace zel::desk {
 // Points of data that are drawn over the curves.
 struct PlotPoints {
   std::string label;
+  std::string component;  // one of the words of the options; empty if there is only one
   struct Point {
     double kelvin;
     double value;  // in the unit of the correlation's values
@@ -37,7 +38,9 @@ struct PlotOptions {
 
 struct Plot {
   Chart chart;
-  Table curves;                       // what is drawn, in internal units
+  // What is drawn, in internal units. With points, also by how much each differs from the curve of
+  // its component, the preferred one if there are several.
+  Table curves;
   std::vector<std::string> warnings;  // about records
 };
 

@@ -5,7 +5,9 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/files/output_file.h"
+#include "desk/open/named_correlation.h"
 #include "desk/pictures/plot.h"
+#include "desk/tables/plot_points.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -15,6 +17,7 @@ namespace {
 struct Options {
   SourceOptions sources;
   PlotOptions plot;
+  std::vector<std::string> points;  // files
   std::string output;
 };
 
@@ -42,6 +45,12 @@ Report DrawPlot(Session& session, Options const& o) {
   PreferenceList list(session, o.sources);
   PlotOptions options = o.plot;
   options.units = session.units;
+  for (std::string const& path : o.points) {
+    zel::ZelCorrelationInfo const& correlation = CorrelationNamed(options.correlation);
+    for (PlotPoints& set : ReadPlotPoints(path, correlation, session.units)) {
+      options.points.push_back(std::move(set));
+    }
+  }
   Plot const plot = MakePlot(list, options);
   if (kind == Kind::kSvg) {
     WriteFile(o.output, ToSvg(plot.chart));
@@ -82,6 +91,7 @@ void AddPlotCommand(CommandLine& line) {
       .Option("--reference", plot.reference, "divide each bank's values by those of this one",
               "SOURCE")
       .Library(plot.reference)
+      .Option("--points", o->points, "points of data to draw: a table with T and value", "FILE...")
       .Option("--title", plot.title, "default: what the correlation is", "TEXT")
       .Option("--size", plot.size, "of the chart in points; default: 800 wide", "WxH")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return DrawPlot(session, *o); });
