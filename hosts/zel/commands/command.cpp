@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <sstream>
 
+#include "commands/completion.h"
 #include "commands/manual.h"
 #include "desk/files/standard_output.h"
 #include "desk/open/names_library.h"
@@ -272,15 +274,30 @@ CommandLine::CommandLine(Session& session)
       ->check(CLI::Range(0.0, kLongestWait))
       ->envname("ZEL_WAIT")
       ->trigger_on_parse();
-  // For the build, which installs both.
+  // For the build, which installs these.
   app_->add_flag_callback("--man", [this] { throw OtherText{ManualPage(*app_)}; })->group("");
-  app_->add_flag_callback("--bash-completion", [this] { throw OtherText{BashCompletion(*app_)}; })
-      ->group("");
+  struct {
+    char const* flag;
+    std::string (*script)(CLI::App const& app);
+  } const shells[] = {{"--bash-completion", BashCompletion},
+                      {"--zsh-completion", ZshCompletion},
+                      {"--fish-completion", FishCompletion}};
+  for (auto const& shell : shells) {
+    app_->add_flag_callback(shell.flag,
+                            [this, script = shell.script] { throw OtherText{script(*app_)}; })
+        ->group("");
+  }
 }
 
 CommandLine::~CommandLine() = default;
 
 int CommandLine::Run(int count, char** words) {
+  // For the scripts of the shells: the words may be a part of a command line only.
+  if (count > 1 && std::strcmp(words[1], "--complete") == 0) {
+    if (char const* const names = std::getenv("ZEL_NAMES")) session_.namesPath = names;
+    Write(CompletedValues(session_, *app_, {words + 2, words + count}));
+    return 0;
+  }
   session_.command = LineOf({words + 1, words + std::max(count, 1)}, secrets_);
   try {
     app_->parse(count, words);

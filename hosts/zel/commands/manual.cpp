@@ -50,6 +50,12 @@ the seconds to wait for a library that is in use, if \-\-wait is not given
 .B ZEL_PASSWORD
 the password, if \-\-password is not given; unlike that option, other users of the machine cannot see it
 .TP
+.B NO_COLOR
+if it is set, text on a terminal has no colors
+.TP
+.B COLUMNS
+the width of a terminal that does not say how wide it is
+.TP
 .B ZEL_PROGRESS_DELAY
 milliseconds until long work shows its progress on a terminal; 500 by default
 .SH EXIT STATUS
@@ -93,12 +99,6 @@ std::string Escaped(std::string const& text) {
   return escaped;
 }
 
-std::vector<CLI::App const*> Commands(CLI::App const& app) {
-  return app.get_subcommands([](CLI::App const*) { return true; });
-}
-
-bool IsHidden(CLI::Option const& option) { return option.get_group().empty(); }
-
 std::string NamesOf(CLI::Option const& option) {
   std::string names;
   for (std::string const& name : option.get_snames()) names += "-" + name + ", ";
@@ -132,6 +132,12 @@ std::string Synopsis(CLI::App const& command) {
 
 }  // namespace
 
+std::vector<CLI::App const*> Commands(CLI::App const& app) {
+  return app.get_subcommands([](CLI::App const*) { return true; });
+}
+
+bool IsHidden(CLI::Option const& option) { return option.get_group().empty(); }
+
 std::string ManualPage(CLI::App const& app) {
   std::string page = kTop;
   PutOptions(app, false, page);
@@ -144,42 +150,6 @@ std::string ManualPage(CLI::App const& app) {
     page += ".PP\n.nf\n" + Escaped(command->get_footer()) + "\n.fi\n";
   }
   return page + kBottom;
-}
-
-std::string BashCompletion(CLI::App const& app) {
-  std::string commands;
-  std::string cases;
-  for (CLI::App const* command : Commands(app)) {
-    commands += (commands.empty() ? "" : " ") + command->get_name();
-    std::string options;
-    for (CLI::App const* owner : {command, &app}) {
-      for (CLI::Option const* option : owner->get_options()) {
-        if (IsHidden(*option)) continue;
-        for (std::string const& name : option->get_lnames()) {
-          if (options.find("--" + name + " ") == std::string::npos) options += "--" + name + " ";
-        }
-      }
-    }
-    if (!options.empty()) options.pop_back();
-    cases += "    " + command->get_name() + ") options=\"" + options + "\" ;;\n";
-  }
-  return "# bash completion of zel\n"
-         "_zel() {\n"
-         "  local current=${COMP_WORDS[COMP_CWORD]} word command= options=\n"
-         "  COMPREPLY=()\n"
-         "  local before=\n"
-         "  for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
-         "    case $before$word in --names*) ;; -*) ;; *) command=$word; break ;; esac\n"
-         "    before=; [ \"$word\" = --names ] && before=--names\n"
-         "  done\n"
-         "  case $command in\n"
-         "    '') COMPREPLY=($(compgen -W \"" +
-         commands + " --help --version --names\" -- \"$current\")); return ;;\n" + cases +
-         "  esac\n"
-         "  # Files are completed where no option is begun.\n"
-         "  case $current in -*) COMPREPLY=($(compgen -W \"$options\" -- \"$current\")) ;; esac\n"
-         "}\n"
-         "complete -o default -F _zel zel\n";
 }
 
 }  // namespace zelhost

@@ -51,7 +51,7 @@ std::string Print(Report const& report, Form form) {
   switch (form) {
     case Form::kJson: return PrintJson(report);
     case Form::kCsv: return PrintCsv(report);
-    default: return PrintText(report);
+    default: return PrintText(report, OutputScreen());
   }
 }
 

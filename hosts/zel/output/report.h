@@ -48,8 +48,9 @@ class Report {
 
 enum class Form { kText, kJson, kCsv };
 
-// Text within 80 columns, if texts can be broken; JSON as one object; CSV as the tables and
-// warnings, with their names in front and an empty line between them if there are several.
+// Text within 80 columns, or those of the terminal, if texts can be broken; JSON as one object; CSV
+// as the tables and warnings, with their names in front and an empty line between them if there are
+// several.
 std::string Print(Report const& report, Form form);
 
 }  // namespace zelhost

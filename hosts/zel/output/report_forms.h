@@ -4,10 +4,11 @@
 #include <string>
 
 #include "output/report.h"
+#include "output/screen.h"
 
 namespace zelhost {
 
-std::string PrintText(Report const& report);
+std::string PrintText(Report const& report, Screen const& screen);
 std::string PrintJson(Report const& report);
 std::string PrintCsv(Report const& report);
 

@@ -1,4 +1,4 @@
-// A report as lines of at most 80 characters.
+// A report as lines of at most 80 characters, or of the width of the terminal.
 #include <algorithm>
 #include <numeric>
 
@@ -8,15 +8,8 @@
 namespace zelhost {
 namespace {
 
-constexpr std::size_t kLineWidth = 80;
 constexpr std::size_t kGap = 2;
 constexpr std::size_t kNarrowestBreak = 12;  // a narrower last column is not broken
-
-// Characters, not bytes: continuation bytes of UTF-8 have no width.
-std::size_t Width(std::string const& text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
 
 bool IsNumber(Cell const& cell) {
   return std::holds_alternative<double>(cell) || std::holds_alternative<std::int64_t>(cell);
@@ -64,14 +57,24 @@ bool IsInNumber(std::string const& text, std::size_t at) {
   return (IsOfNumber(before) || isExponent(at - 1)) && (IsOfNumber(behind) || isExponent(at));
 }
 
-// Returns where to cut a word that is too long: at `width` characters, or before or after the
-// number at that place.
-std::size_t CutOf(std::string const& text, std::size_t width) {
+// The bytes of a text that fit into `width` columns.
+std::size_t BytesWithin(Screen const& screen, std::string const& text, std::size_t width) {
   std::size_t end = 0;
-  for (std::size_t count = 0; end < text.size(); ++end) {
-    bool const begins = (text[end] & 0xC0) != 0x80;
-    if (begins && count++ == width) break;
+  for (std::size_t used = 0; end < text.size();) {
+    std::size_t const bytes = CharacterBytes(text, end);
+    used += screen.Width(text.substr(end, bytes));
+    if (used > width) break;
+    end += bytes;
   }
+  return end;
+}
+
+// Returns where to cut a word that is too long: after a colon, as in "perry.lb1:PERRY", else at
+// `width` columns, or before or after the number at that place.
+std::size_t CutOf(Screen const& screen, std::string const& text, std::size_t width) {
+  std::size_t end = std::max(BytesWithin(screen, text, width), CharacterBytes(text, 0));
+  std::size_t const colon = text.rfind(':', end - 1);
+  if (colon != std::string::npos && colon > 0) return colon + 1;
   std::size_t cut = end;
   while (IsInNumber(text, cut)) --cut;
   if (cut > 0) return cut;
@@ -81,17 +84,21 @@ std::size_t CutOf(std::string const& text, std::size_t width) {
 
 // Lines of at most `width` characters, broken at blanks, and within words that are too long, but
 // never within a number.
-std::vector<std::string> Break(std::string const& text, std::size_t width) {
+std::vector<std::string> Break(Screen const& screen, std::string const& text, std::size_t width) {
   std::vector<std::string> lines;
   std::string rest = text;
   for (std::size_t end = rest.find('\n'); end != std::string::npos; end = rest.find('\n')) {
-    for (std::string& line : Break(rest.substr(0, end), width)) lines.push_back(std::move(line));
+    for (std::string& line : Break(screen, rest.substr(0, end), width)) {
+      lines.push_back(std::move(line));
+    }
     rest.erase(0, end + 1);
   }
-  while (Width(rest) > width) {
-    std::size_t const at = rest.rfind(' ', width);
+  while (screen.Width(rest) > width) {
+    // Up to here, the blanks of a text without wide letters are within the width.
+    std::size_t const within = screen.isTerminal ? BytesWithin(screen, rest, width) : width;
+    std::size_t const at = rest.rfind(' ', within);
     bool const atBlank = at != std::string::npos && at != 0;
-    std::size_t const end = atBlank ? at : CutOf(rest, width);
+    std::size_t const end = atBlank ? at : CutOf(screen, rest, width);
     lines.push_back(rest.substr(0, end));
     rest.erase(0, end + (atBlank ? 1 : 0));
   }
@@ -111,14 +118,22 @@ std::size_t WidthOfNumbers(std::string const& text) {
   return width;
 }
 
+// How bad a finding is, is seen at once.
+Ink InkOf(Column const& column, std::string const& text) {
+  if (column.name != "severity") return Ink::kPlain;
+  return text == "error" || text == "damage" ? Ink::kRed
+         : text == "warning"                 ? Ink::kYellow
+                                             : Ink::kPlain;
+}
+
 class TextTable {
  public:
-  explicit TextTable(Table const& table) : table_(table) {
+  TextTable(Screen const& screen, Table const& table) : screen_(screen), table_(table) {
     Show(true);
-    if (Total() > kLineWidth + SlackOfLast()) Show(false);
+    if (Total() > screen_.columns + SlackOfLast()) Show(false);
     bool const anyUnit = std::any_of(table.Columns().begin(), table.Columns().end(),
                                      [](Column const& column) { return !column.unit.empty(); });
-    if (anyUnit && Total() > kLineWidth) {
+    if (anyUnit && Total() > screen_.columns) {
       Heads(true);
       Measure();
     }
@@ -126,11 +141,16 @@ class TextTable {
   }
 
   void Print(std::string& out) const {
-    for (auto const& heads : heads_) Line(heads, out);
+    std::vector<Ink> const bold(shown_.size(), Ink::kBold);
+    for (auto const& heads : heads_) Line(heads, bold, out);
     for (auto const& row : table_.Rows()) {
       std::vector<std::string> texts;
-      for (std::size_t const column : shown_) texts.push_back(OneLine(row[column]));
-      Line(texts, out);
+      std::vector<Ink> inks;
+      for (std::size_t const column : shown_) {
+        texts.push_back(OneLine(row[column]));
+        inks.push_back(InkOf(table_.Columns()[column], texts.back()));
+      }
+      Line(texts, inks, out);
     }
   }
 
@@ -168,10 +188,10 @@ class TextTable {
     widths_.assign(shown_.size(), 0);
     least_.assign(shown_.size(), kNarrowestBreak);
     for (std::size_t i = 0; i < widths_.size(); ++i) {
-      for (auto const& heads : heads_) widths_[i] = std::max(widths_[i], Width(heads[i]));
+      for (auto const& heads : heads_) widths_[i] = std::max(widths_[i], screen_.Width(heads[i]));
       for (auto const& row : table_.Rows()) {
         std::string const text = OneLine(row[shown_[i]]);
-        widths_[i] = std::max(widths_[i], Width(text));
+        widths_[i] = std::max(widths_[i], screen_.Width(text));
         least_[i] = std::max(least_[i], WidthOfNumbers(text));
       }
     }
@@ -184,8 +204,8 @@ class TextTable {
   // Narrows columns of text, the last one first, then the widest, until the line fits.
   void Narrow() {
     auto const narrow = [&](std::size_t i) {
-      if (right_[i] || Total() <= kLineWidth) return;
-      std::size_t const excess = Total() - kLineWidth;
+      if (right_[i] || Total() <= screen_.columns) return;
+      std::size_t const excess = Total() - screen_.columns;
       std::size_t const least = std::min(widths_[i], least_[i]);
       widths_[i] = std::max(least, widths_[i] > excess ? widths_[i] - excess : 0);
     };
@@ -198,19 +218,23 @@ class TextTable {
   }
 
   // A cell that is too wide is continued on further lines.
-  void Line(std::vector<std::string> const& texts, std::string& out) const {
+  void Line(std::vector<std::string> const& texts, std::vector<Ink> const& inks,
+            std::string& out) const {
     std::vector<std::vector<std::string>> cells;
     std::size_t height = 1;
     for (std::size_t i = 0; i < texts.size(); ++i) {
-      cells.push_back(Break(texts[i], right_[i] ? kLineWidth : widths_[i]));
+      cells.push_back(Break(screen_, texts[i], right_[i] ? screen_.columns : widths_[i]));
       height = std::max(height, cells.back().size());
     }
     for (std::size_t k = 0; k < height; ++k) {
       std::string line;
       for (std::size_t i = 0; i < cells.size(); ++i) {
         std::string const text = k < cells[i].size() ? cells[i][k] : "";
-        std::size_t const pad = widths_[i] > Width(text) ? widths_[i] - Width(text) : 0;
-        line += right_[i] ? std::string(pad, ' ') + text : text + std::string(pad, ' ');
+        std::size_t const width = screen_.Width(text);
+        std::size_t const pad = widths_[i] > width ? widths_[i] - width : 0;
+        if (right_[i]) line.append(pad, ' ');
+        line += Inked(screen_, inks[i], text);
+        if (!right_[i]) line.append(pad, ' ');
         line.append(kGap, ' ');
       }
       line.erase(line.find_last_not_of(' ') + 1);
@@ -218,6 +242,7 @@ class TextTable {
     }
   }
 
+  Screen const& screen_;
   Table const& table_;
   std::vector<std::size_t> shown_;  // columns of the table; the members below are indexed like it
   std::vector<std::vector<std::string>> heads_;
@@ -228,23 +253,25 @@ class TextTable {
 
 }  // namespace
 
-std::string PrintText(Report const& report) {
+std::string PrintText(Report const& report, Screen const& screen) {
   std::string out;
   std::size_t width = 0;
-  for (auto const& fact : report.Facts()) width = std::max(width, Width(fact.name));
+  for (auto const& fact : report.Facts()) width = std::max(width, screen.Width(fact.name));
   for (auto const& fact : report.Facts()) {
     std::string const indent(width + kGap, ' ');
     std::vector<std::string> const parts =
-        Break(Visible(fact.value), std::max(kNarrowestBreak, kLineWidth - width - kGap));
-    out += fact.name + std::string(width + kGap - Width(fact.name), ' ') + parts[0] + '\n';
+        Break(screen, Visible(fact.value),
+              std::max(kNarrowestBreak, screen.columns - std::min(screen.columns, width + kGap)));
+    out += Inked(screen, Ink::kBold, fact.name) +
+           std::string(width + kGap - screen.Width(fact.name), ' ') + parts[0] + '\n';
     for (std::size_t k = 1; k < parts.size(); ++k) out += indent + parts[k] + '\n';
   }
   bool const titled = report.Tables().size() > 1;
   for (Table const& table : report.Tables()) {
     if (table.Empty()) continue;
     if (!out.empty()) out += '\n';
-    if (titled) out += table.Name() + "\n\n";
-    TextTable(table).Print(out);
+    if (titled) out += Inked(screen, Ink::kBold, table.Name()) + "\n\n";
+    TextTable(screen, table).Print(out);
   }
   if (out.empty() && !report.Tables().empty()) return "none\n";
   return out;
