@@ -15,6 +15,7 @@
 
 #include "commands/command.h"
 #include "desk/words/failure.h"
+#include "output/progress.h"
 
 namespace {
 
@@ -65,6 +66,14 @@ int EndByClosedPipe() {
   return kFailed;
 }
 
+// Ends like any program that Ctrl-C ends, for the shell to see.
+int EndByInterrupt(std::string const& text) {
+  Fail(kFailed, text);
+  std::signal(SIGINT, SIG_DFL);
+  std::raise(SIGINT);
+  return kFailed;
+}
+
 bool hasReturned = false;
 
 // The library ends the program if it cannot start, and says why on standard output.
@@ -103,6 +112,8 @@ int Run(int count, char** words) {
     return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();
+  } catch (zelhost::Cancelled const& cancelled) {
+    return EndByInterrupt(cancelled.what());
   } catch (zelhost::WrongUsage const& error) {
     return Fail(kWrongUsage, error.what());
   } catch (zel::desk::ConflictingIdentity const& error) {

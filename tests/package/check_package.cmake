@@ -16,10 +16,12 @@ set(work ${BUILD_DIR}/package_test)
 file(REMOVE_RECURSE ${work})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${work}/prefix)
 
-# The command-line host, its manual page and its completion.
+# The command-line host, its manual page and its completions.
 if(ZEL)
   run(${work}/prefix/bin/zel --version)
-  foreach(file share/man/man1/zel.1 share/bash-completion/completions/zel)
+  foreach(file share/man/man1/zel.1 share/bash-completion/completions/zel
+               share/fish/vendor_completions.d/zel.fish share/zsh/site-functions/_zel
+               bin/zel-textconv)
     if(NOT EXISTS ${work}/prefix/${file})
       message(FATAL_ERROR "no ${file} is installed")
     endif()

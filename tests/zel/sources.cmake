@@ -5,6 +5,7 @@ set(zel_TEST_SOURCES
     combine_test.cpp
     commands_test.cpp
     compare_test.cpp
+    completion_test.cpp
     coverage_test.cpp
     curve_test.cpp
     documents_test.cpp
@@ -13,6 +14,7 @@ set(zel_TEST_SOURCES
     flatten_test.cpp
     file_digest_test.cpp
     folder_test.cpp
+    git_test.cpp
     history_test.cpp
     identity_test.cpp
     kill_test.cpp
@@ -25,10 +27,14 @@ set(zel_TEST_SOURCES
     page_test.cpp
     path_test.cpp
     plot_test.cpp
+    points_test.cpp
+    progress_test.cpp
     output_files_test.cpp
     memory_test.cpp
     sense_test.cpp
     tables_test.cpp
+    terminal_run.cpp
+    terminal_test.cpp
     traced_run.cpp
     units_test.cpp
     zel_fixture.cpp)

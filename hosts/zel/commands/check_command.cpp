@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
-#include <optional>
 #include <set>
 
 #include "commands/command.h"
@@ -24,7 +23,7 @@ struct Options {
   bool acceptIdentity = false;
 };
 
-// Collects the findings about structure and data in one table, and shows the progress.
+// Collects the findings about structure and data in one table.
 class Collector final : public zel::ZelDataFindingSink {
  public:
   Collector(Session& session, Options const& options, Table& table)
@@ -39,6 +38,7 @@ class Collector final : public zel::ZelDataFindingSink {
     if (severity != zel::findingNote && !isSilent) Add(severity, id, path_, place, text);
   }
   void FoundData(zel::ZelDataFinding const& finding) override {
+    if (finding.severity == zel::findingNote) return;  // the check was cancelled
     if (finding.severity == zel::findingDamage) {
       // The structure is sound: what is unreadable now was readable before.
       UnreadItems(session_, finding.library)
@@ -46,14 +46,6 @@ class Collector final : public zel::ZelDataFindingSink {
       return;
     }
     Add(finding.severity, finding.id, finding.library, finding.place, finding.text);
-  }
-  void Checked(char const*, char const* bank, std::int64_t done, std::int64_t total) override {
-    if (done == 0) {
-      progress_.emplace(std::string("checking ") + bank, static_cast<std::size_t>(total));
-    } else {
-      progress_->Step();
-    }
-    if (done == total) progress_.reset();
   }
   std::int64_t Count(zel::zelFindings severity) const { return counts_[severity]; }
 
@@ -69,7 +61,6 @@ class Collector final : public zel::ZelDataFindingSink {
   std::set<std::string> silent_;
   Table& table_;
   std::string path_;
-  std::optional<Progress> progress_;
   std::int64_t counts_[4] = {};
 };
 
@@ -118,10 +109,17 @@ void CheckLibraries(Session& session, Options const& o, Collector& collector) {
   std::vector<Library> open;
   std::vector<zel::ZelCheckedLibrary> sound;
   open.reserve(o.paths.size());
+  // The data of a library take about twice as long as its structure; libraries are compared last.
+  constexpr double kStructurePart = 1.0 / 3.0;
+  double const perLibrary = 1.0 / static_cast<double>(o.paths.size() + 1);
+  FollowedWork work("checking");
   for (std::string const& path : o.paths) {
     Library library = OpenFinished(session, path);
+    FollowedWork::Following const following(work, library.File());
     collector.Library(path);
+    work.BeginPart("checking the structure of " + path, kStructurePart * perLibrary);
     bool const good = zel::VerifyLibrary(&library.File(), collector);
+    work.EndIfCancelled("the findings so far are not shown");
     if (!good && !o.structureOnly) {
       std::fprintf(stderr, "zel: %s: is damaged; the plausibility of its data was not checked\n",
                    path.c_str());
@@ -129,10 +127,16 @@ void CheckLibraries(Session& session, Options const& o, Collector& collector) {
     if (!good || o.structureOnly) continue;
     sound.push_back({&library.File(), path.c_str()});
     open.push_back(std::move(library));
+    work.BeginPart("checking " + path, (1.0 - kStructurePart) * perLibrary);
     zel::CheckLibraryData(sound.back(), options, collector);
+    work.EndIfCancelled("the findings so far are not shown");
   }
+  if (sound.empty()) return;
+  FollowedWork::Following const following(work, open.front().File());
+  work.BeginPart("comparing libraries", perLibrary);
   zel::CompareLibraryData(sound.data(), static_cast<std::int32_t>(sound.size()), options,
                           collector);
+  work.EndIfCancelled("the findings so far are not shown");
 }
 
 Report Check(Session& session, Options const& o) {

@@ -11,7 +11,9 @@
 #include "commands/table_files.h"
 #include "commands/written_documents.h"
 #include "desk/change/library_change.h"
+#include "desk/compare/beyond_documents.h"
 #include "desk/files/input_file.h"
+#include "desk/files/one_document.h"
 #include "desk/files/output_file.h"
 #include "desk/files/standard_output.h"
 #include "desk/open/component_name.h"
@@ -112,26 +114,30 @@ Report Import(Session& session, Options const& o) {
   maint->SetImportChecks(checks);
   Report report;
   ImportTotals totals;
+  std::string const unchanged = isNew ? "no library was created" : "the library is unchanged";
+  FollowedWork work("importing");
+  FollowedWork::Following const following(work, change.Open().File());
+  std::size_t imported = 0;
   for (std::string const& file : o.files) {
-    std::optional<Waiting> waiting;  // the log itself shows the progress
-    if (!isText) waiting.emplace("importing " + file);
+    work.BeginPart("importing " + file, 1.0 / static_cast<double>(o.files.size()));
     bool const good = ImportOne(*maint, o, file);
     zel::ZelImportCounts counts;
     maint->GetImportCounts(counts);
     totals.Add(counts);
-    if (good) continue;
-    waiting.reset();
-    EndFailed(session, report, log, file,
-              Reason(*maint, counts, o) + (isNew ? "; no library was created"
-                                           : o.change.inPlace
-                                               ? "; what came before the error was imported"
-                                               : "; the library is unchanged"));
+    if (good && ++imported != 0) continue;
+    bool const isHalfDone = o.change.inPlace && imported != 0;
+    work.EndIfCancelled(isHalfDone ? "the documents before " + file + " were imported" : unchanged);
+    EndFailed(
+        session, report, log, file,
+        Reason(*maint, counts, o) + "; " +
+            (o.change.inPlace && !isNew ? "what came before the error was imported" : unchanged));
   }
   report.Fact("imported", static_cast<std::int64_t>(o.files.size()));
   report.Fact("library", o.path);
   totals.AddTo(report);
   log.Finish(report);
   maint->SetLogSink(nullptr);
+  if (!o.change.inPlace) work.EndIfCancelled(unchanged);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }
@@ -170,27 +176,6 @@ bool ExportComponent(Library const& library, Options const& o, char const* targe
   return maint.ExportComponentByNumber(name, component.ReadIdentity().number, target, o.banner);
 }
 
-// The number of correlations whose equations have no form in documents, in one bank or in all.
-std::int64_t LeftOut(Library const& library, Options const& o) {
-  std::int64_t count = 0;
-  PureComponent component;
-  for (BankName const& bank : library.Banks(kPureType)) {
-    if (!o.bank.empty() && ToText(library.Bank(o.bank)) != ToText(bank)) continue;
-    std::int32_t words[10] = {};
-    library.Walk(bank, [&] {
-      library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
-      while (library.Maint().NextItem(words, component.Def())) {
-        for (auto const& row : Correlations()) {
-          Curve const curve = component.ReadCurve(IndexOf(row));
-          if (curve.present && !curve.given) ++count;
-        }
-      }
-    });
-    library.Maint().EndItemWalk();
-  }
-  return count;
-}
-
 // The banks that the documents must contain completely; none for a single component.
 std::vector<BankName> ExportedBanks(Library const& library, Options const& o) {
   if (!o.component.empty()) return {};
@@ -211,6 +196,45 @@ void CheckNames(Library const& library, Options const& o, ExportTarget const& ta
   }
 }
 
+BeyondDocuments BeyondIn(Library const& library, Options const& o) {
+  if (!o.component.empty()) return {};
+  if (o.bank.empty()) return FindBeyondDocuments(library, nullptr);
+  BankName const bank = library.Bank(o.bank);
+  return FindBeyondDocuments(library, &bank);
+}
+
+std::string LeftOutText(BeyondDocuments const& beyond) {
+  return std::to_string(beyond.correlations) +
+         " correlations with equations above 100, which documents cannot represent";
+}
+
+void CheckStandardOutput(Session const& session, Options const& o) {
+  if (session.form != Form::kText) {
+    throw WrongUsage("--json and a document on standard output exclude each other");
+  }
+  if (o.componentFiles) {
+    throw WrongUsage("--component-files and standard output exclude each other");
+  }
+}
+
+constexpr char kOnlyDocument[] = "document.xml";  // its name until it is printed
+
+// Writes the documents as one to standard output; what a report would say is said on standard
+// error.
+void PrintDocument(Session& session, Report const& findings, OutputFolder const& documents,
+                   BeyondDocuments const& beyond) {
+  std::string const text = OneDocument(documents.PathOf(""), kOnlyDocument) + AsComment(beyond);
+  for (Table const& table : findings.Tables()) {
+    for (auto const& row : table.Rows()) {
+      std::string line = table.Name() + ":";
+      for (Cell const& cell : row) line += " " + CellText(cell);
+      session.Note(line);
+    }
+  }
+  if (beyond.correlations != 0) session.Note("left out: " + LeftOutText(beyond));
+  Write(text);
+}
+
 Report Export(Session& session, Options const& given) {
   zel::InitZelAccess();
   if (!given.table.path.empty()) {
@@ -219,11 +243,15 @@ Report Export(Session& session, Options const& given) {
   Options o = given;
   Library const library = OpenFinished(session, o.path);
   if (!o.component.empty()) o.component = LookupWord(o.component, BanksKnownTo(library));
-  ExportTarget const target = TargetOf(o);
+  bool const isOutput = IsStandardOutput(o.output);
+  if (isOutput) CheckStandardOutput(session, o);
+  ExportTarget const target =
+      isOutput ? ExportTarget{fs::temp_directory_path(), kOnlyDocument} : TargetOf(o);
   CheckNames(library, o, target);
   OutputFolder documents(target.folder, o.output.empty() ? o.path : o.output);
   std::string const path = documents.PathOf(target.name);
-  Waiting const waiting("exporting " + o.path);
+  FollowedWork work("exporting " + o.path);
+  FollowedWork::Following const following(work, library.File());
   bool good = false;
   if (!o.component.empty()) {
     good = ExportComponent(library, o, path.c_str());
@@ -234,21 +262,22 @@ Report Export(Session& session, Options const& given) {
   } else {
     good = library.Maint().ExportLibrary(path.c_str(), o.banner, o.componentFiles);
   }
+  work.EndIfCancelled("nothing was written");
   if (!good) throw Failure((target.folder / target.name).string() + ": cannot be written");
   Report findings;
   ReportUnreadable(session, findings, documents.PathOf(""));
   ReportMissing(session, findings, library, ExportedBanks(library, o), documents.PathOf(""),
                 target.name, !o.bank.empty());
-  std::int64_t const leftOut = o.component.empty() ? LeftOut(library, o) : 0;
+  BeyondDocuments const beyond = BeyondIn(library, o);
+  if (isOutput) {
+    PrintDocument(session, findings, documents, beyond);
+    return {};
+  }
   Report report;
   report.Fact("exported", o.path);
   report.Fact("documents", documents.MoveInto());
   report.Fact("to", (target.folder / target.name).string());
-  if (leftOut != 0) {
-    report.Fact("left out",
-                std::to_string(leftOut) +
-                    " correlations with equations above 100, which documents cannot represent");
-  }
+  if (beyond.correlations != 0) report.Fact("left out", LeftOutText(beyond));
   for (auto const& fact : findings.Facts()) report.Fact(fact.name, fact.value);
   for (Table const& table : findings.Tables()) report.Add(table);
   return report;
@@ -342,7 +371,7 @@ void AddDocumentCommands(CommandLine& line) {
                   "zel export sample.lb1 -o sample.xml");
   writing.Argument("LIBRARY", o->path, "a library file")
       .Library(o->path)
-      .Option("-o,--output", o->output, "the document (.xml), or a folder; else next to LIBRARY",
+      .Option("-o,--output", o->output, "a document (.xml) or folder, - for standard output",
               "FILE")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Option("--component", o->component, "only this component", "COMPONENT")

@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "output/progress.h"
+
 namespace zelhost {
 namespace {
 
@@ -15,6 +17,7 @@ char const* Word(zel::zelLogKinds kind) {
     case zel::logMalformedNumber: return "malformed number";
     case zel::logAlteredText: return "altered text";
     case zel::logLostPart: return "lost part";
+    case zel::logCancelled: return "cancelled";
     default: return "other";
   }
 }
@@ -35,7 +38,10 @@ Cell CountOrNone(std::int64_t count) { return count == 0 ? Cell() : Cell(count);
 
 // One call per line, so that the output of other writers does not split it. A full disk is noticed
 // when the report that follows is written.
-void WriteLine(std::string const& line) { std::fwrite(line.data(), 1, line.size(), stdout); }
+void WriteLine(std::string const& line) {
+  ClearProgressLine();
+  std::fwrite(line.data(), 1, line.size(), stdout);
+}
 
 }  // namespace
 

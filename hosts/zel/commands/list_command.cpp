@@ -64,9 +64,11 @@ void BuildList(Session& session, Options const& o, zel::CompList& list) {
   fs::path const target = fs::absolute(o.path);
   RefuseSpecialFile(o.path);
   OutputFolder folder(target.parent_path(), o.path);
-  Waiting const waiting("listing " + o.library);
+  FollowedWork work("listing " + o.library);
+  FollowedWork::Following const following(work, library.File());
   std::string const path = folder.PathOf(target.filename().string());
   if (!list.GetBuilder()->BuildList(&library.File(), bank.name.c_str(), path.c_str())) {
+    work.EndIfCancelled("no list was written");
     throw Failure(o.path + ": cannot be written");
   }
   Read(o, path, list);

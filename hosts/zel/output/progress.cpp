@@ -19,7 +19,43 @@ std::chrono::milliseconds Delay() {
   return std::chrono::milliseconds(given != nullptr ? std::max(std::atoi(given), 0) : kStandard);
 }
 
+bool lineIsShown = false;
+
+// "[#####.....]  50 % "
+void DrawBar(double share) {
+  lineIsShown = true;
+  auto const part = static_cast<std::size_t>(share * kBarWidth);
+  std::string bar(part, '#');
+  bar.resize(kBarWidth, '.');
+  std::fprintf(stderr, "\r[%s] %3d %% ", bar.c_str(), static_cast<int>(share * 100.0));
+}
+
+volatile std::sig_atomic_t isCancelled = 0;
+
+void NoteCancel(int) { isCancelled = 1; }
+
+// "12 s", "3 min", "2 h"
+std::string TimeText(double seconds) {
+  constexpr double kMinute = 60.0;
+  constexpr double kLongMinutes = 100.0;
+  double const minutes = seconds / kMinute;
+  char text[32];
+  if (minutes < 2.0) {
+    std::snprintf(text, sizeof(text), "%.0f s", seconds);
+  } else if (minutes < kLongMinutes) {
+    std::snprintf(text, sizeof(text), "%.0f min", minutes);
+  } else {
+    std::snprintf(text, sizeof(text), "%.0f h", minutes / kMinute);
+  }
+  return text;
+}
+
 }  // namespace
+
+void ClearProgressLine() {
+  if (lineIsShown) std::fputs("\r\x1b[K", stderr);
+  lineIsShown = false;
+}
 
 Progress::Progress(std::string what, std::size_t total)
     : what_(std::move(what)),
@@ -27,9 +63,7 @@ Progress::Progress(std::string what, std::size_t total)
       enabled_(total > 0 && ::isatty(STDERR_FILENO) == 1),
       next_(enabled_ ? Clock::now() + Delay() : Clock::time_point()) {}
 
-Progress::~Progress() {
-  if (drawn_) std::fputs("\r\x1b[K", stderr);
-}
+Progress::~Progress() { ClearProgressLine(); }
 
 void Progress::Step() {
   ++done_;
@@ -39,11 +73,8 @@ void Progress::Step() {
 }
 
 void Progress::Draw() {
-  drawn_ = true;
-  std::size_t const part = std::min(done_, total_);
-  std::string bar(part * kBarWidth / total_, '#');
-  bar.resize(kBarWidth, '.');
-  std::fprintf(stderr, "\r[%s] %3zu %% %s\x1b[K", bar.c_str(), part * 100 / total_, what_.c_str());
+  DrawBar(static_cast<double>(std::min(done_, total_)) / static_cast<double>(total_));
+  std::fprintf(stderr, "%s\x1b[K", what_.c_str());
   std::fflush(stderr);
 }
 
@@ -73,6 +104,58 @@ void Waiting::Run() {
     std::fflush(stderr);
   } while (!ended_.wait_for(lock, kBetween, isDone));
   std::fputs("\r\x1b[K", stderr);
+}
+
+// --- work that the library follows ---------------------------------------------------------------
+
+FollowedWork::FollowedWork(std::string what)
+    : what_(std::move(what)),
+      enabled_(::isatty(STDERR_FILENO) == 1),
+      start_(Clock::now()),
+      next_(start_ + Delay()) {
+  isCancelled = 0;
+  struct sigaction action {};
+  action.sa_handler = NoteCancel;
+  action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+  ::sigemptyset(&action.sa_mask);
+  ::sigaction(SIGINT, &action, &before_);
+  // A program that was started to ignore Ctrl-C goes on doing so.
+  if (before_.sa_handler == SIG_IGN) ::sigaction(SIGINT, &before_, nullptr);
+}
+
+FollowedWork::~FollowedWork() {
+  ::sigaction(SIGINT, &before_, nullptr);
+  ClearProgressLine();
+}
+
+void FollowedWork::BeginPart(std::string what, double part) {
+  what_ = std::move(what);
+  first_ += part_ < 1.0 ? part_ : 0.0;
+  part_ = part;
+}
+
+bool FollowedWork::OnProgress(double share) noexcept {
+  if (enabled_ && Clock::now() >= next_) {
+    Draw(std::min(first_ + part_ * share, 1.0));
+    next_ = Clock::now() + std::min(kBetween, Delay());
+  }
+  return isCancelled == 0;
+}
+
+void FollowedWork::Draw(double share) {
+  constexpr double kLeastShare = 0.02;  // less says nothing about the rest
+  DrawBar(share);
+  std::fprintf(stderr, "%s", what_.c_str());
+  if (share >= kLeastShare) {
+    double const past = std::chrono::duration<double>(Clock::now() - start_).count();
+    std::fprintf(stderr, ", %s left", TimeText(past * (1.0 - share) / share).c_str());
+  }
+  std::fputs("\x1b[K", stderr);
+  std::fflush(stderr);
+}
+
+void FollowedWork::EndIfCancelled(std::string const& outcome) const {
+  if (isCancelled != 0) throw Cancelled("cancelled; " + outcome);
 }
 
 }  // namespace zelhost

@@ -1,14 +1,23 @@
 // Progress of long work on standard error.
 #pragma once
 
+#include <zelaccess/LibFile.h>
+#include <zelaccess/Progress.h>
+
 #include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <cstddef>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
 namespace zelhost {
+
+// Removes the line of a progress from the terminal, before other text is written; it is drawn again
+// when it next changes. Does nothing if no line is shown.
+void ClearProgressLine();
 
 // Shows nothing unless standard error is a terminal, and nothing for work that is done in half a
 // second. The environment variable ZEL_PROGRESS_DELAY sets another time, in milliseconds.
@@ -32,7 +41,6 @@ class Progress {
   std::size_t total_;
   std::size_t done_ = 0;
   bool enabled_;
-  bool drawn_ = false;
   Clock::time_point next_;
 };
 
@@ -54,6 +62,55 @@ class Waiting {
   std::mutex mutex_;
   std::condition_variable ended_;
   std::thread thread_;
+};
+
+// Ctrl-C was pressed during work that can be cancelled.
+struct Cancelled final : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Work of the library that reports its share: a bar, the percentage and the time left, on a
+// terminal only, as above. While this object exists, Ctrl-C cancels the work; a second one ends the
+// program at once.
+class FollowedWork final : public zel::ZelProgress {
+ public:
+  explicit FollowedWork(std::string what);
+  FollowedWork(FollowedWork const&) = delete;
+  FollowedWork& operator=(FollowedWork const&) = delete;
+  // Clears the line.
+  ~FollowedWork();
+
+  // What follows is this part of the whole, and shown under this name.
+  void BeginPart(std::string what, double part);
+  // The work with a library, from here to the end of the returned object's life.
+  class Following {
+   public:
+    Following(FollowedWork& work, zel::LibFile& library) : library_(library) {
+      zel::SetProgress(&library_, &work);
+    }
+    Following(Following const&) = delete;
+    Following& operator=(Following const&) = delete;
+    ~Following() { zel::SetProgress(&library_, nullptr); }
+
+   private:
+    zel::LibFile& library_;
+  };
+  bool OnProgress(double share) noexcept override;
+  // Throws Cancelled with "cancelled" and this text if Ctrl-C was pressed.
+  void EndIfCancelled(std::string const& outcome) const;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void Draw(double share);
+
+  std::string what_;
+  double first_ = 0.0;  // where the part begins
+  double part_ = 1.0;
+  bool enabled_;
+  Clock::time_point start_;
+  Clock::time_point next_;
+  struct sigaction before_;
 };
 
 }  // namespace zelhost
