@@ -1,6 +1,6 @@
 # zel_precompile(<header> <targets>)
-# Has gcc parse a header, which includes the standard headers that most sources include, only once
-# for all sources of the targets, which must have the same compile options. It saves a quarter of the
+# Has gcc parse a header, which includes the headers that most sources include, only once for all
+# sources of the targets, which must have the same compile options. It saves a quarter of the
 # time of a clean build. Every source still includes what it uses: other compilers do without, and so
 # does a build with a compiler cache, which would have to be told to trust a precompiled header.
 function(zel_precompile header first)
@@ -24,9 +24,13 @@ function(zel_precompile header first)
     list(APPEND flags ${CMAKE_CXX_COMPILE_OPTIONS_PIC})
   endif()
   set(options $<FILTER:$<TARGET_PROPERTY:${first},COMPILE_OPTIONS>,EXCLUDE,^SHELL:>)
+  set(definitions $<TARGET_PROPERTY:${first},COMPILE_DEFINITIONS>)
+  set(folders $<TARGET_PROPERTY:${first},INCLUDE_DIRECTORIES>)
   add_custom_command(
     OUTPUT ${output}
     COMMAND ${CMAKE_CXX_COMPILER} ${flags} ${CMAKE_CXX${standard}_STANDARD_COMPILE_OPTION} ${options}
+            "$<$<BOOL:${definitions}>:-D$<JOIN:${definitions},;-D>>"
+            "$<$<BOOL:${folders}>:-I$<JOIN:${folders},;-I>>"
             -MD -MF ${output}.d -MT ${output} -x c++-header ${input} -o ${output}
     DEPENDS ${input} DEPFILE ${output}.d COMMAND_EXPAND_LISTS VERBATIM
     COMMENT "Precompiling ${header} for ${first}")

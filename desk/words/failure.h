@@ -14,7 +14,8 @@ namespace zel::desk {
 // own in DeskErrors.h.
 class Failure : public Error {
  public:
-  explicit Failure(std::string const& what) : Error("", what) {}
+  explicit Failure(std::string const& what);
+  ~Failure() override;
 };
 
 // No one reads standard output any more.

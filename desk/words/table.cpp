@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 
+template class std::vector<zel::desk::Cell>;
+
 namespace zel::desk {
 
 Cell Number(double value) {
@@ -34,6 +36,8 @@ std::string Digits(double value) {
       std::to_chars(text, text + sizeof(text), value, std::chars_format::general, 7);
   return {text, end};
 }
+
+void Append(std::vector<Cell>& row, Cell cell) { row.push_back(std::move(cell)); }
 
 std::string CellText(Cell const& cell) {
   struct Printer {

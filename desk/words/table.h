@@ -26,13 +26,16 @@ std::string Digits(double value);
 // The cell as shown in a table in text form.
 std::string CellText(Cell const& cell);
 
+// Adds a cell to the end of a row.
+void Append(std::vector<Cell>& row, Cell cell);
+
 // A row of cells. A list in braces must not be used: if memory runs out in the middle of one, GCC
 // 12 destroys cells that were never constructed.
 template <typename... Values>
 std::vector<Cell> RowOf(Values&&... values) {
   std::vector<Cell> row;
   row.reserve(sizeof...(values));
-  (row.emplace_back(std::forward<Values>(values)), ...);
+  (Append(row, Cell(std::forward<Values>(values))), ...);
   return row;
 }
 
@@ -66,3 +69,6 @@ class Table {
 };
 
 }  // namespace zel::desk
+
+// Compiled once, in table.cpp.
+extern template class std::vector<zel::desk::Cell>;
