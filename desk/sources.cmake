@@ -53,6 +53,7 @@ set(desk_SOURCES
     tables/component_table.cpp
     tables/constant_rows.cpp
     tables/correlation_rows.cpp
+    tables/decimal_comma.cpp
     tables/item_rows.cpp
     tables/json_table.cpp
     tables/pair_table.cpp

@@ -5,6 +5,7 @@
 #include "desk/edit/item_edit.h"
 #include "desk/open/fields.h"
 #include "desk/open/pure_component.h"
+#include "desk/words/display_units.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -30,6 +31,15 @@ std::size_t ItemWordCount(BankFacts const& facts, std::vector<std::string> const
   return static_cast<std::size_t>(first - words.begin());
 }
 
+// A word after a value that is a unit of the datum and not another datum.
+bool IsUnitFor(std::string const& constant, std::string const& word) {
+  return ConstantMeant(word) == nullptr && !UnitNamed(word, ConstantMeant(constant)->unit).empty();
+}
+
+bool BeginsWithDigit(std::string const& word) {
+  return !word.empty() && word[0] >= '0' && word[0] <= '9';
+}
+
 std::vector<Setting> SettingsOf(std::vector<std::string> const& words, bool isComponent) {
   std::vector<Setting> settings;
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -42,6 +52,15 @@ std::vector<Setting> SettingsOf(std::vector<std::string> const& words, bool isCo
     bool const isCurve = isComponent && !isConstant && FindCorrelation(words[i]) != nullptr;
     Setting setting{words[i], std::nullopt};
     if (!isCurve && i + 1 < words.size()) setting.value = words[++i];
+    if (setting.value == "=") throw WrongUsage("no blanks around =: " + setting.datum + "=VALUE");
+    if (isConstant && i + 1 < words.size() && IsUnitFor(setting.datum, words[i + 1])) {
+      throw WrongUsage("a unit follows its number without a blank: " + setting.value.value_or("") +
+                       words[i + 1]);
+    }
+    if (i == 0 && !setting.value && BeginsWithDigit(setting.datum)) {
+      throw WrongUsage("\"" + setting.datum +
+                       "\" is not a datum; the words are LIBRARY [BANK] ITEM DATUM=VALUE");
+    }
     settings.push_back(std::move(setting));
   }
   return settings;

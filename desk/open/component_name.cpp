@@ -44,7 +44,7 @@ void Collect(std::string const& wanted, Library const& library, BankName const& 
 }
 
 [[noreturn]] void RefuseSeveral(std::string const& word, std::vector<Namesake> const& found,
-                                bool isExact, ComponentBanks const& banks) {
+                                bool isExact) {
   constexpr std::size_t kShown = 5;
   std::string text = "\"" + word + "\" " + (isExact ? "is the name" : "begins the names") + " of " +
                      std::to_string(found.size()) + " components: ";
@@ -52,7 +52,7 @@ void Collect(std::string const& wanted, Library const& library, BankName const& 
     text += (i == 0 ? "" : ", ") + found[i].word + " (" + found[i].name + ")";
   }
   if (found.size() > kShown) text += ", ...";
-  throw Failure(text + NearestTo(word, banks));
+  throw Failure(text);
 }
 
 bool HasId(std::string const& word, ComponentBanks const& banks) {
@@ -68,10 +68,10 @@ std::string LookupWord(std::string const& word, ComponentBanks const& banks) {
   Namesakes found;
   for (auto const& [library, bank] : banks) {
     Collect(UpperCase(word), *library, bank, found);
-    if (found.exact.size() > 1) RefuseSeveral(word, found.exact, true, banks);
+    if (found.exact.size() > 1) RefuseSeveral(word, found.exact, true);
     if (found.exact.size() == 1) return found.exact.front().word;
   }
-  if (found.beginning.size() > 1) RefuseSeveral(word, found.beginning, false, banks);
+  if (found.beginning.size() > 1) RefuseSeveral(word, found.beginning, false);
   return found.beginning.empty() ? word : found.beginning.front().word;
 }
 

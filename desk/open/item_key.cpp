@@ -75,8 +75,7 @@ ComponentWord ParseComponent(std::string const& word) {
     return number;
   }
   if (!IsIdForm(word)) {
-    throw NotAComponent(word,
-                        "\"" + word + "\" is not a component ID, which has 1 to 8 characters");
+    throw NotAComponent(word, "\"" + word + "\" is not a component ID or name");
   }
   return UpperCase(word);
 }

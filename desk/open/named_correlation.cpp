@@ -1,10 +1,17 @@
 #include "desk/open/named_correlation.h"
 
+#include "desk/words/letters.h"
+
 namespace zel::desk {
 
 zel::ZelCorrelationInfo const& CorrelationNamed(std::string const& word) {
   zel::ZelCorrelationInfo const* const found = FindCorrelation(word);
   if (found == nullptr) {
+    if (FindConstant(word) != nullptr) {
+      throw Failure(UpperCase(word) +
+                    " is a constant, not a correlation; `zel why` and `zel table` "
+                    "show its value");
+    }
     throw Failure("\"" + word + "\" is not a correlation, or the beginning of several" +
                   DidYouMeanCorrelation(word) + " `zel types " + kPureType + "` lists them");
   }

@@ -72,25 +72,78 @@ void AddNames(std::vector<std::string>& words) {
   for (auto const& row : Correlations()) words.emplace_back(row.name);
 }
 
+// Symbols and words of textbooks, and what they are called here.
+struct Synonym {
+  char const* word;
+  char const* name;
+};
+constexpr Synonym kSynonyms[] = {
+    {"tb", "NBP"},
+    {"boiling", "NBP"},
+    {"tm", "NMP"},
+    {"melting", "NMP"},
+    {"omega", "ACENTRIC"},
+    {"tt", "TTP"},
+    {"pt", "PTP"},
+    {"psat", "VaporPressure"},
+    {"pvap", "VaporPressure"},
+    {"hvap", "LatentHeat"},
+    {"dhvap", "LatentHeat"},
+    {"rho", "LiquidDensity"},
+    {"density", "LiquidDensity"},
+    {"sigma", "SurfaceTension"},
+    {"viscosity", "LiquidViscosity"},
+};
+
+std::string LabelOf(std::string const& name) {
+  for (auto const& row : Constants()) {
+    if (name == row.keyword) return row.label;
+  }
+  for (auto const& row : Correlations()) {
+    if (name == row.name) return row.label;
+  }
+  return "";
+}
+
+// The candidate that a word means as a symbol, or by what it is: "normal boiling point".
+std::string Meant(std::string const& word, std::vector<std::string> const& candidates) {
+  std::string const wanted = LowerCase(word);
+  for (std::string const& name : candidates) {
+    bool const isSynonym =
+        std::any_of(std::begin(kSynonyms), std::end(kSynonyms),
+                    [&](Synonym const& one) { return wanted == one.word && name == one.name; });
+    if (isSynonym || wanted == LowerCase(LabelOf(name))) return name;
+  }
+  return "";
+}
+
+// "; did you mean NBP (normal boiling point)?" for a symbol, "; did you mean NBP?" for a misspelled
+// name, or ";".
+std::string Suggestion(std::string const& word, std::vector<std::string> const& candidates) {
+  std::string const meant = Meant(word, candidates);
+  if (meant.empty()) return DidYouMean(word, candidates);
+  return "; did you mean " + meant + " (" + LabelOf(meant) + ")?";
+}
+
 }  // namespace
 
 std::string DidYouMeanConstant(std::string const& word) {
   std::vector<std::string> words;
   AddKeywords(words);
-  return DidYouMean(word, words);
+  return Suggestion(word, words);
 }
 
 std::string DidYouMeanCorrelation(std::string const& word) {
   std::vector<std::string> words;
   AddNames(words);
-  return DidYouMean(word, words);
+  return Suggestion(word, words);
 }
 
 std::string DidYouMeanDatum(std::string const& word) {
   std::vector<std::string> words;
   AddKeywords(words);
   AddNames(words);
-  return DidYouMean(word, words);
+  return Suggestion(word, words);
 }
 
 std::uint32_t IndexOf(zel::ZelCorrelationInfo const& correlation) {

@@ -7,6 +7,9 @@ const Charts = (() => {
   const kPoints = 600;
   const kPrintWidth = 640;
   let shown = [];
+  let temperature = ["K", 1, 0];  // unit, factor and summand of a temperature in K
+
+  function use(all) { temperature = all.temperature; }
 
   function digits(value, count) {
     if (value === null || value === undefined) return "–";
@@ -69,10 +72,12 @@ const Charts = (() => {
 
   // `curves` are {label, pieces}. Left and right move the cursor; the values are read out.
   function draw(box, title, valueName, unit, curves) {
-    const x = temperatures(curves);
-    const columns = curves.map((curve) => x.map((t) => Curves.valueAt(curve.pieces, t)));
+    const kelvin = temperatures(curves);
+    const columns = curves.map((curve) => kelvin.map((t) => Curves.valueAt(curve.pieces, t)));
+    const x = kelvin.map((t) => t * temperature[1] + temperature[2]);
+    const label = "T [" + temperature[0] + "]";
     const isLog = isSteep(columns);
-    const series = [{ label: "T [K]", value: (u, v) => digits(v) }];
+    const series = [{ label, value: (u, v) => digits(v) }];
     curves.forEach((curve, i) => series.push({
       label: curve.label, stroke: kColors[i % kColors.length], dash: kDashes[i % kDashes.length],
       width: 2, points: { show: false }, value: (u, v) => digits(v),
@@ -82,7 +87,7 @@ const Charts = (() => {
       cursor: { drag: { x: false, y: false } },
       scales: { x: { time: false }, y: isLog ? { distr: 3 } : {} },
       axes: [
-        { label: "T [K]", values: (u, ticks) => ticks.map((v) => digits(v)) },
+        { label, values: (u, ticks) => ticks.map((v) => digits(v)) },
         { label: valueName + (unit ? " [" + unit + "]" : ""), size: 74,
           ...(isLog ? { filter: powersOnly, grid: { filter: powersOnly }, ticks: { filter: powersOnly } } : {}),
           values: (u, ticks) => ticks.map((v) => (v === null ? "" : isLog ? powerOfTen(v) : digits(v, 6))) },
@@ -116,5 +121,5 @@ const Charts = (() => {
   window.addEventListener("beforeprint", () => resize(kPrintWidth));
   window.addEventListener("afterprint", () => resize(0));
 
-  return { draw, clear, digits };
+  return { use, draw, clear, digits };
 })();

@@ -164,6 +164,7 @@
 
   Curves.load(data.curves);
   Sheet.use(data);
+  Charts.use(data);
   if (data.columns) nav.remove();
   document.getElementById("footer").innerHTML = '<p class="soft small">' + esc(data.maker) + ". Sources, the preferred one first: " +
     data.sources.map(esc).join(", ") + ". Curves are interpolated between values of the library, within " +

@@ -19,27 +19,28 @@ std::string WordOf(Cell const& cell) {
   return std::holds_alternative<std::monostate>(cell) ? "\"\"" : JsonText(CellText(cell));
 }
 
-std::string ConstantsOf(PureComponent const& component) {
+std::string ConstantsOf(PureComponent const& component, DisplayUnits const& units) {
   std::vector<std::string> rows;
   for (std::size_t i = 0; i < Constants().size(); ++i) {
     std::uint32_t const index = Constants()[i].index;
     double const value = component.Constant(index);
     if (zel::gen_IsUndefDouble(value)) continue;
-    rows.push_back(JsonList({Whole(static_cast<std::int64_t>(i)), JsonNumber(value),
+    rows.push_back(JsonList({Whole(static_cast<std::int64_t>(i)),
+                             JsonNumber(units.Shown(value, Constants()[i].unit)),
                              Whole(component.ConstantCode(index))}));
   }
   return JsonList(rows);
 }
 
 // Constants that are not stored but derived, with the method.
-std::string DerivedOf(PureComponent const& merged) {
+std::string DerivedOf(PureComponent const& merged, DisplayUnits const& units) {
   std::vector<std::string> rows;
   for (std::size_t i = 0; i < Constants().size(); ++i) {
     std::uint32_t const index = Constants()[i].index;
     if (merged.State(index) != zel::constantFilledIn) continue;
-    rows.push_back(
-        JsonList({Whole(static_cast<std::int64_t>(i)), JsonNumber(merged.Completed(index)),
-                  JsonText(merged.ConstantSource(index))}));
+    rows.push_back(JsonList({Whole(static_cast<std::int64_t>(i)),
+                             JsonNumber(units.Shown(merged.Completed(index), Constants()[i].unit)),
+                             JsonText(merged.ConstantSource(index))}));
   }
   return JsonList(rows);
 }
@@ -83,7 +84,7 @@ double PageData::SampleFrom(std::uint32_t index, Curve const& curve,
         Point const point =
             component.At(index, zel::ConvertTemperature(kelvin, kKelvin, curve.tempUnit));
         if (!point.there) return {};
-        return point.value;
+        return list_.Units().Shown(point.value, Correlations()[index].unit);
       },
       zel::ConvertTemperature(curve.tMin, curve.tempUnit, kKelvin),
       zel::ConvertTemperature(curve.tMax, curve.tempUnit, kKelvin));
@@ -117,7 +118,8 @@ std::string PageData::PartOf(std::size_t source, PureComponent const& own,
     curves.push_back(CurveIn(index, curve, isTaken[index] ? own : merged));
     isTaken[index] = true;
   }
-  return JsonList({Whole(static_cast<std::int64_t>(source)), ConstantsOf(own), JsonList(curves)});
+  return JsonList({Whole(static_cast<std::int64_t>(source)), ConstantsOf(own, list_.Units()),
+                   JsonList(curves)});
 }
 
 std::size_t PageData::AddComponent(std::string const& word) {
@@ -139,7 +141,7 @@ std::size_t PageData::AddComponent(std::string const& word) {
       "{\"n\":" + Whole(identity.number) + ",\"ids\":" + JsonList(ids) +
       ",\"name\":" + JsonText(identity.name) + ",\"formula\":" + JsonText(identity.formula) +
       ",\"cas\":" + JsonText(identity.cas) + ",\"smiles\":" + JsonText(merged.Smiles()) +
-      ",\"s\":" + JsonList(parts) + ",\"f\":" + DerivedOf(merged) + "}");
+      ",\"s\":" + JsonList(parts) + ",\"f\":" + DerivedOf(merged, list_.Units()) + "}");
   names_.push_back(identity.name);
   sources_.push_back(std::move(sources));
   ++counts_.components;
@@ -193,16 +195,29 @@ void PageData::AddFindings(bool acceptIdentity) {
   counts_.findings = static_cast<std::int64_t>(findings_.size());
 }
 
+// The temperature of the charts, whose points are in K: its unit, and what a temperature in K is
+// multiplied by and then increased by.
+std::string PageData::TemperatureScale() const {
+  DisplayUnits const& units = list_.Units();
+  double const zero = units.Shown(0.0, "K");
+  constexpr double kFar = 1000.0;
+  double const factor = (units.Shown(kFar, "K") - zero) / kFar;
+  return JsonList({JsonText(units.UnitFor("K")), JsonNumber(factor), JsonNumber(zero)});
+}
+
 std::string PageData::ToJson(std::string const& maker) const {
+  DisplayUnits const& units = list_.Units();
   std::vector<std::string> sources;
   for (std::size_t i = 0; i < list_.Count(); ++i) sources.push_back(JsonText(list_.Name(i)));
   std::vector<std::string> constants;
   for (auto const& row : Constants()) {
-    constants.push_back(JsonList({JsonText(row.keyword), JsonText(row.label), JsonText(row.unit)}));
+    constants.push_back(
+        JsonList({JsonText(row.keyword), JsonText(row.label), JsonText(units.UnitFor(row.unit))}));
   }
   std::vector<std::string> correlations;
   for (auto const& row : Correlations()) {
-    correlations.push_back(JsonList({JsonText(row.name), JsonText(row.label), JsonText(row.unit)}));
+    correlations.push_back(
+        JsonList({JsonText(row.name), JsonText(row.label), JsonText(units.UnitFor(row.unit))}));
   }
   std::string equations;
   for (EquationText const& one : EquationTexts()) {
@@ -215,10 +230,10 @@ std::string PageData::ToJson(std::string const& maker) const {
     symbols.push_back(JsonList({JsonText(symbol), JsonText(meaning)}));
   }
   return "{\"maker\":" + JsonText(maker) + ",\"sources\":" + JsonList(sources) +
-         ",\"constants\":" + JsonList(constants) + ",\"correlations\":" + JsonList(correlations) +
-         ",\"equations\":{" + equations + "},\"symbols\":" + JsonList(symbols) +
-         ",\"components\":" + JsonList(components_) + ",\"pairs\":" + JsonList(pairs_) +
-         ",\"findings\":" + JsonList(findings_) +
+         ",\"temperature\":" + TemperatureScale() + ",\"constants\":" + JsonList(constants) +
+         ",\"correlations\":" + JsonList(correlations) + ",\"equations\":{" + equations +
+         "},\"symbols\":" + JsonList(symbols) + ",\"components\":" + JsonList(components_) +
+         ",\"pairs\":" + JsonList(pairs_) + ",\"findings\":" + JsonList(findings_) +
          (columns_.empty() ? "" : ",\"columns\":" + columns_) +
          ",\"error\":" + JsonNumber(counts_.error) + ",\"curves\":\"" + Base64(numbers_) + "\"}";
 }

@@ -36,6 +36,7 @@ class PageData {
   std::string PartOf(std::size_t source, PureComponent const& own, PureComponent const& merged,
                      std::vector<bool>& isTaken);
   std::string CurveIn(std::uint32_t index, Curve const& curve, PureComponent const& component);
+  std::string TemperatureScale() const;
   double SampleFrom(std::uint32_t index, Curve const& curve, PureComponent const& component);
 
   PreferenceList& list_;

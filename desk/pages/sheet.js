@@ -66,7 +66,7 @@ const Sheet = (() => {
       const cells = columns.map((column) => constantIn(column, index));
       if (cells.every((cell) => cell === null)) return;
       rows += "<tr><th scope=\"row\"><b>" + esc(keyword) + "</b> <span class=\"soft\">" + esc(label) +
-        "</span></th><td>" + esc(unit) + "</td>" + cells.map((cell) => {
+        "</span></th><td class=\"unit\">" + esc(unit) + "</td>" + cells.map((cell) => {
         if (!cell) return "<td>–</td>";
         const value = cell.filled ? "<i>" + number(cell.value) + "</i>" : number(cell.value);
         return '<td class="' + (cell.isShort ? "value" : "") + (cell.won ? " won" : "") + '">' + value +

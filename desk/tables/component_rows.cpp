@@ -15,7 +15,12 @@ ComponentRows::ComponentRows(TableTarget const& target, std::vector<TableColumn>
       cas_(TakeColumn(columns, {"cas", "CAS number", "casNum"})),
       ids_(TakeColumn(columns, {"ids", "id"})) {
   if (!component_ && !number_ && !cas_ && !ids_) {
-    throw Failure("no column names the components; its head is number, ids, cas or component");
+    std::string heads;
+    for (TableColumn const& column : columns) heads += (heads.empty() ? "" : ", ") + column.Name();
+    throw Failure(
+        "no column names the components; its head is number, ids, cas or component, and "
+        "the heads here are " +
+        heads + "; --map FILE gives heads other meanings");
   }
 }
 
@@ -51,7 +56,20 @@ ComponentRows::Found ComponentRows::Find(TextRow const& row) {
   return found;
 }
 
-std::int32_t ComponentRows::NumberOfNew(TextRow const& row) {
+// The component of the row in the library that names components.
+std::optional<Identity> ComponentRows::Known(TextRow const& row) const {
+  Library const* const names = target_.library->InSession().names.get();
+  if (names == nullptr) return std::nullopt;
+  PureComponent const known;
+  for (std::string const& word : WordsOf(row)) {
+    for (BankName const& bank : names->Banks(kPureType)) {
+      if (ReadComponent(*names, bank, word, known)) return known.ReadIdentity();
+    }
+  }
+  return std::nullopt;
+}
+
+std::int32_t ComponentRows::NumberOfNew(TextRow const& row) const {
   constexpr char kWhat[] = "a component number";
   std::string const given = CellOf(number_, row);
   if (!given.empty()) {
@@ -59,14 +77,7 @@ std::int32_t ComponentRows::NumberOfNew(TextRow const& row) {
     if (number < 1) throw Failure("\"" + given + "\" is not " + kWhat);
     return number;
   }
-  Library const* const names = target_.library->InSession().names.get();
-  PureComponent const known;
-  for (std::string const& word : WordsOf(row)) {
-    if (names == nullptr) break;
-    for (BankName const& bank : names->Banks(kPureType)) {
-      if (ReadComponent(*names, bank, word, known)) return known.ReadIdentity().number;
-    }
-  }
+  if (auto const known = Known(row)) return known->number;
   return target_.library->Maint().NextComponentNumber();
 }
 
@@ -91,8 +102,16 @@ RowResult ComponentRows::Apply(TextRow const& row) {
     before = ValuesOf(component);
   } else {
     component.Def()->Clear();
-    char const noIds[12][9] = {};
-    component->SetIdentity(found.number, 0, 0, noIds, "", "", 0);
+    char ids[12][kNameSize] = {};
+    auto const known = Known(row);
+    std::string const cas = CellOf(cas_, row);
+    bool const isIt = known && known->number == found.number && (cas.empty() || cas == known->cas);
+    if (isIt && CellOf(ids_, row).empty()) {
+      for (std::size_t i = 0; i < known->ids.size(); ++i) {
+        known->ids[i].copy(ids[i], kNameSize - 1);
+      }
+    }
+    component->SetIdentity(found.number, 0, 0, ids, "", "", 0);
   }
   std::string const shown = found.shown + (datum.empty() ? "" : " " + datum);
   try {

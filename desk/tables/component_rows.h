@@ -39,7 +39,8 @@ class ComponentRows : public RowForm {
   Found Find(TextRow const& row);
   // The words that name the component, the surest first.
   std::vector<std::string> WordsOf(TextRow const& row) const;
-  std::int32_t NumberOfNew(TextRow const& row);
+  std::optional<Identity> Known(TextRow const& row) const;
+  std::int32_t NumberOfNew(TextRow const& row) const;
   void Write(PureComponent& component, Found const& found) const;
 
   TableTarget target_;

@@ -89,7 +89,8 @@ std::vector<std::string> ChosenComponents(PreferenceList const& list,
   std::vector<std::string> words = choice.words;
   if (!choice.path.empty()) AddFromFile(choice.path, words);
   if (!choice.pattern.empty()) AddMatching(list, choice.pattern, words);
-  if (words.empty()) throw WrongUsage("no component is chosen");
+  if (words.empty())
+    throw WrongUsage("no component is chosen; name some, or use --filter or --all");
   std::set<std::string> seen;
   auto const isAgain = [&](std::string const& word) {
     return !seen.insert(UpperCase(word)).second;

@@ -32,6 +32,19 @@ char SeparatorOf(std::string const& text) {
   return kSeparators[static_cast<std::size_t>(std::max_element(counts, std::end(counts)) - counts)];
 }
 
+constexpr std::string_view kSeparatorLine = "sep=";
+
+// The size of a first line "sep=;", with which some programs tell a spreadsheet the separator; 0 if
+// there is none.
+std::size_t SizeOfSeparatorLine(std::string_view text) {
+  std::size_t const end = text.find('\n');
+  if (end == std::string_view::npos || text.substr(0, kSeparatorLine.size()) != kSeparatorLine) {
+    return 0;
+  }
+  std::size_t const size = end - (text[end - 1] == '\r' ? 1 : 0);
+  return size == kSeparatorLine.size() + 1 ? end + 1 : 0;
+}
+
 // What the parser of libcsv hands over. An exception must not pass through its C code.
 struct Receiver {
   std::vector<TextRow> rows;
@@ -85,18 +98,19 @@ class Parser {
 }  // namespace
 
 std::vector<TextRow> SeparatedRows(std::string const& text, std::string const& shownAs) {
-  Parser parser(SeparatorOf(text));
+  std::size_t const skipped = SizeOfSeparatorLine(text);
+  Parser parser(skipped == 0 ? SeparatorOf(text) : text[kSeparatorLine.size()]);
   Receiver receiver;
-  std::size_t begin = 1;  // line of the row that is being read
+  std::size_t begin = skipped == 0 ? 1 : 2;  // line of the row that is being read
   auto const fail = [&] {
     if (receiver.failure) std::rethrow_exception(receiver.failure);
     if (parser.IsOutOfMemory()) throw std::bad_alloc();
     throw Failure(shownAs + ", line " + std::to_string(begin) +
                   ": a double quote is not closed, or is within a value that is not in quotes");
   };
-  std::string_view rest = text;
+  std::string_view rest = std::string_view(text).substr(skipped);
   bool isOpen = false;  // within quotes
-  for (std::size_t line = 1; !rest.empty(); ++line) {
+  for (std::size_t line = begin; !rest.empty(); ++line) {
     std::size_t const end = std::min(rest.find('\n'), rest.size() - 1) + 1;
     std::string_view const piece = rest.substr(0, end);
     std::size_t const before = receiver.rows.size();

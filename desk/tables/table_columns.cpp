@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "desk/files/input_file.h"
+#include "desk/tables/decimal_comma.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 #include "desk/words/nearest_word.h"
@@ -123,7 +124,9 @@ std::vector<TableColumn> ChosenColumns(TextTable& table, ColumnChoice const& cho
   KeepRows(table, choice.where);
   std::vector<TableColumn> columns;
   for (std::size_t i = 0; i < meanings.size(); ++i) {
-    if (!isLeftOut[i]) columns.emplace_back(meanings[i], i);
+    if (isLeftOut[i]) continue;
+    columns.emplace_back(meanings[i], i);
+    if (choice.decimalComma && !HoldsNames(columns.back().Name())) ReplaceDecimalCommas(table, i);
   }
   for (auto const& [meaning, value] : mapping.fixed) columns.emplace_back(meaning, value);
   return columns;

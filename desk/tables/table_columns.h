@@ -19,6 +19,7 @@ struct ColumnChoice {
   std::string mapPath;
   std::vector<std::string> ignored;  // heads
   std::vector<std::string> where;    // "HEAD=VALUE": only rows with this cell
+  bool decimalComma = false;         // numbers are written "351,39"
 };
 
 // A column with what its head means: the name in front of the unit in brackets.

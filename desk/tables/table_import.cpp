@@ -8,7 +8,14 @@ namespace zel::desk {
 
 BankName BankForTable(Library& library, std::string const& word) {
   std::size_t const colon = word.find(':');
-  if (colon == std::string::npos) return library.Bank(word);
+  if (colon == std::string::npos) {
+    try {
+      return library.Bank(word);
+    } catch (Failure const& failure) {
+      throw Failure(failure.what() + std::string("; TYPE:NAME makes a new bank, such as ") +
+                    kPureType + ":" + UpperCase(word));
+    }
+  }
   BankName bank = {UpperCase(word.substr(0, colon)), UpperCase(word.substr(colon + 1))};
   if (bank.name.empty() || bank.name.size() >= kNameSize) {
     throw Failure("a bank's name has 1 to 8 characters: " + word);

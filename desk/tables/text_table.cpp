@@ -48,9 +48,25 @@ std::vector<TextRow> AlignedRows(std::string const& text) {
   return rows;
 }
 
+// Whether each byte above ASCII belongs to a sequence of UTF-8.
+bool IsUtf8(std::string const& text) {
+  std::size_t following = 0;  // bytes that the sequence still needs
+  for (char const c : text) {
+    auto const byte = static_cast<unsigned char>(c);
+    bool const continues = byte >= 0x80 && byte < 0xC0;
+    if (continues != (following > 0)) return false;
+    following = continues ? following - 1 : byte < 0xC0 ? 0 : byte < 0xE0 ? 1 : byte < 0xF0 ? 2 : 3;
+  }
+  return following == 0;
+}
+
 void CheckHeads(TextTable const& table, std::string const& shownAs) {
   std::set<std::string> seen;
   for (std::string const& head : table.heads) {
+    if (!IsUtf8(head)) {
+      throw Failure(shownAs +
+                    ": a head is not UTF-8 text; a spreadsheet saves it as \"CSV UTF-8\"");
+    }
     if (head.empty()) throw Failure(shownAs + ": a column has no head");
     if (!seen.insert(LowerCase(head)).second) {
       throw Failure(std::string(shownAs).append(": two columns have the head ").append(head));
@@ -97,7 +113,10 @@ std::size_t TextTable::Find(std::string const& head) const {
 TextTable ParseTextTable(std::string const& given, std::string const& shownAs) {
   constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
   std::string const text = given.compare(0, 3, kByteOrderMark) == 0 ? given.substr(3) : given;
-  if (text.find('\0') != std::string::npos) throw Failure(shownAs + ": is not a text file");
+  bool const isBook = text.compare(0, 4, "PK\003\004") == 0;  // .xlsx, .ods
+  if (isBook || text.find('\0') != std::string::npos) {
+    throw Failure(shownAs + ": is not a text file; a spreadsheet saves one as \"CSV UTF-8\"");
+  }
   std::size_t const first = text.find_first_not_of(kBlanks);
   TextTable table;
   if (first != std::string::npos && text[first] == '[') {

@@ -24,8 +24,9 @@ struct TextTable {
 // Reads a table from a file:
 //
 // - values separated by commas, semicolons or tabs, whichever is most frequent in the first line,
-//   which has the heads. Values can be in double quotes and then contain separators, line ends and
-//   doubled quotes. A byte order mark, empty lines and lines of empty values are skipped;
+//   which has the heads; a line "sep=;" before it names the separator. Values can be in double
+//   quotes and then contain separators, line ends and doubled quotes. A byte order mark, empty
+//   lines and lines of empty values are skipped;
 // - JSON, an array of objects whose members are the cells: texts, numbers, true, false, null, or
 //   arrays of these. The heads are the members of all objects in the order in which they occur;
 // - values separated by blanks, if a line begins with "#!", which has the heads. A value "-" is

@@ -265,6 +265,7 @@ double DisplayUnits::Read(std::string const& word, std::string const& unit,
   std::string const suffix(WithoutBlanks({end, static_cast<std::size_t>(last - end)}));
   std::string const named = UnitNamed(suffix.empty() ? UnitFor(unit) : suffix, unit);
   if (!suffix.empty() && named.empty()) {
+    if (suffix.front() == ',') throw WrongUsage(expected + HintForNumber(word));
     throw WrongUsage(expected + ": " + suffix + " is not a unit for values in " +
                      (unit.empty() ? "pure numbers" : unit));
   }

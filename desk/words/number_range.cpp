@@ -13,13 +13,23 @@
 
 namespace zel::desk {
 
+std::string HintForNumber(std::string const& word) {
+  std::size_t const comma = word.find(',');
+  if (comma == std::string::npos || comma == 0 || comma + 1 == word.size()) return "";
+  auto const isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  if (!isDigit(word[comma + 1])) return "";
+  return isDigit(word[comma - 1]) && word.find(',', comma + 1) == std::string::npos
+             ? "; the decimal sign is a point"
+             : "; several are written with blanks between them";
+}
+
 double ParseNumber(std::string const& word, std::string const& what) {
   std::size_t const sign = word.size() > 1 && word[0] == '+' && word[1] != '-' ? 1 : 0;
   double value = 0.0;
   char const* const last = word.data() + word.size();
   auto const [end, error] = std::from_chars(word.data() + sign, last, value);
   if (error != std::errc() || end != last || !std::isfinite(value)) {
-    throw WrongUsage("\"" + word + "\" is not " + what);
+    throw WrongUsage("\"" + word + "\" is not " + what + HintForNumber(word));
   }
   return value;
 }
@@ -50,8 +60,29 @@ std::optional<Span> ParseSpan(std::string const& word, std::string const& what) 
   return SpanOf(word, what, [&](std::string const& end) { return ParseNumber(end, what); });
 }
 
+namespace {
+
+// "70:80C", where 70 is in K but may be meant in C; 351.15 in "351.15:79C" cannot be.
+void RefuseUnitOfOneEnd(std::string const& word, DisplayUnits const& units) {
+  std::size_t const colon = word.find(':');
+  if (colon == std::string::npos || colon == 0 || colon + 1 == word.size()) return;
+  auto const unitOf = [](std::string const& end) {
+    return end.substr(end.find_last_of("0123456789.") + 1);
+  };
+  std::string const low = word.substr(0, colon);
+  std::string const high = word.substr(colon + 1);
+  if (!unitOf(low).empty() || unitOf(high).empty()) return;
+  double const mayBe = ParseTemperature(low + unitOf(high), units).In(kKelvin);
+  double const is = ParseTemperature(low, units).In(kKelvin);
+  if (mayBe == is || mayBe > ParseTemperature(high, units).In(kKelvin)) return;
+  throw WrongUsage("\"" + word + "\": only one of two temperatures has a unit");
+}
+
+}  // namespace
+
 std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what,
                                          DisplayUnits const& units) {
+  RefuseUnitOfOneEnd(word, units);
   return SpanOf(word, what,
                 [&](std::string const& end) { return ParseTemperature(end, units).In(kKelvin); });
 }
@@ -67,7 +98,7 @@ double ParseTolerance(std::string const& word) {
   } catch (WrongUsage const&) {
     // Reported with the whole word.
   }
-  if (value < 0.0) throw WrongUsage("\"" + word + "\" is not " + kWhat);
+  if (value < 0.0) throw WrongUsage("\"" + word + "\" is not " + kWhat + HintForNumber(word));
   return isPercent ? value / kPercent : value;
 }
 
@@ -77,6 +108,14 @@ double Temperature::In(std::int32_t code) const {
   }
   return zel::ConvertTemperature(value, unit, code);
 }
+
+namespace {
+
+bool IsTemperatureUnit(std::string const& word) {
+  return word.find_first_of("0123456789") == std::string::npos && !UnitNamed(word, "K").empty();
+}
+
+}  // namespace
 
 Temperature ParseTemperature(std::string const& word, DisplayUnits const& units) {
   constexpr char kWhat[] = "a temperature such as 298.15K, 25C, 537R or 77F";
@@ -95,7 +134,9 @@ Temperature ParseTemperature(std::string const& word, DisplayUnits const& units)
     temperature.unit = kKelvin + static_cast<std::int32_t>(kLetters.find(unit.front()));
     temperature.value = ParseNumber(word.substr(0, end), kWhat);
   } catch (WrongUsage const&) {
-    throw WrongUsage("\"" + word + "\" is not " + kWhat);
+    std::string const hint = IsTemperatureUnit(word) ? "; a unit follows its number without a blank"
+                                                     : HintForNumber(word);
+    throw WrongUsage("\"" + word + "\" is not " + kWhat + hint);
   }
   return temperature;
 }

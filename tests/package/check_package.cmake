@@ -51,7 +51,7 @@ run(${work}/host/desk_host)
 
 file(GLOB pc ${work}/prefix/lib*/pkgconfig ${work}/prefix/lib*/*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} ${pc})
-execute_process(COMMAND pkg-config --define-variable=prefix=${work}/prefix --cflags --libs zelaccess
+execute_process(COMMAND pkg-config --cflags --libs zelaccess
                 RESULT_VARIABLE failed OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(failed)
   message(FATAL_ERROR "pkg-config does not know zelaccess")
@@ -70,7 +70,7 @@ endif()
 run(${COMPILER} -std=c++17 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/small_host.cpp -o ${work}/small_host ${flags}
     -Wl,-rpath,${libdir})
 run(${work}/small_host)
-execute_process(COMMAND pkg-config --define-variable=prefix=${work}/prefix --cflags --libs zeldesk
+execute_process(COMMAND pkg-config --cflags --libs zeldesk
                 RESULT_VARIABLE failed OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(failed)
   message(FATAL_ERROR "pkg-config does not know zeldesk")

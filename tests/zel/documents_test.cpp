@@ -32,8 +32,11 @@ std::vector<Step> SessionOf(std::string const& document) {
   std::vector<Step> steps;
   bool inside = false;
   bool isFile = false;
+  bool isOpen = false;
   for (std::string const& line : Lines(document)) {
     if (line.substr(0, 3) == "```") {
+      isOpen = !isOpen;
+      EXPECT_EQ(isOpen, line != "```") << "a block is not closed before: " << line;
       inside = line == "```console";
       isFile = line == "```ini";
       if (isFile) steps.push_back({});
@@ -70,6 +73,7 @@ class DocumentsTest : public ZelTest {
     return options;
   }
 
+  void BeginAsAUser() const;
   std::set<std::string> RunSession(std::string const& document) const;
 
   std::vector<std::string> commands_;
@@ -84,7 +88,9 @@ std::string WithoutTimes(std::string const& line) {
   return std::regex_replace(line, time, "2026-01-02T03:04:05Z");
 }
 
-// A line "..." stands for the rest of an output. Returns the commands that the document uses.
+// A line "..." stands for the rest of an output. A command whose output ends with a message of zel
+// fails; all others succeed. Words that are not commands of zel are the shell's. Returns the
+// commands that the document uses.
 std::set<std::string> DocumentsTest::RunSession(std::string const& document) const {
   std::set<std::string> used;
   for (Step const& step : SessionOf(FileText(document))) {
@@ -99,8 +105,9 @@ std::set<std::string> DocumentsTest::RunSession(std::string const& document) con
       used.insert(found[1]);
     }
     Outcome const outcome = Shell("PATH=\"${ZEL%/*}:$PATH\"; " + step.command);
-    EXPECT_EQ(outcome.status, 0) << step.command << "\n" << outcome.err;
-    std::vector<std::string> const lines = Lines(outcome.out);
+    bool const fails = !step.output.empty() && step.output.back().substr(0, 5) == "zel: ";
+    EXPECT_EQ(outcome.status != 0, fails) << step.command << "\n" << outcome.err;
+    std::vector<std::string> const lines = Lines(outcome.out + outcome.err);
     for (std::size_t i = 0; i < std::max(lines.size(), step.output.size()); ++i) {
       if (i < step.output.size() && step.output[i] == "...") break;
       std::string const shown =
@@ -113,13 +120,38 @@ std::set<std::string> DocumentsTest::RunSession(std::string const& document) con
   return used;
 }
 
-TEST_F(DocumentsTest, SessionOfTheDocument) {
+// In the folder of the repository, as far as sessions see it.
+void DocumentsTest::BeginAsAUser() const {
   for (char const* name : {"sample", "perry", "crc"}) {
     for (char const* ending : {".lb1", ".lb2"}) fs::remove(Folder() / (name + std::string(ending)));
   }
   fs::create_directory(Folder() / "data");
   fs::create_directory_symlink(ZEL_DATA, Folder() / "data/xml");
+  fs::create_directory_symlink(ZEL_EXAMPLES, Folder() / "examples");
+}
+
+TEST_F(DocumentsTest, SessionOfTheDocument) {
+  BeginAsAUser();
   EXPECT_GT(RunSession(ZEL_DOCS "/zel.md").size(), 12U);
+}
+
+TEST_F(DocumentsTest, SessionOfTheFirstHour) {
+  if (Shell("command -v git >/dev/null").status != 0) GTEST_SKIP() << "no git";
+  BeginAsAUser();
+  for (char const* who : {"AUTHOR", "COMMITTER"}) {
+    ::setenv(("GIT_" + std::string(who) + "_NAME").c_str(), "keeper", 1);
+    ::setenv(("GIT_" + std::string(who) + "_EMAIL").c_str(), "keeper@localhost", 1);
+  }
+  EXPECT_GT(RunSession(ZEL_DOCS "/first-hour.md").size(), 12U);
+}
+
+TEST_F(DocumentsTest, SheetOfTheFirstHourIsAsShown) {
+  std::string sheet = FileText(ZEL_EXAMPLES "/lab.csv");
+  EXPECT_EQ(sheet.substr(0, 3), "\xef\xbb\xbf") << "no byte order mark";
+  EXPECT_NE(sheet.find("\r\n"), std::string::npos);
+  sheet.erase(std::remove(sheet.begin(), sheet.end(), '\r'), sheet.end());
+  EXPECT_NE(FileText(ZEL_DOCS "/first-hour.md").find("```text\n" + sheet.substr(3) + "```"),
+            std::string::npos);
 }
 
 TEST_F(DocumentsTest, SessionAndPlotOfTheReadme) {

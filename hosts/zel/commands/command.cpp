@@ -11,6 +11,7 @@
 
 #include "commands/completion.h"
 #include "commands/manual.h"
+#include "commands/usage_hints.h"
 #include "desk/files/standard_output.h"
 #include "desk/open/names_library.h"
 #include "desk/words/failure.h"
@@ -64,8 +65,8 @@ std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int cou
       return "'" + std::string(first) + "' is not a zel command" +
              DidYouMean(first, CommandNames(app)) + " see zel --help";
     }
-    return std::string(error.what()) + NearestOption(app, first, count, words) + " see zel " +
-           first + " --help";
+    return std::string(error.what()) + UsageHint(app, first, error) +
+           NearestOption(app, first, count, words) + " see zel " + first + " --help";
   }
   return std::string(error.what()) + "; see zel --help";
 }
@@ -291,7 +292,10 @@ CommandLine::CommandLine(Session& session)
 
 CommandLine::~CommandLine() = default;
 
-int CommandLine::Run(int count, char** words) {
+int CommandLine::Run(int given, char** givenWords) {
+  std::vector<char*> line = WithoutHelpWord(given, givenWords);
+  int const count = static_cast<int>(line.size());
+  char** const words = line.data();
   // For the scripts of the shells: the words may be a part of a command line only.
   if (count > 1 && std::strcmp(words[1], "--complete") == 0) {
     if (char const* const names = std::getenv("ZEL_NAMES")) session_.namesPath = names;

@@ -78,7 +78,36 @@ Report EvalGrid(Session& session, Options const& o) {
   return report;
 }
 
+// A correlation in front of a component is a line in the order of `plot`.
+void CheckOrder(Options const& o) {
+  zel::ZelCorrelationInfo const* const found = FindCorrelation(o.component);
+  if (found == nullptr || FindCorrelation(o.correlation) != nullptr) return;
+  if (FindConstant(o.correlation) != nullptr) return;
+  throw WrongUsage("the component is the first word: zel eval " + o.correlation + " " +
+                   found->name);
+}
+
+// What to say about a number without a unit that is below the range in K, but would be within it in
+// degrees Celsius; empty if there is no such number.
+std::string HintForBareNumber(Options const& o, Curve const& curve, DisplayUnits const& units) {
+  constexpr std::int32_t kCelsius = kKelvin + 1;
+  bool const isOpen = zel::gen_IsUndefDouble(curve.tMin) || zel::gen_IsUndefDouble(curve.tMax);
+  if (isOpen || units.UnitFor("K") != "K") return "";
+  for (std::string const& word : o.at) {
+    if (word.find_first_not_of("0123456789.") != std::string::npos) continue;
+    double const kelvin = ParseTemperature(word, units).In(kKelvin);
+    double const low = zel::ConvertTemperature(curve.tMin, curve.tempUnit, kKelvin);
+    double const high = zel::ConvertTemperature(curve.tMax, curve.tempUnit, kKelvin);
+    double const celsius = zel::ConvertTemperature(kelvin, kCelsius, kKelvin);
+    if (kelvin < low && celsius >= low && celsius <= high) {
+      return word + " is in K and below the range; " + word + "C is in degrees Celsius";
+    }
+  }
+  return "";
+}
+
 Report Eval(Session& session, Options const& o) {
+  CheckOrder(o);
   if (!o.moreComponents.empty() || !o.moreCorrelations.empty()) return EvalGrid(session, o);
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
   if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives must be 0 to 3");
@@ -102,7 +131,8 @@ Report Eval(Session& session, Options const& o) {
     columns.push_back({name, std::string(value).append("/").append(unit).append(power)});
   }
   columns.push_back({"range", ""});
-  std::string const warning = WarningOf(o.component, info, curve);
+  std::string warning = WarningOf(o.component, info, curve);
+  if (warning.empty()) warning = HintForBareNumber(o, curve, session.units);
   if (!warning.empty()) report.Warning("warning", warning);
   Table& table = report.Begin("points", columns);
   bool hasAny = false;

@@ -52,7 +52,14 @@ LibraryChange ChangeFor(Session& session, Options const& o) {
   if (!fs::exists(o.path) && o.create) {
     return LibraryChange::New(session, o.path, {zel::libKind11, false, ModeOf(o.mode)}, o.change);
   }
-  return {session, o.path, o.change};
+  return ExistingLibrary(session, o.path, o.change, "--create makes it");
+}
+
+// Tables have an option of their own.
+void RefuseTable(std::string const& file) {
+  std::string const ending = LowerCase(fs::path(file).extension().string());
+  if (ending != ".csv" && ending != ".tsv" && ending != ".json") return;
+  throw WrongUsage(file + ": a table is read with --table " + file + " --bank BANK");
 }
 
 zel::zelImportChecks ChecksOf(Options const& o) {
@@ -101,6 +108,7 @@ Report Import(Session& session, Options const& o) {
   for (std::string const& file : o.files) {
     if (!fs::exists(file)) throw Failure(file + ": not found");
     if (!fs::is_regular_file(file)) throw Failure(file + ": is not a file");
+    RefuseTable(file);
   }
   if (o.bank.size() >= kNameSize) throw Failure("a bank's name has 1 to 8 characters: " + o.bank);
   bool const isNew = o.create && !fs::exists(o.path);

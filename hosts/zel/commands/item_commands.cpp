@@ -95,7 +95,7 @@ Report Copy(Session& session, Options const& o) {
   bool const isNew = o.create && !std::filesystem::exists(o.path);
   LibraryChange change =
       isNew ? LibraryChange::New(session, o.path, {zel::libKind11, false, ModeOf(o.mode)}, o.change)
-            : LibraryChange(session, o.path, o.change);
+            : ExistingLibrary(session, o.path, o.change, "--create makes it");
   Library const& to = change.Open();
   Report report;
   Table& table = report.Begin("copied", {{"bank", ""}, {"items", ""}});

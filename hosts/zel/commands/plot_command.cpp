@@ -6,6 +6,7 @@
 #include "commands/shared_options.h"
 #include "desk/files/output_file.h"
 #include "desk/open/named_correlation.h"
+#include "desk/open/pure_component.h"
 #include "desk/pictures/plot.h"
 #include "desk/tables/plot_points.h"
 #include "desk/words/failure.h"
@@ -40,8 +41,20 @@ Kind KindOf(Session const& session, std::string const& output) {
   throw WrongUsage(output + ": a plot is written as .svg (the chart) or .csv (its curves)");
 }
 
+// A correlation among the components is a line in the order of `eval`.
+void CheckOrder(PlotOptions const& plot) {
+  if (FindCorrelation(plot.correlation) != nullptr) return;
+  for (std::string const& word : plot.components) {
+    zel::ZelCorrelationInfo const* const found = FindCorrelation(word);
+    if (found == nullptr) continue;
+    throw WrongUsage(std::string("the correlation is the first word: zel plot ") + found->name +
+                     " " + plot.correlation);
+  }
+}
+
 Report DrawPlot(Session& session, Options const& o) {
   Kind const kind = KindOf(session, o.output);
+  CheckOrder(o.plot);
   PreferenceList list(session, o.sources);
   PlotOptions options = o.plot;
   options.units = session.units;

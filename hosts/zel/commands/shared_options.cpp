@@ -74,6 +74,16 @@ void PutInPlaceAfter(Report& report, LibraryChange change) {
   report.SetChange([held] { held->PutInPlace(); });
 }
 
+LibraryChange ExistingLibrary(Session& session, std::string const& path,
+                              ChangeOptions const& options, std::string const& advice) {
+  try {
+    return {session, path, options};
+  } catch (Error const& failure) {
+    if (std::filesystem::exists(path)) throw;
+    throw Failure(failure.what() + std::string("; ") + advice);
+  }
+}
+
 void AddStrict(Command& command) {
   command.Flag("--strict", command.InSession().isStrict,
                "stop at the first item that cannot be read");

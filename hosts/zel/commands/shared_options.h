@@ -34,6 +34,10 @@ void AddWarnings(PreferenceList const& list, Report& report);
 // was changed.
 void PutInPlaceAfter(Report& report, LibraryChange change);
 
+// The change of a library that must exist; if it does not, the message ends with the advice.
+LibraryChange ExistingLibrary(Session& session, std::string const& path,
+                              ChangeOptions const& options, std::string const& advice);
+
 // Adds --strict to a command that walks over items.
 void AddStrict(Command& command);
 

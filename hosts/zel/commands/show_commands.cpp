@@ -1,4 +1,5 @@
 // show, find
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <optional>
@@ -22,6 +23,7 @@ struct Options {
   std::string bank;
   std::vector<std::string> words;
   bool complete = false;
+  std::string text;
   std::string name;
   std::string id;
   std::string cas;
@@ -144,6 +146,17 @@ bool AnyMatches(std::string const& pattern, std::vector<std::string> const& text
   return false;
 }
 
+// A part of the name, an ID, the CAS number, the formula or the number.
+bool IsMeant(std::string const& text, Identity const& identity) {
+  if (text.empty()) return true;
+  std::vector<std::string> others = identity.ids;
+  others.insert(others.end(), {identity.cas, identity.formula, std::to_string(identity.number)});
+  bool const isOther = std::any_of(others.begin(), others.end(), [&](std::string const& one) {
+    return LowerCase(one) == LowerCase(text);
+  });
+  return isOther || LowerCase(identity.name).find(LowerCase(text)) != std::string::npos;
+}
+
 Report Find(Session& session, Options const& o) {
   std::optional<Span> const boiling =
       ParseTemperatureSpan(o.boiling, "a boiling point", session.units);
@@ -170,8 +183,8 @@ Report Find(Session& session, Options const& o) {
         Identity const identity = component.ReadIdentity();
         double const nbp = component.Constant(zel::propertyNBP);
         double const mw = component.Constant(zel::propertyMW);
-        bool const fits = AnyMatches(o.name, {identity.name}) && AnyMatches(o.id, identity.ids) &&
-                          AnyMatches(o.cas, {identity.cas}) &&
+        bool const fits = IsMeant(o.text, identity) && AnyMatches(o.name, {identity.name}) &&
+                          AnyMatches(o.id, identity.ids) && AnyMatches(o.cas, {identity.cas}) &&
                           AnyMatches(o.formula, {identity.formula}) &&
                           (!boiling || boiling->Has(nbp)) && (!weight || weight->Has(mw));
         if (!fits) continue;
@@ -201,6 +214,7 @@ void AddShowCommands(CommandLine& line) {
                "zel find crc.lb1 --name \"*butan*\" --nbp 250:320");
   find.Argument("LIBRARY", o->path, "a library file")
       .Library(o->path)
+      .OptionalArgument("TEXT", o->text, "part of a name, or an ID, CAS number or formula")
       .Option("--bank", o->bank, "look in this bank only", "BANK")
       .Option("--name", o->name, "\"*\" matches any text, \"?\" one character", "PATTERN")
       .Option("--id", o->id, "the same for the IDs", "PATTERN")

@@ -1,5 +1,6 @@
 #include "commands/table_files.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "commands/shared_options.h"
@@ -18,6 +19,7 @@ void AddTableInput(Command& command, TableOptions& options) {
       .Option("--map", options.columns.mapPath, "lines HEAD = MEANING, MEANING := VALUE", "FILE")
       .Option("--ignore", options.columns.ignored, "leave these columns out", "HEAD...")
       .Option("--where", options.columns.where, "only rows with this cell", "HEAD=VALUE...")
+      .Flag("--decimal-comma", options.columns.decimalComma, "numbers are written 351,39")
       .Flag("--skip-bad", options.skipBad, "import the other rows if some are refused");
 }
 
@@ -25,6 +27,17 @@ void AddTableOutput(Command& command, TableOptions& options) {
   command.Option("--table", options.path, "a table (.csv, .tsv, .json) instead; - for CSV", "FILE")
       .Option("--kind", options.kind, "of components: constants, correlations or groups", "KIND");
 }
+
+namespace {
+
+bool HasDecimalCommas(Table const& rows) {
+  auto const hasOne = [](std::vector<Cell> const& row) {
+    return CellText(row.back()).find("the decimal sign is a point") != std::string::npos;
+  };
+  return std::any_of(rows.Rows().begin(), rows.Rows().end(), hasOne);
+}
+
+}  // namespace
 
 Report ImportTableFile(Session& session, LibraryChange change, std::string const& bank,
                        TableOptions const& options, bool listAll) {
@@ -47,7 +60,10 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
   report.Fact("changed", imported.changed);
   report.Fact("the same", imported.same);
   report.Fact("refused", imported.refused);
+  bool const hasCommas = HasDecimalCommas(imported.rows);
   report.Add(std::move(imported.rows));
+  // Nothing to keep a version of.
+  if (imported.read > 0 && imported.same == imported.read && !change.IsDryRun()) return report;
   if (imported.refused == 0 || options.skipBad) {
     PutInPlaceAfter(report, std::move(change));
     return report;
@@ -55,8 +71,9 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
   Write(Print(report, session.form));
   throw Failure(options.path + ": " + std::to_string(imported.refused) + " of " +
                 std::to_string(imported.read) +
-                " rows are refused, see the report; nothing is changed; --skip-bad imports the "
-                "others");
+                " rows are refused, see the report; nothing is changed; " +
+                (hasCommas ? "--decimal-comma reads numbers such as 351,39"
+                           : "--skip-bad imports the others"));
 }
 
 Report ExportTableFile(Session& session, std::string const& library, std::string const& bank,
