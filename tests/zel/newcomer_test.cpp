@@ -39,7 +39,8 @@ TEST_F(NewcomerTest, MissingWordsAreShownInTheirLine) {
   Fails("show perry.lb1 ETHANOL", kWrongUsage,
         "ITEM is required; usage: zel show LIBRARY BANK ITEM...; see zel show --help");
   Fails("items perry.lb1", kWrongUsage, "usage: zel items LIBRARY BANK;");
-  Fails("why ETHANOL NBP", kWrongUsage, "usage: zel why COMPONENT DATUM -l SOURCE;");
+  Fails("why ETHANOL NBP", kWrongUsage, "--lib is required: -l LIBRARY, once for each;");
+  Fails("why ETHANOL -l crc.lb1", kWrongUsage, "usage: zel why COMPONENT DATUM -l SOURCE;");
   Fails("sheet ETHANOL -l perry.lb1", kWrongUsage, "-l SOURCE -o FILE;");
 }
 

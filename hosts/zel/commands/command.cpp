@@ -211,7 +211,7 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
     UseDefaults(session);
     if (sources != nullptr && sources->empty()) *sources = session.defaults.File().libraries;
     if (sources != nullptr && sources->empty()) {
-      throw WrongUsage("--lib is required; see zel " + name + " --help");
+      throw WrongUsage("--lib is required: -l LIBRARY, once for each; see zel " + name + " --help");
     }
     for (LibraryWords const& words : libraries) {
       if (words.mayBeNew != nullptr && *words.mayBeNew) continue;

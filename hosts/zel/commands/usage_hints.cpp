@@ -25,7 +25,8 @@ std::string LineOf(CLI::App const& command) {
     line += option->get_required() ? " " + name : " [" + name + "]";
   }
   for (CLI::Option const* option : command.get_options()) {
-    if (option->get_positional() || !option->get_required()) continue;
+    bool const isSource = option->check_lname("lib");
+    if (option->get_positional() || !(option->get_required() || isSource)) continue;
     line += option->get_snames().empty() ? " --" + option->get_lnames().front()
                                          : " -" + option->get_snames().front();
     line += " " + option->get_type_name();
@@ -37,7 +38,7 @@ std::string LineOf(CLI::App const& command) {
 
 std::string UsageHint(CLI::App const& app, std::string const& name, CLI::ParseError const& error) {
   CLI::App const& command = *app.get_subcommand(name);
-  std::string const usage = "; usage: " + LineOf(command);
+  std::string usage = "; usage: " + LineOf(command);
   auto const is = [&](CLI::ExitCodes code) {
     return error.get_exit_code() == static_cast<int>(code);
   };
