@@ -100,7 +100,9 @@ std::string HintForBareNumber(Options const& o, Curve const& curve, DisplayUnits
     double const high = zel::ConvertTemperature(curve.tMax, curve.tempUnit, kKelvin);
     double const celsius = zel::ConvertTemperature(kelvin, kCelsius, kKelvin);
     if (kelvin < low && celsius >= low && celsius <= high) {
-      return word + " is in K and below the range; " + word + "C is in degrees Celsius";
+      std::string hint = word;
+      hint.append(" is in K and below the range; ").append(word).append("C is in degrees Celsius");
+      return hint;
     }
   }
   return "";
