@@ -8,13 +8,16 @@ Numbers go over digit by digit. `xml/sample.xml` is a library of pair, group and
 `import` tags. `xml/alkanes.xml` is a bank of its own.
 """
 
+import csv
 import pathlib
+import re
 import sys
 from xml.sax.saxutils import escape, quoteattr
 
 DATA = pathlib.Path(__file__).resolve().parent
 BANK = "SAMPLE"
 ATMOSPHERE = "101.325"  # kPa
+LONGEST_MEMO = 3999
 
 SOURCES = {
     "PERRY": "Perry's handbook",
@@ -163,18 +166,51 @@ def bank(folder, file, bank_type, name, tables, items):
           [f'<bank type="{bank_type}" name="{name}">'] + items + ["</bank>"])
 
 
-def library(folder, file, description, imports):
+def citations(lines):
+    """A line for each reference code of the items: what is cited for it."""
+    text = (DATA / "references.txt").read_text(encoding="utf-8")
+    known = dict(line.split(maxsplit=1) for line in text.splitlines() if not line.startswith("#"))
+    codes = {int(code) for line in lines
+             for code in re.findall(r'<refCode> ([0-9]+) |refCode="([0-9]+)"', line) for code in code if code}
+    return [f"ref {code}: {known[str(code)]}" for code in sorted(codes)]
+
+
+def meanings():
+    """A line for each parameter of a model: how the data use it."""
+    lines = []
+    with open(DATA / "parameters.csv", encoding="utf-8", newline="") as file:
+        for row in csv.DictReader(file):
+            head = "equation " + row["type"]
+            if row["field"] != "equation":
+                unit = f" [{row['unit']}]" if row["unit"] else ""
+                head = f"parameter {row['type']} {row['field']}{unit}"
+            lines.append(f"{head}: {row['meaning']}")
+    return lines
+
+
+def memo(notes):
+    """The memo of a library: notes that travel with it, see docs/notes.md."""
+    size = len("\n".join(notes).encode("utf-8"))
+    if size > LONGEST_MEMO:
+        sys.exit(f"a memo would have {size} characters")
+    lines = ["    <![CDATA[ " + notes[0]] + ["            [ " + note for note in notes[1:]]
+    return ["  <memo>"] + lines[:-1] + [lines[-1] + "]]>", "  </memo>"]
+
+
+def library(folder, file, description, imports, notes):
     lines = header(f'library "{description}"', ["data"])
     lines += ["<library>", f"  <description> {escape(description)} </description>",
-              "  <version> 1 </version>"]
+              "  <version> 1 </version>"] + memo(notes)
     lines += [f"  <import file={quoteattr(name)} />" for name in imports]
     write(folder, file, lines + ["</library>"])
 
 
 def sample(folder):
     files = []
+    written = []
 
     def add(bank_type, tables, items):
+        written.extend(items)
         files.append(f"sample-{bank_type.lower()}.xml")
         bank(folder, files[-1], bank_type, BANK, tables, items)
 
@@ -183,7 +219,8 @@ def sample(folder):
     add("GRPDESC", ["unifac_groups.txt"], group_names())
     add("UNFORIG", ["unifac_groups.txt", "unifac_interactions.txt"], group_set())
     add("STRUCT", ["unifac_structures.txt"], structure_items())
-    library(folder, "sample.xml", "Published pair and group parameters", files)
+    library(folder, "sample.xml", "Published pair and group parameters", files,
+            citations(written) + meanings())
     alkanes = [row for row in table("rackett.txt") if row["component"] in ALKANES]
     bank(folder, "alkanes.xml", "RACKETT", "ALKANES", ["rackett.txt"],
          component_items(alkanes, ["component"], named("zRa")))
@@ -236,7 +273,7 @@ def pure(folder):
                 lines += component(row, smiles.get(main_id), constants.get(main_id, []),
                                    curves.get(main_id, []))
         bank(folder, f"{stem}-purecomp.xml", "PURECOMP", source, tables, lines)
-        library(folder, f"{stem}.xml", what, [f"{stem}-purecomp.xml"])
+        library(folder, f"{stem}.xml", what, [f"{stem}-purecomp.xml"], citations(lines))
 
 
 def main():

@@ -1,4 +1,9 @@
 set(desk_SOURCES
+    annotate/bibtex.cpp
+    annotate/latex_text.cpp
+    annotate/parameter_table.cpp
+    annotate/reference_files.cpp
+    annotate/references.cpp
     change/library_change.cpp
     change/undo.cpp
     change/work_folder.cpp
@@ -30,6 +35,16 @@ set(desk_SOURCES
     files/output_file.cpp
     files/settings_file.cpp
     files/standard_output.cpp
+    notes/carried_notes.cpp
+    notes/citation_changes.cpp
+    notes/citations.cpp
+    notes/cited_codes.cpp
+    notes/item_codes.cpp
+    notes/memo.cpp
+    notes/merged_citations.cpp
+    notes/note_lines.cpp
+    notes/parameter_meanings.cpp
+    notes/utf8.cpp
     open/change_places.cpp
     open/component_name.cpp
     open/configuration.cpp

@@ -4,9 +4,13 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <utility>
 
 #include "desk/combine/bank_copy.h"
 #include "desk/combine/item_numbers.h"
+#include "desk/notes/carried_notes.h"
+#include "desk/notes/memo.h"
+#include "desk/notes/merged_citations.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/words/failure.h"
@@ -18,7 +22,13 @@ struct Counts {
   std::int64_t items = 0;
   std::int64_t constants = 0;
   std::int64_t correlations = 0;
+  CodeCounts codes;
 };
+
+void AddIdentityCode(PureComponent const& component, CodeCounts& codes) {
+  std::int32_t const code = component.ReadIdentity().refCode;
+  if (code > 0) ++codes[static_cast<std::uint32_t>(code)];
+}
 
 class Flattener {
  public:
@@ -74,11 +84,13 @@ Flattened Flattener::Take() {
   for (std::size_t i = 0; i < list_.Count(); ++i) {
     result_.taken.Add(list_.Name(i), ToText(components), counts_[i].items, counts_[i].constants,
                       counts_[i].correlations);
+    CarryNotes(LibraryAt(list_, i), BankAt(list_, i), *PureComponent().Def(), counts_[i].codes, to_,
+               components);
   }
   result_.components = static_cast<std::int64_t>(written_.size());
   for (std::size_t i = 0; i < list_.Libraries().size(); ++i) {
     for (BankName const& bank : list_.Libraries()[i].Banks()) {
-      if (bank.type != kPureType) Bank(i, bank);
+      if (bank.type != kPureType && !IsNotesBank(bank)) Bank(i, bank);
     }
   }
   return std::move(result_);
@@ -126,20 +138,26 @@ void Flattener::Component(std::string const& word) {
 void Flattener::Count(std::string const& word, std::int32_t number) {
   std::set<std::uint32_t> constants;
   std::set<std::uint32_t> curves;
+  bool isFirst = true;
   for (std::size_t i = 0; i < list_.Count(); ++i) {
     PureComponent const part;
     if (!list_.Read(i, word, part)) continue;
+    if (std::exchange(isFirst, false)) AddIdentityCode(part, counts_[i].codes);
     std::int32_t const own = part.Compared().number;
     done_.insert({i, own});
     numbers_.emplace(InLibrary{list_.LibraryOf(i), own}, number);
     ++counts_[i].items;
     for (auto const& row : Constants()) {
       if (zel::gen_IsUndefDouble(part.Constant(row.index))) continue;
-      if (constants.insert(row.index).second) ++counts_[i].constants;
+      if (!constants.insert(row.index).second) continue;
+      ++counts_[i].constants;
+      ++counts_[i].codes[part.ConstantCode(row.index)];
     }
     for (auto const& row : Correlations()) {
-      if (!part.ReadCurve(IndexOf(row)).present) continue;
-      if (curves.insert(IndexOf(row)).second) ++counts_[i].correlations;
+      Curve const curve = part.ReadCurve(IndexOf(row));
+      if (!curve.present || !curves.insert(IndexOf(row)).second) continue;
+      ++counts_[i].correlations;
+      ++counts_[i].codes[curve.refCode];
     }
   }
 }
@@ -163,9 +181,13 @@ void Flattener::Bank(std::size_t library, BankName const& bank) {
   std::vector<StoredWords> keys;
   from.Walk(bank, [&] { keys = Keys(from, bank, *item); });
   std::int64_t taken = 0;
+  CodeCounts codes;
   for (StoredWords const& stored : keys) {
-    if (Item(library, bank, target, *item, stored, Joined(words.Of(stored)))) ++taken;
+    if (!Item(library, bank, target, *item, stored, Joined(words.Of(stored)))) continue;
+    ++taken;
+    AddCodes(*item, codes);
   }
+  CarryNotes(from, bank, *item, codes, to_, target);
   result_.items += taken;
   result_.taken.Add(from.Path() + ":" + bank.name, ToText(target), taken, Cell(), Cell());
 }

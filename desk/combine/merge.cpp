@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "desk/combine/bank_copy.h"
+#include "desk/notes/carried_notes.h"
+#include "desk/notes/memo.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/item_values.h"
@@ -49,6 +51,7 @@ class Merger {
     std::int64_t added = 0;
     std::int64_t same = 0;
     std::int64_t differing = 0;
+    CodeCounts codes;  // of the items that are written
   };
 
   std::vector<BankName> Banks() const;
@@ -69,7 +72,7 @@ class Merger {
 
 std::vector<BankName> Merger::Banks() const {
   std::vector<BankName> banks;
-  if (options_.banks.empty()) banks = from_.Banks();
+  if (options_.banks.empty()) banks = DataBanks(from_);
   for (std::string const& word : options_.banks) banks.push_back(from_.Bank(word));
   // Components first, because pairs refer to them.
   std::stable_partition(banks.begin(), banks.end(),
@@ -100,6 +103,7 @@ void Merger::Bank(BankName const& bank) {
   for (auto const& stored : keys) {
     Item(bank, ours, theirs, stored, Joined(words.Of(stored)), counts);
   }
+  if (!IsListing()) CarryNotes(from_, bank, theirs.Def(), counts.codes, library_, bank);
   result_.banks.Add(ToText(bank), counts.added, counts.same, counts.differing);
 }
 
@@ -115,7 +119,9 @@ void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& thei
   }
   if (!ours.Read(library_, bank, *key)) {
     ++counts.added;
-    if (!IsListing()) WriteItem(library_, bank, theirs.Def(), *key, shown);
+    if (IsListing()) return;
+    WriteItem(library_, bank, theirs.Def(), *key, shown);
+    AddCodes(theirs.Def(), counts.codes);
     return;
   }
   std::vector<DifferingValue> const found = DifferingValues(ours.Values(), theirs.Values());
@@ -129,7 +135,9 @@ void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& thei
   for (DifferingValue const& value : found) {
     if (IsListing()) result_.differences.Add(place, value.name, value.one, value.other);
   }
-  if (options_.side == MergeSide::kTheirs) WriteItem(library_, bank, theirs.Def(), *key, shown);
+  if (options_.side != MergeSide::kTheirs) return;
+  WriteItem(library_, bank, theirs.Def(), *key, shown);
+  AddCodes(theirs.Def(), counts.codes);
 }
 
 void Merger::CheckSubstance(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,

@@ -7,6 +7,7 @@
 
 #include "desk/combine/bank_copy.h"
 #include "desk/edit/edit_values.h"
+#include "desk/notes/carried_notes.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/item_values.h"
@@ -126,7 +127,10 @@ void Edit::CopyFirst(Item const& item) {
   if (!from_->Maint().ReadItem(&item.Def(), bank.name.c_str(), asStored.get())) {
     RefuseItem(*from_, bank, edited_.item, "cannot be read");
   }
+  CodeCounts codes;
+  AddCodes(item.Def(), codes);
   WriteItem(library_, edited_.bank, item.Def(), *asStored, edited_.item);
+  CarryNotes(*from_, bank, item.Def(), codes, library_, edited_.bank);
   if (facts.keyKind == 0) words_ = AsNumbers(*from_, words_);
   edited_.copiedFrom = from_->Path() + ":" + bank.name;
   if (!Read(item)) RefuseItem(library_, edited_.bank, edited_.item, "cannot be read");

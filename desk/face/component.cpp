@@ -21,6 +21,11 @@ zel::ZelConstantInfo const* InfoOf(std::uint32_t index) {
   return at == all.end() ? nullptr : &*at;
 }
 
+Citation CitationIn(std::map<std::uint32_t, Citation> const& citations, std::uint32_t index) {
+  auto const at = citations.find(index);
+  return at == citations.end() ? Citation{} : at->second;
+}
+
 std::optional<double> InKelvin(double value, std::int32_t unit) {
   if (zel::gen_IsUndefDouble(value)) return std::nullopt;
   return zel::ConvertTemperature(value, unit, kKelvin);
@@ -88,20 +93,30 @@ std::optional<ConstantValue> Component::Constant(zel::Constant constant,
   std::vector<double> value = {component.Completed(index)};
   if (zel::gen_IsUndefDouble(value[0]) || !std::isfinite(value[0])) return std::nullopt;
   shown.Convert(value);
-  return ConstantValue{value[0], shown.Text(), component.ConstantSource(index),
-                       component.ConstantCode(index), component.State(index)};
+  Citation const citation = CitationIn(data_->citations.constants, index);
+  return ConstantValue{value[0],
+                       shown.Text(),
+                       component.ConstantSource(index),
+                       component.ConstantCode(index),
+                       component.State(index),
+                       citation.text,
+                       citation.doi};
 }
 
 std::optional<CorrelationData> Component::Correlation(zel::Correlation correlation) const {
-  Curve const curve = data_->component.ReadCurve(static_cast<std::uint32_t>(correlation));
+  auto const index = static_cast<std::uint32_t>(correlation);
+  Curve const curve = data_->component.ReadCurve(index);
   if (!curve.present) return std::nullopt;
+  Citation const citation = CitationIn(data_->citations.curves, index);
   return CorrelationData{curve.equation,
                          curve.coefficients,
                          InKelvin(curve.tMin, curve.tempUnit),
                          InKelvin(curve.tMax, curve.tempUnit),
                          zel::GetUnitCodeName(curve.propUnit),
                          curve.source,
-                         curve.refCode};
+                         curve.refCode,
+                         citation.text,
+                         citation.doi};
 }
 
 CorrelationValues Component::Evaluate(zel::Correlation correlation,

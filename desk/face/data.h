@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "desk/notes/citations.h"
+#include "desk/notes/merged_citations.h"
 #include "desk/open/names_library.h"
 #include "desk/open/preference_list.h"
 #include "desk/open/pure_component.h"
@@ -16,12 +18,16 @@ namespace zel::desk {
 struct ComponentData {
   std::string word;  // by which it was asked for
   PureComponent component;
+  MergedCitations citations;
 };
 
 struct ItemData {
   std::string type;
   std::string source;
   std::vector<ItemField> fields;
+  std::string citation;
+  std::string doi;
+  std::string equation;
 };
 
 struct LibrariesData {
@@ -29,6 +35,7 @@ struct LibrariesData {
 
   Session session;
   PreferenceList list;
+  Citations citations;
 };
 
 }  // namespace zel::desk

@@ -9,6 +9,12 @@ namespace zel::desk {
 
 std::string const& Item::Source() const { return data_->source; }
 
+std::string const& Item::Citation() const { return data_->citation; }
+
+std::string const& Item::Doi() const { return data_->doi; }
+
+std::string const& Item::Equation() const { return data_->equation; }
+
 std::vector<ItemField> const& Item::Fields() const { return data_->fields; }
 
 ItemField const& Item::Field(std::string const& name) const {

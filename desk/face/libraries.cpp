@@ -7,6 +7,8 @@
 
 #include "desk/face/data.h"
 #include "desk/face/guarded.h"
+#include "desk/notes/item_codes.h"
+#include "desk/notes/parameter_meanings.h"
 #include "desk/open/configuration.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
@@ -41,7 +43,7 @@ double OrNan(double value) {
 }
 
 ItemField FieldOf(zel::IZelBankDef& bank, Field const& field) {
-  ItemField result{field.name, field.label, field.unit, {}, ""};
+  ItemField result{field.name, field.label, field.unit, {}, "", ""};
   auto const count = static_cast<std::size_t>(field.count > 1 ? field.count : 1);
   if (field.type == zel::fieldReal) {
     result.values.assign(count, zel::gen_GetUndefDouble());
@@ -59,6 +61,26 @@ ItemField FieldOf(zel::IZelBankDef& bank, Field const& field) {
     if (!std::holds_alternative<std::monostate>(cell)) result.text = CellText(cell);
   }
   return result;
+}
+
+void AddNotes(Library const& library, BankName const& bank, zel::IZelBankDef& item,
+              Citations& citations, ItemData& data) {
+  ModelMeaning const model = MeaningIn(library, bank, item);
+  data.equation = model.equation;
+  for (ParameterMeaning const& parameter : model.parameters) {
+    auto const field =
+        std::find_if(data.fields.begin(), data.fields.end(),
+                     [&](ItemField const& one) { return one.name == parameter.field; });
+    field->unit = parameter.unit;
+    field->meaning = parameter.meaning;
+  }
+  CodeCounts codes;
+  AddCodes(item, codes);
+  if (codes.empty()) return;
+  Citation const* const citation = citations.Find(library, bank, codes.begin()->first);
+  if (citation == nullptr) return;
+  data.citation = citation->text;
+  data.doi = citation->doi;
 }
 
 // The words of a key of components as numbers, so that a library that does not know the IDs is
@@ -104,6 +126,7 @@ desk::Component Libraries::Component(std::string const& word) const {
     auto const found = std::make_shared<ComponentData>();
     found->word = word;
     data_->list.Search(word, found->component);
+    found->citations = CitationsOf(data_->list, word, data_->citations);
     return desk::Component(found);
   });
 }
@@ -144,6 +167,7 @@ desk::Item Libraries::Item(std::string const& type, std::vector<std::string> con
         data->type = facts.type;
         data->source = library.Path() + ":" + ToText(bank);
         for (Field const& field : FieldsOf(*item)) data->fields.push_back(FieldOf(*item, field));
+        AddNotes(library, bank, *item, data_->citations, *data);
         return desk::Item(data);
       }
       looked += (looked.empty() ? "" : ", ") + library.Path();

@@ -89,7 +89,7 @@
       : '<p class="noprint"><label for="bank">Bank</label> <select id="bank">' + data.pairs.map((bank, i) =>
         '<option value="' + i + '">' + esc(bank.type + ", " + bank.source) + " (" + bank.pairs.length +
         ")</option>").join("") + '</select></p><p class="pick" id="pick" role="status">' +
-        "Point at a square, or move to it with the tab key, to see its pair.</p><div id=\"map\"></div>");
+        "Point at a square, or move to it with the tab key, to see its pair.</p><div id=\"meaning\"></div><div id=\"map\"></div>");
     if (data.pairs.length === 0) return;
     const select = main.querySelector("#bank");
     select.addEventListener("change", () => drawMap(data.pairs[select.value]));
@@ -99,7 +99,18 @@
     const component = byNumber.get(number);
     return component ? component.ids[0] || component.name : String(number);
   }
+  // How the data of a bank use the parameters of its model.
+  function meaningOf(bank) {
+    if (bank.parameters.length === 0) return "";
+    const known = (text) => text ? esc(text) : '<span class="soft">not known</span>';
+    return '<details><summary>How ' + esc(bank.source) + " uses the parameters of " + esc(bank.type) +
+      '</summary><div class="wide"><table class="small"><thead><tr>' + ["Field", "Unit", "Meaning"].map((head) =>
+      '<th scope="col">' + head + "</th>").join("") + "</tr></thead><tbody>" + bank.parameters.map((row) =>
+      '<tr><th scope="row">' + esc(row[0]) + "</th><td>" + known(row[1]) + "</td><td>" + known(row[2]) +
+      "</td></tr>").join("") + "</tbody></table></div></details>";
+  }
   function drawMap(bank) {
+    main.querySelector("#meaning").innerHTML = meaningOf(bank);
     const numbers = [...new Set(bank.pairs.flat())].sort((a, b) => labelOf(a).localeCompare(labelOf(b)));
     const place = new Map(numbers.map((n, i) => [n, i]));
     const cell = 11;

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 
+#include "desk/notes/item_codes.h"
+#include "desk/notes/merged_citations.h"
+#include "desk/notes/parameter_meanings.h"
 #include "desk/open/fields.h"
 #include "desk/pages/equation_texts.h"
 #include "desk/pages/json_text.h"
@@ -41,6 +44,17 @@ std::string DerivedOf(PureComponent const& merged, DisplayUnits const& units) {
     rows.push_back(JsonList({Whole(static_cast<std::int64_t>(i)),
                              JsonNumber(units.Shown(merged.Completed(index), Constants()[i].unit)),
                              JsonText(merged.ConstantSource(index))}));
+  }
+  return JsonList(rows);
+}
+
+// The equation, and field, unit and meaning of each parameter; empty texts for what is not known.
+std::string MeaningsOf(ModelMeaning const& model) {
+  std::vector<std::string> rows;
+  Table table("parameters", MeaningColumns(""));
+  AddMeanings(model, "", table);
+  for (auto const& row : table.Rows()) {
+    rows.push_back(JsonList({WordOf(row[0]), WordOf(row[1]), WordOf(row[2])}));
   }
   return JsonList(rows);
 }
@@ -107,6 +121,16 @@ std::string PageData::CurveIn(std::uint32_t index, Curve const& curve,
                    JsonList(coefficients), JsonNumber(SampleFrom(index, curve, component))});
 }
 
+void PageData::Cite(std::size_t source, PureComponent const& component) {
+  CodeCounts codes;
+  AddCodes(*component.Def(), codes);
+  for (auto const& [code, count] : codes) {
+    Citation const* const citation =
+        citations_.Find(LibraryAt(list_, source), BankAt(list_, source), code);
+    if (citation != nullptr) cited_.emplace(std::pair(source, code), *citation);
+  }
+}
+
 // The first source that has a curve wins; its curve is then evaluated with the merged constants, as
 // a host evaluates it.
 std::string PageData::PartOf(std::size_t source, PureComponent const& own,
@@ -131,6 +155,7 @@ std::size_t PageData::AddComponent(std::string const& word) {
   for (std::size_t i = 0; i < list_.Count(); ++i) {
     PureComponent own;
     if (!list_.Read(i, word, own)) continue;
+    Cite(i, own);
     parts.push_back(PartOf(i, own, merged, isTaken));
     sources.push_back(i);
   }
@@ -175,6 +200,7 @@ void PageData::AddPairs() {
       counts_.pairs += static_cast<std::int64_t>(pairs.size());
       pairs_.push_back("{\"type\":" + JsonText(bank.type) +
                        ",\"source\":" + JsonText(library.Path() + ":" + bank.name) +
+                       ",\"parameters\":" + MeaningsOf(MeaningIn(library, bank, *item)) +
                        ",\"pairs\":" + JsonList(pairs) + "}");
     }
   }
@@ -229,11 +255,18 @@ std::string PageData::ToJson(std::string const& maker) const {
   for (auto const& [symbol, meaning] : EquationSymbols()) {
     symbols.push_back(JsonList({JsonText(symbol), JsonText(meaning)}));
   }
+  std::vector<std::string> references;
+  for (auto const& [place, citation] : cited_) {
+    references.push_back(
+        JsonList({Whole(static_cast<std::int64_t>(place.first)), Whole(place.second),
+                  JsonText(citation.text), JsonText(citation.doi)}));
+  }
   return "{\"maker\":" + JsonText(maker) + ",\"sources\":" + JsonList(sources) +
          ",\"temperature\":" + TemperatureScale() + ",\"constants\":" + JsonList(constants) +
          ",\"correlations\":" + JsonList(correlations) + ",\"equations\":{" + equations +
          "},\"symbols\":" + JsonList(symbols) + ",\"components\":" + JsonList(components_) +
          ",\"pairs\":" + JsonList(pairs_) + ",\"findings\":" + JsonList(findings_) +
+         ",\"references\":" + JsonList(references) +
          (columns_.empty() ? "" : ",\"columns\":" + columns_) +
          ",\"error\":" + JsonNumber(counts_.error) + ",\"curves\":\"" + Base64(numbers_) + "\"}";
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/notes/citations.h"
 #include "desk/open/preference_list.h"
 #include "desk/pages/page.h"
 
@@ -37,6 +38,8 @@ class PageData {
                      std::vector<bool>& isTaken);
   std::string CurveIn(std::uint32_t index, Curve const& curve, PureComponent const& component);
   std::string TemperatureScale() const;
+  // Keeps the citations of the codes of a component of one source.
+  void Cite(std::size_t source, PureComponent const& component);
   double SampleFrom(std::uint32_t index, Curve const& curve, PureComponent const& component);
 
   PreferenceList& list_;
@@ -46,6 +49,8 @@ class PageData {
   std::vector<std::string> pairs_;
   std::vector<std::string> findings_;
   std::string columns_;
+  Citations citations_;
+  std::map<std::pair<std::size_t, std::uint32_t>, Citation> cited_;  // by source and code
   std::vector<float> numbers_;
   std::map<int, bool> equations_;
   Page counts_;

@@ -10,8 +10,26 @@ const Sheet = (() => {
   function number(value) {
     return value === null || value === undefined ? "–" : String(Number(value.toPrecision(7)));
   }
+  // The citation of a code as [source, code, text, DOI]; those of a sheet are listed at its end.
+  let cited = new Set();
+  function codeText(source, code) {
+    if (!code) return "";
+    const reference = data.references.find((one) => one[0] === source && one[1] === code);
+    if (!reference) return "code " + code;
+    cited.add(reference);
+    return '<abbr title="' + esc(reference[2]) + '">code ' + code + "</abbr>";
+  }
   function sourceText(source, code) {
-    return esc(data.sources[source]) + (code ? ", code " + code : "");
+    return esc(data.sources[source]) + (code ? ", " + codeText(source, code) : "");
+  }
+  function references() {
+    if (cited.size === 0) return "";
+    const rows = [...cited].sort((a, b) => a[0] - b[0] || a[1] - b[1]);
+    return '<h3>References</h3><div class="wide"><table class="small references"><thead><tr>' +
+      ["Source", "Code", "Citation"].map((head) => '<th scope="col">' + head + "</th>").join("") +
+      "</tr></thead><tbody>" + rows.map(([source, code, text, doi]) => "<tr><td>" + esc(data.sources[source]) +
+        "</td><td>" + code + "</td><td>" + esc(text) + (doi ? ', <a href="https://doi.org/' + esc(encodeURI(doi)) +
+        '">doi:' + esc(doi) + "</a>" : "") + "</td></tr>").join("") + "</tbody></table></div>";
   }
 
   // A column: `merged` takes each datum from the first source that has it.
@@ -30,7 +48,7 @@ const Sheet = (() => {
       const first = column.component.s.find((part) => part[1].some((one) => one[0] === index));
       return { value: found[1], isShort: column.source >= 0, won: column.source >= 0 && first[0] === source,
                note: column.source < 0 ? sourceText(source, found[2])
-                 : found[2] ? "code " + found[2] : "" };
+                 : codeText(source, found[2]) };
     }
     if (column.source >= 0) return null;
     const filled = column.component.f.find((one) => one[0] === index);
@@ -136,6 +154,7 @@ const Sheet = (() => {
 
   // Puts the sheet into the element.
   function show(into, heading, columns) {
+    cited = new Set();
     const root = document.createElement("article");
     root.innerHTML = "<h2>" + esc(heading) + "</h2>" + identity(columns) +
       "<h3>Constants</h3>" + constants(columns) +
@@ -150,6 +169,9 @@ const Sheet = (() => {
       root.append(made.section);
       made.draw();
     });
+    const list = document.createElement("section");
+    list.innerHTML = references();
+    root.append(list);
     const symbols = document.createElement("section");
     symbols.innerHTML = "<h3>Symbols</h3><div class=\"wide\"><table class=\"small\">" + data.symbols.map(
       ([symbol, meaning]) => "<tr><th scope=\"row\" class=\"formula\">" + Formula.toHtml(symbol) +

@@ -46,4 +46,9 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid);
 Table PairTable(std::vector<Library> const& libraries, std::string const& type,
                 std::vector<std::string> const& fields, std::vector<std::string> const& components);
 
+// How the banks of that type use these fields, or all parameters if there are none: see AddMeanings
+// in desk/notes/parameter_meanings.h. A row names its bank as "sample.lb1:SAMPLE".
+Table PairMeanings(std::vector<Library> const& libraries, std::string const& type,
+                   std::vector<std::string> const& fields);
+
 }  // namespace zel::desk

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 
+#include "desk/notes/parameter_meanings.h"
 #include "desk/open/component_name.h"
 #include "desk/open/fields.h"
 #include "desk/tables/component_table.h"
@@ -86,6 +87,27 @@ Table PairTable(std::vector<Library> const& libraries, std::string const& type,
         row.push_back(library.Path() + ":" + bank.name);
         table.Add(std::move(row));
       }
+    }
+  }
+  return table;
+}
+
+Table PairMeanings(std::vector<Library> const& libraries, std::string const& type,
+                   std::vector<std::string> const& fields) {
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(UpperCase(type));
+  std::set<std::string> wanted;
+  for (std::string const& name : fields) wanted.insert(FieldNamed(*item, name).name);
+  Table table("parameters", MeaningColumns("from"));
+  for (Library const& library : libraries) {
+    for (BankName const& bank : library.Banks(UpperCase(type))) {
+      ModelMeaning model = MeaningIn(library, bank, *item);
+      auto& all = model.parameters;
+      all.erase(std::remove_if(all.begin(), all.end(),
+                               [&](ParameterMeaning const& one) {
+                                 return !wanted.empty() && wanted.count(one.field) == 0;
+                               }),
+                all.end());
+      AddMeanings(model, library.Path() + ":" + bank.name, table);
     }
   }
   return table;

@@ -44,6 +44,8 @@ struct Column {
   std::string unit;        // in brackets after the heading; in JSON under "units" of the report
   bool optional = false;   // left out of text that would be too wide
   bool unitInRow = false;  // the unit of each value is in the column "unit" of its row
+  bool hidden = false;     // for programs: not in text
+  std::string none = {};   // what text shows for an empty cell; a dash if this is empty
 };
 
 class Table {

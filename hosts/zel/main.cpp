@@ -109,6 +109,7 @@ int Run(int count, char** words) {
     zelhost::AddCompareCommand(line);
     zelhost::AddCombineCommands(line);
     zelhost::AddPathCommand(line);
+    zelhost::AddNoteCommands(line);
     return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();

@@ -125,6 +125,8 @@ struct ConstantValue {
   std::string source;                        ///< "perry.lb1:PERRY", or the method that derived it.
   std::uint32_t code = 0;                    ///< Reference code; 0 for none.
   zelConstantStates state = constantStored;  ///< constantStored or constantFilledIn.
+  std::string citation;                      ///< What is cited for the code; empty for none.
+  std::string doi;                           ///< Its DOI, "10.1021/..."; empty for none.
 };
 
 /// A correlation as it is stored.
@@ -136,6 +138,8 @@ struct CorrelationData {
   std::string unit;                  ///< Unit of the record's values; empty for a pure number.
   std::string source;                ///< "perry.lb1:PERRY" for example.
   std::uint32_t code = 0;            ///< Reference code; 0 for none.
+  std::string citation;              ///< What is cited for the code; empty for none.
+  std::string doi;                   ///< Its DOI; empty for none.
 };
 
 /// How a correlation is evaluated.
@@ -195,9 +199,11 @@ class ZEL_DESK_API Component {
 struct ItemField {
   std::string name;            ///< Name of the field, "bij" for example.
   std::string label;           ///< Its meaning.
-  std::string unit;            ///< Unit of its values; empty for a pure number, or if not known.
+  std::string unit;            ///< Unit of its values; "-" for what is noted to be a pure number,
+                               ///< empty if not known.
   std::vector<double> values;  ///< The values of a number or a whole number; NaN if undefined.
   std::string text;            ///< The text or the word of a field that is not a number.
+  std::string meaning;         ///< How the data use a parameter; empty if that is not known.
 };
 
 /// An item of a bank, such as the interaction parameters of a pair.
@@ -206,6 +212,15 @@ class ZEL_DESK_API Item {
   /// Returns the bank that it was read from.
   /// \return "perry.lb1:NRTL:PERRY" for example
   std::string const& Source() const;
+  /// Returns what is cited for its reference code.
+  /// \return empty if nothing is, or if it has no code
+  std::string const& Citation() const;
+  /// Returns the DOI of the citation.
+  /// \return "10.1021/..." for example; empty for none
+  std::string const& Doi() const;
+  /// Returns the equation in which the data use their parameters.
+  /// \return empty if it is not known
+  std::string const& Equation() const;
   /// Returns its fields in the order of the bank type.
   /// \return the fields; those of a pair are for the components in the order in which they were
   ///         asked for, however the pair is stored

@@ -70,6 +70,31 @@ TEST_F(DeskTest, AConstantHasValueUnitSourceAndState) {
   EXPECT_THROW(ethanol.Constant(zel::Constant::ACENTRIC, "K"), desk::UnknownWord);
 }
 
+TEST_F(DeskTest, DataSayWhatIsCitedForThem) {
+  desk::Libraries const libraries(Paths({"perry.lb1", "crc.lb1", "sample.lb1"}));
+  desk::Component const ethanol = libraries.Component("ETHANOL");
+  auto const nbp = ethanol.Constant(zel::Constant::NBP);
+  ASSERT_TRUE(nbp);
+  EXPECT_EQ(nbp->code, 54U);
+  EXPECT_EQ(nbp->citation.substr(0, 52), "CRC Handbook of Chemistry and Physics, 95th ed., 201");
+  EXPECT_EQ(nbp->doi, "");
+  auto const pressure = ethanol.Correlation(zel::Correlation::VaporPressure);
+  ASSERT_TRUE(pressure);
+  EXPECT_EQ(pressure->citation.substr(0, 15), "Perry's Chemica");
+  auto const carbons = ethanol.Constant(zel::Constant::CNUM);
+  ASSERT_TRUE(carbons);
+  EXPECT_EQ(carbons->citation, "") << "it is derived";
+  desk::Item const nrtl = libraries.Pair("NRTL", "ETHANOL", "WATER");
+  EXPECT_EQ(nrtl.Citation().substr(0, 7), "Gmehlin");
+  EXPECT_EQ(nrtl.Doi(), "");
+  EXPECT_EQ(nrtl.Equation(), "tau_ij = aij + bij/T + cij/T^2, alpha = alphaij + betaij T");
+  EXPECT_EQ(nrtl.Field("bij").unit, "K");
+  EXPECT_EQ(nrtl.Field("bij").meaning, "published energy A12, divided by R");
+  EXPECT_EQ(nrtl.Field("alphaij").unit, "-");
+  EXPECT_EQ(nrtl.Field("dij").meaning, "");
+  EXPECT_EQ(nrtl.Field("tMin").unit, "K");
+}
+
 TEST_F(DeskTest, AFilledInConstantSaysSo) {
   desk::Libraries const libraries(Paths({"crc.lb1", "perry.lb1"}));
   desk::Component const ethanol = libraries.Component("64-17-5");

@@ -240,10 +240,10 @@ TEST_F(HistoryTest, DryRun) {
   Contents const before = ContentsOf(Own());
   for (char const* command :
        {"set own.lb1 --description x", "set own.lb1 --description x --in-place",
-        "memo own.lb1 --set x", "memo own.lb1 --bank OCTANE --set x",
-        "delete own.lb1 OCTANE --whole-bank", "copy ../sample.lb1 own.lb1 --bank NRTL",
-        "copy ../sample.lb1 new.lb1 --bank NRTL --create", "create new.lb1",
-        "create own.lb1 --force", "import own.lb1 ../ethanol.xml --bank B",
+        "memo own.lb1 --set x", "memo own.lb1 --bank OCTANE --set x", "refs own.lb1 add 7 x",
+        "parameters own.lb1 set OCTANE MON x", "delete own.lb1 OCTANE --whole-bank",
+        "copy ../sample.lb1 own.lb1 --bank NRTL", "copy ../sample.lb1 new.lb1 --bank NRTL --create",
+        "create new.lb1", "create own.lb1 --force", "import own.lb1 ../ethanol.xml --bank B",
         "import new.lb1 ../ethanol.xml --bank B --create", "undo own.lb1",
         "undo own.lb1 --before 1 --keep 0"}) {
     std::string const words = std::string(command) + " --json";

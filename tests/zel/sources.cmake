@@ -26,12 +26,14 @@ set(zel_TEST_SOURCES
     newcomer_test.cpp
     output_test.cpp
     page_test.cpp
+    parameters_test.cpp
     path_test.cpp
     plot_test.cpp
     points_test.cpp
     progress_test.cpp
     output_files_test.cpp
     memory_test.cpp
+    references_test.cpp
     sense_test.cpp
     tables_test.cpp
     terminal_run.cpp

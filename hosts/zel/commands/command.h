@@ -122,5 +122,6 @@ void AddTableCommands(CommandLine& line);  // template, table, pairs
 void AddCompareCommand(CommandLine& line);
 void AddCombineCommands(CommandLine& line);  // flatten, merge, renumber
 void AddPathCommand(CommandLine& line);
+void AddNoteCommands(CommandLine& line);  // refs, parameters
 
 }  // namespace zelhost

@@ -9,6 +9,8 @@
 #include "commands/shared_options.h"
 #include "desk/change/library_change.h"
 #include "desk/combine/bank_copy.h"
+#include "desk/notes/carried_notes.h"
+#include "desk/notes/memo.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/unfinished_change.h"
@@ -32,9 +34,10 @@ struct Options {
 };
 
 // Copies the item with this stored key; it is read into `item` first. Returns the number of items
-// copied: 1, or 0 for one that cannot be read.
+// copied: 1, or 0 for one that cannot be read. Adds its reference codes.
 int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::IZelBankDef& item,
-             std::vector<std::int32_t> const& stored, std::string const& shown, bool replace) {
+             std::vector<std::int32_t> const& stored, std::string const& shown, bool replace,
+             CodeCounts& codes) {
   zel::Handle<zel::Key> const key = StoredKey(stored);
   char const* const name = bank.name.c_str();
   try {
@@ -48,6 +51,7 @@ int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::
   if (!replace && to.Maint().ItemExists(&item, name, key.get())) {
     RefuseItem(to, bank, shown, "exists already; --replace replaces it");
   }
+  AddCodes(item, codes);
   WriteItem(to, bank, item, *key, shown);
   return 1;
 }
@@ -59,11 +63,13 @@ std::int64_t CopyBank(Library const& from, Library const& to, BankName const& ba
   std::vector<std::vector<std::int32_t>> keys;
   from.Walk(bank, [&] { keys = Keys(from, bank, *item); });
   std::int64_t copied = 0;
+  CodeCounts codes;
   Progress progress("copying " + ToText(bank), keys.size());
   for (auto const& stored : keys) {
-    copied += CopyItem(from, to, bank, *item, stored, Joined(words.Of(stored)), replace);
+    copied += CopyItem(from, to, bank, *item, stored, Joined(words.Of(stored)), replace, codes);
     progress.Step();
   }
+  CarryNotes(from, bank, *item, codes, to, bank);
   return copied;
 }
 
@@ -77,8 +83,11 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   }
   // By numbers and as it is stored: the other library need not know the IDs.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
-  return CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords},
-                  Joined(o.words), o.replace);
+  CodeCounts codes;
+  int const copied = CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords},
+                              Joined(o.words), o.replace, codes);
+  CarryNotes(from, bank, *item, codes, to, bank);
+  return copied;
 }
 
 Report Copy(Session& session, Options const& o) {
@@ -102,7 +111,7 @@ Report Copy(Session& session, Options const& o) {
   if (!o.words.empty()) {
     table.Add(ToText(from.Bank(o.banks.front())), CopyOne(from, to, o));
   } else {
-    std::vector<BankName> banks = o.banks.empty() ? from.Banks() : std::vector<BankName>();
+    std::vector<BankName> banks = o.banks.empty() ? DataBanks(from) : std::vector<BankName>();
     for (std::string const& word : o.banks) banks.push_back(from.Bank(word));
     // Components first, because pairs refer to them.
     std::stable_partition(banks.begin(), banks.end(),

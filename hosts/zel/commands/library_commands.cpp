@@ -10,6 +10,7 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/files/input_file.h"
+#include "desk/notes/note_lines.h"
 #include "desk/open/library.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
@@ -96,6 +97,13 @@ std::string MemoOf(Library const& library) {
   return memo;
 }
 
+// In text, notes are only counted; `zel refs`, `zel parameters` and `zel memo` show them.
+void AddMemo(std::string const& memo, Form form, Report& report) {
+  NoteLines const lines(memo);
+  report.Fact("memo", Text(form == Form::kText ? lines.WithoutNotes() : memo));
+  if (lines.Count() > 0) report.Fact("notes", static_cast<std::int64_t>(lines.Count()));
+}
+
 void AddFiles(Report& report, Library const& library) {
   Table& table = report.Begin(
       "files",
@@ -126,7 +134,7 @@ Report Info(Session& session, Options const& o) {
   report.Fact("version", Text(version));
   report.Fact("kind", std::int64_t{type});
   report.Fact("password level", std::int64_t{level});
-  report.Fact("memo", Text(MemoOf(library)));
+  AddMemo(MemoOf(library), session.form, report);
   AddFiles(report, library);
   Table& table = report.Begin("banks", {{"type", ""}, {"name", ""}, {"format", ""}, {"items", ""}});
   for (BankName const& bank : library.Banks()) {

@@ -4,6 +4,8 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/compare/coverage.h"
+#include "desk/notes/cited_codes.h"
+#include "desk/notes/merged_citations.h"
 #include "desk/open/preference_list.h"
 #include "desk/words/failure.h"
 
@@ -15,6 +17,13 @@ struct Options {
   std::string component;
   std::string datum;
 };
+
+// The citation of a datum, which is noted under the name of its source; null if there is none.
+Citation const* CitationIn(std::map<std::uint32_t, Citation> const& citations,
+                           std::uint32_t index) {
+  auto const at = citations.find(index);
+  return at == citations.end() ? nullptr : &at->second;
+}
 
 void AddWarning(PureComponent const& component, Report& report) {
   std::uint8_t flag = 0;
@@ -43,25 +52,68 @@ Report Search(Session& session, Options const& o) {
     gave.Add(list.Name(i), found, found ? Cell(counts.stored) : Cell(),
              found ? Cell(counts.curves) : Cell());
   }
-  Table& constants = report.Begin(
-      "constants", {{"keyword", ""}, {"value", ""}, {"unit", ""}, {"state", ""}, {"from", ""}});
+  Citations citations;
+  MergedCitations const merged = CitationsOf(list, o.component, citations);
+  CitedCodes cited;
+  Table& constants = report.Begin("constants", {{"keyword", ""},
+                                                {"value", ""},
+                                                {"unit", ""},
+                                                {"state", ""},
+                                                {"from", ""},
+                                                {"code", ""},
+                                                CitationColumn()});
   for (auto const& row : Constants()) {
     DatumState const state = StateOf(component, row.index);
     if (state == DatumState::kMissing) continue;
-    constants.Add(row.keyword, Number(component.Completed(row.index)), Text(row.unit), Word(state),
-                  Text(component.ConstantSource(row.index)));
+    constants.Add(
+        row.keyword, Number(component.Completed(row.index)), Text(row.unit), Word(state),
+        Text(component.ConstantSource(row.index)), Code(component.ConstantCode(row.index)),
+        cited.Cite(component.ConstantSource(row.index), CitationIn(merged.constants, row.index)));
   }
-  Table& curves =
-      report.Begin("correlations", {{"name", ""}, {"equation", ""}, {"range", ""}, {"from", ""}});
+  Table& curves = report.Begin("correlations", {{"name", ""},
+                                                {"equation", ""},
+                                                {"range", ""},
+                                                {"from", ""},
+                                                {"code", ""},
+                                                CitationColumn()});
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
     curves.Add(row.name, std::int64_t{curve.equation}, RangeOf(curve, session.units),
-               Text(curve.source));
+               Text(curve.source), Code(curve.refCode),
+               cited.Cite(curve.source, CitationIn(merged.curves, IndexOf(row))));
   }
+  if (!cited.Empty()) report.Add(cited.ToTable(true));
   AddWarnings(list, report);
   return report;
 }
+
+// The citations of the data that compete, under the names of their sources.
+class CitedSources {
+ public:
+  explicit CitedSources(PreferenceList const& list) : list_(list) {}
+
+  // The citation of source `i`; `hasWon` if its datum is the one that is used.
+  Cell Of(std::size_t i, std::uint32_t code, bool hasWon) {
+    Citation const* const found = citations_.Find(LibraryAt(list_, i), BankAt(list_, i), code);
+    if (hasWon && found != nullptr) used_ = *found;
+    return cited_.Cite(list_.Name(i), found);
+  }
+  void AddFacts(Report& report) const {
+    if (used_.code == 0) return;
+    report.Fact("citation", Text(used_.text));
+    if (!used_.doi.empty()) report.Fact("DOI", Text(used_.doi));
+  }
+  void AddTable(Report& report) const {
+    if (!cited_.Empty()) report.Add(cited_.ToTable(true));
+  }
+
+ private:
+  PreferenceList const& list_;
+  Citations citations_;
+  CitedCodes cited_;
+  Citation used_;
+};
 
 void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceList const& list,
                  PureComponent const& merged, Report& report) {
@@ -72,7 +124,9 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceL
   report.Fact("state", std::string(Word(state)));
   // In internal units the fact above says the unit.
   std::string const unit = list.Units().AreInternal() ? "" : info.unit;
-  Table table("sources", {{"source", ""}, {"value", unit}, {"code", ""}, {"result", ""}});
+  Table table("sources",
+              {{"source", ""}, {"value", unit}, {"code", ""}, {"result", ""}, CitationColumn()});
+  CitedSources cited(list);
   // The name in the row that won distinguishes libraries with the same file name.
   std::string from = merged.ConstantSource(info.index);
   bool won = false;
@@ -84,15 +138,19 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceL
     }
     double const value = part.Constant(info.index);
     bool const has = !zel::gen_IsUndefDouble(value);
-    table.Add(list.Name(i), Number(value), Code(part.ConstantCode(info.index)),
+    std::uint32_t const code = part.ConstantCode(info.index);
+    table.Add(list.Name(i), Number(value), Code(code),
               !has  ? "has no value"
               : won ? "comes later"
-                    : "won");
+                    : "won",
+              has ? cited.Of(i, code, !won) : Cell());
     if (has && !won) from = list.Name(i);
     won = won || has;
   }
   report.Fact("from", Text(from));
+  cited.AddFacts(report);
   report.Add(std::move(table));
+  cited.AddTable(report);
 }
 
 void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceList const& list,
@@ -101,8 +159,13 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceL
   report.Fact("datum", info.name + (", " + std::string(info.label)));
   report.Fact("state",
               std::string(Word(curve.present ? DatumState::kStored : DatumState::kMissing)));
-  Table table("sources",
-              {{"source", ""}, {"equation", ""}, {"range", ""}, {"code", ""}, {"result", ""}});
+  Table table("sources", {{"source", ""},
+                          {"equation", ""},
+                          {"range", ""},
+                          {"code", ""},
+                          {"result", ""},
+                          CitationColumn()});
+  CitedSources cited(list);
   std::string from = curve.source;
   bool won = false;
   for (std::size_t i = 0; i < list.Count(); ++i) {
@@ -117,12 +180,14 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceL
       continue;
     }
     table.Add(list.Name(i), std::int64_t{own.equation}, RangeOf(own, list.Units()),
-              Code(own.refCode), won ? "comes later" : "won");
+              Code(own.refCode), won ? "comes later" : "won", cited.Of(i, own.refCode, !won));
     if (!won) from = list.Name(i);
     won = true;
   }
   report.Fact("from", Text(from));
+  cited.AddFacts(report);
   report.Add(std::move(table));
+  cited.AddTable(report);
 }
 
 Report Why(Session& session, Options const& o) {

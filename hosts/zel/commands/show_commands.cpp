@@ -3,9 +3,13 @@
 #include <cmath>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
+#include "desk/notes/cited_codes.h"
+#include "desk/notes/item_codes.h"
+#include "desk/notes/parameter_meanings.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/pure_component.h"
@@ -43,21 +47,42 @@ void AddIdentity(PureComponent const& component, Report& report) {
   report.Fact("phases", PhasesOf(component));
 }
 
-void AddConstants(PureComponent& component, bool complete, Report& report) {
+// The citations of codes of one bank.
+class BankCitations {
+ public:
+  BankCitations(Library const& library, BankName bank)
+      : library_(library), bank_(std::move(bank)) {}
+  Cell Of(std::uint32_t code) { return cited_.Cite("", citations_.Find(library_, bank_, code)); }
+  void AddTo(Report& report) const {
+    if (!cited_.Empty()) report.Add(cited_.ToTable(false));
+  }
+
+ private:
+  Library const& library_;
+  BankName bank_;
+  Citations citations_;
+  CitedCodes cited_;
+};
+
+void AddConstants(PureComponent& component, bool complete, BankCitations& citations,
+                  Report& report) {
   Table& table = report.Begin(
-      "constants", {{"keyword", ""}, {"value", ""}, {"unit", ""}, {"code", ""}, {"from", ""}});
+      "constants",
+      {{"keyword", ""}, {"value", ""}, {"unit", ""}, {"code", ""}, {"from", ""}, CitationColumn()});
   for (auto const& row : Constants()) {
     double const stored = component.Constant(row.index);
     double const value = complete ? component.Completed(row.index) : stored;
     if (zel::gen_IsUndefDouble(value)) continue;
-    table.Add(row.keyword, Number(value), Text(row.unit), Code(component.ConstantCode(row.index)),
-              Text(component.ConstantSource(row.index)));
+    std::uint32_t const code = component.ConstantCode(row.index);
+    table.Add(row.keyword, Number(value), Text(row.unit), Code(code),
+              Text(component.ConstantSource(row.index)), citations.Of(code));
   }
 }
 
 // The range is in the record's unit of temperatures, in which the coefficients are, or in the
 // display unit if units were chosen; the head then says so.
-void AddCurves(PureComponent const& component, DisplayUnits const& units, Report& report) {
+void AddCurves(PureComponent const& component, DisplayUnits const& units, BankCitations& citations,
+               Report& report) {
   std::string const shownIn = units.AreInternal() ? "" : units.UnitFor("K");
   Table& table = report.Begin("correlations", {{"name", ""},
                                                {"equation", ""},
@@ -66,14 +91,15 @@ void AddCurves(PureComponent const& component, DisplayUnits const& units, Report
                                                {"T in", ""},
                                                {"unit", ""},
                                                {"per", ""},
-                                               {"code", ""}});
+                                               {"code", ""},
+                                               CitationColumn()});
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
     std::string const stored = TemperatureUnit(curve.tempUnit);
     table.Add(row.name, std::int64_t{curve.equation}, Number(units.Shown(curve.tMin, stored)),
               Number(units.Shown(curve.tMax, stored)), stored, UnitOf(curve), BasisOf(curve),
-              Code(curve.refCode));
+              Code(curve.refCode), citations.Of(curve.refCode));
   }
   Table& numbers = report.Begin("coefficients", {{"name", ""}, {"C", ""}, {"value", ""}});
   for (auto const& row : Correlations()) {
@@ -107,10 +133,12 @@ Report ShowComponent(Library const& library, BankName const& bank, Options const
   }
   if (o.complete) component.Complete();
   Report report;
+  BankCitations citations(library, bank);
   AddIdentity(component, report);
-  AddConstants(component, o.complete, report);
-  AddCurves(component, library.InSession().units, report);
+  AddConstants(component, o.complete, citations, report);
+  AddCurves(component, library.InSession().units, citations, report);
   AddGroups(component, report);
+  citations.AddTo(report);
   return report;
 }
 
@@ -135,6 +163,14 @@ Report Show(Session& session, Options const& o) {
   for (Field const& field : FieldsOf(*item)) {
     table.Add(field.name, ValueOf(*item, field), Text(field.unit), Text(field.label));
   }
+  Table meanings("parameters", MeaningColumns(""));
+  AddMeanings(MeaningIn(library, bank, *item), "", meanings);
+  if (!meanings.Empty()) report.Add(std::move(meanings));
+  CodeCounts codes;
+  AddCodes(*item, codes);
+  BankCitations citations(library, bank);
+  for (auto const& [code, count] : codes) citations.Of(code);
+  citations.AddTo(report);
   return report;
 }
 

@@ -44,6 +44,8 @@ Report Pairs(Session& session, Options const& o) {
   Report report;
   report.Add(PairTable(libraries, o.type, o.fields, o.choice.words));
   report.Fact("found", static_cast<std::int64_t>(report.Tables()[0].Rows().size()));
+  Table meanings = PairMeanings(libraries, o.type, o.fields);
+  if (!meanings.Empty()) report.AddAside(std::move(meanings));
   return report;
 }
 

@@ -47,6 +47,11 @@ bool Report::MakeChange() {
 
 void Report::Add(Table table) { tables_.push_back(std::move(table)); }
 
+void Report::AddAside(Table table) {
+  asides_.insert(tables_.size());
+  Add(std::move(table));
+}
+
 std::string Print(Report const& report, Form form) {
   switch (form) {
     case Form::kJson: return PrintJson(report);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,6 +25,8 @@ class Report {
   // The table stays valid until the next one is begun.
   Table& Begin(std::string name, std::vector<Column> columns);
   void Add(Table table);
+  // A table that explains another one; CSV leaves it out.
+  void AddAside(Table table);
   // Converts the numbers of tables, and a fact "value" whose unit is the fact "unit".
   void ShowIn(DisplayUnits const& units);
   // The change that the report describes. It is made after the text of the report, so that nothing
@@ -39,10 +42,12 @@ class Report {
   };
   std::vector<NamedFact> const& Facts() const { return facts_; }
   std::vector<Table> const& Tables() const { return tables_; }
+  bool IsAside(std::size_t table) const { return asides_.count(table) != 0; }
 
  private:
   std::vector<NamedFact> facts_;
   std::vector<Table> tables_;
+  std::set<std::size_t> asides_;  // indices
   std::function<void()> change_;
 };
 

@@ -60,7 +60,9 @@ std::string PrintCsv(Report const& report) {
     if (fact.isWarning) warnings.Add(fact.name, fact.value);
   }
   std::vector<Table const*> tables;
-  for (Table const& table : report.Tables()) tables.push_back(&table);
+  for (std::size_t i = 0; i < report.Tables().size(); ++i) {
+    if (!report.IsAside(i)) tables.push_back(&report.Tables()[i]);
+  }
   if (!warnings.Empty()) tables.push_back(&warnings);
   std::string out;
   bool const titled = tables.size() > 1;

@@ -37,8 +37,9 @@ std::string Visible(Cell const& cell) {
   return text;
 }
 
-std::string OneLine(Cell const& cell) {
-  std::string text = Visible(cell);
+std::string OneLine(Column const& column, Cell const& cell) {
+  bool const isNone = std::holds_alternative<std::monostate>(cell) && !column.none.empty();
+  std::string text = isNone ? column.none : Visible(cell);
   std::replace(text.begin(), text.end(), '\n', ' ');
   return text;
 }
@@ -147,7 +148,7 @@ class TextTable {
       std::vector<std::string> texts;
       std::vector<Ink> inks;
       for (std::size_t const column : shown_) {
-        texts.push_back(OneLine(row[column]));
+        texts.push_back(OneLine(table_.Columns()[column], row[column]));
         inks.push_back(InkOf(table_.Columns()[column], texts.back()));
       }
       Line(texts, inks, out);
@@ -159,7 +160,8 @@ class TextTable {
     shown_.clear();
     right_.clear();
     for (std::size_t i = 0; i < table_.Columns().size(); ++i) {
-      if (table_.Columns()[i].optional && !withOptional) continue;
+      Column const& column = table_.Columns()[i];
+      if (column.hidden || (column.optional && !withOptional)) continue;
       shown_.push_back(i);
       right_.push_back(IsNumeric(table_, i));
     }
@@ -190,7 +192,7 @@ class TextTable {
     for (std::size_t i = 0; i < widths_.size(); ++i) {
       for (auto const& heads : heads_) widths_[i] = std::max(widths_[i], screen_.Width(heads[i]));
       for (auto const& row : table_.Rows()) {
-        std::string const text = OneLine(row[shown_[i]]);
+        std::string const text = OneLine(table_.Columns()[shown_[i]], row[shown_[i]]);
         widths_[i] = std::max(widths_[i], screen_.Width(text));
         least_[i] = std::max(least_[i], WidthOfNumbers(text));
       }

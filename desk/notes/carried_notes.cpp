@@ -1,0 +1,75 @@
+#include "desk/notes/carried_notes.h"
+
+#include "desk/notes/citation_changes.h"
+#include "desk/notes/memo.h"
+#include "desk/notes/parameter_meanings.h"
+
+namespace zel::desk {
+namespace {
+
+// Why the citation that came with data is not kept.
+void TellConflict(Citation const& ours, Citation const& theirs, Library const& from,
+                  BankName const& fromBank, Library const& to, BankName const& toBank) {
+  to.InSession().Note(to.Path() + ": " + ToText(toBank) + ": code " + std::to_string(ours.code) +
+                      " is cited as \"" + ours.text + "\" here, but as \"" + theirs.text +
+                      "\" in " + from.Path() + ":" + ToText(fromBank) + "; the former is kept");
+}
+
+// A citation for all data of `from` becomes one for all data of `to`, so that memos of banks stay.
+void CarryCitations(Library const& from, BankName const& fromBank, CodeCounts const& codes,
+                    Library const& to, BankName const& toBank) {
+  Citations theirs;
+  Citations ours;  // of other codes than those that are written here
+  for (auto const& [code, count] : codes) {
+    Citation const* const citation = theirs.Find(from, fromBank, code);
+    if (citation == nullptr) continue;
+    Citation const* const there = ours.Find(to, toBank, code);
+    if (there == nullptr) {
+      bool const isOfBank = theirs.FindOwn(from, fromBank, code) != nullptr;
+      SetCitation(to, isOfBank ? std::optional(toBank) : std::nullopt, *citation);
+    } else if (!(*there == *citation)) {
+      TellConflict(*there, *citation, from, fromBank, to, toBank);
+    }
+  }
+}
+
+std::string Described(Note const& note) {
+  return note.text + (note.unit.empty() ? "" : " [" + note.unit + "]");
+}
+
+void CarryMeanings(Library const& from, BankName const& fromBank, zel::IZelBankDef& item,
+                   Library const& to, BankName const& toBank) {
+  Meanings const theirs(from, fromBank);
+  Meanings const ours(to, toBank);
+  std::vector<std::string> names = {""};  // of the equation, then of the fields
+  for (Field const& field : ParametersOf(item)) names.push_back(field.name);
+  for (std::string const& name : names) {
+    Note const* const note = theirs.Find(name);
+    if (note == nullptr) continue;
+    Note const* const there = ours.Find(name);
+    if (there == nullptr) {
+      if (theirs.IsOfBank(name)) {
+        NoteLines lines(MemoIn(to, toBank));
+        lines.Set(*note);
+        SetMemoIn(to, toBank, lines.ToText());
+      } else {
+        SetCommonNote(to, *note);
+      }
+    } else if (Described(*there) != Described(*note)) {
+      to.InSession().Note(to.Path() + ": " + ToText(toBank) + ": " +
+                          (name.empty() ? "the equation" : name) + " is noted as \"" +
+                          Described(*there) + "\" here, but as \"" + Described(*note) + "\" in " +
+                          from.Path() + ":" + ToText(fromBank) + "; the former is kept");
+    }
+  }
+}
+
+}  // namespace
+
+void CarryNotes(Library const& from, BankName const& fromBank, zel::IZelBankDef& item,
+                CodeCounts const& codes, Library const& to, BankName const& toBank) {
+  CarryCitations(from, fromBank, codes, to, toBank);
+  CarryMeanings(from, fromBank, item, to, toBank);
+}
+
+}  // namespace zel::desk

@@ -1,0 +1,21 @@
+// Changes of the citations of a library that is open for update. All functions throw block errors,
+// and Failure for what cannot be stored.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "desk/notes/citations.h"
+
+namespace zel::desk {
+
+// Writes a citation for the data of a bank, or for all data of the library. Replaces the one that
+// is there for the code. A bank's memo without room is a Failure; further citations of the library
+// go to banks of notes.
+void SetCitation(Library const& library, std::optional<BankName> const& bank,
+                 Citation const& citation);
+// Removes it; false if there is none. A bank of notes that becomes empty is removed.
+bool RemoveCitation(Library const& library, std::optional<BankName> const& bank,
+                    std::uint32_t code);
+
+}  // namespace zel::desk
