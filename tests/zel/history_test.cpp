@@ -71,9 +71,12 @@ TEST_F(HistoryTest, LogListsCommandTimeAndDifferences) {
   EXPECT_EQ(log["changes"][0]["time"].get<std::string>().size(), 20U);
   EXPECT_EQ(log["differences"][0], json::parse(R"({"change": 3, "item": "OCTANE:SAMPLE ETHANOL",
       "field": "whole", "before": "there", "after": "not there"})"));
-  EXPECT_EQ(log["differences"][1], json::parse(R"({"change": 2, "item": "RACKETT:SAMPLE",
+  // The note about the parameter of the data came with them.
+  EXPECT_EQ(log["differences"][1]["item"], "library");
+  EXPECT_EQ(log["differences"][1]["field"], "memo");
+  EXPECT_EQ(log["differences"][2], json::parse(R"({"change": 2, "item": "RACKETT:SAMPLE",
       "field": "whole", "before": "not there", "after": "there"})"));
-  EXPECT_EQ(log["differences"][2], json::parse(R"({"change": 1, "item": "library",
+  EXPECT_EQ(log["differences"][3], json::parse(R"({"change": 1, "item": "library",
       "field": "description", "before": null, "after": "one"})"));
   EXPECT_EQ(Log("--last 1")["changes"].size(), 1U);
   EXPECT_EQ(Zel("log own/own.lb1 --last -1").status, 2);

@@ -198,7 +198,7 @@ TEST_F(MaintenanceTest, DiffNamesFieldAndBothValues) {
   Outcome const changed = Shell(
       "sed 's|<alphaij> .* </alphaij>|<alphaij> 0.25 </alphaij>|' own.xml > changed.xml && "
       "\"$ZEL\" create changed.lb1 && \"$ZEL\" import changed.lb1 changed.xml && "
-      "\"$ZEL\" diff own.lb1 changed.lb1 --json");
+      "\"$ZEL\" diff own.lb1 changed.lb1 --bank NRTL --json");
   ASSERT_EQ(changed.status, 0) << changed.err;
   json const difference = json::parse(changed.out.substr(changed.out.find("{\n")));
   ASSERT_GT(difference["differences_found"], 0);

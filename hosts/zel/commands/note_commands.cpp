@@ -209,8 +209,8 @@ void AddNoteCommands(CommandLine& line) {
   Command refs(line, "refs", "Show and change the citations of reference codes",
                "zel refs crc.lb1 add 999 \"Own measurement, 2026\" --doi 10.1000/182");
   refs.Argument("LIBRARY", o->path, "a library file")
-      .OptionalArgument("WORD", o->words,
-                        "add CODE CITATION, remove CODE..., or import FILE (.bib or a table)")
+      .Library(o->path)
+      .OptionalArgument("WORD", o->words, "add CODE CITATION | remove CODE... | import FILE")
       .Option("--bank", o->bank, "for the data of this bank; else for all", "BANK")
       .Option("--doi", o->doi, "of the citation to add", "DOI")
       .Flag("--replace", o->import.replace, "replace other citations of the codes")
@@ -225,8 +225,8 @@ void AddNoteCommands(CommandLine& line) {
   Command parameters(line, "parameters", "Show and set how data use a model's parameters",
                      "zel parameters sample.lb1 set NRTL bij \"energy / R\" --unit K");
   parameters.Argument("LIBRARY", o->path, "a library file")
-      .OptionalArgument("WORD", o->words,
-                        "set BANK FIELD MEANING, remove BANK FIELD, or import FILE (a table)")
+      .Library(o->path)
+      .OptionalArgument("WORD", o->words, "set BANK FIELD TEXT | remove BANK FIELD | import FILE")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Option("--unit", o->unit, "of the values; none for a pure number", "UNIT")
       .Flag("--skip-bad", o->skipBad, "import the other rows if some are refused");
