@@ -58,6 +58,10 @@ class PointTable {
     return path_ + ": line " + std::to_string(row.line) + ": ";
   }
 
+  std::string NotAUnit(std::string const& head, std::string const& unit) const {
+    return path_ + ": " + head + ": is not a unit for values in " + unit;
+  }
+
   // The column whose head is one of the names, followed or not by a unit in brackets.
   NumberColumn Column(std::vector<std::string> const& names, std::string const& unit) const {
     for (std::size_t i = 0; i < table_.heads.size(); ++i) {
@@ -72,20 +76,22 @@ class PointTable {
       std::string word;
       if (open != std::string::npos) word = head.substr(open + 1, head.find(']') - open - 1);
       if (!word.empty() && word != unit && UnitNamed(word, unit).empty()) {
-        throw Failure(path_ + ": " + head + ": is not a unit for values in " + unit);
+        throw Failure(NotAUnit(head, unit));
       }
       return {i, unit, word};
     }
-    throw Failure(path_ + ": has no column \"" + names[0] + "\"" +
-                  (names[0] == "value" ? " and none with the name of the correlation" : ""));
+    std::string why = path_ + ": has no column \"" + names[0] + "\"";
+    if (names[0] == "value") why += " and none with the name of the correlation";
+    throw Failure(why);
   }
 
   double NumberIn(TextRow const& row, NumberColumn const& column) const {
     std::string const& cell = row.cells[column.at];
     std::string const& head = table_.heads[column.at];
     if (!IsNumberWord(cell)) {
-      throw Failure(Place(row) + head + ": " + (cell.empty() ? "nothing" : cell) +
-                    " is not a number");
+      std::string why = Place(row) + head + ": ";
+      why += cell.empty() ? "nothing" : cell;
+      throw Failure(why + " is not a number");
     }
     std::string const unit = column.word.empty() ? units_.UnitFor(column.unit) : column.word;
     double const number = std::strtod(cell.c_str(), nullptr);

@@ -67,6 +67,13 @@ constexpr CommandLine kCommands[] = {
     {"compare own.lb1 other.lb1 --codes --missing", nullptr},
     {"export own.lb1 -o out.xml", kUnreadable},
     {"export own.lb1 -o docs/ --component-files", kUnreadable},
+    {"export own.lb1 -o -", kUnreadable},
+    {"export pairs.lb1 --bank NRTL --table out.csv", nullptr},
+    {"template NRTL", nullptr},
+    {"table ETHANOL WATER -l own.lb1 -l other.lb1 --fields TC NBP --sources", nullptr},
+    {"pairs NRTL --fields bij -l pairs.lb1 --names own.lb1", nullptr},
+    {"plot VaporPressure ETHANOL -l own.lb1 --points points.csv -o chart.svg", nullptr},
+    {"import pairs.lb1 --table pairs.csv --bank NRTL", nullptr},
     {"export pairs.lb1 -o pairs.xml --bank NRTL", kUnreadable},
     {"dump own.lb1", nullptr},
     {"dump own.lb1 --tree PERRY", nullptr},
@@ -233,6 +240,8 @@ bool Matrix::MakeLibraries() {
       "memo own.lb1 --bank PERRY --set more",
       "export own.lb1 --component ETHANOL --bank PERRY -o component.xml",
       "list there.lst --build own.lb1",
+      "export pairs.lb1 --bank NRTL --table pairs.csv",
+      "plot VaporPressure ETHANOL -l own.lb1 -o points.csv",
   };
   for (std::string const& line : lines) {
     FaultedRun const run = Zel(line, {});

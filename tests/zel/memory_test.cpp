@@ -88,6 +88,17 @@ TEST_F(MemoryTest, Why) { RefuseInLook("why ETHANOL NBP -l perry.lb1 -l crc.lb1"
 TEST_F(MemoryTest, Coverage) { RefuseInLook("coverage ETHANOL WATER -l perry.lb1 -l sample.lb1"); }
 TEST_F(MemoryTest, Eval) { RefuseInLook("eval ETHANOL VaporPressure -l perry.lb1 --at 25C"); }
 TEST_F(MemoryTest, Plot) { RefuseInLook("plot VaporPressure ETHANOL -l perry.lb1 -o p.svg"); }
+TEST_F(MemoryTest, Sheet) { RefuseInLook("sheet ETHANOL -l perry.lb1 -o sheet.html"); }
+TEST_F(MemoryTest, Report) {
+  Good("copy perry.lb1 small.lb1 --create --bank PERRY --item ETHANOL");
+  RefuseInLook("report -l small.lb1 -o report.html");
+}
+TEST_F(MemoryTest, Table) { RefuseInLook("table ETHANOL -l perry.lb1 --fields TC NBP --sources"); }
+TEST_F(MemoryTest, ExportOneDocument) { RefuseInLook("export own/own.lb1 -o -"); }
+TEST_F(MemoryTest, PlotPoints) {
+  MakeFile("lab.csv", "T [K],value [kPa]\n300,9\n310,14\n");
+  RefuseInLook("plot VaporPressure ETHANOL -l perry.lb1 --points lab.csv -o p.svg");
+}
 TEST_F(MemoryTest, Info) { RefuseInLook("info sample.lb1"); }
 TEST_F(MemoryTest, Types) { RefuseInLook("types"); }
 TEST_F(MemoryTest, Banks) { RefuseInLook("banks sample.lb1"); }

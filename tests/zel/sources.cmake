@@ -2,6 +2,7 @@ set(zel_TEST_SOURCES
     bad_input_test.cpp
     bad_items_test.cpp
     change_test.cpp
+    combine_history_test.cpp
     combine_test.cpp
     commands_test.cpp
     compare_test.cpp
@@ -35,6 +36,7 @@ set(zel_TEST_SOURCES
     memory_test.cpp
     references_test.cpp
     sense_test.cpp
+    table_libraries_test.cpp
     tables_test.cpp
     terminal_run.cpp
     terminal_test.cpp
