@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <set>
-#include <sstream>
 #include <string_view>
 
 #include "desk/files/input_file.h"
@@ -138,11 +137,14 @@ TextTable ReadTextTable(std::string const& path) {
     throw Failure(path +
                   (std::filesystem::exists(path, none) ? ": cannot be read" : ": not found"));
   }
-  std::ostringstream text;
-  text << file.rdbuf();
-  // An empty file sets the fail bit of the stream that receives nothing.
+  std::string text;
+  std::vector<char> piece(1 << 16);
+  do {
+    file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+    text.append(piece.data(), static_cast<std::size_t>(file.gcount()));
+  } while (file);
   if (file.bad()) throw Failure(path + ": cannot be read");
-  return ParseTextTable(text.str(), path);
+  return ParseTextTable(text, path);
 }
 
 }  // namespace zel::desk

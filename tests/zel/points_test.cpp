@@ -141,6 +141,8 @@ TEST_F(PointsTest, ThatCannotBeReadAreAnError) {
     Fails(plot_ + "--points p.csv", 1, row.why);
   }
   Fails(plot_ + "--points missing.csv", 1, "missing.csv: ");
+  // Its reads fail.
+  Fails(plot_ + "--points /proc/self/mem", 1, "/proc/self/mem: cannot be read");
 }
 
 }  // namespace
