@@ -23,9 +23,11 @@ set(desk_SOURCES
     edit/edit_words.cpp
     edit/field_data.cpp
     edit/item_edit.cpp
+    face/changes.cpp
     face/component.cpp
     face/item.cpp
     face/libraries.cpp
+    face/reports.cpp
     face/units.cpp
     files/file_copy.cpp
     files/file_digest.cpp

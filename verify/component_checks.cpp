@@ -155,7 +155,7 @@ void Checked::Temperatures() {
       Tell(DataFinding("temperatures", CorrelationRows()[i].name)
                .Value(record->tMin, TemperatureLetter(record->tempUnit))
                .Expect(Expected::AtMost(record->tMax)),
-           "{datum} has the range {value} to {max} {unit}");
+           "{datum} has the range {value} to {max}");
     }
     if (std::find(std::begin(kLiquid), std::end(kLiquid), i) != std::end(kLiquid)) {
       EndBelow(i, *record, propertyTC, kEndTolerance);
@@ -207,14 +207,14 @@ void Checked::VaporPressure() {
       std::abs(boiling - kAtmosphere) > kAtBoiling * kAtmosphere) {
     Tell(Value("vapor-pressure", correlationVaporPressure, boiling, Of(propertyNBP),
                Expected::Value(kAtmosphere)),
-         "at NBP {temperature} K the vapor pressure is {value} {unit}, expected {expected}");
+         "at NBP {temperature} the vapor pressure is {value}, expected {expected}");
   }
   double const critical = At(correlationVaporPressure, Of(propertyTC));
   if (IsDefined(Of(propertyTC)) && IsDefined(Of(propertyPC)) && IsDefined(critical) &&
       std::abs(critical - Of(propertyPC)) > kAtCritical * Of(propertyPC)) {
     Tell(Value("vapor-pressure", correlationVaporPressure, critical, Of(propertyTC),
                Expected::Value(Of(propertyPC))),
-         "at TC the vapor pressure is {value} {unit}, but PC is {expected}");
+         "at TC the vapor pressure is {value}, but PC is {expected}");
   }
 }
 
@@ -227,7 +227,7 @@ void Checked::CriticalDensity() {
   if (std::abs(density * volume - 1.0) > kTolerance) {
     Tell(Value("critical-density", correlationLiquidDensity, density, Of(propertyTC),
                Expected::Value(1.0 / volume)),
-         "at TC the liquid density is {value} {unit}, but VC gives {expected}");
+         "at TC the liquid density is {value}, but VC gives {expected}");
   }
 }
 
@@ -238,7 +238,7 @@ void Checked::LatentHeat() {
   constexpr double kTolerance = 0.03;
   if (IsDefined(heat) && std::abs(stored - heat) > kTolerance * std::abs(heat)) {
     Tell(Constant("latent-heat", propertyHVAPNBP, Expected::Value(heat)),
-         "{datum} is {value} {unit}, but the latent heat at NBP is {expected}");
+         "{datum} is {value}, but the latent heat at NBP is {expected}");
   }
 }
 

@@ -13,14 +13,16 @@ std::string Shown(double value) {
 
 // Members are not searched for names.
 std::string DataFinding::Sentence(std::string_view pattern) const {
+  auto const inUnit = [&](std::string const& number) {
+    return unit_.empty() ? number : number + " " + unit_;
+  };
   auto const member = [&](std::string_view name) -> std::string {
     if (name == "datum") return datum_;
-    if (name == "value") return valueText_;
-    if (name == "unit") return unit_;
-    if (name == "temperature") return Shown(temperature_);
-    if (name == "expected") return expected_.Text();
-    if (name == "min") return Shown(expected_.Min());
-    if (name == "max") return Shown(expected_.Max());
+    if (name == "value") return inUnit(valueText_);
+    if (name == "temperature") return Shown(temperature_) + " K";
+    if (name == "expected") return inUnit(expected_.Text());
+    if (name == "min") return inUnit(Shown(expected_.Min()));
+    if (name == "max") return inUnit(Shown(expected_.Max()));
     if (name == "against") return against_;
     return "{" + std::string(name) + "}";
   };

@@ -103,8 +103,8 @@ class DataFinding {
     return *this;
   }
 
-  // The pattern with the members in the place of their names in braces: {datum}, {value}, {unit},
-  // {temperature}, {expected}, {min}, {max}, {against}.
+  // The pattern with the members in the place of their names in braces: {datum}, {value},
+  // {temperature}, {expected}, {min}, {max}, {against}. Numbers are followed by their unit.
   std::string Sentence(std::string_view pattern) const;
   char const* Id() const { return id_; }
   bool IsError() const { return isError_; }

@@ -68,7 +68,7 @@ void CompareBoilingPoint(Compared const& one, Compared const& other, DataFinding
                     .At(boiling)
                     .Expect(Expected::Value(kAtmosphere))
                     .Against(other.item.library),
-                "at NBP {temperature} K of {against} the vapor pressure is {value} {unit}, "
+                "at NBP {temperature} of {against} the vapor pressure is {value}, "
                 "expected {expected}");
 }
 

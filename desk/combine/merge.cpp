@@ -133,7 +133,8 @@ void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& thei
   if (differing_++ == 0) firstDiffering_ = place;
   CheckSubstance(bank, ours, theirs, shown);
   for (DifferingValue const& value : found) {
-    if (IsListing()) result_.differences.Add(place, value.name, value.one, value.other);
+    if (!IsListing()) break;
+    result_.differences.Add(place, value.name, value.one, value.other, Text(value.unit));
   }
   if (options_.side != MergeSide::kTheirs) return;
   WriteItem(library_, bank, theirs.Def(), *key, shown);
@@ -158,7 +159,11 @@ void Merger::CheckSubstance(BankName const& bank, AnyItem const& ours, AnyItem c
 
 Merged::Merged()
     : banks("banks", {{"bank", ""}, {"added", ""}, {"same", ""}, {"differing", ""}}),
-      differences("differences", {{"item", ""}, {"field", ""}, {"ours", ""}, {"theirs", ""}}) {}
+      differences("differences", {{"item", ""},
+                                  {"field", ""},
+                                  {"ours", "", false, true},
+                                  {"theirs", "", false, true},
+                                  {"unit", ""}}) {}
 
 Merged Merge(Library const& library, Library const& from, MergeOptions const& options) {
   return Merger(library, from, options).Take();

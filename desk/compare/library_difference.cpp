@@ -25,7 +25,8 @@ class Difference {
   void Bank(BankName const& bank);
   void OnlyIn(Library const& library, std::string const& place) {
     bool const first = &library == &one_;
-    table_.Add(place, "whole", first ? "there" : "not there", first ? "not there" : "there");
+    table_.Add(place, "whole", first ? "there" : "not there", first ? "not there" : "there",
+               Cell());
   }
 
   void Field(std::string const& place, char const* field, Cell one, Cell other);
@@ -40,7 +41,7 @@ class Difference {
 };
 
 void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
-  if (one != other) table_.Add(place, field, std::move(one), std::move(other));
+  if (one != other) table_.Add(place, field, std::move(one), std::move(other), Cell());
 }
 
 void Difference::Header() {
@@ -127,7 +128,7 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
   std::vector<NamedValue> const b = valuesIn(other_);
   if (!isRead) return;
   for (DifferingValue& value : DifferingValues(a, b)) {
-    table_.Add(place, value.name, std::move(value.one), std::move(value.other));
+    table_.Add(place, value.name, std::move(value.one), std::move(value.other), Text(value.unit));
   }
 }
 
@@ -161,7 +162,7 @@ void Difference::All() {
     } else if (BankOrNone(bank.type)) {
       Bank(bank);
     } else {
-      table_.Add(ToText(bank), "whole", "unknown type", "not compared");
+      table_.Add(ToText(bank), "whole", "unknown type", "not compared", Cell());
     }
   }
   for (BankName const& bank : b) {
@@ -172,8 +173,11 @@ void Difference::All() {
 }  // namespace
 
 Table DifferencesOf(Library const& one, Library const& other, DifferenceOptions const& options) {
-  Table table("differences",
-              {{"item", ""}, {"field", ""}, {options.first, ""}, {options.second, ""}});
+  Table table("differences", {{"item", ""},
+                              {"field", ""},
+                              {options.first, "", false, true},
+                              {options.second, "", false, true},
+                              {"unit", ""}});
   Difference(one, other, options, table).All();
   return table;
 }

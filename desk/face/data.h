@@ -3,6 +3,7 @@
 
 #include <zelaccess/Desk.h>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,9 @@
 #include "desk/open/session.h"
 
 namespace zel::desk {
+
+// How long an open waits.
+std::chrono::milliseconds PatienceOf(double seconds);
 
 struct ComponentData {
   std::string word;  // by which it was asked for

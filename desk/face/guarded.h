@@ -10,10 +10,12 @@
 #include <system_error>
 
 #include "desk/open/session.h"
+#include "desk/words/failure.h"
 
 namespace zel::desk {
 
-// Does the work. Block errors are thrown as DamagedLibrary, errors of the file system as Error.
+// Does the work. Block errors are thrown as DamagedLibrary, words that mean nothing as UnknownWord,
+// errors of the file system as Error.
 template <typename Work>
 auto Guarded(Session const& session, Work const& work) {
   try {
@@ -23,6 +25,8 @@ auto Guarded(Session const& session, Work const& work) {
     std::string const block =
         address == zel::kNoBlockAddress ? "" : "block " + std::to_string(address) + " ";
     throw DamagedLibrary(session.ShownPath(error.File()), block + error.Reason());
+  } catch (WrongUsage const& error) {
+    throw UnknownWord("", error.what());
   } catch (std::filesystem::filesystem_error const& error) {
     if (error.code() == std::errc::not_enough_memory) throw std::bad_alloc();
     throw Error(error.path1().string(), error.code().message());

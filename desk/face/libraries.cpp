@@ -18,13 +18,9 @@
 namespace zel::desk {
 namespace {
 
-constexpr double kLongestWait = 86400.0;  // in s, a day
-constexpr double kMillisecondsPerSecond = 1000.0;
-
 // Opens the library for names, if there is one, before the others.
 Session& WithNames(Session& session, LibrariesOptions const& options) {
-  session.patience = std::chrono::milliseconds(static_cast<std::int64_t>(
-      std::clamp(options.waitSeconds, 0.0, kLongestWait) * kMillisecondsPerSecond));
+  session.patience = PatienceOf(options.waitSeconds);
   session.namesPath = LibraryPath(options.path).Find(options.names);
   OpenNames(session);
   return session;
@@ -102,6 +98,13 @@ std::vector<std::string> AsNumbers(PreferenceList const& list,
 }
 
 }  // namespace
+
+std::chrono::milliseconds PatienceOf(double seconds) {
+  constexpr double kLongestWait = 86400.0;  // in s, a day
+  constexpr double kMillisecondsPerSecond = 1000.0;
+  return std::chrono::milliseconds(
+      static_cast<std::int64_t>(std::clamp(seconds, 0.0, kLongestWait) * kMillisecondsPerSecond));
+}
 
 LibrariesData::LibrariesData(std::vector<std::string> const& libraries,
                              LibrariesOptions const& options)

@@ -95,7 +95,13 @@ std::vector<DifferingValue> DifferingValues(std::vector<NamedValue> const& one,
   auto const put = [&](NamedValue const& here, NamedValue const& there) {
     if (here == there) return;
     auto [first, second] = Beside(here, there);
-    found.push_back({here.name, std::move(first), std::move(second)});
+    std::string const& unit = here.unit.empty() ? there.unit : here.unit;
+    if (here.unit == there.unit || here.unit.empty() || there.unit.empty()) {
+      found.push_back({here.name, std::move(first), std::move(second), unit});
+    } else {
+      found.push_back(
+          {here.name, CellText(first) + " " + here.unit, CellText(second) + " " + there.unit, ""});
+    }
   };
   for (NamedValue const& value : one) {
     auto const at = find(other, value.name);

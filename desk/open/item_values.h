@@ -23,12 +23,13 @@ struct NamedValue {
 // Two values of the same name as they are shown side by side: a word that two codes share is shown
 // with its code.
 std::pair<Cell, Cell> Beside(NamedValue const& one, NamedValue const& other);
-// The values of one name that differ between two items: the name and both values. A value that one
-// item does not have is empty there.
+// The values of one name that differ between two items. A value that one item does not have is
+// empty there.
 struct DifferingValue {
   std::string name;
   Cell one;
   Cell other;
+  std::string unit;  // internal unit of both; numbers in different units are texts with theirs
 };
 std::vector<DifferingValue> DifferingValues(std::vector<NamedValue> const& one,
                                             std::vector<NamedValue> const& other);

@@ -124,7 +124,7 @@ RowResult ComponentRows::Apply(TextRow const& row) {
   ReadComponent(*target_.library, target_.bank, number, written);
   std::vector<NamedValue> const after = ValuesOf(written);
   if (!found.isThere) return {RowState::kNew, shown, ""};
-  std::string const what = Differences(before, after);
+  std::string const what = Differences(before, after, target_.units);
   return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what};
 }
 

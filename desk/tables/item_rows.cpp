@@ -73,7 +73,7 @@ class ItemRows final : public RowForm {
       Once(StoredWords(*key), row.line);
       return {RowState::kNew, shown, ""};
     }
-    std::string const what = Differences(before, ValuesOf(*item_));
+    std::string const what = Differences(before, ValuesOf(*item_), target_.units);
     return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what};
   }
 

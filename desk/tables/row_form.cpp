@@ -25,31 +25,18 @@ std::string CellOf(std::optional<TableColumn> const& column, TextRow const& row)
   return column ? column->In(row) : "";
 }
 
-std::string Differences(std::vector<NamedValue> const& before,
-                        std::vector<NamedValue> const& after) {
+std::string Differences(std::vector<NamedValue> const& before, std::vector<NamedValue> const& after,
+                        DisplayUnits const& units) {
   constexpr std::size_t kMostShown = 3;
-  std::vector<std::string> found;
-  auto const valueIn = [](std::vector<NamedValue> const& values, NamedValue const& like) {
-    auto const at = std::find_if(values.begin(), values.end(),
-                                 [&](NamedValue const& value) { return value.name == like.name; });
-    return at == values.end() ? NamedValue{like.name, {}} : *at;
-  };
-  auto const note = [&](NamedValue const& one, NamedValue const& other) {
-    auto const [was, is] = Beside(one, other);
-    found.push_back(one.name + " " + CellText(was) + " to " + CellText(is));
-  };
-  for (NamedValue const& value : after) {
-    NamedValue const old = valueIn(before, value);
-    if (!(old.value == value.value && old.code == value.code)) note(old, value);
-  }
-  for (NamedValue const& value : before) {
-    bool const isGone = std::none_of(after.begin(), after.end(),
-                                     [&](NamedValue const& one) { return one.name == value.name; });
-    if (isGone) note(value, {value.name, {}});
-  }
+  std::vector<DifferingValue> const found = DifferingValues(before, after);
   std::string text;
   for (std::size_t i = 0; i < found.size() && i < kMostShown; ++i) {
-    text += (i == 0 ? "" : ", ") + found[i];
+    DifferingValue const& value = found[i];
+    std::string const unit = units.UnitFor(value.unit);
+    text += (i == 0 ? "" : ", ") + value.name + " " +
+            CellText(ShownCell(value.one, units, value.unit)) + " to " +
+            CellText(ShownCell(value.other, units, value.unit));
+    if (!unit.empty()) text += " " + unit;
   }
   if (found.size() > kMostShown) {
     text += " and " + std::to_string(found.size() - kMostShown) + " more";

@@ -50,9 +50,10 @@ class RowForm {
 // The form that the columns are those of. Throws Failure for a column that is not of this form.
 std::unique_ptr<RowForm> FormOf(TableTarget const& target, std::vector<TableColumn> columns);
 
-// The differences, as "NBP 351.39 to 351.44, TC - to 514"; of many, the first ones.
-std::string Differences(std::vector<NamedValue> const& before,
-                        std::vector<NamedValue> const& after);
+// The differences in display units, as "NBP 351.39 to 351.44 K, TC - to 514 K"; of many, the first
+// ones.
+std::string Differences(std::vector<NamedValue> const& before, std::vector<NamedValue> const& after,
+                        DisplayUnits const& units);
 
 // The cell of a column, empty if the table does not have it.
 std::string CellOf(std::optional<TableColumn> const& column, TextRow const& row);

@@ -290,6 +290,8 @@ Cell ShownList(std::string const& text, DisplayUnits const& units, std::string c
   return Text(shown);
 }
 
+}  // namespace
+
 Cell ShownCell(Cell const& cell, DisplayUnits const& units, std::string const& unit) {
   if (units.UnitFor(unit) == unit) return cell;
   if (auto const* number = std::get_if<double>(&cell)) return units.Shown(*number, unit);
@@ -302,8 +304,6 @@ Cell ShownCell(Cell const& cell, DisplayUnits const& units, std::string const& u
   }
   return cell;
 }
-
-}  // namespace
 
 Table InDisplayUnits(Table const& table, DisplayUnits const& units) {
   if (units.AreInternal()) return table;

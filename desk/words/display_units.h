@@ -66,9 +66,12 @@ std::string UnitNamed(std::string const& word, std::string const& unit);
 // A value in the unit `word` as a value in the internal unit `unit`. Throws Failure if it has none.
 double ToInternal(double value, std::string const& word, std::string const& unit);
 
+// A cell of a value that is in the internal unit `unit`, in display units; a text that is a list of
+// numbers is converted too.
+Cell ShownCell(Cell const& cell, DisplayUnits const& units, std::string const& unit);
 // The table with its numbers in display units: those of a column that has a unit, and those of
 // columns whose unit is in a column "unit" of the same row: "value", and any that is marked with
-// `unitInRow`. A text that is a list of numbers is converted too.
+// `unitInRow`.
 Table InDisplayUnits(Table const& table, DisplayUnits const& units);
 
 }  // namespace zel::desk

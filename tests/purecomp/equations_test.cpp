@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 #include <limits>
 #include <set>
 #include <vector>
@@ -255,7 +256,8 @@ TEST(Equations, CoefficientsBeyondTheCountDoNotMatter) {
     double const value = Evaluate(call).value;
     call.coefficients = poisoned;
     double const same = Evaluate(call).value;
-    EXPECT_EQ(std::memcmp(&value, &same, sizeof value), 0) << row.equation;
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(same))
+        << row.equation;
   }
 }
 

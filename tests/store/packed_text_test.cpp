@@ -58,7 +58,7 @@ TEST(PackedText, RoundTripCutsTrailingBlanksOnly) {
 
 TEST(PackedText, FirstWordTellsTheShapeAsAnUnsignedNumber) {
   EXPECT_EQ(Unpacked({99999999, 1020304}), std::string("    ABCD"));
-  EXPECT_EQ(Unpacked({100000000, 0x44434241}), std::string("", 0));  // first byte is zero
+  EXPECT_EQ(Unpacked({100000000, 0x44434241}), std::string());  // first byte is zero
   EXPECT_EQ(Unpacked({0x44434241, 0x48474645}), "ABCDEFGH");
   auto const high = static_cast<std::int32_t>(0xE4434241);  // negative: raw all the same
   EXPECT_EQ(Unpacked({high}), "ABC\xE4");

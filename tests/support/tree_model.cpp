@@ -38,7 +38,7 @@ bool TreeModel::Insert(Words const& entry) {
   return true;
 }
 
-void TreeModel::InsertAt(std::vector<Step> path, Words entry, long left, long right) {
+void TreeModel::InsertAt(std::vector<Step> path, Words const& entry, long left, long right) {
   if (path.empty()) {
     Node root;
     root.entries = {entry};

@@ -45,7 +45,7 @@ class TreeModel {
     return Words(entry.begin(), entry.begin() + static_cast<long>(keyWords_));
   }
   bool Descend(Words const& key, std::vector<Step>& path) const;
-  void InsertAt(std::vector<Step> path, Words entry, long left, long right);
+  void InsertAt(std::vector<Step> path, Words const& entry, long left, long right);
   bool QuickDelete(Words const& key);
   void Rebuild(Words const& key);
   void WalkFrom(long address, std::vector<Words>& out) const;

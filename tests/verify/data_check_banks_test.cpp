@@ -70,10 +70,11 @@ TEST_F(BankDataTest, ConstantsOfManyDigitsThatAreRepeated) {
     }
     return components;
   };
-  EXPECT_EQ(Check(four(1.2345, "C4H10")),
-            Lines{"warning repeated | own PURECOMP:TEST [10000010] ID3 | DIPOLE = 1.2345 (1.2345) "
-                  "debye at - | - to - () | TEST ID0 | TEST ID3: has DIPOLE 1.2345 with 3 others, "
-                  "the first of them TEST ID0"});
+  EXPECT_EQ(
+      Check(four(1.2345, "C4H10")),
+      Lines{"warning repeated | own PURECOMP:TEST [10000010] ID3 | DIPOLE = 1.2345 (1.2345) "
+            "debye at - | - to - () | TEST ID0 | TEST ID3: has DIPOLE 1.2345 debye with 3 others, "
+            "the first of them TEST ID0"});
   EXPECT_EQ(Ids(four(1.234, "C4H10")), "") << "four digits";
   std::vector<GoodComponent> three = four(1.2345, "C4H10");
   three.pop_back();

@@ -30,8 +30,9 @@ TEST_F(LibraryDataTest, Magnitude) {
   auto const two = MakeWith("/two.lb1", With(GoodComponent{}, propertyDIPOLE, 6.2));
   EXPECT_EQ(
       Compare({{one.get(), "one"}, {two.get(), "two"}}),
-      Lines{"warning magnitude | two PURECOMP:TEST [10000007] GOOD | DIPOLE = 6.2 (6.2) debye "
-            "at - | 1.8 to 1.8 (1.8) | one | TEST GOOD: DIPOLE is 6.2, but one has 1.8"});
+      Lines{
+          "warning magnitude | two PURECOMP:TEST [10000007] GOOD | DIPOLE = 6.2 (6.2) debye "
+          "at - | 1.8 to 1.8 (1.8) | one | TEST GOOD: DIPOLE is 6.2 debye, but one has 1.8 debye"});
   EXPECT_TRUE(isGood_);
 }
 
@@ -42,7 +43,7 @@ TEST_F(LibraryDataTest, BoilingPoint) {
   std::string const rest =
       " PURECOMP:TEST [10000007] GOOD | VaporPressure = 149.5 (149.5) kPa at 401 | 101.325 to "
       "101.325 (101.325) | two | TEST GOOD: at NBP 401 K of two the vapor pressure is 149.5 kPa, "
-      "expected 101.325";
+      "expected 101.325 kPa";
   EXPECT_EQ(Compare({{one.get(), "one"}, {two.get(), "two"}}),
             Lines{"warning boiling-point | one" + rest});
   EXPECT_EQ(Compare({{two.get(), "two"}, {one.get(), "one"}}),
@@ -134,7 +135,9 @@ TEST_F(LibraryDataTest, SentencesReachASinkOfTheIntegrityCheck) {
   } plain;
   auto const library = MakeWith("/own.lb1", With(GoodComponent{}, propertyMW, 18.03));
   EXPECT_TRUE(CheckLibraryData({library.get(), "own"}, {}, plain));
-  EXPECT_EQ(plain.all, "1 formula-weight TEST GOOD: MW is 18.03, but the formula H2O gives 18.015");
+  EXPECT_EQ(plain.all,
+            "1 formula-weight TEST GOOD: MW is 18.03 kg/kg-mol, but the formula H2O gives 18.015 "
+            "kg/kg-mol");
 }
 
 TEST_F(LibraryDataTest, LibraryThatIsNotOpen) {

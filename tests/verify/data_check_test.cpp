@@ -59,7 +59,8 @@ TEST_F(ComponentDataTest, Identity) {
   Expect({{"18.015 kg/kg-mol, by hand",
            Set(propertyMW, 18.03),
            {"warning formula-weight <item> MW = 18.03 (18.03) kg/kg-mol at - | 18.015 to 18.015 "
-            "(18.015) |  | <place> MW is 18.03, but the formula H2O gives 18.015"}},
+            "(18.015) |  | <place> MW is 18.03 kg/kg-mol, but the formula H2O gives 18.015 "
+            "kg/kg-mol"}},
           {"within 0.05 %", Set(propertyMW, 18.02), {}}});
 }
 
@@ -94,30 +95,30 @@ TEST_F(ComponentDataTest, TemperaturesOutOfOrder) {
            Set(propertyNMP, 275),
            {"warning temperatures <item> NMP = 275 (275)" + limit +
             "273.1 (at most 273.1) |  | "
-            "<place> NMP 275 is above TTP 273.1"}},
+            "<place> NMP 275 K is above TTP 273.1 K"}},
           {"NMP within 0.5 %", Set(propertyNMP, 274.4), {}},
           {"NBP",
            Set(propertyNBP, 700),
            {"warning temperatures <item> NBP = 700 (700)" + limit +
             "600 (at most 600) |  | "
-            "<place> NBP 700 is above TC 600"}},
+            "<place> NBP 700 K is above TC 600 K"}},
           {"ends swapped",
            range(correlationLiquidCp, 300, 200),
            {"warning temperatures <item> LiquidCp = 300 (300)" + limit +
             "200 (at most 200) |  | "
-            "<place> LiquidCp has the range 300 to 200 K"}},
+            "<place> LiquidCp has the range 300 K to 200 K"}},
           {"liquid above TC",
            range(correlationLiquidCp, 300, 601),
            {"warning temperatures <item> LiquidCp = 601 (601)" + limit +
             "600 (at most 600) |  | "
-            "<place> the end of LiquidCp 601 is above TC 600"}},
+            "<place> the end of LiquidCp 601 K is above TC 600 K"}},
           {"within 0.1 %", range(correlationLiquidCp, 300, 600.5), {}},
           {"gas above TC", range(correlationIdealGasCp, 300, 1000), {}},
           {"solid above NMP",
            range(correlationSolidCp, 100, 300),
            {"warning temperatures <item> SolidCp = 300 (300)" + limit +
             "273.1 (at most 273.1) |  "
-            "| <place> the end of SolidCp 300 is above NMP 273.1"}},
+            "| <place> the end of SolidCp 300 K is above NMP 273.1 K"}},
           {"solid below NMP", range(correlationSolidCp, 100, 273), {}}});
 }
 
@@ -133,7 +134,7 @@ TEST_F(ComponentDataTest, RangesInOtherUnits) {
           {"700 F is 644.2611 K",
            fahrenheit(700),
            {"warning temperatures <item> LiquidCp = 644.2611 (644.2611) K at - | - to 600 (at most "
-            "600) |  | <place> the end of LiquidCp 644.2611 is above TC 600"}}});
+            "600) |  | <place> the end of LiquidCp 644.2611 K is above TC 600 K"}}});
 }
 
 TEST_F(ComponentDataTest, CriticalConstants) {
@@ -174,16 +175,17 @@ TEST_F(ComponentDataTest, VaporPressureAtTheConstants) {
       c.SetProperty(propertyACENTRIC, acentric);
     };
   };
-  Expect({{"at 401 K",
-           Set(propertyNBP, 401),
-           {"warning vapor-pressure <item> VaporPressure = 149.5 (149.5) kPa at 401 | 101.325 to "
-            "101.325 (101.325) |  | <place> at NBP 401 K the vapor pressure is 149.5 kPa, expected "
-            "101.325"}},
-          {"-19700 + 49.5 * 600 is 9.1 % below",
-           critical(11000, 0.22, 0.004),
-           {"warning vapor-pressure <item> VaporPressure = 10000 (10000) kPa at 600 | 11000 to "
-            "11000 (11000) |  | <place> at TC the vapor pressure is 10000 kPa, but PC is 11000"}},
-          {"within 5 %", critical(10500, 0.21, -0.017), {}}});
+  Expect(
+      {{"at 401 K",
+        Set(propertyNBP, 401),
+        {"warning vapor-pressure <item> VaporPressure = 149.5 (149.5) kPa at 401 | 101.325 to "
+         "101.325 (101.325) |  | <place> at NBP 401 K the vapor pressure is 149.5 kPa, expected "
+         "101.325 kPa"}},
+       {"-19700 + 49.5 * 600 is 9.1 % below",
+        critical(11000, 0.22, 0.004),
+        {"warning vapor-pressure <item> VaporPressure = 10000 (10000) kPa at 600 | 11000 to "
+         "11000 (11000) |  | <place> at TC the vapor pressure is 10000 kPa, but PC is 11000 kPa"}},
+       {"within 5 %", critical(10500, 0.21, -0.017), {}}});
 }
 
 TEST_F(ComponentDataTest, DensityAndLatentHeat) {
@@ -199,17 +201,18 @@ TEST_F(ComponentDataTest, DensityAndLatentHeat) {
       GoodComponent::Line(c, correlationLatentHeat, 300, 600, 40000, 0);
     };
   };
-  Expect({{"1/VC is 10",
-           density(12),
-           {"warning critical-density <item> LiquidDensity = 12 (12) kg-mol/m3 at 600 | 10 to 10 "
-            "(10) |  | <place> at TC the liquid density is 12 kg-mol/m3, but VC gives 10"}},
-          {"within 10 %", density(10.9), {}},
-          {"5 % above",
-           heat(42000),
-           {"warning latent-heat <item> HVAPNBP = 42000 (42000) kJ/kg-mol at - | 40000 to 40000 "
-            "(40000) |  | <place> HVAPNBP is 42000 kJ/kg-mol, but the latent heat at NBP is "
-            "40000"}},
-          {"within 3 %", heat(41000), {}}});
+  Expect(
+      {{"1/VC is 10",
+        density(12),
+        {"warning critical-density <item> LiquidDensity = 12 (12) kg-mol/m3 at 600 | 10 to 10 "
+         "(10) |  | <place> at TC the liquid density is 12 kg-mol/m3, but VC gives 10 kg-mol/m3"}},
+       {"within 10 %", density(10.9), {}},
+       {"5 % above",
+        heat(42000),
+        {"warning latent-heat <item> HVAPNBP = 42000 (42000) kJ/kg-mol at - | 40000 to 40000 "
+         "(40000) |  | <place> HVAPNBP is 42000 kJ/kg-mol, but the latent heat at NBP is "
+         "40000 kJ/kg-mol"}},
+       {"within 3 %", heat(41000), {}}});
 }
 
 TEST_F(ComponentDataTest, CurvesThatRiseOrFallWrongly) {
@@ -226,11 +229,11 @@ TEST_F(ComponentDataTest, CurvesThatRiseOrFallWrongly) {
            {"warning monotony <item> SurfaceTension = 0.0415 (0.0415) N/m at 315 | - to 0.04 (at "
             "most 0.04) |  | <place> SurfaceTension rises at 315 K",
             "warning monotony <item> SurfaceTension = 0.07 (0.07) N/m at 600 | 0 to 0 (0) |  | "
-            "<place> SurfaceTension is 0.07 at TC, expected 0"}},
+            "<place> SurfaceTension is 0.07 N/m at TC, expected 0 N/m"}},
           {"a heat capacity of 75 - 0.3 T",
            [](IZelPureComp& c) { GoodComponent::Line(c, correlationLiquidCp, 240, 340, 75, -0.3); },
            {"warning monotony <item> LiquidCp = -12 (-12) kJ/kg-mol-K at 290 | 0 to - (at least 0) "
-            "|  | <place> LiquidCp is -12 at 290 K"}}});
+            "|  | <place> LiquidCp is -12 kJ/kg-mol-K at 290 K"}}});
 }
 
 TEST_F(ComponentDataTest, MissingReferenceCodes) {

@@ -78,6 +78,7 @@ TEST_F(MergeTest, ListShowsAndChangesNothing) {
   ASSERT_EQ(report["differences"].size(), 1U) << report;
   EXPECT_EQ(report["differences"][0]["item"], "PURECOMP:B B");
   EXPECT_EQ(report["differences"][0]["field"], "TC");
+  EXPECT_EQ(report["differences"][0]["unit"], "K");
   EXPECT_EQ(report["differences"][0]["ours"], 200);
   EXPECT_EQ(report["differences"][0]["theirs"], 222);
   EXPECT_EQ(report["banks"][0]["added"], 1);

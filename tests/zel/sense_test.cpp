@@ -83,14 +83,15 @@ TEST_F(SenseTest, EachDefectHasItsWarning) {
       {"equation=\"1\" tempUnit=\"k\" propUnit=\"kj/kg-k\"",
        "equation=\"5\" tempUnit=\"k\" propUnit=\"kj/kg-k\"", "equation",
        "LiquidCp: equation 5 needs at least 3 coefficients, but the record has 2"},
-      {"value=\"273.15\"", "value=\"275\"", "temperatures", "NMP 275 is above TTP 273.16"},
-      {"value=\"373.15\"", "value=\"700\"", "temperatures", "NBP 700 is above TC 647.096"},
-      {"tMax=\"533.15\"", "tMax=\"200\"", "temperatures", "LiquidCp has the range 273.16 to 200 K"},
+      {"value=\"273.15\"", "value=\"275\"", "temperatures", "NMP 275 K is above TTP 273.16 K"},
+      {"value=\"373.15\"", "value=\"700\"", "temperatures", "NBP 700 K is above TC 647.096 K"},
+      {"tMax=\"533.15\"", "tMax=\"200\"", "temperatures",
+       "LiquidCp has the range 273.16 K to 200 K"},
       {"value=\"0.2294\"", "value=\"0.26\"", "critical", "ZC is 0.26"},
       {"value=\"0.344\"", "value=\"0.4\"", "acentric", "ACENTRIC is 0.4"},
       {"value=\"373.15\"", "value=\"380\"", "vapor-pressure", "at NBP 380 K"},
       {"0.1294192 -0.0002", "0.01 0.0001", "monotony", "SurfaceTension rises"},
-      {"0.1294192 -0.0002", "0.2 -0.0002", "monotony", "at TC, expected 0"},
+      {"0.1294192 -0.0002", "0.2 -0.0002", "monotony", "at TC, expected 0 N/m"},
       {"> 75 0.01 <", "> -75 0.01 <", "monotony", "LiquidCp is -72"},
       {"value=\"0.344\" refCode=\"1\"", "value=\"0.344\"", "source", "ACENTRIC"},
       {"tMax=\"533.15\" refCode=\"1\"", "tMax=\"533.15\"", "source", "LiquidCp"}};
@@ -183,7 +184,8 @@ TEST_F(SenseTest, MagnitudeAcrossLibraries) {
   Good("copy own.lb1 one.lb1 --create");
   Warnings(With(kGood, "name=\"ACENTRIC\" value=\"0.344\"", "name=\"DIPOLE\" value=\"6.2\""));
   EXPECT_EQ(WarningsOf("one.lb1 own.lb1"), Ids{"magnitude"}) << report_;
-  EXPECT_NE(What().find("DIPOLE is 6.2, but one.lb1 has 1.8"), std::string::npos) << What();
+  EXPECT_NE(What().find("DIPOLE is 6.2 debye, but one.lb1 has 1.8 debye"), std::string::npos)
+      << What();
 }
 
 // Further data of a component, each right and wrong.
@@ -211,7 +213,7 @@ TEST_F(SenseTest, DensityLatentHeatAndSolidsBesideConstants) {
   EXPECT_EQ(Warnings(with(curve("SolidDensity", "kg/m3", "273", "50"))), Ids{}) << report_;
   EXPECT_EQ(Warnings(with(curve("SolidDensity", "kg/m3", "300", "50"))), Ids{"temperatures"})
       << report_;
-  EXPECT_NE(What().find("the end of SolidDensity 300 is above NMP 273.15"), std::string::npos);
+  EXPECT_NE(What().find("the end of SolidDensity 300 K is above NMP 273.15 K"), std::string::npos);
 }
 
 // In both directions: both libraries have a vapor pressure, one of them a wrong boiling point.

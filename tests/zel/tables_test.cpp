@@ -109,10 +109,10 @@ TEST_F(TablesTest, ComponentsAreMadeAndChangedAndReported) {
   json const changed = Imported("OWN", "cas;PC [bar];TC\n64-17-5;61.5;\n7732-18-5;220.64;\n");
   EXPECT_EQ(changed["changed"], 2);
   EXPECT_EQ(changed["rows"][0]["line"], 2);
-  EXPECT_EQ(changed["rows"][0]["what"], "PC 6140 to 6150");
-  EXPECT_EQ(changed["rows"][1]["what"], "PC - to 22064");
+  EXPECT_EQ(changed["rows"][0]["what"], "PC 6140 to 6150 kPa");
+  EXPECT_EQ(changed["rows"][1]["what"], "PC - to 22064 kPa");
   // One of several IDs names the component and leaves the others; a list replaces them.
-  EXPECT_EQ(Imported("OWN", "id,TC\nETOH,514\n")["rows"][0]["what"], "TC 513.9 to 514");
+  EXPECT_EQ(Imported("OWN", "id,TC\nETOH,514\n")["rows"][0]["what"], "TC 513.9 to 514 K");
   EXPECT_EQ(Json("show own.lb1 OWN ETHANOL")["ids"], "ETHANOL ETOH");
   Imported("OWN", "cas,ids\n64-17-5,ETHANOL ALCOHOL\n");
   EXPECT_EQ(Json("show own.lb1 OWN ETHANOL")["ids"], "ETHANOL ALCOHOL");

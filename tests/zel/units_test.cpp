@@ -112,11 +112,32 @@ TEST_F(UnitsTest, EvalShowsAndReadsThem) {
   EXPECT_DOUBLE_EQ(eval["points"][1]["t"], 78.25);
 }
 
+TEST_F(UnitsTest, ComparisonsAndDifferencesShowThemWithTheirUnits) {
+  Good("copy perry.lb1 own.lb1 --create");
+  Good("edit own.lb1 ETHANOL PC=70bar TC=500 --units K,kPa");
+  std::string const units = " --units bar,degC";
+  json const compared = Json("compare perry.lb1 own.lb1 --components ETHANOL" + units);
+  json const pressure = Row(compared["constants"], "constant", "PC");
+  EXPECT_EQ(pressure["unit"], "bar");
+  EXPECT_NEAR(pressure["second"], 70.0, 1e-5);
+  EXPECT_NEAR(pressure["first"], 61.37, 1e-5);
+  for (std::string const command : {"diff perry.lb1 own.lb1", "log own.lb1", "undo own.lb1"}) {
+    json const rows = Json(command + units)["differences"];
+    EXPECT_EQ(Row(rows, "field", "PC")["unit"], "bar") << command;
+    json const temperature = Row(rows, "field", "TC");
+    EXPECT_EQ(temperature["unit"], "C") << command;
+    double const edited = temperature[command[0] == 'd'   ? "second"
+                                      : command[0] == 'l' ? "after"
+                                                          : "before"];
+    EXPECT_NEAR(edited, 226.85, 1e-4) << command;
+  }
+}
+
 // The surface tensions of this library are records in C.
 TEST_F(UnitsTest, ABareTemperatureDoesNotDependOnTheRecord) {
   json const kelvin = Json("eval ETHANOL SurfaceTension -l crc.lb1 --at 298.15");
-  EXPECT_EQ(kelvin["units"]["points"]["t"], "C");
-  EXPECT_DOUBLE_EQ(kelvin["points"][0]["t"], 25.0);
+  EXPECT_EQ(kelvin["units"]["points"], (json{{"t", "K"}, {"value", "N/m"}, {"d/dt", "N/m/K"}}));
+  EXPECT_DOUBLE_EQ(kelvin["points"][0]["t"], 298.15);
   json const celsius = Json("eval ETHANOL SurfaceTension -l crc.lb1 --at 25 --units C");
   EXPECT_EQ(celsius["points"][0]["value"], kelvin["points"][0]["value"]);
   json const fahrenheit = Json("eval ETHANOL SurfaceTension -l crc.lb1 --at 77 --units F");

@@ -1,4 +1,9 @@
 // eval
+#include <zelaccess/Types.h>
+#include <zelaccess/Units.h>
+#include <zelaccess/Verify.h>
+
+#include <cmath>
 #include <memory>
 
 #include "commands/command.h"
@@ -53,6 +58,13 @@ std::vector<double> Temperatures(Options const& o, Curve const& curve, std::stri
 
 std::string StatusText(std::int32_t status) {
   return status == 0 ? "inside" : status > 0 ? "above" : "below";
+}
+
+// A derivative with respect to the temperature of the record, as one with respect to K.
+double PerKelvin(double slope, Curve const& curve, int order) {
+  double step = 1.0;
+  zel::ConvertUnits("TempDiff", "K", TemperatureUnit(curve.tempUnit), &step, 1);
+  return zel::gen_IsUndefDouble(slope) ? slope : slope * std::pow(step, order);
 }
 
 // Several components or correlations over the same temperatures, in K.
@@ -117,7 +129,6 @@ Report Eval(Session& session, Options const& o) {
   PureComponent component;
   list.Search(o.component, component);
   Curve const curve = CurveOf(component, info, o.component);
-  std::string const unit = TemperatureUnit(curve.tempUnit);
   std::string const value = info.unit;
   Report report;
   report.Fact("component", component.ReadIdentity().name);
@@ -125,12 +136,12 @@ Report Eval(Session& session, Options const& o) {
   report.Fact("equation", std::int64_t{curve.equation});
   report.Fact("range", RangeOf(curve, session.units));
   report.Fact("from", Text(curve.source));
-  std::vector<Column> columns = {{"T", unit}, {"value", value}};
+  std::vector<Column> columns = {{"T", "K"}, {"value", value}};
   for (int order = 1; order <= o.derivatives; ++order) {
     std::string const power = order == 1 ? "" : std::to_string(order);
     std::string name = "d";
     name.append(power).append("/dT").append(power);
-    columns.push_back({name, std::string(value).append("/").append(unit).append(power)});
+    columns.push_back({name, std::string(value).append("/K").append(power)});
   }
   columns.push_back({"range", ""});
   std::string warning = WarningOf(o.component, info, curve);
@@ -141,10 +152,11 @@ Report Eval(Session& session, Options const& o) {
   for (double const temperature : Temperatures(o, curve, o.component, session.units)) {
     Point const point = component.At(IndexOf(info), temperature);
     std::vector<Cell> row;
-    row.push_back(temperature);
+    row.push_back(zel::ConvertTemperature(temperature, curve.tempUnit, kKelvin));
     row.push_back(Number(point.value));
     for (int order = 1; order <= o.derivatives; ++order) {
-      row.push_back(Number(component.At(IndexOf(info), temperature, order).slope));
+      double const slope = component.At(IndexOf(info), temperature, order).slope;
+      row.push_back(Number(PerKelvin(slope, curve, order)));
     }
     hasAny = hasAny || point.there;
     row.push_back(point.there ? StatusText(point.status) : "no value");
@@ -164,7 +176,7 @@ void AddCurveCommands(CommandLine& line) {
   eval.Argument("COMPONENT", o->component, "by number, ID, CAS number or name")
       .Argument("CORRELATION", o->correlation, "its name or the beginning of it");
   AddSourceOptions(eval, o->sources);
-  eval.Option("--at", o->at, "temperatures, in K without a unit", "T...")
+  eval.Option("--at", o->at, "temperatures; in the display unit, K by default", "T...")
       .Option("--from", o->from, "lowest temperature; default: the record's", "T")
       .Option("--to", o->to, "highest temperature; default: the record's", "T")
       .Option("--steps", o->steps, "number of steps; default: 10", "N")

@@ -29,8 +29,12 @@ std::string NoteOn(LoggedChange const& change) {
 Report Log(Session& session, Options const& o) {
   if (o.last < 0) throw WrongUsage("--last must be 1 or more");
   Table changes("changes", {{"change", ""}, {"time", ""}, {"command", ""}, {"note", ""}});
-  Table differences("differences",
-                    {{"change", ""}, {"item", ""}, {"field", ""}, {"before", ""}, {"after", ""}});
+  Table differences("differences", {{"change", ""},
+                                    {"item", ""},
+                                    {"field", ""},
+                                    {"before", "", false, true},
+                                    {"after", "", false, true},
+                                    {"unit", ""}});
   for (LoggedChange const& change : ChangesOf(session, o.path, o.last)) {
     Cell const number = std::int64_t{change.number};
     changes.Add(number, Text(change.record.time), Text(change.record.command),

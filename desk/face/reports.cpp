@@ -1,0 +1,170 @@
+#include <zelaccess/DeskReports.h>
+#include <zelaccess/Version.h>
+
+#include <utility>
+
+#include "desk/change/library_change.h"
+#include "desk/combine/flatten.h"
+#include "desk/compare/comparison.h"
+#include "desk/compare/coverage.h"
+#include "desk/face/data.h"
+#include "desk/face/guarded.h"
+#include "desk/open/library_path.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/pages/page.h"
+#include "desk/tables/component_table.h"
+#include "desk/tables/table_export.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+namespace {
+
+void Prepare(Session& session, ReportSettings const& settings) {
+  zel::InitZelAccess();
+  session.patience = PatienceOf(settings.waitSeconds);
+  session.units = DisplayUnits(settings.units);
+  session.namesPath = LibraryPath(settings.path).Find(settings.names);
+  OpenNames(session);
+}
+
+// Calls `work` with a session.
+template <typename Work>
+auto InSession(ReportSettings const& settings, Work const& work) {
+  Session session;
+  return Guarded(session, [&] {
+    Prepare(session, settings);
+    return work(session);
+  });
+}
+
+std::vector<std::string> FoundOnPath(std::vector<std::string> words,
+                                     ReportSettings const& settings) {
+  LibraryPath const path(settings.path);
+  for (std::string& word : words) word = path.FindSource(word);
+  return words;
+}
+
+// Calls `work` with the preference list.
+template <typename Work>
+auto WithList(std::vector<std::string> const& libraries, ReportSettings const& settings,
+              Work const& work) {
+  return InSession(settings, [&](Session& session) {
+    PreferenceList list(session,
+                        {FoundOnPath(libraries, settings), settings.acceptIdentity, false});
+    return work(list);
+  });
+}
+
+PageOptions Made() {
+  PageOptions options;
+  options.maker = std::string("ZelAccess ") + ZELACCESS_VERSION;
+  return options;
+}
+
+}  // namespace
+
+Table DataOf(std::vector<std::string> const& libraries, std::vector<std::string> const& components,
+             std::vector<std::string> const& fields, bool withSources,
+             ReportSettings const& settings) {
+  return WithList(libraries, settings, [&](PreferenceList& list) {
+    ComponentChoice choice;
+    choice.words = components;
+    if (components.empty()) choice.pattern = "*";
+    return InDisplayUnits(ComponentTable(list, ChosenComponents(list, choice), fields, withSources),
+                          list.Units());
+  });
+}
+
+Table PairsOf(std::vector<std::string> const& libraries, std::string const& type,
+              std::vector<std::string> const& fields, std::vector<std::string> const& components,
+              ReportSettings const& settings) {
+  return InSession(settings, [&](Session& session) {
+    std::vector<Library> open;
+    open.reserve(libraries.size());
+    for (std::string const& path : FoundOnPath(libraries, settings)) {
+      open.push_back(OpenFinished(session, path));
+    }
+    return InDisplayUnits(PairTable(open, type, fields, components), session.units);
+  });
+}
+
+Table CoverageOf(std::vector<std::string> const& libraries, std::string const& type,
+                 std::vector<std::string> const& components, ReportSettings const& settings) {
+  return WithList(libraries, settings, [&](PreferenceList& list) {
+    std::vector<std::string> const types = PairTypes({type});
+    PairCoverage pairs(list);
+    for (std::string const& given :
+         components.empty() ? ComponentsInPairs(list, types) : components) {
+      std::string const& word = list.Lookup(given);
+      PureComponent component;
+      list.Search(word, component);
+      pairs.Add(word, component);
+    }
+    Table table("pairs", {{"one", ""}, {"other", ""}, {"from", ""}});
+    for (std::size_t i = 0; i < pairs.Count(); ++i) {
+      for (std::size_t k = i + 1; k < pairs.Count(); ++k) {
+        table.Add(pairs.WordOf(i), pairs.WordOf(k), Text(pairs.SourceOf(types.front(), i, k)));
+      }
+    }
+    return table;
+  });
+}
+
+ComparedSources CompareSources(std::string const& first, std::string const& second,
+                               std::vector<std::string> const& components, double tolerance,
+                               ReportSettings const& settings) {
+  return InSession(settings, [&](Session& session) {
+    LibraryPath const path(settings.path);
+    CompareOptions options;
+    options.components = components;
+    options.tolerance = tolerance;
+    options.acceptIdentity = settings.acceptIdentity;
+    Comparison found = Compare(session, path.FindSource(first), path.FindSource(second), options);
+    return ComparedSources{found.components,
+                           InDisplayUnits(found.differingConstants, session.units),
+                           InDisplayUnits(found.differingCorrelations, session.units),
+                           std::move(found.notCompared), std::move(found.oneSided)};
+  });
+}
+
+std::string TableTextOf(std::string const& library, std::string const& bank,
+                        std::string const& form, std::string const& kind,
+                        ReportSettings const& settings) {
+  return InSession(settings, [&](Session& session) {
+    Library const from = OpenFinished(session, LibraryPath(settings.path).Find(library));
+    BankName const which = from.Bank(bank);
+    return InFormOf("table." + form,
+                    ExportTable(from, which, TableKindNamed(kind, which.type), session.units));
+  });
+}
+
+Table FlattenTo(std::vector<std::string> const& libraries, std::string const& path,
+                std::vector<std::string> const& components, ReportSettings const& settings) {
+  return InSession(settings, [&](Session& session) {
+    PreferenceList list(session,
+                        {FoundOnPath(libraries, settings), settings.acceptIdentity, false});
+    if (std::filesystem::exists(path)) throw Error(path, "exists");
+    LibraryChange change = LibraryChange::New(session, path, {}, {});
+    FlattenOptions options;
+    options.components = components;
+    Flattened done = Flatten(list, change.Open(), options);
+    change.PutInPlace();
+    return std::move(done.taken);
+  });
+}
+
+std::string SheetOf(std::vector<std::string> const& libraries,
+                    std::vector<std::string> const& components, bool each,
+                    ReportSettings const& settings) {
+  return WithList(libraries, settings, [&](PreferenceList& list) {
+    return MakeSheet(list, components, each, Made()).html;
+  });
+}
+
+std::string ReportOf(std::vector<std::string> const& libraries, ReportSettings const& settings) {
+  return WithList(libraries, settings, [&](PreferenceList& list) {
+    return MakeLibraryPage(list, settings.acceptIdentity, Made()).html;
+  });
+}
+
+}  // namespace zel::desk
