@@ -124,7 +124,7 @@ Report Import(Session& session, Options const& o) {
   ImportTotals totals;
   std::string const unchanged = isNew ? "no library was created" : "the library is unchanged";
   FollowedWork work("importing");
-  FollowedWork::Following const following(work, change.Open().File());
+  std::optional<FollowedWork::Following> following(std::in_place, work, change.Open().File());
   std::size_t imported = 0;
   for (std::string const& file : o.files) {
     work.BeginPart("importing " + file, 1.0 / static_cast<double>(o.files.size()));
@@ -146,6 +146,7 @@ Report Import(Session& session, Options const& o) {
   log.Finish(report);
   maint->SetLogSink(nullptr);
   if (!o.change.inPlace) work.EndIfCancelled(unchanged);
+  following.reset();  // a dry run closes the library
   PutInPlaceAfter(report, std::move(change));
   return report;
 }
