@@ -87,7 +87,7 @@ std::vector<std::string> LibraryPath::LibrariesIn(std::string const& folder) {
   if (!Exists(folder) || !fs::is_directory(folder)) return files;
   for (fs::directory_entry const& entry : fs::directory_iterator(folder)) {
     std::string name = entry.path().filename().string();
-    if (EndsAsLibrary(name) && name[0] != '.' && !entry.is_directory()) {
+    if (EndsAsLibrary(name) && name[0] != '.' && entry.exists() && !entry.is_directory()) {
       files.push_back(std::move(name));
     }
   }
@@ -103,8 +103,9 @@ std::vector<PathLibrary> LibraryPath::Libraries() const {
     for (std::string const& file : LibrariesIn(folder)) {
       std::string const path = folder == kHere ? file : (fs::path(folder) / file).string();
       std::string const word = WordOf(file);
-      std::error_code none;
-      libraries.push_back({word, path, !fs::equivalent(Found(word), path, none)});
+      std::string const found = Found(word);
+      bool const isFound = found.empty() || found == path || fs::equivalent(found, path);
+      libraries.push_back({word, path, !isFound});
     }
   }
   return libraries;

@@ -125,8 +125,8 @@ TEST_F(MissingTest, NothingFarAwayIsSuggested) {
   } const rows[] = {{"XYLITOL9", "not in crc.lb1:CRC; `zel find crc.lb1` lists components"},
                     {"QJXVW", "not in crc.lb1:CRC; `zel find crc.lb1` lists components"},
                     {"99", "not in crc.lb1:CRC; `zel find crc.lb1` lists components"},
-                    {"7783-06-4x", "characters; `zel find crc.lb1` lists components"},
-                    {"CYCLOHEXA", "the nearest ID is CYCLOHEX (Cyclohexane)"},
+                    {"7783-06-4x", "is not a component ID or name; `zel find crc.lb1` lists"},
+                    {"CYCLOHEXA", "begins the names of 3 components"},
                     {"CYCLOHEXXXE", "the nearest ID is CYCLOHEX (Cyclohexane)"},
                     {"ETHAMOL", "the nearest ID is ETHANOL (Ethanol)"},
                     {"64-17-50", "CAS number"}};
