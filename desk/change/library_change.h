@@ -54,8 +54,8 @@ class LibraryChange {
   // Closes it and makes the files of a version those of the changed library. Throws Failure.
   void Restore(Version const& version);
   // Closes the library and makes it the one at the path. If this throws Failure, the library is
-  // unchanged. If only the history cannot be kept, the session reports it. The object cannot be used
-  // afterwards. After a change with `dryRun` it must not be called.
+  // unchanged. If only the history cannot be kept, the session reports it. The object cannot be
+  // used afterwards. After a change with `dryRun` it must not be called.
   void PutInPlace();
   bool IsDryRun() const { return options_.dryRun; }
   // The path of the library without symbolic links.
