@@ -2,7 +2,8 @@
 """Prints a document in the form that Doxygen needs: scripts/site_page.py docs/lists.md
 
 Links to what is not on the site become plain text, those to headers the name of the header, which
-Doxygen makes a link again. Code spans with quotes or a percent sign, which Doxygen does not keep as
+Doxygen makes a link again. Doxygen does not know places within a page: a link to one becomes a link
+to its page, or plain text on that page itself. Code spans with quotes or a percent sign, which Doxygen does not keep as
 they are, become HTML, and two hyphens stay two.
 """
 import os
@@ -20,8 +21,10 @@ def link(label, target, folder):
     plain = label.replace("`", "")
     path = os.path.normpath(os.path.join(folder, target.split("#")[0]))
     on_site = path.endswith(".md") and os.path.dirname(path) in ("", "docs")
-    if on_site or re.match(r"https?:|#", target):
+    if re.match(r"https?:", target):
         return f"[{plain}]({target})"
+    if on_site and not target.startswith("#"):
+        return f"[{plain}]({target.split('#')[0]})"
     return plain if path.endswith(".h") and path.startswith("include/") else label
 
 
