@@ -8,6 +8,8 @@
 
 #include "desk_fixture.h"
 
+namespace desk = zel::desk;
+
 namespace {
 
 class DeskChangeTest : public DeskTest {

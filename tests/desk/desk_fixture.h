@@ -11,7 +11,6 @@
 #include <vector>
 
 namespace fs = std::filesystem;
-namespace desk = zel::desk;
 
 class DeskTest : public testing::Test {
  protected:

@@ -13,6 +13,8 @@
 
 #include "desk_fixture.h"
 
+namespace desk = zel::desk;
+
 namespace {
 
 TEST_F(DeskTest, AConstantHasValueUnitSourceAndState) {
