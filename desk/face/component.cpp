@@ -65,8 +65,11 @@ void EvaluateIn(PureComponent const& component, std::uint32_t index,
   batch.derivatives = result.derivatives.data();
   batch.statuses = result.statuses.data();
   zel::EvaluateComponentBatch(component.operator->(), index, batch);
+  std::int32_t const unit = component.ReadCurve(index).tempUnit;
   for (std::size_t i = 0; i < temperatures.size(); ++i) {
-    if (result.statuses[i] != 0) {
+    if (zel::ConvertTemperature(temperatures[i], unit, kKelvin) < 0.0) {
+      result.values[i] = result.derivatives[i] = nan;
+    } else if (result.statuses[i] != 0) {
       // An extrapolation is a value only if there is one at the end of the range.
       Point const point = component.At(index, temperatures[i], order);
       result.values[i] = point.there ? point.value : nan;

@@ -254,6 +254,16 @@ double ToInternal(double value, std::string const& word, std::string const& unit
   return Converted(value, dimension, named, to);
 }
 
+namespace {
+
+bool IsBelowAbsoluteZero(double value, std::string const& unit) {
+  if (DimensionOf(unit) != kTemperature) return false;
+  std::int32_t const code = IsTemperatureLetter(unit) ? TemperatureCode(unit) : kKelvin;
+  return zel::ConvertTemperature(value, code, kKelvin) < 0.0;
+}
+
+}  // namespace
+
 double DisplayUnits::Read(std::string const& word, std::string const& unit,
                           std::string const& what) const {
   std::string const expected = "\"" + word + "\" is not " + what;
@@ -269,7 +279,11 @@ double DisplayUnits::Read(std::string const& word, std::string const& unit,
     throw WrongUsage(expected + ": " + suffix + " is not a unit for values in " +
                      (unit.empty() ? "pure numbers" : unit));
   }
-  return named.empty() || named == unit ? value : ToInternal(value, named, unit);
+  double const read = named.empty() || named == unit ? value : ToInternal(value, named, unit);
+  if (IsBelowAbsoluteZero(read, unit)) {
+    throw WrongUsage(expected + ": it is below absolute zero");
+  }
+  return read;
 }
 
 namespace {

@@ -36,7 +36,7 @@ class DisplayUnits {
   // for a value that has no counterpart in that unit.
   double Shown(double value, std::string const& unit) const;
   // The number that a word means, in the internal unit `unit`: "1.2bar", "78.31 C"; without a unit
-  // the number is in UnitFor(unit). Throws WrongUsage, which says that the word is not `what`.
+  // the number is in UnitFor(unit). Throws WrongUsage for a word or temperature that cannot be one.
   double Read(std::string const& word, std::string const& unit, std::string const& what) const;
 
  private:

@@ -51,6 +51,9 @@ std::optional<Span> SpanOf(std::string const& word, std::string const& what, Par
   Span span;
   if (colon > 0) span.low = parse(word.substr(0, colon));
   if (colon + 1 < word.size()) span.high = parse(word.substr(colon + 1));
+  if (span.low && span.high && *span.low > *span.high) {
+    throw WrongUsage("the range " + word + " ends before it begins");
+  }
   return span;
 }
 
@@ -103,9 +106,6 @@ double ParseTolerance(std::string const& word) {
 }
 
 double Temperature::In(std::int32_t code) const {
-  if (zel::ConvertTemperature(value, unit, kKelvin) < 0.0) {
-    throw WrongUsage("a temperature is below absolute zero");
-  }
   return zel::ConvertTemperature(value, unit, code);
 }
 
@@ -138,6 +138,7 @@ Temperature ParseTemperature(std::string const& word, DisplayUnits const& units)
                                                      : HintForNumber(word);
     throw WrongUsage("\"" + word + "\" is not " + kWhat + hint);
   }
+  if (temperature.In(kKelvin) < 0.0) throw WrongUsage("\"" + word + "\" is below absolute zero");
   return temperature;
 }
 

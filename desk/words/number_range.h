@@ -38,10 +38,10 @@ struct Temperature {
   double value = 0.0;
   std::int32_t unit = kKelvin;  // 10 K, 11 C, 12 R, 13 F
 
-  // The temperature in the unit with this code. Throws WrongUsage below absolute zero.
+  // The temperature in the unit with this code.
   double In(std::int32_t code) const;
 };
-// Without a unit, the temperature is in the display unit, which is K unless another is chosen.
+// Without a unit, it is in the display unit, K by default. Throws WrongUsage below absolute zero.
 Temperature ParseTemperature(std::string const& word, DisplayUnits const& units);
 // A range of temperatures such as "20C:350", in K.
 std::optional<Span> ParseTemperatureSpan(std::string const& word, std::string const& what,

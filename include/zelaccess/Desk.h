@@ -179,9 +179,9 @@ class ZEL_DESK_API Component {
   /// \param correlation  the correlation
   /// \return nothing if there is none
   std::optional<CorrelationData> Correlation(zel::Correlation correlation) const;
-  /// Evaluates a correlation, outside of its range by extrapolation. Throws MissingDatum if the
-  /// component does not have it, UnknownWord for a unit that does not suit it and for an order that
-  /// is not 1, 2 or 3.
+  /// Evaluates a correlation, outside of its range by extrapolation, but not below absolute zero.
+  /// Throws MissingDatum if the component does not have it, UnknownWord for a unit that does not
+  /// suit it and for an order that is not 1, 2 or 3.
   /// \param correlation   the correlation
   /// \param temperatures  in `options.temperatureUnit`
   /// \param options       units, and the order of the derivative

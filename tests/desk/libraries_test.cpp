@@ -106,6 +106,12 @@ TEST_F(DeskTest, AValueThatIsNotThereIsNotANumber) {
   auto const p = ethanol.Evaluate(zel::Correlation::VaporPressure, {nan, 300.0});
   EXPECT_TRUE(std::isnan(p.values[0]));
   EXPECT_TRUE(std::isfinite(p.values[1]));
+  auto const cold =
+      ethanol.Evaluate(zel::Correlation::VaporPressure, {-1000.0, -273.2, -273.1}, {"bar", "C", 1});
+  EXPECT_TRUE(std::isnan(cold.values[0]));
+  EXPECT_TRUE(std::isnan(cold.derivatives[0]));
+  EXPECT_TRUE(std::isnan(cold.values[1]));
+  EXPECT_FALSE(std::isnan(cold.values[2])) << "extrapolated";
   EXPECT_THROW(ethanol.Evaluate(zel::Correlation::Dielectric, {300.0}), desk::MissingDatum);
   EXPECT_FALSE(ethanol.Correlation(zel::Correlation::Dielectric));
   EXPECT_THROW(ethanol.Evaluate(zel::Correlation::VaporPressure, {300.0}, {"W", "K", 1}),
