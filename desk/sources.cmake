@@ -35,6 +35,7 @@ set(desk_SOURCES
     files/folder.cpp
     files/one_document.cpp
     files/output_file.cpp
+    files/plain_input.cpp
     files/settings_file.cpp
     files/standard_output.cpp
     notes/carried_notes.cpp
@@ -50,6 +51,7 @@ set(desk_SOURCES
     open/change_places.cpp
     open/component_name.cpp
     open/configuration.cpp
+    open/curve_record.cpp
     open/field_text.cpp
     open/fields.cpp
     open/history.cpp
@@ -64,6 +66,7 @@ set(desk_SOURCES
     open/preference_list.cpp
     open/pure_component.cpp
     open/session.cpp
+    open/storable.cpp
     open/unfinished_change.cpp
     open/unread_items.cpp
     tables/component_rows.cpp

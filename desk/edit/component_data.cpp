@@ -2,6 +2,8 @@
 #include <algorithm>
 
 #include "desk/edit/edit_values.h"
+#include "desk/open/curve_record.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 #include "desk/words/number_range.h"
@@ -22,35 +24,9 @@ namespace {
 
 constexpr std::uint32_t kCurvesWithCode = 17;
 constexpr std::size_t kMostCoefficients = 15;
-constexpr std::int32_t kClassSize = 1000;
-constexpr std::int32_t kLastUnitCode = 50999;
 
 void Check(zel::ZelStatus status, std::string const& datum) {
   if (status != zel::kStatusOk) throw Failure(datum + " cannot be set");
-}
-
-// The code of a unit for the values of a correlation: of the class that the present code has, or
-// else that of the unit in which it is evaluated.
-std::int32_t UnitCode(std::string const& unit, std::int32_t present,
-                      zel::ZelCorrelationInfo const& row) {
-  auto const first = [](std::string const& name, std::int32_t begin, std::int32_t end) {
-    for (std::int32_t code = begin; code < end; ++code) {
-      if (LowerCase(zel::GetUnitCodeName(code)) == LowerCase(name)) return code;
-    }
-    return 0;
-  };
-  std::int32_t const own = first(row.unit, kClassSize, kLastUnitCode);
-  if (unit.empty()) return own;
-  std::int32_t const group = (present != 0 ? present : own) / kClassSize * kClassSize;
-  if (std::int32_t const code = first(unit, group, group + kClassSize)) return code;
-  std::string names;
-  for (std::int32_t code = group; code < group + kClassSize; ++code) {
-    std::string const name = zel::GetUnitCodeName(code);
-    if (!name.empty() && (" " + names + ",").find(" " + name + ",") == std::string::npos) {
-      names += (names.empty() ? "" : ", ") + name;
-    }
-  }
-  throw Failure("\"" + unit + "\" is not a unit of " + row.name + "; it has " + names);
 }
 
 std::int32_t OneOf(std::string const& word, std::vector<std::string> const& words,
@@ -122,6 +98,7 @@ class ComponentEdit {
       std::string const unit = row.unit;
       double const number = units_.Read(
           *value, unit, "a value of " + name + (unit.empty() ? ", a number" : ", in " + unit));
+      CheckStorable(number, name);
       Check(component_->SetProperty(row.index, number), name);
     } else if (!edit_.code) {
       throw WrongUsage(name + " needs a value: " + name + "=VALUE");
@@ -165,7 +142,7 @@ class ComponentEdit {
     if (change.equation) curve.equation = *change.equation;
     if (!change.coefficients.empty()) curve.coefficients = Coefficients(change.coefficients);
     if (!curve.present || !change.unit.empty()) {
-      curve.propUnit = UnitCode(change.unit, curve.propUnit, row);
+      curve.propUnit = UnitCodeFor(change.unit, curve.propUnit, row);
     }
     if (!change.temperatureUnit.empty()) {
       curve.tempUnit = kKelvin + OneOf(change.temperatureUnit, {"k", "c", "r", "f"},
@@ -184,9 +161,6 @@ class ComponentEdit {
         return kelvin ? zel::ConvertTemperature(*kelvin, kKelvin, curve.tempUnit)
                       : zel::gen_GetUndefDouble();
       };
-      if (span->low && span->high && *span->low > *span->high) {
-        throw WrongUsage("the range " + change.range + " ends before it begins");
-      }
       curve.tMin = limit(span->low);
       curve.tMax = limit(span->high);
     }
@@ -194,13 +168,11 @@ class ComponentEdit {
   }
 
   void Put(zel::ZelCorrelationInfo const& row, Curve const& curve) const {
-    std::string const fault = FaultOf(curve);
-    if (!fault.empty()) throw Failure(std::string(row.name) + ": " + fault);
-    Check(component_->SetCorrelation(IndexOf(row), curve.equation, curve.tempUnit, curve.propUnit,
-                                     curve.logBasis, curve.basis,
-                                     static_cast<std::int32_t>(curve.coefficients.size()),
-                                     curve.tMin, curve.tMax, curve.coefficients.data()),
-          row.name);
+    try {
+      desk::SetCurve(component_, row, curve);
+    } catch (Failure const& failure) {
+      throw Failure(std::string(row.name) + ": " + failure.what());
+    }
   }
 
   void RemoveCurve(zel::ZelCorrelationInfo const& row) const {

@@ -4,6 +4,7 @@
 #include "desk/edit/edit_values.h"
 #include "desk/edit/item_edit.h"
 #include "desk/open/fields.h"
+#include "desk/open/item_key.h"
 #include "desk/open/pure_component.h"
 #include "desk/words/display_units.h"
 #include "desk/words/failure.h"
@@ -18,6 +19,12 @@ bool NamesBank(Library const& library, std::string const& word) {
   return std::any_of(banks.begin(), banks.end(), [&](BankName const& bank) {
     return ToText(bank) == wanted || bank.name == wanted || bank.type == wanted;
   });
+}
+
+// True for a word that is a type of banks, and not a component.
+bool IsMissingType(Library const& library, std::string const& word) {
+  if (!BankOrNone(UpperCase(word))) return false;
+  return !IsIdForm(word) || library.Maint().FindNumberById(UpperCase(word).c_str()) == 0;
 }
 
 // The number of words that name the item; the others are settings.
@@ -79,6 +86,8 @@ ItemEdit EditOf(Library const& library, Library const* from, std::vector<std::st
       (NamesBank(library, words[0]) || (from != nullptr && NamesBank(*from, words[0])))) {
     edit.bank = words[0];
     words.erase(words.begin());
+  } else if (!words.empty() && IsMissingType(library, words[0])) {
+    static_cast<void>(library.Bank(words[0]));  // throws, with the banks that there are
   }
   BankFacts const facts(*BankOfType(TypeOf(library, from, edit.bank)));
   std::size_t const count = ItemWordCount(facts, words);

@@ -3,7 +3,9 @@
 #include <charconv>
 
 #include "desk/edit/edit_values.h"
+#include "desk/open/field_text.h"
 #include "desk/open/fields.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -69,16 +71,9 @@ void CheckCount(Field const& field, std::size_t given) {
                    std::to_string(given));
 }
 
-void SetText(zel::IZelBankDef& item, Field const& field, std::string const& text) {
-  if (text.size() >= static_cast<std::size_t>(field.count)) {
-    throw Failure(field.name + " has at most " + std::to_string(field.count - 1) + " characters");
-  }
-  item.SetStringField(field.name.c_str(), text.c_str());
-}
-
 void SetField(zel::IZelBankDef& item, Field const& field, std::string const& text,
               DisplayUnits const& units) {
-  if (field.type == zel::fieldText) return SetText(item, field, text);
+  if (field.type == zel::fieldText) return SetTextField(item, field, text);
   std::vector<std::string> const parts = Parts(text);
   CheckCount(field, parts.size());
   if (field.type == zel::fieldReal) {
@@ -88,6 +83,7 @@ void SetField(zel::IZelBankDef& item, Field const& field, std::string const& tex
       numbers.push_back(units.Read(
           part, field.unit,
           "a value of " + field.name + (field.unit.empty() ? ", a number" : ", in " + field.unit)));
+      CheckStorable(numbers.back(), field.name);
     }
     item.SetDoubleField(field.name.c_str(), numbers.data());
     return;
@@ -103,7 +99,7 @@ void SetField(zel::IZelBankDef& item, Field const& field, std::string const& tex
 
 void Unset(zel::IZelBankDef& item, Field const& field) {
   auto const count = static_cast<std::size_t>(std::max(field.count, 1));
-  if (field.type == zel::fieldText) return SetText(item, field, "");
+  if (field.type == zel::fieldText) return SetTextField(item, field, "");
   if (field.type == zel::fieldReal) {
     item.SetDoubleField(field.name.c_str(),
                         std::vector<double>(count, zel::gen_GetUndefDouble()).data());

@@ -3,14 +3,15 @@
 #include <zelaccess/Key_p.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "desk/combine/bank_copy.h"
 #include "desk/edit/edit_values.h"
 #include "desk/notes/carried_notes.h"
+#include "desk/open/curve_record.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/item_values.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -36,6 +37,7 @@ class Item {
   }
 
   bool IsComponent() const { return isComponent_; }
+  PureComponent const& Component() const { return component_; }
   zel::IZelBankDef& Def() const { return isComponent_ ? *component_.Def() : *def_; }
   Values All() const { return isComponent_ ? ValuesOf(component_) : ValuesOf(*def_); }
   std::vector<std::string> Set(ItemEdit const& edit, DisplayUnits const& units) const {
@@ -83,7 +85,9 @@ class Edit {
  private:
   bool Read(Item const& item) const;
   void CopyFirst(Item const& item);
-  void CheckStored(Values const& wanted, Values const& stored) const;
+  std::vector<std::string> NumbersHere() const;
+  void CheckStoredIn(Values const& wanted, Values const& stored) const;
+  void Warn(Item const& item, std::vector<std::string> const& names);
   void AddRows(Item const& item, Values const& before, Values const& after);
   std::string UnitOf(Item const& item, std::string const& name, Values const& values) const;
 
@@ -99,6 +103,20 @@ bool Edit::Read(Item const& item) const {
   return library_.Maint().ReadItem(&item.Def(), edited_.bank.name.c_str(), key.get());
 }
 
+// The numbers of the item's components in this library, under which the item is copied. The other
+// library may know some of them, or none.
+std::vector<std::string> Edit::NumbersHere() const {
+  std::vector<std::string> here = AsNumbers(library_, words_);
+  std::vector<std::string> const there = AsNumbers(*from_, words_);
+  for (std::size_t i = 0; i < here.size(); ++i) {
+    bool const areKnown = here[i] != words_[i] && there[i] != words_[i];
+    if (!areKnown || here[i] == there[i]) continue;
+    throw Failure(words_[i] + " is component " + here[i] + " in " + library_.Path() + ", but " +
+                  there[i] + " in " + from_->Path());
+  }
+  return here;
+}
+
 // Later on the item is named by numbers: the library need not know the IDs.
 void Edit::CopyFirst(Item const& item) {
   if (from_ == nullptr) {
@@ -111,7 +129,8 @@ void Edit::CopyFirst(Item const& item) {
     return bank.name == edited_.bank.name;
   });
   BankName const bank = hasSame ? edited_.bank : from_->Bank(edited_.bank.type);
-  words_ = ItemWords(*from_, item.Def(), edit_.item);
+  if (BankFacts(item.Def()).keyKind == 0) words_ = NumbersHere();
+  words_ = ItemWords(*from_, item.Def(), words_);
   zel::Handle<zel::Key> const key = KeyIn(*from_, item.Def(), words_);
   if (!from_->Maint().ReadItem(&item.Def(), bank.name.c_str(), key.get())) {
     RefuseItem(*from_, bank, edited_.item,
@@ -137,19 +156,22 @@ void Edit::CopyFirst(Item const& item) {
 }
 
 // The record may have no room for a field, or for so many digits.
-void Edit::CheckStored(Values const& wanted, Values const& stored) const {
-  constexpr double kRounding = 1e-6;
-  for (NamedValue const& value : wanted) {
-    Cell const kept = ValueIn(stored, value.name);
-    auto const* const one = std::get_if<double>(&value.value);
-    auto const* const other = std::get_if<double>(&kept);
-    bool const isSame = one != nullptr && other != nullptr
-                            ? std::abs(*one - *other) <= kRounding * std::abs(*one)
-                            : kept == value.value;
-    if (isSame) continue;
-    RefuseItem(library_, edited_.bank, edited_.item,
-               value.name + " cannot be stored as " + CellText(value.value) + ", only as " +
-                   CellText(kept));
+void Edit::CheckStoredIn(Values const& wanted, Values const& stored) const {
+  try {
+    CheckStored(wanted, stored);
+  } catch (Failure const& failure) {
+    RefuseItem(library_, edited_.bank, edited_.item, failure.what());
+  }
+}
+
+void Edit::Warn(Item const& item, std::vector<std::string> const& names) {
+  for (std::string const& name : names) {
+    auto const* const curve = ConstantMeant(name) == nullptr ? FindCorrelation(name) : nullptr;
+    if (curve == nullptr || edit_.curve.Empty()) continue;
+    std::string const missing = MissingCoefficients(item.Component().ReadCurve(IndexOf(*curve)));
+    if (missing.empty()) continue;
+    edited_.warnings.push_back(name);
+    edited_.warnings.back().append(": ").append(missing);
   }
 }
 
@@ -224,7 +246,8 @@ EditedItem Edit::Make() {
   WriteItem(library_, edited_.bank, item.Def(), *key, edited_.item);
   if (!Read(item)) RefuseItem(library_, edited_.bank, edited_.item, "cannot be read");
   Values const after = item.All();
-  CheckStored(wanted, after);
+  CheckStoredIn(wanted, after);
+  if (item.IsComponent()) Warn(item, edited);
   AddRows(item, before, after);
   for (std::string const& name : edited) {
     auto const& rows = edited_.changes.Rows();

@@ -53,7 +53,8 @@ struct EditedItem {
   std::string copiedFrom;  // the bank from which the item was copied first; empty if it was there
   // Rows of what changed: datum, old, new, unit, old code, new code.
   Table changes = Table("", {});
-  std::vector<std::string> same;  // data that had the value already
+  std::vector<std::string> same;      // data that had the value already
+  std::vector<std::string> warnings;  // about correlations
 
   bool IsChanged() const { return !copiedFrom.empty() || !changes.Empty(); }
 };

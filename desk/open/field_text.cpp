@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -96,17 +97,6 @@ std::int32_t WholeNumber(std::string const& word, std::string const& what) {
   return value;
 }
 
-void CheckText(std::string const& text, std::size_t longest, std::string const& what) {
-  if (text.size() > longest) {
-    throw Failure(what + " has at most " + std::to_string(longest) + " characters, not " +
-                  std::to_string(text.size()));
-  }
-  if (std::any_of(text.begin(), text.end(),
-                  [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; })) {
-    throw Failure(what + " has a control character");
-  }
-}
-
 std::string FieldText(zel::IZelBankDef& bank, Field const& field, DisplayUnits const& units) {
   char const* const name = field.name.c_str();
   if (field.type == zel::fieldText) {
@@ -131,19 +121,22 @@ std::string FieldText(zel::IZelBankDef& bank, Field const& field, DisplayUnits c
   return Listed(words);
 }
 
+void SetTextField(zel::IZelBankDef& bank, Field const& field, std::string const& text) {
+  CheckText(text, CountOf(field) - 1, field.name);
+  bank.SetStringField(field.name.c_str(), text.c_str());
+}
+
 void SetFieldText(zel::IZelBankDef& bank, Field const& field, std::string const& text,
                   DisplayUnits const& units) {
   char const* const name = field.name.c_str();
-  if (field.type == zel::fieldText) {
-    CheckText(text, CountOf(field) - 1, field.name);
-    bank.SetStringField(name, text.c_str());
-    return;
-  }
+  if (field.type == zel::fieldText) return SetTextField(bank, field, text);
   std::vector<std::string> const words = Elements(field, text);
   if (field.type == zel::fieldReal) {
     std::vector<double> values(words.size(), zel::gen_GetUndefDouble());
     for (std::size_t i = 0; i < words.size(); ++i) {
-      if (!words[i].empty()) values[i] = units.Read(words[i], field.unit, "a number");
+      if (words[i].empty()) continue;
+      values[i] = units.Read(words[i], field.unit, "a number");
+      CheckStorable(values[i], field.name);
     }
     bank.SetDoubleField(name, values.data());
     return;

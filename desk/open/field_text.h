@@ -19,10 +19,10 @@ std::string FieldText(zel::IZelBankDef& bank, Field const& field, DisplayUnits c
 // for a text that the field cannot hold unchanged.
 void SetFieldText(zel::IZelBankDef& bank, Field const& field, std::string const& text,
                   DisplayUnits const& units);
+// The same for a field that is a text.
+void SetTextField(zel::IZelBankDef& bank, Field const& field, std::string const& text);
 
 // A whole number that fits 32 bits. Throws Failure, which says that the word is not `what`.
 std::int32_t WholeNumber(std::string const& word, std::string const& what);
-// Throws Failure if a text is longer than what is kept of it, or has control characters.
-void CheckText(std::string const& text, std::size_t longest, std::string const& what);
 
 }  // namespace zel::desk

@@ -8,6 +8,7 @@
 #include "desk/open/component_name.h"
 #include "desk/open/fields.h"
 #include "desk/open/nearest.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -133,6 +134,7 @@ zel::Handle<zel::Key> KeyIn(Library const& library, zel::IZelBankDef& bank,
   BankFacts const facts(bank);
   CheckCount(facts, words.size());
   if (facts.keyKind == kText) {
+    CheckText(words[0], kCharactersOfWord * static_cast<std::size_t>(facts.keyWords), "a key");
     zel::Handle<zel::Key> key(zel::Key::NewKey());
     key->SetKeyText(facts.keyWords, words[0].c_str());
     return key;

@@ -40,8 +40,8 @@ zel::Handle<zel::Key> KeyOf(std::vector<ComponentWord> const& components);
 std::vector<std::string> ItemWords(Library const& library, zel::IZelBankDef& bank,
                                    std::vector<std::string> const& words);
 // The key of an item of a bank of this type: components, plain numbers or a text. Throws Failure if
-// the bank's items are not named by that many words, and for a word that cannot name a component of
-// the library. Names are replaced as by ItemWords.
+// the bank's items are not named by that many words, for a word that cannot name a component of the
+// library, and for a text that no key can hold. Names are replaced as by ItemWords.
 zel::Handle<zel::Key> KeyIn(Library const& library, zel::IZelBankDef& bank,
                             std::vector<std::string> const& words);
 

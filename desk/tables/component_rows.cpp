@@ -3,6 +3,7 @@
 #include "desk/open/component_name.h"
 #include "desk/open/field_text.h"
 #include "desk/open/item_key.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -90,16 +91,23 @@ void ComponentRows::Write(PureComponent& component, Found const& found) const {
   throw Failure(found.shown + " is refused: " + reasons);
 }
 
+void ComponentRows::TakeBack(PureComponent* before, Found const& found) const {
+  if (before != nullptr) return Write(*before, found);
+  zel::Handle<zel::Key> const key = KeyOf({static_cast<long>(found.number)});
+  target_.library->Maint().DeleteItem(kPureType, target_.bank.name.c_str(), key.get());
+}
+
 RowResult ComponentRows::Apply(TextRow const& row) {
   Found const found = Find(row);
   std::string const datum = DatumOf(row);
   Once(std::to_string(found.number) + " " + LowerCase(datum), row.line);
+  warning_.clear();
   PureComponent component;
+  PureComponent old;
   std::string const number = std::to_string(found.number);
-  std::vector<NamedValue> before;
   if (found.isThere) {
     ReadComponent(*target_.library, target_.bank, number, component);
-    before = ValuesOf(component);
+    ReadComponent(*target_.library, target_.bank, number, old);
   } else {
     component.Def()->Clear();
     char ids[12][kNameSize] = {};
@@ -114,8 +122,10 @@ RowResult ComponentRows::Apply(TextRow const& row) {
     component->SetIdentity(found.number, 0, 0, ids, "", "", 0);
   }
   std::string const shown = found.shown + (datum.empty() ? "" : " " + datum);
+  std::vector<NamedValue> wanted;
   try {
     Set(row, component, !found.isThere);
+    wanted = ValuesOf(component);
   } catch (std::runtime_error const& error) {
     throw Failure(shown + ": " + error.what());
   }
@@ -123,9 +133,15 @@ RowResult ComponentRows::Apply(TextRow const& row) {
   PureComponent const written;
   ReadComponent(*target_.library, target_.bank, number, written);
   std::vector<NamedValue> const after = ValuesOf(written);
-  if (!found.isThere) return {RowState::kNew, shown, ""};
-  std::string const what = Differences(before, after, target_.units);
-  return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what};
+  try {
+    CheckStored(wanted, after);
+  } catch (Failure const& failure) {
+    TakeBack(found.isThere ? &old : nullptr, found);
+    throw Failure(shown + ": " + failure.what());
+  }
+  if (!found.isThere) return {RowState::kNew, shown, "", warning_};
+  std::string const what = Differences(ValuesOf(old), after, target_.units);
+  return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what, warning_};
 }
 
 }  // namespace zel::desk

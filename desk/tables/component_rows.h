@@ -25,6 +25,9 @@ class ComponentRows : public RowForm {
   // refused. Empty if it is the component as a whole.
   virtual std::string DatumOf(TextRow const& row) const = 0;
 
+  // Adds a warning about the row, unless it is empty.
+  void Warn(std::string const& warning) { warning_ = warning; }
+
   TableTarget const& Target() const { return target_; }
   // The first of these columns that has a cell in the row: `component`, number, CAS number, ID.
   std::string CellOfCas(TextRow const& row) const { return CellOf(cas_, row); }
@@ -42,8 +45,11 @@ class ComponentRows : public RowForm {
   std::optional<Identity> Known(TextRow const& row) const;
   std::int32_t NumberOfNew(TextRow const& row) const;
   void Write(PureComponent& component, Found const& found) const;
+  // Takes back what was written: the component is as `before`, or not in the bank if that is null.
+  void TakeBack(PureComponent* before, Found const& found) const;
 
   TableTarget target_;
+  std::string warning_;  // about the row that is being applied
   std::optional<TableColumn> component_;
   std::optional<TableColumn> number_;
   std::optional<TableColumn> cas_;

@@ -5,6 +5,7 @@
 
 #include "desk/open/field_text.h"
 #include "desk/open/item_key.h"
+#include "desk/open/storable.h"
 #include "desk/tables/component_rows.h"
 #include "desk/tables/table_heads.h"
 #include "desk/words/failure.h"
@@ -38,6 +39,7 @@ void SetConstant(PureComponent& component, zel::ZelConstantInfo const& info,
                  std::string const& word, DisplayUnits const& units) {
   if (word.empty()) return;
   double const value = units.Read(word, info.unit, "a number");
+  CheckStorable(value, info.keyword);
   component->SetProperty(info.index, value);
 }
 

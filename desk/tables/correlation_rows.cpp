@@ -1,8 +1,7 @@
 // Rows that set correlations or group structures of components.
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
+#include "desk/open/curve_record.h"
 #include "desk/open/field_text.h"
 #include "desk/tables/component_rows.h"
 #include "desk/tables/table_heads.h"
@@ -15,7 +14,6 @@ namespace {
 
 constexpr std::size_t kMostCoefficients = 15;
 constexpr std::size_t kMostGroups = 10;
-constexpr std::int32_t kLastUnitCode = 50999;
 
 // The value that belongs to the first of the words that the cell is; `missing` for an empty cell.
 std::int32_t Choice(std::string const& cell, std::int32_t missing, char const* what,
@@ -25,28 +23,6 @@ std::int32_t Choice(std::string const& cell, std::int32_t missing, char const* w
     if (LowerCase(cell) == word) return value;
   }
   throw Failure("\"" + cell + "\" is not " + what);
-}
-
-// The code that a unit word means; several codes can have the same name.
-std::int32_t UnitCodeNamed(std::string const& word) {
-  std::vector<std::int32_t> codes;
-  for (std::int32_t code = 1; code <= kLastUnitCode; ++code) {
-    if (LowerCase(zel::GetUnitCodeName(code)) == LowerCase(word)) codes.push_back(code);
-  }
-  if (codes.size() == 1) return codes.front();
-  if (codes.empty()) throw Failure("no unit code has the name " + word);
-  std::string listed;
-  for (std::int32_t const code : codes) {
-    listed += (listed.empty() ? "" : ", ") + std::to_string(code);
-  }
-  throw Failure("several unit codes have the name " + word + ": " + listed +
-                "; give one of them as propUnitCode");
-}
-
-double CoefficientIn(std::string const& word) {
-  double const value = ParseNumber(word, "a coefficient");
-  if (value != 0.0 && std::abs(value) > 3.4e38) throw Failure(word + " is too large to be stored");
-  return value;
 }
 
 class CorrelationRows final : public ComponentRows {
@@ -91,28 +67,37 @@ class CorrelationRows final : public ComponentRows {
       throw Failure("\"" + name + "\" is not a correlation" + DidYouMeanCorrelation(name) +
                     " `zel types PURECOMP` lists them");
     }
-    std::int32_t const equation = WholeNumber(CellOf(equation_, row), "the number of an equation");
-    std::int32_t const tempUnit =
-        Choice(CellOf(tempUnit_, row), kKelvin, "K, C, R or F",
-               {{"k", kKelvin}, {"c", kKelvin + 1}, {"r", kKelvin + 2}, {"f", kKelvin + 3}});
-    std::vector<double> const coefficients = Coefficients(row);
+    Curve const curve = CurveOf(row, *info);
     std::uint32_t const index = IndexOf(*info);
-    component->SetCorrelation(
-        index, equation, tempUnit, UnitCode(row),
-        Choice(CellOf(logBasis_, row), 1, "ln or log",
-               {{"ln", 1}, {"log", 2}, {"natural", 1}, {"decimal", 2}, {"1", 1}, {"2", 2}}),
-        Choice(CellOf(basis_, row), 0, "m or wt",
-               {{"m", 1}, {"mole", 1}, {"molar", 1}, {"wt", 2}, {"mass", 2}, {"1", 1}, {"2", 2}}),
-        static_cast<std::int32_t>(coefficients.size()), Limit(tMin_, row, tempUnit),
-        Limit(tMax_, row, tempUnit), coefficients.data());
+    SetCurve(component, *info, curve);
     Curve const stored = component.ReadCurve(index);
-    if (!stored.present || stored.equation != equation) {
-      throw Failure("equation " + std::to_string(equation) + " cannot be stored so");
+    if (!stored.present || stored.equation != curve.equation) {
+      throw Failure("equation " + std::to_string(curve.equation) + " cannot be stored so");
     }
+    Warn(MissingCoefficients(curve));
     SetCode(component, index, CellOf(code_, row));
   }
 
  private:
+  Curve CurveOf(TextRow const& row, zel::ZelCorrelationInfo const& info) const {
+    Curve curve;
+    curve.equation = WholeNumber(CellOf(equation_, row), "the number of an equation");
+    curve.tempUnit =
+        Choice(CellOf(tempUnit_, row), kKelvin, "K, C, R or F",
+               {{"k", kKelvin}, {"c", kKelvin + 1}, {"r", kKelvin + 2}, {"f", kKelvin + 3}});
+    curve.propUnit = UnitCode(row, info);
+    curve.logBasis =
+        Choice(CellOf(logBasis_, row), 1, "ln or log",
+               {{"ln", 1}, {"log", 2}, {"natural", 1}, {"decimal", 2}, {"1", 1}, {"2", 2}});
+    curve.basis =
+        Choice(CellOf(basis_, row), 0, "m or wt",
+               {{"m", 1}, {"mole", 1}, {"molar", 1}, {"wt", 2}, {"mass", 2}, {"1", 1}, {"2", 2}});
+    curve.tMin = Limit(tMin_, row, curve.tempUnit);
+    curve.tMax = Limit(tMax_, row, curve.tempUnit);
+    curve.coefficients = Coefficients(row);
+    return curve;
+  }
+
   static void SetCode(PureComponent& component, std::uint32_t index, std::string const& word) {
     if (word.empty()) return;
     std::int32_t const code = WholeNumber(word, "a reference code");
@@ -122,11 +107,11 @@ class CorrelationRows final : public ComponentRows {
     if (!isStored) throw Failure(word + " cannot be stored as a reference code");
   }
 
-  std::int32_t UnitCode(TextRow const& row) const {
+  std::int32_t UnitCode(TextRow const& row, zel::ZelCorrelationInfo const& info) const {
     std::string const code = CellOf(unitCode_, row);
     if (!code.empty()) return WholeNumber(code, "a unit code");
     std::string const word = CellOf(unit_, row);
-    return word.empty() ? 0 : UnitCodeNamed(word);
+    return word.empty() ? 0 : UnitCodeFor(word, 0, info);
   }
 
   // A limit is in the unit of the record, unless the cell or the head names another.
@@ -153,7 +138,7 @@ class CorrelationRows final : public ComponentRows {
     }
     std::vector<double> values;
     values.reserve(words.size());
-    for (std::string const& word : words) values.push_back(CoefficientIn(word));
+    for (std::string const& word : words) values.push_back(ParseNumber(word, "a coefficient"));
     return values;
   }
 

@@ -3,9 +3,11 @@
 
 #include <algorithm>
 
+#include "desk/open/component_name.h"
 #include "desk/open/field_text.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/storable.h"
 #include "desk/tables/row_form.h"
 #include "desk/tables/table_heads.h"
 #include "desk/words/failure.h"
@@ -13,6 +15,8 @@
 
 namespace zel::desk {
 namespace {
+
+constexpr std::int32_t kComponents = 0;  // of keys
 
 struct FieldColumn {
   TableColumn column;
@@ -23,7 +27,10 @@ struct FieldColumn {
 class ItemRows final : public RowForm {
  public:
   ItemRows(TableTarget const& target, std::vector<TableColumn> columns)
-      : target_(target), item_(BankOfType(target.bank.type)), facts_(*item_) {
+      : target_(target),
+        item_(BankOfType(target.bank.type)),
+        old_(BankOfType(target.bank.type)),
+        facts_(*item_) {
     std::vector<Field> const fields = FieldsOf(*item_);
     std::vector<std::string> candidates;
     for (Field const& field : fields) {
@@ -43,9 +50,7 @@ class ItemRows final : public RowForm {
 
   RowResult Apply(TextRow const& row) override {
     Library const& library = *target_.library;
-    std::vector<std::string> words;
-    for (TableColumn const& column : keys_) words.push_back(column.In(row));
-    while (!words.empty() && words.back().empty()) words.pop_back();
+    std::vector<std::string> const words = WordsOf(row);
     zel::Handle<zel::Key> const key = KeyIn(library, *item_, words);
     std::string const shown = words.empty() ? "-" : Joined(words);
     char const* const bank = target_.bank.name.c_str();
@@ -54,8 +59,12 @@ class ItemRows final : public RowForm {
     if (isThere) {
       Once(StoredWords(*key), row.line);
       before = ValuesOf(*item_);
+      library.Maint().ReadItem(old_.get(), bank, key.get());
     }
-    if (!isThere) item_->Clear();
+    if (!isThere) {
+      RefuseSelf(words);
+      item_->Clear();
+    }
     for (FieldColumn const& one : fields_) {
       std::string const& text = one.column.In(row);
       if (text.empty()) continue;
@@ -65,19 +74,37 @@ class ItemRows final : public RowForm {
         throw Failure(shown + ", " + one.field.name + ": " + error.what());
       }
     }
+    std::vector<NamedValue> const wanted = ValuesOf(*item_);
     if (!library.Maint().WriteItem(item_.get(), bank, key.get()) ||
         !library.Maint().ReadItem(item_.get(), bank, key.get())) {
       throw Failure(shown + " cannot be written" + WhyNotFound(library, *item_, words));
+    }
+    std::vector<NamedValue> const after = ValuesOf(*item_);
+    try {
+      CheckStored(wanted, after);
+    } catch (Failure const& failure) {
+      TakeBack(isThere, *key);
+      throw Failure(shown + ": " + failure.what());
     }
     if (!isThere) {
       Once(StoredWords(*key), row.line);
       return {RowState::kNew, shown, ""};
     }
-    std::string const what = Differences(before, ValuesOf(*item_), target_.units);
+    std::string const what = Differences(before, after, target_.units);
     return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what};
   }
 
  private:
+  // The item is again what it was before, or not in the bank.
+  void TakeBack(bool wasThere, zel::Key& key) {
+    zel::LibMaint& maint = target_.library->Maint();
+    if (wasThere) {
+      maint.WriteItem(old_.get(), target_.bank.name.c_str(), &key);
+    } else {
+      maint.DeleteItem(target_.bank.type.c_str(), target_.bank.name.c_str(), &key);
+    }
+  }
+
   // The key as it is stored, of an item that is there.
   std::string StoredWords(zel::Key& key) const {
     std::int32_t const* const stored = dynamic_cast<zel::Key_p const&>(key).GetKeyWords();
@@ -86,16 +113,64 @@ class ItemRows final : public RowForm {
     return text;
   }
 
-  // Of several columns that name the same part, the first kind of head counts; the others are for
-  // the reader.
   void TakeKey(std::vector<TableColumn>& columns, std::size_t part, std::size_t parts,
                std::vector<std::string>& candidates) {
-    bool isFirst = true;
     std::vector<std::string> const heads = HeadsOfKey(part, parts);
     candidates.insert(candidates.end(), heads.begin(), heads.end());
+    std::vector<TableColumn> ofPart;
     while (std::optional<TableColumn> column = TakeColumn(columns, heads)) {
-      if (isFirst) keys_.push_back(std::move(*column));
-      isFirst = false;
+      ofPart.push_back(std::move(*column));
+    }
+    if (!ofPart.empty()) keys_.push_back(std::move(ofPart));
+  }
+
+  // The words of the key. Of several columns that name the same part, the first one with a cell
+  // counts; the others must not contradict it.
+  std::vector<std::string> WordsOf(TextRow const& row) const {
+    std::vector<std::string> words;
+    for (std::vector<TableColumn> const& columns : keys_) {
+      std::string& word = words.emplace_back();
+      for (TableColumn const& column : columns) {
+        std::string const& cell = column.In(row);
+        if (word.empty()) word = cell;
+        if (cell.empty() || cell == word) continue;
+        std::string const one = Meaning(word);
+        std::string const other = Meaning(cell);
+        if (one.empty() || other.empty() || one == other) continue;
+        std::string what = column.Name();
+        what.append(" is ").append(cell).append(", which is ").append(other);
+        throw Failure(what.append(", but ").append(word).append(" is ").append(one));
+      }
+    }
+    while (!words.empty() && words.back().empty()) words.pop_back();
+    return words;
+  }
+
+  // What a word of the key means: the number of a component, else the word itself. Empty for a
+  // component that is not known.
+  std::string Meaning(std::string const& word) const {
+    if (facts_.keyKind != kComponents) return word;
+    Library const& library = *target_.library;
+    std::int32_t number = 0;
+    try {
+      ComponentWord const component = ParseComponent(LookupWord(word, BanksKnownTo(library)));
+      if (long const* const given = std::get_if<long>(&component)) return std::to_string(*given);
+      zel::casn const* const cas = std::get_if<zel::casn>(&component);
+      number = cas != nullptr
+                   ? library.Maint().FindNumberByCas(*cas)
+                   : library.Maint().FindNumberById(std::get<std::string>(component).c_str());
+    } catch (Failure const&) {
+      return "";
+    }
+    return number == 0 ? "" : std::to_string(number);
+  }
+
+  // A pair is of two components, unless its type has data of one component too.
+  void RefuseSelf(std::vector<std::string> const& words) const {
+    bool const isPair = facts_.keyKind == kComponents && facts_.shortestKey == 2;
+    if (!isPair || words.size() != 2 || Meaning(words[0]) != Meaning(words[1])) return;
+    if (words[0] == words[1] || !Meaning(words[0]).empty()) {
+      throw Failure(Joined(words) + " is a pair of a component with itself");
     }
   }
 
@@ -107,9 +182,10 @@ class ItemRows final : public RowForm {
 
   TableTarget target_;
   zel::Handle<zel::IZelBankDef> item_;
+  zel::Handle<zel::IZelBankDef> old_;  // what is there before it is changed
   BankFacts facts_;
   std::vector<FieldColumn> fields_;
-  std::vector<TableColumn> keys_;
+  std::vector<std::vector<TableColumn>> keys_;  // for each part, those that name it
 };
 
 }  // namespace

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <memory>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "desk/words/failure.h"
+#include "desk/words/letters.h"
 #include "desk/words/number_words.h"
 
 namespace zel::desk {
@@ -62,12 +65,24 @@ std::string CellOf(Json const& value, std::string const& where) {
   return list;
 }
 
+// Refuses an object that has a member twice, of which only one would be kept.
+Json::parser_callback_t OnceEach(std::string const& shownAs) {
+  auto const seen = std::make_shared<std::set<std::string>>();
+  return [seen, shownAs](int, Json::parse_event_t event, Json& parsed) {
+    if (event == Json::parse_event_t::object_start) seen->clear();
+    if (event != Json::parse_event_t::key) return true;
+    auto const head = parsed.get<std::string>();
+    if (seen->insert(LowerCase(head)).second) return true;
+    throw Failure(shownAs + ": an object has the member " + head + " twice");
+  };
+}
+
 }  // namespace
 
 TextTable ParseJsonTable(std::string const& text, std::string const& shownAs) {
   Json root;
   try {
-    root = Json::parse(text);
+    root = Json::parse(text, OnceEach(shownAs));
   } catch (Json::exception const& error) {
     throw Failure(shownAs + ": is not JSON: " + error.what());
   }

@@ -18,8 +18,9 @@ char const* ToText(RowState state);
 
 struct RowResult {
   RowState state = RowState::kSame;
-  std::string item;  // "ETHANOL" or "10000007 + 10000326"
-  std::string what;  // what changed: "NBP 351.39 to 351.44", or why the row is refused
+  std::string item;          // "ETHANOL" or "10000007 + 10000326"
+  std::string what;          // what changed: "NBP 351.39 to 351.44", or why the row is refused
+  std::string warning = {};  // about a row that is not refused
 };
 
 // Where the rows go.

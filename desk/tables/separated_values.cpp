@@ -15,7 +15,7 @@
 namespace zel::desk {
 namespace {
 
-constexpr std::string_view kRun = "=+-@\t\r\n";
+constexpr std::string_view kRun = "=+-@\t\r\n ";
 
 // The separator that is most frequent in the first line that has any.
 char SeparatorOf(std::string const& text) {
@@ -140,8 +140,9 @@ std::string CellInCsv(std::string const& cell) {
     return word == "-" || IsNumberWord(word);
   });
   std::size_t const after = cell.find_first_not_of('\'');
-  bool const mayRun = cell != "-" && !isNumeric && after != std::string::npos &&
-                      kRun.find(cell[after]) != std::string_view::npos;
+  bool const isRead = cell == "-" || cell.compare(0, 1, " ") == 0;  // as no value, without blanks
+  bool const mayRun = isRead || (!isNumeric && after != std::string::npos &&
+                                 kRun.find(cell[after]) != std::string_view::npos);
   std::string safe = mayRun ? "'" + cell : cell;
   if (!mayRun && safe.find_first_of(",;\t\"\n\r") == std::string::npos) return safe;
   std::string quoted = "\"";

@@ -12,7 +12,8 @@ namespace zel::desk {
 // the middle of a value.
 std::vector<TextRow> SeparatedRows(std::string const& text, std::string const& shownAs);
 
-// True for a text that begins with an apostrophe before what a spreadsheet would run as a formula.
+// True for a text that begins with an apostrophe before what a spreadsheet would run as a formula,
+// or before a blank or a "-", which would not be read as such.
 bool IsProtected(std::string const& text);
 
 }  // namespace zel::desk

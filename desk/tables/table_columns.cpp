@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "desk/files/input_file.h"
+#include "desk/files/plain_input.h"
 #include "desk/tables/decimal_comma.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
@@ -33,11 +33,7 @@ struct Mapping {
 Mapping ReadMapping(std::string const& path) {
   Mapping mapping;
   if (path.empty()) return mapping;
-  std::ifstream file = OpenInput(path);
-  std::error_code none;
-  if (!file || std::filesystem::is_directory(path, none)) {
-    throw Failure(path + ": cannot be read");
-  }
+  std::ifstream file = OpenPlainInput(path);
   std::string line;
   for (std::size_t number = 1; std::getline(file, line); ++number) {
     line = Trimmed(line);
@@ -73,6 +69,15 @@ void KeepRows(TextTable& table, std::vector<std::string> const& where) {
     auto const isOther = [&](TextRow const& row) { return row.cells[at] != value; };
     auto const kept = std::remove_if(table.rows.begin(), table.rows.end(), isOther);
     table.rows.erase(kept, table.rows.end());
+  }
+}
+
+// A second column of one name would be left over.
+void RefuseTwice(std::vector<TableColumn> const& columns) {
+  for (auto at = columns.begin(); at != columns.end(); ++at) {
+    auto const isSame = [at](TableColumn const& other) { return other.Is(at->Name()); };
+    if (std::none_of(columns.begin(), at, isSame)) continue;
+    throw Failure("several columns mean " + at->Name() + "; --ignore leaves a column out");
   }
 }
 
@@ -129,6 +134,7 @@ std::vector<TableColumn> ChosenColumns(TextTable& table, ColumnChoice const& cho
     if (choice.decimalComma && !HoldsNames(columns.back().Name())) ReplaceDecimalCommas(table, i);
   }
   for (auto const& [meaning, value] : mapping.fixed) columns.emplace_back(meaning, value);
+  RefuseTwice(columns);
   return columns;
 }
 

@@ -16,8 +16,36 @@ namespace {
 constexpr std::uint32_t kConstantsWithCode = 50;
 constexpr std::int32_t kNoComponent = INT32_MAX;  // fills a short key
 
-std::string HeadIn(TableHead const& head, DisplayUnits const& units) {
-  return ToText(TableHead{head.name, units.UnitFor(head.unit), ""});
+// The units of the columns. A gauge pressure near a vacuum has too few digits to be read back, so
+// that pressures are then absolute.
+class ExportUnits {
+ public:
+  explicit ExportUnits(DisplayUnits const& shown) : shown_(shown) {
+    if (!IsGauge(shown)) return;
+    std::string const gauge = shown.UnitFor(kPressure);
+    std::string const plain = gauge.substr(0, gauge.size() - 1);  // "psi" of "psig"
+    for (std::string const& word : {plain + "a", plain}) {
+      if (UnitNamed(word, kPressure).empty()) continue;
+      DisplayUnits const absolute(word);
+      if (IsGauge(absolute)) continue;
+      pressures_ = absolute;
+      break;
+    }
+  }
+  DisplayUnits const& Of(std::string const& unit) const {
+    return unit == kPressure && IsGauge(shown_) ? pressures_ : shown_;
+  }
+
+ private:
+  static constexpr char kPressure[] = "kPa";
+  static bool IsGauge(DisplayUnits const& units) { return units.Shown(0.0, kPressure) != 0.0; }
+
+  DisplayUnits const& shown_;
+  DisplayUnits pressures_;  // kPa if the unit has no absolute one
+};
+
+std::string HeadIn(TableHead const& head, ExportUnits const& units) {
+  return ToText(TableHead{head.name, units.Of(head.unit).UnitFor(head.unit), ""});
 }
 
 // A code of 0 is none.
@@ -29,7 +57,7 @@ std::string Listed(std::vector<std::string> const& words) {
   return text;
 }
 
-void AddItems(PureComponent const& component, DisplayUnits const& units, TextTable& table) {
+void AddItems(PureComponent const& component, ExportUnits const& units, TextTable& table) {
   Identity const identity = component.ReadIdentity();
   std::string phases;
   for (int bit = 0; bit < 3; ++bit) {
@@ -44,7 +72,7 @@ void AddItems(PureComponent const& component, DisplayUnits const& units, TextTab
   row.cells.push_back(CodeText(identity.refCode));
   for (zel::ZelConstantInfo const& info : Constants()) {
     double const value = component.Constant(info.index);
-    row.cells.push_back(AllDigits(units.Shown(value, info.unit)));
+    row.cells.push_back(AllDigits(units.Of(info.unit).Shown(value, info.unit)));
     if (info.index < kConstantsWithCode) {
       row.cells.push_back(CodeText(component.ConstantCode(info.index)));
     }
@@ -92,7 +120,7 @@ void AddGroups(PureComponent const& component, TextTable& table) {
 }
 
 TextTable Components(Library const& library, BankName const& bank, TableKind kind,
-                     DisplayUnits const& units) {
+                     ExportUnits const& units) {
   TextTable table;
   for (TableHead const& head : HeadsOf(kPureType, kind)) table.heads.push_back(HeadIn(head, units));
   PureComponent const component;
@@ -108,7 +136,7 @@ TextTable Components(Library const& library, BankName const& bank, TableKind kin
   return table;
 }
 
-TextTable Items(Library const& library, BankName const& bank, DisplayUnits const& units) {
+TextTable Items(Library const& library, BankName const& bank, ExportUnits const& units) {
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   BankFacts const facts(*item);
   std::vector<Field> const fields = FieldsOf(*item);
@@ -143,7 +171,8 @@ TextTable Items(Library const& library, BankName const& bank, DisplayUnits const
       library.TellUnread(ToText(bank) + " " + Joined(shown), address);
       continue;
     }
-    for (Field const& field : fields) row.cells.push_back(FieldText(*item, field, units));
+    for (Field const& field : fields)
+      row.cells.push_back(FieldText(*item, field, units.Of(field.unit)));
     table.rows.push_back(std::move(row));
   }
   return table;
@@ -166,8 +195,9 @@ void DropEmptyColumns(TextTable& table) {
 
 TextTable ExportTable(Library const& library, BankName const& bank, TableKind kind,
                       DisplayUnits const& units) {
+  ExportUnits const exact(units);
   TextTable table =
-      bank.type == kPureType ? Components(library, bank, kind, units) : Items(library, bank, units);
+      bank.type == kPureType ? Components(library, bank, kind, exact) : Items(library, bank, exact);
   DropEmptyColumns(table);
   return table;
 }

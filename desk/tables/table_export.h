@@ -11,8 +11,9 @@
 namespace zel::desk {
 
 // All items of a bank, with the heads of HeadsOf and all digits; columns without a value are left
-// out. Numbers are in display units, and the heads say so. Items of components and pairs have their
-// numbers, and their IDs as far as they are known in columns that an import passes over.
+// out. Numbers are in display units, gauge pressures in absolute ones, and the heads say so. Items
+// of components and pairs have their numbers, and their IDs as far as they are known in columns
+// that an import passes over.
 TextTable ExportTable(Library const& library, BankName const& bank, TableKind kind,
                       DisplayUnits const& units);
 

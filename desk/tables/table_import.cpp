@@ -54,8 +54,12 @@ ImportedTable ImportTable(TableTarget const& target, std::string const& path,
                           : result.state == RowState::kSame    ? imported.same
                                                                : imported.refused;
     ++count;
-    bool const isListed =
-        result.state == RowState::kChanged || result.state == RowState::kRefused || listAll;
+    if (!result.warning.empty()) {
+      ++imported.warned;
+      result.what += (result.what.empty() ? "" : "; ") + result.warning;
+    }
+    bool const isListed = result.state == RowState::kChanged ||
+                          result.state == RowState::kRefused || !result.warning.empty() || listAll;
     if (!isListed) continue;
     imported.rows.Add(static_cast<std::int64_t>(row.line), Text(result.item),
                       std::string(ToText(result.state)), Text(result.what));

@@ -15,7 +15,8 @@ struct ImportedTable {
   std::int64_t changed = 0;
   std::int64_t same = 0;
   std::int64_t refused = 0;
-  // Those that were changed or refused, or all.
+  std::int64_t warned = 0;  // of those that are not refused
+  // Those that were changed or refused or have a warning, or all.
   Table rows{"rows", {{"line", ""}, {"item", ""}, {"result", ""}, {"what", ""}}};
 };
 

@@ -1,10 +1,11 @@
 #include "desk/tables/text_table.h"
 
 #include <algorithm>
+#include <iostream>
 #include <set>
 #include <string_view>
 
-#include "desk/files/input_file.h"
+#include "desk/files/plain_input.h"
 #include "desk/tables/json_table.h"
 #include "desk/tables/separated_values.h"
 #include "desk/words/failure.h"
@@ -118,6 +119,9 @@ TextTable ParseTextTable(std::string const& given, std::string const& shownAs) {
   }
   std::size_t const first = text.find_first_not_of(kBlanks);
   TextTable table;
+  if (first != std::string::npos && text[first] == '{') {
+    throw Failure(shownAs + ": is not a table: in JSON, that is an array of objects, [{...}, ...]");
+  }
   if (first != std::string::npos && text[first] == '[') {
     table = ParseJsonTable(text, shownAs);
   } else if (IsAligned(text)) {
@@ -130,21 +134,18 @@ TextTable ParseTextTable(std::string const& given, std::string const& shownAs) {
 }
 
 TextTable ReadTextTable(std::string const& path) {
-  std::error_code none;
-  if (std::filesystem::is_directory(path, none)) throw Failure(path + ": is a folder");
-  std::ifstream file = OpenInput(path);
-  if (!file) {
-    throw Failure(path +
-                  (std::filesystem::exists(path, none) ? ": cannot be read" : ": not found"));
-  }
+  bool const isInput = path == "-" || path == "/dev/stdin";
+  std::ifstream file;
+  if (!isInput) file = OpenPlainInput(path);
+  std::istream& input = isInput ? std::cin : file;
   std::string text;
   std::vector<char> piece(1 << 16);
   do {
-    file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
-    text.append(piece.data(), static_cast<std::size_t>(file.gcount()));
-  } while (file);
-  if (file.bad()) throw Failure(path + ": cannot be read");
-  return ParseTextTable(text, path);
+    input.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+    text.append(piece.data(), static_cast<std::size_t>(input.gcount()));
+  } while (input);
+  if (input.bad()) throw Failure(path + ": cannot be read");
+  return ParseTextTable(text, isInput ? "standard input" : path);
 }
 
 }  // namespace zel::desk

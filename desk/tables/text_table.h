@@ -21,7 +21,7 @@ struct TextTable {
   std::size_t Find(std::string const& head) const;
 };
 
-// Reads a table from a file:
+// Reads a table from a file, or from standard input if the path is "-":
 //
 // - values separated by commas, semicolons or tabs, whichever is most frequent in the first line,
 //   which has the heads; a line "sep=;" before it names the separator. Values can be in double
@@ -33,8 +33,8 @@ struct TextTable {
 //   missing. Other lines that begin with "#" and what follows "  #" are comments.
 //
 // In values separated by commas, semicolons or tabs, "-" is a missing value too. An apostrophe
-// before =, +, -, @ or a control character, with which tables protect spreadsheets from formulas,
-// is removed.
+// before =, +, -, @, a blank or a control character, with which tables protect spreadsheets from
+// formulas and texts from being read as something else, is removed.
 //
 // Throws Failure with the file and the line for a file that cannot be read, is not such a table,
 // has a head twice or none, or a row with another number of cells.
@@ -42,7 +42,8 @@ TextTable ReadTextTable(std::string const& path);
 // The same from a text; `shownAs` is its name in messages.
 TextTable ParseTextTable(std::string const& text, std::string const& shownAs);
 
-// The table as separated values that ReadTextTable reads back to the same cells.
+// The table as separated values that ReadTextTable reads back to the same cells, without blanks at
+// their ends.
 std::string ToCsv(TextTable const& table, char separator);
 // As an array of objects.
 std::string ToJson(TextTable const& table);

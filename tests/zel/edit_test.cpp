@@ -119,6 +119,29 @@ TEST_F(EditTest, FromAnotherLibrary) {
   EXPECT_EQ(Zel("edit few.lb1 NRTL WATER ETHANOL bij=2 --from few.lb1").status, 1);
 }
 
+// The source of a pair need not know the components; the edited library does.
+TEST_F(EditTest, FromALibraryOfPairs) {
+  Good("copy perry.lb1 few.lb1 --create --bank PERRY");
+  json const pair = Json("edit few.lb1 NRTL ETHANOL WATER bij=5 --from sample.lb1");
+  EXPECT_EQ(pair["copied_from"], "sample.lb1:SAMPLE");
+  EXPECT_EQ(Row(Json("show few.lb1 NRTL ETHANOL WATER")["fields"], "field", "bij")["value"], 5);
+  Outcome const outcome = Zel("edit few.lb1 WILSON ETHANOL WATER aij=5");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("few.lb1: no bank WILSON; it has NRTL:SAMPLE PURECOMP:PERRY"),
+            std::string::npos)
+      << outcome.err;
+  // Another component has the number there.
+  Good("renumber few.lb1 BENZENE 21000001");
+  Outcome const other = Zel("edit few.lb1 NRTL BENZENE WATER bij=5 --from sample.lb1");
+  EXPECT_NE(other.err.find("does not exist"), std::string::npos) << other.err;
+  Good("copy perry.lb1 pairs.lb1 --create --bank PERRY");
+  Good("copy sample.lb1 pairs.lb1 --bank NRTL");
+  Outcome const contradiction = Zel("edit few.lb1 NRTL BENZENE WATER bij=5 --from pairs.lb1");
+  EXPECT_NE(contradiction.err.find("BENZENE is component 21000001 in few.lb1, but 1000"),
+            std::string::npos)
+      << contradiction.err;
+}
+
 class CurveEditTest : public EditTest {
  protected:
   void SetUp() override {
@@ -173,6 +196,27 @@ TEST_F(CurveEditTest, ANewRecord) {
   EXPECT_EQ(Value("SolidDensity --at 150K"), 20.0) << "in the unit of an evaluated value";
 }
 
+TEST_F(CurveEditTest, MissingCoefficientsAreAWarning) {
+  json const report = Edit("ETHANOL VaporPressure --equation 20 --coefficients 94 -4917");
+  EXPECT_EQ(report["warning"],
+            "VaporPressure: equation 20 usually has 5 coefficients, but the record has 2; missing "
+            "ones count as 0");
+  EXPECT_FALSE(
+      Edit("ETHANOL VaporPressure --coefficients 94 -4917 -13.7 0.02 1").contains("warning"));
+}
+
+// A new record can be in any unit of its class, and in that of an evaluated value.
+TEST_F(CurveEditTest, TheUnitOfANewRecord) {
+  Good("edit own/own.lb1 ETHANOL --unset LatentHeat");
+  Good(
+      "edit own/own.lb1 ETHANOL LatentHeat --equation 1 --coefficients 2 --value-unit MJ/kg "
+      "--basis mass");
+  EXPECT_NEAR(Value("LatentHeat --at 300K"), 2000.0 * 46.068, 10.0) << "kJ/kg-mol";
+  EXPECT_NE(Zel("edit own/own.lb1 ETHANOL Dielectric --equation 1 --coefficients 2 --value-unit K")
+                .err.find("which is a pure number"),
+            std::string::npos);
+}
+
 TEST_F(CurveEditTest, WhatIsRefused) {
   Fails("ETHANOL VaporPressure", "needs --equation, --coefficients or --range", 2);
   Fails("ETHANOL VaporPressure 12", "needs --equation, --coefficients or --range", 2);
@@ -184,6 +228,8 @@ TEST_F(CurveEditTest, WhatIsRefused) {
   Fails("ETHANOL VaporPressure --coefficients a", "\"a\" is not a coefficient", 2);
   Fails("ETHANOL VaporPressure --coefficients 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16",
         "at most 15 coefficients", 2);
+  Fails("ETHANOL VaporPressure --coefficients 1e39 2", "C1 cannot be stored as 1e+39");
+  Fails("ETHANOL LiquidDensity --value-unit kPa", "\"kPa\" is not a unit of LiquidDensity");
   Fails("ETHANOL VaporPressure --range 400K:300K", "ends before it begins", 2);
   Fails("ETHANOL VaporPressure --range 400", "is not a range MIN:MAX", 2);
   Fails("ETHANOL VaporPressure --range 1:2 --value-unit J", "is not a unit of VaporPressure");
@@ -198,6 +244,9 @@ TEST_F(EditTest, BadWords) {
   Fails("ETHANOL --unset NPB", "did you mean NBP?");
   Fails("ETHANOL NBP 351x", "is not a value of NBP, in K", 2);
   Fails("ETHANOL NBP 1.2bar", "is not a value of NBP, in K", 2);
+  Fails("ETHANOL NBP=-300C", "it is below absolute zero", 2);
+  Fails("ETHANOL NBP=-1", "it is below absolute zero", 2);
+  Fails("NRTL ETHANOL WATER tMin=-500F", "it is below absolute zero", 2);
   Fails("ETHANOL NBP", "NBP needs a value", 2);
   Fails("ETHANOL NBP=351 NBP=352", "NBP is named twice", 2);
   Fails("ETHANOL NBP=351 --unset NBP", "NBP is named twice", 2);
@@ -210,6 +259,10 @@ TEST_F(EditTest, BadWords) {
   Fails("ETHANOL NBP=351 --ref 32001", "--ref is a whole number up to 32000", 2);
   Fails("ETHANOL NBP=351 --ref -1", "--ref", 2);
   Fails("ETHANOL NBP=1e300", "NBP cannot be stored as 1e+300");
+  Fails("ETHANOL TC=-3.4e38", "it is below absolute zero", 2);
+  Fails("ETHANOL ZC=-3.4e38", "ZC cannot be stored as -3.4e+38");
+  Fails("NRTL ETHANOL WATER bij=-3.4028e38", "bij cannot be stored as -3.4028e+38");
+  Fails("NRTL ETHANOL WATER bij=1e-50", "bij cannot be stored as 1e-50");
   Fails("ETHNOL NBP=351", "ETHNOL is not a component");
   Fails("WILSON ETHANOL WATER aij=1", "", 1);
   Fails("NRTL ETHANOL ETHANOL bij=1", "--from LIBRARY copies it");

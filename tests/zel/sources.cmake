@@ -37,6 +37,7 @@ set(zel_TEST_SOURCES
     references_test.cpp
     sense_test.cpp
     table_libraries_test.cpp
+    table_values_test.cpp
     tables_test.cpp
     terminal_run.cpp
     terminal_test.cpp

@@ -1,7 +1,7 @@
 // Tables in files: what import --table reads, export --table writes and template names.
 #include "desk/tables/text_table.h"
 #include "desk/words/failure.h"
-#include "tests/zel/zel_fixture.h"
+#include "tests/zel/tables_fixture.h"
 
 namespace zel::test {
 namespace {
@@ -9,23 +9,6 @@ namespace {
 using desk::ParseTextTable;
 using desk::TextTable;
 using nlohmann::json;
-
-class TablesTest : public ZelTest {
- protected:
-  TablesTest() { Good("create own.lb1"); }
-  // The file is imported into a bank of own.lb1.
-  Outcome Import(std::string const& bank, std::string const& table,
-                 std::string const& options = "") const {
-    MakeFile("t.csv", table);
-    return Zel("import own.lb1 --table t.csv --bank " + bank + " --json " + options);
-  }
-  json Imported(std::string const& bank, std::string const& table,
-                std::string const& options = "") const {
-    Outcome const outcome = Import(bank, table, options);
-    EXPECT_EQ(outcome.status, 0) << outcome.err << outcome.out;
-    return json::parse(outcome.out, nullptr, false);
-  }
-};
 
 std::vector<std::vector<std::string>> CellsOf(TextTable const& table) {
   std::vector<std::vector<std::string>> cells;
@@ -78,8 +61,8 @@ TEST(TextTables, WhatIsNotATableIsRefused) {
 TEST(TextTables, WhatIsWrittenReadsBack) {
   TextTable table;
   table.heads = {"a [K]", "b"};
-  for (char const* text :
-       {"", "1e-05", "-5", "=1+2", "-x", "'=1", "''@", "a;b", "x\ny", "\"", "'", "1 -2"}) {
+  for (char const* text : {"", "1e-05", "-5", "=1+2", "-x", "'=1", "''@", "a;b", "x\ny", "\"", "'",
+                           "1 -2", "-", "'-", " x", " 5", "' x"}) {
     table.rows.push_back({0, {text, "1"}});
   }
   for (std::string const& text : {ToCsv(table, ','), ToCsv(table, '\t'), ToJson(table)}) {

@@ -61,6 +61,7 @@ Report EditValues(Session& session, Options const& o) {
   report.Fact("bank", ToText(edited.bank));
   if (!edited.copiedFrom.empty()) report.Fact("copied from", edited.copiedFrom);
   if (!edited.same.empty()) report.Fact("already so", Texts(edited.same));
+  for (std::string const& warning : edited.warnings) report.Warning("warning", Text(warning));
   bool const isChanged = edited.IsChanged();
   report.Fact("changed", static_cast<std::int64_t>(edited.changes.Rows().size()));
   report.Add(std::move(edited.changes));

@@ -1,8 +1,4 @@
 // create, info, memo, set
-#include <zelaccess/Key_p.h>
-#include <zelaccess/Verify.h>
-
-#include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <optional>
@@ -12,6 +8,7 @@
 #include "desk/files/input_file.h"
 #include "desk/notes/note_lines.h"
 #include "desk/open/library.h"
+#include "desk/open/storable.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
 
@@ -46,30 +43,10 @@ void CheckLength(std::optional<std::string> const& text, std::size_t most, char 
                 std::to_string(most) + " can be stored");
 }
 
-// Texts of the header are stored in a code of printable characters, as those of keys are.
-void CheckCharacters(std::optional<std::string> const& text, char const* what) {
-  constexpr std::size_t kWords = 10;
-  constexpr std::size_t kPiece = 4 * kWords;
-  for (std::size_t at = 0; text && at < text->size(); at += kPiece) {
-    std::string const piece = text->substr(at, kPiece);
-    zel::Handle<zel::Key> const key(zel::Key::NewKey());
-    key->SetKeyText(static_cast<long>(kWords), piece.c_str());
-    char kept[kPiece + 1] = {};
-    zel::GetKeyText(dynamic_cast<zel::Key_p const&>(*key).GetKeyWords(), kWords, kept);
-    for (std::size_t i = 0; i < piece.size(); ++i) {
-      char const there = i < std::strlen(kept) ? kept[i] : ' ';
-      if (there == piece[i]) continue;
-      throw Failure(what + std::string(" has characters that a library cannot store, from \"") +
-                    text->substr(at + i) + "\" on");
-    }
-  }
-}
-
 void CheckTexts(Options const& o) {
-  CheckCharacters(o.description, "the description");
-  CheckCharacters(o.version, "the version");
-  CheckCharacters(o.newPassword, "the password");
-
+  CheckLetters(o.description.value_or(""), "the description");
+  CheckLetters(o.version.value_or(""), "the version");
+  CheckLetters(o.newPassword, "the password");
   constexpr std::size_t kDescription = 100;
   constexpr std::size_t kVersion = 12;
   CheckLength(o.description, kDescription, "the description");

@@ -61,6 +61,11 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
   report.Fact("the same", imported.same);
   report.Fact("refused", imported.refused);
   bool const hasCommas = HasDecimalCommas(imported.rows);
+  if (imported.warned != 0) {
+    report.Warning("warning", std::to_string(imported.warned) +
+                                  (imported.warned == 1 ? " row has" : " rows have") +
+                                  " fewer coefficients than usual, see below");
+  }
   report.Add(std::move(imported.rows));
   // Nothing to keep a version of.
   if (imported.read > 0 && imported.same == imported.read && !change.IsDryRun()) return report;

@@ -1,0 +1,28 @@
+// Records of correlations that are about to be written.
+#pragma once
+
+#include <string>
+
+#include "desk/open/pure_component.h"
+
+namespace zel::desk {
+
+// The code of a unit for the values of a correlation. Without a word that is the code of the unit
+// in which the correlation is evaluated, 0 if that has none. A word is looked up among the units
+// that the correlation can have, the class of the code `present` first. Throws Failure, with the
+// units that there are, for another word.
+std::int32_t UnitCodeFor(std::string const& word, std::int32_t present,
+                         zel::ZelCorrelationInfo const& row);
+
+// Sets the record of the component in memory. Throws Failure for an equation that is not known or
+// that has no form with so few coefficients, for a unit that is not one of the correlation's and
+// for numbers that a record cannot hold; WrongUsage for a range that ends before it begins or is
+// below absolute zero.
+void SetCurve(PureComponent const& component, zel::ZelCorrelationInfo const& row,
+              Curve const& curve);
+
+// "equation 20 usually has 5 coefficients, but the record has 2; missing ones count as 0"; empty if
+// none is missing, and for series, which can have any number.
+std::string MissingCoefficients(Curve const& curve);
+
+}  // namespace zel::desk
