@@ -58,8 +58,10 @@ class Merger {
   void Bank(BankName const& bank);
   void Item(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
             std::vector<std::int32_t> const& stored, std::string const& shown, Counts& counts);
-  void CheckSubstance(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
-                      std::string const& shown);
+  void CheckOtherBanks(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
+                       zel::Key& key, std::string const& shown);
+  void CheckSubstance(BankName const& oursIn, AnyItem const& ours, BankName const& theirsIn,
+                      AnyItem const& theirs, std::string const& shown);
   bool IsListing() const { return options_.side == MergeSide::kList; }
 
   Library const& library_;
@@ -118,6 +120,7 @@ void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& thei
     return from_.TellUnread(place, address);
   }
   if (!ours.Read(library_, bank, *key)) {
+    CheckOtherBanks(bank, ours, theirs, *key, shown);
     ++counts.added;
     if (IsListing()) return;
     WriteItem(library_, bank, theirs.Def(), *key, shown);
@@ -131,7 +134,7 @@ void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& thei
   }
   ++counts.differing;
   if (differing_++ == 0) firstDiffering_ = place;
-  CheckSubstance(bank, ours, theirs, shown);
+  CheckSubstance(bank, ours, bank, theirs, shown);
   for (DifferingValue const& value : found) {
     if (!IsListing()) break;
     result_.differences.Add(place, value.name, value.one, value.other, Text(value.unit));
@@ -141,12 +144,23 @@ void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& thei
   AddCodes(theirs.Def(), counts.codes);
 }
 
-void Merger::CheckSubstance(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
-                            std::string const& shown) {
+// A component has one number in all banks of a library.
+void Merger::CheckOtherBanks(BankName const& bank, AnyItem const& ours, AnyItem const& theirs,
+                             zel::Key& key, std::string const& shown) {
+  if (theirs.Component() == nullptr) return;
+  for (BankName const& other : library_.Banks(kPureType)) {
+    if (other.name != bank.name && ours.Read(library_, other, key)) {
+      CheckSubstance(other, ours, bank, theirs, shown);
+    }
+  }
+}
+
+void Merger::CheckSubstance(BankName const& oursIn, AnyItem const& ours, BankName const& theirsIn,
+                            AnyItem const& theirs, std::string const& shown) {
   if (ours.Component() == nullptr) return;
   auto conflict =
-      ConflictIn(shown, {{library_.Path() + ":" + bank.name, ours.Component()->Compared()},
-                         {from_.Path() + ":" + bank.name, theirs.Component()->Compared()}});
+      ConflictIn(shown, {{library_.Path() + ":" + oursIn.name, ours.Component()->Compared()},
+                         {from_.Path() + ":" + theirsIn.name, theirs.Component()->Compared()}});
   if (!conflict) return;
   if (!IsListing() && !options_.acceptIdentity) {
     throw Failure(ToText(*conflict) +

@@ -11,6 +11,8 @@
 #include "desk/open/component_name.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/item_values.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -31,15 +33,19 @@ class NumberedBank {
   std::vector<StoredWords> ItemsWith(std::int32_t number);
   std::string Shown(StoredWords const& key) { return Joined(KeyWords(library_, *item_).Of(key)); }
   void Move(StoredWords const& key, std::int32_t from, std::int32_t to);
+  // What was lost in the moves.
+  std::vector<std::string> const& Warnings() const { return warnings_; }
   BankName const& Name() const { return bank_; }
 
  private:
   void Read(StoredWords const& key, std::string const& shown);
+  void NoteLoss(zel::Key& moved, std::string const& shown, std::vector<NamedValue> const& before);
 
   Library const& library_;
   BankName bank_;
   zel::Handle<zel::IZelBankDef> item_;
   ItemNumbers numbers_;
+  std::vector<std::string> warnings_;
 };
 
 std::vector<StoredWords> NumberedBank::ItemsWith(std::int32_t number) {
@@ -60,6 +66,20 @@ void NumberedBank::Read(StoredWords const& key, std::string const& shown) {
   RefuseItem(library_, bank_, shown, "cannot be read by its key");
 }
 
+// A pair whose order changes is stored the other way round, with 1 - x1 instead of x1 for example,
+// which has fewer digits if it is near 1.
+void NumberedBank::NoteLoss(zel::Key& moved, std::string const& shown,
+                            std::vector<NamedValue> const& before) {
+  if (!library_.Maint().ReadItem(item_.get(), bank_.name.c_str(), &moved)) {
+    RefuseItem(library_, bank_, shown, "cannot be read under the new number");
+  }
+  try {
+    CheckStored(before, ValuesOf(*item_));
+  } catch (Failure const& failure) {
+    warnings_.push_back(ToText(bank_) + ", item " + shown + ": " + failure.what());
+  }
+}
+
 void NumberedBank::Move(StoredWords const& key, std::int32_t from, std::int32_t to) {
   std::string const shown = Shown(key);
   zel::LibMaint& maint = library_.Maint();
@@ -78,8 +98,10 @@ void NumberedBank::Move(StoredWords const& key, std::int32_t from, std::int32_t 
   if (moved != key && maint.ItemExists(item_.get(), bank_.name.c_str(), target.get())) {
     RefuseItem(library_, bank_, shown, "exists under the new number already");
   }
+  std::vector<NamedValue> const before = ValuesOf(*item_);
   WriteItem(library_, bank_, *item_, *target, shown);
   if (moved == key) return;
+  NoteLoss(*target, shown, before);
   zel::Handle<zel::Key> const old = StoredKey(key);
   if (!maint.DeleteItem(bank_.type.c_str(), bank_.name.c_str(), old.get())) {
     RefuseItem(library_, bank_, shown, "cannot be removed under the old number");
@@ -160,6 +182,8 @@ Renumbered Renumber(Library const& library, std::string const& component, std::s
       result.name = read.ReadIdentity().name;
     }
     for (StoredWords const& key : found[i]) banks[i].Move(key, result.from, result.to);
+    result.warnings.insert(result.warnings.end(), banks[i].Warnings().begin(),
+                           banks[i].Warnings().end());
     result.banks.Add(ToText(banks[i].Name()), static_cast<std::int64_t>(found[i].size()));
   }
   if (result.banks.Empty()) {

@@ -13,7 +13,8 @@ struct Renumbered {
   std::string name;  // of the component; empty if the library has only other items of it
   std::int32_t from = 0;
   std::int32_t to = 0;
-  Table banks;  // for each bank with changed items, their number
+  Table banks;                        // for each bank with changed items, their number
+  std::vector<std::string> warnings;  // about items that could not be kept in all digits
 
   Renumbered();
 };

@@ -20,20 +20,26 @@ Counterparts::Counterparts(std::vector<PlacedComponent> components)
 
 Counterparts::Match Counterparts::Find(zel::ZelIdentity const& identity) const {
   std::vector<std::size_t> candidates;
-  auto const add = [&](auto const& index, auto const& key) {
+  std::vector<std::size_t> namesakes;
+  auto const add = [](auto const& index, auto const& key, std::vector<std::size_t>& to) {
     auto const at = index.find(key);
     if (at == index.end()) return;
-    candidates.insert(candidates.end(), at->second.begin(), at->second.end());
+    to.insert(to.end(), at->second.begin(), at->second.end());
   };
-  add(byNumber_, identity.number);
+  add(byNumber_, identity.number, candidates);
   for (char const* id : identity.ids) {
-    if (*id != '\0') add(byId_, UpperCase(id));
+    if (*id != '\0') add(byId_, UpperCase(id), namesakes);
   }
-  if (identity.casNumber != 0) add(byCas_, identity.casNumber);
+  candidates.insert(candidates.end(), namesakes.begin(), namesakes.end());
+  if (identity.casNumber != 0) add(byCas_, identity.casNumber, candidates);
   if (candidates.empty()) return {};
   auto const agrees = [&](std::size_t i) {
     return zel::CompareIdentities(identity, components_[i].identity) == zel::identityAgrees;
   };
+  // One of the same ID that is another substance: rows with this ID would be of neither.
+  if (!namesakes.empty() && std::none_of(namesakes.begin(), namesakes.end(), agrees)) {
+    return {&components_[namesakes.front()], true};
+  }
   auto const at = std::find_if(candidates.begin(), candidates.end(), agrees);
   if (at != candidates.end()) return {&components_[*at], false};
   return {&components_[candidates.front()], true};

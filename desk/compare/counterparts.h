@@ -19,7 +19,8 @@ class Counterparts {
     bool isOtherSubstance = false;  // it has the same number, ID or CAS number, but contradicts
   };
   // The component with the same number, else with one of the same IDs, else with the same CAS
-  // number. One whose identity agrees comes before one whose identity contradicts.
+  // number. One whose identity agrees comes before one whose identity contradicts, unless all that
+  // have the same IDs contradict.
   Match Find(zel::ZelIdentity const& identity) const;
 
  private:

@@ -108,6 +108,18 @@ TEST_F(MergeTest, OneNumberForTwoSubstances) {
   EXPECT_EQ(Json("show a.lb1 B A")["cas_number"], "64-17-5");
 }
 
+// The number of a component is the same in all banks of a library.
+TEST_F(MergeTest, OneNumberForTwoSubstancesInBanksOfOtherNames) {
+  Make("a.lb1", Bank(Component(1, "A", "100", " casNum=\"7732-18-5\"")));
+  Make("b.lb1", "<bank type=\"PURECOMP\" name=\"C\">" +
+                    Component(1, "Z", "100", " casNum=\"64-17-5\"") + "</bank>");
+  Fails("merge a.lb1 b.lb1", 1, "component Z is A (1, A, 7732-18-5) in a.lb1:B and Z (1, Z, 64-17");
+  json const listed = Json("merge a.lb1 b.lb1 --list");
+  EXPECT_EQ(listed["identities"].size(), 2U) << listed;
+  json const report = Json("merge a.lb1 b.lb1 --accept-identity");
+  EXPECT_TRUE(report["identity_warning"].is_string()) << report;
+}
+
 TEST_F(MergeTest, BadWords) {
   Fails("merge own.lb1", 2, "FROM is required");
   Fails("merge own.lb1 from.lb1 --ours --theirs", 2, "exclude each other");
@@ -209,6 +221,16 @@ TEST_F(RenumberTest, LibraryOfPairsAlone) {
   EXPECT_TRUE(report["component"].is_null());
   EXPECT_EQ(report["old_number"], 10000007);
   EXPECT_EQ(Json("show own.lb1 NRTL 21000001 10000326")["fields"], pair["fields"]);
+}
+
+// The pair is stored in the order of its numbers; 1 - x1 has 7 digits too.
+TEST_F(RenumberTest, DigitsThatAPairLosesAreAWarning) {
+  Good("create own.lb1");
+  MakeFile("t.csv", "item 1,item 2,temp,x1\n7,9,350,1e-09\n8,9,350,0.25\n");
+  Good("import own.lb1 --bank AZEOTROP:B --table t.csv");
+  EXPECT_FALSE(Json("renumber own.lb1 8 21").contains("warning"));
+  json const report = Json("renumber own.lb1 7 20");
+  EXPECT_EQ(report["warning"], "AZEOTROP:B, item 7 + 9: x1 cannot be stored as 1e-09, only as 0");
 }
 
 TEST_F(RenumberTest, BadWords) {

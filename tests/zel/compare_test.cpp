@@ -166,6 +166,18 @@ TEST_F(CompareTest, DifferentSubstancesAreNotCompared) {
   EXPECT_EQ(accepted["identities"].size(), 2U);
 }
 
+// Rows with the ID would be of neither of the two.
+TEST_F(CompareTest, AnIdWithTheCasNumberOfAnother) {
+  std::string const water = " casNum=\"7732-18-5\"";
+  std::string const a = Component(Constant("TC", "500"), 7, "ETHANOL", water);
+  std::string const b = Component(Constant("TC", "510"), 7, "ETHANOL", " casNum=\"64-17-5\"") +
+                        Component(Constant("TC", "640"), 8, "WATER", water);
+  json const report = Compared(a, b);
+  EXPECT_EQ(report["components_compared"], 0) << report;
+  EXPECT_TRUE(report["identity_warning"].is_string());
+  EXPECT_EQ(Zel("compare a.lb1 b.lb1 --components ETHANOL").status, 1);
+}
+
 TEST_F(CompareTest, PublishedSources) {
   json const report = Json("compare perry.lb1 crc.lb1:CRC --components ETHANOL water");
   EXPECT_EQ(report["components_compared"], 2);

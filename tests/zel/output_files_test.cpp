@@ -102,6 +102,24 @@ TEST_F(OutputFilesTest, PlotToStandardOutput) {
   EXPECT_TRUE(fs::is_symlink(fs::symlink_status("/dev/stdout")));
 }
 
+TEST_F(OutputFilesTest, ListToStandardOutput) {
+  Good("list out/p.lst --build perry.lb1");
+  // The comments at its beginning name the file.
+  auto const rows = [](std::string const& list) { return list.substr(list.find("\n\n")); };
+  for (std::string const name : {"/dev/stdout", "-"}) {
+    Outcome const piped = Shell("\"$ZEL\" list " + name + " --build perry.lb1 | cat");
+    EXPECT_EQ(piped.out.substr(0, 2), "; ");
+    EXPECT_EQ(rows(piped.out), rows(FileText(Folder() / "out/p.lst")))
+        << "the list and nothing else";
+    EXPECT_EQ(Zel("list " + name + " --build perry.lb1 --json").status, 2);
+    EXPECT_EQ(Zel("list " + name + " --build perry.lb1 --filter x").status, 2);
+  }
+  EXPECT_FALSE(fs::exists(Folder() / "-"));
+  Outcome const other = Zel("list out/p.txt --build perry.lb1");
+  EXPECT_EQ(other.status, 2);
+  EXPECT_NE(other.err.find("out/p.txt: a list ends in .lst"), std::string::npos) << other.err;
+}
+
 // A pipe without a reader would make the command wait for ever; so would reading a list from one.
 TEST_F(OutputFilesTest, WhatIsNotARegularFileIsRefused) {
   for (char const* name : {"crc.lb1", "crc.lb2"}) {

@@ -134,6 +134,7 @@ Report Renumber(Session& session, Options const& o) {
   report.Fact("component", Text(done.name));
   report.Fact("old number", std::int64_t{done.from});
   report.Fact("new number", std::int64_t{done.to});
+  for (std::string const& warning : done.warnings) report.Warning("warning", Text(warning));
   report.Add(std::move(done.banks));
   PutInPlaceAfter(report, std::move(change));
   return report;

@@ -4,14 +4,17 @@
 
 #include <filesystem>
 #include <memory>
+#include <sstream>
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/files/input_file.h"
 #include "desk/files/output_file.h"
+#include "desk/files/standard_output.h"
 #include "desk/open/library.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
+#include "desk/words/letters.h"
 #include "desk/words/number_range.h"
 #include "output/progress.h"
 
@@ -56,13 +59,32 @@ void Read(Options const& o, std::string const& path, zel::CompList& list) {
   if (!IsList(path)) throw Failure(o.path + ": is not a list; --build makes one");
 }
 
+std::string TextOf(std::string const& path) {
+  std::ostringstream text;
+  text << OpenInput(path).rdbuf();
+  return text.str();
+}
+
+void CheckOutput(Session const& session, Options const& o) {
+  if (IsStandardOutput(o.path)) {
+    if (session.form == Form::kText && o.filter.empty() && o.range.empty()) return;
+    throw WrongUsage(
+        "--json, --csv, --filter, --range and a list on standard output exclude each "
+        "other");
+  }
+  RefuseLibraryPath(o.path);
+  RefuseSpecialFile(o.path);
+  if (LowerCase(fs::path(o.path).extension().string()) == ".lst") return;
+  throw WrongUsage(o.path + ": a list ends in .lst");
+}
+
 // The new list is read before it is moved into place, so that a failure leaves the old one.
 void BuildList(Session& session, Options const& o, zel::CompList& list) {
   zel::InitZelAccess();
   Library const library = OpenFinished(session, o.library);
   BankName const bank = library.ComponentBank(o.bank);
-  fs::path const target = fs::absolute(o.path);
-  RefuseSpecialFile(o.path);
+  bool const isOutput = IsStandardOutput(o.path);
+  fs::path const target = isOutput ? fs::temp_directory_path() / "list.lst" : fs::absolute(o.path);
   OutputFolder folder(target.parent_path(), o.path);
   FollowedWork work("listing " + o.library);
   FollowedWork::Following const following(work, library.File());
@@ -71,12 +93,13 @@ void BuildList(Session& session, Options const& o, zel::CompList& list) {
     work.EndIfCancelled("no list was written");
     throw Failure(o.path + ": cannot be written");
   }
+  if (isOutput) return Write(TextOf(path));
   Read(o, path, list);
   folder.MoveInto();
 }
 
 Report List(Session& session, Options const& o) {
-  if (!o.library.empty()) RefuseLibraryPath(o.path);
+  if (!o.library.empty()) CheckOutput(session, o);
   zel::compListSorts const sort = SortNamed(o.sort);
   bool const byNumber = sort == zel::sortByNbp || sort == zel::sortByMw;
   if (!o.range.empty() && !byNumber) throw WrongUsage("--range needs --sort nbp or mw");
@@ -92,6 +115,7 @@ Report List(Session& session, Options const& o) {
     throw Failure(o.path + ": is not a regular file");
   }
   o.library.empty() ? Read(o, o.path, *list) : BuildList(session, o, *list);
+  if (!o.library.empty() && IsStandardOutput(o.path)) return {};  // only the list
   list->SetSort(sort, o.descending ? 1 : 0);
   list->SetFilter(o.filter.c_str());
   double const open = zel::gen_GetUndefDouble();
@@ -119,7 +143,7 @@ void AddListCommand(CommandLine& line) {
   auto const o = std::make_shared<Options>();
   Command list(line, "list", "Build a pick list from a library, or query one",
                "zel list picker.lst --build perry.lb1 --filter \"*butane\"");
-  list.Argument("LIST", o->path, "a list file")
+  list.Argument("LIST", o->path, "a list file, .lst; - for standard output")
       .Option("--build", o->library, "make it from this library first", "LIBRARY")
       .Library(o->library)
       .Option("--bank", o->bank, "from this bank of pure components", "NAME")
