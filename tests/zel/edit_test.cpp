@@ -10,15 +10,18 @@ using nlohmann::json;
 
 class EditTest : public ChangeTest {
  protected:
-  // own.lb1 has ethanol, water and the pairs of NRTL.
   void SetUp() override {
     ChangeTest::SetUp();
-    Good("copy crc.lb1 own/own.lb1 --bank CRC --item ETHANOL");
-    Good("copy crc.lb1 own/own.lb1 --bank CRC --item WATER");
-    Good("copy sample.lb1 own/own.lb1 --bank NRTL --keep 0");
+    Fill();
     old_ = Now();
     std::filesystem::create_directory(Folder() / "before");
     for (auto const& [name, bytes] : old_) MakeFile("before/" + name, bytes);
+  }
+  // own.lb1 has ethanol, water and the pairs of NRTL.
+  virtual void Fill() const {
+    Good("copy crc.lb1 own/own.lb1 --bank CRC --item ETHANOL");
+    Good("copy crc.lb1 own/own.lb1 --bank CRC --item WATER");
+    Good("copy sample.lb1 own/own.lb1 --bank NRTL --keep 0");
   }
   json Edit(std::string const& words) const { return Json("edit own/own.lb1 " + words); }
   // What has changed since the beginning, as "ITEM FIELD".
@@ -144,12 +147,8 @@ TEST_F(EditTest, FromALibraryOfPairs) {
 
 class CurveEditTest : public EditTest {
  protected:
-  void SetUp() override {
-    ChangeTest::SetUp();
+  void Fill() const override {
     Good("copy perry.lb1 own/own.lb1 --bank PERRY --item ETHANOL --keep 0");
-    old_ = Now();
-    std::filesystem::create_directory(Folder() / "before");
-    for (auto const& [name, bytes] : old_) MakeFile("before/" + name, bytes);
   }
   json Curve(char const* name) const {
     return Row(Json("show own/own.lb1 PERRY ETHANOL")["correlations"], "name", name);
