@@ -1,9 +1,10 @@
 // A chart of curves of one correlation over the temperature, with the values at the cursor.
 "use strict";
 const Charts = (() => {
-  // Of desk/pictures/line_style.cpp: color and dashes.
+  // The colors are those of desk/pictures/line_style.cpp. There are no markers here, so that there
+  // are more dashes: the first eight lines differ without color too.
   const kColors = ["#0072b2", "#d55e00", "#009e73", "#cc79a7", "#b07d00", "#56b4e9", "#000000"];
-  const kDashes = [[], [12, 4], [5, 3], [12, 3, 3, 3]];
+  const kDashes = [[], [12, 4], [4, 4], [12, 3, 3, 3], [2, 2], [18, 6], [12, 3, 3, 3, 3, 3], [7, 2]];
   const kPoints = 600;
   const kPrintWidth = 640;
   let shown = [];
@@ -70,6 +71,16 @@ const Charts = (() => {
     return Math.max(260, Math.min(900, box.clientWidth));
   }
 
+  // Puts a piece of the line before each name in the legend.
+  function showSamples(box) {
+    box.querySelectorAll(".u-series .u-marker").forEach((marker, i) => {
+      if (i === 0) return marker.remove();
+      const dash = kDashes[(i - 1) % kDashes.length].join(" ");
+      marker.outerHTML = '<svg class="sample" width="36" height="8" aria-hidden="true"><path d="M0 4H36" fill="none" ' +
+        'stroke-width="2" stroke="' + kColors[(i - 1) % kColors.length] + '" stroke-dasharray="' + dash + '"/></svg>';
+    });
+  }
+
   // `curves` are {label, pieces}. Left and right move the cursor; the values are read out.
   function draw(box, title, valueName, unit, curves) {
     const kelvin = temperatures(curves);
@@ -93,6 +104,7 @@ const Charts = (() => {
           values: (u, ticks) => ticks.map((v) => (v === null ? "" : isLog ? powerOfTen(v) : digits(v, 6))) },
       ],
     }, [x, ...columns], box);
+    showSamples(box);
     box.tabIndex = 0;
     box.setAttribute("role", "img");
     box.setAttribute("aria-label", title + ": " + curves.map((c) => c.label).join(", ") +

@@ -57,12 +57,15 @@ void Tell(PageOptions const& options, std::size_t done, std::size_t total) {
 
 Page MakeSheet(PreferenceList& list, std::vector<std::string> const& components, bool each,
                PageOptions const& options) {
-  PageData data(list);
+  PageData data(list, !each);
   std::vector<std::pair<std::size_t, long>> columns;
   std::string names;
+  std::set<std::size_t> places;
+  std::size_t done = 0;
   for (std::string const& word : components) {
-    Tell(options, columns.size(), components.size());
+    Tell(options, done++, components.size());
     std::size_t const place = data.AddComponent(word);
+    if (!places.insert(place).second) continue;  // named twice
     names += (names.empty() ? "" : ", ") + data.NameOf(place);
     if (!each) columns.emplace_back(place, -1);
     for (std::size_t const source : data.SourcesOf(place)) {
@@ -74,7 +77,7 @@ Page MakeSheet(PreferenceList& list, std::vector<std::string> const& components,
 }
 
 Page MakeLibraryPage(PreferenceList& list, bool acceptIdentity, PageOptions const& options) {
-  PageData data(list);
+  PageData data(list, false);
   std::set<std::int32_t> numbers;
   for (PlacedComponent const& one : list.Components()) numbers.insert(one.identity.number);
   std::size_t done = 0;

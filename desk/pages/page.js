@@ -154,7 +154,8 @@
 
   function showSheet() {
     main.innerHTML = "";
-    const columns = data.columns.map(([component, source]) => Sheet.columnOf(data.components[component], source));
+    const isAlone = data.components.length === 1;
+    const columns = data.columns.map(([component, source]) => Sheet.columnOf(data.components[component], source, isAlone));
     const names = [...new Set(columns.map((column) => column.component.name))];
     Sheet.show(main, names.join(", "), columns);
   }

@@ -88,21 +88,43 @@ class FindingRows final : public zel::ZelDataFindingSink {
   std::string path_;
 };
 
+// The unit in which the form of a correlation yields its values. Records name a unit per mass and a
+// basis of moles apart: "kJ/kg" and "mole" are kJ/kg-mol.
+std::string UnitOfForm(Curve const& curve) {
+  if (curve.propUnit == 0) return "";
+  std::string unit = CellText(UnitOf(curve));
+  if (curve.basis != 1) return unit;
+  std::string out;
+  for (std::size_t at = 0; at < unit.size();) {
+    std::size_t const end = std::min(unit.find_first_of("/-. ", at), unit.size());
+    std::string const word = unit.substr(at, end - at);
+    out += word;
+    for (char const* const mass : {"g", "kg", "lb", "klb", "oz", "ton", "tonm", "tonl"}) {
+      if (word == mass && unit.compare(end, 4, "-mol") != 0) out += "-mol";
+    }
+    if (end < unit.size()) out += unit[end];
+    at = end + 1;
+  }
+  return out;
+}
+
 }  // namespace
 
 double PageData::SampleFrom(std::uint32_t index, Curve const& curve,
                             PureComponent const& component) {
   if (zel::gen_IsUndefDouble(curve.tMin) || zel::gen_IsUndefDouble(curve.tMax)) return -1;
+  bool hasValue = false;
   SampledCurve const sampled = Sample(
       [&](double kelvin) -> std::optional<double> {
         Point const point =
             component.At(index, zel::ConvertTemperature(kelvin, kKelvin, curve.tempUnit));
         if (!point.there) return {};
+        hasValue = true;
         return list_.Units().Shown(point.value, Correlations()[index].unit);
       },
       zel::ConvertTemperature(curve.tMin, curve.tempUnit, kKelvin),
       zel::ConvertTemperature(curve.tMax, curve.tempUnit, kKelvin));
-  if (sampled.numbers.empty()) return -1;
+  if (sampled.numbers.empty() || !hasValue) return -1;
   auto const at = static_cast<double>(numbers_.size());
   numbers_.insert(numbers_.end(), sampled.numbers.begin(), sampled.numbers.end());
   counts_.error = std::max(counts_.error, sampled.error);
@@ -115,9 +137,11 @@ std::string PageData::CurveIn(std::uint32_t index, Curve const& curve,
   equations_[curve.equation] = true;
   std::vector<std::string> coefficients;
   for (double const value : curve.coefficients) coefficients.push_back(JsonNumber(value));
-  return JsonList({Whole(index), Whole(curve.equation), JsonNumber(curve.tMin),
-                   JsonNumber(curve.tMax), JsonText(TemperatureUnit(curve.tempUnit)),
-                   WordOf(UnitOf(curve)), WordOf(BasisOf(curve)), Whole(curve.refCode),
+  std::string const stored = TemperatureUnit(curve.tempUnit);
+  DisplayUnits const& units = list_.Units();
+  return JsonList({Whole(index), Whole(curve.equation), JsonNumber(units.Shown(curve.tMin, stored)),
+                   JsonNumber(units.Shown(curve.tMax, stored)), JsonText(units.UnitFor(stored)),
+                   JsonText(UnitOfForm(curve)), JsonText(stored), Whole(curve.refCode),
                    JsonList(coefficients), JsonNumber(SampleFrom(index, curve, component))});
 }
 
@@ -131,15 +155,13 @@ void PageData::Cite(std::size_t source, PureComponent const& component) {
   }
 }
 
-// The first source that has a curve wins; its curve is then evaluated with the merged constants, as
-// a host evaluates it.
 std::string PageData::PartOf(std::size_t source, PureComponent const& own,
                              PureComponent const& merged, std::vector<bool>& isTaken) {
   std::vector<std::string> curves;
   for (std::uint32_t index = 0; index < Correlations().size(); ++index) {
     Curve const curve = own.ReadCurve(index);
     if (!curve.present) continue;
-    curves.push_back(CurveIn(index, curve, isTaken[index] ? own : merged));
+    curves.push_back(CurveIn(index, curve, isMerged_ && !isTaken[index] ? merged : own));
     isTaken[index] = true;
   }
   return JsonList({Whole(static_cast<std::int64_t>(source)), ConstantsOf(own, list_.Units()),
@@ -149,6 +171,9 @@ std::string PageData::PartOf(std::size_t source, PureComponent const& own,
 std::size_t PageData::AddComponent(std::string const& word) {
   PureComponent merged;
   list_.Search(word, merged);
+  Identity const identity = merged.ReadIdentity();
+  auto const [known, isNew] = places_.emplace(identity.number, components_.size());
+  if (!isNew) return known->second;
   std::vector<std::string> parts;
   std::vector<std::size_t> sources;
   std::vector<bool> isTaken(Correlations().size(), false);
@@ -159,7 +184,6 @@ std::size_t PageData::AddComponent(std::string const& word) {
     parts.push_back(PartOf(i, own, merged, isTaken));
     sources.push_back(i);
   }
-  Identity const identity = merged.ReadIdentity();
   std::vector<std::string> ids;
   for (std::string const& id : identity.ids) ids.push_back(JsonText(id));
   components_.push_back(

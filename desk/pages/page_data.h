@@ -13,9 +13,12 @@ namespace zel::desk {
 
 class PageData {
  public:
-  explicit PageData(PreferenceList& list) : list_(list) {}
+  // Numbers are in the list's display units. With `isMerged` the first source that has a curve
+  // shares it: it is evaluated with the merged constants, as a host evaluates it. Otherwise each
+  // source's curves are evaluated with its own constants.
+  PageData(PreferenceList& list, bool isMerged) : list_(list), isMerged_(isMerged) {}
 
-  // Adds a component and returns its place among those of the page.
+  // Adds a component, unless the page has it, and returns its place among those of the page.
   std::size_t AddComponent(std::string const& word);
   // The sources that have a component, by its place.
   std::vector<std::size_t> const& SourcesOf(std::size_t component) const {
@@ -43,7 +46,9 @@ class PageData {
   double SampleFrom(std::uint32_t index, Curve const& curve, PureComponent const& component);
 
   PreferenceList& list_;
+  bool isMerged_;
   std::vector<std::string> components_;
+  std::map<std::int32_t, std::size_t> places_;  // of components, by number
   std::vector<std::string> names_;
   std::vector<std::vector<std::size_t>> sources_;
   std::vector<std::string> pairs_;

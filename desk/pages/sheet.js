@@ -10,6 +10,8 @@ const Sheet = (() => {
   function number(value) {
     return value === null || value === undefined ? "–" : String(Number(value.toPrecision(7)));
   }
+  // A source may break after its library, the name of a method after a comma.
+  function breakable(html) { return html.replace(/[:,](?! )/g, "$&<wbr>"); }
   // The citation of a code as [source, code, text, DOI]; those of a sheet are listed at its end.
   let cited = new Set();
   function codeText(source, code) {
@@ -20,7 +22,7 @@ const Sheet = (() => {
     return '<abbr title="' + esc(reference[2]) + '">code ' + code + "</abbr>";
   }
   function sourceText(source, code) {
-    return esc(data.sources[source]) + (code ? ", " + codeText(source, code) : "");
+    return breakable(esc(data.sources[source])) + (code ? ", " + codeText(source, code) : "");
   }
   function references() {
     if (cited.size === 0) return "";
@@ -38,7 +40,9 @@ const Sheet = (() => {
     return {
       component, source, parts,
       head: source < 0 ? esc(component.name)
-        : (isAlone ? "" : esc(component.name) + ", ") + esc(data.sources[source]),
+        : (isAlone ? "" : esc(component.name) + ", ") + breakable(esc(data.sources[source])),
+      label: source < 0 ? component.name
+        : (isAlone ? "" : component.name + ", ") + data.sources[source],
     };
   }
   function constantIn(column, index) {
@@ -52,13 +56,13 @@ const Sheet = (() => {
     }
     if (column.source >= 0) return null;
     const filled = column.component.f.find((one) => one[0] === index);
-    return filled ? { value: filled[1], note: esc(filled[2]), filled: true } : null;
+    return filled ? { value: filled[1], note: breakable(esc(filled[2])), filled: true } : null;
   }
   function curveIn(column, index) {
     for (const [source, , curves] of column.parts) {
       const found = curves.find((one) => one[0] === index);
       if (found) return { source, equation: found[1], low: found[2], high: found[3], unitT: found[4],
-        unit: found[5], basis: found[6], code: found[7], coefficients: found[8], at: found[9] };
+        unit: found[5], formT: found[6], code: found[7], coefficients: found[8], at: found[9] };
     }
     return null;
   }
@@ -91,7 +95,7 @@ const Sheet = (() => {
           (cell.note ? ' <span class="soft small">' + cell.note + "</span>" : "") + "</td>";
       }).join("") + "</tr>";
     });
-    return '<div class="wide"><table><thead><tr><th scope="col">Constant</th><th scope="col">Unit</th>' +
+    return '<div class="wide"><table' + (columns.length > 4 ? ' class="many"' : "") + '><thead><tr><th scope="col">Constant</th><th scope="col">Unit</th>' +
       columns.map((column) => '<th scope="col">' + column.head + "</th>").join("") +
       "</tr></thead><tbody>" + rows + "</tbody></table></div>";
   }
@@ -133,23 +137,30 @@ const Sheet = (() => {
       (unit ? " [" + esc(unit) + "]" : "") + "</span></h4>" +
       formulas(found.map((one) => one.curve)) +
       '<div class="chart"></div><div class="wide"><table class="small"><thead><tr>' +
-      ["", "Equation", "Range", "Coefficients C<sub>1</sub>, C<sub>2</sub>, …", "Unit of the form", "From"]
+      ["", "Equation", "Range", "Coefficients C<sub>1</sub>, C<sub>2</sub>, …", "Unit of the form", "T in", "From"]
         .map((head) => '<th scope="col">' + head + "</th>").join("") + "</tr></thead><tbody>" +
       found.map(({ column, curve }) => "<tr><th scope=\"row\">" + column.head + "</th><td>" +
-        curve.equation + "</td><td>" + range(curve) + "</td><td>" +
+        curve.equation + "</td><td class=\"range\">" + range(curve) + "</td><td>" +
         curve.coefficients.map(number).join("&ensp; ") + "</td><td>" + esc(curve.unit || "–") +
-        (curve.basis ? ", per " + esc(curve.basis) : "") + "</td><td>" +
+        "</td><td>" + esc(curve.formT) + "</td><td>" +
         sourceText(curve.source, curve.code) + "</td></tr>").join("") + "</tbody></table></div>";
     const drawn = found.filter((one) => one.curve.at >= 0)
-      .map(({ column, curve }) => ({ label: textOf(column), pieces: Curves.piecesAt(curve.at) }));
+      .map(({ column, curve }) => ({ label: column.label, pieces: Curves.piecesAt(curve.at) }));
     return { section, draw: () => {
       const box = section.querySelector(".chart");
-      if (drawn.length === 0) box.innerHTML = "<p class=\"soft small\">No limits, so no chart.</p>";
-      else Charts.draw(box, label, name, unit, drawn);
+      if (drawn.length > 0) Charts.draw(box, label, name, unit, drawn);
+      const hidden = found.filter((one) => one.curve.at < 0);
+      if (hidden.length > 0) box.append(notDrawn(hidden));
     } };
   }
-  function textOf(column) {
-    return column.source < 0 ? column.component.name : data.sources[column.source];
+  // Which curves the chart does not have, and why.
+  function notDrawn(hidden) {
+    const note = document.createElement("p");
+    note.className = "soft small";
+    note.textContent = "Not drawn: " + hidden.map(({ column, curve }) => column.label +
+      (curve.low === null || curve.high === null ? " (no limits)"
+        : " (no value with the constants of " + (column.source < 0 ? "the component)" : "this source)"))).join("; ");
+    return note;
   }
 
   // Puts the sheet into the element.
@@ -158,10 +169,12 @@ const Sheet = (() => {
     const root = document.createElement("article");
     root.innerHTML = "<h2>" + esc(heading) + "</h2>" + identity(columns) +
       "<h3>Constants</h3>" + constants(columns) +
-      '<p class="soft small">' + (columns.some((column) => column.source < 0)
-        ? "Values in italics are not stored; they are derived by the method named."
-        : "The value in bold is used: that of the first source that has one.") + "</p>" +
-      "<h3>Correlations</h3>";
+      '<p class="soft small">' + (columns.some((column) => column.source >= 0)
+        ? "The value in bold is used: that of the first source that has one. " : "") +
+      (columns.some((column) => column.source < 0)
+        ? "Values in italics are not stored; they are derived by the method named." : "") + "</p>" +
+      "<h3>Correlations</h3>" + (columns.some((column) => column.source < 0 && column.parts.length > 1)
+        ? '<p class="soft small">Curves are evaluated with the constants of the merged component.</p>' : "");
     into.append(root);
     data.correlations.forEach((unused, index) => {
       const made = correlation(columns, index);

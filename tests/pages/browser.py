@@ -110,6 +110,10 @@ class Browser:
         self.send("Emulation.setDeviceMetricsOverride",
                   {"width": width, "height": height, "deviceScaleFactor": 1, "mobile": False})
 
+    def media(self, name):
+        """Styles for "print", or "" for those of the screen."""
+        self.send("Emulation.setEmulatedMedia", {"media": name})
+
     def open(self, path):
         self.send("Page.navigate", {"url": "file://" + os.path.abspath(path)})
         self.wait_for("!!document.documentElement && document.documentElement.dataset.ready === '1'")

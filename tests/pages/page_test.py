@@ -190,6 +190,78 @@ def test_pairs_and_findings(browser):
     check(browser.evaluate("document.querySelectorAll('tbody tr').length") > 10, "findings are listed")
 
 
+def test_pair_in_sight(browser, library):
+    """The pair that is pointed at is named in sight, wherever its square is."""
+    browser.size(1280, 700)
+    browser.open(library)
+    browser.evaluate("location.hash = '#pairs'")
+    browser.wait_for("document.querySelector('#map svg')")
+    browser.evaluate(
+        "(() => { const s = document.getElementById('bank');"
+        "s.value = [...s.options].findIndex((o) => o.textContent.startsWith('NRTL'));"
+        "s.dispatchEvent(new Event('change')); })()")
+    browser.evaluate("(() => { const all = [...document.querySelectorAll('rect.cell')];"
+                     "all.sort((a, b) => b.getAttribute('y') - a.getAttribute('y'))[0].focus(); })()")
+    top, cell, text = browser.evaluate(
+        "(() => { const p = document.getElementById('pick'); const b = p.getBoundingClientRect();"
+        "const c = document.activeElement.getBoundingClientRect();"
+        "return [[b.top, b.bottom], [c.top, c.bottom], p.textContent]; })()")
+    check(browser.evaluate("window.scrollY") > 200, "the map is larger than the window")
+    check(top[0] >= 0 and top[1] <= 700 and " + " in text, "the pair is named in sight: %s %s" % (top, text))
+    check(cell[0] >= top[1] and cell[1] <= 700, "its square is in sight: %s" % cell)
+
+
+def test_legend(browser, library):
+    """Lines can be told apart without color: their samples have different dashes."""
+    browser.open(library)
+    browser.evaluate("location.hash = '#c/10000007'")
+    browser.wait_for("document.querySelectorAll('.uplot').length > 5")
+    dashes = browser.evaluate(
+        "[...document.querySelectorAll('.chart[aria-label^=\"vapor pressure\"] .u-series .sample path')]"
+        ".map((p) => p.getAttribute('stroke-dasharray'))")
+    labels = browser.evaluate(
+        "document.querySelectorAll('.chart[aria-label^=\"vapor pressure\"] .u-series').length")
+    check(len(dashes) == labels - 1 >= 5 and len(set(dashes)) == len(dashes), "dashes differ: %s" % dashes)
+    text = browser.evaluate("document.body.textContent")
+    check("per mole" not in text and "step 3" not in text, "units and symbols are said in full")
+
+
+def test_units(browser, zel):
+    """A sheet in other units: heads, axes and the values at the cursor."""
+    run(zel, "sheet", "ETHANOL", "-l", "perry.lb1", "--units", "US", "-o", "us.html")
+    browser.size(1280, 900)
+    browser.open("us.html")
+    browser.evaluate("document.querySelector('.chart[aria-label^=\"vapor pressure\"]').focus()")
+    browser.key("Home")
+    for _ in range(40):
+        browser.key("ArrowRight")
+    legend = browser.evaluate(LEGEND)
+    check(legend[0][0] == "T [F]", "the temperature is in F: %s" % legend[0])
+    answer = json.loads(run(zel, "eval", "ETHANOL", "VaporPressure", "--at", legend[0][1], "-l", "perry.lb1",
+                            "--units", "US", "--json"))
+    value = answer["points"][0]["value"]
+    check(abs(float(legend[1][1]) - value) <= 1e-3 * value, "%s at %s F: %r evaluated"
+          % (legend[1][1], legend[0][1], value))
+    text = browser.evaluate("document.body.textContent")
+    check("[psia]" in text and "[kPa]" not in text, "the heads have the units asked for")
+
+
+def test_print(browser, library, sheets):
+    """In print nothing is wider than the page: A4 with its margins, 680 px."""
+    for path, view in [(library, "#c/10000007")] + [(sheet, "") for sheet in sheets]:
+        browser.media("print")
+        browser.size(680, 900)
+        browser.open(path)
+        browser.evaluate("location.hash = '%s'" % view)
+        browser.wait_for("document.querySelectorAll('.uplot').length > 5")
+        browser.evaluate("window.dispatchEvent(new Event('beforeprint'))")
+        wide = browser.evaluate(
+            "Math.max(document.documentElement.scrollWidth,"
+            "...[...document.querySelectorAll('table, .uplot, .map')].map((e) => e.getBoundingClientRect().right))")
+        check(wide <= 681, "%s%s is as wide as the page in print: %s" % (path, view, wide))
+        browser.media("")
+
+
 def take_pictures(browser, library, sheet, folder):
     for width in (1280, 800, 390):
         browser.size(width, 900)
@@ -230,6 +302,8 @@ def main():
             words += ["-l", name + ".lb1"]
         run(zel, "report", *words, "-o", "library.html")
         run(zel, "sheet", "ETHANOL", "WATER", *words, "-o", "sheet.html")
+        run(zel, "sheet", "ETHANOL", "WATER", "BENZENE", *words, "-o", "three.html")
+        run(zel, "sheet", "ETHANOL", "--each", *words, "-o", "each.html")
         browser = Browser(program)
         try:
             test_list(browser, "library.html")
@@ -238,6 +312,10 @@ def main():
             test_curves(browser, zel, work)
             test_keys_and_contrast(browser)
             test_pairs_and_findings(browser)
+            test_pair_in_sight(browser, "library.html")
+            test_legend(browser, "library.html")
+            test_units(browser, zel)
+            test_print(browser, "library.html", ("sheet.html", "three.html", "each.html"))
             take_pictures(browser, "library.html", "sheet.html", pictures)
             complaints = browser.complaints()
             check(not complaints, "console and network: " + str(complaints[:3]))

@@ -1,5 +1,6 @@
 // The pages of sheet and report as files; tests/pages/page_test.py opens them in a browser.
 #include <cmath>
+#include <cstring>
 #include <optional>
 
 #include "desk/pages/equation_texts.h"
@@ -22,6 +23,65 @@ class PageTest : public ZelTest {
     EXPECT_NE(at, std::string::npos);
     std::size_t const from = at + begin.size();
     return json::parse(html.substr(from, html.find("</script>", from) - from));
+  }
+
+  // The curve of a source in the data; null if it does not have it.
+  static json CurveIn(json const& data, std::size_t source, std::string const& correlation) {
+    for (json const& part : data["components"][0]["s"]) {
+      for (json const& curve : part[2]) {
+        if (part[0] == source &&
+            data["correlations"][curve[0].get<std::size_t>()][0] == correlation)
+          return curve;
+      }
+    }
+    return nullptr;
+  }
+  // The value that the page shows on the curve at a temperature, both in its units.
+  static std::optional<double> ValueAt(json const& data, json const& curve, double temperature) {
+    desk::SampledCurve sampled;
+    sampled.numbers = Numbers(data["curves"].get<std::string>());
+    sampled.numbers.erase(sampled.numbers.begin(),
+                          sampled.numbers.begin() + curve[9].get<std::ptrdiff_t>());
+    json const& scale = data["temperature"];
+    return ValueOf(sampled, (temperature - scale[2].get<double>()) / scale[1].get<double>());
+  }
+  static std::string UnitIn(json const& data, char const* table, char const* name) {
+    for (json const& row : data[table]) {
+      if (row[0] == name) return row[2];
+    }
+    return "none";
+  }
+  static double ConstantIn(json const& data, char const* keyword) {
+    for (json const& row : data["components"][0]["s"][0][1]) {
+      if (data["constants"][row[0].get<std::size_t>()][0] == keyword) return row[1];
+    }
+    return 0.0;
+  }
+
+ private:
+  // Little-endian floats in base 64.
+  static std::vector<float> Numbers(std::string const& text) {
+    std::string const digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::vector<float> numbers;
+    std::uint64_t bits = 0;
+    std::size_t count = 0;
+    std::uint32_t word = 0;
+    std::size_t bytes = 0;
+    for (char const letter : text) {
+      if (letter == '=') break;
+      bits = bits << 6 | digits.find(letter);
+      count += 6;
+      if (count < 8) continue;
+      count -= 8;
+      word |= static_cast<std::uint32_t>(bits >> count & 0xff) << (8 * bytes++);
+      if (bytes < 4) continue;
+      float number = 0.0F;
+      std::memcpy(&number, &word, sizeof(number));
+      numbers.push_back(number);
+      bytes = 0;
+      word = 0;
+    }
+    return numbers;
   }
 };
 
@@ -47,6 +107,97 @@ TEST_F(PageTest, SheetHasComponentsSideBySide) {
 TEST_F(PageTest, SheetOfEachSource) {
   Good("sheet ETHANOL -l perry.lb1 -l crc.lb1 --each -o s.html");
   EXPECT_EQ(DataOf("s.html")["columns"], json::parse("[[0,0],[0,1]]"));
+}
+
+// All numbers that a page shows, and the units that it names.
+TEST_F(PageTest, SheetIsInTheUnitsAskedFor) {
+  for (std::string const each : {"", " --each"}) {
+    std::string const words = "ETHANOL -l perry.lb1" + each;
+    Good("sheet " + words + " --units US -o us.html");
+    json const data = DataOf("us.html");
+    EXPECT_EQ(data["temperature"][0], "F");
+    EXPECT_EQ(UnitIn(data, "constants", "TC"), "F");
+    EXPECT_EQ(UnitIn(data, "constants", "PC"), "psia");
+    EXPECT_EQ(UnitIn(data, "correlations", "VaporPressure"), "psia");
+    EXPECT_NEAR(ConstantIn(data, "TC"), 514 * 1.8 - 459.67, 1e-9);
+    EXPECT_NEAR(ConstantIn(data, "PC"), 6137 / 6.894757, 0.01);
+    json const curve = CurveIn(data, 0, "VaporPressure");
+    EXPECT_NEAR(curve[3].get<double>(), 514 * 1.8 - 459.67, 1e-9);
+    EXPECT_EQ(curve[4], "F");
+    // The coefficients are in the units of the record.
+    EXPECT_EQ(curve[5], "kPa");
+    EXPECT_EQ(curve[6], "K");
+    EXPECT_NEAR(curve[8][0].get<double>(), 66.39625, 1e-9);
+    json const point =
+        Json("eval ETHANOL VaporPressure -l perry.lb1 --at 173 --units US")["points"][0];
+    std::optional<double> const value = ValueAt(data, curve, 173);
+    ASSERT_TRUE(value);
+    EXPECT_NEAR(*value, point["value"].get<double>(), 1e-4 * *value);
+    EXPECT_NEAR(*value, 14.6, 0.3);           // the normal boiling point
+    EXPECT_FALSE(ValueAt(data, curve, 514));  // 541 K
+  }
+  // Derived constants.
+  Good("sheet ETHANOL -l perry.lb1 --units degC -o c.html");
+  json const data = DataOf("c.html");
+  double boiling = 0.0;
+  for (json const& row : data["components"][0]["f"]) {
+    if (data["constants"][row[0].get<std::size_t>()][0] == "NBP") boiling = row[1];
+  }
+  EXPECT_NEAR(boiling, 78.3, 0.2);
+  // From the environment too, and in a report.
+  Good("create one.lb1");
+  Good("copy perry.lb1 one.lb1 --bank PERRY --item ETHANOL");
+  EXPECT_EQ(Zel("report -l one.lb1 -o r.html", "ZEL_UNITS=bar,C").status, 0);
+  EXPECT_NEAR(ConstantIn(DataOf("r.html"), "PC"), 61.37, 1e-9);
+  EXPECT_EQ(DataOf("r.html")["temperature"][0], "C");
+}
+
+TEST_F(PageTest, FormsNameTheUnitThatTheyYield) {
+  Good("sheet ETHANOL -l perry.lb1 -o s.html");
+  json const data = DataOf("s.html");
+  EXPECT_EQ(CurveIn(data, 0, "LiquidDensity")[5], "kg-mol/m3");
+  EXPECT_EQ(CurveIn(data, 0, "LatentHeat")[5], "kJ/kg-mol");
+  EXPECT_EQ(CurveIn(data, 0, "LiquidCp")[5], "kJ/kg-mol-K");
+  EXPECT_EQ(CurveIn(data, 0, "LiquidThermal")[5], "W/m-K");
+  // By mass, as it is.
+  Good("import vdi.lb1 '" ZEL_DATA "/vdi.xml' --create");
+  Good("sheet ETHANOL -l vdi.lb1 -o s.html");
+  EXPECT_EQ(CurveIn(DataOf("s.html"), 0, "LiquidDensity")[5], "kg/m3");
+}
+
+// A source's curve depends on its own constants only, whatever the other sources have.
+TEST_F(PageTest, CurveOfASourceIsItsOwn) {
+  Good("import vdi.lb1 '" ZEL_DATA "/vdi.xml' --create");
+  auto const evaluated = [&](std::string const& sources) -> double {
+    return Json("eval CHLORINE SurfaceTension --at 412.947 " + sources)["points"][0]["value"];
+  };
+  double const own = evaluated("-l vdi.lb1");
+  double const merged = evaluated("-l perry.lb1 -l vdi.lb1");
+  ASSERT_GT(std::abs(merged - own), 1e-3 * own);
+  Good("sheet CHLORINE -l perry.lb1 -l vdi.lb1 --each -o s.html");
+  json const each = DataOf("s.html");
+  EXPECT_NEAR(ValueAt(each, CurveIn(each, 1, "SurfaceTension"), 412.947).value_or(0), own,
+              1e-4 * own);
+  Good("sheet CHLORINE -l perry.lb1 -l vdi.lb1 -o s.html");
+  json const one = DataOf("s.html");
+  EXPECT_NEAR(ValueAt(one, CurveIn(one, 1, "SurfaceTension"), 412.947).value_or(0), merged,
+              1e-4 * merged);
+  // A library of one component, so that the report has only that.
+  for (std::string const name : {"perry", "vdi"}) {
+    Good("create one-" + name + ".lb1");
+    Good("copy " + name + ".lb1 one-" + name + ".lb1 --bank " + (name == "vdi" ? "VDI" : "PERRY") +
+         " --item CHLORINE");
+  }
+  Good("report -l one-perry.lb1 -l one-vdi.lb1 -o r.html");
+  json const report = DataOf("r.html");
+  EXPECT_NEAR(ValueAt(report, CurveIn(report, 1, "SurfaceTension"), 412.947).value_or(0), own,
+              1e-4 * own);
+}
+
+TEST_F(PageTest, ComponentNamedTwiceHasOneColumn) {
+  json const report = Json("sheet ETHANOL ETOH 64-17-5 -l perry.lb1 -o s.html");
+  EXPECT_EQ(report["components"], 1);
+  EXPECT_EQ(DataOf("s.html")["columns"], json::parse("[[0,-1]]"));
 }
 
 TEST_F(PageTest, ReportHasComponentsPairsAndFindings) {
