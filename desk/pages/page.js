@@ -158,6 +158,7 @@
     const columns = data.columns.map(([component, source]) => Sheet.columnOf(data.components[component], source, isAlone));
     const names = [...new Set(columns.map((column) => column.component.name))];
     Sheet.show(main, names.join(", "), columns);
+    main.querySelector("h2").hidden = document.title === names.join(", ");  // it is above already
   }
 
   const kViews = [["#", "Components", showList], ["#pairs", "Pairs", showPairs], ["#findings", "Findings", showFindings]];

@@ -32,9 +32,11 @@ bool BeginsWith(std::string const& unit, std::string const& symbol) {
 }
 
 // The unit that is 10^power times `unit`, 3 a divisor of the power: "MJ/kg-mol" for "kJ/kg-mol" and
-// 3, "10⁻³ kg-mol/m3" for a unit without prefix.
-std::string TimesPower(std::string const& unit, int power) {
+// 3, "10⁻³ kg-mol/m3" for a unit without prefix and for a fixed one.
+std::string TimesPower(std::string const& unit, int power, bool isFixed) {
   if (power == 0) return unit;
+  std::string asPower = PowerOfTen(power) + (unit.empty() ? "" : " " + unit);
+  if (isFixed) return asPower;
   for (std::string const symbol : {"J", "Pa", "W", "N", "bar"}) {
     for (Prefix const& old : kPrefixes) {
       if (!BeginsWith(unit, old.text + symbol)) continue;
@@ -45,7 +47,7 @@ std::string TimesPower(std::string const& unit, int power) {
       }
     }
   }
-  return PowerOfTen(power) + (unit.empty() ? "" : " " + unit);
+  return asPower;
 }
 
 // The power, a multiple of 3, by which numbers up to `most` are divided.
@@ -115,7 +117,7 @@ void AxisRange::Widen() {
   high += margin;
 }
 
-Ticks LinearTicks(double low, double high, int count, std::string const& unit) {
+Ticks LinearTicks(double low, double high, int count, std::string const& unit, bool isFixed) {
   double const step = Step(low, high, count);
   int const power = PowerFor(std::max(std::abs(low), std::abs(high)));
   double const scale = std::pow(10.0, power);
@@ -126,15 +128,16 @@ Ticks LinearTicks(double low, double high, int count, std::string const& unit) {
     double const value = n * step + 0.0;  // no negative zero
     result.ticks.push_back({value, Fixed(value / scale, decimals)});
   }
-  result.unit = TimesPower(unit, power);
+  result.unit = TimesPower(unit, power, isFixed);
+  result.scale = scale;
   return result;
 }
 
-Ticks LogTicks(double low, double high, int count, std::string const& unit) {
+Ticks LogTicks(double low, double high, int count, std::string const& unit, bool isFixed) {
   constexpr std::size_t kFewest = 4;
   std::vector<double> const values = LogValues(low, high, count);
   if (values.size() < kFewest && high - low < 1) {
-    return LinearTicks(std::pow(10.0, low), std::pow(10.0, high), count, unit);
+    return LinearTicks(std::pow(10.0, low), std::pow(10.0, high), count, unit, isFixed);
   }
   Ticks result;
   for (double const value : values) result.ticks.push_back({value, LogLabel(value)});

@@ -7,6 +7,7 @@
 #include "desk/pictures/line_style.h"
 #include "desk/pictures/markup.h"
 #include "desk/words/failure.h"
+#include "desk/words/table.h"
 
 namespace zel::desk {
 namespace {
@@ -98,7 +99,7 @@ class Plotter {
     out_ = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " + width + " " + height +
            "\" width=\"" + width + "\" height=\"" + height +
            "\" role=\"img\" font-family=\"sans-serif\" font-size=\"12\">\n<title>" +
-           Escaped(chart_.title) + "</title>\n<desc>" + Escaped(chart_.description) +
+           Escaped(chart_.title) + "</title>\n<desc>" + Escaped(Description()) +
            "</desc>\n<rect width=\"" + width + "\" height=\"" + height + "\" fill=\"white\"/>\n";
     Print(layout_.width / 2, 24, "middle", chart_.title, " font-size=\"16\"");
     for (std::size_t i = 0; i < layout_.warnings.size(); ++i) {
@@ -132,21 +133,47 @@ class Plotter {
             "\" y2=\"" + Fixed(y2, 1) + "\" stroke=" + paint + "/>\n";
   }
 
+  Ticks TicksOfY() const {
+    constexpr double kDistance = 55;  // of ticks, about
+    int const count = std::max(2, static_cast<int>((layout_.floor - layout_.top) / kDistance));
+    auto const ticks = chart_.logarithmic ? LogTicks : LinearTicks;
+    return ticks(y_.low, y_.high, count, chart_.yUnit, chart_.isUnitFixed);
+  }
+
+  std::string Description() const {
+    Ticks const y = TicksOfY();
+    std::string text = Head(chart_.yName, y.unit) + " over " + Head(chart_.xName, chart_.xUnit) +
+                       (chart_.logarithmic ? ", on a logarithmic axis" : "");
+    for (ChartLine const& line : chart_.lines) {
+      text += "; " + line.label;
+      if (line.vertices.empty()) continue;
+      if (line.isPoints) {
+        std::size_t const count = line.vertices.size();
+        text += ", " + std::to_string(count) + (count == 1 ? " point" : " points");
+      }
+      auto const& first = line.vertices.front();
+      auto const& last = line.vertices.back();
+      text += ": " + Digits(first.y / y.scale) + " at " + Digits(first.x);
+      if (line.isPoints && line.vertices.size() == 1) continue;
+      text += ", " + Digits(last.y / y.scale) + " at " + Digits(last.x);
+    }
+    for (std::string const& warning : chart_.warnings) text += "; " + warning;
+    for (std::string const& note : chart_.notes) text += "; " + note;
+    return text;
+  }
+
   void Axes() {
     double const right = layout_.width - kRight;
     double const floor = layout_.floor;
     constexpr double kDistanceX = 80;  // of ticks, about
-    constexpr double kDistanceY = 55;
     int const countX = std::max(2, static_cast<int>((right - kLeft) / kDistanceX));
-    int const countY = std::max(2, static_cast<int>((floor - layout_.top) / kDistanceY));
-    Ticks const x = LinearTicks(x_.low, x_.high, countX, chart_.xUnit);
+    Ticks const x = LinearTicks(x_.low, x_.high, countX, chart_.xUnit, true);
     for (Tick const& tick : x.ticks) {
       Stroke(AtX(tick.value), layout_.top, AtX(tick.value), floor, "\"#e0e0e0\"");
       Stroke(AtX(tick.value), floor, AtX(tick.value), floor + kTick, "\"black\"");
       Print(AtX(tick.value), floor + 18, "middle", tick.label);
     }
-    Ticks const y = chart_.logarithmic ? LogTicks(y_.low, y_.high, countY, chart_.yUnit)
-                                       : LinearTicks(y_.low, y_.high, countY, chart_.yUnit);
+    Ticks const y = TicksOfY();
     for (Tick const& tick : y.ticks) {
       double const at = AtY(Scaled(tick.value));
       Stroke(kLeft, at, right, at, "\"#e0e0e0\"");

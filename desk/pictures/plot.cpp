@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <set>
 
 #include "desk/open/named_correlation.h"
 #include "desk/pictures/plot_words.h"
@@ -55,14 +56,16 @@ class PlotMaker {
     Collect();
     Span const span = FindSpan();
     bool const isRatio = !o_.reference.empty();
-    Plot plot{{}, CurveTable(isRatio ? "" : info_.unit, !o_.points.empty()), {}};
+    Plot plot{{}, CurveTable(isRatio ? "" : info_.unit, !o_.points.empty()), {}, {}};
     Chart& chart = plot.chart;
+    chart.notes = notes_;
     chart.title = !o_.title.empty() ? o_.title : info_.label;
     chart.xName = "T";
     chart.xUnit = o_.units.UnitFor("K");
     chart.yName = info_.name;
     chart.yUnit = isRatio ? "" : o_.units.UnitFor(info_.unit);
     if (isRatio) chart.yName += " / " + list_.Name(referenceSource_);
+    chart.isUnitFixed = !o_.units.AreInternal();
     chart.logarithmic = o_.logarithmic;
     SetSize(o_.size, chart);
     for (Drawn const& one : drawn_) AddLine(one, span, plot);
@@ -72,7 +75,8 @@ class PlotMaker {
     for (IdentityConflict const& conflict : list_.Accepted()) {
       chart.warnings.push_back("Warning: " + ToText(conflict));
     }
-    chart.description = Describe(chart);
+    if (chart.logarithmic) NoteHidden(chart);
+    plot.notes = chart.notes;
     return plot;
   }
 
@@ -81,15 +85,23 @@ class PlotMaker {
   void Collect() {
     bool const isRatio = !o_.reference.empty();
     if (isRatio) referenceSource_ = SourceNamed(list_, o_.reference);
+    std::set<std::int32_t> numbers;  // a component that is named twice is drawn once
     for (std::string const& word : o_.components) {
       auto merged = std::make_unique<PureComponent>();
       list_.Search(word, *merged);
+      if (!numbers.insert(merged->ReadIdentity().number).second) continue;
       std::size_t const before = drawn_.size();
+      std::string without;
       for (std::size_t i = 0; (o_.each || isRatio) && i < list_.Count(); ++i) {
         auto component = std::make_unique<PureComponent>();
-        if (!list_.Read(i, word, *component)) continue;
-        Curve curve = component->ReadCurve(index_);
+        Curve curve;
+        if (list_.Read(i, word, *component)) curve = component->ReadCurve(index_);
+        if (!curve.present) without += (without.empty() ? "" : ", ") + list_.Name(i);
         if (curve.present) Add(word, std::move(component), std::move(curve), list_.Name(i));
+      }
+      if (drawn_.size() > before && !without.empty()) {
+        std::string note = std::string("no ") + info_.name;
+        notes_.push_back(note.append(" of ").append(word).append(" in ").append(without));
       }
       if (isRatio) Relate(word, before);
       if (drawn_.size() > before) continue;
@@ -242,6 +254,30 @@ class PlotMaker {
     }
   }
 
+  // A note for each line that has values which a logarithmic axis cannot show.
+  static void NoteHidden(Chart& chart) {
+    for (ChartLine const& line : chart.lines) {
+      std::string stretches;
+      bool wasHidden = false;
+      for (std::size_t i = 0; i < line.vertices.size(); ++i) {
+        auto const isHidden = [&](std::size_t at) {
+          return at < line.vertices.size() && !(line.vertices[at].y > 0.0);
+        };
+        if (!isHidden(i)) {
+          wasHidden = false;
+          continue;
+        }
+        std::string const x = Digits(line.vertices[i].x);
+        if (!wasHidden) stretches += (stretches.empty() ? "" : ", ") + x;
+        if (wasHidden && !isHidden(i + 1)) stretches += " to " + x;
+        wasHidden = true;
+      }
+      if (stretches.empty()) continue;
+      chart.notes.push_back(line.label + ": values that are not above 0 are not drawn on the " +
+                            "logarithmic axis, at " + stretches + " " + chart.xUnit);
+    }
+  }
+
   static Table CurveTable(std::string const& unit, bool withDeviations) {
     std::vector<Column> columns = {{"line", ""}, {"T", "K"}, {"value", unit}, {"range", ""}};
     if (withDeviations) columns.push_back({"deviation", "%"});
@@ -257,26 +293,6 @@ class PlotMaker {
     }
   }
 
-  static std::string Describe(Chart const& chart) {
-    std::string const unit = chart.yUnit.empty() ? "" : " [" + chart.yUnit + "]";
-    std::string text = chart.yName + unit + " over T [" + chart.xUnit + "]" +
-                       (chart.logarithmic ? ", on a logarithmic axis" : "");
-    for (ChartLine const& line : chart.lines) {
-      text += "; " + line.label;
-      if (line.vertices.empty()) continue;
-      if (line.isPoints) {
-        std::size_t const count = line.vertices.size();
-        text += ", " + std::to_string(count) + (count == 1 ? " point" : " points");
-      }
-      auto const& first = line.vertices.front();
-      auto const& last = line.vertices.back();
-      text += ": " + Digits(first.y) + " at " + Digits(first.x);
-      if (line.isPoints && line.vertices.size() == 1) continue;
-      text += ", " + Digits(last.y) + " at " + Digits(last.x);
-    }
-    return text;
-  }
-
   PreferenceList& list_;
   PlotOptions const& o_;
   zel::ZelCorrelationInfo const& info_;
@@ -284,6 +300,7 @@ class PlotMaker {
   std::size_t referenceSource_ = 0;
   std::vector<Drawn> drawn_;
   std::vector<std::unique_ptr<PureComponent>> references_;
+  std::vector<std::string> notes_;
 };
 
 }  // namespace

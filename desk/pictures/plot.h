@@ -42,11 +42,12 @@ struct Plot {
   // its component, the preferred one if there are several.
   Table curves;
   std::vector<std::string> warnings;  // about records
+  std::vector<std::string> notes;     // what is not drawn: sources without a record, values
 };
 
-// Evaluates the correlation of each component at 400 temperatures and at the limits of its record.
-// Throws Failure if a component has no such correlation, or no value at these temperatures, and
-// WrongUsage for options that do not fit.
+// A component that is named twice is drawn once. Evaluates the correlation of each component at 400
+// temperatures and at the limits of its record. Throws Failure if a component has no such
+// correlation, or no value at these temperatures, and WrongUsage for options that do not fit.
 Plot MakePlot(PreferenceList& list, PlotOptions const& options);
 
 }  // namespace zel::desk

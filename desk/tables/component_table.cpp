@@ -125,6 +125,21 @@ Table ComponentTable(PreferenceList& list, std::vector<std::string> const& compo
   return table;
 }
 
+namespace {
+
+// Each once.
+std::vector<zel::ZelCorrelationInfo const*> CorrelationsOf(CurveGrid const& grid) {
+  std::vector<zel::ZelCorrelationInfo const*> found;
+  for (std::string const& name : grid.correlations) {
+    zel::ZelCorrelationInfo const* const info = DatumNamed(name).curve;
+    if (info == nullptr) throw Failure("\"" + name + "\" is not a correlation");
+    if (std::find(found.begin(), found.end(), info) == found.end()) found.push_back(info);
+  }
+  return found;
+}
+
+}  // namespace
+
 CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
   Table records(
       "records",
@@ -132,12 +147,13 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
   std::vector<Column> columns = {{"T", "K"}};
   std::vector<std::vector<Cell>> rows;
   for (double const kelvin : grid.kelvin) rows.push_back(RowOf(kelvin));
+  std::vector<zel::ZelCorrelationInfo const*> const correlations = CorrelationsOf(grid);
+  std::set<std::int32_t> numbers;
   for (std::string const& word : grid.components) {
     PureComponent component;
     list.Search(word, component);
-    for (std::string const& name : grid.correlations) {
-      zel::ZelCorrelationInfo const* const info = DatumNamed(name).curve;
-      if (info == nullptr) throw Failure("\"" + name + "\" is not a correlation");
+    if (!numbers.insert(component.ReadIdentity().number).second) continue;
+    for (zel::ZelCorrelationInfo const* const info : correlations) {
       Curve const curve = component.ReadCurve(IndexOf(*info));
       columns.push_back({word + " " + info->name, info->unit});
       records.Add(word, std::string(info->name),

@@ -34,7 +34,7 @@ struct CurveGrid {
   bool extrapolate = false;  // else there is no value outside the range of a record
 };
 struct CurveTables {
-  Table points;   // T and a column for each component and correlation
+  Table points;   // T and a column for each component and correlation; one named twice has one
   Table records;  // the component, correlation, equation, range and source of each column
 };
 // The column of a correlation that a component does not have is empty, and so is its record. Throws

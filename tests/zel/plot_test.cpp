@@ -127,6 +127,72 @@ TEST_F(PlotTest, TitleSizeAndUnits) {
   EXPECT_NE(svg.find("role=\"img\""), std::string::npos);
 }
 
+// The unit that was asked for is not replaced by one with a decimal prefix.
+TEST_F(PlotTest, AxisHasTheUnitAskedFor) {
+  std::string const svg = Drawn("VaporPressure ETHANOL -l perry.lb1 --units Pa");
+  EXPECT_NE(svg.find(">VaporPressure [10⁶ Pa]</text>"), std::string::npos) << svg;
+  EXPECT_EQ(svg.find("MPa"), std::string::npos);
+  std::string const heat = Drawn("LatentHeat ETHANOL -l perry.lb1 --units J/g-mol");
+  EXPECT_NE(heat.find(">LatentHeat [10³ J/g-mol]</text>"), std::string::npos) << heat;
+  // Also if it is the internal one.
+  std::string const same = Drawn("LatentHeat ETHANOL -l perry.lb1 --units kJ/kg-mol");
+  EXPECT_NE(same.find(">LatentHeat [10³ kJ/kg-mol]</text>"), std::string::npos) << same;
+}
+
+TEST_F(PlotTest, DescriptionIsInTheUnitOfTheAxis) {
+  double const heat =
+      Json("eval ETHANOL LatentHeat -l perry.lb1 --at 159.05")["points"][0]["value"];
+  struct Row {
+    std::string units;
+    std::string head;
+    double factor;  // from kJ/kg-mol
+  };
+  for (Row const& row : {Row{"", "LatentHeat [MJ/kg-mol]", 1e-3},
+                         Row{" --units J/g-mol", "LatentHeat [10³ J/g-mol]", 1e-3},
+                         Row{" --units J/kg-mol", "LatentHeat [10⁶ J/kg-mol]", 1e-3}}) {
+    std::string const svg = Drawn("LatentHeat ETHANOL -l perry.lb1" + row.units);
+    std::vector<std::string> const found = Found(svg, "<desc>([^<]*)</desc>");
+    ASSERT_EQ(found.size(), 1U);
+    std::string const begin = row.head + " over T [K]; Ethanol, perry.lb1:PERRY: ";
+    ASSERT_EQ(found[0].substr(0, begin.size()), begin);
+    EXPECT_NEAR(std::stod(found[0].substr(begin.size())), row.factor * heat, 1e-4 * heat / 1000);
+    EXPECT_NE(svg.find(">" + row.head + "</text>"), std::string::npos);
+  }
+}
+
+// What a logarithmic axis cannot show is reported, not dropped in silence.
+TEST_F(PlotTest, HiddenValuesAreReported) {
+  std::string const words = "plot LiquidEnthalpy ETHANOL -l perry.lb1 --log -o ";
+  for (std::string const output : {"p.svg", "-"}) {
+    Outcome const plot = Zel(words + output);
+    EXPECT_EQ(plot.status, 0) << plot.err;
+    std::string const begin =
+        "zel: Ethanol, perry.lb1:PERRY: values that are not above 0 are not drawn on the "
+        "logarithmic axis, at 159.05 to ";
+    ASSERT_EQ(plot.err.substr(0, begin.size()), begin);
+    EXPECT_NEAR(std::stod(plot.err.substr(begin.size())), 298, 1);
+    std::string const svg = output == "-" ? plot.out : FileText(Folder() / output);
+    std::vector<std::string> const found = Found(svg, "<desc>([^<]*)</desc>");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_NE(found[0].find(plot.err.substr(5, plot.err.size() - 6)), std::string::npos);
+  }
+  EXPECT_EQ(Zel("plot LiquidEnthalpy ETHANOL -l perry.lb1 -o p.svg").err, "");
+}
+
+TEST_F(PlotTest, SourcesWithoutARecordAreReported) {
+  Good("import vdi.lb1 '" ZEL_DATA "/vdi.xml' --create");
+  Outcome const plot =
+      Zel("plot VaporThermal ETHANOL -l perry.lb1 -l crc.lb1 -l vdi.lb1 --each -o p.svg");
+  EXPECT_EQ(plot.err, "zel: no VaporThermal of ETHANOL in crc.lb1:CRC\n");
+  EXPECT_NE(FileText(Folder() / "p.svg").find("; no VaporThermal of ETHANOL in crc.lb1:CRC</desc>"),
+            std::string::npos);
+}
+
+TEST_F(PlotTest, ComponentNamedTwiceIsDrawnOnce) {
+  EXPECT_EQ(Json("plot VaporPressure ETHANOL ETHANOL ETOH WATER -l perry.lb1 -o p.svg")["lines"],
+            2);
+}
+
 TEST_F(PlotTest, CurvesAsCsvAreTheEvaluatedValues) {
   Good("plot VaporPressure ETHANOL -l perry.lb1 --from 300 --to 600 --units bar -o p.csv");
   std::vector<std::string> const lines = Lines(FileText(Folder() / "p.csv"));

@@ -288,6 +288,14 @@ TEST_F(TablesTest, ManyCurvesAreEvaluatedOnOneGrid) {
   EXPECT_TRUE(grid["points"][0]["water_liquiddensity"].is_null());
   EXPECT_TRUE(grid["points"][0]["ethanol_liquiddensity"].is_number());
   EXPECT_EQ(Zel("eval ETHANOL VaporPressure --components WATER -l perry.lb1").status, 2);
+  // What is named twice has one column.
+  Outcome const twice =
+      Zel("eval ETHANOL VaporPressure --components ETHANOL WATER ETOH --correlations VaporPressure "
+          "vaporp LiquidDensity -l perry.lb1 --at 300 --csv");
+  EXPECT_NE(twice.out.find("T [K],ETHANOL VaporPressure [kPa],ETHANOL LiquidDensity [kg-mol/m3],"
+                           "WATER VaporPressure [kPa],WATER LiquidDensity [kg-mol/m3]\n"),
+            std::string::npos)
+      << twice.out;
 }
 
 TEST_F(TablesTest, PairsAreShownWithTheirSources) {

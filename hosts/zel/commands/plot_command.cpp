@@ -58,6 +58,7 @@ Report DrawPlot(Session& session, Options const& o) {
   PreferenceList list(session, o.sources);
   PlotOptions options = o.plot;
   options.units = session.units;
+  options.logarithmic = o.plot.logarithmic && kind == Kind::kSvg;
   for (std::string const& path : o.points) {
     zel::ZelCorrelationInfo const& correlation = CorrelationNamed(options.correlation);
     for (PlotPoints& set : ReadPlotPoints(path, correlation, session.units)) {
@@ -73,8 +74,12 @@ Report DrawPlot(Session& session, Options const& o) {
     curves.ShowIn(session.units);
     WriteFile(o.output, Print(curves, Form::kCsv));
   }
+  for (std::string const& note : plot.notes) session.Note(note);
   Report report;
-  if (IsStandardOutput(o.output)) return report;  // only the chart
+  if (IsStandardOutput(o.output)) {  // only the chart
+    for (std::string const& warning : plot.warnings) session.Note("warning: " + warning);
+    return report;
+  }
   report.Fact("written", o.output);
   report.Fact("lines", static_cast<std::int64_t>(plot.chart.lines.size()));
   std::string warnings;
