@@ -17,9 +17,9 @@ const Sheet = (() => {
   function codeText(source, code) {
     if (!code) return "";
     const reference = data.references.find((one) => one[0] === source && one[1] === code);
-    if (!reference) return "code " + code;
+    if (!reference) return "code&nbsp;" + code;
     cited.add(reference);
-    return '<abbr title="' + esc(reference[2]) + '">code ' + code + "</abbr>";
+    return '<abbr title="' + esc(reference[2]) + '">code&nbsp;' + code + "</abbr>";
   }
   function sourceText(source, code) {
     return breakable(esc(data.sources[source])) + (code ? ", " + codeText(source, code) : "");
@@ -137,7 +137,7 @@ const Sheet = (() => {
       (unit ? " [" + esc(unit) + "]" : "") + "</span></h4>" +
       formulas(found.map((one) => one.curve)) +
       '<div class="chart"></div><div class="wide"><table class="small"><thead><tr>' +
-      ["", "Equation", "Range", "Coefficients C<sub>1</sub>, C<sub>2</sub>, …", "Unit of the form", "T in", "From"]
+      ["", "Equation", "Range", "Coefficients C<sub>1</sub>, C<sub>2</sub>, …", "Unit of the form", "T&nbsp;in", "From"]
         .map((head) => '<th scope="col">' + head + "</th>").join("") + "</tr></thead><tbody>" +
       found.map(({ column, curve }) => "<tr><th scope=\"row\">" + column.head + "</th><td>" +
         curve.equation + "</td><td class=\"range\">" + range(curve) + "</td><td>" +
