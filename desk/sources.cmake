@@ -30,6 +30,11 @@ set(desk_SOURCES
     face/reports.cpp
     face/units.cpp
     files/file_copy.cpp
+    findings/baseline.cpp
+    findings/finding.cpp
+    findings/junit.cpp
+    findings/library_check.cpp
+    findings/sarif.cpp
     files/file_digest.cpp
     files/file_lock.cpp
     files/folder.cpp
@@ -60,6 +65,7 @@ set(desk_SOURCES
     open/item_values.cpp
     open/library.cpp
     open/library_path.cpp
+    open/members.cpp
     open/named_correlation.cpp
     open/names_library.cpp
     open/nearest.cpp

@@ -9,6 +9,7 @@
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/item_values.h"
+#include "desk/open/members.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -70,6 +71,7 @@ class Merger {
   Merged result_;
   std::int64_t differing_ = 0;
   std::string firstDiffering_;
+  std::vector<std::string> parts_;  // what names the item that is compared
 };
 
 std::vector<BankName> Merger::Banks() const {
@@ -103,7 +105,8 @@ void Merger::Bank(BankName const& bank) {
   from_.Walk(bank, [&] { keys = Keys(from_, bank, theirs.Def()); });
   Counts counts;
   for (auto const& stored : keys) {
-    Item(bank, ours, theirs, stored, Joined(words.Of(stored)), counts);
+    parts_ = words.Of(stored);
+    Item(bank, ours, theirs, stored, Joined(parts_), counts);
   }
   if (!IsListing()) CarryNotes(from_, bank, theirs.Def(), counts.codes, library_, bank);
   result_.banks.Add(ToText(bank), counts.added, counts.same, counts.differing);
@@ -137,7 +140,9 @@ void Merger::Item(BankName const& bank, AnyItem const& ours, AnyItem const& thei
   CheckSubstance(bank, ours, bank, theirs, shown);
   for (DifferingValue const& value : found) {
     if (!IsListing()) break;
-    result_.differences.Add(place, value.name, value.one, value.other, Text(value.unit));
+    std::vector<Cell> row = RowOf(place, value.name, value.one, value.other, Text(value.unit));
+    Append(row, ItemMembers(ToText(bank), parts_));
+    result_.differences.Add(std::move(row));
   }
   if (options_.side != MergeSide::kTheirs) return;
   WriteItem(library_, bank, theirs.Def(), *key, shown);
@@ -177,7 +182,12 @@ Merged::Merged()
                                   {"field", ""},
                                   {"ours", "", false, true},
                                   {"theirs", "", false, true},
-                                  {"unit", ""}}) {}
+                                  {"unit", ""},
+
+                                  {"bank", ""},
+                                  {"item 1", ""},
+                                  {"item 2", ""},
+                                  {"item 3", ""}}) {}
 
 Merged Merge(Library const& library, Library const& from, MergeOptions const& options) {
   return Merger(library, from, options).Take();

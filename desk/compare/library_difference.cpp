@@ -7,6 +7,7 @@
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/item_values.h"
+#include "desk/open/members.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -25,10 +26,15 @@ class Difference {
   void Bank(BankName const& bank);
   void OnlyIn(Library const& library, std::string const& place) {
     bool const first = &library == &one_;
-    table_.Add(place, "whole", first ? "there" : "not there", first ? "not there" : "there",
-               Cell());
+    Row(place, "whole", first ? "there" : "not there", first ? "not there" : "there", Cell());
   }
 
+  void Row(std::string const& place, std::string field, Cell one, Cell other, Cell unit) {
+    std::vector<Cell> row =
+        RowOf(place, std::move(field), std::move(one), std::move(other), std::move(unit));
+    Append(row, ItemMembers(bank_, parts_));
+    table_.Add(std::move(row));
+  }
   void Field(std::string const& place, char const* field, Cell one, Cell other);
   void BankHeader(BankName const& bank);
   void Item(BankName const& bank, std::vector<std::int32_t> const& stored,
@@ -38,10 +44,12 @@ class Difference {
   Library const& other_;
   DifferenceOptions const& options_;
   Table& table_;
+  std::string bank_;                // that is compared
+  std::vector<std::string> parts_;  // what names the item that is compared
 };
 
 void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
-  if (one != other) table_.Add(place, field, std::move(one), std::move(other), Cell());
+  if (one != other) Row(place, field, std::move(one), std::move(other), Cell());
 }
 
 void Difference::Header() {
@@ -85,8 +93,8 @@ void Difference::Bank(BankName const& bank) {
   while (i < a.size() || k < b.size()) {
     bool const inA = k == b.size() || (i < a.size() && a[i] <= b[k]);
     bool const inB = i == a.size() || (k < b.size() && b[k] <= a[i]);
-    std::string const place =
-        ToText(bank) + " " + (inA ? Joined(wordsA.Of(a[i])) : Joined(wordsB.Of(b[k])));
+    parts_ = inA ? wordsA.Of(a[i]) : wordsB.Of(b[k]);
+    std::string const place = ToText(bank) + " " + Joined(parts_);
     if (inA && inB) {
       Item(bank, a[i], place);
     } else {
@@ -98,6 +106,7 @@ void Difference::Bank(BankName const& bank) {
     }
     if (inB) ++k;
   }
+  parts_.clear();
 }
 
 void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
@@ -128,7 +137,7 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
   std::vector<NamedValue> const b = valuesIn(other_);
   if (!isRead) return;
   for (DifferingValue& value : DifferingValues(a, b)) {
-    table_.Add(place, value.name, std::move(value.one), std::move(value.other), Text(value.unit));
+    Row(place, value.name, std::move(value.one), std::move(value.other), Text(value.unit));
   }
 }
 
@@ -157,27 +166,31 @@ void Difference::All() {
     Header();
   }
   for (BankName const& bank : a) {
+    bank_ = ToText(bank);
     if (!has(b, bank)) {
       OnlyIn(one_, ToText(bank));
     } else if (BankOrNone(bank.type)) {
       Bank(bank);
     } else {
-      table_.Add(ToText(bank), "whole", "unknown type", "not compared", Cell());
+      Row(ToText(bank), "whole", "unknown type", "not compared", Cell());
     }
   }
   for (BankName const& bank : b) {
-    if (!has(a, bank)) OnlyIn(other_, ToText(bank));
+    bank_ = ToText(bank);
+    if (!has(a, bank)) OnlyIn(other_, bank_);
   }
 }
 
 }  // namespace
 
 Table DifferencesOf(Library const& one, Library const& other, DifferenceOptions const& options) {
-  Table table("differences", {{"item", ""},
-                              {"field", ""},
-                              {options.first, "", false, true},
-                              {options.second, "", false, true},
-                              {"unit", ""}});
+  std::vector<Column> heads = {{"item", ""},
+                               {"field", ""},
+                               {options.first, "", false, true},
+                               {options.second, "", false, true},
+                               {"unit", ""}};
+  Append(heads, ItemColumns());
+  Table table("differences", std::move(heads));
   Difference(one, other, options, table).All();
   return table;
 }

@@ -236,6 +236,7 @@ EditedItem Edit::Make() {
   Item const item(edited_.bank.type);
   words_ = ItemWords(library_, item.Def(), edit_.item);
   edited_.item = Joined(words_);
+  edited_.parts = words_;
   bool const hasBank =
       library_.Maint().BankExists(edited_.bank.type.c_str(), edited_.bank.name.c_str());
   if (!hasBank || !Read(item)) CopyFirst(item);

@@ -50,6 +50,7 @@ ItemEdit EditOf(Library const& library, Library const* from, std::vector<std::st
 struct EditedItem {
   BankName bank;
   std::string item;
+  std::vector<std::string> parts;  // what the item is named by
   std::string copiedFrom;  // the bank from which the item was copied first; empty if it was there
   // Rows of what changed: datum, old, new, unit, old code, new code.
   Table changes = Table("", {});

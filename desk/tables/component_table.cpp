@@ -1,4 +1,5 @@
 #include "desk/tables/component_table.h"
+#include "desk/open/members.h"
 
 #include <algorithm>
 #include <map>
@@ -141,9 +142,10 @@ std::vector<zel::ZelCorrelationInfo const*> CorrelationsOf(CurveGrid const& grid
 }  // namespace
 
 CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
-  Table records(
-      "records",
-      {{"component", ""}, {"correlation", ""}, {"equation", ""}, {"range", ""}, {"from", ""}});
+  std::vector<Column> heads = {
+      {"component", ""}, {"correlation", ""}, {"equation", ""}, {"range", ""}, {"from", ""}};
+  Append(heads, RangeColumns());
+  Table records("records", std::move(heads));
   std::vector<Column> columns = {{"T", "K"}};
   std::vector<std::vector<Cell>> rows;
   for (double const kelvin : grid.kelvin) rows.push_back(RowOf(kelvin));
@@ -156,9 +158,11 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
     for (zel::ZelCorrelationInfo const* const info : correlations) {
       Curve const curve = component.ReadCurve(IndexOf(*info));
       columns.push_back({word + " " + info->name, info->unit});
-      records.Add(word, std::string(info->name),
-                  curve.present ? Cell(std::int64_t{curve.equation}) : Cell(),
-                  RangeOf(curve, list.Units()), Text(curve.source));
+      std::vector<Cell> record = RowOf(word, std::string(info->name),
+                                       curve.present ? Cell(std::int64_t{curve.equation}) : Cell(),
+                                       RangeOf(curve, list.Units()), Text(curve.source));
+      Append(record, RangeMembers(curve, list.Units()));
+      records.Add(std::move(record));
       for (std::size_t i = 0; i < rows.size(); ++i) {
         double const temperature = zel::ConvertTemperature(grid.kelvin[i], 10, curve.tempUnit);
         Point const point = component.At(IndexOf(*info), temperature);

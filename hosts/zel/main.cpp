@@ -23,13 +23,27 @@ constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 constexpr char kOutOfMemory[] = "out of memory";
 
-int Fail(int status, std::string text) {
+// Writes one line on standard error and, for a command with --json that has printed nothing yet, an
+// object on standard output.
+int Fail(zelhost::Session const& session, int status, zelhost::Problem problem) {
   // Bytes of a damaged library must not break the line.
+  std::string& text = problem.message;
   std::replace_if(
       text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, '?');
+  if (session.isJson && !session.hasReported) {
+    try {
+      std::fputs(zelhost::ErrorJson(problem, session.commandName, status).c_str(), stdout);
+    } catch (std::bad_alloc const&) {
+      // The line says it.
+    }
+  }
   std::fflush(stdout);
   std::fprintf(stderr, "zel: %s\n", text.c_str());
   return status;
+}
+
+int FailWithoutMemory(zelhost::Session const& session) {
+  return Fail(session, kFailed, {"OutOfMemory", kOutOfMemory, ""});
 }
 
 // The message of a block error, with the library's path as the user gave it.
@@ -67,8 +81,8 @@ int EndByClosedPipe() {
 }
 
 // Ends like any program that Ctrl-C ends, for the shell to see.
-int EndByInterrupt(std::string const& text) {
-  Fail(kFailed, text);
+int EndByInterrupt(zelhost::Session const& session, std::string const& text) {
+  Fail(session, kFailed, {"Cancelled", text, ""});
   std::signal(SIGINT, SIG_DFL);
   std::raise(SIGINT);
   return kFailed;
@@ -110,26 +124,33 @@ int Run(int count, char** words) {
     zelhost::AddCombineCommands(line);
     zelhost::AddPathCommand(line);
     zelhost::AddNoteCommands(line);
+    zelhost::AddSchemaCommand(line);
     return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();
   } catch (zelhost::Cancelled const& cancelled) {
-    return EndByInterrupt(cancelled.what());
+    return EndByInterrupt(session, cancelled.what());
   } catch (zelhost::WrongUsage const& error) {
-    return Fail(kWrongUsage, error.what());
+    return Fail(session, kWrongUsage, zelhost::ProblemOf(error));
   } catch (zel::desk::ConflictingIdentity const& error) {
-    return Fail(kFailed, error.what() + std::string("; --accept-identity merges them anyway"));
+    zelhost::Problem problem = zelhost::ProblemOf(error);
+    problem.message += "; --accept-identity merges them anyway";
+    return Fail(session, kFailed, problem);
   } catch (std::filesystem::filesystem_error const& error) {
-    if (error.code() == std::errc::not_enough_memory) return Fail(kFailed, kOutOfMemory);
+    if (error.code() == std::errc::not_enough_memory) return FailWithoutMemory(session);
     std::string const path = error.path1().string();
-    return Fail(kFailed,
-                path.empty() ? "a file name is empty" : path + ": " + error.code().message());
+    return Fail(
+        session, kFailed,
+        {"FileSystem", path.empty() ? "a file name is empty" : path + ": " + error.code().message(),
+         path});
   } catch (std::bad_alloc const&) {
-    return Fail(kFailed, kOutOfMemory);
+    return FailWithoutMemory(session);
   } catch (std::exception const& error) {
-    return Fail(kFailed, error.what());
+    return Fail(session, kFailed, zelhost::ProblemOf(error));
   } catch (unsigned long const address) {
-    return Fail(kFailed, MessageOf(session, zel::BlockError(address)));
+    zel::BlockError const error(address);
+    return Fail(session, kFailed,
+                {"DamagedLibrary", MessageOf(session, error), session.ShownPath(error.File())});
   }
 }
 

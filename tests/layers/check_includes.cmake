@@ -78,7 +78,7 @@ function(check_rooms folder prefix outside)
   endforeach()
   set(bad "${bad}" PARENT_SCOPE)
 endfunction()
-check_rooms(desk desk/ "" words files open notes compare pictures pages tables annotate change combine edit face)
+check_rooms(desk desk/ "" words files open notes compare pictures findings pages tables annotate change combine edit face)
 check_rooms(hosts/zel "" desk output commands)
 
 if(bad)

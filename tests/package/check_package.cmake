@@ -20,6 +20,7 @@ run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${work}/prefix)
 if(ZEL)
   run(${work}/prefix/bin/zel --version)
   foreach(file share/man/man1/zel.1 share/bash-completion/completions/zel
+             share/zelaccess/schemas/find.json
                share/fish/vendor_completions.d/zel.fish share/zsh/site-functions/_zel
                bin/zel-textconv)
     if(NOT EXISTS ${work}/prefix/${file})

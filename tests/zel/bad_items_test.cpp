@@ -36,7 +36,11 @@ class BadItemTest : public ZelTest {
     EXPECT_NE(outcome.err.find("; left out\n"), std::string::npos) << words << outcome.err;
     Outcome const strict = Zel(words + " --strict");
     EXPECT_EQ(strict.status, 1) << words;
-    EXPECT_EQ(strict.out, "") << words;
+    if (words.find("--json") == std::string::npos) {
+      EXPECT_EQ(strict.out, "") << words;
+    } else {
+      EXPECT_EQ(nlohmann::json::parse(strict.out)["schema"], "zel/error") << words;
+    }
     EXPECT_EQ(strict.err.find("; left out"), std::string::npos) << words << strict.err;
     return outcome;
   }
@@ -79,6 +83,15 @@ TEST_F(BadItemTest, ExportReportsBanksThatAreNotWhole) {
   EXPECT_EQ(row["written"], 2);
   nlohmann::json const whole = Json("export perry.lb1 --bank PERRY -o out.xml");
   EXPECT_FALSE(whole.contains("missing"));
+}
+
+TEST_F(BadItemTest, JsonHasTheLinesOfStandardError) {
+  Outcome const outcome = Zel("find own.lb1 --json");
+  EXPECT_EQ(outcome.status, 1);
+  nlohmann::json const report = nlohmann::json::parse(outcome.out);
+  ASSERT_EQ(report["problems"].size(), 1U);
+  EXPECT_EQ("zel: " + report["problems"][0].get<std::string>() + "\n", outcome.err);
+  EXPECT_FALSE(Json("find perry.lb1").contains("problems"));
 }
 
 TEST_F(BadItemTest, CheckNamesIt) {

@@ -2,6 +2,7 @@ set(zel_TEST_SOURCES
     bad_input_test.cpp
     bad_items_test.cpp
     change_test.cpp
+    check_forms_test.cpp
     combine_history_test.cpp
     combine_test.cpp
     commands_test.cpp
@@ -18,6 +19,7 @@ set(zel_TEST_SOURCES
     git_test.cpp
     history_test.cpp
     identity_test.cpp
+    json_test.cpp
     kill_test.cpp
     interchange_test.cpp
     maintenance_test.cpp

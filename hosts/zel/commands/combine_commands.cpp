@@ -9,6 +9,7 @@
 #include "desk/combine/flatten.h"
 #include "desk/combine/merge.h"
 #include "desk/combine/renumber.h"
+#include "desk/open/members.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
@@ -99,7 +100,7 @@ MergeSide SideOf(Options const& o) {
 
 void AddMerged(Merged merged, bool isList, Report& report) {
   report.Add(std::move(merged.banks));
-  if (isList) report.Add(std::move(merged.differences));
+  if (isList) report.Add(std::move(merged.differences), ItemColumns());
   if (merged.conflicts.empty()) return;
   report.Warning("identity warning",
                  std::to_string(merged.conflicts.size()) + " components mean different substances");

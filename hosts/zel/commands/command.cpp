@@ -143,6 +143,16 @@ void UseDefaults(Session& session) {
   }
 }
 
+// Keeps for the session what the words say before they are parsed.
+void NoteLine(std::vector<std::string> const& words, std::vector<std::string> const& commands,
+              std::set<std::string> const& secrets, Session& session) {
+  session.command = LineOf(words, secrets);
+  auto const end = std::find(words.begin(), words.end(), "--");
+  session.isJson = std::find(words.begin(), end, "--json") != end;
+  auto const name = std::find_first_of(words.begin(), end, commands.begin(), commands.end());
+  if (name != end) session.commandName = *name;
+}
+
 }  // namespace
 
 Command::Command(CommandLine& line, std::string const& name, std::string const& purpose,
@@ -208,6 +218,7 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
   }
   sub_->callback([&session, name = sub_->get_name(), libraries = libraries_, sources = sources_,
                   work = std::move(work)] {
+    session.commandName = name;
     UseDefaults(session);
     if (sources != nullptr && sources->empty()) *sources = session.defaults.File().libraries;
     if (sources != nullptr && sources->empty()) {
@@ -220,8 +231,10 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
     OpenNames(session);
     Report report = work(session);
     report.ShowIn(session.units);
-    std::string const text = Print(report, session.form);
+    report.SetLines(session.lines);
+    std::string const text = Print(report, session.form, session.commandName);
     bool const isChanged = report.MakeChange();
+    session.hasReported = true;
     try {
       Write(text);
     } catch (Error const& failure) {
@@ -302,7 +315,7 @@ int CommandLine::Run(int given, char** givenWords) {
     Write(CompletedValues(session_, *app_, {words + 2, words + count}));
     return 0;
   }
-  session_.command = LineOf({words + 1, words + std::max(count, 1)}, secrets_);
+  NoteLine({words + 1, words + std::max(count, 1)}, CommandNames(*app_), secrets_, session_);
   try {
     app_->parse(count, words);
     return session_.exitStatus;

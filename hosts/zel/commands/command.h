@@ -123,5 +123,6 @@ void AddCompareCommand(CommandLine& line);
 void AddCombineCommands(CommandLine& line);  // flatten, merge, renumber
 void AddPathCommand(CommandLine& line);
 void AddNoteCommands(CommandLine& line);  // refs, parameters
+void AddSchemaCommand(CommandLine& line);
 
 }  // namespace zelhost

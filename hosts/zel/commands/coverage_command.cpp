@@ -36,17 +36,24 @@ void AddDetails(std::string const& word, PureComponent const& component, bool on
 
 void AddPairs(PairCoverage const& pairs, std::vector<std::string> const& types, bool onlyMissing,
               Report& report) {
-  Table& table = report.Begin("pairs", {{"model", ""}, {"pair", ""}, {"state", ""}, {"from", ""}});
+  Table table("pairs", {{"model", ""},
+                        {"pair", ""},
+                        {"state", ""},
+                        {"from", ""},
+                        {"component 1", ""},
+                        {"component 2", ""}});
   for (std::string const& type : types) {
     for (std::size_t i = 0; i < pairs.Count(); ++i) {
       for (std::size_t k = i + 1; k < pairs.Count(); ++k) {
         std::string const from = pairs.SourceOf(type, i, k);
         if (onlyMissing && !from.empty()) continue;
         table.Add(type, Joined({pairs.WordOf(i), pairs.WordOf(k)}),
-                  Word(from.empty() ? DatumState::kMissing : DatumState::kStored), Text(from));
+                  Word(from.empty() ? DatumState::kMissing : DatumState::kStored), Text(from),
+                  pairs.WordOf(i), pairs.WordOf(k));
       }
     }
   }
+  report.Add(std::move(table), std::set<std::string>{"component 1", "component 2"});
 }
 
 // A row and a column for each component; with `onlyMissing` for those of which a pair is missing.

@@ -8,6 +8,7 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
+#include "desk/open/members.h"
 #include "desk/open/named_correlation.h"
 #include "desk/open/preference_list.h"
 #include "desk/tables/component_table.h"
@@ -84,7 +85,7 @@ Report EvalGrid(Session& session, Options const& o) {
   grid.kelvin = Temperatures(o, Curve{}, o.component, session.units);
   CurveTables tables = EvaluateGrid(list, grid);
   Report report;
-  report.Add(std::move(tables.records));
+  report.Add(std::move(tables.records), RangeColumns());
   report.Add(std::move(tables.points));
   AddWarnings(list, report);
   return report;
@@ -135,6 +136,7 @@ Report Eval(Session& session, Options const& o) {
   report.Fact("correlation", std::string(info.label));
   report.Fact("equation", std::int64_t{curve.equation});
   report.Fact("range", RangeOf(curve, session.units));
+  report.JsonFacts(RangeColumns(), RangeMembers(curve, session.units));
   report.Fact("from", Text(curve.source));
   std::vector<Column> columns = {{"T", "K"}, {"value", value}};
   for (int order = 1; order <= o.derivatives; ++order) {

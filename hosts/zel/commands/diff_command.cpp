@@ -5,6 +5,7 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/compare/library_difference.h"
+#include "desk/open/members.h"
 #include "desk/open/unfinished_change.h"
 #include "output/progress.h"
 
@@ -34,7 +35,7 @@ Report Diff(Session& session, Options const& o) {
   if (o.exitCode && !table.Empty()) session.exitStatus = 1;
   Report report;
   report.Fact("differences found", static_cast<std::int64_t>(table.Rows().size()));
-  report.Add(std::move(table));
+  report.Add(std::move(table), ItemColumns());
   return report;
 }
 

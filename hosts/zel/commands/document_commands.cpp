@@ -90,12 +90,14 @@ bool ImportOne(zel::LibMaint_p& maint, Options const& o, std::string const& file
 }
 
 // Prints the full report of a failed import before the command ends.
-[[noreturn]] void EndFailed(Session const& session, Report& report, ImportLog& log,
+[[noreturn]] void EndFailed(Session& session, Report& report, ImportLog& log,
                             std::string const& file, std::string const& why) {
   report.Fact("failed", file);
   log.Finish(report);
-  if (session.form != Form::kText) Write(Print(report, session.form));
-  throw Failure(file + ": " + why);
+  Error const error(file, why);
+  report.SetProblem(ProblemOf(error));
+  if (session.form != Form::kText) session.Print(report);
+  throw error;
 }
 
 Report Import(Session& session, Options const& o) {

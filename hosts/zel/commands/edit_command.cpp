@@ -8,6 +8,7 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/edit/item_edit.h"
+#include "desk/open/members.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
 
@@ -59,6 +60,11 @@ Report EditValues(Session& session, Options const& o) {
   Report report;
   report.Fact("item", edited.item);
   report.Fact("bank", ToText(edited.bank));
+  std::vector<Column> members = ItemColumns();
+  std::vector<Cell> cells = ItemMembers("", edited.parts);
+  members.erase(members.begin());  // the bank is there already
+  cells.erase(cells.begin());
+  report.JsonFacts(members, cells);
   if (!edited.copiedFrom.empty()) report.Fact("copied from", edited.copiedFrom);
   if (!edited.same.empty()) report.Fact("already so", Texts(edited.same));
   for (std::string const& warning : edited.warnings) report.Warning("warning", Text(warning));

@@ -6,6 +6,7 @@
 #include "commands/shared_options.h"
 #include "desk/change/undo.h"
 #include "desk/compare/change_log.h"
+#include "desk/open/members.h"
 #include "desk/words/failure.h"
 
 namespace zelhost {
@@ -29,12 +30,14 @@ std::string NoteOn(LoggedChange const& change) {
 Report Log(Session& session, Options const& o) {
   if (o.last < 0) throw WrongUsage("--last must be 1 or more");
   Table changes("changes", {{"change", ""}, {"time", ""}, {"command", ""}, {"note", ""}});
-  Table differences("differences", {{"change", ""},
-                                    {"item", ""},
-                                    {"field", ""},
-                                    {"before", "", false, true},
-                                    {"after", "", false, true},
-                                    {"unit", ""}});
+  std::vector<Column> heads = {{"change", ""},
+                               {"item", ""},
+                               {"field", ""},
+                               {"before", "", false, true},
+                               {"after", "", false, true},
+                               {"unit", ""}};
+  Append(heads, ItemColumns());
+  Table differences("differences", std::move(heads));
   for (LoggedChange const& change : ChangesOf(session, o.path, o.last)) {
     Cell const number = std::int64_t{change.number};
     changes.Add(number, Text(change.record.time), Text(change.record.command),
@@ -46,7 +49,7 @@ Report Log(Session& session, Options const& o) {
   }
   Report report;
   report.Add(std::move(changes));
-  report.Add(std::move(differences));
+  report.Add(std::move(differences), ItemColumns());
   return report;
 }
 
@@ -64,7 +67,7 @@ Report UndoLast(Session& session, Options const& o) {
   report.Fact("time", Text(undo.version.change.time));
   {
     Library const old = Library::OpenRead(session, undo.version.first.string());
-    report.Add(DifferencesOf(undo.change.Open(), old, options));
+    report.Add(DifferencesOf(undo.change.Open(), old, options), ItemColumns());
   }
   undo.change.Restore(undo.version);
   PutInPlaceAfter(report, std::move(undo.change));

@@ -13,6 +13,7 @@
 #include "desk/notes/memo.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/members.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
 #include "output/progress.h"
@@ -149,6 +150,8 @@ Report Delete(Session& session, Options const& o) {
   }
   Report report;
   report.Fact("removed", ToText(bank) + (o.wholeBank ? "" : " " + Joined(words)));
+  report.JsonFacts(ItemColumns(),
+                   ItemMembers(ToText(bank), o.wholeBank ? std::vector<std::string>() : words));
   PutInPlaceAfter(report, std::move(change));
   return report;
 }

@@ -6,6 +6,7 @@
 #include "desk/compare/coverage.h"
 #include "desk/notes/cited_codes.h"
 #include "desk/notes/merged_citations.h"
+#include "desk/open/members.h"
 #include "desk/open/preference_list.h"
 #include "desk/words/failure.h"
 
@@ -70,19 +71,20 @@ Report Search(Session& session, Options const& o) {
         Text(component.ConstantSource(row.index)), Code(component.ConstantCode(row.index)),
         cited.Cite(component.ConstantSource(row.index), CitationIn(merged.constants, row.index)));
   }
-  Table& curves = report.Begin("correlations", {{"name", ""},
-                                                {"equation", ""},
-                                                {"range", ""},
-                                                {"from", ""},
-                                                {"code", ""},
-                                                CitationColumn()});
+  std::vector<Column> heads = {{"name", ""}, {"equation", ""}, {"range", ""},
+                               {"from", ""}, {"code", ""},     CitationColumn()};
+  Append(heads, RangeColumns());
+  Table curves("correlations", std::move(heads));
   for (auto const& row : Correlations()) {
     Curve const curve = component.ReadCurve(IndexOf(row));
     if (!curve.present) continue;
-    curves.Add(row.name, std::int64_t{curve.equation}, RangeOf(curve, session.units),
-               Text(curve.source), Code(curve.refCode),
-               cited.Cite(curve.source, CitationIn(merged.curves, IndexOf(row))));
+    std::vector<Cell> cells = RowOf(
+        row.name, std::int64_t{curve.equation}, RangeOf(curve, session.units), Text(curve.source),
+        Code(curve.refCode), cited.Cite(curve.source, CitationIn(merged.curves, IndexOf(row))));
+    Append(cells, RangeMembers(curve, session.units));
+    curves.Add(std::move(cells));
   }
+  report.Add(std::move(curves), RangeColumns());
   if (!cited.Empty()) report.Add(cited.ToTable(true));
   AddWarnings(list, report);
   return report;
@@ -159,12 +161,10 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceL
   report.Fact("datum", info.name + (", " + std::string(info.label)));
   report.Fact("state",
               std::string(Word(curve.present ? DatumState::kStored : DatumState::kMissing)));
-  Table table("sources", {{"source", ""},
-                          {"equation", ""},
-                          {"range", ""},
-                          {"code", ""},
-                          {"result", ""},
-                          CitationColumn()});
+  std::vector<Column> heads = {{"source", ""}, {"equation", ""}, {"range", ""},
+                               {"code", ""},   {"result", ""},   CitationColumn()};
+  Append(heads, RangeColumns());
+  Table table("sources", std::move(heads));
   CitedSources cited(list);
   std::string from = curve.source;
   bool won = false;
@@ -179,14 +179,17 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceL
       table.Add(list.Name(i), Cell(), Cell(), Cell(), "has no correlation");
       continue;
     }
-    table.Add(list.Name(i), std::int64_t{own.equation}, RangeOf(own, list.Units()),
+    std::vector<Cell> cells =
+        RowOf(list.Name(i), std::int64_t{own.equation}, RangeOf(own, list.Units()),
               Code(own.refCode), won ? "comes later" : "won", cited.Of(i, own.refCode, !won));
+    Append(cells, RangeMembers(own, list.Units()));
+    table.Add(std::move(cells));
     if (!won) from = list.Name(i);
     won = true;
   }
   report.Fact("from", Text(from));
   cited.AddFacts(report);
-  report.Add(std::move(table));
+  report.Add(std::move(table), RangeColumns());
   cited.AddTable(report);
 }
 

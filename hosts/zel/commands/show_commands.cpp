@@ -12,6 +12,7 @@
 #include "desk/notes/parameter_meanings.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/members.h"
 #include "desk/open/pure_component.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
@@ -156,7 +157,9 @@ Report Show(Session& session, Options const& o) {
   std::uint8_t isProtected = 0;
   item->GetSource(source, &isProtected);
   Report report;
-  report.Fact("item", Joined(ItemWords(library, *item, o.words)));
+  std::vector<std::string> const words = ItemWords(library, *item, o.words);
+  report.Fact("item", Joined(words));
+  report.JsonFacts(ItemColumns(), ItemMembers(ToText(bank), words));
   report.Fact("from", Text(source));
   Table& table =
       report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});

@@ -73,12 +73,14 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
     PutInPlaceAfter(report, std::move(change));
     return report;
   }
-  Write(Print(report, session.form));
-  throw Failure(options.path + ": " + std::to_string(imported.refused) + " of " +
-                std::to_string(imported.read) +
-                " rows are refused, see the report; nothing is changed; " +
-                (hasCommas ? "--decimal-comma reads numbers such as 351,39"
-                           : "--skip-bad imports the others"));
+  Error const error(options.path, std::to_string(imported.refused) + " of " +
+                                      std::to_string(imported.read) +
+                                      " rows are refused, see the report; nothing is changed; " +
+                                      (hasCommas ? "--decimal-comma reads numbers such as 351,39"
+                                                 : "--skip-bad imports the others"));
+  report.SetProblem(ProblemOf(error));
+  session.Print(report);
+  throw error;
 }
 
 Report ExportTableFile(Session& session, std::string const& library, std::string const& bank,

@@ -1,6 +1,7 @@
 #include "output/report.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "output/report_forms.h"
 
@@ -12,6 +13,14 @@ std::string Head(Column const& column) {
 
 void Report::Fact(std::string name, Cell value) {
   facts_.push_back({std::move(name), std::move(value)});
+}
+
+void Report::JsonFact(std::string name, Cell value) {
+  facts_.push_back({std::move(name), std::move(value), false, true});
+}
+
+void Report::JsonFacts(std::vector<Column> const& columns, std::vector<Cell> const& cells) {
+  for (std::size_t i = 0; i < columns.size(); ++i) JsonFact(columns[i].name, cells[i]);
 }
 
 void Report::Warning(std::string name, Cell value) {
@@ -52,11 +61,56 @@ void Report::AddAside(Table table) {
   Add(std::move(table));
 }
 
-std::string Print(Report const& report, Form form) {
+void Report::Add(Table table, std::vector<Column> const& onlyJson) {
+  std::set<std::string> names;
+  for (Column const& column : onlyJson) names.insert(column.name);
+  Add(std::move(table), std::move(names));
+}
+
+void Report::Add(Table table, std::set<std::string> onlyJson) {
+  onlyJson_[table.Name()] = std::move(onlyJson);
+  Add(std::move(table));
+}
+
+namespace {
+
+// The table without some columns.
+Table Without(Table const& table, std::set<std::string> const& names) {
+  std::vector<Column> columns;
+  for (Column const& column : table.Columns()) {
+    if (names.count(column.name) == 0) columns.push_back(column);
+  }
+  Table shown(table.Name(), std::move(columns));
+  for (std::vector<Cell> const& row : table.Rows()) {
+    std::vector<Cell> cells;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (names.count(table.Columns()[i].name) == 0) cells.push_back(row[i]);
+    }
+    shown.Add(std::move(cells));
+  }
+  return shown;
+}
+
+}  // namespace
+
+Report Report::ForPeople() const {
+  Report shown;
+  std::copy_if(facts_.begin(), facts_.end(), std::back_inserter(shown.facts_),
+               [](NamedFact const& fact) { return !fact.onlyJson; });
+  shown.asides_ = asides_;
+  for (Table const& table : tables_) {
+    auto const hidden = onlyJson_.find(table.Name());
+    shown.Add(hidden == onlyJson_.end() ? table : Without(table, hidden->second));
+  }
+  return shown;
+}
+
+std::string Print(Report const& report, Form form, std::string const& command) {
+  if (report.Document()) return *report.Document();
   switch (form) {
-    case Form::kJson: return PrintJson(report);
-    case Form::kCsv: return PrintCsv(report);
-    default: return PrintText(report, OutputScreen());
+    case Form::kJson: return PrintJson(report, command);
+    case Form::kCsv: return PrintCsv(report.ForPeople());
+    default: return PrintText(report.ForPeople(), OutputScreen());
   }
 }
 

@@ -9,7 +9,7 @@
 namespace zelhost {
 
 std::string PrintText(Report const& report, Screen const& screen);
-std::string PrintJson(Report const& report);
+std::string PrintJson(Report const& report, std::string const& command);
 std::string PrintCsv(Report const& report);
 
 // The name of a column with its unit.

@@ -33,8 +33,8 @@ Json ToJson(Cell const& cell) {
 
 }  // namespace
 
-std::string PrintJson(Report const& report) {
-  Json root = Json::object();
+std::string PrintJson(Report const& report, std::string const& command) {
+  Json root = {{"schema", "zel/" + command}, {"schema_version", kSchemaVersion}};
   for (auto const& fact : report.Facts()) root[Member(fact.name)] = ToJson(fact.value);
   Json units = Json::object();
   for (Table const& table : report.Tables()) {
@@ -52,6 +52,8 @@ std::string PrintJson(Report const& report) {
     }
   }
   if (!units.empty()) root["units"] = std::move(units);
+  if (!report.Lines().empty()) root["problems"] = report.Lines();
+  if (report.TheProblem()) root["error"] = ErrorMember(*report.TheProblem());
   // Bytes that are not UTF-8 come from old libraries; they are replaced, not refused.
   return root.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }

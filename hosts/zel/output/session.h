@@ -15,6 +15,11 @@ class Session final : public zel::desk::Session {
   Form form = Form::kText;
   // If true, the first item that cannot be read ends the command.
   bool isStrict = false;
+  // The command, empty until the line names one; whether it prints JSON, and whether it has printed
+  // a report.
+  std::string commandName;
+  bool isJson = false;
+  bool hasReported = false;
   // That of a command that did its work; 1 if it found something wrong.
   int exitStatus = 0;
 
@@ -25,6 +30,11 @@ class Session final : public zel::desk::Session {
   bool hasUnits = false;
   std::string unitWords;
 
+  // The lines that LeaveOut and Note have written.
+  std::vector<std::string> lines;
+
+  // Writes the report in the form of the session on standard output.
+  void Print(Report& report);
   // Writes the line on standard error and sets the exit status to 1. With --strict it throws
   // Failure.
   void LeaveOut(std::string const& line) override;

@@ -1,0 +1,37 @@
+// What a check of libraries found.
+#pragma once
+
+#include <zelaccess/Types.h>
+#include <zelaccess/Verify.h>
+
+#include <string>
+
+namespace zel::desk {
+
+// Texts that do not apply are empty, numbers that do not apply undefined.
+struct Finding {
+  zel::zelFindings severity = zel::findingWarning;
+  std::string id;       // of the check
+  std::string library;  // as it was named
+  std::string place;    // a file, a tree, a bank, or bank and item
+  std::string text;     // what is wrong
+  std::string bank;     // "PURECOMP:CRC"
+  std::string item;     // "ACETONE", "1 + 2"
+  std::string datum;
+  double value = zel::gen_GetUndefDouble();        // in `unit`
+  double temperature = zel::gen_GetUndefDouble();  // in K
+  double expectedMin = zel::gen_GetUndefDouble();  // in `unit`
+  double expectedMax = zel::gen_GetUndefDouble();  // in `unit`
+  std::string unit;
+};
+
+// "note", "warning", "error" or "damage", from the least severe to the most severe.
+char const* WordOf(zel::zelFindings severity);
+// True if `severity` is as bad as `least`, or worse.
+bool IsAtLeast(zel::zelFindings severity, zel::zelFindings least);
+// The severity that a word means, except damage. Throws WrongUsage, which names `option`.
+zel::zelFindings SeverityNamed(std::string const& word, char const* option);
+// "perry.lb1: PERRY ACN: ZC is 0.263"
+std::string LineOf(Finding const& finding);
+
+}  // namespace zel::desk

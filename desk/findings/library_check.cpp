@@ -1,0 +1,152 @@
+#include "desk/findings/library_check.h"
+
+#include <zelaccess/DataCheck.h>
+
+#include <algorithm>
+#include <set>
+#include <string_view>
+
+#include "desk/open/library.h"
+#include "desk/open/unfinished_change.h"
+#include "desk/open/unread_items.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+namespace {
+
+// Collects the findings about structure and data.
+class Collector final : public zel::ZelDataFindingSink {
+ public:
+  Collector(Session& session, CheckOptions const& options)
+      : session_(session), silent_(options.silent.begin(), options.silent.end()) {}
+
+  // The library whose structure is checked.
+  void SetLibrary(std::string path) { path_ = std::move(path); }
+  std::vector<Finding> Take() { return std::move(findings_); }
+
+  void Found(zel::zelFindings severity, char const* id, char const* place,
+             char const* text) override {
+    // Damage cannot be silenced. The sizes of the files are for `info`.
+    if (severity != zel::findingDamage && silent_.count(id) != 0) return;
+    if (severity == zel::findingNote && id == std::string_view("sizes")) return;
+    Finding finding;
+    finding.severity = severity;
+    finding.id = id;
+    finding.library = path_;
+    finding.place = place;
+    finding.text = text;
+    findings_.push_back(std::move(finding));
+  }
+
+  void FoundData(zel::ZelDataFinding const& found) override {
+    if (found.severity == zel::findingNote) return;  // the check was cancelled
+    if (found.severity == zel::findingDamage) {
+      // The structure is sound: what is unreadable now was readable before.
+      UnreadItems(session_, found.library).Found(found.severity, found.id, found.place, found.text);
+      return;
+    }
+    Finding finding;
+    finding.severity = found.severity;
+    finding.id = found.id;
+    finding.library = found.library;
+    finding.place = found.place;
+    finding.text = found.text;
+    if (*found.bankName != '\0') {
+      finding.bank = ToText(BankName{found.bankType, found.bankName});
+    }
+    finding.item = found.item;
+    finding.datum = found.datum;
+    finding.value = found.value;
+    finding.temperature = found.temperature;
+    finding.expectedMin = found.expectedMin;
+    finding.expectedMax = found.expectedMax;
+    finding.unit = found.unit;
+    findings_.push_back(std::move(finding));
+  }
+
+ private:
+  Session& session_;
+  std::set<std::string> silent_;
+  std::string path_;
+  std::vector<Finding> findings_;
+};
+
+template <typename Work>
+void Part(CheckSteps* steps, std::string const& what, double share, Library const& library,
+          Work const& work) {
+  if (steps == nullptr) return work();
+  steps->Begin(what, share, library.File());
+  {
+    struct Leaving {
+      CheckSteps& steps;
+      ~Leaving() { steps.Leave(); }
+    } const leaving{*steps};
+    work();
+  }
+  steps->End();
+}
+
+void CheckSilence(std::vector<std::string> const& silent) {
+  std::vector<CheckRule> const rules = CheckRules();
+  for (std::string const& id : silent) {
+    bool const isKnown = std::any_of(rules.begin(), rules.end(),
+                                     [&](CheckRule const& rule) { return rule.id == id; });
+    if (!isKnown) {
+      throw WrongUsage("--silence: there is no warning " + id + "; see zel check --ids");
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<CheckRule> CheckRules() {
+  std::vector<CheckRule> rules = {
+      {"block-leaked", "each block belongs to something or is free"},
+      {"identifier-missing", "each component is found by its IDs and its CAS number"},
+      {"identifier-stale", "each ID and CAS number is that of a component"},
+      {"bank", "each bank is of a type that this program knows"}};
+  std::int32_t count = 0;
+  zel::ZelDataCheck const* const checks = zel::GetDataChecks(count);
+  for (std::int32_t i = 0; i < count; ++i) rules.push_back({checks[i].id, checks[i].rule});
+  return rules;
+}
+
+std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& options) {
+  CheckSilence(options.silent);
+  std::vector<char const*> silent;
+  for (std::string const& id : options.silent) silent.push_back(id.c_str());
+  zel::ZelDataCheckOptions dataOptions;
+  dataOptions.silent = silent.data();
+  dataOptions.silentCount = static_cast<std::int32_t>(silent.size());
+  dataOptions.acceptIdentity = options.acceptIdentity;
+  Collector collector(session, options);
+  std::vector<Library> open;
+  std::vector<zel::ZelCheckedLibrary> sound;
+  open.reserve(options.libraries.size());
+  // The data of a library take about twice as long as its structure; libraries are compared last.
+  constexpr double kStructurePart = 1.0 / 3.0;
+  double const perLibrary = 1.0 / static_cast<double>(options.libraries.size() + 1);
+  for (std::string const& path : options.libraries) {
+    Library library = OpenFinished(session, path);
+    collector.SetLibrary(path);
+    bool good = false;
+    Part(options.steps, "checking the structure of " + path, kStructurePart * perLibrary, library,
+         [&] { good = zel::VerifyLibrary(&library.File(), collector); });
+    if (!good && !options.structureOnly) {
+      session.Note(path + ": is damaged; the plausibility of its data was not checked");
+    }
+    if (!good || options.structureOnly) continue;
+    sound.push_back({&library.File(), path.c_str()});
+    open.push_back(std::move(library));
+    Part(options.steps, "checking " + path, (1.0 - kStructurePart) * perLibrary, open.back(),
+         [&] { zel::CheckLibraryData(sound.back(), dataOptions, collector); });
+  }
+  if (sound.empty()) return collector.Take();
+  Part(options.steps, "comparing libraries", perLibrary, open.front(), [&] {
+    zel::CompareLibraryData(sound.data(), static_cast<std::int32_t>(sound.size()), dataOptions,
+                            collector);
+  });
+  return collector.Take();
+}
+
+}  // namespace zel::desk

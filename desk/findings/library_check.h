@@ -1,0 +1,48 @@
+// Checks of the structure and the data of libraries.
+#pragma once
+
+#include <zelaccess/LibFile.h>
+
+#include <string>
+#include <vector>
+
+#include "desk/findings/finding.h"
+#include "desk/open/session.h"
+
+namespace zel::desk {
+
+struct CheckRule {
+  std::string id;
+  std::string rule;
+};
+
+// All checks whose findings are not damage: of the structure, then of the data.
+std::vector<CheckRule> CheckRules();
+
+// What a host does around the parts of a check: it may show how far it is, and end it.
+class CheckSteps {
+ public:
+  virtual ~CheckSteps() = default;
+  // Before a part, which works with the library and is this share of the whole.
+  virtual void Begin(std::string const& what, double share, zel::LibFile& library) = 0;
+  // However the part ends; the library may not be used after it.
+  virtual void Leave() noexcept = 0;
+  // After a part that was done. Throws to end the check.
+  virtual void End() = 0;
+};
+
+struct CheckOptions {
+  std::vector<std::string> libraries;  // each is compared with the others
+  std::vector<std::string> silent;     // IDs of checks that are left out
+  bool structureOnly = false;
+  bool acceptIdentity = false;  // different substances are a warning
+  CheckSteps* steps = nullptr;  // may be null
+};
+
+// The structure of each library, then the data of the sound ones, alone and with each other. Damage
+// is never left out; Session::Note gets a line for each library whose data were not checked for it,
+// and Session::LeaveOut one for each item that can no longer be read. Throws WrongUsage for a check
+// that does not exist.
+std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& options);
+
+}  // namespace zel::desk

@@ -1,0 +1,35 @@
+#include "desk/open/members.h"
+
+namespace zel::desk {
+namespace {
+
+constexpr std::size_t kMostParts = 3;
+
+}  // namespace
+
+std::vector<Cell> RangeMembers(Curve const& curve, DisplayUnits const& units) {
+  std::string const stored = TemperatureUnit(curve.tempUnit);
+  Cell const low = Number(units.Shown(curve.tMin, stored));
+  Cell const high = Number(units.Shown(curve.tMax, stored));
+  bool const isOpen =
+      std::holds_alternative<std::monostate>(low) && std::holds_alternative<std::monostate>(high);
+  return RowOf(low, high, isOpen ? Cell() : Text(units.UnitFor(stored)));
+}
+
+std::vector<Column> RangeColumns() {
+  return {{"range from", ""}, {"range to", ""}, {"range unit", ""}};
+}
+
+std::vector<Cell> ItemMembers(std::string const& bank, std::vector<std::string> const& parts) {
+  std::vector<Cell> cells = RowOf(Text(bank));
+  for (std::size_t i = 0; i < kMostParts; ++i) {
+    cells.push_back(i < parts.size() ? Text(parts[i]) : Cell());
+  }
+  return cells;
+}
+
+std::vector<Column> ItemColumns() {
+  return {{"bank", ""}, {"item 1", ""}, {"item 2", ""}, {"item 3", ""}};
+}
+
+}  // namespace zel::desk

@@ -1,0 +1,28 @@
+// What a text in a table consists of, for columns that programs read.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desk/open/pure_component.h"
+#include "desk/words/table.h"
+
+namespace zel::desk {
+
+// The limits and the unit of RangeOf, for the columns "range from", "range to" and "range unit";
+// nothing where a limit is open, and no unit if both are.
+std::vector<Cell> RangeMembers(Curve const& curve, DisplayUnits const& units);
+std::vector<Column> RangeColumns();
+
+// The bank of an item and what it is named by, for the columns "bank", "item 1", "item 2", "item
+// 3".
+std::vector<Cell> ItemMembers(std::string const& bank, std::vector<std::string> const& parts);
+std::vector<Column> ItemColumns();
+
+// Appends columns, or the cells of a row.
+template <typename Part>
+void Append(std::vector<Part>& all, std::vector<Part> const& more) {
+  all.insert(all.end(), more.begin(), more.end());
+}
+
+}  // namespace zel::desk
