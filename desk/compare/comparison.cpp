@@ -163,7 +163,11 @@ void Comparer::Correlation(std::string const& shown, zel::ZelCorrelationInfo con
   Codes(shown, info.name, a.refCode, b.refCode);
   CurveDeviation const found = DeviationOf(one, other, IndexOf(info), options_.steps);
   if (!found.why.empty()) {
-    result_.notCompared.Add(shown, info.name, found.why);
+    auto const limit = [](double value, Curve const& of) {
+      return Number(LimitInKelvin(value, of));
+    };
+    result_.notCompared.Add(shown, info.name, found.why, limit(a.tMin, a), limit(a.tMax, a),
+                            limit(b.tMin, b), limit(b.tMax, b));
     return;
   }
   if (!Exceeds(found.greatest)) return;
@@ -191,7 +195,13 @@ Comparison::Comparison()
                                              {"mean", "%"},
                                              {"from T", "K", true},
                                              {"to T", "K", true}}),
-      notCompared("not compared", {{"component", ""}, {"correlation", ""}, {"why", ""}}),
+      notCompared("not compared", {{"component", ""},
+                                   {"correlation", ""},
+                                   {"why", ""},
+                                   {"first from", "K"},
+                                   {"first to", "K"},
+                                   {"second from", "K"},
+                                   {"second to", "K"}}),
       oneSided("one source only", {{"component", ""}, {"datum", ""}, {"source", ""}}),
       differingCodes("codes", {{"component", ""}, {"datum", ""}, {"first", ""}, {"second", ""}}) {}
 

@@ -16,11 +16,6 @@ struct Sample {
   double second;
 };
 
-double Kelvin(double bound, Curve const& curve) {
-  if (zel::gen_IsUndefDouble(bound)) return bound;
-  return zel::ConvertTemperature(bound, curve.tempUnit, kKelvin);
-}
-
 // The limit that holds for both; undefined if neither has one.
 template <typename Choose>
 double Common(double one, double other, Choose const& choose) {
@@ -45,6 +40,11 @@ std::vector<Sample> Samples(PureComponent const& one, Curve const& first,
 
 }  // namespace
 
+double LimitInKelvin(double limit, Curve const& curve) {
+  if (zel::gen_IsUndefDouble(limit)) return limit;
+  return zel::ConvertTemperature(limit, curve.tempUnit, kKelvin);
+}
+
 double Deviation(double first, double second, double scale) {
   if (first == second) return 0.0;
   if (scale == 0.0) return std::numeric_limits<double>::infinity();
@@ -56,9 +56,9 @@ CurveDeviation DeviationOf(PureComponent const& one, PureComponent const& other,
   Curve const first = one.ReadCurve(index);
   Curve const second = other.ReadCurve(index);
   CurveDeviation result;
-  result.from = Common(Kelvin(first.tMin, first), Kelvin(second.tMin, second),
+  result.from = Common(LimitInKelvin(first.tMin, first), LimitInKelvin(second.tMin, second),
                        [](double a, double b) { return std::max(a, b); });
-  result.to = Common(Kelvin(first.tMax, first), Kelvin(second.tMax, second),
+  result.to = Common(LimitInKelvin(first.tMax, first), LimitInKelvin(second.tMax, second),
                      [](double a, double b) { return std::min(a, b); });
   if (zel::gen_IsUndefDouble(result.from) || zel::gen_IsUndefDouble(result.to)) {
     result.why = "the records have no limits";

@@ -32,6 +32,9 @@ struct CurveDeviation {
 CurveDeviation DeviationOf(PureComponent const& one, PureComponent const& other,
                            std::uint32_t index, int steps);
 
+// A limit of the record's range in K; undefined if the range is open there.
+double LimitInKelvin(double limit, Curve const& curve);
+
 // The deviation of `second` from `first` relative to `scale`; 0 for equal values, infinite if they
 // differ and the scale is 0.
 double Deviation(double first, double second, double scale);

@@ -19,8 +19,9 @@ struct DifferenceOptions {
 };
 
 // A table "differences" with a row for each difference: the item (or a bank, or "library"), the
-// field, its values in both libraries, and the members of the item (members.h). An item or bank that only one of them has is a row with
-// the field "whole". Items that cannot be read are handed to Session::LeaveOut. Throws Failure.
+// field, its values in both libraries, and the members of the item (members.h). An item or bank
+// that only one of them has is a row with the field "whole". Items that cannot be read are handed
+// to Session::LeaveOut. Throws Failure.
 Table DifferencesOf(Library const& one, Library const& other, DifferenceOptions const& options);
 
 }  // namespace zel::desk

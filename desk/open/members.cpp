@@ -20,6 +20,19 @@ std::vector<Column> RangeColumns() {
   return {{"range from", ""}, {"range to", ""}, {"range unit", ""}};
 }
 
+std::vector<Cell> RecordMembers(Curve const& curve, DisplayUnits const& units) {
+  if (!curve.present) return std::vector<Cell>(RecordColumns("").size());
+  std::vector<Cell> cells = RowOf(std::int64_t{curve.equation});
+  Append(cells, RangeMembers(curve, units));
+  return cells;
+}
+
+std::vector<Column> RecordColumns(std::string const& name) {
+  std::vector<Column> columns = {{name + " equation", ""}};
+  for (Column const& column : RangeColumns()) columns.push_back({name + " " + column.name, ""});
+  return columns;
+}
+
 std::vector<Cell> ItemMembers(std::string const& bank, std::vector<std::string> const& parts) {
   std::vector<Cell> cells = RowOf(Text(bank));
   for (std::size_t i = 0; i < kMostParts; ++i) {

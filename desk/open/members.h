@@ -14,6 +14,11 @@ namespace zel::desk {
 std::vector<Cell> RangeMembers(Curve const& curve, DisplayUnits const& units);
 std::vector<Column> RangeColumns();
 
+// The equation and the range of a record, for the columns "NAME equation", "NAME range from" and so
+// on; nothing for a record that is missing.
+std::vector<Cell> RecordMembers(Curve const& curve, DisplayUnits const& units);
+std::vector<Column> RecordColumns(std::string const& name);
+
 // The bank of an item and what it is named by, for the columns "bank", "item 1", "item 2", "item
 // 3".
 std::vector<Cell> ItemMembers(std::string const& bank, std::vector<std::string> const& parts);

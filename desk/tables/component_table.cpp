@@ -1,11 +1,11 @@
 #include "desk/tables/component_table.h"
-#include "desk/open/members.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 
 #include "desk/files/input_file.h"
+#include "desk/open/members.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -112,6 +112,9 @@ Table ComponentTable(PreferenceList& list, std::vector<std::string> const& compo
     columns.push_back({name, datum.constant != nullptr ? datum.constant->unit : ""});
     if (withSources) columns.push_back({name + " from", ""});
   }
+  for (Datum const& datum : data) {
+    if (datum.curve != nullptr) Append(columns, RecordColumns(datum.curve->name));
+  }
   Table table("components", std::move(columns));
   for (std::string const& word : components) {
     PureComponent component;
@@ -121,6 +124,10 @@ Table ComponentTable(PreferenceList& list, std::vector<std::string> const& compo
     row.push_back(Text(identity.ids.empty() ? word : identity.FirstId()));
     row.push_back(Text(identity.name));
     for (Datum const& datum : data) AddDatum(component, datum, list.Units(), withSources, row);
+    for (Datum const& datum : data) {
+      if (datum.curve == nullptr) continue;
+      Append(row, RecordMembers(component.ReadCurve(IndexOf(*datum.curve)), list.Units()));
+    }
     table.Add(std::move(row));
   }
   return table;

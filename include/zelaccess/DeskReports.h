@@ -35,7 +35,8 @@ struct ReportSettings {
 ///                     equation and range
 /// \param withSources  adds a column with the source of each datum
 /// \param settings     how they are read
-/// \return a row for each component: component, name, a column for each field
+/// \return a row for each component: component, name, a column for each field, then for each
+///         correlation "NAME equation", "NAME range from", "NAME range to", "NAME range unit"
 ZEL_DESK_API Table DataOf(std::vector<std::string> const& libraries,
                           std::vector<std::string> const& components,
                           std::vector<std::string> const& fields, bool withSources = false,
@@ -73,7 +74,9 @@ struct ComparedSources {
   Table constants{"constants", {}};  ///< component, constant, first, second, unit, deviation [%]
   Table correlations{"correlations", {}};  ///< component, correlation, first, second, unit,
                                            ///< greatest deviation [%], at T, mean [%], from T, to T
-  Table notCompared{"not compared", {}};   ///< component, correlation, why
+  Table notCompared{"not compared", {}};   ///< component, correlation, why, and the limits of both
+                                           ///< records: first from, first to, second from,
+                                           ///< second to [K]
   Table oneSided{"one source only", {}};   ///< component, datum, source
 };
 

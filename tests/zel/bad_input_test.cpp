@@ -46,7 +46,9 @@ class BadInputTest : public ZelTest {
     bool const isImport = std::string(row.words).substr(0, 6) == "import";
     bool const isJson = std::string(row.words).find("--json") != std::string::npos;
     EXPECT_TRUE(isImport || isJson || outcome.out.empty()) << row.words << "\n" << outcome.out;
-    if (isJson) EXPECT_EQ(nlohmann::json::parse(outcome.out)["schema"], "zel/error") << row.words;
+    if (isJson) {
+      EXPECT_EQ(nlohmann::json::parse(outcome.out)["schema"], "zel/error") << row.words;
+    }
     EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << row.words << "\n"
                                                                            << outcome.err;
     EXPECT_EQ(outcome.err.substr(0, 5), "zel: ") << row.words;

@@ -48,6 +48,7 @@ TEST_F(CompareTest, ConstantsAboveTheTolerance) {
   EXPECT_EQ(all["constants_compared"], 2);
   EXPECT_EQ(all["constants_that_differ"], 2);
   json const one = Json("compare a.lb1 b.lb1 --tolerance 1%");
+  EXPECT_EQ(one["tolerance_percent"], 1.0);
   ASSERT_EQ(one["constants"].size(), 1U) << one;
   json const row = one["constants"][0];
   EXPECT_EQ(row["component"], "XXX");
@@ -110,6 +111,10 @@ TEST_F(CompareTest, CorrelationsThatCannotBeCompared) {
   EXPECT_EQ(apart["not_compared"][0]["why"], "no common range: 200 to 300 K, 310 to 400 K");
   json const open = Compared(Component(Line("", "", "1")), Component(Line("", "", "2")));
   EXPECT_EQ(open["not_compared"][0]["why"], "the records have no limits") << open;
+  EXPECT_EQ(apart["not_compared"][0]["first_to"], 300.0);
+  EXPECT_EQ(apart["not_compared"][0]["second_from"], 310.0);
+  EXPECT_EQ(apart["units"]["not_compared"]["second_from"], "K");
+  EXPECT_EQ(open["not_compared"][0]["first_from"], nullptr);
   // One limit is enough for both.
   json const half = Compared(Component(Line("", "", "1")), Component(Line("200", "300", "2")));
   EXPECT_EQ(half["correlations"][0]["greatest"], 100) << half;

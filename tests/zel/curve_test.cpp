@@ -33,7 +33,11 @@ TEST_F(CurveTest, UnknownEquationIsAnError) {
     for (std::string const form : {"", "--json", "--csv"}) {
       Outcome const outcome = Zel("eval XXX " + std::string(name) + kAt + form);
       EXPECT_EQ(outcome.status, 1) << name << outcome.out;
-      EXPECT_EQ(outcome.out, "");
+      if (form == "--json") {
+        EXPECT_EQ(nlohmann::json::parse(outcome.out)["schema"], "zel/error");
+      } else {
+        EXPECT_EQ(outcome.out, "");
+      }
       EXPECT_NE(
           outcome.err.find("component XXX, " + std::string(name) + ": equation 99 is not known"),
           std::string::npos)

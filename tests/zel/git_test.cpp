@@ -51,7 +51,11 @@ TEST_F(OneDocumentTest, NothingElseIsWritten) {
     Outcome const outcome = Zel("export crc.lb1 -o - " + words);
     EXPECT_EQ(outcome.status, 2) << words;
     EXPECT_NE(outcome.err.find("standard output exclude each other"), std::string::npos);
-    EXPECT_EQ(outcome.out, "");
+    if (words == "--json") {
+      EXPECT_EQ(nlohmann::json::parse(outcome.out)["schema"], "zel/error");
+    } else {
+      EXPECT_EQ(outcome.out, "");
+    }
   }
   EXPECT_EQ(Zel("export missing.lb1 -o -").out, "");
   EXPECT_EQ(Zel("export crc.lb1 -o - >/dev/full").status, 1);

@@ -70,14 +70,17 @@ TEST_F(HistoryTest, LogListsCommandTimeAndDifferences) {
   EXPECT_EQ(log["changes"][0]["note"], nullptr);
   EXPECT_EQ(log["changes"][0]["time"].get<std::string>().size(), 20U);
   EXPECT_EQ(log["differences"][0], json::parse(R"({"change": 3, "item": "OCTANE:SAMPLE ETHANOL",
-      "field": "whole", "before": "there", "after": "not there", "unit": null})"));
+      "field": "whole", "before": "there", "after": "not there", "unit": null,
+      "bank": "OCTANE:SAMPLE", "item_1": "ETHANOL", "item_2": null, "item_3": null})"));
   // The note about the parameter of the data came with them.
   EXPECT_EQ(log["differences"][1]["item"], "library");
   EXPECT_EQ(log["differences"][1]["field"], "memo");
   EXPECT_EQ(log["differences"][2], json::parse(R"({"change": 2, "item": "RACKETT:SAMPLE",
-      "field": "whole", "before": "not there", "after": "there", "unit": null})"));
+      "field": "whole", "before": "not there", "after": "there", "unit": null,
+      "bank": "RACKETT:SAMPLE", "item_1": null, "item_2": null, "item_3": null})"));
   EXPECT_EQ(log["differences"][3], json::parse(R"({"change": 1, "item": "library",
-      "field": "description", "before": null, "after": "one", "unit": null})"));
+      "field": "description", "before": null, "after": "one", "unit": null,
+      "bank": null, "item_1": null, "item_2": null, "item_3": null})"));
   EXPECT_EQ(Log("--last 1")["changes"].size(), 1U);
   EXPECT_EQ(Zel("log own/own.lb1 --last -1").status, 2);
   EXPECT_NE(Good("log own/own.lb1 --csv").find("change,time,command,note\n3,20"),
@@ -108,7 +111,8 @@ TEST_F(HistoryTest, EachUndoGoesOneChangeFurtherBack) {
   EXPECT_EQ(undone["undone"], 2);
   EXPECT_EQ(undone["command"], "zel set own/own.lb1 --description two");
   EXPECT_EQ(undone["differences"], json::parse(R"([{"item": "library", "field": "description",
-      "before": "two", "after": "one", "unit": null}])"));
+      "before": "two", "after": "one", "unit": null,
+      "bank": null, "item_1": null, "item_2": null, "item_3": null}])"));
   EXPECT_EQ(Description(), "one");
   Good("undo own/own.lb1");
   EXPECT_TRUE(Now() == old_) << "byte for byte";

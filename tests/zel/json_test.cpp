@@ -111,6 +111,21 @@ TEST_F(JsonTest, RangesHaveTheirEnds) {
       Json("eval ETHANOL VaporPressure --components WATER --at 300K -l perry.lb1")["records"];
   EXPECT_EQ(Row(grid, "component", "ETHANOL")["range_unit"], "K");
   EXPECT_EQ(Zel("search ETHANOL -l perry.lb1 --csv").out.find("range from"), std::string::npos);
+  std::string const fields = " --fields VaporPressure SolidDensity TC --units C";
+  json const item = Row(Json("items perry.lb1 PERRY" + fields)["items"], "id", "ETHANOL");
+  json const row = Json("table ETHANOL -l perry.lb1" + fields)["components"][0];
+  for (json const& one : {item, row}) {
+    EXPECT_EQ(one["vaporpressure"], "equation 20, -114.1 to 240.85 C");
+    EXPECT_EQ(one["vaporpressure_equation"], 20);
+    EXPECT_NEAR(one["vaporpressure_range_from"].get<double>(), -114.1, 1e-9);
+    EXPECT_EQ(one["vaporpressure_range_unit"], "C");
+    EXPECT_EQ(one["soliddensity_equation"], nullptr);
+    EXPECT_TRUE(one.contains("soliddensity_range_unit"));
+    EXPECT_FALSE(one.contains("tc_equation"));
+  }
+  EXPECT_EQ(Good("table ETHANOL -l perry.lb1 --csv" + fields).find("Pressure equation"),
+            std::string::npos);
+  EXPECT_EQ(Good("items perry.lb1 PERRY" + fields).find("range"), std::string::npos);
 }
 
 TEST_F(JsonTest, ItemsHaveTheirParts) {

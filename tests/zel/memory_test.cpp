@@ -100,6 +100,7 @@ TEST_F(MemoryTest, PlotPoints) {
   RefuseInLook("plot VaporPressure ETHANOL -l perry.lb1 --points lab.csv -o p.svg");
 }
 TEST_F(MemoryTest, Info) { RefuseInLook("info sample.lb1"); }
+TEST_F(MemoryTest, InfoAsJson) { RefuseInLook("info sample.lb1 --json"); }
 TEST_F(MemoryTest, Types) { RefuseInLook("types"); }
 TEST_F(MemoryTest, Banks) { RefuseInLook("banks sample.lb1"); }
 TEST_F(MemoryTest, Items) { RefuseInLook("items own/own.lb1 OCTANE --fields MON"); }
@@ -108,6 +109,12 @@ TEST_F(MemoryTest, Find) { RefuseInLook("find crc.lb1 --formula C4H10O"); }
 TEST_F(MemoryTest, Memo) { RefuseInLook("memo sample.lb1"); }
 TEST_F(MemoryTest, Diff) { RefuseInLook("diff own/own.lb1 sample.lb1 --bank OCTANE"); }
 TEST_F(MemoryTest, Check) { RefuseInLook("check own/own.lb1"); }
+TEST_F(MemoryTest, CheckWithABaseline) {
+  MakeFile("known.json", Good("check own/own.lb1 perry.lb1 --json"));
+  RefuseInLook("check own/own.lb1 --baseline known.json --format junit");
+  RefuseInLook("check own/own.lb1 --format sarif");
+}
+TEST_F(MemoryTest, Schema) { RefuseInLook("schema why"); }
 TEST_F(MemoryTest, Export) { RefuseInLook("export own/own.lb1 -o out.xml"); }
 TEST_F(MemoryTest, Dump) { RefuseInLook("dump own/own.lb1"); }
 TEST_F(MemoryTest, List) { RefuseInLook("list p.lst --build crc.lb1 --filter '*butane'"); }

@@ -166,7 +166,10 @@ TEST_F(ReferencesTest, ACitationIsAddedReplacedAndRemoved) {
   Contents const before = Now();
   json const added =
       Json("refs own/own.lb1 add 54 ' A  handbook ' --doi https://doi.org/10.1000/182");
-  EXPECT_EQ(added, json::parse(R"({"code": 54, "citation": "A handbook", "doi": "10.1000/182",
+  EXPECT_EQ(
+      added,
+      json::parse(
+          R"({"schema": "zel/refs", "schema_version": 1, "code": 54, "citation": "A handbook", "doi": "10.1000/182",
       "result": "new"})"));
   EXPECT_EQ(Memo(), "Of the plant.\nref 54: A handbook; doi:10.1000/182");
   json const row = Row(References(), "code", 54);

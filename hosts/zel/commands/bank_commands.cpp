@@ -5,6 +5,7 @@
 #include "commands/shared_options.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/members.h"
 #include "desk/open/pure_component.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
@@ -136,8 +137,13 @@ Report Components(Library const& library, BankName const& bank,
   std::vector<Column> columns = {
       {"number", ""}, {"id", ""}, {"cas", "", isWide}, {"formula", "", isWide}, {"name", ""}};
   for (ComponentField const& field : fields) columns.push_back(field.Head());
-  Report report;
-  Table& table = report.Begin("items", columns);
+  std::vector<Column> onlyJson;
+  for (ComponentField const& field : fields) {
+    if (field.curve != nullptr) Append(onlyJson, RecordColumns(field.curve->name));
+  }
+  Append(columns, onlyJson);
+  DisplayUnits const& units = library.InSession().units;
+  Table table("items", std::move(columns));
   PureComponent component;
   std::int32_t words[10] = {};
   library.Walk(bank, [&] {
@@ -147,11 +153,16 @@ Report Components(Library const& library, BankName const& bank,
       std::vector<Cell> row =
           RowOf(std::int64_t{words[0]}, Text(identity.FirstId()), Text(identity.cas),
                 Text(identity.formula), Text(identity.name));
-      for (ComponentField const& field : fields)
-        row.push_back(field.ValueIn(component, library.InSession().units));
+      for (ComponentField const& field : fields) row.push_back(field.ValueIn(component, units));
+      for (ComponentField const& field : fields) {
+        if (field.curve == nullptr) continue;
+        Append(row, RecordMembers(component.ReadCurve(IndexOf(*field.curve)), units));
+      }
       table.Add(std::move(row));
     }
   });
+  Report report;
+  report.Add(std::move(table), onlyJson);
   return report;
 }
 

@@ -55,11 +55,15 @@ Report Compare(Session& session, Options const& o) {
   report.Fact("first", o.first);
   report.Fact("second", o.second);
   report.Fact("tolerance", Digits(options.tolerance * kPercent) + " %");
+  report.JsonFact("tolerance percent", options.tolerance * kPercent);
   AddFacts(found, report);
   bool const differs = found.Differs();
   report.Add(std::move(found.differingConstants));
   report.Add(std::move(found.differingCorrelations));
-  if (!found.notCompared.Empty()) report.Add(std::move(found.notCompared));
+  if (!found.notCompared.Empty()) {
+    report.Add(std::move(found.notCompared),
+               std::set<std::string>{"first from", "first to", "second from", "second to"});
+  }
   if (options.codes) report.Add(std::move(found.differingCodes));
   if (o.missing) report.Add(std::move(found.oneSided));
   AddConflicts(found, options.acceptIdentity, report);

@@ -45,12 +45,15 @@ std::optional<BankName> BankOf(Library const& library, Options const& o) {
 }
 
 // Refuses the file if rows are, after the report of them was printed.
-void CheckRefused(Session const& session, Report const& report, Options const& o,
-                  std::int64_t refused, std::int64_t read) {
+void CheckRefused(Session& session, Report& report, Options const& o, std::int64_t refused,
+                  std::int64_t read) {
   if (refused == 0 || o.skipBad) return;
-  Write(Print(report, session.form));
-  throw Failure(o.words[1] + ": " + std::to_string(refused) + " of " + std::to_string(read) +
-                " are refused, see the report; nothing is changed; --skip-bad imports the others");
+  Error const error(o.words[1], std::to_string(refused) + " of " + std::to_string(read) +
+                                    " are refused, see the report; nothing is changed; --skip-bad "
+                                    "imports the others");
+  report.SetProblem(ProblemOf(error));
+  session.Print(report);
+  throw error;
 }
 
 Report ListReferences(Session& session, Options const& o) {

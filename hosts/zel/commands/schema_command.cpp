@@ -30,6 +30,7 @@ Report Schema(Options const& o) {
   });
   if (at == schemas.end()) {
     std::vector<std::string> commands;
+    commands.reserve(schemas.size());
     for (PublishedSchema const& one : schemas) commands.push_back(one.command);
     throw UnknownWord("", "there is no schema of " + o.command + DidYouMean(o.command, commands) +
                               " `zel schema` lists them");

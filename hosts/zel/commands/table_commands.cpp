@@ -4,6 +4,7 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/files/standard_output.h"
+#include "desk/open/members.h"
 #include "desk/open/preference_list.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/tables/component_table.h"
@@ -32,7 +33,13 @@ Report Components(Session& session, Options const& o) {
   if (o.all) choice.pattern = "*";
   Waiting const waiting("reading components");
   Report report;
-  report.Add(ComponentTable(list, ChosenComponents(list, choice), o.fields, o.withSources));
+  std::vector<Column> onlyJson;
+  for (std::string const& field : o.fields) {
+    zel::ZelCorrelationInfo const* const curve = FindCorrelation(field);
+    if (curve != nullptr) Append(onlyJson, RecordColumns(curve->name));
+  }
+  report.Add(ComponentTable(list, ChosenComponents(list, choice), o.fields, o.withSources),
+             onlyJson);
   AddWarnings(list, report);
   return report;
 }
