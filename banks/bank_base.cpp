@@ -217,6 +217,7 @@ ZelStatus BankBase_i::Clear() {
   std::fill_n(sourceFlags_.get(), sourceCount_, std::uint8_t{0});
   std::fill_n(values_.reals, fields_.Reals(), gen_GetUndefDouble());
   std::fill_n(values_.integers, fields_.Integers(), gen_GetUndefInt());
+  if (!fields_.HasOwnInitialValues()) return kStatusOk;
   for (Field const& row : fields_.Rows()) {
     if (row.type == kText) *Text(row) = '\0';
     if (row.type == kEnumerated) std::fill_n(Integers(row), row.count, row.enumeration->Default());

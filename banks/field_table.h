@@ -85,6 +85,8 @@ class FieldTable {
   constexpr std::span<Field const> Rows() const noexcept { return {fields_.data(), rowCount_}; }
   // What a block is decoded by, without the fields coded by hand.
   constexpr std::span<BlockRun const> Runs() const noexcept { return {runs_.data(), runCount_}; }
+  // Whether the initial value of some field is not that of all fields of its kind.
+  constexpr bool HasOwnInitialValues() const noexcept { return hasOwnInitialValues_; }
   constexpr std::int32_t FormatCount() const noexcept { return formatCount_; }
   constexpr std::int32_t MaxRecordWords() const noexcept {
     return std::max(recordWords_[0], recordWords_[1]);
@@ -147,6 +149,7 @@ class FieldTable {
     Require(row.rule.turn == Turn::kStays || row.type == kReal, "only values turn");
     Require((row.type == kEnumerated) == (field.enumeration != nullptr), "who has an enumeration");
     Require(row.count % field.runElements == 0, "runs are of one length");
+    hasOwnInitialValues_ |= row.type == kText || row.type == kEnumerated;
     formatCount_ = std::max(formatCount_, row.format);
     std::int32_t& words = recordWords_[static_cast<std::size_t>(row.format - 1)];
     words = std::max(words, field.EndWord());
@@ -226,6 +229,7 @@ class FieldTable {
   std::size_t rowCount_ = 0;
   std::array<BlockRun, kMostRuns> runs_{};
   std::size_t runCount_ = 0;
+  bool hasOwnInitialValues_ = false;
   std::int32_t formatCount_ = 0;
   std::array<std::int32_t, kFormats> recordWords_{};
   std::size_t reals_ = 0;
