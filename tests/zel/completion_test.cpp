@@ -39,6 +39,11 @@ TEST_F(CompletionTest, ValuesFollowTheWordsBefore) {
   EXPECT_EQ(Values("pairs NRT"), (Words{"NRTL", "NRTLLL"}));
   EXPECT_EQ(Values("export crc.lb1 --component ETHANO"), Words{"ETHANOL"});
   EXPECT_EQ(Values("export crc.lb1 --bank C"), Words{"CRC"});
+  EXPECT_EQ(Values("check crc.lb1 --fail-on ''"), (Words{"error", "note", "warning"}));
+  EXPECT_EQ(Values("check crc.lb1 --format j"), Words{"junit"});
+  EXPECT_EQ(Values("check crc.lb1 --silence block"), Words{"block-leaked"});
+  EXPECT_EQ(Values("find crc.lb1 --id block"), Words{});
+  EXPECT_EQ(Values("schema re"), (Words{"refs", "renumber", "report"}));
   EXPECT_EQ(Values("show crc CRC ETHAN"), (Words{"ETHANE", "ETHANOL"})) << "found on the path";
 }
 

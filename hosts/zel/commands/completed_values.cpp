@@ -7,10 +7,13 @@
 
 #include "commands/completion.h"
 #include "commands/manual.h"
+#include "desk/findings/finding.h"
+#include "desk/findings/library_check.h"
 #include "desk/open/library.h"
 #include "desk/open/pure_component.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
+#include "output/schemas.h"
 
 namespace zelhost {
 namespace {
@@ -115,6 +118,24 @@ void AddTypes(Values& values) {
   for (long i = 0; i < count; ++i) values.Add(names[i]);
 }
 
+// The words of `check` and `schema`.
+void AddCheckWords(std::string const& kind, std::string const& command, Values& values) {
+  if (kind == "SEVERITY") {
+    for (auto const one : {zel::findingNote, zel::findingWarning, zel::findingError}) {
+      values.Add(WordOf(one));
+    }
+  }
+  if (kind == "FORM") {
+    for (char const* form : {"sarif", "junit"}) values.Add(form);
+  }
+  if (kind == "ID" && command == "check") {
+    for (CheckRule const& rule : CheckRules()) values.Add(rule.id, rule.rule);
+  }
+  if (kind == "COMMAND") {
+    for (PublishedSchema const& schema : PublishedSchemas()) values.Add(schema.command);
+  }
+}
+
 }  // namespace
 
 namespace {
@@ -139,6 +160,7 @@ Values ValuesAtCursor(Session& session, CLI::App const& app,
   if (is({"CORRELATION", "DATUM"})) AddCorrelations(values);
   if (is({"DATUM"})) AddConstants(values);
   if (is({"TYPE"})) AddTypes(values);
+  AddCheckWords(kind, command->get_name(), values);
   bool const wantsIds = is({"COMPONENT", "OLD", "ITEM", "WORD"});
   bool const wantsBanks = is({"BANK", "NAME"});
   for (std::string const& path : LibrariesIn(session, words)) {
