@@ -33,16 +33,26 @@ std::vector<Column> RecordColumns(std::string const& name) {
   return columns;
 }
 
-std::vector<Cell> ItemMembers(std::string const& bank, std::vector<std::string> const& parts) {
-  std::vector<Cell> cells = RowOf(Text(bank));
+std::vector<Cell> PartMembers(std::vector<std::string> const& parts) {
+  std::vector<Cell> cells;
   for (std::size_t i = 0; i < kMostParts; ++i) {
     cells.push_back(i < parts.size() ? Text(parts[i]) : Cell());
   }
   return cells;
 }
 
+std::vector<Column> PartColumns() { return {{"item 1", ""}, {"item 2", ""}, {"item 3", ""}}; }
+
+std::vector<Cell> ItemMembers(std::string const& bank, std::vector<std::string> const& parts) {
+  std::vector<Cell> cells = RowOf(Text(bank));
+  Append(cells, PartMembers(parts));
+  return cells;
+}
+
 std::vector<Column> ItemColumns() {
-  return {{"bank", ""}, {"item 1", ""}, {"item 2", ""}, {"item 3", ""}};
+  std::vector<Column> columns = {{"bank", ""}};
+  Append(columns, PartColumns());
+  return columns;
 }
 
 }  // namespace zel::desk

@@ -19,8 +19,11 @@ std::vector<Column> RangeColumns();
 std::vector<Cell> RecordMembers(Curve const& curve, DisplayUnits const& units);
 std::vector<Column> RecordColumns(std::string const& name);
 
-// The bank of an item and what it is named by, for the columns "bank", "item 1", "item 2", "item
-// 3".
+// What an item is named by, for the columns "item 1", "item 2" and "item 3".
+std::vector<Cell> PartMembers(std::vector<std::string> const& parts);
+std::vector<Column> PartColumns();
+
+// The bank of an item and its parts, for the column "bank" and those of PartColumns.
 std::vector<Cell> ItemMembers(std::string const& bank, std::vector<std::string> const& parts);
 std::vector<Column> ItemColumns();
 

@@ -139,9 +139,10 @@ RowResult ComponentRows::Apply(TextRow const& row) {
     TakeBack(found.isThere ? &old : nullptr, found);
     throw Failure(shown + ": " + failure.what());
   }
-  if (!found.isThere) return {RowState::kNew, shown, "", warning_};
+  if (!found.isThere) return {RowState::kNew, shown, "", warning_, {found.shown}, datum};
   std::string const what = Differences(ValuesOf(old), after, target_.units);
-  return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what, warning_};
+  RowState const state = what.empty() ? RowState::kSame : RowState::kChanged;
+  return {state, shown, what, warning_, {found.shown}, datum};
 }
 
 }  // namespace zel::desk

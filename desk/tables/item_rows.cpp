@@ -88,10 +88,10 @@ class ItemRows final : public RowForm {
     }
     if (!isThere) {
       Once(StoredWords(*key), row.line);
-      return {RowState::kNew, shown, ""};
+      return {RowState::kNew, shown, "", "", words};
     }
     std::string const what = Differences(before, after, target_.units);
-    return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what};
+    return {what.empty() ? RowState::kSame : RowState::kChanged, shown, what, "", words};
   }
 
  private:

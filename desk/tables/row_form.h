@@ -21,6 +21,8 @@ struct RowResult {
   std::string item;          // "ETHANOL" or "10000007 + 10000326"
   std::string what;          // what changed: "NBP 351.39 to 351.44", or why the row is refused
   std::string warning = {};  // about a row that is not refused
+  std::vector<std::string> parts = {};  // what names the item
+  std::string datum = {};               // the correlation that the row is about
 };
 
 // Where the rows go.

@@ -1,6 +1,7 @@
 #include "desk/tables/table_import.h"
 
 #include "desk/open/fields.h"
+#include "desk/open/members.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -61,8 +62,11 @@ ImportedTable ImportTable(TableTarget const& target, std::string const& path,
     bool const isListed = result.state == RowState::kChanged ||
                           result.state == RowState::kRefused || !result.warning.empty() || listAll;
     if (!isListed) continue;
-    imported.rows.Add(static_cast<std::int64_t>(row.line), Text(result.item),
-                      std::string(ToText(result.state)), Text(result.what));
+    std::vector<Cell> cells = RowOf(static_cast<std::int64_t>(row.line), Text(result.item),
+                                    std::string(ToText(result.state)), Text(result.what));
+    Append(cells, PartMembers(result.parts));
+    cells.push_back(Text(result.datum));
+    imported.rows.Add(std::move(cells));
   }
   return imported;
 }

@@ -16,8 +16,17 @@ struct ImportedTable {
   std::int64_t same = 0;
   std::int64_t refused = 0;
   std::int64_t warned = 0;  // of those that are not refused
-  // Those that were changed or refused or have a warning, or all.
-  Table rows{"rows", {{"line", ""}, {"item", ""}, {"result", ""}, {"what", ""}}};
+  // Those that were changed or refused or have a warning, or all. The columns after "what" are the
+  // parts of "item", for programs; a refused row has none.
+  Table rows{"rows",
+             {{"line", ""},
+              {"item", ""},
+              {"result", ""},
+              {"what", ""},
+              {"item 1", ""},
+              {"item 2", ""},
+              {"item 3", ""},
+              {"datum", ""}}};
 };
 
 // The bank that a word means, which is made if the word is TYPE:NAME and there is none. Throws

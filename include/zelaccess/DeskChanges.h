@@ -67,7 +67,8 @@ struct ImportedRows {
   std::int64_t same = 0;     ///< Rows that set what was there.
   std::int64_t refused = 0;  ///< Rows that were refused.
   Table rows{"rows", {}};    ///< The rows that changed something or were refused: line, item,
-                             ///< result, what.
+                             ///< result, what, and the parts of the item: item 1, item 2, item 3,
+                             ///< datum (a correlation).
 };
 
 /// What is done about items that both libraries of a merge have and that differ.

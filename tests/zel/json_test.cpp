@@ -151,6 +151,15 @@ TEST_F(JsonTest, ItemsHaveTheirParts) {
   EXPECT_EQ(merged[0]["item_2"], "WATER");
   json const logged = Json("log own.lb1 --names perry.lb1")["differences"];
   EXPECT_EQ(Row(logged, "field", "bij")["item_1"], "ETHANOL");
+  MakeFile("pair.csv", "item 1,item 2,bij\nETHANOL,WATER,-31\n");
+  json const row = Json("import own.lb1 --table pair.csv --bank NRTL --names perry.lb1")["rows"][0];
+  EXPECT_EQ(row["item_2"], "WATER");
+  EXPECT_EQ(row["datum"], nullptr);
+  MakeFile("curve.csv", "id,correlation,equation,coefficients\nETHANOL,VaporPressure,1,1 2\n");
+  json const curve = Json("import perry.lb1 --table curve.csv --bank PERRY")["rows"][0];
+  EXPECT_EQ(curve["item"], "ETHANOL VaporPressure");
+  EXPECT_EQ(curve["item_1"], "ETHANOL");
+  EXPECT_EQ(curve["datum"], "VaporPressure");
   json const removed = Json("delete own.lb1 NRTL ETHANOL WATER --names perry.lb1");
   EXPECT_EQ(removed["removed"], "NRTL:SAMPLE ETHANOL + WATER");
   EXPECT_EQ(removed["item_2"], "WATER");

@@ -60,11 +60,7 @@ Report EditValues(Session& session, Options const& o) {
   Report report;
   report.Fact("item", edited.item);
   report.Fact("bank", ToText(edited.bank));
-  std::vector<Column> members = ItemColumns();
-  std::vector<Cell> cells = ItemMembers("", edited.parts);
-  members.erase(members.begin());  // the bank is there already
-  cells.erase(cells.begin());
-  report.JsonFacts(members, cells);
+  report.JsonFacts(PartColumns(), PartMembers(edited.parts));
   if (!edited.copiedFrom.empty()) report.Fact("copied from", edited.copiedFrom);
   if (!edited.same.empty()) report.Fact("already so", Texts(edited.same));
   for (std::string const& warning : edited.warnings) report.Warning("warning", Text(warning));

@@ -30,9 +30,11 @@ void AddTableOutput(Command& command, TableOptions& options) {
 
 namespace {
 
+constexpr std::size_t kWhat = 3;  // the column "what" of the rows of an import
+
 bool HasDecimalCommas(Table const& rows) {
   auto const hasOne = [](std::vector<Cell> const& row) {
-    return CellText(row.back()).find("the decimal sign is a point") != std::string::npos;
+    return CellText(row[kWhat]).find("the decimal sign is a point") != std::string::npos;
   };
   return std::any_of(rows.Rows().begin(), rows.Rows().end(), hasOne);
 }
@@ -66,7 +68,8 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
                                   (imported.warned == 1 ? " row has" : " rows have") +
                                   " fewer coefficients than usual, see below");
   }
-  report.Add(std::move(imported.rows));
+  report.Add(std::move(imported.rows),
+             std::set<std::string>{"item 1", "item 2", "item 3", "datum"});
   // Nothing to keep a version of.
   if (imported.read > 0 && imported.same == imported.read && !change.IsDryRun()) return report;
   if (imported.refused == 0 || options.skipBad) {
