@@ -18,9 +18,9 @@ constexpr std::size_t kTypeSize = kMostName + 1;
 constexpr std::size_t kDescriptionSize = 50;
 
 // Visits the runs of a field: visit(words, first element, number of elements).
-template <typename Word, typename Visit>
-void ForEachRun(Field const& field, Word* block, Visit const& visit) {
-  Word* words = block + field.firstWord;
+template <typename Visit>
+void ForEachRun(Field const& field, std::int32_t const* block, Visit const& visit) {
+  std::int32_t const* words = block + field.firstWord;
   for (std::int32_t i = 0; i < field.count; i += field.runElements, words += field.stepWords) {
     visit(words, i, field.runElements);
   }
@@ -273,20 +273,19 @@ void BankBase_i::DecodeColumn(Field const& field, std::int32_t const* record, st
 ZelStatus BankBase_i::WriteBlock(std::int32_t* block, std::int32_t format) {
   if (!HasFormat(format) || block == nullptr) return kStatusFailed;
   std::fill_n(block, fields_.RecordWords(format), 0);
-  for (Field const& row : fields_.Rows()) {
-    if (row.format > format || row.codedByHand) continue;
-    ForEachRun(row, block, [&](std::int32_t* words, std::int32_t first, std::int32_t count) {
-      switch (row.type) {
-        case kInteger:
-        case kEnumerated: std::copy_n(Integers(row) + first, count, words); break;
-        case kReal: {
-          double const* values = Reals(row) + first;
-          std::transform(values, values + count, words, WordOfReal);
-          break;
-        }
-        case kText: TextToWords(Text(row), words, row.RunWords()); break;
+  for (BlockRun const& run : fields_.Runs()) {
+    if (run.format > format) continue;
+    std::int32_t* words = block + run.firstWord;
+    switch (run.type) {
+      case kInteger:
+      case kEnumerated: std::copy_n(values_.integers + run.firstValue, run.count, words); break;
+      case kReal: {
+        double const* values = values_.reals + run.firstValue;
+        std::transform(values, values + run.count, words, WordOfReal);
+        break;
       }
-    });
+      case kText: TextToWords(values_.characters + run.firstValue, words, run.count); break;
+    }
   }
   return kStatusOk;
 }

@@ -116,6 +116,14 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
     return given ? kStatusOk : kStatusFailed;
   }
   ZelStatus TakeData(Arguments const& arguments, std::initializer_list<void const*> ins);
+  // TakeData for arguments that are constants. Only arrays can be missing.
+  template <Arguments const& kArguments, std::size_t... kIndices>
+  ZelStatus TakeEach(std::index_sequence<kIndices...>, std::initializer_list<void const*> ins) {
+    constexpr bool kHasArrays = ((IsArray(*kArguments.List()[kIndices])) || ...);
+    if (kHasArrays && !CanTake(kArguments, ins)) return kStatusFailed;
+    (TakeArgument<kArguments, kIndices>(ins.begin()[kIndices]), ...);
+    return kStatusOk;
+  }
 
   // The elements of a field, for types that encode words themselves.
   double* Reals(Field const& field) const noexcept { return values_.reals + field.firstValue; }
@@ -146,7 +154,25 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
     }
     return true;
   }
+  // In this order: a counter comes before what it counts.
+  template <Arguments const& kArguments, std::size_t kIndex>
+  void TakeArgument(void const* from) {
+    constexpr Field const& kField = *kArguments.List()[kIndex];
+    if constexpr (kField.type == kText || kField.counter != Field::kNone) {
+      TakeField(kField, from);
+    } else if constexpr (kField.type == kReal) {
+      std::copy_n(static_cast<double const*>(from), kField.count,
+                  values_.reals + kField.firstValue);
+    } else {
+      std::copy_n(static_cast<std::int32_t const*>(from), kField.count,
+                  values_.integers + kField.firstValue);
+    }
+  }
+  static constexpr bool IsArray(Field const& field) noexcept {
+    return field.type != kText && field.count > 1;
+  }
   void GiveField(Field const& field, void* to) const;
+  void TakeField(Field const& field, void const* from);
   Enumeration const* FindEnumeration(char const* field) const noexcept;
   std::int32_t UsedElements(Field const& field) const noexcept;
   ZelStatus GiveFields(Arguments const& arguments, std::initializer_list<void*> outs,

@@ -117,7 +117,10 @@ class DataOperations<Base, kArguments, ZelStatus (Face::*)(Outs...), ZelStatus (
   ZelStatus GetData(Outs... outs) final {
     return this->template GiveEach<kArguments>(std::index_sequence_for<Outs...>(), {outs...});
   }
-  ZelStatus PutData(Ins... ins) final { return this->TakeData(kArguments, {AddressOf(ins)...}); }
+  ZelStatus PutData(Ins... ins) final {
+    return this->template TakeEach<kArguments>(std::index_sequence_for<Ins...>(),
+                                               {AddressOf(ins)...});
+  }
 
  protected:
   using Base::Base;

@@ -83,7 +83,7 @@ class FieldTable {
   }
 
   constexpr std::span<Field const> Rows() const noexcept { return {fields_.data(), rowCount_}; }
-  // What a block is decoded by, without the fields coded by hand.
+  // What a block is decoded and encoded by, without the fields coded by hand.
   constexpr std::span<BlockRun const> Runs() const noexcept { return {runs_.data(), runCount_}; }
   // Whether the initial value of some field is not that of all fields of its kind.
   constexpr bool HasOwnInitialValues() const noexcept { return hasOwnInitialValues_; }

@@ -78,26 +78,25 @@ bool BankBase_i::CanTake(Arguments const& arguments,
   return true;
 }
 
+void BankBase_i::TakeField(Field const& field, void const* from) {
+  std::int32_t const used = UsedElements(field);  // its counter was stored before it
+  switch (field.type) {
+    case kInteger:
+    case kEnumerated:
+      CopyUsed(static_cast<std::int32_t const*>(from), used, field.count, Integers(field));
+      break;
+    case kReal: CopyUsed(static_cast<double const*>(from), used, field.count, Reals(field)); break;
+    case kText:
+      CopyText(TextOrEmpty(static_cast<char const*>(from)), Text(field),
+               static_cast<std::size_t>(field.count));
+      break;
+  }
+}
+
 ZelStatus BankBase_i::TakeData(Arguments const& arguments, std::initializer_list<void const*> ins) {
   if (!CanTake(arguments, ins)) return kStatusFailed;
   auto in = ins.begin();
-  for (Field const* field : arguments.List()) {
-    void const* from = *in++;
-    std::int32_t const used = UsedElements(*field);  // its counter was stored before it
-    switch (field->type) {
-      case kInteger:
-      case kEnumerated:
-        CopyUsed(static_cast<std::int32_t const*>(from), used, field->count, Integers(*field));
-        break;
-      case kReal:
-        CopyUsed(static_cast<double const*>(from), used, field->count, Reals(*field));
-        break;
-      case kText:
-        CopyText(TextOrEmpty(static_cast<char const*>(from)), Text(*field),
-                 static_cast<std::size_t>(field->count));
-        break;
-    }
-  }
+  for (Field const* field : arguments.List()) TakeField(*field, *in++);
   return kStatusOk;
 }
 
