@@ -80,6 +80,8 @@ set(desk_SOURCES
     tables/constant_rows.cpp
     tables/correlation_rows.cpp
     tables/decimal_comma.cpp
+    tables/group_counts.cpp
+    tables/group_rows.cpp
     tables/item_rows.cpp
     tables/json_table.cpp
     tables/pair_table.cpp

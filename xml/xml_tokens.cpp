@@ -186,7 +186,7 @@ void XmlTokens::Next(XmlEvent& event) {
   }
 }
 
-// False for white space, which is no event.
+// False for white space, which is not an event.
 bool XmlTokens::TakeText(XmlEvent& event) {
   std::size_t size = 0;
   for (;;) {

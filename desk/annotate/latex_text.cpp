@@ -126,7 +126,7 @@ class Reader {
     }
   }
 
-  // The letter of an accent: "e", "{e}", "\i" or "{\i}". False if the command is no accent.
+  // The letter of an accent: "e", "{e}", "\i" or "{\i}". False if the command is not an accent.
   bool Accented(char command) {
     auto const accent = std::find_if(std::begin(kAccents), std::end(kAccents),
                                      [&](Accent const& one) { return one.command == command; });

@@ -1,4 +1,4 @@
-// Rows that set correlations or group structures of components.
+// Rows that set correlations of components.
 #include <algorithm>
 
 #include "desk/open/curve_record.h"
@@ -13,7 +13,6 @@ namespace zel::desk {
 namespace {
 
 constexpr std::size_t kMostCoefficients = 15;
-constexpr std::size_t kMostGroups = 10;
 
 // The value that belongs to the first of the words that the cell is; `missing` for an empty cell.
 std::int32_t Choice(std::string const& cell, std::int32_t missing, char const* what,
@@ -157,59 +156,11 @@ class CorrelationRows final : public ComponentRows {
   std::vector<TableColumn> each_;
 };
 
-class GroupRows final : public ComponentRows {
- public:
-  GroupRows(TableTarget const& target, std::vector<TableColumn> columns)
-      : ComponentRows(target, columns),
-        model_(TakeColumn(columns, {"model"})),
-        groups_(TakeColumn(columns, {"groups"})) {
-    if (!model_) throw Failure("a table with a column groups needs a column model");
-    RefuseRest(columns, {"number", "model", "groups"});
-  }
-
- protected:
-  std::string DatumOf(TextRow const& row) const override { return CellOf(model_, row); }
-
-  void Set(TextRow const& row, PureComponent& component, bool isNew) override {
-    if (isNew) throw Failure("is not in bank " + ToText(Target().bank));
-    auto const& models = StructureModels();
-    auto const model = std::find(models.begin(), models.end(), LowerCase(CellOf(model_, row)));
-    if (model == models.end()) {
-      std::string names;
-      for (std::string const& name : models) names += (names.empty() ? "" : ", ") + name;
-      throw Failure("\"" + CellOf(model_, row) + "\" is not one of the models " + names);
-    }
-    std::vector<std::int32_t> groups;
-    std::vector<std::int32_t> counts;
-    // "1(2) 14(1)": the group and how often it occurs.
-    for (std::string const& word : ListWords(CellOf(groups_, row))) {
-      std::size_t const open = word.find('(');
-      if (open == std::string::npos || word.back() != ')') {
-        throw Failure("\"" + word + "\" is not a group and its count such as 1(2)");
-      }
-      groups.push_back(WholeNumber(word.substr(0, open), "a group"));
-      counts.push_back(WholeNumber(word.substr(open + 1, word.size() - open - 2), "a count"));
-    }
-    if (groups.size() > kMostGroups) throw Failure("more than 10 groups");
-    if (groups.empty()) return;
-    component->SetStructure(static_cast<std::uint32_t>(model - models.begin()),
-                            static_cast<std::int32_t>(groups.size()), groups.data(), counts.data());
-  }
-
- private:
-  std::optional<TableColumn> model_;
-  std::optional<TableColumn> groups_;
-};
-
 }  // namespace
 
 std::unique_ptr<RowForm> CorrelationForm(TableTarget const& target,
                                          std::vector<TableColumn> columns) {
   return std::make_unique<CorrelationRows>(target, std::move(columns));
-}
-
-std::unique_ptr<RowForm> GroupForm(TableTarget const& target, std::vector<TableColumn> columns) {
-  return std::make_unique<GroupRows>(target, std::move(columns));
 }
 
 }  // namespace zel::desk

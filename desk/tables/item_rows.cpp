@@ -8,6 +8,7 @@
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/storable.h"
+#include "desk/tables/group_counts.h"
 #include "desk/tables/row_form.h"
 #include "desk/tables/table_heads.h"
 #include "desk/words/failure.h"
@@ -40,6 +41,7 @@ class ItemRows final : public RowForm {
       DisplayUnits units = column->UnitsFor(field.unit, target.units);
       fields_.push_back({std::move(*column), field, std::move(units)});
     }
+    TakeGroups(columns, fields, candidates);
     std::size_t const parts = facts_.keyKind == 2 ? 1 : static_cast<std::size_t>(facts_.keyWords);
     for (std::size_t part = 0; part < parts; ++part) TakeKey(columns, part, parts, candidates);
     RefuseRest(columns, candidates);
@@ -74,6 +76,7 @@ class ItemRows final : public RowForm {
         throw Failure(shown + ", " + one.field.name + ": " + error.what());
       }
     }
+    SetGroups(row, shown);
     std::vector<NamedValue> const wanted = ValuesOf(*item_);
     if (!library.Maint().WriteItem(item_.get(), bank, key.get()) ||
         !library.Maint().ReadItem(item_.get(), bank, key.get())) {
@@ -122,6 +125,50 @@ class ItemRows final : public RowForm {
       ofPart.push_back(std::move(*column));
     }
     if (!ofPart.empty()) keys_.push_back(std::move(ofPart));
+  }
+
+  // A column that has the groups of a molecule with their counts, for types that keep them in
+  // fields of their own.
+  void TakeGroups(std::vector<TableColumn>& columns, std::vector<Field> const& fields,
+                  std::vector<std::string>& candidates) {
+    auto const named = [&](char const* name) {
+      return std::find_if(fields.begin(), fields.end(),
+                          [name](Field const& field) { return field.name == name; });
+    };
+    auto const count = named("count");
+    auto const number = named("groupNumber");
+    auto const each = named("groupCount");
+    if (count == fields.end() || number == fields.end() || each == fields.end()) return;
+    candidates.emplace_back("groups");
+    groups_ = TakeColumn(columns, {"groups"});
+    if (!groups_) return;
+    groupFields_ = {*count, *number, *each};
+    for (FieldColumn const& one : fields_) {
+      if (!Any(groupFields_, one.field.name)) continue;
+      throw Failure("column groups sets " + one.field.name + " too; --ignore leaves a column out");
+    }
+  }
+
+  static bool Any(std::vector<Field> const& fields, std::string const& name) {
+    return std::any_of(fields.begin(), fields.end(),
+                       [&](Field const& field) { return field.name == name; });
+  }
+
+  void SetGroups(TextRow const& row, std::string const& shown) {
+    std::string const text = CellOf(groups_, row);
+    if (text.empty()) return;
+    try {
+      GroupCounts const groups = GroupCountsIn(text);
+      std::string numbers;
+      std::string counts;
+      for (std::int32_t const number : groups.numbers) numbers += std::to_string(number) + " ";
+      for (std::int32_t const count : groups.counts) counts += std::to_string(count) + " ";
+      SetFieldText(*item_, groupFields_[0], std::to_string(groups.numbers.size()), {});
+      SetFieldText(*item_, groupFields_[1], numbers, {});
+      SetFieldText(*item_, groupFields_[2], counts, {});
+    } catch (std::runtime_error const& error) {
+      throw Failure(shown + ", groups: " + error.what());
+    }
   }
 
   // The words of the key. Of several columns that name the same part, the first one with a cell
@@ -185,6 +232,8 @@ class ItemRows final : public RowForm {
   zel::Handle<zel::IZelBankDef> old_;  // what is there before it is changed
   BankFacts facts_;
   std::vector<FieldColumn> fields_;
+  std::optional<TableColumn> groups_;  // "1(2) 14(1)"
+  std::vector<Field> groupFields_;     // which it sets: how many, their numbers, their counts
   std::vector<std::vector<TableColumn>> keys_;  // for each part, those that name it
 };
 

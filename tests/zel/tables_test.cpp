@@ -176,26 +176,77 @@ TEST_F(TablesTest, ConstantsAndCorrelationsOfOneSourceAreChosenFromALongTable) {
 // The tables from which the documents in data/xml are made.
 TEST_F(TablesTest, PublishedTablesAreImportedDirectly) {
   std::string const folder = std::string(ZEL_DATA) + "/..";
-  MakeFile("nrtl.map",
-           "page =\npMin := 101.325\npMax := 101.325\naij := 0\ncij := 0\ndij := 0\n"
-           "eij := 0\nfij := 0\naji := 0\ncji := 0\ndji := 0\neji := 0\nfji := 0\n"
-           "betaij := 0\n");
+  std::string const atmosphere = "page =\npMin := 101.325\npMax := 101.325\n";
+  MakeFile("nrtl.map", atmosphere +
+                           "aij := 0\ncij := 0\ndij := 0\neij := 0\nfij := 0\naji := 0\n"
+                           "cji := 0\ndji := 0\neji := 0\nfji := 0\nbetaij := 0\n");
+  MakeFile("wilson.map", atmosphere + "form := KCAL\neqnForm := WILSON\nvolRatio := STD25C\n");
+  MakeFile("uniquac.map",
+           atmosphere + "bij := 0\nbji := 0\ncij := 0\ncji := 0\ndij := 0\ndji := 0\n");
   MakeFile("pcsaft.map", "m = rmw\n");
-  Good("import own.lb1 --names perry.lb1 --table '" + folder +
-       "/nrtl.txt' --bank NRTL:SAMPLE --map nrtl.map");
+  MakeFile("names.map", "group = item 1\nmain =\nmainName =\nr =\nq =\nrefCode =\n");
+  MakeFile("groups.map", "group = item 1\nmain = mainGroup\nname =\nmainName =\n");
+  MakeFile("between.map", "main_i = item 1\nmain_j = item 2\naij = vlij\naji = vlji\n");
   for (auto const& [file, bank] : std::vector<std::pair<std::string, std::string>>{
-           {"pr_kij", "PRO:SAMPLE --ignore page"},
-           {"lkp_kij", "LKP:SAMPLE"},
-           {"rackett", "RACKETT:SAMPLE --ignore refCode"},
-           {"pcsaft_pure", "PCSAFTPU:SAMPLE --map pcsaft.map"}}) {
+           {"nrtl", "NRTL --map nrtl.map"},
+           {"wilson", "WILSON --map wilson.map"},
+           {"uniquac", "UNIQUAC --map uniquac.map"},
+           {"pr_kij", "PRO --ignore page"},
+           {"srk_kij", "SRKO --ignore page"},
+           {"lkp_kij", "LKP"},
+           {"pcsaft_kij", "PCSAFT"},
+           {"pcsaft_pure", "PCSAFTPU --map pcsaft.map"},
+           {"costald", "COSTALD --ignore refCode"},
+           {"rackett", "RACKETT --ignore refCode"},
+           {"octane", "OCTANE --ignore refCode"},
+           {"unifac_groups", "GRPDESC --map names.map"},
+           {"unifac_groups", "UNFORIG --map groups.map"},
+           {"unifac_interactions", "UNFORIG --map between.map"},
+           {"unifac_structures", "STRUCT --ignore refCode"}}) {
+    std::size_t const end = bank.find(' ');
     std::string words = "import own.lb1 --names perry.lb1 --table '";
-    words.append(folder).append("/").append(file).append(".txt' --bank ").append(bank);
+    words.append(folder).append("/").append(file).append(".txt' --bank ");
+    words.append(bank.substr(0, end)).append(":SAMPLE");
+    if (end != std::string::npos) words.append(bank.substr(end));
     Good(words);
   }
-  for (char const* type : {"NRTL", "PRO", "LKP", "RACKETT", "PCSAFTPU"}) {
-    EXPECT_EQ(Json(std::string("diff sample.lb1 own.lb1 --bank ") + type)["differences"].size(), 0U)
-        << type;
+  // The item of the set as a whole has no group in its key.
+  MakeFile("set.csv", "structure,context\nSAMPLE,orig-public\n");
+  Good("import own.lb1 --table set.csv --bank UNFORIG:SAMPLE");
+  json const diff = Json("diff sample.lb1 own.lb1");
+  for (json const& row : diff["differences"]) EXPECT_EQ(row["item"], "library") << row.dump(1);
+}
+
+TEST_F(TablesTest, PublishedComponentsAreImportedDirectly) {
+  std::string const import =
+      std::string("import own.lb1 --bank PURECOMP:PERRY --table '") + ZEL_DATA + "/../";
+  MakeFile("curves.map", "basis = moleWtBasis\nlog = logBasis\nunitCode = propUnitCode\nunit =\n");
+  Good(import + "components.txt' --ignore name");  // names have "_" for blanks there
+  Good(import + "smiles.txt'");
+  Good(import + "pure/perry_constants.txt'");
+  Good(import + "pure/perry_correlations.txt' --map curves.map");
+  json const diff = Json("diff perry.lb1 own.lb1 --bank PERRY");
+  EXPECT_EQ(diff["differences"].size(), 340U);
+  for (json const& row : diff["differences"]) EXPECT_EQ(row["field"], "name") << row.dump(1);
+}
+
+TEST_F(TablesTest, GroupsOfAMolecule) {
+  std::string const names = "--names perry.lb1";
+  Outcome const good = Import("STRUCT:OWN", "component,groups\nETHANOL,1(1) 14(1)\n", names);
+  EXPECT_EQ(good.status, 0) << good.err;
+  json const item = Json("show own.lb1 STRUCT:OWN ETHANOL --names perry.lb1");
+  EXPECT_EQ(item["fields"][0]["value"], 2);
+  EXPECT_EQ(item["fields"][1]["value"], "1 14 - - - - - - - -");
+  EXPECT_EQ(item["fields"][2]["value"], "1 1 - - - - - - - -");
+  for (char const* cell :
+       {"1", "x(1)", "1(2", "1(2) 3(4) 5(6) 7(8) 9(1) 10(1) 11(1) 12(1) 13(1) 14(1) 15(1)"}) {
+    Outcome const bad =
+        Import("STRUCT:OWN", std::string("component,groups\nWATER,") + cell + "\n", names);
+    EXPECT_EQ(bad.status, 1) << cell;
+    EXPECT_NE(bad.out.find("groups: "), std::string::npos) << bad.out;
   }
+  Outcome const twice = Import("STRUCT:OWN", "component,groups,count\nWATER,16(1),1\n", names);
+  EXPECT_NE(twice.err.find("column groups sets count too"), std::string::npos) << twice.err;
 }
 
 TEST_F(TablesTest, WhatIsExportedReadsBackToTheSameValues) {
