@@ -134,7 +134,7 @@ Field FieldNamed(zel::IZelBankDef& bank, std::string const& name) {
     std::vector<std::string> names;
     names.reserve(fields.size());
     for (Field const& field : fields) names.push_back(field.name);
-    throw Failure("a " + type + " bank has no field " + name + DidYouMean(name, names) +
+    throw Failure("banks of type " + type + " have no field " + name + DidYouMean(name, names) +
                   " `zel types " + type + "` lists them");
   }
   return *at;

@@ -67,9 +67,8 @@ Table PairTable(std::vector<Library> const& libraries, std::string const& type,
       std::vector<std::vector<std::int32_t>> keys;
       library.Walk(bank, [&] { keys = Keys(library, bank, *item); });
       for (auto const& stored : keys) {
-        bool const isWanted =
-            numbers.empty() || (numbers.count(stored[0]) != 0 && numbers.count(stored[1]) != 0);
-        if (!isWanted) continue;
+        std::size_t const named = numbers.count(stored[0]) + numbers.count(stored[1]);
+        if (named < std::min<std::size_t>(numbers.size(), 2)) continue;
         std::string const one = IdOf(libraries, stored[0]);
         std::string const other = IdOf(libraries, stored[1]);
         if (!seen.insert(std::minmax(one, other)).second) continue;

@@ -239,7 +239,7 @@ TEST_F(CurveEditTest, WhatIsRefused) {
 
 TEST_F(EditTest, BadWords) {
   Fails("ETHANOL NPB 351", "NPB is not a constant or a correlation; did you mean NBP?");
-  Fails("NRTL ETHANOL WATER bjj=1", "a NRTL bank has no field bjj; did you mean ");
+  Fails("NRTL ETHANOL WATER bjj=1", "banks of type NRTL have no field bjj; did you mean ");
   Fails("ETHANOL --unset NPB", "did you mean NBP?");
   Fails("ETHANOL NBP 351x", "is not a value of NBP, in K", 2);
   Fails("ETHANOL NBP 1.2bar", "is not a value of NBP, in K", 2);

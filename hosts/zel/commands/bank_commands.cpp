@@ -122,7 +122,7 @@ struct ComponentField {
 ComponentField ComponentFieldNamed(std::string const& word) {
   ComponentField const field = {FindConstant(word), FindCorrelation(word)};
   if (field.constant == nullptr && field.curve == nullptr) {
-    throw Failure(std::string("a ") + kPureType + " bank has no field " + word +
+    throw Failure(std::string("banks of type ") + kPureType + " have no field " + word +
                   DidYouMeanDatum(word) + " `zel types " + kPureType + "` lists them");
   }
   return field;
