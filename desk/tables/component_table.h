@@ -42,7 +42,8 @@ struct CurveTables {
 CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid);
 
 // The items of all banks of a type of component pairs, the first library that has a pair winning.
-// With components, only pairs of two of them. Throws Failure for a type that is not of pairs.
+// With one component, all of its pairs; with more, pairs of two of them. Throws Failure for a type
+// that is not of pairs.
 Table PairTable(std::vector<Library> const& libraries, std::string const& type,
                 std::vector<std::string> const& fields, std::vector<std::string> const& components);
 

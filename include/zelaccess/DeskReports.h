@@ -47,7 +47,8 @@ ZEL_DESK_API Table DataOf(std::vector<std::string> const& libraries,
 /// \param libraries   library files, without banks
 /// \param type        a bank type, "NRTL" for example
 /// \param fields      fields to show, "bij" for example
-/// \param components  only pairs of two of these; all pairs if there are none
+/// \param components  one for all of its pairs, more for the pairs of two of them; all pairs if there
+///                    are none
 /// \param settings    how they are read
 /// \return a row for each pair
 ZEL_DESK_API Table PairsOf(std::vector<std::string> const& libraries, std::string const& type,

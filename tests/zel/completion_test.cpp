@@ -68,6 +68,8 @@ TEST_F(CompletionTest, Bash) {
                   .out);
   };
   EXPECT_EQ(complete("zel ev"), Words{"eval"});
+  EXPECT_EQ(complete("zel --units bar --wait 2 ev"), Words{"eval"});
+  EXPECT_EQ(complete("zel --wa"), Words{"--wait"});
   EXPECT_EQ(complete("zel show crc.lb1 CRC ETHAN"), (Words{"ETHANE", "ETHANOL"}));
   EXPECT_EQ(complete("zel info cr"), Words{""}) << "files are the shell's";
 }
@@ -91,6 +93,7 @@ TEST_F(CompletionTest, Zsh) {
   Words const commands = complete("zel \"\"");
   EXPECT_EQ(commands.count("eval"), 1U);
   EXPECT_EQ(commands.count("import"), 1U);
+  EXPECT_EQ(complete("zel --units bar --wait 2 \"\"").count("eval"), 1U);
   Words const options = complete("zel eval --");
   EXPECT_EQ(options.count("--derivatives"), 1U);
   EXPECT_EQ(options.count("--units"), 1U);
@@ -110,6 +113,7 @@ TEST_F(CompletionTest, Fish) {
     return In(outcome.out);
   };
   EXPECT_EQ(complete("zel ev"), Words{"eval"});
+  EXPECT_EQ(complete("zel --units bar --wait 2 ev"), Words{"eval"});
   EXPECT_EQ(complete("zel eval --deri"), Words{"--derivatives"});
   EXPECT_EQ(complete("zel plot --deri"), Words{}) << "of another command";
   EXPECT_EQ(complete("zel eval --uni"), Words{"--units"});

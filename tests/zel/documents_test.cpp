@@ -183,6 +183,10 @@ TEST_F(DocumentsTest, DocumentTellsOfEveryCommand) {
 TEST_F(DocumentsTest, HelpFitsEightyColumnsAndEndsWithAnExample) {
   for (std::string const& command : commands_) {
     std::vector<std::string> const lines = Lines(Good(command + " --help"));
+    EXPECT_EQ(std::count(lines.begin(), lines.end(),
+                         "All commands also take --names, --units and --wait; see zel --help."),
+              1)
+        << command;
     for (std::string const& line : lines) EXPECT_LE(line.size(), 80U) << command << "\n" << line;
     ASSERT_GE(lines.size(), 2U);
     EXPECT_EQ(lines[lines.size() - 2], "Example:") << command;

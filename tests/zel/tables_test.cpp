@@ -358,6 +358,12 @@ TEST_F(TablesTest, PairsAreShownWithTheirSources) {
   EXPECT_EQ(Json("pairs NRTL -l sample.lb1")["pairs"].size(), 218U);
   // IDs come from the library of --names as well.
   EXPECT_EQ(Json("pairs NRTL -l sample.lb1 --names perry.lb1")["pairs"][0]["component_1"], "CCL4");
+  json const ofOne = Json("pairs NRTL ETHANOL -l sample.lb1 -l perry.lb1")["pairs"];
+  EXPECT_GT(ofOne.size(), 10U);
+  EXPECT_LT(ofOne.size(), 218U);
+  for (json const& row : ofOne) {
+    EXPECT_TRUE(row["component_1"] == "ETHANOL" || row["component_2"] == "ETHANOL") << row.dump();
+  }
   EXPECT_EQ(Zel("pairs RACKETT -l sample.lb1").status, 1);
   EXPECT_EQ(Zel("pairs NRTL NOSUCH -l sample.lb1 -l perry.lb1").status, 1);
 }

@@ -153,6 +153,16 @@ void NoteLine(std::vector<std::string> const& words, std::vector<std::string> co
   if (name != end) session.commandName = *name;
 }
 
+// The help of a command names the options that it shares with all others.
+class HelpForm final : public CLI::Formatter {
+ public:
+  std::string make_footer(CLI::App const* app) const override {
+    std::string const footer = CLI::Formatter::make_footer(app);
+    if (app->get_parent() == nullptr) return footer;
+    return "All commands also take --names, --units and --wait; see zel --help.\n\n" + footer;
+  }
+};
+
 }  // namespace
 
 Command::Command(CommandLine& line, std::string const& name, std::string const& purpose,
@@ -254,6 +264,7 @@ CommandLine::CommandLine(Session& session)
       "A component is named by its number, ID, CAS number or name, a bank by its name\n"
       "or as TYPE:NAME. zel COMMAND --help describes a command, with an example.");
   constexpr std::size_t kWordsColumn = 26;
+  app_->formatter(std::make_shared<HelpForm>());
   app_->get_formatter()->column_width(kWordsColumn);
   app_->fallthrough();
   app_->add_option_function<std::string>(

@@ -47,6 +47,18 @@ std::vector<Choice> GeneralOptions(CLI::App const& app) {
   return options;
 }
 
+// The options of all commands that take a word, with something between them.
+std::string OptionsWithWord(CLI::App const& app, std::string const& between) {
+  std::string words;
+  for (CLI::Option const* option : app.get_options()) {
+    if (IsHidden(*option) || option->get_items_expected_max() == 0) continue;
+    for (std::string const& name : option->get_lnames()) {
+      words += (words.empty() ? "--" : between + "--") + name;
+    }
+  }
+  return words;
+}
+
 std::string Words(std::vector<Choice> const& choices) {
   std::string words;
   for (Choice const& choice : choices) words += (words.empty() ? "" : " ") + choice.word;
@@ -85,13 +97,15 @@ std::string BashCompletion(CLI::App const& app) {
          "  COMPREPLY=()\n"
          "  local before=\n"
          "  for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
-         "    case $before$word in --names*) ;; -*) ;; *) command=$word; break ;; esac\n"
-         "    before=; [ \"$word\" = --names ] && before=--names\n"
+         "    case $before$word in -*) ;; *) command=$word; break ;; esac\n"
+         "    case $word in " +
+         OptionsWithWord(app, "|") +
+         ") before=$word ;; *) before= ;; esac\n"
          "  done\n"
          "  case $command in\n"
          "    '') COMPREPLY=($(compgen -W \"" +
-         Words(CommandsOf(app)) + " --help --version --names\" -- \"$current\")); return ;;\n" +
-         cases +
+         Words(CommandsOf(app)) + " " + Words(GeneralOptions(app)) +
+         "\" -- \"$current\")); return ;;\n" + cases +
          "  esac\n"
          "  # Files are completed where nothing else is found.\n"
          "  case $current in\n"
@@ -117,8 +131,10 @@ std::string ZshCompletion(CLI::App const& app) {
          "  local word before command\n"
          "  local -a choices values\n"
          "  for word in \"${(@)words[2,CURRENT-1]}\"; do\n"
-         "    case $before$word in --names*) ;; -*) ;; *) command=$word; break ;; esac\n"
-         "    before=; [[ $word = --names ]] && before=--names\n"
+         "    case $before$word in -*) ;; *) command=$word; break ;; esac\n"
+         "    case $word in " +
+         OptionsWithWord(app, "|") +
+         ") before=$word ;; *) before= ;; esac\n"
          "  done\n"
          "  case $command in\n"
          "    '') choices=(\n" +
@@ -149,13 +165,15 @@ std::string FishCompletion(CLI::App const& app) {
       "  set -l before\n"
       "  for word in (commandline -opc)[2..-1]\n"
       "    switch \"$before$word\"\n"
-      "      case '--names*' '-*'\n"
+      "      case '-*'\n"
       "      case '*'\n"
       "        echo $word\n"
       "        return 0\n"
       "    end\n"
       "    set before\n"
-      "    test \"$word\" = --names; and set before --names\n"
+      "    contains -- \"$word\" " +
+      OptionsWithWord(app, " ") +
+      "; and set before $word\n"
       "  end\n"
       "  return 1\n"
       "end\n"

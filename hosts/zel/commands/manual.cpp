@@ -22,9 +22,9 @@ A library is named by its first file, or by the name of that file without .lb1 i
 the path; a bank by its name, by its type if there is only one bank of that type,
 or as TYPE:NAME; a component by its number, its ID, its CAS number or its name, or the
 unique beginning of the name; a temperature with its unit, as in
-298.15K, 25C, 537R or 77F, and in K without one; a range as MIN:MAX, where one end may be missing.
+298.15K, 25C, 537R or 77F, and without one in K, or in the unit of \-\-units; a range as MIN:MAX, where one end may be missing.
 .PP
-memo, set, import, copy, edit, delete, undo, merge, renumber and create \-\-force work on a copy next to the library and move it into place
+memo, set, import, copy, edit, delete, undo, merge, renumber, refs, parameters and create \-\-force work on a copy next to the library and move it into place
 at the end: a command that fails or is killed leaves the library unchanged.
 .SH OPTIONS OF ALL COMMANDS
 )";

@@ -259,7 +259,7 @@ void AddShowCommands(CommandLine& line) {
       .Option("--id", o->id, "the same for the IDs", "PATTERN")
       .Option("--cas", o->cas, "the same for the CAS number", "PATTERN")
       .Option("--formula", o->formula, "the same for the formula", "PATTERN")
-      .Option("--nbp", o->boiling, "normal boiling point, in K without a unit", "MIN:MAX")
+      .Option("--nbp", o->boiling, "normal boiling point; K unless --units says", "MIN:MAX")
       .Option("--mw", o->weight, "molecular weight; an end may be missing", "MIN:MAX");
   AddStrict(find);
   find.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Find(session, *o); });

@@ -92,7 +92,7 @@ void AddTableCommands(CommandLine& line) {
   Command pairs(line, "pairs", "Show the pairs of a model in several libraries",
                 "zel pairs NRTL --fields bij bji alphaij -l sample.lb1 -l perry.lb1");
   pairs.Argument("TYPE", o->type, "a bank type, the model")
-      .OptionalArgument("COMPONENT", o->choice.words, "only pairs of two of these components")
+      .OptionalArgument("COMPONENT", o->choice.words, "pairs of it, of two of several")
       .Sources(o->libraries, "a library; once for each, the preferred one first", "LIBRARY")
       .Option("--fields", o->fields, "show these fields too", "FIELD...");
   AddStrict(pairs);
