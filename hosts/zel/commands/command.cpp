@@ -157,7 +157,7 @@ void NoteLine(std::vector<std::string> const& words, std::vector<std::string> co
 class HelpForm final : public CLI::Formatter {
  public:
   std::string make_footer(CLI::App const* app) const override {
-    std::string const footer = CLI::Formatter::make_footer(app);
+    std::string footer = CLI::Formatter::make_footer(app);
     if (app->get_parent() == nullptr) return footer;
     return "All commands also take --names, --units and --wait; see zel --help.\n\n" + footer;
   }

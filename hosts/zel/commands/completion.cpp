@@ -53,7 +53,8 @@ std::string OptionsWithWord(CLI::App const& app, std::string const& between) {
   for (CLI::Option const* option : app.get_options()) {
     if (IsHidden(*option) || option->get_items_expected_max() == 0) continue;
     for (std::string const& name : option->get_lnames()) {
-      words += (words.empty() ? "--" : between + "--") + name;
+      if (!words.empty()) words += between;
+      words.append("--").append(name);
     }
   }
   return words;
