@@ -1,10 +1,12 @@
 #include "desk/annotate/parameter_table.h"
 
 #include <algorithm>
+#include <set>
 
 #include "desk/notes/memo.h"
 #include "desk/notes/note_lines.h"
 #include "desk/tables/table_columns.h"
+#include "desk/tables/table_export.h"
 #include "desk/tables/text_table.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
@@ -61,6 +63,31 @@ Table MeaningTable(Library const& library, std::optional<BankName> const& bank) 
     AddMeanings(MeaningIn(library, one, *item), ToText(one), table);
   }
   return table;
+}
+
+std::string ExportMeanings(Library const& library, std::optional<BankName> const& bank,
+                           std::string const& path, std::int64_t& count) {
+  TextTable table;
+  table.heads = {"type", "field", "unit", "meaning"};
+  InFormOf(path, table);  // an unknown ending is an error before the work
+  std::set<std::pair<std::string, std::string>> seen;
+  for (BankName const& one : bank ? std::vector<BankName>{*bank} : library.Banks()) {
+    zel::Handle<zel::IZelBankDef> const item = BankOrNone(one.type);
+    if (!item) continue;
+    Meanings const meanings(library, one);
+    std::vector<std::string> names = {""};  // the equation
+    for (Field const& field : ParametersOf(*item)) names.push_back(field.name);
+    for (std::string const& name : names) {
+      Note const* const note = meanings.Find(name);
+      if (note == nullptr) continue;
+      std::string const place = meanings.IsOfBank(name) ? ToText(one) : one.type;
+      std::string const shown = name.empty() ? kEquation : name;
+      if (!seen.emplace(place, shown).second) continue;
+      table.rows.push_back({0, {place, shown, note->unit, note->text}});
+    }
+  }
+  count = static_cast<std::int64_t>(table.rows.size());
+  return InFormOf(path, table);
 }
 
 bool SetMeaning(Library const& library, BankName const& bank, std::string const& field,

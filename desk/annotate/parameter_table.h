@@ -31,6 +31,12 @@ struct ImportedMeanings {
 // be read or has other columns, and if there is no room.
 ImportedMeanings ImportMeanings(Library const& library, std::string const& path);
 
+// What notes of a library, or of a bank, say about parameters, as text in the form that the ending of
+// the path means: .csv, .tsv or .json; ImportMeanings reads it back. Throws WrongUsage for another
+// ending. `count` receives the number of rows.
+std::string ExportMeanings(Library const& library, std::optional<BankName> const& bank,
+                           std::string const& path, std::int64_t& count);
+
 // Sets the meaning of one field, or the equation, for a bank, or, if its name is empty, for all
 // banks of its type; an empty text removes the note. False if nothing changes. Throws Failure for a
 // field that the type does not have, for a text that a memo cannot hold, and if there is no room.

@@ -104,6 +104,27 @@ TEST_F(ParametersTest, ATableIsImported) {
   EXPECT_EQ(Json("parameters own/own.lb1 import p.csv --skip-bad")["the_same"], 2);
 }
 
+TEST_F(ParametersTest, WhatIsWrittenReadsBack) {
+  for (char const* words :
+       {"set NRTL bij \"energy, divided by R\" --unit K", "set NRTL equation \"tau = bij/T\"",
+        "set NRTL:TWO aji \"-\"", "set NRTL:TWO alphaij 0.3"}) {
+    Good(std::string("parameters own/own.lb1 ") + words);
+  }
+  json const before = Json("parameters own/own.lb1")["parameters"];
+  for (char const* file : {"p.csv", "p.tsv", "p.json"}) {
+    EXPECT_EQ(Json(std::string("parameters own/own.lb1 -o ") + file)["parameters"], 4) << file;
+    for (char const* words : {"NRTL bij", "NRTL equation", "NRTL:TWO aji", "NRTL:TWO alphaij"}) {
+      Good(std::string("parameters own/own.lb1 remove ") + words);
+    }
+    EXPECT_NE(Json("parameters own/own.lb1")["parameters"], before);
+    EXPECT_EQ(Json(std::string("parameters own/own.lb1 import ") + file)["changed"], 4) << file;
+    EXPECT_EQ(Json("parameters own/own.lb1")["parameters"], before) << file;
+  }
+  EXPECT_EQ(Json("parameters own/own.lb1 --bank ONE -o p.csv")["parameters"], 2);
+  EXPECT_EQ(Zel("parameters own/own.lb1 -o p.xls").status, 2);
+  EXPECT_EQ(Zel("parameters own/own.lb1 set NRTL bij x -o p.csv").status, 2);
+}
+
 TEST_F(ParametersTest, BadWordsAreRefused) {
   MakeFile("bad.csv", "type,meaning\nNRTL,x\n");
   Fails("import bad.csv", "the columns are type, field, unit and meaning");

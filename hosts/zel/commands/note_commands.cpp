@@ -56,6 +56,38 @@ void CheckRefused(Session& session, Report& report, Options const& o, std::int64
   throw error;
 }
 
+// Reports an import of notes, and puts the library in place if it changed something.
+template <typename Imported>
+Report AfterImport(Session const& session, Options const& o, LibraryChange change, Imported done) {
+  bool isChanged = done.changed > 0;
+  Report report;
+  report.Fact("library", o.path);
+  report.Fact("read", done.read);
+  if constexpr (std::is_same_v<Imported, ImportedReferences>) {
+    report.Fact("new", done.isNew);
+    isChanged = isChanged || done.isNew > 0;
+  }
+  report.Fact("changed", done.changed);
+  report.Fact("the same", done.same);
+  report.Fact("not used", done.unused);
+  report.Fact("refused", done.refused);
+  report.Add(std::move(done.rows));
+  CheckRefused(session, report, o, done.refused, done.read);
+  if (isChanged || change.IsDryRun()) PutInPlaceAfter(report, std::move(change));
+  return report;
+}
+
+// Writes the notes of a library to the file of -o.
+template <typename Export>
+void WriteNotes(Options const& o, char const* what, Report& report, Export const& inForm) {
+  RefuseLibraryPath(o.output);
+  std::int64_t count = 0;
+  WriteFile(o.output, inForm(count));
+  report.Fact("exported", o.path);
+  report.Fact(what, count);
+  report.Fact("to", o.output);
+}
+
 Report ListReferences(Session& session, Options const& o) {
   Library const library = OpenFinished(session, o.path);
   std::optional<BankName> const bank = BankOf(library, o);
@@ -65,13 +97,8 @@ Report ListReferences(Session& session, Options const& o) {
     report.Add(ReferenceTable(library, bank));
     return report;
   }
-  RefuseLibraryPath(o.output);
-  std::int64_t count = 0;
-  std::string const text = ExportReferences(library, bank, o.output, count);
-  WriteFile(o.output, text);
-  report.Fact("exported", o.path);
-  report.Fact("references", count);
-  report.Fact("to", o.output);
+  WriteNotes(o, "references", report,
+             [&](std::int64_t& count) { return ExportReferences(library, bank, o.output, count); });
   return report;
 }
 
@@ -86,19 +113,7 @@ Report ImportReferenceFile(Session& session, Options const& o) {
     Waiting const waiting("importing " + path);
     done = ImportReferences(change.Open(), path, options);
   }
-  Report report;
-  report.Fact("library", o.path);
-  report.Fact("read", done.read);
-  report.Fact("new", done.isNew);
-  report.Fact("changed", done.changed);
-  report.Fact("the same", done.same);
-  report.Fact("not used", done.unused);
-  report.Fact("refused", done.refused);
-  report.Add(std::move(done.rows));
-  CheckRefused(session, report, o, done.refused, done.read);
-  if (done.isNew + done.changed > 0 || change.IsDryRun())
-    PutInPlaceAfter(report, std::move(change));
-  return report;
+  return AfterImport(session, o, std::move(change), std::move(done));
 }
 
 Report AddReference(Session& session, Options const& o) {
@@ -145,8 +160,14 @@ Report References(Session& session, Options const& o) {
 
 Report ListMeanings(Session& session, Options const& o) {
   Library const library = OpenFinished(session, o.path);
+  std::optional<BankName> const bank = BankOf(library, o);
   Report report;
-  report.Add(MeaningTable(library, BankOf(library, o)));
+  if (o.output.empty()) {
+    report.Add(MeaningTable(library, bank));
+    return report;
+  }
+  WriteNotes(o, "parameters", report,
+             [&](std::int64_t& count) { return ExportMeanings(library, bank, o.output, count); });
   return report;
 }
 
@@ -154,17 +175,7 @@ Report ImportMeaningFile(Session& session, Options const& o) {
   std::string const path = RestOf(o, 1, "import FILE").front();
   LibraryChange change(session, o.path, o.change);
   ImportedMeanings done = ImportMeanings(change.Open(), path);
-  Report report;
-  report.Fact("library", o.path);
-  report.Fact("read", done.read);
-  report.Fact("changed", done.changed);
-  report.Fact("the same", done.same);
-  report.Fact("not used", done.unused);
-  report.Fact("refused", done.refused);
-  report.Add(std::move(done.rows));
-  CheckRefused(session, report, o, done.refused, done.read);
-  if (done.changed > 0 || change.IsDryRun()) PutInPlaceAfter(report, std::move(change));
-  return report;
+  return AfterImport(session, o, std::move(change), std::move(done));
 }
 
 // A type means all its banks.
@@ -195,6 +206,7 @@ Report Parameters(Session& session, Options const& o) {
   if (o.words.empty()) return ListMeanings(session, o);
   std::string const& word = o.words.front();
   if (!o.bank.empty()) throw WrongUsage("--bank is for the list");
+  if (!o.output.empty()) throw WrongUsage("-o writes what `zel parameters LIBRARY` lists");
   if (word == "import") return ImportMeaningFile(session, o);
   if (word == "set") {
     std::vector<std::string> const words = RestOf(o, 3, "set BANK FIELD \"MEANING\"");
@@ -232,7 +244,8 @@ void AddNoteCommands(CommandLine& line) {
       .OptionalArgument("WORD", o->words, "set BANK FIELD TEXT | remove BANK FIELD | import FILE")
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Option("--unit", o->unit, "of the values; none for a pure number", "UNIT")
-      .Flag("--skip-bad", o->skipBad, "import the other rows if some are refused");
+      .Flag("--skip-bad", o->skipBad, "import the other rows if some are refused")
+      .Option("-o,--output", o->output, "write them (.csv, .tsv, .json)", "FILE");
   AddChangeOptions(parameters, o->change);
   parameters.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Parameters(session, *o); });
 }
