@@ -65,6 +65,7 @@ MORE = [
     ("show perry.lb1 PERRY ETHANOL --complete", 0),
     ("refs crc.lb1 remove 54 --dry-run", 0),
     ("parameters sample.lb1 remove UNIQUAC cij --dry-run", 0),
+    ("parameters sample.lb1 -o p.tsv", 0),
     ("memo sample.lb1", 0),
     ("memo sample.lb1 --bank NRTL", 0),
     ("memo sample.lb1 --set x --dry-run", 0),

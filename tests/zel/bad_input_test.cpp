@@ -138,7 +138,7 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"show sample.lb1 NRTL ETHANOL", kFailed, "is named by 2 component"},
       {"show sample.lb1 NRTL 1 2", kFailed, "has no item 1 + 2"},
       {"show sample.lb1 UNFORIG x", kFailed, "x is not a whole number"},
-      {"items sample.lb1 NRTL --fields zij", kFailed, "has no field zij"},
+      {"items sample.lb1 NRTL --fields zij", kFailed, "have no field zij"},
       {"eval NOBODY VaporP -l perry.lb1", kFailed, "component NOBODY is not in perry.lb1:PERRY"},
       {"eval ETHANOL Vapor -l perry.lb1", kFailed, "Vapor"},
       {"eval ETHANOL SolidCp -l perry.lb1", kFailed, "olid"},

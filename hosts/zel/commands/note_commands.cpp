@@ -58,7 +58,7 @@ void CheckRefused(Session& session, Report& report, Options const& o, std::int64
 
 // Reports an import of notes, and puts the library in place if it changed something.
 template <typename Imported>
-Report AfterImport(Session const& session, Options const& o, LibraryChange change, Imported done) {
+Report AfterImport(Session& session, Options const& o, LibraryChange change, Imported done) {
   bool isChanged = done.changed > 0;
   Report report;
   report.Fact("library", o.path);

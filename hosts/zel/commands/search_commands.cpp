@@ -222,7 +222,7 @@ void AddSearchCommands(CommandLine& line) {
                  "zel search ETHANOL -l perry.lb1:PERRY -l crc.lb1");
   search.Argument("COMPONENT", o->component, "by number, ID, CAS number or name");
   AddSourceOptions(search, o->sources);
-  search.Run(Outputs::kJson, [o](Session& session) { return Search(session, *o); });
+  search.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Search(session, *o); });
   Command why(line, "why", "Show where one datum of a component comes from",
               "zel why ETHANOL TC -l perry.lb1 -l crc.lb1");
   why.Argument("COMPONENT", o->component, "by number, ID, CAS number or name")

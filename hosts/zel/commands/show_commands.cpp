@@ -248,7 +248,7 @@ void AddShowCommands(CommandLine& line) {
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
       .Argument("ITEM", o->words, "its components, numbers or text")
       .Flag("--complete", o->complete, "for a pure component: derive missing constants")
-      .Run(Outputs::kJson, [o](Session& session) { return Show(session, *o); });
+      .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Show(session, *o); });
   Command find(line, "find", "Find components by their properties",
                "zel find crc.lb1 --name \"*butan*\" --nbp 250:320");
   find.Argument("LIBRARY", o->path, "a library file")
