@@ -16,15 +16,39 @@ namespace zel::desk {
 
 /// Nothing, a text, a whole number, a number, yes or no. There is nothing where a datum is
 /// undefined or missing.
-using Cell = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
+class Cell : public std::variant<std::monostate, std::string, std::int64_t, double, bool> {
+ public:
+  /// What it is, for std::get and the other functions of variants.
+  using Variant = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
+
+  using Variant::Variant;
+  using Variant::operator=;
+  /// Nothing.
+  Cell() = default;
+  /// Copies a cell. It assigns: the copy constructor of the standard library of GCC 12 destroys a
+  /// text that was never constructed if memory runs out.
+  /// \param other  the cell
+  Cell(Cell const& other) : Variant() { Variant::operator=(static_cast<Variant const&>(other)); }
+  /// Moves a cell.
+  /// \param other  the cell; unspecified afterwards
+  Cell(Cell&& other) noexcept = default;
+  /// Copies a cell.
+  /// \param other  the cell
+  /// \return this cell
+  Cell& operator=(Cell const& other) = default;
+  /// Moves a cell.
+  /// \param other  the cell; unspecified afterwards
+  /// \return this cell
+  Cell& operator=(Cell&& other) noexcept = default;
+  ~Cell() = default;
+};
 
 /// Adds a cell to a row.
 /// \param row   the row
 /// \param cell  what is added at its end
 ZEL_DESK_API void Append(std::vector<Cell>& row, Cell cell);
 
-/// Makes a row of cells. A list in braces must not be used: if memory runs out in the middle of
-/// one, GCC 12 destroys cells that were never constructed.
+/// Makes a row of cells. It moves them; a list in braces would copy each.
 /// \param values  what the cells hold
 /// \return a cell for each
 template <typename... Values>
