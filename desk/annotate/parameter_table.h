@@ -31,9 +31,9 @@ struct ImportedMeanings {
 // be read or has other columns, and if there is no room.
 ImportedMeanings ImportMeanings(Library const& library, std::string const& path);
 
-// What notes of a library, or of a bank, say about parameters, as text in the form that the ending of
-// the path means: .csv, .tsv or .json; ImportMeanings reads it back. Throws WrongUsage for another
-// ending. `count` receives the number of rows.
+// What notes of a library, or of a bank, say about parameters, as text in the form that the ending
+// of the path means: .csv, .tsv or .json; ImportMeanings reads it back. Throws WrongUsage for
+// another ending. `count` receives the number of rows.
 std::string ExportMeanings(Library const& library, std::optional<BankName> const& bank,
                            std::string const& path, std::int64_t& count);
 
