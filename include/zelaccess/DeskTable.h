@@ -28,7 +28,7 @@ class Cell : public std::variant<std::monostate, std::string, std::int64_t, doub
   /// Copies a cell. It assigns: the copy constructor of the standard library of GCC 12 destroys a
   /// text that was never constructed if memory runs out.
   /// \param other  the cell
-  Cell(Cell const& other) : Variant() { Variant::operator=(static_cast<Variant const&>(other)); }
+  Cell(Cell const& other) : Cell() { *this = other; }
   /// Moves a cell.
   /// \param other  the cell; unspecified afterwards
   Cell(Cell&& other) noexcept = default;
