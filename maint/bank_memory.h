@@ -5,12 +5,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string_view>
 #include <typeinfo>
 #include <unordered_map>
 
 #include "banks/bank_base.h"
-#include "frame/ascii.h"
 #include "frame/limits.h"
 #include "maint/block_info.h"
 #include "maint/face_ref.h"
@@ -18,6 +16,28 @@
 #include "store/lib_file.h"
 
 namespace zel {
+
+// Type and name of a bank, as given, as numbers; empty for names that no bank has.
+struct BankName {
+  std::uint64_t type = 0;
+  std::uint64_t name = 0;
+
+  // The characters of a text, kTooLong if there are more than a name has.
+  static std::uint64_t Packed(char const* text) noexcept {
+    static_assert(kMostName == sizeof(std::uint64_t));
+    std::uint64_t word = 0;
+    for (std::size_t i = 0; text != nullptr && text[i] != '\0'; ++i) {
+      if (i == kMostName) return kTooLong;
+      word |= std::uint64_t{static_cast<unsigned char>(text[i])} << 8 * i;
+    }
+    return word;
+  }
+  bool IsEmpty() const noexcept { return type == 0 || type == kTooLong || name == kTooLong; }
+  bool operator==(BankName const&) const = default;
+
+ private:
+  static constexpr std::uint64_t kTooLong = ~std::uint64_t{0};
+};
 
 // A bank object that a host passed to a call, with what it reports about its blocks. All objects of
 // one of the library's own classes report the same: for an object of the same class as the last one
@@ -36,6 +56,8 @@ class BankObject {
 
   IZelBankIO* Io() const noexcept { return io_; }
   BlockInfo const& Info() const noexcept { return *info_; }
+  // The bank of the object's type with this name.
+  BankName Named(char const* name) const noexcept { return {type_, BankName::Packed(name)}; }
   // Null for an object of another implementation.
   std::type_info const* Class() const noexcept { return class_; }
 
@@ -46,35 +68,15 @@ class BankObject {
     io_ = io.Get();
     if (!io) return false;
     info_.emplace(io_);
+    type_ = BankName::Packed(info_->type);
     if (dynamic_cast<BankBase_i*>(bank) != nullptr) class_ = &typeid(*bank);
     return true;
   }
 
   IZelBankIO* io_ = nullptr;
   std::optional<BlockInfo> info_;
+  std::uint64_t type_ = 0;  // as in a BankName
   std::type_info const* class_ = nullptr;
-};
-
-// Type and name of a bank, as given; empty for names that no bank has.
-struct BankName {
-  std::uint64_t type = 0;
-  std::uint64_t name = 0;
-
-  static BankName Of(char const* type, char const* name) noexcept {
-    std::string_view const typeText = TextOrEmpty(type);
-    std::string_view const nameText = TextOrEmpty(name);
-    if (typeText.size() > kMostName || nameText.size() > kMostName) return {};
-    return {Packed(typeText), Packed(nameText)};
-  }
-  bool IsEmpty() const noexcept { return type == 0; }
-  bool operator==(BankName const&) const = default;
-
- private:
-  static std::uint64_t Packed(std::string_view text) noexcept {
-    std::uint64_t word = 0;
-    text.copy(reinterpret_cast<char*>(&word), sizeof word);  // the text may have no data
-    return word;
-  }
 };
 
 // The state of a library at a moment: what was located then is still good in the same state.

@@ -4,7 +4,7 @@ namespace zel {
 
 LocatedBank::Answer LocatedBank::LocateAgain(LibFile_i& library, BankObject const& bank,
                                              char const* name) {
-  BankName const wanted = BankName::Of(bank.Info().type, name);
+  BankName const wanted = bank.Named(name);
   LibraryStamp const now = LibraryStamp::Of(library);
   if (tree_ && !wanted.IsEmpty() && wanted == name_ && now == stamp_) return FitAgain(bank);
   bool const reading = library.Store().Mode() == accRead;

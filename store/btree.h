@@ -198,6 +198,7 @@ class BTree_i {
   std::uint64_t searches_ = 0;
   std::uint32_t closings_;  // of the store, when the buffers were last known to be good
   BTreeHead_i head_;
+  bool isUsable_;           // of the head
   int width_;               // words of an entry and the link after it
   int levels_ = 0;          // buffers made
   int current_ = kNoLevel;  // the position's level

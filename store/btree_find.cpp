@@ -1,5 +1,6 @@
 // Level buffers, search and position.
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstring>
 
@@ -12,12 +13,13 @@ BTree_i::BTree_i(BlockStore& store, std::int32_t* headRecord)
     : store_(store),
       closings_(store.Closings()),
       head_(headRecord),
-      width_(head_.IsUsable() ? head_.entryWords + 1 : 2) {}
+      isUsable_(head_.IsUsable()),
+      width_(isUsable_ ? head_.entryWords + 1 : 2) {}
 
 BTree_i::~BTree_i() { ForgetAll(); }
 
 void BTree_i::CheckHead() const {
-  if (!head_.IsUsable()) store_.Throw(head_.rootAddress, BlockFault::kBadNode);
+  if (!isUsable_) store_.Throw(head_.rootAddress, BlockFault::kBadNode);
 }
 
 void BTree_i::CheckNode(std::int32_t const* words, std::int32_t address) const {
@@ -103,15 +105,18 @@ bool BTree_i::WithinBlocks(std::int64_t visits, std::int64_t& bound) const noexc
 
 namespace {
 
-// A key of one or two words as one integer of the same order.
+// A key of one or two words as one number of the same order.
 struct OneWord {
-  static std::int64_t At(std::int32_t const* key) noexcept { return key[0]; }
+  static std::uint64_t At(std::int32_t const* key) noexcept {
+    return static_cast<std::uint32_t>(key[0]) ^ 0x80000000U;
+  }
 };
 struct TwoWords {
-  static std::int64_t At(std::int32_t const* key) noexcept {
-    auto const low = static_cast<std::uint32_t>(key[1]) ^ 0x80000000U;
-    return static_cast<std::int64_t>(
-        static_cast<std::uint64_t>(static_cast<std::int64_t>(key[0])) << 32 | low);
+  static std::uint64_t At(std::int32_t const* key) noexcept {
+    constexpr bool kFirstIsLower = std::endian::native == std::endian::little;
+    std::uint64_t both = 0;
+    std::memcpy(&both, key, sizeof both);
+    return (kFirstIsLower ? std::rotl(both, 32) : both) ^ 0x8000000080000000U;
   }
 };
 
@@ -120,22 +125,32 @@ struct TwoWords {
 // lines are loaded independently of each other, unlike in a binary search; when the node is not in
 // the cache this is twice as fast.
 template <typename KeyForm>
-int LastNotAbove(std::int32_t const* entries, int width, int count, std::int64_t key) noexcept {
+int LastNotAbove(std::int32_t const* entries, int width, int count, std::uint64_t key) noexcept {
   std::int32_t const* base = entries - width;  // entry 0, never read
   int below = 0;
   for (int shift = count >= 64 ? 6 : 3; shift >= 0; shift -= 3) {
     int const probes = std::min((count - below) >> shift, 7);
     std::ptrdiff_t const step = static_cast<std::ptrdiff_t>(width) << shift;
     std::int32_t const* probe = base;
-    int passed = 0;
+    int passed = probes;
     for (int i = 0; i < probes; ++i) {
       probe += step;
-      passed += KeyForm::At(probe) <= key ? 1 : 0;
+      passed -= key < KeyForm::At(probe) ? 1 : 0;
     }
     base += passed * step;
     below += passed << shift;
   }
   return below;
+}
+
+// See BTree_i::Search.
+template <typename KeyForm>
+int SearchShort(std::int32_t const* entries, int width, int count, std::int32_t const* key,
+                bool& found) noexcept {
+  std::uint64_t const wanted = KeyForm::At(key);
+  int const i = LastNotAbove<KeyForm>(entries, width, count, wanted);
+  found = i > 0 && KeyForm::At(entries + (i - 1) * width) == wanted;
+  return i;
 }
 
 }  // namespace
@@ -146,14 +161,8 @@ int BTree_i::Search(std::int32_t const* words, std::int32_t const* key,
                     bool& found) const noexcept {
   std::int32_t const* entries = words + format::kNodeEntries;
   int const count = words[format::kNodeCount];
-  if (head_.keyWords <= 2) {
-    bool const one = head_.keyWords == 1;
-    std::int64_t const wanted = one ? OneWord::At(key) : TwoWords::At(key);
-    int const i = one ? LastNotAbove<OneWord>(entries, width_, count, wanted)
-                      : LastNotAbove<TwoWords>(entries, width_, count, wanted);
-    found = i > 0 && CompareKey(words + EntryAt(i), key) == 0;
-    return i;
-  }
+  if (head_.keyWords == 1) return SearchShort<OneWord>(entries, width_, count, key, found);
+  if (head_.keyWords == 2) return SearchShort<TwoWords>(entries, width_, count, key, found);
   int low = 1;
   int high = count;
   while (low <= high) {

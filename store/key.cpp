@@ -142,10 +142,9 @@ bool Key_i::LookUp(LibFile* library, Place const& place, std::int32_t& number) {
   return found;
 }
 
-// The host's own library is searched first, the name index only when that does not have the
-// component.
+// The word of an ID or a CAS number. The host's own library is searched first, the name index only
+// when that does not have the component.
 bool Key_i::ResolvePlace(Place& place, LibFile* library, std::int32_t& word) {
-  if (place.kind == keyNumber) word = place.number;
   if (place.kind != keyText && place.kind != keyCas) return true;
   if (library != LibFile_i::NameIndex() && LookUp(library, place, word)) return true;
   if (place.cached == 0) {
@@ -163,7 +162,12 @@ bool Key_i::ResolveKey(LibFile* library, std::int32_t mode, bool& swapped) {
   } else {
     for (std::int32_t i = 0; i < std::min(count_, kPlaces); ++i) {
       auto const at = static_cast<std::size_t>(i);
-      if (!ResolvePlace(places_[at], library, words_[at])) return false;
+      Place& place = places_[at];
+      if (place.kind == keyNumber) {
+        words_[at] = place.number;
+      } else if (!ResolvePlace(place, library, words_[at])) {
+        return false;
+      }
     }
   }
   if (mode != 1 && mode != 2) return true;

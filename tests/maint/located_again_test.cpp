@@ -216,5 +216,24 @@ TEST_F(LocatedAgainTest, ObjectsOfOtherTypesTakeTurns) {
   }
 }
 
+// A name is another bank's if it differs anywhere, and whatever it is, the answer is that of an
+// object that remembers nothing.
+TEST_F(LocatedAgainTest, NamesLikeThatOfARememberedBankAreOthers) {
+  constexpr char kName[] = "ABCDEFGH";
+  Maint().CreateBank("VANLAAR", kName, 0);
+  ASSERT_TRUE(Write(Maint(), kName, 1, 1.0));
+  Reopen(accRead);
+  for (char const* other :
+       {"ABCDEFGX", "ABCDEFG", "XBCDEFGH", "ABCDEFGHI", "ABCDEFGHABCDEFGH", "abcdefgh", "", " "}) {
+    ASSERT_TRUE(Exists(Maint(), kName, 1));
+    LibMaint_i fresh(&Library());
+    EXPECT_EQ(Exists(Maint(), other, 1), Exists(fresh, other, 1)) << other;
+  }
+  EXPECT_FALSE(Exists(Maint(), "ABCDEFGX", 1));
+  EXPECT_FALSE(Exists(Maint(), "ABCDEFG", 1));
+  ASSERT_TRUE(Exists(Maint(), kName, 1));
+  EXPECT_FALSE(Exists(Maint(), nullptr, 1));
+}
+
 }  // namespace
 }  // namespace zel
