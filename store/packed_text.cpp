@@ -1,5 +1,6 @@
 #include "store/packed_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -47,6 +48,35 @@ std::string_view UpToTerminator(std::string_view text) noexcept {
   return text.substr(0, text.find('\0'));
 }
 
+// Both put all characters of the words, and return where the text ends if its last ones are not
+// blanks.
+char* PutCoded(std::int32_t const* words, int n, char* out) noexcept {
+  char* end = out;
+  for (int i = 0; i < n; ++i, out += 4) {
+    auto const word = static_cast<std::uint32_t>(words[i]);
+    if (word == 0) {  // blanks
+      std::fill_n(out, 4, ' ');
+      continue;
+    }
+    out[0] = kCharacters[word / 1'000'000 % kBase];
+    out[1] = kCharacters[word / 10'000 % kBase];
+    out[2] = kCharacters[word / 100 % kBase];
+    out[3] = kCharacters[word % kBase];
+    end = out + 4;
+  }
+  return end;
+}
+
+// A zero byte ends the text.
+char* PutRaw(std::int32_t const* words, int n, char* text) noexcept {
+  char* out = text;
+  for (int i = 0; i < n; ++i) {
+    auto const word = static_cast<std::uint32_t>(words[i]);
+    for (int c = 0; c < 4; ++c) *out++ = static_cast<char>(word >> (8 * c) & 0xFF);
+  }
+  return std::find(text, out, '\0');
+}
+
 }  // namespace
 
 void TextToWords(std::string_view text, std::int32_t* words, int n) noexcept {
@@ -74,20 +104,7 @@ void TextToRawWords(std::string_view text, std::int32_t* words, int n) noexcept 
 void WordsToText(std::int32_t const* words, int n, char* text) noexcept {
   // Unsigned: raw text whose fourth byte is 128 or more yields a negative word and is raw too.
   bool const coded = n > 0 && static_cast<std::uint32_t>(words[0]) <= kLargestCoded;
-  char* out = text;
-  for (int i = 0; i < n; ++i) {
-    auto const word = static_cast<std::uint32_t>(words[i]);
-    if (coded) {
-      *out++ = kCharacters[word / 1'000'000 % kBase];
-      *out++ = kCharacters[word / 10'000 % kBase];
-      *out++ = kCharacters[word / 100 % kBase];
-      *out++ = kCharacters[word % kBase];
-    } else {
-      for (int c = 0; c < 4; ++c) *out++ = static_cast<char>(word >> (8 * c) & 0xFF);
-    }
-  }
-  char* end = text;  // a zero byte in raw text ends it
-  while (end != out && *end != '\0') ++end;
+  char* end = coded ? PutCoded(words, n, text) : PutRaw(words, n, text);
   while (end != text && end[-1] == ' ') --end;
   *end = '\0';
 }
