@@ -10,7 +10,6 @@ namespace zel {
 
 namespace {
 
-constexpr std::string_view kDelimiters = "-, ()";
 constexpr std::string_view kPlaces = "0123456789'\"";
 constexpr std::string_view kLocantsOfNitrogen = "n'\"";
 constexpr std::string_view kDigits = "0123456789";
@@ -39,6 +38,10 @@ constexpr std::size_t kLongestPrefix = 7;
 static_assert(std::all_of(std::begin(kPrefixes), std::end(kPrefixes),
                           [](PrefixRow const& row) { return row.word.size() <= kLongestPrefix; }));
 
+bool IsDelimiter(char c) noexcept {
+  return c == '-' || c == ',' || c == ' ' || c == '(' || c == ')';
+}
+
 // Most words fail at their first character, which needs no search.
 bool ConsistsOf(std::string_view text, std::string_view characters) noexcept {
   return std::all_of(text.begin(), text.end(), [characters](char c) {
@@ -54,10 +57,13 @@ template <typename Visit>
 void ForEachWord(std::string_view name, Visit const& visit) {
   std::size_t start = 0;
   for (;;) {
-    std::size_t const end = std::min(name.find_first_of(kDelimiters, start), name.size());
+    std::string_view const rest = name.substr(start);
+    std::size_t const end =
+        start + static_cast<std::size_t>(std::find_if(rest.begin(), rest.end(), IsDelimiter) -
+                                         rest.begin());
     bool const last = end == name.size();
     char const delimiter = last ? '\0' : name[end];
-    std::string_view const word = name.substr(start, end - start);
+    std::string_view const word = rest.substr(0, end - start);
     char const first = word.empty() ? '\0' : word.front();
     visit(start, word.size(),
           ClassifyWord(first, delimiter, LowerText(word.substr(0, kLongestWord))));
@@ -85,8 +91,9 @@ WordClass ClassifyWord(char first, char delimiter, std::string_view lowerWord) {
   return {blank ? word + ' ' : word, WordCase::kAsItIs, 0};
 }
 
+// A word is classified before its case is changed, and delimiters have no case.
 void TidyName(char* name) {
-  ForEachWord(std::string(name), [&](std::size_t start, std::size_t size, WordClass const& word) {
+  ForEachWord(name, [&](std::size_t start, std::size_t size, WordClass const& word) {
     if (word.letters == WordCase::kAsItIs) return;
     for (char* at = name + start; at != name + start + size; ++at) {
       *at = word.letters == WordCase::kUpper ? ToUpper(*at) : ToLower(*at);
