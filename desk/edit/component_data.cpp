@@ -141,19 +141,20 @@ class ComponentEdit {
     CurveEdit const& change = edit_.curve;
     if (change.equation) curve.equation = *change.equation;
     if (!change.coefficients.empty()) curve.coefficients = Coefficients(change.coefficients);
-    if (!curve.present || !change.unit.empty()) {
-      curve.propUnit = UnitCodeFor(change.unit, curve.propUnit, row);
-    }
-    if (!change.temperatureUnit.empty()) {
-      curve.tempUnit = kKelvin + OneOf(change.temperatureUnit, {"k", "c", "r", "f"},
-                                       "a unit of temperatures: K, C, R or F");
-    }
+    if (!change.temperatureUnit.empty()) ChangeTemperatureUnit(curve);
     if (!change.logarithm.empty()) {
       curve.logBasis =
           OneOf(change.logarithm, {"none", "natural", "decimal"}, "natural, decimal or none");
     }
+    std::int32_t basis = 0;
     if (!change.basis.empty()) {
-      curve.basis = 1 + OneOf(change.basis, {"mole", "mass"}, "mole or mass");
+      basis = 1 + OneOf(change.basis, {"mole", "mass"}, "mole or mass");
+      curve.basis = basis;
+    }
+    if (!change.unit.empty()) {
+      SetValueUnit(curve, change.unit, basis, row, "give --basis mass, or mole");
+    } else if (!curve.present) {
+      curve.propUnit = UnitCodeFor("", curve.propUnit, row);
     }
     if (auto const span =
             ParseTemperatureSpan(change.range, "temperatures such as 159K:514K", units_)) {
@@ -165,6 +166,16 @@ class ComponentEdit {
       curve.tMax = limit(span->high);
     }
     return curve;
+  }
+
+  // The range stays the same temperatures.
+  void ChangeTemperatureUnit(Curve& curve) const {
+    std::int32_t const unit = TemperatureUnitNamed(edit_.curve.temperatureUnit);
+    for (double* const limit : {&curve.tMin, &curve.tMax}) {
+      if (zel::gen_IsUndefDouble(*limit)) continue;
+      *limit = zel::ConvertTemperature(*limit, curve.tempUnit, unit);
+    }
+    curve.tempUnit = unit;
   }
 
   void Put(zel::ZelCorrelationInfo const& row, Curve const& curve) const {

@@ -3,6 +3,8 @@
 #include <zelaccess/Key_p.h>
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 #include "desk/combine/bank_copy.h"
 #include "desk/edit/edit_values.h"
@@ -90,6 +92,8 @@ class Edit {
   void Warn(Item const& item, std::vector<std::string> const& names);
   void AddRows(Item const& item, Values const& before, Values const& after);
   std::string UnitOf(Item const& item, std::string const& name, Values const& values) const;
+  std::tuple<Cell, Cell, std::string> Change(Item const& item, std::string const& name,
+                                             Values const& before, Values const& after) const;
 
   Library const& library_;
   ItemEdit const& edit_;
@@ -186,6 +190,21 @@ std::string Edit::UnitOf(Item const& item, std::string const& name, Values const
   return FieldNamed(item.Def(), name).unit;
 }
 
+// What a value was and is, and its unit. Limits of a record whose unit of temperatures changes are
+// texts with their own units.
+std::tuple<Cell, Cell, std::string> Edit::Change(Item const& item, std::string const& name,
+                                                 Values const& before, Values const& after) const {
+  Cell old = ValueIn(before, name);
+  Cell now = ValueIn(after, name);
+  bool const isGone = std::holds_alternative<std::monostate>(now);
+  bool const isNew = std::holds_alternative<std::monostate>(old);
+  std::string const oldUnit = UnitOf(item, name, before);
+  std::string const unit = UnitOf(item, name, after);
+  if (isGone) return {old, now, oldUnit};
+  if (isNew || oldUnit == unit) return {old, now, unit};
+  return {CellText(old) + " " + oldUnit, CellText(now) + " " + unit, ""};
+}
+
 void Edit::AddRows(Item const& item, Values const& before, Values const& after) {
   std::vector<std::string> names;  // of what changed, in the order of the item
   auto const add = [&](Values const& values) {
@@ -215,9 +234,8 @@ void Edit::AddRows(Item const& item, Values const& before, Values const& after) 
   }
   for (std::string const& name : rows) {
     std::string const code = codeOf(name);
-    std::string const unit = UnitOf(
-        item, name, std::holds_alternative<std::monostate>(ValueIn(after, name)) ? before : after);
-    edited_.changes.Add(name, ValueIn(before, name), ValueIn(after, name), Text(unit),
+    auto [old, now, unit] = Change(item, name, before, after);
+    edited_.changes.Add(name, std::move(old), std::move(now), Text(std::move(unit)),
                         ValueIn(before, code), ValueIn(after, code));
   }
 }

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
+#include <vector>
 
 #include "desk/open/storable.h"
+#include "desk/words/display_units.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 #include "desk/words/number_range.h"
@@ -14,6 +17,8 @@ namespace {
 constexpr std::int32_t kClassSize = 1000;
 constexpr std::int32_t kFirstUnitCode = 1010;
 constexpr std::int32_t kLastUnitCode = 50999;
+constexpr std::int32_t kPerMole = 1;  // bases
+constexpr std::int32_t kPerMass = 2;
 
 // The first code from `begin` to before `end` that has this name; 0 if there is none.
 std::int32_t FirstCode(std::string const& name, std::int32_t begin, std::int32_t end) {
@@ -43,23 +48,54 @@ std::int32_t UsualCode(zel::ZelCorrelationInfo const& row) {
   return empty.ReadCurve(IndexOf(row)).propUnit;
 }
 
-// "kPa, bar, psia"
-std::string NamesInClass(std::int32_t code) {
-  std::string names;
+// True for enthalpies, entropies, densities and volumes, which are evaluated per mole.
+bool IsSpecific(zel::ZelCorrelationInfo const& row) {
+  return std::string_view(row.unit).find("kg-mol") != std::string_view::npos;
+}
+
+bool IsPerMole(std::string const& word, zel::ZelCorrelationInfo const& row) {
+  return IsSpecific(row) && !UnitNamed(word, row.unit).empty();
+}
+
+// The code in the class of `code` whose unit, per mole, is that of a word; 0 if there is none.
+std::int32_t CodePerMole(std::string const& word, std::int32_t code,
+                         zel::ZelCorrelationInfo const& row) {
+  std::string const unit = UnitNamed(word, row.unit);
+  std::int32_t const begin = code / kClassSize * kClassSize;
+  if (begin == 0) return 0;
+  auto const found = [&](auto const& isIt) {
+    for (std::int32_t one = begin; one < begin + kClassSize; ++one) {
+      std::string const name = zel::GetUnitCodeName(one);
+      if (!name.empty() && isIt(UnitPerMole(name))) return one;
+    }
+    return 0;
+  };
+  // Other spellings take longer.
+  std::int32_t const same = found([&](std::string const& name) { return name == unit; });
+  if (same != 0) return same;
+  return found([&](std::string const& name) { return UnitNamed(name, row.unit) == unit; });
+}
+
+std::vector<std::string> NamesInClass(std::int32_t code) {
+  std::vector<std::string> names;
   std::int32_t const begin = code / kClassSize * kClassSize;
   for (std::int32_t one = begin; begin != 0 && one < begin + kClassSize; ++one) {
     std::string const name = zel::GetUnitCodeName(one);
-    if (!name.empty() && (" " + names + ",").find(" " + name + ",") == std::string::npos) {
-      names += (names.empty() ? "" : ", ") + name;
-    }
+    bool const isNew = std::find(names.begin(), names.end(), name) == names.end();
+    if (!name.empty() && isNew) names.push_back(name);
   }
   return names;
 }
 
 [[noreturn]] void RefuseUnit(std::string const& word, zel::ZelCorrelationInfo const& row) {
-  std::string const names = NamesInClass(UsualCode(row));
+  std::string names;
+  for (std::string const& name : NamesInClass(UsualCode(row))) {
+    names += (names.empty() ? "; it has " : ", ") + name;
+  }
+  if (!names.empty() && IsSpecific(row))
+    names += "; or one per mole, such as " + std::string(row.unit);
   throw Failure(word + " is not a unit of " + row.name +
-                (names.empty() ? ", which is a pure number" : "; it has " + names));
+                (names.empty() ? ", which is a pure number" : names));
 }
 
 void CheckUnit(std::int32_t code, zel::ZelCorrelationInfo const& row) {
@@ -96,11 +132,32 @@ constexpr UsualCount kUsualCounts[] = {
 
 std::int32_t UnitCodeFor(std::string const& word, std::int32_t present,
                          zel::ZelCorrelationInfo const& row) {
-  if (word.empty()) return CodeOfValues(row);
+  if (word.empty()) {
+    std::int32_t const own = CodeOfValues(row);
+    return own == 0 && IsSpecific(row) ? CodePerMole(row.unit, UsualCode(row), row) : own;
+  }
   for (std::int32_t const code : {present, UsualCode(row)}) {
     if (std::int32_t const found = CodeInClass(word, code)) return found;
   }
+  if (IsPerMole(word, row)) {
+    if (std::int32_t const found = CodePerMole(word, UsualCode(row), row)) return found;
+  }
+  std::string const name = SameUnit(word, NamesInClass(UsualCode(row)));
+  if (!name.empty()) return CodeInClass(name, UsualCode(row));
   RefuseUnit("\"" + word + "\"", row);
+}
+
+void SetValueUnit(Curve& curve, std::string const& word, std::int32_t given,
+                  zel::ZelCorrelationInfo const& row, std::string const& how) {
+  curve.propUnit = UnitCodeFor(word, curve.propUnit, row);
+  if (IsPerMole(word, row)) {
+    if (given == kPerMass) throw Failure(word + " is a unit per mole, but the basis is mass");
+    curve.basis = kPerMole;
+    return;
+  }
+  bool const isKnown = given != 0 || curve.basis == kPerMass || !IsSpecific(row);
+  if (!isKnown) throw WrongUsage(word + " can be stored per mole or per mass: " + how);
+  if (given != 0) curve.basis = given;
 }
 
 void SetCurve(PureComponent const& component, zel::ZelCorrelationInfo const& row,

@@ -319,6 +319,21 @@ Cell UnitOf(Curve const& curve) {
   return "code " + std::to_string(curve.propUnit);
 }
 
+std::string UnitPerMole(std::string const& unit) {
+  std::string out;
+  for (std::size_t at = 0; at < unit.size();) {
+    std::size_t const end = std::min(unit.find_first_of("/-. ", at), unit.size());
+    std::string const word = unit.substr(at, end - at);
+    out += word;
+    for (char const* const mass : {"g", "kg", "lb", "klb", "oz", "ton", "tonm", "tonl"}) {
+      if (word == mass && unit.compare(end, 4, "-mol") != 0) out += "-mol";
+    }
+    if (end < unit.size()) out += unit[end];
+    at = end + 1;
+  }
+  return out;
+}
+
 Cell BasisOf(Curve const& curve) {
   if (curve.basis == 1) return "mole";
   if (curve.basis == 2) return "mass";

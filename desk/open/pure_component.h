@@ -97,6 +97,9 @@ char const* TemperatureUnit(std::int32_t code);
 Cell RangeOf(Curve const& curve, DisplayUnits const& units);
 // The unit of a stored correlation's values; its code if it has no name, nothing for 0.
 Cell UnitOf(Curve const& curve);
+// The unit per mole that records name by a unit per mass and the basis mole: "kJ/kg-mol" for
+// "kJ/kg". A unit without a mass stays.
+std::string UnitPerMole(std::string const& unit);
 // The amount to which the unit of a specific property refers: mole, mass or nothing.
 Cell BasisOf(Curve const& curve);
 // The phases as words, such as "vapor liquid"; empty if there are none.

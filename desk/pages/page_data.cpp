@@ -92,20 +92,8 @@ class FindingRows final : public zel::ZelDataFindingSink {
 // basis of moles apart: "kJ/kg" and "mole" are kJ/kg-mol.
 std::string UnitOfForm(Curve const& curve) {
   if (curve.propUnit == 0) return "";
-  std::string unit = CellText(UnitOf(curve));
-  if (curve.basis != 1) return unit;
-  std::string out;
-  for (std::size_t at = 0; at < unit.size();) {
-    std::size_t const end = std::min(unit.find_first_of("/-. ", at), unit.size());
-    std::string const word = unit.substr(at, end - at);
-    out += word;
-    for (char const* const mass : {"g", "kg", "lb", "klb", "oz", "ton", "tonm", "tonl"}) {
-      if (word == mass && unit.compare(end, 4, "-mol") != 0) out += "-mol";
-    }
-    if (end < unit.size()) out += unit[end];
-    at = end + 1;
-  }
-  return out;
+  std::string const unit = CellText(UnitOf(curve));
+  return curve.basis == 1 ? UnitPerMole(unit) : unit;
 }
 
 }  // namespace

@@ -34,6 +34,9 @@ std::vector<std::string> ComponentRows::WordsOf(TextRow const& row) const {
     if (!CellOf(*column, row).empty()) words.push_back(CellOf(*column, row));
   }
   std::vector<std::string> const ids = ListWords(CellOf(ids_, row));
+  for (std::string const& id : ids) {
+    if (MayBeName(id)) CheckText(id, kNameSize - 1, "\"" + id + "\": an ID");
+  }
   if (!ids.empty()) words.push_back(ids.front());
   if (words.empty()) throw Failure("names no component");
   return words;

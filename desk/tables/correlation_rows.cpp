@@ -81,16 +81,15 @@ class CorrelationRows final : public ComponentRows {
   Curve CurveOf(TextRow const& row, zel::ZelCorrelationInfo const& info) const {
     Curve curve;
     curve.equation = WholeNumber(CellOf(equation_, row), "the number of an equation");
-    curve.tempUnit =
-        Choice(CellOf(tempUnit_, row), kKelvin, "K, C, R or F",
-               {{"k", kKelvin}, {"c", kKelvin + 1}, {"r", kKelvin + 2}, {"f", kKelvin + 3}});
-    curve.propUnit = UnitCode(row, info);
+    std::string const tempUnit = CellOf(tempUnit_, row);
+    if (!tempUnit.empty()) curve.tempUnit = TemperatureUnitNamed(tempUnit);
     curve.logBasis =
         Choice(CellOf(logBasis_, row), 1, "ln or log",
                {{"ln", 1}, {"log", 2}, {"natural", 1}, {"decimal", 2}, {"1", 1}, {"2", 2}});
     curve.basis =
         Choice(CellOf(basis_, row), 0, "m or wt",
                {{"m", 1}, {"mole", 1}, {"molar", 1}, {"wt", 2}, {"mass", 2}, {"1", 1}, {"2", 2}});
+    SetUnit(row, info, curve);
     curve.tMin = Limit(tMin_, row, curve.tempUnit);
     curve.tMax = Limit(tMax_, row, curve.tempUnit);
     curve.coefficients = Coefficients(row);
@@ -106,22 +105,27 @@ class CorrelationRows final : public ComponentRows {
     if (!isStored) throw Failure(word + " cannot be stored as a reference code");
   }
 
-  std::int32_t UnitCode(TextRow const& row, zel::ZelCorrelationInfo const& info) const {
+  // The code decides, so that a record reads back exactly.
+  void SetUnit(TextRow const& row, zel::ZelCorrelationInfo const& info, Curve& curve) const {
     std::string const code = CellOf(unitCode_, row);
-    if (!code.empty()) return WholeNumber(code, "a unit code");
     std::string const word = CellOf(unit_, row);
-    return word.empty() ? 0 : UnitCodeFor(word, 0, info);
+    if (!code.empty()) {
+      curve.propUnit = WholeNumber(code, "a unit code");
+    } else if (!word.empty()) {
+      SetValueUnit(curve, word, curve.basis, info, "give moleWtBasis wt, or m");
+    }
   }
 
-  // A limit is in the unit of the record, unless the cell or the head names another.
-  static double Limit(std::optional<TableColumn> const& column, TextRow const& row,
-                      std::int32_t tempUnit) {
+  // A limit without a unit, in the cell or the head, is in the unit of the record if the row names
+  // that, else in the display unit.
+  double Limit(std::optional<TableColumn> const& column, TextRow const& row,
+               std::int32_t tempUnit) const {
     std::string const word = CellOf(column, row);
     if (word.empty()) return zel::gen_GetUndefDouble();
-    DisplayUnits const units = column->UnitsFor("K", {});
     bool const isBare = word.find_last_of("0123456789.") + 1 == word.size();
-    if (isBare && column->Unit().empty()) return ParseNumber(word, "a temperature");
-    return ParseTemperature(word, units).In(tempUnit);
+    bool const isOfRecord = !CellOf(tempUnit_, row).empty();
+    if (isBare && column->Unit().empty() && isOfRecord) return ParseNumber(word, "a temperature");
+    return ParseTemperature(word, column->UnitsFor("K", Target().units)).In(tempUnit);
   }
 
   std::vector<double> Coefficients(TextRow const& row) const {

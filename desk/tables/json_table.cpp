@@ -84,7 +84,9 @@ TextTable ParseJsonTable(std::string const& text, std::string const& shownAs) {
   try {
     root = Json::parse(text, OnceEach(shownAs));
   } catch (Json::exception const& error) {
-    throw Failure(shownAs + ": is not JSON: " + error.what());
+    // Without the name of the exception in brackets.
+    std::string const what = error.what();
+    throw Failure(shownAs + ": is not JSON: " + what.substr(what.find("] ") + 2));
   }
   std::vector<std::size_t> const lines = LinesOfObjects(text);
   TextTable table;

@@ -19,6 +19,12 @@ char const* ToText(RowState state) {
 void RowForm::Once(std::string const& key, std::size_t line) {
   auto const [at, isNew] = lines_.emplace(key, line);
   if (!isNew) throw Failure("the same as line " + std::to_string(at->second) + " sets");
+  last_ = key;
+}
+
+void RowForm::Forget(std::size_t line) {
+  auto const at = lines_.find(last_);
+  if (at != lines_.end() && at->second == line) lines_.erase(at);
 }
 
 std::string CellOf(std::optional<TableColumn> const& column, TextRow const& row) {

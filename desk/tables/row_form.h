@@ -41,6 +41,8 @@ class RowForm {
 
   // Writes what the row sets. Throws Failure for a row that is refused; the item is then unchanged.
   virtual RowResult Apply(TextRow const& row) = 0;
+  // The row on this line, to which Apply was called last, has set nothing.
+  void Forget(std::size_t line);
 
  protected:
   // Throws Failure if an earlier row has set the same.
@@ -48,6 +50,7 @@ class RowForm {
 
  private:
   std::map<std::string, std::size_t> lines_;
+  std::string last_;  // what was set last
 };
 
 // The form that the columns are those of. Throws Failure for a column that is not of this form.

@@ -66,9 +66,19 @@ void KeepRows(TextTable& table, std::vector<std::string> const& where) {
     if (equal == std::string::npos) throw WrongUsage("\"" + condition + "\" is not HEAD=VALUE");
     std::size_t const at = Found(table, condition.substr(0, equal));
     std::string const value = condition.substr(equal + 1);
-    auto const isOther = [&](TextRow const& row) { return row.cells[at] != value; };
+    std::vector<std::string> cells;
+    for (TextRow const& row : table.rows) cells.push_back(row.cells[at]);
+    // What belongs to which column of a faulty row is not known.
+    auto const isOther = [&](TextRow const& row) {
+      return row.fault.empty() && row.cells[at] != value;
+    };
     auto const kept = std::remove_if(table.rows.begin(), table.rows.end(), isOther);
     table.rows.erase(kept, table.rows.end());
+    if (table.rows.empty() && !cells.empty()) {
+      std::string const near = NearestWord(value, cells);
+      throw Failure("no row has \"" + value + "\" in the column " + table.heads[at] +
+                    (near.empty() ? "" : "; did you mean " + near + "?"));
+    }
   }
 }
 
@@ -104,8 +114,9 @@ std::string const& TableColumn::In(TextRow const& row) const {
 
 DisplayUnits TableColumn::UnitsFor(std::string const& unit, DisplayUnits const& shown) const {
   if (unit_.empty()) return shown;
-  if (unit_ == unit) return {};
-  if (UnitNamed(unit_, unit).empty()) {
+  std::string const named = UnitNamed(unit_, unit);
+  if (named == unit) return {};
+  if (named.empty()) {
     throw Failure("column " + name_ + ": " + unit_ + " is not a unit for " +
                   (unit.empty() ? "pure numbers" : "values in " + unit));
   }
@@ -117,21 +128,25 @@ std::vector<TableColumn> ChosenColumns(TextTable& table, ColumnChoice const& cho
   std::vector<bool> isLeftOut(table.heads.size());
   std::vector<std::string> meanings = table.heads;
   for (std::string const& head : choice.ignored) isLeftOut[Found(table, head)] = true;
+  std::vector<bool> isSpare(table.heads.size());
   for (std::string const& condition : choice.where) {
     std::size_t const at = table.Find(condition.substr(0, condition.find('=')));
-    if (at < isLeftOut.size()) isLeftOut[at] = true;
+    if (at < isSpare.size()) isSpare[at] = true;
   }
   for (auto const& [head, meaning] : mapping.meanings) {
     std::size_t const at = Found(table, head);
     meanings[at] = meaning;
     isLeftOut[at] = meaning.empty();
+    isSpare[at] = false;
   }
   KeepRows(table, choice.where);
   std::vector<TableColumn> columns;
   for (std::size_t i = 0; i < meanings.size(); ++i) {
     if (isLeftOut[i]) continue;
     columns.emplace_back(meanings[i], i);
-    if (choice.decimalComma && !HoldsNames(columns.back().Name())) ReplaceDecimalCommas(table, i);
+    if (isSpare[i]) columns.back().MakeSpare();
+    bool const hasNumbers = !isSpare[i] && !HoldsNames(columns.back().Name());
+    if (choice.decimalComma && hasNumbers) ReplaceDecimalCommas(table, i);
   }
   for (auto const& [meaning, value] : mapping.fixed) columns.emplace_back(meaning, value);
   RefuseTwice(columns);
@@ -152,11 +167,14 @@ std::optional<TableColumn> TakeColumn(std::vector<TableColumn>& columns,
 }
 
 void RefuseRest(std::vector<TableColumn> const& rest, std::vector<std::string> const& candidates) {
-  if (rest.empty()) return;
+  std::vector<std::string> left;
+  for (TableColumn const& column : rest) {
+    if (!column.IsSpare()) left.push_back(column.Name());
+  }
+  if (left.empty()) return;
   std::string names;
-  for (TableColumn const& column : rest) names += (names.empty() ? "" : ", ") + column.Name();
-  throw Failure("not a column of such a table: " + names +
-                DidYouMean(rest.front().Name(), candidates) +
+  for (std::string const& name : left) names += (names.empty() ? "" : ", ") + name;
+  throw Failure("not a column of such a table: " + names + DidYouMean(left.front(), candidates) +
                 " `zel template` lists the heads; --ignore leaves a column out");
 }
 

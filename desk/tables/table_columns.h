@@ -30,6 +30,9 @@ class TableColumn {
 
   std::string const& Name() const { return name_; }
   std::string const& Unit() const { return unit_; }
+  // A column by which rows were chosen. It is data only if the table has such a column.
+  void MakeSpare() { isSpare_ = true; }
+  bool IsSpare() const { return isSpare_; }
   bool Is(std::string const& name) const;
   bool IsOneOf(std::vector<std::string> const& names) const;
   // The cell of a row, or the value that all rows have.
@@ -43,16 +46,18 @@ class TableColumn {
   std::string unit_;
   std::optional<std::size_t> at_;
   std::string fixed_;
+  bool isSpare_ = false;
 };
 
 // The columns that are not left out. Removes the rows that are not chosen from the table. Throws
-// Failure for a mapping or a choice of a head that the table does not have.
+// Failure for a mapping or a choice of a head that the table does not have, and for a choice that
+// no row meets.
 std::vector<TableColumn> ChosenColumns(TextTable& table, ColumnChoice const& choice);
 
 // Takes the columns with one of these names out of the list; the earlier name is preferred.
 std::optional<TableColumn> TakeColumn(std::vector<TableColumn>& columns,
                                       std::vector<std::string> const& names);
-// Throws Failure, with suggestions, if columns are left.
+// Throws Failure, with suggestions, if columns are left that are not spare.
 void RefuseRest(std::vector<TableColumn> const& rest, std::vector<std::string> const& candidates);
 
 }  // namespace zel::desk

@@ -32,7 +32,7 @@ BankName BankForTable(Library& library, std::string const& word) {
 
 ImportedTable ImportTable(TableTarget const& target, std::string const& path,
                           ColumnChoice const& choice, bool listAll) {
-  TextTable table = ReadTextTable(path);
+  TextTable table = ReadTextTable(path, true);
   std::unique_ptr<RowForm> form;
   try {
     form = FormOf(target, ChosenColumns(table, choice));
@@ -44,12 +44,14 @@ ImportedTable ImportTable(TableTarget const& target, std::string const& path,
     ++imported.read;
     RowResult result;
     try {
+      if (!row.fault.empty()) throw Failure(row.fault);
       result = form->Apply(row);
     } catch (Failure const& failure) {
       result = {RowState::kRefused, "", failure.what()};
     } catch (WrongUsage const& failure) {
       result = {RowState::kRefused, "", failure.what()};
     }
+    if (result.state == RowState::kRefused) form->Forget(row.line);
     std::int64_t& count = result.state == RowState::kNew       ? imported.isNew
                           : result.state == RowState::kChanged ? imported.changed
                           : result.state == RowState::kSame    ? imported.same

@@ -87,9 +87,9 @@ TextTable TableOf(std::vector<TextRow> rows, std::string const& shownAs) {
       continue;
     }
     if (row.cells.size() != table.heads.size()) {
-      throw Failure(shownAs + ", line " + std::to_string(row.line) + ": " +
-                    std::to_string(row.cells.size()) + " values, but there are " +
-                    std::to_string(table.heads.size()) + " columns");
+      row.fault = std::to_string(row.cells.size()) + " values, but there are " +
+                  std::to_string(table.heads.size()) + " columns";
+      row.cells.resize(table.heads.size());
     }
     for (std::string& cell : row.cells) {
       if (cell == "-") cell.clear();
@@ -110,7 +110,9 @@ std::size_t TextTable::Find(std::string const& head) const {
   return static_cast<std::size_t>(at - heads.begin());
 }
 
-TextTable ParseTextTable(std::string const& given, std::string const& shownAs) {
+namespace {
+
+TextTable Parse(std::string const& given, std::string const& shownAs) {
   constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
   std::string const text = given.compare(0, 3, kByteOrderMark) == 0 ? given.substr(3) : given;
   bool const isBook = text.compare(0, 4, "PK\003\004") == 0;  // .xlsx, .ods
@@ -133,7 +135,22 @@ TextTable ParseTextTable(std::string const& given, std::string const& shownAs) {
   return table;
 }
 
-TextTable ReadTextTable(std::string const& path) {
+void RefuseFaults(TextTable const& table, std::string const& shownAs) {
+  for (TextRow const& row : table.rows) {
+    if (row.fault.empty()) continue;
+    throw Failure(shownAs + ", line " + std::to_string(row.line) + ": " + row.fault);
+  }
+}
+
+}  // namespace
+
+TextTable ParseTextTable(std::string const& text, std::string const& shownAs) {
+  TextTable table = Parse(text, shownAs);
+  RefuseFaults(table, shownAs);
+  return table;
+}
+
+TextTable ReadTextTable(std::string const& path, bool keepsBadRows) {
   bool const isInput = path == "-" || path == "/dev/stdin";
   std::ifstream file;
   if (!isInput) file = OpenPlainInput(path);
@@ -145,7 +162,8 @@ TextTable ReadTextTable(std::string const& path) {
     text.append(piece.data(), static_cast<std::size_t>(input.gcount()));
   } while (input);
   if (input.bad()) throw Failure(path + ": cannot be read");
-  return ParseTextTable(text, isInput ? "standard input" : path);
+  std::string const shownAs = isInput ? "standard input" : path;
+  return keepsBadRows ? Parse(text, shownAs) : ParseTextTable(text, shownAs);
 }
 
 }  // namespace zel::desk

@@ -9,6 +9,7 @@ namespace zel::desk {
 struct TextRow {
   std::size_t line = 0;  // where it begins in the file, from 1
   std::vector<std::string> cells;
+  std::string fault = {};  // "6 values, but there are 7 columns"; empty for a good row
 };
 
 // Cells are without blanks at their ends; a cell without a value is empty. All rows have as many
@@ -37,8 +38,9 @@ struct TextTable {
 // formulas and texts from being read as something else, is removed.
 //
 // Throws Failure with the file and the line for a file that cannot be read, is not such a table,
-// has a head twice or none, or a row with another number of cells.
-TextTable ReadTextTable(std::string const& path);
+// has a head twice or none, or a row with another number of cells. With `keepsBadRows`, such a row
+// has a fault instead, and as many cells as there are heads.
+TextTable ReadTextTable(std::string const& path, bool keepsBadRows = false);
 // The same from a text; `shownAs` is its name in messages.
 TextTable ParseTextTable(std::string const& text, std::string const& shownAs);
 

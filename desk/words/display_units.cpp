@@ -237,12 +237,39 @@ double DisplayUnits::Shown(double value, std::string const& unit) const {
   return Converted(value, change.dimension, change.from, change.unit);
 }
 
+namespace {
+
+// The unit of molecular weights has no dimension: it is not converted, but has several spellings.
+constexpr char kWeight[] = "kg/kg-mol";
+constexpr char const* kWeights[] = {"g/mol", "g/g-mol", "kg/kmol", "lb/lb-mol", "lb/lbmol"};
+
+}  // namespace
+
 std::string UnitNamed(std::string const& word, std::string const& unit) {
   if (word == unit) return unit;
+  if (unit == kWeight) {
+    bool const isIt =
+        std::find(std::begin(kWeights), std::end(kWeights), word) != std::end(kWeights);
+    return isIt ? unit : "";
+  }
   std::string const dimension = DimensionOf(unit);
   if (dimension.empty()) return "";
   zel::InitZelAccess();
   return FoundUnit(dimension, word);
+}
+
+std::string SameUnit(std::string const& word, std::vector<std::string> const& names) {
+  zel::InitZelAccess();
+  if (IsUnitSystem(word)) return "";
+  for (std::string const& dimension : Dimensions()) {
+    std::string const unit = FoundUnit(dimension, word);
+    if (unit.empty()) continue;
+    auto const at = std::find_if(names.begin(), names.end(), [&](std::string const& name) {
+      return FoundUnit(dimension, name) == unit;
+    });
+    if (at != names.end()) return *at;
+  }
+  return "";
 }
 
 double ToInternal(double value, std::string const& word, std::string const& unit) {

@@ -63,6 +63,9 @@ bool IsUnitOrSet(std::string const& word);
 // The unit that a word means for values in the internal unit `unit`, as text of the table of units;
 // empty if it is not one. `unit` itself is always one.
 std::string UnitNamed(std::string const& word, std::string const& unit);
+// The first of the names that means the same unit as a word in some dimension, such as "mm Hg" for
+// "mmHg"; empty if there is none. A unit system is not a unit.
+std::string SameUnit(std::string const& word, std::vector<std::string> const& names);
 // A value in the unit `word` as a value in the internal unit `unit`. Throws Failure if it has none.
 double ToInternal(double value, std::string const& word, std::string const& unit);
 

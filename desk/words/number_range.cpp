@@ -117,6 +117,17 @@ bool IsTemperatureUnit(std::string const& word) {
 
 }  // namespace
 
+std::int32_t TemperatureUnitNamed(std::string const& word) {
+  constexpr std::string_view kLetters = "KCRF";
+  std::string unit = UpperCase(word);
+  if (unit.size() != 1) unit = UnitNamed(word, "K");
+  std::size_t const at = kLetters.find(unit);
+  if (unit.size() != 1 || at == std::string_view::npos) {
+    throw WrongUsage("\"" + word + "\" is not a unit of temperatures: K, C, R or F");
+  }
+  return kKelvin + static_cast<std::int32_t>(at);
+}
+
 Temperature ParseTemperature(std::string const& word, DisplayUnits const& units) {
   constexpr char kWhat[] = "a temperature such as 298.15K, 25C, 537R or 77F";
   constexpr std::string_view kLetters = "KCRF";

@@ -33,6 +33,10 @@ double ParseTolerance(std::string const& word);
 
 inline constexpr std::int32_t kKelvin = 10;
 
+// The code of the unit of temperatures that a word means: "C", "degC". Throws WrongUsage for any
+// other word.
+std::int32_t TemperatureUnitNamed(std::string const& word);
+
 // A temperature with its unit, "25C".
 struct Temperature {
   double value = 0.0;

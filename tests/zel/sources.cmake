@@ -36,6 +36,7 @@ set(zel_TEST_SOURCES
     progress_test.cpp
     output_files_test.cpp
     memory_test.cpp
+    record_units_test.cpp
     references_test.cpp
     sense_test.cpp
     table_libraries_test.cpp

@@ -49,10 +49,9 @@ TEST_F(TablesTest, RecordsOfCorrelationsAreChecked) {
 // Several classes of units have a kPa: that of the correlation counts.
 TEST_F(TablesTest, UnitsOfRecordsAreThoseOfTheirCorrelation) {
   Imported("PURECOMP:OWN", "number,ids\n7,ETHANOL\n");
-  json const made =
-      Imported("OWN",
-               "number,correlation,equation,propUnit,coefficients\n7,VaporPressure,20,bar,1 2\n"
-               "7,LiquidDensity,1,kg/m3,800\n");
+  json const made = Imported("OWN",
+                             "number,correlation,equation,propUnit,moleWtBasis,coefficients\n"
+                             "7,VaporPressure,20,bar,,1 2\n7,LiquidDensity,1,kg/m3,m,800\n");
   EXPECT_EQ(made["changed"], 2);
   EXPECT_EQ(made["warning"], "1 row has fewer coefficients than usual, see below");
   EXPECT_NE(made["rows"][0]["what"].get<std::string>().find("usually has 5 coefficients"),
@@ -111,6 +110,63 @@ TEST_F(TablesTest, NumbersThatALibraryCannotKeepAreRefused) {
 }
 
 // The columns that name an item must agree, and so must the two components of a pair differ.
+// A row with too few or too many values is refused like any other bad row.
+TEST_F(TablesTest, ARaggedRowIsRefusedInTheReport) {
+  std::string const table = "number,ids,TC\n7,ETHANOL,514\n8,WATER\n9,BENZENE,562,1\n";
+  Outcome const outcome = Import("PURECOMP:OWN", table);
+  EXPECT_EQ(outcome.status, 1);
+  json const report = json::parse(outcome.out, nullptr, false);
+  EXPECT_EQ(report["read"], 3);
+  EXPECT_EQ(report["refused"], 2);
+  EXPECT_EQ(Row(report["rows"], "line", 3)["what"], "2 values, but there are 3 columns");
+  EXPECT_EQ(Row(report["rows"], "line", 4)["what"], "4 values, but there are 3 columns");
+  EXPECT_EQ(Imported("PURECOMP:OWN", table, "--skip-bad")["new"], 1);
+  // It is not dropped as a row of another source.
+  json const chosen = Imported("OWN", "number,TC,source\n7,515,CRC\n7,516,DIPPR\n7,517\n",
+                               "--where source=CRC --skip-bad");
+  EXPECT_EQ(chosen["read"], 2);
+  EXPECT_EQ(chosen["changed"], 1);
+  EXPECT_EQ(chosen["refused"], 1);
+}
+
+TEST_F(TablesTest, RowsAreChosenByAColumnThatIsData) {
+  std::string const table = "id,TC,source\nAA,300,CRC\nBB,400,DIPPR\n";
+  EXPECT_EQ(Imported("PURECOMP:OWN", table, "--where id=AA --ignore source")["new"], 1);
+  EXPECT_EQ(Imported("OWN", table, "--where source=DIPPR")["new"], 1);
+  EXPECT_EQ(Row(Json("show own.lb1 OWN BB")["constants"], "keyword", "TC")["value"], 400);
+  Outcome const none = Import("OWN", table, "--where source=CRX");
+  EXPECT_EQ(none.status, 1);
+  EXPECT_NE(none.out.find("no row has \\\"CRX\\\" in the column source; did you mean CRC?"),
+            std::string::npos)
+      << none.out;
+}
+
+TEST_F(TablesTest, ARowIsNotTheSameAsARefusedOne) {
+  Outcome const outcome =
+      Import("PURECOMP:OWN", "number,ids,TC\n7,ETHANOL,x\n7,ETHANOL,514\n7,ETHANOL,515\n");
+  json const rows = json::parse(outcome.out, nullptr, false)["rows"];
+  ASSERT_EQ(rows.size(), 2U) << outcome.out;
+  EXPECT_NE(rows[0]["what"].get<std::string>().find("\"x\" is not a number"), std::string::npos);
+  EXPECT_EQ(rows[1]["line"], 4);
+  EXPECT_EQ(rows[1]["what"], "the same as line 3 sets");
+}
+
+TEST_F(TablesTest, AnIdThatIsTooLongIsSaidSo) {
+  Outcome const outcome = Import("PURECOMP:OWN", "ids,TC\nVERYLONGIDENTIFIER,514\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.out.find("an ID has at most 8 characters, not 18"), std::string::npos)
+      << outcome.out;
+}
+
+TEST_F(TablesTest, ErrorsOfJsonAreWithoutNamesOfExceptions) {
+  Outcome const outcome = Import("PURECOMP:OWN", "[{\"ids\": }]");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.out.find("t.csv: is not JSON: parse error at line 1, column 10"),
+            std::string::npos)
+      << outcome.out;
+  EXPECT_EQ(outcome.out.find("json.exception"), std::string::npos) << outcome.out;
+}
+
 TEST_F(TablesTest, ColumnsThatNameTheItemAgree) {
   Imported("PURECOMP:OWN", "number,ids,cas\n3,CCL4,56-23-5\n5,METHANOL,67-56-1\n7,ETHANOL,\n");
   Imported("NRTL:OWN", "item 1,item 2,bij\n3,7,5\n");
