@@ -15,7 +15,7 @@ namespace zel::desk {
 struct CompareOptions {
   std::vector<std::string> components;  // none: all that both sources have
   double tolerance = 0.0;               // relative to the first source, as a fraction
-  int steps = 50;                       // of the grid over the common range of two correlations
+  int steps = 200;                      // of the grid over the common range of two correlations
   bool codes = false;                   // compare the reference codes too
   bool acceptIdentity = false;          // compare components that mean different substances
 };

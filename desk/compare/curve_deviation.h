@@ -27,8 +27,10 @@ struct CurveDeviation {
   double second = 0.0;
 };
 
-// `steps` equal steps over the common range, from 1. A record without a limit takes that of the
-// other one.
+// `steps` equal steps over the common range, from 1, whose points give the mean. For the greatest,
+// there are further points close to the ends, and the three greatest peaks are refined by golden
+// section. Next to a value of 0, where a relative deviation has no limit, it is that of the points.
+// A record without a limit takes that of the other one.
 CurveDeviation DeviationOf(PureComponent const& one, PureComponent const& other,
                            std::uint32_t index, int steps);
 

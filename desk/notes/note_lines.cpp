@@ -147,6 +147,21 @@ bool NoteLines::Remove(NoteKind kind, std::string const& key) {
   return true;
 }
 
+std::size_t NoteLines::ReplaceText(std::string const& text) {
+  NoteLines fresh(text);
+  std::size_t kept = 0;
+  for (Line& line : lines_) {
+    if (!line.isNote || fresh.Find(line.note.kind, line.note.key) != nullptr) continue;
+    if (!fresh.lines_.empty() && fresh.lines_.back().text.back() != '\n') {
+      fresh.lines_.back().text += '\n';
+    }
+    fresh.lines_.push_back(std::move(line));
+    ++kept;
+  }
+  lines_ = std::move(fresh.lines_);
+  return kept;
+}
+
 std::string NoteLines::ToText() const {
   std::string memo;
   for (Line const& line : lines_) memo += line.text;

@@ -35,6 +35,9 @@ class NoteLines {
   void Set(Note const& note);
   // Removes all notes of this kind and key; false if there is none.
   bool Remove(NoteKind kind, std::string const& key);
+  // Replaces all lines that are not notes by the text. Its own notes replace those of the same kind
+  // and key; the others are kept, after the text. Returns their number.
+  std::size_t ReplaceText(std::string const& text);
   // The memo.
   std::string ToText() const;
   // The number of notes, and the memo without them.

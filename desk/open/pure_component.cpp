@@ -1,6 +1,9 @@
 #include "desk/open/pure_component.h"
 
+#include <zelaccess/Units.h>
+
 #include <algorithm>
+#include <cmath>
 
 #include "desk/open/library.h"
 #include "desk/words/letters.h"
@@ -281,6 +284,14 @@ Point PureComponent::At(std::uint32_t index, double temperature, std::int32_t or
   point.there = zel::GetCorrelationValue(face_.operator->(), index, temperature, order, point.value,
                                          point.slope, point.status);
   return point;
+}
+
+double SlopePerKelvin(PureComponent const& component, std::uint32_t index, Curve const& curve,
+                      double temperature, int order) {
+  double const slope = component.At(index, temperature, order).slope;
+  double step = 1.0;
+  zel::ConvertUnits("TempDiff", "K", TemperatureUnit(curve.tempUnit), &step, 1);
+  return zel::gen_IsUndefDouble(slope) ? slope : slope * std::pow(step, order);
 }
 
 std::string FaultOf(Curve const& curve) {

@@ -86,6 +86,11 @@ class PureComponent {
   zel::BankFace<zel::IZelPureComp> face_;
 };
 
+// The derivative of an order, 1 to 3, at a temperature in the record's unit, with respect to the
+// temperature in K; undefined if there is none.
+double SlopePerKelvin(PureComponent const& component, std::uint32_t index, Curve const& curve,
+                      double temperature, int order);
+
 // "equation 99 is not known", or "equation 16 needs at least 4 coefficients, but the record has 2;
 // missing ones count as 0"; empty when nothing is wrong.
 std::string FaultOf(Curve const& curve);

@@ -148,6 +148,13 @@ std::vector<zel::ZelCorrelationInfo const*> CorrelationsOf(CurveGrid const& grid
 
 }  // namespace
 
+Column DerivativeColumn(std::string const& unit, int order) {
+  std::string const power = order == 1 ? "" : std::to_string(order);
+  std::string name = "d";
+  name.append(power).append("/dT").append(power);
+  return {std::move(name), std::string(unit).append("/K").append(power)};
+}
+
 CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
   std::vector<Column> heads = {
       {"component", ""}, {"correlation", ""}, {"equation", ""}, {"range", ""}, {"from", ""}};
@@ -164,7 +171,12 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
     if (!numbers.insert(component.ReadIdentity().number).second) continue;
     for (zel::ZelCorrelationInfo const* const info : correlations) {
       Curve const curve = component.ReadCurve(IndexOf(*info));
-      columns.push_back({word + " " + info->name, info->unit});
+      std::string const name = word + " " + info->name;
+      columns.push_back({name, info->unit});
+      for (int order = 1; order <= grid.derivatives; ++order) {
+        columns.push_back(DerivativeColumn(info->unit, order));
+        columns.back().name.insert(0, name + " ");
+      }
       std::vector<Cell> record = RowOf(word, std::string(info->name),
                                        curve.present ? Cell(std::int64_t{curve.equation}) : Cell(),
                                        RangeOf(curve, list.Units()), Text(curve.source));
@@ -175,6 +187,10 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
         Point const point = component.At(IndexOf(*info), temperature);
         bool const isShown = point.there && (point.status == 0 || grid.extrapolate);
         rows[i].push_back(isShown ? Number(point.value) : Cell());
+        for (int order = 1; order <= grid.derivatives; ++order) {
+          double const slope = SlopePerKelvin(component, IndexOf(*info), curve, temperature, order);
+          rows[i].push_back(isShown ? Number(slope) : Cell());
+        }
       }
     }
   }

@@ -26,15 +26,20 @@ std::vector<std::string> ChosenComponents(PreferenceList const& list,
 Table ComponentTable(PreferenceList& list, std::vector<std::string> const& components,
                      std::vector<std::string> const& fields, bool withSources);
 
+// The column "d2/dT2" of a derivative of order 1 to 3, with respect to K, of values in a unit.
+Column DerivativeColumn(std::string const& unit, int order);
+
 // Several correlations of several components over the same temperatures.
 struct CurveGrid {
   std::vector<std::string> components;
   std::vector<std::string> correlations;
   std::vector<double> kelvin;
   bool extrapolate = false;  // else there is no value outside the range of a record
+  int derivatives = 0;       // of each correlation, up to 3
 };
 struct CurveTables {
-  Table points;   // T and a column for each component and correlation; one named twice has one
+  Table points;   // T and a column for each component and correlation, followed by those of its
+                  // derivatives; a correlation named twice has one
   Table records;  // the component, correlation, equation, range and source of each column
 };
 // The column of a correlation that a component does not have is empty, and so is its record. Throws

@@ -275,7 +275,7 @@ TEST_F(BadInputTest, MemoThatIsTooLong) {
   Refuses(
       {"memo sample.lb1 --file long.txt", kFailed, "4000 characters; at most 3999 can be stored"});
   MakeFile("fits.txt", std::string(3999, 'x'));
-  Good("memo sample.lb1 --file fits.txt");
+  Good("memo sample.lb1 --file fits.txt --all");
 }
 
 TEST_F(BadInputTest, LibraryThatAnotherProgramHasOpen) {

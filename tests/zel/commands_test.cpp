@@ -46,7 +46,7 @@ TEST_F(CommandsTest, InfoShowsBanksWithTheirCounts) {
 
 TEST_F(CommandsTest, MemoOfLibraryAndBank) {
   EXPECT_EQ(Json("memo sample.lb1")["memo"].get<std::string>().substr(0, 8), "ref 91: ");
-  Good("memo sample.lb1 --set 'of the plant'");
+  Good("memo sample.lb1 --set 'of the plant' --all");
   Good("memo sample.lb1 --bank nrtl --set 'checked in May'");
   EXPECT_EQ(Json("memo sample.lb1")["memo"], "of the plant");
   EXPECT_EQ(Json("memo sample.lb1 --bank NRTL:SAMPLE")["memo"], "checked in May");
@@ -155,7 +155,7 @@ TEST_F(CommandsTest, ShowTellsTheBasis) {
 }
 
 TEST_F(CommandsTest, TextOfALibraryDoesNotMoveTheCursor) {
-  Good("memo sample.lb1 --set $(printf 'a\\033[31mred')");
+  Good("memo sample.lb1 --set $(printf 'a\\033[31mred') --all");
   EXPECT_EQ(Good("memo sample.lb1"), "memo  a?[31mred\n");
   EXPECT_EQ(Json("memo sample.lb1")["memo"], "a\033[31mred");
 }

@@ -1,4 +1,6 @@
 // The command compare: two sources by value.
+#include <cmath>
+
 #include "tests/zel/zel_fixture.h"
 
 namespace zel::test {
@@ -88,6 +90,43 @@ TEST_F(CompareTest, CorrelationsByTheirValues) {
   EXPECT_EQ(row["to_t"], 400);
   EXPECT_EQ(report["units"]["correlations"]["at_t"], "K");
   EXPECT_EQ(Json("compare a.lb1 b.lb1 --tolerance 1.1%")["correlations_that_differ"], 0);
+}
+
+// Whatever the grid; close to an end, too.
+TEST_F(CompareTest, TheGreatestDeviationIsBetweenPointsOfTheGrid) {
+  json const row = Compared(Component(Line("200", "400", "100")),
+                            Component(Line("200", "400", "90.4375 0.065 -0.0001")),
+                            "--steps 4")["correlations"][0];
+  EXPECT_NEAR(row["greatest"], 1.0, 1e-5) << row;
+  EXPECT_NEAR(row["at_t"], 325.0, 0.01);
+  json const words = Json("compare perry.lb1 crc.lb1 --components WATER");
+  ASSERT_FALSE(words["correlations"].empty());
+  json const dense = Json("compare perry.lb1 crc.lb1 --components WATER --steps 20000");
+  for (std::size_t i = 0; i < dense["correlations"].size(); ++i) {
+    double const greatest = dense["correlations"][i]["greatest"];
+    EXPECT_NEAR(words["correlations"][i]["greatest"], greatest, 1e-7 * std::abs(greatest));
+  }
+}
+
+// Where the first goes to 0, the relative deviation has no limit.
+TEST_F(CompareTest, NextToAValueOfZeroTheGridDecides) {
+  auto const heat = [](std::string const& coefficients) {
+    return Component(
+        "<correlation name=\"LatentHeat\" equation=\"1\" tempUnit=\"k\" propUnit=\"j/kg\" "
+        "moleWtBasis=\"m\" tMin=\"200\" tMax=\"400\"> " +
+        coefficients + " </correlation>");
+  };
+  json const row = Compared(heat("400000 -1000"), heat("401000 -1000"))["correlations"][0];
+  EXPECT_EQ(row["at_t"], 399.0) << row;
+  EXPECT_NEAR(row["greatest"], 100.0, 1e-6);
+}
+
+TEST_F(CompareTest, DeviationsOfTemperaturesAreRelativeToKelvin) {
+  std::string const a = Component(Constant("TC", "500"));
+  json const report = Compared(a, Component(Constant("TC", "510")), "--units C");
+  EXPECT_EQ(report["deviation_of_temperatures"], "relative to the value in K");
+  EXPECT_DOUBLE_EQ(report["constants"][0]["deviation"], 2.0);
+  EXPECT_FALSE(Json("compare a.lb1 b.lb1").contains("deviation_of_temperatures"));
 }
 
 // The deviation where the first is 0 would be infinite.

@@ -109,5 +109,42 @@ TEST_F(CurveTest, KnownEquationsAreThoseThatGiveValues) {
   }
 }
 
+// Of several, they are asked for; each is the number that the correlation alone has.
+TEST_F(CurveTest, DerivativesOfSeveralCorrelations) {
+  std::string const words =
+      "eval ETHANOL VaporPressure -l perry.lb1 --at 25C 700K --components WATER ";
+  EXPECT_EQ(Json(words)["points"][0].size(), 3U);
+  EXPECT_EQ(Json(words + "--derivatives 0")["points"][0].size(), 3U);
+  for (std::string const units : {"", " --units C,bar"}) {
+    json const table = Json(words + "--derivatives 2" + units);
+    EXPECT_EQ(table["points"][0].size(), 7U);
+    for (std::string const id : {"ETHANOL", "WATER"}) {
+      json const alone =
+          Json("eval " + id + " VaporPressure -l perry.lb1 --at 25C --derivatives 2" + units);
+      std::string const member = id == "WATER" ? "water_vaporpressure" : "ethanol_vaporpressure";
+      EXPECT_EQ(table["points"][0][member], alone["points"][0]["value"]);
+      for (std::string const derivative : {"d/dt", "d2/dt2"}) {
+        json const& slope = alone["points"][0][derivative];
+        ASSERT_TRUE(slope.is_number());
+        EXPECT_EQ(table["points"][0][member + "_" + derivative], slope);
+        EXPECT_EQ(table["units"]["points"][member + "_" + derivative],
+                  alone["units"]["points"][derivative]);
+        EXPECT_TRUE(table["points"][1][member + "_" + derivative].is_null()) << "out of range";
+      }
+    }
+  }
+}
+
+TEST_F(CurveTest, BadNumbersOfDerivativesAreRefused) {
+  for (std::string const several : {"", " --components WATER", " --correlations LatentHeat"}) {
+    for (std::string const number : {"4", "7", "-1"}) {
+      Outcome const outcome =
+          Zel("eval ETHANOL VaporPressure -l perry.lb1 --at 25C --derivatives " + number + several);
+      EXPECT_EQ(outcome.status, 2) << number << several;
+      EXPECT_NE(outcome.err.find("--derivatives must be 0 to 3"), std::string::npos) << outcome.err;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zel::test

@@ -165,7 +165,7 @@ TEST_F(OutputTest, CsvTextIsNotRun) {
        "number=\"7\" name=\"x;=1+1\" formula=\"C2H6O\"");
   EXPECT_NE(Good("items c.lb1 B --fields HFORMATION --csv").find(",\"x;=1+1\",-5\n"),
             std::string::npos);
-  Good("memo sample.lb1 --set \"$(printf '\\t=1')\"");
+  Good("memo sample.lb1 --set \"$(printf '\\t=1')\" --all");
   Good("copy sample.lb1 b.lb1 --create --bank OCTANE");
   std::string const csv = Good("diff sample.lb1 b.lb1 --csv");
   EXPECT_NE(csv.find(",\"'\t=1\","), std::string::npos) << csv;

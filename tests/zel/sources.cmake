@@ -35,6 +35,7 @@ set(zel_TEST_SOURCES
     points_test.cpp
     progress_test.cpp
     output_files_test.cpp
+    memo_test.cpp
     memory_test.cpp
     record_units_test.cpp
     references_test.cpp

@@ -1,4 +1,5 @@
 // compare
+#include <algorithm>
 #include <memory>
 
 #include "commands/command.h"
@@ -19,6 +20,13 @@ struct Options {
   bool exitCode = false;
 };
 
+bool HasTemperatures(Table const& constants) {
+  constexpr std::size_t kUnit = 4;  // of a row
+  auto const& rows = constants.Rows();
+  return std::any_of(rows.begin(), rows.end(),
+                     [](std::vector<Cell> const& row) { return CellText(row[kUnit]) == "K"; });
+}
+
 void AddFacts(Comparison const& found, Report& report) {
   auto const rows = [](Table const& table) {
     return static_cast<std::int64_t>(table.Rows().size());
@@ -34,10 +42,14 @@ void AddFacts(Comparison const& found, Report& report) {
 
 void AddConflicts(Comparison const& found, bool areCompared, Report& report) {
   if (found.conflicts.empty()) return;
-  report.Warning("identity warning",
-                 std::to_string(found.conflicts.size()) +
-                     " components mean different substances in the two sources" +
-                     (areCompared ? "" : " and are not compared; --accept-identity compares them"));
+  bool const isOne = found.conflicts.size() == 1;
+  report.Warning(
+      "identity warning",
+      (isOne ? "1 component means" : std::to_string(found.conflicts.size()) + " components mean") +
+          " different substances in the two sources" +
+          (areCompared ? ""
+           : isOne     ? " and is not compared; --accept-identity compares it"
+                       : " and are not compared; --accept-identity compares them"));
   report.Add(IdentityTable(found.conflicts));
 }
 
@@ -56,6 +68,9 @@ Report Compare(Session& session, Options const& o) {
   report.Fact("second", o.second);
   report.Fact("tolerance", Digits(options.tolerance * kPercent) + " %");
   report.JsonFact("tolerance percent", options.tolerance * kPercent);
+  if (HasTemperatures(found.differingConstants) && session.units.UnitFor("K") != "K") {
+    report.Fact("deviation of temperatures", "relative to the value in K");
+  }
   AddFacts(found, report);
   bool const differs = found.Differs();
   report.Add(std::move(found.differingConstants));
@@ -84,7 +99,7 @@ void AddCompareCommand(CommandLine& line) {
       .Option("--components", o->compare.components, "these; by default all that both have",
               "COMPONENT...")
       .Option("--tolerance", o->tolerance, "show deviations above it, e.g. 1%; default: 0", "SHARE")
-      .Option("--steps", o->compare.steps, "of the temperature grid; default: 50", "N")
+      .Option("--steps", o->compare.steps, "of the temperature grid; default: 200", "N")
       .Flag("--codes", o->compare.codes, "compare the reference codes too")
       .Flag("--missing", o->missing, "list the data that only one source has")
       .Flag("--accept-identity", o->compare.acceptIdentity,

@@ -3,7 +3,7 @@
 #include <zelaccess/Units.h>
 #include <zelaccess/Verify.h>
 
-#include <cmath>
+#include <limits>
 #include <memory>
 
 #include "commands/command.h"
@@ -18,6 +18,8 @@
 namespace zelhost {
 namespace {
 
+constexpr int kNotGiven = std::numeric_limits<int>::min();
+
 struct Options {
   SourceOptions sources;
   std::string component;
@@ -29,7 +31,7 @@ struct Options {
   std::string from;
   std::string to;
   int steps = 10;
-  int derivatives = 1;
+  int derivatives = kNotGiven;
 };
 
 // The temperatures of the command line, or those of the record's range, in the record's unit.
@@ -61,13 +63,6 @@ std::string StatusText(std::int32_t status) {
   return status == 0 ? "inside" : status > 0 ? "above" : "below";
 }
 
-// A derivative with respect to the temperature of the record, as one with respect to K.
-double PerKelvin(double slope, Curve const& curve, int order) {
-  double step = 1.0;
-  zel::ConvertUnits("TempDiff", "K", TemperatureUnit(curve.tempUnit), &step, 1);
-  return zel::gen_IsUndefDouble(slope) ? slope : slope * std::pow(step, order);
-}
-
 // Several components or correlations over the same temperatures, in K.
 Report EvalGrid(Session& session, Options const& o) {
   PreferenceList list(session, o.sources);
@@ -79,6 +74,7 @@ Report EvalGrid(Session& session, Options const& o) {
                            o.moreCorrelations.end());
   for (std::string const& word : grid.correlations) CorrelationNamed(word);
   grid.extrapolate = o.extrapolate;
+  if (o.derivatives != kNotGiven) grid.derivatives = o.derivatives;
   if (o.at.empty() && (o.from.empty() || o.to.empty())) {
     throw WrongUsage("several components or correlations need --at, or --from and --to");
   }
@@ -123,9 +119,11 @@ std::string HintForBareNumber(Options const& o, Curve const& curve, DisplayUnits
 
 Report Eval(Session& session, Options const& o) {
   CheckOrder(o);
+  if (o.derivatives != kNotGiven && (o.derivatives < 0 || o.derivatives > 3)) {
+    throw WrongUsage("--derivatives must be 0 to 3");
+  }
   if (!o.moreComponents.empty() || !o.moreCorrelations.empty()) return EvalGrid(session, o);
   zel::ZelCorrelationInfo const& info = CorrelationNamed(o.correlation);
-  if (o.derivatives < 0 || o.derivatives > 3) throw WrongUsage("--derivatives must be 0 to 3");
   PreferenceList list(session, o.sources);
   PureComponent component;
   list.Search(o.component, component);
@@ -139,11 +137,9 @@ Report Eval(Session& session, Options const& o) {
   report.JsonFacts(RangeColumns(), RangeMembers(curve, session.units));
   report.Fact("from", Text(curve.source));
   std::vector<Column> columns = {{"T", "K"}, {"value", value}};
-  for (int order = 1; order <= o.derivatives; ++order) {
-    std::string const power = order == 1 ? "" : std::to_string(order);
-    std::string name = "d";
-    name.append(power).append("/dT").append(power);
-    columns.push_back({name, std::string(value).append("/K").append(power)});
+  int const derivatives = o.derivatives == kNotGiven ? 1 : o.derivatives;
+  for (int order = 1; order <= derivatives; ++order) {
+    columns.push_back(DerivativeColumn(value, order));
   }
   columns.push_back({"range", ""});
   std::string warning = WarningOf(o.component, info, curve);
@@ -156,9 +152,8 @@ Report Eval(Session& session, Options const& o) {
     std::vector<Cell> row;
     row.push_back(zel::ConvertTemperature(temperature, curve.tempUnit, kKelvin));
     row.push_back(Number(point.value));
-    for (int order = 1; order <= o.derivatives; ++order) {
-      double const slope = component.At(IndexOf(info), temperature, order).slope;
-      row.push_back(Number(PerKelvin(slope, curve, order)));
+    for (int order = 1; order <= derivatives; ++order) {
+      row.push_back(Number(SlopePerKelvin(component, IndexOf(info), curve, temperature, order)));
     }
     hasAny = hasAny || point.there;
     row.push_back(point.there ? StatusText(point.status) : "no value");
@@ -186,7 +181,7 @@ void AddCurveCommands(CommandLine& line) {
               "COMPONENT...")
       .Option("--correlations", o->moreCorrelations, "further correlations", "CORRELATION...")
       .Flag("--extrapolate", o->extrapolate, "with several: values outside the ranges too")
-      .Option("--derivatives", o->derivatives, "number of derivatives, 0 to 3; default: 1", "N")
+      .Option("--derivatives", o->derivatives, "0 to 3; default: 1, with several: 0", "N")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Eval(session, *o); });
 }
 

@@ -6,6 +6,7 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/files/input_file.h"
+#include "desk/notes/memo.h"
 #include "desk/notes/note_lines.h"
 #include "desk/open/library.h"
 #include "desk/open/storable.h"
@@ -28,6 +29,7 @@ struct Options {
   int level = 1;
   bool force = false;
   bool clear = false;
+  bool all = false;
   bool clearPassword = false;
   ChangeOptions change;
 };
@@ -68,12 +70,6 @@ Report Create(Session& session, Options const& o) {
   return report;
 }
 
-std::string MemoOf(Library const& library) {
-  char memo[kMemoSize] = {};
-  library.File().GetMemo(memo);
-  return memo;
-}
-
 // In text, notes are only counted; `zel refs`, `zel parameters` and `zel memo` show them.
 void AddMemo(std::string const& memo, Form form, Report& report) {
   NoteLines const lines(memo);
@@ -111,7 +107,7 @@ Report Info(Session& session, Options const& o) {
   report.Fact("version", Text(version));
   report.Fact("kind", std::int64_t{type});
   report.Fact("password level", std::int64_t{level});
-  AddMemo(MemoOf(library), session.form, report);
+  AddMemo(MemoIn(library, std::nullopt), session.form, report);
   AddFiles(report, library);
   Table& table = report.Begin("banks", {{"type", ""}, {"name", ""}, {"format", ""}, {"items", ""}});
   for (BankName const& bank : library.Banks()) {
@@ -135,39 +131,51 @@ std::string FileText(std::string const& path) {
   return text;
 }
 
-Report Memo(Session& session, Options& o) {
+Report ShowMemo(Session& session, Options const& o) {
+  Library const library = OpenFinished(session, o.path);
+  std::optional<BankName> bank;
+  if (!o.bank.empty()) bank = library.Bank(o.bank);
   Report report;
-  int const given = (o.clear ? 1 : 0) + (o.text ? 1 : 0) + (o.file.empty() ? 0 : 1);
-  if (given > 1) throw WrongUsage("--set, --file and --clear exclude each other");
-  bool const changes = given == 1;
-  if (!changes) {
-    Library const library = OpenFinished(session, o.path);
-    if (o.bank.empty()) {
-      report.Fact("memo", Text(MemoOf(library)));
-      return report;
-    }
-    BankName const bank = library.Bank(o.bank);
-    char memo[kMemoSize] = {};
-    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), memo);
-    report.Fact("memo", Text(memo));
-    return report;
-  }
+  report.Fact("memo", Text(MemoIn(library, bank)));
+  return report;
+}
+
+// Notes of the old memo that the new text does not have are kept, unless all of it is replaced.
+Report SetMemo(Session& session, Options const& o) {
+  bool const isWhole = o.all || o.clear;
   std::string const text = o.clear ? "" : o.text ? *o.text : FileText(o.file);
-  if (text.size() >= kMemoSize) {
+  if (text.size() > kLongestMemo) {
     throw Failure("the memo has " + std::to_string(text.size()) + " characters; at most " +
-                  std::to_string(kMemoSize - 1) + " can be stored");
+                  std::to_string(kLongestMemo) + " can be stored");
   }
   LibraryChange change(session, o.path, o.change);
   Library const& library = change.Open();
-  if (o.bank.empty()) {
-    library.File().SetMemo(text.c_str());
-  } else {
-    BankName const bank = library.Bank(o.bank);
-    library.Maint().SetBankMemo(bank.type.c_str(), bank.name.c_str(), text.c_str());
+  std::optional<BankName> bank;
+  if (!o.bank.empty()) bank = library.Bank(o.bank);
+  NoteLines lines(MemoIn(library, bank));
+  std::size_t const others = lines.ReplaceText(text);
+  std::string const memo = isWhole ? text : lines.ToText();
+  if (memo.size() > kLongestMemo) {
+    throw Failure("the text has " + std::to_string(text.size()) + " characters, and the " +
+                  std::to_string(others) + " notes that are kept need " +
+                  std::to_string(memo.size() - text.size()) + "; a memo has at most " +
+                  std::to_string(kLongestMemo) + ". --all replaces the notes, too");
   }
-  report.Fact("memo", Text(text));
+  SetMemoIn(library, bank, memo);
+  Report report;
+  report.Fact("memo", Text(session.form == Form::kText ? text : memo));
+  if (others > 0) {
+    report.Fact(isWhole ? "notes removed" : "notes kept", static_cast<std::int64_t>(others));
+  }
   PutInPlaceAfter(report, std::move(change));
   return report;
+}
+
+Report Memo(Session& session, Options const& o) {
+  int const given = (o.clear ? 1 : 0) + (o.text ? 1 : 0) + (o.file.empty() ? 0 : 1);
+  if (given > 1) throw WrongUsage("--set, --file and --clear exclude each other");
+  if (given == 0 && o.all) throw WrongUsage("--all is for --set and --file");
+  return given == 1 ? SetMemo(session, o) : ShowMemo(session, o);
 }
 
 Report Set(Session& session, Options const& o) {
@@ -213,9 +221,10 @@ void AddLibraryCommands(CommandLine& line) {
   memo.Argument("LIBRARY", o->path, "a library file")
       .Library(o->path)
       .Option("--bank", o->bank, "the memo of this bank", "BANK")
-      .Option("--set", o->text, "the new memo, up to 3999 characters", "TEXT")
-      .Option("--file", o->file, "read the new memo from a file", "FILE")
-      .Flag("--clear", o->clear, "empty the memo");
+      .Option("--set", o->text, "the new text, up to 3999 characters", "TEXT")
+      .Option("--file", o->file, "read the new text from a file", "FILE")
+      .Flag("--all", o->all, "replace the notes (citations, meanings), too")
+      .Flag("--clear", o->clear, "empty the memo, notes included");
   AddChangeOptions(memo, o->change);
   memo.Run(Outputs::kJson, [o](Session& session) { return Memo(session, *o); });
   Command set(line, "set", "Set description, version or password",
