@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "desk/notes/parameter_meanings.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/item_values.h"
@@ -29,11 +30,12 @@ class Difference {
     Row(place, "whole", first ? "there" : "not there", first ? "not there" : "there", Cell());
   }
 
-  void Row(std::string const& place, std::string field, Cell one, Cell other, Cell unit) {
+  void Row(std::string const& place, std::string field, Cell one, Cell other, Cell unit,
+           bool isNoteUnit = false) {
     std::vector<Cell> row =
         RowOf(place, std::move(field), std::move(one), std::move(other), std::move(unit));
     Append(row, ItemMembers(bank_, parts_));
-    table_.Add(std::move(row));
+    isNoteUnit ? table_.AddAsIs(std::move(row)) : table_.Add(std::move(row));
   }
   void Field(std::string const& place, char const* field, Cell one, Cell other);
   void BankHeader(BankName const& bank);
@@ -44,8 +46,9 @@ class Difference {
   Library const& other_;
   DifferenceOptions const& options_;
   Table& table_;
-  std::string bank_;                // that is compared
-  std::vector<std::string> parts_;  // what names the item that is compared
+  std::string bank_;                                // that is compared
+  std::array<std::vector<desk::Field>, 2> fields_;  // of its items, in both libraries
+  std::vector<std::string> parts_;                  // what names the item that is compared
 };
 
 void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
@@ -84,6 +87,8 @@ void Difference::BankHeader(BankName const& bank) {
 void Difference::Bank(BankName const& bank) {
   BankHeader(bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
+  fields_[0] = FieldsIn(one_, bank, *item);
+  fields_[1] = FieldsIn(other_, bank, *item);
   auto const a = Keys(one_, bank, *item);
   auto const b = Keys(other_, bank, *item);
   KeyWords wordsA(one_, *item);
@@ -131,13 +136,14 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
     }
     zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
     read(library, item.get());
-    return ValuesOf(*item);
+    return ValuesOf(*item, fields_[&library == &one_ ? 0 : 1]);
   };
   std::vector<NamedValue> const a = valuesIn(one_);
   std::vector<NamedValue> const b = valuesIn(other_);
   if (!isRead) return;
   for (DifferingValue& value : DifferingValues(a, b)) {
-    Row(place, value.name, std::move(value.one), std::move(value.other), Text(value.unit));
+    Row(place, value.name, std::move(value.one), std::move(value.other), Text(value.unit),
+        value.isNoteUnit);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desk/edit/item_edit.h"
+#include "desk/open/fields.h"
 #include "desk/open/pure_component.h"
 #include "desk/words/display_units.h"
 
@@ -18,7 +19,7 @@ zel::ZelConstantInfo const* ConstantMeant(std::string const& word);
 // cannot be stored; WrongUsage for a word that is not a value.
 std::vector<std::string> SetData(PureComponent const& component, ItemEdit const& edit,
                                  DisplayUnits const& units);
-std::vector<std::string> SetData(zel::IZelBankDef& item, ItemEdit const& edit,
-                                 DisplayUnits const& units);
+std::vector<std::string> SetData(zel::IZelBankDef& item, std::vector<Field> const& fields,
+                                 ItemEdit const& edit, DisplayUnits const& units);
 
 }  // namespace zel::desk

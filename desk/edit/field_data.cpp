@@ -80,8 +80,8 @@ void SetField(zel::IZelBankDef& item, Field const& field, std::string const& tex
     std::vector<double> numbers;
     numbers.reserve(parts.size());
     for (std::string const& part : parts) {
-      numbers.push_back(units.Read(
-          part, field.unit,
+      numbers.push_back(ReadNumber(
+          field, part, units,
           "a value of " + field.name + (field.unit.empty() ? ", a number" : ", in " + field.unit)));
       CheckStorable(numbers.back(), field.name);
     }
@@ -112,14 +112,17 @@ void Unset(zel::IZelBankDef& item, Field const& field) {
 
 }  // namespace
 
-std::vector<std::string> SetData(zel::IZelBankDef& item, ItemEdit const& edit,
-                                 DisplayUnits const& units) {
+std::vector<std::string> SetData(zel::IZelBankDef& item, std::vector<Field> const& fields,
+                                 ItemEdit const& edit, DisplayUnits const& units) {
   if (!edit.curve.Empty()) {
     throw WrongUsage("--equation, --coefficients and the like are for correlations of components");
   }
   std::vector<std::string> names;
   auto const named = [&](std::string const& datum) {
     Field field = FieldNamed(item, datum);
+    for (Field const& one : fields) {
+      if (one.name == field.name) field = one;
+    }
     if (std::find(names.begin(), names.end(), field.name) != names.end()) {
       throw WrongUsage(field.name + " is named twice");
     }

@@ -9,6 +9,7 @@
 #include "desk/combine/bank_copy.h"
 #include "desk/edit/edit_values.h"
 #include "desk/notes/carried_notes.h"
+#include "desk/notes/parameter_meanings.h"
 #include "desk/open/curve_record.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
@@ -43,13 +44,21 @@ class Item {
   zel::IZelBankDef& Def() const { return isComponent_ ? *component_.Def() : *def_; }
   Values All() const { return isComponent_ ? ValuesOf(component_) : ValuesOf(*def_); }
   std::vector<std::string> Set(ItemEdit const& edit, DisplayUnits const& units) const {
-    return isComponent_ ? SetData(component_, edit, units) : SetData(*def_, edit, units);
+    return isComponent_ ? SetData(component_, edit, units) : SetData(*def_, fields_, edit, units);
+  }
+  void SetFields(std::vector<Field> fields) { fields_ = std::move(fields); }
+  // The field of an item that is not a component.
+  Field const* FieldOf(std::string const& name) const {
+    auto const at = std::find_if(fields_.begin(), fields_.end(),
+                                 [&](Field const& field) { return field.name == name; });
+    return at == fields_.end() ? nullptr : &*at;
   }
 
  private:
   bool isComponent_;
   PureComponent component_;
   zel::Handle<zel::IZelBankDef> def_;
+  std::vector<Field> fields_;
 };
 
 // The bank to edit; without one of that word in the library, that of `from` under its name there.
@@ -90,6 +99,7 @@ class Edit {
   std::vector<std::string> NumbersHere() const;
   void CheckStoredIn(Values const& wanted, Values const& stored) const;
   void Warn(Item const& item, std::vector<std::string> const& names);
+  void WarnOfCode(std::string const& name, Curve const& curve);
   void AddRows(Item const& item, Values const& before, Values const& after);
   std::string UnitOf(Item const& item, std::string const& name, Values const& values) const;
   std::tuple<Cell, Cell, std::string> Change(Item const& item, std::string const& name,
@@ -168,11 +178,26 @@ void Edit::CheckStoredIn(Values const& wanted, Values const& stored) const {
   }
 }
 
+// The citation of the former coefficients would then be that of the new ones.
+void Edit::WarnOfCode(std::string const& name, Curve const& curve) {
+  if (edit_.code || curve.refCode == 0) return;
+  auto const& rows = edited_.changes.Rows();
+  bool const isOther = std::any_of(rows.begin(), rows.end(), [&](auto const& row) {
+    std::string const datum = CellText(row[0]);
+    return datum == name + " equation" || datum.rfind(name + " C", 0) == 0;
+  });
+  if (!isOther) return;
+  std::string const code = std::to_string(curve.refCode);
+  edited_.warnings.push_back(name + ": reference code " + code + " is kept; --ref gives another");
+}
+
 void Edit::Warn(Item const& item, std::vector<std::string> const& names) {
   for (std::string const& name : names) {
     auto const* const curve = ConstantMeant(name) == nullptr ? FindCorrelation(name) : nullptr;
     if (curve == nullptr || edit_.curve.Empty()) continue;
-    std::string const missing = MissingCoefficients(item.Component().ReadCurve(IndexOf(*curve)));
+    Curve const stored = item.Component().ReadCurve(IndexOf(*curve));
+    WarnOfCode(name, stored);
+    std::string const missing = MissingCoefficients(stored);
     if (missing.empty()) continue;
     edited_.warnings.push_back(name);
     edited_.warnings.back().append(": ").append(missing);
@@ -187,7 +212,8 @@ std::string Edit::UnitOf(Item const& item, std::string const& name, Values const
     if (rest != " from T" && rest != " to T") return "";
     return CellText(ValueIn(values, name.substr(0, blank) + " T in"));
   }
-  return FieldNamed(item.Def(), name).unit;
+  Field const* const field = item.FieldOf(name);
+  return field == nullptr ? "" : field->unit;
 }
 
 // What a value was and is, and its unit. Limits of a record whose unit of temperatures changes are
@@ -235,8 +261,14 @@ void Edit::AddRows(Item const& item, Values const& before, Values const& after) 
   for (std::string const& name : rows) {
     std::string const code = codeOf(name);
     auto [old, now, unit] = Change(item, name, before, after);
-    edited_.changes.Add(name, std::move(old), std::move(now), Text(std::move(unit)),
-                        ValueIn(before, code), ValueIn(after, code));
+    std::vector<Cell> row = RowOf(name, std::move(old), std::move(now), Text(std::move(unit)),
+                                  ValueIn(before, code), ValueIn(after, code));
+    Field const* const field = item.FieldOf(name);
+    if (field != nullptr && field->isNoteUnit) {
+      edited_.changes.AddAsIs(std::move(row));
+    } else {
+      edited_.changes.Add(std::move(row));
+    }
   }
 }
 
@@ -251,13 +283,14 @@ EditedItem Edit::Make() {
                                       {"unit", ""},
                                       {"old code", ""},
                                       {"new code", ""}});
-  Item const item(edited_.bank.type);
+  Item item(edited_.bank.type);
   words_ = ItemWords(library_, item.Def(), edit_.item);
   edited_.item = Joined(words_);
   edited_.parts = words_;
   bool const hasBank =
       library_.Maint().BankExists(edited_.bank.type.c_str(), edited_.bank.name.c_str());
   if (!hasBank || !Read(item)) CopyFirst(item);
+  if (!item.IsComponent()) item.SetFields(FieldsIn(library_, edited_.bank, item.Def()));
   Values const before = item.All();
   std::vector<std::string> const edited = item.Set(edit_, library_.InSession().units);
   Values const wanted = item.All();
@@ -266,8 +299,8 @@ EditedItem Edit::Make() {
   if (!Read(item)) RefuseItem(library_, edited_.bank, edited_.item, "cannot be read");
   Values const after = item.All();
   CheckStoredIn(wanted, after);
-  if (item.IsComponent()) Warn(item, edited);
   AddRows(item, before, after);
+  if (item.IsComponent()) Warn(item, edited);
   for (std::string const& name : edited) {
     auto const& rows = edited_.changes.Rows();
     bool const isChanged = std::any_of(rows.begin(), rows.end(), [&](auto const& row) {

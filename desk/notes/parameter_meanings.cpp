@@ -67,6 +67,20 @@ ModelMeaning MeaningIn(Library const& library, BankName const& bank, zel::IZelBa
   return model;
 }
 
+std::vector<Field> FieldsIn(Library const& library, BankName const& bank, zel::IZelBankDef& item) {
+  std::vector<Field> fields = FieldsOf(item);
+  if (ParametersOf(item).empty()) return fields;
+  Meanings const notes(library, bank);
+  for (Field& field : fields) {
+    if (field.type != zel::fieldReal || !field.unit.empty()) continue;
+    Note const* const note = notes.Find(field.name);
+    if (note == nullptr || note->unit.empty() || note->unit == "-") continue;
+    field.unit = note->unit;
+    field.isNoteUnit = true;
+  }
+  return fields;
+}
+
 std::vector<Column> MeaningColumns(std::string const& place) {
   constexpr char kNone[] = "not known";
   std::vector<Column> columns;

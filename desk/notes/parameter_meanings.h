@@ -48,6 +48,9 @@ std::string CommonKey(std::string const& type, std::string const& field);
 // reference code. None for a type without numbers, such as that of names.
 std::vector<Field> ParametersOf(zel::IZelBankDef& bank);
 
+// The fields of the items of a bank. Numbers whose type gives them no unit have that of a note.
+std::vector<Field> FieldsIn(Library const& library, BankName const& bank, zel::IZelBankDef& item);
+
 // What is known about the parameters of a bank: by notes, else by its type.
 ModelMeaning MeaningIn(Library const& library, BankName const& bank, zel::IZelBankDef& item);
 

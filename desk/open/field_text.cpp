@@ -6,6 +6,7 @@
 #include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
+#include "desk/words/number_range.h"
 
 namespace zel::desk {
 namespace {
@@ -121,6 +122,22 @@ std::string FieldText(zel::IZelBankDef& bank, Field const& field, DisplayUnits c
   return Listed(words);
 }
 
+double ReadNumber(Field const& field, std::string const& word, DisplayUnits const& units,
+                  std::string const& what) {
+  if (!field.isNoteUnit) return units.Read(word, field.unit, what);
+  std::size_t const end = std::min(word.find_last_of("0123456789.") + 1, word.size());
+  std::string const& unit = field.unit;
+  bool const hasUnit = word.size() > unit.size() &&
+                       word.compare(word.size() - unit.size(), std::string::npos, unit) == 0;
+  std::string number = hasUnit ? word.substr(0, word.size() - unit.size()) : word;
+  number.erase(number.find_last_not_of(' ') + 1);
+  if (!hasUnit && end > 0 && end < word.size() && word.find(',') == std::string::npos) {
+    throw WrongUsage("\"" + word + "\" is not " + what + ": its unit is " + unit +
+                     ", as a note says, and such units are not converted");
+  }
+  return ParseNumber(number, what);
+}
+
 void SetTextField(zel::IZelBankDef& bank, Field const& field, std::string const& text) {
   CheckText(text, CountOf(field) - 1, field.name);
   bank.SetStringField(field.name.c_str(), text.c_str());
@@ -135,7 +152,7 @@ void SetFieldText(zel::IZelBankDef& bank, Field const& field, std::string const&
     std::vector<double> values(words.size(), zel::gen_GetUndefDouble());
     for (std::size_t i = 0; i < words.size(); ++i) {
       if (words[i].empty()) continue;
-      values[i] = units.Read(words[i], field.unit, "a number");
+      values[i] = ReadNumber(field, words[i], units, "a number");
       CheckStorable(values[i], field.name);
     }
     bank.SetDoubleField(name, values.data());

@@ -22,6 +22,12 @@ void SetFieldText(zel::IZelBankDef& bank, Field const& field, std::string const&
 // The same for a field that is a text.
 void SetTextField(zel::IZelBankDef& bank, Field const& field, std::string const& text);
 
+// The number that a word means for a field, in the field's unit; without a unit it is in the
+// display unit, but in that of a note if the field has one. Throws WrongUsage for a word that is
+// not `what`.
+double ReadNumber(Field const& field, std::string const& word, DisplayUnits const& units,
+                  std::string const& what);
+
 // A whole number that fits 32 bits. Throws Failure, which says that the word is not `what`.
 std::int32_t WholeNumber(std::string const& word, std::string const& what);
 

@@ -33,6 +33,8 @@ struct Field {
   std::string unit;
   std::int32_t type = zel::fieldReal;
   std::int32_t count = 1;  // values
+  // The unit is what a note says: numbers in it are not converted, and none other is understood.
+  bool isNoteUnit = false;
 };
 
 // The fields in the order of the type's table; none for a type without one.

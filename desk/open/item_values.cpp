@@ -97,7 +97,8 @@ std::vector<DifferingValue> DifferingValues(std::vector<NamedValue> const& one,
     auto [first, second] = Beside(here, there);
     std::string const& unit = here.unit.empty() ? there.unit : here.unit;
     if (here.unit == there.unit || here.unit.empty() || there.unit.empty()) {
-      found.push_back({here.name, std::move(first), std::move(second), unit});
+      found.push_back({here.name, std::move(first), std::move(second), unit,
+                       here.isNoteUnit || there.isNoteUnit});
     } else {
       found.push_back(
           {here.name, CellText(first) + " " + here.unit, CellText(second) + " " + there.unit, ""});
@@ -113,10 +114,14 @@ std::vector<DifferingValue> DifferingValues(std::vector<NamedValue> const& one,
   return found;
 }
 
-std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item) {
+std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item) { return ValuesOf(item, FieldsOf(item)); }
+
+std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item, std::vector<Field> const& fields) {
   std::vector<NamedValue> values;
-  for (Field const& field : FieldsOf(item))
-    values.push_back({field.name, ValueOf(item, field), 0, field.unit});
+  values.reserve(fields.size());
+  for (Field const& field : fields) {
+    values.push_back({field.name, ValueOf(item, field), 0, field.unit, field.isNoteUnit});
+  }
   return values;
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "desk/open/fields.h"
 #include "desk/open/pure_component.h"
 #include "desk/words/table.h"
 
@@ -13,8 +14,9 @@ namespace zel::desk {
 struct NamedValue {
   std::string name;
   Cell value;
-  std::int64_t code = 0;  // what is stored, if the value is a word for it
-  std::string unit = {};  // internal unit of a number
+  std::int64_t code = 0;    // what is stored, if the value is a word for it
+  std::string unit = {};    // internal unit of a number
+  bool isNoteUnit = false;  // see Field
 
   bool operator==(NamedValue const& o) const {
     return name == o.name && value == o.value && code == o.code;
@@ -30,11 +32,14 @@ struct DifferingValue {
   Cell one;
   Cell other;
   std::string unit;  // internal unit of both; numbers in different units are texts with theirs
+  bool isNoteUnit = false;
 };
 std::vector<DifferingValue> DifferingValues(std::vector<NamedValue> const& one,
                                             std::vector<NamedValue> const& other);
 // The values of an item just read, by the fields of its type.
 std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item);
+// The same by fields that have the units of notes.
+std::vector<NamedValue> ValuesOf(zel::IZelBankDef& item, std::vector<Field> const& fields);
 // The values of a pure component, without those that are missing.
 std::vector<NamedValue> ValuesOf(PureComponent const& component);
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "desk/notes/parameter_meanings.h"
 #include "desk/open/component_name.h"
 #include "desk/open/field_text.h"
 #include "desk/open/fields.h"
@@ -31,14 +32,20 @@ class ItemRows final : public RowForm {
       : target_(target),
         item_(BankOfType(target.bank.type)),
         old_(BankOfType(target.bank.type)),
-        facts_(*item_) {
-    std::vector<Field> const fields = FieldsOf(*item_);
+        facts_(*item_),
+        all_(FieldsIn(*target.library, target.bank, *item_)) {
+    std::vector<Field> const& fields = all_;
     std::vector<std::string> candidates;
     for (Field const& field : fields) {
       candidates.push_back(field.name);
       std::optional<TableColumn> column = TakeColumn(columns, {field.name});
       if (!column) continue;
-      DisplayUnits units = column->UnitsFor(field.unit, target.units);
+      DisplayUnits units;
+      if (field.isNoteUnit) {
+        RefuseOtherUnit(*column, field.unit);
+      } else {
+        units = column->UnitsFor(field.unit, target.units);
+      }
       fields_.push_back({std::move(*column), field, std::move(units)});
     }
     TakeGroups(columns, fields, candidates);
@@ -60,7 +67,7 @@ class ItemRows final : public RowForm {
     std::vector<NamedValue> before;
     if (isThere) {
       Once(StoredWords(*key), row.line);
-      before = ValuesOf(*item_);
+      before = ValuesOf(*item_, all_);
       library.Maint().ReadItem(old_.get(), bank, key.get());
     }
     if (!isThere) {
@@ -77,12 +84,12 @@ class ItemRows final : public RowForm {
       }
     }
     SetGroups(row, shown);
-    std::vector<NamedValue> const wanted = ValuesOf(*item_);
+    std::vector<NamedValue> const wanted = ValuesOf(*item_, all_);
     if (!library.Maint().WriteItem(item_.get(), bank, key.get()) ||
         !library.Maint().ReadItem(item_.get(), bank, key.get())) {
       throw Failure(shown + " cannot be written" + WhyNotFound(library, *item_, words));
     }
-    std::vector<NamedValue> const after = ValuesOf(*item_);
+    std::vector<NamedValue> const after = ValuesOf(*item_, all_);
     try {
       CheckStored(wanted, after);
     } catch (Failure const& failure) {
@@ -98,6 +105,12 @@ class ItemRows final : public RowForm {
   }
 
  private:
+  static void RefuseOtherUnit(TableColumn const& column, std::string const& unit) {
+    if (column.Unit().empty() || column.Unit() == unit) return;
+    throw Failure("column " + column.Name() + ": its unit is " + unit +
+                  ", as a note says, and such units are not converted");
+  }
+
   // The item is again what it was before, or not in the bank.
   void TakeBack(bool wasThere, zel::Key& key) {
     zel::LibMaint& maint = target_.library->Maint();
@@ -231,6 +244,7 @@ class ItemRows final : public RowForm {
   zel::Handle<zel::IZelBankDef> item_;
   zel::Handle<zel::IZelBankDef> old_;  // what is there before it is changed
   BankFacts facts_;
+  std::vector<Field> all_;
   std::vector<FieldColumn> fields_;
   std::optional<TableColumn> groups_;  // "1(2) 14(1)"
   std::vector<Field> groupFields_;     // which it sets: how many, their numbers, their counts

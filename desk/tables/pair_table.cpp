@@ -42,6 +42,23 @@ std::int32_t NumberOf(std::vector<Library> const& libraries, std::string const& 
   throw Failure("component " + word + " is in none of the libraries" + NearestTo(word, banks));
 }
 
+// With the unit of a note if the banks of the type agree on it.
+Column ColumnOf(Field const& field, std::vector<Library> const& libraries, zel::IZelBankDef& item) {
+  Column column = {field.name, field.unit};
+  if (!field.unit.empty()) return column;
+  std::set<std::string> units;
+  for (Library const& library : libraries) {
+    for (BankName const& bank : library.Banks(BankFacts(item).type)) {
+      for (Field const& one : FieldsIn(library, bank, item)) {
+        if (one.name == field.name) units.insert(one.unit);
+      }
+    }
+  }
+  if (units.size() == 1) column.unit = *units.begin();
+  column.fixedUnit = true;
+  return column;
+}
+
 }  // namespace
 
 Table PairTable(std::vector<Library> const& libraries, std::string const& type,
@@ -56,7 +73,7 @@ Table PairTable(std::vector<Library> const& libraries, std::string const& type,
   chosen.reserve(fields.size());
   for (std::string const& name : fields) chosen.push_back(FieldNamed(*item, name));
   std::vector<Column> columns = {{"component 1", ""}, {"component 2", ""}};
-  for (Field const& field : chosen) columns.push_back({field.name, field.unit});
+  for (Field const& field : chosen) columns.push_back(ColumnOf(field, libraries, *item));
   columns.push_back({"from", ""});
   Table table("pairs", std::move(columns));
   std::set<std::int32_t> numbers;

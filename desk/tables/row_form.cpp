@@ -38,10 +38,12 @@ std::string Differences(std::vector<NamedValue> const& before, std::vector<Named
   std::string text;
   for (std::size_t i = 0; i < found.size() && i < kMostShown; ++i) {
     DifferingValue const& value = found[i];
-    std::string const unit = units.UnitFor(value.unit);
+    DisplayUnits const none;
+    DisplayUnits const& shown = value.isNoteUnit ? none : units;
+    std::string const unit = shown.UnitFor(value.unit);
     text += (i == 0 ? "" : ", ") + value.name + " " +
-            CellText(ShownCell(value.one, units, value.unit)) + " to " +
-            CellText(ShownCell(value.other, units, value.unit));
+            CellText(ShownCell(value.one, shown, value.unit)) + " to " +
+            CellText(ShownCell(value.other, shown, value.unit));
     if (!unit.empty()) text += " " + unit;
   }
   if (found.size() > kMostShown) {

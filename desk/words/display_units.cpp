@@ -352,10 +352,15 @@ Table InDisplayUnits(Table const& table, DisplayUnits const& units) {
   std::size_t unitColumn = columns.size();
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (columns[i].name == "unit") unitColumn = i;
-    columns[i].unit = units.UnitFor(columns[i].unit);
+    if (!columns[i].fixedUnit) columns[i].unit = units.UnitFor(columns[i].unit);
   }
   Table shown(table.Name(), std::move(columns));
-  for (std::vector<Cell> const& row : table.Rows()) {
+  for (std::size_t at = 0; at < table.Rows().size(); ++at) {
+    std::vector<Cell> const& row = table.Rows()[at];
+    if (table.IsAsIs(at)) {
+      shown.AddAsIs(row);
+      continue;
+    }
     auto const* const named =
         unitColumn < row.size() ? std::get_if<std::string>(&row[unitColumn]) : nullptr;
     std::vector<Cell> cells = row;
@@ -366,7 +371,8 @@ Table InDisplayUnits(Table const& table, DisplayUnits const& units) {
           column.unit.empty() && named && (column.name == "value" || column.unitInRow);
       any = any || isOfRow;
       if (isOfRow) cells[i] = ShownCell(row[i], units, *named);
-      if (!column.unit.empty()) cells[i] = ShownCell(row[i], units, column.unit);
+      bool const isOfColumn = !column.unit.empty() && !column.fixedUnit;
+      if (isOfColumn) cells[i] = ShownCell(row[i], units, column.unit);
     }
     if (any) cells[unitColumn] = Text(units.UnitFor(*named));
     shown.Add(std::move(cells));

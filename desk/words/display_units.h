@@ -72,9 +72,9 @@ double ToInternal(double value, std::string const& word, std::string const& unit
 // A cell of a value that is in the internal unit `unit`, in display units; a text that is a list of
 // numbers is converted too.
 Cell ShownCell(Cell const& cell, DisplayUnits const& units, std::string const& unit);
-// The table with its numbers in display units: those of a column that has a unit, and those of
-// columns whose unit is in a column "unit" of the same row: "value", and any that is marked with
-// `unitInRow`.
+// The table with its numbers in display units: those of a column that has a unit which is not
+// fixed, and those of columns whose unit is in a column "unit" of the same row: "value", and any
+// that is marked with `unitInRow`. Rows of AddAsIs stay as they are.
 Table InDisplayUnits(Table const& table, DisplayUnits const& units);
 
 }  // namespace zel::desk

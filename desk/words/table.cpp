@@ -2,6 +2,7 @@
 
 #include <zelaccess/Types.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -56,6 +57,15 @@ Table::Table(std::string name, std::vector<Column> columns)
 void Table::Add(std::vector<Cell> row) {
   row.resize(columns_.size());
   rows_.push_back(std::move(row));
+}
+
+void Table::AddAsIs(std::vector<Cell> row) {
+  asIs_.push_back(rows_.size());
+  Add(std::move(row));
+}
+
+bool Table::IsAsIs(std::size_t row) const {
+  return std::binary_search(asIs_.begin(), asIs_.end(), row);
 }
 
 }  // namespace zel::desk

@@ -3,6 +3,7 @@
 #ifndef ZELACCESS_DESKTABLE_H
 #define ZELACCESS_DESKTABLE_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <type_traits>
@@ -67,6 +68,7 @@ struct Column {
   bool unitInRow = false;  ///< The unit of each number is in the column "unit" of its row.
   bool hidden = false;     ///< For programs: not shown in text.
   std::string none = {};   ///< What text shows for an empty cell; empty: a dash.
+  bool fixedUnit = false;  ///< Its numbers are not converted to display units.
 };
 
 /// A name, columns, and rows with a cell for each column.
@@ -85,6 +87,13 @@ class ZEL_DESK_API Table {
   void Add(Values&&... values) {
     Add(RowOf(std::forward<Values>(values)...));
   }
+  /// Adds a row whose numbers are not converted to display units, whatever its unit.
+  /// \param row  as many cells as columns; cells that are missing at its end hold nothing
+  void AddAsIs(std::vector<Cell> row);
+  /// Says whether the numbers of a row are not converted.
+  /// \param row  from 0, less than the number of rows
+  /// \return true for a row of AddAsIs
+  bool IsAsIs(std::size_t row) const;
   /// Says whether it has no rows.
   /// \return true if it has none
   bool Empty() const { return rows_.empty(); }
@@ -102,6 +111,7 @@ class ZEL_DESK_API Table {
   std::string name_;
   std::vector<Column> columns_;
   std::vector<std::vector<Cell>> rows_;
+  std::vector<std::size_t> asIs_;  // rows that are not converted, in ascending order
 };
 
 }  // namespace zel::desk

@@ -196,12 +196,23 @@ TEST_F(CurveEditTest, ANewRecord) {
 }
 
 TEST_F(CurveEditTest, MissingCoefficientsAreAWarning) {
-  json const report = Edit("ETHANOL VaporPressure --equation 20 --coefficients 94 -4917");
+  json const report = Edit("ETHANOL VaporPressure --equation 20 --coefficients 94 -4917 --ref 5");
   EXPECT_EQ(report["warning"],
             "VaporPressure: equation 20 usually has 5 coefficients, but the record has 2; missing "
             "ones count as 0");
-  EXPECT_FALSE(
-      Edit("ETHANOL VaporPressure --coefficients 94 -4917 -13.7 0.02 1").contains("warning"));
+  EXPECT_FALSE(Edit("ETHANOL VaporPressure --coefficients 94 -4917 -13.7 0.02 1 --ref 6")
+                   .contains("warning"));
+}
+
+TEST_F(CurveEditTest, OtherCoefficientsOfACodeAreAWarning) {
+  EXPECT_EQ(Edit("ETHANOL VaporPressure --equation 1 --coefficients 94 1")["warning"],
+            "VaporPressure: reference code 11 is kept; --ref gives another");
+  EXPECT_FALSE(Edit("ETHANOL VaporPressure --coefficients 94 1").contains("warning")) << "the same";
+  EXPECT_FALSE(Edit("ETHANOL VaporPressure --range 200K:300K").contains("warning"));
+  EXPECT_FALSE(Edit("ETHANOL VaporPressure --coefficients 95 --ref 7").contains("warning"));
+  EXPECT_EQ(Edit("ETHANOL VaporPressure --equation 20 --coefficients 94 1")["warning"],
+            "VaporPressure: reference code 7 is kept; --ref gives another; VaporPressure: equation "
+            "20 usually has 5 coefficients, but the record has 2; missing ones count as 0");
 }
 
 // A new record can be in any unit of its class, and in that of an evaluated value.

@@ -67,7 +67,8 @@ TEST_F(ParametersTest, AMeaningIsSetForABankOrForAllOfItsType) {
   EXPECT_EQ(Parameter("TWO", "alphaij")["unit"], "-") << "a pure number";
   json const show = Json("show own/own.lb1 NRTL:TWO 10000007 10000326");
   EXPECT_EQ(Row(show["parameters"], "field", "bij")["meaning"], "in other units");
-  EXPECT_TRUE(Row(show["fields"], "field", "bij")["unit"].is_null());
+  EXPECT_EQ(Row(show["fields"], "field", "bij")["unit"], "cal/mol");
+  EXPECT_TRUE(Row(show["fields"], "field", "alphaij")["unit"].is_null()) << "a pure number";
   json const pairs = Json("pairs NRTL -l own/own.lb1 --fields bij")["parameters"];
   EXPECT_EQ(pairs.size(), 4U) << "the equation and the field of both banks";
   EXPECT_EQ(Row(pairs, "from", "own/own.lb1:TWO")["field"], "equation");
@@ -85,8 +86,71 @@ TEST_F(ParametersTest, NumbersAreNotConvertedByTheUnitOfANote) {
   Good("parameters own/own.lb1 set NRTL bij 'energy / R' --unit K");
   json const show = Json("show own/own.lb1 NRTL:ONE 10000007 10000326 --units degC");
   EXPECT_EQ(Row(show["fields"], "field", "bij")["value"], -29.2);
+  EXPECT_EQ(Row(show["fields"], "field", "bij")["unit"], "K");
   EXPECT_EQ(Row(show["parameters"], "field", "bij")["unit"], "K");
   EXPECT_EQ(Json("pairs NRTL -l own/own.lb1 --fields bij --units degC")["pairs"][0]["bij"], -29.2);
+}
+
+// Wherever a parameter is shown, it has the unit of its note.
+TEST_F(ParametersTest, TheUnitOfANoteIsShown) {
+  Good("parameters own/own.lb1 set NRTL bij 'energy / R' --unit K");
+  for (char const* units : {"", " --units degC"}) {
+    json const pairs = Json(std::string("pairs NRTL -l own/own.lb1 --fields bij") + units);
+    EXPECT_EQ(pairs["units"]["pairs"]["bij"], "K") << units;
+    EXPECT_EQ(pairs["pairs"][0]["bij"], -29.2) << units;
+    for (char const* file : {"1", "2"}) {
+      std::string const own = std::string("own/own.lb") + file;
+      std::filesystem::copy_file(Folder() / own, Folder() / (std::string("old.lb") + file));
+    }
+    json const row =
+        Json(std::string("edit own/own.lb1 ONE 10000007 10000326 bij=5") + units)["changes"][0];
+    EXPECT_EQ(row["unit"], "K") << units;
+    EXPECT_EQ(row["old"], -29.2) << units;
+    EXPECT_EQ(row["new"], 5) << units;
+    json const diff = Json(std::string("diff old.lb1 own/own.lb1") + units)["differences"][0];
+    EXPECT_EQ(diff["field"], "bij") << units;
+    EXPECT_EQ(diff["unit"], "K") << units;
+    EXPECT_EQ(diff["second"], 5) << units;
+    json const log = Json(std::string("log own/own.lb1 --last 1") + units)["differences"][0];
+    EXPECT_EQ(log["unit"], "K") << units;
+    EXPECT_EQ(log["before"], -29.2) << units;
+    json const undo = Json(std::string("undo own/own.lb1") + units)["differences"][0];
+    EXPECT_EQ(undo["unit"], "K") << units;
+    EXPECT_EQ(undo["after"], -29.2) << units;
+    for (char const* file : {"old.lb1", "old.lb2"}) std::filesystem::remove(Folder() / file);
+  }
+  // Banks that do not agree have no unit in common.
+  Good("parameters own/own.lb1 set NRTL:TWO bij 'in other units' --unit cal/mol");
+  EXPECT_TRUE(Has(Good("pairs NRTL -l own/own.lb1 --fields bij --csv"), ",bij,from"));
+}
+
+TEST_F(ParametersTest, TheUnitOfANoteIsRead) {
+  Good("parameters own/own.lb1 set NRTL bij 'energy / R' --unit K");
+  auto const value = [&] {
+    return Row(Json("show own/own.lb1 NRTL:ONE 10000007 10000326")["fields"], "field",
+               "bij")["value"];
+  };
+  Good("edit own/own.lb1 ONE 10000007 10000326 bij=-30.5K --units degC");
+  EXPECT_EQ(value(), -30.5);
+  Good("edit own/own.lb1 ONE 10000007 10000326 bij=-31 --units degC");
+  EXPECT_EQ(value(), -31);
+  Outcome const other = Zel("edit own/own.lb1 ONE 10000007 10000326 bij=-30C");
+  EXPECT_EQ(other.status, 2);
+  EXPECT_TRUE(Has(other.err, "its unit is K, as a note says")) << other.err;
+  MakeFile("k.csv", "number 1,number 2,bij [K]\n10000007,10000326,-32\n");
+  Good("import own/own.lb1 --table k.csv --bank NRTL:ONE --units degC");
+  EXPECT_EQ(value(), -32);
+  MakeFile("k.csv", "number 1,number 2,bij\n10000007,10000326,-33K\n");
+  EXPECT_TRUE(Has(Good("import own/own.lb1 --table k.csv --bank NRTL:ONE --units degC"),
+                  "bij -32 to -33 K"));
+  EXPECT_EQ(value(), -33);
+  for (char const* table : {"bij [C]\n10000007,10000326,-32", "bij\n10000007,10000326,-32C"}) {
+    MakeFile("c.csv", std::string("number 1,number 2,") + table + "\n");
+    Outcome const bad = Zel("import own/own.lb1 --table c.csv --bank NRTL:ONE --json");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_TRUE(Has(bad.err + bad.out, "its unit is K")) << bad.err << bad.out;
+  }
+  EXPECT_EQ(value(), -33);
 }
 
 TEST_F(ParametersTest, ATableIsImported) {

@@ -63,7 +63,9 @@ Report EditValues(Session& session, Options const& o) {
   report.JsonFacts(PartColumns(), PartMembers(edited.parts));
   if (!edited.copiedFrom.empty()) report.Fact("copied from", edited.copiedFrom);
   if (!edited.same.empty()) report.Fact("already so", Texts(edited.same));
-  for (std::string const& warning : edited.warnings) report.Warning("warning", Text(warning));
+  std::string warnings;
+  for (std::string const& one : edited.warnings) warnings += (warnings.empty() ? "" : "; ") + one;
+  if (!warnings.empty()) report.Warning("warning", Text(warnings));
   bool const isChanged = edited.IsChanged();
   report.Fact("changed", static_cast<std::int64_t>(edited.changes.Rows().size()));
   report.Add(std::move(edited.changes));

@@ -42,9 +42,11 @@ Report Log(Session& session, Options const& o) {
     Cell const number = std::int64_t{change.number};
     changes.Add(number, Text(change.record.time), Text(change.record.command),
                 Text(NoteOn(change)));
-    for (std::vector<Cell> row : change.differences.Rows()) {
+    for (std::size_t i = 0; i < change.differences.Rows().size(); ++i) {
+      std::vector<Cell> row = change.differences.Rows()[i];
       row.insert(row.begin(), number);
-      differences.Add(std::move(row));
+      bool const isAsIs = change.differences.IsAsIs(i);
+      isAsIs ? differences.AddAsIs(std::move(row)) : differences.Add(std::move(row));
     }
   }
   Report report;

@@ -163,8 +163,10 @@ Report Show(Session& session, Options const& o) {
   report.Fact("from", Text(source));
   Table& table =
       report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});
-  for (Field const& field : FieldsOf(*item)) {
-    table.Add(field.name, ValueOf(*item, field), Text(field.unit), Text(field.label));
+  for (Field const& field : FieldsIn(library, bank, *item)) {
+    std::vector<Cell> row =
+        RowOf(field.name, ValueOf(*item, field), Text(field.unit), Text(field.label));
+    field.isNoteUnit ? table.AddAsIs(std::move(row)) : table.Add(std::move(row));
   }
   Table meanings("parameters", MeaningColumns(""));
   AddMeanings(MeaningIn(library, bank, *item), "", meanings);
