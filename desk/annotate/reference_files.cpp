@@ -24,6 +24,7 @@ struct FileReference {
   std::string text;
   std::string doi;
   std::string why;
+  bool isEmpty = false;  // a code that nothing is cited for
 };
 
 bool IsBibTeX(std::string const& path) {
@@ -62,7 +63,8 @@ std::vector<FileReference> FromBibTeX(std::string const& path, ReferenceImport c
   }
   std::vector<FileReference> references;
   for (BibEntry const& entry : entries) {
-    FileReference one{entry.line, CodeIn(entry), CitationText(entry), entry.Field("doi"), ""};
+    FileReference one{entry.line, CodeIn(entry), CitationText(entry), entry.Field("doi"),
+                      "",         false};
     if (one.code.empty() && options.first) {
       while (taken.count(next) != 0) ++next;
       one.code = std::to_string(next++);
@@ -94,8 +96,8 @@ std::vector<FileReference> FromTable(std::string const& path, ReferenceImport co
   if (!code || !text) throw Failure(path + ": has no columns code and citation");
   std::vector<FileReference> references;
   for (TextRow const& row : table.rows) {
-    FileReference one{row.line, code->In(row), text->In(row), doi ? doi->In(row) : "", ""};
-    if (one.text.empty()) continue;  // a code that nothing is cited for
+    FileReference one{row.line, code->In(row), text->In(row), doi ? doi->In(row) : "", "", false};
+    one.isEmpty = one.text.empty();
     references.push_back(std::move(one));
   }
   return references;
@@ -138,6 +140,10 @@ class Importer {
   }
 
   void Put(FileReference const& one) {
+    if (one.isEmpty) {
+      ++result_.unused;
+      return;
+    }
     if (!one.why.empty()) throw Failure(one.why);
     Citation const citation = MakeCitation(CodeOf(one.code), one.text, one.doi);
     auto const [at, isFirst] = lines_.emplace(citation.code, one.line);

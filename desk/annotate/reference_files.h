@@ -23,7 +23,7 @@ struct ImportedReferences {
   std::int64_t isNew = 0;
   std::int64_t changed = 0;
   std::int64_t same = 0;
-  std::int64_t unused = 0;  // left out, because no data have the code
+  std::int64_t unused = 0;  // left out: no data have the code, or the row has no citation
   std::int64_t refused = 0;
   Table rows;  // those that are new, changed or refused
 

@@ -86,16 +86,7 @@ std::vector<std::pair<Place, Citation>> Present(Library const& library, Place co
 std::vector<std::pair<BankName, CodeCounts>> UsesIn(Library const& library, Place const& bank) {
   std::vector<std::pair<BankName, CodeCounts>> uses;
   for (BankName const& one : bank ? std::vector<BankName>{*bank} : library.Banks()) {
-    zel::Handle<zel::IZelBankDef> const item = BankOrNone(one.type);
-    if (!item) continue;  // a type that this program does not know
-    CodeCounts counts;
-    std::int32_t words[10] = {};
-    library.Walk(one, [&] {
-      library.Maint().BeginItemWalk(one.type.c_str(), one.name.c_str());
-      while (library.Maint().NextItem(words, item.get())) AddCodes(*item, counts);
-    });
-    library.Maint().EndItemWalk();
-    uses.emplace_back(one, std::move(counts));
+    uses.emplace_back(one, CodesIn(library, one));
   }
   return uses;
 }

@@ -13,6 +13,7 @@
 #include "desk/notes/merged_citations.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/members.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -84,8 +85,9 @@ Flattened Flattener::Take() {
   for (std::size_t i = 0; i < list_.Count(); ++i) {
     result_.taken.Add(list_.Name(i), ToText(components), counts_[i].items, counts_[i].constants,
                       counts_[i].correlations);
-    CarryNotes(LibraryAt(list_, i), BankAt(list_, i), *PureComponent().Def(), counts_[i].codes, to_,
-               components);
+    Append(result_.citations,
+           CarryNotes(LibraryAt(list_, i), BankAt(list_, i), *PureComponent().Def(),
+                      counts_[i].codes, to_, components));
   }
   result_.components = static_cast<std::int64_t>(written_.size());
   for (std::size_t i = 0; i < list_.Libraries().size(); ++i) {
@@ -187,7 +189,7 @@ void Flattener::Bank(std::size_t library, BankName const& bank) {
     ++taken;
     AddCodes(*item, codes);
   }
-  CarryNotes(from, bank, *item, codes, to_, target);
+  Append(result_.citations, CarryNotes(from, bank, *item, codes, to_, target));
   result_.items += taken;
   result_.taken.Add(from.Path() + ":" + bank.name, ToText(target), taken, Cell(), Cell());
 }

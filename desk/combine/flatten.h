@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/notes/carried_notes.h"
 #include "desk/open/library.h"
 #include "desk/open/preference_list.h"
 #include "desk/words/table.h"
@@ -21,6 +22,7 @@ struct Flattened {
   Table taken;    // what came from where: for each source and bank its items and, of components,
                   // the constants and correlations
   Table leftOut;  // banks of types that this program does not know
+  std::vector<CitationConflict> citations;  // that the new library does not have
 
   Flattened();
 };

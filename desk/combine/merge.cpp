@@ -108,7 +108,9 @@ void Merger::Bank(BankName const& bank) {
     parts_ = words.Of(stored);
     Item(bank, ours, theirs, stored, Joined(parts_), counts);
   }
-  if (!IsListing()) CarryNotes(from_, bank, theirs.Def(), counts.codes, library_, bank);
+  if (!IsListing()) {
+    Append(result_.citations, CarryNotes(from_, bank, theirs.Def(), counts.codes, library_, bank));
+  }
   result_.banks.Add(ToText(bank), counts.added, counts.same, counts.differing);
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/notes/carried_notes.h"
 #include "desk/open/identity_conflict.h"
 #include "desk/open/library.h"
 #include "desk/words/table.h"
@@ -28,6 +29,7 @@ struct Merged {
   Table banks;        // for each bank the numbers of items: added, same, differing
   Table differences;  // with kList, a row for each field that differs
   std::vector<IdentityConflict> conflicts;  // components that mean different substances
+  std::vector<CitationConflict> citations;  // of data that were merged
 
   Merged();
 };

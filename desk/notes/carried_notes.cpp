@@ -15,9 +15,26 @@ void TellConflict(Citation const& ours, Citation const& theirs, Library const& f
                       "\" in " + from.Path() + ":" + ToText(fromBank) + "; the former is kept");
 }
 
+// Gives the bank a citation of its own if all of its data with the code come from one that cites it
+// so; false if they do not, or if its memo has no room.
+bool KeepInBank(Citation const& citation, std::int64_t copied, Library const& to,
+                BankName const& toBank) {
+  CodeCounts const all = CodesIn(to, toBank);
+  auto const at = all.find(citation.code);
+  if (at == all.end() || at->second != copied) return false;
+  NoteLines lines(MemoIn(to, toBank));
+  lines.Set(NoteOf(citation));
+  std::string const memo = lines.ToText();
+  if (memo.size() > kLongestMemo) return false;
+  SetMemoIn(to, toBank, memo);
+  return true;
+}
+
 // A citation for all data of `from` becomes one for all data of `to`, so that memos of banks stay.
-void CarryCitations(Library const& from, BankName const& fromBank, CodeCounts const& codes,
-                    Library const& to, BankName const& toBank) {
+std::vector<CitationConflict> CarryCitations(Library const& from, BankName const& fromBank,
+                                             CodeCounts const& codes, Library const& to,
+                                             BankName const& toBank) {
+  std::vector<CitationConflict> conflicts;
   Citations theirs;
   Citations ours;  // of other codes than those that are written here
   for (auto const& [code, count] : codes) {
@@ -28,9 +45,14 @@ void CarryCitations(Library const& from, BankName const& fromBank, CodeCounts co
       bool const isOfBank = theirs.FindOwn(from, fromBank, code) != nullptr;
       SetCitation(to, isOfBank ? std::optional(toBank) : std::nullopt, *citation);
     } else if (!(*there == *citation)) {
+      if (ours.FindOwn(to, toBank, code) == nullptr && KeepInBank(*citation, count, to, toBank)) {
+        continue;
+      }
       TellConflict(*there, *citation, from, fromBank, to, toBank);
+      conflicts.push_back({ToText(toBank), *there, *citation, from.Path() + ":" + fromBank.name});
     }
   }
+  return conflicts;
 }
 
 std::string Described(Note const& note) {
@@ -66,10 +88,22 @@ void CarryMeanings(Library const& from, BankName const& fromBank, zel::IZelBankD
 
 }  // namespace
 
-void CarryNotes(Library const& from, BankName const& fromBank, zel::IZelBankDef& item,
-                CodeCounts const& codes, Library const& to, BankName const& toBank) {
-  CarryCitations(from, fromBank, codes, to, toBank);
+std::vector<CitationConflict> CarryNotes(Library const& from, BankName const& fromBank,
+                                         zel::IZelBankDef& item, CodeCounts const& codes,
+                                         Library const& to, BankName const& toBank) {
+  auto conflicts = CarryCitations(from, fromBank, codes, to, toBank);
   CarryMeanings(from, fromBank, item, to, toBank);
+  return conflicts;
+}
+
+Table ConflictTable(std::vector<CitationConflict> const& conflicts) {
+  Table table("cited otherwise",
+              {{"code", ""}, {"bank", ""}, {"kept", ""}, {"other", ""}, {"from", ""}});
+  for (CitationConflict const& one : conflicts) {
+    table.Add(std::int64_t{one.kept.code}, one.bank, NoteOf(one.kept).text, NoteOf(one.other).text,
+              one.from);
+  }
+  return table;
 }
 
 }  // namespace zel::desk

@@ -72,4 +72,17 @@ void AddCodes(zel::IZelBankDef& item, CodeCounts& counts) {
   }
 }
 
+CodeCounts CodesIn(Library const& library, BankName const& bank) {
+  CodeCounts counts;
+  zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
+  if (!item) return counts;
+  std::int32_t words[10] = {};
+  library.Walk(bank, [&] {
+    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
+    while (library.Maint().NextItem(words, item.get())) AddCodes(*item, counts);
+  });
+  library.Maint().EndItemWalk();
+  return counts;
+}
+
 }  // namespace zel::desk

@@ -3,6 +3,7 @@ set(zel_TEST_SOURCES
     bad_items_test.cpp
     change_test.cpp
     check_forms_test.cpp
+    citation_conflict_test.cpp
     combine_history_test.cpp
     combine_test.cpp
     commands_test.cpp

@@ -85,6 +85,7 @@ Report Flatten(Session& session, Options const& o) {
     report.Add(std::move(done.leftOut));
   }
   AddWarnings(list, report);
+  AddCitationConflicts(session, done.citations, report);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }
@@ -98,12 +99,15 @@ MergeSide SideOf(Options const& o) {
   return o.list ? MergeSide::kList : MergeSide::kRefuse;
 }
 
-void AddMerged(Merged merged, bool isList, Report& report) {
+void AddMerged(Session const& session, Merged merged, bool isList, Report& report) {
   report.Add(std::move(merged.banks));
   if (isList) report.Add(std::move(merged.differences), ItemColumns());
+  AddCitationConflicts(session, merged.citations, report);
   if (merged.conflicts.empty()) return;
+  std::size_t const count = merged.conflicts.size();
   report.Warning("identity warning",
-                 std::to_string(merged.conflicts.size()) + " components mean different substances");
+                 (count == 1 ? "1 component means" : std::to_string(count) + " components mean") +
+                     std::string(" different substances"));
   report.Add(IdentityTable(merged.conflicts));
 }
 
@@ -118,11 +122,11 @@ Report Merge(Session& session, Options const& o) {
   Waiting const waiting("merging " + o.from);
   Report report;
   if (o.list) {
-    AddMerged(Merge(OpenFinished(session, o.path), from, options), true, report);
+    AddMerged(session, Merge(OpenFinished(session, o.path), from, options), true, report);
     return report;
   }
   LibraryChange change(session, o.path, o.change);
-  AddMerged(Merge(change.Open(), from, options), false, report);
+  AddMerged(session, Merge(change.Open(), from, options), false, report);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }

@@ -57,7 +57,8 @@ int CopyItem(Library const& from, Library const& to, BankName const& bank, zel::
   return 1;
 }
 
-std::int64_t CopyBank(Library const& from, Library const& to, BankName const& bank, bool replace) {
+std::int64_t CopyBank(Library const& from, Library const& to, BankName const& bank, bool replace,
+                      std::vector<CitationConflict>& conflicts) {
   MakeBankLike(from, to, bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
   KeyWords words(from, *item);
@@ -70,11 +71,12 @@ std::int64_t CopyBank(Library const& from, Library const& to, BankName const& ba
     copied += CopyItem(from, to, bank, *item, stored, Joined(words.Of(stored)), replace, codes);
     progress.Step();
   }
-  CarryNotes(from, bank, *item, codes, to, bank);
+  Append(conflicts, CarryNotes(from, bank, *item, codes, to, bank));
   return copied;
 }
 
-std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
+std::int64_t CopyOne(Library const& from, Library const& to, Options const& o,
+                     std::vector<CitationConflict>& conflicts) {
   BankName const bank = from.Bank(o.banks.front());
   MakeBankLike(from, to, bank);
   zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
@@ -87,7 +89,7 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o) {
   CodeCounts codes;
   int const copied = CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords},
                               Joined(o.words), o.replace, codes);
-  CarryNotes(from, bank, *item, codes, to, bank);
+  Append(conflicts, CarryNotes(from, bank, *item, codes, to, bank));
   return copied;
 }
 
@@ -107,10 +109,11 @@ Report Copy(Session& session, Options const& o) {
       isNew ? LibraryChange::New(session, o.path, {zel::libKind11, false, ModeOf(o.mode)}, o.change)
             : ExistingLibrary(session, o.path, o.change, "--create makes it");
   Library const& to = change.Open();
+  std::vector<CitationConflict> conflicts;
   Report report;
   Table& table = report.Begin("copied", {{"bank", ""}, {"items", ""}});
   if (!o.words.empty()) {
-    table.Add(ToText(from.Bank(o.banks.front())), CopyOne(from, to, o));
+    table.Add(ToText(from.Bank(o.banks.front())), CopyOne(from, to, o, conflicts));
   } else {
     std::vector<BankName> banks = o.banks.empty() ? DataBanks(from) : std::vector<BankName>();
     for (std::string const& word : o.banks) banks.push_back(from.Bank(word));
@@ -118,9 +121,10 @@ Report Copy(Session& session, Options const& o) {
     std::stable_partition(banks.begin(), banks.end(),
                           [](BankName const& bank) { return bank.type == "PURECOMP"; });
     for (BankName const& bank : banks) {
-      table.Add(ToText(bank), CopyBank(from, to, bank, o.replace));
+      table.Add(ToText(bank), CopyBank(from, to, bank, o.replace, conflicts));
     }
   }
+  AddCitationConflicts(session, conflicts, report);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <set>
 
 #include "desk/words/failure.h"
 
@@ -66,6 +67,24 @@ void AddWarnings(PreferenceList const& list, Report& report) {
   report.Warning("identity warning", "the sources contradict each other about the identity of " +
                                          CellText(Texts(words)));
   report.Add(IdentityTable(list.Accepted()));
+}
+
+void AddCitationConflicts(Session const& session, std::vector<CitationConflict> const& conflicts,
+                          Report& report) {
+  if (conflicts.empty()) return;
+  std::set<std::uint32_t> codes;
+  for (CitationConflict const& one : conflicts) codes.insert(one.kept.code);
+  std::string const text =
+      (codes.size() == 1 ? "1 code is" : std::to_string(codes.size()) + " codes are") +
+      " cited in different ways";
+  if (session.isStrict) {
+    CitationConflict const& first = conflicts.front();
+    throw Failure(text + "; code " + std::to_string(first.kept.code) + " of " + first.bank +
+                  " as \"" + first.kept.text + "\" and, in " + first.from + ", as \"" +
+                  first.other.text + "\"");
+  }
+  report.Warning("citation warning", text + "; give the data of one source another code");
+  report.Add(ConflictTable(conflicts));
 }
 
 void PutInPlaceAfter(Report& report, LibraryChange change) {

@@ -5,9 +5,11 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "commands/command.h"
 #include "desk/change/library_change.h"
+#include "desk/notes/carried_notes.h"
 #include "desk/open/preference_list.h"
 
 namespace zelhost {
@@ -30,6 +32,10 @@ void AddSourceOptions(Command& command, SourceOptions& options);
 // Adds a warning and a table of the conflicts that were accepted; call it when the report has its
 // other tables.
 void AddWarnings(PreferenceList const& list, Report& report);
+// Adds a warning and a table of the codes that are cited in different ways, if there are any.
+// Throws Failure instead with --strict.
+void AddCitationConflicts(Session const& session, std::vector<CitationConflict> const& conflicts,
+                          Report& report);
 // Puts the change in place when the report is made. After a dry run the report says that nothing
 // was changed.
 void PutInPlaceAfter(Report& report, LibraryChange change);
