@@ -23,8 +23,10 @@ constexpr std::int32_t kPerMass = 2;
 // The first code from `begin` to before `end` that has this name; 0 if there is none.
 std::int32_t FirstCode(std::string const& name, std::int32_t begin, std::int32_t end) {
   if (name.empty()) return 0;
+  std::string const wanted = LowerCase(name);
   for (std::int32_t code = begin; code < end; ++code) {
-    if (LowerCase(zel::GetUnitCodeName(code)) == LowerCase(name)) return code;
+    std::string_view const one = zel::GetUnitCodeName(code);  // most codes are not in use
+    if (one.size() == wanted.size() && LowerCase(std::string(one)) == wanted) return code;
   }
   return 0;
 }
