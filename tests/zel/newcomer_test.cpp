@@ -33,6 +33,8 @@ TEST_F(NewcomerTest, HelpIsACommandToo) {
   EXPECT_EQ(Good("help"), Good("--help"));
   EXPECT_EQ(Good("help undo"), Good("undo --help"));
   EXPECT_EQ(Good("help undo own.lb1"), Good("undo --help"));
+  Fails("help edti", kWrongUsage, "'edti' is not a zel command; did you mean edit?");
+  Fails("foo --help", kWrongUsage, "'foo' is not a zel command; see zel --help");
 }
 
 TEST_F(NewcomerTest, MissingWordsAreShownInTheirLine) {

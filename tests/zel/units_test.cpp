@@ -171,5 +171,25 @@ TEST_F(UnitsTest, TheEnvironmentNamesThemToo) {
   EXPECT_NE(option.out.find("NBP [K]"), std::string::npos) << option.out << option.err;
 }
 
+// The sentences stay, because a baseline knows a finding by its text.
+TEST_F(UnitsTest, NumbersOfFindingsAreInDisplayUnitsAndSentencesAreNot) {
+  nlohmann::json const kept = Json("check perry.lb1")["findings"];
+  nlohmann::json const shown = Json("check perry.lb1 --units bar,C")["findings"];
+  ASSERT_EQ(kept.size(), shown.size());
+  int count = 0;
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    EXPECT_EQ(shown[i]["what"], kept[i]["what"]);
+    if (kept[i]["unit"] != "kPa" || !kept[i]["expected_from"].is_number()) continue;
+    ++count;
+    constexpr double kPerBar = 100.0;
+    double const value = kept[i]["value"];
+    double const from = kept[i]["expected_from"];
+    EXPECT_EQ(shown[i]["unit"], "bar");
+    EXPECT_NEAR(shown[i]["value"], value / kPerBar, 1e-9 * value);
+    EXPECT_NEAR(shown[i]["expected_from"], from / kPerBar, 1e-9 * from);
+  }
+  EXPECT_GT(count, 0);
+}
+
 }  // namespace
 }  // namespace zel::test

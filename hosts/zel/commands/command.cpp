@@ -54,17 +54,21 @@ std::string NearestOption(CLI::App const& app, std::string const& command, int c
   return ";";
 }
 
+// That the first word is not a command, and which one is like it; empty if it is one or an option.
+std::string WhyNoCommand(CLI::App const& app, int count, char** words) {
+  std::string const first = count > 1 ? words[1] : "";
+  if (first.empty() || first.front() == '-') return "";
+  auto const isFirst = [&](CLI::App const* command) { return command->get_name() == first; };
+  if (!app.get_subcommands(isFirst).empty()) return "";
+  return "'" + first + "' is not a zel command" + DidYouMean(first, CommandNames(app)) +
+         " see zel --help";
+}
+
 // What is wrong with the command line, and which help to look at.
 std::string Complaint(CLI::App const& app, CLI::ParseError const& error, int count, char** words) {
   char const* const first = count > 1 ? words[1] : "";
+  if (std::string why = WhyNoCommand(app, count, words); !why.empty()) return why;
   if (*first != '-' && *first != '\0') {
-    bool const isCommand =
-        !app.get_subcommands([&](CLI::App const* command) { return command->get_name() == first; })
-             .empty();
-    if (!isCommand) {
-      return "'" + std::string(first) + "' is not a zel command" +
-             DidYouMean(first, CommandNames(app)) + " see zel --help";
-    }
     return std::string(error.what()) + UsageHint(app, first, error) +
            NearestOption(app, first, count, words) + " see zel " + first + " --help";
   }
@@ -331,6 +335,8 @@ int CommandLine::Run(int given, char** givenWords) {
     app_->parse(count, words);
     return session_.exitStatus;
   } catch (CLI::Success const& wish) {  // --help or --version
+    std::string const why = WhyNoCommand(*app_, count, words);
+    if (!why.empty()) throw WrongUsage(why);
     std::ostringstream text;
     app_->exit(wish, text, text);
     Write(text.str());
