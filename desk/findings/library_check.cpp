@@ -75,12 +75,12 @@ template <typename Work>
 void Part(CheckSteps* steps, std::string const& what, double share, Library const& library,
           Work const& work) {
   if (steps == nullptr) return work();
-  steps->Begin(what, share, library.File());
   {
     struct Leaving {
       CheckSteps& steps;
       ~Leaving() { steps.Leave(); }
     } const leaving{*steps};
+    steps->Begin(what, share, library.File());
     work();
   }
   steps->End();

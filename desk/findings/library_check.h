@@ -25,7 +25,7 @@ class CheckSteps {
   virtual ~CheckSteps() = default;
   // Before a part, which works with the library and is this share of the whole.
   virtual void Begin(std::string const& what, double share, zel::LibFile& library) = 0;
-  // However the part ends; the library may not be used after it.
+  // However the part ends, even if Begin throws; the library may not be used after it.
   virtual void Leave() noexcept = 0;
   // After a part that was done. Throws to end the check.
   virtual void End() = 0;
