@@ -12,8 +12,8 @@ namespace fs = std::filesystem;
 // its loss does not take the change back.
 TEST_F(ChangeTest, ReportThatCannotBeWritten) {
   for (char const* command :
-       {"set perry.lb1 --description y", "memo perry.lb1 --set y --all", "delete perry.lb1 PERRY WATER",
-        "copy perry.lb1 new.lb1 --create", "create none.lb1"}) {
+       {"set perry.lb1 --description y", "memo perry.lb1 --set y --all",
+        "delete perry.lb1 PERRY WATER", "copy perry.lb1 new.lb1 --create", "create none.lb1"}) {
     Outcome const outcome = Zel(std::string(command) + " >/dev/full");
     EXPECT_EQ(outcome.status, 1) << command;
     EXPECT_NE(
