@@ -4,30 +4,15 @@
 #include <utility>
 #include <vector>
 
-#include "frame/ascii.h"
-
 namespace zel {
 namespace {
 
 using Spelling = std::pair<std::string_view, std::string_view>;
 
-// The spelling of a table for an everyday one, by exact letters.
 template <std::size_t count>
 std::string_view Replaced(Spelling const (&spellings)[count], std::string_view word) {
   for (auto const& [everyday, table] : spellings) {
     if (everyday == word) return table;
-  }
-  return word;
-}
-
-// As Replaced, but a long spelling, which is not another one in other letters, in any letters.
-template <std::size_t count>
-std::string_view ReplacedInAnyCase(Spelling const (&spellings)[count], std::string_view word) {
-  constexpr std::size_t kLong = 4;
-  std::string_view const exact = Replaced(spellings, word);
-  if (exact != word || word.size() < kLong) return exact;
-  for (auto const& [everyday, table] : spellings) {
-    if (SameText(everyday, word)) return table;
   }
   return word;
 }
@@ -100,7 +85,7 @@ std::string SideInTable(std::string_view side) {
   for (std::string const& factor : Factors(side)) {
     std::size_t const digits = factor.find_last_not_of("0123456789") + 1;
     if (!joined.empty()) joined += '-';
-    joined += ReplacedInAnyCase(kFactors, std::string_view(factor).substr(0, digits));
+    joined += Replaced(kFactors, std::string_view(factor).substr(0, digits));
     joined += factor.substr(digits);
   }
   return joined;
