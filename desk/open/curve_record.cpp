@@ -20,7 +20,7 @@ constexpr std::int32_t kLastUnitCode = 50999;
 constexpr std::int32_t kPerMole = 1;  // bases
 constexpr std::int32_t kPerMass = 2;
 
-// The first code from `begin` to before `end` that has this name; 0 if there is none.
+// The first code from `begin` to before `end` that has this name; 0 if no code has it.
 std::int32_t FirstCode(std::string const& name, std::int32_t begin, std::int32_t end) {
   if (name.empty()) return 0;
   std::string const wanted = LowerCase(name);
@@ -59,7 +59,7 @@ bool IsPerMole(std::string const& word, zel::ZelCorrelationInfo const& row) {
   return IsSpecific(row) && !UnitNamed(word, row.unit).empty();
 }
 
-// The code in the class of `code` whose unit, per mole, is that of a word; 0 if there is none.
+// The code in the class of `code` whose unit, per mole, is that of a word; 0 if no code has it.
 std::int32_t CodePerMole(std::string const& word, std::int32_t code,
                          zel::ZelCorrelationInfo const& row) {
   std::string const unit = UnitNamed(word, row.unit);

@@ -87,7 +87,7 @@ class PureComponent {
 };
 
 // The derivative of an order, 1 to 3, at a temperature in the record's unit, with respect to the
-// temperature in K; undefined if there is none.
+// temperature in K; undefined where the correlation has no derivative.
 double SlopePerKelvin(PureComponent const& component, std::uint32_t index, Curve const& curve,
                       double temperature, int order);
 

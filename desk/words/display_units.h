@@ -64,7 +64,7 @@ bool IsUnitOrSet(std::string const& word);
 // empty if it is not one. `unit` itself is always one.
 std::string UnitNamed(std::string const& word, std::string const& unit);
 // The first of the names that means the same unit as a word in some dimension, such as "mm Hg" for
-// "mmHg"; empty if there is none. A unit system is not a unit.
+// "mmHg"; empty if it is not a unit. A unit system is not a unit.
 std::string SameUnit(std::string const& word, std::vector<std::string> const& names);
 // A value in the unit `word` as a value in the internal unit `unit`. Throws Failure if it has none.
 double ToInternal(double value, std::string const& word, std::string const& unit);
