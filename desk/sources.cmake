@@ -9,7 +9,6 @@ set(desk_SOURCES
     change/work_folder.cpp
     combine/bank_copy.cpp
     combine/flatten.cpp
-    combine/item_numbers.cpp
     combine/merge.cpp
     combine/renumber.cpp
     compare/beyond_documents.cpp
@@ -19,6 +18,7 @@ set(desk_SOURCES
     compare/coverage.cpp
     compare/curve_deviation.cpp
     compare/library_difference.cpp
+    compare/renumbered_components.cpp
     edit/component_data.cpp
     edit/edit_words.cpp
     edit/field_data.cpp
@@ -50,6 +50,7 @@ set(desk_SOURCES
     notes/item_codes.cpp
     notes/memo.cpp
     notes/merged_citations.cpp
+    notes/note_differences.cpp
     notes/note_lines.cpp
     notes/parameter_meanings.cpp
     notes/utf8.cpp
@@ -62,6 +63,7 @@ set(desk_SOURCES
     open/history.cpp
     open/identity_conflict.cpp
     open/item_key.cpp
+    open/item_numbers.cpp
     open/item_values.cpp
     open/library.cpp
     open/library_path.cpp

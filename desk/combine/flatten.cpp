@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "desk/combine/bank_copy.h"
-#include "desk/combine/item_numbers.h"
+#include "desk/open/item_numbers.h"
 #include "desk/notes/carried_notes.h"
 #include "desk/notes/memo.h"
 #include "desk/notes/merged_citations.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "desk/combine/bank_copy.h"
-#include "desk/combine/item_numbers.h"
+#include "desk/open/item_numbers.h"
 #include "desk/open/component_name.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"

@@ -1,12 +1,21 @@
 #include "desk/compare/library_difference.h"
 
+#include <zelaccess/Key_p.h>
+
 #include <algorithm>
 #include <array>
+#include <map>
+#include <optional>
+#include <set>
 #include <utility>
 
+#include "desk/compare/renumbered_components.h"
+#include "desk/notes/memo.h"
+#include "desk/notes/note_differences.h"
 #include "desk/notes/parameter_meanings.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/item_numbers.h"
 #include "desk/open/item_values.h"
 #include "desk/open/members.h"
 #include "desk/words/failure.h"
@@ -38,9 +47,20 @@ class Difference {
     isNoteUnit ? table_.AddAsIs(std::move(row)) : table_.Add(std::move(row));
   }
   void Field(std::string const& place, char const* field, Cell one, Cell other);
+  void Memos(std::string const& place, std::vector<std::string> const& one,
+             std::vector<std::string> const& other);
   void BankHeader(BankName const& bank);
-  void Item(BankName const& bank, std::vector<std::int32_t> const& stored,
-            std::string const& place);
+  // The item of the second library, by its key in the first one; without those that are there under
+  // the same key.
+  using Followers = std::map<StoredWords, StoredWords>;
+  Followers FollowersIn(BankName const& bank, zel::IZelBankDef& item, ItemNumbers const& numbers,
+                        std::vector<StoredWords> const& a, std::vector<StoredWords> const& b) const;
+  StoredWords Renumbered(StoredWords key, ItemNumbers const& numbers) const;
+  void ItemIn(Library const& library, BankName const& bank, StoredWords const& key,
+              KeyWords& words);
+  void Item(BankName const& bank, StoredWords const& stored, std::string const& place,
+            ItemNumbers const& numbers);
+  bool HasFollowed(DifferingValue const& value, ItemNumbers const& numbers) const;
 
   Library const& one_;
   Library const& other_;
@@ -49,38 +69,100 @@ class Difference {
   std::string bank_;                                // that is compared
   std::array<std::vector<desk::Field>, 2> fields_;  // of its items, in both libraries
   std::vector<std::string> parts_;                  // what names the item that is compared
+  RenumberedComponents renumbered_;
+  bool commonNotesDiffer_ = false;
 };
 
 void Difference::Field(std::string const& place, char const* field, Cell one, Cell other) {
   if (one != other) Row(place, field, std::move(one), std::move(other), Cell());
 }
 
+// The notes in memos for the same data, then the text of the first memo. Notes in another order, or
+// written in another way, are a difference of the memo as a whole.
+void Difference::Memos(std::string const& place, std::vector<std::string> const& one,
+                       std::vector<std::string> const& other) {
+  std::size_t const rows = table_.Rows().size();
+  for (DifferingNote& note : DifferingNotes(one, other)) {
+    Row(place, std::move(note.name), Text(std::move(note.one)), Text(std::move(note.other)),
+        Cell());
+  }
+  Field(place, "memo", Text(TextBesidesNotes(one[0])), Text(TextBesidesNotes(other[0])));
+  if (table_.Rows().size() == rows) Field(place, "memo", Text(one[0]), Text(other[0]));
+}
+
 void Difference::Header() {
   auto const header = [](Library const& library) {
     char description[101] = {};
     char version[13] = {};
-    char memo[kMemoSize] = {};
     library.File().GetDescriptionAndVersion(description, version);
-    library.File().GetMemo(memo);
-    return std::array<std::string, 3>{description, version, memo};
+    return std::array<std::string, 2>{description, version};
   };
   auto const a = header(one_);
   auto const b = header(other_);
-  static constexpr char const* kNames[] = {"description", "version", "memo"};
-  for (std::size_t i = 0; i < a.size(); ++i) Field("library", kNames[i], Text(a[i]), Text(b[i]));
+  Field("library", "description", Text(a[0]), Text(b[0]));
+  Field("library", "version", Text(a[1]), Text(b[1]));
+  std::size_t const rows = table_.Rows().size();
+  Memos("library", CommonMemos(one_), CommonMemos(other_));
+  commonNotesDiffer_ = table_.Rows().size() != rows;
 }
 
+// The notes in the memo of a bank of notes are compared with the header of the library.
 void Difference::BankHeader(BankName const& bank) {
   auto const format = [&](Library const& library) {
     return Cell(std::int64_t{library.Maint().GetBankFormat(bank.type.c_str(), bank.name.c_str())});
   };
-  auto const memo = [&](Library const& library) {
-    char text[kMemoSize] = {};
-    library.Maint().GetBankMemo(bank.type.c_str(), bank.name.c_str(), text);
-    return Text(text);
-  };
   Field(ToText(bank), "format", format(one_), format(other_));
-  Field(ToText(bank), "memo", memo(one_), memo(other_));
+  std::string a = MemoIn(one_, bank);
+  std::string b = MemoIn(other_, bank);
+  bool const isDone = options_.bank.empty() && IsNotesBank(bank) && commonNotesDiffer_;
+  if (isDone) {
+    a = TextBesidesNotes(a);
+    b = TextBesidesNotes(b);
+  }
+  Memos(ToText(bank), {a}, {b});
+}
+
+StoredWords Difference::Renumbered(StoredWords key, ItemNumbers const& numbers) const {
+  if (numbers.AreInField()) return key;
+  numbers.Replace(key, [&](std::int32_t number) {
+    auto const at = renumbered_.numbers.find(number);
+    return at == renumbered_.numbers.end() ? number : at->second;
+  });
+  return key;
+}
+
+Difference::Followers Difference::FollowersIn(BankName const& bank, zel::IZelBankDef& item,
+                                              ItemNumbers const& numbers,
+                                              std::vector<StoredWords> const& a,
+                                              std::vector<StoredWords> const& b) const {
+  Followers followers;
+  if (renumbered_.numbers.empty() || !numbers.HasAny()) return followers;
+  for (StoredWords const& key : a) {
+    StoredWords const moved = Renumbered(key, numbers);
+    if (moved == key) continue;
+    zel::Handle<zel::Key> const named = StoredKey(moved);
+    if (!other_.Maint().ItemExists(&item, bank.name.c_str(), named.get())) continue;
+    // A pair may be stored in the other order.
+    std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*named).GetKeyWords();
+    StoredWords const stored(words, words + key.size());
+    if (std::binary_search(b.begin(), b.end(), stored)) followers[key] = stored;
+  }
+  return followers;
+}
+
+// A row for an item that only one library has. A component of which each library knows another
+// number is named by its number, too.
+void Difference::ItemIn(Library const& library, BankName const& bank, StoredWords const& key,
+                        KeyWords& words) {
+  std::vector<std::string> shown = words.Of(key);
+  parts_ = shown;
+  for (std::size_t i = 0; i < shown.size() && i < key.size(); ++i) {
+    std::string const number = std::to_string(key[i]);
+    if (renumbered_.ambiguous.count(key[i]) == 0 || shown[i] == number) continue;
+    parts_[i] = number;
+    shown[i] += " (" + number + ")";
+  }
+  OnlyIn(library, ToText(bank) + " " + Joined(shown));
 }
 
 // Both lists of keys are in ascending order; equal keys are items that both libraries have.
@@ -93,17 +175,24 @@ void Difference::Bank(BankName const& bank) {
   auto const b = Keys(other_, bank, *item);
   KeyWords wordsA(one_, *item);
   KeyWords wordsB(other_, *item);
+  ItemNumbers const numbers(*item);
+  Followers const followers = FollowersIn(bank, *item, numbers, a, b);
+  std::set<StoredWords> following;
+  for (auto const& [from, to] : followers) following.insert(to);
   if (options_.progress) options_.progress(ToText(bank), a.size());
   std::size_t i = 0, k = 0;
   while (i < a.size() || k < b.size()) {
+    if (k < b.size() && following.count(b[k]) != 0) {
+      ++k;
+      continue;
+    }
     bool const inA = k == b.size() || (i < a.size() && a[i] <= b[k]);
     bool const inB = i == a.size() || (k < b.size() && b[k] <= a[i]);
-    parts_ = inA ? wordsA.Of(a[i]) : wordsB.Of(b[k]);
-    std::string const place = ToText(bank) + " " + Joined(parts_);
-    if (inA && inB) {
-      Item(bank, a[i], place);
+    if (inA && (inB || followers.count(a[i]) != 0)) {
+      parts_ = wordsA.Of(a[i]);
+      Item(bank, a[i], ToText(bank) + " " + Joined(parts_), numbers);
     } else {
-      OnlyIn(inA ? one_ : other_, place);
+      inA ? ItemIn(one_, bank, a[i], wordsA) : ItemIn(other_, bank, b[k], wordsB);
     }
     if (inA) {
       ++i;
@@ -114,11 +203,21 @@ void Difference::Bank(BankName const& bank) {
   parts_.clear();
 }
 
-void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& stored,
-                      std::string const& place) {
-  zel::Handle<zel::Key> const key = StoredKey(stored);
+// True for the number in a mapping to a component that has another number now.
+bool Difference::HasFollowed(DifferingValue const& value, ItemNumbers const& numbers) const {
+  if (!numbers.AreInField() || value.name != ItemNumbers::FieldName()) return false;
+  return std::any_of(renumbered_.numbers.begin(), renumbered_.numbers.end(),
+                     [&](auto const& change) {
+                       return value.one == Cell(std::int64_t{change.first}) &&
+                              value.other == Cell(std::int64_t{change.second});
+                     });
+}
+
+void Difference::Item(BankName const& bank, StoredWords const& stored, std::string const& place,
+                      ItemNumbers const& numbers) {
   bool isRead = true;
-  auto const read = [&](Library const& library, zel::IZelBankDef* item) {
+  auto const read = [&](Library const& library, zel::IZelBankDef* item, StoredWords const& words) {
+    zel::Handle<zel::Key> const key = StoredKey(words);
     try {
       if (library.Maint().ReadItem(item, bank.name.c_str(), key.get())) return;
     } catch (unsigned long const address) {
@@ -128,20 +227,21 @@ void Difference::Item(BankName const& bank, std::vector<std::int32_t> const& sto
     }
     throw Failure(library.Path() + ": " + place + " cannot be read");
   };
-  auto const valuesIn = [&](Library const& library) {
+  auto const valuesIn = [&](Library const& library, StoredWords const& words) {
     if (bank.type == kPureType) {
       PureComponent const component;
-      read(library, component.Def());
+      read(library, component.Def(), words);
       return ValuesOf(component);
     }
     zel::Handle<zel::IZelBankDef> const item = BankOfType(bank.type);
-    read(library, item.get());
+    read(library, item.get(), words);
     return ValuesOf(*item, fields_[&library == &one_ ? 0 : 1]);
   };
-  std::vector<NamedValue> const a = valuesIn(one_);
-  std::vector<NamedValue> const b = valuesIn(other_);
+  std::vector<NamedValue> const a = valuesIn(one_, stored);
+  std::vector<NamedValue> const b = valuesIn(other_, Renumbered(stored, numbers));
   if (!isRead) return;
   for (DifferingValue& value : DifferingValues(a, b)) {
+    if (HasFollowed(value, numbers)) continue;
     Row(place, value.name, std::move(value.one), std::move(value.other), Text(value.unit),
         value.isNoteUnit);
   }
@@ -171,6 +271,7 @@ void Difference::All() {
   } else {
     Header();
   }
+  renumbered_ = FindRenumbered(one_, a, other_, b);
   for (BankName const& bank : a) {
     bank_ = ToText(bank);
     if (!has(b, bank)) {

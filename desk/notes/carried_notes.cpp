@@ -55,10 +55,6 @@ std::vector<CitationConflict> CarryCitations(Library const& from, BankName const
   return conflicts;
 }
 
-std::string Described(Note const& note) {
-  return note.text + (note.unit.empty() ? "" : " [" + note.unit + "]");
-}
-
 void CarryMeanings(Library const& from, BankName const& fromBank, zel::IZelBankDef& item,
                    Library const& to, BankName const& toBank) {
   Meanings const theirs(from, fromBank);
@@ -77,11 +73,11 @@ void CarryMeanings(Library const& from, BankName const& fromBank, zel::IZelBankD
       } else {
         SetCommonNote(to, *note);
       }
-    } else if (Described(*there) != Described(*note)) {
+    } else if (DescriptionOf(*there) != DescriptionOf(*note)) {
       to.InSession().Note(to.Path() + ": " + ToText(toBank) + ": " +
                           (name.empty() ? "the equation" : name) + " is noted as \"" +
-                          Described(*there) + "\" here, but as \"" + Described(*note) + "\" in " +
-                          from.Path() + ":" + ToText(fromBank) + "; the former is kept");
+                          DescriptionOf(*there) + "\" here, but as \"" + DescriptionOf(*note) +
+                          "\" in " + from.Path() + ":" + ToText(fromBank) + "; the former is kept");
     }
   }
 }

@@ -127,6 +127,12 @@ bool RemoveCommonNote(Library const& library, NoteKind kind, std::string const& 
   return isRemoved;
 }
 
+std::vector<std::string> CommonMemos(Library const& library) {
+  std::vector<std::string> memos;
+  for (Place const& place : CommonPlaces(library)) memos.push_back(MemoIn(library, place));
+  return memos;
+}
+
 std::vector<NoteLines> CommonNotes(Library const& library) {
   std::vector<NoteLines> notes;
   for (Place const& place : CommonPlaces(library)) {

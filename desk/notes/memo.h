@@ -36,7 +36,9 @@ std::vector<BankName> DataBanks(Library const& library);
 // Failure for a note that is too long.
 void SetCommonNote(Library const& library, Note const& note);
 bool RemoveCommonNote(Library const& library, NoteKind kind, std::string const& key);
-// The memos for all data, the first one first; each counts as empty if it cannot be read.
+// The memos for all data, that of the library first. Throws block errors.
+std::vector<std::string> CommonMemos(Library const& library);
+// The notes in them; a memo counts as empty if it cannot be read.
 std::vector<NoteLines> CommonNotes(Library const& library);
 
 }  // namespace zel::desk

@@ -75,12 +75,7 @@ std::optional<Note> NoteOf(std::string_view line) {
 }
 
 std::string ToLine(Note const& note) {
-  auto const kind = std::find_if(std::begin(kWords), std::end(kWords),
-                                 [&](KindWord const& one) { return one.kind == note.kind; });
-  std::string line(kind->word);
-  if (!note.key.empty()) line += " " + note.key;
-  if (!note.unit.empty()) line += " [" + note.unit + "]";
-  return line + ": " + note.text;
+  return NameOf(note) + (note.unit.empty() ? "" : " [" + note.unit + "]") + ": " + note.text;
 }
 
 bool IsOf(Note const& note, NoteKind kind, std::string const& key) {
@@ -88,6 +83,16 @@ bool IsOf(Note const& note, NoteKind kind, std::string const& key) {
 }
 
 }  // namespace
+
+std::string NameOf(Note const& note) {
+  auto const kind = std::find_if(std::begin(kWords), std::end(kWords),
+                                 [&](KindWord const& one) { return one.kind == note.kind; });
+  return std::string(kind->word) + (note.key.empty() ? "" : " " + note.key);
+}
+
+std::string DescriptionOf(Note const& note) {
+  return note.text + (note.unit.empty() ? "" : " [" + note.unit + "]");
+}
 
 NoteLines::Line NoteLines::LineOf(std::string text) {
   Line line;

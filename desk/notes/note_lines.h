@@ -23,6 +23,11 @@ struct Note {
   std::string text;
 };
 
+// What a line says before the colon, without the unit: "ref 54", "parameter NRTL bij".
+std::string NameOf(Note const& note);
+// What it says after the colon, with the unit: "nonrandomness", "(g_ij - g_jj)/R [K]".
+std::string DescriptionOf(Note const& note);
+
 class NoteLines {
  public:
   explicit NoteLines(std::string const& memo);

@@ -74,7 +74,7 @@ TEST_F(HistoryTest, LogListsCommandTimeAndDifferences) {
       "bank": "OCTANE:SAMPLE", "item_1": "ETHANOL", "item_2": null, "item_3": null})"));
   // The note about the parameter of the data came with them.
   EXPECT_EQ(log["differences"][1]["item"], "library");
-  EXPECT_EQ(log["differences"][1]["field"], "memo");
+  EXPECT_EQ(log["differences"][1]["field"], "parameter RACKETT zRa");
   EXPECT_EQ(log["differences"][2], json::parse(R"({"change": 2, "item": "RACKETT:SAMPLE",
       "field": "whole", "before": "not there", "after": "there", "unit": null,
       "bank": "RACKETT:SAMPLE", "item_1": null, "item_2": null, "item_3": null})"));

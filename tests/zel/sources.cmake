@@ -11,6 +11,7 @@ set(zel_TEST_SOURCES
     completion_test.cpp
     coverage_test.cpp
     curve_test.cpp
+    difference_rows_test.cpp
     documents_test.cpp
     edit_test.cpp
     fault_run.cpp

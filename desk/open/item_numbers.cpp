@@ -1,4 +1,4 @@
-#include "desk/combine/item_numbers.h"
+#include "desk/open/item_numbers.h"
 
 #include <algorithm>
 
@@ -24,6 +24,8 @@ ItemNumbers::ItemNumbers(zel::IZelBankDef& item) : item_(item) {
                                      [](Field const& field) { return field.name == kNumberField; });
   if (isMapping) place_ = Place::kField;
 }
+
+char const* ItemNumbers::FieldName() { return kNumberField; }
 
 std::vector<std::int32_t> ItemNumbers::Of(StoredWords const& key) const {
   std::vector<std::int32_t> numbers;

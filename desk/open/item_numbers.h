@@ -20,6 +20,8 @@ class ItemNumbers {
   bool HasAny() const { return place_ != Place::kNowhere; }
   // True for mappings from a text to a number: Of and Replace then need the item to be read.
   bool AreInField() const { return place_ == Place::kField; }
+  // The field that has the number.
+  static char const* FieldName();
   std::vector<std::int32_t> Of(StoredWords const& key) const;
   // Replaces each number with what the function returns, in the key or in the item.
   void Replace(StoredWords& key, std::function<std::int32_t(std::int32_t)> const& to) const;
