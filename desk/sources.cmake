@@ -35,6 +35,7 @@ set(desk_SOURCES
     findings/junit.cpp
     findings/library_check.cpp
     findings/sarif.cpp
+    findings/written_data.cpp
     files/file_digest.cpp
     files/file_lock.cpp
     files/folder.cpp

@@ -10,6 +10,13 @@
 
 namespace zel {
 
+CheckedItem ComponentItem(std::string const& library, CheckedBank const& bank,
+                          ZelIdentity const& identity, std::int32_t key) {
+  std::string text = *identity.ids[0] != '\0' ? identity.ids[0] : std::to_string(identity.number);
+  std::string place = bank.name + " " + text;
+  return CheckedItem(library, bank, {key}, std::move(text), std::move(place));
+}
+
 std::vector<CheckedBank> CheckedLibrary::Banks(char const* type) {
   std::vector<CheckedBank> banks;
   Guarded(CheckedBank("the bank directory", ""), [&] {
@@ -69,9 +76,7 @@ CheckedItem CheckedLibrary::Item(CheckedBank const& bank, std::int32_t const* ke
 
 CheckedItem CheckedLibrary::ComponentItem(CheckedBank const& bank, ZelIdentity const& identity,
                                           std::int32_t key) const {
-  std::string text = *identity.ids[0] != '\0' ? identity.ids[0] : std::to_string(identity.number);
-  std::string place = bank.name + " " + text;
-  return CheckedItem(name_, bank, {key}, std::move(text), std::move(place));
+  return zel::ComponentItem(name_, bank, identity, key);
 }
 
 void CheckedLibrary::Unreadable(CheckedBank const& bank, unsigned long address) {

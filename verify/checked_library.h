@@ -13,6 +13,10 @@
 
 namespace zel {
 
+// The item of a finding about a component, which is named by its ID or number.
+CheckedItem ComponentItem(std::string const& library, CheckedBank const& bank,
+                          ZelIdentity const& identity, std::int32_t key);
+
 class CheckedLibrary {
  public:
   CheckedLibrary(LibFile_i& file, std::string name, DataFindings& findings)
@@ -48,7 +52,7 @@ class CheckedLibrary {
   // The item of a finding: `text` names it within its bank.
   CheckedItem Item(CheckedBank const& bank, std::int32_t const* key, std::int32_t keyWords,
                    std::string text) const;
-  // The same for a component, which is named by its ID or number.
+  // The same for a component.
   CheckedItem ComponentItem(CheckedBank const& bank, ZelIdentity const& identity,
                             std::int32_t key) const;
 

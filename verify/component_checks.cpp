@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+#include "verify/constant_bounds.h"
 #include "zelaccess/Casn.h"
 
 namespace zel {
@@ -53,14 +54,8 @@ class Checked {
   DataFindings& findings_;
 };
 
-ZelConstantInfo const& RowOf(zelProperties index) {
-  auto const rows = ConstantRows();
-  return *std::find_if(rows.begin(), rows.end(),
-                       [&](ZelConstantInfo const& row) { return row.index == index; });
-}
-
 DataFinding Checked::Constant(char const* id, zelProperties index, Expected expected) const {
-  ZelConstantInfo const& row = RowOf(index);
+  ZelConstantInfo const& row = ConstantRow(index);
   return DataFinding(id, row.keyword).Value(Of(index), row.unit).Expect(std::move(expected));
 }
 
@@ -125,7 +120,7 @@ void Checked::Below(zelProperties lower, zelProperties higher, double tolerance)
   double const limit = Of(higher);
   if (!IsDefined(Of(lower)) || !IsDefined(limit) || !(Of(lower) > limit * (1 + tolerance))) return;
   Tell(Constant("temperatures", lower, Expected::AtMost(limit)),
-       std::string("{datum} {value} is above ") + RowOf(higher).keyword + " {max}");
+       std::string("{datum} {value} is above ") + ConstantRow(higher).keyword + " {max}");
 }
 
 void Checked::EndBelow(std::uint32_t curve, CorrelationRecord const& record, zelProperties higher,
@@ -133,10 +128,11 @@ void Checked::EndBelow(std::uint32_t curve, CorrelationRecord const& record, zel
   double const end = ConvertTemperature(record.tMax, record.tempUnit, kKelvin);
   double const limit = Of(higher);
   if (!IsDefined(limit) || !(end > limit * (1 + tolerance))) return;
-  Tell(DataFinding("temperatures", CorrelationRows()[curve].name)
-           .Value(end, "K")
-           .Expect(Expected::AtMost(limit)),
-       std::string("the end of {datum} {value} is above ") + RowOf(higher).keyword + " {max}");
+  Tell(
+      DataFinding("temperatures", CorrelationRows()[curve].name)
+          .Value(end, "K")
+          .Expect(Expected::AtMost(limit)),
+      std::string("the end of {datum} {value} is above ") + ConstantRow(higher).keyword + " {max}");
 }
 
 void Checked::Temperatures() {
@@ -337,6 +333,7 @@ void CheckComponent(ComponentView const& component, CheckedItem const& item,
   Checked checked(component, item, findings);
   checked.Identity();
   checked.Equations();
+  CheckBounds(component, item, findings);
   checked.Temperatures();
   checked.Critical();
   checked.Acentric();

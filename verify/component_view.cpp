@@ -12,6 +12,12 @@ std::span<ZelConstantInfo const> ConstantRows() {
   return {first, static_cast<std::size_t>(count)};
 }
 
+ZelConstantInfo const& ConstantRow(zelProperties index) {
+  auto const rows = ConstantRows();
+  return *std::find_if(rows.begin(), rows.end(),
+                       [&](ZelConstantInfo const& row) { return row.index == index; });
+}
+
 std::span<ZelCorrelationInfo const> CorrelationRows() {
   std::int32_t count = 0;
   ZelCorrelationInfo const* const first = GetCorrelationCatalogue(count);

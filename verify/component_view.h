@@ -16,6 +16,8 @@ inline constexpr std::int32_t kKelvin = 10;
 inline bool IsDefined(double value) { return !gen_IsUndefDouble(value); }
 
 std::span<ZelConstantInfo const> ConstantRows();
+// The row of a constant that has a keyword.
+ZelConstantInfo const& ConstantRow(zelProperties index);
 std::span<ZelCorrelationInfo const> CorrelationRows();
 
 // The letter of the unit of temperatures of a record.
@@ -23,8 +25,10 @@ char const* TemperatureLetter(std::int32_t unit);
 
 class ComponentView {
  public:
-  // Throws std::bad_alloc.
+  // A new component. Throws std::bad_alloc.
   ComponentView();
+  // A component that must outlive this object.
+  explicit ComponentView(PureComp_i& component) : bank_(&component) {}
 
   IZelBankDef* Def() const noexcept { return bank_; }
   IZelPureComp* Face() const noexcept { return bank_; }
@@ -43,7 +47,7 @@ class ComponentView {
  private:
   Component const& Data() const noexcept { return bank_->Data(); }
 
-  FaceRef<IZelBankDef> owner_;
+  FaceRef<IZelBankDef> owner_;  // empty for a component of somebody else
   PureComp_i* bank_;
 };
 

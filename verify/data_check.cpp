@@ -79,6 +79,21 @@ bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions cons
   return findings.IsGood();
 }
 
+bool CheckComponentData(IZelPureComp* component, char const* library, char const* bank,
+                        ZelDataCheckOptions const& options, ZelDataFindingSink& sink) {
+  DataFindings findings(sink, options);
+  auto* const known = dynamic_cast<PureComp_i*>(component);
+  if (known == nullptr) return true;
+  ComponentView const view(*known);
+  ZelIdentity const identity = view.Identity();
+  CheckComponent(view,
+                 ComponentItem(library != nullptr ? library : "",
+                               CheckedBank(kPureComponentType, bank != nullptr ? bank : ""),
+                               identity, identity.number),
+                 findings);
+  return findings.IsGood();
+}
+
 bool CompareLibraryData(ZelCheckedLibrary const* libraries, std::int32_t count,
                         ZelDataCheckOptions const& options, ZelDataFindingSink& sink) {
   DataFindings findings(sink, options);

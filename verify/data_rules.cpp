@@ -23,6 +23,11 @@ constexpr ZelDataCheck kChecks[] = {
      "within its range; an error if it has none",
      findingWarning},
     {"formula-weight", "MW agrees with the formula within 0.05 %", findingWarning},
+    {"bounds",
+     "constants are possible: MW, temperatures, pressures, volumes, densities and heats of phase "
+     "changes are above 0, ACENTRIC is above -1, DIELECTRIC is at least 1, flammability limits are "
+     "0 to 1",
+     findingError},
     {"temperatures", "melting, triple and boiling point, critical point and ranges are in order",
      findingWarning},
     {"critical", "TC, PC and VC agree with ZC, which is between 0.15 and 0.40", findingWarning},

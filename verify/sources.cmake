@@ -6,6 +6,7 @@ set(verify_SOURCES
     component_checks.cpp
     component_view.cpp
     composition.cpp
+    constant_bounds.cpp
     constant_state.cpp
     correlation_value.cpp
     data_check.cpp

@@ -7,12 +7,12 @@
 #include <utility>
 
 #include "desk/combine/bank_copy.h"
-#include "desk/open/item_numbers.h"
 #include "desk/notes/carried_notes.h"
 #include "desk/notes/memo.h"
 #include "desk/notes/merged_citations.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/item_numbers.h"
 #include "desk/open/members.h"
 #include "desk/words/failure.h"
 

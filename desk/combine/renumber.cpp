@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "desk/combine/bank_copy.h"
-#include "desk/open/item_numbers.h"
 #include "desk/open/component_name.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
+#include "desk/open/item_numbers.h"
 #include "desk/open/item_values.h"
 #include "desk/open/storable.h"
 #include "desk/words/failure.h"

@@ -8,7 +8,7 @@
 
 #include "desk/combine/bank_copy.h"
 #include "desk/edit/edit_values.h"
-#include "desk/notes/carried_notes.h"
+#include "desk/findings/written_data.h"
 #include "desk/notes/parameter_meanings.h"
 #include "desk/open/curve_record.h"
 #include "desk/open/fields.h"
@@ -95,6 +95,7 @@ class Edit {
 
  private:
   bool Read(Item const& item) const;
+  std::vector<Finding> Findings(Item const& item) const;
   void CopyFirst(Item const& item);
   std::vector<std::string> NumbersHere() const;
   void CheckStoredIn(Values const& wanted, Values const& stored) const;
@@ -115,6 +116,11 @@ class Edit {
 bool Edit::Read(Item const& item) const {
   zel::Handle<zel::Key> const key = KeyIn(library_, item.Def(), words_);
   return library_.Maint().ReadItem(&item.Def(), edited_.bank.name.c_str(), key.get());
+}
+
+std::vector<Finding> Edit::Findings(Item const& item) const {
+  if (!item.IsComponent()) return {};
+  return FindingsAbout(item.Component(), library_.Path(), edited_.bank);
 }
 
 // The numbers of the item's components in this library, under which the item is copied. The other
@@ -163,7 +169,7 @@ void Edit::CopyFirst(Item const& item) {
   CodeCounts codes;
   AddCodes(item.Def(), codes);
   WriteItem(library_, edited_.bank, item.Def(), *asStored, edited_.item);
-  CarryNotes(*from_, bank, item.Def(), codes, library_, edited_.bank);
+  edited_.conflicts = CarryNotes(*from_, bank, item.Def(), codes, library_, edited_.bank);
   if (facts.keyKind == 0) words_ = AsNumbers(*from_, words_);
   edited_.copiedFrom = from_->Path() + ":" + bank.name;
   if (!Read(item)) RefuseItem(library_, edited_.bank, edited_.item, "cannot be read");
@@ -292,6 +298,7 @@ EditedItem Edit::Make() {
   if (!hasBank || !Read(item)) CopyFirst(item);
   if (!item.IsComponent()) item.SetFields(FieldsIn(library_, edited_.bank, item.Def()));
   Values const before = item.All();
+  std::vector<Finding> const known = Findings(item);
   std::vector<std::string> const edited = item.Set(edit_, library_.InSession().units);
   Values const wanted = item.All();
   zel::Handle<zel::Key> const key = KeyIn(library_, item.Def(), words_);
@@ -300,6 +307,7 @@ EditedItem Edit::Make() {
   Values const after = item.All();
   CheckStoredIn(wanted, after);
   AddRows(item, before, after);
+  edited_.findings = NewAmong(Findings(item), known);
   if (item.IsComponent()) Warn(item, edited);
   for (std::string const& name : edited) {
     auto const& rows = edited_.changes.Rows();

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "desk/findings/finding.h"
+#include "desk/notes/carried_notes.h"
 #include "desk/open/library.h"
 #include "desk/words/table.h"
 
@@ -56,6 +58,9 @@ struct EditedItem {
   Table changes = Table("", {});
   std::vector<std::string> same;      // data that had the value already
   std::vector<std::string> warnings;  // about correlations
+  std::vector<Finding> findings;      // about a component, which it did not have before
+  // Codes that data of the item have and that the two libraries cite in different ways.
+  std::vector<CitationConflict> conflicts;
 
   bool IsChanged() const { return !copiedFrom.empty() || !changes.Empty(); }
 };

@@ -12,6 +12,7 @@
 #include "desk/edit/item_edit.h"
 #include "desk/face/data.h"
 #include "desk/face/guarded.h"
+#include "desk/open/members.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/tables/table_import.h"
 #include "desk/words/failure.h"
@@ -22,6 +23,7 @@ struct ChangeData {
   Session session;
   std::string path;
   std::optional<LibraryChange> change;
+  std::vector<Finding> findings;  // about what was written
 };
 
 namespace {
@@ -100,6 +102,7 @@ Table Change::Edit(std::vector<std::string> const& words, EditSettings const& se
     edit.code = settings.code;
     edit.curve = CurveOf(settings);
     EditedItem const edited = EditItem(data.change->Open(), edit, source);
+    Append(data.findings, edited.findings);
     return InDisplayUnits(edited.changes, data.session.units);
   });
 }
@@ -121,6 +124,7 @@ ImportedRows Change::ImportTable(std::string const& path, std::string const& ban
                               std::to_string(done.refused) + " rows are refused");
       }
     }
+    Append(data.findings, done.findings);
     return ImportedRows{done.read, done.isNew,   done.changed,
                         done.same, done.refused, std::move(done.rows)};
   });
@@ -146,6 +150,11 @@ Table Change::Renumber(std::string const& component, std::int32_t number) {
   return Guarded(data.session, [&] {
     return desk::Renumber(data.change->Open(), component, std::to_string(number)).banks;
   });
+}
+
+Table Change::Findings() const {
+  ChangeData const& data = Data();
+  return InDisplayUnits(FindingTable("findings", data.findings), data.session.units);
 }
 
 void Change::Commit() {

@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "desk/open/library.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 #include "desk/words/nearest_word.h"
@@ -43,6 +44,47 @@ zel::zelFindings SeverityNamed(std::string const& word, char const* option) {
 
 std::string LineOf(Finding const& finding) {
   return finding.library + ": " + finding.place + ": " + finding.text;
+}
+
+Finding FindingOf(zel::ZelDataFinding const& found) {
+  Finding finding;
+  finding.severity = found.severity;
+  finding.id = found.id;
+  finding.library = found.library;
+  finding.place = found.place;
+  finding.text = found.text;
+  if (*found.bankName != '\0') finding.bank = ToText(BankName{found.bankType, found.bankName});
+  finding.item = found.item;
+  finding.datum = found.datum;
+  finding.value = found.value;
+  finding.temperature = found.temperature;
+  finding.expectedMin = found.expectedMin;
+  finding.expectedMax = found.expectedMax;
+  finding.unit = found.unit;
+  return finding;
+}
+
+Table FindingTable(std::string const& name, std::vector<Finding> const& findings) {
+  Table table(name, {{"severity", ""},
+                     {"id", ""},
+                     {"what", ""},
+                     {"library", ""},
+                     {"place", ""},
+                     {"bank", ""},
+                     {"item", ""},
+                     {"datum", ""},
+                     {"value", ""},
+                     {"unit", ""},
+                     {"expected from", "", false, true},
+                     {"expected to", "", false, true},
+                     {"temperature", "K"},
+                     {"text", ""}});
+  for (Finding const& one : findings) {
+    table.Add(WordOf(one.severity), one.id, LineOf(one), one.library, one.place, Text(one.bank),
+              Text(one.item), Text(one.datum), Number(one.value), Text(one.unit),
+              Number(one.expectedMin), Number(one.expectedMax), Number(one.temperature), one.text);
+  }
+  return table;
 }
 
 }  // namespace zel::desk

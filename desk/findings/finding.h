@@ -1,10 +1,14 @@
 // What a check of libraries found.
 #pragma once
 
+#include <zelaccess/DataCheck.h>
 #include <zelaccess/Types.h>
 #include <zelaccess/Verify.h>
 
 #include <string>
+#include <vector>
+
+#include "desk/words/table.h"
 
 namespace zel::desk {
 
@@ -33,5 +37,9 @@ bool IsAtLeast(zel::zelFindings severity, zel::zelFindings least);
 zel::zelFindings SeverityNamed(std::string const& word, char const* option);
 // "perry.lb1: PERRY ACN: ZC is 0.263"
 std::string LineOf(Finding const& finding);
+// What a check of data has found.
+Finding FindingOf(zel::ZelDataFinding const& found);
+// A table with a row for each: severity, id, "what" as by LineOf, and the members, for programs.
+Table FindingTable(std::string const& name, std::vector<Finding> const& findings);
 
 }  // namespace zel::desk

@@ -45,23 +45,7 @@ class Collector final : public zel::ZelDataFindingSink {
       UnreadItems(session_, found.library).Found(found.severity, found.id, found.place, found.text);
       return;
     }
-    Finding finding;
-    finding.severity = found.severity;
-    finding.id = found.id;
-    finding.library = found.library;
-    finding.place = found.place;
-    finding.text = found.text;
-    if (*found.bankName != '\0') {
-      finding.bank = ToText(BankName{found.bankType, found.bankName});
-    }
-    finding.item = found.item;
-    finding.datum = found.datum;
-    finding.value = found.value;
-    finding.temperature = found.temperature;
-    finding.expectedMin = found.expectedMin;
-    finding.expectedMax = found.expectedMax;
-    finding.unit = found.unit;
-    findings_.push_back(std::move(finding));
+    findings_.push_back(FindingOf(found));
   }
 
  private:

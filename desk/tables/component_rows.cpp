@@ -11,6 +11,7 @@ namespace zel::desk {
 
 ComponentRows::ComponentRows(TableTarget const& target, std::vector<TableColumn>& columns)
     : target_(target),
+      written_(*target.library, target.bank),
       component_(TakeColumn(columns, {"component", "item"})),
       number_(TakeColumn(columns, {"number"})),
       cas_(TakeColumn(columns, {"cas", "CAS number", "casNum"})),
@@ -142,6 +143,7 @@ RowResult ComponentRows::Apply(TextRow const& row) {
     TakeBack(found.isThere ? &old : nullptr, found);
     throw Failure(shown + ": " + failure.what());
   }
+  written_.Add(found.number, found.isThere ? &old : nullptr);
   if (!found.isThere) return {RowState::kNew, shown, "", warning_, {found.shown}, datum};
   std::string const what = Differences(ValuesOf(old), after, target_.units);
   RowState const state = what.empty() ? RowState::kSame : RowState::kChanged;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/findings/written_data.h"
 #include "desk/open/pure_component.h"
 #include "desk/tables/row_form.h"
 
@@ -14,6 +15,7 @@ namespace zel::desk {
 class ComponentRows : public RowForm {
  public:
   RowResult Apply(TextRow const& row) override;
+  std::vector<Finding> Findings() const override { return written_.NewFindings(); }
 
  protected:
   // Takes the columns that name the component. Throws Failure if there is none.
@@ -49,6 +51,7 @@ class ComponentRows : public RowForm {
   void TakeBack(PureComponent* before, Found const& found) const;
 
   TableTarget target_;
+  WrittenComponents written_;
   std::string warning_;  // about the row that is being applied
   std::optional<TableColumn> component_;
   std::optional<TableColumn> number_;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/findings/finding.h"
 #include "desk/open/item_values.h"
 #include "desk/open/library.h"
 #include "desk/tables/table_columns.h"
@@ -43,6 +44,8 @@ class RowForm {
   virtual RowResult Apply(TextRow const& row) = 0;
   // The row on this line, to which Apply was called last, has set nothing.
   void Forget(std::size_t line);
+  // What the rows have made implausible; see WrittenComponents.
+  virtual std::vector<Finding> Findings() const { return {}; }
 
  protected:
   // Throws Failure if an earlier row has set the same.

@@ -70,6 +70,7 @@ ImportedTable ImportTable(TableTarget const& target, std::string const& path,
     cells.push_back(Text(result.datum));
     imported.rows.Add(std::move(cells));
   }
+  imported.findings = form->Findings();
   return imported;
 }
 

@@ -16,6 +16,8 @@ struct ImportedTable {
   std::int64_t same = 0;
   std::int64_t refused = 0;
   std::int64_t warned = 0;  // of those that are not refused
+  // About components that were written, which they did not have before.
+  std::vector<Finding> findings;
   // Those that were changed or refused or have a warning, or all. The columns after "what" are the
   // parts of "item", for programs; a refused row has none.
   Table rows{"rows",

@@ -129,6 +129,19 @@ struct ZelCheckedLibrary {
 ZEL_API bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions const& options,
                               ZelDataFindingSink& sink);
 
+/// Checks one component in memory by itself: the checks of CheckLibraryData that need no other item.
+/// So a host can judge a component before it writes it, or that it has read. Throws
+/// std::bad_alloc, and what the sink throws.
+/// \param component  a component that NewBank made or that was read into one; null, and a component
+///                   of a class of the host, are not checked
+/// \param library    name of its library in findings; null for none
+/// \param bank       name of its bank in findings; null for none
+/// \param options    what is reported
+/// \param sink       receives the findings
+/// \return true when no error was reported
+ZEL_API bool CheckComponentData(IZelPureComp* component, char const* library, char const* bank,
+                                ZelDataCheckOptions const& options, ZelDataFindingSink& sink);
+
 /// Compares the data of libraries: components with the same number, ID or CAS number must be the
 /// same substance in all banks of all libraries ("identity"), and constants and vapor pressures of
 /// the same substance must agree between each two libraries ("magnitude", "boiling-point"). What

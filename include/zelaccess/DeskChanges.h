@@ -133,6 +133,14 @@ class ZEL_DESK_API Change {
   /// \return a row for each bank with changed items: bank, items
   Table Renumber(std::string const& component, std::int32_t number);
 
+  /// Returns what the edits and imported tables of this change have made implausible, such as a
+  /// negative pressure or a boiling point above the critical temperature. A finding that a
+  /// component had before is not among them. The change can be committed all the same.
+  /// \return a row for each finding: severity ("error" or "warning"), id (of the check, DataCheck.h),
+  ///         what, library, place, bank, item, datum, value, unit, expected from, expected to,
+  ///         temperature, text
+  Table Findings() const;
+
   /// Puts the change in place of the library, or, with `dryRun`, drops it. The object cannot be
   /// used afterwards. Throws Error; then the library is unchanged.
   void Commit();
@@ -144,10 +152,11 @@ class ZEL_DESK_API Change {
 };
 
 /// Takes back the last change of a library that is not taken back yet, as a change of its own.
-/// Throws Error if there is none, or if another program has changed the library since.
+/// Throws Error if the history has no change to take back, or if another program has changed the
+/// library since.
 /// \param library   a library file
 /// \param settings  how it is changed
-/// \return a row for each value that is restored: item, field, before, after, unit
+/// \return a row for each value, note or item that is restored: item, field, before, after, unit
 ZEL_DESK_API Table UndoLastChange(std::string const& library, ChangeSettings const& settings = {});
 
 /// Lists the changes that the history of a library keeps. Throws Error if it cannot be read.

@@ -86,6 +86,26 @@ TEST_F(DeskChangeTest, AnEditIsThereAfterTheCommitOnly) {
   EXPECT_THROW(desk::UndoLastChange(Path("own.lb1")), desk::Error) << "nothing is left";
 }
 
+TEST_F(DeskChangeTest, ImplausibleValuesAreFindings) {
+  desk::ChangeSettings settings;
+  settings.units = "bar";
+  desk::Change change(Path("own.lb1"), settings);
+  change.Edit({"ETHANOL", "DIPOLE=1.69"});
+  EXPECT_TRUE(change.Findings().Empty());
+  change.Edit({"ETHANOL", "HVAPNBP=-5"});
+  ASSERT_EQ(change.Findings().Rows().size(), 1U);
+  change.ImportTable(MakeFile("bad.csv", "id,PTP\nWATER,-2\n"), "PERRY");
+  desk::Table const findings = change.Findings();
+  ASSERT_EQ(findings.Rows().size(), 2U);
+  EXPECT_EQ(CellAt(findings, "error", "datum"), desk::Cell("HVAPNBP"));
+  std::vector<desk::Cell> const& water = findings.Rows()[1];
+  EXPECT_EQ(water[6], desk::Cell("WATER"));
+  EXPECT_EQ(water[8], desk::Cell(-2.0));
+  EXPECT_EQ(water[9], desk::Cell("bar"));
+  change.Commit();
+  EXPECT_THROW(change.Findings(), desk::Error);
+}
+
 TEST_F(DeskChangeTest, ADryRunChangesNothing) {
   double const before = Boiling();
   desk::ChangeSettings settings;

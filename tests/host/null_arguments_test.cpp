@@ -500,6 +500,10 @@ void NullArgumentsTest::SweepFunctions() {
   SweepCall<LibFile*, char const*>("CheckLibraryData", [&](LibFile* library, char const* name) {
     return CheckLibraryData({library, name}, {}, dataSink);
   });
+  SweepCall<IZelPureComp*, char const*, char const*>(
+      "CheckComponentData", [&](IZelPureComp* component, char const* library, char const* bank) {
+        return CheckComponentData(component, library, bank, {}, dataSink);
+      });
   SweepCall<LibFile* const*, char const* const*>(
       "CompareLibraryData", [&](LibFile* const* library, char const* const* silent) {
         ZelDataCheckOptions options;

@@ -197,13 +197,13 @@ TEST_F(LibraryDataTest, ItemThatCannotBeReadIsLeftOut) {
 TEST(DataChecks, HaveEachAnIdAndARule) {
   std::int32_t count = 0;
   ZelDataCheck const* const checks = GetDataChecks(count);
-  ASSERT_EQ(count, 19);
+  ASSERT_EQ(count, 20);
   std::set<std::string> ids;
   for (std::int32_t i = 0; i < count; ++i) {
     EXPECT_TRUE(ids.insert(checks[i].id).second) << checks[i].id;
     EXPECT_STRNE(checks[i].rule, "");
-    bool const isError =
-        std::string(checks[i].id) == "identity" || std::string(checks[i].id) == "cas-formula";
+    static std::set<std::string> const errors = {"identity", "cas-formula", "bounds"};
+    bool const isError = errors.count(checks[i].id) != 0;
     EXPECT_EQ(checks[i].severity, isError ? findingError : findingWarning) << checks[i].id;
   }
 }

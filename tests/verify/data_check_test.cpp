@@ -86,6 +86,101 @@ TEST_F(ComponentDataTest, EquationThatIsUnknownOrLacksCoefficients) {
   EXPECT_FALSE(isGood_) << "an error";
 }
 
+// The bounds of the sciences, by hand: (constant, an impossible value, what is expected, the values
+// at the end that are possible).
+TEST_F(ComponentDataTest, ConstantsOutsideTheirBounds) {
+  double const none = gen_GetUndefDouble();
+  struct {
+    zelProperties index;
+    char const* name;
+    double bad;
+    double good;
+  } const rows[] = {{propertyMW, "MW", -46.07, 1.008},
+                    {propertyTC, "TC", 0, 5.19},
+                    {propertyPC, "PC", -5, 1},
+                    {propertyVC, "VC", 0, 0.01},
+                    {propertyZC, "ZC", 0, 0.2},
+                    {propertyACENTRIC, "ACENTRIC", -1, -0.99},
+                    {propertyNMP, "NMP", -1, 0.95},
+                    {propertyNBP, "NBP", 0, 4.2},
+                    {propertySG60F, "SG60F", 0, 0.1},
+                    {propertyMVOL25C, "MVOL25C", -0.05, 0.01},
+                    {propertySOLUPARA, "SOLUPARA", -1, 0},
+                    {propertyPARACHOR, "PARACHOR", -1, 0},
+                    {propertyRACKETT, "RACKETT", 0, 0.2},
+                    {propertyDIPOLE, "DIPOLE", -0.5, 0},
+                    {propertyRADIUS, "RADIUS", -1e-10, 0},
+                    {propertyDIELECTRIC, "DIELECTRIC", 0.99, 1},
+                    {propertyTDIELECTRIC, "TDIELECTRIC", 0, 1},
+                    {propertyVDWA, "VDWA", -1, 0},
+                    {propertyVDWV, "VDWV", -1, 0},
+                    {propertyFLASHPOINT, "FLASHPOINT", 0, 200},
+                    {propertyLOFLAMM, "LOFLAMM", 1.5, 1},
+                    {propertyHIFLAMM, "HIFLAMM", -0.1, 0},
+                    {propertyAUTOIGNITION, "AUTOIGNITION", 0, 500},
+                    {propertyCNUM, "CNUM", -1, 0},
+                    {propertyTTP, "TTP", 0, 1},
+                    {propertyPTP, "PTP", 0, 1e-12},
+                    {propertyHFUSIONNMP, "HFUSIONNMP", 0, 8},
+                    {propertyHVAPNBP, "HVAPNBP", -5, 80}};
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.name);
+    auto const check = [&](double value) {
+      Check({With(Bare(10000007, "BARE", ""), row.index, value)});
+      Lines bounds;
+      for (std::string const& line : sink_.lines) {
+        if (line.find(" bounds | ") != std::string::npos) bounds.push_back(line);
+      }
+      return bounds;
+    };
+    Lines const found = check(row.bad);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].find("error bounds | own PURECOMP:TEST [10000007] BARE | " +
+                            std::string(row.name) + " = "),
+              0U)
+        << found[0];
+    EXPECT_FALSE(isGood_);
+    EXPECT_EQ(check(row.good), Lines{});
+    EXPECT_EQ(check(none), Lines{});
+  }
+  for (zelProperties const index : {propertyGFORMATION, propertyHFORMATION, propertyHLTB,
+                                    propertySVTB, propertyHCOMBUST, propertyGHV}) {
+    EXPECT_EQ(Check({With(Bare(10000007, "BARE", ""), index, -1e5)}), Lines{}) << "of any sign";
+  }
+  Expect(
+      {{"the sentence",
+        Set(propertyDIPOLE, -1.5),
+        {"error bounds <item> DIPOLE = -1.5 (-1.5) debye at - | 0 to - (at least 0) |  | <place> "
+         "DIPOLE is -1.5 debye, which is impossible: expected at least 0 debye",
+         "warning source <item> DIPOLE = - ()  at - | - to - () |  | <place> no reference code: "
+         "DIPOLE"}},
+       {"above a bound",
+        [](IZelPureComp& c) {
+          c.SetProperty(propertyPTP, 0.0);
+          c.SetPropertyRefCode(propertyPTP, 1);
+        },
+        {"error bounds <item> PTP = 0 (0) kPa at - | 0 to - (above 0) |  | <place> PTP is 0 "
+         "kPa, which is impossible: expected above 0 kPa"}}});
+}
+
+TEST_F(ComponentDataTest, AComponentInMemoryIsCheckedByItself) {
+  GoodComponent component;
+  component.change = Set(propertyPC, -5);
+  ComponentBank item;
+  component.Fill(*item.Get());
+  EXPECT_FALSE(CheckComponentData(item.Get(), "own", "TEST", {}, sink_));
+  Lines const alone = sink_.lines;
+  ASSERT_FALSE(alone.empty());
+  EXPECT_EQ(alone, Check({component})) << "as in a library";
+  EXPECT_FALSE(isGood_);
+  sink_.Clear();
+  char const* const silent[] = {"bounds", "critical", "acentric", "vapor-pressure"};
+  EXPECT_TRUE(CheckComponentData(item.Get(), nullptr, nullptr, {silent, 4}, sink_));
+  EXPECT_EQ(sink_.lines, Lines{});
+  EXPECT_TRUE(CheckComponentData(nullptr, "own", "TEST", {}, sink_));
+  EXPECT_EQ(sink_.lines, Lines{});
+}
+
 TEST_F(ComponentDataTest, TemperaturesOutOfOrder) {
   auto const range = [](std::uint32_t index, double tMin, double tMax) {
     return [=](IZelPureComp& c) { GoodComponent::Line(c, index, tMin, tMax, 75, 0.01); };

@@ -53,6 +53,15 @@ TEST_F(CitationConflictTest, TheReportsOfMergeAndCopyHaveBothCitations) {
   ExpectConflict(Json("copy two.lb1 one.lb1 --bank CRC"), "PURECOMP:CRC");
 }
 
+TEST_F(CitationConflictTest, TheReportOfEditHasBothCitations) {
+  std::string const before = FileText(Folder() / "one.lb1");
+  ExpectRefused("edit one.lb1 CRC WATER DIPOLE=1.85 --from two.lb1");
+  EXPECT_EQ(FileText(Folder() / "one.lb1"), before);
+  ExpectConflict(Json("edit one.lb1 CRC WATER DIPOLE=1.85 --from two.lb1 --dry-run"),
+                 "PURECOMP:CRC");
+  ExpectConflict(Json("edit one.lb1 CRC WATER DIPOLE=1.85 --from two.lb1"), "PURECOMP:CRC");
+}
+
 // It is in the memo of the bank, so that both banks are cited as before.
 TEST_F(CitationConflictTest, ABankFromOneSourceKeepsItsCitation) {
   Good("copy perry.lb1 three.lb1 --create --bank PERRY --item ETHANOL");

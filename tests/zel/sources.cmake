@@ -23,6 +23,7 @@ set(zel_TEST_SOURCES
     identity_test.cpp
     json_test.cpp
     kill_test.cpp
+    implausible_test.cpp
     interchange_test.cpp
     maintenance_test.cpp
     missing_test.cpp

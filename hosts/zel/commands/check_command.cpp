@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "commands/command.h"
+#include "commands/shared_options.h"
 #include "desk/findings/finding_formats.h"
 #include "desk/words/failure.h"
 #include "output/progress.h"
@@ -37,30 +38,6 @@ void CheckFormat(Session const& session, Options const& o) {
   if (session.form != Form::kText) throw WrongUsage("--format excludes --json and --csv");
 }
 
-void AddFindings(std::vector<Finding> const& findings, Report& report) {
-  Table table("findings", {{"severity", ""},
-                           {"id", ""},
-                           {"what", ""},
-                           {"library", ""},
-                           {"place", ""},
-                           {"bank", ""},
-                           {"item", ""},
-                           {"datum", ""},
-                           {"value", ""},
-                           {"unit", ""},
-                           {"expected from", "", false, true},
-                           {"expected to", "", false, true},
-                           {"temperature", "K"},
-                           {"text", ""}});
-  for (Finding const& one : findings) {
-    table.Add(WordOf(one.severity), one.id, LineOf(one), one.library, one.place, Text(one.bank),
-              Text(one.item), Text(one.datum), Number(one.value), Text(one.unit),
-              Number(one.expectedMin), Number(one.expectedMax), Number(one.temperature), one.text);
-  }
-  report.Add(std::move(table), {"library", "place", "bank", "item", "datum", "value", "unit",
-                                "expected from", "expected to", "temperature", "text"});
-}
-
 // Those of the baseline that are no longer found.
 void AddGone(std::vector<Finding> const& findings, Report& report) {
   if (findings.empty()) return;
@@ -85,7 +62,7 @@ Report ReportOf(CheckedLibraries const& checked) {
     report.Fact("known", static_cast<std::int64_t>(checked.findings.known.size()));
     report.Fact("gone", static_cast<std::int64_t>(checked.findings.gone.size()));
   }
-  AddFindings(checked.findings.fresh, report);
+  AddFindings("findings", checked.findings.fresh, report);
   AddGone(checked.findings.gone, report);
   return report;
 }

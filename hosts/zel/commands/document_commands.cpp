@@ -104,7 +104,9 @@ Report Import(Session& session, Options const& o) {
   if (!o.table.path.empty()) {
     if (!o.files.empty()) throw WrongUsage("documents and --table exclude each other");
     zel::InitZelAccess();
-    return ImportTableFile(session, ChangeFor(session, o), o.bank, o.table, o.verbose);
+    TableOptions table = o.table;
+    table.isStrict = o.strict;
+    return ImportTableFile(session, ChangeFor(session, o), o.bank, table, o.verbose);
   }
   if (o.files.empty()) throw WrongUsage("DOCUMENT is required, or --table");
   zel::zelImportChecks const checks = ChecksOf(o);
@@ -373,7 +375,7 @@ void AddDocumentCommands(CommandLine& line) {
       .Flag("--create", o->create, "create the library if it does not exist")
       .Flag("--replace", o->replace, "with --bank, replace components that exist already")
       .Flag("--lenient", o->lenient, "malformed numbers and lost parts are warnings")
-      .Flag("--strict", o->strict, "texts that cannot be stored unchanged are errors")
+      .Flag("--strict", o->strict, "altered texts and implausible values are errors")
       .Flag("--verbose", o->verbose, "align bank types in the log; list all rows");
   AddTableInput(reading, o->table);
   AddModeOption(reading, o->mode);

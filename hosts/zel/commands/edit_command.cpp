@@ -69,6 +69,8 @@ Report EditValues(Session& session, Options const& o) {
   bool const isChanged = edited.IsChanged();
   report.Fact("changed", static_cast<std::int64_t>(edited.changes.Rows().size()));
   report.Add(std::move(edited.changes));
+  AddDataWarning(edited.findings, session.isStrict, report);
+  AddCitationConflicts(session, edited.conflicts, report);
   if (isChanged) PutInPlaceAfter(report, std::move(change));
   return report;
 }
@@ -94,6 +96,8 @@ void AddEditCommand(CommandLine& line) {
       .Option("--logarithm", o->curve.logarithm, "natural, decimal or none", "WORD")
       .Option("--basis", o->curve.basis, "mole or mass", "WORD");
   AddChangeOptions(edit, o->change);
+  edit.Flag("--strict", edit.InSession().isStrict,
+            "refuse implausible values and citation conflicts");
   edit.Run(Outputs::kJsonAndCsv, [o](Session& session) { return EditValues(session, *o); });
 }
 

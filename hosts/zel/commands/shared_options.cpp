@@ -87,6 +87,25 @@ void AddCitationConflicts(Session const& session, std::vector<CitationConflict> 
   report.Add(ConflictTable(conflicts));
 }
 
+void AddFindings(std::string const& name, std::vector<Finding> const& findings, Report& report) {
+  report.Add(FindingTable(name, findings),
+             std::set<std::string>{"library", "place", "bank", "item", "datum", "value", "unit",
+                                   "expected from", "expected to", "temperature", "text"});
+}
+
+void AddDataWarning(std::vector<Finding> const& findings, bool isStrict, Report& report) {
+  if (findings.empty()) return;
+  std::size_t const others = findings.size() - 1;
+  if (isStrict) {
+    Finding const& first = findings.front();
+    throw Failure(LineOf(first) + (others == 0 ? "" : "; and " + std::to_string(others) + " more"));
+  }
+  report.Warning("data warning",
+                 "what was written is not plausible: " + std::to_string(findings.size()) +
+                     (others == 0 ? " finding" : " findings") + ", see below");
+  AddFindings("implausible", findings, report);
+}
+
 void PutInPlaceAfter(Report& report, LibraryChange change) {
   if (change.IsDryRun()) return report.Warning("dry run", "nothing was changed");
   auto const held = std::make_shared<LibraryChange>(std::move(change));

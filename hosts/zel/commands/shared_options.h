@@ -9,6 +9,7 @@
 
 #include "commands/command.h"
 #include "desk/change/library_change.h"
+#include "desk/findings/finding.h"
 #include "desk/notes/carried_notes.h"
 #include "desk/open/preference_list.h"
 
@@ -36,6 +37,11 @@ void AddWarnings(PreferenceList const& list, Report& report);
 // Throws Failure instead with --strict.
 void AddCitationConflicts(Session const& session, std::vector<CitationConflict> const& conflicts,
                           Report& report);
+// Adds a table of findings; their members are for programs.
+void AddFindings(std::string const& name, std::vector<Finding> const& findings, Report& report);
+// Adds a warning and a table "implausible" of findings about the data that a change has written, if
+// there are any. Throws Failure instead if `isStrict`.
+void AddDataWarning(std::vector<Finding> const& findings, bool isStrict, Report& report);
 // Puts the change in place when the report is made. After a dry run the report says that nothing
 // was changed.
 void PutInPlaceAfter(Report& report, LibraryChange change);

@@ -70,9 +70,11 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
   }
   report.Add(std::move(imported.rows),
              std::set<std::string>{"item 1", "item 2", "item 3", "datum"});
+  bool const isRefused = imported.refused != 0 && !options.skipBad;
+  AddDataWarning(imported.findings, options.isStrict && !isRefused, report);
   // Nothing to keep a version of.
   if (imported.read > 0 && imported.same == imported.read && !change.IsDryRun()) return report;
-  if (imported.refused == 0 || options.skipBad) {
+  if (!isRefused) {
     PutInPlaceAfter(report, std::move(change));
     return report;
   }

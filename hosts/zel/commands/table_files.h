@@ -15,6 +15,7 @@ struct TableOptions {
   std::string kind;
   ColumnChoice columns;
   bool skipBad = false;
+  bool isStrict = false;  // implausible values are an error
 };
 
 void AddTableInput(Command& command, TableOptions& options);

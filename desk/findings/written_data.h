@@ -1,0 +1,44 @@
+// Whether the data that a change writes are plausible.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "desk/findings/finding.h"
+#include "desk/open/library.h"
+#include "desk/open/pure_component.h"
+
+namespace zel::desk {
+
+// The findings about the values of a component of a bank, by itself. Missing reference codes and
+// CAS numbers are not among them, nor missing coefficients that count as 0. Errors come first.
+std::vector<Finding> FindingsAbout(PureComponent const& component, std::string const& library,
+                                   BankName const& bank);
+
+// The components of a bank that a change writes.
+class WrittenComponents {
+ public:
+  // The library must outlive this object.
+  WrittenComponents(Library const& library, BankName bank)
+      : library_(library), bank_(std::move(bank)) {}
+
+  // Remembers a component that was written, and what it was before; null if it is new. If it was
+  // remembered before, what it was then counts.
+  void Add(std::int32_t number, PureComponent const* before);
+  // The findings about these components as they are now, in the order of their numbers, without
+  // those that they had before.
+  std::vector<Finding> NewFindings() const;
+
+ private:
+  Library const& library_;
+  BankName bank_;
+  std::map<std::int32_t, std::set<std::string>> before_;  // texts of findings, by number
+};
+
+// Those of `now` that are not among `before`.
+std::vector<Finding> NewAmong(std::vector<Finding> now, std::vector<Finding> const& before);
+
+}  // namespace zel::desk

@@ -1,0 +1,12 @@
+// What physics lets the constants of a component be.
+#pragma once
+
+#include "verify/component_view.h"
+#include "verify/data_finding.h"
+
+namespace zel {
+
+// The check "bounds": reports each constant that is outside its bounds.
+void CheckBounds(ComponentView const& component, CheckedItem const& item, DataFindings& findings);
+
+}  // namespace zel
