@@ -162,6 +162,7 @@ MORE = [
     ("flatten one.lb1 two.lb1 -o three.lb1", 0),
     ("merge one.lb1 two.lb1 --dry-run", 0),
     ("copy two.lb1 one.lb1 --dry-run", 0),
+    ("edit one.lb1 WATER DIPOLE=1.85 --from two.lb1 --dry-run", 0),
     ("flatten other.lb1 crc.lb1 -o conflict.lb1 --accept-identity", 0),
     ("merge other.lb1 crc.lb1 --accept-identity", 0),
     ("check perry.lb1 --baseline known.json", None),
