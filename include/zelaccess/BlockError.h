@@ -7,8 +7,7 @@
 ///     try {
 ///       zel::WithBlockErrors([&] { maint->WriteItem(bank, "SAMPLE", key); });
 ///     } catch (std::exception const& error) {
-///       std::puts(error.what());   // sample.lb1: block 111000014 cannot be written; the disk is
-///       ...
+///       std::puts(error.what());   // "sample.lb1: block 111000014 cannot be written; ..."
 ///     }
 #ifndef ZELACCESS_BLOCKERROR_H
 #define ZELACCESS_BLOCKERROR_H

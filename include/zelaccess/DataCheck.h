@@ -129,8 +129,8 @@ struct ZelCheckedLibrary {
 ZEL_API bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions const& options,
                               ZelDataFindingSink& sink);
 
-/// Checks one component in memory by itself: the checks of CheckLibraryData that need no other item.
-/// So a host can judge a component before it writes it, or that it has read. Throws
+/// Checks one component in memory by itself: the checks of CheckLibraryData that need no other
+/// item. So a host can judge a component before it writes it, or that it has read. Throws
 /// std::bad_alloc, and what the sink throws.
 /// \param component  a component that NewBank made or that was read into one; null, and a component
 ///                   of a class of the host, are not checked

@@ -3,9 +3,12 @@
 ///
 ///     zel::desk::Libraries libs({"own.lb1", "perry.lb1", "crc.lb1"});
 ///     auto ethanol = libs.Component("ETHANOL");
-///     if (auto nbp = ethanol.Constant(zel::Constant::NBP)) use(nbp->value, nbp->unit,
-///     nbp->source); auto p = ethanol.Evaluate(zel::Correlation::VaporPressure, {300.0, 350.0},
-///     {"bar"}); auto nrtl = libs.Pair("NRTL", "ETHANOL", "WATER"); use(nrtl.Value("bij"));
+///     if (auto nbp = ethanol.Constant(zel::Constant::NBP)) {
+///       use(nbp->value, nbp->unit, nbp->source);
+///     }
+///     auto p = ethanol.Evaluate(zel::Correlation::VaporPressure, {300.0, 350.0}, {"bar"});
+///     auto nrtl = libs.Pair("NRTL", "ETHANOL", "WATER");
+///     use(nrtl.Value("bij"));
 ///
 /// A component and an item keep nothing open and may outlive the libraries that they came from.
 /// All functions throw an exception derived from Error where they cannot do what they are asked,
