@@ -1,18 +1,26 @@
 # zel_precompile(<header> <targets>)
-# Has gcc parse a header, which includes the headers that most sources include, only once for all
-# sources of the targets, which must have the same compile options. It saves a quarter of the
-# time of a clean build. Every source still includes what it uses: other compilers do without, and so
-# does a build with a compiler cache, which would have to be told to trust a precompiled header.
+# Has gcc or clang parse a header, which includes the headers that most sources include, only once for
+# all sources of the targets, which must have the same compile options. Every source still includes
+# what it uses: other compilers do without, and so does a build with a compiler cache, which would
+# have to be told to trust a precompiled header.
 function(zel_precompile header first)
   file(REAL_PATH "${CMAKE_CXX_COMPILER}" compiler)
-  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU" OR CMAKE_CONFIGURATION_TYPES
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "^(GNU|Clang)$" OR CMAKE_CONFIGURATION_TYPES
      OR CMAKE_CXX_COMPILER_LAUNCHER OR compiler MATCHES "cache" OR CMAKE_DISABLE_PRECOMPILE_HEADERS)
     return()
   endif()
 
   set(folder ${PROJECT_BINARY_DIR}/precompiled/${first})
   set(input ${folder}/precompiled.h)
-  set(output ${input}.gch)
+  # gcc looks for its file wherever it finds the header. Clang looks only next to a name with a
+  # folder, and must not find gcc's file there: its tools read compile_commands.json of gcc, too.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    set(output ${input}.gch)
+    set(include "SHELL:-I${folder} -include precompiled.h")
+  else()
+    set(output ${input}.pch)
+    set(include "SHELL:-include ${input}")
+  endif()
   file(CONFIGURE OUTPUT ${input} CONTENT "#include \"${PROJECT_SOURCE_DIR}/${header}\"\n")
 
   # The options of the first target, apart from headers that are included before the source.
@@ -45,10 +53,8 @@ function(zel_precompile header first)
   add_custom_target(${first}_precompiled DEPENDS ${output})
 
   foreach(target ${first} ${ARGN})
-    # Before all other headers: gcc accepts it only there. The name has no folder, because clang,
-    # whose tools read the same options from compile_commands.json, would try to load gcc's file if
-    # it found it next to the name, but not if it finds it in a folder of -I.
-    target_compile_options(${target} BEFORE PRIVATE "SHELL:-I${folder} -include precompiled.h")
+    # Before all other headers: it is accepted only there.
+    target_compile_options(${target} BEFORE PRIVATE ${include})
     target_compile_definitions(${target} PRIVATE ZEL_PRECOMPILED)  # for gcc12.h
     get_target_property(sources ${target} SOURCES)
     set_property(SOURCE ${sources} APPEND PROPERTY OBJECT_DEPENDS ${output})
