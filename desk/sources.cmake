@@ -97,6 +97,7 @@ set(desk_SOURCES
     tables/table_import.cpp
     tables/text_table.cpp
     words/display_units.cpp
+    words/mass_units.cpp
     words/failure.cpp
     pages/equation_texts.cpp
     pages/json_text.cpp

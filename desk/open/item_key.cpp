@@ -60,6 +60,19 @@ bool MayBeName(std::string const& word) {
 
 bool IsIdForm(std::string const& word) { return !word.empty() && word.size() <= kIdLength; }
 
+namespace {
+
+// True for several IDs with commas between them. Names have commas, too: "1,4-Dioxane".
+bool AreIds(std::string const& word) {
+  constexpr std::size_t kShortest = 3;  // of "N,N-Dimethylaniline" it is 1
+  std::vector<std::string> const parts = ListWords(word);
+  return parts.size() > 1 && std::all_of(parts.begin(), parts.end(), [](std::string const& part) {
+           return IsIdForm(part) && part.size() >= kShortest;
+         });
+}
+
+}  // namespace
+
 ComponentWord ParseComponent(std::string const& word) {
   if (IsDigits(word)) {
     std::int32_t number = 0;
@@ -76,7 +89,9 @@ ComponentWord ParseComponent(std::string const& word) {
     return number;
   }
   if (!IsIdForm(word)) {
-    throw NotAComponent(word, "\"" + word + "\" is not a component ID or name");
+    throw NotAComponent(word,
+                        "\"" + word + "\" is not a component ID or name" +
+                            (AreIds(word) ? "; several are written with blanks between them" : ""));
   }
   return UpperCase(word);
 }

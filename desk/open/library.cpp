@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "desk/open/change_places.h"
+#include "desk/open/library_path.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -29,7 +30,8 @@ std::string Reason(zel::openErrors error, std::string const& path) {
   std::error_code none;
   switch (error) {
     case zel::openNotFound:
-      return IsBeingChanged(path) ? "is being changed by another program; try again" : "not found";
+      return IsBeingChanged(path) ? "is being changed by another program; try again"
+                                  : "not found" + LibraryPath::Suggestion(path);
     case zel::openDenied:
       if (std::filesystem::is_directory(path, none)) return "is a folder";
       return MayBeRead(path) ? "another program has it open, or it is read-only"

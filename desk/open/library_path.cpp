@@ -35,6 +35,10 @@ std::string WordOf(std::string const& file) {
   return name.extension() == kEnding ? name.stem().string() : file;
 }
 
+std::string Question(std::string const& nearest) {
+  return nearest.empty() ? "" : "; did you mean " + nearest + "?";
+}
+
 }  // namespace
 
 std::vector<std::string> FoldersOf(std::string const& text) {
@@ -69,10 +73,23 @@ std::string LibraryPath::Find(std::string const& word) const {
   std::vector<std::string> words;
   for (PathLibrary const& one : Libraries()) words.push_back(one.word);
   std::string const nearest = NearestWord(EndsAsLibrary(word) ? WordOf(word) : word, words);
-  throw OpenError(word,
-                  "not found in the current folder and on the path (" + list + ")" +
-                      (nearest.empty() ? "" : "; did you mean " + nearest + "?"),
-                  zel::openNotFound);
+  throw OpenError(
+      word, "not found in the current folder and on the path (" + list + ")" + Question(nearest),
+      zel::openNotFound);
+}
+
+std::string LibraryPath::Suggestion(std::string const& path) {
+  fs::path file(path);
+  std::string const word = file.filename().string();
+  std::string const folder = file.parent_path().string();
+  std::vector<std::string> words;
+  for (std::string const& one : LibrariesIn(folder.empty() ? kHere : folder)) {
+    words.push_back(WordOf(one));
+  }
+  std::string nearest = NearestWord(EndsAsLibrary(word) ? WordOf(word) : word, words);
+  if (nearest.empty()) return "";
+  if (EndsAsLibrary(word) && !EndsAsLibrary(nearest)) nearest += kEnding;
+  return Question(file.replace_filename(nearest).string());
 }
 
 std::string LibraryPath::FindSource(std::string const& word) const {

@@ -31,6 +31,9 @@ class LibraryPath {
   // The same for LIBRARY or LIBRARY:BANK.
   std::string FindSource(std::string const& word) const;
 
+  // "; did you mean perry?" for a path that leads to no library, with the most similar one in its
+  // folder; empty if none is similar.
+  static std::string Suggestion(std::string const& path);
   // The libraries of a folder, in order of their names; none if there is no such folder.
   static std::vector<std::string> LibrariesIn(std::string const& folder);
   // The libraries of the current folder and of those of the path.

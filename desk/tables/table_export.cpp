@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "desk/files/output_file.h"
 #include "desk/open/field_text.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
@@ -204,7 +205,7 @@ TextTable ExportTable(Library const& library, BankName const& bank, TableKind ki
 
 std::string InFormOf(std::string const& path, TextTable const& table) {
   std::string const ending = LowerCase(std::filesystem::path(path).extension().string());
-  if (ending == ".csv") return ToCsv(table, ',');
+  if (ending == ".csv" || IsStandardOutput(path)) return ToCsv(table, ',');
   if (ending == ".tsv") return ToCsv(table, '\t');
   if (ending == ".json") return ToJson(table);
   throw WrongUsage(path + ": a table ends in .csv, .tsv or .json");

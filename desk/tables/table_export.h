@@ -17,8 +17,8 @@ namespace zel::desk {
 TextTable ExportTable(Library const& library, BankName const& bank, TableKind kind,
                       DisplayUnits const& units);
 
-// The table in the form that the ending of the path means: .csv, .tsv or .json. Throws WrongUsage
-// for another ending.
+// The table in the form that the ending of the path means: .csv, .tsv or .json; CSV for standard
+// output. Throws WrongUsage for another ending.
 std::string InFormOf(std::string const& path, TextTable const& table);
 
 }  // namespace zel::desk

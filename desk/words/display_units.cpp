@@ -13,6 +13,7 @@
 
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
+#include "desk/words/mass_units.h"
 #include "desk/words/nearest_word.h"
 #include "desk/words/number_range.h"
 
@@ -174,7 +175,12 @@ DisplayUnits::Change DisplayUnits::ChangeInDimension(std::string const& unit,
   std::string shown = internal;
   for (std::string const& word : words_) {
     std::string const found = FoundUnit(dimension, word);
-    if (!found.empty()) shown = found;
+    if (!found.empty()) {
+      shown = found;
+      notUsed_.erase(unit);
+    } else if (IsPerMassOf(word, unit) && !IsUnitSystem(word)) {
+      notUsed_[unit] = word;
+    }
   }
   // Internal units keep the spelling of the catalogue.
   bool const isSame = shown == internal && !IsTemperatureLetter(unit);
@@ -226,6 +232,13 @@ bool DisplayUnits::MakeSlope(std::string const& unit, Change& change) const {
   int const times = power.empty() ? 1 : power[0] - '0';
   change.factor = FactorOf(above) / std::pow(FactorOf(letter), times);
   return true;
+}
+
+DisplayUnits DisplayUnits::With(std::string const& word) const {
+  DisplayUnits both;
+  both.words_ = words_;
+  both.AddWords(word, {});
+  return both;
 }
 
 std::string DisplayUnits::UnitFor(std::string const& unit) const { return ChangeOf(unit).unit; }
@@ -303,8 +316,13 @@ double DisplayUnits::Read(std::string const& word, std::string const& unit,
   std::string const named = UnitNamed(suffix.empty() ? UnitFor(unit) : suffix, unit);
   if (!suffix.empty() && named.empty()) {
     if (suffix.front() == ',') throw WrongUsage(expected + HintForNumber(word));
+    if (IsPerMassOf(suffix, unit)) throw WrongUsage(expected + ": " + WhyNotPerMass(suffix, unit));
     throw WrongUsage(expected + ": " + suffix + " is not a unit for values in " +
                      (unit.empty() ? "pure numbers" : unit));
+  }
+  auto const notUsed = notUsed_.find(unit);
+  if (suffix.empty() && notUsed != notUsed_.end()) {
+    throw WrongUsage(expected + ": it has no unit, and " + WhyNotPerMass(notUsed->second, unit));
   }
   double const read = named.empty() || named == unit ? value : ToInternal(value, named, unit);
   if (IsBelowAbsoluteZero(read, unit)) {

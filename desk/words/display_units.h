@@ -27,6 +27,10 @@ class DisplayUnits {
   // Throws WrongUsage for a word that no dimension knows.
   explicit DisplayUnits(std::string const& words, UnitSets const& own = {});
 
+  // These units with a further one, which holds where both have a unit for a dimension. Throws
+  // WrongUsage for a word that no dimension knows.
+  DisplayUnits With(std::string const& word) const;
+
   bool AreInternal() const { return words_.empty(); }
   // The unit in which values that are in `unit` are shown. `unit` is an internal unit, C, R or F,
   // or a derivative of one of these with respect to the temperature: kPa/K, kPa/K2. Any other unit
@@ -35,8 +39,12 @@ class DisplayUnits {
   // A value that is in `unit`, in UnitFor(unit). Undefined values stay undefined. Throws Failure
   // for a value that has no counterpart in that unit.
   double Shown(double value, std::string const& unit) const;
+  // The units that were asked for by UnitFor, Shown or Read and are per mole, each with the word
+  // that was not used for it because it is a unit per mass.
+  std::map<std::string, std::string> const& NotUsed() const { return notUsed_; }
   // The number that a word means, in the internal unit `unit`: "1.2bar", "78.31 C"; without a unit
-  // the number is in UnitFor(unit). Throws WrongUsage for a word or temperature that cannot be one.
+  // the number is in UnitFor(unit). Throws WrongUsage for a word or temperature that cannot be one,
+  // and for a number without a unit if the unit is in NotUsed.
   double Read(std::string const& word, std::string const& unit, std::string const& what) const;
 
  private:
@@ -54,7 +62,8 @@ class DisplayUnits {
   double FactorOf(std::string const& unit) const;
 
   std::vector<std::string> words_;
-  mutable std::map<std::string, Change> changes_;  // by unit
+  mutable std::map<std::string, Change> changes_;       // by unit
+  mutable std::map<std::string, std::string> notUsed_;  // words by unit
 };
 
 // True for a word that DisplayUnits knows without sets of a user.

@@ -153,6 +153,7 @@ MORE = [
     ("table 10000112 --fields TC " + CONFLICT, 0),
     ("table ETHANOL --fields VaporPressure -l perry.lb1", 0),
     ("pairs WILSON -l empty.lb1", 0),
+    ("coverage --model NRTL -l crc.lb1", 0),
     ("sheet 10000112 -o conflict.html " + CONFLICT, 0),
     ("report -o conflicts.html " + CONFLICT, 0),
     ("compare other.lb1 crc.lb1", 0),
@@ -203,7 +204,7 @@ def steps(document):
                 found.append(["", []])
         elif kind == "console" and line.startswith("$ "):
             found.append([line[2:], False])
-        elif kind == "console" and line.startswith("zel: "):
+        elif kind == "console" and line.startswith("zel: ") and not line.startswith("zel: warning: "):
             found[-1][1] = True
         elif kind == "ini":
             found[-1][0] = found[-1][0] or line[2:]

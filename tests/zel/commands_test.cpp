@@ -330,5 +330,40 @@ TEST_F(CommandsTest, TextFitsEightyColumns) {
   }
 }
 
+TEST_F(CommandsTest, WhyAsCsvHasTheValueAndItsUnit) {
+  std::string const nbp = Good("why ETHANOL NBP -l perry.lb1 -l crc.lb1 --csv");
+  EXPECT_NE(nbp.find("datum\ncomponent,datum,value,unit,state,from,citation\n"
+                     "Ethanol,\"NBP, normal boiling point\",351.39,K,stored,crc.lb1:CRC,"),
+            std::string::npos)
+      << nbp;
+  EXPECT_NE(nbp.find("sources\nsource,value [K],code,result,citation\nperry.lb1:PERRY,,"),
+            std::string::npos)
+      << nbp;
+  std::string const celsius = Good("why ETHANOL NBP -l crc.lb1 --csv --units C");
+  EXPECT_NE(celsius.find(",78.24,C,stored,"), std::string::npos) << celsius;
+  EXPECT_NE(celsius.find("source,value [C],"), std::string::npos) << celsius;
+  std::string const curve = Good("why ETHANOL VaporPressure -l perry.lb1 --csv");
+  EXPECT_NE(curve.find("component,datum,state,from,citation\n"), std::string::npos) << curve;
+}
+
+TEST_F(CommandsTest, InfoAsCsv) {
+  std::string const text = Good("info crc.lb1 --csv");
+  EXPECT_NE(text.find("files\nfile,block bytes,"), std::string::npos) << text;
+  EXPECT_NE(text.find("banks\ntype,name,format,items\nPURECOMP,CRC,1,336\n"), std::string::npos)
+      << text;
+}
+
+TEST_F(CommandsTest, DryRunsSayWhatWouldBe) {
+  EXPECT_EQ(Good("set crc.lb1 --description x --dry-run"),
+            "would change  crc.lb1\ndry run       nothing was changed\n");
+  EXPECT_EQ(Good("create new.lb1 --dry-run"),
+            "would create  new.lb1\ndry run       nothing was changed\n");
+  EXPECT_EQ(
+      Good("delete sample.lb1 NRTL --whole-bank --dry-run").find("would remove  NRTL:SAMPLE\n"),
+      0U);
+  EXPECT_EQ(Json("set crc.lb1 --description x --dry-run")["changed"], "crc.lb1");
+  EXPECT_EQ(Good("set crc.lb1 --description x"), "changed  crc.lb1\n");
+}
+
 }  // namespace
 }  // namespace zel::test

@@ -88,5 +88,20 @@ TEST_F(CoverageTest, UnknownComponentIsAnError) {
   }
 }
 
+TEST_F(CoverageTest, NoBankOfAModelIsSaid) {
+  std::string const why = "no library of the list has a bank of type NRTL";
+  EXPECT_EQ(Json("coverage --model NRTL -l crc.lb1")["warning"], why);
+  EXPECT_EQ(Json("coverage ETHANOL WATER --model NRTL -l crc.lb1")["warning"], why);
+  EXPECT_EQ(Good("coverage --model NRTL -l crc.lb1"), "warning  " + why + "\n");
+  EXPECT_FALSE(
+      Json("coverage ETHANOL WATER --model NRTL -l crc.lb1 -l sample.lb1").contains("warning"));
+  EXPECT_FALSE(Json("coverage ETHANOL WATER -l crc.lb1").contains("warning"));
+  EXPECT_EQ(Json("pairs NRTL ETHANOL WATER -l crc.lb1")["warning"], why);
+  EXPECT_EQ(Json("pairs nrtl -l crc.lb1")["warning"], why);
+  EXPECT_EQ(Json("pairs NRTL WATER BENZENE -l sample.lb1 -l crc.lb1")["warning"],
+            "there is no such pair in sample.lb1:SAMPLE");
+  EXPECT_FALSE(Json("pairs NRTL ETHANOL WATER -l sample.lb1 -l crc.lb1").contains("warning"));
+}
+
 }  // namespace
 }  // namespace zel::test

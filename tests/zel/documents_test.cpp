@@ -89,8 +89,8 @@ std::string WithoutTimes(std::string const& line) {
 }
 
 // A line "..." stands for the rest of an output. A command whose output ends with a message of zel
-// fails; all others succeed. Words that are not commands of zel are the shell's. Returns the
-// commands that the document uses.
+// that is not a warning fails; all others succeed. Words that are not commands of zel are the
+// shell's. Returns the commands that the document uses.
 std::set<std::string> DocumentsTest::RunSession(std::string const& document) const {
   std::set<std::string> used;
   for (Step const& step : SessionOf(FileText(document))) {
@@ -105,7 +105,8 @@ std::set<std::string> DocumentsTest::RunSession(std::string const& document) con
       used.insert(found[1]);
     }
     Outcome const outcome = Shell("PATH=\"${ZEL%/*}:$PATH\"; " + step.command);
-    bool const fails = !step.output.empty() && step.output.back().substr(0, 5) == "zel: ";
+    std::string const last = step.output.empty() ? "" : step.output.back();
+    bool const fails = last.rfind("zel: ", 0) == 0 && last.rfind("zel: warning: ", 0) != 0;
     EXPECT_EQ(outcome.status != 0, fails) << step.command << "\n" << outcome.err;
     std::vector<std::string> const lines = Lines(outcome.out + outcome.err);
     for (std::size_t i = 0; i < std::max(lines.size(), step.output.size()); ++i) {

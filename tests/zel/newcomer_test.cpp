@@ -249,5 +249,39 @@ TEST_F(NewcomerTest, PagesAndComparisonsAreInDisplayUnits) {
   EXPECT_NEAR(pc["second"].get<double>(), 220.4832, 1e-4);
 }
 
+TEST_F(NewcomerTest, ListsOfWordsMayHaveCommas) {
+  std::string const perry = " -l perry.lb1";
+  EXPECT_EQ(Good("table ETHANOL --fields TC,PC,VaporPressure" + perry),
+            Good("table ETHANOL --fields TC PC VaporPressure" + perry));
+  EXPECT_EQ(Good("table ETHANOL --fields 'TC, PC'" + perry),
+            Good("table ETHANOL --fields TC PC" + perry));
+  EXPECT_EQ(Good("pairs NRTL --fields bij,bji -l sample.lb1"),
+            Good("pairs NRTL --fields bij bji -l sample.lb1"));
+  EXPECT_EQ(Good("items perry.lb1 PERRY --fields TC,PC"),
+            Good("items perry.lb1 PERRY --fields TC PC"));
+  std::string const grid = "eval ETHANOL VaporPressure --at 25C --correlations ";
+  EXPECT_EQ(Good(grid + "LatentHeat,LiquidDensity" + perry),
+            Good(grid + "LatentHeat LiquidDensity" + perry));
+  EXPECT_EQ(Good("check perry.lb1 --silence critical,source"),
+            Good("check perry.lb1 --silence critical source"));
+  EXPECT_EQ(Good("coverage ETHANOL WATER --model NRTL,WILSON -l sample.lb1" + perry),
+            Good("coverage ETHANOL WATER --model NRTL WILSON -l sample.lb1" + perry));
+  EXPECT_EQ(Json("edit perry.lb1 ETHANOL --unset TC,PC --dry-run")["changed"], 2);
+  Fails("table ETHANOL --fields , -l perry.lb1", kFailed, "\",\" is neither");
+  Fails("table ETHANOL --fields TC,PV -l perry.lb1", kFailed, "\"PV\" is neither");
+  // Names of components have commas themselves.
+  EXPECT_EQ(Json("table 1,3-Butadiene --fields TC" + perry)["components"].size(), 1U);
+  Fails("table ETHANOL,WATER --fields TC" + perry, kFailed,
+        "several are written with blanks between them");
+  Outcome const name = Zel("table 1,5-Dioxane --fields TC" + perry);
+  EXPECT_EQ(name.err.find("blanks"), std::string::npos) << name.err;
+}
+
+TEST_F(NewcomerTest, OptionWithOneDashOrAnotherSpelling) {
+  Fails("table ETHANOL --filds TC -l perry.lb1", kWrongUsage, "did you mean --fields?");
+  Fails("table ETHANOL -fields TC -l perry.lb1", kWrongUsage, "did you mean --fields?");
+  Fails("table ETHANOL -lperry.lb1 --filds TC", kWrongUsage, "did you mean --fields?");
+}
+
 }  // namespace
 }  // namespace zel::test

@@ -246,5 +246,22 @@ TEST_F(OutputFilesTest, HolesOfALibraryStayHoles) {
   EXPECT_EQ(Json("info crc.lb1")["description"], "x");
 }
 
+TEST_F(OutputFilesTest, TablesGoToStandardOutputAsCsv) {
+  for (char const* const words : {"refs perry.lb1 -o ", "parameters sample.lb1 -o ",
+                                  "export sample.lb1 --bank NRTL --table "}) {
+    std::string const command = words;
+    Good(command + "t.csv");
+    std::string const expected = FileText(Folder() / "t.csv");
+    EXPECT_EQ(Good(command + "-"), expected) << words;
+    EXPECT_EQ(Good(command + "/dev/stdout"), expected) << words;
+    for (char const* form : {"--json", "--csv"}) {
+      if (command[0] == 'e' && std::string(form) == "--csv") continue;  // not an option of export
+      Outcome const both = Zel(command + "- " + form);
+      EXPECT_EQ(both.status, 2) << words << form;
+      EXPECT_NE(both.err.find("exclude each other"), std::string::npos) << both.err;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zel::test

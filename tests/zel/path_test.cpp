@@ -21,7 +21,8 @@ class PathTest : public ZelTest {
   }
   void Move(std::string const& name, std::string const& folder) const {
     for (char const* ending : {".lb1", ".lb2"}) {
-      fs::rename(Folder() / (name + ending), Folder() / folder / (name + ending));
+      fs::path const file = name + ending;
+      fs::rename(Folder() / file, Folder() / folder / file.filename());
     }
   }
   json JsonOf(std::string const& words, std::string const& before) const {
@@ -131,7 +132,9 @@ TEST_F(PathTest, NameThatFindsNothingIsAnsweredWithTheFoldersAndTheNearest) {
         "perry?\n");
   Fails("why ETHANOL NBP -l perry -l other:X", kBoth, 1,
         "zel: other: not found in the current folder and on the path (shared, more)\n");
-  Fails("info shared/pery.lb1", kBoth, 1, "zel: shared/pery.lb1: not found\n");
+  Fails("info shared/pery.lb1", kBoth, 1,
+        "zel: shared/pery.lb1: not found; did you mean shared/perry.lb1?\n");
+  Fails("info more/pery.lb1", kBoth, 1, "zel: more/pery.lb1: not found\n");
   Fails("info sample --names nowhere", kBoth, 1, "(named by --names or ZEL_NAMES)");
 }
 
@@ -284,6 +287,19 @@ TEST_F(ConfigurationTest, PathShowsWhereSettingsComeFrom) {
 TEST_F(ConfigurationTest, OwnSetsMayBeNamedInAnyCase) {
   EXPECT_EQ(JsonOf("why ETHANOL HFORMATION --units PLANT -l crc", kFile)["unit"], "J/g-mol");
   Fails("why ETHANOL TC --units plan -l crc", kFile, 2, "did you mean plant?");
+}
+
+TEST_F(PathTest, NearestLibraryOfTheFolderIsNamedWithoutAPathToo) {
+  Move("shared/perry", ".");
+  Fails("info pery", "", 1, "zel: pery: not found; did you mean perry?\n");
+  Fails("info PERY.lb1", "", 1, "zel: PERY.lb1: not found; did you mean perry.lb1?\n");
+  Fails("why ETHANOL NBP -l ./pery.lb1:PERRY", "", 1,
+        "zel: ./pery.lb1: not found; did you mean ./perry.lb1?\n");
+  Fails("path smple", "", 1, "zel: smple: not found; did you mean sample?\n");
+  Fails("set pery.lb1 --description x", "", 1, "did you mean perry.lb1?");
+  Fails("info nothing", "", 1, "zel: nothing: not found\n");
+  Outcome const asJson = Zel("info pery --json");
+  EXPECT_EQ(json::parse(asJson.out)["error"]["near"][0], "perry") << asJson.out;
 }
 
 }  // namespace

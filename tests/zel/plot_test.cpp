@@ -278,5 +278,26 @@ TEST_F(PlotTest, WordsThatDoNotFit) {
       << none.err;
 }
 
+TEST_F(PlotTest, UnitOfTheValues) {
+  std::string const curve = "VaporPressure ETHANOL -l perry.lb1 ";
+  EXPECT_EQ(Drawn(curve + "--unit bar"), Drawn(curve + "--units bar"));
+  EXPECT_EQ(Drawn(curve + "--units C,Pa --unit bar"), Drawn(curve + "--units C,bar"));
+  for (char const* unit : {"K", "engineering", "kg/m3"}) {
+    Outcome const outcome = Zel("plot " + curve + "-o p.svg --unit " + unit);
+    EXPECT_EQ(outcome.status, 2) << unit;
+    EXPECT_NE(outcome.err.find("is not a unit of VaporPressure, which is in kPa"),
+              std::string::npos)
+        << outcome.err;
+  }
+}
+
+TEST_F(PlotTest, FactsAreCsvToo) {
+  EXPECT_EQ(Good("plot VaporPressure ETHANOL -l perry.lb1 -o p.svg --csv"),
+            "fact,value\nwritten,p.svg\nlines,1\n");
+  std::string const curves = Good("plot VaporPressure ETHANOL -l perry.lb1 -o - --csv");
+  EXPECT_EQ(curves.substr(0, curves.find('\n')), "line,T [K],value [kPa],range");
+  EXPECT_EQ(curves.find("fact"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace zel::test

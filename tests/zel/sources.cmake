@@ -50,4 +50,5 @@ set(zel_TEST_SOURCES
     terminal_test.cpp
     traced_run.cpp
     units_test.cpp
+    wide_tables_test.cpp
     zel_fixture.cpp)

@@ -191,5 +191,61 @@ TEST_F(UnitsTest, NumbersOfFindingsAreInDisplayUnitsAndSentencesAreNot) {
   EXPECT_GT(count, 0);
 }
 
+bool Has(std::string const& text, std::string const& part) {
+  return text.find(part) != std::string::npos;
+}
+
+// Without the molecular weight there is no way from one to the other.
+TEST_F(UnitsTest, AUnitPerMassIsNotUsedForWhatIsPerMoleAndSaidSo) {
+  std::string const density = "eval ETHANOL LiquidDensity -l perry.lb1 --at 25C";
+  std::string const warning =
+      "warning: values in kg-mol/m3 are per mole; kg/m3, which is per mass, is not used for them";
+  Outcome const shown = Zel(density + " --units kg/m3");
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_EQ(shown.err, "zel: " + warning + "\n");
+  EXPECT_EQ(shown.out, Good(density));
+  EXPECT_EQ(Json(density + " --units kg/m3")["problems"], json::array({warning}));
+  struct {
+    char const* words;
+    char const* unit;
+  } const rows[] = {
+      {"table ETHANOL --fields HVAPNBP -l crc.lb1 --units kJ/kg", "kJ/kg-mol"},
+      {"table ETHANOL --fields VC -l crc.lb1 --units cm3/g", "m3/kg-mol"},
+      {"table ETHANOL --fields SVTB -l crc.lb1 --units J/g-K", "kJ/kg-mol-K"},
+      {"table ETHANOL --fields SVTB -l crc.lb1 --units J/K-g", "kJ/kg-mol-K"},
+      {"table ETHANOL --fields VC -l crc.lb1 --units SI,m3/kg", "m3/kg-mol"},
+      {"plot LiquidDensity ETHANOL -l perry.lb1 -o x.svg --units lb/ft3", "kg-mol/m3"},
+      {"sheet ETHANOL -l perry.lb1 -o x.html --units J/g", "kJ/kg-mol"}};
+  for (auto const& row : rows) {
+    Outcome const outcome = Zel(row.words);
+    EXPECT_EQ(outcome.status, 0) << row.words << "\n" << outcome.err;
+    EXPECT_TRUE(Has(outcome.err, "values in " + std::string(row.unit) + " are per mole"))
+        << row.words << "\n"
+        << outcome.err;
+  }
+  for (char const* words : {"eval ETHANOL VaporPressure -l perry.lb1 --at 25C --units kg/m3",
+                            "table ETHANOL --fields VC -l crc.lb1 --units m3/kg,cm3/mol",
+                            "table ETHANOL --fields VC -l crc.lb1 --units US"}) {
+    EXPECT_EQ(Zel(words).err, "") << words;
+  }
+}
+
+TEST_F(UnitsTest, AValuePerMassIsRefusedForWhatIsPerMole) {
+  Contents const before = ContentsOf(Folder());
+  auto const fails = [&](std::string const& words, std::string const& why) {
+    Outcome const outcome = Zel("edit crc.lb1 ETHANOL " + words);
+    EXPECT_EQ(outcome.status, 2) << words;
+    EXPECT_TRUE(Has(outcome.err, why)) << words << "\n" << outcome.err;
+    EXPECT_TRUE(ContentsOf(Folder()) == before) << words;
+  };
+  fails("HVAPNBP=840J/g",
+        "J/g is per mass, but the value is per mole; units such as kJ/kg-mol and kJ/mol fit");
+  fails("VC=0.003m3/kg", "m3/kg is per mass, but the value is per mole");
+  fails("HVAPNBP=840 --units J/g", "it has no unit, and J/g is per mass");
+  fails("HVAPNBP=840K", "K is not a unit for values in kJ/kg-mol");
+  EXPECT_EQ(Json("edit crc.lb1 ETHANOL HVAPNBP=38.56kJ/mol --units J/g --dry-run")["already_so"],
+            "HVAPNBP");
+}
+
 }  // namespace
 }  // namespace zel::test

@@ -214,7 +214,7 @@ void AddBankCommands(CommandLine& line) {
   items.Argument("LIBRARY", o->path, "a library file")
       .Library(o->path)
       .Argument("BANK", o->bank, "a name, a type, or TYPE:NAME")
-      .Option("--fields", o->fields, "show these fields too", "FIELD...");
+      .List("--fields", o->fields, "show these fields too", "FIELD...");
   AddStrict(items);
   items.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Items(session, *o); });
 }

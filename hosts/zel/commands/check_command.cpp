@@ -120,7 +120,7 @@ void AddCheckCommand(CommandLine& line) {
           "zel check perry.lb1 crc.lb1 --silence source")
       .OptionalArgument("LIBRARY", o->check.libraries, "libraries, each compared with the others")
       .Library(o->check.libraries)
-      .Option("--silence", o->check.silent, "do not report these checks", "ID...")
+      .List("--silence", o->check.silent, "do not report these checks", "ID...")
       .Option("--fail-on", o->failOn, "exit status 1 from error (default), warning or note on",
               "SEVERITY")
       .Option("--baseline", o->baseline, "report what this output of --json does not have", "FILE")

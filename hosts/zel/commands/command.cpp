@@ -15,6 +15,7 @@
 #include "desk/files/standard_output.h"
 #include "desk/open/names_library.h"
 #include "desk/words/failure.h"
+#include "desk/words/letters.h"
 #include "desk/words/nearest_word.h"
 
 namespace zelhost {
@@ -46,10 +47,13 @@ std::string NearestOption(CLI::App const& app, std::string const& command, int c
     }
   }
   for (int i = 2; i < count; ++i) {
-    std::string const word(words[i], std::strcspn(words[i], "="));
+    std::string word(words[i], std::strcspn(words[i], "="));
     if (word == "--") break;
+    bool const isShort = word.size() > 2 && word[0] == '-' && word[1] != '-';
+    if (isShort) word.insert(0, 1, '-');  // "-fields" may be meant as "--fields"
     bool const isKnown = std::find(names.begin(), names.end(), word) != names.end();
-    if (word.rfind("--", 0) == 0 && !isKnown) return DidYouMean(word, names);
+    if (isShort && NearestWord(word, names).empty()) continue;  // "-lperry.lb1"
+    if (word.rfind("--", 0) == 0 && (isShort || !isKnown)) return DidYouMean(word, names);
   }
   return ";";
 }
@@ -117,6 +121,17 @@ std::string LineOf(std::vector<std::string> const& words, std::set<std::string> 
     isSecret = secrets.count(word) != 0;
   }
   return line;
+}
+
+// Takes words with commas between them apart. A word that has nothing else stays, and is refused.
+void TakeApart(std::vector<std::string>& words) {
+  std::vector<std::string> parts;
+  for (std::string& word : words) {
+    std::vector<std::string> list = ListWords(word);
+    if (list.empty()) list.push_back(std::move(word));
+    parts.insert(parts.end(), list.begin(), list.end());
+  }
+  words = std::move(parts);
 }
 
 // The libraries that the words of a target name.
@@ -204,6 +219,12 @@ Command& Command::Required(std::string const& names, Target target, std::string 
   return *this;
 }
 
+Command& Command::List(std::string const& names, std::vector<std::string>& targets,
+                       std::string const& help, std::string const& typeName) {
+  lists_.push_back(&targets);
+  return Option(names, targets, help, typeName);
+}
+
 Command& Command::Flag(std::string const& names, bool& target, std::string const& help) {
   sub_->add_flag(names, target, help);
   return *this;
@@ -231,8 +252,9 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
         ->excludes("--json");
   }
   sub_->callback([&session, name = sub_->get_name(), libraries = libraries_, sources = sources_,
-                  work = std::move(work)] {
+                  lists = lists_, work = std::move(work)] {
     session.commandName = name;
+    for (std::vector<std::string>* const words : lists) TakeApart(*words);
     UseDefaults(session);
     if (sources != nullptr && sources->empty()) *sources = session.defaults.File().libraries;
     if (sources != nullptr && sources->empty()) {
@@ -245,6 +267,10 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
     OpenNames(session);
     Report report = work(session);
     report.ShowIn(session.units);
+    for (auto const& [unit, word] : session.units.NotUsed()) {
+      session.Note("warning: values in " + unit + " are per mole; " + word +
+                   ", which is per mass, is not used for them");
+    }
     report.SetLines(session.lines);
     std::string const text = Print(report, session.form, session.commandName);
     bool const isChanged = report.MakeChange();

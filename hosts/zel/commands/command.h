@@ -75,6 +75,9 @@ class Command {
   // An option that must be given, with exactly one word.
   Command& Required(std::string const& names, Target target, std::string const& help,
                     std::string const& typeName);
+  // An option for several words none of which contains a comma; commas between them are understood.
+  Command& List(std::string const& names, std::vector<std::string>& targets,
+                std::string const& help, std::string const& typeName);
   Command& Flag(std::string const& names, bool& target, std::string const& help);
   // The sources of a preference list, -l; by default those of the configuration file.
   Command& Sources(std::vector<std::string>& targets, std::string const& help,
@@ -99,6 +102,7 @@ class Command {
   CommandLine& line_;
   CLI::App* sub_;
   std::vector<LibraryWords> libraries_;
+  std::vector<std::vector<std::string>*> lists_;
   std::vector<std::string>* sources_ = nullptr;
 };
 

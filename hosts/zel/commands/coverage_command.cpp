@@ -88,6 +88,19 @@ void AddMatrix(PairCoverage const& pairs, std::string const& type, bool onlyMiss
   }
 }
 
+// Warns of models of which no library has a bank: all of their pairs are missing.
+void WarnOfMissingBanks(PreferenceList const& list, std::vector<std::string> const& types,
+                        Report& report) {
+  std::vector<std::string> const there = PairTypes(list);
+  std::string without;
+  for (std::string const& type : types) {
+    if (std::find(there.begin(), there.end(), type) != there.end()) continue;
+    without += (without.empty() ? "" : ", ") + type;
+  }
+  if (without.empty()) return;
+  report.Warning("warning", "no library of the list has a bank of type " + without);
+}
+
 Report Coverage(Session& session, Options const& o) {
   if (o.components.empty() && o.models.empty()) {
     throw WrongUsage("name components, or a --model, whose components are then taken");
@@ -96,6 +109,7 @@ Report Coverage(Session& session, Options const& o) {
   PreferenceList list(session, o.sources);
   std::vector<std::string> const types = named.empty() ? PairTypes(list) : named;
   Report report;
+  WarnOfMissingBanks(list, types, report);
   Table summary("components", {{"component", ""},
                                {"stored", ""},
                                {"filled in", ""},
@@ -136,7 +150,7 @@ void AddCoverageCommand(CommandLine& line) {
                             "by number, ID, CAS number or name; one or several");
   AddSourceOptions(coverage, o->sources);
   coverage
-      .Option("--model", o->models, "its pairs; of all its components without COMPONENT", "TYPE...")
+      .List("--model", o->models, "its pairs; of all its components without COMPONENT", "TYPE...")
       .Flag("--missing", o->missing, "only the pairs, and data, that are missing")
       .Flag("--matrix", o->matrix, "the pairs of each model as a matrix")
       .Flag("--details", o->details, "every datum with its source")

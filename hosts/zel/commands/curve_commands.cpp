@@ -179,7 +179,7 @@ void AddCurveCommands(CommandLine& line) {
       .Option("--steps", o->steps, "number of steps; default: 10", "N")
       .Option("--components", o->moreComponents, "further components, in the same table",
               "COMPONENT...")
-      .Option("--correlations", o->moreCorrelations, "further correlations", "CORRELATION...")
+      .List("--correlations", o->moreCorrelations, "further correlations", "CORRELATION...")
       .Flag("--extrapolate", o->extrapolate, "with several: values outside the ranges too")
       .Option("--derivatives", o->derivatives, "0 to 3; default: 1, with several: 0", "N")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Eval(session, *o); });

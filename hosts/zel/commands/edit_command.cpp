@@ -85,7 +85,7 @@ void AddEditCommand(CommandLine& line) {
       .Library(o->path)
       .Library(o->from)
       .Argument("WORD", o->words, "[BANK] ITEM, then DATUM=VALUE or DATUM VALUE, ...")
-      .Option("--unset", o->unset, "remove these data", "DATUM...")
+      .List("--unset", o->unset, "remove these data", "DATUM...")
       .Option("--ref", o->code, "the reference code of what is set; else it stays", "CODE")
       .Option("--from", o->from, "copy the item from here first if it is missing", "LIBRARY")
       .Option("--equation", o->equation, "of a correlation", "N")

@@ -153,7 +153,8 @@ Report Delete(Session& session, Options const& o) {
     }
   }
   Report report;
-  report.Fact("removed", ToText(bank) + (o.wholeBank ? "" : " " + Joined(words)));
+  report.Fact("removed", change.IsDryRun() ? "would remove" : "",
+              ToText(bank) + (o.wholeBank ? "" : " " + Joined(words)));
   report.JsonFacts(ItemColumns(),
                    ItemMembers(ToText(bank), o.wholeBank ? std::vector<std::string>() : words));
   PutInPlaceAfter(report, std::move(change));

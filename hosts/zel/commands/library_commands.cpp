@@ -65,7 +65,7 @@ Report Create(Session& session, Options const& o) {
       session, o.path, {static_cast<zel::libTypes>(o.kind), o.force, ModeOf(o.mode)}, o.change);
   change.Open().File().SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
   Report report;
-  report.Fact("created", o.path);
+  report.Fact("created", change.IsDryRun() ? "would create" : "", o.path);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }
@@ -193,7 +193,7 @@ Report Set(Session& session, Options const& o) {
   file.SetDescriptionAndVersion(TextOrNull(o.description), TextOrNull(o.version));
   if (setsPassword) file.SetPassword(o.clearPassword ? 0 : o.level, o.newPassword.c_str());
   Report report;
-  report.Fact("changed", o.path);
+  report.Fact("changed", change.IsDryRun() ? "would change" : "", o.path);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }
@@ -215,7 +215,7 @@ void AddLibraryCommands(CommandLine& line) {
   Command(line, "info", "Show a library's header, banks and counts", "zel info sample.lb1")
       .Argument("LIBRARY", o->path, "a library file")
       .Library(o->path)
-      .Run(Outputs::kJson, [o](Session& session) { return Info(session, *o); });
+      .Run(Outputs::kJsonAndCsv, [o](Session& session) { return Info(session, *o); });
   Command memo(line, "memo", "Show or set the memo of a library or a bank",
                "zel memo sample.lb1 --bank NRTL --set \"Checked in May\"");
   memo.Argument("LIBRARY", o->path, "a library file")

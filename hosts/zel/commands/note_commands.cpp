@@ -79,10 +79,16 @@ Report AfterImport(Session& session, Options const& o, LibraryChange change, Imp
 
 // Writes the notes of a library to the file of -o.
 template <typename Export>
-void WriteNotes(Options const& o, char const* what, Report& report, Export const& inForm) {
+void WriteNotes(Session const& session, Options const& o, char const* what, Report& report,
+                Export const& inForm) {
+  bool const isOutput = IsStandardOutput(o.output);
+  if (isOutput && session.form != Form::kText) {
+    throw WrongUsage("--json, --csv and a table on standard output exclude each other");
+  }
   RefuseLibraryPath(o.output);
   std::int64_t count = 0;
   WriteFile(o.output, inForm(count));
+  if (isOutput) return;  // only the table
   report.Fact("exported", o.path);
   report.Fact(what, count);
   report.Fact("to", o.output);
@@ -97,7 +103,7 @@ Report ListReferences(Session& session, Options const& o) {
     report.Add(ReferenceTable(library, bank));
     return report;
   }
-  WriteNotes(o, "references", report,
+  WriteNotes(session, o, "references", report,
              [&](std::int64_t& count) { return ExportReferences(library, bank, o.output, count); });
   return report;
 }
@@ -166,7 +172,7 @@ Report ListMeanings(Session& session, Options const& o) {
     report.Add(MeaningTable(library, bank));
     return report;
   }
-  WriteNotes(o, "parameters", report,
+  WriteNotes(session, o, "parameters", report,
              [&](std::int64_t& count) { return ExportMeanings(library, bank, o.output, count); });
   return report;
 }
@@ -233,7 +239,7 @@ void AddNoteCommands(CommandLine& line) {
       .Option("--first", o->first, "first code for entries of BibTeX without one", "CODE")
       .Option("--ignore", o->import.ignored, "leave these columns of a table out", "HEAD...")
       .Flag("--skip-bad", o->skipBad, "import the others if some are refused")
-      .Option("-o,--output", o->output, "write them (.bib, .csv, .tsv, .json)", "FILE");
+      .Option("-o,--output", o->output, "write them (.bib, .csv, .tsv, .json; - is CSV)", "FILE");
   AddStrict(refs);
   AddChangeOptions(refs, o->change);
   refs.Run(Outputs::kJsonAndCsv, [o](Session& session) { return References(session, *o); });
@@ -245,7 +251,7 @@ void AddNoteCommands(CommandLine& line) {
       .Option("--bank", o->bank, "only this bank", "BANK")
       .Option("--unit", o->unit, "of the values; none for a pure number", "UNIT")
       .Flag("--skip-bad", o->skipBad, "import the other rows if some are refused")
-      .Option("-o,--output", o->output, "write them (.csv, .tsv, .json)", "FILE");
+      .Option("-o,--output", o->output, "write them (.csv, .tsv, .json); - for CSV", "FILE");
   AddChangeOptions(parameters, o->change);
   parameters.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Parameters(session, *o); });
 }

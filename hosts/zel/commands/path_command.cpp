@@ -80,7 +80,9 @@ Report Path(Session& session, Options const& o) {
   Table& table = report.Begin("libraries", {{"name", ""}, {"library", ""}, {"hidden by", ""}});
   for (std::string const& word : o.words) {
     std::string const found = path.Find(word);
-    if (!Exists(found)) throw OpenError(word, "not found", zel::openNotFound);
+    if (!Exists(found)) {
+      throw OpenError(word, "not found" + LibraryPath::Suggestion(word), zel::openNotFound);
+    }
     table.Add(word, found, Cell());
   }
   if (!o.words.empty()) return report;

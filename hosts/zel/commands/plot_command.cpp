@@ -19,6 +19,7 @@ struct Options {
   SourceOptions sources;
   PlotOptions plot;
   std::vector<std::string> points;  // files
+  std::string unit;                 // of the values
   std::string output;
 };
 
@@ -52,9 +53,23 @@ void CheckOrder(PlotOptions const& plot) {
   }
 }
 
+// The units of the chart: those of the session, with that of --unit for the values.
+DisplayUnits UnitsOf(Session const& session, Options const& o) {
+  if (o.unit.empty()) return session.units;
+  zel::ZelCorrelationInfo const& correlation = CorrelationNamed(o.plot.correlation);
+  if (UnitNamed(o.unit, correlation.unit).empty()) {
+    std::string const unit = correlation.unit;
+    throw WrongUsage("--unit: " + o.unit + " is not a unit of " + correlation.name +
+                     (unit.empty() ? ", a pure number" : ", which is in " + unit));
+  }
+  return session.units.With(o.unit);
+}
+
 Report DrawPlot(Session& session, Options const& o) {
   Kind const kind = KindOf(session, o.output);
   CheckOrder(o.plot);
+  session.units = UnitsOf(session, o);
+  session.units.UnitFor(CorrelationNamed(o.plot.correlation).unit);  // says if it is not used
   PreferenceList list(session, o.sources);
   PlotOptions options = o.plot;
   options.units = session.units;
@@ -111,6 +126,7 @@ void AddPlotCommand(CommandLine& line) {
       .Library(plot.reference)
       .Option("--points", o->points, "points of data to draw: a table with T and value", "FILE...")
       .Option("--title", plot.title, "default: what the correlation is", "TEXT")
+      .Option("--unit", o->unit, "of the values; --units is for temperatures too", "UNIT")
       .Option("--size", plot.size, "of the chart in points; default: 800 wide", "WxH")
       .Run(Outputs::kJsonAndCsv, [o](Session& session) { return DrawPlot(session, *o); });
 }

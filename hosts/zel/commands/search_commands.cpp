@@ -90,6 +90,20 @@ Report Search(Session& session, Options const& o) {
   return report;
 }
 
+// CSV leaves facts out: a table has them instead, whose unit is in the column `unit`.
+void AddDatumTable(Report& report) {
+  std::vector<Column> columns;
+  std::vector<Cell> cells;
+  for (Report::NamedFact const& fact : report.Facts()) {
+    if (fact.isWarning) continue;
+    columns.push_back({fact.name, ""});
+    cells.push_back(fact.value);
+  }
+  Table table("datum", std::move(columns));
+  table.Add(std::move(cells));
+  report.AddFirst(std::move(table));
+}
+
 // The citations of the data that compete, under the names of their sources.
 class CitedSources {
  public:
@@ -118,14 +132,15 @@ class CitedSources {
 };
 
 void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceList const& list,
-                 PureComponent const& merged, Report& report) {
+                 PureComponent const& merged, bool inCsv, Report& report) {
   DatumState const state = StateOf(merged, info.index);
   report.Fact("datum", info.keyword + (", " + std::string(info.label)));
   report.Fact("value", Number(merged.Completed(info.index)));
   report.Fact("unit", Text(info.unit));
   report.Fact("state", std::string(Word(state)));
-  // In internal units the fact above says the unit.
-  std::string const unit = list.Units().AreInternal() ? "" : info.unit;
+  // In internal units the fact above says the unit, except in CSV.
+  bool const isSaid = list.Units().AreInternal() && !inCsv;
+  std::string const unit = isSaid ? "" : info.unit;
   Table table("sources",
               {{"source", ""}, {"value", unit}, {"code", ""}, {"result", ""}, CitationColumn()});
   CitedSources cited(list);
@@ -206,11 +221,12 @@ Report Why(Session& session, Options const& o) {
   Report report;
   report.Fact("component", merged.ReadIdentity().name);
   if (constant != nullptr) {
-    WhyConstant(*constant, o, list, merged, report);
+    WhyConstant(*constant, o, list, merged, session.form == Form::kCsv, report);
   } else {
     WhyCurve(*curve, o, list, merged, report);
   }
   AddWarnings(list, report);
+  if (session.form == Form::kCsv) AddDatumTable(report);
   return report;
 }
 
@@ -228,7 +244,7 @@ void AddSearchCommands(CommandLine& line) {
   why.Argument("COMPONENT", o->component, "by number, ID, CAS number or name")
       .Argument("DATUM", o->datum, "keyword of a constant or name of a correlation");
   AddSourceOptions(why, o->sources);
-  why.Run(Outputs::kJson, [o](Session& session) { return Why(session, *o); });
+  why.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Why(session, *o); });
 }
 
 }  // namespace zelhost

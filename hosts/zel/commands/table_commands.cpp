@@ -11,6 +11,7 @@
 #include "desk/tables/table_heads.h"
 #include "desk/tables/text_table.h"
 #include "desk/words/failure.h"
+#include "desk/words/letters.h"
 #include "output/progress.h"
 
 namespace zelhost {
@@ -44,6 +45,18 @@ Report Components(Session& session, Options const& o) {
   return report;
 }
 
+// Where pairs were looked for that none of the libraries has.
+std::string WhyNoPairs(std::vector<Library> const& libraries, std::string const& type) {
+  std::string banks;
+  for (Library const& library : libraries) {
+    for (BankName const& bank : library.Banks(type)) {
+      banks += (banks.empty() ? "" : ", ") + library.Path() + ":" + bank.name;
+    }
+  }
+  if (banks.empty()) return "no library of the list has a bank of type " + type;
+  return "there is no such pair in " + banks;
+}
+
 Report Pairs(Session& session, Options const& o) {
   std::vector<Library> libraries;
   for (std::string const& path : o.libraries) libraries.push_back(OpenFinished(session, path));
@@ -51,6 +64,9 @@ Report Pairs(Session& session, Options const& o) {
   Report report;
   report.Add(PairTable(libraries, o.type, o.fields, o.choice.words));
   report.Fact("found", static_cast<std::int64_t>(report.Tables()[0].Rows().size()));
+  if (report.Tables()[0].Empty()) {
+    report.Warning("warning", WhyNoPairs(libraries, UpperCase(o.type)));
+  }
   Table meanings = PairMeanings(libraries, o.type, o.fields);
   if (!meanings.Empty()) report.AddAside(std::move(meanings));
   return report;
@@ -83,7 +99,7 @@ void AddTableCommands(CommandLine& line) {
                 "zel table ETHANOL WATER --fields TC PC NBP -l perry.lb1 -l crc.lb1 --csv");
   table.OptionalArgument("COMPONENT", o->choice.words, "by number, ID, CAS number or name");
   AddSourceOptions(table, o->sources);
-  table.Option("--fields", o->fields, "constants and correlations", "DATUM...")
+  table.List("--fields", o->fields, "constants and correlations", "DATUM...")
       .Option("--components-of", o->choice.path, "a file with one component a line", "FILE")
       .Option("--filter", o->choice.pattern, "components whose ID or name matches", "PATTERN")
       .Flag("--all", o->all, "all components of the sources")
@@ -94,7 +110,7 @@ void AddTableCommands(CommandLine& line) {
   pairs.Argument("TYPE", o->type, "a bank type, the model")
       .OptionalArgument("COMPONENT", o->choice.words, "pairs of it, of two of several")
       .Sources(o->libraries, "a library; once for each, the preferred one first", "LIBRARY")
-      .Option("--fields", o->fields, "show these fields too", "FIELD...");
+      .List("--fields", o->fields, "show these fields too", "FIELD...");
   AddStrict(pairs);
   pairs.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Pairs(session, *o); });
   Command heads(line, "template", "Print the heads of a table for import --table as CSV",

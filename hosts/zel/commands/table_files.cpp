@@ -95,17 +95,14 @@ Report ExportTableFile(Session& session, std::string const& library, std::string
   if (isOutput && session.form != Form::kText) {
     throw WrongUsage("--json and a table on standard output exclude each other");
   }
-  if (!isOutput) InFormOf(options.path, {});  // an unknown ending is an error before the work
+  InFormOf(options.path, {});  // an unknown ending is an error before the work
   Library const from = OpenFinished(session, library);
   BankName const which = from.Bank(bank);
   TextTable const table =
       ExportTable(from, which, TableKindNamed(options.kind, which.type), session.units);
-  Report report;
-  if (isOutput) {
-    Write(ToCsv(table, ','));
-    return report;
-  }
   WriteFile(options.path, InFormOf(options.path, table));
+  Report report;
+  if (isOutput) return report;  // only the table
   report.Fact("exported", library);
   report.Fact("bank", ToText(which));
   report.Fact("rows", static_cast<std::int64_t>(table.rows.size()));

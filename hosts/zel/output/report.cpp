@@ -15,6 +15,10 @@ void Report::Fact(std::string name, Cell value) {
   facts_.push_back({std::move(name), std::move(value)});
 }
 
+void Report::Fact(std::string name, std::string shownAs, Cell value) {
+  facts_.push_back({std::move(name), std::move(value), false, false, std::move(shownAs)});
+}
+
 void Report::JsonFact(std::string name, Cell value) {
   facts_.push_back({std::move(name), std::move(value), false, true});
 }
@@ -55,6 +59,13 @@ bool Report::MakeChange() {
 }
 
 void Report::Add(Table table) { tables_.push_back(std::move(table)); }
+
+void Report::AddFirst(Table table) {
+  std::set<std::size_t> moved;
+  for (std::size_t const aside : asides_) moved.insert(aside + 1);
+  asides_ = std::move(moved);
+  tables_.insert(tables_.begin(), std::move(table));
+}
 
 void Report::AddAside(Table table) {
   asides_.insert(tables_.size());
@@ -97,6 +108,9 @@ Report Report::ForPeople() const {
   Report shown;
   std::copy_if(facts_.begin(), facts_.end(), std::back_inserter(shown.facts_),
                [](NamedFact const& fact) { return !fact.onlyJson; });
+  for (NamedFact& fact : shown.facts_) {
+    if (!fact.shownAs.empty()) fact.name = fact.shownAs;
+  }
   shown.asides_ = asides_;
   for (Table const& table : tables_) {
     auto const hidden = onlyJson_.find(table.Name());

@@ -23,6 +23,8 @@ namespace zelhost {
 class Report {
  public:
   void Fact(std::string name, Cell value);
+  // A fact that people see under another name than programs: "would change" for "changed".
+  void Fact(std::string name, std::string shownAs, Cell value);
   // A fact that only JSON has.
   void JsonFact(std::string name, Cell value);
   // The same for some cells, with the names of columns.
@@ -32,6 +34,7 @@ class Report {
   // The table stays valid until the next one is begun.
   Table& Begin(std::string name, std::vector<Column> columns);
   void Add(Table table);
+  void AddFirst(Table table);
   // A table that explains another one; CSV leaves it out.
   void AddAside(Table table);
   // A document that is printed instead of facts and tables, whatever the form.
@@ -48,7 +51,7 @@ class Report {
   // Adds a table of which only JSON has the named columns.
   void Add(Table table, std::set<std::string> onlyJson);
   void Add(Table table, std::vector<Column> const& onlyJson);
-  // The report without the columns that only JSON has.
+  // The report without what only JSON has, and with the names of facts that people see.
   Report ForPeople() const;
   // Makes the change; false if the report has none.
   bool MakeChange();
@@ -58,6 +61,7 @@ class Report {
     Cell value;
     bool isWarning = false;
     bool onlyJson = false;
+    std::string shownAs{};  // empty for the name
   };
   std::vector<NamedFact> const& Facts() const { return facts_; }
   std::vector<Table> const& Tables() const { return tables_; }

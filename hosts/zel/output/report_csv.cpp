@@ -63,6 +63,13 @@ std::string PrintCsv(Report const& report) {
   for (std::size_t i = 0; i < report.Tables().size(); ++i) {
     if (!report.IsAside(i)) tables.push_back(&report.Tables()[i]);
   }
+  Table facts("facts", {{"fact", ""}, {"value", ""}});
+  if (tables.empty()) {
+    for (auto const& fact : report.Facts()) {
+      if (!fact.isWarning) facts.Add(fact.name, fact.value);
+    }
+    if (!facts.Empty()) tables.push_back(&facts);
+  }
   if (!warnings.Empty()) tables.push_back(&warnings);
   std::string out;
   bool const titled = tables.size() > 1;

@@ -1,8 +1,8 @@
 // A report as lines of at most 80 characters, or of the width of the terminal.
 #include <algorithm>
-#include <numeric>
+#include <set>
 
-#include "desk/words/number_words.h"
+#include "output/line_break.h"
 #include "output/report_forms.h"
 
 namespace zelhost {
@@ -44,81 +44,6 @@ std::string OneLine(Column const& column, Cell const& cell) {
   return text;
 }
 
-bool IsOfNumber(char c) { return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-'; }
-
-// True if a number would be cut: "1.4e+0" from "7", or "25" from ".5".
-bool IsInNumber(std::string const& text, std::size_t at) {
-  if (at == 0 || at >= text.size()) return false;
-  char const before = text[at - 1];
-  char const behind = text[at];
-  auto const isExponent = [&](std::size_t i) {
-    return (text[i] == 'e' || text[i] == 'E') && i > 0 && IsOfNumber(text[i - 1]) &&
-           i + 1 < text.size() && IsOfNumber(text[i + 1]);
-  };
-  return (IsOfNumber(before) || isExponent(at - 1)) && (IsOfNumber(behind) || isExponent(at));
-}
-
-// The bytes of a text that fit into `width` columns.
-std::size_t BytesWithin(Screen const& screen, std::string const& text, std::size_t width) {
-  std::size_t end = 0;
-  for (std::size_t used = 0; end < text.size();) {
-    std::size_t const bytes = CharacterBytes(text, end);
-    used += screen.Width(text.substr(end, bytes));
-    if (used > width) break;
-    end += bytes;
-  }
-  return end;
-}
-
-// Returns where to cut a word that is too long: after a colon, as in "perry.lb1:PERRY", else at
-// `width` columns, or before or after the number at that place.
-std::size_t CutOf(Screen const& screen, std::string const& text, std::size_t width) {
-  std::size_t end = std::max(BytesWithin(screen, text, width), CharacterBytes(text, 0));
-  std::size_t const colon = text.rfind(':', end - 1);
-  if (colon != std::string::npos && colon > 0) return colon + 1;
-  std::size_t cut = end;
-  while (IsInNumber(text, cut)) --cut;
-  if (cut > 0) return cut;
-  while (IsInNumber(text, end)) ++end;
-  return end;
-}
-
-// Lines of at most `width` characters, broken at blanks, and within words that are too long, but
-// never within a number.
-std::vector<std::string> Break(Screen const& screen, std::string const& text, std::size_t width) {
-  std::vector<std::string> lines;
-  std::string rest = text;
-  for (std::size_t end = rest.find('\n'); end != std::string::npos; end = rest.find('\n')) {
-    for (std::string& line : Break(screen, rest.substr(0, end), width)) {
-      lines.push_back(std::move(line));
-    }
-    rest.erase(0, end + 1);
-  }
-  while (screen.Width(rest) > width) {
-    // Up to here, the blanks of a text without wide letters are within the width.
-    std::size_t const within = screen.isTerminal ? BytesWithin(screen, rest, width) : width;
-    std::size_t const at = rest.rfind(' ', within);
-    bool const atBlank = at != std::string::npos && at != 0;
-    std::size_t const end = atBlank ? at : CutOf(screen, rest, width);
-    lines.push_back(rest.substr(0, end));
-    rest.erase(0, end + (atBlank ? 1 : 0));
-  }
-  if (!rest.empty() || lines.empty()) lines.push_back(rest);
-  return lines;
-}
-
-// The widest number among the words of a text.
-std::size_t WidthOfNumbers(std::string const& text) {
-  std::size_t width = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    std::size_t const end = std::min(text.find(' ', at), text.size());
-    std::string const word = text.substr(at, end - at);
-    if (IsNumberWord(WithoutPunctuation(word))) width = std::max(width, word.size());
-    at = end + 1;
-  }
-  return width;
-}
-
 // How bad a finding is, is seen at once.
 Ink InkOf(Column const& column, std::string const& text) {
   if (column.name != "severity") return Ink::kPlain;
@@ -127,116 +52,172 @@ Ink InkOf(Column const& column, std::string const& text) {
                                              : Ink::kPlain;
 }
 
+// A column as it is printed.
+struct Layout {
+  std::size_t column;              // of the table
+  bool right;                      // a column of numbers
+  std::vector<std::string> heads;  // the name and, if it is on a line of its own, the unit
+  std::size_t width = 0;
+  std::size_t least = 0;  // to which it can be narrowed without cutting words
+};
+
+std::size_t Total(std::vector<Layout> const& columns) {
+  std::size_t total = columns.empty() ? 0 : kGap * (columns.size() - 1);
+  for (Layout const& one : columns) total += one.width;
+  return total;
+}
+
+// A table that is too wide is printed in blocks of columns, each with the columns that name a row.
 class TextTable {
  public:
   TextTable(Screen const& screen, Table const& table) : screen_(screen), table_(table) {
     Show(true);
-    if (Total() > screen_.columns + SlackOfLast()) Show(false);
+    if (Total(all_) > screen_.columns + SlackOfLast()) Show(false);
     bool const anyUnit = std::any_of(table.Columns().begin(), table.Columns().end(),
                                      [](Column const& column) { return !column.unit.empty(); });
-    if (anyUnit && Total() > screen_.columns) {
-      Heads(true);
-      Measure();
-    }
-    Narrow();
+    if (anyUnit && Total(all_) > screen_.columns) Measure(true);
   }
 
   void Print(std::string& out) const {
-    std::vector<Ink> const bold(shown_.size(), Ink::kBold);
-    for (auto const& heads : heads_) Line(heads, bold, out);
-    for (auto const& row : table_.Rows()) {
-      std::vector<std::string> texts;
-      std::vector<Ink> inks;
-      for (std::size_t const column : shown_) {
-        texts.push_back(OneLine(table_.Columns()[column], row[column]));
-        inks.push_back(InkOf(table_.Columns()[column], texts.back()));
-      }
-      Line(texts, inks, out);
+    if (std::vector<Layout> whole = all_; Narrow(whole)) return PrintBlock(whole, out);
+    std::size_t const keys = KeyCount();
+    for (std::size_t at = keys; at < all_.size();) {
+      std::vector<Layout> block(all_.begin(), all_.begin() + static_cast<std::ptrdiff_t>(keys));
+      std::vector<Layout> fitting;
+      if (at > keys) out += '\n';
+      do {
+        block.push_back(all_[at]);
+        std::vector<Layout> narrowed = block;
+        if (!Narrow(narrowed) && !fitting.empty()) break;
+        fitting = std::move(narrowed);
+        ++at;
+      } while (at < all_.size());
+      PrintBlock(fitting, out);
     }
   }
 
  private:
   void Show(bool withOptional) {
-    shown_.clear();
-    right_.clear();
+    all_.clear();
     for (std::size_t i = 0; i < table_.Columns().size(); ++i) {
       Column const& column = table_.Columns()[i];
       if (column.hidden || (column.optional && !withOptional)) continue;
-      shown_.push_back(i);
-      right_.push_back(IsNumeric(table_, i));
+      all_.push_back({i, IsNumeric(table_, i), {}});
     }
-    Heads(false);
-    Measure();
+    Measure(false);
   }
 
   // The width that the last column can give up without being broken too often.
   std::size_t SlackOfLast() const {
     constexpr std::size_t kComfortable = 25;
-    bool const isText = !right_.empty() && !right_.back();
-    return isText && widths_.back() > kComfortable ? widths_.back() - kComfortable : 0;
+    bool const isText = !all_.empty() && !all_.back().right;
+    return isText && all_.back().width > kComfortable ? all_.back().width - kComfortable : 0;
   }
 
-  // Names with their units, or the units on a line of their own.
-  void Heads(bool apart) {
-    heads_.assign(apart ? 2 : 1, {});
-    for (std::size_t const i : shown_) {
-      Column const& column = table_.Columns()[i];
-      heads_[0].push_back(apart ? column.name : Head(column));
-      if (apart) heads_[1].push_back(column.unit.empty() ? "" : "[" + column.unit + "]");
+  // With names and units in one head, or the units on a line of their own.
+  void Measure(bool apart) {
+    for (Layout& one : all_) {
+      Column const& column = table_.Columns()[one.column];
+      one.heads = {apart ? column.name : Head(column)};
+      if (apart) one.heads.push_back(column.unit.empty() ? "" : "[" + column.unit + "]");
+      one.width = 0;
+      one.least = one.right ? 0 : kNarrowestBreak;
+      auto const hold = [&](std::string const& text, bool isBroken) {
+        std::size_t const width = screen_.Width(text);
+        one.width = std::max(one.width, width);
+        one.least = std::max(one.least, isBroken ? WidthOfWords(screen_, text) : width);
+      };
+      for (std::string const& head : one.heads) hold(head, true);
+      for (auto const& row : table_.Rows()) hold(OneLine(column, row[one.column]), !one.right);
+      one.least = std::min(one.least, one.width);
     }
   }
 
-  void Measure() {
-    widths_.assign(shown_.size(), 0);
-    least_.assign(shown_.size(), kNarrowestBreak);
-    for (std::size_t i = 0; i < widths_.size(); ++i) {
-      for (auto const& heads : heads_) widths_[i] = std::max(widths_[i], screen_.Width(heads[i]));
-      for (auto const& row : table_.Rows()) {
-        std::string const text = OneLine(table_.Columns()[shown_[i]], row[shown_[i]]);
-        widths_[i] = std::max(widths_[i], screen_.Width(text));
-        least_[i] = std::max(least_[i], WidthOfNumbers(text));
-      }
-    }
-  }
-
-  std::size_t Total() const {
-    return std::accumulate(widths_.begin(), widths_.end(), kGap * (widths_.size() - 1));
-  }
-
-  // Narrows columns of text, the last one first, then the widest, until the line fits.
-  void Narrow() {
-    auto const narrow = [&](std::size_t i) {
-      if (right_[i] || Total() <= screen_.columns) return;
-      std::size_t const excess = Total() - screen_.columns;
-      std::size_t const least = std::min(widths_[i], least_[i]);
-      widths_[i] = std::max(least, widths_[i] > excess ? widths_[i] - excess : 0);
+  // Narrows columns of text, the last one first, then the widest, then the heads of numbers, until
+  // the line fits; false if it does not.
+  bool Narrow(std::vector<Layout>& columns) const {
+    auto const narrow = [&](Layout& one) {
+      std::size_t const total = Total(columns);
+      if (total <= screen_.columns) return;
+      std::size_t const excess = total - screen_.columns;
+      one.width = std::max(one.least, one.width > excess ? one.width - excess : 0);
     };
-    if (widths_.empty()) return;
-    narrow(widths_.size() - 1);
-    for (std::size_t round = 0; round < widths_.size(); ++round) {
-      narrow(static_cast<std::size_t>(std::max_element(widths_.begin(), widths_.end()) -
-                                      widths_.begin()));
+    if (!columns.back().right) narrow(columns.back());
+    for (bool const right : {false, true}) {
+      std::vector<Layout*> widest;
+      for (Layout& one : columns) {
+        if (one.right == right) widest.push_back(&one);
+      }
+      std::stable_sort(widest.begin(), widest.end(), [](Layout const* one, Layout const* other) {
+        return one->width > other->width;
+      });
+      for (Layout* const one : widest) narrow(*one);
+    }
+    return Total(columns) <= screen_.columns;
+  }
+
+  // The number of columns that name a row: the first ones, by which all rows differ.
+  std::size_t KeyCount() const {
+    constexpr std::size_t kMostKeys = 3;
+    std::size_t width = 0;
+    for (std::size_t keys = 1; keys <= kMostKeys && keys < all_.size(); ++keys) {
+      width += all_[keys - 1].least + kGap;
+      if (width > screen_.columns / 2) break;
+      std::set<std::vector<std::string>> seen;
+      bool const differ =
+          std::all_of(table_.Rows().begin(), table_.Rows().end(), [&](auto const& row) {
+            std::vector<std::string> texts;
+            for (std::size_t i = 0; i < keys; ++i) texts.push_back(CellText(row[all_[i].column]));
+            return seen.insert(std::move(texts)).second;
+          });
+      if (differ) return keys;
+    }
+    return 1;
+  }
+
+  void PrintBlock(std::vector<Layout> const& columns, std::string& out) const {
+    for (std::size_t line = 0; line < columns.front().heads.size(); ++line) {
+      bool const isNone = std::all_of(columns.begin(), columns.end(), [line](Layout const& one) {
+        return one.heads[line].empty();
+      });
+      if (isNone && line > 0) continue;  // no units in this block
+      std::vector<std::vector<std::string>> heads;
+      std::size_t height = 1;
+      for (Layout const& one : columns) {
+        heads.push_back(Break(screen_, one.heads[line], one.width));
+        height = std::max(height, heads.back().size());
+      }
+      // Names end where the units, or the values, begin.
+      for (auto& head : heads) head.insert(head.begin(), height - head.size(), "");
+      Lines(columns, heads, std::vector<Ink>(columns.size(), Ink::kBold), out);
+    }
+    for (auto const& row : table_.Rows()) {
+      std::vector<std::vector<std::string>> cells;
+      std::vector<Ink> inks;
+      for (Layout const& one : columns) {
+        Column const& column = table_.Columns()[one.column];
+        std::string const text = OneLine(column, row[one.column]);
+        inks.push_back(InkOf(column, text));
+        cells.push_back(Break(screen_, text, one.right ? screen_.columns : one.width));
+      }
+      Lines(columns, cells, inks, out);
     }
   }
 
   // A cell that is too wide is continued on further lines.
-  void Line(std::vector<std::string> const& texts, std::vector<Ink> const& inks,
-            std::string& out) const {
-    std::vector<std::vector<std::string>> cells;
+  void Lines(std::vector<Layout> const& columns, std::vector<std::vector<std::string>> const& cells,
+             std::vector<Ink> const& inks, std::string& out) const {
     std::size_t height = 1;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-      cells.push_back(Break(screen_, texts[i], right_[i] ? screen_.columns : widths_[i]));
-      height = std::max(height, cells.back().size());
-    }
+    for (auto const& cell : cells) height = std::max(height, cell.size());
     for (std::size_t k = 0; k < height; ++k) {
       std::string line;
       for (std::size_t i = 0; i < cells.size(); ++i) {
         std::string const text = k < cells[i].size() ? cells[i][k] : "";
         std::size_t const width = screen_.Width(text);
-        std::size_t const pad = widths_[i] > width ? widths_[i] - width : 0;
-        if (right_[i]) line.append(pad, ' ');
+        std::size_t const pad = columns[i].width > width ? columns[i].width - width : 0;
+        if (columns[i].right) line.append(pad, ' ');
         line += Inked(screen_, inks[i], text);
-        if (!right_[i]) line.append(pad, ' ');
+        if (!columns[i].right) line.append(pad, ' ');
         line.append(kGap, ' ');
       }
       line.erase(line.find_last_not_of(' ') + 1);
@@ -246,11 +227,7 @@ class TextTable {
 
   Screen const& screen_;
   Table const& table_;
-  std::vector<std::size_t> shown_;  // columns of the table; the members below are indexed like it
-  std::vector<std::vector<std::string>> heads_;
-  std::vector<bool> right_;
-  std::vector<std::size_t> widths_;
-  std::vector<std::size_t> least_;  // widths to which they can be narrowed
+  std::vector<Layout> all_;
 };
 
 }  // namespace
