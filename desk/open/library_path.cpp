@@ -83,8 +83,12 @@ std::string LibraryPath::Suggestion(std::string const& path) {
   std::string const word = file.filename().string();
   std::string const folder = file.parent_path().string();
   std::vector<std::string> words;
-  for (std::string const& one : LibrariesIn(folder.empty() ? kHere : folder)) {
-    words.push_back(WordOf(one));
+  try {
+    for (std::string const& one : LibrariesIn(folder.empty() ? kHere : folder)) {
+      words.push_back(WordOf(one));
+    }
+  } catch (fs::filesystem_error const&) {
+    return "";  // a folder that may not be read; the library is not found in any case
   }
   std::string nearest = NearestWord(EndsAsLibrary(word) ? WordOf(word) : word, words);
   if (nearest.empty()) return "";

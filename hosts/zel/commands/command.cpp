@@ -134,6 +134,14 @@ void TakeApart(std::vector<std::string>& words) {
   words = std::move(parts);
 }
 
+void NoteUnitsNotUsed(Session& session) {
+  for (auto const& [unit, word] : session.units.NotUsed()) {
+    std::string line = "warning: values in ";
+    line.append(unit).append(" are per mole; ").append(word);
+    session.Note(line.append(", which is per mass, is not used for them"));
+  }
+}
+
 // The libraries that the words of a target name.
 struct FindLibraries {
   LibraryPath const& path;
@@ -267,10 +275,7 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
     OpenNames(session);
     Report report = work(session);
     report.ShowIn(session.units);
-    for (auto const& [unit, word] : session.units.NotUsed()) {
-      session.Note("warning: values in " + unit + " are per mole; " + word +
-                   ", which is per mass, is not used for them");
-    }
+    NoteUnitsNotUsed(session);
     report.SetLines(session.lines);
     std::string const text = Print(report, session.form, session.commandName);
     bool const isChanged = report.MakeChange();
