@@ -23,7 +23,7 @@ class WrittenComponents {
  public:
   // The library must outlive this object.
   WrittenComponents(Library const& library, BankName bank)
-      : library_(library), bank_(std::move(bank)) {}
+      : library_(&library), bank_(std::move(bank)) {}
 
   // Remembers a component that was written, and what it was before; null if it is new. If it was
   // remembered before, what it was then counts.
@@ -33,9 +33,33 @@ class WrittenComponents {
   std::vector<Finding> NewFindings() const;
 
  private:
-  Library const& library_;
+  Library const* library_;
   BankName bank_;
   std::map<std::int32_t, std::set<std::string>> before_;  // texts of findings, by number
+};
+
+// The components that an import of documents adds to a library.
+class ImportedComponents {
+ public:
+  // To be made before the import. It may also replace components of the bank of components named
+  // `replaced`, unless that is empty. The library must outlive this object.
+  ImportedComponents(Library const& library, std::string const& replaced);
+  // The findings about them that are errors, such as a negative pressure. Contradictions are not
+  // among them: documents hold large collections of data, with contradictions that are known. A
+  // bank that cannot be read is left out, and Session::Note reports it.
+  std::vector<Finding> Errors() const;
+
+ private:
+  struct Bank {
+    std::set<std::int32_t> known;  // components before the import
+    WrittenComponents written;
+  };
+  template <typename Work>
+  void Reading(BankName const& bank, Work const& work) const;
+  std::set<std::int32_t> NumbersIn(BankName const& bank) const;
+
+  Library const& library_;
+  std::map<std::string, Bank> banks_;  // by name
 };
 
 // Those of `now` that are not among `before`.

@@ -41,6 +41,8 @@ FILES = {
     "far.xml": "<bank type='PURECOMP' name='P'><comp><id number='10000112'> NBUTANE </id>"
                "<correlation name='VaporPressure' equation='21' tempUnit='k' tMin='900' "
                "tMax='990'> 14 -2500 </correlation></comp></bank>",
+    "impossible.xml": "<bank type='PURECOMP' name='Q'><comp><id number='21000009'> ODD </id>"
+                      "<property name='PC' value='-5' /></comp></bank>",
     "refused.csv": "id,TC [K]\nETHANOL,5x4\n",
     "short.csv": "id,correlation,equation,coefficients\nETHANOL,VaporPressure,20,66.4 -7122.3 -7.1424\n",
     "groups.csv": "id,model,groups\nETHANOL,dort-public,1(2)\n",
@@ -163,6 +165,7 @@ MORE = [
     ("flatten one.lb1 two.lb1 -o three.lb1", 0),
     ("merge one.lb1 two.lb1 --dry-run", 0),
     ("copy two.lb1 one.lb1 --dry-run", 0),
+    ("import one.lb1 impossible.xml --dry-run", 0),
     ("edit one.lb1 WATER DIPOLE=1.85 --from two.lb1 --dry-run", 0),
     ("flatten other.lb1 crc.lb1 -o conflict.lb1 --accept-identity", 0),
     ("merge other.lb1 crc.lb1 --accept-identity", 0),

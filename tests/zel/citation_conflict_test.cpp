@@ -1,4 +1,5 @@
-// Data of two libraries that cite one reference code in different ways: flatten, merge, copy and edit.
+// Data of two libraries that cite one reference code in different ways: flatten, merge, copy and
+// edit.
 #include "tests/zel/zel_fixture.h"
 
 namespace zel::test {

@@ -106,6 +106,31 @@ TEST_F(ImplausibleTest, AComponentOfSeveralRowsIsJudgedOnce) {
   EXPECT_EQ(Rows(curves["implausible"], "datum", "LiquidCp"), 0U);
 }
 
+// Documents bring whole collections of data, whose contradictions `check` finds; what is impossible
+// is reported.
+TEST_F(ImplausibleTest, AnImportOfDocumentsReportsImpossibleValues) {
+  auto const component = [](std::string const& pressure) {
+    return "<comp><id number=\"21000001\" casNum=\"7732-18-5\" formula=\"H2O\"> WATER </id>"
+           "<property name=\"MW\" value=\"50\" /><property name=\"PC\" value=\"" +
+           pressure + "\" /></comp>";
+  };
+  auto const document = [&](std::string const& pressure) {
+    MakeFile("w.xml", "<bank type=\"PURECOMP\" name=\"W\">" + component(pressure) + "</bank>");
+  };
+  document("-5");
+  Refuses("import own/own.lb1 w.xml --strict", "PC is -5 kPa, which is impossible");
+  json const import = Json("import own/own.lb1 w.xml");
+  ASSERT_EQ(import["implausible"].size(), 1U) << "not that MW contradicts the formula";
+  EXPECT_EQ(import["implausible"][0]["datum"], "PC");
+  EXPECT_EQ(import["implausible"][0]["bank"], "PURECOMP:W");
+  EXPECT_TRUE(import["findings"].empty()) << import["findings"];
+  MakeFile("c.xml", component("-6"));
+  json const replaced = Json("import own/own.lb1 c.xml --bank W --replace");
+  EXPECT_EQ(Row(replaced["implausible"], "datum", "PC")["value"], -6.0);
+  json const again = Json("import own/own.lb1 c.xml --bank W --replace");
+  EXPECT_FALSE(again.contains("implausible")) << "it had that value before";
+}
+
 TEST_F(ImplausibleTest, PairsHaveNoFindings) {
   Good("copy sample.lb1 own/own.lb1 --bank NRTL");
   json const edit = Json("edit own/own.lb1 NRTL ETHANOL WATER bij=-1e6 --names perry.lb1");

@@ -17,6 +17,7 @@
 #include "desk/files/one_document.h"
 #include "desk/files/output_file.h"
 #include "desk/files/standard_output.h"
+#include "desk/findings/written_data.h"
 #include "desk/open/component_name.h"
 #include "desk/open/item_key.h"
 #include "desk/open/pure_component.h"
@@ -125,6 +126,7 @@ Report Import(Session& session, Options const& o) {
   maint->SetLogLevel(1);  // an import goes on after an error, and reports them all
   maint->SetLogSink(&log);
   maint->SetImportChecks(checks);
+  ImportedComponents const written(change.Open(), o.replace ? UpperCase(o.bank) : "");
   Report report;
   ImportTotals totals;
   std::string const unchanged = isNew ? "no library was created" : "the library is unchanged";
@@ -151,6 +153,7 @@ Report Import(Session& session, Options const& o) {
   log.Finish(report);
   maint->SetLogSink(nullptr);
   if (!o.change.inPlace) work.EndIfCancelled(unchanged);
+  AddDataWarning(written.Errors(), o.strict, report);
   following.reset();  // a dry run closes the library
   PutInPlaceAfter(report, std::move(change));
   return report;
