@@ -7,6 +7,7 @@
 #include "desk/tables/decimal_comma.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
+#include "desk/words/mass_units.h"
 #include "desk/words/nearest_word.h"
 
 namespace zel::desk {
@@ -116,6 +117,9 @@ DisplayUnits TableColumn::UnitsFor(std::string const& unit, DisplayUnits const& 
   if (unit_.empty()) return shown;
   std::string const named = UnitNamed(unit_, unit);
   if (named == unit) return {};
+  if (IsPerMassOf(unit_, unit)) {
+    throw Failure("column " + name_ + ": " + WhyNotPerMass(unit_, unit));
+  }
   if (named.empty()) {
     throw Failure("column " + name_ + ": " + unit_ + " is not a unit for " +
                   (unit.empty() ? "pure numbers" : "values in " + unit));

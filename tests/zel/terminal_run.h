@@ -20,4 +20,7 @@ struct Terminal {
 Outcome RunOnTerminal(std::filesystem::path const& folder, std::string const& line,
                       Terminal const& terminal = {});
 
+// The lines of an output, of a terminal or not.
+std::vector<std::string> Lines(std::string const& text);
+
 }  // namespace zel::test

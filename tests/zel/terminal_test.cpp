@@ -1,6 +1,5 @@
 // Text on a terminal: its width, letters of two columns, colors.
 #include <algorithm>
-#include <sstream>
 
 #include "tests/zel/terminal_run.h"
 
@@ -11,15 +10,6 @@ class TerminalTest : public ZelTest {
  protected:
   Outcome OnTerminal(std::string const& words, int columns, std::string const& before = "") const {
     return RunOnTerminal(Folder(), before + " exec \"$ZEL\" " + words, {columns, "", ""});
-  }
-  static std::vector<std::string> Lines(std::string const& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-      if (!line.empty() && line.back() == '\r') line.pop_back();
-      lines.push_back(line);
-    }
-    return lines;
   }
   static std::size_t Longest(std::vector<std::string> const& lines) {
     std::size_t longest = 0;

@@ -242,9 +242,23 @@ TEST_F(UnitsTest, AValuePerMassIsRefusedForWhatIsPerMole) {
         "J/g is per mass, but the value is per mole; units such as kJ/kg-mol and kJ/mol fit");
   fails("VC=0.003m3/kg", "m3/kg is per mass, but the value is per mole");
   fails("HVAPNBP=840 --units J/g", "it has no unit, and J/g is per mass");
-  fails("HVAPNBP=840K", "K is not a unit for values in kJ/kg-mol");
   EXPECT_EQ(Json("edit crc.lb1 ETHANOL HVAPNBP=38.56kJ/mol --units J/g --dry-run")["already_so"],
             "HVAPNBP");
+  MakeFile("v.csv", "id,VC [m3/kg]\nETHANOL,0.003\n");
+  Outcome const head = Zel("import crc.lb1 --table v.csv --bank CRC --dry-run");
+  EXPECT_TRUE(Has(head.err, "column VC: m3/kg is per mass, but the value is per mole")) << head.err;
+  MakeFile("w.csv", "id,VC\nETHANOL,0.003\n");
+  Outcome const bare = Zel("import crc.lb1 --table w.csv --bank CRC --units m3/kg --dry-run");
+  EXPECT_EQ(bare.status, 1) << bare.out;
+  EXPECT_TRUE(Has(bare.out, "it has no unit")) << bare.out;
+  Outcome const plot = Zel("plot LiquidDensity ETHANOL -l perry.lb1 --unit kg/m3 -o x.svg");
+  EXPECT_TRUE(Has(plot.err, "--unit: kg/m3 is per mass")) << plot.err;
+}
+
+TEST_F(UnitsTest, AnotherDimensionIsRefusedToo) {
+  Outcome const outcome = Zel("edit crc.lb1 ETHANOL HVAPNBP=840K");
+  EXPECT_TRUE(Has(outcome.err, "K is not a unit for values in kJ/kg-mol")) << outcome.err;
+  EXPECT_EQ(outcome.status, 2);
 }
 
 }  // namespace

@@ -12,15 +12,6 @@ using nlohmann::json;
 
 class WideTablesTest : public ZelTest {
  protected:
-  static std::vector<std::string> Lines(std::string const& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-      if (!line.empty() && line.back() == '\r') line.pop_back();
-      lines.push_back(line);
-    }
-    return lines;
-  }
   static std::size_t Longest(std::string const& text) {
     std::size_t longest = 0;
     for (std::string const& line : Lines(text)) longest = std::max(longest, line.size());

@@ -11,6 +11,7 @@
 #include "desk/tables/plot_points.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
+#include "desk/words/mass_units.h"
 
 namespace zelhost {
 namespace {
@@ -59,6 +60,7 @@ DisplayUnits UnitsOf(Session const& session, Options const& o) {
   zel::ZelCorrelationInfo const& correlation = CorrelationNamed(o.plot.correlation);
   if (UnitNamed(o.unit, correlation.unit).empty()) {
     std::string const unit = correlation.unit;
+    if (IsPerMassOf(o.unit, unit)) throw WrongUsage("--unit: " + WhyNotPerMass(o.unit, unit));
     throw WrongUsage("--unit: " + o.unit + " is not a unit of " + correlation.name +
                      (unit.empty() ? ", a pure number" : ", which is in " + unit));
   }
