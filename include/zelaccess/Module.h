@@ -16,6 +16,17 @@ namespace zel {
 /// temporary files ($TMPDIR, else /tmp), without a name where the system has such files.
 ZEL_API void InitZelAccess();
 
+/// Characters of a buffer for the reason of TryInitZelAccess, with its null.
+inline constexpr int kInitReasonSize = 100;
+
+/// Starts what InitZelAccess starts, and reports a failure instead of ending the process: for
+/// modules of programs that must go on without the library. After a failure nothing is started, and
+/// the function may be called again. After success InitZelAccess does nothing.
+/// \param reason  buffer of kInitReasonSize characters, receives what went wrong, empty on success;
+///                may be null
+/// \return true when the units are started, by this call or before
+ZEL_API bool TryInitZelAccess(char* reason);
+
 /// Makes small data grow deep trees, for tests of hosts and of this library.
 ///
 /// While the flag is on, every tree head that is made gets a node capacity of 4 entries instead of

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 #include <string>
 
@@ -51,6 +52,19 @@ int WithBadTable() {
   return test::kHeld;
 }
 test::ProgramPart const badPart("initialise with bad table", WithBadTable);
+
+// The failed start is reported, and another one works.
+int TriedTwice() {
+  std::string const folder = std::getenv("TMPDIR") != nullptr ? std::getenv("TMPDIR") : "";
+  ::setenv("TMPDIR", "/missing", 1);
+  std::array<char, kInitReasonSize> reason{};
+  bool const failed = !TryInitZelAccess(reason.data()) && !TryInitZelAccess(nullptr) &&
+                      std::string(reason.data()) == "Error 2 returned from UOM system";
+  folder.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", folder.c_str(), 1);
+  bool const started = TryInitZelAccess(reason.data()) && reason[0] == '\0';
+  return failed && started ? Initialised() : test::kFailed;
+}
+test::ProgramPart const triedPart("try to initialise twice", TriedTwice);
 
 constexpr char kLoadLine[] = "ZelAccess initializing - DllMain\n";
 constexpr char kInitLine[] = "ZelAccess initializing - InitZelAccess\n";
@@ -104,6 +118,12 @@ TEST(Initialise, BadTableEndsTheProcessWithItsNumber) {
   EXPECT_NE(result.output.find("\nError 5 returned from UOM system\n"), std::string::npos);
   EXPECT_EQ(DebugLines("initialise with bad table"),
             std::string(kLoadLine) + "Error 5 returned from UOM system\n");
+}
+
+TEST(Initialise, AFailureCanBeReportedInsteadAndTriedAgain) {
+  test::ProgramResult const result = Outcome("try to initialise twice");
+  EXPECT_EQ(result.status, test::kHeld);
+  EXPECT_EQ(result.output.find("UOM system"), std::string::npos) << "nothing is printed";
 }
 
 TEST(Initialise, MissingTemporaryFolderEndsTheProcess) {
