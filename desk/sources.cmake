@@ -14,6 +14,7 @@ set(desk_SOURCES
     compare/beyond_documents.cpp
     compare/change_log.cpp
     compare/comparison.cpp
+    compare/contenders.cpp
     compare/counterparts.cpp
     compare/coverage.cpp
     compare/curve_deviation.cpp
@@ -23,9 +24,12 @@ set(desk_SOURCES
     edit/edit_words.cpp
     edit/field_data.cpp
     edit/item_edit.cpp
+    face/banks.cpp
     face/changes.cpp
     face/component.cpp
+    face/evaluator.cpp
     face/item.cpp
+    face/item_data.cpp
     face/libraries.cpp
     face/reports.cpp
     face/units.cpp

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <chrono>
-#include <limits>
 #include <set>
 
 #include "desk/face/data.h"
 #include "desk/face/guarded.h"
-#include "desk/notes/item_codes.h"
-#include "desk/notes/parameter_meanings.h"
+#include "desk/face/item_data.h"
 #include "desk/open/configuration.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
@@ -32,51 +30,6 @@ std::vector<std::string> FoundOnPath(std::vector<std::string> words,
   LibraryPath const path(options.path);
   for (std::string& word : words) word = path.FindSource(word);
   return words;
-}
-
-double OrNan(double value) {
-  return zel::gen_IsUndefDouble(value) ? std::numeric_limits<double>::quiet_NaN() : value;
-}
-
-ItemField FieldOf(zel::IZelBankDef& bank, Field const& field) {
-  ItemField result{field.name, field.label, field.unit, {}, "", ""};
-  auto const count = static_cast<std::size_t>(field.count > 1 ? field.count : 1);
-  if (field.type == zel::fieldReal) {
-    result.values.assign(count, zel::gen_GetUndefDouble());
-    bank.GetDoubleField(field.name.c_str(), result.values.data());
-    for (double& value : result.values) value = OrNan(value);
-  } else if (field.type == zel::fieldInteger) {
-    std::vector<std::int32_t> whole(count, zel::gen_GetUndefInt());
-    bank.GetIntField(field.name.c_str(), whole.data());
-    for (std::int32_t const value : whole) {
-      bool const isNone = zel::gen_IsUndefInt(value);
-      result.values.push_back(isNone ? std::numeric_limits<double>::quiet_NaN() : value);
-    }
-  } else {
-    Cell const cell = ValueOf(bank, field);
-    if (!std::holds_alternative<std::monostate>(cell)) result.text = CellText(cell);
-  }
-  return result;
-}
-
-void AddNotes(Library const& library, BankName const& bank, zel::IZelBankDef& item,
-              Citations& citations, ItemData& data) {
-  ModelMeaning const model = MeaningIn(library, bank, item);
-  data.equation = model.equation;
-  for (ParameterMeaning const& parameter : model.parameters) {
-    auto const field =
-        std::find_if(data.fields.begin(), data.fields.end(),
-                     [&](ItemField const& one) { return one.name == parameter.field; });
-    field->unit = parameter.unit;
-    field->meaning = parameter.meaning;
-  }
-  CodeCounts codes;
-  AddCodes(item, codes);
-  if (codes.empty()) return;
-  Citation const* const citation = citations.Find(library, bank, codes.begin()->first);
-  if (citation == nullptr) return;
-  data.citation = citation->text;
-  data.doi = citation->doi;
 }
 
 // The words of a key of components as numbers, so that a library that does not know the IDs is
@@ -166,12 +119,7 @@ desk::Item Libraries::Item(std::string const& type, std::vector<std::string> con
           KeyIn(library, *item, isOfComponents ? AsNumbers(data_->list, words) : words);
       for (BankName const& bank : library.Banks(facts.type)) {
         if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) continue;
-        auto const data = std::make_shared<ItemData>();
-        data->type = facts.type;
-        data->source = library.Path() + ":" + ToText(bank);
-        for (Field const& field : FieldsOf(*item)) data->fields.push_back(FieldOf(*item, field));
-        AddNotes(library, bank, *item, data_->citations, *data);
-        return desk::Item(data);
+        return desk::Item(DataOfItem(library, bank, *item, data_->citations));
       }
       looked += (looked.empty() ? "" : ", ") + library.Path();
     }

@@ -6,10 +6,14 @@
 #include "desk/change/library_change.h"
 #include "desk/combine/flatten.h"
 #include "desk/compare/comparison.h"
+#include "desk/compare/contenders.h"
 #include "desk/compare/coverage.h"
 #include "desk/face/data.h"
 #include "desk/face/guarded.h"
+#include "desk/findings/library_check.h"
+#include "desk/notes/merged_citations.h"
 #include "desk/open/library_path.h"
+#include "desk/open/members.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/pages/page.h"
 #include "desk/tables/component_table.h"
@@ -61,6 +65,55 @@ PageOptions Made() {
   return options;
 }
 
+// Citation and DOI of a contender's datum.
+std::vector<Cell> CitedCells(PreferenceList const& list, std::size_t place, Contender const& one,
+                             Citations& citations) {
+  Citation const* const found =
+      one.hasDatum ? citations.Find(LibraryAt(list, place), BankAt(list, place), one.code)
+                   : nullptr;
+  return found == nullptr ? RowOf(Cell(), Cell()) : RowOf(Text(found->text), Text(found->doi));
+}
+
+Table WhyConstant(PreferenceList const& list, std::string const& component,
+                  zel::ZelConstantInfo const& constant) {
+  Table table("sources", {{"source", ""},
+                          {"value", constant.unit},
+                          {"code", ""},
+                          {"result", ""},
+                          {"citation", ""},
+                          {"doi", ""}});
+  Citations citations;
+  std::vector<Contender> const all = ContendersFor(list, component, constant);
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    std::vector<Cell> row = RowOf(all[i].source, Number(all[i].value), Code(all[i].code),
+                                  ResultOf(all[i], "has no value"));
+    Append(row, CitedCells(list, i, all[i], citations));
+    table.Add(std::move(row));
+  }
+  return InDisplayUnits(table, list.Units());
+}
+
+Table WhyCurve(PreferenceList const& list, std::string const& component,
+               zel::ZelCorrelationInfo const& correlation) {
+  std::vector<Column> heads = {{"source", ""}, {"equation", ""}};
+  Append(heads, RangeColumns());
+  Append(heads, std::vector<Column>{{"code", ""}, {"result", ""}, {"citation", ""}, {"doi", ""}});
+  Table table("sources", std::move(heads));
+  Citations citations;
+  std::vector<Contender> const all = ContendersFor(list, component, correlation);
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    Contender const& one = all[i];
+    std::vector<Cell> row =
+        RowOf(one.source, one.hasDatum ? Cell(std::int64_t{one.curve.equation}) : Cell());
+    Append(row,
+           one.hasDatum ? RangeMembers(one.curve, list.Units()) : RowOf(Cell(), Cell(), Cell()));
+    Append(row, RowOf(Code(one.code), ResultOf(one, "has no correlation")));
+    Append(row, CitedCells(list, i, one, citations));
+    table.Add(std::move(row));
+  }
+  return table;
+}
+
 }  // namespace
 
 Table DataOf(std::vector<std::string> const& libraries, std::vector<std::string> const& components,
@@ -107,6 +160,34 @@ Table CoverageOf(std::vector<std::string> const& libraries, std::string const& t
       }
     }
     return table;
+  });
+}
+
+Table WhyOf(std::vector<std::string> const& libraries, std::string const& component,
+            std::string const& datum, ReportSettings const& settings) {
+  return WithList(libraries, settings, [&](PreferenceList& list) {
+    zel::ZelConstantInfo const* const constant = FindConstant(datum);
+    zel::ZelCorrelationInfo const* const curve = FindCorrelation(datum);
+    if (constant == nullptr && curve == nullptr) {
+      throw UnknownWord(
+          "", "\"" + datum + "\" is neither a constant nor a correlation" + DidYouMeanDatum(datum));
+    }
+    PureComponent merged;
+    list.Search(component, merged);  // refuses sources that mean different substances
+    return constant != nullptr ? WhyConstant(list, component, *constant)
+                               : WhyCurve(list, component, *curve);
+  });
+}
+
+Table CheckOf(std::vector<std::string> const& libraries, std::vector<std::string> const& silent,
+              bool structureOnly, ReportSettings const& settings) {
+  return InSession(settings, [&](Session& session) {
+    CheckOptions options;
+    options.libraries = FoundOnPath(libraries, settings);
+    options.silent = silent;
+    options.structureOnly = structureOnly;
+    options.acceptIdentity = settings.acceptIdentity;
+    return FindingTable("findings", CheckLibraries(session, options));
   });
 }
 

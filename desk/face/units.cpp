@@ -4,6 +4,8 @@
 #include <zelaccess/Units.h>
 #include <zelaccess/ZelAccess.h>
 
+#include <cstdint>
+
 namespace zel::desk {
 namespace {
 
@@ -28,17 +30,17 @@ UnitOfValues::UnitOfValues(std::string const& internal, char const* dimension,
   text_ = text;
 }
 
-void UnitOfValues::Convert(std::vector<double>& values) const {
+void UnitOfValues::Convert(double* values, std::size_t count) const {
   if (isInternal_) return;
-  auto const count = static_cast<std::int32_t>(values.size());
-  if (!zel::ConvertUnits(dimension_.c_str(), kInternal, text_.c_str(), values.data(), count)) {
+  if (!zel::ConvertUnits(dimension_.c_str(), kInternal, text_.c_str(), values,
+                         static_cast<std::int32_t>(count))) {
     throw UnknownWord("", "a value in " + internal_ + " has no counterpart in " + text_);
   }
 }
 
 double UnitOfValues::Step() const {
-  std::vector<double> ends = {0.0, 1.0};
-  Convert(ends);
+  double ends[2] = {0.0, 1.0};
+  Convert(ends, 2);
   return ends[1] - ends[0];
 }
 

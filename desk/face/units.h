@@ -1,9 +1,8 @@
 // Values in the unit that a host asks for.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
-#include <vector>
 
 namespace zel::desk {
 
@@ -18,7 +17,9 @@ class UnitOfValues {
   // The unit of the results.
   std::string const& Text() const { return text_; }
   // Throws UnknownWord for a value that has no counterpart in the unit. NaN stays NaN.
-  void Convert(std::vector<double>& values) const;
+  void Convert(double* values, std::size_t count) const;
+  // Whether the values stay in the internal unit.
+  bool IsInternal() const { return isInternal_; }
   // By how much a value changes in the unit when it changes by 1 in the internal one.
   double Step() const;
 

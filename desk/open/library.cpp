@@ -130,10 +130,10 @@ BankName Library::Bank(std::string const& word) const {
   std::string list;
   for (BankName const& bank : found.empty() ? banks : found) list += " " + ToText(bank);
   if (found.empty()) {
-    throw Failure(path_ + ": no bank " + word +
-                  (banks.empty() ? "; the library has no banks" : "; it has" + list));
+    throw MissingBank("", path_ + ": no bank " + word +
+                              (banks.empty() ? "; the library has no banks" : "; it has" + list));
   }
-  throw Failure(path_ + ": " + word + " may mean several banks; name one of" + list);
+  throw MissingBank("", path_ + ": " + word + " may mean several banks; name one of" + list);
 }
 
 BankName Library::ComponentBank(std::string const& word) const {

@@ -12,7 +12,7 @@ BankName BankForTable(Library& library, std::string const& word) {
   if (colon == std::string::npos) {
     try {
       return library.Bank(word);
-    } catch (Failure const& failure) {
+    } catch (MissingBank const& failure) {
       throw Failure(failure.what() + std::string("; TYPE:NAME makes a new bank, such as ") +
                     kPureType + ":" + UpperCase(word));
     }

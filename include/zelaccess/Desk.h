@@ -163,6 +163,8 @@ struct CorrelationValues {
 };
 
 struct ComponentData;
+class Evaluator;
+class LibraryFile;
 struct ItemData;
 struct LibrariesData;
 
@@ -193,6 +195,7 @@ class ZEL_DESK_API Component {
                              EvaluationOptions const& options = {}) const;
 
  private:
+  friend class Evaluator;
   friend class Libraries;
   explicit Component(std::shared_ptr<ComponentData const> data) : data_(std::move(data)) {}
   std::shared_ptr<ComponentData const> data_;
@@ -239,6 +242,7 @@ class ZEL_DESK_API Item {
 
  private:
   friend class Libraries;
+  friend class LibraryFile;
   explicit Item(std::shared_ptr<ItemData const> data) : data_(std::move(data)) {}
   std::shared_ptr<ItemData const> data_;
 };

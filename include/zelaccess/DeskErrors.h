@@ -90,6 +90,12 @@ class ZEL_DESK_API MissingItem : public Error {
   using Error::Error;
 };
 
+/// A bank that a library does not have, or a word that may mean several of its banks.
+class ZEL_DESK_API MissingBank : public Error {
+ public:
+  using Error::Error;
+};
+
 /// A correlation that a component does not have.
 class ZEL_DESK_API MissingDatum : public Error {
  public:

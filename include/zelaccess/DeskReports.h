@@ -69,6 +69,30 @@ ZEL_DESK_API Table CoverageOf(std::vector<std::string> const& libraries, std::st
                               std::vector<std::string> const& components = {},
                               ReportSettings const& settings = {});
 
+/// Says where a datum of a component comes from. Throws MissingComponent, ConflictingIdentity, and
+/// UnknownWord for a datum that does not exist.
+/// \param libraries  the preference list
+/// \param component  by number, ID, CAS number or name
+/// \param datum      keyword of a constant or name of a correlation
+/// \param settings   how they are read
+/// \return a row for each bank of components of the list: source; for a constant value, for a
+///         correlation equation, range from, range to and range unit; code; result, "won" for the
+///         bank whose datum is used; citation, doi
+ZEL_DESK_API Table WhyOf(std::vector<std::string> const& libraries, std::string const& component,
+                         std::string const& datum, ReportSettings const& settings = {});
+
+/// Checks the structure of libraries, then the data of the sound ones, alone and with each other.
+/// Throws UnknownWord for a check that does not exist.
+/// \param libraries      library files, without banks
+/// \param silent         IDs of checks that are left out; damage never is
+/// \param structureOnly  the data are not checked
+/// \param settings       how they are read; units are internal
+/// \return a row for each finding: severity (note, warning, error or damage), id, what, library,
+///         place, bank, item, datum, value, unit, expected from, expected to, temperature [K], text
+ZEL_DESK_API Table CheckOf(std::vector<std::string> const& libraries,
+                           std::vector<std::string> const& silent = {}, bool structureOnly = false,
+                           ReportSettings const& settings = {});
+
 /// What differs between two sources.
 struct ComparedSources {
   std::int64_t components = 0;       ///< Components that were compared.

@@ -3,6 +3,7 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
+#include "desk/compare/contenders.h"
 #include "desk/compare/coverage.h"
 #include "desk/notes/cited_codes.h"
 #include "desk/notes/merged_citations.h"
@@ -146,23 +147,12 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceL
   CitedSources cited(list);
   // The name in the row that won distinguishes libraries with the same file name.
   std::string from = merged.ConstantSource(info.index);
-  bool won = false;
-  for (std::size_t i = 0; i < list.Count(); ++i) {
-    PureComponent part;
-    if (!list.Read(i, o.component, part)) {
-      table.Add(list.Name(i), Cell(), Cell(), "does not have the component");
-      continue;
-    }
-    double const value = part.Constant(info.index);
-    bool const has = !zel::gen_IsUndefDouble(value);
-    std::uint32_t const code = part.ConstantCode(info.index);
-    table.Add(list.Name(i), Number(value), Code(code),
-              !has  ? "has no value"
-              : won ? "comes later"
-                    : "won",
-              has ? cited.Of(i, code, !won) : Cell());
-    if (has && !won) from = list.Name(i);
-    won = won || has;
+  std::vector<Contender> const contenders = ContendersFor(list, o.component, info);
+  for (std::size_t i = 0; i < contenders.size(); ++i) {
+    Contender const& one = contenders[i];
+    table.Add(one.source, Number(one.value), Code(one.code), ResultOf(one, "has no value"),
+              one.hasDatum ? cited.Of(i, one.code, one.hasWon) : Cell());
+    if (one.hasWon) from = one.source;
   }
   report.Fact("from", Text(from));
   cited.AddFacts(report);
@@ -182,25 +172,20 @@ void WhyCurve(zel::ZelCorrelationInfo const& info, Options const& o, PreferenceL
   Table table("sources", std::move(heads));
   CitedSources cited(list);
   std::string from = curve.source;
-  bool won = false;
-  for (std::size_t i = 0; i < list.Count(); ++i) {
-    PureComponent part;
-    if (!list.Read(i, o.component, part)) {
-      table.Add(list.Name(i), Cell(), Cell(), Cell(), "does not have the component");
-      continue;
-    }
-    Curve const own = part.ReadCurve(IndexOf(info));
-    if (!own.present) {
-      table.Add(list.Name(i), Cell(), Cell(), Cell(), "has no correlation");
+  std::vector<Contender> const contenders = ContendersFor(list, o.component, info);
+  for (std::size_t i = 0; i < contenders.size(); ++i) {
+    Contender const& one = contenders[i];
+    std::string const result = ResultOf(one, "has no correlation");
+    if (!one.hasDatum) {
+      table.Add(one.source, Cell(), Cell(), Cell(), result);
       continue;
     }
     std::vector<Cell> cells =
-        RowOf(list.Name(i), std::int64_t{own.equation}, RangeOf(own, list.Units()),
-              Code(own.refCode), won ? "comes later" : "won", cited.Of(i, own.refCode, !won));
-    Append(cells, RangeMembers(own, list.Units()));
+        RowOf(one.source, std::int64_t{one.curve.equation}, RangeOf(one.curve, list.Units()),
+              Code(one.code), result, cited.Of(i, one.code, one.hasWon));
+    Append(cells, RangeMembers(one.curve, list.Units()));
     table.Add(std::move(cells));
-    if (!won) from = list.Name(i);
-    won = true;
+    if (one.hasWon) from = one.source;
   }
   report.Fact("from", Text(from));
   cited.AddFacts(report);

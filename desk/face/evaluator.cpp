@@ -1,0 +1,244 @@
+#include <zelaccess/DeskEvaluator.h>
+#include <zelaccess/Units.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <mutex>
+#include <utility>
+
+#include "desk/face/data.h"
+#include "desk/face/units.h"
+
+namespace zel::desk {
+
+struct EvaluatorData {
+  EvaluatorData(UnitOfValues unit, std::string temperatures)
+      : values(std::move(unit)), temperatureUnit(std::move(temperatures)) {}
+
+  UnitOfValues values;
+  std::string temperatureUnit;
+  std::int32_t recordUnit = 10;  // of the record's temperatures: 10 K, 11 C, 12 R, 13 F
+  std::int32_t order = 1;
+  double zero = 0.0;         // absolute zero in the record's unit
+  double slopeFactor = 1.0;  // from derivatives of the record to those in the units of the caller
+  bool hasLow = false;       // the correlation has a value at the lower end of its range
+  bool hasHigh = false;
+  bool isDetached = false;
+  std::uint32_t index = 0;
+  ZelCorrelation correlation;                      // if it is detached
+  std::shared_ptr<ComponentData const> component;  // else
+  mutable std::mutex lock;                         // of the component
+
+  ZelStatus Run(ZelBatch const& batch) const {
+    if (isDetached) return zel::EvaluateBatch(correlation, batch);
+    std::lock_guard const alone(lock);
+    return zel::EvaluateComponentBatch(component->component.operator->(), index, batch);
+  }
+  void EvaluateChunk(EvaluatorArrays const& chunk) const;
+  void CleanChunk(double const* temperatures, EvaluatorArrays const& chunk) const;
+};
+
+namespace {
+
+constexpr std::int32_t kKelvin = 10;
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+// Results of a chunk are still in the processor's cache when they are looked at.
+constexpr std::size_t kChunk = 1024;
+
+zel::ZelCorrelationInfo const& InfoOf(std::uint32_t index) {
+  if (index >= Correlations().size()) throw UnknownWord("", "there is no such correlation");
+  return Correlations()[index];
+}
+
+double AbsoluteZero(std::int32_t unit) {
+  switch (unit) {
+    case 11: return -273.15;
+    case 13: return -459.67;
+    default: return 0.0;
+  }
+}
+
+bool IsNumber(double value) { return std::isfinite(value) && !zel::gen_IsUndefDouble(value); }
+
+// Converts temperatures of the caller to the unit of the record.
+void ToRecord(std::string const& unit, std::int32_t recordUnit, double* temperatures,
+              std::size_t count) {
+  char const* const record = TemperatureUnit(recordUnit);
+  if (unit == record) return;
+  zel::InitZelAccess();
+  if (!zel::ConvertUnits("Temp", unit.c_str(), record, temperatures,
+                         static_cast<std::int32_t>(count))) {
+    throw UnknownWord("", unit + " is not a unit of temperatures");
+  }
+}
+
+// By how much a temperature of the record changes when that of the caller changes by 1.
+double StepOfRecord(std::string const& unit, std::int32_t recordUnit) {
+  double step = 1.0;
+  zel::ConvertUnits("TempDiff", unit.c_str(), TemperatureUnit(recordUnit), &step, 1);
+  return step;
+}
+
+std::shared_ptr<EvaluatorData> Prepared(std::uint32_t index, std::int32_t recordUnit,
+                                        EvaluationOptions const& options) {
+  zel::ZelCorrelationInfo const& info = InfoOf(index);
+  if (options.order < 1 || options.order > 3) {
+    throw UnknownWord(
+        "", "the order of a derivative is 1, 2 or 3, not " + std::to_string(options.order));
+  }
+  auto data = std::make_shared<EvaluatorData>(
+      UnitOfValues(info.unit, zel::GetCorrelationDimension(index), options.unit, info.label),
+      options.temperatureUnit);
+  data->index = index;
+  data->recordUnit = recordUnit;
+  data->order = options.order;
+  data->zero = AbsoluteZero(recordUnit);
+  double probe = 1.0;
+  ToRecord(options.temperatureUnit, recordUnit, &probe, 1);  // throws if it is not a unit
+  data->slopeFactor = data->values.Step() *
+                      std::pow(StepOfRecord(options.temperatureUnit, recordUnit), options.order);
+  return data;
+}
+
+// An extrapolation is a value only if there is one at the end of the range.
+void FindEnds(EvaluatorData& data, double tMin, double tMax) {
+  auto const hasValueAt = [&data](double temperature) {
+    double value = kNan;
+    ZelBatch batch;
+    batch.count = 1;
+    batch.temperatures = &temperature;
+    batch.order = data.order;
+    batch.values = &value;
+    return data.Run(batch) != kStatusFailed && !std::isnan(value);
+  };
+  data.hasLow = hasValueAt(tMin);
+  data.hasHigh = hasValueAt(tMax);
+}
+
+}  // namespace
+
+// Results without a value become NaN. `temperatures` are in the record's unit.
+void EvaluatorData::CleanChunk(double const* temperatures, EvaluatorArrays const& chunk) const {
+  constexpr double kLargest = 1e34;  // below any undefined value
+  bool isPlain = true;
+  for (std::size_t i = 0; i < chunk.count; ++i) {
+    isPlain &= (temperatures[i] >= zero) & (std::fabs(chunk.values[i]) < kLargest) &
+               (chunk.statuses[i] == 0);
+  }
+  if (chunk.derivatives != nullptr) {
+    for (std::size_t i = 0; i < chunk.count; ++i) {
+      isPlain &= std::fabs(chunk.derivatives[i]) < kLargest;
+    }
+  }
+  if (isPlain) return;
+  for (std::size_t i = 0; i < chunk.count; ++i) {
+    std::int32_t const status = chunk.statuses[i];
+    bool const isThere =
+        !(zel::ConvertTemperature(temperatures[i], recordUnit, kKelvin) < 0.0) &&
+        (status == 0 || (IsNumber(chunk.values[i]) && (status > 0 ? hasHigh : hasLow)));
+    for (double* const results : {chunk.values, chunk.derivatives}) {
+      if (results != nullptr && (!isThere || !IsNumber(results[i]))) results[i] = kNan;
+    }
+  }
+}
+
+// At most kChunk elements.
+void EvaluatorData::EvaluateChunk(EvaluatorArrays const& chunk) const {
+  std::array<double, kChunk> converted;
+  std::array<double, kChunk> spare;
+  std::array<std::int32_t, kChunk> spareStatuses;
+  EvaluatorArrays done = chunk;
+  double const* temperatures = chunk.temperatures;
+  if (temperatureUnit != TemperatureUnit(recordUnit)) {
+    std::copy_n(temperatures, chunk.count, converted.data());
+    ToRecord(temperatureUnit, recordUnit, converted.data(), chunk.count);
+    temperatures = converted.data();
+  }
+  if (done.values == nullptr) done.values = spare.data();
+  if (done.statuses == nullptr) done.statuses = spareStatuses.data();
+  std::fill_n(done.values, chunk.count, kNan);
+  std::fill_n(done.statuses, chunk.count, 0);
+  if (done.derivatives != nullptr) std::fill_n(done.derivatives, chunk.count, kNan);
+  ZelBatch batch;
+  batch.count = static_cast<std::int64_t>(chunk.count);
+  batch.temperatures = temperatures;
+  batch.order = order;
+  batch.mode = chunk.mode;
+  batch.values = done.values;
+  batch.derivatives = done.derivatives;
+  batch.statuses = done.statuses;
+  Run(batch);
+  CleanChunk(temperatures, done);
+  if (chunk.values != nullptr) values.Convert(chunk.values, chunk.count);
+  if (chunk.derivatives == nullptr || slopeFactor == 1.0) return;
+  for (std::size_t i = 0; i < chunk.count; ++i) chunk.derivatives[i] *= slopeFactor;
+}
+
+Evaluator::Evaluator(Component const& component, zel::Correlation correlation,
+                     EvaluationOptions const& options) {
+  auto const index = static_cast<std::uint32_t>(correlation);
+  zel::ZelCorrelationInfo const& info = InfoOf(index);
+  PureComponent const& merged = component.data_->component;
+  Curve const curve = merged.ReadCurve(index);
+  auto const data = Prepared(index, curve.tempUnit, options);
+  if (!curve.present) {
+    throw MissingDatum(
+        "", "component " + component.data_->word + " has no correlation of " + info.label);
+  }
+  data->isDetached =
+      zel::TakeCorrelation(merged.operator->(), index, data->correlation) == zel::kStatusOk;
+  if (!data->isDetached) data->component = component.data_;
+  FindEnds(*data, curve.tMin, curve.tMax);
+  data_ = data;
+}
+
+Evaluator::Evaluator(ZelCorrelation const& correlation, EvaluationOptions const& options) {
+  auto const data = Prepared(correlation.index, correlation.tempUnit, options);
+  data->isDetached = true;
+  data->correlation = correlation;
+  FindEnds(*data, correlation.tMin, correlation.tMax);
+  data_ = data;
+}
+
+double Evaluator::Value(double temperature) const {
+  double value = kNan;
+  std::int32_t status = 0;
+  if (data_->isDetached && data_->values.IsInternal() &&
+      data_->temperatureUnit == TemperatureUnit(data_->recordUnit)) {
+    zel::EvaluateOne(data_->correlation, temperature, 1, &value, nullptr, nullptr, &status);
+    bool const isPlain = status == 0 && temperature >= data_->zero && std::fabs(value) < 1e34;
+    if (isPlain) return value;
+    value = kNan;
+  }
+  EvaluatorArrays one;
+  one.count = 1;
+  one.temperatures = &temperature;
+  one.values = &value;
+  Evaluate(one);
+  return value;
+}
+
+void Evaluator::Evaluate(EvaluatorArrays const& arrays) const {
+  for (std::size_t first = 0; first < arrays.count; first += kChunk) {
+    auto const from = [first](auto* results) {
+      return results == nullptr ? nullptr : results + first;
+    };
+    EvaluatorArrays chunk = arrays;
+    chunk.count = std::min(kChunk, arrays.count - first);
+    chunk.temperatures = from(arrays.temperatures);
+    chunk.values = from(arrays.values);
+    chunk.derivatives = from(arrays.derivatives);
+    chunk.statuses = from(arrays.statuses);
+    data_->EvaluateChunk(chunk);
+  }
+}
+
+std::string const& Evaluator::Unit() const { return data_->values.Text(); }
+
+ZelCorrelation const* Evaluator::Detached() const {
+  return data_->isDetached ? &data_->correlation : nullptr;
+}
+
+}  // namespace zel::desk

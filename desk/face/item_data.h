@@ -1,0 +1,16 @@
+// Items as the objects of the face hold them.
+#pragma once
+
+#include <memory>
+
+#include "desk/face/data.h"
+#include "desk/open/library.h"
+
+namespace zel::desk {
+
+// The data of an item that was just read from a bank, with what the notes of the library say about
+// them.
+std::shared_ptr<ItemData const> DataOfItem(Library const& library, BankName const& bank,
+                                           zel::IZelBankDef& item, Citations& citations);
+
+}  // namespace zel::desk
