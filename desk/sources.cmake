@@ -27,7 +27,6 @@ set(desk_SOURCES
     face/banks.cpp
     face/changes.cpp
     face/component.cpp
-    face/evaluator.cpp
     face/item.cpp
     face/item_data.cpp
     face/libraries.cpp

@@ -1,4 +1,5 @@
 #include <zelaccess/DeskChanges.h>
+#include <zelaccess/LibMaint_p.h>
 
 #include <filesystem>
 #include <system_error>
@@ -16,6 +17,7 @@
 #include "desk/open/unfinished_change.h"
 #include "desk/tables/table_import.h"
 #include "desk/words/failure.h"
+#include "desk/words/letters.h"
 
 namespace zel::desk {
 
@@ -62,6 +64,31 @@ CurveEdit CurveOf(EditSettings const& settings) {
   return {settings.equation,        settings.coefficients, settings.range, settings.valueUnit,
           settings.temperatureUnit, settings.logarithm,    settings.basis};
 }
+
+zel::zelImportChecks ChecksNamed(std::string const& word) {
+  if (word == "lenient") return zel::importTold;
+  if (word == "checked") return zel::importChecked;
+  if (word == "strict") return zel::importStrict;
+  throw UnknownWord("", "checks are lenient, checked or strict, not " + word);
+}
+
+// Keeps the first error and the warnings of an import.
+class KeptLog final : public zel::ZelLogSink {
+ public:
+  void Line(zel::ZelLogLine const& line) override {
+    std::string const message = line.message;
+    if (!line.isError) {
+      warnings.Add(std::string(line.document),
+                   line.line == 0 ? Cell() : Cell(std::int64_t{line.line}), message);
+    } else if (error.empty()) {
+      error = message;
+    }
+  }
+  void BankBegins(char const* /*type*/, char const* /*name*/) override {}
+
+  std::string error;
+  Table warnings{"log", {{"document", ""}, {"line", ""}, {"message", ""}}};
+};
 
 bool AreSame(std::string const& one, std::string const& other) {
   std::error_code none;
@@ -127,6 +154,32 @@ ImportedRows Change::ImportTable(std::string const& path, std::string const& ban
     Append(data.findings, done.findings);
     return ImportedRows{done.read, done.isNew,   done.changed,
                         done.same, done.refused, std::move(done.rows)};
+  });
+}
+
+ImportedDocument Change::ImportDocument(std::string const& path, DocumentSettings const& settings) {
+  ChangeData& data = Data();
+  return Guarded(data.session, [&] {
+    if (!std::filesystem::is_regular_file(path)) throw Error(path, "not found, or not a file");
+    auto* const maint = dynamic_cast<zel::LibMaint_p*>(&data.change->Open().Maint());
+    KeptLog log;
+    maint->SetLogLevel(1);  // an import goes on after an error, and reports them all
+    maint->SetLogSink(&log);
+    maint->SetImportChecks(ChecksNamed(settings.checks));
+    std::string const document = std::filesystem::absolute(path).string();
+    bool const good =
+        settings.bank.empty()
+            ? maint->Import(document.c_str(), settings.replace)
+            : maint->ImportComponent(document.c_str(), UpperCase(settings.bank).c_str(),
+                                     settings.replace);
+    maint->SetLogSink(nullptr);
+    zel::ZelImportCounts counts;
+    maint->GetImportCounts(counts);
+    if (!good) {
+      throw Error(path, log.error.empty() ? "cannot be imported" : log.error);
+    }
+    return ImportedDocument{counts.componentsStored, counts.itemsStored, counts.banksStored,
+                            std::move(log.warnings)};
   });
 }
 

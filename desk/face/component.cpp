@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <mutex>
 
 #include "desk/face/data.h"
 #include "desk/face/units.h"
@@ -32,7 +33,10 @@ std::optional<double> InKelvin(double value, std::int32_t unit) {
 
 }  // namespace
 
-desk::Identity Component::Identity() const { return data_->component.ReadIdentity(); }
+desk::Identity Component::Identity() const {
+  std::lock_guard const alone(data_->lock);
+  return data_->component.ReadIdentity();
+}
 
 std::optional<ConstantValue> Component::Constant(zel::Constant constant,
                                                  std::string const& unit) const {
@@ -40,6 +44,7 @@ std::optional<ConstantValue> Component::Constant(zel::Constant constant,
   zel::ZelConstantInfo const* const info = InfoOf(index);
   if (info == nullptr) return std::nullopt;
   UnitOfValues const shown(info->unit, zel::GetConstantDimension(index), unit, info->label);
+  std::lock_guard const alone(data_->lock);
   PureComponent const& component = data_->component;
   double value = component.Completed(index);
   if (zel::gen_IsUndefDouble(value) || !std::isfinite(value)) return std::nullopt;
@@ -56,6 +61,7 @@ std::optional<ConstantValue> Component::Constant(zel::Constant constant,
 
 std::optional<CorrelationData> Component::Correlation(zel::Correlation correlation) const {
   auto const index = static_cast<std::uint32_t>(correlation);
+  std::lock_guard const alone(data_->lock);
   Curve const curve = data_->component.ReadCurve(index);
   if (!curve.present) return std::nullopt;
   Citation const citation = CitationIn(data_->citations.curves, index);

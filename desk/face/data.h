@@ -4,6 +4,7 @@
 #include <zelaccess/Desk.h>
 
 #include <chrono>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,8 @@ namespace zel::desk {
 std::chrono::milliseconds PatienceOf(double seconds);
 
 struct ComponentData {
-  std::string word;  // by which it was asked for
+  mutable std::mutex lock;  // of the component
+  std::string word;         // by which it was asked for
   PureComponent component;
   MergedCitations citations;
 };

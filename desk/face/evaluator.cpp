@@ -29,11 +29,10 @@ struct EvaluatorData {
   std::uint32_t index = 0;
   ZelCorrelation correlation;                      // if it is detached
   std::shared_ptr<ComponentData const> component;  // else
-  mutable std::mutex lock;                         // of the component
 
   ZelStatus Run(ZelBatch const& batch) const {
     if (isDetached) return zel::EvaluateBatch(correlation, batch);
-    std::lock_guard const alone(lock);
+    std::lock_guard const alone(component->lock);
     return zel::EvaluateComponentBatch(component->component.operator->(), index, batch);
   }
   void EvaluateChunk(EvaluatorArrays const& chunk) const;
@@ -180,16 +179,23 @@ Evaluator::Evaluator(Component const& component, zel::Correlation correlation,
                      EvaluationOptions const& options) {
   auto const index = static_cast<std::uint32_t>(correlation);
   zel::ZelCorrelationInfo const& info = InfoOf(index);
-  PureComponent const& merged = component.data_->component;
-  Curve const curve = merged.ReadCurve(index);
+  Curve curve;
+  ZelCorrelation taken;
+  bool isDetached = false;
+  {
+    std::lock_guard const alone(component.data_->lock);
+    PureComponent const& merged = component.data_->component;
+    curve = merged.ReadCurve(index);
+    isDetached = zel::TakeCorrelation(merged.operator->(), index, taken) == zel::kStatusOk;
+  }
   auto const data = Prepared(index, curve.tempUnit, options);
   if (!curve.present) {
     throw MissingDatum(
         "", "component " + component.data_->word + " has no correlation of " + info.label);
   }
-  data->isDetached =
-      zel::TakeCorrelation(merged.operator->(), index, data->correlation) == zel::kStatusOk;
-  if (!data->isDetached) data->component = component.data_;
+  data->isDetached = isDetached;
+  data->correlation = taken;
+  if (!isDetached) data->component = component.data_;
   FindEnds(*data, curve.tMin, curve.tMax);
   data_ = data;
 }

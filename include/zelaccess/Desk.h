@@ -15,7 +15,8 @@
 /// std::bad_alloc when memory runs out, and nothing else.
 ///
 /// **Threads.** Different objects may be used by different threads at the same time. Calls on one
-/// Libraries must be made one at a time, and so must calls on copies of one component.
+/// Libraries must be made one at a time. Any number of threads may use one component, or copies of
+/// it, and one item.
 ///
 /// **Link** with the library ZelDesk. It passes classes of the standard library, so it must be
 /// built with the compiler and the settings of the host.

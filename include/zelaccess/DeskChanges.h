@@ -71,6 +71,22 @@ struct ImportedRows {
                              ///< datum (a correlation).
 };
 
+/// How a document is imported.
+struct DocumentSettings {
+  std::string bank;                ///< For a document of one component: its bank; else empty.
+  bool replace = false;            ///< Replaces components that exist; with a bank only.
+  std::string checks = "checked";  ///< lenient, checked or strict (Interchange.h: importTold,
+                                   ///< importChecked, importStrict).
+};
+
+/// What an import of a document has done.
+struct ImportedDocument {
+  std::int64_t components = 0;  ///< Components that were stored.
+  std::int64_t items = 0;       ///< Other items that were stored.
+  std::int64_t banks = 0;       ///< Banks that were stored.
+  Table log{"log", {}};         ///< The warnings: document, line, message.
+};
+
 /// What is done about items that both libraries of a merge have and that differ.
 enum class MergeChoice {
   kRefuse,  ///< An error is thrown.
@@ -117,6 +133,12 @@ class ZEL_DESK_API Change {
   /// \return what was read, new, changed, the same and refused
   ImportedRows ImportTable(std::string const& path, std::string const& bank,
                            TableSettings const& settings = {});
+  /// Imports a document of a library, a bank or a component (docs/interchange.md). Throws Error
+  /// with the first error if there is any, UnknownWord for checks that do not exist.
+  /// \param path      the document
+  /// \param settings  how it is imported
+  /// \return what was stored
+  ImportedDocument ImportDocument(std::string const& path, DocumentSettings const& settings = {});
   /// Adds the items and banks that only the other library has. Throws ConflictingIdentity for
   /// components of one number that mean different substances, and Error if items differ and
   /// `choice` is kRefuse.

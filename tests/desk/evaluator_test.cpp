@@ -118,6 +118,25 @@ TEST_F(EvaluatorTest, ItOutlivesComponentAndLibrariesAndServesThreads) {
   for (double const sum : sums) EXPECT_NEAR(sum, 1000.0 * expected, 1e-6);
 }
 
+TEST_F(EvaluatorTest, ThreadsMayShareOneComponent) {
+  desk::Component const ethanol = Ethanol();
+  double const expected = ethanol.Constant(zel::Constant::NBP)->value;
+  std::array<int, 4> wrong{};
+  std::vector<std::thread> threads;
+  for (int& count : wrong) {
+    threads.emplace_back([&count, &ethanol, expected] {
+      for (int i = 0; i < 300; ++i) {
+        bool const isSame = ethanol.Constant(zel::Constant::NBP)->value == expected &&
+                            ethanol.Identity().name == "Ethanol" &&
+                            ethanol.Correlation(zel::Correlation::LiquidDensity).has_value();
+        count += isSame ? 0 : 1;
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(wrong, (std::array<int, 4>{}));
+}
+
 TEST_F(EvaluatorTest, WordsThatMeanNothingAreErrors) {
   desk::Component const ethanol = Ethanol();
   EXPECT_THROW(desk::Evaluator(ethanol, zel::Correlation::Dielectric), desk::MissingDatum);

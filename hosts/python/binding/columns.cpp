@@ -1,0 +1,139 @@
+#include "columns.h"
+
+#include <zelaccess/Columns.h>
+#include <zelaccess/Handles.h>
+#include <zelaccess/Types.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace zelpython {
+namespace {
+
+// Rows that are read at once: their values are still in the processor's cache when they are moved
+// to their place.
+constexpr std::int32_t kPart = 2048;
+
+template <typename T>
+void Prepare(ColumnOf<T>& column, std::size_t rows) {
+  auto const count = static_cast<std::size_t>(column.count);
+  column.values.reset(new T[std::max<std::size_t>(1, rows * count)]);
+  column.part.reset(new T[kPart * count]);
+}
+
+// Moves the rows that were read to their place.
+template <typename T>
+void Place(std::vector<ColumnOf<T>>& columns, std::size_t first, std::size_t rows) {
+  for (ColumnOf<T>& column : columns) {
+    auto const count = static_cast<std::size_t>(column.count);
+    T const* const from = column.part.get();
+    T* const to = column.values.get() + first * count;
+    if constexpr (std::is_same_v<T, double>) {
+      constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+      for (std::size_t i = 0; i < rows * count; ++i) {
+        to[i] = zel::gen_IsUndefDouble(from[i]) ? kNan : from[i];
+      }
+    } else {
+      std::copy_n(from, rows * count, to);
+    }
+  }
+}
+
+void PlaceKeys(std::vector<ColumnOf<std::int32_t>>& keys, std::int32_t const* words,
+               std::size_t first, std::size_t rows) {
+  for (std::size_t k = 0; k < keys.size(); ++k) {
+    std::int32_t* const to = keys[k].values.get() + first;
+    for (std::size_t i = 0; i < rows; ++i) to[i] = words[i * keys.size() + k];
+  }
+}
+
+void AddColumns(zel::ColumnReader& reader, ReadColumns& columns,
+                std::vector<ColumnWish> const& wishes) {
+  for (auto const& [name, kind, count] : wishes) {
+    bool isThere = false;
+    if (kind == "number") {
+      columns.reals.push_back({name, count});
+      Prepare(columns.reals.back(), columns.rows);
+      isThere = reader.AddReals(name.c_str(), columns.reals.back().part.get());
+    } else if (kind == "text") {
+      columns.texts.push_back({name, count});
+      Prepare(columns.texts.back(), columns.rows);
+      isThere = reader.AddTexts(name.c_str(), columns.texts.back().part.get());
+    } else {
+      columns.integers.push_back({name, count});
+      Prepare(columns.integers.back(), columns.rows);
+      isThere = reader.AddIntegers(name.c_str(), columns.integers.back().part.get());
+    }
+    if (!isThere) throw desk::UnknownWord("", "there is no field " + name);
+  }
+}
+
+// An array that owns its values.
+template <typename T>
+py::object ToArray(ColumnOf<T> column, std::size_t rows) {
+  T* const values = column.values.release();
+  py::capsule const owner(values, [](void* memory) { delete[] static_cast<T*>(memory); });
+  auto const length = static_cast<py::ssize_t>(rows);
+  if constexpr (std::is_same_v<T, char>) {
+    py::dtype const texts("S" + std::to_string(column.count));
+    return py::array(texts, {length}, {py::ssize_t{column.count}}, values, owner);
+  } else {
+    if (column.count == 1) return py::array_t<T>({length}, values, owner);
+    return py::array_t<T>({length, py::ssize_t{column.count}}, values, owner);
+  }
+}
+
+template <typename T>
+void Append(std::vector<ColumnOf<T>>& columns, std::size_t rows, py::list& all) {
+  for (ColumnOf<T>& column : columns) {
+    py::str const name = Str(column.name);
+    all.append(py::make_tuple(name, ToArray(std::move(column), rows)));
+  }
+}
+
+}  // namespace
+
+double NumberOrNan(double value) {
+  return zel::gen_IsUndefDouble(value) ? std::numeric_limits<double>::quiet_NaN() : value;
+}
+
+ReadColumns ColumnsOf(desk::LibraryFile const& library, std::string const& type,
+                      std::string const& name, std::vector<ColumnWish> const& wishes) {
+  ReadColumns columns;
+  columns.rows = static_cast<std::size_t>(library.Bank(type + ":" + name).items);
+  zel::Handle<zel::ColumnReader> const reader(
+      zel::ColumnReader::NewColumnReader(&library.File(), type.c_str(), name.c_str()));
+  if (!reader) throw desk::Error("", "bank " + type + ":" + name + " cannot be read by columns");
+  auto const words = static_cast<std::size_t>(reader->GetKeyWords());
+  for (std::size_t k = 0; k < words; ++k) {
+    columns.keys.push_back({"key " + std::to_string(k + 1)});
+    Prepare(columns.keys.back(), columns.rows);
+  }
+  std::vector<std::int32_t> keys(words * kPart);
+  reader->AddKeys(keys.data());
+  AddColumns(*reader, columns, wishes);
+  std::size_t done = 0;
+  while (done < columns.rows) {
+    std::size_t const most = std::min<std::size_t>(kPart, columns.rows - done);
+    auto const read = static_cast<std::size_t>(reader->Read(static_cast<std::int32_t>(most)));
+    if (read == 0) break;
+    PlaceKeys(columns.keys, keys.data(), done, read);
+    Place(columns.reals, done, read);
+    Place(columns.integers, done, read);
+    Place(columns.texts, done, read);
+    done += read;
+  }
+  columns.rows = done;
+  return columns;
+}
+
+py::list ToPython(ReadColumns columns) {
+  py::list all;
+  Append(columns.keys, columns.rows, all);
+  Append(columns.reals, columns.rows, all);
+  Append(columns.integers, columns.rows, all);
+  Append(columns.texts, columns.rows, all);
+  return all;
+}
+
+}  // namespace zelpython
