@@ -123,7 +123,7 @@ desk::Item LibraryFile::Item(std::string const& bank, std::vector<std::string> c
     zel::Handle<zel::IZelBankDef> const item = BankOfType(found.type);
     zel::Handle<zel::Key> const key = KeyIn(library, *item, words);
     if (library.Maint().ReadItem(item.get(), found.name.c_str(), key.get())) {
-      return desk::Item(DataOfItem(library, found, *item, data_->citations));
+      return desk::Item(DataOfItem(library, found, *item, *key, data_->citations));
     }
     bool const isNamed = BankFacts(*item).keyKind == 0 && BanksKnownTo(library).empty();
     throw MissingItem(library.Path(),

@@ -9,6 +9,7 @@
 #include <string>
 #include <system_error>
 
+#include "desk/open/library.h"
 #include "desk/open/session.h"
 #include "desk/words/failure.h"
 
@@ -18,6 +19,10 @@ namespace zel::desk {
 // errors of the file system as Error.
 template <typename Work>
 auto Guarded(Session const& session, Work const& work) {
+  // Another session that had named a library for names may have closed it.
+  if (session.names != nullptr && zel::LibFile::GetOrdwinNameIndex() == nullptr) {
+    zel::LibFile::SetOrdwinNameIndex(&session.names->File());
+  }
   try {
     return work();
   } catch (unsigned long const address) {

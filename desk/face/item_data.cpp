@@ -74,12 +74,15 @@ ItemField FieldOf(NamedValue const& named) {
 }  // namespace
 
 std::shared_ptr<ItemData const> DataOfItem(Library const& library, BankName const& bank,
-                                           zel::IZelBankDef& item, Citations& citations) {
+                                           zel::IZelBankDef& item, zel::Key& key,
+                                           Citations& citations) {
   auto data = std::make_shared<ItemData>();
   data->type = bank.type;
   data->source = library.Path() + ":" + ToText(bank);
   if (bank.type == kPureType) {
-    for (NamedValue const& value : ValuesOf(item)) data->fields.push_back(FieldOf(value));
+    PureComponent const component;  // fields of its own
+    library.Maint().ReadItem(component.Def(), bank.name.c_str(), &key);
+    for (NamedValue const& value : ValuesOf(component)) data->fields.push_back(FieldOf(value));
     return data;
   }
   for (Field const& field : FieldsOf(item)) data->fields.push_back(FieldOf(item, field));

@@ -119,7 +119,7 @@ desk::Item Libraries::Item(std::string const& type, std::vector<std::string> con
           KeyIn(library, *item, isOfComponents ? AsNumbers(data_->list, words) : words);
       for (BankName const& bank : library.Banks(facts.type)) {
         if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) continue;
-        return desk::Item(DataOfItem(library, bank, *item, data_->citations));
+        return desk::Item(DataOfItem(library, bank, *item, *key, data_->citations));
       }
       looked += (looked.empty() ? "" : ", ") + library.Path();
     }

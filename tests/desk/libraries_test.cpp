@@ -277,6 +277,17 @@ TEST_F(DeskTest, LibrariesAreFoundOnAPath) {
   }
 }
 
+TEST_F(DeskTest, NamesStayWhenOtherLibrariesClose) {
+  desk::LibrariesOptions options;
+  options.names = Path("perry.lb1");
+  desk::Libraries const libraries(Paths({"sample.lb1"}), options);
+  {
+    desk::Libraries const others(Paths({"sample.lb1"}), options);
+    EXPECT_TRUE(others.Pair("NRTL", "ETHANOL", "WATER").Value("bij"));
+  }
+  EXPECT_TRUE(libraries.Pair("NRTL", "ETHANOL", "WATER").Value("bij"));
+}
+
 TEST_F(DeskTest, SearchPathIsThatOfTheEnvironmentOrTheFile) {
   std::string const file = Path("config");
   std::ofstream(file) << "path = libs:/srv/libs\n";

@@ -13,7 +13,7 @@ class Datum(NamedTuple):
     """A constant or a correlation."""
 
     name: str
-    index: int
+    number: int
     unit: str
     label: str
 
@@ -44,7 +44,8 @@ def correlation(name: str) -> Datum:
 def missing(name: str, among: Any, what: str) -> MissingDatum:
     """The error for a name that does not exist."""
     by_lower = {key.lower(): key for key in among}
-    near = difflib.get_close_matches(name.lower(), list(by_lower), 1)
+    near = [key for key in by_lower if sorted(key) == sorted(name.lower())]  # letters swapped
+    near = near or difflib.get_close_matches(name.lower(), list(by_lower), 1)
     hint = f"; did you mean {by_lower[near[0]]}?" if near else f"; {', '.join(list(among)[:4])} are"
     return MissingDatum(f'"{name}" is not {what}{hint}')
 

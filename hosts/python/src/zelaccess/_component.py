@@ -47,7 +47,7 @@ class Component:
     def constant(self, name: str, unit: str = "") -> Quantity:
         """Return a constant, in the internal unit or in `unit`."""
         datum = _catalogue.constant(name)
-        found = self._native.constant(datum.index, unit)
+        found = self._native.constant(datum.number, unit)
         if found is None:
             return Quantity(math.nan, unit or datum.unit or None, state="missing")
         value, unit_text, source, code, state, citation, doi = found
@@ -80,7 +80,7 @@ class Component:
 
     def __dir__(self) -> List[str]:
         curves = [name for name, row in _catalogue.CORRELATIONS.items()
-                  if self._native.correlation(row.index) is not None]
+                  if self._native.correlation(row.number) is not None]
         return [*super().__dir__(), *_catalogue.CONSTANTS, *curves]
 
     def __repr__(self) -> str:
@@ -106,7 +106,7 @@ class Component:
     def correlations(self) -> List[ComponentCurve]:
         """Return the correlations that it has."""
         return [self.correlation(name) for name, row in _catalogue.CORRELATIONS.items()
-                if self._native.correlation(row.index) is not None]
+                if self._native.correlation(row.number) is not None]
 
     def sheet(self, each: bool = False) -> "Page":
         """Return a page with all data, charts and citations; `each`: a column for each source."""

@@ -50,8 +50,8 @@ class Curve(_native.Curve):
         import numpy as np
 
         if temperatures is None:
-            ends = self._ends()
-            temperatures = np.linspace(*_native.convert(ends, "K", temperature_unit, "Temp"), points)
+            low, high = _native.convert(self._ends(), "K", temperature_unit, "Temp")
+            temperatures = np.linspace(float(low), float(high), points)
         if ax is None:
             from matplotlib import pyplot
 
@@ -63,6 +63,26 @@ class Curve(_native.Curve):
         ax.set_xlabel(f"T [{temperature_unit}]")
         ax.set_ylabel(f"{self.label} [{shown}]" if shown else self.label)
         return ax
+
+    def both(self, temperature: Any, unit: str = "", temperature_unit: str = "K", order: int = 1,
+             mode: str = "exact") -> Any:
+        """Return values and derivatives of an order, from one pass over the temperatures."""
+        return super().both(temperature, unit, temperature_unit, order, mode)
+
+    def sensitivities(self, temperature: Any) -> Any:
+        """Return the derivatives of the value with respect to the coefficients.
+
+        Parameters
+        ----------
+        temperature : array
+            In the unit of the record's temperatures.
+
+        Returns
+        -------
+        numpy.ndarray
+            A row for each temperature, with a column for each of 15 coefficients.
+        """
+        return super().sensitivities(temperature)
 
     def detach(self) -> "Correlation":
         """Return the correlation by itself, which refers to no component and pickles by value."""
@@ -97,11 +117,12 @@ class ComponentCurve(Curve):
     """
 
     def __init__(self, component: "Component", datum: _catalogue.Datum):
-        super().__init__(component._native, datum.index)
+        super().__init__(component._native, datum.number)
         self.name = datum.name
         self.label = datum.label
         self._component = component
-        record = component._native.correlation(datum.index)
+        record = component._native.correlation(datum.number)
+        assert record is not None  # or the call above has raised MissingDatum
         (self.equation, self.coefficients, self._low, self._high, self.record_unit, self.source,
          self.code, self.citation, self.doi) = record
 
@@ -148,7 +169,7 @@ class Correlation(Curve):
     --------
     >>> antoine = Correlation("VaporPressure", 21, [16.57, -3626.55, -34.29], 250.0, 400.0)
     >>> round(antoine(350.0), 3)
-    161.247
+    161.263
     """
 
     def __init__(self, name: str, equation: int, coefficients: Sequence[float],
@@ -162,7 +183,7 @@ class Correlation(Curve):
         if logarithm not in ("natural", "decimal"):
             raise WrongUsage(f"logarithm is natural or decimal, not {logarithm}")
         self._fill({
-            "index": _catalogue.correlation(name).index, "equation": equation,
+            "index": _catalogue.correlation(name).number, "equation": equation,
             "coefficients": list(coefficients), "tMin": tmin, "tMax": tmax,
             "tempUnit": _TEMPERATURES[temperature_unit], "factor": factor,
             "logBasis": 1 if logarithm == "natural" else 2, "criticalTemperature": tc,

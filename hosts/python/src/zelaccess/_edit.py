@@ -241,9 +241,10 @@ def edit(library: str, *, new: bool = False, password: str = "", names: str = ""
     --------
     >>> with edit("own.lb1") as own:
     ...     own["ETHANOL"].NBP = Quantity(78.31, "degC", code=999)
-    >>> undo("own.lb1")[["field", "after"]]
-      field   after
-    0   NBP  351.46
+    >>> undo("own.lb1")[["field", "before", "after"]]
+          field  before   after
+    0       NBP  351.46  351.39
+    1  NBP code  999.00   54.00
     """
     return Edit(str(library), _settings(password, names, units, note, wait, keep, dry_run), new)
 

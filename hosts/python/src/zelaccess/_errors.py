@@ -1,5 +1,7 @@
 """The exceptions of the package, each with a message that says what helps."""
 
+from typing import Any
+
 
 class ZelError(Exception):
     """Base of all exceptions of the package.
@@ -18,7 +20,7 @@ class ZelError(Exception):
     def __str__(self) -> str:
         return self.message
 
-    def __reduce__(self):
+    def __reduce__(self) -> Any:
         return type(self), (self.message, self.file)
 
 

@@ -138,7 +138,7 @@ class Libraries:
                       NBP      PC
         component                
         ETHANOL    351.39   61.37
-        WATER      373.12  220.64
+        WATER      373.12  220.48
         """
         import pandas as pd
 
@@ -146,7 +146,7 @@ class Libraries:
                   (words(names) if names is not None else _catalogue.CONSTANTS)]
         wanted = {_catalogue.constant(name).name: unit for name, unit in (units or {}).items()}
         given = [wanted.get(datum.name, "") for datum in chosen]
-        found, columns = self._native.constants([datum.index for datum in chosen], given,
+        found, columns = self._native.constants([datum.number for datum in chosen], given,
                                                 words(components))
         made = _identities(pd, found)
         if not identity:

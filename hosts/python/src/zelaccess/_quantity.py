@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import Any, Optional, Union
+from typing import Any, Optional
 
 from . import _native
 
@@ -117,5 +117,5 @@ def convert(values: Any, from_unit: str, to_unit: str, dimension: str = "") -> A
     >>> convert([1.0, 2.0], "bar", "kPa")
     array([100., 200.])
     """
-    result: Union[float, Any] = _native.convert(values, from_unit, to_unit, dimension)
+    result = _native.convert(values, from_unit, to_unit, dimension)
     return float(result) if result.ndim == 0 else result

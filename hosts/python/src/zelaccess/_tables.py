@@ -21,10 +21,11 @@ def frame(table: Any) -> Any:
 
     _, columns, data = table
     series = {}
-    for (name, _), values in zip(columns, data):
-        if values and all(value is None or type(value) in (int, float) for value in values):
-            if any(isinstance(value, float) or value is None for value in values):
-                values = np.array([np.nan if value is None else value for value in values], float)
+    for (name, unit), values in zip(columns, data):
+        kinds = {type(value) for value in values} - {type(None)}
+        is_number = kinds and kinds <= {int, float} or not kinds and unit
+        if is_number and (float in kinds or None in values):
+            values = np.array([np.nan if value is None else value for value in values], float)
         series[name] = values
     made = pd.DataFrame(series, columns=[name for name, _ in columns])
     made.attrs["units"] = {name: unit for name, unit in columns if unit}
