@@ -35,6 +35,7 @@ class CMakeBuild(build_ext):
         target.parent.mkdir(parents=True, exist_ok=True)
         built = next((folder / "python" / "zelaccess").glob("_native*"))
         shutil.copy2(built, target)
+        shutil.rmtree(target.parent / ".libs", ignore_errors=True)  # of an earlier build
         if os.environ.get("ZELACCESS_BUNDLE"):
             bundle(target)
 
@@ -42,7 +43,7 @@ class CMakeBuild(build_ext):
 def bundle(module):
     """Copy the libraries that a module needs into .libs next to it, where it looks for them."""
     libraries = module.parent / ".libs"
-    libraries.mkdir(exist_ok=True)
+    libraries.mkdir()
     listed = subprocess.run(["ldd", str(module)], check=True, capture_output=True, text=True)
     for line in listed.stdout.splitlines():
         found = re.match(r"\s*(\S+) => (/\S+)", line)

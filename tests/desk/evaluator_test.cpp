@@ -120,15 +120,15 @@ TEST_F(EvaluatorTest, ItOutlivesComponentAndLibrariesAndServesThreads) {
 
 TEST_F(EvaluatorTest, ThreadsMayShareOneComponent) {
   desk::Component const ethanol = Ethanol();
-  double const expected = ethanol.Constant(zel::Constant::NBP)->value;
+  double const expected = ethanol.Constant(zel::Constant::TC)->value;
   std::array<int, 4> wrong{};
   std::vector<std::thread> threads;
   for (int& count : wrong) {
     threads.emplace_back([&count, &ethanol, expected] {
       for (int i = 0; i < 300; ++i) {
-        bool const isSame = ethanol.Constant(zel::Constant::NBP)->value == expected &&
+        bool const isSame = ethanol.Constant(zel::Constant::TC)->value == expected &&
                             ethanol.Identity().name == "Ethanol" &&
-                            ethanol.Correlation(zel::Correlation::LiquidDensity).has_value();
+                            ethanol.Correlation(zel::Correlation::VaporPressure).has_value();
         count += isSame ? 0 : 1;
       }
     });

@@ -81,6 +81,15 @@ endfunction()
 check_rooms(desk desk/ "" words files open notes compare pictures findings pages tables annotate change combine edit face)
 check_rooms(hosts/zel "" desk output commands)
 
+# The module for Python uses the public headers only: none of the desk's rooms.
+file(GLOB_RECURSE sources ${SOURCE_DIR}/hosts/python/*.cpp ${SOURCE_DIR}/hosts/python/*.h)
+foreach(source ${sources})
+  file(STRINGS ${source} includes REGEX "^[ \t]*#[ \t]*include[ \t]*\"[^\"]*/")
+  foreach(line ${includes})
+    string(APPEND bad "  ${source}: ${line}\n")
+  endforeach()
+endforeach()
+
 if(bad)
   message(FATAL_ERROR "Includes that point upward:\n${bad}")
 endif()

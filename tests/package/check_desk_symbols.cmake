@@ -10,7 +10,8 @@ endif()
 set(names Component Item Libraries Error OpenError LibraryInUse DamagedLibrary MissingComponent
             ConflictingIdentity MissingItem MissingDatum UnknownWord SearchPath
             Append Table Change UndoLastChange HistoryOf DataOf PairsOf CoverageOf CompareSources
-            TableTextOf FlattenTo SheetOf ReportOf Evaluator LibraryFile WhyOf CheckOf BankTypes MissingBank)
+            TableTextOf FlattenTo SheetOf ReportOf Evaluator LibraryFile WhyOf CheckOf BankTypes
+            FieldsOfType MissingBank)
 set(seen "")
 set(bad "")
 string(REPLACE "\n" ";" lines "${lines}")
