@@ -47,7 +47,7 @@ TEST_F(DeskTest, DataSayWhatIsCitedForThem) {
   ASSERT_TRUE(nbp);
   EXPECT_EQ(nbp->code, 54U);
   EXPECT_EQ(nbp->citation.substr(0, 52), "CRC Handbook of Chemistry and Physics, 95th ed., 201");
-  EXPECT_EQ(nbp->doi, "");
+  EXPECT_EQ(nbp->doi, "10.1201/b17118");
   auto const pressure = ethanol.Correlation(zel::Correlation::VaporPressure);
   ASSERT_TRUE(pressure);
   EXPECT_EQ(pressure->citation.substr(0, 15), "Perry's Chemica");

@@ -332,7 +332,7 @@ TEST_F(CommandsTest, TextFitsEightyColumns) {
 
 TEST_F(CommandsTest, WhyAsCsvHasTheValueAndItsUnit) {
   std::string const nbp = Good("why ETHANOL NBP -l perry.lb1 -l crc.lb1 --csv");
-  EXPECT_NE(nbp.find("datum\ncomponent,datum,value,unit,state,from,citation\n"
+  EXPECT_NE(nbp.find("datum\ncomponent,datum,value,unit,state,from,citation,DOI\n"
                      "Ethanol,\"NBP, normal boiling point\",351.39,K,stored,crc.lb1:CRC,"),
             std::string::npos)
       << nbp;
