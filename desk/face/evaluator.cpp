@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <mutex>
 #include <utility>
@@ -35,7 +36,10 @@ struct EvaluatorData {
     std::lock_guard const alone(component->lock);
     return zel::EvaluateComponentBatch(component->component.operator->(), index, batch);
   }
-  void EvaluateChunk(EvaluatorArrays const& chunk) const;
+  // Statuses are needed where some values are outside of the range; `isOutside` says that earlier
+  // chunks had such values, and learns it.
+  void EvaluateChunk(EvaluatorArrays const& chunk, bool& isOutside) const;
+  ZelStatus RunChunk(double const* temperatures, EvaluatorArrays const& chunk) const;
   void CleanChunk(double const* temperatures, EvaluatorArrays const& chunk) const;
 };
 
@@ -44,7 +48,31 @@ namespace {
 constexpr std::int32_t kKelvin = 10;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 // Results of a chunk are still in the processor's cache when they are looked at.
-constexpr std::size_t kChunk = 1024;
+constexpr std::size_t kChunk = 2048;
+
+std::uint64_t BitsOf(double value) {
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+constexpr std::uint64_t kSign = std::uint64_t{1} << 63U;
+
+// The sign bit is set if a value is infinite, not a number, or as large as an undefined one. The
+// compiler makes vector instructions of this loop, which it would not with comparisons.
+std::uint64_t LargeIn(double const* values, std::size_t count) {
+  constexpr double kLarge = 1e34;
+  std::uint64_t const toSign = kSign - BitsOf(kLarge);
+  std::uint64_t found = 0;
+  for (std::size_t i = 0; i < count; ++i) found |= (BitsOf(values[i]) & ~kSign) + toSign;
+  return found;
+}
+
+// The sign bit is set if a value is below the least.
+std::uint64_t BelowIn(double const* values, std::size_t count, double least) {
+  std::uint64_t found = 0;
+  for (std::size_t i = 0; i < count; ++i) found |= BitsOf(values[i] - least);
+  return found;
+}
 
 zel::ZelCorrelationInfo const& InfoOf(std::uint32_t index) {
   if (index >= Correlations().size()) throw UnknownWord("", "there is no such correlation");
@@ -120,20 +148,8 @@ void FindEnds(EvaluatorData& data, double tMin, double tMax) {
 
 // Results without a value become NaN. `temperatures` are in the record's unit.
 void EvaluatorData::CleanChunk(double const* temperatures, EvaluatorArrays const& chunk) const {
-  constexpr double kLargest = 1e34;  // below any undefined value
-  bool isPlain = true;
   for (std::size_t i = 0; i < chunk.count; ++i) {
-    isPlain &= (temperatures[i] >= zero) & (std::fabs(chunk.values[i]) < kLargest) &
-               (chunk.statuses[i] == 0);
-  }
-  if (chunk.derivatives != nullptr) {
-    for (std::size_t i = 0; i < chunk.count; ++i) {
-      isPlain &= std::fabs(chunk.derivatives[i]) < kLargest;
-    }
-  }
-  if (isPlain) return;
-  for (std::size_t i = 0; i < chunk.count; ++i) {
-    std::int32_t const status = chunk.statuses[i];
+    std::int32_t const status = chunk.statuses == nullptr ? 0 : chunk.statuses[i];
     bool const isThere =
         !(zel::ConvertTemperature(temperatures[i], recordUnit, kKelvin) < 0.0) &&
         (status == 0 || (IsNumber(chunk.values[i]) && (status > 0 ? hasHigh : hasLow)));
@@ -143,8 +159,24 @@ void EvaluatorData::CleanChunk(double const* temperatures, EvaluatorArrays const
   }
 }
 
+// Evaluates; what has no value is NaN.
+ZelStatus EvaluatorData::RunChunk(double const* temperatures, EvaluatorArrays const& chunk) const {
+  std::fill_n(chunk.values, chunk.count, kNan);
+  if (chunk.derivatives != nullptr) std::fill_n(chunk.derivatives, chunk.count, kNan);
+  if (chunk.statuses != nullptr) std::fill_n(chunk.statuses, chunk.count, 0);
+  ZelBatch batch;
+  batch.count = static_cast<std::int64_t>(chunk.count);
+  batch.temperatures = temperatures;
+  batch.order = order;
+  batch.mode = chunk.mode;
+  batch.values = chunk.values;
+  batch.derivatives = chunk.derivatives;
+  batch.statuses = chunk.statuses;
+  return Run(batch);
+}
+
 // At most kChunk elements.
-void EvaluatorData::EvaluateChunk(EvaluatorArrays const& chunk) const {
+void EvaluatorData::EvaluateChunk(EvaluatorArrays const& chunk, bool& isOutside) const {
   std::array<double, kChunk> converted;
   std::array<double, kChunk> spare;
   std::array<std::int32_t, kChunk> spareStatuses;
@@ -156,20 +188,16 @@ void EvaluatorData::EvaluateChunk(EvaluatorArrays const& chunk) const {
     temperatures = converted.data();
   }
   if (done.values == nullptr) done.values = spare.data();
-  if (done.statuses == nullptr) done.statuses = spareStatuses.data();
-  std::fill_n(done.values, chunk.count, kNan);
-  std::fill_n(done.statuses, chunk.count, 0);
-  if (done.derivatives != nullptr) std::fill_n(done.derivatives, chunk.count, kNan);
-  ZelBatch batch;
-  batch.count = static_cast<std::int64_t>(chunk.count);
-  batch.temperatures = temperatures;
-  batch.order = order;
-  batch.mode = chunk.mode;
-  batch.values = done.values;
-  batch.derivatives = done.derivatives;
-  batch.statuses = done.statuses;
-  Run(batch);
-  CleanChunk(temperatures, done);
+  if (done.statuses == nullptr && isOutside) done.statuses = spareStatuses.data();
+  ZelStatus const result = RunChunk(temperatures, done);
+  isOutside = isOutside || result != kStatusOk;
+  if (isOutside && done.statuses == nullptr) {
+    done.statuses = spareStatuses.data();
+    RunChunk(temperatures, done);
+  }
+  std::uint64_t odd = BelowIn(temperatures, chunk.count, zero) | LargeIn(done.values, chunk.count);
+  if (done.derivatives != nullptr) odd |= LargeIn(done.derivatives, chunk.count);
+  if (result != kStatusOk || (odd & kSign) != 0) CleanChunk(temperatures, done);
   if (chunk.values != nullptr) values.Convert(chunk.values, chunk.count);
   if (chunk.derivatives == nullptr || slopeFactor == 1.0) return;
   for (std::size_t i = 0; i < chunk.count; ++i) chunk.derivatives[i] *= slopeFactor;
@@ -227,6 +255,7 @@ double Evaluator::Value(double temperature) const {
 }
 
 void Evaluator::Evaluate(EvaluatorArrays const& arrays) const {
+  bool isOutside = false;
   for (std::size_t first = 0; first < arrays.count; first += kChunk) {
     auto const from = [first](auto* results) {
       return results == nullptr ? nullptr : results + first;
@@ -237,7 +266,7 @@ void Evaluator::Evaluate(EvaluatorArrays const& arrays) const {
     chunk.values = from(arrays.values);
     chunk.derivatives = from(arrays.derivatives);
     chunk.statuses = from(arrays.statuses);
-    data_->EvaluateChunk(chunk);
+    data_->EvaluateChunk(chunk, isOutside);
   }
 }
 
