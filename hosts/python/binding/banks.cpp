@@ -56,9 +56,9 @@ py::list Keys(BankFile& file, std::string const& bank) {
 
 // [(name, array), ...]: the words of the keys, then the fields.
 py::list Columns(BankFile& file, std::string const& type, std::string const& name,
-                 std::vector<ColumnWish> const& wishes) {
+                 std::vector<ColumnWish> const& wishes, std::int64_t rows) {
   ReadColumns columns = file.Use([&](desk::LibraryFile const& open) {
-    return zel::WithBlockErrors([&] { return ColumnsOf(open, type, name, wishes); });
+    return zel::WithBlockErrors([&] { return ColumnsOf(open, type, name, wishes, rows); });
   });
   return ToPython(std::move(columns));
 }
@@ -130,7 +130,8 @@ void AddBanks(py::module_& module) {
             return Str(file.Use([&](desk::LibraryFile const& open) { return open.Memo(bank); }));
           },
           py::arg("bank") = "")
-      .def("columns", &Columns, py::arg("type"), py::arg("name"), py::arg("wishes"))
+      .def("columns", &Columns, py::arg("type"), py::arg("name"), py::arg("wishes"),
+           py::arg("rows"))
       .def("pick_list", &PickList, py::arg("bank"), py::arg("path"))
       .def(
           "export",

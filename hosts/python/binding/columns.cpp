@@ -1,5 +1,6 @@
 #include "columns.h"
 
+#include <sys/mman.h>
 #include <zelaccess/Columns.h>
 #include <zelaccess/Handles.h>
 #include <zelaccess/Types.h>
@@ -12,12 +13,25 @@ namespace {
 
 // Rows that are read at once: their values are still in the processor's cache when they are moved
 // to their place.
-constexpr std::int32_t kPart = 2048;
+constexpr std::int32_t kPart = 512;
+
+// Asks the system for large pages, as numpy does for its arrays: most of the time of writing a
+// large array for the first time is that of getting its pages.
+void AskForLargePages(void* memory, std::size_t bytes) {
+#if defined(MADV_HUGEPAGE)
+  constexpr std::size_t kLarge = std::size_t{1} << 22U;
+  constexpr std::size_t kPage = 4096;
+  if (bytes < kLarge) return;
+  std::size_t const before = kPage - reinterpret_cast<std::uintptr_t>(memory) % kPage;
+  ::madvise(static_cast<char*>(memory) + before, bytes - before, MADV_HUGEPAGE);
+#endif
+}
 
 template <typename T>
 void Prepare(ColumnOf<T>& column, std::size_t rows) {
   auto const count = static_cast<std::size_t>(column.count);
   column.values.reset(new T[std::max<std::size_t>(1, rows * count)]);
+  AskForLargePages(column.values.get(), rows * count * sizeof(T));
   column.part.reset(new T[kPart * count]);
 }
 
@@ -98,9 +112,10 @@ double NumberOrNan(double value) {
 }
 
 ReadColumns ColumnsOf(desk::LibraryFile const& library, std::string const& type,
-                      std::string const& name, std::vector<ColumnWish> const& wishes) {
+                      std::string const& name, std::vector<ColumnWish> const& wishes,
+                      std::int64_t rows) {
   ReadColumns columns;
-  columns.rows = static_cast<std::size_t>(library.Bank(type + ":" + name).items);
+  columns.rows = static_cast<std::size_t>(rows);
   zel::Handle<zel::ColumnReader> const reader(
       zel::ColumnReader::NewColumnReader(&library.File(), type.c_str(), name.c_str()));
   if (!reader) throw desk::Error("", "bank " + type + ":" + name + " cannot be read by columns");
@@ -122,6 +137,10 @@ ReadColumns ColumnsOf(desk::LibraryFile const& library, std::string const& type,
     Place(columns.integers, done, read);
     Place(columns.texts, done, read);
     done += read;
+  }
+  if (done == columns.rows && reader->Read(kPart) != 0) {  // the bank has grown
+    std::int64_t const now = library.Bank(type + ":" + name).items;
+    return ColumnsOf(library, type, name, wishes, now);
   }
   columns.rows = done;
   return columns;

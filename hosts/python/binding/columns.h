@@ -32,10 +32,11 @@ struct ReadColumns {
   std::vector<ColumnOf<char>> texts;
 };
 
-// Reads all items of a bank. Undefined numbers are NaN. Throws UnknownWord for a field that does
-// not exist, and block errors.
+// Reads all items of a bank, which probably has `rows` items. Undefined numbers are NaN. Throws
+// UnknownWord for a field that does not exist, and block errors.
 ReadColumns ColumnsOf(desk::LibraryFile const& library, std::string const& type,
-                      std::string const& name, std::vector<ColumnWish> const& wishes);
+                      std::string const& name, std::vector<ColumnWish> const& wishes,
+                      std::int64_t rows);
 
 // [(name, array), ...]: the keys, then the columns of numbers, whole numbers and texts.
 py::list ToPython(ReadColumns columns);

@@ -205,11 +205,11 @@ class Bank:
         -------
         dict
             "key 1", "key 2" ...: the words of the keys, component numbers for example; then an array
-            for each field, with a column for each of several values. Undefined numbers are nan, an
-            undefined whole number is -2147483648, texts are bytes.
+            for each field, with a column for each of several values. Undefined numbers are nan, also
+            whole numbers, whose array is then one of doubles. Texts are bytes.
         """
-        found = self.library._native.columns(self.type, self.name, self._wishes(fields))
-        return dict(found)
+        found = self.library._native.columns(self.type, self.name, self._wishes(fields), self.items)
+        return {name: _with_nan(values) for name, values in found}
 
     def to_dataframe(self, fields: Any = None) -> Any:
         """Read fields of all items into a DataFrame, in key order, without copying the numbers.
@@ -223,8 +223,7 @@ class Bank:
         import pandas as pd
 
         series: Dict[str, Any] = {}
-        for name, values in self.library._native.columns(self.type, self.name,
-                                                         self._wishes(fields)):
+        for name, values in self.columns(fields).items():
             if values.ndim == 2:
                 for i in range(values.shape[1]):
                     series[f"{name} {i + 1}"] = values[:, i]
@@ -250,6 +249,16 @@ class Bank:
 
     def __repr__(self) -> str:
         return f"<Bank {self.id}, {self.items} items>"
+
+
+def _with_nan(values: Any) -> Any:
+    """Whole numbers with nan where they are undefined."""
+    undefined = -2147483648
+    if values.dtype.kind != "i" or not values.size or values.min() != undefined:
+        return values
+    made = values.astype(float)
+    made[values == undefined] = float("nan")
+    return made
 
 
 # The columns of pure components.
