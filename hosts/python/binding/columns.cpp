@@ -50,6 +50,11 @@ void Place(std::vector<ColumnOf<T>>& columns, std::size_t first, std::size_t row
     } else {
       std::copy_n(from, rows * count, to);
     }
+    if constexpr (std::is_same_v<T, std::int32_t>) {
+      bool isUndefined = false;
+      for (std::size_t i = 0; i < rows * count; ++i) isUndefined |= zel::gen_IsUndefInt(from[i]);
+      column.hasUndefined = column.hasUndefined || isUndefined;
+    }
   }
 }
 
@@ -82,9 +87,25 @@ void AddColumns(zel::ColumnReader& reader, ReadColumns& columns,
   }
 }
 
+// Whole numbers as doubles, with NaN for undefined ones.
+ColumnOf<double> WithNan(ColumnOf<std::int32_t> const& column, std::size_t rows) {
+  constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+  std::size_t const count = rows * static_cast<std::size_t>(column.count);
+  ColumnOf<double> made{column.name, column.count};
+  made.values.reset(new double[std::max<std::size_t>(1, count)]);
+  std::int32_t const* const from = column.values.get();
+  for (std::size_t i = 0; i < count; ++i) {
+    made.values[i] = zel::gen_IsUndefInt(from[i]) ? kNan : from[i];
+  }
+  return made;
+}
+
 // An array that owns its values.
 template <typename T>
 py::object ToArray(ColumnOf<T> column, std::size_t rows) {
+  if constexpr (std::is_same_v<T, std::int32_t>) {
+    if (column.hasUndefined) return ToArray(WithNan(column, rows), rows);
+  }
   T* const values = column.values.release();
   py::capsule const owner(values, [](void* memory) { delete[] static_cast<T*>(memory); });
   auto const length = static_cast<py::ssize_t>(rows);

@@ -20,6 +20,7 @@ template <typename T>
 struct ColumnOf {
   std::string name;
   std::int32_t count = 1;            // values in a row
+  bool hasUndefined = false;         // of whole numbers; other numbers become NaN
   std::unique_ptr<T[]> values = {};  // row after row
   std::unique_ptr<T[]> part = {};    // the rows that were read last
 };

@@ -121,6 +121,34 @@ def test_an_edit_is_all_or_nothing(folder):
     assert za.Libraries("crc.lb1")["ETHANOL"].NBP == 351.39
 
 
+def test_an_edit_that_cannot_be_made_ends(folder):
+    import shutil
+
+    (folder / "sub").mkdir()
+    edit = za.edit("sub/new.lb1", new=True)
+    with pytest.raises(za.ZelError):
+        with edit:
+            shutil.rmtree("sub")
+    with pytest.raises(za.ZelError, match="this edit has ended"):
+        edit["ETHANOL"].NBP = 300.0
+    with pytest.raises(za.ZelError, match="this edit has ended"):
+        with za.edit("crc.lb1") as own:
+            pass
+        own["ETHANOL"].NBP = 300.0
+
+
+def test_undefined_whole_numbers_are_nan(folder):
+    table = pd.DataFrame({"item 1": [1, 1], "item 2": [2, 3], "kij": [0.1, 0.2],
+                          "refCode": [7, None]})
+    with za.edit("some.lb1", new=True) as some:
+        some.import_table(table, "SRKO:SOME")
+    bank = za.open("some.lb1")["SRKO"]
+    codes = bank.columns(["refCode"])["refCode"]
+    assert codes[0] == 7.0 and np.isnan(codes[1]) and codes.dtype == float
+    assert np.isnan(bank["1", "3"].refCode) and bank["1", "2"].refCode == 7.0
+    assert bank.columns()["key 1"].dtype == np.int32
+
+
 def test_edits_of_every_kind_and_undo(folder):
     antoine = za.Correlation("VaporPressure", 21, [16.57, -3626.55, -34.29], 250.0, 400.0, ref=77)
     with za.edit("own.lb1", names="perry.lb1", note="a day's work") as own:

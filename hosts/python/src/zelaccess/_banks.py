@@ -209,7 +209,7 @@ class Bank:
             whole numbers, whose array is then one of doubles. Texts are bytes.
         """
         found = self.library._native.columns(self.type, self.name, self._wishes(fields), self.items)
-        return {name: _with_nan(values) for name, values in found}
+        return dict(found)
 
     def to_dataframe(self, fields: Any = None) -> Any:
         """Read fields of all items into a DataFrame, in key order, without copying the numbers.
@@ -249,16 +249,6 @@ class Bank:
 
     def __repr__(self) -> str:
         return f"<Bank {self.id}, {self.items} items>"
-
-
-def _with_nan(values: Any) -> Any:
-    """Whole numbers with nan where they are undefined."""
-    undefined = -2147483648
-    if values.dtype.kind != "i" or not values.size or values.min() != undefined:
-        return values
-    made = values.astype(float)
-    made[values == undefined] = float("nan")
-    return made
 
 
 # The columns of pure components.

@@ -35,10 +35,11 @@ class Edit:
         return self
 
     def __exit__(self, kind: Any, *error: Any) -> None:
-        if kind is None:
-            self._native.commit()
-        else:
-            self._native.drop()
+        try:
+            if kind is None:
+                self._native.commit()
+        finally:
+            self._native.drop()  # unlocks the library if the change cannot be made
 
     def __getitem__(self, key: Any) -> "EditedItem":
         return EditedItem(self, words(key))
