@@ -22,9 +22,10 @@ struct EvaluatorData {
   std::string temperatureUnit;
   std::int32_t recordUnit = 10;  // of the record's temperatures: 10 K, 11 C, 12 R, 13 F
   std::int32_t order = 1;
-  double zero = 0.0;         // absolute zero in the record's unit
-  double slopeFactor = 1.0;  // from derivatives of the record to those in the units of the caller
-  bool hasLow = false;       // the correlation has a value at the lower end of its range
+  double zero = 0.0;           // absolute zero in the record's unit
+  double slopeFactor = 1.0;    // from derivatives of the record to those in the units of the caller
+  bool mayBeBelowZero = true;  // the range does not exclude temperatures below absolute zero
+  bool hasLow = false;         // the correlation has a value at the lower end of its range
   bool hasHigh = false;
   bool isDetached = false;
   std::uint32_t index = 0;
@@ -140,6 +141,7 @@ void FindEnds(EvaluatorData& data, double tMin, double tMax) {
     batch.values = &value;
     return data.Run(batch) != kStatusFailed && !std::isnan(value);
   };
+  data.mayBeBelowZero = zel::gen_IsUndefDouble(tMin) || !(tMin >= data.zero);
   data.hasLow = hasValueAt(tMin);
   data.hasHigh = hasValueAt(tMax);
 }
@@ -195,7 +197,8 @@ void EvaluatorData::EvaluateChunk(EvaluatorArrays const& chunk, bool& isOutside)
     done.statuses = spareStatuses.data();
     RunChunk(temperatures, done);
   }
-  std::uint64_t odd = BelowIn(temperatures, chunk.count, zero) | LargeIn(done.values, chunk.count);
+  std::uint64_t odd = LargeIn(done.values, chunk.count);
+  if (mayBeBelowZero) odd |= BelowIn(temperatures, chunk.count, zero);
   if (done.derivatives != nullptr) odd |= LargeIn(done.derivatives, chunk.count);
   if (result != kStatusOk || (odd & kSign) != 0) CleanChunk(temperatures, done);
   if (chunk.values != nullptr) values.Convert(chunk.values, chunk.count);

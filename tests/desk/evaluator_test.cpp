@@ -78,6 +78,24 @@ TEST_F(EvaluatorTest, ADetachedCorrelationHasTheSameValues) {
   EXPECT_EQ(desk::Evaluator(changed).Value(300.0), 2.0 * pressure.Value(300.0));
 }
 
+TEST_F(EvaluatorTest, ARecordWithoutRangeHasNoValuesBelowAbsoluteZero) {
+  zel::ZelCorrelation line;  // 1 + T, in C
+  line.index = zel::correlationIdealGasCp;
+  line.equation = 1;
+  line.coefficientCount = 2;
+  line.coefficients[0] = line.coefficients[1] = 1.0;
+  line.tempUnit = 11;
+  desk::Evaluator const open(line, {"", "C"});
+  EXPECT_TRUE(std::isfinite(open.Value(-273.1)));
+  EXPECT_TRUE(std::isnan(open.Value(-273.2)));
+  line.tMin = -300.0;
+  EXPECT_TRUE(std::isnan(desk::Evaluator(line, {"", "C"}).Value(-273.2)));
+  line.tMin = 0.0;
+  desk::Evaluator const bounded(line, {"", "C"});
+  EXPECT_TRUE(std::isnan(bounded.Value(-273.2)));
+  EXPECT_TRUE(std::isfinite(bounded.Value(-273.1))) << "extrapolated";
+}
+
 TEST_F(EvaluatorTest, VectorModeIsAsGoodAsItSays) {
   std::vector<double> const temperatures = Temperatures(3000);
   std::vector<double> exact(temperatures.size());
