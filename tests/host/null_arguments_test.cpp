@@ -472,8 +472,8 @@ void NullArgumentsTest::SweepFunctions() {
     return ReadDocumentContents(path, contents);
   });
   SweepBatches();
-  SweepBatches();
-  InitZelAccess();
+  SweepCall<char*>(
+      "TryInitZelAccess", [](char* reason) { return TryInitZelAccess(reason); }, Remains::kResult);
   double pressure = 1.0;
   SweepCall<char const*, char const*, char const*, double*>(
       "ConvertUnits", [&](char const* dimension, char const* from, char const* to, double* values) {
