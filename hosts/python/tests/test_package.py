@@ -23,6 +23,7 @@ print(*sorted({{line.split()[-1] for line in open('/proc/self/maps') if 'libxml2
 """
 
 
+@pytest.mark.slow
 @pytest.mark.skipif(not (BUILD / "CMakeCache.txt").exists(), reason="not in a build folder")
 def test_wheel_carries_what_it_needs(tmp_path):
     environment = {**os.environ, "ZELACCESS_BUILD": str(BUILD), "ZELACCESS_BUNDLE": "1"}

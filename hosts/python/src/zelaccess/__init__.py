@@ -11,6 +11,7 @@ Examples
 1.0118
 """
 
+from . import dask
 from ._banks import Bank, Library, open
 from ._catalogue import bank_types, fields
 from ._component import Component, Page
@@ -29,5 +30,5 @@ __all__ = [
     "IdentityConflict", "Item", "Libraries", "Library", "LibraryInUse", "LibraryNotFound",
     "MissingBank", "MissingComponent", "MissingDatum", "MissingItem", "MissingPair", "OpenError",
     "Page", "Q", "Quantity", "WrongUsage", "ZelError", "bank_types", "check", "compare", "convert",
-    "edit", "evaluate_each", "fields", "from_dataframe", "history", "open", "undo",
+    "dask", "edit", "evaluate_each", "fields", "from_dataframe", "history", "open", "undo",
 ]

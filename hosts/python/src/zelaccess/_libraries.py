@@ -2,6 +2,8 @@
 
 from __future__ import annotations
 
+import threading
+import weakref
 from typing import Any, Dict, Iterator, List, Optional, Sequence, Tuple
 
 from . import _catalogue, _handles, _native
@@ -332,8 +334,19 @@ def _unit_words(units: Any) -> str:
 
 def _opened(libraries: List[str], names: str, accept_identity: bool, wait: float,
             path: List[str]) -> Libraries:
-    return Libraries(*libraries, names=names, accept_identity=accept_identity, wait=wait,
-                     path=path)
+    # All that a process unpickles shares one handle, however many tasks bring it.
+    key = (*libraries, names, accept_identity, wait, *path)
+    with _unpickling:
+        found = _unpickled.get(key)
+        if found is None:
+            found = Libraries(*libraries, names=names, accept_identity=accept_identity, wait=wait,
+                              path=path)
+            _unpickled[key] = found
+        return found
+
+
+_unpickled: "weakref.WeakValueDictionary[Any, Libraries]" = weakref.WeakValueDictionary()
+_unpickling = threading.Lock()
 
 
 __all__ = ["Libraries", "Comparison", "compare", "check"]
