@@ -95,6 +95,7 @@ def test_plot(libs):
     line = axes.lines[0]
     assert axes.get_ylabel() == "vapor pressure [bar]"
     assert axes.get_xlabel() == "T [degC]"
+    assert [text.get_text() for text in axes.get_legend().get_texts()] == ["Ethanol"]
     low, high = libs["ETHANOL"].VaporPressure.range
     assert line.get_xdata()[0] == pytest.approx(low - 273.15)
     assert line.get_xdata()[-1] == pytest.approx(high - 273.15)

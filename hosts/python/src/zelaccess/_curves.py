@@ -62,6 +62,7 @@ class Curve(_native.Curve):
         shown = unit or self.unit
         ax.set_xlabel(f"T [{temperature_unit}]")
         ax.set_ylabel(f"{self.label} [{shown}]" if shown else self.label)
+        ax.legend()
         return ax
 
     def both(self, temperature: Any, unit: str = "", temperature_unit: str = "K", order: int = 1,
