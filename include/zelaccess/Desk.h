@@ -186,6 +186,7 @@ class ZEL_DESK_API Component {
   /// \return nothing if there is none
   std::optional<CorrelationData> Correlation(zel::Correlation correlation) const;
   /// Evaluates a correlation, outside of its range by extrapolation, but not below absolute zero.
+  /// Evaluator (DeskEvaluator.h) does the same with arrays of the caller.
   /// Throws MissingDatum if the component does not have it, UnknownWord for a unit that does not
   /// suit it and for an order that is not 1, 2 or 3.
   /// \param correlation   the correlation
