@@ -12,7 +12,7 @@ import zelaccess as za
 ROOT = Path(__file__).resolve().parents[3]
 OPTIONS = doctest.NORMALIZE_WHITESPACE | doctest.ELLIPSIS
 MODULES = ["zelaccess"] + [f"zelaccess.{file.stem}" for file in
-                           sorted(Path(za.__file__).parent.glob("_[a-z]*.py"))]
+                           sorted(Path(za.__file__).parent.glob("*.py")) if file.stem != "__init__"]
 
 
 @pytest.mark.parametrize("name", MODULES)
