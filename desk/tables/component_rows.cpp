@@ -57,7 +57,7 @@ ComponentRows::Found ComponentRows::Find(TextRow const& row) {
     found.number = number;
     found.isThere = true;
   }
-  if (!found.isThere) found.number = NumberOfNew(row);
+  if (!found.isThere) SetNumberOfNew(row, found);
   return found;
 }
 
@@ -74,16 +74,17 @@ std::optional<Identity> ComponentRows::Known(TextRow const& row) const {
   return std::nullopt;
 }
 
-std::int32_t ComponentRows::NumberOfNew(TextRow const& row) const {
+void ComponentRows::SetNumberOfNew(TextRow const& row, Found& found) const {
   constexpr char kWhat[] = "a component number";
   std::string const given = CellOf(number_, row);
   if (!given.empty()) {
-    std::int32_t const number = WholeNumber(given, kWhat);
-    if (number < 1) throw Failure("\"" + given + "\" is not " + kWhat);
-    return number;
+    found.number = WholeNumber(given, kWhat);
+    if (found.number < 1) throw Failure("\"" + given + "\" is not " + kWhat);
+    return;
   }
-  if (auto const known = Known(row)) return known->number;
-  return target_.library->Maint().NextComponentNumber();
+  auto const known = Known(row);
+  found.isGiven = !known;
+  found.number = known ? known->number : target_.library->Maint().NextComponentNumber();
 }
 
 void ComponentRows::Write(PureComponent& component, Found const& found) const {
@@ -144,7 +145,10 @@ RowResult ComponentRows::Apply(TextRow const& row) {
     throw Failure(shown + ": " + failure.what());
   }
   written_.Add(found.number, found.isThere ? &old : nullptr);
-  if (!found.isThere) return {RowState::kNew, shown, "", warning_, {found.shown}, datum};
+  if (!found.isThere) {
+    std::int32_t const given = found.isGiven ? found.number : 0;
+    return {RowState::kNew, shown, "", warning_, {found.shown}, datum, given};
+  }
   std::string const what = Differences(ValuesOf(old), after, target_.units);
   RowState const state = what.empty() ? RowState::kSame : RowState::kChanged;
   return {state, shown, what, warning_, {found.shown}, datum};

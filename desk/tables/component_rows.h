@@ -39,13 +39,14 @@ class ComponentRows : public RowForm {
   struct Found {
     std::int32_t number = 0;
     bool isThere = false;
+    bool isGiven = false;  // the number is the next free one
     std::string shown;
   };
   Found Find(TextRow const& row);
   // The words that name the component, the surest first.
   std::vector<std::string> WordsOf(TextRow const& row) const;
   std::optional<Identity> Known(TextRow const& row) const;
-  std::int32_t NumberOfNew(TextRow const& row) const;
+  void SetNumberOfNew(TextRow const& row, Found& found) const;
   void Write(PureComponent& component, Found const& found) const;
   // Takes back what was written: the component is as `before`, or not in the bank if that is null.
   void TakeBack(PureComponent* before, Found const& found) const;

@@ -1,6 +1,7 @@
 // The forms of tables that can be imported: what a row sets, and what that changed.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -24,6 +25,7 @@ struct RowResult {
   std::string warning = {};  // about a row that is not refused
   std::vector<std::string> parts = {};  // what names the item
   std::string datum = {};               // the correlation that the row is about
+  std::int32_t given = 0;  // the library's own number that a new component has got, else 0
 };
 
 // Where the rows go.

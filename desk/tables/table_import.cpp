@@ -57,6 +57,7 @@ ImportedTable ImportTable(TableTarget const& target, std::string const& path,
                           : result.state == RowState::kSame    ? imported.same
                                                                : imported.refused;
     ++count;
+    if (result.given != 0) imported.given.Add(result.parts.front(), std::int64_t{result.given});
     if (!result.warning.empty()) {
       ++imported.warned;
       result.what += (result.what.empty() ? "" : "; ") + result.warning;

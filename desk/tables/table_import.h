@@ -16,6 +16,10 @@ struct ImportedTable {
   std::int64_t same = 0;
   std::int64_t refused = 0;
   std::int64_t warned = 0;  // of those that are not refused
+  // The new components that got the next free number, because neither the table nor the library of
+  // --names has one for them. Other libraries can have another number for such a component, and
+  // this number for another one.
+  Table given{"given numbers", {{"component", ""}, {"number", ""}}};
   // About components that were written, which they did not have before.
   std::vector<Finding> findings;
   // Those that were changed or refused or have a warning, or all. The columns after "what" are the

@@ -29,6 +29,7 @@ set(zel_TEST_SOURCES
     missing_test.cpp
     moves_test.cpp
     names_test.cpp
+    own_numbers_test.cpp
     newcomer_test.cpp
     output_test.cpp
     page_test.cpp

@@ -39,6 +39,21 @@ bool HasDecimalCommas(Table const& rows) {
   return std::any_of(rows.Rows().begin(), rows.Rows().end(), hasOne);
 }
 
+void AddGivenNumbers(Session const& session, Table given, Report& report) {
+  if (given.Empty()) return;
+  std::size_t const count = given.Rows().size();
+  std::string text = std::to_string(count) +
+                     (count == 1 ? " new component has" : " new components have") +
+                     " got the next free number, see below; ";
+  text +=
+      session.namesPath.empty()
+          ? "for components that other libraries know, import with --names LIBRARY, which gives "
+            "them the numbers and IDs that they have there"
+          : session.namesPath + " does not know them";
+  report.Warning("number warning", text);
+  report.Add(std::move(given));
+}
+
 }  // namespace
 
 Report ImportTableFile(Session& session, LibraryChange change, std::string const& bank,
@@ -71,6 +86,7 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
   report.Add(std::move(imported.rows),
              std::set<std::string>{"item 1", "item 2", "item 3", "datum"});
   bool const isRefused = imported.refused != 0 && !options.skipBad;
+  if (!isRefused) AddGivenNumbers(session, std::move(imported.given), report);
   AddDataWarning(imported.findings, options.isStrict && !isRefused, report);
   // Nothing to keep a version of.
   if (imported.read > 0 && imported.same == imported.read && !change.IsDryRun()) return report;
