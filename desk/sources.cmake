@@ -60,6 +60,7 @@ set(desk_SOURCES
     notes/utf8.cpp
     open/change_places.cpp
     open/component_name.cpp
+    open/component_numbers.cpp
     open/configuration.cpp
     open/curve_record.cpp
     open/field_text.cpp

@@ -49,6 +49,7 @@ class Flattener {
   void Bank(std::size_t library, BankName const& bank);
   bool Item(std::size_t library, BankName const& bank, BankName const& target,
             zel::IZelBankDef& item, StoredWords const& stored, std::string const& shown);
+  bool HasComponent(std::size_t library, std::int32_t number) const;
   // The number in the new library; nothing for a component that is not wanted.
   std::optional<std::int32_t> NumberFor(std::size_t library, std::int32_t number) const;
 
@@ -164,9 +165,27 @@ void Flattener::Count(std::string const& word, std::int32_t number) {
   }
 }
 
+bool Flattener::HasComponent(std::size_t library, std::int32_t number) const {
+  Library const& from = list_.Libraries()[library];
+  std::vector<BankName> const banks = from.Banks(kPureType);
+  PureComponent const component;
+  return std::any_of(banks.begin(), banks.end(), [&](BankName const& bank) {
+    return ReadComponent(from, bank, std::to_string(number), component);
+  });
+}
+
+// A library that does not have the component means the one that another library has.
 std::optional<std::int32_t> Flattener::NumberFor(std::size_t library, std::int32_t number) const {
   auto const at = numbers_.find({library, number});
   if (at != numbers_.end()) return at->second;
+  if (!HasComponent(library, number)) {
+    for (std::size_t i = 0; i < list_.Libraries().size(); ++i) {
+      auto const other = numbers_.find({i, number});
+      if (other != numbers_.end()) return other->second;
+    }
+  } else if (!options_.components.empty()) {
+    return std::nullopt;
+  }
   bool const isWanted = options_.components.empty() || written_.count(number) != 0;
   return isWanted ? std::optional(number) : std::nullopt;
 }

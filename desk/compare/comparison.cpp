@@ -97,7 +97,8 @@ void Comparer::Named(std::string const& word) {
   if (match.isOtherSubstance) {
     IdentityConflict conflict = ConflictOf(word, one, *match.component);
     if (!options_.acceptIdentity) {
-      throw Failure(ToText(conflict) + "; --accept-identity compares them anyway");
+      throw Failure(ToText(conflict) + Advice(conflict) +
+                    "; --accept-identity compares them anyway");
     }
     result_.conflicts.push_back(std::move(conflict));
   }

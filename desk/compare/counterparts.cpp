@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "desk/open/identity_conflict.h"
 #include "desk/words/letters.h"
 
 namespace zel::desk {
@@ -34,7 +35,7 @@ Counterparts::Match Counterparts::Find(zel::ZelIdentity const& identity) const {
   if (identity.casNumber != 0) add(byCas_, identity.casNumber, candidates);
   if (candidates.empty()) return {};
   auto const agrees = [&](std::size_t i) {
-    return zel::CompareIdentities(identity, components_[i].identity) == zel::identityAgrees;
+    return AreOneSubstance(identity, components_[i].identity);
   };
   // One of the same ID that is another substance: rows with this ID would be of neither.
   if (!namesakes.empty() && std::none_of(namesakes.begin(), namesakes.end(), agrees)) {

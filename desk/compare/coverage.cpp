@@ -1,6 +1,7 @@
 #include "desk/compare/coverage.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "desk/open/fields.h"
@@ -13,6 +14,15 @@ namespace {
 bool IsOfPairs(zel::IZelBankDef& item) {
   BankFacts const facts(item);
   return facts.keyKind == 0 && facts.keyWords == 2;
+}
+
+std::set<std::int32_t> NumbersInPairs(Library const& library, std::string const& type) {
+  zel::Handle<zel::IZelBankDef> const item = BankOfType(type);
+  std::set<std::int32_t> numbers;
+  for (BankName const& bank : library.Banks(type)) {
+    for (auto const& key : Keys(library, bank, *item)) numbers.insert(key.begin(), key.end());
+  }
+  return numbers;
 }
 
 }  // namespace
@@ -48,26 +58,8 @@ DatumCounts CountOf(PureComponent const& component) {
   return counts;
 }
 
-// The numbers are those of the library's own components; without components, the common ones.
-void PairCoverage::Add(std::string const& word, PureComponent const& merged) {
-  zel::ZelIdentity const identity = merged.Compared();
-  std::string const common = std::to_string(identity.number);
-  Covered covered{word, {}};
-  for (Library const& library : list_.Libraries()) {
-    std::string number = common;
-    for (BankName const& bank : library.Banks(kPureType)) {
-      PureComponent const own;
-      PureComponent const namesake;
-      if (ReadComponent(library, bank, word, own)) {
-        number = std::to_string(own.Compared().number);
-      } else if (ReadComponent(library, bank, common, namesake)) {
-        if (zel::CompareIdentities(identity, namesake.Compared()) != zel::identityAgrees)
-          number = "";
-      }
-    }
-    covered.numbers.push_back(number);
-  }
-  components_.push_back(std::move(covered));
+void PairCoverage::Add(std::string const& word) {
+  components_.push_back({word, NumbersOf(list_.Libraries(), list_.Lookup(word))});
 }
 
 std::string PairCoverage::SourceOf(std::string const& type, std::size_t one,
@@ -75,13 +67,15 @@ std::string PairCoverage::SourceOf(std::string const& type, std::size_t one,
   zel::Handle<zel::IZelBankDef> const item = BankOfType(type);
   for (std::size_t i = 0; i < list_.Libraries().size(); ++i) {
     Library const& library = list_.Libraries()[i];
-    std::string const& first = components_[one].numbers[i];
-    std::string const& second = components_[other].numbers[i];
-    if (first.empty() || second.empty()) continue;
+    auto const choices = Choices<std::int32_t>(
+        {components_[one].numbers.inLibraries[i], components_[other].numbers.inLibraries[i]});
     for (BankName const& bank : library.Banks(type)) {
-      zel::Handle<zel::Key> const key = KeyIn(library, *item, {first, second});
-      if (library.Maint().ItemExists(item.get(), bank.name.c_str(), key.get())) {
-        return library.Path() + ":" + bank.name;
+      for (auto const& choice : choices) {
+        zel::Handle<zel::Key> const key =
+            KeyIn(library, *item, {std::to_string(choice[0]), std::to_string(choice[1])});
+        if (library.Maint().ItemExists(item.get(), bank.name.c_str(), key.get())) {
+          return library.Path() + ":" + bank.name;
+        }
       }
     }
   }
@@ -115,20 +109,33 @@ std::vector<std::string> PairTypes(std::vector<std::string> const& named) {
 
 std::vector<std::string> ComponentsInPairs(PreferenceList const& list,
                                            std::vector<std::string> const& types) {
-  std::set<std::int32_t> numbers;
+  std::vector<PlacedComponent> const all = list.Components();
+  std::map<std::pair<std::size_t, std::int32_t>, std::size_t> own;  // by library and number
+  std::map<std::int32_t, std::size_t> first;                        // by number
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    own.emplace(std::make_pair(list.LibraryOf(all[i].place), all[i].identity.number), i);
+    first.emplace(all[i].identity.number, i);
+  }
+  std::set<std::size_t> paired;
   for (std::string const& type : types) {
-    zel::Handle<zel::IZelBankDef> const item = BankOfType(type);
-    for (Library const& library : list.Libraries()) {
-      for (BankName const& bank : library.Banks(type)) {
-        for (auto const& key : Keys(library, bank, *item)) numbers.insert(key.begin(), key.end());
+    for (std::size_t i = 0; i < list.Libraries().size(); ++i) {
+      for (std::int32_t const number : NumbersInPairs(list.Libraries()[i], type)) {
+        auto const at = own.find({i, number});
+        auto const known = first.find(number);
+        if (at != own.end()) {
+          paired.insert(at->second);
+        } else if (known != first.end()) {
+          paired.insert(known->second);
+        }
       }
     }
   }
   std::vector<std::string> words;
-  for (PlacedComponent const& one : list.Components()) {
-    if (numbers.erase(one.identity.number) == 0) continue;
-    std::string const id = one.identity.ids[0];
-    words.push_back(id.empty() ? std::to_string(one.identity.number) : id);
+  std::set<std::string> seen;
+  for (std::size_t const i : paired) {
+    std::string const id = all[i].identity.ids[0];
+    std::string const word = id.empty() ? std::to_string(all[i].identity.number) : id;
+    if (seen.insert(word).second) words.push_back(word);
   }
   return words;
 }

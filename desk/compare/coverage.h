@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/open/component_numbers.h"
 #include "desk/open/preference_list.h"
 
 namespace zel::desk {
@@ -28,8 +29,8 @@ class PairCoverage {
  public:
   explicit PairCoverage(PreferenceList const& list) : list_(list) {}
 
-  // Adds a component: the word of the user, and the component merged from the list.
-  void Add(std::string const& word, PureComponent const& merged);
+  // Adds a component by the word of the user.
+  void Add(std::string const& word);
   std::size_t Count() const { return components_.size(); }
   std::string const& WordOf(std::size_t i) const { return components_[i].word; }
   // The first bank of a type that has the pair, "sample.lb1:SAMPLE", over the libraries in their
@@ -37,10 +38,9 @@ class PairCoverage {
   std::string SourceOf(std::string const& type, std::size_t one, std::size_t other) const;
 
  private:
-  // The number in each library; empty if that number is another substance there.
   struct Covered {
     std::string word;
-    std::vector<std::string> numbers;
+    ComponentNumbers numbers;
   };
 
   PreferenceList const& list_;

@@ -7,6 +7,7 @@
 #include "desk/face/data.h"
 #include "desk/face/guarded.h"
 #include "desk/face/item_data.h"
+#include "desk/open/component_numbers.h"
 #include "desk/open/configuration.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
@@ -32,23 +33,38 @@ std::vector<std::string> FoundOnPath(std::vector<std::string> words,
   return words;
 }
 
-// The words of a key of components as numbers, so that a library that does not know the IDs is
-// searched as well. A number stays as it is.
-std::vector<std::string> AsNumbers(PreferenceList const& list,
-                                   std::vector<std::string> const& words) {
-  std::vector<std::string> numbers;
-  for (std::string const& word : words) {
-    std::string number = word;
-    for (std::size_t i = 0; i < list.Count(); ++i) {
-      PureComponent const component;
-      if (!list.Read(i, word, component)) continue;
-      number = std::to_string(component.ReadIdentity().number);
-      break;
+// The words of a key, for each library of the list: a key of components as numbers, so that a
+// library that does not know the IDs is searched as well, and with the numbers that the library has
+// for them.
+class KeyWordsOfLibraries {
+ public:
+  KeyWordsOfLibraries(PreferenceList const& list, std::vector<std::string> words,
+                      bool areComponents)
+      : words_(std::move(words)) {
+    for (std::size_t i = 0; areComponents && i < words_.size(); ++i) {
+      numbers_.push_back(NumbersOf(list.Libraries(), list.Lookup(words_[i])));
     }
-    numbers.push_back(number);
   }
-  return numbers;
-}
+  // What the words can be in a library; empty if it has another substance of such a number.
+  std::vector<std::vector<std::string>> In(std::size_t library) const {
+    std::vector<std::vector<std::string>> words;
+    for (std::size_t i = 0; i < words_.size(); ++i) {
+      words.emplace_back();
+      if (numbers_.empty() || !numbers_[i].isKnown) {
+        words.back().push_back(words_[i]);
+        continue;
+      }
+      for (std::int32_t const number : numbers_[i].inLibraries[library]) {
+        words.back().push_back(std::to_string(number));
+      }
+    }
+    return Choices(words);
+  }
+
+ private:
+  std::vector<std::string> words_;
+  std::vector<ComponentNumbers> numbers_;
+};
 
 }  // namespace
 
@@ -112,14 +128,16 @@ desk::Item Libraries::Item(std::string const& type, std::vector<std::string> con
     zel::Handle<zel::IZelBankDef> const item = BankOrNone(UpperCase(type));
     if (!item) throw UnknownWord("", "there is no bank type " + type);
     BankFacts const facts(*item);
-    bool const isOfComponents = facts.keyKind == 0;
+    KeyWordsOfLibraries const keys(data_->list, words, facts.keyKind == 0);
     std::string looked;
-    for (Library const& library : data_->list.Libraries()) {
-      zel::Handle<zel::Key> const key =
-          KeyIn(library, *item, isOfComponents ? AsNumbers(data_->list, words) : words);
-      for (BankName const& bank : library.Banks(facts.type)) {
-        if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) continue;
-        return desk::Item(DataOfItem(library, bank, *item, *key, data_->citations));
+    for (std::size_t i = 0; i < data_->list.Libraries().size(); ++i) {
+      Library const& library = data_->list.Libraries()[i];
+      for (auto const& choice : keys.In(i)) {
+        zel::Handle<zel::Key> const key = KeyIn(library, *item, choice);
+        for (BankName const& bank : library.Banks(facts.type)) {
+          if (!library.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) continue;
+          return desk::Item(DataOfItem(library, bank, *item, *key, data_->citations));
+        }
       }
       looked += (looked.empty() ? "" : ", ") + library.Path();
     }

@@ -151,7 +151,7 @@ Table CoverageOf(std::vector<std::string> const& libraries, std::string const& t
       std::string const& word = list.Lookup(given);
       PureComponent component;
       list.Search(word, component);
-      pairs.Add(word, component);
+      pairs.Add(word);
     }
     Table table("pairs", {{"one", ""}, {"other", ""}, {"from", ""}});
     for (std::size_t i = 0; i < pairs.Count(); ++i) {

@@ -2,6 +2,11 @@
 
 #include <zelaccess/Casn.h>
 
+#include <algorithm>
+#include <set>
+
+#include "desk/words/letters.h"
+
 namespace zel::desk {
 namespace {
 
@@ -14,6 +19,35 @@ Cell NumberOf(zel::ZelIdentity const& identity) {
   return std::int64_t{identity.number};
 }
 
+// The IDs and the name in upper case.
+std::set<std::string> LabelsOf(zel::ZelIdentity const& identity) {
+  std::set<std::string> labels;
+  for (char const* id : identity.ids) labels.insert(UpperCase(id));
+  labels.insert(UpperCase(identity.name));
+  labels.erase("");
+  return labels;
+}
+
+// The CAS number or the formula agrees; nothing contradicts.
+bool AgreesInSubstance(zel::ZelIdentity const& one, zel::ZelIdentity const& other) {
+  return (one.casNumber != 0 && other.casNumber != 0) ||
+         (*one.formula != '\0' && *other.formula != '\0');
+}
+
+// Nothing contradicts, but the number is all that they have in common.
+bool ShareOnlyTheNumber(zel::ZelIdentity const& one, zel::ZelIdentity const& other) {
+  if (one.number == 0 || one.number != other.number || AgreesInSubstance(one, other)) return false;
+  std::set<std::string> const labels = LabelsOf(one);
+  std::set<std::string> const others = LabelsOf(other);
+  return !labels.empty() && !others.empty() &&
+         std::none_of(labels.begin(), labels.end(),
+                      [&](std::string const& label) { return others.count(label) != 0; });
+}
+
+bool Contradict(zel::ZelIdentity const& one, zel::ZelIdentity const& other) {
+  return zel::CompareIdentities(one, other) != zel::identityAgrees;
+}
+
 }  // namespace
 
 std::string ToText(zel::ZelIdentity const& identity) {
@@ -22,14 +56,18 @@ std::string ToText(zel::ZelIdentity const& identity) {
   return text;
 }
 
+bool AreOneSubstance(zel::ZelIdentity const& one, zel::ZelIdentity const& other) {
+  return !Contradict(one, other) && !ShareOnlyTheNumber(one, other);
+}
+
 std::optional<IdentityConflict> ConflictIn(std::string const& word,
                                            std::vector<SourcedIdentity> found) {
-  for (std::size_t i = 1; i < found.size(); ++i) {
-    for (std::size_t k = 0; k < i; ++k) {
-      if (zel::CompareIdentities(found[k].identity, found[i].identity) == zel::identityAgrees) {
-        continue;
+  for (auto* const areTwo : {&Contradict, &ShareOnlyTheNumber}) {
+    for (std::size_t i = 1; i < found.size(); ++i) {
+      for (std::size_t k = 0; k < i; ++k) {
+        if (!areTwo(found[k].identity, found[i].identity)) continue;
+        return IdentityConflict{word, std::move(found), k, i};
       }
-      return IdentityConflict{word, std::move(found), k, i};
     }
   }
   return std::nullopt;
@@ -40,6 +78,13 @@ std::string ToText(IdentityConflict const& conflict) {
   SourcedIdentity const& other = conflict.found[conflict.other];
   return "component " + conflict.word + " is " + ToText(one.identity) + " in " + one.source +
          " and " + ToText(other.identity) + " in " + other.source;
+}
+
+std::string Advice(IdentityConflict const& conflict) {
+  zel::ZelIdentity const& one = conflict.found[conflict.one].identity;
+  if (Contradict(one, conflict.found[conflict.other].identity)) return "";
+  return "; they have nothing but the same number, " + std::to_string(one.number) +
+         ", in common; `zel renumber` gives one of them another number";
 }
 
 Table IdentityTable(std::vector<IdentityConflict> const& conflicts) {

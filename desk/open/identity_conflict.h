@@ -21,6 +21,11 @@ struct SourcedIdentity {
 // "Water (10000326, WATER, 7732-18-5, H2O)", without the parts that the source does not have.
 std::string ToText(zel::ZelIdentity const& identity);
 
+// False if the two contradict each other (CompareIdentities), and if they have the same number but
+// nothing else that says they are one substance: no ID, no name, no CAS number and no formula. A
+// source that has neither an ID nor a name for it is believed.
+bool AreOneSubstance(zel::ZelIdentity const& one, zel::ZelIdentity const& other);
+
 // What was found for one word of the command line, if that is more than one substance.
 struct IdentityConflict {
   std::string word;
@@ -33,6 +38,9 @@ std::optional<IdentityConflict> ConflictIn(std::string const& word,
                                            std::vector<SourcedIdentity> found);
 // Names both identities.
 std::string ToText(IdentityConflict const& conflict);
+// The end of a message if the number is all that they have in common: that `zel renumber` gives one
+// of them another one. Else empty.
+std::string Advice(IdentityConflict const& conflict);
 
 // A table with everything that was found.
 Table IdentityTable(std::vector<IdentityConflict> const& conflicts);

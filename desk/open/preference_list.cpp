@@ -118,7 +118,7 @@ void PreferenceList::Judge(std::string const& word, std::vector<SourcedIdentity>
   std::optional<IdentityConflict> conflict = ConflictIn(word, std::move(found));
   if (!conflict) return;
   if (!acceptIdentity_) {
-    throw ConflictingIdentity("", ToText(*conflict));
+    throw ConflictingIdentity("", ToText(*conflict) + Advice(*conflict));
   }
   accepted_.push_back(std::move(*conflict));
 }

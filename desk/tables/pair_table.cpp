@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "desk/notes/parameter_meanings.h"
 #include "desk/open/component_name.h"
+#include "desk/open/component_numbers.h"
 #include "desk/open/fields.h"
 #include "desk/tables/component_table.h"
 #include "desk/words/failure.h"
@@ -11,13 +13,13 @@
 namespace zel::desk {
 namespace {
 
-// The ID of a component in the first library that knows it, that of --names being the last; its
-// number if none does.
-std::string IdOf(std::vector<Library> const& libraries, std::int32_t number) {
-  std::vector<Library const*> knowing;
-  knowing.reserve(libraries.size() + 1);
+// The ID of a component in the library, or in the first library that knows it, that of --names
+// being the last; its number if none does.
+std::string IdOf(std::vector<Library> const& libraries, std::size_t own, std::int32_t number) {
+  std::vector<Library const*> knowing = {&libraries[own]};
+  knowing.reserve(libraries.size() + 2);
   for (Library const& library : libraries) knowing.push_back(&library);
-  if (!libraries.empty()) knowing.push_back(libraries.front().InSession().names.get());
+  knowing.push_back(libraries.front().InSession().names.get());
   for (Library const* library : knowing) {
     if (library == nullptr) continue;
     char id[kNameSize] = {};
@@ -27,20 +29,47 @@ std::string IdOf(std::vector<Library> const& libraries, std::int32_t number) {
   return std::to_string(number);
 }
 
-std::int32_t NumberOf(std::vector<Library> const& libraries, std::string const& word) {
+ComponentNumbers NumbersOfWord(std::vector<Library> const& libraries, std::string const& word) {
   ComponentBanks banks;
   for (Library const& library : libraries) {
     for (auto const& known : BanksKnownTo(library)) banks.push_back(known);
   }
   std::string const lookup = LookupWord(word, banks);
-  PureComponent const component;
-  for (auto const& [library, bank] : banks) {
-    if (ReadComponent(*library, bank, lookup, component)) return component.ReadIdentity().number;
-  }
-  ComponentWord const parsed = ParseComponent(lookup);
-  if (auto const* number = std::get_if<long>(&parsed)) return static_cast<std::int32_t>(*number);
+  ComponentNumbers numbers = NumbersOf(libraries, lookup);
+  if (numbers.isKnown || std::holds_alternative<long>(ParseComponent(lookup))) return numbers;
   throw Failure("component " + word + " is in none of the libraries" + NearestTo(word, banks));
 }
+
+// The components that are named, each once, by their numbers in each library.
+class NamedComponents {
+ public:
+  NamedComponents(std::vector<Library> const& libraries, std::vector<std::string> const& words) {
+    std::set<std::vector<std::vector<std::int32_t>>> distinct;
+    shown_.resize(libraries.size());
+    for (std::string const& word : words) {
+      ComponentNumbers const one = NumbersOfWord(libraries, word);
+      if (!distinct.insert(one.inLibraries).second) continue;
+      ++count_;
+      for (std::size_t i = 0; i < libraries.size(); ++i) {
+        for (std::int32_t const number : one.inLibraries[i]) shown_[i].emplace(number, one.shown);
+      }
+    }
+  }
+  // With one component, a pair of it; with more, a pair of two of them.
+  bool HavePair(std::size_t library, std::int32_t one, std::int32_t other) const {
+    std::size_t const named = shown_[library].count(one) + shown_[library].count(other);
+    return named >= std::min<std::size_t>(count_, 2);
+  }
+  // What a component of a library is called that is one of them; empty for another one.
+  std::string Shown(std::size_t library, std::int32_t number) const {
+    auto const at = shown_[library].find(number);
+    return at == shown_[library].end() ? "" : at->second;
+  }
+
+ private:
+  std::size_t count_ = 0;
+  std::vector<std::map<std::int32_t, std::string>> shown_;  // by library and number
+};
 
 // With the unit of a note if the banks of the type agree on it.
 Column ColumnOf(Field const& field, std::vector<Library> const& libraries, zel::IZelBankDef& item) {
@@ -76,18 +105,21 @@ Table PairTable(std::vector<Library> const& libraries, std::string const& type,
   for (Field const& field : chosen) columns.push_back(ColumnOf(field, libraries, *item));
   columns.push_back({"from", ""});
   Table table("pairs", std::move(columns));
-  std::set<std::int32_t> numbers;
-  for (std::string const& word : components) numbers.insert(NumberOf(libraries, word));
+  NamedComponents const named(libraries, components);
+  auto const shown = [&](std::size_t library, std::int32_t number) {
+    std::string name = named.Shown(library, number);
+    return name.empty() ? IdOf(libraries, library, number) : name;
+  };
   std::set<std::pair<std::string, std::string>> seen;
-  for (Library const& library : libraries) {
+  for (std::size_t i = 0; i < libraries.size(); ++i) {
+    Library const& library = libraries[i];
     for (BankName const& bank : library.Banks(facts.type)) {
       std::vector<std::vector<std::int32_t>> keys;
       library.Walk(bank, [&] { keys = Keys(library, bank, *item); });
       for (auto const& stored : keys) {
-        std::size_t const named = numbers.count(stored[0]) + numbers.count(stored[1]);
-        if (named < std::min<std::size_t>(numbers.size(), 2)) continue;
-        std::string const one = IdOf(libraries, stored[0]);
-        std::string const other = IdOf(libraries, stored[1]);
+        if (!named.HavePair(i, stored[0], stored[1])) continue;
+        std::string const one = shown(i, stored[0]);
+        std::string const other = shown(i, stored[1]);
         if (!seen.insert(std::minmax(one, other)).second) continue;
         zel::Handle<zel::Key> const key = StoredKey(stored);
         try {

@@ -152,6 +152,40 @@ TEST_F(DeskTest, APairIsInTheOrderInWhichItIsAskedFor) {
   EXPECT_THROW(libraries.Item("NRTL", {"ETHANOL"}), desk::Error);
 }
 
+// A library of components with own numbers, and pairs if it has some.
+void MakeOwn(std::string const& path, std::vector<std::string> const& banks) {
+  std::string const document = path + ".xml";
+  zel::openErrors error = zel::openFailed;
+  zel::Handle<zel::LibFile> const file(
+      zel::LibFile::NewLibFile(zel::libKind11, (path + ".lb1").c_str(), error));
+  ASSERT_TRUE(file);
+  zel::Handle<zel::LibMaint> const maint(zel::LibMaint::NewLibMaint(file.get()));
+  for (std::string const& bank : banks) {
+    std::ofstream(document) << bank;
+    ASSERT_TRUE(maint->Import(document.c_str(), false));
+  }
+}
+
+TEST_F(DeskTest, APairIsThatOfTheSubstancesInItsLibrary) {
+  auto const component = [](char const* number, char const* id) {
+    return std::string("<comp><id number=\"") + number + "\" name=\"" + id + "\"> " + id +
+           " </id></comp>";
+  };
+  MakeOwn(Path("n1"), {"<bank type=\"PURECOMP\" name=\"A\">" + component("21000000", "FOO") +
+                       component("21000005", "ETHANOL") + "</bank>"});
+  MakeOwn(Path("n2"), {"<bank type=\"PURECOMP\" name=\"B\">" + component("21000000", "BAR") +
+                           component("21000001", "BAZ") + "</bank>",
+                       "<bank type=\"VANLAAR\" name=\"P\"><item><keys> 21000000 21000001 </keys>"
+                       "<aij>1</aij></item></bank>"});
+  desk::Libraries const libraries(Paths({"n1.lb1", "n2.lb1"}));
+  EXPECT_EQ(libraries.Pair("VANLAAR", "BAR", "BAZ").Value("aij"), 1.0);
+  EXPECT_THROW(libraries.Pair("VANLAAR", "FOO", "BAZ"), desk::MissingItem);
+  EXPECT_THROW(libraries.Pair("VANLAAR", "21000000", "BAZ"), desk::MissingItem) << "it is FOO";
+  // ETHANOL has an own number in the first library; the last one has pairs with that of the second.
+  desk::Libraries const mixed(Paths({"n1.lb1", "perry.lb1", "sample.lb1"}));
+  EXPECT_NEAR(*mixed.Pair("NRTL", "WATER", "ETHANOL").Value("bij"), 624.867, 1e-3);
+}
+
 TEST_F(DeskTest, ErrorsHaveFileAndReason) {
   desk::Libraries const libraries(Paths({"perry.lb1"}));
   try {

@@ -58,5 +58,78 @@ TEST_F(OwnNumbersTest, TextOfAnImportShowsTheNumbers) {
   EXPECT_EQ(refused.out.find("given_numbers"), std::string::npos) << refused.out;
 }
 
+// n1 has FOO and n2 has BAR under one number, and n2 a pair of BAR.
+class SameNumberTest : public OwnNumbersTest {
+ protected:
+  SameNumberTest() {
+    Import("n1.lb1", "PURECOMP:A", "id,name,TC [K],NBP [K]\nFOO,Foo,500,300\n");
+    Import("n2.lb1", "PURECOMP:B", "id,name,TC [K],PC [bar]\nBAR,Bar,600,40\nBAZ,Baz,650,41\n");
+    Import("n2.lb1", "NRTL:B", "i,j,bij\nBAR,BAZ,77\n");
+  }
+};
+
+TEST_F(SameNumberTest, IsNotOneSubstance) {
+  for (char const* words :
+       {"flatten n1.lb1 n2.lb1 -o n.lb1", "merge n1.lb1 n2.lb1 --bank PURECOMP:B",
+        "search 21000000 -l n1.lb1 -l n2.lb1"}) {
+    Outcome const outcome = Zel(words);
+    EXPECT_EQ(outcome.status, 1) << words << outcome.out;
+    for (char const* part : {"Foo (21000000, FOO) in n1.lb1:A", "Bar (21000000, BAR) in n2.lb1:B",
+                             "`zel renumber` gives one of them another number"}) {
+      EXPECT_NE(outcome.err.find(part), std::string::npos) << words << outcome.err;
+    }
+  }
+  json const compared = Json("compare n1.lb1 n2.lb1");
+  EXPECT_EQ(compared["constants_compared"], 0);
+  EXPECT_EQ(compared["identities"].size(), 2U) << compared;
+  Good("renumber n2.lb1 BAR 21000009");
+  EXPECT_EQ(Json("flatten n1.lb1 n2.lb1 -o n.lb1")["components"], 3);
+}
+
+// Names, CAS numbers and formulas say that it is one, and so does a source that says nothing.
+TEST_F(SameNumberTest, IsOneSubstanceIfAnythingElseAgrees) {
+  for (char const* row :
+       {"id,name,number,TC [K]\nOTHER,foo,21000000,500\n",
+        "id,name,number,TC [K]\nFOO,Other,21000000,500\n", "name,number,TC [K]\n,21000000,500\n"}) {
+    std::filesystem::remove(Folder() / "x.lb1");
+    std::filesystem::remove(Folder() / "x.lb2");
+    Import("x.lb1", "PURECOMP:X", row);
+    EXPECT_EQ(Zel("search 21000000 -l n1.lb1 -l x.lb1").status, 0) << row;
+  }
+}
+
+TEST_F(SameNumberTest, PairsAreThoseOfTheirLibrary) {
+  for (char const* words : {"pairs NRTL --fields bij -l n1.lb1 -l n2.lb1",
+                            "pairs NRTL BAR BAZ --fields bij -l n1.lb1 -l n2.lb1"}) {
+    json const pairs = Json(words)["pairs"];
+    ASSERT_EQ(pairs.size(), 1U) << words;
+    EXPECT_EQ(pairs[0]["component_1"], "BAR") << words;
+    EXPECT_EQ(pairs[0]["component_2"], "BAZ") << words;
+  }
+  EXPECT_EQ(Json("pairs NRTL FOO BAZ -l n1.lb1 -l n2.lb1")["found"], 0);
+  EXPECT_EQ(Json("pairs NRTL FOO -l n1.lb1 -l n2.lb1")["found"], 0);
+  EXPECT_TRUE(
+      Json("coverage FOO BAZ --model NRTL -l n1.lb1 -l n2.lb1")["pairs"][0]["from"].is_null());
+  EXPECT_EQ(Json("coverage BAR BAZ --model NRTL -l n1.lb1 -l n2.lb1")["pairs"][0]["from"],
+            "n2.lb1:B");
+  EXPECT_EQ(Json("coverage --model NRTL -l n1.lb1 -l n2.lb1")["components"][0]["component"], "BAR");
+}
+
+// The first library numbers ethanol itself, the last one has pairs only, with published numbers.
+TEST_F(OwnNumbersTest, PairsAreFoundByTheNumbersOfOtherLibraries) {
+  Import("lab.lb1", "PURECOMP:B", "id,TC [K]\nETHANOL,514\n");
+  std::string const lists = " -l lab.lb1 -l perry.lb1 -l sample.lb1";
+  json const pairs = Json("pairs NRTL ETHANOL METHANOL --fields bij" + lists)["pairs"];
+  EXPECT_EQ(pairs,
+            Json("pairs NRTL ETHANOL METHANOL --fields bij -l perry.lb1 -l sample.lb1")["pairs"]);
+  ASSERT_EQ(pairs.size(), 1U);
+  EXPECT_EQ(pairs[0]["from"], "sample.lb1:SAMPLE");
+  EXPECT_EQ(Json("coverage ETHANOL METHANOL --model NRTL" + lists)["pairs"][0]["from"],
+            "sample.lb1:SAMPLE");
+  Good("flatten lab.lb1 perry.lb1 sample.lb1 -o f.lb1");
+  EXPECT_EQ(Json("show f.lb1 NRTL ETHANOL METHANOL")["fields"],
+            Json("show sample.lb1 NRTL ETHANOL METHANOL --names perry.lb1")["fields"]);
+}
+
 }  // namespace
 }  // namespace zel::test

@@ -127,7 +127,7 @@ Report Coverage(Session& session, Options const& o) {
     summary.Add(word, counts.stored, counts.filledIn, counts.missing, counts.curves,
                 component.ReadIdentity().name);
     if (o.details) AddDetails(word, component, o.missing, details);
-    pairs.Add(word, component);
+    pairs.Add(word);
   }
   if (o.details) report.Add(std::move(details));
   report.Add(std::move(summary));

@@ -177,6 +177,8 @@ class Libraries:
     def pair(self, model: str, one: Any, other: Any) -> Item:
         """Return the parameters of a pair, for the components in this order.
 
+        Each library is searched with the numbers that it has for the components itself.
+
         Raises
         ------
         MissingPair
