@@ -53,6 +53,11 @@ std::vector<Setting> SettingsOf(std::vector<std::string> const& words, bool isCo
     std::size_t const equals = words[i].find('=');
     if (equals != std::string::npos) {
       settings.push_back({words[i].substr(0, equals), words[i].substr(equals + 1)});
+      std::string const& datum = settings.back().datum;
+      bool const isOfConstant = isComponent && ConstantMeant(datum) != nullptr;
+      if (isOfConstant && i + 1 < words.size() && IsUnitFor(datum, words[i + 1])) {
+        throw WrongUsage("a unit follows its number without a blank: " + words[i] + words[i + 1]);
+      }
       continue;
     }
     bool const isConstant = isComponent && ConstantMeant(words[i]) != nullptr;

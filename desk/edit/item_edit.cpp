@@ -3,6 +3,7 @@
 #include <zelaccess/Key_p.h>
 
 #include <algorithm>
+#include <map>
 #include <tuple>
 #include <utility>
 
@@ -100,7 +101,8 @@ class Edit {
   std::vector<std::string> NumbersHere() const;
   void CheckStoredIn(Values const& wanted, Values const& stored) const;
   void Warn(Item const& item, std::vector<std::string> const& names);
-  void WarnOfCode(std::string const& name, Curve const& curve);
+  void WarnOfCodes(std::vector<std::string> const& names);
+  std::string KeptCode(std::string const& name) const;
   void AddRows(Item const& item, Values const& before, Values const& after);
   std::string UnitOf(Item const& item, std::string const& name, Values const& values) const;
   std::tuple<Cell, Cell, std::string> Change(Item const& item, std::string const& name,
@@ -184,26 +186,41 @@ void Edit::CheckStoredIn(Values const& wanted, Values const& stored) const {
   }
 }
 
-// The citation of the former coefficients would then be that of the new ones.
-void Edit::WarnOfCode(std::string const& name, Curve const& curve) {
-  if (edit_.code || curve.refCode == 0) return;
-  auto const& rows = edited_.changes.Rows();
-  bool const isOther = std::any_of(rows.begin(), rows.end(), [&](auto const& row) {
+// The reference code that a datum with a new value keeps; empty if there is none.
+std::string Edit::KeptCode(std::string const& name) const {
+  for (std::vector<Cell> const& row : edited_.changes.Rows()) {
     std::string const datum = CellText(row[0]);
-    return datum == name + " equation" || datum.rfind(name + " C", 0) == 0;
-  });
-  if (!isOther) return;
-  std::string const code = std::to_string(curve.refCode);
-  edited_.warnings.push_back(name + ": reference code " + code + " is kept; --ref gives another");
+    bool const isMeant =
+        datum == name || datum == name + " equation" || datum.rfind(name + " C", 0) == 0;
+    bool const hasValue = !std::holds_alternative<std::monostate>(row[2]);
+    bool const hasCode = row[5] != Cell() && row[5] != Cell(std::int64_t{0});
+    if (isMeant && hasValue && hasCode && row[4] == row[5]) return CellText(row[5]);
+  }
+  return "";
+}
+
+// The citation of the former value would be that of the new one.
+void Edit::WarnOfCodes(std::vector<std::string> const& names) {
+  if (edit_.code) return;
+  std::map<std::string, std::string> data;  // by code
+  for (std::string const& name : names) {
+    std::string const code = KeptCode(name);
+    if (code.empty()) continue;
+    std::string& list = data[code];
+    list.append(list.empty() ? "" : ", ").append(name);
+  }
+  for (auto const& [code, list] : data) {
+    edited_.warnings.push_back(list + ": reference code " + code + " is kept; --ref gives another");
+  }
 }
 
 void Edit::Warn(Item const& item, std::vector<std::string> const& names) {
+  WarnOfCodes(names);
   for (std::string const& name : names) {
-    auto const* const curve = ConstantMeant(name) == nullptr ? FindCorrelation(name) : nullptr;
-    if (curve == nullptr || edit_.curve.Empty()) continue;
-    Curve const stored = item.Component().ReadCurve(IndexOf(*curve));
-    WarnOfCode(name, stored);
-    std::string const missing = MissingCoefficients(stored);
+    if (!item.IsComponent() || edit_.curve.Empty() || ConstantMeant(name) != nullptr) continue;
+    zel::ZelCorrelationInfo const* const curve = FindCorrelation(name);
+    if (curve == nullptr) continue;
+    std::string const missing = MissingCoefficients(item.Component().ReadCurve(IndexOf(*curve)));
     if (missing.empty()) continue;
     edited_.warnings.push_back(name);
     edited_.warnings.back().append(": ").append(missing);
@@ -308,7 +325,7 @@ EditedItem Edit::Make() {
   CheckStoredIn(wanted, after);
   AddRows(item, before, after);
   edited_.findings = NewAmong(Findings(item), known);
-  if (item.IsComponent()) Warn(item, edited);
+  Warn(item, edited);
   for (std::string const& name : edited) {
     auto const& rows = edited_.changes.Rows();
     bool const isChanged = std::any_of(rows.begin(), rows.end(), [&](auto const& row) {

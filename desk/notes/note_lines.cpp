@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "desk/notes/utf8.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -196,9 +197,7 @@ std::string NoteText(std::string const& text, std::string const& what) {
     line += c;
   }
   if (!IsUtf8(line)) throw Failure(what + " is not in UTF-8");
-  if (line.find("]]>") != std::string::npos) {
-    throw Failure(what + " has \"]]>\", which a document cannot hold");
-  }
+  CheckDocument(line, DocumentPlace::kMemo, what);
   return std::string(Trimmed(line));
 }
 

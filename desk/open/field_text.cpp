@@ -140,6 +140,9 @@ double ReadNumber(Field const& field, std::string const& word, DisplayUnits cons
 
 void SetTextField(zel::IZelBankDef& bank, Field const& field, std::string const& text) {
   CheckText(text, CountOf(field) - 1, field.name);
+  if (text != FieldText(bank, field, {})) {
+    CheckDocument(text, DocumentPlace::kElement, field.name);
+  }
   bank.SetStringField(field.name.c_str(), text.c_str());
 }
 

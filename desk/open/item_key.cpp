@@ -186,7 +186,12 @@ std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
       PureComponent const component;
       return ReadComponent(*place.first, place.second, word, component);
     });
-    if (!isKnown) return "; " + word + " is not a component" + NearestTo(word, banks);
+    if (isKnown) continue;
+    std::string why = "; " + word + " is not a component" + NearestTo(word, banks);
+    // The items of other models are often in a library without their components.
+    bool const needsNames = library.InSession().names == nullptr && BankFacts(bank).keyWords > 1;
+    if (needsNames) why += "; --names LIBRARY names a library that knows it";
+    return why;
   }
   return "";
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "desk/open/pure_component.h"
 #include "desk/words/failure.h"
@@ -18,6 +19,12 @@ Curve CurveOf(PureComponent const& component, zel::ZelCorrelationInfo const& inf
 // "component XXX, VaporPressure: " and what is wrong with its record; empty if nothing is.
 std::string WarningOf(std::string const& component, zel::ZelCorrelationInfo const& info,
                       Curve const& curve);
+
+// What to say about a temperature without a unit that is below the ranges of all records in K, but
+// would be within that of one in degrees Celsius: "25 is in K and below the range; 25C is in
+// degrees Celsius". Empty if there is no such word, and if a unit of temperatures was chosen.
+std::string HintForBareNumber(std::vector<std::string> const& words,
+                              std::vector<Curve> const& curves, DisplayUnits const& units);
 
 // The error if there is no value at any temperature.
 Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& info,

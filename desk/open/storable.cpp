@@ -73,6 +73,19 @@ void CheckText(std::string const& text, std::size_t longest, std::string const& 
   CheckLetters(text, what);
 }
 
+void CheckDocument(std::string const& text, DocumentPlace place, std::string const& what) {
+  auto const refuse = [&](std::string const& found) {
+    throw Failure(what + " has " + found + ", which a document cannot hold");
+  };
+  if (place == DocumentPlace::kMemo) {
+    if (text.find("]]>") != std::string::npos) refuse("\"]]>\"");
+    return;
+  }
+  std::size_t const at = text.find_first_of(place == DocumentPlace::kAttribute ? "&<\"" : "&<");
+  if (at == std::string::npos) return;
+  refuse(text[at] == '"' ? "a quotation mark" : "\"" + text.substr(at, 1) + "\"");
+}
+
 void CheckStored(std::vector<NamedValue> const& wanted, std::vector<NamedValue> const& stored) {
   constexpr double kRounding = 1e-6;
   for (NamedValue const& value : wanted) {

@@ -19,6 +19,13 @@ void CheckLetters(std::string const& text, std::string const& what);
 // The same, and for a text that is longer than what is kept of it.
 void CheckText(std::string const& text, std::size_t longest, std::string const& what);
 
+// Where a document that `zel export` writes has a text, which is written there as it is.
+enum class DocumentPlace { kElement, kAttribute, kMemo };
+
+// Throws Failure for a text with which a document could not be read back: & or < in an element, a
+// quotation mark as well in an attribute, and "]]>" in a memo.
+void CheckDocument(std::string const& text, DocumentPlace place, std::string const& what);
+
 // Throws Failure for the first value that was read back otherwise than it was set: a number in its
 // first 7 digits, anything else at all.
 void CheckStored(std::vector<NamedValue> const& wanted, std::vector<NamedValue> const& stored);

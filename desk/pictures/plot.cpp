@@ -69,6 +69,7 @@ class PlotMaker {
     chart.logarithmic = o_.logarithmic;
     SetSize(o_.size, chart);
     for (Drawn const& one : drawn_) AddLine(one, span, plot);
+    AddHint(plot);
     for (ChartLine const& line : chart.lines) AddRows(line, plot.curves);
     AddPoints(plot);
     for (ChartLine& line : chart.lines) Convert(line);
@@ -195,6 +196,13 @@ class PlotMaker {
     if (warning.empty()) return;
     plot.warnings.push_back(warning);
     plot.chart.warnings.push_back("Warning: " + warning);
+  }
+
+  void AddHint(Plot& plot) const {
+    std::vector<Curve> curves;
+    for (Drawn const& one : drawn_) curves.push_back(one.curve);
+    std::string const hint = HintForBareNumber({o_.from, o_.to}, curves, o_.units);
+    if (!hint.empty()) plot.warnings.push_back(hint);
   }
 
   // The first curve of the component that points belong to.

@@ -162,6 +162,7 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
   Table records("records", std::move(heads));
   std::vector<Column> columns = {{"T", "K"}};
   std::vector<std::vector<Cell>> rows;
+  std::vector<Curve> curves;
   for (double const kelvin : grid.kelvin) rows.push_back(RowOf(kelvin));
   std::vector<zel::ZelCorrelationInfo const*> const correlations = CorrelationsOf(grid);
   std::set<std::int32_t> numbers;
@@ -182,6 +183,7 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
                                        RangeOf(curve, list.Units()), Text(curve.source));
       Append(record, RangeMembers(curve, list.Units()));
       records.Add(std::move(record));
+      curves.push_back(curve);
       for (std::size_t i = 0; i < rows.size(); ++i) {
         double const temperature = zel::ConvertTemperature(grid.kelvin[i], 10, curve.tempUnit);
         Point const point = component.At(IndexOf(*info), temperature);
@@ -196,7 +198,7 @@ CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid) {
   }
   Table points("points", std::move(columns));
   for (std::vector<Cell>& row : rows) points.Add(std::move(row));
-  return {std::move(points), std::move(records)};
+  return {std::move(points), std::move(records), std::move(curves)};
 }
 
 }  // namespace zel::desk

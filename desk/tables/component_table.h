@@ -41,6 +41,7 @@ struct CurveTables {
   Table points;   // T and a column for each component and correlation, followed by those of its
                   // derivatives; a correlation named twice has one
   Table records;  // the component, correlation, equation, range and source of each column
+  std::vector<Curve> curves;  // of each record
 };
 // The column of a correlation that a component does not have is empty, and so is its record. Throws
 // Failure for a component that no source has.

@@ -105,6 +105,9 @@ class WideRows final : public ComponentRows {
     SetIdentity(row, component);
     if (!CellOf(smiles_, row).empty()) {
       CheckText(CellOf(smiles_, row), kSmilesLength, "a SMILES text");
+      if (CellOf(smiles_, row) != component.Smiles()) {
+        CheckDocument(CellOf(smiles_, row), DocumentPlace::kElement, "a SMILES text");
+      }
       component->SetSmiles(CellOf(smiles_, row).c_str());
     }
     if (!CellOf(phase_, row).empty()) component->SetPhase(PhaseOf(CellOf(phase_, row)));
@@ -123,14 +126,16 @@ class WideRows final : public ComponentRows {
   void SetIdentity(TextRow const& row, PureComponent& component) const {
     Identity identity = component.ReadIdentity();
     auto const take = [&](std::optional<TableColumn> const& column, std::string& text,
-                          std::size_t longest, char const* what) {
+                          std::size_t longest, DocumentPlace place, char const* what) {
       std::string const cell = CellOf(column, row);
       if (cell.empty()) return;
       CheckText(cell, longest, what);
+      if (cell != text) CheckDocument(cell, place, what);
       text = cell;
     };
-    take(name_, identity.name, kNameLength, "a name");
-    take(formula_, identity.formula, kFormulaLength, "a formula");
+    // In an exported name, a quotation mark is written as %quot;.
+    take(name_, identity.name, kNameLength, DocumentPlace::kElement, "a name");
+    take(formula_, identity.formula, kFormulaLength, DocumentPlace::kAttribute, "a formula");
     std::string const keep = CellOf(keepFormula_, row);
     if (!keep.empty()) identity.keepsFormula = YesOrNo(keep);
     if (!CellOf(code_, row).empty()) {
@@ -140,7 +145,14 @@ class WideRows final : public ComponentRows {
     // A single ID that the component has names it; only a list replaces the others.
     bool const isOneOfIts = ids.size() == 1 && std::find(identity.ids.begin(), identity.ids.end(),
                                                          ids.front()) != identity.ids.end();
-    if (!ids.empty() && !isOneOfIts) identity.ids = ids;
+    if (!ids.empty() && !isOneOfIts) {
+      for (std::string const& id : ids) {
+        bool const isKnown =
+            std::find(identity.ids.begin(), identity.ids.end(), id) != identity.ids.end();
+        if (!isKnown) CheckDocument(id, DocumentPlace::kElement, "an ID");
+      }
+      identity.ids = ids;
+    }
     if (identity.ids.size() > kMostIds) throw Failure("more than 12 IDs");
     char idTexts[kMostIds][kIdLength + 1] = {};
     for (std::size_t i = 0; i < identity.ids.size(); ++i) {

@@ -72,6 +72,8 @@ class ItemRows final : public RowForm {
     }
     if (!isThere) {
       RefuseSelf(words);
+      constexpr std::int32_t kText = 2;
+      if (facts_.keyKind == kText) CheckDocument(words[0], DocumentPlace::kElement, "a key");
       item_->Clear();
     }
     for (FieldColumn const& one : fields_) {

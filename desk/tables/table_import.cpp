@@ -2,6 +2,7 @@
 
 #include "desk/open/fields.h"
 #include "desk/open/members.h"
+#include "desk/open/storable.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -22,8 +23,10 @@ BankName BankForTable(Library& library, std::string const& word) {
     throw Failure("a bank's name has 1 to 8 characters: " + word);
   }
   BankOfType(bank.type);
+  bool const isThere = library.Maint().BankExists(bank.type.c_str(), bank.name.c_str());
+  if (isThere) return bank;
+  CheckDocument(bank.name, DocumentPlace::kAttribute, "the bank name " + bank.name);
   char const* const type = bank.type.c_str();
-  if (library.Maint().BankExists(type, bank.name.c_str())) return bank;
   if (!library.Maint().CreateBank(type, bank.name.c_str(), 0)) {
     throw Failure(library.Path() + ": bank " + ToText(bank) + " cannot be created");
   }

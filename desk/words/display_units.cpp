@@ -62,29 +62,6 @@ bool IsUnitSystem(std::string const& word) {
   return false;
 }
 
-// The units of the data of components, and the sets.
-std::vector<std::string> Candidates() {
-  std::set<std::string> dimensions;
-  std::int32_t count = 0;
-  zel::ZelConstantInfo const* const constants = zel::GetConstantCatalogue(count);
-  for (std::int32_t i = 0; i < count; ++i) {
-    dimensions.insert(zel::GetDimensionOfUnit(constants[i].unit));
-  }
-  zel::ZelCorrelationInfo const* const correlations = zel::GetCorrelationCatalogue(count);
-  for (std::int32_t i = 0; i < count; ++i) {
-    dimensions.insert(zel::GetDimensionOfUnit(correlations[i].unit));
-  }
-  std::vector<std::string> words = {"engineering", "US"};
-  char text[zel::kUnitTextSize] = {};
-  for (std::int32_t i = 0; zel::GetUnitSystem(i, text); ++i) words.emplace_back(text);
-  for (std::string const& dimension : dimensions) {
-    for (std::int32_t i = 0; zel::GetUnit(dimension.c_str(), i, text); ++i) {
-      words.emplace_back(text);
-    }
-  }
-  return words;
-}
-
 std::string_view WithoutBlanks(std::string_view text) {
   std::size_t const first = std::min(text.find_first_not_of(' '), text.size());
   text.remove_prefix(first);
@@ -119,11 +96,43 @@ std::string DimensionOf(std::string const& unit) {
   return zel::GetDimensionOfUnit(unit.c_str());
 }
 
+// The unit of molecular weights has no dimension: it is not converted, but has several spellings.
+constexpr char kWeight[] = "kg/kg-mol";
+constexpr char const* kWeights[] = {"g/mol", "g/g-mol", "kg/kmol", "lb/lb-mol", "lb/lbmol"};
+
+bool IsWeightUnit(std::string const& word) {
+  return word == kWeight ||
+         std::find(std::begin(kWeights), std::end(kWeights), word) != std::end(kWeights);
+}
+
 }  // namespace
+
+std::vector<std::string> UnitWords() {
+  zel::InitZelAccess();
+  std::set<std::string> dimensions;
+  std::int32_t count = 0;
+  zel::ZelConstantInfo const* const constants = zel::GetConstantCatalogue(count);
+  for (std::int32_t i = 0; i < count; ++i) {
+    dimensions.insert(zel::GetDimensionOfUnit(constants[i].unit));
+  }
+  zel::ZelCorrelationInfo const* const correlations = zel::GetCorrelationCatalogue(count);
+  for (std::int32_t i = 0; i < count; ++i) {
+    dimensions.insert(zel::GetDimensionOfUnit(correlations[i].unit));
+  }
+  std::vector<std::string> words = {"engineering", "US"};
+  char text[zel::kUnitTextSize] = {};
+  for (std::int32_t i = 0; zel::GetUnitSystem(i, text); ++i) words.emplace_back(text);
+  for (std::string const& dimension : dimensions) {
+    for (std::int32_t i = 0; zel::GetUnit(dimension.c_str(), i, text); ++i) {
+      words.emplace_back(text);
+    }
+  }
+  return words;
+}
 
 bool IsUnitOrSet(std::string const& word) {
   zel::InitZelAccess();
-  if (OwnSetNamed(word) != nullptr || IsUnitSystem(word)) return true;
+  if (OwnSetNamed(word) != nullptr || IsUnitSystem(word) || IsWeightUnit(word)) return true;
   std::vector<std::string> const dimensions = Dimensions();
   return std::any_of(dimensions.begin(), dimensions.end(), [&](std::string const& dimension) {
     return !FoundUnit(dimension, word).empty();
@@ -150,7 +159,7 @@ void DisplayUnits::AddWords(std::string const& words, UnitSets const& own) {
     } else if (IsUnitOrSet(word)) {
       words_.push_back(word);
     } else {
-      std::vector<std::string> candidates = Candidates();
+      std::vector<std::string> candidates = UnitWords();
       for (auto const& one : own) candidates.push_back(one.first);
       throw WrongUsage(
           "\"" + word + "\" is neither a unit nor a set of units" + DidYouMean(word, candidates) +
@@ -192,6 +201,12 @@ DisplayUnits::Change DisplayUnits::ChangeInDimension(std::string const& unit,
 DisplayUnits::Change DisplayUnits::MakeChange(std::string const& unit) const {
   Change change{unit, "", "", 1.0};
   if (words_.empty() || unit.empty()) return change;
+  if (unit == kWeight) {
+    for (std::string const& word : words_) {
+      if (IsWeightUnit(word)) change.unit = word;
+    }
+    return change;
+  }
   std::string const dimension = DimensionOf(unit);
   if (!dimension.empty()) return ChangeInDimension(unit, dimension);
   MakeSlope(unit, change);
@@ -250,21 +265,9 @@ double DisplayUnits::Shown(double value, std::string const& unit) const {
   return Converted(value, change.dimension, change.from, change.unit);
 }
 
-namespace {
-
-// The unit of molecular weights has no dimension: it is not converted, but has several spellings.
-constexpr char kWeight[] = "kg/kg-mol";
-constexpr char const* kWeights[] = {"g/mol", "g/g-mol", "kg/kmol", "lb/lb-mol", "lb/lbmol"};
-
-}  // namespace
-
 std::string UnitNamed(std::string const& word, std::string const& unit) {
   if (word == unit) return unit;
-  if (unit == kWeight) {
-    bool const isIt =
-        std::find(std::begin(kWeights), std::end(kWeights), word) != std::end(kWeights);
-    return isIt ? unit : "";
-  }
+  if (unit == kWeight) return IsWeightUnit(word) ? unit : "";
   std::string const dimension = DimensionOf(unit);
   if (dimension.empty()) return "";
   zel::InitZelAccess();

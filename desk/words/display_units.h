@@ -66,6 +66,8 @@ class DisplayUnits {
   mutable std::map<std::string, std::string> notUsed_;  // words by unit
 };
 
+// The units of the data of components, and the sets: words for --units.
+std::vector<std::string> UnitWords();
 // True for a word that DisplayUnits knows without sets of a user.
 bool IsUnitOrSet(std::string const& word);
 

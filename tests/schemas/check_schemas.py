@@ -124,6 +124,7 @@ MORE = [
     ("import empty.lb1 --table groups.csv --bank PERRY", 0),
     ("show empty.lb1 PERRY ETHANOL", 0),
     ("eval ETHANOL VaporPressure -l perry.lb1 --at 25", 0),
+    ("eval ETHANOL VaporPressure -l perry.lb1 --components WATER --at 25", 0),
     ("search ETHANOL -l empty.lb1", 0),
     ("why ETHANOL VaporPressure -l empty.lb1", 0),
     ("why ETHANOL VaporPressure -l cited.lb1", 0),

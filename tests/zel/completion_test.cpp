@@ -33,7 +33,7 @@ TEST_F(CompletionTest, ValuesFollowTheWordsBefore) {
   EXPECT_EQ(Values("show sample.lb1 NR"), (Words{"NRTL:SAMPLE"}));
   EXPECT_EQ(Values("eval ETHANOL Vap"), (Words{"VaporPressure", "VaporThermal", "VaporViscosity"}));
   EXPECT_EQ(Values("why ETHANOL T"), (Words{"TC", "TDIELECTRIC", "TTP"}));
-  EXPECT_EQ(Values("plot VaporPressure ETHANOL -l crc.lb1 WATE"), Words{});
+  EXPECT_EQ(Values("plot VaporPressure ETHANOL -l crc.lb1 WATE"), Words{"WATER"});
   EXPECT_EQ(Values("sheet -l crc.lb1:CRC --title x ETHANO"), Words{"ETHANOL"});
   EXPECT_EQ(Values("table ETHANOL -l perry.lb1 --fields N"), (Words{"NBP", "NMP"}));
   EXPECT_EQ(Values("pairs NRT"), (Words{"NRTL", "NRTLLL"}));
@@ -45,6 +45,17 @@ TEST_F(CompletionTest, ValuesFollowTheWordsBefore) {
   EXPECT_EQ(Values("find crc.lb1 --id block"), Words{});
   EXPECT_EQ(Values("schema re"), (Words{"refs", "renumber", "report"}));
   EXPECT_EQ(Values("show crc CRC ETHAN"), (Words{"ETHANE", "ETHANOL"})) << "found on the path";
+}
+
+TEST_F(CompletionTest, ValuesOfDataFieldsUnitsAndCommands) {
+  EXPECT_EQ(Values("why -l perry.lb1 ETHANO"), Words{"ETHANOL"}) << "an option before";
+  EXPECT_EQ(Values("table -l perry.lb1 ETHANO"), Words{"ETHANOL"});
+  EXPECT_EQ(Values("edit crc.lb1 ETHANO"), Words{"ETHANOL"});
+  EXPECT_EQ(Values("edit crc.lb1 ETHANOL NB"), Words{"NBP"});
+  EXPECT_EQ(Values("edit sample.lb1 NRTL ETHANOL WATER bi"), Words{"bij"});
+  EXPECT_EQ(Values("pairs NRTL --fields bi"), Words{"bij"});
+  EXPECT_TRUE(Values("eval ETHANOL VaporPressure --units ba").count("bar") == 1);
+  EXPECT_EQ(Values("help ed"), Words{"edit"});
 }
 
 TEST_F(CompletionTest, NothingWhereNothingIsKnown) {

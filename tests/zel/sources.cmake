@@ -12,6 +12,7 @@ set(zel_TEST_SOURCES
     coverage_test.cpp
     curve_test.cpp
     difference_rows_test.cpp
+    document_texts_test.cpp
     documents_test.cpp
     edit_test.cpp
     fault_run.cpp
@@ -19,6 +20,7 @@ set(zel_TEST_SOURCES
     file_digest_test.cpp
     folder_test.cpp
     git_test.cpp
+    hints_test.cpp
     history_test.cpp
     identity_test.cpp
     json_test.cpp

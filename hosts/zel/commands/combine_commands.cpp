@@ -10,6 +10,7 @@
 #include "desk/combine/merge.h"
 #include "desk/combine/renumber.h"
 #include "desk/open/members.h"
+#include "desk/open/storable.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
@@ -52,6 +53,7 @@ void CheckBankName(std::string const& name) {
   if (name.empty() || name.size() >= kNameSize) {
     throw WrongUsage("a bank's name has 1 to 8 characters: " + name);
   }
+  CheckDocument(name, DocumentPlace::kAttribute, "the bank name " + name);
 }
 
 Report Flatten(Session& session, Options const& o) {

@@ -9,8 +9,11 @@
 #include "commands/manual.h"
 #include "desk/findings/finding.h"
 #include "desk/findings/library_check.h"
+#include "desk/open/fields.h"
+#include "desk/open/item_key.h"
 #include "desk/open/library.h"
 #include "desk/open/pure_component.h"
+#include "desk/words/display_units.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 #include "output/schemas.h"
@@ -35,14 +38,16 @@ std::string KindAtCursor(CLI::App const& command, std::vector<std::string> const
     if (word.size() > 1 && word[0] == '-') {
       bool const hasValue = word.find('=') != std::string::npos;
       open = hasValue ? nullptr : command.get_option_no_throw(word);
+      if (!hasValue && open == nullptr) open = command.get_parent()->get_option_no_throw(word);
       if (open != nullptr && open->get_items_expected_max() == 0) open = nullptr;
     } else if (open != nullptr) {
-      if (open->get_items_expected_max() == 1) open = nullptr;
+      bool const takesOne = open->get_items_expected_max() == 1 || !open->get_allow_extra_args();
+      if (takesOne) open = nullptr;
     } else {
       ++position;
     }
   }
-  if (open != nullptr) return open->get_type_name();
+  if (open != nullptr) return open->check_lname("units") ? "UNIT" : open->get_type_name();
   if (positionals.empty()) return "";
   CLI::Option const* const at = positionals[std::min(position, positionals.size() - 1)];
   if (position >= positionals.size() && at->get_items_expected_max() == 1) return "";
@@ -118,6 +123,41 @@ void AddTypes(Values& values) {
   for (long i = 0; i < count; ++i) values.Add(names[i]);
 }
 
+// The data of a type of banks: the constants and correlations of components, the fields of others.
+void AddData(std::string const& type, Values& values) {
+  if (type == kPureType) {
+    AddCorrelations(values);
+    return AddConstants(values);
+  }
+  zel::Handle<zel::IZelBankDef> const item = BankOrNone(type);
+  if (!item) return;
+  for (Field const& field : FieldsOf(*item)) values.Add(field.name, field.label);
+}
+
+// The type that a word names, "NRTL" or "NRTL:OWN"; empty if it names none.
+std::string TypeNamed(std::string const& word) {
+  std::string const type = UpperCase(word.substr(0, word.find(':')));
+  return BankOrNone(type) ? type : "";
+}
+
+// The words of `edit` after the library: [BANK] ITEM DATUM. Returns true if the item is named.
+bool AddDataToEdit(std::vector<std::string> const& words, std::size_t first, Values& values) {
+  std::vector<std::string> before;
+  for (std::size_t i = first + 1; i + 1 < words.size(); ++i) {
+    if (words[i].empty() || words[i][0] == '-') break;
+    before.push_back(words[i]);
+  }
+  std::string type = before.empty() ? "" : TypeNamed(before.front());
+  if (!type.empty()) before.erase(before.begin());
+  if (type.empty()) type = kPureType;
+  BankFacts const facts(*BankOfType(type));
+  constexpr std::int32_t kText = 2;
+  auto const count = static_cast<std::size_t>(facts.keyKind == kText ? 1 : facts.keyWords);
+  if (before.size() < count) return false;
+  AddData(type, values);
+  return true;
+}
+
 // The words of `check` and `schema`.
 void AddCheckWords(std::string const& kind, std::string const& command, Values& values) {
   if (kind == "SEVERITY") {
@@ -150,10 +190,15 @@ Values ValuesAtCursor(Session& session, CLI::App const& app,
     }
     ++first;
   }
+  if (words.empty()) return {};
+  Values values{UpperCase(words.back()), {}};
+  if (words.size() == 2 && words.front() == "help") {
+    for (CLI::App const* one : Commands(app)) values.Add(one->get_name(), one->get_description());
+    return values;
+  }
   if (command == nullptr) return {};
   std::string kind = KindAtCursor(*command, words, first);
   kind = kind.substr(0, kind.find_first_of(" ."));
-  Values values{UpperCase(words.back()), {}};
   auto const is = [&](std::initializer_list<char const*> kinds) {
     return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
   };
@@ -161,6 +206,16 @@ Values ValuesAtCursor(Session& session, CLI::App const& app,
   if (is({"DATUM"})) AddConstants(values);
   if (is({"TYPE"})) AddTypes(values);
   AddCheckWords(kind, command->get_name(), values);
+  if (is({"UNIT"})) {
+    for (std::string const& word : UnitWords()) {
+      if (word.find(' ') == std::string::npos) values.Add(word);
+    }
+  }
+  if (is({"FIELD"})) {
+    for (std::size_t i = first; i + 1 < words.size(); ++i) AddData(TypeNamed(words[i]), values);
+  }
+  bool const isEdit = command->get_name() == "edit" && is({"WORD"});
+  if (isEdit && AddDataToEdit(words, first, values)) return values;
   bool const wantsIds = is({"COMPONENT", "OLD", "ITEM", "WORD"});
   bool const wantsBanks = is({"BANK", "NAME"});
   for (std::string const& path : LibrariesIn(session, words)) {

@@ -63,6 +63,13 @@ std::string StatusText(std::int32_t status) {
   return status == 0 ? "inside" : status > 0 ? "above" : "below";
 }
 
+// The temperatures as they were written.
+std::vector<std::string> TemperatureWords(Options const& o) {
+  std::vector<std::string> words = o.at;
+  words.insert(words.end(), {o.from, o.to});
+  return words;
+}
+
 // Several components or correlations over the same temperatures, in K.
 Report EvalGrid(Session& session, Options const& o) {
   PreferenceList list(session, o.sources);
@@ -81,6 +88,8 @@ Report EvalGrid(Session& session, Options const& o) {
   grid.kelvin = Temperatures(o, Curve{}, o.component, session.units);
   CurveTables tables = EvaluateGrid(list, grid);
   Report report;
+  std::string const hint = HintForBareNumber(TemperatureWords(o), tables.curves, session.units);
+  if (!hint.empty()) report.Warning("warning", hint);
   report.Add(std::move(tables.records), RangeColumns());
   report.Add(std::move(tables.points));
   AddWarnings(list, report);
@@ -94,27 +103,6 @@ void CheckOrder(Options const& o) {
   if (FindConstant(o.correlation) != nullptr) return;
   throw WrongUsage("the component is the first word: zel eval " + o.correlation + " " +
                    found->name);
-}
-
-// What to say about a number without a unit that is below the range in K, but would be within it in
-// degrees Celsius; empty if there is no such number.
-std::string HintForBareNumber(Options const& o, Curve const& curve, DisplayUnits const& units) {
-  constexpr std::int32_t kCelsius = kKelvin + 1;
-  bool const isOpen = zel::gen_IsUndefDouble(curve.tMin) || zel::gen_IsUndefDouble(curve.tMax);
-  if (isOpen || units.UnitFor("K") != "K") return "";
-  for (std::string const& word : o.at) {
-    if (word.find_first_not_of("0123456789.") != std::string::npos) continue;
-    double const kelvin = ParseTemperature(word, units).In(kKelvin);
-    double const low = zel::ConvertTemperature(curve.tMin, curve.tempUnit, kKelvin);
-    double const high = zel::ConvertTemperature(curve.tMax, curve.tempUnit, kKelvin);
-    double const celsius = zel::ConvertTemperature(kelvin, kCelsius, kKelvin);
-    if (kelvin < low && celsius >= low && celsius <= high) {
-      std::string hint = word;
-      hint.append(" is in K and below the range; ").append(word).append("C is in degrees Celsius");
-      return hint;
-    }
-  }
-  return "";
 }
 
 Report Eval(Session& session, Options const& o) {
@@ -143,7 +131,9 @@ Report Eval(Session& session, Options const& o) {
   }
   columns.push_back({"range", ""});
   std::string warning = WarningOf(o.component, info, curve);
-  if (warning.empty()) warning = HintForBareNumber(o, curve, session.units);
+  if (warning.empty()) {
+    warning = HintForBareNumber(TemperatureWords(o), {curve}, session.units);
+  }
   if (!warning.empty()) report.Warning("warning", warning);
   Table& table = report.Begin("points", columns);
   bool hasAny = false;

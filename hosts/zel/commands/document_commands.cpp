@@ -21,6 +21,7 @@
 #include "desk/open/component_name.h"
 #include "desk/open/item_key.h"
 #include "desk/open/pure_component.h"
+#include "desk/open/storable.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
@@ -123,6 +124,9 @@ Report Import(Session& session, Options const& o) {
   ImportLog log(isText, o.verbose);
   LibraryChange change = ChangeFor(session, o);
   auto* const maint = dynamic_cast<zel::LibMaint_p*>(&change.Open().Maint());
+  if (std::string const bank = UpperCase(o.bank); !maint->BankExists(kPureType, bank.c_str())) {
+    CheckDocument(bank, DocumentPlace::kAttribute, "the bank name " + bank);
+  }
   maint->SetLogLevel(1);  // an import goes on after an error, and reports them all
   maint->SetLogSink(&log);
   maint->SetImportChecks(checks);

@@ -49,6 +49,8 @@ void CheckTexts(Options const& o) {
   CheckLetters(o.description.value_or(""), "the description");
   CheckLetters(o.version.value_or(""), "the version");
   CheckLetters(o.newPassword, "the password");
+  CheckDocument(o.description.value_or(""), DocumentPlace::kElement, "the description");
+  CheckDocument(o.version.value_or(""), DocumentPlace::kElement, "the version");
   constexpr std::size_t kDescription = 100;
   constexpr std::size_t kVersion = 12;
   CheckLength(o.description, kDescription, "the description");
@@ -148,6 +150,7 @@ Report SetMemo(Session& session, Options const& o) {
     throw Failure("the memo has " + std::to_string(text.size()) + " characters; at most " +
                   std::to_string(kLongestMemo) + " can be stored");
   }
+  CheckDocument(text, DocumentPlace::kMemo, "the memo");
   LibraryChange change(session, o.path, o.change);
   Library const& library = change.Open();
   std::optional<BankName> bank;

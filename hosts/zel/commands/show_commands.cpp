@@ -164,8 +164,8 @@ Report Show(Session& session, Options const& o) {
   Table& table =
       report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});
   for (Field const& field : FieldsIn(library, bank, *item)) {
-    std::vector<Cell> row =
-        RowOf(field.name, ValueOf(*item, field), Text(field.unit), Text(field.label));
+    std::vector<Cell> row = RowOf(field.name, ValueOf(*item, field),
+                                  field.unit == "-" ? Cell() : Text(field.unit), Text(field.label));
     field.isNoteUnit ? table.AddAsIs(std::move(row)) : table.Add(std::move(row));
   }
   Table meanings("parameters", MeaningColumns(""));

@@ -1,4 +1,5 @@
 // table, pairs, template
+#include <filesystem>
 #include <memory>
 
 #include "commands/command.h"
@@ -59,7 +60,15 @@ std::string WhyNoPairs(std::vector<Library> const& libraries, std::string const&
 
 Report Pairs(Session& session, Options const& o) {
   std::vector<Library> libraries;
-  for (std::string const& path : o.libraries) libraries.push_back(OpenFinished(session, path));
+  for (std::string const& path : o.libraries) {
+    std::size_t const colon = path.rfind(':');
+    std::error_code none;
+    if (colon != std::string::npos && !std::filesystem::exists(path, none)) {
+      throw WrongUsage(path + ": pairs takes libraries without a bank: -l " +
+                       path.substr(0, colon));
+    }
+    libraries.push_back(OpenFinished(session, path));
+  }
   Waiting const waiting("reading pairs");
   Report report;
   report.Add(PairTable(libraries, o.type, o.fields, o.choice.words));
