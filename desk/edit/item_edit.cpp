@@ -210,7 +210,9 @@ void Edit::WarnOfCodes(std::vector<std::string> const& names) {
     list.append(list.empty() ? "" : ", ").append(name);
   }
   for (auto const& [code, list] : data) {
-    edited_.warnings.push_back(list + ": reference code " + code + " is kept; --ref gives another");
+    edited_.warnings.push_back(list);
+    edited_.warnings.back().append(": reference code ").append(code);
+    edited_.warnings.back().append(" is kept; --ref gives another");
   }
 }
 
