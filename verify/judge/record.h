@@ -1,0 +1,87 @@
+// A component of a bank as the judgement of data reads it: its constants and curves by themselves.
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+#include "verify/component_view.h"
+#include "verify/composition.h"
+#include "verify/data_finding.h"
+#include "zelaccess/Correlation.h"
+
+namespace zel {
+
+inline constexpr std::uint32_t kJudgedConstants = 50;
+inline constexpr std::uint32_t kJudgedCurves = 18;
+
+// A constant or a curve (a temperature correlation).
+class Datum {
+ public:
+  static constexpr Datum Constant(std::uint32_t index) { return Datum(index); }
+  static constexpr Datum Curve(std::uint32_t index) { return Datum(kJudgedConstants + index); }
+
+  constexpr bool IsCurve() const { return code_ >= kJudgedConstants; }
+  // One of zelProperties or zelCorrelations.
+  constexpr std::uint32_t Index() const {
+    return IsCurve() ? code_ - kJudgedConstants : code_;
+  }
+  char const* Name() const;
+  char const* Unit() const;
+  friend constexpr bool operator==(Datum, Datum) = default;
+  friend constexpr auto operator<=>(Datum, Datum) = default;
+
+ private:
+  explicit constexpr Datum(std::uint32_t code) : code_(code) {}
+  std::uint32_t code_;
+};
+
+// A range of temperatures in K; undefined ends do not bound it.
+struct KelvinRange {
+  double low = gen_GetUndefDouble();
+  double high = gen_GetUndefDouble();
+
+  bool IsBounded() const { return IsDefined(low) && IsDefined(high); }
+};
+
+class Record {
+ public:
+  // `item` names it in findings. Copies what it needs of the component.
+  Record(ComponentView const& component, CheckedItem item);
+
+  CheckedItem const& Item() const { return item_; }
+  ZelIdentity const& Identity() const { return identity_; }
+  // Atoms by element; empty if the formula has none.
+  Composition const& Atoms() const { return atoms_; }
+
+  bool Has(Datum datum) const;
+  // Undefined if there is none.
+  double Constant(std::uint32_t index) const { return constants_[index]; }
+  // False for Expansion and for equations 38 and 54, which cannot be evaluated by themselves.
+  bool HasCurve(std::uint32_t index) const { return curves_[index] >= 0; }
+  KelvinRange RangeOf(std::uint32_t curve) const;
+  ZelCorrelation const& Curve(std::uint32_t curve) const;
+  // The value at a temperature in K within the range and 0.5 K around it, in the curve's internal
+  // unit; undefined if there is none or it is not finite.
+  double At(std::uint32_t curve, double kelvin) const;
+  // The same without regard to the range: what the equation itself gives.
+  double Extended(std::uint32_t curve, double kelvin) const;
+  // The derivative per K, within the range.
+  double Slope(std::uint32_t curve, double kelvin) const;
+  // Distinguishes what is stored for a datum from other values: the same on each machine.
+  std::string StoredText(Datum datum) const;
+
+ private:
+  double Evaluate(std::uint32_t curve, double kelvin, double* slope) const;
+
+  CheckedItem item_;
+  ZelIdentity identity_;
+  Composition atoms_;
+  std::array<double, kJudgedConstants> constants_{};
+  std::array<std::int8_t, kJudgedCurves> curves_{};  // in taken_, -1 for none
+  std::vector<ZelCorrelation> taken_;
+};
+
+}  // namespace zel
