@@ -15,6 +15,13 @@ set(verify_SOURCES
     group_checks.cpp
     identity.cpp
     item_fields.cpp
+    judge/between_sources.cpp
+    judge/diagnosis.cpp
+    judge/reading.cpp
+    judge/record.cpp
+    judge/relation_tables.cpp
+    judge/relations.cpp
+    judge/substance.cpp
     library_comparison.cpp
     pair_checks.cpp
     tree_check.cpp

@@ -8,8 +8,8 @@
 namespace zel {
 
 struct Suspicion {
-  Claim claim;             // the datum most likely wrong
-  double strength = 0.0;   // 0 to 1
+  Claim claim;            // the datum most likely wrong
+  double strength = 0.0;  // 0 to 1
   // The comparisons that disagree and that it explains, the strongest first; in the vector passed.
   std::vector<Tension const*> against;
   std::size_t agreeing = 0;  // comparisons of the datum that agree

@@ -9,11 +9,10 @@
 
 namespace zel {
 
-// Reads data of one record, and of the others of its substance where it has none. Remembers what was
-// read: those are the data that a deviation puts in doubt.
+// Reads data of one record, and of the others of its substance where it has none. Remembers what
+// was read: those are the data that a deviation puts in doubt.
 //
-// Once something is missing, all further results are undefined: a relation computes on and returns
-// nothing if the expected value is undefined.
+// What is missing is NaN, so that a relation computes on: an outcome that is not a number is none.
 class Reading {
  public:
   Reading(Record const& own, Substance const& substance) : own_(own), substance_(substance) {}

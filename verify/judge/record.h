@@ -25,9 +25,7 @@ class Datum {
 
   constexpr bool IsCurve() const { return code_ >= kJudgedConstants; }
   // One of zelProperties or zelCorrelations.
-  constexpr std::uint32_t Index() const {
-    return IsCurve() ? code_ - kJudgedConstants : code_;
-  }
+  constexpr std::uint32_t Index() const { return IsCurve() ? code_ - kJudgedConstants : code_; }
   char const* Name() const;
   char const* Unit() const;
   friend constexpr bool operator==(Datum, Datum) = default;

@@ -13,12 +13,12 @@ class Substance {
  public:
   void Add(Record const& record) { records_.push_back(&record); }
   std::vector<Record const*> const& Records() const { return records_; }
-  // The record whose value is the median of those that have the constant; null if none has it. Of an
-  // even number the lower of the two in the middle.
+  // The record whose value is the median of those that have the constant; null if none has it. Of
+  // an even number the lower of the two in the middle.
   Record const* MedianRecord(std::uint32_t constant) const;
   // The median of the values; undefined if there is none.
   double Median(std::uint32_t constant) const;
-  // The first record with a value of the curve at the temperature; null if there is none.
+  // The record with the median value of the curve at the temperature, as above.
   Record const* RecordAt(std::uint32_t curve, double kelvin) const;
   // The atoms of the first record that has them; empty if none has.
   Composition const& Atoms() const;

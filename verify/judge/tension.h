@@ -10,9 +10,9 @@ namespace zel {
 
 // A rule by which data are compared. All are in one table of the public interface.
 struct JudgeRule {
-  char const* id;         // "vapor-pressure"
-  char const* formula;    // "p(NBP) = 101.325 kPa", for people
-  double tolerance;       // relative, or in the unit that `toleranceText` names
+  char const* id;             // "vapor-pressure"
+  char const* formula;        // "p(NBP) = 101.325 kPa", for people
+  double tolerance;           // relative, or in the unit that `toleranceText` names
   char const* toleranceText;  // "2 %; uncertainty of handbook vapor pressures"
 };
 
@@ -38,8 +38,8 @@ struct Tension {
   std::vector<Part> parts;  // the data that were read; each can be the wrong one
   Claim about;              // the datum that `value` is of, one of the parts
   double value = gen_GetUndefDouble();
-  double expected = gen_GetUndefDouble();  // what the others give
-  std::string unit;                        // of both
+  double expected = gen_GetUndefDouble();     // what the others give
+  std::string unit;                           // of both
   double temperature = gen_GetUndefDouble();  // K, of a curve's value
   // The difference in tolerances: the data agree up to 1.
   double deviation = 0.0;

@@ -1,0 +1,152 @@
+// The same datum of two sources.
+#include <algorithm>
+#include <iterator>
+
+#include "verify/component_checks.h"
+#include "verify/judge/reading.h"
+
+namespace zel {
+namespace {
+
+// What two good sources differ by at most: the greater of the two tolerances.
+struct ConstantRow {
+  zelProperties index;
+  double relative;
+  double absolute;  // in the constant's unit
+};
+
+// About what one in fifty pairs of published values exceeds.
+constexpr ConstantRow kConstants[] = {
+    {propertyMW, 5e-4, 0.0},          {propertyTC, 0.015, 0.0},
+    {propertyPC, 0.06, 30.0},         {propertyVC, 0.05, 0.002},
+    {propertyZC, 0.06, 0.0},          {propertyACENTRIC, 0.05, 0.05},
+    {propertyNMP, 0.01, 1.0},         {propertyNBP, 0.006, 0.5},
+    {propertySG60F, 0.02, 0.0},       {propertyMVOL25C, 0.02, 0.0},
+    {propertySOLUPARA, 0.04, 0.0},    {propertyPARACHOR, 0.04, 0.0},
+    {propertyRACKETT, 0.05, 0.0},     {propertyDIPOLE, 0.10, 0.2},
+    {propertyRADIUS, 0.05, 0.0},      {propertyDIELECTRIC, 0.05, 0.05},
+    {propertyVDWA, 0.05, 0.0},        {propertyVDWV, 0.05, 0.0},
+    {propertyGFORMATION, 0.02, 3000}, {propertyHFORMATION, 0.02, 4000},
+    {propertyFLASHPOINT, 0.04, 0.0},  {propertyLOFLAMM, 0.28, 0.001},
+    {propertyHIFLAMM, 0.35, 0.0},     {propertyAUTOIGNITION, 0.13, 0.0},
+    {propertyGHV, 0.01, 0.0},         {propertyLHV, 0.01, 0.0},
+    {propertyTTP, 0.007, 0.5},        {propertyPTP, 0.4, 1e-6},
+    {propertyHCOMBUST, 0.01, 3000},   {propertyHFUSIONNMP, 0.12, 100},
+    {propertyHVAPNBP, 0.03, 0.0}};
+
+struct CurveRow {
+  zelCorrelations index;
+  double tolerance;  // relative
+  bool isEnthalpy;   // the zero is free, so that differences are compared
+};
+
+constexpr CurveRow kCurves[] = {
+    {correlationVaporPressure, 0.04, false},  {correlationIdealEnthalpy, 0.025, true},
+    {correlationLiquidEnthalpy, 0.05, true},  {correlationLatentHeat, 0.05, false},
+    {correlationLiquidDensity, 0.03, false},  {correlationLiquidThermal, 0.12, false},
+    {correlationVaporThermal, 0.15, false},   {correlationLiquidViscosity, 0.20, false},
+    {correlationVaporViscosity, 0.10, false}, {correlationSurfaceTension, 0.08, false},
+    {correlationSolidEnthalpy, 0.08, true},   {correlationSolidDensity, 0.05, false},
+    {correlationIdealGasCp, 0.025, false},    {correlationLiquidCp, 0.06, false},
+    {correlationSolidCp, 0.08, false},        {correlationDielectric, 0.06, false}};
+
+constexpr JudgeRule kConstantRule = {"magnitude", "the same constant in two libraries", 1.0,
+                                     "by constant, from 0.05 % (MW) to 40 % (PTP): what one in "
+                                     "fifty pairs of handbook values exceeds"};
+constexpr JudgeRule kCurveRule = {
+    "curves", "the same curve in two libraries, at five temperatures of the common range", 1.0,
+    "by curve, from 2.5 % (ideal gas) to 20 % (viscosity of liquids): what one in fifty pairs of "
+    "published correlations exceeds"};
+
+Tension Between(JudgeRule const& rule, Record const& one, Record const& other, Datum datum) {
+  Tension tension;
+  tension.rule = &rule;
+  tension.about = {&one, datum};
+  tension.parts = {{{&one, datum}, Stake::kFull}, {{&other, datum}, Stake::kFull}};
+  tension.unit = datum.Unit();
+  tension.from = other.Item().library + " " + other.Item().bank.name;
+  return tension;
+}
+
+void CompareConstants(Record const& one, Record const& other, std::vector<Tension>& tensions) {
+  for (ConstantRow const& row : kConstants) {
+    double const a = one.Constant(row.index);
+    double const b = other.Constant(row.index);
+    if (!IsDefined(a) || !IsDefined(b)) continue;
+    Tension tension = Between(kConstantRule, one, other, Datum::Constant(row.index));
+    tension.value = a;
+    tension.expected = b;
+    double const play = std::max(row.absolute, row.relative * std::max(std::abs(a), std::abs(b)));
+    tension.deviation = std::abs(a - b) / std::max(play, std::numeric_limits<double>::min());
+    tensions.push_back(std::move(tension));
+  }
+}
+
+// What the curves are compared by: values, or mean slopes around the temperature.
+double ComparedAt(Record const& record, CurveRow const& row, double kelvin, double step) {
+  if (!row.isEnthalpy) return record.At(row.index, kelvin);
+  double const low = record.At(row.index, kelvin - step);
+  double const high = record.At(row.index, kelvin + step);
+  return IsDefined(low) && IsDefined(high) ? (high - low) / (2 * step) : gen_GetUndefDouble();
+}
+
+// Vapor pressures far below the atmosphere are measured with greater errors.
+double ToleranceAt(CurveRow const& row, double value) {
+  constexpr double kPerLogarithm = 0.4;
+  if (row.index != correlationVaporPressure || !(value > 0.0) || value > kAtmosphere)
+    return row.tolerance;
+  return row.tolerance * (1.0 + kPerLogarithm * std::log(kAtmosphere / value));
+}
+
+void CompareCurves(Record const& one, Record const& other, double criticalTemperature,
+                   std::vector<Tension>& tensions) {
+  constexpr double kNearCritical = 0.97;
+  constexpr double kPlaces[] = {0.1, 0.3, 0.5, 0.7, 0.9};
+  for (CurveRow const& row : kCurves) {
+    if (!one.HasCurve(row.index) || !other.HasCurve(row.index)) continue;
+    KelvinRange const a = one.RangeOf(row.index);
+    KelvinRange const b = other.RangeOf(row.index);
+    if (!a.IsBounded() || !b.IsBounded()) continue;
+    double const low = std::max(a.low, b.low);
+    double high = std::min(a.high, b.high);
+    if (IsDefined(criticalTemperature) && row.index != correlationIdealGasCp &&
+        row.index != correlationIdealEnthalpy) {
+      high = std::min(high, kNearCritical * criticalTemperature);
+    }
+    if (!(high > low)) continue;
+    Tension worst = Between(kCurveRule, one, other, Datum::Curve(row.index));
+    bool isCompared = false;
+    for (double const place : kPlaces) {
+      double const kelvin = low + (high - low) * place;
+      double const step = (high - low) / 10;
+      double const x = ComparedAt(one, row, kelvin, step);
+      double const y = ComparedAt(other, row, kelvin, step);
+      if (!IsDefined(x) || !IsDefined(y)) continue;
+      auto const outcome = Outcome::Factor(worst.about.datum, x, y,
+                                           ToleranceAt(row, std::min(std::abs(x), std::abs(y))));
+      if (!outcome || (isCompared && outcome->deviation <= worst.deviation)) continue;
+      isCompared = true;
+      worst.value = x;
+      worst.expected = y;
+      worst.temperature = kelvin;
+      worst.deviation = outcome->deviation;
+    }
+    if (row.isEnthalpy) worst.unit = "kJ/kg-mol-K";
+    if (isCompared) tensions.push_back(std::move(worst));
+  }
+}
+
+}  // namespace
+
+void AddSourceComparisons(Substance const& substance, std::vector<Tension>& tensions) {
+  auto const& records = substance.Records();
+  double const critical = substance.Median(propertyTC);
+  for (std::size_t i = 1; i < records.size(); ++i) {
+    for (std::size_t earlier = 0; earlier < i; ++earlier) {
+      CompareConstants(*records[i], *records[earlier], tensions);
+      CompareCurves(*records[i], *records[earlier], critical, tensions);
+    }
+  }
+}
+
+}  // namespace zel

@@ -1,0 +1,128 @@
+#include "verify/judge/diagnosis.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zel {
+namespace {
+
+// How much likelier a deviation is if a datum of the comparison is wrong than if all are right, as
+// a logarithm. Right data scatter normally, with the tolerance at 2.5 standard deviations, and one
+// comparison in fifty has a long tail, because relations are not exact and sources differ. A
+// mistake can be of any size.
+double Evidence(double deviation) {
+  constexpr double kSigma = 0.4;
+  constexpr double kTail = 0.02;
+  constexpr double kSizes = 8.0;  // width of the logarithmic distribution of mistakes
+  double const at = deviation / kSigma;
+  double const normal = (1.0 - kTail) * std::exp(-0.5 * at * at) * 0.79788 / kSigma;
+  double const tail = kTail / ((1.0 + deviation) * (1.0 + deviation));
+  double const wrong = 1.0 / (kSizes * (deviation + 0.5));
+  return std::log(wrong / (normal + tail));
+}
+
+// A datum, and what the comparisons say of it.
+struct Suspect {
+  Claim claim;
+  double against = 0.0;  // of comparisons that disagree
+  double forIt = 0.0;    // of those that agree, negative
+  std::vector<std::size_t> disagreeing;
+  std::size_t agreeing = 0;
+
+  // What the choice between suspects goes by.
+  double Weight() const {
+    constexpr double kAgreement = 0.7;
+    return against + kAgreement * forIt;
+  }
+};
+
+class Trial {
+ public:
+  explicit Trial(std::vector<Tension> const& tensions)
+      : tensions_(tensions), isExplained_(tensions.size(), false) {}
+
+  std::vector<Suspicion> Run();
+
+ private:
+  std::vector<Suspect> Suspects() const;
+  Suspicion Convict(Suspect const& suspect);
+
+  std::vector<Tension> const& tensions_;
+  std::vector<bool> isExplained_;
+};
+
+std::vector<Suspect> Trial::Suspects() const {
+  std::vector<Suspect> suspects;
+  for (std::size_t i = 0; i < tensions_.size(); ++i) {
+    if (isExplained_[i]) continue;
+    double const evidence = Evidence(tensions_[i].deviation);
+    for (Tension::Part const& part : tensions_[i].parts) {
+      auto at = std::find_if(suspects.begin(), suspects.end(),
+                             [&](Suspect const& one) { return one.claim == part.claim; });
+      if (at == suspects.end()) {
+        suspects.emplace_back();
+        suspects.back().claim = part.claim;
+        at = suspects.end() - 1;
+      }
+      constexpr double kMinor = 0.4;
+      double const share = part.stake == Stake::kFull ? 1.0 : kMinor;
+      if (tensions_[i].deviation > 1.0) {
+        at->against += share * std::max(evidence, 0.0);
+        at->disagreeing.push_back(i);
+      } else if (part.stake == Stake::kFull) {
+        at->forIt += std::min(evidence, 0.0);
+        ++at->agreeing;
+      }
+    }
+  }
+  return suspects;
+}
+
+// The probability that the datum is wrong, before anything is compared 1 in 100. What agrees speaks
+// for a datum, but for a curve only a little: it can be right at one temperature and wrong at
+// another.
+double StrengthOf(Suspect const& suspect) {
+  constexpr double kPrior = 4.6;
+  double const mostFor = suspect.claim.datum.IsCurve() ? -2.0 : -3.0;
+  double const odds = suspect.against + std::max(suspect.forIt, mostFor) - kPrior;
+  return 1.0 / (1.0 + std::exp(-odds));
+}
+
+Suspicion Trial::Convict(Suspect const& suspect) {
+  Suspicion suspicion;
+  suspicion.claim = suspect.claim;
+  suspicion.strength = StrengthOf(suspect);
+  suspicion.agreeing = suspect.agreeing;
+  for (std::size_t const i : suspect.disagreeing) {
+    suspicion.against.push_back(&tensions_[i]);
+    isExplained_[i] = true;
+  }
+  std::stable_sort(suspicion.against.begin(), suspicion.against.end(),
+                   [](Tension const* a, Tension const* b) { return a->deviation > b->deviation; });
+  return suspicion;
+}
+
+std::vector<Suspicion> Trial::Run() {
+  std::vector<Suspicion> suspicions;
+  for (;;) {
+    std::vector<Suspect> const suspects = Suspects();
+    Suspect const* worst = nullptr;
+    for (Suspect const& one : suspects) {
+      if (one.disagreeing.empty()) continue;
+      if (worst == nullptr || one.Weight() > worst->Weight()) worst = &one;
+    }
+    if (worst == nullptr) break;
+    suspicions.push_back(Convict(*worst));
+  }
+  std::stable_sort(suspicions.begin(), suspicions.end(),
+                   [](Suspicion const& a, Suspicion const& b) { return a.strength > b.strength; });
+  return suspicions;
+}
+
+}  // namespace
+
+std::vector<Suspicion> Diagnose(std::vector<Tension> const& tensions) {
+  return Trial(tensions).Run();
+}
+
+}  // namespace zel

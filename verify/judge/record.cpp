@@ -1,0 +1,116 @@
+#include "verify/judge/record.h"
+
+#include <limits>
+#include <utility>
+
+#include "zelaccess/Units.h"
+
+namespace zel {
+namespace {
+
+constexpr double kSlack = 0.5;  // K, beyond the ends of a range
+
+// Kelvins in one unit of a curve's temperatures.
+double KelvinsPerDegree(std::int32_t unit) {
+  return ConvertTemperature(1.0, unit, kKelvin) - ConvertTemperature(0.0, unit, kKelvin);
+}
+
+}  // namespace
+
+char const* Datum::Name() const {
+  return IsCurve() ? CorrelationRows()[Index()].name
+                   : ConstantRow(static_cast<zelProperties>(Index())).keyword;
+}
+
+char const* Datum::Unit() const {
+  return IsCurve() ? CorrelationRows()[Index()].unit
+                   : ConstantRow(static_cast<zelProperties>(Index())).unit;
+}
+
+Record::Record(ComponentView const& component, CheckedItem item)
+    : item_(std::move(item)), identity_(component.Identity()) {
+  CompositionOf(identity_.formula, atoms_);
+  constants_.fill(gen_GetUndefDouble());
+  for (ZelConstantInfo const& row : ConstantRows()) {
+    constants_[row.index] = component.Constant(row.index);
+  }
+  curves_.fill(-1);
+  for (std::uint32_t i = 0; i < kJudgedCurves; ++i) {
+    ZelCorrelation taken;
+    if (i == correlationExpansion || component.Record(i) == nullptr ||
+        TakeCorrelation(component.Face(), i, taken) != kStatusOk)
+      continue;
+    curves_[i] = static_cast<std::int8_t>(taken_.size());
+    taken_.push_back(taken);
+  }
+}
+
+bool Record::Has(Datum datum) const {
+  return datum.IsCurve() ? HasCurve(datum.Index()) : IsDefined(Constant(datum.Index()));
+}
+
+ZelCorrelation const& Record::Curve(std::uint32_t curve) const {
+  return taken_[static_cast<std::size_t>(curves_[curve])];
+}
+
+KelvinRange Record::RangeOf(std::uint32_t curve) const {
+  KelvinRange range;
+  if (!HasCurve(curve)) return range;
+  ZelCorrelation const& taken = Curve(curve);
+  if (IsDefined(taken.tMin)) range.low = ConvertTemperature(taken.tMin, taken.tempUnit, kKelvin);
+  if (IsDefined(taken.tMax)) range.high = ConvertTemperature(taken.tMax, taken.tempUnit, kKelvin);
+  return range;
+}
+
+// A form without a value leaves the number that was passed in.
+double Record::Evaluate(std::uint32_t curve, double kelvin, double* slope) const {
+  ZelCorrelation unlimited = Curve(curve);
+  unlimited.tMin = unlimited.tMax = gen_GetUndefDouble();
+  double value = std::numeric_limits<double>::quiet_NaN();
+  double derivative = value;
+  double const temperature = ConvertTemperature(kelvin, kKelvin, unlimited.tempUnit);
+  ZelStatus const status =
+      EvaluateOne(unlimited, temperature, 1, &value, &derivative, nullptr, nullptr);
+  if (status == kStatusFailed || !std::isfinite(value)) return gen_GetUndefDouble();
+  if (slope != nullptr) {
+    *slope = std::isfinite(derivative) ? derivative / KelvinsPerDegree(unlimited.tempUnit)
+                                       : gen_GetUndefDouble();
+  }
+  return value;
+}
+
+double Record::Extended(std::uint32_t curve, double kelvin) const {
+  return HasCurve(curve) && IsDefined(kelvin) ? Evaluate(curve, kelvin, nullptr)
+                                              : gen_GetUndefDouble();
+}
+
+double Record::At(std::uint32_t curve, double kelvin) const {
+  KelvinRange const range = RangeOf(curve);
+  bool const isInside = range.IsBounded() && IsDefined(kelvin) && kelvin >= range.low - kSlack &&
+                        kelvin <= range.high + kSlack;
+  return isInside ? Evaluate(curve, kelvin, nullptr) : gen_GetUndefDouble();
+}
+
+double Record::Slope(std::uint32_t curve, double kelvin) const {
+  if (!IsDefined(At(curve, kelvin))) return gen_GetUndefDouble();
+  double slope = gen_GetUndefDouble();
+  Evaluate(curve, kelvin, &slope);
+  return slope;
+}
+
+std::string Record::StoredText(Datum datum) const {
+  if (!datum.IsCurve()) return Shown(Constant(datum.Index()));
+  if (!HasCurve(datum.Index())) return {};
+  ZelCorrelation const& taken = Curve(datum.Index());
+  std::string text = std::to_string(taken.equation);
+  for (std::int32_t const code : {taken.tempUnit, taken.logBasis, taken.moleWtBasis}) {
+    text += " " + std::to_string(code);
+  }
+  for (double const number : {taken.factor, taken.tMin, taken.tMax}) text += " " + Shown(number);
+  for (std::int32_t i = 0; i < taken.coefficientCount; ++i) {
+    text += " " + Shown(taken.coefficients[i]);
+  }
+  return text;
+}
+
+}  // namespace zel

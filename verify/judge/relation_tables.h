@@ -1,0 +1,14 @@
+// The tables of the relations within a component.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "verify/judge/reading.h"
+
+namespace zel {
+
+// All tables, in the order in which rules are listed.
+std::vector<std::span<Relation const>> RelationTables();
+
+}  // namespace zel

@@ -1,0 +1,60 @@
+// The driver of the relations within a component.
+#include <algorithm>
+#include <set>
+
+#include "verify/judge/reading.h"
+#include "verify/judge/relation_tables.h"
+
+namespace zel {
+namespace {
+
+bool IsBefore(Claim const& a, Claim const& b) {
+  return a.record != b.record ? std::less<>()(a.record, b.record) : a.datum < b.datum;
+}
+
+std::vector<Claim> ClaimsOf(std::vector<Tension::Part> const& parts) {
+  std::vector<Claim> claims;
+  for (Tension::Part const& part : parts) claims.push_back(part.claim);
+  std::sort(claims.begin(), claims.end(), IsBefore);
+  return claims;
+}
+
+}  // namespace
+
+std::vector<Relation const*> const& AllRelations() {
+  static std::vector<Relation const*> const all = [] {
+    std::vector<Relation const*> rows;
+    for (auto const& table : RelationTables()) {
+      for (Relation const& row : table) rows.push_back(&row);
+    }
+    return rows;
+  }();
+  return all;
+}
+
+void AddRelations(Substance const& substance, std::vector<Tension>& tensions) {
+  for (Relation const* const relation : AllRelations()) {
+    std::vector<std::vector<Claim>> compared;
+    for (Record const* const record : substance.Records()) {
+      Reading reading(*record, substance);
+      std::optional<Outcome> const outcome = relation->find(reading, relation->rule);
+      if (!outcome || !reading.HasOwn()) continue;
+      std::vector<Claim> claims = ClaimsOf(reading.Parts());
+      if (std::find(compared.begin(), compared.end(), claims) != compared.end()) continue;
+      compared.push_back(std::move(claims));
+      Tension tension;
+      tension.rule = &relation->rule;
+      tension.parts = reading.Parts();
+      tension.about = reading.ClaimOf(outcome->about);
+      tension.value = outcome->value;
+      tension.expected = outcome->expected;
+      tension.unit = outcome->about.Unit();
+      tension.temperature = outcome->temperature;
+      tension.deviation = outcome->deviation;
+      tension.from = relation->from;
+      tensions.push_back(std::move(tension));
+    }
+  }
+}
+
+}  // namespace zel
