@@ -5,26 +5,12 @@
 
 #include "verify/bank_checks.h"
 #include "verify/bank_components.h"
+#include "verify/check_run.h"
 #include "verify/component_checks.h"
 #include "verify/library_comparison.h"
-#include "verify/open_library.h"
 
 namespace zel {
 namespace {
-
-// Null, with a finding, unless the library is open.
-LibFile_i* OpenOrTell(ZelCheckedLibrary const& library, DataFindings& findings) {
-  LibFile_i* const file = OpenLibrary(library.library);
-  if (file == nullptr) {
-    findings.Damage("header", library.name != nullptr ? library.name : "", "the library",
-                    "it is not open");
-  }
-  return file;
-}
-
-std::string NameOf(ZelCheckedLibrary const& library) {
-  return library.name != nullptr ? library.name : library.library->GetLibName();
-}
 
 void CheckComponents(CheckedLibrary& library, CheckedBank const& bank) {
   DataFindings& findings = library.Findings();
@@ -42,19 +28,6 @@ void CheckComponents(CheckedLibrary& library, CheckedBank const& bank) {
   });
   components.Close();
   if (total > 0) findings.Progress(library.Name(), bank, total, total);
-}
-
-// Does the work, unless the host cancels it, which is then a finding.
-template <typename Work>
-void RunCancellable(ProgressSteps& progress, DataFindings& findings, std::string const& library,
-                    Work const& work) {
-  try {
-    if (progress.IsCancelled()) throw WorkCancelled();
-    work();
-    progress.End();
-  } catch (WorkCancelled) {
-    findings.Cancelled(library);
-  }
 }
 
 }  // namespace

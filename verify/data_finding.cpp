@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/number_text.h"
+#include "verify/fingerprint.h"
 
 namespace zel {
 
@@ -68,6 +69,17 @@ zelFindings DataFindings::SeverityOf(DataFinding const& finding) const {
   return check != checks + count ? check->severity : findingWarning;
 }
 
+namespace {
+
+// Errors are certain. Of the warnings, those that are facts about a record are likelier to be worth
+// a look than those that are only unusual.
+double StrengthOf(zelFindings severity, std::string_view id) {
+  if (severity != findingWarning) return 1.0;
+  return id == "repeated" ? 0.6 : 0.8;
+}
+
+}  // namespace
+
 void DataFindings::Tell(CheckedItem const& item, DataFinding const& finding,
                         std::string_view sentence) {
   if (silent_.count(std::string_view(finding.Id())) != 0) return;
@@ -83,6 +95,10 @@ void DataFindings::Tell(CheckedItem const& item, DataFinding const& finding,
   out.item = item.text.c_str();
   out.place = item.place.c_str();
   out.text = text.c_str();
+  out.strength = StrengthOf(out.severity, out.id);
+  std::string const fingerprint = Fingerprint(std::string(out.id) + '\n' + item.bank.Text() + '\n' +
+                                              item.text + '\n' + out.datum + '\n' + out.valueText);
+  out.fingerprint = fingerprint.c_str();
   isGood_ = isGood_ && out.severity == findingWarning;
   sink_.FoundData(out);
 }

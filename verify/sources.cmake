@@ -17,10 +17,14 @@ set(verify_SOURCES
     item_fields.cpp
     judge/between_sources.cpp
     judge/diagnosis.cpp
+    judge/judged_finding.cpp
+    judge/judgement.cpp
+    judge/kin.cpp
     judge/reading.cpp
     judge/record.cpp
     judge/relation_tables.cpp
     judge/relations.cpp
+    judge/slip.cpp
     judge/substance.cpp
     library_comparison.cpp
     pair_checks.cpp

@@ -45,6 +45,20 @@ struct ZelDataCheckOptions {
   bool acceptIdentity = false;   ///< A finding of "identity" is a warning, not an error.
 };
 
+/// A comparison that makes a datum suspect (DataJudgement.h). Texts as in ZelDataFinding.
+struct ZelDataEvidence {
+  char const* rule = "";                   ///< ID of the rule.
+  char const* library = "";                ///< Library of the value.
+  char const* place = "";                  ///< Bank and item of the value.
+  char const* datum = "";                  ///< Datum of the value; not always that of the finding.
+  double value = gen_GetUndefDouble();     ///< The value, in `unit`.
+  double expected = gen_GetUndefDouble();  ///< What it is compared with, in `unit`.
+  char const* unit = "";                   ///< Unit of both; empty for pure numbers.
+  double temperature = gen_GetUndefDouble();  ///< Temperature in K, of the value of a correlation.
+  double deviation = 0.0;   ///< The difference in tolerances of the rule; above 1.
+  char const* source = "";  ///< What gives the expected value: "the latent heat at NBP", a library.
+};
+
 /// What is wrong with a datum. Texts are never null, and valid during the call alone; numbers that
 /// do not apply are undefined (Types.h), and texts that do not apply are empty.
 struct ZelDataFinding {
@@ -79,6 +93,13 @@ struct ZelDataFinding {
   /// `place` names it, a library, a bank of a library ("crc.lb1:CRC"), a bank ("UNFORIG:G").
   char const* against = "";
   char const* text = "";  ///< The sentence made from this, without library and place.
+  /// How likely the datum is wrong, 0 to 1: 1 for what is certainly wrong (errors and damage).
+  double strength = 1.0;
+  /// 16 digits that are the same as long as the check, the bank, the item, the datum and what is
+  /// stored for it are; empty for damage.
+  char const* fingerprint = "";
+  ZelDataEvidence const* evidence = nullptr;  ///< Comparisons, the worst first; null for none.
+  std::int32_t evidenceCount = 0;             ///< Their number.
 };
 
 /// What a host implements to receive findings about data. It is called in the thread that made the

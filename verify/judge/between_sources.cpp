@@ -50,13 +50,15 @@ constexpr CurveRow kCurves[] = {
     {correlationIdealGasCp, 0.025, false},    {correlationLiquidCp, 0.06, false},
     {correlationSolidCp, 0.08, false},        {correlationDielectric, 0.06, false}};
 
-constexpr JudgeRule kConstantRule = {"magnitude", "the same constant in two libraries", 1.0,
-                                     "by constant, from 0.05 % (MW) to 40 % (PTP): what one in "
-                                     "fifty pairs of handbook values exceeds"};
-constexpr JudgeRule kCurveRule = {
-    "curves", "the same curve in two libraries, at five temperatures of the common range", 1.0,
-    "by curve, from 2.5 % (ideal gas) to 20 % (viscosity of liquids): what one in fifty pairs of "
-    "published correlations exceeds"};
+constexpr JudgeRule kRules[] = {
+    {"magnitude", "the same constant in two libraries", 1.0,
+     "by constant, from 0.05 % (MW) to 40 % (PTP): what one in "
+     "fifty pairs of handbook values exceeds"},
+    {"curves", "the same curve in two libraries, at five temperatures of the common range", 1.0,
+     "by curve, from 2.5 % (ideal gas) to 20 % (viscosity of liquids): what one in fifty pairs of "
+     "published correlations exceeds"}};
+constexpr JudgeRule const& kConstantRule = kRules[0];
+constexpr JudgeRule const& kCurveRule = kRules[1];
 
 Tension Between(JudgeRule const& rule, Record const& one, Record const& other, Datum datum) {
   Tension tension;
@@ -64,6 +66,7 @@ Tension Between(JudgeRule const& rule, Record const& one, Record const& other, D
   tension.about = {&one, datum};
   tension.parts = {{{&one, datum}, Stake::kFull}, {{&other, datum}, Stake::kFull}};
   tension.unit = datum.Unit();
+  tension.isBetweenSources = true;
   tension.from = other.Item().library + " " + other.Item().bank.name;
   return tension;
 }
@@ -137,6 +140,8 @@ void CompareCurves(Record const& one, Record const& other, double criticalTemper
 }
 
 }  // namespace
+
+std::span<JudgeRule const> SourceRules() { return kRules; }
 
 void AddSourceComparisons(Substance const& substance, std::vector<Tension>& tensions) {
   auto const& records = substance.Records();

@@ -1,6 +1,7 @@
 // What kindred substances foretell: regressions over all components of the libraries.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "verify/judge/substance.h"
@@ -12,5 +13,8 @@ namespace zel {
 // what a robust regression over all other substances gives.
 void AddKinComparisons(std::vector<Substance> const& substances,
                        std::vector<std::vector<Tension>>& tensions);
+
+// The rules of these comparisons.
+std::span<JudgeRule const> KinRules();
 
 }  // namespace zel

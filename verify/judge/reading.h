@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "verify/judge/substance.h"
@@ -81,5 +82,8 @@ std::vector<Relation const*> const& AllRelations();
 void AddRelations(Substance const& substance, std::vector<Tension>& tensions);
 // Appends the comparisons between each two records.
 void AddSourceComparisons(Substance const& substance, std::vector<Tension>& tensions);
+
+// The rules of these comparisons.
+std::span<JudgeRule const> SourceRules();
 
 }  // namespace zel

@@ -1,7 +1,19 @@
 #include "verify/judge/relation_tables.h"
 
+#include "verify/judge/kin.h"
+
 namespace zel {
 
 std::vector<std::span<Relation const>> RelationTables() { return {}; }
+
+std::vector<JudgeRule const*> AllRules() {
+  std::vector<JudgeRule const*> rules;
+  for (auto const& table : RelationTables()) {
+    for (Relation const& row : table) rules.push_back(&row.rule);
+  }
+  for (JudgeRule const& rule : SourceRules()) rules.push_back(&rule);
+  for (JudgeRule const& rule : KinRules()) rules.push_back(&rule);
+  return rules;
+}
 
 }  // namespace zel

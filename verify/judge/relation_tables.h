@@ -11,4 +11,7 @@ namespace zel {
 // All tables, in the order in which rules are listed.
 std::vector<std::span<Relation const>> RelationTables();
 
+// The rules of relations, sources and kin, in the order in which they are listed.
+std::vector<JudgeRule const*> AllRules();
+
 }  // namespace zel

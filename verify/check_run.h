@@ -1,0 +1,39 @@
+// What all checks of data do around their work.
+#pragma once
+
+#include <string>
+
+#include "store/progress_steps.h"
+#include "verify/data_finding.h"
+#include "verify/open_library.h"
+
+namespace zel {
+
+// Null, with a finding, unless the library is open.
+inline LibFile_i* OpenOrTell(ZelCheckedLibrary const& library, DataFindings& findings) {
+  LibFile_i* const file = OpenLibrary(library.library);
+  if (file == nullptr) {
+    findings.Damage("header", library.name != nullptr ? library.name : "", "the library",
+                    "it is not open");
+  }
+  return file;
+}
+
+inline std::string NameOf(ZelCheckedLibrary const& library) {
+  return library.name != nullptr ? library.name : library.library->GetLibName();
+}
+
+// Does the work, unless the host cancels it, which is then a finding.
+template <typename Work>
+void RunCancellable(ProgressSteps& progress, DataFindings& findings, std::string const& library,
+                    Work const& work) {
+  try {
+    if (progress.IsCancelled()) throw WorkCancelled();
+    work();
+    progress.End();
+  } catch (WorkCancelled) {
+    findings.Cancelled(library);
+  }
+}
+
+}  // namespace zel

@@ -1,0 +1,133 @@
+// The judgement of the data of libraries.
+#include "zelaccess/DataJudgement.h"
+
+#include <algorithm>
+#include <deque>
+#include <set>
+
+#include "banks/catalogue.h"
+#include "verify/check_run.h"
+#include "verify/checked_library.h"
+#include "verify/judge/judged_finding.h"
+#include "verify/judge/kin.h"
+#include "verify/judge/reading.h"
+#include "verify/judge/relation_tables.h"
+
+namespace zel {
+namespace {
+
+void ReadRecords(CheckedLibrary& library, std::deque<Record>& records) {
+  for (CheckedBank const& bank : library.Banks(kPureComponentType)) {
+    ComponentView const component;
+    library.Walk(bank, component.Def(), [&](std::int32_t const* words) {
+      records.emplace_back(component, library.ComponentItem(bank, component.Identity(), words[0]));
+    });
+  }
+}
+
+std::vector<std::vector<Tension>> TensionsIn(std::vector<Substance> const& substances,
+                                             std::set<std::string, std::less<>> const& silent) {
+  std::vector<std::vector<Tension>> tensions(substances.size());
+  for (std::size_t i = 0; i < substances.size(); ++i) {
+    AddRelations(substances[i], tensions[i]);
+    AddSourceComparisons(substances[i], tensions[i]);
+  }
+  AddKinComparisons(substances, tensions);
+  for (std::vector<Tension>& those : tensions) {
+    std::erase_if(those, [&](Tension const& one) {
+      return silent.count(std::string_view(one.rule->id)) != 0;
+    });
+  }
+  return tensions;
+}
+
+// A suspicion that is reported.
+struct Reported {
+  Suspicion suspicion;
+  std::size_t substance;
+};
+
+std::vector<Reported> SuspicionsIn(std::vector<std::vector<Tension>> const& tensions,
+                                   double minStrength) {
+  std::vector<Reported> all;
+  for (std::size_t i = 0; i < tensions.size(); ++i) {
+    for (Suspicion& one : Diagnose(tensions[i])) {
+      if (one.strength >= minStrength) all.push_back({std::move(one), i});
+    }
+  }
+  std::stable_sort(all.begin(), all.end(), [](Reported const& a, Reported const& b) {
+    return a.suspicion.strength > b.suspicion.strength;
+  });
+  return all;
+}
+
+void Report(std::vector<Reported> const& all, std::vector<Substance> const& substances,
+            std::string const& library, ZelDataFindingSink& sink) {
+  for (Reported const& one : all) {
+    if (one.suspicion.claim.record->Item().library != library) continue;
+    JudgedFinding finding(one.suspicion, substances[one.substance]);
+    sink.FoundData(finding.Fill());
+  }
+}
+
+void Judge(std::deque<CheckedLibrary>& libraries, ZelJudgementOptions const& options,
+           ZelDataFindingSink& sink) {
+  std::set<std::string, std::less<>> silent;
+  for (std::int32_t i = 0; options.silent != nullptr && i < options.silentCount; ++i) {
+    if (options.silent[i] != nullptr) silent.insert(options.silent[i]);
+  }
+  std::deque<Record> records;
+  for (CheckedLibrary& library : libraries) ReadRecords(library, records);
+  std::vector<Substance> const substances = SubstancesOf(records);
+  std::vector<std::vector<Tension>> const tensions = TensionsIn(substances, silent);
+  std::vector<Reported> const all = SuspicionsIn(tensions, options.minStrength);
+  std::set<std::string> reported;
+  for (CheckedLibrary const& library : libraries) {
+    if (reported.insert(library.Name()).second) Report(all, substances, library.Name(), sink);
+  }
+}
+
+}  // namespace
+
+ZelDataRule const* GetDataRules(std::int32_t& count) {
+  static std::vector<ZelDataRule> const rules = [] {
+    std::vector<ZelDataRule> rows;
+    for (JudgeRule const* const rule : AllRules()) {
+      rows.push_back({rule->id, rule->formula, rule->toleranceText});
+    }
+    return rows;
+  }();
+  count = static_cast<std::int32_t>(rules.size());
+  return rules.data();
+}
+
+bool JudgeLibraryData(ZelCheckedLibrary const* libraries, std::int32_t count,
+                      ZelJudgementOptions const& options, ZelDataFindingSink& sink) {
+  DataFindings findings(sink, {});
+  if (count > 0 && libraries == nullptr) {
+    OpenOrTell({}, findings);
+    return false;
+  }
+  std::deque<CheckedLibrary> checked;
+  ZelProgress* host = nullptr;
+  for (std::int32_t i = 0; i < count; ++i) {
+    LibFile_i* const file = OpenOrTell(libraries[i], findings);
+    if (file == nullptr) continue;
+    checked.emplace_back(*file, NameOf(libraries[i]), findings);
+    if (host == nullptr) host = file->Progress();
+  }
+  ProgressSteps progress(host);
+  double work = 0.0;
+  for (CheckedLibrary& library : checked) {
+    library.SetProgress(progress);
+    if (progress.IsWatched()) {
+      work += static_cast<double>(library.CountAllItems(kPureComponentType));
+    }
+  }
+  progress.Expect(work);
+  RunCancellable(progress, findings, checked.empty() ? "" : checked.front().Name(),
+                 [&] { Judge(checked, options, sink); });
+  return findings.IsGood();
+}
+
+}  // namespace zel
