@@ -1,0 +1,112 @@
+"""Tables of what was measured."""
+import csv
+import json
+from collections import Counter
+from typing import Callable, Dict, Iterable, List
+
+from .sampling import Result, Trial
+
+
+def _share(part: int, whole: int) -> str:
+    return '%3.0f %%' % (100.0 * part / whole) if whole else '   - '
+
+
+class Count:
+    def __init__(self, results: Iterable[Result]):
+        results = list(results)
+        self.n = len(results)
+        self.told = sum(r.told for r in results)
+        self.right = sum(r.right for r in results)
+
+    def members(self) -> dict:
+        return {'n': self.n, 'told': self.told, 'culprit_right': self.right}
+
+    def line(self, name: str) -> str:
+        return '%-27s %5d %5d %6s %5d %6s' % (name, self.n, self.told, _share(self.told, self.n),
+                                              self.right, _share(self.right, self.told))
+
+
+def _groups(results: List[Result], key: Callable[[Result], str]) -> Dict[str, Count]:
+    names = sorted({key(r) for r in results})
+    return {name: Count(r for r in results if key(r) == name) for name in names}
+
+
+def _overall(results: List[Result]) -> Dict[str, Count]:
+    return {'all': Count(results),
+            'of two sources or more': Count(r for r in results if r.sources_with_datum > 1),
+            'of three sources or more': Count(r for r in results if r.sources_with_datum > 2),
+            'of one source': Count(r for r in results if r.sources_with_datum == 1),
+            'constants': Count(r for r in results if not r.old.is_curve),
+            'curves': Count(r for r in results if r.old.is_curve)}
+
+
+def print_results(trials: List[Trial], show: Callable[[str], None]) -> None:
+    results = [t.result for t in trials if t.result]
+    heads = '%-27s %5s %5s %6s %5s %6s' % ('', 'n', 'told', '', 'right', 'of told')
+    for title, groups in (('kind', _groups(results, lambda r: r.kind)),
+                          ('datum', _groups(results, lambda r: r.old.name)),
+                          ('source', _groups(results, lambda r: r.old.component.source)),
+                          ('overall', _overall(results))):
+        show(title + heads[len(title):])
+        for name, count in groups.items():
+            show(count.line(name))
+        show('')
+    rules = Counter(r.strongest['id'] for r in results if r.told)
+    wrong = Counter(r.strongest['id'] for r in results if r.told and not r.right)
+    show('strongest finding             told  culprit not right')
+    for rule, n in rules.most_common():
+        show('%-27s %6d %18d' % (rule, n, wrong[rule]))
+    show('')
+    show('told, without findings of rules and data that had one before: %d'
+         % sum(r.told and r.elsewhere for r in results))
+    show('new findings about other substances: %d, with %d of the mistakes'
+         % (sum(r.strays for r in results), sum(r.strays > 0 for r in results)))
+    for title, name in (('too small to count', 'too_small'), ('refused by the import', 'refused')):
+        kinds = Counter(k for t in trials for k in getattr(t, name))
+        show('%s: %d%s' % (title, sum(kinds.values()),
+                           ''.join('; %s %d' % item for item in kinds.most_common())))
+
+
+def write_misses(path: str, results: List[Result]) -> None:
+    with open(path, 'w', encoding='utf-8', newline='') as stream:
+        rows = csv.writer(stream)
+        rows.writerow(['told', 'source', 'component', 'datum', 'kind', 'old', 'new', 'size', 'sources',
+                       'strongest'])
+        for r in results:
+            if not r.told or not r.right:
+                rows.writerow(['yes' if r.told else 'no', r.old.component.source, r.old.component.ids[0],
+                               r.old.name, r.kind, r.old.brief(), r.new.brief(), '%.3g' % r.size,
+                               r.sources_with_datum, r.strongest['what'] if r.strongest else ''])
+
+
+def results_json(trials: List[Trial]) -> str:
+    results = [t.result for t in trials if t.result]
+
+    def members(groups):
+        return {name: count.members() for name, count in groups.items()}
+    return json.dumps({
+        'overall': members(_overall(results)),
+        'kinds': members(_groups(results, lambda r: r.kind)),
+        'data': members(_groups(results, lambda r: r.old.name)),
+        'sources': members(_groups(results, lambda r: r.old.component.source)),
+        'too_small': Counter(k for t in trials for k in t.too_small),
+        'refused': Counter(k for t in trials for k in t.refused),
+        'mistakes': [{
+            'source': r.old.component.source, 'component': r.old.component.ids[0], 'datum': r.old.name,
+            'kind': r.kind, 'old': r.old.brief(), 'new': r.new.brief(), 'size': min(r.size, 1e300),
+            'sources_with_datum': r.sources_with_datum, 'told': r.told, 'culprit_right': r.right,
+            'strongest': r.strongest and r.strongest['what']} for r in results]}, indent=1)
+
+
+def print_unchanged(findings: List[dict], data: int, strongest: int, show: Callable[[str], None]) -> None:
+    """How many findings the unchanged sources have, and the strongest of them."""
+    show('%-27s %8s  per 200 of %d data' % ('rule', 'findings', data))
+    rules = Counter(f['id'] for f in findings)
+    for rule, n in rules.most_common():
+        show('%-27s %8d  %6.3f' % (rule, n, 200.0 * n / data))
+    show('%-27s %8d  %6.3f' % ('all', len(findings), 200.0 * len(findings) / data))
+    if strongest:
+        show('')
+        show('strength  rule                  finding')
+        for f in sorted(findings, key=lambda f: -f['strength'])[:strongest]:
+            show('%8.3f  %-20s  %s' % (f['strength'], f['id'], f['what']))
