@@ -17,9 +17,10 @@ constexpr char kSchema[] = "zel/check";
 
 // What makes two findings the same. Bytes that are not UTF-8 are replaced as in the baseline.
 std::string IdentityOf(Finding const& finding) {
-  nlohmann::json const parts = {finding.id,
-                                std::filesystem::path(finding.library).filename().string(),
-                                finding.place, finding.text};
+  std::string const library = std::filesystem::path(finding.library).filename().string();
+  nlohmann::json parts = {finding.id, library, finding.place, finding.text};
+  // What other libraries contribute to the text of a judged finding does not make it another one.
+  if (!finding.evidence.empty()) parts = {finding.id, library, finding.fingerprint};
   return parts.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 

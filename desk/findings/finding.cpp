@@ -1,7 +1,9 @@
 #include "desk/findings/finding.h"
 
+#include <cmath>
 #include <iterator>
 
+#include "desk/findings/baseline.h"
 #include "desk/open/library.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
@@ -24,6 +26,32 @@ std::size_t RankOf(zel::zelFindings severity) {
   std::size_t rank = 0;
   while (kSeverities[rank].value != severity) ++rank;
   return rank;
+}
+
+std::string NumberIn(double value, char const* unit) {
+  std::string text = CellText(Number(value));
+  if (*unit != '\0') text += std::string(" ") + unit;
+  return text;
+}
+
+// "PC of crc.lb1 CRC ACN is 4.83 kPa, VaporPressure at TC gives 4830 kPa (vapor-pressure)"
+std::string TextOf(zel::ZelDataEvidence const& evidence) {
+  std::string text = std::string(evidence.datum) + " of " + evidence.library + " " +
+                     evidence.place + " is " + NumberIn(evidence.value, evidence.unit);
+  if (!zel::gen_IsUndefDouble(evidence.temperature)) {
+    text += " at " + NumberIn(evidence.temperature, "K");
+  }
+  return text + ", " + evidence.source + " gives " + NumberIn(evidence.expected, evidence.unit) +
+         " (" + evidence.rule + ")";
+}
+
+// Two digits after the point say all that there is to say.
+double Rounded(double strength) { return std::round(strength * 100.0) / 100.0; }
+
+std::string Joined(std::vector<std::string> const& texts) {
+  std::string joined;
+  for (std::string const& text : texts) joined += (joined.empty() ? "" : "; ") + text;
+  return joined;
 }
 
 }  // namespace
@@ -61,6 +89,11 @@ Finding FindingOf(zel::ZelDataFinding const& found) {
   finding.expectedMin = found.expectedMin;
   finding.expectedMax = found.expectedMax;
   finding.unit = found.unit;
+  finding.strength = found.strength;
+  finding.fingerprint = found.fingerprint;
+  for (std::int32_t i = 0; i < found.evidenceCount; ++i) {
+    finding.evidence.push_back(TextOf(found.evidence[i]));
+  }
   return finding;
 }
 
@@ -78,11 +111,16 @@ Table FindingTable(std::string const& name, std::vector<Finding> const& findings
                      {"expected from", "", false, true},
                      {"expected to", "", false, true},
                      {"temperature", "K"},
+                     {"strength", ""},
+                     {"fingerprint", ""},
+                     {"evidence", ""},
                      {"text", ""}});
   for (Finding const& one : findings) {
     table.Add(WordOf(one.severity), one.id, LineOf(one), one.library, one.place, Text(one.bank),
               Text(one.item), Text(one.datum), Number(one.value), Text(one.unit),
-              Number(one.expectedMin), Number(one.expectedMax), Number(one.temperature), one.text);
+              Number(one.expectedMin), Number(one.expectedMax), Number(one.temperature),
+              Number(Rounded(one.strength)), FingerprintOf(one), Text(Joined(one.evidence)),
+              one.text);
   }
   return table;
 }

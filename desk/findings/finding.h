@@ -27,6 +27,10 @@ struct Finding {
   double expectedMin = zel::gen_GetUndefDouble();  // in `unit`
   double expectedMax = zel::gen_GetUndefDouble();  // in `unit`
   std::string unit;
+  double strength = 1.0;    // how likely the datum is wrong, 0 to 1
+  std::string fingerprint;  // 16 digits; see ZelDataFinding
+  // The comparisons that make the datum suspect, the worst first; see ZelDataEvidence.
+  std::vector<std::string> evidence;
 };
 
 // "note", "warning", "error" or "damage", from the least severe to the most severe.

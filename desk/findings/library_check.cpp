@@ -1,6 +1,6 @@
 #include "desk/findings/library_check.h"
 
-#include <zelaccess/DataCheck.h>
+#include <zelaccess/DataJudgement.h>
 
 #include <algorithm>
 #include <set>
@@ -22,7 +22,15 @@ class Collector final : public zel::ZelDataFindingSink {
 
   // The library whose structure is checked.
   void SetLibrary(std::string path) { path_ = std::move(path); }
-  std::vector<Finding> Take() { return std::move(findings_); }
+  std::vector<Finding> Take(double minStrength) {
+    auto const isWeak = [=](Finding const& one) { return one.strength < minStrength; };
+    findings_.erase(std::remove_if(findings_.begin(), findings_.end(), isWeak), findings_.end());
+    std::stable_sort(findings_.begin(), findings_.end(), [](Finding const& a, Finding const& b) {
+      if (a.severity != b.severity) return IsAtLeast(a.severity, b.severity);
+      return a.strength > b.strength;
+    });
+    return std::move(findings_);
+  }
 
   void Found(zel::zelFindings severity, char const* id, char const* place,
              char const* text) override {
@@ -70,12 +78,17 @@ void Part(CheckSteps* steps, std::string const& what, double share, Library cons
   steps->End();
 }
 
+bool IsJudged(std::string_view id) {
+  auto const& ids = JudgedChecks();
+  return std::find(ids.begin(), ids.end(), id) != ids.end();
+}
+
 void CheckSilence(std::vector<std::string> const& silent) {
   std::vector<CheckRule> const rules = CheckRules();
   for (std::string const& id : silent) {
     bool const isKnown = std::any_of(rules.begin(), rules.end(),
                                      [&](CheckRule const& rule) { return rule.id == id; });
-    if (!isKnown) {
+    if (!isKnown && !IsJudged(id)) {
       throw WrongUsage("--silence: there is no warning " + id + "; see zel check --ids");
     }
   }
@@ -91,14 +104,33 @@ std::vector<CheckRule> CheckRules() {
       {"bank", "each bank is of a type that this program knows"}};
   std::int32_t count = 0;
   zel::ZelDataCheck const* const checks = zel::GetDataChecks(count);
-  for (std::int32_t i = 0; i < count; ++i) rules.push_back({checks[i].id, checks[i].rule});
+  for (std::int32_t i = 0; i < count; ++i) {
+    if (!IsJudged(checks[i].id)) rules.push_back({checks[i].id, checks[i].rule});
+  }
+  zel::ZelDataRule const* const judged = zel::GetDataRules(count);
+  for (std::int32_t i = 0; i < count; ++i) {
+    rules.push_back({judged[i].id, std::string(judged[i].formula) + "; " + judged[i].tolerance});
+  }
   return rules;
+}
+
+std::vector<char const*> const& JudgedChecks() {
+  static std::vector<char const*> const ids = {
+      "formula-weight",   "temperatures", "critical", "acentric",  "vapor-pressure",
+      "critical-density", "latent-heat",  "monotony", "magnitude", "boiling-point"};
+  return ids;
 }
 
 std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& options) {
   CheckSilence(options.silent);
   std::vector<char const*> silent;
   for (std::string const& id : options.silent) silent.push_back(id.c_str());
+  zel::ZelJudgementOptions judgement;
+  std::vector<char const*> const silentRules = silent;
+  judgement.silent = silentRules.data();
+  judgement.silentCount = static_cast<std::int32_t>(silentRules.size());
+  judgement.minStrength = options.minStrength;
+  silent.insert(silent.end(), JudgedChecks().begin(), JudgedChecks().end());
   zel::ZelDataCheckOptions dataOptions;
   dataOptions.silent = silent.data();
   dataOptions.silentCount = static_cast<std::int32_t>(silent.size());
@@ -125,12 +157,13 @@ std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& option
     Part(options.steps, "checking " + path, (1.0 - kStructurePart) * perLibrary, open.back(),
          [&] { zel::CheckLibraryData(sound.back(), dataOptions, collector); });
   }
-  if (sound.empty()) return collector.Take();
-  Part(options.steps, "comparing libraries", perLibrary, open.front(), [&] {
-    zel::CompareLibraryData(sound.data(), static_cast<std::int32_t>(sound.size()), dataOptions,
-                            collector);
-  });
-  return collector.Take();
+  if (sound.empty()) return collector.Take(options.minStrength);
+  auto const count = static_cast<std::int32_t>(sound.size());
+  Part(options.steps, "comparing libraries", perLibrary / 2, open.front(),
+       [&] { zel::CompareLibraryData(sound.data(), count, dataOptions, collector); });
+  Part(options.steps, "weighing all comparisons", perLibrary / 2, open.front(),
+       [&] { zel::JudgeLibraryData(sound.data(), count, judgement, collector); });
+  return collector.Take(options.minStrength);
 }
 
 }  // namespace zel::desk

@@ -37,12 +37,16 @@ struct CheckOptions {
   bool structureOnly = false;
   bool acceptIdentity = false;  // different substances are a warning
   CheckSteps* steps = nullptr;  // may be null
+  double minStrength = 0.5;     // weaker findings are left out
 };
 
-// The structure of each library, then the data of the sound ones, alone and with each other. Damage
-// is never left out; Session::Note gets a line for each library whose data were not checked for it,
-// and Session::LeaveOut one for each item that can no longer be read. Throws WrongUsage for a check
-// that does not exist.
+// The checks of single rules whose findings the judgement of all comparisons replaces.
+std::vector<char const*> const& JudgedChecks();
+
+// The structure of each library, then the data of the sound ones, alone and with each other. The
+// findings are in the order of severity and strength. Damage is never left out; Session::Note gets
+// a line for each library whose data were not checked for it, and Session::LeaveOut one for each
+// item that can no longer be read. Throws WrongUsage for a check that does not exist.
 std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& options);
 
 }  // namespace zel::desk

@@ -1,9 +1,10 @@
 #include "desk/pages/page_data.h"
 
-#include <zelaccess/DataCheck.h>
+#include <zelaccess/DataJudgement.h>
 
 #include <algorithm>
 
+#include "desk/findings/library_check.h"
 #include "desk/notes/item_codes.h"
 #include "desk/notes/merged_citations.h"
 #include "desk/notes/parameter_meanings.h"
@@ -222,6 +223,8 @@ void PageData::AddFindings(bool acceptIdentity) {
   FindingRows rows(list_.Libraries().front().InSession(), findings_);
   zel::ZelDataCheckOptions options;
   options.acceptIdentity = acceptIdentity;
+  options.silent = JudgedChecks().data();
+  options.silentCount = static_cast<std::int32_t>(JudgedChecks().size());
   std::vector<zel::ZelCheckedLibrary> sound;
   for (Library const& library : list_.Libraries()) {
     rows.Library(library.Path());
@@ -229,7 +232,9 @@ void PageData::AddFindings(bool acceptIdentity) {
     sound.push_back({&library.File(), library.Path().c_str()});
     zel::CheckLibraryData(sound.back(), options, rows);
   }
-  zel::CompareLibraryData(sound.data(), static_cast<std::int32_t>(sound.size()), options, rows);
+  auto const count = static_cast<std::int32_t>(sound.size());
+  zel::CompareLibraryData(sound.data(), count, options, rows);
+  zel::JudgeLibraryData(sound.data(), count, {}, rows);
   counts_.findings = static_cast<std::int64_t>(findings_.size());
 }
 

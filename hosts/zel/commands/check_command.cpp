@@ -10,6 +10,7 @@
 #include "commands/shared_options.h"
 #include "desk/findings/finding_formats.h"
 #include "desk/words/failure.h"
+#include "desk/words/number_range.h"
 #include "output/progress.h"
 
 namespace zelhost {
@@ -18,6 +19,7 @@ namespace {
 struct Options {
   CheckOptions check;
   std::string failOn = "error";
+  std::string minStrength;
   std::string baseline;
   std::string format;
   bool listIds = false;
@@ -82,6 +84,14 @@ class FollowedCheck final : public CheckSteps {
   std::optional<FollowedWork::Following> following_;
 };
 
+double StrengthIn(std::string const& word) {
+  double const strength = ParseNumber(word, "--min-strength");
+  if (!(strength >= 0.0 && strength <= 1.0)) {
+    throw WrongUsage("--min-strength is 0 to 1, not " + word);
+  }
+  return strength;
+}
+
 std::vector<Finding> FindingsIn(Session& session, CheckOptions options) {
   FollowedCheck steps;
   options.steps = &steps;
@@ -92,6 +102,8 @@ Report Check(Session& session, Options const& o) {
   if (o.listIds) return ListRules();
   if (o.check.libraries.empty()) throw WrongUsage("name a library; see zel check --help");
   CheckFormat(session, o);
+  CheckOptions options = o.check;
+  if (!o.minStrength.empty()) options.minStrength = StrengthIn(o.minStrength);
   CheckedLibraries checked;
   checked.failOn = SeverityNamed(o.failOn, "--fail-on");
   checked.libraries = o.check.libraries;
@@ -100,7 +112,7 @@ Report Check(Session& session, Options const& o) {
   checked.hasBaseline = !o.baseline.empty();
   std::vector<Finding> baseline;
   if (checked.hasBaseline) baseline = ReadBaseline(o.baseline);
-  checked.findings = CompareFindings(FindingsIn(session, o.check), baseline);
+  checked.findings = CompareFindings(FindingsIn(session, options), baseline);
   bool const fails = std::any_of(
       checked.findings.fresh.begin(), checked.findings.fresh.end(),
       [&](Finding const& finding) { return IsAtLeast(finding.severity, checked.failOn); });
@@ -123,6 +135,8 @@ void AddCheckCommand(CommandLine& line) {
       .List("--silence", o->check.silent, "do not report these checks", "ID...")
       .Option("--fail-on", o->failOn, "exit status 1 from error (default), warning or note on",
               "SEVERITY")
+      .Option("--min-strength", o->minStrength,
+              "report findings of at least this strength, 0 to 1; 0.5 if not given", "NUMBER")
       .Option("--baseline", o->baseline, "report what this output of --json does not have", "FILE")
       .Option("--format", o->format, "print sarif or junit", "FORM")
       .Flag("--accept-identity", o->check.acceptIdentity,

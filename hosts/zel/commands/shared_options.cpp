@@ -90,7 +90,8 @@ void AddCitationConflicts(Session const& session, std::vector<CitationConflict> 
 void AddFindings(std::string const& name, std::vector<Finding> const& findings, Report& report) {
   report.Add(FindingTable(name, findings),
              std::set<std::string>{"library", "place", "bank", "item", "datum", "value", "unit",
-                                   "expected from", "expected to", "temperature", "text"});
+                                   "expected from", "expected to", "temperature", "strength",
+                                   "fingerprint", "evidence", "text"});
 }
 
 void AddDataWarning(std::vector<Finding> const& findings, bool isStrict, Report& report) {
