@@ -43,16 +43,16 @@ def _weight(datum: Datum, sources) -> Optional[float]:
     return None
 
 
-def _another_component(rng, datum, sources):
+def another_component(rng, datum, sources):
     return datum.with_content_of(rng.choice(sources[datum.component.source].of_name[datum.name]))
 
 
-def _neighbour(rng, datum, sources):
+def neighbour(rng, datum, sources):
     others = sources[datum.component.source].neighbours(datum)
     return datum.with_content_of(rng.choice(others)) if others else None
 
 
-def _isomer(rng, datum, sources):
+def isomer(rng, datum, sources):
     mine = datum.component
     others = [d for d in sources[mine.source].of_name[datum.name]
               if d.component is not mine and mine.formula and d.component.formula == mine.formula]
@@ -118,8 +118,8 @@ KINDS: List[Kind] = [
     _factor('si-solubility', 'the value in (J/cm3)^0.5', ('SOLUPARA',), 2.04548),
     _factor('si-dipole', 'the value in 1e-30 C m', ('DIPOLE',), 3.33564),
     _factor('nm-for-angstrom', 'the value in nm taken for Angstrom', ('RADIUS',), 0.1),
-    Kind('another-component', 'the value of another component', None, _another_component),
-    Kind('line-slip', 'the value of the component before or after in the table', None, _neighbour),
-    Kind('wrong-isomer', 'the value of another component with the same formula', None, _isomer),
+    Kind('another-component', 'the value of another component', None, another_component),
+    Kind('line-slip', 'the value of the component before or after in the table', None, neighbour),
+    Kind('wrong-isomer', 'the value of another component with the same formula', None, isomer),
     Kind('another-column', 'another datum of the component', None, _another_column),
 ]

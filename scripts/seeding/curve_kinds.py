@@ -1,8 +1,9 @@
 """The kinds of mistakes in curves, the correlations with temperature."""
+import math
 from typing import List
 
 from . import digits
-from .constant_kinds import _another_component, _isomer, _neighbour
+from .constant_kinds import another_component, isomer, neighbour
 from .documents import number
 from .kind import Kind
 
@@ -21,6 +22,21 @@ UNIT_WORDS = {
     'SurfaceTension': ('n/m', 'dyne/cm'),
     'CharacteristicVolume': ('m3/kg-mole', 'cm3/g-mole', 'm3/g-mole', 'ft3/lb-mole'),
 }
+# What a value in another unit is, for conversions that were forgotten or made twice.
+_ENERGY_FACTORS = (4.184, 2.326, 1000.0)
+UNIT_FACTORS = {
+    'VaporPressure': (100.0, 6.894757, 101.325, 7.50062, 1000.0),
+    'IdealEnthalpy': _ENERGY_FACTORS, 'LiquidEnthalpy': _ENERGY_FACTORS,
+    'SolidEnthalpy': _ENERGY_FACTORS, 'LatentHeat': _ENERGY_FACTORS,
+    'IdealGasCp': (4.184, 8.314471, 1000.0), 'LiquidCp': (4.184, 1000.0), 'SolidCp': (4.184, 1000.0),
+    'LiquidDensity': (16.01846, 1000.0), 'SolidDensity': (16.01846, 1000.0),
+    'LiquidThermal': (1.730735, 418.4, 1000.0), 'VaporThermal': (1.730735, 418.4, 1000.0),
+    'LiquidViscosity': (10.0, 1000.0), 'VaporViscosity': (10.0, 1000.0),
+    'SurfaceTension': (10.0, 1000.0), 'CharacteristicVolume': (16.01846, 1000.0),
+}
+# How many coefficients have the unit of the value, None for all; of the others one is a logarithm.
+_LINEAR = {'1': None, '25': None, '32': None, '15': 1, '16': 1, '19': 1}
+_LOGARITHMIC = ('12', '20', '21')
 # Curves that a table has for each phase.
 PHASES = (('LiquidViscosity', 'VaporViscosity'), ('LiquidThermal', 'VaporThermal'),
           ('IdealGasCp', 'LiquidCp', 'SolidCp'), ('IdealEnthalpy', 'LiquidEnthalpy', 'SolidEnthalpy'),
@@ -119,10 +135,29 @@ def _unit_word(rng, datum, sources):
     return datum.with_attributes(propUnit=rng.choice(words)) if now and words else None
 
 
+def _in_another_unit(rng, datum, sources):
+    """All that has the unit of the value is in another unit, while the word for the unit is not."""
+    if datum.name not in UNIT_FACTORS:
+        return None
+    equation = datum.attributes['equation']
+    factor = rng.choice(UNIT_FACTORS[datum.name]) ** rng.choice([-1, 1])
+    texts = list(datum.coefficients)
+    if equation in _LINEAR:
+        for i in range(len(texts))[:_LINEAR[equation]]:
+            texts[i] = digits.shown(float(texts[i]) * factor)
+    elif equation in _LOGARITHMIC and texts:
+        base = math.log(10) if datum.attributes.get('logBasis') == 'log' else 1.0
+        texts[0] = digits.shown(float(texts[0]) + math.log(factor) / base)
+    else:
+        return None
+    return datum.with_coefficients(texts)
+
+
 def _other_word(attribute, words):
     def apply(rng, datum, sources):
         now = datum.attributes.get(attribute)
-        return datum.with_attributes(**{attribute: rng.choice([w for w in words if w != now])}) if now else None
+        others = [word for word in words if word != now]
+        return datum.with_attributes(**{attribute: rng.choice(others)}) if now else None
     return apply
 
 
@@ -146,13 +181,16 @@ KINDS: List[Kind] = [
          _coefficient(_nonzero(digits.power_of_ten))),
     Kind('coefficient-exponent-sign', 'the sign of the exponent of ten of a coefficient', None,
          _coefficient(digits.other_exponent_sign)),
+    Kind('coefficient-column', 'a coefficient whose column has a power of ten in its head', None,
+         _coefficient(_nonzero(lambda rng, text: digits.shown(
+             float(text) * 10.0 ** rng.choice([-6, -5, -3, -2, 2, 3, 5, 6]))))),
     Kind('coefficients-exchanged', 'two coefficients exchanged', None, _exchanged),
     Kind('coefficient-lost', 'a coefficient left out', None, _lost),
     Kind('coefficient-line-slip', 'a coefficient of the component before or after', None, _one_line_up),
     Kind('another-equation', 'another equation number', None, _another_equation),
-    Kind('another-curve', 'the curve of another component', None, _another_component),
-    Kind('curve-line-slip', 'the curve of the component before or after in the table', None, _neighbour),
-    Kind('curve-of-isomer', 'the curve of another component with the same formula', None, _isomer),
+    Kind('another-curve', 'the curve of another component', None, another_component),
+    Kind('curve-line-slip', 'the curve of the component before or after in the table', None, neighbour),
+    Kind('curve-of-isomer', 'the curve of another component with the same formula', None, isomer),
     Kind('another-phase', 'the curve of another phase', None, _another_phase),
     Kind('range-off-273', 'the range or one of its limits off by 273.15', None, _shifted),
     Kind('range-in-f', 'the limits in F', None,
@@ -162,6 +200,7 @@ KINDS: List[Kind] = [
     Kind('range-swapped', 'two digits of a limit exchanged', None, _range(digits.swapped, _ONE_END)),
     Kind('range-exchanged', 'the limits exchanged', None, _range_exchanged),
     Kind('another-range', 'the range of another component', None, _another_range),
+    Kind('curve-in-another-unit', 'coefficients of another unit of the value', None, _in_another_unit),
     Kind('unit-word', 'another unit of the value', None, _unit_word),
     Kind('basis-word', 'per mass for per mole, or the reverse', None,
          _other_word('moleWtBasis', ('m', 'wt'))),

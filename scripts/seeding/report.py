@@ -40,7 +40,14 @@ def _overall(results: List[Result]) -> Dict[str, Count]:
             'curves': Count(r for r in results if r.old.is_curve)}
 
 
-def print_results(trials: List[Trial], show: Callable[[str], None]) -> None:
+def _weighted(results: List[Result], numbers: Dict[str, int]) -> float:
+    """The share told if data were drawn as often as the sources have them."""
+    told = {name: c.told / c.n for name, c in _groups(results, lambda r: r.old.name).items()}
+    return sum(told[n] * numbers[n] for n in told) / sum(numbers[n] for n in told) if told else 0.0
+
+
+def print_results(trials: List[Trial], numbers: Dict[str, int], show: Callable[[str], None]) -> None:
+    """`numbers` has how many data of each name there are."""
     results = [t.result for t in trials if t.result]
     heads = '%-27s %5s %5s %6s %5s %6s' % ('', 'n', 'told', '', 'right', 'of told')
     for title, groups in (('kind', _groups(results, lambda r: r.kind)),
@@ -51,16 +58,19 @@ def print_results(trials: List[Trial], show: Callable[[str], None]) -> None:
         for name, count in groups.items():
             show(count.line(name))
         show('')
+    show('told, each datum weighted with how often the sources have it: %.0f %%'
+         % (100 * _weighted(results, numbers)))
+    show('told, without findings of rules and data that had one before: %d'
+         % sum(r.told and r.elsewhere for r in results))
+    show('new findings about other substances: %d, with %d of the mistakes'
+         % (sum(r.strays for r in results), sum(r.strays > 0 for r in results)))
+    show('')
     rules = Counter(r.strongest['id'] for r in results if r.told)
     wrong = Counter(r.strongest['id'] for r in results if r.told and not r.right)
     show('strongest finding             told  culprit not right')
     for rule, n in rules.most_common():
         show('%-27s %6d %18d' % (rule, n, wrong[rule]))
     show('')
-    show('told, without findings of rules and data that had one before: %d'
-         % sum(r.told and r.elsewhere for r in results))
-    show('new findings about other substances: %d, with %d of the mistakes'
-         % (sum(r.strays for r in results), sum(r.strays > 0 for r in results)))
     for title, name in (('too small to count', 'too_small'), ('refused by the import', 'refused')):
         kinds = Counter(k for t in trials for k in getattr(t, name))
         show('%s: %d%s' % (title, sum(kinds.values()),
@@ -79,13 +89,14 @@ def write_misses(path: str, results: List[Result]) -> None:
                                r.sources_with_datum, r.strongest['what'] if r.strongest else ''])
 
 
-def results_json(trials: List[Trial]) -> str:
+def results_json(trials: List[Trial], numbers: Dict[str, int]) -> str:
     results = [t.result for t in trials if t.result]
 
     def members(groups):
         return {name: count.members() for name, count in groups.items()}
     return json.dumps({
         'overall': members(_overall(results)),
+        'told_weighted': _weighted(results, numbers),
         'kinds': members(_groups(results, lambda r: r.kind)),
         'data': members(_groups(results, lambda r: r.old.name)),
         'sources': members(_groups(results, lambda r: r.old.component.source)),

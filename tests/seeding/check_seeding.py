@@ -4,6 +4,7 @@
 """
 import csv
 import json
+import math
 import os
 import subprocess
 import sys
@@ -79,10 +80,23 @@ class Kinds(unittest.TestCase):
             changed = kind(name).change(Random(1), datum(source, component, of), SOURCES)
             self.assertAlmostEqual(1, changed.value / expected, 6, name)
 
+    def test_units_of_curves(self):
+        old = datum('perry', 'CCL4', 'LiquidDensity')  # equation 16: only C1 has the unit of the value
+        new = kind('curve-in-another-unit').change(Random(1), old, SOURCES)
+        self.assertEqual(old.coefficients[1:], new.coefficients[1:])
+        factor = float(new.coefficients[0]) / float(old.coefficients[0])
+        self.assertTrue(any(abs(factor ** sign / f - 1) < 1e-6 for sign in (1, -1)
+                            for f in curve_kinds.UNIT_FACTORS['LiquidDensity']), factor)
+        old = datum('perry', 'CCL4', 'VaporPressure')  # equation 20: exp(C1 + ...)
+        new = kind('curve-in-another-unit').change(Random(1), old, SOURCES)
+        factor = math.exp(float(new.coefficients[0]) - float(old.coefficients[0]))
+        self.assertTrue(any(abs(factor ** sign / f - 1) < 1e-4 for sign in (1, -1)
+                            for f in curve_kinds.UNIT_FACTORS['VaporPressure']), factor)
+
     def test_a_line_slip_takes_the_next_component(self):
         table = SOURCES['chemsep'].of_name['TC']
         changed = kind('line-slip').change(Random(1), table[5], SOURCES)
-        self.assertIn(changed.attributes['value'], (table[4].attributes['value'], table[6].attributes['value']))
+        self.assertIn(changed.value, (table[4].value, table[6].value))
 
     def test_a_mistake_that_changes_nothing_is_none(self):
         mine = datum('chemsep', 'CCL4', 'DIPOLE')
@@ -105,11 +119,12 @@ class Kinds(unittest.TestCase):
 
 class Fingerprints(unittest.TestCase):
     def test_numbers_alone_do_not_make_a_finding_new(self):
-        def finding(text, **more):
-            return {'library': 'a.lb1', 'item': 'X2', 'id': 'rule', 'datum': 'TC', 'text': text, **more}
-        self.assertEqual(fingerprint(finding('TC is 12.5 K')), fingerprint(finding('TC is -1e-05 K')))
-        self.assertNotEqual(fingerprint(finding('TC of C4 is 12 K')), fingerprint(finding('TC of C5 is 12 K')))
-        self.assertNotEqual(fingerprint(finding('a', fingerprint='1')), fingerprint(finding('a', fingerprint='2')))
+        def of(text, **more):
+            return fingerprint({'library': 'a.lb1', 'item': 'X2', 'id': 'rule', 'datum': 'TC', 'text': text,
+                                **more})
+        self.assertEqual(of('TC is 12.5 K'), of('TC is -1e-05 K'))
+        self.assertNotEqual(of('TC of C4 is 12 K'), of('TC of C5 is 12 K'))
+        self.assertNotEqual(of('a', fingerprint='1'), of('a', fingerprint='2'))
 
 
 class Runs(unittest.TestCase):
