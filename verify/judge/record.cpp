@@ -1,5 +1,6 @@
 #include "verify/judge/record.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -13,6 +14,26 @@ constexpr double kSlack = 0.5;  // K, beyond the ends of a range
 // Kelvins in one unit of a curve's temperatures.
 double KelvinsPerDegree(std::int32_t unit) {
   return ConvertTemperature(1.0, unit, kKelvin) - ConvertTemperature(0.0, unit, kKelvin);
+}
+
+// Where curves of a kind are fitted. None for solids, whose curves end at a melting point that a
+// record may not have.
+KelvinRange UsualRange(std::uint32_t curve, double critical, double melting) {
+  if (!IsDefined(critical) || !(critical > 0.0)) return {};
+  switch (curve) {
+    case correlationIdealEnthalpy:
+    case correlationVaporThermal:
+    case correlationVaporViscosity:
+    case correlationIdealGasCp: return {0.5 * critical, 1.3 * critical};
+    case correlationSolidEnthalpy:
+    case correlationSolidDensity:
+    case correlationSolidCp: return {};
+    default: break;
+  }
+  // Viscosities above the boiling point are rarely measured, and equations go astray there.
+  double const high = (curve == correlationLiquidViscosity ? 0.75 : 0.9) * critical;
+  double const low = 0.4 * critical;
+  return {IsDefined(melting) ? std::max(low, melting) : low, high};
 }
 
 }  // namespace
@@ -59,6 +80,9 @@ KelvinRange Record::RangeOf(std::uint32_t curve) const {
   ZelCorrelation const& taken = Curve(curve);
   if (IsDefined(taken.tMin)) range.low = ConvertTemperature(taken.tMin, taken.tempUnit, kKelvin);
   if (IsDefined(taken.tMax)) range.high = ConvertTemperature(taken.tMax, taken.tempUnit, kKelvin);
+  KelvinRange const usual = UsualRange(curve, Constant(propertyTC), Constant(propertyNMP));
+  if (!IsDefined(range.low)) range.low = usual.low;
+  if (!IsDefined(range.high)) range.high = usual.high;
   return range;
 }
 

@@ -59,6 +59,8 @@ class Record {
   double Constant(std::uint32_t index) const { return constants_[index]; }
   // False for Expansion and for equations 38 and 54, which cannot be evaluated by themselves.
   bool HasCurve(std::uint32_t index) const { return curves_[index] >= 0; }
+  // A curve without limits has the range in which such curves are usual, if TC is known: of a
+  // liquid NMP or 0.4 TC to 0.9 TC (a viscosity to 0.75 TC), of a gas 0.5 TC to 1.3 TC.
   KelvinRange RangeOf(std::uint32_t curve) const;
   ZelCorrelation const& Curve(std::uint32_t curve) const;
   // The value at a temperature in K within the range and 0.5 K around it, in the curve's internal

@@ -48,7 +48,7 @@ void AddRelations(Substance const& substance, std::vector<Tension>& tensions) {
       tension.about = reading.ClaimOf(outcome->about);
       tension.value = outcome->value;
       tension.expected = outcome->expected;
-      tension.unit = outcome->about.Unit();
+      tension.unit = outcome->unit != nullptr ? outcome->unit : outcome->about.Unit();
       tension.temperature = outcome->temperature;
       tension.deviation = outcome->deviation;
       tension.from = relation->from;
