@@ -41,13 +41,13 @@ struct CurveRow {
 };
 
 constexpr CurveRow kCurves[] = {
-    {correlationVaporPressure, 0.04, false},  {correlationIdealEnthalpy, 0.025, true},
-    {correlationLiquidEnthalpy, 0.05, true},  {correlationLatentHeat, 0.05, false},
-    {correlationLiquidDensity, 0.03, false},  {correlationLiquidThermal, 0.12, false},
-    {correlationVaporThermal, 0.15, false},   {correlationLiquidViscosity, 0.20, false},
-    {correlationVaporViscosity, 0.10, false}, {correlationSurfaceTension, 0.08, false},
+    {correlationVaporPressure, 0.06, false},  {correlationIdealEnthalpy, 0.03, true},
+    {correlationLiquidEnthalpy, 0.05, true},  {correlationLatentHeat, 0.07, false},
+    {correlationLiquidDensity, 0.02, false},  {correlationLiquidThermal, 0.08, false},
+    {correlationVaporThermal, 0.08, false},   {correlationLiquidViscosity, 0.15, false},
+    {correlationVaporViscosity, 0.06, false}, {correlationSurfaceTension, 0.12, false},
     {correlationSolidEnthalpy, 0.08, true},   {correlationSolidDensity, 0.05, false},
-    {correlationIdealGasCp, 0.025, false},    {correlationLiquidCp, 0.06, false},
+    {correlationIdealGasCp, 0.03, false},    {correlationLiquidCp, 0.06, false},
     {correlationSolidCp, 0.08, false},        {correlationDielectric, 0.06, false}};
 
 constexpr JudgeRule kRules[] = {
