@@ -186,7 +186,7 @@ void Edit::CheckStoredIn(Values const& wanted, Values const& stored) const {
   }
 }
 
-// The reference code that a datum with a new value keeps; empty if there is none.
+// The reference code that a datum with a new value keeps; empty if it has no code.
 std::string Edit::KeptCode(std::string const& name) const {
   for (std::vector<Cell> const& row : edited_.changes.Rows()) {
     std::string const datum = CellText(row[0]);

@@ -291,7 +291,8 @@ class ZEL_DESK_API Libraries {
   /// Returns the components of all libraries.
   /// \return each once, in the order of the libraries
   std::vector<Identity> Components() const;
-  /// Returns an item of the first library that has it in a bank of the type. Throws UnknownWord for
+  /// Returns an item of the first library that has it in a bank of the type. A component that names
+  /// it is found in each library by the number that it has there. Throws UnknownWord for
   /// a type that does not exist, MissingItem, DamagedLibrary.
   /// \param type   a bank type, "NRTL" for example
   /// \param words  the components, numbers or text that name it

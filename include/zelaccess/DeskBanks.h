@@ -102,7 +102,7 @@ class ZEL_DESK_API LibraryFile {
   std::vector<std::vector<std::string>> Keys(std::string const& bank) const;
   /// Returns the memo of a bank.
   /// \param bank  see above; empty for the memo of the library
-  /// \return empty if there is none
+  /// \return the memo; empty if the bank has none
   std::string Memo(std::string const& bank = "") const;
   /// Writes documents (docs/interchange.md), all or none: one for the library and one for each
   /// bank, or that of one bank. Throws Error if they cannot be written.

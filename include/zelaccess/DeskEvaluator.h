@@ -28,10 +28,10 @@ struct EvaluatorArrays {
   std::size_t count = 0;                 ///< Number of elements.
   double const* temperatures = nullptr;  ///< In the evaluator's unit of temperatures. They must not
                                          ///< share memory with the results.
-  double* values = nullptr;              ///< Receives the values, NaN where there is none; may be
-                                         ///< null.
+  double* values = nullptr;              ///< Receives the values, NaN where the equation has no
+                                         ///< value; may be null.
   double* derivatives = nullptr;         ///< Receives the derivatives of the evaluator's order, NaN
-                                         ///< where there is none; may be null.
+                                         ///< where the equation has no value; may be null.
   std::int32_t* statuses = nullptr;      ///< Receives 0 inside the range, 1 above, -1 below; may be
                                          ///< null.
   zelBatchModes mode = batchExact;       ///< batchVector: faster, within 1e-12 of a value.
@@ -59,7 +59,7 @@ class ZEL_DESK_API Evaluator {
 
   /// Evaluates at one temperature.
   /// \param temperature  in the unit of temperatures
-  /// \return the value; NaN where there is none
+  /// \return the value; NaN where the equation has none
   double Value(double temperature) const;
   /// Evaluates at many temperatures. Throws UnknownWord for temperatures and values that have no
   /// counterpart in another unit.

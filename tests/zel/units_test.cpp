@@ -195,7 +195,7 @@ bool Has(std::string const& text, std::string const& part) {
   return text.find(part) != std::string::npos;
 }
 
-// Without the molecular weight there is no way from one to the other.
+// The conversion needs the molecular weight.
 TEST_F(UnitsTest, AUnitPerMassIsNotUsedForWhatIsPerMoleAndSaidSo) {
   std::string const density = "eval ETHANOL LiquidDensity -l perry.lb1 --at 25C";
   std::string const warning =

@@ -50,7 +50,7 @@ py::list FieldsOfType(std::string const& type) {
   return all;
 }
 
-// A dimension that has both units; empty if there is none.
+// A dimension that has both units; empty if no dimension has both.
 std::string DimensionOf(std::string const& from, std::string const& to) {
   char name[zel::kUnitTextSize] = {};
   for (std::int32_t i = 0; i < zel::GetDimensionCount(); ++i) {

@@ -42,7 +42,7 @@ auto Unlocked(Work const& work) {
 template <typename Object>
 class Reopened {
  public:
-  // Calls `work` with the object, which `open` makes if there is none.
+  // Calls `work` with the object, which `open` makes on first use and after a close.
   template <typename Open, typename Work>
   auto Use(Open const& open, Work const& work) {
     py::gil_scoped_release const released;

@@ -29,7 +29,7 @@ py::object ArrayOrValue(py::array_t<T> const& array) {
   return array;
 }
 
-// A field of a record, as Python passes it; its default if there is none.
+// A field of a record, as Python passes it; its default if the record does not have it.
 template <typename T>
 void Take(py::dict const& record, char const* name, T& field) {
   if (record.contains(name) && !record[name].is_none()) field = record[name].cast<T>();

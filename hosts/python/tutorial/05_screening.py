@@ -35,7 +35,7 @@ print(f"{len(window)} in the window, {unknown.sum()} without one of the two cons
 
 # %%
 def at_25(name, datum):
-    """The value at 25 degC in internal units, nan if there is none or if it is extrapolated."""
+    """The value at 25 degC in internal units, nan if it is missing or extrapolated."""
     try:
         value, status = libs[name].correlation(datum)(298.15, status=True)
     except za.MissingDatum:

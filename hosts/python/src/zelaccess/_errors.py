@@ -9,7 +9,7 @@ class ZelError(Exception):
     Attributes
     ----------
     file : str
-        The library or document that it is about, as it was named; empty if there is none.
+        The library or document that it is about, as it was named; empty if the error is not about a file.
     """
 
     def __init__(self, message: str = "", file: str = ""):
