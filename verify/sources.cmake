@@ -16,16 +16,20 @@ set(verify_SOURCES
     identity.cpp
     item_fields.cpp
     judge/between_sources.cpp
+    judge/constant_relations.cpp
     judge/diagnosis.cpp
+    judge/hazard_relations.cpp
     judge/judged_finding.cpp
     judge/judgement.cpp
-    judge/kin.cpp
+    judge/kin.cpp)
     judge/reading.cpp
     judge/record.cpp
     judge/relation_tables.cpp
     judge/relations.cpp
     judge/slip.cpp
     judge/substance.cpp
+    judge/thermal_relations.cpp
+    judge/volume_relations.cpp
     library_comparison.cpp
     pair_checks.cpp
     tree_check.cpp

@@ -46,7 +46,7 @@ double Reading::Constant(std::uint32_t index, Stake stake) {
 double Reading::At(std::uint32_t curve, double kelvin, Stake stake) {
   if (!(kelvin > 0.0)) return kMissing;
   double const own = OwnAt(curve, kelvin, stake);
-  if (IsDefined(own)) return own;
+  if (!std::isnan(own)) return own;
   Record const* const other = substance_.RecordAt(curve, kelvin);
   if (other == nullptr) return kMissing;
   return Note(other, Datum::Curve(curve), other->At(curve, kelvin), stake);
@@ -55,7 +55,7 @@ double Reading::At(std::uint32_t curve, double kelvin, Stake stake) {
 double Reading::Slope(std::uint32_t curve, double kelvin, Stake stake) {
   if (!(kelvin > 0.0)) return kMissing;
   double const own = OwnSlope(curve, kelvin, stake);
-  if (IsDefined(own)) return own;
+  if (!std::isnan(own)) return own;
   Record const* const other = substance_.RecordAt(curve, kelvin);
   if (other == nullptr) return kMissing;
   return Note(other, Datum::Curve(curve), other->Slope(curve, kelvin), stake);

@@ -36,6 +36,13 @@ KelvinRange UsualRange(std::uint32_t curve, double critical, double melting) {
   return {IsDefined(melting) ? std::max(low, melting) : low, high};
 }
 
+// A number, which needs no range.
+bool IsAnywhere(ZelCorrelation const& curve) {
+  constexpr std::int32_t kPolynomial = 1;
+  return curve.equation == kPolynomial && curve.coefficientCount == 1 && !IsDefined(curve.tMin) &&
+         !IsDefined(curve.tMax);
+}
+
 }  // namespace
 
 char const* Datum::Name() const {
@@ -109,9 +116,11 @@ double Record::Extended(std::uint32_t curve, double kelvin) const {
 }
 
 double Record::At(std::uint32_t curve, double kelvin) const {
+  if (!HasCurve(curve) || !IsDefined(kelvin)) return gen_GetUndefDouble();
   KelvinRange const range = RangeOf(curve);
-  bool const isInside = range.IsBounded() && IsDefined(kelvin) && kelvin >= range.low - kSlack &&
-                        kelvin <= range.high + kSlack;
+  bool const isInside =
+      IsAnywhere(Curve(curve)) ||
+      (range.IsBounded() && kelvin >= range.low - kSlack && kelvin <= range.high + kSlack);
   return isInside ? Evaluate(curve, kelvin, nullptr) : gen_GetUndefDouble();
 }
 

@@ -4,7 +4,9 @@
 
 namespace zel {
 
-std::vector<std::span<Relation const>> RelationTables() { return {}; }
+std::vector<std::span<Relation const>> RelationTables() {
+  return {ConstantRelations(), VolumeRelations(), ThermalRelations(), HazardRelations()};
+}
 
 std::vector<JudgeRule const*> AllRules() {
   std::vector<JudgeRule const*> rules;

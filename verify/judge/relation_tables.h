@@ -8,6 +8,11 @@
 
 namespace zel {
 
+std::span<Relation const> ConstantRelations();
+std::span<Relation const> HazardRelations();
+std::span<Relation const> ThermalRelations();
+std::span<Relation const> VolumeRelations();
+
 // All tables, in the order in which rules are listed.
 std::vector<std::span<Relation const>> RelationTables();
 

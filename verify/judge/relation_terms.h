@@ -1,0 +1,33 @@
+// What the tables of relations share.
+#pragma once
+
+#include <cmath>
+
+#include "verify/judge/reading.h"
+
+namespace zel {
+
+using Found = std::optional<Outcome>;
+
+inline constexpr double kGasConstant = 8.314462618;  // kJ/(kg-mol K), CODATA 2018, exact
+inline constexpr double kRoom = 298.15;              // K
+inline constexpr double kAtmospheric = 101.325;      // kPa
+
+inline constexpr Datum Of(zelProperties index) { return Datum::Constant(index); }
+inline constexpr Datum Of(zelCorrelations index) { return Datum::Curve(index); }
+
+// An outcome about a value of a curve.
+inline Found At(Found outcome, double kelvin) {
+  if (outcome) outcome->temperature = kelvin;
+  return outcome;
+}
+
+// A limit that a value does not exceed, or fall below; agrees fully on the right side of it.
+inline Found AtMost(Datum about, double value, double limit, double tolerance) {
+  return Outcome::Absolute(about, value <= limit ? limit : value, limit, tolerance);
+}
+inline Found AtLeast(Datum about, double value, double limit, double tolerance) {
+  return Outcome::Absolute(about, value >= limit ? limit : value, limit, tolerance);
+}
+
+}  // namespace zel
