@@ -21,7 +21,7 @@ set(verify_SOURCES
     judge/hazard_relations.cpp
     judge/judged_finding.cpp
     judge/judgement.cpp
-    judge/kin.cpp)
+    judge/kin.cpp
     judge/reading.cpp
     judge/record.cpp
     judge/relation_tables.cpp
