@@ -63,8 +63,8 @@ class Record {
   // liquid NMP or 0.4 TC to 0.9 TC (a viscosity to 0.75 TC), of a gas 0.5 TC to 1.3 TC.
   KelvinRange RangeOf(std::uint32_t curve) const;
   ZelCorrelation const& Curve(std::uint32_t curve) const;
-  // The value at a temperature in K within the range and 0.5 K around it, in the curve's internal
-  // unit; undefined if there is none or it is not finite.
+  // The value at a temperature in K within the range and 0.5 K around it (a number needs no range),
+  // in the curve's internal unit; undefined if there is none or it is not finite.
   double At(std::uint32_t curve, double kelvin) const;
   // The same without regard to the range: what the equation itself gives.
   double Extended(std::uint32_t curve, double kelvin) const;
