@@ -181,11 +181,20 @@ Table WhyOf(std::vector<std::string> const& libraries, std::string const& compon
 
 Table CheckOf(std::vector<std::string> const& libraries, std::vector<std::string> const& silent,
               bool structureOnly, ReportSettings const& settings) {
+  CheckSettings check;
+  check.silent = silent;
+  check.structureOnly = structureOnly;
+  return FindingsOf(libraries, check, settings);
+}
+
+Table FindingsOf(std::vector<std::string> const& libraries, CheckSettings const& check,
+                 ReportSettings const& settings) {
   return InSession(settings, [&](Session& session) {
     CheckOptions options;
     options.libraries = FoundOnPath(libraries, settings);
-    options.silent = silent;
-    options.structureOnly = structureOnly;
+    options.silent = check.silent;
+    options.structureOnly = check.structureOnly;
+    options.minStrength = check.minStrength;
     options.acceptIdentity = settings.acceptIdentity;
     return FindingTable("findings", CheckLibraries(session, options));
   });

@@ -109,7 +109,14 @@ std::vector<CheckRule> CheckRules() {
   }
   zel::ZelDataRule const* const judged = zel::GetDataRules(count);
   for (std::int32_t i = 0; i < count; ++i) {
-    rules.push_back({judged[i].id, std::string(judged[i].formula) + "; " + judged[i].tolerance});
+    std::string const text = std::string(judged[i].formula) + " (" + judged[i].tolerance + ")";
+    auto const known = std::find_if(rules.begin(), rules.end(),
+                                    [&](CheckRule const& rule) { return rule.id == judged[i].id; });
+    if (known == rules.end()) {
+      rules.push_back({judged[i].id, text});
+    } else {
+      known->rule += "; " + text;
+    }
   }
   return rules;
 }

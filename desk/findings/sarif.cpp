@@ -1,3 +1,4 @@
+#include <cmath>
 #include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -75,6 +76,9 @@ class Log {
                      {"message", {{"text", finding.place + ": " + finding.text}}},
                      {"locations", Json::array({std::move(place)})},
                      {"partialFingerprints", {{"zelFinding/v1", FingerprintOf(finding)}}}};
+      constexpr double kHighestRank = 100.0;
+      result["rank"] = std::round(finding.strength * kHighestRank);
+      if (!finding.evidence.empty()) result["properties"] = {{"evidence", finding.evidence}};
       if (checked_.hasBaseline) result["baselineState"] = state;
       results_.push_back(std::move(result));
     }

@@ -88,10 +88,28 @@ ZEL_DESK_API Table WhyOf(std::vector<std::string> const& libraries, std::string 
 /// \param structureOnly  the data are not checked
 /// \param settings       how they are read; units are internal
 /// \return a row for each finding: severity (note, warning, error or damage), id, what, library,
-///         place, bank, item, datum, value, unit, expected from, expected to, temperature [K], text
+///         place, bank, item, datum, value, unit, expected from, expected to, temperature [K],
+///         strength (0 to 1: how likely the datum is wrong), fingerprint (the same for the same
+///         finding), evidence (the comparisons that disagree), text; by severity, then by strength
+///         from 0.5 on
 ZEL_DESK_API Table CheckOf(std::vector<std::string> const& libraries,
                            std::vector<std::string> const& silent = {}, bool structureOnly = false,
                            ReportSettings const& settings = {});
+
+/// What FindingsOf checks and reports.
+struct CheckSettings {
+  std::vector<std::string> silent;  ///< IDs of checks that are left out; damage never is.
+  bool structureOnly = false;       ///< The data are not checked.
+  double minStrength = 0.5;         ///< Findings of a lower strength, 0 to 1, are left out.
+};
+
+/// Does what CheckOf does, with a least strength.
+/// \param libraries  library files, without banks
+/// \param check      what is checked and reported
+/// \param settings   how they are read; units are internal
+/// \return as CheckOf
+ZEL_DESK_API Table FindingsOf(std::vector<std::string> const& libraries, CheckSettings const& check,
+                              ReportSettings const& settings = {});
 
 /// What differs between two sources.
 struct ComparedSources {

@@ -41,9 +41,9 @@ void AddTables(py::module_& module) {
     }));
   });
   module.def("check_of", [](Words const& libraries, Words const& silent, bool structureOnly,
-                            py::tuple const& given) {
+                            double minStrength, py::tuple const& given) {
     return ToPython(Made(given, [&](desk::ReportSettings const& settings) {
-      return desk::CheckOf(libraries, silent, structureOnly, settings);
+      return desk::FindingsOf(libraries, {silent, structureOnly, minStrength}, settings);
     }));
   });
 }

@@ -246,10 +246,12 @@ class Libraries:
         """Compare the data of two sources by value; see `compare`."""
         return compare(first, second, components, tolerance, settings=self._settings(units))
 
-    def check(self, silence: Any = None, structure_only: bool = False) -> Any:
+    def check(self, silence: Any = None, structure_only: bool = False,
+              min_strength: float = 0.5) -> Any:
         """Check the libraries, each also with the others; see `check`."""
         files = [_handles.file_of(library) for library in self.libraries]
-        return frame(_native.check_of(files, words(silence), structure_only, self._settings()))
+        return frame(_native.check_of(files, words(silence), structure_only, min_strength,
+                                      self._settings()))
 
     def flatten(self, path: str, components: Any = None) -> Any:
         """Save what these libraries have as one new library; return what came from where."""
@@ -307,8 +309,22 @@ def compare(first: str, second: str, components: Any = None, tolerance: float = 
 
 
 def check(*libraries: str, silence: Any = None, structure_only: bool = False,
-          accept_identity: bool = False) -> Any:
+          accept_identity: bool = False, min_strength: float = 0.5) -> Any:
     """Check the structure and the data of libraries: a DataFrame with a row for each finding.
+
+    Parameters
+    ----------
+    *libraries : str
+        Library files; the data of each are also compared with the others.
+    silence : str or list of str, optional
+        IDs of checks that are left out.
+    structure_only : bool, optional
+        The data are not checked.
+    accept_identity : bool, optional
+        Different substances under one name are a warning, not an error.
+    min_strength : float, optional
+        Findings of a lower strength, 0 to 1, are left out. The strength says how likely the
+        datum is wrong.
 
     Examples
     --------
@@ -316,7 +332,8 @@ def check(*libraries: str, silence: Any = None, structure_only: bool = False,
     True
     """
     return frame(_native.check_of([str(library) for library in libraries], words(silence),
-                                  structure_only, ("", "", accept_identity, 0.0, [])))
+                                  structure_only, min_strength,
+                                  ("", "", accept_identity, 0.0, [])))
 
 
 def _identities(pd: Any, found: Any) -> Any:
