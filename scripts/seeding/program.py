@@ -68,11 +68,11 @@ def fingerprint(finding: dict) -> tuple:
     """The same for a finding whose numbers alone differ, unless zel says what is the same."""
     if finding.get('fingerprint'):
         return (finding['fingerprint'],)
-    return place_of(finding) + (_NUMBER.sub('#', finding.get('text') or ''),)
+    return place_of(finding) + (finding['id'], _NUMBER.sub('#', finding.get('text') or ''))
 
 
 def place_of(finding: dict) -> tuple:
-    return tuple(finding.get(key) for key in ('library', 'item', 'id', 'datum'))
+    return tuple(finding.get(key) for key in ('library', 'item', 'datum'))
 
 
 def kelvin(datum: Datum, end: str) -> Optional[float]:

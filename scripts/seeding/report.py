@@ -60,7 +60,7 @@ def print_results(trials: List[Trial], numbers: Dict[str, int], show: Callable[[
         show('')
     show('told, each datum weighted with how often the sources have it: %.0f %%'
          % (100 * _weighted(results, numbers)))
-    show('told, without findings of rules and data that had one before: %d'
+    show('told by a finding about a datum that had none before: %d'
          % sum(r.told and r.elsewhere for r in results))
     show('new findings about other substances: %d, with %d of the mistakes'
          % (sum(r.strays for r in results), sum(r.strays > 0 for r in results)))
@@ -109,6 +109,16 @@ def results_json(trials: List[Trial], numbers: Dict[str, int]) -> str:
             'strongest': r.strongest and r.strongest['what']} for r in results]}, indent=1)
 
 
+def unchanged_json(findings: List[dict], data: int, strongest: int) -> str:
+    return json.dumps({'data': data, 'findings': len(findings),
+                       'rules': Counter(f['id'] for f in findings),
+                       'strongest': _by_strength(findings)[:strongest]}, indent=1)
+
+
+def _by_strength(findings: List[dict]) -> List[dict]:
+    return sorted(findings, key=lambda f: -f['strength'])
+
+
 def print_unchanged(findings: List[dict], data: int, strongest: int, show: Callable[[str], None]) -> None:
     """How many findings the unchanged sources have, and the strongest of them."""
     show('%-27s %8s  per 200 of %d data' % ('rule', 'findings', data))
@@ -119,5 +129,7 @@ def print_unchanged(findings: List[dict], data: int, strongest: int, show: Calla
     if strongest:
         show('')
         show('strength  rule                  finding')
-        for f in sorted(findings, key=lambda f: -f['strength'])[:strongest]:
+        for f in _by_strength(findings)[:strongest]:
             show('%8.3f  %-20s  %s' % (f['strength'], f['id'], f['what']))
+            for line in filter(None, (f.get('evidence') or '').split('; ')):
+                show(' ' * 32 + line)

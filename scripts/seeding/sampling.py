@@ -23,7 +23,7 @@ class Result:
     size: float
     sources_with_datum: int
     told: bool = False           # a new finding about the substance
-    elsewhere: bool = False      # told by a finding of a rule and a datum that had none before
+    elsewhere: bool = False      # told by a finding about a datum that had none before
     right: bool = False          # the strongest names the library and the datum
     strongest: Optional[dict] = None
     strays: int = 0              # new findings about other substances
