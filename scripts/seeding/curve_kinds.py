@@ -90,8 +90,7 @@ def _one_line_up(rng, datum, sources):
 
 def _another_equation(rng, datum, sources):
     """A number that some curve with as many coefficients has."""
-    numbers = {d.attributes['equation'] for s in sources.values() for d in s.data
-               if d.is_curve and len(d.coefficients) == len(datum.coefficients)}
+    numbers = {n for s in sources.values() for n in s.equations.get(len(datum.coefficients), ())}
     numbers.discard(datum.attributes['equation'])
     return datum.with_attributes(equation=rng.choice(sorted(numbers))) if numbers else None
 

@@ -2,7 +2,7 @@
 import os
 import re
 from dataclasses import dataclass, field, replace
-from typing import Dict, List, Optional, Tuple
+from typing import Dict, List, Optional, Set, Tuple
 
 _COMPONENT = re.compile(r'<comp>.*?</comp>', re.S)
 _ID = re.compile(r'<id\b([^>]*)>([^<]*)</id>', re.S)
@@ -105,7 +105,11 @@ class Source:
         self.of_name: Dict[str, List[Datum]] = {}
         for datum in self.data:
             self.of_name.setdefault(datum.name, []).append(datum)
-        self.position = {id(d.component): i for i, d in enumerate(self.data)}
+        self.equations: Dict[int, Set[str]] = {}  # by the number of coefficients
+        for datum in self.data:
+            if datum.is_curve:
+                self.equations.setdefault(len(datum.coefficients), set()).add(
+                    datum.attributes.get('equation', ''))
 
     def _read(self, file: str) -> None:
         if file in self.texts:

@@ -17,13 +17,17 @@ class Count:
         self.n = len(results)
         self.told = sum(r.told for r in results)
         self.right = sum(r.right for r in results)
+        shared = [r for r in results if r.sources_with_datum > 1]
+        self.shared, self.shared_told = len(shared), sum(r.told for r in shared)
 
     def members(self) -> dict:
-        return {'n': self.n, 'told': self.told, 'culprit_right': self.right}
+        return {'n': self.n, 'told': self.told, 'culprit_right': self.right, 'shared': self.shared,
+                'shared_told': self.shared_told}
 
     def line(self, name: str) -> str:
-        return '%-27s %5d %5d %6s %5d %6s' % (name, self.n, self.told, _share(self.told, self.n),
-                                              self.right, _share(self.right, self.told))
+        return '%-27s %5d %5d %6s %5d %6s %8d %6s' % (
+            name, self.n, self.told, _share(self.told, self.n), self.right,
+            _share(self.right, self.told), self.shared, _share(self.shared_told, self.shared))
 
 
 def _groups(results: List[Result], key: Callable[[Result], str]) -> Dict[str, Count]:
@@ -49,7 +53,8 @@ def _weighted(results: List[Result], numbers: Dict[str, int]) -> float:
 def print_results(trials: List[Trial], numbers: Dict[str, int], show: Callable[[str], None]) -> None:
     """`numbers` has how many data of each name there are."""
     results = [t.result for t in trials if t.result]
-    heads = '%-27s %5s %5s %6s %5s %6s' % ('', 'n', 'told', '', 'right', 'of told')
+    heads = '%-27s %5s %5s %6s %5s %6s %8s %6s' % (
+        '', 'n', 'told', '', 'right', 'of told', 'shared n', 'told')
     for title, groups in (('kind', _groups(results, lambda r: r.kind)),
                           ('datum', _groups(results, lambda r: r.old.name)),
                           ('source', _groups(results, lambda r: r.old.component.source)),
@@ -80,13 +85,13 @@ def print_results(trials: List[Trial], numbers: Dict[str, int], show: Callable[[
 def write_misses(path: str, results: List[Result]) -> None:
     with open(path, 'w', encoding='utf-8', newline='') as stream:
         rows = csv.writer(stream)
-        rows.writerow(['told', 'source', 'component', 'datum', 'kind', 'old', 'new', 'size', 'sources',
-                       'strongest'])
+        rows.writerow(['number', 'told', 'source', 'component', 'datum', 'kind', 'old', 'new', 'size',
+                       'sources', 'strongest'])
         for r in results:
             if not r.told or not r.right:
-                rows.writerow(['yes' if r.told else 'no', r.old.component.source, r.old.component.ids[0],
-                               r.old.name, r.kind, r.old.brief(), r.new.brief(), '%.3g' % r.size,
-                               r.sources_with_datum, r.strongest['what'] if r.strongest else ''])
+                rows.writerow([r.number, 'yes' if r.told else 'no', r.old.component.source,
+                               r.old.component.ids[0], r.old.name, r.kind, r.old.brief(),
+                               r.new.brief(), '%.3g' % r.size, r.sources_with_datum, r.strongest['what'] if r.strongest else ''])
 
 
 def results_json(trials: List[Trial], numbers: Dict[str, int]) -> str:
@@ -103,7 +108,7 @@ def results_json(trials: List[Trial], numbers: Dict[str, int]) -> str:
         'too_small': Counter(k for t in trials for k in t.too_small),
         'refused': Counter(k for t in trials for k in t.refused),
         'mistakes': [{
-            'source': r.old.component.source, 'component': r.old.component.ids[0], 'datum': r.old.name,
+            'number': r.number, 'source': r.old.component.source, 'component': r.old.component.ids[0], 'datum': r.old.name,
             'kind': r.kind, 'old': r.old.brief(), 'new': r.new.brief(), 'size': min(r.size, 1e300),
             'sources_with_datum': r.sources_with_datum, 'told': r.told, 'culprit_right': r.right,
             'strongest': r.strongest and r.strongest['what']} for r in results]}, indent=1)

@@ -22,6 +22,7 @@ class Result:
     new: Datum
     size: float
     sources_with_datum: int
+    number: int = 0              # in the sample
     told: bool = False           # a new finding about the substance
     elsewhere: bool = False      # told by a finding about a datum that had none before
     right: bool = False          # the strongest names the library and the datum
@@ -92,11 +93,13 @@ class Sampler:
             for datum in source.data:
                 self.with_datum.setdefault((datum.component.substance, datum.name), set()).add(source.name)
 
-    def trial(self, bench: Bench, pair: Pair, seed: str) -> Trial:
-        rng = Random(seed)
+    def trial(self, bench: Bench, pair: Pair, seed: int, number: int) -> Trial:
+        """The mistake of this number in the sample of a seed."""
+        rng = Random('%d:%d' % (seed, number))
         trial = Trial(None, [], [])
         for _ in range(_PAIRS):
             if self._try_pair(bench, pair, rng, trial):
+                trial.result.number = number
                 break
             pair = rng.choice(self.pairs)
         return trial

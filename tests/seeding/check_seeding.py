@@ -153,6 +153,20 @@ class Runs(unittest.TestCase):
         self.assertGreater(made['overall']['all']['told'], 0)
         self.assertEqual(sum(not m['told'] or not m['culprit_right'] for m in made['mistakes']), len(rows))
 
+    def test_one_mistake_of_a_sample_is_left_in_libraries(self):
+        with tempfile.TemporaryDirectory() as folder:
+            some = json.loads(run('--count', '3', '--only', 'wrong-digit', '--json').stdout)['mistakes']
+            one = run('--number', '2', '--only', 'wrong-digit', '--json', '--leave', folder)
+            self.assertEqual(0, one.returncode, one.stderr)
+            mistake, = json.loads(one.stdout)['mistakes']
+            self.assertEqual(some[2], mistake)
+            left = subprocess.run([ZEL, 'export', mistake['source'] + '.lb1', '-o', 'left.xml'], cwd=folder,
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding='utf-8')
+            self.assertEqual(0, left.returncode, left.stderr)
+            left = Source(os.path.join(folder, 'left.xml'))
+        component = next(c for c in left.components if mistake['component'] in c.ids)
+        self.assertAlmostEqual(1, component.data[mistake['datum']].value / float(mistake['new']), 6)
+
     def test_words_that_do_not_exist_are_refused(self):
         done = run('--only', 'no-such-kind')
         self.assertEqual(1, done.returncode)
