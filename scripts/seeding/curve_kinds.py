@@ -91,7 +91,7 @@ def _one_line_up(rng, datum, sources):
 def _another_equation(rng, datum, sources):
     """A number that some curve with as many coefficients has."""
     numbers = {n for s in sources.values() for n in s.equations.get(len(datum.coefficients), ())}
-    numbers.discard(datum.attributes['equation'])
+    numbers.discard(datum.attributes.get('equation'))
     return datum.with_attributes(equation=rng.choice(sorted(numbers))) if numbers else None
 
 
@@ -138,7 +138,7 @@ def _in_another_unit(rng, datum, sources):
     """All that has the unit of the value is in another unit, while the word for the unit is not."""
     if datum.name not in UNIT_FACTORS:
         return None
-    equation = datum.attributes['equation']
+    equation = datum.attributes.get('equation')
     factor = rng.choice(UNIT_FACTORS[datum.name]) ** rng.choice([-1, 1])
     texts = list(datum.coefficients)
     if equation in _LINEAR:

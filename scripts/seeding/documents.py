@@ -133,7 +133,7 @@ class Source:
         for found in _DATUM.finditer(text):
             attributes = _attributes(found[1] if found[1] is not None else found[2])
             is_curve = found[1] is None
-            if is_curve or number(attributes.get('value')) is not None:
+            if 'name' in attributes and (is_curve or number(attributes.get('value')) is not None):
                 datum = Datum(component, attributes['name'], is_curve, attributes,
                               tuple((found[3] or '').split()), file,
                               offset + found.start(), offset + found.end())

@@ -79,8 +79,9 @@ def kelvin(datum: Datum, end: str) -> Optional[float]:
     limit = number(datum.attributes.get(end))
     if limit is None:
         return None
-    unit = datum.attributes.get('tempUnit', 'k')
-    return {'k': limit, 'c': limit + 273.15, 'r': limit / 1.8, 'f': (limit + 459.67) / 1.8}[unit]
+    unit = datum.attributes.get('tempUnit', 'k').lower()
+    others = {'c': limit + 273.15, 'r': limit / 1.8, 'f': (limit + 459.67) / 1.8}
+    return others.get(unit, limit)
 
 
 def relative_change(old: float, new: Optional[float], scale: Optional[float] = None) -> float:

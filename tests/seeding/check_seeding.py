@@ -136,10 +136,10 @@ class Runs(unittest.TestCase):
         self.assertIn('too small to count', done.stdout)
 
     def test_the_sample_does_not_depend_on_the_jobs(self):
-        one, two = (run('--count', '4', '--seed', '7', '--jobs', jobs, '--json') for jobs in '12')
+        one, two = (run('--count', '3', '--seed', '7', '--jobs', jobs, '--json') for jobs in '12')
         self.assertEqual(0, one.returncode, one.stderr)
         self.assertEqual(json.loads(one.stdout), json.loads(two.stdout))
-        self.assertEqual(4, json.loads(one.stdout)['overall']['all']['n'])
+        self.assertEqual(3, json.loads(one.stdout)['overall']['all']['n'])
 
     def test_gross_mistakes_are_told_and_the_others_are_listed(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -155,11 +155,11 @@ class Runs(unittest.TestCase):
 
     def test_one_mistake_of_a_sample_is_left_in_libraries(self):
         with tempfile.TemporaryDirectory() as folder:
-            some = json.loads(run('--count', '3', '--only', 'wrong-digit', '--json').stdout)['mistakes']
-            one = run('--number', '2', '--only', 'wrong-digit', '--json', '--leave', folder)
+            some = json.loads(run('--count', '2', '--only', 'wrong-digit', '--json').stdout)['mistakes']
+            one = run('--number', '1', '--only', 'wrong-digit', '--json', '--leave', folder)
             self.assertEqual(0, one.returncode, one.stderr)
             mistake, = json.loads(one.stdout)['mistakes']
-            self.assertEqual(some[2], mistake)
+            self.assertEqual(some[1], mistake)
             left = subprocess.run([ZEL, 'export', mistake['source'] + '.lb1', '-o', 'left.xml'], cwd=folder,
                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding='utf-8')
             self.assertEqual(0, left.returncode, left.stderr)
@@ -171,6 +171,19 @@ class Runs(unittest.TestCase):
         done = run('--only', 'no-such-kind')
         self.assertEqual(1, done.returncode)
         self.assertIn('no-such-kind is not a kind', done.stderr)
+
+    def test_documents_of_other_sources(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, 'own.xml')
+            with open(path, 'w', encoding='utf-8') as stream:
+                stream.write("<library><bank type='PURECOMP' name='OWN'><comp><id number='1' "
+                             "casNum='7732-18-5' formula='H2O'> AQUA </id>"
+                             "<property name='MW' value='18.015'/></comp></bank></library>")
+            done = run(path, '--count', '2', '--only', 'ten-times', '--json')
+        self.assertEqual((0, ''), (done.returncode, done.stderr))
+        self.assertEqual([('own', 'AQUA', 'MW', '18.015', '180.15', True)] * 2, [
+            tuple(m[key] for key in ('source', 'component', 'datum', 'old', 'new', 'told'))
+            for m in json.loads(done.stdout)['mistakes']])
 
     def test_findings_without_a_mistake(self):
         done = run('--unchanged', '--alone', 'nist', '--strongest', '2')
