@@ -102,15 +102,20 @@ void BankComponents::Repeated() {
     Seen const& before = numbers_[i - 1];
     if (seen.compared != before.compared) continue;
     bool const isCritical = seen.datum == "TC and PC";
+    constexpr double kLikely = 0.6;
     findings_.Tell(
         Of(seen).item,
-        DataFinding("repeated", seen.datum).Text(seen.valueText).Against(Of(before).item.place),
+        DataFinding("repeated", seen.datum)
+            .Text(seen.valueText)
+            .Against(Of(before).item.place)
+            .Strength(kLikely),
         isCritical ? "has {datum} of {against}" : "{datum} has the coefficients of {against}");
   }
 }
 
 void BankComponents::RepeatedConstants() {
   constexpr std::size_t kFew = 3;
+  constexpr double kCoincidence = 0.3;  // rounded values are often equal
   for (auto const& [text, all] : constants_) {
     Seen const& first = all.front();
     Seen const& last = all.back();
@@ -122,6 +127,7 @@ void BankComponents::RepeatedConstants() {
     findings_.Tell(Of(last).item,
                    DataFinding("repeated", last.datum)
                        .Value(last.value, last.unit)
+                       .Strength(kCoincidence)
                        .Against(Of(first).item.place),
                    "has {datum} {value} with " + std::to_string(all.size() - 1) +
                        " others, the first of them {against}");

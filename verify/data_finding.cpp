@@ -69,16 +69,12 @@ zelFindings DataFindings::SeverityOf(DataFinding const& finding) const {
   return check != checks + count ? check->severity : findingWarning;
 }
 
-namespace {
-
-// Errors are certain. Of the warnings, those that are facts about a record are likelier to be worth
-// a look than those that are only unusual.
-double StrengthOf(zelFindings severity, std::string_view id) {
+// Errors are certain.
+double DataFinding::StrengthAs(zelFindings severity) const {
+  constexpr double kOfWarnings = 0.8;
   if (severity != findingWarning) return 1.0;
-  return id == "repeated" ? 0.6 : 0.8;
+  return gen_IsUndefDouble(strength_) ? kOfWarnings : strength_;
 }
-
-}  // namespace
 
 void DataFindings::Tell(CheckedItem const& item, DataFinding const& finding,
                         std::string_view sentence) {
@@ -95,7 +91,7 @@ void DataFindings::Tell(CheckedItem const& item, DataFinding const& finding,
   out.item = item.text.c_str();
   out.place = item.place.c_str();
   out.text = text.c_str();
-  out.strength = StrengthOf(out.severity, out.id);
+  out.strength = finding.StrengthAs(out.severity);
   std::string const fingerprint = Fingerprint(std::string(out.id) + '\n' + item.bank.Text() + '\n' +
                                               item.text + '\n' + out.datum + '\n' + out.valueText);
   out.fingerprint = fingerprint.c_str();

@@ -97,6 +97,11 @@ class DataFinding {
     against_ = std::move(what);
     return *this;
   }
+  // How likely the datum is wrong, 0 to 1; unless it is set, by severity.
+  DataFinding& Strength(double strength) {
+    strength_ = strength;
+    return *this;
+  }
   // An error, though other findings of the check are warnings.
   DataFinding& AsError(bool isError) {
     isError_ = isError;
@@ -108,6 +113,7 @@ class DataFinding {
   std::string Sentence(std::string_view pattern) const;
   char const* Id() const { return id_; }
   bool IsError() const { return isError_; }
+  double StrengthAs(zelFindings severity) const;
   // Sets the members that are about the datum. Texts belong to this object.
   void Fill(ZelDataFinding& out) const;
 
@@ -120,6 +126,7 @@ class DataFinding {
   double temperature_ = gen_GetUndefDouble();  // K
   Expected expected_;
   std::string against_;
+  double strength_ = gen_GetUndefDouble();
   bool isError_ = false;
 };
 

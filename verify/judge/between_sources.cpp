@@ -47,7 +47,7 @@ constexpr CurveRow kCurves[] = {
     {correlationVaporThermal, 0.08, false},   {correlationLiquidViscosity, 0.15, false},
     {correlationVaporViscosity, 0.06, false}, {correlationSurfaceTension, 0.12, false},
     {correlationSolidEnthalpy, 0.08, true},   {correlationSolidDensity, 0.05, false},
-    {correlationIdealGasCp, 0.03, false},    {correlationLiquidCp, 0.06, false},
+    {correlationIdealGasCp, 0.03, false},     {correlationLiquidCp, 0.06, false},
     {correlationSolidCp, 0.08, false},        {correlationDielectric, 0.06, false}};
 
 constexpr JudgeRule kRules[] = {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace zel {
 namespace {
@@ -21,18 +22,45 @@ double Evidence(double deviation) {
   return std::log(wrong / (normal + tail));
 }
 
+// Evidence from comparisons. Each other source counts; a rule that is used with the data of several
+// sources is one witness, who counts as much as its strongest word.
+class Witnesses {
+ public:
+  void Add(Tension const& tension, double evidence) {
+    if (tension.isBetweenSources) {
+      sum_ += evidence;
+      return;
+    }
+    auto at = std::find_if(rules_.begin(), rules_.end(),
+                           [&](auto const& known) { return known.first == tension.rule; });
+    if (at == rules_.end()) {
+      rules_.emplace_back(tension.rule, evidence);
+    } else if (std::abs(evidence) > std::abs(at->second)) {
+      at->second = evidence;
+    }
+  }
+  double Sum() const {
+    return std::accumulate(rules_.begin(), rules_.end(), sum_,
+                           [](double sum, auto const& rule) { return sum + rule.second; });
+  }
+
+ private:
+  double sum_ = 0.0;
+  std::vector<std::pair<JudgeRule const*, double>> rules_;
+};
+
 // A datum, and what the comparisons say of it.
 struct Suspect {
   Claim claim;
-  double against = 0.0;  // of comparisons that disagree
-  double forIt = 0.0;    // of those that agree, negative
+  Witnesses againstIt;  // comparisons that disagree
+  Witnesses forIt;      // those that agree; negative
   std::vector<std::size_t> disagreeing;
   std::size_t agreeing = 0;
 
   // What the choice between suspects goes by.
   double Weight() const {
     constexpr double kAgreement = 0.7;
-    return against + kAgreement * forIt;
+    return againstIt.Sum() + kAgreement * forIt.Sum();
   }
 };
 
@@ -67,10 +95,10 @@ std::vector<Suspect> Trial::Suspects() const {
       constexpr double kMinor = 0.4;
       double const share = part.stake == Stake::kFull ? 1.0 : kMinor;
       if (tensions_[i].deviation > 1.0) {
-        at->against += share * std::max(evidence, 0.0);
+        at->againstIt.Add(tensions_[i], share * std::max(evidence, 0.0));
         at->disagreeing.push_back(i);
       } else if (part.stake == Stake::kFull) {
-        at->forIt += std::min(evidence, 0.0);
+        at->forIt.Add(tensions_[i], std::min(evidence, 0.0));
         ++at->agreeing;
       }
     }
@@ -78,13 +106,13 @@ std::vector<Suspect> Trial::Suspects() const {
   return suspects;
 }
 
-// The probability that the datum is wrong, before anything is compared 1 in 100. What agrees speaks
+// The probability that the datum is wrong, before anything is compared 1 in 20. What agrees speaks
 // for a datum, but for a curve only a little: it can be right at one temperature and wrong at
 // another.
 double StrengthOf(Suspect const& suspect) {
-  constexpr double kPrior = 4.6;
+  constexpr double kPrior = 3.0;
   double const mostFor = suspect.claim.datum.IsCurve() ? -2.0 : -3.0;
-  double const odds = suspect.against + std::max(suspect.forIt, mostFor) - kPrior;
+  double const odds = suspect.againstIt.Sum() + std::max(suspect.forIt.Sum(), mostFor) - kPrior;
   return 1.0 / (1.0 + std::exp(-odds));
 }
 

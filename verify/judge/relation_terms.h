@@ -22,12 +22,18 @@ inline Found At(Found outcome, double kelvin) {
   return outcome;
 }
 
-// A limit that a value does not exceed, or fall below; agrees fully on the right side of it.
+// That a value is on the right side of a limit says nothing for the data.
+inline Found AtBound(Found outcome) {
+  if (outcome) outcome->deviation = std::max(outcome->deviation, 1.0);
+  return outcome;
+}
+
+// A limit that a value does not exceed, or fall below.
 inline Found AtMost(Datum about, double value, double limit, double tolerance) {
-  return Outcome::Absolute(about, value <= limit ? limit : value, limit, tolerance);
+  return AtBound(Outcome::Absolute(about, std::max(value, limit), limit, tolerance));
 }
 inline Found AtLeast(Datum about, double value, double limit, double tolerance) {
-  return Outcome::Absolute(about, value >= limit ? limit : value, limit, tolerance);
+  return AtBound(Outcome::Absolute(about, std::min(value, limit), limit, tolerance));
 }
 
 }  // namespace zel
