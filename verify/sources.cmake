@@ -22,10 +22,14 @@ set(verify_SOURCES
     judge/judged_finding.cpp
     judge/judgement.cpp
     judge/kin.cpp
+    judge/kin_features.cpp
+    judge/kin_forecast.cpp
+    judge/kin_rows.cpp
     judge/reading.cpp
     judge/record.cpp
     judge/relation_tables.cpp
     judge/relations.cpp
+    judge/robust_regression.cpp
     judge/slip.cpp
     judge/substance.cpp
     judge/thermal_relations.cpp

@@ -1,9 +1,261 @@
 #include "verify/judge/kin.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "verify/judge/kin_forecast.h"
+#include "verify/judge/kin_rows.h"
+#include "verify/judge/robust_regression.h"
+
 namespace zel {
+namespace {
 
-std::span<JudgeRule const> KinRules() { return {}; }
+// Of a value that is not positive, where kin have positive ones.
+constexpr double kFar = 20.0;
+// An agreement within a tolerance that is wider says nothing of a small mistake.
+constexpr double kWide = 0.15;
+// As for constants, but of the worst of several comparisons.
+constexpr double kShare = 0.95;
+constexpr double kMargin = 1.5;
 
-void AddKinComparisons(std::vector<Substance> const&, std::vector<std::vector<Tension>>&) {}
+using Tensions = std::vector<std::vector<Tension>>;
+
+double Undefined() { return gen_GetUndefDouble(); }
+
+double MedianOfDefined(std::vector<double> values) {
+  std::erase_if(values, [](double value) { return !IsDefined(value); });
+  return values.empty() ? Undefined() : MedianOf(std::move(values));
+}
+
+double LogOf(double value) {
+  return IsDefined(value) && value > 0.0 ? std::log(value) : Undefined();
+}
+
+class KinComparisons {
+ public:
+  KinComparisons(std::vector<Substance> const& substances, Tensions& tensions)
+      : substances_(substances), tensions_(tensions), kin_(substances) {}
+
+  void Constant(KinConstant const& row);
+  void Curve(KinCurve const& row);
+
+ private:
+  // A value of a record's curve, what kin foretell of it, and the difference in tolerances.
+  struct Point {
+    double deviation = -1.0;  // none
+    double temperature = 0.0, value = 0.0, expected = 0.0;
+    double tolerance = 0.0;  // of the logarithm, or relative
+    std::uint8_t set = 0;
+  };
+  struct CurveRecord {
+    std::uint32_t substance;
+    Record const* record;
+    std::vector<double> values;  // at the points of the grid
+    Point worst;
+    double narrowest = kFar;  // tolerance
+  };
+
+  std::vector<CurveRecord> RecordsWith(KinCurve const& row) const;
+  double TemperatureOf(KinGrid const& grid, std::uint32_t substance, std::size_t point) const;
+  // Compares what `transform` makes of the values of each record.
+  template <typename Transform, typename Expect>
+  void Compare(KinCurve const& row, std::vector<CurveRecord>& records, std::size_t point,
+               Transform const& transform, Expect const& expect) const;
+  void Tell(std::uint32_t substance, Record const& record, JudgeRule const& rule, Datum datum,
+            FeatureSet const& set, std::uint32_t also, Point const& point, bool isWide);
+
+  std::vector<Substance> const& substances_;
+  Tensions& tensions_;
+  KinFeatures kin_;
+};
+
+void KinComparisons::Tell(std::uint32_t substance, Record const& record, JudgeRule const& rule,
+                          Datum datum, FeatureSet const& set, std::uint32_t also,
+                          Point const& point, bool isWide) {
+  Tension tension;
+  tension.rule = &rule;
+  tension.about = {&record, datum};
+  bool const isMinor = isWide && point.deviation <= 1.0;
+  tension.parts.push_back({tension.about, isMinor ? Stake::kMinor : Stake::kFull});
+  auto const add = [&](std::uint32_t constant) {
+    Record const* const from = substances_[substance].MedianRecord(constant);
+    Claim const claim{from, Datum::Constant(constant)};
+    bool const isNew = std::none_of(tension.parts.begin(), tension.parts.end(),
+                                    [&](Tension::Part const& part) { return part.claim == claim; });
+    if (from != nullptr && isNew) tension.parts.push_back({claim, Stake::kMinor});
+  };
+  for (std::uint32_t const constant : set.Data()) add(constant);
+  if (also != FeatureSet::kNone) add(also);
+  tension.value = point.value;
+  tension.expected = point.expected;
+  tension.unit = datum.Unit();
+  if (datum.IsCurve()) tension.temperature = point.temperature;
+  tension.deviation = point.deviation;
+  tension.from = "kindred substances (regression on " + set.Text() + ")";
+  tensions_[substance].push_back(std::move(tension));
+}
+
+void KinComparisons::Constant(KinConstant const& row) {
+  bool const isLog = row.scale == KinScale::kLog;
+  std::vector<double> observed(substances_.size(), Undefined());
+  // What is taken off.
+  auto const lessOf = [&](std::uint32_t i, Record const& record) {
+    if (row.less == FeatureSet::kNone) return 0.0;
+    double const own = record.Constant(row.less);
+    return IsDefined(own) ? own : substances_[i].Median(row.less);
+  };
+  auto const numberOf = [&](std::uint32_t i, Record const& record) {
+    double const value = record.Constant(row.constant);
+    if (isLog || !IsDefined(value)) return LogOf(value);
+    double const less = lessOf(i, record);
+    return IsDefined(less) ? value - less : Undefined();
+  };
+  for (std::uint32_t i = 0; i < substances_.size(); ++i) {
+    std::vector<double> values;
+    for (Record const* record : substances_[i].Records()) values.push_back(numberOf(i, *record));
+    observed[i] = MedianOfDefined(std::move(values));
+  }
+  auto const forecasts = ForecastOf(kin_, row.sets, observed, row.floor);
+  for (std::uint32_t i = 0; i < substances_.size(); ++i) {
+    Forecast const& forecast = forecasts[i];
+    if (!forecast.IsKnown()) continue;
+    for (Record const* const record : substances_[i].Records()) {
+      double const number = numberOf(i, *record);
+      double const value = record->Constant(row.constant);
+      if (!IsDefined(value) || (!isLog && !IsDefined(number))) continue;
+      Point point;
+      point.value = value;
+      point.expected = isLog ? std::exp(forecast.value) : forecast.value + lessOf(i, *record);
+      point.deviation =
+          IsDefined(number) ? std::abs(number - forecast.value) / forecast.tolerance : kFar;
+      point.tolerance =
+          isLog ? forecast.tolerance : forecast.tolerance / std::max(std::abs(value), 1e-9);
+      Tell(i, *record, row.rule, Datum::Constant(row.constant), row.sets[forecast.set], row.less,
+           point, point.tolerance > kWide);
+    }
+  }
+}
+
+double KinComparisons::TemperatureOf(KinGrid const& grid, std::uint32_t substance,
+                                     std::size_t point) const {
+  if (grid.scale == FeatureSet::kNone) return grid.points[point];
+  double const scale = kin_.Median(substance, grid.scale);
+  return IsDefined(scale) ? scale * grid.points[point] : Undefined();
+}
+
+std::vector<KinComparisons::CurveRecord> KinComparisons::RecordsWith(KinCurve const& row) const {
+  std::vector<CurveRecord> records;
+  KinGrid const& grid = *row.grid;
+  for (std::uint32_t i = 0; i < substances_.size(); ++i) {
+    for (Record const* const record : substances_[i].Records()) {
+      if (!record->HasCurve(row.curve)) continue;
+      CurveRecord one{i, record, {}, {}};
+      bool const isBounded = record->RangeOf(row.curve).IsBounded();
+      for (std::size_t k = 0; k < grid.points.size(); ++k) {
+        double const kelvin = TemperatureOf(grid, i, k);
+        bool const isCore = k >= grid.firstCore && k <= grid.lastCore;
+        one.values.push_back(isBounded ? record->At(row.curve, kelvin)
+                             : isCore  ? record->Extended(row.curve, kelvin)
+                                       : Undefined());
+      }
+      records.push_back(std::move(one));
+    }
+  }
+  return records;
+}
+
+// `transform` returns an undefined number for a value that is not there, and NaN for one that is
+// there and cannot be right. `expect` makes a value from a number that is foretold.
+template <typename Transform, typename Expect>
+void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& records,
+                             std::size_t point, Transform const& transform,
+                             Expect const& expect) const {
+  std::vector<double> observed(substances_.size(), Undefined());
+  std::vector<double> values;
+  for (std::size_t k = 0; k < records.size(); ++k) {
+    double const number = transform(records[k].values);
+    if (!std::isnan(number)) values.push_back(number);
+    bool const isLast = k + 1 == records.size() || records[k + 1].substance != records[k].substance;
+    if (!isLast) continue;
+    observed[records[k].substance] = MedianOfDefined(std::move(values));
+    values.clear();
+  }
+  auto const forecasts = ForecastOf(kin_, row.sets, observed, row.floor);
+  for (CurveRecord& one : records) {
+    Forecast const& forecast = forecasts[one.substance];
+    double const number = transform(one.values);
+    if (!forecast.IsKnown() || !IsDefined(number)) continue;
+    double const deviation =
+        std::isnan(number) ? kFar : std::abs(number - forecast.value) / forecast.tolerance;
+    one.narrowest = std::min(one.narrowest, forecast.tolerance);
+    if (deviation <= one.worst.deviation) continue;
+    one.worst = {deviation,          TemperatureOf(*row.grid, one.substance, point),
+                 one.values[point],  expect(one.values, forecast.value),
+                 forecast.tolerance, forecast.set};
+  }
+}
+
+void KinComparisons::Curve(KinCurve const& row) {
+  auto records = RecordsWith(row);
+  std::size_t const points = row.grid->points.size();
+  auto const logOf = [](double value) {
+    return !IsDefined(value) ? value : value > 0.0 ? std::log(value) : std::nan("");
+  };
+  for (std::size_t k = 0; k < points; ++k) {
+    if (row.value == KinCurveValue::kLog) {
+      Compare(
+          row, records, k, [=](auto const& values) { return logOf(values[k]); },
+          [](auto const&, double number) { return std::exp(number); });
+    }
+    if (row.value == KinCurveValue::kPlain) {
+      Compare(
+          row, records, k, [=](auto const& values) { return values[k]; },
+          [](auto const&, double number) { return number; });
+    }
+    if (k == 0 || row.value == KinCurveValue::kPlain) continue;
+    bool const isRise = row.value == KinCurveValue::kRise;
+    Compare(
+        row, records, k,
+        [=](auto const& values) {
+          double const from = values[k - 1], to = values[k];
+          if (!IsDefined(from) || !IsDefined(to)) return Undefined();
+          if (isRise) return logOf(to - from);
+          // The values by themselves are compared above.
+          return from > 0.0 && to > 0.0 ? std::log(to / from) : Undefined();
+        },
+        [=](auto const& values, double number) {
+          return isRise ? values[k - 1] + std::exp(number) : values[k - 1] * std::exp(number);
+        });
+  }
+  std::vector<double> worst;
+  for (CurveRecord const& one : records) {
+    if (one.worst.deviation >= 0.0) worst.push_back(one.worst.deviation);
+  }
+  if (worst.empty()) return;
+  double const widening = std::max(1.0, kMargin * QuantileOf(std::move(worst), kShare));
+  for (CurveRecord& one : records) {
+    if (one.worst.deviation < 0.0) continue;
+    one.worst.deviation /= widening;
+    bool const isWide = row.value != KinCurveValue::kPlain && one.narrowest * widening > kWide;
+    Tell(one.substance, *one.record, row.rule, Datum::Curve(row.curve), row.sets[one.worst.set],
+         row.grid->scale, one.worst, isWide);
+  }
+}
+
+}  // namespace
+
+std::vector<JudgeRule const*> KinRules() {
+  std::vector<JudgeRule const*> rules;
+  for (KinConstant const& row : KinConstants()) rules.push_back(&row.rule);
+  for (KinCurve const& row : KinCurves()) rules.push_back(&row.rule);
+  return rules;
+}
+
+void AddKinComparisons(std::vector<Substance> const& substances,
+                       std::vector<std::vector<Tension>>& tensions) {
+  KinComparisons comparisons(substances, tensions);
+  for (KinConstant const& row : KinConstants()) comparisons.Constant(row);
+  for (KinCurve const& row : KinCurves()) comparisons.Curve(row);
+}
 
 }  // namespace zel

@@ -1,7 +1,6 @@
 // What kindred substances foretell: regressions over all components of the libraries.
 #pragma once
 
-#include <span>
 #include <vector>
 
 #include "verify/judge/substance.h"
@@ -15,6 +14,6 @@ void AddKinComparisons(std::vector<Substance> const& substances,
                        std::vector<std::vector<Tension>>& tensions);
 
 // The rules of these comparisons.
-std::span<JudgeRule const> KinRules();
+std::vector<JudgeRule const*> KinRules();
 
 }  // namespace zel

@@ -14,7 +14,7 @@ std::vector<JudgeRule const*> AllRules() {
     for (Relation const& row : table) rules.push_back(&row.rule);
   }
   for (JudgeRule const& rule : SourceRules()) rules.push_back(&rule);
-  for (JudgeRule const& rule : KinRules()) rules.push_back(&rule);
+  for (JudgeRule const* const rule : KinRules()) rules.push_back(rule);
   return rules;
 }
 

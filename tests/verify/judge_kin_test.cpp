@@ -1,0 +1,258 @@
+// What kindred substances foretell.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "tests/support/sample_component.h"
+#include "verify/judge/kin.h"
+#include "verify/judge/robust_regression.h"
+
+namespace zel {
+namespace {
+
+// Scattered numbers between -1 and 1, the same on each machine.
+double Scattered(std::size_t i) { return std::sin(12.9898 * static_cast<double>(i * i + 3 * i)); }
+
+// y = 3 + 2 a - 0.5 b + 0.01 of scatter.
+struct Plane {
+  explicit Plane(std::size_t n) {
+    for (std::size_t i = 0; i < n; ++i) {
+      double const a = static_cast<double>(i % 17), b = static_cast<double>(i * i % 23);
+      features.insert(features.end(), {a, b});
+      observed.push_back(At(a, b) + 0.01 * Scattered(i));
+    }
+  }
+  static double At(double a, double b) { return 3.0 + 2.0 * a - 0.5 * b; }
+  std::vector<double> features;
+  std::vector<double> observed;
+};
+
+TEST(RobustRegression, OneInTenGrossErrorsDoNotSpoilTheCoefficients) {
+  Plane plane(100);
+  for (std::size_t i = 0; i < 100; i += 10) plane.observed[i] *= 10.0;
+  auto const fit = RobustRegression::Fit(plane.features, 2, plane.observed);
+  ASSERT_TRUE(fit);
+  double const origin[] = {0.0, 0.0}, a[] = {1.0, 0.0}, b[] = {0.0, 1.0};
+  EXPECT_NEAR(fit->At(origin), 3.0, 0.05);
+  EXPECT_NEAR(fit->At(a) - fit->At(origin), 2.0, 0.01);
+  EXPECT_NEAR(fit->At(b) - fit->At(origin), -0.5, 0.01);
+  // The residual of a gross error is its size, that of the others their scatter.
+  EXPECT_NEAR(fit->Of(20).value, 0.9 * plane.observed[20], 0.1);
+  EXPECT_LT(std::abs(fit->Of(21).value), 0.05);
+}
+
+TEST(RobustRegression, ResidualIsFromAFitWithoutTheObservation) {
+  Plane plane(60);
+  plane.features[2 * 30] = 400.0;  // far from all others: it would draw the plane to itself
+  plane.observed[30] = Plane::At(400.0, plane.features[2 * 30 + 1]) + 1.0;
+  auto const fit = RobustRegression::Fit(plane.features, 2, plane.observed);
+  ASSERT_TRUE(fit);
+  auto features = plane.features;
+  auto observed = plane.observed;
+  features.erase(features.begin() + 60, features.begin() + 62);
+  observed.erase(observed.begin() + 30);
+  auto const without = RobustRegression::Fit(features, 2, observed);
+  ASSERT_TRUE(without);
+  double const place[] = {400.0, plane.features[61]};
+  double const foretold = without->At(place);
+  EXPECT_NEAR(fit->Of(30).value, plane.observed[30] - foretold, 0.5 * std::abs(fit->Of(30).value));
+  EXPECT_GT(fit->Of(30).leverage, 20.0 * fit->Of(29).leverage);
+  EXPECT_GT(without->LeverageAt(place), 20.0 * fit->Of(29).leverage);
+}
+
+TEST(RobustRegression, FewObservationsGiveNoFit) {
+  EXPECT_FALSE(RobustRegression::Fit(Plane(24).features, 2, Plane(24).observed));
+  EXPECT_TRUE(RobustRegression::Fit(Plane(25).features, 2, Plane(25).observed));
+}
+
+TEST(RobustRegression, FewObservationsForTheFeaturesGiveNoFit) {
+  std::vector<double> features, observed;
+  for (std::size_t i = 0; i < 29; ++i) {
+    for (std::size_t j = 0; j < 9; ++j) features.push_back(Scattered(i * 9 + j));
+    observed.push_back(Scattered(i));
+  }
+  EXPECT_FALSE(RobustRegression::Fit(features, 9, observed));  // 10 coefficients
+  // A feature that does not vary has no coefficient.
+  for (std::size_t i = 0; i < 29; ++i) features[i * 9] = 7.0;
+  EXPECT_TRUE(RobustRegression::Fit(features, 9, observed));
+}
+
+// Substances with one record each, made by formulas, and one comparison engine.
+class Kin : public ::testing::Test {
+ protected:
+  // Alkanes, alkenes, alcohols and amines of 1 to `longest` carbon atoms.
+  void MakeSeries(int longest) {
+    for (int n = 1; n <= longest; ++n) {
+      int const h = 2 * n;
+      std::string const c = "C" + std::to_string(n) + "H";
+      for (int kind = 0; kind < 4; ++kind) {
+        static constexpr int kMoreHydrogen[] = {2, 0, 2, 3};
+        static constexpr char const* kRest[] = {"", "", "O", "N"};
+        if (kind == 1 && n == 1) continue;
+        double const size = 0.7 * n + 0.12 * kMoreHydrogen[kind] + (kind >= 2 ? 0.3 : 0.0);
+        series_.push_back({c + std::to_string(h + kMoreHydrogen[kind]) + kRest[kind],
+                           size * (1.0 + 0.004 * Scattered(series_.size())),
+                           250.0 + 25.0 * n + 30.0 * kind});
+      }
+    }
+  }
+  struct Made {
+    std::string formula;
+    double vdwv;
+    double tc;
+    double factor = 1.0;  // of the density of the liquid
+    double slope = -6.0;  // of the same, by TC
+  };
+
+  // kg-mol/m3, from 0.4 to 0.97 TC.
+  static void SetDensity(IZelPureComp& c, Made const& made) {
+    double const at0 = made.factor * 14.0 / made.vdwv;
+    double const coefficients[15] = {at0, made.slope / 14.0 * at0 / made.tc};
+    c.SetCorrelation(correlationLiquidDensity, 1, 10, 0, 0, 1, 2, 0.4 * made.tc, 0.97 * made.tc,
+                     coefficients);
+  }
+
+  std::vector<std::vector<Tension>> const& Judge() {
+    records_.clear();
+    std::int32_t number = 10000000;
+    for (Made const& made : series_) {
+      test::ComponentBank bank;
+      char ids[12][9] = {};
+      bank->SetIdentity(++number, number, 1, ids, "Name", made.formula.c_str(), 0);
+      bank->SetProperty(propertyVDWV, made.vdwv);
+      bank->SetProperty(propertyTC, made.tc);
+      SetDensity(*bank.Get(), made);
+      auto* const component = dynamic_cast<PureComp_i*>(bank.Get());
+      records_.emplace_back(ComponentView(*component),
+                            CheckedItem("own", CheckedBank("PURECOMP", "OWN"), {number},
+                                        made.formula, "OWN " + made.formula));
+    }
+    substances_ = SubstancesOf(records_);
+    tensions_.assign(substances_.size(), {});
+    AddKinComparisons(substances_, tensions_);
+    return tensions_;
+  }
+  // The comparison of a datum of a substance; null if there is none.
+  Tension const* Of(std::string const& formula, Datum datum) const {
+    for (auto const& all : tensions_) {
+      for (Tension const& one : all) {
+        if (one.about.datum == datum && one.about.record->Item().text == formula) return &one;
+      }
+    }
+    return nullptr;
+  }
+  // Formulas and data that deviate by more than the factor of a tolerance.
+  std::string Deviating(double factor) const {
+    std::string text;
+    for (auto const& all : tensions_) {
+      for (Tension const& one : all) {
+        if (one.deviation > factor)
+          text += one.about.record->Item().text + " " + one.about.datum.Name() + "\n";
+      }
+    }
+    return text;
+  }
+  Made& Find(std::string const& formula) {
+    return *std::find_if(series_.begin(), series_.end(),
+                         [&](Made const& made) { return made.formula == formula; });
+  }
+
+  static constexpr Datum kVolume = Datum::Constant(propertyVDWV);
+  static constexpr Datum kDensity = Datum::Curve(correlationLiquidDensity);
+
+  std::vector<Made> series_;
+  std::deque<Record> records_;
+  std::vector<Substance> substances_;
+  std::vector<std::vector<Tension>> tensions_;
+};
+
+TEST_F(Kin, OneWrongConstantOfASeriesIsFoundAndNoOther) {
+  MakeSeries(15);
+  double const right = Find("C8H18O").vdwv;
+  Find("C8H18O").vdwv = 1.2 * right;
+  Find("C8H18O").factor = 1.2;  // its density is made from it, and stays right
+  Judge();
+  EXPECT_EQ(Deviating(1.5), "C8H18O VDWV\n");
+  Tension const* const found = Of("C8H18O", kVolume);
+  ASSERT_NE(found, nullptr);
+  EXPECT_DOUBLE_EQ(found->value, 1.2 * right);
+  EXPECT_NEAR(found->expected, right, 0.03 * right);
+  EXPECT_EQ(found->parts.front().claim, found->about);
+  EXPECT_EQ(found->parts.front().stake, Stake::kFull);
+  EXPECT_EQ(found->from.find("kindred substances (regression on atoms"), 0U) << found->from;
+}
+
+TEST_F(Kin, DataThatAreRightAgree) {
+  MakeSeries(15);
+  Judge();
+  EXPECT_EQ(Deviating(1.5), "");
+  ASSERT_NE(Of("C8H18", kVolume), nullptr);
+  EXPECT_LT(Of("C8H18", kVolume)->deviation, 1.0);
+}
+
+TEST_F(Kin, LostSignOfAConstantDeviatesByFar) {
+  MakeSeries(15);
+  Find("C5H12").vdwv *= -1.0;
+  Find("C5H12").factor = -1.0;
+  Judge();
+  EXPECT_EQ(Deviating(1.5), "C5H12 VDWV\n");
+  EXPECT_GT(Of("C5H12", kVolume)->expected, 0.0);
+}
+
+TEST_F(Kin, CurveOfWrongSizeIsFound) {
+  MakeSeries(15);
+  Find("C9H18").factor = 4.184;
+  Judge();
+  EXPECT_EQ(Deviating(1.5), "C9H18 LiquidDensity\n");
+  Tension const& found = *Of("C9H18", kDensity);
+  EXPECT_NEAR(found.value / found.expected, 4.184, 0.3);
+  double const tc = Find("C9H18").tc;
+  EXPECT_GE(found.temperature, 0.44 * tc);
+  EXPECT_LE(found.temperature, 0.96 * tc);
+  // The temperatures are parts of TC, so it has a share in what is foretold.
+  EXPECT_TRUE(std::any_of(found.parts.begin(), found.parts.end(), [](Tension::Part const& part) {
+    return part.claim.datum == Datum::Constant(propertyTC) && part.stake == Stake::kMinor;
+  }));
+}
+
+TEST_F(Kin, CurveOfWrongShapeIsFoundThoughItsSizeIsRight) {
+  MakeSeries(15);
+  Made& wrong = Find("C9H18");
+  wrong.slope = 6.0;                                       // a lost sign
+  wrong.factor = (14.0 - 6.0 * 0.7) / (14.0 + 6.0 * 0.7);  // right at 0.7 TC
+  Judge();
+  EXPECT_EQ(Deviating(1.5), "C9H18 LiquidDensity\n");
+}
+
+TEST_F(Kin, FewSubstancesGiveNothing) {
+  MakeSeries(6);  // 23 substances
+  for (auto const& all : Judge()) EXPECT_TRUE(all.empty());
+}
+
+TEST_F(Kin, SubstanceUnlikeAllOthersHasAWideTolerance) {
+  MakeSeries(15);
+  series_.push_back({"SF6", 3.0, 400.0});
+  series_.push_back({"C6H14S", 4.95, 500.0});  // 4.44 + the size of a sulfur atom
+  Judge();
+  EXPECT_EQ(Deviating(1.5), "");
+}
+
+// The sample of very many substances is even: those outside it are foretold as well.
+TEST_F(Kin, SubstancesOutsideTheSampleAreCompared) {
+  for (int repeat = 0; repeat < 22; ++repeat) MakeSeries(15);
+  ASSERT_GT(series_.size(), 1200U);
+  series_[4 * 9 + 1].vdwv *= 1.3;
+  series_[4 * 9 + 2].vdwv *= 1.3;
+  for (std::size_t i : {4 * 9 + 1, 4 * 9 + 2}) series_[i].factor = 1.3;
+  Judge();
+  std::string const expected =
+      series_[4 * 9 + 1].formula + " VDWV\n" + series_[4 * 9 + 2].formula + " VDWV\n";
+  EXPECT_EQ(Deviating(1.5), expected);
+}
+
+}  // namespace
+}  // namespace zel

@@ -1,0 +1,188 @@
+#include "verify/judge/kin_forecast.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "verify/judge/robust_regression.h"
+
+namespace zel {
+namespace {
+
+constexpr std::size_t kNeighbours = 8;
+constexpr std::size_t kFewestNeighbours = 4;
+constexpr double kSigmas = 3.0;
+// The tolerance in the scales of the substances: three, or what 95 in 100 residuals do not exceed,
+// and a margin.
+constexpr double kShare = 0.95;
+constexpr double kMargin = 1.5;
+
+struct Residual {
+  double value = gen_GetUndefDouble();  // observed - foretold; undefined: not observed
+  double leverage = 0.0;
+  bool isOfFit = false;
+};
+
+// Residuals by substance, and those with a correction by kin.
+class Scatter {
+ public:
+  Scatter(KinFeatures const& kin, std::vector<Residual> residuals)
+      : kin_(kin), residuals_(std::move(residuals)) {
+    sigma_ = SigmaOf(residuals_);
+  }
+
+  // Takes off what the residuals of the nearest kin have in common.
+  void Correct() {
+    std::vector<Residual> corrected = residuals_;
+    for (std::uint32_t i = 0; i < residuals_.size(); ++i) {
+      if (IsDefined(residuals_[i].value)) corrected[i].value -= CommonNear(i);
+    }
+    residuals_ = std::move(corrected);
+    sigma_ = SigmaOf(residuals_);
+  }
+
+  // Sets the tolerances; returns their median.
+  double Calibrate(double floor);
+  double ValueOf(std::uint32_t i) const { return residuals_[i].value; }
+  double ToleranceOf(std::uint32_t i) const { return tolerances_[i]; }
+
+ private:
+  static double SigmaOf(std::vector<Residual> const& residuals) {
+    std::vector<double> off;
+    for (Residual const& one : residuals) {
+      if (one.isOfFit) off.push_back(std::abs(one.value));
+    }
+    return kSigmaPerMad * MedianOf(std::move(off));
+  }
+
+  // Calls `visit` with the residual and the distance of near kin of the fit.
+  template <typename Visit>
+  std::size_t VisitNear(std::uint32_t i, Visit const& visit) const {
+    std::size_t count = 0;
+    for (KinFeatures::Near const& near : kin_.NearestOf(i)) {
+      if (!residuals_[near.substance].isOfFit) continue;
+      visit(residuals_[near.substance].value, near.distance);
+      if (++count == kNeighbours) break;
+    }
+    return count;
+  }
+
+  double CommonNear(std::uint32_t i) const {
+    constexpr double kNear = 0.3;  // closer than that is not nearer
+    constexpr double kShrink = 1.0;
+    double sum = 0.0, weights = kShrink;
+    double const limit = kSigmas * sigma_;
+    VisitNear(i, [&](double residual, double distance) {
+      double const weight = 1.0 / (kNear + distance);
+      sum += weight * std::clamp(residual, -limit, limit);
+      weights += weight;
+    });
+    return sum / weights;
+  }
+
+  // Of the residuals around a substance: half from all substances, half from near ones.
+  double ScaleOf(std::uint32_t i) const {
+    constexpr std::size_t kClosest = 3;
+    constexpr double kFarther = 0.15;
+    std::vector<double> off;
+    double far = 0.0;
+    std::size_t const count = VisitNear(i, [&](double residual, double distance) {
+      if (off.size() < kClosest) far += distance / kClosest;
+      off.push_back(std::abs(residual));
+    });
+    double near = 3.0 * sigma_;  // nothing is known of kin
+    if (count >= kFewestNeighbours) {
+      auto const middle = off.begin() + static_cast<std::ptrdiff_t>(count / 2);
+      std::nth_element(off.begin(), middle, off.end());
+      near = kSigmaPerMad * *middle;
+    }
+    double const scale = std::sqrt((sigma_ * sigma_ + near * near) / 2.0);
+    return scale * std::sqrt((1.0 + kFarther * far) * (1.0 + residuals_[i].leverage));
+  }
+
+  KinFeatures const& kin_;
+  std::vector<Residual> residuals_;
+  double sigma_;
+  std::vector<double> tolerances_;
+};
+
+double Scatter::Calibrate(double floor) {
+  tolerances_.assign(residuals_.size(), 0.0);
+  std::vector<double> ratios;
+  for (std::uint32_t i = 0; i < residuals_.size(); ++i) {
+    if (!IsDefined(residuals_[i].value)) continue;
+    tolerances_[i] = std::max(ScaleOf(i), 1e-12);
+    if (residuals_[i].isOfFit) ratios.push_back(std::abs(residuals_[i].value) / tolerances_[i]);
+  }
+  double const sigmas = std::max(kSigmas, kMargin * QuantileOf(std::move(ratios), kShare));
+  std::vector<double> known;
+  for (std::uint32_t i = 0; i < residuals_.size(); ++i) {
+    tolerances_[i] = std::max(floor, sigmas * tolerances_[i]);
+    if (residuals_[i].isOfFit) known.push_back(tolerances_[i]);
+  }
+  return MedianOf(std::move(known));
+}
+
+// The residuals of a regression; empty if there are too few substances.
+std::vector<Residual> ResidualsOf(KinFeatures const& kin, FeatureSet const& set,
+                                  std::vector<double> const& observed) {
+  std::size_t const count = KinFeatures::CountOf(set);
+  std::vector<double> rows, values;
+  std::vector<Residual> residuals(kin.Count());
+  std::vector<std::uint32_t> fitted;
+  for (std::uint32_t const i : kin.Sample()) {
+    if (!IsDefined(observed[i]) || !kin.Append(i, set, rows)) continue;
+    values.push_back(observed[i]);
+    fitted.push_back(i);
+  }
+  auto const fit = RobustRegression::Fit(rows, count, values);
+  if (!fit) return {};
+  for (std::size_t k = 0; k < fitted.size(); ++k) {
+    residuals[fitted[k]] = {fit->Of(k).value, fit->Of(k).leverage, true};
+  }
+  for (std::uint32_t i = 0; i < kin.Count(); ++i) {
+    if (residuals[i].isOfFit || !IsDefined(observed[i])) continue;
+    rows.clear();
+    if (!kin.Append(i, set, rows)) continue;
+    residuals[i] = {observed[i] - fit->At(rows), fit->LeverageAt(rows), false};
+  }
+  return residuals;
+}
+
+}  // namespace
+
+std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet const> sets,
+                                 std::vector<double> const& observed, double floor) {
+  struct Tried {
+    double tolerance;  // the median
+    std::uint8_t set;
+    Scatter scatter;
+  };
+  std::vector<Tried> tried;
+  for (std::uint8_t set = 0; set < sets.size(); ++set) {
+    auto residuals = ResidualsOf(kin, sets[set], observed);
+    if (residuals.empty()) continue;
+    Scatter plain(kin, std::move(residuals));
+    Scatter corrected = plain;
+    corrected.Correct();
+    double const plainTolerance = plain.Calibrate(floor);
+    double const correctedTolerance = corrected.Calibrate(floor);
+    bool const isBetter = correctedTolerance < plainTolerance;
+    tried.push_back({std::min(plainTolerance, correctedTolerance), set,
+                     std::move(isBetter ? corrected : plain)});
+  }
+  std::vector<Tried const*> order;
+  for (Tried const& one : tried) order.push_back(&one);
+  std::stable_sort(order.begin(), order.end(),
+                   [](Tried const* a, Tried const* b) { return a->tolerance < b->tolerance; });
+  std::vector<Forecast> forecasts(kin.Count());
+  for (std::uint32_t i = 0; i < kin.Count(); ++i) {
+    for (Tried const* const one : order) {
+      if (!IsDefined(one->scatter.ValueOf(i))) continue;
+      forecasts[i] = {observed[i] - one->scatter.ValueOf(i), one->scatter.ToleranceOf(i), one->set};
+      break;
+    }
+  }
+  return forecasts;
+}
+
+}  // namespace zel

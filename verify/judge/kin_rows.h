@@ -1,0 +1,51 @@
+// What is foretold from kindred substances, and from which features.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "verify/judge/kin_features.h"
+#include "verify/judge/tension.h"
+
+namespace zel {
+
+enum class KinScale : std::uint8_t { kLog, kPlain };
+
+struct KinConstant {
+  JudgeRule rule;
+  std::uint32_t constant;
+  KinScale scale;
+  double floor;  // of the tolerance, in the scale
+  std::span<FeatureSet const> sets;
+  // Taken off the constant first: the substance's median unless the record has it.
+  std::uint32_t less = FeatureSet::kNone;
+};
+
+// Where curves are compared.
+struct KinGrid {
+  std::span<double const> points;
+  // The points are multiples of this constant of the substance, or in K without one.
+  std::uint32_t scale;
+  // The points at which a curve without a range is evaluated.
+  std::size_t firstCore, lastCore;
+};
+
+enum class KinCurveValue : std::uint8_t {
+  kLog,    // its logarithm, and the difference of the logarithms of neighbouring points
+  kPlain,  // itself
+  kRise,   // the logarithm of the differences of neighbouring points, which are positive
+};
+
+struct KinCurve {
+  JudgeRule rule;
+  std::uint32_t curve;
+  KinCurveValue value;
+  double floor;
+  KinGrid const* grid;
+  std::span<FeatureSet const> sets;
+};
+
+std::span<KinConstant const> KinConstants();
+std::span<KinCurve const> KinCurves();
+
+}  // namespace zel

@@ -1,0 +1,63 @@
+// Linear regression that gross errors in some of the observations do not spoil.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace zel {
+
+// The median; the mean of the two in the middle of an even number. `values` is not empty.
+double MedianOf(std::vector<double> values);
+// The value that the given share of the values does not exceed. `values` is not empty.
+double QuantileOf(std::vector<double> values, double share);
+
+// 1.4826 makes the median of absolute deviations a standard deviation, if errors are normal.
+inline constexpr double kSigmaPerMad = 1.4826;
+
+// Iteratively reweighted least squares: Huber's weights first, then Tukey's, with a small ridge on
+// standardized features. A constant term is added by itself; features that do not vary are ignored.
+class RobustRegression {
+ public:
+  struct Residual {
+    double value = 0.0;     // of an observation, from a fit without it
+    double leverage = 0.0;  // variance of what that fit foretells, in variances of the scatter
+  };
+
+  // `features` has a row of `count` numbers for each observation. Empty if there are fewer than 25
+  // observations or than 3 for each coefficient.
+  static std::optional<RobustRegression> Fit(std::vector<double> const& features, std::size_t count,
+                                             std::vector<double> const& observed);
+
+  // What the fit gives for the features of an observation, and the leverage there.
+  double At(std::span<double const> features) const;
+  double LeverageAt(std::span<double const> features) const;
+  // Of an observation of the fit.
+  Residual const& Of(std::size_t observation) const { return residuals_[observation]; }
+
+ private:
+  struct Column {
+    std::size_t feature;
+    double mean;
+    double scale;
+  };
+
+  RobustRegression() = default;
+  void Standardize(std::vector<double> const& features, std::size_t count, std::size_t rows);
+  std::size_t Width() const { return columns_.size() + 1; }
+  double const* Row(std::size_t observation) const { return &rows_[observation * Width()]; }
+  void SetRow(std::span<double const> features, double* row) const;
+  bool Solve(std::vector<double> const& observed, std::vector<double> const& weights);
+  // x' A^-1 x of a standardized row.
+  double Form(double const* row) const;
+  double ValueOf(double const* row) const;
+
+  std::vector<Column> columns_;
+  std::vector<double> rows_;          // standardized, each begins with 1
+  std::vector<double> factor_;        // lower triangle of Cholesky's factor of the normal equations
+  std::vector<double> coefficients_;  // for standardized features
+  std::vector<Residual> residuals_;
+};
+
+}  // namespace zel
