@@ -47,8 +47,8 @@ TEST(RobustRegression, OneInTenGrossErrorsDoNotSpoilTheCoefficients) {
 
 TEST(RobustRegression, ResidualIsFromAFitWithoutTheObservation) {
   Plane plane(60);
-  plane.features[2 * 30] = 400.0;  // far from all others: it would draw the plane to itself
-  plane.observed[30] = Plane::At(400.0, plane.features[2 * 30 + 1]) + 1.0;
+  plane.features[2 * 30] = 60.0;  // far from all others: it would draw the plane to itself
+  plane.observed[30] = Plane::At(60.0, plane.features[2 * 30 + 1]) + 3.0;
   auto const fit = RobustRegression::Fit(plane.features, 2, plane.observed);
   ASSERT_TRUE(fit);
   auto features = plane.features;
@@ -57,7 +57,7 @@ TEST(RobustRegression, ResidualIsFromAFitWithoutTheObservation) {
   observed.erase(observed.begin() + 30);
   auto const without = RobustRegression::Fit(features, 2, observed);
   ASSERT_TRUE(without);
-  double const place[] = {400.0, plane.features[61]};
+  double const place[] = {60.0, plane.features[61]};
   double const foretold = without->At(place);
   EXPECT_NEAR(fit->Of(30).value, plane.observed[30] - foretold, 0.5 * std::abs(fit->Of(30).value));
   EXPECT_GT(fit->Of(30).leverage, 20.0 * fit->Of(29).leverage);
@@ -94,9 +94,10 @@ class Kin : public ::testing::Test {
         static constexpr char const* kRest[] = {"", "", "O", "N"};
         if (kind == 1 && n == 1) continue;
         double const size = 0.7 * n + 0.12 * kMoreHydrogen[kind] + (kind >= 2 ? 0.3 : 0.0);
-        series_.push_back({c + std::to_string(h + kMoreHydrogen[kind]) + kRest[kind],
-                           size * (1.0 + 0.004 * Scattered(series_.size())),
-                           250.0 + 25.0 * n + 30.0 * kind});
+        series_.push_back(
+            {c + std::to_string(h + kMoreHydrogen[kind]) + kRest[kind],
+             size * (1.0 + 0.004 * Scattered(series_.size())),
+             (250.0 + 25.0 * n + 30.0 * kind) * (1.0 + 0.01 * Scattered(3 * series_.size() + 1))});
       }
     }
   }
@@ -122,7 +123,8 @@ class Kin : public ::testing::Test {
     for (Made const& made : series_) {
       test::ComponentBank bank;
       char ids[12][9] = {};
-      bank->SetIdentity(++number, number, 1, ids, "Name", made.formula.c_str(), 0);
+      ++number;
+      bank->SetIdentity(number, number, 1, ids, "Name", made.formula.c_str(), 0);
       bank->SetProperty(propertyVDWV, made.vdwv);
       bank->SetProperty(propertyTC, made.tc);
       SetDensity(*bank.Get(), made);

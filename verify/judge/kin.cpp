@@ -22,13 +22,17 @@ using Tensions = std::vector<std::vector<Tension>>;
 
 double Undefined() { return gen_GetUndefDouble(); }
 
-double MedianOfDefined(std::vector<double> values) {
+// The median of those that can be used, NaN if there are only others, undefined without any.
+double MedianOfUsable(std::vector<double> values) {
   std::erase_if(values, [](double value) { return !IsDefined(value); });
-  return values.empty() ? Undefined() : MedianOf(std::move(values));
+  if (values.empty()) return Undefined();
+  std::erase_if(values, [](double value) { return std::isnan(value); });
+  return values.empty() ? std::nan("") : MedianOf(std::move(values));
 }
 
+// NaN for a value that cannot be right.
 double LogOf(double value) {
-  return IsDefined(value) && value > 0.0 ? std::log(value) : Undefined();
+  return !IsDefined(value) ? value : value > 0.0 ? std::log(value) : std::nan("");
 }
 
 class KinComparisons {
@@ -113,7 +117,7 @@ void KinComparisons::Constant(KinConstant const& row) {
   for (std::uint32_t i = 0; i < substances_.size(); ++i) {
     std::vector<double> values;
     for (Record const* record : substances_[i].Records()) values.push_back(numberOf(i, *record));
-    observed[i] = MedianOfDefined(std::move(values));
+    observed[i] = MedianOfUsable(std::move(values));
   }
   auto const forecasts = ForecastOf(kin_, row.sets, observed, row.floor);
   for (std::uint32_t i = 0; i < substances_.size(); ++i) {
@@ -122,12 +126,12 @@ void KinComparisons::Constant(KinConstant const& row) {
     for (Record const* const record : substances_[i].Records()) {
       double const number = numberOf(i, *record);
       double const value = record->Constant(row.constant);
-      if (!IsDefined(value) || (!isLog && !IsDefined(number))) continue;
+      if (!IsDefined(number)) continue;
       Point point;
       point.value = value;
       point.expected = isLog ? std::exp(forecast.value) : forecast.value + lessOf(i, *record);
       point.deviation =
-          IsDefined(number) ? std::abs(number - forecast.value) / forecast.tolerance : kFar;
+          std::isnan(number) ? kFar : std::abs(number - forecast.value) / forecast.tolerance;
       point.tolerance =
           isLog ? forecast.tolerance : forecast.tolerance / std::max(std::abs(value), 1e-9);
       Tell(i, *record, row.rule, Datum::Constant(row.constant), row.sets[forecast.set], row.less,
@@ -174,10 +178,10 @@ void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& reco
   std::vector<double> values;
   for (std::size_t k = 0; k < records.size(); ++k) {
     double const number = transform(records[k].values);
-    if (!std::isnan(number)) values.push_back(number);
+    values.push_back(number);
     bool const isLast = k + 1 == records.size() || records[k + 1].substance != records[k].substance;
     if (!isLast) continue;
-    observed[records[k].substance] = MedianOfDefined(std::move(values));
+    observed[records[k].substance] = MedianOfUsable(std::move(values));
     values.clear();
   }
   auto const forecasts = ForecastOf(kin_, row.sets, observed, row.floor);
@@ -198,13 +202,10 @@ void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& reco
 void KinComparisons::Curve(KinCurve const& row) {
   auto records = RecordsWith(row);
   std::size_t const points = row.grid->points.size();
-  auto const logOf = [](double value) {
-    return !IsDefined(value) ? value : value > 0.0 ? std::log(value) : std::nan("");
-  };
   for (std::size_t k = 0; k < points; ++k) {
     if (row.value == KinCurveValue::kLog) {
       Compare(
-          row, records, k, [=](auto const& values) { return logOf(values[k]); },
+          row, records, k, [=](auto const& values) { return LogOf(values[k]); },
           [](auto const&, double number) { return std::exp(number); });
     }
     if (row.value == KinCurveValue::kPlain) {
@@ -219,7 +220,7 @@ void KinComparisons::Curve(KinCurve const& row) {
         [=](auto const& values) {
           double const from = values[k - 1], to = values[k];
           if (!IsDefined(from) || !IsDefined(to)) return Undefined();
-          if (isRise) return logOf(to - from);
+          if (isRise) return LogOf(to - from);
           // The values by themselves are compared above.
           return from > 0.0 && to > 0.0 ? std::log(to / from) : Undefined();
         },

@@ -16,40 +16,47 @@ constexpr double kSigmas = 3.0;
 constexpr double kShare = 0.95;
 constexpr double kMargin = 1.5;
 
-struct Residual {
-  double value = gen_GetUndefDouble();  // observed - foretold; undefined: not observed
+bool IsUsable(double observed) { return IsDefined(observed) && !std::isnan(observed); }
+
+// What a fit gives for a substance.
+struct Estimate {
+  double foretold = gen_GetUndefDouble();  // undefined: nothing
   double leverage = 0.0;
+  double residual = 0.0;  // observed - foretold, of a substance of the fit
   bool isOfFit = false;
 };
 
-// Residuals by substance, and those with a correction by kin.
+// The estimates by substance, as a regression gives them or corrected by kin.
 class Scatter {
  public:
-  Scatter(KinFeatures const& kin, std::vector<Residual> residuals)
-      : kin_(kin), residuals_(std::move(residuals)) {
-    sigma_ = SigmaOf(residuals_);
+  Scatter(KinFeatures const& kin, std::vector<Estimate> estimates)
+      : kin_(kin), estimates_(std::move(estimates)) {
+    sigma_ = SigmaOf(estimates_);
   }
 
   // Takes off what the residuals of the nearest kin have in common.
   void Correct() {
-    std::vector<Residual> corrected = residuals_;
-    for (std::uint32_t i = 0; i < residuals_.size(); ++i) {
-      if (IsDefined(residuals_[i].value)) corrected[i].value -= CommonNear(i);
+    std::vector<Estimate> corrected = estimates_;
+    for (std::uint32_t i = 0; i < estimates_.size(); ++i) {
+      if (!IsDefined(estimates_[i].foretold)) continue;
+      double const common = CommonNear(i);
+      corrected[i].foretold += common;
+      corrected[i].residual -= common;
     }
-    residuals_ = std::move(corrected);
-    sigma_ = SigmaOf(residuals_);
+    estimates_ = std::move(corrected);
+    sigma_ = SigmaOf(estimates_);
   }
 
   // Sets the tolerances; returns their median.
   double Calibrate(double floor);
-  double ValueOf(std::uint32_t i) const { return residuals_[i].value; }
+  double ValueOf(std::uint32_t i) const { return estimates_[i].foretold; }
   double ToleranceOf(std::uint32_t i) const { return tolerances_[i]; }
 
  private:
-  static double SigmaOf(std::vector<Residual> const& residuals) {
+  static double SigmaOf(std::vector<Estimate> const& estimates) {
     std::vector<double> off;
-    for (Residual const& one : residuals) {
-      if (one.isOfFit) off.push_back(std::abs(one.value));
+    for (Estimate const& one : estimates) {
+      if (one.isOfFit) off.push_back(std::abs(one.residual));
     }
     return kSigmaPerMad * MedianOf(std::move(off));
   }
@@ -59,8 +66,8 @@ class Scatter {
   std::size_t VisitNear(std::uint32_t i, Visit const& visit) const {
     std::size_t count = 0;
     for (KinFeatures::Near const& near : kin_.NearestOf(i)) {
-      if (!residuals_[near.substance].isOfFit) continue;
-      visit(residuals_[near.substance].value, near.distance);
+      if (!estimates_[near.substance].isOfFit) continue;
+      visit(estimates_[near.substance].residual, near.distance);
       if (++count == kNeighbours) break;
     }
     return count;
@@ -96,56 +103,57 @@ class Scatter {
       near = kSigmaPerMad * *middle;
     }
     double const scale = std::sqrt((sigma_ * sigma_ + near * near) / 2.0);
-    return scale * std::sqrt((1.0 + kFarther * far) * (1.0 + residuals_[i].leverage));
+    return scale * std::sqrt((1.0 + kFarther * far) * (1.0 + estimates_[i].leverage));
   }
 
   KinFeatures const& kin_;
-  std::vector<Residual> residuals_;
+  std::vector<Estimate> estimates_;
   double sigma_;
   std::vector<double> tolerances_;
 };
 
 double Scatter::Calibrate(double floor) {
-  tolerances_.assign(residuals_.size(), 0.0);
+  tolerances_.assign(estimates_.size(), 0.0);
   std::vector<double> ratios;
-  for (std::uint32_t i = 0; i < residuals_.size(); ++i) {
-    if (!IsDefined(residuals_[i].value)) continue;
+  for (std::uint32_t i = 0; i < estimates_.size(); ++i) {
+    if (!IsDefined(estimates_[i].foretold)) continue;
     tolerances_[i] = std::max(ScaleOf(i), 1e-12);
-    if (residuals_[i].isOfFit) ratios.push_back(std::abs(residuals_[i].value) / tolerances_[i]);
+    if (estimates_[i].isOfFit) ratios.push_back(std::abs(estimates_[i].residual) / tolerances_[i]);
   }
   double const sigmas = std::max(kSigmas, kMargin * QuantileOf(std::move(ratios), kShare));
   std::vector<double> known;
-  for (std::uint32_t i = 0; i < residuals_.size(); ++i) {
+  for (std::uint32_t i = 0; i < estimates_.size(); ++i) {
     tolerances_[i] = std::max(floor, sigmas * tolerances_[i]);
-    if (residuals_[i].isOfFit) known.push_back(tolerances_[i]);
+    if (estimates_[i].isOfFit) known.push_back(tolerances_[i]);
   }
   return MedianOf(std::move(known));
 }
 
-// The residuals of a regression; empty if there are too few substances.
-std::vector<Residual> ResidualsOf(KinFeatures const& kin, FeatureSet const& set,
+// The estimates by a regression; empty if there are too few substances.
+std::vector<Estimate> EstimatesOf(KinFeatures const& kin, FeatureSet const& set,
                                   std::vector<double> const& observed) {
   std::size_t const count = KinFeatures::CountOf(set);
   std::vector<double> rows, values;
-  std::vector<Residual> residuals(kin.Count());
+  std::vector<Estimate> estimates(kin.Count());
   std::vector<std::uint32_t> fitted;
   for (std::uint32_t const i : kin.Sample()) {
-    if (!IsDefined(observed[i]) || !kin.Append(i, set, rows)) continue;
+    if (!IsUsable(observed[i]) || !kin.Append(i, set, rows)) continue;
     values.push_back(observed[i]);
     fitted.push_back(i);
   }
   auto const fit = RobustRegression::Fit(rows, count, values);
   if (!fit) return {};
   for (std::size_t k = 0; k < fitted.size(); ++k) {
-    residuals[fitted[k]] = {fit->Of(k).value, fit->Of(k).leverage, true};
+    auto const& [residual, leverage] = fit->Of(k);
+    estimates[fitted[k]] = {values[k] - residual, leverage, residual, true};
   }
   for (std::uint32_t i = 0; i < kin.Count(); ++i) {
-    if (residuals[i].isOfFit || !IsDefined(observed[i])) continue;
+    if (estimates[i].isOfFit || !IsDefined(observed[i])) continue;
     rows.clear();
     if (!kin.Append(i, set, rows)) continue;
-    residuals[i] = {observed[i] - fit->At(rows), fit->LeverageAt(rows), false};
+    estimates[i] = {fit->At(rows), fit->LeverageAt(rows)};
   }
-  return residuals;
+  return estimates;
 }
 
 }  // namespace
@@ -159,9 +167,9 @@ std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet co
   };
   std::vector<Tried> tried;
   for (std::uint8_t set = 0; set < sets.size(); ++set) {
-    auto residuals = ResidualsOf(kin, sets[set], observed);
-    if (residuals.empty()) continue;
-    Scatter plain(kin, std::move(residuals));
+    auto estimates = EstimatesOf(kin, sets[set], observed);
+    if (estimates.empty()) continue;
+    Scatter plain(kin, std::move(estimates));
     Scatter corrected = plain;
     corrected.Correct();
     double const plainTolerance = plain.Calibrate(floor);
@@ -178,7 +186,7 @@ std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet co
   for (std::uint32_t i = 0; i < kin.Count(); ++i) {
     for (Tried const* const one : order) {
       if (!IsDefined(one->scatter.ValueOf(i))) continue;
-      forecasts[i] = {observed[i] - one->scatter.ValueOf(i), one->scatter.ToleranceOf(i), one->set};
+      forecasts[i] = {one->scatter.ValueOf(i), one->scatter.ToleranceOf(i), one->set};
       break;
     }
   }

@@ -18,8 +18,9 @@ struct Forecast {
 };
 
 // A forecast for each substance, from substances other than itself. `observed` has a number for
-// each substance, undefined if it has none. Of several sets of features, that with the smallest
-// scatter is taken for each substance that has its data.
+// each substance, undefined if it has none: then nothing is foretold; NaN for one that cannot be
+// used. Of several sets of features, that with the smallest scatter is taken for each substance
+// that has its data.
 //
 // A robust regression is corrected by the residuals of the nearest kin where that makes the scatter
 // smaller. The tolerance is three robust standard deviations of the residuals or more, so that
