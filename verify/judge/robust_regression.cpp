@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kFewest = 25;
 constexpr std::size_t kPerCoefficient = 3;
-constexpr double kRidge = 0.0001;        // of the observations, on features of variance 1
+constexpr double kRidge = 0.0001;       // of the observations, on features of variance 1
 constexpr double kMostLeverage = 0.95;  // of an observation in its own fit
 constexpr int kHuberSteps = 2;
 constexpr int kSteps = 4;
