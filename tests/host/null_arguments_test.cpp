@@ -3,7 +3,7 @@
 #include <zelaccess/Batch.h>
 #include <zelaccess/Columns.h>
 #include <zelaccess/CompList_p.h>
-#include <zelaccess/DataCheck.h>
+#include <zelaccess/DataJudgement.h>
 #include <zelaccess/Identity.h>
 #include <zelaccess/Interchange.h>
 #include <zelaccess/Key_p.h>
@@ -511,6 +511,14 @@ void NullArgumentsTest::SweepFunctions() {
         options.silentCount = 1;
         ZelCheckedLibrary const checked{library != nullptr ? *library : nullptr, nullptr};
         return CompareLibraryData(library != nullptr ? &checked : nullptr, 1, options, dataSink);
+      });
+  SweepCall<LibFile* const*, char const* const*>(
+      "JudgeLibraryData", [&](LibFile* const* library, char const* const* silent) {
+        ZelJudgementOptions options;
+        options.silent = silent;
+        options.silentCount = 1;
+        ZelCheckedLibrary const checked{library != nullptr ? *library : nullptr, nullptr};
+        return JudgeLibraryData(library != nullptr ? &checked : nullptr, 1, options, dataSink);
       });
   struct Steps final : ZelProgress {
     bool OnProgress(double) noexcept override { return true; }

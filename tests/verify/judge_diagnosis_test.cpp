@@ -1,0 +1,187 @@
+// Which datum is named when comparisons disagree, and how strongly; slips that show by their size.
+#include <gtest/gtest.h>
+
+#include <deque>
+
+#include "tests/verify/data_check_fixture.h"
+#include "verify/judge/diagnosis.h"
+#include "verify/judge/slip.h"
+#include "verify/judge/substance.h"
+
+namespace zel::test {
+namespace {
+
+constexpr JudgeRule kSources = {"magnitude", "the same constant", 1.0, "by hand"};
+constexpr JudgeRule kBoiling = {"vapor-pressure", "p(NBP) = 1 atm", 0.02, "by hand"};
+constexpr JudgeRule kCritical = {"critical", "ZC = PC VC/(R TC)", 0.02, "by hand"};
+
+class DiagnosisTest : public ::testing::Test {
+ protected:
+  // A record of a library; only its place matters here.
+  Record const& MakeRecord(char const* library) {
+    ComponentView const component;
+    GoodComponent{}.Fill(*component.Face());
+    CheckedItem item(library, CheckedBank("PURECOMP", "TEST"), {1}, "GOOD", "TEST GOOD");
+    return records_.emplace_back(component, std::move(item));
+  }
+  static Claim Of(Record const& record, zelProperties index) {
+    return {&record, Datum::Constant(index)};
+  }
+  void Compare(JudgeRule const& rule, double deviation, std::vector<Claim> const& claims,
+               Stake stake = Stake::kFull) {
+    Tension tension;
+    tension.rule = &rule;
+    for (Claim const& claim : claims) tension.parts.push_back({claim, stake});
+    tension.about = claims.front();
+    tension.isBetweenSources = &rule == &kSources;
+    tension.deviation = deviation;
+    tensions_.push_back(std::move(tension));
+  }
+
+  std::deque<Record> records_;
+  std::vector<Tension> tensions_;
+};
+
+TEST_F(DiagnosisTest, DataThatAgreeAreNotSuspect) {
+  Record const& one = MakeRecord("one");
+  Record const& two = MakeRecord("two");
+  Compare(kSources, 0.9, {Of(one, propertyTC), Of(two, propertyTC)});
+  EXPECT_TRUE(Diagnose(tensions_).empty());
+  EXPECT_TRUE(Diagnose({}).empty());
+}
+
+TEST_F(DiagnosisTest, TheOddOneOfThreeSourcesIsTheCulprit) {
+  Record const& one = MakeRecord("one");
+  Record const& two = MakeRecord("two");
+  Record const& three = MakeRecord("three");
+  Compare(kSources, 8.0, {Of(one, propertyTC), Of(two, propertyTC)});
+  Compare(kSources, 8.2, {Of(two, propertyTC), Of(three, propertyTC)});
+  Compare(kSources, 0.1, {Of(one, propertyTC), Of(three, propertyTC)});
+  std::vector<Suspicion> const found = Diagnose(tensions_);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].claim, Of(two, propertyTC));
+  EXPECT_GT(found[0].strength, 0.9);
+  ASSERT_EQ(found[0].against.size(), 2U);
+  EXPECT_EQ(found[0].against[0]->deviation, 8.2) << "the worst first";
+}
+
+TEST_F(DiagnosisTest, WhatAgreesElsewhereIsNotTheCulprit) {
+  Record const& one = MakeRecord("one");
+  Record const& two = MakeRecord("two");
+  Claim const boiling = Of(one, propertyNBP);
+  Claim const critical = Of(one, propertyTC);
+  Compare(kBoiling, 6.0, {boiling, critical});
+  Compare(kSources, 0.1, {critical, Of(two, propertyTC)});
+  std::vector<Suspicion> const found = Diagnose(tensions_);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].claim, boiling);
+}
+
+TEST_F(DiagnosisTest, TwoMistakesAreTwoFindings) {
+  Record const& one = MakeRecord("one");
+  Record const& two = MakeRecord("two");
+  Record const& three = MakeRecord("three");
+  for (zelProperties const index : {propertyTC, propertyPC}) {
+    Record const& wrong = index == propertyTC ? one : two;
+    Record const& right = index == propertyTC ? two : one;
+    Compare(kSources, 9.0, {Of(wrong, index), Of(right, index)});
+    Compare(kSources, 9.0, {Of(wrong, index), Of(three, index)});
+    Compare(kSources, 0.2, {Of(right, index), Of(three, index)});
+  }
+  std::vector<Suspicion> const found = Diagnose(tensions_);
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_EQ(found[0].claim, Of(one, propertyTC));
+  EXPECT_EQ(found[1].claim, Of(two, propertyPC));
+}
+
+TEST_F(DiagnosisTest, StrengthGrowsWithTheDeviationAndWithWitnesses) {
+  Record const& one = MakeRecord("one");
+  Record const& two = MakeRecord("two");
+  double before = 0.0;
+  for (double const deviation : {1.2, 2.0, 5.0, 30.0, 1e3}) {
+    tensions_.clear();
+    Compare(kSources, deviation, {Of(one, propertyTC), Of(two, propertyTC)});
+    double const strength = Diagnose(tensions_).at(0).strength;
+    EXPECT_GT(strength, before) << deviation;
+    EXPECT_LT(strength, 1.0);
+    before = strength;
+  }
+  tensions_.clear();
+  Compare(kBoiling, 3.0, {Of(one, propertyNBP)});
+  double const alone = Diagnose(tensions_).at(0).strength;
+  Compare(kBoiling, 3.0, {Of(one, propertyNBP), Of(two, propertyTC)});
+  EXPECT_EQ(Diagnose(tensions_).at(0).strength, alone) << "the same rule is the same witness";
+  Compare(kCritical, 3.0, {Of(one, propertyNBP)});
+  EXPECT_GT(Diagnose(tensions_).at(0).strength, alone);
+}
+
+TEST_F(DiagnosisTest, ADatumThatHardlyMattersIsNotNamed) {
+  Record const& one = MakeRecord("one");
+  Tension tension;
+  tension.rule = &kBoiling;
+  tension.parts = {{Of(one, propertyTC), Stake::kMinor}, {Of(one, propertyNBP), Stake::kFull}};
+  tension.about = Of(one, propertyTC);
+  tension.deviation = 10.0;
+  tensions_.push_back(tension);
+  EXPECT_EQ(Diagnose(tensions_).at(0).claim, Of(one, propertyNBP));
+}
+
+TEST(SubstanceTest, RecordsOfOneCasNumberAreOneSubstance) {
+  std::deque<Record> records;
+  auto const add = [&](std::int32_t number, std::int32_t cas, char const* formula) {
+    ComponentView const component;
+    GoodComponent good;
+    good.number = number;
+    good.cas = cas;
+    good.formula = formula;
+    good.Fill(*component.Face());
+    records.emplace_back(component, CheckedItem("own", CheckedBank("PURECOMP", "TEST"), {number},
+                                                "GOOD", "TEST GOOD"));
+  };
+  add(1, 7732185, "H2O");
+  add(2, 7732185, "H2O");  // another number, the same CAS number
+  add(1, 64175, "C2H6O");  // the number of water
+  add(1, 0, "H2O");        // no CAS number: by number and formula
+  add(3, 0, "");
+  std::vector<Substance> const substances = SubstancesOf(records);
+  ASSERT_EQ(substances.size(), 3U);
+  EXPECT_EQ(substances[0].Records(),
+            (std::vector<Record const*>{&records[0], &records[1], &records[3]}));
+  EXPECT_EQ(substances[1].Records(), std::vector<Record const*>{&records[2]});
+  EXPECT_EQ(substances[2].Records(), std::vector<Record const*>{&records[4]});
+}
+
+TEST(SlipTest, FactorsAndOffsetsOfUnits) {
+  struct {
+    double value, expected;
+    char const* unit;
+    char const* slip;
+  } const rows[] = {
+      {48.95, 4895.0, "kPa", "bar taken for kPa"},
+      {48.31, 4895.0, "kPa", "atm taken for kPa"},
+      {710.0, 4895.0, "kPa", "psi taken for kPa"},
+      {36716.0, 4895.0, "kPa", "mmHg taken for kPa"},
+      {4.895, 4895.0, "kPa", "MPa taken for kPa"},
+      {4895e3, 4895.0, "kPa", "Pa taken for kPa"},
+      {80.09, 353.24, "K", "C taken for K"},
+      {626.39, 353.24, "K", "K taken for C"},
+      {176.16, 353.24, "K", "F taken for K"},
+      {635.83, 353.24, "K", "R taken for K"},
+      {-56196.0, -235.1e3, "kJ/kg-mol", "cal taken for J"},
+      {235.1e3, -235.1e3, "kJ/kg-mol", "a lost sign"},
+      {-2351e3, -235.1e3, "kJ/kg-mol", "a decimal point that slipped by 1 digit"},
+      {-235.1, -235.1e3, "kJ/kg-mol", "a decimal point that slipped by 3 digits"},
+      {-235.1e3 * 46.07, -235.1e3, "kJ/kg-mol", "a molar value taken for one per mass"},
+      {0.5, 0.4, "", ""},
+      {4895.0, 4895.0, "kPa", ""},
+  };
+  for (auto const& row : rows) {
+    EXPECT_EQ(LikelySlip(row.value, row.expected, row.unit, 0.003, 46.07), row.slip)
+        << row.value << ' ' << row.expected;
+  }
+  EXPECT_EQ(LikelySlip(gen_GetUndefDouble(), 1.0, "K", 0.01, 46.07), "");
+  EXPECT_EQ(LikelySlip(1.0, 0.0, "K", 0.01, 46.07), "");
+}
+
+}  // namespace
+}  // namespace zel::test
