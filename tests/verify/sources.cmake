@@ -5,5 +5,6 @@ set(verify_TEST_SOURCES
     data_check_libraries_test.cpp
     data_check_test.cpp
     identity_test.cpp
+    judge_constant_relations_test.cpp
     progress_test.cpp
     verify_test.cpp)

@@ -19,7 +19,8 @@ inline constexpr Datum Of(zelCorrelations index) { return Datum::Curve(index); }
 // Hydrogen, helium and neon are too light for corresponding states.
 inline bool IsQuantumFluid(Reading const& r) {
   constexpr double kHighest = 50.0;  // K, critical temperature
-  return r.Of().Median(propertyTC) < kHighest;
+  double const critical = r.Of().Median(propertyTC);
+  return IsDefined(critical) && critical < kHighest;
 }
 
 // An outcome about a value of a curve.
