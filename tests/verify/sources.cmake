@@ -5,8 +5,9 @@ set(verify_TEST_SOURCES
     data_check_libraries_test.cpp
     data_check_test.cpp
     identity_test.cpp
+    judge_constant_relations_test.cpp
     judge_diagnosis_test.cpp
-    judge_libraries_test.cpp
     judge_kin_test.cpp
+    judge_libraries_test.cpp
     progress_test.cpp
     verify_test.cpp)

@@ -44,11 +44,18 @@ Found ReducedBoiling(Reading& r, JudgeRule const& rule) {
                          kUsual * r.Constant(propertyNBP, Stake::kMinor), rule.tolerance);
 }
 
+// Large molecules decompose near TC, so that their critical points are estimates.
+double AcentricTolerance(JudgeRule const& rule, double expected) {
+  constexpr double kSmall = 0.5;
+  return rule.tolerance * (kSmall + std::abs(expected));
+}
+
 Found AcentricOfVaporPressure(Reading& r, JudgeRule const& rule) {
   double const acentric = r.Constant(propertyACENTRIC);
   double const pressure = r.At(correlationVaporPressure, 0.7 * r.Constant(propertyTC));
   double const expected = -std::log10(pressure / r.Constant(propertyPC)) - 1.0;
-  return Outcome::Absolute(Of(propertyACENTRIC), acentric, expected, rule.tolerance);
+  return Outcome::Absolute(Of(propertyACENTRIC), acentric, expected,
+                           AcentricTolerance(rule, expected));
 }
 
 // B. I. Lee, M. G. Kesler, AIChE J. 21 (1975) 510: the reduced vapor pressures of simple fluids and
@@ -67,7 +74,8 @@ Found AcentricOfBoiling(Reading& r, JudgeRule const& rule) {
   LeeKesler const f = ReducedPressure(r.Constant(propertyNBP) / r.Constant(propertyTC));
   double const expected =
       (std::log(kAtmospheric / r.Constant(propertyPC)) - f.simple) / f.correction;
-  return Outcome::Absolute(Of(propertyACENTRIC), acentric, expected, rule.tolerance);
+  return Outcome::Absolute(Of(propertyACENTRIC), acentric, expected,
+                           AcentricTolerance(rule, expected));
 }
 
 Found PressureAtBoiling(Reading& r, JudgeRule const& rule) {
@@ -145,16 +153,17 @@ constexpr Relation kRows[] = {
       "factor 1.22: from 1.26 for long chains to 1.75 for small molecules"},
      "NBP",
      ReducedBoiling},
-    {{"acentric", "ACENTRIC = -log10(p(0.7 TC)/PC) - 1", 0.05,
-      "0.05: two critical points of handbooks; 19 of 20 data are within it"},
+    {{"acentric", "ACENTRIC = -log10(p(0.7 TC)/PC) - 1", 0.075,
+      "0.075 (0.5 + ACENTRIC): critical points of handbooks; 19 of 20 data are within it"},
      "the vapor pressure at 0.7 TC",
      AcentricOfVaporPressure},
-    {{"acentric-boiling", "ACENTRIC from NBP, TC and PC after Lee and Kesler", 0.07,
-      "0.07: error of the method for polar substances; 19 of 20 data are within it"},
+    {{"acentric-boiling", "ACENTRIC from NBP, TC and PC after Lee and Kesler", 0.09,
+      "0.09 (0.5 + ACENTRIC): error of the method for polar substances; 19 of 20 data are within "
+      "it"},
      "NBP, TC and PC",
      AcentricOfBoiling},
-    {{"vapor-pressure", "p(NBP) = 101.325 kPa", 0.05,
-      "5 %: 1.5 K in the boiling point; 29 of 30 handbook data are within it"},
+    {{"vapor-pressure", "p(NBP) = 101.325 kPa", 0.06,
+      "6 %: 2 K in the boiling point; 29 of 30 handbook data are within it"},
      "1 atm at NBP",
      PressureAtBoiling},
     {{"critical-pressure", "p(TC) = PC", 0.06,

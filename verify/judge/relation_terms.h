@@ -16,6 +16,13 @@ inline constexpr double kAtmospheric = 101.325;      // kPa
 inline constexpr Datum Of(zelProperties index) { return Datum::Constant(index); }
 inline constexpr Datum Of(zelCorrelations index) { return Datum::Curve(index); }
 
+// Hydrogen, helium and neon are too light for corresponding states.
+inline bool IsQuantumFluid(Reading const& r) {
+  constexpr double kHighest = 50.0;  // K, critical temperature
+  double const critical = r.Of().Median(propertyTC);
+  return IsDefined(critical) && critical < kHighest;
+}
+
 // An outcome about a value of a curve.
 inline Found At(Found outcome, double kelvin) {
   if (outcome) outcome->temperature = kelvin;

@@ -72,8 +72,10 @@ Found HeatOfCombustion(Reading& r, JudgeRule const& rule) {
   if (r.Atoms("F") > 0.0) return std::nullopt;  // to HF or CF4
   constexpr double kLeast = 4000.0;             // kJ/kg-mol
   constexpr double kPairs = 30000.0;            // heat of dimerization, for a molecule
-  double const tolerance =
-      rule.tolerance * std::abs(expected) + kLeast + (FormsPairs(r) ? kPairs : 0.0);
+  constexpr double kSolid = 8000.0;             // solids change before they melt
+  bool const isSolid = r.Of().Median(propertyNMP) > kRoom;
+  double const tolerance = rule.tolerance * std::abs(expected) + kLeast +
+                           (FormsPairs(r) ? kPairs : 0.0) + (isSolid ? kSolid : 0.0);
   return Outcome::Absolute(Of(propertyHCOMBUST), stored, expected, tolerance);
 }
 
@@ -130,6 +132,7 @@ Found LatentHeatAtBoiling(Reading& r, JudgeRule const& rule) {
 
 // Clapeyron, with the compressibility of the vapor after Haggenmacher.
 Found HeatOfSlope(Reading& r, JudgeRule const& rule) {
+  if (FormsPairs(r)) return std::nullopt;
   double const stored = r.Constant(propertyHVAPNBP);
   double const boiling = r.Constant(propertyNBP, Stake::kMinor);
   double const pressure = r.At(correlationVaporPressure, boiling);
@@ -143,7 +146,7 @@ Found HeatOfSlope(Reading& r, JudgeRule const& rule) {
 
 // N. H. Chen, J. Chem. Eng. Data 10 (1965) 207.
 Found HeatOfChen(Reading& r, JudgeRule const& rule) {
-  if (FormsPairs(r)) return std::nullopt;
+  if (FormsPairs(r) || IsQuantumFluid(r)) return std::nullopt;
   double const stored = r.Constant(propertyHVAPNBP);
   double const boiling = r.Constant(propertyNBP);
   double const tr = boiling / r.Constant(propertyTC);
@@ -155,6 +158,7 @@ Found HeatOfChen(Reading& r, JudgeRule const& rule) {
 
 // Trouton's rule as mended by Kistiakowsky, raised by the mean of polar substances.
 Found HeatOfBoiling(Reading& r, JudgeRule const& rule) {
+  if (IsQuantumFluid(r)) return std::nullopt;
   double const boiling = r.Constant(propertyNBP, Stake::kMinor);
   double const ratio = 4.75 + std::log(boiling);
   return Outcome::Factor(Of(propertyHVAPNBP), r.Constant(propertyHVAPNBP, Stake::kMinor),
@@ -222,8 +226,8 @@ Found SolubilityOfGas(Reading& r, JudgeRule const& rule) {
 
 constexpr Relation kRows[] = {
     {{"combustion",
-      "HCOMBUST = nC HF(CO2) + nH/2 HF(H2O gas) + nS HF(SO2) - HF of the state at 298.15 K", 0.003,
-      "0.3 % and 4 kJ/mol: heats of formation of handbooks; 19 of 20 data are within it"},
+      "HCOMBUST = nC HF(CO2) + nH/2 HF(H2O gas) + nS HF(SO2) - HF of the state at 298.15 K", 0.004,
+      "0.4 % and 4 kJ/mol: heats of formation of handbooks; 19 of 20 data are within it"},
      "HFORMATION and the formula",
      HeatOfCombustion},
     {{"lower-heating", "LHV = -HCOMBUST", 0.005, "0.5 %: the same quantity"},
@@ -235,8 +239,8 @@ constexpr Relation kRows[] = {
     {{"gibbs-energy",
       "GFORMATION = HFORMATION - 298.15 K (S by mass, heat capacity and atoms - S of "
       "the elements)",
-      13000.0,
-      "13 MJ/kg-mol: scatter of the entropies of 290 substances about the sum; 19 of 20 are within "
+      15000.0,
+      "15 MJ/kg-mol: scatter of the entropies of 290 substances about the sum; 19 of 20 are within "
       "it"},
      "HFORMATION and the entropy by atoms",
      GibbsEnergy},
@@ -252,20 +256,20 @@ constexpr Relation kRows[] = {
       "0.01 debye: by symmetry"},
      "the symmetry",
      NothingOfElement<propertyDIPOLE>},
-    {{"latent-heat", "HVAPNBP = latent heat at NBP", 0.05,
-      "5 %: uncertainty of heats of vaporization; 39 of 40 handbook data are within it"},
+    {{"latent-heat", "HVAPNBP = latent heat at NBP", 0.06,
+      "6 %: uncertainty of heats of vaporization; 39 of 40 handbook data are within it"},
      "the latent heat at NBP",
      LatentHeatAtBoiling},
-    {{"boiling-slope", "HVAPNBP = R NBP^2 d(ln p)/dT (1 - (101.325 kPa/PC)/(NBP/TC)^3)^0.5", 0.08,
-      "8 %: slopes of vapor pressures, and the vapor after Haggenmacher"},
+    {{"boiling-slope", "HVAPNBP = R NBP^2 d(ln p)/dT (1 - (101.325 kPa/PC)/(NBP/TC)^3)^0.5", 0.09,
+      "9 %: slopes of vapor pressures, and the vapor after Haggenmacher"},
      "the slope of the vapor pressure at NBP",
      HeatOfSlope},
-    {{"boiling-heat", "HVAPNBP from TC, PC and NBP after Chen", 0.08,
-      "8 %: error of the method for polar substances; 19 of 20 data are within it"},
+    {{"boiling-heat", "HVAPNBP from TC, PC and NBP after Chen", 0.09,
+      "9 %: error of the method for polar substances; 19 of 20 data are within it"},
      "TC, PC and NBP",
      HeatOfChen},
-    {{"trouton", "HVAPNBP = R NBP (4.75 + ln(NBP))", 0.25,
-      "factor 1.28: Trouton's rule from inert gases to alcohols"},
+    {{"trouton", "HVAPNBP = R NBP (4.75 + ln(NBP))", 0.3,
+      "factor 1.35: Trouton's rule from inert gases to alcohols"},
      "NBP",
      HeatOfBoiling},
     {{"boiling-enthalpy", "HVTB - HLTB = HVAPNBP", 0.03, "3 % of HVAPNBP: the same quantity"},
@@ -276,7 +280,7 @@ constexpr Relation kRows[] = {
      "SLTB + HVAPNBP/NBP",
      EntropiesAtBoiling},
     {{"solubility", "SOLUPARA^2 = (latent heat - R T) liquid density at 25 C, or at NMP above it",
-      0.025, "2.5 %: half the uncertainty of heats of vaporization; 39 of 40 data are within it"},
+      0.027, "2.7 %: half the uncertainty of heats of vaporization; 39 of 40 data are within it"},
      "latent heat and liquid density",
      SolubilityOfDensity},
     {{"solubility-volume", "SOLUPARA^2 = (latent heat at 25 C - R T)/MVOL25C", 0.025,
