@@ -17,6 +17,12 @@ set(verify_SOURCES
     item_fields.cpp
     judge/between_sources.cpp
     judge/constant_relations.cpp
+    judge/curve_heat_relations.cpp
+    judge/curve_law_relations.cpp
+    judge/curve_pair_relations.cpp
+    judge/curve_range_relations.cpp
+    judge/curve_shape_relations.cpp
+    judge/curve_state_relations.cpp
     judge/diagnosis.cpp
     judge/hazard_relations.cpp
     judge/judged_finding.cpp

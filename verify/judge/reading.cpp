@@ -63,6 +63,11 @@ double Reading::Slope(std::uint32_t curve, double kelvin, Stake stake) {
 
 KelvinRange Reading::Range(std::uint32_t curve) const { return own_.RangeOf(curve); }
 
+KelvinRange Reading::OwnRange(std::uint32_t curve, Stake stake) {
+  if (own_.HasCurve(curve)) Note(&own_, Datum::Curve(curve), 0.0, stake);
+  return Range(curve);
+}
+
 double Reading::Atoms(char const* element) const {
   Composition const& atoms = substance_.Atoms();
   auto const at = atoms.find(element);

@@ -24,6 +24,8 @@ class Reading {
   double Slope(std::uint32_t curve, double kelvin, Stake stake = Stake::kFull);
   // The range of the record's own curve; unbounded if it has none or a record without a range.
   KelvinRange Range(std::uint32_t curve) const;
+  // The same as something that was read, for relations about the range itself.
+  KelvinRange OwnRange(std::uint32_t curve, Stake stake = Stake::kFull);
   // Only the own record's, without falling back to others: for relations about one curve by itself.
   double OwnConstant(std::uint32_t index, Stake stake = Stake::kFull);
   double OwnAt(std::uint32_t curve, double kelvin, Stake stake = Stake::kFull);

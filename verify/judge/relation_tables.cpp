@@ -5,7 +5,9 @@
 namespace zel {
 
 std::vector<std::span<Relation const>> RelationTables() {
-  return {ConstantRelations(), VolumeRelations(), ThermalRelations(), HazardRelations()};
+  return {ConstantRelations(),   VolumeRelations(),     ThermalRelations(),  HazardRelations(),
+          CurveRangeRelations(), CurveShapeRelations(), CurveLawRelations(), CurveHeatRelations(),
+          CurvePairRelations(),  CurveStateRelations()};
 }
 
 std::vector<JudgeRule const*> AllRules() {

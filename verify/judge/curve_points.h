@@ -1,0 +1,71 @@
+// Where curves are compared, and what their comparisons have in common.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "verify/judge/relation_terms.h"
+
+namespace zel {
+
+// The temperature within the range of the own curve that is next to one; without an own curve,
+// within the range of another record where it is the nearest.
+inline double Near(Reading const& r, zelCorrelations curve, double kelvin) {
+  auto const within = [&](Record const& record) {
+    KelvinRange const range = record.RangeOf(curve);
+    if (!range.IsBounded() || range.low > range.high) return kelvin;
+    return std::clamp(kelvin, range.low, range.high);
+  };
+  if (std::isnan(kelvin)) return kelvin;
+  if (r.Own().HasCurve(curve)) return within(r.Own());
+  double nearest = std::nan("");
+  for (Record const* const record : r.Of().Records()) {
+    if (!record->HasCurve(curve)) continue;
+    double const at = within(*record);
+    if (!(std::abs(nearest - kelvin) <= std::abs(at - kelvin))) nearest = at;
+  }
+  return std::isnan(nearest) ? kelvin : nearest;
+}
+
+template <typename... More>
+double Near(Reading const& r, zelCorrelations curve, zelCorrelations next, More... more) {
+  return Near(r, curve, Near(r, next, more...));
+}
+
+// The one that deviates more; one that is missing counts for less than any.
+inline Found Worse(Found const& a, Found const& b) {
+  if (!a || !b) return a ? a : b;
+  return b->deviation > a->deviation ? b : a;
+}
+
+// The tolerance is a factor around the bounds, as a logarithm.
+inline Found Within(Datum about, double value, double low, double high, double logTolerance) {
+  if (std::isnan(value)) return std::nullopt;
+  return AtBound(Outcome::Factor(about, value, std::clamp(value, low, high), logTolerance));
+}
+
+// Whether molecules may pair in the vapor, as those of hydrogen fluoride and carboxylic acids do;
+// by the formula an ester is one of them.
+inline bool MayFormPairs(Reading const& r) {
+  return (r.Atoms("F") > 0.0 && r.Atoms("H") > 0.0 && r.Atoms("C") == 0.0) ||
+         (r.Atoms("C") > 0.0 && r.Atoms("H") > 1.0 && r.Atoms("O") > 1.0);
+}
+
+// Heat capacities in kJ/kg-mol-K: the curve, or the slope of the enthalpy where there is none.
+inline double HeatCapacity(Reading& r, zelCorrelations capacity, zelCorrelations enthalpy,
+                           double kelvin) {
+  double value = r.OwnAt(capacity, kelvin);
+  if (std::isnan(value)) value = r.OwnSlope(enthalpy, kelvin);
+  if (std::isnan(value)) value = r.At(capacity, kelvin);
+  if (std::isnan(value)) value = r.Slope(enthalpy, kelvin);
+  return value;
+}
+inline double IdealGasCapacity(Reading& r, double kelvin) {
+  return HeatCapacity(r, correlationIdealGasCp, correlationIdealEnthalpy, kelvin);
+}
+inline double LiquidCapacity(Reading& r, double kelvin) {
+  return HeatCapacity(r, correlationLiquidCp, correlationLiquidEnthalpy, kelvin);
+}
+
+}  // namespace zel
