@@ -6,6 +6,7 @@ set(verify_TEST_SOURCES
     data_check_test.cpp
     identity_test.cpp
     judge_constant_relations_test.cpp
+    judge_curve_relations_test.cpp
     judge_diagnosis_test.cpp
     judge_kin_test.cpp
     judge_libraries_test.cpp
