@@ -37,6 +37,7 @@ set(verify_SOURCES
     judge/relations.cpp
     judge/robust_regression.cpp
     judge/slip.cpp
+    judge/structure_groups.cpp
     judge/substance.cpp
     judge/thermal_relations.cpp
     judge/volume_relations.cpp

@@ -10,6 +10,7 @@
 #include "tests/support/sample_component.h"
 #include "verify/judge/kin.h"
 #include "verify/judge/robust_regression.h"
+#include "verify/judge/structure_groups.h"
 
 namespace zel {
 namespace {
@@ -79,6 +80,50 @@ TEST(RobustRegression, FewObservationsForTheFeaturesGiveNoFit) {
   // A feature that does not vary has no coefficient.
   for (std::size_t i = 0; i < 29; ++i) features[i * 9] = 7.0;
   EXPECT_TRUE(RobustRegression::Fit(features, 9, observed));
+}
+
+double CountOf(char const* smiles, char const* formula, StructureGroup group) {
+  Composition atoms;
+  EXPECT_TRUE(CompositionOf(formula, atoms));
+  auto const groups = GroupsOf(smiles, atoms);
+  return groups ? (*groups)[static_cast<std::size_t>(group)] : -1.0;
+}
+
+TEST(StructureGroups, AreCountedInSmiles) {
+  using enum StructureGroup;
+  EXPECT_EQ(CountOf("CCO", "C2H6O", kCh3), 1.0);
+  EXPECT_EQ(CountOf("CCO", "C2H6O", kCh2), 1.0);
+  EXPECT_EQ(CountOf("CCO", "C2H6O", kHydroxyl), 1.0);
+  EXPECT_EQ(CountOf("COC", "C2H6O", kEther), 1.0);
+  EXPECT_EQ(CountOf("CC(=O)O", "C2H4O2", kAcid), 1.0);
+  EXPECT_EQ(CountOf("COC=O", "C2H4O2", kEster), 1.0);
+  EXPECT_EQ(CountOf("COC=O", "C2H4O2", kEther), 0.0);
+  EXPECT_EQ(CountOf("CC=O", "C2H4O", kAldehyde), 1.0);
+  EXPECT_EQ(CountOf("CC(=O)C", "C3H6O", kKetone), 1.0);
+  EXPECT_EQ(CountOf("C1=CC=C(C=C1)O", "C6H6O", kAromaticCh), 5.0);
+  EXPECT_EQ(CountOf("c1ccc(cc1)O", "C6H6O", kAromaticCh), 5.0);
+  EXPECT_EQ(CountOf("C1=CC=C(C=C1)O", "C6H6O", kPhenol), 1.0);
+  EXPECT_EQ(CountOf("C1CCOC1", "C4H8O", kRingOxygen), 1.0);
+  EXPECT_EQ(CountOf("C1CCOC1", "C4H8O", kRingCh2), 4.0);
+  EXPECT_EQ(CountOf("C1CCC2CCCCC2C1", "C10H18", kRings), 2.0);
+  EXPECT_EQ(CountOf("C1CCC2CCCCC2C1", "C10H18", kRingCh), 2.0);
+  EXPECT_EQ(CountOf("CC(C)(C)C=C", "C6H12", kC), 1.0);
+  EXPECT_EQ(CountOf("CC(C)(C)C=C", "C6H12", kDoubleCh2), 1.0);
+  EXPECT_EQ(CountOf("CC#N", "C2H3N", kNitrile), 1.0);
+  EXPECT_EQ(CountOf("C[N+](=O)[O-]", "CH3NO2", kNitro), 1.0);
+  EXPECT_EQ(CountOf("CS", "CH4S", kSh), 1.0);
+  EXPECT_EQ(CountOf("C(Cl)(Cl)(Cl)Br", "CCl3Br", kCl), 3.0);
+  EXPECT_EQ(CountOf("C[C@H](N)C(=O)O", "C3H7NO2", kNh2), 1.0);
+}
+
+TEST(StructureGroups, TextThatIsNotOfTheFormulaIsIgnored) {
+  Composition ethanol;
+  ASSERT_TRUE(CompositionOf("C2H6O", ethanol));
+  for (char const* text : {"", "CCCO", "CC=O", "CC(O", "CC)O", "C1CO", "[13CH3]CO", "CC*O", "(C)CO",
+                           "C11CO", "[CCO", "CC[", "CC[]O", "CCX", "1CCO"}) {
+    EXPECT_FALSE(GroupsOf(text, ethanol)) << text;
+  }
+  EXPECT_TRUE(GroupsOf("OCC", ethanol));
 }
 
 // Substances with one record each, made by formulas, and one comparison engine.
@@ -185,7 +230,7 @@ TEST_F(Kin, OneWrongConstantOfASeriesIsFoundAndNoOther) {
   EXPECT_NEAR(found->expected, right, 0.03 * right);
   EXPECT_EQ(found->parts.front().claim, found->about);
   EXPECT_EQ(found->parts.front().stake, Stake::kFull);
-  EXPECT_EQ(found->from.find("kindred substances (regression on atoms"), 0U) << found->from;
+  EXPECT_EQ(found->from.find("a regression over kindred substances on atoms"), 0U) << found->from;
 }
 
 TEST_F(Kin, DataThatAreRightAgree) {

@@ -95,7 +95,7 @@ void KinComparisons::Tell(std::uint32_t substance, Record const& record, JudgeRu
   tension.unit = datum.Unit();
   if (datum.IsCurve()) tension.temperature = point.temperature;
   tension.deviation = point.deviation;
-  tension.from = "kindred substances (regression on " + set.Text() + ")";
+  tension.from = "a regression over kindred substances on " + set.Text();
   tensions_[substance].push_back(std::move(tension));
 }
 

@@ -28,7 +28,9 @@ std::span<std::uint32_t const> FeatureSet::Data() const {
 }
 
 std::string FeatureSet::Text() const {
-  std::string text = "atoms";
+  bool const isOfGroups =
+      atoms == AtomFeatures::kStructure || atoms == AtomFeatures::kStructureSums;
+  std::string text = isOfGroups ? "groups" : "atoms";
   auto const constants = Data();
   for (std::size_t i = 0; i < constants.size(); ++i) {
     text += i + 1 == constants.size() ? " and " : ", ";
@@ -65,6 +67,10 @@ KinFeatures::Described KinFeatures::Describe(Substance const& substance) {
   one.unsaturation = std::max(-2.0, bonds);
   for (std::size_t i = 0; i < kElements; ++i) one.place[i] = std::sqrt(std::max(0.0, a[i]));
   one.place[kElements] = 0.5 * one.unsaturation;
+  for (Record const* const record : substance.Records()) {
+    if (one.groups || record->Smiles().empty()) continue;
+    one.groups = GroupsOf(record->Smiles(), substance.Atoms());
+  }
   for (std::uint32_t const constant : kFeatureConstants) {
     one.medians.push_back(substance.Median(constant));
   }
@@ -107,6 +113,8 @@ std::size_t KinFeatures::CountOf(FeatureSet const& set) {
     case AtomFeatures::kSize: return data + 6;
     case AtomFeatures::kKind: return data + kKindCount;
     case AtomFeatures::kSums: return data + kSumCount;
+    case AtomFeatures::kStructure: return data + 4 + 2 + kStructureGroups;
+    case AtomFeatures::kStructureSums: return data + 3 + kStructureGroups;
     case AtomFeatures::kKindAndSums: break;
   }
   return data + kKindCount + kSumCount;
@@ -115,7 +123,9 @@ std::size_t KinFeatures::CountOf(FeatureSet const& set) {
 bool KinFeatures::Append(std::uint32_t substance, FeatureSet const& set,
                          std::vector<double>& row) const {
   Described const& one = described_[substance];
-  if (one.all <= 0.0) return false;
+  bool const isOfGroups =
+      set.atoms == AtomFeatures::kStructure || set.atoms == AtomFeatures::kStructureSums;
+  if (one.all <= 0.0 || (isOfGroups && !one.groups)) return false;
   std::array<double, FeatureSet::kMostData> data{};
   std::size_t known = 0;
   for (std::uint32_t const constant : set.Data()) {
@@ -138,6 +148,15 @@ bool KinFeatures::Append(std::uint32_t substance, FeatureSet const& set,
   if (set.atoms == AtomFeatures::kSums || set.atoms == AtomFeatures::kKindAndSums) {
     row.insert(row.end(), a.begin(), a.end());
     row.push_back(one.unsaturation);
+  }
+  if (set.atoms == AtomFeatures::kStructure) {
+    row.insert(row.end(), {std::log(one.all), std::log(heavy), 1.0 / heavy, donors,
+                           a[kHydrogen] / heavy, a[kElements - 1] / heavy});
+    for (double const count : *one.groups) row.push_back(count / heavy);
+  }
+  if (set.atoms == AtomFeatures::kStructureSums) {
+    row.insert(row.end(), {one.all, a[kHydrogen], a[kElements - 1]});
+    row.insert(row.end(), one.groups->begin(), one.groups->end());
   }
   row.insert(row.end(), data.begin(), data.begin() + static_cast<std::ptrdiff_t>(known));
   return true;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "verify/judge/structure_groups.h"
 #include "verify/judge/substance.h"
 
 namespace zel {
@@ -18,6 +19,8 @@ enum class AtomFeatures : std::uint8_t {
   kKind,  // size, and the share of each element: for data that grow with a power of the size
   kSums,  // the atoms of each element: for data that are sums over atoms and bonds
   kKindAndSums,
+  kStructure,      // size, and the share of each group of the structure
+  kStructureSums,  // the groups of the structure
 };
 
 // The features of a regression.
@@ -37,7 +40,7 @@ struct FeatureSet {
     ((data[i++] = constants), ...);
   }
   std::span<std::uint32_t const> Data() const;
-  // "atoms, TC and NBP"
+  // "atoms, TC and NBP", "groups, TC and NBP"
   std::string Text() const;
 };
 
@@ -74,6 +77,7 @@ class KinFeatures {
     double all = 0.0;  // atoms; 0 without a formula
     double unsaturation = 0.0;
     std::array<double, kElements + 1> place{};  // like substances have near places
+    std::optional<GroupCounts> groups;          // empty without a structure
     std::vector<double> medians;                // in the order of kFeatureConstants
     std::vector<Near> nearest;
   };

@@ -1,6 +1,7 @@
 #include "verify/judge/kin_forecast.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "verify/judge/robust_regression.h"
@@ -90,17 +91,17 @@ class Scatter {
   double ScaleOf(std::uint32_t i) const {
     constexpr std::size_t kClosest = 3;
     constexpr double kFarther = 0.15;
-    std::vector<double> off;
+    std::array<double, kNeighbours> off{};
     double far = 0.0;
+    std::size_t met = 0;
     std::size_t const count = VisitNear(i, [&](double residual, double distance) {
-      if (off.size() < kClosest) far += distance / kClosest;
-      off.push_back(std::abs(residual));
+      if (met < kClosest) far += distance / kClosest;
+      off[met++] = std::abs(residual);
     });
     double near = 3.0 * sigma_;  // nothing is known of kin
     if (count >= kFewestNeighbours) {
-      auto const middle = off.begin() + static_cast<std::ptrdiff_t>(count / 2);
-      std::nth_element(off.begin(), middle, off.end());
-      near = kSigmaPerMad * *middle;
+      std::sort(off.begin(), off.begin() + static_cast<std::ptrdiff_t>(count));
+      near = kSigmaPerMad * off[count / 2];
     }
     double const scale = std::sqrt((sigma_ * sigma_ + near * near) / 2.0);
     return scale * std::sqrt((1.0 + kFarther * far) * (1.0 + estimates_[i].leverage));

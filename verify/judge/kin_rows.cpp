@@ -12,28 +12,36 @@ constexpr char kConstantTolerance[] =
 constexpr char kCurveTolerance[] =
     "the same as of constants, at the worst of the temperatures and differences";
 
-constexpr FeatureSet kAtoms[] = {kSize, kKind, kKindAndSums};
-constexpr FeatureSet kSumsOfAtoms[] = {kSums, {kSums, propertyNBP}};
-constexpr FeatureSet kVolumes[] = {
-    kKind, kKindAndSums, {kKind, propertyVC, propertyTC, propertyPC}, {kSize, propertyVC}};
+constexpr FeatureSet kAtoms[] = {kSize, kKindAndSums, kStructure};
+constexpr FeatureSet kSumsOfAtoms[] = {kSums, kStructureSums};
+constexpr FeatureSet kVolumes[] = {kKind, {kKind, propertyVC, propertyTC, propertyPC}, kStructure};
 constexpr FeatureSet kLiquidVolumes[] = {kKindAndSums,
                                          {kKind, propertyVC, propertyTC, propertyPC},
-                                         {kKind, propertyVC, propertyTC, propertyNBP}};
-constexpr FeatureSet kForVc[] = {kKindAndSums, {kKind, propertyTC, propertyPC, propertyNBP}};
+                                         {kKind, propertyVC, propertyTC, propertyNBP},
+                                         kStructure,
+                                         {kStructure, propertyVC, propertyTC, propertyNBP}};
+constexpr FeatureSet kForVc[] = {kKindAndSums,
+                                 {kKind, propertyTC, propertyPC, propertyNBP},
+                                 {kStructure, propertyTC, propertyPC}};
 constexpr FeatureSet kForTc[] = {
-    kKind, {kKindAndSums, propertyNBP}, {kKindAndSums, propertyNBP, propertyPC}};
+    kKind, {kKindAndSums, propertyNBP, propertyPC}, {kStructure, propertyNBP}};
 constexpr FeatureSet kForPc[] = {
-    kKind, {kKind, propertyTC}, {kKind, propertyTC, propertyVC, propertyNBP}};
-constexpr FeatureSet kForNbp[] = {kKind, {kKind, propertyTC, propertyPC}};
-constexpr FeatureSet kForZc[] = {kKind, {kKind, propertyTC, propertyPC, propertyVC}};
-constexpr FeatureSet kFromTcPcNbp[] = {kKind, {kKind, propertyTC, propertyPC, propertyNBP}};
-constexpr FeatureSet kMelting[] = {kKind, {kKind, propertyTC, propertyNBP}};
+    kKind, {kKind, propertyTC, propertyVC, propertyNBP}, {kStructure, propertyTC, propertyVC}};
+constexpr FeatureSet kForNbp[] = {kKind, {kKind, propertyTC, propertyPC}, {kStructure, propertyTC}};
+constexpr FeatureSet kForZc[] = {
+    kKind, {kKind, propertyTC, propertyPC, propertyVC}, {kStructure, propertyTC, propertyPC}};
+constexpr FeatureSet kFromTcPcNbp[] = {kKind,
+                                       {kKind, propertyTC, propertyPC, propertyNBP},
+                                       {kStructure, propertyTC, propertyPC, propertyNBP}};
+constexpr FeatureSet kMelting[] = {kKind, {kKind, propertyTC, propertyNBP}, kStructure};
 constexpr FeatureSet kForPtp[] = {{kKind, propertyTTP, propertyTC, propertyPC, propertyNBP},
                                   {kKind, propertyNMP, propertyTC, propertyPC, propertyNBP}};
-constexpr FeatureSet kBoiling[] = {kKind, {kKind, propertyNBP}, {kKindAndSums, propertyNBP}};
-constexpr FeatureSet kFusion[] = {kKind, {kKind, propertyNMP}};
+constexpr FeatureSet kBoiling[] = {
+    kKind, {kKindAndSums, propertyNBP}, kStructure, {kStructure, propertyNBP}};
+constexpr FeatureSet kFusion[] = {kKind, {kKind, propertyNMP}, {kStructure, propertyNMP}};
 constexpr FeatureSet kPolar[] = {{kKind, propertyDIPOLE, propertyVC, propertyTC},
-                                 {kKind, propertyTC, propertyNBP}};
+                                 {kKind, propertyTC, propertyNBP},
+                                 {kStructure, propertyDIPOLE, propertyVC, propertyTC}};
 
 // Data in J, which are large: kJ/kg-mol.
 constexpr double kEnergy = 5000.0;
@@ -201,10 +209,12 @@ constexpr KinGrid kGas{kGasPoints, FeatureSet::kNone, 0, 2};
 constexpr KinGrid kSolid{kSolidPoints, propertyNMP, 2, 3};
 constexpr KinGrid kOnce{kRoom, FeatureSet::kNone, 0, 0};
 
-constexpr FeatureSet kOfLiquids[] = {kKind, {kKind, propertyTC, propertyNBP, propertyPC}};
-constexpr FeatureSet kOfGases[] = {kKind, {kKind, propertyTC, propertyNBP, propertyMW}};
-constexpr FeatureSet kOfSolids[] = {kKind,
-                                    {kKind, propertyTC, propertyNBP, propertyVC, propertyNMP}};
+constexpr FeatureSet kOfLiquids[] = {kKind,
+                                     {kKind, propertyTC, propertyNBP, propertyPC},
+                                     {kStructure, propertyTC, propertyNBP, propertyPC}};
+constexpr FeatureSet kOfGases[] = {kKind, {kKind, propertyTC, propertyNBP, propertyMW}, kStructure};
+constexpr FeatureSet kOfSolids[] = {
+    kKind, {kKind, propertyTC, propertyNBP, propertyVC, propertyNMP}, kStructure};
 
 constexpr KinCurve kCurveRows[] = {
     {{"kin-vapor-pressure", "ln VaporPressure from atoms, TC, NBP, PC", 0.05, kCurveTolerance},

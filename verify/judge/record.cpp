@@ -58,6 +58,8 @@ char const* Datum::Unit() const {
 Record::Record(ComponentView const& component, CheckedItem item)
     : item_(std::move(item)), identity_(component.Identity()) {
   CompositionOf(identity_.formula, atoms_);
+  char smiles[101] = {};
+  if (component.Face()->GetSmiles(smiles) == kStatusOk) smiles_ = smiles;
   constants_.fill(gen_GetUndefDouble());
   for (ZelConstantInfo const& row : ConstantRows()) {
     constants_[row.index] = component.Constant(row.index);

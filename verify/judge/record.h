@@ -53,6 +53,8 @@ class Record {
   ZelIdentity const& Identity() const { return identity_; }
   // Atoms by element; empty if the formula has none.
   Composition const& Atoms() const { return atoms_; }
+  // The SMILES text; empty if there is none.
+  std::string const& Smiles() const { return smiles_; }
 
   bool Has(Datum datum) const;
   // Undefined if there is none.
@@ -79,6 +81,7 @@ class Record {
   CheckedItem item_;
   ZelIdentity identity_;
   Composition atoms_;
+  std::string smiles_;
   std::array<double, kJudgedConstants> constants_{};
   std::array<std::int8_t, kJudgedCurves> curves_{};  // in taken_, -1 for none
   std::vector<ZelCorrelation> taken_;

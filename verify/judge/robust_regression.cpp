@@ -71,18 +71,29 @@ void RobustRegression::Standardize(std::vector<double> const& features, std::siz
   auto const n = static_cast<double>(rows);
   for (std::size_t j = 0; j < count; ++j) {
     double sum = 0.0, squares = 0.0;
-    for (std::size_t i = 0; i < rows; ++i) sum += features[i * count + j];
+    std::size_t zeros = 0;
+    for (std::size_t i = 0; i < rows; ++i) {
+      sum += features[i * count + j];
+      zeros += features[i * count + j] == 0.0 ? 1 : 0;
+    }
     double const mean = sum / n;
     for (std::size_t i = 0; i < rows; ++i) {
       double const off = features[i * count + j] - mean;
       squares += off * off;
     }
     double const scale = std::sqrt(squares / n);
-    if (scale > 1e-9 * (1.0 + std::abs(mean))) columns_.push_back({j, mean, scale});
+    if (scale > 1e-9 * (1.0 + std::abs(mean))) {
+      columns_.push_back({j, 2 * zeros > rows ? 0.0 : mean, scale});
+    }
   }
   rows_.resize(rows * Width());
   for (std::size_t i = 0; i < rows; ++i) {
-    SetRow(std::span(features).subspan(i * count, count), &rows_[i * Width()]);
+    double* const row = &rows_[i * Width()];
+    SetRow(std::span(features).subspan(i * count, count), row);
+    for (std::uint32_t j = 0; j < Width(); ++j) {
+      if (row[j] != 0.0) filled_.push_back(j);
+    }
+    ends_.push_back(filled_.size());
   }
 }
 
@@ -101,10 +112,14 @@ bool RobustRegression::Solve(std::vector<double> const& observed,
   for (std::size_t i = 0; i < observed.size(); ++i) {
     if (weights[i] == 0.0) continue;
     double const* const row = Row(i);
-    for (std::size_t j = 0; j < n; ++j) {
+    auto const filled = FilledOf(i);
+    for (std::uint32_t const j : filled) {
       double const weighted = weights[i] * row[j];
       coefficients_[j] += weighted * observed[i];
-      for (std::size_t k = 0; k <= j; ++k) factor_[j * n + k] += weighted * row[k];
+      for (std::uint32_t const k : filled) {
+        if (k > j) break;
+        factor_[j * n + k] += weighted * row[k];
+      }
     }
   }
   double const ridge = kRidge * static_cast<double>(observed.size());
@@ -120,11 +135,41 @@ bool RobustRegression::Solve(std::vector<double> const& observed,
   return true;
 }
 
+// The inverse of the normal equations, from their factor.
+void RobustRegression::Invert() {
+  std::size_t const n = Width();
+  std::vector<double> lower(n * n, 0.0);  // the inverse of the factor
+  for (std::size_t j = 0; j < n; ++j) {
+    lower[j * n + j] = 1.0 / factor_[j * n + j];
+    for (std::size_t i = j + 1; i < n; ++i) {
+      double sum = 0.0;
+      for (std::size_t k = j; k < i; ++k) sum -= factor_[i * n + k] * lower[k * n + j];
+      lower[i * n + j] = sum / factor_[i * n + i];
+    }
+  }
+  inverse_.assign(n * n, 0.0);
+  for (std::size_t k = 0; k < n; ++k) {
+    for (std::size_t i = 0; i <= k; ++i) {
+      double const factor = lower[k * n + i];
+      if (factor == 0.0) continue;
+      for (std::size_t j = 0; j <= k; ++j) inverse_[i * n + j] += factor * lower[k * n + j];
+    }
+  }
+}
+
 double RobustRegression::Form(double const* row) const {
-  std::vector<double> solved(row, row + Width());
-  SolveLower(factor_, Width(), solved.data());
+  std::size_t const n = Width();
+  std::vector<std::size_t> filled;
+  filled.reserve(n);
+  for (std::size_t i = 0; i < n; ++i) {
+    if (row[i] != 0.0) filled.push_back(i);
+  }
   double sum = 0.0;
-  for (double const x : solved) sum += x * x;
+  for (std::size_t const i : filled) {
+    double product = 0.0;
+    for (std::size_t const j : filled) product += inverse_[i * n + j] * row[j];
+    sum += row[i] * product;
+  }
   return sum;
 }
 
@@ -152,6 +197,7 @@ std::optional<RobustRegression> RobustRegression::Fit(std::vector<double> const&
     if (sigma <= 0.0) break;  // more than half of them are met exactly
     for (std::size_t i = 0; i < rows; ++i) weights[i] = Weight(off[i] / sigma, step < kHuberSteps);
   }
+  fit.Invert();
   for (std::size_t i = 0; i < rows; ++i) {
     double const form = fit.Form(fit.Row(i));
     double const others = 1.0 - std::min(weights[i] * form, kMostLeverage);

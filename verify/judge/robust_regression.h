@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
@@ -37,6 +38,8 @@ class RobustRegression {
   Residual const& Of(std::size_t observation) const { return residuals_[observation]; }
 
  private:
+  // What is taken off a feature, and what it is divided by. Nothing is taken off one that is mostly
+  // 0: most of the work is then about the others.
   struct Column {
     std::size_t feature;
     double mean;
@@ -47,15 +50,24 @@ class RobustRegression {
   void Standardize(std::vector<double> const& features, std::size_t count, std::size_t rows);
   std::size_t Width() const { return columns_.size() + 1; }
   double const* Row(std::size_t observation) const { return &rows_[observation * Width()]; }
+  // The places in a row that are not 0.
+  std::span<std::uint32_t const> FilledOf(std::size_t observation) const {
+    std::size_t const begin = observation == 0 ? 0 : ends_[observation - 1];
+    return std::span(filled_).subspan(begin, ends_[observation] - begin);
+  }
   void SetRow(std::span<double const> features, double* row) const;
   bool Solve(std::vector<double> const& observed, std::vector<double> const& weights);
+  void Invert();
   // x' A^-1 x of a standardized row.
   double Form(double const* row) const;
   double ValueOf(double const* row) const;
 
   std::vector<Column> columns_;
-  std::vector<double> rows_;          // standardized, each begins with 1
-  std::vector<double> factor_;        // lower triangle of Cholesky's factor of the normal equations
+  std::vector<double> rows_;  // standardized, each begins with 1
+  std::vector<std::uint32_t> filled_;
+  std::vector<std::size_t> ends_;  // in filled_, by row
+  std::vector<double> factor_;     // lower triangle of Cholesky's factor of the normal equations
+  std::vector<double> inverse_;
   std::vector<double> coefficients_;  // for standardized features
   std::vector<Residual> residuals_;
 };
