@@ -112,29 +112,3 @@ def results_json(trials: List[Trial], numbers: Dict[str, int]) -> str:
             'kind': r.kind, 'old': r.old.brief(), 'new': r.new.brief(), 'size': min(r.size, 1e300),
             'sources_with_datum': r.sources_with_datum, 'told': r.told, 'culprit_right': r.right,
             'strongest': r.strongest and r.strongest['what']} for r in results]}, indent=1)
-
-
-def unchanged_json(findings: List[dict], data: int, strongest: int) -> str:
-    return json.dumps({'data': data, 'findings': len(findings),
-                       'rules': Counter(f['id'] for f in findings),
-                       'strongest': _by_strength(findings)[:strongest]}, indent=1)
-
-
-def _by_strength(findings: List[dict]) -> List[dict]:
-    return sorted(findings, key=lambda f: -f['strength'])
-
-
-def print_unchanged(findings: List[dict], data: int, strongest: int, show: Callable[[str], None]) -> None:
-    """How many findings the unchanged sources have, and the strongest of them."""
-    show('%-27s %8s  per 200 of %d data' % ('rule', 'findings', data))
-    rules = Counter(f['id'] for f in findings)
-    for rule, n in rules.most_common():
-        show('%-27s %8d  %6.3f' % (rule, n, 200.0 * n / data))
-    show('%-27s %8d  %6.3f' % ('all', len(findings), 200.0 * len(findings) / data))
-    if strongest:
-        show('')
-        show('strength  rule                  finding')
-        for f in _by_strength(findings)[:strongest]:
-            show('%8.3f  %-20s  %s' % (f['strength'], f['id'], f['what']))
-            for line in filter(None, (f.get('evidence') or '').split('; ')):
-                show(' ' * 32 + line)

@@ -191,6 +191,27 @@ class Runs(unittest.TestCase):
         self.assertIn('of %d data' % len(SOURCES['nist'].data), done.stdout)
         self.assertIn('nist.lb1', done.stdout)
 
+    def test_findings_keep_their_verdicts(self):
+        with tempfile.TemporaryDirectory() as folder:
+            first, second = (os.path.join(folder, name) for name in ('first.csv', 'second.csv'))
+
+            def rows(path):
+                with open(path, encoding='utf-8', newline='') as stream:
+                    return list(csv.DictReader(stream))
+            self.assertEqual(0, run('--unchanged', '--sheet', first, '--strongest', '3').returncode)
+            made = rows(first)
+            self.assertEqual(3, len(made))
+            judged = {**made[1], 'verdict': 'false alarm', 'reason': 'isotopes'}
+            with open(first, 'w', encoding='utf-8', newline='') as stream:
+                sheet = csv.DictWriter(stream, made[0])
+                sheet.writeheader()
+                sheet.writerows([made[0], judged])
+            done = run('--unchanged', '--judged', first, '--sheet', second, '--strongest', '3')
+            self.assertEqual(0, done.returncode, done.stderr)
+            self.assertEqual([made[0], judged, made[2]], rows(second))
+            counts = json.loads(run('--unchanged', '--judged', second, '--json').stdout)
+        self.assertEqual((0, 1), (counts['faults'], counts['false_alarms']))
+
 
 if __name__ == '__main__':
     unittest.main(verbosity=0)
