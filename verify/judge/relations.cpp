@@ -19,6 +19,19 @@ std::vector<Claim> ClaimsOf(std::vector<Tension::Part> const& parts) {
   return claims;
 }
 
+// Whether one of the data that matter most is the record's own. If none is, another record has the
+// same comparison, but for data that hardly matter.
+bool IsOwn(Record const& record, Reading const& reading, Datum about) {
+  std::vector<Tension::Part> const& parts = reading.Parts();
+  bool const areAllMinor = std::all_of(parts.begin(), parts.end(), [](Tension::Part const& part) {
+    return part.stake == Stake::kMinor;
+  });
+  return std::any_of(parts.begin(), parts.end(), [&](Tension::Part const& part) {
+    bool const matters = areAllMinor ? part.claim.datum == about : part.stake == Stake::kFull;
+    return matters && part.claim.record == &record;
+  });
+}
+
 }  // namespace
 
 std::vector<Relation const*> const& AllRelations() {
@@ -38,7 +51,7 @@ void AddRelations(Substance const& substance, std::vector<Tension>& tensions) {
     for (Record const* const record : substance.Records()) {
       Reading reading(*record, substance);
       std::optional<Outcome> const outcome = relation->find(reading, relation->rule);
-      if (!outcome || !reading.HasOwn()) continue;
+      if (!outcome || !IsOwn(*record, reading, outcome->about)) continue;
       std::vector<Claim> claims = ClaimsOf(reading.Parts());
       if (std::find(compared.begin(), compared.end(), claims) != compared.end()) continue;
       compared.push_back(std::move(claims));
