@@ -34,15 +34,15 @@ std::string NumberIn(double value, char const* unit) {
   return text;
 }
 
-// "PC of crc.lb1 CRC ACN is 4.83 kPa, VaporPressure at TC gives 4830 kPa (vapor-pressure)"
+// "PC of crc.lb1 CRC ACN is 4.83 kPa, expected 4830 kPa from NBP (critical-pressure)"
 std::string TextOf(zel::ZelDataEvidence const& evidence) {
   std::string text = std::string(evidence.datum) + " of " + evidence.library + " " +
                      evidence.place + " is " + NumberIn(evidence.value, evidence.unit);
   if (!zel::gen_IsUndefDouble(evidence.temperature)) {
     text += " at " + NumberIn(evidence.temperature, "K");
   }
-  return text + ", " + evidence.source + " gives " + NumberIn(evidence.expected, evidence.unit) +
-         " (" + evidence.rule + ")";
+  return text + ", expected " + NumberIn(evidence.expected, evidence.unit) + " from " +
+         evidence.source + " (" + evidence.rule + ")";
 }
 
 // Two digits after the point say all that there is to say.

@@ -30,7 +30,7 @@ constexpr ConstantRow kConstants[] = {
     {propertyFLASHPOINT, 0.04, 0.0},  {propertyLOFLAMM, 0.28, 0.001},
     {propertyHIFLAMM, 0.35, 0.0},     {propertyAUTOIGNITION, 0.13, 0.0},
     {propertyGHV, 0.01, 0.0},         {propertyLHV, 0.01, 0.0},
-    {propertyTTP, 0.007, 0.5},        {propertyPTP, 0.4, 1e-6},
+    {propertyTTP, 0.007, 0.5},        {propertyPTP, 0.5, 0.0},
     {propertyHCOMBUST, 0.01, 3000},   {propertyHFUSIONNMP, 0.12, 100},
     {propertyHVAPNBP, 0.03, 0.0}};
 
@@ -71,6 +71,15 @@ Tension Between(JudgeRule const& rule, Record const& one, Record const& other, D
   return tension;
 }
 
+double DeviationOf(ConstantRow const& row, double a, double b) {
+  if (a == b) return 0.0;
+  double const ratio = b == 0.0 ? 0.0 : a / b;
+  double const most = std::max(std::abs(a), std::abs(b));
+  double const relative = ratio > 0.0 ? std::abs(std::log(ratio)) : std::abs(a - b) / most;
+  double const deviation = relative / row.relative;
+  return row.absolute > 0.0 ? std::min(deviation, std::abs(a - b) / row.absolute) : deviation;
+}
+
 void CompareConstants(Record const& one, Record const& other, std::vector<Tension>& tensions) {
   for (ConstantRow const& row : kConstants) {
     double const a = one.Constant(row.index);
@@ -79,8 +88,7 @@ void CompareConstants(Record const& one, Record const& other, std::vector<Tensio
     Tension tension = Between(kConstantRule, one, other, Datum::Constant(row.index));
     tension.value = a;
     tension.expected = b;
-    double const play = std::max(row.absolute, row.relative * std::max(std::abs(a), std::abs(b)));
-    tension.deviation = std::abs(a - b) / std::max(play, std::numeric_limits<double>::min());
+    tension.deviation = DeviationOf(row, a, b);
     tensions.push_back(std::move(tension));
   }
 }

@@ -28,6 +28,7 @@ class Witnesses {
  public:
   void Add(Tension const& tension, double evidence) {
     if (tension.isBetweenSources) {
+      hasSources_ = true;
       sum_ += evidence;
       return;
     }
@@ -39,12 +40,14 @@ class Witnesses {
       at->second = evidence;
     }
   }
+  bool HasSources() const { return hasSources_; }
   double Sum() const {
     return std::accumulate(rules_.begin(), rules_.end(), sum_,
                            [](double sum, auto const& rule) { return sum + rule.second; });
   }
 
  private:
+  bool hasSources_ = false;
   double sum_ = 0.0;
   std::vector<std::pair<JudgeRule const*, double>> rules_;
 };
@@ -107,11 +110,12 @@ std::vector<Suspect> Trial::Suspects() const {
 }
 
 // The probability that the datum is wrong, before anything is compared 1 in 20. What agrees speaks
-// for a datum, but for a curve only a little: it can be right at one temperature and wrong at
-// another.
+// for a datum, but a curve can be right where one relation uses it and wrong elsewhere; sources are
+// compared over its whole range.
 double StrengthOf(Suspect const& suspect) {
   constexpr double kPrior = 3.0;
-  double const mostFor = suspect.claim.datum.IsCurve() ? -2.0 : -3.0;
+  bool const isElsewhere = suspect.claim.datum.IsCurve() && !suspect.forIt.HasSources();
+  double const mostFor = isElsewhere ? -2.0 : -4.0;
   double const odds = suspect.againstIt.Sum() + std::max(suspect.forIt.Sum(), mostFor) - kPrior;
   return 1.0 / (1.0 + std::exp(-odds));
 }

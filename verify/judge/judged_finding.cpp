@@ -14,10 +14,15 @@ std::string InUnit(double value, std::string const& unit) {
   return text;
 }
 
+// Whether a comparison is of values of the datum itself.
+bool IsAbout(Claim const& claim, Tension const& tension) {
+  return tension.about == claim || (tension.isBetweenSources && tension.about.datum == claim.datum);
+}
+
 // The same comparison, seen from the datum if that is one of its two sources.
 Tension SeenFrom(Claim const& claim, Tension const& tension) {
   Tension seen = tension;
-  if (!tension.isBetweenSources || tension.about == claim) return seen;
+  if (tension.about == claim || !IsAbout(claim, tension)) return seen;
   std::swap(seen.value, seen.expected);
   CheckedItem const& other = tension.about.record->Item();
   seen.from = other.library + " " + other.bank.name;
@@ -43,7 +48,7 @@ JudgedFinding::JudgedFinding(Suspicion const& suspicion, Substance const& substa
 void JudgedFinding::ChooseMain() {
   auto const& all = suspicion_.against;
   auto const own = std::find_if(all.begin(), all.end(), [&](Tension const* tension) {
-    return tension->isBetweenSources || tension->about == suspicion_.claim;
+    return IsAbout(suspicion_.claim, *tension);
   });
   main_ = SeenFrom(suspicion_.claim, own != all.end() ? **own : *all.front());
 }
@@ -72,8 +77,11 @@ void JudgedFinding::MakeText() {
   std::string const value = InUnit(main_.value, main_.unit);
   std::string const expected = InUnit(main_.expected, main_.unit);
   if (main_.about == suspicion_.claim) {
-    text_ = std::string(datum.Name()) + " is " + value + at + ", but " + main_.from +
-            (main_.isBetweenSources ? " has " : " gives ") + expected;
+    bool const isRange = datum.IsCurve() && main_.unit == "K";
+    text_ = (isRange ? "an end of the range of " : "") + std::string(datum.Name()) + " is " +
+            value + at + ", ";
+    text_ += main_.isBetweenSources ? "but " + main_.from + " has " + expected
+                                    : "expected " + expected + " from " + main_.from;
   } else {
     text_ = std::string(datum.Name()) + " contradicts " + main_.about.datum.Name() + " (" +
             main_.rule->formula + "): " + value + at + " and " + expected;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <map>
 #include <set>
 
 #include "banks/catalogue.h"
@@ -25,6 +26,39 @@ void ReadRecords(CheckedLibrary& library, std::deque<Record>& records) {
   }
 }
 
+// Curves are evaluated with constants of their own component or, where it does not have them, with
+// those that other libraries have.
+void Complete(std::deque<Record>& records, std::vector<Substance> const& substances) {
+  std::map<Record const*, Substance const*> of;
+  for (Substance const& substance : substances) {
+    for (Record const* const record : substance.Records()) of[record] = &substance;
+  }
+  for (Record& record : records) {
+    Substance const& substance = *of.at(&record);
+    record.Complete(substance.Median(propertyMW), substance.Median(propertyTC),
+                    substance.Median(propertyPC), substance.Median(propertyNBP));
+  }
+}
+
+// A value of a curve can be wrong because of a constant that it is evaluated with.
+void AddConstantsOfCurves(std::vector<Tension>& tensions) {
+  for (Tension& tension : tensions) {
+    std::vector<Tension::Part> more;
+    for (Tension::Part const& part : tension.parts) {
+      if (!part.claim.datum.IsCurve()) continue;
+      for (std::uint32_t const index : part.claim.record->ConstantsOf(part.claim.datum.Index())) {
+        more.push_back({{part.claim.record, Datum::Constant(index)}, part.stake});
+      }
+    }
+    for (Tension::Part const& part : more) {
+      bool const isThere =
+          std::any_of(tension.parts.begin(), tension.parts.end(),
+                      [&](Tension::Part const& one) { return one.claim == part.claim; });
+      if (!isThere) tension.parts.push_back(part);
+    }
+  }
+}
+
 std::vector<std::vector<Tension>> TensionsIn(std::vector<Substance> const& substances,
                                              std::set<std::string, std::less<>> const& silent) {
   std::vector<std::vector<Tension>> tensions(substances.size());
@@ -34,6 +68,7 @@ std::vector<std::vector<Tension>> TensionsIn(std::vector<Substance> const& subst
   }
   AddKinComparisons(substances, tensions);
   for (std::vector<Tension>& those : tensions) {
+    AddConstantsOfCurves(those);
     std::erase_if(those, [&](Tension const& one) {
       return silent.count(std::string_view(one.rule->id)) != 0;
     });
@@ -79,6 +114,7 @@ void Judge(std::deque<CheckedLibrary>& libraries, ZelJudgementOptions const& opt
   std::deque<Record> records;
   for (CheckedLibrary& library : libraries) ReadRecords(library, records);
   std::vector<Substance> const substances = SubstancesOf(records);
+  Complete(records, substances);
   std::vector<std::vector<Tension>> const tensions = TensionsIn(substances, silent);
   std::vector<Reported> const all = SuspicionsIn(tensions, options.minStrength);
   std::set<std::string> reported;

@@ -43,6 +43,38 @@ bool IsAnywhere(ZelCorrelation const& curve) {
          !IsDefined(curve.tMax);
 }
 
+double ValueOf(ZelCorrelation taken, double temperature) {
+  taken.tMin = taken.tMax = gen_GetUndefDouble();
+  double value = std::numeric_limits<double>::quiet_NaN();
+  EvaluateOne(taken, temperature, 1, &value, nullptr, nullptr, nullptr);
+  return value;
+}
+
+// Those that change the value in the middle of the range when they change a little.
+std::vector<std::uint32_t> ConstantsUsedBy(ZelCorrelation const& taken) {
+  constexpr double kMiddle = 300.0;  // of a curve without a range, in its unit
+  constexpr double kChange = 1.01;
+  struct {
+    zelProperties index;
+    double ZelCorrelation::*member;
+  } const rows[] = {{propertyMW, &ZelCorrelation::molecularWeight},
+                    {propertyTC, &ZelCorrelation::criticalTemperature},
+                    {propertyPC, &ZelCorrelation::criticalPressure},
+                    {propertyNBP, &ZelCorrelation::boilingPoint}};
+  bool const hasRange = IsDefined(taken.tMin) && IsDefined(taken.tMax);
+  double const temperature = hasRange ? (taken.tMin + taken.tMax) / 2 : kMiddle;
+  double const before = ValueOf(taken, temperature);
+  std::vector<std::uint32_t> used;
+  for (auto const& row : rows) {
+    ZelCorrelation changed = taken;
+    if (!IsDefined(changed.*row.member)) continue;
+    changed.*row.member *= kChange;
+    double const after = ValueOf(changed, temperature);
+    if (after != before && std::isnan(after) == std::isnan(before)) used.push_back(row.index);
+  }
+  return used;
+}
+
 }  // namespace
 
 char const* Datum::Name() const {
@@ -72,6 +104,24 @@ Record::Record(ComponentView const& component, CheckedItem item)
       continue;
     curves_[i] = static_cast<std::int8_t>(taken_.size());
     taken_.push_back(taken);
+    used_.push_back(ConstantsUsedBy(taken));
+  }
+}
+
+std::vector<std::uint32_t> const& Record::ConstantsOf(std::uint32_t curve) const {
+  return used_[static_cast<std::size_t>(curves_[curve])];
+}
+
+void Record::Complete(double molecularWeight, double criticalTemperature, double criticalPressure,
+                      double boilingPoint) {
+  for (ZelCorrelation& taken : taken_) {
+    auto const complete = [](double& own, double other) {
+      if (!IsDefined(own)) own = other;
+    };
+    complete(taken.molecularWeight, molecularWeight);
+    complete(taken.criticalTemperature, criticalTemperature);
+    complete(taken.criticalPressure, criticalPressure);
+    complete(taken.boilingPoint, boilingPoint);
   }
 }
 

@@ -72,6 +72,13 @@ class Record {
   double Extended(std::uint32_t curve, double kelvin) const;
   // The derivative per K, within the range.
   double Slope(std::uint32_t curve, double kelvin) const;
+  // The constants of the record with which a curve is evaluated: all that its equation or its basis
+  // uses.
+  std::vector<std::uint32_t> const& ConstantsOf(std::uint32_t curve) const;
+  // Completes what curves are evaluated with, where the record itself does not have it: values of
+  // other records of the substance, undefined if none has them.
+  void Complete(double molecularWeight, double criticalTemperature, double criticalPressure,
+                double boilingPoint);
   // Distinguishes what is stored for a datum from other values: the same on each machine.
   std::string StoredText(Datum datum) const;
 
@@ -85,6 +92,7 @@ class Record {
   std::array<double, kJudgedConstants> constants_{};
   std::array<std::int8_t, kJudgedCurves> curves_{};  // in taken_, -1 for none
   std::vector<ZelCorrelation> taken_;
+  std::vector<std::vector<std::uint32_t>> used_;  // constants, for each of taken_
 };
 
 }  // namespace zel
