@@ -20,7 +20,6 @@ double Reading::Note(Record const* from, Datum datum, double value, Stake stake)
   } else if (stake == Stake::kFull) {
     known->stake = stake;
   }
-  hasOwn_ = hasOwn_ || from == &own_;
   return value;
 }
 

@@ -37,9 +37,8 @@ class Reading {
   double Atoms(char const* element) const;
   bool HasFormula() const { return !substance_.Atoms().empty(); }
 
-  // What was read, and whether some of it belongs to the own record.
+  // What was read.
   std::vector<Tension::Part> const& Parts() const { return parts_; }
-  bool HasOwn() const { return hasOwn_; }
   // The claim that was read for a datum; the own one if it was not read.
   Claim ClaimOf(Datum datum) const;
 
@@ -49,7 +48,6 @@ class Reading {
   Record const& own_;
   Substance const& substance_;
   std::vector<Tension::Part> parts_;
-  bool hasOwn_ = false;
 };
 
 // What a relation found: the value of a datum, what the others give, and the difference in
