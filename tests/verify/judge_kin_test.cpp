@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <deque>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -272,7 +273,21 @@ TEST_F(Kin, CurveOfWrongShapeIsFoundThoughItsSizeIsRight) {
   wrong.slope = 6.0;                                       // a lost sign
   wrong.factor = (14.0 - 6.0 * 0.7) / (14.0 + 6.0 * 0.7);  // right at 0.7 TC
   Judge();
-  EXPECT_EQ(Deviating(1.5), "C9H18 LiquidDensity\n");
+  // By its values at both ends, and by their change.
+  EXPECT_EQ(Deviating(1.5), "C9H18 LiquidDensity\nC9H18 LiquidDensity\n");
+  auto const& own = tensions_[static_cast<std::size_t>(&wrong - series_.data())];
+  EXPECT_TRUE(std::any_of(own.begin(), own.end(), [](Tension const& one) {
+    return std::string(one.rule->id) == "kin-liquid-density-change" && one.deviation > 3.0;
+  }));
+}
+
+TEST(KinRules, HaveAnIdEach) {
+  std::set<std::string> ids;
+  for (JudgeRule const* const rule : KinRules()) {
+    EXPECT_TRUE(ids.insert(rule->id).second) << rule->id;
+    EXPECT_EQ(std::string(rule->id).find("kin-"), 0U);
+  }
+  EXPECT_GT(ids.size(), 50U);
 }
 
 TEST_F(Kin, FewSubstancesGiveNothing) {

@@ -46,25 +46,33 @@ class KinComparisons {
  private:
   // A value of a record's curve, what kin foretell of it, and the difference in tolerances.
   struct Point {
-    double deviation = -1.0;  // none
+    double deviation = -1.0;  // unknown
     double temperature = 0.0, value = 0.0, expected = 0.0;
-    double tolerance = 0.0;  // of the logarithm, or relative
+    double tolerance = kFar;  // the narrowest: of the logarithm, or relative
     std::uint8_t set = 0;
+
+    bool IsKnown() const { return deviation >= 0.0; }
   };
   struct CurveRecord {
     std::uint32_t substance;
     Record const* record;
     std::vector<double> values;  // at the points of the grid
-    Point worst;
-    double narrowest = kFar;  // tolerance
+    Point value;                 // the worst
+    Point change;                // the worst
   };
 
+  void CompareValues(KinCurve const& row, std::vector<CurveRecord>& records) const;
+  void CompareChanges(KinCurve const& row, std::vector<CurveRecord>& records) const;
   std::vector<CurveRecord> RecordsWith(KinCurve const& row) const;
   double TemperatureOf(KinGrid const& grid, std::uint32_t substance, std::size_t point) const;
   // Compares what `transform` makes of the values of each record.
   template <typename Transform, typename Expect>
   void Compare(KinCurve const& row, std::vector<CurveRecord>& records, std::size_t point,
-               Transform const& transform, Expect const& expect) const;
+               Point CurveRecord::*worst, Transform const& transform, Expect const& expect) const;
+  // Divides the worst deviations so that most are small again.
+  static void Widen(std::vector<CurveRecord>& records, Point CurveRecord::*worst);
+  void Tell(KinCurve const& row, JudgeRule const& rule, CurveRecord const& record,
+            Point const& point);
   void Tell(std::uint32_t substance, Record const& record, JudgeRule const& rule, Datum datum,
             FeatureSet const& set, std::uint32_t also, Point const& point, bool isWide);
 
@@ -153,7 +161,7 @@ std::vector<KinComparisons::CurveRecord> KinComparisons::RecordsWith(KinCurve co
   for (std::uint32_t i = 0; i < substances_.size(); ++i) {
     for (Record const* const record : substances_[i].Records()) {
       if (!record->HasCurve(row.curve)) continue;
-      CurveRecord one{i, record, {}, {}};
+      CurveRecord one{i, record, {}, {}, {}};
       bool const isBounded = record->RangeOf(row.curve).IsBounded();
       for (std::size_t k = 0; k < grid.points.size(); ++k) {
         double const kelvin = TemperatureOf(grid, i, k);
@@ -172,8 +180,8 @@ std::vector<KinComparisons::CurveRecord> KinComparisons::RecordsWith(KinCurve co
 // there and cannot be right. `expect` makes a value from a number that is foretold.
 template <typename Transform, typename Expect>
 void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& records,
-                             std::size_t point, Transform const& transform,
-                             Expect const& expect) const {
+                             std::size_t point, Point CurveRecord::*worst,
+                             Transform const& transform, Expect const& expect) const {
   std::vector<double> observed(substances_.size(), Undefined());
   std::vector<double> values;
   for (std::size_t k = 0; k < records.size(); ++k) {
@@ -191,55 +199,82 @@ void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& reco
     if (!forecast.IsKnown() || !IsDefined(number)) continue;
     double const deviation =
         std::isnan(number) ? kFar : std::abs(number - forecast.value) / forecast.tolerance;
-    one.narrowest = std::min(one.narrowest, forecast.tolerance);
-    if (deviation <= one.worst.deviation) continue;
-    one.worst = {deviation,          TemperatureOf(*row.grid, one.substance, point),
-                 one.values[point],  expect(one.values, forecast.value),
-                 forecast.tolerance, forecast.set};
+    Point& known = one.*worst;
+    double const narrowest = std::min(known.tolerance, forecast.tolerance);
+    if (deviation > known.deviation) {
+      known = {deviation,          TemperatureOf(*row.grid, one.substance, point),
+               one.values[point],  expect(one.values, forecast.value),
+               forecast.tolerance, forecast.set};
+    }
+    known.tolerance = narrowest;
   }
 }
 
-void KinComparisons::Curve(KinCurve const& row) {
-  auto records = RecordsWith(row);
-  std::size_t const points = row.grid->points.size();
-  for (std::size_t k = 0; k < points; ++k) {
-    if (row.value == KinCurveValue::kLog) {
-      Compare(
-          row, records, k, [=](auto const& values) { return LogOf(values[k]); },
-          [](auto const&, double number) { return std::exp(number); });
-    }
-    if (row.value == KinCurveValue::kPlain) {
-      Compare(
-          row, records, k, [=](auto const& values) { return values[k]; },
-          [](auto const&, double number) { return number; });
-    }
-    if (k == 0 || row.value == KinCurveValue::kPlain) continue;
-    bool const isRise = row.value == KinCurveValue::kRise;
+void KinComparisons::Widen(std::vector<CurveRecord>& records, Point CurveRecord::*worst) {
+  std::vector<double> deviations;
+  for (CurveRecord const& one : records) {
+    if ((one.*worst).IsKnown()) deviations.push_back((one.*worst).deviation);
+  }
+  if (deviations.empty()) return;
+  double const widening = std::max(1.0, kMargin * QuantileOf(std::move(deviations), kShare));
+  for (CurveRecord& one : records) {
+    (one.*worst).deviation /= widening;
+    (one.*worst).tolerance *= widening;
+  }
+}
+
+void KinComparisons::Tell(KinCurve const& row, JudgeRule const& rule, CurveRecord const& record,
+                          Point const& point) {
+  bool const isWide = row.value != KinCurveValue::kPlain && point.tolerance > kWide;
+  Tell(record.substance, *record.record, rule, Datum::Curve(row.curve), row.sets[point.set],
+       row.grid->scale, point, isWide);
+}
+
+void KinComparisons::CompareValues(KinCurve const& row, std::vector<CurveRecord>& records) const {
+  bool const isLog = row.value == KinCurveValue::kLog;
+  for (std::size_t k = 0; k < row.grid->points.size(); ++k) {
     Compare(
-        row, records, k,
+        row, records, k, &CurveRecord::value,
+        [=](auto const& values) { return isLog ? LogOf(values[k]) : values[k]; },
+        [=](auto const&, double number) { return isLog ? std::exp(number) : number; });
+  }
+  Widen(records, &CurveRecord::value);
+}
+
+void KinComparisons::CompareChanges(KinCurve const& row, std::vector<CurveRecord>& records) const {
+  bool const isRise = row.value == KinCurveValue::kRise;
+  for (std::size_t k = 1; k < row.grid->points.size(); ++k) {
+    Compare(
+        row, records, k, &CurveRecord::change,
         [=](auto const& values) {
           double const from = values[k - 1], to = values[k];
           if (!IsDefined(from) || !IsDefined(to)) return Undefined();
           if (isRise) return LogOf(to - from);
-          // The values by themselves are compared above.
+          // Values that cannot be right are found by themselves.
           return from > 0.0 && to > 0.0 ? std::log(to / from) : Undefined();
         },
         [=](auto const& values, double number) {
           return isRise ? values[k - 1] + std::exp(number) : values[k - 1] * std::exp(number);
         });
   }
-  std::vector<double> worst;
+  Widen(records, &CurveRecord::change);
+}
+
+// Agreement of the one does not acquit a curve if the other deviates.
+void KinComparisons::Curve(KinCurve const& row) {
+  auto records = RecordsWith(row);
+  if (row.value != KinCurveValue::kRise) CompareValues(row, records);
+  if (row.value != KinCurveValue::kPlain) CompareChanges(row, records);
+  JudgeRule const& changeRule = row.change.id != nullptr ? row.change : row.rule;
   for (CurveRecord const& one : records) {
-    if (one.worst.deviation >= 0.0) worst.push_back(one.worst.deviation);
-  }
-  if (worst.empty()) return;
-  double const widening = std::max(1.0, kMargin * QuantileOf(std::move(worst), kShare));
-  for (CurveRecord& one : records) {
-    if (one.worst.deviation < 0.0) continue;
-    one.worst.deviation /= widening;
-    bool const isWide = row.value != KinCurveValue::kPlain && one.narrowest * widening > kWide;
-    Tell(one.substance, *one.record, row.rule, Datum::Curve(row.curve), row.sets[one.worst.set],
-         row.grid->scale, one.worst, isWide);
+    if (one.value.deviation > 1.0) Tell(row, row.rule, one, one.value);
+    if (one.change.deviation > 1.0) Tell(row, changeRule, one, one.change);
+    if (one.value.deviation > 1.0 || one.change.deviation > 1.0) continue;
+    if (one.value.IsKnown()) {
+      Tell(row, row.rule, one, one.value);
+    } else if (one.change.IsKnown()) {
+      Tell(row, changeRule, one, one.change);
+    }
   }
 }
 
@@ -248,7 +283,10 @@ void KinComparisons::Curve(KinCurve const& row) {
 std::vector<JudgeRule const*> KinRules() {
   std::vector<JudgeRule const*> rules;
   for (KinConstant const& row : KinConstants()) rules.push_back(&row.rule);
-  for (KinCurve const& row : KinCurves()) rules.push_back(&row.rule);
+  for (KinCurve const& row : KinCurves()) {
+    rules.push_back(&row.rule);
+    if (row.change.id != nullptr) rules.push_back(&row.change);
+  }
   return rules;
 }
 

@@ -31,6 +31,7 @@ struct FeatureSet {
   AtomFeatures atoms;
   // Constants, as the medians of a substance's records; their logarithms, except the dipole moment.
   std::array<std::uint32_t, kMostData> data{kNone, kNone, kNone, kNone};
+  bool isSpare = false;
 
   constexpr FeatureSet(AtomFeatures which) : atoms(which) {}
   template <typename... Constant>
@@ -38,6 +39,12 @@ struct FeatureSet {
       : atoms(which), data{kNone, kNone, kNone, kNone} {
     std::size_t i = 0;
     ((data[i++] = constants), ...);
+  }
+  // A set for libraries that lack the data of the others.
+  constexpr FeatureSet AsSpare() const {
+    FeatureSet spare = *this;
+    spare.isSpare = true;
+    return spare;
   }
   std::span<std::uint32_t const> Data() const;
   // "atoms, TC and NBP", "groups, TC and NBP"

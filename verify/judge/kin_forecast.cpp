@@ -157,17 +157,33 @@ std::vector<Estimate> EstimatesOf(KinFeatures const& kin, FeatureSet const& set,
   return estimates;
 }
 
+struct Tried {
+  double tolerance;  // the median
+  std::uint8_t set;
+  Scatter scatter;
+};
+
+// Whether nothing is foretold of one in twenty substances or more.
+bool IsWanting(std::vector<double> const& observed, std::vector<Tried> const& tried) {
+  std::size_t wanted = 0, missing = 0;
+  for (std::uint32_t i = 0; i < observed.size(); ++i) {
+    if (!IsDefined(observed[i])) continue;
+    ++wanted;
+    bool const isForetold = std::any_of(tried.begin(), tried.end(), [&](Tried const& one) {
+      return IsDefined(one.scatter.ValueOf(i));
+    });
+    if (!isForetold) ++missing;
+  }
+  return 20 * missing > wanted;
+}
+
 }  // namespace
 
 std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet const> sets,
                                  std::vector<double> const& observed, double floor) {
-  struct Tried {
-    double tolerance;  // the median
-    std::uint8_t set;
-    Scatter scatter;
-  };
   std::vector<Tried> tried;
   for (std::uint8_t set = 0; set < sets.size(); ++set) {
+    if (sets[set].isSpare && !IsWanting(observed, tried)) continue;
     auto estimates = EstimatesOf(kin, sets[set], observed);
     if (estimates.empty()) continue;
     Scatter plain(kin, std::move(estimates));

@@ -31,13 +31,14 @@ struct KinGrid {
 };
 
 enum class KinCurveValue : std::uint8_t {
-  kLog,    // its logarithm, and the difference of the logarithms of neighbouring points
+  kLog,    // its logarithm, and by themselves the differences of neighbouring points
   kPlain,  // itself
   kRise,   // the logarithm of the differences of neighbouring points, which are positive
 };
 
 struct KinCurve {
   JudgeRule rule;
+  JudgeRule change;  // of the differences; without an ID if they are not compared by themselves
   std::uint32_t curve;
   KinCurveValue value;
   double floor;
