@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "verify/judge/kin_forecast.h"
 #include "verify/judge/kin_rows.h"
@@ -14,6 +15,11 @@ namespace {
 constexpr double kFar = 20.0;
 // An agreement within a tolerance that is wider says nothing of a small mistake.
 constexpr double kWide = 0.15;
+// A value that another record of the substance confirms, within this share of the tolerance,
+// deviates only a little: the substance is then more likely to be unlike its kin than both to be
+// wrong.
+constexpr double kConfirmation = 0.3;
+constexpr double kMostConfirmed = 1.2;
 // As for constants, but of the worst of several comparisons.
 constexpr double kShare = 0.95;
 constexpr double kMargin = 1.5;
@@ -33,6 +39,17 @@ double MedianOfUsable(std::vector<double> values) {
 // NaN for a value that cannot be right.
 double LogOf(double value) {
   return !IsDefined(value) ? value : value > 0.0 ? std::log(value) : std::nan("");
+}
+
+// The difference between a number and the foretold one in tolerances. `all` are the numbers of the
+// substance's records, this one among them.
+double DeviationOf(double number, Forecast const& forecast, std::span<double const> all) {
+  if (std::isnan(number)) return kFar;
+  double const deviation = std::abs(number - forecast.value) / forecast.tolerance;
+  auto const confirming = std::count_if(all.begin(), all.end(), [&](double other) {
+    return IsDefined(other) && std::abs(other - number) <= kConfirmation * forecast.tolerance;
+  });
+  return confirming > 1 ? std::min(deviation, kMostConfirmed) : deviation;
 }
 
 class KinComparisons {
@@ -131,15 +148,17 @@ void KinComparisons::Constant(KinConstant const& row) {
   for (std::uint32_t i = 0; i < substances_.size(); ++i) {
     Forecast const& forecast = forecasts[i];
     if (!forecast.IsKnown()) continue;
-    for (Record const* const record : substances_[i].Records()) {
-      double const number = numberOf(i, *record);
+    std::vector<double> numbers;
+    for (Record const* record : substances_[i].Records()) numbers.push_back(numberOf(i, *record));
+    for (std::size_t k = 0; k < numbers.size(); ++k) {
+      Record const* const record = substances_[i].Records()[k];
+      double const number = numbers[k];
       double const value = record->Constant(row.constant);
       if (!IsDefined(number)) continue;
       Point point;
       point.value = value;
       point.expected = isLog ? std::exp(forecast.value) : forecast.value + lessOf(i, *record);
-      point.deviation =
-          std::isnan(number) ? kFar : std::abs(number - forecast.value) / forecast.tolerance;
+      point.deviation = DeviationOf(number, forecast, numbers);
       point.tolerance =
           isLog ? forecast.tolerance : forecast.tolerance / std::max(std::abs(value), 1e-9);
       Tell(i, *record, row.rule, Datum::Constant(row.constant), row.sets[forecast.set], row.less,
@@ -183,22 +202,26 @@ void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& reco
                              std::size_t point, Point CurveRecord::*worst,
                              Transform const& transform, Expect const& expect) const {
   std::vector<double> observed(substances_.size(), Undefined());
-  std::vector<double> values;
-  for (std::size_t k = 0; k < records.size(); ++k) {
-    double const number = transform(records[k].values);
-    values.push_back(number);
-    bool const isLast = k + 1 == records.size() || records[k + 1].substance != records[k].substance;
-    if (!isLast) continue;
-    observed[records[k].substance] = MedianOfUsable(std::move(values));
-    values.clear();
+  std::vector<double> numbers;
+  for (CurveRecord const& one : records) numbers.push_back(transform(one.values));
+  // The numbers of the records of a substance, which are next to each other.
+  auto const ofSubstance = [&](std::size_t first) {
+    std::size_t end = first;
+    while (end < records.size() && records[end].substance == records[first].substance) ++end;
+    return std::span<double const>(numbers).subspan(first, end - first);
+  };
+  for (std::size_t k = 0; k < records.size(); k += ofSubstance(k).size()) {
+    auto const own = ofSubstance(k);
+    observed[records[k].substance] = MedianOfUsable({own.begin(), own.end()});
   }
   auto const forecasts = ForecastOf(kin_, row.sets, observed, row.floor);
-  for (CurveRecord& one : records) {
+  std::span<double const> own;
+  for (std::size_t k = 0; k < records.size(); ++k) {
+    CurveRecord& one = records[k];
+    if (k == 0 || records[k - 1].substance != one.substance) own = ofSubstance(k);
     Forecast const& forecast = forecasts[one.substance];
-    double const number = transform(one.values);
-    if (!forecast.IsKnown() || !IsDefined(number)) continue;
-    double const deviation =
-        std::isnan(number) ? kFar : std::abs(number - forecast.value) / forecast.tolerance;
+    if (!forecast.IsKnown() || !IsDefined(numbers[k])) continue;
+    double const deviation = DeviationOf(numbers[k], forecast, own);
     Point& known = one.*worst;
     double const narrowest = std::min(known.tolerance, forecast.tolerance);
     if (deviation > known.deviation) {
