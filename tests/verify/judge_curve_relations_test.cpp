@@ -336,6 +336,20 @@ INSTANTIATE_TEST_SUITE_P(Rows, JudgeCurveRelationsTest, ::testing::ValuesIn(kCas
                            return name;
                          });
 
+// What is compared is not a value of the curve; findings name it.
+class JudgeRangeRelationTest : public JudgeCurveRelationsTest {};
+
+TEST_P(JudgeRangeRelationTest, NamesTheEnd) {
+  std::optional<Outcome> const outcome = Find(&GetParam().mistake);
+  ASSERT_TRUE(outcome);
+  EXPECT_STREQ(outcome->quantity, "the end of the range of ");
+  EXPECT_STREQ(outcome->unit, "K");
+  EXPECT_EQ(outcome->value, 835.2);
+  EXPECT_NEAR(outcome->expected, 1.03 * 562.05, 1e-9);
+}
+
+INSTANTIATE_TEST_SUITE_P(LatentHeat, JudgeRangeRelationTest, ::testing::Values(kCases[1]));
+
 TEST(JudgeCurveRelationTablesTest, EachRelationHasACase) {
   std::set<std::string> cases;
   for (Case const& row : kCases) cases.insert(row.rule);

@@ -45,6 +45,7 @@ Found Eucken(Reading& r, JudgeRule const& rule) {
 // Eyring: the slope of ln(viscosity) over 1/T is about a quarter of the energy of vaporization.
 Found ViscosityOfLatentHeat(Reading& r, JudgeRule const& rule) {
   double const critical = r.Constant(propertyTC, Stake::kMinor);
+  if (FormsChains(r)) return std::nullopt;
   double const middle = Near(r, correlationLatentHeat, correlationLiquidViscosity, 0.55 * critical);
   double const step = 0.03 * critical;
   double const low = Near(r, correlationLiquidViscosity, middle - step);
@@ -89,8 +90,8 @@ Found SolidOfLiquidDensity(Reading& r, JudgeRule const& rule) {
 }
 
 constexpr Relation kRows[] = {
-    {{"clapeyron-cold", "latent heat = R T^2 d(ln p)/dT (1 - (p/PC)/(T/TC)^3)^0.5 at 0.5 TC", 0.07,
-      "7 %: slopes of vapor pressures far below the atmosphere; 60 % where molecules may pair in "
+    {{"clapeyron-cold", "latent heat = R T^2 d(ln p)/dT (1 - (p/PC)/(T/TC)^3)^0.5 at 0.5 TC", 0.08,
+      "8 %: slopes of vapor pressures far below the atmosphere; 60 % where molecules may pair in "
       "the vapor"},
      "the slope of the vapor pressure",
      Clapeyron<50>},

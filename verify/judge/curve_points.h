@@ -45,12 +45,21 @@ inline Found Within(Datum about, double value, double low, double high, double l
   return AtBound(Outcome::Factor(about, value, std::clamp(value, low, high), logTolerance));
 }
 
-// Whether molecules may pair in the vapor, as those of hydrogen fluoride and carboxylic acids do;
-// by the formula an ester is one of them.
-inline bool MayFormPairs(Reading const& r) {
-  return (r.Atoms("F") > 0.0 && r.Atoms("H") > 0.0 && r.Atoms("C") == 0.0) ||
-         (r.Atoms("C") > 0.0 && r.Atoms("H") > 1.0 && r.Atoms("O") > 1.0);
+// Hydrogen fluoride, which forms chains in liquid and vapor and follows no law of other molecules.
+inline bool FormsChains(Reading const& r) {
+  return r.Atoms("F") > 0.0 && r.Atoms("H") > 0.0 && r.Atoms("C") == 0.0;
 }
+// Whether molecules may pair in the vapor, as those of carboxylic acids do; an ester has the same
+// formula.
+inline bool MayFormPairs(Reading const& r) {
+  return FormsChains(r) || (r.Atoms("C") > 0.0 && r.Atoms("H") > 1.0 && r.Atoms("O") > 1.0);
+}
+// Whether there may be hydrogen bonds.
+inline bool MayBond(Reading const& r) {
+  return r.Atoms("H") > 0.0 && (r.Atoms("O") > 0.0 || r.Atoms("N") > 0.0);
+}
+// Whether laws of corresponding states hold at all.
+inline bool Corresponds(Reading const& r) { return !IsQuantumFluid(r) && !FormsChains(r); }
 
 // Heat capacities in kJ/kg-mol-K: the curve, or the slope of the enthalpy where there is none.
 inline double HeatCapacity(Reading& r, zelCorrelations capacity, zelCorrelations enthalpy,

@@ -24,16 +24,19 @@ struct Ends {
 double KelvinOf(Reading& r, Limit const& limit) {
   double kelvin = 0.0;
   if (limit.of == Part::kMelting) {
-    kelvin = r.Constant(propertyNMP);
-    if (std::isnan(kelvin)) kelvin = r.Constant(propertyTTP);
+    kelvin = r.Constant(propertyNMP, Stake::kMinor);
+    if (std::isnan(kelvin)) kelvin = r.Constant(propertyTTP, Stake::kMinor);
   }
-  if (limit.of == Part::kBoiling) kelvin = r.Constant(propertyNBP);
-  if (limit.of == Part::kCritical) kelvin = r.Constant(propertyTC);
+  if (limit.of == Part::kBoiling) kelvin = r.Constant(propertyNBP, Stake::kMinor);
+  if (limit.of == Part::kCritical) kelvin = r.Constant(propertyTC, Stake::kMinor);
   return std::isnan(kelvin) ? kelvin : std::max(limit.part * kelvin, limit.kelvin);
 }
 
-Found InKelvin(Found outcome) {
-  if (outcome) outcome->unit = "K";
+Found About(char const* end, Found outcome) {
+  if (outcome) {
+    outcome->unit = "K";
+    outcome->quantity = end;
+  }
   return outcome;
 }
 
@@ -46,20 +49,23 @@ Found IsUsual(Reading& r, JudgeRule const& rule) {
   if (!IsDefined(own.tMin) || !IsDefined(own.tMax)) return std::nullopt;
   KelvinRange const range = r.OwnRange(kEnds.curve);
   if (!(range.low < range.high)) {
-    Found const swapped = Outcome::Absolute(Of(kEnds.curve), range.low, range.high, 0.0);
-    return InKelvin(swapped);
+    return About("the beginning of the range of ",
+                 Outcome::Absolute(Of(kEnds.curve), range.low, range.high, 0.0));
   }
   Found worst;
-  auto const add = [&](double end, double least, double most) {
+  auto const add = [&](char const* which, double end, double least, double most) {
     constexpr double kCold = 100.0;
     for (double const limit : {std::max(end, least), std::min(end, most)}) {
       double const play = rule.tolerance * std::max(limit, kCold);
-      worst = Worse(worst, AtBound(Outcome::Absolute(Of(kEnds.curve), end, limit, play)));
+      worst =
+          Worse(worst, About(which, AtBound(Outcome::Absolute(Of(kEnds.curve), end, limit, play))));
     }
   };
-  add(range.low, KelvinOf(r, kEnds.lowLeast), KelvinOf(r, kEnds.lowMost));
-  add(range.high, KelvinOf(r, kEnds.highLeast), KelvinOf(r, kEnds.highMost));
-  return InKelvin(worst);
+  add("the beginning of the range of ", range.low, KelvinOf(r, kEnds.lowLeast),
+      KelvinOf(r, kEnds.lowMost));
+  add("the end of the range of ", range.high, KelvinOf(r, kEnds.highLeast),
+      KelvinOf(r, kEnds.highMost));
+  return worst;
 }
 
 constexpr Ends kVaporPressure = {correlationVaporPressure,
@@ -104,7 +110,7 @@ constexpr Ends kLiquidCp = {correlationLiquidCp,
                             {1.01, Part::kCritical}};
 constexpr Ends kDielectric = {correlationDielectric,
                               {0.85, Part::kMelting},
-                              {0.75, Part::kCritical},
+                              {0.75, Part::kCritical, 330.0},
                               {0.40, Part::kCritical},
                               {0.0, Part::kKelvin, 1600.0}};
 constexpr Ends kCharacteristicVolume = {correlationCharacteristicVolume,
@@ -149,7 +155,7 @@ constexpr Ends kSolidCp = {correlationSolidCp,
                            {1.10, Part::kMelting}};
 
 constexpr char const* kText = "4 % of the limit, which is that of 49 of 50 published ranges";
-constexpr char const* kFrom = "the temperatures of the substance";
+constexpr char const* kFrom = "the usual range";
 
 constexpr Relation kRows[] = {
     {{"vapor-pressure-range",
@@ -198,7 +204,8 @@ constexpr Relation kRows[] = {
      kFrom,
      IsUsual<kLiquidCp>},
     {{"dielectric-range",
-      "dielectric constant: the range begins at 0.85 NMP to 0.75 TC and ends at 0.4 TC to 1600 K",
+      "dielectric constant: the range begins at 0.85 NMP to 0.75 TC (or 330 K) and ends at 0.4 TC "
+      "to 1600 K",
       0.04, kText},
      kFrom,
      IsUsual<kDielectric>},

@@ -7,11 +7,8 @@ namespace {
 
 constexpr double kBar = 100.0;  // kPa
 
-// Molecules that can form hydrogen bonds, by the formula, follow corresponding states less well.
-double Scatter(Reading const& r, double more) {
-  bool const canBond = r.Atoms("H") > 0.0 && (r.Atoms("O") > 0.0 || r.Atoms("N") > 0.0);
-  return canBond ? more : 1.0;
-}
+// Molecules with hydrogen bonds follow corresponding states less well.
+double Scatter(Reading const& r, double more) { return MayBond(r) ? more : 1.0; }
 
 // A value at a part of TC, or where the own range is next to it.
 struct Place {
@@ -27,7 +24,7 @@ struct Place {
 
 Found Compared(Reading& r, zelCorrelations curve, Place const& place, double expected,
                double tolerance) {
-  if (IsQuantumFluid(r)) return std::nullopt;
+  if (!Corresponds(r)) return std::nullopt;
   return At(Outcome::Factor(Of(curve), r.OwnAt(curve, place.kelvin), expected, tolerance),
             place.kelvin);
 }
@@ -64,7 +61,8 @@ Found SatoRiedel(Reading& r, JudgeRule const& rule) {
   double const weight = r.Constant(propertyMW, Stake::kMinor);
   auto const term = [](double t) { return 3.0 + 20.0 * std::pow(1.0 - t, 2.0 / 3.0); };
   return Compared(r, correlationLiquidThermal, at,
-                  1.11 / std::sqrt(weight) * term(at.reduced) / term(boiling), rule.tolerance);
+                  1.11 / std::sqrt(weight) * term(at.reduced) / term(boiling),
+                  rule.tolerance * Scatter(r, 1.8));
 }
 
 Found LetsouStiel(Reading& r, JudgeRule const& rule) {
@@ -113,8 +111,9 @@ constexpr Relation kRows[] = {
      "TC, PC and MW",
      Lucas},
     {{"liquid-thermal-state",
-      "thermal conductivity of the liquid at 0.6 TC from TC, NBP and MW after Sato and Riedel", 0.5,
-      "factor 1.65: error of the method for inorganic and fluorinated molecules"},
+      "thermal conductivity of the liquid at 0.6 TC from TC, NBP and MW after Sato and Riedel",
+      0.45,
+      "factor 1.6: inorganic and fluorinated molecules; 2.2 where hydrogen bonds are possible"},
      "TC, NBP and MW",
      SatoRiedel},
     {{"liquid-viscosity-state",

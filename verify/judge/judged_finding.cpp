@@ -77,9 +77,7 @@ void JudgedFinding::MakeText() {
   std::string const value = InUnit(main_.value, main_.unit);
   std::string const expected = InUnit(main_.expected, main_.unit);
   if (main_.about == suspicion_.claim) {
-    bool const isRange = datum.IsCurve() && main_.unit == "K";
-    text_ = (isRange ? "an end of the range of " : "") + std::string(datum.Name()) + " is " +
-            value + at + ", ";
+    text_ = main_.quantity + datum.Name() + " is " + value + at + ", ";
     text_ += main_.isBetweenSources ? "but " + main_.from + " has " + expected
                                     : "expected " + expected + " from " + main_.from;
   } else {

@@ -59,6 +59,7 @@ struct Outcome {
   double deviation;
   double temperature = gen_GetUndefDouble();  // K, for the value of a curve
   char const* unit = nullptr;                 // of both values, if it is not the unit of the datum
+  char const* quantity = "";  // "the slope of ", if both are not values of the datum
   // Undefined differences are no outcome.
   static std::optional<Outcome> Relative(Datum about, double value, double expected,
                                          double tolerance);

@@ -38,8 +38,9 @@ struct Tension {
   std::vector<Part> parts;  // the data that were read; each can be the wrong one
   Claim about;              // the datum that `value` is of, one of the parts
   double value = gen_GetUndefDouble();
-  double expected = gen_GetUndefDouble();     // what the others give
-  std::string unit;                           // of both
+  double expected = gen_GetUndefDouble();  // what the others give
+  std::string unit;                        // of both
+  std::string quantity;                    // "the slope of ", if both are not values of the datum
   double temperature = gen_GetUndefDouble();  // K, of a curve's value
   // The difference in tolerances: the data agree up to 1.
   double deviation = 0.0;
