@@ -80,6 +80,13 @@ class KinComparisons {
 
   void CompareValues(KinCurve const& row, std::vector<CurveRecord>& records) const;
   void CompareChanges(KinCurve const& row, std::vector<CurveRecord>& records) const;
+  // The temperature nearest to 298.15 K at which the substance is a liquid.
+  double LiquidNearRoom(std::uint32_t substance) const {
+    double const melting = kin_.Median(substance, propertyNMP);
+    double const boiling = kin_.Median(substance, propertyNBP);
+    double const cooled = IsDefined(boiling) ? std::min(298.15, boiling) : 298.15;
+    return IsDefined(melting) ? std::max(cooled, melting) : cooled;
+  }
   std::vector<CurveRecord> RecordsWith(KinCurve const& row) const;
   double TemperatureOf(KinGrid const& grid, std::uint32_t substance, std::size_t point) const;
   // Compares what `transform` makes of the values of each record.
@@ -129,6 +136,7 @@ void KinComparisons::Constant(KinConstant const& row) {
   std::vector<double> observed(substances_.size(), Undefined());
   // What is taken off.
   auto const lessOf = [&](std::uint32_t i, Record const& record) {
+    if (row.scale == KinScale::kFromRoom) return LiquidNearRoom(i);
     if (row.less == FeatureSet::kNone) return 0.0;
     double const own = record.Constant(row.less);
     return IsDefined(own) ? own : substances_[i].Median(row.less);

@@ -34,6 +34,8 @@ constexpr FeatureSet kFromTcPcNbp[] = {kKind,
                                        {kKind, propertyTC, propertyPC, propertyNBP},
                                        {kStructure, propertyTC, propertyPC, propertyNBP}};
 constexpr FeatureSet kMelting[] = {kKind, {kKind, propertyTC, propertyNBP}, kStructure};
+constexpr FeatureSet kLiquidRange[] = {{kSize, propertyNMP, propertyNBP},
+                                       {kKind, propertyNMP, propertyNBP}};
 constexpr FeatureSet kForPtp[] = {{kKind, propertyTTP, propertyTC, propertyPC, propertyNBP},
                                   {kKind, propertyNMP, propertyTC, propertyPC, propertyNBP}};
 constexpr FeatureSet kBoiling[] = {
@@ -194,11 +196,11 @@ constexpr KinConstant kConstantRows[] = {
      kLog,
      0.1,
      kPolar},
-    {{"kin-tdielectric", "TDIELECTRIC from atoms or groups, TC, NBP", 15.0, kConstantTolerance},
+    {{"kin-tdielectric", "TDIELECTRIC from atoms, NMP, NBP", 10.0, kConstantTolerance},
      propertyTDIELECTRIC,
-     kPlain,
-     15.0,
-     kMelting},
+     kFromRoom,
+     10.0,
+     kLiquidRange},
 };
 
 constexpr double kLiquidPoints[] = {0.45, 0.55, 0.65, 0.75, 0.85, 0.95};

@@ -9,7 +9,11 @@
 
 namespace zel {
 
-enum class KinScale : std::uint8_t { kLog, kPlain };
+enum class KinScale : std::uint8_t {
+  kLog,
+  kPlain,
+  kFromRoom,  // K, the difference from the temperature nearest 298.15 K where there is a liquid
+};
 
 struct KinConstant {
   JudgeRule rule;
