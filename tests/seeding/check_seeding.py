@@ -3,12 +3,14 @@
     check_seeding.py ROOT ZEL
 """
 import csv
+import glob
 import json
 import math
 import os
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from random import Random
 
@@ -166,6 +168,21 @@ class Runs(unittest.TestCase):
             left = Source(os.path.join(folder, 'left.xml'))
         component = next(c for c in left.components if mistake['component'] in c.ids)
         self.assertAlmostEqual(1, component.data[mistake['datum']].value / float(mistake['new']), 6)
+
+    def test_a_run_that_is_stopped_shows_what_it_has(self):
+        with tempfile.TemporaryDirectory() as folder, subprocess.Popen(
+                [sys.executable, os.path.join(ROOT, 'scripts/seed-mistakes'), '--count', '5000',
+                 '--only', 'c-for-k'], env={**os.environ, 'ZEL': ZEL, 'TMPDIR': folder},
+                stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding='utf-8') as started:
+            while started.poll() is None and not glob.glob(folder + '/*/job0/libraries/nist.lb2'):
+                time.sleep(0.1)
+            time.sleep(1)
+            started.terminate()
+            printed, errors = started.communicate()
+        self.assertRegex(errors, r'^stopped after \d+ of 5000 mistakes\n$')
+        self.assertEqual(0, started.returncode)
+        line = next(line for line in printed.splitlines() if line.startswith('all '))
+        self.assertEqual(errors.split()[2], line.split()[1])
 
     def test_words_that_do_not_exist_are_refused(self):
         done = run('--only', 'no-such-kind')
