@@ -15,14 +15,14 @@ namespace {
 constexpr double kFar = 20.0;
 // An agreement within a tolerance that is wider says nothing of a small mistake.
 constexpr double kWide = 0.15;
-// A value that another record of the substance confirms, within this share of the tolerance,
-// deviates only a little: the substance is then more likely to be unlike its kin than both to be
-// wrong.
+// A value that another record of the substance confirms deviates only a little: the substance is
+// then more likely to be unlike its kin than both to be wrong. It confirms it within a share of the
+// tolerance, or of the difference from what is foretold.
 constexpr double kConfirmation = 0.3;
 constexpr double kMostConfirmed = 1.2;
 // As for constants, but of the worst of several comparisons.
 constexpr double kShare = 0.95;
-constexpr double kMargin = 1.5;
+constexpr double kMargin = 1.25;
 
 using Tensions = std::vector<std::vector<Tension>>;
 
@@ -45,10 +45,12 @@ double LogOf(double value) {
 // substance's records, this one among them.
 double DeviationOf(double number, Forecast const& forecast, std::span<double const> all) {
   if (std::isnan(number)) return kFar;
-  double const deviation = std::abs(number - forecast.value) / forecast.tolerance;
+  double const off = std::abs(number - forecast.value);
+  double const near = kConfirmation * std::max(off, forecast.tolerance);
   auto const confirming = std::count_if(all.begin(), all.end(), [&](double other) {
-    return IsDefined(other) && std::abs(other - number) <= kConfirmation * forecast.tolerance;
+    return IsDefined(other) && std::abs(other - number) <= near;
   });
+  double const deviation = off / forecast.tolerance;
   return confirming > 1 ? std::min(deviation, kMostConfirmed) : deviation;
 }
 

@@ -15,7 +15,7 @@ constexpr double kSigmas = 3.0;
 // The tolerance in the scales of the substances: three, or what 95 in 100 residuals do not exceed,
 // and a margin.
 constexpr double kShare = 0.95;
-constexpr double kMargin = 1.5;
+constexpr double kMargin = 1.3;
 
 bool IsUsable(double observed) { return IsDefined(observed) && !std::isnan(observed); }
 

@@ -7,7 +7,7 @@ using enum AtomFeatures;
 using enum KinScale;
 
 constexpr char kConstantTolerance[] =
-    "3 robust standard deviations of the other substances, or 1.5 times what 95 in 100 of them do "
+    "3 robust standard deviations of the other substances, or 1.3 times what 95 in 100 of them do "
     "not exceed; wider where near kin scatter";
 constexpr char kCurveTolerance[] =
     "the same as of constants, at the worst of the temperatures and differences";
