@@ -11,5 +11,6 @@ set(verify_TEST_SOURCES
     judge_kin_test.cpp
     judge_libraries_test.cpp
     judge_relations_test.cpp
+    judge_thermal_relations_test.cpp
     progress_test.cpp
     verify_test.cpp)

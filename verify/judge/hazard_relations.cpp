@@ -40,8 +40,8 @@ Found HeatAtLowerLimit(Reading& r, JudgeRule const& rule) {
 }
 
 Found OrderOfLimits(Reading& r, JudgeRule const& rule) {
-  double const upper = r.Constant(propertyHIFLAMM, Stake::kMinor);
-  double const lower = r.Constant(propertyLOFLAMM, Stake::kMinor);
+  double const upper = r.Constant(propertyHIFLAMM);
+  double const lower = r.Constant(propertyLOFLAMM);
   return AtLeast(Of(propertyHIFLAMM), upper, lower, rule.tolerance * lower);
 }
 
@@ -73,9 +73,8 @@ Found FlashOfLimit(Reading& r, JudgeRule const& rule) {
 }
 
 Found IgnitionAboveFlash(Reading& r, JudgeRule const& rule) {
-  double const flash = r.Constant(propertyFLASHPOINT, Stake::kMinor);
-  return AtLeast(Of(propertyAUTOIGNITION), r.Constant(propertyAUTOIGNITION, Stake::kMinor), flash,
-                 rule.tolerance);
+  double const flash = r.Constant(propertyFLASHPOINT);
+  return AtLeast(Of(propertyAUTOIGNITION), r.Constant(propertyAUTOIGNITION), flash, rule.tolerance);
 }
 
 Found DielectricConstant(Reading& r, JudgeRule const& rule) {

@@ -79,6 +79,24 @@ Found HeatOfCombustion(Reading& r, JudgeRule const& rule) {
   return Outcome::Absolute(Of(propertyHCOMBUST), stored, expected, tolerance);
 }
 
+// W. M. Thornton, Phil. Mag. 33 (1917) 196: organic substances give off about the same heat for
+// each mole of oxygen. Not those with weak bonds, such as nitro compounds.
+Found HeatOfOxygen(Reading& r, JudgeRule const& rule) {
+  double const stored = r.OwnConstant(propertyHCOMBUST, Stake::kMinor);
+  double const carbon = r.Atoms("C");
+  double const oxygen = carbon + r.Atoms("H") / 4.0 - r.Atoms("O") / 2.0;
+  bool const isOrganic = std::all_of(
+      r.Of().Atoms().begin(), r.Of().Atoms().end(),
+      [](auto const& row) { return row.first == "C" || row.first == "H" || row.first == "O"; });
+  constexpr double kLeast = 1.5;  // moles; below, what is burnt already counts
+  if (!r.HasFormula() || !isOrganic || !(carbon > 0.0) || !(oxygen > kLeast)) return std::nullopt;
+  constexpr double kHeat = -411500.0;     // kJ/kg-mol of oxygen
+  constexpr double kStructure = 40000.0;  // kJ/kg-mol
+  double const expected = kHeat * oxygen;
+  return Outcome::Absolute(Of(propertyHCOMBUST), stored, expected,
+                           rule.tolerance * std::abs(expected) + kStructure);
+}
+
 Found LowerHeatingValue(Reading& r, JudgeRule const& rule) {
   double const stored = r.Constant(propertyLHV);
   return Outcome::Relative(Of(propertyLHV), stored, -r.Constant(propertyHCOMBUST), rule.tolerance);
@@ -122,6 +140,22 @@ template <zelProperties kIndex>
 Found NothingOfElement(Reading& r, JudgeRule const& rule) {
   if (!IsGaseousElement(r)) return std::nullopt;
   return Outcome::Absolute(Of(kIndex), r.OwnConstant(kIndex), 0.0, rule.tolerance);
+}
+
+// The entropy of fusion: about R for atoms and for molecules that turn in the solid, and at most
+// what each atom but hydrogen adds in a chain that becomes flexible.
+Found HeatOfFusion(Reading& r, JudgeRule const& rule) {
+  if (!r.HasFormula()) return std::nullopt;
+  double const heat = r.Constant(propertyHFUSIONNMP);
+  double const unit = kGasConstant * r.Constant(propertyNMP, Stake::kMinor);
+  double heavy = 0.0;
+  for (auto const& [symbol, count] : r.Of().Atoms()) {
+    if (symbol != "H") heavy += static_cast<double>(count);
+  }
+  constexpr double kLeast = 0.35, kMost = 4.0, kEach = 1.2;
+  double const limit =
+      heat < unit * kLeast ? unit * kLeast : std::min(heat, unit * (kMost + kEach * heavy));
+  return AtBound(Outcome::Factor(Of(propertyHFUSIONNMP), heat, limit, rule.tolerance));
 }
 
 Found LatentHeatAtBoiling(Reading& r, JudgeRule const& rule) {
@@ -230,6 +264,10 @@ constexpr Relation kRows[] = {
       "0.4 % and 4 kJ/mol: heats of formation of handbooks; 19 of 20 data are within it"},
      "HFORMATION and the formula",
      HeatOfCombustion},
+    {{"oxygen-combustion", "HCOMBUST = -411.5 MJ/kg-mol (nC + nH/4 - nO/2), of C, H and O", 0.12,
+      "12 % and 40 MJ/kg-mol: strained rings and triple bonds; 49 of 50 substances are within it"},
+     "the formula",
+     HeatOfOxygen},
     {{"lower-heating", "LHV = -HCOMBUST", 0.005, "0.5 %: the same quantity"},
      "HCOMBUST",
      LowerHeatingValue},
@@ -256,6 +294,10 @@ constexpr Relation kRows[] = {
       "0.01 debye: by symmetry"},
      "the symmetry",
      NothingOfElement<propertyDIPOLE>},
+    {{"fusion-entropy", "0.35 R NMP <= HFUSIONNMP <= (4 + 1.2 heavy atoms) R NMP", 0.1,
+      "10 %: all of 254 substances but one are between the limits"},
+     "NMP and the formula",
+     HeatOfFusion},
     {{"latent-heat", "HVAPNBP = latent heat at NBP", 0.06,
       "6 %: uncertainty of heats of vaporization; 39 of 40 handbook data are within it"},
      "the latent heat at NBP",
