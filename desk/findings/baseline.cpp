@@ -19,8 +19,8 @@ constexpr char kSchema[] = "zel/check";
 std::string IdentityOf(Finding const& finding) {
   std::string const library = std::filesystem::path(finding.library).filename().string();
   nlohmann::json parts = {finding.id, library, finding.place, finding.text};
-  // What other libraries contribute to the text of a judged finding does not make it another one.
-  if (!finding.evidence.empty()) parts = {finding.id, library, finding.fingerprint};
+  // Other comparisons of the same datum do not make another finding.
+  if (!finding.evidence.empty()) parts = {library, finding.fingerprint};
   return parts.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
@@ -57,6 +57,10 @@ std::vector<Finding> ReadBaseline(std::string const& path) {
     finding.library = TextIn(row, "library", path);
     finding.place = TextIn(row, "place", path);
     finding.text = TextIn(row, "text", path);
+    if (row.contains("evidence") && row["evidence"].is_string()) {
+      finding.evidence = {TextIn(row, "evidence", path)};
+      finding.fingerprint = TextIn(row, "fingerprint", path);
+    }
     findings.push_back(std::move(finding));
   }
   return findings;
@@ -82,6 +86,7 @@ ComparedFindings CompareFindings(std::vector<Finding> const& findings,
 }
 
 std::string FingerprintOf(Finding const& finding) {
+  if (!finding.evidence.empty()) return finding.fingerprint;
   std::uint64_t hash = 14695981039346656037U;  // FNV-1a
   for (char const c : IdentityOf(finding)) {
     hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;

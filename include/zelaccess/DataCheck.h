@@ -95,8 +95,8 @@ struct ZelDataFinding {
   char const* text = "";  ///< The sentence made from this, without library and place.
   /// How likely the datum is wrong, 0 to 1: 1 for what is certainly wrong (errors and damage).
   double strength = 1.0;
-  /// 16 digits that are the same as long as the check, the bank, the item, the datum and what is
-  /// stored for it are; empty for damage.
+  /// 16 digits that are the same as long as the bank, the item, the datum and what is stored for it
+  /// are, and the check if the finding has no evidence; empty for damage.
   char const* fingerprint = "";
   ZelDataEvidence const* evidence = nullptr;  ///< Comparisons, the worst first; null for none.
   std::int32_t evidenceCount = 0;             ///< Their number.

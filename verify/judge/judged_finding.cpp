@@ -39,9 +39,8 @@ JudgedFinding::JudgedFinding(Suspicion const& suspicion, Substance const& substa
   for (Tension const* const tension : suspicion_.against) AddEvidence(*tension);
   Record const& record = Of();
   Datum const datum = suspicion_.claim.datum;
-  fingerprint_ =
-      Fingerprint(std::string(main_.rule->id) + '\n' + record.Item().bank.Text() + '\n' +
-                  record.Item().text + '\n' + datum.Name() + '\n' + record.StoredText(datum));
+  fingerprint_ = Fingerprint(record.Item().bank.Text() + '\n' + record.Item().text + '\n' +
+                             datum.Name() + '\n' + record.StoredText(datum));
 }
 
 // The worst comparison of a value of the datum itself; if there is none, the worst of all.
