@@ -39,9 +39,9 @@ TEST(RobustRegression, OneInTenGrossErrorsDoNotSpoilTheCoefficients) {
   auto const fit = RobustRegression::Fit(plane.features, 2, plane.observed);
   ASSERT_TRUE(fit);
   double const origin[] = {0.0, 0.0}, a[] = {1.0, 0.0}, b[] = {0.0, 1.0};
-  EXPECT_NEAR(fit->At(origin), 3.0, 0.05);
-  EXPECT_NEAR(fit->At(a) - fit->At(origin), 2.0, 0.01);
-  EXPECT_NEAR(fit->At(b) - fit->At(origin), -0.5, 0.01);
+  EXPECT_NEAR(fit->At(origin).value, 3.0, 0.05);
+  EXPECT_NEAR(fit->At(a).value - fit->At(origin).value, 2.0, 0.01);
+  EXPECT_NEAR(fit->At(b).value - fit->At(origin).value, -0.5, 0.01);
   // The residual of a gross error is its size, that of the others their scatter.
   EXPECT_NEAR(fit->Of(20).value, 0.9 * plane.observed[20], 0.1);
   EXPECT_LT(std::abs(fit->Of(21).value), 0.05);
@@ -60,10 +60,10 @@ TEST(RobustRegression, ResidualIsFromAFitWithoutTheObservation) {
   auto const without = RobustRegression::Fit(features, 2, observed);
   ASSERT_TRUE(without);
   double const place[] = {60.0, plane.features[61]};
-  double const foretold = without->At(place);
+  double const foretold = without->At(place).value;
   EXPECT_NEAR(fit->Of(30).value, plane.observed[30] - foretold, 0.5 * std::abs(fit->Of(30).value));
   EXPECT_GT(fit->Of(30).leverage, 20.0 * fit->Of(29).leverage);
-  EXPECT_GT(without->LeverageAt(place), 20.0 * fit->Of(29).leverage);
+  EXPECT_GT(without->At(place).leverage, 20.0 * fit->Of(29).leverage);
 }
 
 TEST(RobustRegression, FewObservationsGiveNoFit) {

@@ -78,7 +78,8 @@ class Scatter {
     constexpr double kNear = 0.3;  // closer than that is not nearer
     constexpr double kShrink = 1.0;
     double sum = 0.0, weights = kShrink;
-    double const limit = kSigmas * sigma_;
+    constexpr double kMost = 2.0;  // sigmas, of one of them
+    double const limit = kMost * sigma_;
     VisitNear(i, [&](double residual, double distance) {
       double const weight = 1.0 / (kNear + distance);
       sum += weight * std::clamp(residual, -limit, limit);
@@ -152,7 +153,8 @@ std::vector<Estimate> EstimatesOf(KinFeatures const& kin, FeatureSet const& set,
     if (estimates[i].isOfFit || !IsDefined(observed[i])) continue;
     rows.clear();
     if (!kin.Append(i, set, rows)) continue;
-    estimates[i] = {fit->At(rows), fit->LeverageAt(rows)};
+    auto const [value, leverage] = fit->At(rows);
+    estimates[i] = {value, leverage};
   }
   return estimates;
 }

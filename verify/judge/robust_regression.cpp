@@ -207,16 +207,10 @@ std::optional<RobustRegression> RobustRegression::Fit(std::vector<double> const&
   return fit;
 }
 
-double RobustRegression::At(std::span<double const> features) const {
+RobustRegression::Foretold RobustRegression::At(std::span<double const> features) const {
   std::vector<double> row(Width());
   SetRow(features, row.data());
-  return ValueOf(row.data());
-}
-
-double RobustRegression::LeverageAt(std::span<double const> features) const {
-  std::vector<double> row(Width());
-  SetRow(features, row.data());
-  return Form(row.data());
+  return {ValueOf(row.data()), Form(row.data())};
 }
 
 }  // namespace zel

@@ -31,9 +31,12 @@ class RobustRegression {
   static std::optional<RobustRegression> Fit(std::vector<double> const& features, std::size_t count,
                                              std::vector<double> const& observed);
 
-  // What the fit gives for the features of an observation, and the leverage there.
-  double At(std::span<double const> features) const;
-  double LeverageAt(std::span<double const> features) const;
+  // What the fit gives for the features of another observation.
+  struct Foretold {
+    double value = 0.0;
+    double leverage = 0.0;  // its variance, in variances of the scatter
+  };
+  Foretold At(std::span<double const> features) const;
   // Of an observation of the fit.
   Residual const& Of(std::size_t observation) const { return residuals_[observation]; }
 
