@@ -66,6 +66,19 @@ TEST(RobustRegression, ResidualIsFromAFitWithoutTheObservation) {
   EXPECT_GT(without->At(place).leverage, 20.0 * fit->Of(29).leverage);
 }
 
+TEST(RobustRegression, OnlyObservationWithAFeatureIsByItself) {
+  Plane plane(60);
+  std::vector<double> features;
+  for (std::size_t i = 0; i < 60; ++i) {
+    features.insert(features.end(),
+                    {plane.features[2 * i], plane.features[2 * i + 1], i == 30 ? 1.0 : 0.0});
+  }
+  auto const fit = RobustRegression::Fit(features, 3, plane.observed);
+  ASSERT_TRUE(fit);
+  EXPECT_TRUE(fit->Of(30).isByItself);
+  EXPECT_FALSE(fit->Of(29).isByItself);
+}
+
 TEST(RobustRegression, FewObservationsGiveNoFit) {
   EXPECT_FALSE(RobustRegression::Fit(Plane(24).features, 2, Plane(24).observed));
   EXPECT_TRUE(RobustRegression::Fit(Plane(25).features, 2, Plane(25).observed));

@@ -16,6 +16,8 @@ constexpr double kSigmas = 3.0;
 // and a margin.
 constexpr double kShare = 0.95;
 constexpr double kMargin = 1.3;
+// Of the tolerance of a substance that is the only one with a feature of a better set.
+constexpr double kUnlike = 3.0;
 
 bool IsUsable(double observed) { return IsDefined(observed) && !std::isnan(observed); }
 
@@ -25,6 +27,7 @@ struct Estimate {
   double leverage = 0.0;
   double residual = 0.0;  // observed - foretold, of a substance of the fit
   bool isOfFit = false;
+  bool isByItself = false;  // other substances say little about it
 };
 
 // The estimates by substance, as a regression gives them or corrected by kin.
@@ -50,6 +53,7 @@ class Scatter {
 
   // Sets the tolerances; returns their median.
   double Calibrate(double floor);
+  bool IsByItself(std::uint32_t i) const { return estimates_[i].isByItself; }
   double ValueOf(std::uint32_t i) const { return estimates_[i].foretold; }
   double ToleranceOf(std::uint32_t i) const { return tolerances_[i]; }
 
@@ -138,6 +142,7 @@ std::vector<Estimate> EstimatesOf(KinFeatures const& kin, FeatureSet const& set,
   std::vector<double> rows, values;
   std::vector<Estimate> estimates(kin.Count());
   std::vector<std::uint32_t> fitted;
+  std::vector<bool> isFitted(kin.Count(), false);
   for (std::uint32_t const i : kin.Sample()) {
     if (!IsUsable(observed[i]) || !kin.Append(i, set, rows)) continue;
     values.push_back(observed[i]);
@@ -146,11 +151,14 @@ std::vector<Estimate> EstimatesOf(KinFeatures const& kin, FeatureSet const& set,
   auto const fit = RobustRegression::Fit(rows, count, values);
   if (!fit) return {};
   for (std::size_t k = 0; k < fitted.size(); ++k) {
-    auto const& [residual, leverage] = fit->Of(k);
+    auto const& [residual, leverage, isByItself] = fit->Of(k);
+    isFitted[fitted[k]] = true;
+    estimates[fitted[k]].isByItself = isByItself;
+    if (isByItself) continue;
     estimates[fitted[k]] = {values[k] - residual, leverage, residual, true};
   }
   for (std::uint32_t i = 0; i < kin.Count(); ++i) {
-    if (estimates[i].isOfFit || !IsDefined(observed[i])) continue;
+    if (isFitted[i] || !IsDefined(observed[i])) continue;
     rows.clear();
     if (!kin.Append(i, set, rows)) continue;
     auto const [value, leverage] = fit->At(rows);
@@ -203,9 +211,11 @@ std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet co
                    [](Tried const* a, Tried const* b) { return a->tolerance < b->tolerance; });
   std::vector<Forecast> forecasts(kin.Count());
   for (std::uint32_t i = 0; i < kin.Count(); ++i) {
+    double widening = 1.0;
     for (Tried const* const one : order) {
+      if (one->scatter.IsByItself(i)) widening = kUnlike;
       if (!IsDefined(one->scatter.ValueOf(i))) continue;
-      forecasts[i] = {one->scatter.ValueOf(i), one->scatter.ToleranceOf(i), one->set};
+      forecasts[i] = {one->scatter.ValueOf(i), widening * one->scatter.ToleranceOf(i), one->set};
       break;
     }
   }

@@ -14,33 +14,42 @@ constexpr char kCurveTolerance[] =
 
 constexpr FeatureSet kAtoms[] = {kSize, kKindAndSums, kStructure};
 constexpr FeatureSet kSumsOfAtoms[] = {kSums, kStructureSums};
-constexpr FeatureSet kVolumes[] = {kKind, {kKind, propertyVC, propertyTC, propertyPC}, kStructure};
-constexpr FeatureSet kLiquidVolumes[] = {kKindAndSums,
+constexpr FeatureSet kVolumes[] = {
+    {kSize, propertyVC}, kKind, {kKind, propertyVC, propertyTC, propertyPC}, kStructure};
+constexpr FeatureSet kLiquidVolumes[] = {{kSize, propertyVC},
+                                         kKindAndSums,
                                          {kKind, propertyVC, propertyTC, propertyPC},
                                          {kKind, propertyVC, propertyTC, propertyNBP},
                                          kStructure,
                                          {kStructure, propertyVC, propertyTC, propertyNBP}};
-constexpr FeatureSet kForVc[] = {kKindAndSums,
+constexpr FeatureSet kForVc[] = {kSize,
+                                 kKindAndSums,
                                  {kKind, propertyTC, propertyPC, propertyNBP},
                                  {kStructure, propertyTC, propertyPC}};
 constexpr FeatureSet kForTc[] = {
-    kKind, {kKindAndSums, propertyNBP, propertyPC}, {kStructure, propertyNBP}};
-constexpr FeatureSet kForPc[] = {
-    kKind, {kKind, propertyTC, propertyVC, propertyNBP}, {kStructure, propertyTC, propertyVC}};
-constexpr FeatureSet kForNbp[] = {kKind, {kKind, propertyTC, propertyPC}, {kStructure, propertyTC}};
-constexpr FeatureSet kForZc[] = {
-    kKind, {kKind, propertyTC, propertyPC, propertyVC}, {kStructure, propertyTC, propertyPC}};
-constexpr FeatureSet kFromTcPcNbp[] = {kKind,
+    kSize, kKind, {kKindAndSums, propertyNBP, propertyPC}, {kStructure, propertyNBP}};
+constexpr FeatureSet kForPc[] = {kSize,
+                                 kKind,
+                                 {kKind, propertyTC, propertyVC, propertyNBP},
+                                 {kStructure, propertyTC, propertyVC}};
+constexpr FeatureSet kForNbp[] = {
+    kSize, kKind, {kKind, propertyTC, propertyPC}, {kStructure, propertyTC}};
+constexpr FeatureSet kForZc[] = {kSize,
+                                 kKind,
+                                 {kKind, propertyTC, propertyPC, propertyVC},
+                                 {kStructure, propertyTC, propertyPC}};
+constexpr FeatureSet kFromTcPcNbp[] = {kSize,
+                                       kKind,
                                        {kKind, propertyTC, propertyPC, propertyNBP},
                                        {kStructure, propertyTC, propertyPC, propertyNBP}};
-constexpr FeatureSet kMelting[] = {kKind, {kKind, propertyTC, propertyNBP}, kStructure};
+constexpr FeatureSet kMelting[] = {kSize, kKind, {kKind, propertyTC, propertyNBP}, kStructure};
 constexpr FeatureSet kLiquidRange[] = {{kSize, propertyNMP, propertyNBP},
                                        {kKind, propertyNMP, propertyNBP}};
 constexpr FeatureSet kForPtp[] = {{kKind, propertyTTP, propertyTC, propertyPC, propertyNBP},
                                   {kKind, propertyNMP, propertyTC, propertyPC, propertyNBP}};
 constexpr FeatureSet kBoiling[] = {
-    kKind, {kKindAndSums, propertyNBP}, kStructure, {kStructure, propertyNBP}};
-constexpr FeatureSet kFusion[] = {kKind, {kKind, propertyNMP}, {kStructure, propertyNMP}};
+    kSize, kKind, {kKindAndSums, propertyNBP}, kStructure, {kStructure, propertyNBP}};
+constexpr FeatureSet kFusion[] = {kSize, kKind, {kKind, propertyNMP}, {kStructure, propertyNMP}};
 constexpr FeatureSet kPolar[] = {{kKind, propertyDIPOLE, propertyVC, propertyTC},
                                  {kKind, propertyTC, propertyNBP},
                                  {kStructure, propertyDIPOLE, propertyVC, propertyTC}};
@@ -155,11 +164,6 @@ constexpr KinConstant kConstantRows[] = {
      kEnergy,
      kSumsOfAtoms,
      propertyHFORMATION},
-    {{"kin-gformation", "GFORMATION from atoms or groups", kEnergy, kConstantTolerance},
-     propertyGFORMATION,
-     kPlain,
-     kEnergy,
-     kSumsOfAtoms},
     {{"kin-hcombust", "HCOMBUST from atoms or groups", kEnergy, kConstantTolerance},
      propertyHCOMBUST,
      kPlain,

@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::size_t kFewest = 25;
 constexpr std::size_t kPerCoefficient = 3;
-constexpr double kRidge = 0.0001;       // of the observations, on features of variance 1
-constexpr double kMostLeverage = 0.95;  // of an observation in its own fit
+constexpr double kRidge = 0.0001;      // of the observations, on features of variance 1
+constexpr double kMostLeverage = 0.8;  // of an observation in its own fit
 constexpr int kHuberSteps = 2;
 constexpr int kSteps = 4;
 
@@ -200,9 +200,10 @@ std::optional<RobustRegression> RobustRegression::Fit(std::vector<double> const&
   fit.Invert();
   for (std::size_t i = 0; i < rows; ++i) {
     double const form = fit.Form(fit.Row(i));
-    double const others = 1.0 - std::min(weights[i] * form, kMostLeverage);
+    double const others = 1.0 - weights[i] * form;
     double const residual = observed[i] - fit.ValueOf(fit.Row(i));
-    fit.residuals_.push_back({residual / others, form / others});
+    bool const isByItself = others < 1.0 - kMostLeverage;
+    fit.residuals_.push_back({residual / others, form / others, isByItself});
   }
   return fit;
 }

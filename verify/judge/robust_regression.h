@@ -24,6 +24,8 @@ class RobustRegression {
   struct Residual {
     double value = 0.0;     // of an observation, from a fit without it
     double leverage = 0.0;  // variance of what that fit foretells, in variances of the scatter
+    // The others say little about it, as of the only one that has a feature.
+    bool isByItself = false;
   };
 
   // `features` has a row of `count` numbers for each observation. Empty if there are fewer than 25
