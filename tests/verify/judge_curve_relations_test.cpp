@@ -73,23 +73,40 @@ struct Case {
 
 std::vector<Case> const kCases = {
     // In C, a digit lost, another scale.
-    {"vapor-pressure-range", 0, {correlationVaporPressure, 5.53, 288.9, {}}},
-    {"latent-heat-range", 0, {correlationLatentHeat, 278.68, 835.2, {}}},
-    {"liquid-density-range", 0, {correlationLiquidDensity, 551.83, 835.2, {}}},
-    {"liquid-thermal-range", 0, {correlationLiquidThermal, 5.53, 413.1, {}}},
-    {"liquid-viscosity-range", 0, {correlationLiquidViscosity, 278.68, 981, {}}},
-    {"surface-tension-range", 0, {correlationSurfaceTension, 5.5, 288.86, {}}},
-    {"liquid-enthalpy-range", 0, {correlationLiquidEnthalpy, 501.62, 900, {}}},
-    {"liquid-cp-range", 0, {correlationLiquidCp, 27.868, 500, {}}},
-    {"dielectric-range", 0, {correlationDielectric, 19.85, 239.85, {}}},
-    {"characteristic-volume-range", 0, {correlationCharacteristicVolume, 278.68, 900, {}}},
-    {"vapor-thermal-range", 0, {correlationVaporThermal, 612.3, 1273.15, {}}},
-    {"vapor-viscosity-range", 0, {correlationVaporViscosity, 5.53, 726.85, {}}},
-    {"ideal-enthalpy-range", 0, {correlationIdealEnthalpy, 1000, 50, {}}},
-    {"ideal-cp-range", 0, {correlationIdealGasCp, 323.15, 1273.15, {}}},
-    {"solid-enthalpy-range", 0, {correlationSolidEnthalpy, 40, 562.05, {}}},
-    {"solid-density-range", 0, {correlationSolidDensity, 546.25, 551.83, {}}},
-    {"solid-cp-range", 0, {correlationSolidCp, 40, 551.85, {}}},
+    {"vapor-pressure-begin", 0, {correlationVaporPressure, 5.53, 562.05, {}}},
+    {"vapor-pressure-end", 0, {correlationVaporPressure, 278.68, 1011.7, {}}},
+    {"latent-heat-begin", 0, {correlationLatentHeat, 551.83, 562.05, {}}},
+    {"latent-heat-end", 0, {correlationLatentHeat, 278.68, 835.2, {}}},
+    {"liquid-density-begin", 0, {correlationLiquidDensity, 501.6, 562.05, {}}},
+    {"liquid-density-end", 0, {correlationLiquidDensity, 278.68, 288.9, {}}},
+    {"liquid-thermal-begin", 0, {correlationLiquidThermal, 5.53, 413.1, {}}},
+    {"liquid-thermal-end", 0, {correlationLiquidThermal, 278.68, 743.6, {}}},
+    {"liquid-viscosity-begin", 0, {correlationLiquidViscosity, 27.868, 545, {}}},
+    {"liquid-viscosity-end", 0, {correlationLiquidViscosity, 278.68, 981, {}}},
+    {"surface-tension-begin", 0, {correlationSurfaceTension, 5.5, 562.01, {}}},
+    {"surface-tension-end", 0, {correlationSurfaceTension, 278.65, 288.86, {}}},
+    {"liquid-enthalpy-begin", 0, {correlationLiquidEnthalpy, 501.62, 900, {}}},
+    {"liquid-enthalpy-end", 0, {correlationLiquidEnthalpy, 501.62, 900, {}}},
+    {"liquid-cp-begin", 0, {correlationLiquidCp, 27.868, 500, {}}},
+    {"liquid-cp-end", 0, {correlationLiquidCp, 278.68, 773.15, {}}},
+    {"dielectric-begin", 0, {correlationDielectric, 19.85, 239.85, {}}},
+    {"dielectric-end", 0, {correlationDielectric, 19.85, 51.3, {}}},
+    {"characteristic-volume-begin", 0, {correlationCharacteristicVolume, 5.53, 500, {}}},
+    {"characteristic-volume-end", 0, {correlationCharacteristicVolume, 278.68, 900, {}}},
+    {"vapor-thermal-begin", 0, {correlationVaporThermal, 612.3, 1273.15, {}}},
+    {"vapor-thermal-end", 0, {correlationVaporThermal, 339.15, 100, {}}},
+    {"vapor-viscosity-begin", 0, {correlationVaporViscosity, 5.53, 726.85, {}}},
+    {"vapor-viscosity-end", 0, {correlationVaporViscosity, 278.68, 1800, {}}},
+    {"ideal-enthalpy-begin", 0, {correlationIdealEnthalpy, 1000, 50, {}}},
+    {"ideal-enthalpy-end", 0, {correlationIdealEnthalpy, 50, 10000, {}}},
+    {"ideal-cp-begin", 0, {correlationIdealGasCp, 323.15, 1273.15, {}}},
+    {"ideal-cp-end", 0, {correlationIdealGasCp, 50, 100, {}}},
+    {"solid-enthalpy-begin", 0, {correlationSolidEnthalpy, 400, 2787, {}}},
+    {"solid-enthalpy-end", 0, {correlationSolidEnthalpy, 40, 562.05, {}}},
+    {"solid-density-begin", 0, {correlationSolidDensity, 546.25, 551.83, {}}},
+    {"solid-density-end", 0, {correlationSolidDensity, 273.1, 551.83, {}}},
+    {"solid-cp-begin", 0, {correlationSolidCp, -233.15, 5.55, {}}},
+    {"solid-cp-end", 0, {correlationSolidCp, 40, 551.85, {}}},
     // A lost sign, most often.
     {"vapor-pressure-rises",
      0,
@@ -345,10 +362,10 @@ TEST_P(JudgeRangeRelationTest, NamesTheEnd) {
   EXPECT_STREQ(outcome->quantity, "the end of the range of ");
   EXPECT_STREQ(outcome->unit, "K");
   EXPECT_EQ(outcome->value, 835.2);
-  EXPECT_NEAR(outcome->expected, 1.03 * 562.05, 1e-9);
+  EXPECT_NEAR(outcome->expected, 1.035 * 562.05, 1e-9);
 }
 
-INSTANTIATE_TEST_SUITE_P(LatentHeat, JudgeRangeRelationTest, ::testing::Values(kCases[1]));
+INSTANTIATE_TEST_SUITE_P(LatentHeat, JudgeRangeRelationTest, ::testing::Values(kCases[3]));
 
 TEST(JudgeCurveRelationTablesTest, EachRelationHasACase) {
   std::set<std::string> cases;
