@@ -54,23 +54,37 @@ class Witnesses {
 
 // A datum, and what the comparisons say of it.
 struct Suspect {
+  // Of values, and of the range of a curve: one can be wrong and the other right.
+  struct Aspect {
+    Witnesses againstIt;  // comparisons that disagree
+    Witnesses forIt;      // those that agree; negative
+  };
+
   Claim claim;
-  Witnesses againstIt;  // comparisons that disagree
-  Witnesses forIt;      // those that agree; negative
+  Aspect ofValues;
+  Aspect ofRange;
   std::vector<std::size_t> disagreeing;
   std::size_t agreeing = 0;
 
   // What the choice between suspects goes by.
   double Weight() const {
     constexpr double kAgreement = 0.7;
-    return againstIt.Sum() + kAgreement * forIt.Sum();
+    double weight = 0.0;
+    for (Aspect const* const aspect : {&ofValues, &ofRange}) {
+      if (aspect->againstIt.Sum() > 0.0) {
+        weight += aspect->againstIt.Sum() + kAgreement * aspect->forIt.Sum();
+      }
+    }
+    return weight;
   }
 };
+
+constexpr double kExplainedByMinor = 0.5;
 
 class Trial {
  public:
   explicit Trial(std::vector<Tension> const& tensions)
-      : tensions_(tensions), isExplained_(tensions.size(), false) {}
+      : tensions_(tensions), explained_(tensions.size(), 0.0) {}
 
   std::vector<Suspicion> Run();
 
@@ -79,15 +93,17 @@ class Trial {
   Suspicion Convict(Suspect const& suspect);
 
   std::vector<Tension> const& tensions_;
-  std::vector<bool> isExplained_;
+  std::vector<double> explained_;  // share of each comparison that convicted data explain
+  std::vector<Claim> convicted_;
 };
 
 std::vector<Suspect> Trial::Suspects() const {
   std::vector<Suspect> suspects;
   for (std::size_t i = 0; i < tensions_.size(); ++i) {
-    if (isExplained_[i]) continue;
-    double const evidence = Evidence(tensions_[i].deviation);
+    if (explained_[i] >= 1.0) continue;
+    double const evidence = (1.0 - explained_[i]) * Evidence(tensions_[i].deviation);
     for (Tension::Part const& part : tensions_[i].parts) {
+      if (std::find(convicted_.begin(), convicted_.end(), part.claim) != convicted_.end()) continue;
       auto at = std::find_if(suspects.begin(), suspects.end(),
                              [&](Suspect const& one) { return one.claim == part.claim; });
       if (at == suspects.end()) {
@@ -95,13 +111,14 @@ std::vector<Suspect> Trial::Suspects() const {
         suspects.back().claim = part.claim;
         at = suspects.end() - 1;
       }
+      Suspect::Aspect& aspect = tensions_[i].isOfRange ? at->ofRange : at->ofValues;
       constexpr double kMinor = 0.4;
       double const share = part.stake == Stake::kFull ? 1.0 : kMinor;
       if (tensions_[i].deviation > 1.0) {
-        at->againstIt.Add(tensions_[i], share * std::max(evidence, 0.0));
+        aspect.againstIt.Add(tensions_[i], share * std::max(evidence, 0.0));
         at->disagreeing.push_back(i);
       } else if (part.stake == Stake::kFull) {
-        at->forIt.Add(tensions_[i], std::min(evidence, 0.0));
+        aspect.forIt.Add(tensions_[i], std::min(evidence, 0.0));
         ++at->agreeing;
       }
     }
@@ -114,9 +131,13 @@ std::vector<Suspect> Trial::Suspects() const {
 // compared over its whole range.
 double StrengthOf(Suspect const& suspect) {
   constexpr double kPrior = 3.0;
-  bool const isElsewhere = suspect.claim.datum.IsCurve() && !suspect.forIt.HasSources();
-  double const mostFor = isElsewhere ? -2.0 : -4.0;
-  double const odds = suspect.againstIt.Sum() + std::max(suspect.forIt.Sum(), mostFor) - kPrior;
+  double odds = -kPrior;
+  for (Suspect::Aspect const* const aspect : {&suspect.ofValues, &suspect.ofRange}) {
+    if (aspect->againstIt.Sum() <= 0.0) continue;
+    bool const isElsewhere = suspect.claim.datum.IsCurve() && !aspect->forIt.HasSources();
+    double const mostFor = isElsewhere ? -2.0 : -4.0;
+    odds += aspect->againstIt.Sum() + std::max(aspect->forIt.Sum(), mostFor);
+  }
   return 1.0 / (1.0 + std::exp(-odds));
 }
 
@@ -127,8 +148,14 @@ Suspicion Trial::Convict(Suspect const& suspect) {
   suspicion.agreeing = suspect.agreeing;
   for (std::size_t const i : suspect.disagreeing) {
     suspicion.against.push_back(&tensions_[i]);
-    isExplained_[i] = true;
+    auto const& parts = tensions_[i].parts;
+    bool const isFull = std::any_of(parts.begin(), parts.end(), [&](Tension::Part const& part) {
+      return part.claim == suspect.claim && part.stake == Stake::kFull;
+    });
+    // What the datum hardly matters to may have another reason; it is weaker evidence for that.
+    explained_[i] = isFull ? 1.0 : std::max(explained_[i], kExplainedByMinor);
   }
+  convicted_.push_back(suspect.claim);
   std::stable_sort(suspicion.against.begin(), suspicion.against.end(),
                    [](Tension const* a, Tension const* b) { return a->deviation > b->deviation; });
   return suspicion;

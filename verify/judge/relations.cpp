@@ -62,6 +62,7 @@ void AddRelations(Substance const& substance, std::vector<Tension>& tensions) {
       tension.value = outcome->value;
       tension.expected = outcome->expected;
       tension.unit = outcome->unit != nullptr ? outcome->unit : outcome->about.Unit();
+      tension.isOfRange = outcome->about.IsCurve() && tension.unit == "K";
       tension.quantity = outcome->quantity;
       tension.temperature = outcome->temperature;
       tension.deviation = outcome->deviation;

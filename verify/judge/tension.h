@@ -44,6 +44,8 @@ struct Tension {
   double temperature = gen_GetUndefDouble();  // K, of a curve's value
   // The difference in tolerances: the data agree up to 1.
   double deviation = 0.0;
+  // About the range of a curve, not its values.
+  bool isOfRange = false;
   // The expected value is that of the other part, which is the same datum of another record.
   bool isBetweenSources = false;
   // What the expected value comes from: "the latent heat at NBP", "crc.lb1 CRC".
