@@ -36,48 +36,41 @@ Found IsIntegral(Reading& r, JudgeRule const& rule) {
   return worst;
 }
 
-// Where the own enthalpy is zero, in K; beyond the range with the heat capacity at its end.
-double ZeroOf(Reading& r, zelCorrelations enthalpy) {
-  KelvinRange range = r.Range(enthalpy);
-  double const atLow = r.OwnAt(enthalpy, range.low);
-  double const atHigh = r.OwnAt(enthalpy, range.high);
-  if (!(atHigh > atLow)) return std::nan("");
-  if (atLow > 0.0) return range.low - atLow / r.OwnSlope(enthalpy, range.low);
-  if (atHigh < 0.0) return range.high - atHigh / r.OwnSlope(enthalpy, range.high);
-  constexpr int kSteps = 24;
-  for (int i = 0; i < kSteps; ++i) {
-    double const middle = (range.low + range.high) / 2;
-    (r.OwnAt(enthalpy, middle) < 0.0 ? range.low : range.high) = middle;
-  }
-  return range.high;
+// How far the own enthalpy is from zero at a temperature, in K; beyond the range by the equation,
+// with the heat capacity at its end.
+double DistanceFromZero(Reading& r, zelCorrelations enthalpy, double kelvin) {
+  double const slope = r.OwnSlope(enthalpy, Near(r, enthalpy, kelvin));
+  double const value = r.Own().Extended(enthalpy, kelvin);
+  return IsDefined(value) ? value / slope : std::nan("");
 }
 
-// Enthalpies are zero at a temperature that people choose, or are those of formation there. Beyond
-// the range the zero is known only roughly.
+// Enthalpies are zero at a temperature that people choose, or are those of formation there. An
+// equation is less true beyond its range.
 template <zelCorrelations kEnthalpy>
 Found IsZeroSomewhere(Reading& r, JudgeRule const& rule) {
   KelvinRange const range = r.Range(kEnthalpy);
   if (!r.Own().HasCurve(kEnthalpy) || !range.IsBounded()) return std::nullopt;
-  double const zero = ZeroOf(r, kEnthalpy);
-  double const outside = std::max({range.low - zero, zero - range.high, 0.0});
-  constexpr double kRoughly = 0.3;
-  double const tolerance = rule.tolerance + kRoughly * outside;
   constexpr double kFahrenheit60 = 288.706;  // K
+  constexpr double kNearlyZero = 1.0;        // K: some equations have no value at 0 K
+  constexpr double kBeyond = 0.05;
   Found nearest;
-  for (double const chosen : {0.0, 273.15, kFahrenheit60, kRoom, range.low,
+  for (double const chosen : {kNearlyZero, 273.15, kFahrenheit60, kRoom, range.low,
                               r.Of().Median(propertyNMP), r.Of().Median(propertyNBP)}) {
-    Found const here = Outcome::Absolute(Of(kEnthalpy), zero, chosen, tolerance);
+    if (!IsDefined(chosen)) continue;
+    double const outside = std::max({range.low - chosen, chosen - range.high, 0.0});
+    double const zero = chosen - DistanceFromZero(r, kEnthalpy, chosen);
+    Found const here =
+        Outcome::Absolute(Of(kEnthalpy), zero, chosen, rule.tolerance + kBeyond * outside);
     if (here && (!nearest || here->deviation < nearest->deviation)) nearest = here;
   }
   if (!nearest) return std::nullopt;
   nearest->unit = "K";
   nearest->quantity = "the zero of ";
   if (nearest->deviation <= 1.0) return AtBound(nearest);
-  double const kelvin = Near(r, kEnthalpy, kRoom);
   double const formation = r.Of().Median(propertyHFORMATION);
   constexpr double kFormation = 0.1;
-  Found const formed =
-      Outcome::Relative(Of(kEnthalpy), r.OwnAt(kEnthalpy, kelvin), formation, kFormation);
+  Found const formed = Outcome::Relative(
+      Of(kEnthalpy), r.OwnAt(kEnthalpy, Near(r, kEnthalpy, kRoom)), formation, kFormation);
   if (IsDefined(formation) && formed && formed->deviation <= 1.0) return AtBound(formed);
   return nearest;
 }
@@ -266,19 +259,19 @@ constexpr Relation kRows[] = {
     {{"ideal-enthalpy-zero",
       "enthalpy of the ideal gas = 0 at 0 K, 0 C, 60 F, 25 C, NMP, NBP or the lower limit, or "
       "HFORMATION at 25 C",
-      2, "2 K, and 0.3 of the distance from the range"},
+      1, "1 K, and 5 % of the distance from the range"},
      "the states that people choose",
      IsZeroSomewhere<correlationIdealEnthalpy>},
     {{"liquid-enthalpy-zero",
       "enthalpy of the liquid = 0 at 0 K, 0 C, 60 F, 25 C, NMP, NBP or the lower limit, or "
       "HFORMATION at 25 C",
-      2, "2 K, and 0.3 of the distance from the range"},
+      1, "1 K, and 5 % of the distance from the range"},
      "the states that people choose",
      IsZeroSomewhere<correlationLiquidEnthalpy>},
     {{"solid-enthalpy-zero",
       "enthalpy of the solid = 0 at 0 K, 0 C, 60 F, 25 C, NMP, NBP or the lower limit, or "
       "HFORMATION at 25 C",
-      2, "2 K, and 0.3 of the distance from the range"},
+      1, "1 K, and 5 % of the distance from the range"},
      "the states that people choose",
      IsZeroSomewhere<correlationSolidEnthalpy>},
     {{"kirchhoff", "d(latent heat)/dT = heat capacity of the ideal gas - of the liquid", 0.22,
