@@ -43,6 +43,7 @@ void Complete(std::deque<Record>& records, std::vector<Substance> const& substan
 // A value of a curve can be wrong because of a constant that it is evaluated with.
 void AddConstantsOfCurves(std::vector<Tension>& tensions) {
   for (Tension& tension : tensions) {
+    if (tension.isOfRange) continue;
     std::vector<Tension::Part> more;
     for (Tension::Part const& part : tension.parts) {
       if (!part.claim.datum.IsCurve()) continue;
