@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <map>
 #include <numeric>
 
 namespace zel {
@@ -52,15 +54,14 @@ class Witnesses {
   std::vector<std::pair<JudgeRule const*, double>> rules_;
 };
 
-// A datum, and what the comparisons say of it.
+// What the comparisons say of a datum: of its values, and of the range of a curve, since one can be
+// wrong and the other right.
 struct Suspect {
-  // Of values, and of the range of a curve: one can be wrong and the other right.
   struct Aspect {
     Witnesses againstIt;  // comparisons that disagree
     Witnesses forIt;      // those that agree; negative
   };
 
-  Claim claim;
   Aspect ofValues;
   Aspect ofRange;
   std::vector<std::size_t> disagreeing;
@@ -71,108 +72,143 @@ struct Suspect {
     constexpr double kAgreement = 0.7;
     double weight = 0.0;
     for (Aspect const* const aspect : {&ofValues, &ofRange}) {
-      if (aspect->againstIt.Sum() > 0.0) {
-        weight += aspect->againstIt.Sum() + kAgreement * aspect->forIt.Sum();
-      }
+      double const against = aspect->againstIt.Sum();
+      if (against > 0.0) weight += against + kAgreement * aspect->forIt.Sum();
     }
     return weight;
   }
+  // The probability that the datum is wrong, before anything is compared 1 in 20. What agrees
+  // speaks for a datum, but a curve can be right where one relation uses it and wrong elsewhere;
+  // sources are compared over its whole range.
+  double Strength(bool isCurve) const {
+    constexpr double kPrior = 3.0;
+    double odds = -kPrior;
+    for (Aspect const* const aspect : {&ofValues, &ofRange}) {
+      double const against = aspect->againstIt.Sum();
+      if (against <= 0.0) continue;
+      double const mostFor = isCurve && !aspect->forIt.HasSources() ? -2.0 : -4.0;
+      odds += against + std::max(aspect->forIt.Sum(), mostFor);
+    }
+    return 1.0 / (1.0 + std::exp(-odds));
+  }
 };
 
-constexpr double kExplainedByMinor = 0.5;
-
+// The data of a substance, each with its comparisons. What has been convicted explains the
+// comparisons that it is in; the others are judged by what is left.
 class Trial {
  public:
-  explicit Trial(std::vector<Tension> const& tensions)
-      : tensions_(tensions), explained_(tensions.size(), 0.0) {}
+  explicit Trial(std::vector<Tension> const& tensions);
 
   std::vector<Suspicion> Run();
 
  private:
-  std::vector<Suspect> Suspects() const;
-  Suspicion Convict(Suspect const& suspect);
+  struct Mention {
+    std::size_t tension;
+    Stake stake;
+  };
+  struct Accused {
+    Claim claim;
+    std::vector<Mention> mentions;
+    Suspect suspect;
+    bool isConvicted = false;
+  };
+
+  void Weigh(Accused& accused) const;
+  Accused* Worst();
+  Suspicion Convict(Accused& accused);
 
   std::vector<Tension> const& tensions_;
-  std::vector<double> explained_;  // share of each comparison that convicted data explain
-  std::vector<Claim> convicted_;
+  std::vector<double> evidence_;
+  std::vector<double> left_;  // share of each comparison that is not explained
+  std::vector<Accused> accused_;
 };
 
-std::vector<Suspect> Trial::Suspects() const {
-  std::vector<Suspect> suspects;
-  for (std::size_t i = 0; i < tensions_.size(); ++i) {
-    if (explained_[i] >= 1.0) continue;
-    double const evidence = (1.0 - explained_[i]) * Evidence(tensions_[i].deviation);
-    for (Tension::Part const& part : tensions_[i].parts) {
-      if (std::find(convicted_.begin(), convicted_.end(), part.claim) != convicted_.end()) continue;
-      auto at = std::find_if(suspects.begin(), suspects.end(),
-                             [&](Suspect const& one) { return one.claim == part.claim; });
-      if (at == suspects.end()) {
-        suspects.emplace_back();
-        suspects.back().claim = part.claim;
-        at = suspects.end() - 1;
-      }
-      Suspect::Aspect& aspect = tensions_[i].isOfRange ? at->ofRange : at->ofValues;
-      constexpr double kMinor = 0.4;
-      double const share = part.stake == Stake::kFull ? 1.0 : kMinor;
-      if (tensions_[i].deviation > 1.0) {
-        aspect.againstIt.Add(tensions_[i], share * std::max(evidence, 0.0));
-        at->disagreeing.push_back(i);
-      } else if (part.stake == Stake::kFull) {
-        aspect.forIt.Add(tensions_[i], std::min(evidence, 0.0));
-        ++at->agreeing;
+Trial::Trial(std::vector<Tension> const& tensions)
+    : tensions_(tensions), left_(tensions.size(), 1.0) {
+  auto const isBefore = [](Claim const& a, Claim const& b) {
+    return a.record != b.record ? std::less<>()(a.record, b.record) : a.datum < b.datum;
+  };
+  std::map<Claim, std::size_t, decltype(isBefore)> places(isBefore);
+  for (Tension const& tension : tensions) {
+    if (tension.deviation <= 1.0) continue;
+    for (Tension::Part const& part : tension.parts) {
+      if (places.emplace(part.claim, accused_.size()).second) {
+        accused_.emplace_back();
+        accused_.back().claim = part.claim;
       }
     }
   }
-  return suspects;
-}
-
-// The probability that the datum is wrong, before anything is compared 1 in 20. What agrees speaks
-// for a datum, but a curve can be right where one relation uses it and wrong elsewhere; sources are
-// compared over its whole range.
-double StrengthOf(Suspect const& suspect) {
-  constexpr double kPrior = 3.0;
-  double odds = -kPrior;
-  for (Suspect::Aspect const* const aspect : {&suspect.ofValues, &suspect.ofRange}) {
-    if (aspect->againstIt.Sum() <= 0.0) continue;
-    bool const isElsewhere = suspect.claim.datum.IsCurve() && !aspect->forIt.HasSources();
-    double const mostFor = isElsewhere ? -2.0 : -4.0;
-    odds += aspect->againstIt.Sum() + std::max(aspect->forIt.Sum(), mostFor);
+  for (std::size_t i = 0; i < tensions.size(); ++i) {
+    evidence_.push_back(Evidence(tensions[i].deviation));
+    for (Tension::Part const& part : tensions[i].parts) {
+      auto const at = places.find(part.claim);
+      if (at != places.end()) accused_[at->second].mentions.push_back({i, part.stake});
+    }
   }
-  return 1.0 / (1.0 + std::exp(-odds));
+  for (Accused& one : accused_) Weigh(one);
 }
 
-Suspicion Trial::Convict(Suspect const& suspect) {
+void Trial::Weigh(Accused& accused) const {
+  constexpr double kMinor = 0.4;
+  Suspect suspect;
+  for (auto const& [i, stake] : accused.mentions) {
+    if (left_[i] <= 0.0) continue;
+    Tension const& tension = tensions_[i];
+    Suspect::Aspect& aspect = tension.isOfRange ? suspect.ofRange : suspect.ofValues;
+    double const evidence = left_[i] * evidence_[i];
+    if (tension.deviation > 1.0) {
+      double const share = stake == Stake::kFull ? 1.0 : kMinor;
+      aspect.againstIt.Add(tension, share * std::max(evidence, 0.0));
+      suspect.disagreeing.push_back(i);
+    } else if (stake == Stake::kFull) {
+      aspect.forIt.Add(tension, std::min(evidence, 0.0));
+      ++suspect.agreeing;
+    }
+  }
+  accused.suspect = std::move(suspect);
+}
+
+Trial::Accused* Trial::Worst() {
+  Accused* worst = nullptr;
+  for (Accused& one : accused_) {
+    if (one.isConvicted || one.suspect.disagreeing.empty()) continue;
+    if (worst == nullptr || one.suspect.Weight() > worst->suspect.Weight()) worst = &one;
+  }
+  return worst;
+}
+
+// What a datum hardly matters to may have another reason; it is weaker evidence for that.
+Suspicion Trial::Convict(Accused& accused) {
+  constexpr double kLeftByMinor = 0.5;
   Suspicion suspicion;
-  suspicion.claim = suspect.claim;
-  suspicion.strength = StrengthOf(suspect);
-  suspicion.agreeing = suspect.agreeing;
-  for (std::size_t const i : suspect.disagreeing) {
+  suspicion.claim = accused.claim;
+  suspicion.strength = accused.suspect.Strength(accused.claim.datum.IsCurve());
+  suspicion.agreeing = accused.suspect.agreeing;
+  for (std::size_t const i : accused.suspect.disagreeing) {
     suspicion.against.push_back(&tensions_[i]);
-    auto const& parts = tensions_[i].parts;
-    bool const isFull = std::any_of(parts.begin(), parts.end(), [&](Tension::Part const& part) {
-      return part.claim == suspect.claim && part.stake == Stake::kFull;
-    });
-    // What the datum hardly matters to may have another reason; it is weaker evidence for that.
-    explained_[i] = isFull ? 1.0 : std::max(explained_[i], kExplainedByMinor);
   }
-  convicted_.push_back(suspect.claim);
   std::stable_sort(suspicion.against.begin(), suspicion.against.end(),
                    [](Tension const* a, Tension const* b) { return a->deviation > b->deviation; });
+  accused.isConvicted = true;
+  for (auto const& [i, stake] : accused.mentions) {
+    if (tensions_[i].deviation <= 1.0) continue;
+    left_[i] = stake == Stake::kFull ? 0.0 : std::min(left_[i], kLeftByMinor);
+  }
+  for (Accused& other : accused_) {
+    bool const isTouched =
+        std::any_of(other.mentions.begin(), other.mentions.end(), [&](Mention const& mention) {
+          auto const& against = suspicion.against;
+          return std::find(against.begin(), against.end(), &tensions_[mention.tension]) !=
+                 against.end();
+        });
+    if (!other.isConvicted && isTouched) Weigh(other);
+  }
   return suspicion;
 }
 
 std::vector<Suspicion> Trial::Run() {
   std::vector<Suspicion> suspicions;
-  for (;;) {
-    std::vector<Suspect> const suspects = Suspects();
-    Suspect const* worst = nullptr;
-    for (Suspect const& one : suspects) {
-      if (one.disagreeing.empty()) continue;
-      if (worst == nullptr || one.Weight() > worst->Weight()) worst = &one;
-    }
-    if (worst == nullptr) break;
-    suspicions.push_back(Convict(*worst));
-  }
+  while (Accused* const worst = Worst()) suspicions.push_back(Convict(*worst));
   std::stable_sort(suspicions.begin(), suspicions.end(),
                    [](Suspicion const& a, Suspicion const& b) { return a.strength > b.strength; });
   return suspicions;
