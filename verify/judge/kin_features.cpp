@@ -12,9 +12,9 @@ constexpr std::array<char const*, 10> kElementNames = {"C",  "H",  "N", "O", "F"
                                                        "Cl", "Br", "I", "S", "Si"};
 constexpr std::size_t kCarbon = 0, kHydrogen = 1, kNitrogen = 2, kOxygen = 3, kSilicon = 9;
 
-constexpr std::array<std::uint32_t, 9> kFeatureConstants = {
-    propertyMW,  propertyTC,  propertyPC,     propertyVC,        propertyNMP,
-    propertyNBP, propertyTTP, propertyDIPOLE, propertyHFORMATION};
+constexpr std::array<std::uint32_t, 8> kFeatureConstants = {propertyMW,  propertyTC,    propertyPC,
+                                                            propertyVC,  propertyNMP,   propertyNBP,
+                                                            propertyTTP, propertyDIPOLE};
 
 bool IsPlain(std::uint32_t constant) { return constant == propertyDIPOLE; }
 
