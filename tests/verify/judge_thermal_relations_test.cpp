@@ -130,6 +130,11 @@ std::vector<RelationCase> const kHazardCases = {
      {propertyDIELECTRIC, 22.825},
      {{propertyDIELECTRIC, 2.2825}, {propertyTDIELECTRIC, 293.2}},
      {{correlationDielectric, 293.2, 2.2843, -0.002}}},
+    {"dielectric-temperature",
+     293.2,  // between the limits
+     {propertyTDIELECTRIC, 20.05},
+     {{propertyTDIELECTRIC, 293.2}, {propertyNMP, 278.68}, {propertyTC, 562.05}},
+     {}},
     {"dipole-dielectric",
      2.40668,
      {propertyDIPOLE, 9.607},  // in 1e-30 C m

@@ -86,6 +86,16 @@ Found DielectricConstant(Reading& r, JudgeRule const& rule) {
   return Outcome::Factor(Of(propertyDIELECTRIC), stored, expected, rule.tolerance);
 }
 
+// The substance is a liquid there.
+Found TemperatureOfDielectric(Reading& r, JudgeRule const& rule) {
+  double const kelvin = r.Constant(propertyTDIELECTRIC);
+  double const low = r.Constant(propertyNMP, Stake::kMinor);
+  double const high = r.Constant(propertyTC, Stake::kMinor);
+  if (!(low < high)) return std::nullopt;
+  return AtBound(Outcome::Factor(Of(propertyTDIELECTRIC), kelvin, std::clamp(kelvin, low, high),
+                                 rule.tolerance));
+}
+
 // L. Onsager, J. Am. Chem. Soc. 58 (1936) 1486. Hydrogen bonds raise the dielectric constant, pairs
 // of molecules lower it.
 Found DipoleOfDielectric(Reading& r, JudgeRule const& rule) {
@@ -138,6 +148,9 @@ constexpr Relation kRows[] = {
       "2.5 %: 96 of 100 handbook data are within it"},
      "the curve at TDIELECTRIC",
      DielectricConstant},
+    {{"dielectric-temperature", "NMP <= TDIELECTRIC <= TC", 0.08, "8 %: supercooled liquids"},
+     "NMP and TC",
+     TemperatureOfDielectric},
     {{"dipole-dielectric", "DIPOLE from DIELECTRIC and the liquid density after Onsager", 0.75,
       "0.75 debye and 25 %: hydrogen bonds; 99 of 100 dipole moments are within it"},
      "DIELECTRIC and the liquid density",

@@ -20,13 +20,14 @@ Found SpecificGravity(Reading& r, JudgeRule const& rule) {
   double const stored = r.Constant(propertySG60F);
   double const density = r.At(correlationLiquidDensity, kSixtyFahrenheit);
   return Outcome::Relative(Of(propertySG60F), stored,
-                           density * r.Constant(propertyMW) / kWaterAt60F, rule.tolerance);
+                           density * r.Constant(propertyMW, Stake::kMinor) / kWaterAt60F,
+                           rule.tolerance);
 }
 
 // Liquids expand by 0.9 % from 60 F to 25 C.
 Found GravityAndVolume(Reading& r, JudgeRule const& rule) {
   double const stored = r.Constant(propertySG60F);
-  double const density = r.Constant(propertyMW) / r.Constant(propertyMVOL25C);
+  double const density = r.Constant(propertyMW, Stake::kMinor) / r.Constant(propertyMVOL25C);
   constexpr double kExpansion = 1.0092;
   return Outcome::Relative(Of(propertySG60F), stored, kExpansion * density / kWaterAt60F,
                            rule.tolerance);
