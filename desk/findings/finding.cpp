@@ -1,5 +1,6 @@
 #include "desk/findings/finding.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 
@@ -91,8 +92,12 @@ Finding FindingOf(zel::ZelDataFinding const& found) {
   finding.unit = found.unit;
   finding.strength = found.strength;
   finding.fingerprint = found.fingerprint;
-  for (std::int32_t i = 0; i < found.evidenceCount; ++i) {
+  constexpr std::int32_t kMost = 8;
+  for (std::int32_t i = 0; i < std::min(found.evidenceCount, kMost); ++i) {
     finding.evidence.push_back(TextOf(found.evidence[i]));
+  }
+  if (found.evidenceCount > kMost) {
+    finding.evidence.push_back("and " + std::to_string(found.evidenceCount - kMost) + " more");
   }
   return finding;
 }

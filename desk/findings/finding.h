@@ -29,7 +29,8 @@ struct Finding {
   std::string unit;
   double strength = 1.0;    // how likely the datum is wrong, 0 to 1
   std::string fingerprint;  // 16 digits; see ZelDataFinding
-  // The comparisons that make the datum suspect, the worst first; see ZelDataEvidence.
+  // The comparisons that make the datum suspect, the worst first, at most eight; see
+  // ZelDataEvidence.
   std::vector<std::string> evidence;
 };
 

@@ -1,6 +1,7 @@
 #include "verify/judge/judged_finding.h"
 
 #include <algorithm>
+#include <map>
 
 #include "verify/fingerprint.h"
 #include "verify/judge/slip.h"
@@ -52,17 +53,22 @@ void JudgedFinding::ChooseMain() {
   main_ = SeenFrom(suspicion_.claim, own != all.end() ? **own : *all.front());
 }
 
-// Two comparisons that agree on a factor make it certain.
+// A slip that most of the comparisons show which deviate by far.
 std::string JudgedFinding::Slip() const {
+  constexpr double kFar = 3.0;
   double const weight = substance_.Median(propertyMW);
+  std::map<std::string, std::size_t> slips;
+  std::size_t compared = 0;
   for (Tension const* const one : suspicion_.against) {
+    if (!IsAbout(suspicion_.claim, *one) || one->deviation < kFar) continue;
     Tension const seen = SeenFrom(suspicion_.claim, *one);
-    if (!(seen.about == suspicion_.claim) || seen.deviation < 3.0) continue;
-    double const uncertainty =
-        std::abs(seen.value - seen.expected) /
-        (seen.deviation * std::max(std::abs(seen.expected), std::abs(seen.value)));
-    std::string slip = LikelySlip(seen.value, seen.expected, seen.unit, uncertainty, weight);
-    if (!slip.empty()) return slip;
+    double const most = std::max(std::abs(seen.expected), std::abs(seen.value));
+    double const uncertainty = std::abs(seen.value - seen.expected) / (seen.deviation * most);
+    ++slips[LikelySlip(seen.value, seen.expected, seen.unit, uncertainty, weight)];
+    ++compared;
+  }
+  for (auto const& [slip, count] : slips) {
+    if (!slip.empty() && 2 * count > compared) return slip;
   }
   return {};
 }
