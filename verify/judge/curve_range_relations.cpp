@@ -43,17 +43,26 @@ double KelvinOf(Reading& r, Limit const& limit) {
   return std::isnan(kelvin) ? kelvin : std::max(limit.part * kelvin, limit.kelvin);
 }
 
-// Whether an end is outside its limits. Tolerances are parts of the limit, of one near 0 K parts of
-// 100 K. Values of a curve say nothing of its range, so that a range far outside deviates by far.
+// In tolerances, which are parts of the limit, of one near 0 K parts of 100 K. Few liquids were
+// measured where others are not, but none above TC or below 0 K.
+double PlayOf(Limit const& limit, double kelvin, double end, double tolerance) {
+  constexpr double kCold = 100.0;
+  constexpr double kImpossible = 0.2;
+  bool const isAboveCritical = limit.of == Part::kCritical && limit.part > 1.0;
+  double const part = isAboveCritical || end < 0.0 ? kImpossible * tolerance : tolerance;
+  return part * std::max(kelvin, kCold);
+}
+
+// Whether an end is outside its limits.
 Found IsBetween(Reading& r, JudgeRule const& rule, zelCorrelations curve, double end,
                 Limit const& least, Limit const& most) {
-  constexpr double kCold = 100.0;
-  Found worst;
-  for (double const limit : {std::max(end, KelvinOf(r, least)), std::min(end, KelvinOf(r, most))}) {
-    double const play = rule.tolerance * std::max(limit, kCold);
-    worst = Worse(worst, AtBound(Outcome::Absolute(Of(curve), end, limit, play)));
-  }
-  return worst;
+  double const low = std::max(end, KelvinOf(r, least));
+  double const high = std::min(end, KelvinOf(r, most));
+  auto const compared = [&](double kelvin, Limit const& limit) {
+    return AtBound(
+        Outcome::Absolute(Of(curve), end, kelvin, PlayOf(limit, kelvin, end, rule.tolerance)));
+  };
+  return Worse(compared(low, least), compared(high, most));
 }
 
 Found About(char const* end, Found outcome) {
@@ -176,122 +185,122 @@ constexpr Ends kSolidCp = {correlationSolidCp,
                            {0.47, Part::kMelting},
                            {1.12, Part::kMelting}};
 
-constexpr char const* kText = "1.5 % beyond the limits that 99 of 100 published ranges keep";
+constexpr char const* kText =
+    "6 % beyond the limits that 99 of 100 published ranges keep; 1.2 % above TC and below 0 K";
 constexpr char const* kFrom = "the usual range";
 
 constexpr Relation kRows[] = {
-    {{"vapor-pressure-begin", "vapor pressure begins at 0.8 NMP to 0.76 TC", 0.015, kText},
+    {{"vapor-pressure-begin", "vapor pressure begins at 0.8 NMP to 0.76 TC", 0.06, kText},
      kFrom,
      Begins<kVaporPressure>},
-    {{"vapor-pressure-end", "vapor pressure ends at 0.48 TC to 1.045 TC", 0.015, kText},
+    {{"vapor-pressure-end", "vapor pressure ends at 0.48 TC to 1.045 TC", 0.06, kText},
      kFrom,
      Finishes<kVaporPressure>},
-    {{"latent-heat-begin", "latent heat begins at 0.86 NMP to 1.3 NMP", 0.015, kText},
+    {{"latent-heat-begin", "latent heat begins at 0.86 NMP to 1.3 NMP", 0.06, kText},
      kFrom,
      Begins<kLatentHeat>},
-    {{"latent-heat-end", "latent heat ends at 0.93 TC to 1.035 TC", 0.015, kText},
+    {{"latent-heat-end", "latent heat ends at 0.93 TC to 1.035 TC", 0.06, kText},
      kFrom,
      Finishes<kLatentHeat>},
-    {{"liquid-density-begin", "density of the liquid begins at 0.87 NMP to 1.3 NMP", 0.015, kText},
+    {{"liquid-density-begin", "density of the liquid begins at 0.87 NMP to 1.3 NMP", 0.06, kText},
      kFrom,
      Begins<kLiquidDensity>},
-    {{"liquid-density-end", "density of the liquid ends at 0.93 TC to 1.045 TC", 0.015, kText},
+    {{"liquid-density-end", "density of the liquid ends at 0.93 TC to 1.045 TC", 0.06, kText},
      kFrom,
      Finishes<kLiquidDensity>},
     {{"liquid-thermal-begin", "thermal conductivity of the liquid begins at 0.95 NMP to 1.6 NMP",
-      0.015, kText},
+      0.06, kText},
      kFrom,
      Begins<kLiquidThermal>},
-    {{"liquid-thermal-end", "thermal conductivity of the liquid ends at 0.55 TC to 1.005 TC", 0.015,
+    {{"liquid-thermal-end", "thermal conductivity of the liquid ends at 0.55 TC to 1.005 TC", 0.06,
       kText},
      kFrom,
      Finishes<kLiquidThermal>},
-    {{"liquid-viscosity-begin", "viscosity of the liquid begins at 0.87 NMP to 0.69 TC", 0.015,
+    {{"liquid-viscosity-begin", "viscosity of the liquid begins at 0.87 NMP to 0.69 TC", 0.06,
       kText},
      kFrom,
      Begins<kLiquidViscosity>},
-    {{"liquid-viscosity-end", "viscosity of the liquid ends at 0.46 TC to 1.01 TC", 0.015, kText},
+    {{"liquid-viscosity-end", "viscosity of the liquid ends at 0.46 TC to 1.01 TC", 0.06, kText},
      kFrom,
      Finishes<kLiquidViscosity>},
-    {{"surface-tension-begin", "surface tension begins at 0.95 NMP to 0.67 TC", 0.015, kText},
+    {{"surface-tension-begin", "surface tension begins at 0.95 NMP to 0.67 TC", 0.06, kText},
      kFrom,
      Begins<kSurfaceTension>},
-    {{"surface-tension-end", "surface tension ends at 0.59 TC to 1.015 TC", 0.015, kText},
+    {{"surface-tension-end", "surface tension ends at 0.59 TC to 1.015 TC", 0.06, kText},
      kFrom,
      Finishes<kSurfaceTension>},
-    {{"liquid-enthalpy-begin", "enthalpy of the liquid begins at 0.93 NMP to 0.66 TC", 0.015,
-      kText},
+    {{"liquid-enthalpy-begin", "enthalpy of the liquid begins at 0.93 NMP to 0.66 TC", 0.06, kText},
      kFrom,
      Begins<kLiquidEnthalpy>},
-    {{"liquid-enthalpy-end", "enthalpy of the liquid ends at 0.49 TC to 1.01 TC", 0.015, kText},
+    {{"liquid-enthalpy-end", "enthalpy of the liquid ends at 0.49 TC to 1.01 TC", 0.06, kText},
      kFrom,
      Finishes<kLiquidEnthalpy>},
-    {{"liquid-cp-begin", "heat capacity of the liquid begins at 0.84 NMP to 0.74 TC", 0.015, kText},
+    {{"liquid-cp-begin", "heat capacity of the liquid begins at 0.84 NMP to 0.74 TC", 0.06, kText},
      kFrom,
      Begins<kLiquidCp>},
-    {{"liquid-cp-end", "heat capacity of the liquid ends at 0.44 TC to 1.015 TC", 0.015, kText},
+    {{"liquid-cp-end", "heat capacity of the liquid ends at 0.44 TC to 1.015 TC", 0.06, kText},
      kFrom,
      Finishes<kLiquidCp>},
-    {{"dielectric-begin", "dielectric constant begins at 0.8 NMP to 0.78 TC (or 330 K)", 0.015,
+    {{"dielectric-begin", "dielectric constant begins at 0.8 NMP to 0.78 TC (or 330 K)", 0.06,
       kText},
      kFrom,
      Begins<kDielectric>},
-    {{"dielectric-end", "dielectric constant ends at 0.41 TC to 1600 K", 0.015, kText},
+    {{"dielectric-end", "dielectric constant ends at 0.41 TC to 1600 K", 0.06, kText},
      kFrom,
      Finishes<kDielectric>},
-    {{"characteristic-volume-begin", "characteristic volume begins at 0.1 TC to 0.75 TC", 0.015,
+    {{"characteristic-volume-begin", "characteristic volume begins at 0.1 TC to 0.75 TC", 0.06,
       kText},
      kFrom,
      Begins<kCharacteristicVolume>},
-    {{"characteristic-volume-end", "characteristic volume ends at 0.4 TC to 1.05 TC", 0.015, kText},
+    {{"characteristic-volume-end", "characteristic volume ends at 0.4 TC to 1.05 TC", 0.06, kText},
      kFrom,
      Finishes<kCharacteristicVolume>},
     {{"vapor-thermal-begin",
-      "thermal conductivity of the vapor begins at 0.7 NMP to 1.12 NBP (or 305 K)", 0.015, kText},
+      "thermal conductivity of the vapor begins at 0.7 NMP to 1.12 NBP (or 305 K)", 0.06, kText},
      kFrom,
      Begins<kVaporThermal>},
     {{"vapor-thermal-end",
       "thermal conductivity of the vapor ends at 0.88 TC to 1650 K (6000 K if TC is below 200 K)",
-      0.015, kText},
+      0.06, kText},
      kFrom,
      Finishes<kVaporThermal>},
     {{"vapor-viscosity-begin", "viscosity of the vapor begins at 0.75 NMP to 1.15 NBP (or 305 K)",
-      0.015, kText},
+      0.06, kText},
      kFrom,
      Begins<kVaporViscosity>},
     {{"vapor-viscosity-end",
-      "viscosity of the vapor ends at 0.98 TC to 1650 K (6000 K if TC is below 200 K)", 0.015,
+      "viscosity of the vapor ends at 0.98 TC to 1650 K (6000 K if TC is below 200 K)", 0.06,
       kText},
      kFrom,
      Finishes<kVaporViscosity>},
-    {{"ideal-enthalpy-begin", "enthalpy of the ideal gas begins at 45 K to 301 K", 0.015, kText},
+    {{"ideal-enthalpy-begin", "enthalpy of the ideal gas begins at 45 K to 301 K", 0.06, kText},
      kFrom,
      Begins<kIdealEnthalpy>},
-    {{"ideal-enthalpy-end", "enthalpy of the ideal gas ends at 480 K to 6100 K", 0.015, kText},
+    {{"ideal-enthalpy-end", "enthalpy of the ideal gas ends at 480 K to 6100 K", 0.06, kText},
      kFrom,
      Finishes<kIdealEnthalpy>},
-    {{"ideal-cp-begin", "heat capacity of the ideal gas begins at 45 K to 301 K", 0.015, kText},
+    {{"ideal-cp-begin", "heat capacity of the ideal gas begins at 45 K to 301 K", 0.06, kText},
      kFrom,
      Begins<kIdealGasCp>},
-    {{"ideal-cp-end", "heat capacity of the ideal gas ends at 480 K to 6100 K", 0.015, kText},
+    {{"ideal-cp-end", "heat capacity of the ideal gas ends at 480 K to 6100 K", 0.06, kText},
      kFrom,
      Finishes<kIdealGasCp>},
-    {{"solid-enthalpy-begin", "enthalpy of the solid begins at most at 0.99 NMP", 0.015, kText},
+    {{"solid-enthalpy-begin", "enthalpy of the solid begins at most at 0.99 NMP", 0.06, kText},
      kFrom,
      Begins<kSolidEnthalpy>},
-    {{"solid-enthalpy-end", "enthalpy of the solid ends at 0.47 NMP to 1.12 NMP", 0.015, kText},
+    {{"solid-enthalpy-end", "enthalpy of the solid ends at 0.47 NMP to 1.12 NMP", 0.06, kText},
      kFrom,
      Finishes<kSolidEnthalpy>},
-    {{"solid-density-begin", "density of the solid begins at most at 1.01 NMP", 0.015, kText},
+    {{"solid-density-begin", "density of the solid begins at most at 1.01 NMP", 0.06, kText},
      kFrom,
      Begins<kSolidDensity>},
-    {{"solid-density-end", "density of the solid ends at most at 1.1 NMP", 0.015, kText},
+    {{"solid-density-end", "density of the solid ends at most at 1.1 NMP", 0.06, kText},
      kFrom,
      Finishes<kSolidDensity>},
-    {{"solid-cp-begin", "heat capacity of the solid begins at most at 0.99 NMP", 0.015, kText},
+    {{"solid-cp-begin", "heat capacity of the solid begins at most at 0.99 NMP", 0.06, kText},
      kFrom,
      Begins<kSolidCp>},
-    {{"solid-cp-end", "heat capacity of the solid ends at 0.47 NMP to 1.12 NMP", 0.015, kText},
+    {{"solid-cp-end", "heat capacity of the solid ends at 0.47 NMP to 1.12 NMP", 0.06, kText},
      kFrom,
      Finishes<kSolidCp>},
 };
