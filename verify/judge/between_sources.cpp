@@ -133,7 +133,8 @@ void CompareCurves(Record const& one, Record const& other, double criticalTemper
       double const x = ComparedAt(one, row, kelvin, step);
       double const y = ComparedAt(other, row, kelvin, step);
       if (!IsDefined(x) || !IsDefined(y)) continue;
-      auto const outcome = Outcome::Factor(worst.about.datum, x, y,
+      // The smaller is compared with the greater, which has a logarithm if one of them has.
+      auto const outcome = Outcome::Factor(worst.about.datum, std::min(x, y), std::max(x, y),
                                            ToleranceAt(row, std::min(std::abs(x), std::abs(y))));
       if (!outcome || (isCompared && outcome->deviation <= worst.deviation)) continue;
       isCompared = true;

@@ -55,6 +55,21 @@ Found IsWithin(Reading& r, JudgeRule const& rule) {
   return worst;
 }
 
+// At three places; of what is zero nothing is found.
+template <zelCorrelations kCurve>
+Found IsNotNegative(Reading& r, JudgeRule const& rule) {
+  KelvinRange const range = r.Range(kCurve);
+  if (!range.IsBounded()) return std::nullopt;
+  Found worst;
+  for (double const kelvin : {range.low, (range.low + range.high) / 2, range.high}) {
+    double const value = r.OwnAt(kCurve, kelvin);
+    double const play = rule.tolerance * std::abs(value);
+    if (value == 0.0) continue;
+    worst = Worse(worst, At(AtLeast(Of(kCurve), value, 0.0, play), kelvin));
+  }
+  return worst;
+}
+
 // About the widest of published curves.
 constexpr Bounds kVaporPressure = {1e-12, 5e4};
 constexpr Bounds kLiquidDensity = {0.3, 90.0};
@@ -147,6 +162,19 @@ constexpr Relation kRows[] = {
       "20 % beyond the bounds of published curves"},
      "the bounds of the property",
      IsWithin<correlationSolidDensity, kSolidDensity>},
+    {{"latent-heat-positive", "latent heat is not below 0", 0.05, "rounding at TC"},
+     "physics",
+     IsNotNegative<correlationLatentHeat>},
+    {{"ideal-cp-positive", "heat capacity of the ideal gas is not below 0", 0.01, "none"},
+     "physics",
+     IsNotNegative<correlationIdealGasCp>},
+    {{"liquid-cp-positive", "heat capacity of the liquid is not below 0", 0.01, "none"},
+     "physics",
+     IsNotNegative<correlationLiquidCp>},
+    {{"solid-cp-positive", "heat capacity of the solid is not below 0", 0.05,
+      "polynomials near 0 K"},
+     "physics",
+     IsNotNegative<correlationSolidCp>},
     {{"dielectric-bounds", "dielectric constant is 1 to 215", 0.1,
       "10 % beyond the bounds of published curves"},
      "the bounds of the property",

@@ -54,6 +54,20 @@ class Witnesses {
   std::vector<std::pair<JudgeRule const*, double>> rules_;
 };
 
+// The size of a difference, as a logarithm; one of sign is beyond any size.
+double SizeOf(Tension const& tension) {
+  constexpr double kOtherSign = 10.0;
+  double const ratio = tension.expected == 0.0 ? 0.0 : tension.value / tension.expected;
+  return ratio > 0.0 ? std::abs(std::log(ratio)) : kOtherSign;
+}
+
+// Whether a mistake of this size would show in a comparison that agrees.
+bool Shows(Tension const& tension, double size) {
+  constexpr double kTimes = 2.0;
+  double const tolerance = tension.deviation > 0.0 ? SizeOf(tension) / tension.deviation : 0.0;
+  return kTimes * tolerance < size;
+}
+
 // What the comparisons say of a datum: of its values, and of the range of a curve, since one can be
 // wrong and the other right.
 struct Suspect {
@@ -151,6 +165,12 @@ Trial::Trial(std::vector<Tension> const& tensions)
 void Trial::Weigh(Accused& accused) const {
   constexpr double kMinor = 0.4;
   Suspect suspect;
+  double size = 0.0;  // of the mistake
+  for (auto const& [i, stake] : accused.mentions) {
+    if (left_[i] > 0.0 && stake == Stake::kFull && tensions_[i].deviation > 1.0) {
+      size = std::max(size, SizeOf(tensions_[i]));
+    }
+  }
   for (auto const& [i, stake] : accused.mentions) {
     if (left_[i] <= 0.0) continue;
     Tension const& tension = tensions_[i];
@@ -160,7 +180,7 @@ void Trial::Weigh(Accused& accused) const {
       double const share = stake == Stake::kFull ? 1.0 : kMinor;
       aspect.againstIt.Add(tension, share * std::max(evidence, 0.0));
       suspect.disagreeing.push_back(i);
-    } else if (stake == Stake::kFull) {
+    } else if (stake == Stake::kFull && Shows(tension, size)) {
       aspect.forIt.Add(tension, std::min(evidence, 0.0));
       ++suspect.agreeing;
     }

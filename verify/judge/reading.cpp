@@ -105,7 +105,8 @@ std::optional<Outcome> Outcome::Absolute(Datum about, double value, double expec
 
 std::optional<Outcome> Outcome::Factor(Datum about, double value, double expected,
                                        double logTolerance) {
-  bool const hasLogarithm = value > 0.0 && expected > 0.0;
+  if (!(expected > 0.0)) return std::nullopt;  // beyond where the relation holds
+  bool const hasLogarithm = value > 0.0;
   return Made(about, value, expected,
               hasLogarithm ? std::log(value / expected) / logTolerance : kImpossible);
 }
