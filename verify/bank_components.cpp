@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/number_text.h"
+#include "verify/composition.h"
 #include "zelaccess/Casn.h"
 
 namespace zel {
@@ -12,6 +13,14 @@ namespace {
 std::string Rounded(double value) {
   constexpr int kDigits = 5;
   return RealText(value, kDigits);
+}
+
+// Of a value that others have for a good reason.
+constexpr double kUnlikely = 0.3;
+
+bool IsOneAtom(std::string const& formula) {
+  Composition atoms;
+  return CompositionOf(formula, atoms) && atoms.size() == 1 && atoms.begin()->second == 1;
 }
 
 bool HasManyDigits(std::string const& number) {
@@ -102,20 +111,21 @@ void BankComponents::Repeated() {
     Seen const& before = numbers_[i - 1];
     if (seen.compared != before.compared) continue;
     bool const isCritical = seen.datum == "TC and PC";
+    // Atoms without bonds have the same heat capacity as a gas.
     constexpr double kLikely = 0.6;
+    bool const areAtoms = IsOneAtom(Of(seen).formula) && IsOneAtom(Of(before).formula);
     findings_.Tell(
         Of(seen).item,
         DataFinding("repeated", seen.datum)
             .Text(seen.valueText)
             .Against(Of(before).item.place)
-            .Strength(kLikely),
+            .Strength(areAtoms ? kUnlikely : kLikely),
         isCritical ? "has {datum} of {against}" : "{datum} has the coefficients of {against}");
   }
 }
 
 void BankComponents::RepeatedConstants() {
   constexpr std::size_t kFew = 3;
-  constexpr double kCoincidence = 0.3;  // rounded values are often equal
   for (auto const& [text, all] : constants_) {
     Seen const& first = all.front();
     Seen const& last = all.back();
@@ -127,7 +137,7 @@ void BankComponents::RepeatedConstants() {
     findings_.Tell(Of(last).item,
                    DataFinding("repeated", last.datum)
                        .Value(last.value, last.unit)
-                       .Strength(kCoincidence)
+                       .Strength(kUnlikely)
                        .Against(Of(first).item.place),
                    "has {datum} {value} with " + std::to_string(all.size() - 1) +
                        " others, the first of them {against}");

@@ -144,7 +144,6 @@ std::vector<Case> const kCases = {
     {"surface-tension-bounds", 0, {correlationSurfaceTension, 0, 0, {71.78, 1.23593}}},
     {"solid-density-bounds", 0, {correlationSolidDensity, 0, 0, {1020, -0.00034838}}},
     {"dielectric-bounds", 0, {correlationDielectric, 0, 0, {0.26706, -0.00091648, -1.4257e-6}}},
-    {"latent-heat-positive", 0, {correlationLatentHeat, 0, 0, {-45346, 0.39053}}},
     {"ideal-cp-positive", 0, {correlationIdealGasCp, 0, 0, {-295.25}}},
     {"liquid-cp-positive", 0, {correlationLiquidCp, 0, 0, {-162.94, -0.34494, 0.00085562}}},
     {"solid-cp-positive", 0, {correlationSolidCp, 0, 0, {-1246.1}}},

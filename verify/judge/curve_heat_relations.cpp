@@ -136,6 +136,7 @@ Found LiquidAboveGas(Reading& r, JudgeRule const& rule) {
 
 template <zelCorrelations kCurve>
 Found SolidAgainstLiquid(Reading& r, JudgeRule const& rule) {
+  if (IsQuantumFluid(r)) return std::nullopt;
   double const melting = r.Constant(propertyNMP, Stake::kMinor);
   double const solidAt = Near(r, kCurve, melting);
   double const liquidAt = Near(r, correlationLiquidCp, correlationLiquidEnthalpy, melting);

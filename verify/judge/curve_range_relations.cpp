@@ -22,10 +22,12 @@ struct Ends {
   Limit highLeast, highMost;
 };
 
-// How far vapors are heated; inert gases, nitrogen and the like much farther than others.
-double HottestVapor(double critical) {
+// How far vapors are heated; inert gases, and what cannot burn or decompose to coke, much farther
+// than others.
+double HottestVapor(Reading const& r) {
   constexpr double kInertGases = 200.0;
-  return critical < kInertGases ? 6000.0 : 1650.0;
+  bool const isStable = r.HasFormula() && r.Atoms("H") == 0.0;
+  return isStable || r.Of().Median(propertyTC) < kInertGases ? 6000.0 : 1650.0;
 }
 
 double KelvinOf(Reading& r, Limit const& limit) {
@@ -38,7 +40,7 @@ double KelvinOf(Reading& r, Limit const& limit) {
       break;
     case Part::kBoiling: kelvin = r.Constant(propertyNBP, Stake::kMinor); break;
     case Part::kCritical: kelvin = r.Constant(propertyTC, Stake::kMinor); break;
-    case Part::kVapor: return HottestVapor(r.Of().Median(propertyTC));
+    case Part::kVapor: return HottestVapor(r);
   }
   return std::isnan(kelvin) ? kelvin : std::max(limit.part * kelvin, limit.kelvin);
 }

@@ -91,11 +91,11 @@ struct Suspect {
     }
     return weight;
   }
-  // The probability that the datum is wrong, before anything is compared 1 in 20. What agrees
+  // The probability that the datum is wrong, before anything is compared 1 in 30. What agrees
   // speaks for a datum, but a curve can be right where one relation uses it and wrong elsewhere;
   // sources are compared over its whole range.
   double Strength(bool isCurve) const {
-    constexpr double kPrior = 3.0;
+    constexpr double kPrior = 3.4;
     double odds = -kPrior;
     for (Aspect const* const aspect : {&ofValues, &ofRange}) {
       double const against = aspect->againstIt.Sum();
@@ -163,7 +163,7 @@ Trial::Trial(std::vector<Tension> const& tensions)
 }
 
 void Trial::Weigh(Accused& accused) const {
-  constexpr double kMinor = 0.4;
+  constexpr double kMinor = 0.25;
   Suspect suspect;
   double size = 0.0;  // of the mistake
   for (auto const& [i, stake] : accused.mentions) {

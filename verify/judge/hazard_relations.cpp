@@ -9,12 +9,14 @@ namespace {
 
 // The mole fraction of fuel in a mixture with air that burns to CO2, H2O, SO2 and hydrogen halides;
 // NaN for what does not burn.
+// Only organic fuels burn alike: hydrogen and carbon disulfide have much wider limits.
 double Stoichiometric(Reading const& r) {
   double const halogens = r.Atoms("F") + r.Atoms("Cl") + r.Atoms("Br") + r.Atoms("I");
   double const oxygen = r.Atoms("C") + r.Atoms("S") + r.Atoms("Si") +
                         (r.Atoms("H") - halogens) / 4.0 - r.Atoms("O") / 2.0;
   constexpr double kAir = 4.773;  // air for one part of oxygen
-  return r.HasFormula() && oxygen > 0.0 ? 1.0 / (1.0 + kAir * oxygen) : std::nan("");
+  bool const isOrganic = r.Atoms("C") > 0.0 && r.Atoms("H") > 0.0;
+  return isOrganic && oxygen > 0.0 ? 1.0 / (1.0 + kAir * oxygen) : std::nan("");
 }
 
 // G. W. Jones, Chem. Rev. 22 (1938) 1, with factors fitted to 240 limits.
@@ -34,6 +36,7 @@ Found UpperLimit(Reading& r, JudgeRule const& rule) {
 // 42 MJ/kg-mol.
 Found HeatAtLowerLimit(Reading& r, JudgeRule const& rule) {
   constexpr double kHeat = 41500.0;  // kJ/kg-mol
+  if (r.Atoms("C") == 0.0 || r.Atoms("H") == 0.0) return std::nullopt;
   double const stored = r.Constant(propertyLOFLAMM);
   return Outcome::Factor(Of(propertyLOFLAMM), stored,
                          kHeat / -r.Constant(propertyHCOMBUST, Stake::kMinor), rule.tolerance);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -13,6 +14,7 @@
 #include "verify/judge/kin.h"
 #include "verify/judge/reading.h"
 #include "verify/judge/relation_tables.h"
+#include "verify/judge/structure_groups.h"
 
 namespace zel {
 namespace {
@@ -60,6 +62,33 @@ void AddConstantsOfCurves(std::vector<Tension>& tensions) {
   }
 }
 
+// Whether molecules pair in the vapor, as acids do, or form chains, as those of hydrogen fluoride.
+bool PairsInVapor(Substance const& substance) {
+  static Composition const hydrogenFluoride = {{"F", 1}, {"H", 1}};
+  if (substance.Atoms() == hydrogenFluoride) return true;
+  auto const& records = substance.Records();
+  return std::any_of(records.begin(), records.end(), [&](Record const* record) {
+    auto const groups = GroupsOf(record->Smiles(), substance.Atoms());
+    return groups && (*groups)[static_cast<std::size_t>(StructureGroup::kAcid)] > 0.0;
+  });
+}
+
+// What heats and conductivities of a vapor say about each other holds for single molecules: where
+// pairs break up only gross differences mean anything.
+void ForgivePairs(Substance const& substance, std::vector<Tension>& tensions) {
+  constexpr double kGross = 10.0;
+  static constexpr Datum kOfVapor[] = {Datum::Curve(correlationVaporThermal),
+                                       Datum::Curve(correlationLatentHeat),
+                                       Datum::Constant(propertyHVAPNBP)};
+  if (!PairsInVapor(substance)) return;
+  std::erase_if(tensions, [&](Tension const& one) {
+    bool const isOfVapor =
+        std::find(std::begin(kOfVapor), std::end(kOfVapor), one.about.datum) != std::end(kOfVapor);
+    return isOfVapor && !one.isBetweenSources && !one.isOfRange && one.deviation > 1.0 &&
+           one.deviation < kGross;
+  });
+}
+
 std::vector<std::vector<Tension>> TensionsIn(std::vector<Substance> const& substances,
                                              std::set<std::string, std::less<>> const& silent) {
   std::vector<std::vector<Tension>> tensions(substances.size());
@@ -68,8 +97,10 @@ std::vector<std::vector<Tension>> TensionsIn(std::vector<Substance> const& subst
     AddSourceComparisons(substances[i], tensions[i]);
   }
   AddKinComparisons(substances, tensions);
-  for (std::vector<Tension>& those : tensions) {
+  for (std::size_t i = 0; i < substances.size(); ++i) {
+    std::vector<Tension>& those = tensions[i];
     AddConstantsOfCurves(those);
+    ForgivePairs(substances[i], those);
     std::erase_if(those, [&](Tension const& one) {
       return silent.count(std::string_view(one.rule->id)) != 0;
     });

@@ -200,7 +200,7 @@ constexpr KinConstant kConstantRows[] = {
      kLog,
      0.1,
      kPolar},
-    {{"kin-tdielectric", "TDIELECTRIC from atoms, NMP, NBP", 10.0, kConstantTolerance},
+    {{"kin-tdielectric", "TDIELECTRIC from atoms, NMP, NBP", 50.0, kConstantTolerance},
      propertyTDIELECTRIC,
      kFromRoom,
      10.0,
