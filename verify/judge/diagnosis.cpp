@@ -91,17 +91,17 @@ struct Suspect {
     }
     return weight;
   }
-  // The probability that the datum is wrong, before anything is compared 1 in 30. What agrees
+  // The probability that the datum is wrong, before anything is compared 1 in 25. What agrees
   // speaks for a datum, but a curve can be right where one relation uses it and wrong elsewhere;
   // sources are compared over its whole range.
   double Strength(bool isCurve) const {
-    constexpr double kPrior = 3.4;
+    constexpr double kPrior = 3.2;
     double odds = -kPrior;
     for (Aspect const* const aspect : {&ofValues, &ofRange}) {
       double const against = aspect->againstIt.Sum();
       if (against <= 0.0) continue;
       double const mostFor = isCurve && !aspect->forIt.HasSources() ? -2.0 : -4.0;
-      odds += against + std::max(aspect->forIt.Sum(), mostFor);
+      odds += std::max(against + std::max(aspect->forIt.Sum(), mostFor), 0.0);
     }
     return 1.0 / (1.0 + std::exp(-odds));
   }
