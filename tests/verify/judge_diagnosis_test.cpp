@@ -62,7 +62,7 @@ TEST_F(DiagnosisTest, TheOddOneOfThreeSourcesIsTheCulprit) {
   EXPECT_EQ(found[0].claim, Of(two, propertyTC));
   EXPECT_GT(found[0].strength, 0.9);
   ASSERT_EQ(found[0].against.size(), 2U);
-  EXPECT_EQ(found[0].against[0]->deviation, 8.2) << "the worst first";
+  EXPECT_EQ(found[0].against[0].deviation, 8.2) << "the worst first";
 }
 
 TEST_F(DiagnosisTest, WhatAgreesElsewhereIsNotTheCulprit) {

@@ -111,7 +111,7 @@ struct Suspect {
 // comparisons that it is in; the others are judged by what is left.
 class Trial {
  public:
-  explicit Trial(std::vector<Tension> const& tensions);
+  Trial(std::vector<Tension> const& tensions, double minStrength);
 
   std::vector<Suspicion> Run();
 
@@ -132,13 +132,14 @@ class Trial {
   Suspicion Convict(Accused& accused);
 
   std::vector<Tension> const& tensions_;
+  double minStrength_;
   std::vector<double> evidence_;
   std::vector<double> left_;  // share of each comparison that is not explained
   std::vector<Accused> accused_;
 };
 
-Trial::Trial(std::vector<Tension> const& tensions)
-    : tensions_(tensions), left_(tensions.size(), 1.0) {
+Trial::Trial(std::vector<Tension> const& tensions, double minStrength)
+    : tensions_(tensions), minStrength_(minStrength), left_(tensions.size(), 1.0) {
   auto const isBefore = [](Claim const& a, Claim const& b) {
     return a.record != b.record ? std::less<>()(a.record, b.record) : a.datum < b.datum;
   };
@@ -204,11 +205,12 @@ Suspicion Trial::Convict(Accused& accused) {
   suspicion.claim = accused.claim;
   suspicion.strength = accused.suspect.Strength(accused.claim.datum.IsCurve());
   suspicion.agreeing = accused.suspect.agreeing;
-  for (std::size_t const i : accused.suspect.disagreeing) {
-    suspicion.against.push_back(&tensions_[i]);
+  std::vector<std::size_t> const against = std::move(accused.suspect.disagreeing);
+  if (suspicion.strength >= minStrength_) {
+    for (std::size_t const i : against) suspicion.against.push_back(tensions_[i]);
+    std::stable_sort(suspicion.against.begin(), suspicion.against.end(),
+                     [](Tension const& a, Tension const& b) { return a.deviation > b.deviation; });
   }
-  std::stable_sort(suspicion.against.begin(), suspicion.against.end(),
-                   [](Tension const* a, Tension const* b) { return a->deviation > b->deviation; });
   accused.isConvicted = true;
   for (auto const& [i, stake] : accused.mentions) {
     if (tensions_[i].deviation <= 1.0) continue;
@@ -217,9 +219,7 @@ Suspicion Trial::Convict(Accused& accused) {
   for (Accused& other : accused_) {
     bool const isTouched =
         std::any_of(other.mentions.begin(), other.mentions.end(), [&](Mention const& mention) {
-          auto const& against = suspicion.against;
-          return std::find(against.begin(), against.end(), &tensions_[mention.tension]) !=
-                 against.end();
+          return std::find(against.begin(), against.end(), mention.tension) != against.end();
         });
     if (!other.isConvicted && isTouched) Weigh(other);
   }
@@ -228,7 +228,10 @@ Suspicion Trial::Convict(Accused& accused) {
 
 std::vector<Suspicion> Trial::Run() {
   std::vector<Suspicion> suspicions;
-  while (Accused* const worst = Worst()) suspicions.push_back(Convict(*worst));
+  while (Accused* const worst = Worst()) {
+    Suspicion suspicion = Convict(*worst);
+    if (suspicion.strength >= minStrength_) suspicions.push_back(std::move(suspicion));
+  }
   std::stable_sort(suspicions.begin(), suspicions.end(),
                    [](Suspicion const& a, Suspicion const& b) { return a.strength > b.strength; });
   return suspicions;
@@ -236,8 +239,8 @@ std::vector<Suspicion> Trial::Run() {
 
 }  // namespace
 
-std::vector<Suspicion> Diagnose(std::vector<Tension> const& tensions) {
-  return Trial(tensions).Run();
+std::vector<Suspicion> Diagnose(std::vector<Tension> const& tensions, double minStrength) {
+  return Trial(tensions, minStrength).Run();
 }
 
 }  // namespace zel

@@ -37,7 +37,7 @@ JudgedFinding::JudgedFinding(Suspicion const& suspicion, Substance const& substa
     : suspicion_(suspicion), substance_(substance) {
   ChooseMain();
   MakeText();
-  for (Tension const* const tension : suspicion_.against) AddEvidence(*tension);
+  for (Tension const& tension : suspicion_.against) AddEvidence(tension);
   Record const& record = Of();
   Datum const datum = suspicion_.claim.datum;
   fingerprint_ = Fingerprint(record.Item().bank.Text() + '\n' + record.Item().text + '\n' +
@@ -47,10 +47,10 @@ JudgedFinding::JudgedFinding(Suspicion const& suspicion, Substance const& substa
 // The worst comparison of a value of the datum itself; if there is none, the worst of all.
 void JudgedFinding::ChooseMain() {
   auto const& all = suspicion_.against;
-  auto const own = std::find_if(all.begin(), all.end(), [&](Tension const* tension) {
-    return IsAbout(suspicion_.claim, *tension);
+  auto const own = std::find_if(all.begin(), all.end(), [&](Tension const& tension) {
+    return IsAbout(suspicion_.claim, tension);
   });
-  main_ = SeenFrom(suspicion_.claim, own != all.end() ? **own : *all.front());
+  main_ = SeenFrom(suspicion_.claim, own != all.end() ? *own : all.front());
 }
 
 // A slip that most of the comparisons show which deviate by far.
@@ -59,9 +59,9 @@ std::string JudgedFinding::Slip() const {
   double const weight = substance_.Median(propertyMW);
   std::map<std::string, std::size_t> slips;
   std::size_t compared = 0;
-  for (Tension const* const one : suspicion_.against) {
-    if (!IsAbout(suspicion_.claim, *one) || one->deviation < kFar) continue;
-    Tension const seen = SeenFrom(suspicion_.claim, *one);
+  for (Tension const& one : suspicion_.against) {
+    if (!IsAbout(suspicion_.claim, one) || one.deviation < kFar) continue;
+    Tension const seen = SeenFrom(suspicion_.claim, one);
     double const most = std::max(std::abs(seen.expected), std::abs(seen.value));
     double const uncertainty = std::abs(seen.value - seen.expected) / (seen.deviation * most);
     ++slips[LikelySlip(seen.value, seen.expected, seen.unit, uncertainty, weight)];

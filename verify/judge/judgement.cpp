@@ -89,38 +89,29 @@ void ForgivePairs(Substance const& substance, std::vector<Tension>& tensions) {
   });
 }
 
-std::vector<std::vector<Tension>> TensionsIn(std::vector<Substance> const& substances,
-                                             std::set<std::string, std::less<>> const& silent) {
-  std::vector<std::vector<Tension>> tensions(substances.size());
-  for (std::size_t i = 0; i < substances.size(); ++i) {
-    AddRelations(substances[i], tensions[i]);
-    AddSourceComparisons(substances[i], tensions[i]);
-  }
-  AddKinComparisons(substances, tensions);
-  for (std::size_t i = 0; i < substances.size(); ++i) {
-    std::vector<Tension>& those = tensions[i];
-    AddConstantsOfCurves(those);
-    ForgivePairs(substances[i], those);
-    std::erase_if(those, [&](Tension const& one) {
-      return silent.count(std::string_view(one.rule->id)) != 0;
-    });
-  }
-  return tensions;
-}
-
 // A suspicion that is reported.
 struct Reported {
   Suspicion suspicion;
   std::size_t substance;
 };
 
-std::vector<Reported> SuspicionsIn(std::vector<std::vector<Tension>> const& tensions,
+// One substance after the other, so that only the comparisons with kin are all in memory.
+std::vector<Reported> SuspicionsIn(std::vector<Substance> const& substances,
+                                   std::set<std::string, std::less<>> const& silent,
                                    double minStrength) {
+  std::vector<std::vector<Tension>> tensions(substances.size());
+  AddKinComparisons(substances, tensions);
   std::vector<Reported> all;
-  for (std::size_t i = 0; i < tensions.size(); ++i) {
-    for (Suspicion& one : Diagnose(tensions[i])) {
-      if (one.strength >= minStrength) all.push_back({std::move(one), i});
-    }
+  for (std::size_t i = 0; i < substances.size(); ++i) {
+    std::vector<Tension> those = std::move(tensions[i]);
+    AddRelations(substances[i], those);
+    AddSourceComparisons(substances[i], those);
+    AddConstantsOfCurves(those);
+    ForgivePairs(substances[i], those);
+    std::erase_if(those, [&](Tension const& one) {
+      return silent.count(std::string_view(one.rule->id)) != 0;
+    });
+    for (Suspicion& one : Diagnose(those, minStrength)) all.push_back({std::move(one), i});
   }
   std::stable_sort(all.begin(), all.end(), [](Reported const& a, Reported const& b) {
     return a.suspicion.strength > b.suspicion.strength;
@@ -147,8 +138,7 @@ void Judge(std::deque<CheckedLibrary>& libraries, ZelJudgementOptions const& opt
   for (CheckedLibrary& library : libraries) ReadRecords(library, records);
   std::vector<Substance> const substances = SubstancesOf(records);
   Complete(records, substances);
-  std::vector<std::vector<Tension>> const tensions = TensionsIn(substances, silent);
-  std::vector<Reported> const all = SuspicionsIn(tensions, options.minStrength);
+  std::vector<Reported> const all = SuspicionsIn(substances, silent, options.minStrength);
   std::set<std::string> reported;
   for (CheckedLibrary const& library : libraries) {
     if (reported.insert(library.Name()).second) Report(all, substances, library.Name(), sink);
