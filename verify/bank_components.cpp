@@ -54,8 +54,11 @@ void BankComponents::AddData(ComponentView const& component) {
     std::string const name = CorrelationRows()[i].name;
     std::string text;
     for (double const c : coefficients) text += (text.empty() ? "" : " ") + Rounded(c);
-    numbers_.emplace_back(
-        own, name + " of equation " + std::to_string(record->equation) + ": " + text, name, text);
+    std::string compared = name + " of equation ";
+    compared += std::to_string(record->equation);
+    compared += ": ";
+    compared += text;
+    numbers_.emplace_back(own, std::move(compared), name, text);
   }
   for (auto const& row : ConstantRows()) {
     double const value = component.Constant(row.index);

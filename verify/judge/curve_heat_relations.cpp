@@ -184,12 +184,14 @@ constexpr std::array<double, 4> kShareKelvin = {298.15, 500.0, 1000.0, 298.15};
 double SumOverAtoms(Reading const& r, std::size_t column) {
   double sum = kFixedShare[column];
   double count = 0.0;
-  for (auto const& [symbol, atoms] : r.Of().Atoms()) {
-    auto const row = std::find_if(kShares.begin(), kShares.end(),
-                                  [&](AtomShare const& one) { return one.symbol == symbol; });
+  for (auto const& element : r.Of().Atoms()) {
+    auto const row = std::find_if(kShares.begin(), kShares.end(), [&](AtomShare const& one) {
+      return one.symbol == element.first;
+    });
     if (row == kShares.end()) return std::nan("");
-    sum += row->share[column] * static_cast<double>(atoms);
-    count += static_cast<double>(atoms);
+    auto const atoms = static_cast<double>(element.second);
+    sum += row->share[column] * atoms;
+    count += atoms;
   }
   constexpr double kLeast = 5.0;
   return count < kLeast ? std::nan("") : sum * kGasConstant;

@@ -212,8 +212,9 @@ void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& reco
                              std::size_t point, Point CurveRecord::*worst,
                              Transform const& transform, Expect const& expect) const {
   std::vector<double> observed(substances_.size(), Undefined());
-  std::vector<double> numbers;
-  for (CurveRecord const& one : records) numbers.push_back(transform(one.values));
+  std::vector<double> numbers(records.size());
+  std::transform(records.begin(), records.end(), numbers.begin(),
+                 [&](CurveRecord const& one) { return transform(one.values); });
   // The numbers of the records of a substance, which are next to each other.
   auto const ofSubstance = [&](std::size_t first) {
     std::size_t end = first;

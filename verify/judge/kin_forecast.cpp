@@ -192,7 +192,7 @@ bool IsWanting(std::vector<double> const& observed, std::vector<Tried> const& tr
 std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet const> sets,
                                  std::vector<double> const& observed, double floor) {
   std::vector<Tried> tried;
-  for (std::uint8_t set = 0; set < sets.size(); ++set) {
+  for (std::size_t set = 0; set < sets.size(); ++set) {
     if (sets[set].isSpare && !IsWanting(observed, tried)) continue;
     auto estimates = EstimatesOf(kin, sets[set], observed);
     if (estimates.empty()) continue;
@@ -202,11 +202,11 @@ std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet co
     double const plainTolerance = plain.Calibrate(floor);
     double const correctedTolerance = corrected.Calibrate(floor);
     bool const isBetter = correctedTolerance < plainTolerance;
-    tried.push_back({std::min(plainTolerance, correctedTolerance), set,
+    tried.push_back({std::min(plainTolerance, correctedTolerance), static_cast<std::uint8_t>(set),
                      std::move(isBetter ? corrected : plain)});
   }
-  std::vector<Tried const*> order;
-  for (Tried const& one : tried) order.push_back(&one);
+  std::vector<Tried const*> order(tried.size());
+  std::transform(tried.begin(), tried.end(), order.begin(), [](Tried const& one) { return &one; });
   std::stable_sort(order.begin(), order.end(),
                    [](Tried const* a, Tried const* b) { return a->tolerance < b->tolerance; });
   std::vector<Forecast> forecasts(kin.Count());

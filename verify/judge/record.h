@@ -29,7 +29,7 @@ class Datum {
   char const* Name() const;
   char const* Unit() const;
   friend constexpr bool operator==(Datum, Datum) = default;
-  friend constexpr auto operator<=>(Datum, Datum) = default;
+  friend constexpr bool operator<(Datum a, Datum b) { return a.code_ < b.code_; }
 
  private:
   explicit constexpr Datum(std::uint32_t code) : code_(code) {}

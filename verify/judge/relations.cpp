@@ -14,6 +14,7 @@ bool IsBefore(Claim const& a, Claim const& b) {
 
 std::vector<Claim> ClaimsOf(std::vector<Tension::Part> const& parts) {
   std::vector<Claim> claims;
+  claims.reserve(parts.size());
   for (Tension::Part const& part : parts) claims.push_back(part.claim);
   std::sort(claims.begin(), claims.end(), IsBefore);
   return claims;

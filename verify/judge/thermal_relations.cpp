@@ -35,12 +35,12 @@ template <typename Term>
 double OverAtoms(Reading const& r, Term const& term) {
   if (!r.HasFormula()) return std::nan("");
   double sum = 0.0;
-  for (auto const& [symbol, count] : r.Of().Atoms()) {
+  for (auto const& atoms : r.Of().Atoms()) {
     auto const at = std::find_if(kElements.begin(), kElements.end(), [&](Element const& element) {
-      return std::string_view(element.symbol) == symbol;
+      return std::string_view(element.symbol) == atoms.first;
     });
     if (at == kElements.end()) return std::nan("");
-    sum += term(*at) * static_cast<double>(count);
+    sum += term(*at) * static_cast<double>(atoms.second);
   }
   return sum;
 }
@@ -127,7 +127,8 @@ Found GibbsEnergy(Reading& r, JudgeRule const& rule) {
 bool IsGaseousElement(Reading const& r) {
   Composition const& atoms = r.Of().Atoms();
   if (atoms.size() != 1) return false;
-  auto const& [symbol, count] = *atoms.begin();
+  std::string const& symbol = atoms.begin()->first;
+  std::int64_t const count = atoms.begin()->second;
   static constexpr std::array<std::string_view, 6> kNoble = {"He", "Ne", "Ar", "Kr", "Xe", "Rn"};
   static constexpr std::array<std::string_view, 5> kPairs = {"H", "N", "O", "F", "Cl"};
   auto const isIn = [&](auto const& list) {
