@@ -1,9 +1,11 @@
 // What all checks of data do around their work.
 #pragma once
 
+#include <deque>
 #include <string>
 
 #include "store/progress_steps.h"
+#include "verify/checked_library.h"
 #include "verify/data_finding.h"
 #include "verify/open_library.h"
 
@@ -21,6 +23,20 @@ inline LibFile_i* OpenOrTell(ZelCheckedLibrary const& library, DataFindings& fin
 
 inline std::string NameOf(ZelCheckedLibrary const& library) {
   return library.name != nullptr ? library.name : library.library->GetLibName();
+}
+
+// Those of the libraries that are open; the others are findings. Returns the host that follows the
+// work, that of the first library; null if none does.
+inline ZelProgress* OpenAll(ZelCheckedLibrary const* libraries, std::int32_t count,
+                            DataFindings& findings, std::deque<CheckedLibrary>& opened) {
+  ZelProgress* host = nullptr;
+  for (std::int32_t i = 0; i < count; ++i) {
+    LibFile_i* const file = OpenOrTell(libraries[i], findings);
+    if (file == nullptr) continue;
+    opened.emplace_back(*file, NameOf(libraries[i]), findings);
+    if (host == nullptr) host = file->Progress();
+  }
+  return host;
 }
 
 // Does the work, unless the host cancels it, which is then a finding.

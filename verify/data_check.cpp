@@ -75,14 +75,7 @@ bool CompareLibraryData(ZelCheckedLibrary const* libraries, std::int32_t count,
     return false;
   }
   std::deque<CheckedLibrary> checked;
-  ZelProgress* host = nullptr;
-  for (std::int32_t i = 0; i < count; ++i) {
-    LibFile_i* const file = OpenOrTell(libraries[i], findings);
-    if (file == nullptr) continue;
-    checked.emplace_back(*file, NameOf(libraries[i]), findings);
-    if (host == nullptr) host = file->Progress();
-  }
-  ProgressSteps progress(host);
+  ProgressSteps progress(OpenAll(libraries, count, findings, checked));
   double work = 0.0;
   for (std::size_t i = 0; i < checked.size(); ++i) {
     checked[i].SetProgress(progress);
