@@ -6,7 +6,6 @@
 #include <set>
 #include <string_view>
 
-#include "desk/open/library.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/open/unread_items.h"
 #include "desk/words/failure.h"
@@ -130,6 +129,15 @@ std::vector<char const*> const& JudgedChecks() {
 
 std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& options) {
   CheckSilence(options.silent);
+  std::vector<Library> open;
+  open.reserve(options.libraries.size());
+  for (std::string const& path : options.libraries) open.push_back(OpenFinished(session, path));
+  return CheckLibraries(session, open, options);
+}
+
+std::vector<Finding> CheckLibraries(Session& session, std::vector<Library> const& libraries,
+                                    CheckOptions const& options) {
+  CheckSilence(options.silent);
   std::vector<char const*> silent;
   for (std::string const& id : options.silent) silent.push_back(id.c_str());
   zel::ZelJudgementOptions judgement;
@@ -143,14 +151,12 @@ std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& option
   dataOptions.silentCount = static_cast<std::int32_t>(silent.size());
   dataOptions.acceptIdentity = options.acceptIdentity;
   Collector collector(session, options);
-  std::vector<Library> open;
   std::vector<zel::ZelCheckedLibrary> sound;
-  open.reserve(options.libraries.size());
   // The data of a library take about twice as long as its structure; libraries are compared last.
   constexpr double kStructurePart = 1.0 / 3.0;
-  double const perLibrary = 1.0 / static_cast<double>(options.libraries.size() + 1);
-  for (std::string const& path : options.libraries) {
-    Library library = OpenFinished(session, path);
+  double const perLibrary = 1.0 / static_cast<double>(libraries.size() + 1);
+  for (Library const& library : libraries) {
+    std::string const& path = library.Path();
     collector.SetLibrary(path);
     bool good = false;
     Part(options.steps, "checking the structure of " + path, kStructurePart * perLibrary, library,
@@ -160,15 +166,14 @@ std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& option
     }
     if (!good || options.structureOnly) continue;
     sound.push_back({&library.File(), path.c_str()});
-    open.push_back(std::move(library));
-    Part(options.steps, "checking " + path, (1.0 - kStructurePart) * perLibrary, open.back(),
+    Part(options.steps, "checking " + path, (1.0 - kStructurePart) * perLibrary, library,
          [&] { zel::CheckLibraryData(sound.back(), dataOptions, collector); });
   }
   if (sound.empty()) return collector.Take(options.minStrength);
   auto const count = static_cast<std::int32_t>(sound.size());
-  Part(options.steps, "comparing libraries", perLibrary / 2, open.front(),
+  Part(options.steps, "comparing libraries", perLibrary / 2, libraries.front(),
        [&] { zel::CompareLibraryData(sound.data(), count, dataOptions, collector); });
-  Part(options.steps, "weighing all comparisons", perLibrary / 2, open.front(),
+  Part(options.steps, "weighing all comparisons", perLibrary / 2, libraries.front(),
        [&] { zel::JudgeLibraryData(sound.data(), count, judgement, collector); });
   return collector.Take(options.minStrength);
 }

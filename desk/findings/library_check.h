@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "desk/findings/finding.h"
-#include "desk/open/session.h"
+#include "desk/open/library.h"
 
 namespace zel::desk {
 
@@ -48,5 +48,8 @@ std::vector<char const*> const& JudgedChecks();
 // a line for each library whose data were not checked for it, and Session::LeaveOut one for each
 // item that can no longer be read. Throws WrongUsage for a check that does not exist.
 std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& options);
+// The same with libraries that are open; those of the options are not read.
+std::vector<Finding> CheckLibraries(Session& session, std::vector<Library> const& libraries,
+                                    CheckOptions const& options);
 
 }  // namespace zel::desk

@@ -1,7 +1,5 @@
 #include "desk/pages/page_data.h"
 
-#include <zelaccess/DataJudgement.h>
-
 #include <algorithm>
 
 #include "desk/findings/library_check.h"
@@ -59,35 +57,6 @@ std::string MeaningsOf(ModelMeaning const& model) {
   }
   return JsonList(rows);
 }
-
-// The findings of all checks as rows of severity, check, place and text.
-class FindingRows final : public zel::ZelDataFindingSink {
- public:
-  FindingRows(Session& session, std::vector<std::string>& rows) : session_(session), rows_(rows) {}
-
-  void Library(std::string path) { path_ = std::move(path); }
-  void Found(zel::zelFindings severity, char const* id, char const* place,
-             char const* text) override {
-    if (severity != zel::findingNote) Add(severity, id, path_, place, text);
-  }
-  void FoundData(zel::ZelDataFinding const& finding) override {
-    Add(finding.severity, finding.id, finding.library, finding.place, finding.text);
-  }
-
- private:
-  void Add(zel::zelFindings severity, std::string const& id, std::string const& library,
-           std::string const& place, std::string const& text) {
-    static constexpr char const* kWords[] = {"note", "warning", "damage", "error"};
-    // The page is then not whole, which the host has to know.
-    if (severity == zel::findingDamage) session_.LeaveOut(library + ": " + place + ": " + text);
-    rows_.push_back(JsonList({JsonText(kWords[severity]), JsonText(id),
-                              JsonText(library + ": " + place), JsonText(text)}));
-  }
-
-  Session& session_;
-  std::vector<std::string>& rows_;
-  std::string path_;
-};
 
 // The unit in which the form of a correlation yields its values. Records name a unit per mass and a
 // basis of moles apart: "kJ/kg" and "mole" are kJ/kg-mol.
@@ -220,21 +189,15 @@ void PageData::AddPairs() {
 }
 
 void PageData::AddFindings(bool acceptIdentity) {
-  FindingRows rows(list_.Libraries().front().InSession(), findings_);
-  zel::ZelDataCheckOptions options;
+  Session& session = list_.Libraries().front().InSession();
+  CheckOptions options;
   options.acceptIdentity = acceptIdentity;
-  options.silent = JudgedChecks().data();
-  options.silentCount = static_cast<std::int32_t>(JudgedChecks().size());
-  std::vector<zel::ZelCheckedLibrary> sound;
-  for (Library const& library : list_.Libraries()) {
-    rows.Library(library.Path());
-    if (!zel::VerifyLibrary(&library.File(), rows)) continue;
-    sound.push_back({&library.File(), library.Path().c_str()});
-    zel::CheckLibraryData(sound.back(), options, rows);
+  for (Finding const& one : CheckLibraries(session, list_.Libraries(), options)) {
+    // The page is then not whole, which the host has to know.
+    if (one.severity == zel::findingDamage) session.LeaveOut(LineOf(one));
+    findings_.push_back(JsonList({JsonText(WordOf(one.severity)), JsonText(one.id),
+                                  JsonText(one.library + ": " + one.place), JsonText(one.text)}));
   }
-  auto const count = static_cast<std::int32_t>(sound.size());
-  zel::CompareLibraryData(sound.data(), count, options, rows);
-  zel::JudgeLibraryData(sound.data(), count, {}, rows);
   counts_.findings = static_cast<std::int64_t>(findings_.size());
 }
 

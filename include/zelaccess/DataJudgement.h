@@ -49,9 +49,9 @@ struct ZelJudgementOptions {
 /// strength. Changes nothing.
 ///
 /// Components are the same substance if they have the same CAS number; without one, if they have
-/// the same number and no other formula. An item or a bank that cannot be read is left out and
-/// reported (findingDamage, "item", its place); no block error is thrown. Throws std::bad_alloc,
-/// and what the sink throws. Time and memory grow with the number of components.
+/// the same number or an ID in common, and no other formula. An item or a bank that cannot be read
+/// is left out and reported (findingDamage, "item", its place); no block error is thrown. Throws
+/// std::bad_alloc, and what the sink throws. Time and memory grow with the number of components.
 /// \param libraries  the libraries; one that is null or closed is damage of the header and left
 ///                   out; null is damage of the header unless there are none
 /// \param count      their number; below 1 there is nothing to judge

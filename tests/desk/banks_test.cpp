@@ -128,4 +128,42 @@ TEST_F(DeskBanksTest, ACheckListsItsFindings) {
   EXPECT_THROW(desk::CheckOf(Paths({"perry.lb1"}), {"nothing"}), desk::UnknownWord);
 }
 
+TEST_F(DeskBanksTest, FindingsHaveAStrengthAFingerprintAndEvidence) {
+  desk::CheckSettings check;
+  check.minStrength = 0.0;
+  desk::Table const all = desk::FindingsOf(Paths({"crc.lb1", "perry.lb1"}), check);
+  std::vector<std::string> names;
+  for (desk::Column const& column : all.Columns()) names.push_back(column.name);
+  std::vector<std::string> const last = {"strength", "fingerprint", "evidence", "text"};
+  ASSERT_EQ(names.size(), 17U);
+  EXPECT_TRUE(std::equal(last.begin(), last.end(), names.end() - 4));
+  auto const strengthOf = [](std::vector<desk::Cell> const& row) {
+    return std::get<double>(row[13]);
+  };
+  std::size_t judged = 0;
+  std::size_t weak = 0;
+  for (auto const& row : all.Rows()) {
+    EXPECT_GE(strengthOf(row), 0.0);
+    EXPECT_LE(strengthOf(row), 1.0);
+    EXPECT_EQ(std::get<std::string>(row[14]).size(), 16U);
+    if (std::holds_alternative<std::string>(row[15])) ++judged;
+    if (strengthOf(row) < 0.49) ++weak;
+  }
+  EXPECT_GT(judged, 0U);
+  EXPECT_GT(weak, 0U);
+  // The default is that of CheckOf.
+  desk::Table const strong = desk::FindingsOf(Paths({"crc.lb1", "perry.lb1"}), {});
+  EXPECT_EQ(strong.Rows(), desk::CheckOf(Paths({"crc.lb1", "perry.lb1"})).Rows());
+  EXPECT_LE(strong.Rows().size() + weak, all.Rows().size());
+  check.minStrength = 1.0;
+  for (auto const& row : desk::FindingsOf(Paths({"crc.lb1", "perry.lb1"}), check).Rows()) {
+    EXPECT_EQ(strengthOf(row), 1.0);
+  }
+  check.structureOnly = true;
+  EXPECT_TRUE(desk::FindingsOf(Paths({"crc.lb1"}), check).Empty());
+  check.structureOnly = false;
+  check.silent = {"nothing"};
+  EXPECT_THROW(desk::FindingsOf(Paths({"crc.lb1"}), check), desk::UnknownWord);
+}
+
 }  // namespace

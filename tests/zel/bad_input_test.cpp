@@ -200,6 +200,9 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"memo sample.lb1 --set x --clear", kWrongUsage, "exclude each other"},
       {"check perry.lb1 --silence sauce", kWrongUsage, "there is no warning sauce"},
       {"check perry.lb1 --silence tree-order", kWrongUsage, "there is no warning tree-order"},
+      {"check perry.lb1 --min-strength 2", kWrongUsage, "--min-strength is 0 to 1, not 2"},
+      {"check perry.lb1 --min-strength -0.5", kWrongUsage, "--min-strength is 0 to 1, not -0.5"},
+      {"check perry.lb1 --min-strength most", kWrongUsage, "--min-strength"},
       {"info ''", kFailed, "a file name is empty"},
       // the command line
       {"", kWrongUsage, "see zel --help"},

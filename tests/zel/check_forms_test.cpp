@@ -40,18 +40,79 @@ class CheckFormsTest : public ZelTest {
 };
 
 TEST_F(CheckFormsTest, FindingsHaveMembers) {
-  json const found = Checked("perry.lb1 --silence source", 0)["findings"];
-  json const row = Row(found, "item", "HYDRAZIN");
-  EXPECT_EQ(row["library"], "perry.lb1");
-  EXPECT_EQ(row["bank"], "PURECOMP:PERRY");
-  EXPECT_EQ(row["place"], "PERRY HYDRAZIN");
-  EXPECT_NEAR(row["value"].get<double>(), 0.4276882, 1e-6);
-  EXPECT_DOUBLE_EQ(row["expected_from"].get<double>(), 0.15);
-  EXPECT_DOUBLE_EQ(row["expected_to"].get<double>(), 0.4);
+  MakeWorse();
+  json const row = Row(Checked("own.lb1 --silence source", 0)["findings"], "item", "ETHANOL");
+  EXPECT_EQ(row["severity"], "warning");
+  EXPECT_EQ(row["library"], "own.lb1");
+  EXPECT_EQ(row["bank"], "PURECOMP:CRC");
+  EXPECT_EQ(row["place"], "CRC ETHANOL");
+  EXPECT_EQ(row["datum"], "MW");
+  EXPECT_DOUBLE_EQ(row["value"].get<double>(), 47);
+  EXPECT_NEAR(row["expected_from"].get<double>(), 46.069, 0.01);
+  EXPECT_EQ(row["expected_to"], row["expected_from"]);
+  EXPECT_EQ(row["unit"], "kg/kg-mol");
+  EXPECT_GT(row["strength"].get<double>(), 0.5);
+  EXPECT_LE(row["strength"].get<double>(), 1);
+  EXPECT_EQ(row["fingerprint"].get<std::string>().size(), 16U);
+  std::string const evidence = row["evidence"];
+  EXPECT_EQ(evidence.find("MW of own.lb1 CRC ETHANOL is 47 kg/kg-mol, expected 46.0"), 0U)
+      << evidence;
+  EXPECT_NE(evidence.find("kg/kg-mol from the formula (formula-weight)"), std::string::npos)
+      << evidence;
   std::string const what = row["what"];
-  EXPECT_EQ(what, "perry.lb1: PERRY HYDRAZIN: " + row["text"].get<std::string>());
-  EXPECT_EQ(Good("check perry.lb1 --csv").find("expected from"), std::string::npos)
-      << "the other forms stay as they were";
+  EXPECT_EQ(what, "own.lb1: CRC ETHANOL: " + row["text"].get<std::string>());
+  std::string const csv = Good("check own.lb1 --csv");
+  for (char const* name : {"expected from", "strength", "fingerprint", "evidence"}) {
+    EXPECT_EQ(csv.find(name), std::string::npos) << "the other forms stay as they were";
+  }
+}
+
+TEST_F(CheckFormsTest, FindingsAreInTheOrderOfSeverityAndStrength) {
+  std::map<std::string, int> const ranks = {
+      {"damage", 0}, {"error", 1}, {"warning", 2}, {"note", 3}};
+  json const found = Checked("perry.lb1 crc.lb1 --min-strength 0", 0)["findings"];
+  ASSERT_GT(found.size(), 20U);
+  for (std::size_t i = 1; i < found.size(); ++i) {
+    int const before = ranks.at(found[i - 1]["severity"]);
+    int const rank = ranks.at(found[i]["severity"]);
+    EXPECT_LE(before, rank) << i;
+    if (before != rank) continue;
+    EXPECT_GE(found[i - 1]["strength"], found[i]["strength"]) << i;
+  }
+}
+
+TEST_F(CheckFormsTest, MinStrengthLeavesOutWeakerFindings) {
+  MakeWorse();
+  json const all = Checked("own.lb1 --min-strength 0", 0)["findings"];
+  EXPECT_EQ(Checked("own.lb1", 0)["findings"],
+            Checked("own.lb1 --min-strength 0.5", 0)["findings"]);
+  for (char const* least : {"0.25", "0.5", "0.85", "1"}) {
+    json expected = json::array();
+    std::size_t weaker = 0;
+    for (json const& one : all) {
+      // The last digits of a strength are not shown.
+      double const distance = one["strength"].get<double>() - std::stod(least);
+      if (distance > 0.005) expected.push_back(one["what"]);
+      if (distance < -0.005) ++weaker;
+    }
+    json const found = Checked("own.lb1 --min-strength " + std::string(least), 0)["findings"];
+    EXPECT_LE(found.size(), all.size() - weaker) << least;
+    ASSERT_GE(found.size(), expected.size()) << least;
+    for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(found[i]["what"], expected[i]);
+    EXPECT_GT(weaker, 0U) << least;
+  }
+  for (char const* word : {"-0.1", "1.01", "much", "nan", "50%"}) {
+    Fails("crc.lb1 --min-strength " + std::string(word), 2, "--min-strength");
+  }
+}
+
+// Damage and errors are certain.
+TEST_F(CheckFormsTest, MinStrengthLeavesDamageIn) {
+  Damage("perry.lb1");
+  json const found = Checked("perry.lb1 --min-strength 1", 1)["findings"];
+  ASSERT_GE(found.size(), 1U);
+  EXPECT_EQ(found[0]["severity"], "damage");
+  EXPECT_EQ(found[0]["strength"], 1.0);
 }
 
 TEST_F(CheckFormsTest, FailOnSaysFromWhichSeverityACheckFails) {
@@ -88,6 +149,24 @@ TEST_F(CheckFormsTest, FindingsOfABaselineDoNotCount) {
   EXPECT_EQ(fresh["gone"], 0);
   MakeFile("base.json", Zel("check new/crc.lb1 --json").out);
   EXPECT_EQ(StatusOf("new/crc.lb1 --baseline base.json --fail-on warning"), 0);
+}
+
+// A judged finding is the same as long as the datum and what is stored for it are, whatever else it
+// is compared with.
+TEST_F(CheckFormsTest, BaselineKnowsAJudgedFindingByItsFingerprint) {
+  MakeWorse();
+  json const alone = Row(Checked("own.lb1", 0)["findings"], "item", "ETHANOL");
+  MakeFile("base.json", Zel("check own.lb1 --json").out);
+  json const beside = Row(Checked("own.lb1 perry.lb1", 0)["findings"], "datum", "MW");
+  EXPECT_EQ(beside["fingerprint"], alone["fingerprint"]);
+  EXPECT_NE(beside["evidence"], alone["evidence"]);
+  json const fresh = Checked("own.lb1 perry.lb1 --baseline base.json", 0)["findings"];
+  for (json const& one : fresh) EXPECT_NE(one["fingerprint"], alone["fingerprint"]) << one;
+  Good("edit own.lb1 ETHANOL MW 48");
+  json const other = Checked("own.lb1 --baseline base.json", 0);
+  ASSERT_EQ(other["findings"].size(), 1U);
+  EXPECT_NE(other["findings"][0]["fingerprint"], alone["fingerprint"]);
+  EXPECT_EQ(other["gone"], 1);
 }
 
 TEST_F(CheckFormsTest, FindingsThatAreGoneAreReported) {
@@ -167,6 +246,12 @@ TEST_F(CheckFormsTest, SarifHasWhatTheStandardRequires) {
     EXPECT_EQ(uri, result["baselineState"] == "absent" ? "own.lb1" : "a%20b/own.lb1");
     EXPECT_FALSE(place.at("logicalLocations").at(0).at("fullyQualifiedName").empty());
     prints.insert(result.at("partialFingerprints").at("zelFinding/v1"));
+    EXPECT_GE(result.at("rank"), 50);
+    EXPECT_LE(result.at("rank"), 100);
+    if (result["ruleId"] == "formula-weight" && result["baselineState"] == "new") {
+      std::string const evidence = result.at("properties").at("evidence").at(0);
+      EXPECT_EQ(evidence.find("MW of "), 0U) << evidence;
+    }
   }
   EXPECT_EQ(states["new"], 1U);
   EXPECT_EQ(states["absent"], 1U);

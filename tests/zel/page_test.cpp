@@ -209,7 +209,14 @@ TEST_F(PageTest, ReportHasComponentsPairsAndFindings) {
   std::size_t pairs = 0;
   for (json const& bank : data["pairs"]) pairs += bank["pairs"].size();
   EXPECT_EQ(report["pairs"], pairs);
-  EXPECT_EQ(data["findings"].size(), Json("check perry.lb1 sample.lb1")["findings"].size());
+  json const found = Json("check perry.lb1 sample.lb1")["findings"];
+  ASSERT_EQ(data["findings"].size(), found.size());
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    json const& row = data["findings"][i];
+    EXPECT_EQ(row[0], found[i]["severity"]) << i;
+    EXPECT_EQ(row[1], found[i]["id"]) << i;
+    EXPECT_EQ(row[2].get<std::string>() + ": " + row[3].get<std::string>(), found[i]["what"]) << i;
+  }
   EXPECT_LE(data["error"].get<double>(), 1e-5);
   std::string const html = FileText(Folder() / "r.html");
   EXPECT_NE(html.find("<title>&lt;A&gt; &amp; B</title>"), std::string::npos);

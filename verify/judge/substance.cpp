@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
+#include <string>
 
 namespace zel {
 namespace {
@@ -17,6 +19,16 @@ std::vector<std::pair<double, Record const*>> Sorted(std::vector<Record const*> 
   std::stable_sort(values.begin(), values.end(),
                    [](auto const& a, auto const& b) { return a.first < b.first; });
   return values;
+}
+
+// What a component without a CAS number is known by: its number, then its IDs.
+std::vector<std::string> NamesOf(ZelIdentity const& identity) {
+  std::vector<std::string> names;
+  if (identity.number != 0) names.push_back("#" + std::to_string(identity.number));
+  for (char const* const id : identity.ids) {
+    if (*id != '\0') names.emplace_back(id);
+  }
+  return names;
 }
 
 }  // namespace
@@ -49,37 +61,31 @@ Composition const& Substance::Atoms() const {
 
 std::vector<Substance> SubstancesOf(std::deque<Record> const& records) {
   std::vector<Substance> substances;
-  std::map<std::int32_t, std::vector<std::size_t>> byCas;
-  std::map<std::int32_t, std::vector<std::size_t>> byNumber;
-  std::vector<Record const*> withoutCas;
+  std::map<std::int32_t, std::size_t> byCas;
+  std::map<std::string, std::vector<std::size_t>, std::less<>> byName;
+  auto const add = [&](std::size_t place, Record const& record) {
+    if (place == substances.size()) substances.emplace_back();
+    substances[place].Add(record);
+    for (std::string const& name : NamesOf(record.Identity())) {
+      auto& places = byName[name];
+      if (std::find(places.begin(), places.end(), place) == places.end()) places.push_back(place);
+    }
+  };
+  for (Record const& record : records) {
+    std::int32_t const cas = record.Identity().casNumber;
+    if (cas != 0) add(byCas.emplace(cas, substances.size()).first->second, record);
+  }
   for (Record const& record : records) {
     ZelIdentity const& identity = record.Identity();
-    if (identity.casNumber == 0) {
-      withoutCas.push_back(&record);
-      continue;
+    if (identity.casNumber != 0) continue;
+    std::optional<std::size_t> known;
+    for (std::string const& name : NamesOf(identity)) {
+      for (std::size_t const place : byName[name]) {
+        ZelIdentity const& other = substances[place].Records().front()->Identity();
+        if (!known && CompareIdentities(other, identity) == identityAgrees) known = place;
+      }
     }
-    auto& known = byCas[identity.casNumber];
-    if (known.empty()) {
-      known.push_back(substances.size());
-      byNumber[identity.number].push_back(substances.size());
-      substances.emplace_back();
-    }
-    substances[known.front()].Add(record);
-  }
-  for (Record const* const record : withoutCas) {
-    ZelIdentity const& identity = record->Identity();
-    auto& known = byNumber[identity.number];
-    auto const at = std::find_if(known.begin(), known.end(), [&](std::size_t place) {
-      return CompareIdentities(substances[place].Records().front()->Identity(), identity) ==
-             identityAgrees;
-    });
-    bool const isKnown = identity.number != 0 && at != known.end();
-    std::size_t const place = isKnown ? *at : substances.size();
-    if (!isKnown) {
-      known.push_back(place);
-      substances.emplace_back();
-    }
-    substances[place].Add(*record);
+    add(known.value_or(substances.size()), record);
   }
   return substances;
 }

@@ -28,7 +28,8 @@ class Substance {
 };
 
 // Puts records that are about the same substance together: those with the same CAS number; one
-// without a CAS number belongs to those with its number whose formula is not another.
+// without a CAS number belongs to those with its number, or else an ID of it, whose formula is not
+// another.
 std::vector<Substance> SubstancesOf(std::deque<Record> const& records);
 
 }  // namespace zel

@@ -136,7 +136,7 @@ void AddCheckCommand(CommandLine& line) {
       .Option("--fail-on", o->failOn, "exit status 1 from error (default), warning or note on",
               "SEVERITY")
       .Option("--min-strength", o->minStrength,
-              "report findings of at least this strength, 0 to 1; 0.5 if not given", "NUMBER")
+              "the least strength to report, 0 to 1 (default 0.5)", "NUMBER")
       .Option("--baseline", o->baseline, "report what this output of --json does not have", "FILE")
       .Option("--format", o->format, "print sarif or junit", "FORM")
       .Flag("--accept-identity", o->check.acceptIdentity,
