@@ -128,27 +128,31 @@ TEST_F(DiagnosisTest, ADatumThatHardlyMattersIsNotNamed) {
 
 TEST(SubstanceTest, RecordsOfOneCasNumberAreOneSubstance) {
   std::deque<Record> records;
-  auto const add = [&](std::int32_t number, std::int32_t cas, char const* formula) {
+  auto const add = [&](std::int32_t number, std::int32_t cas, char const* formula, char const* id) {
     ComponentView const component;
     GoodComponent good;
     good.number = number;
     good.cas = cas;
     good.formula = formula;
+    good.id = id;
     good.Fill(*component.Face());
     records.emplace_back(component, CheckedItem("own", CheckedBank("PURECOMP", "TEST"), {number},
                                                 "GOOD", "TEST GOOD"));
   };
-  add(1, 7732185, "H2O");
-  add(2, 7732185, "H2O");  // another number, the same CAS number
-  add(1, 64175, "C2H6O");  // the number of water
-  add(1, 0, "H2O");        // no CAS number: by number and formula
-  add(3, 0, "");
+  add(1, 7732185, "H2O", "WATER");
+  add(2, 7732185, "H2O", "STEAM");  // another number, the same CAS number
+  add(1, 64175, "C2H6O", "ETOH");   // the number of water
+  add(1, 0, "H2O", "LAKE");         // no CAS number: by number and formula
+  add(3, 0, "", "OTHER");
+  add(4, 0, "", "STEAM");     // by an ID
+  add(5, 0, "CH4", "STEAM");  // the ID, but another formula
   std::vector<Substance> const substances = SubstancesOf(records);
-  ASSERT_EQ(substances.size(), 3U);
+  ASSERT_EQ(substances.size(), 4U);
   EXPECT_EQ(substances[0].Records(),
-            (std::vector<Record const*>{&records[0], &records[1], &records[3]}));
+            (std::vector<Record const*>{&records[0], &records[1], &records[3], &records[5]}));
   EXPECT_EQ(substances[1].Records(), std::vector<Record const*>{&records[2]});
   EXPECT_EQ(substances[2].Records(), std::vector<Record const*>{&records[4]});
+  EXPECT_EQ(substances[3].Records(), std::vector<Record const*>{&records[6]});
 }
 
 TEST(SlipTest, FactorsAndOffsetsOfUnits) {
