@@ -49,9 +49,9 @@ std::string TextOf(zel::ZelDataEvidence const& evidence) {
 // Two digits after the point say all that there is to say.
 double Rounded(double strength) { return std::round(strength * 100.0) / 100.0; }
 
-std::string Joined(std::vector<std::string> const& texts) {
+std::string EvidenceOf(Finding const& finding) {
   std::string joined;
-  for (std::string const& text : texts) joined += (joined.empty() ? "" : "; ") + text;
+  for (std::string const& text : finding.evidence) joined += (joined.empty() ? "" : "; ") + text;
   return joined;
 }
 
@@ -124,8 +124,7 @@ Table FindingTable(std::string const& name, std::vector<Finding> const& findings
     table.Add(WordOf(one.severity), one.id, LineOf(one), one.library, one.place, Text(one.bank),
               Text(one.item), Text(one.datum), Number(one.value), Text(one.unit),
               Number(one.expectedMin), Number(one.expectedMax), Number(one.temperature),
-              Number(Rounded(one.strength)), FingerprintOf(one), Text(Joined(one.evidence)),
-              one.text);
+              Number(Rounded(one.strength)), FingerprintOf(one), Text(EvidenceOf(one)), one.text);
   }
   return table;
 }

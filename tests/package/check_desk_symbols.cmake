@@ -10,7 +10,7 @@ endif()
 set(names Component Item Libraries Error OpenError LibraryInUse DamagedLibrary MissingComponent
             ConflictingIdentity MissingItem MissingDatum UnknownWord SearchPath
             Append Table Change UndoLastChange HistoryOf DataOf PairsOf CoverageOf CompareSources
-            TableTextOf FlattenTo SheetOf ReportOf Evaluator LibraryFile WhyOf CheckOf BankTypes
+            TableTextOf FlattenTo SheetOf ReportOf Evaluator LibraryFile WhyOf CheckOf FindingsOf BankTypes
             FieldsOfType MissingBank)
 set(seen "")
 set(bad "")
