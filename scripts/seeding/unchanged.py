@@ -1,4 +1,4 @@
-"""Findings on unchanged sources, and what a person judged them to be."""
+"""Findings on unchanged sources, and the verdicts on them."""
 import csv
 import json
 from collections import Counter
@@ -25,7 +25,7 @@ def read_sheet(path: str) -> Dict[str, dict]:
 
 
 def write_sheet(path: str, findings: List[dict], judged: Dict[str, dict]) -> None:
-    """Findings for a person to judge; those judged before keep their verdict and its reason."""
+    """Findings to be judged; those judged before keep their verdict and its reason."""
     with open(path, 'w', encoding='utf-8', newline='') as stream:
         rows = csv.writer(stream)
         rows.writerow(_COLUMNS)
