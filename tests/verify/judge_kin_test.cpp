@@ -343,12 +343,11 @@ TEST_F(Kin, SubstanceUnlikeAllOthersHasAWideTolerance) {
 TEST_F(Kin, SubstancesOutsideTheSampleAreCompared) {
   for (int repeat = 0; repeat < 22; ++repeat) MakeSeries(15);
   ASSERT_GT(series_.size(), 1200U);
-  series_[4 * 9 + 1].vdwv *= 1.3;
-  series_[4 * 9 + 2].vdwv *= 1.3;
-  for (std::size_t i : {4 * 9 + 1, 4 * 9 + 2}) series_[i].factor = 1.3;
+  series_[37].vdwv *= 1.3;
+  series_[38].vdwv *= 1.3;
+  for (std::size_t const i : {std::size_t{37}, std::size_t{38}}) series_[i].factor = 1.3;
   Judge();
-  std::string const expected =
-      series_[4 * 9 + 1].formula + " VDWV\n" + series_[4 * 9 + 2].formula + " VDWV\n";
+  std::string const expected = series_[37].formula + " VDWV\n" + series_[38].formula + " VDWV\n";
   EXPECT_EQ(Deviating(1.5), expected);
 }
 

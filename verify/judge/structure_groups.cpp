@@ -37,7 +37,7 @@ class SmilesReader {
       if (!Next()) return false;
     }
     if (atoms_.empty() || !open_.empty() || !rings_.empty()) return false;
-    return std::all_of(atoms_.begin(), atoms_.end(), [this](Atom& atom) { return Saturate(atom); });
+    return std::all_of(atoms_.begin(), atoms_.end(), [](Atom& atom) { return Saturate(atom); });
   }
   std::vector<Atom>& Atoms() { return atoms_; }
   std::size_t Bonds() const { return bonds_; }
