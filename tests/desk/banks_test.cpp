@@ -156,9 +156,8 @@ TEST_F(DeskBanksTest, FindingsHaveAStrengthAFingerprintAndEvidence) {
   EXPECT_EQ(strong.Rows(), desk::CheckOf(Paths({"crc.lb1", "perry.lb1"})).Rows());
   EXPECT_LE(strong.Rows().size() + weak, all.Rows().size());
   check.minStrength = 1.0;
-  for (auto const& row : desk::FindingsOf(Paths({"crc.lb1", "perry.lb1"}), check).Rows()) {
-    EXPECT_EQ(strengthOf(row), 1.0);
-  }
+  desk::Table const certain = desk::FindingsOf(Paths({"crc.lb1", "perry.lb1"}), check);
+  for (auto const& row : certain.Rows()) EXPECT_EQ(strengthOf(row), 1.0);
   check.structureOnly = true;
   EXPECT_TRUE(desk::FindingsOf(Paths({"crc.lb1"}), check).Empty());
   check.structureOnly = false;
