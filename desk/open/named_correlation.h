@@ -22,7 +22,7 @@ std::string WarningOf(std::string const& component, zel::ZelCorrelationInfo cons
 
 // What to say about a temperature without a unit that is below the ranges of all records in K, but
 // would be within that of one in degrees Celsius: "25 is in K and below the range; 25C is in
-// degrees Celsius". Empty if there is no such word, and if a unit of temperatures was chosen.
+// degrees Celsius". Empty if no word is such a number, and if a unit of temperatures was chosen.
 std::string HintForBareNumber(std::vector<std::string> const& words,
                               std::vector<Curve> const& curves, DisplayUnits const& units);
 

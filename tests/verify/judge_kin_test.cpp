@@ -203,7 +203,7 @@ class Kin : public ::testing::Test {
     AddKinComparisons(substances_, tensions_);
     return tensions_;
   }
-  // The comparison of a datum of a substance; null if there is none.
+  // The comparison of a datum of a substance; null if it was not compared.
   Tension const* Of(std::string const& formula, Datum datum) const {
     for (auto const& all : tensions_) {
       for (Tension const& one : all) {

@@ -61,7 +61,8 @@ inline bool MayBond(Reading const& r) {
 // Whether laws of corresponding states hold at all.
 inline bool Corresponds(Reading const& r) { return !IsQuantumFluid(r) && !FormsChains(r); }
 
-// Heat capacities in kJ/kg-mol-K: the curve, or the slope of the enthalpy where there is none.
+// Heat capacities in kJ/kg-mol-K: the curve, or the slope of the enthalpy of a
+// component without that curve.
 inline double HeatCapacity(Reading& r, zelCorrelations capacity, zelCorrelations enthalpy,
                            double kelvin) {
   double value = r.OwnAt(capacity, kelvin);

@@ -44,7 +44,7 @@ JudgedFinding::JudgedFinding(Suspicion const& suspicion, Substance const& substa
                              datum.Name() + '\n' + record.StoredText(datum));
 }
 
-// The worst comparison of a value of the datum itself; if there is none, the worst of all.
+// The worst comparison of a value of the datum itself; the worst of all if none is about it.
 void JudgedFinding::ChooseMain() {
   auto const& all = suspicion_.against;
   auto const own = std::find_if(all.begin(), all.end(), [&](Tension const& tension) {

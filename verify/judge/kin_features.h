@@ -72,7 +72,7 @@ class KinFeatures {
   std::span<Near const> NearestOf(std::uint32_t substance) const {
     return described_[substance].nearest;
   }
-  // The median of a constant; undefined if there is none.
+  // The median of a constant; undefined if no record has it.
   double Median(std::uint32_t substance, std::uint32_t constant) const;
 
  private:

@@ -13,7 +13,8 @@ namespace zel {
 // Reads data of one record, and of the others of its substance where it has none. Remembers what
 // was read: those are the data that a deviation puts in doubt.
 //
-// What is missing is NaN, so that a relation computes on: an outcome that is not a number is none.
+// What is missing is NaN, so that a relation computes on; an outcome that is not a number is
+// ignored.
 class Reading {
  public:
   Reading(Record const& own, Substance const& substance) : own_(own), substance_(substance) {}

@@ -53,11 +53,11 @@ class Record {
   ZelIdentity const& Identity() const { return identity_; }
   // Atoms by element; empty if the formula has none.
   Composition const& Atoms() const { return atoms_; }
-  // The SMILES text; empty if there is none.
+  // The SMILES text; empty if the component has none.
   std::string const& Smiles() const { return smiles_; }
 
   bool Has(Datum datum) const;
-  // Undefined if there is none.
+  // Undefined if the component does not have it.
   double Constant(std::uint32_t index) const { return constants_[index]; }
   // False for Expansion and for equations 38 and 54, which cannot be evaluated by themselves.
   bool HasCurve(std::uint32_t index) const { return curves_[index] >= 0; }
@@ -66,7 +66,7 @@ class Record {
   KelvinRange RangeOf(std::uint32_t curve) const;
   ZelCorrelation const& Curve(std::uint32_t curve) const;
   // The value at a temperature in K within the range and 0.5 K around it (a number needs no range),
-  // in the curve's internal unit; undefined if there is none or it is not finite.
+  // in the curve's internal unit; undefined elsewhere, and if it is not finite.
   double At(std::uint32_t curve, double kelvin) const;
   // The same without regard to the range: what the equation itself gives.
   double Extended(std::uint32_t curve, double kelvin) const;

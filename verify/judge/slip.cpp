@@ -65,7 +65,7 @@ std::string TemperatureSlip(double value, double expected, double play) {
                     {expected + kZeroCelsius, "K taken for C"},
                     {expected * 1.8 - 459.67, "F taken for K"},
                     {(expected + 459.67) / 1.8, "K taken for F"}};
-  constexpr double kApart = 10.0;  // a slip that changes less is not told from an uncertain value
+  constexpr double kApart = 10.0;  // a smaller change may be the uncertainty of the value
   for (auto const& row : rows) {
     if (std::abs(row.wrong - expected) < kApart * step) continue;
     if (std::abs(value - row.wrong) <= step) return row.text;

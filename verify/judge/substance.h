@@ -16,7 +16,7 @@ class Substance {
   // The record whose value is the median of those that have the constant; null if none has it. Of
   // an even number the lower of the two in the middle.
   Record const* MedianRecord(std::uint32_t constant) const;
-  // The median of the values; undefined if there is none.
+  // The median of the values; undefined if no record has one.
   double Median(std::uint32_t constant) const;
   // The record with the median value of the curve at the temperature, as above.
   Record const* RecordAt(std::uint32_t curve, double kelvin) const;

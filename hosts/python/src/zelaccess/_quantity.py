@@ -63,8 +63,8 @@ class Quantity(float):
     def __str__(self) -> str:
         return repr(self)
 
-    def __format__(self, spec: str) -> str:
-        return format(float(self), spec) if spec else str(self)
+    def __format__(self, form: str) -> str:
+        return format(float(self), form) if form else str(self)
 
     def __reduce__(self) -> Any:
         return Quantity, (float(self), self.unit, self.source, self.code, self.state,
