@@ -97,8 +97,12 @@ void BlockStore::CloseFile(int number) noexcept {
 }
 
 void BlockStore::CloseAll() noexcept {
-  nodeFile_ = {};
-  for (FileSlot& slot : slots_) slot = {};
+  nodeFile_.blocks = 0;
+  for (FileSlot& slot : slots_) {
+    slot.file.reset();
+    slot.state = kAbsent;
+    slot.blockWords = 0;
+  }
   ++closings_;
 }
 
@@ -217,7 +221,7 @@ std::int32_t BlockStore::ReadBlock(std::int32_t address, std::int32_t words, std
   BlockAddress const a = CheckedForReading(address);
   std::size_t const count = Count(words);
   FileSlot& slot = Slot(a.file);
-  if (slot.state != kOpen && OpenFile(a.file, false, false) != openOk) {
+  if (!OpenOnDemand(a.file)) {
     std::fill_n(buffer, count, 0);
     return -1;
   }
@@ -233,11 +237,21 @@ std::int32_t BlockStore::ReadOrThrow(std::int32_t address, std::int32_t words,
 
 void BlockStore::MarkOpen(bool open) noexcept {
   open_ = open;
-  nodeFile_ = {};
+  nodeFile_.blocks = 0;
   viewsAskedFor_ = 0;
+  nodeFileAskedFor_ = false;
+}
+
+// Opens a file that a read needs, unless it is open.
+bool BlockStore::OpenOnDemand(int number) {
+  if (Slot(number).state == kOpen) return true;
+  std::lock_guard const turn(onDemand_);
+  return Slot(number).state == kOpen || OpenFile(number, false, false) == openOk;
 }
 
 void BlockStore::MapNodeFile() noexcept {
+  std::lock_guard const turn(onDemand_);
+  if (nodeFileAskedFor_.exchange(true)) return;
   FileSlot const& slot = Slot(2);
   if (mode_ != accRead || !kNativeIsFileOrder || !slot.file || fileCount_ < 2 ||
       slot.blockWords != format::kNodeWords) {
@@ -247,8 +261,9 @@ void BlockStore::MapNodeFile() noexcept {
       std::min<std::size_t>(slot.file->Size() / kNodeBytes, format::kMaxBlock);
   std::byte const* bytes = slot.file->View(0, blocks * kNodeBytes);
   if (blocks == 0 || bytes == nullptr) return;
-  nodeFile_ = {reinterpret_cast<std::int32_t const*>(bytes), BlockAddress{libType_, 2, 1}.Word(),
-               static_cast<std::uint32_t>(blocks)};
+  nodeFile_.words = reinterpret_cast<std::int32_t const*>(bytes);
+  nodeFile_.firstAddress = BlockAddress{libType_, 2, 1}.Word();
+  nodeFile_.blocks.store(static_cast<std::uint32_t>(blocks), std::memory_order_release);
 }
 
 std::int32_t const* BlockStore::ViewOfAnyFile(std::int32_t address, std::int32_t words) {
@@ -256,13 +271,9 @@ std::int32_t const* BlockStore::ViewOfAnyFile(std::int32_t address, std::int32_t
   BlockAddress const a = CheckedForReading(address);
   if (mode_ != accRead || !kNativeIsFileOrder) return nullptr;
   if (viewsAskedFor_ <= kCopiesFirst && ++viewsAskedFor_ <= kCopiesFirst) return nullptr;
-  if (viewsAskedFor_ == kCopiesFirst + 1) {
-    ++viewsAskedFor_;
-    MapNodeFile();
-  }
-  FileSlot& slot = Slot(a.file);
-  if (slot.state != kOpen && OpenFile(a.file, false, false) != openOk) return nullptr;
-  std::byte const* bytes = slot.file->View(OffsetOf(a), Count(words) * format::kWordBytes);
+  if (!nodeFileAskedFor_) MapNodeFile();
+  if (!OpenOnDemand(a.file)) return nullptr;
+  std::byte const* bytes = Slot(a.file).file->View(OffsetOf(a), Count(words) * format::kWordBytes);
   return reinterpret_cast<std::int32_t const*>(bytes);
 }
 
@@ -368,7 +379,7 @@ void BlockStore::FreeBlock(std::int32_t& address, std::int32_t words) {
 
 std::int64_t BlockStore::BytesInFile(int number) const noexcept {
   FileSlot const& slot = Slot(number);
-  return slot.file ? static_cast<std::int64_t>(slot.file->Size()) : 0;
+  return slot.state == kOpen ? static_cast<std::int64_t>(slot.file->Size()) : 0;
 }
 
 std::int64_t BlockStore::BlocksInFile(int number) const noexcept {

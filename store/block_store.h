@@ -2,9 +2,11 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "frame/platform/block_file.h"
@@ -20,6 +22,9 @@ namespace zel {
 // Blocks are fixed-size records, a size per file, numbered from 1. A run of blocks is addressed by
 // its first block. Everything in a library is accessed through ReadBlock, WriteBlock and FreeBlock,
 // which throw the address when it cannot be a block of this library (see block_address.h).
+//
+// Several threads may read blocks of a store open for reading at the same time. Everything else
+// comes one call at a time.
 class BlockStore {
  public:
   enum State : std::uint8_t { kAbsent = 0, kPresent = 1, kOpen = 2 };
@@ -95,10 +100,11 @@ class BlockStore {
   // reads an item and closes, copies are faster than a map. Valid until the file is closed. Throws
   // like ReadBlock.
   std::int32_t const* View(std::int32_t address, std::int32_t words) {
-    std::uint32_t const block =
-        static_cast<std::uint32_t>(address) - static_cast<std::uint32_t>(nodeFile_.firstAddress);
-    if (words == format::kNodeWords && block < nodeFile_.blocks) {
-      return nodeFile_.words + std::size_t{block} * format::kNodeWords;
+    std::uint32_t const blocks = nodeFile_.blocks.load(std::memory_order_acquire);
+    if (words == format::kNodeWords && blocks != 0) {
+      std::uint32_t const block =
+          static_cast<std::uint32_t>(address) - static_cast<std::uint32_t>(nodeFile_.firstAddress);
+      if (block < blocks) return nodeFile_.words + std::size_t{block} * format::kNodeWords;
     }
     return ViewOfAnyFile(address, words);
   }
@@ -122,16 +128,17 @@ class BlockStore {
  private:
   struct FileSlot {
     std::unique_ptr<platform::BlockFile> file;
-    State state = kAbsent;
+    std::atomic<State> state = kAbsent;
     std::int32_t blockWords = 0;
   };
 
   // The second file of a library open for reading, as mapped; it holds nearly all nodes. Empty if
-  // the file is not mapped or its blocks do not have the size of a node.
+  // the file is not mapped or its blocks do not have the size of a node. The number of blocks is
+  // set last: a thread that sees it sees the others.
   struct NodeFile {
     std::int32_t const* words = nullptr;
     std::int32_t firstAddress = 0;
-    std::uint32_t blocks = 0;
+    std::atomic<std::uint32_t> blocks = 0;
   };
 
   FileSlot& Slot(int number) noexcept { return slots_[static_cast<std::size_t>(number)]; }
@@ -139,6 +146,7 @@ class BlockStore {
     return slots_[static_cast<std::size_t>(number)];
   }
   std::string PathOf(int number) const;
+  bool OpenOnDemand(int number);
   std::int32_t const* ViewOfAnyFile(std::int32_t address, std::int32_t words);
   void MapNodeFile() noexcept;
   BlockAddress CheckedForReading(std::int32_t address) const;
@@ -162,7 +170,9 @@ class BlockStore {
   std::int32_t fileCount_ = 0;
   std::array<FileSlot, format::kFileSlots> slots_;
   NodeFile nodeFile_;
-  int viewsAskedFor_ = 0;
+  std::atomic<int> viewsAskedFor_ = 0;
+  std::atomic<bool> nodeFileAskedFor_ = false;
+  std::mutex onDemand_;  // for what a read opens or maps
   ExtentList extents_;
   NodePool nodes_;
   // The state at BeginUndo.

@@ -90,6 +90,13 @@ class BTree_i {
     return WalkOn(entry);
   }
 
+  // True if the data that Find has just found are in a copy of the node, which the next operation
+  // can overwrite.
+  bool IsAtCopy() const noexcept {
+    Level const& level = level_[current_];
+    return level.own != nullptr && level.words == level.own->data();
+  }
+
   // The number of searches and walks so far.
   std::uint64_t Searches() const noexcept { return searches_; }
 

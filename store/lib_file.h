@@ -4,11 +4,14 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/block_store.h"
 #include "store/btree.h"
@@ -125,6 +128,8 @@ class LibFile_i final : public LibFile_p {
   void Shut() noexcept;
   // lib_file_find.cpp
   bool DirectoryIsSound() const noexcept;
+  bool SearchDirectory(char const* type, char const* name, std::int32_t const*& data, bool marker);
+  bool FindNumbers(BTree_i& tree, std::int32_t const* key, std::int32_t const*& data);
   // lib_file.cpp
   HeaderImage PackedHeader() const noexcept;
   void LeaveNameIndex() noexcept;
@@ -150,8 +155,14 @@ class LibFile_i final : public LibFile_p {
   std::optional<BTree_i> bankTree_;
   std::optional<BTree_i> idTree_;
   std::optional<BTree_i> casTree_;
-  // The entry returned by FindBank, where the directory's nodes are read in place.
-  std::array<std::int32_t, format::kBankDataWords> foundEntry_{};
+  // Threads that read the library take turns in its trees, whose position each search moves. What
+  // they found stays where it is: bank entries by the key that is tried first, and the data of
+  // components where they are not in the mapped file.
+  using BankKey = std::array<std::int32_t, format::kBankKeyWords>;
+  using BankEntry = std::array<std::int32_t, format::kBankDataWords>;
+  std::mutex searching_;
+  std::map<BankKey, BankEntry> foundBanks_;
+  std::set<std::vector<std::int32_t>> foundNumbers_;
 
   static std::recursive_mutex nameIndexBusy_;
   static std::atomic<LibFile*> nameIndex_;

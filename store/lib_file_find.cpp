@@ -1,5 +1,6 @@
 // Look-ups in the library's own trees.
 #include <algorithm>
+#include <mutex>
 #include <string_view>
 
 #include "frame/ascii.h"
@@ -35,27 +36,40 @@ bool LibFile_i::DirectoryIsSound() const noexcept {
 
 // The order of the two searches matters: a failure leaves the directory's position at the key with
 // `marker`, where CreateBank then inserts.
+bool LibFile_i::SearchDirectory(char const* type, char const* name, std::int32_t const*& data,
+                                bool marker) {
+  std::int32_t key[f::kBankKeyWords];
+  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, !marker);
+  if (bankTree_->Find(key, data)) return true;
+  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, marker);
+  return bankTree_->Find(key, data);
+}
+
 bool LibFile_i::FindBank(char const* type, char const* name, std::int32_t const*& entry,
                          bool marker) {
   if (!DirectoryIsSound() || !Fits(type, name)) return false;
   std::int32_t const* data = nullptr;
-  std::int32_t key[f::kBankKeyWords];
-  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, !marker);
-  if (!bankTree_->Find(key, data)) {
-    MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, marker);
-    if (!bankTree_->Find(key, data)) return false;
-  }
   if (store_.Mode() == accUpdate) {
+    if (!SearchDirectory(type, name, data, marker)) return false;
     std::int32_t* own = nullptr;  // in the node buffer, so that a later write of the node includes
                                   // it
     bankTree_->GetCurrentData(own);
     RepairEntry(own);
     entry = own;
-  } else {
-    std::copy_n(data, f::kBankDataWords, foundEntry_.begin());
-    RepairEntry(foundEntry_.data());
-    entry = foundEntry_.data();
+    return true;
   }
+  std::lock_guard const turn(searching_);
+  BankKey key;
+  MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key.data(), !marker);
+  auto known = foundBanks_.find(key);
+  if (known == foundBanks_.end()) {
+    if (!SearchDirectory(type, name, data, marker)) return false;
+    BankEntry found;
+    std::copy_n(data, found.size(), found.begin());
+    RepairEntry(found.data());
+    known = foundBanks_.emplace(key, found).first;
+  }
+  entry = known->second.data();
   return true;
 }
 
@@ -64,7 +78,20 @@ bool LibFile_i::HasBank(char const* type, char const* name) {
   std::int32_t const* data = nullptr;
   std::int32_t key[f::kBankKeyWords];
   MakeBankKey(TextOrEmpty(type), TextOrEmpty(name), key, true);
+  std::lock_guard const turn(searching_);
   return bankTree_->Find(key, data);
+}
+
+// A search of one of the trees of components. What a reader finds is in the mapped file, or kept.
+bool LibFile_i::FindNumbers(BTree_i& tree, std::int32_t const* key, std::int32_t const*& data) {
+  if (store_.Mode() == accUpdate) return tree.Find(key, data);
+  std::lock_guard const turn(searching_);
+  if (!tree.Find(key, data)) return false;
+  if (tree.IsAtCopy()) {
+    int const words = std::max<int>(tree.Head().entryDataWords, 1);
+    data = foundNumbers_.emplace(data, data + words).first->data();
+  }
+  return true;
 }
 
 bool LibFile_i::FindIdNumbers(char const* id, std::int32_t const*& data) {
@@ -75,12 +102,12 @@ bool LibFile_i::FindIdNumbers(char const* id, std::int32_t const*& data) {
   for (char& c : upper) c = ToUpper(c);
   std::int32_t key[f::kMaxKeyWords] = {};
   TextToWords(upper, key, f::kIdKeyWords);
-  return idTree_->Find(key, data);
+  return FindNumbers(*idTree_, key, data);
 }
 
 bool LibFile_i::FindCasNumbers(casn const& number, std::int32_t const*& data) {
   std::int32_t const key[f::kMaxKeyWords] = {static_cast<std::int32_t>(static_cast<long>(number))};
-  return casTree_ && key[0] != 0 && casTree_->Find(key, data);
+  return casTree_ && key[0] != 0 && FindNumbers(*casTree_, key, data);
 }
 
 }  // namespace zel

@@ -176,6 +176,8 @@ void LibFile_i::DropTrees() noexcept {
   bankTree_.reset();
   idTree_.reset();
   casTree_.reset();
+  foundBanks_.clear();
+  foundNumbers_.clear();
 }
 
 void LibFile_i::Shut() noexcept {

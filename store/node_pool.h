@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -15,16 +16,18 @@ namespace zel {
 using NodeImage = std::array<std::int32_t, format::kNodeWords>;
 
 // The free list of one library. A NodeBuffer takes an image when constructed and returns it when
-// destroyed, so the pool must outlive its buffers. Images are not cleared.
+// destroyed, so the pool must outlive its buffers. Images are not cleared. Threads may share it.
 class NodePool {
  public:
   std::unique_ptr<NodeImage> Take() {
+    std::lock_guard const turn(busy_);
     if (free_.empty()) return std::unique_ptr<NodeImage>(new NodeImage);
     std::unique_ptr<NodeImage> image = std::move(free_.back());
     free_.pop_back();
     return image;
   }
   void GiveBack(std::unique_ptr<NodeImage> image) noexcept {
+    std::lock_guard const turn(busy_);
     if (free_.size() == kKept) return;
     if (free_.capacity() < kKept) {
       try {
@@ -38,6 +41,7 @@ class NodePool {
 
  private:
   static constexpr std::size_t kKept = 64;
+  std::mutex busy_;
   std::vector<std::unique_ptr<NodeImage>> free_;
 };
 

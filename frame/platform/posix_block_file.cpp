@@ -18,6 +18,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
@@ -101,7 +102,7 @@ class PosixBlockFile final : public BlockFile {
         range_(writable ? kReservedRange : size) {}
 
   ~PosixBlockFile() override {
-    if (map_ != nullptr) ::munmap(map_, range_);
+    if (std::byte* const map = map_) ::munmap(map, range_);
     CutToSize();
   }
 
@@ -205,14 +206,19 @@ class PosixBlockFile final : public BlockFile {
     if (map_ != nullptr) ::madvise(map_, std::min(onDisk_, range_), MADV_DONTNEED);
   }
 
+  // Threads that read together may all make the map; one of them keeps it.
   bool EnsureMap() const noexcept {
-    if (map_ != nullptr) return true;
+    if (map_.load(std::memory_order_acquire) != nullptr) return true;
     if (mapRefused_ || range_ == 0) return false;
     int const protection = writable_ ? PROT_READ | PROT_WRITE : PROT_READ;
     void* map = ::mmap(nullptr, range_, protection, MAP_SHARED | MAP_NORESERVE, file_.Get(), 0);
-    mapRefused_ = map == MAP_FAILED;
-    if (!mapRefused_) map_ = static_cast<std::byte*>(map);
-    return !mapRefused_;
+    if (map == MAP_FAILED) {
+      mapRefused_ = true;
+      return false;
+    }
+    std::byte* none = nullptr;
+    if (!map_.compare_exchange_strong(none, static_cast<std::byte*>(map))) ::munmap(map, range_);
+    return true;
   }
 
   template <typename Step>
@@ -270,10 +276,10 @@ class PosixBlockFile final : public BlockFile {
   std::uint64_t onDisk_;      // upper bound of the present length, with the room allocated ahead
   std::uint64_t backed_ = 0;  // bytes before this have room on disk
   std::uint64_t range_;       // bytes that a map spans
-  int plainReads_ = 0;
+  std::atomic<int> plainReads_ = 0;
   std::optional<OftenUsedParts> often_;  // where memory is bounded
-  mutable bool mapRefused_ = false;
-  mutable std::byte* map_ = nullptr;
+  mutable std::atomic<bool> mapRefused_ = false;
+  mutable std::atomic<std::byte*> map_ = nullptr;
 };
 
 class PosixFiles final : public FileSystem {

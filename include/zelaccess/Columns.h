@@ -65,7 +65,8 @@ class LibFile;
 /// **Changes** of the bank end the walk: what Read returns after them is undefined, except that a
 /// library that was closed has no more rows. The library must outlive the reader.
 ///
-/// **Threads.** A reader belongs to the thread of its library (LibFile.h).
+/// **Threads.** A reader belongs to one thread, together with its library unless that is open for
+/// reading (LibFile.h).
 class ZEL_API ColumnReader {
  public:
   /// Begins a walk over the items of a bank. Throws a block error and std::bad_alloc.

@@ -58,11 +58,19 @@ enum openErrors : std::int32_t {
 ///
 /// **Threads.** Different libraries may be used by different threads at the same time, each with
 /// the LibMaint, LibSearch, keys and banks that work on it, also when they are opens of one file
-/// for reading. Calls on one library, and on what works on it, come one at a time. What the process
-/// shares is guarded, with three exceptions: the library that is set as the name index is used by
-/// no thread as a library of its own while others may fall back on it; the sort, filter and range
-/// of lists are shared by all threads (CompList.h); and the working folder and the environment are
-/// the host's to leave alone.
+/// for reading.
+///
+/// Any number of threads may also use one library that is open for reading, each with LibMaint,
+/// LibSearch, ColumnReader, key and bank objects of its own: reads, look-ups, searches, walks,
+/// columns, lists and exports, and the functions of this class that return something. Alone, with no
+/// other call on the library at the same time, come CloseLibFile, ReopenLibFile and DelLibFile;
+/// SetProgress, SetItemFindings, VerifyLibrary and the checks of data; and the trees and pointers
+/// of LibFile_p. Calls on a library open for update, and on what works on it, come one at a time.
+///
+/// What the process shares is guarded, with three exceptions: a library open for update that is
+/// set as the name index is used by no thread as a library of its own while others may fall back
+/// on it; the sort, filter and range of lists are shared by all threads (CompList.h); and the
+/// working folder and the environment are the host's to leave alone.
 class ZEL_API LibFile {
  public:
   /// Makes a library of two files, open for update; an existing file is overwritten as the new

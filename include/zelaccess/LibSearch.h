@@ -43,7 +43,9 @@ class LibFile;
 /// or blocks read that hold something else by now. After each such change, and before the next
 /// search, call a Set operation; it locates the banks again.
 ///
-/// **Threads.** One object belongs to one thread, together with its libraries (LibFile.h).
+/// **Threads.** One object belongs to one thread, together with its libraries, except those that
+/// are open for reading: any number of threads may use them, each with a LibSearch of its own
+/// (LibFile.h).
 class ZEL_API LibSearch {
  public:
   /// Makes a search that has nowhere to look. Throws std::bad_alloc.

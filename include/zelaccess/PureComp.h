@@ -132,7 +132,8 @@ enum zelStructureModels : std::uint32_t {
 /// fails; a null text is the empty text; a null input array fails unless none of its elements would
 /// be used.
 ///
-/// **Threads.** One object belongs to one thread at a time.
+/// **Threads.** One object belongs to one thread at a time. While none of them changes it, any
+/// number of threads may call EvaluateCorrelation and the functions that begin with Get.
 class ZEL_API IZelPureComp : public IUnknown {
  public:
   /// Reports whether Complete found that the stored critical constants contradict each other and
