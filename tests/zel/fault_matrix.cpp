@@ -1,13 +1,13 @@
-// Every operation on a file of every command of zel fails once. The outcome is the same as without
-// the failure, or an error that is reported. Files are then as they were, or, if the change was in
-// place before the operation ("late"), completely as the command makes them, and no later command
-// changes that.
+// Every operation on a file of every command of zel fails, in each of several ways. The outcome is
+// the same as without the failure, or an error that is reported. Files are then as they were, or,
+// if the change was in place before the operation ("late"), completely as the command makes them,
+// and no later command changes that.
 //
-//   fault_matrix [--every N] [--runs N] [--only WORD] [--zel PROGRAM]
+//   fault_matrix [--every N] [--runs N] [--only WORD] [--kind WORD] [--zel PROGRAM]
 //
 // With --every N one in N operations fails; with --runs N at most N of each command and kind of
-// failure, spread over the command; with --only the commands that have the word; with --zel a
-// program other than the one of this build.
+// failure, spread over the command; with --only the commands that have the word; with --kind the
+// kinds of failure whose name has the word; with --zel a program other than the one of this build.
 #include <unistd.h>
 
 #include <algorithm>
@@ -143,10 +143,31 @@ bool Has(std::string const& text, std::string const& part) {
   return text.find(part) != std::string::npos;
 }
 
+struct Kind {
+  char const* name;
+  Fault fault;
+  int share;  // of the runs that --runs allows, one in this many
+};
+
+// Writes are the operations that can need room on the disk. "from-on": all counted operations after
+// the first that fails fail, too.
+constexpr auto kFromOn = true;
+Kind const kKinds[] = {
+    {"error", {0, EIO, false, "", false, false}, 1},
+    {"error-unmapped", {0, EIO, false, "", false, true}, 1},
+    {"full-disk", {0, ENOSPC, true, "", false, false}, 1},
+    {"error-from-on", {0, EIO, false, "", kFromOn, false}, 3},
+    {"full-disk-from-on", {0, ENOSPC, true, "", kFromOn, false}, 3},
+    {"quota", {0, EDQUOT, true, "", false, false}, 6},
+    {"quota-from-on", {0, EDQUOT, true, "", kFromOn, false}, 6},
+    {"interrupted", {0, EINTR, false, "", false, false}, 3},
+};
+
 struct Options {
   long every = 1;
   long runs = 0;  // 0: as many as there are
   std::string only;
+  std::string kind;
   std::string zel = ZEL_PROGRAM;
 };
 
@@ -199,7 +220,7 @@ class Matrix {
   bool MakeLibraries();
   FaultedRun Zel(std::string const& line, Fault const& fault) const;
   void PutBack() const;
-  void Command(CommandLine const& line, Fault kind);
+  void Command(CommandLine const& line, Kind const& kind);
   void Wrong(CommandLine const& line, std::string const& why);
   // The files after another command has named the libraries that the command names.
   Contents Finished(CommandLine const& line) const;
@@ -329,12 +350,12 @@ void Matrix::Wrong(CommandLine const& line, std::string const& why) {
 }
 
 // All operations of one kind of a command.
-void Matrix::Command(CommandLine const& line, Fault kind) {
-  kind.operation = 0;
+void Matrix::Command(CommandLine const& line, Kind const& kind) {
+  Fault fault = kind.fault;
   PutBack();
-  long const counted = Zel(line.words, kind).operations;
+  long const counted = Zel(line.words, fault).operations;
   PutBack();
-  good_ = Zel(line.words, kind);
+  good_ = Zel(line.words, fault);
   new_ = ContentsOf(Lib());
   versions_ = Versions();
   if (good_.status != 0) return Wrong(line, good_.err);
@@ -346,13 +367,13 @@ void Matrix::Command(CommandLine const& line, Fault kind) {
   now_.operations += good_.operations;
   // Different operations for each command, so that few runs cover many places.
   bool const isSpread = options_.runs > 0;
-  long const step =
-      isSpread ? std::max(1L, (counted + options_.runs - 1) / options_.runs) : options_.every;
+  long const runs = std::max(1L, options_.runs / kind.share);
+  long const step = isSpread ? std::max(1L, (counted + runs - 1) / runs) : options_.every;
   long at = isSpread ? 1 + 37 * next_++ % step : next_;
   for (; at <= counted; at += step) {
     PutBack();
-    kind.operation = at;
-    FaultedRun const run = Zel(line.words, kind);
+    fault.operation = at;
+    FaultedRun const run = Zel(line.words, fault);
     ++now_.runs;
     std::string const wrong = WrongWith(line, run);
     if (wrong.empty()) {
@@ -360,8 +381,7 @@ void Matrix::Command(CommandLine const& line, Fault kind) {
       continue;
     }
     Wrong(line, "operation " + std::to_string(at) + " of " + std::to_string(counted) + ", " +
-                    run.failed + (kind.refuseMappings ? ", nothing mapped" : "") + ", error " +
-                    std::to_string(kind.error) + ": " + wrong + "\n" + run.err);
+                    run.failed + ", " + kind.name + ": " + wrong + "\n" + run.err);
   }
   if (!isSpread) next_ = at - counted;
 }
@@ -371,17 +391,14 @@ int Matrix::Run() {
     std::cout << "this machine allows no tracing\n";
     return kSkipped;
   }
-  Fault kinds[3];
-  kinds[0].error = kinds[1].error = EIO;
-  kinds[1].refuseMappings = true;
-  kinds[2].error = ENOSPC;
-  kinds[2].writesOnly = true;
   std::printf("%10s %8s %8s %8s %8s %8s  command\n", "operations", "runs", "right", "errors",
               "late", "wrong");
   for (CommandLine const& line : kCommands) {
     if (!Has(line.words, options_.only)) continue;
     now_ = {};
-    for (Fault const& kind : kinds) Command(line, kind);
+    for (Kind const& kind : kKinds) {
+      if (Has(kind.name, options_.kind)) Command(line, kind);
+    }
     Print(now_, line.words);
     all_.Add(now_);
   }
@@ -403,6 +420,7 @@ int main(int count, char** words) {
     if (option == "--every") options.every = std::max(1L, std::atol(words[i + 1]));
     if (option == "--runs") options.runs = std::max(1L, std::atol(words[i + 1]));
     if (option == "--only") options.only = words[i + 1];
+    if (option == "--kind") options.kind = words[i + 1];
     if (option == "--zel") options.zel = words[i + 1];
   }
   return zel::test::Matrix(options).Run();

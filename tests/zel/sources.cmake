@@ -45,6 +45,7 @@ set(zel_TEST_SOURCES
     memory_test.cpp
     record_units_test.cpp
     references_test.cpp
+    released_test.cpp
     sense_of_libraries_test.cpp
     sense_test.cpp
     table_libraries_test.cpp
