@@ -53,17 +53,37 @@ void LibraryChange::Begin(std::string const& path) {
   CheckIsFile(path);
   shown_ = path;
   whole_ = WithoutLinks(path);
-  bool const isCopy = !options_.inPlace || options_.dryRun;
-  if (isCopy) original_ = FileLock::Take(whole_, path);
+  if (!options_.inPlace || options_.dryRun) Hold();
   access_ = AccessOf(whole_);
   filesBefore_ = FilesOf(whole_);
-  if (isCopy) {
-    work_ = std::make_unique<WorkFolder>(whole_, shown_);
+  if (work_) {
     work_->Share(access_);
     Copy(whole_);
   }
   OpenForUpdate();
   if (knewNames_) zel::LibFile::SetOrdwinNameIndex(&library_->File());
+}
+
+// The lock of the work folder excludes other changes, so that only one of them waits for readers.
+// One that has to wait for another change holds nothing meanwhile, since that would be in the way.
+void LibraryChange::Hold() {
+  auto const refuseIf = [&](bool isInUse) {
+    if (isInUse) throw LibraryInUse(shown_, "another program has it open", zel::openDenied);
+  };
+  refuseIf(IsAtWork(NewFolder(whole_)) || IsAtWork(ReadyFolder(whole_)));
+  std::optional<FileLock> original;
+  if (!isNew_ && options_.admitsReaders) {
+    original = FileLock::Share(whole_, shown_);
+    // Without patience, work that a reader would make vain at its end is not begun.
+    refuseIf(session_->patience.count() == 0 && original->HasReaders());
+  } else if (!isNew_) {
+    original = FileLock::Take(whole_, shown_);
+  }
+  auto work = std::make_unique<WorkFolder>(whole_, shown_);
+  // The change before may have left the folder to be put in place since the look above.
+  refuseIf(IsAtWork(ReadyFolder(whole_)));
+  original_ = std::move(original);
+  work_ = std::move(work);
 }
 
 void LibraryChange::Copy(std::string const& from) {
@@ -97,12 +117,13 @@ void LibraryChange::OpenForUpdate() {
 
 LibraryChange LibraryChange::New(Session& session, std::string const& path, NewLibrary const& made,
                                  ChangeOptions const& options) {
-  FinishChange(path);
+  WhenFree(session, [&] { FinishChange(path); });
   ReleaseNames(session, path);
-  if (made.replace && fs::exists(path)) {
+  if (made.replace && IsThereOrBeingChanged(path)) {
     // It must be a library, and one that may be changed; opening a copy of it checks that.
     ChangeOptions probed;
     probed.password = options.password;
+    probed.admitsReaders = options.admitsReaders;
     LibraryChange const probe(session, path, probed);
   }
   if (!fs::is_directory(fs::absolute(path).parent_path())) {
@@ -111,13 +132,12 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path, NewL
   LibraryChange change(session, options);
   change.shown_ = path;
   change.whole_ = WithoutLinks(path);
-  change.isNew_ = !fs::exists(change.whole_);
   change.allAreNew_ = true;
-  if (made.replace && !change.isNew_) {
-    change.original_ = WhenFree(session, [&] { return FileLock::Take(change.whole_, path); });
-    change.access_ = AccessOf(change.whole_);
-  }
-  change.work_ = std::make_unique<WorkFolder>(change.whole_, path);
+  WhenFree(session, [&] {
+    change.isNew_ = !made.replace || !IsThereOrBeingChanged(change.whole_);
+    change.Hold();
+  });
+  if (!change.isNew_) change.access_ = AccessOf(change.whole_);
   for (int number = 1; number <= kMostFiles && !made.replace; ++number) {
     std::string const file = FileOf(path, number);
     if (fs::exists(file)) throw Failure(file + ": exists; `zel create --force` replaces it");
@@ -172,6 +192,11 @@ std::optional<ChangeRecord> LibraryChange::Record() const {
   return record;
 }
 
+void LibraryChange::KeepReadersOut() {
+  if (!options_.admitsReaders || !original_) return;
+  WhenFree(*session_, [&] { original_->KeepReadersOut(shown_); });
+}
+
 void LibraryChange::PutInPlace() {
   if (library_) library_->Close();
   GiveFilesAccess();
@@ -180,7 +205,11 @@ void LibraryChange::PutInPlace() {
     constexpr std::size_t kLongestReason = 200;
     std::string note = shown_ + ": the change is in place, but what it replaced is not kept: ";
     note.reserve(note.size() + kLongestReason);
-    std::string const why = work_->PutInPlace(isNew_, Record());
+    work_->Prepare(isNew_, Record());
+    KeepReadersOut();
+    work_->PutInPlace(isNew_);
+    original_.reset();  // of a file that is now in the history
+    std::string const why = work_->KeepOld();
     if (!why.empty()) session_->Note(note.append(why, 0, kLongestReason));
     if (options_.keep <= 0) RemoveHistory(whole_);
   }

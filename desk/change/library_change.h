@@ -1,8 +1,8 @@
 // Changes of a library that are made as a whole or not at all.
 //
 // A change works on a copy in a hidden folder next to the library, which is meanwhile locked
-// against all other programs, as by an update; open/change_places.h describes how the copy is put
-// in place.
+// against all other programs, as by an update, or only against those that would change it;
+// open/change_places.h describes how the copy is put in place.
 #pragma once
 
 #include <sys/types.h>
@@ -25,6 +25,9 @@ struct ChangeOptions {
   // The password is for any library that has one: it is not an error if the library has none.
   bool passwordIsGeneral = false;
   bool inPlace = false;
+  // Other programs can read the library until the change is put in place, which waits until they
+  // are done. Not with inPlace.
+  bool admitsReaders = false;
   // Everything is done except putting the change in place. It is made in a copy even with inPlace.
   bool dryRun = false;
   // The most versions in the library's history after the change, which keeps what it replaces
@@ -53,9 +56,10 @@ class LibraryChange {
   Library& Open() { return *library_; }
   // Closes it and makes the files of a version those of the changed library. Throws Failure.
   void Restore(Version const& version);
-  // Closes the library and makes it the one at the path. If this throws Failure, the library is
-  // unchanged. If only the history cannot be kept, the session reports it. The object cannot be
-  // used afterwards. After a change with `dryRun` it must not be called.
+  // Closes the library and makes it the one at the path. If this throws Failure, or LibraryInUse
+  // because a reader that was admitted is not done in time, the library is unchanged. If only the
+  // history cannot be kept, the session reports it. The object cannot be used afterwards. After a
+  // change with `dryRun` it must not be called.
   void PutInPlace();
   bool IsDryRun() const { return options_.dryRun; }
   // The path of the library without symbolic links.
@@ -65,6 +69,9 @@ class LibraryChange {
   LibraryChange(Session& session, ChangeOptions options);
   // May be called again if it throws.
   void Begin(std::string const& path);
+  // Locks the library, if it exists, and makes the work folder. If it throws, nothing is locked.
+  void Hold();
+  void KeepReadersOut();
   void Copy(std::string const& from);
   std::optional<ChangeRecord> Record() const;
   void OpenForUpdate();

@@ -32,16 +32,6 @@ void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
   MoveToFreePlace(change.New(1), change.Place(1));
 }
 
-// Everything is in place: a failure from here on does not undo the change.
-std::string Settle(ChangePlaces const& change) noexcept {
-  try {
-    SyncPath(change.Folder());
-  } catch (std::bad_alloc const&) {
-    // The system then writes it to disk when it gets to it.
-  }
-  return KeepVersion(change);
-}
-
 // Two programs that make a library of the same name must not take each other's folder for a
 // leftover.
 FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
@@ -63,6 +53,7 @@ FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
 
 WorkFolder::WorkFolder(std::string const& library, std::string const& shownAs)
     : library_(library),
+      places_(library),
       shownAs_(shownAs),
       folder_(NewFolder(library).string()),
       lock_(MakeLockedFolder(folder_, shownAs)) {}
@@ -83,8 +74,14 @@ void WorkFolder::Share(FileAccess const& access) const {
   });
 }
 
-// Everything is on disk before anything is moved.
 void WorkFolder::Prepare(bool isNew, std::optional<ChangeRecord> const& record) {
+  OrFail(shownAs_, kNotInPlace, [&] {
+    WriteOut(record);
+    Announce(isNew);
+  });
+}
+
+void WorkFolder::WriteOut(std::optional<ChangeRecord> const& record) const {
   for (int number = 1; number <= kMostFiles; ++number) {
     std::string const file = FileOf(First(), number);
     if (!Exists(file)) continue;
@@ -95,6 +92,9 @@ void WorkFolder::Prepare(bool isNew, std::optional<ChangeRecord> const& record) 
   }
   if (record) WriteRecord(folder_, *record);
   SyncPath(folder_);
+}
+
+void WorkFolder::Announce(bool isNew) {
   FolderTurn const turn(fs::path(library_).parent_path().string());
   fs::path const ready = ReadyFolder(library_);
   if (Exists(ready) && !IsOurs(ready, library_)) {
@@ -108,24 +108,31 @@ void WorkFolder::Prepare(bool isNew, std::optional<ChangeRecord> const& record) 
   SyncPath(ready.parent_path());
 }
 
-std::string WorkFolder::PutInPlace(bool isNew, std::optional<ChangeRecord> const& record) {
-  OrFail(shownAs_, kNotInPlace, [&] { Prepare(isNew, record); });
-  ChangePlaces const change(library_);
+void WorkFolder::PutInPlace(bool isNew) {
   folder_.clear();
   try {
-    OrFail(shownAs_, kNotInPlace, [&] { MoveIntoPlace(change, isNew); });
+    OrFail(shownAs_, kNotInPlace, [&] { MoveIntoPlace(places_, isNew); });
   } catch (Error const& failure) {
     try {
-      FinishMoves(shownAs_, change);
+      FinishMoves(shownAs_, places_);
     } catch (Error const& again) {
       throw Failure(failure.what() + std::string("; ") + again.what());
     }
     throw;
   } catch (...) {
-    FinishMoves(shownAs_, change);
+    FinishMoves(shownAs_, places_);
     throw;
   }
-  return Settle(change);
+}
+
+// Everything is in place: a failure from here on does not undo the change.
+std::string WorkFolder::KeepOld() const noexcept {
+  try {
+    SyncPath(places_.Folder());
+  } catch (std::bad_alloc const&) {
+    // The system then writes it to disk when it gets to it.
+  }
+  return KeepVersion(places_);
 }
 
 }  // namespace zel::desk

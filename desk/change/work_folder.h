@@ -7,6 +7,7 @@
 
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
+#include "desk/open/change_places.h"
 #include "desk/open/history.h"
 
 namespace zel::desk {
@@ -27,16 +28,23 @@ class WorkFolder {
   // Lets whoever has this access to the library remove the folder, or put the library back, if this
   // program is interrupted. Before the call only this user can access the folder. Throws Failure.
   void Share(FileAccess const& access) const;
-  // Replaces the library's files with the new ones. Throws Failure if that is impossible, or if the
-  // library is new and another program has made one meanwhile; the old library is then unchanged.
-  // With a record the old files become a version of the library's history. Returns the reason if
-  // they cannot, else an empty text.
-  std::string PutInPlace(bool isNew, std::optional<ChangeRecord> const& record);
+  // Writes everything to disk and says to the programs that come now that the new files are about
+  // to be moved into place. Throws Failure if that is impossible, or if the library is new and
+  // another program has made one meanwhile.
+  void Prepare(bool isNew, std::optional<ChangeRecord> const& record);
+  // Replaces the library's files with the new ones, which are prepared. Throws Failure if that is
+  // impossible; the old library is then unchanged.
+  void PutInPlace(bool isNew);
+  // Makes the old files a version of the library's history if there is a record. Returns the reason
+  // if that is impossible, else an empty text.
+  std::string KeepOld() const noexcept;
 
  private:
-  void Prepare(bool isNew, std::optional<ChangeRecord> const& record);
+  void WriteOut(std::optional<ChangeRecord> const& record) const;
+  void Announce(bool isNew);
 
   std::string library_;
+  ChangePlaces places_;
   std::string shownAs_;
   std::string folder_;
   std::optional<FileLock> lock_;

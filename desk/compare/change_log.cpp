@@ -1,5 +1,6 @@
 #include "desk/compare/change_log.h"
 
+#include <optional>
 #include <utility>
 
 #include "desk/open/change_places.h"
@@ -7,13 +8,28 @@
 
 namespace zel::desk {
 
+namespace {
+
+// Nothing for a version that is not kept any more: the last change is still tidying up.
+std::optional<Library> OpenVersion(Session& session, Version const& version) {
+  try {
+    return Library::OpenRead(session, version.first.string());
+  } catch (OpenError const&) {
+    if (Exists(version.first.parent_path())) throw;
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
 std::vector<LoggedChange> ChangesOf(Session& session, std::string const& path, int most) {
   DifferenceOptions options;
   options.first = "before";
   options.second = "after";
   std::vector<LoggedChange> changes;
   // From the last change back: what was before a change is what the one before it left.
-  Library after = OpenFinished(session, path);
+  Library const held = OpenFinished(session, path);  // no change is put in place meanwhile
+  Library after = Library::OpenRead(session, path);
   std::string const whole = WithoutLinks(path);
   std::vector<Version> versions = VersionsOf(whole);
   std::string left;
@@ -23,12 +39,13 @@ std::vector<LoggedChange> ChangesOf(Session& session, std::string const& path, i
   for (; !versions.empty(); versions.pop_back()) {
     if (most != 0 && changes.size() == static_cast<std::size_t>(most)) break;
     Version& version = versions.back();
-    Library before = Library::OpenRead(session, version.first.string());
+    std::optional<Library> before = OpenVersion(session, version);
+    if (!before) break;
     bool const isMixed = left != version.change.after;
     left = version.change.before;
     changes.push_back({version.number, std::move(version.change), isMixed,
-                       DifferencesOf(before, after, options)});
-    after = std::move(before);
+                       DifferencesOf(*before, after, options)});
+    after = std::move(*before);
   }
   return changes;
 }

@@ -4,12 +4,14 @@
 #include <zelaccess/Desk.h>
 
 #include <chrono>
+#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
 
 #include "desk/notes/citations.h"
 #include "desk/notes/merged_citations.h"
+#include "desk/open/component_numbers.h"
 #include "desk/open/names_library.h"
 #include "desk/open/preference_list.h"
 #include "desk/open/pure_component.h"
@@ -42,6 +44,8 @@ struct LibrariesData {
   Session session;
   PreferenceList list;
   Citations citations;
+  // By the words of PreferenceList::Lookup. Libraries that are open for reading do not change.
+  std::map<std::string, ComponentNumbers> numbers;
 };
 
 }  // namespace zel::desk

@@ -33,16 +33,21 @@ std::vector<std::string> FoundOnPath(std::vector<std::string> words,
   return words;
 }
 
+ComponentNumbers const& KnownNumbers(LibrariesData& data, std::string const& word) {
+  auto const known = data.numbers.find(word);
+  if (known != data.numbers.end()) return known->second;
+  return data.numbers.emplace(word, NumbersOf(data.list.Libraries(), word)).first->second;
+}
+
 // The words of a key, for each library of the list: a key of components as numbers, so that a
 // library that does not know the IDs is searched as well, and with the numbers that the library has
 // for them.
 class KeyWordsOfLibraries {
  public:
-  KeyWordsOfLibraries(PreferenceList const& list, std::vector<std::string> words,
-                      bool areComponents)
+  KeyWordsOfLibraries(LibrariesData& data, std::vector<std::string> words, bool areComponents)
       : words_(std::move(words)) {
     for (std::size_t i = 0; areComponents && i < words_.size(); ++i) {
-      numbers_.push_back(NumbersOf(list.Libraries(), list.Lookup(words_[i])));
+      numbers_.push_back(&KnownNumbers(data, data.list.Lookup(words_[i])));
     }
   }
   // What the words can be in a library; empty if it has another substance of such a number.
@@ -50,11 +55,11 @@ class KeyWordsOfLibraries {
     std::vector<std::vector<std::string>> words;
     for (std::size_t i = 0; i < words_.size(); ++i) {
       words.emplace_back();
-      if (numbers_.empty() || !numbers_[i].isKnown) {
+      if (numbers_.empty() || !numbers_[i]->isKnown) {
         words.back().push_back(words_[i]);
         continue;
       }
-      for (std::int32_t const number : numbers_[i].inLibraries[library]) {
+      for (std::int32_t const number : numbers_[i]->inLibraries[library]) {
         words.back().push_back(std::to_string(number));
       }
     }
@@ -63,7 +68,7 @@ class KeyWordsOfLibraries {
 
  private:
   std::vector<std::string> words_;
-  std::vector<ComponentNumbers> numbers_;
+  std::vector<ComponentNumbers const*> numbers_;  // of the data
 };
 
 }  // namespace
@@ -128,7 +133,7 @@ desk::Item Libraries::Item(std::string const& type, std::vector<std::string> con
     zel::Handle<zel::IZelBankDef> const item = BankOrNone(UpperCase(type));
     if (!item) throw UnknownWord("", "there is no bank type " + type);
     BankFacts const facts(*item);
-    KeyWordsOfLibraries const keys(data_->list, words, facts.keyKind == 0);
+    KeyWordsOfLibraries const keys(*data_, words, facts.keyKind == 0);
     std::string looked;
     for (std::size_t i = 0; i < data_->list.Libraries().size(); ++i) {
       Library const& library = data_->list.Libraries()[i];

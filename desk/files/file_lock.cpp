@@ -24,22 +24,62 @@ bool IsAt(int descriptor, std::string const& path) {
          opened.st_dev == there.st_dev && opened.st_ino == there.st_ino;
 }
 
+// A lock of the whole file.
+struct flock LockOf(short type) {
+  struct flock whole = {};
+  whole.l_type = type;
+  whole.l_whence = SEEK_SET;
+  return whole;
+}
+
+bool Lock(int descriptor, short type) {
+  struct flock whole = LockOf(type);
+  return fcntl(descriptor, F_OFD_SETLK, &whole) == 0;
+}
+
+// True if the lock of another open would be in the way of one of this type.
+bool IsInTheWay(int descriptor, short type) {
+  struct flock whole = LockOf(type);
+  return fcntl(descriptor, F_OFD_GETLK, &whole) == 0 && whole.l_type != F_UNLCK;
+}
+
+[[noreturn]] void RefuseOpen(std::string const& shownAs) {
+  throw LibraryInUse(shownAs, "another program has it open", zel::openDenied);
+}
+
 }  // namespace
 
-FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
+FileLock FileLock::OfType(short type, std::string const& path, std::string const& shownAs) {
   int const descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
-  if (descriptor < 0) {
-    throw Failure(shownAs + ": " +
-                  (errno == ENOENT ? "not found" : std::string(std::strerror(errno))));
+  if (descriptor < 0 && errno == ENOENT) {
+    throw LibraryInUse(shownAs, "is being changed by another program; try again",
+                       zel::openNotFound);
   }
+  if (descriptor < 0) throw Failure(shownAs + ": " + std::strerror(errno));
   FileLock lock(descriptor);
-  struct flock whole = {};
-  whole.l_type = F_WRLCK;
-  whole.l_whence = SEEK_SET;
-  if (fcntl(descriptor, F_OFD_SETLK, &whole) != 0 || !IsAt(descriptor, path)) {
-    throw LibraryInUse(shownAs, "another program has it open", zel::openDenied);
-  }
+  if (!Lock(descriptor, type) || !IsAt(descriptor, path)) RefuseOpen(shownAs);
   return lock;
+}
+
+FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
+  return OfType(F_WRLCK, path, shownAs);
+}
+
+FileLock FileLock::Share(std::string const& path, std::string const& shownAs) {
+  return OfType(F_RDLCK, path, shownAs);
+}
+
+bool FileLock::IsHeld(std::string const& path) {
+  int const descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+  if (descriptor < 0) return false;
+  FileLock const closed(descriptor);
+  return IsInTheWay(descriptor, F_WRLCK);
+}
+
+bool FileLock::HasReaders() const { return IsInTheWay(descriptor_, F_WRLCK); }
+
+void FileLock::KeepReadersOut(std::string const& shownAs) {
+  if (!Lock(descriptor_, F_WRLCK)) RefuseOpen(shownAs);
 }
 
 FileLock::FileLock(FileLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}

@@ -5,18 +5,32 @@
 
 namespace zel::desk {
 
-// A file held under the lock that is used for library files; no other program can then open it.
+// A file held under the lock that is used for library files.
 class FileLock {
  public:
-  // Throws Failure if the file cannot be opened for writing, is a link, or is held by another
-  // program.
+  // No other program can open the file. Throws LibraryInUse if another program holds it or has just
+  // moved it away, and Failure if it cannot be opened for writing or is a link.
   static FileLock Take(std::string const& path, std::string const& shownAs);
+  // The same, but other programs can open the file for reading, and may have done so.
+  static FileLock Share(std::string const& path, std::string const& shownAs);
+  // True if any program holds the file in the way of Take. Only reads it. False for a file that
+  // does not exist or may not be read.
+  static bool IsHeld(std::string const& path);
+
+  // True if another program has the file open, for a shared one.
+  bool HasReaders() const;
+  // Makes a shared one as that of Take. Throws LibraryInUse if another program has the file open;
+  // it is then still shared.
+  void KeepReadersOut(std::string const& shownAs);
+
   FileLock(FileLock&& other) noexcept;
   FileLock& operator=(FileLock&& other) noexcept;
   ~FileLock();
 
  private:
   explicit FileLock(int descriptor) : descriptor_(descriptor) {}
+  static FileLock OfType(short type, std::string const& path, std::string const& shownAs);
+
   int descriptor_;
 };
 

@@ -9,6 +9,7 @@
 #include <new>
 #include <utility>
 
+#include "desk/files/file_lock.h"
 #include "desk/files/folder.h"
 
 namespace zel::desk {
@@ -55,6 +56,8 @@ bool IsOurs(fs::path const& folder, fs::path const& library) {
   return ::lstat(library.c_str(), &there) == 0 && info.st_uid == there.st_uid;
 }
 
+bool IsAtWork(fs::path const& folder) { return FileLock::IsHeld((folder / kLockName).string()); }
+
 void RemoveFolder(fs::path const& folder) noexcept {
   try {
     std::error_code ignored;
@@ -92,6 +95,12 @@ bool IsBeingChanged(std::string const& path) {
   } catch (fs::filesystem_error const&) {
     return false;
   }
+}
+
+// A file that was not there when the first look came is there when the moves are done.
+bool IsThereOrBeingChanged(std::string const& path) {
+  std::error_code none;
+  return fs::exists(path, none) || IsBeingChanged(path) || fs::exists(path, none);
 }
 
 ChangePlaces::ChangePlaces(std::string library)

@@ -1,17 +1,19 @@
 // Where the files of a library are while a change of it is made and put in place.
 //
 // The copy is made in .NAME.lb1.zel-new next to the library. When it is whole and on disk, the
-// folder is renamed to .NAME.lb1.zel-ready and these moves follow:
+// folder is renamed to .NAME.lb1.zel-ready. Of a change that admits readers, those who have the
+// library open finish first; whoever comes now lets the change go first. Then no one can open the
+// library, and these moves follow:
 //
 //   1. the library's first file is moved into the folder as `old`,
 //   2. each other file is moved there as `old2`, `old3`, ..., and the new one takes its place,
 //   3. the new first file takes its place.
 //
 // The last move decides. Before the first move the old library is in place and whole; between the
-// moves the first file is missing and no one can open the library; after the last one the new
-// library is in place and whole. If a change is interrupted before the last move, the next command
-// that names the library moves the files back, so that a host that opened the library since never
-// loses what it wrote, and a command that failed changes nothing later.
+// moves the first file is missing; after the last one the new library is in place and whole. If a
+// change is interrupted before the last move, the next command that names the library moves the
+// files back, so that a host that opened the library since never loses what it wrote, and a command
+// that failed changes nothing later.
 #pragma once
 
 #include <filesystem>
@@ -50,12 +52,17 @@ inline constexpr char kLockName[] = "lock";
 // belongs neither to this user nor to the library's owner.
 bool IsOurs(std::filesystem::path const& folder, std::filesystem::path const& library);
 
+// True while a program works in the folder: it holds the lock.
+bool IsAtWork(std::filesystem::path const& folder);
+
 // Removes the lock last: a folder without it contains nothing more that matters. The next command
 // tries again to remove what cannot be removed now.
 void RemoveFolder(std::filesystem::path const& folder) noexcept;
 
-// True while a change is being moved into place, or if it was interrupted during the move.
+// True while a change is about to be moved into place, is moved, or was interrupted then.
 bool IsBeingChanged(std::string const& path);
+// True if the library's first file is there, or will be when a change is in place.
+bool IsThereOrBeingChanged(std::string const& path);
 
 // The paths of the files of one change, by number; the first file has the number 1.
 class ChangePlaces {

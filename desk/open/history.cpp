@@ -24,6 +24,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr char kRecordName[] = "change";
+constexpr char kRemoved[] = "removed-";  // in front of the number of a version that is removed
 
 int NumberOf(std::string const& text) {
   int number = 0;
@@ -41,13 +42,22 @@ std::vector<int> NumbersIn(fs::path const& history) {
   return numbers;
 }
 
+// Another program may just have renamed it.
+void RenameIfThere(fs::path const& from, fs::path const& to) {
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (error && error != std::errc::no_such_file_or_directory) {
+    throw fs::filesystem_error("", from, error);
+  }
+}
+
 // Gives the old files in the folder of a version their names. The lock is removed last: a version
 // that has one is unfinished.
 void NameFiles(ChangePlaces const& change, fs::path const& folder) {
   std::string const first = (folder / change.Place(1).filename()).string();
   for (int number = kMostFiles; number >= 1; --number) {
     fs::path const old = folder / change.Old(number).filename();
-    if (Exists(old)) fs::rename(old, FileOf(first, number));
+    if (Exists(old)) RenameIfThere(old, FileOf(first, number));
     fs::remove(folder / AddedName(number));
   }
   fs::remove(folder / kLockName);
@@ -86,11 +96,17 @@ void MakeHistory(fs::path const& history, ChangePlaces const& change) {
   }
 }
 
+// A version loses its number before its files, so that whoever reads the history finds versions
+// that are whole.
 void RemoveOldest(fs::path const& history, std::size_t most) {
+  std::error_code ignored;  // the next change tries again
   std::vector<int> const numbers = NumbersIn(history);
   for (std::size_t i = 0; i + most < numbers.size(); ++i) {
-    std::error_code ignored;  // the next change tries again
-    RemoveTree(history / std::to_string(numbers[i]), ignored);
+    std::string const number = std::to_string(numbers[i]);
+    fs::rename(history / number, history / (kRemoved + number), ignored);
+  }
+  for (std::string const& name : NamesIn(history)) {
+    if (name.rfind(kRemoved, 0) == 0) RemoveTree(history / name, ignored);
   }
 }
 

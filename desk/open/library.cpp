@@ -19,23 +19,24 @@ constexpr char kComponents[] = "PURECOMP";
 
 bool MayBeRead(std::string const& path) { return ::access(path.c_str(), R_OK) == 0; }
 
-// True for an open that may succeed later.
+// True for an open that may succeed later. What was in its way may already be gone.
 bool IsInUse(zel::openErrors error, std::string const& path) {
   std::error_code none;
-  if (error == zel::openNotFound) return IsBeingChanged(path);
-  return error == zel::openDenied && !std::filesystem::is_directory(path, none) && MayBeRead(path);
+  if (error == zel::openNotFound) return IsThereOrBeingChanged(path);
+  if (error != zel::openDenied || std::filesystem::is_directory(path, none)) return false;
+  return MayBeRead(path) || (errno == ENOENT && IsThereOrBeingChanged(path));
 }
 
 std::string Reason(zel::openErrors error, std::string const& path) {
   std::error_code none;
   switch (error) {
     case zel::openNotFound:
-      return IsBeingChanged(path) ? "is being changed by another program; try again"
+      return IsInUse(error, path) ? "is being changed by another program; try again"
                                   : "not found" + LibraryPath::Suggestion(path);
     case zel::openDenied:
       if (std::filesystem::is_directory(path, none)) return "is a folder";
-      return MayBeRead(path) ? "another program has it open, or it is read-only"
-                             : std::strerror(errno);
+      return IsInUse(error, path) ? "another program has it open, or it is read-only"
+                                  : std::strerror(errno);
     case zel::openNotLibrary:
       return LowerCase(std::filesystem::path(path).extension().string()) == ".lb1"
                  ? "not a component library"

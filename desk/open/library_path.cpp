@@ -25,7 +25,7 @@ bool EndsAsLibrary(std::string const& word) {
 bool IsThere(std::string const& path) {
   std::error_code none;  // what it leads to is seen when it is opened
   if (Exists(path)) return !fs::is_directory(path, none);
-  return EndsAsLibrary(path) && IsBeingChanged(path);
+  return EndsAsLibrary(path) && IsThereOrBeingChanged(path);
 }
 
 // "perry" for "perry.lb1", which both mean the same file; with its ending if that is not ".lb1" as

@@ -31,6 +31,9 @@ class Session {
 
   // How long an open waits for a library that another program uses.
   std::chrono::milliseconds patience{0};
+  // The least time that an open waits for a library while a change of it is moved into place, and
+  // that a change which admits readers waits for them at its end.
+  std::chrono::milliseconds patienceAtMoves{0};
   // What the history of a library says about the changes made here, e.g. a command line.
   std::string command;
 

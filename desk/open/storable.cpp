@@ -73,17 +73,18 @@ void CheckText(std::string const& text, std::size_t longest, std::string const& 
   CheckLetters(text, what);
 }
 
-void CheckDocument(std::string const& text, DocumentPlace place, std::string const& what) {
-  auto const refuse = [&](std::string const& found) {
-    throw Failure(what + " has " + found + ", which a document cannot hold");
-  };
+std::string NotForDocument(std::string const& text, DocumentPlace place) {
   if (place == DocumentPlace::kMemo) {
-    if (text.find("]]>") != std::string::npos) refuse("\"]]>\"");
-    return;
+    return text.find("]]>") == std::string::npos ? "" : "\"]]>\"";
   }
   std::size_t const at = text.find_first_of(place == DocumentPlace::kAttribute ? "&<\"" : "&<");
-  if (at == std::string::npos) return;
-  refuse(text[at] == '"' ? "a quotation mark" : "\"" + text.substr(at, 1) + "\"");
+  if (at == std::string::npos) return "";
+  return text[at] == '"' ? "a quotation mark" : "\"" + text.substr(at, 1) + "\"";
+}
+
+void CheckDocument(std::string const& text, DocumentPlace place, std::string const& what) {
+  std::string const found = NotForDocument(text, place);
+  if (!found.empty()) throw Failure(what + " has " + found + ", which a document cannot hold");
 }
 
 void CheckStored(std::vector<NamedValue> const& wanted, std::vector<NamedValue> const& stored) {

@@ -22,8 +22,10 @@ void CheckText(std::string const& text, std::size_t longest, std::string const& 
 // Where a document that `zel export` writes has a text, which is written there as it is.
 enum class DocumentPlace { kElement, kAttribute, kMemo };
 
-// Throws Failure for a text with which a document could not be read back: & or < in an element, a
-// quotation mark as well in an attribute, and "]]>" in a memo.
+// What is in a text with which a document could not be read back: & or < in an element, a quotation
+// mark as well in an attribute, and "]]>" in a memo. Empty for a good text.
+std::string NotForDocument(std::string const& text, DocumentPlace place);
+// Throws Failure for such a text.
 void CheckDocument(std::string const& text, DocumentPlace place, std::string const& what);
 
 // Throws Failure for the first value that was read back otherwise than it was set: a number in its

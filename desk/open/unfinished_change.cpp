@@ -1,7 +1,10 @@
 #include "desk/open/unfinished_change.h"
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
+#include <thread>
 
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
@@ -48,7 +51,7 @@ Found Look(ChangePlaces const& change) {
 
 // Removes what a killed command left of its work.
 void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
-  if (!IsOurs(folder, library)) return;
+  if (!IsOurs(folder, library) || IsAtWork(folder)) return;
   try {
     FolderTurn const turn(folder.parent_path().string(), FolderTurn::Patience::kNone);
     if (!turn) return;
@@ -107,11 +110,29 @@ void FinishChange(std::string const& path) {
     // Another program may have just finished it, and a user who may only read needs no more than
     // that the library is whole.
     if (!IsOurs(change.Ready(), whole) || Look(change) == Found::kLeftOver) return;
-    throw;
+    if (!IsAtWork(change.Ready())) throw;
+    throw LibraryInUse(path, "is being changed by another program; try again", zel::openNotFound);
   }
 }
 
+namespace {
+
+// Readers that keep coming would keep a change waiting for them. A change that waits for one that
+// has the library open for long does not keep the others out for long.
+void LetChangeGoFirst(Session const& session, std::string const& path) {
+  constexpr std::chrono::milliseconds kLongest{2000};
+  auto const end = std::chrono::steady_clock::now() +
+                   std::min(kLongest, std::max(session.patience, session.patienceAtMoves));
+  while (Exists(path) && IsBeingChanged(path) && IsAtWork(ReadyFolder(WithoutLinks(path)))) {
+    if (std::chrono::steady_clock::now() >= end) return;
+    std::this_thread::sleep_for(kBetweenTries);
+  }
+}
+
+}  // namespace
+
 Library OpenFinished(Session& session, std::string const& path) {
+  OrFail(path, "cannot be examined", [&] { LetChangeGoFirst(session, path); });
   return WhenFree(session, [&] {
     FinishChange(path);
     return Library::OpenRead(session, path);

@@ -15,7 +15,8 @@ void FinishChange(std::string const& path);
 // The same for a change whose moves have just failed; `shownAs` is the library's name in messages.
 void FinishMoves(std::string const& shownAs, ChangePlaces const& change);
 
-// Calls FinishChange and opens the library for reading. Throws Failure.
+// Calls FinishChange and opens the library for reading, after a change that is about to be moved
+// into place. Throws Failure.
 Library OpenFinished(Session& session, std::string const& path);
 
 }  // namespace zel::desk

@@ -6,23 +6,30 @@
 #include <chrono>
 #include <thread>
 
+#include "desk/open/change_places.h"
 #include "desk/open/session.h"
 
 namespace zel::desk {
 
+inline constexpr std::chrono::milliseconds kBetweenTries{20};
+
 // Opens a library. While another program uses it, tries again, until the session's patience is at
-// its end; then throws LibraryInUse.
+// its end, or patienceAtMoves while a change of the library is moved into place; then throws
+// LibraryInUse.
 template <typename Open>
 auto WhenFree(Session const& session, Open const& open) {
-  constexpr std::chrono::milliseconds kBetween{20};
-  auto const end = std::chrono::steady_clock::now() + session.patience;
-  while (true) {
+  // Moves may have been in the way and be done when they are looked for.
+  constexpr int kTriesForMoves = 3;
+  auto const begin = std::chrono::steady_clock::now();
+  for (int tries = 1;; ++tries) {
     try {
       return open();
-    } catch (LibraryInUse const&) {
-      if (std::chrono::steady_clock::now() >= end) throw;
+    } catch (LibraryInUse const& inUse) {
+      auto const waited = std::chrono::steady_clock::now() - begin;
+      bool const mayBeMoved = tries < kTriesForMoves || IsBeingChanged(inUse.File());
+      if (waited >= session.patience && !(mayBeMoved && waited < session.patienceAtMoves)) throw;
     }
-    std::this_thread::sleep_for(kBetween);
+    std::this_thread::sleep_for(kBetweenTries);
   }
 }
 

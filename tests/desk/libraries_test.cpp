@@ -1,6 +1,7 @@
 // The desk's face as a host in C++17 uses it: the installed headers and the library ZelDesk only.
 #include <gtest/gtest.h>
 #include <zelaccess/Desk.h>
+#include <zelaccess/DeskChanges.h>
 #include <zelaccess/ZelAccess.h>
 
 #include <array>
@@ -320,6 +321,37 @@ TEST_F(DeskTest, NamesStayWhenOtherLibrariesClose) {
     EXPECT_TRUE(others.Pair("NRTL", "ETHANOL", "WATER").Value("bij"));
   }
   EXPECT_TRUE(libraries.Pair("NRTL", "ETHANOL", "WATER").Value("bij"));
+}
+
+// What the object remembers about components is that of its own libraries.
+TEST_F(DeskTest, PairsAreFoundAgain) {
+  for (char const* name : {"sample", "perry"}) {
+    for (char const* ending : {".lb1", ".lb2"}) {
+      fs::copy_file(Path(name + std::string(ending)), Path("my" + std::string(name) + ending));
+    }
+  }
+  auto const find = [](desk::Libraries const& libraries, char const* component) {
+    return libraries.Pair("NRTL", component, "WATER").Value("bij");
+  };
+  std::vector<std::string> const paths = Paths({"myperry.lb1", "mysample.lb1"});
+  std::optional<double> bij;
+  {
+    desk::Libraries const libraries(paths);
+    bij = find(libraries, "ETHANOL");
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(find(libraries, "ETHANOL"), bij);
+    EXPECT_EQ(find(libraries, "64-17-5"), bij);
+    EXPECT_THROW(find(libraries, "NEWID"), desk::Error);
+    EXPECT_THROW(find(libraries, "NEWID"), desk::Error);
+    EXPECT_NE(find(libraries, "METHANOL"), bij);
+  }
+  desk::Change change(paths[0]);
+  change.Renumber("ETHANOL", 21000001);
+  change.Commit();
+  EXPECT_THROW(find(desk::Libraries(paths), "ETHANOL"), desk::MissingItem);
+  desk::Change pairs(paths[1]);
+  pairs.Renumber("10000007", 21000001);
+  pairs.Commit();
+  EXPECT_EQ(find(desk::Libraries(paths), "ETHANOL"), bij);
 }
 
 TEST_F(DeskTest, SearchPathIsThatOfTheEnvironmentOrTheFile) {

@@ -58,6 +58,32 @@ TEST_F(DocumentTextsTest, OfALibrary) {
   ComesBack();
 }
 
+// Memos can have characters for which XML has no place at all.
+TEST_F(DocumentTextsTest, ControlCharactersOfMemosAreLeftOut) {
+  Good("copy sample.lb1 own.lb1 --create --bank OCTANE");
+  Good("memo own.lb1 --set \"$(printf 'a\\033[31m\\001b\\tc\\nd')\" --all");
+  Good("memo own.lb1 --bank OCTANE --set \"$(printf 'e\\037f')\" --all");
+  EXPECT_EQ(Json("export own.lb1 -o own.xml")["control_characters_left_out"], 3);
+  Good("import back.lb1 own.xml --create");
+  EXPECT_EQ(Json("memo back.lb1")["memo"], "a[31mb\tc\nd");
+  EXPECT_EQ(Json("memo back.lb1 --bank OCTANE")["memo"], "ef");
+  Outcome const printed = Zel("export own.lb1 -o -");
+  EXPECT_EQ(printed.status, 0);
+  EXPECT_EQ(printed.err, "zel: left out: 3 control characters, which documents cannot hold\n");
+  EXPECT_EQ(printed.out.find('\x1b'), std::string::npos);
+  EXPECT_FALSE(Json("export crc.lb1 -o crc.xml").contains("control_characters_left_out"));
+}
+
+// The text that flatten makes of the names of its sources.
+TEST_F(DocumentTextsTest, OfAMergedLibrary) {
+  Good("copy crc.lb1 'R&D.lb1' --create");
+  Good("flatten 'R&D.lb1' -o own.lb1 --components ETHANOL WATER");
+  EXPECT_EQ(Json("info own.lb1")["description"], "Merged from 1 library");
+  ComesBack();
+  Good("flatten 'R&D.lb1' perry.lb1 -o own.lb1 --components ETHANOL WATER --force");
+  EXPECT_EQ(Json("info own.lb1")["description"], "Merged from 2 libraries");
+}
+
 TEST_F(DocumentTextsTest, OfComponents) {
   Good("create own.lb1");
   Refuses(ATable("name", "M&M"), "a name has \"&\"");

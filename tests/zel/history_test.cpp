@@ -231,6 +231,16 @@ TEST_F(HistoryTest, VersionsThatAreDamaged) {
   EXPECT_TRUE(Now() == old_);
 }
 
+TEST_F(HistoryTest, WhatIsLeftOfARemovedVersionGoes) {
+  Describe("one");
+  fs::create_directory(Own() / ".own.lb1.zel-history/removed-7");
+  MakeFile("own/.own.lb1.zel-history/removed-7/own.lb1", "half");
+  EXPECT_EQ(Log()["changes"].size(), 1U);
+  Describe("two");
+  EXPECT_FALSE(fs::exists(Own() / ".own.lb1.zel-history/removed-7"));
+  EXPECT_EQ(Log()["changes"].size(), 2U);
+}
+
 TEST_F(HistoryTest, LibraryInUse) {
   Describe("one");
   openErrors error = openFailed;

@@ -151,6 +151,12 @@ TEST_F(OutputTest, CsvHasAllTables) {
   EXPECT_NE(types.find("\n\ncorrelations\nname,unit,label\n"), std::string::npos) << types;
 }
 
+TEST_F(OutputTest, CopyPrintsItsTableAsCsv) {
+  std::size_t const items = Json("items sample.lb1 OCTANE")["items"].size();
+  EXPECT_EQ(Good("copy sample.lb1 own.lb1 --create --bank OCTANE --csv"),
+            "bank,items\nOCTANE:SAMPLE," + std::to_string(items) + "\n");
+}
+
 // Texts that a spreadsheet would run are prefixed with an apostrophe, numbers are not.
 TEST_F(OutputTest, CsvTextIsNotRun) {
   for (char const* name : {"=1+cmd", "+A1", "-A1", "@SUM(A1)", "-2-3"}) {

@@ -82,6 +82,9 @@ TEST_F(SameNumberTest, IsNotOneSubstance) {
   json const compared = Json("compare n1.lb1 n2.lb1");
   EXPECT_EQ(compared["constants_compared"], 0);
   EXPECT_EQ(compared["identities"].size(), 2U) << compared;
+  EXPECT_NE(compared["identity_warning"].get<std::string>().find("`zel renumber` gives one"),
+            std::string::npos)
+      << compared;
   Good("renumber n2.lb1 BAR 21000009");
   EXPECT_EQ(Json("flatten n1.lb1 n2.lb1 -o n.lb1")["components"], 3);
 }

@@ -1,6 +1,7 @@
 set(zel_TEST_SOURCES
     bad_input_test.cpp
     bad_items_test.cpp
+    busy_library_test.cpp
     change_test.cpp
     check_forms_test.cpp
     citation_conflict_test.cpp
@@ -28,6 +29,7 @@ set(zel_TEST_SOURCES
     implausible_test.cpp
     interchange_test.cpp
     maintenance_test.cpp
+    marked_data_test.cpp
     missing_test.cpp
     moves_test.cpp
     names_test.cpp

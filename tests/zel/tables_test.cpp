@@ -328,5 +328,19 @@ TEST_F(TablesTest, PairsAreShownWithTheirSources) {
   EXPECT_EQ(Zel("pairs NRTL NOSUCH -l sample.lb1 -l perry.lb1").status, 1);
 }
 
+TEST_F(TablesTest, ATableWithoutValuesSaysHowToShowSome) {
+  Outcome const pairs = Zel("pairs NRTL -l sample.lb1");
+  EXPECT_EQ(pairs.err,
+            "zel: no values are shown; --fields names them, and `zel types NRTL` lists them\n");
+  Outcome const table = Zel("table ETHANOL -l crc.lb1");
+  EXPECT_EQ(table.err,
+            "zel: no values are shown; --fields names constants and correlations, e.g. --fields TC "
+            "NBP\n");
+  EXPECT_EQ(Zel("pairs NRTL --fields bij -l sample.lb1").err, "");
+  EXPECT_EQ(Zel("table ETHANOL --fields TC -l crc.lb1").err, "");
+  EXPECT_FALSE(Json("pairs NRTL -l sample.lb1").contains("problems"));
+  EXPECT_EQ(Zel("pairs NRTL -l sample.lb1 --csv").err, "");
+}
+
 }  // namespace
 }  // namespace zel::test

@@ -36,6 +36,7 @@ struct Options {
   bool list = false;
 };
 
+// The names of the sources, unless these are too many or a document could not hold them.
 std::string DescriptionOf(PreferenceList const& list) {
   constexpr std::size_t kMost = 100;
   std::string names;
@@ -44,9 +45,10 @@ std::string DescriptionOf(PreferenceList const& list) {
         (names.empty() ? "" : ", ") + std::filesystem::path(library.Path()).filename().string();
   }
   std::string const text = "Merged from " + names;
-  return text.size() <= kMost
-             ? text
-             : "Merged from " + std::to_string(list.Libraries().size()) + " libraries";
+  bool const isGood = text.size() <= kMost && NotForDocument(text, DocumentPlace::kElement).empty();
+  return isGood ? text
+                : "Merged from " + std::to_string(list.Libraries().size()) +
+                      (list.Libraries().size() == 1 ? " library" : " libraries");
 }
 
 void CheckBankName(std::string const& name) {
@@ -77,6 +79,9 @@ Report Flatten(Session& session, Options const& o) {
       LibraryChange::New(session, o.output, {zel::libKind11, o.force, ModeOf(o.mode)}, o.change);
   change.Open().File().SetDescriptionAndVersion(DescriptionOf(list).c_str(), nullptr);
   Flattened done = Flatten(list, change.Open(), options);
+  for (Library const& library : list.Libraries()) {
+    NoteMark(session, library, o.output, &change.Open());
+  }
   Report report;
   report.Fact("written", o.output);
   report.Fact("components", done.components);
@@ -129,6 +134,7 @@ Report Merge(Session& session, Options const& o) {
   }
   LibraryChange change(session, o.path, o.change);
   AddMerged(session, Merge(change.Open(), from, options), false, report);
+  NoteMark(session, from, o.path, &change.Open());
   PutInPlaceAfter(report, std::move(change));
   return report;
 }

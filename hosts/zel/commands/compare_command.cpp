@@ -49,7 +49,8 @@ void AddConflicts(Comparison const& found, bool areCompared, Report& report) {
           " different substances in the two sources" +
           (areCompared ? ""
            : isOne     ? " and is not compared; --accept-identity compares it"
-                       : " and are not compared; --accept-identity compares them"));
+                       : " and are not compared; --accept-identity compares them") +
+          "; where only the numbers are equal, `zel renumber` gives one of them another");
   report.Add(IdentityTable(found.conflicts));
 }
 

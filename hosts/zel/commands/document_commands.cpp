@@ -51,11 +51,7 @@ struct Options {
 };
 
 LibraryChange ChangeFor(Session& session, Options const& o) {
-  CheckModeFor(o.path, o.mode);
-  if (!fs::exists(o.path) && o.create) {
-    return LibraryChange::New(session, o.path, {zel::libKind11, false, ModeOf(o.mode)}, o.change);
-  }
-  return ExistingLibrary(session, o.path, o.change, "--create makes it");
+  return ExistingOrNewLibrary(session, o.path, o.create, o.mode, o.change);
 }
 
 // Tables have an option of their own.
@@ -252,6 +248,11 @@ void PrintDocument(Session& session, Report const& findings, OutputFolder const&
       session.Note(line);
     }
   }
+  for (auto const& fact : findings.Facts()) {
+    if (fact.name != kControlsLeftOut) continue;
+    session.Note("left out: " + CellText(fact.value) +
+                 " control characters, which documents cannot hold");
+  }
   if (beyond.correlations != 0) session.Note("left out: " + LeftOutText(beyond));
   Write(text);
 }
@@ -290,6 +291,7 @@ Report Export(Session& session, Options const& given) {
   ReportMissing(session, findings, library, ExportedBanks(library, o), documents.PathOf(""),
                 target.name, !o.bank.empty());
   BeyondDocuments const beyond = BeyondIn(library, o);
+  NoteMark(session, library, "a document");
   if (isOutput) {
     PrintDocument(session, findings, documents, beyond);
     return {};
@@ -318,7 +320,7 @@ void CheckWritten(fs::path const& index, fs::path const& target, bool mayBeEmpty
 
 // The library writes its indexes next to itself, so it is opened under its name in another folder.
 Report DumpIndexes(Session& session, Options const& o) {
-  FinishChange(o.path);
+  Library const held = OpenFinished(session, o.path);  // no change is put in place meanwhile
   fs::path const path = fs::absolute(o.path);
   OutputFolder indexes(path.parent_path(), o.path);
   std::vector<fs::path> links;

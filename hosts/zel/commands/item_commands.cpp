@@ -101,13 +101,9 @@ Report Copy(Session& session, Options const& o) {
   if (std::filesystem::equivalent(o.from, o.path, none)) {
     throw Failure(o.from + ": FROM and TO are the same library");
   }
-  CheckModeFor(o.path, o.mode);
   Library const from = OpenFinished(session, o.from);
   zel::InitZelAccess();
-  bool const isNew = o.create && !std::filesystem::exists(o.path);
-  LibraryChange change =
-      isNew ? LibraryChange::New(session, o.path, {zel::libKind11, false, ModeOf(o.mode)}, o.change)
-            : ExistingLibrary(session, o.path, o.change, "--create makes it");
+  LibraryChange change = ExistingOrNewLibrary(session, o.path, o.create, o.mode, o.change);
   Library const& to = change.Open();
   std::vector<CitationConflict> conflicts;
   Report report;
@@ -125,6 +121,7 @@ Report Copy(Session& session, Options const& o) {
     }
   }
   AddCitationConflicts(session, conflicts, report);
+  NoteMark(session, from, o.path, &to);
   PutInPlaceAfter(report, std::move(change));
   return report;
 }
@@ -178,7 +175,7 @@ void AddItemCommands(CommandLine& line) {
   AddModeOption(copy, o->mode);
   AddStrict(copy);
   AddChangeOptions(copy, o->change);
-  copy.Run(Outputs::kJson, [o](Session& session) { return Copy(session, *o); });
+  copy.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Copy(session, *o); });
   Command remove(line, "delete", "Remove an item or a bank", "zel delete own.lb1 PERRY ETHANOL");
   remove.Argument("LIBRARY", o->path, "the library to change")
       .Library(o->path)

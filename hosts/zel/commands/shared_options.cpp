@@ -11,6 +11,7 @@
 namespace zelhost {
 
 void AddReplaceOptions(Command& command, ChangeOptions& options, std::string const& passwordHelp) {
+  options.admitsReaders = true;
   command.Secret("--password", options.password, passwordHelp, "TEXT")
       .Option("--keep", options.keep, "versions to keep for undo; 10 by default, 0 for none", "N")
       .Flag("--dry-run", options.dryRun, "report what would be done, and change nothing");
@@ -107,6 +108,16 @@ void AddDataWarning(std::vector<Finding> const& findings, bool isStrict, Report&
   AddFindings("implausible", findings, report);
 }
 
+void NoteMark(Session& session, Library const& library, std::string const& where,
+              Library const* to) {
+  if (!library.File().IsPasswordLocked() || (to != nullptr && to->File().IsPasswordLocked())) {
+    return;
+  }
+  session.Note("warning: " + library.Path() +
+               ": its data are marked as protected (password level 2); " + where +
+               " does not carry the mark");
+}
+
 void PutInPlaceAfter(Report& report, LibraryChange change) {
   if (change.IsDryRun()) return report.Warning("dry run", "nothing was changed");
   auto const held = std::make_shared<LibraryChange>(std::move(change));
@@ -121,6 +132,20 @@ LibraryChange ExistingLibrary(Session& session, std::string const& path,
     if (std::filesystem::exists(path)) throw;
     throw Failure(failure.what() + std::string("; ") + advice);
   }
+}
+
+LibraryChange ExistingOrNewLibrary(Session& session, std::string const& path, bool create,
+                                   std::string const& mode, ChangeOptions const& options) {
+  CheckModeFor(path, mode);
+  if (create && !IsThereOrBeingChanged(path)) {
+    try {
+      return LibraryChange::New(session, path, {zel::libKind11, false, ModeOf(mode)}, options);
+    } catch (Error const&) {
+      if (!std::filesystem::exists(path)) throw;
+      CheckModeFor(path, mode);  // another program has just made it
+    }
+  }
+  return ExistingLibrary(session, path, options, "--create makes it");
 }
 
 void AddStrict(Command& command) {

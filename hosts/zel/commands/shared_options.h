@@ -42,6 +42,10 @@ void AddFindings(std::string const& name, std::vector<Finding> const& findings, 
 // Adds a warning and a table "implausible" of findings about the data that a change has written, if
 // there are any. Throws Failure instead if `isStrict`.
 void AddDataWarning(std::vector<Finding> const& findings, bool isStrict, Report& report);
+// Notes that `where` does not carry the mark of a library that marks its data as protected. Not if
+// the library `to`, to which the data go, has the mark itself.
+void NoteMark(Session& session, Library const& library, std::string const& where,
+              Library const* to = nullptr);
 // Puts the change in place when the report is made. After a dry run the report says that nothing
 // was changed.
 void PutInPlaceAfter(Report& report, LibraryChange change);
@@ -49,6 +53,10 @@ void PutInPlaceAfter(Report& report, LibraryChange change);
 // The change of a library that must exist; if it does not, the message ends with the advice.
 LibraryChange ExistingLibrary(Session& session, std::string const& path,
                               ChangeOptions const& options, std::string const& advice);
+// The same, but with `create` a library that does not exist is made, with the mode that the text of
+// its option means.
+LibraryChange ExistingOrNewLibrary(Session& session, std::string const& path, bool create,
+                                   std::string const& mode, ChangeOptions const& options);
 
 // Adds --strict to a command that walks over items.
 void AddStrict(Command& command);

@@ -125,6 +125,12 @@ void AddGroups(PureComponent const& component, Report& report) {
   }
 }
 
+// The mark of the library, which asks for care with its data.
+void AddMark(Library const& library, Report& report) {
+  if (!library.File().IsPasswordLocked()) return;
+  report.Warning("protected", "the library marks its data as protected (password level 2)");
+}
+
 Report ShowComponent(Library const& library, BankName const& bank, Options const& o) {
   PureComponent component;
   zel::Handle<zel::Key> const key = KeyIn(library, *component.Def(), o.words);
@@ -136,6 +142,7 @@ Report ShowComponent(Library const& library, BankName const& bank, Options const
   Report report;
   BankCitations citations(library, bank);
   AddIdentity(component, report);
+  AddMark(library, report);
   AddConstants(component, o.complete, citations, report);
   AddCurves(component, library.InSession().units, citations, report);
   AddGroups(component, report);
@@ -161,6 +168,7 @@ Report Show(Session& session, Options const& o) {
   report.Fact("item", Joined(words));
   report.JsonFacts(ItemColumns(), ItemMembers(ToText(bank), words));
   report.Fact("from", Text(source));
+  AddMark(library, report);
   Table& table =
       report.Begin("fields", {{"field", ""}, {"value", ""}, {"unit", ""}, {"label", ""}});
   for (Field const& field : FieldsIn(library, bank, *item)) {

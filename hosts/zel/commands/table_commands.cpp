@@ -29,6 +29,13 @@ struct Options {
   bool withSources = false;
 };
 
+// For people who wonder where the values are.
+void NoteNoFields(Session& session, std::vector<std::string> const& fields,
+                  std::string const& example) {
+  if (!fields.empty() || session.form != Form::kText) return;
+  session.Note("no values are shown; " + example);
+}
+
 Report Components(Session& session, Options const& o) {
   PreferenceList list(session, o.sources);
   ComponentChoice choice = o.choice;
@@ -43,6 +50,8 @@ Report Components(Session& session, Options const& o) {
   report.Add(ComponentTable(list, ChosenComponents(list, choice), o.fields, o.withSources),
              onlyJson);
   AddWarnings(list, report);
+  NoteNoFields(session, o.fields,
+               "--fields names constants and correlations, e.g. --fields TC NBP");
   return report;
 }
 
@@ -78,6 +87,8 @@ Report Pairs(Session& session, Options const& o) {
   }
   Table meanings = PairMeanings(libraries, o.type, o.fields);
   if (!meanings.Empty()) report.AddAside(std::move(meanings));
+  std::string const type = UpperCase(o.type);
+  NoteNoFields(session, o.fields, "--fields names them, and `zel types " + type + "` lists them");
   return report;
 }
 

@@ -117,6 +117,7 @@ Report ExportTableFile(Session& session, std::string const& library, std::string
   TextTable const table =
       ExportTable(from, which, TableKindNamed(options.kind, which.type), session.units);
   WriteFile(options.path, InFormOf(options.path, table));
+  NoteMark(session, from, options.path);
   Report report;
   if (isOutput) return report;  // only the table
   report.Fact("exported", library);

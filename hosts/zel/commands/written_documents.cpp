@@ -6,6 +6,8 @@
 
 #include "commands/command.h"
 #include "desk/files/folder.h"
+#include "desk/files/input_file.h"
+#include "desk/files/output_file.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/pure_component.h"
@@ -29,6 +31,20 @@ zel::ZelDocumentContents ContentsOf(fs::path const& document) {
 std::size_t ItemsOf(Library const& library, BankName const& bank) {
   zel::Handle<zel::IZelBankDef> const item = BankOrNone(bank.type);
   return item ? Keys(library, bank, *item).size() : 0;
+}
+
+// Of the control characters, XML has only the tabulator and the ends of lines.
+bool IsNotInXml(char c) { return c >= 0 && c < ' ' && c != '\t' && c != '\n' && c != '\r'; }
+
+// Removes the characters that XML cannot hold, which only memos can have, and returns their number.
+std::int64_t LeaveOutControls(fs::path const& document) {
+  std::ifstream file = OpenInput(document);
+  std::string text(std::istreambuf_iterator<char>(file), {});
+  auto const end = std::remove_if(text.begin(), text.end(), IsNotInXml);
+  std::int64_t const count = text.end() - end;
+  text.erase(end, text.end());
+  if (count > 0) WriteFile(document.string(), text);
+  return count;
 }
 
 // Adds findings, with their number as a fact.
@@ -69,15 +85,22 @@ void CheckComponentNames(Library const& library, std::vector<BankName> const& ba
 
 void ReportUnreadable(Session& session, Report& report, fs::path const& folder) {
   Table table("unreadable", {{"document", ""}, {"line", ""}, {"why", ""}});
+  std::int64_t leftOut = 0;
   std::vector<fs::path> documents;
   for (std::string const& name : NamesIn(folder)) documents.push_back(folder / name);
   std::sort(documents.begin(), documents.end());
   for (fs::path const& document : documents) {
-    zel::ZelDocumentContents const contents = ContentsOf(document);
+    zel::ZelDocumentContents contents = ContentsOf(document);
     if (contents.readable) continue;
+    if (std::int64_t const count = LeaveOutControls(document); count > 0) {
+      leftOut += count;
+      contents = ContentsOf(document);
+      if (contents.readable) continue;
+    }
     table.Add(document.filename().string(), std::int64_t{contents.line},
               std::string(contents.reason));
   }
+  if (leftOut > 0) report.Fact(kControlsLeftOut, leftOut);
   Tell(session, report, "cannot be read back", table);
 }
 

@@ -15,8 +15,12 @@ namespace zelhost {
 void CheckDocumentNames(Library const& library, std::vector<BankName> const& banks);
 void CheckComponentNames(Library const& library, std::vector<BankName> const& banks);
 
+// The fact of ReportUnreadable with the number of characters that it has removed.
+inline constexpr char kControlsLeftOut[] = "control characters left out";
+
 // Reports what cannot be read back from the documents in the folder: documents that cannot be read,
-// and items of the banks that are not in them. `name` is the name of the document of a single bank
+// after the control characters that XML cannot hold were removed from them, and items of the banks
+// that are not in them. `name` is the name of the document of a single bank
 // or of the library. The exit status is set if there is any.
 void ReportUnreadable(Session& session, Report& report, std::filesystem::path const& folder);
 void ReportMissing(Session& session, Report& report, Library const& library,

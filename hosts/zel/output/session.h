@@ -11,6 +11,8 @@ namespace zelhost {
 
 class Session final : public zel::desk::Session {
  public:
+  Session() { patienceAtMoves = std::chrono::seconds(5); }
+
   // The form of the report.
   Form form = Form::kText;
   // If true, the first item that cannot be read ends the command.
