@@ -236,10 +236,9 @@ void AddLibraryCommands(CommandLine& line) {
       .Library(o->path)
       .Option("--description", o->description, "up to 100 characters", "TEXT")
       .Option("--library-version", o->version, "up to 12 characters", "TEXT")
-      .Secret("--new-password", o->newPassword,
-              "only asks well-behaved programs to refuse updates", "TEXT")
-      .Option("--level", o->level,
-              "of the new password: 1 protects, 2 marks data too", "N")
+      .Secret("--new-password", o->newPassword, "only asks well-behaved programs to refuse updates",
+              "TEXT")
+      .Option("--level", o->level, "of the new password: 1 protects, 2 marks data too", "N")
       .Flag("--clear-password", o->clearPassword, "no longer require a password");
   AddChangeOptions(set, o->change);
   set.Run(Outputs::kJson, [o](Session& session) { return Set(session, *o); });
