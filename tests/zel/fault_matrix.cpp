@@ -332,7 +332,11 @@ std::string Matrix::WrongWith(CommandLine const& line, FaultedRun const& run) {
   }
   bool const isFinding = line.finding != nullptr && Has(run.out, line.finding);
   if (run.err.empty() && !isFinding) return "failed without a word";
-  if (new_ == old_) return left == old_ ? "" : "changed something";
+  if (new_ == old_) {
+    // What could not be moved back either is moved back by the next command.
+    bool const isCutOff = Has(run.err, "cannot be moved back");
+    return (isCutOff ? Finished(line) : left) == old_ ? "" : "changed something";
+  }
   Contents const finished = Finished(line);
   if (finished == old_) return "";
   if (finished != left) return "failed, and a later command went on with it";
