@@ -6,6 +6,7 @@ set(frame_SOURCES
     module.cpp
     number_text.cpp
     path_parts.cpp
+    platform/posix_aside.cpp
     platform/posix_block_file.cpp
     platform/posix_memory.cpp
     platform/posix_system.cpp

@@ -44,6 +44,13 @@ std::int64_t ReadWords(platform::BlockFile& file, std::uint64_t offset, std::int
   return got;
 }
 
+std::size_t Count(std::int32_t words) noexcept {
+  constexpr std::int32_t kMost = INT32_MAX / format::kWordBytes;
+  return static_cast<std::size_t>(std::clamp<std::int32_t>(words, 0, kMost));
+}
+
+}  // namespace
+
 openErrors ErrorOf(platform::OpenOutcome outcome) noexcept {
   switch (outcome) {
     case platform::OpenOutcome::kOk: return openOk;
@@ -54,21 +61,8 @@ openErrors ErrorOf(platform::OpenOutcome outcome) noexcept {
   return openFailed;
 }
 
-std::size_t Count(std::int32_t words) noexcept {
-  constexpr std::int32_t kMost = INT32_MAX / format::kWordBytes;
-  return static_cast<std::size_t>(std::clamp<std::int32_t>(words, 0, kMost));
-}
-
-}  // namespace
-
 BlockStore::BlockStore(platform::FileSystem& system, accModes mode, std::string firstPath)
     : system_(&system), mode_(mode), firstPath_(std::move(firstPath)) {}
-
-std::string BlockStore::PathOf(int number) const {
-  std::string path = firstPath_;
-  if (!path.empty()) path.back() = "0123456789"[number];
-  return path;
-}
 
 openErrors BlockStore::OpenFile(int number, bool create, bool forceRead) {
   FileSlot& slot = Slot(number);
@@ -80,8 +74,10 @@ openErrors BlockStore::OpenFile(int number, bool create, bool forceRead) {
     mode = platform::OpenMode::kRead;
   }
   platform::OpenedFile opened = system_->Open(PathOf(number), mode);
+  wasInUse_ = opened.isInUse;
   if (opened.outcome == platform::OpenOutcome::kOk) {
     slot.file = std::move(opened.file);
+    if (!Hold(number, mode != platform::OpenMode::kRead)) return openFailed;
     slot.state = kOpen;
     if (boundMemory_) slot.file->BoundMemory(true);
   }
@@ -98,11 +94,16 @@ void BlockStore::CloseFile(int number) noexcept {
 
 void BlockStore::CloseAll() noexcept {
   nodeFile_.blocks = 0;
+  if (held_) held_->End();
   for (FileSlot& slot : slots_) {
     slot.file.reset();
     slot.state = kAbsent;
     slot.blockWords = 0;
   }
+  held_.reset();
+  unfinished_.reset();
+  hasWritten_ = false;
+  hasOwnMark_ = false;
   ++closings_;
 }
 
@@ -129,10 +130,11 @@ std::int64_t BlockStore::ReadPlain(std::int32_t block, std::int32_t words, std::
 bool BlockStore::WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer) {
   std::size_t const count = Count(words);
   auto const bytes = static_cast<std::int64_t>(count) * format::kWordBytes;
-  return WriteWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
+  return BeforeWrite() && WriteWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
 }
 
 bool BlockStore::FlushFiles() {
+  if (held_) return held_->Commit();
   bool good = true;
   for (FileSlot& slot : slots_) {
     if (slot.file && !slot.file->Flush()) good = false;
@@ -332,6 +334,7 @@ std::int32_t BlockStore::Transfer(std::int32_t address, std::int32_t words,
                                   std::int32_t const* buffer) {
   BlockAddress const a = CheckedForWriting(address);
   FileSlot& slot = Slot(a.file);
+  if (!BeforeWrite()) return -1;
   if (slot.state != kOpen && OpenFile(a.file, true, false) != openOk) return -1;
   if (!KeepForUndo(a, Count(words) * format::kWordBytes)) return -1;
   return static_cast<std::int32_t>(WriteWords(*slot.file, OffsetOf(a), buffer, Count(words)));

@@ -13,11 +13,15 @@
 #include "store/block_address.h"
 #include "store/extents.h"
 #include "store/format.h"
+#include "store/held_writes.h"
 #include "store/node_pool.h"
 #include "store/undo_pages.h"
-#include "zelaccess/LibFile.h"
+#include "store/unfinished_flush.h"
+#include "zelaccess/OpenLibrary.h"
 
 namespace zel {
+
+openErrors ErrorOf(platform::OpenOutcome outcome) noexcept;
 
 // Blocks are fixed-size records, a size per file, numbered from 1. A run of blocks is addressed by
 // its first block. Everything in a library is accessed through ReadBlock, WriteBlock and FreeBlock,
@@ -63,11 +67,26 @@ class BlockStore {
   std::uint64_t Changes() const noexcept { return changes_; }
   // Increases when files are closed: pointers from View are then no longer valid.
   std::uint32_t Closings() const noexcept { return closings_; }
-  // Asks the system to write all open files to disk.
+  // Asks the system to write all open files to disk, and what is held back into them.
   bool FlushFiles();
   // Bounds the memory that each file takes, those opened later too, or no longer does so; see
   // BlockFile.
   void BoundMemory(bool on);
+
+  // --- how changes get into the files; block_store_writes.cpp ---------------------------------
+  // To be set before the files are opened.
+  void SetWriteMode(zelWriteModes mode) noexcept { writes_ = mode; }
+  // Completes the last flush if it was cut off; for reading, in memory alone. The first file must
+  // be open.
+  openErrors FinishLastFlush(bool forceRead);
+  // After a flush, before the files are closed: whoever opens the library next finds no mark.
+  void CloseCleanly() noexcept;
+  ZelLastClose LastClose() const;
+  // Removes the mark of a library that nobody else uses, and a journal that is not for it. False if
+  // one of them is still there.
+  bool ForgetUncleanClose();
+  // True if the last file that could not be opened is in use.
+  bool WasInUse() const noexcept { return wasInUse_; }
 
   // --- work that can be taken back ----------------------------------------------------------
   // From here on, what is overwritten is kept. The files must be open for update.
@@ -145,7 +164,13 @@ class BlockStore {
   FileSlot const& Slot(int number) const noexcept {
     return slots_[static_cast<std::size_t>(number)];
   }
-  std::string PathOf(int number) const;
+  std::string PathOf(int number) const { return FileOfLibrary(firstPath_, number); }
+  bool Hold(int number, bool canWrite);
+  std::string const& Target();
+  bool SetMark();
+  // Before each write: whether it may be made.
+  bool BeforeWrite() { return hasWritten_ || BeforeFirstWrite(); }
+  bool BeforeFirstWrite();
   bool OpenOnDemand(int number);
   std::int32_t const* ViewOfAnyFile(std::int32_t address, std::int32_t words);
   void MapNodeFile() noexcept;
@@ -168,6 +193,15 @@ class BlockStore {
   std::uint64_t changes_ = 0;
   std::int32_t libType_ = 0;
   std::int32_t fileCount_ = 0;
+  zelWriteModes writes_ = writesPlain;
+  bool wasInUse_ = false;
+  bool hasWritten_ = false;
+  bool hasOwnMark_ = false;
+  bool isCompleted_ = false;
+  std::string target_;  // the first file, a link resolved; empty until it is needed
+  // What the journal next to the library makes of files that are open for reading.
+  std::unique_ptr<UnfinishedFlush> unfinished_;
+  std::unique_ptr<HeldWrites> held_;  // where writes are held back; must outlive the files
   std::array<FileSlot, format::kFileSlots> slots_;
   NodeFile nodeFile_;
   std::atomic<int> viewsAskedFor_ = 0;

@@ -125,6 +125,11 @@ void LibFile_i::CloseLibFile() {
     Shut();
     throw;
   }
+  Shut(true);
+}
+
+void LibFile_i::Abandon() noexcept {
+  LeaveNameIndex();
   Shut();
 }
 

@@ -41,7 +41,11 @@ class LibFile_i final : public LibFile_p {
   };
   openErrors OpenExisting(Password password, libTypes* type);
 
+  // Closes without a flush: what is in memory alone is lost.
+  void Abandon() noexcept;
+
   BlockStore& Store() noexcept { return store_; }
+  BlockStore const& Store() const noexcept { return store_; }
 
   // Receives the items that a walk skips because they cannot be read; null: the walk throws.
   ZelFindingSink* ItemFindings() const noexcept { return itemFindings_; }
@@ -125,7 +129,7 @@ class LibFile_i final : public LibFile_p {
   bool LoadTablesAndHeads();
   void MakeTrees();
   void DropTrees() noexcept;
-  void Shut() noexcept;
+  void Shut(bool isClean = false) noexcept;
   // lib_file_find.cpp
   bool DirectoryIsSound() const noexcept;
   bool SearchDirectory(char const* type, char const* name, std::int32_t const*& data, bool marker);

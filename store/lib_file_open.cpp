@@ -101,6 +101,7 @@ void LibFile_i::UnpackHeader() noexcept {
 openErrors LibFile_i::OpenFiles(bool forceRead, libTypes* type) {
   store_.DeclareFile(1, true, f::kBlockWordsOfFile1);
   openErrors error = store_.OpenFile(1, false, forceRead);
+  if (error == openOk) error = store_.FinishLastFlush(forceRead);
   if (error != openOk) return error;
   std::int64_t const got = store_.ReadPlain(f::kHeaderBlock, f::kHeaderWords, header_.data());
   if (got != f::kHeaderBytes || !HeaderIsGood()) return openNotLibrary;
@@ -180,9 +181,10 @@ void LibFile_i::DropTrees() noexcept {
   foundNumbers_.clear();
 }
 
-void LibFile_i::Shut() noexcept {
+void LibFile_i::Shut(bool isClean) noexcept {
   DropTrees();
   store_.MarkOpen(false);
+  if (isClean) store_.CloseCleanly();
   store_.CloseAll();
 }
 

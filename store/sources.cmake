@@ -2,6 +2,7 @@ set(store_SOURCES
     bank_key.cpp
     block_error.cpp
     block_store.cpp
+    block_store_writes.cpp
     btree_delete.cpp
     btree_dump.cpp
     btree_find.cpp
@@ -11,6 +12,8 @@ set(store_SOURCES
     btree_walk.cpp
     casn.cpp
     extents.cpp
+    held_writes.cpp
+    journal.cpp
     key.cpp
     lib_file.cpp
     lib_file_find.cpp
@@ -18,4 +21,5 @@ set(store_SOURCES
     memo.cpp
     node_pool.cpp
     packed_text.cpp
-    undo_pages.cpp)
+    undo_pages.cpp
+    unfinished_flush.cpp)

@@ -42,6 +42,7 @@ set(verify_SOURCES
     judge/thermal_relations.cpp
     judge/volume_relations.cpp
     library_comparison.cpp
+    open_library.cpp
     pair_checks.cpp
     tree_check.cpp
     verify_library.cpp)

@@ -33,6 +33,11 @@ class BlockFile {
   // Bytes transferred, -1 when the transfer failed. Writing past the end extends the file; a gap
   // reads as zeros.
   virtual std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) = 0;
+  // The same; in addition, a program that is killed meanwhile leaves each 512 bytes of the file as
+  // they were or as they are to be.
+  virtual std::int64_t WriteInSectors(std::uint64_t offset, void const* from, std::size_t count) {
+    return WriteAt(offset, from, count);
+  }
   // The bytes in place when the whole range is inside the file and the file is mapped; null
   // otherwise. The address of a byte does not change while the file is open, and a later WriteAt is
   // visible through it.
@@ -58,6 +63,7 @@ class BlockFile {
 struct OpenedFile {
   OpenOutcome outcome = OpenOutcome::kFailed;
   std::unique_ptr<BlockFile> file;  // set when outcome is kOk
+  bool isInUse = false;             // denied because of another opener: may succeed later
 };
 
 class FileSystem {
@@ -71,6 +77,21 @@ class FileSystem {
   virtual OpenedFile Open(std::string const& path, OpenMode mode) = 0;
   // Removes a file that is not open. False on failure, and where files cannot be removed.
   virtual bool Remove(std::string const& /*path*/) { return false; }
+
+  // --- files next to a library, for the time of its changes ----------------------------------
+  // The path itself; for a symbolic link, the path that it leads to.
+  virtual std::string Target(std::string const& path) { return path; }
+  // Opens a file next to the library whose first file is `library`. It is neither locked nor
+  // mapped. A symbolic link at the path is not followed, and where everybody may make files, a file
+  // that somebody else made is not opened: both are kNotFound. A new file gets the mode of the
+  // library.
+  virtual OpenedFile OpenAside(std::string const& path, OpenMode mode,
+                               std::string const& /*library*/) {
+    return Open(path, mode);
+  }
+  // Asks the system to write to disk which files there are in the folder of that file. False on
+  // failure.
+  virtual bool SyncFolder(std::string const& /*path*/) { return true; }
 };
 
 // The system's files. Opening takes an advisory lock on the whole file, bound to this open (not to

@@ -28,6 +28,7 @@
 #include <vector>
 
 #include "frame/platform/block_file.h"
+#include "frame/platform/posix_aside.h"
 #include "frame/platform/posix_descriptor.h"
 
 namespace zel::platform {
@@ -138,17 +139,13 @@ class PosixBlockFile final : public BlockFile {
         return static_cast<std::int64_t>(count);
       }
     }
-    std::int64_t const done = Transfer(count, [&](std::size_t at) {
-      return WithoutSizeSignal([&] {
-        return ::pwrite(file_.Get(), static_cast<std::byte const*>(from) + at, count - at,
-                        static_cast<off_t>(offset + at));
-      });
-    });
-    if (done > 0) {
-      size_ = std::max(size_, offset + static_cast<std::uint64_t>(done));
-      onDisk_ = std::max(onDisk_, size_);
-    }
-    return done;
+    return WritePlain(offset, from, count);
+  }
+
+  // The system copies what is in one of its pages without an interruption.
+  std::int64_t WriteInSectors(std::uint64_t offset, void const* from, std::size_t count) override {
+    if (!writable_ || offset > kLargestOffset || count > kLargestOffset - offset) return -1;
+    return WritePlain(offset, from, count);
   }
 
   std::byte const* View(std::uint64_t offset, std::size_t count) const noexcept override {
@@ -198,6 +195,20 @@ class PosixBlockFile final : public BlockFile {
     if (!often_) return true;
     if (often_->Bytes() >= kMostHeld) GiveBack();
     return often_->Use(offset, count);
+  }
+
+  std::int64_t WritePlain(std::uint64_t offset, void const* from, std::size_t count) noexcept {
+    std::int64_t const done = Transfer(count, [&](std::size_t at) {
+      return WithoutSizeSignal([&] {
+        return ::pwrite(file_.Get(), static_cast<std::byte const*>(from) + at, count - at,
+                        static_cast<off_t>(offset + at));
+      });
+    });
+    if (done > 0) {
+      size_ = std::max(size_, offset + static_cast<std::uint64_t>(done));
+      onDisk_ = std::max(onDisk_, size_);
+    }
+    return done;
   }
 
   // What a shared map holds is the system's cache of the file: nothing is lost or written.
@@ -302,12 +313,27 @@ class PosixFiles final : public FileSystem {
     struct stat info {};  // under the lock, so that no writer changes the length
     if (::fstat(file.Get(), &info) != 0) return {OpenOutcome::kFailed, nullptr};
     if (!S_ISREG(info.st_mode)) return {OpenOutcome::kDenied, nullptr};
-    if (!locked) return {lockOutcome, nullptr};
-    if (!IsAt(path, info)) return {OpenOutcome::kDenied, nullptr};
+    if (!locked) return {lockOutcome, nullptr, lockOutcome == OpenOutcome::kDenied};
+    if (!IsAt(path, info)) return {OpenOutcome::kDenied, nullptr, true};
     auto const size = static_cast<std::uint64_t>(info.st_size);
     return {OpenOutcome::kOk, std::make_unique<PosixBlockFile>(std::move(file), size,
                                                                HasHoles(info), writable, sync_)};
   }
+
+  std::string Target(std::string const& path) override { return TargetOf(path); }
+
+  OpenedFile OpenAside(std::string const& path, OpenMode mode,
+                       std::string const& library) override {
+    Descriptor file(OpenAsideDescriptor(path, mode, library));
+    struct stat info {};
+    if (file.Get() < 0 || ::fstat(file.Get(), &info) != 0) return {OutcomeOf(errno), nullptr};
+    constexpr bool kIsNeverMapped = true;  // for writing, as a file with holes
+    return {OpenOutcome::kOk, std::make_unique<PosixBlockFile>(
+                                  std::move(file), static_cast<std::uint64_t>(info.st_size),
+                                  kIsNeverMapped, mode != OpenMode::kRead, sync_)};
+  }
+
+  bool SyncFolder(std::string const& path) override { return !sync_ || SyncFolderOf(path); }
 
  private:
   // True if so much of the file was never written that allocating room on disk for all of it would

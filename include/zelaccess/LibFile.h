@@ -32,7 +32,9 @@ enum openErrors : std::int32_t {
   openNotLibrary = 4,      ///< Name not ending in ".lb1", or not a library inside.
   openSiblingMissing = 5,  ///< The header declares a second file that is not there.
   openPasswordNeeded = 6,  ///< Update of a protected library with an empty password.
-  openBadPassword = 7      ///< The password is neither the library's nor empty.
+  openBadPassword = 7,     ///< The password is neither the library's nor empty.
+  openUncleanlyClosed = 8,  ///< Not closed cleanly; only for those who ask (OpenLibrary.h).
+  openDamaged = 9           ///< Not closed cleanly and damaged; only for those who ask.
 };
 
 /// An open component library. Any number of readers can hold a library together; an updater
@@ -44,8 +46,10 @@ enum openErrors : std::int32_t {
 ///     ...
 ///     LibFile::DelLibFile(library);
 ///
-/// A library must outlive every LibMaint, LibSearch and bank read that uses it. There is no
-/// journal: what was not flushed is not in the file's header.
+/// A library must outlive every LibMaint, LibSearch and bank read that uses it. Changes are written
+/// as they are made, and what was not flushed is not in the file's header: a host that is killed
+/// before it has flushed leaves a library between two states. OpenLibrary.h has opens that prevent
+/// that, or make it known.
 ///
 /// **Null pointers.** Every pointer may be null. A null text argument is the empty text, except
 /// where an operation says otherwise. A null output is skipped.

@@ -43,4 +43,12 @@ platform::OpenedFile FailingFileSystem::Open(std::string const& path, platform::
   return opened;
 }
 
+platform::OpenedFile FailingFileSystem::OpenAside(std::string const& path, platform::OpenMode mode,
+                                                  std::string const& library) {
+  if (Fails()) return {platform::OpenOutcome::kFailed, nullptr};
+  platform::OpenedFile opened = real_.OpenAside(path, mode, library);
+  if (opened.file) opened.file = std::make_unique<File>(*this, path, std::move(opened.file));
+  return opened;
+}
+
 }  // namespace zel::test

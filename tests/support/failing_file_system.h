@@ -32,6 +32,10 @@ class FailingFileSystem final : public platform::FileSystem {
   bool Exists(std::string const& path) override { return real_.Exists(path); }
   bool Remove(std::string const& path) override { return real_.Remove(path); }
   platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override;
+  std::string Target(std::string const& path) override { return real_.Target(path); }
+  platform::OpenedFile OpenAside(std::string const& path, platform::OpenMode mode,
+                                 std::string const& library) override;
+  bool SyncFolder(std::string const& path) override { return !Fails() && real_.SyncFolder(path); }
 
  private:
   class File;

@@ -7,11 +7,11 @@ namespace zel::test {
 
 class MemoryFileSystem::File final : public platform::BlockFile {
  public:
-  File(MemoryFileSystem& system, Node& node, bool writable)
-      : system_(system), node_(node), writable_(writable) {
-    ++(writable_ ? node_.writers : node_.readers);
+  File(MemoryFileSystem& system, Node& node, bool writable, bool locks)
+      : system_(system), node_(node), writable_(writable), locks_(locks ? 1 : 0) {
+    (writable_ ? node_.writers : node_.readers) += locks_;
   }
-  ~File() override { --(writable_ ? node_.writers : node_.readers); }
+  ~File() override { (writable_ ? node_.writers : node_.readers) -= locks_; }
 
   std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) override {
     if (offset >= node_.bytes.size()) return 0;
@@ -48,6 +48,7 @@ class MemoryFileSystem::File final : public platform::BlockFile {
   MemoryFileSystem& system_;
   Node& node_;
   bool writable_;
+  int locks_;
 };
 
 platform::OpenedFile MemoryFileSystem::Open(std::string const& path, platform::OpenMode mode) {
@@ -59,7 +60,17 @@ platform::OpenedFile MemoryFileSystem::Open(std::string const& path, platform::O
   if (node.writers > 0 || (writable && node.readers > 0)) {
     return {platform::OpenOutcome::kDenied, nullptr};
   }
-  return {platform::OpenOutcome::kOk, std::make_unique<File>(*this, node, writable)};
+  return {platform::OpenOutcome::kOk, std::make_unique<File>(*this, node, writable, true)};
+}
+
+platform::OpenedFile MemoryFileSystem::OpenAside(std::string const& path, platform::OpenMode mode,
+                                                 std::string const&) {
+  if (mode != platform::OpenMode::kCreate && !Exists(path)) {
+    return {platform::OpenOutcome::kNotFound, nullptr};
+  }
+  bool const writable = mode != platform::OpenMode::kRead;
+  return {platform::OpenOutcome::kOk,
+          std::make_unique<File>(*this, files_[path], writable, false)};
 }
 
 }  // namespace zel::test

@@ -17,6 +17,8 @@ class MemoryFileSystem final : public platform::FileSystem {
 
   bool Exists(std::string const& path) override { return files_.count(path) != 0; }
   platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override;
+  platform::OpenedFile OpenAside(std::string const& path, platform::OpenMode mode,
+                                 std::string const& library) override;
 
   // Contents of a file, created empty if it does not exist. They must not be changed while the file
   // is open.

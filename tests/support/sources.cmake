@@ -1,8 +1,11 @@
 set(support_SOURCES
     allocations.cpp
+    crash_file_system.cpp
+    crash_trial.cpp
     extent_model.cpp
     failing_file_system.cpp
     formula_model.cpp
+    item_session.cpp
     memory_file_system.cpp
     sample_component.cpp
     sample_library.cpp

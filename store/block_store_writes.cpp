@@ -1,0 +1,99 @@
+// How changes get into the files of a library: what is held back, the mark, and a flush that was
+// cut off.
+#include <utility>
+
+#include "store/block_store.h"
+
+namespace zel {
+
+using platform::OpenMode;
+
+std::string const& BlockStore::Target() {
+  if (target_.empty()) target_ = system_->Target(firstPath_);
+  return target_;
+}
+
+// Puts what a journal says, or what holds writes back, in front of a file that was just opened.
+bool BlockStore::Hold(int number, bool canWrite) {
+  FileSlot& slot = Slot(number);
+  if (!canWrite && unfinished_ && unfinished_->Of(number) != nullptr) {
+    auto file = std::make_unique<HeldFile>(std::move(slot.file), number, nullptr);
+    if (!file->Overlay(*unfinished_->Of(number))) return false;
+    slot.file = std::move(file);
+  }
+  if (canWrite && writes_ == writesHeld) {
+    if (!held_) held_ = std::make_unique<HeldWrites>(*system_, JournalOf(Target()), Target());
+    slot.file = held_->Hold(number, std::move(slot.file));
+  }
+  return true;
+}
+
+openErrors BlockStore::FinishLastFlush(bool forceRead) {
+  target_.clear();
+  unfinished_.reset();
+  isCompleted_ = false;
+  if (!system_->Exists(JournalOf(Target()))) return openOk;
+  auto unfinished = std::make_unique<UnfinishedFlush>(*system_, firstPath_);
+  openErrors error = ErrorOf(unfinished->Look());
+  bool const isThere = unfinished->Found() == UnfinishedFlush::State::kThere;
+  if (error == openOk && isThere && mode_ == accUpdate && !forceRead) {
+    error = ErrorOf(unfinished->Complete());
+    if (error != openOk) return error;
+    // Its length may have changed.
+    CloseFile(1);
+    error = OpenFile(1, false, false);
+  } else if (error == openOk) {
+    unfinished_ = std::move(unfinished);
+    if (!Hold(1, false)) error = openFailed;
+  }
+  isCompleted_ = isThere;
+  return error;
+}
+
+// A journal of other files must not fit those that are written now.
+bool BlockStore::BeforeFirstWrite() {
+  std::string const journal = JournalOf(Target());
+  if (held_ && !held_->Begin()) return false;
+  if (!held_ && system_->Exists(journal)) system_->Remove(journal);
+  if (writes_ == writesMarked && !SetMark()) return false;
+  hasWritten_ = true;
+  return true;
+}
+
+// The mark of an earlier session stays until somebody has verified the library.
+bool BlockStore::SetMark() {
+  std::string const mark = MarkOf(Target());
+  if (hasOwnMark_ || system_->Exists(mark)) return true;
+  if (!system_->OpenAside(mark, OpenMode::kCreate, Target()).file) return false;
+  hasOwnMark_ = true;
+  return system_->SyncFolder(mark);
+}
+
+void BlockStore::CloseCleanly() noexcept {
+  if (hasOwnMark_) system_->Remove(MarkOf(Target()));
+  hasOwnMark_ = false;
+}
+
+ZelLastClose BlockStore::LastClose() const {
+  ZelLastClose state;
+  state.isMarked = !hasOwnMark_ && system_->Exists(MarkOf(system_->Target(firstPath_)));
+  state.isCompleted = isCompleted_;
+  state.hasForeignJournal =
+      unfinished_ && unfinished_->Found() == UnfinishedFlush::State::kForeign;
+  return state;
+}
+
+bool BlockStore::ForgetUncleanClose() {
+  bool good = true;
+  std::string const mark = MarkOf(Target());
+  std::string const journal = JournalOf(Target());
+  if (system_->Exists(mark)) good = system_->Remove(mark);
+  bool const isForeign = unfinished_ && unfinished_->Found() == UnfinishedFlush::State::kForeign;
+  if (isForeign) {
+    good = system_->Remove(journal) && good;
+    unfinished_.reset();
+  }
+  return good;
+}
+
+}  // namespace zel

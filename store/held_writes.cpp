@@ -1,0 +1,252 @@
+#include "store/held_writes.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <utility>
+
+namespace zel {
+namespace {
+
+// No file of a library is longer.
+constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 42;
+
+}  // namespace
+
+// --- one file ----------------------------------------------------------------------------------
+
+// Bytes that the file does not have are zeros.
+bool HeldFile::ReadReal(std::uint64_t offset, std::byte* to, std::size_t count) {
+  std::uint64_t const end = real_->Size();
+  std::size_t const there =
+      offset >= end ? 0 : static_cast<std::size_t>(std::min<std::uint64_t>(count, end - offset));
+  std::fill(to + there, to + count, std::byte{});
+  return there == 0 || real_->ReadAt(offset, to, there) == static_cast<std::int64_t>(there);
+}
+
+HeldFile::Page* HeldFile::Hold(std::uint64_t number) {
+  auto const found = pages_.find(number);
+  if (found != pages_.end()) return found->second.get();
+  auto page = std::make_unique<Page>();
+  if (!ReadReal(number * kPageBytes, page->bytes.data(), kPageBytes)) return nullptr;
+  for (std::size_t i = 0; i < kSectorsOfPage; ++i) {
+    page->before[i] = HashOf(page->bytes.data() + i * kSectorBytes, kSectorBytes);
+  }
+  return pages_.emplace(number, std::move(page)).first->second.get();
+}
+
+// False also for lack of memory.
+bool HeldFile::HoldAll(std::uint64_t offset, std::uint64_t end) {
+  try {
+    for (std::uint64_t page = offset / kPageBytes; page * kPageBytes < end; ++page) {
+      if (Hold(page) == nullptr) return false;
+    }
+  } catch (std::bad_alloc const&) {
+    return false;
+  }
+  return true;
+}
+
+std::int64_t HeldFile::ReadAt(std::uint64_t offset, void* to, std::size_t count) {
+  if (offset >= size_) return 0;
+  count = static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset));
+  auto* const bytes = static_cast<std::byte*>(to);
+  for (std::size_t done = 0; done < count;) {
+    std::uint64_t const at = offset + done;
+    auto const inPage = static_cast<std::size_t>(at % kPageBytes);
+    std::size_t const part = std::min(count - done, kPageBytes - inPage);
+    auto const found = pages_.find(at / kPageBytes);
+    if (found != pages_.end()) {
+      std::memcpy(bytes + done, found->second->bytes.data() + inPage, part);
+    } else if (!ReadReal(at, bytes + done, part)) {
+      return -1;
+    }
+    done += part;
+  }
+  return static_cast<std::int64_t>(count);
+}
+
+std::int64_t HeldFile::WriteAt(std::uint64_t offset, void const* from, std::size_t count) {
+  if (!WriteCannotFail(offset, count)) return -1;
+  auto const* const bytes = static_cast<std::byte const*>(from);
+  for (std::size_t done = 0; done < count;) {
+    std::uint64_t const at = offset + done;
+    auto const inPage = static_cast<std::size_t>(at % kPageBytes);
+    std::size_t const part = std::min(count - done, kPageBytes - inPage);
+    std::memcpy(pages_.find(at / kPageBytes)->second->bytes.data() + inPage, bytes + done, part);
+    done += part;
+  }
+  size_ = std::max(size_, offset + count);
+  return static_cast<std::int64_t>(count);
+}
+
+std::byte const* HeldFile::View(std::uint64_t offset, std::size_t count) const noexcept {
+  if (offset > size_ || count > size_ - offset) return nullptr;
+  if (!pages_.empty() && count != 0) {
+    std::uint64_t const first = offset / kPageBytes;
+    std::uint64_t const last = (offset + count - 1) / kPageBytes;
+    bool const isShort = last - first < pages_.size();
+    for (std::uint64_t number = first; isShort && number <= last; ++number) {
+      if (pages_.count(number) != 0) return nullptr;
+    }
+    auto const isInside = [&](auto const& page) {
+      return page.first >= first && page.first <= last;
+    };
+    if (!isShort && std::any_of(pages_.begin(), pages_.end(), isInside)) return nullptr;
+  }
+  return real_->View(offset, count);
+}
+
+bool HeldFile::WriteCannotFail(std::uint64_t offset, std::size_t count) {
+  return count <= kMostBytes && offset <= kMostBytes - count && HoldAll(offset, offset + count);
+}
+
+// What is cut off is zeros if the file grows again.
+bool HeldFile::CutTo(std::uint64_t size) {
+  if (size >= size_) return true;
+  if (!HoldAll(size, std::min(size_, real_->Size()))) return false;
+  for (auto& [number, page] : pages_) {
+    std::uint64_t const from = number * kPageBytes;
+    if (from + kPageBytes <= size) continue;
+    std::size_t const stays = from >= size ? 0 : static_cast<std::size_t>(size - from);
+    std::fill(page->bytes.begin() + static_cast<std::ptrdiff_t>(stays), page->bytes.end(),
+              std::byte{});
+  }
+  size_ = size;
+  return true;
+}
+
+std::vector<ChangedPage> HeldFile::Changes() const {
+  std::vector<ChangedPage> changes;
+  for (auto const& [number, page] : pages_) {
+    unsigned changed = 0;
+    for (std::size_t i = 0; i < kSectorsOfPage; ++i) {
+      auto const now = HashOf(page->bytes.data() + i * kSectorBytes, kSectorBytes);
+      if (now != page->before[i]) changed |= 1U << i;
+    }
+    if (changed == 0) continue;
+    changes.push_back({number_, number, changed, page->before.data(), page->bytes.data()});
+  }
+  std::sort(changes.begin(), changes.end(),
+            [](ChangedPage const& a, ChangedPage const& b) { return a.page < b.page; });
+  return changes;
+}
+
+bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages) {
+  PlacedPages placed(*real_, size_);
+  for (ChangedPage const& page : pages) {
+    for (std::size_t i = 0; i < kSectorsOfPage;) {
+      std::size_t run = 0;
+      while (i + run < kSectorsOfPage && (page.changed >> (i + run) & 1U) != 0) ++run;
+      if (run != 0 && !placed.Put(page.page, i, run, page.bytes + i * kSectorBytes)) return false;
+      i += run + 1;
+    }
+  }
+  return placed.Finish();
+}
+
+void HeldFile::Forget() noexcept {
+  pages_.clear();
+  size_ = real_->Size();
+}
+
+bool HeldFile::Overlay(JournaledFile const& journaled) {
+  for (auto const& [number, sector] : journaled.sectors) {
+    Page* const page = Hold(number / kSectorsOfPage);
+    if (page == nullptr) return false;
+    std::memcpy(page->bytes.data() + number % kSectorsOfPage * kSectorBytes,
+                sector.versions.back(), kSectorBytes);
+  }
+  if (journaled.length < size_) return CutTo(journaled.length);
+  size_ = journaled.length;
+  return true;
+}
+
+// --- all files of a library --------------------------------------------------------------------
+
+HeldWrites::HeldWrites(platform::FileSystem& system, std::string journal, std::string library)
+    : system_(&system), path_(std::move(journal)), library_(std::move(library)) {}
+
+std::unique_ptr<platform::BlockFile> HeldWrites::Hold(int number,
+                                                      std::unique_ptr<platform::BlockFile> real) {
+  auto file = std::make_unique<HeldFile>(std::move(real), number, this);
+  files_[static_cast<std::size_t>(number)] = {file.get(), false};
+  return file;
+}
+
+void HeldWrites::Ended(HeldFile const& file) noexcept {
+  files_[static_cast<std::size_t>(file.Number())] = {};
+}
+
+bool HeldWrites::Begin() {
+  if (journal_) return true;
+  platform::OpenedFile opened = system_->OpenAside(path_, platform::OpenMode::kCreate, library_);
+  if (!opened.file || !opened.file->CutTo(0)) return false;
+  journal_ = std::move(opened.file);
+  writer_.emplace(*journal_);
+  return true;
+}
+
+// Asks the system to write the files to disk; only those for which that was not done, or all.
+bool HeldWrites::Sync(bool onlyNew) {
+  for (File& file : files_) {
+    if (file.held == nullptr || (onlyNew && file.isSynced)) continue;
+    if (!file.held->Real().Flush()) return false;
+    file.isSynced = true;
+  }
+  return true;
+}
+
+// The files have everything, on disk: the journal can begin anew.
+bool HeldWrites::Checkpoint() { return isInPlace_ && Sync(false) && writer_->Restart(); }
+
+bool HeldWrites::Commit() {
+  constexpr std::uint64_t kLongJournal = std::uint64_t{1} << 20;
+  std::array<std::vector<ChangedPage>, format::kFileSlots> changes;
+  std::vector<ChangedPage> all;
+  LengthsOfFiles lengths;
+  bool hasChanges = false;
+  for (std::size_t i = 0; i < files_.size(); ++i) {
+    HeldFile* const held = files_[i].held;
+    if (held == nullptr) continue;
+    changes[i] = held->Changes();
+    all.insert(all.end(), changes[i].begin(), changes[i].end());
+    lengths[i] = {held->Real().Size(), held->Size()};
+    hasChanges = hasChanges || !changes[i].empty() || held->HasOtherLength();
+  }
+  if (!hasChanges && isInPlace_) {
+    for (File& file : files_) {
+      if (file.held != nullptr) file.held->Forget();
+    }
+    return Sync(true);
+  }
+  // What the journal is compared with must be on disk, too.
+  if (!Begin() || !Sync(true)) return false;
+  if (writer_->Length() > kLongJournal && isInPlace_ && !Checkpoint()) return false;
+  if (!writer_->Append(all, lengths)) return false;
+  if (isNew_ && !system_->SyncFolder(path_)) return false;
+  isNew_ = false;
+  isInPlace_ = false;
+  for (std::size_t i = 0; i < files_.size(); ++i) {
+    HeldFile* const held = files_[i].held;
+    if (held != nullptr && !held->PutInPlace(changes[i])) return false;
+  }
+  isInPlace_ = true;
+  for (File& file : files_) {
+    if (file.held != nullptr) file.held->Forget();
+  }
+  return true;
+}
+
+void HeldWrites::End() noexcept {
+  for (File& file : files_) {
+    if (file.held != nullptr) file.held->Forget();
+  }
+  if (!journal_) return;
+  bool const isDone = isInPlace_ && Sync(false);
+  writer_.reset();
+  journal_.reset();
+  if (isDone && system_->Remove(path_)) system_->SyncFolder(path_);
+}
+
+}  // namespace zel

@@ -1,0 +1,333 @@
+#include "store/journal.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace zel {
+namespace {
+
+constexpr std::size_t kMagicBytes = 8;
+constexpr char kMagic[kMagicBytes + 1] = "ZELJRNL1";
+constexpr std::size_t kSealBytes = 8;
+constexpr std::size_t kLengthsAt = 32;
+constexpr std::size_t kHeadBytes = kLengthsAt + std::size_t{16} * format::kMaxFiles;
+constexpr std::size_t kPageHeadBytes = 16;
+constexpr unsigned kAllSectors = (1U << kSectorsOfPage) - 1;
+// No file of a library has more.
+constexpr std::uint64_t kMostPages = (std::uint64_t{1} << 42) / kPageBytes;
+
+void Put64(std::byte* to, std::uint64_t number) noexcept {
+  for (int i = 0; i < 8; ++i) to[i] = static_cast<std::byte>(number >> (8 * i) & 0xFFU);
+}
+
+std::uint64_t Get64(std::byte const* from) noexcept {
+  std::uint64_t number = 0;
+  for (int i = 7; i >= 0; --i) number = number << 8 | std::to_integer<std::uint64_t>(from[i]);
+  return number;
+}
+
+void Put32(std::byte* to, std::uint32_t number) noexcept {
+  for (int i = 0; i < 4; ++i) to[i] = static_cast<std::byte>(number >> (8 * i) & 0xFFU);
+}
+
+std::uint32_t Get32(std::byte const* from) noexcept {
+  std::uint32_t number = 0;
+  for (int i = 3; i >= 0; --i) number = number << 8 | std::to_integer<std::uint32_t>(from[i]);
+  return number;
+}
+
+std::size_t CountOf(unsigned changed) noexcept {
+  std::size_t count = 0;
+  for (; changed != 0; changed &= changed - 1) ++count;
+  return count;
+}
+
+std::size_t PageBytesOf(unsigned changed) noexcept {
+  return kPageHeadBytes + CountOf(changed) * (sizeof(std::uint64_t) + kSectorBytes);
+}
+
+}  // namespace
+
+std::uint64_t HashOf(std::byte const* bytes, std::size_t count, std::uint64_t seed) noexcept {
+  constexpr std::uint64_t kStart = 0xcbf29ce484222325;
+  constexpr std::uint64_t kFactor = 0x9e3779b97f4a7c15;
+  std::uint64_t hash = kStart ^ (seed * kFactor);
+  auto const mix = [&](std::uint64_t word) {
+    hash = (hash ^ word) * kFactor;
+    hash ^= hash >> 32;
+  };
+  std::size_t at = 0;
+  for (; at + 8 <= count; at += 8) mix(Get64(bytes + at));
+  if (at < count) {
+    std::byte last[8] = {};
+    std::memcpy(last, bytes + at, count - at);
+    mix(Get64(last));
+  }
+  mix(count);
+  return hash;
+}
+
+// --- placing -----------------------------------------------------------------------------------
+
+// A file that is about to become shorter gets whole sectors, so that each is as before or as after.
+bool PlacedPages::Put(std::uint64_t page, std::size_t sector, std::size_t sectors,
+                      std::byte const* bytes) {
+  std::uint64_t const from = page * kPageBytes + sector * kSectorBytes;
+  std::uint64_t const end = std::max(length_, file_.Size());
+  if (from >= end) return true;
+  auto const count =
+      static_cast<std::size_t>(std::min<std::uint64_t>(sectors * kSectorBytes, end - from));
+  return file_.WriteInSectors(from, bytes, count) == static_cast<std::int64_t>(count);
+}
+
+bool PlacedPages::Finish() {
+  std::byte const zero{};
+  if (file_.Size() < length_) return file_.WriteInSectors(length_ - 1, &zero, 1) == 1;
+  // What is cut off must not be on disk without the end of what stays.
+  return file_.Size() == length_ || (file_.Flush() && file_.CutTo(length_));
+}
+
+// --- writing -----------------------------------------------------------------------------------
+
+bool JournalWriter::Put(std::byte const* bytes, std::size_t count) {
+  hash_ = HashOf(bytes, count, hash_);
+  if (file_.WriteAt(at_, bytes, count) != static_cast<std::int64_t>(count)) return false;
+  at_ += count;
+  return true;
+}
+
+bool JournalWriter::PutPage(ChangedPage const& page) {
+  std::array<std::byte, kPageHeadBytes + kSectorsOfPage * 8 + kPageBytes> record;
+  Put32(record.data(), static_cast<std::uint32_t>(page.file));
+  Put32(record.data() + 4, page.changed);
+  Put64(record.data() + 8, page.page);
+  std::byte* to = record.data() + kPageHeadBytes;
+  for (std::size_t i = 0; i < kSectorsOfPage; ++i) {
+    if ((page.changed >> i & 1U) == 0) continue;
+    Put64(to, page.before[i]);
+    to += 8;
+  }
+  for (std::size_t i = 0; i < kSectorsOfPage; ++i) {
+    if ((page.changed >> i & 1U) == 0) continue;
+    std::memcpy(to, page.bytes + i * kSectorBytes, kSectorBytes);
+    to += kSectorBytes;
+  }
+  return Put(record.data(), static_cast<std::size_t>(to - record.data()));
+}
+
+bool JournalWriter::Append(std::vector<ChangedPage> const& pages, LengthsOfFiles const& lengths) {
+  std::array<std::byte, kHeadBytes> head;
+  std::uint64_t bytes = 0;
+  for (ChangedPage const& page : pages) bytes += PageBytesOf(page.changed);
+  std::memcpy(head.data(), kMagic, kMagicBytes);
+  Put64(head.data() + 8, seal_);
+  Put64(head.data() + 16, bytes);
+  Put64(head.data() + 24, pages.size());
+  for (std::size_t i = 0; i < std::size_t{format::kMaxFiles}; ++i) {
+    Put64(head.data() + kLengthsAt + 16 * i, lengths[i + 1].before);
+    Put64(head.data() + kLengthsAt + 16 * i + 8, lengths[i + 1].after);
+  }
+  at_ = end_;
+  hash_ = seal_;
+  bool good = Put(head.data(), head.size());
+  for (ChangedPage const& page : pages) good = good && PutPage(page);
+  std::byte seal[kSealBytes];
+  std::uint64_t const hash = hash_;
+  Put64(seal, hash);
+  good = good && Put(seal, sizeof seal) && file_.Flush();
+  if (!good) {
+    file_.CutTo(end_);
+    return false;
+  }
+  end_ = at_;
+  seal_ = hash;
+  return true;
+}
+
+bool JournalWriter::Restart() {
+  if (!file_.CutTo(0) || !file_.Flush()) return false;
+  end_ = 0;
+  seal_ = 0;
+  return true;
+}
+
+// --- reading -----------------------------------------------------------------------------------
+
+namespace {
+
+// A page of a commit. It refers to the bytes of the commit.
+struct PageRecord {
+  std::byte const* at;
+
+  std::uint32_t File() const noexcept { return Get32(at); }
+  std::uint32_t Changed() const noexcept { return Get32(at + 4); }
+  std::uint64_t Page() const noexcept { return Get64(at + 8); }
+  std::size_t Bytes() const noexcept { return PageBytesOf(Changed()); }
+  std::uint64_t Before(std::size_t n) const noexcept { return Get64(at + kPageHeadBytes + 8 * n); }
+  std::byte const* New(std::size_t n) const noexcept {
+    return at + kPageHeadBytes + 8 * CountOf(Changed()) + n * kSectorBytes;
+  }
+};
+
+FileLengths LengthsIn(std::byte const* commit, int number) noexcept {
+  std::byte const* const at = commit + kLengthsAt + 16 * static_cast<std::size_t>(number - 1);
+  return {Get64(at), Get64(at + 8)};
+}
+
+bool IsLength(std::uint64_t length) noexcept { return length <= kMostPages * kPageBytes; }
+
+bool AreLengths(std::byte const* commit) noexcept {
+  for (int number = 1; number <= format::kMaxFiles; ++number) {
+    FileLengths const lengths = LengthsIn(commit, number);
+    bool const isOpen = lengths.before != FileLengths::kNotOpen;
+    if (isOpen != (lengths.after != FileLengths::kNotOpen)) return false;
+    if (isOpen && !(IsLength(lengths.before) && IsLength(lengths.after))) return false;
+  }
+  return true;
+}
+
+bool IsPage(PageRecord const& page, std::byte const* commit, std::size_t room) noexcept {
+  if (room < kPageHeadBytes || page.Changed() == 0 || page.Changed() > kAllSectors) return false;
+  if (page.Bytes() > room || page.Page() >= kMostPages) return false;
+  std::uint32_t const file = page.File();
+  return file >= 1 && file <= std::uint32_t{format::kMaxFiles} &&
+         LengthsIn(commit, static_cast<int>(file)).before != FileLengths::kNotOpen;
+}
+
+// True if the commit, which has its head and at least a seal, is whole.
+bool IsWhole(std::vector<std::byte> const& commit, std::uint64_t sealBefore) noexcept {
+  std::byte const* const head = commit.data();
+  std::byte const* const end = head + commit.size() - kSealBytes;
+  if (!AreLengths(head)) return false;
+  std::uint64_t hash = HashOf(head, kHeadBytes, sealBefore);
+  std::uint64_t pages = Get64(head + 24);
+  for (PageRecord page{head + kHeadBytes}; page.at < end; page.at += page.Bytes()) {
+    if (!IsPage(page, head, static_cast<std::size_t>(end - page.at))) return false;
+    hash = HashOf(page.at, page.Bytes(), hash);
+    --pages;
+  }
+  return pages == 0 && hash == Get64(end);
+}
+
+// The commits that are whole; sets `failed` if the file cannot be read.
+std::vector<std::vector<std::byte>> CommitsIn(platform::BlockFile& file, bool& failed) {
+  std::vector<std::vector<std::byte>> commits;
+  std::uint64_t const size = file.Size();
+  std::uint64_t seal = 0;
+  std::uint64_t at = 0;
+  auto const read = [&](std::uint64_t from, std::byte* to, std::uint64_t count) {
+    failed = file.ReadAt(from, to, count) != static_cast<std::int64_t>(count);
+    return !failed;
+  };
+  while (size - at >= kHeadBytes + kSealBytes) {
+    std::vector<std::byte> commit(kHeadBytes);
+    if (!read(at, commit.data(), kHeadBytes)) break;
+    std::uint64_t const bytes = Get64(commit.data() + 16);
+    bool const isHead = std::memcmp(commit.data(), kMagic, kMagicBytes) == 0 &&
+                        Get64(commit.data() + 8) == seal &&
+                        bytes <= size - at - kHeadBytes - kSealBytes;
+    if (!isHead) break;
+    commit.resize(kHeadBytes + bytes + kSealBytes);
+    if (!read(at + kHeadBytes, commit.data() + kHeadBytes, bytes + kSealBytes)) break;
+    if (!IsWhole(commit, seal)) break;
+    at += commit.size();
+    seal = Get64(commit.data() + commit.size() - kSealBytes);
+    commits.push_back(std::move(commit));
+  }
+  return commits;
+}
+
+}  // namespace
+
+std::optional<Journal> Journal::Read(platform::BlockFile& file, bool& failed) {
+  failed = false;
+  Journal journal;
+  journal.commits_ = CommitsIn(file, failed);
+  if (failed || journal.commits_.empty()) return std::nullopt;
+  for (std::vector<std::byte> const& commit : journal.commits_) journal.Take(commit);
+  return journal;
+}
+
+void Journal::Take(std::vector<std::byte> const& commit) {
+  std::byte const* const end = commit.data() + commit.size() - kSealBytes;
+  for (int number = 1; number <= format::kMaxFiles; ++number) {
+    FileLengths const lengths = LengthsIn(commit.data(), number);
+    if (lengths.before == FileLengths::kNotOpen) continue;
+    auto& file = files_[static_cast<std::size_t>(number)];
+    if (!file) file.emplace();
+    file->shortest = std::min({file->shortest, lengths.before, lengths.after});
+    file->longest = std::max({file->longest, lengths.before, lengths.after});
+    file->length = lengths.after;
+  }
+  for (PageRecord page{commit.data() + kHeadBytes}; page.at < end; page.at += page.Bytes()) {
+    std::size_t n = 0;
+    for (std::size_t i = 0; i < kSectorsOfPage; ++i) {
+      if ((page.Changed() >> i & 1U) == 0) continue;
+      JournaledSector& sector = files_[page.File()]->sectors[page.Page() * kSectorsOfPage + i];
+      if (sector.versions.empty()) sector.before = page.Before(n);
+      sector.versions.push_back(page.New(n));
+      ++n;
+    }
+  }
+}
+
+// --- comparing and completing ------------------------------------------------------------------
+
+namespace {
+
+using SectorBytes = std::array<std::byte, kSectorBytes>;
+
+// Reads a sector as far as the file goes; the rest is zeros. Returns the bytes read, -1 on failure.
+std::int64_t ReadSector(platform::BlockFile& file, std::uint64_t sector, SectorBytes& bytes) {
+  bytes.fill(std::byte{});
+  std::uint64_t const from = sector * kSectorBytes;
+  if (from >= file.Size()) return 0;
+  return file.ReadAt(from, bytes.data(),
+                     std::min<std::uint64_t>(kSectorBytes, file.Size() - from));
+}
+
+// At its end, a file may have lost the rest of a sector.
+bool IsOneOf(JournaledSector const& sector, SectorBytes const& bytes, std::size_t read) {
+  if (HashOf(bytes.data(), bytes.size()) == sector.before) return true;
+  return std::any_of(sector.versions.begin(), sector.versions.end(), [&](std::byte const* version) {
+    return std::memcmp(version, bytes.data(), read) == 0;
+  });
+}
+
+// What was allocated ahead is zeros.
+bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from) {
+  SectorBytes bytes;
+  for (; from < file.Size(); from += bytes.size()) {
+    auto const count = std::min<std::uint64_t>(bytes.size(), file.Size() - from);
+    if (file.ReadAt(from, bytes.data(), count) != static_cast<std::int64_t>(count)) return false;
+    auto const end = bytes.begin() + static_cast<std::ptrdiff_t>(count);
+    if (std::any_of(bytes.begin(), end, [](std::byte b) { return b != std::byte{}; })) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool Journal::Fits(JournaledFile const& of, platform::BlockFile* file) {
+  if (file == nullptr) return of.shortest == 0;
+  if (file->Size() < of.shortest || !HasOnlyZerosFrom(*file, of.longest)) return false;
+  SectorBytes bytes;
+  return std::all_of(of.sectors.begin(), of.sectors.end(), [&](auto const& entry) {
+    auto const& [number, sector] = entry;
+    std::int64_t const read = ReadSector(*file, number, bytes);
+    return read >= 0 && IsOneOf(sector, bytes, static_cast<std::size_t>(read));
+  });
+}
+
+bool Journal::Complete(JournaledFile const& of, platform::BlockFile& file) {
+  PlacedPages placed(file, of.length);
+  for (auto const& [number, sector] : of.sectors) {
+    bool const good = placed.Put(number / kSectorsOfPage, number % kSectorsOfPage, 1,
+                                 sector.versions.back());
+    if (!good) return false;
+  }
+  return placed.Finish();
+}
+
+}  // namespace zel

@@ -1,0 +1,74 @@
+#include "store/unfinished_flush.h"
+
+#include <utility>
+
+namespace zel {
+
+using platform::OpenMode;
+using platform::OpenOutcome;
+
+std::string JournalOf(std::string const& library) { return library + ".journal"; }
+
+std::string MarkOf(std::string const& library) { return library + ".open"; }
+
+std::string FileOfLibrary(std::string first, int number) {
+  if (!first.empty()) first.back() = "0123456789"[number];
+  return first;
+}
+
+UnfinishedFlush::UnfinishedFlush(platform::FileSystem& system, std::string first)
+    : system_(&system), first_(std::move(first)), library_(system.Target(first_)) {}
+
+// Without a lock of its own: the one on the first file is for all.
+platform::OpenedFile UnfinishedFlush::OpenFile(int number, OpenMode mode) const {
+  std::string const path = system_->Target(FileOfLibrary(first_, number));
+  return system_->OpenAside(path, mode, path);
+}
+
+OpenOutcome UnfinishedFlush::Look() {
+  state_ = State::kNone;
+  std::string const path = JournalOf(library_);
+  if (!system_->Exists(path)) return OpenOutcome::kOk;
+  platform::OpenedFile const opened = system_->OpenAside(path, OpenMode::kRead, library_);
+  if (opened.outcome == OpenOutcome::kNotFound) state_ = State::kForeign;  // a link, for example
+  if (state_ == State::kForeign) return OpenOutcome::kOk;
+  if (!opened.file) return opened.outcome;
+  bool failed = false;
+  journal_ = Journal::Read(*opened.file, failed);
+  if (failed) return OpenOutcome::kFailed;
+  if (!journal_) return OpenOutcome::kOk;
+  for (int number = 1; number <= format::kMaxFiles; ++number) {
+    JournaledFile const* const of = journal_->Of(number);
+    if (of == nullptr) continue;
+    platform::OpenedFile const file = OpenFile(number, OpenMode::kRead);
+    if (!file.file && file.outcome != OpenOutcome::kNotFound) return file.outcome;
+    if (Journal::Fits(*of, file.file.get())) continue;
+    state_ = State::kForeign;
+    return OpenOutcome::kOk;
+  }
+  state_ = State::kThere;
+  return OpenOutcome::kOk;
+}
+
+OpenOutcome UnfinishedFlush::Complete() {
+  for (int number = 1; number <= format::kMaxFiles; ++number) {
+    JournaledFile const* const of = Of(number);
+    if (of == nullptr) continue;
+    platform::OpenedFile const file = OpenFile(number, OpenMode::kCreate);
+    if (!file.file) return file.outcome;
+    if (!Journal::Complete(*of, *file.file) || !file.file->Flush()) return OpenOutcome::kFailed;
+  }
+  if (!RemoveJournal()) return OpenOutcome::kFailed;
+  state_ = State::kNone;
+  return OpenOutcome::kOk;
+}
+
+// Where it cannot be removed it is made empty, so that it never completes anything again.
+bool UnfinishedFlush::RemoveJournal() {
+  std::string const path = JournalOf(library_);
+  if (system_->Remove(path)) return system_->SyncFolder(path);
+  platform::OpenedFile const opened = system_->OpenAside(path, OpenMode::kUpdate, library_);
+  return opened.file && opened.file->CutTo(0) && opened.file->Flush();
+}
+
+}  // namespace zel

@@ -1,0 +1,124 @@
+// Opens with settings. They verify libraries that were not closed cleanly, so they are above the
+// store.
+#include "verify/open_library.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "frame/ascii.h"
+#include "frame/limits.h"
+#include "frame/path_parts.h"
+#include "zelaccess/OpenLibrary.h"
+#include "zelaccess/Verify.h"
+
+namespace zel {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+std::string NameFor(char const* path, ZelOpenOptions const& options) {
+  if (options.name != nullptr) return options.name;
+  PathParts const parts = SplitPath(TextOrEmpty(path));
+  return parts.name + parts.extension;
+}
+
+// A library that is not open yet.
+std::unique_ptr<LibFile_i> Made(accModes mode, char const* path, ZelOpenOptions const& options) {
+  auto library = std::make_unique<LibFile_i>(platform::PosixFileSystem(), mode, path,
+                                             NameFor(path, options));
+  bool const isKnown = options.writes == writesMarked || options.writes == writesHeld;
+  if (isKnown && mode == accUpdate) library->Store().SetWriteMode(options.writes);
+  return library;
+}
+
+// Opens, again and again while another opener holds the library.
+template <typename Open>
+openErrors OpenWaiting(std::int32_t milliseconds, BlockStore const& store, Open const& open) {
+  constexpr std::chrono::milliseconds kBetween{5};
+  auto const end = Clock::now() + std::chrono::milliseconds(milliseconds);
+  while (true) {
+    openErrors const error = open();
+    bool const isLast = error != openDenied || !store.WasInUse() || milliseconds <= 0;
+    if (isLast || Clock::now() >= end) return error;
+    std::this_thread::sleep_for(kBetween);
+  }
+}
+
+struct NoSink final : ZelFindingSink {
+  void Found(zelFindings, char const*, char const*, char const*) override {}
+};
+
+openErrors JudgeLastClose(LibFile_i& library, accModes mode, zelUncleanModes unclean) {
+  ZelLastClose const last = library.Store().LastClose();
+  if (!last.isMarked && !last.hasForeignJournal) return openOk;
+  if (unclean == uncleanRefused) return openUncleanlyClosed;
+  if (unclean != uncleanVerified) return openOk;
+  NoSink sink;
+  if (!VerifyLibrary(&library, sink)) return openDamaged;
+  if (mode == accUpdate && !library.Store().ForgetUncleanClose()) return openFailed;
+  return openOk;
+}
+
+}  // namespace
+
+LibFile* OpenLibrary(char const* path, ZelOpenOptions const& options, openErrors& error) {
+  error = openFailed;  // remains when the open throws
+  auto library = Made(options.mode, path, options);
+  error = OpenWaiting(options.waitMilliseconds, library->Store(), [&] {
+    return library->OpenExisting({true, TextOrEmpty(options.password)}, nullptr);
+  });
+  if (error != openOk) return nullptr;
+  error = openFailed;
+  error = JudgeLastClose(*library, options.mode, options.unclean);
+  if (error == openOk) return library.release();
+  library->Abandon();
+  return nullptr;
+}
+
+LibFile* NewLibrary(libTypes type, char const* path, ZelOpenOptions const& options,
+                    openErrors& error) {
+  error = openFailed;
+  auto library = Made(accUpdate, path, options);
+  error = OpenWaiting(options.waitMilliseconds, library->Store(),
+                      [&] { return library->CreateNew(type); });
+  return error == openOk ? library.release() : nullptr;
+}
+
+bool GetLastClose(LibFile const* library, ZelLastClose& state) {
+  auto const* const inner = dynamic_cast<LibFile_i const*>(library);
+  if (inner == nullptr || !inner->Store().IsOpen()) return false;
+  state = inner->Store().LastClose();
+  return true;
+}
+
+openErrors FinishLastFlush(char const* path, bool isLocked) {
+  platform::FileSystem& system = platform::PosixFileSystem();
+  std::string const first = AbsolutePath(TextOrEmpty(path));
+  if (first.empty() || !system.Exists(JournalOf(system.Target(first)))) return openOk;
+  platform::OpenedFile lock;
+  if (!isLocked) {
+    lock = system.Open(first, platform::OpenMode::kUpdate);
+    if (!lock.file) return ErrorOf(lock.outcome);
+  }
+  UnfinishedFlush unfinished(system, first);
+  platform::OpenOutcome outcome = unfinished.Look();
+  if (unfinished.Found() == UnfinishedFlush::State::kThere) outcome = unfinished.Complete();
+  lock.file.reset();
+  return ErrorOf(outcome);
+}
+
+bool ForgetUncleanClose(char const* path) {
+  platform::FileSystem& system = platform::PosixFileSystem();
+  std::string const first = AbsolutePath(TextOrEmpty(path));
+  if (first.empty()) return true;
+  std::string const library = system.Target(first);
+  bool good = true;
+  for (std::string const& aside : {MarkOf(library), JournalOf(library)}) {
+    if (system.Exists(aside) && !system.Remove(aside)) good = false;
+  }
+  return good;
+}
+
+}  // namespace zel
