@@ -256,8 +256,7 @@ void Journal::Take(std::vector<std::byte> const& commit) {
     if (lengths.before == FileLengths::kNotOpen) continue;
     auto& file = files_[static_cast<std::size_t>(number)];
     if (!file) file.emplace();
-    file->shortest = std::min({file->shortest, lengths.before, lengths.after});
-    file->longest = std::max({file->longest, lengths.before, lengths.after});
+    file->lengths.insert({lengths.before, lengths.after});
     file->length = lengths.after;
   }
   for (PageRecord page{commit.data() + kHeadBytes}; page.at < end; page.at += page.Bytes()) {
@@ -287,11 +286,26 @@ std::int64_t ReadSector(platform::BlockFile& file, std::uint64_t sector, SectorB
                      std::min<std::uint64_t>(kSectorBytes, file.Size() - from));
 }
 
-// At its end, a file may have lost the rest of a sector.
-bool IsOneOf(JournaledSector const& sector, SectorBytes const& bytes, std::size_t read) {
+// A file that has lost what it had grown by ends within a sector. If it grows again, the rest of
+// that sector is zeros.
+bool IsVersion(std::byte const* version, SectorBytes const& bytes, std::size_t length) {
+  auto const rest = bytes.begin() + static_cast<std::ptrdiff_t>(length);
+  return std::equal(bytes.begin(), rest, version) &&
+         std::all_of(rest, bytes.end(), [](std::byte b) { return b == std::byte{}; });
+}
+
+// `read` bytes are in the file; the rest is zeros.
+bool IsOneOf(JournaledFile const& of, std::uint64_t number, JournaledSector const& sector,
+             SectorBytes const& bytes, std::size_t read) {
   if (HashOf(bytes.data(), bytes.size()) == sector.before) return true;
+  std::uint64_t const from = number * kSectorBytes;
   return std::any_of(sector.versions.begin(), sector.versions.end(), [&](std::byte const* version) {
-    return std::memcmp(version, bytes.data(), read) == 0;
+    if (IsVersion(version, bytes, read)) return true;
+    auto const inside = of.lengths.upper_bound(from);
+    for (auto at = inside; at != of.lengths.end() && *at < from + kSectorBytes; ++at) {
+      if (IsVersion(version, bytes, static_cast<std::size_t>(*at - from))) return true;
+    }
+    return false;
   });
 }
 
@@ -310,13 +324,14 @@ bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from) {
 }  // namespace
 
 bool Journal::Fits(JournaledFile const& of, platform::BlockFile* file) {
-  if (file == nullptr) return of.shortest == 0;
-  if (file->Size() < of.shortest || !HasOnlyZerosFrom(*file, of.longest)) return false;
+  std::uint64_t const shortest = *of.lengths.begin();
+  if (file == nullptr) return shortest == 0;
+  if (file->Size() < shortest || !HasOnlyZerosFrom(*file, *of.lengths.rbegin())) return false;
   SectorBytes bytes;
   return std::all_of(of.sectors.begin(), of.sectors.end(), [&](auto const& entry) {
     auto const& [number, sector] = entry;
     std::int64_t const read = ReadSector(*file, number, bytes);
-    return read >= 0 && IsOneOf(sector, bytes, static_cast<std::size_t>(read));
+    return read >= 0 && IsOneOf(of, number, sector, bytes, static_cast<std::size_t>(read));
   });
 }
 

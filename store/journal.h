@@ -31,6 +31,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "frame/platform/block_file.h"
@@ -109,9 +110,8 @@ struct JournaledSector {
   std::vector<std::byte const*> versions;  // its new bytes, one for each commit that changes it
 };
 struct JournaledFile {
-  std::uint64_t shortest = UINT64_MAX;  // of all its lengths
-  std::uint64_t longest = 0;
-  std::uint64_t length = 0;                          // after the last commit
+  std::set<std::uint64_t> lengths;                   // before and after each commit
+  std::uint64_t length = 0;                          // after the last one
   std::map<std::uint64_t, JournaledSector> sectors;  // by number, from 0
 };
 
