@@ -130,7 +130,8 @@ std::int64_t BlockStore::ReadPlain(std::int32_t block, std::int32_t words, std::
 bool BlockStore::WritePlain(std::int32_t block, std::int32_t words, std::int32_t const* buffer) {
   std::size_t const count = Count(words);
   auto const bytes = static_cast<std::int64_t>(count) * format::kWordBytes;
-  return BeforeWrite() && WriteWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
+  return BeforeWrite() &&
+         WriteWords(*Slot(1).file, OffsetOf({0, 1, block}), buffer, count) == bytes;
 }
 
 bool BlockStore::FlushFiles() {

@@ -78,8 +78,7 @@ ZelLastClose BlockStore::LastClose() const {
   ZelLastClose state;
   state.isMarked = !hasOwnMark_ && system_->Exists(MarkOf(system_->Target(firstPath_)));
   state.isCompleted = isCompleted_;
-  state.hasForeignJournal =
-      unfinished_ && unfinished_->Found() == UnfinishedFlush::State::kForeign;
+  state.hasForeignJournal = unfinished_ && unfinished_->Found() == UnfinishedFlush::State::kForeign;
   return state;
 }
 

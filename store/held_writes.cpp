@@ -154,8 +154,8 @@ bool HeldFile::Overlay(JournaledFile const& journaled) {
   for (auto const& [number, sector] : journaled.sectors) {
     Page* const page = Hold(number / kSectorsOfPage);
     if (page == nullptr) return false;
-    std::memcpy(page->bytes.data() + number % kSectorsOfPage * kSectorBytes,
-                sector.versions.back(), kSectorBytes);
+    std::memcpy(page->bytes.data() + number % kSectorsOfPage * kSectorBytes, sector.versions.back(),
+                kSectorBytes);
   }
   if (journaled.length < size_) return CutTo(journaled.length);
   size_ = journaled.length;
@@ -180,7 +180,12 @@ void HeldWrites::Ended(HeldFile const& file) noexcept {
 
 bool HeldWrites::Begin() {
   if (journal_) return true;
-  platform::OpenedFile opened = system_->OpenAside(path_, platform::OpenMode::kCreate, library_);
+  constexpr auto kCreate = platform::OpenMode::kCreate;
+  platform::OpenedFile opened = system_->OpenAside(path_, kCreate, library_);
+  // What is there instead, a link for example, is not a journal.
+  if (!opened.file && system_->Remove(path_)) {
+    opened = system_->OpenAside(path_, kCreate, library_);
+  }
   if (!opened.file || !opened.file->CutTo(0)) return false;
   journal_ = std::move(opened.file);
   writer_.emplace(*journal_);

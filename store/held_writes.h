@@ -31,10 +31,7 @@ class HeldFile final : public platform::BlockFile {
 
   // The owner, if there is one, learns when the file is closed.
   HeldFile(std::unique_ptr<platform::BlockFile> real, int number, Owner* owner)
-      : real_(std::move(real)),
-        owner_(owner),
-        number_(number),
-        size_(real_->Size()) {}
+      : real_(std::move(real)), owner_(owner), number_(number), size_(real_->Size()) {}
   ~HeldFile() override {
     if (owner_ != nullptr) owner_->Ended(*this);
   }

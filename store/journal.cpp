@@ -282,8 +282,7 @@ std::int64_t ReadSector(platform::BlockFile& file, std::uint64_t sector, SectorB
   bytes.fill(std::byte{});
   std::uint64_t const from = sector * kSectorBytes;
   if (from >= file.Size()) return 0;
-  return file.ReadAt(from, bytes.data(),
-                     std::min<std::uint64_t>(kSectorBytes, file.Size() - from));
+  return file.ReadAt(from, bytes.data(), std::min<std::uint64_t>(kSectorBytes, file.Size() - from));
 }
 
 // A file that has lost what it had grown by ends within a sector. If it grows again, the rest of
@@ -338,8 +337,8 @@ bool Journal::Fits(JournaledFile const& of, platform::BlockFile* file) {
 bool Journal::Complete(JournaledFile const& of, platform::BlockFile& file) {
   PlacedPages placed(file, of.length);
   for (auto const& [number, sector] : of.sectors) {
-    bool const good = placed.Put(number / kSectorsOfPage, number % kSectorsOfPage, 1,
-                                 sector.versions.back());
+    bool const good =
+        placed.Put(number / kSectorsOfPage, number % kSectorsOfPage, 1, sector.versions.back());
     if (!good) return false;
   }
   return placed.Finish();

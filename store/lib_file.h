@@ -45,7 +45,6 @@ class LibFile_i final : public LibFile_p {
   void Abandon() noexcept;
 
   BlockStore& Store() noexcept { return store_; }
-  BlockStore const& Store() const noexcept { return store_; }
 
   // Receives the items that a walk skips because they cannot be read; null: the walk throws.
   ZelFindingSink* ItemFindings() const noexcept { return itemFindings_; }

@@ -26,8 +26,8 @@ std::string NameFor(char const* path, ZelOpenOptions const& options) {
 
 // A library that is not open yet.
 std::unique_ptr<LibFile_i> Made(accModes mode, char const* path, ZelOpenOptions const& options) {
-  auto library = std::make_unique<LibFile_i>(platform::PosixFileSystem(), mode, path,
-                                             NameFor(path, options));
+  auto library =
+      std::make_unique<LibFile_i>(platform::PosixFileSystem(), mode, path, NameFor(path, options));
   bool const isKnown = options.writes == writesMarked || options.writes == writesHeld;
   if (isKnown && mode == accUpdate) library->Store().SetWriteMode(options.writes);
   return library;
@@ -86,9 +86,9 @@ LibFile* NewLibrary(libTypes type, char const* path, ZelOpenOptions const& optio
   return error == openOk ? library.release() : nullptr;
 }
 
-bool GetLastClose(LibFile const* library, ZelLastClose& state) {
-  auto const* const inner = dynamic_cast<LibFile_i const*>(library);
-  if (inner == nullptr || !inner->Store().IsOpen()) return false;
+bool GetLastClose(LibFile* library, ZelLastClose& state) {
+  LibFile_i* const inner = OpenLibrary(library);
+  if (inner == nullptr) return false;
   state = inner->Store().LastClose();
   return true;
 }

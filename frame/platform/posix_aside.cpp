@@ -37,8 +37,8 @@ void GiveAccessOf(std::string const& library, int fd) noexcept {
   struct stat made {};
   if (::stat(library.c_str(), &first) != 0 || ::fstat(fd, &made) != 0) return;
   mode_t mode = first.st_mode & kReadAndWrite;
-  bool const hasGroup = first.st_gid == made.st_gid ||
-                        ::fchown(fd, static_cast<uid_t>(-1), first.st_gid) == 0;
+  bool const hasGroup =
+      first.st_gid == made.st_gid || ::fchown(fd, static_cast<uid_t>(-1), first.st_gid) == 0;
   if (!hasGroup) mode &= ~static_cast<mode_t>(S_IRGRP | S_IWGRP);
   ::fchmod(fd, mode | S_IRUSR | S_IWUSR);
 }

@@ -25,14 +25,14 @@ enum accModes : std::int32_t {
 
 /// Why a library could not be opened or made.
 enum openErrors : std::int32_t {
-  openOk = 0,              ///< No error.
-  openFailed = 1,          ///< Could not be opened for a reason not listed below.
-  openNotFound = 2,        ///< The first file does not exist.
-  openDenied = 3,          ///< Access denied, or another opener holds the library.
-  openNotLibrary = 4,      ///< Name not ending in ".lb1", or not a library inside.
-  openSiblingMissing = 5,  ///< The header declares a second file that is not there.
-  openPasswordNeeded = 6,  ///< Update of a protected library with an empty password.
-  openBadPassword = 7,     ///< The password is neither the library's nor empty.
+  openOk = 0,               ///< No error.
+  openFailed = 1,           ///< Could not be opened for a reason not listed below.
+  openNotFound = 2,         ///< The first file does not exist.
+  openDenied = 3,           ///< Access denied, or another opener holds the library.
+  openNotLibrary = 4,       ///< Name not ending in ".lb1", or not a library inside.
+  openSiblingMissing = 5,   ///< The header declares a second file that is not there.
+  openPasswordNeeded = 6,   ///< Update of a protected library with an empty password.
+  openBadPassword = 7,      ///< The password is neither the library's nor empty.
   openUncleanlyClosed = 8,  ///< Not closed cleanly; only for those who ask (OpenLibrary.h).
   openDamaged = 9           ///< Not closed cleanly and damaged; only for those who ask.
 };

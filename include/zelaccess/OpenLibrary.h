@@ -33,9 +33,10 @@ namespace zel {
 
 /// How changes of a library open for update get into its files.
 enum zelWriteModes : std::int32_t {
-  writesPlain = 0,   ///< At once, as by LibFile::OpenLibFile.
-  writesMarked = 1,  ///< At once; until the library is closed, a mark says that it is being changed.
-  writesHeld = 2     ///< At each flush, as a whole or not at all.
+  writesPlain = 0,  ///< At once, as by LibFile::OpenLibFile.
+  writesMarked =
+      1,          ///< At once; until the library is closed, a mark says that it is being changed.
+  writesHeld = 2  ///< At each flush, as a whole or not at all.
 };
 
 /// What is done about a library that was not closed cleanly: one with a mark, or with a journal
@@ -50,10 +51,10 @@ enum zelUncleanModes : std::int32_t {
 
 /// How to open a library. The defaults are those of LibFile::OpenLibFile for reading.
 struct ZelOpenOptions {
-  accModes mode = accRead;         ///< For reading or for update; NewLibrary ignores it.
-  char const* name = nullptr;      ///< For display; null is the file name with its extension.
-  char const* password = nullptr;  ///< Of a protected library; null is the empty password.
-  zelWriteModes writes = writesPlain;        ///< How changes get into the files.
+  accModes mode = accRead;             ///< For reading or for update; NewLibrary ignores it.
+  char const* name = nullptr;          ///< For display; null is the file name with its extension.
+  char const* password = nullptr;      ///< Of a protected library; null is the empty password.
+  zelWriteModes writes = writesPlain;  ///< How changes get into the files.
   zelUncleanModes unclean = uncleanIgnored;  ///< What is done about a library not closed cleanly.
   /// How long to wait for a library that another opener holds, at least; 0 or less does not wait.
   std::int32_t waitMilliseconds = 0;
@@ -92,7 +93,7 @@ struct ZelLastClose {
 /// \param library  an open library; null is a failure
 /// \param state    receives the state; unchanged on failure
 /// \return false when the library is not open
-ZEL_API bool GetLastClose(LibFile const* library, ZelLastClose& state);
+ZEL_API bool GetLastClose(LibFile* library, ZelLastClose& state);
 
 /// Completes a flush that was cut off, as an open for update does, without a password. Does
 /// nothing, and opens no file, if there is no journal.

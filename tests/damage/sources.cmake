@@ -1,3 +1,4 @@
 set(damage_TEST_SOURCES
     crafted_damage_test.cpp
+    crash_test.cpp
     whole_sweep_test.cpp)

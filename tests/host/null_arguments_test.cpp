@@ -10,6 +10,7 @@
 #include <zelaccess/LibFile_p.h>
 #include <zelaccess/LibMaint_p.h>
 #include <zelaccess/LibSearch_p.h>
+#include <zelaccess/OpenLibrary.h>
 #include <zelaccess/Progress.h>
 #include <zelaccess/Units.h>
 #include <zelaccess/Verify.h>
@@ -489,6 +490,33 @@ void NullArgumentsTest::SweepFunctions() {
   SweepCall<char*>("GetUnitSystem", [](char* name) { return GetUnitSystem(0, name); });
   Sweep("GetFileRoom", &GetFileRoom);
   Sweep("GetLostFlushes", &GetLostFlushes);
+  auto const opens = [](LibFile* library) { return Handle<LibFile>(library) != nullptr; };
+  openErrors error = openOk;
+  SweepCall<char const*, char const*, char const*>(
+      "OpenLibrary", [&](char const* path, char const* name, char const* password) {
+        ZelOpenOptions options;
+        options.name = name;
+        options.password = password;
+        return opens(OpenLibrary(path, options, error));
+      });
+  EXPECT_EQ(OpenLibrary(nullptr, {}, error), nullptr);
+  EXPECT_EQ(error, openNotFound);
+  SweepCall<char const*>("NewLibrary", [&](char const* path) {
+    return opens(zel::NewLibrary(libKind11, path, {}, error));
+  });
+  EXPECT_EQ(zel::NewLibrary(libKind11, nullptr, {}, error), nullptr);
+  EXPECT_EQ(error, openNotLibrary);
+  ZelLastClose state;
+  SweepCall<LibFile*>("GetLastClose",
+                      [&](LibFile* library) { return GetLastClose(library, state); });
+  EXPECT_EQ(FinishLastFlush(nullptr, false), openOk);
+  EXPECT_TRUE(ForgetUncleanClose(nullptr));
+  SweepCall<char const*>(
+      "FinishLastFlush", [](char const* path) { return FinishLastFlush(path, false) == openOk; },
+      Remains::kResult);
+  SweepCall<char const*>(
+      "ForgetUncleanClose", [](char const* path) { return ForgetUncleanClose(path); },
+      Remains::kResult);
   struct Sink final : ZelFindingSink {
     void Found(zelFindings, char const*, char const*, char const*) override {}
   } sink;

@@ -15,14 +15,15 @@ namespace zel::test {
 namespace {
 
 void Print(char const* writes, char const* crash, CrashCounts const& c) {
-  double const share = c.flushed == 0 ? 0.0 : 100.0 * static_cast<double>(c.lost) /
-                                                  static_cast<double>(c.flushed);
+  double const share =
+      c.flushed == 0 ? 0.0 : 100.0 * static_cast<double>(c.lost) / static_cast<double>(c.flushed);
   std::printf("%s, %s: %ld images of %ld sessions, %ld of them cut off in a flush\n", writes, crash,
               c.images, c.sessions, c.inFlush);
   std::printf("  flushed items %ld, lost %ld (%.2f %%)\n", c.flushed, c.lost, share);
-  std::printf("  images between two flushes %ld, not readable %ld, damaged %ld; flushes completed "
-              "by the open %ld, cut off again %ld\n",
-              c.between, c.unread, c.damaged, c.completed, c.cutAgain);
+  std::printf(
+      "  images between two flushes %ld, not readable %ld, damaged %ld; flushes completed "
+      "by the open %ld, cut off again %ld\n",
+      c.between, c.unread, c.damaged, c.completed, c.cutAgain);
 }
 
 int Run(long count, std::uint64_t seed) {

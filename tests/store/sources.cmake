@@ -8,6 +8,7 @@ set(store_TEST_SOURCES
     btree_test.cpp
     casn_test.cpp
     extents_test.cpp
+    held_writes_test.cpp
     journal_test.cpp
     key_resolve_test.cpp
     key_test.cpp
@@ -16,6 +17,7 @@ set(store_TEST_SOURCES
     lib_file_life_test.cpp
     lib_file_open_test.cpp
     lib_file_test.cpp
+    mark_test.cpp
     packed_text_test.cpp
     robustness_test.cpp
     sharing_test.cpp)

@@ -22,9 +22,7 @@ class ItemSession {
     std::map<Keys, std::int32_t> items;
     std::string memo;
 
-    bool operator==(State const& other) const {
-      return items == other.items && memo == other.memo;
-    }
+    bool operator==(State const& other) const { return items == other.items && memo == other.memo; }
   };
 
   // `state` is what the library holds.

@@ -69,8 +69,7 @@ platform::OpenedFile MemoryFileSystem::OpenAside(std::string const& path, platfo
     return {platform::OpenOutcome::kNotFound, nullptr};
   }
   bool const writable = mode != platform::OpenMode::kRead;
-  return {platform::OpenOutcome::kOk,
-          std::make_unique<File>(*this, files_[path], writable, false)};
+  return {platform::OpenOutcome::kOk, std::make_unique<File>(*this, files_[path], writable, false)};
 }
 
 }  // namespace zel::test

@@ -12,5 +12,6 @@ set(verify_TEST_SOURCES
     judge_libraries_test.cpp
     judge_relations_test.cpp
     judge_thermal_relations_test.cpp
+    open_library_test.cpp
     progress_test.cpp
     verify_test.cpp)
