@@ -77,7 +77,10 @@ openErrors BlockStore::OpenFile(int number, bool create, bool forceRead) {
   wasInUse_ = opened.isInUse;
   if (opened.outcome == platform::OpenOutcome::kOk) {
     slot.file = std::move(opened.file);
-    if (!Hold(number, mode != platform::OpenMode::kRead)) return openFailed;
+    if (!Hold(number, mode != platform::OpenMode::kRead)) {
+      slot.file.reset();
+      return openFailed;
+    }
     slot.state = kOpen;
     if (boundMemory_) slot.file->BoundMemory(true);
   }

@@ -32,10 +32,10 @@ openErrors BlockStore::FinishLastFlush(bool forceRead) {
   target_.clear();
   unfinished_.reset();
   isCompleted_ = false;
-  if (!system_->Exists(JournalOf(Target()))) return openOk;
   auto unfinished = std::make_unique<UnfinishedFlush>(*system_, firstPath_);
   openErrors error = ErrorOf(unfinished->Look());
   bool const isThere = unfinished->Found() == UnfinishedFlush::State::kThere;
+  if (unfinished->Found() == UnfinishedFlush::State::kNone) return error;
   if (error == openOk && isThere && mode_ == accUpdate && !forceRead) {
     error = ErrorOf(unfinished->Complete());
     if (error != openOk) return error;

@@ -28,10 +28,12 @@ platform::OpenedFile UnfinishedFlush::OpenFile(int number, OpenMode mode) const 
 OpenOutcome UnfinishedFlush::Look() {
   state_ = State::kNone;
   std::string const path = JournalOf(library_);
-  if (!system_->Exists(path)) return OpenOutcome::kOk;
   platform::OpenedFile const opened = system_->OpenAside(path, OpenMode::kRead, library_);
-  if (opened.outcome == OpenOutcome::kNotFound) state_ = State::kForeign;  // a link, for example
-  if (state_ == State::kForeign) return OpenOutcome::kOk;
+  if (opened.outcome == OpenOutcome::kNotFound) {
+    // What is there nevertheless is a link, for example.
+    if (system_->Exists(path)) state_ = State::kForeign;
+    return OpenOutcome::kOk;
+  }
   if (!opened.file) return opened.outcome;
   bool failed = false;
   journal_ = Journal::Read(*opened.file, failed);

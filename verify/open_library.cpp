@@ -96,7 +96,13 @@ bool GetLastClose(LibFile* library, ZelLastClose& state) {
 openErrors FinishLastFlush(char const* path, bool isLocked) {
   platform::FileSystem& system = platform::PosixFileSystem();
   std::string const first = AbsolutePath(TextOrEmpty(path));
-  if (first.empty() || !system.Exists(JournalOf(system.Target(first)))) return openOk;
+  if (first.empty()) return openOk;
+  std::string const library = system.Target(first);
+  platform::OpenedFile const journal =
+      system.OpenAside(JournalOf(library), platform::OpenMode::kRead, library);
+  if (!journal.file) {
+    return journal.outcome == platform::OpenOutcome::kNotFound ? openOk : ErrorOf(journal.outcome);
+  }
   platform::OpenedFile lock;
   if (!isLocked) {
     lock = system.Open(first, platform::OpenMode::kUpdate);
@@ -105,7 +111,6 @@ openErrors FinishLastFlush(char const* path, bool isLocked) {
   UnfinishedFlush unfinished(system, first);
   platform::OpenOutcome outcome = unfinished.Look();
   if (unfinished.Found() == UnfinishedFlush::State::kThere) outcome = unfinished.Complete();
-  lock.file.reset();
   return ErrorOf(outcome);
 }
 

@@ -61,6 +61,7 @@ Descriptor OpenAsideDescriptor(std::string const& path, OpenMode mode, std::stri
   constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
   struct stat there {};
   bool const exists = ::lstat(path.c_str(), &there) == 0;
+  if (!exists && errno != ENOENT && errno != ENOTDIR) return Descriptor(-1);
   if (exists ? !IsTrusted(there, path, library) : mode != OpenMode::kCreate) {
     errno = ENOENT;
     return Descriptor(-1);

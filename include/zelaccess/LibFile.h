@@ -66,8 +66,8 @@ enum openErrors : std::int32_t {
 ///
 /// Any number of threads may also use one library that is open for reading, each with LibMaint,
 /// LibSearch, ColumnReader, key and bank objects of its own: reads, look-ups, searches, walks,
-/// columns, lists and exports, and the functions of this class that return something. Alone, with no
-/// other call on the library at the same time, come CloseLibFile, ReopenLibFile and DelLibFile;
+/// columns, lists and exports, and the functions of this class that return something. Alone, with
+/// no other call on the library at the same time, come CloseLibFile, ReopenLibFile and DelLibFile;
 /// SetProgress, SetItemFindings, VerifyLibrary and the checks of data; and the trees and pointers
 /// of LibFile_p. Calls on a library open for update, and on what works on it, come one at a time.
 ///

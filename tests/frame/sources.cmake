@@ -1,4 +1,5 @@
 set(frame_TEST_SOURCES
+    aside_file_test.cpp
     bad_unit_table_test.cpp
     block_file_memory_test.cpp
     block_file_refusal_test.cpp

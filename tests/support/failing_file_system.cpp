@@ -45,7 +45,9 @@ platform::OpenedFile FailingFileSystem::Open(std::string const& path, platform::
 
 platform::OpenedFile FailingFileSystem::OpenAside(std::string const& path, platform::OpenMode mode,
                                                   std::string const& library) {
-  if (Fails()) return {platform::OpenOutcome::kFailed, nullptr};
+  // Looking for a file that is not there is not an operation.
+  bool const opens = mode == platform::OpenMode::kCreate || real_.Exists(path);
+  if (opens && Fails()) return {platform::OpenOutcome::kFailed, nullptr};
   platform::OpenedFile opened = real_.OpenAside(path, mode, library);
   if (opened.file) opened.file = std::make_unique<File>(*this, path, std::move(opened.file));
   return opened;

@@ -81,6 +81,13 @@ ItemSession::~ItemSession() = default;
 
 void ItemSession::MakeBank() { bank_->Make(); }
 
+void ItemSession::Fill(State const& state) {
+  for (auto const& [keys, value] : state.items) bank_->Write(keys, value);
+  library_.SetMemo(state.memo.c_str());
+  next_ = state;
+  Flush();
+}
+
 void ItemSession::Put(Keys keys) {
   auto const value = static_cast<std::int32_t>(random_() % 9999 + 1);
   touched_.insert(keys);

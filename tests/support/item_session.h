@@ -33,6 +33,8 @@ class ItemSession {
 
   // Makes the bank in a library that does not have it.
   void MakeBank();
+  // Writes the items of a state into an empty bank, and the memo.
+  void Fill(State const& state);
   // Writes, overwrites and deletes some items, and sometimes the memo.
   void Change(int steps);
   void Flush();
