@@ -1,10 +1,13 @@
 // Which datum is named when comparisons disagree, and how strongly; slips that show by their size.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <deque>
 
 #include "tests/verify/data_check_fixture.h"
 #include "verify/judge/diagnosis.h"
+#include "verify/judge/reading.h"
 #include "verify/judge/slip.h"
 #include "verify/judge/substance.h"
 
@@ -176,6 +179,8 @@ TEST(SlipTest, FactorsAndOffsetsOfUnits) {
       {-2351e3, -235.1e3, "kJ/kg-mol", "a decimal point that slipped by 1 digit"},
       {-235.1, -235.1e3, "kJ/kg-mol", "a decimal point that slipped by 3 digits"},
       {-235.1e3 * 46.07, -235.1e3, "kJ/kg-mol", "a molar value taken for one per mass"},
+      {-56.196, -235.1e3, "kJ/kg-mol", "kcal/mol taken for J/mol"},
+      {0.2541, 0.2451, "", "two digits exchanged"},
       {0.5, 0.4, "", ""},
       {4895.0, 4895.0, "kPa", ""},
   };
@@ -185,6 +190,55 @@ TEST(SlipTest, FactorsAndOffsetsOfUnits) {
   }
   EXPECT_EQ(LikelySlip(gen_GetUndefDouble(), 1.0, "K", 0.01, 46.07), "");
   EXPECT_EQ(LikelySlip(1.0, 0.0, "K", 0.01, 46.07), "");
+}
+
+TEST(SlipTest, TwoNeighbouringDigitsExchanged) {
+  EXPECT_TRUE(HasExchangedDigits(0.123, 0.213));
+  EXPECT_TRUE(HasExchangedDigits(654.0, 645.0));
+  EXPECT_TRUE(HasExchangedDigits(3020.0, 3200.0));
+  EXPECT_TRUE(HasExchangedDigits(0.2451, 0.2541));
+  EXPECT_TRUE(HasExchangedDigits(-4810.0, -8410.0));
+  EXPECT_TRUE(HasExchangedDigits(0.072, 0.702)) << "with a zero";
+  EXPECT_FALSE(HasExchangedDigits(0.12, 0.21)) << "two digits";
+  EXPECT_FALSE(HasExchangedDigits(-4800.0, -8400.0)) << "two digits";
+  EXPECT_FALSE(HasExchangedDigits(0.21, 0.21));
+  EXPECT_FALSE(HasExchangedDigits(123.0, 321.0)) << "not neighbours";
+  EXPECT_FALSE(HasExchangedDigits(1234.0, 2143.0)) << "twice";
+  EXPECT_FALSE(HasExchangedDigits(654.0, 655.0));
+  EXPECT_FALSE(HasExchangedDigits(654.1, 645.0));
+  EXPECT_FALSE(HasExchangedDigits(1.0, 2.0));
+  EXPECT_FALSE(HasExchangedDigits(1.0 / 3.0, 2.0 / 3.0)) << "too many digits";
+  EXPECT_FALSE(HasExchangedDigits(1e300, 1e299));
+  EXPECT_FALSE(HasExchangedDigits(gen_GetUndefDouble(), 1.0));
+}
+
+// A difference that has the size of a slip deviates five times as much as one near it.
+TEST(SourcesTest, DifferenceOfASlipCountsMore) {
+  auto const compared = [](double one, double other) {
+    std::deque<Record> records;
+    Substance substance;
+    for (double const value : {one, other}) {
+      ComponentView const component;
+      GoodComponent{}.Fill(*component.Face());
+      component.Face()->SetProperty(propertyAUTOIGNITION, value);
+      records.emplace_back(component,
+                           CheckedItem("own", CheckedBank("PURECOMP", "TEST"), {1}, "A", "A"));
+      substance.Add(records.back());
+    }
+    std::vector<Tension> tensions;
+    AddSourceComparisons(substance, tensions);
+    auto const at = std::find_if(tensions.begin(), tensions.end(), [](Tension const& tension) {
+      return tension.about.datum == Datum::Constant(propertyAUTOIGNITION);
+    });
+    return at == tensions.end() ? -1.0 : at->deviation;
+  };
+  double const plain = compared(650.0, 611.0);
+  EXPECT_NEAR(compared(650.0, 606.0), plain * std::log(650.0 / 606.0) / std::log(650.0 / 611.0),
+              1e-9);
+  EXPECT_NEAR(compared(651.0, 561.0),
+              5.0 * plain * std::log(651.0 / 561.0) / std::log(650.0 / 611.0), 1e-9);
+  // Far within the tolerance digits may be exchanged by chance.
+  EXPECT_LT(compared(650.12, 650.21), 0.01);
 }
 
 }  // namespace

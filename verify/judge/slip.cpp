@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 #include "verify/component_view.h"
 
@@ -34,6 +35,7 @@ constexpr Factor kFactors[] = {
     {"kPa", kPoundPerInch2, "kPa taken for psi"},
     {"kPa", kMercury, "kPa taken for mmHg"},
     {"kJ/kg-mol", 1.0 / kCalorie, "cal taken for J"},
+    {"kJ/kg-mol", 1e-3 / kCalorie, "kcal/mol taken for J/mol"},
     {"kJ/kg-mol", kCalorie, "J taken for cal"},
     {"kJ/kg-mol", 1.0 / kBtuPerPound, "BTU/lb taken for kJ/kg"},
     {"kJ/kg-mol", kBtuPerPound, "kJ/kg taken for BTU/lb"},
@@ -83,7 +85,46 @@ std::string DecimalSlip(double ratio, double play) {
          (std::abs(power) > 1.0 ? " digits" : " digit");
 }
 
+// A number without sign and point, of so many decimals; empty if it has more.
+std::string DigitsOf(double number, int decimals) {
+  constexpr double kExact = 1e-6;
+  constexpr std::size_t kMost = 8;
+  double const scaled = std::abs(number) * std::pow(10.0, decimals);
+  double const whole = std::round(scaled);
+  if (std::abs(scaled - whole) > kExact * whole) return {};
+  std::string text = std::to_string(static_cast<long long>(whole));
+  return text.size() > kMost ? std::string() : text;
+}
+
+// Numbers of two digits are each other's by chance.
+bool AreExchanged(std::string a, std::string b) {
+  constexpr std::size_t kFewest = 3;
+  auto const isShort = [](std::string const& digits) {
+    return digits.find_last_not_of('0') + 1 < kFewest;
+  };
+  if (isShort(a) && isShort(b)) return false;
+  std::size_t const length = std::max(a.size(), b.size());
+  a.insert(0, length - a.size(), '0');
+  b.insert(0, length - b.size(), '0');
+  auto const [inA, inB] = std::mismatch(a.begin(), a.end(), b.begin());
+  if (a.end() - inA < 2) return false;
+  std::swap(inA[0], inA[1]);
+  return a == b;
+}
+
 }  // namespace
+
+bool HasExchangedDigits(double value, double expected) {
+  constexpr double kLargest = 1e8;
+  constexpr int kMostDecimals = 7;
+  if (!(std::max(std::abs(value), std::abs(expected)) < kLargest)) return false;
+  for (int decimals = 0; decimals <= kMostDecimals; ++decimals) {
+    std::string const a = DigitsOf(value, decimals);
+    std::string const b = DigitsOf(expected, decimals);
+    if (!a.empty() && !b.empty()) return AreExchanged(a, b);
+  }
+  return false;
+}
 
 std::string LikelySlip(double value, double expected, std::string_view unit, double uncertainty,
                        double molecularWeight) {
@@ -107,7 +148,9 @@ std::string LikelySlip(double value, double expected, std::string_view unit, dou
     if (IsNear(ratio, molecularWeight, play)) return "a molar value taken for one per mass";
     if (IsNear(ratio, 1.0 / molecularWeight, play)) return "a value per mass taken for a molar one";
   }
-  return DecimalSlip(ratio, play);
+  std::string slip = DecimalSlip(ratio, play);
+  if (slip.empty() && HasExchangedDigits(value, expected)) slip = "two digits exchanged";
+  return slip;
 }
 
 }  // namespace zel
