@@ -17,13 +17,16 @@ set(verify_SOURCES
     item_fields.cpp
     judge/between_sources.cpp
     judge/constant_relations.cpp
+    judge/curve_enthalpy_relations.cpp
     judge/curve_heat_relations.cpp
     judge/curve_law_relations.cpp
     judge/curve_pair_relations.cpp
     judge/curve_range_relations.cpp
     judge/curve_shape_relations.cpp
+    judge/curve_smooth_relations.cpp
     judge/curve_state_relations.cpp
     judge/diagnosis.cpp
+    judge/group_relations.cpp
     judge/hazard_relations.cpp
     judge/judged_finding.cpp
     judge/judgement.cpp
@@ -31,6 +34,7 @@ set(verify_SOURCES
     judge/kin_features.cpp
     judge/kin_forecast.cpp
     judge/kin_rows.cpp
+    judge/range_habits.cpp
     judge/reading.cpp
     judge/record.cpp
     judge/relation_tables.cpp

@@ -200,5 +200,58 @@ TEST(VolumeRelationTableTest, EachHasACase) {
   EXPECT_EQ(RulesOf(kVolumeCases), RulesOf(VolumeRelations()));
 }
 
+// Published sizes of UNIQUAC; the sums are recalculated by hand.
+std::vector<RelationCase> const kGroupCases = {
+    {"waals-volume-groups",
+     3.1878,
+     {propertyVDWV, 3.8178},
+     {{propertyVDWV, 3.1878}},
+     {},
+     "C6H6",
+     "c1ccccc1"},
+    {"waals-area-groups", 2.4, {propertyVDWA, 4.2}, {{propertyVDWA, 2.4}}, {}, "C6H6", "c1ccccc1"},
+};
+
+class JudgeGroupRelationsTest : public JudgeRelationCaseTest {};
+TEST_P(JudgeGroupRelationsTest, AgreesWithPublishedValues) { Agrees(); }
+TEST_P(JudgeGroupRelationsTest, DeviatesByAMistake) { Deviates(); }
+INSTANTIATE_TEST_SUITE_P(Rows, JudgeGroupRelationsTest, ::testing::ValuesIn(kGroupCases), NameOf);
+
+TEST(JudgeGroupRelationTablesTest, EachRelationHasACase) {
+  EXPECT_EQ(RulesOf(kGroupCases), RulesOf(GroupRelations()));
+}
+
+// Ethanol: the sum is 2.1055, and 2.5756 with the hydroxyl group of UNIFAC.
+class JudgeHydroxylTest : public JudgeRelationCaseTest {};
+TEST_P(JudgeHydroxylTest, IsTakenInEitherSize) { Agrees(); }
+TEST_P(JudgeHydroxylTest, DeviatesByAMistake) { Deviates(); }
+INSTANTIATE_TEST_SUITE_P(Rows, JudgeHydroxylTest,
+                         ::testing::Values(RelationCase{"waals-volume-groups",
+                                                        2.1054,
+                                                        {propertyVDWV, 2.3},
+                                                        {{propertyVDWV, 2.1055}},
+                                                        {},
+                                                        "C2H6O",
+                                                        "CCO"},
+                                           RelationCase{"waals-volume-groups",
+                                                        2.5755,
+                                                        {propertyVDWV, 2.3},
+                                                        {{propertyVDWV, 2.5755}},
+                                                        {},
+                                                        "C2H6O",
+                                                        "CCO"}));
+
+// What is not a sum of the groups: another isomer, all hydrogen on one atom, two double bonds of an
+// atom, oxygen that is bound to sulfur, no structure.
+class JudgeNoGroupsTest : public JudgeRelationCaseTest {};
+TEST_P(JudgeNoGroupsTest, NothingIsCompared) { EXPECT_FALSE(Find(nullptr)); }
+RelationCase Volume(char const* formula, char const* smiles) {
+  return {"waals-volume-groups", 0, {propertyVDWV, 1}, {{propertyVDWV, 2}}, {}, formula, smiles};
+}
+INSTANTIATE_TEST_SUITE_P(Rows, JudgeNoGroupsTest,
+                         ::testing::Values(Volume("CH4", "C"), Volume("C3H4", "C=C=C"),
+                                           Volume("C2H6OS", "CS(C)=O"), Volume("C2H4O2", "COC=O"),
+                                           Volume("N2", "N#N"), Volume("C2H6O", "")));
+
 }  // namespace
 }  // namespace zel::test

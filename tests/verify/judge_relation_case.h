@@ -34,6 +34,7 @@ struct RelationCase {
   std::vector<Stored> constants;
   std::vector<Point> curves;
   char const* formula = "C6H6";
+  char const* smiles = "";
 
   friend void PrintTo(RelationCase const& row, std::ostream* out) { *out << row.rule; }
 };
@@ -80,6 +81,7 @@ class JudgeRelationCaseTest : public ::testing::TestWithParam<RelationCase> {
       for (std::uint32_t i = 0; i < kJudgedConstants; ++i) c.SetProperty(i, gen_GetUndefDouble());
       for (std::uint32_t i = 0; i < kJudgedCurves; ++i) c.ResetCorrelation(i);
       for (Stored const& row : data.constants) c.SetProperty(row.index, row.value);
+      c.SetSmiles(data.smiles);
       for (Point const& row : data.curves) {
         constexpr double kReach = 30.0;
         GoodComponent::Line(c, row.curve, row.kelvin - kReach, row.kelvin + kReach,

@@ -10,7 +10,9 @@ set(verify_TEST_SOURCES
     judge_diagnosis_test.cpp
     judge_kin_test.cpp
     judge_libraries_test.cpp
+    judge_range_habits_test.cpp
     judge_relations_test.cpp
+    judge_smooth_relations_test.cpp
     judge_thermal_relations_test.cpp
     open_library_test.cpp
     progress_test.cpp

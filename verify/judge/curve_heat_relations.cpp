@@ -1,4 +1,4 @@
-// Enthalpies and heat capacities against each other, the formula and the phases.
+// Heat capacities against the formula and between phases.
 #include <array>
 #include <string_view>
 #include <utility>
@@ -8,72 +8,6 @@
 
 namespace zel {
 namespace {
-
-// A change of enthalpy and the integral of the heat capacity, over both halves of the common range.
-template <zelCorrelations kEnthalpy, zelCorrelations kCapacity>
-Found IsIntegral(Reading& r, JudgeRule const& rule) {
-  KelvinRange const range = r.Range(kEnthalpy);
-  if (!r.Own().HasCurve(kEnthalpy) || !range.IsBounded()) return std::nullopt;
-  double const low = Near(r, kEnthalpy, Near(r, kCapacity, range.low));
-  double const high = Near(r, kEnthalpy, Near(r, kCapacity, range.high));
-  constexpr double kLeastSpan = 3.0;  // K
-  if (!(high - low > kLeastSpan)) return std::nullopt;
-  constexpr double kOther = 3.0;
-  double const tolerance = rule.tolerance * (r.Own().HasCurve(kCapacity) ? 1.0 : kOther);
-  Found worst;
-  double const middle = (low + high) / 2;
-  for (auto const& [from, to] : {std::pair(low, middle), std::pair(middle, high)}) {
-    double const change = r.OwnAt(kEnthalpy, to) - r.OwnAt(kEnthalpy, from);
-    double const quarter = (to - from) / 4;
-    double const expected = (to - from) / 90 *
-                            (7 * r.At(kCapacity, from) + 32 * r.At(kCapacity, from + quarter) +
-                             12 * r.At(kCapacity, from + 2 * quarter) +
-                             32 * r.At(kCapacity, to - quarter) + 7 * r.At(kCapacity, to));
-    Found here = At(Outcome::Relative(Of(kEnthalpy), change, expected, tolerance), to);
-    if (here) here->quantity = "a change of ";
-    worst = Worse(worst, here);
-  }
-  return worst;
-}
-
-// How far the own enthalpy is from zero at a temperature, in K; beyond the range by the equation,
-// with the heat capacity at its end.
-double DistanceFromZero(Reading& r, zelCorrelations enthalpy, double kelvin) {
-  double const slope = r.OwnSlope(enthalpy, Near(r, enthalpy, kelvin));
-  double const value = r.Own().Extended(enthalpy, kelvin);
-  return IsDefined(value) ? value / slope : std::nan("");
-}
-
-// Enthalpies are zero at a temperature that people choose, or are those of formation there. An
-// equation is less true beyond its range.
-template <zelCorrelations kEnthalpy>
-Found IsZeroSomewhere(Reading& r, JudgeRule const& rule) {
-  KelvinRange const range = r.Range(kEnthalpy);
-  if (!r.Own().HasCurve(kEnthalpy) || !range.IsBounded()) return std::nullopt;
-  constexpr double kFahrenheit60 = 288.706;  // K
-  constexpr double kNearlyZero = 1.0;        // K: some equations have no value at 0 K
-  constexpr double kBeyond = 0.05;
-  Found nearest;
-  for (double const chosen : {kNearlyZero, 273.15, kFahrenheit60, kRoom, range.low,
-                              r.Of().Median(propertyNMP), r.Of().Median(propertyNBP)}) {
-    if (!IsDefined(chosen)) continue;
-    double const outside = std::max({range.low - chosen, chosen - range.high, 0.0});
-    double const zero = chosen - DistanceFromZero(r, kEnthalpy, chosen);
-    Found const here =
-        Outcome::Absolute(Of(kEnthalpy), zero, chosen, rule.tolerance + kBeyond * outside);
-    if (here && (!nearest || here->deviation < nearest->deviation)) nearest = here;
-  }
-  if (!nearest) return std::nullopt;
-  nearest->unit = "K";
-  nearest->quantity = "the zero of ";
-  if (nearest->deviation <= 1.0) return AtBound(nearest);
-  double const formation = r.Of().Median(propertyHFORMATION);
-  constexpr double kFormation = 0.1;
-  Found const formed = Outcome::Relative(
-      Of(kEnthalpy), r.OwnAt(kEnthalpy, Near(r, kEnthalpy, kRoom)), formation, kFormation);
-  if (IsDefined(formation) && formed && formed->deviation <= 1.0) return AtBound(formed);
-  return nearest;
-}
 
 // Kirchhoff: the latent heat falls with the difference of the heat capacities of liquid and gas.
 Found Kirchhoff(Reading& r, JudgeRule const& rule) {
@@ -247,36 +181,6 @@ Found DulongPetit(Reading& r, JudgeRule const& rule) {
 }
 
 constexpr Relation kRows[] = {
-    {{"ideal-enthalpy-slope", "change of ideal gas enthalpy = integral of the heat capacity", 0.01,
-      "1 %: the same quantity; 3 % where the heat capacity is from another source"},
-     "the heat capacity of the ideal gas",
-     IsIntegral<correlationIdealEnthalpy, correlationIdealGasCp>},
-    {{"liquid-enthalpy-slope", "change of liquid enthalpy = integral of the heat capacity", 0.02,
-      "2 %: the same quantity; 6 % where the heat capacity is from another source"},
-     "the heat capacity of the liquid",
-     IsIntegral<correlationLiquidEnthalpy, correlationLiquidCp>},
-    {{"solid-enthalpy-slope", "change of solid enthalpy = integral of the heat capacity", 0.02,
-      "2 %: the same quantity; 6 % where the heat capacity is from another source"},
-     "the heat capacity of the solid",
-     IsIntegral<correlationSolidEnthalpy, correlationSolidCp>},
-    {{"ideal-enthalpy-zero",
-      "enthalpy of the ideal gas = 0 at 0 K, 0 C, 60 F, 25 C, NMP, NBP or the lower limit, or "
-      "HFORMATION at 25 C",
-      1, "1 K, and 5 % of the distance from the range"},
-     "the states that people choose",
-     IsZeroSomewhere<correlationIdealEnthalpy>},
-    {{"liquid-enthalpy-zero",
-      "enthalpy of the liquid = 0 at 0 K, 0 C, 60 F, 25 C, NMP, NBP or the lower limit, or "
-      "HFORMATION at 25 C",
-      1, "1 K, and 5 % of the distance from the range"},
-     "the states that people choose",
-     IsZeroSomewhere<correlationLiquidEnthalpy>},
-    {{"solid-enthalpy-zero",
-      "enthalpy of the solid = 0 at 0 K, 0 C, 60 F, 25 C, NMP, NBP or the lower limit, or "
-      "HFORMATION at 25 C",
-      1, "1 K, and 5 % of the distance from the range"},
-     "the states that people choose",
-     IsZeroSomewhere<correlationSolidEnthalpy>},
     {{"kirchhoff", "d(latent heat)/dT = heat capacity of the ideal gas - of the liquid", 0.22,
       "22 % of the heat capacity of the liquid: error of the slope of the latent heat; 49 of 50 "
       "published sets"},

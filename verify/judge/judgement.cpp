@@ -12,6 +12,7 @@
 #include "verify/checked_library.h"
 #include "verify/judge/judged_finding.h"
 #include "verify/judge/kin.h"
+#include "verify/judge/range_habits.h"
 #include "verify/judge/reading.h"
 #include "verify/judge/relation_tables.h"
 #include "verify/judge/structure_groups.h"
@@ -95,12 +96,13 @@ struct Reported {
   std::size_t substance;
 };
 
-// One substance after the other, so that only the comparisons with kin are all in memory.
+// One substance after the other, so that only the comparisons with others are all in memory.
 std::vector<Reported> SuspicionsIn(std::vector<Substance> const& substances,
                                    std::set<std::string, std::less<>> const& silent,
                                    double minStrength) {
   std::vector<std::vector<Tension>> tensions(substances.size());
   AddKinComparisons(substances, tensions);
+  AddRangeHabits(substances, tensions);
   std::vector<Reported> all;
   for (std::size_t i = 0; i < substances.size(); ++i) {
     std::vector<Tension> those = std::move(tensions[i]);

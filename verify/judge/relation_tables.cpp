@@ -1,13 +1,16 @@
 #include "verify/judge/relation_tables.h"
 
 #include "verify/judge/kin.h"
+#include "verify/judge/range_habits.h"
 
 namespace zel {
 
 std::vector<std::span<Relation const>> RelationTables() {
-  return {ConstantRelations(),   VolumeRelations(),     ThermalRelations(),  HazardRelations(),
-          CurveRangeRelations(), CurveShapeRelations(), CurveLawRelations(), CurveHeatRelations(),
-          CurvePairRelations(),  CurveStateRelations()};
+  return {ConstantRelations(),      VolumeRelations(),      GroupRelations(),
+          ThermalRelations(),       HazardRelations(),      CurveRangeRelations(),
+          CurveShapeRelations(),    CurveSmoothRelations(), CurveLawRelations(),
+          CurveEnthalpyRelations(), CurveHeatRelations(),   CurvePairRelations(),
+          CurveStateRelations()};
 }
 
 std::vector<JudgeRule const*> AllRules() {
@@ -17,6 +20,7 @@ std::vector<JudgeRule const*> AllRules() {
   }
   for (JudgeRule const& rule : SourceRules()) rules.push_back(&rule);
   for (JudgeRule const* const rule : KinRules()) rules.push_back(rule);
+  for (JudgeRule const& rule : RangeHabitRules()) rules.push_back(&rule);
   return rules;
 }
 

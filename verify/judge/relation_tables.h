@@ -9,12 +9,15 @@
 namespace zel {
 
 std::span<Relation const> ConstantRelations();
+std::span<Relation const> CurveEnthalpyRelations();
 std::span<Relation const> CurveHeatRelations();
 std::span<Relation const> CurveLawRelations();
 std::span<Relation const> CurvePairRelations();
 std::span<Relation const> CurveRangeRelations();
 std::span<Relation const> CurveShapeRelations();
+std::span<Relation const> CurveSmoothRelations();
 std::span<Relation const> CurveStateRelations();
+std::span<Relation const> GroupRelations();
 std::span<Relation const> HazardRelations();
 std::span<Relation const> ThermalRelations();
 std::span<Relation const> VolumeRelations();
