@@ -118,6 +118,30 @@ TEST_F(DiagnosisTest, StrengthGrowsWithTheDeviationAndWithWitnesses) {
   EXPECT_GT(Diagnose(tensions_).at(0).strength, alone);
 }
 
+// Values that agree with all others do not make another datum the culprit for a wrong range.
+TEST_F(DiagnosisTest, ValuesThatAgreeDoNotAcquitTheRange) {
+  Record const& one = MakeRecord("one");
+  Record const& two = MakeRecord("two");
+  Claim const curve{&one, Datum::Curve(correlationLiquidDensity)};
+  Claim const melting = Of(one, propertyNMP);
+  Compare(kBoiling, 20.0, {curve});
+  tensions_.back().isOfRange = true;
+  tensions_.back().value = 2.0;
+  tensions_.back().expected = 1.0;
+  tensions_.back().parts.push_back({melting, Stake::kMinor});
+  Compare(kCritical, 1.2, {Of(one, propertyVC)});
+  tensions_.back().parts.push_back({curve, Stake::kMinor});
+  for (int i = 0; i < 5; ++i) {
+    Compare(kSources, 0.01, {curve, {&two, Datum::Curve(correlationLiquidDensity)}});
+    tensions_.back().value = 1.001;
+    tensions_.back().expected = 1.0;
+  }
+  std::vector<Suspicion> const found = Diagnose(tensions_, 0.5);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].claim, curve);
+  EXPECT_GT(found[0].strength, 0.8);
+}
+
 TEST_F(DiagnosisTest, ADatumThatHardlyMattersIsNotNamed) {
   Record const& one = MakeRecord("one");
   Tension tension;
@@ -239,6 +263,54 @@ TEST(SourcesTest, DifferenceOfASlipCountsMore) {
               5.0 * plain * std::log(651.0 / 561.0) / std::log(650.0 / 611.0), 1e-9);
   // Far within the tolerance digits may be exchanged by chance.
   EXPECT_LT(compared(650.12, 650.21), 0.01);
+}
+
+struct Limits {
+  double low, high;
+};
+
+// "the end of the range of 289.17 160.65" for ranges of two sources that are a slip apart.
+std::string RangeSlip(Limits one, Limits other) {
+  std::deque<Record> records;
+  Substance substance;
+  for (Limits const& limits : {other, one}) {
+    ComponentView const component;
+    GoodComponent{}.Fill(*component.Face());
+    GoodComponent::Line(*component.Face(), correlationVaporViscosity, limits.low, limits.high,
+                        0.001, 1e-5);
+    records.emplace_back(component,
+                         CheckedItem("own", CheckedBank("PURECOMP", "TEST"), {1}, "A", "A"));
+    substance.Add(records.back());
+  }
+  std::vector<Tension> tensions;
+  AddSourceComparisons(substance, tensions);
+  for (Tension const& tension : tensions) {
+    if (std::string_view(tension.rule->id) != "range-slip") continue;
+    EXPECT_TRUE(tension.isOfRange);
+    return tension.quantity + NumberText(tension.value) + " " + NumberText(tension.expected);
+  }
+  return "";
+}
+
+TEST(SourcesTest, RangesThatAreASlipApart) {
+  std::string const begin = "the beginning of the range of ";
+  std::string const end = "the end of the range of ";
+  // In R, F and C, and taken for C.
+  EXPECT_EQ(RangeSlip({289.17, 1800}, {160.65, 1000}), begin + "289.17 160.65");
+  EXPECT_EQ(RangeSlip({-170.5, 1340.33}, {160.65, 1000}), begin + "-170.5 160.65");
+  EXPECT_EQ(RangeSlip({-112.5, 726.85}, {160.65, 1000}), begin + "-112.5 160.65");
+  EXPECT_EQ(RangeSlip({433.8, 1273.15}, {160.65, 1000}), begin + "433.8 160.65");
+  // One limit.
+  EXPECT_EQ(RangeSlip({433.8, 1000}, {160.65, 1000}), begin + "433.8 160.65");
+  EXPECT_EQ(RangeSlip({160.65, 621.15}, {160.65, 894.3}), end + "621.15 894.3");
+  EXPECT_EQ(RangeSlip({160.65, 343}, {160.65, 433}), end + "343 433");
+  // None.
+  EXPECT_EQ(RangeSlip({160.65, 1000}, {160.65, 1000}), "");
+  EXPECT_EQ(RangeSlip({160.65, 1273.15}, {160.65, 1000}), "") << "1000 C and 1000 K";
+  EXPECT_EQ(RangeSlip({270, 400}, {150, 400}), "") << "a factor by chance";
+  EXPECT_EQ(RangeSlip({433.8, 900}, {160.65, 1000}), "");
+  EXPECT_EQ(RangeSlip({189.15, 574.59}, {189.15, 574.59}), "") << "the same in F and K";
+  EXPECT_EQ(RangeSlip({189.15, 658.51}, {189.15, 658.15}), "") << "too little";
 }
 
 }  // namespace

@@ -58,9 +58,14 @@ constexpr JudgeRule kRules[] = {
      "differs by more than twice that, at most one in ten; a fifth of it for exactly a slip"},
     {"curves", "the same curve in two libraries, at five temperatures of the common range", 1.0,
      "by curve, from 2 % (density of liquids) to 13.5 % (viscosity of liquids): one in thirty "
-     "pairs of published correlations differs by more than twice that"}};
+     "pairs of published correlations differs by more than twice that"},
+    {"range-slip",
+     "the range of the same curve in two libraries: limits are not apart by exactly the difference "
+     "between K and C, F or R, or by two digits that are exchanged",
+     0.2, "0.2 K; both limits by the same difference, or the other limit equal"}};
 constexpr JudgeRule const& kConstantRule = kRules[0];
 constexpr JudgeRule const& kCurveRule = kRules[1];
+constexpr JudgeRule const& kRangeRule = kRules[2];
 
 Tension Between(JudgeRule const& rule, Record const& one, Record const& other, Datum datum) {
   Tension tension;
@@ -86,7 +91,7 @@ double DeviationOf(ConstantRow const& row, double a, double b) {
 double WithSlip(double deviation, Datum datum, double a, double b, double molecularWeight) {
   constexpr double kTimes = 5.0;
   constexpr double kLeast = 0.3;  // tolerances
-  constexpr double kExact = 0.001;
+  constexpr double kExact = 0.004;
   if (deviation < kLeast || (LikelySlip(a, b, datum.Unit(), kExact, molecularWeight).empty() &&
                              LikelySlip(b, a, datum.Unit(), kExact, molecularWeight).empty()))
     return deviation;
@@ -163,6 +168,63 @@ void CompareCurves(Record const& one, Record const& other, double criticalTemper
   }
 }
 
+// What a temperature becomes that is stored in another scale than it says.
+struct ScaleSlip {
+  double factor;
+  double offset;  // K
+
+  double Of(double kelvin) const { return factor * kelvin + offset; }
+};
+constexpr ScaleSlip kScaleSlips[] = {{1.0, -273.15},   {1.0, 273.15},  {1.8, 0.0},
+                                     {1.0 / 1.8, 0.0}, {1.8, -459.67}, {1.0 / 1.8, 459.67 / 1.8}};
+
+bool IsSame(double a, double b) {
+  constexpr double kPart = 0.001;
+  return std::abs(a - b) <= std::min(kRangeRule.tolerance, kPart * std::abs(b));
+}
+
+// Of one limit where the other is equal: in C, or two digits. Round numbers are apart by the factor
+// of 1.8, or 1000 C and 1000 K, by chance.
+bool IsSlip(double a, double b) {
+  constexpr double kLeast = 0.01;
+  constexpr double kRound = 50.0;  // K
+  if (std::abs(a - b) < kLeast * std::abs(b)) return false;
+  if (HasExchangedDigits(a, b)) return true;
+  bool const isRound = std::fmod(std::min(a, b), kRound) == 0.0;
+  return !isRound && (IsSame(a, b - 273.15) || IsSame(a, b + 273.15));
+}
+
+// The range as it is stored; unbounded if the curve has not both limits.
+KelvinRange StoredRange(Record const& record, std::uint32_t curve) {
+  if (!record.HasCurve(curve)) return {};
+  ZelCorrelation const& stored = record.Curve(curve);
+  return IsDefined(stored.tMin) && IsDefined(stored.tMax) ? record.RangeOf(curve) : KelvinRange();
+}
+
+void CompareRanges(Record const& one, Record const& other, std::vector<Tension>& tensions) {
+  constexpr double kDeviation = 10.0;  // two ranges are hardly so by chance
+  for (CurveRow const& row : kCurves) {
+    KelvinRange const a = StoredRange(one, row.index);
+    KelvinRange const b = StoredRange(other, row.index);
+    if (!a.IsBounded() || !b.IsBounded()) continue;
+    bool const isLowSlip = IsSame(a.high, b.high) && IsSlip(a.low, b.low);
+    bool const isHighSlip = IsSame(a.low, b.low) && IsSlip(a.high, b.high);
+    bool const areBoth =
+        std::any_of(std::begin(kScaleSlips), std::end(kScaleSlips), [&](ScaleSlip const& slip) {
+          return IsSame(a.low, slip.Of(b.low)) && IsSame(a.high, slip.Of(b.high));
+        });
+    if (!isLowSlip && !isHighSlip && !areBoth) continue;
+    Tension tension = Between(kRangeRule, one, other, Datum::Curve(row.index));
+    tension.isOfRange = true;
+    tension.unit = "K";
+    tension.quantity = isHighSlip ? "the end of the range of " : "the beginning of the range of ";
+    tension.value = isHighSlip ? a.high : a.low;
+    tension.expected = isHighSlip ? b.high : b.low;
+    tension.deviation = kDeviation;
+    tensions.push_back(std::move(tension));
+  }
+}
+
 }  // namespace
 
 std::span<JudgeRule const> SourceRules() { return kRules; }
@@ -175,6 +237,7 @@ void AddSourceComparisons(Substance const& substance, std::vector<Tension>& tens
     for (std::size_t earlier = 0; earlier < i; ++earlier) {
       CompareConstants(*records[i], *records[earlier], weight, tensions);
       CompareCurves(*records[i], *records[earlier], critical, tensions);
+      CompareRanges(*records[i], *records[earlier], tensions);
     }
   }
 }

@@ -81,15 +81,18 @@ struct Suspect {
   std::vector<std::size_t> disagreeing;
   std::size_t agreeing = 0;
 
-  // What the choice between suspects goes by.
+  // What the choice between suspects goes by. That the values agree does not acquit the range.
   double Weight() const {
     constexpr double kAgreement = 0.7;
-    double weight = 0.0;
+    double weight = 0.0, worst = 0.0;
     for (Aspect const* const aspect : {&ofValues, &ofRange}) {
       double const against = aspect->againstIt.Sum();
-      if (against > 0.0) weight += against + kAgreement * aspect->forIt.Sum();
+      if (against <= 0.0) continue;
+      double const net = against + kAgreement * aspect->forIt.Sum();
+      weight += std::max(net, 0.0);
+      worst = std::min(worst, net);
     }
-    return weight;
+    return weight > 0.0 ? weight : worst;
   }
   // The probability that the datum is wrong, before anything is compared 1 in 25. What agrees
   // speaks for a datum, but a curve can be right where one relation uses it and wrong elsewhere;

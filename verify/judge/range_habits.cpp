@@ -254,6 +254,19 @@ void Habits::Compare(std::vector<std::vector<Tension>>& ofComponents) {
   }
 }
 
+// Appends the comparisons that deviate, and those that agree of the same curves.
+void KeepUnusual(std::vector<Tension> made, std::vector<Tension>& kept) {
+  std::vector<Claim> accused;
+  for (Tension const& one : made) {
+    if (one.deviation <= 1.0) continue;
+    for (Tension::Part const& part : one.parts) accused.push_back(part.claim);
+  }
+  for (Tension& one : made) {
+    if (std::find(accused.begin(), accused.end(), one.about) == accused.end()) continue;
+    kept.push_back(std::move(one));
+  }
+}
+
 }  // namespace
 
 std::span<JudgeRule const> RangeHabitRules() { return kRules; }
@@ -268,11 +281,7 @@ void AddRangeHabits(std::vector<Substance> const& substances,
         Habits(bank, substances, i, end).Compare(ofComponents);
       }
       for (std::size_t i = 0; i < bank.size(); ++i) {
-        std::vector<Tension>& made = ofComponents[i];
-        bool const isUnusual = std::any_of(made.begin(), made.end(),
-                                           [](Tension const& one) { return one.deviation > 1.0; });
-        if (!isUnusual) continue;
-        std::move(made.begin(), made.end(), std::back_inserter(tensions[bank[i].substance]));
+        KeepUnusual(std::move(ofComponents[i]), tensions[bank[i].substance]);
       }
     }
   }
