@@ -29,7 +29,7 @@ constexpr ConstantRow kConstants[] = {
     {propertyRADIUS, 0.05, 0.0},      {propertyDIELECTRIC, 0.05, 0.05},
     {propertyVDWA, 0.05, 0.0},        {propertyVDWV, 0.05, 0.0},
     {propertyGFORMATION, 0.01, 2000}, {propertyHFORMATION, 0.02, 4000},
-    {propertyFLASHPOINT, 0.04, 0.0},  {propertyLOFLAMM, 0.17, 0.001},
+    {propertyFLASHPOINT, 0.033, 0.0},  {propertyLOFLAMM, 0.17, 0.001},
     {propertyHIFLAMM, 0.13, 0.0},     {propertyAUTOIGNITION, 0.05, 0.0},
     {propertyGHV, 0.01, 0.0},         {propertyLHV, 0.01, 0.0},
     {propertyTTP, 0.007, 0.5},        {propertyPTP, 0.5, 0.0},
@@ -44,12 +44,12 @@ struct CurveRow {
 
 constexpr CurveRow kCurves[] = {
     {correlationVaporPressure, 0.06, false},   {correlationIdealEnthalpy, 0.03, true},
-    {correlationLiquidEnthalpy, 0.05, true},   {correlationLatentHeat, 0.07, false},
-    {correlationLiquidDensity, 0.02, false},   {correlationLiquidThermal, 0.035, false},
+    {correlationLiquidEnthalpy, 0.05, true},   {correlationLatentHeat, 0.065, false},
+    {correlationLiquidDensity, 0.02, false},   {correlationLiquidThermal, 0.03, false},
     {correlationVaporThermal, 0.075, false},   {correlationLiquidViscosity, 0.135, false},
     {correlationVaporViscosity, 0.045, false}, {correlationSurfaceTension, 0.12, false},
     {correlationSolidEnthalpy, 0.08, true},    {correlationSolidDensity, 0.05, false},
-    {correlationIdealGasCp, 0.03, false},      {correlationLiquidCp, 0.045, false},
+    {correlationIdealGasCp, 0.03, false},      {correlationLiquidCp, 0.04, false},
     {correlationSolidCp, 0.08, false},         {correlationDielectric, 0.06, false}};
 
 constexpr JudgeRule kRules[] = {

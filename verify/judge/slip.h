@@ -12,8 +12,8 @@ namespace zel {
 std::string LikelySlip(double value, double expected, std::string_view unit, double uncertainty,
                        double molecularWeight);
 
-// Whether the one is the other with two neighbouring digits exchanged, and they have three digits or
-// more: 0.213 and 0.123.
+// Whether the one is the other with two neighbouring digits exchanged, and they have three digits
+// or more: 0.213 and 0.123.
 bool HasExchangedDigits(double value, double expected);
 
 }  // namespace zel
