@@ -29,7 +29,7 @@ constexpr ConstantRow kConstants[] = {
     {propertyRADIUS, 0.05, 0.0},      {propertyDIELECTRIC, 0.05, 0.05},
     {propertyVDWA, 0.05, 0.0},        {propertyVDWV, 0.05, 0.0},
     {propertyGFORMATION, 0.01, 2000}, {propertyHFORMATION, 0.02, 4000},
-    {propertyFLASHPOINT, 0.033, 0.0},  {propertyLOFLAMM, 0.17, 0.001},
+    {propertyFLASHPOINT, 0.033, 0.0}, {propertyLOFLAMM, 0.17, 0.001},
     {propertyHIFLAMM, 0.13, 0.0},     {propertyAUTOIGNITION, 0.05, 0.0},
     {propertyGHV, 0.01, 0.0},         {propertyLHV, 0.01, 0.0},
     {propertyTTP, 0.007, 0.5},        {propertyPTP, 0.5, 0.0},
