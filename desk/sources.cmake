@@ -4,6 +4,7 @@ set(desk_SOURCES
     annotate/parameter_table.cpp
     annotate/reference_files.cpp
     annotate/references.cpp
+    change/last_close.cpp
     change/library_change.cpp
     change/undo.cpp
     change/work_folder.cpp

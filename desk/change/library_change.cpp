@@ -1,9 +1,12 @@
 #include "desk/change/library_change.h"
 
+#include <zelaccess/OpenLibrary.h>
+
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
+#include "desk/change/last_close.h"
 #include "desk/open/names_library.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/open/when_free.h"
@@ -53,13 +56,17 @@ void LibraryChange::Begin(std::string const& path) {
   CheckIsFile(path);
   shown_ = path;
   whole_ = WithoutLinks(path);
+  CompleteLastFlush(whole_, path, false);
   if (!options_.inPlace || options_.dryRun) Hold();
+  // Another host may have been killed in between.
+  if (work_) CompleteLastFlush(whole_, path, true);
   access_ = AccessOf(whole_);
   filesBefore_ = FilesOf(whole_);
   if (work_) {
     work_->Share(access_);
     Copy(whole_);
   }
+  JudgeLastClose();
   OpenForUpdate();
   if (knewNames_) zel::LibFile::SetOrdwinNameIndex(&library_->File());
 }
@@ -86,6 +93,14 @@ void LibraryChange::Hold() {
   work_ = std::move(work);
 }
 
+// The copy is verified, which is the same and is not locked. An original that is changed in place
+// gets its own mark.
+void LibraryChange::JudgeLastClose() {
+  if (!options_.verifiesUnclean || !HasUncleanMark(whole_)) return;
+  VerifyUnclean(*session_, work_ ? work_->First() : whole_, shown_);
+  if (!work_) zel::ForgetUncleanClose(whole_.c_str());
+}
+
 void LibraryChange::Copy(std::string const& from) {
   OrFail(shown_, "cannot be copied", [&] {
     for (int number = 1; number <= kMostFiles; ++number) {
@@ -98,13 +113,14 @@ void LibraryChange::Copy(std::string const& from) {
 // A library without a password refuses every password.
 void LibraryChange::OpenForUpdate() {
   std::string const path = work_ ? work_->First() : shown_;
+  zel::zelWriteModes const writes = work_ ? zel::writesPlain : zel::writesMarked;
   try {
-    library_ = Library::OpenUpdate(*session_, path, options_.password, shown_);
+    library_ = Library::OpenUpdate(*session_, path, options_.password, shown_, writes);
     return;
   } catch (Error const&) {
     if (options_.password.empty()) throw;
     try {
-      library_ = Library::OpenUpdate(*session_, path, "", shown_);
+      library_ = Library::OpenUpdate(*session_, path, "", shown_, writes);
     } catch (Error const&) {
       // It has one, or cannot be opened at all.
     }
@@ -124,6 +140,7 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path, NewL
     ChangeOptions probed;
     probed.password = options.password;
     probed.admitsReaders = options.admitsReaders;
+    probed.verifiesUnclean = false;
     LibraryChange const probe(session, path, probed);
   }
   if (!fs::is_directory(fs::absolute(path).parent_path())) {
@@ -207,6 +224,8 @@ void LibraryChange::PutInPlace() {
     note.reserve(note.size() + kLongestReason);
     work_->Prepare(isNew_, Record());
     KeepReadersOut();
+    // Nothing next to the old library is about the new one.
+    zel::ForgetUncleanClose(whole_.c_str());
     work_->PutInPlace(isNew_);
     original_.reset();  // of a file that is now in the history
     std::string const why = work_->KeepOld();

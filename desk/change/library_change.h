@@ -30,6 +30,8 @@ struct ChangeOptions {
   bool admitsReaders = false;
   // Everything is done except putting the change in place. It is made in a copy even with inPlace.
   bool dryRun = false;
+  // A library that was not closed cleanly is verified first, and not changed if it is damaged.
+  bool verifiesUnclean = true;
   // The most versions in the library's history after the change, which keeps what it replaces
   // (open/history.h). 0 removes the history. A change with inPlace keeps nothing.
   int keep = kVersionsKept;
@@ -73,6 +75,7 @@ class LibraryChange {
   void Hold();
   void KeepReadersOut();
   void Copy(std::string const& from);
+  void JudgeLastClose();
   std::optional<ChangeRecord> Record() const;
   void OpenForUpdate();
   void GiveFilesAccess() const;

@@ -93,12 +93,15 @@ Library Library::OpenRead(Session& session, std::string const& path, std::string
 }
 
 Library Library::OpenUpdate(Session& session, std::string const& path, std::string const& password,
-                            std::string const& shownAs) {
+                            std::string const& shownAs, zel::zelWriteModes writes) {
   std::string const& shown = shownAs.empty() ? path : shownAs;
   session.NoteOpened(path, shown);
   zel::openErrors error = zel::openFailed;
-  zel::LibFile* const file =
-      zel::LibFile::OpenLibFile(zel::accUpdate, path.c_str(), password.c_str(), error);
+  zel::ZelOpenOptions options;
+  options.mode = zel::accUpdate;
+  options.password = password.c_str();
+  options.writes = writes;
+  zel::LibFile* const file = zel::OpenLibrary(path.c_str(), options, error);
   return {session, shown, Checked(file, shown, error)};
 }
 

@@ -1,6 +1,7 @@
 // Open libraries and the banks in them, as named on the command line.
 #pragma once
 
+#include <zelaccess/OpenLibrary.h>
 #include <zelaccess/ZelAccess.h>
 
 #include <memory>
@@ -31,7 +32,8 @@ class Library {
   static Library OpenRead(Session& session, std::string const& path,
                           std::string const& shownAs = "");
   static Library OpenUpdate(Session& session, std::string const& path, std::string const& password,
-                            std::string const& shownAs = "");
+                            std::string const& shownAs = "",
+                            zel::zelWriteModes writes = zel::writesPlain);
   static Library Create(Session& session, zel::libTypes kind, std::string const& path,
                         std::string const& shownAs);
 

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,8 @@ class Session {
   // Called once for each item or bank that a walk leaves out because it cannot be read; `line` says
   // where it is and why. Throws Failure with the line, unless a host wants to go on.
   virtual void LeaveOut(std::string const& line);
+  // True once for each path: for what is said once.
+  bool IsNewlyNoted(std::string const& path) { return noted_.insert(path).second; }
   // Called for what went wrong without ending the work. Does nothing, unless a host reports it.
   virtual void Note(std::string const& /*line*/) {}
 
@@ -55,6 +58,7 @@ class Session {
     std::string shown;
   };
   std::vector<Opened> opened_;
+  std::set<std::string> noted_;
 };
 
 }  // namespace zel::desk

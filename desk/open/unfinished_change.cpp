@@ -133,10 +133,20 @@ void LetChangeGoFirst(Session const& session, std::string const& path) {
 
 Library OpenFinished(Session& session, std::string const& path) {
   OrFail(path, "cannot be examined", [&] { LetChangeGoFirst(session, path); });
-  return WhenFree(session, [&] {
+  Library library = WhenFree(session, [&] {
     FinishChange(path);
     return Library::OpenRead(session, path);
   });
+  zel::ZelLastClose last;
+  zel::GetLastClose(&library.File(), last);
+  if (last.isMarked && session.IsNewlyNoted(path)) {
+    session.Note(path + ": was not closed cleanly; `zel check --structure` finds damage, and a " +
+                 "command that changes it checks it first");
+  }
+  if (last.hasForeignJournal && session.IsNewlyNoted(path)) {
+    session.Note(path + ": the journal next to it was written for other files and is not used");
+  }
+  return library;
 }
 
 }  // namespace zel::desk

@@ -56,6 +56,7 @@ set(zel_TEST_SOURCES
     terminal_run.cpp
     terminal_test.cpp
     traced_run.cpp
+    unclean_test.cpp
     units_test.cpp
     wide_tables_test.cpp
     zel_fixture.cpp)

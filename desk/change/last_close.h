@@ -1,0 +1,22 @@
+// What a change does about a library that was not closed cleanly before.
+#pragma once
+
+#include <string>
+
+#include "desk/open/session.h"
+
+namespace zel::desk {
+
+// Completes a flush of another host that was cut off. Without `isLocked`, the caller does not have
+// the lock of the library's first file. Throws Failure.
+void CompleteLastFlush(std::string const& path, std::string const& shownAs, bool isLocked);
+
+// True if a library, a path without symbolic links, has the mark of one that was not closed
+// cleanly. The caller has its lock.
+bool HasUncleanMark(std::string const& library);
+
+// Verifies a library, which can be a copy of the one that has the mark. Reports to the session that
+// it is sound. Throws Failure if it is not.
+void VerifyUnclean(Session& session, std::string const& path, std::string const& shownAs);
+
+}  // namespace zel::desk
