@@ -135,12 +135,12 @@ std::vector<ChangedPage> HeldFile::Changes() const {
 bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages) {
   PlacedPages placed(*real_, size_);
   for (ChangedPage const& page : pages) {
-    for (std::size_t i = 0; i < kSectorsOfPage;) {
-      std::size_t run = 0;
-      while (i + run < kSectorsOfPage && (page.changed >> (i + run) & 1U) != 0) ++run;
-      if (run != 0 && !placed.Put(page.page, i, run, page.bytes + i * kSectorBytes)) return false;
-      i += run + 1;
-    }
+    // From the first sector that changes to the last one: what is between stays the same.
+    std::size_t first = 0;
+    std::size_t end = kSectorsOfPage;
+    while ((page.changed >> first & 1U) == 0) ++first;
+    while ((page.changed >> (end - 1) & 1U) == 0) --end;
+    if (!placed.Put(page.page, first, end - first, page.bytes + first * kSectorBytes)) return false;
   }
   return placed.Finish();
 }
@@ -206,7 +206,7 @@ bool HeldWrites::Sync(bool onlyNew) {
 bool HeldWrites::Checkpoint() { return isInPlace_ && Sync(false) && writer_->Restart(); }
 
 bool HeldWrites::Commit() {
-  constexpr std::uint64_t kLongJournal = std::uint64_t{1} << 20;
+  constexpr std::uint64_t kLongJournal = std::uint64_t{4} << 20;
   std::array<std::vector<ChangedPage>, format::kFileSlots> changes;
   std::vector<ChangedPage> all;
   LengthsOfFiles lengths;

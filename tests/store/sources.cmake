@@ -8,6 +8,7 @@ set(store_TEST_SOURCES
     btree_test.cpp
     casn_test.cpp
     extents_test.cpp
+    held_crash_test.cpp
     held_writes_test.cpp
     journal_test.cpp
     key_resolve_test.cpp
