@@ -52,7 +52,7 @@ std::string TargetOf(std::string const& path) {
     auto const length = ::readlink(target.c_str(), link, sizeof link);
     if (length <= 0) break;
     std::string const to(link, static_cast<std::size_t>(length));
-    target = to.front() == '/' ? to : FolderOf(target) + "/" + to;
+    target = to.front() == '/' ? to : FolderOf(target).append("/").append(to);
   }
   return target;
 }
