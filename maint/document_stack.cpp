@@ -1,5 +1,6 @@
 #include "maint/document_stack.h"
 
+#include <cstddef>
 #include <mutex>
 #include <new>
 #include <utility>
@@ -9,33 +10,25 @@
 
 namespace zel {
 
-namespace {}
-
 std::string DocumentStack::Push(std::string_view path) {
   std::string full =
-      AbsolutePath(path, documentFolders_.empty() ? std::string() : documentFolders_.back());
+      AbsolutePath(path, documents_.empty() ? std::string() : documents_.back().folder);
   if (full.size() > kMostPath) full.clear();
   PathParts const parts = SplitPath(full);
-  documentFolders_.push_back(parts.folder);
-  documentFiles_.push_back(parts.name + parts.extension);
+  documents_.push_back({parts.folder, parts.name + parts.extension});
   return full;
 }
 
 void DocumentStack::Pop() {
-  if (documentFiles_.empty()) return;
-  documentFolders_.pop_back();
-  documentFiles_.pop_back();
+  if (!documents_.empty()) documents_.pop_back();
 }
 
 std::string const& DocumentStack::TopFile() const noexcept {
   static std::string const none;
-  return documentFiles_.empty() ? none : documentFiles_.back();
+  return documents_.empty() ? none : documents_.back().file;
 }
 
-void DocumentStack::Clear() noexcept {
-  documentFolders_.clear();
-  documentFiles_.clear();
-}
+void DocumentStack::Clear() noexcept { documents_.clear(); }
 
 namespace {
 
@@ -62,27 +55,26 @@ std::string TopDocumentFile() {
 DocumentsOfImport::DocumentsOfImport() : before_(ofImport) {
   std::lock_guard const lock(processBusy);
   DocumentStack const& outer = Documents();
-  if (!outer.documentFiles_.empty()) {
-    own_.documentFolders_.push_back(outer.documentFolders_.back());
-    own_.documentFiles_.push_back(outer.documentFiles_.back());
+  if (!outer.documents_.empty()) {
+    own_.documents_.push_back(outer.documents_.back());
     taken_ = 1;
   }
   ofImport = &own_;
 }
 
+// A process that imports for a long time keeps only the entries added last.
 DocumentsOfImport::~DocumentsOfImport() {
+  constexpr std::size_t kMostKept = 64;
   std::lock_guard const lock(processBusy);
   ofImport = before_;
-  DocumentStack& outer = Documents();
-  for (std::size_t i = taken_; i < own_.documentFiles_.size(); ++i) {
-    try {
-      outer.documentFolders_.push_back(std::move(own_.documentFolders_[i]));
-      outer.documentFiles_.push_back(std::move(own_.documentFiles_[i]));
-    } catch (std::bad_alloc const&) {  // keeps the two of equal length
-      outer.documentFolders_.resize(outer.documentFiles_.size());
-      return;
+  auto& outer = Documents().documents_;
+  try {
+    for (std::size_t i = taken_; i < own_.documents_.size(); ++i) {
+      outer.push_back(std::move(own_.documents_[i]));
     }
+  } catch (std::bad_alloc const&) {  // the next import starts from an entry before
   }
+  while (before_ == nullptr && outer.size() > kMostKept) outer.pop_front();
 }
 
 }  // namespace zel

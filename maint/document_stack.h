@@ -3,7 +3,8 @@
 //
 // An import has its own stacks, so that several threads can import at the same time. When it ends,
 // its remaining entries are added to the stacks of the process. Those of a top-level document stay
-// there: the next import of the process resolves a relative path against them.
+// there, the last few of them: the next import of the process resolves a relative path against
+// them.
 #pragma once
 
 #include <cstddef>
@@ -28,8 +29,11 @@ class DocumentStack {
  private:
   friend class DocumentsOfImport;
 
-  std::deque<std::string> documentFolders_;
-  std::deque<std::string> documentFiles_;
+  struct Document {
+    std::string folder;
+    std::string file;
+  };
+  std::deque<Document> documents_;
 };
 
 // The stacks of the import that this thread runs; outside of an import those of the process, which

@@ -65,6 +65,17 @@ void LibMaint_i::StoreHead(char const* type, char const* name) {
   bank_.SettleDirectory(*library_);
 }
 
+// After an insert that gave the bank's tree a new root: if that cannot be entered into the
+// directory, the insert is undone, since the old root no longer leads to all items.
+void LibMaint_i::StoreGrownHead(char const* type, char const* name) {
+  try {
+    StoreHead(type, name);
+  } catch (...) {
+    bank_.Tree().TakeBackGrowth();
+    throw;
+  }
+}
+
 bool LibMaint_i::CreateBank(char const* type, char const* name, std::int32_t format) {
   DropTree();
   FaceRef<IZelBankDef> const bank(NewKnownBank(type));

@@ -146,6 +146,7 @@ class LibMaint_i final : public LibMaint_p {
   void DropItem() noexcept;
   BTree_i* Directory() const noexcept;
   void StoreHead(char const* type, char const* name);
+  void StoreGrownHead(char const* type, char const* name);
   bool FindBank(char const* type, char const* name, std::int32_t const*& entry) const;
   // lib_maint_items.cpp
   Located LocateItem(char const* name, Key_p* key, std::int32_t const*& entry);
@@ -158,6 +159,8 @@ class LibMaint_i final : public LibMaint_p {
   void AddRecord(IZelBankIO* bank, char const* name, std::int32_t const* key);
   void MoveEntry(char const* name, std::int32_t const* from, std::int32_t const* to,
                  std::int32_t const* data);
+  bool MoveRecord(char const* name, IZelPureComp& component, std::int32_t number, Key_p* from,
+                  Key_p* to);
   void AddRecordBehindItsKey(IZelBankIO* bank, char const* name, std::int32_t const* key);
   void WriteBlocks(IZelBankIO* bank, std::int32_t* data);
   void EnterIdentifiers(IZelBankIO* bank);

@@ -115,7 +115,9 @@ void LibMaint_i::AddRecord(IZelBankIO* bank, char const* name, std::int32_t cons
   }
   // The new root is entered into the directory before anything else can fail: otherwise a tree that
   // has grown would lose what was moved out of the old root.
-  if (bank_.Tree().InsertWithData(key, data.data())) StoreHead(currentType_.c_str(), name);
+  if (bank_.Tree().InsertWithData(key, data.data())) {
+    StoreGrownHead(currentType_.c_str(), name);
+  }
   EnterIdentifiers(bank);
 }
 
@@ -135,7 +137,7 @@ void LibMaint_i::WriteBlocks(IZelBankIO* bank, std::int32_t* data) {
 void LibMaint_i::AddRecordBehindItsKey(IZelBankIO* bank, char const* name,
                                        std::int32_t const* key) {
   if (bank_.Tree().Insert(key, f::kNullAddress, f::kNullAddress)) {
-    StoreHead(currentType_.c_str(), name);
+    StoreGrownHead(currentType_.c_str(), name);
   }
   std::int32_t* entry = nullptr;
   if (!bank_.Tree().GetCurrentData(entry)) return;

@@ -58,6 +58,13 @@ class Identifiers {
     if (ids_ != nullptr) Lead(*ids_, idKeys_, number);
     if (casNumbers_ != nullptr) Lead(*casNumbers_, casKeys_, number);
   }
+  // Goes as far as it gets.
+  void TryToLeadTo(std::int32_t number) noexcept {
+    try {
+      LeadTo(number);
+    } catch (...) {  // the first failure is reported
+    }
+  }
 
  private:
   BTree_i* ids_;
@@ -84,17 +91,41 @@ void LibMaint_i::MoveEntry(char const* name, std::int32_t const* from, std::int3
   BTree_i& tree = bank_.Tree();
   std::int32_t const* found = nullptr;
   if (!tree.Find(to, found) && tree.InsertWithData(to, data)) {
-    StoreHead(kPureComponentType, name);
+    StoreGrownHead(kPureComponentType, name);
   }
   std::int32_t const root = tree.Head().rootAddress;
   try {
     tree.Delete(from);
   } catch (...) {
     // An interrupted rebuild has moved the root: the entries that it saved must stay reachable.
-    if (tree.Head().rootAddress != root) StoreHead(kPureComponentType, name);
+    if (tree.Head().rootAddress != root) {
+      StoreHead(kPureComponentType, name);
+    } else {
+      tree.Delete(to);  // in a leaf, where new entries are put
+    }
     throw;
   }
   if (tree.Head().rootAddress != root) StoreHead(kPureComponentType, name);
+}
+
+// Moves the record of a component, whose number is the new one already, from its old number.
+bool LibMaint_i::MoveRecord(char const* name, IZelPureComp& component, std::int32_t number,
+                            Key_p* from, Key_p* to) {
+  std::int32_t const* entry = nullptr;
+  if (LocateItem(name, from, entry) != Located::kFound) return false;
+  std::array<std::int32_t, f::kNodeWords> data{};
+  std::copy_n(entry, bank_.Tree().Head().entryDataWords, data.begin());
+  MoveEntry(name, from->GetKeyWords(), to->GetKeyWords(), data.data());
+  try {
+    if (LocateItem(name, to, entry) != Located::kFound) return false;
+    WriteRecord(object_.Io());
+  } catch (...) {
+    MoveEntry(name, to->GetKeyWords(), from->GetKeyWords(), data.data());
+    SetNumber(component, number);
+    if (LocateItem(name, from, entry) == Located::kFound) WriteRecord(object_.Io());
+    throw;
+  }
+  return true;
 }
 
 bool LibMaint_i::RenumberComponent(char const* bankName, std::int32_t from, std::int32_t to,
@@ -115,20 +146,23 @@ bool LibMaint_i::RenumberComponent(char const* bankName, std::int32_t from, std:
   if (!ReadItem(bank.Get(), bankName, &oldKey)) return refuse("The component is not there");
   SetNumber(*component.Get(), to);
   Identifiers identifiers(*library_, from);
-  identifiers.LeadTo(to);
-  if (!CheckComponent(component.Get(), &newKey, text)) {
-    identifiers.LeadTo(from);
-    return refuse("");
+  bool isMoved = false;
+  try {
+    identifiers.LeadTo(to);
+    if (!CheckComponent(component.Get(), &newKey, text)) {
+      identifiers.LeadTo(from);
+      return refuse("");
+    }
+    isMoved =
+        object_.Take(bank.Get()) && MoveRecord(bankName, *component.Get(), from, &oldKey, &newKey);
+  } catch (...) {
+    identifiers.TryToLeadTo(from);
+    throw;
   }
-  std::int32_t const* entry = nullptr;
-  if (!object_.Take(bank.Get()) || LocateItem(bankName, &oldKey, entry) != Located::kFound) {
+  if (!isMoved) {
+    identifiers.LeadTo(from);
     return refuse("The component is not there");
   }
-  std::array<std::int32_t, f::kNodeWords> data{};
-  std::copy_n(entry, bank_.Tree().Head().entryDataWords, data.begin());
-  MoveEntry(bankName, oldKey.GetKeyWords(), newKey.GetKeyWords(), data.data());
-  if (LocateItem(bankName, &newKey, entry) != Located::kFound) return refuse("");
-  WriteRecord(object_.Io());
   bank_.Settle(*library_);
   KeepItem(bankName, &newKey);
   return true;

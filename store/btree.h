@@ -66,6 +66,9 @@ class BTree_i {
   // The same for a caller that has the data already: as many words as the entry's data. Key and
   // data are written to the file in one write.
   bool InsertWithData(std::int32_t const* key, std::int32_t const* data);
+  // Undoes the last insert, which returned true, where the new root cannot be made known. Nothing
+  // may have been inserted or deleted since.
+  void TakeBackGrowth() noexcept;
   // True, also when the key is absent: the tree is then rebuilt with the same keys. Throws the null
   // address on an empty tree. Afterwards there is no position.
   bool Delete(std::int32_t const* key);
@@ -118,6 +121,17 @@ class BTree_i {
     std::int32_t const* words;  // the node, here or in place
     NodeImage* own;             // this level's copy, from the pool; null until needed
   };
+  // A node as it was on file.
+  struct KeptNode {
+    std::int32_t address;
+    NodeImage words;
+  };
+  // What the last insert changed, if it gave the tree a new root.
+  struct Growth {
+    std::vector<KeptNode> nodes;
+    ExtentList extents;
+    std::int32_t root;
+  };
   enum class WalkState : std::uint8_t { kEnded, kAtLink, kAtEntry };
   static constexpr int kNoLevel = -1;
 
@@ -148,6 +162,7 @@ class BTree_i {
   void EndWalk() noexcept;
 
   // Insertion (btree_insert.cpp).
+  bool IsFull(Level const& level) const noexcept;
   void WriteNode(std::int32_t& address, std::int32_t const* words);
   void WriteLevel(Level& level);
   bool InsertWhole(std::int32_t const* key, std::int32_t const* data, std::int32_t left,
@@ -156,6 +171,9 @@ class BTree_i {
   void InsertEntry(int level, std::int32_t const* entry, std::int32_t left, std::int32_t right,
                    bool& grew);
   void PutIntoNode(Level& level, std::int32_t const* entry, std::int32_t left, std::int32_t right);
+  void RaiseEntry(int level, std::int32_t const* entry, std::int32_t left, std::int32_t right,
+                  bool& grew);
+  std::vector<KeptNode> NodesToSplit(int level) const;
   void SplitNode(Level& level, std::int32_t* entry, std::int32_t& left, std::int32_t& right);
   void PutNewRoot(std::int32_t const* entry, std::int32_t left, std::int32_t right);
   void BuildContents(Level const& level, std::int32_t const* entry, std::int32_t left,
@@ -164,6 +182,9 @@ class BTree_i {
   // Deletion (btree_delete.cpp, btree_rebuild.cpp).
   bool DeleteNearLeaves(std::int32_t const* key);
   bool DeleteFromInner(Level& level);
+  void WriteBoth(std::int32_t first, std::int32_t const* firstWords, std::int32_t second,
+                 std::int32_t const* secondWords);
+  bool WriteBack(std::vector<KeptNode> const& nodes) noexcept;
   void DropFromNode(std::int32_t* node, int firstWord) const noexcept;
   void Rebuild(std::int32_t const* deletedKey);
   void MoveEntries(std::int32_t const* node, std::int32_t const* deletedKey);
@@ -203,6 +224,7 @@ class BTree_i {
 
   BlockStore& store_;
   std::uint64_t searches_ = 0;
+  std::unique_ptr<Growth> growth_;
   std::uint32_t closings_;  // of the store, when the buffers were last known to be good
   BTreeHead_i head_;
   bool isUsable_;           // of the head

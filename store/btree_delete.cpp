@@ -1,5 +1,6 @@
 // Deletion. A fast path handles the cases near the leaves; all others rebuild the tree.
 #include <algorithm>
+#include <vector>
 
 #include "store/btree_write.h"
 
@@ -80,10 +81,10 @@ bool BTree_i::DeleteFromInner(Level& level) {
   if (c >= 2 && nL + nR <= head_.maxEntries) {
     std::copy_n(right + f::kNodeLinks, nR * width_ + 1, left + LinkAt(nL));
     left[f::kNodeCount] = nL + nR;
-    WriteNode(leftAddress, left);
-    Forget(leftAddress, nullptr);
     DropFromNode(node, EntryAt(p));
-    WriteLevel(level);
+    WriteBoth(leftAddress, left, level.address, node);
+    Forget(leftAddress, nullptr);
+    Forget(level.address, &level);
     Forget(rightAddress, nullptr);
     store_.FreeBlock(rightAddress, f::kNodeWords);
     return true;
@@ -94,16 +95,46 @@ bool BTree_i::DeleteFromInner(Level& level) {
     std::copy_n(left + EntryAt(nL), head_.entryWords, node + EntryAt(p));
     std::fill_n(left + EntryAt(nL), width_, 0);
     left[f::kNodeCount] = nL - 1;
-    WriteNode(leftAddress, left);
-    Forget(leftAddress, nullptr);
   } else {
     std::copy_n(right + EntryAt(1), head_.entryWords, node + EntryAt(p));
     DropFromNode(right, EntryAt(1));
-    WriteNode(rightAddress, right);
-    Forget(rightAddress, nullptr);
   }
-  WriteLevel(level);
+  std::int32_t const poorer = rightIsPoor ? leftAddress : rightAddress;
+  // The node above has the entry before the leaf gives it up.
+  WriteBoth(level.address, node, poorer, rightIsPoor ? left : right);
+  Forget(poorer, nullptr);
+  Forget(level.address, &level);
   return true;
+}
+
+// Writes two nodes. If the second cannot be written, the first is written back.
+void BTree_i::WriteBoth(std::int32_t first, std::int32_t const* firstWords, std::int32_t second,
+                        std::int32_t const* secondWords) {
+  std::vector<KeptNode> old(1);
+  old[0].address = first;
+  ReadNode(first, old[0].words.data());
+  WriteNode(first, firstWords);
+  try {
+    WriteNode(second, secondWords);
+  } catch (...) {
+    WriteBack(old);
+    throw;
+  }
+}
+
+// Writes nodes back as they were. False if the file does not take them either.
+bool BTree_i::WriteBack(std::vector<KeptNode> const& nodes) noexcept {
+  constexpr std::int32_t kBytes = f::kNodeWords * f::kWordBytes;
+  bool isDone = true;
+  for (KeptNode const& node : nodes) {
+    std::int32_t address = node.address;
+    try {
+      isDone = store_.WriteBlock(address, f::kNodeWords, node.words.data(), 0) == kBytes && isDone;
+    } catch (...) {
+      isDone = false;
+    }
+  }
+  return isDone;
 }
 
 }  // namespace zel

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "store/btree_write.h"
 
@@ -76,22 +79,63 @@ bool BTree_i::InsertWhole(std::int32_t const* key, std::int32_t const* data, std
 // root must be refused before the first split is written.
 void BTree_i::CheckRoomToGrow(int level) const {
   if (level + 1 < kMaxDepth) return;
-  bool const full = std::all_of(level_, level_ + kMaxDepth, [this](Level const& l) {
-    return l.words[f::kNodeCount] >= head_.maxEntries;
-  });
+  bool const full =
+      std::all_of(level_, level_ + kMaxDepth, [this](Level const& l) { return IsFull(l); });
   if (full) store_.Throw(head_.rootAddress, BlockFault::kBadNode);
 }
 
-// Inserts a whole entry into the node of a level, and the entries that splits move up into the
-// levels above.
+// Inserts a whole entry into the node of a level. If it cannot be written after a split, the nodes
+// are written back: what moved into the new nodes would be lost.
 void BTree_i::InsertEntry(int level, std::int32_t const* entry, std::int32_t left,
                           std::int32_t right, bool& grew) {
   CheckRoomToGrow(level);
+  growth_.reset();
+  bool const splits = built_ == nullptr && level != kNoLevel && IsFull(level_[level]);
+  if (!splits) return RaiseEntry(level, entry, left, right, grew);
+  auto before = std::make_unique<Growth>();
+  before->nodes = NodesToSplit(level);
+  before->extents = store_.Extents();
+  before->root = head_.rootAddress;
+  try {
+    RaiseEntry(level, entry, left, right, grew);
+  } catch (...) {
+    if (WriteBack(before->nodes)) store_.Extents() = before->extents;
+    throw;
+  }
+  if (grew) growth_ = std::move(before);
+}
+
+void BTree_i::TakeBackGrowth() noexcept {
+  if (growth_ == nullptr) return;
+  if (WriteBack(growth_->nodes)) std::swap(store_.Extents(), growth_->extents);
+  head_.SetRoot(growth_->root);
+  growth_.reset();
+  ForgetAll();
+}
+
+bool BTree_i::IsFull(Level const& level) const noexcept {
+  return level.words[f::kNodeCount] >= head_.maxEntries;
+}
+
+// The nodes that an insert at a level changes, from there up.
+std::vector<BTree_i::KeptNode> BTree_i::NodesToSplit(int level) const {
+  std::vector<KeptNode> nodes;
+  for (int k = level; k != kNoLevel; --k) {
+    nodes.push_back({level_[k].address, {}});
+    std::copy_n(level_[k].words, f::kNodeWords, nodes.back().words.begin());
+    if (!IsFull(level_[k])) break;
+  }
+  return nodes;
+}
+
+// Inserts an entry at a level, and the entries that splits move up into the levels above.
+void BTree_i::RaiseEntry(int level, std::int32_t const* entry, std::int32_t left,
+                         std::int32_t right, bool& grew) {
   std::array<std::int32_t, f::kNodeWords> rising;
   std::copy_n(entry, head_.entryWords, rising.begin());
   for (int k = level; k != kNoLevel; --k) {
     Level& l = level_[k];
-    if (l.words[f::kNodeCount] < head_.maxEntries) {
+    if (!IsFull(l)) {
       PutIntoNode(l, rising.data(), left, right);
       return;
     }

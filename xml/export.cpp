@@ -202,7 +202,7 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
 // file of one cannot be written.
 bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   constexpr std::size_t kIndent = 2;
-  FaceRef<IZelBankDef> const record(NewPureComp());
+  FaceRef<IZelBankDef> const record(NewKnownBank(kPureComponentType));
   auto const component = FaceRef<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   LibMaint_i reader(&library_);
   Key_i key;
@@ -235,7 +235,7 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
 Export_i::Written Export_i::WriteComponentFile(char const* bank, Key* key,
                                                std::string const& component, std::string_view base,
                                                std::string& file) {
-  FaceRef<IZelBankDef> const record(NewPureComp());
+  FaceRef<IZelBankDef> const record(NewKnownBank(kPureComponentType));
   auto const read = FaceRef<IZelPureComp>::Of(record.Get(), IID_IZelPureComp);
   if (!read || !LibMaint_i(&library_).ReadItem(record.Get(), bank, key)) {
     return Written::kNoComponent;

@@ -4,12 +4,14 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <map>
 
 #include "store/lib_file.h"
 #include "store/packed_text.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/support/memory_file_system.h"
+#include "zelaccess/Module.h"
 
 namespace zel {
 namespace {
@@ -56,6 +58,17 @@ std::map<std::int32_t, std::int32_t> Contents(LibFile_i& library) {
   return found;
 }
 
+std::size_t CountEntries(LibFile_i& library) {
+  BTree_i* tree = library.GetCharIdTree();
+  std::int32_t keyWords = 0;
+  std::int32_t dataWords = 0;
+  tree->WalkBegin(keyWords, dataWords);
+  std::int32_t const* entry = nullptr;
+  std::size_t count = 0;
+  while (tree->WalkNext(entry)) ++count;
+  return count;
+}
+
 // Opening and walking ends, with a result or with a block error.
 void OpenAndWalk(platform::FileSystem& files) {
   LibFile_i library(files, accRead, "/s.lb1", "s");
@@ -94,6 +107,57 @@ TEST(Robustness, EveryFailingOperationEndsInAnErrorAndLeavesTheTreeTrue) {
       failing.FailAt(0, false);
       OpenAndWalk(files);
     }
+  }
+}
+
+// A change that fails at one write is undone, or done: no other entry is lost or there twice. Nodes
+// of four entries make the changes split nodes and move entries between them.
+void FailOneWrite(std::function<void(BTree_i&)> const& change) {
+  SetDeleteTestFlag(true);
+  for (int n = 0, operations = 0; n <= operations; ++n) {
+    test::MemoryFileSystem files;
+    test::FailingFileSystem failing(files);
+    LibFile_i library(failing, accUpdate, "/s.lb1", "s");
+    ASSERT_EQ(library.CreateNew(libKind11), openOk);
+    BTree_i& tree = *library.GetCharIdTree();
+    for (int i = 0; i < kKeys; ++i) Put(tree, i);
+    auto const before = Contents(library);
+    failing.FailAt(n, false);
+    bool failed = false;
+    try {
+      change(tree);
+    } catch (unsigned long) {
+      failed = true;
+    }
+    if (n == 0) operations = failing.Operations();
+    EXPECT_EQ(failed, n != 0) << "operation " << n;
+    failing.FailAt(0, false);
+    // As many entries as the walk finds keys: none is there twice.
+    if (failed) {
+      EXPECT_EQ(Contents(library), before) << "operation " << n;
+      EXPECT_EQ(CountEntries(library), before.size()) << "operation " << n;
+    }
+  }
+  SetDeleteTestFlag(false);
+}
+
+TEST(Robustness, InsertThatFailsAtOneWriteLosesNothing) {
+  for (std::int32_t number = kKeys; number < kKeys + 31; ++number) {
+    FailOneWrite([number](BTree_i& tree) {
+      std::int32_t const key[10] = {number * 7 % 31, number};
+      std::int32_t const data[10] = {number};
+      std::int32_t const* found = nullptr;
+      if (!tree.Find(key, found)) tree.InsertWithData(key, data);
+    });
+  }
+}
+
+TEST(Robustness, DeleteThatFailsAtOneWriteLosesNothing) {
+  for (int number = 0; number < kKeys; ++number) {
+    FailOneWrite([number](BTree_i& tree) {
+      std::int32_t const key[10] = {number * 7 % 31, number};
+      tree.Delete(key);
+    });
   }
 }
 

@@ -1,0 +1,146 @@
+// Every public call of the library while memory is refused and operations on files fail: the n-th
+// request or operation of each step, n = 1, 2, ... until the step makes fewer; only that one, or
+// all from it on. A step ends with the right result or with an error that its functions document.
+// Then the same objects are used again, the library is closed and opened, and must be whole and
+// hold what it held before the step or what it holds after it.
+//
+//   refused_calls [--every N] [--only WORD] [--kind WORD] [--uncovered 1]
+//
+// With --every N one in N is refused. Prints what was done; the exit status is 1 after a fault.
+// With
+// --uncovered 1 it lists the public functions that no step calls.
+#include "tests/long/refused_calls.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <filesystem>
+#include <new>
+#include <sstream>
+
+namespace zel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+char now[300] = "";
+
+// Says which step crashed.
+void OnSignal(int signal) {
+  std::size_t const length = std::strlen(now);
+  static_cast<void>(::write(1, now, length) == static_cast<ssize_t>(length));
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+}
+
+constexpr Kind kKinds[] = {
+    {"memory", {Refused::kMemory, 0, false, ENOMEM, true}},
+    {"memory from one on", {Refused::kMemory, 0, true, ENOMEM, true}},
+    {"EIO", {Refused::kFiles, 0, false, EIO, true}},
+    {"EIO from one on", {Refused::kFiles, 0, true, EIO, true}},
+    {"EIO, not mapped", {Refused::kFiles, 0, false, EIO, false}},
+    {"EIO from one on, not mapped", {Refused::kFiles, 0, true, EIO, false}},
+    {"EINTR, not mapped", {Refused::kFiles, 0, false, EINTR, false}},
+    {"short transfer, not mapped", {Refused::kFiles, 0, false, 0, false}},
+    {"ENOSPC", {Refused::kGrowth, 0, false, ENOSPC, true}},
+    {"ENOSPC from one on", {Refused::kGrowth, 0, true, ENOSPC, true}},
+    {"ENOSPC from one on, not mapped", {Refused::kGrowth, 0, true, ENOSPC, false}},
+    {"EDQUOT, not mapped", {Refused::kGrowth, 0, false, EDQUOT, false}},
+};
+
+struct Options {
+  long every = 1;
+  std::string only;
+  std::string kind;
+  bool listsUncovered = false;
+};
+
+Steps AllSteps() {
+  Steps all;
+  for (Steps (*steps)() :
+       {LibrarySteps, MaintenanceSteps, DocumentSteps, ComponentSteps, ReaderSteps}) {
+    for (Step const& step : steps()) all.push_back(step);
+  }
+  return all;
+}
+
+int PrintCoverage(Steps const& steps, bool listsUncovered) {
+  std::set<std::string> const known = PublicFunctions();
+  std::set<std::string> called;
+  int wrong = 0;
+  for (Step const& step : steps) {
+    std::istringstream names(step.calls);
+    for (std::string name; names >> name;) {
+      called.insert(name);
+      if (known.count(name) != 0) continue;
+      std::printf("%s is not a public function\n", name.c_str());
+      ++wrong;
+    }
+  }
+  for (std::string const& name : known) {
+    if (listsUncovered && called.count(name) == 0) std::printf("not called: %s\n", name.c_str());
+  }
+  std::printf("%zu steps call %zu of %zu public functions\n", steps.size(), called.size(),
+              known.size());
+  return wrong;
+}
+
+// The process remembers the documents that it read last; from then on an import adds none.
+void FillImportStack(std::string const& folder) {
+  openErrors error{};
+  Handle<LibFile> const library(
+      LibFile::OpenLibFile(accUpdate, (folder + "/" + kOtherFile).c_str(), "", error));
+  Handle<LibMaint> const maint(LibMaint::NewLibMaint(library.get()));
+  for (int i = 0; i < 100; ++i) maint->Import((folder + "/missing.xml").c_str(), false);
+}
+
+int Run(Options const& options) {
+  fs::path const folder = fs::temp_directory_path() / ("zel_refused_" + std::to_string(::getpid()));
+  fs::remove_all(folder);
+  fs::create_directories(folder);
+  InitZelAccess();
+  Steps const steps = AllSteps();
+  int wrong = PrintCoverage(steps, options.listsUncovered);
+  Trials trials(folder.string());
+  FillImportStack(folder.string());
+  long next = 0;
+  for (Step const& step : steps) {
+    if (std::string(step.name).find(options.only) == std::string::npos) continue;
+    if (!trials.Begin(step)) continue;
+    for (Kind const& kind : kKinds) {
+      if (std::string(kind.name).find(options.kind) == std::string::npos) continue;
+      // Other requests of each step and kind, so that few of them cover many places.
+      trials.RunAll(kind, options.every, 1 + next++ * 7 % options.every);
+    }
+  }
+  wrong += trials.Print();
+  fs::remove_all(folder);
+  return wrong == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+void SetNow(Step const& step, char const* kind, long at) {
+  std::snprintf(now, sizeof now, "crash or hang in \"%s\", %s, number %ld\n", step.name, kind, at);
+  ::alarm(120);
+}
+
+}  // namespace zel::test
+
+int main(int count, char** words) {
+  zel::test::Options options;
+  for (int i = 1; i + 1 < count; i += 2) {
+    std::string const option = words[i];
+    if (option == "--every") options.every = std::max(1L, std::atol(words[i + 1]));
+    if (option == "--only") options.only = words[i + 1];
+    if (option == "--kind") options.kind = words[i + 1];
+    if (option == "--uncovered") options.listsUncovered = true;
+  }
+  for (int signal : {SIGSEGV, SIGABRT, SIGALRM, SIGBUS}) std::signal(signal, zel::test::OnSignal);
+  return zel::test::Run(options);
+}
