@@ -48,5 +48,20 @@ set(verify_SOURCES
     library_comparison.cpp
     open_library.cpp
     pair_checks.cpp
+    salvage/bank_shapes.cpp
+    salvage/broken_library.cpp
+    salvage/component_records.cpp
+    salvage/file_image.cpp
+    salvage/found_banks.cpp
+    salvage/found_components.cpp
+    salvage/found_memos.cpp
+    salvage/gap_filling.cpp
+    salvage/item_checks.cpp
+    salvage/lost_banks.cpp
+    salvage/node_reading.cpp
+    salvage/orphan_nodes.cpp
+    salvage/rescued_library.cpp
+    salvage/salvage.cpp
+    salvage/tree_contents.cpp
     tree_check.cpp
     verify_library.cpp)

@@ -12,6 +12,7 @@
 #include <zelaccess/LibSearch_p.h>
 #include <zelaccess/OpenLibrary.h>
 #include <zelaccess/Progress.h>
+#include <zelaccess/Salvage.h>
 #include <zelaccess/Units.h>
 #include <zelaccess/Verify.h>
 
@@ -522,6 +523,16 @@ void NullArgumentsTest::SweepFunctions() {
   } sink;
   SweepCall<LibFile*>("VerifyLibrary",
                       [&](LibFile* library) { return VerifyLibrary(library, sink); });
+  struct SalvageSink final : ZelSalvageSink {
+    void Salvaged(ZelSalvageRecord const&) override {}
+  } salvageSink;
+  Sweep("FindLibraryType", &FindLibraryType);
+  SweepCall<char const*, char const*, LibFile*>(
+      "SalvageLibrary", [&](char const* path, char const* password, LibFile* rescued) {
+        ZelSalvageCounts counts;
+        SalvageLibrary(path, password, rescued, nullptr, counts);
+        return SalvageLibrary(path, password, rescued, &salvageSink, counts);
+      });
   struct DataSink final : ZelDataFindingSink {
     void Found(zelFindings, char const*, char const*, char const*) override {}
   } dataSink;

@@ -2,6 +2,7 @@ set(support_SOURCES
     allocations.cpp
     crash_file_system.cpp
     crash_trial.cpp
+    damage.cpp
     extent_model.cpp
     failing_file_system.cpp
     formula_model.cpp
@@ -9,4 +10,5 @@ set(support_SOURCES
     memory_file_system.cpp
     sample_component.cpp
     sample_library.cpp
+    stored_items.cpp
     tree_model.cpp)

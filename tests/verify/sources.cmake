@@ -5,6 +5,7 @@ set(verify_TEST_SOURCES
     data_check_libraries_test.cpp
     data_check_test.cpp
     identity_test.cpp
+    item_checks_test.cpp
     judge_constant_relations_test.cpp
     judge_curve_relations_test.cpp
     judge_diagnosis_test.cpp
@@ -16,4 +17,7 @@ set(verify_TEST_SOURCES
     judge_thermal_relations_test.cpp
     open_library_test.cpp
     progress_test.cpp
+    salvage_components_test.cpp
+    salvage_fixture.cpp
+    salvage_test.cpp
     verify_test.cpp)

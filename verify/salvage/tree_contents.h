@@ -1,0 +1,99 @@
+// What can be read of one tree by following its links.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <set>
+#include <vector>
+
+#include "verify/salvage/node_reading.h"
+
+namespace zel {
+
+// An entry, key first, in the image of its file.
+struct FoundEntry {
+  std::int32_t const* words = nullptr;
+  std::int32_t node = 0;    // the address of the node that holds it
+  bool isScanned = false;   // not reached by links from the root
+  bool isOutdated = false;  // from a free block
+};
+
+// Where something of the tree is missing: the entries before and after it, null for none.
+struct TreeGap {
+  std::int32_t const* before = nullptr;
+  std::int32_t const* after = nullptr;
+  std::int32_t link = 0;  // the word that should lead there
+  int height = 0;         // of the missing part, 1 for a leaf; 0 where it is not known
+  bool isFilled = false;  // the scan found something that belongs here
+};
+
+struct TreeContents {
+  std::vector<FoundEntry> entries;  // in ascending order of keys
+  std::vector<FoundEntry> keyless;  // entries whose keys cannot be true
+  std::vector<TreeGap> gaps;        // missing subtrees
+  std::vector<TreeGap> holes;       // missing entries within nodes that were read
+  std::set<std::int32_t> nodes;     // addresses of the nodes that belong to the tree
+  std::int64_t cleanTails = 0;      // nodes with zeros after the last entry
+  std::int64_t dirtyTails = 0;
+  int height = 0;
+};
+
+// Walks from a root through all links that can be followed. Of the entries, those that are in order
+// are kept, as many as possible; a node most of whose entries are out of order is in a wrong place
+// and does not count as reached. Takes no more time than the tree could take, whatever is on file.
+class TreeWalk {
+ public:
+  // Whether an entry can be true at all.
+  using Test = std::function<bool(std::int32_t const* entry)>;
+
+  TreeWalk(BrokenLibrary const& library, TreeShape const& shape, NodeReading::Tails tails,
+           Test test)
+      : library_(library), shape_(shape), tails_(tails), test_(std::move(test)) {}
+
+  // Nodes that belong to other trees, whatever leads to them; the set is the caller's.
+  void LeaveOut(std::set<std::int32_t> const& nodes) { leftOut_ = &nodes; }
+
+  // A null root is an empty tree.
+  TreeContents From(std::int32_t root);
+
+ private:
+  struct Step {
+    std::int32_t const* words;  // null for something that is missing
+    std::size_t visit;
+    std::int32_t link;  // 0 for a missing entry
+    int level;          // of the missing part
+    bool isKept;
+    bool canBeTrue;
+  };
+  struct Visit {
+    std::int32_t address;
+    std::int64_t entries;
+    std::int64_t kept;
+    bool isLeaf;
+
+    // The few entries of an inner node can all be damaged where the node is in its place.
+    bool IsMisplaced() const noexcept { return entries >= (isLeaf ? 1 : 3) && 2 * kept < entries; }
+  };
+
+  void Enter(std::int32_t address, int level);
+  void Miss(std::int32_t link, int level);
+  void KeepThoseInOrder();
+  void ReleaseMisplaced();
+  TreeContents Contents() const;
+
+  BrokenLibrary const& library_;
+  TreeShape shape_;
+  NodeReading::Tails tails_;
+  Test test_;
+  std::set<std::int32_t> const* leftOut_ = nullptr;
+  std::vector<Step> steps_;
+  std::vector<Visit> visits_;
+  std::map<std::int32_t, int> visitsOf_;
+  std::vector<std::int32_t> path_;
+  std::int64_t clean_ = 0;
+  std::int64_t dirty_ = 0;
+  int leafLevel_ = 0;
+};
+
+}  // namespace zel
