@@ -12,6 +12,7 @@ set(desk_SOURCES
     combine/flatten.cpp
     combine/merge.cpp
     combine/renumber.cpp
+    combine/salvage.cpp
     compare/beyond_documents.cpp
     compare/change_log.cpp
     compare/comparison.cpp

@@ -141,6 +141,7 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path, NewL
     probed.password = options.password;
     probed.admitsReaders = options.admitsReaders;
     probed.verifiesUnclean = false;
+    probed.passwordIsGeneral = options.passwordIsGeneral;
     LibraryChange const probe(session, path, probed);
   }
   if (!fs::is_directory(fs::absolute(path).parent_path())) {

@@ -124,6 +124,7 @@ int Run(int count, char** words) {
     zelhost::AddCombineCommands(line);
     zelhost::AddPathCommand(line);
     zelhost::AddNoteCommands(line);
+    zelhost::AddSalvageCommand(line);
     zelhost::AddSchemaCommand(line);
     return line.Run(count, words);
   } catch (zelhost::PipeClosed const&) {

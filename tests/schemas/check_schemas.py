@@ -109,6 +109,8 @@ MORE = [
     ("import lossy.lb1 --bank AZEOTROP:B --table lossy.csv", 0),
     ("renumber lossy.lb1 7 20", 0),
     ("show lossy.lb1 AZEOTROP 9 20", 0),
+    ("salvage perry.lb1 rescued.lb1 --dry-run", 0),
+    ("salvage damaged.lb1 rescued.lb1", 1),
     ("create empty.lb1", 0),
     ("info empty.lb1", 0),
     ("copy perry.lb1 empty.lb1 --bank PERRY --item ETHANOL", 0),

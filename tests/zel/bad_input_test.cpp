@@ -67,6 +67,7 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"memo none.lb1 --set x", kFailed, "none.lb1: not found"},
       {"set none.lb1 --description x", kFailed, "none.lb1: not found"},
       {"banks none.lb1", kFailed, "none.lb1: not found"},
+      {"salvage none.lb1 new.lb1", kFailed, "none.lb1: not found"},
       {"items none.lb1 NRTL", kFailed, "none.lb1: not found"},
       {"show none.lb1 NRTL A B", kFailed, "none.lb1: not found"},
       {"find none.lb1", kFailed, "none.lb1: not found"},
@@ -113,6 +114,8 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"copy sample.lb1 locked.lb1 --bank NRTL", kFailed, "--password"},
       {"import locked.lb1 no.xml", kFailed, "--password"},
       {"create locked.lb1 --force", kFailed, "--password"},
+      {"salvage locked.lb1 new.lb1", kFailed, "--password"},
+      {"salvage locked.lb1 new.lb1 --password sesam", kFailed, "wrong password"},
       // banks, types, components, items, fields
       {"items sample.lb1 VIRIAL", kFailed, "sample.lb1: no bank VIRIAL; it has"},
       {"items sample.lb1 SAMPLE", kFailed, "SAMPLE may mean several banks"},

@@ -95,6 +95,7 @@ constexpr CommandLine kCommands[] = {
     {"copy own.lb1 fresh.lb1 --create", nullptr},
     {"copy pairs.lb1 own.lb1 --bank NRTL", nullptr},
     {"flatten own.lb1 other.lb1 pairs.lb1 -o fresh.lb1 --components ETHANOL WATER", nullptr},
+    {"salvage own.lb1 fresh.lb1", nullptr},
     {"merge other.lb1 own.lb1 --list", nullptr},
     {"merge other.lb1 own.lb1 --theirs", nullptr},
     {"renumber own.lb1 WATER 21000001", nullptr},

@@ -124,6 +124,7 @@ TEST_F(MemoryTest, SetMemo) { RefuseInChange("memo own/own.lb1 --set x"); }
 TEST_F(MemoryTest, Copy) { RefuseInChange("copy sample.lb1 own/own.lb1 --bank RACKETT"); }
 TEST_F(MemoryTest, Delete) { RefuseInChange("delete own/own.lb1 OCTANE --whole-bank"); }
 TEST_F(MemoryTest, Create) { RefuseInChange("create own/own.lb1 --force --description x"); }
+TEST_F(MemoryTest, Salvage) { RefuseInChange("salvage sample.lb1 own/own.lb1 --force"); }
 TEST_F(MemoryTest, Import) {
   Good("export sample.lb1 --bank RACKETT -o bank.xml");
   RefuseInChange("import own/own.lb1 bank.xml");

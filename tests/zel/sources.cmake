@@ -48,6 +48,7 @@ set(zel_TEST_SOURCES
     record_units_test.cpp
     references_test.cpp
     released_test.cpp
+    salvage_test.cpp
     sense_of_libraries_test.cpp
     sense_test.cpp
     table_libraries_test.cpp

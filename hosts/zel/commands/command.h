@@ -127,6 +127,7 @@ void AddCompareCommand(CommandLine& line);
 void AddCombineCommands(CommandLine& line);  // flatten, merge, renumber
 void AddPathCommand(CommandLine& line);
 void AddNoteCommands(CommandLine& line);  // refs, parameters
+void AddSalvageCommand(CommandLine& line);
 void AddSchemaCommand(CommandLine& line);
 
 }  // namespace zelhost

@@ -17,11 +17,15 @@ void AddReplaceOptions(Command& command, ChangeOptions& options, std::string con
       .Flag("--dry-run", options.dryRun, "report what would be done, and change nothing");
 }
 
-void AddChangeOptions(Command& command, ChangeOptions& options) {
+void TakePasswordOfEnvironment(ChangeOptions& options) {
   if (char const* const password = std::getenv("ZEL_PASSWORD")) {
     options.password = password;
     options.passwordIsGeneral = true;
   }
+}
+
+void AddChangeOptions(Command& command, ChangeOptions& options) {
+  TakePasswordOfEnvironment(options);
   AddReplaceOptions(command, options, "of a protected library");
   command.Flag("--in-place", options.inPlace,
                "no copy: faster, but a failure leaves it half changed");

@@ -15,6 +15,8 @@
 
 namespace zelhost {
 
+// Sets the password to that of ZEL_PASSWORD, if there is one.
+void TakePasswordOfEnvironment(ChangeOptions& options);
 // The options of every command that changes an existing library.
 void AddChangeOptions(Command& command, ChangeOptions& options);
 // Those of them that also a command has which replaces a library as a whole.
