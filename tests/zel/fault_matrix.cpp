@@ -3,9 +3,9 @@
 // if the change was in place before the operation ("late"), completely as the command makes them,
 // and no later command changes that.
 //
-//   fault_matrix [--every N] [--runs N] [--only WORD] [--kind WORD] [--zel PROGRAM]
+//   fault_matrix [--every N] [--first N] [--runs N] [--only WORD] [--kind WORD] [--zel PROGRAM]
 //
-// With --every N one in N operations fails; with --runs N at most N of each command and kind of
+// With --every N one in N operations fails, from the N-th of --first on; with --runs N at most N of each command and kind of
 // failure, spread over the command; with --only the commands that have the word; with --kind the
 // kinds of failure whose name has the word; with --zel a program other than the one of this build.
 #include <unistd.h>
@@ -166,6 +166,7 @@ Kind const kKinds[] = {
 
 struct Options {
   long every = 1;
+  long first = 1;
   long runs = 0;  // 0: as many as there are
   std::string only;
   std::string kind;
@@ -174,7 +175,7 @@ struct Options {
 
 class Matrix {
  public:
-  explicit Matrix(Options options) : options_(std::move(options)) {
+  explicit Matrix(Options options) : options_(std::move(options)), next_(options_.first) {
     root_ = fs::canonical(fs::temp_directory_path()) / ("zel_faults_" + std::to_string(getpid()));
     fs::remove_all(root_);
     fs::create_directories(Lib() / "docs");
@@ -239,7 +240,7 @@ class Matrix {
   long versions_ = 0;  // after the command without a failure
   Counts now_;
   Counts all_;
-  long next_ = 1;
+  long next_;
 };
 
 FaultedRun Matrix::Zel(std::string const& line, Fault const& fault) const {
@@ -423,6 +424,7 @@ int main(int count, char** words) {
   for (int i = 1; i + 1 < count; i += 2) {
     std::string const option = words[i];
     if (option == "--every") options.every = std::max(1L, std::atol(words[i + 1]));
+    if (option == "--first") options.first = std::max(1L, std::atol(words[i + 1]));
     if (option == "--runs") options.runs = std::max(1L, std::atol(words[i + 1]));
     if (option == "--only") options.only = words[i + 1];
     if (option == "--kind") options.kind = words[i + 1];

@@ -5,6 +5,7 @@
 // The environment variable ZEL_KILLS sets how many kills each test makes; 1000 take some minutes.
 #include <zelaccess/ZelAccess.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <vector>
@@ -46,6 +47,7 @@ class KillTest : public ChangeTest {
   void KillAllAlong(Then const& then) {
     std::vector<Change> const changes = Changes();
     long const kills = Kills() / static_cast<long>(changes.size());
+    long made = 0;
     for (Change const& change : changes) {
       Contents const before = change.makesNew ? Contents() : old_;
       PutBack(before);
@@ -59,9 +61,11 @@ class KillTest : public ChangeTest {
         // A few calls more or less from run to run: it may have ended before.
         if (RunAndKillAt(stop, Own(), change.words).ended != Ended::kKilled) continue;
         SCOPED_TRACE(change.words[0] + " at " + std::to_string(stop));
+        ++made;
         then(before, whole, Now());
       }
     }
+    if (std::getenv("ZEL_KILLS") != nullptr) std::printf("%ld kills\n", made);
   }
   // After a command that only reads, nothing but the library is in the folder.
   void LookAfter(Contents const& expected) const {
