@@ -5,9 +5,10 @@
 //
 //   fault_matrix [--every N] [--first N] [--runs N] [--only WORD] [--kind WORD] [--zel PROGRAM]
 //
-// With --every N one in N operations fails, from the N-th of --first on; with --runs N at most N of each command and kind of
-// failure, spread over the command; with --only the commands that have the word; with --kind the
-// kinds of failure whose name has the word; with --zel a program other than the one of this build.
+// With --every N one in N operations fails, from the N-th of --first on; with --runs N at most N of
+// each command and kind of failure, spread over the command; with --only the commands that have the
+// word; with --kind the kinds of failure whose name has the word; with --zel a program other than
+// the one of this build.
 #include <unistd.h>
 
 #include <algorithm>
