@@ -47,8 +47,9 @@ class LibFile;
 /// pass through as exceptions (`unsigned long`, BlockError.h); lack of memory throws
 /// std::bad_alloc.
 ///
-/// **Threads.** One object belongs to one thread at a time. So does its library, unless that is open
-/// for reading: then any number of threads may use it, each with a LibMaint of its own (LibFile.h).
+/// **Threads.** One object belongs to one thread at a time. So does its library, unless that is
+/// open for reading: then any number of threads may use it, each with a LibMaint of its own
+/// (LibFile.h).
 class ZEL_API LibMaint {
  public:
   /// Makes an object that works on a library. Throws std::bad_alloc.

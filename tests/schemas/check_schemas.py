@@ -143,7 +143,7 @@ MORE = [
     ("import long.lb1 long.xml --create --lenient", 0),
     ("import long2.lb1 long.xml --create", 1),
     ("import altered.lb1 altered.xml --create", 0),
-    ("import broken.lb1 broken.xml --create", 1),
+    ("import unformed.lb1 broken.xml --create", 1),
     ("import own.lb1 far.xml --dry-run", 0),
     ("import far.lb1 far.xml --create", 0),
     ("compare far.lb1 crc.lb1", 0),
