@@ -12,7 +12,7 @@
 namespace zel::test {
 
 // The first and the second file.
-struct LibraryBytes {
+struct LibraryBytes {  // NOLINT(bugprone-reserved-identifier): the name that copies of arrays have
   std::vector<std::byte> file[2];
 };
 

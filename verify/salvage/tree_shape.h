@@ -1,8 +1,8 @@
 // The widths of a tree: what its nodes look like.
 #pragma once
 
-#include <compare>
 #include <cstdint>
+#include <tuple>
 
 #include "store/format.h"
 
@@ -21,7 +21,14 @@ struct TreeShape {
     return keyWords >= 1 && keyWords <= format::kMaxKeyWords && entryDataWords >= 1 &&
            entryDataWords < format::kNodeRoom && Width() <= format::kNodeRoom / 3;
   }
-  auto operator<=>(TreeShape const&) const = default;
+  bool operator==(TreeShape const&) const = default;
+  // An order, for sets.
+  bool operator<(TreeShape const& other) const noexcept { return AsTuple() < other.AsTuple(); }
+
+ private:
+  std::tuple<std::int32_t, std::int32_t, std::int32_t, bool> AsTuple() const noexcept {
+    return {keyWords, entryDataWords, dataWords, isAddressed};
+  }
 };
 
 // -1, 0 or 1.
