@@ -4,8 +4,8 @@ import json
 from collections import Counter
 from typing import Callable, Dict, List
 
-FAULT, FALSE_ALARM = 'fault', 'false alarm'
-VERDICTS = (FAULT, FALSE_ALARM)
+FAULT, FALSE_ALARM, UNDECIDED = 'fault', 'false alarm', 'undecided'
+VERDICTS = (FAULT, FALSE_ALARM, UNDECIDED)
 _COLUMNS = ['verdict', 'reason', 'strength', 'rule', 'library', 'component', 'datum', 'finding', 'evidence',
             'fingerprint']
 
@@ -69,7 +69,7 @@ def show_table(findings: List[dict], data: int, strongest: int, judged: Dict[str
                                   rules.of(FALSE_ALARM, rule))
         show(line)
     if judged:
-        show('false alarms per 200 data: %.3f, and %.3f if all findings not judged are'
+        show('false alarms per 200 data: %.3f, and %.3f if all findings undecided or not judged are'
              % (200.0 * rules.of(FALSE_ALARM) / data,
                 200.0 * (len(findings) - rules.of(FAULT)) / data))
     if strongest:

@@ -85,7 +85,7 @@ Found PressureAtBoiling(Reading& r, JudgeRule const& rule) {
             boiling);
 }
 
-// Of the own curve: where it ends below TC there is nothing to compare.
+// Of its own curve: where it ends below TC there is nothing to compare.
 Found PressureAtCritical(Reading& r, JudgeRule const& rule) {
   double const critical = r.Constant(propertyTC);
   double const pressure = r.OwnAt(correlationVaporPressure, critical);

@@ -35,7 +35,7 @@ Found IsIntegral(Reading& r, JudgeRule const& rule) {
   return worst;
 }
 
-// How far the own enthalpy is from zero at a temperature, in K; beyond the range by the equation,
+// How far its own enthalpy is from zero at a temperature, in K; beyond the range by the equation,
 // with the heat capacity at its end.
 double DistanceFromZero(Reading& r, zelCorrelations enthalpy, double kelvin) {
   double const slope = r.OwnSlope(enthalpy, Near(r, enthalpy, kelvin));
@@ -43,7 +43,7 @@ double DistanceFromZero(Reading& r, zelCorrelations enthalpy, double kelvin) {
   return IsDefined(value) ? value / slope : std::nan("");
 }
 
-// Of the temperatures at which people let enthalpies be zero the one at which the own enthalpy is
+// Of the temperatures at which people let enthalpies be zero the one at which its own enthalpy is
 // the nearest to zero. An equation is less true beyond its range.
 Found NearestZero(Reading& r, zelCorrelations enthalpy, double tolerance) {
   KelvinRange const range = r.Range(enthalpy);
@@ -74,7 +74,7 @@ double Extrapolated(Reading& r, zelCorrelations enthalpy, double kelvin) {
   return r.OwnAt(enthalpy, at) + r.OwnSlope(enthalpy, at) * (kelvin - at);
 }
 
-// The heat of fusion against the step from the own enthalpy of the solid to that of the liquid.
+// The heat of fusion against the step from its own enthalpy of the solid to that of the liquid.
 Found StepOfFusion(Reading& r, double tolerance) {
   if (!r.Own().HasCurve(correlationSolidEnthalpy) || !r.Own().HasCurve(correlationLiquidEnthalpy))
     return std::nullopt;

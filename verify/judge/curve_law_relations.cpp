@@ -39,7 +39,7 @@ double LeeKesler(double t, double acentric) {
 }
 double VaporPressure(double t) { return LeeKesler(t, 0.35); }
 
-// The part of the own range in which a law holds, in K.
+// The part of its own range in which a law holds, in K.
 KelvinRange RangeOfLaw(Reading const& r, zelCorrelations curve, Law const& law, double critical) {
   KelvinRange range = r.Range(curve);
   if (!range.IsBounded() || std::isnan(critical)) return {0.0, 0.0};
@@ -131,44 +131,44 @@ constexpr Relation kRows[] = {
     {{"latent-heat-law", "latent heat ~ (1 - T/TC)^0.38", 0.4,
       "40 % of the change and of 0.15, as a logarithm: exponents are 0.3 to 0.45; three times that "
       "where molecules may pair in the vapor"},
-     "the own curve and Watson's law",
+     "its own curve and Watson's law",
      FollowsLaw<correlationLatentHeat, kLatentHeat>},
     {{"surface-tension-law", "surface tension ~ (1 - T/TC)^1.22", 0.35,
       "35 % of the change and of 0.1, as a logarithm: exponents are 1 to 1.4"},
-     "the own curve and Guggenheim's law",
+     "its own curve and Guggenheim's law",
      FollowsLaw<correlationSurfaceTension, kSurfaceTension>},
     {{"liquid-density-law", "ln(density of the liquid) ~ 1.31 (1 - T/TC)^(2/7)", 0.3,
       "30 % of the change and of 0.05, as a logarithm: compressibility factors are 0.23 to 0.30"},
-     "the own curve and Rackett's law",
+     "its own curve and Rackett's law",
      FollowsLaw<correlationLiquidDensity, kLiquidDensity>},
     {{"liquid-thermal-law", "thermal conductivity of the liquid ~ 3 + 20 (1 - T/TC)^(2/3)", 0.5,
       "50 % of the change and of 0.1, as a logarithm; 80 % where hydrogen bonds are possible"},
-     "the own curve and Riedel's law",
+     "its own curve and Riedel's law",
      FollowsLaw<correlationLiquidThermal, kLiquidThermal>},
     {{"vapor-viscosity-law", "viscosity of the vapor over T after Lucas", 0.3,
       "30 % of the change and of 0.1, as a logarithm: polar molecules"},
-     "the own curve and the law of Lucas",
+     "its own curve and the law of Lucas",
      FollowsLaw<correlationVaporViscosity, kVaporViscosity>},
     {{"vapor-thermal-law", "thermal conductivity of the vapor ~ T^1.7", 0.4,
       "40 % of the change and of 0.2, as a logarithm: exponents are 1 to 2.4; three times that "
       "where molecules may pair in the vapor"},
-     "the own curve and the power 1.7",
+     "its own curve and the power 1.7",
      FollowsLaw<correlationVaporThermal, kVaporThermal>},
     {{"liquid-viscosity-law", "ln(viscosity of the liquid) ~ 2.8 TC/T", 1.1,
       "factor 2 in the slope, and 0.2, as a logarithm: from small to bulky molecules"},
-     "the own curve and Andrade's law",
+     "its own curve and Andrade's law",
      FollowsLaw<correlationLiquidViscosity, kLiquidViscosity>},
     {{"vapor-pressure-law", "ln(vapor pressure) over T after Lee and Kesler", 0.5,
       "50 % of the change and of 0.1, as a logarithm: acentric factors of 0 to 1"},
-     "the own curve and the law of Lee and Kesler",
+     "its own curve and the law of Lee and Kesler",
      FollowsLaw<correlationVaporPressure, kVaporPressure>},
     {{"vapor-pressure-bend", "ln(vapor pressure) bends over T as after Lee and Kesler", 0.2,
       "20 % of how far a line between the ends is long, as a logarithm: 49 of 50 published curves"},
-     "the ends of the own curve",
+     "the ends of its own curve",
      BendsByLaw<correlationVaporPressure, kVaporPressure>},
     {{"liquid-viscosity-bend", "ln(viscosity of the liquid) is nearly linear in 1/T", 0.5,
       "50 % of how far a line between the ends is long, as a logarithm: 49 of 50 published curves"},
-     "the ends of the own curve",
+     "the ends of its own curve",
      BendsByLaw<correlationLiquidViscosity, kLiquidViscosity>},
     {{"vapor-pressure-cold", "vapor pressure at 0.5 TC after Lee and Kesler", 1.9,
       "factor 2.3 at 0.5 TC, less at higher temperatures: error of the method for polar "

@@ -110,7 +110,7 @@ constexpr Relation kRows[] = {
      Eucken},
     {{"viscosity-slope",
       "-d ln(viscosity of the liquid)/dT = 0.27 (latent heat - R T)/(R T^2) near 0.55 TC", 1.3,
-      "factor 3.7 in the slope: bulky molecules and hydrogen bonds"},
+      "130 % of the slope: bulky molecules and hydrogen bonds"},
      "the latent heat",
      ViscosityOfLatentHeat},
     {{"surface-energy", "surface tension = 0.13 (latent heat - R T)/(N^(1/3) V^(2/3)) at 0.6 TC",

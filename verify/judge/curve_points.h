@@ -9,7 +9,7 @@
 
 namespace zel {
 
-// The temperature within the range of the own curve that is next to one; without an own curve,
+// The temperature within the range of its own curve that is next to one; without an own curve,
 // within the range of another record where it is the nearest.
 inline double Near(Reading const& r, zelCorrelations curve, double kelvin) {
   auto const within = [&](Record const& record) {

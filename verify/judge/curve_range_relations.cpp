@@ -262,7 +262,8 @@ constexpr Relation kRows[] = {
      kFrom,
      Begins<kVaporThermal>},
     {{"vapor-thermal-end",
-      "thermal conductivity of the vapor ends at 0.88 TC to 1650 K (6000 K if TC is below 200 K)",
+      "thermal conductivity of the vapor ends at 0.88 TC to 1650 K (6000 K without hydrogen or if "
+      "TC is below 200 K)",
       0.06, kText},
      kFrom,
      Finishes<kVaporThermal>},
@@ -271,8 +272,9 @@ constexpr Relation kRows[] = {
      kFrom,
      Begins<kVaporViscosity>},
     {{"vapor-viscosity-end",
-      "viscosity of the vapor ends at 0.98 TC to 1650 K (6000 K if TC is below 200 K)", 0.06,
-      kText},
+      "viscosity of the vapor ends at 0.98 TC to 1650 K (6000 K without hydrogen or if TC is below "
+      "200 K)",
+      0.06, kText},
      kFrom,
      Finishes<kVaporViscosity>},
     {{"ideal-enthalpy-begin", "enthalpy of the ideal gas begins at 45 K to 301 K", 0.06, kText},

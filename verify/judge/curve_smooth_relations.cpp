@@ -86,7 +86,8 @@ constexpr Smooth kLiquidCp = {correlationLiquidCp, View::kPlain, 0.05, kLiquid};
 constexpr Smooth kSolidCp = {correlationSolidCp, View::kPlain, 0.05, 0.0};
 constexpr Smooth kDielectric = {correlationDielectric, View::kPlain, 0.05, kLiquid};
 
-constexpr char kText[] = "2 %, and 5 % of the change between the values beside";
+constexpr char kText[] =
+    "2 %, and 5 % of the change between the values beside (1 % for vapor pressures)";
 constexpr char kFrom[] = "the values on both sides";
 
 template <Smooth const& kSmooth>

@@ -10,7 +10,7 @@ constexpr double kBar = 100.0;  // kPa
 // Molecules with hydrogen bonds follow corresponding states less well.
 double Scatter(Reading const& r, double more) { return MayBond(r) ? more : 1.0; }
 
-// A value at a part of TC, or where the own range is next to it.
+// A value at a part of TC, or where its own range is next to it.
 struct Place {
   double critical;
   double kelvin;

@@ -27,7 +27,7 @@ class Reading {
   KelvinRange Range(std::uint32_t curve) const;
   // The same as something that was read, for relations about the range itself.
   KelvinRange OwnRange(std::uint32_t curve, Stake stake = Stake::kFull);
-  // Only the own record's, without falling back to others: for relations about one curve by itself.
+  // Only its own record's, without falling back to others: for relations about one curve by itself.
   double OwnConstant(std::uint32_t index, Stake stake = Stake::kFull);
   double OwnAt(std::uint32_t curve, double kelvin, Stake stake = Stake::kFull);
   double OwnSlope(std::uint32_t curve, double kelvin, Stake stake = Stake::kFull);
@@ -40,7 +40,7 @@ class Reading {
 
   // What was read.
   std::vector<Tension::Part> const& Parts() const { return parts_; }
-  // The claim that was read for a datum; the own one if it was not read.
+  // The claim that was read for a datum; its own one if it was not read.
   Claim ClaimOf(Datum datum) const;
 
  private:

@@ -22,6 +22,7 @@ constexpr double kBtuPerPound = 2.326;       // kJ/kg
 constexpr double kPoundPerInch2 = 6.894757;  // kPa
 constexpr double kMercury = 0.1333224;       // kPa, 1 mm Hg
 constexpr double kPoundPerFoot3 = 16.01846;  // kg/m3
+constexpr double kDebye = 3.33564;           // 1e-30 C m
 
 constexpr Factor kFactors[] = {
     {"kPa", 0.01, "bar taken for kPa"},
@@ -42,13 +43,15 @@ constexpr Factor kFactors[] = {
     {"kJ/kg-mol-K", 1.0 / kCalorie, "cal taken for J"},
     {"kJ/kg-mol-K", kCalorie, "J taken for cal"},
     {"(cal/cm3)^0.5", 2.0454829, "(J/cm3)^0.5 taken for (cal/cm3)^0.5"},
-    {"m3/kg-mol", 0.06242796, "ft3/lb taken for m3/kg"},
+    {"m3/kg-mol", kPoundPerFoot3, "ft3/lb taken for m3/kg"},
+    {"m3/kg-mol", 1.0 / kPoundPerFoot3, "m3/kg taken for ft3/lb"},
     {"kg-mol/m3", 1.0 / kPoundPerFoot3, "lb/ft3 taken for kg/m3"},
     {"kg-mol/m3", kPoundPerFoot3, "kg/m3 taken for lb/ft3"},
     {"W/m-K", 1.0 / 1.730735, "BTU/hr-ft-F taken for W/m-K"},
     {"W/m-K", 1.730735, "W/m-K taken for BTU/hr-ft-F"},
     {"W/m-K", 1.0 / 418.4, "cal/cm-s-K taken for W/m-K"},
-    {"debye", 3.33564, "1e-30 C m taken for debye"},
+    {"debye", kDebye, "1e-30 C m taken for debye"},
+    {"debye", 1.0 / kDebye, "debye taken for 1e-30 C m"},
     {"K", 1.8, "R taken for K"},
     {"K", 1.0 / 1.8, "K taken for R"},
 };
@@ -145,8 +148,11 @@ std::string LikelySlip(double value, double expected, std::string_view unit, dou
   }
   bool const isPerMole = unit.find("kg-mol") != std::string_view::npos;
   if (isPerMole && IsDefined(molecularWeight) && molecularWeight > 2.0) {
-    if (IsNear(ratio, molecularWeight, play)) return "a molar value taken for one per mass";
-    if (IsNear(ratio, 1.0 / molecularWeight, play)) return "a value per mass taken for a molar one";
+    // The number of a density per mass is the larger one, that of a heat or a volume the smaller.
+    bool const isDensity = unit.find("kg-mol") == 0;
+    double const factor = isDensity ? 1.0 / molecularWeight : molecularWeight;
+    if (IsNear(ratio, factor, play)) return "a molar value taken for one per mass";
+    if (IsNear(ratio, 1.0 / factor, play)) return "a value per mass taken for a molar one";
   }
   std::string slip = DecimalSlip(ratio, play);
   if (slip.empty() && HasExchangedDigits(value, expected)) slip = "two digits exchanged";

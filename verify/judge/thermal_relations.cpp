@@ -293,7 +293,7 @@ constexpr Relation kRows[] = {
       "100 kJ/kg-mol: by definition"},
      "the definition",
      NothingOfElement<propertyGFORMATION>},
-    {{"element-dipole", "DIPOLE = 0 of a noble gas or two equal atoms", 0.01,
+    {{"element-dipole", "DIPOLE = 0 of noble gases and of H2, N2, O2, F2 and Cl2", 0.01,
       "0.01 debye: by symmetry"},
      "the symmetry",
      NothingOfElement<propertyDIPOLE>},

@@ -136,7 +136,7 @@ Found CriticalVolumeOfVolume(Reading& r, JudgeRule const& rule) {
                          rule.tolerance);
 }
 
-// Where the own curve reaches TC.
+// Where its own curve reaches TC.
 Found DensityAtCritical(Reading& r, JudgeRule const& rule) {
   double const critical = r.Constant(propertyTC);
   double const density = r.OwnAt(correlationLiquidDensity, critical, Stake::kMinor);
