@@ -70,7 +70,10 @@ bool BlockStore::SetMark() {
 }
 
 void BlockStore::CloseCleanly() noexcept {
-  if (hasOwnMark_) system_->Remove(MarkOf(Target()));
+  if (!hasOwnMark_) return;
+  std::string const mark = MarkOf(Target());
+  // Files that were made since are on disk before the mark goes.
+  if (system_->SyncFolder(mark)) system_->Remove(mark);
   hasOwnMark_ = false;
 }
 

@@ -171,6 +171,7 @@ std::unique_ptr<platform::BlockFile> HeldWrites::Hold(int number,
                                                       std::unique_ptr<platform::BlockFile> real) {
   auto file = std::make_unique<HeldFile>(std::move(real), number, this);
   files_[static_cast<std::size_t>(number)] = {file.get(), false};
+  isNew_ = true;  // the file may have just been made
   return file;
 }
 
@@ -196,7 +197,10 @@ bool HeldWrites::Begin() {
 bool HeldWrites::Sync(bool onlyNew) {
   for (File& file : files_) {
     if (file.held == nullptr || (onlyNew && file.isSynced)) continue;
-    if (!file.held->Real().Flush()) return false;
+    if (!file.held->Real().Flush()) {
+      hasLostSync_ = true;
+      return false;
+    }
     file.isSynced = true;
   }
   return true;
@@ -227,7 +231,8 @@ bool HeldWrites::Commit() {
   }
   // What the journal is compared with must be on disk, too.
   if (!Begin() || !Sync(true)) return false;
-  if (writer_->Length() > kLongJournal && isInPlace_ && !Checkpoint()) return false;
+  bool const isLong = writer_->Length() > kLongJournal && !hasLostSync_;
+  if (isLong && isInPlace_ && !Checkpoint()) return false;
   if (!writer_->Append(all, lengths)) return false;
   if (isNew_ && !system_->SyncFolder(path_)) return false;
   isNew_ = false;
@@ -248,7 +253,7 @@ void HeldWrites::End() noexcept {
     if (file.held != nullptr) file.held->Forget();
   }
   if (!journal_) return;
-  bool const isDone = isInPlace_ && Sync(false);
+  bool const isDone = isInPlace_ && !hasLostSync_ && Sync(false);
   writer_.reset();
   journal_.reset();
   if (isDone && system_->Remove(path_)) system_->SyncFolder(path_);

@@ -112,8 +112,11 @@ class HeldWrites final : public HeldFile::Owner {
   std::array<File, format::kFileSlots> files_;  // by number
   std::unique_ptr<platform::BlockFile> journal_;
   std::optional<JournalWriter> writer_;
-  bool isNew_ = true;      // it is not known to be on disk that there is a journal
+  bool isNew_ = true;      // it is not known to be on disk that the journal and the files exist
   bool isInPlace_ = true;  // the files have all that the journal has
+  // A sync has failed. The system can report success the next time for data that it gave up, so the
+  // journal stays until the next open completes the files from it.
+  bool hasLostSync_ = false;
 };
 
 }  // namespace zel

@@ -117,8 +117,8 @@ void SetProgress(LibFile* library, ZelProgress* progress) {
 
 void LibFile_i::CloseLibFile() {
   if (!store_.IsOpen()) return;
+  LeaveNameIndex();  // waits for a thread that is searching its trees
   DropTrees();
-  LeaveNameIndex();
   try {
     FlushLibFile();
   } catch (...) {

@@ -60,7 +60,8 @@ OpenOutcome UnfinishedFlush::Complete() {
     if (!file.file) return file.outcome;
     if (!Journal::Complete(*of, *file.file) || !file.file->Flush()) return OpenOutcome::kFailed;
   }
-  if (!RemoveJournal()) return OpenOutcome::kFailed;
+  // A file that was made anew must be there after a power cut when the journal no longer is.
+  if (!system_->SyncFolder(JournalOf(library_)) || !RemoveJournal()) return OpenOutcome::kFailed;
   state_ = State::kNone;
   return OpenOutcome::kOk;
 }

@@ -71,7 +71,12 @@ LibFile* OpenLibrary(char const* path, ZelOpenOptions const& options, openErrors
   });
   if (error != openOk) return nullptr;
   error = openFailed;
-  error = JudgeLastClose(*library, options.mode, options.unclean);
+  try {
+    error = JudgeLastClose(*library, options.mode, options.unclean);
+  } catch (...) {
+    library->Abandon();  // nothing is written to a library that could not be verified
+    throw;
+  }
   if (error == openOk) return library.release();
   library->Abandon();
   return nullptr;

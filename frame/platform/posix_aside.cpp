@@ -61,7 +61,9 @@ Descriptor OpenAsideDescriptor(std::string const& path, OpenMode mode, std::stri
   constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
   struct stat there {};
   bool const exists = ::lstat(path.c_str(), &there) == 0;
-  if (!exists && errno != ENOENT && errno != ENOTDIR) return Descriptor(-1);
+  // A library can have so long a name that nothing can be next to it.
+  bool const cannotBe = errno == ENAMETOOLONG && mode != OpenMode::kCreate;
+  if (!exists && errno != ENOENT && errno != ENOTDIR && !cannotBe) return Descriptor(-1);
   if (exists ? !IsTrusted(there, path, library) : mode != OpenMode::kCreate) {
     errno = ENOENT;
     return Descriptor(-1);

@@ -108,6 +108,26 @@ TEST_F(OpenLibraryTest, DefaultsAreThoseOfAPlainOpenForReading) {
   EXPECT_STREQ(Open(named)->GetLibName(), "a name");
 }
 
+// Nothing can be next to it: neither a journal nor a mark.
+TEST_F(OpenLibraryTest, NameMayBeAsLongAsThatOfAnyFile) {
+  std::string name = std::to_string(::getpid()) + ".lb1";
+  name.insert(0, 250 - name.size(), 'n');
+  std::string const longest = (fs::temp_directory_path() / name).string();
+  openErrors error{};
+  Handle<LibFile> library(LibFile::NewLibFile(libKind11, longest.c_str(), error));
+  if (library == nullptr) GTEST_SKIP() << "the folder for temporary files has a long name";
+  library->CloseLibFile();
+  EXPECT_EQ(library->ReopenLibFile(), openOk);
+  library.reset();
+  library.reset(LibFile::OpenLibFile(accRead, longest.c_str(), "", error));
+  EXPECT_EQ(error, openOk);
+  libTypes type{};
+  LibFile::StatusLibFile(longest.c_str(), type, error);
+  EXPECT_EQ(error, openOk);
+  EXPECT_EQ(FinishLastFlush(longest.c_str(), false), openOk);
+  fs::remove(longest);
+}
+
 TEST_F(OpenLibraryTest, PasswordIsTested) {
   {
     auto const library = Open(Update(writesPlain));

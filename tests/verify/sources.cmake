@@ -19,5 +19,6 @@ set(verify_TEST_SOURCES
     progress_test.cpp
     salvage_components_test.cpp
     salvage_fixture.cpp
+    salvage_journal_test.cpp
     salvage_test.cpp
     verify_test.cpp)

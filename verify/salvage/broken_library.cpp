@@ -1,10 +1,14 @@
 #include "verify/salvage/broken_library.h"
 
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <utility>
 
 #include "purecomp/record_format.h"
+#include "store/held_writes.h"
 #include "store/packed_text.h"
+#include "store/unfinished_flush.h"
 
 namespace zel {
 
@@ -43,15 +47,29 @@ bool IsType(std::int32_t word) noexcept { return word >= libKind11 && word <= li
 }  // namespace
 
 openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& firstPath) {
-  bool any = false;
+  std::array<std::unique_ptr<platform::BlockFile>, f::kFileSlots> files;
   for (int file = 1; file <= f::kMaxFiles && !firstPath.empty(); ++file) {
     std::string const path = PathOf(firstPath, file);
     if (!system.Exists(path)) continue;
     platform::OpenedFile opened = system.Open(path, platform::OpenMode::kRead);
     if (opened.outcome == platform::OpenOutcome::kDenied) return openDenied;
     if (opened.outcome != platform::OpenOutcome::kOk) continue;
-    images_[static_cast<std::size_t>(file)] = std::make_unique<FileImage>(std::move(opened.file));
+    files[static_cast<std::size_t>(file)] = std::move(opened.file);
+  }
+  // A flush that was cut off counts as complete, as for every reader.
+  UnfinishedFlush unfinished(system, firstPath);
+  unfinished.Look();
+  bool any = false;
+  for (int number = 1; number <= f::kMaxFiles; ++number) {
+    std::unique_ptr<platform::BlockFile>& file = files[static_cast<std::size_t>(number)];
+    if (!file) continue;
     any = true;
+    if (JournaledFile const* const journaled = unfinished.Of(number)) {
+      auto held = std::make_unique<HeldFile>(std::move(file), number, nullptr);
+      held->Overlay(*journaled);
+      file = std::move(held);
+    }
+    images_[static_cast<std::size_t>(number)] = std::make_unique<FileImage>(std::move(file));
   }
   if (!any) return openNotFound;
   std::int32_t const* words = Image(1) == nullptr ? nullptr : Image(1)->At(0, f::kHeaderWords);

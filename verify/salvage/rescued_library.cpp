@@ -20,7 +20,9 @@ void RescuedLibrary::BeginBank(BankHeading& heading) {
   while (isTaken || directory.Find(key_.data(), found) ||
          library_.FindBank(heading.type.c_str(), heading.name.c_str(), other, false)) {
     isTaken = false;
-    heading.name = "FOUND" + std::to_string(++named_);
+    constexpr int kLongName = 1000;  // a name has eight characters
+    ++named_;
+    heading.name = (named_ < kLongName ? "FOUND" : "F") + std::to_string(named_);
     heading.keyIsGood = false;
     bool isMarked = false;
     for (BankShape const& shape : BankShapes()) {
