@@ -276,7 +276,7 @@ TEST_F(OpenLibraryTest, FolderThatMayNotBeWrittenToFailsTheFirstWrite) {
 }
 
 TEST_F(OpenLibraryTest, ForgetUncleanCloseRemovesBoth) {
-  std::ofstream(Path("s.lb1.open"));
+  std::ofstream(Path("s.lb1.open")) << "";
   std::ofstream(Path("s.lb1.journal")) << "anything";
   EXPECT_TRUE(ForgetUncleanClose(Path().c_str()));
   EXPECT_FALSE(HasMark());
