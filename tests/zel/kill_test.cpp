@@ -11,14 +11,15 @@
 #include <vector>
 
 #include "desk/open/history.h"
+#include "tests/support/sanitizers.h"
 #include "tests/zel/change_fixture.h"
 #include "tests/zel/traced_run.h"
 
 namespace zel::test {
 namespace {
 
-// Fewer would miss some of the moments.
-constexpr long kStandardKills = 320;
+// Fewer would miss some of the moments. Under the sanitizers each takes several times as long.
+constexpr long kStandardKills = ZEL_ADDRESS_SANITIZER ? 160 : 320;
 
 long Kills() {
   char const* const given = std::getenv("ZEL_KILLS");
