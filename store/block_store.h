@@ -82,8 +82,8 @@ class BlockStore {
   // After a flush, before the files are closed: whoever opens the library next finds no mark.
   void CloseCleanly() noexcept;
   ZelLastClose LastClose() const;
-  // Removes the mark of a library that nobody else uses, and a journal that is not for it. False if
-  // one of them is still there.
+  // Removes the mark of a library that no other program uses, and a journal that is not for it.
+  // False if one of them is still there.
   bool ForgetUncleanClose();
   // True if the last file that could not be opened is in use.
   bool WasInUse() const noexcept { return wasInUse_; }

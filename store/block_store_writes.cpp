@@ -32,29 +32,31 @@ openErrors BlockStore::FinishLastFlush(bool forceRead) {
   target_.clear();
   unfinished_.reset();
   isCompleted_ = false;
-  auto unfinished = std::make_unique<UnfinishedFlush>(*system_, firstPath_);
-  openErrors error = ErrorOf(unfinished->Look());
-  bool const isThere = unfinished->Found() == UnfinishedFlush::State::kThere;
-  if (unfinished->Found() == UnfinishedFlush::State::kNone) return error;
-  if (error == openOk && isThere && mode_ == accUpdate && !forceRead) {
+  while (true) {
+    auto unfinished = std::make_unique<UnfinishedFlush>(*system_, firstPath_);
+    openErrors error = ErrorOf(unfinished->Look());
+    bool const isThere = unfinished->Found() == UnfinishedFlush::State::kThere;
+    if (unfinished->Found() == UnfinishedFlush::State::kNone || error != openOk) return error;
+    isCompleted_ = isCompleted_ || isThere;
+    if (!isThere || mode_ != accUpdate || forceRead) {
+      unfinished_ = std::move(unfinished);
+      return Hold(1, false) ? openOk : openFailed;
+    }
     error = ErrorOf(unfinished->Complete());
     if (error != openOk) return error;
-    // Its length may have changed.
+    // Its length may have changed. It is not locked in between, so that another program can have
+    // left a journal since.
     CloseFile(1);
     error = OpenFile(1, false, false);
-  } else if (error == openOk) {
-    unfinished_ = std::move(unfinished);
-    if (!Hold(1, false)) error = openFailed;
+    if (error != openOk) return error;
   }
-  isCompleted_ = isThere;
-  return error;
 }
 
 // A journal of other files must not fit those that are written now.
 bool BlockStore::BeforeFirstWrite() {
   std::string const journal = JournalOf(Target());
   if (held_ && !held_->Begin()) return false;
-  if (!held_ && system_->Exists(journal)) system_->Remove(journal);
+  if (!held_ && system_->Exists(journal) && !RemoveJournal(*system_, Target())) return false;
   if (writes_ == writesMarked && !SetMark()) return false;
   hasWritten_ = true;
   return true;
@@ -63,9 +65,11 @@ bool BlockStore::BeforeFirstWrite() {
 // The mark of an earlier session stays until somebody has verified the library.
 bool BlockStore::SetMark() {
   std::string const mark = MarkOf(Target());
-  if (hasOwnMark_ || system_->Exists(mark)) return true;
-  if (!system_->OpenAside(mark, OpenMode::kCreate, Target()).file) return false;
-  hasOwnMark_ = true;
+  if (!hasOwnMark_) {
+    if (system_->Exists(mark)) return true;
+    if (!system_->OpenAside(mark, OpenMode::kCreate, Target()).file) return false;
+    hasOwnMark_ = true;
+  }
   return system_->SyncFolder(mark);
 }
 

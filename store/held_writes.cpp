@@ -16,19 +16,24 @@ constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 42;
 // --- one file ----------------------------------------------------------------------------------
 
 // Bytes that the file does not have are zeros.
-bool HeldFile::ReadReal(std::uint64_t offset, std::byte* to, std::size_t count) {
+bool HeldFile::ReadReal(std::uint64_t offset, std::byte* to, std::size_t count, bool isUnmapped) {
   std::uint64_t const end = real_->Size();
   std::size_t const there =
       offset >= end ? 0 : static_cast<std::size_t>(std::min<std::uint64_t>(count, end - offset));
   std::fill(to + there, to + count, std::byte{});
-  return there == 0 || real_->ReadAt(offset, to, there) == static_cast<std::int64_t>(there);
+  auto const got = there == 0   ? std::int64_t{0}
+                   : isUnmapped ? real_->ReadUnmapped(offset, to, there)
+                                : real_->ReadAt(offset, to, there);
+  return got == static_cast<std::int64_t>(there);
 }
 
 HeldFile::Page* HeldFile::Hold(std::uint64_t number) {
   auto const found = pages_.find(number);
   if (found != pages_.end()) return found->second.get();
   auto page = std::make_unique<Page>();
-  if (!ReadReal(number * kPageBytes, page->bytes.data(), kPageBytes)) return nullptr;
+  // A file that is overlaid can be one that is salvaged.
+  bool const isUnmapped = owner_ == nullptr;
+  if (!ReadReal(number * kPageBytes, page->bytes.data(), kPageBytes, isUnmapped)) return nullptr;
   for (std::size_t i = 0; i < kSectorsOfPage; ++i) {
     page->before[i] = HashOf(page->bytes.data() + i * kSectorBytes, kSectorBytes);
   }
@@ -47,7 +52,7 @@ bool HeldFile::HoldAll(std::uint64_t offset, std::uint64_t end) {
   return true;
 }
 
-std::int64_t HeldFile::ReadAt(std::uint64_t offset, void* to, std::size_t count) {
+std::int64_t HeldFile::Read(std::uint64_t offset, void* to, std::size_t count, bool isUnmapped) {
   if (offset >= size_) return 0;
   count = static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset));
   auto* const bytes = static_cast<std::byte*>(to);
@@ -58,7 +63,7 @@ std::int64_t HeldFile::ReadAt(std::uint64_t offset, void* to, std::size_t count)
     auto const found = pages_.find(at / kPageBytes);
     if (found != pages_.end()) {
       std::memcpy(bytes + done, found->second->bytes.data() + inPage, part);
-    } else if (!ReadReal(at, bytes + done, part)) {
+    } else if (!ReadReal(at, bytes + done, part, isUnmapped)) {
       return -1;
     }
     done += part;
@@ -122,7 +127,8 @@ std::vector<ChangedPage> HeldFile::Changes() const {
     unsigned changed = 0;
     for (std::size_t i = 0; i < kSectorsOfPage; ++i) {
       auto const now = HashOf(page->bytes.data() + i * kSectorBytes, kSectorBytes);
-      if (now != page->before[i]) changed |= 1U << i;
+      bool const isJournaled = (page->journaled >> i & 1U) != 0;
+      if (isJournaled || now != page->before[i]) changed |= 1U << i;
     }
     if (changed == 0) continue;
     changes.push_back({number_, number, changed, page->before.data(), page->bytes.data()});
@@ -130,6 +136,10 @@ std::vector<ChangedPage> HeldFile::Changes() const {
   std::sort(changes.begin(), changes.end(),
             [](ChangedPage const& a, ChangedPage const& b) { return a.page < b.page; });
   return changes;
+}
+
+void HeldFile::NoteJournaled(std::vector<ChangedPage> const& pages) noexcept {
+  for (ChangedPage const& page : pages) pages_.find(page.page)->second->journaled |= page.changed;
 }
 
 bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages) {
@@ -157,8 +167,7 @@ bool HeldFile::Overlay(JournaledFile const& journaled) {
     std::memcpy(page->bytes.data() + number % kSectorsOfPage * kSectorBytes, sector.versions.back(),
                 kSectorBytes);
   }
-  if (journaled.length < size_) return CutTo(journaled.length);
-  size_ = journaled.length;
+  size_ = journaled.length;  // a longer file is not read any further
   return true;
 }
 
@@ -234,9 +243,12 @@ bool HeldWrites::Commit() {
   bool const isLong = writer_->Length() > kLongJournal && !hasLostSync_;
   if (isLong && isInPlace_ && !Checkpoint()) return false;
   if (!writer_->Append(all, lengths)) return false;
+  isInPlace_ = false;
+  for (std::size_t i = 0; i < files_.size(); ++i) {
+    if (files_[i].held != nullptr) files_[i].held->NoteJournaled(changes[i]);
+  }
   if (isNew_ && !system_->SyncFolder(path_)) return false;
   isNew_ = false;
-  isInPlace_ = false;
   for (std::size_t i = 0; i < files_.size(); ++i) {
     HeldFile* const held = files_[i].held;
     if (held != nullptr && !held->PutInPlace(changes[i])) return false;

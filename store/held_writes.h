@@ -36,7 +36,12 @@ class HeldFile final : public platform::BlockFile {
     if (owner_ != nullptr) owner_->Ended(*this);
   }
 
-  std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) override;
+  std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) override {
+    return Read(offset, to, count, false);
+  }
+  std::int64_t ReadUnmapped(std::uint64_t offset, void* to, std::size_t count) override {
+    return Read(offset, to, count, true);
+  }
   // Holds the bytes back.
   std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) override;
   // Valid until the next write. Null for a range of which something is held back.
@@ -50,9 +55,13 @@ class HeldFile final : public platform::BlockFile {
 
   int Number() const noexcept { return number_; }
   platform::BlockFile& Real() noexcept { return *real_; }
-  // The pages that are held back and differ from the file, in their order.
+  // The pages that are held back and differ from the file, or from a journal that was not put in
+  // place, in their order.
   std::vector<ChangedPage> Changes() const;
   bool HasOtherLength() const noexcept { return size_ != real_->Size(); }
+  // A journal has these pages, from Changes. Until they are in place, they are changes even where
+  // they become again what the file has, since the journal would be believed.
+  void NoteJournaled(std::vector<ChangedPage> const& pages) noexcept;
   // Puts pages from Changes, and the length, into the file itself. False on failure.
   bool PutInPlace(std::vector<ChangedPage> const& pages);
   // Holds nothing back any longer.
@@ -64,12 +73,14 @@ class HeldFile final : public platform::BlockFile {
   struct Page {
     std::array<std::byte, kPageBytes> bytes;
     std::array<std::uint64_t, kSectorsOfPage> before;
+    unsigned journaled = 0;  // bit n for the n-th sector: a journal that is not in place has it
   };
 
   // The page, which is held back from now on; null if it cannot be read.
   Page* Hold(std::uint64_t number);
   bool HoldAll(std::uint64_t offset, std::uint64_t end);
-  bool ReadReal(std::uint64_t offset, std::byte* to, std::size_t count);
+  std::int64_t Read(std::uint64_t offset, void* to, std::size_t count, bool isUnmapped);
+  bool ReadReal(std::uint64_t offset, std::byte* to, std::size_t count, bool isUnmapped);
 
   std::unique_ptr<platform::BlockFile> real_;
   Owner* owner_;

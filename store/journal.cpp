@@ -14,6 +14,8 @@ constexpr std::size_t kLengthsAt = 32;
 constexpr std::size_t kHeadBytes = kLengthsAt + std::size_t{16} * format::kMaxFiles;
 constexpr std::size_t kPageHeadBytes = 16;
 constexpr unsigned kAllSectors = (1U << kSectorsOfPage) - 1;
+constexpr std::size_t kLongestPage =
+    kPageHeadBytes + kSectorsOfPage * sizeof(std::uint64_t) + kPageBytes;
 // No file of a library has more.
 constexpr std::uint64_t kMostPages = (std::uint64_t{1} << 42) / kPageBytes;
 
@@ -195,47 +197,83 @@ bool IsPage(PageRecord const& page, std::byte const* commit, std::size_t room) n
          LengthsIn(commit, static_cast<int>(file)).before != FileLengths::kNotOpen;
 }
 
-// True if the commit, which has its head and at least a seal, is whole.
-bool IsWhole(std::vector<std::byte> const& commit, std::uint64_t sealBefore) noexcept {
-  std::byte const* const head = commit.data();
-  std::byte const* const end = head + commit.size() - kSealBytes;
-  if (!AreLengths(head)) return false;
-  std::uint64_t hash = HashOf(head, kHeadBytes, sealBefore);
-  std::uint64_t pages = Get64(head + 24);
-  for (PageRecord page{head + kHeadBytes}; page.at < end; page.at += page.Bytes()) {
-    if (!IsPage(page, head, static_cast<std::size_t>(end - page.at))) return false;
-    hash = HashOf(page.at, page.Bytes(), hash);
-    --pages;
+// Reads one commit, and verifies it as it comes, so that no more memory is taken than there are
+// true pages.
+class CommitReader {
+ public:
+  // The commit begins at that place of the file, and the one before it has that seal.
+  CommitReader(platform::BlockFile& file, std::uint64_t at, std::uint64_t sealBefore) noexcept
+      : file_(file), at_(at), sealBefore_(sealBefore) {}
+
+  // False if it is not whole, or cannot be read; see Failed.
+  bool Read() { return ReadHead() && ReadPages() && Get64(commit_.data() + end_) == hash_; }
+  bool Failed() const noexcept { return failed_; }
+  // The whole commit.
+  std::vector<std::byte> Take() noexcept { return std::move(commit_); }
+
+ private:
+  bool Grow(std::uint64_t count) {
+    std::size_t const from = commit_.size();
+    commit_.resize(from + count);
+    auto const got = file_.ReadUnmapped(at_ + from, commit_.data() + from, count);
+    failed_ = got != static_cast<std::int64_t>(count);
+    return !failed_;
   }
-  return pages == 0 && hash == Get64(end);
-}
+
+  bool ReadHead() {
+    std::uint64_t const size = file_.Size();
+    if (size - at_ < kHeadBytes + kSealBytes || !Grow(kHeadBytes)) return false;
+    std::byte const* const head = commit_.data();
+    std::uint64_t const bytes = Get64(head + 16);
+    hash_ = HashOf(head, kHeadBytes, sealBefore_);
+    end_ = kHeadBytes + static_cast<std::size_t>(bytes);
+    return std::memcmp(head, kMagic, kMagicBytes) == 0 && Get64(head + 8) == sealBefore_ &&
+           bytes <= size - at_ - kHeadBytes - kSealBytes && AreLengths(head);
+  }
+
+  bool ReadPages() {
+    constexpr std::size_t kStep = std::size_t{1} << 20;
+    std::uint64_t pages = Get64(commit_.data() + 24);
+    std::size_t const all = end_ + kSealBytes;
+    for (std::size_t next = kHeadBytes; commit_.size() < all;) {
+      if (!Grow(std::min(all - commit_.size(), kStep))) return false;
+      std::size_t const there = std::min(commit_.size(), end_);
+      while (next < there) {
+        PageRecord const page{commit_.data() + next};
+        bool const isCut = there < end_ && there - next < kLongestPage;
+        if (isCut) break;
+        if (!IsPage(page, commit_.data(), there - next)) return false;
+        hash_ = HashOf(page.at, page.Bytes(), hash_);
+        next += page.Bytes();
+        --pages;
+      }
+    }
+    return pages == 0;
+  }
+
+  platform::BlockFile& file_;
+  std::uint64_t at_;
+  std::uint64_t sealBefore_;
+  std::vector<std::byte> commit_;
+  std::size_t end_ = 0;     // of the pages in the commit
+  std::uint64_t hash_ = 0;  // of what was verified
+  bool failed_ = false;
+};
 
 // The commits that are whole; sets `failed` if the file cannot be read.
 std::vector<std::vector<std::byte>> CommitsIn(platform::BlockFile& file, bool& failed) {
   std::vector<std::vector<std::byte>> commits;
-  std::uint64_t const size = file.Size();
   std::uint64_t seal = 0;
   std::uint64_t at = 0;
-  auto const read = [&](std::uint64_t from, std::byte* to, std::uint64_t count) {
-    failed = file.ReadAt(from, to, count) != static_cast<std::int64_t>(count);
-    return !failed;
-  };
-  while (size - at >= kHeadBytes + kSealBytes) {
-    std::vector<std::byte> commit(kHeadBytes);
-    if (!read(at, commit.data(), kHeadBytes)) break;
-    std::uint64_t const bytes = Get64(commit.data() + 16);
-    bool const isHead = std::memcmp(commit.data(), kMagic, kMagicBytes) == 0 &&
-                        Get64(commit.data() + 8) == seal &&
-                        bytes <= size - at - kHeadBytes - kSealBytes;
-    if (!isHead) break;
-    commit.resize(kHeadBytes + bytes + kSealBytes);
-    if (!read(at + kHeadBytes, commit.data() + kHeadBytes, bytes + kSealBytes)) break;
-    if (!IsWhole(commit, seal)) break;
-    at += commit.size();
-    seal = Get64(commit.data() + commit.size() - kSealBytes);
-    commits.push_back(std::move(commit));
+  while (true) {
+    CommitReader reader(file, at, seal);
+    bool const isWhole = reader.Read();
+    failed = reader.Failed();
+    if (!isWhole) return commits;
+    commits.push_back(reader.Take());
+    at += commits.back().size();
+    seal = Get64(commits.back().data() + commits.back().size() - kSealBytes);
   }
-  return commits;
 }
 
 }  // namespace
@@ -282,7 +320,8 @@ std::int64_t ReadSector(platform::BlockFile& file, std::uint64_t sector, SectorB
   bytes.fill(std::byte{});
   std::uint64_t const from = sector * kSectorBytes;
   if (from >= file.Size()) return 0;
-  return file.ReadAt(from, bytes.data(), std::min<std::uint64_t>(kSectorBytes, file.Size() - from));
+  auto const count = std::min<std::uint64_t>(kSectorBytes, file.Size() - from);
+  return file.ReadUnmapped(from, bytes.data(), count);
 }
 
 // A file that has lost what it had grown by ends within a sector. If it grows again, the rest of
@@ -308,12 +347,16 @@ bool IsOneOf(JournaledFile const& of, std::uint64_t number, JournaledSector cons
   });
 }
 
-// What was allocated ahead is zeros.
+// What was allocated ahead is zeros, and less than this.
+constexpr std::uint64_t kMostAhead = std::uint64_t{64} << 20;
+
 bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from) {
-  SectorBytes bytes;
+  if (file.Size() > from && file.Size() - from > kMostAhead) return false;
+  std::vector<std::byte> bytes(std::size_t{64} << 10);
   for (; from < file.Size(); from += bytes.size()) {
     auto const count = std::min<std::uint64_t>(bytes.size(), file.Size() - from);
-    if (file.ReadAt(from, bytes.data(), count) != static_cast<std::int64_t>(count)) return false;
+    auto const got = file.ReadUnmapped(from, bytes.data(), count);
+    if (got != static_cast<std::int64_t>(count)) return false;
     auto const end = bytes.begin() + static_cast<std::ptrdiff_t>(count);
     if (std::any_of(bytes.begin(), end, [](std::byte b) { return b != std::byte{}; })) return false;
   }

@@ -16,6 +16,13 @@ std::string FileOfLibrary(std::string first, int number) {
   return first;
 }
 
+bool RemoveJournal(platform::FileSystem& system, std::string const& library) {
+  std::string const path = JournalOf(library);
+  if (system.Remove(path)) return system.SyncFolder(path);
+  platform::OpenedFile const opened = system.OpenAside(path, OpenMode::kUpdate, library);
+  return opened.file && opened.file->CutTo(0) && opened.file->Flush();
+}
+
 UnfinishedFlush::UnfinishedFlush(platform::FileSystem& system, std::string first)
     : system_(&system), first_(std::move(first)), library_(system.Target(first_)) {}
 
@@ -61,17 +68,10 @@ OpenOutcome UnfinishedFlush::Complete() {
     if (!Journal::Complete(*of, *file.file) || !file.file->Flush()) return OpenOutcome::kFailed;
   }
   // A file that was made anew must be there after a power cut when the journal no longer is.
-  if (!system_->SyncFolder(JournalOf(library_)) || !RemoveJournal()) return OpenOutcome::kFailed;
+  if (!system_->SyncFolder(JournalOf(library_)) || !RemoveJournal(*system_, library_))
+    return OpenOutcome::kFailed;
   state_ = State::kNone;
   return OpenOutcome::kOk;
-}
-
-// Where it cannot be removed it is made empty, so that it never completes anything again.
-bool UnfinishedFlush::RemoveJournal() {
-  std::string const path = JournalOf(library_);
-  if (system_->Remove(path)) return system_->SyncFolder(path);
-  platform::OpenedFile const opened = system_->OpenAside(path, OpenMode::kUpdate, library_);
-  return opened.file && opened.file->CutTo(0) && opened.file->Flush();
 }
 
 }  // namespace zel

@@ -15,6 +15,9 @@ namespace zel {
 // The paths of the files next to a library, whose first file is at that path, a link resolved.
 std::string JournalOf(std::string const& library);
 std::string MarkOf(std::string const& library);
+// Removes the journal next to a library, whose first file is at that path, a link resolved. Where
+// that is impossible it is made empty, so that it never completes anything again. False on failure.
+bool RemoveJournal(platform::FileSystem& system, std::string const& library);
 // The path of a file of the library whose first file is `first`.
 std::string FileOfLibrary(std::string first, int number);
 
@@ -42,7 +45,6 @@ class UnfinishedFlush {
 
  private:
   platform::OpenedFile OpenFile(int number, platform::OpenMode mode) const;
-  bool RemoveJournal();
 
   platform::FileSystem* system_;
   std::string first_;

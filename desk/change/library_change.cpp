@@ -58,8 +58,9 @@ void LibraryChange::Begin(std::string const& path) {
   whole_ = WithoutLinks(path);
   CompleteLastFlush(whole_, path, false);
   if (!options_.inPlace || options_.dryRun) Hold();
-  // Another host may have been killed in between.
-  if (work_) CompleteLastFlush(whole_, path, true);
+  // Another host may have been killed in between. Where there may be readers, its journal counts as
+  // a use of the library, so that all of this is tried again.
+  if (work_) CompleteLastFlush(whole_, path, !options_.admitsReaders);
   access_ = AccessOf(whole_);
   filesBefore_ = FilesOf(whole_);
   if (work_) {
@@ -94,11 +95,10 @@ void LibraryChange::Hold() {
 }
 
 // The copy is verified, which is the same and is not locked. An original that is changed in place
-// gets its own mark.
+// is verified again when it is locked, and then gets its own mark.
 void LibraryChange::JudgeLastClose() {
   if (!options_.verifiesUnclean || !HasUncleanMark(whole_)) return;
   VerifyUnclean(*session_, work_ ? work_->First() : whole_, shown_);
-  if (!work_) zel::ForgetUncleanClose(whole_.c_str());
 }
 
 void LibraryChange::Copy(std::string const& from) {
@@ -113,14 +113,14 @@ void LibraryChange::Copy(std::string const& from) {
 // A library without a password refuses every password.
 void LibraryChange::OpenForUpdate() {
   std::string const path = work_ ? work_->First() : shown_;
-  zel::zelWriteModes const writes = work_ ? zel::writesPlain : zel::writesMarked;
+  auto const how = work_ ? Library::Update::kCopy : Library::Update::kInPlace;
   try {
-    library_ = Library::OpenUpdate(*session_, path, options_.password, shown_, writes);
+    library_ = Library::OpenUpdate(*session_, path, options_.password, shown_, how);
     return;
   } catch (Error const&) {
     if (options_.password.empty()) throw;
     try {
-      library_ = Library::OpenUpdate(*session_, path, "", shown_, writes);
+      library_ = Library::OpenUpdate(*session_, path, "", shown_, how);
     } catch (Error const&) {
       // It has one, or cannot be opened at all.
     }

@@ -93,14 +93,17 @@ Library Library::OpenRead(Session& session, std::string const& path, std::string
 }
 
 Library Library::OpenUpdate(Session& session, std::string const& path, std::string const& password,
-                            std::string const& shownAs, zel::zelWriteModes writes) {
+                            std::string const& shownAs, Update how) {
   std::string const& shown = shownAs.empty() ? path : shownAs;
   session.NoteOpened(path, shown);
   zel::openErrors error = zel::openFailed;
   zel::ZelOpenOptions options;
   options.mode = zel::accUpdate;
   options.password = password.c_str();
-  options.writes = writes;
+  if (how == Update::kInPlace) {
+    options.writes = zel::writesMarked;
+    options.unclean = zel::uncleanVerified;
+  }
   zel::LibFile* const file = zel::OpenLibrary(path.c_str(), options, error);
   return {session, shown, Checked(file, shown, error)};
 }

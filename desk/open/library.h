@@ -31,9 +31,11 @@ class Library {
   // library.
   static Library OpenRead(Session& session, std::string const& path,
                           std::string const& shownAs = "");
+  // A copy, which only this program knows; or a library in its place, which gets a mark while it is
+  // changed, and is verified first if it has one.
+  enum class Update { kCopy, kInPlace };
   static Library OpenUpdate(Session& session, std::string const& path, std::string const& password,
-                            std::string const& shownAs = "",
-                            zel::zelWriteModes writes = zel::writesPlain);
+                            std::string const& shownAs, Update how);
   static Library Create(Session& session, zel::libTypes kind, std::string const& path,
                         std::string const& shownAs);
 

@@ -30,6 +30,11 @@ class BlockFile {
 
   // Bytes transferred (fewer at the end of the file), -1 when the transfer failed.
   virtual std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) = 0;
+  // The same, and never through a map, where a part of the disk that cannot be read would end the
+  // process.
+  virtual std::int64_t ReadUnmapped(std::uint64_t offset, void* to, std::size_t count) {
+    return ReadAt(offset, to, count);
+  }
   // Bytes transferred, -1 when the transfer failed. Writing past the end extends the file; a gap
   // reads as zeros.
   virtual std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) = 0;

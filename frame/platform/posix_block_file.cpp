@@ -116,6 +116,12 @@ class PosixBlockFile final : public BlockFile {
       std::memcpy(to, map_ + offset, count);
       return static_cast<std::int64_t>(count);
     }
+    return ReadUnmapped(offset, to, count);
+  }
+
+  std::int64_t ReadUnmapped(std::uint64_t offset, void* to, std::size_t count) override {
+    if (offset >= size_) return 0;
+    count = static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset));
     std::int64_t const got = Transfer(count, [&](std::size_t done) {
       return ::pread(file_.Get(), static_cast<std::byte*>(to) + done, count - done,
                      static_cast<off_t>(offset + done));

@@ -7,8 +7,8 @@
 /// host to choose; docs/durability.md says what each of them promises:
 ///
 /// - **Marked writes**: an empty file next to the library is there while it is being changed. A
-///   library that has the mark when nobody uses it was not closed cleanly; the next opener can have
-///   it verified first.
+///   library that has the mark while it is not in use was not closed cleanly; the next opener can
+///   have it verified first.
 /// - **Held-back writes**: changes stay in memory until a flush, which puts them into a journal
 ///   next to the library and then into the files. Whatever happens, the library is that of the last
 ///   flush, or that of the flush during which it happened. Every open of the library completes a
@@ -95,8 +95,8 @@ struct ZelLastClose {
 /// \return false when the library is not open
 ZEL_API bool GetLastClose(LibFile* library, ZelLastClose& state);
 
-/// Completes a flush that was cut off, as an open for update does, without a password. Does
-/// nothing, and opens no file, if there is no journal.
+/// Completes a flush that was cut off, as an open for update does, without a password. Without a
+/// journal it does nothing, and opens no file.
 /// \param path      the first file; null does nothing
 /// \param isLocked  the caller holds the lock of an updater on the first file
 /// \return openOk, also when there was nothing to complete; otherwise the reason
@@ -104,7 +104,7 @@ ZEL_API openErrors FinishLastFlush(char const* path, bool isLocked);
 
 /// Removes the mark of a library and the journal next to it, for a host that has made sure that the
 /// library is sound, or has replaced it. A flush that was cut off must have been completed before
-/// (FinishLastFlush), and nobody may use the library.
+/// (FinishLastFlush), and the library must not be in use.
 /// \param path  the first file; null does nothing
 /// \return false when one of them is still there
 ZEL_API bool ForgetUncleanClose(char const* path);

@@ -5,6 +5,7 @@
 
 #include <random>
 
+#include "store/unfinished_flush.h"
 #include "tests/store/lib_file_fixture.h"
 #include "tests/support/failing_file_system.h"
 
@@ -75,6 +76,65 @@ TEST(HeldFileTest, NothingReachesTheFileBeforeTheCommit) {
   held.End();
   file.reset();
   EXPECT_EQ(files.Contents("/f.lb1"), before) << "dropped";
+}
+
+// Puts `letter` at the beginning of a page of 4096 bytes.
+void PutLetter(platform::BlockFile& file, std::uint64_t page, char letter) {
+  ASSERT_EQ(file.WriteAt(4096 * page, &letter, 1), 1);
+}
+
+// A commit fails at any operation; then what it changed is put back, something else is changed, and
+// the next commit fails at any operation or succeeds. The file is that of one of the three states.
+TEST(HeldFileTest, CommitAfterOneThatFailedIsWhole) {
+  constexpr int kOperations = 30;
+  std::string const original(20'000, '7');
+  std::string one = original;
+  one[0] = one[4096 * 2] = 'a';
+  std::string two = original;
+  two[4096 * 4] = 'b';
+  int failures = 0;
+  int successes = 0;
+  for (int i = 0; i < kOperations * kOperations * 2; ++i) {
+    int const first = i % kOperations + 1;
+    int const second = i / kOperations % kOperations + 1;
+    MemoryFileSystem files;
+    auto& bytes = files.Contents("/f.lb1");
+    for (char const c : original) bytes.push_back(static_cast<std::byte>(c));
+    FailingFileSystem failing(files);
+    bool good = false;
+    {
+      HeldWrites held(failing, "/f.lb1.journal", "/f.lb1");
+      auto const file = held.Hold(1, failing.Open("/f.lb1", OpenMode::kUpdate).file);
+      PutLetter(*file, 0, 'a');
+      PutLetter(*file, 2, 'a');
+      failing.FailAt(first, false);
+      if (held.Commit()) continue;
+      failing.FailAt(0, false);
+      PutLetter(*file, 0, '7');
+      PutLetter(*file, 2, '7');
+      PutLetter(*file, 4, 'b');
+      failing.FailAt(second, i >= kOperations * kOperations);
+      good = held.Commit();
+      ++(good ? successes : failures);
+      if (good) {
+        std::string const now(reinterpret_cast<char const*>(bytes.data()), bytes.size());
+        EXPECT_EQ(now == two, true) << first << " " << second;
+      }
+      failing.FailAt(1, true);  // cut off: nothing is cleaned up
+      held.End();
+    }
+    UnfinishedFlush unfinished(files, "/f.lb1");
+    ASSERT_EQ(unfinished.Look(), platform::OpenOutcome::kOk);
+    ASSERT_NE(unfinished.Found(), UnfinishedFlush::State::kForeign) << first << " " << second;
+    if (unfinished.Found() == UnfinishedFlush::State::kThere) {
+      ASSERT_EQ(unfinished.Complete(), platform::OpenOutcome::kOk);
+    }
+    std::string const left(reinterpret_cast<char const*>(bytes.data()), bytes.size());
+    bool const isState = left == two || (!good && (left == original || left == one));
+    EXPECT_TRUE(isState) << first << " " << second;
+  }
+  EXPECT_GT(failures, 20);
+  EXPECT_GT(successes, 20);
 }
 
 TEST(HeldFileTest, WritesTooFarAwayAreRefused) {

@@ -124,6 +124,56 @@ TEST_F(JournalTest, FitsEachMixtureOfSectors) {
   }
 }
 
+// A file that is killed can have room that was allocated ahead, which is zeros, but only so much.
+TEST_F(JournalTest, FitsAFileWithRoomAhead) {
+  constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+  Write();
+  auto const journal = Read();
+  Bytes().resize(kPageBytes + 16 * kMegabyte);
+  EXPECT_TRUE(Fits(*journal));
+  Bytes().back() = std::byte{1};
+  EXPECT_FALSE(Fits(*journal));
+  Bytes().back() = std::byte{};
+  Bytes().resize(kPageBytes + 65 * kMegabyte);
+  EXPECT_FALSE(Fits(*journal));
+}
+
+// Commits of many pages are read in pieces.
+TEST_F(JournalTest, LongCommitIsRead) {
+  constexpr std::uint64_t kPages = 1000;  // 4 MB
+  {
+    auto const file = Open("/j");
+    JournalWriter writer(*file);
+    std::vector<ChangedPage> pages;
+    for (std::uint64_t page = 0; page < kPages; ++page) {
+      pages.push_back({1, page, page % 2 == 0 ? 0xFFU : 0x10U, before_.data(), first_.data()});
+    }
+    lengths_[1] = {kPageBytes * kPages, kPageBytes * kPages};
+    ASSERT_TRUE(writer.Append(pages, lengths_));
+  }
+  auto const journal = Read();
+  ASSERT_TRUE(journal);
+  EXPECT_EQ(journal->Of(1)->sectors.size(), kPages / 2 * 9);
+  auto& bytes = files_.Contents("/j");
+  for (std::size_t at = 300; at < bytes.size(); at += 99'991) {
+    bytes[at] ^= std::byte{1};
+    EXPECT_FALSE(Read()) << at;
+    bytes[at] ^= std::byte{1};
+  }
+  bytes.pop_back();
+  EXPECT_FALSE(Read());
+}
+
+// A commit that claims more than there is, in an otherwise empty file.
+TEST_F(JournalTest, ClaimOfMorePagesIsRefused) {
+  Write();
+  auto& bytes = files_.Contents("/j");
+  bytes.resize(std::size_t{8} << 20);
+  for (std::size_t i = 0; i < 8; ++i) bytes[16 + i] = std::byte{};
+  bytes[18] = std::byte{0x70};  // 7 MB of pages
+  EXPECT_FALSE(Read());
+}
+
 TEST_F(JournalTest, DoesNotFitOtherFiles) {
   Write();
   auto const journal = Read();

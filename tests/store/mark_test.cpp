@@ -76,6 +76,25 @@ TEST_F(MarkTest, OfAnEarlierSessionStaysUntilItIsForgotten) {
   EXPECT_FALSE(HasMark());
 }
 
+// A mark that may not be on disk is not relied on.
+TEST_F(MarkTest, WriteFailsUntilTheFolderIsSynced) {
+  FailingFileSystem failing(files_);
+  auto library = OpenMarked(failing);
+  std::int32_t const words[24] = {};
+  std::int32_t address = format::kNullAddress;
+  auto const before = File1();
+  for (int i = 0; i < 2; ++i) {
+    failing.FailAt(i == 0 ? 2 : 1, true);  // after the mark was made
+    EXPECT_EQ(library->WriteBlock(address, 24, words, 1), -1);
+    EXPECT_TRUE(HasMark());
+    EXPECT_EQ(File1(), before) << i;
+  }
+  failing.FailAt(0, false);
+  EXPECT_EQ(library->WriteBlock(address, 24, words, 1), 96);
+  library->CloseLibFile();
+  EXPECT_FALSE(HasMark()) << "it is its own";
+}
+
 TEST_F(MarkTest, WriteThatCannotSetItFails) {
   FailingFileSystem failing(files_);
   auto library = OpenMarked(failing);

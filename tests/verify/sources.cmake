@@ -17,6 +17,7 @@ set(verify_TEST_SOURCES
     judge_thermal_relations_test.cpp
     open_library_test.cpp
     progress_test.cpp
+    salvage_blocks_test.cpp
     salvage_components_test.cpp
     salvage_fixture.cpp
     salvage_journal_test.cpp

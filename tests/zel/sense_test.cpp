@@ -59,7 +59,7 @@ TEST_F(SenseTest, EachDefectHasItsFinding) {
       {"0.1294192 -0.0002", "0.01 0.0001", "surface-tension-falls", "SurfaceTension",
        "SurfaceTension is 0.0747096 N/m at 647.096 K"},
       {"0.1294192 -0.0002", "0.25 -0.0002", "surface-tension-law", "SurfaceTension",
-       "from the own curve and Guggenheim's law"},
+       "from its own curve and Guggenheim's law"},
       {"> 75 0.01 <", "> -75 0.01 <", "liquid-cp-positive", "LiquidCp",
        "LiquidCp is -72.2684 kJ/kg-mol-K at 273.16 K, expected 0 kJ/kg-mol-K"},
       {"value=\"0.344\" refCode=\"1\"", "value=\"0.344\"", "source", "ACENTRIC", "ACENTRIC"},

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "purecomp/record_format.h"
+#include "store/block_store.h"
 #include "store/held_writes.h"
 #include "store/packed_text.h"
 #include "store/unfinished_flush.h"
@@ -49,11 +50,9 @@ bool IsType(std::int32_t word) noexcept { return word >= libKind11 && word <= li
 openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& firstPath) {
   std::array<std::unique_ptr<platform::BlockFile>, f::kFileSlots> files;
   for (int file = 1; file <= f::kMaxFiles && !firstPath.empty(); ++file) {
-    std::string const path = PathOf(firstPath, file);
-    if (!system.Exists(path)) continue;
-    platform::OpenedFile opened = system.Open(path, platform::OpenMode::kRead);
-    if (opened.outcome == platform::OpenOutcome::kDenied) return openDenied;
-    if (opened.outcome != platform::OpenOutcome::kOk) continue;
+    platform::OpenedFile opened = system.Open(PathOf(firstPath, file), platform::OpenMode::kRead);
+    if (opened.outcome == platform::OpenOutcome::kNotFound) continue;
+    if (!opened.file) return ErrorOf(opened.outcome);
     files[static_cast<std::size_t>(file)] = std::move(opened.file);
   }
   // A flush that was cut off counts as complete, as for every reader.
@@ -66,10 +65,17 @@ openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& 
     any = true;
     if (JournaledFile const* const journaled = unfinished.Of(number)) {
       auto held = std::make_unique<HeldFile>(std::move(file), number, nullptr);
-      held->Overlay(*journaled);
+      if (!held->Overlay(*journaled)) {
+        Repair("file " + std::to_string(number) + ": its last flush cannot be completed");
+      }
       file = std::move(held);
     }
-    images_[static_cast<std::size_t>(number)] = std::make_unique<FileImage>(std::move(file));
+    auto image = std::make_unique<FileImage>(std::move(file));
+    if (image->UnreadableBytes() != 0) {
+      Repair("file " + std::to_string(number) + ": " + std::to_string(image->UnreadableBytes()) +
+             " bytes cannot be read");
+    }
+    images_[static_cast<std::size_t>(number)] = std::move(image);
   }
   if (!any) return openNotFound;
   std::int32_t const* words = Image(1) == nullptr ? nullptr : Image(1)->At(0, f::kHeaderWords);
@@ -215,6 +221,16 @@ bool BrokenLibrary::CanHoldNodes(int file) const noexcept {
 
 bool BrokenLibrary::IsFree(std::int32_t address) const noexcept {
   return extents_.Overlaps(address, 1, BlockAddress::Split(address).file);
+}
+
+bool BrokenLibrary::WasFreed(std::int32_t address) const noexcept {
+  for (int i = 0; i < extents_.Count(); ++i) {
+    Extent const& e = extents_[i];
+    bool const isInside =
+        e.size > 0 && e.size < f::kOpenTail && address >= e.address && address - e.address < e.size;
+    if (isInside) return true;
+  }
+  return false;
 }
 
 }  // namespace zel

@@ -53,6 +53,8 @@ class BrokenLibrary {
   bool CanHoldNodes(int file) const noexcept;
   // True if the block table says that the block is free.
   bool IsFree(std::int32_t address) const noexcept;
+  // The same, but not for a block after all that were ever used.
+  bool WasFreed(std::int32_t address) const noexcept;
 
  private:
   void FindType();

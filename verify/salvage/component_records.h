@@ -37,6 +37,9 @@ class ComponentRecords {
   }
   // All main blocks in the first file, in the order of their numbers.
   std::multimap<std::int32_t, std::int32_t> const& Addresses() const noexcept { return addresses_; }
+  // True for a record in a free block: one of a component that was deleted, or written anew
+  // elsewhere.
+  bool IsOutdated(std::int32_t address) const noexcept { return library_.IsFree(address); }
 
   // Copies a component. A part that cannot be read is left out and named; values that are not
   // numbers become undefined, and are named. False if the main block cannot be read.

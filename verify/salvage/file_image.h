@@ -1,39 +1,49 @@
 // The words of one file of a library that may be damaged.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
-#include <vector>
 
 #include "frame/platform/block_file.h"
 #include "store/format.h"
 
 namespace zel {
 
-// Words can be looked at wherever they begin within the file; those after its end are zeros.
-// Pointers stay valid while the image exists. A part of the file that cannot be read is zeros.
+// A copy in memory: of a mapped file, a part that cannot be read would end the process. Words can
+// be looked at wherever they begin within the file; those after its end are zeros, and so are those
+// of a part that cannot be read. Pointers stay valid while the image exists.
 class FileImage {
  public:
   // The most words that can be looked at in one piece.
   static constexpr std::int32_t kMostWords = format::kNodeWords;
 
+  // What is after the last block that an address can name is left out. Zeros take no memory.
   explicit FileImage(std::unique_ptr<platform::BlockFile> file);
 
   // Whole words in the file.
   std::int64_t Words() const noexcept { return words_; }
+  // How many bytes of the file cannot be read.
+  std::int64_t UnreadableBytes() const noexcept { return unreadable_; }
   // Null when the piece does not begin within the file, or is longer than kMostWords.
-  std::int32_t const* At(std::int64_t word, std::int32_t words) const noexcept;
+  std::int32_t const* At(std::int64_t word, std::int32_t words) const noexcept {
+    bool const isInside = word >= 0 && word < words_ && words >= 0 && words <= kMostWords;
+    return isInside ? copy_.get() + word : nullptr;
+  }
 
  private:
-  bool Map() noexcept;
-  void Copy();
+  struct Free {
+    void operator()(std::int32_t* words) const noexcept { std::free(words); }
+  };
 
-  std::unique_ptr<platform::BlockFile> file_;
+  void Copy();
+  bool CopyPart(std::int64_t word, std::int32_t* buffer, std::size_t count);
+
+  std::unique_ptr<platform::BlockFile> file_;  // keeps its lock
   std::int64_t words_ = 0;
-  std::int32_t const* first_ = nullptr;
-  std::vector<std::int32_t> copy_;  // the whole file where it cannot be mapped
-  std::int64_t endFrom_ = 0;        // the word with which `end_` begins
-  std::vector<std::int32_t> end_;   // the last words of the file, and the zeros after them
+  std::int64_t unreadable_ = 0;
+  std::unique_ptr<std::int32_t, Free> copy_;
 };
 
 }  // namespace zel

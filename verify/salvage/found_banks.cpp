@@ -1,6 +1,8 @@
 #include "verify/salvage/found_banks.h"
 
 #include <algorithm>
+#include <array>
+#include <set>
 #include <utility>
 
 namespace zel {
@@ -8,12 +10,13 @@ namespace zel {
 namespace f = format;
 
 FoundBanks::FoundBanks(BrokenLibrary const& library, ComponentRecords const& records)
-    : library_(library), records_(records) {
+    : library_(library), records_(records), budget_(library) {
   directory_.heading.shape = kDirectoryShape;
   shapes_ = {kDirectoryShape, kIdShape, kCasShape};
   for (BankShape const& shape : BankShapes()) shapes_.insert(shape.shape);
   WalkAll();
   if (LearnTails()) WalkAll();
+  if (LearnFreed()) WalkAll();
   SettleClaims();
   FindOrphans();
   FillDirectory();
@@ -22,18 +25,19 @@ FoundBanks::FoundBanks(BrokenLibrary const& library, ComponentRecords const& rec
   if (!DirectoryIsWhole()) FindLostBanks();
 }
 
-TreeContents FoundBanks::Walk(TreeShape const& shape, std::int32_t root,
-                              TreeWalk::Test test) const {
-  return TreeWalk(library_, shape, tails_, std::move(test)).From(root);
+TreeContents FoundBanks::Walk(TreeShape const& shape, std::int32_t root, TreeWalk::Test test,
+                              std::set<std::int32_t> const& leftOut) {
+  TreeWalk walk(library_, budget_, shape, tails_, std::move(test));
+  walk.LeaveOut(leftOut);
+  if (leavesOutFreed_) walk.LeaveOutFreed();
+  return walk.From(root);
 }
 
 // What entries of components lead to is looked at later (found_components.h).
 TreeContents FoundBanks::WalkBank(BankHeading const& heading,
-                                  std::set<std::int32_t> const& leftOut) const {
+                                  std::set<std::int32_t> const& leftOut) {
   if (!heading.shape.IsUsable()) return {};
-  TreeWalk walk(library_, heading.shape, tails_, {});
-  walk.LeaveOut(leftOut);
-  return walk.From(heading.root);
+  return Walk(heading.shape, heading.root, {}, leftOut);
 }
 
 // How well a node suits a bank: 0 to 3, for its links, its count, and its entries.
@@ -72,6 +76,7 @@ void FoundBanks::SettleClaims() {
       if (one != best) leftOut[one].insert(node);
     }
   }
+  budget_ = TreeWalk::Budget(library_);
   for (auto const& [bank, nodes] : leftOut) {
     banks_[bank].contents = WalkBank(banks_[bank].heading, nodes);
   }
@@ -79,6 +84,7 @@ void FoundBanks::SettleClaims() {
 
 void FoundBanks::WalkAll() {
   auto const isBank = [this](std::int32_t const* entry) { return IsBankEntry(library_, entry); };
+  budget_ = TreeWalk::Budget(library_);
   directory_.contents = Walk(kDirectoryShape, library_.RootOf(0), isBank);
   ids_ = Walk(kIdShape, library_.RootOf(1), {});
   cas_ = Walk(kCasShape, library_.RootOf(2), {});
@@ -88,14 +94,13 @@ void FoundBanks::WalkAll() {
 
 // Adds those that are not there yet. An entry whose key is out of order may still describe a bank.
 void FoundBanks::AddBanksOfDirectory() {
-  std::set<std::int32_t const*> known;
+  std::set<std::pair<std::array<std::int32_t, f::kBankKeyWords>, std::int32_t>> known;
+  for (SalvagedTree const& bank : banks_) known.emplace(bank.heading.key, bank.heading.root);
   auto const add = [&](FoundEntry const& entry, bool isInOrder) {
     BankHeading heading = ReadBankEntry(library_, entry.words);
     heading.keyIsGood = heading.keyIsGood && isInOrder;
-    bool const isThere = std::any_of(banks_.begin(), banks_.end(), [&](SalvagedTree const& bank) {
-      return bank.heading.key == heading.key && bank.heading.root == heading.root;
-    });
-    if (isThere || !heading.shape.IsUsable()) return;
+    bool const isNew = heading.shape.IsUsable() && known.emplace(heading.key, heading.root).second;
+    if (!isNew) return;
     shapes_.insert(heading.shape);
     TreeContents contents = WalkBank(heading);
     banks_.push_back({std::move(heading), std::move(contents)});
@@ -119,6 +124,16 @@ bool FoundBanks::LearnTails() {
   if (clean < kFew || dirty == 0 || dirty > 1 + clean / 20) return false;
   tails_ = NodeReading::Tails::kClean;
   return true;
+}
+
+// True if some nodes are in blocks that the block table says were freed. If they are few, links to
+// them are damaged, and otherwise the block table is.
+bool FoundBanks::LearnFreed() {
+  Reach();
+  auto const freed = std::count_if(reached_.begin(), reached_.end(),
+                                   [this](std::int32_t node) { return library_.WasFreed(node); });
+  leavesOutFreed_ = freed > 0 && freed <= 1 + static_cast<std::int64_t>(reached_.size()) / 20;
+  return leavesOutFreed_;
 }
 
 void FoundBanks::Reach() {
@@ -176,6 +191,7 @@ void FoundBanks::FillDirectory() {
 // A damaged head can lead to a node below the root: the nodes above it are then not reached.
 void FoundBanks::CorrectRoots() {
   bool any = false;
+  budget_ = TreeWalk::Budget(library_);
   for (SalvagedTree& bank : banks_) {
     if (bank.heading.root == f::kNullAddress || !bank.heading.shape.IsUsable()) continue;
     std::int32_t const above = orphans_->Above(bank.heading.root, bank.heading.shape);

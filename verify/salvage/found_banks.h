@@ -28,12 +28,13 @@ class FoundBanks {
   TreeContents const& CasNumbers() const noexcept { return cas_; }
 
  private:
-  TreeContents Walk(TreeShape const& shape, std::int32_t root, TreeWalk::Test test) const;
-  TreeContents WalkBank(BankHeading const& heading,
-                        std::set<std::int32_t> const& leftOut = {}) const;
+  TreeContents Walk(TreeShape const& shape, std::int32_t root, TreeWalk::Test test,
+                    std::set<std::int32_t> const& leftOut = {});
+  TreeContents WalkBank(BankHeading const& heading, std::set<std::int32_t> const& leftOut = {});
   void WalkAll();
   void AddBanksOfDirectory();
   bool LearnTails();
+  bool LearnFreed();
   void SettleClaims();
   double Claim(BankHeading const& bank, std::int32_t node);
   void Reach();
@@ -56,6 +57,8 @@ class FoundBanks {
   ComponentRecords const& records_;
   ItemChecks checks_;
   NodeReading::Tails tails_ = NodeReading::Tails::kUnknown;
+  bool leavesOutFreed_ = false;
+  TreeWalk::Budget budget_;  // of the present pass over the trees
   SalvagedTree directory_;
   TreeContents ids_;
   TreeContents cas_;

@@ -57,7 +57,7 @@ class Finder {
       if (Has(bank, number)) continue;
       std::optional<std::int32_t> const elsewhere = Unused(number);
       if (elsewhere) {
-        Add(bank, {number, *elsewhere, true, false, "its entry leads elsewhere"});
+        Add(bank, Scanned(number, *elsewhere, "its entry leads elsewhere"));
       } else if (IsUnusedRecord(entry.words[1])) {
         TakeByRecord(bank, entry);
       } else {
@@ -78,9 +78,7 @@ class Finder {
     std::int32_t const ofEntry = entry.words[0];
     bool const fits = FitsAt(bank, entry, ofRecord);
     std::vector<FoundEntry> const& entries = bank.bank->contents.entries;
-    bool const isInOrder = std::any_of(entries.begin(), entries.end(), [&](FoundEntry const& one) {
-      return one.words == entry.words;
-    });
+    bool const isInOrder = PlaceOf(entry, entries) != entries.end();
     if (fits && !Has(bank, ofRecord)) {
       Add(bank, {ofRecord, entry.words[1], true, entry.isOutdated,
                  "its entry has the number " + std::to_string(ofEntry)});
@@ -93,11 +91,19 @@ class Finder {
     }
   }
 
+  // The end if the entry is not one of them.
+  static std::vector<FoundEntry>::const_iterator PlaceOf(FoundEntry const& entry,
+                                                         std::vector<FoundEntry> const& entries) {
+    auto const at =
+        std::partition_point(entries.begin(), entries.end(),
+                             [&](FoundEntry const& one) { return one.words[0] < entry.words[0]; });
+    return at != entries.end() && at->words == entry.words ? at : entries.end();
+  }
+
   // Whether a number would be in its place between the neighbours of an entry.
   static bool FitsAt(ComponentBank const& bank, FoundEntry const& entry, std::int32_t number) {
     std::vector<FoundEntry> const& entries = bank.bank->contents.entries;
-    auto const at = std::find_if(entries.begin(), entries.end(),
-                                 [&](FoundEntry const& one) { return one.words == entry.words; });
+    auto const at = PlaceOf(entry, entries);
     if (at == entries.end()) {
       std::vector<TreeGap> const& holes = bank.bank->contents.holes;
       return std::any_of(holes.begin(), holes.end(),
@@ -107,28 +113,45 @@ class Finder {
            (at + 1 == entries.end() || number < (at + 1)->words[0]);
   }
 
-  // Records that no entry leads to. Of several banks with room, the one whose records are nearest.
+  // Records that no entry leads to, those in free blocks last. Of several banks with room, the one
+  // whose records are nearest.
   void TakeIntoGaps() {
-    for (auto const& [number, address] : records_.Addresses()) {
-      if (used_.count(address) != 0) continue;
+    std::vector<Room> rooms;
+    for (ComponentBank const& bank : banks_) rooms.push_back(RoomIn(bank.bank->contents));
+    for (auto const& [number, address] : UnusedRecords()) {
       ComponentBank* best = nullptr;
       std::int64_t least = 0;
       for (ComponentBank& bank : banks_) {
-        if (Has(bank, number) || !HasRoomFor(bank, number)) continue;
+        Room const& room = rooms[static_cast<std::size_t>(&bank - banks_.data())];
+        if (Has(bank, number) || !HasRoomFor(room, number)) continue;
         std::int64_t const distance = Distance(bank, address);
         if (best != nullptr && distance >= least) continue;
         best = &bank;
         least = distance;
       }
-      if (best != nullptr) Add(*best, {number, address, true, false, "its entry is lost"});
+      if (best != nullptr) Add(*best, Scanned(number, address, "its entry is lost"));
     }
   }
 
-  static bool HasRoomFor(ComponentBank const& bank, std::int32_t number) {
-    TreeContents const& contents = bank.bank->contents;
-    auto const isIn = [&](TreeGap const& gap) { return IsBetween(number, gap); };
-    return std::any_of(contents.gaps.begin(), contents.gaps.end(), isIn) ||
-           std::any_of(contents.holes.begin(), contents.holes.end(), isIn);
+  // The gaps and holes of a tree by the number before them: the greatest number after those that
+  // begin there or earlier.
+  using Room = std::map<std::int64_t, std::int64_t>;
+  static Room RoomIn(TreeContents const& contents) {
+    Room room;
+    for (std::vector<TreeGap> const* const gaps : {&contents.gaps, &contents.holes}) {
+      for (TreeGap const& gap : *gaps) {
+        std::int64_t const before = gap.before == nullptr ? INT64_MIN : gap.before[0];
+        std::int64_t& after = room.try_emplace(before, INT64_MIN).first->second;
+        after = std::max<std::int64_t>(after, gap.after == nullptr ? INT64_MAX : gap.after[0]);
+      }
+    }
+    std::int64_t most = INT64_MIN;
+    for (auto& [before, after] : room) after = most = std::max(most, after);
+    return room;
+  }
+  static bool HasRoomFor(Room const& room, std::int32_t number) {
+    auto const next = room.lower_bound(number);
+    return next != room.begin() && number < std::prev(next)->second;
   }
 
   std::int64_t Distance(ComponentBank const& bank, std::int32_t address) {
@@ -144,11 +167,10 @@ class Finder {
   void TakeIntoNewBanks() {
     std::map<std::int32_t, int> copies;
     std::vector<std::vector<FoundComponent>> banks;
-    for (auto const& [number, address] : records_.Addresses()) {
-      if (used_.count(address) != 0) continue;
+    for (auto const& [number, address] : UnusedRecords()) {
       auto const copy = static_cast<std::size_t>(copies[number]++);
       if (banks.size() <= copy) banks.resize(copy + 1);
-      banks[copy].push_back({number, address, true, false, "its bank is lost"});
+      banks[copy].push_back(Scanned(number, address, "its bank is lost"));
     }
     std::vector<std::size_t> places;
     for (ComponentBank const& bank : banks_) {
@@ -183,9 +205,27 @@ class Finder {
   std::int32_t NumberOf(std::int32_t address) const { return records_.NumberOf(address); }
   std::optional<std::int32_t> Unused(std::int32_t number) const {
     auto const [from, to] = records_.Addresses().equal_range(number);
-    auto const at =
-        std::find_if(from, to, [&](auto const& one) { return used_.count(one.second) == 0; });
-    return at == to ? std::nullopt : std::optional(at->second);
+    std::optional<std::int32_t> outdated;
+    for (auto at = from; at != to; ++at) {
+      if (used_.count(at->second) != 0) continue;
+      if (!records_.IsOutdated(at->second)) return at->second;
+      if (!outdated) outdated = at->second;
+    }
+    return outdated;
+  }
+  // Numbers and addresses, in this order, of the records in use and then of those in free blocks.
+  std::vector<std::pair<std::int32_t, std::int32_t>> UnusedRecords() const {
+    std::vector<std::pair<std::int32_t, std::int32_t>> records;
+    for (auto const& record : records_.Addresses()) {
+      if (used_.count(record.second) == 0) records.emplace_back(record);
+    }
+    std::stable_partition(records.begin(), records.end(), [this](auto const& record) {
+      return !records_.IsOutdated(record.second);
+    });
+    return records;
+  }
+  FoundComponent Scanned(std::int32_t number, std::int32_t address, char const* note) const {
+    return {number, address, true, records_.IsOutdated(address), note};
   }
 
   FoundBanks& all_;

@@ -1,6 +1,7 @@
 // Banks that the directory does not describe any more: they are found by their trees.
 #include <algorithm>
 #include <array>
+#include <list>
 #include <utility>
 
 #include "store/bank_key.h"
@@ -14,24 +15,38 @@ namespace {
 
 constexpr std::int32_t kMostNumber = 99'999'999;
 
-// Moves the contents of a tree to another, unless their keys overlap.
-bool Join(TreeContents& to, TreeContents& from, std::int32_t keyWords) {
-  std::int32_t const* first = to.entries.front().words;
-  std::int32_t const* last = to.entries.back().words;
-  std::int32_t const* otherFirst = from.entries.front().words;
-  std::int32_t const* otherLast = from.entries.back().words;
-  bool const isAfter = CompareKeys(last, otherFirst, keyWords) < 0;
-  if (!isAfter && CompareKeys(otherLast, first, keyWords) >= 0) return false;
-  to.entries.insert(isAfter ? to.entries.end() : to.entries.begin(), from.entries.begin(),
-                    from.entries.end());
-  to.keyless.insert(to.keyless.end(), from.keyless.begin(), from.keyless.end());
-  to.gaps.insert(to.gaps.end(), from.gaps.begin(), from.gaps.end());
-  // The entry between them was in the node that is lost.
-  to.gaps.push_back({isAfter ? last : otherLast, isAfter ? otherFirst : first, 0, 0, true});
-  to.holes.insert(to.holes.end(), from.holes.begin(), from.holes.end());
-  to.nodes.insert(from.nodes.begin(), from.nodes.end());
-  from = {};
+// Trees of one bank, in the order of their keys.
+using Chain = std::list<OrphanTree*>;
+
+// Moves the trees of a chain to another, unless their keys overlap.
+bool Join(Chain& to, Chain& from, std::int32_t keyWords) {
+  auto const first = [](Chain const& chain) {
+    return chain.front()->contents.entries.front().words;
+  };
+  auto const last = [](Chain const& chain) { return chain.back()->contents.entries.back().words; };
+  bool const isAfter = CompareKeys(last(to), first(from), keyWords) < 0;
+  if (!isAfter && CompareKeys(last(from), first(to), keyWords) >= 0) return false;
+  to.splice(isAfter ? to.end() : to.begin(), from);
   return true;
+}
+
+// Moves the contents of all trees of a chain to one of them.
+void Unite(Chain const& chain, OrphanTree& to) {
+  TreeContents all;
+  for (OrphanTree* const tree : chain) {
+    TreeContents const from = std::move(tree->contents);
+    tree->contents = {};
+    // The entry between two of them was in the node that is lost.
+    if (!all.entries.empty()) {
+      all.gaps.push_back({all.entries.back().words, from.entries.front().words, 0, 0, true});
+    }
+    all.entries.insert(all.entries.end(), from.entries.begin(), from.entries.end());
+    all.keyless.insert(all.keyless.end(), from.keyless.begin(), from.keyless.end());
+    all.gaps.insert(all.gaps.end(), from.gaps.begin(), from.gaps.end());
+    all.holes.insert(all.holes.end(), from.holes.begin(), from.holes.end());
+    all.nodes.insert(from.nodes.begin(), from.nodes.end());
+  }
+  to.contents = std::move(all);
 }
 
 }  // namespace
@@ -107,9 +122,13 @@ void FoundBanks::JoinNeighbours(std::vector<OrphanTree>& trees, TreeShape const&
     for (std::int32_t const node : trees[i].contents.nodes) treeOf.emplace(node, i);
   }
   std::vector<std::size_t> into(trees.size());
-  for (std::size_t i = 0; i < into.size(); ++i) into[i] = i;
+  std::vector<Chain> chains(trees.size());
+  for (std::size_t i = 0; i < into.size(); ++i) {
+    into[i] = i;
+    chains[i] = {&trees[i]};
+  }
   auto const group = [&](std::size_t i) {
-    while (into[i] != i) i = into[i];
+    for (; into[i] != i; i = into[i]) into[i] = into[into[i]];
     return i;
   };
   for (auto const& [node, tree] : treeOf) {
@@ -119,8 +138,11 @@ void FoundBanks::JoinNeighbours(std::vector<OrphanTree>& trees, TreeShape const&
       if (other == treeOf.end() || group(other->second) == group(tree)) continue;
       std::size_t const to = group(tree);
       std::size_t const from = group(other->second);
-      if (Join(trees[to].contents, trees[from].contents, shape.keyWords)) into[from] = to;
+      if (Join(chains[to], chains[from], shape.keyWords)) into[from] = to;
     }
+  }
+  for (std::size_t i = 0; i < trees.size(); ++i) {
+    if (chains[i].size() > 1) Unite(chains[i], trees[i]);
   }
   std::erase_if(trees, [](OrphanTree const& tree) { return tree.contents.entries.empty(); });
 }

@@ -87,6 +87,7 @@ std::vector<OrphanTree> OrphanNodes::Trees(TreeShape const& shape,
   auto const found = nodes_.find(WidthsOf(shape));
   if (found == nodes_.end()) return trees;
   ParentMap const& parents = Parents(shape, true);
+  TreeWalk::Budget budget(library_);
   for (std::int32_t const address : found->second) {
     bool const isFree = library_.IsFree(address);
     auto const parent = parents.find(address);
@@ -94,7 +95,7 @@ std::vector<OrphanTree> OrphanNodes::Trees(TreeShape const& shape,
     bool const isTop = parent == parents.end() || parent->second == address ||
                        (library_.IsFree(parent->second) && !isFree);
     if (!isTop) continue;
-    TreeWalk walk(library_, shape, tails_, test);
+    TreeWalk walk(library_, budget, shape, tails_, test);
     OrphanTree tree{address, isFree, walk.From(address)};
     if (!tree.contents.entries.empty()) trees.push_back(std::move(tree));
   }

@@ -9,6 +9,13 @@ namespace zel {
 
 namespace f = format;
 
+TreeWalk::Budget::Budget(BrokenLibrary const& library) {
+  constexpr std::int64_t kVisits = 8;  // of each block; without damage there is one
+  std::int64_t blocks = 0;
+  for (int file = 1; file <= f::kMaxFiles; ++file) blocks += library.Blocks(file);
+  left_ = kVisits * (blocks + 1);
+}
+
 TreeContents TreeWalk::From(std::int32_t root) {
   if (root != f::kNullAddress) Enter(root, 1);
   KeepThoseInOrder();
@@ -22,14 +29,18 @@ void TreeWalk::Miss(std::int32_t link, int level) {
 
 // A damaged link can lead to a node that also has its right place: each is visited a few times, and
 // the order of the keys decides.
-void TreeWalk::Enter(std::int32_t address, int level) {
+bool TreeWalk::MayEnter(std::int32_t address, int level) {
   constexpr int kMostVisits = 3;
+  bool const isLeftOut = (leftOut_ != nullptr && leftOut_->count(address) != 0) ||
+                         (leavesOutFreed_ && library_.WasFreed(address));
+  return !isLeftOut && level <= BTree_i::kMaxDepth &&
+         std::find(path_.begin(), path_.end(), address) == path_.end() &&
+         visitsOf_[address] < kMostVisits && budget_.Take();
+}
+
+void TreeWalk::Enter(std::int32_t address, int level) {
   NodeReading node;
-  bool const isNode =
-      level <= BTree_i::kMaxDepth && (leftOut_ == nullptr || leftOut_->count(address) == 0) &&
-      std::find(path_.begin(), path_.end(), address) == path_.end() &&
-      visitsOf_[address] < kMostVisits && node.Read(library_, address, shape_, tails_);
-  if (!isNode) {
+  if (!MayEnter(address, level) || !node.Read(library_, address, shape_, tails_)) {
     Miss(address == 0 ? -1 : address, level);
     return;
   }

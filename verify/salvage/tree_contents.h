@@ -41,18 +41,32 @@ struct TreeContents {
 
 // Walks from a root through all links that can be followed. Of the entries, those that are in order
 // are kept, as many as possible; a node most of whose entries are out of order is in a wrong place
-// and does not count as reached. Takes no more time than the tree could take, whatever is on file.
+// and does not count as reached.
 class TreeWalk {
  public:
+  // How many nodes walks may visit together: what links of a damaged or a forged library lead to
+  // again and again takes no more time and memory than a few times the library.
+  class Budget {
+   public:
+    explicit Budget(BrokenLibrary const& library);
+    bool Take() noexcept { return left_ > 0 && left_-- > 0; }
+
+   private:
+    std::int64_t left_;
+  };
+
   // Whether an entry can be true at all.
   using Test = std::function<bool(std::int32_t const* entry)>;
 
-  TreeWalk(BrokenLibrary const& library, TreeShape const& shape, NodeReading::Tails tails,
-           Test test)
-      : library_(library), shape_(shape), tails_(tails), test_(std::move(test)) {}
+  // The budget must outlive the walk.
+  TreeWalk(BrokenLibrary const& library, Budget& budget, TreeShape const& shape,
+           NodeReading::Tails tails, Test test)
+      : library_(library), budget_(budget), shape_(shape), tails_(tails), test_(std::move(test)) {}
 
   // Nodes that belong to other trees, whatever leads to them; the set is the caller's.
   void LeaveOut(std::set<std::int32_t> const& nodes) { leftOut_ = &nodes; }
+  // Nodes in blocks that were freed: what leads to them is damaged.
+  void LeaveOutFreed() { leavesOutFreed_ = true; }
 
   // A null root is an empty tree.
   TreeContents From(std::int32_t root);
@@ -76,6 +90,7 @@ class TreeWalk {
     bool IsMisplaced() const noexcept { return entries >= (isLeaf ? 1 : 3) && 2 * kept < entries; }
   };
 
+  bool MayEnter(std::int32_t address, int level);
   void Enter(std::int32_t address, int level);
   void Miss(std::int32_t link, int level);
   void KeepThoseInOrder();
@@ -83,10 +98,12 @@ class TreeWalk {
   TreeContents Contents() const;
 
   BrokenLibrary const& library_;
+  Budget& budget_;
   TreeShape shape_;
   NodeReading::Tails tails_;
   Test test_;
   std::set<std::int32_t> const* leftOut_ = nullptr;
+  bool leavesOutFreed_ = false;
   std::vector<Step> steps_;
   std::vector<Visit> visits_;
   std::map<std::int32_t, int> visitsOf_;
