@@ -144,12 +144,16 @@ void HeldFile::NoteJournaled(std::vector<ChangedPage> const& pages) noexcept {
 
 bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages) {
   PlacedPages placed(*real_, size_);
-  for (ChangedPage const& page : pages) {
-    // From the first sector that changes to the last one: what is between stays the same.
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    ChangedPage const& page = pages[i];
+    // From the first sector that changes to the last one, and to the pages next to it if they
+    // change, too: what is between stays the same, and few writes are enough.
+    bool const isAfterOne = i > 0 && pages[i - 1].page + 1 == page.page;
+    bool const isBeforeOne = i + 1 < pages.size() && page.page + 1 == pages[i + 1].page;
     std::size_t first = 0;
     std::size_t end = kSectorsOfPage;
-    while ((page.changed >> first & 1U) == 0) ++first;
-    while ((page.changed >> (end - 1) & 1U) == 0) --end;
+    while (!isAfterOne && (page.changed >> first & 1U) == 0) ++first;
+    while (!isBeforeOne && (page.changed >> (end - 1) & 1U) == 0) --end;
     if (!placed.Put(page.page, first, end - first, page.bytes + first * kSectorBytes)) return false;
   }
   return placed.Finish();

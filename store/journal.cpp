@@ -13,6 +13,7 @@ constexpr std::size_t kSealBytes = 8;
 constexpr std::size_t kLengthsAt = 32;
 constexpr std::size_t kHeadBytes = kLengthsAt + std::size_t{16} * format::kMaxFiles;
 constexpr std::size_t kPageHeadBytes = 16;
+constexpr std::size_t kWrittenAtOnce = std::size_t{256} << 10;
 constexpr unsigned kAllSectors = (1U << kSectorsOfPage) - 1;
 constexpr std::size_t kLongestPage =
     kPageHeadBytes + kSectorsOfPage * sizeof(std::uint64_t) + kPageBytes;
@@ -80,11 +81,26 @@ bool PlacedPages::Put(std::uint64_t page, std::size_t sector, std::size_t sector
   if (from >= end) return true;
   auto const count =
       static_cast<std::size_t>(std::min<std::uint64_t>(sectors * kSectorBytes, end - from));
-  return file_.WriteInSectors(from, bytes, count) == static_cast<std::int64_t>(count);
+  bool const isNext = from == runFrom_ + run_.size() && run_.size() < kWrittenAtOnce;
+  if (!isNext) {
+    if (!WriteRun()) return false;
+    runFrom_ = from;
+  }
+  run_.insert(run_.end(), bytes, bytes + count);
+  return true;
+}
+
+bool PlacedPages::WriteRun() {
+  std::size_t const count = run_.size();
+  if (count == 0) return true;
+  auto const written = file_.WriteInSectors(runFrom_, run_.data(), count);
+  run_.clear();
+  return written == static_cast<std::int64_t>(count);
 }
 
 bool PlacedPages::Finish() {
   std::byte const zero{};
+  if (!WriteRun()) return false;
   if (file_.Size() < length_) return file_.WriteInSectors(length_ - 1, &zero, 1) == 1;
   // What is cut off must not be on disk without the end of what stays.
   return file_.Size() == length_ || (file_.Flush() && file_.CutTo(length_));
@@ -92,14 +108,20 @@ bool PlacedPages::Finish() {
 
 // --- writing -----------------------------------------------------------------------------------
 
-bool JournalWriter::Put(std::byte const* bytes, std::size_t count) {
+void JournalWriter::Put(std::byte const* bytes, std::size_t count) {
   hash_ = HashOf(bytes, count, hash_);
-  if (file_.WriteAt(at_, bytes, count) != static_cast<std::int64_t>(count)) return false;
-  at_ += count;
-  return true;
+  buffer_.insert(buffer_.end(), bytes, bytes + count);
 }
 
-bool JournalWriter::PutPage(ChangedPage const& page) {
+bool JournalWriter::WriteBuffer() {
+  std::size_t const count = buffer_.size();
+  auto const written = file_.WriteAt(at_, buffer_.data(), count);
+  buffer_.clear();
+  at_ += count;
+  return written == static_cast<std::int64_t>(count);
+}
+
+void JournalWriter::PutPage(ChangedPage const& page) {
   std::array<std::byte, kPageHeadBytes + kSectorsOfPage * 8 + kPageBytes> record;
   Put32(record.data(), static_cast<std::uint32_t>(page.file));
   Put32(record.data() + 4, page.changed);
@@ -115,7 +137,7 @@ bool JournalWriter::PutPage(ChangedPage const& page) {
     std::memcpy(to, page.bytes + i * kSectorBytes, kSectorBytes);
     to += kSectorBytes;
   }
-  return Put(record.data(), static_cast<std::size_t>(to - record.data()));
+  Put(record.data(), static_cast<std::size_t>(to - record.data()));
 }
 
 bool JournalWriter::Append(std::vector<ChangedPage> const& pages, LengthsOfFiles const& lengths) {
@@ -132,12 +154,18 @@ bool JournalWriter::Append(std::vector<ChangedPage> const& pages, LengthsOfFiles
   }
   at_ = end_;
   hash_ = seal_;
-  bool good = Put(head.data(), head.size());
-  for (ChangedPage const& page : pages) good = good && PutPage(page);
+  buffer_.clear();
+  Put(head.data(), head.size());
+  bool good = true;
+  for (ChangedPage const& page : pages) {
+    PutPage(page);
+    if (buffer_.size() >= kWrittenAtOnce) good = good && WriteBuffer();
+  }
   std::byte seal[kSealBytes];
   std::uint64_t const hash = hash_;
   Put64(seal, hash);
-  good = good && Put(seal, sizeof seal) && file_.Flush();
+  Put(seal, sizeof seal);
+  good = good && WriteBuffer() && file_.Flush();
   if (!good) {
     file_.CutTo(end_);
     return false;

@@ -70,14 +70,19 @@ class PlacedPages {
   // For a file of that new length.
   PlacedPages(platform::BlockFile& file, std::uint64_t length) noexcept
       : file_(file), length_(length) {}
-  // Writes the sectors of a page from the n-th on. False on failure.
+  // Writes the sectors of a page from the n-th on, in ascending order. Those that follow each other
+  // are written together, at the latest by Finish. False on failure.
   bool Put(std::uint64_t page, std::size_t sector, std::size_t sectors, std::byte const* bytes);
   // Sets the length. False on failure.
   bool Finish();
 
  private:
+  bool WriteRun();
+
   platform::BlockFile& file_;
   std::uint64_t length_;
+  std::uint64_t runFrom_ = 0;
+  std::vector<std::byte> run_;
 };
 
 // Appends commits.
@@ -94,14 +99,16 @@ class JournalWriter {
   std::uint64_t Length() const noexcept { return end_; }
 
  private:
-  bool Put(std::byte const* bytes, std::size_t count);
-  bool PutPage(ChangedPage const& page);
+  void Put(std::byte const* bytes, std::size_t count);
+  void PutPage(ChangedPage const& page);
+  bool WriteBuffer();
 
   platform::BlockFile& file_;
-  std::uint64_t end_ = 0;   // of the last whole commit
-  std::uint64_t at_ = 0;    // of what is being written
+  std::uint64_t end_ = 0;  // of the last whole commit
+  std::uint64_t at_ = 0;   // of what is written of the next one, the buffer after it
+  std::vector<std::byte> buffer_;
   std::uint64_t seal_ = 0;  // of the last whole commit
-  std::uint64_t hash_ = 0;  // of what is being written
+  std::uint64_t hash_ = 0;  // of the next one
 };
 
 // What the commits of a journal make of a sector, and of a file.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "desk/files/folder.h"
 #include "desk/open/change_places.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
@@ -106,11 +107,10 @@ std::string LibraryPath::FindSource(std::string const& word) const {
 std::vector<std::string> LibraryPath::LibrariesIn(std::string const& folder) {
   std::vector<std::string> files;
   if (!Exists(folder) || !fs::is_directory(folder)) return files;
-  for (fs::directory_entry const& entry : fs::directory_iterator(folder)) {
-    std::string name = entry.path().filename().string();
-    if (EndsAsLibrary(name) && name[0] != '.' && entry.exists() && !entry.is_directory()) {
-      files.push_back(std::move(name));
-    }
+  for (std::string& name : NamesIn(folder)) {
+    if (!EndsAsLibrary(name) || name[0] == '.') continue;
+    fs::file_status const status = fs::status(fs::path(folder) / name);
+    if (fs::exists(status) && !fs::is_directory(status)) files.push_back(std::move(name));
   }
   std::sort(files.begin(), files.end());
   return files;

@@ -61,7 +61,7 @@ class HeldCrashTest : public ::testing::Test {
     std::copy(bytes.begin(), bytes.end(), expected.begin() + static_cast<std::ptrdiff_t>(offset));
   }
   void AtMoment(bool isPowerCut) {
-    constexpr std::uint64_t kOneOf = 200;
+    constexpr std::uint64_t kOneOf = 20;
     // The few moments at which files are synced or cut are all of interest.
     bool const isRare = system_.Syncs() != syncs_;
     syncs_ = system_.Syncs();

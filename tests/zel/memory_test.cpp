@@ -2,7 +2,7 @@
 // line that says so, or did not need that memory for its result; it never crashes, and its change
 // is made as a whole or not at all.
 //
-// There are many requests, so only some are refused, at most fifty of each command; the environment
+// There are many requests, so only some are refused, at most 25 of each command; the environment
 // variable ZEL_MEMORY_STEP sets the distance between two of them, 1 means all.
 #include <algorithm>
 #include <cstdlib>
@@ -14,7 +14,7 @@ namespace zel::test {
 namespace {
 
 constexpr long kLeastStep = 97;
-constexpr long kMostRefusals = 50;
+constexpr long kMostRefusals = 25;
 
 // The distance between two refusals for a command that makes this many requests.
 long StepOf(long requests) {
@@ -119,11 +119,39 @@ TEST_F(MemoryTest, Export) { RefuseInLook("export own/own.lb1 -o out.xml"); }
 TEST_F(MemoryTest, Dump) { RefuseInLook("dump own/own.lb1"); }
 TEST_F(MemoryTest, List) { RefuseInLook("list p.lst --build crc.lb1 --filter '*butane'"); }
 
+TEST_F(MemoryTest, Pairs) { RefuseInLook("pairs NRTL --fields bij -l sample.lb1"); }
+TEST_F(MemoryTest, Template) { RefuseInLook("template NRTL"); }
+TEST_F(MemoryTest, References) { RefuseInLook("refs sample.lb1"); }
+TEST_F(MemoryTest, ReferencesAsBibTeX) { RefuseInLook("refs sample.lb1 -o refs.bib"); }
+TEST_F(MemoryTest, Parameters) { RefuseInLook("parameters sample.lb1"); }
+TEST_F(MemoryTest, ExportTable) { RefuseInLook("export sample.lb1 --bank NRTL --table out.csv"); }
+TEST_F(MemoryTest, Log) {
+  Good("set own/own.lb1 --description x");
+  RefuseInLook("log own/own.lb1");
+}
+TEST_F(MemoryTest, Path) { RefuseInLook("path"); }
+TEST_F(MemoryTest, Compare) {
+  Good("copy perry.lb1 small.lb1 --create --bank PERRY --item ETHANOL");
+  RefuseInLook("compare small.lb1 crc.lb1 --codes --missing");
+}
+
 TEST_F(MemoryTest, Set) { RefuseInChange("set own/own.lb1 --description x"); }
 TEST_F(MemoryTest, SetMemo) { RefuseInChange("memo own/own.lb1 --set x"); }
 TEST_F(MemoryTest, Copy) { RefuseInChange("copy sample.lb1 own/own.lb1 --bank RACKETT"); }
 TEST_F(MemoryTest, Delete) { RefuseInChange("delete own/own.lb1 OCTANE --whole-bank"); }
 TEST_F(MemoryTest, Create) { RefuseInChange("create own/own.lb1 --force --description x"); }
+TEST_F(MemoryTest, AddReference) {
+  RefuseInChange("refs own/own.lb1 add 11 words --doi 10.1000/182");
+}
+TEST_F(MemoryTest, SetParameter) {
+  RefuseInChange("parameters own/own.lb1 set OCTANE:SAMPLE mon words --unit K");
+}
+TEST_F(MemoryTest, Renumber) { RefuseInChange("renumber own/own.lb1 10000007 21000001"); }
+TEST_F(MemoryTest, Merge) { RefuseInChange("merge own/own.lb1 sample.lb1 --theirs"); }
+TEST_F(MemoryTest, Edit) { RefuseInChange("edit own/own.lb1 OCTANE 10000007 MON 90"); }
+TEST_F(MemoryTest, Flatten) {
+  RefuseInChange("flatten perry.lb1 -o own/own.lb1 --force --components ETHANOL");
+}
 TEST_F(MemoryTest, Salvage) { RefuseInChange("salvage sample.lb1 own/own.lb1 --force"); }
 TEST_F(MemoryTest, Import) {
   Good("export sample.lb1 --bank RACKETT -o bank.xml");

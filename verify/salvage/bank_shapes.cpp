@@ -102,6 +102,14 @@ BankShape const* NearestShape(std::int32_t const* entry, std::string const& type
   return best;
 }
 
+// The first format of that shape; null if there is no such format.
+BankShape const* ShapeOf(TreeShape const& shape) {
+  auto const& all = BankShapes();
+  auto const at = std::find_if(all.begin(), all.end(),
+                               [&](BankShape const& one) { return one.shape == shape; });
+  return at == all.end() ? nullptr : &*at;
+}
+
 }  // namespace
 
 std::vector<BankShape> const& BankShapes() {
@@ -146,6 +154,8 @@ BankHeading ReadBankEntry(BrokenLibrary const& library, std::int32_t const* entr
   bool const isPacked = IsPacked(entry, heading.type, heading.name);
   // A text that is whole is hardly that of another type, but a byte of it can be damaged.
   BankShape const* known = NearestShape(entry, heading.type, isPacked ? 2 : 9);
+  // Only components have records in blocks of their own.
+  if (known == nullptr && heading.shape.isAddressed) known = ShapeOf(heading.shape);
   bool const isText = std::all_of(heading.name.begin(), heading.name.end(),
                                   [](char c) { return c >= ' ' && c <= '~'; });
   if (!isText) heading.name.clear();
