@@ -59,7 +59,12 @@ WorkFolder::WorkFolder(std::string const& library, std::string const& shownAs)
       lock_(MakeLockedFolder(folder_, shownAs)) {}
 
 WorkFolder::~WorkFolder() {
-  if (!folder_.empty()) RemoveFolder(folder_);
+  if (folder_.empty()) return;
+  try {
+    RemoveFolder(folder_);
+  } catch (std::bad_alloc const&) {
+    // The next change of the library removes it.
+  }
 }
 
 std::string WorkFolder::First() const {

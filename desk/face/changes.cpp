@@ -231,9 +231,10 @@ Table UndoLastChange(std::string const& library, ChangeSettings const& settings)
       Library const old = Library::OpenRead(session, undo.version.first.string());
       return DifferencesOf(undo.change.Open(), old, options);
     }();
+    Table shown = InDisplayUnits(differences, session.units);
     undo.change.Restore(undo.version);
     if (!settings.dryRun) undo.change.PutInPlace();
-    return InDisplayUnits(differences, session.units);
+    return shown;
   });
 }
 

@@ -48,21 +48,16 @@ std::string Reason(zel::openErrors error, std::string const& path) {
   }
 }
 
-zel::LibFile* Checked(zel::LibFile* file, std::string const& path, zel::openErrors error) {
-  if (file == nullptr) ThrowOpenError(error, path);
-  return file;
-}
-
 }  // namespace
 
 std::string ToText(BankName const& bank) { return bank.type + ":" + bank.name; }
 
-Library::Library(Session& session, std::string path, zel::LibFile* file)
+Library::Library(Session& session, std::string path, zel::Handle<zel::LibFile> file)
     : session_(&session),
       path_(std::move(path)),
       unread_(std::make_unique<UnreadItems>(session, path_)),
-      file_(file),
-      maint_(zel::LibMaint::NewLibMaint(file)) {
+      file_(std::move(file)),
+      maint_(zel::LibMaint::NewLibMaint(file_.get())) {
   zel::SetItemFindings(file_.get(), unread_.get());
 }
 
@@ -88,8 +83,9 @@ Library Library::OpenRead(Session& session, std::string const& path, std::string
   std::string const& shown = shownAs.empty() ? path : shownAs;
   session.NoteOpened(path, shown);
   zel::openErrors error = zel::openFailed;
-  zel::LibFile* const file = zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error);
-  return {session, shown, Checked(file, shown, error)};
+  zel::Handle<zel::LibFile> file(zel::LibFile::OpenLibFile(zel::accRead, path.c_str(), "", error));
+  if (!file) ThrowOpenError(error, shown);
+  return {session, shown, std::move(file)};
 }
 
 Library Library::OpenUpdate(Session& session, std::string const& path, std::string const& password,
@@ -104,16 +100,18 @@ Library Library::OpenUpdate(Session& session, std::string const& path, std::stri
     options.writes = zel::writesMarked;
     options.unclean = zel::uncleanVerified;
   }
-  zel::LibFile* const file = zel::OpenLibrary(path.c_str(), options, error);
-  return {session, shown, Checked(file, shown, error)};
+  zel::Handle<zel::LibFile> file(zel::OpenLibrary(path.c_str(), options, error));
+  if (!file) ThrowOpenError(error, shown);
+  return {session, shown, std::move(file)};
 }
 
 Library Library::Create(Session& session, zel::libTypes kind, std::string const& path,
                         std::string const& shownAs) {
   session.NoteOpened(path, shownAs);
   zel::openErrors error = zel::openFailed;
-  zel::LibFile* const file = zel::LibFile::NewLibFile(kind, path.c_str(), error);
-  return {session, shownAs, Checked(file, shownAs, error)};
+  zel::Handle<zel::LibFile> file(zel::LibFile::NewLibFile(kind, path.c_str(), error));
+  if (!file) ThrowOpenError(error, shownAs);
+  return {session, shownAs, std::move(file)};
 }
 
 std::vector<BankName> Library::Banks(std::string const& type) const {

@@ -73,7 +73,7 @@ class Library {
   void Close();
 
  private:
-  Library(Session& session, std::string path, zel::LibFile* file);
+  Library(Session& session, std::string path, zel::Handle<zel::LibFile> file);
 
   Session* session_;
   std::string path_;
