@@ -18,7 +18,7 @@ install(FILES ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
               ${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
 # Folders below the prefix move with it; absolute ones stay where they are.
-foreach(folder LIBDIR INCLUDEDIR)
+foreach(folder LIBDIR INCLUDEDIR DATADIR)
   set(pc_${folder} ${CMAKE_INSTALL_${folder}})
   if(NOT IS_ABSOLUTE "${pc_${folder}}")
     set(pc_${folder} "\${prefix}/${pc_${folder}}")
@@ -31,8 +31,13 @@ if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
   string(REGEX REPLACE "/$" "" pc_PREFIX "\${pcfiledir}/${pc_PREFIX}")
 endif()
 set(pc_requires "")
+# The C interface: a host in C links one shared library, but all static ones.
+set(pc_c_requires "Requires.private: zeldesk")
+set(pc_c_libraries "")
 if(zel_kind STREQUAL "STATIC")
   set(pc_requires "libxml-2.0")
+  set(pc_c_requires "Requires: libxml-2.0")
+  set(pc_c_libraries " -lZelDesk -lZelAccess -lcsv -lstdc++ -lm")
 endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/zelaccess.pc.in ${PROJECT_BINARY_DIR}/zelaccess.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zelaccess.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

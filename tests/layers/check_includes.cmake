@@ -81,8 +81,9 @@ endfunction()
 check_rooms(desk desk/ "" words files open notes compare pictures findings pages tables annotate change combine edit face)
 check_rooms(hosts/zel "" desk output commands)
 
-# The module for Python uses the public headers only: none of the desk's rooms.
-file(GLOB_RECURSE sources ${SOURCE_DIR}/hosts/python/*.cpp ${SOURCE_DIR}/hosts/python/*.h)
+# The module for Python and the C interface use the public headers only: none of the desk's rooms.
+file(GLOB_RECURSE sources ${SOURCE_DIR}/hosts/python/*.cpp ${SOURCE_DIR}/hosts/python/*.h
+     ${SOURCE_DIR}/hosts/c/*.cpp ${SOURCE_DIR}/hosts/c/*.h)
 foreach(source ${sources})
   file(STRINGS ${source} includes REGEX "^[ \t]*#[ \t]*include[ \t]*\"[^\"]*/")
   foreach(line ${includes})

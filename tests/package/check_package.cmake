@@ -2,7 +2,8 @@
 # package offers.
 #   cmake -D BUILD_DIR=<build> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D READELF=<readelf>
 #         -D GENERATOR=<build tool> -D VERSION=<version> -D SOVERSION=<number in the soname>
-#         -D ZEL=<ON when zel is built> -P check_package.cmake
+#         -D ZEL=<ON when zel is built> -D C_COMPILER=<cc> -D FORTRAN=<gfortran, or nothing>
+#         -P check_package.cmake
 cmake_minimum_required(VERSION 3.20)
 
 function(run)
@@ -49,6 +50,7 @@ run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${work}/host
 run(${CMAKE_COMMAND} --build ${work}/host)
 run(${work}/host/small_host)
 run(${work}/host/desk_host)
+run(${work}/host/c_host)
 
 file(GLOB pc ${work}/prefix/lib*/pkgconfig ${work}/prefix/lib*/*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} ${pc})
@@ -80,3 +82,26 @@ separate_arguments(flags UNIX_COMMAND "${flags}")
 run(${COMPILER} -std=c++17 ${SOURCE_DIR}/host/desk_host.cpp -o ${work}/desk_host ${flags}
     -Wl,-rpath,${libdir})
 run(${work}/desk_host)
+
+# The C interface: one library to link, and the source of the module for Fortran.
+execute_process(COMMAND pkg-config --cflags --libs zelc
+                RESULT_VARIABLE failed OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(failed OR NOT flags MATCHES "-lZelC" OR flags MATCHES "-lZelDesk")
+  message(FATAL_ERROR "pkg-config does not know zelc, or not as one library: ${flags}")
+endif()
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(${C_COMPILER} -std=c99 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/c_host.c
+    -o ${work}/c_host ${flags} -Wl,-rpath,${libdir})
+run(${work}/c_host)
+execute_process(COMMAND pkg-config --variable=fortran_module zelc
+                OUTPUT_VARIABLE module OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(NOT EXISTS ${module})
+  message(FATAL_ERROR "no module for Fortran is installed: \"${module}\"")
+endif()
+if(FORTRAN)
+  execute_process(COMMAND ${FORTRAN} -std=f2003 -c ${module} WORKING_DIRECTORY ${work}
+                  RESULT_VARIABLE failed ERROR_VARIABLE out)
+  if(failed OR NOT EXISTS ${work}/zelaccess.mod)
+    message(FATAL_ERROR "the installed module for Fortran does not compile\n${out}")
+  endif()
+endif()

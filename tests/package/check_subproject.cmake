@@ -2,7 +2,8 @@
 # requested; then its package and its pkg-config file work for programs, with folders of the library
 # and of the headers outside the prefix, and zel works without a shared library.
 #   cmake -D WORK_DIR=<scratch> -D SOURCE_DIR=<this folder> -D COMPILER=<c++> -D GENERATOR=<build tool>
-#         -D VERSION=<version> -D ZEL=<ON when zel is to be built> -P check_subproject.cmake
+#         -D VERSION=<version> -D ZEL=<ON when zel is to be built> -D C_COMPILER=<cc>
+#         -P check_subproject.cmake
 cmake_minimum_required(VERSION 3.21)
 
 function(run)
@@ -25,14 +26,14 @@ endfunction()
 file(REMOVE_RECURSE ${WORK_DIR}/plain ${WORK_DIR}/whole ${WORK_DIR}/lib ${WORK_DIR}/inc ${WORK_DIR}/host
      ${WORK_DIR}/data)
 
-install_parent(${WORK_DIR}/plain -U ZELACCESS_INSTALL -U ZELACCESS_ZEL -U CMAKE_INSTALL_LIBDIR
+install_parent(${WORK_DIR}/plain -U ZELACCESS_INSTALL -U ZELACCESS_ZEL -U ZELACCESS_C -U CMAKE_INSTALL_LIBDIR
                -U CMAKE_INSTALL_INCLUDEDIR)
 file(GLOB_RECURSE installed RELATIVE ${WORK_DIR}/plain ${WORK_DIR}/plain/*)
 if(NOT installed STREQUAL "bin/parent")
   message(FATAL_ERROR "a subproject installed files of its own: ${installed}")
 endif()
 
-install_parent(${WORK_DIR}/whole -D ZELACCESS_INSTALL=ON -D ZELACCESS_ZEL=${ZEL}
+install_parent(${WORK_DIR}/whole -D ZELACCESS_INSTALL=ON -D ZELACCESS_ZEL=${ZEL} -D ZELACCESS_C=ON
                -D CMAKE_INSTALL_LIBDIR=${WORK_DIR}/lib -D CMAKE_INSTALL_INCLUDEDIR=${WORK_DIR}/inc)
 foreach(file lib/libZelAccess.a inc/zelaccess/LibMaint_p.h)
   if(NOT EXISTS ${WORK_DIR}/${file})
@@ -57,6 +58,7 @@ run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${WORK_DIR}/host
     -D ZelAccess_DIR=${WORK_DIR}/lib/cmake/ZelAccess -D CMAKE_CXX_COMPILER=${COMPILER})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/host)
 run(${WORK_DIR}/host/small_host)
+run(${WORK_DIR}/host/c_host)
 
 set(ENV{PKG_CONFIG_PATH} ${WORK_DIR}/lib/pkgconfig)
 execute_process(COMMAND pkg-config --cflags --libs zelaccess RESULT_VARIABLE failed
@@ -68,3 +70,14 @@ separate_arguments(flags UNIX_COMMAND "${flags}")
 run(${COMPILER} -std=c++17 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/small_host.cpp
     -o ${WORK_DIR}/host/by_pkg_config ${flags})
 run(${WORK_DIR}/host/by_pkg_config)
+
+# A host in C also links what is in C++.
+execute_process(COMMAND pkg-config --cflags --libs zelc RESULT_VARIABLE failed
+                OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(failed)
+  message(FATAL_ERROR "pkg-config does not know zelc")
+endif()
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(${C_COMPILER} -std=c99 -D PACKAGE_VERSION="${VERSION}" ${SOURCE_DIR}/host/c_host.c
+    -o ${WORK_DIR}/host/c_by_pkg_config ${flags})
+run(${WORK_DIR}/host/c_by_pkg_config)

@@ -1,0 +1,9 @@
+set(c_TEST_SOURCES
+    columns_test.cpp
+    desk_test.cpp
+    documents_test.cpp
+    library_test.cpp
+    memory_test.cpp
+    null_test.cpp
+    search_test.cpp
+    text_test.cpp)
