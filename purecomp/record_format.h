@@ -28,6 +28,7 @@ enum MainWord : int {
   kSmiles = 210
 };
 inline constexpr int kIdWords = 2;
+inline constexpr int kMostIds = 12;
 inline constexpr int kNameWords = 10;
 inline constexpr int kFormulaWords = 5;
 inline constexpr int kSmilesWords = 25;

@@ -90,6 +90,7 @@ void FillComponent(Bench& bench, int at) {
 
 void MakeLibrary(Bench& bench, char const* file, int components, int pairs) {
   openErrors error{};
+  bench.maint.reset();  // before the library that it belongs to
   bench.library.reset(LibFile::NewLibFile(libKind11, bench.Path(file), error));
   Check(error == openOk, "NewLibFile");
   bench.maint.reset(LibMaint::NewLibMaint(bench.library.get()));

@@ -187,10 +187,13 @@ struct Printer final : ZelSalvageSink {
 };
 
 struct Damages final : ZelFindingSink {
-  void Found(zelFindings severity, char const*, char const*, char const*) override {
-    if (severity == findingDamage) ++count;
+  void Found(zelFindings severity, char const*, char const* place, char const* text) override {
+    if (severity != findingDamage) return;
+    ++count;
+    if (isShown) std::printf("  damage: %s: %s\n", place, text);
   }
   int count = 0;
+  bool isShown = false;
 };
 
 // The damaged library; the same for the same seed.
@@ -227,6 +230,7 @@ bool Salvage(LibraryBytes const& broken, bool show, Counts& counts, StoredItems&
   counts.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   if (rescued.ReopenLibFile() != openOk) std::abort();
   Damages damages;
+  damages.isShown = show;
   VerifyLibrary(&rescued, damages);
   counts.unsound = damages.count > 0 ? 1 : 0;
   rescued.CloseLibFile();

@@ -108,6 +108,30 @@ TEST_F(SalvageComponentsTest, RecordOfZerosIsLostAndNamed) {
   EXPECT_EQ(Told(1030)->text, "its record cannot be read");
 }
 
+// Damage can give two components the same ID, of letters that no writer stores.
+TEST_F(SalvageComponentsTest, IdsThatCannotBeTrueAreLeftOut) {
+  MakeComponents();
+  for (std::int32_t const number : {1020, 1030}) {
+    PutWord(1, RecordOf(number) + 4 * std::size_t{r::kIds}, -1'111'111'111);
+  }
+  ASSERT_EQ(Salvage(), openOk);
+  EXPECT_EQ(Missing().size(), 2U);
+  EXPECT_EQ(counts_.altered, 2);
+  ASSERT_NE(Told(1030), nullptr);
+  EXPECT_EQ(Told(1030)->state, salvageAltered);
+  EXPECT_EQ(Told(1030)->text, "missing: 1 ID");
+}
+
+// The bank's entry names a type that does not exist; records in blocks of their own are those of
+// components, whose addresses are made anew.
+TEST_F(SalvageComponentsTest, BankOfAnUnknownTypeIsOneOfComponents) {
+  MakeComponents();
+  PutWord(2, EntryOf("PURECOMP", "OWN"), 12'345'678);
+  PutWord(2, EntryOf("PURECOMP", "OWN") + 4, 87'654'321);
+  ASSERT_EQ(Salvage(), openOk);
+  ExpectAll();
+}
+
 TEST_F(SalvageComponentsTest, PartsThatCannotBeReadAreNamed) {
   MakeComponents();
   std::int32_t const nan = std::bit_cast<std::int32_t>(std::numeric_limits<float>::quiet_NaN());

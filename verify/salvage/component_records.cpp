@@ -4,7 +4,9 @@
 #include <bit>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 
+#include "store/packed_text.h"
 #include "zelaccess/Types.h"
 
 namespace zel {
@@ -101,9 +103,33 @@ bool ComponentRecords::Copy(std::int32_t address, std::int32_t number, Component
     ++bad;
   }
   if (bad > 0) to.missing.push_back(Listed(bad, "constant", "constants"));
+  DropIds(to);
   CopyStructures(to);
   CopyCorrelations(to);
   return true;
+}
+
+// IDs with letters that no writer stores, which damage has made; the others move up.
+void ComponentRecords::DropIds(ComponentWords& to) {
+  int kept = 0;
+  int dropped = 0;
+  for (int i = 0; i < r::kMostIds; ++i) {
+    std::int32_t* const words = &to.main[static_cast<std::size_t>(r::kIds + r::kIdWords * i)];
+    char id[f::kWordBytes * r::kIdWords + 1];
+    WordsToText(words, r::kIdWords, id);
+    bool const isText =
+        std::all_of(id, id + std::strlen(id), [](char c) { return c >= ' ' && c <= '~'; });
+    if (isText) {
+      std::copy_n(words, r::kIdWords,
+                  &to.main[static_cast<std::size_t>(r::kIds + r::kIdWords * kept++)]);
+    } else {
+      ++dropped;
+    }
+  }
+  for (; kept < r::kMostIds; ++kept) {
+    TextToWords("", &to.main[static_cast<std::size_t>(r::kIds + r::kIdWords * kept)], r::kIdWords);
+  }
+  if (dropped > 0) to.missing.push_back(Listed(dropped, "ID", "IDs"));
 }
 
 void ComponentRecords::CopyStructures(ComponentWords& to) const {

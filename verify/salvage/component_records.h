@@ -46,6 +46,7 @@ class ComponentRecords {
   bool Copy(std::int32_t address, std::int32_t number, ComponentWords& to) const;
 
  private:
+  static void DropIds(ComponentWords& to);
   void CopyStructures(ComponentWords& to) const;
   void CopyCorrelations(ComponentWords& to) const;
   bool CopyOldCorrelations(ComponentWords& to) const;

@@ -29,7 +29,6 @@ namespace r = record;
 namespace {
 
 constexpr std::int32_t kMostCoded = 99'999'999;
-constexpr int kIdsOfComponent = 12;
 
 std::string KeyText(std::int32_t const* words, std::int32_t count) {
   std::string text;
@@ -286,7 +285,7 @@ void Salvage::Component(FoundComponent const& component) {
 
 void Salvage::NoteIdentifiers(ComponentWords const& words) {
   std::int32_t const number = words.main[r::kNumber];
-  for (int i = 0; i < kIdsOfComponent; ++i) {
+  for (int i = 0; i < r::kMostIds; ++i) {
     char id[f::kWordBytes * r::kIdWords + 1];
     WordsToText(&words.main[static_cast<std::size_t>(r::kIds + r::kIdWords * i)], r::kIdWords, id);
     if (id[0] == '\0') break;
