@@ -2,6 +2,7 @@
 // and update sessions on damaged libraries.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <random>
 
@@ -9,6 +10,7 @@
 #include "store/bank_key.h"
 #include "store/key.h"
 #include "tests/support/sample_library.h"
+#include "tests/support/sanitizers.h"
 
 namespace zel {
 namespace {
@@ -35,9 +37,13 @@ class CraftedTest : public ::testing::Test, protected test::SampleFiles {
   Bytes original2_;
 };
 
+// Under a sanitizer, each word gets one in three of them, unless ZEL_DAMAGE_ALL is set.
 TEST_F(CraftedTest, HostileWordsInHeaderTableAndHeads) {
+  bool const isSampled = ZEL_ADDRESS_SANITIZER && std::getenv("ZEL_DAMAGE_ALL") == nullptr;
   for (std::size_t byte = 0; byte < 2096; byte += 4) {
+    std::size_t turn = byte / 4;
     for (std::int32_t word : kHostile) {
+      if (isSampled && turn++ % 3 != 0) continue;
       Put(test::kSamplePath, byte, word);
       test::ReadEverything(files_);
       Restore();
