@@ -63,7 +63,7 @@ std::string WholePath(char const* path, char const* name) {
 // Passes findings on to a function of the host.
 class Passed final : public zel::ZelDataFindingSink {
  public:
-  Passed(zel_finding_function function, void* user) : function_(function), user_(user) {}
+  Passed(zel_finding_function callback, void* user) : callback_(callback), user_(user) {}
 
   void Found(zel::zelFindings severity, char const* id, char const* place,
              char const* text) override {
@@ -75,7 +75,7 @@ class Passed final : public zel::ZelDataFindingSink {
     FoundData(finding);
   }
   void FoundData(zel::ZelDataFinding const& found) override {
-    if (function_ == nullptr) return;
+    if (callback_ == nullptr) return;
     std::string const texts[] = {zelc::Utf8(found.id), zelc::Utf8(found.place),
                                  zelc::Utf8(found.datum), zelc::Utf8(found.unit),
                                  zelc::Utf8(found.text)};
@@ -85,11 +85,11 @@ class Passed final : public zel::ZelDataFindingSink {
     zel_finding const finding = {found.severity,     texts[0].c_str(),        texts[1].c_str(),
                                  texts[2].c_str(),   texts[3].c_str(),        texts[4].c_str(),
                                  orNan(found.value), orNan(found.temperature)};
-    if (function_(&finding, user_) != 0) throw Refusal(ZEL_STOPPED, "the check was stopped");
+    if (callback_(&finding, user_) != 0) throw Refusal(ZEL_STOPPED, "the check was stopped");
   }
 
  private:
-  zel_finding_function function_;
+  zel_finding_function callback_;
   void* user_;
 };
 
@@ -151,12 +151,12 @@ zel_status zel_document_describe(char const* path, zel_document_facts* facts) {
   });
 }
 
-zel_status zel_library_check(zel_library* library, int32_t part, zel_finding_function function,
+zel_status zel_library_check(zel_library* library, int32_t part, zel_finding_function callback,
                              void* user, int32_t* is_sound) {
   return Guarded([&] {
     zel::LibFile* const file = Need(library, "library").file.get();
     zelc::NeedAmong(part, ZEL_CHECK_STRUCTURE, ZEL_CHECK_DATA, "part");
-    Passed passed(function, user);
+    Passed passed(callback, user);
     bool const isSound = part == ZEL_CHECK_STRUCTURE
                              ? zel::VerifyLibrary(file, passed)
                              : zel::CheckLibraryData({file, nullptr}, {}, passed);

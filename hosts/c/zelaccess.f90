@@ -454,12 +454,12 @@ module zelaccess
       type(zel_document_facts), intent(inout) :: facts
       integer(c_int32_t) :: outcome
     end function zel_document_describe
-    function zel_library_check(library, part, function, user, is_sound) bind(c, &
+    function zel_library_check(library, part, callback, user, is_sound) bind(c, &
         name="zel_library_check") result(outcome)
       import
       type(c_ptr), value :: library
       integer(c_int32_t), value :: part
-      type(c_funptr), value :: function
+      type(c_funptr), value :: callback
       type(c_ptr), value :: user
       integer(c_int32_t), intent(inout) :: is_sound
       integer(c_int32_t) :: outcome

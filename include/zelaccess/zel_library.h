@@ -231,12 +231,12 @@ ZEL_C_API zel_status zel_document_describe(char const* path, zel_document_facts*
 /// the data of several libraries.
 /// \param library   the library
 /// \param part      one of zel_check_parts; check the structure before the data
-/// \param function  receives the findings; may be null
-/// \param user      passed to `function`; may be null
+/// \param callback  receives the findings; may be null
+/// \param user      passed to `callback`; may be null
 /// \param is_sound  receives 1 if there was no damage and no error, else 0; may be null
 /// \return ZEL_OK when the check is complete, whatever it found; ZEL_STOPPED
 ZEL_C_API zel_status zel_library_check(zel_library* library, int32_t part,
-                                       zel_finding_function function, void* user,
+                                       zel_finding_function callback, void* user,
                                        int32_t* is_sound);
 ///@}
 

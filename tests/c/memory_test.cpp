@@ -1,4 +1,5 @@
 // Memory is refused from each request on: a status, no handle, and the call works afterwards.
+#include <cstdlib>
 #include <functional>
 
 #include "c_fixture.h"
@@ -27,14 +28,17 @@ class CMemoryTest : public CFaceTest {
     ASSERT_EQ(zel_start(), ZEL_OK);
   }
 
-  // Repeats a call with ever more memory until it works. `end` ends what it has made; the call
-  // reports whether it has left a handle after a failure.
+  // Repeats a call with ever more memory until it works: each of the first 100 requests is refused,
+  // then, unless ZEL_MEMORY_STEP is 1, some of them. `end` ends what the call has made; `hasMade`
+  // says whether it has left a handle after a failure.
   void Refuse(
       char const* name, std::function<zel_status()> const& call,
       std::function<void()> const& end = [] {},
       std::function<bool()> const& hasMade = [] { return false; }) {
     int refused = 0;
-    for (int from = 1;; from += 1 + from / 40) {
+    char const* const step = std::getenv("ZEL_MEMORY_STEP");
+    bool const isEach = step != nullptr && std::string(step) == "1";
+    for (int from = 1;; from += isEach ? 1 : 1 + from / 100) {
       zel_status status = ZEL_OK;
       zel_status copied = ZEL_OK;
       char reason[1024] = "";

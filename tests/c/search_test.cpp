@@ -1,9 +1,11 @@
-// Components, correlations and items, compared with those of the desk.
+// Components and correlations, compared with those of the desk.
 #include <zelaccess/DeskEvaluator.h>
 
+#include <atomic>
 #include <cmath>
+#include <thread>
 
-#include "c_fixture.h"
+#include "search_fixture.h"
 
 using ctest::Held;
 using ctest::Reason;
@@ -12,23 +14,6 @@ using ctest::Text;
 namespace desk = zel::desk;
 
 namespace {
-
-class CSearchTest : public CFaceTest {
- protected:
-  void SetUp() override {
-    ASSERT_EQ(zel_search_open(libraries_.data(), libraries_.size(), nullptr, &search_), ZEL_OK)
-        << Reason();
-  }
-  void TearDown() override { EXPECT_EQ(zel_search_close(&search_), ZEL_OK); }
-  zel_component* Read(char const* word) {
-    zel_component* component = nullptr;
-    EXPECT_EQ(zel_search_component(search_, word, &component), ZEL_OK) << Reason();
-    return component;
-  }
-
-  ctest::Words libraries_{Paths({"crc.lb1", "perry.lb1", "sample.lb1"})};
-  zel_search* search_ = nullptr;
-};
 
 std::string TextOf(zel_component const* component, std::int32_t which) {
   return Text([&](char* text, std::size_t size, std::size_t* length) {
@@ -245,6 +230,39 @@ TEST_F(CSearchTest, ABatchCanBeFasterAndWithoutSomeResults) {
   EXPECT_EQ(zel_evaluator_free(&pressure), ZEL_OK);
 }
 
+TEST_F(CSearchTest, ThreadsUseOneComponentAndOwnSearches) {
+  zel_component* ethanol = Read("ETHANOL");
+  zel_evaluator* pressure = nullptr;
+  ASSERT_EQ(zel_evaluator_new(ethanol, "VaporPressure", nullptr, &pressure), ZEL_OK);
+  double expected = 0.0;
+  ASSERT_EQ(zel_evaluator_value(pressure, 300.0, &expected), ZEL_OK);
+  std::atomic<int> wrong{0};
+  auto const work = [&](int number) {
+    std::string const unknown = "NO" + std::to_string(number);
+    for (int i = 0; i < 50; ++i) {
+      double value = 0.0;
+      zel_constant nbp = {};
+      zel_search* search = nullptr;
+      zel_component* water = nullptr;
+      bool isGood = zel_evaluator_value(pressure, 300.0, &value) == ZEL_OK && value == expected;
+      isGood = isGood && zel_component_constant(ethanol, "NBP", "K", &nbp) == ZEL_OK;
+      isGood = isGood && zel_search_open(libraries_.data(), 3, nullptr, &search) == ZEL_OK;
+      isGood = isGood && zel_search_component(search, "WATER", &water) == ZEL_OK;
+      isGood = isGood && zel_component_free(&water) == ZEL_OK;
+      isGood = isGood && zel_search_component(search, unknown.c_str(), &water) != ZEL_OK;
+      isGood = isGood && Reason().find(unknown + " ") != std::string::npos;
+      isGood = isGood && zel_search_close(&search) == ZEL_OK;
+      if (!isGood) ++wrong;
+    }
+  };
+  std::vector<std::thread> threads;
+  for (int number = 0; number < 4; ++number) threads.emplace_back(work, number);
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(wrong, 0);
+  EXPECT_EQ(zel_evaluator_free(&pressure), ZEL_OK);
+  EXPECT_EQ(zel_component_free(&ethanol), ZEL_OK);
+}
+
 TEST_F(CSearchTest, AnEvaluatorThatCannotBeMadeIsReported) {
   zel_component* ethanol = Read("ETHANOL");
   zel_evaluator* evaluator = nullptr;
@@ -261,95 +279,6 @@ TEST_F(CSearchTest, AnEvaluatorThatCannotBeMadeIsReported) {
   EXPECT_EQ(zel_evaluator_new(ethanol, "VaporPressure", &how, &evaluator), ZEL_BAD_ARGUMENT);
   EXPECT_EQ(evaluator, nullptr);
   EXPECT_EQ(zel_component_free(&ethanol), ZEL_OK);
-}
-
-void ExpectItem(zel_item const* item, desk::Item const& expected) {
-  auto const textOf = [&](std::int32_t which) {
-    return Text([&](char* text, std::size_t size, std::size_t* length) {
-      return zel_item_text(item, which, text, size, length);
-    });
-  };
-  EXPECT_EQ(textOf(ZEL_TEXT_SOURCE), expected.Source());
-  EXPECT_EQ(textOf(ZEL_TEXT_CITATION), expected.Citation());
-  EXPECT_EQ(textOf(ZEL_TEXT_DOI), expected.Doi());
-  EXPECT_EQ(textOf(ZEL_TEXT_EQUATION), expected.Equation());
-  desk::Table fields("", {{"name", ""},
-                          {"label", ""},
-                          {"unit", ""},
-                          {"count", ""},
-                          {"value", ""},
-                          {"text", ""},
-                          {"meaning", ""}});
-  for (desk::ItemField const& field : expected.Fields()) {
-    auto const first = expected.Value(field.name);
-    fields.Add(field.name, field.label, field.unit, static_cast<std::int64_t>(field.values.size()),
-               first ? desk::Cell(*first) : desk::Cell(), field.text, field.meaning);
-    double value = -9.0;
-    EXPECT_EQ(zel_item_value(item, field.name.c_str(), &value), first ? ZEL_OK : ZEL_NO_VALUE);
-    EXPECT_EQ(value, first.value_or(-9.0));
-    std::size_t count = 99;
-    ASSERT_EQ(zel_item_values(item, field.name.c_str(), nullptr, 0, &count), ZEL_OK);
-    ASSERT_EQ(count, field.values.size());
-    std::vector<double> values(count + 1, -9.0);
-    if (count > 0) {
-      EXPECT_EQ(zel_item_values(item, field.name.c_str(), values.data(), count - 1, nullptr),
-                ZEL_TOO_SMALL);
-      EXPECT_EQ(values[0], -9.0) << "nothing is copied";
-    }
-    ASSERT_EQ(zel_item_values(item, field.name.c_str(), values.data(), count + 1, nullptr), ZEL_OK);
-    for (std::size_t i = 0; i < count; ++i) {
-      EXPECT_TRUE(values[i] == field.values[i] ||
-                  (std::isnan(values[i]) && std::isnan(field.values[i])));
-    }
-    EXPECT_EQ(values[count], -9.0);
-    auto const fieldText = [&](std::int32_t which) {
-      return Text([&](char* text, std::size_t size, std::size_t* length) {
-        return zel_item_field_text(item, field.name.c_str(), which, text, size, length);
-      });
-    };
-    EXPECT_EQ(fieldText(ZEL_TEXT_VALUE), field.text);
-    EXPECT_EQ(fieldText(ZEL_TEXT_LABEL), field.label);
-    EXPECT_EQ(fieldText(ZEL_TEXT_UNIT), field.unit);
-    EXPECT_EQ(fieldText(ZEL_TEXT_MEANING), field.meaning);
-  }
-  Held table;
-  ASSERT_EQ(zel_item_fields(item, &table), ZEL_OK);
-  ctest::ExpectSame(table, fields);
-}
-
-TEST_F(CSearchTest, ItemsAreThoseOfTheDesk) {
-  desk::Libraries const libraries(libraries_.Texts());
-  for (auto const& [one, other] : {std::pair("ETHANOL", "WATER"), std::pair("WATER", "ETHANOL")}) {
-    zel_item* pair = nullptr;
-    ASSERT_EQ(zel_search_pair(search_, "NRTL", one, other, &pair), ZEL_OK) << Reason();
-    ExpectItem(pair, libraries.Pair("NRTL", one, other));
-    EXPECT_EQ(zel_item_free(&pair), ZEL_OK);
-    EXPECT_EQ(pair, nullptr);
-  }
-  zel_item* group = nullptr;
-  char const* const words[] = {"1"};
-  ASSERT_EQ(zel_search_item(search_, "UNFORIG", words, 1, &group), ZEL_OK) << Reason();
-  ExpectItem(group, libraries.Item("UNFORIG", {"1"}));
-  EXPECT_EQ(zel_item_free(&group), ZEL_OK);
-}
-
-TEST_F(CSearchTest, AFieldOfAPairIsFoundByName) {
-  zel_item* pair = nullptr;
-  double value = 0.0;
-  ASSERT_EQ(zel_search_pair(search_, "nrtl", "WATER", "64-17-5", &pair), ZEL_OK) << Reason();
-  ASSERT_EQ(zel_item_value(pair, "BIJ", &value), ZEL_OK);
-  EXPECT_NEAR(value, 624.867, 1e-3);
-  EXPECT_EQ(zel_item_value(pair, "cij9", &value), ZEL_UNKNOWN_WORD);
-  EXPECT_EQ(zel_item_values(pair, "cij9", nullptr, 0, nullptr), ZEL_UNKNOWN_WORD);
-  EXPECT_EQ(zel_item_field_text(pair, "cij9", ZEL_TEXT_UNIT, nullptr, 0, nullptr),
-            ZEL_UNKNOWN_WORD);
-  EXPECT_EQ(zel_item_field_text(pair, "bij", ZEL_TEXT_CAS, nullptr, 0, nullptr), ZEL_BAD_ARGUMENT);
-  EXPECT_EQ(zel_item_text(pair, ZEL_TEXT_MEMO, nullptr, 0, nullptr), ZEL_BAD_ARGUMENT);
-  EXPECT_EQ(zel_item_free(&pair), ZEL_OK);
-  EXPECT_EQ(zel_search_pair(search_, "NRTL", "WATER", "HELIUM-4", &pair), ZEL_MISSING_ITEM);
-  EXPECT_EQ(zel_search_pair(search_, "NRTK", "WATER", "ETHANOL", &pair), ZEL_UNKNOWN_WORD);
-  EXPECT_EQ(zel_search_item(search_, "NRTL", nullptr, 0, &pair), ZEL_FAILED) << "no words";
-  EXPECT_EQ(pair, nullptr);
 }
 
 TEST_F(CFaceTest, ASearchOfLibrariesThatCannotBeOpenedIsReported) {

@@ -2,6 +2,7 @@ set(c_TEST_SOURCES
     columns_test.cpp
     desk_test.cpp
     documents_test.cpp
+    items_test.cpp
     library_test.cpp
     memory_test.cpp
     null_test.cpp
