@@ -68,7 +68,7 @@ class Interface:
         for body, name in re.findall(r"^typedef struct \w+ \{\n(.*?)\n\} (\w+);", text, re.M | re.S):
             members = []
             for line in body.splitlines():
-                found = re.match(r"\s*(.+?)\s*(\w+)(\[(\d+)\])?;", line)
+                found = re.match(r"\s*(.+?)\s*(\w+)(\[(\d+)\])?;", line.split("///")[0])
                 if found:
                     members.append((found[1].replace(" *", "*"), found[2], int(found[4] or 0)))
             self.structs[name] = members

@@ -63,8 +63,17 @@ zel_status zel_search_open(char const* const* libraries, size_t count,
     how.names = zelc::TextOrEmpty(given.names);
     how.acceptIdentity = given.accept_identity != 0;
     how.waitSeconds = given.wait_seconds;
+    how.path = zelc::NeedWords(given.path, given.path_count, "path");
     return std::unique_ptr<zel_search>(
         new zel_search{desk::Libraries(zelc::NeedWords(libraries, count, "libraries"), how)});
+  });
+}
+
+zel_status zel_search_path(zel_table** table) {
+  return MakeHandle(table, "table", [] {
+    desk::Table folders = zelc::EmptyTable("search path", {"folder"});
+    for (std::string const& folder : desk::SearchPath()) folders.Add(folder);
+    return zelc::AsHandle(std::move(folders));
   });
 }
 

@@ -127,6 +127,8 @@ module zelaccess
     type(c_ptr) :: names = c_null_ptr
     integer(c_int32_t) :: accept_identity = 0
     real(c_double) :: wait_seconds = 0.0_c_double
+    type(c_ptr) :: path = c_null_ptr
+    integer(c_size_t) :: path_count = 0
   end type zel_search_options
 
   type, bind(c) :: zel_identity
@@ -164,6 +166,8 @@ module zelaccess
     type(c_ptr) :: units = c_null_ptr
     integer(c_int32_t) :: accept_identity = 0
     real(c_double) :: wait_seconds = 0.0_c_double
+    type(c_ptr) :: path = c_null_ptr
+    integer(c_size_t) :: path_count = 0
   end type zel_report_options
 
   type, bind(c) :: zel_check_options
@@ -538,6 +542,11 @@ module zelaccess
       type(c_ptr), intent(inout) :: search
       integer(c_int32_t) :: outcome
     end function zel_search_open
+    function zel_search_path(table) bind(c, name="zel_search_path") result(outcome)
+      import
+      type(c_ptr), intent(inout) :: table
+      integer(c_int32_t) :: outcome
+    end function zel_search_path
     function zel_search_close(search) bind(c, name="zel_search_close") result(outcome)
       import
       type(c_ptr), intent(inout) :: search

@@ -22,6 +22,8 @@ typedef struct zel_report_options {
   char const* units;        ///< "bar,degC" for example, or a unit system; null: internal units.
   int32_t accept_identity;  ///< 1: merge sources that mean different substances.
   double wait_seconds;      ///< How long to wait for a library that another program uses.
+  char const* const* path;  ///< Folders in which libraries are looked up; see zel_search_options.
+  size_t path_count;        ///< Number of folders.
 } zel_report_options;
 
 /// What zel_check looks at and reports. Set `size`; zero in all other members is the default.

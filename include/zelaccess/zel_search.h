@@ -37,6 +37,10 @@ typedef struct zel_search_options {
   char const* names;        ///< A library for IDs and CAS numbers that the others do not know.
   int32_t accept_identity;  ///< 1: merge sources that mean different substances.
   double wait_seconds;      ///< How long to wait for a library that another program uses.
+  /// Folders in which a library is looked up that is named without a folder and is not in the
+  /// current one: "perry" and "perry.lb1" are the first perry.lb1; null for none.
+  char const* const* path;
+  size_t path_count;  ///< Number of folders.
 } zel_search_options;
 
 /// The numbers of an identity.
@@ -85,6 +89,11 @@ typedef struct zel_evaluation {
 /// \return ZEL_OK; ZEL_NOT_FOUND, ZEL_IN_USE, ZEL_CANNOT_OPEN
 ZEL_C_API zel_status zel_search_open(char const* const* libraries, size_t count,
                                      zel_search_options const* options, zel_search** search);
+/// Lists the folders in which zel looks for libraries, for the member `path` of options: those of
+/// the environment variable ZEL_PATH, else those of the user's configuration file. Columns: folder.
+/// \param table  receives the table, which the caller ends with zel_table_free; null on failure
+/// \return ZEL_OK; ZEL_FAILED if the file cannot be read or is not valid
+ZEL_C_API zel_status zel_search_path(zel_table** table);
 /// Closes the libraries and nulls the handle. Components and items stay.
 /// \param search  the handle
 /// \return ZEL_OK; ZEL_NULL_ARGUMENT for a null handle

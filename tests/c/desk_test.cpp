@@ -47,7 +47,7 @@ class CDeskTest : public CFaceTest {
 
 TEST_F(CDeskTest, TablesAreThoseOfTheDesk) {
   char const* const two[] = {libraries_.data()[0], libraries_.data()[1]};
-  zel_report_options const options = {sizeof options, nullptr, "bar,degC", 0, 0.0};
+  zel_report_options const options = {sizeof options, nullptr, "bar,degC", 0, 0.0, nullptr, 0};
   desk::ReportSettings settings;
   settings.units = "bar,degC";
 
@@ -74,7 +74,7 @@ TEST_F(CDeskTest, PairsAndTheirCoverageAreThoseOfTheDesk) {
   char const* const one[] = {sample.c_str()};
   char const* const fields[] = {"bij", "bji"};
   char const* const components[] = {"ETHANOL", "WATER", "BENZENE"};
-  zel_report_options const options = {sizeof options, perry.c_str(), nullptr, 0, 0.0};
+  zel_report_options const options = {sizeof options, perry.c_str(), nullptr, 0, 0.0, nullptr, 0};
   desk::ReportSettings settings;
   settings.names = perry;
   Held pairs;
@@ -124,9 +124,9 @@ TEST_F(CDeskTest, ReportsSayWhatIsWrong) {
   EXPECT_EQ(zel_why(libraries_.data(), 2, "ETHANLO", "NBP", nullptr, &table),
             ZEL_MISSING_COMPONENT);
   EXPECT_EQ(zel_why(libraries_.data(), 2, "ETHANOL", "NPB", nullptr, &table), ZEL_UNKNOWN_WORD);
-  zel_report_options options = {1, nullptr, nullptr, 0, 0.0};
+  zel_report_options options = {1, nullptr, nullptr, 0, 0.0, nullptr, 0};
   EXPECT_EQ(zel_why(libraries_.data(), 2, "ETHANOL", "NBP", &options, &table), ZEL_BAD_ARGUMENT);
-  options = {sizeof options, nullptr, "furlong", 0, 0.0};
+  options = {sizeof options, nullptr, "furlong", 0, 0.0, nullptr, 0};
   EXPECT_NE(zel_why(libraries_.data(), 2, "ETHANOL", "NBP", &options, &table), ZEL_OK);
   EXPECT_EQ(table.table, nullptr);
 }

@@ -194,7 +194,7 @@ void CNullTest::SweepSearch() {
   std::string const sample = Path("sample.lb1");
   char const* const libraries[] = {sample.c_str(), perry.c_str()};
   char const* const words[] = {"ETHANOL", "WATER"};
-  zel_search_options const options = {sizeof options, nullptr, 0, 0.0};
+  zel_search_options const options = {sizeof options, nullptr, 0, 0.0, nullptr, 0};
   zel_search* search = nullptr;
   zel_component* component = nullptr;
   zel_item* item = nullptr;
@@ -210,6 +210,7 @@ void CNullTest::SweepSearch() {
   close();
   EXPECT_EQ(zel_search_close(&search), ZEL_NULL_ARGUMENT) << "ended twice";
   open();
+  SWEEP(zel_search_path, {}, Freed(), &table_);
   SWEEP(zel_search_components, {}, Freed(), search, &table_);
   SWEEP(zel_search_component, {}, {[] {}, [&] { zel_component_free(&component); }}, search, "WATER",
         &component);
@@ -299,7 +300,7 @@ void CNullTest::SweepReports() {
   char const* const constants[] = {"TC"};
   char const* const fields[] = {"bij"};
   constexpr std::size_t kOne = 1, kTwo = 2;
-  zel_report_options const options = {sizeof options, perry.c_str(), nullptr, 0, 0.0};
+  zel_report_options const options = {sizeof options, perry.c_str(), nullptr, 0, 0.0, nullptr, 0};
   zel_check_options const check = {sizeof check, nullptr, 0, 1, 0};
   SWEEP(zel_why, {4}, Freed(), libraries, kOne, "ETHANOL", "TC", &options, &table_);
   SWEEP(zel_data, {7}, Freed(), libraries, kOne, components, kTwo, constants, kOne, 0, &options,

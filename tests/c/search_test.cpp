@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <cstdlib>
 #include <thread>
 
 #include "search_fixture.h"
@@ -289,12 +290,41 @@ TEST_F(CFaceTest, ASearchOfLibrariesThatCannotBeOpenedIsReported) {
   char const* const holes[] = {nullptr};
   EXPECT_EQ(zel_search_open(holes, 1, nullptr, &search), ZEL_NULL_ARGUMENT);
   EXPECT_EQ(Reason(), "an element of libraries is null");
-  zel_search_options const options = {sizeof(zel_search_options), "none.lb1", 0, 0.0};
+  zel_search_options const options = {sizeof(zel_search_options), "none.lb1", 0, 0.0, nullptr, 0};
   std::string const crc = Path("crc.lb1");
   char const* const one[] = {crc.c_str()};
   EXPECT_EQ(zel_search_open(one, 1, &options, &search), ZEL_FAILED) << "the names";
   EXPECT_NE(Reason().find("none.lb1"), std::string::npos) << Reason();
   EXPECT_EQ(search, nullptr);
+}
+
+TEST_F(CFaceTest, LibrariesAreFoundOnAPath) {
+  std::string const folder = Path("");
+  char const* const words[] = {"perry", "sample"};
+  char const* const path[] = {"no such folder", folder.c_str()};
+  zel_search* search = nullptr;
+  EXPECT_EQ(zel_search_open(words, 2, nullptr, &search), ZEL_NOT_FOUND);
+  zel_search_options const options = {sizeof options, "crc", 0, 0.0, path, 2};
+  ASSERT_EQ(zel_search_open(words, 2, &options, &search), ZEL_OK) << Reason();
+  EXPECT_EQ(zel_search_close(&search), ZEL_OK);
+  zel_report_options const how = {sizeof how, "crc", nullptr, 0, 0.0, path, 2};
+  Held why;
+  ASSERT_EQ(zel_why(words, 1, "ETHANOL", "TC", &how, &why), ZEL_OK) << Reason();
+  char const* const hole[] = {nullptr};
+  zel_search_options const wrong = {sizeof wrong, nullptr, 0, 0.0, hole, 1};
+  EXPECT_EQ(zel_search_open(words, 2, &wrong, &search), ZEL_NULL_ARGUMENT);
+  EXPECT_EQ(Reason(), "an element of path is null");
+}
+
+TEST_F(CFaceTest, TheSearchPathIsThatOfTheEnvironment) {
+  ::setenv("ZEL_PATH", "/data/own:/data/lab", 1);
+  Held table;
+  EXPECT_EQ(zel_search_path(&table), ZEL_OK) << Reason();
+  ::unsetenv("ZEL_PATH");
+  desk::Table expected("", {{"folder", ""}});
+  expected.Add(std::string("/data/own"));
+  expected.Add(std::string("/data/lab"));
+  ctest::ExpectSame(table, expected);
 }
 
 TEST_F(CFaceTest, NamesOfAnotherLibraryAreUsed) {
@@ -306,7 +336,8 @@ TEST_F(CFaceTest, NamesOfAnotherLibraryAreUsed) {
   ASSERT_EQ(zel_search_open(one, 1, nullptr, &search), ZEL_OK) << Reason();
   EXPECT_NE(zel_search_pair(search, "NRTL", "ETHANOL", "WATER", &pair), ZEL_OK) << "no components";
   ASSERT_EQ(zel_search_close(&search), ZEL_OK);
-  zel_search_options const options = {sizeof(zel_search_options), perry.c_str(), 1, 0.5};
+  zel_search_options const options = {
+      sizeof(zel_search_options), perry.c_str(), 1, 0.5, nullptr, 0};
   ASSERT_EQ(zel_search_open(one, 1, &options, &search), ZEL_OK) << Reason();
   EXPECT_EQ(zel_search_pair(search, "NRTL", "ETHANOL", "WATER", &pair), ZEL_OK) << Reason();
   EXPECT_EQ(zel_item_free(&pair), ZEL_OK);
