@@ -198,6 +198,14 @@ def julia_type(interface, a):
     return f"Ptr{{{kind}}}" if a.stars else kind
 
 
+JULIA_WORDS = ("function",)
+
+
+def constants(interface, line):
+    """The enumerators, each as a line of another language."""
+    return [line.format(name=name, value=value) for rows in interface.enums.values() for name, value in rows]
+
+
 def julia(interface):
     out = ['const libzelc = "libZelC"', ""]
     for name, members in interface.structs.items():
@@ -206,9 +214,11 @@ def julia(interface):
             found = "Cstring" if kind == "char const*" else "Ptr{Cstring}" if "*" in kind else JULIA_NUMBERS[kind]
             out.append(f"    {member}::{f'NTuple{{{count},{found}}}' if count else found}")
         out.append("end")
+    out += constants(interface, "const {name} = Int32({value})")
     for function in interface.functions:
-        names = ", ".join(a.name for a in function.arguments)
-        typed = ", ".join(f"{a.name}::{julia_type(interface, a)}" for a in function.arguments)
+        names = [a.name + "_" * (a.name in JULIA_WORDS) for a in function.arguments]
+        typed = ", ".join(f"{name}::{julia_type(interface, a)}" for name, a in zip(names, function.arguments))
+        names = ", ".join(names)
         out += [f"{function.name}({names}) =", f"    @ccall libzelc.{function.name}({typed})::Int32"]
     return out
 
@@ -227,7 +237,7 @@ def sharp_argument(interface, function, a):
     if a.base == "void" or a.stars == 1 and a.base in interface.opaque:
         return f"IntPtr {name}"
     if a.base == "char" and a.stars == 2:
-        return f"[MarshalAs(UnmanagedType.LPArray, ArraySubType = UnmanagedType.LPUTF8Str)] string[] {name}"
+        return f"IntPtr[] {name}"
     if a.base == "char" and a.is_const:
         return f"[MarshalAs(UnmanagedType.LPUTF8Str)] string {name}"
     if function.name.startswith("zel_columns_add") and a.name in ("words", "values", "texts"):
@@ -255,6 +265,7 @@ def sharp(interface):
     out += ["[UnmanagedFunctionPointer(CallingConvention.Cdecl)]",
             "public delegate int zel_finding_function(IntPtr finding, IntPtr user);", "",
             "public static class Zel {"]
+    out += constants(interface, "    public const int {name} = {value};")
     for function in interface.functions:
         typed = ", ".join(sharp_argument(interface, function, a) for a in function.arguments)
         out += ['    [DllImport("ZelC", CallingConvention = CallingConvention.Cdecl)]',
@@ -280,7 +291,7 @@ def page(interface):
     out += ["", "## Julia", "", "Handles are `Ref{Ptr{Cvoid}}(C_NULL)` where they are made and `handle[]` where they are used. Arrays that",
             "`zel_columns_add_...` was given must be kept with `GC.@preserve` until the columns are closed. These",
             "declarations are made from the headers; no test runs them.", "", "```julia", *julia(interface), "```"]
-    out += ["", "## C#", "", "Texts are in UTF-8. Members of structures that are texts are made with",
+    out += ["", "## C#", "", "Texts are in UTF-8. Members of structures and elements of arrays that are texts are made with",
             "`Marshal.StringToCoTaskMemUTF8`; `size` is `(nuint)Marshal.SizeOf<zel_open_options>()`. Arrays that",
             "`zel_columns_add_...` was given must be pinned until the columns are closed. These declarations are made",
             "from the headers; no test runs them.", "", "```csharp", *sharp(interface), "```"]

@@ -1,5 +1,6 @@
 // How changes get into the files of a library: what is held back, the mark, and a flush that was
 // cut off.
+#include <new>
 #include <utility>
 
 #include "store/block_store.h"
@@ -56,7 +57,10 @@ openErrors BlockStore::FinishLastFlush(bool forceRead) {
 bool BlockStore::BeforeFirstWrite() {
   std::string const journal = JournalOf(Target());
   if (held_ && !held_->Begin()) return false;
-  if (!held_ && system_->Exists(journal) && !RemoveJournal(*system_, Target())) return false;
+  if (!held_ && system_->Exists(journal) && !RemoveJournal(*system_, Target())) {
+    // What no opener believes does no harm.
+    if (system_->OpenAside(journal, OpenMode::kRead, Target()).file) return false;
+  }
   if (writes_ == writesMarked && !SetMark()) return false;
   hasWritten_ = true;
   return true;
@@ -73,12 +77,16 @@ bool BlockStore::SetMark() {
   return system_->SyncFolder(mark);
 }
 
+// Without memory, the mark stays: the next opener verifies the library for nothing.
 void BlockStore::CloseCleanly() noexcept {
-  if (!hasOwnMark_) return;
-  std::string const mark = MarkOf(Target());
-  // Files that were made since are on disk before the mark goes.
-  if (system_->SyncFolder(mark)) system_->Remove(mark);
-  hasOwnMark_ = false;
+  if (!std::exchange(hasOwnMark_, false)) return;
+  try {
+    std::string const mark = MarkOf(Target());
+    // Files that were made since are on disk before the mark goes.
+    if (system_->SyncFolder(mark)) system_->Remove(mark);
+  } catch (std::bad_alloc const&) {
+    return;
+  }
 }
 
 ZelLastClose BlockStore::LastClose() const {

@@ -142,7 +142,7 @@ void HeldFile::NoteJournaled(std::vector<ChangedPage> const& pages) noexcept {
   for (ChangedPage const& page : pages) pages_.find(page.page)->second->journaled |= page.changed;
 }
 
-bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages) {
+bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages, bool& hasLostSync) {
   PlacedPages placed(*real_, size_);
   for (std::size_t i = 0; i < pages.size(); ++i) {
     ChangedPage const& page = pages[i];
@@ -156,7 +156,9 @@ bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages) {
     while (!isBeforeOne && (page.changed >> (end - 1) & 1U) == 0) --end;
     if (!placed.Put(page.page, first, end - first, page.bytes + first * kSectorBytes)) return false;
   }
-  return placed.Finish();
+  bool const good = placed.Finish();
+  hasLostSync = hasLostSync || placed.HasLostSync();
+  return good;
 }
 
 void HeldFile::Forget() noexcept {
@@ -165,14 +167,16 @@ void HeldFile::Forget() noexcept {
 }
 
 bool HeldFile::Overlay(JournaledFile const& journaled) {
+  bool good = true;
   for (auto const& [number, sector] : journaled.sectors) {
     Page* const page = Hold(number / kSectorsOfPage);
-    if (page == nullptr) return false;
+    good = good && page != nullptr;
+    if (page == nullptr) continue;
     std::memcpy(page->bytes.data() + number % kSectorsOfPage * kSectorBytes, sector.versions.back(),
                 kSectorBytes);
   }
   size_ = journaled.length;  // a longer file is not read any further
-  return true;
+  return good;
 }
 
 // --- all files of a library --------------------------------------------------------------------
@@ -246,16 +250,18 @@ bool HeldWrites::Commit() {
   if (!Begin() || !Sync(true)) return false;
   bool const isLong = writer_->Length() > kLongJournal && !hasLostSync_;
   if (isLong && isInPlace_ && !Checkpoint()) return false;
-  if (!writer_->Append(all, lengths)) return false;
+  bool const isJournaled = writer_->Append(all, lengths);
+  if (!isJournaled && !writer_->MayHaveIt()) return false;
   isInPlace_ = false;
   for (std::size_t i = 0; i < files_.size(); ++i) {
     if (files_[i].held != nullptr) files_[i].held->NoteJournaled(changes[i]);
   }
+  if (!isJournaled) return false;
   if (isNew_ && !system_->SyncFolder(path_)) return false;
   isNew_ = false;
   for (std::size_t i = 0; i < files_.size(); ++i) {
     HeldFile* const held = files_[i].held;
-    if (held != nullptr && !held->PutInPlace(changes[i])) return false;
+    if (held != nullptr && !held->PutInPlace(changes[i], hasLostSync_)) return false;
   }
   isInPlace_ = true;
   for (File& file : files_) {

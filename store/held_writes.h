@@ -63,7 +63,8 @@ class HeldFile final : public platform::BlockFile {
   // they become again what the file has, since the journal would be believed.
   void NoteJournaled(std::vector<ChangedPage> const& pages) noexcept;
   // Puts pages from Changes, and the length, into the file itself. False on failure.
-  bool PutInPlace(std::vector<ChangedPage> const& pages);
+  // Sets `hasLostSync` if a sync has failed.
+  bool PutInPlace(std::vector<ChangedPage> const& pages, bool& hasLostSync);
   // Holds nothing back any longer.
   void Forget() noexcept;
   // Reads the file as a journal says. False if that cannot be read.

@@ -103,7 +103,9 @@ bool PlacedPages::Finish() {
   if (!WriteRun()) return false;
   if (file_.Size() < length_) return file_.WriteInSectors(length_ - 1, &zero, 1) == 1;
   // What is cut off must not be on disk without the end of what stays.
-  return file_.Size() == length_ || (file_.Flush() && file_.CutTo(length_));
+  if (file_.Size() == length_) return true;
+  hasLostSync_ = !file_.Flush();
+  return !hasLostSync_ && file_.CutTo(length_);
 }
 
 // --- writing -----------------------------------------------------------------------------------
@@ -159,14 +161,15 @@ bool JournalWriter::Append(std::vector<ChangedPage> const& pages, LengthsOfFiles
   bool good = true;
   for (ChangedPage const& page : pages) {
     PutPage(page);
-    if (buffer_.size() >= kWrittenAtOnce) good = good && WriteBuffer();
+    if (buffer_.size() >= kWrittenAtOnce) good = WriteBuffer();
+    if (!good) break;
   }
   std::byte seal[kSealBytes];
   std::uint64_t const hash = hash_;
   Put64(seal, hash);
   Put(seal, sizeof seal);
-  good = good && WriteBuffer() && file_.Flush();
-  if (!good) {
+  mayHaveIt_ = good && WriteBuffer();
+  if (!mayHaveIt_ || !file_.Flush()) {
     file_.CutTo(end_);
     return false;
   }
@@ -176,10 +179,10 @@ bool JournalWriter::Append(std::vector<ChangedPage> const& pages, LengthsOfFiles
 }
 
 bool JournalWriter::Restart() {
-  if (!file_.CutTo(0) || !file_.Flush()) return false;
+  if (!file_.CutTo(0)) return false;
   end_ = 0;
   seal_ = 0;
-  return true;
+  return file_.Flush();
 }
 
 // --- reading -----------------------------------------------------------------------------------
@@ -378,13 +381,14 @@ bool IsOneOf(JournaledFile const& of, std::uint64_t number, JournaledSector cons
 // What was allocated ahead is zeros, and less than this.
 constexpr std::uint64_t kMostAhead = std::uint64_t{64} << 20;
 
-bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from) {
+bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from, bool& failed) {
   if (file.Size() > from && file.Size() - from > kMostAhead) return false;
   std::vector<std::byte> bytes(std::size_t{64} << 10);
   for (; from < file.Size(); from += bytes.size()) {
     auto const count = std::min<std::uint64_t>(bytes.size(), file.Size() - from);
     auto const got = file.ReadUnmapped(from, bytes.data(), count);
-    if (got != static_cast<std::int64_t>(count)) return false;
+    failed = failed || got != static_cast<std::int64_t>(count);
+    if (failed) return false;
     auto const end = bytes.begin() + static_cast<std::ptrdiff_t>(count);
     if (std::any_of(bytes.begin(), end, [](std::byte b) { return b != std::byte{}; })) return false;
   }
@@ -393,15 +397,18 @@ bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from) {
 
 }  // namespace
 
-bool Journal::Fits(JournaledFile const& of, platform::BlockFile* file) {
+bool Journal::Fits(JournaledFile const& of, platform::BlockFile* file, bool& failed) {
+  failed = false;
   std::uint64_t const shortest = *of.lengths.begin();
   if (file == nullptr) return shortest == 0;
-  if (file->Size() < shortest || !HasOnlyZerosFrom(*file, *of.lengths.rbegin())) return false;
+  if (file->Size() < shortest) return false;
+  if (!HasOnlyZerosFrom(*file, *of.lengths.rbegin(), failed)) return false;
   SectorBytes bytes;
   return std::all_of(of.sectors.begin(), of.sectors.end(), [&](auto const& entry) {
     auto const& [number, sector] = entry;
     std::int64_t const read = ReadSector(*file, number, bytes);
-    return read >= 0 && IsOneOf(of, number, sector, bytes, static_cast<std::size_t>(read));
+    failed = failed || read < 0;
+    return !failed && IsOneOf(of, number, sector, bytes, static_cast<std::size_t>(read));
   });
 }
 

@@ -75,6 +75,8 @@ class PlacedPages {
   bool Put(std::uint64_t page, std::size_t sector, std::size_t sectors, std::byte const* bytes);
   // Sets the length. False on failure.
   bool Finish();
+  // True if a sync has failed.
+  bool HasLostSync() const noexcept { return hasLostSync_; }
 
  private:
   bool WriteRun();
@@ -83,6 +85,7 @@ class PlacedPages {
   std::uint64_t length_;
   std::uint64_t runFrom_ = 0;
   std::vector<std::byte> run_;
+  bool hasLostSync_ = false;
 };
 
 // Appends commits.
@@ -92,8 +95,10 @@ class JournalWriter {
   explicit JournalWriter(platform::BlockFile& file) noexcept : file_(file) {}
 
   // Writes a commit and asks the system to put it on disk. False on failure: the chain is then as
-  // before.
+  // before, unless MayHaveIt.
   bool Append(std::vector<ChangedPage> const& pages, LengthsOfFiles const& lengths);
+  // True if the last Append has failed when the commit was written, but perhaps not on disk.
+  bool MayHaveIt() const noexcept { return mayHaveIt_; }
   // Makes the chain empty, on disk. False on failure.
   bool Restart();
   std::uint64_t Length() const noexcept { return end_; }
@@ -109,6 +114,7 @@ class JournalWriter {
   std::vector<std::byte> buffer_;
   std::uint64_t seal_ = 0;  // of the last whole commit
   std::uint64_t hash_ = 0;  // of the next one
+  bool mayHaveIt_ = false;
 };
 
 // What the commits of a journal make of a sector, and of a file.
@@ -134,8 +140,9 @@ class Journal {
     return file ? &*file : nullptr;
   }
   // True if the file can be one of those that the journal was written for: each sector that changes
-  // is as before or after a commit, and the file as long. A file that does not exist is null.
-  static bool Fits(JournaledFile const& of, platform::BlockFile* file);
+  // is as before or after a commit, and the file as long. A file that does not exist is null. Sets
+  // `failed` if the file cannot be read; the answer then means nothing.
+  static bool Fits(JournaledFile const& of, platform::BlockFile* file, bool& failed);
   // Makes the file what it is after the last commit. False on failure.
   static bool Complete(JournaledFile const& of, platform::BlockFile& file);
 

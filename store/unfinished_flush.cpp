@@ -51,7 +51,9 @@ OpenOutcome UnfinishedFlush::Look() {
     if (of == nullptr) continue;
     platform::OpenedFile const file = OpenFile(number, OpenMode::kRead);
     if (!file.file && file.outcome != OpenOutcome::kNotFound) return file.outcome;
-    if (Journal::Fits(*of, file.file.get())) continue;
+    bool const fits = Journal::Fits(*of, file.file.get(), failed);
+    if (failed) return OpenOutcome::kFailed;
+    if (fits) continue;
     state_ = State::kForeign;
     return OpenOutcome::kOk;
   }

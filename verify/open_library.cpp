@@ -108,14 +108,13 @@ openErrors FinishLastFlush(char const* path, bool isLocked) {
   if (!journal.file) {
     return journal.outcome == platform::OpenOutcome::kNotFound ? openOk : ErrorOf(journal.outcome);
   }
-  UnfinishedFlush unfinished(system, first);
-  platform::OpenOutcome outcome = unfinished.Look();
   platform::OpenedFile lock;
-  if (!isLocked && unfinished.Found() == UnfinishedFlush::State::kThere) {
+  if (!isLocked) {
     lock = system.Open(first, platform::OpenMode::kUpdate);
     if (!lock.file) return ErrorOf(lock.outcome);
-    outcome = unfinished.Look();  // somebody may have completed it before it was locked
   }
+  UnfinishedFlush unfinished(system, first);
+  platform::OpenOutcome outcome = unfinished.Look();
   if (unfinished.Found() == UnfinishedFlush::State::kThere) outcome = unfinished.Complete();
   return ErrorOf(outcome);
 }

@@ -31,6 +31,13 @@ void CompleteLastFlush(std::string const& path, std::string const& shownAs, bool
   if (error != zel::openOk) ThrowOpenError(error, shownAs);
 }
 
+bool HasUnfinishedFlush(Session& session, std::string const& path, std::string const& shownAs) {
+  if (!Exists(path + ".journal")) return false;
+  Library const library = Library::OpenRead(session, path, shownAs);
+  zel::ZelLastClose last;
+  return zel::GetLastClose(&library.File(), last) && last.isCompleted;
+}
+
 bool HasUncleanMark(std::string const& library) { return Exists(library + ".open"); }
 
 void VerifyUnclean(Session& session, std::string const& path, std::string const& shownAs) {

@@ -11,6 +11,10 @@ namespace zel::desk {
 // the lock of the library's first file. Throws Failure.
 void CompleteLastFlush(std::string const& path, std::string const& shownAs, bool isLocked);
 
+// True if a flush was cut off that CompleteLastFlush would complete. The caller has a lock for
+// reading. Throws Failure if the library cannot be opened.
+bool HasUnfinishedFlush(Session& session, std::string const& path, std::string const& shownAs);
+
 // True if a library, a path without symbolic links, has the mark of one that was not closed
 // cleanly. The caller has its lock.
 bool HasUncleanMark(std::string const& library);

@@ -58,9 +58,12 @@ void LibraryChange::Begin(std::string const& path) {
   whole_ = WithoutLinks(path);
   CompleteLastFlush(whole_, path, false);
   if (!options_.inPlace || options_.dryRun) Hold();
-  // Another host may have been killed in between. Where there may be readers, its journal counts as
-  // a use of the library, so that all of this is tried again.
-  if (work_) CompleteLastFlush(whole_, path, !options_.admitsReaders);
+  // Another host may have been killed in between. Where there may be readers, its flush counts as a
+  // use of the library, so that all of this is tried again.
+  if (work_ && !options_.admitsReaders) CompleteLastFlush(whole_, path, true);
+  if (work_ && options_.admitsReaders && HasUnfinishedFlush(*session_, whole_, path)) {
+    throw LibraryInUse(path, "a flush of another program was cut off", zel::openDenied);
+  }
   access_ = AccessOf(whole_);
   filesBefore_ = FilesOf(whole_);
   if (work_) {

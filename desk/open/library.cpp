@@ -44,6 +44,8 @@ std::string Reason(zel::openErrors error, std::string const& path) {
     case zel::openSiblingMissing: return "its second file (.lb2) is missing";
     case zel::openPasswordNeeded: return "protected; give its password with --password";
     case zel::openBadPassword: return "wrong password";
+    case zel::openDamaged:
+      return "was not closed cleanly and is damaged; `zel salvage` takes out what can be read";
     default: return "cannot be opened";
   }
 }

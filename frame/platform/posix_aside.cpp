@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <new>
 
 namespace zel::platform {
 namespace {
@@ -83,11 +84,13 @@ Descriptor OpenAsideDescriptor(std::string const& path, OpenMode mode, std::stri
   return file;
 }
 
-bool SyncFolderOf(std::string const& path) noexcept {
+bool SyncFolderOf(std::string const& path) noexcept try {
   Descriptor const folder(::open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.Get() < 0) return false;
   // Some file systems cannot sync a folder; they have nothing to do.
   return Retry([&] { return ::fsync(folder.Get()); }) == 0 || errno == EINVAL;
+} catch (std::bad_alloc const&) {
+  return false;
 }
 
 }  // namespace zel::platform

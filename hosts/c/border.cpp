@@ -5,6 +5,7 @@
 #include <zelaccess/Module.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <exception>
 #include <filesystem>
@@ -158,6 +159,11 @@ std::vector<std::string> NeedWords(char const* const* words, std::size_t count, 
     texts.emplace_back(words[i]);
   }
   return texts;
+}
+
+double NeedSeconds(double seconds, char const* name) {
+  if (std::isnan(seconds)) throw Refusal(ZEL_BAD_ARGUMENT, "", name, " is not a number");
+  return seconds;
 }
 
 std::int32_t NeedAmong(std::int32_t value, std::int32_t first, std::int32_t last,

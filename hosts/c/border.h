@@ -26,7 +26,7 @@ struct Refusal {
       : Refusal(code, reason.c_str(), "", "") {}
 
   zel_status status;
-  char text[256];
+  char text[1024];
 };
 
 // Sets the thread's reason from the exception that is being handled, and returns its status.
@@ -64,6 +64,8 @@ inline std::string TextOrEmpty(char const* text) { return text == nullptr ? "" :
 std::vector<std::string> NeedWords(char const* const* words, std::size_t count, char const* name);
 
 // A number of an enumeration whose values are those from `first` to `last`.
+// A time to wait, in seconds.
+double NeedSeconds(double seconds, char const* name);
 std::int32_t NeedAmong(std::int32_t value, std::int32_t first, std::int32_t last, char const* name);
 
 // The options of a call; the defaults for null.

@@ -28,7 +28,7 @@ desk::ChangeSettings SettingsOf(zel_change_options const* given) {
   settings.names = zelc::TextOrEmpty(options.names);
   settings.units = zelc::TextOrEmpty(options.units);
   settings.command = zelc::TextOrEmpty(options.command);
-  settings.waitSeconds = options.wait_seconds;
+  settings.waitSeconds = zelc::NeedSeconds(options.wait_seconds, "wait_seconds");
   settings.dryRun = options.dry_run != 0;
   return settings;
 }

@@ -59,6 +59,7 @@ std::vector<Width> WidthsOf(std::string const& type, std::int32_t keyWords) {
 }  // namespace
 
 struct zel_columns {
+  std::shared_ptr<zel::LibFile> file;  // ends after the reader, even if the host closes it before
   zel::Handle<zel::ColumnReader> reader;
   std::vector<Width> widths;
   std::vector<HostColumn> columns;
@@ -100,15 +101,16 @@ void MarkUndefined(double* values, std::size_t count) {
 zel_status zel_columns_open(zel_library* library, char const* type, char const* name,
                             zel_columns** columns) {
   return zelc::MakeHandle(columns, "columns", [&] {
-    zel::LibFile* const file = Need(library, "library").file.get();
+    std::shared_ptr<zel::LibFile> file = Need(library, "library").file;
     zel::Handle<zel::ColumnReader> reader(
-        zel::ColumnReader::NewColumnReader(file, &Need(type, "type"), &Need(name, "name")));
+        zel::ColumnReader::NewColumnReader(file.get(), &Need(type, "type"), &Need(name, "name")));
     if (!reader) {
       throw Refusal(ZEL_MISSING_BANK, std::string("the library has no bank ") + type + ":" + name +
                                           " that can be read by columns");
     }
     std::vector<Width> widths = WidthsOf(type, reader->GetKeyWords());
-    return std::unique_ptr<zel_columns>(new zel_columns{std::move(reader), std::move(widths), {}});
+    return std::unique_ptr<zel_columns>(
+        new zel_columns{std::move(file), std::move(reader), std::move(widths), {}});
   });
 }
 
@@ -163,6 +165,7 @@ zel_status zel_columns_read(zel_columns* columns, size_t rows, size_t* read) {
                                          " rows of " + std::to_string(column.width));
       }
     }
+    *read = 0;
     constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();
     auto const done = static_cast<std::size_t>(
         walk.reader->Read(static_cast<std::int32_t>(std::min(rows, kMost))));

@@ -3,13 +3,14 @@
 
 #include <zelaccess/Handles.h>
 
+#include <memory>
 #include <string>
 
 #include "border.h"
 
 struct zel_library {
-  zel::Handle<zel::LibFile> file;
-  zel::Handle<zel::LibMaint> maint;  // ends before the file
+  std::shared_ptr<zel::LibFile> file;  // shared with the columns that read it
+  zel::Handle<zel::LibMaint> maint;    // ends before the file
 };
 
 namespace zelc {

@@ -19,7 +19,7 @@ desk::ReportSettings SettingsOf(zel_report_options const* given) {
   settings.names = zelc::TextOrEmpty(options.names);
   settings.units = zelc::TextOrEmpty(options.units);
   settings.acceptIdentity = options.accept_identity != 0;
-  settings.waitSeconds = options.wait_seconds;
+  settings.waitSeconds = zelc::NeedSeconds(options.wait_seconds, "wait_seconds");
   settings.path = NeedWords(options.path, options.path_count, "path");
   return settings;
 }

@@ -62,7 +62,7 @@ zel_status zel_search_open(char const* const* libraries, size_t count,
     desk::LibrariesOptions how;
     how.names = zelc::TextOrEmpty(given.names);
     how.acceptIdentity = given.accept_identity != 0;
-    how.waitSeconds = given.wait_seconds;
+    how.waitSeconds = zelc::NeedSeconds(given.wait_seconds, "wait_seconds");
     how.path = zelc::NeedWords(given.path, given.path_count, "path");
     return std::unique_ptr<zel_search>(
         new zel_search{desk::Libraries(zelc::NeedWords(libraries, count, "libraries"), how)});

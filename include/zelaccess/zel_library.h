@@ -107,14 +107,15 @@ typedef struct zel_finding {
 } zel_finding;
 
 /// What a host passes to receive findings. It is called in the thread of the check, must not use
-/// the library and must not throw.
+/// this interface, and must return: it must not throw, jump or end its thread.
 /// \param finding  valid during the call alone
 /// \param user     what the host passed to the check
 /// \return 0 to go on, anything else to stop the check
 typedef int32_t (*zel_finding_function)(zel_finding const* finding, void* user);
 
 /// \name One library
-/// A library must outlive the columns that read it. Calls on one library are made one at a time.
+/// Calls on one library, and on the columns that read it, are made one at a time. Columns of a
+/// library that was closed have no more rows.
 ///@{
 
 /// Opens a library. A flush that was cut off is completed first.
@@ -299,9 +300,12 @@ ZEL_C_API zel_status zel_columns_add_texts(zel_columns* columns, char const* fie
 /// Reads the next items into the columns, from row 0 on. Without columns it counts them.
 /// \param columns  the walk
 /// \param rows     how many items at most
-/// \param read     receives how many were read; fewer than `rows` only at the end, 0 after it
+/// \param read     receives how many were read; fewer than `rows` only at the end, 0 after it and
+///                 where something cannot be read
 /// \return ZEL_OK; ZEL_TOO_SMALL, with nothing read, if a column has no room for so many rows;
-///         ZEL_DAMAGED for an item that cannot be read; the next call goes on after it
+///         ZEL_DAMAGED if something cannot be read: the rows of this call mean nothing, and the
+///         next one goes on after an item that cannot be read, but not after a part of the tree, so
+///         that a host should stop at the second one in a row
 ZEL_C_API zel_status zel_columns_read(zel_columns* columns, size_t rows, size_t* read);
 ///@}
 

@@ -33,8 +33,10 @@ enum zel_batches {
 
 /// How libraries are opened. Set `size`; zero in all other members is the default.
 typedef struct zel_search_options {
-  size_t size;              ///< sizeof(zel_search_options).
-  char const* names;        ///< A library for IDs and CAS numbers that the others do not know.
+  size_t size;  ///< sizeof(zel_search_options).
+  /// A library for IDs and CAS numbers that the others do not know; one for the whole process, the
+  /// last that was given.
+  char const* names;
   int32_t accept_identity;  ///< 1: merge sources that mean different substances.
   double wait_seconds;      ///< How long to wait for a library that another program uses.
   /// Folders in which a library is looked up that is named without a folder and is not in the

@@ -94,6 +94,20 @@ TEST_F(CColumnTest, ComponentsAreReadByColumns) {
   EXPECT_EQ(zel_columns_close(&columns), ZEL_OK);
 }
 
+// Hosts with garbage collection end handles in any order.
+TEST_F(CColumnTest, AClosedLibraryHasNoMoreRows) {
+  ASSERT_EQ(zel_library_open(Path("crc.lb1").c_str(), nullptr, &library_), ZEL_OK);
+  zel_columns* columns = nullptr;
+  ASSERT_EQ(zel_columns_open(library_, "PURECOMP", "CRC", &columns), ZEL_OK);
+  std::size_t read = 0;
+  ASSERT_EQ(zel_columns_read(columns, 3, &read), ZEL_OK);
+  EXPECT_EQ(read, 3U);
+  ASSERT_EQ(zel_library_close(&library_), ZEL_OK);
+  EXPECT_EQ(zel_columns_read(columns, 3, &read), ZEL_OK);
+  EXPECT_EQ(read, 0U);
+  EXPECT_EQ(zel_columns_close(&columns), ZEL_OK);
+}
+
 TEST_F(CColumnTest, ABankThatIsNotThereHasNoColumns) {
   ASSERT_EQ(zel_library_open(Path("crc.lb1").c_str(), nullptr, &library_), ZEL_OK);
   zel_columns* columns = nullptr;

@@ -83,6 +83,21 @@ void ExpectCorrelation(zel_component const* component, char const* name,
   EXPECT_EQ(textOf(ZEL_TEXT_DOI), expected->doi);
 }
 
+TEST_F(CSearchTest, TimesAreNumbersAndReasonsAreLong) {
+  zel_search_options options = {};
+  options.size = sizeof options;
+  options.wait_seconds = std::nan("");
+  zel_search* search = nullptr;
+  char const* const one[] = {"x.lb1"};
+  EXPECT_EQ(zel_search_open(one, 1, &options, &search), ZEL_BAD_ARGUMENT);
+  EXPECT_EQ(Reason(), "wait_seconds is not a number");
+  std::string const path = "/" + std::string(200, 'n') + "/" + std::string(50, 'x') + ".txt";
+  zel_library* library = nullptr;
+  EXPECT_EQ(zel_library_open(path.c_str(), nullptr, &library), ZEL_NOT_FOUND);
+  EXPECT_EQ(Reason().find(path), 0U);
+  EXPECT_GT(Reason().size(), path.size() + 5) << "what is wrong is not cut off";
+}
+
 TEST_F(CSearchTest, ComponentsAreThoseOfTheDesk) {
   desk::Libraries const libraries(libraries_.Texts());
   std::int32_t constants = 0;

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <string>
 
+#include "tests/support/failing_file_system.h"
 #include "tests/support/memory_file_system.h"
 
 namespace zel {
@@ -61,7 +62,12 @@ class JournalTest : public ::testing::Test {
     EXPECT_FALSE(failed);
     return journal;
   }
-  bool Fits(Journal const& journal) { return Journal::Fits(*journal.Of(1), Open("/f").get()); }
+  bool Fits(Journal const& journal) {
+    bool failed = true;
+    bool const fits = Journal::Fits(*journal.Of(1), Open("/f").get(), failed);
+    EXPECT_FALSE(failed);
+    return fits;
+  }
   MemoryFileSystem::Bytes& Bytes() { return files_.Contents("/f"); }
 
   MemoryFileSystem files_;
@@ -122,6 +128,23 @@ TEST_F(JournalTest, FitsEachMixtureOfSectors) {
     put(7, mixture / 6 == 0 ? old_ : first_);
     EXPECT_TRUE(Fits(*journal)) << mixture;
   }
+}
+
+// A file that cannot be read is not taken for another one.
+TEST_F(JournalTest, ReadErrorIsNotAMisfit) {
+  Write();
+  auto const journal = Read();
+  test::FailingFileSystem failing(files_);
+  auto const file = failing.Open("/f", OpenMode::kRead).file;
+  int failures = 0;
+  for (int n = 1; n < 20; ++n) {
+    failing.FailAt(n, false);
+    bool failed = false;
+    bool const fits = Journal::Fits(*journal->Of(1), file.get(), failed);
+    EXPECT_NE(fits, failed);
+    failures += failed ? 1 : 0;
+  }
+  EXPECT_GE(failures, 3) << "one for each sector that changes";
 }
 
 // A file that is killed can have room that was allocated ahead, which is zeros, but only so much.
@@ -193,7 +216,9 @@ TEST_F(JournalTest, DoesNotFitOtherFiles) {
   EXPECT_TRUE(Fits(*journal)) << "room that was allocated ahead";
   Bytes().back() = std::byte{1};
   EXPECT_FALSE(Fits(*journal)) << "longer than it ever was";
-  EXPECT_FALSE(Journal::Fits(*journal->Of(1), nullptr)) << "missing";
+  bool failed = true;
+  EXPECT_FALSE(Journal::Fits(*journal->Of(1), nullptr, failed)) << "missing";
+  EXPECT_FALSE(failed);
 }
 
 // The length of a file that has grown may be lost, and any of its new sectors.

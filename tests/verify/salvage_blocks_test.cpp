@@ -151,13 +151,18 @@ TEST_F(SalvageBlocksTest, LinkToAFreeBlockIsNotFollowed) {
   EXPECT_GT(counts_.scanned, 0);
 }
 
-TEST_F(SalvageBlocksTest, LeafInAFreeBlockIsOutdated) {
+// Nothing else is in the place of the node: the block table is wrong.
+TEST_F(SalvageBlocksTest, NodesThatTheBlockTableCallsFreeAreTaken) {
   MakePairs();
-  std::size_t const leaf = NodeAt(RootOf("NRTL", "VLE"), kPairWords, 3);
-  Free(2, leaf);
-  ASSERT_EQ(Salvage(), openOk);
-  EXPECT_TRUE(Missing().empty()) << Missing().size();
-  EXPECT_EQ(Outdated(), WordAt(2, leaf + 4 * std::size_t{f::kNodeCount}));
+  std::size_t const root = RootOf("NRTL", "VLE");
+  for (std::size_t const node : {root, NodeAt(root, kPairWords, 3), EntryOf("NRTL", "VLE")}) {
+    Free(2, node);
+    ASSERT_EQ(Salvage(), openOk);
+    EXPECT_TRUE(Missing().empty()) << Missing().size();
+    EXPECT_TRUE(Added().empty());
+    EXPECT_EQ(Outdated() + counts_.scanned + counts_.gaps, 0);
+    files_.Contents(kBroken) = whole_.file[0];
+  }
 }
 
 // Two records have the number, one of them in a free block before the other.

@@ -122,12 +122,12 @@ TEST_F(SalvageComponentsTest, IdsThatCannotBeTrueAreLeftOut) {
   EXPECT_EQ(Told(1030)->text, "missing: 1 ID");
 }
 
-// The bank's entry names a type that does not exist; records in blocks of their own are those of
+// The bank's entry has no type that could be one; records in blocks of their own are those of
 // components, whose addresses are made anew.
 TEST_F(SalvageComponentsTest, BankOfAnUnknownTypeIsOneOfComponents) {
   MakeComponents();
-  PutWord(2, EntryOf("PURECOMP", "OWN"), 12'345'678);
-  PutWord(2, EntryOf("PURECOMP", "OWN") + 4, 87'654'321);
+  PutWord(2, EntryOf("PURECOMP", "OWN"), 1'512'345'678);
+  PutWord(2, EntryOf("PURECOMP", "OWN") + 4, -87'654'321);
   ASSERT_EQ(Salvage(), openOk);
   ExpectAll();
 }

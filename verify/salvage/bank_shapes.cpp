@@ -154,8 +154,8 @@ BankHeading ReadBankEntry(BrokenLibrary const& library, std::int32_t const* entr
   bool const isPacked = IsPacked(entry, heading.type, heading.name);
   // A text that is whole is hardly that of another type, but a byte of it can be damaged.
   BankShape const* known = NearestShape(entry, heading.type, isPacked ? 2 : 9);
-  // Only components have records in blocks of their own.
-  if (known == nullptr && heading.shape.isAddressed) known = ShapeOf(heading.shape);
+  // Only components have records in blocks of their own, as far as is known here.
+  if (known == nullptr && !isPacked && heading.shape.isAddressed) known = ShapeOf(heading.shape);
   bool const isText = std::all_of(heading.name.begin(), heading.name.end(),
                                   [](char c) { return c >= ' ' && c <= '~'; });
   if (!isText) heading.name.clear();

@@ -57,7 +57,9 @@ openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& 
   }
   // A flush that was cut off counts as complete, as for every reader.
   UnfinishedFlush unfinished(system, firstPath);
-  unfinished.Look();
+  if (unfinished.Look() != platform::OpenOutcome::kOk) {
+    Repair("the journal next to the library cannot be used: the last flush may be incomplete");
+  }
   bool any = false;
   for (int number = 1; number <= f::kMaxFiles; ++number) {
     std::unique_ptr<platform::BlockFile>& file = files[static_cast<std::size_t>(number)];

@@ -109,8 +109,10 @@ bool ComponentRecords::Copy(std::int32_t address, std::int32_t number, Component
   return true;
 }
 
-// IDs with letters that no writer stores, which damage has made; the others move up.
+// IDs with letters that no writer stores in a record whose other texts are coded, which damage has
+// made; the others move up.
 void ComponentRecords::DropIds(ComponentWords& to) {
+  if (!AreCoded(&to.main[r::kName], r::kNameWords)) return;
   int kept = 0;
   int dropped = 0;
   for (int i = 0; i < r::kMostIds; ++i) {

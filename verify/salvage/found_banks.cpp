@@ -16,9 +16,9 @@ FoundBanks::FoundBanks(BrokenLibrary const& library, ComponentRecords const& rec
   for (BankShape const& shape : BankShapes()) shapes_.insert(shape.shape);
   WalkAll();
   if (LearnTails()) WalkAll();
-  if (LearnFreed()) WalkAll();
   SettleClaims();
   FindOrphans();
+  LeaveOutOutdated();
   FillDirectory();
   CorrectRoots();
   FillBanks();
@@ -29,7 +29,7 @@ TreeContents FoundBanks::Walk(TreeShape const& shape, std::int32_t root, TreeWal
                               std::set<std::int32_t> const& leftOut) {
   TreeWalk walk(library_, budget_, shape, tails_, std::move(test));
   walk.LeaveOut(leftOut);
-  if (leavesOutFreed_) walk.LeaveOutFreed();
+  walk.LeaveOut(outdated_);
   return walk.From(root);
 }
 
@@ -126,14 +126,19 @@ bool FoundBanks::LearnTails() {
   return true;
 }
 
-// True if some nodes are in blocks that the block table says were freed. If they are few, links to
-// them are damaged, and otherwise the block table is.
-bool FoundBanks::LearnFreed() {
-  Reach();
-  auto const freed = std::count_if(reached_.begin(), reached_.end(),
-                                   [this](std::int32_t node) { return library_.WasFreed(node); });
-  leavesOutFreed_ = freed > 0 && freed <= 1 + static_cast<std::int64_t>(reached_.size()) / 20;
-  return leavesOutFreed_;
+// A damaged link can lead to an old leaf, in a block that was freed; the leaf that it led to before
+// is then not reached. Without such a leaf, the block table is wrong, and the link is right.
+void FoundBanks::LeaveOutOutdated() {
+  for (SalvagedTree const& bank : banks_) {
+    for (std::int32_t const node : bank.contents.nodes) {
+      if (!library_.WasFreed(node) || node == bank.heading.root) continue;
+      if (orphans_->HasLeafInPlaceOf(node, bank.heading.shape)) outdated_.insert(node);
+    }
+  }
+  if (outdated_.empty()) return;
+  WalkAll();
+  SettleClaims();
+  FindOrphans();
 }
 
 void FoundBanks::Reach() {

@@ -34,7 +34,7 @@ class FoundBanks {
   void WalkAll();
   void AddBanksOfDirectory();
   bool LearnTails();
-  bool LearnFreed();
+  void LeaveOutOutdated();
   void SettleClaims();
   double Claim(BankHeading const& bank, std::int32_t node);
   void Reach();
@@ -57,8 +57,8 @@ class FoundBanks {
   ComponentRecords const& records_;
   ItemChecks checks_;
   NodeReading::Tails tails_ = NodeReading::Tails::kUnknown;
-  bool leavesOutFreed_ = false;
-  TreeWalk::Budget budget_;  // of the present pass over the trees
+  std::set<std::int32_t> outdated_;  // nodes that are reached although another is in their place
+  TreeWalk::Budget budget_;          // of the present pass over the trees
   SalvagedTree directory_;
   TreeContents ids_;
   TreeContents cas_;

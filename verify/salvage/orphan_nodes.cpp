@@ -88,7 +88,10 @@ std::vector<OrphanTree> OrphanNodes::Trees(TreeShape const& shape,
   if (found == nodes_.end()) return trees;
   ParentMap const& parents = Parents(shape, true);
   TreeWalk::Budget budget(library_);
-  for (std::int32_t const address : found->second) {
+  std::vector<std::int32_t> addresses = found->second;
+  std::stable_partition(addresses.begin(), addresses.end(),
+                        [this](std::int32_t address) { return !library_.IsFree(address); });
+  for (std::int32_t const address : addresses) {
     bool const isFree = library_.IsFree(address);
     auto const parent = parents.find(address);
     // What a free block leads to may be in use again.
@@ -104,6 +107,21 @@ std::vector<OrphanTree> OrphanNodes::Trees(TreeShape const& shape,
     return a.contents.entries.size() > b.contents.entries.size();
   });
   return trees;
+}
+
+bool OrphanNodes::HasLeafInPlaceOf(std::int32_t node, TreeShape const& shape) const {
+  NodeReading own;
+  auto const found = nodes_.find(WidthsOf(shape));
+  bool const isLeaf = found != nodes_.end() && own.Read(library_, node, shape, tails_) &&
+                      own.IsLeaf() && own.Count() > 0;
+  if (!isLeaf) return false;
+  return std::any_of(found->second.begin(), found->second.end(), [&](std::int32_t address) {
+    NodeReading other;
+    if (library_.IsFree(address) || !other.Read(library_, address, shape, tails_)) return false;
+    if (!other.IsLeaf() || other.Count() < 1) return false;
+    return CompareKeys(other.Entry(1), own.Entry(own.Count()), shape.keyWords) <= 0 &&
+           CompareKeys(own.Entry(1), other.Entry(other.Count()), shape.keyWords) <= 0;
+  });
 }
 
 std::int32_t OrphanNodes::Above(std::int32_t node, TreeShape const& shape) const {

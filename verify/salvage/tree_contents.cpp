@@ -31,8 +31,8 @@ void TreeWalk::Miss(std::int32_t link, int level) {
 // the order of the keys decides.
 bool TreeWalk::MayEnter(std::int32_t address, int level) {
   constexpr int kMostVisits = 3;
-  bool const isLeftOut = (leftOut_ != nullptr && leftOut_->count(address) != 0) ||
-                         (leavesOutFreed_ && library_.WasFreed(address));
+  bool const isLeftOut = std::any_of(leftOut_.begin(), leftOut_.end(),
+                                     [&](auto const* nodes) { return nodes->count(address) != 0; });
   return !isLeftOut && level <= BTree_i::kMaxDepth &&
          std::find(path_.begin(), path_.end(), address) == path_.end() &&
          visitsOf_[address] < kMostVisits && budget_.Take();

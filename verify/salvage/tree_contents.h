@@ -63,10 +63,9 @@ class TreeWalk {
            NodeReading::Tails tails, Test test)
       : library_(library), budget_(budget), shape_(shape), tails_(tails), test_(std::move(test)) {}
 
-  // Nodes that belong to other trees, whatever leads to them; the set is the caller's.
-  void LeaveOut(std::set<std::int32_t> const& nodes) { leftOut_ = &nodes; }
-  // Nodes in blocks that were freed: what leads to them is damaged.
-  void LeaveOutFreed() { leavesOutFreed_ = true; }
+  // Nodes that belong to other trees, or are outdated, whatever leads to them; the set is the
+  // caller's.
+  void LeaveOut(std::set<std::int32_t> const& nodes) { leftOut_.push_back(&nodes); }
 
   // A null root is an empty tree.
   TreeContents From(std::int32_t root);
@@ -102,8 +101,7 @@ class TreeWalk {
   TreeShape shape_;
   NodeReading::Tails tails_;
   Test test_;
-  std::set<std::int32_t> const* leftOut_ = nullptr;
-  bool leavesOutFreed_ = false;
+  std::vector<std::set<std::int32_t> const*> leftOut_;
   std::vector<Step> steps_;
   std::vector<Visit> visits_;
   std::map<std::int32_t, int> visitsOf_;
