@@ -66,7 +66,9 @@ class KillTest : public ChangeTest {
         then(before, whole, Now());
       }
     }
-    if (std::getenv("ZEL_KILLS") != nullptr) std::printf("%ld kills\n", made);
+    if (std::getenv("ZEL_KILLS") == nullptr) return;
+    std::printf("%ld kills\n", made);
+    std::fflush(stdout);  // before the next child process gets a copy of what is buffered
   }
   // After a command that only reads, nothing but the library is in the folder.
   void LookAfter(Contents const& expected) const {
