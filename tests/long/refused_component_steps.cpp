@@ -33,8 +33,8 @@ void SetAll(Bench& b, Outcome& o) {
     Ok(o, b.component->SetStructure(model, 2, groups, counts));
   }
   Ok(o, b.component->SetLegacyStructure(2, groups, counts));
-  double values[50];
-  for (int i = 0; i < 50; ++i) values[i] = i + 1.0;
+  double values[100];
+  for (int i = 0; i < 100; ++i) values[i] = i + 1.0;
   std::uint32_t codes[50] = {};
   Ok(o, b.component->SetAllProperties(values));
   Ok(o, b.component->SetProperty(propertyTC, 500.0));
