@@ -40,7 +40,7 @@ zel::ZelOpenOptions OptionsFor(zel_open_options const* given) {
   return result;
 }
 
-// An opened library, or the reason why there is none.
+// An opened library; throws the reason if it was not opened.
 std::unique_ptr<zel_library> Opened(char const* path, zel::Handle<zel::LibFile> file,
                                     zel::openErrors error) {
   if (!file) {

@@ -162,7 +162,7 @@ ZEL_C_API zel_status zel_table_size(zel_table const* table, size_t* rows, size_t
 /// \param table   the table
 /// \param name    the heading, exactly
 /// \param column  receives the column
-/// \return ZEL_OK; ZEL_UNKNOWN_WORD if there is no such column
+/// \return ZEL_OK; ZEL_UNKNOWN_WORD for a column that the table does not have
 ZEL_C_API zel_status zel_table_column(zel_table const* table, char const* name, size_t* column);
 /// Copies the heading of a column.
 /// \param table   the table

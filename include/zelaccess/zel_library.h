@@ -252,7 +252,7 @@ ZEL_C_API zel_status zel_library_check(zel_library* library, int32_t part,
 /// \param type     keyword of the type
 /// \param name     name of the bank
 /// \param columns  receives the walk, which the caller ends with zel_columns_close; null on failure
-/// \return ZEL_OK; ZEL_MISSING_BANK if there is no such bank of a known type
+/// \return ZEL_OK; ZEL_MISSING_BANK for a bank that the library does not have or whose type is unknown
 ZEL_C_API zel_status zel_columns_open(zel_library* library, char const* type, char const* name,
                                       zel_columns** columns);
 /// Ends a walk and nulls the handle.

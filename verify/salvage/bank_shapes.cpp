@@ -102,7 +102,7 @@ BankShape const* NearestShape(std::int32_t const* entry, std::string const& type
   return best;
 }
 
-// The first format of that shape; null if there is no such format.
+// The first format of that shape, or null.
 BankShape const* ShapeOf(TreeShape const& shape) {
   auto const& all = BankShapes();
   auto const at = std::find_if(all.begin(), all.end(),
