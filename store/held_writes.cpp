@@ -227,7 +227,7 @@ bool HeldWrites::Sync(bool onlyNew) {
 bool HeldWrites::Checkpoint() { return isInPlace_ && Sync(false) && writer_->Restart(); }
 
 bool HeldWrites::Commit() {
-  constexpr std::uint64_t kLongJournal = std::uint64_t{4} << 20;
+  constexpr std::uint64_t kLongJournal = std::uint64_t{8} << 20;
   std::array<std::vector<ChangedPage>, format::kFileSlots> changes;
   std::vector<ChangedPage> all;
   LengthsOfFiles lengths;
@@ -250,6 +250,9 @@ bool HeldWrites::Commit() {
   if (!Begin() || !Sync(true)) return false;
   bool const isLong = writer_->Length() > kLongJournal && !hasLostSync_;
   if (isLong && isInPlace_ && !Checkpoint()) return false;
+  // Before there is a commit: a file that it changes must not be missing after a power cut.
+  if (isNew_ && !system_->SyncFolder(path_)) return false;
+  isNew_ = false;
   bool const isJournaled = writer_->Append(all, lengths);
   if (!isJournaled && !writer_->MayHaveIt()) return false;
   isInPlace_ = false;
@@ -257,8 +260,6 @@ bool HeldWrites::Commit() {
     if (files_[i].held != nullptr) files_[i].held->NoteJournaled(changes[i]);
   }
   if (!isJournaled) return false;
-  if (isNew_ && !system_->SyncFolder(path_)) return false;
-  isNew_ = false;
   for (std::size_t i = 0; i < files_.size(); ++i) {
     HeldFile* const held = files_[i].held;
     if (held != nullptr && !held->PutInPlace(changes[i], hasLostSync_)) return false;

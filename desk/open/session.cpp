@@ -1,8 +1,8 @@
 #include "desk/open/session.h"
 
-#include <system_error>
+#include <zelaccess/DeskErrors.h>
 
-#include "desk/words/failure.h"
+#include <system_error>
 
 namespace zel::desk {
 namespace {
@@ -26,6 +26,6 @@ std::string Session::ShownPath(std::string const& file) const {
   return file;
 }
 
-void Session::LeaveOut(std::string const& line) { throw Failure(line); }
+void Session::LeaveOut(std::string const& line) { throw DamagedLibrary("", line); }
 
 }  // namespace zel::desk

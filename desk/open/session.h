@@ -45,7 +45,7 @@ class Session {
   std::string ShownPath(std::string const& file) const;
 
   // Called once for each item or bank that a walk leaves out because it cannot be read; `line` says
-  // where it is and why. Throws Failure with the line, unless a host wants to go on.
+  // where it is and why. Throws DamagedLibrary with the line, unless a host wants to go on.
   virtual void LeaveOut(std::string const& line);
   // True once for each path: for what is said once.
   bool IsNewlyNoted(std::string const& path) { return noted_.insert(path).second; }

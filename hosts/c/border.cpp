@@ -174,6 +174,19 @@ std::int32_t NeedAmong(std::int32_t value, std::int32_t first, std::int32_t last
   throw Refusal(ZEL_BAD_ARGUMENT, "", name, text.c_str());
 }
 
+void NeedOptions(void const* given, std::size_t size, std::size_t own) {
+  if (size < own || size % alignof(void*) != 0) {
+    throw Refusal(ZEL_BAD_ARGUMENT, "", "options",
+                  " has another size than the library's structure");
+  }
+  auto const* const bytes = static_cast<unsigned char const*>(given);
+  bool const areZero =
+      std::all_of(bytes + own, bytes + size, [](unsigned char byte) { return byte == 0; });
+  if (areZero) return;
+  throw Refusal(ZEL_BAD_ARGUMENT, "", "options",
+                " has members that this version of the library does not know");
+}
+
 void Start() {
   char why[zel::kInitReasonSize] = "";
   if (!zel::TryInitZelAccess(why)) throw Refusal(ZEL_FAILED, why, "", "");

@@ -63,20 +63,28 @@ inline std::string NeedText(char const* text, char const* name) { return &Need(t
 inline std::string TextOrEmpty(char const* text) { return text == nullptr ? "" : text; }
 std::vector<std::string> NeedWords(char const* const* words, std::size_t count, char const* name);
 
-// A number of an enumeration whose values are those from `first` to `last`.
 // A time to wait, in seconds.
 double NeedSeconds(double seconds, char const* name);
+// A number of an enumeration whose values are those from `first` to `last`.
 std::int32_t NeedAmong(std::int32_t value, std::int32_t first, std::int32_t last, char const* name);
+
+// Throws a Refusal unless a structure of the host can be used for one of the library: it has at
+// least the members of the library's, and those that the library does not know are zero. A host
+// that was compiled with a later version of the headers has such a structure.
+void NeedOptions(void const* given, std::size_t size, std::size_t own);
 
 // The options of a call; the defaults for null.
 template <typename Options>
 Options OptionsOf(Options const* given) {
   if (given == nullptr) return Options{};
-  if (given->size != sizeof(Options)) {
-    throw Refusal(ZEL_BAD_ARGUMENT, "", "options",
-                  " has another size than the library's structure");
-  }
+  NeedOptions(given, given->size, sizeof(Options));
   return *given;
+}
+
+// Whether an enumerator of the C interface has the number of one of the library.
+template <typename Mine, typename Theirs>
+constexpr bool Agree(Mine mine, Theirs theirs) noexcept {
+  return static_cast<std::int64_t>(mine) == static_cast<std::int64_t>(theirs);
 }
 
 // Starts the library; throws a Refusal if its units cannot be loaded.

@@ -88,6 +88,10 @@ desk::EvaluationOptions OptionsFor(zel_evaluation const* given) {
   return options;
 }
 
+static_assert(zelc::Agree(ZEL_BATCH_EXACT, zel::batchExact) &&
+                  zelc::Agree(ZEL_BATCH_VECTOR, zel::batchVector),
+              "the numbers are passed on");
+
 }  // namespace
 
 std::uint32_t zelc::CorrelationNamed(char const* name) {

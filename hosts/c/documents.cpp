@@ -5,6 +5,7 @@
 #include <zelaccess/Types.h>
 #include <zelaccess/Verify.h>
 
+#include <cctype>
 #include <filesystem>
 
 #include "library.h"
@@ -14,6 +15,14 @@ namespace {
 using zelc::Guarded;
 using zelc::Need;
 using zelc::Refusal;
+
+static_assert(zelc::Agree(ZEL_IMPORT_TOLD, zel::importTold) &&
+                  zelc::Agree(ZEL_IMPORT_CHECKED, zel::importChecked) &&
+                  zelc::Agree(ZEL_IMPORT_STRICT, zel::importStrict) &&
+                  zelc::Agree(ZEL_WARNING, zel::findingWarning) &&
+                  zelc::Agree(ZEL_DAMAGE, zel::findingDamage) &&
+                  zelc::Agree(ZEL_ERROR, zel::findingError),
+              "the numbers are passed on");
 
 // Keeps the errors and warnings of an import, which goes on after an error.
 class KeptLog final : public zel::ZelLogSink {
@@ -53,11 +62,35 @@ std::string WholePath(char const* path, char const* name) {
   return given.empty() ? given : std::filesystem::absolute(given).string();
 }
 
-[[noreturn]] void RefuseExport(zel::LibMaint const& maint, std::string const& path) {
-  char const* const reason = maint.GetLastErrorText();
-  throw Refusal(
-      ZEL_FAILED,
-      path + ": " + (reason != nullptr && *reason != '\0' ? reason : "cannot be written"));
+// One of the files of a library, by its name.
+bool IsLibraryFile(std::filesystem::path const& path) {
+  std::string ending = path.extension().string();
+  for (char& c : ending) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return ending.size() == 4 && ending.compare(0, 3, ".lb") == 0 && ending[3] >= '1' &&
+         ending[3] <= '9';
+}
+
+// A path for a document: a library is not overwritten by mistake.
+std::string DocumentPath(char const* path) {
+  std::string document = WholePath(path, "path");
+  if (IsLibraryFile(document) && std::filesystem::exists(document)) {
+    throw Refusal(ZEL_FAILED, document + ": is a library, and is not overwritten by a document");
+  }
+  return document;
+}
+
+// Writes a document; the library's own reason is used only if it is of this call.
+template <typename Write>
+void WriteDocument(zel::LibMaint const& maint, char const* path, Write const& write) {
+  std::string const document = DocumentPath(path);
+  auto const lastReason = [&]() -> std::string {
+    char const* const reason = maint.GetLastErrorText();
+    return reason == nullptr ? "" : reason;
+  };
+  std::string const before = lastReason();
+  if (write(document.c_str())) return;
+  std::string const after = lastReason();
+  throw Refusal(ZEL_FAILED, document + ": " + (after == before ? "cannot be written" : after));
 }
 
 // Passes findings on to a function of the host.
@@ -121,8 +154,7 @@ zel_status zel_library_import(zel_library* library, char const* path, int32_t re
 zel_status zel_library_export(zel_library* library, char const* path) {
   return Guarded([&] {
     zel::LibMaint& maint = *Need(library, "library").maint;
-    std::string const document = WholePath(path, "path");
-    if (!maint.ExportLibrary(document.c_str())) RefuseExport(maint, document);
+    WriteDocument(maint, path, [&](char const* document) { return maint.ExportLibrary(document); });
   });
 }
 
@@ -130,9 +162,10 @@ zel_status zel_library_export_bank(zel_library* library, char const* type, char 
                                    char const* path) {
   return Guarded([&] {
     zel_library& open = Need(library, "library");
-    std::string const document = WholePath(path, "path");
     zelc::NeedBank(open, &Need(type, "type"), &Need(name, "name"));
-    if (!open.maint->ExportBank(type, name, document.c_str())) RefuseExport(*open.maint, document);
+    WriteDocument(*open.maint, path, [&](char const* document) {
+      return open.maint->ExportBank(type, name, document);
+    });
   });
 }
 

@@ -26,6 +26,12 @@ constexpr OpenFailure kOpenFailures[] = {
 };
 static_assert(std::size(kOpenFailures) == zel::openDamaged + 1, "each error has a reason");
 
+static_assert(Agree(ZEL_UPDATE, zel::accUpdate) && Agree(ZEL_WRITES_MARKED, zel::writesMarked) &&
+                  Agree(ZEL_WRITES_HELD, zel::writesHeld) &&
+                  Agree(ZEL_UNCLEAN_REFUSED, zel::uncleanRefused) &&
+                  Agree(ZEL_UNCLEAN_VERIFIED, zel::uncleanVerified),
+              "the numbers are passed on");
+
 zel::ZelOpenOptions OptionsFor(zel_open_options const* given) {
   zel_open_options const options = OptionsOf(given);
   zel::ZelOpenOptions result;
@@ -127,6 +133,9 @@ zel_status zel_library_create(char const* path, int32_t kind, zel_open_options c
     zelc::Start();
     zel::openErrors error = zel::openFailed;
     zel::ZelOpenOptions const how = zelc::OptionsFor(options);
+    if (how.password != nullptr && *how.password != '\0') {
+      throw Refusal(ZEL_BAD_ARGUMENT, "a new library has no password");
+    }
     auto const type =
         static_cast<zel::libTypes>(zelc::NeedAmong(kind, zel::libKind11, zel::libKind13, "kind"));
     zel::Handle<zel::LibFile> file(zel::NewLibrary(type, &Need(path, "path"), how, error));

@@ -65,7 +65,7 @@ typedef struct zel_open_options {
   int32_t unclean;            ///< One of zel_unclean.
   int32_t wait_milliseconds;  ///< How long to wait for a library in use; 0 does not wait.
   char const* name;           ///< Display name; null is the file name.
-  char const* password;       ///< Of a protected library; null for none.
+  char const* password;       ///< Of a protected library; null for none, as for a new one.
 } zel_open_options;
 
 /// The numbers that describe a library.
@@ -208,14 +208,15 @@ ZEL_C_API zel_status zel_library_import(zel_library* library, char const* path, 
 /// \param library  the library
 /// \param path     the document of the library, "out/perry.xml" for example; the others are next to
 ///                 it
-/// \return ZEL_OK; ZEL_FAILED if a document cannot be written
+/// \return ZEL_OK; ZEL_FAILED if a document cannot be written, or would replace a file of a library
 ZEL_C_API zel_status zel_library_export(zel_library* library, char const* path);
 /// Exports one bank as a document. One that exists is replaced.
 /// \param library  the library
 /// \param type     keyword of the type
 /// \param name     name of the bank
 /// \param path     the document
-/// \return ZEL_OK; ZEL_MISSING_BANK; ZEL_FAILED if the document cannot be written
+/// \return ZEL_OK; ZEL_MISSING_BANK; ZEL_FAILED if the document cannot be written, or would replace
+///         a file of a library
 ZEL_C_API zel_status zel_library_export_bank(zel_library* library, char const* type,
                                              char const* name, char const* path);
 /// Counts what a document holds, without a library.

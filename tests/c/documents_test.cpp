@@ -111,6 +111,29 @@ TEST_F(CDocumentTest, ADocumentThatCannotBeWrittenOrReadIsReported) {
   EXPECT_NE(Reason().find("own.xml: line 3: "), std::string::npos) << Reason();
 }
 
+TEST_F(CDocumentTest, ALibraryIsNotOverwrittenByADocument) {
+  CopyFrom("perry");
+  auto const size = fs::file_size(Path("own.lb2"));
+  ASSERT_EQ(zel_library_open(Path("sample.lb1").c_str(), nullptr, &library_), ZEL_OK);
+  for (char const* const name : {"own.lb1", "own.lb2"}) {
+    EXPECT_EQ(zel_library_export(library_, Path(name).c_str()), ZEL_FAILED);
+    EXPECT_NE(Reason().find("is a library, and is not overwritten"), std::string::npos) << Reason();
+    EXPECT_EQ(zel_library_export_bank(library_, "NRTL", "SAMPLE", Path(name).c_str()), ZEL_FAILED);
+  }
+  EXPECT_EQ(fs::file_size(Path("own.lb2")), size);
+}
+
+TEST_F(CDocumentTest, AnExportDoesNotReportTheErrorOfAnImport) {
+  ASSERT_EQ(zel_library_create(Path("own.lb1").c_str(), 11, nullptr, &library_), ZEL_OK);
+  std::ofstream(Path("own.xml")) << "<bank>\n<item>\n</bank>";
+  ASSERT_EQ(zel_library_import(library_, Path("own.xml").c_str(), 0, 2, nullptr, nullptr),
+            ZEL_FAILED);
+  std::string const import = Reason();
+  ASSERT_EQ(zel_library_export(library_, Path("own_none/x.xml").c_str()), ZEL_FAILED);
+  EXPECT_NE(Reason().find("own_none/x.xml: "), std::string::npos) << Reason();
+  EXPECT_EQ(Reason().find("line"), std::string::npos) << Reason() << " after " << import;
+}
+
 // What a check has reported.
 struct Findings {
   std::vector<std::string> texts;
@@ -198,6 +221,15 @@ TEST_F(CDocumentTest, DamageIsAFindingAndAStatus) {
   EXPECT_EQ(status, ZEL_DAMAGED);
   EXPECT_NE(Reason().find("own.lb"), std::string::npos) << Reason();
   EXPECT_EQ(zel_columns_close(&columns), ZEL_OK);
+  std::string const path = Path("own.lb1");
+  char const* const libraries[] = {path.c_str()};
+  zel_search* search = nullptr;
+  zel_component* component = nullptr;
+  Held table;
+  ASSERT_EQ(zel_search_open(libraries, 1, nullptr, &search), ZEL_OK) << Reason();
+  EXPECT_EQ(zel_search_components(search, &table), ZEL_DAMAGED) << Reason();
+  EXPECT_EQ(zel_search_component(search, "WATER", &component), ZEL_DAMAGED) << Reason();
+  EXPECT_EQ(zel_search_close(&search), ZEL_OK);
 }
 
 }  // namespace

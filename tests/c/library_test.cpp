@@ -91,6 +91,26 @@ TEST_F(CLibraryTest, OptionsOutOfRangeAreRefused) {
   EXPECT_EQ(made, nullptr);
 }
 
+// A host that was compiled with a later version of the header.
+TEST_F(CLibraryTest, LongerOptionsAreTakenIfTheirOwnMembersAreZero) {
+  struct {
+    zel_open_options known;
+    char const* later;
+  } options = {{sizeof options, 0, 0, 0, 0, nullptr, nullptr}, nullptr};
+  EXPECT_EQ(Open("perry.lb1", options.known), ZEL_OK) << Reason();
+  EXPECT_EQ(zel_library_close(&library_), ZEL_OK);
+  options.later = "x";
+  EXPECT_EQ(Open("perry.lb1", options.known), ZEL_BAD_ARGUMENT);
+  EXPECT_EQ(Reason(), "options has members that this version of the library does not know");
+}
+
+TEST_F(CLibraryTest, APasswordForANewLibraryIsRefused) {
+  zel_open_options const options = {sizeof options, 0, 0, 0, 0, nullptr, "secret"};
+  EXPECT_EQ(zel_library_create(Path("own.lb1").c_str(), 11, &options, &library_), ZEL_BAD_ARGUMENT);
+  EXPECT_EQ(Reason(), "a new library has no password");
+  EXPECT_FALSE(fs::exists(Path("own.lb1")));
+}
+
 TEST_F(CLibraryTest, NameAndPasswordArePassedOn) {
   CopyFrom("perry");
   zel::openErrors error = zel::openFailed;

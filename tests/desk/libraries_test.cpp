@@ -243,10 +243,11 @@ TEST_F(DeskTest, ADamagedBlockIsAnErrorWithTheLibrary) {
   try {
     desk::Libraries const libraries({Path("bad.lb1")});
     libraries.Component("ETHANOL");
-  } catch (desk::Error const& error) {
+  } catch (desk::DamagedLibrary const& error) {
     failed = std::string(error.what()).find("bad.lb1") != std::string::npos;
   }
   EXPECT_TRUE(failed);
+  EXPECT_THROW(desk::Libraries({Path("bad.lb1")}).Components(), desk::DamagedLibrary);
 }
 
 TEST_F(DeskTest, SourcesThatMeanDifferentSubstancesAreRefused) {

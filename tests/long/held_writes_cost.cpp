@@ -73,7 +73,8 @@ void Run(fs::path const& folder, int rounds) {
   struct {
     int items;
     int perFlush;
-  } const kCases[] = {{100, 1}, {1000, 10}, {1000, 100}, {5000, 1000}, {20'000, 20'000}};
+  } const kCases[] = {{100, 1},     {1000, 10},     {1000, 100},
+                      {5000, 1000}, {20'000, 1000}, {20'000, 20'000}};
   std::printf("%8s %10s %12s %12s %12s %8s %8s\n", "items", "per flush", "plain ms", "marked ms",
               "held ms", "marked", "held");
   for (auto const& one : kCases) {

@@ -24,7 +24,7 @@ class HeldCrashTest : public ::testing::Test {
  protected:
   // Makes commits of up to a megabyte and a half until the journal has begun anew some times.
   void Run(bool isPowerCut) {
-    constexpr int kCommits = 20;
+    constexpr int kCommits = 30;
     system_.Load({{kFirst, Image::mapped_type(300'000)}, {kSecond, Image::mapped_type(5000)}});
     HeldWrites held(system_, JournalOf(kFirst), kFirst);
     std::array files = {held.Hold(1, system_.Open(kFirst, OpenMode::kUpdate).file),
@@ -100,6 +100,34 @@ TEST_F(HeldCrashTest, PowerCutsLeaveACommit) {
   Run(true);
   EXPECT_GT(restarts_, 0);
   EXPECT_GT(images_, 60);
+}
+
+// A reader could not open the library if the journal has changes of a file that is not there.
+TEST_F(HeldCrashTest, NewFilesAreThereBeforeTheJournalHasThem) {
+  system_.Load({{kFirst, Image::mapped_type(3000)}});
+  HeldWrites held(system_, JournalOf(kFirst), kFirst);
+  std::array files = {held.Hold(1, system_.Open(kFirst, OpenMode::kUpdate).file),
+                      held.Hold(2, system_.Open(kSecond, OpenMode::kCreate).file)};
+  int withJournal = 0;
+  system_.atMoment = [&] {
+    for (int i = 0; i < 20; ++i) {
+      Image const image = system_.AfterPowerCut(random_);
+      CrashFileSystem left;
+      left.Load(image);
+      UnfinishedFlush unfinished(left, kFirst);
+      ASSERT_EQ(unfinished.Look(), platform::OpenOutcome::kOk);
+      if (unfinished.Found() != UnfinishedFlush::State::kThere) continue;
+      ++withJournal;
+      ASSERT_EQ(image.count(kSecond), 1U);
+    }
+  };
+  std::array<std::byte, 600> bytes;
+  bytes.fill(std::byte{7});
+  for (auto const& file : files) ASSERT_EQ(file->WriteAt(100, bytes.data(), bytes.size()), 600);
+  ASSERT_TRUE(held.Commit());
+  held.End();
+  system_.atMoment = nullptr;
+  EXPECT_GT(withJournal, 10);
 }
 
 }  // namespace
