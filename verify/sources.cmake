@@ -54,6 +54,7 @@ set(verify_SOURCES
     salvage/file_image.cpp
     salvage/found_banks.cpp
     salvage/found_components.cpp
+    salvage/found_identifiers.cpp
     salvage/found_memos.cpp
     salvage/gap_filling.cpp
     salvage/item_checks.cpp

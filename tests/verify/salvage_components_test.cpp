@@ -122,6 +122,29 @@ TEST_F(SalvageComponentsTest, IdsThatCannotBeTrueAreLeftOut) {
   EXPECT_EQ(Told(1030)->text, "missing: 1 ID");
 }
 
+// An ID that damage has given to another component as well stays with its own, whichever comes
+// first.
+TEST_F(SalvageComponentsTest, AnIdBelongsToOneComponent) {
+  constexpr std::int32_t kCases[][2] = {{1020, 1030}, {1030, 1020}};
+  for (auto const& [owner, other] : kCases) {
+    MakeComponents();
+    for (std::size_t i = 0; i < std::size_t{r::kIdWords}; ++i) {
+      std::size_t const at = 4 * (std::size_t{r::kIds} + i);
+      PutWord(1, RecordOf(other) + at, WordAt(1, RecordOf(owner) + at));
+    }
+    ASSERT_EQ(Salvage(), openOk);
+    EXPECT_EQ(Missing().size(), 1U);
+    ASSERT_NE(Told(other), nullptr);
+    EXPECT_EQ(Told(other)->text, "missing: 1 ID");
+    ASSERT_NE(Told(owner), nullptr);
+    EXPECT_EQ(Told(owner)->state, salvageTaken);
+    LibFile_i library(files_, accRead, kRescued, "r");
+    ASSERT_EQ(library.OpenExisting({true, ""}, nullptr), openOk);
+    LibMaint_i maint(&library);
+    EXPECT_EQ(maint.FindNumberById(("C" + std::to_string(owner)).c_str()), owner);
+  }
+}
+
 // The bank's entry has no type that could be one; records in blocks of their own are those of
 // components, whose addresses are made anew.
 TEST_F(SalvageComponentsTest, BankOfAnUnknownTypeIsOneOfComponents) {

@@ -110,18 +110,23 @@ bool ComponentRecords::Copy(std::int32_t address, std::int32_t number, Component
 }
 
 // IDs with letters that no writer stores in a record whose other texts are coded, which damage has
-// made; the others move up.
+// made.
 void ComponentRecords::DropIds(ComponentWords& to) {
   if (!AreCoded(&to.main[r::kName], r::kNameWords)) return;
+  KeepIds(to, [](std::string_view id) {
+    return std::all_of(id.begin(), id.end(), [](char c) { return c >= ' ' && c <= '~'; });
+  });
+}
+
+void ComponentRecords::KeepIds(ComponentWords& to,
+                               std::function<bool(std::string_view)> const& isKept) {
   int kept = 0;
   int dropped = 0;
   for (int i = 0; i < r::kMostIds; ++i) {
     std::int32_t* const words = &to.main[static_cast<std::size_t>(r::kIds + r::kIdWords * i)];
     char id[f::kWordBytes * r::kIdWords + 1];
     WordsToText(words, r::kIdWords, id);
-    bool const isText =
-        std::all_of(id, id + std::strlen(id), [](char c) { return c >= ' ' && c <= '~'; });
-    if (isText) {
+    if (isKept(id)) {
       std::copy_n(words, r::kIdWords,
                   &to.main[static_cast<std::size_t>(r::kIds + r::kIdWords * kept++)]);
     } else {

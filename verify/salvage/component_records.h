@@ -3,8 +3,10 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "purecomp/record_format.h"
@@ -44,6 +46,8 @@ class ComponentRecords {
   // Copies a component. A part that cannot be read is left out and named; values that are not
   // numbers become undefined, and are named. False if the main block cannot be read.
   bool Copy(std::int32_t address, std::int32_t number, ComponentWords& to) const;
+  // Leaves out the IDs for which that is false, and names them as missing; the others move up.
+  static void KeepIds(ComponentWords& to, std::function<bool(std::string_view)> const& isKept);
 
  private:
   static void DropIds(ComponentWords& to);

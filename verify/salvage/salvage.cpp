@@ -16,10 +16,10 @@
 #include "store/packed_text.h"
 #include "verify/open_library.h"
 #include "verify/salvage/found_components.h"
+#include "verify/salvage/found_identifiers.h"
 #include "verify/salvage/found_memos.h"
 #include "verify/salvage/rescued_library.h"
 #include "verify/salvage/salvage.h"
-#include "zelaccess/Casn.h"
 
 namespace zel {
 
@@ -61,6 +61,7 @@ class Salvage {
     Header();
     DirectoryGaps();
     std::vector<ComponentBank> components = FindComponents(banks_, records_);
+    identifiers_.NoteAll(components, records_);
     std::map<SalvagedTree const*, ComponentBank*> componentsOf;
     for (ComponentBank& bank : components) componentsOf[bank.bank] = &bank;
     for (SalvagedTree& bank : banks_.Banks()) {
@@ -74,7 +75,7 @@ class Salvage {
       Gaps(bank, at != componentsOf.end());
       to_.EndBank(Memo(bank.heading));
     }
-    Identifiers();
+    identifiers_.Write(to_);
   }
 
  private:
@@ -100,9 +101,7 @@ class Salvage {
   void Item(SalvagedTree const& bank, FoundEntry const& entry);
   void Components(ComponentBank& bank);
   void Component(FoundComponent const& component);
-  void NoteIdentifiers(ComponentWords const& words);
   void Gaps(SalvagedTree const& bank, bool isComponents);
-  void Identifiers();
 
   BrokenLibrary const& from_;
   LibFile_i& library_;
@@ -114,10 +113,7 @@ class Salvage {
   ItemChecks checks_;
   std::string type_;  // of the present bank
   std::string name_;
-  // Of the components that were taken, in their order: ID, number; CAS number, number.
-  using IdKey = std::array<std::int32_t, f::kIdKeyWords>;
-  std::vector<std::pair<IdKey, std::int32_t>> ids_;
-  std::vector<std::pair<std::int32_t, std::int32_t>> cas_;
+  FoundIdentifiers identifiers_{banks_};
 };
 
 // A text of the header; empty, with a record, for one that is not packed text.
@@ -270,7 +266,7 @@ void Salvage::Component(FoundComponent const& component) {
     Tell(salvageItem, salvageLost, way, component.note, &component.number, 1);
     return;
   }
-  NoteIdentifiers(words);
+  identifiers_.DropForeign(words);
   to_.AddComponent(component.number, words);
   ++counts_.items;
   if (way != salvageByWalk) ++counts_.scanned;
@@ -281,21 +277,6 @@ void Salvage::Component(FoundComponent const& component) {
   }
   Tell(salvageItem, words.missing.empty() ? salvageTaken : salvageAltered, way, text,
        &component.number, 1);
-}
-
-void Salvage::NoteIdentifiers(ComponentWords const& words) {
-  std::int32_t const number = words.main[r::kNumber];
-  for (int i = 0; i < r::kMostIds; ++i) {
-    char id[f::kWordBytes * r::kIdWords + 1];
-    WordsToText(&words.main[static_cast<std::size_t>(r::kIds + r::kIdWords * i)], r::kIdWords, id);
-    if (id[0] == '\0') break;
-    for (char& c : id) c = ToUpper(c);
-    IdKey key{};
-    TextToWords(id, key.data(), f::kIdKeyWords);
-    ids_.emplace_back(key, number);
-  }
-  casn const cas(static_cast<long>(words.main[r::kCasNumber]));
-  if (static_cast<long>(cas) != 0) cas_.emplace_back(words.main[r::kCasNumber], number);
 }
 
 void Salvage::Gaps(SalvagedTree const& bank, bool isComponents) {
@@ -310,35 +291,6 @@ void Salvage::Gaps(SalvagedTree const& bank, bool isComponents) {
     ++counts_.gaps;
     Tell(salvageGap, salvageLost, salvageByWalk, text);
   }
-}
-
-// An identifier that several components have belongs to the one that it belonged to before.
-// Identifiers that none has now are kept if the library still has the component.
-void Salvage::Identifiers() {
-  std::map<IdKey, std::vector<std::int32_t>> owners;
-  std::set<std::int32_t> numbers;
-  for (auto const& [key, number] : ids_) owners[key].push_back(number);
-  for (auto const& [key, number] : ids_) numbers.insert(number);
-  auto const owns = [](std::vector<std::int32_t> const& all, std::int32_t number) {
-    return std::find(all.begin(), all.end(), number) != all.end();
-  };
-  for (FoundEntry const& entry : banks_.Ids().entries) {
-    auto const at = owners.find({entry.words[0], entry.words[1]});
-    bool const isGood =
-        at == owners.end() ? numbers.count(entry.words[2]) != 0 : owns(at->second, entry.words[2]);
-    if (isGood) to_.AddId(entry.words, entry.words[2]);
-  }
-  for (auto const& [key, number] : ids_) to_.AddId(key.data(), number);
-  std::map<std::int32_t, std::vector<std::int32_t>> casOwners;
-  for (auto const& [cas, number] : cas_) casOwners[cas].push_back(number);
-  for (FoundEntry const& entry : banks_.CasNumbers().entries) {
-    auto const at = casOwners.find(entry.words[0]);
-    bool const isCas = static_cast<long>(casn(static_cast<long>(entry.words[0]))) != 0;
-    bool const isGood = at == casOwners.end() ? isCas && numbers.count(entry.words[1]) != 0
-                                              : owns(at->second, entry.words[1]);
-    if (isGood) to_.AddCas(entry.words[0], entry.words[1]);
-  }
-  for (auto const& [cas, number] : cas_) to_.AddCas(cas, number);
 }
 
 std::string FullPath(char const* path) { return AbsolutePath(TextOrEmpty(path)); }

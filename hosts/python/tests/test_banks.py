@@ -1,5 +1,7 @@
 """Banks of all types, walks by columns, edits, documents, checks and comparisons."""
 
+import os
+
 import numpy as np
 import pandas as pd
 import pytest
@@ -216,6 +218,20 @@ def test_strength_of_findings(folder):
     assert len(libs.check(min_strength=0)) == len(every)
     assert len(libs.check()) == len(found)
     assert (libs.check(min_strength=1)["strength"] == 1).all()
+
+
+def test_sources_are_found_on_a_path(folder, monkeypatch):
+    folder = str(folder)
+    other = os.path.join(folder, "other")
+    os.mkdir(other)
+    monkeypatch.chdir(other)
+    with pytest.raises(za.LibraryNotFound):
+        za.compare("crc.lb1", "perry.lb1", ["ETHANOL"])
+    assert za.compare("crc", "perry", ["ETHANOL"], path=[folder]).components == 1
+    assert za.check("perry", structure_only=True, path=[folder]).empty
+    monkeypatch.setenv("ZEL_PATH", folder)
+    assert za.compare("crc.lb1", "perry.lb1", ["ETHANOL"]).components == 1
+    assert za.check("perry.lb1", structure_only=True).empty
 
 
 def test_checks_comparisons_merge_and_flatten(folder):

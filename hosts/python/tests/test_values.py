@@ -116,8 +116,10 @@ def test_messages_teach(ethanol):
     pair = za.Libraries("sample.lb1", names="perry.lb1").pair("NRTL", "ETHANOL", "WATER")
     with pytest.raises(za.MissingDatum, match="it has"):
         pair.cij9
-    with pytest.raises(KeyError):
+    with pytest.raises(za.MissingField, match="has no field cij9; it has"):
         pair["cij9"]
+    assert isinstance(pytest.raises(KeyError, lambda: pair["cij9"]).value, za.MissingDatum)
+    assert pair.get("cij9") is None and not hasattr(pair, "cij9")
 
 
 def test_objects_do_not_leak(ethanol):

@@ -18,8 +18,8 @@ from ._component import Component, Page
 from ._curves import Correlation, Curve, evaluate_each
 from ._edit import Edit, edit, from_dataframe, history, undo
 from ._errors import (DamagedLibrary, IdentityConflict, LibraryInUse, LibraryNotFound, MissingBank,
-                      MissingComponent, MissingDatum, MissingItem, MissingPair, OpenError,
-                      WrongUsage, ZelError)
+                      MissingComponent, MissingDatum, MissingField, MissingItem, MissingPair,
+                      OpenError, WrongUsage, ZelError)
 from ._items import Item
 from ._libraries import Comparison, Libraries, check, compare
 from ._native import version as __version__
@@ -28,7 +28,7 @@ from ._quantity import Q, Quantity, convert
 __all__ = [
     "Bank", "Comparison", "Component", "Correlation", "Curve", "DamagedLibrary", "Edit",
     "IdentityConflict", "Item", "Libraries", "Library", "LibraryInUse", "LibraryNotFound",
-    "MissingBank", "MissingComponent", "MissingDatum", "MissingItem", "MissingPair", "OpenError",
-    "Page", "Q", "Quantity", "WrongUsage", "ZelError", "bank_types", "check", "compare", "convert",
+    "MissingBank", "MissingComponent", "MissingDatum", "MissingField", "MissingItem", "MissingPair",
+    "OpenError", "Page", "Q", "Quantity", "WrongUsage", "ZelError", "bank_types", "check", "compare", "convert",
     "dask", "edit", "evaluate_each", "fields", "from_dataframe", "history", "open", "undo",
 ]

@@ -60,6 +60,10 @@ class MissingDatum(ZelError, AttributeError):
     """A datum that a component does not have, or that does not exist."""
 
 
+class MissingField(MissingDatum, KeyError):
+    """A field that items of a bank type do not have."""
+
+
 class IdentityConflict(ZelError):
     """Sources that mean different substances by one word."""
 

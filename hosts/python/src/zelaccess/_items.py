@@ -6,7 +6,7 @@ from collections.abc import Mapping
 from typing import Any, Dict, Iterator, List
 
 from . import _native
-from ._errors import MissingDatum
+from ._errors import MissingField
 from ._quantity import Quantity
 from ._tables import html_table
 
@@ -51,17 +51,14 @@ class Item(Mapping):
     def __getitem__(self, name: str) -> Any:
         found = self._names.get(name.lower())
         if found is None:
-            raise KeyError(f"{name}; an item of {self.type} has {', '.join(self._values)}")
+            raise MissingField(
+                f"an item of {self.type} has no field {name}; it has {', '.join(self._values)}")
         return self._values[found]
 
     def __getattr__(self, name: str) -> Any:
         if name.startswith("_"):
             raise AttributeError(name)
-        found = self._names.get(name.lower())
-        if found is None:
-            raise MissingDatum(
-                f"an item of {self.type} has no field {name}; it has {', '.join(self._values)}")
-        return self._values[found]
+        return self[name]
 
     def __iter__(self) -> Iterator[str]:
         return iter(self._values)

@@ -48,7 +48,7 @@ class Libraries:
         self.names = str(names) if names else ""
         self.accept_identity = accept_identity
         self.wait = wait
-        self.path: List[str] = _native.search_path() if path is None else [str(f) for f in path]
+        self.path: List[str] = _folders(path)
         self._native = _native.Sources(list(self.libraries), self.names, accept_identity, wait,
                                        self.path)
         self._native.open()
@@ -292,7 +292,7 @@ class Comparison:
 
 
 def compare(first: str, second: str, components: Any = None, tolerance: float = 0.0,
-            settings: Any = ("", "", False, 0.0, [])) -> Comparison:
+            settings: Any = None, path: Optional[Sequence[str]] = None) -> Comparison:
     """Compare the data of two sources by value, whatever equations and units they use.
 
     Parameters
@@ -303,13 +303,19 @@ def compare(first: str, second: str, components: Any = None, tolerance: float = 
         All that both have without it.
     tolerance : float, optional
         Relative to the first source; 0.01 for one percent.
+    path : sequence of str, optional
+        Folders in which libraries are looked up that are named without a folder; without it, those
+        of the settings and of the environment (`Libraries`).
     """
+    if settings is None:
+        settings = ("", "", False, 0.0, _folders(path))
     return Comparison(_native.compare(str(first), str(second), words(components), tolerance,
                                       settings))
 
 
 def check(*libraries: str, silence: Any = None, structure_only: bool = False,
-          accept_identity: bool = False, min_strength: float = 0.5) -> Any:
+          accept_identity: bool = False, min_strength: float = 0.5,
+          path: Optional[Sequence[str]] = None) -> Any:
     """Check the structure and the data of libraries: a DataFrame with a row for each finding.
 
     Parameters
@@ -325,6 +331,9 @@ def check(*libraries: str, silence: Any = None, structure_only: bool = False,
     min_strength : float, optional
         Findings of a lower strength, 0 to 1, are left out. The strength says how likely the
         datum is wrong.
+    path : sequence of str, optional
+        Folders in which libraries are looked up that are named without a folder; without it, those
+        of the settings and of the environment (`Libraries`).
 
     Examples
     --------
@@ -333,7 +342,11 @@ def check(*libraries: str, silence: Any = None, structure_only: bool = False,
     """
     return frame(_native.check_of([str(library) for library in libraries], words(silence),
                                   structure_only, min_strength,
-                                  ("", "", accept_identity, 0.0, [])))
+                                  ("", "", accept_identity, 0.0, _folders(path))))
+
+
+def _folders(path: Optional[Sequence[str]]) -> List[str]:
+    return _native.search_path() if path is None else [str(folder) for folder in path]
 
 
 def _identities(pd: Any, found: Any) -> Any:
