@@ -41,6 +41,12 @@ set(desk_SOURCES
     findings/library_check.cpp
     findings/sarif.cpp
     findings/written_data.cpp
+    fit/curve_fit.cpp
+    fit/fit_search.cpp
+    fit/form_model.cpp
+    fit/form_rules.cpp
+    fit/least_squares.cpp
+    fit/sampled_fit.cpp
     files/file_digest.cpp
     files/file_lock.cpp
     files/folder.cpp
