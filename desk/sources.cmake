@@ -47,6 +47,13 @@ set(desk_SOURCES
     fit/form_rules.cpp
     fit/least_squares.cpp
     fit/sampled_fit.cpp
+    formats/chemsep.cpp
+    formats/foreign_equations.cpp
+    formats/foreign_import.cpp
+    formats/foreign_record.cpp
+    formats/foreign_units.cpp
+    formats/formats.cpp
+    formats/xml_elements.cpp
     files/file_digest.cpp
     files/file_lock.cpp
     files/folder.cpp

@@ -78,7 +78,7 @@ function(check_rooms folder prefix outside)
   endforeach()
   set(bad "${bad}" PARENT_SCOPE)
 endfunction()
-check_rooms(desk desk/ "" words files open notes compare pictures findings pages tables fit annotate change combine edit face)
+check_rooms(desk desk/ "" words files open notes compare pictures findings pages tables fit annotate formats change combine edit face)
 check_rooms(hosts/zel "" desk output commands)
 
 # The module for Python and the C interface use the public headers only: none of the desk's rooms.

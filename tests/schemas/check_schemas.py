@@ -43,6 +43,10 @@ FILES = {
                "tMax='990'> 14 -2500 </correlation></comp></bank>",
     "impossible.xml": "<bank type='PURECOMP' name='Q'><comp><id number='21000009'> ODD </id>"
                       "<property name='PC' value='-5' /></comp></bank>",
+    "foreign.xml": "<compounds><compound><CompoundID value='Odd'/><Family value='1'/>"
+                   "<CriticalPressure units='Pa' value='-5e3'/></compound></compounds>",
+    "foreign2.xml": "<compounds><compound><CAS value='64-17-5'/><CriticalTemperature units='K' "
+                    "value='x'/></compound></compounds>",
     "refused.csv": "id,TC [K]\nETHANOL,5x4\n",
     "short.csv": "id,correlation,equation,coefficients\nETHANOL,VaporPressure,20,66.4 -7122.3 -7.1424\n",
     "groups.csv": "id,model,groups\nETHANOL,dort-public,1(2)\n",
@@ -138,6 +142,9 @@ MORE = [
     ("parameters sample.lb1 import nothing.csv --skip-bad --dry-run", 0),
     ("import perry.lb1 --table refused.csv --bank PERRY", 1),
     ("import perry.lb1 --table short.csv --bank PERRY --dry-run", 0),
+    ("import foreign.lb1 foreign.xml --format chemsep --create", 0),
+    ("import foreign.lb1 foreign.xml --format chemsep --dry-run", 0),
+    ("import foreign.lb1 foreign2.xml --format chemsep", 1),
     ("import other.lb1 other.xml --create", 0),
     ("import lost.lb1 lost.xml --create --lenient", 0),
     ("import long.lb1 long.xml --create --lenient", 0),

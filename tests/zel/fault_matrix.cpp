@@ -91,6 +91,8 @@ constexpr CommandLine kCommands[] = {
     {"memo own.lb1 --bank PERRY --set changed", nullptr},
     {"memo own.lb1 --file component.xml --all", nullptr},
     {"import own.lb1 component.xml --bank PERRY --replace", nullptr},
+    {"import own.lb1 foreign.xml --format chemsep", nullptr},
+    {"import fresh.lb1 foreign.xml --format chemsep --create", nullptr},
     {"import fresh.lb1 component.xml --bank PERRY --create", nullptr},
     {"copy own.lb1 other.lb1 --replace", nullptr},
     {"copy own.lb1 fresh.lb1 --create", nullptr},
@@ -280,6 +282,11 @@ bool Matrix::MakeLibraries() {
     std::cout << "zel " << line << "\n" << run.err;
     std::exit(1);
   }
+  std::ofstream(Lib() / "foreign.xml")
+      << "<compounds><compound><CompoundID value='Inventol'/><CAS value='64-17-5'/>"
+         "<CriticalTemperature units='K' value='510'/><HeatOfVaporization units='J/kmol'>"
+         "<eqno value='106'/><A value='5E7'/><B value='0.3'/></HeatOfVaporization>"
+         "</compound></compounds>";
   std::ofstream(Lib() / "known.json") << Zel("check other.lb1 --json", {}).out;
   for (char const* name : {"perry", "crc", "sample"}) {
     for (char const* ending : {".lb1", ".lb2"}) fs::remove(Lib() / (std::string(name) + ending));

@@ -4,6 +4,7 @@ set(zel_TEST_SOURCES
     busy_library_test.cpp
     change_test.cpp
     check_forms_test.cpp
+    chemsep_test.cpp
     citation_conflict_test.cpp
     combine_history_test.cpp
     combine_test.cpp
@@ -20,6 +21,7 @@ set(zel_TEST_SOURCES
     flatten_test.cpp
     file_digest_test.cpp
     folder_test.cpp
+    foreign_equations_test.cpp
     git_test.cpp
     hints_test.cpp
     history_test.cpp

@@ -9,6 +9,7 @@
 #include "commands/manual.h"
 #include "desk/findings/finding.h"
 #include "desk/findings/library_check.h"
+#include "desk/formats/formats.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
 #include "desk/open/library.h"
@@ -158,8 +159,8 @@ bool AddDataToEdit(std::vector<std::string> const& words, std::size_t first, Val
   return true;
 }
 
-// The words of `check` and `schema`.
-void AddCheckWords(std::string const& kind, std::string const& command, Values& values) {
+// The words of `check`, `schema` and `import`.
+void AddFixedWords(std::string const& kind, std::string const& command, Values& values) {
   if (kind == "SEVERITY") {
     for (auto const one : {zel::findingNote, zel::findingWarning, zel::findingError}) {
       values.Add(WordOf(one));
@@ -170,6 +171,9 @@ void AddCheckWords(std::string const& kind, std::string const& command, Values& 
   }
   if (kind == "ID" && command == "check") {
     for (CheckRule const& rule : CheckRules()) values.Add(rule.id, rule.rule);
+  }
+  if (kind == "FORMAT") {
+    for (ForeignFormat const& one : ForeignFormats()) values.Add(one.name, one.what);
   }
   if (kind == "COMMAND") {
     for (PublishedSchema const& schema : PublishedSchemas()) values.Add(schema.command);
@@ -205,7 +209,7 @@ Values ValuesAtCursor(Session& session, CLI::App const& app,
   if (is({"CORRELATION", "DATUM"})) AddCorrelations(values);
   if (is({"DATUM"})) AddConstants(values);
   if (is({"TYPE"})) AddTypes(values);
-  AddCheckWords(kind, command->get_name(), values);
+  AddFixedWords(kind, command->get_name(), values);
   if (is({"UNIT"})) {
     for (std::string const& word : UnitWords()) {
       if (word.find(' ') == std::string::npos) values.Add(word);

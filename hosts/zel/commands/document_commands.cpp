@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "commands/command.h"
+#include "commands/foreign_files.h"
 #include "commands/import_log.h"
 #include "commands/shared_options.h"
 #include "commands/table_files.h"
@@ -48,6 +49,7 @@ struct Options {
   bool banner = false;
   bool componentFiles = false;
   TableOptions table;
+  ForeignOptionWords foreign;
 };
 
 LibraryChange ChangeFor(Session& session, Options const& o) {
@@ -101,10 +103,17 @@ bool ImportOne(zel::LibMaint_p& maint, Options const& o, std::string const& file
 Report Import(Session& session, Options const& o) {
   if (!o.table.path.empty()) {
     if (!o.files.empty()) throw WrongUsage("documents and --table exclude each other");
+    if (!o.foreign.format.empty()) throw WrongUsage("--format and --table exclude each other");
     zel::InitZelAccess();
     TableOptions table = o.table;
     table.isStrict = o.strict;
     return ImportTableFile(session, ChangeFor(session, o), o.bank, table, o.verbose);
+  }
+  ForeignFiles const foreign{o.files, o.bank, o.table.skipBad, o.strict, o.verbose};
+  CheckForeignWords(o.foreign, foreign);
+  if (!o.foreign.format.empty()) {
+    zel::InitZelAccess();
+    return ImportForeignFile(session, ChangeFor(session, o), o.foreign, foreign);
   }
   if (o.files.empty()) throw WrongUsage("DOCUMENT is required, or --table");
   zel::zelImportChecks const checks = ChecksOf(o);
@@ -387,6 +396,7 @@ void AddDocumentCommands(CommandLine& line) {
       .Flag("--strict", o->strict, "altered texts and implausible values are errors")
       .Flag("--verbose", o->verbose, "align bank types in the log; list all rows");
   AddTableInput(reading, o->table);
+  AddForeignInput(reading, o->foreign);
   AddModeOption(reading, o->mode);
   AddChangeOptions(reading, o->change);
   reading.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Import(session, *o); });

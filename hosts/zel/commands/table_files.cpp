@@ -39,6 +39,8 @@ bool HasDecimalCommas(Table const& rows) {
   return std::any_of(rows.Rows().begin(), rows.Rows().end(), hasOne);
 }
 
+}  // namespace
+
 void AddGivenNumbers(Session const& session, Table given, Report& report) {
   if (given.Empty()) return;
   std::size_t const count = given.Rows().size();
@@ -53,8 +55,6 @@ void AddGivenNumbers(Session const& session, Table given, Report& report) {
   report.Warning("number warning", text);
   report.Add(std::move(given));
 }
-
-}  // namespace
 
 Report ImportTableFile(Session& session, LibraryChange change, std::string const& bank,
                        TableOptions const& options, bool listAll) {

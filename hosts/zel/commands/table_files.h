@@ -18,6 +18,9 @@ struct TableOptions {
   bool isStrict = false;  // implausible values are an error
 };
 
+// Adds a warning and a table of the new components that have got the next free number.
+void AddGivenNumbers(Session const& session, Table given, Report& report);
+
 void AddTableInput(Command& command, TableOptions& options);
 void AddTableOutput(Command& command, TableOptions& options);
 

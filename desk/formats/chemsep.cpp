@@ -1,0 +1,243 @@
+// The XML of pure components that several simulators share: <compounds> with a <compound> for each,
+// whose elements have their number in `value` and its unit in `units`.
+#include <algorithm>
+#include <iterator>
+#include <set>
+
+#include "desk/formats/foreign_equations.h"
+#include "desk/formats/foreign_units.h"
+#include "desk/formats/formats.h"
+#include "desk/formats/xml_elements.h"
+#include "desk/words/failure.h"
+#include "desk/words/number_range.h"
+
+namespace zel::desk {
+namespace {
+
+struct Pair {
+  char const* tag;
+  char const* datum;
+};
+constexpr Pair kConstants[] = {
+    {"MolecularWeight", "MW"},
+    {"CriticalTemperature", "TC"},
+    {"CriticalPressure", "PC"},
+    {"CriticalVolume", "VC"},
+    {"CriticalCompressibility", "ZC"},
+    {"AcentricityFactor", "ACENTRIC"},
+    {"NormalBoilingPointTemperature", "NBP"},
+    {"NormalMeltingPointTemperature", "NMP"},
+    {"TriplePointTemperature", "TTP"},
+    {"TriplePointPressure", "PTP"},
+    {"SpecificGravity", "SG60F"},
+    {"SolubilityParameter", "SOLUPARA"},
+    {"Parachor", "PARACHOR"},
+    {"RacketParameter", "RACKETT"},
+    {"DipoleMoment", "DIPOLE"},
+    {"RadiusOfGyration", "RADIUS"},
+    {"UniquacR", "VDWV"},
+    {"UniquacQ", "VDWA"},
+    {"HeatOfFormation", "HFORMATION"},
+    {"GibbsEnergyOfFormation", "GFORMATION"},
+    {"HeatOfFusionAtMeltingPoint", "HFUSIONNMP"},
+    {"HeatOfCombustion", "HCOMBUST"},
+};
+// Where two are of the same datum, the first one that can be taken is.
+constexpr Pair kCurves[] = {
+    {"VaporPressure", "VaporPressure"},
+    {"AntoineVaporPressure", "VaporPressure"},
+    {"HeatOfVaporization", "LatentHeat"},
+    {"LiquidDensity", "LiquidDensity"},
+    {"SolidDensity", "SolidDensity"},
+    {"LiquidHeatCapacityCp", "LiquidCp"},
+    {"SolidHeatCapacityCp", "SolidCp"},
+    {"IdealGasHeatCapacityCp", "IdealGasCp"},
+    {"RPPHeatCapacityCp", "IdealGasCp"},
+    {"LiquidViscosity", "LiquidViscosity"},
+    {"VaporViscosity", "VaporViscosity"},
+    {"LiquidThermalConductivity", "LiquidThermal"},
+    {"VaporThermalConductivity", "VaporThermal"},
+    {"SurfaceTension", "SurfaceTension"},
+    {"RelativeStaticPermittivity", "Dielectric"},
+};
+constexpr Pair kIdentity[] = {{"CompoundID", "name"},
+                              {"CAS", "CAS number"},
+                              {"StructureFormula", "formula"},
+                              {"Smiles", "SMILES"},
+                              {"SMILES", "SMILES"}};
+
+template <std::size_t kSize>
+char const* DatumOf(Pair const (&pairs)[kSize], std::string const& tag) {
+  auto const at = std::find_if(std::begin(pairs), std::end(pairs),
+                               [&](Pair const& one) { return tag == one.tag; });
+  return at == std::end(pairs) ? nullptr : at->datum;
+}
+
+// A number that a record of a correlation consists of. Throws Failure.
+double NumberIn(XmlElement const& element) {
+  try {
+    double const value = ParseNumber(element.Attribute("value"), "a number");
+    CheckForeign(value, element.name);
+    return value;
+  } catch (WrongUsage const& error) {
+    throw Failure(element.name + ": " + error.what());
+  }
+}
+
+ForeignEquation EquationIn(XmlElement const& element) {
+  XmlElement const* const number = element.Child("eqno");
+  if (number == nullptr) throw Failure("it has no eqno");
+  double const eqno = NumberIn(*number);
+  constexpr double kLargest = 10000.0;
+  if (!(eqno >= 1.0 && eqno <= kLargest) || eqno != static_cast<int>(eqno)) {
+    throw Failure("eqno " + number->Attribute("value") + " is not the number of an equation");
+  }
+  ForeignEquation equation{static_cast<int>(eqno), {}};
+  if (element.Child("A") == nullptr) throw Failure("it has no coefficient A");
+  for (char const letter : std::string("ABCDEFG")) {
+    XmlElement const* const one = element.Child(std::string(1, letter));
+    equation.coefficients.push_back(one == nullptr ? 0.0 : NumberIn(*one));
+  }
+  while (equation.coefficients.size() > 1 && equation.coefficients.back() == 0.0) {
+    equation.coefficients.pop_back();
+  }
+  return equation;
+}
+
+double LimitIn(XmlElement const& element, char const* name) {
+  XmlElement const* const limit = element.Child(name);
+  if (limit == nullptr || limit->Attribute("value").empty()) return zel::gen_GetUndefDouble();
+  std::string const unit = limit->Attribute("units");
+  if (!unit.empty() && unit != "K") throw Failure(std::string(name) + " is in " + unit + ", not K");
+  return NumberIn(*limit);
+}
+
+class Reader {
+ public:
+  explicit Reader(XmlElement const& element) : element_(element) { component_.line = element.line; }
+
+  ForeignComponent Read() {
+    for (XmlElement const& child : element_.children) {
+      bool const isFirst = seen_.insert(child.name).second;
+      if (!isFirst) {
+        component_.Note(child.line, child.name, Fate::kRefused, "", "it is there twice");
+      } else if (DatumOf(kIdentity, child.name) != nullptr) {
+        ReadIdentity(child);
+      } else if (char const* const constant = DatumOf(kConstants, child.name)) {
+        AddConstant(component_, constant,
+                    {child.line, child.name, child.Attribute("value"), child.Attribute("units")});
+      } else if (DatumOf(kCurves, child.name) == nullptr) {
+        component_.Note(child.line, child.name, Fate::kNoPlace, "",
+                        "a component has no such datum");
+      }
+    }
+    for (Pair const& pair : kCurves) {
+      if (XmlElement const* const child = element_.Child(pair.tag)) ReadCurve(*child, pair.datum);
+    }
+    return std::move(component_);
+  }
+
+ private:
+  void ReadIdentity(XmlElement const& child) {
+    std::string const datum = DatumOf(kIdentity, child.name);
+    std::string const text = child.Attribute("value");
+    if (text.empty()) return;
+    auto* const set = datum == "name"      ? SetName
+                      : datum == "formula" ? SetFormula
+                      : datum == "SMILES"  ? SetSmiles
+                                           : SetCas;
+    set(component_, child.line, child.name, text);
+  }
+
+  bool Has(zel::ZelCorrelationInfo const* info) const {
+    return std::any_of(component_.curves.begin(), component_.curves.end(),
+                       [&](ForeignCurve const& one) { return one.info == info; });
+  }
+
+  void ReadCurve(XmlElement const& child, std::string const& name) {
+    std::size_t const origin = component_.Note(child.line, child.name, Fate::kTaken, name);
+    ForeignDatum datum = component_.data[origin];
+    try {
+      ForeignCurve curve;
+      curve.info = FindCorrelation(name);
+      curve.origin = origin;
+      curve.unit = UnitWord(child.Attribute("units"));
+      ForeignEquation const equation = EquationIn(child);
+      curve.curve.tMin = LimitIn(child, "Tmin");
+      curve.curve.tMax = LimitIn(child, "Tmax");
+      if (Has(curve.info)) {
+        datum.fate = Fate::kNoPlace;
+        datum.what = "a component has one record of " + name;
+      } else {
+        bool isSame = false;
+        std::string const why = ConvertEquation(equation, curve, datum.what, isSame);
+        bool const isHeat = name == "IdealGasCp";
+        bool const isIntegrated = isHeat && AddEnthalpy(curve, equation);
+        if (why.empty()) {
+          component_.curves.push_back(curve);
+          if (!isSame) datum.fate = Fate::kConverted;
+          if (isIntegrated) datum.what += "; its integral is the IdealEnthalpy";
+        } else if (isIntegrated) {
+          datum.fate = Fate::kConverted;
+          datum.datum = "IdealEnthalpy";
+          datum.what = "the integral, 0 at 298.15 K";
+        } else {
+          datum.fate = Fate::kNoPlace;
+          datum.what = why;
+        }
+      }
+    } catch (Failure const& failure) {
+      datum.fate = Fate::kRefused;
+      datum.what = failure.what();
+    }
+    component_.data[origin] = datum;
+  }
+
+  // False if the equation has no integral here.
+  bool AddEnthalpy(ForeignCurve const& cp, ForeignEquation const& equation) {
+    ForeignCurve enthalpy = cp;
+    enthalpy.info = FindCorrelation("IdealEnthalpy");
+    if (Has(enthalpy.info) || !IntegrateHeatCapacity(equation, enthalpy.curve)) return false;
+    for (double const one : enthalpy.curve.coefficients) CheckForeign(one, "IdealEnthalpy");
+    constexpr char kPerKelvin[] = " K)";
+    std::string const unit = cp.unit;
+    std::size_t const slash = unit.find("/(");
+    bool const isKnown = slash != std::string::npos && unit.size() > 3 &&
+                         unit.compare(unit.size() - 3, 3, kPerKelvin) == 0;
+    if (!isKnown) return false;
+    enthalpy.unit =
+        unit.substr(0, slash) + "/" + unit.substr(slash + 2, unit.size() - slash - 2 - 3);
+    component_.curves.push_back(std::move(enthalpy));
+    return true;
+  }
+
+  XmlElement const& element_;
+  ForeignComponent component_;
+  std::set<std::string> seen_;
+};
+
+}  // namespace
+
+ForeignFile ReadChemsep(std::string const& path, ForeignOptions const& /*options*/) {
+  XmlElement const root = ReadXml(path);
+  ForeignFile file;
+  auto const isCompound = [](XmlElement const& one) { return one.name == "compound"; };
+  if (isCompound(root)) {
+    file.components.push_back(Reader(root).Read());
+    return file;
+  }
+  if (root.name != "compounds") {
+    throw Failure(path + ", line " + std::to_string(root.line) + ": the root is <" + root.name +
+                  ">, not <compounds>");
+  }
+  for (XmlElement const& child : root.children) {
+    if (!isCompound(child)) {
+      throw Failure(path + ", line " + std::to_string(child.line) + ": <" + child.name +
+                    "> is not a <compound>");
+    }
+    file.components.push_back(Reader(child).Read());
+  }
+  return file;
+}
+
+}  // namespace zel::desk

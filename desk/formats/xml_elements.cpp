@@ -1,0 +1,137 @@
+#include "desk/formats/xml_elements.h"
+
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "desk/formats/foreign_record.h"
+#include "desk/words/failure.h"
+
+namespace zel::desk {
+namespace {
+
+constexpr std::size_t kMostNodes = 10'000'000;
+
+// What the handlers of the parser fill. No exception may pass through it, since it is written in C.
+struct Reading {
+  xmlParserCtxt* context = nullptr;
+  XmlElement root;
+  std::vector<XmlElement*> open;
+  std::size_t nodes = 0;
+  std::string refused;
+  bool memoryLost = false;
+};
+
+Reading& ReadingOf(void* data) {
+  return *static_cast<Reading*>(static_cast<xmlParserCtxt*>(data)->_private);
+}
+
+void Stop(Reading& reading, char const* why) noexcept {
+  try {
+    reading.refused = why;
+  } catch (std::bad_alloc const&) {
+    reading.memoryLost = true;
+  }
+  xmlStopParser(reading.context);
+}
+
+std::string TextOf(xmlChar const* text) { return reinterpret_cast<char const*>(text); }
+
+void Begin(void* data, xmlChar const* name, xmlChar const* /*prefix*/, xmlChar const* /*space*/,
+           int /*spaces*/, xmlChar const** /*names*/, int count, int /*defaults*/,
+           xmlChar const** attributes) {
+  Reading& reading = ReadingOf(data);
+  reading.nodes += 1 + static_cast<std::size_t>(count);
+  if (reading.nodes > kMostNodes) return Stop(reading, "more than 10 million elements");
+  try {
+    XmlElement* element = &reading.root;
+    if (!reading.open.empty()) {
+      reading.open.back()->children.emplace_back();
+      element = &reading.open.back()->children.back();
+    }
+    reading.open.push_back(element);
+    element->name = TextOf(name);
+    element->line = static_cast<std::size_t>(reading.context->input->line);
+    constexpr int kWords = 5;  // name, prefix, namespace, begin and end of the value
+    for (int i = 0; i < count; ++i) {
+      xmlChar const** const words = attributes + static_cast<std::ptrdiff_t>(i) * kWords;
+      element->attributes.emplace_back(TextOf(words[0]),
+                                       std::string(reinterpret_cast<char const*>(words[3]),
+                                                   reinterpret_cast<char const*>(words[4])));
+    }
+  } catch (std::bad_alloc const&) {
+    reading.memoryLost = true;
+    xmlStopParser(reading.context);
+  }
+}
+
+void End(void* data, xmlChar const* /*name*/, xmlChar const* /*prefix*/, xmlChar const* /*space*/) {
+  Reading& reading = ReadingOf(data);
+  if (!reading.open.empty()) reading.open.pop_back();
+}
+
+void RefuseType(void* data, xmlChar const* /*name*/, xmlChar const* /*id*/,
+                xmlChar const* /*system*/) {
+  Stop(ReadingOf(data), "it has a document type, which is not read");
+}
+
+std::string ReasonIn(xmlParserCtxt* context) {
+  xmlError const* const error = xmlCtxtGetLastError(context);
+  std::string reason =
+      error == nullptr || error->message == nullptr ? "it is not well formed" : error->message;
+  while (!reason.empty() && reason.back() == '\n') reason.pop_back();
+  return reason;
+}
+
+}  // namespace
+
+std::string XmlElement::Attribute(std::string const& wanted) const {
+  for (auto const& [one, value] : attributes) {
+    if (one != wanted) continue;
+    std::size_t const first = value.find_first_not_of(" \t\r\n");
+    if (first == std::string::npos) return "";
+    return value.substr(first, value.find_last_not_of(" \t\r\n") - first + 1);
+  }
+  return "";
+}
+
+XmlElement const* XmlElement::Child(std::string const& wanted) const {
+  for (XmlElement const& child : children) {
+    if (child.name == wanted) return &child;
+  }
+  return nullptr;
+}
+
+XmlElement ReadXml(std::string const& path) {
+  std::string const text = ForeignText(path);
+  if (text.empty()) throw Failure(path + ": is empty");
+  struct Free {
+    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+  };
+  xmlInitParser();
+  std::unique_ptr<xmlParserCtxt, Free> const context(
+      xmlCreateMemoryParserCtxt(text.data(), static_cast<int>(text.size())));
+  if (context == nullptr || context->sax == nullptr) throw std::bad_alloc();
+  Reading reading;
+  reading.context = context.get();
+  context->_private = &reading;
+  std::memset(context->sax, 0, sizeof *context->sax);
+  context->sax->initialized = XML_SAX2_MAGIC;
+  context->sax->startElementNs = Begin;
+  context->sax->endElementNs = End;
+  context->sax->internalSubset = RefuseType;
+  xmlCtxtUseOptions(context.get(), XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+  int const result = xmlParseDocument(context.get());
+  if (reading.memoryLost) throw std::bad_alloc();
+  std::string const where = path + ", line " +
+                            std::to_string(context->input == nullptr ? 1 : context->input->line) +
+                            ": ";
+  if (!reading.refused.empty()) throw Failure(where + reading.refused);
+  if (result != 0 || context->wellFormed == 0) throw Failure(where + ReasonIn(context.get()));
+  return std::move(reading.root);
+}
+
+}  // namespace zel::desk

@@ -1,0 +1,29 @@
+// Documents of other programs, as elements. They are data only: a document with a document type is
+// refused, so that it cannot have entities of its own.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zel::desk {
+
+struct XmlElement {
+  std::string name;
+  std::size_t line = 0;
+  std::vector<std::pair<std::string, std::string>> attributes;
+  std::vector<XmlElement> children;
+
+  // The value of an attribute without blanks at its ends, empty if there is none.
+  std::string Attribute(std::string const& name) const;
+  // The first child of this name, null if there is none.
+  XmlElement const* Child(std::string const& name) const;
+};
+
+// The root of a document. Throws Failure with path, line and reason for one that is not well
+// formed, has a document type, more than 256 elements within each other or more than 10 million
+// elements and attributes.
+XmlElement ReadXml(std::string const& path);
+
+}  // namespace zel::desk
