@@ -116,8 +116,8 @@ void GetBankTypeList(long count, char (*list)[9]) {
 long GetRefBankTypeCount(char const* keyword) {
   BankType const* type = FindBankType(TextOrEmpty(keyword));
   if (type == nullptr) return 0;
-  return std::find(std::begin(type->references), std::end(type->references), "") -
-         std::begin(type->references);
+  auto const end = std::find(std::begin(type->references), std::end(type->references), "");
+  return static_cast<long>(end - std::begin(type->references));
 }
 
 void GetRefBankTypeList(char const* keyword, long count, char (*list)[9]) {

@@ -90,7 +90,7 @@ std::uint64_t Import(std::string const& path, std::string const& folder, std::si
   std::string const library = folder + "/import.lb1";
   std::filesystem::remove(library);
   std::filesystem::remove(folder + "/import.lb2");
-  LibFile_i file(platform::PosixFileSystemWithoutSync(), accUpdate, library.c_str(), "import");
+  LibFile_i file(platform::SystemFileSystemWithoutSync(), accUpdate, library.c_str(), "import");
   if (file.CreateNew(libKind11) != openOk) throw std::runtime_error("cannot make the library");
   LibMaint_i maint(&file);
   if (!maint.Import(path.c_str(), false)) throw std::runtime_error(maint.GetLastErrorText());

@@ -16,7 +16,7 @@ void Check(bool good, char const* what) {
 
 // A library as NewLibFile and OpenLibFile return it, without syncing.
 Handle<LibFile> MakeUnsynced(accModes mode, std::string const& path, bool create) {
-  auto library = std::make_unique<LibFile_i>(platform::PosixFileSystemWithoutSync(), mode,
+  auto library = std::make_unique<LibFile_i>(platform::SystemFileSystemWithoutSync(), mode,
                                              path.c_str(), "bench");
   openErrors const error =
       create ? library->CreateNew(libKind11) : library->OpenExisting({true, {}}, nullptr);

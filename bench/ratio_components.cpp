@@ -149,7 +149,7 @@ void Fill(PureComp_i& bank, std::int32_t number, int source) {
 class Library {
  public:
   Library(std::filesystem::path const& path, int source) {
-    platform::FileSystem& files = platform::PosixFileSystemWithoutSync();
+    platform::FileSystem& files = platform::SystemFileSystemWithoutSync();
     {
       LibFile_i made(files, accUpdate, path.c_str(), "Bench");
       if (made.CreateNew(libKind11) != openOk) throw std::runtime_error("no library");

@@ -54,7 +54,7 @@ void CompareHost(RatioTable& table, std::filesystem::path const& folder) {
   std::string const zel = ZEL_PROGRAM;
   std::string const path = (folder / "many.lb1").string();
   {
-    LibFile_i library(platform::PosixFileSystemWithoutSync(), accUpdate, path.c_str(), "many");
+    LibFile_i library(platform::SystemFileSystemWithoutSync(), accUpdate, path.c_str(), "many");
     if (library.CreateNew(libKind11) != openOk) throw std::runtime_error("cannot make the library");
     MakeManyComponents(library);
     library.CloseLibFile();

@@ -104,7 +104,7 @@ void CompareExports(RatioTable& table, std::filesystem::path const& folder) {
   std::string const document = std::filesystem::absolute(folder / "pairs.xml").string();
   std::string const library = (folder / "export.lb1").string();
   WritePairs(document);
-  LibFile_i file(platform::PosixFileSystemWithoutSync(), accUpdate, library.c_str(), "export");
+  LibFile_i file(platform::SystemFileSystemWithoutSync(), accUpdate, library.c_str(), "export");
   if (file.CreateNew(libKind11) != openOk) throw std::runtime_error("cannot make the library");
   LibMaint_i maint(&file);
   if (!maint.Import(document.c_str(), false)) throw std::runtime_error(maint.GetLastErrorText());

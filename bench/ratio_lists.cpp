@@ -39,7 +39,7 @@ std::uint64_t WalkManyComponents(LibFile& library) {
 void CompareLists(RatioTable& table, std::filesystem::path const& folder) {
   std::string const path = (folder / "many.lb1").string();
   std::string const file = (folder / "many.lst").string();
-  LibFile_i library(platform::PosixFileSystemWithoutSync(), accUpdate, path.c_str(), "many");
+  LibFile_i library(platform::SystemFileSystemWithoutSync(), accUpdate, path.c_str(), "many");
   if (library.CreateNew(libKind11) != openOk) throw std::runtime_error("cannot make the library");
   MakeManyComponents(library);
   CompList_i list;

@@ -62,14 +62,14 @@ void ZelStore::RemoveFiles() const {
 }
 
 void ZelStore::Create() {
-  library_.emplace(platform::PosixFileSystemWithoutSync(), accUpdate, path_.c_str(), "bench");
+  library_.emplace(platform::SystemFileSystemWithoutSync(), accUpdate, path_.c_str(), "bench");
   Check(library_->CreateNew(libKind11) == openOk, "library not made");
   maint_.emplace(&*library_);
   Check(maint_->CreateBank(kType, kBank, kFormat), "bank not made");
 }
 
 void ZelStore::Open(accModes mode) {
-  library_.emplace(platform::PosixFileSystemWithoutSync(), mode, path_.c_str(), "bench");
+  library_.emplace(platform::SystemFileSystemWithoutSync(), mode, path_.c_str(), "bench");
   Check(library_->OpenExisting({true, {}}, nullptr) == openOk, "library not opened");
 }
 

@@ -1,5 +1,19 @@
 # The library, its package and its pkg-config file. It is shared unless BUILD_SHARED_LIBS is OFF.
 
+# zel_export(<library> <map>)
+# A shared library exports only what its map in cmake/ names. On Windows, what the headers mark is
+# exported, and nothing of the static libraries in it.
+function(zel_export library map)
+  if(WIN32)
+    target_link_options(${library} PRIVATE -Wl,--exclude-libs,ALL)
+  else()
+    target_link_options(${library} PRIVATE
+                        -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/${map})
+    set_property(TARGET ${library} APPEND PROPERTY LINK_DEPENDS
+                 ${PROJECT_SOURCE_DIR}/cmake/${map})
+  endif()
+endfunction()
+
 get_property(zel_folders GLOBAL PROPERTY ZEL_FOLDERS)
 
 set(zel_kind SHARED)
@@ -27,19 +41,22 @@ target_include_directories(ZelAccess INTERFACE
 target_compile_features(zel_inside PUBLIC cxx_std_20)
 target_include_directories(zel_inside PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR})
 zel_compile_options(zel_inside)
+if(WIN32)
+  target_compile_definitions(zel_inside PUBLIC ZELACCESS_STATIC)
+endif()
 # The dependencies of the library; a host that links the shared library needs none of them.
 set(zel_system_libraries ${CMAKE_DL_LIBS} LibXml2::LibXml2)
 target_link_libraries(zel_inside PUBLIC ${zel_system_libraries})
 if(zel_kind STREQUAL "SHARED")
   target_link_libraries(ZelAccess PRIVATE "$<BUILD_INTERFACE:${zel_system_libraries}>")
-  target_link_options(ZelAccess PRIVATE
-                      -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
-  set_property(TARGET ZelAccess APPEND PROPERTY LINK_DEPENDS
-               ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+  zel_export(ZelAccess exports.map)
 else()
   # Within another project the imported target is not known where a program is linked.
   target_link_libraries(ZelAccess PRIVATE ${CMAKE_DL_LIBS} "$<BUILD_INTERFACE:${LIBXML2_LIBRARIES}>"
                                           $<INSTALL_INTERFACE:LibXml2::LibXml2>)
+  if(WIN32)
+    target_compile_definitions(ZelAccess INTERFACE ZELACCESS_STATIC)
+  endif()
 endif()
 
 # Everything that is built with the sanitizers must be linked with them. Their run-time library may

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <ctime>
 
+#include "frame/platform/system.h"
+
 namespace zel {
 
 namespace {
@@ -14,12 +16,7 @@ constexpr char const* kMonths[12] = {"January",   "February", "March",    "April
 constexpr int kShortMonth = 3;
 constexpr int kLongMonth = 9;
 
-std::tm Today() {
-  std::time_t const now = std::time(nullptr);
-  std::tm day{};
-  ::localtime_r(&now, &day);
-  return day;
-}
+std::tm Today() { return platform::LocalTime(std::time(nullptr)); }
 
 // Today's date, with at most `letters` letters of the month's name.
 std::string DateText(int letters) {

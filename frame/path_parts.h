@@ -20,4 +20,13 @@ PathParts SplitPath(std::string_view path);
 // example because it was deleted.
 std::string AbsolutePath(std::string_view path, std::string_view folder = {});
 
+// How absolute paths of a system begin: with a separator, or with a drive or a share, where the
+// path is `C:/x` or `//server/share/x`. A path without the drive is on that of the folder; one with
+// a drive alone, `C:x`, begins in the folder if that is on the same drive, else in the drive's
+// root. The prefix of long paths, `\\?\`, is left out.
+enum class PathRoots { kSlash, kDrives };
+// The same for any system and working folder.
+std::string AbsolutePathFrom(std::string_view path, std::string_view folder,
+                             std::string_view working, PathRoots roots);
+
 }  // namespace zel

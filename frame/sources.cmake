@@ -6,11 +6,8 @@ set(frame_SOURCES
     module.cpp
     number_text.cpp
     path_parts.cpp
-    platform/posix_aside.cpp
-    platform/posix_block_file.cpp
-    platform/posix_memory.cpp
-    platform/posix_system.cpp
-    platform/posix_text_file.cpp
+    platform/settings_text.cpp
+    platform/text_file.cpp
     search_path.cpp
     trim7.cpp
     units/class_definition.cpp
@@ -24,3 +21,19 @@ set(frame_SOURCES
     units/unit_table.cpp
     units/uom.cpp
     wildcard.cpp)
+# The services of the system.
+if(WIN32)
+  list(APPEND frame_SOURCES
+       platform/windows_block_file.cpp
+       platform/windows_memory.cpp
+       platform/windows_path.cpp
+       platform/windows_system.cpp
+       platform/windows_text_file.cpp)
+else()
+  list(APPEND frame_SOURCES
+       platform/posix_aside.cpp
+       platform/posix_block_file.cpp
+       platform/posix_memory.cpp
+       platform/posix_system.cpp
+       platform/posix_text_file.cpp)
+endif()

@@ -38,7 +38,7 @@ DocumentStack& OfProcess() {
   return stack;
 }
 
-constinit std::mutex processBusy;
+std::mutex processBusy;
 constinit thread_local DocumentStack* ofImport = nullptr;
 
 }  // namespace

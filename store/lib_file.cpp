@@ -141,7 +141,7 @@ struct LostFlushes {
   char path[kMostPath + 1] = {};
   unsigned long address = 0;
 };
-constinit LostFlushes lostFlushes;
+LostFlushes lostFlushes;
 
 void NoteLostFlush(char const* path, unsigned long address) noexcept {
   std::lock_guard const lock(lostFlushes.busy);

@@ -207,7 +207,7 @@ using OwnedLibrary = std::unique_ptr<LibFile_i, Deleter>;
 
 LibFile* Open(accModes mode, char const* path, std::string_view name, char const* password,
               openErrors& error, libTypes* type) {
-  OwnedLibrary library(new LibFile_i(platform::PosixFileSystem(), mode, path, name));
+  OwnedLibrary library(new LibFile_i(platform::SystemFileSystem(), mode, path, name));
   error = openFailed;  // remains when the open throws
   error = library->OpenExisting({true, TextOrEmpty(password)}, type);
   return error == openOk ? library.release() : nullptr;
@@ -222,7 +222,7 @@ std::string FileNameOf(char const* path) {
 
 LibFile* LibFile::NewLibFile(libTypes type, char const* path, char const* name, openErrors& error) {
   OwnedLibrary library(
-      new LibFile_i(platform::PosixFileSystem(), accUpdate, path, TextOrEmpty(name)));
+      new LibFile_i(platform::SystemFileSystem(), accUpdate, path, TextOrEmpty(name)));
   error = library->CreateNew(type);
   return error == openOk ? library.release() : nullptr;
 }
@@ -252,7 +252,7 @@ LibFile* LibFile::OpenLibFile(accModes mode, char const* path, char const* passw
 }
 
 void LibFile::StatusLibFile(char const* path, libTypes& type, openErrors& error) {
-  LibFile_i library(platform::PosixFileSystem(), accRead, path, FileNameOf(path));
+  LibFile_i library(platform::SystemFileSystem(), accRead, path, FileNameOf(path));
   error = openFailed;
   error = library.OpenExisting({false, {}}, &type);
 }

@@ -27,7 +27,7 @@ std::string NameFor(char const* path, ZelOpenOptions const& options) {
 // A library that is not open yet.
 std::unique_ptr<LibFile_i> Made(accModes mode, char const* path, ZelOpenOptions const& options) {
   auto library =
-      std::make_unique<LibFile_i>(platform::PosixFileSystem(), mode, path, NameFor(path, options));
+      std::make_unique<LibFile_i>(platform::SystemFileSystem(), mode, path, NameFor(path, options));
   bool const isKnown = options.writes == writesMarked || options.writes == writesHeld;
   if (isKnown && mode == accUpdate) library->Store().SetWriteMode(options.writes);
   return library;
@@ -99,7 +99,7 @@ bool GetLastClose(LibFile* library, ZelLastClose& state) {
 }
 
 openErrors FinishLastFlush(char const* path, bool isLocked) {
-  platform::FileSystem& system = platform::PosixFileSystem();
+  platform::FileSystem& system = platform::SystemFileSystem();
   std::string const first = AbsolutePath(TextOrEmpty(path));
   if (first.empty()) return openOk;
   std::string const library = system.Target(first);
@@ -120,7 +120,7 @@ openErrors FinishLastFlush(char const* path, bool isLocked) {
 }
 
 bool ForgetUncleanClose(char const* path) {
-  platform::FileSystem& system = platform::PosixFileSystem();
+  platform::FileSystem& system = platform::SystemFileSystem();
   std::string const first = AbsolutePath(TextOrEmpty(path));
   if (first.empty()) return true;
   std::string const library = system.Target(first);

@@ -1,7 +1,7 @@
 // The seam between the block store and the system's files.
 //
 // The store reaches every file through a BlockFile, and opens BlockFiles through a FileSystem that
-// is passed in. PosixFileSystem() is the real one; tests supply file systems in memory, ones that
+// is passed in. SystemFileSystem() is the real one; tests supply file systems in memory, ones that
 // fail at the n-th operation, and ones that record.
 #pragma once
 
@@ -102,9 +102,9 @@ class FileSystem {
 // The system's files. Opening takes an advisory lock on the whole file, bound to this open (not to
 // the process), without waiting: shared for kRead, exclusive otherwise; a lock that is already
 // held, by this process or another, yields kDenied. Files are mapped where the system allows it.
-FileSystem& PosixFileSystem();
+FileSystem& SystemFileSystem();
 // The same, except that a flush does not ask the system to write files to disk; for benchmarks,
 // whose peers do not sync either.
-FileSystem& PosixFileSystemWithoutSync();
+FileSystem& SystemFileSystemWithoutSync();
 
 }  // namespace zel::platform

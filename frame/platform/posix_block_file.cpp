@@ -380,12 +380,12 @@ class PosixFiles final : public FileSystem {
 
 }  // namespace
 
-FileSystem& PosixFileSystem() {
+FileSystem& SystemFileSystem() {
   static PosixFiles files(true);
   return files;
 }
 
-FileSystem& PosixFileSystemWithoutSync() {
+FileSystem& SystemFileSystemWithoutSync() {
   static PosixFiles files(false);
   return files;
 }

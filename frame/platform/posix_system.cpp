@@ -13,7 +13,7 @@
 #include <fstream>
 #include <memory>
 
-#include "frame/ascii.h"
+#include "frame/platform/settings_text.h"
 #include "frame/platform/system.h"
 
 namespace zel::platform {
@@ -71,13 +71,6 @@ std::string SettingsFile() {
   return {};
 }
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr char kBlanks[] = " \t\r";
-  std::size_t const first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 }  // namespace
 
 std::string KnownFolder(Folder folder) {
@@ -93,23 +86,16 @@ std::string KnownFolder(Folder folder) {
 
 bool ReadSetting(std::string const& key, std::string const& name, std::string& value) {
   std::ifstream file(SettingsFile());
-  std::string line;
-  bool inSection = false;
-  while (std::getline(file, line)) {
-    std::string_view const text = Trimmed(line);
-    if (text.empty() || text.front() == ';' || text.front() == '#') continue;
-    if (text.front() == '[' && text.back() == ']') {
-      inSection = SameText(text.substr(1, text.size() - 2), key);
-      continue;
-    }
-    std::size_t const sign = text.find('=');
-    if (!inSection || sign == std::string_view::npos) continue;
-    if (!SameText(Trimmed(text.substr(0, sign)), name)) continue;
-    value = Trimmed(text.substr(sign + 1));
-    return true;
-  }
-  return false;
+  return ReadSettingFrom(file, key, name, value);
 }
+
+std::tm LocalTime(std::time_t time) {
+  std::tm local{};
+  ::localtime_r(&time, &local);
+  return local;
+}
+
+bool HasDrives() noexcept { return false; }
 
 std::string WorkingFolder() {
   std::array<char, PATH_MAX> path{};

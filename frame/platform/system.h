@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -25,13 +26,20 @@ std::string KnownFolder(Folder folder);
 // One text value of the settings store; false when file, section or value is missing. The store is
 // the first of these files that exists: $ZELACCESS_SETTINGS,
 // $XDG_CONFIG_HOME/zelaccess/settings.ini,
-// ~/.config/zelaccess/settings.ini, /etc/zelaccess/settings.ini. Sections are key names.
+// ~/.config/zelaccess/settings.ini, /etc/zelaccess/settings.ini. On Windows: %ZELACCESS_SETTINGS%,
+// then zelaccess\settings.ini in the folder for application data of the user and in that of all
+// users. Sections are key names.
 bool ReadSetting(std::string const& key, std::string const& name, std::string& value);
 
 // Empty when the variable is not set.
 std::string Environment(char const* name);
 void SetEnvironment(char const* name, std::string const& value);
 
+// The calendar time at this place.
+std::tm LocalTime(std::time_t time);
+
+// True where absolute paths begin with a drive or a share, as on Windows.
+bool HasDrives() noexcept;
 std::string WorkingFolder();
 // The path without symbolic links; unchanged when the file does not exist.
 std::string LongPath(std::string const& path);

@@ -9,15 +9,15 @@
 #include "zelaccess/LibFile.h"
 
 /// \def ZEL_DESK_API
-/// Marks a class or function that the library ZelDesk exports.
-#if defined(_WIN32)
-#if defined(ZELDESK_BUILDING)
+/// Marks what the library ZelDesk exports. Hosts of the static one on Windows define ZELDESK_STATIC.
+#if !defined(_WIN32)
+#define ZEL_DESK_API __attribute__((visibility("default")))
+#elif defined(ZELDESK_STATIC)
+#define ZEL_DESK_API
+#elif defined(ZELDESK_BUILDING)
 #define ZEL_DESK_API __declspec(dllexport)
 #else
 #define ZEL_DESK_API __declspec(dllimport)
-#endif
-#else
-#define ZEL_DESK_API __attribute__((visibility("default")))
 #endif
 
 namespace zel::desk {

@@ -4,15 +4,15 @@
 #define ZELACCESS_EXPORT_H
 
 /// \def ZEL_API
-/// Marks a class or function that the shared library exports.
-#if defined(_WIN32)
-#if defined(ZELACCESS_BUILDING)
+/// Marks what the library exports. Hosts of the static one on Windows define ZELACCESS_STATIC.
+#if !defined(_WIN32)
+#define ZEL_API __attribute__((visibility("default")))
+#elif defined(ZELACCESS_STATIC)
+#define ZEL_API
+#elif defined(ZELACCESS_BUILDING)
 #define ZEL_API __declspec(dllexport)
 #else
 #define ZEL_API __declspec(dllimport)
-#endif
-#else
-#define ZEL_API __attribute__((visibility("default")))
 #endif
 
 #endif  // ZELACCESS_EXPORT_H

@@ -7,9 +7,11 @@
 #include <stdint.h>
 
 /// \def ZEL_C_API
-/// Marks a function that the library ZelC exports.
+/// Marks what the library ZelC exports. Hosts of the static one on Windows define ZELC_STATIC.
 #if !defined(_WIN32)
 #define ZEL_C_API __attribute__((visibility("default")))
+#elif defined(ZELC_STATIC)
+#define ZEL_C_API
 #elif defined(ZELC_BUILDING)
 #define ZEL_C_API __declspec(dllexport)
 #else

@@ -7,20 +7,20 @@
 #include <filesystem>
 #include <fstream>
 
-#include "tests/frame/block_file_fixture.h"
+#include "tests/frame/posix_block_file_fixture.h"
 
 namespace zel::platform {
 namespace {
 
 namespace fs = std::filesystem;
-using test::BlockFileTest;
+using test::PosixBlockFileTest;
 
-class AsideFileTest : public BlockFileTest {
+class AsideFileTest : public PosixBlockFileTest {
  protected:
   AsideFileTest() { MakeFile("f", "library"); }
   std::string Aside() const { return File() + ".journal"; }
   OpenedFile OpenIt(OpenMode mode) const {
-    return PosixFileSystem().OpenAside(Aside(), mode, File());
+    return SystemFileSystem().OpenAside(Aside(), mode, File());
   }
 };
 
@@ -80,7 +80,7 @@ TEST_F(AsideFileTest, StrangersFileIsNotOpenedInAFolderForAll) {
 }
 
 TEST_F(AsideFileTest, TargetFollowsLinksOfTheFile) {
-  FileSystem& system = PosixFileSystem();
+  FileSystem& system = SystemFileSystem();
   EXPECT_EQ(system.Target(File()), File());
   std::string const folder = fs::path(File()).parent_path().string();
   fs::create_symlink("f", folder + "/one");

@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "frame/platform/block_file.h"
-#include "tests/frame/block_file_fixture.h"
+#include "tests/frame/posix_block_file_fixture.h"
 #include "tests/support/process_memory.h"
 
 namespace zel::platform {
 namespace {
 
-using test::BlockFileTest;
+using test::PosixBlockFileTest;
 using test::ProcessMemory;
 
 constexpr std::size_t kNode = 4000;
@@ -26,7 +26,7 @@ std::vector<std::uint32_t> NodeOf(std::size_t number, std::uint32_t version) {
   return std::vector<std::uint32_t>(kNode / 4, static_cast<std::uint32_t>(number) * 16 + version);
 }
 
-class BlockFileMemoryTest : public BlockFileTest {
+class BlockFileMemoryTest : public PosixBlockFileTest {
  protected:
   // Writes each node once, in an order given by the index, and returns the most that the mapped
   // pages of the process grew by, in KB. In between, the node written is read, and a few nodes that

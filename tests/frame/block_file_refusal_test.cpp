@@ -12,15 +12,15 @@
 #include <string>
 #include <vector>
 
-#include "tests/frame/block_file_fixture.h"
-#include "tests/frame/child.h"
+#include "tests/frame/fork_child.h"
+#include "tests/frame/posix_block_file_fixture.h"
 #include "tests/frame/refused_calls.h"
 
 namespace zel::platform {
 namespace {
 
 namespace fs = std::filesystem;
-using test::BlockFileTest;
+using test::PosixBlockFileTest;
 using test::Refusal;
 
 constexpr std::uint64_t kKiB = 1024;
@@ -34,7 +34,7 @@ void ExpectUnderRefusal(std::string const& path, std::vector<Refusal> const& ref
     for (Refusal const& refusal : refusals) {
       if (!test::RefuseCalls(refusal)) return test::kCannotRun;
     }
-    OpenedFile opened = PosixFileSystem().Open(path, OpenMode::kCreate);
+    OpenedFile opened = SystemFileSystem().Open(path, OpenMode::kCreate);
     if (opened.outcome != OpenOutcome::kOk) return test::kFailed;
     bool held = body(*opened.file);
     opened.file.reset();
@@ -44,7 +44,7 @@ void ExpectUnderRefusal(std::string const& path, std::vector<Refusal> const& ref
   EXPECT_EQ(status, test::kHeld);
 }
 
-TEST_F(BlockFileTest, OpenErrorsAreToldApart) {
+TEST_F(PosixBlockFileTest, OpenErrorsAreToldApart) {
   struct {
     int error;
     OpenOutcome outcome;
@@ -61,7 +61,7 @@ TEST_F(BlockFileTest, OpenErrorsAreToldApart) {
     for (OpenMode mode : {OpenMode::kRead, OpenMode::kUpdate, OpenMode::kCreate}) {
       int const status = test::InChild([&] {
         if (!test::RefuseCalls({.call = SYS_openat, .error = row.error})) return test::kCannotRun;
-        OpenedFile const opened = PosixFileSystem().Open(File(), mode);
+        OpenedFile const opened = SystemFileSystem().Open(File(), mode);
         return opened.outcome == row.outcome && !opened.file ? test::kHeld : test::kFailed;
       });
       if (status == test::kCannotRun) GTEST_SKIP() << "the system has no filter of calls";
@@ -70,33 +70,33 @@ TEST_F(BlockFileTest, OpenErrorsAreToldApart) {
   }
 }
 
-TEST_F(BlockFileTest, LockThatFailsOtherwiseIsNoDenial) {
+TEST_F(PosixBlockFileTest, LockThatFailsOtherwiseIsNoDenial) {
   MakeFile("f", "content");
   int const status = test::InChild([&] {
     Refusal const noLocks{
         .call = SYS_fcntl, .error = ENOLCK, .argument = 1, .least = F_OFD_SETLK, .flag = 0};
     if (!test::RefuseCalls(noLocks)) return test::kCannotRun;
-    OpenedFile const opened = PosixFileSystem().Open(File(), OpenMode::kRead);
+    OpenedFile const opened = SystemFileSystem().Open(File(), OpenMode::kRead);
     return opened.outcome == OpenOutcome::kFailed ? test::kHeld : test::kFailed;
   });
   if (status == test::kCannotRun) GTEST_SKIP() << "the system has no filter of calls";
   EXPECT_EQ(status, test::kHeld);
 }
 
-TEST_F(BlockFileTest, AbsentFilesAreNotFound) {
+TEST_F(PosixBlockFileTest, AbsentFilesAreNotFound) {
   Open(OpenMode::kRead, OpenOutcome::kNotFound);
   Open(OpenMode::kUpdate, OpenOutcome::kNotFound);
   EXPECT_FALSE(fs::exists(File()));
-  EXPECT_FALSE(PosixFileSystem().Exists(File()));
-  EXPECT_EQ(PosixFileSystem().Open(Path("none/f"), OpenMode::kCreate).outcome,
+  EXPECT_FALSE(SystemFileSystem().Exists(File()));
+  EXPECT_EQ(SystemFileSystem().Open(Path("none/f"), OpenMode::kCreate).outcome,
             OpenOutcome::kNotFound);
   MakeFile("f", "");
-  EXPECT_TRUE(PosixFileSystem().Exists(File()));
-  EXPECT_EQ(PosixFileSystem().Open(Path("f/below"), OpenMode::kRead).outcome,
+  EXPECT_TRUE(SystemFileSystem().Exists(File()));
+  EXPECT_EQ(SystemFileSystem().Open(Path("f/below"), OpenMode::kRead).outcome,
             OpenOutcome::kNotFound);
 }
 
-TEST_F(BlockFileTest, OnlyRegularFilesAreOpened) {
+TEST_F(PosixBlockFileTest, OnlyRegularFilesAreOpened) {
   fs::create_directory(Path("folder"));
   ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
   int const socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
@@ -109,21 +109,21 @@ TEST_F(BlockFileTest, OnlyRegularFilesAreOpened) {
   for (std::string const& path :
        {Path("folder"), Path("pipe"), Path("socket"), std::string("/dev/null")}) {
     for (OpenMode mode : {OpenMode::kRead, OpenMode::kUpdate, OpenMode::kCreate}) {
-      OpenedFile const opened = PosixFileSystem().Open(path, mode);
+      OpenedFile const opened = SystemFileSystem().Open(path, mode);
       EXPECT_EQ(opened.outcome, OpenOutcome::kDenied) << path;
       EXPECT_EQ(opened.file, nullptr);
     }
   }
 }
 
-TEST_F(BlockFileTest, FileWithoutPermissionIsDenied) {
+TEST_F(PosixBlockFileTest, FileWithoutPermissionIsDenied) {
   MakeFile("f", "content");
   ::chmod(File().c_str(), 0400);
   fs::create_directory(Path("closed"));
   MakeFile("closed/f", "content");
   ::chmod(Path("closed").c_str(), 0);
   auto const outcome = [](std::string const& path, OpenMode mode) {
-    return PosixFileSystem().Open(path, mode).outcome;
+    return SystemFileSystem().Open(path, mode).outcome;
   };
   int const status = test::InChild([&] {
     // The superuser may do everything, so another user tries, who may not open the file at all.
@@ -139,21 +139,21 @@ TEST_F(BlockFileTest, FileWithoutPermissionIsDenied) {
   EXPECT_EQ(status, test::kHeld);
 }
 
-TEST_F(BlockFileTest, ReaderWhoDoesNotOwnTheFileOpensItAllTheSame) {
+TEST_F(PosixBlockFileTest, ReaderWhoDoesNotOwnTheFileOpensItAllTheSame) {
   MakeFile("f", "content");
   int const status = test::InChild([&] {
     if (!test::RefuseCalls(
             {.call = SYS_openat, .error = EPERM, .argument = 2, .flag = O_NOATIME})) {
       return test::kCannotRun;
     }
-    OpenedFile const opened = PosixFileSystem().Open(File(), OpenMode::kRead);
+    OpenedFile const opened = SystemFileSystem().Open(File(), OpenMode::kRead);
     return opened.outcome == OpenOutcome::kOk ? test::kHeld : test::kFailed;
   });
   if (status == test::kCannotRun) GTEST_SKIP() << "the system has no filter of calls";
   EXPECT_EQ(status, test::kHeld);
 }
 
-TEST_F(BlockFileTest, FullDiskIsAnErrorOfTheWriteThatMeetsIt) {
+TEST_F(PosixBlockFileTest, FullDiskIsAnErrorOfTheWriteThatMeetsIt) {
   if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   Refusal const fullFrom64KiB{
       .call = SYS_fallocate, .error = ENOSPC, .argument = 2, .least = 64 * kKiB};
@@ -166,7 +166,7 @@ TEST_F(BlockFileTest, FullDiskIsAnErrorOfTheWriteThatMeetsIt) {
   EXPECT_EQ(LengthOnDisk(), 64 * kKiB);
 }
 
-TEST_F(BlockFileTest, RoomThatIsNotNeededIsGivenBackWhenTheDiskIsFull) {
+TEST_F(PosixBlockFileTest, RoomThatIsNotNeededIsGivenBackWhenTheDiskIsFull) {
   if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   Refusal const fullFrom64KiB{
       .call = SYS_fallocate, .error = ENOSPC, .argument = 2, .least = 64 * kKiB};
@@ -178,7 +178,7 @@ TEST_F(BlockFileTest, RoomThatIsNotNeededIsGivenBackWhenTheDiskIsFull) {
   EXPECT_EQ(LengthOnDisk(), 4U);
 }
 
-TEST_F(BlockFileTest, DiskWithoutRoomForAStepStillTakesWhatIsNeeded) {
+TEST_F(PosixBlockFileTest, DiskWithoutRoomForAStepStillTakesWhatIsNeeded) {
   if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   Refusal const noSteps{.call = SYS_fallocate, .error = ENOSPC, .argument = 3, .least = 64 * kKiB};
   ExpectUnderRefusal(File(), {noSteps}, [](BlockFile& file) {
@@ -189,7 +189,7 @@ TEST_F(BlockFileTest, DiskWithoutRoomForAStepStillTakesWhatIsNeeded) {
 }
 
 // Some file systems extend a file by the room that there is before they refuse the rest.
-TEST_F(BlockFileTest, LengthThatARefusedStepLeavesBehindIsCut) {
+TEST_F(PosixBlockFileTest, LengthThatARefusedStepLeavesBehindIsCut) {
   if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   Refusal const noSteps{.call = SYS_fallocate, .error = ENOSPC, .argument = 3, .least = 64 * kKiB};
   ExpectUnderRefusal(File(), {noSteps}, [&](BlockFile& file) {
@@ -210,7 +210,7 @@ bool WritesAndViews(BlockFile& file) {
          (view == nullptr || static_cast<char>(view[1]) == 'X') && file.Flush();
 }
 
-TEST_F(BlockFileTest, FileSystemThatCannotMakeRoomAheadTakesPlainWrites) {
+TEST_F(PosixBlockFileTest, FileSystemThatCannotMakeRoomAheadTakesPlainWrites) {
   MakeFile("f", "content");
   ExpectUnderRefusal(File(), {{.call = SYS_fallocate, .error = EOPNOTSUPP}}, [](BlockFile& file) {
     return file.View(0, 3) != nullptr && WritesAndViews(file);
@@ -218,7 +218,7 @@ TEST_F(BlockFileTest, FileSystemThatCannotMakeRoomAheadTakesPlainWrites) {
   EXPECT_EQ(LengthOnDisk(), 5001U);
 }
 
-TEST_F(BlockFileTest, FullDiskShowsInPlainWritesToo) {
+TEST_F(PosixBlockFileTest, FullDiskShowsInPlainWritesToo) {
   ExpectUnderRefusal(File(),
                      {{.call = SYS_fallocate, .error = EOPNOTSUPP},
                       {.call = SYS_pwrite64, .error = ENOSPC, .argument = 3, .least = 100}},
@@ -229,7 +229,7 @@ TEST_F(BlockFileTest, FullDiskShowsInPlainWritesToo) {
   EXPECT_EQ(LengthOnDisk(), 3U);
 }
 
-TEST_F(BlockFileTest, WithoutAMapPlainTransfersServe) {
+TEST_F(PosixBlockFileTest, WithoutAMapPlainTransfersServe) {
   MakeFile("f", "content");
   Refusal const noLargeMaps{
       .call = SYS_mmap, .error = ENOMEM, .argument = 1, .least = 3'000'000'000U};
@@ -239,17 +239,17 @@ TEST_F(BlockFileTest, WithoutAMapPlainTransfersServe) {
   EXPECT_EQ(LengthOnDisk(), 5001U);
 }
 
-TEST_F(BlockFileTest, FlushTellsWhenTheDiskDoesNotTakeTheBytes) {
+TEST_F(PosixBlockFileTest, FlushTellsWhenTheDiskDoesNotTakeTheBytes) {
   ExpectUnderRefusal(File(), {{.call = SYS_fdatasync, .error = EIO}}, [](BlockFile& file) {
     return file.WriteAt(0, "abc", 3) == 3 && !file.Flush();
   });
   EXPECT_EQ(LengthOnDisk(), 3U);
 }
 
-TEST_F(BlockFileTest, FlushWithoutSyncAsksForNothing) {
+TEST_F(PosixBlockFileTest, FlushWithoutSyncAsksForNothing) {
   int const status = test::InChild([&] {
     if (!test::RefuseCalls({.call = SYS_fdatasync, .error = EIO})) return test::kCannotRun;
-    OpenedFile const opened = PosixFileSystemWithoutSync().Open(File(), OpenMode::kCreate);
+    OpenedFile const opened = SystemFileSystemWithoutSync().Open(File(), OpenMode::kCreate);
     bool const held = opened.file->WriteAt(0, "abc", 3) == 3 && opened.file->Flush();
     return held ? test::kHeld : test::kFailed;
   });
@@ -257,7 +257,7 @@ TEST_F(BlockFileTest, FlushWithoutSyncAsksForNothing) {
   EXPECT_EQ(status, test::kHeld);
 }
 
-TEST_F(BlockFileTest, FlushTellsWhenTheFileCannotBeCut) {
+TEST_F(PosixBlockFileTest, FlushTellsWhenTheFileCannotBeCut) {
   if (!MakesRoom()) GTEST_SKIP() << "the file system makes no room ahead";
   ExpectUnderRefusal(File(), {{.call = SYS_ftruncate, .error = EIO}}, [](BlockFile& file) {
     return file.WriteAt(0, "abc", 3) == 3 && !file.Flush();

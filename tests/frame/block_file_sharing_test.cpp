@@ -1,6 +1,7 @@
 // Who may open a file that is already open, in this process and in another.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 
 #include "tests/frame/block_file_fixture.h"
@@ -18,11 +19,27 @@ OpenOutcome ExpectedBeside(OpenMode holder, OpenMode opener) {
   return readers ? OpenOutcome::kOk : OpenOutcome::kDenied;
 }
 
-int OpenInChild(std::string const& path, OpenMode mode, OpenOutcome expected) {
-  return test::InChild([&] {
-    bool const held = PosixFileSystem().Open(path, mode).outcome == expected;
-    return held ? test::kHeld : test::kFailed;
-  });
+constexpr char kFile[] = "ZEL_TEST_FILE";
+constexpr char kMode[] = "ZEL_TEST_MODE";
+
+// Opens the file in another process, which returns the outcome.
+int OpenIt() {
+  auto const mode = static_cast<OpenMode>(std::stoi(std::getenv(kMode)));
+  return static_cast<int>(SystemFileSystem().Open(std::getenv(kFile), mode).outcome);
+}
+test::ProgramPart const openPart("open it", OpenIt);
+
+// The same, and ends without closing it.
+int OpenItAndEnd() {
+  OpenedFile const opened = SystemFileSystem().Open(std::getenv(kFile), OpenMode::kUpdate);
+  std::_Exit(static_cast<int>(opened.outcome));
+}
+test::ProgramPart const endPart("open it and end", OpenItAndEnd);
+
+OpenOutcome OpenElsewhere(std::string const& path, OpenMode mode, char const* part = "open it") {
+  test::SetVariable(kFile, path);
+  test::SetVariable(kMode, std::to_string(static_cast<int>(mode)));
+  return static_cast<OpenOutcome>(test::RunPart(part));
 }
 
 class BlockFileSharingTest : public BlockFileTest {
@@ -45,7 +62,7 @@ TEST_F(BlockFileSharingTest, ReadersShareAndAWriterIsAloneBetweenProcesses) {
     for (OpenMode opener : kModes) {
       SCOPED_TRACE(std::to_string(int(holder)) + " held, " + std::to_string(int(opener)));
       auto const file = Open(holder);
-      EXPECT_EQ(OpenInChild(File(), opener, ExpectedBeside(holder, opener)), test::kHeld);
+      EXPECT_EQ(OpenElsewhere(File(), opener), ExpectedBeside(holder, opener));
     }
   }
 }
@@ -55,7 +72,7 @@ TEST_F(BlockFileSharingTest, ClosingOneOfTwoReadersKeepsTheOthersLock) {
   auto two = Open(OpenMode::kRead);
   one.reset();
   Open(OpenMode::kUpdate, OpenOutcome::kDenied);
-  EXPECT_EQ(OpenInChild(File(), OpenMode::kUpdate, OpenOutcome::kDenied), test::kHeld);
+  EXPECT_EQ(OpenElsewhere(File(), OpenMode::kUpdate), OpenOutcome::kDenied);
   two.reset();
   Open(OpenMode::kUpdate);
 }
@@ -65,7 +82,7 @@ TEST_F(BlockFileSharingTest, RefusedOpenLeavesNothingLocked) {
   Open(OpenMode::kUpdate, OpenOutcome::kDenied);
   auto const another = Open(OpenMode::kRead);
   reader.reset();
-  EXPECT_EQ(OpenInChild(File(), OpenMode::kRead, OpenOutcome::kOk), test::kHeld);
+  EXPECT_EQ(OpenElsewhere(File(), OpenMode::kRead), OpenOutcome::kOk);
 }
 
 TEST_F(BlockFileSharingTest, RefusedCreateChangesNothing) {
@@ -75,12 +92,7 @@ TEST_F(BlockFileSharingTest, RefusedCreateChangesNothing) {
 }
 
 TEST_F(BlockFileSharingTest, LockGoesWithItsProcess) {
-  int const status = test::InChild([&] {
-    OpenedFile opened = PosixFileSystem().Open(File(), OpenMode::kUpdate);
-    ::_exit(opened.outcome == OpenOutcome::kOk ? test::kHeld : test::kFailed);
-    return test::kFailed;
-  });
-  EXPECT_EQ(status, test::kHeld);
+  EXPECT_EQ(OpenElsewhere(File(), OpenMode::kUpdate, "open it and end"), OpenOutcome::kOk);
   Open(OpenMode::kUpdate);
 }
 

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <map>
+
+#include "frame/platform/system.h"
 
 namespace zel::test {
 namespace {
@@ -32,21 +31,13 @@ auto* const environment = ::testing::AddGlobalTestEnvironment(new PartInsteadOfT
 
 ProgramPart::ProgramPart(char const* name, int (*body)()) { Parts()[name] = body; }
 
-std::string ThisProgram() {
-  return "'" + std::filesystem::read_symlink("/proc/self/exe").string() + "'";
-}
+std::string ThisProgram() { return Quoted(platform::ProgramFile()); }
 
-ProgramResult RunProgram(std::string const& command) {
-  ProgramResult result;
-  std::FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return result;
-  std::array<char, 4096> bytes;
-  while (std::size_t const n = std::fread(bytes.data(), 1, bytes.size(), pipe)) {
-    result.output.append(bytes.data(), n);
-  }
-  int const status = ::pclose(pipe);
-  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  return result;
+int RunPart(char const* name) {
+  SetVariable("ZEL_TEST_PART", name);
+  int const status = RunProgram(ThisProgram()).status;
+  UnsetVariable("ZEL_TEST_PART");
+  return status;
 }
 
 }  // namespace zel::test

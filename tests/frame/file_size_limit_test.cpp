@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "frame/platform/text_file.h"
-#include "tests/frame/block_file_fixture.h"
-#include "tests/frame/child.h"
+#include "tests/frame/fork_child.h"
+#include "tests/frame/posix_block_file_fixture.h"
 
 namespace zel::platform {
 namespace {
@@ -18,7 +18,7 @@ namespace {
 constexpr rlim_t kLimit = rlim_t{128} << 10;
 constexpr std::size_t kPiece = 4096;
 
-class FileSizeLimitTest : public test::BlockFileTest {
+class FileSizeLimitTest : public test::PosixBlockFileTest {
  protected:
   // Runs `body` in a child that may make files of 128 KiB. The signal ends the child unless `body`
   // handles it.
@@ -49,7 +49,7 @@ class FileSizeLimitTest : public test::BlockFileTest {
 
 TEST_F(FileSizeLimitTest, BlockFileIsFullThere) {
   ExpectUnderLimit([&] {
-    OpenedFile const opened = PosixFileSystem().Open(File(), OpenMode::kCreate);
+    OpenedFile const opened = SystemFileSystem().Open(File(), OpenMode::kCreate);
     return Fill(*opened.file) == kLimit / kPiece && opened.file->Flush() && !IsWaiting();
   });
   EXPECT_EQ(LengthOnDisk(), kLimit);
@@ -58,7 +58,7 @@ TEST_F(FileSizeLimitTest, BlockFileIsFullThere) {
 // A write far past the end goes to the file itself and not through the map.
 TEST_F(FileSizeLimitTest, WriteFarBehindTheEnd) {
   ExpectUnderLimit([&] {
-    OpenedFile const opened = PosixFileSystem().Open(File(), OpenMode::kCreate);
+    OpenedFile const opened = SystemFileSystem().Open(File(), OpenMode::kCreate);
     char const byte = 'x';
     return opened.file->WriteAt(std::uint64_t{1} << 30, &byte, 1) == -1 && !IsWaiting();
   });
@@ -78,7 +78,7 @@ int handled = 0;
 TEST_F(FileSizeLimitTest, HandlerOfTheHostIsNotCalledAndStays) {
   ExpectUnderLimit([&] {
     std::signal(SIGXFSZ, [](int) { ++handled; });
-    OpenedFile const opened = PosixFileSystem().Open(File(), OpenMode::kCreate);
+    OpenedFile const opened = SystemFileSystem().Open(File(), OpenMode::kCreate);
     Fill(*opened.file);
     if (handled != 0) return false;
     std::raise(SIGXFSZ);
@@ -92,7 +92,7 @@ TEST_F(FileSizeLimitTest, SignalThatWaitedBeforeStillWaits) {
     sigemptyset(&size);
     sigaddset(&size, SIGXFSZ);
     ::pthread_sigmask(SIG_BLOCK, &size, nullptr);
-    OpenedFile const opened = PosixFileSystem().Open(File(), OpenMode::kCreate);
+    OpenedFile const opened = SystemFileSystem().Open(File(), OpenMode::kCreate);
     Fill(*opened.file);
     if (IsWaiting()) return false;
     ::pthread_kill(::pthread_self(), SIGXFSZ);

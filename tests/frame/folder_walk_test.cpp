@@ -1,7 +1,6 @@
 #include "frame/folder_walk.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <filesystem>
 #include <iterator>
@@ -134,11 +133,11 @@ TEST_F(FolderWalkTest, FolderWithAnotherAttributeIsHandedOutLikeAFile) {
   fs::create_directory_symlink(Path("a"), Path("link.cmp"));
   fs::create_directory(Path("locked.cmp"));
   MakeFile("locked.cmp/8.cmp", "x");
-  ::chmod(Path("locked.cmp").c_str(), 0500);
+  fs::permissions(Path("locked.cmp"), fs::perms(0500));
   FindFilesBegin(Folder().string(), "*.cmp", true);
   EXPECT_EQ(Found(), (Names{".7.cmp", "1.cmp", "2.cmp", "link.cmp", "locked.cmp", "b/4.cmp",
                             "b/deep/5.cmp", "a/3.cmp"}));
-  ::chmod(Path("locked.cmp").c_str(), 0700);
+  fs::permissions(Path("locked.cmp"), fs::perms(0700));
 }
 
 TEST_F(FolderWalkTest, EmptyFolderNameIsTheWorkingFolder) {

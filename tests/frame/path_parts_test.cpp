@@ -2,15 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
-
-#include "tests/frame/temp_folder.h"
 
 namespace zel {
 namespace {
-
-namespace fs = std::filesystem;
 
 TEST(PathParts, BothSeparatorsSplit) {
   struct {
@@ -39,53 +34,53 @@ TEST(PathParts, BothSeparatorsSplit) {
   }
 }
 
-TEST(PathParts, PathsBecomeAbsoluteAndPlain) {
-  std::string const here = fs::current_path().string();
+TEST(PathParts, PathsWithDrivesAndSharesBecomeAbsoluteOnEverySystem) {
   struct {
     char const* path;
     char const* folder;
-    std::string full;
+    char const* full;
   } const rows[] = {
-      {"x.lb1", "", here + "/x.lb1"},
-      {"./a/../x", "", here + "/x"},
-      {"a\\.\\b\\..\\x", "", here + "/a/x"},
-      {"/a//b/./c/../d/", "", "/a/b/d"},
-      {"\\a\\b", "", "/a/b"},
-      {"../../../../../../../../../../../../../../../..", "", "/"},
-      {"/..", "", "/"},
-      {"f", "/base", "/base/f"},
-      {"f", "/base/", "/base/f"},
-      {"..\\f", "/base\\sub", "/base/f"},
-      {"f", "rel", here + "/rel/f"},
-      {"/f", "/base", "/f"},
-      {"", "", ""},
-      {"", "/base", ""},
+      {"C:\\x\\y.lb1", "", "C:/x/y.lb1"},
+      {"C:/x/../y", "D:/base", "C:/y"},
+      {"c:\\x", "", "c:/x"},
+      {"x.lb1", "", "W:/work/x.lb1"},
+      {"..\\..\\..\\x", "", "W:/x"},
+      {"x", "sub", "W:/work/sub/x"},
+      {"x", "C:\\base", "C:/base/x"},
+      {"x", "\\base", "W:/base/x"},
+      {"\\x", "", "W:/x"},
+      {"/x", "C:/base", "C:/x"},
+      {"C:x", "C:/base", "C:/base/x"},
+      {"c:x", "C:/base", "C:/base/x"},
+      {"C:x", "D:/base", "C:/x"},
+      {"w:x", "", "W:/work/x"},
+      {"C:", "", "C:/"},
+      {"C:\\", "", "C:/"},
+      {"C:\\..", "", "C:/"},
+      {"\\\\server\\share\\a\\..\\b", "", "//server/share/b"},
+      {"//server/share/../../b", "C:/base", "//server/share/b"},
+      {"\\\\server\\share", "", "//server/share/"},
+      {"b", "\\\\server\\share\\a", "//server/share/a/b"},
+      {"\\b", "\\\\server\\share\\a", "//server/share/b"},
+      {"\\\\?\\C:\\x\\y", "", "C:/x/y"},
+      {"\\\\?\\UNC\\server\\share\\x", "", "//server/share/x"},
+      {"1:x", "", "W:/work/1:x"},
+      {"", "C:/base", ""},
   };
   for (auto const& row : rows) {
-    EXPECT_EQ(AbsolutePath(row.path, row.folder), row.full) << row.path << " from " << row.folder;
+    EXPECT_EQ(AbsolutePathFrom(row.path, row.folder, "W:\\work", PathRoots::kDrives), row.full)
+        << row.path << " from " << row.folder;
   }
+  EXPECT_EQ(AbsolutePathFrom("x", "", "\\\\server\\share\\a", PathRoots::kDrives),
+            "//server/share/a/x");
+  EXPECT_EQ(AbsolutePathFrom("x", "", "", PathRoots::kDrives), "") << "no working folder";
+  EXPECT_EQ(AbsolutePathFrom("\\x", "", "", PathRoots::kDrives), "") << "no drive";
 }
 
-class WorkingFolderTest : public test::TempFolderTest {
- protected:
-  ~WorkingFolderTest() override { fs::current_path(before_); }
-  fs::path before_ = fs::current_path();
-};
-
-TEST_F(WorkingFolderTest, NameWithABackslashInTheWorkingFolderStays) {
-  fs::create_directory(Path("odd\\name"));
-  fs::current_path(Path("odd\\name"));
-  EXPECT_EQ(AbsolutePath("x"), Path("odd\\name/x"));
-}
-
-TEST_F(WorkingFolderTest, RelativePathFromADeletedFolderIsEmpty) {
-  fs::create_directory(Path("gone"));
-  fs::current_path(Path("gone"));
-  fs::remove(Path("gone"));
-  EXPECT_EQ(AbsolutePath("x.lb1"), "");
-  EXPECT_EQ(AbsolutePath("x.lb1", "below"), "");
-  EXPECT_EQ(AbsolutePath("/x.lb1"), "/x.lb1");
-  EXPECT_EQ(AbsolutePath("x.lb1", "/base"), "/base/x.lb1");
+TEST(PathParts, DrivesAreNamesWhereRootsAreSlashes) {
+  EXPECT_EQ(AbsolutePathFrom("C:\\x", "", "/here", PathRoots::kSlash), "/here/C:/x");
+  EXPECT_EQ(AbsolutePathFrom("\\\\server\\x", "", "/here", PathRoots::kSlash), "/server/x");
+  EXPECT_EQ(AbsolutePathFrom("x", "", "", PathRoots::kSlash), "") << "no working folder";
 }
 
 }  // namespace

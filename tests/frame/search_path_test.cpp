@@ -55,13 +55,13 @@ struct Freed {
 class BuildSearchPathTest : public test::TempFolderTest {
  protected:
   BuildSearchPathTest() {
-    ::setenv("Path", "before", 1);
-    ::setenv("ZELACCESS_SETTINGS", Path("settings").c_str(), 1);
+    test::SetVariable("Path", "before");
+    test::SetVariable("ZELACCESS_SETTINGS", Path("settings"));
     MakeFile("settings", "");
   }
   ~BuildSearchPathTest() override {
-    ::unsetenv("Path");
-    ::unsetenv("ZELACCESS_SETTINGS");
+    test::UnsetVariable("Path");
+    test::UnsetVariable("ZELACCESS_SETTINGS");
   }
   // Returns the old value that was handed out.
   static std::string Build(std::string const& subKey, std::vector<std::string> const& folders) {
@@ -77,7 +77,7 @@ TEST_F(BuildSearchPathTest, VariableIsSetAndItsOldValueHandedOut) {
 }
 
 TEST_F(BuildSearchPathTest, MissingVariableIsEmpty) {
-  ::unsetenv("Path");
+  test::UnsetVariable("Path");
   EXPECT_EQ(Build("", {"first"}), "");
   EXPECT_STREQ(std::getenv("Path"), "first;");
 }

@@ -1,23 +1,12 @@
 set(frame_TEST_SOURCES
-    aside_file_test.cpp
     bad_unit_table_test.cpp
-    block_file_memory_test.cpp
-    block_file_refusal_test.cpp
     block_file_sharing_test.cpp
     block_file_test.cpp
     child.cpp
-    file_size_limit_test.cpp
     folder_walk_test.cpp
-    host_locale_test.cpp
-    initialise_test.cpp
-    known_folders_test.cpp
-    module_test.cpp
     number_text_test.cpp
     path_parts_test.cpp
-    refused_calls.cpp
     search_path_test.cpp
-    system_test.cpp
-    text_file_test.cpp
     trim7_test.cpp
     unit_conversion_test.cpp
     unit_factors_test.cpp
@@ -27,3 +16,24 @@ set(frame_TEST_SOURCES
     unit_table_test.cpp
     unit_text.cpp
     wildcard_test.cpp)
+# What only one system has.
+if(WIN32)
+  list(APPEND frame_TEST_SOURCES
+       windows_files_test.cpp)
+else()
+  list(APPEND frame_TEST_SOURCES
+       aside_file_test.cpp
+       block_file_memory_test.cpp
+       block_file_refusal_test.cpp
+       file_size_limit_test.cpp
+       host_locale_test.cpp
+       initialise_test.cpp
+       known_folders_test.cpp
+       module_test.cpp
+       posix_block_file_test.cpp
+       posix_path_parts_test.cpp
+       posix_unit_start_test.cpp
+       refused_calls.cpp
+       system_test.cpp
+       text_file_test.cpp)
+endif()

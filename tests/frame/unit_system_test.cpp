@@ -293,22 +293,20 @@ int NothingBeforeTheStart() {
 test::ProgramPart const beforePart("units before the start", NothingBeforeTheStart);
 
 TEST(UnitSystem, GivesNothingBeforeItsStart) {
-  EXPECT_EQ(
-      test::RunProgram("ZEL_TEST_PART='units before the start' " + test::ThisProgram()).status,
-      test::kHeld);
+  EXPECT_EQ(test::RunPart("units before the start"), test::kHeld);
 }
 
 // With its own folder for temporary files.
 class StartUnitSystemTest : public test::TempFolderTest {
  protected:
-  StartUnitSystemTest() : before_(platform::Environment("TMPDIR")) {
-    ::setenv("TMPDIR", Folder().c_str(), 1);
+  StartUnitSystemTest() : before_(platform::Environment(test::kTemporaryFolderVariable)) {
+    test::SetVariable(test::kTemporaryFolderVariable, Folder().string());
   }
   ~StartUnitSystemTest() override {
     if (before_.empty()) {
-      ::unsetenv("TMPDIR");
+      test::UnsetVariable(test::kTemporaryFolderVariable);
     } else {
-      ::setenv("TMPDIR", before_.c_str(), 1);
+      test::SetVariable(test::kTemporaryFolderVariable, before_);
     }
   }
 
@@ -335,13 +333,13 @@ TEST_F(StartUnitSystemTest, BadTableGivesAPositiveErrorAndLeavesNoFile) {
 }
 
 TEST_F(StartUnitSystemTest, NoTemporaryFileGivesAPositiveError) {
-  ::setenv("TMPDIR", Path("missing").c_str(), 1);
+  test::SetVariable(test::kTemporaryFolderVariable, Path("missing"));
   EXPECT_EQ(StartUnitSystemFrom(UnitTableResource()), static_cast<int>(UnitTableError::kNoFile));
   // A name of more than 259 characters cannot be used either.
   fs::path deep = Folder();
   while (deep.string().size() < 260) deep /= "folder-in-a-folder";
   fs::create_directories(deep);
-  ::setenv("TMPDIR", deep.c_str(), 1);
+  test::SetVariable(test::kTemporaryFolderVariable, deep.string());
   EXPECT_EQ(StartUnitSystemFrom(UnitTableResource()), static_cast<int>(UnitTableError::kNoFile));
   EXPECT_TRUE(fs::is_empty(deep));
 }
@@ -371,7 +369,8 @@ TEST_F(StartUnitSystemTest, LoadingTakesItsTwoArguments) {
   EXPECT_EQ(uom_Init2(2, other), bad);
   EXPECT_EQ(uom_Init2(2, none), bad);
   EXPECT_EQ(uom_Init2(2, nullptr), bad);
-  char const* const folder[] = {"-f", Folder().c_str()};
+  std::string const noFile = Folder().string();
+  char const* const folder[] = {"-f", noFile.c_str()};
   EXPECT_GT(uom_Init2(2, folder), 0);
 }
 

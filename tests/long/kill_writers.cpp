@@ -44,7 +44,7 @@ struct Counts {
 
 // A system that does not sync: a kill takes nothing from the system's cache.
 std::unique_ptr<LibFile_i> Open(fs::path const& path, accModes mode, zelWriteModes writes) {
-  auto library = std::make_unique<LibFile_i>(platform::PosixFileSystemWithoutSync(), mode,
+  auto library = std::make_unique<LibFile_i>(platform::SystemFileSystemWithoutSync(), mode,
                                              path.c_str(), "kill");
   if (mode == accUpdate) library->Store().SetWriteMode(writes);
   if (library->OpenExisting({true, ""}, nullptr) != openOk) return nullptr;
@@ -111,7 +111,7 @@ class Killer {
   void MakeBase() {
     constexpr int kItems = 300;
     for (auto const& entry : fs::directory_iterator(folder_)) fs::remove(entry.path());
-    LibFile_i library(platform::PosixFileSystemWithoutSync(), accUpdate, Path("base.lb1").c_str(),
+    LibFile_i library(platform::SystemFileSystemWithoutSync(), accUpdate, Path("base.lb1").c_str(),
                       "base");
     if (library.CreateNew(libKind11) != openOk) throw std::runtime_error("no library");
     ItemSession session(library, {}, random_);

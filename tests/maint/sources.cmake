@@ -19,3 +19,7 @@ set(maint_TEST_SOURCES
     text_dump_test.cpp
     two_objects_test.cpp
     walks_test.cpp)
+# What only POSIX systems have.
+if(NOT WIN32)
+  list(APPEND maint_TEST_SOURCES posix_log_test.cpp)
+endif()

@@ -21,7 +21,7 @@ class TextDumpTest : public test::TempFolderTest {
 
   void Make(std::string const& stem) {
     maint_.reset();
-    library_ = std::make_unique<LibFile_i>(platform::PosixFileSystem(), accUpdate,
+    library_ = std::make_unique<LibFile_i>(platform::SystemFileSystem(), accUpdate,
                                            Path(stem + ".lb1").c_str(), "A name");
     ASSERT_EQ(library_->CreateNew(libKind11), openOk);
     library_->SetDescriptionAndVersion("words", "V1.5");

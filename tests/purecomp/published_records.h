@@ -37,7 +37,7 @@ class PublishedRecords {
     std::filesystem::create_directories(folder_);
     InitZelAccess();  // units
     openErrors error{};
-    library_.reset(LibFile::NewLibFile(libKind11, (folder_ / "r.lb1").c_str(), error));
+    library_.reset(LibFile::NewLibFile(libKind11, (folder_ / "r.lb1").string().c_str(), error));
     if (error != openOk) throw std::runtime_error("no library in " + folder_.string());
     maint_.reset(LibMaint::NewLibMaint(library_.get()));
     if (!maint_->Import((documents / (source_ + ".xml")).c_str(), false)) {

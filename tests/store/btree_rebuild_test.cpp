@@ -1,7 +1,6 @@
 // Rebuilds of a tree on each kind of file: mapped, where no write can fail; in place, but with
 // writes that can fail; and read by copying.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <array>
 #include <cstddef>
@@ -14,6 +13,7 @@
 
 #include "store/btree.h"
 #include "store/lib_file.h"
+#include "tests/support/environment.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/support/memory_file_system.h"
 
@@ -26,7 +26,7 @@ using Bytes = std::vector<char>;
 class BTreeRebuildTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ = fs::temp_directory_path() / ("zel_rebuild_" + std::to_string(::getpid()));
+    folder_ = fs::temp_directory_path() / ("zel_rebuild_" + std::to_string(test::ProcessNumber()));
     fs::remove_all(folder_);
     fs::create_directories(folder_);
   }
@@ -73,17 +73,17 @@ class BTreeRebuildTest : public ::testing::Test {
 };
 
 TEST_F(BTreeRebuildTest, BytesAreTheSameOnEachKindOfFile) {
-  LoadAndRebuild(platform::PosixFileSystem(), Path());
+  LoadAndRebuild(platform::SystemFileSystem(), Path());
   Bytes const mapped = BytesOf(folder_ / "t.lb2");
   fs::remove(Path());
   fs::remove(folder_ / "t.lb2");
-  test::FailingFileSystem failing(platform::PosixFileSystem());
+  test::FailingFileSystem failing(platform::SystemFileSystem());
   LoadAndRebuild(failing, Path());
   EXPECT_GT(mapped.size(), 9000U * 68U);
   EXPECT_EQ(BytesOf(folder_ / "t.lb2"), mapped);
   fs::remove(Path());
   fs::remove(folder_ / "t.lb2");
-  LoadAndRebuild(platform::PosixFileSystem(), Path(), true);
+  LoadAndRebuild(platform::SystemFileSystem(), Path(), true);
   EXPECT_EQ(BytesOf(folder_ / "t.lb2"), mapped) << "with bounded memory";
   for (bool inPlace : {true, false}) {
     test::MemoryFileSystem files;
@@ -96,7 +96,7 @@ TEST_F(BTreeRebuildTest, BytesAreTheSameOnEachKindOfFile) {
 }
 
 TEST_F(BTreeRebuildTest, MappedFileTellsWhichWritesCannotFail) {
-  auto const opened = platform::PosixFileSystem().Open(Path(), platform::OpenMode::kCreate);
+  auto const opened = platform::SystemFileSystem().Open(Path(), platform::OpenMode::kCreate);
   ASSERT_EQ(opened.outcome, platform::OpenOutcome::kOk);
   std::array<std::byte, 4000> const bytes{};
   EXPECT_TRUE(opened.file->WriteCannotFail(0, bytes.size()));
@@ -110,7 +110,7 @@ TEST_F(BTreeRebuildTest, MappedFileTellsWhichWritesCannotFail) {
 
 TEST_F(BTreeRebuildTest, FileOpenForReadingHasNoWritesThatCannotFail) {
   std::ofstream(Path()) << std::string(8000, 'x');
-  auto const opened = platform::PosixFileSystem().Open(Path(), platform::OpenMode::kRead);
+  auto const opened = platform::SystemFileSystem().Open(Path(), platform::OpenMode::kRead);
   ASSERT_EQ(opened.outcome, platform::OpenOutcome::kOk);
   EXPECT_FALSE(opened.file->WriteCannotFail(0, 4000));
 }

@@ -100,7 +100,7 @@ TEST_F(SharingTest, RefusedUpdaterLeavesNothingLocked) {
 
 TEST_F(SharingTest, SecondFileHeldByAnotherRefusesTheUpdate) {
   auto opened =
-      platform::PosixFileSystem().Open((folder_ / "s.lb2").string(), platform::OpenMode::kRead);
+      platform::SystemFileSystem().Open((folder_ / "s.lb2").string(), platform::OpenMode::kRead);
   ASSERT_EQ(opened.outcome, platform::OpenOutcome::kOk);
   EXPECT_EQ(OpenElsewhere(Role::kUpdater), openDenied);
   EXPECT_EQ(OpenElsewhere(Role::kReader), openOk);

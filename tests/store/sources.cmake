@@ -20,5 +20,8 @@ set(store_TEST_SOURCES
     lib_file_test.cpp
     mark_test.cpp
     packed_text_test.cpp
-    robustness_test.cpp
-    sharing_test.cpp)
+    robustness_test.cpp)
+# What only POSIX systems have.
+if(NOT WIN32)
+  list(APPEND store_TEST_SOURCES sharing_test.cpp)
+endif()

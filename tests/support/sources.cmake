@@ -12,3 +12,8 @@ set(support_SOURCES
     sample_library.cpp
     stored_items.cpp
     tree_model.cpp)
+if(WIN32)
+  list(APPEND support_SOURCES windows_environment.cpp)
+else()
+  list(APPEND support_SOURCES posix_environment.cpp)
+endif()

@@ -305,7 +305,7 @@ TEST_F(OpenLibraryTest, FinishingUnderTheLockOfTheCaller) {
     library.SetMemo("flushed");
     library.FlushLibFile();
   });
-  auto const lock = platform::PosixFileSystem().Open(Path(), platform::OpenMode::kUpdate);
+  auto const lock = platform::SystemFileSystem().Open(Path(), platform::OpenMode::kUpdate);
   ASSERT_TRUE(lock.file);
   EXPECT_EQ(FinishLastFlush(Path().c_str(), false), openDenied);
   EXPECT_TRUE(HasJournal());

@@ -15,7 +15,6 @@ set(verify_TEST_SOURCES
     judge_relations_test.cpp
     judge_smooth_relations_test.cpp
     judge_thermal_relations_test.cpp
-    open_library_test.cpp
     progress_test.cpp
     salvage_blocks_test.cpp
     salvage_components_test.cpp
@@ -23,3 +22,7 @@ set(verify_TEST_SOURCES
     salvage_journal_test.cpp
     salvage_test.cpp
     verify_test.cpp)
+# What only POSIX systems have.
+if(NOT WIN32)
+  list(APPEND verify_TEST_SOURCES open_library_test.cpp)
+endif()

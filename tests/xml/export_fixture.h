@@ -19,7 +19,7 @@ namespace zel::test {
 class ExportTest : public TempFolderTest {
  protected:
   ExportTest()
-      : library_(std::make_unique<LibFile_i>(platform::PosixFileSystem(), accUpdate,
+      : library_(std::make_unique<LibFile_i>(platform::SystemFileSystem(), accUpdate,
                                              Path("lib.lb1").c_str(), "A name")) {
     EXPECT_EQ(library_->CreateNew(libKind11), openOk);
     maint_ = std::make_unique<LibMaint_i>(library_.get());
@@ -31,7 +31,7 @@ class ExportTest : public TempFolderTest {
   void Reopen(accModes mode) {
     maint_.reset();
     library_.reset();
-    library_ = std::make_unique<LibFile_i>(platform::PosixFileSystem(), mode,
+    library_ = std::make_unique<LibFile_i>(platform::SystemFileSystem(), mode,
                                            Path("lib.lb1").c_str(), "A name");
     ASSERT_EQ(library_->OpenExisting({true, ""}, nullptr), openOk);
     maint_ = std::make_unique<LibMaint_i>(library_.get());

@@ -23,7 +23,7 @@ int ImportAlone() {
   if (variable == nullptr) return test::kCannotRun;
   std::string const folder = variable;
   InitZelAccess();
-  LibFile_i library(platform::PosixFileSystemWithoutSync(), accUpdate,
+  LibFile_i library(platform::SystemFileSystemWithoutSync(), accUpdate,
                     (folder + "/large.lb1").c_str(), "large");
   if (library.CreateNew(libKind11) != openOk) return test::kCannotRun;
   LibMaint_i maint(&library);

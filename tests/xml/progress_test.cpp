@@ -178,7 +178,7 @@ TEST_F(ProgressTest, FilesOnDiskAreAsBefore) {
     return std::string(std::istreambuf_iterator<char>(file), {});
   };
   {
-    LibFile_i library(platform::PosixFileSystem(), accUpdate, path.c_str(), "d");
+    LibFile_i library(platform::SystemFileSystem(), accUpdate, path.c_str(), "d");
     ASSERT_EQ(library.CreateNew(libKind11), openOk);
     LibMaint_i maint(&library);
     MakeFile("old.xml", Pairs("OLD", 3000));
@@ -187,7 +187,7 @@ TEST_F(ProgressTest, FilesOnDiskAreAsBefore) {
   std::string const first = bytes('1');
   std::string const second = bytes('2');
   {
-    LibFile_i library(platform::PosixFileSystem(), accUpdate, path.c_str(), "d");
+    LibFile_i library(platform::SystemFileSystem(), accUpdate, path.c_str(), "d");
     ASSERT_EQ(library.OpenExisting({true, ""}, nullptr), openOk);
     LibMaint_i maint(&library);
     Follower follower;

@@ -333,12 +333,12 @@ openErrors SalvageFiles(platform::FileSystem& system, std::string const& path,
 }
 
 openErrors FindLibraryType(char const* path, libTypes& type) {
-  return FindTypeOnFiles(platform::PosixFileSystem(), FullPath(path), type);
+  return FindTypeOnFiles(platform::SystemFileSystem(), FullPath(path), type);
 }
 
 openErrors SalvageLibrary(char const* path, char const* password, LibFile* rescued,
                           ZelSalvageSink* sink, ZelSalvageCounts& counts) {
-  return SalvageFiles(platform::PosixFileSystem(), FullPath(path), TextOrEmpty(password), rescued,
+  return SalvageFiles(platform::SystemFileSystem(), FullPath(path), TextOrEmpty(password), rescued,
                       sink, counts);
 }
 
