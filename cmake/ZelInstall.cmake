@@ -11,9 +11,11 @@ install(EXPORT ZelAccessTargets NAMESPACE ZelAccess::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
                                  COMPATIBILITY SameMajorVersion)
+set(zel_data_dir ${CMAKE_INSTALL_DATADIR}/zelaccess)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZelAccessConfig.cmake.in
                               ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
-                              INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+                              INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess
+                              PATH_VARS zel_data_dir)
 install(FILES ${PROJECT_BINARY_DIR}/ZelAccessConfig.cmake
               ${PROJECT_BINARY_DIR}/ZelAccessConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
@@ -30,6 +32,18 @@ if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
   file(RELATIVE_PATH pc_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
   string(REGEX REPLACE "/$" "" pc_PREFIX "\${pcfiledir}/${pc_PREFIX}")
 endif()
+# Installs the pkg-config file of a library; with static libraries next to the shared ones, also that of
+# the static library, which it names by its file.
+function(zel_pkg_config name)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  if(zel_both_kinds)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}-static.pc.in
+                   ${PROJECT_BINARY_DIR}/${name}-static.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${name}-static.pc
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  endif()
+endfunction()
 set(pc_requires "")
 # The C interface: a host in C links one shared library, but all static ones.
 set(pc_c_requires "Requires.private: zeldesk")
@@ -39,5 +53,8 @@ if(zel_kind STREQUAL "STATIC")
   set(pc_c_requires "Requires: libxml-2.0")
   set(pc_c_libraries " -lZelDesk -lZelAccess -lcsv -lstdc++ -lm")
 endif()
-configure_file(${PROJECT_SOURCE_DIR}/cmake/zelaccess.pc.in ${PROJECT_BINARY_DIR}/zelaccess.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/zelaccess.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+zel_pkg_config(zelaccess)
+if(zel_both_kinds)
+  install(EXPORT ZelAccessStaticTargets NAMESPACE ZelAccess::
+          DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/ZelAccess)
+endif()

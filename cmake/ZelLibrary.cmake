@@ -59,6 +59,35 @@ else()
   endif()
 endif()
 
+# zel_static_too(<target>)
+# The same objects as a static library ZelAccess::<target>Static, where both kinds are installed. Its
+# file has the name of the target; the pkg-config file is <name>-static.
+set(zel_both_kinds OFF)
+if(ZELACCESS_STATIC_TOO AND zel_kind STREQUAL "SHARED" AND NOT WIN32)
+  set(zel_both_kinds ON)
+endif()
+function(zel_static_too target)
+  cmake_parse_arguments(ARG "" "" "OBJECTS;LINK" ${ARGN})
+  if(NOT zel_both_kinds)
+    return()
+  endif()
+  add_library(${target}Static STATIC ${ARG_OBJECTS})
+  add_library(ZelAccess::${target}Static ALIAS ${target}Static)
+  set_target_properties(${target}Static PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME ${target})
+  target_compile_features(${target}Static INTERFACE cxx_std_17)
+  target_include_directories(${target}Static INTERFACE
+                             $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+                             $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  target_link_libraries(${target}Static PRIVATE ${ARG_LINK})
+  if(ZELACCESS_INSTALL)
+    install(TARGETS ${target}Static EXPORT ZelAccessStaticTargets
+            ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  endif()
+endfunction()
+list(TRANSFORM zel_folders REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE zel_objects)
+zel_static_too(ZelAccess OBJECTS ${zel_objects} LINK ${CMAKE_DL_LIBS}
+               "$<BUILD_INTERFACE:${LIBXML2_LIBRARIES}>" $<INSTALL_INTERFACE:LibXml2::LibXml2>)
+
 # Everything that is built with the sanitizers must be linked with them. Their run-time library may
 # be linked only into the program, so a shared library can be required to have no undefined symbols
 # only without them.

@@ -37,6 +37,11 @@ namespace {
 // 999,999 blocks of 1000 words.
 constexpr std::uint64_t kReservedRange = std::uint64_t{4000} * 999'999;
 constexpr std::uint64_t kLargestOffset = std::numeric_limits<off_t>::max();
+// Where addresses have 32 bits, only the first part of a file is mapped, so that there is room for
+// many files; the rest is read and written with plain calls.
+constexpr std::uint64_t kMostMapped = sizeof(void*) > 4 ? std::numeric_limits<std::uint64_t>::max()
+                                                        : std::uint64_t{64} << 20;
+static_assert(sizeof(off_t) == 8, "files can be longer than 2 GB");
 constexpr int kPlainReads = 16;
 constexpr std::uint64_t kLeastStep = std::uint64_t{64} << 10;
 constexpr std::uint64_t kLargestStep = std::uint64_t{16} << 20;
@@ -100,7 +105,7 @@ class PosixBlockFile final : public BlockFile {
         mapWrites_(writable && !hasHoles),
         size_(size),
         onDisk_(size),
-        range_(writable ? kReservedRange : size) {}
+        range_(std::min(writable ? kReservedRange : size, kMostMapped)) {}
 
   ~PosixBlockFile() override {
     if (std::byte* const map = map_) ::munmap(map, range_);

@@ -7,9 +7,9 @@
 
 // The build reads its version from here.
 #define ZELACCESS_VERSION_MAJOR 0  ///< Major version of these headers.
-#define ZELACCESS_VERSION_MINOR 1  ///< Minor version of these headers.
+#define ZELACCESS_VERSION_MINOR 2  ///< Minor version of these headers.
 #define ZELACCESS_VERSION_PATCH 0  ///< Patch level of these headers.
-#define ZELACCESS_VERSION "0.1.0"  ///< Version of these headers as a text.
+#define ZELACCESS_VERSION "0.2.0"  ///< Version of these headers as a text.
 
 namespace zel {
 

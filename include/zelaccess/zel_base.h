@@ -87,7 +87,7 @@ enum zel_cells {
 /// to know early that it works.
 /// \return ZEL_OK; ZEL_FAILED if the units cannot be loaded
 ZEL_C_API zel_status zel_start(void);
-/// Copies the version of the library, "0.1.0" for example.
+/// Copies the version of the library, "0.2.0" for example.
 /// \param text    receives the text
 /// \param size    size of `text` in bytes
 /// \param length  receives the length of the whole text; may be null

@@ -8,7 +8,8 @@ if(NOT TARGET ZelC OR NOT TARGET zel OR NOT library_type STREQUAL "SHARED_LIBRAR
 endif()
 add_test(NAME c_exported_symbols
          COMMAND ${CMAKE_COMMAND} -D LIBRARY=$<TARGET_FILE:ZelC> -D NM=${CMAKE_NM}
-                 -D SOURCE_DIR=${PROJECT_SOURCE_DIR}
+                 -D SYMBOL_VERSION=ZELC_${PROJECT_VERSION_MAJOR}
+                 -D WORD_BYTES=${CMAKE_SIZEOF_VOID_P} -D SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -P ${CMAKE_CURRENT_SOURCE_DIR}/c/check_symbols.cmake)
 function(zel_c_program name compiler expected compile run)
   add_test(NAME ${name}

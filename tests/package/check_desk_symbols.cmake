@@ -1,11 +1,12 @@
 # Fails when the desk's library exports anything that its public headers do not mark.
-#   cmake -D LIBRARY=<file> -D NM=<nm> -P check_desk_symbols.cmake
+#   cmake -D LIBRARY=<file> -D NM=<nm> -D SYMBOL_VERSION=<name> -D WORD_BYTES=<of a pointer>
+#         -P check_desk_symbols.cmake
 cmake_minimum_required(VERSION 3.20)
 
-execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY} OUTPUT_VARIABLE lines
-                RESULT_VARIABLE failed)
-if(failed)
-  message(FATAL_ERROR "cannot read the symbols of ${LIBRARY}")
+include(${CMAKE_CURRENT_LIST_DIR}/exported_names.cmake)
+exported_names(exported -C)
+if(WORD_BYTES EQUAL 8)
+  expect_released_names()
 endif()
 set(names Component Item Libraries Error OpenError LibraryInUse DamagedLibrary MissingComponent
             ConflictingIdentity MissingItem MissingDatum UnknownWord SearchPath
@@ -14,9 +15,7 @@ set(names Component Item Libraries Error OpenError LibraryInUse DamagedLibrary M
             FieldsOfType MissingBank)
 set(seen "")
 set(bad "")
-string(REPLACE "\n" ";" lines "${lines}")
-foreach(line ${lines})
-  string(REGEX REPLACE "^[0-9a-f]+ [A-Za-z] " "" name "${line}")
+foreach(name ${exported})
   string(REGEX REPLACE "^(typeinfo|typeinfo name|vtable) for " "" own "${name}")
   if(own MATCHES "^zel::desk::([A-Za-z]+)" AND CMAKE_MATCH_1 IN_LIST names)
     list(APPEND seen ${CMAKE_MATCH_1})

@@ -55,7 +55,8 @@ if(ZEL)
 endif()
 
 run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE_DIR}/host -B ${WORK_DIR}/host
-    -D ZelAccess_DIR=${WORK_DIR}/lib/cmake/ZelAccess -D CMAKE_CXX_COMPILER=${COMPILER})
+    -D STATIC=ON -D ZelAccess_DIR=${WORK_DIR}/lib/cmake/ZelAccess
+    -D CMAKE_CXX_COMPILER=${COMPILER})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/host)
 run(${WORK_DIR}/host/small_host)
 run(${WORK_DIR}/host/c_host)

@@ -1,12 +1,13 @@
 # Fails when the shared library exports anything beyond its public interface, or lacks a function or an
 # identifier that the public headers declare.
-#   cmake -D LIBRARY=<file> -D NM=<nm> -D HEADERS=<include/zelaccess> -P check_symbols.cmake
+#   cmake -D LIBRARY=<file> -D NM=<nm> -D SYMBOL_VERSION=<name> -D WORD_BYTES=<of a pointer>
+#         -D HEADERS=<include/zelaccess> -P check_symbols.cmake
 cmake_minimum_required(VERSION 3.20)
 
-execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY} OUTPUT_VARIABLE lines
-                RESULT_VARIABLE failed)
-if(failed)
-  message(FATAL_ERROR "cannot read the symbols of ${LIBRARY}")
+include(${CMAKE_CURRENT_LIST_DIR}/exported_names.cmake)
+exported_names(exported -C)
+if(WORD_BYTES EQUAL 8)
+  expect_released_names()
 endif()
 
 # The names that the headers mark with ZEL_API: classes, identifiers, free functions.
@@ -33,9 +34,7 @@ endif()
 
 set(missing ${wanted})
 set(bad "")
-string(REPLACE "\n" ";" lines "${lines}")
-foreach(line ${lines})
-  string(REGEX REPLACE "^[0-9a-f]+ [A-Za-z] " "" name "${line}")
+foreach(name ${exported})
   string(REGEX REPLACE "^(typeinfo|typeinfo name|vtable) for " "" own "${name}")
   if(own MATCHES "^zel::([A-Za-z0-9_]+)")
     set(head ${CMAKE_MATCH_1})
