@@ -25,7 +25,9 @@ set(desk_SOURCES
     edit/component_data.cpp
     edit/edit_words.cpp
     edit/field_data.cpp
+    edit/fit_tables.cpp
     edit/item_edit.cpp
+    edit/library_fit.cpp
     face/banks.cpp
     face/changes.cpp
     face/component.cpp

@@ -1,6 +1,7 @@
 // Charts of a correlation of components, from the merged libraries or from each source.
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ struct PlotPoints {
   struct Point {
     double kelvin;
     double value;  // in the unit of the correlation's values
+    double uncertainty = std::numeric_limits<double>::quiet_NaN();  // of the value; NaN if unknown
   };
   std::vector<Point> points;
 };

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <limits>
+#include <optional>
 
 #include "desk/tables/text_table.h"
 #include "desk/words/failure.h"
@@ -14,6 +16,14 @@ namespace zel::desk {
 namespace {
 
 constexpr char kTemperatureUnit[] = "K";
+constexpr char kPercentUnit[] = "%";
+
+// A head "uncertainty", followed or not by a unit in brackets.
+bool IsUncertainty(std::string const& head) {
+  std::string name = LowerCase(head.substr(0, head.find('[')));
+  name.erase(name.find_last_not_of(' ') + 1);
+  return name == "uncertainty";
+}
 
 // A column of numbers and the unit that its head says.
 struct NumberColumn {
@@ -29,6 +39,10 @@ class PointTable {
       : path_(path), units_(units), table_(ReadTextTable(path)) {
     temperature_ = Column({"T", "temperature"}, kTemperatureUnit);
     value_ = Column({"value", correlation.name}, correlation.unit);
+    if (table_.heads.end() !=
+        std::find_if(table_.heads.begin(), table_.heads.end(), IsUncertainty)) {
+      uncertainty_ = Column({"uncertainty"}, correlation.unit);
+    }
     component_ = table_.Find("component");
     label_ = table_.Find("label");
   }
@@ -37,7 +51,8 @@ class PointTable {
     std::vector<PlotPoints> sets;
     for (TextRow const& row : table_.rows) {
       if (row.cells[value_.at].empty()) continue;
-      PlotPoints::Point const point = {NumberIn(row, temperature_), NumberIn(row, value_)};
+      PlotPoints::Point const point = {NumberIn(row, temperature_), NumberIn(row, value_),
+                                       UncertaintyIn(row)};
       if (!(point.kelvin > 0.0)) {
         throw Failure(Place(row) + "the temperature is not above 0 K");
       }
@@ -75,7 +90,8 @@ class PointTable {
       if (!isWanted) continue;
       std::string word;
       if (open != std::string::npos) word = head.substr(open + 1, head.find(']') - open - 1);
-      if (!word.empty() && word != unit && UnitNamed(word, unit).empty()) {
+      bool const isPercent = word == kPercentUnit && names[0] == "uncertainty";
+      if (!word.empty() && word != unit && !isPercent && UnitNamed(word, unit).empty()) {
         throw Failure(NotAUnit(head, unit));
       }
       return {i, unit, word};
@@ -100,6 +116,23 @@ class PointTable {
     return value;
   }
 
+  // A difference of values: without the zero of their unit. NaN for none.
+  double UncertaintyIn(TextRow const& row) const {
+    if (!uncertainty_ || row.cells[uncertainty_->at].empty()) {
+      return std::numeric_limits<double>::quiet_NaN();
+    }
+    if (uncertainty_->word == kPercentUnit) {
+      constexpr double kPercent = 100.0;
+      NumberColumn plain = *uncertainty_;
+      plain.word = plain.unit;
+      return NumberIn(row, plain) / kPercent * std::abs(NumberIn(row, value_));
+    }
+    std::string const& unit = uncertainty_->unit;
+    std::string const word = uncertainty_->word.empty() ? units_.UnitFor(unit) : uncertainty_->word;
+    double const zero = word == unit ? 0.0 : ToInternal(0.0, word, unit);
+    return NumberIn(row, *uncertainty_) - zero;
+  }
+
   PlotPoints& SetOf(TextRow const& row, std::vector<PlotPoints>& sets) const {
     auto const cell = [&](std::size_t column) {
       return column < row.cells.size() ? row.cells[column] : std::string();
@@ -121,6 +154,7 @@ class PointTable {
   TextTable table_;
   NumberColumn temperature_;
   NumberColumn value_;
+  std::optional<NumberColumn> uncertainty_;
   std::size_t component_ = 0;
   std::size_t label_ = 0;
 };

@@ -18,6 +18,7 @@ set(zel_TEST_SOURCES
     documents_test.cpp
     edit_test.cpp
     fault_run.cpp
+    fit_test.cpp
     flatten_test.cpp
     file_digest_test.cpp
     folder_test.cpp
