@@ -55,6 +55,8 @@ set(desk_SOURCES
     formats/foreign_record.cpp
     formats/foreign_units.cpp
     formats/formats.cpp
+    formats/thermoml.cpp
+    formats/thermoml_tables.cpp
     formats/xml_elements.cpp
     files/file_digest.cpp
     files/file_lock.cpp

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 
 #include "desk/combine/bank_copy.h"
 #include "desk/open/curve_record.h"
@@ -80,7 +81,7 @@ class RecordFit {
     std::string const word = UpperCase(set.component);
     Identity const identity = component_.ReadIdentity();
     return word == UpperCase(o_.component) || word == UpperCase(identity.FirstId()) ||
-           word == UpperCase(identity.name);
+           word == UpperCase(identity.name) || word == identity.cas;
   }
 
   void CollectPoints() {
@@ -91,7 +92,7 @@ class RecordFit {
       for (PlotPoints::Point const& point : set.points) {
         bool const isInside = !span_ || span_->Has(point.kelvin);
         if (!isInside) ++result_.leftOut;
-        if (isInside) result_.points.push_back({point.kelvin, point.value, point.uncertainty});
+        if (isInside) result_.points.push_back({point.kelvin, point.value, Uncertainty(point)});
       }
     }
     std::stable_sort(
@@ -101,6 +102,10 @@ class RecordFit {
     if (result_.leftOut > 0) throw Failure("no point is in the range " + o_.range);
     throw Failure("there are no points of " + o_.component +
                   (others == 0 ? "" : ", only of other components"));
+  }
+
+  double Uncertainty(PlotPoints::Point const& point) const {
+    return o_.isUnweighted ? std::numeric_limits<double>::quiet_NaN() : point.uncertainty;
   }
 
   // The record without coefficients, with the factor of its unit and the component's constants.

@@ -24,6 +24,7 @@ struct LibraryFit {
   std::string range;                  // MIN:MAX; points outside are left out
   std::string deviations;             // relative or absolute; empty: as the correlation is
   std::string unit;                   // of the values of the equation
+  bool isUnweighted = false;          // uncertainties of points do not matter
   std::string basis;                  // mole or mass
   std::string logarithm;              // natural or decimal
   std::optional<std::uint32_t> code;  // reference

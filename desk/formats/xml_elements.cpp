@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -73,6 +74,22 @@ void End(void* data, xmlChar const* /*name*/, xmlChar const* /*prefix*/, xmlChar
   if (!reading.open.empty()) reading.open.pop_back();
 }
 
+void Characters(void* data, xmlChar const* text, int length) {
+  Reading& reading = ReadingOf(data);
+  if (reading.open.empty()) return;
+  std::string& whole = reading.open.back()->text;
+  bool const isBlank = std::all_of(text, text + length, [](xmlChar c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+  });
+  if (whole.empty() && isBlank) return;  // between elements
+  try {
+    whole.append(reinterpret_cast<char const*>(text), static_cast<std::size_t>(length));
+  } catch (std::bad_alloc const&) {
+    reading.memoryLost = true;
+    xmlStopParser(reading.context);
+  }
+}
+
 void RefuseType(void* data, xmlChar const* /*name*/, xmlChar const* /*id*/,
                 xmlChar const* /*system*/) {
   Stop(ReadingOf(data), "it has a document type, which is not read");
@@ -122,6 +139,8 @@ XmlElement ReadXml(std::string const& path) {
   context->sax->initialized = XML_SAX2_MAGIC;
   context->sax->startElementNs = Begin;
   context->sax->endElementNs = End;
+  context->sax->characters = Characters;
+  context->sax->cdataBlock = Characters;
   context->sax->internalSubset = RefuseType;
   xmlCtxtUseOptions(context.get(), XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
   int const result = xmlParseDocument(context.get());

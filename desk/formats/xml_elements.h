@@ -14,6 +14,7 @@ struct XmlElement {
   std::size_t line = 0;
   std::vector<std::pair<std::string, std::string>> attributes;
   std::vector<XmlElement> children;
+  std::string text;  // that is in it and not in its children
 
   // The value of an attribute without blanks at its ends, empty if there is none.
   std::string Attribute(std::string const& name) const;

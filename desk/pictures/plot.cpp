@@ -213,8 +213,9 @@ class PlotMaker {
     std::string const wanted =
         UpperCase(set.component.empty() ? o_.components.front() : set.component);
     auto const at = std::find_if(drawn_.begin(), drawn_.end(), [&](Drawn const& one) {
-      return UpperCase(one.word) == wanted ||
-             UpperCase(one.component->ReadIdentity().FirstId()) == wanted;
+      Identity const identity = one.component->ReadIdentity();
+      return UpperCase(one.word) == wanted || UpperCase(identity.FirstId()) == wanted ||
+             UpperCase(identity.name) == wanted || identity.cas == wanted;
     });
     if (at == drawn_.end()) {
       throw WrongUsage("there are points for " + set.component + ", which is not drawn");

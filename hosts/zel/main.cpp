@@ -116,7 +116,7 @@ int Run(int count, char** words) {
     zelhost::AddListCommand(line);
     zelhost::AddItemCommands(line);
     zelhost::AddEditCommand(line);
-    zelhost::AddFitCommand(line);
+    zelhost::AddFitCommands(line);
     zelhost::AddHistoryCommands(line);
     zelhost::AddDiffCommand(line);
     zelhost::AddCheckCommand(line);

@@ -25,6 +25,22 @@ except ImportError:
 
 # Files that the commands below read.
 FILES = {
+    "mixed.xml": "<DataReport><Compound><RegNum><nOrgNum>1</nOrgNum></RegNum><sFormulaMolec>H2O"
+                 "</sFormulaMolec></Compound><PureOrMixtureData><Component><RegNum><nOrgNum>1"
+                 "</nOrgNum></RegNum></Component>" + "".join(
+                     "<Property><nPropNumber>%d</nPropNumber><G><ePropName>%s</ePropName></G>"
+                     "<PropPhaseID><ePropPhase>Liquid</ePropPhase></PropPhaseID></Property>"
+                     % (number, name) for number, name in
+                     [(1, "Mass density, kg/m3"), (2, "Speed of sound, m/s")]) +
+                 "<Variable><nVarNumber>1</nVarNumber><VariableID><VariableType><eTemperature>"
+                 "Temperature, K</eTemperature></VariableType></VariableID></Variable><NumValues>"
+                 "<VariableValue><nVarNumber>1</nVarNumber><nVarValue>300</nVarValue></VariableValue>"
+                 "<PropertyValue><nPropNumber>1</nPropNumber><nPropValue>997</nPropValue>"
+                 "</PropertyValue><PropertyValue><nPropNumber>2</nPropNumber><nPropValue>1497"
+                 "</nPropValue></PropertyValue></NumValues></PureOrMixtureData></DataReport>",
+    "uncertain.csv": "T,value,uncertainty [%]\n280,1,2\n300,3.5,2\n320,10.5,1\n340,27,1\n380,129,1\n",
+    "plain.csv": "T,value\n280,107\n300,113\n320,120\n",
+    "wrong.csv": "T,value\n280,-10\n300,-20\n320,-25\n",
     "other.xml": "<bank type='PURECOMP' name='OWN'><comp><id number='10000112' name='Water' "
                  "formula='H2O' casNum='7732-18-5'> AQUA </id><property name='MW' value='18'/>"
                  "</comp></bank>",
@@ -101,6 +117,12 @@ MORE = [
     ("copy perry.lb1 own.lb1 --bank PERRY --item WATER --dry-run", 0),
     ("edit plant.lb1 ETHANOL NBP=351 TC=514", 0),
     ("edit plant.lb1 ETHANOL NBP=351", 0),
+    ("fit plant.lb1 plain.csv --to LiquidCp --equation 1 --terms 2 --component ETHANOL --residuals", 0),
+    ("points mixed.xml", 0),
+    ("points mixed.xml --to LiquidDensity", 0),
+    ("fit crc.lb1 uncertain.csv --to VaporP --equation 20 --terms 3 --component WATER --residuals "
+     "--range 290K:400K --plot fit.svg --dry-run", 0),
+    ("fit crc.lb1 wrong.csv --to VaporP --equation 99 --component WATER", 1),
     ("renumber own.lb1 21000001 21000002 --dry-run", 0),
     ("undo own.lb1 --dry-run", 0),
     ("flatten perry.lb1 crc.lb1 -o merged2.lb1 --components ETHANOL --dry-run", 0),
@@ -179,6 +201,8 @@ MORE = [
     ("copy two.lb1 one.lb1 --dry-run", 0),
     ("import one.lb1 impossible.xml --dry-run", 0),
     ("edit one.lb1 WATER DIPOLE=1.85 --from two.lb1 --dry-run", 0),
+    ("fit one.lb1 wrong.csv --to LiquidCp --equation 1 --terms 2 --component WATER --from two.lb1 "
+     "--dry-run", 0),
     ("flatten other.lb1 crc.lb1 -o conflict.lb1 --accept-identity", 0),
     ("merge other.lb1 crc.lb1 --accept-identity", 0),
     ("check perry.lb1 --baseline known.json", None),

@@ -28,6 +28,7 @@ class BadInputTest : public ZelTest {
     MakeFile("text.lb1", "not a library, but long enough to be read as the header of one: " +
                              std::string(2000, 'x'));
     MakeFile("no.xml", "<library><bank");
+    MakeFile("good.csv", "T,value\n300,3\n320,10\n340,27\n360,62\n380,128\n400,245\n");
     MakeFile("notes.txt", "nothing in particular\n");
     MakeFile("nul.txt", std::string("a\0b", 3));
     std::filesystem::create_directory(Folder() / "folder.lb1");
@@ -84,6 +85,19 @@ TEST_F(BadInputTest, EachHasItsLine) {
       {"import sample.lb1 folder.lb1 --format chemsep", kFailed, "folder.lb1: is a folder"},
       {"import sample.lb1 nul.txt --format chemsep", kFailed, "nul.txt, line 1: "},
       {"import new.lb1 no.xml --create --format chemsep", kFailed, "no.xml, line 1: "},
+      {"fit none.lb1 good.csv --to VaporP --equation 20 --component A", kFailed,
+       "none.lb1: not found"},
+      {"fit perry.lb1 none.csv --to VaporP --equation 20 --component WATER", kFailed,
+       "none.csv: not found"},
+      {"fit perry.lb1 nul.txt --to VaporP --equation 20 --component WATER", kFailed, "nul.txt: "},
+      {"fit perry.lb1 good.csv --equation 20 --component WATER", kWrongUsage, "--to"},
+      {"fit perry.lb1 good.csv --to VaporP --component WATER", kWrongUsage, "--equation"},
+      {"fit perry.lb1 good.csv --to VaporP --equation 20", kWrongUsage, "--component"},
+      {"fit perry.lb1 --to VaporP --equation 20 --component WATER", kWrongUsage, "POINTS"},
+      {"points none.xml", kFailed, "none.xml: "},
+      {"points no.xml", kFailed, "no.xml, line 1: "},
+      {"points good.csv", kFailed, "good.csv, line 1: "},
+      {"points", kWrongUsage, "FILE"},
       {"export none.lb1", kFailed, "none.lb1: not found"},
       {"dump none.lb1", kFailed, "none.lb1: not found"},
       {"list none.lst", kFailed, "none.lst: not found"},

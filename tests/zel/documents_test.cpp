@@ -162,6 +162,16 @@ TEST_F(DocumentsTest, SessionAndPlotOfTheReadme) {
       << "docs/vapor-pressure.svg is not what zel draws";
 }
 
+TEST_F(DocumentsTest, SessionAndPlotOfFits) {
+  BeginAsAUser();
+  fs::create_symlink(ZEL_DATA "/../water_vapor_pressure.csv",
+                     Folder() / "data/water_vapor_pressure.csv");
+  EXPECT_EQ(RunSession(ZEL_DOCS "/fit.md"),
+            (std::set<std::string>{"eval", "fit", "import", "points"}));
+  EXPECT_TRUE(FileText(Folder() / "fit.svg") == FileText(ZEL_DOCS "/fit.svg"))
+      << "docs/fit.svg is not what zel draws";
+}
+
 TEST_F(DocumentsTest, ExampleOfADaysWorkRuns) {
   Outcome const outcome = Shell("bash '" ZEL_EXAMPLES "/desk.sh' $ZEL .");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -174,7 +184,7 @@ TEST_F(DocumentsTest, ExampleOfADaysWorkRuns) {
 }
 
 TEST_F(DocumentsTest, DocumentTellsOfEveryCommand) {
-  ASSERT_EQ(commands_.size(), 39U);
+  ASSERT_EQ(commands_.size(), 41U);
   std::string const document = FileText(ZEL_DOCS "/zel.md");
   for (std::string const& command : commands_) {
     EXPECT_NE(document.find("`" + command + "`"), std::string::npos) << command;
@@ -201,6 +211,8 @@ TEST_F(DocumentsTest, ExamplesOfTheHelp) {
   for (char const* name : {"nist.xml", "nist-purecomp.xml"}) {
     MakeFile(name, FileText(ZEL_DATA "/" + std::string(name)));
   }
+  MakeFile("measured.xml", FileText(ZEL_EXAMPLES "/measured.xml"));
+  MakeFile("steam.csv", FileText(ZEL_DATA "/../water_vapor_pressure.csv"));
   for (char const* ending : {".lb1", ".lb2"}) {
     fs::copy_file(Folder() / (std::string("perry") + ending),
                   Folder() / (std::string("broken") + ending));

@@ -107,6 +107,9 @@ constexpr CommandLine kCommands[] = {
     {"delete own.lb1 PERRY --whole-bank", nullptr},
     {"edit own.lb1 ETHANOL TC 514K --ref 9", nullptr},
     {"edit own.lb1 PURECOMP CYCLOHEX TC 554K --from other.lb1", nullptr},
+    {"fit own.lb1 points.csv --to VaporPressure --equation 1 --terms 1 --component ETHANOL",
+     nullptr},
+    {"points measured.xml --to VaporPressure --csv", nullptr},
     {"refs own.lb1", nullptr},
     {"refs pairs.lb1 -o refs.bib", nullptr},
     {"refs own.lb1 add 11 words --doi 10.1000/182 --replace", nullptr},
@@ -287,6 +290,7 @@ bool Matrix::MakeLibraries() {
          "<CriticalTemperature units='K' value='510'/><HeatOfVaporization units='J/kmol'>"
          "<eqno value='106'/><A value='5E7'/><B value='0.3'/></HeatOfVaporization>"
          "</compound></compounds>";
+  fs::copy_file(fs::path(ZEL_DATA) / "../../examples/measured.xml", Lib() / "measured.xml");
   std::ofstream(Lib() / "known.json") << Zel("check other.lb1 --json", {}).out;
   for (char const* name : {"perry", "crc", "sample"}) {
     for (char const* ending : {".lb1", ".lb2"}) fs::remove(Lib() / (std::string(name) + ending));

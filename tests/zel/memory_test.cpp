@@ -99,6 +99,10 @@ TEST_F(MemoryTest, PlotPoints) {
   MakeFile("lab.csv", "T [K],value [kPa]\n300,9\n310,14\n");
   RefuseInLook("plot VaporPressure ETHANOL -l perry.lb1 --points lab.csv -o p.svg");
 }
+TEST_F(MemoryTest, Points) {
+  MakeFile("measured.xml", FileText(ZEL_EXAMPLES "/measured.xml"));
+  RefuseInLook("points measured.xml --to VaporPressure");
+}
 TEST_F(MemoryTest, Info) { RefuseInLook("info sample.lb1"); }
 TEST_F(MemoryTest, InfoAsJson) { RefuseInLook("info sample.lb1 --json"); }
 TEST_F(MemoryTest, Types) { RefuseInLook("types"); }
@@ -149,6 +153,12 @@ TEST_F(MemoryTest, SetParameter) {
 TEST_F(MemoryTest, Renumber) { RefuseInChange("renumber own/own.lb1 10000007 21000001"); }
 TEST_F(MemoryTest, Merge) { RefuseInChange("merge own/own.lb1 sample.lb1 --theirs"); }
 TEST_F(MemoryTest, Edit) { RefuseInChange("edit own/own.lb1 OCTANE 10000007 MON 90"); }
+TEST_F(MemoryTest, Fit) {
+  MakeFile("lab.csv", "T [K],value [kPa]\n300,9\n310,14\n320,22\n330,34\n");
+  Good("copy crc.lb1 own/own.lb1 --bank CRC --item ETHANOL --keep 0");
+  old_ = Now();
+  RefuseInChange("fit own/own.lb1 lab.csv --to VaporP --equation 20 --terms 2 --component ETHANOL");
+}
 TEST_F(MemoryTest, Flatten) {
   RefuseInChange("flatten perry.lb1 -o own/own.lb1 --force --components ETHANOL");
 }

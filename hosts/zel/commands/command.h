@@ -119,7 +119,7 @@ void AddDocumentCommands(CommandLine& line);  // import, export, dump
 void AddListCommand(CommandLine& line);       // list
 void AddItemCommands(CommandLine& line);      // copy, delete
 void AddEditCommand(CommandLine& line);
-void AddFitCommand(CommandLine& line);
+void AddFitCommands(CommandLine& line);      // fit, points
 void AddHistoryCommands(CommandLine& line);  // log, undo
 void AddDiffCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);

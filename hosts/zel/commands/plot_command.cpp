@@ -5,10 +5,10 @@
 #include "commands/command.h"
 #include "commands/shared_options.h"
 #include "desk/files/output_file.h"
+#include "desk/formats/thermoml.h"
 #include "desk/open/named_correlation.h"
 #include "desk/open/pure_component.h"
 #include "desk/pictures/plot.h"
-#include "desk/tables/plot_points.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 #include "desk/words/mass_units.h"
@@ -78,7 +78,7 @@ Report DrawPlot(Session& session, Options const& o) {
   options.logarithmic = o.plot.logarithmic && kind == Kind::kSvg;
   for (std::string const& path : o.points) {
     zel::ZelCorrelationInfo const& correlation = CorrelationNamed(options.correlation);
-    for (PlotPoints& set : ReadPlotPoints(path, correlation, session.units)) {
+    for (PlotPoints& set : ReadPoints(path, correlation, session.units)) {
       options.points.push_back(std::move(set));
     }
   }

@@ -1,4 +1,4 @@
-// fit
+// fit, points
 #include <charconv>
 #include <filesystem>
 #include <memory>
@@ -9,11 +9,11 @@
 #include "commands/shared_options.h"
 #include "desk/edit/library_fit.h"
 #include "desk/files/output_file.h"
+#include "desk/formats/thermoml.h"
 #include "desk/open/members.h"
 #include "desk/open/named_correlation.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/pictures/chart.h"
-#include "desk/tables/plot_points.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -69,7 +69,7 @@ std::vector<PlotPoints> AllPoints(Session& session, Options const& o) {
   session.units.UnitFor(correlation.unit);  // says if it is not used
   std::vector<PlotPoints> sets;
   for (std::string const& path : o.points) {
-    for (PlotPoints& set : ReadPlotPoints(path, correlation, session.units)) {
+    for (PlotPoints& set : ReadPoints(path, correlation, session.units)) {
       sets.push_back(std::move(set));
     }
   }
@@ -131,9 +131,51 @@ Report Fit(Session& session, Options const& o) {
   return report;
 }
 
+struct PointOptions {
+  std::vector<std::string> files;
+  std::string correlation;
+  std::string component;
+};
+
+// Without a correlation, what there is; with one, its points.
+Report ListPoints(Session& session, PointOptions const& o) {
+  zel::InitZelAccess();
+  zel::ZelCorrelationInfo const* const correlation =
+      o.correlation.empty() ? nullptr : &CorrelationNamed(o.correlation);
+  if (correlation != nullptr) session.units.UnitFor(correlation->unit);  // says if it is not used
+  std::vector<MeasuredData> documents;
+  for (std::string const& path : o.files) documents.push_back(ReadThermoMl(path));
+  MeasuredTables tables = TablesOf(documents, correlation, o.component);
+  if (correlation != nullptr && tables.points.Empty()) {
+    throw Failure("there are no points of " + std::string(correlation->name) +
+                  (o.component.empty() ? "" : " of " + o.component));
+  }
+  Report report;
+  report.Fact("documents", static_cast<std::int64_t>(documents.size()));
+  if (correlation != nullptr) {
+    report.Fact("correlation", std::string(correlation->name));
+    report.Add(std::move(tables.points));
+    return report;
+  }
+  report.Add(std::move(tables.sets));
+  if (!tables.passedOver.Empty()) report.AddAside(std::move(tables.passedOver));
+  return report;
+}
+
+void AddPointsCommand(CommandLine& line) {
+  auto const o = std::make_shared<PointOptions>();
+  Command command(line, "points", "Show the measured points in files of ThermoML",
+                  "zel points measured.xml --to VaporPressure --csv");
+  command.Argument("FILE", o->files, "ThermoML, the standard of the IUPAC; one or several")
+      .Option("--to", o->correlation, "the points of this correlation, for fit and plot",
+              "CORRELATION")
+      .Option("--component", o->component, "of this compound only, by CAS number or name", "NAME");
+  command.Run(Outputs::kJsonAndCsv, [o](Session& session) { return ListPoints(session, *o); });
+}
+
 }  // namespace
 
-void AddFitCommand(CommandLine& line) {
+void AddFitCommands(CommandLine& line) {
   auto const o = std::make_shared<Options>();
   LibraryFit& fit = o->fit;
   Command command(line, "fit", "Fit a correlation to points and set its record",
@@ -141,15 +183,14 @@ void AddFitCommand(CommandLine& line) {
   command.Argument("LIBRARY", o->path, "the library to change")
       .Library(o->path)
       .Library(o->from)
-      .Argument("POINTS", o->points, "tables with T and value, and uncertainty if it is known")
+      .Argument("POINTS", o->points, "tables with T, value, perhaps uncertainty; ThermoML")
       .Required("--to", fit.correlation, "the correlation, by its name or the beginning of it",
                 "CORRELATION")
       .Required("--equation", o->equation, "of the record", "N")
       .Required("--component", fit.component, "by number, ID, CAS number or name", "COMPONENT")
       .Option("--bank", fit.bank, "of the component; default: the only one", "BANK")
       .Option("--ref", o->code, "the reference code of the record; else it stays", "CODE")
-      .Option("--range", fit.range, "of the record, e.g. 280K:350K; default: that of the points",
-              "MIN:MAX")
+      .Option("--range", fit.range, "of the record, 280K:350K; default: of the points", "MIN:MAX")
       .Option("--terms", o->terms, "number of coefficients; default: as usual", "N")
       .List("--fix", fit.fixed, "coefficients that are kept: C5=2, C3=TC", "C=VALUE...")
       .Option("--deviations", fit.deviations, "which are made small: relative or absolute", "WORD")
@@ -157,12 +198,14 @@ void AddFitCommand(CommandLine& line) {
       .Option("--logarithm", fit.logarithm, "of the equation: natural or decimal", "WORD")
       .Option("--basis", fit.basis, "of the values of the equation: mole or mass", "WORD")
       .Option("--from", o->from, "copy the component from here first if it is missing", "LIBRARY")
+      .Flag("--unweighted", fit.isUnweighted, "the uncertainties of the points do not matter")
       .Flag("--residuals", o->residuals, "list the points with the fitted values")
       .Option("--plot", o->plot, "draw the points and the curve as SVG", "FILE");
   AddChangeOptions(command, o->change);
   command.Flag("--strict", command.InSession().isStrict,
                "refuse implausible values and citation conflicts");
   command.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Fit(session, *o); });
+  AddPointsCommand(line);
 }
 
 }  // namespace zelhost
