@@ -49,15 +49,6 @@ set(desk_SOURCES
     fit/form_rules.cpp
     fit/least_squares.cpp
     fit/sampled_fit.cpp
-    formats/chemsep.cpp
-    formats/foreign_equations.cpp
-    formats/foreign_import.cpp
-    formats/foreign_record.cpp
-    formats/foreign_units.cpp
-    formats/formats.cpp
-    formats/thermoml.cpp
-    formats/thermoml_tables.cpp
-    formats/xml_elements.cpp
     files/file_digest.cpp
     files/file_lock.cpp
     files/folder.cpp
@@ -137,3 +128,20 @@ set(desk_SOURCES
     words/nearest_word.cpp
     words/number_range.cpp
     words/table.cpp)
+# Files of other programs, which only zel reads.
+set(formats_SOURCES
+    formats/chemsep.cpp
+    formats/coolprop.cpp
+    formats/foreign_equations.cpp
+    formats/foreign_import.cpp
+    formats/foreign_record.cpp
+    formats/foreign_units.cpp
+    formats/formats.cpp
+    formats/library_tables.cpp
+    formats/nasa.cpp
+    formats/nasa_cards.cpp
+    formats/nasa_yaml.cpp
+    formats/sqlite_tables.cpp
+    formats/thermoml.cpp
+    formats/thermoml_tables.cpp
+    formats/xml_elements.cpp)

@@ -14,11 +14,11 @@
 namespace zel::desk {
 namespace {
 
-struct Pair {
+struct TagRow {
   char const* tag;
   char const* datum;
 };
-constexpr Pair kConstants[] = {
+constexpr TagRow kConstantTags[] = {
     {"MolecularWeight", "MW"},
     {"CriticalTemperature", "TC"},
     {"CriticalPressure", "PC"},
@@ -43,7 +43,7 @@ constexpr Pair kConstants[] = {
     {"HeatOfCombustion", "HCOMBUST"},
 };
 // Where two are of the same datum, the first one that can be taken is.
-constexpr Pair kCurves[] = {
+constexpr TagRow kCurveTags[] = {
     {"VaporPressure", "VaporPressure"},
     {"AntoineVaporPressure", "VaporPressure"},
     {"HeatOfVaporization", "LatentHeat"},
@@ -60,21 +60,21 @@ constexpr Pair kCurves[] = {
     {"SurfaceTension", "SurfaceTension"},
     {"RelativeStaticPermittivity", "Dielectric"},
 };
-constexpr Pair kIdentity[] = {{"CompoundID", "name"},
-                              {"CAS", "CAS number"},
-                              {"StructureFormula", "formula"},
-                              {"Smiles", "SMILES"},
-                              {"SMILES", "SMILES"}};
+constexpr TagRow kIdentityTags[] = {{"CompoundID", "name"},
+                                    {"CAS", "CAS number"},
+                                    {"StructureFormula", "formula"},
+                                    {"Smiles", "SMILES"},
+                                    {"SMILES", "SMILES"}};
 
 template <std::size_t kSize>
-char const* DatumOf(Pair const (&pairs)[kSize], std::string const& tag) {
+char const* DatumOf(TagRow const (&pairs)[kSize], std::string const& tag) {
   auto const at = std::find_if(std::begin(pairs), std::end(pairs),
-                               [&](Pair const& one) { return tag == one.tag; });
+                               [&](TagRow const& one) { return tag == one.tag; });
   return at == std::end(pairs) ? nullptr : at->datum;
 }
 
 // A number that a record of a correlation consists of. Throws Failure.
-double NumberIn(XmlElement const& element) {
+double NumberOf(XmlElement const& element) {
   try {
     double const value = ParseNumber(element.Attribute("value"), "a number");
     CheckForeign(value, element.name);
@@ -87,7 +87,7 @@ double NumberIn(XmlElement const& element) {
 ForeignEquation EquationIn(XmlElement const& element) {
   XmlElement const* const number = element.Child("eqno");
   if (number == nullptr) throw Failure("it has no eqno");
-  double const eqno = NumberIn(*number);
+  double const eqno = NumberOf(*number);
   constexpr double kLargest = 10000.0;
   if (!(eqno >= 1.0 && eqno <= kLargest) || eqno != static_cast<int>(eqno)) {
     throw Failure("eqno " + number->Attribute("value") + " is not the number of an equation");
@@ -96,7 +96,7 @@ ForeignEquation EquationIn(XmlElement const& element) {
   if (element.Child("A") == nullptr) throw Failure("it has no coefficient A");
   for (char const letter : std::string("ABCDEFG")) {
     XmlElement const* const one = element.Child(std::string(1, letter));
-    equation.coefficients.push_back(one == nullptr ? 0.0 : NumberIn(*one));
+    equation.coefficients.push_back(one == nullptr ? 0.0 : NumberOf(*one));
   }
   while (equation.coefficients.size() > 1 && equation.coefficients.back() == 0.0) {
     equation.coefficients.pop_back();
@@ -109,29 +109,31 @@ double LimitIn(XmlElement const& element, char const* name) {
   if (limit == nullptr || limit->Attribute("value").empty()) return zel::gen_GetUndefDouble();
   std::string const unit = limit->Attribute("units");
   if (!unit.empty() && unit != "K") throw Failure(std::string(name) + " is in " + unit + ", not K");
-  return NumberIn(*limit);
+  return NumberOf(*limit);
 }
 
-class Reader {
+class CompoundReader {
  public:
-  explicit Reader(XmlElement const& element) : element_(element) { component_.line = element.line; }
+  explicit CompoundReader(XmlElement const& element) : element_(element) {
+    component_.line = element.line;
+  }
 
   ForeignComponent Read() {
     for (XmlElement const& child : element_.children) {
       bool const isFirst = seen_.insert(child.name).second;
       if (!isFirst) {
         component_.Note(child.line, child.name, Fate::kRefused, "", "it is there twice");
-      } else if (DatumOf(kIdentity, child.name) != nullptr) {
+      } else if (DatumOf(kIdentityTags, child.name) != nullptr) {
         ReadIdentity(child);
-      } else if (char const* const constant = DatumOf(kConstants, child.name)) {
+      } else if (char const* const constant = DatumOf(kConstantTags, child.name)) {
         AddConstant(component_, constant,
                     {child.line, child.name, child.Attribute("value"), child.Attribute("units")});
-      } else if (DatumOf(kCurves, child.name) == nullptr) {
+      } else if (DatumOf(kCurveTags, child.name) == nullptr) {
         component_.Note(child.line, child.name, Fate::kNoPlace, "",
                         "a component has no such datum");
       }
     }
-    for (Pair const& pair : kCurves) {
+    for (TagRow const& pair : kCurveTags) {
       if (XmlElement const* const child = element_.Child(pair.tag)) ReadCurve(*child, pair.datum);
     }
     return std::move(component_);
@@ -139,7 +141,7 @@ class Reader {
 
  private:
   void ReadIdentity(XmlElement const& child) {
-    std::string const datum = DatumOf(kIdentity, child.name);
+    std::string const datum = DatumOf(kIdentityTags, child.name);
     std::string const text = child.Attribute("value");
     if (text.empty()) return;
     auto* const set = datum == "name"      ? SetName
@@ -223,7 +225,7 @@ ForeignFile ReadChemsep(std::string const& path, ForeignOptions const& /*options
   ForeignFile file;
   auto const isCompound = [](XmlElement const& one) { return one.name == "compound"; };
   if (isCompound(root)) {
-    file.components.push_back(Reader(root).Read());
+    file.components.push_back(CompoundReader(root).Read());
     return file;
   }
   if (root.name != "compounds") {
@@ -235,7 +237,7 @@ ForeignFile ReadChemsep(std::string const& path, ForeignOptions const& /*options
       throw Failure(path + ", line " + std::to_string(child.line) + ": <" + child.name +
                     "> is not a <compound>");
     }
-    file.components.push_back(Reader(child).Read());
+    file.components.push_back(CompoundReader(child).Read());
   }
   return file;
 }

@@ -19,8 +19,8 @@ constexpr OtherWord kOtherWords[] = {
     {"_", ""}, {"-", ""}, {"Coulomb.m", "Coul-m"}, {"C.m", "Coul-m"}, {"C*m", "Coul-m"},
 };
 
-// Units of roots, which the unit system does not have.
-struct RootUnit {
+// Units that the unit system does not have for a constant: those of roots, and kg/mol.
+struct OwnUnit {
   char const* foreign;
   char const* constant;
   double factor;
@@ -29,7 +29,8 @@ struct RootUnit {
 // 1000 cm3/mol.
 constexpr double kRootOfCalories = 4.888821290839616e-04;  // 1/sqrt(4.184e6)
 constexpr double kParachor = 5623.413251903491;            // 1000^1.25
-constexpr RootUnit kRootUnits[] = {
+constexpr OwnUnit kOwnUnits[] = {
+    {"kg/mol", "MW", 1000.0},
     {"J0.5/m1.5", "SOLUPARA", kRootOfCalories},
     {"(J/m3)^0.5", "SOLUPARA", kRootOfCalories},
     {"Pa^0.5", "SOLUPARA", kRootOfCalories},
@@ -62,12 +63,12 @@ void CheckForeign(double value, std::string const& name) {
 double InternalValue(std::string const& number, std::string const& foreignUnit,
                      std::string const& internalUnit, std::string const& name, bool& isSame) {
   double const plain = ParseNumber(number, "a value of " + name);
-  auto const root = std::find_if(
-      std::begin(kRootUnits), std::end(kRootUnits),
-      [&](RootUnit const& one) { return foreignUnit == one.foreign && name == one.constant; });
+  auto const own = std::find_if(
+      std::begin(kOwnUnits), std::end(kOwnUnits),
+      [&](OwnUnit const& one) { return foreignUnit == one.foreign && name == one.constant; });
   double value = plain;
-  if (root != std::end(kRootUnits)) {
-    value = plain * root->factor;
+  if (own != std::end(kOwnUnits)) {
+    value = plain * own->factor;
     isSame = false;
   } else {
     std::string const unit = UnitWord(foreignUnit);

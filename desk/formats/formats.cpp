@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "desk/formats/nasa.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -9,6 +10,8 @@ namespace zel::desk {
 std::vector<ForeignFormat> const& ForeignFormats() {
   static std::vector<ForeignFormat> const formats = {
       {"chemsep", "the XML of pure components that several simulators share", ReadChemsep, false},
+      {"coolprop", "fluids in JSON", ReadCoolProp, false},
+      {"nasa", "polynomials of ideal gases with 7 or 9 coefficients", ReadNasa, true},
   };
   return formats;
 }
@@ -19,9 +22,15 @@ ForeignFormat const& ForeignFormatNamed(std::string const& name) {
                                [&](ForeignFormat const& one) { return one.name == name; });
   if (at != formats.end()) return *at;
   std::string names;
-  for (ForeignFormat const& one : formats)
-    names += (names.empty() ? "" : ", ") + std::string(one.name);
+  for (FormatName const& one : AllFormats()) names += (names.empty() ? "" : ", ") + one.name;
   throw WrongUsage("\"" + name + "\" is not a format; there are " + names);
+}
+
+std::vector<FormatName> AllFormats() {
+  std::vector<FormatName> all;
+  for (ForeignFormat const& one : ForeignFormats()) all.push_back({one.name, one.what});
+  all.push_back({kSqliteFormat, "libraries as databases, which export --sqlite writes"});
+  return all;
 }
 
 }  // namespace zel::desk

@@ -22,9 +22,19 @@ struct ForeignFormat {
   bool hasRange;  // takes ForeignOptions::range
 };
 std::vector<ForeignFormat> const& ForeignFormats();
-// Throws WrongUsage, with the names that there are, for another one.
+// Throws WrongUsage, with the names that there are, for another name.
 ForeignFormat const& ForeignFormatNamed(std::string const& name);
 
+// A form whose files hold whole libraries (library_tables.h).
+inline constexpr char kSqliteFormat[] = "sqlite";
+// All forms, with that one.
+struct FormatName {
+  std::string name;
+  std::string what;
+};
+std::vector<FormatName> AllFormats();
+
 ForeignFile ReadChemsep(std::string const& path, ForeignOptions const& options);
+ForeignFile ReadCoolProp(std::string const& path, ForeignOptions const& options);
 
 }  // namespace zel::desk

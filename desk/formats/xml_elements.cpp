@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kMostNodes = 10'000'000;
 
 // What the handlers of the parser fill. No exception may pass through it, since it is written in C.
-struct Reading {
+struct XmlReading {
   xmlParserCtxt* context = nullptr;
   XmlElement root;
   std::vector<XmlElement*> open;
@@ -26,11 +26,11 @@ struct Reading {
   bool memoryLost = false;
 };
 
-Reading& ReadingOf(void* data) {
-  return *static_cast<Reading*>(static_cast<xmlParserCtxt*>(data)->_private);
+XmlReading& XmlReadingOf(void* data) {
+  return *static_cast<XmlReading*>(static_cast<xmlParserCtxt*>(data)->_private);
 }
 
-void Stop(Reading& reading, char const* why) noexcept {
+void Stop(XmlReading& reading, char const* why) noexcept {
   try {
     reading.refused = why;
   } catch (std::bad_alloc const&) {
@@ -44,7 +44,7 @@ std::string TextOf(xmlChar const* text) { return reinterpret_cast<char const*>(t
 void Begin(void* data, xmlChar const* name, xmlChar const* /*prefix*/, xmlChar const* /*space*/,
            int /*spaces*/, xmlChar const** /*names*/, int count, int /*defaults*/,
            xmlChar const** attributes) {
-  Reading& reading = ReadingOf(data);
+  XmlReading& reading = XmlReadingOf(data);
   reading.nodes += 1 + static_cast<std::size_t>(count);
   if (reading.nodes > kMostNodes) return Stop(reading, "more than 10 million elements");
   try {
@@ -70,12 +70,12 @@ void Begin(void* data, xmlChar const* name, xmlChar const* /*prefix*/, xmlChar c
 }
 
 void End(void* data, xmlChar const* /*name*/, xmlChar const* /*prefix*/, xmlChar const* /*space*/) {
-  Reading& reading = ReadingOf(data);
+  XmlReading& reading = XmlReadingOf(data);
   if (!reading.open.empty()) reading.open.pop_back();
 }
 
 void Characters(void* data, xmlChar const* text, int length) {
-  Reading& reading = ReadingOf(data);
+  XmlReading& reading = XmlReadingOf(data);
   if (reading.open.empty()) return;
   std::string& whole = reading.open.back()->text;
   bool const isBlank = std::all_of(text, text + length, [](xmlChar c) {
@@ -92,7 +92,7 @@ void Characters(void* data, xmlChar const* text, int length) {
 
 void RefuseType(void* data, xmlChar const* /*name*/, xmlChar const* /*id*/,
                 xmlChar const* /*system*/) {
-  Stop(ReadingOf(data), "it has a document type, which is not read");
+  Stop(XmlReadingOf(data), "it has a document type, which is not read");
 }
 
 std::string ReasonIn(xmlParserCtxt* context) {
@@ -132,7 +132,7 @@ XmlElement ReadXml(std::string const& path) {
   std::unique_ptr<xmlParserCtxt, Free> const context(
       xmlCreateMemoryParserCtxt(text.data(), static_cast<int>(text.size())));
   if (context == nullptr || context->sax == nullptr) throw std::bad_alloc();
-  Reading reading;
+  XmlReading reading;
   reading.context = context.get();
   context->_private = &reading;
   std::memset(context->sax, 0, sizeof *context->sax);

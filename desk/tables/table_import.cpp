@@ -35,12 +35,16 @@ BankName BankForTable(Library& library, std::string const& word) {
 
 ImportedTable ImportTable(TableTarget const& target, std::string const& path,
                           ColumnChoice const& choice, bool listAll) {
-  TextTable table = ReadTextTable(path, true);
+  return ImportRows(target, ReadTextTable(path, true), path, choice, listAll);
+}
+
+ImportedTable ImportRows(TableTarget const& target, TextTable table, std::string const& shownAs,
+                         ColumnChoice const& choice, bool listAll) {
   std::unique_ptr<RowForm> form;
   try {
     form = FormOf(target, ChosenColumns(table, choice));
   } catch (Failure const& failure) {
-    throw Failure(path + ": " + failure.what());
+    throw Failure(shownAs + ": " + failure.what());
   }
   ImportedTable imported;
   for (TextRow const& row : table.rows) {

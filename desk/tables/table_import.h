@@ -49,4 +49,8 @@ BankName BankForTable(Library& library, std::string const& word);
 ImportedTable ImportTable(TableTarget const& target, std::string const& path,
                           ColumnChoice const& choice, bool listAll);
 
+// The same for a table in memory, whose name in messages is `shownAs`.
+ImportedTable ImportRows(TableTarget const& target, TextTable table, std::string const& shownAs,
+                         ColumnChoice const& choice, bool listAll);
+
 }  // namespace zel::desk

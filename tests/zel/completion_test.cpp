@@ -82,7 +82,7 @@ TEST_F(CompletionTest, Bash) {
   EXPECT_EQ(complete("zel --units bar --wait 2 ev"), Words{"eval"});
   EXPECT_EQ(complete("zel --wa"), Words{"--wait"});
   EXPECT_EQ(complete("zel show crc.lb1 CRC ETHAN"), (Words{"ETHANE", "ETHANOL"}));
-  EXPECT_EQ(complete("zel import own.lb1 --format c"), Words{"chemsep"});
+  EXPECT_EQ(complete("zel import own.lb1 --format c"), (Words{"chemsep", "coolprop"}));
   EXPECT_EQ(complete("zel info cr"), Words{""}) << "files are the shell's";
 }
 

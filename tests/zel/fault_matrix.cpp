@@ -93,6 +93,9 @@ constexpr CommandLine kCommands[] = {
     {"import own.lb1 component.xml --bank PERRY --replace", nullptr},
     {"import own.lb1 foreign.xml --format chemsep", nullptr},
     {"import fresh.lb1 foreign.xml --format chemsep --create", nullptr},
+    {"import own.lb1 there.db --format sqlite", nullptr},
+    {"import fresh.lb1 there.db --format sqlite --create", nullptr},
+    {"export pairs.lb1 --sqlite out.db", nullptr},
     {"import fresh.lb1 component.xml --bank PERRY --create", nullptr},
     {"copy own.lb1 other.lb1 --replace", nullptr},
     {"copy own.lb1 fresh.lb1 --create", nullptr},
@@ -276,6 +279,7 @@ bool Matrix::MakeLibraries() {
       "export own.lb1 --component ETHANOL --bank PERRY -o component.xml",
       "list there.lst --build own.lb1",
       "export pairs.lb1 --bank NRTL --table pairs.csv",
+      "export other.lb1 --sqlite there.db",
       "plot VaporPressure ETHANOL -l own.lb1 -o points.csv",
   };
   for (std::string const& line : lines) {

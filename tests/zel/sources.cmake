@@ -11,6 +11,7 @@ set(zel_TEST_SOURCES
     commands_test.cpp
     compare_test.cpp
     completion_test.cpp
+    coolprop_test.cpp
     coverage_test.cpp
     curve_test.cpp
     difference_rows_test.cpp
@@ -36,6 +37,7 @@ set(zel_TEST_SOURCES
     missing_test.cpp
     moves_test.cpp
     names_test.cpp
+    nasa_test.cpp
     own_numbers_test.cpp
     newcomer_test.cpp
     output_test.cpp
@@ -54,6 +56,7 @@ set(zel_TEST_SOURCES
     salvage_test.cpp
     sense_of_libraries_test.cpp
     sense_test.cpp
+    sqlite_test.cpp
     table_libraries_test.cpp
     table_values_test.cpp
     tables_test.cpp

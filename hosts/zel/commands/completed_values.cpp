@@ -173,7 +173,7 @@ void AddFixedWords(std::string const& kind, std::string const& command, Values& 
     for (CheckRule const& rule : CheckRules()) values.Add(rule.id, rule.rule);
   }
   if (kind == "FORMAT") {
-    for (ForeignFormat const& one : ForeignFormats()) values.Add(one.name, one.what);
+    for (FormatName const& one : AllFormats()) values.Add(one.name, one.what);
   }
   if (kind == "COMMAND") {
     for (PublishedSchema const& schema : PublishedSchemas()) values.Add(schema.command);

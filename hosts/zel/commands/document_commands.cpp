@@ -10,6 +10,7 @@
 #include "commands/foreign_files.h"
 #include "commands/import_log.h"
 #include "commands/shared_options.h"
+#include "commands/sqlite_files.h"
 #include "commands/table_files.h"
 #include "commands/written_documents.h"
 #include "desk/change/library_change.h"
@@ -50,6 +51,7 @@ struct Options {
   bool componentFiles = false;
   TableOptions table;
   ForeignOptionWords foreign;
+  std::string sqlite;
 };
 
 LibraryChange ChangeFor(Session& session, Options const& o) {
@@ -268,6 +270,12 @@ void PrintDocument(Session& session, Report const& findings, OutputFolder const&
 
 Report Export(Session& session, Options const& given) {
   zel::InitZelAccess();
+  if (!given.sqlite.empty()) {
+    bool const isAlone = given.output.empty() && given.bank.empty() && given.component.empty() &&
+                         given.table.path.empty() && !given.componentFiles && !given.banner;
+    if (!isAlone) throw WrongUsage("--sqlite writes the whole library; it has no other options");
+    return ExportSqliteFile(session, given.path, given.sqlite);
+  }
   if (!given.table.path.empty()) {
     return ExportTableFile(session, given.path, given.bank, given.table);
   }
@@ -411,6 +419,7 @@ void AddDocumentCommands(CommandLine& line) {
       .Flag("--banner", o->banner, "add a block for a maintenance log")
       .Flag("--component-files", o->componentFiles, "a document for each component");
   AddTableOutput(writing, o->table);
+  writing.Option("--sqlite", o->sqlite, "write the whole library as a database", "FILE");
   AddStrict(writing);
   writing.Run(Outputs::kJson, [o](Session& session) { return Export(session, *o); });
   Command dump(line, "dump", "Write tab-separated indexes, or show a bank's tree",

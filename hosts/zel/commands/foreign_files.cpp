@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "commands/shared_options.h"
+#include "commands/sqlite_files.h"
 #include "commands/table_files.h"
 #include "desk/annotate/references.h"
 #include "desk/formats/foreign_import.h"
@@ -77,23 +78,39 @@ Table ShownComponents(Table const& all, bool isComplete) {
   return shown;
 }
 
+void CheckRange(std::string const& range, bool hasRange) {
+  if (range.empty()) return;
+  if (!hasRange) throw WrongUsage("--range is for --format nasa");
+  if (range == "low" || range == "high") return;
+  throw WrongUsage("\"" + range + "\" is neither low nor high: a record has one range");
+}
+
+void CheckSqliteWords(ForeignOptionWords const& words, ForeignFiles const& files) {
+  if (!words.code.empty()) throw WrongUsage("--code is not for --format sqlite");
+  CheckRange(words.range, false);
+  if (!files.bank.empty()) throw WrongUsage("--bank is not for --format sqlite");
+  if (files.paths.size() != 1) throw WrongUsage("--format needs one FILE");
+}
+
 }  // namespace
 
 void AddForeignInput(Command& command, ForeignOptionWords& words) {
   std::string names;
-  for (ForeignFormat const& one : ForeignFormats()) {
-    names += (names.empty() ? "" : ", ") + std::string(one.name);
-  }
-  command.Option("--format", words.format, "DOCUMENT is a file of this form: " + names, "FORMAT")
-      .Option("--code", words.code, "with --format, the reference code of the data", "CODE");
+  for (FormatName const& one : AllFormats()) names += (names.empty() ? "" : ", ") + one.name;
+  command.Option("--format", words.format, "the form of DOCUMENT: " + names, "FORMAT")
+      .Option("--code", words.code, "with --format, the reference code of the data", "CODE")
+      .Option("--range", words.range, "with --format nasa, the low or the high range", "RANGE");
 }
 
 void CheckForeignWords(ForeignOptionWords const& words, ForeignFiles const& files) {
   if (words.format.empty()) {
     if (!words.code.empty()) throw WrongUsage("--code is for --format");
+    if (!words.range.empty()) throw WrongUsage("--range is for --format nasa");
     return;
   }
-  ForeignFormatNamed(words.format);
+  if (words.format == kSqliteFormat) return CheckSqliteWords(words, files);
+  ForeignFormat const& format = ForeignFormatNamed(words.format);
+  CheckRange(words.range, format.hasRange);
   if (files.paths.size() != 1) throw WrongUsage("--format needs one FILE");
   if (!words.code.empty() && CodeOf(words.code) > kGreatestCode) {
     throw WrongUsage(words.code + " is not a reference code of components, which are up to 32000");
@@ -102,6 +119,7 @@ void CheckForeignWords(ForeignOptionWords const& words, ForeignFiles const& file
 
 Report ImportForeignFile(Session& session, LibraryChange change, ForeignOptionWords const& words,
                          ForeignFiles const& files) {
+  if (words.format == kSqliteFormat) return ImportSqliteFile(session, std::move(change), files);
   ForeignFormat const& format = ForeignFormatNamed(words.format);
   std::string const& path = files.paths.front();
   ForeignTarget target;
