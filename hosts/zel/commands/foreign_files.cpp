@@ -23,7 +23,7 @@ constexpr std::uint32_t kGreatestCode = 32000;
 // The bank that is named, else the only bank of components, else a new one named like the form.
 BankName BankFor(Library& library, std::string const& word, std::string const& format) {
   if (!word.empty()) {
-    BankName const bank = BankForTable(library, word);
+    BankName bank = BankForTable(library, word);
     if (bank.type != kPureType) throw Failure(ToText(bank) + ": is not a bank of components");
     return bank;
   }
