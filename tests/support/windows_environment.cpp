@@ -1,4 +1,5 @@
 #include <process.h>
+#include <windows.h>
 
 #include <array>
 #include <cstdio>
@@ -17,8 +18,32 @@ void UnsetVariable(char const* name) { ::_putenv_s(name, ""); }
 
 int ProcessNumber() { return ::_getpid(); }
 
+namespace {
+
+void Remove(std::wstring const& path) {
+  DWORD const attributes = ::GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return;
+  ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+    ::DeleteFileW(path.c_str());
+    return;
+  }
+  WIN32_FIND_DATAW found{};
+  HANDLE const search = ::FindFirstFileW((path + L"\\*").c_str(), &found);
+  for (bool more = search != INVALID_HANDLE_VALUE; more;
+       more = ::FindNextFileW(search, &found) != 0) {
+    std::wstring const name = found.cFileName;
+    if (name != L"." && name != L"..") Remove(path + L"\\" + name);
+  }
+  if (search != INVALID_HANDLE_VALUE) ::FindClose(search);
+  ::RemoveDirectoryW(path.c_str());
+}
+
+}  // namespace
+
+// The functions of std::filesystem do not follow long paths here.
 void RemoveFolder(std::filesystem::path const& folder) {
-  std::filesystem::remove_all(LR"(\\?\)" + std::filesystem::path(folder).make_preferred().native());
+  Remove(L"\\\\?\\" + std::filesystem::path(folder).make_preferred().wstring());
 }
 
 // The shell takes a pair of quotes away from a command that begins with one.
