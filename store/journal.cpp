@@ -400,6 +400,10 @@ bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from, bool& faile
 bool Journal::Fits(JournaledFile const& of, platform::BlockFile* file, bool& failed) {
   failed = false;
   std::uint64_t const shortest = *of.lengths.begin();
+  std::uint64_t const there = file == nullptr ? 0 : file->Size();
+  std::uint64_t const written =
+      of.sectors.empty() ? 0 : (of.sectors.rbegin()->first + 1) * kSectorBytes;
+  if (of.length > std::max(there, written) + kMostAhead) return false;
   if (file == nullptr) return shortest == 0;
   if (file->Size() < shortest) return false;
   if (!HasOnlyZerosFrom(*file, *of.lengths.rbegin(), failed)) return false;

@@ -2,6 +2,10 @@
 
 #include <zelaccess/OpenLibrary.h>
 
+#include <filesystem>
+#include <system_error>
+
+#include "desk/files/file_copy.h"
 #include "desk/open/change_places.h"
 #include "desk/open/library.h"
 #include "desk/words/failure.h"
@@ -38,14 +42,27 @@ bool HasUnfinishedFlush(Session& session, std::string const& path, std::string c
   return zel::GetLastClose(&library.File(), last) && last.isCompleted;
 }
 
-bool HasUncleanMark(std::string const& library) { return Exists(library + ".open"); }
+bool WasClosedUncleanly(std::string const& library) {
+  return Exists(library + ".open") || Exists(library + ".journal");
+}
 
-void VerifyUnclean(Session& session, std::string const& path, std::string const& shownAs) {
+void RemoveJournal(std::string const& library) {
+  std::error_code none;
+  if (std::filesystem::remove(library + ".journal", none)) {
+    SyncPath(std::filesystem::path(library).parent_path());
+  }
+}
+
+void VerifyUnclean(Session& session, std::string const& path, std::string const& shownAs,
+                   bool hasHistory) {
   Library const library = Library::OpenRead(session, path, shownAs);
   DamageSink damage;
   if (!zel::VerifyLibrary(&library.File(), damage)) {
+    std::string const undo =
+        hasHistory ? "; `zel undo --force " + shownAs + "` goes back to before the last change"
+                   : "";
     throw Failure(shownAs + ": was not closed cleanly and is damaged (" + damage.Text() +
-                  "); `zel salvage " + shownAs + " rescued.lb1` takes out what can be read");
+                  "); `zel salvage " + shownAs + " rescued.lb1` takes out what can be read" + undo);
   }
   session.Note(shownAs + ": was not closed cleanly; it was checked and is sound");
 }

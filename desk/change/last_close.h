@@ -15,12 +15,18 @@ void CompleteLastFlush(std::string const& path, std::string const& shownAs, bool
 // reading. Throws Failure if the library cannot be opened.
 bool HasUnfinishedFlush(Session& session, std::string const& path, std::string const& shownAs);
 
-// True if a library, a path without symbolic links, has the mark of one that was not closed
-// cleanly. The caller has its lock.
-bool HasUncleanMark(std::string const& library);
+// True if a library, a path without symbolic links, was not closed cleanly: it has the mark, or a
+// journal that CompleteLastFlush has left, since it does not fit or is not whole. The caller has
+// its lock.
+bool WasClosedUncleanly(std::string const& library);
 
-// Verifies a library, which can be a copy of the one that has the mark. Reports to the session that
-// it is sound. Throws Failure if it is not.
-void VerifyUnclean(Session& session, std::string const& path, std::string const& shownAs);
+// Removes a journal that CompleteLastFlush has left.
+void RemoveJournal(std::string const& library);
+
+// Verifies a library, which can be a copy of the one that was not closed cleanly. Reports to the
+// session that it is sound. Throws Failure if it is not, which names what helps: a salvage, and an
+// undo if there is a history.
+void VerifyUnclean(Session& session, std::string const& path, std::string const& shownAs,
+                   bool hasHistory);
 
 }  // namespace zel::desk

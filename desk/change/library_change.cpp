@@ -100,8 +100,9 @@ void LibraryChange::Hold() {
 // The copy is verified, which is the same and is not locked. An original that is changed in place
 // is verified again when it is locked, and then gets its own mark.
 void LibraryChange::JudgeLastClose() {
-  if (!options_.verifiesUnclean || !HasUncleanMark(whole_)) return;
-  VerifyUnclean(*session_, work_ ? work_->First() : whole_, shown_);
+  bool const isOfInterest = options_.verifiesUnclean && !options_.replacesAll;
+  if (!isOfInterest || !WasClosedUncleanly(whole_)) return;
+  VerifyUnclean(*session_, work_ ? work_->First() : whole_, shown_, !VersionsOf(whole_).empty());
 }
 
 void LibraryChange::Copy(std::string const& from) {
@@ -120,7 +121,13 @@ void LibraryChange::OpenForUpdate() {
   try {
     library_ = Library::OpenUpdate(*session_, path, options_.password, shown_, how);
     return;
-  } catch (Error const&) {
+  } catch (unsigned long) {  // a block error
+    if (!options_.replacesAll) throw;
+    return;
+  } catch (OpenError const& error) {
+    bool const isProtected =
+        error.Code() == zel::openPasswordNeeded || error.Code() == zel::openBadPassword;
+    if (options_.replacesAll && !isProtected) return;
     if (options_.password.empty()) throw;
     try {
       library_ = Library::OpenUpdate(*session_, path, "", shown_, how);
@@ -228,9 +235,11 @@ void LibraryChange::PutInPlace() {
     note.reserve(note.size() + kLongestReason);
     work_->Prepare(isNew_, Record());
     KeepReadersOut();
-    // Nothing next to the old library is about the new one.
-    zel::ForgetUncleanClose(whole_.c_str());
+    // Nothing next to the old library is about the new one. The mark stays until that is in place,
+    // since the old one may not be sound.
+    RemoveJournal(whole_);
     work_->PutInPlace(isNew_);
+    zel::ForgetUncleanClose(whole_.c_str());
     original_.reset();  // of a file that is now in the history
     std::string const why = work_->KeepOld();
     if (!why.empty()) session_->Note(note.append(why, 0, kLongestReason));

@@ -32,6 +32,9 @@ struct ChangeOptions {
   bool dryRun = false;
   // A library that was not closed cleanly is verified first, and not changed if it is damaged.
   bool verifiesUnclean = true;
+  // The present library is not needed: it may be one that cannot be opened. IsOpen says whether it
+  // is.
+  bool replacesAll = false;
   // The most versions in the library's history after the change, which keeps what it replaces
   // (open/history.h). 0 removes the history. A change with inPlace keeps nothing.
   int keep = kVersionsKept;
@@ -56,6 +59,7 @@ class LibraryChange {
 
   // The library to change, open for update.
   Library& Open() { return *library_; }
+  bool IsOpen() const { return library_.has_value(); }
   // Closes it and makes the files of a version those of the changed library. Throws Failure.
   void Restore(Version const& version);
   // Closes the library and makes it the one at the path. If this throws Failure, or LibraryInUse

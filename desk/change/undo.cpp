@@ -49,7 +49,9 @@ Version const* VersionToUndo(std::vector<Version> const& versions) {
 Undo BeginUndo(Session& session, std::string const& path, UndoOptions const& undo,
                ChangeOptions const& options) {
   if (options.inPlace) throw WrongUsage("undo makes a copy; omit --in-place");
-  LibraryChange change(session, path, options);
+  ChangeOptions how = options;
+  how.replacesAll = undo.force;
+  LibraryChange change(session, path, how);
   std::vector<Version> const versions = VersionsOf(change.WholePath());
   Version const version = Chosen(path, versions, undo.before);
   ChangeRecord const& last = versions.back().change;

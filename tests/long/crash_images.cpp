@@ -5,10 +5,10 @@
 //   crash_images [--count <images of each kind>] [--seed <number>]
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <initializer_list>
 
+#include "tests/long/long_options.h"
 #include "tests/support/crash_trial.h"
 
 namespace zel::test {
@@ -44,10 +44,11 @@ int Run(long count, std::uint64_t seed) {
 int main(int argc, char** argv) {
   long count = 10'000;
   std::uint64_t seed = 1;
-  for (int i = 1; i + 1 < argc; i += 2) {
-    if (std::strcmp(argv[i], "--count") == 0) count = std::atol(argv[i + 1]);
-    if (std::strcmp(argv[i], "--seed") == 0) seed = std::strtoull(argv[i + 1], nullptr, 10);
-  }
+  bool const good = zel::test::ReadOptions(
+      argc, argv,
+      {{"--count", [&](char const* word) { count = std::atol(word); }},
+       {"--seed", [&](char const* word) { seed = std::strtoull(word, nullptr, 10); }}});
+  if (!good) return 2;
   try {
     return zel::test::Run(count, seed);
   } catch (std::exception const& error) {

@@ -12,7 +12,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <filesystem>
 #include <initializer_list>
@@ -22,6 +21,7 @@
 #include <string>
 #include <thread>
 
+#include "tests/long/long_options.h"
 #include "tests/support/item_session.h"
 #include "tests/support/memory_file_system.h"
 
@@ -94,7 +94,8 @@ class Model {
 
 class Killer {
  public:
-  Killer(fs::path folder, zelWriteModes writes) : folder_(std::move(folder)), writes_(writes) {}
+  Killer(fs::path folder, zelWriteModes writes, std::uint64_t seed)
+      : folder_(std::move(folder)), writes_(writes), random_(seed) {}
 
   Counts Run(long kills) {
     constexpr long kKillsOfBase = 50;
@@ -195,15 +196,15 @@ class Killer {
 
   fs::path folder_;
   zelWriteModes writes_;
-  Random random_{7};
+  Random random_;
   ItemSession::State state_;
   Counts counts_;
 };
 
-int Run(fs::path const& folder, long count) {
+int Run(fs::path const& folder, long count, std::uint64_t seed) {
   bool good = true;
   for (zelWriteModes const writes : {writesPlain, writesHeld}) {
-    Counts const c = Killer(folder, writes).Run(count);
+    Counts const c = Killer(folder, writes, seed).Run(count);
     std::printf(
         "%s: %ld kills, %ld of them in a flush\n  flushed items %ld, lost %ld (%.2f %%); "
         "libraries between two flushes %ld; flushes completed by the open %ld\n",
@@ -223,15 +224,18 @@ int main(int argc, char** argv) {
   namespace fs = std::filesystem;
   long count = 10'000;
   fs::path folder = fs::temp_directory_path();
-  for (int i = 1; i + 1 < argc; i += 2) {
-    if (std::strcmp(argv[i], "--count") == 0) count = std::atol(argv[i + 1]);
-    if (std::strcmp(argv[i], "--folder") == 0) folder = argv[i + 1];
-  }
+  std::uint64_t seed = 1;
+  bool const good = zel::test::ReadOptions(
+      argc, argv,
+      {{"--count", [&](char const* word) { count = std::atol(word); }},
+       {"--folder", [&](char const* word) { folder = word; }},
+       {"--seed", [&](char const* word) { seed = std::strtoull(word, nullptr, 10); }}});
+  if (!good) return 2;
   folder /= "zel_kill_writers_" + std::to_string(::getpid());
   int status = 2;
   try {
     fs::create_directories(folder);
-    status = zel::test::Run(folder, count);
+    status = zel::test::Run(folder, count, seed);
   } catch (std::exception const& error) {
     std::fprintf(stderr, "%s\n", error.what());
   } catch (unsigned long address) {

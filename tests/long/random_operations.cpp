@@ -21,6 +21,8 @@
 #include <string>
 #include <utility>
 
+#include "tests/long/long_options.h"
+
 namespace zel::test {
 namespace {
 
@@ -365,11 +367,12 @@ int Run(Options const& options) {
 
 int main(int count, char** words) {
   zel::test::Options options;
-  for (int i = 1; i + 1 < count; i += 2) {
-    std::string const option = words[i];
-    if (option == "--seconds") options.seconds = std::atof(words[i + 1]);
-    if (option == "--operations") options.operations = std::atol(words[i + 1]);
-    if (option == "--seed") options.seed = static_cast<unsigned>(std::atol(words[i + 1]));
-  }
+  bool const good = zel::test::ReadOptions(
+      count, words,
+      {{"--seconds", [&](char const* word) { options.seconds = std::atof(word); }},
+       {"--operations", [&](char const* word) { options.operations = std::atol(word); }},
+       {"--seed",
+        [&](char const* word) { options.seed = static_cast<unsigned>(std::atol(word)); }}});
+  if (!good) return 2;
   return zel::test::Run(options);
 }

@@ -23,6 +23,8 @@
 #include <new>
 #include <sstream>
 
+#include "tests/long/long_options.h"
+
 namespace zel::test {
 namespace {
 
@@ -134,13 +136,13 @@ void SetNow(Step const& step, char const* kind, long at) {
 
 int main(int count, char** words) {
   zel::test::Options options;
-  for (int i = 1; i + 1 < count; i += 2) {
-    std::string const option = words[i];
-    if (option == "--every") options.every = std::max(1L, std::atol(words[i + 1]));
-    if (option == "--only") options.only = words[i + 1];
-    if (option == "--kind") options.kind = words[i + 1];
-    if (option == "--uncovered") options.listsUncovered = true;
-  }
+  bool const good = zel::test::ReadOptions(
+      count, words,
+      {{"--every", [&](char const* word) { options.every = std::max(1L, std::atol(word)); }},
+       {"--only", [&](char const* word) { options.only = word; }},
+       {"--kind", [&](char const* word) { options.kind = word; }},
+       {"--uncovered", [&](char const* word) { options.listsUncovered = std::atol(word) != 0; }}});
+  if (!good) return 2;
   for (int signal : {SIGSEGV, SIGABRT, SIGALRM, SIGBUS}) std::signal(signal, zel::test::OnSignal);
   return zel::test::Run(options);
 }

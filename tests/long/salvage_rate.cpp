@@ -29,6 +29,7 @@
 
 #include "maint/lib_maint.h"
 #include "store/key.h"
+#include "tests/long/long_options.h"
 #include "tests/support/damage.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/sample_component.h"
@@ -103,8 +104,10 @@ Subject Make(std::string name, Fill const& fill) {
 void WritePairs(LibMaint_i& maint, char const* type, char const* name, long count) {
   FaceRef<IZelBankDef> const bank(NewBank(type));
   Key_i key;
+  // Items of two banks differ, so that those of one do not count as those of another.
+  double const ofBank = static_cast<double>(std::string_view(name).front()) / 8.0;
   for (long i = 0; i < count; ++i) {
-    double const values[4] = {100.0 + static_cast<double>(i), 0.5, -2.25, 300.0};
+    double const values[4] = {100.0 + static_cast<double>(i), 0.5 + ofBank, -2.25, 300.0};
     bank->SetDoubleField("aij", values);
     bank->SetDoubleField("bij", values + 1);
     long const a = 1 + i % 97;
@@ -299,26 +302,6 @@ struct Options {
   std::string folder = ZEL_DATA;
 };
 
-Options Parsed(int argc, char** argv) {
-  Options o;
-  std::map<std::string, std::function<void(char const*)>> const words = {
-      {"--count", [&](char const* word) { o.count = std::atoll(word); }},
-      {"--seed", [&](char const* word) { o.seed = std::strtoull(word, nullptr, 10); }},
-      {"--only", [&](char const* word) { o.kind = word; }},
-      {"--library", [&](char const* word) { o.library = word; }},
-      {"--worst", [&](char const* word) { o.worst = std::atoll(word); }},
-      {"--trial", [&](char const* word) { o.trial = std::atoll(word); }}};
-  for (int i = 1; i < argc; ++i) {
-    auto const at = words.find(argv[i]);
-    if (at == words.end()) {
-      o.folder = argv[i];
-    } else if (++i < argc) {
-      at->second(argv[i]);
-    }
-  }
-  return o;
-}
-
 int Run(Options const& o) {
   std::vector<Subject> const subjects = Subjects(o.folder, o.library);
   std::vector<DamageKind> kinds;
@@ -370,5 +353,14 @@ int Run(Options const& o) {
 
 int main(int argc, char** argv) {
   zel::InitZelAccess();
-  return zel::test::Run(zel::test::Parsed(argc, argv));
+  zel::test::Options o;
+  bool const good = zel::test::ReadOptions(
+      argc, argv,
+      {{"--count", [&](char const* word) { o.count = std::atoll(word); }},
+       {"--seed", [&](char const* word) { o.seed = std::strtoull(word, nullptr, 10); }},
+       {"--only", [&](char const* word) { o.kind = word; }},
+       {"--library", [&](char const* word) { o.library = word; }},
+       {"--worst", [&](char const* word) { o.worst = std::atoll(word); }},
+       {"--trial", [&](char const* word) { o.trial = std::atoll(word); }}});
+  return good ? zel::test::Run(o) : 2;
 }

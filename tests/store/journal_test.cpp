@@ -161,6 +161,26 @@ TEST_F(JournalTest, FitsAFileWithRoomAhead) {
   EXPECT_FALSE(Fits(*journal));
 }
 
+// A journal that would make a file long without having written it would fill the disk, or keep
+// readers busy with zeros.
+TEST_F(JournalTest, DoesNotFitIfItMakesAFileLongWithoutContents) {
+  constexpr std::uint64_t kMegabyte = std::uint64_t{1} << 20;
+  for (auto const& [length, fits] : {std::pair{64 * kMegabyte, true},
+                                     {65 * kMegabyte, false},
+                                     {std::uint64_t{1} << 42, false}}) {
+    lengths_[1] = {kPageBytes, length};
+    Write();
+    auto const journal = Read();
+    EXPECT_EQ(Fits(*journal), fits) << length;
+    bool failed = true;
+    JournaledFile made;
+    made.lengths = {0, length};
+    made.length = length;
+    EXPECT_EQ(Journal::Fits(made, nullptr, failed), fits) << length;
+    EXPECT_FALSE(failed);
+  }
+}
+
 // Commits of many pages are read in pieces.
 TEST_F(JournalTest, LongCommitIsRead) {
   constexpr std::uint64_t kPages = 1000;  // 4 MB

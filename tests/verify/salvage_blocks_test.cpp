@@ -89,15 +89,22 @@ class SalvageBlocksTest : public SalvageFixture {
     PutWord(1, word(f::kExtentSizes + count), 1);
     PutWord(1, word(f::kExtentAddresses + count), address);
   }
-  openErrors SalvageFrom(platform::FileSystem& system) {
+  openErrors SalvageFrom(platform::FileSystem& system, char const* path = kBroken) {
     records_.all.clear();
     MemoryFileSystem to;
     LibFile_i rescued(to, accUpdate, kRescued, "r");
     EXPECT_EQ(rescued.CreateNew(libKind12), openOk);
-    openErrors const error = SalvageFiles(system, kBroken, "", &rescued, &records_, counts_);
+    openErrors const error = SalvageFiles(system, path, "", &rescued, &records_, counts_);
     rescued.CloseLibFile();
     rescued_ = ReadItems({{to.Contents(kRescued), to.Contents(kRescued2)}});
     return error;
+  }
+  std::vector<std::string> NotesOfHeader() const {
+    std::vector<std::string> notes;
+    for (SalvageRecord const& one : records_.all) {
+      if (one.kind == salvageHeader) notes.push_back(one.text);
+    }
+    return notes;
   }
   std::int64_t Outdated() const {
     return std::count_if(records_.all.begin(), records_.all.end(),
@@ -129,6 +136,53 @@ TEST_F(SalvageBlocksTest, FileThatCannotBeOpenedIsNotLeftOut) {
   disk.cannotOpen.clear();
   EXPECT_EQ(SalvageFrom(disk), openOk);
   EXPECT_TRUE(Missing().empty());
+}
+
+// What a library of two files does not use, a folder of that name for example, is not in the way.
+TEST_F(SalvageBlocksTest, FileThatIsNotUsedNeedNotBeOpened) {
+  MakePairs();
+  files_.Contents("/broken.lb5");
+  BadSectors disk(files_, "", 0, 0);
+  disk.cannotOpen = "/broken.lb5";
+  EXPECT_EQ(SalvageFrom(disk), openOk);
+  EXPECT_TRUE(Missing().empty());
+  EXPECT_EQ(NotesOfHeader(), std::vector<std::string>{});
+  PutWord(1, 4 * std::size_t{f::kFileState + 5}, 1);
+  EXPECT_EQ(SalvageFrom(disk), openOk);
+  EXPECT_TRUE(Missing().empty());
+  ASSERT_FALSE(NotesOfHeader().empty());
+  EXPECT_EQ(NotesOfHeader().front(), "file 5 cannot be opened");
+}
+
+TEST_F(SalvageBlocksTest, FileThatDoesNotExistIsNamed) {
+  MakePairs();
+  files_.Remove(kBroken2);
+  EXPECT_EQ(SalvageFrom(files_), openOk);
+  ASSERT_FALSE(NotesOfHeader().empty());
+  EXPECT_EQ(NotesOfHeader().front(), "file 2 does not exist");
+}
+
+// The link is to the first file alone.
+TEST_F(SalvageBlocksTest, SymbolicLinkLeadsToAllFiles) {
+  class Linked final : public platform::FileSystem {
+   public:
+    explicit Linked(MemoryFileSystem& real) : real_(real) {}
+    bool Exists(std::string const& path) override { return real_.Exists(Target(path)); }
+    std::string Target(std::string const& path) override {
+      return path == "/link.lb1" ? kBroken : path;
+    }
+    platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override {
+      return real_.Open(Target(path), mode);
+    }
+
+   private:
+    MemoryFileSystem& real_;
+  };
+  MakePairs();
+  Linked linked(files_);
+  EXPECT_EQ(SalvageFrom(linked, "/link.lb1"), openOk);
+  EXPECT_TRUE(Missing().empty()) << Missing().size();
+  EXPECT_EQ(NotesOfHeader(), std::vector<std::string>{});
 }
 
 // An old version of a leaf is in a free block, and a damaged link leads there.

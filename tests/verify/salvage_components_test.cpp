@@ -215,6 +215,14 @@ TEST_F(SalvageComponentsTest, PasswordIsNeededAndKept) {
   EXPECT_EQ(library.OpenExisting({true, ""}, nullptr), openPasswordNeeded);
   EXPECT_EQ(library.OpenExisting({true, "secret"}, nullptr), openOk);
   library.CloseLibFile();
+  // A password that no one can enter.
+  std::size_t const word = 4 * (std::size_t{format::kPassword} + 1);
+  std::int32_t const before = WordAt(1, word);
+  PutWord(1, word, -3);
+  EXPECT_EQ(Salvage(), openOk);
+  ExpectAll();
+  PutWord(1, word, before);
+  EXPECT_EQ(Salvage(), openPasswordNeeded);
   PutWord(1, 8, 77);  // the level
   EXPECT_EQ(Salvage(), openOk);
   ExpectAll();

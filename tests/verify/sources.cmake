@@ -4,6 +4,7 @@ set(verify_TEST_SOURCES
     data_check_banks_test.cpp
     data_check_libraries_test.cpp
     data_check_test.cpp
+    gap_filling_test.cpp
     identity_test.cpp
     item_checks_test.cpp
     judge_constant_relations_test.cpp

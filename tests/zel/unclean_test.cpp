@@ -102,6 +102,52 @@ TEST_F(UncleanTest, DamagedLibraryIsNotChanged) {
   EXPECT_EQ(Zel("check own/own.lb1 --structure").status, 0);
 }
 
+// The library may lack a part of what the journal has.
+TEST_F(UncleanTest, JournalThatDoesNotFitIsAnUncleanClose) {
+  KillHost(writesHeld);
+  ASSERT_TRUE(HasJournal());
+  // Another host, which does not know journals, has changed what the journal changes as well.
+  std::fstream(Own() / "own.lb1", std::ios::in | std::ios::out | std::ios::binary)
+      .seekp(4 * 45)
+      .write("\1\1\1\1", 4);
+  EXPECT_NE(Zel("info own/own.lb1").err.find("journal"), std::string::npos);
+  Outcome const dry = Zel("set own/own.lb1 --description 2 --dry-run");
+  EXPECT_EQ(dry.status, 0) << dry.err;
+  EXPECT_TRUE(HasJournal()) << "nothing was changed";
+  Damage();
+  Contents const before = ContentsOf(Own());
+  Outcome const refused = Zel("set own/own.lb1 --description 2");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_NE(refused.err.find("was not closed cleanly and is damaged"), std::string::npos)
+      << refused.err;
+  EXPECT_TRUE(ContentsOf(Own()) == before);
+}
+
+TEST_F(UncleanTest, UndoNeedsNoSoundLibraryIfItIsForced) {
+  std::string const whole = Zel("dump own/own.lb1").out;
+  ASSERT_EQ(Zel("set own/own.lb1 --description 2").status, 0);
+  KillHost(writesMarked);
+  Damage();
+  Outcome const refused = Zel("undo own/own.lb1");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_NE(refused.err.find("`zel undo --force own/own.lb1` goes back to before the last change"),
+            std::string::npos)
+      << refused.err;
+  Outcome const done = Zel("undo --force own/own.lb1");
+  EXPECT_EQ(done.status, 0) << done.err;
+  EXPECT_EQ(Zel("dump own/own.lb1").out, whole);
+  EXPECT_FALSE(HasMark());
+  // The header of the library is lost.
+  ASSERT_EQ(Zel("set own/own.lb1 --description 3").status, 0);
+  std::fstream(Own() / "own.lb1", std::ios::in | std::ios::out | std::ios::binary)
+      .write(std::string(1000, '\0').data(), 1000);
+  EXPECT_EQ(Zel("undo own/own.lb1").status, 1);
+  Outcome const again = Zel("undo --force own/own.lb1");
+  EXPECT_EQ(again.status, 0) << again.err;
+  EXPECT_NE(again.err.find("what the undo changes is not listed"), std::string::npos) << again.err;
+  EXPECT_EQ(Zel("dump own/own.lb1").out, whole);
+}
+
 TEST_F(UncleanTest, FlushThatWasCutOffIsSeenByReaders) {
   KillHost(writesHeld);
   ASSERT_TRUE(HasJournal());

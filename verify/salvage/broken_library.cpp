@@ -34,6 +34,8 @@ std::string PathOf(std::string path, int number) {
   return path;
 }
 
+bool NamesFirstFile(std::string const& path) { return !path.empty() && path.back() == '1'; }
+
 // How many of the five words that are the same in every such head are right.
 int RightWords(std::int32_t const* head, OwnTree const& tree) noexcept {
   return int{head[f::kHeadDigits] % 10 == f::kStorageInline} +
@@ -47,12 +49,18 @@ bool IsType(std::int32_t word) noexcept { return word >= libKind11 && word <= li
 
 }  // namespace
 
-openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& firstPath) {
+// Of a library that is named by a symbolic link, the other files are next to the first one.
+openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& path) {
   std::array<std::unique_ptr<platform::BlockFile>, f::kFileSlots> files;
+  std::string const target = path.empty() ? path : system.Target(path);
+  std::string const& firstPath = NamesFirstFile(target) ? target : path;
+  std::string unopened;
   for (int file = 1; file <= f::kMaxFiles && !firstPath.empty(); ++file) {
     platform::OpenedFile opened = system.Open(PathOf(firstPath, file), platform::OpenMode::kRead);
     if (opened.outcome == platform::OpenOutcome::kNotFound) continue;
-    if (!opened.file) return ErrorOf(opened.outcome);
+    bool const isNeeded = file <= f::kFilesOfNewLibrary;
+    if (!opened.file && isNeeded) return ErrorOf(opened.outcome);
+    if (!opened.file) unopened += std::to_string(file);
     files[static_cast<std::size_t>(file)] = std::move(opened.file);
   }
   // A flush that was cut off counts as complete, as for every reader.
@@ -82,6 +90,13 @@ openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& 
   if (!any) return openNotFound;
   std::int32_t const* words = Image(1) == nullptr ? nullptr : Image(1)->At(0, f::kHeaderWords);
   if (words != nullptr) std::copy_n(words, header_.size(), header_.begin());
+  for (int file = 1; file <= f::kMaxFiles; ++file) {
+    bool const isStated = header_[static_cast<std::size_t>(f::kFileState + file)] == 1;
+    bool const isUsual = file <= f::kFilesOfNewLibrary;
+    if (Image(file) != nullptr || !(isUsual || isStated)) continue;
+    bool const isThere = unopened.find(static_cast<char>('0' + file)) != std::string::npos;
+    Repair("file " + std::to_string(file) + (isThere ? " cannot be opened" : " does not exist"));
+  }
   FindBlockSizes();
   FindType();
   FindRoots();
@@ -194,8 +209,11 @@ bool BrokenLibrary::PasswordIsGood() const noexcept {
   if (!IsType(header_[f::kLibType]) || level < 0 || level > 2) return false;
   char text[4 * f::kPasswordWords + 1];
   WordsToText(&header_[f::kPassword], f::kPasswordWords, text);
-  return level == 0 ||
-         (text[0] != '\0' && header_[f::kPassword] >= 0 && header_[f::kPassword] <= kMostCoded);
+  if (level == 0) return true;
+  std::array<std::int32_t, f::kPasswordWords> packed{};
+  TextToWords(text, packed.data(), f::kPasswordWords);
+  return text[0] != '\0' && header_[f::kPassword] >= 0 && header_[f::kPassword] <= kMostCoded &&
+         std::equal(packed.begin(), packed.end(), &header_[f::kPassword]);
 }
 
 std::int32_t const* BrokenLibrary::Run(std::int32_t address, std::int32_t words) const noexcept {

@@ -73,15 +73,28 @@ bool GapFilling::IsInside(FoundEntry const& entry, SalvagedTree const& tree, Tre
          (gap.after == nullptr || CompareKeys(entry.words, gap.after, keyWords) < 0);
 }
 
+std::vector<bool> const& GapFilling::Possible(OrphanTree const& orphan,
+                                              BankHeading const& bank) const {
+  auto const [at, isNew] = possible_.try_emplace({orphan.root, bank.type});
+  if (isNew) {
+    for (FoundEntry const& entry : orphan.contents.entries) {
+      at->second.push_back(test_(bank, entry.words));
+    }
+  }
+  return at->second;
+}
+
 bool GapFilling::Fits(OrphanTree const& orphan, SalvagedTree const& tree,
                       TreeGap const& gap) const {
   if (!IsOpen(gap) || (orphan.isFree && gap.isFilled)) return false;
   bool const isRootGap = tree.contents.nodes.empty() && !gap.isFilled;
   if (!isRootGap && IsWholeTree(orphan)) return false;
   std::vector<FoundEntry> const& entries = orphan.contents.entries;
-  auto const inside = std::count_if(entries.begin(), entries.end(), [&](FoundEntry const& entry) {
-    return IsInside(entry, tree, gap) && test_(tree.heading, entry.words);
-  });
+  std::vector<bool> const& possible = Possible(orphan, tree.heading);
+  std::size_t inside = 0;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    inside += possible[i] && IsInside(entries[i], tree, gap) ? 1 : 0;
+  }
   constexpr double kLeastInside = 0.8;
   return static_cast<double>(inside) >= kLeastInside * static_cast<double>(entries.size());
 }

@@ -3,6 +3,8 @@
 
 #include <functional>
 #include <map>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "verify/salvage/bank_shapes.h"
@@ -16,14 +18,14 @@ struct SalvagedTree {
   TreeContents contents;
 };
 
-// Fills the gaps of trees of one shape. An unreached tree belongs into a gap whose neighbours its
-// keys are between, if its entries can be those of the bank; where several trees have such a gap,
-// neighbours, the damaged link and the place in the file decide. A tree without gaps is left alone,
-// so that what was deleted from a sound tree does not come back; and what a free block holds is
-// used only where nothing else fits.
+// Fills the gaps of trees of one shape, whose banks differ by type and name. An unreached tree
+// belongs into a gap whose neighbours its keys are between, if its entries can be those of the
+// bank; where several trees have such a gap, neighbours, the damaged link and the place in the file
+// decide. A tree without gaps is left alone, so that what was deleted from a sound tree does not
+// come back; and what a free block holds is used only where nothing else fits.
 class GapFilling {
  public:
-  // Whether an entry can be one of a bank.
+  // Whether an entry can be one of a bank; the same for all banks of a type.
   using Test = std::function<bool(BankHeading const& bank, std::int32_t const* entry)>;
 
   GapFilling(BrokenLibrary const& library, std::vector<SalvagedTree*> trees, Test test);
@@ -41,6 +43,8 @@ class GapFilling {
   Place BestPlace(OrphanTree const& orphan) const;
   bool Fits(OrphanTree const& orphan, SalvagedTree const& tree, TreeGap const& gap) const;
   double Score(OrphanTree const& orphan, SalvagedTree const& tree, TreeGap const& gap) const;
+  // Which entries of an unreached tree can be in a bank: the same for all banks of a type.
+  std::vector<bool> const& Possible(OrphanTree const& orphan, BankHeading const& bank) const;
   bool IsWholeTree(OrphanTree const& orphan) const;
   static bool IsInside(FoundEntry const& entry, SalvagedTree const& tree, TreeGap const& gap);
   void AddGap(SalvagedTree& tree, TreeGap const& gap);
@@ -61,6 +65,8 @@ class GapFilling {
   std::vector<SalvagedTree*> trees_;
   Test test_;
   std::map<SalvagedTree const*, GapIndex> gaps_;
+  // By root and type.
+  mutable std::map<std::pair<std::int32_t, std::string>, std::vector<bool>> possible_;
   // By address: the trees that have a node which was next to it when it was split.
   std::multimap<std::int32_t, SalvagedTree const*> neighbours_;
 };

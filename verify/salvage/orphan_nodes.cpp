@@ -46,6 +46,9 @@ double Likeness(NodeReading const& node, TreeShape const& shape, OrphanNodes::Te
 // that suits several equally well is found with each.
 void OrphanNodes::Place(std::int32_t address, std::set<TreeShape> const& shapes, Test const& test) {
   constexpr double kLeast = 2.0;
+  std::int32_t const* words = library_.Run(address, f::kNodeWords);
+  if (words == nullptr || std::all_of(words, words + f::kNodeWords, [](auto w) { return w == 0; }))
+    return;
   double most = kLeast;
   std::set<Widths> best;
   for (TreeShape const& shape : shapes) {

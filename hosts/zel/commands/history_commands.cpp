@@ -55,22 +55,34 @@ Report Log(Session& session, Options const& o) {
   return report;
 }
 
+// What an undo changes. One that is forced does not need to read the present library.
+void AddDifferences(Session& session, Options const& o, Undo& undo, Report& report) {
+  DifferenceOptions options;
+  options.first = "before";
+  options.second = "after";
+  Library const old = Library::OpenRead(session, undo.version.first.string());
+  bool isListed = undo.change.IsOpen();
+  try {
+    if (isListed) report.Add(DifferencesOf(undo.change.Open(), old, options), ItemColumns());
+  } catch (unsigned long) {
+    if (!o.undo.force) throw;
+    isListed = false;
+  }
+  if (!isListed) {
+    session.Note(o.path + ": cannot be read as it is, so what the undo changes is not listed");
+  }
+}
+
 Report UndoLast(Session& session, Options const& o) {
   if (o.undo.before < 0) throw WrongUsage("--before must be the number of a change");
   zel::InitZelAccess();
   Undo undo = BeginUndo(session, o.path, o.undo, o.change);
-  DifferenceOptions options;
-  options.first = "before";
-  options.second = "after";
   Report report;
   report.Fact("library", o.path);
   report.Fact("undone", std::int64_t{undo.version.number});
   report.Fact("command", Text(undo.version.change.command));
   report.Fact("time", Text(undo.version.change.time));
-  {
-    Library const old = Library::OpenRead(session, undo.version.first.string());
-    report.Add(DifferencesOf(undo.change.Open(), old, options), ItemColumns());
-  }
+  AddDifferences(session, o, undo, report);
   undo.change.Restore(undo.version);
   PutInPlaceAfter(report, std::move(undo.change));
   return report;
@@ -92,7 +104,7 @@ void AddHistoryCommands(CommandLine& line) {
       .Library(o->path)
       .Option("--before", o->undo.before, "restore what was before change N, which may be an undo",
               "N")
-      .Flag("--force", o->undo.force, "even if another program has changed it since");
+      .Flag("--force", o->undo.force, "even if another program has changed it since, or it is damaged");
   AddChangeOptions(undo, o->change);
   AddStrict(undo);
   undo.Run(Outputs::kJsonAndCsv, [o](Session& session) { return UndoLast(session, *o); });
