@@ -36,7 +36,6 @@ set(desk_SOURCES
     face/libraries.cpp
     face/reports.cpp
     face/units.cpp
-    files/file_copy.cpp
     findings/baseline.cpp
     findings/finding.cpp
     findings/junit.cpp
@@ -50,8 +49,6 @@ set(desk_SOURCES
     fit/least_squares.cpp
     fit/sampled_fit.cpp
     files/file_digest.cpp
-    files/file_lock.cpp
-    files/folder.cpp
     files/one_document.cpp
     files/output_file.cpp
     files/plain_input.cpp
@@ -145,3 +142,21 @@ set(formats_SOURCES
     formats/thermoml.cpp
     formats/thermoml_tables.cpp
     formats/xml_elements.cpp)
+# The services of the system.
+if(WIN32)
+  list(APPEND desk_SOURCES
+       files/windows_data_input.cpp
+       files/windows_file_copy.cpp
+       files/windows_file_lock.cpp
+       files/windows_folder.cpp
+       files/windows_system.cpp
+       open/windows_work_lock.cpp)
+else()
+  list(APPEND desk_SOURCES
+       files/posix_data_input.cpp
+       files/posix_file_copy.cpp
+       files/posix_file_lock.cpp
+       files/posix_folder.cpp
+       files/posix_system.cpp
+       open/posix_work_lock.cpp)
+endif()

@@ -5,8 +5,6 @@
 // open/change_places.h describes how the copy is put in place.
 #pragma once
 
-#include <sys/types.h>
-
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,7 +44,7 @@ struct NewLibrary {
   bool replace = false;
   // The mode of its files. Without one: that of the replaced library, else that of the other
   // libraries in the folder, else what the umask allows.
-  std::optional<mode_t> mode;
+  std::optional<FileMode> mode;
 };
 
 class LibraryChange {

@@ -1,13 +1,11 @@
 #include "desk/change/work_folder.h"
 
-#include <sys/stat.h>
-
-#include <cerrno>
 #include <filesystem>
 #include <new>
 #include <system_error>
 
 #include "desk/files/folder.h"
+#include "desk/files/system.h"
 #include "desk/open/change_places.h"
 #include "desk/open/unfinished_change.h"
 #include "desk/words/failure.h"
@@ -22,9 +20,9 @@ constexpr char kNoCopy[] = "cannot make a copy next to it";
 constexpr char kNotInPlace[] = "the changed library cannot be put in place";
 
 void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
-  if (!isNew) fs::rename(change.Place(1), change.Old(1));
+  if (!isNew) Rename(change.Place(1), change.Old(1));
   for (int number = 2; number <= kMostFiles; ++number) {
-    if (Exists(change.Place(number))) fs::rename(change.Place(number), change.Old(number));
+    if (Exists(change.Place(number))) Rename(change.Place(number), change.Old(number));
     if (Exists(change.New(number))) MoveToFreePlace(change.New(number), change.Place(number));
   }
   SyncPath(change.Ready());
@@ -34,19 +32,19 @@ void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
 
 // Two programs that make a library of the same name must not take each other's folder for a
 // leftover.
-FileLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
+WorkLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
   FolderTurn const turn(folder.parent_path().string());
   fs::path const lock = folder / kLockName;
-  if (Exists(lock)) FileLock::Take(lock.string(), shownAs);
+  if (Exists(lock)) WorkLock::Take(folder, shownAs);
   OrFail(shownAs, kNoCopy, [&] {
     RemoveTree(folder);
     // Only a folder made here and now is used, whatever somebody else has put in its place.
-    if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
-      throw fs::filesystem_error("", folder, std::error_code(errno, std::generic_category()));
+    if (std::error_code const error = MakeOwnFolder(folder)) {
+      throw fs::filesystem_error("", folder, error);
     }
     MakeMark(lock);
   });
-  return FileLock::Take(lock.string(), shownAs);
+  return WorkLock::Take(folder, shownAs);
 }
 
 }  // namespace
@@ -72,10 +70,13 @@ std::string WorkFolder::First() const {
 }
 
 void WorkFolder::Share(FileAccess const& access) const {
-  constexpr mode_t kRead = 0444;
+  constexpr FileMode kRead = 0444;
+  constexpr FileMode kReadAndWrite = 0600;  // for the owner
+  constexpr FileMode kSearch = 0100;
   OrFail(shownAs_, kNoCopy, [&] {
-    GiveAccess(fs::path(folder_) / kLockName, {access.mode | S_IRUSR | S_IWUSR, access.owner});
-    GiveAccess(folder_, {access.mode | ((access.mode & kRead) >> 2) | S_IRWXU, access.owner});
+    GiveAccess(fs::path(folder_) / kLockName, {access.mode | kReadAndWrite, access.owner});
+    GiveAccess(folder_, {access.mode | ((access.mode & kRead) >> 2) | kReadAndWrite | kSearch,
+                         access.owner});
   });
 }
 
@@ -108,7 +109,7 @@ void WorkFolder::Announce(bool isNew) {
   if (Exists(ready) || (isNew && Exists(library_))) {
     throw Failure(shownAs_ + ": another program has made it meanwhile");
   }
-  fs::rename(folder_, ready);
+  Rename(folder_, ready);
   folder_ = ready.string();
   SyncPath(ready.parent_path());
 }

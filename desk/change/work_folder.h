@@ -6,9 +6,9 @@
 #include <string>
 
 #include "desk/files/file_copy.h"
-#include "desk/files/file_lock.h"
 #include "desk/open/change_places.h"
 #include "desk/open/history.h"
+#include "desk/open/work_lock.h"
 
 namespace zel::desk {
 
@@ -47,7 +47,7 @@ class WorkFolder {
   ChangePlaces places_;
   std::string shownAs_;
   std::string folder_;
-  std::optional<FileLock> lock_;
+  std::optional<WorkLock> lock_;
 };
 
 }  // namespace zel::desk

@@ -8,6 +8,7 @@
 #include "desk/face/guarded.h"
 #include "desk/face/item_data.h"
 #include "desk/files/output_file.h"
+#include "desk/files/system.h"
 #include "desk/notes/memo.h"
 #include "desk/open/component_name.h"
 #include "desk/open/fields.h"
@@ -52,7 +53,7 @@ std::vector<fs::path> LinkedInto(OutputFolder const& folder, fs::path const& lib
     name.back() = number;
     if (!fs::exists(library.parent_path() / name)) continue;
     links.emplace_back(folder.PathOf(name));
-    fs::create_symlink(library.parent_path() / name, links.back());
+    LinkFile(library.parent_path() / name, links.back());
   }
   return links;
 }

@@ -1,21 +1,23 @@
 // Copies of library files, and who may read and write them.
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
 #include <optional>
 #include <string>
 
 namespace zel::desk {
 
+// Permissions as POSIX counts them. On Windows files have those that their folder passes on: 0666,
+// or 0444 for a file that may not be written.
+using FileMode = unsigned;
+
 // The mode of a file and, if they are to be kept, its owner and group.
 struct FileAccess {
   struct Owner {
-    uid_t user;
-    gid_t group;
+    unsigned user;
+    unsigned group;
   };
-  mode_t mode;
+  FileMode mode;
   std::optional<Owner> owner;
 };
 
@@ -26,11 +28,11 @@ void GiveAccess(std::filesystem::path const& file, FileAccess const& access);
 
 // The mode that most libraries in the folder have, the stricter one if two are equally frequent;
 // nothing if there is no library.
-std::optional<mode_t> ModeOfLibrariesIn(std::filesystem::path const& folder);
+std::optional<FileMode> ModeOfLibrariesIn(std::filesystem::path const& folder);
 // The mode that the umask leaves of one that lets everybody read and write. Makes such a file for a
 // moment: the umask cannot be read without changing it, which other threads would notice. Throws
 // std::filesystem::filesystem_error.
-mode_t ModeOfNewFilesIn(std::filesystem::path const& folder);
+FileMode ModeOfNewFilesIn(std::filesystem::path const& folder);
 
 // Copies into a new file that only this user can read and write. Holes remain holes, and blocks are
 // shared if the file system can do that. The copy is not on disk yet: see SyncPath. Throws

@@ -1,6 +1,7 @@
 // Locks on files and folders.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace zel::desk {
@@ -28,10 +29,12 @@ class FileLock {
   ~FileLock();
 
  private:
-  explicit FileLock(int descriptor) : descriptor_(descriptor) {}
-  static FileLock OfType(short type, std::string const& path, std::string const& shownAs);
+  friend class WorkLock;  // which may lock in another way
 
-  int descriptor_;
+  explicit FileLock(std::intptr_t file) : file_(file) {}
+  static FileLock Open(bool isShared, std::string const& path, std::string const& shownAs);
+
+  std::intptr_t file_;  // as the system knows an open file; -1 is none
 };
 
 // Keeps steps in a folder apart from those of another process: they wait for each other, two
@@ -49,7 +52,7 @@ class FolderTurn {
   explicit operator bool() const { return isHeld_; }
 
  private:
-  int descriptor_;
+  std::intptr_t file_;
   bool isHeld_ = false;
 };
 

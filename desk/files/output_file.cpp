@@ -1,8 +1,5 @@
 #include "desk/files/output_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
@@ -16,6 +13,7 @@
 
 #include "desk/files/folder.h"
 #include "desk/files/standard_output.h"
+#include "desk/files/system.h"
 #include "desk/words/failure.h"
 #include "desk/words/letters.h"
 
@@ -23,7 +21,6 @@ namespace zel::desk {
 namespace {
 
 constexpr char kFolderName[] = ".zel-out-";
-constexpr mode_t kNewFileMode = 0666;
 
 struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -35,14 +32,8 @@ struct FileCloser {
 }
 
 void WriteNew(std::string const& target, std::string const& shownAs, std::string const& text) {
-  int const descriptor =
-      ::open(target.c_str(), O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC, kNewFileMode);
-  if (descriptor < 0) Refuse(shownAs);
-  std::unique_ptr<std::FILE, FileCloser> file(::fdopen(descriptor, "wb"));
-  if (!file) {
-    ::close(descriptor);
-    Refuse(shownAs);
-  }
+  std::unique_ptr<std::FILE, FileCloser> file(OpenNewFile(target));
+  if (!file) Refuse(shownAs);
   bool good = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
   good = std::fclose(file.release()) == 0 && good;
   if (!good) Refuse(shownAs);
@@ -80,25 +71,20 @@ struct FileMove {
 // What is at the destination is moved to `from`, so that it can be moved back. On a file system
 // that cannot exchange two files it is lost.
 bool Do(FileMove& move) {
-  char const* const from = move.from.c_str();
-  char const* const to = move.to.c_str();
-  if (::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_EXCHANGE) == 0) {
-    move.how = HowMoved::kExchanged;
-    return true;
+  Exchange const exchange = ExchangeFiles(move.from, move.to);
+  if (exchange == Exchange::kDone) move.how = HowMoved::kExchanged;
+  if (exchange == Exchange::kDone || exchange == Exchange::kFailed) {
+    return exchange == Exchange::kDone;
   }
-  if (errno != ENOENT && errno != EINVAL && errno != ENOSYS) return false;
-  HowMoved const how = errno == ENOENT ? HowMoved::kToFreePlace : HowMoved::kOver;
-  if (std::rename(from, to) != 0) return false;
-  move.how = how;
+  if (!MoveOver(move.from, move.to)) return false;
+  move.how = exchange == Exchange::kNothingThere ? HowMoved::kToFreePlace : HowMoved::kOver;
   return true;
 }
 
 void Undo(FileMove& move) {
-  char const* const from = move.from.c_str();
-  char const* const to = move.to.c_str();
-  bool const isBack = (move.how == HowMoved::kExchanged &&
-                       ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_EXCHANGE) == 0) ||
-                      (move.how == HowMoved::kToFreePlace && std::rename(to, from) == 0);
+  bool const isBack =
+      (move.how == HowMoved::kExchanged && ExchangeFiles(move.from, move.to) == Exchange::kDone) ||
+      (move.how == HowMoved::kToFreePlace && MoveOver(move.to, move.from));
   if (isBack) move.how = HowMoved::kNot;
 }
 
@@ -119,7 +105,7 @@ void Undo(FileMove& move) {
 OutputFolder::OutputFolder(std::filesystem::path const& target, std::string const& shownAs)
     : target_(target), folder_((target / kFolderName).string() + "XXXXXX") {
   RemoveLeftOver(target);
-  if (::mkdtemp(folder_.data()) == nullptr) Refuse(shownAs);
+  if (!MakeNewFolder(folder_)) Refuse(shownAs);
 }
 
 OutputFolder::~OutputFolder() {

@@ -1,16 +1,11 @@
 #include "desk/open/change_places.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdio>
 #include <new>
 #include <utility>
 
-#include "desk/files/file_lock.h"
 #include "desk/files/folder.h"
+#include "desk/files/system.h"
+#include "desk/open/work_lock.h"
 
 namespace zel::desk {
 
@@ -38,25 +33,11 @@ bool Exists(fs::path const& path) {
   throw fs::filesystem_error("", path, error);
 }
 
-void MoveToFreePlace(fs::path const& from, fs::path const& to) {
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
-  bool const isKnown = errno != EINVAL && errno != ENOSYS;
-  if (!isKnown && !Exists(to)) return fs::rename(from, to);
-  if (!isKnown) errno = EEXIST;
-  throw fs::filesystem_error("", to, std::error_code(errno, std::generic_category()));
-}
-
 bool IsOurs(fs::path const& folder, fs::path const& library) {
-  struct stat info = {};
-  struct stat around = {};
-  struct stat there = {};
-  if (::lstat(folder.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) return false;
-  if (::stat(folder.parent_path().c_str(), &around) != 0) return false;
-  if ((around.st_mode & S_ISVTX) == 0 || info.st_uid == ::geteuid()) return true;
-  return ::lstat(library.c_str(), &there) == 0 && info.st_uid == there.st_uid;
+  return IsOwnFolder(folder, library);
 }
 
-bool IsAtWork(fs::path const& folder) { return FileLock::IsHeld((folder / kLockName).string()); }
+bool IsAtWork(fs::path const& folder) { return WorkLock::IsHeld(folder); }
 
 void RemoveFolder(fs::path const& folder) noexcept {
   try {

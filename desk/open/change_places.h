@@ -38,9 +38,6 @@ std::string WithoutLinks(std::string const& path);
 // left out.
 bool Exists(std::filesystem::path const& path);
 
-// Renames a file, but never over an existing one, as far as the file system can tell.
-void MoveToFreePlace(std::filesystem::path const& from, std::filesystem::path const& to);
-
 // The folder of a change that is being made, and that of one that is being put in place.
 std::filesystem::path NewFolder(std::filesystem::path const& library);
 std::filesystem::path ReadyFolder(std::filesystem::path const& library);

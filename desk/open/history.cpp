@@ -1,7 +1,5 @@
 #include "desk/open/history.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
@@ -15,6 +13,7 @@
 #include "desk/files/file_digest.h"
 #include "desk/files/folder.h"
 #include "desk/files/input_file.h"
+#include "desk/files/system.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -44,10 +43,10 @@ std::vector<int> NumbersIn(fs::path const& history) {
 
 // Another program may just have renamed it.
 void RenameIfThere(fs::path const& from, fs::path const& to) {
-  std::error_code error;
-  fs::rename(from, to, error);
-  if (error && error != std::errc::no_such_file_or_directory) {
-    throw fs::filesystem_error("", from, error);
+  try {
+    Rename(from, to);
+  } catch (fs::filesystem_error const& error) {
+    if (error.code() != std::errc::no_such_file_or_directory) throw;
   }
 }
 
@@ -89,10 +88,11 @@ ChangeRecord ReadRecord(fs::path const& folder) {
 }
 
 void MakeHistory(fs::path const& history, ChangePlaces const& change) {
-  if (::mkdir(history.c_str(), S_IRWXU) == 0) {
+  std::error_code const error = MakeOwnFolder(history);
+  if (!error) {
     GiveAccess(history, AccessOf(change.Ready()));
-  } else if (errno != EEXIST || !IsOurs(history, change.Place(1))) {
-    throw fs::filesystem_error("", history, std::error_code(errno, std::generic_category()));
+  } else if (error != std::errc::file_exists || !IsOurs(history, change.Place(1))) {
+    throw fs::filesystem_error("", history, error);
   }
 }
 
@@ -127,9 +127,7 @@ std::string DigestOfLibrary(std::string const& library) {
 }
 
 std::string TimeNow() {
-  std::time_t const now = std::time(nullptr);
-  std::tm parts = {};
-  ::gmtime_r(&now, &parts);
+  std::tm const parts = UtcOf(std::time(nullptr));
   char text[24];
   return {text, std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &parts)};
 }
@@ -195,7 +193,7 @@ std::string KeepVersion(ChangePlaces const& change) noexcept {
       std::vector<int> const numbers = NumbersIn(history);
       auto const most = static_cast<std::size_t>(ReadRecord(change.Ready()).keep);
       fs::path const folder = history / std::to_string(numbers.empty() ? 1 : numbers.back() + 1);
-      fs::rename(change.Ready(), folder);
+      Rename(change.Ready(), folder);
       Tidy(change, folder, most);
       return why;
     }

@@ -1,12 +1,11 @@
 #include "desk/open/library.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 
+#include "desk/files/system.h"
 #include "desk/open/change_places.h"
 #include "desk/open/library_path.h"
 #include "desk/words/failure.h"
@@ -16,8 +15,6 @@ namespace zel::desk {
 namespace {
 
 constexpr char kComponents[] = "PURECOMP";
-
-bool MayBeRead(std::string const& path) { return ::access(path.c_str(), R_OK) == 0; }
 
 // True for an open that may succeed later. What was in its way may already be gone.
 bool IsInUse(zel::openErrors error, std::string const& path) {

@@ -8,8 +8,10 @@
 
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
+#include "desk/files/system.h"
 #include "desk/open/history.h"
 #include "desk/open/when_free.h"
+#include "desk/open/work_lock.h"
 #include "desk/words/failure.h"
 
 namespace zel::desk {
@@ -22,7 +24,7 @@ namespace {
 void MoveBack(ChangePlaces const& change) {
   for (int number = 2; number <= kMostFiles; ++number) {
     if (Exists(change.Old(number))) {
-      fs::rename(change.Old(number), change.Place(number));
+      Rename(change.Old(number), change.Place(number));
     } else if (Exists(change.Added(number)) && !Exists(change.New(number))) {
       fs::remove(change.Place(number));
     }
@@ -55,7 +57,7 @@ void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
   try {
     FolderTurn const turn(folder.parent_path().string(), FolderTurn::Patience::kNone);
     if (!turn) return;
-    if (Exists(folder / kLockName)) FileLock::Take((folder / kLockName).string(), "");
+    if (Exists(folder / kLockName)) WorkLock::Take(folder, "");
     RemoveFolder(folder);
   } catch (Error const&) {
     // Another program is working in it.
@@ -101,7 +103,7 @@ void FinishChange(std::string const& path) {
   try {
     // A folder without a lock is almost removed, or it comes from a copy that left out the lock.
     if (!Exists(lock)) MakeMark(lock);
-    FileLock const held = FileLock::Take(lock, path);
+    WorkLock const held = WorkLock::Take(change.Ready(), path);
     FinishMoves(path, change);
   } catch (fs::filesystem_error const&) {
     if (Exists(lock) || Look(change) == Found::kLeftOver) return;

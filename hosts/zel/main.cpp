@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -16,6 +15,7 @@
 #include "commands/command.h"
 #include "desk/words/failure.h"
 #include "output/progress.h"
+#include "output/system.h"
 
 namespace {
 
@@ -75,16 +75,14 @@ std::string MessageOf(zelhost::Session const& session, zel::BlockError const& er
 
 // Ends like any program that writes to a closed pipe, but only now that nothing is left half done.
 int EndByClosedPipe() {
-  std::signal(SIGPIPE, SIG_DFL);
-  std::raise(SIGPIPE);
+  zelhost::EndAsByClosedPipe();
   return kFailed;
 }
 
 // Ends like any program that Ctrl-C ends, for the shell to see.
 int EndByInterrupt(zelhost::Session const& session, std::string const& text) {
   Fail(session, kFailed, {"Cancelled", text, ""});
-  std::signal(SIGINT, SIG_DFL);
-  std::raise(SIGINT);
+  zelhost::EndAsByInterrupt();
   return kFailed;
 }
 
@@ -98,9 +96,7 @@ void TellOfEnd() {
 }
 
 int Run(int count, char** words) {
-  // Writing to a pipe without a reader, or to a file at its size limit, is an error of the call.
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
+  zelhost::PrepareStreams();
   zelhost::Session session;  // outlives what is open when an error is reported
   try {
     zelhost::CommandLine line(session);
@@ -127,7 +123,8 @@ int Run(int count, char** words) {
     zelhost::AddNoteCommands(line);
     zelhost::AddSalvageCommand(line);
     zelhost::AddSchemaCommand(line);
-    return line.Run(count, words);
+    char** const texts = zelhost::CommandWords(count, words);
+    return line.Run(count, texts);
   } catch (zelhost::PipeClosed const&) {
     return EndByClosedPipe();
   } catch (zelhost::Cancelled const& cancelled) {

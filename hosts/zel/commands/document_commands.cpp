@@ -19,6 +19,7 @@
 #include "desk/files/one_document.h"
 #include "desk/files/output_file.h"
 #include "desk/files/standard_output.h"
+#include "desk/files/system.h"
 #include "desk/findings/written_data.h"
 #include "desk/open/component_name.h"
 #include "desk/open/item_key.h"
@@ -347,7 +348,7 @@ Report DumpIndexes(Session& session, Options const& o) {
     name.back() = number;
     if (!fs::exists(path.parent_path() / name)) continue;
     links.emplace_back(indexes.PathOf(name));
-    fs::create_symlink(path.parent_path() / name, links.back());
+    zel::desk::LinkFile(path.parent_path() / name, links.back());
   }
   Report report;
   {

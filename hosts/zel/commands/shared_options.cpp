@@ -35,12 +35,13 @@ void AddModeOption(Command& command, std::string& mode) {
   command.Option("--mode", mode, "of new files, e.g. 0664; else as libraries next to it", "OCTAL");
 }
 
-std::optional<mode_t> ModeOf(std::string const& text) {
+std::optional<zel::desk::FileMode> ModeOf(std::string const& text) {
   if (text.empty()) return {};
   constexpr int kOctal = 8;
-  constexpr mode_t kOwner = 0600;  // without these its own maker could not change the library
-  constexpr mode_t kMost = 0777;
-  mode_t mode = 0;
+  using zel::desk::FileMode;
+  constexpr FileMode kOwner = 0600;  // without these its own maker could not change the library
+  constexpr FileMode kMost = 0777;
+  FileMode mode = 0;
   auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), mode, kOctal);
   if (error != std::errc() || end != text.data() + text.size() || mode > kMost) {
     throw WrongUsage("--mode must be an octal number from 0600 to 0777, not " + text);

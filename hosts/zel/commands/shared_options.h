@@ -1,8 +1,6 @@
 // Options that several commands have.
 #pragma once
 
-#include <sys/types.h>
-
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +23,7 @@ void AddReplaceOptions(Command& command, ChangeOptions& options, std::string con
 void AddModeOption(Command& command, std::string& mode);
 // Returns the mode that the option's text means; nothing for the empty text. Throws WrongUsage,
 // also for a mode that does not let the owner read and write.
-std::optional<mode_t> ModeOf(std::string const& text);
+std::optional<zel::desk::FileMode> ModeOf(std::string const& text);
 // Throws WrongUsage if the option is given and the library exists.
 void CheckModeFor(std::string const& library, std::string const& mode);
 

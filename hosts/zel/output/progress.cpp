@@ -1,7 +1,5 @@
 #include "output/progress.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -30,10 +28,6 @@ void DrawBar(double share) {
   std::fprintf(stderr, "\r[%s] %3d %% ", bar.c_str(), static_cast<int>(share * 100.0));
 }
 
-volatile std::sig_atomic_t isCancelled = 0;
-
-void NoteCancel(int) { isCancelled = 1; }
-
 // "12 s", "3 min", "2 h"
 std::string TimeText(double seconds) {
   constexpr double kMinute = 60.0;
@@ -60,7 +54,7 @@ void ClearProgressLine() {
 Progress::Progress(std::string what, std::size_t total)
     : what_(std::move(what)),
       total_(total),
-      enabled_(total > 0 && ::isatty(STDERR_FILENO) == 1),
+      enabled_(total > 0 && ErrorIsTerminal()),
       next_(enabled_ ? Clock::now() + Delay() : Clock::time_point()) {}
 
 Progress::~Progress() { ClearProgressLine(); }
@@ -79,7 +73,7 @@ void Progress::Draw() {
 }
 
 Waiting::Waiting(std::string what) : what_(std::move(what)) {
-  if (::isatty(STDERR_FILENO) == 1) thread_ = std::thread([this] { Run(); });
+  if (ErrorIsTerminal()) thread_ = std::thread([this] { Run(); });
 }
 
 Waiting::~Waiting() {
@@ -110,23 +104,11 @@ void Waiting::Run() {
 
 FollowedWork::FollowedWork(std::string what)
     : what_(std::move(what)),
-      enabled_(::isatty(STDERR_FILENO) == 1),
+      enabled_(ErrorIsTerminal()),
       start_(Clock::now()),
-      next_(start_ + Delay()) {
-  isCancelled = 0;
-  struct sigaction action {};
-  action.sa_handler = NoteCancel;
-  action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
-  ::sigemptyset(&action.sa_mask);
-  ::sigaction(SIGINT, &action, &before_);
-  // A program that was started to ignore Ctrl-C goes on doing so.
-  if (before_.sa_handler == SIG_IGN) ::sigaction(SIGINT, &before_, nullptr);
-}
+      next_(start_ + Delay()) {}
 
-FollowedWork::~FollowedWork() {
-  ::sigaction(SIGINT, &before_, nullptr);
-  ClearProgressLine();
-}
+FollowedWork::~FollowedWork() { ClearProgressLine(); }
 
 void FollowedWork::BeginPart(std::string what, double part) {
   what_ = std::move(what);
@@ -139,7 +121,7 @@ bool FollowedWork::OnProgress(double share) noexcept {
     Draw(std::min(first_ + part_ * share, 1.0));
     next_ = Clock::now() + std::min(kBetween, Delay());
   }
-  return isCancelled == 0;
+  return !interrupt_.IsInterrupted();
 }
 
 void FollowedWork::Draw(double share) {
@@ -155,7 +137,7 @@ void FollowedWork::Draw(double share) {
 }
 
 void FollowedWork::EndIfCancelled(std::string const& outcome) const {
-  if (isCancelled != 0) throw Cancelled("cancelled; " + outcome);
+  if (interrupt_.IsInterrupted()) throw Cancelled("cancelled; " + outcome);
 }
 
 }  // namespace zelhost

@@ -6,12 +6,13 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <csignal>
 #include <cstddef>
 #include <mutex>
 #include <stdexcept>
 #include <string>
 #include <thread>
+
+#include "output/system.h"
 
 namespace zelhost {
 
@@ -110,7 +111,7 @@ class FollowedWork final : public zel::ZelProgress {
   bool enabled_;
   Clock::time_point start_;
   Clock::time_point next_;
-  struct sigaction before_;
+  InterruptWatch interrupt_;
 };
 
 }  // namespace zelhost

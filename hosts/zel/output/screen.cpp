@@ -1,12 +1,9 @@
 #include "output/screen.h"
 
-#include <locale.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-#include <wchar.h>
-
 #include <algorithm>
 #include <cstdlib>
+
+#include "output/system.h"
 
 namespace zelhost {
 namespace {
@@ -14,20 +11,14 @@ namespace {
 constexpr std::size_t kNarrowest = 40;
 constexpr std::size_t kWidest = 1000;
 
-// The locale that knows the widths of all letters, whatever the user's is; null if there is none.
-locale_t Letters() {
-  static locale_t const letters = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  return letters;
-}
-
 // The code point of the character at `at`, which has `bytes` bytes.
-wchar_t CodePoint(std::string const& text, std::size_t at, std::size_t bytes) {
+char32_t CodePoint(std::string const& text, std::size_t at, std::size_t bytes) {
   constexpr unsigned kFirstBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
   unsigned code = static_cast<unsigned char>(text[at]) & kFirstBits[bytes];
   for (std::size_t i = 1; i < bytes; ++i) {
     code = code << 6 | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
   }
-  return static_cast<wchar_t>(code);
+  return static_cast<char32_t>(code);
 }
 
 bool IsSet(char const* variable) {
@@ -50,24 +41,22 @@ std::size_t Screen::Width(std::string const& text) const {
     return static_cast<std::size_t>(
         std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
   }
-  locale_t const before = Letters() != nullptr ? ::uselocale(Letters()) : nullptr;
+  LetterWidths const widths;
   std::size_t width = 0;
   for (std::size_t at = 0; at < text.size();) {
     std::size_t const bytes = CharacterBytes(text, at);
-    int const one = bytes == 1 || before == nullptr ? 1 : ::wcwidth(CodePoint(text, at, bytes));
+    int const one = bytes == 1 ? 1 : widths.Of(CodePoint(text, at, bytes));
     width += one < 0 ? 1 : static_cast<std::size_t>(one);
     at += bytes;
   }
-  if (before != nullptr) ::uselocale(before);
   return width;
 }
 
 Screen OutputScreen() {
   Screen screen;
-  if (::isatty(STDOUT_FILENO) != 1) return screen;
+  if (!OutputIsTerminal()) return screen;
   screen.isTerminal = true;
-  struct winsize size {};
-  int columns = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+  int columns = TerminalColumns();
   if (columns == 0 && IsSet("COLUMNS")) columns = std::atoi(std::getenv("COLUMNS"));
   if (columns > 0) {
     screen.columns = std::clamp(static_cast<std::size_t>(columns), kNarrowest, kWidest);

@@ -1,3 +1,4 @@
+// Copies of files on a POSIX system.
 #include "desk/files/file_copy.h"
 
 #include <fcntl.h>
@@ -116,7 +117,7 @@ void GiveAccess(fs::path const& file, FileAccess const& access) {
   if (::chmod(file.c_str(), access.mode) != 0) Refuse(file);
 }
 
-std::optional<mode_t> ModeOfLibrariesIn(fs::path const& folder) {
+std::optional<FileMode> ModeOfLibrariesIn(fs::path const& folder) {
   std::map<mode_t, int> counts;
   std::error_code none;
   for (fs::path const name : NamesIn(folder, none)) {
@@ -133,7 +134,7 @@ std::optional<mode_t> ModeOfLibrariesIn(fs::path const& folder) {
   return best->first;
 }
 
-mode_t ModeOfNewFilesIn(fs::path const& folder) {
+FileMode ModeOfNewFilesIn(fs::path const& folder) {
   fs::path const probe = folder / "mode";
   mode_t const mode = [&] {
     Open const file(probe, kMakeNew, kEverybody);

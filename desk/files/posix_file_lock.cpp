@@ -1,3 +1,4 @@
+// Locks of a POSIX system.
 #include "desk/files/file_lock.h"
 
 #include <fcntl.h>
@@ -15,6 +16,8 @@
 
 namespace zel::desk {
 namespace {
+
+int DescriptorOf(std::intptr_t file) { return static_cast<int>(file); }
 
 // False if the path now names a file other than the one that was opened.
 bool IsAt(int descriptor, std::string const& path) {
@@ -49,7 +52,7 @@ bool IsInTheWay(int descriptor, short type) {
 
 }  // namespace
 
-FileLock FileLock::OfType(short type, std::string const& path, std::string const& shownAs) {
+FileLock FileLock::Open(bool isShared, std::string const& path, std::string const& shownAs) {
   int const descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
   if (descriptor < 0 && errno == ENOENT) {
     throw LibraryInUse(shownAs, "is being changed by another program; try again",
@@ -57,16 +60,17 @@ FileLock FileLock::OfType(short type, std::string const& path, std::string const
   }
   if (descriptor < 0) throw Failure(shownAs + ": " + std::strerror(errno));
   FileLock lock(descriptor);
-  if (!Lock(descriptor, type) || !IsAt(descriptor, path)) RefuseOpen(shownAs);
+  if (!Lock(descriptor, isShared ? F_RDLCK : F_WRLCK) || !IsAt(descriptor, path))
+    RefuseOpen(shownAs);
   return lock;
 }
 
 FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
-  return OfType(F_WRLCK, path, shownAs);
+  return Open(false, path, shownAs);
 }
 
 FileLock FileLock::Share(std::string const& path, std::string const& shownAs) {
-  return OfType(F_RDLCK, path, shownAs);
+  return Open(true, path, shownAs);
 }
 
 bool FileLock::IsHeld(std::string const& path) {
@@ -76,31 +80,31 @@ bool FileLock::IsHeld(std::string const& path) {
   return IsInTheWay(descriptor, F_WRLCK);
 }
 
-bool FileLock::HasReaders() const { return IsInTheWay(descriptor_, F_WRLCK); }
+bool FileLock::HasReaders() const { return IsInTheWay(DescriptorOf(file_), F_WRLCK); }
 
 void FileLock::KeepReadersOut(std::string const& shownAs) {
-  if (!Lock(descriptor_, F_WRLCK)) RefuseOpen(shownAs);
+  if (!Lock(DescriptorOf(file_), F_WRLCK)) RefuseOpen(shownAs);
 }
 
-FileLock::FileLock(FileLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+FileLock::FileLock(FileLock&& other) noexcept : file_(std::exchange(other.file_, -1)) {}
 
 FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  std::swap(descriptor_, other.descriptor_);
+  std::swap(file_, other.file_);
   return *this;
 }
 
 FileLock::~FileLock() {
-  if (descriptor_ >= 0) close(descriptor_);
+  if (file_ >= 0) close(DescriptorOf(file_));
 }
 
 // There is no turn on a file system without such locks, or while the program that called this one
 // keeps the folder locked; most callers then go on without it.
 FolderTurn::FolderTurn(std::string const& folder, Patience patience)
-    : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    : file_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
   int const tries = patience == Patience::kNone ? 1 : 200;
   constexpr std::chrono::milliseconds kBetween{10};
-  for (int i = 0; descriptor_ >= 0 && i < tries; ++i) {
-    if (flock(descriptor_, LOCK_EX | LOCK_NB) == 0) {
+  for (int i = 0; file_ >= 0 && i < tries; ++i) {
+    if (flock(DescriptorOf(file_), LOCK_EX | LOCK_NB) == 0) {
       isHeld_ = true;
       return;
     }
@@ -110,7 +114,7 @@ FolderTurn::FolderTurn(std::string const& folder, Patience patience)
 }
 
 FolderTurn::~FolderTurn() {
-  if (descriptor_ >= 0) close(descriptor_);
+  if (file_ >= 0) close(DescriptorOf(file_));
 }
 
 }  // namespace zel::desk
