@@ -1,5 +1,6 @@
 set(frame_SOURCES
     date_text.cpp
+    file_name.cpp
     folder_walk.cpp
     initialise.cpp
     known_folders.cpp

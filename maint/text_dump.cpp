@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "banks/catalogue.h"
+#include "frame/file_name.h"
 #include "frame/limits.h"
 #include "frame/number_text.h"
 #include "frame/path_parts.h"
@@ -159,7 +160,8 @@ void WriteTextDumps(LibFile* library) {
   while (walk.NextBank(type, bank)) {
     if (bank == kNotIndexed) continue;
     WriteComponentIndex(library, bank,
-                        path.folder + path.name + "." + bank + std::string(kComponentExtension));
+                        path.folder + path.name + "." +
+                            FileNameOf(bank + std::string(kComponentExtension)));
   }
 }
 

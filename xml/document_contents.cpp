@@ -1,5 +1,6 @@
 // Counts what a document holds, for hosts.
 #include "frame/ascii.h"
+#include "frame/file_name.h"
 #include "xml/import_ledger.h"
 #include "xml/xml_document.h"
 #include "zelaccess/Interchange.h"
@@ -44,6 +45,10 @@ bool ReadDocumentContents(char const* path, ZelDocumentContents& contents) {
   contents.components = ledger.Found(DocumentLedger::kComponent);
   contents.imports = ledger.Found(DocumentLedger::kImport);
   return true;
+}
+
+void GetFileName(char const* name, char* file, std::size_t size) {
+  GiveText(FileNameOf(TextOrEmpty(name)), file, size);
 }
 
 }  // namespace zel

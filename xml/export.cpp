@@ -5,6 +5,7 @@
 
 #include "banks/catalogue.h"
 #include "frame/date_text.h"
+#include "frame/file_name.h"
 #include "frame/limits.h"
 #include "maint/component_identity.h"
 #include "store/key.h"
@@ -64,6 +65,10 @@ std::string Export_i::PathOf(std::string const& file) const {
 
 std::string Export_i::Named(std::string_view base, std::string const& fallback) const {
   return (base.empty() ? fallback : std::string(base)) + extension_;
+}
+
+std::string Export_i::NamedAfter(std::string_view base, std::string const& contents) const {
+  return base.empty() ? FileNameOf(contents + extension_) : Named(base, {});
 }
 
 void Export_i::PutHeader(TextFile& out, std::string label) const {
@@ -174,7 +179,7 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
   bool const withFormat = switches_.writeFormat && stored != 0;
   if (!withFormat && stored > 1) return true;
   owner_.Log().ShowBankProgress(type, name);
-  file = Named(base, "Bank-" + type + "-" + name);
+  file = NamedAfter(base, "Bank-" + type + "-" + name);
   TextFile out(PathOf(file));
   if (!out) return false;
   PutHeader(out, BankLabel(type, name));
@@ -240,7 +245,7 @@ Export_i::Written Export_i::WriteComponentFile(char const* bank, Key* key,
   if (!read || !LibMaint_i(&library_).ReadItem(record.Get(), bank, key)) {
     return Written::kNoComponent;
   }
-  file = Named(base, "Comp-" + std::string(bank) + "-" + component);
+  file = NamedAfter(base, "Comp-" + std::string(bank) + "-" + component);
   TextFile out(PathOf(file));
   if (!out) return Written::kNotWhole;
   PutHeader(out, BankLabel(kPureComponentType, bank) + ", component \"" + component + "\"");

@@ -48,6 +48,8 @@ class Export_i {
   bool WriteComponents(platform::TextFile& out, std::string const& bank);
   std::string PathOf(std::string const& file) const;
   std::string Named(std::string_view base, std::string const& fallback) const;
+  // The file for a bank or a component, whose name can have what file names cannot.
+  std::string NamedAfter(std::string_view base, std::string const& contents) const;
   void PutHeader(platform::TextFile& out, std::string label) const;
   static void PutMemo(platform::TextFile& out, std::string memo);
 

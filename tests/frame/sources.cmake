@@ -3,6 +3,7 @@ set(frame_TEST_SOURCES
     block_file_sharing_test.cpp
     block_file_test.cpp
     child.cpp
+    file_name_test.cpp
     folder_walk_test.cpp
     number_text_test.cpp
     path_parts_test.cpp

@@ -87,6 +87,12 @@ Steps Imports() {
        }},
       {"contents of a document", "ReadDocumentContents", Opens::kNothing, kParses, nullptr,
        [](Bench& b, Outcome& o) { Read(b, o, kLibraryDocument); }},
+      {"name of a file", "GetFileName", Opens::kNothing, kPlain, nullptr,
+       [](Bench&, Outcome& o) {
+         char file[64] = {};
+         zel::GetFileName("Bank-NRTL-with a name that needs memory/x", file, sizeof file);
+         o.Add(static_cast<long long>(file[0]));
+       }},
       {"contents of a component's document", "ReadDocumentContents", Opens::kNothing, kPlain,
        nullptr, [](Bench& b, Outcome& o) { Read(b, o, kComponentDocument); }},
   };

@@ -211,20 +211,6 @@ std::vector<BankName> ExportedBanks(Library const& library, Options const& o) {
   return o.bank.empty() ? library.Banks() : std::vector<BankName>{library.Bank(o.bank)};
 }
 
-// Checks the names of banks and components after which documents without a given name are named.
-void CheckNames(Library const& library, Options const& o, ExportTarget const& target) {
-  std::vector<BankName> const banks = ExportedBanks(library, o);
-  if (o.bank.empty() || target.name.empty()) CheckDocumentNames(library, banks);
-  if (o.componentFiles) CheckComponentNames(library, banks);
-  if (!o.component.empty() && target.name.empty()) {
-    CheckDocumentNames(library, {library.ComponentBank(o.bank)});
-    if (o.component.find('/') != std::string::npos) {
-      throw Failure("a document cannot be named after component " + o.component +
-                    "; name it with -o FILE.xml");
-    }
-  }
-}
-
 BeyondDocuments BeyondIn(Library const& library, Options const& o) {
   if (!o.component.empty()) return {};
   if (o.bank.empty()) return FindBeyondDocuments(library, nullptr);
@@ -287,7 +273,6 @@ Report Export(Session& session, Options const& given) {
   if (isOutput) CheckStandardOutput(session, o);
   ExportTarget const target =
       isOutput ? ExportTarget{fs::temp_directory_path(), kOnlyDocument} : TargetOf(o);
-  CheckNames(library, o, target);
   OutputFolder documents(target.folder, o.output.empty() ? o.path : o.output);
   std::string const path = documents.PathOf(target.name);
   FollowedWork work("exporting " + o.path);
@@ -364,7 +349,7 @@ Report DumpIndexes(Session& session, Options const& o) {
     checked("written", ".bnk", false);
     PureComponent const component;
     for (BankName const& bank : library.Banks(kPureType)) {
-      checked("components of " + bank.name, "." + bank.name + ".cmp",
+      checked("components of " + bank.name, "." + FileNameOf(bank.name + ".cmp"),
               Keys(library, bank, *component.Def()).empty());
     }
   }

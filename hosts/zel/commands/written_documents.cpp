@@ -10,7 +10,6 @@
 #include "desk/files/output_file.h"
 #include "desk/open/fields.h"
 #include "desk/open/item_key.h"
-#include "desk/open/pure_component.h"
 #include "desk/words/failure.h"
 
 namespace zelhost {
@@ -18,9 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kSeparator = '/';
-
-bool HasSeparator(std::string const& name) { return name.find(kSeparator) != std::string::npos; }
+constexpr std::size_t kLongestFileName = 255;
 
 zel::ZelDocumentContents ContentsOf(fs::path const& document) {
   zel::ZelDocumentContents contents;
@@ -57,30 +54,10 @@ void Tell(Session& session, Report& report, char const* fact, Table const& findi
 
 }  // namespace
 
-void CheckDocumentNames(Library const& library, std::vector<BankName> const& banks) {
-  for (BankName const& bank : banks) {
-    if (!HasSeparator(bank.name)) continue;
-    throw Failure(library.Path() + ": bank " + ToText(bank) +
-                  " has \"/\" in its name, which a file name cannot contain; export the "
-                  "banks one at a time, this one with -o FILE.xml");
-  }
-}
-
-void CheckComponentNames(Library const& library, std::vector<BankName> const& banks) {
-  for (BankName const& bank : banks) {
-    if (bank.type != kPureType) continue;
-    PureComponent component;
-    std::int32_t words[10] = {};
-    library.Maint().BeginItemWalk(bank.type.c_str(), bank.name.c_str());
-    while (library.Maint().NextItem(words, component.Def())) {
-      std::string const id = component.ReadIdentity().FirstId();
-      if (!HasSeparator(id)) continue;
-      throw Failure(library.Path() + ": component " + id + " of bank " + ToText(bank) +
-                    " has \"/\" in its ID, which a file name cannot contain; export "
-                    "without --component-files");
-    }
-    library.Maint().EndItemWalk();
-  }
+std::string FileNameOf(std::string const& name) {
+  char file[kLongestFileName + 1];
+  zel::GetFileName(name.c_str(), file, sizeof(file));
+  return file;
 }
 
 void ReportUnreadable(Session& session, Report& report, fs::path const& folder) {
@@ -110,7 +87,7 @@ void ReportMissing(Session& session, Report& report, Library const& library,
   Table table("missing", {{"bank", ""}, {"items", ""}, {"written", ""}});
   std::string const extension = name.has_extension() ? name.extension().string() : ".xml";
   for (BankName const& bank : banks) {
-    std::string const usual = "Bank-" + bank.type + "-" + bank.name + extension;
+    std::string const usual = FileNameOf("Bank-" + bank.type + "-" + bank.name + extension);
     fs::path const document = folder / (isSingle && !name.empty() ? name.string() : usual);
     zel::ZelDocumentContents const contents = ContentsOf(document);
     if (!contents.readable) continue;

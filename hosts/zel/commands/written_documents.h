@@ -10,10 +10,8 @@
 
 namespace zelhost {
 
-// Documents are named after banks and, with `componentFiles`, after components. Throws Failure for
-// a name that no file can have; `banks` are those after which documents are named.
-void CheckDocumentNames(Library const& library, std::vector<BankName> const& banks);
-void CheckComponentNames(Library const& library, std::vector<BankName> const& banks);
+// The name of a file that is named after a bank or a component (zelaccess/Interchange.h).
+std::string FileNameOf(std::string const& name);
 
 // The fact of ReportUnreadable with the number of characters that it has removed.
 inline constexpr char kControlsLeftOut[] = "control characters left out";
