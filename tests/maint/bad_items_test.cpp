@@ -11,6 +11,7 @@
 #include "tests/maint/maint_fixture.h"
 #include "tests/support/failing_file_system.h"
 #include "tests/support/sample_component.h"
+#include "tests/support/text_stream.h"
 #include "zelaccess/Verify.h"
 
 namespace zel {
@@ -169,17 +170,13 @@ TEST_F(BadItemsTest, MemoWhoseReadFailsIsThrown) {
 TEST_F(BadItemsTest, DumpOfATreeWhoseReadFailsThrows) {
   files_.ServeViews(false);
   Open(accRead);
-  char* text = nullptr;
-  std::size_t size = 0;
-  std::FILE* const stream = open_memstream(&text, &size);
+  test::TextStream const stream;
   std::int32_t const* entry = nullptr;
   ASSERT_TRUE(library_->FindBank(kType, "PURE", entry, false));
   failing_.FailAt(1, false);
-  EXPECT_THROW(maint_->DumpBankTree(kType, "PURE", 0, stream, -1), unsigned long);
+  EXPECT_THROW(maint_->DumpBankTree(kType, "PURE", 0, stream.Get(), -1), unsigned long);
   failing_.FailAt(0, false);
-  EXPECT_TRUE(maint_->DumpBankTree(kType, "PURE", 0, stream, 3));
-  std::fclose(stream);
-  std::free(text);
+  EXPECT_TRUE(maint_->DumpBankTree(kType, "PURE", 0, stream.Get(), 3));
 }
 
 TEST_F(BadItemsTest, WalkThrowsOrTellsAndGoesOn) {

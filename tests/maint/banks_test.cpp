@@ -10,6 +10,7 @@
 #include "tests/maint/maint_fixture.h"
 #include "tests/support/allocations.h"
 #include "tests/support/bank_types.h"
+#include "tests/support/text_stream.h"
 
 namespace zel {
 namespace {
@@ -214,20 +215,17 @@ TEST_F(BanksTest, TreeOfABankIsReported) {
   hocv->SetDoubleField("eta", &eta);
   key_.SetKey(7L);
   ASSERT_TRUE(Maint().WriteItem(hocv.Get(), "H", &key_));
-  char* text = nullptr;
-  std::size_t size = 0;
-  std::FILE* stream = open_memstream(&text, &size);
-  EXPECT_TRUE(Maint().DumpBankTree("HOCV", "H", 1, stream, 1));
-  EXPECT_FALSE(Maint().DumpBankTree("HOCV", "H", 1, stream, 2));
-  EXPECT_FALSE(Maint().DumpBankTree("HOCV", "NONE", 1, stream, 0));
-  std::fclose(stream);
-  EXPECT_EQ(std::string(text, size / 2),
+  test::TextStream const stream;
+  EXPECT_TRUE(Maint().DumpBankTree("HOCV", "H", 1, stream.Get(), 1));
+  EXPECT_FALSE(Maint().DumpBankTree("HOCV", "H", 1, stream.Get(), 2));
+  EXPECT_FALSE(Maint().DumpBankTree("HOCV", "NONE", 1, stream.Get(), 0));
+  std::string const text = stream.Text();
+  EXPECT_EQ(text.substr(0, text.size() / 2),
             "\n"
             " Node----------  No  Link  Key----------------  Data--------  Link\n"
             "  0 (112000002)   1  (--)  /00000007/00000007/  /0x3f000000/  (--)\n"
             " --------------  --  ----  -------------------  ------------  ----\n"
             " Total entries    1 - passed\n\n");
-  std::free(text);
 }
 
 TEST_F(BanksTest, HundredsOfBanksSplitTheDirectoryAndStayFound) {

@@ -40,7 +40,7 @@ class PublishedRecords {
     library_.reset(LibFile::NewLibFile(libKind11, (folder_ / "r.lb1").string().c_str(), error));
     if (error != openOk) throw std::runtime_error("no library in " + folder_.string());
     maint_.reset(LibMaint::NewLibMaint(library_.get()));
-    if (!maint_->Import((documents / (source_ + ".xml")).c_str(), false)) {
+    if (!maint_->Import((documents / (source_ + ".xml")).string().c_str(), false)) {
       throw std::runtime_error(maint_->GetLastErrorText());
     }
   }

@@ -2,11 +2,10 @@
 // specified.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "tests/store/btree_fixture.h"
+#include "tests/support/text_stream.h"
 
 namespace zel {
 namespace {
@@ -363,12 +362,9 @@ TEST_F(DamagedTreeTest, TreeInAFileNotOpenedYetIsWhole) {
     ASSERT_EQ(library_->OpenExisting({false, {}}, nullptr), openOk);
   };
   open();
-  char* text = nullptr;
-  std::size_t size = 0;
-  std::FILE* stream = open_memstream(&text, &size);
-  EXPECT_TRUE(BTree_i(library_->Store(), head_.data()).DumpTree(0, stream, 2 * kChildren + 1));
-  std::fclose(stream);
-  std::free(text);
+  test::TextStream const stream;
+  EXPECT_TRUE(
+      BTree_i(library_->Store(), head_.data()).DumpTree(0, stream.Get(), 2 * kChildren + 1));
   open();
   EXPECT_EQ(Keys().size(), 2U * kChildren + 1);
   open();

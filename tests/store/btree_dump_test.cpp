@@ -1,12 +1,12 @@
 // The exact text of the tree report.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
 #include "store/btree.h"
 #include "store/lib_file.h"
 #include "tests/support/memory_file_system.h"
+#include "tests/support/text_stream.h"
 
 namespace zel {
 namespace {
@@ -30,15 +30,10 @@ class DumpTest : public ::testing::Test {
     tree.WriteCurrentNode();
   }
   std::string Dump(int indent, int expected, bool& verdict) {
-    char* text = nullptr;
-    std::size_t size = 0;
-    std::FILE* stream = open_memstream(&text, &size);
+    test::TextStream const stream;
     BTree_i tree(library_.Store(), head_);
-    verdict = tree.DumpTree(indent, stream, expected);
-    std::fclose(stream);
-    std::string const result(text, size);
-    std::free(text);
-    return result;
+    verdict = tree.DumpTree(indent, stream.Get(), expected);
+    return stream.Text();
   }
 
   test::MemoryFileSystem files_;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 #include "zelaccess/Casn.h"
@@ -49,7 +50,12 @@ TEST(Casn, IntegersAreValidatedByTheCheckDigit) {
   EXPECT_EQ(Text(casn(7732185L)), "7732-18-5");
   EXPECT_EQ(Text(casn(50000)), "50-00-0");
   EXPECT_EQ(Value(casn(static_cast<short>(11))), 11);
-  for (long bad : {7732186L, 0L, -7732185L, 1L << 40, 7732185L + (1L << 32)}) {
+  // Where a long has 64 bits, also values that differ from others only in the upper ones.
+  constexpr bool kIsLong = sizeof(long) > sizeof(std::int32_t);
+  constexpr long kLarge = kIsLong ? static_cast<long>(std::int64_t{1} << 40) : 2147483647L;
+  constexpr long kUpper =
+      kIsLong ? static_cast<long>(7732185 + (std::int64_t{1} << 32)) : -2147483647L;
+  for (long bad : {7732186L, 0L, -7732185L, kLarge, kUpper}) {
     EXPECT_EQ(Value(casn(bad)), 0) << bad;
     EXPECT_EQ(Text(casn(bad)), "") << bad;
   }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -34,7 +35,7 @@ TEST_F(KeyTest, NumberIsKept) {
 }
 
 TEST_F(KeyTest, NumbersAreCutToTheirWord) {
-  key_.SetKey((1L << 32) + 5);
+  key_.SetKey(static_cast<long>((std::int64_t{1} << 32) + 5));
   ASSERT_TRUE(Resolve(nullptr));
   EXPECT_EQ(Words(key_, 1)[0], 5);
 }
@@ -153,14 +154,17 @@ TEST_F(KeyTest, DirectWordsAreCutToTen) {
   EXPECT_EQ(key_.GetCompCount(), 10);
   EXPECT_EQ(Words(key_, 10), std::vector<std::int32_t>(words, words + 10));
   EXPECT_EQ(key_.GetCompKind(0), keyNone);
-  for (long none : {0L, -1L, -(1L << 40)}) {
+  // Where a long has 64 bits, one whose lower ones are 0.
+  constexpr long kMany =
+      sizeof(long) > sizeof(std::int32_t) ? static_cast<long>(std::int64_t{1} << 40) : 2147483647L;
+  for (long none : {0L, -1L, -kMany}) {
     key_.SetKeyWords(12, words);
     key_.SetKeyWords(none, words);
     EXPECT_EQ(key_.GetCompCount(), 0);
     ASSERT_TRUE(Resolve(nullptr, 2));
     EXPECT_FALSE(swapped_);
   }
-  key_.SetKeyWords(1L << 40, words);
+  key_.SetKeyWords(kMany, words);
   EXPECT_EQ(key_.GetCompCount(), 10);
   key_.SetKeyWords(2, words);
   EXPECT_EQ(Words(key_, 3), (std::vector<std::int32_t>{1, 2, 0})) << "the others are cleared";

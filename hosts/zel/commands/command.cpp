@@ -294,6 +294,7 @@ CommandLine::CommandLine(Session& session)
       app_(std::make_unique<CLI::App>(
           "zel: inspects and maintains component libraries of thermophysical data", "zel")) {
   app_->require_subcommand(1);
+  app_->allow_windows_style_options(false);  // "/data/a.lb1" is a path everywhere
   app_->set_version_flag("--version", "zel " ZEL_VERSION);
   app_->footer(
       "A component is named by its number, ID, CAS number or name, a bank by its name\n"

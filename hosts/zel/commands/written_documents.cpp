@@ -21,7 +21,7 @@ constexpr std::size_t kLongestFileName = 255;
 
 zel::ZelDocumentContents ContentsOf(fs::path const& document) {
   zel::ZelDocumentContents contents;
-  zel::ReadDocumentContents(document.c_str(), contents);
+  zel::ReadDocumentContents(document.string().c_str(), contents);
   return contents;
 }
 
