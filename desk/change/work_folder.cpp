@@ -91,7 +91,7 @@ void WorkFolder::WriteOut(std::optional<ChangeRecord> const& record) const {
   for (int number = 1; number <= kMostFiles; ++number) {
     std::string const file = FileOf(First(), number);
     if (!Exists(file)) continue;
-    SyncPath(file);
+    SyncFile(file);
     if (number > 1 && !Exists(FileOf(library_, number))) {
       MakeMark(fs::path(folder_) / AddedName(number));
     }

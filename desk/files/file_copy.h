@@ -35,7 +35,7 @@ std::optional<FileMode> ModeOfLibrariesIn(std::filesystem::path const& folder);
 FileMode ModeOfNewFilesIn(std::filesystem::path const& folder);
 
 // Copies into a new file that only this user can read and write. Holes remain holes, and blocks are
-// shared if the file system can do that. The copy is not on disk yet: see SyncPath. Throws
+// shared if the file system can do that. The copy is not on disk yet: see SyncFile. Throws
 // std::filesystem::filesystem_error, also if `to` exists.
 void CopyWithHoles(std::filesystem::path const& from, std::filesystem::path const& to);
 
@@ -45,6 +45,9 @@ void WriteNewFile(std::filesystem::path const& path, std::string const& text);
 // The same with one line, which says what the file is.
 void MakeMark(std::filesystem::path const& path);
 
+// Has the system write the contents of a file to disk. Throws std::filesystem::filesystem_error if
+// that fails.
+void SyncFile(std::filesystem::path const& path);
 // Asks the system to write a file or folder to disk, as far as it can.
 void SyncPath(std::filesystem::path const& path);
 

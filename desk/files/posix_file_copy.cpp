@@ -166,6 +166,14 @@ void MakeMark(fs::path const& path) {
   WriteNewFile(path, "Made by zel while it changes a library.\n");
 }
 
+void SyncFile(fs::path const& path) {
+  Open file(path, O_RDONLY | O_NOFOLLOW);
+  // Some file systems cannot do it.
+  bool const isDone = ::fsync(file.Get()) == 0 || errno == EINVAL || errno == ENOTSUP;
+  if (!isDone) Refuse(path);
+  file.Close();
+}
+
 void SyncPath(fs::path const& path) {
   int const descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
   if (descriptor < 0) return;

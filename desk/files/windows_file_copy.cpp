@@ -82,6 +82,16 @@ void MakeMark(fs::path const& path) {
   WriteNewFile(path, "Made by zel while it changes a library.\n");
 }
 
+void SyncFile(fs::path const& path) {
+  std::intptr_t const file = OpenHandle(path, GENERIC_READ | GENERIC_WRITE, kShareAll,
+                                        OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT);
+  if (file == -1) return;  // it may not be written any longer
+  bool const isDone = ::FlushFileBuffers(HandleOf(file)) != 0;
+  std::error_code const error = isDone ? std::error_code() : LastError();
+  Close(file);
+  if (!isDone) throw fs::filesystem_error("", path, error);
+}
+
 // The file system writes which files there are in a folder to its journal by itself.
 void SyncPath(fs::path const& path) {
   std::intptr_t const file = OpenHandle(path, GENERIC_READ | GENERIC_WRITE, kShareAll,

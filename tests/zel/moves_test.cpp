@@ -135,6 +135,22 @@ class MovesTest : public ChangeTest {
 };
 
 // The last three moves are those of the version: its folder and its two files.
+// A disk that could not write the new library would lose it after the old one is gone. The first
+// two syncs of an undo are those of its files.
+TEST_F(MovesTest, SyncOfAFileThatFailsIsAFailure) {
+  Good("set own/own.lb1 --description one");
+  Contents const before = ContentsOf(Own());
+  for (long const operation : {1, 2}) {
+    Fault fault = FailsAt("fsync");
+    fault.operation = operation;
+    FaultedRun const run = Run({"undo", "own.lb1"}, fault);
+    if (!run.isTraced) GTEST_SKIP() << "the system does not allow it";
+    EXPECT_EQ(run.failed, "fsync");
+    EXPECT_TRUE(IsTold(run)) << run.status << run.err;
+    EXPECT_TRUE(ContentsOf(Own()) == before) << operation;
+  }
+}
+
 TEST_F(MovesTest, Set) {
   EachMove({"set", "own.lb1", "--description", "x"}, old_);
   EXPECT_EQ(withoutHistory_, 1);
