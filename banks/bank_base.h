@@ -78,7 +78,7 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
 
   // Single fields of records as columns, without filling the bank.
   //
-  // The field with this name and one of the two types; null when there is none.
+  // The field with this name and one of the two types; null if the bank does not have it.
   virtual Field const* FindColumn(std::string_view name, FieldType type,
                                   FieldType otherType) const {
     return fields_.Find(name, type, otherType);
@@ -154,7 +154,7 @@ class BankBase_i : public IZelBankDef, public IZelBankIO, public IZelBankTest {
     }
     return true;
   }
-  // In this order: a counter comes before what it counts.
+  // To be called in the order of the arguments, in which a counter comes before what it counts.
   template <Arguments const& kArguments, std::size_t kIndex>
   void TakeArgument(void const* from) {
     constexpr Field const& kField = *kArguments.List()[kIndex];

@@ -69,7 +69,7 @@ inline constexpr FieldRule kBound = {.isBound = true};
 inline constexpr FieldRule kNegated = {.turn = Turn::kNegated};
 inline constexpr FieldRule kOneMinus = {.turn = Turn::kOneMinus};
 constexpr FieldRule DefaultsTo(double value) { return {.byDefault = value}; }
-// Belongs in only one of the two rows.
+// Used in only one of the two rows.
 constexpr FieldRule ExchangedWith(std::string_view other) {
   return {.turn = Turn::kExchanged, .exchangedWith = other};
 }

@@ -95,13 +95,13 @@ class FieldTable {
   constexpr std::int32_t RecordWords(std::int32_t format) const noexcept {
     return recordWords_[static_cast<std::size_t>(format - 1)];
   }
-  // The number of values that a bank of the type holds.
+  // The numbers of values that a bank of the type holds.
   constexpr std::size_t Reals() const noexcept { return reals_; }
   constexpr std::size_t Integers() const noexcept { return integers_; }
   constexpr std::size_t Characters() const noexcept { return characters_; }
 
-  // The first row with this name, without regard to case, and one of the two types; null when there
-  // is none.
+  // The first row with this name, without regard to case, and one of the two types; null if the
+  // table does not have one.
   constexpr Field const* Find(std::string_view name, FieldType type,
                               FieldType otherType) const noexcept {
     for (Field const& field : Rows()) {

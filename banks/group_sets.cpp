@@ -16,7 +16,7 @@ using InteractionBank = InteractionOperations<BankWithFields<Interface, kFields>
                                               decltype(&Interface::GetInteraction),
                                               decltype(&Interface::PutInteraction)>;
 
-// All have the same parameters for the set and for a group.
+// The base of all sets, which have the same parameters for the set and for a group.
 template <typename Interface, FieldTable const& kFields, Arguments const& kInteraction>
 class SetBank : public InteractionBank<Interface, kFields, kInteraction> {
  public:

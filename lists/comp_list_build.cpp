@@ -230,7 +230,7 @@ class KeyedRows {
                      static_cast<std::uint32_t>(key.size()), static_cast<std::int32_t>(row)});
     keys_.append(key);
   }
-  // By key, the lower row first where keys are equal.
+  // Sorts by key; where keys are equal, the lower row comes first.
   void Sort() {
     std::sort(rows_.begin(), rows_.end(), [this](KeyedRow const& a, KeyedRow const& b) {
       if (a.start != b.start) return a.start < b.start;
@@ -302,7 +302,8 @@ void CompListBuild_i::MakeNumberOrder(compListSorts sort, Takes const& takes, Va
   for (auto const& row : listed) order.push_back(row.second);
 }
 
-// Rows that were sorted before are in the list; the order of those with equal keys stays.
+// Takes back rows that are in the list because they were sorted before; rows with equal keys stay
+// in their order.
 void CompListBuild_i::TakeSortedBack() {
   if (!sorted_) return;
   records_ = list_.Entries();

@@ -40,8 +40,8 @@ struct BankName {
 };
 
 // A bank object that a host passed to a call, with what it reports about its blocks. All objects of
-// one of the library's own classes report the same: for an object of the same class as the last one
-// nothing is asked again. An object of another implementation is asked each time.
+// one of the library's own classes report the same: an object of the same class as the last one is
+// not queried again. An object of another implementation is queried each time.
 class BankObject {
  public:
   // False when the object is null or has no IZelBankIO. The host keeps the object alive during the
@@ -79,7 +79,8 @@ class BankObject {
   std::type_info const* class_ = nullptr;
 };
 
-// The state of a library at a moment: what was located then is still good in the same state.
+// The state of a library at a moment: what was located then is valid as long as the state is the
+// same.
 struct LibraryStamp {
   std::uint64_t changes = 0;  // writes of blocks
   // 0 in a library open for reading, where they change nothing.

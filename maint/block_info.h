@@ -42,7 +42,7 @@ struct BankInfo {
   }
 };
 
-// A record format and its length in words; format 0 when there is none.
+// A record format and its length in words; format 0 means no format.
 struct RecordFormat {
   std::int32_t format = 0;
   std::int32_t words = 0;

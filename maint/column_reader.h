@@ -19,7 +19,7 @@ class ColumnReader_i final : public ColumnReader {
   ColumnReader_i& operator=(ColumnReader_i const&) = delete;
   ~ColumnReader_i() override = default;
 
-  // False when there is no such bank, or one of another layout.
+  // False if the bank does not exist or has another layout.
   bool Begin(char const* type, char const* name);
 
   std::int32_t GetKeyWords() const override { return maint_.WalkedKeyWords(); }
@@ -30,7 +30,7 @@ class ColumnReader_i final : public ColumnReader {
   std::int32_t Read(std::int32_t rows) override;
 
  private:
-  // A column of the host's.
+  // A column of the host.
   struct Column {
     Field const* field;  // null for the key
     void* values;

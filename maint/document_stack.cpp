@@ -72,7 +72,7 @@ DocumentsOfImport::~DocumentsOfImport() {
     for (std::size_t i = taken_; i < own_.documents_.size(); ++i) {
       outer.push_back(std::move(own_.documents_[i]));
     }
-  } catch (std::bad_alloc const&) {  // the next import starts from an entry before
+  } catch (std::bad_alloc const&) {  // the next import starts from an earlier entry
   }
   while (before_ == nullptr && outer.size() > kMostKept) outer.pop_front();
 }

@@ -17,11 +17,10 @@ namespace zel {
 class DocumentStack {
  public:
   // Puts a document on top and returns its full path, resolved against the document that was on top
-  // or else the working folder. Empty when there is no such path or it has more than 259
-  // characters.
+  // or else the working folder. Empty when the path does not exist or has more than 259 characters.
   std::string Push(std::string_view path);
   void Pop();
-  // File name with extension of the document on top; empty when there is none.
+  // File name with extension of the document on top; empty without a document.
   std::string const& TopFile() const noexcept;
 
   void Clear() noexcept;

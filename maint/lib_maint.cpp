@@ -65,8 +65,8 @@ void LibMaint_i::StoreHead(char const* type, char const* name) {
   bank_.SettleDirectory(*library_);
 }
 
-// After an insert that gave the bank's tree a new root: if that cannot be entered into the
-// directory, the insert is undone, since the old root no longer leads to all items.
+// To be called after an insert that gave the bank's tree a new root: if that cannot be entered into
+// the directory, the insert is undone, since the old root no longer leads to all items.
 void LibMaint_i::StoreGrownHead(char const* type, char const* name) {
   try {
     StoreHead(type, name);

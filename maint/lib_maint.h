@@ -116,9 +116,9 @@ class LibMaint_i final : public LibMaint_p {
   // the last failed step.
   MaintLog& Log() noexcept { return log_; }
   LibFile_i* Library() const noexcept { return library_; }
-  // Report to the host's sink for items that a block of something cannot be read, or what is left
-  // out for another reason. Return false when there is no sink: the caller then lets a block error
-  // propagate.
+  // Report to the host's sink for items that the item at `place` cannot be read because of a block,
+  // or is left out for another reason. Return false without a sink: the caller then lets a block
+  // error propagate.
   bool TellUnread(std::string const& place, unsigned long address) const;
   bool TellLeftOut(std::string const& place, std::string const& why) const;
 
@@ -130,7 +130,7 @@ class LibMaint_i final : public LibMaint_p {
   std::int32_t WalkedKeyWords() const noexcept { return keyWords_; }
   // The record format of the walked bank; 0 when an object of the bank's type does not fit it.
   std::int32_t FormatOfWalk(IZelBankDef* bank);
-  // The item of an entry, for a report to the host.
+  // The place of an entry's item, for a report to the host.
   std::string PlaceInWalk(std::int32_t const* entry) const;
 
  private:

@@ -77,8 +77,8 @@ std::string KeyText(ComponentIdentity const& identity, Key_p const& key) {
   }
 }
 
-// Ignores errors that damage to a library causes, and rethrows those of a failing disk: what could
-// not be read may contain a conflict.
+// Ignores errors that damage to a library causes, but rethrows those of a failing disk: what could
+// not be read then may contain a conflict.
 template <typename Work>
 void UnlessDamaged(Work const& work) {
   try {
@@ -132,7 +132,7 @@ void LibMaint_i::WarnOfSharedCas(IZelPureComp* component, LibFile_p* reference) 
   if (other == 0) other = OtherWithCas(library_, identity);
   if (other == 0) return;
   char id[ComponentIdentity::kIdSize] = {};
-  // This component is written even if the other one is damaged.
+  // The component is written even if the other one is damaged.
   UnlessDamaged([&] { GetIdOfNumber(other, id); });
   char number[16];
   std::snprintf(number, sizeof number, " (%08d)", other);

@@ -35,7 +35,7 @@ std::vector<KeyWords> KeysOf(BTree_i& tree, std::int32_t keyWords, std::int32_t 
   return keys;
 }
 
-// Lets the entries with these keys lead to a number.
+// Makes the entries with these keys lead to a number.
 void Lead(BTree_i& tree, std::vector<KeyWords> const& keys, std::int32_t number) {
   for (KeyWords const& key : keys) {
     std::int32_t const* found = nullptr;
@@ -46,7 +46,7 @@ void Lead(BTree_i& tree, std::vector<KeyWords> const& keys, std::int32_t number)
   }
 }
 
-// The identifiers of a number, also those that its component has no more.
+// The identifiers of a number, also those that its component no longer has.
 class Identifiers {
  public:
   Identifiers(LibFile_i& library, std::int32_t number)
@@ -58,7 +58,7 @@ class Identifiers {
     if (ids_ != nullptr) Lead(*ids_, idKeys_, number);
     if (casNumbers_ != nullptr) Lead(*casNumbers_, casKeys_, number);
   }
-  // Goes as far as it gets.
+  // Changes as many of them as it can.
   void TryToLeadTo(std::int32_t number) noexcept {
     try {
       LeadTo(number);

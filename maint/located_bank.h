@@ -39,15 +39,15 @@ class LocatedBank {
     OpenTree(library, entry + format::kBankHead);
     return Fit(bank, info);
   }
-  // The same, but neither the directory nor the nodes of the last path are read again while they
-  // must still be what they were: while nothing was written to the library by another object, its
-  // files were not closed, and, in a library open for update, the directory was not searched. (A
-  // search there also repairs the entry in the directory's node, which a later write includes.) An
-  // object that writes calls Settle afterwards.
+  // The same, but neither the directory nor the nodes of the last path are read again as long as
+  // they cannot have changed: while nothing was written to the library by another object, its files
+  // were not closed, and, in a library open for update, the directory was not searched. (A search
+  // there also repairs the entry in the directory's node, which a later write includes.) An object
+  // that writes calls Settle afterwards.
   Answer LocateAgain(LibFile_i& library, BankObject const& bank, char const* name);
-  // After a change of the library that this object made through its tree.
+  // To be called after a change of the library that this object made through its tree.
   void Settle(LibFile_i& library) noexcept { stamp_.changes = library.Store().Changes(); }
-  // After the caller found the bank in the directory again.
+  // To be called after the caller found the bank in the directory again.
   void SettleDirectory(LibFile_i& library) noexcept {
     stamp_.directorySearches = library.DirectorySearches();
   }

@@ -53,7 +53,7 @@ class MaintLog {
   bool HasErrors() const noexcept { return errorFlag_; }
   std::int32_t ErrorCount() const noexcept { return errorCount_; }
   std::int32_t WarningCount() const noexcept { return warningCount_; }
-  // The last error, with its label; null when there was none in this run.
+  // The last error, with its label; null if no error was reported in this run.
   char const* LastErrorText() const noexcept { return errorFlag_ ? lastError_.c_str() : nullptr; }
 
  private:

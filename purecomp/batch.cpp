@@ -44,7 +44,7 @@ ZelStatus RunBatch(Curve& curve, ZelBatch const& batch) noexcept {
   return run.Total();
 }
 
-// Every element fails by itself.
+// Reports a failure for each element.
 ZelStatus FailAll(ZelBatch const& batch) noexcept {
   for (std::int64_t i = 0; batch.results != nullptr && i < batch.count; ++i) {
     batch.results[i * batch.resultStride] = kStatusFailed;

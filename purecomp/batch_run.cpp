@@ -35,7 +35,7 @@ BatchRun::Bound const& BatchRun::BoundAt(std::int32_t status) noexcept {
   call.order = std::max(batch_.order, 1);
   bound.value = bound.derivative = std::numeric_limits<double>::quiet_NaN();
   RangeStatus const there = EvaluateEquation(call, bound.value, bound.derivative, nullptr);
-  // A form without a value would have left what it was passed.
+  // A form without a value leaves the NaN that it was passed.
   bound.isUsable = there == kInRange && !std::isnan(bound.value);
   return bound;
 }

@@ -49,7 +49,7 @@ class BatchRun {
   BatchRun(BatchRun const&) = delete;
   BatchRun& operator=(BatchRun const&) = delete;
 
-  // Where results go that are not wanted.
+  // Receives results that the host did not ask for.
   struct Unwanted {
     double value = 0.0;
     double derivative = 0.0;

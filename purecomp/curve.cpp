@@ -53,7 +53,7 @@ void ExtrapolateFrom(Extrapolation mode, std::int32_t order, double temperature,
   double const V = value;
   double const dV = derivative;
   if (order > kThirdDerivative) {
-    // With sensitivities there is no slope: the value is that at the bound.
+    // Order 11, the sensitivities, has no slope: the value is that at the bound.
     if (mode == Extrapolation::kLogarithmic && !(V > 0.0)) value = 0.0;
     derivative = 0.0;
   } else if (mode == Extrapolation::kLogarithmic) {
@@ -70,7 +70,7 @@ ZelStatus EvaluateCurve(Curve& curve, double temperature, std::int32_t order, do
   call.temperature = temperature;
   call.order = std::max(order, 1);
   status = EvaluateEquation(call, value, derivative, weights);
-  // A correlation that cannot be extrapolated fails always, after the value was written.
+  // A correlation that must not be extrapolated always fails, after the value was written.
   if (mode == Extrapolation::kFails) return kStatusFailed;
   if (status != kInRange) {
     double const bound = BoundOf(call, status);

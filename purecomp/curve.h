@@ -1,4 +1,4 @@
-// One correlation with all that its evaluation needs, and what is done around its form: limits,
+// One correlation with all that its evaluation needs, and the steps around its form: limits,
 // extrapolation, basis.
 #pragma once
 

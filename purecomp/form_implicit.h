@@ -21,7 +21,7 @@ inline constexpr double kTolerance = 1e-07;
 // How the solution was found; its derivatives depend on this.
 enum class End {
   kRoot,      // it solves the equation
-  kVirial,    // 1/(b s), above which there is no root
+  kVirial,    // 1/(b s), above which no root exists
   kNoVirial,  // exp(b L), the root without the virial term
   kConstant   // where the scan ended: a constant
 };

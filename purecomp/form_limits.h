@@ -11,7 +11,7 @@ namespace zel {
 // The limit of a derivative of a form (order 1 to 3) at the temperature of the call: the limit from
 // below, where the forms in 1 - T/Tc are defined, otherwise that from above. Infinite where the
 // derivative is unbounded. None for forms in which no root or power begins within their use, and
-// where there is no limit.
+// where a limit does not exist.
 std::optional<double> DerivativeLimit(EquationCall const& call, int N, int order);
 
 // The same for the sensitivity to coefficient k, counted from 0: the limit from above, otherwise

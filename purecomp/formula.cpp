@@ -152,7 +152,7 @@ class Parser {
     return -1;
   }
 
-  // 1 when there are no digits here.
+  // 1 without digits here.
   std::int64_t ReadCount() {
     constexpr int kDigitsUsed = 4;
     if (!IsDigit(Here())) return 1;

@@ -13,8 +13,8 @@
 
 #include "purecomp/compare_temperature.h"
 
-// Inlines all that a function calls. With AddressSanitizer, whose checks make such functions take
-// minutes to compile, nothing.
+// Inlines all that a function calls. Has no effect with AddressSanitizer, whose checks make such
+// functions take minutes to compile.
 #ifdef __SANITIZE_ADDRESS__
 #define ZEL_FLATTEN gnu::noinline
 #else

@@ -6,8 +6,8 @@
 // results near the ends of the range of doubles.
 //
 // Sources that are compiled for other processors include this (pack_loop.h). Everything here is
-// local to such a source, and so is everything that is made from it: code for a processor cannot
-// get into others by way of shared templates.
+// local to such a source, and so is everything that is made from it: code for one kind of processor
+// cannot get into other sources by way of shared templates.
 #pragma once
 
 #include <cmath>

@@ -26,7 +26,7 @@ void Finish(LoopInputs const& in, Pack<W>& value, Pack<W>& slope) noexcept {
                  in.rules.isDensity ? slope / in.molecularWeight : slope * in.molecularWeight);
 }
 
-// Flattened: nothing of a loop is left to functions that other sources share.
+// Flattened, so that no part of a loop is in functions that other sources share.
 template <int W, bool kHasSlopes, typename Form>
 [[ZEL_FLATTEN, gnu::noinline]] bool ComputeForm(Form const& form, LoopInputs const& in,
                                                 Block& block) {

@@ -64,7 +64,7 @@ constexpr Columns MakeColumns() {
 }
 constexpr Columns kColumns = MakeColumns();
 
-// Each ID once, up to the first that is empty.
+// Decodes each ID once, up to the first empty one.
 void DecodeIds(std::int32_t const* mainBlock, char* ids) {
   std::memset(ids, 0, sizeof(Component::libraryIds));
   char* end = ids;

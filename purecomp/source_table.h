@@ -18,8 +18,8 @@ class SourceTable {
   // Data that one table can serve.
   static constexpr std::size_t kMostData = 254;
 
-  // Makes a text that of a datum, in place of the one before. May allocate for a text that no other
-  // datum has; when that throws, nothing has changed.
+  // Gives a datum a text in place of the one before. May allocate for a text that no other datum
+  // has; when that throws, nothing has changed.
   void Set(Index& datum, std::string_view text);
   char const* At(Index datum) const noexcept {
     return datum == 0 ? "" : slots_[datum - std::size_t{1}].text.c_str();

@@ -1,4 +1,4 @@
-// Block errors: the exception, and what is recorded of it for BlockError.h.
+// Block errors: the exception, and what is recorded about it for BlockError.h.
 //
 // The exception is an `unsigned long` that holds the address word, and nothing else. File and
 // reason of the last one are kept separately, once per thread.

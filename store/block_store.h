@@ -27,8 +27,8 @@ openErrors ErrorOf(platform::OpenOutcome outcome) noexcept;
 // its first block. Everything in a library is accessed through ReadBlock, WriteBlock and FreeBlock,
 // which throw the address when it cannot be a block of this library (see block_address.h).
 //
-// Several threads may read blocks of a store open for reading at the same time. Everything else
-// comes one call at a time.
+// Several threads may read blocks of a store open for reading at the same time. All other calls
+// must be made one at a time.
 class BlockStore {
  public:
   enum State : std::uint8_t { kAbsent = 0, kPresent = 1, kOpen = 2 };
@@ -43,7 +43,7 @@ class BlockStore {
   // Opens file `number`. An absent file is created if `create`; a present one is opened for reading
   // in accRead or with `forceRead`, otherwise for update.
   openErrors OpenFile(int number, bool create, bool forceRead);
-  // Closes a file that is open; it counts as present.
+  // Closes a file that is open; afterwards it counts as present.
   void CloseFile(int number) noexcept;
   // Closes all files and forgets states and sizes.
   void CloseAll() noexcept;
@@ -55,7 +55,7 @@ class BlockStore {
   void SetIdentity(std::int32_t libType, std::int32_t fileCount) noexcept;
   std::int32_t LibType() const noexcept { return libType_; }
   std::int32_t FileCount() const noexcept { return fileCount_; }
-  // Between these two the block operations work; outside they throw.
+  // Block operations throw unless the store is marked as open.
   void MarkOpen(bool open) noexcept;
   bool IsOpen() const noexcept { return open_; }
   // Header and block table, which are outside the block operations. The first file must be open.
@@ -67,19 +67,20 @@ class BlockStore {
   std::uint64_t Changes() const noexcept { return changes_; }
   // Increases when files are closed: pointers from View are then no longer valid.
   std::uint32_t Closings() const noexcept { return closings_; }
-  // Asks the system to write all open files to disk, and what is held back into them.
+  // Writes what is held back into the open files, and asks the system to write them to disk.
   bool FlushFiles();
-  // Bounds the memory that each file takes, those opened later too, or no longer does so; see
+  // Sets whether the memory that each file takes is bounded, also for files opened later; see
   // BlockFile.
   void BoundMemory(bool on);
 
   // --- how changes get into the files; block_store_writes.cpp ---------------------------------
-  // To be set before the files are opened.
+  // Must be set before the files are opened.
   void SetWriteMode(zelWriteModes mode) noexcept { writes_ = mode; }
-  // Completes the last flush if it was cut off; for reading, in memory alone. The first file must
-  // be open.
+  // Completes the last flush if it was cut off; for reading, only in memory. The first file must be
+  // open.
   openErrors FinishLastFlush(bool forceRead);
-  // After a flush, before the files are closed: whoever opens the library next finds no mark.
+  // Removes the mark, so that the next opener does not find it. To be called after a flush, before
+  // the files are closed.
   void CloseCleanly() noexcept;
   ZelLastClose LastClose() const;
   // Removes the mark of a library that no other program uses, and a journal that is not for it.
@@ -112,12 +113,12 @@ class BlockStore {
   std::int64_t CheckFreeable(std::int32_t address, std::int32_t words) const;
   // Throws `address` unless the store is open for update.
   void CheckWritable(std::int32_t address) const;
-  // Throws the address, with the path of the file that holds the block, or would.
+  // Throws the address, with the path of the file that holds the block, or would hold it.
   [[noreturn]] void Throw(std::int32_t address, BlockFault fault) const;
-  // A block run in place, for a library open for reading whose file is mapped; null otherwise, when
-  // part of it is past the end of the file, and for the first few calls: for a host that opens,
-  // reads an item and closes, copies are faster than a map. Valid until the file is closed. Throws
-  // like ReadBlock.
+  // A block run in place, for a library open for reading whose file is mapped. Null if the file is
+  // not mapped, if part of the run is past the end of the file, and for the first few calls: for a
+  // host that opens, reads an item and closes, copies are faster than a map. Valid until the file
+  // is closed. Throws like ReadBlock.
   std::int32_t const* View(std::int32_t address, std::int32_t words) {
     std::uint32_t const blocks = nodeFile_.blocks.load(std::memory_order_acquire);
     if (words == format::kNodeWords && blocks != 0) {
@@ -131,7 +132,7 @@ class BlockStore {
   std::int32_t const* NodeInPlace(std::int32_t address) const;
   // True when writing the node cannot fail.
   bool NodeWriteCannotFail(std::int32_t address);
-  // At most this many blocks hold anything: a bound for walks over damaged links.
+  // The greatest number of blocks that can hold anything: a bound for walks over damaged links.
   std::int64_t BlockBound() const noexcept;
   // The blocks of one open file, a partial last block included, and its bytes; 0 for a file that is
   // not open.
@@ -168,7 +169,7 @@ class BlockStore {
   bool Hold(int number, bool canWrite);
   std::string const& Target();
   bool SetMark();
-  // Before each write: whether it may be made.
+  // To be called before each write: whether it may be made.
   bool BeforeWrite() { return hasWritten_ || BeforeFirstWrite(); }
   bool BeforeFirstWrite();
   bool OpenOnDemand(int number);
@@ -199,7 +200,7 @@ class BlockStore {
   bool hasOwnMark_ = false;
   bool isCompleted_ = false;
   std::string target_;  // the first file, a link resolved; empty until it is needed
-  // What the journal next to the library makes of files that are open for reading.
+  // How the journal next to the library changes the files that are open for reading.
   std::unique_ptr<UnfinishedFlush> unfinished_;
   std::unique_ptr<HeldWrites> held_;  // where writes are held back; must outlive the files
   std::array<FileSlot, format::kFileSlots> slots_;

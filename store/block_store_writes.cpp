@@ -14,7 +14,8 @@ std::string const& BlockStore::Target() {
   return target_;
 }
 
-// Puts what a journal says, or what holds writes back, in front of a file that was just opened.
+// Puts the changes of a journal, or the buffer for held-back writes, in front of a file that was
+// just opened.
 bool BlockStore::Hold(int number, bool canWrite) {
   FileSlot& slot = Slot(number);
   if (!canWrite && unfinished_ && unfinished_->Of(number) != nullptr) {
@@ -53,12 +54,13 @@ openErrors BlockStore::FinishLastFlush(bool forceRead) {
   }
 }
 
-// A journal of other files must not fit those that are written now.
+// Removes a journal of other files first, since the files as they are written now could come to fit
+// it.
 bool BlockStore::BeforeFirstWrite() {
   std::string const journal = JournalOf(Target());
   if (held_ && !held_->Begin()) return false;
   if (!held_ && system_->Exists(journal) && !RemoveJournal(*system_, Target())) {
-    // What no opener believes does no harm.
+    // A journal that no opener accepts does no harm.
     if (system_->OpenAside(journal, OpenMode::kRead, Target()).file) return false;
   }
   if (writes_ == writesMarked && !SetMark()) return false;
@@ -66,7 +68,7 @@ bool BlockStore::BeforeFirstWrite() {
   return true;
 }
 
-// The mark of an earlier session stays until somebody has verified the library.
+// The mark of an earlier session stays until the library has been verified.
 bool BlockStore::SetMark() {
   std::string const mark = MarkOf(Target());
   if (!hasOwnMark_) {
@@ -77,7 +79,7 @@ bool BlockStore::SetMark() {
   return system_->SyncFolder(mark);
 }
 
-// Without memory, the mark stays: the next opener verifies the library for nothing.
+// If memory runs out, the mark stays: the next opener verifies the library unnecessarily.
 void BlockStore::CloseCleanly() noexcept {
   if (!std::exchange(hasOwnMark_, false)) return;
   try {

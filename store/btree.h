@@ -16,15 +16,15 @@
 //
 // Costs: a search reads one node per level, except those that it shares with the last path. Insert
 // writes one node, three per level that splits. Delete near the leaves writes one to two nodes;
-// everything else, including an absent key, rebuilds the tree: it reads and writes each node once
-// and takes memory for all entries and, where writes can fail, for all nodes.
+// all other deletions, also that of an absent key, rebuild the tree: this reads and writes each
+// node once and takes memory for all entries and, where writes can fail, for all nodes.
 //
 // Damaged data: a node whose entry count is impossible, a path of more than 64 nodes, a walk or a
 // rebuild that visits more nodes than the files have blocks, and an unusable head throw the block
 // store's exception with the address in question. A rebuild checks the whole tree before it changes
-// anything, and one that fails leaves the tree as it was; only where the file refuses to be written
-// back, too, the largest part of the new tree that is on file remains. Two tree objects on one head
-// do not see each other's writes; destroy the first before making the second.
+// anything, and one that fails leaves the tree as it was; only if writing the old nodes back fails
+// too, the largest part of the new tree that is on file remains. Two tree objects on one head do
+// not see each other's writes; destroy the first before making the second.
 #pragma once
 
 #include <cstdint>
@@ -59,18 +59,18 @@ class BTree_i {
   bool Find(Key* key, std::int32_t const*& data);
   // Inserts a bare key, its data words zero, at the position of the last failed Find, which becomes
   // the position of the new entry. True when the tree grew a level. Does nothing and returns false
-  // when the last search succeeded, when there was none, and within a walk. Callers outside the
+  // when the last search succeeded, without a search before, and within a walk. Callers outside the
   // tree pass null links.
   bool Insert(std::int32_t const* key, std::int32_t left, std::int32_t right);
   bool Insert(Key* key, std::int32_t left, std::int32_t right);
   // The same for a caller that has the data already: as many words as the entry's data. Key and
   // data are written to the file in one write.
   bool InsertWithData(std::int32_t const* key, std::int32_t const* data);
-  // Undoes the last insert, which returned true, where the new root cannot be made known. Nothing
-  // may have been inserted or deleted since.
+  // Undoes the last insert, which returned true, if the new root cannot be recorded. Nothing may
+  // have been inserted or deleted since.
   void TakeBackGrowth() noexcept;
-  // True, also when the key is absent: the tree is then rebuilt with the same keys. Throws the null
-  // address on an empty tree. Afterwards there is no position.
+  // Returns true, also when the key is absent: the tree is then rebuilt with the same keys. Throws
+  // the null address on an empty tree. Afterwards the tree has no position.
   bool Delete(std::int32_t const* key);
   bool Delete(Key* key);
   // The data of the entry at the position, for changes in place; false without a position.

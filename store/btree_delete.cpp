@@ -42,7 +42,7 @@ void BTree_i::DropFromNode(std::int32_t* node, int firstWord) const noexcept {
 }
 
 // Deletes the entry at the position, whose node is an inner node directly above leaves. All leaves
-// have the same depth, each under one link; where damage breaks that, the rebuild decides, which
+// have the same depth, each under one link; where damage breaks that, the tree is rebuilt, which
 // loses nothing or throws.
 bool BTree_i::DeleteFromInner(Level& level) {
   int const p = level.index;
@@ -122,7 +122,7 @@ void BTree_i::WriteBoth(std::int32_t first, std::int32_t const* firstWords, std:
   }
 }
 
-// Writes nodes back as they were. False if the file does not take them either.
+// Writes nodes back as they were. False if that fails too.
 bool BTree_i::WriteBack(std::vector<KeptNode> const& nodes) noexcept {
   constexpr std::int32_t kBytes = f::kNodeWords * f::kWordBytes;
   bool isDone = true;

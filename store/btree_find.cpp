@@ -136,10 +136,10 @@ struct TwoWords {
   }
 };
 
-// The last of `count` entries whose key is at most `key`, 0 when there is none. In each of three
-// rounds the key is compared with at most seven entries that are 64, 8 and 1 apart. Their cache
-// lines are loaded independently of each other, unlike in a binary search; when the node is not in
-// the cache this is twice as fast.
+// The last of `count` entries whose key is at most `key`, 0 if all keys are greater. In each of
+// three rounds the key is compared with at most seven entries that are 64, 8 and 1 apart. Their
+// cache lines are loaded independently of each other, unlike in a binary search; when the node is
+// not in the cache this is twice as fast.
 template <typename KeyForm>
 int LastNotAbove(std::int32_t const* entries, int width, int count, std::uint64_t key) noexcept {
   std::int32_t const* base = entries - width;  // entry 0, never read
@@ -171,8 +171,8 @@ int SearchShort(std::int32_t const* entries, int width, int count, std::int32_t 
 
 }  // namespace
 
-// The index of the entry with the key or, if there is none, of the last entry below it (0 for
-// none).
+// The index of the entry with the key or, if the key is absent, of the last entry below it (0 if
+// all are above it).
 int BTree_i::Search(std::int32_t const* words, std::int32_t const* key,
                     bool& found) const noexcept {
   std::int32_t const* entries = words + format::kNodeEntries;

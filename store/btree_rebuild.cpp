@@ -138,8 +138,8 @@ std::int64_t BTree_i::WriteBuilt(NodesInMemory const& built, std::int32_t addres
   return entries;
 }
 
-// Writes the old nodes back, in whose blocks new ones may be. False when the file refuses that,
-// too, and something of the new tree is there instead.
+// Writes the old nodes back into their blocks, which may hold new nodes by now. False when that
+// fails too, so that part of the new tree remains instead.
 bool BTree_i::UndoRebuild(std::vector<NodeOnFile> const& nodes, Written const& written) noexcept {
   if (!written.started) return true;
   try {
@@ -224,8 +224,8 @@ std::int32_t const* BTree_i::NextKey() const noexcept {
   return nullptr;
 }
 
-// True if a key belongs into the leaf of the entry inserted last, after that entry: the position is
-// then the place.
+// True if a key belongs in the leaf of the entry inserted last, after that entry; the position is
+// then the place for it.
 bool BTree_i::BelongsIntoLeaf(std::int32_t const* key) {
   Level& leaf = level_[current_];
   std::int32_t const count = leaf.words[f::kNodeCount];

@@ -1,4 +1,4 @@
-// Shared by the parts of the tree that write.
+// What the parts of the tree that write share.
 #pragma once
 
 #include "store/btree.h"

@@ -78,7 +78,7 @@ inline constexpr int kCasKeyWords = 1;
 
 // Words of a bank directory entry.
 enum BankEntryWord : int {
-  kBankOldMark = 0,  // 1 in older files: the words before the head hold something else
+  kBankOldMark = 0,  // 1 in older files, whose words before the head hold something else
   kBankMemoWords = 2,
   kBankMemoAddress = 3,
   kBankHead = 8

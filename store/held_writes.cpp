@@ -40,7 +40,7 @@ HeldFile::Page* HeldFile::Hold(std::uint64_t number) {
   return pages_.emplace(number, std::move(page)).first->second.get();
 }
 
-// False also for lack of memory.
+// False if memory runs out, too.
 bool HeldFile::HoldAll(std::uint64_t offset, std::uint64_t end) {
   try {
     for (std::uint64_t page = offset / kPageBytes; page * kPageBytes < end; ++page) {
@@ -146,8 +146,8 @@ bool HeldFile::PutInPlace(std::vector<ChangedPage> const& pages, bool& hasLostSy
   PlacedPages placed(*real_, size_);
   for (std::size_t i = 0; i < pages.size(); ++i) {
     ChangedPage const& page = pages[i];
-    // From the first sector that changes to the last one, and to the pages next to it if they
-    // change, too: what is between stays the same, and few writes are enough.
+    // Writes from the first sector that changes to the last one, and on into the next pages if they
+    // change too: what is in between stays the same, and few writes are enough.
     bool const isAfterOne = i > 0 && pages[i - 1].page + 1 == page.page;
     bool const isBeforeOne = i + 1 < pages.size() && page.page + 1 == pages[i + 1].page;
     std::size_t first = 0;
@@ -200,7 +200,7 @@ bool HeldWrites::Begin() {
   if (journal_) return true;
   constexpr auto kCreate = platform::OpenMode::kCreate;
   platform::OpenedFile opened = system_->OpenAside(path_, kCreate, library_);
-  // What is there instead, a link for example, is not a journal.
+  // Anything else in its place, a link for example, is not a journal.
   if (!opened.file && system_->Remove(path_)) {
     opened = system_->OpenAside(path_, kCreate, library_);
   }
@@ -210,7 +210,8 @@ bool HeldWrites::Begin() {
   return true;
 }
 
-// Asks the system to write the files to disk; only those for which that was not done, or all.
+// Asks the system to write the files to disk: all of them, or only those that have not been synced
+// since they were opened.
 bool HeldWrites::Sync(bool onlyNew) {
   for (File& file : files_) {
     if (file.held == nullptr || (onlyNew && file.isSynced)) continue;
@@ -223,7 +224,7 @@ bool HeldWrites::Sync(bool onlyNew) {
   return true;
 }
 
-// The files have everything, on disk: the journal can begin anew.
+// When the files have everything on disk, the journal can begin anew.
 bool HeldWrites::Checkpoint() { return isInPlace_ && Sync(false) && writer_->Restart(); }
 
 bool HeldWrites::Commit() {
@@ -250,7 +251,7 @@ bool HeldWrites::Commit() {
   if (!Begin() || !Sync(true)) return false;
   bool const isLong = writer_->Length() > kLongJournal && !hasLostSync_;
   if (isLong && isInPlace_ && !Checkpoint()) return false;
-  // Before there is a commit: a file that it changes must not be missing after a power cut.
+  // Must be done before the commit: a file that it changes must not be missing after a power cut.
   if (isNew_ && !system_->SyncFolder(path_)) return false;
   isNew_ = false;
   bool const isJournaled = writer_->Append(all, lengths);

@@ -29,7 +29,7 @@ class HeldFile final : public platform::BlockFile {
     ~Owner() = default;
   };
 
-  // The owner, if there is one, learns when the file is closed.
+  // The owner, which may be null, is notified when the file is closed.
   HeldFile(std::unique_ptr<platform::BlockFile> real, int number, Owner* owner)
       : real_(std::move(real)), owner_(owner), number_(number), size_(real_->Size()) {}
   ~HeldFile() override {
@@ -59,8 +59,8 @@ class HeldFile final : public platform::BlockFile {
   // place, in their order.
   std::vector<ChangedPage> Changes() const;
   bool HasOtherLength() const noexcept { return size_ != real_->Size(); }
-  // A journal has these pages, from Changes. Until they are in place, they are changes even where
-  // they become again what the file has, since the journal would be believed.
+  // A journal has these pages, from Changes. Until they are in place, they count as changes even if
+  // they become equal to the file again, since an opener would apply the journal.
   void NoteJournaled(std::vector<ChangedPage> const& pages) noexcept;
   // Puts pages from Changes, and the length, into the file itself. False on failure.
   // Sets `hasLostSync` if a sync has failed.
@@ -98,11 +98,11 @@ class HeldWrites final : public HeldFile::Owner {
 
   // Holds the writes of a file back.
   std::unique_ptr<platform::BlockFile> Hold(int number, std::unique_ptr<platform::BlockFile> real);
-  // Makes the journal, if that was not done. False if it cannot be made.
+  // Makes the journal, unless this was done already. False if it cannot be made.
   bool Begin();
   // Puts everything that is held back into the files: as a whole or, if it fails, not at all. It
-  // may fail when the journal is on disk already; the next Commit, or whoever opens the library
-  // next, then completes it.
+  // may fail when the journal is on disk already; the next Commit, or the next opener of the
+  // library, then completes it.
   bool Commit();
   // At the end, before the files are closed: drops what is held back, and removes the journal as
   // soon as the files are on disk.
@@ -126,8 +126,8 @@ class HeldWrites final : public HeldFile::Owner {
   std::optional<JournalWriter> writer_;
   bool isNew_ = true;      // it is not known to be on disk that the journal and the files exist
   bool isInPlace_ = true;  // the files have all that the journal has
-  // A sync has failed. The system can report success the next time for data that it gave up, so the
-  // journal stays until the next open completes the files from it.
+  // A sync has failed. The system can report success the next time although it has dropped the
+  // data, so the journal stays until the next open completes the files from it.
   bool hasLostSync_ = false;
 };
 

@@ -73,7 +73,8 @@ std::uint64_t HashOf(std::byte const* bytes, std::size_t count, std::uint64_t se
 
 // --- placing -----------------------------------------------------------------------------------
 
-// A file that is about to become shorter gets whole sectors, so that each is as before or as after.
+// A file that is about to become shorter is written in whole sectors, so that each is as before or
+// as after.
 bool PlacedPages::Put(std::uint64_t page, std::size_t sector, std::size_t sectors,
                       std::byte const* bytes) {
   std::uint64_t const from = page * kPageBytes + sector * kSectorBytes;
@@ -102,7 +103,7 @@ bool PlacedPages::Finish() {
   std::byte const zero{};
   if (!WriteRun()) return false;
   if (file_.Size() < length_) return file_.WriteInSectors(length_ - 1, &zero, 1) == 1;
-  // What is cut off must not be on disk without the end of what stays.
+  // The file must not be cut on disk before the sectors at its new end are written there.
   if (file_.Size() == length_) return true;
   hasLostSync_ = !file_.Flush();
   return !hasLostSync_ && file_.CutTo(length_);
@@ -228,8 +229,8 @@ bool IsPage(PageRecord const& page, std::byte const* commit, std::size_t room) n
          LengthsIn(commit, static_cast<int>(file)).before != FileLengths::kNotOpen;
 }
 
-// Reads one commit, and verifies it as it comes, so that no more memory is taken than there are
-// true pages.
+// Reads one commit and verifies it while reading, so that it takes no more memory than its valid
+// pages need.
 class CommitReader {
  public:
   // The commit begins at that place of the file, and the one before it has that seal.
@@ -355,8 +356,8 @@ std::int64_t ReadSector(platform::BlockFile& file, std::uint64_t sector, SectorB
   return file.ReadUnmapped(from, bytes.data(), count);
 }
 
-// A file that has lost what it had grown by ends within a sector. If it grows again, the rest of
-// that sector is zeros.
+// A file that has lost its newest part ends within a sector. If it grows again, the rest of that
+// sector is zeros.
 bool IsVersion(std::byte const* version, SectorBytes const& bytes, std::size_t length) {
   auto const rest = bytes.begin() + static_cast<std::ptrdiff_t>(length);
   return std::equal(bytes.begin(), rest, version) &&
@@ -378,7 +379,7 @@ bool IsOneOf(JournaledFile const& of, std::uint64_t number, JournaledSector cons
   });
 }
 
-// What was allocated ahead is zeros, and less than this.
+// Room that was allocated ahead is zeros, and less than this.
 constexpr std::uint64_t kMostAhead = std::uint64_t{64} << 20;
 
 bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from, bool& failed) {

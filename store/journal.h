@@ -11,7 +11,7 @@
 //     32    144  for each of the files 1 to 9: its length before and after the flush, 16 bytes;
 //                twice 2^64 - 1 for a file that was not open
 //    176         the pages
-//            8  the seal: the hash of the last page, of the head if there are no pages
+//            8  the seal: the hash of the last page, or of the head in a commit without pages
 //
 // and a page
 //
@@ -43,7 +43,7 @@ inline constexpr std::size_t kSectorBytes = 512;
 inline constexpr std::size_t kSectorsOfPage = 8;
 inline constexpr std::size_t kPageBytes = kSectorBytes * kSectorsOfPage;
 
-// A hash against accidents, not against somebody who forges data.
+// A hash that protects against accidents, not against forged data.
 std::uint64_t HashOf(std::byte const* bytes, std::size_t count, std::uint64_t seed = 0) noexcept;
 
 // The lengths of a file before and after a flush.
@@ -63,11 +63,11 @@ struct ChangedPage {
   std::byte const* bytes;       // of the page
 };
 
-// Writes sectors of a file and makes it as long as it shall be. The same for a flush that is not
-// cut off and for one that is completed later.
+// Writes sectors of a file and sets its length, in the same way for a flush that is not cut off and
+// for one that is completed later.
 class PlacedPages {
  public:
-  // For a file of that new length.
+  // For a file whose new length is `length`.
   PlacedPages(platform::BlockFile& file, std::uint64_t length) noexcept
       : file_(file), length_(length) {}
   // Writes the sectors of a page from the n-th on, in ascending order. Those that follow each other
@@ -97,7 +97,7 @@ class JournalWriter {
   // Writes a commit and asks the system to put it on disk. False on failure: the chain is then as
   // before, unless MayHaveIt.
   bool Append(std::vector<ChangedPage> const& pages, LengthsOfFiles const& lengths);
-  // True if the last Append has failed when the commit was written, but perhaps not on disk.
+  // True if the last Append failed although its commit was written and may be on disk.
   bool MayHaveIt() const noexcept { return mayHaveIt_; }
   // Makes the chain empty, on disk. False on failure.
   bool Restart();
@@ -117,7 +117,7 @@ class JournalWriter {
   bool mayHaveIt_ = false;
 };
 
-// What the commits of a journal make of a sector, and of a file.
+// How the commits of a journal change a sector, and a file.
 struct JournaledSector {
   std::uint64_t before = 0;                // the hash of what it was at first
   std::vector<std::byte const*> versions;  // its new bytes, one for each commit that changes it
@@ -141,7 +141,7 @@ class Journal {
   }
   // True if the file can be one of those that the journal was written for: each sector that changes
   // is as before or after a commit, and the file as long. A file that does not exist is null. Sets
-  // `failed` if the file cannot be read; the answer then means nothing.
+  // `failed` if the file cannot be read; the answer is then not valid.
   static bool Fits(JournaledFile const& of, platform::BlockFile* file, bool& failed);
   // Makes the file what it is after the last commit. False on failure.
   static bool Complete(JournaledFile const& of, platform::BlockFile& file);

@@ -41,7 +41,7 @@ class LibFile_i final : public LibFile_p {
   };
   openErrors OpenExisting(Password password, libTypes* type);
 
-  // Closes without a flush: what is in memory alone is lost.
+  // Closes without a flush: what is only in memory is lost.
   void Abandon() noexcept;
 
   BlockStore& Store() noexcept { return store_; }
@@ -50,12 +50,13 @@ class LibFile_i final : public LibFile_p {
   ZelFindingSink* ItemFindings() const noexcept { return itemFindings_; }
   void SetItemFindings(ZelFindingSink* sink) noexcept { itemFindings_ = sink; }
 
-  // Follows long work; null: nothing does.
+  // Follows long work; null if nothing does.
   ZelProgress* Progress() const noexcept { return progress_; }
   void SetProgress(ZelProgress* progress) noexcept { progress_ = progress; }
 
-  // From BeginUndo on, what is changed is kept. TakeBack makes the library what it was then, and
-  // its trees new ones; EndUndo forgets what was kept. TakeBack throws a block error if that fails.
+  // From BeginUndo on, the old state of what is changed is kept. TakeBack restores the library to
+  // that state, with new tree objects; EndUndo forgets what was kept. TakeBack throws a block error
+  // if that fails.
   void BeginUndo();
   void EndUndo() noexcept;
   void TakeBack();
@@ -147,7 +148,7 @@ class LibFile_i final : public LibFile_p {
   HeaderImage blockTable_{};
   TreeHeads heads_{};
   Texts texts_;
-  // What is in memory alone, as it was at BeginUndo.
+  // What is only in memory, as it was at BeginUndo.
   struct Undo {
     HeaderImage header;
     HeaderImage blockTable;
@@ -159,8 +160,8 @@ class LibFile_i final : public LibFile_p {
   std::optional<BTree_i> idTree_;
   std::optional<BTree_i> casTree_;
   // Threads that read the library take turns in its trees, whose position each search moves. What
-  // they found stays where it is: bank entries by the key that is tried first, and the data of
-  // components where they are not in the mapped file.
+  // they found is kept, so that pointers to it stay valid: bank entries by the key that is tried
+  // first, and the data of components that are not in the mapped file.
   using BankKey = std::array<std::int32_t, format::kBankKeyWords>;
   using BankEntry = std::array<std::int32_t, format::kBankDataWords>;
   std::mutex searching_;
@@ -182,7 +183,7 @@ class NameIndexUse {
     library_ = LibFile_i::NameIndex();
   }
 
-  // Null when there is none.
+  // Null if no name index is set.
   LibFile* Library() const noexcept { return library_; }
 
  private:

@@ -68,7 +68,7 @@ class NodeSlabs {
   // Images of `words` words each, at most those of a node.
   explicit NodeSlabs(std::int32_t words) noexcept : words_(static_cast<std::size_t>(words)) {}
 
-  // Not cleared.
+  // The image is not cleared.
   std::int32_t* Take() {
     if (left_ < words_) AddSlab();
     std::int32_t* const image = next_;

@@ -48,8 +48,8 @@ std::string_view UpToTerminator(std::string_view text) noexcept {
   return text.substr(0, text.find('\0'));
 }
 
-// Both put all characters of the words, and return where the text ends if its last ones are not
-// blanks.
+// Both functions write all characters of the words, and return the end of the text, before which
+// there may still be blanks.
 char* PutCoded(std::int32_t const* words, int n, char* out) noexcept {
   char* end = out;
   for (int i = 0; i < n; ++i, out += 4) {

@@ -9,7 +9,7 @@ namespace zel {
 
 class ProgressSteps {
  public:
-  // Reports the share 0. Null: nothing is reported, and nothing is cancelled.
+  // Reports the share 0. With a null host, nothing is reported and nothing is cancelled.
   explicit ProgressSteps(ZelProgress* host) noexcept : host_(host) { Report(0.0); }
   ProgressSteps(ProgressSteps const&) = delete;
   ProgressSteps& operator=(ProgressSteps const&) = delete;

@@ -13,12 +13,12 @@
 
 namespace zel {
 
-// Keeps each page of a file before it is first overwritten. What is past the old end of the file
-// needs no page.
+// Keeps each page of a file before it is first overwritten. What is past the old end of the file is
+// not kept.
 class UndoPages {
  public:
   // Keeps what a write of this range is going to overwrite. False if that cannot be read, or if
-  // there is no memory for it: the write must then fail.
+  // memory runs out: the write must then fail.
   bool Keep(int number, platform::BlockFile& file, std::uint64_t offset,
             std::size_t count) noexcept;
   // Writes the old content and length back. False if that fails.

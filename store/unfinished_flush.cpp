@@ -26,7 +26,7 @@ bool RemoveJournal(platform::FileSystem& system, std::string const& library) {
 UnfinishedFlush::UnfinishedFlush(platform::FileSystem& system, std::string first)
     : system_(&system), first_(std::move(first)), library_(system.Target(first_)) {}
 
-// Without a lock of its own: the one on the first file is for all.
+// Opens without a lock: the one on the first file covers all files.
 platform::OpenedFile UnfinishedFlush::OpenFile(int number, OpenMode mode) const {
   std::string const path = system_->Target(FileOfLibrary(first_, number));
   return system_->OpenAside(path, mode, path);
@@ -37,7 +37,7 @@ OpenOutcome UnfinishedFlush::Look() {
   std::string const path = JournalOf(library_);
   platform::OpenedFile const opened = system_->OpenAside(path, OpenMode::kRead, library_);
   if (opened.outcome == OpenOutcome::kNotFound) {
-    // What is there nevertheless is a link, for example.
+    // If something exists at the path all the same, it is a link, for example.
     if (system_->Exists(path)) state_ = State::kForeign;
     return OpenOutcome::kOk;
   }
@@ -69,7 +69,7 @@ OpenOutcome UnfinishedFlush::Complete() {
     if (!file.file) return file.outcome;
     if (!Journal::Complete(*of, *file.file) || !file.file->Flush()) return OpenOutcome::kFailed;
   }
-  // A file that was made anew must be there after a power cut when the journal no longer is.
+  // A new file must exist after a power cut once the journal is gone.
   if (!system_->SyncFolder(JournalOf(library_)) || !RemoveJournal(*system_, library_))
     return OpenOutcome::kFailed;
   state_ = State::kNone;

@@ -36,7 +36,7 @@ class UnfinishedFlush {
   // Reads the journal and compares it with the files. Changes nothing.
   platform::OpenOutcome Look();
   State Found() const noexcept { return state_; }
-  // What the journal makes of a file; null if nothing.
+  // How the journal changes a file; null if it does not.
   JournaledFile const* Of(int number) const noexcept {
     return state_ == State::kThere ? journal_->Of(number) : nullptr;
   }

@@ -15,7 +15,7 @@ std::string Rounded(double value) {
   return RealText(value, kDigits);
 }
 
-// Of a value that others have for a good reason.
+// The strength for a value that other components have for a good reason.
 constexpr double kUnlikely = 0.3;
 
 bool IsOneAtom(std::string const& formula) {

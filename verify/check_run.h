@@ -1,4 +1,4 @@
-// What all checks of data do around their work.
+// The steps that all checks of data have in common.
 #pragma once
 
 #include <deque>
@@ -25,8 +25,8 @@ inline std::string NameOf(ZelCheckedLibrary const& library) {
   return library.name != nullptr ? library.name : library.library->GetLibName();
 }
 
-// Those of the libraries that are open; the others are findings. Returns the host that follows the
-// work, that of the first library; null if none does.
+// Collects the libraries that are open; the others are findings. Returns the progress of the first
+// library that has one; null without one.
 inline ZelProgress* OpenAll(ZelCheckedLibrary const* libraries, std::int32_t count,
                             DataFindings& findings, std::deque<CheckedLibrary>& opened) {
   ZelProgress* host = nullptr;

@@ -46,7 +46,7 @@ class CheckedLibrary {
     });
   }
   // Reads the bank's record of a component: the one with its CAS number, else one with its number
-  // or one of its IDs that does not contradict it. False if there is none.
+  // or one of its IDs that does not contradict it. False if the bank has no such record.
   bool ReadSame(CheckedBank const& bank, ZelIdentity const& wanted, ComponentView const& found);
 
   // The item of a finding: `text` names it within its bank.

@@ -95,12 +95,12 @@ void Checked::Equations() {
   for (std::uint32_t i = 0; i < CorrelationRows().size(); ++i) {
     CorrelationRecord const* const record = c_.Record(i);
     if (record == nullptr) continue;
-    // For a record without limits, which is extrapolated nowhere.
+    // The temperatures for a record without limits, which is never extrapolated.
     constexpr double kCold = 200.0;
     constexpr double kHot = 500.0;
     double const low = IsDefined(record->tMin) ? record->tMin : kCold;
     double const high = IsDefined(record->tMax) ? record->tMax : std::max(kHot, low);
-    // Nothing is inside a range whose ends are swapped, and Expansion is never evaluated.
+    // No temperature is inside a range whose ends are swapped, and Expansion is never evaluated.
     bool const hasValue = low > high || i == correlationExpansion || HasValue(i, low) ||
                           HasValue(i, high) || HasValue(i, low + (high - low) / 2);
     char fault[120] = {};

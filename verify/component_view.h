@@ -36,10 +36,10 @@ class ComponentView {
   double Constant(std::uint32_t index) const { return Data().fixed[index]; }
   std::uint32_t ConstantCode(std::uint32_t index) const { return Data().fixedRefs[index]; }
   std::uint32_t CorrelationCode(std::uint32_t index) const { return Data().correlationRefs[index]; }
-  // The record of a correlation; null if there is none.
+  // The record of a correlation; null if the component does not have it.
   CorrelationRecord const* Record(std::uint32_t index) const;
   static std::span<double const> Coefficients(CorrelationRecord const& record);
-  // A value at a temperature in the record's unit; undefined if there is none.
+  // A value at a temperature in the record's unit; undefined if the correlation has no value there.
   double ValueAt(std::uint32_t index, double temperature) const;
   // A value at a temperature in K, inside the record's range only; undefined otherwise.
   double InsideAt(std::uint32_t index, double kelvin) const;
@@ -47,7 +47,7 @@ class ComponentView {
  private:
   Component const& Data() const noexcept { return bank_->Data(); }
 
-  FaceRef<IZelBankDef> owner_;  // empty for a component of somebody else
+  FaceRef<IZelBankDef> owner_;  // empty for a component of a caller
   PureComp_i* bank_;
 };
 

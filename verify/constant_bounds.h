@@ -1,4 +1,4 @@
-// What physics lets the constants of a component be.
+// The bounds that physics sets to the constants of a component.
 #pragma once
 
 #include "verify/component_view.h"

@@ -71,7 +71,7 @@ class Judge {
            std::isfinite(value);
   }
 
-  // Labels of data that were changed later can form a circle.
+  // If data were changed later, their labels can form a circle.
   bool IsFounded(std::uint32_t index, int depth) const {
     constexpr int kDeepest = 8;
     if (depth > kDeepest) return false;

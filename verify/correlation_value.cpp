@@ -78,9 +78,8 @@ bool GetCorrelationFault(std::int32_t equation, std::int32_t coefficientCount, c
   return !fault.empty();
 }
 
-// An equation without a value leaves the number that was passed in, which the steps after it may
-// change. None of them changes a NaN, except an extrapolation; the value at the bound is then
-// checked too.
+// An equation without a value leaves the number that was passed in, which later steps may change.
+// Only an extrapolation changes a NaN, so then the value at the bound is checked too.
 bool GetCorrelationValue(IZelPureComp* component, std::uint32_t index, double temperature,
                          std::int32_t order, double& value, double& derivative,
                          std::int32_t& status) {

@@ -39,7 +39,7 @@ bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOptions cons
   if (file == nullptr) return false;
   CheckedLibrary checked(*file, NameOf(library), findings);
   ProgressSteps progress(file->Progress());
-  // Most of the time goes to the checks of components, each of which is met once.
+  // Most of the time goes to the checks of components, each of which is visited once.
   if (progress.IsWatched()) progress.Expect(static_cast<double>(checked.CountAllItems()));
   checked.SetProgress(progress);
   RunCancellable(progress, findings, checked.Name(), [&] {

@@ -12,7 +12,7 @@ std::string Shown(double value) {
   return RealText(value, kDigits);
 }
 
-// Members are not searched for names.
+// Texts that were filled in are not searched for names.
 std::string DataFinding::Sentence(std::string_view pattern) const {
   auto const inUnit = [&](std::string const& number) {
     return unit_.empty() ? number : number + " " + unit_;

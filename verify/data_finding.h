@@ -130,23 +130,23 @@ class DataFinding {
   bool isError_ = false;
 };
 
-// Passes findings on to the host's sink, except for those that it did not want.
+// Passes findings on to the host's sink, except those that the host does not want.
 class DataFindings {
  public:
   DataFindings(ZelDataFindingSink& sink, ZelDataCheckOptions const& options);
 
   // `sentence` is the pattern of the text; see DataFinding::Sentence.
   void Tell(CheckedItem const& item, DataFinding const& finding, std::string_view sentence);
-  // Something that cannot be read; reported once.
+  // Reports something that cannot be read, once.
   void Damage(char const* id, std::string const& library, std::string const& place,
               std::string const& text);
-  // The host cancelled the check.
+  // Reports that the host cancelled the check.
   void Cancelled(std::string const& library);
   void Progress(std::string const& library, CheckedBank const& bank, std::int64_t done,
                 std::int64_t total) {
     sink_.Checked(library.c_str(), bank.Text().c_str(), done, total);
   }
-  // No error and no damage yet.
+  // True while no error and no damage was reported.
   bool IsGood() const { return isGood_; }
 
  private:

@@ -21,7 +21,7 @@ std::string WholeOrNothing(std::int32_t value) {
   return gen_IsUndefInt(value) ? kNothing : std::to_string(value);
 }
 
-// The word of an enumeration for a value; the number if there is none.
+// The word of an enumeration for a value; the number for a value without a word.
 std::string WordOf(IZelBankDef& item, ItemField const& field, std::int32_t value) {
   std::int32_t count = 0;
   if (item.GetEnumCount(field.name.c_str(), &count) != kStatusOk || count < 1) {

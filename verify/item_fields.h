@@ -30,7 +30,7 @@ std::vector<double> RealsOf(IZelBankDef& item, ItemField const& field);
 
 // The value of a field.
 struct FieldValue {
-  // Several values have blanks between them, an enumerated one is its word; "-" for none.
+  // Several values are separated by blanks, an enumerated one is its word; "-" for no value.
   std::string text;
   double number = gen_GetUndefDouble();  // undefined unless it is one number
 

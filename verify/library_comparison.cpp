@@ -30,7 +30,7 @@ std::vector<std::string> LabelsOf(ZelIdentity const& identity) {
   return labels;
 }
 
-// A component, and what findings about it are told to.
+// A component, and where findings about it are reported.
 struct Compared {
   ComponentView const& component;
   CheckedItem item;

@@ -1,5 +1,5 @@
-// Opens with settings. They verify libraries that were not closed cleanly, so they are above the
-// store.
+// Opens with settings. These can verify a library that was not closed cleanly, so they are in a
+// layer above the store.
 #include "verify/open_library.h"
 
 #include <chrono>
@@ -33,7 +33,7 @@ std::unique_ptr<LibFile_i> Made(accModes mode, char const* path, ZelOpenOptions 
   return library;
 }
 
-// Opens, again and again while another opener holds the library.
+// Opens, and tries again while another opener holds the library.
 template <typename Open>
 openErrors OpenWaiting(std::int32_t milliseconds, BlockStore const& store, Open const& open) {
   constexpr std::chrono::milliseconds kBetween{5};

@@ -1,4 +1,4 @@
-// The library behind a host's handle.
+// The library that a host's handle refers to.
 #pragma once
 
 #include "store/lib_file.h"

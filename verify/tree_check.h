@@ -10,7 +10,7 @@
 
 namespace zel {
 
-// What a tree must satisfy besides being a valid tree.
+// What a tree must satisfy in addition to being a valid tree.
 struct TreeRule {
   std::int32_t keyWords = 0;   // 0 for any
   std::int32_t dataWords = 0;  // in the entry; 0 for any

@@ -17,8 +17,8 @@ namespace zel {
 // Follows the readings of documents.
 class ReadingWatcher {
  public:
-  // So many bytes are read, in the first reading of the text or in a later one. False ends the
-  // reading, which has then failed.
+  // Called for each piece of `bytes` bytes, in the first reading of the text or in a later one.
+  // False ends the reading, which has then failed.
   virtual bool Read(std::uint64_t bytes, bool first) noexcept = 0;
 
  protected:
@@ -40,7 +40,7 @@ class DocumentText {
   std::string const& Path() const noexcept { return path_; }
   std::uint64_t Size() const noexcept { return inPieces_ ? file_.Size() : view_.size(); }
   bool IsInMemory() const noexcept { return !inPieces_; }
-  // Follows the pieces of a text that is not in memory; null: nothing does.
+  // Follows the pieces of a text that is not in memory; null if nothing does.
   void Watch(ReadingWatcher* watcher) noexcept { watcher_ = watcher; }
   // The whole text, if it is in memory.
   std::string_view View() const noexcept { return view_; }
@@ -52,7 +52,7 @@ class DocumentText {
   // be read or has changed.
   std::size_t Read(char* buffer, std::size_t room) noexcept;
   bool HasFailed() const noexcept { return failed_; }
-  // Gives back the file and the memory.
+  // Releases the file and the memory.
   void Close() noexcept;
 
  private:

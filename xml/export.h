@@ -43,7 +43,7 @@ class Export_i {
   Written WriteComponentFile(char const* bank, Key* key, std::string const& component,
                              std::string_view base, std::string& file);
   bool WriteOneComponent(char const* bank, Key* key, std::string const& component);
-  // The work for a bank; 0 without a host that wants to know.
+  // The work for a bank; 0 unless the host follows the progress.
   double WorkOf(std::string const& type, std::string const& name);
   bool WriteComponents(platform::TextFile& out, std::string const& bank);
   std::string PathOf(std::string const& file) const;

@@ -33,7 +33,8 @@ constexpr std::array<NameRow, 1> kStructureAttributes{{{"model", NameMode::kOnce
 
 constexpr std::int32_t kMostGroups = 10;
 
-// Removes the number at the start of a text; false, with the value unchanged, if there is none.
+// Removes the number at the start of a text; false, with the value unchanged, if the text does not
+// start with one.
 bool TakeInt(std::string_view& text, std::int32_t& value) {
   std::size_t const start = text.find_first_not_of(" \t\r\n");
   if (start == std::string_view::npos) return false;

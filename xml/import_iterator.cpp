@@ -66,7 +66,7 @@ bool ImportIterator_i::NextNode(XmlNode& node, std::size_t& match) {
     XmlNode const current = Advance();
     if (!current) {
       if (EndInclude()) continue;
-      if (document_) document_->Finish();  // one that is not gone back to
+      if (document_) document_->Finish();  // the walk does not return to it
       return false;
     }
     if (current.IsComment() || !Accept(current, match)) continue;

@@ -51,7 +51,7 @@ class ImportIterator_i {
   bool NextNode(XmlNode& node, std::size_t& match);
   // True if the walk ended because it must not continue.
   bool Aborted() const noexcept { return aborted_; }
-  // What that means for the import.
+  // Whether the import may continue after this walk.
   Verdict Ending() const noexcept { return aborted_ ? Verdict::kStop : Verdict::kGoOn; }
   // Walks the same list again, with other modes for the names.
   void ResetWalk(std::span<NameRow const> names);
@@ -78,7 +78,7 @@ class ImportIterator_i {
 
   XmlNode first_;
   XmlNode at_;
-  bool isTaken_ = false;  // the walk goes on behind at_
+  bool isTaken_ = false;  // the walk continues after at_
   // The one place to return to. An `import` directly among the nodes of an included document uses
   // it again: at the end of the inner document the walk returns to the outer one, and at the end of
   // that the walk is over.

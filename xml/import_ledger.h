@@ -39,7 +39,7 @@ class DocumentLedger final : public XmlWatcher {
     std::string text;
     std::int32_t line;  // of the first missing one
   };
-  // In the order of the elements. To be called once, at the end.
+  // The differences in the order of the elements. To be called once, at the end.
   std::vector<Difference> Differences();
 
  private:

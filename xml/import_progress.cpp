@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::size_t kMostDocuments = 100'000;
 
-// The files that the `import` tags of a text name. It is read as plain text: what is in comments
-// counts, too, which an estimate may.
+// The files that the `import` tags of a text name. It is read as plain text, so that tags in
+// comments count too, which is good enough for an estimate.
 class ImportTagSearch {
  public:
   void Take(std::string_view piece) {
@@ -88,7 +88,7 @@ void ImportProgress::Expect(std::string const& path) {
   steps_.Expect(sizes.Bytes());
 }
 
-// One that is in memory is too short for a progress of its own.
+// A document that is in memory is too short to be followed.
 bool ImportProgress::Open(DocumentText& text) noexcept {
   if (!IsWatched()) return true;
   text.Watch(this);

@@ -17,7 +17,7 @@ class ImportProgress final : public ReadingWatcher {
   bool IsCancelled() const noexcept { return steps_.IsCancelled(); }
   // Estimates the work for a document with a full path and those that it imports.
   void Expect(std::string const& path);
-  // A document is going to be read. False when the host cancels.
+  // To be called before a document is read. False when the host cancels.
   bool Open(DocumentText& text) noexcept;
   bool Read(std::uint64_t bytes, bool first) noexcept override;
   void End() noexcept { steps_.End(); }

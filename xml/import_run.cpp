@@ -96,7 +96,7 @@ Verdict ImportRun::Settle(std::shared_ptr<ReadDocument> const& document) {
   return Verdict::kGoOn;
 }
 
-// Without checks, the reason is not told: as of any document that cannot be read as a whole.
+// Without checks, the reason is not reported, as for any document that cannot be read as a whole.
 void ImportRun::ReportChange(XmlDocumentChanged const& changed) {
   if (anyChanged || progress.IsCancelled()) return;
   anyChanged = true;

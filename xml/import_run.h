@@ -22,8 +22,8 @@ struct ReadDocument {
   XmlDocument document;
   DocumentLedger ledger;
 
-  // Reads what the walk has left, so that the ledger is complete, and gives back all but that.
-  // Throws XmlDocumentChanged.
+  // Reads what the walk has not reached, so that the ledger is complete, and releases everything
+  // except the ledger. Throws XmlDocumentChanged.
   void Finish() {
     document.Finish();
     text.Close();

@@ -10,7 +10,7 @@ namespace zel {
 class Tokens {
  public:
   explicit Tokens(std::string_view text) noexcept : rest_(text) {}
-  // False when there are no more.
+  // False after the last one.
   bool Next(std::string_view& token) noexcept {
     std::size_t const start = rest_.find_first_not_of(' ');
     if (start == std::string_view::npos) return false;

@@ -71,7 +71,7 @@ constexpr std::string_view UnitWordOf(std::int32_t code) noexcept {
   return {};
 }
 
-// The code of a word, among those of molar volumes or among the others; 0 if there is none.
+// The code of a word, among those of molar volumes or among the others; 0 for an unknown word.
 inline std::int32_t UnitCodeOf(std::string_view word, bool molarVolume) noexcept {
   for (UnitWordRow const& row : kUnitWords) {
     bool const isOfKind = IsMolarVolume(row.code) == molarVolume && !row.read.empty();

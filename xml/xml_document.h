@@ -106,7 +106,7 @@ class XmlDocument {
   // Begins the walk at the first of all nodes outside and including the root; a declaration comes
   // first.
   XmlNode FirstNode();
-  // Passes over what the walk has not reached, for the watcher, and gives back the memory.
+  // Passes over what the walk has not reached, for the watcher, and releases the memory.
   void Finish();
 
  private:
@@ -116,7 +116,7 @@ class XmlDocument {
   struct Slot {
     XmlEvent::Kind kind = XmlEvent::Kind::kStart;
     bool isRead = false;     // up to its end tag
-    bool isWatched = false;  // the watcher was told of it
+    bool isWatched = false;  // it was reported to the watcher
     bool isMarked = false;
     bool hasText = false;
     bool hasAttributes = false;

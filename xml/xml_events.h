@@ -30,7 +30,7 @@ struct XmlEvent {
   };
 
   Kind kind = Kind::kDocumentEnd;
-  bool isEmpty = false;           // an element without content, for which there is no kEnd
+  bool isEmpty = false;           // an element without content, which has no kEnd
   std::string_view name;          // of an element, an instruction or a document type
   std::string_view text;          // of kText and kCdata
   std::string_view tag;           // the start tag as it is in the text

@@ -63,7 +63,7 @@ Parse& ParseOf(void* data) {
   return *static_cast<Parse*>(static_cast<xmlParserCtxt*>(data)->_private);
 }
 
-// For the parser's callbacks, which may be called with the context of an entity in the document.
+// For callbacks of the parser, which may pass the context of an entity in the document.
 void Refuse(void* data, std::string_view bound, bool toldAlways = true) {
   ParseOf(data).Pass(bound, toldAlways);
   xmlStopParser(static_cast<xmlParserCtxt*>(data));

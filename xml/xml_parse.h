@@ -51,8 +51,8 @@ struct XmlParsed {
   XmlProblem problem;  // of one that is refused
 };
 
-// Reads the text to its end and keeps nothing of it. A result that is neither good nor plain
-// decides nothing: the document must be parsed into a tree. Throws std::bad_alloc.
+// Reads the text to its end and keeps nothing of it. If the result is neither good nor plain, the
+// document must be parsed into a tree to find out. Throws std::bad_alloc.
 XmlParsed CheckXml(DocumentText& text);
 // Parses any document into a tree. Throws std::bad_alloc.
 XmlParsed ParseXml(DocumentText& text);

@@ -67,7 +67,7 @@ void Decode(std::string_view raw, Decoded what, std::string& text) {
   }
 }
 
-// What there is to do with a piece of text.
+// What has to be done with a piece of text.
 struct TextTraits {
   bool isBlank = true;
   bool isCoded = false;
@@ -111,7 +111,7 @@ XmlTokens::XmlTokens(DocumentText& text) : text_(text) {
 bool XmlTokens::Fill() {
   if (isComplete_) return false;
   auto const kept = static_cast<std::size_t>(end_ - at_);
-  // Also after an exception, at_ and end_ are those of the buffer.
+  // at_ and end_ stay consistent with the buffer, also after an exception.
   auto const holds = [&](std::size_t size) {
     at_ = buffer_.data();
     end_ = at_ + size;

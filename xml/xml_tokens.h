@@ -26,7 +26,7 @@ class XmlTokens final : public XmlEvents {
  private:
   bool Fill();
   bool LooksAt(std::string_view words);
-  // The bytes of the token at hand up to and including `end`, which is looked for behind `front`
+  // The bytes of the token at hand up to and including `end`, which is searched for after `front`
   // bytes.
   std::string_view Token(std::size_t front, std::string_view end);
   void Take(std::size_t bytes) noexcept;

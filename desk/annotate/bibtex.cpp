@@ -19,7 +19,7 @@ constexpr char const* kMonthNames[] = {"January",   "February", "March",    "Apr
                                        "September", "October",  "November", "December"};
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-// The characters of names of entries, fields and texts, and of keys.
+// The characters that names of entries, fields and texts, and keys can have.
 bool IsOfName(char c) {
   return !IsBlank(c) && std::string_view("{}()\",=#%\\").find(c) == std::string_view::npos;
 }
@@ -204,7 +204,7 @@ class Parser {
     }
     return text;
   }
-  // At "and" outside of braces.
+  // Splits at "and" outside of braces.
   static std::vector<std::string> SplitNames(std::string const& value) {
     std::vector<std::string> names(1);
     int depth = 0;
@@ -223,7 +223,7 @@ class Parser {
     }
     return names;
   }
-  // The place of the first character of these outside of braces; npos if there is none.
+  // The place of the first, or last, character `wanted` outside of braces; npos without one.
   static std::size_t Outside(std::string const& name, char wanted, bool last) {
     std::size_t found = std::string::npos;
     int depth = 0;

@@ -14,7 +14,7 @@ struct BibEntry {
   std::string key;
   std::map<std::string, std::string> fields;  // by name in lower case; plain text in UTF-8
 
-  // The field; empty if there is none.
+  // The field; empty if the entry does not have it.
   std::string const& Field(std::string const& name) const;
 };
 

@@ -131,7 +131,7 @@ class Reader {
     auto const accent = std::find_if(std::begin(kAccents), std::end(kAccents),
                                      [&](Accent const& one) { return one.command == command; });
     if (accent == std::end(kAccents)) return false;
-    // "\c c" is an accent, "\copyright" was read as one command before.
+    // "\c c" is an accent; "\copyright" has been read as one command before.
     DropBlanks();
     bool const isInBraces = Drop("{");
     Drop("\\");

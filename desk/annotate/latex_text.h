@@ -6,8 +6,8 @@
 namespace zel::desk {
 
 // The plain text in UTF-8: accents and special letters become characters, "--" and "---" a hyphen,
-// "~" a blank, quotes of two characters one, and runs of blanks one blank. Braces, "$" and commands
-// that are not known are left out; what is in the braces of such a command stays.
+// "~" a blank, quotes of two characters one, and runs of blanks one blank. Braces, "$" and unknown
+// commands are left out; the text in the braces of such a command is kept.
 std::string PlainText(std::string const& latex);
 
 // The text with everything escaped that PlainText would change; it reads back to the same text if

@@ -17,7 +17,7 @@ namespace {
 constexpr char kEquation[] = "equation";
 
 // What a word of a table means: one bank, or with an empty name all banks of a type. Nothing if the
-// library has none.
+// library has no such bank.
 std::optional<BankName> BankOf(Library const& library, std::string const& word) {
   std::size_t const colon = std::min(word.find(':'), word.size());
   BankName bank{UpperCase(word.substr(0, colon)), UpperCase(word.substr(colon))};

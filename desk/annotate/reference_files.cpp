@@ -24,7 +24,7 @@ struct FileReference {
   std::string text;
   std::string doi;
   std::string why;
-  bool isEmpty = false;  // a code that nothing is cited for
+  bool isEmpty = false;  // a code without a citation
 };
 
 bool IsBibTeX(std::string const& path) {
@@ -85,7 +85,7 @@ std::vector<FileReference> FromTable(std::string const& path, ReferenceImport co
   auto const code = TakeColumn(columns, {"code", "refCode"});
   auto const text = TakeColumn(columns, {"citation", "reference"});
   auto const doi = TakeColumn(columns, {"doi"});
-  // What `zel refs --csv` shows besides.
+  // A column that `zel refs --csv` shows in addition.
   TakeColumn(columns, {"data"});
   TakeColumn(columns, {"in"});
   if (!columns.empty()) {

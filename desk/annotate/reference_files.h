@@ -12,7 +12,7 @@ namespace zel::desk {
 
 struct ReferenceImport {
   std::optional<BankName> bank;        // for its data; none: for all data of the library
-  std::optional<std::uint32_t> first;  // the first code of entries of BibTeX that say none
+  std::optional<std::uint32_t> first;  // the first code for entries of BibTeX without one
   std::vector<std::string> ignored;    // columns of a table that are left out
   bool isUsedOnly = false;             // only the codes that data of the library, or bank, have
   bool replace = false;                // other citations of these codes
@@ -33,7 +33,7 @@ struct ImportedReferences {
 // Sets the citations that the file holds in a library that is open for update; a row or an entry
 // that is refused changes nothing. The code of an entry of BibTeX is its field "refcode" or "code",
 // else its key if that is a number or "ref" and a number. Throws Failure for a file that cannot be
-// read, is neither, or has columns that mean nothing.
+// read, is neither, or has unknown columns.
 ImportedReferences ImportReferences(Library const& library, std::string const& path,
                                     ReferenceImport const& options);
 

@@ -37,7 +37,7 @@ struct Entry {
   std::int64_t data = 0;
 };
 
-// The entry with this citation, which is made if there is none.
+// The entry with this citation, which is made if it does not exist.
 Entry& EntryFor(std::vector<Entry>& entries, std::uint32_t code, Citation const& citation) {
   auto const at = std::find_if(entries.begin(), entries.end(), [&](Entry const& entry) {
     return entry.code == code && entry.citation == citation;
@@ -47,7 +47,7 @@ Entry& EntryFor(std::vector<Entry>& entries, std::uint32_t code, Citation const&
   return entries.back();
 }
 
-// Where the citations are.
+// Lists the citations of the library, with the places that have them.
 std::vector<Entry> Cited(Library const& library) {
   std::vector<Entry> entries;
   for (Place const& place : PlacesIn(library)) {
@@ -68,7 +68,7 @@ bool Before(Entry const& one, Entry const& other) {
   return std::pair(one.code, one.places.empty()) < std::pair(other.code, other.places.empty());
 }
 
-// The places, of those that are meant, that have a citation of the code.
+// Those of the selected places that have a citation of the code.
 std::vector<std::pair<Place, Citation>> Present(Library const& library, Place const& bank,
                                                 std::uint32_t code) {
   std::vector<std::pair<Place, Citation>> present;

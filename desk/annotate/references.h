@@ -30,11 +30,11 @@ char const* ToText(ReferenceState state);
 
 // Sets the citation of a code: for the data of a bank, or for all data of the library. In the
 // latter case it replaces the citations of the code wherever the library has them. Throws Failure
-// if there is another citation and `replace` is not set, and if there is no room.
+// if the code has another citation and `replace` is not set, and if a memo has no room.
 ReferenceState PutReference(Library const& library, std::optional<BankName> const& bank,
                             Citation const& citation, bool replace);
 // Removes the citation of a code from a bank, or wherever the library has it, and returns what was
-// removed. Throws Failure if there is none.
+// removed. Throws Failure if the code has no citation.
 Citation RemoveReference(Library const& library, std::optional<BankName> const& bank,
                          std::uint32_t code);
 

@@ -76,7 +76,8 @@ void LibraryChange::Begin(std::string const& path) {
 }
 
 // The lock of the work folder excludes other changes, so that only one of them waits for readers.
-// One that has to wait for another change holds nothing meanwhile, since that would be in the way.
+// A change that has to wait for another one holds no lock meanwhile, which would be in the way of
+// that one.
 void LibraryChange::Hold() {
   auto const refuseIf = [&](bool isInUse) {
     if (isInUse) throw LibraryInUse(shown_, "another program has it open", zel::openDenied);
@@ -85,20 +86,21 @@ void LibraryChange::Hold() {
   std::optional<FileLock> original;
   if (!isNew_ && options_.admitsReaders) {
     original = FileLock::Share(whole_, shown_);
-    // Without patience, work that a reader would make vain at its end is not begun.
+    // Without patience, the work is not begun while there is a reader, which would make it fail at
+    // its end.
     refuseIf(session_->patience.count() == 0 && original->HasReaders());
   } else if (!isNew_) {
     original = FileLock::Take(whole_, shown_);
   }
   auto work = std::make_unique<WorkFolder>(whole_, shown_);
-  // The change before may have left the folder to be put in place since the look above.
+  // The change before may have made the folder ready to be put in place since the check above.
   refuseIf(IsAtWork(ReadyFolder(whole_)));
   original_ = std::move(original);
   work_ = std::move(work);
 }
 
-// The copy is verified, which is the same and is not locked. An original that is changed in place
-// is verified again when it is locked, and then gets its own mark.
+// Verifies the copy, which is equal to the original and is not locked. An original that is changed
+// in place is verified again when it is locked, and then gets its own mark.
 void LibraryChange::JudgeLastClose() {
   bool const isOfInterest = options_.verifiesUnclean && !options_.replacesAll;
   if (!isOfInterest || !WasClosedUncleanly(whole_)) return;
@@ -132,7 +134,7 @@ void LibraryChange::OpenForUpdate() {
     try {
       library_ = Library::OpenUpdate(*session_, path, "", shown_, how);
     } catch (Error const&) {
-      // It has one, or cannot be opened at all.
+      // The library has a password, or cannot be opened at all.
     }
     if (!library_) throw;
   }
@@ -146,7 +148,7 @@ LibraryChange LibraryChange::New(Session& session, std::string const& path, NewL
   WhenFree(session, [&] { FinishChange(path); });
   ReleaseNames(session, path);
   if (made.replace && IsThereOrBeingChanged(path)) {
-    // It must be a library, and one that may be changed; opening a copy of it checks that.
+    // The file must be a library, and one that may be changed; opening a copy of it checks that.
     ChangeOptions probed;
     probed.password = options.password;
     probed.admitsReaders = options.admitsReaders;
@@ -199,19 +201,19 @@ void LibraryChange::Restore(Version const& version) {
     fs::remove(FileOf(work_->First(), number));
   }
   Copy(version.first.string());
-  // It must be a library.
+  // The version must be a library.
   Library::OpenRead(*session_, work_->First(), version.first.string());
   undoes_ = version.number;
 }
 
-// Nothing for a change that keeps no version.
+// Returns nothing for a change that keeps no version.
 std::optional<ChangeRecord> LibraryChange::Record() const {
   if (!work_ || isNew_ || options_.keep <= 0) return std::nullopt;
   ChangeRecord record;
   record.command = session_->command;
   record.time = TimeNow();
   record.undoes = undoes_;
-  // An undo does not push out the versions to which the next ones go back.
+  // An undo must not push out the versions to which the next undos go back.
   record.keep = undoes_ == 0 ? options_.keep : 2 * options_.keep;
   OrFail(shown_, "cannot be read", [&] {
     record.before = DigestOfLibrary(whole_);
@@ -229,7 +231,7 @@ void LibraryChange::PutInPlace() {
   if (library_) library_->Close();
   GiveFilesAccess();
   if (work_) {
-    // Made before the change, since memory may run out after it.
+    // The text is made before the change, since memory may run out after it.
     constexpr std::size_t kLongestReason = 200;
     std::string note = shown_ + ": the change is in place, but what it replaced is not kept: ";
     note.reserve(note.size() + kLongestReason);

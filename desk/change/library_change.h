@@ -40,7 +40,7 @@ struct ChangeOptions {
 
 struct NewLibrary {
   zel::libTypes kind = zel::libKind11;
-  // Replaces the library that is there, whose password is given in the options.
+  // Replaces the existing library, whose password is given in the options.
   bool replace = false;
   // The mode of its files. Without one: that of the replaced library, else that of the other
   // libraries in the folder, else what the umask allows.
@@ -61,7 +61,7 @@ class LibraryChange {
   // Closes it and makes the files of a version those of the changed library. Throws Failure.
   void Restore(Version const& version);
   // Closes the library and makes it the one at the path. If this throws Failure, or LibraryInUse
-  // because a reader that was admitted is not done in time, the library is unchanged. If only the
+  // because an admitted reader did not finish in time, the library is unchanged. If only the
   // history cannot be kept, the session reports it. The object cannot be used afterwards. After a
   // change with `dryRun` it must not be called.
   void PutInPlace();

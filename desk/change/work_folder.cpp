@@ -136,7 +136,7 @@ std::string WorkFolder::KeepOld() const noexcept {
   try {
     SyncPath(places_.Folder());
   } catch (std::bad_alloc const&) {
-    // The system then writes it to disk when it gets to it.
+    // The system then writes it to disk later.
   }
   return KeepVersion(places_);
 }

@@ -25,12 +25,12 @@ class WorkFolder {
   std::string const& Path() const { return folder_; }
   // The path of the copy of the library's first file.
   std::string First() const;
-  // Lets whoever has this access to the library remove the folder, or put the library back, if this
+  // Lets users with this access to the library remove the folder, or put the library back, if this
   // program is interrupted. Before the call only this user can access the folder. Throws Failure.
   void Share(FileAccess const& access) const;
-  // Writes everything to disk and says to the programs that come now that the new files are about
-  // to be moved into place. Throws Failure if that is impossible, or if the library is new and
-  // another program has made one meanwhile.
+  // Writes everything to disk and announces to other programs that the new files are about to be
+  // moved into place. Throws Failure if that is impossible, or if the library is new and another
+  // program has made one meanwhile.
   void Prepare(bool isNew, std::optional<ChangeRecord> const& record);
   // Replaces the library's files with the new ones, which are prepared. Throws Failure if that is
   // impossible; the old library is then unchanged.

@@ -8,7 +8,7 @@
 namespace zel::desk {
 
 // Makes a bank in `to` with the format and the memo that it has in `from`, unless `to` has it.
-// Throws Failure if it cannot be made, or if it is there with a format that has no room for all
+// Throws Failure if it cannot be made, or if it exists with a format that has no room for all
 // fields.
 void MakeBankLike(Library const& from, Library const& to, BankName const& bank);
 

@@ -105,7 +105,7 @@ void Flattener::AllComponents() {
   }
 }
 
-// The first ID or the number, whichever more banks know; the ID if both do equally.
+// The first ID or the number, whichever more banks know; the ID if equally many do.
 std::string Flattener::BestWord(zel::ZelIdentity const& identity) const {
   std::string number = std::to_string(identity.number);
   std::string id = identity.ids[0];
@@ -174,7 +174,7 @@ bool Flattener::HasComponent(std::size_t library, std::int32_t number) const {
   });
 }
 
-// A library that does not have the component means the one that another library has.
+// A number in a library that does not have the component means the component of another library.
 std::optional<std::int32_t> Flattener::NumberFor(std::size_t library, std::int32_t number) const {
   auto const at = numbers_.find({library, number});
   if (at != numbers_.end()) return at->second;

@@ -30,8 +30,9 @@ struct Flattened {
 // Writes the components of the list into `to`, each merged as by PreferenceList::Search, with the
 // reference codes of its data; constants that a search derives are not written. From the other
 // banks of the libraries, the first item under each key is taken; where libraries number a
-// component differently, the key has the number of the merged component. With named components
-// only the items of these, and all items that belong to no component, such as those of groups.
+// component differently, the key has the number of the merged component. With named components,
+// only their items are taken, and all items that do not belong to a component, such as those of
+// groups.
 //
 // Throws Failure if sources contradict each other about a component, unless the list accepts that,
 // if two components have the same number, and if an item cannot be written. Items that cannot be

@@ -15,7 +15,7 @@
 namespace zel::desk {
 namespace {
 
-// An item of any type, with what its type allows to be said about it.
+// An item of any type, with the operations that its type allows.
 class AnyItem {
  public:
   explicit AnyItem(std::string const& type) {

@@ -23,8 +23,8 @@ struct Renumbered {
 // with its IDs and CAS number, all items that are named by it (pairs, groups and other data of
 // components), and mappings from and to other programs. `component` is a number, an ID, a CAS
 // number or a name; `to` is a number above 0. Throws Failure if the library has nothing under the
-// old number, if anything has the new number already, or if an item cannot be read or moved; then
-// the change must not be put in place.
+// old number, if the new number is in use, or if an item cannot be read or moved; then the change
+// must not be put in place.
 Renumbered Renumber(Library const& library, std::string const& component, std::string const& to);
 
 }  // namespace zel::desk

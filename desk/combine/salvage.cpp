@@ -30,7 +30,7 @@ char const* WordOf(zel::zelSalvageWays way) {
   return "outdated";
 }
 
-// Keeps what was not simply taken, and counts the rest.
+// Keeps the records of what was not taken unchanged, and counts the rest.
 class Records final : public zel::ZelSalvageSink {
  public:
   struct Bank {
@@ -75,7 +75,7 @@ class Records final : public zel::ZelSalvageSink {
   std::vector<Item> items;
 
  private:
-  // What is said of a bank after its items, such as a memo that is lost, is added to its text.
+  // A record about a bank after its items, such as one about a lost memo, is added to its text.
   void OfBank(zel::ZelSalvageRecord const& record) {
     bool const isKnown = !banks.empty() && banks.back().name.type == record.type &&
                          banks.back().name.name == record.bank;

@@ -15,13 +15,13 @@ struct Salvaged {
   bool isWhole = true;  // nothing is missing, and nothing had to be guessed
   Table library;        // what was wrong with the library as a whole: text
   Table banks;          // for each bank what was found of it
-  Table items;          // items and gaps that were not simply taken
+  Table items;          // gaps, and items that were not taken unchanged
 
   Salvaged();
 };
 
-// The type of a library that may be damaged. Throws the error of an open that fails; damage is
-// none.
+// The type of a library that may be damaged. Throws the error of an open that fails; damage is not
+// an error.
 zel::libTypes TypeForSalvage(std::string const& path);
 
 // Takes what can be read of the library at the path into `to`, which must be empty. Throws Failure

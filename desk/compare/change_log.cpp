@@ -10,7 +10,7 @@ namespace zel::desk {
 
 namespace {
 
-// Nothing for a version that is not kept any more: the last change is still tidying up.
+// Returns nothing for a version that is no longer kept: the last change is still tidying up.
 std::optional<Library> OpenVersion(Session& session, Version const& version) {
   try {
     return Library::OpenRead(session, version.first.string());
@@ -27,7 +27,8 @@ std::vector<LoggedChange> ChangesOf(Session& session, std::string const& path, i
   options.first = "before";
   options.second = "after";
   std::vector<LoggedChange> changes;
-  // From the last change back: what was before a change is what the one before it left.
+  // Goes back from the last change: the state before a change is the one that the change before it
+  // left.
   Library const held = OpenFinished(session, path);  // no change is put in place meanwhile
   Library after = Library::OpenRead(session, path);
   std::string const whole = WithoutLinks(path);

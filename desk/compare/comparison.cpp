@@ -12,8 +12,8 @@ namespace zel::desk {
 namespace {
 
 constexpr double kPercent = 100.0;
-// Values are stored with 7 digits: a deviation of 1 % that is written 0.01 must not become more by
-// the way it is computed.
+// Values are stored with 7 digits: a deviation of 1 % that is written 0.01 must not exceed that
+// through rounding.
 constexpr double kRounding = 1e-12;
 
 class Comparer {
@@ -44,7 +44,7 @@ class Comparer {
                    PureComponent const& one, PureComponent const& other);
   void Codes(std::string const& shown, std::string const& datum, std::uint32_t one,
              std::uint32_t other);
-  // Counts a datum that not both have; true if both do.
+  // Counts a datum that only one of them has; true if both have it.
   bool BothHave(std::string const& shown, std::string const& datum, bool one, bool other);
   bool Exceeds(double deviation) const {
     return std::abs(deviation) > options_.tolerance * (1.0 + kRounding);

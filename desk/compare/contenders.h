@@ -1,4 +1,4 @@
-// What the sources of a preference list have of one datum, and which of them is used.
+// What each source of a preference list has for one datum, and which of them is used.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ struct Contender {
   Curve curve;                               // of a correlation
   std::uint32_t code = 0;
 };
-// One for each bank of the list, in its order.
+// Returns one for each bank of the list, in its order.
 std::vector<Contender> ContendersFor(PreferenceList const& list, std::string const& component,
                                      zel::ZelConstantInfo const& constant);
 std::vector<Contender> ContendersFor(PreferenceList const& list, std::string const& component,

@@ -37,7 +37,8 @@ Counterparts::Match Counterparts::Find(zel::ZelIdentity const& identity) const {
   auto const agrees = [&](std::size_t i) {
     return AreOneSubstance(identity, components_[i].identity);
   };
-  // One of the same ID that is another substance: rows with this ID would be of neither.
+  // A component with the same ID can be another substance: rows with this ID would then be of
+  // neither.
   if (!namesakes.empty() && std::none_of(namesakes.begin(), namesakes.end(), agrees)) {
     return {&components_[namesakes.front()], true};
   }

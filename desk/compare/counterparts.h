@@ -15,7 +15,7 @@ class Counterparts {
   explicit Counterparts(std::vector<PlacedComponent> components);
 
   struct Match {
-    PlacedComponent const* component = nullptr;  // null: there is none
+    PlacedComponent const* component = nullptr;  // null if not found
     bool isOtherSubstance = false;  // it has the same number, ID or CAS number, but contradicts
   };
   // The component with the same number, else with one of the same IDs, else with the same CAS

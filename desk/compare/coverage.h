@@ -20,11 +20,11 @@ struct DatumCounts {
   std::int64_t stored = 0;    // constants
   std::int64_t filledIn = 0;  // constants
   std::int64_t missing = 0;   // constants
-  std::int64_t curves = 0;    // correlations that are there
+  std::int64_t curves = 0;    // correlations that exist
 };
 DatumCounts CountOf(PureComponent const& component);
 
-// The components by whose pairs a model is covered.
+// The components whose pairs a model should have.
 class PairCoverage {
  public:
   explicit PairCoverage(PreferenceList const& list) : list_(list) {}

@@ -50,8 +50,7 @@ class Difference {
   void Memos(std::string const& place, std::vector<std::string> const& one,
              std::vector<std::string> const& other);
   void BankHeader(BankName const& bank);
-  // The item of the second library, by its key in the first one; without those that are there under
-  // the same key.
+  // The item of the second library by its key in the first one, for items whose keys differ.
   using Followers = std::map<StoredWords, StoredWords>;
   Followers FollowersIn(BankName const& bank, zel::IZelBankDef& item, ItemNumbers const& numbers,
                         std::vector<StoredWords> const& a, std::vector<StoredWords> const& b) const;
@@ -150,8 +149,8 @@ Difference::Followers Difference::FollowersIn(BankName const& bank, zel::IZelBan
   return followers;
 }
 
-// A row for an item that only one library has. A component of which each library knows another
-// number is named by its number, too.
+// A row for an item that only one library has. A component that has different numbers in the two
+// libraries is named by its number, too.
 void Difference::ItemIn(Library const& library, BankName const& bank, StoredWords const& key,
                         KeyWords& words) {
   std::vector<std::string> shown = words.Of(key);

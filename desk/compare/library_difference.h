@@ -1,4 +1,4 @@
-// What two libraries differ in.
+// The differences between two libraries.
 #pragma once
 
 #include <functional>

@@ -21,7 +21,7 @@ struct RenumberedComponents {
 };
 
 // Finds them among the components that both libraries name by one ID. The banks are those whose
-// items are looked at, of the first and of the second library. Throws block errors.
+// items are compared, of the first and of the second library. Throws block errors.
 RenumberedComponents FindRenumbered(Library const& one, std::vector<BankName> const& banksOfOne,
                                     Library const& other,
                                     std::vector<BankName> const& banksOfOther);

@@ -168,7 +168,7 @@ class ComponentEdit {
     return curve;
   }
 
-  // The range stays the same temperatures.
+  // The range is converted, so that its temperatures stay the same.
   void ChangeTemperatureUnit(Curve& curve) const {
     std::int32_t const unit = TemperatureUnitNamed(edit_.curve.temperatureUnit);
     for (double* const limit : {&curve.tMin, &curve.tMax}) {

@@ -11,7 +11,7 @@
 namespace zel::desk {
 
 // The constant that a word means; null for a word that is exactly the name of a correlation, even
-// if it is a constant's in other letters.
+// if it differs from the keyword of a constant only in the case of letters.
 zel::ZelConstantInfo const* ConstantMeant(std::string const& word);
 
 // The names under which ValuesOf lists a datum begin with the returned one.

@@ -21,7 +21,7 @@ bool NamesBank(Library const& library, std::string const& word) {
   });
 }
 
-// True for a word that is a type of banks, and not a component.
+// True for a word that is a bank type of which the library has no bank, and not a component.
 bool IsMissingType(Library const& library, std::string const& word) {
   if (!BankOrNone(UpperCase(word))) return false;
   return !IsIdForm(word) || library.Maint().FindNumberById(UpperCase(word).c_str()) == 0;

@@ -163,7 +163,7 @@ void Edit::CopyFirst(Item const& item) {
   if (!library_.Maint().BankExists(edited_.bank.type.c_str(), edited_.bank.name.c_str())) {
     MakeBankLike(*from_, library_, edited_.bank);
   }
-  // As it is stored, whatever the order in which the components are named.
+  // The key as it is stored, whatever the order in which the components are named.
   zel::Handle<zel::Key> const asStored = StoredKey({stored, stored + facts.keyWords});
   if (!from_->Maint().ReadItem(&item.Def(), bank.name.c_str(), asStored.get())) {
     RefuseItem(*from_, bank, edited_.item, "cannot be read");
@@ -199,7 +199,7 @@ std::string Edit::KeptCode(std::string const& name) const {
   return "";
 }
 
-// The citation of the former value would be that of the new one.
+// Warns of kept codes: the citation of the former value would become that of the new one.
 void Edit::WarnOfCodes(std::vector<std::string> const& names) {
   if (edit_.code) return;
   std::map<std::string, std::string> data;  // by code

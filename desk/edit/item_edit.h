@@ -53,13 +53,13 @@ struct EditedItem {
   BankName bank;
   std::string item;
   std::vector<std::string> parts;  // what the item is named by
-  std::string copiedFrom;  // the bank from which the item was copied first; empty if it was there
+  std::string copiedFrom;  // the bank from which the item was copied first; empty if it existed
   // Rows of what changed: datum, old, new, unit, old code, new code.
   Table changes = Table("", {});
   std::vector<std::string> same;      // data that had the value already
   std::vector<std::string> warnings;  // about correlations
   std::vector<Finding> findings;      // about a component, which it did not have before
-  // Codes that data of the item have and that the two libraries cite in different ways.
+  // Codes of the item's data for which the two libraries have different citations.
   std::vector<CitationConflict> conflicts;
 
   bool IsChanged() const { return !copiedFrom.empty() || !changes.Empty(); }

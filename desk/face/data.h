@@ -1,4 +1,4 @@
-// What the objects of the face hold.
+// The data of the objects that hosts see.
 #pragma once
 
 #include <zelaccess/Desk.h>
@@ -44,7 +44,8 @@ struct LibrariesData {
   Session session;
   PreferenceList list;
   Citations citations;
-  // By the words of PreferenceList::Lookup. Libraries that are open for reading do not change.
+  // The results by the words of PreferenceList::Lookup. They stay valid, since libraries that are
+  // open for reading do not change.
   std::map<std::string, ComponentNumbers> numbers;
 };
 

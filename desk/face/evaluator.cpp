@@ -37,8 +37,8 @@ struct EvaluatorData {
     std::lock_guard const alone(component->lock);
     return zel::EvaluateComponentBatch(component->component.operator->(), index, batch);
   }
-  // Statuses are needed where some values are outside of the range; `isOutside` says that earlier
-  // chunks had such values, and learns it.
+  // Statuses are needed where some values are outside of the range; `isOutside` is true if earlier
+  // chunks had such values, and is set if this one has.
   void EvaluateChunk(EvaluatorArrays const& chunk, bool& isOutside) const;
   ZelStatus RunChunk(double const* temperatures, EvaluatorArrays const& chunk) const;
   void CleanChunk(double const* temperatures, EvaluatorArrays const& chunk) const;
@@ -48,7 +48,7 @@ namespace {
 
 constexpr std::int32_t kKelvin = 10;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-// Results of a chunk are still in the processor's cache when they are looked at.
+// The chunk is so small that its results are still in the processor's cache when they are checked.
 constexpr std::size_t kChunk = 2048;
 
 std::uint64_t BitsOf(double value) {
@@ -102,7 +102,7 @@ void ToRecord(std::string const& unit, std::int32_t recordUnit, double* temperat
   }
 }
 
-// By how much a temperature of the record changes when that of the caller changes by 1.
+// The change of a temperature of the record when that of the caller changes by 1.
 double StepOfRecord(std::string const& unit, std::int32_t recordUnit) {
   double step = 1.0;
   zel::ConvertUnits("TempDiff", unit.c_str(), TemperatureUnit(recordUnit), &step, 1);
@@ -130,7 +130,7 @@ std::shared_ptr<EvaluatorData> Prepared(std::uint32_t index, std::int32_t record
   return data;
 }
 
-// An extrapolation is a value only if there is one at the end of the range.
+// An extrapolation is a value only if the correlation has a value at the end of the range.
 void FindEnds(EvaluatorData& data, double tMin, double tMax) {
   auto const hasValueAt = [&data](double temperature) {
     double value = kNan;
@@ -161,7 +161,7 @@ void EvaluatorData::CleanChunk(double const* temperatures, EvaluatorArrays const
   }
 }
 
-// Evaluates; what has no value is NaN.
+// Evaluates a chunk; results without a value are NaN.
 ZelStatus EvaluatorData::RunChunk(double const* temperatures, EvaluatorArrays const& chunk) const {
   std::fill_n(chunk.values, chunk.count, kNan);
   if (chunk.derivatives != nullptr) std::fill_n(chunk.derivatives, chunk.count, kNan);
@@ -177,7 +177,7 @@ ZelStatus EvaluatorData::RunChunk(double const* temperatures, EvaluatorArrays co
   return Run(batch);
 }
 
-// At most kChunk elements.
+// Evaluates at most kChunk elements.
 void EvaluatorData::EvaluateChunk(EvaluatorArrays const& chunk, bool& isOutside) const {
   std::array<double, kChunk> converted;
   std::array<double, kChunk> spare;

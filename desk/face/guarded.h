@@ -1,4 +1,4 @@
-// What the library throws, as exceptions of the desk.
+// Translates what the library throws into exceptions of the desk.
 #pragma once
 
 #include <zelaccess/BlockError.h>
@@ -15,8 +15,8 @@
 
 namespace zel::desk {
 
-// Does the work. Block errors are thrown as DamagedLibrary, words that mean nothing as UnknownWord,
-// errors of the file system as Error.
+// Does the work. Block errors are thrown as DamagedLibrary, unknown words as UnknownWord, errors of
+// the file system as Error.
 template <typename Work>
 auto Guarded(Session const& session, Work const& work) {
   // Another session that had named a library for names may have closed it.

@@ -1,4 +1,4 @@
-// Items as the objects of the face hold them.
+// Items as the objects that hosts see hold them.
 #pragma once
 
 #include <memory>

@@ -17,7 +17,7 @@
 namespace zel::desk {
 namespace {
 
-// Opens the library for names, if there is one, before the others.
+// Opens the library for names, if one is given, before the others.
 Session& WithNames(Session& session, LibrariesOptions const& options) {
   session.patience = PatienceOf(options.waitSeconds);
   session.namesPath = LibraryPath(options.path).Find(options.names);
@@ -50,7 +50,8 @@ class KeyWordsOfLibraries {
       numbers_.push_back(&KnownNumbers(data, data.list.Lookup(words_[i])));
     }
   }
-  // What the words can be in a library; empty if it has another substance of such a number.
+  // The words that can name the item in a library; empty if such a number is another substance
+  // there.
   std::vector<std::vector<std::string>> In(std::size_t library) const {
     std::vector<std::vector<std::string>> words;
     for (std::size_t i = 0; i < words_.size(); ++i) {

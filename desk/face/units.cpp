@@ -9,7 +9,7 @@
 namespace zel::desk {
 namespace {
 
-// The unit in which the catalogues show nothing, because it is a number.
+// The word for internal units. The catalogues show no unit for a pure number.
 constexpr char kInternal[] = "QRInternal";
 
 }  // namespace

@@ -20,7 +20,7 @@ class UnitOfValues {
   void Convert(double* values, std::size_t count) const;
   // Whether the values stay in the internal unit.
   bool IsInternal() const { return isInternal_; }
-  // By how much a value changes in the unit when it changes by 1 in the internal one.
+  // The change of a value in the unit when it changes by 1 in the internal one.
   double Step() const;
 
  private:

@@ -23,7 +23,7 @@ struct FileAccess {
 
 // Returns the access of a file; throws std::filesystem::filesystem_error if it does not exist.
 FileAccess AccessOf(std::filesystem::path const& file);
-// Sets the owner and the group as far as this user may change them, and the mode always.
+// Sets the mode, and the owner and the group as far as this user may change them.
 void GiveAccess(std::filesystem::path const& file, FileAccess const& access);
 
 // The mode that most libraries in the folder have, the stricter one if two are equally frequent;

@@ -11,7 +11,7 @@
 namespace zel::desk {
 namespace {
 
-// The file is read in pieces; those that have zeros only are left out.
+// The file is read in pieces; pieces of zeros are left out.
 constexpr std::size_t kPiece = std::size_t{1} << 16;
 constexpr std::uint64_t kStart = 0xcbf29ce484222325;
 constexpr std::uint64_t kPrime = 0x9e3779b97f4a7c15;

@@ -6,7 +6,7 @@
 
 namespace zel::desk {
 
-// A file held under the lock that is used for library files.
+// A file that is held with the lock that is used for library files.
 class FileLock {
  public:
   // No other program can open the file. Throws LibraryInUse if another program holds it or has just
@@ -14,14 +14,14 @@ class FileLock {
   static FileLock Take(std::string const& path, std::string const& shownAs);
   // The same, but other programs can open the file for reading, and may have done so.
   static FileLock Share(std::string const& path, std::string const& shownAs);
-  // True if any program holds the file in the way of Take. Only reads it. False for a file that
-  // does not exist or may not be read.
+  // True if any program holds the file so that Take would fail. Only reads the file. False for a
+  // file that does not exist or may not be read.
   static bool IsHeld(std::string const& path);
 
-  // True if another program has the file open, for a shared one.
+  // True if another program has the file open; for a shared lock.
   bool HasReaders() const;
-  // Makes a shared one as that of Take. Throws LibraryInUse if another program has the file open;
-  // it is then still shared.
+  // Turns a shared lock into one of Take. Throws LibraryInUse if another program has the file open;
+  // the lock is then still shared.
   void KeepReadersOut(std::string const& shownAs);
 
   FileLock(FileLock&& other) noexcept;

@@ -9,15 +9,15 @@
 
 namespace zel::desk {
 
-// Returns the names of the folder's entries, in no particular order. If `error` is set, those that
-// were read before the error.
+// Returns the names of the folder's entries, in no particular order. If `error` is set, these are
+// the ones read before the error.
 std::vector<std::string> NamesIn(std::filesystem::path const& folder, std::error_code& error);
 // Throws std::filesystem::filesystem_error.
 std::vector<std::string> NamesIn(std::filesystem::path const& folder);
 
 // Removes a file, or a folder with everything in it; links are removed and not followed. A path
-// that does not exist is not an error. After an error the rest is still removed; `error` is the
-// first one.
+// that does not exist is not an error. After an error the rest is still removed; `error` receives
+// the first error.
 void RemoveTree(std::filesystem::path const& path, std::error_code& error);
 // Throws std::filesystem::filesystem_error.
 void RemoveTree(std::filesystem::path const& path);

@@ -26,7 +26,7 @@ std::string ImportedBy(std::string_view line) {
 void Append(fs::path const& folder, std::string const& name, bool isOuter, std::string& text) {
   std::ifstream file = OpenInput(folder / name);
   if (!file) throw Failure((folder / name).string() + ": cannot be read");
-  bool isHeader = !isOuter;  // an imported one has none in the result
+  bool isHeader = !isOuter;  // an imported document has none in the result
   for (std::string line; std::getline(file, line);) {
     if (isHeader) {
       if (line == "  -->") {

@@ -68,8 +68,8 @@ struct FileMove {
   HowMoved how;
 };
 
-// What is at the destination is moved to `from`, so that it can be moved back. On a file system
-// that cannot exchange two files it is lost.
+// A file at the destination is moved to `from`, so that it can be moved back. On a file system that
+// cannot exchange two files it is lost.
 bool Do(FileMove& move) {
   Exchange const exchange = ExchangeFiles(move.from, move.to);
   if (exchange == Exchange::kDone) move.how = HowMoved::kExchanged;

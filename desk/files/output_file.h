@@ -9,7 +9,7 @@ namespace zel::desk {
 
 // Writes the whole file, or leaves the old one: the text is first written to a file in a new folder
 // next to it. A symbolic link at the path is replaced and not followed. Throws Failure with the
-// reason, and for whatever RefuseSpecialFile refuses.
+// reason, and for everything that RefuseSpecialFile refuses.
 void WriteFile(std::string const& path, std::string const& text);
 
 // A hidden folder next to the destination, in which documents are made; the destructor removes it.
@@ -41,7 +41,7 @@ bool IsStandardOutput(std::string const& path);
 void RefuseSpecialFile(std::string const& path);
 
 // Throws Failure for a path that ends in .lb1 to .lb9, as the files of a library do: a document
-// must not replace one.
+// must not replace such a file.
 void RefuseLibraryPath(std::string const& path);
 
 }  // namespace zel::desk

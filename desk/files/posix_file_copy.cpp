@@ -113,7 +113,7 @@ void GiveAccess(fs::path const& file, FileAccess const& access) {
   if (access.owner && ::lchown(file.c_str(), access.owner->user, access.owner->group) != 0) {
     static_cast<void>(::lchown(file.c_str(), static_cast<uid_t>(-1), access.owner->group) == 0);
   }
-  // After the owner, since changing the owner may clear bits of the mode.
+  // The mode is set after the owner, since changing the owner may clear bits of the mode.
   if (::chmod(file.c_str(), access.mode) != 0) Refuse(file);
 }
 
@@ -162,7 +162,7 @@ void WriteNewFile(fs::path const& path, std::string const& text) {
 }
 
 void MakeMark(fs::path const& path) {
-  // Not empty: some programs that copy folders leave empty files out.
+  // The file must not be empty: some programs that copy folders leave out empty files.
   WriteNewFile(path, "Made by zel while it changes a library.\n");
 }
 

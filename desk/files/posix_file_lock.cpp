@@ -97,8 +97,8 @@ FileLock::~FileLock() {
   if (file_ >= 0) close(DescriptorOf(file_));
 }
 
-// There is no turn on a file system without such locks, or while the program that called this one
-// keeps the folder locked; most callers then go on without it.
+// A turn cannot be had on a file system without such locks, or while the program that called this
+// one keeps the folder locked; most callers then go on without it.
 FolderTurn::FolderTurn(std::string const& folder, Patience patience)
     : file_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
   int const tries = patience == Patience::kNone ? 1 : 200;

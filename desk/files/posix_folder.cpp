@@ -24,7 +24,7 @@ void Note(int number, std::error_code& error) {
   if (!error) error = std::error_code(number, std::generic_category());
 }
 
-// Null if the folder cannot be opened; with O_NOFOLLOW in `flags` a link is not.
+// Null if the folder cannot be opened; with O_NOFOLLOW in `flags` a link is not opened.
 OpenFolder OpenAt(int around, char const* name, int flags) {
   int const descriptor = ::openat(around, name, flags | O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return nullptr;

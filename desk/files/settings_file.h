@@ -19,9 +19,9 @@ struct FileSetting {
   int line = 0;
 };
 
-// The settings of a file in their order, and in front of those of a section one without a name.
-// Throws Error, which names the line, for a line that is not a comment, a section or a setting, and
-// for a setting that is there twice; also if the file cannot be read.
+// The settings of a file in their order, and in front of those of a section an entry without a
+// name. Throws Error, which names the line, for a line that is not a comment, a section or a
+// setting, and for a setting that occurs twice; also if the file cannot be read.
 std::vector<FileSetting> ReadSettings(std::string const& path);
 // What an error of a setting begins with: "line 3: ".
 std::string AtLine(int line);

@@ -5,7 +5,7 @@
 
 namespace zel::desk {
 
-// Throws Failure if it cannot be written, PipeClosed if no one reads it any more.
+// Throws Failure if it cannot be written, PipeClosed if its reader has closed it.
 void Write(std::string const& text);
 
 }  // namespace zel::desk

@@ -15,7 +15,8 @@ namespace {
 
 constexpr char kSchema[] = "zel/check";
 
-// What makes two findings the same. Bytes that are not UTF-8 are replaced as in the baseline.
+// A text that is the same for two findings that count as the same. Bytes that are not UTF-8 are
+// replaced as in the baseline.
 std::string IdentityOf(Finding const& finding) {
   std::string const library = std::filesystem::path(finding.library).filename().string();
   nlohmann::json parts = {finding.id, library, finding.place, finding.text};

@@ -18,7 +18,8 @@ struct ComparedFindings {
 };
 
 // Two findings are the same if the check, the name of the library without its folder, the place and
-// the text are, whatever the severity; of judged ones, if the library and the fingerprint are.
+// the text are the same, whatever the severity; two judged findings, if the library and the
+// fingerprint are.
 ComparedFindings CompareFindings(std::vector<Finding> const& findings,
                                  std::vector<Finding> const& baseline);
 

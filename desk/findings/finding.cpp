@@ -46,7 +46,7 @@ std::string TextOf(zel::ZelDataEvidence const& evidence) {
          evidence.source + " (" + evidence.rule + ")";
 }
 
-// Two digits after the point say all that there is to say.
+// More than two digits after the point would not be significant.
 double Rounded(double strength) { return std::round(strength * 100.0) / 100.0; }
 
 std::string EvidenceOf(Finding const& finding) {

@@ -24,7 +24,8 @@ struct CheckedLibraries {
 std::string ToSarif(CheckedLibraries const& checked);
 
 // JUnit XML: a test suite for each library and a test case for each check. A finding that fails is
-// a failure, damage an error; known ones and those that do not fail are output of the test case.
+// a failure, damage an error; known findings and those that do not fail are output of the test
+// case.
 std::string ToJunit(CheckedLibraries const& checked);
 
 }  // namespace zel::desk

@@ -48,7 +48,7 @@ class Collector final : public zel::ZelDataFindingSink {
   void FoundData(zel::ZelDataFinding const& found) override {
     if (found.severity == zel::findingNote) return;  // the check was cancelled
     if (found.severity == zel::findingDamage) {
-      // The structure is sound: what is unreadable now was readable before.
+      // The structure was found sound: what is unreadable now was readable then.
       UnreadItems(session_, found.library).Found(found.severity, found.id, found.place, found.text);
       return;
     }

@@ -19,15 +19,17 @@ struct CheckRule {
 // All checks whose findings are not damage: of the structure, then of the data.
 std::vector<CheckRule> CheckRules();
 
-// What a host does around the parts of a check: it may show how far it is, and end it.
+// What a host does before and after the parts of a check: it may show the progress, and end the
+// check.
 class CheckSteps {
  public:
   virtual ~CheckSteps() = default;
-  // Before a part, which works with the library and is this share of the whole.
+  // Called before a part, which works with the library and is this share of the whole.
   virtual void Begin(std::string const& what, double share, zel::LibFile& library) = 0;
-  // However the part ends, even if Begin throws; the library may not be used after it.
+  // Called after a part however it ends, even if Begin throws; the library must not be used
+  // afterwards.
   virtual void Leave() noexcept = 0;
-  // After a part that was done. Throws to end the check.
+  // Called after a part that was completed. Throws to end the check.
   virtual void End() = 0;
 };
 
@@ -45,8 +47,8 @@ std::vector<char const*> const& JudgedChecks();
 
 // The structure of each library, then the data of the sound ones, alone and with each other. The
 // findings are in the order of severity and strength. Damage is never left out; Session::Note gets
-// a line for each library whose data were not checked for it, and Session::LeaveOut one for each
-// item that can no longer be read. Throws WrongUsage for a check that does not exist.
+// a line for each library whose data were not checked because of it, and Session::LeaveOut one for
+// each item that can no longer be read. Throws WrongUsage for a check that does not exist.
 std::vector<Finding> CheckLibraries(Session& session, CheckOptions const& options);
 // The same with libraries that are open; those of the options are not read.
 std::vector<Finding> CheckLibraries(Session& session, std::vector<Library> const& libraries,

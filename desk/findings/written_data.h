@@ -13,8 +13,8 @@
 
 namespace zel::desk {
 
-// The findings about the values of a component of a bank, by itself. Missing reference codes and
-// CAS numbers are not among them, nor missing coefficients that count as 0. Errors come first.
+// The findings about the values of a component of a bank, by itself. Missing reference codes, CAS
+// numbers and coefficients that count as 0 are not reported. Errors come first.
 std::vector<Finding> FindingsAbout(PureComponent const& component, std::string const& library,
                                    BankName const& bank);
 
@@ -25,8 +25,8 @@ class WrittenComponents {
   WrittenComponents(Library const& library, BankName bank)
       : library_(&library), bank_(std::move(bank)) {}
 
-  // Remembers a component that was written, and what it was before; null if it is new. If it was
-  // remembered before, what it was then counts.
+  // Remembers a component that was written, and its state before, null if it is new. If it has been
+  // remembered already, the first state counts.
   void Add(std::int32_t number, PureComponent const* before);
   // The findings about these components as they are now, in the order of their numbers, without
   // those that they had before.
@@ -41,12 +41,12 @@ class WrittenComponents {
 // The components that an import of documents adds to a library.
 class ImportedComponents {
  public:
-  // To be made before the import. It may also replace components of the bank of components named
-  // `replaced`, unless that is empty. The library must outlive this object.
+  // Must be constructed before the import. It may also replace components of the bank of components
+  // named `replaced`, unless that is empty. The library must outlive this object.
   ImportedComponents(Library const& library, std::string const& replaced);
   // The findings about them that are errors, such as a negative pressure. Contradictions are not
-  // among them: documents hold large collections of data, with contradictions that are known. A
-  // bank that cannot be read is left out, and Session::Note reports it.
+  // reported: documents hold large collections of data, with known contradictions. A bank that
+  // cannot be read is left out, and Session::Note reports it.
   std::vector<Finding> Errors() const;
 
  private:

@@ -15,8 +15,8 @@ void TellConflict(Citation const& ours, Citation const& theirs, Library const& f
                       "\" in " + from.Path() + ":" + ToText(fromBank) + "; the former is kept");
 }
 
-// Gives the bank a citation of its own if all of its data with the code come from one that cites it
-// so; false if they do not, or if its memo has no room.
+// Puts the citation into the memo of the bank if all of its data with the code were copied from one
+// with this citation; false if they were not, or if the memo has no room.
 bool KeepInBank(Citation const& citation, std::int64_t copied, Library const& to,
                 BankName const& toBank) {
   CodeCounts const all = CodesIn(to, toBank);
@@ -30,7 +30,8 @@ bool KeepInBank(Citation const& citation, std::int64_t copied, Library const& to
   return true;
 }
 
-// A citation for all data of `from` becomes one for all data of `to`, so that memos of banks stay.
+// A citation for all data of `from` becomes one for all data of `to`, so that memos of banks do not
+// change.
 std::vector<CitationConflict> CarryCitations(Library const& from, BankName const& fromBank,
                                              CodeCounts const& codes, Library const& to,
                                              BankName const& toBank) {

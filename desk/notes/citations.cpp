@@ -19,7 +19,7 @@ bool IsDoi(std::string const& word) {
          std::all_of(word.begin(), word.end(), [](char c) { return c > ' ' && c < '\x7f'; });
 }
 
-// Adds what the memo has; the earlier citation of a code holds.
+// Adds the citations of a memo; an earlier citation of a code is kept.
 void AddFrom(NoteLines const& notes, std::map<std::uint32_t, Citation>& known) {
   for (Note const& note : notes.All(NoteKind::kReference)) {
     Citation citation = CitationOf(note);

@@ -19,7 +19,7 @@ struct MergedCitations {
   std::map<std::uint32_t, Citation> curves;
 };
 
-// Of each datum the citation of the first source that has the datum, as it is merged.
+// For each datum the citation of the first source that has the datum, as in the merge.
 MergedCitations CitationsOf(PreferenceList const& list, std::string const& word,
                             Citations& citations);
 

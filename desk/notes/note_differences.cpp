@@ -11,7 +11,7 @@
 namespace zel::desk {
 namespace {
 
-// By kind, then by key: codes as numbers, which have no leading zeros, names as texts.
+// Orders notes by kind, then by key: codes as numbers, which have no leading zeros, names as texts.
 using Place = std::tuple<NoteKind, std::size_t, std::string>;
 
 Place PlaceOf(Note const& note) {

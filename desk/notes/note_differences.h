@@ -6,7 +6,7 @@
 
 namespace zel::desk {
 
-// A note of which one side has none is empty there.
+// A note that differs. It is empty on a side that does not have it.
 struct DifferingNote {
   std::string name;  // "ref 54", "parameter NRTL bij"
   std::string one;

@@ -28,7 +28,7 @@ constexpr KindWord kWords[] = {{NoteKind::kReference, "ref"},
                                {NoteKind::kEquation, "equation"},
                                {NoteKind::kParameter, "parameter"}};
 
-// True for so many words of letters, digits and "_".
+// True for `least` to `most` words of letters, digits and "_".
 bool HasNames(std::string_view key, std::size_t least, std::size_t most) {
   constexpr std::string_view kLetters =
       "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
@@ -145,7 +145,7 @@ bool NoteLines::Remove(NoteKind kind, std::string const& key) {
   });
   if (rest == lines_.end()) return false;
   lines_.erase(rest, lines_.end());
-  // The line end that was added with a last line goes with it.
+  // The line end that was added with a last line is removed with it.
   if (!hadEnd && !lines_.empty() && lines_.back().text.back() == '\n') {
     lines_.back().text.pop_back();
     if (lines_.back().text.empty()) lines_.pop_back();

@@ -19,7 +19,7 @@ struct Note {
   NoteKind kind = NoteKind::kReference;
   std::string key;   // of a reference its code, of an equation the bank type, of a parameter the
                      // type and the field, "NRTL bij"; in the memo of a bank without the type
-  std::string unit;  // of a parameter; empty if none is given
+  std::string unit;  // of a parameter; empty if not given
   std::string text;
 };
 
@@ -38,7 +38,7 @@ class NoteLines {
   std::vector<Note> All(NoteKind kind) const;
   // Replaces the note of the same kind and key, or adds it at the end.
   void Set(Note const& note);
-  // Removes all notes of this kind and key; false if there is none.
+  // Removes all notes of this kind and key; false if the memo has none.
   bool Remove(NoteKind kind, std::string const& key);
   // Replaces all lines that are not notes by the text. Its own notes replace those of the same kind
   // and key; the others are kept, after the text. Returns their number.

@@ -56,7 +56,7 @@ ModelMeaning MeaningIn(Library const& library, BankName const& bank, zel::IZelBa
   if (Note const* const note = notes.Find("")) model.equation = note->text;
   for (Field const& field : fields) {
     ParameterMeaning parameter{field.name, field.unit, ""};
-    // A label that is only the name again says nothing.
+    // A label that only repeats the name is not a meaning.
     if (LowerCase(field.label) != LowerCase(field.name)) parameter.meaning = field.label;
     if (Note const* const note = notes.Find(field.name)) {
       parameter.unit = note->unit.empty() ? "-" : note->unit;

@@ -31,7 +31,7 @@ class Meanings {
  public:
   // A memo that cannot be read counts as empty and is reported as by Library::TellUnread.
   Meanings(Library const& library, BankName const& bank);
-  // The note about a field, about the equation if the name is empty; null if there is none.
+  // The note about a field, or about the equation if the name is empty; null without such a note.
   Note const* Find(std::string const& field) const;
   // True if it is in the memo of the bank.
   bool IsOfBank(std::string const& field) const;
@@ -48,14 +48,14 @@ std::string CommonKey(std::string const& type, std::string const& field);
 // reference code. None for a type without numbers, such as that of names.
 std::vector<Field> ParametersOf(zel::IZelBankDef& bank);
 
-// The fields of the items of a bank. Numbers whose type gives them no unit have that of a note.
+// The fields of the items of a bank. Numbers that have no unit by their type have that of a note.
 std::vector<Field> FieldsIn(Library const& library, BankName const& bank, zel::IZelBankDef& item);
 
 // What is known about the parameters of a bank: by notes, else by its type.
 ModelMeaning MeaningIn(Library const& library, BankName const& bank, zel::IZelBankDef& item);
 
 // The columns of a table of meanings: where (if `place` is not empty), field, unit and meaning.
-// Text says of empty cells that they are not known.
+// In text, empty cells are shown as not known.
 std::vector<Column> MeaningColumns(std::string const& place);
 // Adds a row "equation" and a row for each parameter; none for a model without parameters. `place`
 // is left out of the rows if it is empty.

@@ -18,7 +18,7 @@ std::size_t LengthFrom(unsigned char first) {
   return 0;
 }
 
-// True for code points that the length is the shortest for, and that are characters.
+// True for code points that are characters and for which the length is the shortest.
 bool IsCharacter(std::uint32_t point, std::size_t length) {
   constexpr std::uint32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
   bool const isSurrogate = point >= 0xD800 && point < 0xE000;

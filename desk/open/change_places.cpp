@@ -48,7 +48,7 @@ void RemoveFolder(fs::path const& folder) noexcept {
     fs::remove(folder / kLockName, ignored);
     fs::remove(folder, ignored);
   } catch (std::bad_alloc const&) {
-    // The next command has more memory.
+    // The next command, with more memory, removes it.
   }
 }
 
@@ -78,7 +78,7 @@ bool IsBeingChanged(std::string const& path) {
   }
 }
 
-// A file that was not there when the first look came is there when the moves are done.
+// A file that did not exist at the first look may exist now that the moves are done.
 bool IsThereOrBeingChanged(std::string const& path) {
   std::error_code none;
   return fs::exists(path, none) || IsBeingChanged(path) || fs::exists(path, none);

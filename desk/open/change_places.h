@@ -1,9 +1,9 @@
 // Where the files of a library are while a change of it is made and put in place.
 //
 // The copy is made in .NAME.lb1.zel-new next to the library. When it is whole and on disk, the
-// folder is renamed to .NAME.lb1.zel-ready. Of a change that admits readers, those who have the
-// library open finish first; whoever comes now lets the change go first. Then no one can open the
-// library, and these moves follow:
+// folder is renamed to .NAME.lb1.zel-ready. A change that admits readers waits until programs that
+// have the library open finish; programs that open it now let the change go first. Then no program
+// can open the library, and these moves follow:
 //
 //   1. the library's first file is moved into the folder as `old`,
 //   2. each other file is moved there as `old2`, `old3`, ..., and the new one takes its place,
@@ -44,21 +44,21 @@ std::filesystem::path ReadyFolder(std::filesystem::path const& library);
 // The lock file in each of them.
 inline constexpr char kLockName[] = "lock";
 
-// False for a folder that somebody else may have put in the place of one of ours, which is then not
-// looked into: a link, or, where everybody may make files but not touch those of others, one that
-// belongs neither to this user nor to the library's owner.
+// False for a folder that another user may have put in the place of one of ours, and that is
+// therefore not opened: a link, or, in a folder with the sticky bit, one that belongs neither to
+// this user nor to the library's owner.
 bool IsOurs(std::filesystem::path const& folder, std::filesystem::path const& library);
 
 // True while a program works in the folder: it holds the lock.
 bool IsAtWork(std::filesystem::path const& folder);
 
-// Removes the lock last: a folder without it contains nothing more that matters. The next command
-// tries again to remove what cannot be removed now.
+// Removes the lock last: a folder without it contains nothing that is still needed. The next
+// command tries again to remove what cannot be removed now.
 void RemoveFolder(std::filesystem::path const& folder) noexcept;
 
 // True while a change is about to be moved into place, is moved, or was interrupted then.
 bool IsBeingChanged(std::string const& path);
-// True if the library's first file is there, or will be when a change is in place.
+// True if the library's first file exists, or will exist when a change is in place.
 bool IsThereOrBeingChanged(std::string const& path);
 
 // The paths of the files of one change, by number; the first file has the number 1.
@@ -68,8 +68,8 @@ class ChangePlaces {
   explicit ChangePlaces(std::string library);
 
   std::filesystem::path Place(int number) const { return FileOf(library_, number); }
-  // In the ready folder: the new state of a file, the old one, and the mark for a file that the old
-  // library does not have.
+  // Paths in the ready folder: of the new state of a file, of the old one, and of the mark for a
+  // file that the old library does not have.
   std::filesystem::path New(int number) const { return FileOf(first_, number); }
   std::filesystem::path Old(int number) const;
   std::filesystem::path Added(int number) const;

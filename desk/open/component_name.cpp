@@ -21,7 +21,8 @@ void AddOnce(std::vector<Namesake>& all, Namesake one) {
   if (!isKnown) all.push_back(std::move(one));
 }
 
-// The components of a bank whose names begin with the word; those of exactly this name apart.
+// The components of a bank whose names begin with the word, and, separately, those of exactly this
+// name.
 struct Namesakes {
   std::vector<Namesake> exact;
   std::vector<Namesake> beginning;

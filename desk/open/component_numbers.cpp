@@ -80,7 +80,7 @@ Substance SubstanceOf(std::vector<Library> const& libraries, std::string const& 
   return one;
 }
 
-// Those of all libraries, each once, published ones first.
+// The numbers of all libraries, each once, published ones first.
 std::vector<std::int32_t> CommonNumbers(Substance const& substance) {
   std::vector<std::optional<zel::ZelIdentity>> all = substance.in;
   all.push_back(substance.inNames);

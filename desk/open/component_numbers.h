@@ -11,7 +11,7 @@
 namespace zel::desk {
 
 struct ComponentNumbers {
-  // The first ID that the first library that knows the component has, that of --names being the
+  // The first ID that the first library that knows the component has, where that of --names is the
   // last one; else the word.
   std::string shown;
   // False if no library has the component. A number is then the number in all of them.

@@ -18,13 +18,13 @@
 namespace zel::desk {
 
 struct Configuration {
-  std::string file;                    // empty if there is none
+  std::string file;                    // empty without a file
   std::vector<std::string> path;       // folders
   std::vector<std::string> libraries;  // LIBRARY or LIBRARY:BANK
   std::string names;                   // a library
   std::string units;                   // for DisplayUnits
   UnitSets sets;
-  std::map<std::string, int> lines;  // of the settings that are there, by name
+  std::map<std::string, int> lines;  // of the settings in the file, by name
 };
 
 // The settings of a file, none for an empty path. A path in it may begin with ~, and is relative to

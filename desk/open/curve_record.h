@@ -10,17 +10,17 @@ namespace zel::desk {
 // The code of a unit for the values of a correlation. Without a word that is the code of the unit
 // in which the correlation is evaluated, 0 for pure numbers. A word is looked up among the units
 // that the correlation can have, the class of the code `present` first; a unit per mole of a
-// specific property has the code of the unit per mass. Throws Failure, with the units that there
-// are, for another word.
+// specific property has the code of the unit per mass. Throws Failure, with the units that exist,
+// for another word.
 std::int32_t UnitCodeFor(std::string const& word, std::int32_t present,
                          zel::ZelCorrelationInfo const& row);
 
 // Sets the unit of a record's values to that of a word and, for a specific property such as an
 // enthalpy or a density, the basis. A unit per mole ("kJ/kg-mol", "J/mol") means the basis mole. A
-// unit per mass ("kJ/kg") is stored for both: the basis is then `given`, or 0 and the record is of
-// mass already; one of mole may have got that basis by default. Throws as UnitCodeFor; Failure for
-// a unit per mole and a given basis mass; WrongUsage for a unit per mass if the basis is not known,
-// with `how` to give one.
+// unit per mass ("kJ/kg") is stored for both: the basis is then `given`, or 0 if the record is per
+// mass already; a record per mole may have got that basis by default. Throws as UnitCodeFor;
+// Failure for a unit per mole and a given basis mass; WrongUsage for a unit per mass if the basis
+// is not known, with `how` to give one.
 void SetValueUnit(Curve& curve, std::string const& word, std::int32_t given,
                   zel::ZelCorrelationInfo const& row, std::string const& how);
 

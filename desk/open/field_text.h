@@ -8,13 +8,13 @@
 
 namespace zel::desk {
 
-// As few digits as read back to the same number; empty for an undefined one.
+// The number with as few digits as are needed to read it back; empty for an undefined one.
 std::string AllDigits(double value);
 
 // Several values have blanks between them, with "-" for an undefined one. Empty if all are
 // undefined. A code that shares its word with another one is a number.
 std::string FieldText(zel::IZelBankDef& bank, Field const& field, DisplayUnits const& units);
-// Sets the field; an empty text makes it undefined. Values that a list does not have become
+// Sets the field; an empty text makes it undefined. Values that are missing from a list become
 // undefined. Numbers without a unit are in the display unit. Throws Failure, and changes nothing,
 // for a text that the field cannot hold unchanged.
 void SetFieldText(zel::IZelBankDef& bank, Field const& field, std::string const& text,

@@ -20,7 +20,7 @@ Cell Whole(std::int32_t value) {
   return std::int64_t{value};
 }
 
-// The word of an enumeration for a value; the number if there is none.
+// The word of an enumeration for a value; the number for a value without a word.
 Cell Word(zel::IZelBankDef& bank, Field const& field, std::int32_t value) {
   std::int32_t count = 0;
   if (bank.GetEnumCount(field.name.c_str(), &count) != zel::kStatusOk || count < 1) {

@@ -22,8 +22,8 @@ struct BankFacts {
   explicit BankFacts(zel::IZelBankDef& bank);
 };
 
-// A new item of a type. If there is no such type, the first function returns null and the second
-// one throws Failure. Both throw std::bad_alloc if memory runs out.
+// A new item of a type. For an unknown type, the first function returns null and the second one
+// throws Failure. Both throw std::bad_alloc if memory runs out.
 zel::Handle<zel::IZelBankDef> BankOrNone(std::string const& type);
 zel::Handle<zel::IZelBankDef> BankOfType(std::string const& type);
 
@@ -33,7 +33,7 @@ struct Field {
   std::string unit;
   std::int32_t type = zel::fieldReal;
   std::int32_t count = 1;  // values
-  // The unit is what a note says: numbers in it are not converted, and none other is understood.
+  // The unit is from a note: numbers in it are not converted, and no other unit is accepted.
   bool isNoteUnit = false;
 };
 

@@ -96,7 +96,7 @@ void MakeHistory(fs::path const& history, ChangePlaces const& change) {
   }
 }
 
-// A version loses its number before its files, so that whoever reads the history finds versions
+// A version loses its number before its files, so that readers of the history find only versions
 // that are whole.
 void RemoveOldest(fs::path const& history, std::size_t most) {
   std::error_code ignored;  // the next change tries again
@@ -138,7 +138,8 @@ void WriteRecord(fs::path const& folder, ChangeRecord const& record) {
                      std::to_string(record.keep) + "\n";
   if (record.undoes != 0) text += "undoes " + std::to_string(record.undoes) + "\n";
   WriteNewFile(folder / kRecordName, text);
-  // It says what the library's memo and description were set to: for those who may read them.
+  // The record shows what the library's memo and description were set to, so only users who may
+  // read the library may read it.
   GiveAccess(folder / kRecordName, {AccessOf(folder).mode & 0666U, AccessOf(folder).owner});
   SyncPath(folder / kRecordName);
 }
@@ -165,16 +166,16 @@ std::vector<Version> VersionsOf(std::string const& library) {
 
 namespace {
 
-// What is left to do can be done later: the version is there.
+// The version exists, so the rest can be done later.
 void Tidy(ChangePlaces const& change, fs::path const& folder, std::size_t most) noexcept {
   try {
     NameFiles(change, folder);
     RemoveOldest(folder.parent_path(), most);
     SyncPath(folder.parent_path());
   } catch (fs::filesystem_error const&) {
-    // Whoever reads the history names the files.
+    // The next reader of the history names the files.
   } catch (std::bad_alloc const&) {
-    // So here.
+    // The same holds here.
   }
 }
 
@@ -216,7 +217,7 @@ void RemoveHistory(std::string const& library) noexcept {
     fs::path const history = HistoryFolder(library);
     if (IsOurs(history, library)) RemoveTree(history, ignored);
   } catch (std::bad_alloc const&) {
-    // The next change that keeps none tries again.
+    // The next change that keeps no versions tries again.
   }
 }
 

@@ -10,10 +10,10 @@
 //     2/
 //
 // A change moves the old files of the library into its own folder (change_places.h). After the last
-// of its moves, which decides, that whole folder becomes the version by a single move; then the
-// files in it get their names. A command that is interrupted between the two is completed by the
-// next one that names the library. If the folder cannot be moved, the change is in place and only
-// the version is lost.
+// of its moves, which decides, a single move makes that whole folder the version; then the files in
+// it get their names. A command that is interrupted between the two is completed by the next one
+// that names the library. If the folder cannot be moved, the change is in place and only the
+// version is lost.
 #pragma once
 
 #include <filesystem>
@@ -55,8 +55,8 @@ std::string TimeNow();
 // Writes the file `change` into the folder of a change. Throws std::filesystem::filesystem_error.
 void WriteRecord(std::filesystem::path const& folder, ChangeRecord const& record);
 
-// The versions in the order of their numbers; none if there is no history. Throws Failure if one
-// cannot be read.
+// The versions in the order of their numbers; none without a history. Throws Failure if one cannot
+// be read.
 std::vector<Version> VersionsOf(std::string const& library);
 
 // Makes the folder of a change, all of whose moves are done, a version, and removes the versions

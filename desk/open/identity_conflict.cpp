@@ -34,7 +34,7 @@ bool AgreesInSubstance(zel::ZelIdentity const& one, zel::ZelIdentity const& othe
          (*one.formula != '\0' && *other.formula != '\0');
 }
 
-// Nothing contradicts, but the number is all that they have in common.
+// Nothing contradicts, but they have only the number in common.
 bool ShareOnlyTheNumber(zel::ZelIdentity const& one, zel::ZelIdentity const& other) {
   if (one.number == 0 || one.number != other.number || AgreesInSubstance(one, other)) return false;
   std::set<std::string> const labels = LabelsOf(one);

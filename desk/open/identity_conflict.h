@@ -1,5 +1,5 @@
 // Checks whether sources of a component mean the same substance. Numbers, IDs and CAS numbers are
-// assigned by whoever made a library, and two libraries can use the same one for different
+// assigned by the author of a library, and two libraries can use the same one for different
 // substances.
 #pragma once
 
@@ -23,7 +23,7 @@ std::string ToText(zel::ZelIdentity const& identity);
 
 // False if the two contradict each other (CompareIdentities), and if they have the same number but
 // nothing else that says they are one substance: no ID, no name, no CAS number and no formula. A
-// source that has neither an ID nor a name for it is believed.
+// source that has neither an ID nor a name for it is accepted.
 bool AreOneSubstance(zel::ZelIdentity const& one, zel::ZelIdentity const& other);
 
 // What was found for one word of the command line, if that is more than one substance.
@@ -38,8 +38,8 @@ std::optional<IdentityConflict> ConflictIn(std::string const& word,
                                            std::vector<SourcedIdentity> found);
 // Names both identities.
 std::string ToText(IdentityConflict const& conflict);
-// The end of a message if the number is all that they have in common: that `zel renumber` gives one
-// of them another one. Else empty.
+// The end of a message if they have only the number in common: that `zel renumber` can change one
+// of the numbers. Else empty.
 std::string Advice(IdentityConflict const& conflict);
 
 // A table with everything that was found.

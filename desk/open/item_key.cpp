@@ -188,7 +188,7 @@ std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
     });
     if (isKnown) continue;
     std::string why = "; " + word + " is not a component" + NearestTo(word, banks);
-    // The items of other models are often in a library without their components.
+    // Libraries often have banks of pairs without their components.
     bool const needsNames = library.InSession().names == nullptr && BankFacts(bank).keyWords > 1;
     if (needsNames) why += "; --names LIBRARY names a library that knows it";
     return why;
@@ -196,7 +196,7 @@ std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
   return "";
 }
 
-// One word is set as a number, so that a component shows which one it is.
+// A single word is set as a number, so that messages can show the component.
 zel::Handle<zel::Key> StoredKey(std::vector<std::int32_t> const& words) {
   zel::Handle<zel::Key> key(zel::Key::NewKey());
   if (words.size() == 1) {

@@ -50,7 +50,8 @@ bool ReadComponent(Library const& library, BankName const& bank, std::string con
                    PureComponent const& component);
 
 // Why an item was not found, as the end of a message: one of its components is known neither to the
-// library nor to that of --names, or neither of them has components. Empty if all are known.
+// library nor to that of --names, or neither of them has components. Empty if all components are
+// known.
 std::string WhyNotFound(Library const& library, zel::IZelBankDef& bank,
                         std::vector<std::string> const& words);
 

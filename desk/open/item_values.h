@@ -14,7 +14,7 @@ namespace zel::desk {
 struct NamedValue {
   std::string name;
   Cell value;
-  std::int64_t code = 0;    // what is stored, if the value is a word for it
+  std::int64_t code = 0;    // the stored number, if the value is a word for it
   std::string unit = {};    // internal unit of a number
   bool isNoteUnit = false;  // see Field
 

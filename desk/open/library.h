@@ -27,12 +27,12 @@ std::string ToText(BankName const& bank);
 // An open library. Throws Failure with the path and the reason if it cannot be opened.
 class Library {
  public:
-  // `shownAs` is its name in messages, if it is not in its own place. The session must outlive the
-  // library.
+  // `shownAs` is its name in messages, for a library that is not at its usual path. The session
+  // must outlive the library.
   static Library OpenRead(Session& session, std::string const& path,
                           std::string const& shownAs = "");
-  // A copy, which only this program knows; or a library in its place, which gets a mark while it is
-  // changed, and is verified first if it has one.
+  // What is changed: a copy, which only this program knows; or the library in place, which gets a
+  // mark while it is changed, and is verified first if it has one.
   enum class Update { kCopy, kInPlace };
   static Library OpenUpdate(Session& session, std::string const& path, std::string const& password,
                             std::string const& shownAs, Update how);
@@ -40,7 +40,7 @@ class Library {
                         std::string const& shownAs);
 
   Library(Library&&) noexcept = default;
-  // Ends the own objects first, in their order.
+  // Ends the objects that it held first, in their order.
   Library& operator=(Library&& other) noexcept;
   ~Library() = default;
 
@@ -69,7 +69,7 @@ class Library {
       TellUnread(ToText(bank), address);
     }
   }
-  // Writes what is not on file yet. Throws if that fails.
+  // Closes the library, after writing what is not on file yet. Throws if that fails.
   void Close();
 
  private:

@@ -24,13 +24,13 @@ bool EndsAsLibrary(std::string const& word) {
 }
 
 bool IsThere(std::string const& path) {
-  std::error_code none;  // what it leads to is seen when it is opened
+  std::error_code none;  // an error shows when the file is opened
   if (Exists(path)) return !fs::is_directory(path, none);
   return EndsAsLibrary(path) && IsThereOrBeingChanged(path);
 }
 
-// "perry" for "perry.lb1", which both mean the same file; with its ending if that is not ".lb1" as
-// it is looked up.
+// "perry" for "perry.lb1", which both mean the same file; with its ending if that is not exactly
+// ".lb1".
 std::string WordOf(std::string const& file) {
   fs::path const name(file);
   return name.extension() == kEnding ? name.stem().string() : file;

@@ -20,13 +20,13 @@ Curve CurveOf(PureComponent const& component, zel::ZelCorrelationInfo const& inf
 std::string WarningOf(std::string const& component, zel::ZelCorrelationInfo const& info,
                       Curve const& curve);
 
-// What to say about a temperature without a unit that is below the ranges of all records in K, but
-// would be within that of one in degrees Celsius: "25 is in K and below the range; 25C is in
-// degrees Celsius". Empty if no word is such a number, and if a unit of temperatures was chosen.
+// A hint about a temperature without a unit that in K is below the ranges of all records, but in
+// degrees Celsius would be within one of them: "25 is in K and below the range; 25C is in degrees
+// Celsius". Empty if no word is such a number, and if a unit of temperatures was chosen.
 std::string HintForBareNumber(std::vector<std::string> const& words,
                               std::vector<Curve> const& curves, DisplayUnits const& units);
 
-// The error if there is no value at any temperature.
+// The error for a correlation without a value at any of the temperatures.
 Failure NoValue(std::string const& component, zel::ZelCorrelationInfo const& info,
                 Curve const& curve);
 

@@ -8,8 +8,8 @@
 
 namespace zel::desk {
 
-// Opens the library at the session's namesPath, if there is one, and makes it the name index of the
-// process. Throws Failure.
+// Opens the library at the session's namesPath, unless that is empty, and makes it the name index
+// of the process. Throws Failure.
 void OpenNames(Session& session);
 // Closes it if it is the library at `path`, which is about to be changed and knows its own IDs.
 // Returns true if it was.

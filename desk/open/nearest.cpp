@@ -28,7 +28,7 @@ std::vector<std::string> NamesLike(std::string const& word, Identity const& iden
   return names;
 }
 
-// "NBUTANE (Butane)"; for a number or a CAS number, that of the component is in the parentheses.
+// "NBUTANE (Butane)"; for a number or a CAS number, the parentheses show that of the component.
 std::string Described(std::string const& word, Identity const& identity) {
   std::string text = identity.ids.empty() ? std::to_string(identity.number) : identity.FirstId();
   if (IsCas(word)) return text + " (" + identity.cas + ")";

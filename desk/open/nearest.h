@@ -17,7 +17,7 @@ ComponentBanks BanksKnownTo(Library const& library);
 // The component that the word probably means, as the end of a message: "; the nearest ID is WATER
 // (Water)". An ID is compared with IDs and names, a number with numbers and a CAS number with CAS
 // numbers. Names that begin with the word are considered, and those whose distance from it is at
-// most a third of its length; if there is none, the message says which command lists components.
+// most a third of its length; without such a name, the message says which command lists components.
 // Empty if the banks hold no component.
 std::string NearestTo(std::string const& word, ComponentBanks const& banks);
 

@@ -30,7 +30,7 @@ struct PlacedComponent {
 class PreferenceList {
  public:
   // Libraries are given as LIBRARY or LIBRARY:BANK; without a bank, all banks of pure components of
-  // the library are taken, in its order. Throws Failure if there is none.
+  // the library are taken, in its order. Throws Failure if there are no such banks.
   PreferenceList(Session& session, SourceOptions const& options);
   PreferenceList(PreferenceList const&) = delete;
   PreferenceList& operator=(PreferenceList const&) = delete;

@@ -19,8 +19,8 @@ inline constexpr char kPureType[] = "PURECOMP";
 
 std::vector<zel::ZelConstantInfo> const& Constants();
 std::vector<zel::ZelCorrelationInfo> const& Correlations();
-// By keyword or name, in upper or lower case, or by the unique beginning of a correlation's name.
-// Null if there is none.
+// Find a datum by keyword or name, in upper or lower case, or by the unique beginning of a
+// correlation's name. Null for any other word.
 zel::ZelConstantInfo const* FindConstant(std::string const& word);
 zel::ZelCorrelationInfo const* FindCorrelation(std::string const& word);
 // A suggestion for a word that is neither; see DidYouMean in desk/words/nearest_word.h.
@@ -47,7 +47,7 @@ struct Curve {
   std::string source;
 };
 
-// One value of a correlation; value and slope are undefined if there is none.
+// One value of a correlation; value and slope are undefined where it has no value.
 struct Point {
   bool there = false;
   double value = 0.0;
@@ -67,7 +67,7 @@ class PureComponent {
   zel::ZelIdentity Compared() const;
   std::string Smiles() const;
   std::int32_t Phase() const;
-  // Counts and groups of a model, as "2x1 1x14"; empty if there are none.
+  // Counts and groups of a model, as "2x1 1x14"; empty without groups.
   std::string Groups(std::uint32_t model) const;
   // Derives missing data.
   void Complete();
@@ -107,7 +107,7 @@ Cell UnitOf(Curve const& curve);
 std::string UnitPerMole(std::string const& unit);
 // The amount to which the unit of a specific property refers: mole, mass or nothing.
 Cell BasisOf(Curve const& curve);
-// The phases as words, such as "vapor liquid"; empty if there are none.
+// The phases as words, such as "vapor liquid"; empty if no phase is set.
 Cell PhasesOf(PureComponent const& component);
 
 }  // namespace zel::desk

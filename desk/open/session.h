@@ -24,7 +24,7 @@ class Session {
   // The library for IDs and CAS numbers that the main library does not know: its path, empty for
   // none, and, while it is open, the library itself. See names_library.h.
   std::string namesPath;
-  // Who named it, for messages.
+  // Where its name was given, for messages.
   std::string namesOrigin = "--names or ZEL_NAMES";
   std::shared_ptr<Library> names;
   // The units of numbers that are shown, and of those that are given without a unit.
@@ -47,9 +47,9 @@ class Session {
   // Called once for each item or bank that a walk leaves out because it cannot be read; `line` says
   // where it is and why. Throws DamagedLibrary with the line, unless a host wants to go on.
   virtual void LeaveOut(std::string const& line);
-  // True once for each path: for what is said once.
+  // True once for each path, for messages that are shown once.
   bool IsNewlyNoted(std::string const& path) { return noted_.insert(path).second; }
-  // Called for what went wrong without ending the work. Does nothing, unless a host reports it.
+  // Called for errors that do not end the work. Does nothing unless a host overrides it.
   virtual void Note(std::string const& /*line*/) {}
 
  private:

@@ -16,14 +16,14 @@ void CheckStorable(double value, std::string const& name);
 // control characters, [ ] { } ^ ~ | \ and the backquote.
 void CheckLetters(std::string const& text, std::string const& what);
 
-// The same, and for a text that is longer than what is kept of it.
+// The same, and for a text that is too long to be kept.
 void CheckText(std::string const& text, std::size_t longest, std::string const& what);
 
-// Where a document that `zel export` writes has a text, which is written there as it is.
+// A place in a document of `zel export` in which a text is written as it is.
 enum class DocumentPlace { kElement, kAttribute, kMemo };
 
-// What is in a text with which a document could not be read back: & or < in an element, a quotation
-// mark as well in an attribute, and "]]>" in a memo. Empty for a good text.
+// The part of a text that would make a document unreadable: & or < in an element, a quotation mark
+// as well in an attribute, and "]]>" in a memo. Empty for a good text.
 std::string NotForDocument(std::string const& text, DocumentPlace place);
 // Throws Failure for such a text.
 void CheckDocument(std::string const& text, DocumentPlace place, std::string const& what);

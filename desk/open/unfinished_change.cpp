@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Each step may already have been done by a command that was then interrupted, too.
+// Each step may already have been done by another command that was interrupted as well.
 void MoveBack(ChangePlaces const& change) {
   for (int number = 2; number <= kMostFiles; ++number) {
     if (Exists(change.Old(number))) {
@@ -38,7 +38,7 @@ void MoveBack(ChangePlaces const& change) {
 enum class Found {
   kLeftOver,  // nothing was moved yet, or everything was: only the folder is in the way
   kCutOff,    // the first file was moved away
-  kTaken,     // the first file was moved away, and somebody has made another one since
+  kTaken,     // the first file was moved away, and another program has made a new one since
   kLost       // everything was moved, and the first file has disappeared since
 };
 
@@ -62,7 +62,7 @@ void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
   } catch (Error const&) {
     // Another program is working in it.
   } catch (fs::filesystem_error const& error) {
-    // The next command tries again what cannot be looked at now.
+    // The next command tries again with what cannot be read now.
     if (error.code() == std::errc::not_enough_memory) throw;
   }
 }
@@ -94,7 +94,7 @@ void FinishChange(std::string const& path) {
     whole = WithoutLinks(path);
   } catch (fs::filesystem_error const& error) {
     if (error.code() == std::errc::not_enough_memory || path.empty()) throw;
-    return;  // there is no such folder
+    return;  // the folder does not exist
   }
   ChangePlaces const change(whole);
   RemoveLeftOver(NewFolder(whole), whole);

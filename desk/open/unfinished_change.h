@@ -9,8 +9,8 @@
 namespace zel::desk {
 
 // Removes what an interrupted command left, and puts the old library back if it had been
-// moved away. Throws Failure if that cannot be done, or if another program has made a library in
-// its place since.
+// moved away. Throws Failure if that cannot be done, or if another program has since made a library
+// in its place.
 void FinishChange(std::string const& path);
 // The same for a change whose moves have just failed; `shownAs` is the library's name in messages.
 void FinishMoves(std::string const& shownAs, ChangePlaces const& change);

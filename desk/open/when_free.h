@@ -18,7 +18,7 @@ inline constexpr std::chrono::milliseconds kBetweenTries{20};
 // LibraryInUse.
 template <typename Open>
 auto WhenFree(Session const& session, Open const& open) {
-  // Moves may have been in the way and be done when they are looked for.
+  // Moves that were in the way may be done by the time they are looked for.
   constexpr int kTriesForMoves = 3;
   auto const begin = std::chrono::steady_clock::now();
   for (int tries = 1;; ++tries) {

@@ -48,7 +48,7 @@ std::vector<std::string_view> Section(std::string_view heading) {
   return found;
 }
 
-// The paragraph that begins with "**23.** ", without that.
+// The paragraph that begins with "**23.** ", without this beginning.
 std::string Paragraph(std::vector<std::string_view> const& lines, int number) {
   std::string const begin = "**" + std::to_string(number) + ".** ";
   std::string text;

@@ -14,7 +14,7 @@ struct EquationText {
   std::string end;   // value at the end of its range; may be empty
 };
 
-// Those of docs/equations.md, which is built into the program.
+// The equations of docs/equations.md, which is built into the program.
 std::vector<EquationText> const& EquationTexts();
 // Symbols of the forms and their meanings.
 std::vector<std::pair<std::string, std::string>> const& EquationSymbols();

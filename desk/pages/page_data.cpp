@@ -193,7 +193,7 @@ void PageData::AddFindings(bool acceptIdentity) {
   CheckOptions options;
   options.acceptIdentity = acceptIdentity;
   for (Finding const& one : CheckLibraries(session, list_.Libraries(), options)) {
-    // The page is then not whole, which the host has to know.
+    // The page is then not complete, which the host has to report.
     if (one.severity == zel::findingDamage) session.LeaveOut(LineOf(one));
     findings_.push_back(JsonList({JsonText(WordOf(one.severity)), JsonText(one.id),
                                   JsonText(one.library + ": " + one.place), JsonText(one.text)}));

@@ -13,9 +13,9 @@ namespace zel::desk {
 
 class PageData {
  public:
-  // Numbers are in the list's display units. With `isMerged` the first source that has a curve
-  // shares it: it is evaluated with the merged constants, as a host evaluates it. Otherwise each
-  // source's curves are evaluated with its own constants.
+  // Numbers are in the list's display units. With `isMerged`, the curve of the first source that
+  // has it is evaluated with the merged constants, as a host evaluates it. Otherwise each source's
+  // curves are evaluated with its own constants.
   PageData(PreferenceList& list, bool isMerged) : list_(list), isMerged_(isMerged) {}
 
   // Adds a component, unless the page has it, and returns its place among those of the page.

@@ -80,7 +80,7 @@ class Sampler {
     return std::abs(computed - value) / std::max(std::abs(value), floor);
   }
 
-  // Stores the piece with as few points as are enough; false if the most are not.
+  // Stores the piece with as few points as are sufficient; false if the greatest number is not.
   bool Fits(Values const& values, float high, int kind) {
     bool const isLog = (kind & kLog) != 0;
     double const floor = IsPositive(values) ? 0.0 : most_ * kFloor;

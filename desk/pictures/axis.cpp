@@ -108,7 +108,7 @@ void AxisRange::Take(double value) {
 
 void AxisRange::Widen() {
   if (!(low <= high)) *this = {0.0, 1.0};
-  // Closer values could not be told apart by ticks: the step would vanish in rounding.
+  // Ticks cannot distinguish closer values: the step would vanish in rounding.
   constexpr double kClosest = 1e-12;
   double const size = std::max(std::abs(low), std::abs(high));
   if (high - low > kClosest * size && high > low) return;

@@ -43,7 +43,7 @@ std::string Head(std::string const& name, std::string const& unit) {
   return unit.empty() ? name : name + " [" + unit + "]";
 }
 
-// Where everything is. The legend has as many columns as its longest label allows.
+// The places of all parts. The legend has as many columns as its longest label allows.
 struct Layout {
   std::vector<std::string> warnings;
   double width;

@@ -29,8 +29,8 @@ struct Chart {
   std::vector<std::string> warnings;  // below the title
   std::vector<std::string> notes;     // only for readers who do not see the picture
   std::vector<ChartLine> lines;
-  // In points. Without a height the chart is 500 high and the lines of its warnings and of its
-  // legend come on top of that.
+  // In points. Without a height the chart is 500 high, plus the lines of its warnings and of its
+  // legend.
   double width = 800;
   double height = 0;
 };

@@ -8,7 +8,7 @@
 namespace zel::desk {
 namespace {
 
-// Distinguishable also for people who do not see all colors.
+// Colors that color-blind people can distinguish, too.
 constexpr char const* kColors[] = {"#0072b2", "#d55e00", "#009e73", "#cc79a7",
                                    "#b07d00", "#56b4e9", "#000000"};
 constexpr char const* kDashes[] = {"", "12 4", "5 3", "12 3 3 3"};

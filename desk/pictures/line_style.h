@@ -1,5 +1,5 @@
 // How the lines of a chart differ: by color, dashes and the shape of their markers, so that they
-// can be told apart in print without color too.
+// can be distinguished in print without color too.
 #pragma once
 
 #include <cstddef>

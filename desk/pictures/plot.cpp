@@ -33,7 +33,7 @@ Point AtKelvin(PureComponent const& component, Curve const& curve, std::uint32_t
   return component.At(index, zel::ConvertTemperature(kelvin, kKelvin, curve.tempUnit));
 }
 
-// The value, or its ratio to the reference; nothing is there if either has no value.
+// The value, or its ratio to the reference; not `there` if either has no value.
 Point ValueOf(Drawn const& one, std::uint32_t index, double kelvin) {
   Point point = AtKelvin(*one.component, one.curve, index, kelvin);
   if (one.reference == nullptr || !point.there) return point;
@@ -119,7 +119,8 @@ class PlotMaker {
     drawn_.push_back({word, std::move(label), std::move(component), std::move(curve), nullptr, {}});
   }
 
-  // Gives the curves from `first` on the reference source's curve of the component.
+  // Sets the reference of the curves from `first` on: the reference source's curve of the
+  // component.
   void Relate(std::string const& word, std::size_t first) {
     auto reference = std::make_unique<PureComponent>();
     std::string const source = list_.Name(referenceSource_);
@@ -173,7 +174,7 @@ class PlotMaker {
     for (double const kelvin : at) {
       if (!span.Has(kelvin)) continue;
       Point const point = ValueOf(one, index_, kelvin);
-      // Ratios of extrapolated values mean nothing and would hide the others.
+      // Ratios of extrapolated values are meaningless and would hide the others.
       if (!point.there || (one.reference != nullptr && point.status != 0)) continue;
       ChartLine::Vertex const vertex = {kelvin, point.value, point.status != 0};
       line.vertices.push_back(vertex);
@@ -223,7 +224,7 @@ class PlotMaker {
     return *at;
   }
 
-  // Points are ratios like the curves: one without a value of the reference is left out.
+  // Points are ratios like the curves: points without a value of the reference are left out.
   void AddPoints(Plot& plot) const {
     for (PlotPoints const& set : o_.points) {
       Drawn const& one = CurveOfPoints(set);
@@ -245,7 +246,7 @@ class PlotMaker {
     }
   }
 
-  // In % of the curve; nothing outside its range.
+  // The deviation in % of the curve; nothing outside its range.
   Cell Deviation(Drawn const& one, PlotPoints::Point const& point) const {
     constexpr double kPercent = 100.0;
     Point const curve = AtKelvin(*one.component, one.curve, index_, point.kelvin);
@@ -253,7 +254,7 @@ class PlotMaker {
     return Number((point.value / curve.value - 1.0) * kPercent);
   }
 
-  // From internal units to those of the chart.
+  // Converts values from internal units to those of the chart.
   void Convert(ChartLine& line) const {
     for (std::vector<ChartLine::Vertex>* const some : {&line.vertices, &line.marks}) {
       for (ChartLine::Vertex& vertex : *some) {

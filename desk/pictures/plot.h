@@ -40,8 +40,8 @@ struct PlotOptions {
 
 struct Plot {
   Chart chart;
-  // What is drawn, in internal units. With points, also by how much each differs from the curve of
-  // its component, the preferred one if there are several.
+  // What is drawn, in internal units. With points, also how much each differs from the curve of its
+  // component, or from the preferred curve of several.
   Table curves;
   std::vector<std::string> warnings;  // about records
   std::vector<std::string> notes;     // what is not drawn: sources without a record, values

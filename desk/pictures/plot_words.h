@@ -12,7 +12,7 @@ namespace zel::desk {
 void SetSize(std::string const& word, Chart& chart);
 
 // The place in the list of the source that a word means: its name, its library or its bank. Throws
-// WrongUsage, with the sources, if it means none or several.
+// WrongUsage, with the sources, if it means no source or several.
 std::size_t SourceNamed(PreferenceList const& list, std::string const& word);
 
 }  // namespace zel::desk

@@ -18,7 +18,7 @@ class ComponentRows : public RowForm {
   std::vector<Finding> Findings() const override { return written_.NewFindings(); }
 
  protected:
-  // Takes the columns that name the component. Throws Failure if there is none.
+  // Takes the columns that name the component. Throws Failure if no column does.
   ComponentRows(TableTarget const& target, std::vector<TableColumn>& columns);
 
   // Sets what the row has. `isNew` if the bank does not have the component.

@@ -135,7 +135,7 @@ Table ComponentTable(PreferenceList& list, std::vector<std::string> const& compo
 
 namespace {
 
-// Each once.
+// The correlations of the grid, each once.
 std::vector<zel::ZelCorrelationInfo const*> CorrelationsOf(CurveGrid const& grid) {
   std::vector<zel::ZelCorrelationInfo const*> found;
   for (std::string const& name : grid.correlations) {

@@ -34,7 +34,7 @@ struct CurveGrid {
   std::vector<std::string> components;
   std::vector<std::string> correlations;
   std::vector<double> kelvin;
-  bool extrapolate = false;  // else there is no value outside the range of a record
+  bool extrapolate = false;  // else no values outside the range of a record
   int derivatives = 0;       // of each correlation, up to 3
 };
 struct CurveTables {
@@ -47,14 +47,14 @@ struct CurveTables {
 // Failure for a component that no source has.
 CurveTables EvaluateGrid(PreferenceList& list, CurveGrid const& grid);
 
-// The items of all banks of a type of component pairs, the first library that has a pair winning.
-// With one component, all of its pairs; with more, pairs of two of them. Throws Failure for a type
-// that is not of pairs.
+// The items of all banks of a type of component pairs; for each pair the first library that has it
+// wins. With one component, all of its pairs; with more, pairs of two of them. Throws Failure for a
+// type whose items are not pairs.
 Table PairTable(std::vector<Library> const& libraries, std::string const& type,
                 std::vector<std::string> const& fields, std::vector<std::string> const& components);
 
-// How the banks of that type use these fields, or all parameters if there are none: see AddMeanings
-// in desk/notes/parameter_meanings.h. A row names its bank as "sample.lb1:SAMPLE".
+// How the banks of that type use these fields, or all parameters if no fields are given: see
+// AddMeanings in desk/notes/parameter_meanings.h. A row names its bank as "sample.lb1:SAMPLE".
 Table PairMeanings(std::vector<Library> const& libraries, std::string const& type,
                    std::vector<std::string> const& fields);
 

@@ -70,7 +70,7 @@ struct ConstantColumn {
   bool isCode = false;
 };
 
-// One row for each component.
+// Tables with one row for each component.
 class WideRows final : public ComponentRows {
  public:
   WideRows(TableTarget const& target, std::vector<TableColumn> columns)
@@ -142,7 +142,7 @@ class WideRows final : public ComponentRows {
       identity.refCode = static_cast<std::int32_t>(CodeIn(CellOf(code_, row)));
     }
     std::vector<std::string> const ids = ListWords(CellOfIds(row));
-    // A single ID that the component has names it; only a list replaces the others.
+    // A single ID that the component has only names it; a list replaces its IDs.
     bool const isOneOfIts = ids.size() == 1 && std::find(identity.ids.begin(), identity.ids.end(),
                                                          ids.front()) != identity.ids.end();
     if (!ids.empty() && !isOneOfIts) {
@@ -188,7 +188,7 @@ class WideRows final : public ComponentRows {
   std::vector<ConstantColumn> constants_;
 };
 
-// One row for each constant of each component.
+// Tables with one row for each constant of each component.
 class ConstantRows final : public ComponentRows {
  public:
   ConstantRows(TableTarget const& target, std::vector<TableColumn> columns)

@@ -113,7 +113,7 @@ class ItemRows final : public RowForm {
                   ", as a note says, and such units are not converted");
   }
 
-  // The item is again what it was before, or not in the bank.
+  // Restores the item as it was before, or removes it from the bank.
   void TakeBack(bool wasThere, zel::Key& key) {
     zel::LibMaint& maint = target_.library->Maint();
     if (wasThere) {

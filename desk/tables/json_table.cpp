@@ -84,7 +84,7 @@ TextTable ParseJsonTable(std::string const& text, std::string const& shownAs) {
   try {
     root = Json::parse(text, OnceEach(shownAs));
   } catch (Json::exception const& error) {
-    // Without the name of the exception in brackets.
+    // The message without the name of the exception in brackets.
     std::string const what = error.what();
     throw Failure(shownAs + ": is not JSON: " + what.substr(what.find("] ") + 2));
   }

@@ -13,8 +13,8 @@
 namespace zel::desk {
 namespace {
 
-// The ID of a component in the library, or in the first library that knows it, that of --names
-// being the last; its number if none does.
+// The ID of a component in the library, or in the first library that knows it, where that of
+// --names is the last one; its number if none does.
 std::string IdOf(std::vector<Library> const& libraries, std::size_t own, std::int32_t number) {
   std::vector<Library const*> knowing = {&libraries[own]};
   knowing.reserve(libraries.size() + 2);
@@ -55,12 +55,12 @@ class NamedComponents {
       }
     }
   }
-  // With one component, a pair of it; with more, a pair of two of them.
+  // True for a pair of the component, if only one is named, or of two of the components.
   bool HavePair(std::size_t library, std::int32_t one, std::int32_t other) const {
     std::size_t const named = shown_[library].count(one) + shown_[library].count(other);
     return named >= std::min<std::size_t>(count_, 2);
   }
-  // What a component of a library is called that is one of them; empty for another one.
+  // The name of a component of a library if it is one of them; empty for another one.
   std::string Shown(std::size_t library, std::int32_t number) const {
     auto const at = shown_[library].find(number);
     return at == shown_[library].end() ? "" : at->second;
@@ -71,7 +71,7 @@ class NamedComponents {
   std::vector<std::map<std::int32_t, std::string>> shown_;  // by library and number
 };
 
-// With the unit of a note if the banks of the type agree on it.
+// The column of a field, with the unit of a note if the banks of the type agree on it.
 Column ColumnOf(Field const& field, std::vector<Library> const& libraries, zel::IZelBankDef& item) {
   Column column = {field.name, field.unit};
   if (!field.unit.empty()) return column;

@@ -44,7 +44,7 @@ class RowForm {
 
   // Writes what the row sets. Throws Failure for a row that is refused; the item is then unchanged.
   virtual RowResult Apply(TextRow const& row) = 0;
-  // The row on this line, to which Apply was called last, has set nothing.
+  // Forgets what the row on this line, the last one passed to Apply, has set.
   void Forget(std::size_t line);
   // What the rows have made implausible; see WrittenComponents.
   virtual std::vector<Finding> Findings() const { return {}; }

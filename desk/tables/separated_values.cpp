@@ -34,8 +34,8 @@ char SeparatorOf(std::string const& text) {
 
 constexpr std::string_view kSeparatorLine = "sep=";
 
-// The size of a first line "sep=;", with which some programs tell a spreadsheet the separator; 0 if
-// there is none.
+// The size of a first line "sep=;", in which some programs name the separator for spreadsheets; 0
+// without such a line.
 std::size_t SizeOfSeparatorLine(std::string_view text) {
   std::size_t const end = text.find('\n');
   if (end == std::string_view::npos || text.substr(0, kSeparatorLine.size()) != kSeparatorLine) {

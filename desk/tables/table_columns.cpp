@@ -69,7 +69,7 @@ void KeepRows(TextTable& table, std::vector<std::string> const& where) {
     std::string const value = condition.substr(equal + 1);
     std::vector<std::string> cells;
     for (TextRow const& row : table.rows) cells.push_back(row.cells[at]);
-    // What belongs to which column of a faulty row is not known.
+    // For a faulty row it is not known which cell belongs to which column.
     auto const isOther = [&](TextRow const& row) {
       return row.fault.empty() && row.cells[at] != value;
     };
@@ -83,7 +83,7 @@ void KeepRows(TextTable& table, std::vector<std::string> const& where) {
   }
 }
 
-// A second column of one name would be left over.
+// Without this check, a second column of one name would be left over.
 void RefuseTwice(std::vector<TableColumn> const& columns) {
   for (auto at = columns.begin(); at != columns.end(); ++at) {
     auto const isSame = [at](TableColumn const& other) { return other.Is(at->Name()); };

@@ -49,7 +49,7 @@ std::string HeadIn(TableHead const& head, ExportUnits const& units) {
   return ToText(TableHead{head.name, units.Of(head.unit).UnitFor(head.unit), ""});
 }
 
-// A code of 0 is none.
+// A code of 0 means no code.
 std::string CodeText(std::int64_t code) { return code == 0 ? "" : std::to_string(code); }
 
 std::string Listed(std::vector<std::string> const& words) {

@@ -35,8 +35,8 @@ struct ImportedTable {
               {"datum", ""}}};
 };
 
-// The bank that a word means, which is made if the word is TYPE:NAME and there is none. Throws
-// Failure.
+// The bank that a word means, which is made if the word is TYPE:NAME and the bank does not exist.
+// Throws Failure.
 BankName BankForTable(Library& library, std::string const& word);
 
 // Writes what the table holds into the library of the target, which is open for update. A row that

@@ -18,7 +18,7 @@ struct TextTable {
   std::vector<std::string> heads;
   std::vector<TextRow> rows;
 
-  // The column with this head, in upper or lower case; heads.size() if there is none.
+  // The column with this head, in upper or lower case; heads.size() if the table does not have it.
   std::size_t Find(std::string const& head) const;
 };
 
@@ -47,7 +47,7 @@ TextTable ParseTextTable(std::string const& text, std::string const& shownAs);
 // The table as separated values that ReadTextTable reads back to the same cells, without blanks at
 // their ends.
 std::string ToCsv(TextTable const& table, char separator);
-// As an array of objects.
+// The table as a JSON array of objects.
 std::string ToJson(TextTable const& table);
 
 }  // namespace zel::desk

@@ -80,7 +80,7 @@ std::int32_t TemperatureCode(std::string const& unit) {
 double Converted(double value, std::string const& dimension, std::string const& from,
                  std::string const& to) {
   if (zel::gen_IsUndefDouble(value)) return value;
-  // Limits of records stay round numbers.
+  // This keeps the limits of records round numbers.
   if (dimension == kTemperature && IsTemperatureLetter(from) && IsTemperatureLetter(to)) {
     return zel::ConvertTemperature(value, TemperatureCode(from), TemperatureCode(to));
   }

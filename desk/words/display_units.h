@@ -21,13 +21,13 @@ class DisplayUnits {
   DisplayUnits() = default;
   // `words`, with commas between them, are units ("bar", "degC", "J/mol"), each of which is used
   // for every dimension that has it, or sets: the unit systems of zelaccess/Units.h ("SI",
-  // "English", ...), "US", which is English, and "engineering", which is C and bar. Where two words
-  // have a unit for a dimension, the later one holds. An empty text means the internal units.
-  // `own` are more sets, which may name each other, but not in a circle.
-  // Throws WrongUsage for a word that no dimension knows.
+  // "English", ...), "US", which is English, and "engineering", which is C and bar. If two words
+  // have a unit for a dimension, the later one is used. An empty text means the internal units.
+  // `own` are more sets, which may name each other, but not in a circle. Throws WrongUsage for a
+  // word that no dimension knows.
   explicit DisplayUnits(std::string const& words, UnitSets const& own = {});
 
-  // These units with a further one, which holds where both have a unit for a dimension. Throws
+  // These units with a further one, which is used if both have a unit for a dimension. Throws
   // WrongUsage for a word that no dimension knows.
   DisplayUnits With(std::string const& word) const;
 
@@ -77,7 +77,8 @@ std::string UnitNamed(std::string const& word, std::string const& unit);
 // The first of the names that means the same unit as a word in some dimension, such as "mm Hg" for
 // "mmHg"; empty if it is not a unit. A unit system is not a unit.
 std::string SameUnit(std::string const& word, std::vector<std::string> const& names);
-// A value in the unit `word` as a value in the internal unit `unit`. Throws Failure if it has none.
+// A value in the unit `word` as a value in the internal unit `unit`. Throws Failure if it cannot be
+// converted.
 double ToInternal(double value, std::string const& word, std::string const& unit);
 
 // A cell of a value that is in the internal unit `unit`, in display units; a text that is a list of

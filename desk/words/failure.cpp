@@ -4,7 +4,7 @@ namespace zel::desk {
 
 Failure::Failure(std::string const& what) : Error("", what) {}
 
-// Here, so that the sources that throw it do not each have its tables.
+// Defined here, so that not each source that throws it has its virtual table.
 Failure::~Failure() = default;
 
 }  // namespace zel::desk

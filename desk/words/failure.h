@@ -10,15 +10,15 @@
 namespace zel::desk {
 
 // The operation failed; exit status 1. The text names the file, bank or item and the reason, and
-// says what to do where that helps. Errors that a host may want to tell apart have classes of their
-// own in DeskErrors.h.
+// says what to do where that helps. Errors that a host may want to distinguish have classes of
+// their own in DeskErrors.h.
 class Failure : public Error {
  public:
   explicit Failure(std::string const& what);
   ~Failure() override;
 };
 
-// No one reads standard output any more.
+// The reader of standard output has closed it.
 class PipeClosed : public std::exception {};
 
 // The command line is invalid; exit status 2.

@@ -22,7 +22,7 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
-// Only one star is open at a time: a later one replaces an earlier one, by which no match is lost.
+// Only one star is open at a time: a later one replaces an earlier one, which loses no match.
 bool Matches(std::string const& pattern, std::string const& text) {
   std::size_t p = 0, t = 0, star = std::string::npos, resume = 0;
   while (t < text.size()) {

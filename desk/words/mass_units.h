@@ -10,8 +10,8 @@ namespace zel::desk {
 // "J/g" for "kJ/kg-mol".
 bool IsPerMassOf(std::string const& word, std::string const& unit);
 
-// What to answer to such a word: "J/g is per mass, but the value is per mole; units such as
-// kJ/kg-mol and kJ/mol fit".
+// The message for such a word: "J/g is per mass, but the value is per mole; units such as kJ/kg-mol
+// and kJ/mol fit".
 std::string WhyNotPerMass(std::string const& word, std::string const& unit);
 
 }  // namespace zel::desk

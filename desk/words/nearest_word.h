@@ -18,10 +18,10 @@ std::optional<std::size_t> DistanceOf(std::string const& word, std::string const
                                       bool acceptBeginning = true);
 
 // The candidate that the word probably means, in upper or lower case: the first of those with the
-// least distance. Empty if there is none.
+// least distance. Empty if no candidate is near.
 std::string NearestWord(std::string const& word, std::vector<std::string> const& candidates);
-// The same for a message that goes on with where to look: "; did you mean NBP?", or ";" if there is
-// none.
+// The same for a message that goes on with where to look: "; did you mean NBP?", or ";" if no
+// candidate is near.
 std::string DidYouMean(std::string const& word, std::vector<std::string> const& candidates);
 
 }  // namespace zel::desk

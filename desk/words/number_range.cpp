@@ -65,7 +65,7 @@ std::optional<Span> ParseSpan(std::string const& word, std::string const& what) 
 
 namespace {
 
-// "70:80C", where 70 is in K but may be meant in C; 351.15 in "351.15:79C" cannot be.
+// Refuses "70:80C", in which 70 is in K but may be meant in C; 351.15 in "351.15:79C" cannot be.
 void RefuseUnitOfOneEnd(std::string const& word, DisplayUnits const& units) {
   std::size_t const colon = word.find(':');
   if (colon == std::string::npos || colon == 0 || colon + 1 == word.size()) return;

@@ -9,9 +9,9 @@
 
 namespace zel::desk {
 
-// What a user may have to know who typed a word that is not a number, as the end of a message: that
-// the decimal sign is a point, or that several numbers have blanks between them. Empty if the word
-// has no comma after a digit or a letter.
+// A hint for a user who typed a word that is not a number, as the end of a message: that the
+// decimal sign is a point, or that several numbers are separated by blanks. Empty if the word has
+// no comma after a digit or a letter.
 std::string HintForNumber(std::string const& word);
 
 // Throws WrongUsage, which says what is expected, if the word is not a number.

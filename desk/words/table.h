@@ -13,7 +13,7 @@ namespace zel::desk {
 Cell Number(double value);
 // A cell with a text; nothing if it is empty.
 Cell Text(std::string text);
-// Texts with blanks between them; nothing if there are none.
+// Texts with blanks between them; nothing for an empty list.
 Cell Texts(std::vector<std::string> const& texts);
 // A reference code; nothing for 0.
 Cell Code(std::uint32_t code);

@@ -56,7 +56,7 @@ zel_status CopyWhole(std::string_view text, char* buffer, std::size_t size,
   return end == text.size() ? ZEL_OK : ZEL_TOO_SMALL;
 }
 
-// Writes a text as UTF-8 without allocating; what does not fit is left out.
+// Stores a text as UTF-8 without allocating; what does not fit is left out.
 void SetReason(std::string_view text) noexcept {
   std::size_t end = 0;
   while (!text.empty()) {

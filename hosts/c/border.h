@@ -117,7 +117,7 @@ zel_status EndHandle(Handle** handle, char const* name) noexcept {
 desk::Table EmptyTable(char const* name, std::initializer_list<char const*> headings);
 // A result of a call as an object of the host.
 std::unique_ptr<zel_table> AsHandle(desk::Table table);
-// Gives a table to a host that may not want it.
+// Passes a table to a host, which may not want it.
 void Give(desk::Table table, zel_table** handle);
 
 }  // namespace zelc

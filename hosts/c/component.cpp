@@ -57,7 +57,7 @@ desk::CorrelationData CorrelationOf(zel_component const* component, char const* 
   return *std::move(found);
 }
 
-// Of a constant or a correlation.
+// A text about a constant or a correlation.
 template <typename Datum>
 std::string const& TextOf(Datum const& datum, std::int32_t which) {
   switch (which) {

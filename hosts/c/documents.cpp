@@ -62,7 +62,7 @@ std::string WholePath(char const* path, char const* name) {
   return given.empty() ? given : std::filesystem::absolute(given).string();
 }
 
-// One of the files of a library, by its name.
+// True if the name is that of a file of a library.
 bool IsLibraryFile(std::filesystem::path const& path) {
   std::string ending = path.extension().string();
   for (char& c : ending) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
@@ -79,7 +79,7 @@ std::string DocumentPath(char const* path) {
   return document;
 }
 
-// Writes a document; the library's own reason is used only if it is of this call.
+// Writes a document; the library's own reason is used only if it is from this call.
 template <typename Write>
 void WriteDocument(zel::LibMaint const& maint, char const* path, Write const& write) {
   std::string const document = DocumentPath(path);

@@ -10,7 +10,7 @@
 
 struct zel_library {
   std::shared_ptr<zel::LibFile> file;  // shared with the columns that read it
-  zel::Handle<zel::LibMaint> maint;    // ends before the file
+  zel::Handle<zel::LibMaint> maint;    // deleted before the file
 };
 
 namespace zelc {

@@ -1,4 +1,4 @@
-// Libraries in order of preference, and the items that they give.
+// Libraries in order of preference, and the items that they return.
 #include "search.h"
 
 using zelc::CopyText;

@@ -1,4 +1,4 @@
-// The objects that a search gives to the host.
+// The objects that a search returns to the host.
 #pragma once
 
 #include <zelaccess/Desk.h>

@@ -34,7 +34,7 @@ int Fail(zelhost::Session const& session, int status, zelhost::Problem problem) 
     try {
       std::fputs(zelhost::ErrorJson(problem, session.commandName, status).c_str(), stdout);
     } catch (std::bad_alloc const&) {
-      // The line says it.
+      // The line on standard error already reports it.
     }
   }
   std::fflush(stdout);
@@ -73,7 +73,7 @@ std::string MessageOf(zelhost::Session const& session, zel::BlockError const& er
 // Runs before all objects of this program and its parts that are constructed before main.
 [[gnu::constructor(101)]] void CatchTheRest() { std::set_terminate(EndByException); }
 
-// Ends like any program that writes to a closed pipe, but only now that nothing is left half done.
+// Ends like any program that writes to a closed pipe, but only when no work is left half done.
 int EndByClosedPipe() {
   zelhost::EndAsByClosedPipe();
   return kFailed;

@@ -67,7 +67,7 @@ class ZEL_API IZelBankDef : public IUnknown {
   /// \param words   receives the length in words, 0 on failure; null is a failure
   /// \return kStatusFailed for a format that the type does not have
   virtual ZelStatus GetRecordLength(std::int32_t format, std::int32_t* words) = 0;
-  /// Ends the item: every field is set to its default, which is undefined for nearly all.
+  /// Clears the item: sets every field to its default, which is undefined for nearly all fields.
   /// \return kStatusOk
   virtual ZelStatus Clear() = 0;
   /// Reports the number of fields of a record format.
@@ -75,7 +75,8 @@ class ZEL_API IZelBankDef : public IUnknown {
   /// \param count   receives the number; null is a failure
   /// \return kStatusOk
   virtual ZelStatus GetFieldCount(std::int32_t format, std::int32_t* count) = 0;
-  /// Lists the same fields in table order, in arrays of that many elements.
+  /// Lists the fields that GetFieldCount counts, in table order, in arrays with an element for
+  /// each.
   /// \param format  format from 1; 0 lists all fields
   /// \param names   receives the names; may be null
   /// \param labels  receives texts for people; may be null
@@ -91,7 +92,8 @@ class ZEL_API IZelBankDef : public IUnknown {
   /// \param count  receives the number; null is a failure
   /// \return kStatusNotImplemented for a field of another type
   virtual ZelStatus GetEnumCount(char const* field, std::int32_t* count) = 0;
-  /// Lists the values of an enumerated field, in arrays of that many elements.
+  /// Lists the values of an enumerated field, in arrays of as many elements as GetEnumCount
+  /// reports.
   /// \param field         name of the field; null is the empty text
   /// \param names         receives the names; may be null
   /// \param values        receives the values; may be null
@@ -139,8 +141,8 @@ class ZEL_API IZelBankDef : public IUnknown {
   /// \return kStatusOk; kStatusFailed where both are null
   virtual ZelStatus GetSource(char* text, std::uint8_t* isProtected) = 0;
   /// Reports in which banks of the last search over pairs (LibSearch) the item had data.
-  /// \param flags  one byte for each bank, whose number the caller knows; nothing is written when
-  ///               there was no such search; null is a failure
+  /// \param flags  one byte for each bank that was searched, whose number the caller knows; nothing
+  ///               is written without such a search; null is a failure
   /// \return kStatusOk
   virtual ZelStatus GetSourceFlags(std::uint8_t* flags) = 0;
   /// Sets the name of a bank that this item refers to; only PSRK refers to any.
@@ -188,7 +190,7 @@ class ZEL_API IZelBankIO : public IUnknown {
   /// \param words   receives the length in words, 0 on failure; null is a failure
   /// \return kStatusFailed for a format that the type does not have
   virtual ZelStatus GetRecordLength(std::int32_t format, std::int32_t* words) = 0;
-  /// Ends the item, as IZelBankDef::Clear.
+  /// Clears the item, as IZelBankDef::Clear does.
   /// \return kStatusOk
   virtual ZelStatus Clear() = 0;
   /// Fills the fields from a block. Fields of later formats stay as they are.
@@ -201,7 +203,7 @@ class ZEL_API IZelBankIO : public IUnknown {
   /// \param library  an open library; null is a failure
   /// \return kStatusNotImplemented for a type whose records are in its entries
   virtual ZelStatus ReadFromFile(std::int32_t const* block, LibFile* library) = 0;
-  /// Fills a block from the fields. Words that no field has become 0.
+  /// Fills a block from the fields. Words that belong to no field become 0.
   /// \param block   a block of the format's length; null is a failure
   /// \param format  format from 1
   /// \return kStatusFailed, and nothing changed, for a format that the type does not have
@@ -229,8 +231,8 @@ class ZEL_API IZelBankIO : public IUnknown {
   /// \return kStatusOk
   virtual ZelStatus SetSource(LibFile* library, char const* bankName, std::uint8_t isProtected) = 0;
   /// Sets what a search found in each of its banks. Two or more make the source "Multiple", none
-  /// makes it empty, one leaves it. Throws std::bad_alloc, and changes nothing, when memory is
-  /// short.
+  /// makes it empty, one leaves it unchanged. Throws std::bad_alloc, and changes nothing, when
+  /// memory is short.
   /// \param count        number of banks
   /// \param found        not 0 for a bank where something was found; null is a failure unless
   ///                     `count` is 0
@@ -243,7 +245,7 @@ class ZEL_API IZelBankIO : public IUnknown {
   ~IZelBankIO() = default;
 };
 
-/// A self-test, which no bank has.
+/// A self-test, which no bank implements.
 class ZEL_API IZelBankTest : public IUnknown {
  public:
   /// Does nothing.

@@ -21,19 +21,19 @@ namespace zel {
 enum zelBatchModes : std::int32_t {
   batchExact = 0,  ///< The same, bit for bit.
   /// Faster where the processor's vector instructions can be used; a value differs by at most 1e-12
-  /// of itself, for coefficients whose terms do not cancel to a value far smaller than they are.
-  /// Range status and result are the same. Applies to the value and the first derivative of
-  /// equations 1, 15, 16, 19, 20, 21, 47 and 48; everything else is exact.
+  /// of itself, unless the terms of the equation cancel to a value far smaller than they are. Range
+  /// status and result are the same. Applies to the value and the first derivative of equations 1,
+  /// 15, 16, 19, 20, 21, 47 and 48; everything else is exact.
   batchVector = 1
 };
 
-/// What to evaluate, and the arrays for it. Element i of an array is `stride * i` from its pointer,
-/// in elements of the array's type: 1 for arrays without gaps, 0 for one element for all, which for
-/// results keeps the last one; any other stride, negative ones too, for rows of larger structures.
+/// What to evaluate, and the arrays for it. Element i of an array is at `pointer[stride * i]`. A
+/// stride is 1 for an array without gaps and 0 for one element that all share, which for results
+/// keeps the last one; any other stride, also a negative one, is for members of larger structures.
 ///
 /// The results are those of single evaluations in the order of the elements. So values and
-/// derivatives are in and out, as for IZelPureComp::EvaluateCorrelation: where a form has no value
-/// at a temperature, it leaves what is there. Temperatures must not share memory with results,
+/// derivatives are input and output, as for IZelPureComp::EvaluateCorrelation: where a form has no
+/// value at a temperature, they stay unchanged. Temperatures must not share memory with results,
 /// unless they are the same elements with the same stride.
 struct ZelBatch {
   std::int64_t count = 0;                ///< Number of elements.
@@ -68,8 +68,8 @@ struct ZelBatch {
 /// \return see above
 ZEL_API ZelStatus EvaluateBatch(ZelCorrelation const& correlation, ZelBatch const& batch);
 
-/// Evaluates one correlation of a component at many temperatures; equations that evaluate other
-/// correlations of the component, too.
+/// Evaluates one correlation of a component at many temperatures, also one whose equation evaluates
+/// other correlations of the component.
 /// \param component  the component; null is a failure
 /// \param index      one of zelCorrelations, up to 17
 /// \param batch      temperatures and results

@@ -2,7 +2,8 @@
 /// BlockError: a block error as an exception with file, address and reason, for hosts.
 ///
 /// A block that cannot be read or written is thrown as an `unsigned long` (LibFile.h), which
-/// `catch (std::exception const&)` does not catch. Around a piece of work WithBlockErrors does:
+/// `catch (std::exception const&)` does not catch. WithBlockErrors turns it into an exception that
+/// it does:
 ///
 ///     try {
 ///       zel::WithBlockErrors([&] { maint->WriteItem(bank, "SAMPLE", key); });
@@ -20,14 +21,14 @@
 
 namespace zel {
 
-/// What is known of a block error.
+/// What is known about a block error.
 struct ZelBlockErrorInfo {
   char file[260] = {};    ///< Path of the file with the block, as far as it is known; else empty.
   char reason[100] = {};  ///< Why, in a few words.
 };
 
-/// Reports what is known of a block error that was just caught. Call it in the thread that caught
-/// the error, before the next call of the library.
+/// Reports what is known about a block error that was just caught. Call it in the thread that
+/// caught the error, before the next call of the library.
 /// \param address  the `unsigned long` that was caught
 /// \param info     receives file and reason; an empty file and a general reason for any other
 ///                 address
@@ -50,7 +51,7 @@ class BlockError : public std::runtime_error {
   /// Returns the path of the file with the block.
   /// \return valid as long as this object lives; "" when not known; never null
   char const* File() const noexcept { return info_.file; }
-  /// Returns why, in a few words.
+  /// Returns the reason in a few words.
   /// \return valid as long as this object lives; never null
   char const* Reason() const noexcept { return info_.reason; }
 
@@ -74,7 +75,7 @@ class BlockError : public std::runtime_error {
   ZelBlockErrorInfo info_;
 };
 
-/// Calls `work`, and throws a block error of it as a BlockError.
+/// Calls `work`. If that throws a block error, throws it as a BlockError.
 /// \param work  called once, without arguments
 /// \return what the work returns
 template <typename Work>

@@ -29,16 +29,16 @@ class LibFile;
 
 /// One walk over the items of a bank, in key order, that fills columns.
 ///
-/// **Columns.** A column is an array of the host's with room for as many rows as are read at once.
-/// A row has as many elements as the field: element e of row r is at r x count + e. IZelBankDef::
+/// **Columns.** A column is an array of the host with room for as many rows as are read at once. A
+/// row has as many elements as the field: element e of row r is at r x count + e. IZelBankDef::
 /// GetFieldList reports the fields of a bank's type, their types, and their counts; for a text the
 /// count is the size of its buffer, terminator included. The same field can be added more than
 /// once.
 ///
 /// **Values** are those that GetDoubleField, GetIntField and GetStringField return after NextItem:
 /// floats with their decimal digits, pairs in stored order, and what Clear sets for a field that
-/// the record format of the bank does not have. Characters after the terminator of a text mean
-/// nothing.
+/// the record format of the bank does not have. Characters after the terminator of a text are
+/// unspecified.
 ///
 /// **Pure components** have these columns:
 ///
@@ -51,16 +51,16 @@ class LibFile;
 /// | `name`, `formula`, `smiles` | text | 41, 21, 101 | as GetIdentity and GetSmiles return them |
 ///
 /// Only the first block of a component is read: a component whose correlations or structures cannot
-/// be read has columns all the same.
+/// be read has its row nevertheless.
 ///
 /// **Errors.** A failed read is never taken for an empty value. A block that cannot be read throws
-/// a block error (BlockError.h), and the rows of that call mean nothing; the next call continues
+/// a block error (BlockError.h), and the rows of that call are not valid; the next call continues
 /// after the item. While the library has a sink for items that cannot be read (SetItemFindings in
-/// Verify.h), such an item is reported to it and left out. A tree that cannot be read throws either
-/// way.
+/// Verify.h), such an item is reported to it and left out. A tree that cannot be read throws in
+/// both cases.
 ///
-/// **Null pointers.** A null name is the empty text, which no field has; a null array is a failure.
-/// Nothing is added then.
+/// **Null pointers.** A null name is the empty text, which is not the name of a field; a null array
+/// is a failure. In both cases no column is added.
 ///
 /// **Changes** of the bank end the walk: what Read returns after them is undefined, except that a
 /// library that was closed has no more rows. The library must outlive the reader.

@@ -25,7 +25,7 @@ enum compListSorts : std::int32_t {
 
 /// All components of a library by name, ID, formula, CAS number, boiling point and molecular
 /// weight, walked in any of six orders through a filter. The list is read from a file in which the
-/// orders are stored already; docs/lists.md has its form.
+/// orders are stored already; docs/lists.md describes its format.
 ///
 ///     CompList* list = CompList::NewCompList();
 ///     list->GetBuilder()->BuildList(library, "SAMPLE", "sample.lst");   // once
@@ -35,12 +35,12 @@ enum compListSorts : std::int32_t {
 ///     while (list->GetNext(name, id, formula, cas, nbp, mw)) ...
 ///     CompList::DelCompList(list);
 ///
-/// **Sort, filter and range belong to the process**: what is set on one list holds for all, in
-/// every thread, and making, reading and ending a list set them. A change rewinds the list it is
-/// made through.
+/// **Sort, filter and range belong to the process**: what is set on one list applies to all lists
+/// in all threads, and making, reading and ending a list set them too. A change rewinds the list
+/// through which it is made.
 ///
 /// **Threads.** One list belongs to one thread at a time. Lists of different threads may be used at
-/// the same time where all want the same settings.
+/// the same time if all of them need the same settings.
 class ZEL_API CompList {
  public:
   /// Makes an empty list. Throws std::bad_alloc.
@@ -63,7 +63,7 @@ class ZEL_API CompList {
   /// \return false only when the file cannot be read; a file of another shape makes an empty list
   virtual bool ReadList(char const* path) = 0;
   /// Sets the order of all lists, and rewinds this one.
-  /// \param key         one of compListSorts; with any other GetNext finds nothing
+  /// \param key         one of compListSorts; with any other value GetNext finds nothing
   /// \param descending  0 ascending, else descending
   virtual void SetSort(std::int32_t key, std::int32_t descending) = 0;
   /// Reports the order.
@@ -73,7 +73,7 @@ class ZEL_API CompList {
   /// Sorts by name, ascending.
   virtual void ResetSort() = 0;
   /// Sets the filter of all lists on the text that is sorted by, and rewinds this one. Letters
-  /// compare without regard to case, and the text may go on after the end of the pattern.
+  /// compare without regard to case, and the text may continue after the end of the pattern.
   /// \param pattern  "?" matches one character, "*" any number of them; null and the empty text
   ///                 mean "*"
   virtual void SetFilter(char const* pattern) = 0;
@@ -130,9 +130,9 @@ class ZEL_API CompListBuild {
   /// errors pass through as exceptions.
   /// \param library   an open library; with null the list is empty
   /// \param bankName  name of a bank of pure components; null is the empty name; with a bank that
-  ///                  is not there the list is empty
-  /// \param path      the file; one that is there is emptied and rewritten, also through a symbolic
-  ///                  link; null and the empty path write none
+  ///                  does not exist the list is empty
+  /// \param path      the file; an existing one is emptied and rewritten, also through a symbolic
+  ///                  link; null and the empty path write no file
   /// \return false when the file cannot be written
   virtual bool BuildList(LibFile* library, char const* bankName, char const* path) = 0;
 

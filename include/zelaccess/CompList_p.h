@@ -8,7 +8,7 @@
 
 namespace zel {
 
-/// Every builder is one of these: dynamic_cast leads here. Rows are added, then sorted, then
+/// Every builder is one of these, which dynamic_cast returns. Rows are added, then sorted, then
 /// written. Threads as for the list.
 class ZEL_API CompListBuild_p : public CompListBuild {
  public:
@@ -26,7 +26,7 @@ class ZEL_API CompListBuild_p : public CompListBuild {
   /// \param formula        buffer of 21 characters; null is a failure
   /// \param secondFormula  buffer of 21 characters, which receives the normal form where that
   ///                       differs from a formula that stays as written: because of `keepFormula`,
-  ///                       or as it has no carbon and hydrogen; may be null
+  ///                       or because it has no carbon and hydrogen; may be null
   /// \param keepFormula    not 0: the formula is kept as written
   /// \param formulaResult  receives 2 where there is a second formula, else 1
   /// \param casNumber      the CAS number as one integer; set to 0 where it is not valid
@@ -56,8 +56,8 @@ class ZEL_API CompListBuild_p : public CompListBuild {
   /// Fills the list and its six orders.
   virtual void SortRecords() = 0;
   /// Writes the list file, as CompListBuild::BuildList does.
-  /// \param path  the file; one that is there is emptied and rewritten, also through a symbolic
-  ///              link; null and the empty path write none
+  /// \param path  the file; an existing one is emptied and rewritten, also through a symbolic link;
+  ///              null and the empty path write no file
   /// \return false when the file cannot be written
   virtual bool WriteList(char const* path) = 0;
   /// Counts the rows of the list.
@@ -67,8 +67,8 @@ class ZEL_API CompListBuild_p : public CompListBuild {
   /// \param row   number of the row from 0
   /// \param text  buffer of 1000 characters; null does nothing
   virtual void FormatRecord(std::int32_t row, char* text) = 0;
-  /// Sets the short form, to be set before rows are added.
-  /// \param on  five columns instead of twelve
+  /// Selects the short form. Must be called before rows are added.
+  /// \param on  true for five columns instead of twelve
   virtual void SetShortForm(bool on) = 0;
   /// Reports how long the last build took.
   /// \param total  receives the seconds for walking the library

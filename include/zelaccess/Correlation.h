@@ -53,11 +53,11 @@ ZEL_API ZelStatus TakeCorrelation(IZelPureComp* component, std::uint32_t index,
 /// \param temperature  in the correlation's unit of temperatures
 /// \param order        1, 2, 3 for that derivative with respect to the temperature, 11 for the
 ///                     sensitivities to the coefficients
-/// \param value        in and out: receives the value in the unit of zelCorrelations; a form
-///                     without a value there leaves it; may be null
+/// \param value        in and out: receives the value in the unit of zelCorrelations; unchanged if
+///                     the form has no value there; may be null
 /// \param derivative   in and out: receives the derivative, per the correlation's unit of
-///                     temperatures to the power of the order; a form without a value there leaves
-///                     it; may be null
+///                     temperatures to the power of the order; unchanged if the form has no value
+///                     there; may be null
 /// \param weights      array of 15 for the sensitivities of order 11; else null; may be null
 /// \param status       receives 0 inside the range, 1 above, -1 below; may be null
 /// \return kStatusOk inside the range; kStatusNothingNew (1) when extrapolated; kStatusFailed for an

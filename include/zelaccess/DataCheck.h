@@ -1,7 +1,7 @@
 /// \file
 /// DataCheck: checks whether the data of libraries are plausible: values that cannot all be right
 /// although each of them can be stored. VerifyLibrary (Verify.h) checks the structure of the files;
-/// check that first.
+/// call that first.
 ///
 ///     struct Printer final : zel::ZelDataFindingSink {
 ///       void Found(zel::zelFindings, char const* id, char const* place, char const* text) override
@@ -36,7 +36,7 @@ struct ZelDataCheck {
 /// \return a constant table, valid for the life of the module; never null
 ZEL_API ZelDataCheck const* GetDataChecks(std::int32_t& count);
 
-/// Selects what is reported. As it is made, everything is.
+/// Selects what is reported; by default everything is.
 struct ZelDataCheckOptions {
   /// IDs of checks that are not reported; null for none. Null elements and IDs that GetDataChecks
   /// does not have are ignored. Damage is always reported.
@@ -56,10 +56,10 @@ struct ZelDataEvidence {
   char const* unit = "";                   ///< Unit of both; empty for pure numbers.
   double temperature = gen_GetUndefDouble();  ///< Temperature in K, of the value of a correlation.
   double deviation = 0.0;   ///< The difference in tolerances of the rule; above 1.
-  char const* source = "";  ///< What gives the expected value: "the latent heat at NBP", a library.
+  char const* source = "";  ///< Origin of the expected value: "the latent heat at NBP", a library.
 };
 
-/// What is wrong with a datum. Texts are never null, and valid during the call alone; numbers that
+/// What is wrong with a datum. Texts are never null, and valid only during the call; numbers that
 /// do not apply are undefined (Types.h), and texts that do not apply are empty.
 struct ZelDataFinding {
   /// findingWarning, findingError or findingDamage; findingNote only for "cancelled" (Progress.h).
@@ -69,7 +69,7 @@ struct ZelDataFinding {
   char const* library = "";           ///< Name of the library (ZelCheckedLibrary).
   char const* bankType = "";          ///< Type of the bank, "PURECOMP" for example.
   char const* bankName = "";          ///< Name of the bank.
-  std::int32_t const* key = nullptr;  ///< Key words of the item on file; null if there are none.
+  std::int32_t const* key = nullptr;  ///< Key words of the item on file; null for none.
   std::int32_t keyWords = 0;          ///< Number of key words.
   /// The item as a text: the first ID of a component, or its number if it has none; "1 + 2" for a
   /// pair; "group 9".
@@ -77,7 +77,7 @@ struct ZelDataFinding {
   /// Bank and item as messages name them: "CRC ACETONE", "NRTL:VLE 1 + 2".
   char const* place = "";
   /// The datum: the keyword of a constant, the name of a correlation, the name of a field, "CAS
-  /// number", "formula", "identity", "groups". Several have blanks between them, or " and ".
+  /// number", "formula", "identity", "groups". Several of these are separated by blanks or " and ".
   char const* datum = "";
   double value = gen_GetUndefDouble();  ///< The value, in `unit`; undefined if it is not a number.
   char const* valueText = "";           ///< The value as a text, numbers with 7 digits.
@@ -89,14 +89,16 @@ struct ZelDataFinding {
   double expectedMin = gen_GetUndefDouble();
   double expectedMax = gen_GetUndefDouble();  ///< See expectedMin.
   char const* expectedText = "";  ///< The expected value as a text, "0.15 to 0.40" for example.
-  /// What has the data to which this is compared, if not the same item: a component of the bank as
-  /// `place` names it, a library, a bank of a library ("crc.lb1:CRC"), a bank ("UNFORIG:G").
+  /// Where the data are that this is compared with, if not in the same item: a component of the
+  /// bank as `place` names it, a library, a bank of a library ("crc.lb1:CRC"), a bank
+  /// ("UNFORIG:G").
   char const* against = "";
   char const* text = "";  ///< The sentence made from this, without library and place.
   /// How likely the datum is wrong, 0 to 1: 1 for what is certainly wrong (errors and damage).
   double strength = 1.0;
-  /// 16 digits that are the same as long as the bank, the item, the datum and what is stored for it
-  /// are, and the check if the finding has no evidence; empty for damage.
+  /// 16 digits that identify the finding. They are the same as long as the bank, the item, the
+  /// datum and what is stored for it are the same, and the check, if the finding has no evidence.
+  /// Empty for damage.
   char const* fingerprint = "";
   ZelDataEvidence const* evidence = nullptr;  ///< Comparisons, the worst first; null for none.
   std::int32_t evidenceCount = 0;             ///< Their number.
@@ -107,13 +109,13 @@ struct ZelDataFinding {
 class ZEL_API ZelDataFindingSink : public ZelFindingSink {
  public:
   /// Receives a finding. Unless overridden, it passes severity, ID, place and text to Found.
-  /// \param finding  valid during the call alone
+  /// \param finding  valid only during the call
   virtual void FoundData(ZelDataFinding const& finding) {
     Found(finding.severity, finding.id, finding.place, finding.text);
   }
   /// Reports progress through the components of a bank. Unless overridden, it does nothing.
-  /// \param library  name of the library; never null, valid during the call alone
-  /// \param bank     "PURECOMP:CRC"; never null, valid during the call alone
+  /// \param library  name of the library; never null, valid only during the call
+  /// \param bank     "PURECOMP:CRC"; never null, valid only during the call
   /// \param done     components that were checked, 0 in the first call for a bank, `total` in the
   ///                 last one
   /// \param total    components of the bank
@@ -151,7 +153,7 @@ ZEL_API bool CheckLibraryData(ZelCheckedLibrary const& library, ZelDataCheckOpti
                               ZelDataFindingSink& sink);
 
 /// Checks one component in memory by itself: the checks of CheckLibraryData that need no other
-/// item. So a host can judge a component before it writes it, or that it has read. Throws
+/// item. With it a host can check a component that it has read, or is about to write. Throws
 /// std::bad_alloc, and what the sink throws.
 /// \param component  a component that NewBank made or that was read into one; null, and a component
 ///                   of a class of the host, are not checked
@@ -168,10 +170,10 @@ ZEL_API bool CheckComponentData(IZelPureComp* component, char const* library, ch
 /// the same substance must agree between each two libraries ("magnitude", "boiling-point"). What
 /// CheckLibraryData reports is not reported again. Changes nothing.
 ///
-/// What cannot be read, what is thrown: as above. Time grows with the square of the number of
+/// Unreadable items and exceptions are as above. Time grows with the square of the number of
 /// libraries.
 /// \param libraries  the libraries; one that is null or closed is damage of the header and left
-///                   out; null is damage of the header unless there are none
+///                   out; a null array is damage of the header unless `count` is below 1
 /// \param count      their number; below 1 there is nothing to compare
 /// \param options    what is reported
 /// \param sink       receives the findings

@@ -1,7 +1,7 @@
 /// \file
 /// DataJudgement: finds the data that are most likely wrong. Where DataCheck.h reports each rule
 /// that data break, this weighs all comparisons of a substance: of its data with each other,
-/// between libraries, and with kindred substances. It names the datum that explains most of what
+/// between libraries, and with similar substances. It names the datum that explains most of what
 /// disagrees, with a strength and the evidence.
 ///
 ///     struct Printer final : zel::ZelDataFindingSink {
@@ -27,7 +27,7 @@ namespace zel {
 struct ZelDataRule {
   char const* id;         ///< Names the rule and is stable, "vapor-pressure" for example.
   char const* formula;    ///< What is compared, as a text: "p(NBP) = 101.325 kPa".
-  char const* tolerance;  ///< How far right data may differ, and where that is from.
+  char const* tolerance;  ///< How far correct data may differ, and the source of that.
 };
 
 /// Returns the rules by which JudgeLibraryData compares.
@@ -45,15 +45,15 @@ struct ZelJudgementOptions {
 
 /// Judges the data of all components of libraries. A finding has a strength, a fingerprint and
 /// evidence; its datum is the one that is most likely wrong, in the library that has it, and its ID
-/// is that of the rule that it breaks most. Each library's findings are reported by falling
-/// strength. Changes nothing.
+/// is that of the rule that it breaks most. Each library's findings are reported in order of
+/// falling strength. Changes nothing.
 ///
 /// Components are the same substance if they have the same CAS number; without one, if they have
 /// the same number or an ID in common, and no other formula. An item or a bank that cannot be read
 /// is left out and reported (findingDamage, "item", its place); no block error is thrown. Throws
 /// std::bad_alloc, and what the sink throws. Time and memory grow with the number of components.
 /// \param libraries  the libraries; one that is null or closed is damage of the header and left
-///                   out; null is damage of the header unless there are none
+///                   out; a null array is damage of the header unless `count` is below 1
 /// \param count      their number; below 1 there is nothing to judge
 /// \param options    what is reported
 /// \param sink       receives the findings

@@ -1,5 +1,5 @@
 /// \file
-/// The desk: component libraries for hosts in C++ of today, in values, optionals and exceptions.
+/// The desk: component libraries for hosts in modern C++, with values, optionals and exceptions.
 ///
 ///     zel::desk::Libraries libs({"own.lb1", "perry.lb1", "crc.lb1"});
 ///     auto ethanol = libs.Component("ETHANOL");
@@ -107,7 +107,7 @@ enum class Correlation : std::uint32_t {
 
 namespace desk {
 
-/// Who a component is, as far as its sources say.
+/// The identity of a component, as far as its sources state it.
 struct Identity {
   std::int32_t number = 0;       ///< Component number; 0 for none.
   std::int32_t refCode = 0;      ///< Reference code of the identity.
@@ -118,7 +118,7 @@ struct Identity {
   bool keepsFormula = false;     ///< The formula is kept as it was given, not normalised.
 
   /// Returns the first ID.
-  /// \return empty if there is none
+  /// \return the ID; empty if the component has no ID
   std::string FirstId() const { return ids.empty() ? "" : ids.front(); }
 };
 
@@ -157,7 +157,7 @@ struct EvaluationOptions {
 struct CorrelationValues {
   std::vector<double> values;          ///< In `unit`; NaN where the correlation has no value.
   std::vector<double> derivatives;     ///< Of the order asked for, per `temperatureUnit` to the
-                                       ///< power of the order; NaN where there is none.
+                                       ///< power of the order; NaN where it has none.
   std::vector<std::int32_t> statuses;  ///< 0 inside the range, 1 above, -1 below.
   std::string unit;                    ///< Unit of the values; empty for a pure number.
   std::string temperatureUnit;         ///< Unit of the temperatures.
@@ -169,21 +169,21 @@ class LibraryFile;
 struct ItemData;
 struct LibrariesData;
 
-/// A pure component, merged from the libraries of a preference list. A cheap copy refers to the
-/// same data, which do not change.
+/// A pure component, merged from the libraries of a preference list. Copies are cheap: they share
+/// the data, which do not change.
 class ZEL_DESK_API Component {
  public:
-  /// Returns who it is.
-  /// \return the identity, merged from all sources
+  /// Returns the identity.
+  /// \return its parts, merged from all sources
   desk::Identity Identity() const;
   /// Returns a constant. Throws UnknownWord if it cannot be converted to the unit.
   /// \param constant  the constant
   /// \param unit      a unit word, "bar" for example; empty for the internal unit
-  /// \return nothing if it is neither stored nor can be derived from what is
+  /// \return nothing if it is not stored and cannot be derived from stored data
   std::optional<ConstantValue> Constant(zel::Constant constant, std::string const& unit = "") const;
   /// Returns the record of a correlation.
   /// \param correlation  the correlation
-  /// \return nothing if there is none
+  /// \return nothing if the component does not have it
   std::optional<CorrelationData> Correlation(zel::Correlation correlation) const;
   /// Evaluates a correlation, outside of its range by extrapolation, but not below absolute zero.
   /// Evaluator (DeskEvaluator.h) does the same with arrays of the caller.
@@ -233,7 +233,7 @@ class ZEL_DESK_API Item {
   /// \return the fields; those of a pair are for the components in the order in which they were
   ///         asked for, however the pair is stored
   std::vector<ItemField> const& Fields() const;
-  /// Returns a field. Throws UnknownWord if there is none of that name.
+  /// Returns a field. Throws UnknownWord if there is no such field.
   /// \param name  its name, in any case of letters
   /// \return the field
   ItemField const& Field(std::string const& name) const;
@@ -254,8 +254,8 @@ struct LibrariesOptions {
   std::string names;            ///< A library for IDs and CAS numbers that the others do not know.
   bool acceptIdentity = false;  ///< Merge sources that mean different substances.
   double waitSeconds = 0.0;     ///< How long to wait for a library that another program uses.
-  /// Folders in which a library is looked up that is named without a folder and is not in the
-  /// current one: "perry" and "perry.lb1" are the first perry.lb1.
+  /// Folders in which to look for a library that is named without a folder and is not in the
+  /// current one: "perry" and "perry.lb1" mean the first perry.lb1 found.
   std::vector<std::string> path;
 };
 
@@ -283,7 +283,7 @@ class ZEL_DESK_API Libraries {
   ~Libraries();
 
   /// Returns a component, merged from all libraries and completed. Throws MissingComponent, which
-  /// names near ones; ConflictingIdentity if the libraries mean different substances;
+  /// names similar ones; ConflictingIdentity if the libraries mean different substances;
   /// DamagedLibrary.
   /// \param word  ID, CAS number, number or name
   /// \return the component

@@ -33,10 +33,10 @@ struct ChangeSettings {
   std::string command;       ///< What the history says about the change.
   double waitSeconds = 0.0;  ///< How long to wait for a library that another program uses.
   int keep = 10;             ///< Versions that the history keeps for UndoLastChange; 0 removes it.
-  bool dryRun = false;       ///< Everything is done but for putting the change in place.
+  bool dryRun = false;       ///< Everything is done except putting the change in place.
 };
 
-/// What an edit sets besides the values that are among its words.
+/// What an edit sets in addition to the values among its words.
 struct EditSettings {
   std::vector<std::string> unset;         ///< Data to remove.
   std::optional<std::uint32_t> code;      ///< Reference code of what is set; else it stays.
@@ -64,7 +64,7 @@ struct ImportedRows {
   std::int64_t read = 0;     ///< Rows of the table.
   std::int64_t isNew = 0;    ///< Rows whose item is new.
   std::int64_t changed = 0;  ///< Rows that changed an item.
-  std::int64_t same = 0;     ///< Rows that set what was there.
+  std::int64_t same = 0;     ///< Rows that changed nothing.
   std::int64_t refused = 0;  ///< Rows that were refused.
   Table rows{"rows", {}};    ///< The rows that changed something or were refused: line, item,
                              ///< result, what, and the parts of the item: item 1, item 2, item 3,
@@ -117,8 +117,8 @@ class ZEL_DESK_API Change {
   /// Drops the change unless it was committed, and unlocks the library.
   ~Change();
 
-  /// Sets data of an item. Throws UnknownWord for a datum that does not exist, with near ones, and
-  /// for values that do not suit it; MissingComponent; MissingItem; Error.
+  /// Sets data of an item. Throws UnknownWord for a datum that does not exist, with similar ones,
+  /// and for values that do not suit it; MissingComponent; MissingItem; Error.
   /// \param words     the item, after a bank if it is not a component, then DATUM=VALUE or DATUM
   ///                  VALUE, as often as needed: {"NRTL", "ETHANOL", "WATER", "bij=-29.2"}. The
   ///                  fields of a pair are those in the order in which its components are named.
@@ -144,12 +144,12 @@ class ZEL_DESK_API Change {
   /// `choice` is kRefuse.
   /// \param library  the other library
   /// \param choice   what is done about items that differ
-  /// \param banks    banks of the other library; all of them if there are none
+  /// \param banks    banks of the other library; all of them if empty
   /// \return a row for each bank: bank, added, same, differing
   Table Merge(std::string const& library, MergeChoice choice = MergeChoice::kRefuse,
               std::vector<std::string> const& banks = {});
-  /// Gives a component another number in all banks. Throws MissingComponent, and Error if anything
-  /// has the new number already.
+  /// Gives a component another number in all banks. Throws MissingComponent, and Error if the new
+  /// number is in use.
   /// \param component  by number, ID, CAS number or name
   /// \param number     the new number, above 0
   /// \return a row for each bank with changed items: bank, items
@@ -157,7 +157,7 @@ class ZEL_DESK_API Change {
 
   /// Returns what the edits and imported tables of this change have made implausible, such as a
   /// negative pressure or a boiling point above the critical temperature. A finding that a
-  /// component had before is not among them. The change can be committed all the same.
+  /// component had before the change is not included. The change can be committed nevertheless.
   /// \return a row for each finding: severity ("error" or "warning"), id (of the check, DataCheck.h),
   ///         what, library, place, bank, item, datum, value, unit, expected from, expected to,
   ///         temperature, text
@@ -173,9 +173,9 @@ class ZEL_DESK_API Change {
   std::unique_ptr<ChangeData> data_;
 };
 
-/// Takes back the last change of a library that is not taken back yet, as a change of its own.
-/// Throws Error if the history has no change to take back, or if another program has changed the
-/// library since.
+/// Takes back the last change of a library that has not been taken back yet; this is a change of
+/// its own. Throws Error if the history has no change to take back, or if another program has
+/// changed the library since.
 /// \param library   a library file
 /// \param settings  how it is changed
 /// \return a row for each value, note or item that is restored: item, field, before, after, unit

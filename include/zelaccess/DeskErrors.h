@@ -102,7 +102,7 @@ class ZEL_DESK_API MissingDatum : public Error {
   using Error::Error;
 };
 
-/// A word that means nothing: a unit, a bank type, a field.
+/// A word that is not known: a unit, a bank type, a field.
 class ZEL_DESK_API UnknownWord : public Error {
  public:
   using Error::Error;

@@ -23,7 +23,7 @@
 
 namespace zel::desk {
 
-/// Temperatures, and what is computed at them: arrays of the caller's, without gaps.
+/// Temperatures, and what is computed at them: arrays of the caller, without gaps.
 struct EvaluatorArrays {
   std::size_t count = 0;                 ///< Number of elements.
   double const* temperatures = nullptr;  ///< In the evaluator's unit of temperatures. They must not
@@ -39,8 +39,8 @@ struct EvaluatorArrays {
 
 struct EvaluatorData;
 
-/// A correlation, prepared with units and order. A cheap copy refers to the same data, which do not
-/// change; any number of threads may use one object at the same time. Values are those of
+/// A correlation, prepared with units and order. Copies are cheap: they share the data, which do
+/// not change. Any number of threads may use one object at the same time. Values are those of
 /// Component::Evaluate.
 class ZEL_DESK_API Evaluator {
  public:
@@ -61,8 +61,8 @@ class ZEL_DESK_API Evaluator {
   /// \param temperature  in the unit of temperatures
   /// \return the value; NaN where the equation has none
   double Value(double temperature) const;
-  /// Evaluates at many temperatures. Throws UnknownWord for temperatures and values that have no
-  /// counterpart in another unit.
+  /// Evaluates at many temperatures. Throws UnknownWord for temperatures and values that cannot be
+  /// expressed in the unit asked for.
   /// \param arrays  temperatures and results
   void Evaluate(EvaluatorArrays const& arrays) const;
 

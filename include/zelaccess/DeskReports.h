@@ -30,7 +30,7 @@ struct ReportSettings {
 /// Returns constants and correlations of components side by side, merged and completed. Throws
 /// MissingComponent, and Error for a field that does not exist.
 /// \param libraries    the preference list
-/// \param components   by number, ID, CAS number or name; all components if there are none
+/// \param components   by number, ID, CAS number or name; all components if empty
 /// \param fields       keywords of constants and names of correlations, which are shown as their
 ///                     equation and range
 /// \param withSources  adds a column with the source of each datum
@@ -42,13 +42,13 @@ ZEL_DESK_API Table DataOf(std::vector<std::string> const& libraries,
                           std::vector<std::string> const& fields, bool withSources = false,
                           ReportSettings const& settings = {});
 
-/// Returns the pairs of a model, the first library that has a pair winning. Throws Error for a type
-/// that is not of pairs.
+/// Returns the pairs of a model; for each pair the first library that has it wins. Throws Error for
+/// a type whose items are not pairs.
 /// \param libraries   library files, without banks
 /// \param type        a bank type, "NRTL" for example
 /// \param fields      fields to show, "bij" for example
-/// \param components  one for all of its pairs, more for the pairs of two of them; all pairs if there
-///                    are none
+/// \param components  with one, all of its pairs; with more, the pairs of two of them; all pairs if
+///                    empty
 /// \param settings    how they are read
 /// \return a row for each pair
 ZEL_DESK_API Table PairsOf(std::vector<std::string> const& libraries, std::string const& type,
@@ -56,14 +56,13 @@ ZEL_DESK_API Table PairsOf(std::vector<std::string> const& libraries, std::strin
                            std::vector<std::string> const& components = {},
                            ReportSettings const& settings = {});
 
-/// Says which pairs of components a model has. Throws MissingComponent, and Error for a type that
-/// is not of pairs.
+/// Says which pairs of components a model has. Throws MissingComponent, and Error for a type whose
+/// items are not pairs.
 /// \param libraries   the preference list
 /// \param type        a bank type, "NRTL" for example
-/// \param components  by number, ID, CAS number or name; those of the model's pairs if there are
-///                    none
+/// \param components  by number, ID, CAS number or name; those of the model's pairs if empty
 /// \param settings    how they are read
-/// \return a row for each pair of two of the components: one, other, from, which is nothing if the
+/// \return a row for each pair of two of the components: one, other, from, which is empty if the
 ///         pair is missing
 ZEL_DESK_API Table CoverageOf(std::vector<std::string> const& libraries, std::string const& type,
                               std::vector<std::string> const& components = {},
@@ -90,8 +89,8 @@ ZEL_DESK_API Table WhyOf(std::vector<std::string> const& libraries, std::string 
 /// \return a row for each finding: severity (note, warning, error or damage), id, what, library,
 ///         place, bank, item, datum, value, unit, expected from, expected to, temperature [K],
 ///         strength (0 to 1: how likely the datum is wrong), fingerprint (the same for the same
-///         finding), evidence (the comparisons that disagree), text; by severity, then by strength
-///         from 0.5 on
+///         finding), evidence (the comparisons that disagree), text; in order of severity, then of
+///         strength; weaker ones than 0.5 are left out
 ZEL_DESK_API Table CheckOf(std::vector<std::string> const& libraries,
                            std::vector<std::string> const& silent = {}, bool structureOnly = false,
                            ReportSettings const& settings = {});
@@ -103,7 +102,7 @@ struct CheckSettings {
   double minStrength = 0.5;         ///< Findings of a lower strength, 0 to 1, are left out.
 };
 
-/// Does what CheckOf does, with a least strength.
+/// Does what CheckOf does, with a choice of the least strength.
 /// \param libraries  library files, without banks
 /// \param check      what is checked and reported
 /// \param settings   how they are read; units are internal
@@ -128,7 +127,7 @@ struct ComparedSources {
 /// ConflictingIdentity.
 /// \param first       LIBRARY or LIBRARY:BANK
 /// \param second      LIBRARY or LIBRARY:BANK
-/// \param components  by number, ID, CAS number or name; all that both have if there are none
+/// \param components  by number, ID, CAS number or name; all that both have if empty
 /// \param tolerance   relative to the first source, 0.01 for one percent
 /// \param settings    how they are read
 /// \return a row for each difference beyond the tolerance
@@ -138,7 +137,7 @@ ZEL_DESK_API ComparedSources CompareSources(std::string const& first, std::strin
                                             ReportSettings const& settings = {});
 
 /// Writes a bank as text that Change::ImportTable reads back to the same values. Throws Error for a
-/// bank that does not exist, UnknownWord for a form that does not.
+/// bank that does not exist, UnknownWord for a form that is not known.
 /// \param library   a library file
 /// \param bank      a bank
 /// \param form      csv, tsv or json
@@ -153,7 +152,7 @@ ZEL_DESK_API std::string TableTextOf(std::string const& library, std::string con
 /// ConflictingIdentity.
 /// \param libraries   the preference list
 /// \param path        the library to make
-/// \param components  by number, ID, CAS number or name; all components if there are none
+/// \param components  by number, ID, CAS number or name; all components if empty
 /// \param settings    how they are read
 /// \return what came from where: source, bank, items, constants, correlations
 ZEL_DESK_API Table FlattenTo(std::vector<std::string> const& libraries, std::string const& path,

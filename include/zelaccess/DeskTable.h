@@ -15,7 +15,7 @@
 
 namespace zel::desk {
 
-/// Nothing, a text, a whole number, a number, yes or no. There is nothing where a datum is
+/// A cell: empty, a text, a whole number, a number, or yes or no. It is empty where a datum is
 /// undefined or missing.
 class Cell : public std::variant<std::monostate, std::string, std::int64_t, double, bool> {
  public:
@@ -24,7 +24,7 @@ class Cell : public std::variant<std::monostate, std::string, std::int64_t, doub
 
   using Variant::Variant;
   using Variant::operator=;
-  /// Nothing.
+  /// Makes an empty cell.
   Cell() = default;
   /// Copies a cell. It assigns: the copy constructor of the standard library of GCC 12 destroys a
   /// text that was never constructed if memory runs out.

@@ -21,7 +21,8 @@ namespace zel {
 
 class IZelPureComp;
 
-/// What a source says about which substance a component is. 0 and an empty text: it does not say.
+/// What a source says about which substance a component is. 0 or an empty text means that it does
+/// not say.
 struct ZelIdentity {
   std::int32_t number = 0;     ///< Component number.
   std::int32_t casNumber = 0;  ///< CAS number as one integer, the check digit last.
@@ -30,7 +31,7 @@ struct ZelIdentity {
   char formula[21] = {};       ///< Formula.
 };
 
-/// What contradicts, as bits.
+/// What two identities contradict each other in, as bits.
 enum zelIdentityConflicts : std::int32_t {
   identityAgrees = 0,  ///< Nothing contradicts.
   identityCas = 1,     ///< Both have a CAS number, and they differ.

@@ -1,6 +1,6 @@
 /// \file
-/// Interchange: how closely an import looks at its documents, what it found in them, and what a
-/// document holds. docs/interchange.md has the form of documents.
+/// Interchange: how strictly an import checks its documents, what it found in them, and what a
+/// document holds. docs/interchange.md describes the documents.
 #ifndef ZELACCESS_INTERCHANGE_H
 #define ZELACCESS_INTERCHANGE_H
 
@@ -11,7 +11,7 @@
 
 namespace zel {
 
-/// What an import does with what does not fit. The numbers rise with the care.
+/// What an import does with data that it cannot store as they are. A higher number is stricter.
 ///
 /// A malformed number is a text such as "61x37" or "6137,5", one that is out of range, or a value
 /// that has no place. A lost part is an item, component, bank, text or `import` that a document has
@@ -52,7 +52,7 @@ enum zelLogKinds : std::int32_t {
   logCancelled = 4         ///< The host cancelled the run (Progress.h).
 };
 
-/// One error or warning of a maintenance log. Texts are never null and valid during the call alone.
+/// One error or warning of a maintenance log. Texts are never null and valid only during the call.
 struct ZelLogLine {
   bool isError = false;         ///< An error; false: a warning.
   zelLogKinds kind = logOther;  ///< What the line is about.
@@ -68,11 +68,11 @@ struct ZelLogLine {
 class ZEL_API ZelLogSink {
  public:
   /// Receives an error or a warning.
-  /// \param line  valid during the call alone
+  /// \param line  valid only during the call
   virtual void Line(ZelLogLine const& line) = 0;
-  /// An import or export begins with a bank.
-  /// \param type  type keyword, never null, valid during the call alone
-  /// \param name  bank name, never null, valid during the call alone
+  /// Called when an import or export begins a bank.
+  /// \param type  type keyword, never null, valid only during the call
+  /// \param name  bank name, never null, valid only during the call
   virtual void BankBegins(char const* type, char const* name) = 0;
 
  protected:
@@ -92,8 +92,8 @@ struct ZelDocumentContents {
   std::int64_t imports = 0;     ///< Elements that import other documents.
 };
 
-/// Reads a document without a library, so that an export can be tried before anything relies on it.
-/// Throws std::bad_alloc. May be called by several threads at the same time.
+/// Reads a document without a library, so that a host can test an exported document before it
+/// relies on it. Throws std::bad_alloc. May be called by several threads at the same time.
 /// \param path      path of the document; null is the empty path, which is not readable
 /// \param contents  receives what the document holds, or why it is not readable
 /// \return true when the document is readable

@@ -13,8 +13,8 @@ namespace zel {
 /// A key names the component or components that an item is about. Each component is given as a
 /// component number (long), a character ID (text, converted to upper case, at most 8 characters
 /// kept) or a CAS number (casn). The number that an ID or CAS number means is looked up when the
-/// key is used on a library; for one that the library does not know, the name index is asked
-/// (LibFile.h).
+/// key is used on a library: in the library, and in the name index (LibFile.h) if the library does
+/// not know it.
 ///
 ///     Key* key = Key::NewKey();
 ///     key->SetKey("ETHANOL", "WATER");   // a pair, by character ID
@@ -22,15 +22,15 @@ namespace zel {
 ///     Key::DelKey(key);                  // key is null now
 ///
 /// **Notes.** SetKey(0) is ambiguous between a number and a null text: write SetKey(0L). A null
-/// text counts as the empty text, which no library knows. A number counts by its low 32 bits:
+/// text counts as the empty text, which no library knows. Only the low 32 bits of a number count:
 /// SetKey(4294967297L) is SetKey(1L). A bank whose items may be named by fewer components than its
 /// keys have widens a short key when the key is used (a single component becomes the pair with
 /// itself), and the key keeps the wider form.
 ///
 /// **A key that is used again keeps old words.** Key words that were never written are 0, and those
-/// that a new SetKey does not reach stay as the last use left them, as do all when a resolution
-/// fails. After SetKey(1L, 2L) and a use, SetKey(1L) on a bank of pairs that does not widen keys
-/// reads, overwrites or deletes the item (1, 2). Make a new key for each item.
+/// that a new SetKey does not reach stay as the last use left them; all of them stay when a
+/// resolution fails. After SetKey(1L, 2L) and a use, SetKey(1L) on a bank of pairs that does not
+/// widen keys reads, overwrites or deletes the item (1, 2). Make a new key for each item.
 ///
 /// **Threads.** One key belongs to one thread.
 class ZEL_API Key {

@@ -17,8 +17,8 @@ enum keyKinds : std::int32_t {
   keyCas = 3      ///< CAS number.
 };
 
-/// The wider layer of a key: every Key is one of these, and dynamic_cast leads here. One key
-/// belongs to one thread.
+/// The wider layer of a key: every Key is one of these, which dynamic_cast returns. One key belongs
+/// to one thread.
 class ZEL_API Key_p : public Key {
  public:
   /// Ends the key and nulls the handle.
@@ -45,8 +45,8 @@ class ZEL_API Key_p : public Key {
   /// Copies the ID of a component.
   /// \param position  from 0
   /// \param text      buffer of 9 characters for the ID of a component of kind keyText; empty for
-  ///                  kinds keyNone and keyNumber, left as is for keyCas, whose number GetCompCasn
-  ///                  alone reports; null does nothing
+  ///                  kinds keyNone and keyNumber, left as is for keyCas, whose number only
+  ///                  GetCompCasn reports; null does nothing
   virtual void GetCompText(std::int32_t position, char* text) const = 0;
   /// Reports the number of a component.
   /// \param position  from 0

@@ -30,15 +30,15 @@ enum openErrors : std::int32_t {
   openNotFound = 2,         ///< The first file does not exist.
   openDenied = 3,           ///< Access denied, or another opener holds the library.
   openNotLibrary = 4,       ///< Name not ending in ".lb1", or not a library inside.
-  openSiblingMissing = 5,   ///< The header declares a second file that is not there.
+  openSiblingMissing = 5,   ///< The header declares a second file that does not exist.
   openPasswordNeeded = 6,   ///< Update of a protected library with an empty password.
   openBadPassword = 7,      ///< The password is neither the library's nor empty.
-  openUncleanlyClosed = 8,  ///< Not closed cleanly; only for those who ask (OpenLibrary.h).
-  openDamaged = 9           ///< Not closed cleanly and damaged; only for those who ask.
+  openUncleanlyClosed = 8,  ///< Not closed cleanly; only if asked for (OpenLibrary.h).
+  openDamaged = 9           ///< Not closed cleanly and damaged; only if asked for.
 };
 
-/// An open component library. Any number of readers can hold a library together; an updater
-/// excludes everyone, within a process as between processes.
+/// An open component library. Any number of readers can have a library open at the same time; an
+/// updater excludes all others, within a process as well as between processes.
 ///
 ///     openErrors reason;
 ///     LibFile* library = LibFile::OpenLibFile(accRead, "data.lb1", "", reason);
@@ -57,24 +57,25 @@ enum openErrors : std::int32_t {
 /// **Errors after the open.** A block that cannot be reached - a damaged address, a write to a
 /// library open for reading, a full disk, the process's limit of file sizes (without its signal) -
 /// throws an `unsigned long` that holds the offending block address; BlockError.h turns it into an
-/// exception that says more. An open that throws has closed and unlocked its files before, and
-/// leaves openFailed. Lack of memory throws std::bad_alloc.
+/// exception that says more. An open that throws has closed and unlocked its files, and reports
+/// openFailed. Lack of memory throws std::bad_alloc.
 ///
 /// **Threads.** Different libraries may be used by different threads at the same time, each with
-/// the LibMaint, LibSearch, keys and banks that work on it, also when they are opens of one file
-/// for reading.
+/// the LibMaint, LibSearch, keys and banks that work on it, also when one file has been opened
+/// several times for reading.
 ///
 /// Any number of threads may also use one library that is open for reading, each with LibMaint,
 /// LibSearch, ColumnReader, key and bank objects of its own: reads, look-ups, searches, walks,
-/// columns, lists and exports, and the functions of this class that return something. Alone, with
-/// no other call on the library at the same time, come CloseLibFile, ReopenLibFile and DelLibFile;
-/// SetProgress, SetItemFindings, VerifyLibrary and the checks of data; and the trees and pointers
-/// of LibFile_p. Calls on a library open for update, and on what works on it, come one at a time.
+/// columns, lists and exports, and the functions of this class that return something. No other call
+/// on the library may run at the same time as CloseLibFile, ReopenLibFile and DelLibFile;
+/// SetProgress, SetItemFindings, VerifyLibrary and the checks of data; and uses of the trees and
+/// pointers of LibFile_p. Calls on a library open for update, and on objects that work on it, must
+/// be made one at a time.
 ///
-/// What the process shares is guarded, with three exceptions: a library open for update that is
-/// set as the name index is used by no thread as a library of its own while others may fall back
-/// on it; the sort, filter and range of lists are shared by all threads (CompList.h); and the
-/// working folder and the environment are the host's to leave alone.
+/// State that the process shares is guarded, with three exceptions: while a library open for update
+/// is set as the name index, no thread may use it directly if others may look up names in it; the
+/// sort, filter and range of lists are shared by all threads (CompList.h); and the host must leave
+/// the working folder and the environment alone.
 class ZEL_API LibFile {
  public:
   /// Makes a library of two files, open for update; an existing file is overwritten as the new
@@ -148,9 +149,10 @@ class ZEL_API LibFile {
   static void DelLibFile(LibFile*& library);
 
   /// \name The name index
-  /// One library of the process that resolves the character IDs and CAS numbers that the library at
-  /// hand does not know. Only a host sets it, and keeps it. Closing that library clears it;
-  /// reopening the same object sets it again. Threads take turns in using and setting it.
+  /// One library of the process that resolves the character IDs and CAS numbers that the library in
+  /// use does not know. Only the host sets it; the library remains the host's. Closing that library
+  /// clears it; reopening the same object sets it again. Threads take turns in using and setting
+  /// it.
   ///@{
 
   /// Returns the name index.
@@ -203,10 +205,11 @@ class ZEL_API LibFile {
   /// \param description  at most 100 characters are kept; null leaves the description alone
   /// \param version      at most 12 characters are kept; null leaves the version alone
   virtual void SetDescriptionAndVersion(char const* description, char const* version) = 0;
-  /// Reports the two words of the header that are a host's own.
+  /// Reports the two words of the header that are reserved for the host.
   /// \param wordA,wordB  receive the words
   virtual void GetReservedWords(std::int32_t& wordA, std::int32_t& wordB) const = 0;
-  /// Sets the two words of the header that are a host's own; does nothing when open for reading.
+  /// Sets the two words of the header that are reserved for the host; does nothing when open for
+  /// reading.
   /// \param wordA,wordB  the words
   virtual void SetReservedWords(std::int32_t wordA, std::int32_t wordB) = 0;
   /// Copies the memo. Throws a block error.
@@ -225,8 +228,8 @@ class ZEL_API LibFile {
   ///                  also locks, see IsPasswordLocked
   /// \param password  at most 100 characters are kept; null is the empty password
   virtual void SetPassword(std::int32_t level, char const* password) = 0;
-  /// Returns whether the library is locked. Items of a locked library are read as any other; the
-  /// mark travels with them (IZelBankDef::GetSource) for the host to honor.
+  /// Returns whether the library is locked. Items of a locked library are read like any others;
+  /// they carry the mark (IZelBankDef::GetSource), which the host should honor.
   /// \return true at level 2 with a password
   virtual bool IsPasswordLocked() const = 0;
 
@@ -235,11 +238,11 @@ class ZEL_API LibFile {
   virtual ~LibFile();
 };
 
-/// Reports how many libraries of this process were ended while their last flush failed, since load:
-/// DelLibFile throws nothing, and what was not flushed is lost. For any thread at any time.
-/// \param path     buffer of 260 characters for the path of the last one, empty when there was
-///                 none; may be null
-/// \param address  receives the block error of the last one, 0 when there was none; may be null
+/// Reports for how many libraries of this process, since load, DelLibFile could not do the last
+/// flush: it throws nothing, and what was not flushed is lost. For any thread at any time.
+/// \param path     buffer of 260 characters for the path of the last one, empty without a lost
+///                 flush; may be null
+/// \param address  receives the block error of the last one, 0 without a lost flush; may be null
 /// \return the number of lost flushes
 ZEL_API std::int32_t GetLostFlushes(char* path, unsigned long* address);
 

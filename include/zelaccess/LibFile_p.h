@@ -10,9 +10,9 @@ namespace zel {
 
 class BTree_i;
 
-/// The wider layer of a library: every LibFile is one of these, and dynamic_cast leads here. Sizes
+/// The wider layer of a library: every LibFile is one of these, which dynamic_cast returns. Sizes
 /// are in 32-bit words. Block errors are thrown as `unsigned long` that holds the address. Threads
-/// as in LibFile: calls on one library come one at a time.
+/// as in LibFile: calls on one library are made one at a time.
 class ZEL_API LibFile_p : public LibFile {
  public:
   /// Closes and ends the library and nulls the handle, as LibFile::DelLibFile.
@@ -30,12 +30,12 @@ class ZEL_API LibFile_p : public LibFile {
   /// \param words    number of words
   /// \param buffer   of that many words; what is past the end of the file is read as zeros; null is
   ///                 a failed transfer
-  /// \return the bytes really read; -1, and zeros, when the transfer failed
+  /// \return the number of bytes read; -1, and zeros, when the transfer failed
   virtual std::int32_t ReadBlock(std::int32_t address, std::int32_t words,
                                  std::int32_t* buffer) = 0;
   /// Writes words to a block run, which is allocated first where the address is null. An allocation
-  /// whose transfer failed is taken back. Throws on a library open for reading, on a foreign
-  /// address, and with the null address when no room is left.
+  /// whose transfer failed is undone. Throws on a library open for reading, on a foreign address,
+  /// and with the null address when no room is left.
   /// \param address     block address of the run, which the caller knows to be long enough; the
   ///                    null address is replaced by that of the allocated run
   /// \param words       number of words
@@ -79,7 +79,7 @@ class ZEL_API LibFile_p : public LibFile {
   /// \return true when the number was found
   virtual bool FindCasNumbers(casn const& number, std::int32_t const*& data) = 0;
   /// Returns the bank directory. No installed header defines the class of the library's own trees:
-  /// a driver can compare such a tree with null, and nothing else.
+  /// a driver can only compare such a tree with null.
   /// \return owned by the library; null while it is closed
   virtual BTree_i* GetBankTree() = 0;
   /// Returns the tree of character IDs.
@@ -97,10 +97,10 @@ class ZEL_API LibFile_p : public LibFile {
   /// Reserved; does nothing.
   /// \param first,second  may be null
   virtual void ReservedLib3(void* first, void* second) = 0;
-  /// Returns copies of the header, block table and tree heads, which all libraries share and which
-  /// are valid until the next call of the same thread, or its end. Passing the same pointer
-  /// three times returns the live header image instead. A reader's copy shows neither password nor
-  /// level.
+  /// Returns copies of the header, block table and tree heads. They are in buffers that all
+  /// libraries share, and valid until the next call in the same thread, or the end of the thread.
+  /// Passing the same pointer three times returns the live header image instead. A reader's copy
+  /// shows neither password nor level.
   /// \param header      receives 125 words; may be null
   /// \param blockTable  receives 125 words; may be null
   /// \param treeHeads   receives 24 words; may be null

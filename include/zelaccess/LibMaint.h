@@ -29,9 +29,10 @@ class LibFile;
 /// tree and one current walk: beginning something new ends what was current. There are no
 /// transactions; a failing step leaves what earlier steps wrote.
 ///
-/// **Several objects may work on one library in turn.** An item that one has read is found again
-/// before it is rewritten when another has written to the library since, and is not rewritten when
-/// it is gone. A walk shows what was there when it began: no other object writes while it runs.
+/// **Several objects may work on one library in turn.** If another object has written to the
+/// library since an item was read, the item is searched for again before it is rewritten, and is
+/// not rewritten if it is gone. A walk shows what was there when it began: no other object writes
+/// while it runs.
 ///
 /// **Use a new key for each item**: a key that is used again keeps the words that are not set anew,
 /// and so can read, overwrite or delete a previous item (Key.h).
@@ -89,8 +90,8 @@ class ZEL_API LibMaint {
   /// \return the component number; 0 when neither the library nor the name index knows it
   virtual std::int32_t FindNumberById(char const* id) = 0;
   /// Finds the first character ID of a component number in the pure component banks of the library
-  /// and then in the banks ORDWIN and PLANTIX of the name index. Reads components: for many
-  /// numbers, keep what you get.
+  /// and then in the banks ORDWIN and PLANTIX of the name index. Reads components, so a host that
+  /// needs many IDs should keep the results.
   /// \param number         component number
   /// \param id             buffer of 9 characters, empty when no bank holds the component; may be
   ///                       null
@@ -111,12 +112,11 @@ class ZEL_API LibMaint {
   /// \param cas     receives the CAS number, empty when no bank holds the component
   virtual void GetCasOfNumber(std::int32_t number, casn& cas) = 0;
   /// Compares a component's identifiers, and those of a key, with this library and the name index.
-  /// Every write of a component makes this check and is refused by it. A CAS number that another
-  /// component has is a warning in the log.
+  /// Every write of a component makes this check, and fails if the check does. A CAS number that
+  /// another component has is a warning in the log.
   /// \param component  the component; null is a failure
   /// \param key        the key under which it is to be written; null checks the component alone
-  /// \param text       buffer of 300 characters for the reasons, empty when there are none; may be
-  ///                   null
+  /// \param text       buffer of 300 characters for the reasons, empty on success; may be null
   /// \return false when the key does not fit the component or a library ID means another component
   ///         already
   virtual bool CheckComponent(IZelPureComp* component, Key* key, char* text) = 0;
@@ -142,7 +142,7 @@ class ZEL_API LibMaint {
   /// here, and deletes the bank of that name.
   /// \param type  type keyword; null is the empty text
   /// \param name  bank name; null is the empty text
-  /// \return true, also when the bank was not there; false when the library is not open
+  /// \return true, also when the bank did not exist; false when the library is not open
   virtual bool DeleteBank(char const* type, char const* name) = 0;
   /// Copies the memo of a bank.
   /// \param type  type keyword; null is the empty text
@@ -190,8 +190,8 @@ class ZEL_API LibMaint {
   ///         is gone, or CheckComponent refuses the component
   virtual bool RewriteItem(IZelBankDef* bank) = 0;
   /// Overwrites an item or inserts a new one. A component is written where the key leads: a key by
-  /// CAS number that the library knows as that of another component overwrites that one, and all
-  /// that says so is a warning in the log. With a key by number that cannot happen.
+  /// CAS number that the library knows as that of another component overwrites that component, and
+  /// the only sign of this is a warning in the log. With a key by number that cannot happen.
   /// \param bank  an object of the bank's type with the fields to write; null is a failure
   /// \param name  bank name; null is the empty text
   /// \param key   key of the item; null is a failure
@@ -265,12 +265,12 @@ class ZEL_API LibMaint {
   virtual void EndItemWalk() = 0;
 
   ///@}
-  /// \name XML documents read
-  /// docs/interchange.md has the form. An import returns true when no error was reported. What was
-  /// read before an error stays in the library. By default the first error ends an import; with a
-  /// log level (LibMaint_p) errors are lines on standard output and the import goes on.
+  /// \name Reading XML documents
+  /// docs/interchange.md describes the format. An import returns true when no error was reported.
+  /// What was read before an error stays in the library. By default the first error ends an import;
+  /// with a log level (LibMaint_p) errors are lines on standard output and the import goes on.
   ///
-  /// A relative path is taken from the folder of the document that the process read last, so give
+  /// A relative path is relative to the folder of the document that the process read last, so give
   /// full paths. Threads can import into different libraries at the same time; each starts from the
   /// folder of the document that was read last. Components need InitZelAccess first.
   ///@{
@@ -294,14 +294,14 @@ class ZEL_API LibMaint {
   virtual char const* GetLastErrorText() const = 0;
 
   ///@}
-  /// \name XML documents written
+  /// \name Writing XML documents
   /// Folder, file name and extension are those of `path` where it has them; otherwise the files are
-  /// next to the library under names made from library, bank and component, with ".xml". Forms
-  /// without a switch use that of LibMaint_p.
+  /// next to the library under names made from library, bank and component, with ".xml". Overloads
+  /// without a switch use the setting of LibMaint_p.
   ///
-  /// Files that are there are emptied and rewritten, also through a symbolic link in their place: a
-  /// host that writes to a folder of others checks it first, or exports to a fresh folder and
-  /// moves.
+  /// Existing files are emptied and rewritten, also through a symbolic link in their place: a host
+  /// that writes to a folder that others can write to should check it first, or export to a new
+  /// folder and then move the files.
   ///@{
 
   /// Exports the whole library: one document for it and one for each bank.

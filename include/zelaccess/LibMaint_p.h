@@ -10,7 +10,7 @@
 
 namespace zel {
 
-/// The wider layer of maintenance: every LibMaint is one of these, and dynamic_cast leads here.
+/// The wider layer of maintenance: every LibMaint is one of these, which dynamic_cast returns.
 /// Threads as in LibMaint; the settings are those of one object.
 class ZEL_API LibMaint_p : public LibMaint {
  public:
@@ -25,20 +25,20 @@ class ZEL_API LibMaint_p : public LibMaint {
   LibMaint_p& operator=(LibMaint_p const&) { return *this; }
 
   /// Sets how errors of imports and exports are reported.
-  /// \param level  0, as at first, is silent: the first error stops a run; 1 and 2 write log lines
+  /// \param level  0, the default, is silent: the first error stops a run; 1 and 2 write log lines
   ///               to standard output and go on, 2 with bank types aligned
   virtual void SetLogLevel(std::int32_t level) = 0;
   /// Sets whether exports write the record format of a bank.
-  /// \param on  on at first
+  /// \param on  true by default
   virtual void SetWriteFormat(bool on) = 0;
   /// Sets whether exports add a block for a maintenance log.
-  /// \param on  off at first
+  /// \param on  false by default
   virtual void SetWriteBanner(bool on) = 0;
   /// Sets whether exports add a notice of the owners of the data.
-  /// \param on  off at first
+  /// \param on  false by default
   virtual void SetWriteNotice(bool on) = 0;
   /// Sets whether exports of pure component banks write each component to a file of its own.
-  /// \param on  on at first
+  /// \param on  true by default
   virtual void SetComponentFiles(bool on) = 0;
   /// Writes a report of the structure of a bank's item tree to the host's stream. The report says
   /// "passed" in any case.
@@ -51,21 +51,21 @@ class ZEL_API LibMaint_p : public LibMaint {
   ///         is not there
   virtual bool DumpBankTree(char const* type, char const* name, std::int32_t indent,
                             std::FILE* stream, std::int32_t expected) = 0;
-  /// Sets how closely imports look at their documents.
+  /// Sets how strictly imports check their documents.
   ///
   /// Errors and warnings name the line of the document, e.g. `line 12: <aij> "61x37" is not a
-  /// number`. If a malformed number is an error, the item that contains it is not stored, or the
-  /// property, correlation or structure of a component. A document that is not well formed is
+  /// number`. If a malformed number is an error, the item that contains it is not stored, or, in a
+  /// component, the property, correlation or structure. A document that is not well formed is
   /// reported with its line and why.
-  /// \param checks  importUnchecked at first
+  /// \param checks  importUnchecked by default
   virtual void SetImportChecks(zelImportChecks checks) = 0;
   /// Reports what the last import found and stored.
   /// \param counts  receives the counts; all 0 before the first import
   virtual void GetImportCounts(ZelImportCounts& counts) = 0;
   /// Sets a sink for the lines of the log that levels 1 and 2 otherwise write to standard output.
-  /// Whether a run goes on after an error depends on the level. What the sink throws ends the run
-  /// and reaches the caller.
-  /// \param sink  not owned, must outlive the runs; null, as at first, for standard output
+  /// Whether a run goes on after an error depends on the level. An exception that the sink throws
+  /// ends the run and reaches the caller.
+  /// \param sink  not owned, must outlive the runs; null, the default, for standard output
   virtual void SetLogSink(ZelLogSink* sink) = 0;
   /// Gives a component of a pure component bank another number: its record moves to the new key,
   /// and all character IDs and CAS numbers of the library that lead to the old number lead to the

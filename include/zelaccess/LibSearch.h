@@ -31,24 +31,24 @@ class LibFile;
 /// lacks the key. A bank that is not there, or whose key or record length is not that of the bank
 /// given, is skipped silently.
 ///
-/// **Errors.** All failures are quiet: false, and the bank is cleared. Block errors of LibFile pass
-/// through as exceptions; the bank then holds what was read before. Lack of memory throws
-/// std::bad_alloc.
+/// **Errors.** Failures are silent: false is returned, and the bank is cleared. Block errors of
+/// LibFile pass through as exceptions; the bank then holds what was read before. Lack of memory
+/// throws std::bad_alloc.
 ///
 /// **Ownership.** Libraries are not owned: a host that closes one calls a Set operation first.
 ///
 /// **Changes.** A located bank is searched through the tree that it had when it was located.
 /// LibSearch does not notice that another object, a LibMaint on the same library for example, has
 /// written to the bank, deleted from it or deleted it: items can then be missed, old values found,
-/// or blocks read that hold something else by now. After each such change, and before the next
-/// search, call a Set operation; it locates the banks again.
+/// or blocks read that now hold something else. After each such change, and before the next search,
+/// call a Set operation; it locates the banks again.
 ///
 /// **Threads.** One object belongs to one thread, together with its libraries, except those that
 /// are open for reading: any number of threads may use them, each with a LibSearch of its own
 /// (LibFile.h).
 class ZEL_API LibSearch {
  public:
-  /// Makes a search that has nowhere to look. Throws std::bad_alloc.
+  /// Makes a search without libraries. Throws std::bad_alloc.
   /// \return the search, which the caller ends with DelLibSearch; never null
   static LibSearch* NewLibSearch();
   /// Ends the search and nulls the handle. Libraries stay open.
@@ -82,13 +82,13 @@ class ZEL_API LibSearch {
   /// \param names      a null array is one of empty names
   virtual void SetLibraryBanks(long count, LibFile* const* libraries, char const (*names)[9]) = 0;
   /// Clears the bank and fills it from the first located bank that has the key, swapped for a pair
-  /// that is requested in reverse order. What was found is completed (IZelBankIO::Complete). By
-  /// pairs, IZelBankDef::GetSource then returns "Multiple" when several banks had data, and
-  /// IZelBankDef::GetSourceFlags which.
+  /// that is requested in reverse order. What was found is completed (IZelBankIO::Complete). In a
+  /// search by pairs, IZelBankDef::GetSource then returns "Multiple" when several banks had data,
+  /// and IZelBankDef::GetSourceFlags reports which ones.
   /// \param key       key of the item; null finds nothing
   /// \param bank      an object of the type to search for; null finds nothing
-  /// \param allBanks  whether a pure component is merged from all banks, the first one winning each
-  ///                  datum; other types ignore the flag
+  /// \param allBanks  whether a pure component is merged from all banks, where for each datum the
+  ///                  first bank that has it wins; other types ignore the flag
   /// \return false when nothing was found
   virtual bool Search(Key* key, IZelBankDef* bank, bool allBanks) = 0;
 

@@ -7,7 +7,7 @@
 
 namespace zel {
 
-/// The wider layer of a search: every LibSearch is one of these, and dynamic_cast leads here.
+/// The wider layer of a search: every LibSearch is one of these, which dynamic_cast returns.
 /// Threads as in LibSearch.
 class ZEL_API LibSearch_p : public LibSearch {
  public:

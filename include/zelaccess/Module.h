@@ -7,16 +7,16 @@
 
 namespace zel {
 
-/// Starts what needs starting: the unit factors and the unit system. A host calls it once before
-/// anything that reads or converts units; nothing in the library calls it.
+/// Starts the library: the unit factors and the unit system. A host calls it once before anything
+/// that reads or converts units; nothing in the library calls it.
 ///
 /// Further calls do nothing, and threads that call it at the same time all return when it is done.
 /// It has no result: when the unit table cannot be found or loaded, it writes one line to standard
-/// output and ends the process with exit status 1. While it runs it has a file in the folder for
-/// temporary files ($TMPDIR, else /tmp), without a name where the system has such files.
+/// output and ends the process with exit status 1. While it runs, it has a file in the folder for
+/// temporary files ($TMPDIR, else /tmp); the file has no name where the system supports that.
 ZEL_API void InitZelAccess();
 
-/// Characters of a buffer for the reason of TryInitZelAccess, with its null.
+/// Size of a buffer for the reason of TryInitZelAccess, in characters, terminator included.
 inline constexpr int kInitReasonSize = 100;
 
 /// Starts what InitZelAccess starts, and reports a failure instead of ending the process: for

@@ -6,13 +6,13 @@
 /// next flush is complete, the library is between two states. There are two ways out, each for the
 /// host to choose; docs/durability.md says what each of them promises:
 ///
-/// - **Marked writes**: an empty file next to the library is there while it is being changed. A
+/// - **Marked writes**: while the library is being changed, there is an empty file next to it. A
 ///   library that has the mark while it is not in use was not closed cleanly; the next opener can
 ///   have it verified first.
 /// - **Held-back writes**: changes stay in memory until a flush, which puts them into a journal
-///   next to the library and then into the files. Whatever happens, the library is that of the last
-///   flush, or that of the flush during which it happened. Every open of the library completes a
-///   flush that was cut off, also LibFile::OpenLibFile and LibFile::StatusLibFile.
+///   next to the library and then into the files. Whatever happens, the library is in the state of
+///   the last flush, or of the flush during which it happened. Every open of the library completes
+///   a flush that was cut off, also LibFile::OpenLibFile and LibFile::StatusLibFile.
 ///
 ///     zel::ZelOpenOptions options;
 ///     options.mode = zel::accUpdate;
@@ -56,16 +56,16 @@ struct ZelOpenOptions {
   char const* password = nullptr;      ///< Of a protected library; null is the empty password.
   zelWriteModes writes = writesPlain;  ///< How changes get into the files.
   zelUncleanModes unclean = uncleanIgnored;  ///< What is done about a library not closed cleanly.
-  /// How long to wait for a library that another opener holds, at least; 0 or less does not wait.
+  /// The least time to wait for a library that another opener holds; 0 or less does not wait.
   std::int32_t waitMilliseconds = 0;
 };
 
 /// Opens a library as the options say.
 ///
 /// With held-back writes, a write makes the journal, and fails like any other write if that is
-/// impossible, for example where the folder may not be written to. The memory that is taken grows
-/// with what is changed between two flushes. A library that is ended without a flush keeps nothing
-/// of it. With marked writes, a write that cannot set the mark fails.
+/// impossible, for example because the folder is not writable. Memory use grows with the amount
+/// that is changed between two flushes. If the library is ended without a flush, none of this is
+/// kept. With marked writes, a write that cannot set the mark fails.
 /// \param path     the first file, ending in ".lb1"; null is openNotFound
 /// \param options  how; modes that are not known count as the defaults
 /// \param error    receives openOk or the reason of the failure; openFailed when the open throws,
@@ -82,7 +82,7 @@ ZEL_API LibFile* OpenLibrary(char const* path, ZelOpenOptions const& options, op
 ZEL_API LibFile* NewLibrary(libTypes type, char const* path, ZelOpenOptions const& options,
                             openErrors& error);
 
-/// How a library was closed by those who used it before.
+/// How a library was closed by the programs that used it before.
 struct ZelLastClose {
   bool isMarked = false;           ///< It has the mark: it was not closed cleanly.
   bool isCompleted = false;        ///< A flush had been cut off; it was completed by this open.

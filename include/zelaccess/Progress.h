@@ -23,9 +23,9 @@ class ZEL_API ZelProgress {
   ~ZelProgress() = default;
 };
 
-/// Sets what follows long work on a library: imports and exports of every LibMaint on it,
-/// VerifyLibrary, CheckLibraryData, CompareLibraryData (the first library of the call that has a
-/// progress) and lists built from it (CompListBuild::BuildList).
+/// Sets the object that follows long work on a library: imports and exports of every LibMaint on
+/// it, VerifyLibrary, CheckLibraryData, CompareLibraryData (the first library of the call that has
+/// a progress) and lists built from it (CompListBuild::BuildList).
 ///
 ///     struct Line final : zel::ZelProgress {
 ///       bool OnProgress(double share) noexcept override {
@@ -51,7 +51,7 @@ class ZEL_API ZelProgress {
 ///
 /// An import that fails otherwise leaves what it had stored, as it does without a progress.
 /// \param library   an open library; null does nothing
-/// \param progress  not owned, must outlive the work; null, as at first, for none
+/// \param progress  not owned, must outlive the work; null, the default, for none
 ZEL_API void SetProgress(LibFile* library, ZelProgress* progress);
 
 }  // namespace zel

@@ -117,8 +117,8 @@ enum zelStructureModels : std::uint32_t {
 /// correlations, a SMILES text and phase flags, with a reference code and a source for each datum.
 ///
 /// The bank accumulates: reading an item fills only what is still empty, so reading one component
-/// from several libraries in turn merges them, the first library winning each datum. Clear starts
-/// over.
+/// from several libraries in turn merges them; for each datum the first library that has it wins.
+/// Clear starts over.
 ///
 /// All operations return kStatusOk or kStatusFailed unless an operation says otherwise. An index
 /// out of range is a failure and changes nothing. Indices are those of zelProperties and
@@ -231,9 +231,8 @@ class ZEL_API IZelPureComp : public IUnknown {
   /// \return kStatusOk or kStatusFailed
   virtual ZelStatus GetProperty(std::uint32_t index, double* value) = 0;
   /// Copies the constants after Complete: with what was missing and could be derived, and those
-  /// from 50 on. The parachor and the copies of the boiling point are computed from whatever is
-  /// there, also from undefined constants; GetConstantState in Verify.h says which values rest on
-  /// data.
+  /// from 50 on. The parachor and the copies of the boiling point are computed in any case, also
+  /// from undefined constants; GetConstantState in Verify.h says which values are based on data.
   /// \param values  receives 100 values in internal units; null is a failure
   /// \return kStatusOk or kStatusFailed
   virtual ZelStatus GetAllCompleted(double* values) = 0;
@@ -296,7 +295,7 @@ class ZEL_API IZelPureComp : public IUnknown {
                                    std::int32_t* logBasis, std::int32_t* moleWtBasis,
                                    std::int32_t* coefficientCount, double* tMin, double* tMax,
                                    double* coefficients) = 0;
-  /// Sets the record of a correlation, without judging it.
+  /// Sets the record of a correlation without checking it.
   /// \param index             one of zelCorrelations, up to 17
   /// \param equation          number of the equation (docs/equations.md)
   /// \param tempUnit          unit of temperatures: 10 K, 11 C, 12 R, 13 F
@@ -318,8 +317,8 @@ class ZEL_API IZelPureComp : public IUnknown {
   /// \return kStatusOk or kStatusFailed
   virtual ZelStatus ResetCorrelation(std::uint32_t index) = 0;
   /// Copies the reference code of a correlation.
-  /// \param index  one of zelCorrelations, up to 16: the last correlation has a code on file and
-  ///               none through here
+  /// \param index  one of zelCorrelations, up to 16: the code of the last correlation is on file
+  ///               but cannot be read here
   /// \param code   receives the code, up to 32000; 0 for an index out of range; null is a failure
   /// \return kStatusOk or kStatusFailed
   virtual ZelStatus GetCorrelationRefCode(std::uint32_t index, std::uint32_t* code) = 0;
@@ -334,11 +333,11 @@ class ZEL_API IZelPureComp : public IUnknown {
   /// \param temperature  in the record's unit of temperatures
   /// \param order        1, 2, 3 for that derivative with respect to the temperature, 11 for the
   ///                     sensitivities to the coefficients
-  /// \param value        in and out: receives the value in the unit of zelCorrelations; a form
-  ///                     without a value there leaves it; may be null
+  /// \param value        in and out: receives the value in the unit of zelCorrelations; unchanged
+  ///                     if the form has no value there; may be null
   /// \param derivative   in and out: receives the derivative, per the record's unit of temperatures
-  ///                     to the power of the order; a form without a value there leaves it; may be
-  ///                     null
+  ///                     to the power of the order; unchanged if the form has no value there; may
+  ///                     be null
   /// \param weights      array of 15 for the sensitivities of order 11; else null; may be null
   /// \param status       receives 0 inside the range, 1 above, -1 below; may be null
   /// \return kStatusOk inside the range; kStatusNothingNew (1) when extrapolated; kStatusFailed for

@@ -33,7 +33,7 @@ enum zelSalvageKinds : std::int32_t {
 enum zelSalvageStates : std::int32_t {
   salvageTaken = 0,    ///< It is in the rescued library as it was.
   salvageAltered = 1,  ///< It is there, but a part of it is missing, or was changed.
-  salvageKeyless = 2,  ///< It was found, but its key cannot be true; it is not in the library.
+  salvageKeyless = 2,  ///< It was found, but its key cannot be right; it is not in the library.
   salvageLost = 3      ///< It is not in the rescued library.
 };
 
@@ -44,7 +44,7 @@ enum zelSalvageWays : std::int32_t {
   salvageOutdated = 2  ///< In a block that is free, or that a deleted item left: it may be old.
 };
 
-/// A record of a salvage. Texts are never null and valid during the call alone.
+/// A record of a salvage. Texts are never null and valid only during the call.
 struct ZelSalvageRecord {
   zelSalvageKinds kind;          ///< What it is about.
   zelSalvageStates state;        ///< What became of it.
@@ -68,13 +68,13 @@ class ZEL_API ZelSalvageSink {
 };
 
 /// What a salvage found. `lost` and `keyless` count items that are known to have existed; a gap can
-/// stand for any number of them.
+/// mean any number of them.
 struct ZelSalvageCounts {
   std::int64_t banks = 0;    ///< Banks in the rescued library.
   std::int64_t items = 0;    ///< Items in the rescued library.
   std::int64_t scanned = 0;  ///< Those of them that no tree reached.
   std::int64_t altered = 0;  ///< Those of them of which a part is missing, or was changed.
-  std::int64_t keyless = 0;  ///< Items that were found without a key that can be true.
+  std::int64_t keyless = 0;  ///< Items that were found, but not with a key that can be right.
   std::int64_t lost = 0;     ///< Items with a known key that could not be read.
   std::int64_t gaps = 0;     ///< Parts of trees that are lost.
 };
@@ -83,19 +83,19 @@ struct ZelSalvageCounts {
 /// \param path  the first file, which may be missing when another file is there; null is the empty
 ///              text
 /// \param type  receives the type of the header if the addresses in the files are of that type,
-///              otherwise the type of most addresses; libKind11 if nothing says
+///              otherwise the type of most addresses; libKind11 if neither is known
 /// \return openOk; openNotLibrary for a path that does not end in ".lb1"; openNotFound when no file
 ///         of the library exists; openDenied when one is in use
 ZEL_API openErrors FindLibraryType(char const* path, libTypes& type);
 
 /// Takes every item that can be read out of a library.
 ///
-/// First the trees are walked as far as their links lead. Then all blocks are looked through for
-/// nodes and components that no tree reaches: those that fit a gap of a tree are put there, and
-/// where the bank directory is damaged, whole banks are found by their trees. What fits no gap is
-/// left: a deleted item does not come back. The identifiers are made anew from the components that
-/// were taken. What cannot be decided is named in the records. The order of the records is that of
-/// the banks, and within a bank that of the keys.
+/// First the trees are walked as far as their links lead. Then all blocks are searched for nodes
+/// and components that no tree reaches: those that fit a gap of a tree are put there, and where the
+/// bank directory is damaged, whole banks are found by their trees. What does not fit a gap is left
+/// out, so that a deleted item does not come back. The identifiers are made anew from the
+/// components that were taken. Doubtful cases are named in the records. The order of the records is
+/// that of the banks, and within a bank that of the keys.
 ///
 /// The result satisfies VerifyLibrary as far as the items themselves do. Throws the block error of
 /// a write to the rescued library that fails, std::bad_alloc, and what the sink throws.

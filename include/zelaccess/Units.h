@@ -16,8 +16,8 @@
 /// unit per mass is not a unit per mole: "kJ/kg" is not a word of "MolarEnergy".
 ///
 /// InitZelAccess starts the unit system; before it no dimension and no word is known. The functions
-/// may be called by any thread at any time after that. A null argument that is not said to be
-/// allowed makes the function return false or 0 and change nothing. Texts have at most 95
+/// may be called by any thread at any time after that. Unless a null argument is said to be
+/// allowed, it makes the function return false or 0 and change nothing. Texts have at most 95
 /// characters; a buffer for one has kUnitTextSize characters.
 #ifndef ZELACCESS_UNITS_H
 #define ZELACCESS_UNITS_H
@@ -28,7 +28,7 @@
 
 namespace zel {
 
-/// Characters of a buffer for the text of a unit or the name of a dimension, with its null.
+/// Size of a buffer for the text of a unit or the name of a dimension, terminator included.
 inline constexpr int kUnitTextSize = 96;
 
 /// Converts values in place.
@@ -44,8 +44,8 @@ ZEL_API bool ConvertUnits(char const* dimension, char const* from, char const* t
 /// Finds the unit that a word means.
 /// \param dimension  name of the dimension
 /// \param word       a unit word
-/// \param text       receives the text of the unit, "mm Hg" for example; unchanged if there is
-///                   none; may be null
+/// \param text       receives the text of the unit, "mm Hg" for example; unchanged on failure; may
+///                   be null
 /// \return true when the dimension has such a unit
 ZEL_API bool FindUnit(char const* dimension, char const* word, char* text);
 

@@ -61,17 +61,17 @@ ZEL_API void GetKeyText(std::int32_t const* words, std::int32_t count, char* tex
 ///         that have no standard weight
 ZEL_API double GetFormulaWeight(char const* formula);
 
-/// What a constant of a component rests on after IZelBankIO::Complete.
+/// What a constant of a component is based on after IZelBankIO::Complete.
 enum zelConstantStates : std::int32_t {
   constantMissing = 0,   ///< No value, or one that is not finite.
   constantStored = 1,    ///< Read or set.
   constantFilledIn = 2,  ///< Derived from data that are there.
-  constantUnfounded = 3  ///< Computed from something that is not there; the number means nothing.
+  constantUnfounded = 3  ///< Computed from missing data; the number is meaningless.
 };
 
-/// Returns what a constant of a component rests on.
+/// Returns what a constant of a component is based on.
 ///
-/// Complete computes some constants from whatever is there: the parachor from an undefined critical
+/// Complete computes some constants even from missing data: the parachor from an undefined critical
 /// volume, the carbon number from an empty formula, the acentric factor from a vapor pressure whose
 /// record is not in K. Each method's inputs are followed down to what is stored.
 /// \param component  the component; null is constantMissing
@@ -90,8 +90,8 @@ ZEL_API zelConstantStates GetConstantState(IZelPureComp* component, std::uint32_
 /// \return true when there is a fault
 ZEL_API bool GetCorrelationFault(std::int32_t equation, std::int32_t coefficientCount, char* text);
 
-/// Converts a temperature from one unit of records to another. A limit of a record stays a limit:
-/// the result is rounded to 9 decimals.
+/// Converts a temperature from one unit of records to another. The result is rounded to 9 decimals,
+/// so that a limit of a record stays a limit.
 /// \param value    the temperature, in the unit `from`
 /// \param from,to  10 K, 11 C, 12 R, 13 F; any other counts as K
 /// \return the temperature in the unit `to`; `value` unchanged when the units are equal
@@ -103,10 +103,10 @@ ZEL_API double ConvertTemperature(double value, std::int32_t from, std::int32_t 
 /// \param index        one of zelCorrelations, up to 17
 /// \param temperature  in the record's unit of temperatures
 /// \param order        1, 2 or 3 for that derivative with respect to the temperature
-/// \param value        receives the value in the unit of zelCorrelations; undefined if there is
-///                     none
+/// \param value        receives the value in the unit of zelCorrelations; undefined if it has no
+///                     value
 /// \param derivative   receives the derivative, per the record's unit of temperatures to the power
-///                     of the order; undefined if there is none
+///                     of the order; undefined if it has no value
 /// \param status       receives 0 inside the range, 1 above, -1 below
 /// \return true when there is a finite value; outside the range only if there is one at the end of
 ///         the range, from which it is extrapolated
@@ -138,14 +138,14 @@ ZEL_API bool GetFileRoom(LibFile* library, std::int32_t file, ZelFileRoom& room)
 enum zelFindings : std::int32_t {
   findingNote = 0,     ///< Worth knowing; nothing is wrong.
   findingWarning = 1,  ///< Data that cannot all be right, or room that is lost.
-  findingDamage = 2,   ///< The library is not what a writer leaves.
+  findingDamage = 2,   ///< The library is in a state that no writer leaves.
   findingError = 3     ///< Data that cannot be used safely; only DataCheck.h reports it.
 };
 
 /// What a host implements to receive findings. It is called in the thread that made the call.
 class ZEL_API ZelFindingSink {
  public:
-  /// Receives a finding. Texts are never null and valid during the call alone.
+  /// Receives a finding. Texts are never null and valid only during the call.
   /// \param severity  how bad it is
   /// \param id        names the kind of finding and is stable, e.g. "tree-order"
   /// \param place     a file, a tree, a bank or an item
@@ -162,10 +162,10 @@ class ZEL_API ZelFindingSink {
 /// on it, and the exports, text dumps and lists that are made from such walks. The sink receives
 /// each item (findingDamage, "item", its bank and key, the block), each ID that an export cannot
 /// find out, and each text dump that cannot be written completely (findingDamage, "file", its
-/// path). Without a sink the block error ends the walk. A tree that cannot be read ends it either
-/// way.
+/// path). Without a sink the block error ends the walk. A tree that cannot be read ends it in both
+/// cases.
 /// \param library  an open library; null does nothing
-/// \param sink     stays the host's, and may throw to end the walk; null, as at first, for no sink
+/// \param sink     stays the host's, and may throw to end the walk; null, the default, for no sink
 ZEL_API void SetItemFindings(LibFile* library, ZelFindingSink* sink);
 
 /// Compares everything on file with everything else, without changing a byte: the header; the free

@@ -18,8 +18,8 @@
 ///     zel_component_free(&ethanol);
 ///     zel_search_close(&search);
 ///
-/// **Statuses.** Every function returns a status. When it is not ZEL_OK, zel_reason has the reason
-/// as a text, for each thread its own, until the next failure in the thread.
+/// **Statuses.** Every function returns a status. When it is not ZEL_OK, zel_reason returns the
+/// reason as a text. Each thread has its own, until its next failure.
 ///
 /// **Texts** are null-terminated and in UTF-8. A function that copies a text takes a buffer and its
 /// size in bytes, and reports the length of the whole text without its terminator. A buffer that is

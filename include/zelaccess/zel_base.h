@@ -83,8 +83,8 @@ enum zel_cells {
 /// \name The library as a whole
 ///@{
 
-/// Starts the library: loads its units. Every function that needs this does it too; a host calls it
-/// to know early that it works.
+/// Starts the library: loads its units. Functions that need the units load them themselves; a host
+/// calls this to know early whether it works.
 /// \return ZEL_OK; ZEL_FAILED if the units cannot be loaded
 ZEL_C_API zel_status zel_start(void);
 /// Copies the version of the library, "0.2.0" for example.
@@ -115,7 +115,7 @@ ZEL_C_API zel_status zel_status_name(zel_status status, char* text, size_t size,
 /// Converts values in place. NaN stays NaN.
 /// \param dimension  name of the dimension, "Pres" for example
 /// \param from       unit of the values
-/// \param to         unit that they get
+/// \param to         unit to convert them to
 /// \param values     the values; may be null if `count` is 0
 /// \param count      number of values
 /// \return ZEL_OK; ZEL_UNKNOWN_WORD, with unchanged values, for a dimension or a unit that does not

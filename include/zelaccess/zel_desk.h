@@ -43,7 +43,7 @@ typedef struct zel_change_options {
   char const* units;     ///< Units of numbers without one, and of tables that are returned.
   char const* command;   ///< What the history says about the change.
   double wait_seconds;   ///< How long to wait for a library that another program uses.
-  int32_t dry_run;       ///< 1: everything is done but for putting the change in place.
+  int32_t dry_run;       ///< 1: everything is done except putting the change in place.
 } zel_change_options;
 
 /// \name Tables made from libraries
@@ -81,18 +81,18 @@ ZEL_C_API zel_status zel_data(char const* const* libraries, size_t count,
                               char const* const* components, size_t component_count,
                               char const* const* fields, size_t field_count, int32_t with_sources,
                               zel_report_options const* options, zel_table** table);
-/// Returns the pairs of a model, the first library that has a pair winning.
+/// Returns the pairs of a model; for each pair the first library that has it wins.
 /// \param libraries        libraries, without banks
 /// \param count            number of libraries
 /// \param type             a bank type, "NRTL" for example
 /// \param fields           fields to show, "bij" for example
 /// \param field_count      number of fields
-/// \param components       one for all of its pairs, more for the pairs of two of them
+/// \param components       with one, all of its pairs; with more, the pairs of two of them
 /// \param component_count  number of components; 0 for all pairs
 /// \param options          how libraries are read; null for the defaults
 /// \param table            receives a row for each pair; the caller ends it with zel_table_free; null
 ///                         on failure
-/// \return ZEL_OK; ZEL_FAILED for a type that is not of pairs
+/// \return ZEL_OK; ZEL_FAILED for a type whose items are not pairs
 ZEL_C_API zel_status zel_pairs(char const* const* libraries, size_t count, char const* type,
                                char const* const* fields, size_t field_count,
                                char const* const* components, size_t component_count,
@@ -106,7 +106,7 @@ ZEL_C_API zel_status zel_pairs(char const* const* libraries, size_t count, char 
 /// \param options          how libraries are read; null for the defaults
 /// \param table            receives a row for each pair: one, other, from (empty if missing); the
 ///                         caller ends it with zel_table_free; null on failure
-/// \return ZEL_OK; ZEL_MISSING_COMPONENT; ZEL_FAILED for a type that is not of pairs
+/// \return ZEL_OK; ZEL_MISSING_COMPONENT; ZEL_FAILED for a type whose items are not pairs
 ZEL_C_API zel_status zel_coverage(char const* const* libraries, size_t count, char const* type,
                                   char const* const* components, size_t component_count,
                                   zel_report_options const* options, zel_table** table);
@@ -153,7 +153,7 @@ ZEL_C_API zel_status zel_change_create(char const* library, zel_change_options c
 /// \param table   receives a row for each datum that changed: datum, old, new, unit, old code, new
 ///                code; the caller ends it with zel_table_free; null on failure; may be null
 /// \return ZEL_OK; ZEL_UNKNOWN_WORD for a value that does not suit its datum; ZEL_FAILED for a datum
-///         or an item that does not exist, with near ones in the reason
+///         or an item that does not exist, with similar ones in the reason
 ZEL_C_API zel_status zel_change_edit(zel_change* change, char const* const* words, size_t count,
                                      zel_table** table);
 /// Imports a document of a library, a bank or a component.

@@ -35,7 +35,7 @@ enum zel_unclean {
   ZEL_UNCLEAN_VERIFIED = 2  ///< It is verified, and opened if that finds no damage.
 };
 
-/// How closely an import looks at a document; the numbers rise with the care.
+/// How strictly an import checks a document; a higher number is stricter.
 enum zel_checks {
   ZEL_IMPORT_UNCHECKED = 0,  ///< Malformed numbers, lost parts and altered texts pass silently.
   ZEL_IMPORT_TOLD = 1,       ///< All three are warnings.
@@ -93,7 +93,7 @@ typedef struct zel_document_facts {
   int64_t imports;     ///< Elements that import other documents.
 } zel_document_facts;
 
-/// A finding of a check. Texts are never null, valid during the call alone, and empty where they do
+/// A finding of a check. Texts are never null, valid only during the call, and empty where they do
 /// not apply; numbers that do not apply are NaN.
 typedef struct zel_finding {
   int32_t severity;    ///< One of zel_severities.
@@ -108,7 +108,7 @@ typedef struct zel_finding {
 
 /// What a host passes to receive findings. It is called in the thread of the check, must not use
 /// this interface, and must return: it must not throw, jump or end its thread.
-/// \param finding  valid during the call alone
+/// \param finding  valid only during the call
 /// \param user     what the host passed to the check
 /// \return 0 to go on, anything else to stop the check
 typedef int32_t (*zel_finding_function)(zel_finding const* finding, void* user);
@@ -304,9 +304,9 @@ ZEL_C_API zel_status zel_columns_add_texts(zel_columns* columns, char const* fie
 /// \param read     receives how many were read; fewer than `rows` only at the end, 0 after it and
 ///                 where something cannot be read
 /// \return ZEL_OK; ZEL_TOO_SMALL, with nothing read, if a column has no room for so many rows;
-///         ZEL_DAMAGED if something cannot be read: the rows of this call mean nothing, and the
-///         next one goes on after an item that cannot be read, but not after a part of the tree, so
-///         that a host should stop at the second one in a row
+///         ZEL_DAMAGED if something cannot be read: the rows of this call are not valid. The next
+///         call goes on after an item that cannot be read, but not after a part of the tree, so a
+///         host should stop at the second failure in a row
 ZEL_C_API zel_status zel_columns_read(zel_columns* columns, size_t rows, size_t* read);
 ///@}
 

@@ -19,7 +19,7 @@ typedef struct zel_evaluator zel_evaluator;
 /// An item of a bank, such as the interaction parameters of a pair.
 typedef struct zel_item zel_item;
 
-/// What a constant of a component rests on.
+/// What a constant of a component is based on.
 enum zel_states {
   ZEL_STORED = 1,    ///< Stored in a library.
   ZEL_FILLED_IN = 2  ///< Derived from data that are there.
@@ -34,13 +34,13 @@ enum zel_batches {
 /// How libraries are opened. Set `size`; zero in all other members is the default.
 typedef struct zel_search_options {
   size_t size;  ///< sizeof(zel_search_options).
-  /// A library for IDs and CAS numbers that the others do not know; one for the whole process, the
-  /// last that was given.
+  /// A library for IDs and CAS numbers that the others do not know; there is one for the whole
+  /// process, the last one that was set.
   char const* names;
   int32_t accept_identity;  ///< 1: merge sources that mean different substances.
   double wait_seconds;      ///< How long to wait for a library that another program uses.
-  /// Folders in which a library is looked up that is named without a folder and is not in the
-  /// current one: "perry" and "perry.lb1" are the first perry.lb1; null for none.
+  /// Folders in which to look for a library that is named without a folder and is not in the
+  /// current one: "perry" and "perry.lb1" mean the first perry.lb1 found; null for none.
   char const* const* path;
   size_t path_count;  ///< Number of folders.
 } zel_search_options;
@@ -75,7 +75,7 @@ typedef struct zel_evaluation {
   size_t size;                   ///< sizeof(zel_evaluation).
   char const* unit;              ///< Unit of the values; null or empty: the internal unit.
   char const* temperature_unit;  ///< Unit of the temperatures; null or empty: K.
-  int32_t order;                 ///< The derivative: 1, 2 or 3; 0 is 1.
+  int32_t order;                 ///< The derivative: 1, 2 or 3; 0 means 1.
 } zel_evaluation;
 
 /// \name Search lists
@@ -96,7 +96,7 @@ ZEL_C_API zel_status zel_search_open(char const* const* libraries, size_t count,
 /// \param table  receives the table, which the caller ends with zel_table_free; null on failure
 /// \return ZEL_OK; ZEL_FAILED if the file cannot be read or is not valid
 ZEL_C_API zel_status zel_search_path(zel_table** table);
-/// Closes the libraries and nulls the handle. Components and items stay.
+/// Closes the libraries and nulls the handle. Components and items remain valid.
 /// \param search  the handle
 /// \return ZEL_OK; ZEL_NULL_ARGUMENT for a null handle
 ZEL_C_API zel_status zel_search_close(zel_search** search);
@@ -110,8 +110,8 @@ ZEL_C_API zel_status zel_search_components(zel_search* search, zel_table** table
 /// \param word       ID, CAS number, number or name
 /// \param component  receives the component, which the caller ends with zel_component_free; null on
 ///                   failure
-/// \return ZEL_OK; ZEL_MISSING_COMPONENT, whose reason names near ones; ZEL_CONFLICTING_IDENTITY;
-///         ZEL_DAMAGED
+/// \return ZEL_OK; ZEL_MISSING_COMPONENT, whose reason names similar ones;
+///         ZEL_CONFLICTING_IDENTITY; ZEL_DAMAGED
 ZEL_C_API zel_status zel_search_component(zel_search* search, char const* word,
                                           zel_component** component);
 /// Reads the item of a pair from the first library that has it.

@@ -9,15 +9,15 @@
 namespace zel {
 namespace {
 
-// What two good sources differ by at most: the greater of the two tolerances.
+// How much two good sources differ at most: by the greater of the two tolerances.
 struct ConstantRow {
   zelProperties index;
   double relative;
   double absolute;  // in the constant's unit
 };
 
-// Mostly one in fifty pairs of published values differs by more than twice that, at most one in
-// ten.
+// For most constants one in fifty pairs of published values differs by more than twice that; for
+// none more than one in ten.
 constexpr ConstantRow kConstants[] = {
     {propertyMW, 5e-4, 0.0},          {propertyTC, 0.015, 0.0},
     {propertyPC, 0.06, 30.0},         {propertyVC, 0.05, 0.002},
@@ -87,7 +87,7 @@ double DeviationOf(ConstantRow const& row, double a, double b) {
   return row.absolute > 0.0 ? std::min(deviation, std::abs(a - b) / row.absolute) : deviation;
 }
 
-// A difference that is exactly that of a slip is hardly one of two measurements.
+// A difference that is exactly that of a slip is hardly a difference between two measurements.
 double WithSlip(double deviation, Datum datum, double a, double b, double molecularWeight) {
   constexpr double kTimes = 5.0;
   constexpr double kLeast = 0.3;  // tolerances
@@ -113,7 +113,7 @@ void CompareConstants(Record const& one, Record const& other, double molecularWe
   }
 }
 
-// What the curves are compared by: values, or mean slopes around the temperature.
+// The number by which curves are compared: the value, or the mean slope around the temperature.
 double ComparedAt(Record const& record, CurveRow const& row, double kelvin, double step) {
   if (!row.isEnthalpy) return record.At(row.index, kelvin);
   double const low = record.At(row.index, kelvin - step);
@@ -168,7 +168,7 @@ void CompareCurves(Record const& one, Record const& other, double criticalTemper
   }
 }
 
-// What a temperature becomes that is stored in another scale than it says.
+// How a temperature changes if it is stored in another scale than the stated one.
 struct ScaleSlip {
   double factor;
   double offset;  // K
@@ -183,8 +183,8 @@ bool IsSame(double a, double b) {
   return std::abs(a - b) <= std::min(kRangeRule.tolerance, kPart * std::abs(b));
 }
 
-// Of one limit where the other is equal: in C, or two digits. Round numbers are apart by the factor
-// of 1.8, or 1000 C and 1000 K, by chance.
+// Whether one limit shows a slip where the other limit is equal: degrees C, or two exchanged
+// digits. Round numbers can differ by a factor of 1.8, or as 1000 C and 1000 K do, by chance.
 bool IsSlip(double a, double b) {
   constexpr double kLeast = 0.01;
   constexpr double kRound = 50.0;  // K
@@ -194,7 +194,7 @@ bool IsSlip(double a, double b) {
   return !isRound && (IsSame(a, b - 273.15) || IsSame(a, b + 273.15));
 }
 
-// The range as it is stored; unbounded if the curve has not both limits.
+// The range as it is stored; unbounded unless the curve has both limits.
 KelvinRange StoredRange(Record const& record, std::uint32_t curve) {
   if (!record.HasCurve(curve)) return {};
   ZelCorrelation const& stored = record.Curve(curve);
@@ -202,7 +202,7 @@ KelvinRange StoredRange(Record const& record, std::uint32_t curve) {
 }
 
 void CompareRanges(Record const& one, Record const& other, std::vector<Tension>& tensions) {
-  constexpr double kDeviation = 10.0;  // two ranges are hardly so by chance
+  constexpr double kDeviation = 10.0;  // two ranges are hardly that far apart by chance
   for (CurveRow const& row : kCurves) {
     KelvinRange const a = StoredRange(one, row.index);
     KelvinRange const b = StoredRange(other, row.index);

@@ -85,7 +85,7 @@ Found PressureAtBoiling(Reading& r, JudgeRule const& rule) {
             boiling);
 }
 
-// Of its own curve: where it ends below TC there is nothing to compare.
+// Uses only the record's own curve: if that ends below TC, nothing is compared.
 Found PressureAtCritical(Reading& r, JudgeRule const& rule) {
   double const critical = r.Constant(propertyTC);
   double const pressure = r.OwnAt(correlationVaporPressure, critical);

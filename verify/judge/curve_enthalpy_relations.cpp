@@ -35,16 +35,16 @@ Found IsIntegral(Reading& r, JudgeRule const& rule) {
   return worst;
 }
 
-// How far its own enthalpy is from zero at a temperature, in K; beyond the range by the equation,
-// with the heat capacity at its end.
+// How far the record's own enthalpy is from zero at a temperature, in K; beyond the range, it is
+// computed by the equation, with the heat capacity at the end of the range.
 double DistanceFromZero(Reading& r, zelCorrelations enthalpy, double kelvin) {
   double const slope = r.OwnSlope(enthalpy, Near(r, enthalpy, kelvin));
   double const value = r.Own().Extended(enthalpy, kelvin);
   return IsDefined(value) ? value / slope : std::nan("");
 }
 
-// Of the temperatures at which people let enthalpies be zero the one at which its own enthalpy is
-// the nearest to zero. An equation is less true beyond its range.
+// Of the temperatures at which authors usually set enthalpies to zero, finds the one at which the
+// record's own enthalpy is nearest to zero. An equation is less accurate beyond its range.
 Found NearestZero(Reading& r, zelCorrelations enthalpy, double tolerance) {
   KelvinRange const range = r.Range(enthalpy);
   if (!r.Own().HasCurve(enthalpy) || !range.IsBounded()) return std::nullopt;
@@ -66,7 +66,7 @@ Found NearestZero(Reading& r, zelCorrelations enthalpy, double tolerance) {
   return nearest;
 }
 
-// The own enthalpy at a temperature near its range.
+// The record's own enthalpy at a temperature near its range.
 double Extrapolated(Reading& r, zelCorrelations enthalpy, double kelvin) {
   constexpr double kFar = 0.05;  // of the temperature
   double const at = Near(r, enthalpy, kelvin);
@@ -88,7 +88,7 @@ Found StepOfFusion(Reading& r, double tolerance) {
 constexpr double kStep = 0.1;    // tolerance
 constexpr double kKelvin = 1.0;  // of a zero
 
-// Where each of the two has a zero of its own, there is nothing to compare.
+// If each of the two has a zero of its own, nothing is compared.
 Found HeatOfStep(Reading& r, JudgeRule const& rule) {
   Found const solid = NearestZero(r, correlationSolidEnthalpy, kKelvin);
   Found const liquid = NearestZero(r, correlationLiquidEnthalpy, kKelvin);
@@ -97,8 +97,8 @@ Found HeatOfStep(Reading& r, JudgeRule const& rule) {
   return StepOfFusion(r, rule.tolerance);
 }
 
-// Enthalpies are zero at a temperature that people choose, are those of formation there, or go on
-// from the other phase.
+// Enthalpies are zero at a temperature that the author chooses, are enthalpies of formation there,
+// or continue those of the other phase.
 template <zelCorrelations kEnthalpy>
 Found IsZeroSomewhere(Reading& r, JudgeRule const& rule) {
   Found nearest = NearestZero(r, kEnthalpy, rule.tolerance);

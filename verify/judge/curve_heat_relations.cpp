@@ -9,7 +9,8 @@
 namespace zel {
 namespace {
 
-// Kirchhoff: the latent heat falls with the difference of the heat capacities of liquid and gas.
+// Kirchhoff's law: the slope of the latent heat is the difference of the heat capacities of gas and
+// liquid.
 Found Kirchhoff(Reading& r, JudgeRule const& rule) {
   double const critical = r.Constant(propertyTC, Stake::kMinor);
   double const low = Near(r, correlationLatentHeat, correlationLiquidCp, 0.45 * critical);
@@ -31,7 +32,7 @@ constexpr bool IsEnthalpy(zelCorrelations curve) {
          curve == correlationSolidEnthalpy;
 }
 
-// The own heat capacity or slope of the enthalpy.
+// The record's own heat capacity, or the slope of its enthalpy.
 template <zelCorrelations kCurve>
 double OwnCapacity(Reading& r, double kelvin) {
   return IsEnthalpy(kCurve) ? r.OwnSlope(kCurve, kelvin) : r.OwnAt(kCurve, kelvin);
@@ -44,14 +45,14 @@ Found InUnit(Found outcome, zelCorrelations curve) {
   return outcome;
 }
 
-// About a heat capacity, of an enthalpy too.
+// An outcome about a heat capacity, also one that is the slope of an enthalpy.
 Found Capacity(zelCorrelations curve, double value, double expected, double tolerance,
                double kelvin) {
   Found outcome = At(Outcome::Factor(Of(curve), value, expected, tolerance), kelvin);
   return InUnit(outcome, curve);
 }
 
-// How far the heat capacity of a liquid is above that of the gas; Rowlinson and Bondi.
+// How far the heat capacity of a liquid is above that of the gas, after Rowlinson and Bondi.
 template <zelCorrelations kCurve>
 Found LiquidAboveGas(Reading& r, JudgeRule const& rule) {
   if (!Corresponds(r)) return std::nullopt;
@@ -134,7 +135,7 @@ double SumOverAtoms(Reading const& r, std::size_t column) {
 template <zelCorrelations kCurve, std::size_t kColumn>
 Found CapacityOfAtoms(Reading& r, JudgeRule const& rule) {
   if (!r.Own().HasCurve(kCurve)) return std::nullopt;
-  // A polynomial is not judged far from the temperature of the sums.
+  // A polynomial is not compared far from the temperature of the sums.
   double const kelvin = Near(r, kCurve, kShareKelvin[kColumn]);
   constexpr double kFar = 0.05;
   if (!(std::abs(kelvin / kShareKelvin[kColumn] - 1.0) < kFar)) return std::nullopt;
@@ -142,7 +143,8 @@ Found CapacityOfAtoms(Reading& r, JudgeRule const& rule) {
                   kelvin);
 }
 
-// At both ends, between a rigid molecule and one of which all vibrations are excited.
+// At both ends, the value must be between that of a rigid molecule and that of one with all
+// vibrations excited.
 template <zelCorrelations kCurve>
 Found Equipartition(Reading& r, JudgeRule const& rule) {
   KelvinRange const range = r.Range(kCurve);
@@ -161,7 +163,7 @@ Found Equipartition(Reading& r, JudgeRule const& rule) {
   return worst;
 }
 
-// Dulong and Petit, at both ends and between.
+// The law of Dulong and Petit, at both ends and between them.
 template <zelCorrelations kCurve>
 Found DulongPetit(Reading& r, JudgeRule const& rule) {
   KelvinRange const range = r.Range(kCurve);

@@ -7,7 +7,8 @@
 namespace zel {
 namespace {
 
-// By what factor a property changes, as a logarithm over T/TC, and where that holds.
+// The factor by which a property changes, as a logarithm over T/TC, and the range in which that
+// holds.
 struct Law {
   double (*logarithm)(double reduced);
   double lowest;   // of T/TC
@@ -30,7 +31,7 @@ double VaporViscosity(double t) {  // Lucas
 double VaporThermal(double t) { return 1.7 * std::log(t); }
 double LiquidViscosity(double t) { return 2.8 / t; }
 
-// Of vapor pressures, for an acentric factor.
+// The law of vapor pressures for an acentric factor.
 double LeeKesler(double t, double acentric) {
   double const log = std::log(t);
   double const sixth = std::pow(t, 6.0);
@@ -39,7 +40,7 @@ double LeeKesler(double t, double acentric) {
 }
 double VaporPressure(double t) { return LeeKesler(t, 0.35); }
 
-// The part of its own range in which a law holds, in K.
+// The part of the record's own range in which a law holds, in K.
 KelvinRange RangeOfLaw(Reading const& r, zelCorrelations curve, Law const& law, double critical) {
   KelvinRange range = r.Range(curve);
   if (!range.IsBounded() || std::isnan(critical)) return {0.0, 0.0};
@@ -48,7 +49,7 @@ KelvinRange RangeOfLaw(Reading const& r, zelCorrelations curve, Law const& law, 
 
 constexpr double kLeastSpan = 0.03;  // of TC
 
-// Over both halves of that part.
+// The change over both halves of that part.
 template <zelCorrelations kCurve, Law const& kLaw>
 Found FollowsLaw(Reading& r, JudgeRule const& rule) {
   double const critical = r.Constant(propertyTC, Stake::kMinor);
@@ -108,7 +109,8 @@ constexpr Law kVaporThermal = {VaporThermal, 0.5, 2.0, 0.2};
 constexpr Law kVaporPressure = {VaporPressure, 0.4, 1.0, 0.1};
 constexpr Law kLiquidViscosity = {LiquidViscosity, 0.35, 0.8, 0.2};
 
-// After Lee and Kesler from TC, PC and the acentric factor, below and above where that is taken.
+// The vapor pressure after Lee and Kesler from TC, PC and the acentric factor, below and above the
+// temperature at which that factor is defined.
 template <int kPercent>
 Found LeeKeslerPressure(Reading& r, JudgeRule const& rule) {
   if (!Corresponds(r)) return std::nullopt;

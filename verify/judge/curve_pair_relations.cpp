@@ -6,8 +6,9 @@
 namespace zel {
 namespace {
 
-// The difference of the compressibility factors of vapor and liquid after Haggenmacher. By the
-// formula the vapor can be one of pairs, of which the latent heat is down to the half.
+// The difference of the compressibility factors of vapor and liquid after Haggenmacher. If, by the
+// formula, the vapor can consist of pairs of molecules, the latent heat may be as low as half of
+// that.
 template <int kPercent>
 Found Clapeyron(Reading& r, JudgeRule const& rule) {
   if (IsQuantumFluid(r)) return std::nullopt;
@@ -34,7 +35,7 @@ Found Eucken(Reading& r, JudgeRule const& rule) {
   double const kelvin = Near(r, correlationVaporViscosity, correlationVaporThermal, 1.3 * boiling);
   double const heat = IdealGasCapacity(r, kelvin) - kGasConstant;
   constexpr double kFactor = 0.95;
-  // cP kJ/kg is W/m-K times 1.
+  // 1 cP times 1 kJ/kg-K is 1 W/m-K.
   double const expected = kFactor * r.At(correlationVaporViscosity, kelvin) /
                           r.Constant(propertyMW) * (1.32 * heat + 1.77 * kGasConstant);
   return At(Outcome::Factor(Of(correlationVaporThermal), r.At(correlationVaporThermal, kelvin),

@@ -33,7 +33,7 @@ double Near(Reading const& r, zelCorrelations curve, zelCorrelations next, More.
   return Near(r, curve, Near(r, next, more...));
 }
 
-// The one that deviates more; one that is missing counts for less than any.
+// The one that deviates more; a missing one counts as less than any other.
 inline Found Worse(Found const& a, Found const& b) {
   if (!a || !b) return a ? a : b;
   return b->deviation > a->deviation ? b : a;

@@ -15,15 +15,15 @@ struct Limit {
   double kelvin = 0.0;
 };
 
-// Between which limits the ends of the range of a curve are.
+// The limits between which the ends of the range of a curve are.
 struct Ends {
   zelCorrelations curve;
   Limit lowLeast, lowMost;
   Limit highLeast, highMost;
 };
 
-// How far vapors are heated; inert gases, and what cannot burn or decompose to coke, much farther
-// than others.
+// The temperature up to which vapors are heated; it is much higher for inert gases and substances
+// that cannot burn or decompose to coke.
 double HottestVapor(Reading const& r) {
   constexpr double kInertGases = 200.0;
   bool const isStable = r.HasFormula() && r.Atoms("H") == 0.0;
@@ -45,8 +45,9 @@ double KelvinOf(Reading& r, Limit const& limit) {
   return std::isnan(kelvin) ? kelvin : std::max(limit.part * kelvin, limit.kelvin);
 }
 
-// In tolerances, which are parts of the limit, of one near 0 K parts of 100 K. Few liquids were
-// measured where others are not, but none above TC or below 0 K.
+// The play of an end at its limit: a part of the limit, or of 100 K for a limit near 0 K. A few
+// liquids were measured where others are not, but none above TC or below 0 K, where the play is
+// smaller.
 double PlayOf(Limit const& limit, double kelvin, double end, double tolerance) {
   constexpr double kCold = 100.0;
   constexpr double kImpossible = 0.2;
@@ -75,7 +76,7 @@ Found About(char const* end, Found outcome) {
   return outcome;
 }
 
-// Of a curve without limits nothing is found.
+// Curves without limits are not compared.
 bool HasLimits(Record const& own, zelCorrelations curve) {
   return own.HasCurve(curve) && IsDefined(own.Curve(curve).tMin) &&
          IsDefined(own.Curve(curve).tMax);

@@ -7,9 +7,9 @@ namespace {
 
 enum class Way : std::uint8_t { kFalls, kRises };
 
-// At 16 steps over the range, the farthest that the curve turns back from its extreme so far. Near
-// the end of a curve that falls to zero the measure is a tenth of its size at the beginning. Where
-// pairs of molecules break up in the vapor, its curves have extremes.
+// Finds, at 16 steps over the range, the point at which the curve turns back the farthest from its
+// extreme so far. Near the end of a curve that falls to zero the measure is a tenth of its size at
+// the beginning. Where pairs of molecules break up in the vapor, its curves have extremes.
 template <zelCorrelations kCurve, Way kWay>
 Found RunsOneWay(Reading& r, JudgeRule const& rule) {
   constexpr int kSteps = 16;
@@ -41,7 +41,7 @@ struct Bounds {
   double high;
 };
 
-// At three places, against the bounds of the property in its internal unit.
+// Compares values at three places with the bounds of the property in its internal unit.
 template <zelCorrelations kCurve, Bounds const& kBounds>
 Found IsWithin(Reading& r, JudgeRule const& rule) {
   KelvinRange const range = r.Range(kCurve);
@@ -55,7 +55,7 @@ Found IsWithin(Reading& r, JudgeRule const& rule) {
   return worst;
 }
 
-// At three places; of what is zero nothing is found.
+// Compares values at three places; a curve that is zero is not compared.
 template <zelCorrelations kCurve>
 Found IsNotNegative(Reading& r, JudgeRule const& rule) {
   KelvinRange const range = r.Range(kCurve);

@@ -1,4 +1,4 @@
-// That a curve has no poles and no kinks within its range.
+// Checks that a curve has no poles and no kinks within its range.
 #include <array>
 
 #include "verify/judge/curve_points.h"
@@ -7,7 +7,7 @@
 namespace zel {
 namespace {
 
-// How a curve is seen so that it is nearly straight.
+// The transformation that makes a curve nearly straight.
 enum class View : std::uint8_t {
   kPlain,      // the value over T
   kLogarithm,  // its logarithm over that of T
@@ -17,7 +17,7 @@ enum class View : std::uint8_t {
 struct Smooth {
   zelCorrelations curve;
   View view;
-  double part;     // of the tolerance: of the change between the points beside
+  double part;     // of the tolerance: of the change between the neighbouring points
   double highest;  // of TC: above, the curve may end steeply
 };
 
@@ -30,9 +30,8 @@ double Between(View view, KelvinRange const& range, double part) {
   return range.low + (range.high - range.low) * part;
 }
 
-// At 16 steps over the range, how far a value is from the cubic through the two values on each
-// side. That is little wherever the curve is smooth, however it bends;
-// then nothing is found.
+// Measures, at 16 steps over the range, how far a value is from the cubic through the two values on
+// each side. That is little wherever the curve is smooth, however it bends.
 template <Smooth const& kSmooth>
 Found IsSmooth(Reading& r, JudgeRule const& rule) {
   constexpr int kSteps = 16;

@@ -10,7 +10,7 @@ constexpr double kBar = 100.0;  // kPa
 // Molecules with hydrogen bonds follow corresponding states less well.
 double Scatter(Reading const& r, double more) { return MayBond(r) ? more : 1.0; }
 
-// A value at a part of TC, or where its own range is next to it.
+// A value at a part of TC, or at the temperature of the record's own range that is nearest to that.
 struct Place {
   double critical;
   double kelvin;
@@ -48,7 +48,7 @@ Found Lucas(Reading& r, JudgeRule const& rule) {
   double const t = at.reduced;
   double const reduced = 0.807 * std::pow(t, 0.618) - 0.357 * std::exp(-0.449 * t) +
                          0.340 * std::exp(-4.058 * t) + 0.018;
-  // In micropoise; a cP is 1e4 of them.
+  // The unit is micropoise; a cP is 1e4 of them.
   double const unit =
       std::pow(weight * weight * weight * std::pow(pressure, 4.0) / at.critical, 1.0 / 6.0) / 0.176;
   return Compared(r, correlationVaporViscosity, at, 1e-4 * reduced * unit,

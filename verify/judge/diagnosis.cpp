@@ -10,8 +10,8 @@ namespace zel {
 namespace {
 
 // How much likelier a deviation is if a datum of the comparison is wrong than if all are right, as
-// a logarithm. Right data scatter normally, with the tolerance at 2.5 standard deviations, and one
-// comparison in fifty has a long tail, because relations are not exact and sources differ. A
+// a logarithm. Correct data scatter normally, with the tolerance at 2.5 standard deviations, and
+// one comparison in fifty has a long tail, because relations are not exact and sources differ. A
 // mistake can be of any size.
 double Evidence(double deviation) {
   constexpr double kSigma = 0.4;
@@ -24,8 +24,8 @@ double Evidence(double deviation) {
   return std::log(wrong / (normal + tail));
 }
 
-// Evidence from comparisons. Each other source counts; a rule that is used with the data of several
-// sources is one witness, who counts as much as its strongest word.
+// Evidence from comparisons. Each other source counts as a witness. A rule that is used with the
+// data of several sources is a single witness, which counts as much as its strongest comparison.
 class Witnesses {
  public:
   void Add(Tension const& tension, double evidence) {
@@ -54,7 +54,7 @@ class Witnesses {
   std::vector<std::pair<JudgeRule const*, double>> rules_;
 };
 
-// The size of a difference, as a logarithm; one of sign is beyond any size.
+// The size of a difference, as a logarithm; a difference of sign is larger than any size.
 double SizeOf(Tension const& tension) {
   constexpr double kOtherSign = 10.0;
   double const ratio = tension.expected == 0.0 ? 0.0 : tension.value / tension.expected;
@@ -68,8 +68,8 @@ bool Shows(Tension const& tension, double size) {
   return kTimes * tolerance < size;
 }
 
-// What the comparisons say of a datum: of its values, and of the range of a curve, since one can be
-// wrong and the other right.
+// What the comparisons say about a datum: about its values, and about the range of a curve, since
+// one can be wrong and the other right.
 struct Suspect {
   struct Aspect {
     Witnesses againstIt;  // comparisons that disagree
@@ -81,7 +81,7 @@ struct Suspect {
   std::vector<std::size_t> disagreeing;
   std::size_t agreeing = 0;
 
-  // What the choice between suspects goes by. That the values agree does not acquit the range.
+  // The number by which suspects are ranked. That the values agree does not acquit the range.
   double Weight() const {
     constexpr double kAgreement = 0.7;
     double weight = 0.0, worst = 0.0;
@@ -94,9 +94,9 @@ struct Suspect {
     }
     return weight > 0.0 ? weight : worst;
   }
-  // The probability that the datum is wrong, before anything is compared 1 in 25. What agrees
-  // speaks for a datum, but a curve can be right where one relation uses it and wrong elsewhere;
-  // sources are compared over its whole range.
+  // The probability that the datum is wrong, which is 1 in 25 before anything is compared.
+  // Comparisons that agree speak for a datum, but a curve can be right where one relation uses it
+  // and wrong elsewhere; only sources are compared over its whole range.
   double Strength(bool isCurve) const {
     constexpr double kPrior = 3.2;
     double odds = -kPrior;
@@ -110,8 +110,8 @@ struct Suspect {
   }
 };
 
-// The data of a substance, each with its comparisons. What has been convicted explains the
-// comparisons that it is in; the others are judged by what is left.
+// The data of a substance, each with its comparisons. A datum that has been convicted explains the
+// comparisons that it is in; the other data are judged by what is left.
 class Trial {
  public:
   Trial(std::vector<Tension> const& tensions, double minStrength);
@@ -201,7 +201,8 @@ Trial::Accused* Trial::Worst() {
   return worst;
 }
 
-// What a datum hardly matters to may have another reason; it is weaker evidence for that.
+// A comparison in which the datum hardly matters may deviate for another reason, so it is weaker
+// evidence.
 Suspicion Trial::Convict(Accused& accused) {
   constexpr double kLeftByMinor = 0.5;
   Suspicion suspicion;

@@ -25,7 +25,7 @@ constexpr std::array<GroupSize, kStructureGroups> kSizes = {
      {0.3955, 0.460, 0, 0}, {0.7910, 0.724, 0, 0}, {0.9492, 0.832, 0, 0}, {1.2640, 0.992, 0, 0},
      {0, 0, 0, 0}}};
 
-// Some authors take a hydroxyl group as it is in UNIFAC, greater than it is.
+// Some authors take the hydroxyl group of UNIFAC, which is greater than the real one.
 constexpr GroupSize kOfUnifac = {0.4701, 0.616, 0, 0};
 
 // Whether a carbon atom has two double bonds, as in allene. Those with a triple bond are in pairs,

@@ -8,8 +8,8 @@ namespace zel {
 namespace {
 
 // The mole fraction of fuel in a mixture with air that burns to CO2, H2O, SO2 and hydrogen halides;
-// NaN for what does not burn.
-// Only organic fuels burn alike: hydrogen and carbon disulfide have much wider limits.
+// NaN for a substance that does not burn. Only organic fuels burn alike: hydrogen and carbon
+// disulfide have much wider limits.
 double Stoichiometric(Reading const& r) {
   double const halogens = r.Atoms("F") + r.Atoms("Cl") + r.Atoms("Br") + r.Atoms("I");
   double const oxygen = r.Atoms("C") + r.Atoms("S") + r.Atoms("Si") +
@@ -89,7 +89,7 @@ Found DielectricConstant(Reading& r, JudgeRule const& rule) {
   return Outcome::Factor(Of(propertyDIELECTRIC), stored, expected, rule.tolerance);
 }
 
-// The substance is a liquid there.
+// The substance must be a liquid at that temperature.
 Found TemperatureOfDielectric(Reading& r, JudgeRule const& rule) {
   double const kelvin = r.Constant(propertyTDIELECTRIC);
   double const low = r.Constant(propertyNMP, Stake::kMinor);

@@ -44,7 +44,8 @@ JudgedFinding::JudgedFinding(Suspicion const& suspicion, Substance const& substa
                              datum.Name() + '\n' + record.StoredText(datum));
 }
 
-// The worst comparison of a value of the datum itself; the worst of all if none is about it.
+// The worst comparison of a value of the datum itself; the worst of all comparisons if no value of
+// the datum was compared.
 void JudgedFinding::ChooseMain() {
   auto const& all = suspicion_.against;
   auto const own = std::find_if(all.begin(), all.end(), [&](Tension const& tension) {
@@ -53,7 +54,7 @@ void JudgedFinding::ChooseMain() {
   main_ = SeenFrom(suspicion_.claim, own != all.end() ? *own : all.front());
 }
 
-// A slip that most of the comparisons show which deviate by far.
+// The slip that most of the comparisons with large deviations show.
 std::string JudgedFinding::Slip() const {
   constexpr double kFar = 3.0;
   double const weight = substance_.Median(propertyMW);

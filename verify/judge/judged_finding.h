@@ -13,7 +13,7 @@ namespace zel {
 // Keeps the texts of a finding.
 class JudgedFinding {
  public:
-  // What is passed must outlive this object.
+  // The arguments must outlive this object.
   JudgedFinding(Suspicion const& suspicion, Substance const& substance);
 
   Record const& Of() const { return *suspicion_.claim.record; }

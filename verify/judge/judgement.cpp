@@ -74,8 +74,8 @@ bool PairsInVapor(Substance const& substance) {
   });
 }
 
-// What heats and conductivities of a vapor say about each other holds for single molecules: where
-// pairs break up only gross differences mean anything.
+// The relations between heats and conductivities of a vapor hold for single molecules: where pairs
+// of molecules break up, only gross differences mean anything.
 void ForgivePairs(Substance const& substance, std::vector<Tension>& tensions) {
   constexpr double kGross = 10.0;
   static constexpr Datum kOfVapor[] = {Datum::Curve(correlationVaporThermal),
@@ -96,7 +96,8 @@ struct Reported {
   std::size_t substance;
 };
 
-// One substance after the other, so that only the comparisons with others are all in memory.
+// Substances are judged one after the other, so that only the comparisons with other substances are
+// all in memory.
 std::vector<Reported> SuspicionsIn(std::vector<Substance> const& substances,
                                    std::set<std::string, std::less<>> const& silent,
                                    double minStrength) {

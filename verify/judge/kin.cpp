@@ -11,16 +11,16 @@
 namespace zel {
 namespace {
 
-// Of a value that is not positive, where kin have positive ones.
+// The deviation of a value that is not positive, if kin have positive ones.
 constexpr double kFar = 20.0;
-// An agreement within a tolerance that is wider says nothing of a small mistake.
+// An agreement within a wider tolerance than this does not exclude a small mistake.
 constexpr double kWide = 0.15;
 // A value that another record of the substance confirms deviates only a little: the substance is
-// then more likely to be unlike its kin than both to be wrong. It confirms it within a share of the
-// tolerance, or of the difference from what is foretold.
+// then more likely to be unlike its kin than both to be wrong. It confirms the value if it is
+// within this share of the tolerance, or of the difference from the forecast.
 constexpr double kConfirmation = 0.3;
 constexpr double kMostConfirmed = 1.2;
-// As for constants, but of the worst of several comparisons.
+// The same share as for constants, but of the worst of several comparisons.
 constexpr double kShare = 0.95;
 constexpr double kMargin = 1.25;
 
@@ -28,7 +28,7 @@ using Tensions = std::vector<std::vector<Tension>>;
 
 double Undefined() { return gen_GetUndefDouble(); }
 
-// The median of those that can be used, NaN if there are only others, undefined without any.
+// The median of the usable values, NaN if no value is usable, undefined without values.
 double MedianOfUsable(std::vector<double> values) {
   std::erase_if(values, [](double value) { return !IsDefined(value); });
   if (values.empty()) return Undefined();
@@ -63,7 +63,7 @@ class KinComparisons {
   void Curve(KinCurve const& row);
 
  private:
-  // A value of a record's curve, what kin foretell of it, and the difference in tolerances.
+  // A value of a record's curve, what kin foretell for it, and the difference in tolerances.
   struct Point {
     double deviation = -1.0;  // unknown
     double temperature = 0.0, value = 0.0, expected = 0.0;
@@ -95,7 +95,7 @@ class KinComparisons {
   template <typename Transform, typename Expect>
   void Compare(KinCurve const& row, std::vector<CurveRecord>& records, std::size_t point,
                Point CurveRecord::*worst, Transform const& transform, Expect const& expect) const;
-  // Divides the worst deviations so that most are small again.
+  // Divides the worst deviations by one number, so that most of them are small again.
   static void Widen(std::vector<CurveRecord>& records, Point CurveRecord::*worst);
   void Tell(KinCurve const& row, JudgeRule const& rule, CurveRecord const& record,
             Point const& point);
@@ -136,7 +136,7 @@ void KinComparisons::Tell(std::uint32_t substance, Record const& record, JudgeRu
 void KinComparisons::Constant(KinConstant const& row) {
   bool const isLog = row.scale == KinScale::kLog;
   std::vector<double> observed(substances_.size(), Undefined());
-  // What is taken off.
+  // The number that is subtracted.
   auto const lessOf = [&](std::uint32_t i, Record const& record) {
     if (row.scale == KinScale::kFromRoom) return LiquidNearRoom(i);
     if (row.less == FeatureSet::kNone) return 0.0;
@@ -205,8 +205,8 @@ std::vector<KinComparisons::CurveRecord> KinComparisons::RecordsWith(KinCurve co
   return records;
 }
 
-// `transform` returns an undefined number for a value that is not there, and NaN for one that is
-// there and cannot be right. `expect` makes a value from a number that is foretold.
+// `transform` returns an undefined number for a missing value, and NaN for a value that cannot be
+// right. `expect` makes a value from a number that is foretold.
 template <typename Transform, typename Expect>
 void KinComparisons::Compare(KinCurve const& row, std::vector<CurveRecord>& records,
                              std::size_t point, Point CurveRecord::*worst,
@@ -284,7 +284,7 @@ void KinComparisons::CompareChanges(KinCurve const& row, std::vector<CurveRecord
           double const from = values[k - 1], to = values[k];
           if (!IsDefined(from) || !IsDefined(to)) return Undefined();
           if (isRise) return LogOf(to - from);
-          // Values that cannot be right are found by themselves.
+          // Values that cannot be right are reported on their own.
           return from > 0.0 && to > 0.0 ? std::log(to / from) : Undefined();
         },
         [=](auto const& values, double number) {
@@ -294,7 +294,7 @@ void KinComparisons::CompareChanges(KinCurve const& row, std::vector<CurveRecord
   Widen(records, &CurveRecord::change);
 }
 
-// Agreement of the one does not acquit a curve if the other deviates.
+// Agreement of the values does not acquit a curve if the differences deviate, nor the reverse.
 void KinComparisons::Curve(KinCurve const& row) {
   auto records = RecordsWith(row);
   if (row.value != KinCurveValue::kRise) CompareValues(row, records);

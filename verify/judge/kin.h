@@ -1,4 +1,4 @@
-// What kindred substances foretell: regressions over all components of the libraries.
+// Forecasts from similar substances: regressions over all components of the libraries.
 #pragma once
 
 #include <vector>

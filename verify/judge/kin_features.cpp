@@ -61,7 +61,7 @@ KinFeatures::Described KinFeatures::Describe(Substance const& substance) {
   }
   Atoms const& a = one.atoms;
   double const halogens = a[4] + a[5] + a[6] + a[7];
-  // Rings and double bonds; salts and radicals can have less than none.
+  // Rings and double bonds; the number can be negative for salts and radicals.
   double const bonds =
       (2.0 * (a[kCarbon] + a[kSilicon]) + 2.0 + a[kNitrogen] - a[kHydrogen] - halogens) / 2.0;
   one.unsaturation = std::max(-2.0, bonds);

@@ -83,7 +83,7 @@ class KinFeatures {
     Atoms atoms{};
     double all = 0.0;  // atoms; 0 without a formula
     double unsaturation = 0.0;
-    std::array<double, kElements + 1> place{};  // like substances have near places
+    std::array<double, kElements + 1> place{};  // similar substances have near places
     std::optional<GroupCounts> groups;          // empty without a structure
     std::vector<double> medians;                // in the order of kFeatureConstants
     std::vector<Near> nearest;

@@ -16,7 +16,7 @@ constexpr double kSigmas = 3.0;
 // and a margin.
 constexpr double kShare = 0.95;
 constexpr double kMargin = 1.3;
-// Of the tolerance of a substance that is the only one with a feature of a better set.
+// The factor for the tolerance of a substance that is the only one with a feature of a better set.
 constexpr double kUnlike = 3.0;
 
 bool IsUsable(double observed) { return IsDefined(observed) && !std::isnan(observed); }
@@ -30,7 +30,7 @@ struct Estimate {
   bool isByItself = false;  // other substances say little about it
 };
 
-// The estimates by substance, as a regression gives them or corrected by kin.
+// The estimates by substance, from a regression or corrected by kin.
 class Scatter {
  public:
   Scatter(KinFeatures const& kin, std::vector<Estimate> estimates)
@@ -38,7 +38,7 @@ class Scatter {
     sigma_ = SigmaOf(estimates_);
   }
 
-  // Takes off what the residuals of the nearest kin have in common.
+  // Subtracts what the residuals of the nearest kin have in common.
   void Correct() {
     std::vector<Estimate> corrected = estimates_;
     for (std::uint32_t i = 0; i < estimates_.size(); ++i) {
@@ -79,7 +79,7 @@ class Scatter {
   }
 
   double CommonNear(std::uint32_t i) const {
-    constexpr double kNear = 0.3;  // closer than that is not nearer
+    constexpr double kNear = 0.3;  // smaller distances count as this
     constexpr double kShrink = 1.0;
     double sum = 0.0, weights = kShrink;
     constexpr double kMost = 2.0;  // sigmas, of one of them
@@ -92,7 +92,8 @@ class Scatter {
     return sum / weights;
   }
 
-  // Of the residuals around a substance: half from all substances, half from near ones.
+  // The scale of the residuals around a substance: half of it from all substances, half from near
+  // ones.
   double ScaleOf(std::uint32_t i) const {
     constexpr std::size_t kClosest = 3;
     constexpr double kFarther = 0.15;
@@ -173,7 +174,7 @@ struct Tried {
   Scatter scatter;
 };
 
-// Whether nothing is foretold of one in twenty substances or more.
+// Whether at least one in twenty substances is without a forecast.
 bool IsWanting(std::vector<double> const& observed, std::vector<Tried> const& tried) {
   std::size_t wanted = 0, missing = 0;
   for (std::uint32_t i = 0; i < observed.size(); ++i) {

@@ -1,4 +1,4 @@
-// What the other substances foretell of a number of each substance.
+// What the other substances foretell for a number of each substance.
 #pragma once
 
 #include <cstdint>
@@ -24,8 +24,8 @@ struct Forecast {
 //
 // A robust regression is corrected by the residuals of the nearest kin where that makes the scatter
 // smaller. The tolerance is three robust standard deviations of the residuals or more, so that
-// about one residual in fifty exceeds it, widened where near kin are foretold badly, where there
-// are none, and by the leverage; at least `floor`.
+// about one residual in fifty exceeds it, and widened where the forecasts of near kin are poor,
+// where a substance has no near kin, and by the leverage; at least `floor`.
 std::vector<Forecast> ForecastOf(KinFeatures const& kin, std::span<FeatureSet const> sets,
                                  std::vector<double> const& observed, double floor);
 

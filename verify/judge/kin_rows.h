@@ -1,4 +1,4 @@
-// What is foretold from kindred substances, and from which features.
+// What is foretold from similar substances, and from which features.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,7 @@ struct KinConstant {
   KinScale scale;
   double floor;  // of the tolerance, in the scale
   std::span<FeatureSet const> sets;
-  // Taken off the constant first: the substance's median unless the record has it.
+  // A constant that is subtracted first: the substance's median if the record does not have it.
   std::uint32_t less = FeatureSet::kNone;
 };
 

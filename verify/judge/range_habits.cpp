@@ -13,7 +13,7 @@ namespace {
 
 enum End : std::uint8_t { kBegin, kFinish };
 
-// A habit is what all but one in fifty components of a bank keep.
+// A habit is what all but one in fifty components of a bank follow.
 constexpr std::size_t kFewest = 20;
 constexpr double kShare = 0.98;
 constexpr double kMargin = 1.25;
@@ -35,7 +35,7 @@ constexpr JudgeRule kRules[] = {
 constexpr char const* kQuantities[] = {"the beginning of the range of ",
                                        "the end of the range of "};
 
-// What a limit can be at.
+// A temperature that a limit can be at.
 struct Reference {
   double kelvin = gen_GetUndefDouble();
   Claim claim;  // the datum that it is from; without a record for a mere temperature
@@ -52,7 +52,7 @@ struct Component {
 };
 using Bank = std::vector<Component>;
 
-// Of a curve, in K; undefined without a limit.
+// A limit of a curve, in K; undefined without a limit.
 double LimitOf(Record const& record, std::uint32_t curve, End end) {
   if (!record.HasCurve(curve)) return gen_GetUndefDouble();
   KelvinRange const range = record.RangeOf(curve);
@@ -179,7 +179,7 @@ Habits::Row Habits::ReferencesOf(Component const& component,
   return row;
 }
 
-// Each by what the others keep.
+// Each limit is compared with what the other components keep.
 std::optional<std::vector<double>> Habits::DeviationsFrom(
     std::size_t reference, std::vector<bool> const& isLeftOut) const {
   std::vector<double> differences(bank_.size(), gen_GetUndefDouble());
@@ -247,14 +247,14 @@ void Habits::Compare(std::vector<std::vector<Tension>>& ofComponents) {
       Component const& component = bank_[i];
       if (deviation > 1.0 && IsConfirmed(component, substances_[component.substance], curve_, end_))
         continue;
-      // That a limit is at one of many temperatures does not speak for it.
+      // Being at one of many temperatures does not speak for a limit.
       if (reference >= kUsual && deviation <= 1.0) continue;
       ofComponents[i].push_back(Made(i, reference, deviation));
     }
   }
 }
 
-// Appends the comparisons that deviate, and those that agree of the same curves.
+// Appends the comparisons that deviate, and of the same curves those that agree.
 void KeepUnusual(std::vector<Tension> made, std::vector<Tension>& kept) {
   std::vector<Claim> accused;
   for (Tension const& one : made) {

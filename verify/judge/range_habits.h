@@ -12,8 +12,8 @@ namespace zel {
 // Appends to `tensions`, which has a vector for each substance, the comparisons of the limits of
 // curves with those that the other components of the bank have: the author of a bank lets nearly
 // all curves of a kind begin, or end, at the same point of the substance, together with another
-// curve, or at one of a few temperatures. Limits that are where they usually are have no
-// comparison, unless the same limit of another curve is not.
+// curve, or at one of a few temperatures. Limits that are at a usual point are not listed, unless
+// the same limit of another curve is not at one.
 void AddRangeHabits(std::vector<Substance> const& substances,
                     std::vector<std::vector<Tension>>& tensions);
 

@@ -82,7 +82,7 @@ Claim Reading::ClaimOf(Datum datum) const {
 
 namespace {
 
-// A difference beyond measure, of a value that is not possible where it is compared.
+// The deviation of a value that is impossible where it is compared.
 constexpr double kImpossible = 1e3;
 
 std::optional<Outcome> Made(Datum about, double value, double expected, double deviation) {

@@ -25,9 +25,10 @@ class Reading {
   double Slope(std::uint32_t curve, double kelvin, Stake stake = Stake::kFull);
   // The range of the record's own curve; unbounded if it has none or a record without a range.
   KelvinRange Range(std::uint32_t curve) const;
-  // The same as something that was read, for relations about the range itself.
+  // The same, remembered as read, for relations about the range itself.
   KelvinRange OwnRange(std::uint32_t curve, Stake stake = Stake::kFull);
-  // Only its own record's, without falling back to others: for relations about one curve by itself.
+  // Reads only the record's own data, without falling back to other records: for relations about
+  // one curve by itself.
   double OwnConstant(std::uint32_t index, Stake stake = Stake::kFull);
   double OwnAt(std::uint32_t curve, double kelvin, Stake stake = Stake::kFull);
   double OwnSlope(std::uint32_t curve, double kelvin, Stake stake = Stake::kFull);
@@ -51,8 +52,8 @@ class Reading {
   std::vector<Tension::Part> parts_;
 };
 
-// What a relation found: the value of a datum, what the others give, and the difference in
-// tolerances.
+// What a relation found: the value of a datum, the value that the other data yield, and the
+// difference in tolerances.
 struct Outcome {
   Datum about;
   double value;
@@ -61,7 +62,7 @@ struct Outcome {
   double temperature = gen_GetUndefDouble();  // K, for the value of a curve
   char const* unit = nullptr;                 // of both values, if it is not the unit of the datum
   char const* quantity = "";  // "the slope of ", if both are not values of the datum
-  // Undefined differences are no outcome.
+  // An undefined difference is not an outcome.
   static std::optional<Outcome> Relative(Datum about, double value, double expected,
                                          double tolerance);
   static std::optional<Outcome> Absolute(Datum about, double value, double expected,
@@ -74,7 +75,7 @@ struct Outcome {
 
 struct Relation {
   JudgeRule rule;
-  char const* from;  // what gives the expected value: "the latent heat at NBP"
+  char const* from;  // the origin of the expected value: "the latent heat at NBP"
   // Empty if data that it needs are missing.
   std::optional<Outcome> (*find)(Reading& reading, JudgeRule const& rule);
 };

@@ -16,8 +16,8 @@ double KelvinsPerDegree(std::int32_t unit) {
   return ConvertTemperature(1.0, unit, kKelvin) - ConvertTemperature(0.0, unit, kKelvin);
 }
 
-// Where curves of a kind are fitted. None for solids, whose curves end at a melting point that a
-// record may not have.
+// The range in which curves of a kind are fitted. None for solids, whose curves end at a melting
+// point that a record may not have.
 KelvinRange UsualRange(std::uint32_t curve, double critical, double melting) {
   if (!IsDefined(critical) || !(critical > 0.0)) return {};
   switch (curve) {
@@ -30,13 +30,13 @@ KelvinRange UsualRange(std::uint32_t curve, double critical, double melting) {
     case correlationSolidCp: return {};
     default: break;
   }
-  // Viscosities above the boiling point are rarely measured, and equations go astray there.
+  // Viscosities above the boiling point are rarely measured, and equations are unreliable there.
   double const high = (curve == correlationLiquidViscosity ? 0.75 : 0.9) * critical;
   double const low = 0.4 * critical;
   return {IsDefined(melting) ? std::max(low, melting) : low, high};
 }
 
-// A number, which needs no range.
+// Whether the curve is a constant number, which needs no range.
 bool IsAnywhere(ZelCorrelation const& curve) {
   constexpr std::int32_t kPolynomial = 1;
   return curve.equation == kPolynomial && curve.coefficientCount == 1 && !IsDefined(curve.tMin) &&
@@ -50,7 +50,7 @@ double ValueOf(ZelCorrelation taken, double temperature) {
   return value;
 }
 
-// Those that change the value in the middle of the range when they change a little.
+// Finds the constants whose small changes change the value in the middle of the range.
 std::vector<std::uint32_t> ConstantsUsedBy(ZelCorrelation const& taken) {
   constexpr double kMiddle = 300.0;  // of a curve without a range, in its unit
   constexpr double kChange = 1.01;
@@ -145,7 +145,7 @@ KelvinRange Record::RangeOf(std::uint32_t curve) const {
   return range;
 }
 
-// A form without a value leaves the number that was passed in.
+// A form without a value leaves the number that it was passed.
 double Record::Evaluate(std::uint32_t curve, double kelvin, double* slope) const {
   ZelCorrelation unlimited = Curve(curve);
   unlimited.tMin = unlimited.tMax = gen_GetUndefDouble();

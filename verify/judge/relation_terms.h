@@ -29,7 +29,7 @@ inline Found At(Found outcome, double kelvin) {
   return outcome;
 }
 
-// That a value is on the right side of a limit says nothing for the data.
+// A value on the right side of a limit is not evidence that the data are right.
 inline Found AtBound(Found outcome) {
   if (outcome) outcome->deviation = std::max(outcome->deviation, 1.0);
   return outcome;

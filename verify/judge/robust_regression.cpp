@@ -194,7 +194,7 @@ std::optional<RobustRegression> RobustRegression::Fit(std::vector<double> const&
     if (step == kSteps) break;
     for (std::size_t i = 0; i < rows; ++i) off[i] = std::abs(observed[i] - fit.ValueOf(fit.Row(i)));
     double const sigma = kSigmaPerMad * MedianOf(off);
-    if (sigma <= 0.0) break;  // more than half of them are met exactly
+    if (sigma <= 0.0) break;  // more than half of the observations are met exactly
     for (std::size_t i = 0; i < rows; ++i) weights[i] = Weight(off[i] / sigma, step < kHuberSteps);
   }
   fit.Invert();

@@ -24,7 +24,7 @@ class RobustRegression {
   struct Residual {
     double value = 0.0;     // of an observation, from a fit without it
     double leverage = 0.0;  // variance of what that fit foretells, in variances of the scatter
-    // The others say little about it, as of the only one that has a feature.
+    // The other observations say little about it, for example if it is the only one with a feature.
     bool isByItself = false;
   };
 
@@ -39,12 +39,12 @@ class RobustRegression {
     double leverage = 0.0;  // its variance, in variances of the scatter
   };
   Foretold At(std::span<double const> features) const;
-  // Of an observation of the fit.
+  // The residual of an observation of the fit.
   Residual const& Of(std::size_t observation) const { return residuals_[observation]; }
 
  private:
-  // What is taken off a feature, and what it is divided by. Nothing is taken off one that is mostly
-  // 0: most of the work is then about the others.
+  // What is subtracted from a feature, and what it is divided by. Nothing is subtracted from a
+  // feature that is mostly 0, so that its zeros take no work.
   struct Column {
     std::size_t feature;
     double mean;

@@ -99,7 +99,7 @@ std::string DigitsOf(double number, int decimals) {
   return text.size() > kMost ? std::string() : text;
 }
 
-// Numbers of two digits are each other's by chance.
+// Numbers of two digits can be so by chance.
 bool AreExchanged(std::string a, std::string b) {
   constexpr std::size_t kFewest = 3;
   auto const isShort = [](std::string const& digits) {
@@ -131,7 +131,7 @@ bool HasExchangedDigits(double value, double expected) {
 
 std::string LikelySlip(double value, double expected, std::string_view unit, double uncertainty,
                        double molecularWeight) {
-  // A factor is recognised where the expected value is certain enough.
+  // A factor is recognised if the expected value is certain enough.
   constexpr double kLeast = 0.002;
   constexpr double kMost = 0.05;
   if (!IsDefined(value) || !IsDefined(expected) || expected == 0.0 || value == 0.0) return {};

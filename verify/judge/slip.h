@@ -1,4 +1,4 @@
-// Slips that give themselves away by their size: a factor that is exactly that of a unit.
+// Slips that their size reveals: a factor that is exactly that of a unit.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ namespace zel {
 std::string LikelySlip(double value, double expected, std::string_view unit, double uncertainty,
                        double molecularWeight);
 
-// Whether the one is the other with two neighbouring digits exchanged, and they have three digits
+// Whether the two numbers differ by the exchange of two neighbouring digits, and have three digits
 // or more: 0.213 and 0.123.
 bool HasExchangedDigits(double value, double expected);
 

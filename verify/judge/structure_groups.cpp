@@ -62,7 +62,7 @@ class SmilesReader {
   std::size_t at_ = 0;
   std::vector<Atom> atoms_;
   std::size_t previous_ = kNone;
-  double order_ = 0.0;  // of the next bond; 0 if none is written
+  double order_ = 0.0;  // of the next bond; 0 if it is not written
   std::vector<std::size_t> open_;
   std::map<char, Opened> rings_;
   std::size_t bonds_ = 0;
@@ -275,7 +275,7 @@ Group GroupCounter::OfNitrogen(Atom const& atom) const {
   return ByHydrogen(atom, Group::kNh2, Group::kNh2, Group::kNh, Group::kN);
 }
 
-// That of carbonyl groups, acids and esters is counted with their carbon.
+// The oxygen of carbonyl groups, acids and esters is counted with their carbon.
 void GroupCounter::OfOxygen(Atom const& atom) {
   if (BondsOf(atom, 2.0) > 0) return;
   bool isOfRing = false;

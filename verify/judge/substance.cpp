@@ -21,7 +21,7 @@ std::vector<std::pair<double, Record const*>> Sorted(std::vector<Record const*> 
   return values;
 }
 
-// What a component without a CAS number is known by: its number, then its IDs.
+// The names by which a component without a CAS number is recognised: its number, then its IDs.
 std::vector<std::string> NamesOf(ZelIdentity const& identity) {
   std::vector<std::string> names;
   if (identity.number != 0) names.push_back("#" + std::to_string(identity.number));

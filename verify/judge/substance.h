@@ -14,7 +14,7 @@ class Substance {
   void Add(Record const& record) { records_.push_back(&record); }
   std::vector<Record const*> const& Records() const { return records_; }
   // The record whose value is the median of those that have the constant; null if none has it. Of
-  // an even number the lower of the two in the middle.
+  // an even number of records, the lower of the two in the middle.
   Record const* MedianRecord(std::uint32_t constant) const;
   // The median of the values; undefined if no record has one.
   double Median(std::uint32_t constant) const;
@@ -28,8 +28,8 @@ class Substance {
 };
 
 // Puts records that are about the same substance together: those with the same CAS number; one
-// without a CAS number belongs to those with its number, or else an ID of it, whose formula is not
-// another.
+// without a CAS number belongs to those with its number, or else one of its IDs, unless their
+// formula is another.
 std::vector<Substance> SubstancesOf(std::deque<Record> const& records);
 
 }  // namespace zel

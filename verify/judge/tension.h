@@ -1,4 +1,4 @@
-// A comparison of data that physics, a second source or kin tie together.
+// A comparison of data that are related by physics, by a second source or by kin.
 #pragma once
 
 #include <string>
@@ -24,7 +24,7 @@ struct Claim {
 
 // How much a mistake in a datum would show in the comparison.
 enum class Stake : std::uint8_t {
-  kFull,   // one of 5 % is a deviation of the order of the tolerance, or more
+  kFull,   // a mistake of 5 % is a deviation of the order of the tolerance, or more
   kMinor,  // only a gross one
 };
 
@@ -38,13 +38,13 @@ struct Tension {
   std::vector<Part> parts;  // the data that were read; each can be the wrong one
   Claim about;              // the datum that `value` is of, one of the parts
   double value = gen_GetUndefDouble();
-  double expected = gen_GetUndefDouble();  // what the others give
+  double expected = gen_GetUndefDouble();  // the value that the others yield
   std::string unit;                        // of both
   std::string quantity;                    // "the slope of ", if both are not values of the datum
   double temperature = gen_GetUndefDouble();  // K, of a curve's value
   // The difference in tolerances: the data agree up to 1.
   double deviation = 0.0;
-  // About the range of a curve, not its values.
+  // The comparison is about the range of a curve, not its values.
   bool isOfRange = false;
   // The expected value is that of the other part, which is the same datum of another record.
   bool isBetweenSources = false;

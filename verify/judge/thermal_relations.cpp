@@ -10,7 +10,7 @@ namespace zel {
 namespace {
 
 // What heats of combustion are made of: elements, their entropies at 298.15 K and 1 bar, and the
-// heats of formation of what they burn to. Halogens burn to the elements, and nitrogen too.
+// heats of formation of what they burn to. Halogens and nitrogen end up as elements.
 //
 // J. D. Cox, D. D. Wagman, V. A. Medvedev, CODATA Key Values for Thermodynamics, New York 1989.
 struct Element {
@@ -80,7 +80,7 @@ Found HeatOfCombustion(Reading& r, JudgeRule const& rule) {
 }
 
 // W. M. Thornton, Phil. Mag. 33 (1917) 196: organic substances give off about the same heat for
-// each mole of oxygen. Not those with weak bonds, such as nitro compounds.
+// each mole of oxygen. Substances with weak bonds, such as nitro compounds, do not follow this.
 Found HeatOfOxygen(Reading& r, JudgeRule const& rule) {
   double const stored = r.OwnConstant(propertyHCOMBUST, Stake::kMinor);
   double const carbon = r.Atoms("C");
@@ -88,7 +88,7 @@ Found HeatOfOxygen(Reading& r, JudgeRule const& rule) {
   bool const isOrganic = std::all_of(
       r.Of().Atoms().begin(), r.Of().Atoms().end(),
       [](auto const& row) { return row.first == "C" || row.first == "H" || row.first == "O"; });
-  constexpr double kLeast = 1.5;  // moles; below, what is burnt already counts
+  constexpr double kLeast = 1.5;  // moles; below, it matters what is already burnt
   if (!r.HasFormula() || !isOrganic || !(carbon > 0.0) || !(oxygen > kLeast)) return std::nullopt;
   constexpr double kHeat = -411500.0;     // kJ/kg-mol of oxygen
   constexpr double kStructure = 40000.0;  // kJ/kg-mol
@@ -220,7 +220,8 @@ double Solubility(double heat, double kelvin, double volume) {
   return std::sqrt((heat - kGasConstant * kelvin) / volume / kUnit);
 }
 
-// At 25 C, or where it melts; not near the critical point, where sources take other temperatures.
+// 25 C, or the melting point if that is higher; none near the critical point, for which sources use
+// other temperatures.
 std::optional<double> SolubilityTemperature(Reading& r) {
   double const melting = r.Of().Median(propertyNMP);
   double const kelvin = IsDefined(melting) ? std::max(kRoom, melting) : kRoom;
@@ -248,7 +249,7 @@ Found SolubilityOfVolume(Reading& r, JudgeRule const& rule) {
                          rule.tolerance);
 }
 
-// Of gases, at the boiling point.
+// The solubility parameter of gases, at the boiling point.
 Found SolubilityOfGas(Reading& r, JudgeRule const& rule) {
   if (SolubilityTemperature(r)) return std::nullopt;
   double const boiling = r.Constant(propertyNBP, Stake::kMinor);

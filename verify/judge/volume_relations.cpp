@@ -136,7 +136,7 @@ Found CriticalVolumeOfVolume(Reading& r, JudgeRule const& rule) {
                          rule.tolerance);
 }
 
-// Where its own curve reaches TC.
+// Compared if the record's own curve reaches TC.
 Found DensityAtCritical(Reading& r, JudgeRule const& rule) {
   double const critical = r.Constant(propertyTC);
   double const density = r.OwnAt(correlationLiquidDensity, critical, Stake::kMinor);
@@ -145,7 +145,7 @@ Found DensityAtCritical(Reading& r, JudgeRule const& rule) {
             critical);
 }
 
-// Where the own surface tension is known, the nearest to 25 C.
+// At the temperature nearest to 25 C at which the record's own surface tension is known.
 Found ParachorOfTension(Reading& r, JudgeRule const& rule) {
   double const stored = r.Constant(propertyPARACHOR);
   KelvinRange const range = r.Range(correlationSurfaceTension);
@@ -196,7 +196,7 @@ Found ParachorOfCritical(Reading& r, JudgeRule const& rule) {
                          rule.tolerance);
 }
 
-// In units of 15.17 cm3/mol.
+// The volume is in units of 15.17 cm3/mol.
 Found WaalsOfVolume(Reading& r, JudgeRule const& rule) {
   double const stored = r.Constant(propertyVDWV);
   double const volume = r.Constant(propertyMVOL25C);
@@ -215,7 +215,7 @@ Found WaalsOfDensity(Reading& r, JudgeRule const& rule) {
                          rule.tolerance);
 }
 
-// In units of 2.5e9 cm2/mol.
+// The area is in units of 2.5e9 cm2/mol.
 Found WaalsArea(Reading& r, JudgeRule const& rule) {
   double const stored = r.Constant(propertyVDWA, Stake::kMinor);
   return Outcome::Factor(Of(propertyVDWA), stored,

@@ -42,7 +42,7 @@ std::vector<BankShape> MakeShapes() {
   return shapes;
 }
 
-// True for a key that packing its type and name gives again.
+// True for a key that is equal to its type and name packed again.
 bool IsPacked(std::int32_t const* key, std::string const& type, std::string const& name) {
   for (bool const marker : {false, true}) {
     std::array<std::int32_t, f::kBankKeyWords> again{};
@@ -58,7 +58,7 @@ TreeShape ShapeOfHead(std::int32_t const* head) noexcept {
           head[f::kHeadDataWords], head[f::kHeadDigits] % 10 == f::kStorageAddressed};
 }
 
-// How many of the words of a head are those of a tree of this shape.
+// How many of the words of a head agree with a tree of this shape.
 int Agreement(std::int32_t const* head, TreeShape const& shape) noexcept {
   TreeShape const own = ShapeOfHead(head);
   return int{own.keyWords == shape.keyWords} + int{own.entryDataWords == shape.entryDataWords} +
@@ -81,8 +81,7 @@ int Distance(std::int32_t a, std::int32_t b) noexcept {
   return std::popcount(static_cast<std::uint32_t>(a) ^ static_cast<std::uint32_t>(b));
 }
 
-// The format whose key and head are nearest to the entry; null if none is nearer than `far` bits in
-// its key.
+// The format whose key and head are nearest to the entry; null if no key is nearer than `far` bits.
 BankShape const* NearestShape(std::int32_t const* entry, std::string const& type, int far) {
   std::int32_t const* head = entry + f::kBankKeyWords + f::kBankHead;
   BankShape const* best = nullptr;
@@ -152,7 +151,7 @@ BankHeading ReadBankEntry(BrokenLibrary const& library, std::int32_t const* entr
     heading.memoWords = data[f::kBankMemoWords];
   }
   bool const isPacked = IsPacked(entry, heading.type, heading.name);
-  // A text that is whole is hardly that of another type, but a byte of it can be damaged.
+  // An undamaged text is hardly that of another type, but a byte of it can be damaged.
   BankShape const* known = NearestShape(entry, heading.type, isPacked ? 2 : 9);
   // Only components have records in blocks of their own, as far as is known here.
   if (known == nullptr && !isPacked && heading.shape.isAddressed) known = ShapeOf(heading.shape);
@@ -162,7 +161,7 @@ BankHeading ReadBankEntry(BrokenLibrary const& library, std::int32_t const* entr
   heading.keyIsGood = isPacked && (known == nullptr || known->type == heading.type);
   if (known == nullptr) return heading;  // a host's own type, or hopeless
   heading.type = known->type;
-  // A record length that no format has is believed of a head that agrees with itself.
+  // A record length that no format has is accepted if the head agrees with itself.
   bool const isOwn =
       !known->shape.isAddressed && IsHead(library, head) && Agreement(head, known->shape) < 3;
   if (!isOwn) heading.shape = known->shape;

@@ -47,10 +47,11 @@ struct BankHeading {
   std::string typeIsOneOf;  // where several types have this shape: their names
 };
 
-// Whether an entry of the directory can be true: its key is that of a bank, or its head that of a
+// Whether an entry of the directory can be right: its key is that of a bank, or its head that of a
 // tree.
 bool IsBankEntry(BrokenLibrary const& library, std::int32_t const* entry);
-// What an entry says. What is damaged is taken from the bank type, and the type from the head.
+// Returns what an entry says. Damaged parts are taken from the bank type, and a damaged type from
+// the head.
 BankHeading ReadBankEntry(BrokenLibrary const& library, std::int32_t const* entry);
 // A bank that no entry describes.
 BankHeading MakeHeading(BankShape const& shape, std::string name, std::int32_t root);

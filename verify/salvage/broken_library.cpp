@@ -18,7 +18,7 @@ namespace f = format;
 namespace {
 
 constexpr std::int32_t kTypes[] = {libKind11, libKind12, libKind13};
-// The blocks of each file at which the type and the sizes of blocks are looked for.
+// How many blocks of each file are searched for the type and the sizes of blocks.
 constexpr std::int64_t kMostLookedAt = 4000;
 
 // The words that every head of these trees has before the root.
@@ -107,8 +107,8 @@ openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& 
   return openOk;
 }
 
-// Addresses of a type that the files hold: every word among the first blocks of each file that
-// names a block that the library has. Numbers and packed texts hardly ever look like that.
+// The number of addresses of a type in the files: every word among the first blocks of each file
+// that names a block that the library has. Numbers and packed texts hardly ever look like that.
 std::int64_t BrokenLibrary::Votes(std::int32_t type) const {
   std::int64_t votes = 0;
   for (int file = 1; file <= f::kMaxFiles; ++file) {
@@ -142,8 +142,8 @@ void BrokenLibrary::FindType() {
   }
 }
 
-// A size other than the one of every library made here is believed only if the blocks agree: with
-// it, more of them begin like a node.
+// A size other than that of every library made here is accepted only if the blocks agree: with it,
+// more of them begin like a node.
 void BrokenLibrary::FindBlockSizes() {
   auto const nodes = [&](FileImage const& image, std::int32_t size) {
     std::int64_t count = 0;

@@ -1,6 +1,6 @@
 // A library that may be damaged: its files, and what its header says, or must have said.
 //
-// Nothing in it is trusted. What a library cannot be without - type, sizes of blocks, heads of its
+// Nothing in it is trusted. What a library cannot do without - type, sizes of blocks, heads of its
 // trees - is taken from the header where the files agree with it, and otherwise from the files:
 // from the addresses in them, and from what their blocks look like.
 #pragma once
@@ -27,10 +27,10 @@ class BrokenLibrary {
   openErrors Open(platform::FileSystem& system, std::string const& firstPath);
 
   std::int32_t Type() const noexcept { return type_; }
-  // The header as it is on file; all zeros if it cannot be read. Only texts, memo and password are
-  // to be taken from it.
+  // The header as it is on file; all zeros if it cannot be read. Only texts, memo and password may
+  // be taken from it.
   Header const& HeaderWords() const noexcept { return header_; }
-  // What had to be found without the header, as texts; empty for a good one.
+  // What had to be found without the header, as texts; empty for a good header.
   std::vector<std::string> const& Repairs() const noexcept { return repairs_; }
   // True when password level and password are what a writer leaves.
   bool PasswordIsGood() const noexcept;

@@ -57,7 +57,7 @@ ComponentRecords::ComponentRecords(BrokenLibrary const& library) : library_(libr
   }
 }
 
-// A few of these words can be damaged.
+// A few of these words may be damaged.
 bool ComponentRecords::IsRecord(std::int32_t address) const noexcept {
   std::int32_t const* main = library_.Run(address, r::kMainWords);
   if (main == nullptr || main[r::kNumber] <= 0) return false;
@@ -109,8 +109,8 @@ bool ComponentRecords::Copy(std::int32_t address, std::int32_t number, Component
   return true;
 }
 
-// IDs with letters that no writer stores in a record whose other texts are coded, which damage has
-// made.
+// Drops damaged IDs: those with letters that no writer stores in a record whose other texts are
+// coded.
 void ComponentRecords::DropIds(ComponentWords& to) {
   if (!AreCoded(&to.main[r::kName], r::kNameWords)) return;
   KeepIds(to, [](std::string_view id) {

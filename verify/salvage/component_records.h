@@ -31,7 +31,7 @@ class ComponentRecords {
 
   // True for the address of a block that looks like the main block of a component.
   bool IsRecord(std::int32_t address) const noexcept;
-  // True if a main block at the address says that it is that of this component.
+  // True if a main block at the address states the number of this component.
   bool IsRecordOf(std::int32_t address, std::int32_t number) const noexcept;
   // The number that a main block states.
   std::int32_t NumberOf(std::int32_t address) const noexcept {
@@ -46,7 +46,8 @@ class ComponentRecords {
   // Copies a component. A part that cannot be read is left out and named; values that are not
   // numbers become undefined, and are named. False if the main block cannot be read.
   bool Copy(std::int32_t address, std::int32_t number, ComponentWords& to) const;
-  // Leaves out the IDs for which that is false, and names them as missing; the others move up.
+  // Leaves out the IDs for which `isKept` returns false, and names them as missing; the others move
+  // up.
   static void KeepIds(ComponentWords& to, std::function<bool(std::string_view)> const& isKept);
 
  private:

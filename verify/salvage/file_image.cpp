@@ -25,7 +25,7 @@ std::int32_t InFileOrder(std::int32_t word) noexcept {
 
 }  // namespace
 
-// Memory that calloc gives is zero without being touched, so that the holes of a file cost nothing.
+// Memory from calloc is zero without being touched, so that the holes of a file cost nothing.
 FileImage::FileImage(std::unique_ptr<platform::BlockFile> file) : file_(std::move(file)) {
   words_ = std::min(static_cast<std::int64_t>(file_->Size() / f::kWordBytes), kMostWordsOfFile);
   auto const count = static_cast<std::size_t>(words_ + kMostWords);

@@ -11,15 +11,15 @@
 
 namespace zel {
 
-// A copy in memory: of a mapped file, a part that cannot be read would end the process. Words can
-// be looked at wherever they begin within the file; those after its end are zeros, and so are those
-// of a part that cannot be read. Pointers stay valid while the image exists.
+// A copy in memory: in a mapped file, a part that cannot be read would end the process. Words can
+// be read wherever they begin within the file; those after its end are zeros, and so are those of a
+// part that cannot be read. Pointers stay valid while the image exists.
 class FileImage {
  public:
-  // The most words that can be looked at in one piece.
+  // The most words that can be read in one piece.
   static constexpr std::int32_t kMostWords = format::kNodeWords;
 
-  // What is after the last block that an address can name is left out. Zeros take no memory.
+  // The part after the last block that an address can name is left out. Zeros take no memory.
   explicit FileImage(std::unique_ptr<platform::BlockFile> file);
 
   // Whole words in the file.

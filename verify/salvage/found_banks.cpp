@@ -33,7 +33,7 @@ TreeContents FoundBanks::Walk(TreeShape const& shape, std::int32_t root, TreeWal
   return walk.From(root);
 }
 
-// What entries of components lead to is looked at later (found_components.h).
+// The records to which entries of components lead are read later (found_components.h).
 TreeContents FoundBanks::WalkBank(BankHeading const& heading,
                                   std::set<std::int32_t> const& leftOut) {
   if (!heading.shape.IsUsable()) return {};
@@ -53,8 +53,8 @@ double FoundBanks::Claim(BankHeading const& bank, std::int32_t node) {
          share;
 }
 
-// A damaged link or root can lead into another tree: a node belongs to the one that it suits best,
-// of equal ones to that in which another node leads to it.
+// A damaged link or root can lead into another tree: a node belongs to the tree that it suits best,
+// and of equally good ones to that in which another node leads to it.
 void FoundBanks::SettleClaims() {
   std::map<std::int32_t, std::vector<std::size_t>> claims;
   for (std::size_t i = 0; i < banks_.size(); ++i) {
@@ -92,7 +92,8 @@ void FoundBanks::WalkAll() {
   AddBanksOfDirectory();
 }
 
-// Adds those that are not there yet. An entry whose key is out of order may still describe a bank.
+// Adds the banks of entries that have not been added yet. An entry whose key is out of order may
+// still describe a bank.
 void FoundBanks::AddBanksOfDirectory() {
   std::set<std::pair<std::array<std::int32_t, f::kBankKeyWords>, std::int32_t>> known;
   for (SalvagedTree const& bank : banks_) known.emplace(bank.heading.key, bank.heading.root);
@@ -112,7 +113,7 @@ void FoundBanks::AddBanksOfDirectory() {
 }
 
 // True if writers of this library leave zeros after the last entry of a node. Nearly all nodes must
-// have them, since a count that became too small is then not believed.
+// have them, since a count that became too small is then rejected.
 bool FoundBanks::LearnTails() {
   std::int64_t clean = directory_.contents.cleanTails + ids_.cleanTails + cas_.cleanTails;
   std::int64_t dirty = directory_.contents.dirtyTails + ids_.dirtyTails + cas_.dirtyTails;
@@ -160,8 +161,8 @@ void FoundBanks::FindOrphans() {
                    });
 }
 
-// Entries in unreached nodes of the directory are of banks where the directory has a gap; where it
-// has none, they are of banks that were deleted, or old.
+// Entries in unreached nodes of the directory are of banks where the directory has a gap; otherwise
+// they are of banks that were deleted, or outdated.
 void FoundBanks::FillDirectory() {
   auto const isBank = [this](std::int32_t const* entry) { return IsBankEntry(library_, entry); };
   std::vector<OrphanTree> const trees = orphans_->Trees(kDirectoryShape, isBank);
@@ -176,8 +177,8 @@ void FoundBanks::FillDirectory() {
   GapFilling(library_, {&directory_}, [&](BankHeading const&, std::int32_t const* entry) {
     return isBank(entry);
   }).Fill(trees, used);
-  // Where only the address of the root was lost, the directory is whole again. A leaf that has been
-  // split is not all of it.
+  // If only the address of the root was lost, the directory is whole again. A leaf that has been
+  // split is only a part of it.
   auto const isIt = [&](OrphanTree const& tree) {
     std::int32_t const* root = library_.Run(tree.root, f::kNodeWords);
     bool const isAll = tree.contents.height > 1 || (root[f::kNodePrevious] == f::kNullAddress &&
@@ -248,7 +249,8 @@ bool FoundBanks::CanBeIn(BankHeading const& bank, std::int32_t const* entry) {
                                 checks_.IsOfFormat(*shape, entry + bank.shape.keyWords, used));
 }
 
-// Of components, an entry whose record is another's is damaged; of others, the walk decides.
+// An entry of a component whose record belongs to another one is damaged; for other banks the walk
+// decides.
 TreeWalk::Test FoundBanks::TestOf(TreeShape const& shape) const {
   if (!shape.isAddressed) return {};
   return [this](std::int32_t const* entry) { return records_.IsRecordOf(entry[1], entry[0]); };

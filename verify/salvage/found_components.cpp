@@ -36,12 +36,12 @@ class Finder {
       std::sort(bank.components.begin(), bank.components.end(),
                 [](auto const& a, auto const& b) { return a.number < b.number; });
     }
-    // New banks may have moved the others.
+    // Adding new banks may have moved the others.
     return std::move(banks_);
   }
 
  private:
-  // An entry in its place whose record has its number.
+  // Takes entries in their places whose records have their numbers.
   void TakeSound(ComponentBank& bank) {
     for (FoundEntry const& entry : bank.bank->contents.entries) {
       if (!records_.IsRecordOf(entry.words[1], entry.words[0])) continue;
@@ -49,7 +49,7 @@ class Finder {
     }
   }
 
-  // Entries whose record has another number, or is not where they say.
+  // Takes entries whose record has another number, or is not where they say.
   void TakeOthers(ComponentBank& bank) {
     TreeContents const& contents = bank.bank->contents;
     for (FoundEntry const& entry : contents.entries) {
@@ -71,8 +71,8 @@ class Finder {
     }
   }
 
-  // Either the number in the entry is wrong or that in the record: the one that others of the bank
-  // leave room for is right, that of the entry if both do.
+  // Either the number in the entry is wrong or that in the record: the one that fits between the
+  // other numbers of the bank is right, that of the entry if both fit.
   void TakeByRecord(ComponentBank& bank, FoundEntry const& entry) {
     std::int32_t const ofRecord = NumberOf(entry.words[1]);
     std::int32_t const ofEntry = entry.words[0];
@@ -91,7 +91,7 @@ class Finder {
     }
   }
 
-  // The end if the entry is not one of them.
+  // Returns the end if the entry is not one of them.
   static std::vector<FoundEntry>::const_iterator PlaceOf(FoundEntry const& entry,
                                                          std::vector<FoundEntry> const& entries) {
     auto const at =
@@ -113,8 +113,8 @@ class Finder {
            (at + 1 == entries.end() || number < (at + 1)->words[0]);
   }
 
-  // Records that no entry leads to, those in free blocks last. Of several banks with room, the one
-  // whose records are nearest.
+  // Takes records that no entry leads to, those in free blocks last. Of several banks with room,
+  // the one whose records are nearest gets the record.
   void TakeIntoGaps() {
     std::vector<Room> rooms;
     for (ComponentBank const& bank : banks_) rooms.push_back(RoomIn(bank.bank->contents));
@@ -163,7 +163,7 @@ class Finder {
     return least;
   }
 
-  // What is left, each number once per bank.
+  // Takes what is left, each number once per bank.
   void TakeIntoNewBanks() {
     std::map<std::int32_t, int> copies;
     std::vector<std::vector<FoundComponent>> banks;

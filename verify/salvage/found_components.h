@@ -14,7 +14,7 @@ struct FoundComponent {
   std::int32_t address = 0;  // 0 for a record that is lost
   bool isScanned = false;
   bool isOutdated = false;
-  std::string note;  // what was wrong with entry or record
+  std::string note;  // what was wrong with the entry or the record
 };
 
 struct ComponentBank {

@@ -17,7 +17,7 @@ namespace {
 
 using IdKey = std::array<std::int32_t, f::kIdKeyWords>;
 
-// The key of an ID in the tree of IDs, which has them in capitals.
+// The key of an ID in the tree of IDs, in which they are in capitals.
 IdKey KeyOf(std::string_view id) {
   char capitals[f::kWordBytes * r::kIdWords + 1] = "";
   std::transform(id.begin(), id.end(), capitals, [](char c) { return ToUpper(c); });

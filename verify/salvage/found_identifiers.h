@@ -23,7 +23,7 @@ class FoundIdentifiers {
   explicit FoundIdentifiers(FoundBanks const& before) : before_(before) {}
 
   void NoteAll(std::vector<ComponentBank> const& banks, ComponentRecords const& records);
-  // Takes the IDs out of a component that belong to another one, and names that as missing.
+  // Removes from a component the IDs that belong to another one, and names them as missing.
   void DropForeign(ComponentWords& words) const;
   // Identifiers that no component has are kept if the library still has their component.
   void Write(RescuedLibrary& to) const;

@@ -13,8 +13,8 @@ namespace zel {
 // one that is not text or cannot be read.
 std::optional<std::string> MemoAt(BrokenLibrary const& library, std::int32_t address,
                                   std::int32_t words);
-// The text of a run that is that of a memo by its looks: text of some length, and zeros after it.
-// Empty if it is not.
+// The text of a run that looks like a memo: text of some length, and zeros after it. Empty if it is
+// not.
 std::string LooseMemo(BrokenLibrary const& library, std::int32_t address);
 
 }  // namespace zel

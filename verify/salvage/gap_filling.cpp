@@ -17,8 +17,8 @@ namespace {
 
 bool IsOpen(TreeGap const& gap) noexcept { return !gap.isFilled || gap.height != 1; }
 
-// How near the word that should have been the address is to it: 3 for one wrong bit, 2 for one
-// wrong byte.
+// How near the word in place of the address is to the address: 3 for one wrong bit, 2 for one wrong
+// byte.
 double LinkScore(std::int32_t link, std::int32_t address) noexcept {
   auto const wrong = static_cast<std::uint32_t>(link) ^ static_cast<std::uint32_t>(address);
   if (std::popcount(wrong) <= 1) return 3.0;
@@ -60,7 +60,7 @@ GapFilling::GapFilling(BrokenLibrary const& library, std::vector<SalvagedTree*> 
   }
 }
 
-// A node that was never split is all that its tree ever had.
+// A node that was never split is the only one that its tree ever had.
 bool GapFilling::IsWholeTree(OrphanTree const& orphan) const {
   std::int32_t const* words = library_.Run(orphan.root, f::kNodeWords);
   return orphan.contents.height == 1 && words != nullptr &&
@@ -139,7 +139,7 @@ void GapFilling::AddGap(SalvagedTree& tree, TreeGap const& gap) {
   gaps_.at(&tree).emplace(gap.before, tree.contents.gaps.size() - 1);
 }
 
-// What is between the tree and what was missing already stays missing.
+// What is between the tree and the ends of the gap stays missing.
 void GapFilling::Put(OrphanTree const& orphan, Place const& place) {
   TreeContents& contents = place.tree->contents;
   TreeGap const gap = contents.gaps[place.gap];
@@ -172,7 +172,8 @@ void GapFilling::Put(OrphanTree const& orphan, Place const& place) {
   }
 }
 
-// The surest first. A gap that was filled in the meantime changes the best place of the others.
+// Fills with the surest trees first. A gap that was filled in the meantime changes the best places
+// of the others.
 void GapFilling::Fill(std::vector<OrphanTree> const& orphans, std::set<std::int32_t>& used) {
   using Rank = std::tuple<bool, double, std::size_t, std::size_t>;  // the last is for equal ones
   std::set<Rank, std::greater<>> queue;

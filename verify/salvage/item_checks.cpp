@@ -33,7 +33,8 @@ ItemChecks::Type::Type(BankShape const& of)
       fields(FieldsOf(*item.Get())),
       shape(&of) {
   if (of.shape.isAddressed) return;
-  // A word is used if it comes back as anything, whether it is a real, a text or a whole number.
+  // A word is used if, for one of these values, it is not 0 after a record of such words was read
+  // and written again. The values are valid as reals, texts or whole numbers.
   auto const count = static_cast<std::size_t>(of.shape.dataWords);
   used.resize(count);
   for (std::int32_t const word : {1'050'000'001, 10'101'010, 1, 1001, -5, 12'345'678}) {

@@ -1,4 +1,4 @@
-// What the records of items say by themselves.
+// Checks of the records of items by themselves.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,8 @@ class ItemChecks {
   // Whether the words of a record can have been written in this format: those that it does not use
   // are zero. `used` receives true for each word that it uses.
   bool IsOfFormat(BankShape const& shape, std::int32_t const* data, std::vector<bool>& used);
-  // Makes numbers of a record that are not numbers undefined; returns the names of their fields.
+  // Sets the reals of a record that are not numbers to undefined; returns the names of their
+  // fields.
   std::vector<std::string> Mend(BankHeading const& bank, std::int32_t* data);
 
  private:

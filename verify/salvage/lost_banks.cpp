@@ -1,4 +1,4 @@
-// Banks that the directory does not describe any more: they are found by their trees.
+// Banks that the directory no longer describes: they are found by their trees.
 #include <algorithm>
 #include <array>
 #include <list>

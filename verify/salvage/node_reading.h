@@ -8,9 +8,9 @@
 
 namespace zel {
 
-// What can still be made out of a block that should be a node. The links say most: those of a node
-// are all null or all addresses, and stand where the widths of the tree put them. So a wrong count
-// is noticed, and an entry between two words that are not links is damaged.
+// What can still be read from a block that should be a node. The links tell most about it: those of
+// a node are all null or all addresses, and are where the widths of the tree put them. So a wrong
+// count is noticed, and an entry between two words that are not links is damaged.
 class NodeReading {
  public:
   enum class Link : std::uint8_t { kNull, kChild, kBad };
@@ -35,10 +35,10 @@ class NodeReading {
     return words_[format::kNodeLinks + i * shape_.Width()];
   }
   bool LinkIsGood(std::int32_t i) const noexcept { return ClassOf(LinkWord(i)) == own_; }
-  // The neighbours when the node was split; anything.
+  // The neighbours when the node was split; may be any words.
   std::int32_t Previous() const noexcept { return words_[format::kNodePrevious]; }
   std::int32_t Next() const noexcept { return words_[format::kNodeNext]; }
-  // Of the links that a node with these entries has, how many are good, 0 to 1.
+  // The share of good links among those that a node with these entries has, 0 to 1.
   double GoodLinks() const noexcept { return goodLinks_; }
   // True when the node itself states this count.
   bool CountIsStated() const noexcept { return words_[format::kNodeCount] == count_; }

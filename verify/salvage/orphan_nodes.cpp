@@ -97,7 +97,7 @@ std::vector<OrphanTree> OrphanNodes::Trees(TreeShape const& shape,
   for (std::int32_t const address : addresses) {
     bool const isFree = library_.IsFree(address);
     auto const parent = parents.find(address);
-    // What a free block leads to may be in use again.
+    // A node that a free block leads to may be in use again.
     bool const isTop = parent == parents.end() || parent->second == address ||
                        (library_.IsFree(parent->second) && !isFree);
     if (!isTop) continue;

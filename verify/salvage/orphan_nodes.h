@@ -33,7 +33,7 @@ class OrphanNodes {
   // The unreached trees with nodes of this shape, those with most entries first.
   std::vector<OrphanTree> Trees(TreeShape const& shape, TreeWalk::Test const& test) const;
   // True if the node is a leaf, and an unreached leaf in a block that is not free has keys between
-  // its first and its last.
+  // the first and the last one of this leaf.
   bool HasLeafInPlaceOf(std::int32_t node, TreeShape const& shape) const;
   // The uppermost unreached node from which links lead to a node that is reached; that node itself
   // if nothing leads to it. Free blocks do not count.

@@ -16,7 +16,7 @@ void RescuedLibrary::BeginBank(BankHeading& heading) {
   std::int32_t const* other = nullptr;
   bool isTaken = heading.name.empty() && !heading.keyIsGood;
   key_ = heading.key;
-  // A bank is found with and without the mark of its format.
+  // A bank can be found with and without the mark of its format.
   while (isTaken || directory.Find(key_.data(), found) ||
          library_.FindBank(heading.type.c_str(), heading.name.c_str(), other, false)) {
     isTaken = false;

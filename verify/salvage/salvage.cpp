@@ -150,7 +150,7 @@ void Salvage::Header() {
   LibraryMemo(header[f::kMemoAddress], header[f::kMemoWords]);
 }
 
-// A memo whose address is lost is the only block of text that nothing leads to.
+// If the address of the memo is lost, it is the only block of text that nothing leads to.
 void Salvage::LibraryMemo(std::int32_t address, std::int32_t words) {
   bool const hasHeader = from_.HeaderWords()[f::kLibType] == from_.Type();
   std::optional<std::string> memo = MemoAt(from_, address, words);

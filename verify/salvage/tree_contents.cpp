@@ -27,8 +27,8 @@ void TreeWalk::Miss(std::int32_t link, int level) {
   steps_.push_back({nullptr, visits_.size(), link, level, false, false});
 }
 
-// A damaged link can lead to a node that also has its right place: each is visited a few times, and
-// the order of the keys decides.
+// A damaged link can lead to a node that is also reached from its right place: each node is visited
+// a few times, and the order of the keys decides.
 bool TreeWalk::MayEnter(std::int32_t address, int level) {
   constexpr int kMostVisits = 3;
   bool const isLeftOut = std::any_of(leftOut_.begin(), leftOut_.end(),
@@ -92,7 +92,7 @@ void TreeWalk::KeepThoseInOrder() {
   }
 }
 
-// What was read in a wrong place is missing there.
+// What was read in a wrong place is missing in its right one.
 void TreeWalk::ReleaseMisplaced() {
   for (Step& step : steps_) {
     if (step.words == nullptr) continue;
@@ -127,7 +127,7 @@ TreeContents TreeWalk::Contents() const {
       close(step.words);
       last = step.words;
     } else if (step.words == nullptr && step.link != 0) {
-      // One gap for all that is missing in a row.
+      // One gap covers all that is missing in a row.
       int const height = leafLevel_ == 0 ? 0 : std::max(0, leafLevel_ - step.level + 1);
       if (contents.gaps.size() > openGaps) {
         contents.gaps.back().height = std::max(contents.gaps.back().height, height + 1);

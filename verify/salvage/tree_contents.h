@@ -19,7 +19,8 @@ struct FoundEntry {
   bool isOutdated = false;  // from a free block
 };
 
-// Where something of the tree is missing: the entries before and after it, null for none.
+// A place where something of the tree is missing: the entries before and after it, null at the
+// ends.
 struct TreeGap {
   std::int32_t const* before = nullptr;
   std::int32_t const* after = nullptr;
@@ -30,7 +31,7 @@ struct TreeGap {
 
 struct TreeContents {
   std::vector<FoundEntry> entries;  // in ascending order of keys
-  std::vector<FoundEntry> keyless;  // entries whose keys cannot be true
+  std::vector<FoundEntry> keyless;  // entries whose keys cannot be right
   std::vector<TreeGap> gaps;        // missing subtrees
   std::vector<TreeGap> holes;       // missing entries within nodes that were read
   std::set<std::int32_t> nodes;     // addresses of the nodes that belong to the tree
@@ -44,8 +45,9 @@ struct TreeContents {
 // and does not count as reached.
 class TreeWalk {
  public:
-  // How many nodes walks may visit together: what links of a damaged or a forged library lead to
-  // again and again takes no more time and memory than a few times the library.
+  // The number of nodes that all walks together may visit, so that links of a damaged or forged
+  // library that lead to the same nodes again and again take no more time and memory than a few
+  // times the library.
   class Budget {
    public:
     explicit Budget(BrokenLibrary const& library);
@@ -55,7 +57,7 @@ class TreeWalk {
     std::int64_t left_;
   };
 
-  // Whether an entry can be true at all.
+  // Whether an entry can be right at all.
   using Test = std::function<bool(std::int32_t const* entry)>;
 
   // The budget must outlive the walk.
@@ -85,7 +87,7 @@ class TreeWalk {
     std::int64_t kept;
     bool isLeaf;
 
-    // The few entries of an inner node can all be damaged where the node is in its place.
+    // The few entries of an inner node can all be damaged although the node is in its place.
     bool IsMisplaced() const noexcept { return entries >= (isLeaf ? 1 : 3) && 2 * kept < entries; }
   };
 

@@ -52,7 +52,7 @@ desk::MergeChoice ChoiceNamed(std::string const& word) {
   throw desk::UnknownWord("", "choice is \"refuse\", \"ours\" or \"theirs\", not \"" + word + "\"");
 }
 
-// A change, which one thread at a time makes.
+// A change; one thread at a time may use it.
 class Change {
  public:
   explicit Change(desk::Change change) : change_(std::move(change)) {}

@@ -18,14 +18,14 @@ namespace zelpython {
 namespace py = pybind11;
 namespace desk = zel::desk;
 
-// Arrays without gaps; what is one already is not copied.
+// Arrays without gaps; an array that has none is not copied.
 using Doubles = py::array_t<double, py::array::c_style | py::array::forcecast>;
 
 // A text of a library, whose bytes may be damaged.
 py::str Str(std::string const& text);
 // The same; None for an empty text.
 py::object StrOrNone(std::string const& text);
-// A number; None for nothing.
+// The value of a cell; None for an empty one.
 py::object ToPython(desk::Cell const& cell);
 // (name, [(heading, unit), ...], [values of the first column, ...])
 py::tuple ToPython(desk::Table const& table);

@@ -35,7 +35,7 @@ void Take(py::dict const& record, char const* name, T& field) {
   if (record.contains(name) && !record[name].is_none()) field = record[name].cast<T>();
 }
 
-// From the value of the equation to that of the correlation.
+// The factor from the value of the equation to that of the correlation.
 double FactorOf(zel::ZelCorrelation const& record) {
   constexpr std::int32_t kPerMass = 2;
   if (record.moleWtBasis != kPerMass) return record.factor;

@@ -40,7 +40,7 @@ void CheckFormat(Session const& session, Options const& o) {
   if (session.form != Form::kText) throw WrongUsage("--format excludes --json and --csv");
 }
 
-// Those of the baseline that are no longer found.
+// Adds the findings of the baseline that are no longer found.
 void AddGone(std::vector<Finding> const& findings, Report& report) {
   if (findings.empty()) return;
   Table table(
@@ -69,7 +69,7 @@ Report ReportOf(CheckedLibraries const& checked) {
   return report;
 }
 
-// Shows how far the check is; Ctrl-C ends it.
+// Shows the progress of the check; Ctrl-C ends it.
 class FollowedCheck final : public CheckSteps {
  public:
   void Begin(std::string const& what, double share, zel::LibFile& library) override {

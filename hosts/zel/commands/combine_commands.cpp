@@ -36,7 +36,7 @@ struct Options {
   bool list = false;
 };
 
-// The names of the sources, unless these are too many or a document could not hold them.
+// The names of the sources, unless they are too many or a document could not hold them.
 std::string DescriptionOf(PreferenceList const& list) {
   constexpr std::size_t kMost = 100;
   std::string names;

@@ -58,7 +58,8 @@ std::string NearestOption(CLI::App const& app, std::string const& command, int c
   return ";";
 }
 
-// That the first word is not a command, and which one is like it; empty if it is one or an option.
+// The message that the first word is not a command, with the most similar one; empty if it is a
+// command or an option.
 std::string WhyNoCommand(CLI::App const& app, int count, char** words) {
   std::string const first = count > 1 ? words[1] : "";
   if (first.empty() || first.front() == '-') return "";
@@ -123,7 +124,7 @@ std::string LineOf(std::vector<std::string> const& words, std::set<std::string> 
   return line;
 }
 
-// Takes words with commas between them apart. A word that has nothing else stays, and is refused.
+// Splits words at commas. A word of commas only stays, and is refused.
 void TakeApart(std::vector<std::string>& words) {
   std::vector<std::string> parts;
   for (std::string& word : words) {
@@ -155,7 +156,8 @@ struct FindLibraries {
   void operator()(int* /*number*/) const {}
 };
 
-// The library for names, and the units, from the configuration file where none were given.
+// Sets the library for names and the units from the configuration file where the command line does
+// not.
 void UseDefaults(Session& session) {
   Configuration const& file = session.defaults.File();
   if (!session.hasUnits) session.units = DisplayUnits(file.units, file.sets);
@@ -170,7 +172,7 @@ void UseDefaults(Session& session) {
   }
 }
 
-// Keeps for the session what the words say before they are parsed.
+// Stores in the session what can be read from the words before they are parsed.
 void NoteLine(std::vector<std::string> const& words, std::vector<std::string> const& commands,
               std::set<std::string> const& secrets, Session& session) {
   session.command = LineOf(words, secrets);
@@ -335,7 +337,7 @@ CommandLine::CommandLine(Session& session)
       ->check(CLI::Range(0.0, kLongestWait))
       ->envname("ZEL_WAIT")
       ->trigger_on_parse();
-  // For the build, which installs these.
+  // Hidden options for the build, which installs their outputs.
   app_->add_flag_callback("--man", [this] { throw OtherText{ManualPage(*app_)}; })->group("");
   struct {
     char const* flag;
@@ -356,7 +358,7 @@ int CommandLine::Run(int given, char** givenWords) {
   std::vector<char*> line = WithoutHelpWord(given, givenWords);
   int const count = static_cast<int>(line.size());
   char** const words = line.data();
-  // For the scripts of the shells: the words may be a part of a command line only.
+  // For the scripts of the shells: the words may be only a part of a command line.
   if (count > 1 && std::strcmp(words[1], "--complete") == 0) {
     if (char const* const names = std::getenv("ZEL_NAMES")) session_.namesPath = names;
     Write(CompletedValues(session_, *app_, {words + 2, words + count}));

@@ -21,8 +21,8 @@ namespace zelhost {
 // The output options that a command accepts.
 enum class Outputs { kJson, kJsonAndCsv };
 
-// Where the value of an argument or option is stored: a text, a text that may be absent, several
-// texts, or a whole number.
+// The place where the value of an argument or option is stored: a text, a text that may be absent,
+// several texts, or a whole number.
 class Target {
  public:
   Target(std::string& text) : to_(&text) {}

@@ -1,4 +1,4 @@
-// The values that can stand at the cursor of a command line.
+// The values that are possible at the cursor of a command line.
 #include <zelaccess/ZelAccess.h>
 
 #include <algorithm>
@@ -55,7 +55,7 @@ std::string KindAtCursor(CLI::App const& command, std::vector<std::string> const
   return at->get_name();
 }
 
-// The library that a word names, "own.lb1", "own" or "own:BANK"; empty if it names none.
+// The library that a word names, "own.lb1", "own" or "own:BANK"; empty if it does not name one.
 std::string LibraryOf(Session& session, std::string const& word) {
   if (word.empty() || word[0] == '-') return "";
   std::string path = session.defaults.Path().FindSource(word);
@@ -135,7 +135,7 @@ void AddData(std::string const& type, Values& values) {
   for (Field const& field : FieldsOf(*item)) values.Add(field.name, field.label);
 }
 
-// The type that a word names, "NRTL" or "NRTL:OWN"; empty if it names none.
+// The type that a word names, "NRTL" or "NRTL:OWN"; empty if it does not name one.
 std::string TypeNamed(std::string const& word) {
   std::string const type = UpperCase(word.substr(0, word.find(':')));
   return BankOrNone(type) ? type : "";

@@ -33,7 +33,7 @@ void AddOptions(CLI::App const& owner, std::vector<Choice>& options) {
   }
 }
 
-// Of a command, and those of all commands.
+// The options of a command, and those of all commands.
 std::vector<Choice> OptionsOf(CLI::App const& app, CLI::App const& command) {
   std::vector<Choice> options;
   AddOptions(command, options);
@@ -66,7 +66,7 @@ std::string Words(std::vector<Choice> const& choices) {
   return words;
 }
 
-// In single quotes, for a shell.
+// The text in single quotes, for a shell.
 std::string Quoted(std::string const& text, char const* quote) {
   std::string quoted = "'";
   for (char const c : text) quoted += c == '\'' ? std::string(quote) : std::string(1, c);

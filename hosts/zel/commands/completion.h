@@ -16,8 +16,8 @@ std::string FishCompletion(CLI::App const& app);
 
 // The values that the last of the words can have, by the words before it: component IDs, banks,
 // bank types, correlations, data. One per line, followed by a tab and what it is, if that is known.
-// Nothing where a file can stand, where nothing is known, and if a library cannot be read: no
-// message may disturb a line that is being typed. The libraries are those that the words name.
+// Nothing where a file name is possible, where nothing is known, and if a library cannot be read: a
+// message must not disturb a line that is being typed. The libraries are those that the words name.
 std::string CompletedValues(Session& session, CLI::App const& app,
                             std::vector<std::string> const& words);
 

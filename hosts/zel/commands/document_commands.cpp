@@ -234,8 +234,7 @@ void CheckStandardOutput(Session const& session, Options const& o) {
 
 constexpr char kOnlyDocument[] = "document.xml";  // its name until it is printed
 
-// Writes the documents as one to standard output; what a report would say is said on standard
-// error.
+// Writes the documents as one to standard output; what a report would show goes to standard error.
 void PrintDocument(Session& session, Report const& findings, OutputFolder const& documents,
                    BeyondDocuments const& beyond) {
   std::string const text = OneDocument(documents.PathOf(""), kOnlyDocument) + AsComment(beyond);

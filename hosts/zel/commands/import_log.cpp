@@ -33,7 +33,7 @@ Cell Shortened(std::string text) {
   return Text(std::move(text));
 }
 
-// Nothing for 0.
+// The count; an empty cell for 0.
 Cell CountOrNone(std::int64_t count) { return count == 0 ? Cell() : Cell(count); }
 
 // One call per line, so that the output of other writers does not split it. A full disk is noticed

@@ -44,7 +44,7 @@ class ImportLog final : public zel::ZelLogSink {
 class ImportTotals {
  public:
   void Add(zel::ZelImportCounts const& counts);
-  // Adds the facts; what was not stored and what was changed only if there is any.
+  // Adds the facts; numbers of what was not stored or was altered only if they are not 0.
   void AddTo(Report& report) const;
 
  private:

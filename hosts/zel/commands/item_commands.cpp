@@ -84,7 +84,7 @@ std::int64_t CopyOne(Library const& from, Library const& to, Options const& o,
   if (!from.Maint().ReadItem(item.get(), bank.name.c_str(), key.get())) {
     RefuseItem(from, bank, Joined(o.words), "does not exist" + WhyNotFound(from, *item, o.words));
   }
-  // By numbers and as it is stored: the other library need not know the IDs.
+  // The key is set by numbers and as it is stored: the other library need not know the IDs.
   std::int32_t const* const words = dynamic_cast<zel::Key_p const&>(*key).GetKeyWords();
   CodeCounts codes;
   int const copied = CopyItem(from, to, bank, *item, {words, words + BankFacts(*item).keyWords},

@@ -44,7 +44,7 @@ std::optional<BankName> BankOf(Library const& library, Options const& o) {
   return library.Bank(o.bank);
 }
 
-// Refuses the file if rows are, after the report of them was printed.
+// Refuses the file if rows were refused, after printing the report about them.
 void CheckRefused(Session& session, Report& report, Options const& o, std::int64_t refused,
                   std::int64_t read) {
   if (refused == 0 || o.skipBad) return;

@@ -15,13 +15,13 @@ struct Options {
 
 constexpr char kHere[] = ".";
 
-// Where the configuration file has a setting.
+// The line of the configuration file that has a setting.
 std::string LineOf(Configuration const& file, std::string const& name) {
   auto const at = file.lines.find(name);
   return at == file.lines.end() ? "" : "line " + std::to_string(at->second);
 }
 
-// The file of the library that a word of the configuration names; nothing if there is none.
+// The file of the library that a word of the configuration names; nothing if it is not found.
 Cell Resolved(LibraryPath const& path, std::string const& source) {
   try {
     std::string const found = path.FindSource(source);

@@ -26,7 +26,7 @@ struct Options {
 
 enum class Kind { kSvg, kCsv };
 
-// By the ending of the file; on standard output a chart, unless the option --csv is given.
+// The kind by the ending of the file; on standard output a chart, unless the option --csv is given.
 Kind KindOf(Session const& session, std::string const& output) {
   if (IsStandardOutput(output)) {
     if (session.form == Form::kJson) {

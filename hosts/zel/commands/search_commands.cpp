@@ -20,7 +20,7 @@ struct Options {
   std::string datum;
 };
 
-// The citation of a datum, which is noted under the name of its source; null if there is none.
+// The citation of a datum, which is noted under the name of its source; null without one.
 Citation const* CitationIn(std::map<std::uint32_t, Citation> const& citations,
                            std::uint32_t index) {
   auto const at = citations.find(index);
@@ -139,7 +139,7 @@ void WhyConstant(zel::ZelConstantInfo const& info, Options const& o, PreferenceL
   report.Fact("value", Number(merged.Completed(info.index)));
   report.Fact("unit", Text(info.unit));
   report.Fact("state", std::string(Word(state)));
-  // In internal units the fact above says the unit, except in CSV.
+  // In internal units the fact above shows the unit, except in CSV.
   bool const isSaid = list.Units().AreInternal() && !inCsv;
   std::string const unit = isSaid ? "" : info.unit;
   Table table("sources",

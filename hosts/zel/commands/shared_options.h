@@ -13,11 +13,11 @@
 
 namespace zelhost {
 
-// Sets the password to that of ZEL_PASSWORD, if there is one.
+// Sets the password to that of ZEL_PASSWORD, if that is set.
 void TakePasswordOfEnvironment(ChangeOptions& options);
 // The options of every command that changes an existing library.
 void AddChangeOptions(Command& command, ChangeOptions& options);
-// Those of them that also a command has which replaces a library as a whole.
+// Those of them that also apply to a command that replaces a whole library.
 void AddReplaceOptions(Command& command, ChangeOptions& options, std::string const& passwordHelp);
 
 void AddModeOption(Command& command, std::string& mode);
@@ -33,17 +33,17 @@ void AddSourceOptions(Command& command, SourceOptions& options);
 // Adds a warning and a table of the conflicts that were accepted; call it when the report has its
 // other tables.
 void AddWarnings(PreferenceList const& list, Report& report);
-// Adds a warning and a table of the codes that are cited in different ways, if there are any.
-// Throws Failure instead with --strict.
+// Adds a warning and a table of the codes with different citations, if any. Throws Failure instead
+// with --strict.
 void AddCitationConflicts(Session const& session, std::vector<CitationConflict> const& conflicts,
                           Report& report);
 // Adds a table of findings; their members are for programs.
 void AddFindings(std::string const& name, std::vector<Finding> const& findings, Report& report);
 // Adds a warning and a table "implausible" of findings about the data that a change has written, if
-// there are any. Throws Failure instead if `isStrict`.
+// any. Throws Failure instead if `isStrict`.
 void AddDataWarning(std::vector<Finding> const& findings, bool isStrict, Report& report);
-// Notes that `where` does not carry the mark of a library that marks its data as protected. Not if
-// the library `to`, to which the data go, has the mark itself.
+// Notes that `where` does not carry the mark of a library that marks its data as protected. Does
+// nothing if the library `to`, to which the data go, has the mark itself.
 void NoteMark(Session& session, Library const& library, std::string const& where,
               Library const* to = nullptr);
 // Puts the change in place when the report is made. After a dry run the report says that nothing

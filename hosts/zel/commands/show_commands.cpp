@@ -195,7 +195,7 @@ bool AnyMatches(std::string const& pattern, std::vector<std::string> const& text
   return false;
 }
 
-// A part of the name, an ID, the CAS number, the formula or the number.
+// True if the text is a part of the name, an ID, the CAS number, the formula or the number.
 bool IsMeant(std::string const& text, Identity const& identity) {
   if (text.empty()) return true;
   std::vector<std::string> others = identity.ids;

@@ -29,7 +29,7 @@ struct Options {
   bool withSources = false;
 };
 
-// For people who wonder where the values are.
+// A hint for users who expect values, because no fields were named.
 void NoteNoFields(Session& session, std::vector<std::string> const& fields,
                   std::string const& example) {
   if (!fields.empty() || session.form != Form::kText) return;
@@ -55,7 +55,7 @@ Report Components(Session& session, Options const& o) {
   return report;
 }
 
-// Where pairs were looked for that none of the libraries has.
+// Names the places that were searched for pairs without finding any.
 std::string WhyNoPairs(std::vector<Library> const& libraries, std::string const& type) {
   std::string banks;
   for (Library const& library : libraries) {
@@ -92,7 +92,8 @@ Report Pairs(Session& session, Options const& o) {
   return report;
 }
 
-// In text form the empty table itself, for a spreadsheet; in JSON the heads with their meanings.
+// Prints, in text form, the empty table itself for a spreadsheet, and in JSON the heads with their
+// meanings.
 Report Template(Session& session, Options const& o) {
   std::vector<TableHead> const heads = HeadsOf(o.type, TableKindNamed(o.kind, o.type));
   Report report;

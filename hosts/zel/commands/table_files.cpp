@@ -88,7 +88,7 @@ Report ImportTableFile(Session& session, LibraryChange change, std::string const
   bool const isRefused = imported.refused != 0 && !options.skipBad;
   if (!isRefused) AddGivenNumbers(session, std::move(imported.given), report);
   AddDataWarning(imported.findings, options.isStrict && !isRefused, report);
-  // Nothing to keep a version of.
+  // Nothing has changed, so no version is kept.
   if (imported.read > 0 && imported.same == imported.read && !change.IsDryRun()) return report;
   if (!isRefused) {
     PutInPlaceAfter(report, std::move(change));

@@ -12,7 +12,7 @@ class ParseError;
 namespace zelhost {
 
 // The rest of a message about words that are missing or not expected: "; usage: zel show LIBRARY
-// BANK ITEM...". Empty where there is no better advice than the help.
+// BANK ITEM...". Empty where the help is the best advice.
 std::string UsageHint(CLI::App const& app, std::string const& command,
                       CLI::ParseError const& error);
 

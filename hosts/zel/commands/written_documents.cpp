@@ -30,7 +30,7 @@ std::size_t ItemsOf(Library const& library, BankName const& bank) {
   return item ? Keys(library, bank, *item).size() : 0;
 }
 
-// Of the control characters, XML has only the tabulator and the ends of lines.
+// The only control characters that XML allows are the tab and line ends.
 bool IsNotInXml(char c) { return c >= 0 && c < ' ' && c != '\t' && c != '\n' && c != '\r'; }
 
 // Removes the characters that XML cannot hold, which only memos can have, and returns their number.

@@ -1,5 +1,5 @@
-// What holds where the command line says nothing: the environment, then the user's configuration
-// file.
+// The defaults for what the command line does not set: the environment, then the user's
+// configuration file.
 #pragma once
 
 #include <optional>

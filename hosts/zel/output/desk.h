@@ -1,4 +1,4 @@
-// The names of the desk are used in zel as its own.
+// Makes the names of the desk usable in zel without a prefix.
 #pragma once
 
 namespace zel::desk {}

@@ -81,9 +81,9 @@ class FollowedWork final : public zel::ZelProgress {
   // Clears the line.
   ~FollowedWork();
 
-  // What follows is this part of the whole, and shown under this name.
+  // Begins a part: the following work is this share of the whole, and is shown under this name.
   void BeginPart(std::string what, double part);
-  // The work with a library, from here to the end of the returned object's life.
+  // Follows the work with a library until the returned object is destroyed.
   class Following {
    public:
     Following(FollowedWork& work, zel::LibFile& library) : library_(library) {

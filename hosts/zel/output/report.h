@@ -23,7 +23,7 @@ namespace zelhost {
 class Report {
  public:
   void Fact(std::string name, Cell value);
-  // A fact that people see under another name than programs: "would change" for "changed".
+  // A fact whose name in text differs from its name for programs: "would change" for "changed".
   void Fact(std::string name, std::string shownAs, Cell value);
   // A fact that only JSON has.
   void JsonFact(std::string name, Cell value);
@@ -39,9 +39,9 @@ class Report {
   void AddAside(Table table);
   // A document that is printed instead of facts and tables, whatever the form.
   void SetDocument(std::string text) { document_ = std::move(text); }
-  // Of a command that fails although it has a report; a member in JSON.
+  // Sets the error of a command that fails although it has a report; a member in JSON.
   void SetProblem(Problem problem) { problem_ = std::move(problem); }
-  // Lines of standard error, a member in JSON.
+  // Sets the lines of standard error, a member in JSON.
   void SetLines(std::vector<std::string> lines) { lines_ = std::move(lines); }
   // Converts the numbers of tables, and a fact "value" whose unit is the fact "unit".
   void ShowIn(DisplayUnits const& units);

@@ -44,7 +44,7 @@ std::string OneLine(Column const& column, Cell const& cell) {
   return text;
 }
 
-// How bad a finding is, is seen at once.
+// The color of a severity, so that bad findings are seen at once.
 Ink InkOf(Column const& column, std::string const& text) {
   if (column.name != "severity") return Ink::kPlain;
   return text == "error" || text == "damage" ? Ink::kRed
@@ -58,7 +58,7 @@ struct Layout {
   bool right;                      // a column of numbers
   std::vector<std::string> heads;  // the name and, if it is on a line of its own, the unit
   std::size_t width = 0;
-  std::size_t least = 0;  // to which it can be narrowed without cutting words
+  std::size_t least = 0;  // width to which it can be narrowed without cutting words
 };
 
 std::size_t Total(std::vector<Layout> const& columns) {
@@ -114,7 +114,8 @@ class TextTable {
     return isText && all_.back().width > kComfortable ? all_.back().width - kComfortable : 0;
   }
 
-  // With names and units in one head, or the units on a line of their own.
+  // Measures the columns with names and units in one head, or with the units on a line of their
+  // own.
   void Measure(bool apart) {
     for (Layout& one : all_) {
       Column const& column = table_.Columns()[one.column];

@@ -6,8 +6,8 @@
 
 namespace zelhost {
 
-// What is not a terminal is a file or a program: there text has 80 columns, each character counts
-// as one, and there are no colours, so that output does not depend on who runs zel.
+// In an output that is not a terminal, text has 80 columns, each character counts as one, and there
+// are no colours, so that output does not depend on who runs zel.
 struct Screen {
   std::size_t columns = 80;
   bool isTerminal = false;
@@ -19,7 +19,7 @@ struct Screen {
 };
 
 // Standard output as it is now. The width is that of the terminal, or COLUMNS if the terminal does
-// not tell. There are colours unless NO_COLOR is set to anything, or TERM is "dumb".
+// not report one. There are colours unless NO_COLOR is set to anything, or TERM is "dumb".
 Screen OutputScreen();
 
 // The length of the first character of UTF-8; 1 for a byte that begins none.

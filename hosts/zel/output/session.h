@@ -22,11 +22,11 @@ class Session final : public zel::desk::Session {
   std::string commandName;
   bool isJson = false;
   bool hasReported = false;
-  // That of a command that did its work; 1 if it found something wrong.
+  // The exit status of a command that did its work; 1 if it found something wrong.
   int exitStatus = 0;
 
-  // What holds for options that are not given, and which of those that it can set were given, on
-  // the command line or in the environment.
+  // The defaults of options that are not given, and which of the options with defaults were given
+  // on the command line or in the environment.
   Defaults defaults;
   bool hasNames = false;
   bool hasUnits = false;
