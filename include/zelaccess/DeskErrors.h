@@ -9,7 +9,8 @@
 #include "zelaccess/LibFile.h"
 
 /// \def ZEL_DESK_API
-/// Marks what the library ZelDesk exports. Hosts of the static one on Windows define ZELDESK_STATIC.
+/// Marks what the library ZelDesk exports. Hosts of the static library on Windows define
+/// ZELDESK_STATIC.
 #if !defined(_WIN32)
 #define ZEL_DESK_API __attribute__((visibility("default")))
 #elif defined(ZELDESK_STATIC)
