@@ -9,7 +9,7 @@
 namespace zel {
 namespace {
 
-constexpr std::string_view kForbidden = "<>:\"/\\|?*";
+constexpr std::string_view kForbidden = "<>:\"\\|?*";
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 constexpr std::size_t kEscape = 3;  // characters
 
@@ -35,19 +35,21 @@ bool IsDevice(std::string_view name) noexcept {
   return std::any_of(std::begin(kNumbered), std::end(kNumbered), isStem);
 }
 
-bool IsToEscape(std::string_view name, std::size_t at) noexcept {
+bool IsToEscape(std::string_view name, std::size_t at, platform::FileNames forbids) noexcept {
   char const c = name[at];
+  if (c == '/' || IsEscape(name, at)) return true;
+  if (forbids == platform::FileNames::kPosix) return false;
   bool const isLast = at + 1 == name.size();
-  return IsControl(c) || kForbidden.find(c) != std::string_view::npos || IsEscape(name, at) ||
+  return IsControl(c) || kForbidden.find(c) != std::string_view::npos ||
          (isLast && (c == ' ' || c == '.')) || (at == 0 && IsDevice(name));
 }
 
 }  // namespace
 
-std::string FileNameOf(std::string_view name) {
+std::string FileNameOf(std::string_view name, platform::FileNames forbids) {
   std::string file;
   for (std::size_t at = 0; at < name.size(); ++at) {
-    if (!IsToEscape(name, at)) {
+    if (!IsToEscape(name, at, forbids)) {
       file += name[at];
       continue;
     }

@@ -95,6 +95,12 @@ void RefuseType(void* data, xmlChar const* /*name*/, xmlChar const* /*id*/,
   Stop(XmlReadingOf(data), "it has a document type, which is not read");
 }
 
+// The parser goes on without memory, and then finds other errors.
+template <typename Error>  // its constness depends on the version of the parser
+void NoteError(void* data, Error* error) {
+  if (error->code == XML_ERR_NO_MEMORY) XmlReadingOf(data).memoryLost = true;
+}
+
 std::string ReasonIn(xmlParserCtxt* context) {
   xmlError const* const error = xmlCtxtGetLastError(context);
   std::string reason =
@@ -142,9 +148,14 @@ XmlElement ReadXml(std::string const& path) {
   context->sax->characters = Characters;
   context->sax->cdataBlock = Characters;
   context->sax->internalSubset = RefuseType;
+  context->sax->serror = [](void* data, auto* error) { NoteError(data, error); };
   xmlCtxtUseOptions(context.get(), XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+  xmlResetLastError();
   int const result = xmlParseDocument(context.get());
-  if (reading.memoryLost) throw std::bad_alloc();
+  xmlError const* const last = xmlGetLastError();
+  bool const lastIsMemory = last != nullptr && last->code == XML_ERR_NO_MEMORY;
+  bool const isFull = xmlDictGetUsage(context->dict) > XML_MAX_DICTIONARY_LIMIT;
+  if ((reading.memoryLost || lastIsMemory) && !isFull) throw std::bad_alloc();
   std::string const where = path + ", line " +
                             std::to_string(context->input == nullptr ? 1 : context->input->line) +
                             ": ";

@@ -100,9 +100,9 @@ struct ZelDocumentContents {
 ZEL_API bool ReadDocumentContents(char const* path, ZelDocumentContents& contents);
 
 /// Copies the name of the file that is written for a bank or a component: "Bank-NRTL-A%2FB.xml" for
-/// "Bank-NRTL-A/B.xml". What a file name cannot have on some system is written as "%" and two
-/// hexadecimal digits, the same on every system; other names stay as they are. Throws
-/// std::bad_alloc. May be called by several threads at the same time.
+/// "Bank-NRTL-A/B.xml". What a file name cannot have on this system ("/", on Windows more) is
+/// written as "%" and two hexadecimal digits; other names stay as they are. Throws std::bad_alloc.
+/// May be called by several threads at the same time.
 /// \param name  what the file would be named after; null counts as empty
 /// \param file  receives the file's name, cut if there is not enough room; null is ignored
 /// \param size  room in `file` in characters, with the terminating 0; at least 1 if it is not null

@@ -104,7 +104,7 @@ void AddHistoryCommands(CommandLine& line) {
       .Library(o->path)
       .Option("--before", o->undo.before, "restore what was before change N, which may be an undo",
               "N")
-      .Flag("--force", o->undo.force, "even if another program has changed it since, or it is damaged");
+      .Flag("--force", o->undo.force, "even if another program changed it, or it is damaged");
   AddChangeOptions(undo, o->change);
   AddStrict(undo);
   undo.Run(Outputs::kJsonAndCsv, [o](Session& session) { return UndoLast(session, *o); });
