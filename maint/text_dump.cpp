@@ -159,9 +159,9 @@ void WriteTextDumps(LibFile* library) {
   walk.BeginBankWalk(kPureComponentType);
   while (walk.NextBank(type, bank)) {
     if (bank == kNotIndexed) continue;
-    WriteComponentIndex(library, bank,
-                        path.folder + path.name + "." +
-                            FileNameOf(bank + std::string(kComponentExtension)));
+    WriteComponentIndex(
+        library, bank,
+        path.folder + path.name + "." + FileNameOf(bank + std::string(kComponentExtension)));
   }
 }
 

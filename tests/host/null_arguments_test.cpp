@@ -473,9 +473,8 @@ void NullArgumentsTest::SweepFunctions() {
     ZelDocumentContents contents;
     return ReadDocumentContents(path, contents);
   });
-  SweepCall<char const*, char*>("GetFileName", [](char const* name, char* file) {
-    GetFileName(name, file, 8);
-  });
+  SweepCall<char const*, char*>("GetFileName",
+                                [](char const* name, char* file) { GetFileName(name, file, 8); });
   SweepBatches();
   SweepCall<char*>(
       "TryInitZelAccess", [](char* reason) { return TryInitZelAccess(reason); }, Remains::kResult);

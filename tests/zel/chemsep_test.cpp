@@ -377,7 +377,8 @@ TEST_F(ChemsepTest, TheOptionFitsItsArguments) {
     char const* words;
     char const* why;
   } const rows[] = {
-      {"import own.lb1 in.xml --format other", "\"other\" is not a format; there are chemsep, coolprop, nasa, sqlite"},
+      {"import own.lb1 in.xml --format other",
+       "\"other\" is not a format; there are chemsep, coolprop, nasa, sqlite"},
       {"import own.lb1 --format chemsep", "--format needs one FILE"},
       {"import own.lb1 in.xml in.xml --format chemsep", "--format needs one FILE"},
       {"import own.lb1 --table in.xml --bank X --format chemsep",
