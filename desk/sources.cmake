@@ -49,6 +49,8 @@ set(desk_SOURCES
     fit/least_squares.cpp
     fit/sampled_fit.cpp
     files/file_digest.cpp
+    files/file_lock.cpp
+    files/folder.cpp
     files/one_document.cpp
     files/output_file.cpp
     files/plain_input.cpp

@@ -10,7 +10,8 @@ namespace zel::desk {
 
 namespace {
 
-// Returns nothing for a version that is no longer kept: the last change is still tidying up.
+// Returns nothing for a version that was removed meanwhile, by a change that is just being
+// completed.
 std::optional<Library> OpenVersion(Session& session, Version const& version) {
   try {
     return Library::OpenRead(session, version.first.string());

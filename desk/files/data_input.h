@@ -26,7 +26,7 @@ class DataInput {
   [[noreturn]] void Refuse() const;
 
   std::filesystem::path path_;
-  std::intptr_t file_;  // as the system knows an open file
+  std::intptr_t file_;  // handle or descriptor of the system
 };
 
 }  // namespace zel::desk

@@ -34,7 +34,7 @@ class FileLock {
   explicit FileLock(std::intptr_t file) : file_(file) {}
   static FileLock Open(bool isShared, std::string const& path, std::string const& shownAs);
 
-  std::intptr_t file_;  // as the system knows an open file; -1 is none
+  std::intptr_t file_;  // handle or descriptor of the system; -1 if not open
 };
 
 // Keeps steps in a folder apart from those of another process: they wait for each other, two

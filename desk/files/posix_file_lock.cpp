@@ -10,7 +10,6 @@
 #include <chrono>
 #include <cstring>
 #include <thread>
-#include <utility>
 
 #include "desk/words/failure.h"
 
@@ -65,14 +64,6 @@ FileLock FileLock::Open(bool isShared, std::string const& path, std::string cons
   return lock;
 }
 
-FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
-  return Open(false, path, shownAs);
-}
-
-FileLock FileLock::Share(std::string const& path, std::string const& shownAs) {
-  return Open(true, path, shownAs);
-}
-
 bool FileLock::IsHeld(std::string const& path) {
   int const descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
   if (descriptor < 0) return false;
@@ -84,13 +75,6 @@ bool FileLock::HasReaders() const { return IsInTheWay(DescriptorOf(file_), F_WRL
 
 void FileLock::KeepReadersOut(std::string const& shownAs) {
   if (!Lock(DescriptorOf(file_), F_WRLCK)) RefuseOpen(shownAs);
-}
-
-FileLock::FileLock(FileLock&& other) noexcept : file_(std::exchange(other.file_, -1)) {}
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  std::swap(file_, other.file_);
-  return *this;
 }
 
 FileLock::~FileLock() {

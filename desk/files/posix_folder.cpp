@@ -62,10 +62,6 @@ void RemoveAt(int around, char const* name, std::error_code& error) {
   if (::unlinkat(around, name, AT_REMOVEDIR) != 0 && errno != ENOENT) Note(errno, error);
 }
 
-[[noreturn]] void Refuse(fs::path const& path, std::error_code const& error) {
-  throw fs::filesystem_error("", path, error);
-}
-
 }  // namespace
 
 std::vector<std::string> NamesIn(fs::path const& folder, std::error_code& error) {
@@ -76,22 +72,9 @@ std::vector<std::string> NamesIn(fs::path const& folder, std::error_code& error)
   return {};
 }
 
-std::vector<std::string> NamesIn(fs::path const& folder) {
-  std::error_code error;
-  std::vector<std::string> names = NamesIn(folder, error);
-  if (error) Refuse(folder, error);
-  return names;
-}
-
 void RemoveTree(fs::path const& path, std::error_code& error) {
   error.clear();
   RemoveAt(AT_FDCWD, path.c_str(), error);
-}
-
-void RemoveTree(fs::path const& path) {
-  std::error_code error;
-  RemoveTree(path, error);
-  if (error) Refuse(path, error);
 }
 
 }  // namespace zel::desk

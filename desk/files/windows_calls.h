@@ -18,7 +18,7 @@ inline std::filesystem::path PathFrom(std::string const& text) {
 
 inline HANDLE HandleOf(std::intptr_t file) { return reinterpret_cast<HANDLE>(file); }
 
-// An open file as the classes of the desk keep it: -1 is none, also for the system.
+// The handle of an open file as the classes of the desk keep it. -1 is INVALID_HANDLE_VALUE.
 inline std::intptr_t OpenHandle(std::filesystem::path const& path, DWORD access, DWORD share,
                                 DWORD how, DWORD flags) {
   return reinterpret_cast<std::intptr_t>(

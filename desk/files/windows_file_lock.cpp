@@ -9,7 +9,6 @@
 #include <chrono>
 #include <cstring>
 #include <thread>
-#include <utility>
 
 #include "desk/files/file_lock.h"
 #include "desk/files/windows_calls.h"
@@ -82,14 +81,6 @@ FileLock FileLock::Open(bool isShared, std::string const& path, std::string cons
   return lock;
 }
 
-FileLock FileLock::Take(std::string const& path, std::string const& shownAs) {
-  return Open(false, path, shownAs);
-}
-
-FileLock FileLock::Share(std::string const& path, std::string const& shownAs) {
-  return Open(true, path, shownAs);
-}
-
 // The system does not say who has a lock, so it is tried.
 bool FileLock::IsHeld(std::string const& path) {
   std::intptr_t const file = OpenHandle(PathFrom(path), GENERIC_READ, kShareAll, OPEN_EXISTING,
@@ -108,13 +99,6 @@ bool FileLock::HasReaders() const {
 
 void FileLock::KeepReadersOut(std::string const& shownAs) {
   if (!TakeReaders(file_)) RefuseOpen(shownAs);
-}
-
-FileLock::FileLock(FileLock&& other) noexcept : file_(std::exchange(other.file_, -1)) {}
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  std::swap(file_, other.file_);
-  return *this;
 }
 
 FileLock::~FileLock() { Close(file_); }

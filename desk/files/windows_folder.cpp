@@ -72,10 +72,6 @@ void Remove(fs::path const& path, std::error_code& error) {
   if (!isRemoved && !IsGone(::GetLastError())) Note(::GetLastError(), error);
 }
 
-[[noreturn]] void Refuse(fs::path const& path, std::error_code const& error) {
-  throw fs::filesystem_error("", path, error);
-}
-
 }  // namespace
 
 std::vector<std::string> NamesIn(fs::path const& folder, std::error_code& error) {
@@ -85,22 +81,9 @@ std::vector<std::string> NamesIn(fs::path const& folder, std::error_code& error)
   return names;
 }
 
-std::vector<std::string> NamesIn(fs::path const& folder) {
-  std::error_code error;
-  std::vector<std::string> names = NamesIn(folder, error);
-  if (error) Refuse(folder, error);
-  return names;
-}
-
 void RemoveTree(fs::path const& path, std::error_code& error) {
   error.clear();
   Remove(path, error);
-}
-
-void RemoveTree(fs::path const& path) {
-  std::error_code error;
-  RemoveTree(path, error);
-  if (error) Refuse(path, error);
 }
 
 }  // namespace zel::desk

@@ -14,20 +14,10 @@ bool HasSensitivities(std::int32_t equation) {
   return equation != 4 && equation != 39 && equation != 52;
 }
 
-// A value by weight becomes molar when it is evaluated.
-double ScaleOf(zel::ZelCorrelation const& record) {
-  constexpr std::int32_t kByWeight = 2;
-  if (record.moleWtBasis != kByWeight) return record.factor;
-  bool const isDensity =
-      record.index == zel::correlationLiquidDensity || record.index == zel::correlationSolidDensity;
-  return isDensity ? record.factor / record.molecularWeight
-                   : record.factor * record.molecularWeight;
-}
-
 }  // namespace
 
 FormModel::FormModel(zel::ZelCorrelation const& record)
-    : record_(record), form_(record), scale_(ScaleOf(record)) {
+    : record_(record), form_(record), scale_(zel::FactorOf(record)) {
   form_.index = zel::correlationDielectric;  // whose values have no limits
   form_.moleWtBasis = 0;
 }

@@ -10,7 +10,7 @@ namespace zel::desk {
 
 // False if the desk was built without Eigen; the functions below then throw Failure, which says so.
 bool HasLeastSquares() noexcept;
-// Throws Failure if there is no least squares.
+// Throws Failure in a build without a library for least squares.
 void NeedLeastSquares();
 
 // The matrix of a system, by rows.

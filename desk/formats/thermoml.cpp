@@ -84,7 +84,7 @@ XmlElement const* Within(XmlElement const& element, std::initializer_list<char c
   return at;
 }
 
-// The first element of this name at any depth; null if there is none.
+// The first element of this name at any depth; null if the document has no such element.
 XmlElement const* Somewhere(XmlElement const& element, std::string const& name) {
   for (XmlElement const& child : element.children) {
     if (child.name == name) return &child;

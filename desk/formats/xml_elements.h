@@ -16,9 +16,9 @@ struct XmlElement {
   std::vector<XmlElement> children;
   std::string text;  // that is in it and not in its children
 
-  // The value of an attribute without blanks at its ends, empty if there is none.
+  // The value of an attribute without blanks at its ends, empty if the element does not have it.
   std::string Attribute(std::string const& name) const;
-  // The first child of this name, null if there is none.
+  // The first child of this name, null if it has no such child.
   XmlElement const* Child(std::string const& name) const;
 };
 

@@ -47,6 +47,20 @@ static_assert(sizeof(ZelCorrelation) <= 400, "a million of them fit into memory"
 ZEL_API ZelStatus TakeCorrelation(IZelPureComp* component, std::uint32_t index,
                                   ZelCorrelation& correlation);
 
+/// Returns the factor from the value of the equation itself to that of the correlation: `factor`,
+/// and for a weight basis the molecular weight, by which densities are divided and everything else
+/// is multiplied.
+/// \param correlation  the correlation
+/// \return the factor; undefined (gen_IsUndefDouble) or meaningless without the molecular weight
+inline double FactorOf(ZelCorrelation const& correlation) noexcept {
+  bool const isWeightBasis = correlation.moleWtBasis == 2;
+  if (!isWeightBasis) return correlation.factor;
+  bool const isDensity =
+      correlation.index == correlationLiquidDensity || correlation.index == correlationSolidDensity;
+  return isDensity ? correlation.factor / correlation.molecularWeight
+                   : correlation.factor * correlation.molecularWeight;
+}
+
 /// Evaluates a correlation and a derivative. The results are bit for bit those of
 /// IZelPureComp::EvaluateCorrelation for the component that it was taken from.
 /// \param correlation  the correlation

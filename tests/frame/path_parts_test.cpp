@@ -43,9 +43,9 @@ TEST(PathParts, PathsWithDrivesAndSharesBecomeAbsoluteOnEverySystem) {
       {"C:\\x\\y.lb1", "", "C:/x/y.lb1"},
       {"C:/x/../y", "D:/base", "C:/y"},
       {"c:\\x", "", "c:/x"},
-      {"x.lb1", "", "W:/work/x.lb1"},
+      {"x.lb1", "", "W:/base/x.lb1"},
       {"..\\..\\..\\x", "", "W:/x"},
-      {"x", "sub", "W:/work/sub/x"},
+      {"x", "sub", "W:/base/sub/x"},
       {"x", "C:\\base", "C:/base/x"},
       {"x", "\\base", "W:/base/x"},
       {"\\x", "", "W:/x"},
@@ -53,7 +53,7 @@ TEST(PathParts, PathsWithDrivesAndSharesBecomeAbsoluteOnEverySystem) {
       {"C:x", "C:/base", "C:/base/x"},
       {"c:x", "C:/base", "C:/base/x"},
       {"C:x", "D:/base", "C:/x"},
-      {"w:x", "", "W:/work/x"},
+      {"w:x", "", "W:/base/x"},
       {"C:", "", "C:/"},
       {"C:\\", "", "C:/"},
       {"C:\\..", "", "C:/"},
@@ -64,11 +64,11 @@ TEST(PathParts, PathsWithDrivesAndSharesBecomeAbsoluteOnEverySystem) {
       {"\\b", "\\\\server\\share\\a", "//server/share/b"},
       {"\\\\?\\C:\\x\\y", "", "C:/x/y"},
       {"\\\\?\\UNC\\server\\share\\x", "", "//server/share/x"},
-      {"1:x", "", "W:/work/1:x"},
+      {"1:x", "", "W:/base/1:x"},
       {"", "C:/base", ""},
   };
   for (auto const& row : rows) {
-    EXPECT_EQ(AbsolutePathFrom(row.path, row.folder, "W:\\work", PathRoots::kDrives), row.full)
+    EXPECT_EQ(AbsolutePathFrom(row.path, row.folder, "W:\\base", PathRoots::kDrives), row.full)
         << row.path << " from " << row.folder;
   }
   EXPECT_EQ(AbsolutePathFrom("x", "", "\\\\server\\share\\a", PathRoots::kDrives),

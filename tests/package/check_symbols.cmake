@@ -5,7 +5,7 @@
 cmake_minimum_required(VERSION 3.20)
 
 include(${CMAKE_CURRENT_LIST_DIR}/exported_names.cmake)
-exported_names(exported -C)
+exported_declarations(exported)
 if(WORD_BYTES EQUAL 8)
   expect_released_names()
 endif()

@@ -3,7 +3,7 @@ run. Then a host is built with what was installed.
 
     conan_recipe.py RECIPE SCRATCH HOST VERSION
 """
-import importlib.util
+import importlib.machinery
 import pathlib
 import shutil
 import subprocess
@@ -84,9 +84,7 @@ module("conan.tools.files", copy=copy, load=lambda recipe, path: pathlib.Path(pa
 for folder in (sources, package, work / "host"):
     shutil.rmtree(folder, ignore_errors=True)
 sources.mkdir(parents=True)
-spec = importlib.util.spec_from_file_location("conanfile", recipe_file)
-conanfile = importlib.util.module_from_spec(spec)
-spec.loader.exec_module(conanfile)
+conanfile = importlib.machinery.SourceFileLoader("conanfile", str(recipe_file)).load_module()
 recipe = conanfile.ZelAccess()
 recipe.set_version()
 if recipe.version != version:

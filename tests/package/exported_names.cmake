@@ -1,8 +1,8 @@
-# exported_names(<variable> [<options of nm>])
-# The names that LIBRARY exports, without their version; NM reads them. Fails when a name does not have
-# the version SYMBOL_VERSION, or when nothing is exported.
+# exported_names(<variable>)
+# The names that LIBRARY exports, as the linker sees them, without their version; NM reads them. Fails
+# when a name does not have the version SYMBOL_VERSION, or when nothing is exported.
 function(exported_names variable)
-  execute_process(COMMAND ${NM} -D --defined-only ${ARGN} ${LIBRARY} OUTPUT_VARIABLE lines
+  execute_process(COMMAND ${NM} -D --defined-only ${LIBRARY} OUTPUT_VARIABLE lines
                   RESULT_VARIABLE failed)
   if(failed)
     message(FATAL_ERROR "cannot read the symbols of ${LIBRARY}")
@@ -19,6 +19,21 @@ function(exported_names variable)
   endif()
   list(TRANSFORM names REPLACE "@@${SYMBOL_VERSION}$" "")
   set(${variable} ${names} PARENT_SCOPE)
+endfunction()
+
+# exported_declarations(<variable>)
+# The same as a programmer writes them. That is not left to nm: the one of LLVM does not translate a name
+# that has a version.
+function(exported_declarations variable)
+  exported_names(names)
+  find_program(CXXFILT NAMES c++filt llvm-cxxfilt REQUIRED)
+  execute_process(COMMAND ${CXXFILT} ${names} OUTPUT_VARIABLE lines OUTPUT_STRIP_TRAILING_WHITESPACE
+                  RESULT_VARIABLE failed)
+  if(failed)
+    message(FATAL_ERROR "${CXXFILT} fails")
+  endif()
+  string(REPLACE "\n" ";" declarations "${lines}")
+  set(${variable} ${declarations} PARENT_SCOPE)
 endfunction()
 
 # Fails unless every name that a released version has exported is still exported: those in

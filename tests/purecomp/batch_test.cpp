@@ -118,6 +118,32 @@ class RandomRecords {
   std::mt19937_64 engine_{20240607};
 };
 
+TEST(Correlations, FactorIsThatFromTheEquationToTheCorrelation) {
+  struct {
+    zelCorrelations index;
+    std::int32_t basis;
+    double factor;
+  } const rows[] = {{correlationLiquidDensity, 1, 3.0},
+                    {correlationLiquidDensity, 2, 3.0 / 16.0},
+                    {correlationSolidDensity, 2, 3.0 / 16.0},
+                    {correlationLatentHeat, 0, 3.0},
+                    {correlationLatentHeat, 2, 48.0}};
+  for (auto const& row : rows) {
+    ZelCorrelation record;
+    record.index = row.index;
+    record.equation = 1;
+    record.coefficientCount = 1;
+    record.coefficients[0] = 2.0;
+    record.factor = 3.0;
+    record.moleWtBasis = row.basis;
+    record.molecularWeight = 16.0;
+    EXPECT_EQ(FactorOf(record), row.factor);
+    double value = 0.0;
+    EvaluateOne(record, 300.0, 1, &value, nullptr, nullptr, nullptr);
+    EXPECT_EQ(value, 2.0 * FactorOf(record));
+  }
+}
+
 TEST(Batches, OfAllFormsAreSingleEvaluationsBitForBit) {
   RandomRecords random;
   for (int round = 0; round < 20; ++round) {

@@ -35,16 +35,6 @@ void Take(py::dict const& record, char const* name, T& field) {
   if (record.contains(name) && !record[name].is_none()) field = record[name].cast<T>();
 }
 
-// The factor from the value of the equation to that of the correlation.
-double FactorOf(zel::ZelCorrelation const& record) {
-  constexpr std::int32_t kPerMass = 2;
-  if (record.moleWtBasis != kPerMass) return record.factor;
-  bool const isDensity =
-      record.index == zel::correlationLiquidDensity || record.index == zel::correlationSolidDensity;
-  return isDensity ? record.factor / record.molecularWeight
-                   : record.factor * record.molecularWeight;
-}
-
 double OrNan(double value) { return zel::gen_IsUndefDouble(value) ? kNan : value; }
 double OrUndefined(double value) { return value == value ? value : zel::gen_GetUndefDouble(); }
 
@@ -131,7 +121,7 @@ py::array_t<double> Curve::Sensitivities(Doubles const& temperatures) const {
   batch.order = 11;
   batch.weights = all.mutable_data();
   std::fill_n(batch.weights, all.size(), kNan);
-  double const factor = FactorOf(record);
+  double const factor = zel::FactorOf(record);
   Unlocked([&] {
     zel::EvaluateBatch(record, batch);
     for (py::ssize_t i = 0; i < batch.count * kWeights; ++i) batch.weights[i] *= factor;

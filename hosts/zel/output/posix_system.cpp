@@ -8,7 +8,7 @@
 namespace zelhost {
 namespace {
 
-// The locale that knows the widths of all letters; null if there is none.
+// The locale that knows the widths of all letters; null if the system does not have one.
 locale_t Letters() {
   static locale_t const letters = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
   return letters;
