@@ -27,7 +27,8 @@ struct SampledFit {
 };
 
 struct SampledCurve {
-  // Values in the unit of the correlation by temperatures in K; NaN where the correlation has no value.
+  // Values in the unit of the correlation by temperatures in K; NaN where the correlation has no
+  // value.
   std::function<double(double)> curve;
   double low = 0.0;  // K
   double high = 0.0;

@@ -1,4 +1,5 @@
-// What text files need of the system. An open file is a number of the C library, -1 when it could not be opened.
+// What text files need of the system. An open file is a number of the C library, -1 when it could
+// not be opened.
 #pragma once
 
 #include <cstddef>
