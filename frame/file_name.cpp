@@ -38,7 +38,9 @@ bool IsDevice(std::string_view name) noexcept {
 bool IsToEscape(std::string_view name, std::size_t at, platform::FileNames forbids) noexcept {
   char const c = name[at];
   if (c == '/' || IsEscape(name, at)) return true;
-  if (forbids == platform::FileNames::kPosix) return false;
+  if (forbids == platform::FileNames::kPosix) {
+    return at == 0 && (name == "." || name == "..");  // which are folders
+  }
   bool const isLast = at + 1 == name.size();
   return IsControl(c) || kForbidden.find(c) != std::string_view::npos ||
          (isLast && (c == ' ' || c == '.')) || (at == 0 && IsDevice(name));

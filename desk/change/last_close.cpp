@@ -2,10 +2,6 @@
 
 #include <zelaccess/OpenLibrary.h>
 
-#include <filesystem>
-#include <system_error>
-
-#include "desk/files/file_copy.h"
 #include "desk/open/change_places.h"
 #include "desk/open/library.h"
 #include "desk/words/failure.h"
@@ -44,13 +40,6 @@ bool HasUnfinishedFlush(Session& session, std::string const& path, std::string c
 
 bool WasClosedUncleanly(std::string const& library) {
   return Exists(library + ".open") || Exists(library + ".journal");
-}
-
-void RemoveJournal(std::string const& library) {
-  std::error_code none;
-  if (std::filesystem::remove(library + ".journal", none)) {
-    SyncPath(std::filesystem::path(library).parent_path());
-  }
 }
 
 void VerifyUnclean(Session& session, std::string const& path, std::string const& shownAs,

@@ -20,9 +20,6 @@ bool HasUnfinishedFlush(Session& session, std::string const& path, std::string c
 // its lock.
 bool WasClosedUncleanly(std::string const& library);
 
-// Removes a journal that CompleteLastFlush has left.
-void RemoveJournal(std::string const& library);
-
 // Verifies a library, which can be a copy of the one that was not closed cleanly. Reports to the
 // session that it is sound. Throws Failure if it is not, which names what helps: a salvage, and an
 // undo if there is a history.

@@ -1,7 +1,5 @@
 #include "desk/change/library_change.h"
 
-#include <zelaccess/OpenLibrary.h>
-
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -53,18 +51,25 @@ void LibraryChange::Begin(std::string const& path) {
   original_.reset();
   FinishChange(path);
   knewNames_ = ReleaseNames(*session_, path) || knewNames_;
-  CheckIsFile(path);
   shown_ = path;
   whole_ = WithoutLinks(path);
-  CompleteLastFlush(whole_, path, false);
+  // Of a library whose first file is gone, a version of its history can still take the place.
+  std::vector<Version> versions;
+  if (options_.replacesAll && !Exists(whole_)) versions = VersionsOf(whole_);
+  isNew_ = !versions.empty();
+  if (!isNew_) {
+    CheckIsFile(path);
+    CompleteLastFlush(whole_, path, false);
+  }
   if (!options_.inPlace || options_.dryRun) Hold();
   // Another host may have been killed in between. Where there may be readers, its flush counts as a
   // use of the library, so that all of this is tried again.
-  if (work_ && !options_.admitsReaders) CompleteLastFlush(whole_, path, true);
-  if (work_ && options_.admitsReaders && HasUnfinishedFlush(*session_, whole_, path)) {
+  if (work_ && !options_.admitsReaders && !isNew_) CompleteLastFlush(whole_, path, true);
+  bool const isReadBefore = work_ && options_.admitsReaders && !options_.replacesAll;
+  if (isReadBefore && HasUnfinishedFlush(*session_, whole_, path)) {
     throw LibraryInUse(path, "a flush of another program was cut off", zel::openDenied);
   }
-  access_ = AccessOf(whole_);
+  access_ = AccessOf(isNew_ ? versions.back().first.string() : whole_);
   filesBefore_ = FilesOf(whole_);
   if (work_) {
     work_->Share(access_);
@@ -72,7 +77,7 @@ void LibraryChange::Begin(std::string const& path) {
   }
   JudgeLastClose();
   OpenForUpdate();
-  if (knewNames_) zel::LibFile::SetOrdwinNameIndex(&library_->File());
+  if (knewNames_ && library_) zel::LibFile::SetOrdwinNameIndex(&library_->File());
 }
 
 // The lock of the work folder excludes other changes, so that only one of them waits for readers.
@@ -237,11 +242,7 @@ void LibraryChange::PutInPlace() {
     note.reserve(note.size() + kLongestReason);
     work_->Prepare(isNew_, Record());
     KeepReadersOut();
-    // Nothing next to the old library is about the new one. The mark stays until that is in place,
-    // since the old one may not be sound.
-    RemoveJournal(whole_);
     work_->PutInPlace(isNew_);
-    zel::ForgetUncleanClose(whole_.c_str());
     original_.reset();  // of a file that is now in the history
     std::string const why = work_->KeepOld();
     if (!why.empty()) session_->Note(note.append(why, 0, kLongestReason));

@@ -19,14 +19,24 @@ namespace {
 constexpr char kNoCopy[] = "cannot make a copy next to it";
 constexpr char kNotInPlace[] = "the changed library cannot be put in place";
 
+// A folder of that name is not of a library.
+bool IsFile(fs::path const& path) {
+  return Exists(path) && !fs::is_directory(fs::symlink_status(path));
+}
+
 void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
   if (!isNew) Rename(change.Place(1), change.Old(1));
+  // They are not about the new library. Nobody can open the old one any more, and when the new one
+  // is in place, they would be those of a program that has opened it.
+  for (char const* ending : kCloseEndings) {
+    if (IsFile(change.Close(ending))) Rename(change.Close(ending), change.OldClose(ending));
+  }
   for (int number = 2; number <= kMostFiles; ++number) {
     if (Exists(change.Place(number))) Rename(change.Place(number), change.Old(number));
     if (Exists(change.New(number))) MoveToFreePlace(change.New(number), change.Place(number));
   }
-  SyncPath(change.Ready());
-  SyncPath(change.Folder());
+  SyncFolder(change.Ready());
+  SyncFolder(change.Folder());
   MoveToFreePlace(change.New(1), change.Place(1));
 }
 
@@ -97,7 +107,7 @@ void WorkFolder::WriteOut(std::optional<ChangeRecord> const& record) const {
     }
   }
   if (record) WriteRecord(folder_, *record);
-  SyncPath(folder_);
+  SyncFolder(folder_);
 }
 
 void WorkFolder::Announce(bool isNew) {
@@ -111,7 +121,7 @@ void WorkFolder::Announce(bool isNew) {
   }
   Rename(folder_, ready);
   folder_ = ready.string();
-  SyncPath(ready.parent_path());
+  SyncFolder(ready.parent_path());
 }
 
 void WorkFolder::PutInPlace(bool isNew) {

@@ -48,6 +48,8 @@ void MakeMark(std::filesystem::path const& path);
 // Has the system write the contents of a file to disk. Throws std::filesystem::filesystem_error if
 // that fails.
 void SyncFile(std::filesystem::path const& path);
+// The same for which files a folder has.
+void SyncFolder(std::filesystem::path const& path);
 // Asks the system to write a file or folder to disk, as far as it can.
 void SyncPath(std::filesystem::path const& path);
 

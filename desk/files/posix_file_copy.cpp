@@ -100,6 +100,13 @@ void CopyData(Open const& from, Open const& to, off_t size) {
   if (::ftruncate(to.Get(), size) != 0) Refuse(to.Path());
 }
 
+void Sync(Open const& file) {
+  int result = ::fsync(file.Get());
+  while (result != 0 && errno == EINTR) result = ::fsync(file.Get());
+  // Some file systems cannot do it.
+  if (result != 0 && errno != EINVAL && errno != ENOTSUP) Refuse(file.Path());
+}
+
 }  // namespace
 
 FileAccess AccessOf(fs::path const& file) {
@@ -168,10 +175,16 @@ void MakeMark(fs::path const& path) {
 
 void SyncFile(fs::path const& path) {
   Open file(path, O_RDONLY | O_NOFOLLOW);
-  // Some file systems cannot do it.
-  bool const isDone = ::fsync(file.Get()) == 0 || errno == EINVAL || errno == ENOTSUP;
-  if (!isDone) Refuse(path);
+  Sync(file);
   file.Close();
+}
+
+void SyncFolder(fs::path const& path) {
+  // Files can be made in a folder that this user may not read, but it cannot be opened.
+  if (::access(path.c_str(), R_OK) != 0 && errno == EACCES) return;
+  Open folder(path, O_RDONLY | O_NOFOLLOW | O_DIRECTORY);
+  Sync(folder);
+  folder.Close();
 }
 
 void SyncPath(fs::path const& path) {

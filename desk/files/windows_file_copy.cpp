@@ -93,6 +93,8 @@ void SyncFile(fs::path const& path) {
 }
 
 // The file system writes which files there are in a folder to its journal by itself.
+void SyncFolder(fs::path const& path) { SyncPath(path); }
+
 void SyncPath(fs::path const& path) {
   std::intptr_t const file = OpenHandle(path, GENERIC_READ | GENERIC_WRITE, kShareAll,
                                         OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT);

@@ -95,6 +95,10 @@ fs::path ChangePlaces::Old(int number) const {
 
 fs::path ChangePlaces::Added(int number) const { return ready_ / AddedName(number); }
 
+fs::path ChangePlaces::OldClose(char const* ending) const {
+  return ready_ / (std::string(kOldName) + ending);
+}
+
 std::string AddedName(int number) { return "add" + std::to_string(number); }
 
 }  // namespace zel::desk

@@ -5,7 +5,8 @@
 // have the library open finish; programs that open it now let the change go first. Then no program
 // can open the library, and these moves follow:
 //
-//   1. the library's first file is moved into the folder as `old`,
+//   1. the library's first file is moved into the folder as `old`, and after it what says how that
+//      was last closed: its journal as `old.journal`, its mark as `old.open`,
 //   2. each other file is moved there as `old2`, `old3`, ..., and the new one takes its place,
 //   3. the new first file takes its place.
 //
@@ -73,6 +74,10 @@ class ChangePlaces {
   std::filesystem::path New(int number) const { return FileOf(first_, number); }
   std::filesystem::path Old(int number) const;
   std::filesystem::path Added(int number) const;
+  // The files next to the old library that say how it was last closed, with one of kCloseEndings,
+  // and their paths in the ready folder.
+  std::filesystem::path Close(char const* ending) const { return library_ + ending; }
+  std::filesystem::path OldClose(char const* ending) const;
   std::filesystem::path const& Ready() const { return ready_; }
   std::filesystem::path Folder() const { return std::filesystem::path(library_).parent_path(); }
 
@@ -83,6 +88,8 @@ class ChangePlaces {
 };
 // The name of that mark.
 std::string AddedName(int number);
+// The endings of a journal and of the mark.
+inline constexpr char const* kCloseEndings[] = {".journal", ".open"};
 
 // Does the work and throws Failure for an error of std::filesystem.
 template <typename Work>

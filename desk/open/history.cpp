@@ -59,6 +59,9 @@ void NameFiles(ChangePlaces const& change, fs::path const& folder) {
     if (Exists(old)) RenameIfThere(old, FileOf(first, number));
     fs::remove(folder / AddedName(number));
   }
+  for (char const* ending : kCloseEndings) {
+    fs::remove(folder / change.OldClose(ending).filename());
+  }
   fs::remove(folder / kLockName);
 }
 
@@ -141,7 +144,7 @@ void WriteRecord(fs::path const& folder, ChangeRecord const& record) {
   // The record shows what the library's memo and description were set to, so only users who may
   // read the library may read it.
   GiveAccess(folder / kRecordName, {AccessOf(folder).mode & 0666U, AccessOf(folder).owner});
-  SyncPath(folder / kRecordName);
+  SyncFile(folder / kRecordName);
 }
 
 std::vector<Version> VersionsOf(std::string const& library) {

@@ -18,6 +18,14 @@ void OpenNames(Session& session) {
   zel::LibFile::SetOrdwinNameIndex(&session.names->File());
 }
 
+void TryOpenNames(Session& session) {
+  try {
+    OpenNames(session);
+  } catch (Error const& failure) {
+    session.Note(failure.what());
+  }
+}
+
 bool ReleaseNames(Session& session, std::string const& path) {
   std::error_code none;
   if (!session.names || !std::filesystem::equivalent(session.names->Path(), path, none)) {

@@ -29,6 +29,9 @@ void MoveBack(ChangePlaces const& change) {
       fs::remove(change.Place(number));
     }
   }
+  for (char const* ending : kCloseEndings) {
+    if (Exists(change.OldClose(ending))) Rename(change.OldClose(ending), change.Close(ending));
+  }
   SyncPath(change.Folder());
   if (Exists(change.Old(1))) MoveToFreePlace(change.Old(1), change.Place(1));
   SyncPath(change.Folder());

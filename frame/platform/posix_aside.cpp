@@ -88,7 +88,7 @@ bool SyncFolderOf(std::string const& path) noexcept try {
   Descriptor const folder(::open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.Get() < 0) return false;
   // Some file systems cannot sync a folder; they have nothing to do.
-  return Retry([&] { return ::fsync(folder.Get()); }) == 0 || errno == EINVAL;
+  return Retry([&] { return ::fsync(folder.Get()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
 } catch (std::bad_alloc const&) {
   return false;
 }

@@ -175,7 +175,8 @@ std::int32_t NeedAmong(std::int32_t value, std::int32_t first, std::int32_t last
 }
 
 void NeedOptions(void const* given, std::size_t size, std::size_t own) {
-  if (size < own || size % alignof(void*) != 0) {
+  constexpr std::size_t kMostUnknown = 1024;  // a greater size was never set
+  if (size < own || size - own > kMostUnknown || size % alignof(void*) != 0) {
     throw Refusal(ZEL_BAD_ARGUMENT, "", "options",
                   " has another size than the library's structure");
   }

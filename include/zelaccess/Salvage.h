@@ -85,7 +85,8 @@ struct ZelSalvageCounts {
 /// \param type  receives the type of the header if the addresses in the files are of that type,
 ///              otherwise the type of most addresses; libKind11 if neither is known
 /// \return openOk; openNotLibrary for a path that does not end in ".lb1"; openNotFound when no file
-///         of the library exists; openDenied when one is in use
+///         of the library exists; openDenied when one of the first two is in use or may not be
+///         read; openFailed when one of them cannot be opened
 ZEL_API openErrors FindLibraryType(char const* path, libTypes& type);
 
 /// Takes every item that can be read out of a library.

@@ -71,7 +71,7 @@ TEST_F(CLibraryTest, WhyALibraryIsNotOpenedIsReported) {
 
 TEST_F(CLibraryTest, OptionsOutOfRangeAreRefused) {
   zel_open_options const good = {sizeof good, 0, 0, 0, 0, nullptr, nullptr};
-  for (int i = 0; i < 7; ++i) {
+  for (int i = 0; i < 8; ++i) {
     zel_open_options options = good;
     if (i == 0) options.size = 0;
     if (i == 1) options.size = sizeof options + 1;
@@ -80,6 +80,7 @@ TEST_F(CLibraryTest, OptionsOutOfRangeAreRefused) {
     if (i == 4) options.writes = 3;
     if (i == 5) options.unclean = 3;
     if (i == 6) options.unclean = -1;
+    if (i == 7) options.size = std::size_t{1} << 40;  // never set
     EXPECT_EQ(Open("perry.lb1", options), ZEL_BAD_ARGUMENT) << i;
     EXPECT_EQ(library_, nullptr);
   }

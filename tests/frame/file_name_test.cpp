@@ -67,6 +67,9 @@ TEST(FileName, WhatAnotherSystemForbidsStays) {
   }
   EXPECT_EQ(FileNameOf("A/B:C", FileNames::kPosix), "A%2FB:C");
   EXPECT_EQ(FileNameOf("A%2FB", FileNames::kPosix), "A%252FB");
+  EXPECT_EQ(FileNameOf(".", FileNames::kPosix), "%2E");
+  EXPECT_EQ(FileNameOf("..", FileNames::kPosix), "%2E.");
+  EXPECT_EQ(FileNameOf("...", FileNames::kPosix), "...");
 }
 
 // All names of up to five of these characters.

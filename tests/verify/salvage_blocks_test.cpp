@@ -1,6 +1,7 @@
 // What a salvage does about blocks that cannot be read, blocks that were freed, and nodes to which
 // links lead again and again.
 #include <algorithm>
+#include <map>
 #include <memory>
 
 #include "purecomp/record_format.h"
@@ -162,27 +163,57 @@ TEST_F(SalvageBlocksTest, FileThatDoesNotExistIsNamed) {
   EXPECT_EQ(NotesOfHeader().front(), "file 2 does not exist");
 }
 
-// The link is to the first file alone.
-TEST_F(SalvageBlocksTest, SymbolicLinkLeadsToAllFiles) {
-  class Linked final : public platform::FileSystem {
-   public:
-    explicit Linked(MemoryFileSystem& real) : real_(real) {}
-    bool Exists(std::string const& path) override { return real_.Exists(Target(path)); }
-    std::string Target(std::string const& path) override {
-      return path == "/link.lb1" ? kBroken : path;
-    }
-    platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override {
-      return real_.Open(Target(path), mode);
-    }
+// The files of a file system with symbolic links.
+class LinkedFiles final : public platform::FileSystem {
+ public:
+  explicit LinkedFiles(MemoryFileSystem& real) : real_(real) {}
+  bool Exists(std::string const& path) override { return real_.Exists(Target(path)); }
+  std::string Target(std::string const& path) override {
+    auto const link = links.find(path);
+    return link == links.end() ? path : link->second;
+  }
+  platform::OpenedFile Open(std::string const& path, platform::OpenMode mode) override {
+    return real_.Open(Target(path), mode);
+  }
 
-   private:
-    MemoryFileSystem& real_;
-  };
+  std::map<std::string, std::string> links;
+
+ private:
+  MemoryFileSystem& real_;
+};
+
+TEST_F(SalvageBlocksTest, LinkToTheFirstFileAloneLeadsToAllFiles) {
   MakePairs();
-  Linked linked(files_);
+  LinkedFiles linked(files_);
+  linked.links = {{"/link.lb1", kBroken}};
   EXPECT_EQ(SalvageFrom(linked, "/link.lb1"), openOk);
   EXPECT_TRUE(Missing().empty()) << Missing().size();
   EXPECT_EQ(NotesOfHeader(), std::vector<std::string>{});
+}
+
+// As every reader does, whatever is next to the file that a link leads to.
+TEST_F(SalvageBlocksTest, FilesNextToALinkBelongToIt) {
+  MakePairs();
+  LinkedFiles linked(files_);
+  linked.links = {{"/m.lb1", "/a/x.lb1"}, {"/m.lb2", "/b/x.lb2"}};
+  files_.Contents("/a/x.lb1") = files_.Contents(kBroken);
+  files_.Contents("/b/x.lb2") = files_.Contents(kBroken2);
+  files_.Contents("/a/x.lb2") = std::vector<std::byte>(files_.Contents(kBroken2).size());
+  EXPECT_EQ(SalvageFrom(linked, "/m.lb1"), openOk);
+  EXPECT_TRUE(Missing().empty()) << Missing().size();
+  EXPECT_EQ(NotesOfHeader(), std::vector<std::string>{});
+}
+
+// The numbers of the files cannot be put into such a name.
+TEST_F(SalvageBlocksTest, LinkToANameOfAnotherKindLeadsToOneFile) {
+  MakePairs();
+  LinkedFiles linked(files_);
+  linked.links = {{"/m.lb1", "/xyz1"}};
+  files_.Contents("/xyz1") = files_.Contents(kBroken);
+  files_.Contents("/xyz2") = files_.Contents(kBroken2);
+  EXPECT_EQ(SalvageFrom(linked, "/m.lb1"), openOk);
+  ASSERT_FALSE(NotesOfHeader().empty());
+  EXPECT_EQ(NotesOfHeader().front(), "file 2 does not exist");
 }
 
 // An old version of a leaf is in a free block, and a damaged link leads there.

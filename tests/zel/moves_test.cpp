@@ -135,12 +135,13 @@ class MovesTest : public ChangeTest {
 };
 
 // The last three moves are those of the version: its folder and its two files.
-// A disk that could not write the new library would lose it after the old one is gone. The first
-// two syncs of an undo are those of its files.
-TEST_F(MovesTest, SyncOfAFileThatFailsIsAFailure) {
+// A disk that could not write the new library would lose it after the old one is gone. The syncs of
+// an undo are those of two files, of its record, of the folder with them, of the one around it
+// where that is announced, and of both after the moves of what is old.
+TEST_F(MovesTest, SyncThatFailsIsAFailure) {
   Good("set own/own.lb1 --description one");
   Contents const before = ContentsOf(Own());
-  for (long const operation : {1, 2}) {
+  for (long const operation : {1, 2, 3, 4, 5, 6, 7}) {
     Fault fault = FailsAt("fsync");
     fault.operation = operation;
     FaultedRun const run = Run({"undo", "own.lb1"}, fault);

@@ -16,7 +16,8 @@ namespace {
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // which cannot be done under a tracer
-  if (std::freopen("/dev/null", "w", stdout) != nullptr && ::chdir(folder.c_str()) == 0 &&
+  if (std::freopen("/dev/null", "w", stdout) != nullptr &&
+      std::freopen("/dev/null", "w", stderr) != nullptr && ::chdir(folder.c_str()) == 0 &&
       ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0) {
     ::execv(ZEL_PROGRAM, arguments.data());
   }
@@ -29,6 +30,7 @@ TracedRun RunAndKillAt(long stop, std::filesystem::path const& folder,
                        std::vector<std::string> words) {
   words.insert(words.begin(), ZEL_PROGRAM);
   TracedRun run;
+  std::fflush(stdout);  // or the child writes it, too
   pid_t const child = ::fork();
   if (child == 0) BecomeZel(folder, words);
   int status = 0;

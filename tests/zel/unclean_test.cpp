@@ -148,6 +148,58 @@ TEST_F(UncleanTest, UndoNeedsNoSoundLibraryIfItIsForced) {
   EXPECT_EQ(Zel("dump own/own.lb1").out, whole);
 }
 
+// Neither a journal that is left next to the library, nor that it is the one with the names, nor
+// that its first file is gone.
+TEST_F(UncleanTest, ForcedUndoNeedsOnlyTheHistory) {
+  std::string const whole = Zel("dump own/own.lb1").out;
+  auto const undone = [&](std::string const& names = "") {
+    Outcome const done = Zel(names + "undo --force own/own.lb1");
+    EXPECT_EQ(done.status, 0) << done.err;
+    EXPECT_EQ(Zel("dump own/own.lb1").out, whole);
+    return done.err;
+  };
+  ASSERT_EQ(Zel("set own/own.lb1 --description 2").status, 0);
+  MakeFile("own/own.lb1", std::string(100'000, 'x'));
+  MakeFile("own/own.lb1.journal", "x");
+  undone();
+  ASSERT_EQ(Zel("set own/own.lb1 --description 3").status, 0);
+  MakeFile("own/own.lb1", std::string(100'000, 'x'));
+  EXPECT_NE(undone("--names own/own.lb1 ")
+                .find("not a component library (named by --names or ZEL_NAMES)"),
+            std::string::npos);
+  ASSERT_EQ(Zel("set own/own.lb1 --description 4").status, 0);
+  std::filesystem::remove(Path());
+  EXPECT_EQ(Zel("undo own/own.lb1").status, 1);
+  undone();
+}
+
+// What says how the old library was closed stays with it at every moment: the next host of the new
+// one has marks of its own.
+TEST_F(UncleanTest, MarkGoesWithTheOldLibrary) {
+  KillHost(writesMarked);
+  ASSERT_TRUE(HasMark());
+  Contents const before = ContentsOf(Own());
+  std::vector<std::string> const words = {"set", "own.lb1", "--description", "changed"};
+  TracedRun const full = RunAndKillAt(1'000'000, Own(), words);
+  if (full.ended == Ended::kCannotTrace) GTEST_SKIP() << "this machine allows no tracing";
+  EXPECT_FALSE(HasMark());
+  int old = 0;
+  int changed = 0;
+  constexpr long kLast = 240;
+  for (long stop = full.stops - 1; stop > full.stops - kLast && stop > 0; stop -= 3) {
+    PutBack(before);
+    if (RunAndKillAt(stop, Own(), words).ended != Ended::kKilled) continue;
+    bool const isInPlace = std::filesystem::exists(Path());
+    bool const hadMark = HasMark();
+    bool const isNew = Description() == "changed";
+    EXPECT_TRUE(!isInPlace || hadMark == !isNew) << stop;
+    EXPECT_EQ(HasMark(), !isNew) << "after the next command, " << stop;
+    ++(isNew ? changed : old);
+  }
+  EXPECT_GT(old, 10);
+  EXPECT_GT(changed, 10);
+}
+
 TEST_F(UncleanTest, FlushThatWasCutOffIsSeenByReaders) {
   KillHost(writesHeld);
   ASSERT_TRUE(HasJournal());

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <string_view>
 #include <utility>
 
+#include "frame/ascii.h"
 #include "purecomp/record_format.h"
 #include "store/block_store.h"
 #include "store/held_writes.h"
@@ -34,7 +36,20 @@ std::string PathOf(std::string path, int number) {
   return path;
 }
 
-bool NamesFirstFile(std::string const& path) { return !path.empty() && path.back() == '1'; }
+// The path to which the numbers of the other files are given. Every reader looks for them next to
+// the path that it is given, which can be a link; only where none is there are those next to the
+// linked file taken.
+std::string FirstPathOf(platform::FileSystem& system, std::string const& path) {
+  for (int file = 2; file <= f::kMaxFiles; ++file) {
+    if (system.Exists(PathOf(path, file))) return path;
+  }
+  std::string const target = system.Target(path);
+  constexpr std::string_view kEnding = ".lb1";
+  bool const isNamedAlike =
+      target.size() > kEnding.size() &&
+      SameText(std::string_view(target).substr(target.size() - kEnding.size()), kEnding);
+  return isNamedAlike ? target : path;
+}
 
 // How many of the five words that are the same in every such head are right.
 int RightWords(std::int32_t const* head, OwnTree const& tree) noexcept {
@@ -49,11 +64,9 @@ bool IsType(std::int32_t word) noexcept { return word >= libKind11 && word <= li
 
 }  // namespace
 
-// Of a library that is named by a symbolic link, the other files are next to the first one.
 openErrors BrokenLibrary::Open(platform::FileSystem& system, std::string const& path) {
   std::array<std::unique_ptr<platform::BlockFile>, f::kFileSlots> files;
-  std::string const target = path.empty() ? path : system.Target(path);
-  std::string const& firstPath = NamesFirstFile(target) ? target : path;
+  std::string const firstPath = path.empty() ? path : FirstPathOf(system, path);
   std::string unopened;
   for (int file = 1; file <= f::kMaxFiles && !firstPath.empty(); ++file) {
     platform::OpenedFile opened = system.Open(PathOf(firstPath, file), platform::OpenMode::kRead);

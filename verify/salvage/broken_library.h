@@ -23,7 +23,8 @@ class BrokenLibrary {
  public:
   using Header = std::array<std::int32_t, format::kHeaderWords>;
 
-  // Opens every file that exists. openNotFound if none does, openDenied if one is in use.
+  // Opens every file that exists. openNotFound if none does, openDenied if one
+  // of the first two is in use or may not be read, openFailed if one of them cannot be opened.
   openErrors Open(platform::FileSystem& system, std::string const& firstPath);
 
   std::int32_t Type() const noexcept { return type_; }

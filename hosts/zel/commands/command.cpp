@@ -252,6 +252,12 @@ Command& Command::Library(Target target, bool const* mayBeNew) {
   return *this;
 }
 
+Command& Command::Mends(bool const* when) {
+  mends_ = true;
+  mendsWhen_ = when;
+  return *this;
+}
+
 void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
   Session& session = session_;
   sub_->add_flag_callback(
@@ -262,7 +268,7 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
         ->excludes("--json");
   }
   sub_->callback([&session, name = sub_->get_name(), libraries = libraries_, sources = sources_,
-                  lists = lists_, work = std::move(work)] {
+                  lists = lists_, mends = mends_, mendsWhen = mendsWhen_, work = std::move(work)] {
     session.commandName = name;
     for (std::vector<std::string>* const words : lists) TakeApart(*words);
     UseDefaults(session);
@@ -274,7 +280,8 @@ void Command::Run(Outputs outputs, std::function<Report(Session&)> work) {
       if (words.mayBeNew != nullptr && *words.mayBeNew) continue;
       std::visit(FindLibraries{session.defaults.Path()}, words.target.to_);
     }
-    OpenNames(session);
+    bool const isToMend = mends && (mendsWhen == nullptr || *mendsWhen);
+    isToMend ? TryOpenNames(session) : OpenNames(session);
     Report report = work(session);
     report.ShowIn(session.units);
     NoteUnitsNotUsed(session);

@@ -86,6 +86,9 @@ class Command {
   // before the command runs. Not if `mayBeNew` is set then: a new library is made where it is
   // named.
   Command& Library(Target target, bool const* mayBeNew = nullptr);
+  // The command mends a library, if `when` is set then or null: a names library that cannot be
+  // opened does not end it.
+  Command& Mends(bool const* when = nullptr);
 
   // For flags that set its members.
   Session& InSession() const { return session_; }
@@ -104,6 +107,8 @@ class Command {
   std::vector<LibraryWords> libraries_;
   std::vector<std::vector<std::string>*> lists_;
   std::vector<std::string>* sources_ = nullptr;
+  bool mends_ = false;
+  bool const* mendsWhen_ = nullptr;
 };
 
 // All commands.

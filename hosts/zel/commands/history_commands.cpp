@@ -107,6 +107,7 @@ void AddHistoryCommands(CommandLine& line) {
       .Flag("--force", o->undo.force, "even if another program changed it, or it is damaged");
   AddChangeOptions(undo, o->change);
   AddStrict(undo);
+  undo.Mends(&o->undo.force);
   undo.Run(Outputs::kJsonAndCsv, [o](Session& session) { return UndoLast(session, *o); });
 }
 

@@ -75,6 +75,7 @@ void AddSalvageCommand(CommandLine& line) {
       .Flag("--force", o->force, "replace an existing library");
   AddReplaceOptions(salvage, o->change, "of a protected library");
   AddModeOption(salvage, o->mode);
+  salvage.Mends();
   salvage.Run(Outputs::kJsonAndCsv, [o](Session& session) { return Salvage(session, *o); });
 }
 
