@@ -132,6 +132,7 @@ set(formats_SOURCES
     formats/chemsep.cpp
     formats/coolprop.cpp
     formats/foreign_equations.cpp
+    formats/foreign_identity.cpp
     formats/foreign_import.cpp
     formats/foreign_record.cpp
     formats/foreign_units.cpp

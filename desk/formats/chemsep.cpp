@@ -112,6 +112,21 @@ double LimitIn(XmlElement const& element, char const* name) {
   return NumberOf(*limit);
 }
 
+// Sets the range. Both limits 0 is how programs write one that is not known: `what` then says so.
+// Throws Failure for a range that ends before it begins.
+void SetRange(XmlElement const& element, Curve& curve, std::string& what) {
+  curve.tMin = LimitIn(element, "Tmin");
+  curve.tMax = LimitIn(element, "Tmax");
+  bool const isWhole = !zel::gen_IsUndefDouble(curve.tMin) && !zel::gen_IsUndefDouble(curve.tMax);
+  if (!isWhole || curve.tMax > curve.tMin) return;
+  if (curve.tMin != 0.0 || curve.tMax != 0.0) {
+    throw Failure("the range " + Digits(curve.tMin) + " to " + Digits(curve.tMax) + " K " +
+                  (curve.tMax < curve.tMin ? "ends before it begins" : "is one temperature"));
+  }
+  curve.tMin = curve.tMax = zel::gen_GetUndefDouble();
+  what = "Tmin and Tmax are 0, which is no range";
+}
+
 class CompoundReader {
  public:
   explicit CompoundReader(XmlElement const& element) : element_(element) {
@@ -165,27 +180,17 @@ class CompoundReader {
       curve.origin = origin;
       curve.unit = UnitWord(child.Attribute("units"));
       ForeignEquation const equation = EquationIn(child);
-      curve.curve.tMin = LimitIn(child, "Tmin");
-      curve.curve.tMax = LimitIn(child, "Tmax");
-      if (Has(curve.info)) {
+      std::string noRange;
+      SetRange(child, curve.curve, noRange);
+      bool const hasUnit = *curve.info->unit == '\0' || !curve.unit.empty();
+      if (Has(curve.info) || !hasUnit) {
         datum.fate = Fate::kNoPlace;
-        datum.what = "a component has one record of " + name;
+        datum.what = hasUnit ? "a component has one record of " + name : kNoUnit;
       } else {
-        bool isSame = false;
-        std::string const why = ConvertEquation(equation, curve, datum.what, isSame);
-        bool const isHeat = name == "IdealGasCp";
-        bool const isIntegrated = isHeat && AddEnthalpy(curve, equation);
-        if (why.empty()) {
-          component_.curves.push_back(curve);
-          if (!isSame) datum.fate = Fate::kConverted;
-          if (isIntegrated) datum.what += "; its integral is the IdealEnthalpy";
-        } else if (isIntegrated) {
+        TakeCurve(curve, equation, datum);
+        if (!noRange.empty() && datum.fate != Fate::kNoPlace) {
           datum.fate = Fate::kConverted;
-          datum.datum = "IdealEnthalpy";
-          datum.what = "the integral, 0 at 298.15 K";
-        } else {
-          datum.fate = Fate::kNoPlace;
-          datum.what = why;
+          datum.what += "; " + noRange;
         }
       }
     } catch (Failure const& failure) {
@@ -193,6 +198,27 @@ class CompoundReader {
       datum.what = failure.what();
     }
     component_.data[origin] = datum;
+  }
+
+  // The record, and that of the enthalpy: its integral if it was taken, or the only form that the
+  // equation has here.
+  void TakeCurve(ForeignCurve& curve, ForeignEquation const& equation, ForeignDatum& datum) {
+    bool isSame = false;
+    std::string const why = ConvertEquation(equation, curve, datum.what, isSame);
+    bool const isHeat = datum.datum == "IdealGasCp";
+    bool const isIntegrated = isHeat && AddEnthalpy(curve, equation);
+    if (why.empty()) {
+      component_.curves.push_back(curve);
+      if (!isSame) datum.fate = Fate::kConverted;
+      if (isIntegrated) datum.what += "; its integral is the IdealEnthalpy";
+    } else if (isIntegrated) {
+      datum.fate = Fate::kConverted;
+      datum.datum = "IdealEnthalpy";
+      datum.what = "the integral, 0 at 298.15 K";
+    } else {
+      datum.fate = Fate::kNoPlace;
+      datum.what = why;
+    }
   }
 
   // False if the equation has no integral here.

@@ -54,6 +54,11 @@ constexpr Form kForms[] = {
     {{210, 21, "A B 0 C D"}, kDecimal},
 };
 
+// The heat capacity of Aly and Lee, which has no form here but an integral.
+constexpr int kAlyLee = 107;
+// The coefficients of that and of a series.
+constexpr char kFirstFive[] = "A B C D E";
+
 double Coefficient(ForeignEquation const& from, std::size_t at) {
   return at < from.coefficients.size() ? from.coefficients[at] : 0.0;
 }
@@ -85,7 +90,12 @@ std::string ConvertEquation(ForeignEquation const& from, ForeignCurve& to, std::
   std::string const name = "equation " + std::to_string(from.number);
   auto const form = std::find_if(std::begin(kForms), std::end(kForms),
                                  [&](Form const& one) { return one.row.number == from.number; });
-  if (form == std::end(kForms)) return name + " has no form here";
+  if (form == std::end(kForms)) {
+    std::string const other =
+        from.number == kAlyLee ? NotUsed(from, kFirstFive, Rule::kNone) : "";
+    if (!other.empty()) return name + " does not have the coefficient " + other;
+    return name + " has no form here";
+  }
   if (form->rule == Rule::kNoFirst && Coefficient(from, 0) != 0.0) {
     return name + " has no form here unless A is 0";
   }
@@ -121,8 +131,11 @@ bool IntegrateHeatCapacity(ForeignEquation const& cp, Curve& enthalpy) {
   enthalpy.logBasis = kNatural;
   enthalpy.coefficients = {0.0};
   std::vector<double>& c = enthalpy.coefficients;
-  bool const isSeries = (cp.number >= 1 && cp.number <= 5) || cp.number == 100;
-  if (isSeries) {
+  bool const isShort = cp.number >= 1 && cp.number <= 5;
+  if (isShort || cp.number == 100) {
+    std::string const all = kFirstFive;
+    std::string const terms = isShort ? all.substr(0, 2 * static_cast<std::size_t>(cp.number)) : all;
+    if (!NotUsed(cp, terms, Rule::kNone).empty()) return false;
     enthalpy.equation = 1;
     double power = 1.0;
     for (std::size_t i = 0; i < cp.coefficients.size(); ++i) {
@@ -132,8 +145,7 @@ bool IntegrateHeatCapacity(ForeignEquation const& cp, Curve& enthalpy) {
     }
     return true;
   }
-  constexpr int kAlyLee = 107;
-  if (cp.number != kAlyLee) return false;
+  if (cp.number != kAlyLee || !NotUsed(cp, kFirstFive, Rule::kNone).empty()) return false;
   enthalpy.equation = 17;
   for (std::size_t i = 0; i < 5; ++i) c.push_back(Coefficient(cp, i));
   // A term whose temperature is 0 is B T here, and 0 with D.

@@ -22,7 +22,8 @@ std::string ConvertEquation(ForeignEquation const& from, ForeignCurve& to, std::
                             bool& isSame);
 
 // The enthalpy of a heat capacity of equations 1 to 5, 100 and 107: its integral over the
-// temperature, 0 at 298.15 K. False for other equations.
+// temperature, 0 at 298.15 K. False for other equations, and for a coefficient other than 0 that
+// the equation does not have.
 bool IntegrateHeatCapacity(ForeignEquation const& cp, Curve& enthalpy);
 
 // The equations that ConvertEquation knows, for documents: number, form here, coefficients.

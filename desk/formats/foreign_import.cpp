@@ -6,19 +6,18 @@
 #include <tuple>
 
 #include "desk/annotate/references.h"
-#include "desk/open/component_name.h"
+#include "desk/formats/foreign_identity.h"
+#include "desk/formats/foreign_units.h"
 #include "desk/open/field_text.h"
 #include "desk/open/item_key.h"
 #include "desk/open/storable.h"
 #include "desk/tables/row_form.h"
 #include "desk/words/failure.h"
-#include "desk/words/letters.h"
 
 namespace zel::desk {
 namespace {
 
 constexpr std::uint32_t kGreatestCode = 32000;
-constexpr std::size_t kIdLength = 8;
 
 // The code with this citation, else the next free one.
 std::uint32_t CodeFor(Library const& library, std::string const& citation) {
@@ -106,23 +105,13 @@ std::vector<std::string> const& CurveHeads() {
   return heads;
 }
 
-// The letters and digits of a name.
-std::string IdFrom(std::string const& name) {
-  std::string id;
-  for (char const letter : UpperCase(name)) {
-    bool const isKept = (letter >= 'A' && letter <= 'Z') || (letter >= '0' && letter <= '9');
-    if (isKept) id += letter;
-  }
-  if (!id.empty() && id.find_first_not_of("0123456789") == std::string::npos) id.insert(0, "C");
-  return id.substr(0, kIdLength);
-}
-
 class Import {
  public:
   Import(ForeignTarget const& target, ForeignFile const& file)
       : target_(target),
         table_{target.library, target.bank, {}},
         file_(file),
+        identities_(*target.library, target.bank, file),
         constants_(table_, ConstantHeads(file)),
         curves_(table_, CurveHeads()) {}
 
@@ -148,52 +137,6 @@ class Import {
 
  private:
   std::string Shown() const { return !component_.name.empty() ? component_.name : component_.cas; }
-
-  bool IsIn(std::string const& word) const {
-    PureComponent const component;
-    Library const* const names = target_.library->InSession().names.get();
-    for (Library const* library : {static_cast<Library const*>(target_.library), names}) {
-      if (library == nullptr) continue;
-      for (BankName const& bank : library->Banks(kPureType)) {
-        if (ReadComponent(*library, bank, word, component)) return true;
-      }
-    }
-    return false;
-  }
-
-  std::string FreeId() const {
-    std::string const id = IdFrom(component_.name);
-    if (id.empty()) return "";
-    std::string free = id;
-    for (int i = 2; IsIn(free); ++i) {
-      std::string const tail = std::to_string(i);
-      free = id.substr(0, kIdLength - tail.size()) + tail;
-    }
-    return free;
-  }
-
-  // The number of the component in the bank; empty for a new one.
-  std::string Known() const {
-    PureComponent const found;
-    BankName const& bank = target_.bank;
-    if (!component_.cas.empty()) {
-      bool const isThere = ReadComponent(*target_.library, bank, component_.cas, found);
-      return isThere ? std::to_string(found.ReadIdentity().number) : "";
-    }
-    std::string const& name = component_.name;
-    if (!MayBeName(name)) return "";
-    try {
-      std::string const word = LookupWord(name, {{target_.library, bank}});
-      if (!ReadComponent(*target_.library, bank, word, found)) return "";
-    } catch (Failure const&) {  // an ambiguous name, or one that is too long for an ID
-      return "";
-    }
-    Identity const identity = found.ReadIdentity();
-    auto const isIt = [&](std::string const& one) { return UpperCase(one) == UpperCase(name); };
-    bool const isSame =
-        isIt(identity.name) || std::any_of(identity.ids.begin(), identity.ids.end(), isIt);
-    return isSame ? std::to_string(identity.number) : "";
-  }
 
   RowState Write() {
     std::vector<Cell> row =
@@ -221,10 +164,11 @@ class Import {
 
   // Returns the component's number.
   std::string WriteConstants(RowState& state, std::string& what) {
-    std::string number = Known();
+    std::string number = identities_.NumberOf(component_);
+    bool const isNew = number.empty();
     std::string const code = std::to_string(done_.code);
-    bool const isInNames = !component_.cas.empty() && IsIn(component_.cas);
-    std::string const id = number.empty() && !isInNames ? FreeId() : "";
+    bool const isInNames = !component_.cas.empty() && identities_.IsInLibrary(component_.cas);
+    std::string const id = isNew && !isInNames ? identities_.NewIdFor(component_) : "";
     constants_.Begin(component_.line);
     constants_.Put("number", number);
     constants_.Put("cas", component_.cas);
@@ -246,6 +190,7 @@ class Import {
     PureComponent const written;
     ReadComponent(*target_.library, target_.bank, word, written);
     number = std::to_string(written.ReadIdentity().number);
+    if (isNew) identities_.Add(written.ReadIdentity());
     if (result.given != 0) done_.given.Add(Shown(), std::int64_t{result.given});
     return number;
   }
@@ -254,11 +199,15 @@ class Import {
     PureComponent const written;
     ReadComponent(*target_.library, target_.bank, number, written);
     bool const hasTc = !zel::gen_IsUndefDouble(written.Constant(zel::propertyTC));
+    bool const hasWeight = !zel::gen_IsUndefDouble(written.Constant(zel::propertyMW));
     for (ForeignCurve const& one : component_.curves) {
       ForeignDatum& datum = component_.data[one.origin];
-      if (one.needsTc && !hasTc) {
+      bool const needsWeight = IsPerMass(one.unit, one.info->unit);
+      bool const lacksTc = one.needsTc && !hasTc;
+      if (lacksTc || (needsWeight && !hasWeight)) {
         datum.fate = Fate::kNoPlace;
-        datum.what = "its form needs TC, which the component does not have";
+        datum.what = lacksTc ? "its form needs TC, which the component does not have"
+                             : "values per mass need MW, which the component does not have";
         continue;
       }
       try {
@@ -287,7 +236,7 @@ class Import {
     curves_.Put("tempUnit", "K");
     curves_.Put("propUnit", one.unit);
     curves_.Put("logBasis", curve.logBasis == 2 ? "log" : "ln");
-    curves_.Put("moleWtBasis", "m");
+    curves_.Put("moleWtBasis", IsPerMass(one.unit, one.info->unit) ? "wt" : "m");
     curves_.Put("tMin", AllDigits(curve.tMin));
     curves_.Put("tMax", AllDigits(curve.tMax));
     curves_.Put("refCode", std::to_string(done_.code));
@@ -349,6 +298,7 @@ class Import {
   ForeignTarget const& target_;
   TableTarget table_;
   ForeignFile const& file_;
+  ForeignIdentities identities_;
   Rows constants_;
   Rows curves_;
   ForeignComponent component_;  // that is being written

@@ -97,6 +97,12 @@ void AddConstant(ForeignComponent& component, std::string const& keyword,
                                    [&](ForeignConstant const& one) { return one.info == info; });
   try {
     if (isThere) throw Failure("a second value of " + keyword);
+    bool const hasUnit = *info->unit == '\0' || !UnitWord(number.unit).empty() || keyword == "MW";
+    if (!hasUnit) {
+      datum.fate = Fate::kNoPlace;
+      datum.what = kNoUnit;
+      return;
+    }
     bool isSame = false;
     double const value = InternalValue(number.text, number.unit, info->unit, keyword, isSame);
     component.constants.push_back({info, value, origin});
@@ -128,10 +134,16 @@ void SetName(ForeignComponent& component, std::size_t line, std::string const& t
                  isSame ? "" : "is \"" + name + "\"");
 }
 
+std::string FormulaOfElements(std::string const& text) {
+  std::string const formula = HillFormula(Atoms(text));
+  bool const isKnown = !zel::gen_IsUndefDouble(zel::GetFormulaWeight(formula.c_str()));
+  return isKnown ? formula : "";
+}
+
 void SetFormula(ForeignComponent& component, std::size_t line, std::string const& tag,
                 std::string const& text) {
-  std::string const formula = HillFormula(Atoms(text));
-  if (formula.empty() || zel::gen_IsUndefDouble(zel::GetFormulaWeight(formula.c_str()))) {
+  std::string const formula = FormulaOfElements(text);
+  if (formula.empty()) {
     component.Note(line, tag, Fate::kNoPlace, "formula",
                    "it is not a formula of elements and counts");
   } else if (formula.size() > kFormulaLength) {

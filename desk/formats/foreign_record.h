@@ -58,7 +58,8 @@ struct ForeignComponent {
 };
 
 struct ForeignFile {
-  std::string citation;  // for the data as a whole
+  std::string citation;           // for the data as a whole
+  bool namesAreFormulas = false;  // such as "O2" and "Co"; see ForeignIdentities
   std::vector<ForeignComponent> components;
 };
 
@@ -69,8 +70,11 @@ struct ForeignNumber {
   std::string text;
   std::string unit;
 };
+// What is said of a datum that has a dimension and whose unit the file does not name.
+inline constexpr char kNoUnit[] = "the file does not name its unit";
 // Adds the constant with this keyword in its internal unit. A text that is not a finite number, a
-// unit of another kind and a second value are refused.
+// unit of another kind and a second value are refused. A datum that has a dimension has no place
+// without a unit; only a molecular weight may be a relative one, which is a pure number.
 void AddConstant(ForeignComponent& component, std::string const& keyword,
                  ForeignNumber const& number);
 
@@ -82,6 +86,8 @@ void SetName(ForeignComponent& component, std::size_t line, std::string const& t
 // formula of elements and counts has no place.
 void SetFormula(ForeignComponent& component, std::size_t line, std::string const& tag,
                 std::string const& text);
+// A formula in the order of Hill; empty for a text that is not a formula of elements and counts.
+std::string FormulaOfElements(std::string const& text);
 // These have no place or are refused if a library cannot hold them unchanged.
 void SetSmiles(ForeignComponent& component, std::size_t line, std::string const& tag,
                std::string const& text);

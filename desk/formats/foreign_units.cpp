@@ -52,6 +52,11 @@ std::string UnitWord(std::string const& foreign) {
   return foreign.substr(0, first) + "/(" + below + ")";
 }
 
+bool IsPerMass(std::string const& word, std::string const& internalUnit) {
+  bool const isPerMole = internalUnit.find("kg-mol") != std::string::npos;
+  return isPerMole && !word.empty() && UnitNamed(word, internalUnit).empty();
+}
+
 void CheckForeign(double value, std::string const& name) {
   CheckStorable(value, name);
   bool const isLost = value != 0.0 && static_cast<float>(value) == 0.0F;

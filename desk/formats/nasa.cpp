@@ -81,7 +81,7 @@ void AddRange(ForeignComponent& component, NasaRange const& range, std::size_t o
     ForeignCurve enthalpy = cp;
     enthalpy.info = FindCorrelation("IdealEnthalpy");
     enthalpy.unit = "kJ/kg-mol";
-    IntegrateHeatCapacity({1, cp.curve.coefficients}, enthalpy.curve);
+    IntegrateHeatCapacity({100, cp.curve.coefficients}, enthalpy.curve);
     component.curves.push_back(std::move(enthalpy));
     datum.what += "; its integral, 0 at 298.15 K, is the IdealEnthalpy";
   } else {

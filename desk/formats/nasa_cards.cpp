@@ -82,6 +82,7 @@ class CardReader {
   ForeignFile Read() {
     bool const hasHeader = SkipTo();
     ForeignFile file;
+    file.namesAreFormulas = true;
     while (at_ < cards_.size() && !IsEnd(cards_[at_])) {
       NasaSpecies const species = isNine_ ? ReadNine() : ReadSeven();
       file.components.push_back(FromNasa(species, options_));

@@ -99,6 +99,7 @@ ForeignComponent ReadOne(YAML::Node const& node, ForeignOptions const& options) 
 
 ForeignFile ReadNasaYaml(std::string const& path, ForeignOptions const& options) {
   ForeignFile file;
+  file.namesAreFormulas = true;
   try {
     YAML::Node const root = YAML::Load(ForeignText(path));
     YAML::Node const list = root.IsMap() ? root["species"] : YAML::Node();

@@ -5,6 +5,7 @@ set(zel_TEST_SOURCES
     change_test.cpp
     check_forms_test.cpp
     chemsep_test.cpp
+    chemsep_units_test.cpp
     citation_conflict_test.cpp
     combine_history_test.cpp
     combine_test.cpp
@@ -24,6 +25,7 @@ set(zel_TEST_SOURCES
     file_digest_test.cpp
     folder_test.cpp
     foreign_equations_test.cpp
+    foreign_identity_test.cpp
     git_test.cpp
     hints_test.cpp
     history_test.cpp
