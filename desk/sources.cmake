@@ -143,6 +143,8 @@ set(formats_SOURCES
     formats/nasa_yaml.cpp
     formats/sqlite_tables.cpp
     formats/thermoml.cpp
+    formats/thermoml_points.cpp
+    formats/thermoml_properties.cpp
     formats/thermoml_tables.cpp
     formats/xml_elements.cpp)
 # The services of the system.

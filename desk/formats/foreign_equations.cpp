@@ -91,8 +91,7 @@ std::string ConvertEquation(ForeignEquation const& from, ForeignCurve& to, std::
   auto const form = std::find_if(std::begin(kForms), std::end(kForms),
                                  [&](Form const& one) { return one.row.number == from.number; });
   if (form == std::end(kForms)) {
-    std::string const other =
-        from.number == kAlyLee ? NotUsed(from, kFirstFive, Rule::kNone) : "";
+    std::string const other = from.number == kAlyLee ? NotUsed(from, kFirstFive, Rule::kNone) : "";
     if (!other.empty()) return name + " does not have the coefficient " + other;
     return name + " has no form here";
   }
@@ -134,7 +133,8 @@ bool IntegrateHeatCapacity(ForeignEquation const& cp, Curve& enthalpy) {
   bool const isShort = cp.number >= 1 && cp.number <= 5;
   if (isShort || cp.number == 100) {
     std::string const all = kFirstFive;
-    std::string const terms = isShort ? all.substr(0, 2 * static_cast<std::size_t>(cp.number)) : all;
+    std::string const terms =
+        isShort ? all.substr(0, 2 * static_cast<std::size_t>(cp.number)) : all;
     if (!NotUsed(cp, terms, Rule::kNone).empty()) return false;
     enthalpy.equation = 1;
     double power = 1.0;

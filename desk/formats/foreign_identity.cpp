@@ -40,8 +40,7 @@ std::string Numbered(std::string const& id, int number, bool isFormula) {
 
 }  // namespace
 
-ForeignIdentities::ForeignIdentities(Library const& library, BankName bank,
-                                     ForeignFile const& file)
+ForeignIdentities::ForeignIdentities(Library const& library, BankName bank, ForeignFile const& file)
     : library_(library), bank_(std::move(bank)), namesAreFormulas_(file.namesAreFormulas) {
   for (ForeignComponent const& one : file.components) {
     ++names_[UpperCase(one.name)];
@@ -110,8 +109,8 @@ std::string ForeignIdentities::NumberOf(ForeignComponent const& component) const
     return "";
   }
   Identity const identity = found.ReadIdentity();
-  bool const isMade = PlainIdOf(identity.name, true) == upper ||
-                      PlainIdOf(identity.name, false) == upper;
+  bool const isMade =
+      PlainIdOf(identity.name, true) == upper || PlainIdOf(identity.name, false) == upper;
   bool const isIt = isSameFormula(FormulaOfElements(identity.formula)) && !isMade;
   return isIt ? std::to_string(identity.number) : "";
 }

@@ -50,9 +50,9 @@ class ForeignIdentities {
   Library const& library_;
   BankName bank_;
   bool namesAreFormulas_;
-  std::multimap<std::string, Known> known_;      // by name in upper case
-  std::map<std::string, std::size_t> names_;     // in the file: how often, in upper case
-  std::set<std::string> ids_;                    // that the names in the file give
+  std::multimap<std::string, Known> known_;   // by name in upper case
+  std::map<std::string, std::size_t> names_;  // in the file: how often, in upper case
+  std::set<std::string> ids_;                 // that the names in the file give
 };
 
 }  // namespace zel::desk

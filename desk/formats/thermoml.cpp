@@ -3,66 +3,19 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
+#include <iterator>
+#include <limits>
 #include <map>
+#include <optional>
 
+#include "desk/formats/thermoml_properties.h"
 #include "desk/formats/xml_elements.h"
 #include "desk/open/pure_component.h"
-#include "desk/tables/plot_points.h"
 #include "desk/words/failure.h"
 #include "desk/words/number_words.h"
 
 namespace zel::desk {
 namespace {
-
-// How a property becomes a value of a correlation: the number, or its inverse, times a factor, and
-// times or divided by the molecular weight.
-struct PropertyRow {
-  char const* property;
-  char const* phase;  // the beginning of its name
-  char const* correlation;
-  double factor;
-  int power;        // 1, or -1 for the inverse
-  int weightPower;  // of the molecular weight
-};
-constexpr PropertyRow kProperties[] = {
-    {"Vapor or sublimation pressure, kPa", "Liquid", "VaporPressure", 1.0, 1, 0},
-    {"Vapor or sublimation pressure, kPa", "Gas", "VaporPressure", 1.0, 1, 0},
-    {"Mass density, kg/m3", "Liquid", "LiquidDensity", 1.0, 1, -1},
-    {"Mass density, kg/m3", "Crystal", "SolidDensity", 1.0, 1, -1},
-    {"Specific volume, m3/kg", "Liquid", "LiquidDensity", 1.0, -1, -1},
-    {"Molar volume, m3/mol", "Liquid", "LiquidDensity", 1e-3, -1, 0},
-    {"Amount density, mol/m3", "Liquid", "LiquidDensity", 1e-3, 1, 0},
-    {"Viscosity, Pa*s", "Liquid", "LiquidViscosity", 1e3, 1, 0},
-    {"Viscosity, Pa*s", "Gas", "VaporViscosity", 1e3, 1, 0},
-    {"Thermal conductivity, W/m/K", "Liquid", "LiquidThermal", 1.0, 1, 0},
-    {"Thermal conductivity, W/m/K", "Gas", "VaporThermal", 1.0, 1, 0},
-    {"Surface tension liquid-gas, N/m", "Liquid", "SurfaceTension", 1.0, 1, 0},
-    {"Molar enthalpy of vaporization or sublimation, kJ/mol", "Liquid", "LatentHeat", 1e3, 1, 0},
-    {"Molar enthalpy of vaporization or sublimation, kJ/mol", "Gas", "LatentHeat", 1e3, 1, 0},
-    {"Molar heat capacity at constant pressure, J/K/mol", "Liquid", "LiquidCp", 1.0, 1, 0},
-    {"Molar heat capacity at constant pressure, J/K/mol", "Crystal", "SolidCp", 1.0, 1, 0},
-    {"Molar heat capacity at constant pressure, J/K/mol", "Ideal gas", "IdealGasCp", 1.0, 1, 0},
-    {"Molar heat capacity at saturation pressure, J/K/mol", "Liquid", "LiquidCp", 1.0, 1, 0},
-    {"Molar heat capacity at saturation pressure, J/K/mol", "Crystal", "SolidCp", 1.0, 1, 0},
-    {"Specific heat capacity at constant pressure, J/K/kg", "Liquid", "LiquidCp", 1e-3, 1, 1},
-    {"Specific heat capacity at saturation pressure, J/K/kg", "Liquid", "LiquidCp", 1e-3, 1, 1},
-    {"Relative permittivity at zero frequency", "Liquid", "Dielectric", 1.0, 1, 0},
-};
-
-// Expanded uncertainties in terms of standard ones.
-double CoverageOf(double confidence) {
-  struct Level {
-    double percent;
-    double factor;
-  };
-  constexpr Level kLevels[] = {{68.0, 1.0}, {90.0, 1.645}, {95.0, 2.0}, {99.0, 2.576}};
-  constexpr double kUsual = 2.0;
-  for (Level const& level : kLevels) {
-    if (std::abs(confidence - level.percent) < 1.0) return level.factor;
-  }
-  return kUsual;
-}
 
 std::string ElementText(XmlElement const* element) {
   if (element == nullptr) return "";
@@ -106,14 +59,57 @@ struct Condition {
   double value = std::numeric_limits<double>::quiet_NaN();
 };
 
+// The names of the elements of an uncertainty, in a property and in its values.
+struct UncertaintyNames {
+  char const* place;
+  char const* number;  // of the assessment
+  char const* factor;
+  char const* level;
+  char const* standard;
+  char const* expanded;
+};
+constexpr UncertaintyNames kUncertainties[] = {
+    {"CombinedUncertainty", "nCombUncertAssessNum", "nCombCoverageFactor", "nCombUncertLevOfConfid",
+     "nCombStdUncertValue", "nCombExpandUncertValue"},
+    {"PropUncertainty", "nUncertAssessNum", "nCoverageFactor", "nUncertLevOfConfid",
+     "nStdUncertValue", "nExpandUncertValue"}};
+
+// Coverage factors of a property by the number of their assessment; NaN for one that is not known.
+struct CoverageFactors {
+  double first = 2.0;  // for another number
+  std::map<std::string, double> byNumber;
+};
+
+// A property of a set, and what has been read of it.
 struct PropertyOf {
-  std::string number;
   std::string name;
   std::string phase;
   std::string method;
-  double coverage = 2.0;
-  PropertyRow const* row = nullptr;
+  CoverageFactors factors[std::size(kUncertainties)];
+  MeasuredProperty const* row = nullptr;
   std::string why;  // it has none
+  std::vector<MeasuredPoint> points;
+  std::size_t passedOver = 0;  // because of `why`
+  std::size_t atPressure = 0;
+  std::size_t without = 0;  // temperature or value
+  std::size_t second = 0;
+  XmlElement const* last = nullptr;  // values of which one was read last
+};
+
+// What a set of values is of.
+struct SetOf {
+  std::vector<Compound> compounds;
+  std::vector<std::string> phases;
+  std::vector<Condition> conditions;
+
+  bool Has(char const* phase) const {
+    return std::find(phases.begin(), phases.end(), phase) != phases.end();
+  }
+  Condition const* Find(char const* what) const {
+    auto const at = std::find_if(conditions.begin(), conditions.end(),
+                                 [&](Condition const& one) { return one.what == what; });
+    return at == conditions.end() ? nullptr : &*at;
+  }
 };
 
 class ThermoMlReader {
@@ -190,30 +186,63 @@ class ThermoMlReader {
     return ElementText(Within(property, {"PropPhaseID", "ePropPhase"}));
   }
 
-  PropertyOf ReadProperty(XmlElement const& element, Compound const& compound) const {
+  PropertyOf ReadProperty(XmlElement const& element, SetOf const& set) const {
     PropertyOf property;
-    property.number = ChildText(element, "nPropNumber");
     property.name = ElementText(Somewhere(element, "ePropName"));
     XmlElement const* const method = Somewhere(element, "eMethodName");
     property.method = ElementText(method != nullptr ? method : Somewhere(element, "sMethodName"));
     property.phase = PhaseOf(element);
-    if (XmlElement const* const level = Somewhere(element, "nCombUncertLevOfConfid")) {
-      property.coverage = CoverageOf(std::strtod(ElementText(level).c_str(), nullptr));
-    } else if (XmlElement const* const other = Somewhere(element, "nUncertLevOfConfid")) {
-      property.coverage = CoverageOf(std::strtod(ElementText(other).c_str(), nullptr));
+    for (std::size_t kind = 0; kind < std::size(kUncertainties); ++kind) {
+      for (XmlElement const& child : element.children) {
+        if (child.name != kUncertainties[kind].place) continue;
+        AddFactor(child, kUncertainties[kind], property.factors[kind]);
+      }
     }
-    auto const at =
-        std::find_if(std::begin(kProperties), std::end(kProperties), [&](PropertyRow const& row) {
-          return property.name == row.property && property.phase.rfind(row.phase, 0) == 0;
-        });
-    if (at == std::end(kProperties)) {
-      property.why = "no correlation of this property in this phase";
-    } else if (at->weightPower != 0 && zel::gen_IsUndefDouble(compound.weight)) {
-      property.why = "per mass, and the formula has no molecular weight";
-    } else {
-      property.row = at;
-    }
+    property.row = FindMeasuredProperty(property.name, property.phase);
+    property.why = WhyPassedOver(element, property, set);
     return property;
+  }
+
+  void AddFactor(XmlElement const& child, UncertaintyNames const& names,
+                 CoverageFactors& factors) const {
+    double const factor = FactorIn(child, names);
+    if (factors.byNumber.empty()) factors.first = factor;
+    factors.byNumber.emplace(ChildText(child, names.number), factor);
+  }
+
+  // The factor that the assessment states, or that of its level of confidence; 2 for neither.
+  double FactorIn(XmlElement const& assessment, UncertaintyNames const& names) const {
+    constexpr double kUsual = 2.0;
+    if (XmlElement const* const factor = assessment.Child(names.factor)) {
+      double const value = NumberOf(assessment, names.factor);
+      if (!(value > 0.0)) Refuse(*factor, Digits(value) + " is not a coverage factor");
+      return value;
+    }
+    if (assessment.Child(names.level) == nullptr) return kUsual;
+    return CoverageFactorOf(NumberOf(assessment, names.level));
+  }
+
+  static std::string WhyPassedOver(XmlElement const& element, PropertyOf const& property,
+                                   SetOf const& set) {
+    constexpr char kDirect[] = "Direct value, X";
+    std::string const presented = ElementText(Somewhere(element, "ePresentation"));
+    if (set.compounds.size() > 1) return "a mixture";
+    if (property.row == nullptr) return "no correlation of this property in this phase";
+    bool const isPerMass = property.row->weightPower != 0;
+    if (isPerMass && zel::gen_IsUndefDouble(set.compounds.front().weight)) {
+      return "per mass, and the formula has no molecular weight";
+    }
+    if (!presented.empty() && presented != kDirect) return "presented as: " + presented;
+    for (Condition const& one : set.conditions) {
+      bool const isUsual = one.what == kTemperature || one.what == kPressure;
+      if (!isUsual) return "it depends on: " + one.what;
+    }
+    bool const isOfVapor = property.name.find("or sublimation") != std::string::npos;
+    for (std::string const& phase : set.phases) {
+      if (!isOfVapor || phase == kLiquid || phase == kGas) continue;
+      return phase.rfind("Crystal", 0) == 0 ? "of a solid" : "of the phase " + phase;
+    }
+    return "";
   }
 
   std::vector<Condition> Conditions(XmlElement const& data) const {
@@ -239,27 +268,27 @@ class ThermoMlReader {
   }
 
   void ReadData(XmlElement const& data) {
-    std::vector<Compound> compounds;
-    bool hasGas = false;
-    bool hasSolid = false;
+    SetOf set;
     for (XmlElement const& child : data.children) {
-      if (child.name == "Component") compounds.push_back(CompoundOf(child));
-      std::string const phase = child.name == "PhaseID" ? ChildText(child, "ePhase") : "";
-      hasGas = hasGas || phase == "Gas";
-      hasSolid = hasSolid || phase.rfind("Crystal", 0) == 0;
+      if (child.name == "Component") set.compounds.push_back(CompoundOf(child));
+      if (child.name == "PhaseID") set.phases.push_back(ChildText(child, "ePhase"));
     }
-    if (compounds.empty()) Refuse(data, "has no Component");
-    std::vector<Condition> const conditions = Conditions(data);
-    std::string const other = OtherCondition(conditions);
+    if (set.compounds.empty()) Refuse(data, "has no Component");
+    set.conditions = Conditions(data);
+    std::vector<PropertyOf> properties;
+    std::map<std::string, std::size_t> places;  // by number
     for (XmlElement const& child : data.children) {
       if (child.name != "Property") continue;
-      PropertyOf property = ReadProperty(child, compounds.front());
-      if (compounds.size() > 1) property.why = "a mixture";
-      if (property.why.empty() && !other.empty()) property.why = "it depends on: " + other;
-      bool const isOfTwoPhases = property.name.find("or sublimation") != std::string::npos;
-      if (property.why.empty() && isOfTwoPhases && hasSolid) property.why = "of a solid";
-      AddSet(data, compounds.front(), property, conditions, hasGas);
+      std::string const number = ChildText(child, "nPropNumber");
+      if (!places.emplace(number, properties.size()).second) {
+        Refuse(child, "nPropNumber \"" + number + "\" is there twice");
+      }
+      properties.push_back(ReadProperty(child, set));
     }
+    for (XmlElement const& child : data.children) {
+      if (child.name == "NumValues") ReadValues(child, set, places, properties);
+    }
+    for (PropertyOf& property : properties) AddSet(set.compounds.front(), property);
   }
 
   Compound CompoundOf(XmlElement const& component) const {
@@ -269,97 +298,104 @@ class ThermoMlReader {
     return at->second;
   }
 
-  static std::string OtherCondition(std::vector<Condition> const& conditions) {
-    for (Condition const& one : conditions) {
-      if (one.what != kTemperature && one.what != kPressure) return one.what;
+  // The values at one temperature and pressure.
+  void ReadValues(XmlElement const& values, SetOf const& set,
+                  std::map<std::string, std::size_t> const& places,
+                  std::vector<PropertyOf>& properties) const {
+    constexpr double kHighestPressure = 150.0;  // kPa
+    bool const isOfTwoPhases = set.Has(kGas) && set.phases.size() > 1;
+    std::optional<MeasuredPoint> state;
+    for (XmlElement const& value : values.children) {
+      if (value.name != "PropertyValue") continue;
+      auto const place = places.find(ChildText(value, "nPropNumber"));
+      if (place == places.end()) continue;
+      PropertyOf& property = properties[place->second];
+      bool const isSecond = property.last == &values;
+      property.last = &values;
+      if (!property.why.empty() || isSecond) {
+        ++(isSecond ? property.second : property.passedOver);
+        continue;
+      }
+      if (!state) state = StateOf(values, set);
+      MeasuredPoint const point = PointOf(*state, value, set.compounds.front(), property);
+      bool const isSaturated = isOfTwoPhases && property.phase != kGas;
+      if (!(point.kelvin > 0.0) || !std::isfinite(point.value)) {
+        ++property.without;
+      } else if (point.pressure > kHighestPressure && !isSaturated) {
+        ++property.atPressure;
+      } else {
+        property.points.push_back(point);
+      }
     }
-    return "";
   }
 
-  void AddSet(XmlElement const& data, Compound const& compound, PropertyOf const& property,
-              std::vector<Condition> const& conditions, bool hasGas) {
-    constexpr double kHighestPressure = 150.0;  // kPa
+  void AddSet(Compound const& compound, PropertyOf& property) {
+    for (PassedOver const& one :
+         {PassedOver{compound.name, property.name, property.passedOver, property.why},
+          PassedOver{compound.name, property.name, property.atPressure, "above 150 kPa"},
+          PassedOver{compound.name, property.name, property.without,
+                     "no temperature above 0 K or no value"},
+          PassedOver{compound.name, property.name, property.second,
+                     "a second value at the same conditions"}}) {
+      if (one.points > 0) data_.passedOver.push_back(one);
+    }
+    if (property.points.empty()) return;
     MeasuredSet set;
     set.compound = compound.name;
     set.cas = compound.cas;
+    set.correlation = FindCorrelation(property.row->correlation);
     set.property = property.name;
     set.phase = property.phase;
     set.method = property.method;
-    PassedOver atPressure = {compound.name, property.name, 0, "above 150 kPa"};
-    PassedOver whole = {compound.name, property.name, 0, property.why};
-    PassedOver without = {compound.name, property.name, 0, "no temperature above 0 K or no value"};
-    for (XmlElement const& values : data.children) {
-      if (values.name != "NumValues") continue;
-      XmlElement const* const value = ValueOf(values, property.number);
-      if (value == nullptr) continue;
-      if (property.row == nullptr || !property.why.empty()) {
-        ++whole.points;
-        continue;
-      }
-      MeasuredPoint const point = PointOf(values, *value, compound, property, conditions);
-      if (!(point.kelvin > 0.0) || !std::isfinite(point.value)) {
-        ++without.points;
-      } else if (point.pressure > kHighestPressure && !hasGas) {
-        ++atPressure.points;
-      } else {
-        set.points.push_back(point);
-      }
-    }
-    if (property.row != nullptr) set.correlation = FindCorrelation(property.row->correlation);
-    if (!set.points.empty()) data_.sets.push_back(std::move(set));
-    for (PassedOver const& one : {whole, atPressure, without}) {
-      if (one.points > 0) data_.passedOver.push_back(one);
-    }
+    set.points = std::move(property.points);
+    data_.sets.push_back(std::move(set));
   }
 
-  static XmlElement const* ValueOf(XmlElement const& values, std::string const& number) {
-    for (XmlElement const& child : values.children) {
-      if (child.name == "PropertyValue" && ChildText(child, "nPropNumber") == number) return &child;
-    }
-    return nullptr;
-  }
-
-  MeasuredPoint PointOf(XmlElement const& values, XmlElement const& value, Compound const& compound,
-                        PropertyOf const& property,
-                        std::vector<Condition> const& conditions) const {
-    PropertyRow const& row = *property.row;
+  MeasuredPoint StateOf(XmlElement const& values, SetOf const& set) const {
     MeasuredPoint point;
-    point.kelvin = At(values, conditions, kTemperature);
-    point.pressure = At(values, conditions, kPressure);
+    point.kelvin = At(values, set.Find(kTemperature));
+    point.pressure = At(values, set.Find(kPressure));
+    return point;
+  }
+
+  MeasuredPoint PointOf(MeasuredPoint const& state, XmlElement const& value,
+                        Compound const& compound, PropertyOf const& property) const {
+    MeasuredProperty const& row = *property.row;
+    MeasuredPoint point = state;
     double const number = NumberOf(value, "nPropValue");
     double const scale = row.factor * std::pow(row.weightPower == 0 ? 1.0 : compound.weight,
                                                static_cast<double>(row.weightPower));
     point.value = row.power > 0 ? number * scale : scale / number;
-    double const uncertainty = UncertaintyOf(value, property.coverage);
-    point.uncertainty = std::abs(point.value * uncertainty / number);
+    double const uncertainty = UncertaintyOf(value, property);
+    point.uncertainty =
+        std::abs(row.power > 0 ? uncertainty * scale : point.value * uncertainty / number);
     return point;
   }
 
-  // The value of a condition; NaN for one that is not stated.
-  double At(XmlElement const& values, std::vector<Condition> const& conditions,
-            std::string const& what) const {
-    for (Condition const& one : conditions) {
-      if (one.what != what) continue;
-      if (one.number.empty()) return one.value;
-      for (XmlElement const& child : values.children) {
-        bool const isIt =
-            child.name == "VariableValue" && ChildText(child, "nVarNumber") == one.number;
-        if (isIt) return NumberOf(child, "nVarValue");
-      }
+  // The value of a condition, which may be null; NaN for one that is not stated.
+  double At(XmlElement const& values, Condition const* condition) const {
+    if (condition == nullptr) return std::numeric_limits<double>::quiet_NaN();
+    if (condition->number.empty()) return condition->value;
+    for (XmlElement const& child : values.children) {
+      bool const isIt =
+          child.name == "VariableValue" && ChildText(child, "nVarNumber") == condition->number;
+      if (isIt) return NumberOf(child, "nVarValue");
     }
     return std::numeric_limits<double>::quiet_NaN();
   }
 
   // In the unit of the property; NaN for none.
-  double UncertaintyOf(XmlElement const& value, double coverage) const {
-    for (char const* place : {"CombinedUncertainty", "PropUncertainty"}) {
-      XmlElement const* const found = value.Child(place);
-      if (found == nullptr) continue;
-      for (char const* name : {"nCombStdUncertValue", "nStdUncertValue"}) {
-        if (found->Child(name) != nullptr) return NumberOf(*found, name);
-      }
-      for (char const* name : {"nCombExpandUncertValue", "nExpandUncertValue"}) {
-        if (found->Child(name) != nullptr) return NumberOf(*found, name) / coverage;
+  double UncertaintyOf(XmlElement const& value, PropertyOf const& property) const {
+    for (std::size_t kind = 0; kind < std::size(kUncertainties); ++kind) {
+      UncertaintyNames const& names = kUncertainties[kind];
+      for (XmlElement const& child : value.children) {
+        if (child.name != names.place) continue;
+        if (child.Child(names.standard) != nullptr) return NumberOf(child, names.standard);
+        if (child.Child(names.expanded) == nullptr) continue;
+        CoverageFactors const& factors = property.factors[kind];
+        auto const factor = factors.byNumber.find(ChildText(child, names.number));
+        return NumberOf(child, names.expanded) /
+               (factor == factors.byNumber.end() ? factors.first : factor->second);
       }
     }
     return std::numeric_limits<double>::quiet_NaN();
@@ -367,6 +403,8 @@ class ThermoMlReader {
 
   static constexpr char kTemperature[] = "Temperature, K";
   static constexpr char kPressure[] = "Pressure, kPa";
+  static constexpr char kLiquid[] = "Liquid";
+  static constexpr char kGas[] = "Gas";
 
   std::string path_;
   XmlElement root_;
@@ -377,39 +415,5 @@ class ThermoMlReader {
 }  // namespace
 
 MeasuredData ReadThermoMl(std::string const& path) { return ThermoMlReader(path).Read(); }
-
-bool IsXmlFile(std::string const& path) {
-  if (path == "-") return false;
-  std::ifstream file(path, std::ios::binary);
-  char begin[64] = {};
-  file.read(begin, sizeof begin - 1);
-  std::string text(begin);
-  if (text.rfind("\xef\xbb\xbf", 0) == 0) text.erase(0, 3);
-  std::size_t const first = text.find_first_not_of(" \t\r\n");
-  return first != std::string::npos && text[first] == '<';
-}
-
-std::vector<PlotPoints> ReadPoints(std::string const& path,
-                                   zel::ZelCorrelationInfo const& correlation,
-                                   DisplayUnits const& units) {
-  if (!IsXmlFile(path)) return ReadPlotPoints(path, correlation, units);
-  MeasuredData const data = ReadThermoMl(path);
-  std::vector<PlotPoints> sets;
-  for (MeasuredSet const& set : data.sets) {
-    if (std::string(set.correlation->name) != correlation.name) continue;
-    PlotPoints points;
-    points.label = data.label.empty() ? path : data.label;
-    points.component = set.cas.empty() ? set.compound : set.cas;
-    for (MeasuredPoint const& one : set.points) {
-      points.points.push_back({one.kelvin, one.value, one.uncertainty});
-    }
-    std::stable_sort(
-        points.points.begin(), points.points.end(),
-        [](PlotPoints::Point const& a, PlotPoints::Point const& b) { return a.kelvin < b.kelvin; });
-    sets.push_back(std::move(points));
-  }
-  if (sets.empty()) throw Failure(path + ": has no points of " + correlation.name);
-  return sets;
-}
 
 }  // namespace zel::desk

@@ -150,8 +150,8 @@ XmlElement ReadXml(std::string const& path) {
   context->sax->internalSubset = RefuseType;
   context->sax->serror = [](void* data, auto* error) { NoteError(data, error); };
   // The predefined entities are replaced in attributes, too; there are no others.
-  xmlCtxtUseOptions(context.get(), XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR |
-                                       XML_PARSE_NOWARNING);
+  xmlCtxtUseOptions(context.get(),
+                    XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
   xmlResetLastError();
   int const result = xmlParseDocument(context.get());
   xmlError const* const last = xmlGetLastError();

@@ -86,8 +86,7 @@ TEST_F(ChemsepUnitsTest, DataWithoutTheirUnitHaveNoPlace) {
     EXPECT_EQ(Datum(done, tag)["result"], "no place") << tag;
     EXPECT_EQ(Datum(done, tag)["what"], "the file does not name its unit") << tag;
   }
-  for (char const* tag :
-       {"MolecularWeight", "AcentricityFactor", "RelativeStaticPermittivity"}) {
+  for (char const* tag : {"MolecularWeight", "AcentricityFactor", "RelativeStaticPermittivity"}) {
     EXPECT_EQ(Datum(done, tag)["result"], "taken") << tag;
   }
   json const shown = Json("show own.lb1 CHEMSEP INVENTOL");
@@ -130,8 +129,7 @@ std::string Density(std::string const& limits) {
 
 // Both limits 0: the range is not known.
 TEST_F(ChemsepUnitsTest, LimitsOfZeroAreNoRange) {
-  json const done =
-      Imported(Density("<Tmin units='K' value='0'/><Tmax units='K' value='0.00'/>"));
+  json const done = Imported(Density("<Tmin units='K' value='0'/><Tmax units='K' value='0.00'/>"));
   EXPECT_EQ(Datum(done, "LiquidDensity")["result"], "converted");
   EXPECT_EQ(Datum(done, "LiquidDensity")["what"],
             "equation 2 is 1; Tmin and Tmax are 0, which is no range");
@@ -151,15 +149,15 @@ TEST_F(ChemsepUnitsTest, ARangeThatIsNotOneIsRefused) {
       {"<Tmin value='300'/><Tmax value='0'/>", "the range 300 to 0 K ends before it begins"},
   };
   for (auto const& row : rows) {
-    MakeFile("in.xml", "<compounds><compound><CompoundID value='Inventol'/>" +
-                           Density(row.limits) + "</compound></compounds>");
+    MakeFile("in.xml", "<compounds><compound><CompoundID value='Inventol'/>" + Density(row.limits) +
+                           "</compound></compounds>");
     Outcome const outcome = Zel("import --format chemsep own.lb1 in.xml --create --json");
     EXPECT_EQ(outcome.status, 1) << row.why;
     EXPECT_EQ(Datum(json::parse(outcome.out), "LiquidDensity")["what"], row.why);
   }
-  EXPECT_EQ(Datum(Imported(Density("<Tmin value='0'/><Tmax value='400'/>")),
-                  "LiquidDensity")["result"],
-            "taken");
+  EXPECT_EQ(
+      Datum(Imported(Density("<Tmin value='0'/><Tmax value='400'/>")), "LiquidDensity")["result"],
+      "taken");
 }
 
 // An ampersand is one in a value, too.

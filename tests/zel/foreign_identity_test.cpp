@@ -67,7 +67,7 @@ class ForeignIdentityTest : public ZelTest {
 };
 
 TEST_F(ForeignIdentityTest, SpeciesOfOneFileStayApart) {
-  std::vector<Species> const all = {kCation, kAtom,    kAnion,  kOxygen,
+  std::vector<Species> const all = {kCation, kAtom,   kAnion,    kOxygen,
                                     kOzone,  kCobalt, kMonoxide, kDioxide};
   json const done = Imported(all);
   EXPECT_EQ(done["new"], 8) << done;

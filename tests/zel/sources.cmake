@@ -64,6 +64,7 @@ set(zel_TEST_SOURCES
     tables_test.cpp
     terminal_run.cpp
     terminal_test.cpp
+    thermoml_kinds_test.cpp
     thermoml_test.cpp
     traced_run.cpp
     unclean_test.cpp
