@@ -43,18 +43,6 @@ double EnthalpyOverR(std::vector<double> const& a, double t) {
          t * (a[2] + t * (a[3] / 2 + t * (a[4] / 3 + t * (a[5] / 4 + t * a[6] / 5)))) + a[7];
 }
 
-// "C2H6O" of the atoms; empty if there are parts of atoms or electrons.
-std::string FormulaOf(std::map<std::string, double> const& elements) {
-  std::string formula;
-  for (auto const& [element, count] : elements) {
-    if (count == 0.0) continue;
-    bool const isWhole = count > 0.0 && count < 1e4 && count == std::floor(count);
-    if (!isWhole || element == "E") return "";
-    formula += element + (count == 1.0 ? "" : std::to_string(static_cast<long>(count)));
-  }
-  return formula;
-}
-
 void AddRange(ForeignComponent& component, NasaRange const& range, std::size_t origin) {
   ForeignDatum& datum = component.data[origin];
   ForeignCurve cp;
@@ -108,6 +96,17 @@ void AddConstants(ForeignComponent& component, NasaRange const& range) {
 
 }  // namespace
 
+std::string FormulaOf(std::map<std::string, double> const& elements) {
+  std::string formula;
+  for (auto const& [element, count] : elements) {
+    if (count == 0.0) continue;
+    bool const isWhole = count > 0.0 && count < 1e4 && count == std::floor(count);
+    if (!isWhole || element == "E") return "";
+    formula += element + (count == 1.0 ? "" : std::to_string(static_cast<long>(count)));
+  }
+  return formula;
+}
+
 ForeignComponent FromNasa(NasaSpecies const& species, ForeignOptions const& options) {
   ForeignComponent component;
   component.line = species.line;
@@ -124,13 +123,14 @@ ForeignComponent FromNasa(NasaSpecies const& species, ForeignOptions const& opti
   for (std::size_t i = 0; i < ranges.size(); ++i) {
     std::string const tag = TagOf(i, ranges.size());
     std::size_t const origin = component.Note(ranges[i].line, tag, Fate::kNoPlace, "IdealGasCp");
-    if (!species.isGas) {
-      component.data[origin].what = "it is not a gas";
+    if (!species.notGas.empty()) {
+      component.data[origin].what = species.notGas;
     } else if (i != chosen) {
       component.data[origin].what = "a record has one range, and another one was chosen";
     } else {
       try {
         AddRange(component, ranges[i], origin);
+        if (!species.remark.empty()) component.data[origin].what += "; " + species.remark;
         AddConstants(component, ranges[i]);
       } catch (Failure const& failure) {
         component.data[origin].fate = Fate::kRefused;

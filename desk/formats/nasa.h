@@ -22,11 +22,17 @@ struct NasaSpecies {
   std::size_t line = 0;
   std::string name;
   std::map<std::string, double> elements;  // atoms
-  bool isGas = true;
+  std::string notGas;  // why it is not an ideal gas; empty for one
+  std::string remark;  // on its ranges, for the report
   std::vector<NasaRange> ranges;
   // What is wrong with its numbers; its data are then refused.
   std::string fault;
 };
+
+inline constexpr char kNotGas[] = "it is not a gas";
+
+// "C2H6O" of the atoms; empty if there are parts of atoms or electrons.
+std::string FormulaOf(std::map<std::string, double> const& elements);
 
 // The record of one range: the lowest or highest one if that is asked for, else the one with
 // 298.15 K, else the lowest.

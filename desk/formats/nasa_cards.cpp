@@ -59,7 +59,9 @@ void AddElement(Card const& card, std::size_t from, std::size_t letters, std::si
                 NasaSpecies& species) {
   std::string symbol = Columns(card, from, from + letters - 1);
   std::string const count = Columns(card, from + letters, from + letters + digits - 1);
-  if (symbol.empty() || symbol == "0" || count.empty()) return;
+  bool const isSymbol = std::all_of(symbol.begin(), symbol.end(),
+                                    [](unsigned char letter) { return std::isalpha(letter) != 0; });
+  if (symbol.empty() || !isSymbol || count.empty()) return;
   symbol = LowerCase(symbol);
   symbol[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(symbol[0])));
   if (IsNumberWord(count)) species.elements[symbol] += ParseNumber(count, "a number");
@@ -133,18 +135,17 @@ class CardReader {
     species.line = first.line;
     species.name = Columns(first, 1, 18);
     species.name = species.name.substr(0, species.name.find(' '));
-    for (std::size_t const column : {25U, 30U, 35U, 40U, 74U}) {
-      AddElement(first, column, 2, 3, species);
-    }
-    species.isGas = UpperCase(Columns(first, 45, 45)) != "S" &&
-                    UpperCase(Columns(first, 45, 45)) != "L" &&
-                    UpperCase(Columns(first, 45, 45)) != "C";
+    for (std::size_t const column : {25U, 30U, 35U, 40U}) AddElement(first, column, 2, 3, species);
+    bool const hasWeight = HasWeight(first, species);
+    if (!hasWeight) AddElement(first, 74, 2, 3, species);
+    std::string const phase = UpperCase(Columns(first, 45, 45));
+    if (phase == "S" || phase == "L" || phase == "C") species.notGas = kNotGas;
     std::vector<Card> cards;
     for (char number = '2'; number <= '4'; ++number) {
       cards.push_back(Next(first.line));
       CheckCard(cards.back(), number, first.line);
     }
-    Fill(species, [&] { species.ranges = RangesOfSeven(first, cards); });
+    Fill(species, [&] { species.ranges = RangesOfSeven(first, cards, hasWeight, species.remark); });
     return species;
   }
 
@@ -155,7 +156,27 @@ class CardReader {
                   (card.line == first ? "" : ", in the species of line " + std::to_string(first)));
   }
 
-  std::vector<NasaRange> RangesOfSeven(Card const& first, std::vector<Card> const& cards) const {
+  // True if columns 66 to 78 do not have a common temperature and an element, but a molecular
+  // weight, perhaps with a letter before it: they are one number, the columns of the temperature
+  // are not a number, or one out of the range or the weight of the atoms.
+  static bool HasWeight(Card const& first, NasaSpecies const& species) {
+    std::string const text = Columns(first, 66, 73);
+    if (text.empty()) return false;
+    if (!IsNumberWord(text)) return true;
+    bool const isOneWord = first.text[72] != ' ' && first.text.size() > 73 && first.text[73] != ' ';
+    if (isOneWord && IsNumberWord(Columns(first, 66, 78))) return true;
+    double const number = ParseNumber(text, "");
+    double const weight = zel::GetFormulaWeight(FormulaOf(species.elements).c_str());
+    constexpr double kRounding = 0.1;
+    if (!zel::gen_IsUndefDouble(weight) && std::abs(number - weight) < kRounding) return true;
+    std::string const low = Columns(first, 46, 55);
+    std::string const high = Columns(first, 56, 65);
+    bool const hasRange = IsNumberWord(low) && IsNumberWord(high);
+    return hasRange && !(number > ParseNumber(low, "") && number < ParseNumber(high, ""));
+  }
+
+  std::vector<NasaRange> RangesOfSeven(Card const& first, std::vector<Card> const& cards,
+                                       bool hasWeight, std::string& remark) const {
     constexpr std::size_t kWidth = 15;
     constexpr std::size_t kEach = 7;
     std::vector<double> all;  // of the high range first
@@ -165,9 +186,19 @@ class CardReader {
     }
     double const low = NumberAt(first, 46, 55);
     double const high = NumberAt(first, 56, 65);
-    bool const hasCommon = !Columns(first, 66, 73).empty();
+    bool const hasCommon = !hasWeight && !Columns(first, 66, 73).empty();
     if (!hasCommon && usual_.size() < 3) throw Failure("it has no common temperature");
     double const common = hasCommon ? NumberAt(first, 66, 73) : usual_[1];
+    constexpr double kMuch = 2.0;
+    bool const isFar =
+        usual_.size() >= 3 && (common > kMuch * usual_[1] || common < usual_[1] / kMuch);
+    if (hasWeight) {
+      remark = "columns 66 to 78 are not a common temperature; the usual one, " + Digits(common) +
+               " K, is taken";
+    } else if (isFar) {
+      remark = "the common temperature " + Digits(common) + " K is far from the usual one, " +
+               Digits(usual_[1]) + " K";
+    }
     auto const begin = all.begin();
     return {{first.line, low, common, {begin + kEach, all.end()}},
             {first.line, common, high, {begin, begin + kEach}}};
@@ -191,7 +222,7 @@ class CardReader {
       throw Failure(path_ + ", line " + std::to_string(second.line) +
                     ": columns 1 to 2 are not the number of ranges");
     }
-    species.isGas = Columns(second, 51, 52) == "0";
+    if (Columns(second, 51, 52) != "0") species.notGas = kNotGas;
     auto const ranges = static_cast<std::size_t>(ParseNumber(count, ""));
     if (ranges == 0) {
       Next(first.line);  // a temperature and its enthalpy alone

@@ -39,6 +39,7 @@ set(zel_TEST_SOURCES
     missing_test.cpp
     moves_test.cpp
     names_test.cpp
+    nasa_kinds_test.cpp
     nasa_test.cpp
     own_numbers_test.cpp
     newcomer_test.cpp
