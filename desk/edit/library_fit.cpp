@@ -183,7 +183,9 @@ class RecordFit {
       if (constant != nullptr && zel::gen_IsUndefDouble(number)) {
         throw Failure(o_.component + " has no " + constant->keyword + " for --fix " + word);
       }
-      task.kept[static_cast<std::size_t>(place - 1)] = number;
+      std::optional<double>& kept = task.kept[static_cast<std::size_t>(place - 1)];
+      if (kept) throw WrongUsage("--fix names C" + std::to_string(place) + " twice");
+      kept = number;
     }
   }
 
@@ -196,6 +198,13 @@ class RecordFit {
     if (!list.empty()) {
       result_.warnings.push_back("the points do not determine " + list +
                                  "; fewer coefficients or --fix make the fit unique");
+    }
+    constexpr double kDisagreement = 4.0;  // twice the uncertainties
+    if (ReducedSum(fit) > kDisagreement) {
+      result_.warnings.push_back(
+          "the points are farther from the curve than their uncertainties: the reduced sum of "
+          "squares is " +
+          Digits(ReducedSum(fit)) + ", not about 1; the standard errors are too small");
     }
     zel::ZelCorrelation const& record = fit.record;
     double const low = result_.points.front().kelvin;

@@ -109,6 +109,16 @@ void CheckNumber(std::vector<FitPoint> const& points, std::size_t free) {
   }
 }
 
+void CheckKept(FitTask const& task, zel::ZelCorrelation const& record) {
+  auto const count = static_cast<std::size_t>(record.coefficientCount);
+  for (std::size_t j = count; j < task.kept.size(); ++j) {
+    if (!task.kept[j]) continue;
+    throw Failure(EquationWord(record.equation) + " with " + std::to_string(count) +
+                  (count == 1 ? " coefficient" : " coefficients") + " has no C" +
+                  std::to_string(j + 1));
+  }
+}
+
 void AddNumbers(FitTask const& task, bool isWeighted, FitSearchTask& search) {
   double const scale = search.model->Scale();
   double squares = 0.0;
@@ -135,7 +145,7 @@ void AddCertainty(FitSearchTask const& search, CurveFit& fit) {
   SquaresMatrix const jacobian = FitJacobian(search, fit.coefficients);
   SquaresCertainty certainty = CertaintyOf(jacobian);
   std::size_t const count = fit.coefficients.size();
-  std::size_t const freedom = jacobian.rows - jacobian.columns;
+  std::size_t const freedom = jacobian.rows - certainty.rank;
   fit.variance = freedom > 0 ? fit.sum / static_cast<double>(freedom) : kNotANumber;
   double const factor = fit.isWeighted ? 1.0 : fit.variance;
   fit.covariance = SquaresMatrix(count, count);
@@ -179,7 +189,7 @@ FitDeviations DeviationsFrom(zel::ZelCorrelation const& record,
   constexpr double kPercent = 100.0;
   FitDeviations result;
   std::vector<double> const values = ValuesAt(record, points);
-  std::size_t ratios = 0;
+  bool hasRatios = true;
   for (std::size_t i = 0; i < points.size(); ++i) {
     double const difference = values[i] - points[i].value;
     if (std::isnan(difference)) continue;
@@ -189,25 +199,32 @@ FitDeviations DeviationsFrom(zel::ZelCorrelation const& record,
       result.greatest = difference;
       result.greatestAt = points[i].kelvin;
     }
-    if (points[i].value == 0.0) continue;
+    hasRatios = hasRatios && points[i].value != 0.0;
     double const percent = difference / std::abs(points[i].value) * kPercent;
-    ++ratios;
     result.meanPercent += std::abs(percent);
     if (std::abs(percent) >= std::abs(result.greatestPercent)) {
       result.greatestPercent = percent;
       result.greatestPercentAt = points[i].kelvin;
     }
   }
-  result.mean = result.points > 0 ? result.mean / static_cast<double>(result.points) : kNotANumber;
-  result.meanPercent = ratios > 0 ? result.meanPercent / static_cast<double>(ratios) : kNotANumber;
+  auto const count = static_cast<double>(result.points);
+  result.mean = result.points > 0 ? result.mean / count : kNotANumber;
+  result.meanPercent = result.points > 0 && hasRatios ? result.meanPercent / count : kNotANumber;
+  if (!hasRatios) {
+    result.greatestPercent = kNotANumber;
+    result.greatestPercentAt = 0.0;
+  }
   return result;
 }
+
+double ReducedSum(CurveFit const& fit) { return fit.isWeighted ? fit.variance : kNotANumber; }
 
 CurveFit FitCurve(FitTask const& task) {
   NeedLeastSquares();
   zel::ZelCorrelation record = task.record;
   FormRule const& rule = RuleFor(record);
   CheckConstants(rule, record);
+  CheckKept(task, record);
   if (task.points.empty()) throw Failure("there are no points");
   CurveFit fit;
   fit.quantity = task.quantity.value_or(UsualQuantity(record.index));

@@ -46,7 +46,7 @@ struct FitDeviations {
   double greatest = 0.0;           // with its sign, the record minus the point
   double greatestAt = 0.0;         // K
   double greatestPercent = 0.0;    // of the point's value, with its sign; NaN if a value is 0
-  double greatestPercentAt = 0.0;  // K
+  double greatestPercentAt = 0.0;  // K; 0 if a value is 0
 };
 
 struct CurveFit {
@@ -58,21 +58,28 @@ struct CurveFit {
   std::vector<bool> isKept;
   std::vector<bool> isDetermined;
   FitQuantity quantity = FitQuantity::kValue;
-  bool isWeighted = false;   // by the uncertainties of the points
-  bool isDirect = false;     // one linear problem
-  std::size_t starts = 0;    // of searches, if it is not
-  double sum = 0.0;          // of the squared, weighted deviations in the quantity
-  double variance = 0.0;     // the sum by degrees of freedom; NaN if there are none
+  bool isWeighted = false;  // by the uncertainties of the points
+  bool isDirect = false;    // one linear problem
+  std::size_t starts = 0;   // of searches, if it is not
+  double sum = 0.0;         // of the squared, weighted deviations in the quantity
+  // The sum by the degrees of freedom: points less coefficients that they determine; NaN if there
+  // are none.
+  double variance = 0.0;
   FitDeviations deviations;  // of the record
 };
 
 // Finds the coefficients. Linear problems are solved directly; others from several starts, by rules
 // of each form (form_rules.h), with scaled coefficients. Throws Failure for an equation that cannot
-// be fitted or does not have so many coefficients, a constant that the form needs and that the
-// record does not have, fewer points or fewer temperatures than coefficients, a temperature or a
-// value that is not finite or does not suit the quantity or the form, an uncertainty that is not
-// above 0 or is missing for some points only, and where no start leads to values.
+// be fitted or does not have so many coefficients or one that is kept, a constant that the form
+// needs and that the record does not have, fewer points or fewer temperatures than coefficients, a
+// temperature or a value that is not finite or does not suit the quantity or the form, an
+// uncertainty that is not above 0 or is missing for some points only, and where no start leads to
+// values.
 CurveFit FitCurve(FitTask const& task);
+
+// How far the points are from the curve in terms of their uncertainties, squared: about 1 if they
+// agree with them. NaN for points without uncertainties and without degrees of freedom.
+double ReducedSum(CurveFit const& fit);
 
 // The values of the record at the points; NaN where it has none.
 std::vector<double> ValuesAt(zel::ZelCorrelation const& record,

@@ -37,10 +37,16 @@ double Badness(FitDeviations const& deviations, bool isRelative) {
 }  // namespace
 
 std::string SampledFit::Text() const {
+  bool const isRelative = !std::isnan(deviations.greatestPercent);
+  char const* const percent = isRelative ? "%" : "";
+  auto const shown = [&](double relative, double absolute) {
+    return Digits(std::abs(isRelative ? relative : absolute)) + percent;
+  };
   return "equation " + std::to_string(fit.record.equation) + " from " + Digits(fit.record.tMin) +
-         " to " + Digits(fit.record.tMax) + " K: " + Digits(deviations.meanPercent) +
-         "% on the average, " + Digits(std::abs(deviations.greatestPercent)) + "% at most, at " +
-         Digits(deviations.greatestPercentAt) + " K";
+         " to " + Digits(fit.record.tMax) +
+         " K: " + shown(deviations.meanPercent, deviations.mean) + " on the average, " +
+         shown(deviations.greatestPercent, deviations.greatest) + " at most, at " +
+         Digits(isRelative ? deviations.greatestPercentAt : deviations.greatestAt) + " K";
 }
 
 SampledFit BestSampledFit(zel::ZelCorrelation const& record, SampledCurve const& curve,

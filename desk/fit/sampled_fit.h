@@ -22,7 +22,8 @@ struct SampledFit {
   // How far the record is from the curve at `checked` temperatures, most of which are between those
   // that were fitted.
   FitDeviations deviations;
-  // "equation 20 from 200 to 500 K: 0.012% on the average, 0.034% at most, at 210.5 K"
+  // "equation 20 from 200 to 500 K: 0.012% on the average, 0.034% at most, at 210.5 K";
+  // without the signs of % if the curve is 0 somewhere
   std::string Text() const;
 };
 

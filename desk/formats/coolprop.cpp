@@ -46,6 +46,42 @@ std::string NumberText(json const& value) {
   return std::isfinite(number) ? AllDigits(number) : "not finite";
 }
 
+// True for two to seven digits, two and one, with hyphens between them.
+bool HasFormOfCas(std::string const& text) {
+  auto const isDigits = [](std::string const& part) {
+    return part.find_first_not_of("0123456789") == std::string::npos;
+  };
+  std::size_t const first = text.find('-');
+  constexpr std::size_t kAfter = 5;  // "-17-5"
+  bool const isLong = first != std::string::npos && first > 1 && text.size() == first + kAfter;
+  return isLong && text[first + 3] == '-' && isDigits(text.substr(0, first)) &&
+         isDigits(text.substr(first + 1, 2)) && isDigits(text.substr(first + 4));
+}
+
+// The document without what no reader of a fluid looks at: values within more than five others,
+// such as the terms of equations. Throws Failure.
+json ParseFluids(std::string const& path) {
+  constexpr int kDeepestRead = 4;
+  constexpr int kDeepest = 20'000;
+  constexpr std::size_t kMostValues = 1'000'000;
+  std::size_t values = 0;
+  auto const isRead = [&](int depth, json::parse_event_t event, json&) {
+    using Event = json::parse_event_t;
+    if (event == Event::object_end || event == Event::array_end) return true;
+    if (depth > kDeepest) {
+      throw Failure(path + ": has more than 20000 values within each other");
+    }
+    if (depth > kDeepestRead) return false;
+    if (++values > kMostValues) throw Failure(path + ": has more than a million values");
+    return true;
+  };
+  try {
+    return json::parse(ForeignText(path), isRead);
+  } catch (json::exception const& error) {
+    throw Failure(path + ": is not JSON: " + error.what());
+  }
+}
+
 class FluidReader {
  public:
   explicit FluidReader(json const& fluid) : fluid_(fluid) {}
@@ -67,8 +103,10 @@ class FluidReader {
       std::string const text = StringOf(&value);
       if (key == "NAME" && !text.empty()) {
         SetName(component_, 0, tag, text);
-      } else if (key == "CAS" && text.find('-') != std::string::npos) {
+      } else if (key == "CAS" && HasFormOfCas(text)) {
         SetCas(component_, 0, tag, text);
+      } else if (key == "CAS") {
+        NoPlace(tag, "\"" + NumberText(value) + "\" is not a CAS number");
       } else if (key == "FORMULA" && !text.empty()) {
         ReadFormula(tag, text);
       } else if (key == "SMILES" && !text.empty()) {
@@ -166,12 +204,7 @@ class FluidReader {
 }  // namespace
 
 ForeignFile ReadCoolProp(std::string const& path, ForeignOptions const& /*options*/) {
-  json root;
-  try {
-    root = json::parse(ForeignText(path));
-  } catch (json::exception const& error) {
-    throw Failure(path + ": is not JSON: " + error.what());
-  }
+  json const root = ParseFluids(path);
   ForeignFile file;
   auto const add = [&](json const& fluid, std::string const& where) {
     bool const isFluid = Member(&fluid, "INFO") != nullptr;

@@ -1,7 +1,9 @@
 #include "desk/formats/library_tables.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
+#include <utility>
 
 #include "desk/annotate/references.h"
 #include "desk/notes/memo.h"
@@ -145,6 +147,15 @@ class TableWriter {
   SqlTable columns_;
 };
 
+std::string SqlCell(SqlTable const& table, std::vector<std::string> const& row,
+                    std::string const& column) {
+  auto const at = std::find(table.columns.begin(), table.columns.end(), column);
+  if (at == table.columns.end()) {
+    throw Failure("the table " + table.name + " has no column " + column);
+  }
+  return row[static_cast<std::size_t>(at - table.columns.begin())];
+}
+
 class TableReader {
  public:
   TableReader(Library& library, std::vector<SqlTable> const& tables, bool listAll)
@@ -168,14 +179,6 @@ class TableReader {
     if (table == nullptr) throw Failure("there is no table " + name);
     return *table;
   }
-  static std::string Cell(SqlTable const& table, std::vector<std::string> const& row,
-                          std::string const& column) {
-    auto const at = std::find(table.columns.begin(), table.columns.end(), column);
-    if (at == table.columns.end()) {
-      throw Failure("the table " + table.name + " has no column " + column);
-    }
-    return row[static_cast<std::size_t>(at - table.columns.begin())];
-  }
 
   void SetAbout(SqlTable const& table) {
     if (table.rows.size() != 1) throw Failure("the table library does not have one row");
@@ -183,29 +186,31 @@ class TableReader {
     char description[101] = {};
     char version[13] = {};
     library_.File().GetDescriptionAndVersion(description, version);
-    std::string const newDescription = Cell(table, row, "description");
-    std::string const newVersion = Cell(table, row, "version");
+    std::string const newDescription = SqlCell(table, row, "description");
+    std::string const newVersion = SqlCell(table, row, "version");
     if (newDescription.size() >= sizeof description || newVersion.size() >= sizeof version) {
       throw Failure("the description or the version of the library is too long");
     }
     library_.File().SetDescriptionAndVersion(
         *description != '\0' ? description : newDescription.c_str(),
         *version != '\0' ? version : newVersion.c_str());
-    std::string const memo = Cell(table, row, "memo");
+    std::string const memo = SqlCell(table, row, "memo");
     if (MemoIn(library_, {}).empty() && !memo.empty()) SetMemoIn(library_, {}, memo);
   }
 
   void ReadBank(SqlTable const& banks, std::vector<std::string> const& row) {
-    BankName const named = {Cell(banks, row, "type"), Cell(banks, row, "name")};
+    BankName const named = {SqlCell(banks, row, "type"), SqlCell(banks, row, "name")};
     bool const isThere = library_.Maint().BankExists(named.type.c_str(), named.name.c_str());
     std::string const shown = ToText(named);
     isNewBank_ = !isThere;
-    if (!isThere) MakeBank(named, Cell(banks, row, "format"), Cell(banks, row, "memo"));
+    if (!isThere) MakeBank(named, SqlCell(banks, row, "format"), SqlCell(banks, row, "memo"));
     LibraryImport const before = done_;
     TableTarget const target = {&library_, named, {}};
     for (char const* column : kKindColumns) {
-      std::string const table = Cell(banks, row, column);
-      if (!table.empty()) ReadTable(target, Named(table));
+      std::string const table = SqlCell(banks, row, column);
+      if (table.empty()) continue;
+      if (!read_.insert(table).second) throw Failure("two banks have the table " + table);
+      ReadTable(target, Named(table));
     }
     done_.banks.Add(shown, done_.read - before.read, done_.isNew - before.isNew,
                     done_.changed - before.changed, done_.same - before.same,
@@ -222,19 +227,22 @@ class TableReader {
     if (!memo.empty()) SetMemoIn(library_, bank, memo);
   }
 
-  // The heads with their units.
-  std::string HeadOf(SqlTable const& table, std::string const& column) const {
+  void ReadUnits() {
     SqlTable const& columns = Named(kColumns);
     for (std::vector<std::string> const& row : columns.rows) {
-      if (Cell(columns, row, "table") != table.name || Cell(columns, row, "column") != column) {
-        continue;
-      }
-      return ToText(TableHead{column, Cell(columns, row, "unit"), ""});
+      units_.insert({{SqlCell(columns, row, "table"), SqlCell(columns, row, "column")},
+                     SqlCell(columns, row, "unit")});
     }
-    return column;
+  }
+
+  // The heads with their units.
+  std::string HeadOf(SqlTable const& table, std::string const& column) const {
+    auto const at = units_.find({table.name, column});
+    return at == units_.end() ? column : ToText(TableHead{column, at->second, ""});
   }
 
   void ReadTable(TableTarget const& target, SqlTable const& table) {
+    if (units_.empty()) ReadUnits();
     TextTable text;
     for (std::string const& column : table.columns) text.heads.push_back(HeadOf(table, column));
     for (std::vector<std::string> const& row : table.rows) {
@@ -258,13 +266,26 @@ class TableReader {
   Library& library_;
   std::vector<SqlTable> const& tables_;
   bool listAll_;
-  bool isNewBank_ = false;  // that is being read
+  bool isNewBank_ = false;                                            // that is being read
+  std::map<std::pair<std::string, std::string>, std::string> units_;  // by table and column
+  std::set<std::string> read_;                                        // tables
   LibraryImport done_;
 };
 
 }  // namespace
 
 std::vector<SqlTable> TablesOf(Library const& library) { return TableWriter(library).Tables(); }
+
+std::vector<SqlTable> LibraryTablesIn(std::string const& path) {
+  std::set<std::string> wanted = {kLibrary, kBanks, kColumns};
+  for (SqlTable const& banks :
+       TablesInSqlite(path, [](std::string const& name) { return name == kBanks; })) {
+    for (std::vector<std::string> const& row : banks.rows) {
+      for (char const* column : kKindColumns) wanted.insert(SqlCell(banks, row, column));
+    }
+  }
+  return TablesInSqlite(path, [&](std::string const& name) { return wanted.count(name) != 0; });
+}
 
 LibraryImport ImportTables(Library& library, std::vector<SqlTable> const& tables, bool listAll) {
   return TableReader(library, tables, listAll).Run();

@@ -37,10 +37,14 @@ struct LibraryImport {
   Table rows{"rows", {{"table", ""}, {"line", ""}, {"item", ""}, {"result", ""}, {"what", ""}}};
 };
 
+// The tables of a library in a database: those that its table `banks` names, and the three that
+// belong to all. Throws Failure as TablesInSqlite.
+std::vector<SqlTable> LibraryTablesIn(std::string const& path);
+
 // Writes the tables into a library that is open for update. A bank that it does not have is made,
 // with its format and memo; description, version and memo of the library are set where it has
 // none. A row that is refused changes nothing. Throws Failure for tables that are not those of a
-// library.
+// library, and for a table that two banks name.
 LibraryImport ImportTables(Library& library, std::vector<SqlTable> const& tables, bool listAll);
 
 }  // namespace zel::desk

@@ -19,7 +19,13 @@
 namespace zel::desk {
 namespace {
 
-constexpr std::size_t kMostRows = 10'000'000;  // of all tables
+// Of all tables.
+constexpr std::size_t kMostRows = 10'000'000;
+constexpr std::size_t kMostBytes = 256'000'000;
+struct SqlSize {
+  std::size_t rows = 0;
+  std::size_t bytes = 0;
+};
 
 struct CloseDatabase {
   void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
@@ -154,12 +160,40 @@ std::string CellOf(sqlite3_stmt* row, int column, std::string const& where) {
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
 }
 
+// Columns that are generated would run expressions of the file.
+void RefuseGenerated(Database const& database, std::string const& name, std::string const& where) {
+  Statement const columns =
+      Prepare(database, "SELECT name, hidden FROM pragma_table_xinfo(?1)", where);
+  Check(sqlite3_bind_text(columns.get(), 1, name.data(), static_cast<int>(name.size()),
+                          SQLITE_STATIC),
+        database.get(), where);
+  for (;;) {
+    int const result = sqlite3_step(columns.get());
+    Check(result, database.get(), where);
+    if (result == SQLITE_DONE) return;
+    constexpr int kPlain = 0;
+    if (sqlite3_column_int(columns.get(), 1) == kPlain) continue;
+    throw Failure(where + ": its column " + CellOf(columns.get(), 0, where) +
+                  " is generated, and expressions of a file are not run");
+  }
+}
+
+// Lets a statement read tables, but not run functions or views.
+int Authorize(void* /*data*/, int action, char const* /*first*/, char const* /*second*/,
+              char const* /*database*/, char const* view) {
+  bool const isRead = action == SQLITE_SELECT || action == SQLITE_READ;
+  return isRead && view == nullptr ? SQLITE_OK : SQLITE_DENY;
+}
+
 SqlTable ReadTable(Database const& database, std::string const& name, std::string const& path,
-                   std::size_t& rows) {
+                   SqlSize& size) {
   std::string const where = path + ": table " + name;
+  RefuseGenerated(database, name, where);
   SqlTable table;
   table.name = name;
+  sqlite3_set_authorizer(database.get(), Authorize, nullptr);
   Statement const select = Prepare(database, "SELECT * FROM " + Quoted(name), where);
+  sqlite3_set_authorizer(database.get(), nullptr, nullptr);
   int const count = sqlite3_column_count(select.get());
   for (int i = 0; i < count; ++i) {
     char const* const column = sqlite3_column_name(select.get(), i);
@@ -170,9 +204,13 @@ SqlTable ReadTable(Database const& database, std::string const& name, std::strin
     int const result = sqlite3_step(select.get());
     Check(result, database.get(), where);
     if (result == SQLITE_DONE) return table;
-    if (++rows > kMostRows) throw Failure(path + ": has more than 10 million rows");
+    if (++size.rows > kMostRows) throw Failure(path + ": has more than 10 million rows");
     std::vector<std::string>& row = table.rows.emplace_back();
-    for (int i = 0; i < count; ++i) row.push_back(CellOf(select.get(), i, where));
+    for (int i = 0; i < count; ++i) {
+      row.push_back(CellOf(select.get(), i, where));
+      size.bytes += sizeof row.back() + row.back().size();
+      if (size.bytes > kMostBytes) throw Failure(path + ": has more than 256 MB of cells");
+    }
   }
 }
 
@@ -228,7 +266,7 @@ std::string SqliteBytes(std::vector<SqlTable> const& tables) {
   return {reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size)};
 }
 
-std::vector<SqlTable> TablesInSqlite(std::string const& path) {
+std::vector<SqlTable> TablesInSqlite(std::string const& path, SqlChoice const& choice) {
   std::string bytes = ForeignText(path);
   RefuseLog(path);
   Database const database = OpenBytes(bytes, path);
@@ -241,12 +279,13 @@ std::vector<SqlTable> TablesInSqlite(std::string const& path) {
     int const result = sqlite3_step(list.get());
     Check(result, database.get(), path);
     if (result == SQLITE_DONE) break;
-    names.push_back(CellOf(list.get(), 0, path));
+    std::string name = CellOf(list.get(), 0, path);
+    if (!choice || choice(name)) names.push_back(std::move(name));
   }
-  std::size_t rows = 0;
+  SqlSize size;
   std::vector<SqlTable> tables;
   tables.reserve(names.size());
-  for (std::string const& name : names) tables.push_back(ReadTable(database, name, path, rows));
+  for (std::string const& name : names) tables.push_back(ReadTable(database, name, path, size));
   return tables;
 }
 
@@ -264,7 +303,9 @@ namespace {
 }  // namespace
 
 std::string SqliteBytes(std::vector<SqlTable> const& /*tables*/) { Refuse(); }
-std::vector<SqlTable> TablesInSqlite(std::string const& /*path*/) { Refuse(); }
+std::vector<SqlTable> TablesInSqlite(std::string const& /*path*/, SqlChoice const& /*choice*/) {
+  Refuse();
+}
 
 }  // namespace zel::desk
 

@@ -1,6 +1,7 @@
 // Tables of texts as a database of SQLite.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,13 @@ struct SqlTable {
 // was built without SQLite.
 std::string SqliteBytes(std::vector<SqlTable> const& tables);
 
-// The tables of a database in the order in which they were made, without views and virtual tables.
-// Nothing that the file says is run. Throws Failure with the path and the reason.
-std::vector<SqlTable> TablesInSqlite(std::string const& path);
+// True for the name of a table to read.
+using SqlChoice = std::function<bool(std::string const& name)>;
+
+// The tables of a database that are chosen, all by default, in the order in which they were made,
+// without views and virtual tables. Nothing that the file says is run: a table with generated
+// columns is refused. So are more than 10 million rows or 256 MB of cells. Throws Failure with the
+// path and the reason.
+std::vector<SqlTable> TablesInSqlite(std::string const& path, SqlChoice const& choice = nullptr);
 
 }  // namespace zel::desk

@@ -73,6 +73,49 @@ TEST_F(CurveFits, UncertaintiesAreWeights) {
   EXPECT_NEAR(fit.variance, 20.0, 1e-10);  // (2/1)^2 + (8/2)^2, one degree of freedom
 }
 
+// Without uncertainties there is nothing to agree with.
+TEST_F(CurveFits, TheReducedSumComparesPointsAndUncertainties) {
+  EXPECT_NEAR(ReducedSum(FitCurve(Task(correlationLiquidCp, 1, 1, {{300, 10, 1}, {310, 20, 2}}))),
+              20.0, 1e-10);
+  EXPECT_TRUE(
+      std::isnan(ReducedSum(FitCurve(Task(correlationLiquidCp, 1, 1, {{300, 10}, {310, 20}})))));
+  EXPECT_TRUE(std::isnan(
+      ReducedSum(FitCurve(Task(correlationLiquidCp, 1, 2, {{300, 10, 1}, {310, 20, 2}})))));
+}
+
+// C4 T^C5 and C6 T^3 of equation 20 are one term for C5 = 3: the points determine 4 of the 5
+// coefficients that are free. They are 1 % above and below a curve.
+TEST_F(CurveFits, DegreesOfFreedomAreThoseOfTheRank) {
+  std::vector<FitPoint> points;
+  for (int i = 0; i < 20; ++i) {
+    double const t = 250.0 + 10.0 * i;
+    points.push_back({t, std::exp(12.0 - 3000.0 / t) * (i % 2 == 0 ? 1.01 : 0.99)});
+  }
+  FitTask task = Task(correlationVaporPressure, 20, 6, points);
+  task.kept = {std::nullopt, std::nullopt, std::nullopt, std::nullopt, 3.0};
+  desk::CurveFit const fit = FitCurve(task);
+  EXPECT_FALSE(fit.isDetermined[3]);
+  EXPECT_NEAR(fit.variance, fit.sum / (20.0 - 4.0), 1e-12 * fit.sum);
+}
+
+TEST_F(CurveFits, ACoefficientThatIsNotThereCannotBeKept) {
+  FitTask task = Task(correlationLiquidCp, 1, 2, {{1, 1}, {2, 3}, {3, 2}});
+  task.kept = {std::nullopt, std::nullopt, 1.0};
+  EXPECT_EQ(WhyNot(task), "equation 1 with 2 coefficients has no C3");
+  task.kept = {std::nullopt, std::nullopt, std::nullopt};
+  EXPECT_EQ(WhyNot(task), "it was fitted");
+}
+
+// A value of 0 has no relative deviation, and the others alone would pass for all.
+TEST_F(CurveFits, APointOfZeroLeavesNoPercent) {
+  desk::FitDeviations const all =
+      FitCurve(Task(correlationLiquidCp, 1, 2, {{1, 0}, {2, 3}, {3, 2}})).deviations;
+  EXPECT_EQ(all.points, 3U);
+  EXPECT_TRUE(std::isfinite(all.mean));
+  EXPECT_TRUE(std::isnan(all.meanPercent));
+  EXPECT_TRUE(std::isnan(all.greatestPercent));
+}
+
 // The mean of logarithms is that of the geometric mean.
 TEST_F(CurveFits, VaporPressuresAreFittedByTheirLogarithms) {
   std::vector<FitPoint> const points = {{300, 1}, {310, 100}};

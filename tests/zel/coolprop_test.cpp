@@ -114,6 +114,34 @@ TEST_F(CoolPropTest, WrongFilesAreRefused) {
   }
 }
 
+// What is not a CAS number by its form has no place; the fluid is taken.
+TEST_F(CoolPropTest, OtherNumbersThanThoseOfCasHaveNoPlace) {
+  for (char const* cas :
+       {"1333-74-0p", "n-a", "N/A", "", "1-2-3", "64-17-56", "a4-17-5", "-17-5"}) {
+    json fluid = Fluid();
+    fluid["INFO"]["CAS"] = cas;
+    json const done = Imported(fluid.dump());
+    json const datum = Row(done["data"], "tag", "INFO.CAS");
+    EXPECT_EQ(datum["result"], "no place") << cas;
+    EXPECT_EQ(datum["what"], "\"" + std::string(cas) + "\" is not a CAS number");
+    EXPECT_EQ(done["refused"], 0);
+  }
+  EXPECT_TRUE(Json("show own.lb1 COOLPROP INVENTAN")["cas"].is_null());
+}
+
+// Terms of equations are not kept, and what is kept is bounded.
+TEST_F(CoolPropTest, LargeFilesAreBounded) {
+  json deep = Fluid();
+  json terms = json::array();
+  for (int i = 0; i < 1000; ++i) terms.push_back(std::vector<double>(2000, 0.5));
+  deep["EOS"][0]["alphar"] = terms;
+  EXPECT_EQ(Imported(deep.dump())["refused"], 0);
+  std::string zeros = "[0";
+  for (int i = 0; i < 1'000'000; ++i) zeros += ",0";
+  Refuses(zeros + "]", "f.json: has more than a million values");
+  Refuses(std::string(30000, '['), "f.json: has more than 20000 values within each other");
+}
+
 TEST_F(CoolPropTest, WrongDataAreRefused) {
   auto const with = [](char const* path, json const& value) {
     json fluid = Fluid();

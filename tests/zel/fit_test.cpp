@@ -226,7 +226,18 @@ TEST_F(FitTest, UncertaintiesAreWeights) {
     EXPECT_EQ(fit["fitted"], "value, weighted by uncertainties");
     EXPECT_NEAR(fit["coefficients"][0]["standard_error"], std::sqrt(0.8), 1e-9);
     EXPECT_NEAR(fit["residuals"][1]["in_uncertainties"], -4.0, 1e-6);
+    EXPECT_NEAR(fit["reduced_sum"], 20.0, 1e-6);
+    EXPECT_NE(
+        fit["warning"].get<std::string>().find("the reduced sum of squares is 20, not about 1"),
+        std::string::npos)
+        << fit["warning"];
   }
+  MakeFile("good.csv", "T,value,uncertainty\n300,10,5\n310,20,5\n");
+  json const good = Fit("own/own.lb1 good.csv" + words + " --dry-run");
+  EXPECT_NEAR(good["reduced_sum"], 2.0, 1e-6);
+  EXPECT_FALSE(good.contains("warning")) << good["warning"];
+  json const without = Fit("own/own.lb1 good.csv --unweighted" + words + " --dry-run");
+  EXPECT_FALSE(without.contains("reduced_sum"));
   MakeFile("some.csv", "T,value,uncertainty\n300,10,1\n310,20,\n");
   Fails("own/own.lb1 some.csv" + words,
         "some points have an uncertainty and others have none, as that at 310 K");
@@ -306,6 +317,9 @@ TEST_F(FitTest, WhatCannotBeFittedIsRefused) {
   Fails(water + "--equation 20 --terms 16", "--terms is a whole number from 1 to 15, not 16", 2);
   Fails(water + "--equation 20 --ref 40000", "--ref is a whole number from 0 to 32000", 2);
   Fails(water + "--equation 20 --fix C16=1", "--fix is a coefficient and a number", 2);
+  Fails(water + "--equation 20 --fix C9=1", "equation 20 with 5 coefficients has no C9");
+  Fails(water + "--equation 20 --terms 3 --fix C5=2", "equation 20 with 3 coefficients has no C5");
+  Fails(water + "--equation 20 --fix C5=1 c5=2", "--fix names C5 twice", 2);
   Fails(water + "--equation 20 --fix 5=1", "--fix is a coefficient and a number", 2);
   Fails(water + "--equation 20 --fix C5=x", "x", 2);
   Fails(water + "--equation 20 --deviations none", "--deviations are relative or absolute", 2);

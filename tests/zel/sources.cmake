@@ -59,6 +59,7 @@ set(zel_TEST_SOURCES
     salvage_test.cpp
     sense_of_libraries_test.cpp
     sense_test.cpp
+    sqlite_limits_test.cpp
     sqlite_test.cpp
     table_libraries_test.cpp
     table_values_test.cpp

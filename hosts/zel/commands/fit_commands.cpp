@@ -1,5 +1,6 @@
 // fit, points
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -94,6 +95,7 @@ void AddFit(FittedRecord const& fitted, Session const& session, Options const& o
   range.tMax = record.tMax;
   report.Fact("range", RangeOf(range, session.units));
   report.JsonFacts(RangeColumns(), RangeMembers(range, session.units));
+  if (!std::isnan(ReducedSum(fit))) report.Fact("reduced sum", ReducedSum(fit));
   if (!fitted.edited.copiedFrom.empty()) report.Fact("copied from", fitted.edited.copiedFrom);
   std::string warnings;
   for (auto const* const some : {&fitted.warnings, &fitted.edited.warnings}) {

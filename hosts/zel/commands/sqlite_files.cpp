@@ -40,7 +40,7 @@ Report ImportSqliteFile(Session& session, LibraryChange change, ForeignFiles con
   ImportedComponents const written(change.Open(), "");
   try {
     Waiting const waiting("importing " + path);
-    std::vector<SqlTable> const tables = TablesInSqlite(path);
+    std::vector<SqlTable> const tables = LibraryTablesIn(path);
     bool const isComplete = session.form != Form::kText || files.listAll;
     done = ImportTables(change.Open(), tables, isComplete);
   } catch (Failure const& failure) {
