@@ -58,20 +58,21 @@ bool HasFormOfCas(std::string const& text) {
          isDigits(text.substr(first + 1, 2)) && isDigits(text.substr(first + 4));
 }
 
-// The document without what no reader of a fluid looks at: values within more than five others,
-// such as the terms of equations. Throws Failure.
+// The document without what no reader of a fluid looks at: what is deeper than the members of an
+// equation of state, such as its terms. Throws Failure.
 json ParseFluids(std::string const& path) {
-  constexpr int kDeepestRead = 4;
   constexpr int kDeepest = 20'000;
   constexpr std::size_t kMostValues = 1'000'000;
   std::size_t values = 0;
+  int deepestRead = 3;
   auto const isRead = [&](int depth, json::parse_event_t event, json&) {
     using Event = json::parse_event_t;
     if (event == Event::object_end || event == Event::array_end) return true;
     if (depth > kDeepest) {
       throw Failure(path + ": has more than 20000 values within each other");
     }
-    if (depth > kDeepestRead) return false;
+    if (depth == 0 && event == Event::array_start) ++deepestRead;
+    if (depth > deepestRead) return false;
     if (++values > kMostValues) throw Failure(path + ": has more than a million values");
     return true;
   };

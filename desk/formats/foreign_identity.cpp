@@ -128,7 +128,7 @@ bool ForeignIdentities::IsWrongId(std::string const& id, ForeignComponent const&
 }
 
 std::string ForeignIdentities::NewIdFor(ForeignComponent const& component) const {
-  std::string const id = PlainIdOf(component.name, namesAreFormulas_);
+  std::string id = PlainIdOf(component.name, namesAreFormulas_);
   if (id.empty()) return "";
   bool const isTaken = id != component.name && IsNameOfOther(id, component);
   if (!isTaken && !IsWrongId(id, component)) return id;

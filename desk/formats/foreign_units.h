@@ -8,8 +8,8 @@ namespace zel::desk {
 // The word of a unit as the unit system knows it: "J/(kmol K)" for "J/kmol/K", nothing for "_".
 std::string UnitWord(std::string const& foreign);
 
-// True if a quantity has this internal unit per mole and the word is not a unit per mole: the values
-// are then per mass.
+// True if a quantity has this internal unit per mole and the word is not a unit per mole: the
+// values are then per mass.
 bool IsPerMass(std::string const& word, std::string const& internalUnit);
 
 // Throws Failure for a number that a record cannot hold, or that would read as undefined or as 0.

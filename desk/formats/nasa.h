@@ -22,8 +22,8 @@ struct NasaSpecies {
   std::size_t line = 0;
   std::string name;
   std::map<std::string, double> elements;  // atoms
-  std::string notGas;  // why it is not an ideal gas; empty for one
-  std::string remark;  // on its ranges, for the report
+  std::string notGas;                      // why it is not an ideal gas; empty for one
+  std::string remark;                      // on its ranges, for the report
   std::vector<NasaRange> ranges;
   // What is wrong with its numbers; its data are then refused.
   std::string fault;

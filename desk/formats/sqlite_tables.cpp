@@ -208,7 +208,7 @@ SqlTable ReadTable(Database const& database, std::string const& name, std::strin
     std::vector<std::string>& row = table.rows.emplace_back();
     for (int i = 0; i < count; ++i) {
       row.push_back(CellOf(select.get(), i, where));
-      size.bytes += sizeof row.back() + row.back().size();
+      size.bytes += sizeof(std::string) + row.back().size();
       if (size.bytes > kMostBytes) throw Failure(path + ": has more than 256 MB of cells");
     }
   }

@@ -48,11 +48,11 @@ struct MeasuredData {
 };
 
 // Units are converted; values per mass become molar by the atomic weights of the formula. Expanded
-// uncertainties are divided by the coverage factor of their assessment, else by that of its level of
-// confidence: 2 for 95%, which is also assumed if the document states neither. Points at more than
-// 150 kPa are passed over, except those of a liquid or solid with the vapor; so are values that are
-// presented as differences or ratios, and those of other phases. Throws Failure with path and line
-// for a file that is not such a document, and for a number or a compound that is missing.
+// uncertainties are divided by the coverage factor of their assessment, else by that of its level
+// of confidence: 2 for 95%, which is also assumed if the document states neither. Points at more
+// than 150 kPa are passed over, except those of a liquid or solid with the vapor; so are values
+// that are presented as differences or ratios, and those of other phases. Throws Failure with path
+// and line for a file that is not such a document, and for a number or a compound that is missing.
 MeasuredData ReadThermoMl(std::string const& path);
 
 // The sets of documents with their publications, or the points of one correlation, as a table that
