@@ -21,7 +21,7 @@ namespace {
 
 // Of all tables.
 constexpr std::size_t kMostRows = 10'000'000;
-constexpr std::size_t kMostBytes = 256'000'000;
+constexpr std::size_t kMostCellBytes = 256'000'000;
 struct SqlSize {
   std::size_t rows = 0;
   std::size_t bytes = 0;
@@ -209,7 +209,7 @@ SqlTable ReadTable(Database const& database, std::string const& name, std::strin
     for (int i = 0; i < count; ++i) {
       row.push_back(CellOf(select.get(), i, where));
       size.bytes += sizeof(std::string) + row.back().size();
-      if (size.bytes > kMostBytes) throw Failure(path + ": has more than 256 MB of cells");
+      if (size.bytes > kMostCellBytes) throw Failure(path + ": has more than 256 MB of cells");
     }
   }
 }
