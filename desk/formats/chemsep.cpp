@@ -206,9 +206,9 @@ class CompoundReader {
     bool isSame = false;
     std::string const why = ConvertEquation(equation, curve, datum.what, isSame);
     bool const isHeat = datum.datum == "IdealGasCp";
+    if (why.empty()) component_.curves.push_back(curve);
     bool const isIntegrated = isHeat && AddEnthalpy(curve, equation);
     if (why.empty()) {
-      component_.curves.push_back(curve);
       if (!isSame) datum.fate = Fate::kConverted;
       if (isIntegrated) datum.what += "; its integral is the IdealEnthalpy";
     } else if (isIntegrated) {

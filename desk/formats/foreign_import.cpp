@@ -8,6 +8,7 @@
 #include "desk/annotate/references.h"
 #include "desk/formats/foreign_identity.h"
 #include "desk/formats/foreign_units.h"
+#include "desk/open/curve_record.h"
 #include "desk/open/field_text.h"
 #include "desk/open/item_key.h"
 #include "desk/open/storable.h"
@@ -202,15 +203,17 @@ class Import {
     bool const hasWeight = !zel::gen_IsUndefDouble(written.Constant(zel::propertyMW));
     for (ForeignCurve const& one : component_.curves) {
       ForeignDatum& datum = component_.data[one.origin];
-      bool const needsWeight = IsPerMass(one.unit, one.info->unit);
-      bool const lacksTc = one.needsTc && !hasTc;
-      if (lacksTc || (needsWeight && !hasWeight)) {
-        datum.fate = Fate::kNoPlace;
-        datum.what = lacksTc ? "its form needs TC, which the component does not have"
-                             : "values per mass need MW, which the component does not have";
-        continue;
-      }
+      // An integral is not kept without what it is the integral of.
+      if (datum.fate == Fate::kNoPlace || datum.fate == Fate::kRefused) continue;
       try {
+        UnitCodeFor(one.unit, 0, *one.info);  // throws if it is not a unit of the correlation
+        bool const lacksTc = one.needsTc && !hasTc;
+        if (lacksTc || (IsPerMass(one.unit, one.info->unit) && !hasWeight)) {
+          datum.fate = Fate::kNoPlace;
+          datum.what = lacksTc ? "its form needs TC, which the component does not have"
+                               : "values per mass need MW, which the component does not have";
+          continue;
+        }
         PutCurve(number, one);
         RowResult const result = curves_.Apply();
         if (result.state == RowState::kSame) continue;

@@ -51,8 +51,8 @@ struct ForeignImport {
       {{"line", ""}, {"component", ""}, {"tag", ""}, {"result", ""}, {"datum", ""}, {"what", ""}}};
 };
 
-// A component is found by its CAS number or, without one, by its name or ID in the bank; else it is
-// new, with the first letters and digits of its name as ID. All data get one reference code, whose
+// Which component of the bank one is, and the ID of a new one, is up to ForeignIdentities
+// (foreign_identity.h). All data get one reference code, whose
 // citation is that of the file: the code that has this citation already, else the next free one.
 // The caller must not keep the library if data are refused and it wants all or nothing. Throws
 // Failure.

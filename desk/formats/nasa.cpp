@@ -65,17 +65,17 @@ void AddRange(ForeignComponent& component, NasaRange const& range, std::size_t o
   datum.fate = Fate::kConverted;
   datum.what = RangeText(range) + ", times 8.31446261815324 kJ/(kmol K), is equation " +
                std::to_string(cp.curve.equation);
-  if (isSeven) {
-    ForeignCurve enthalpy = cp;
-    enthalpy.info = FindCorrelation("IdealEnthalpy");
-    enthalpy.unit = "kJ/kg-mol";
-    IntegrateHeatCapacity({100, cp.curve.coefficients}, enthalpy.curve);
-    component.curves.push_back(std::move(enthalpy));
-    datum.what += "; its integral, 0 at 298.15 K, is the IdealEnthalpy";
-  } else {
+  component.curves.push_back(cp);
+  if (!isSeven) {
     datum.what += "; its integral has no form here";
+    return;
   }
-  component.curves.push_back(std::move(cp));
+  ForeignCurve enthalpy = cp;
+  enthalpy.info = FindCorrelation("IdealEnthalpy");
+  enthalpy.unit = "kJ/kg-mol";
+  IntegrateHeatCapacity({100, cp.curve.coefficients}, enthalpy.curve);
+  component.curves.push_back(std::move(enthalpy));
+  datum.what += "; its integral, 0 at 298.15 K, is the IdealEnthalpy";
 }
 
 void AddConstants(ForeignComponent& component, NasaRange const& range) {

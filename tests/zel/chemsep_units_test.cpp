@@ -160,6 +160,24 @@ TEST_F(ChemsepUnitsTest, ARangeThatIsNotOneIsRefused) {
       "taken");
 }
 
+// With what is refused, its integral is, too.
+TEST_F(ChemsepUnitsTest, AnIntegralIsNotKeptAlone) {
+  MakeFile("in.xml",
+           "<compounds><compound><CompoundID value='Inventol'/>"
+           "<IdealGasHeatCapacityCp units='kPa/K/K'><eqno value='1'/><A value='3'/>"
+           "</IdealGasHeatCapacityCp><LiquidDensity units='Pa'><eqno value='1'/><A value='3'/>"
+           "</LiquidDensity></compound></compounds>");
+  json const done =
+      json::parse(Zel("import --format chemsep own.lb1 in.xml --create --skip-bad --json").out);
+  for (char const* tag : {"IdealGasHeatCapacityCp", "LiquidDensity"}) {
+    EXPECT_EQ(Datum(done, tag)["result"], "refused") << tag;
+    EXPECT_NE(Datum(done, tag)["what"].get<std::string>().find("is not a unit of"),
+              std::string::npos)
+        << Datum(done, tag)["what"];
+  }
+  EXPECT_TRUE(Json("show own.lb1 CHEMSEP INVENTOL")["correlations"].empty());
+}
+
 // An ampersand is one in a value, too.
 TEST_F(ChemsepUnitsTest, AttributesHaveTheirLetters) {
   MakeFile("in.xml",
