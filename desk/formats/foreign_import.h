@@ -52,10 +52,9 @@ struct ForeignImport {
 };
 
 // Which component of the bank one is, and the ID of a new one, is up to ForeignIdentities
-// (foreign_identity.h). All data get one reference code, whose
-// citation is that of the file: the code that has this citation already, else the next free one.
-// The caller must not keep the library if data are refused and it wants all or nothing. Throws
-// Failure.
+// (foreign_identity.h). All data get one reference code, whose citation is that of the file: the
+// code that has this citation already, else the next free one. The caller must not keep the library
+// if data are refused and it wants all or nothing. Throws Failure.
 ForeignImport ImportForeign(ForeignTarget const& target, ForeignFile const& file);
 
 }  // namespace zel::desk
