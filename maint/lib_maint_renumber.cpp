@@ -147,6 +147,9 @@ bool LibMaint_i::RenumberComponent(char const* bankName, std::int32_t from, std:
   SetNumber(*component.Get(), to);
   Identifiers identifiers(*library_, from);
   bool isMoved = false;
+  // What the writes need is there from now on, so that they can be undone: held-back writes take
+  // memory for each page when it is first written.
+  identifiers.LeadTo(from);
   try {
     identifiers.LeadTo(to);
     if (!CheckComponent(component.Get(), &newKey, text)) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -151,40 +152,6 @@ void BlockStore::BoundMemory(bool on) {
   for (FileSlot& slot : slots_) {
     if (slot.file) slot.file->BoundMemory(on);
   }
-}
-
-// --- work that can be taken back -------------------------------------------------------------
-
-void BlockStore::BeginUndo() {
-  auto undo = std::make_unique<Undo>();
-  for (int number = 0; number < format::kFileSlots; ++number) {
-    undo->states[static_cast<std::size_t>(number)] = Slot(number).state;
-  }
-  undo->extents = extents_;
-  undo_ = std::move(undo);
-}
-
-bool BlockStore::KeepForUndo(BlockAddress const& a, std::size_t bytes) noexcept {
-  return !undo_ || undo_->pages.Keep(a.file, *Slot(a.file).file, OffsetOf(a), bytes);
-}
-
-bool BlockStore::TakeBack() {
-  std::unique_ptr<Undo> const undo = std::move(undo_);
-  bool good = true;
-  for (int number = 1; undo && number < format::kFileSlots; ++number) {
-    FileSlot& slot = Slot(number);
-    if (slot.state != kOpen) continue;
-    good = undo->pages.TakeBack(number, *slot.file) && good;
-    State const before = undo->states[static_cast<std::size_t>(number)];
-    if (before != kAbsent) continue;
-    bool const isNew = slot.file->Size() == 0;
-    CloseFile(number);
-    slot.state = before;
-    if (isNew) good = system_->Remove(PathOf(number)) && good;
-  }
-  if (undo) extents_ = undo->extents;
-  ++changes_;
-  return good;
 }
 
 // --- blocks ----------------------------------------------------------------------------------
@@ -351,13 +318,18 @@ std::int32_t BlockStore::WriteBlock(std::int32_t& address, std::int32_t words,
   if (address != format::kNullAddress) return Transfer(address, words, buffer);
   ExtentList const before = extents_;
   std::int32_t const run = Allocate(words, fileChoice);
-  std::int32_t const written = Transfer(run, words, buffer);
-  if (written != static_cast<std::int32_t>(Count(words)) * format::kWordBytes) {
-    extents_ = before;  // nothing refers to the run yet
-  } else {
-    address = run;
+  try {
+    std::int32_t const written = Transfer(run, words, buffer);
+    if (written == static_cast<std::int32_t>(Count(words)) * format::kWordBytes) {
+      address = run;
+    } else {
+      extents_ = before;  // nothing refers to the run yet
+    }
+    return written;
+  } catch (std::bad_alloc const&) {
+    extents_ = before;
+    throw;
   }
-  return written;
 }
 
 std::int32_t BlockStore::Reserve(std::int32_t words) {

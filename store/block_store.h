@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 #include "frame/platform/block_file.h"
@@ -82,7 +83,8 @@ class BlockStore {
   // Removes the mark, so that the next opener does not find it. To be called after a flush, before
   // the files are closed.
   void CloseCleanly() noexcept;
-  ZelLastClose LastClose() const;
+  // Without a value if the mark cannot be looked for.
+  std::optional<ZelLastClose> LastClose() const;
   // Removes the mark of a library that no other program uses, and a journal that is not for it.
   // False if one of them is still there.
   bool ForgetUncleanClose();

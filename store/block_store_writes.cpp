@@ -1,6 +1,7 @@
-// How changes get into the files of a library: what is held back, the mark, and a flush that was
-// cut off.
+// How changes get into the files of a library: what is held back, the mark, a flush that was cut
+// off, and work that is taken back.
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "store/block_store.h"
@@ -59,7 +60,8 @@ openErrors BlockStore::FinishLastFlush(bool forceRead) {
 bool BlockStore::BeforeFirstWrite() {
   std::string const journal = JournalOf(Target());
   if (held_ && !held_->Begin()) return false;
-  if (!held_ && system_->Exists(journal) && !RemoveJournal(*system_, Target())) {
+  bool const mayHaveJournal = !held_ && system_->IsThere(journal).value_or(true);
+  if (mayHaveJournal && !RemoveJournal(*system_, Target())) {
     // A journal that no opener accepts does no harm.
     if (system_->OpenAside(journal, OpenMode::kRead, Target()).file) return false;
   }
@@ -72,7 +74,9 @@ bool BlockStore::BeforeFirstWrite() {
 bool BlockStore::SetMark() {
   std::string const mark = MarkOf(Target());
   if (!hasOwnMark_) {
-    if (system_->Exists(mark)) return true;
+    std::optional<bool> const isThere = system_->IsThere(mark);
+    if (!isThere) return false;
+    if (*isThere) return true;
     if (!system_->OpenAside(mark, OpenMode::kCreate, Target()).file) return false;
     hasOwnMark_ = true;
   }
@@ -91,9 +95,11 @@ void BlockStore::CloseCleanly() noexcept {
   }
 }
 
-ZelLastClose BlockStore::LastClose() const {
+std::optional<ZelLastClose> BlockStore::LastClose() const {
   ZelLastClose state;
-  state.isMarked = !hasOwnMark_ && system_->Exists(MarkOf(system_->Target(firstPath_)));
+  std::optional<bool> const isThere = system_->IsThere(MarkOf(system_->Target(firstPath_)));
+  if (!isThere) return std::nullopt;
+  state.isMarked = !hasOwnMark_ && *isThere;
   state.isCompleted = isCompleted_;
   state.hasForeignJournal = unfinished_ && unfinished_->Found() == UnfinishedFlush::State::kForeign;
   return state;
@@ -103,12 +109,46 @@ bool BlockStore::ForgetUncleanClose() {
   bool good = true;
   std::string const mark = MarkOf(Target());
   std::string const journal = JournalOf(Target());
-  if (system_->Exists(mark)) good = system_->Remove(mark);
+  if (system_->IsThere(mark).value_or(true)) good = system_->Remove(mark);
   bool const isForeign = unfinished_ && unfinished_->Found() == UnfinishedFlush::State::kForeign;
   if (isForeign) {
     good = system_->Remove(journal) && good;
     unfinished_.reset();
   }
+  return good;
+}
+
+// --- work that can be taken back -------------------------------------------------------------
+
+void BlockStore::BeginUndo() {
+  auto undo = std::make_unique<Undo>();
+  for (int number = 0; number < format::kFileSlots; ++number) {
+    undo->states[static_cast<std::size_t>(number)] = Slot(number).state;
+  }
+  undo->extents = extents_;
+  undo_ = std::move(undo);
+}
+
+bool BlockStore::KeepForUndo(BlockAddress const& a, std::size_t bytes) noexcept {
+  return !undo_ || undo_->pages.Keep(a.file, *Slot(a.file).file, OffsetOf(a), bytes);
+}
+
+bool BlockStore::TakeBack() {
+  std::unique_ptr<Undo> const undo = std::move(undo_);
+  bool good = true;
+  for (int number = 1; undo && number < format::kFileSlots; ++number) {
+    FileSlot& slot = Slot(number);
+    if (slot.state != kOpen) continue;
+    good = undo->pages.TakeBack(number, *slot.file) && good;
+    State const before = undo->states[static_cast<std::size_t>(number)];
+    if (before != kAbsent) continue;
+    bool const isNew = slot.file->Size() == 0;
+    CloseFile(number);
+    slot.state = before;
+    if (isNew) good = system_->Remove(PathOf(number)) && good;
+  }
+  if (undo) extents_ = undo->extents;
+  ++changes_;
   return good;
 }
 

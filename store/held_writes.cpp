@@ -40,14 +40,11 @@ HeldFile::Page* HeldFile::Hold(std::uint64_t number) {
   return pages_.emplace(number, std::move(page)).first->second.get();
 }
 
-// False if memory runs out, too.
-bool HeldFile::HoldAll(std::uint64_t offset, std::uint64_t end) {
-  try {
-    for (std::uint64_t page = offset / kPageBytes; page * kPageBytes < end; ++page) {
-      if (Hold(page) == nullptr) return false;
-    }
-  } catch (std::bad_alloc const&) {
-    return false;
+// False if a page cannot be read. Throws std::bad_alloc.
+bool HeldFile::HoldAll(std::uint64_t offset, std::size_t count) {
+  if (count > kMostBytes || offset > kMostBytes - count) return false;
+  for (std::uint64_t page = offset / kPageBytes; page * kPageBytes < offset + count; ++page) {
+    if (Hold(page) == nullptr) return false;
   }
   return true;
 }
@@ -72,7 +69,7 @@ std::int64_t HeldFile::Read(std::uint64_t offset, void* to, std::size_t count, b
 }
 
 std::int64_t HeldFile::WriteAt(std::uint64_t offset, void const* from, std::size_t count) {
-  if (!WriteCannotFail(offset, count)) return -1;
+  if (!HoldAll(offset, count)) return -1;
   auto const* const bytes = static_cast<std::byte const*>(from);
   for (std::size_t done = 0; done < count;) {
     std::uint64_t const at = offset + done;
@@ -102,14 +99,17 @@ std::byte const* HeldFile::View(std::uint64_t offset, std::size_t count) const n
   return real_->View(offset, count);
 }
 
-bool HeldFile::WriteCannotFail(std::uint64_t offset, std::size_t count) {
-  return count <= kMostBytes && offset <= kMostBytes - count && HoldAll(offset, offset + count);
+bool HeldFile::WriteCannotFail(std::uint64_t offset, std::size_t count) try {
+  return HoldAll(offset, count);
+} catch (std::bad_alloc const&) {
+  return false;
 }
 
 // What is cut off is zeros if the file grows again.
 bool HeldFile::CutTo(std::uint64_t size) {
   if (size >= size_) return true;
-  if (!HoldAll(size, std::min(size_, real_->Size()))) return false;
+  std::uint64_t const end = std::max(size, std::min(size_, real_->Size()));
+  if (!HoldAll(size, static_cast<std::size_t>(end - size))) return false;
   for (auto& [number, page] : pages_) {
     std::uint64_t const from = number * kPageBytes;
     if (from + kPageBytes <= size) continue;

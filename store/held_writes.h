@@ -42,7 +42,7 @@ class HeldFile final : public platform::BlockFile {
   std::int64_t ReadUnmapped(std::uint64_t offset, void* to, std::size_t count) override {
     return Read(offset, to, count, true);
   }
-  // Holds the bytes back.
+  // Holds the bytes back. Throws std::bad_alloc, and changes nothing.
   std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) override;
   // Valid until the next write. Null for a range of which something is held back.
   std::byte const* View(std::uint64_t offset, std::size_t count) const noexcept override;
@@ -79,7 +79,7 @@ class HeldFile final : public platform::BlockFile {
 
   // The page, which is held back from now on; null if it cannot be read.
   Page* Hold(std::uint64_t number);
-  bool HoldAll(std::uint64_t offset, std::uint64_t end);
+  bool HoldAll(std::uint64_t offset, std::size_t count);
   std::int64_t Read(std::uint64_t offset, void* to, std::size_t count, bool isUnmapped);
   bool ReadReal(std::uint64_t offset, std::byte* to, std::size_t count, bool isUnmapped);
 

@@ -29,10 +29,22 @@ bool UndoPages::Keep(int number, platform::BlockFile& file, std::uint64_t offset
 bool UndoPages::TakeBack(int number, platform::BlockFile& file) const noexcept {
   File const& kept = Of(number);
   if (!kept.size) return true;
-  bool good = file.CutTo(*kept.size);
-  for (auto const& [page, bytes] : kept.pages) {
-    auto const written = file.WriteAt(page * kPage, bytes.data(), bytes.size());
-    good = good && written == static_cast<std::int64_t>(bytes.size());
+  // A file whose writes are held back needs memory for them.
+  auto const isDone = [](auto const& step) {
+    try {
+      return step();
+    } catch (std::bad_alloc const&) {
+      return false;
+    }
+  };
+  bool good = isDone([&] { return file.CutTo(*kept.size); });
+  for (auto const& entry : kept.pages) {
+    std::vector<std::byte> const& bytes = entry.second;
+    good = isDone([&] {
+             auto const written = file.WriteAt(entry.first * kPage, bytes.data(), bytes.size());
+             return written == static_cast<std::int64_t>(bytes.size());
+           }) &&
+           good;
   }
   return good;
 }

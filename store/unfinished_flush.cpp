@@ -1,5 +1,6 @@
 #include "store/unfinished_flush.h"
 
+#include <optional>
 #include <utility>
 
 namespace zel {
@@ -37,8 +38,10 @@ OpenOutcome UnfinishedFlush::Look() {
   std::string const path = JournalOf(library_);
   platform::OpenedFile const opened = system_->OpenAside(path, OpenMode::kRead, library_);
   if (opened.outcome == OpenOutcome::kNotFound) {
+    std::optional<bool> const isThere = system_->IsThere(path);
+    if (!isThere) return OpenOutcome::kFailed;
     // If something exists at the path all the same, it is a link, for example.
-    if (system_->Exists(path)) state_ = State::kForeign;
+    if (*isThere) state_ = State::kForeign;
     return OpenOutcome::kOk;
   }
   if (!opened.file) return opened.outcome;

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -51,10 +52,11 @@ struct NoSink final : ZelFindingSink {
 };
 
 openErrors JudgeLastClose(LibFile_i& library, accModes mode, zelUncleanModes unclean) {
-  ZelLastClose const last = library.Store().LastClose();
-  if (!last.isMarked && !last.hasForeignJournal) return openOk;
+  if (unclean != uncleanRefused && unclean != uncleanVerified) return openOk;
+  std::optional<ZelLastClose> const last = library.Store().LastClose();
+  if (!last) return openFailed;
+  if (!last->isMarked && !last->hasForeignJournal) return openOk;
   if (unclean == uncleanRefused) return openUncleanlyClosed;
-  if (unclean != uncleanVerified) return openOk;
   NoSink sink;
   if (!VerifyLibrary(&library, sink)) return openDamaged;
   if (mode == accUpdate && !library.Store().ForgetUncleanClose()) return openFailed;
@@ -94,8 +96,9 @@ LibFile* NewLibrary(libTypes type, char const* path, ZelOpenOptions const& optio
 bool GetLastClose(LibFile* library, ZelLastClose& state) {
   LibFile_i* const inner = OpenLibrary(library);
   if (inner == nullptr) return false;
-  state = inner->Store().LastClose();
-  return true;
+  std::optional<ZelLastClose> const last = inner->Store().LastClose();
+  if (last) state = *last;
+  return last.has_value();
 }
 
 openErrors FinishLastFlush(char const* path, bool isLocked) {
@@ -126,7 +129,7 @@ bool ForgetUncleanClose(char const* path) {
   std::string const library = system.Target(first);
   bool good = true;
   for (std::string const& aside : {MarkOf(library), JournalOf(library)}) {
-    if (system.Exists(aside) && !system.Remove(aside)) good = false;
+    if (system.IsThere(aside).value_or(true) && !system.Remove(aside)) good = false;
   }
   return good;
 }

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace zel::platform {
@@ -79,6 +80,8 @@ class FileSystem {
   virtual ~FileSystem() = default;
 
   virtual bool Exists(std::string const& path) = 0;
+  // The same; without a value if the system cannot find it out.
+  virtual std::optional<bool> IsThere(std::string const& path) { return Exists(path); }
   virtual OpenedFile Open(std::string const& path, OpenMode mode) = 0;
   // Removes a file that is not open. False on failure, and where files cannot be removed.
   virtual bool Remove(std::string const& /*path*/) { return false; }

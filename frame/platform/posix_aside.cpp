@@ -4,9 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <new>
 
 namespace zel::platform {
 namespace {
@@ -21,15 +21,22 @@ std::string FolderOf(std::string const& path) {
 }
 
 // True for a regular file that belongs to this user or to the library's owner, or that is in a
-// folder where only those who may replace the library can make files.
+// folder where only those who may replace the library can make files. For another file, errno
+// becomes ENOENT; if this cannot be found out, it says why.
 bool IsTrusted(struct stat const& file, std::string const& path, std::string const& library) {
-  if (!S_ISREG(file.st_mode)) return false;
+  bool const isRegular = S_ISREG(file.st_mode);
   struct stat folder {};
   struct stat first {};
-  if (file.st_uid == ::geteuid()) return true;
-  if (::stat(FolderOf(path).c_str(), &folder) != 0) return false;
-  if ((folder.st_mode & S_ISVTX) == 0) return true;
-  return ::stat(library.c_str(), &first) == 0 && first.st_uid == file.st_uid;
+  if (isRegular && file.st_uid == ::geteuid()) return true;
+  if (isRegular) {
+    std::string const around = FolderOf(path);
+    if (Retry([&] { return ::stat(around.c_str(), &folder); }) != 0) return false;
+    if ((folder.st_mode & S_ISVTX) == 0) return true;
+    if (Retry([&] { return ::stat(library.c_str(), &first); }) != 0) return false;
+    if (first.st_uid == file.st_uid) return true;
+  }
+  errno = ENOENT;
+  return false;
 }
 
 // Whoever may read or write the library may do so with the new file.
@@ -61,14 +68,11 @@ std::string TargetOf(std::string const& path) {
 Descriptor OpenAsideDescriptor(std::string const& path, OpenMode mode, std::string const& library) {
   constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
   struct stat there {};
-  bool const exists = ::lstat(path.c_str(), &there) == 0;
+  bool const exists = Retry([&] { return ::lstat(path.c_str(), &there); }) == 0;
   // A library can have so long a name that nothing can be next to it.
   bool const cannotBe = errno == ENAMETOOLONG && mode != OpenMode::kCreate;
   if (!exists && errno != ENOENT && errno != ENOTDIR && !cannotBe) return Descriptor(-1);
-  if (exists ? !IsTrusted(there, path, library) : mode != OpenMode::kCreate) {
-    errno = ENOENT;
-    return Descriptor(-1);
-  }
+  if (exists ? !IsTrusted(there, path, library) : mode != OpenMode::kCreate) return Descriptor(-1);
   int const access = mode == OpenMode::kRead ? O_RDONLY : O_RDWR;
   int const make = exists ? 0 : O_CREAT | O_EXCL;
   Descriptor file(
@@ -77,20 +81,37 @@ Descriptor OpenAsideDescriptor(std::string const& path, OpenMode mode, std::stri
   if (file.Get() < 0) return file;
   if (!exists) {
     GiveAccessOf(library, file.Get());
-  } else if (::fstat(file.Get(), &opened) != 0 || !IsTrusted(opened, path, library)) {
-    errno = ENOENT;
-    return Descriptor(-1);
+  } else if (Retry([&] { return ::fstat(file.Get(), &opened); }) != 0 ||
+             !IsTrusted(opened, path, library)) {
+    int const reason = errno;
+    file = Descriptor(-1);
+    errno = reason;
   }
   return file;
 }
 
-bool SyncFolderOf(std::string const& path) noexcept try {
-  Descriptor const folder(::open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+std::optional<bool> LooksThere(std::string const& path) noexcept {
+  struct stat info {};
+  if (Retry([&] { return ::stat(path.c_str(), &info); }) == 0) return true;
+  for (int const absent : {ENOENT, ENOTDIR, ENAMETOOLONG, EACCES, ELOOP}) {
+    if (errno == absent) return false;
+  }
+  return std::nullopt;
+}
+
+// Takes no memory.
+bool SyncFolderOf(std::string const& path) noexcept {
+  char name[PATH_MAX] = ".";
+  std::size_t const slash = path.rfind('/');
+  if (slash != std::string::npos) {
+    std::size_t const length = std::max<std::size_t>(slash, 1);
+    if (length >= sizeof name) return false;
+    name[path.copy(name, length)] = '\0';
+  }
+  Descriptor const folder(::open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.Get() < 0) return false;
   // Some file systems cannot sync a folder; they have nothing to do.
   return Retry([&] { return ::fsync(folder.Get()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
-} catch (std::bad_alloc const&) {
-  return false;
 }
 
 }  // namespace zel::platform

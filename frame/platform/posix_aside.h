@@ -1,6 +1,7 @@
 // Files next to a library: how they are opened where a stranger may have planted something.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "frame/platform/block_file.h"
@@ -8,9 +9,11 @@
 
 namespace zel::platform {
 
-// See FileSystem for the three. A descriptor of -1 leaves the reason in errno.
+// See FileSystem for the four. A descriptor of -1 leaves the reason in errno.
 std::string TargetOf(std::string const& path);
 Descriptor OpenAsideDescriptor(std::string const& path, OpenMode mode, std::string const& library);
+// What IsThere returns.
+std::optional<bool> LooksThere(std::string const& path) noexcept;
 bool SyncFolderOf(std::string const& path) noexcept;
 
 }  // namespace zel::platform

@@ -308,10 +308,8 @@ class PosixFiles final : public FileSystem {
  public:
   explicit PosixFiles(bool sync) noexcept : sync_(sync) {}
 
-  bool Exists(std::string const& path) override {
-    struct stat info {};
-    return ::stat(path.c_str(), &info) == 0;
-  }
+  bool Exists(std::string const& path) override { return IsThere(path).value_or(false); }
+  std::optional<bool> IsThere(std::string const& path) override { return LooksThere(path); }
 
   bool Remove(std::string const& path) override { return ::unlink(path.c_str()) == 0; }
 

@@ -92,7 +92,8 @@ struct ZelLastClose {
 /// Reports how a library was closed before. The mark that this open itself has set does not count.
 /// \param library  an open library; null is a failure
 /// \param state    receives the state; unchanged on failure
-/// \return false when the library is not open
+/// \return false when the library is not open, and when the disk fails so that the mark cannot be
+///         looked for
 ZEL_API bool GetLastClose(LibFile* library, ZelLastClose& state);
 
 /// Completes a flush that was cut off, as an open for update does, without a password. Without a

@@ -181,7 +181,7 @@ class Killer {
     try {
       auto library = Open(Path("kill.lb1"), random_() % 2 == 0 ? accRead : accUpdate, writesPlain);
       if (library) {
-        if (library->Store().LastClose().isCompleted) ++counts_.completed;
+        if (library->Store().LastClose()->isCompleted) ++counts_.completed;
         auto const found = ItemSession::Read(*library);
         counts_.lost += ItemSession::Lost(found, session.Flushed(), session.Touched());
         if (!(found == session.Flushed() || found == session.Next())) ++counts_.between;

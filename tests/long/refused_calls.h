@@ -15,6 +15,10 @@ struct Kind {
   Refusal refusal;
 };
 
+// Prints how many public functions the steps call. Returns the number of those that they neither
+// call nor are excused, and of the names that are wrong.
+int PrintCoverage(Steps const& steps);
+
 // Says what to print if the program crashes, and ends it if the trial hangs.
 void SetNow(Step const& step, char const* kind, long at);
 
@@ -45,6 +49,8 @@ class Trials {
     Outcome outcome;
     State before;  // on file without the step
     State after;
+    State killedBefore;  // on file if the host is killed before the step
+    State killedAfter;
     Files files;
   };
 
@@ -54,7 +60,8 @@ class Trials {
   void PutWorld();
   End RunStep(Step const& step, Bench& bench, Refusal const& refusal, Outcome& outcome);
   // The state on file; the library must be whole.
-  State Opened();
+  State OpenedIn(std::string const& folder);
+  State Opened() { return OpenedIn(folder_); }
   bool MakeSound(Step const& step);
   // The requests or operations of the step.
   long Count(Refusal refusal);
@@ -62,6 +69,9 @@ class Trials {
   void CheckEnd(Refusal const& refusal, End end, Outcome const& outcome);
   // The live objects after the refusal: their library, and the step once more.
   void CheckLive(Bench& bench, End end);
+  // What remains of the library if the host is killed now. Empty if that is not promised.
+  State Killed();
+  void CheckKilled();
   void CheckFiles(bool isWell);
   bool KeepsAll(State const& state) const;
   bool IsAllowed(State const& state) const;

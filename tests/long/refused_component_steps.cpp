@@ -196,7 +196,13 @@ void AllBanks(Bench& b, Outcome& o) {
     if (fields > 0) o.Add(labels[fields - 1]);
     std::int32_t enumerators = 0;
     for (int field = 0; field < fields; ++field) {
-      b.spare->GetEnumCount(names[field], &enumerators);
+      if (b.spare->GetEnumCount(names[field], &enumerators) == kStatusOk) {
+        static char texts[200][13];
+        static std::int32_t values[200];
+        std::int32_t first = 0;
+        b.spare->GetEnumList(names[field], texts, values, &first);
+        o.Add(texts[first]);
+      }
       static double reals[200];
       static std::int32_t integers[200];
       static char text[1000];
@@ -244,6 +250,16 @@ void BankIo(Bench& b, Outcome& o) {
   io->ReservedIO(nullptr, nullptr);
 }
 
+void RecordOnFile(Bench& b, Outcome& o) {
+  IZelBankIO* const io = Io(b);
+  std::int32_t block = 0;
+  SetAll(b, o);
+  Ok(o, io->WriteToFile(&block, b.library.get()));
+  Ok(o, io->Clear());
+  Ok(o, io->ReadFromFile(&block, b.library.get()));
+  if (!o.HasFailed()) GetConstants(b, o);
+}
+
 void Identities(Bench& b, Outcome& o) {
   ZelIdentity identity;
   o.Done(GetComponentIdentity(b.component.operator->(), identity));
@@ -286,6 +302,7 @@ Steps ComponentSteps() {
        "NewBank GetBankTypeCount GetBankTypeList GetRefBankTypeCount GetRefBankTypeList "
        "IZelBankDef::GetBankInfo IZelBankDef::GetRecordLength IZelBankDef::Clear "
        "IZelBankDef::GetFieldCount IZelBankDef::GetFieldList IZelBankDef::GetEnumCount "
+       "IZelBankDef::GetEnumList "
        "IZelBankDef::GetStringField IZelBankDef::GetDoubleField IZelBankDef::GetIntField "
        "IZelBankDef::SetStringField IZelBankDef::SetDoubleField IZelBankDef::SetIntField "
        "IZelBankDef::SetRefBankName IZelBankDef::GetRefBankName IUnknown::Release",
@@ -296,6 +313,8 @@ Steps ComponentSteps() {
        "IZelBankIO::SetSourceList IZelBankIO::ReservedIO IZelBankDef::GetSource "
        "IZelBankDef::GetSourceFlags",
        Opens::kRead, kPlain, ReadComponent, BankIo},
+      {"a record of a driver", "IZelBankIO::WriteToFile IZelBankIO::Clear IZelBankIO::ReadFromFile",
+       Opens::kUpdate, kPlain, ReadComponent, RecordOnFile},
       {"set a component",
        "IZelPureComp::SetIdentity IZelPureComp::SetStructure IZelPureComp::SetLegacyStructure "
        "IZelPureComp::SetAllProperties IZelPureComp::SetProperty "

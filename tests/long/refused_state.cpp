@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <utility>
 #include <vector>
 
@@ -25,10 +24,17 @@ std::string FieldsOf(IZelBankDef* bank, std::int32_t format) {
   bank->GetFieldList(format, names, labels, kinds, counts, units);
   std::string text;
   for (int i = 0; i < fields; ++i) {
-    if (kinds[i] != fieldReal) continue;
-    std::vector<double> values(static_cast<std::size_t>(counts[i]));
-    bank->GetDoubleField(names[i], values.data());
-    for (double value : values) text += Number(value);
+    auto const count = static_cast<std::size_t>(counts[i]);
+    std::vector<double> reals(count);
+    std::vector<std::int32_t> integers(count);
+    std::string word(count, '\0');
+    if (bank->GetDoubleField(names[i], reals.data()) == kStatusOk) {
+      for (double value : reals) text += Number(value);
+    } else if (bank->GetIntField(names[i], integers.data()) == kStatusOk) {
+      for (std::int32_t value : integers) text += Number(value);
+    } else if (bank->GetStringField(names[i], word.data()) == kStatusOk) {
+      text += word.c_str() + std::string(" ");
+    }
   }
   return text;
 }
@@ -193,29 +199,6 @@ void PutFiles(std::string const& folder, Files const& files, Files const& presen
     if (there != present.end() && there->second == text) continue;
     std::ofstream(fs::path(folder) / name, std::ios::binary | std::ios::trunc) << text;
   }
-}
-
-std::set<std::string> PublicFunctions() {
-  std::regex const ofClass(R"(^class ZEL_API (\w+))");
-  std::regex const member(R"(^  (?:virtual|static) [^~;(]*?(\w+)\()");
-  std::regex const free(R"(^ZEL_API [^;(]*?(\w+)\()");
-  std::set<std::string> found;
-  for (auto const& entry : fs::directory_iterator(ZEL_HEADERS)) {
-    if (entry.path().filename().string().rfind("Desk", 0) == 0) continue;
-    std::ifstream file(entry.path());
-    std::string line;
-    std::string owner;
-    for (std::smatch match; std::getline(file, line);) {
-      if (line.rfind("};", 0) == 0) owner.clear();
-      if (std::regex_search(line, match, ofClass)) owner = match[1].str() + "::";
-      if (std::regex_search(line, match, member) && !owner.empty()) {
-        found.insert(owner + match[1].str());
-      } else if (std::regex_search(line, match, free)) {
-        found.insert(match[1].str());
-      }
-    }
-  }
-  return found;
 }
 
 }  // namespace zel::test

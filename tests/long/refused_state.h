@@ -1,8 +1,7 @@
-// What a library holds, the files of a folder, and the functions of the public headers.
+// What a library holds, and the files of a folder.
 #pragma once
 
 #include <map>
-#include <set>
 #include <string>
 
 #include "tests/long/refused_steps.h"
@@ -22,9 +21,5 @@ using Files = std::map<std::string, std::string>;
 Files FilesIn(std::string const& folder);
 // Makes the files of a folder these and no others. Files that are the same in both are not written.
 void PutFiles(std::string const& folder, Files const& files, Files const& present);
-
-// The functions of the public headers except those of the desk, overloads once: "Class::Function"
-// or "Function".
-std::set<std::string> PublicFunctions();
 
 }  // namespace zel::test

@@ -8,6 +8,7 @@
 #include <zelaccess/LibFile_p.h>
 #include <zelaccess/LibMaint_p.h>
 #include <zelaccess/LibSearch_p.h>
+#include <zelaccess/OpenLibrary.h>
 #include <zelaccess/Progress.h>
 #include <zelaccess/Verify.h>
 #include <zelaccess/ZelAccess.h>
@@ -103,7 +104,7 @@ struct Bench {
   std::FILE* stream = nullptr;
 };
 
-enum class Opens { kNothing, kRead, kUpdate };
+enum class Opens { kNothing, kRead, kUpdate, kMarked, kHeld };
 
 enum Traits : unsigned {
   kPlain = 0,
@@ -113,11 +114,12 @@ enum Traits : unsigned {
   kImports = 8,     // leaves a part of a document when it fails
   kLeavesOut = 16,  // leaves out files that cannot be written
   kParses = 32,     // the XML parser can lose memory when it is refused some
+  kWhole = 64,      // leaves the library as before or as after, also if all operations fail
 };
 
 struct Step {
-  char const* name;
-  char const* calls;  // the functions that it tests, "Class::Function" or "Function"
+  std::string name;
+  std::string calls;  // the functions that it tests, "Class::Function" or "Function"
   Opens opens;
   unsigned traits;
   void (*prepare)(Bench& bench);  // before anything is refused; may be null
@@ -126,9 +128,11 @@ struct Step {
 
 using Steps = std::vector<Step>;
 Steps LibrarySteps();
+Steps OpenSteps();
 Steps MaintenanceSteps();
 Steps DocumentSteps();
 Steps ComponentSteps();
+Steps BankTypeSteps();
 Steps ReaderSteps();
 
 // Makes the files of the world.

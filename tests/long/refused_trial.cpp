@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <utility>
 
@@ -38,9 +39,13 @@ std::string FirstDifference(Files::const_iterator now, Files::const_iterator end
          "\" instead of \"" + text.substr(offset, 60) + "\"";
 }
 
-Handle<LibFile> Open(std::string const& path, accModes mode) {
+Handle<LibFile> Open(std::string const& path, Opens opens) {
+  ZelOpenOptions options;
+  options.mode = opens == Opens::kRead ? accRead : accUpdate;
+  if (opens == Opens::kMarked) options.writes = writesMarked;
+  if (opens == Opens::kHeld) options.writes = writesHeld;
   openErrors error{};
-  return Handle<LibFile>(LibFile::OpenLibFile(mode, path.c_str(), "", error));
+  return Handle<LibFile>(OpenLibrary(path.c_str(), options, error));
 }
 
 }  // namespace
@@ -56,8 +61,8 @@ void Trials::Wrong(std::string const& what) {
   constexpr int kShown = 3;  // of each step and kind of refusal
   ++now_->wrong;
   if (++shown_ > kShown) return;
-  std::printf("%s, %s, number %ld (%s): %s\n", step_->name, kind_->name, at_, Refusing::Operation(),
-              what.c_str());
+  std::printf("%s, %s, number %ld (%s): %s\n", step_->name.c_str(), kind_->name, at_,
+              Refusing::Operation(), what.c_str());
   std::fflush(stdout);
 }
 
@@ -66,8 +71,8 @@ void Trials::PutWorld() {
   present_ = world_;
 }
 
-State Trials::Opened() {
-  Handle<LibFile> const library = Open(folder_ + "/" + kLibraryFile, accRead);
+State Trials::OpenedIn(std::string const& folder) {
+  Handle<LibFile> const library = Open(folder + "/" + kLibraryFile, Opens::kRead);
   if (library == nullptr) return {{"library", kUnreadable}};
   FindingCounter sink;
   VerifyLibrary(library.get(), sink);
@@ -80,7 +85,7 @@ State Trials::Opened() {
 struct Trials::Ready : Bench {
   Ready(std::string const& folderOfWorld, Step const& step) : Bench(folderOfWorld) {
     if (step.opens != Opens::kNothing) {
-      library = Open(folder + "/" + kLibraryFile, step.opens == Opens::kRead ? accRead : accUpdate);
+      library = Open(folder + "/" + kLibraryFile, step.opens);
       maint.reset(LibMaint::NewLibMaint(library.get()));
     }
     if (step.prepare != nullptr) step.prepare(*this);
@@ -123,7 +128,9 @@ bool Trials::MakeSound(Step const& step) {
   PutWorld();
   {
     Ready bench(folder_, step);
+    sound_.killedBefore = Killed();
     if (RunStep(step, bench, {}, sound_.outcome) != End::kWell) return false;
+    sound_.killedAfter = Killed();
   }
   present_ = FilesIn(folder_);
   sound_.after = Opened();
@@ -164,7 +171,8 @@ bool Trials::KeepsAll(State const& state) const {
 // A change that fails is undone, as far as the files can be written: what a file that takes nothing
 // any more holds then depends on the place.
 bool Trials::IsAllowed(State const& state) const {
-  if (kind_->refusal.what != Refused::kMemory && kind_->refusal.forEver) return true;
+  bool const isForEver = kind_->refusal.what != Refused::kMemory && kind_->refusal.forEver;
+  if (isForEver && (step_->traits & kWhole) == 0) return true;
   if (state == sound_.before || state == sound_.after) return true;
   if ((step_->traits & kMayLose) != 0 && state == worldState_) return true;
   if ((step_->traits & kImports) != 0) return KeepsAll(state);
@@ -201,15 +209,36 @@ void Trials::CheckEnd(Refusal const& refusal, End end, Outcome const& outcome) {
   if (end == End::kBlockError && isMemory && !isFollowed) Wrong("a block error for lack of memory");
 }
 
+// With held-back writes that is the state of a flush; with marked ones the same, or there is a
+// mark.
+State Trials::Killed() {
+  if (step_->opens != Opens::kMarked && step_->opens != Opens::kHeld) return {};
+  Files files = FilesIn(folder_);
+  if (files.count("world.lb1.open") != 0) return {};
+  std::string const folder = folder_ + "/killed";
+  std::filesystem::create_directories(folder);
+  PutFiles(folder, files, FilesIn(folder));
+  return OpenedIn(folder);
+}
+
+void Trials::CheckKilled() {
+  State const state = Killed();
+  if (state == sound_.killedBefore || state == sound_.killedAfter) return;
+  if (step_->opens == Opens::kMarked && state.empty()) return;
+  Wrong("after a kill:" + Difference(state, sound_.killedBefore, sound_.killedAfter));
+}
+
 void Trials::CheckLive(Bench& bench, End end) {
-  if (bench.library == nullptr) return;
-  openErrors const reopened = bench.library->ReopenLibFile();
-  if (reopened != openOk) return Wrong("cannot be reopened");
-  State const live = StateOf(bench.library.get());
-  if (!IsAllowed(live)) {
-    Wrong("the open library:" + Difference(live, sound_.before, sound_.after));
+  bool isAsBefore = true;
+  if (bench.library != nullptr) {
+    openErrors const reopened = bench.library->ReopenLibFile();
+    if (reopened != openOk) return Wrong("cannot be reopened");
+    State const live = StateOf(bench.library.get());
+    if (!IsAllowed(live)) {
+      Wrong("the open library:" + Difference(live, sound_.before, sound_.after));
+    }
+    isAsBefore = live == sound_.before;
   }
-  bool const isAsBefore = live == sound_.before;
   if (end == End::kWell || !isAsBefore || (step_->traits & kOnce) != 0) return;
   Outcome outcome;
   End const again = RunStep(*step_, bench, {}, outcome);
@@ -246,6 +275,7 @@ void Trials::RunOne(Refusal const& refusal) {
     Ready bench(folder_, *step_);
     end = RunStep(*step_, bench, refusal, outcome);
     CheckEnd(refusal, end, outcome);
+    CheckKilled();
     CheckLive(bench, end);
     try {
       if (bench.library != nullptr) bench.library->CloseLibFile();
@@ -263,7 +293,7 @@ bool Trials::Begin(Step const& step) {
   at_ = 0;
   SetNow(step, "undisturbed", 0);
   if (MakeSound(step)) return true;
-  std::printf("%s fails undisturbed:\n%s\n", step.name, sound_.outcome.Text());
+  std::printf("%s fails undisturbed:\n%s\n", step.name.c_str(), sound_.outcome.Text());
   ++unsound_;
   return false;
 }

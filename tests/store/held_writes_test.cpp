@@ -328,7 +328,7 @@ TEST_F(HeldWritesTest, ReaderSeesTheWholeFlushAndChangesNothing) {
   EXPECT_EQ(MemoOf(files_), "cut off");
   LibFile_i status(files_, accRead, "/lib.lb1", "l");
   ASSERT_EQ(status.OpenExisting({false, {}}, nullptr), openOk);
-  EXPECT_TRUE(status.Store().LastClose().isCompleted);
+  EXPECT_TRUE(status.Store().LastClose()->isCompleted);
   std::int32_t node[1000];
   EXPECT_EQ(status.ReadBlock(112000003, 1000, node), 4000);
   EXPECT_EQ(node[2], 3);
@@ -343,12 +343,12 @@ TEST_F(HeldWritesTest, PlainUpdaterCompletesTheFlushFirst) {
   CutOffFlush();
   auto library = Opened(accUpdate);
   EXPECT_FALSE(HasJournal());
-  EXPECT_TRUE(library->Store().LastClose().isCompleted);
+  EXPECT_TRUE(library->Store().LastClose()->isCompleted);
   char memo[4000];
   library->GetMemo(memo);
   EXPECT_STREQ(memo, "cut off");
   library->CloseLibFile();
-  EXPECT_FALSE(Opened(accUpdate)->Store().LastClose().isCompleted) << "once only";
+  EXPECT_FALSE(Opened(accUpdate)->Store().LastClose()->isCompleted) << "once only";
 }
 
 TEST_F(HeldWritesTest, UpdaterThatCannotCompleteIsRefused) {
@@ -389,13 +389,13 @@ TEST_F(HeldWritesTest, JournalOfOtherFilesIsNotUsed) {
   File1() = first;
   files_.Contents("/lib.lb2") = second;
   auto library = Opened(accRead);
-  EXPECT_TRUE(library->Store().LastClose().hasForeignJournal);
-  EXPECT_FALSE(library->Store().LastClose().isCompleted);
+  EXPECT_TRUE(library->Store().LastClose()->hasForeignJournal);
+  EXPECT_FALSE(library->Store().LastClose()->isCompleted);
   library->CloseLibFile();
   EXPECT_EQ(MemoOf(files_), "");
   EXPECT_TRUE(HasJournal());
   library = Opened(accUpdate);
-  EXPECT_TRUE(library->Store().LastClose().hasForeignJournal);
+  EXPECT_TRUE(library->Store().LastClose()->hasForeignJournal);
   EXPECT_TRUE(HasJournal()) << "until the first write";
   library->SetMemo("since");
   EXPECT_FALSE(HasJournal());
@@ -424,7 +424,7 @@ TEST_F(HeldWritesTest, JournalWithoutAWholeCommitIsIgnored) {
         .assign(journal.begin(), journal.begin() + static_cast<long>(length));
     EXPECT_EQ(MemoOf(files_), "as it was");
     auto library = Opened(accUpdate);
-    EXPECT_FALSE(library->Store().LastClose().hasForeignJournal);
+    EXPECT_FALSE(library->Store().LastClose()->hasForeignJournal);
     library->CloseLibFile();
     EXPECT_EQ(MemoOf(files_), "as it was");
     EXPECT_FALSE(HasJournal()) << "the close has written";

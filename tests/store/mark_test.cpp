@@ -27,7 +27,7 @@ TEST_F(MarkTest, IsThereFromTheFirstWriteToTheClose) {
   library->SetMemo("changed");
   EXPECT_TRUE(HasMark());
   EXPECT_TRUE(files_.Contents("/lib.lb1.open").empty());
-  EXPECT_FALSE(library->Store().LastClose().isMarked) << "its own";
+  EXPECT_FALSE(library->Store().LastClose()->isMarked) << "its own";
   library->FlushLibFile();
   EXPECT_TRUE(HasMark());
   library->CloseLibFile();
@@ -54,17 +54,17 @@ TEST_F(MarkTest, StaysAfterACloseThatFails) {
   failing.FailAt(0, false);
   EXPECT_TRUE(HasMark());
   ASSERT_EQ(library->ReopenLibFile(), openOk);
-  EXPECT_TRUE(library->Store().LastClose().isMarked);
+  EXPECT_TRUE(library->Store().LastClose()->isMarked);
   library->CloseLibFile();
   EXPECT_TRUE(HasMark()) << "nobody has verified the library";
 }
 
 TEST_F(MarkTest, OfAnEarlierSessionStaysUntilItIsForgotten) {
   files_.Contents("/lib.lb1.open");
-  EXPECT_TRUE(Opened(accRead)->Store().LastClose().isMarked);
+  EXPECT_TRUE(Opened(accRead)->Store().LastClose()->isMarked);
   auto library = OpenMarked(files_);
   library->SetMemo("changed");
-  EXPECT_TRUE(library->Store().LastClose().isMarked);
+  EXPECT_TRUE(library->Store().LastClose()->isMarked);
   library->CloseLibFile();
   EXPECT_TRUE(HasMark());
   ASSERT_EQ(library->ReopenLibFile(), openOk);

@@ -123,7 +123,7 @@ class Trial {
     try {
       LibFile_i library(files, mode, kPath, "crash");
       if (library.OpenExisting({true, ""}, nullptr) != openOk) return std::nullopt;
-      if (library.Store().LastClose().isCompleted) ++counts_.completed;
+      if (library.Store().LastClose()->isCompleted) ++counts_.completed;
       files.atMoment = nullptr;
       NoSink sink;
       if (!VerifyLibrary(&library, sink)) ++counts_.damaged;

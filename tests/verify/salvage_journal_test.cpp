@@ -68,7 +68,7 @@ TEST(SalvageJournalTest, FlushThatWasCutOffCountsAsComplete) {
     LibFile_i reader(files, accRead, kPath, "a");
     ASSERT_EQ(reader.OpenExisting({true, ""}, nullptr), openOk);
     double const expected = ReadPair(reader, 2);
-    withJournal += reader.Store().LastClose().isCompleted ? 1 : 0;
+    withJournal += reader.Store().LastClose()->isCompleted ? 1 : 0;
     reader.CloseLibFile();
     MemoryFileSystem saved;
     LibFile_i rescued(saved, accUpdate, kPath, "r");

@@ -1,7 +1,6 @@
-// Preloaded into a program, refuses one request for memory, or all requests from one on.
+// Preloaded into a program, refuses one request for memory.
 //
 //   ZEL_REFUSE_AT=N      the N-th request, which counts from 1
-//   ZEL_REFUSE_FROM=N    the N-th and all that follow
 //   ZEL_REQUESTS=FILE    the number of requests is written there when the program ends
 #include <fcntl.h>
 #include <unistd.h>
@@ -25,7 +24,6 @@ namespace {
 std::atomic<bool> watching{false};
 std::atomic<long> requests{0};
 long refusedAt = 0;
-long refusedFrom = 0;
 
 long NumberIn(char const* variable) {
   char const* const text = std::getenv(variable);
@@ -34,15 +32,13 @@ long NumberIn(char const* variable) {
 
 bool IsRefused() {
   if (!watching) return false;
-  long const number = ++requests;
-  if (number != refusedAt && (refusedFrom == 0 || number < refusedFrom)) return false;
+  if (++requests != refusedAt) return false;
   errno = ENOMEM;
   return true;
 }
 
 __attribute__((constructor)) void Begin() {
   refusedAt = NumberIn("ZEL_REFUSE_AT");
-  refusedFrom = NumberIn("ZEL_REFUSE_FROM");
   watching = true;
 }
 
