@@ -72,7 +72,11 @@ Descriptor OpenAsideDescriptor(std::string const& path, OpenMode mode, std::stri
   // A library can have so long a name that nothing can be next to it.
   bool const cannotBe = errno == ENAMETOOLONG && mode != OpenMode::kCreate;
   if (!exists && errno != ENOENT && errno != ENOTDIR && !cannotBe) return Descriptor(-1);
-  if (exists ? !IsTrusted(there, path, library) : mode != OpenMode::kCreate) return Descriptor(-1);
+  if (!exists && mode != OpenMode::kCreate) {
+    errno = ENOENT;
+    return Descriptor(-1);
+  }
+  if (exists && !IsTrusted(there, path, library)) return Descriptor(-1);
   int const access = mode == OpenMode::kRead ? O_RDONLY : O_RDWR;
   int const make = exists ? 0 : O_CREAT | O_EXCL;
   Descriptor file(
