@@ -104,6 +104,7 @@ struct Bench {
   std::FILE* stream = nullptr;
 };
 
+// How the library of the world is open before the step: kUpdate writes plainly.
 enum class Opens { kNothing, kRead, kUpdate, kMarked, kHeld };
 
 enum Traits : unsigned {
