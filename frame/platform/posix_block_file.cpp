@@ -323,7 +323,8 @@ class PosixFiles final : public FileSystem {
     if (::fstat(file.Get(), &info) != 0) return {OpenOutcome::kFailed, nullptr};
     if (!S_ISREG(info.st_mode)) return {OpenOutcome::kDenied, nullptr};
     if (!locked) return {lockOutcome, nullptr, lockOutcome == OpenOutcome::kDenied};
-    if (!IsAt(path, info)) return {OpenOutcome::kDenied, nullptr, true};
+    OpenOutcome const place = PlaceOf(path, info);
+    if (place != OpenOutcome::kOk) return {place, nullptr, place == OpenOutcome::kDenied};
     auto const size = static_cast<std::uint64_t>(info.st_size);
     return {OpenOutcome::kOk, std::make_unique<PosixBlockFile>(std::move(file), size,
                                                                HasHoles(info), writable, sync_)};
@@ -354,12 +355,15 @@ class PosixFiles final : public FileSystem {
     return size > held && size - held > kLargestStep;
   }
 
-  // False when a previous holder of the lock replaced the file between the open and the lock:
+  // kDenied when a previous holder of the lock replaced the file between the open and the lock:
   // writes to the replaced file would be lost.
-  static bool IsAt(std::string const& path, struct stat const& opened) noexcept {
+  static OpenOutcome PlaceOf(std::string const& path, struct stat const& opened) noexcept {
     struct stat there {};
-    return ::stat(path.c_str(), &there) == 0 && there.st_dev == opened.st_dev &&
-           there.st_ino == opened.st_ino;
+    if (Retry([&] { return ::stat(path.c_str(), &there); }) != 0) {
+      return OutcomeOf(errno) == OpenOutcome::kFailed ? OpenOutcome::kFailed : OpenOutcome::kDenied;
+    }
+    bool const isSame = there.st_dev == opened.st_dev && there.st_ino == opened.st_ino;
+    return isSame ? OpenOutcome::kOk : OpenOutcome::kDenied;
   }
 
   static int OpenDescriptor(std::string const& path, OpenMode mode) noexcept {
