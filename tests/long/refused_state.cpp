@@ -27,13 +27,13 @@ std::string FieldsOf(IZelBankDef* bank, std::int32_t format) {
     auto const count = static_cast<std::size_t>(counts[i]);
     std::vector<double> reals(count);
     std::vector<std::int32_t> integers(count);
-    std::string word(count, '\0');
+    std::vector<char> word(count);
     if (bank->GetDoubleField(names[i], reals.data()) == kStatusOk) {
       for (double value : reals) text += Number(value);
     } else if (bank->GetIntField(names[i], integers.data()) == kStatusOk) {
       for (std::int32_t value : integers) text += Number(value);
     } else if (bank->GetStringField(names[i], word.data()) == kStatusOk) {
-      text += word.c_str() + std::string(" ");
+      text += word.data() + std::string(" ");
     }
   }
   return text;
