@@ -26,8 +26,8 @@ bool IsFile(fs::path const& path) {
 
 void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
   if (!isNew) Rename(change.Place(1), change.Old(1));
-  // They are not about the new library. Nobody can open the old one any more, and when the new one
-  // is in place, they would be those of a program that has opened it.
+  // They are about the old library, which no program can open any more. Once the new one is in
+  // place, files of these names can belong to a program that has opened it.
   for (char const* ending : kCloseEndings) {
     if (IsFile(change.Close(ending))) Rename(change.Close(ending), change.OldClose(ending));
   }
