@@ -99,7 +99,7 @@ std::string Heat(char const* equation, std::string const& coefficients) {
          coefficients + "</IdealGasHeatCapacityCp>";
 }
 
-// What is no heat capacity has no integral.
+// A heat capacity that is refused gives no enthalpy either.
 TEST_F(ChemsepUnitsTest, ARejectedHeatCapacityIsNotIntegrated) {
   struct {
     char const* equation;

@@ -1,7 +1,7 @@
 // import --format sqlite: databases that are made to run something or to become large.
 #include "desk/formats/library_tables.h"
 #include "desk/words/failure.h"
-#include "tests/zel/zel_fixture.h"
+#include "tests/zel/database_fixture.h"
 
 namespace zel::test {
 namespace {
@@ -9,15 +9,8 @@ namespace {
 using desk::SqlTable;
 using nlohmann::json;
 
-class SqliteLimitsTest : public ZelTest {
+class SqliteLimitsTest : public DatabaseTest {
  protected:
-  void SetUp() override {
-    try {
-      desk::SqliteBytes({});
-    } catch (desk::Failure const& failure) {
-      GTEST_SKIP() << failure.what();
-    }
-  }
   // A table `evil` with a number in each row, whose second column is declared as `column`.
   static std::string Bytes(std::vector<SqlTable> tables, std::string const& column,
                            std::size_t rows = 1) {

@@ -3,7 +3,7 @@
 
 #include "desk/formats/sqlite_tables.h"
 #include "desk/words/failure.h"
-#include "tests/zel/zel_fixture.h"
+#include "tests/zel/database_fixture.h"
 
 namespace zel::test {
 namespace {
@@ -11,15 +11,8 @@ namespace {
 using desk::SqlTable;
 using nlohmann::json;
 
-class SqliteTest : public ZelTest {
+class SqliteTest : public DatabaseTest {
  protected:
-  void SetUp() override {
-    try {
-      desk::SqliteBytes({});
-    } catch (desk::Failure const& failure) {
-      GTEST_SKIP() << failure.what();
-    }
-  }
   std::vector<SqlTable> Tables(std::string const& name) const {
     return desk::TablesInSqlite((Folder() / name).string());
   }
