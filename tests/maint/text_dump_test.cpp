@@ -9,6 +9,7 @@
 #include "store/key.h"
 #include "tests/frame/temp_folder.h"
 #include "tests/support/sample_component.h"
+#include "zelaccess/Verify.h"
 
 namespace zel {
 namespace {
@@ -172,6 +173,22 @@ TEST_F(TextDumpTest, FileThatCannotBeWrittenIsPassedOver) {
   EXPECT_EQ(FileText("lib.A.cmp"), "1\nlib\tA\tV1.5\n");
   EXPECT_EQ(FileText("lib.D.cmp"), "1\nlib\tD\tV1.5\n");
   maint_->WriteTextDump(nullptr);
+}
+
+TEST_F(TextDumpTest, FileThatCannotBeWrittenIsReportedToTheSink) {
+  struct Sink final : ZelFindingSink {
+    void Found(zelFindings severity, char const* id, char const* place, char const* text) override {
+      all.push_back(std::to_string(severity) + "|" + id + "|" + place + "|" + text);
+    }
+    std::vector<std::string> all;
+  } sink;
+  maint_->CreateBank("PURECOMP", "A", 0);
+  std::filesystem::create_directory(Folder() / "lib.bnk");
+  SetItemFindings(library_.get(), &sink);
+  maint_->WriteTextDump(library_.get());
+  SetItemFindings(library_.get(), nullptr);
+  EXPECT_EQ(sink.all, std::vector<std::string>{std::to_string(findingDamage) + "|file|" +
+                                               Path("lib.bnk") + "|cannot be written whole"});
 }
 
 // The head of a bank's tree is read from the file: it may claim longer keys than components have.

@@ -334,6 +334,33 @@ TEST_F(BatchArrays, ACorrelationThatEvaluatesOthersIsEvaluatedThroughItsComponen
   EXPECT_EQ(value, Evaluate(bank_, correlationLiquidViscosity, T).value);
 }
 
+TEST_F(BatchArrays, AnUnknownCorrelationFailsForEachElement) {
+  ZelCorrelation unknown = Taken();
+  unknown.index = 1000;
+  double const T[] = {300.0, 310.0};
+  double values[] = {kBefore, kBefore};
+  ZelStatus results[] = {77, 77};
+  ZelBatch batch;
+  batch.count = 2;
+  batch.temperatures = T;
+  batch.values = values;
+  batch.results = results;
+  EXPECT_EQ(EvaluateBatch(unknown, batch), kStatusFailed);
+  for (int i : {0, 1}) {
+    EXPECT_EQ(values[i], kBefore) << i;
+    EXPECT_EQ(results[i], kStatusFailed) << i;
+  }
+  batch.results = nullptr;
+  EXPECT_EQ(EvaluateBatch(unknown, batch), kStatusFailed);
+  batch.count = 0;
+  EXPECT_EQ(EvaluateBatch(unknown, batch), kStatusOk);
+  ZelCorrelation taken;
+  taken.equation = 5;
+  EXPECT_EQ(TakeCorrelation(Component(), 1000, taken), kStatusFailed);
+  EXPECT_EQ(TakeCorrelation(Component(), correlationLiquidCp, taken), kStatusFailed) << "not set";
+  EXPECT_EQ(taken.equation, 5) << "unchanged";
+}
+
 TEST_F(BatchArrays, NothingIsEvaluatedWithoutArrays) {
   double const T = 300.0;
   double value = kBefore;

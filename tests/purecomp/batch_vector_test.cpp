@@ -183,6 +183,42 @@ TEST(VectorBatches, StridesAndMissingSlopesMakeNoDifference) {
   }
 }
 
+// As with the temperatures above, but each block is computed as a whole.
+TEST(VectorBatches, WholeBlocksReachElementsOfAnyStride) {
+  ComponentBank bank;
+  SetCorrelation(bank, correlationVaporPressure, 20, kSamples[4].c);
+  std::size_t const count = 300;
+  std::vector<double> temperatures;
+  for (std::size_t i = 0; i < count; ++i) temperatures.push_back(220.0 + 0.5 * double(i));
+  Results plain(count);
+  ZelBatch batch = plain.Batch(temperatures, 1);
+  batch.mode = batchVector;
+  ASSERT_EQ(EvaluateComponentBatch(bank.operator->(), correlationVaporPressure, batch), kStatusOk);
+  std::vector<double> values(2 * count, -7.0), slopes(3 * count, -7.0);
+  std::vector<std::int32_t> statuses(2 * count, -7);
+  std::vector<ZelStatus> results(2 * count, 77);
+  batch.values = values.data();
+  batch.valueStride = 2;
+  batch.derivatives = slopes.data();
+  batch.derivativeStride = 3;
+  batch.statuses = statuses.data();
+  batch.statusStride = 2;
+  batch.results = results.data();
+  batch.resultStride = 2;
+  ASSERT_EQ(EvaluateComponentBatch(bank.operator->(), correlationVaporPressure, batch), kStatusOk);
+  for (std::size_t i = 0; i < count; ++i) {
+    EXPECT_TRUE(SameBits(values[2 * i], plain.values[i])) << temperatures[i];
+    EXPECT_TRUE(SameBits(slopes[3 * i], plain.derivatives[i])) << temperatures[i];
+    EXPECT_EQ(statuses[2 * i], plain.statuses[i]) << temperatures[i];
+    EXPECT_EQ(results[2 * i], kStatusOk) << temperatures[i];
+    EXPECT_EQ(values[2 * i + 1], -7.0);
+    EXPECT_EQ(slopes[3 * i + 1], -7.0);
+    EXPECT_EQ(slopes[3 * i + 2], -7.0);
+    EXPECT_EQ(statuses[2 * i + 1], -7);
+    EXPECT_EQ(results[2 * i + 1], 77);
+  }
+}
+
 // The loops for the other widths, which this processor would not choose.
 TEST(VectorBatches, HaveTheSameBitsWithVectorsOfAnyWidth) {
   std::vector<BlockFunction> functions = {ComputeBlockOf2};

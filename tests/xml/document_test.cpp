@@ -107,6 +107,24 @@ TEST_F(DocumentTest, TextTakesInDescendantsAndNotComments) {
   EXPECT_EQ(TextOf("<r>1&lt;2&#x41;</r>"), "1<2A");
 }
 
+// The first and last character of each length in UTF-8, read from the text and from the parser's
+// tree.
+TEST_F(DocumentTest, CharacterReferencesAreUtf8) {
+  struct Row {
+    char const* reference;
+    char const* text;
+  };
+  for (auto const& [reference, text] :
+       {Row{"&#127;", "\x7F"}, Row{"&#x80;", "\xC2\x80"}, Row{"&#2047;", "\xDF\xBF"},
+        Row{"&#x800;", "\xE0\xA0\x80"}, Row{"&#xFFFD;", "\xEF\xBF\xBD"},
+        Row{"&#65536;", "\xF0\x90\x80\x80"}, Row{"&#x10FFFF;", "\xF4\x8F\xBF\xBF"}}) {
+    for (std::string const front : {"", "<!DOCTYPE r>"}) {
+      EXPECT_EQ(TextOf(front + "<r>" + reference + "</r>"), text) << front << reference;
+      EXPECT_EQ(RootOf(front + "<r a='" + reference + "'/>").Attribute("a"), text) << reference;
+    }
+  }
+}
+
 TEST_F(DocumentTest, TextEndsWithItsElement) {
   for (std::string const front : {"", "<!DOCTYPE r>"}) {
     std::string const text = front + "<r><a>1<b/>2<c></c>3</a><d>4<e><f/></e></d><g/></r>";

@@ -113,6 +113,28 @@ TEST_F(ProgressTest, SharesOfAnImportRiseFromZeroToOne) {
   EXPECT_EQ(counts.componentsStored, 40);
 }
 
+// A document is searched for imports in pieces of 64 KB: its size counts wherever its tag is.
+TEST_F(ProgressTest, ImportTagAcrossTwoPiecesCounts) {
+  constexpr std::size_t kPiece = 1 << 16;
+  std::string const start = "<library><!--";
+  auto const sharesOf = [&](char const* bank, std::size_t at) {
+    std::string const file = std::string(bank) + ".xml";
+    MakeFile(file, Pairs(bank, 400));
+    std::string const tag = "--><import file='" + file + "'/><!--";
+    MakeFile("all.xml", start + std::string(at - start.size() - 3, 'x') + tag +
+                            std::string(kPiece + 500 - at, 'x') + "--></library>");
+    Follower follower;
+    EXPECT_TRUE(ImportWith(follower, "all.xml")) << Lines();
+    return follower.shares;
+  };
+  std::vector<double> const whole = sharesOf("BANK0", kPiece + 100);
+  ASSERT_GE(whole.size(), 4U);
+  EXPECT_EQ(sharesOf("BANK1", kPiece - 1), whole)
+      << "of the tag, one character is in the first piece";
+  EXPECT_EQ(sharesOf("BANK2", kPiece - 7), whole);
+  EXPECT_EQ(sharesOf("BANK3", kPiece - 20), whole);
+}
+
 // At every call, after the first pass and in the middle of what is written.
 TEST_F(ProgressTest, CancelledImportLeavesTheLibraryByteForByte) {
   FillLibrary();
