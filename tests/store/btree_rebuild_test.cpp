@@ -41,8 +41,9 @@ class BTreeRebuildTest : public ::testing::Test {
   // A tree of three levels in a new library, from which a key of its root is deleted, and an absent
   // key.
   static void LoadAndRebuild(platform::FileSystem& system, std::string const& path,
-                             bool bounded = false) {
+                             bool bounded = false, zelWriteModes writes = writesPlain) {
     LibFile_i library(system, accUpdate, path.c_str(), "t");
+    library.Store().SetWriteMode(writes);
     ASSERT_EQ(library.CreateNew(libKind11), openOk);
     library.Store().BoundMemory(bounded);
     std::array<std::int32_t, format::kHeadWords> head{};
@@ -85,6 +86,10 @@ TEST_F(BTreeRebuildTest, BytesAreTheSameOnEachKindOfFile) {
   fs::remove(folder_ / "t.lb2");
   LoadAndRebuild(platform::SystemFileSystem(), Path(), true);
   EXPECT_EQ(BytesOf(folder_ / "t.lb2"), mapped) << "with bounded memory";
+  fs::remove(Path());
+  fs::remove(folder_ / "t.lb2");
+  LoadAndRebuild(platform::SystemFileSystem(), Path(), false, writesHeld);
+  EXPECT_EQ(BytesOf(folder_ / "t.lb2"), mapped) << "with writes that are held back";
   for (bool inPlace : {true, false}) {
     test::MemoryFileSystem files;
     files.ServeViews(inPlace);

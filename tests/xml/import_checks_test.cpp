@@ -80,13 +80,13 @@ TEST_F(ImportChecksTest, EveryNumberOfAComponentIsChecked) {
         "<correlation name='VaporPressure' equation='20' refCode='-x'>1</correlation>",
         "<correlation name='VaporPressure' equation='20'>1 2x 3</correlation>",
         "<correlation name='VaporPressure' equation='20'>1 2 3\n4</correlation>",
-        "<correlation name='VaporPressure' equation='20'>1 2 3 4 5 6 7 8 9 10 11 "
-        "12 13 14 15 16</correlation>",
+        ("<correlation name='VaporPressure' equation='20'>1 2 3 4 5 6 7 8 9 10 11 "
+         "12 13 14 15 16</correlation>"),
         "<structure model='joback'>1(1</structure>", "<structure model='joback'>1</structure>",
         "<structure model='joback'>1(1)x</structure>", "<structure model='joback'>x(1)</structure>",
         "<structure model='joback'>1(x)</structure>",
-        "<structure model='joback'>1(1) 2(1) 3(1) 4(1) 5(1) 6(1) 7(1) 8(1) 9(1) "
-        "10(1) 11(1)</structure>",
+        ("<structure model='joback'>1(1) 2(1) 3(1) 4(1) 5(1) 6(1) 7(1) 8(1) 9(1) "
+         "10(1) 11(1)</structure>"),
         "<property name='TC' value='1'/><property name='TC' value='2'/>",
         "<structure>1(1)</structure><structure>2(1)</structure>"}) {
     EXPECT_TRUE(ImportComp(bad, importUnchecked)) << bad << Lines();
