@@ -15,6 +15,8 @@ namespace zel::bench {
 namespace {
 
 constexpr int kMostRounds = 3;
+// Loads of more items in random order take minutes with each of the stores.
+constexpr std::size_t kMostInRandomOrder = 1'000'000;
 
 // A store in a folder of its own.
 template <typename Store>
@@ -59,43 +61,64 @@ Side GetsOf(std::vector<Pair> const& keys, Store& store) {
   return ReadsOf(keys.size(), [&](std::size_t at) { return store.GetWidened(keys[at]); });
 }
 
-void CompareSize(RatioTable& table, std::filesystem::path const& folder, std::size_t items) {
-  InFolder<PublicStore> project(folder, "project");
-  InFolder<LmdbStore> lmdb(folder, "lmdb");
-  InFolder<SqliteStore> sqlite(folder, "sqlite", SqliteTable::kPair);
-  std::vector<Item> source = MakeDataSet(items).items;
-  std::vector<Pair> const keys = Shuffled(KeysOf(source));
-  std::string const size = ", " + SizeText(items);
-  std::string const peers[] = {LmdbStore::kName, sqlite.store.Name()};
-  for (bool const ascending : {true, false}) {
-    if (!ascending) source = Shuffled(std::move(source));
-    std::string const order = ascending ? " in key order" : " in random order";
-    auto const loads = [&](auto& store, auto load) {
-      return LoadsOf(items, store, load, ThreadTime);
-    };
-    Side const own = loads(project.store, [&] { project.store.Load(source); });
-    Side const others[] = {
-        loads(lmdb.store, [&, ascending] { lmdb.store.Load(source, ascending); }),
-        loads(sqlite.store, [&, ascending] { sqlite.store.Load(source, ascending); })};
-    Side const sizes[] = {SizesOf(items, lmdb), SizesOf(items, sqlite)};
-    std::string const what = order + size;
-    for (std::size_t i = 0; i < 2; ++i) {
-      table.Compare({"write" + what, peers[i], others[i], own, Target::None(), "ns", kMostRounds});
-    }
-    for (std::size_t i = 0; i < 2; ++i) {
-      table.Compare({"size, written" + what, peers[i], sizes[i], SizesOf(items, project),
-                     Target::None(), "B", 1});
-    }
-  }
-  // What was written last, in random order.
-  project.store.OpenForReading();
-  lmdb.store.OpenForReading();
-  sqlite.store.OpenForReading();
-  Side const own = GetsOf(keys, project.store);
-  Side const others[] = {GetsOf(keys, lmdb.store), GetsOf(keys, sqlite.store)};
+// The stores that are compared, and the items they are loaded with.
+struct Growing {
+  Growing(std::filesystem::path const& folder, std::size_t items)
+      : project(folder, "project"),
+        lmdb(folder, "lmdb"),
+        sqlite(folder, "sqlite", SqliteTable::kPair),
+        source(MakeDataSet(items).items) {}
+
+  InFolder<PublicStore> project;
+  InFolder<LmdbStore> lmdb;
+  InFolder<SqliteStore> sqlite;
+  std::vector<Item> source;
+};
+
+void CompareLoads(RatioTable& table, Growing& stores, bool ascending) {
+  std::vector<Item> const& source = stores.source;
+  auto const loads = [&](auto& store, auto load) {
+    return LoadsOf(source.size(), store, load, ThreadTime);
+  };
+  Side const own = loads(stores.project.store, [&] { stores.project.store.Load(source); });
+  Side const others[] = {
+      loads(stores.lmdb.store, [&] { stores.lmdb.store.Load(source, ascending); }),
+      loads(stores.sqlite.store, [&] { stores.sqlite.store.Load(source, ascending); })};
+  Side const sizes[] = {SizesOf(source.size(), stores.lmdb), SizesOf(source.size(), stores.sqlite)};
+  std::string const peers[] = {LmdbStore::kName, stores.sqlite.store.Name()};
+  std::string const what =
+      (ascending ? " in key order, " : " in random order, ") + SizeText(source.size());
   for (std::size_t i = 0; i < 2; ++i) {
-    table.Compare({"read" + size, peers[i], others[i], own, Target::None(), "ns", kMostRounds});
+    table.Compare({"write" + what, peers[i], others[i], own, Target::None(), "ns", kMostRounds});
   }
+  for (std::size_t i = 0; i < 2; ++i) {
+    table.Compare({"size, written" + what, peers[i], sizes[i],
+                   SizesOf(source.size(), stores.project), Target::None(), "B", 1});
+  }
+}
+
+// Reads in random order of what was written last.
+void CompareReads(RatioTable& table, Growing& stores) {
+  std::vector<Pair> const keys = Shuffled(KeysOf(stores.source));
+  stores.project.store.OpenForReading();
+  stores.lmdb.store.OpenForReading();
+  stores.sqlite.store.OpenForReading();
+  Side const own = GetsOf(keys, stores.project.store);
+  Side const others[] = {GetsOf(keys, stores.lmdb.store), GetsOf(keys, stores.sqlite.store)};
+  std::string const peers[] = {LmdbStore::kName, stores.sqlite.store.Name()};
+  for (std::size_t i = 0; i < 2; ++i) {
+    table.Compare({"read, " + SizeText(keys.size()), peers[i], others[i], own, Target::None(), "ns",
+                   kMostRounds});
+  }
+}
+
+void CompareSize(RatioTable& table, std::filesystem::path const& folder, std::size_t items) {
+  Growing stores(folder, items);
+  CompareLoads(table, stores, true);
+  CompareReads(table, stores);
+  if (items > kMostInRandomOrder) return;
+  stores.source = Shuffled(std::move(stores.source));
+  CompareLoads(table, stores, false);
 }
 
 }  // namespace
