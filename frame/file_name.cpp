@@ -13,7 +13,7 @@ constexpr std::string_view kForbidden = "<>:\"\\|?*";
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 constexpr std::size_t kEscape = 3;  // characters
 
-bool IsControl(char c) noexcept { return (c >= 0 && c < ' ') || c == '\x7f'; }
+bool IsControl(char c) noexcept { return static_cast<unsigned char>(c) < 0x20 || c == '\x7f'; }
 
 // True if a "%" and two digits are at this place.
 bool IsEscape(std::string_view text, std::size_t at) noexcept {

@@ -10,8 +10,9 @@
 
 namespace zel::test {
 
-static_assert(std::endian::native == std::endian::little,
-              "the low word of an argument is its first");
+// Where the low word of an argument is.
+constexpr std::size_t kLowWord =
+    std::endian::native == std::endian::little ? 0 : sizeof(std::uint32_t);
 
 bool RefuseCalls(Refusal const& refusal) {
   auto const at = [](std::size_t offset) {
@@ -30,7 +31,7 @@ bool RefuseCalls(Refusal const& refusal) {
       at(offsetof(seccomp_data, nr)),
       sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<std::uint32_t>(refusal.call), 0,
                            3),
-      at(offsetof(seccomp_data, args) + argument * sizeof(std::uint64_t)),
+      at(offsetof(seccomp_data, args) + argument * sizeof(std::uint64_t) + kLowWord),
       test,
       answer(SECCOMP_RET_ERRNO | static_cast<std::uint32_t>(refusal.error)),
       answer(SECCOMP_RET_ALLOW),

@@ -1,7 +1,6 @@
 // Reads that fail, items that cannot be read, and writes that are interrupted: each is reported.
 #include <algorithm>
 #include <bit>
-#include <cstring>
 #include <iterator>
 #include <optional>
 #include <stdexcept>
@@ -10,6 +9,7 @@
 
 #include "tests/maint/maint_fixture.h"
 #include "tests/support/failing_file_system.h"
+#include "tests/support/file_words.h"
 #include "tests/support/sample_component.h"
 #include "tests/support/text_stream.h"
 #include "zelaccess/Verify.h"
@@ -68,16 +68,12 @@ class BadItemsTest : public ::testing::Test {
   std::byte* AddressOf(std::int32_t number) {
     auto& bytes = files_.Contents("/b.lb2");
     for (std::size_t at = 0; at + 8 <= bytes.size(); at += 4) {
-      std::int32_t words[2];
-      std::memcpy(words, &bytes[at], sizeof words);
-      if (words[0] == number && words[1] / 1'000'000 == 111) return &bytes[at + 4];
+      bool const isHere = test::FileWord(&bytes[at]) == number;
+      if (isHere && test::FileWord(&bytes[at + 4]) / 1'000'000 == 111) return &bytes[at + 4];
     }
     throw std::runtime_error("no such component");
   }
-  void LoseRecord(std::int32_t number) {
-    std::int32_t const nowhere = 0;
-    std::memcpy(AddressOf(number), &nowhere, sizeof nowhere);
-  }
+  void LoseRecord(std::int32_t number) { test::PutFileWord(AddressOf(number), 0); }
   std::vector<std::int32_t> Walk() {
     std::vector<std::int32_t> numbers;
     std::int32_t key[10] = {};
@@ -268,7 +264,8 @@ TEST_F(BadItemsTest, NodeNeverHasAKeyWithoutItsValues) {
   for (std::size_t i = before; i < failing_.Trace().size(); ++i) {
     auto const& bytes = failing_.Trace()[i].bytes;
     std::int32_t words[20] = {};
-    std::memcpy(words, bytes.data() + 20, std::min(sizeof words, bytes.size() - 20));
+    for (std::size_t k = 0; k < 20 && 4 * k + 24 <= bytes.size(); ++k)
+      words[k] = test::FileWord(bytes.data() + 20 + 4 * k);
     if (words[0] != 1 || words[1] != 2) continue;
     ++nodes;
     auto const stored = std::bit_cast<std::int32_t>(static_cast<float>(aij));

@@ -1,11 +1,11 @@
 // Identity checks of components.
 #include <cstdio>
-#include <cstring>
 #include <string>
 
 #include "frame/ascii.h"
 #include "store/packed_text.h"
 #include "tests/maint/maint_fixture.h"
+#include "tests/support/file_words.h"
 #include "tests/support/sample_component.h"
 
 namespace zel {
@@ -76,12 +76,12 @@ class CheckTest : public test::MaintTest {
     LibFile::ClearOrdwinNameIndex();
     reference_->CloseLibFile();
     std::byte* const file1 = otherFiles_.Contents("/ref.lb1").data();
-    std::int32_t address = 0;
-    std::memcpy(&address, file1 + format::kWordBytes * format::kTreeHeadsAddress, sizeof address);
+    std::int32_t const address =
+        test::FileWord(file1 + format::kWordBytes * format::kTreeHeadsAddress);
     ASSERT_EQ(address / format::kFileFactor % 10, 1) << "the heads stand in file 1";
     std::int32_t const word = (address % format::kFileFactor - 1) * format::kBlockWordsOfFile1 +
                               tree * format::kHeadWords + format::kHeadRootAddress;
-    std::memcpy(file1 + format::kWordBytes * word, &root, sizeof root);
+    test::PutFileWord(file1 + format::kWordBytes * word, root);
     reference_ = std::make_unique<LibFile_i>(otherFiles_, accRead, "/ref.lb1", "Reference");
     ASSERT_EQ(reference_->OpenExisting({true, ""}, nullptr), openOk);
     UseReference();

@@ -4,6 +4,7 @@
 
 #include "frame/ascii.h"
 #include "tests/maint/maint_fixture.h"
+#include "tests/support/file_words.h"
 #include "tests/support/sample_component.h"
 
 namespace zel {
@@ -118,14 +119,14 @@ TEST_F(ComponentsTest, IndexThatCannotBeReadEndsAWrite) {
   for (int const tree : kTrees) {
     Library().CloseLibFile();
     std::byte* const file1 = files_.Contents("/m.lb1").data();
-    std::int32_t address = 0;
-    std::memcpy(&address, file1 + format::kWordBytes * format::kTreeHeadsAddress, sizeof address);
+    std::int32_t const address =
+        test::FileWord(file1 + format::kWordBytes * format::kTreeHeadsAddress);
     std::int32_t const head =
         (address % format::kFileFactor - 1) * format::kBlockWordsOfFile1 + tree * 8;
     std::byte* const root = file1 + format::kWordBytes * (head + format::kHeadRootAddress);
     std::int32_t whole = 0;
     std::memcpy(&whole, root, sizeof whole);
-    std::memcpy(root, &kNowhere, sizeof kNowhere);
+    test::PutFileWord(root, kNowhere);
     Reopen(accUpdate);
     std::int32_t const number = 200 + tree;
     std::string const id = "NEW" + std::to_string(tree);

@@ -1,9 +1,9 @@
 // Items: writing, reading, rewriting and deleting them.
-#include <cstring>
 
 #include "frame/module.h"
 #include "store/packed_text.h"
 #include "tests/maint/maint_fixture.h"
+#include "tests/support/file_words.h"
 
 namespace zel {
 namespace {
@@ -383,9 +383,7 @@ TEST_F(ItemsTest, LibraryMadeByAFixedListOfCallsHasFixedWords) {
   auto const& bytes = files_.Contents("/m.lb2");
   ASSERT_EQ(bytes.size(), 8000U);
   auto const word = [&](std::size_t block, std::size_t index) {
-    std::int32_t value = 0;
-    std::memcpy(&value, bytes.data() + block * 4000 + 4 * index, 4);
-    return value;
+    return test::FileWord(bytes.data() + block * 4000 + 4 * index);
   };
   std::int32_t const null = 990000000;
   std::int32_t const undefined = static_cast<std::int32_t>(0xf99a130c);  // the float nearest -1e35

@@ -1,6 +1,5 @@
 // A library of one file, whose nodes are among the records: a new item's key is on file before its
 // record, and is removed again if the record cannot be written.
-#include <cstring>
 #include <optional>
 #include <string>
 #include <vector>
@@ -8,6 +7,7 @@
 #include "store/format.h"
 #include "tests/maint/maint_fixture.h"
 #include "tests/support/failing_file_system.h"
+#include "tests/support/file_words.h"
 #include "tests/support/sample_component.h"
 #include "zelaccess/Module.h"
 #include "zelaccess/Verify.h"
@@ -45,7 +45,7 @@ class OneFileTest : public ::testing::Test {
     library_.reset();
   }
   void PutHeader(format::HeaderWord word, std::int32_t value) {
-    std::memcpy(&files_.Contents(kPath)[static_cast<std::size_t>(word) * 4], &value, sizeof value);
+    test::PutFileWord(&files_.Contents(kPath)[static_cast<std::size_t>(word) * 4], value);
   }
   bool Write(std::int32_t number) {
     test::FillComponent(bank_.Get());

@@ -2,9 +2,8 @@
 // specified.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "tests/store/btree_fixture.h"
+#include "tests/support/file_words.h"
 #include "tests/support/text_stream.h"
 
 namespace zel {
@@ -334,7 +333,7 @@ TEST_F(DamagedTreeTest, TreeInAFileNotOpenedYetIsWhole) {
   library_->CloseLibFile();
   auto& header = files_.Contents("/t.lb1");
   auto const put = [](auto& bytes, std::size_t word, std::int32_t value) {
-    std::memcpy(bytes.data() + 4 * word, &value, 4);
+    test::PutFileWord(bytes.data() + 4 * word, value);
   };
   put(header, f::kFileCount, 3);
   put(header, f::kFileState + 3, 1);
@@ -351,8 +350,10 @@ TEST_F(DamagedTreeTest, TreeInAFileNotOpenedYetIsWhole) {
     nodes.push_back(NodeOf({2 * i + 1}, {kNull, kNull}));
   for (Words& node : nodes) {
     node.resize(f::kNodeWords);
-    auto const* bytes = reinterpret_cast<std::byte const*>(node.data());
-    third.insert(third.end(), bytes, bytes + 4 * f::kNodeWords);
+    for (std::int32_t const word : node) {
+      third.resize(third.size() + 4);
+      test::PutFileWord(&third[third.size() - 4], word);
+    }
   }
   head_[f::kHeadRootAddress] = kThird;
   head_[f::kHeadMaxEntries] = 331;

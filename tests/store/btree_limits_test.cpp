@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <set>
 
 #include "tests/store/btree_fixture.h"
@@ -236,8 +237,10 @@ TEST_F(BTreeLimitsTest, RebuildThatBreaksOffThrowsAndLeavesATrueRoot) {
   constexpr int kNodes = 9;
   for (bool inPlace : {false, true}) {
     SCOPED_TRACE(inPlace);
-    // All nodes are read, unless they are in place, and the first node of the new tree is written.
-    int const kBeforeAnyChange = (inPlace ? 0 : kNodes) + 1;
+    // All nodes are read, unless they are in place in the machine's order of bytes, and the first
+    // node of the new tree is written.
+    bool const isRead = !inPlace || std::endian::native != std::endian::little;
+    int const kBeforeAnyChange = (isRead ? kNodes : 0) + 1;
     bool failed = true;
     int n = 1;
     for (; failed; ++n) {
@@ -277,7 +280,7 @@ TEST_F(BTreeLimitsTest, RebuildThatBreaksOffThrowsAndLeavesATrueRoot) {
       }
     }
     // Each node is read once, unless it is in place, and written once.
-    int const operations = inPlace ? kNodes : 2 * kNodes;
+    int const operations = isRead ? 2 * kNodes : kNodes;
     EXPECT_GT(n, operations);
     EXPECT_LE(n, operations + 4);
   }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -243,7 +244,8 @@ TEST_F(LibFileDirectoryTest, ReaderRepairsACopyOfAnEntryInPlace) {
   std::int32_t const root = library->GetBankTree()->Head().rootAddress;
   std::int32_t const* node = nullptr;
   for (int i = 0; i < 20 && node == nullptr; ++i) node = library->Store().View(root, 1000);
-  ASSERT_NE(node, nullptr) << "nodes are read in place from here on";
+  bool const inPlace = std::endian::native == std::endian::little;
+  ASSERT_EQ(node != nullptr, inPlace) << "nodes are read in place from here on";
   std::int32_t const* entry = nullptr;
   ASSERT_TRUE(library->FindBank("NRTL", "OLD", entry, false));
   EXPECT_EQ(entry[f::kBankMemoWords], 1000);

@@ -5,10 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 
 #include "store/lib_file.h"
+#include "tests/support/file_words.h"
 #include "tests/support/memory_file_system.h"
 
 namespace zel::test {
@@ -44,12 +44,10 @@ class LibFileTest : public ::testing::Test {
   Bytes& File1() { return files_.Contents("/lib.lb1"); }
 
   static std::int32_t WordAt(Bytes const& bytes, std::size_t offset) {
-    std::int32_t word = 0;
-    std::memcpy(&word, bytes.data() + offset, 4);
-    return word;
+    return test::FileWord(bytes.data() + offset);
   }
   static void PutWord(Bytes& bytes, std::size_t offset, std::int32_t word) {
-    std::memcpy(bytes.data() + offset, &word, 4);
+    test::PutFileWord(bytes.data() + offset, word);
   }
   // The word that an action throws.
   template <typename Action>

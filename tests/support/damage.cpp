@@ -1,7 +1,7 @@
 #include "tests/support/damage.h"
+#include "tests/support/file_words.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace zel::test {
 namespace {
@@ -92,8 +92,7 @@ void ClearTable(LibraryBytes& library, Random&) {
 }
 void ClearHeads(LibraryBytes& library, Random&) {
   Bytes& bytes = library.file[0];
-  std::int32_t address = 0;
-  if (bytes.size() >= 24) std::memcpy(&address, &bytes[20], 4);
+  std::int32_t const address = bytes.size() >= 24 ? FileWord(&bytes[20]) : 0;
   std::size_t const from = (static_cast<std::size_t>(address % 1'000'000) - 1) * 1000;
   if (from < bytes.size()) Clear({bytes, from, std::min(bytes.size(), from + 1000)});
 }

@@ -12,6 +12,7 @@
 #include "store/bank_key.h"
 #include "store/key.h"
 #include "store/lib_file.h"
+#include "tests/support/file_words.h"
 #include "tests/support/sample_component.h"
 
 namespace zel::test {
@@ -227,13 +228,11 @@ Finding ReadEverything(MemoryFileSystem& files) {
 }
 
 void SampleFiles::Put(char const* path, std::size_t byte, std::int32_t word) {
-  std::memcpy(files_.Contents(path).data() + byte, &word, sizeof word);
+  PutFileWord(files_.Contents(path).data() + byte, word);
 }
 
 std::int32_t SampleFiles::Get(char const* path, std::size_t byte) {
-  std::int32_t word = 0;
-  std::memcpy(&word, files_.Contents(path).data() + byte, sizeof word);
-  return word;
+  return FileWord(files_.Contents(path).data() + byte);
 }
 
 std::size_t SampleFiles::EntryOf(char const* type, char const* name) {

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "store/bank_key.h"
+#include "tests/support/file_words.h"
 
 namespace zel::test {
 namespace {
@@ -31,9 +32,7 @@ class Reader {
   std::int32_t Word(ByteRange const& range) const {
     std::vector<std::byte> const& bytes = library_.file[range.file - 1];
     if (range.from + 4 > bytes.size()) throw std::logic_error("not a sound library");
-    std::int32_t word = 0;
-    std::memcpy(&word, &bytes[range.from], 4);
-    return word;
+    return FileWord(&bytes[range.from]);
   }
   static ByteRange RangeOf(std::int32_t address, std::size_t words) {
     int const file = address / 1'000'000 % 10;
