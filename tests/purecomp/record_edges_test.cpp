@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "store/packed_text.h"
 #include "tests/purecomp/record_fixture.h"
 
 namespace zel {
@@ -81,6 +82,56 @@ TEST_F(RecordEdgesTest, CodesOfAFileAreKeptAsRead) {
   Main const again = Read<Main>(Write(read));
   EXPECT_EQ(again[60], main[60]);
   EXPECT_EQ(again[85], main[85]);
+}
+
+// The last two of the twenty correlations have no names, and no call reaches them.
+TEST_F(RecordEdgesTest, CorrelationsWithoutNamesAreKept) {
+  ComponentBank bank, read;
+  std::int32_t const address = Write(bank);
+  Main main = Read<Main>(address);
+  Correlations block = Read<Correlations>(main[95]);
+  for (std::size_t const at : {360U, 380U}) {
+    auto const number = static_cast<std::int32_t>(at);
+    std::array<std::int32_t, 7> const entry = {
+        number / 20 * 1000000 + 1011, 1002000,      3 * 1000000 + 4015,   WordOf(number + 0.5),
+        WordOf(number + 9.0),         WordOf(0.25), WordOf(-number - 2.0)};
+    std::copy(entry.begin(), entry.end(), block.begin() + number);
+  }
+  Put(main[95], block);
+  main[94] = static_cast<std::int32_t>(31999U << 16 | 123U);
+  Put(address, main);
+  EXPECT_EQ(ReadFrom(read, address), kStatusOk);
+  EXPECT_EQ(ReadFrom(read, address), kStatusNothingNew);
+  Main const again = Read<Main>(Write(read));
+  ASSERT_NE(again[95], main[95]);
+  EXPECT_EQ(Read<Correlations>(again[95]), block);
+  EXPECT_EQ(again[94], main[94]);
+  std::vector<std::int32_t> const directory(again.begin() + 150 + 54, again.begin() + 210);
+  EXPECT_EQ(directory, (std::vector<std::int32_t>{360, 8, again[95], 380, 8, again[95]}));
+}
+
+TEST_F(RecordEdgesTest, EachDatumAloneIsNewData) {
+  ComponentBank empty, without;
+  Main const nothing = Read<Main>(Write(empty));
+  EXPECT_EQ(ReadFrom(without, New(nothing)), kStatusNothingNew);
+  std::int32_t text = 0;
+  TextToWords("AB", &text, 1);
+  struct Case {
+    char const* what;
+    std::size_t word;
+    std::int32_t value;
+  };
+  for (Case const& c : {Case{"number", 0, 10000123}, Case{"reference code", 1, 9},
+                        Case{"CAS number", 2, 64175}, Case{"ID", 10, text}, Case{"name", 35, text},
+                        Case{"formula", 45, text}, Case{"legacy structure", 50, 20001},
+                        Case{"constant", 100, WordOf(1.5)}, Case{"SMILES", 210, text}}) {
+    Main main = nothing;
+    main[c.word] = c.value;
+    std::int32_t const address = New(main);
+    ComponentBank read;
+    EXPECT_EQ(ReadFrom(read, address), kStatusOk) << c.what;
+    EXPECT_EQ(ReadFrom(read, address), kStatusNothingNew) << c.what;
+  }
 }
 
 // Count and group share a decimal word: values that do not fit overflow and are not corrected.

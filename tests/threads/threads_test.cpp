@@ -13,6 +13,7 @@ namespace zel::test {
 namespace {
 
 namespace fs = std::filesystem;
+constexpr int kThreads = 8;
 
 class ThreadsTest : public ::testing::Test {
  protected:
@@ -27,7 +28,6 @@ class ThreadsTest : public ::testing::Test {
 };
 
 TEST_F(ThreadsTest, LibrariesOfDifferentThreadsDoNotDisturbEachOther) {
-  constexpr int kThreads = 4;
   constexpr int kRounds = 3;
   InitZelAccess();
   Handle<LibFile> const index = MakeNameIndex(folder_);
@@ -53,7 +53,7 @@ TEST_F(ThreadsTest, ReadersOfOneFileHaveHandlesOfTheirOwn) {
     }
     library->CloseLibFile();
   }
-  std::string const problems = InThreads(4, [&](int) {
+  std::string const problems = InThreads(kThreads, [&](int) {
     openErrors error{};
     Handle<LibFile> const library(
         LibFile::OpenLibFile(accRead, (folder_ / "one.lb1").c_str(), "", error));
@@ -72,7 +72,7 @@ TEST_F(ThreadsTest, ReadersOfOneFileHaveHandlesOfTheirOwn) {
 
 // The first thread starts the unit system; the others find it started.
 TEST_F(ThreadsTest, UnitsAreStartedOnceByWhoComesFirst) {
-  EXPECT_EQ(InThreads(8,
+  EXPECT_EQ(InThreads(kThreads,
                       [&](int n) {
                         InitZelAccess();
                         Worker(folder_ / ("first" + std::to_string(n)), n);
@@ -82,7 +82,7 @@ TEST_F(ThreadsTest, UnitsAreStartedOnceByWhoComesFirst) {
 
 TEST_F(ThreadsTest, SettingsOfListsAreSharedAndGuarded) {
   Handle<CompList> const shown(CompList::NewCompList());
-  EXPECT_EQ(InThreads(4,
+  EXPECT_EQ(InThreads(kThreads,
                       [&](int n) {
                         Handle<CompList> const list(CompList::NewCompList());
                         for (int i = 0; i < 200; ++i) {
@@ -99,7 +99,7 @@ TEST_F(ThreadsTest, SettingsOfListsAreSharedAndGuarded) {
 
 TEST_F(ThreadsTest, NameIndexCanBeSetWhileOthersAsk) {
   Handle<LibFile> index = MakeNameIndex(folder_);
-  std::string const problems = InThreads(4, [&](int n) {
+  std::string const problems = InThreads(kThreads, [&](int n) {
     openErrors error{};
     std::string const path = (folder_ / ("n" + std::to_string(n) + ".lb1")).string();
     Handle<LibFile> const library(LibFile::NewLibFile(libKind11, path.c_str(), error));

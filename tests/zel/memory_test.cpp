@@ -150,6 +150,43 @@ TEST_F(MemoryTest, AddReference) {
 TEST_F(MemoryTest, SetParameter) {
   RefuseInChange("parameters own/own.lb1 set OCTANE:SAMPLE mon words --unit K");
 }
+TEST_F(MemoryTest, RemoveReference) {
+  Good("refs own/own.lb1 add 11 words --doi 10.1000/182 --keep 0");
+  old_ = Now();
+  RefuseInChange("refs own/own.lb1 remove 11");
+}
+TEST_F(MemoryTest, ImportReferences) {
+  MakeFile("there.bib", "@article{one,\n  title = {Words},\n  year = {1999},\n}\n");
+  RefuseInChange("refs own/own.lb1 import there.bib --first 21");
+}
+TEST_F(MemoryTest, SetMemoFromAFile) {
+  MakeFile("memo.txt", "words\n");
+  RefuseInChange("memo own/own.lb1 --file memo.txt");
+}
+TEST_F(MemoryTest, ImportTable) {
+  Good("export own/own.lb1 --bank OCTANE --table octane.csv");
+  RefuseInChange("import own/own.lb1 --table octane.csv --bank OCTANE");
+}
+TEST_F(MemoryTest, ImportDatabase) {
+  Good("export sample.lb1 --sqlite there.db");
+  RefuseInChange("import own/own.lb1 there.db --format sqlite");
+}
+TEST_F(MemoryTest, Undo) {
+  Contents const first = old_;
+  Good("set own/own.lb1 --description x");
+  Contents const second = Now();
+  std::filesystem::copy(Own(), Folder() / "kept", std::filesystem::copy_options::recursive);
+  RefuseAllAlong(
+      "undo own/own.lb1",
+      [&] {
+        std::filesystem::remove_all(Own());
+        std::filesystem::copy(Folder() / "kept", Own(), std::filesystem::copy_options::recursive);
+      },
+      [&](Outcome const& outcome) {
+        Good("info own/own.lb1");
+        EXPECT_TRUE(Now() == (outcome.status == 0 ? first : second));
+      });
+}
 TEST_F(MemoryTest, Renumber) { RefuseInChange("renumber own/own.lb1 10000007 21000001"); }
 TEST_F(MemoryTest, Merge) { RefuseInChange("merge own/own.lb1 sample.lb1 --theirs"); }
 TEST_F(MemoryTest, Edit) { RefuseInChange("edit own/own.lb1 OCTANE 10000007 MON 90"); }
