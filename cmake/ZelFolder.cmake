@@ -19,6 +19,13 @@ function(zel_compile_options target)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     target_compile_definitions(${target} PRIVATE _FILE_OFFSET_BITS=64)  # else only off_t of 32 bits
   endif()
+  # The same digits on every processor: numbers of 64 bits in registers, and no product and sum in one
+  # rounding, which the basic instructions of x86-64 do not have.
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i.86$")
+    target_compile_options(${target} PRIVATE -msse2 -mfpmath=sse)
+  elseif(NOT CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
+    target_compile_options(${target} PRIVATE -ffp-contract=off)
+  endif()
   if(ZELACCESS_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

@@ -1,10 +1,15 @@
 #include "frame/number_text.h"
 
+#if defined(__i386__)
+#include <locale.h>
+#include <stdlib.h>
+#endif
+
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <optional>
 #include <system_error>
@@ -101,12 +106,35 @@ char* PutDigits(Digits number, int count, char* at) noexcept {
   return at;
 }
 
+// The C++ library for i386 computes short numbers in registers of 80 bits, and rounds them twice.
+// The function of C does not.
+#if defined(__i386__)
+double ReadAgain(char const* first, std::size_t length, double value) noexcept {
+  static locale_t const classic = ::newlocale(LC_ALL_MASK, "C", nullptr);
+  char text[64];  // longer numbers are computed with integers
+  if (classic == nullptr || length >= sizeof text) return value;
+  std::memcpy(text, first, length);
+  text[length] = '\0';
+  return ::strtod_l(text, nullptr, classic);
+}
+#else
+double ReadAgain(char const*, std::size_t, double value) noexcept { return value; }
+#endif
+
 }  // namespace
+
+std::from_chars_result ReadReal(char const* first, char const* last, double& value) noexcept {
+  auto const result = std::from_chars(first, last, value);
+  if (result.ec == std::errc()) {
+    value = ReadAgain(first, static_cast<std::size_t>(result.ptr - first), value);
+  }
+  return result;
+}
 
 double ParseReal(std::string_view text) noexcept {
   text = StartOfNumber(text);
   double value = 0.0;
-  auto const result = std::from_chars(text.data(), text.data() + text.size(), value);
+  auto const result = ReadReal(text.data(), text.data() + text.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
   // Too large or too small for a double.
   auto const length = static_cast<std::size_t>(result.ptr - text.data());

@@ -1,11 +1,15 @@
 // Numbers as text, whatever the process's locale.
 #pragma once
 
+#include <charconv>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace zel {
+
+// As std::from_chars reads a double, to the nearest one on every machine.
+std::from_chars_result ReadReal(char const* first, char const* last, double& value) noexcept;
 
 // Lenient readers: they skip blanks, accept a sign, and stop at the first character that is not
 // part of the number; a text without a number yields 0. Integers are clamped to 32 bits. Reals may

@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "frame/limits.h"
+#include "frame/number_text.h"
 
 namespace zel {
 namespace {
@@ -85,7 +86,7 @@ double TrimByText(double value) noexcept {
   char text[32];
   auto const end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, 6);
   double result = value;
-  std::from_chars(text, end.ptr, result);
+  ReadReal(text, end.ptr, result);
   return result;
 }
 

@@ -230,8 +230,8 @@ void BlockStore::MapNodeFile() noexcept {
       slot.blockWords != format::kNodeWords) {
     return;
   }
-  std::size_t const blocks =
-      std::min<std::size_t>(slot.file->Size() / kNodeBytes, format::kMaxBlock);
+  auto const blocks = static_cast<std::size_t>(
+      std::min<std::uint64_t>(slot.file->Size() / kNodeBytes, format::kMaxBlock));
   std::byte const* bytes = slot.file->View(0, blocks * kNodeBytes);
   if (blocks == 0 || bytes == nullptr) return;
   nodeFile_.words = reinterpret_cast<std::int32_t const*>(bytes);

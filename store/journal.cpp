@@ -244,7 +244,7 @@ class CommitReader {
   std::vector<std::byte> Take() noexcept { return std::move(commit_); }
 
  private:
-  bool Grow(std::uint64_t count) {
+  bool Grow(std::size_t count) {
     std::size_t const from = commit_.size();
     commit_.resize(from + count);
     auto const got = file_.ReadUnmapped(at_ + from, commit_.data() + from, count);
@@ -257,10 +257,15 @@ class CommitReader {
     if (size - at_ < kHeadBytes + kSealBytes || !Grow(kHeadBytes)) return false;
     std::byte const* const head = commit_.data();
     std::uint64_t const bytes = Get64(head + 16);
+    bool const isHead = std::memcmp(head, kMagic, kMagicBytes) == 0 &&
+                        Get64(head + 8) == sealBefore_ &&
+                        bytes <= size - at_ - kHeadBytes - kSealBytes && AreLengths(head);
+    if (!isHead) return false;
+    // A commit that is larger than memory can be, where addresses have 32 bits.
+    failed_ = bytes > commit_.max_size() - kHeadBytes - kSealBytes;
     hash_ = HashOf(head, kHeadBytes, sealBefore_);
     end_ = kHeadBytes + static_cast<std::size_t>(bytes);
-    return std::memcmp(head, kMagic, kMagicBytes) == 0 && Get64(head + 8) == sealBefore_ &&
-           bytes <= size - at_ - kHeadBytes - kSealBytes && AreLengths(head);
+    return !failed_;
   }
 
   bool ReadPages() {
@@ -352,7 +357,8 @@ std::int64_t ReadSector(platform::BlockFile& file, std::uint64_t sector, SectorB
   bytes.fill(std::byte{});
   std::uint64_t const from = sector * kSectorBytes;
   if (from >= file.Size()) return 0;
-  auto const count = std::min<std::uint64_t>(kSectorBytes, file.Size() - from);
+  auto const count =
+      static_cast<std::size_t>(std::min<std::uint64_t>(kSectorBytes, file.Size() - from));
   return file.ReadUnmapped(from, bytes.data(), count);
 }
 
@@ -386,7 +392,8 @@ bool HasOnlyZerosFrom(platform::BlockFile& file, std::uint64_t from, bool& faile
   if (file.Size() > from && file.Size() - from > kMostAhead) return false;
   std::vector<std::byte> bytes(std::size_t{64} << 10);
   for (; from < file.Size(); from += bytes.size()) {
-    auto const count = std::min<std::uint64_t>(bytes.size(), file.Size() - from);
+    auto const count =
+        static_cast<std::size_t>(std::min<std::uint64_t>(bytes.size(), file.Size() - from));
     auto const got = file.ReadUnmapped(from, bytes.data(), count);
     failed = failed || got != static_cast<std::int64_t>(count);
     if (failed) return false;

@@ -15,7 +15,7 @@ bool UndoPages::Keep(int number, platform::BlockFile& file, std::uint64_t offset
     for (std::uint64_t page = offset / kPage; page * kPage < end; ++page) {
       if (kept.pages.count(page) != 0) continue;
       std::uint64_t const from = page * kPage;
-      std::vector<std::byte> bytes(std::min(kPage, *kept.size - from));
+      std::vector<std::byte> bytes(static_cast<std::size_t>(std::min(kPage, *kept.size - from)));
       auto const got = file.ReadAt(from, bytes.data(), bytes.size());
       if (got != static_cast<std::int64_t>(bytes.size())) return false;
       kept.pages.emplace(page, std::move(bytes));

@@ -42,8 +42,9 @@ bool BlockClaims::RunOf(std::int32_t address, std::int32_t words, Run& run) {
 }
 
 bool BlockClaims::Take(Run const& run, std::int32_t address, Owner32 tolerated) {
-  auto const begin = blocks_[static_cast<std::size_t>(run.file)].begin() + run.first;
-  auto const end = begin + run.count;
+  auto const begin =
+      blocks_[static_cast<std::size_t>(run.file)].begin() + static_cast<std::ptrdiff_t>(run.first);
+  auto const end = begin + static_cast<std::ptrdiff_t>(run.count);
   auto const taken = std::find_if(
       begin, end, [&](Owner32 owner) { return owner != kNobody && owner != tolerated; });
   if (taken != end) {

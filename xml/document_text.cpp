@@ -47,7 +47,7 @@ void DocumentText::BeginFirst() {
   first_ = true;
   if (!inPieces_) return;
   block_.resize(piece_);
-  digests_.reserve(file_.Size() / piece_ + 2);
+  digests_.reserve(static_cast<std::size_t>(file_.Size() / piece_) + 2);
 }
 
 void DocumentText::BeginAgain() {
@@ -58,14 +58,15 @@ void DocumentText::BeginAgain() {
 
 std::size_t DocumentText::Read(char* buffer, std::size_t room) noexcept {
   if (!inPieces_) {
-    std::size_t const size = std::min(room, view_.size() - place_);
-    std::memcpy(buffer, view_.data() + place_, size);
+    auto const from = static_cast<std::size_t>(place_);
+    std::size_t const size = std::min(room, view_.size() - from);
+    std::memcpy(buffer, view_.data() + from, size);
     place_ += size;
     return size;
   }
   std::size_t done = 0;
   while (done < room) {
-    std::size_t const from = place_ % piece_;
+    auto const from = static_cast<std::size_t>(place_ % piece_);
     if (from == 0 ? failed_ || !ReadBlock() : from >= blockSize_) break;
     std::size_t const size = std::min(room - done, blockSize_ - from);
     std::memcpy(buffer + done, block_.data() + from, size);
@@ -79,7 +80,7 @@ std::size_t DocumentText::Read(char* buffer, std::size_t room) noexcept {
 bool DocumentText::ReadBlock() noexcept {
   std::optional<std::size_t> const size = file_.Read(place_, block_.data(), piece_);
   blockSize_ = size.value_or(0);
-  std::size_t const index = place_ / piece_;
+  auto const index = static_cast<std::size_t>(place_ / piece_);
   if (!size || (first_ && index == digests_.capacity())) {  // which has room for the file's size
     failed_ = true;
   } else if (blockSize_ > 0 && first_) {

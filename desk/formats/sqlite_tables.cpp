@@ -222,7 +222,8 @@ void RefuseLog(std::string const& path) {
     log += ending;
     auto const size = std::filesystem::file_size(log, none);
     if (none || size == 0) continue;
-    throw Failure(path + ": is in use, or was not closed: there is " + log);
+    std::string message = path + ": is in use, or was not closed: there is ";
+    throw Failure(message += log);
   }
 }
 

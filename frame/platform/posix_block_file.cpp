@@ -66,20 +66,20 @@ OpenOutcome OutcomeOf(int error) noexcept {
 class OftenUsedParts {
  public:
   // For a file of at most that many bytes.
-  explicit OftenUsedParts(std::uint64_t bytes) : uses_((bytes + kPartBytes - 1) / kPartBytes, 0) {}
+  explicit OftenUsedParts(std::size_t bytes) : uses_((bytes + kPartBytes - 1) / kPartBytes, 0) {}
 
   // Counts the use of a range that is not empty. Returns true if all of it was used often.
-  bool Use(std::uint64_t offset, std::size_t count) noexcept {
+  bool Use(std::size_t offset, std::size_t count) noexcept {
     bool often = true;
-    std::uint64_t const last = (offset + count - 1) / kPartBytes;
-    for (std::uint64_t part = offset / kPartBytes; part <= last; ++part) {
+    std::size_t const last = (offset + count - 1) / kPartBytes;
+    for (std::size_t part = offset / kPartBytes; part <= last; ++part) {
       if (uses_[part] == kOften) continue;
       often = false;
       if (++uses_[part] == kOften) ++count_;
     }
     return often;
   }
-  std::uint64_t Bytes() const noexcept { return count_ * kPartBytes; }
+  std::size_t Bytes() const noexcept { return count_ * kPartBytes; }
   void Clear() noexcept {
     std::fill(uses_.begin(), uses_.end(), std::uint8_t{0});
     count_ = 0;
@@ -87,12 +87,12 @@ class OftenUsedParts {
 
  private:
   // The system maps up to this much around a byte that is read.
-  static constexpr std::uint64_t kPartBytes = std::uint64_t{64} << 10;
+  static constexpr std::size_t kPartBytes = std::size_t{64} << 10;
   // An item that is written at a random place uses a part less often.
   static constexpr std::uint8_t kOften = 24;
 
   std::vector<std::uint8_t> uses_;  // by part
-  std::uint64_t count_ = 0;         // of parts used often
+  std::size_t count_ = 0;           // of parts used often
 };
 
 class PosixBlockFile final : public BlockFile {
@@ -105,7 +105,7 @@ class PosixBlockFile final : public BlockFile {
         mapWrites_(writable && !hasHoles),
         size_(size),
         onDisk_(size),
-        range_(std::min(writable ? kReservedRange : size, kMostMapped)) {}
+        range_(static_cast<std::size_t>(std::min(writable ? kReservedRange : size, kMostMapped))) {}
 
   ~PosixBlockFile() override {
     if (std::byte* const map = map_) ::munmap(map, range_);
@@ -205,7 +205,7 @@ class PosixBlockFile final : public BlockFile {
   bool InMap(std::uint64_t offset, std::size_t count) noexcept {
     if (!often_) return true;
     if (often_->Bytes() >= kMostHeld) GiveBack();
-    return often_->Use(offset, count);
+    return often_->Use(static_cast<std::size_t>(offset), count);  // inside the map
   }
 
   std::int64_t WritePlain(std::uint64_t offset, void const* from, std::size_t count) noexcept {
@@ -225,7 +225,9 @@ class PosixBlockFile final : public BlockFile {
   // What a shared map holds is the system's cache of the file: nothing is lost or written.
   void GiveBack() noexcept {
     often_->Clear();
-    if (map_ != nullptr) ::madvise(map_, std::min(onDisk_, range_), MADV_DONTNEED);
+    if (map_ != nullptr)
+      ::madvise(map_, static_cast<std::size_t>(std::min<std::uint64_t>(onDisk_, range_)),
+                MADV_DONTNEED);
   }
 
   // Threads that read together may all make the map; one of them keeps it.
@@ -269,7 +271,7 @@ class PosixBlockFile final : public BlockFile {
   // Turns off writes through the map if the file system cannot do this.
   bool MakeRoom(std::uint64_t end) noexcept {
     std::uint64_t const step = std::clamp(backed_, kLeastStep, kLargestStep);
-    std::uint64_t const ahead = std::min(std::max(end, backed_ + step), range_);
+    std::uint64_t const ahead = std::min<std::uint64_t>(std::max(end, backed_ + step), range_);
     for (std::uint64_t const upTo : {ahead, end}) {
       auto const from = static_cast<off_t>(backed_);
       auto const length = static_cast<off_t>(upTo - backed_);
@@ -297,7 +299,7 @@ class PosixBlockFile final : public BlockFile {
   std::uint64_t size_;        // true length
   std::uint64_t onDisk_;      // upper bound of the present length, with the room allocated ahead
   std::uint64_t backed_ = 0;  // bytes before this have room on disk
-  std::uint64_t range_;       // bytes that a map spans
+  std::size_t range_;         // bytes that a map spans
   std::atomic<int> plainReads_ = 0;
   std::optional<OftenUsedParts> often_;  // where memory is bounded
   mutable std::atomic<bool> mapRefused_ = false;

@@ -1,11 +1,11 @@
 #include "frame/units/unit_table.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <system_error>
 
 #include "frame/ascii.h"
+#include "frame/number_text.h"
 
 namespace zel {
 namespace {
@@ -41,7 +41,7 @@ class Columns {
   }
 
   Error Real(double& value) {
-    auto const result = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value);
+    auto const result = ReadReal(rest_.data(), rest_.data() + rest_.size(), value);
     if (result.ec != std::errc() || !std::isfinite(value)) return Error::kNumber;
     EndColumn(static_cast<std::size_t>(result.ptr - rest_.data()));
     return Error::kNone;

@@ -7,11 +7,26 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <string>
 
 namespace zel {
 namespace {
+
+// Few digits and a power of ten, the shape that a library may compute instead of reading digit by
+// digit.
+TEST(NumberText, RealsAreTheNearestOnEveryMachine) {
+  std::uint32_t pattern = 4711;
+  for (int i = 0; i < 200'000; ++i) {
+    pattern = pattern * 1664525U + 1013904223U;
+    std::string const text =
+        std::to_string(pattern) + "e" + std::to_string(static_cast<int>(pattern >> 7 & 63) - 32);
+    double const expected = std::strtod(text.c_str(), nullptr);
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(ParseReal(text)), std::bit_cast<std::uint64_t>(expected))
+        << text;
+  }
+}
 
 TEST(NumberText, IntegersAreReadLeniently) {
   struct {

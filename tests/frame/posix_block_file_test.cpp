@@ -78,9 +78,11 @@ TEST_F(PosixBlockFileTest, LargeHolesOfAnExistingFileStayHoles) {
     EXPECT_EQ(file->ReadAt(at, &read, 1), 1) << at;
     EXPECT_EQ(read, 'x') << at;
   }
-  std::byte const* const view = file->View(500 * kMiB, 1);
+  // Where addresses have 32 bits, only the first part of a file is mapped.
+  std::uint64_t const viewed = (sizeof(void*) > 4 ? 500 : 50) * kMiB;
+  std::byte const* const view = file->View(viewed, 1);
   ASSERT_NE(view, nullptr);
-  ASSERT_EQ(file->WriteAt(500 * kMiB, "y", 1), 1);
+  ASSERT_EQ(file->WriteAt(viewed, "y", 1), 1);
   EXPECT_EQ(static_cast<char>(*view), 'y') << "a write shows in the map";
   ASSERT_TRUE(file->Flush());
   file.reset();

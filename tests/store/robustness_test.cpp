@@ -197,7 +197,8 @@ TEST(Robustness, EveryPrefixOfASessionsWritesOpensSafely) {
   test::MemoryFileSystem files;
   for (auto const& write : recorder.Trace()) {
     auto& bytes = files.Contents(write.path);
-    bytes.resize(std::max(bytes.size(), write.offset + write.bytes.size()));
+    bytes.resize(
+        std::max(bytes.size(), static_cast<std::size_t>(write.offset) + write.bytes.size()));
     std::copy(write.bytes.begin(), write.bytes.end(),
               bytes.begin() + static_cast<long>(write.offset));
     OpenAndWalk(files);

@@ -5,6 +5,13 @@
 #include <utility>
 
 namespace zel::test {
+namespace {
+
+std::size_t Below(std::mt19937_64& random, std::size_t bound) {
+  return static_cast<std::size_t>(random() % bound);
+}
+
+}  // namespace
 
 // --- one file ----------------------------------------------------------------------------------
 
@@ -46,11 +53,11 @@ CrashFileSystem::Bytes CrashFileSystem::Node::AfterPowerCut(Random& random, doub
   Bytes bytes = onDisk;
   std::bernoulli_distribution reached(share);
   std::size_t length = onDisk.size();
-  if (!lengths.empty() && reached(random)) length = lengths[random() % lengths.size()];
+  if (!lengths.empty() && reached(random)) length = lengths[Below(random, lengths.size())];
   for (auto const& [sector, versions] : sectors) {
     if (!reached(random)) continue;
     Bytes const& version =
-        random() % 2 == 0 ? versions.back() : versions[random() % versions.size()];
+        random() % 2 == 0 ? versions.back() : versions[Below(random, versions.size())];
     std::size_t const from = sector * kSector;
     if (bytes.size() < from + kSector) bytes.resize(from + kSector);
     std::memcpy(bytes.data() + from, version.data(), kSector);
@@ -66,22 +73,24 @@ class CrashFileSystem::File final : public platform::BlockFile {
 
   std::int64_t ReadAt(std::uint64_t offset, void* to, std::size_t count) override {
     if (offset >= node_->now.size()) return 0;
-    std::size_t const n = std::min<std::size_t>(count, node_->now.size() - offset);
-    std::memcpy(to, node_->now.data() + offset, n);
+    auto const from = static_cast<std::size_t>(offset);
+    std::size_t const n = std::min(count, node_->now.size() - from);
+    std::memcpy(to, node_->now.data() + from, n);
     return static_cast<std::int64_t>(n);
   }
   std::int64_t WriteAt(std::uint64_t offset, void const* from, std::size_t count) override {
     return WriteInParts(offset, from, count, count / 2);
   }
   std::int64_t WriteInSectors(std::uint64_t offset, void const* from, std::size_t count) override {
-    std::size_t const half = (offset + count / 2) / kSector * kSector;
-    return WriteInParts(offset, from, count, half > offset ? half - offset : 0);
+    std::uint64_t const half = (offset + count / 2) / kSector * kSector;
+    return WriteInParts(offset, from, count,
+                        half > offset ? static_cast<std::size_t>(half - offset) : 0);
   }
   std::byte const* View(std::uint64_t, std::size_t) const noexcept override { return nullptr; }
   std::uint64_t Size() const noexcept override { return node_->now.size(); }
   bool CutTo(std::uint64_t size) override {
     system_.Moment();
-    node_->Cut(size);
+    node_->Cut(static_cast<std::size_t>(size));
     return true;
   }
   bool Flush() override {
@@ -98,9 +107,10 @@ class CrashFileSystem::File final : public platform::BlockFile {
     if (!writable_) return -1;
     auto const* const bytes = static_cast<std::byte const*>(from);
     system_.Moment();
-    node_->Write(offset, bytes, first);
+    auto const at = static_cast<std::size_t>(offset);
+    node_->Write(at, bytes, first);
     if (first != 0) system_.Moment();
-    node_->Write(offset + first, bytes + first, count - first);
+    node_->Write(at + first, bytes + first, count - first);
     return static_cast<std::int64_t>(count);
   }
 
@@ -144,10 +154,10 @@ CrashFileSystem::Image CrashFileSystem::AfterKill() const {
 
 CrashFileSystem::Image CrashFileSystem::AfterPowerCut(Random& random) const {
   constexpr double kShares[] = {0.0, 0.1, 0.5, 0.9, 1.0};
-  double const share = kShares[random() % std::size(kShares)];
+  double const share = kShares[Below(random, std::size(kShares))];
   Names left = namesOnDisk_;
   for (auto const& [path, states] : pendingNames_) {
-    std::size_t const state = random() % (states.size() + 1);  // 0: as on disk
+    std::size_t const state = Below(random, states.size() + 1);  // 0: as on disk
     if (state == 0) continue;
     left[path] = states[state - 1];
   }
