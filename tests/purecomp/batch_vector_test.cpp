@@ -196,7 +196,7 @@ TEST(VectorBatches, WholeBlocksReachElementsOfAnyStride) {
   ASSERT_EQ(EvaluateComponentBatch(bank.operator->(), correlationVaporPressure, batch), kStatusOk);
   std::vector<double> values(2 * count, -7.0), slopes(3 * count, -7.0);
   std::vector<std::int32_t> statuses(2 * count, -7);
-  std::vector<ZelStatus> results(2 * count, 77);
+  std::vector<ZelStatus> results(2 * count, ZelStatus{77});
   batch.values = values.data();
   batch.valueStride = 2;
   batch.derivatives = slopes.data();
@@ -215,7 +215,7 @@ TEST(VectorBatches, WholeBlocksReachElementsOfAnyStride) {
     EXPECT_EQ(slopes[3 * i + 1], -7.0);
     EXPECT_EQ(slopes[3 * i + 2], -7.0);
     EXPECT_EQ(statuses[2 * i + 1], -7);
-    EXPECT_EQ(results[2 * i + 1], 77);
+    EXPECT_EQ(results[2 * i + 1], ZelStatus{77});
   }
 }
 
