@@ -125,9 +125,9 @@ class ZEL_API CompListBuild {
   /// \return this object
   CompListBuild& operator=(CompListBuild const&) { return *this; }
 
-  /// Tidies names, IDs and formulas, makes the orders and writes the list file, all twelve columns.
-  /// Components of a protected library are listed without boiling point and molecular weight. Block
-  /// errors pass through as exceptions.
+  /// Tidies names, IDs and formulas, makes the orders and writes the list file: twelve columns, or
+  /// the five of the short form (SetShortForm). Components of a protected library are listed
+  /// without boiling point and molecular weight. Block errors pass through as exceptions.
   /// \param library   an open library; with null the list is empty
   /// \param bankName  name of a bank of pure components; null is the empty name; with a bank that
   ///                  does not exist the list is empty

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -13,7 +12,6 @@
 namespace zel::platform {
 namespace {
 
-namespace fs = std::filesystem;
 using test::BlockFileTest;
 
 TEST_F(BlockFileTest, FileIsAsLongAsWhatWasWritten) {
