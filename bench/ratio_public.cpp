@@ -2,7 +2,9 @@
 //
 // The peers do the least that yields the same numbers: LMDB widens floats to doubles. By processor
 // time throughout, loads and deletes too, since none of the stores waits for the disk.
+#include <numeric>
 #include <stdexcept>
+#include <vector>
 
 #include "bench/lmdb_store.h"
 #include "bench/public_store.h"
@@ -36,6 +38,26 @@ constexpr Limits kRandomLoadLimits = {1.3, 1.0, 1.0};       // of LMDB
 constexpr Limits kDeleteLimits = {1.2, 2.0, 3.0};
 constexpr double kManyBanksLimit = 1.5;
 constexpr double kColumnsLimit = 0.2;
+
+// Item by item in an order in which the banks come in turn. A turn of all banks reads a thousand
+// neighbours of one bank with the same items, which are in the cache, or, scattered, items from
+// everywhere in it.
+std::vector<std::size_t> BanksInTurn(bool scattered) {
+  std::vector<std::size_t> turns(kItemsOfBanks / kBanks);
+  std::vector<std::size_t> banks(kBanks);
+  std::iota(turns.begin(), turns.end(), 0);
+  std::iota(banks.begin(), banks.end(), 0);
+  std::vector<std::size_t> const starts = Shuffled(turns);
+  std::vector<std::size_t> const steps = Shuffled(banks);
+  std::vector<std::size_t> order;
+  for (std::size_t const turn : turns) {
+    for (std::size_t const bank : banks) {
+      std::size_t const at = turn + (scattered ? steps[bank] : 0);
+      order.push_back(starts[at % starts.size()] * kBanks + bank);
+    }
+  }
+  return order;
+}
 
 template <typename Store>
 Side WalksOf(std::size_t items, Store& store) {
@@ -141,13 +163,6 @@ void CompareManyBanks(RatioTable& table, std::filesystem::path const& folder) {
   many.LoadInto(kBanks, set.items);
   one.OpenForReading();
   many.OpenForReading();
-  // Item by item of a random order, except that the banks come in turn.
-  std::vector<std::size_t> order;
-  std::vector<std::size_t> rounds(kItemsOfBanks / kBanks);
-  for (std::size_t i = 0; i < rounds.size(); ++i) rounds[i] = i;
-  for (std::size_t const start : Shuffled(rounds)) {
-    for (std::size_t bank = 0; bank < kBanks; ++bank) order.push_back(start * kBanks + bank);
-  }
   auto const reads = [&](PublicStore& store, std::size_t banks,
                          std::vector<std::size_t> const& in) {
     return ReadsOf(in.size(), [&, banks](std::size_t at) {
@@ -155,13 +170,12 @@ void CompareManyBanks(RatioTable& table, std::filesystem::path const& folder) {
     });
   };
   char const* const what = "ReadItem over 1,000 banks in turn";
-  table.Compare({what, "over one bank", reads(one, 1, order), reads(many, kBanks, order),
+  std::vector<std::size_t> const neighbours = BanksInTurn(false);
+  std::vector<std::size_t> const scattered = BanksInTurn(true);
+  table.Compare({what, "over one bank", reads(one, 1, neighbours), reads(many, kBanks, neighbours),
                  Target::Ratio(kManyBanksLimit)});
-  // In that order the one bank yields a thousand neighbours in a row, which are in the cache; here
-  // its reads go from node to node as well.
-  std::vector<std::size_t> const anyOrder = Shuffled(order);
-  table.Compare({what, "over one bank, random keys", reads(one, 1, anyOrder),
-                 reads(many, kBanks, order), Target::None()});
+  table.Compare({what, "over one bank, random keys", reads(one, 1, scattered),
+                 reads(many, kBanks, scattered), Target::None()});
   for (PublicStore* store : {&one, &many}) {
     store->Close();
     store->RemoveFiles();
