@@ -306,7 +306,7 @@ Side SearchesOf(std::vector<std::unique_ptr<Library>> const& libraries) {
 }  // namespace
 
 void CompareComponents(RatioTable& table, std::filesystem::path const& folder) {
-  table.Compare({"evaluation of six common forms, with slope", "inline formulas",
+  table.Compare({"internal: six common equations, with slope", "inline formulas",
                  EvaluationsOf(ByHand), EvaluationsOf(ByEquation), Target::Ratio(1.5)});
   std::vector<std::unique_ptr<Library>> libraries;
   libraries.reserve(3);
