@@ -190,12 +190,14 @@ std::time_t time(std::time_t* to) noexcept {
 
 #if !ZEL_ADDRESS_SANITIZER
 // The functions of the system library, under its internal names.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* old, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 
 void __libc_free(void* memory);
+// NOLINTEND(bugprone-reserved-identifier)
 
 void* malloc(std::size_t size) noexcept {
   return IsMemoryRefused() ? nullptr : Taken(__libc_malloc(size));
