@@ -34,7 +34,7 @@ TEST_F(CoverageTest, OnlyWhatIsMissing) {
 TEST_F(CoverageTest, Matrix) {
   json const report = Json(std::string(kThree) + "--model NRTL --matrix");
   EXPECT_FALSE(report.contains("pairs"));
-  json const matrix = report["matrix_nrtl"];
+  json const& matrix = report["matrix_nrtl"];
   ASSERT_EQ(matrix.size(), 3U) << report;
   json const water = Row(matrix, "component", "WATER");
   EXPECT_EQ(water["ethanol"], "stored");

@@ -11,7 +11,6 @@
 namespace zel::test {
 namespace {
 
-namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
 class MovesTest : public ChangeTest {

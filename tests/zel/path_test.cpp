@@ -149,12 +149,12 @@ TEST_F(PathTest, PathShowsFoldersAndLibraries) {
   Good("copy shared/perry.lb1 more/perry.lb1 --create");
   json const shown = JsonOf("path", "ZEL_PATH=shared:more:none");
   EXPECT_EQ(shown["configuration"], nullptr);
-  json const folders = shown["folders"];
+  json const& folders = shown["folders"];
   EXPECT_EQ(Row(folders, "folder", ".")["libraries"], 1);
   EXPECT_EQ(Row(folders, "folder", "more")["libraries"], 2);
   EXPECT_EQ(Row(folders, "folder", "more")["from"], "ZEL_PATH");
   EXPECT_EQ(Row(folders, "folder", "none")["libraries"], nullptr);
-  json const libraries = shown["libraries"];
+  json const& libraries = shown["libraries"];
   EXPECT_EQ(libraries.size(), 4U);
   EXPECT_EQ(Row(libraries, "library", "sample.lb1")["name"], "sample");
   EXPECT_EQ(Row(libraries, "library", "shared/perry.lb1")["hidden_by"], nullptr);
@@ -272,7 +272,7 @@ TEST_F(ConfigurationTest, FaultsAreNamedWithTheirLines) {
 TEST_F(ConfigurationTest, PathShowsWhereSettingsComeFrom) {
   json const shown = JsonOf("path", kFile);
   EXPECT_EQ(shown["configuration"], "config");
-  json const settings = shown["settings"];
+  json const& settings = shown["settings"];
   EXPECT_EQ(Rows(settings, "setting", "libraries"), 2U);
   EXPECT_EQ(Row(settings, "value", "crc:CRC")["library"], "more/crc.lb1");
   EXPECT_EQ(Row(settings, "setting", "names")["from"], "line 4");
