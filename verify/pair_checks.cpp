@@ -12,6 +12,7 @@ constexpr std::int32_t kPair = 2;
 
 std::vector<FieldValue> ValuesOf(IZelBankDef& item, std::vector<ItemField> const& fields) {
   std::vector<FieldValue> values;
+  values.reserve(fields.size());
   for (ItemField const& field : fields) values.push_back(ValueOf(item, field));
   return values;
 }
