@@ -24,7 +24,6 @@
 namespace zel {
 
 namespace f = format;
-namespace r = record;
 
 namespace {
 
