@@ -189,22 +189,23 @@ bool Export_i::WriteBank(std::string const& type, std::string const& name, std::
   char memo[4000];
   owner_.GetBankMemo(type.c_str(), name.c_str(), memo);
   PutMemo(out, memo);
+  bool isWhole = true;
   try {
     if (type != kPureComponentType) {
       ItemExport(owner_, out, ids_, &progress_).Write(record.Get(), name, withFormat ? stored : 1);
-    } else if (!WriteComponents(out, name)) {
-      return false;
+    } else {
+      isWhole = WriteComponents(out, name);
     }
   } catch (unsigned long const address) {  // in the tree: the rest of it is lost
     if (!owner_.TellUnread(type + ":" + name, address)) throw;
   }
   if (IsCancelled()) return false;
   out << "</bank>\n";
-  return out.Close();
+  return out.Close() && isWhole;
 }
 
 // Each component is looked up again by its first ID and left out if it is not found. False when the
-// file of one cannot be written.
+// file of one cannot be written: the bank's file does not name it, and the others follow.
 bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   constexpr std::size_t kIndent = 2;
   FaceRef<IZelBankDef> const record(NewKnownBank(kPureComponentType));
@@ -212,6 +213,7 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
   LibMaint_i reader(&library_);
   Key_i key;
   std::int32_t words[format::kMaxKeyWords] = {};
+  bool areWritten = true;
   if (!component || !owner_.BeginItemWalk(kPureComponentType, bank.c_str())) return true;
   while (owner_.NextItem(words, record.Get())) {
     if (!progress_.DidItem(kItemsOfComponent)) return false;
@@ -221,9 +223,9 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
     bool isThere = true;
     if (switches_.componentFiles) {
       Written const written = WriteComponentFile(bank.c_str(), &key, identity.ids[0], "", file);
-      if (written == Written::kNotWhole) return false;
-      isThere = written == Written::kWhole;
-      if (isThere) out << "  <import file=\"" << file << "\" />\n";
+      areWritten = areWritten && written != Written::kNotWhole;
+      isThere = written != Written::kNoComponent;
+      if (written == Written::kWhole) out << "  <import file=\"" << file << "\" />\n";
     } else {
       isThere = reader.ReadItem(record.Get(), bank.c_str(), &key);
       if (isThere) PutComponent(out, component.Get(), kIndent);
@@ -234,7 +236,7 @@ bool Export_i::WriteComponents(TextFile& out, std::string const& bank) {
           "its first ID does not lead to it");
     }
   }
-  return true;
+  return areWritten;
 }
 
 Export_i::Written Export_i::WriteComponentFile(char const* bank, Key* key,

@@ -179,6 +179,19 @@ TEST_F(ExportFilesTest, FileThatCannotBeOpenedGivesFalse) {
   EXPECT_EQ(Body("lib.xml"), "<library>\n");
 }
 
+TEST_F(ExportFilesTest, ComponentFileThatCannotBeOpenedIsLeftOutOfItsBank) {
+  PutComponent(7, {"A"});
+  PutComponent(8, {"B"});
+  std::filesystem::create_directories(Out("Comp-PURE-A.xml"));
+  EXPECT_FALSE(Maint().ExportLibrary(Out().c_str()));
+  EXPECT_EQ(Body("Bank-PURECOMP-PURE.xml"),
+            "<bank type=\"PURECOMP\" name=\"PURE\">\n"
+            "  <import file=\"Comp-PURE-B.xml\" />\n</bank>\n");
+  EXPECT_NE(Body("Comp-PURE-B.xml").find("number=\"8\""), std::string::npos);
+  std::filesystem::remove(Out("Comp-PURE-A.xml"));
+  EXPECT_TRUE(Maint().ExportLibrary(Out().c_str()));
+}
+
 // An open library cannot be replaced by a document, whether it is open for reading or for update.
 TEST_F(ExportFilesTest, OpenLibraryIsNotWrittenOver) {
   for (int i = 1; i < 40; ++i) Put("VANLAAR", "V", {i, i + 1}, [](IZelBankDef*) {});

@@ -52,6 +52,12 @@ void Tell(Session& session, Report& report, char const* fact, Table const& findi
   session.exitStatus = 1;
 }
 
+// Made of one text: where memory is refused, the C++ library of gcc 12 frees a part of a path twice
+// while it joins two.
+fs::path Inside(fs::path const& folder, std::string const& name) {
+  return folder.string() + "/" + name;
+}
+
 }  // namespace
 
 std::string FileNameOf(std::string const& name) {
@@ -64,7 +70,7 @@ void ReportUnreadable(Session& session, Report& report, fs::path const& folder) 
   Table table("unreadable", {{"document", ""}, {"line", ""}, {"why", ""}});
   std::int64_t leftOut = 0;
   std::vector<fs::path> documents;
-  for (std::string const& name : NamesIn(folder)) documents.push_back(folder / name);
+  for (std::string const& name : NamesIn(folder)) documents.push_back(Inside(folder, name));
   std::sort(documents.begin(), documents.end());
   for (fs::path const& document : documents) {
     zel::ZelDocumentContents contents = ContentsOf(document);
@@ -88,7 +94,7 @@ void ReportMissing(Session& session, Report& report, Library const& library,
   std::string const extension = name.has_extension() ? name.extension().string() : ".xml";
   for (BankName const& bank : banks) {
     std::string const usual = FileNameOf("Bank-" + bank.type + "-" + bank.name + extension);
-    fs::path const document = folder / (isSingle && !name.empty() ? name.string() : usual);
+    fs::path const document = Inside(folder, isSingle && !name.empty() ? name.string() : usual);
     zel::ZelDocumentContents const contents = ContentsOf(document);
     if (!contents.readable) continue;
     // A component is in the document of its bank, or in one of its own that this one imports.
