@@ -44,7 +44,7 @@ void MoveIntoPlace(ChangePlaces const& change, bool isNew) {
 // leftover.
 WorkLock MakeLockedFolder(fs::path const& folder, std::string const& shownAs) {
   FolderTurn const turn(folder.parent_path().string());
-  fs::path const lock = folder / kLockName;
+  fs::path const lock = Inside(folder, kLockName);
   if (Exists(lock)) WorkLock::Take(folder, shownAs);
   OrFail(shownAs, kNoCopy, [&] {
     RemoveTree(folder);
@@ -76,7 +76,7 @@ WorkFolder::~WorkFolder() {
 }
 
 std::string WorkFolder::First() const {
-  return (fs::path(folder_) / fs::path(library_).filename()).string();
+  return Inside(folder_, fs::path(library_).filename()).string();
 }
 
 void WorkFolder::Share(FileAccess const& access) const {
@@ -84,7 +84,7 @@ void WorkFolder::Share(FileAccess const& access) const {
   constexpr FileMode kReadAndWrite = 0600;  // for the owner
   constexpr FileMode kSearch = 0100;
   OrFail(shownAs_, kNoCopy, [&] {
-    GiveAccess(fs::path(folder_) / kLockName, {access.mode | kReadAndWrite, access.owner});
+    GiveAccess(Inside(folder_, kLockName), {access.mode | kReadAndWrite, access.owner});
     GiveAccess(folder_, {access.mode | ((access.mode & kRead) >> 2) | kReadAndWrite | kSearch,
                          access.owner});
   });
@@ -103,7 +103,7 @@ void WorkFolder::WriteOut(std::optional<ChangeRecord> const& record) const {
     if (!Exists(file)) continue;
     SyncFile(file);
     if (number > 1 && !Exists(FileOf(library_, number))) {
-      MakeMark(fs::path(folder_) / AddedName(number));
+      MakeMark(Inside(folder_, AddedName(number)));
     }
   }
   if (record) WriteRecord(folder_, *record);

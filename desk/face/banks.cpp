@@ -7,6 +7,7 @@
 #include "desk/face/data.h"
 #include "desk/face/guarded.h"
 #include "desk/face/item_data.h"
+#include "desk/files/folder.h"
 #include "desk/files/output_file.h"
 #include "desk/files/system.h"
 #include "desk/notes/memo.h"
@@ -51,9 +52,9 @@ std::vector<fs::path> LinkedInto(OutputFolder const& folder, fs::path const& lib
   std::string name = library.filename().string();
   for (char number = '1'; number <= '9'; ++number) {
     name.back() = number;
-    if (!fs::exists(library.parent_path() / name)) continue;
+    if (!fs::exists(Inside(library.parent_path(), name))) continue;
     links.emplace_back(folder.PathOf(name));
-    LinkFile(library.parent_path() / name, links.back());
+    LinkFile(Inside(library.parent_path(), name), links.back());
   }
   return links;
 }

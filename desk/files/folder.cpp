@@ -7,6 +7,14 @@ namespace zel::desk {
 
 namespace fs = std::filesystem;
 
+fs::path Inside(fs::path const& folder, fs::path const& name) {
+  if (name.is_absolute()) return name;
+  fs::path::string_type whole = folder.native();
+  if (folder.has_filename()) whole += fs::path::preferred_separator;
+  whole += name.native();
+  return whole;
+}
+
 std::vector<std::string> NamesIn(fs::path const& folder) {
   std::error_code error;
   std::vector<std::string> names = NamesIn(folder, error);

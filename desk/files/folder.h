@@ -1,5 +1,6 @@
-// Lists and removes folders. The iterators of std::filesystem end the program if memory runs out in
-// their increment; these functions throw std::bad_alloc.
+// Paths in folders; lists and removes folders. Where memory runs out, the iterators of
+// std::filesystem end the program in their increment, and "/" of two paths frees a part of them
+// twice in the C++ library of gcc 12; these functions throw std::bad_alloc.
 #pragma once
 
 #include <filesystem>
@@ -8,6 +9,10 @@
 #include <vector>
 
 namespace zel::desk {
+
+// The path that "/" of two paths is: `name` alone if it is absolute or `folder` is empty.
+std::filesystem::path Inside(std::filesystem::path const& folder,
+                             std::filesystem::path const& name);
 
 // Returns the names of the folder's entries, in no particular order. If `error` is set, these are
 // the ones read before the error.

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "desk/files/folder.h"
 #include "desk/files/input_file.h"
 #include "desk/words/failure.h"
 
@@ -24,8 +25,8 @@ std::string ImportedBy(std::string_view line) {
 }
 
 void Append(fs::path const& folder, std::string const& name, bool isOuter, std::string& text) {
-  std::ifstream file = OpenInput(folder / name);
-  if (!file) throw Failure((folder / name).string() + ": cannot be read");
+  std::ifstream file = OpenInput(Inside(folder, name));
+  if (!file) throw Failure(Inside(folder, name).string() + ": cannot be read");
   bool isHeader = !isOuter;  // an imported document has none in the result
   for (std::string line; std::getline(file, line);) {
     if (isHeader) {
@@ -36,13 +37,13 @@ void Append(fs::path const& folder, std::string const& name, bool isOuter, std::
       continue;
     }
     std::string const imported = ImportedBy(line);
-    if (!imported.empty() && fs::exists(folder / imported)) {
+    if (!imported.empty() && fs::exists(Inside(folder, imported))) {
       Append(folder, imported, false, text);
     } else {
       text += line + "\n";
     }
   }
-  if (file.bad()) throw Failure((folder / name).string() + ": cannot be read");
+  if (file.bad()) throw Failure(Inside(folder, name).string() + ": cannot be read");
 }
 
 }  // namespace

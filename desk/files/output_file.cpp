@@ -51,7 +51,7 @@ void RemoveLeftOver(std::filesystem::path const& target) {
   std::error_code none;
   for (std::string const& name : NamesIn(target, none)) {
     if (name.rfind(kFolderName, 0) != 0) continue;
-    fs::path const folder = target / name;
+    fs::path const folder = Inside(target, name);
     std::error_code gone;
     if (fs::file_time_type::clock::now() - fs::last_write_time(folder, gone) >
         std::chrono::hours(1)) {
@@ -103,7 +103,7 @@ void Undo(FileMove& move) {
 }  // namespace
 
 OutputFolder::OutputFolder(std::filesystem::path const& target, std::string const& shownAs)
-    : target_(target), folder_((target / kFolderName).string() + "XXXXXX") {
+    : target_(target), folder_(Inside(target, kFolderName).string() + "XXXXXX") {
   RemoveLeftOver(target);
   if (!MakeNewFolder(folder_)) Refuse(shownAs);
 }
@@ -121,7 +121,7 @@ std::int64_t OutputFolder::MoveInto() {
   // All paths are made first, so that memory cannot run out between two moves.
   std::vector<FileMove> moves;
   for (std::string const& name : NamesIn(folder_)) {
-    std::filesystem::path const target = target_ / name;
+    std::filesystem::path const target = Inside(target_, name);
     RefuseSpecialFile(target.string());
     moves.push_back({PathOf(name), target.string(), HowMoved::kNot});
   }

@@ -130,7 +130,7 @@ std::optional<FileMode> ModeOfLibrariesIn(fs::path const& folder) {
   for (fs::path const name : NamesIn(folder, none)) {
     if (LowerCase(name.extension().string()) != ".lb1") continue;
     struct stat info = {};
-    if (::lstat((folder / name).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
+    if (::lstat(Inside(folder, name).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
     ++counts[info.st_mode & kPermissions];
   }
   // The first of the most frequent ones: the lowest number gives others the fewest permissions.
@@ -142,7 +142,7 @@ std::optional<FileMode> ModeOfLibrariesIn(fs::path const& folder) {
 }
 
 FileMode ModeOfNewFilesIn(fs::path const& folder) {
-  fs::path const probe = folder / "mode";
+  fs::path const probe = Inside(folder, "mode");
   mode_t const mode = [&] {
     Open const file(probe, kMakeNew, kEverybody);
     struct stat info = {};

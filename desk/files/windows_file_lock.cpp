@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "desk/files/file_lock.h"
+#include "desk/files/folder.h"
 #include "desk/files/windows_calls.h"
 #include "desk/words/failure.h"
 
@@ -107,7 +108,7 @@ FileLock::~FileLock() { Close(file_); }
 FolderTurn::FolderTurn(std::string const& folder, Patience patience) : file_(-1) {
   int const tries = patience == Patience::kNone ? 1 : 200;
   constexpr std::chrono::milliseconds kBetween{10};
-  std::filesystem::path const path = PathFrom(folder) / L".zel-turn";
+  std::filesystem::path const path = Inside(PathFrom(folder), L".zel-turn");
   for (int i = 0; i < tries; ++i) {
     file_ = OpenHandle(path, GENERIC_READ | GENERIC_WRITE, 0, OPEN_ALWAYS,
                        FILE_FLAG_DELETE_ON_CLOSE | FILE_ATTRIBUTE_HIDDEN);

@@ -21,7 +21,7 @@ void Note(DWORD number, std::error_code& error) {
 class Listing {
  public:
   explicit Listing(fs::path const& folder)
-      : search_(::FindFirstFileW((folder / L"*").c_str(), &found_)) {}
+      : search_(::FindFirstFileW(Inside(folder, L"*").c_str(), &found_)) {}
   Listing(Listing const&) = delete;
   Listing& operator=(Listing const&) = delete;
   ~Listing() {
@@ -65,7 +65,7 @@ void Remove(fs::path const& path, std::error_code& error) {
   bool const isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   bool const isLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
   if (isFolder && !isLink) {
-    for (fs::path const& name : EntriesOf(path, error)) Remove(path / name, error);
+    for (fs::path const& name : EntriesOf(path, error)) Remove(Inside(path, name), error);
   }
   bool const isRemoved =
       (isFolder ? ::RemoveDirectoryW(path.c_str()) : ::DeleteFileW(path.c_str())) != 0;

@@ -16,7 +16,7 @@ namespace {
 constexpr char kOldName[] = "old";  // with the number of the file for all but the first
 
 fs::path Beside(fs::path const& library, char const* ending) {
-  return library.parent_path() / ("." + library.filename().string() + ending);
+  return Inside(library.parent_path(), "." + library.filename().string() + ending);
 }
 
 }  // namespace
@@ -43,9 +43,9 @@ void RemoveFolder(fs::path const& folder) noexcept {
   try {
     std::error_code ignored;
     for (std::string const& name : NamesIn(folder, ignored)) {
-      if (name != kLockName) RemoveTree(folder / name, ignored);
+      if (name != kLockName) RemoveTree(Inside(folder, name), ignored);
     }
-    fs::remove(folder / kLockName, ignored);
+    fs::remove(Inside(folder, kLockName), ignored);
     fs::remove(folder, ignored);
   } catch (std::bad_alloc const&) {
     // The next command, with more memory, removes it.
@@ -65,9 +65,9 @@ std::string WithoutLinks(std::string const& path) {
       throw fs::filesystem_error("", path,
                                  std::make_error_code(std::errc::too_many_symbolic_link_levels));
     }
-    whole = whole.parent_path() / fs::read_symlink(whole);
+    whole = Inside(whole.parent_path(), fs::read_symlink(whole));
   }
-  return (fs::canonical(whole.parent_path()) / whole.filename()).string();
+  return Inside(fs::canonical(whole.parent_path()), whole.filename()).string();
 }
 
 bool IsBeingChanged(std::string const& path) {
@@ -87,16 +87,16 @@ bool IsThereOrBeingChanged(std::string const& path) {
 ChangePlaces::ChangePlaces(std::string library)
     : library_(std::move(library)),
       ready_(ReadyFolder(library_)),
-      first_((ready_ / fs::path(library_).filename()).string()) {}
+      first_(Inside(ready_, fs::path(library_).filename()).string()) {}
 
 fs::path ChangePlaces::Old(int number) const {
-  return ready_ / (kOldName + (number == 1 ? std::string() : std::to_string(number)));
+  return Inside(ready_, kOldName + (number == 1 ? std::string() : std::to_string(number)));
 }
 
-fs::path ChangePlaces::Added(int number) const { return ready_ / AddedName(number); }
+fs::path ChangePlaces::Added(int number) const { return Inside(ready_, AddedName(number)); }
 
 fs::path ChangePlaces::OldClose(char const* ending) const {
-  return ready_ / (std::string(kOldName) + ending);
+  return Inside(ready_, std::string(kOldName) + ending);
 }
 
 std::string AddedName(int number) { return "add" + std::to_string(number); }

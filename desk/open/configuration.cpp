@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "desk/files/folder.h"
 #include "desk/files/settings_file.h"
 #include "desk/open/change_places.h"
 #include "desk/open/library_path.h"
@@ -54,7 +55,7 @@ class Reader {
   std::string Place(std::string const& word) const {
     std::string path = word;
     if (word == "~" || word.rfind("~/", 0) == 0) path = EnvironmentText("HOME") + word.substr(1);
-    return (folder_ / path).lexically_normal().string();
+    return Inside(folder_, path).lexically_normal().string();
   }
   std::string LibraryWord(std::string const& word) const {
     return word.find('/') == std::string::npos ? word : Place(word);

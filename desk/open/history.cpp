@@ -53,16 +53,16 @@ void RenameIfThere(fs::path const& from, fs::path const& to) {
 // Gives the old files in the folder of a version their names. The lock is removed last: a version
 // that has one is unfinished.
 void NameFiles(ChangePlaces const& change, fs::path const& folder) {
-  std::string const first = (folder / change.Place(1).filename()).string();
+  std::string const first = Inside(folder, change.Place(1).filename()).string();
   for (int number = kMostFiles; number >= 1; --number) {
-    fs::path const old = folder / change.Old(number).filename();
+    fs::path const old = Inside(folder, change.Old(number).filename());
     if (Exists(old)) RenameIfThere(old, FileOf(first, number));
-    fs::remove(folder / AddedName(number));
+    fs::remove(Inside(folder, AddedName(number)));
   }
   for (char const* ending : kCloseEndings) {
-    fs::remove(folder / change.OldClose(ending).filename());
+    fs::remove(Inside(folder, change.OldClose(ending).filename()));
   }
-  fs::remove(folder / kLockName);
+  fs::remove(Inside(folder, kLockName));
 }
 
 void Put(ChangeRecord& record, std::string const& name, std::string const& value) {
@@ -76,7 +76,7 @@ void Put(ChangeRecord& record, std::string const& name, std::string const& value
 
 ChangeRecord ReadRecord(fs::path const& folder) {
   ChangeRecord record;
-  fs::path const path = folder / kRecordName;
+  fs::path const path = Inside(folder, kRecordName);
   if (!Exists(path)) return record;
   std::ifstream file = OpenInput(path);
   bool const isOpen = file.is_open();
@@ -106,17 +106,17 @@ void RemoveOldest(fs::path const& history, std::size_t most) {
   std::vector<int> const numbers = NumbersIn(history);
   for (std::size_t i = 0; i + most < numbers.size(); ++i) {
     std::string const number = std::to_string(numbers[i]);
-    fs::rename(history / number, history / (kRemoved + number), ignored);
+    fs::rename(Inside(history, number), Inside(history, kRemoved + number), ignored);
   }
   for (std::string const& name : NamesIn(history)) {
-    if (name.rfind(kRemoved, 0) == 0) RemoveTree(history / name, ignored);
+    if (name.rfind(kRemoved, 0) == 0) RemoveTree(Inside(history, name), ignored);
   }
 }
 
 }  // namespace
 
 fs::path HistoryFolder(fs::path const& library) {
-  return library.parent_path() / ("." + library.filename().string() + ".zel-history");
+  return Inside(library.parent_path(), "." + library.filename().string() + ".zel-history");
 }
 
 std::string DigestOfLibrary(std::string const& library) {
@@ -140,11 +140,11 @@ void WriteRecord(fs::path const& folder, ChangeRecord const& record) {
                      record.before + "\nafter " + record.after + "\nkeep " +
                      std::to_string(record.keep) + "\n";
   if (record.undoes != 0) text += "undoes " + std::to_string(record.undoes) + "\n";
-  WriteNewFile(folder / kRecordName, text);
+  WriteNewFile(Inside(folder, kRecordName), text);
   // The record shows what the library's memo and description were set to, so only users who may
   // read the library may read it.
-  GiveAccess(folder / kRecordName, {AccessOf(folder).mode & 0666U, AccessOf(folder).owner});
-  SyncFile(folder / kRecordName);
+  GiveAccess(Inside(folder, kRecordName), {AccessOf(folder).mode & 0666U, AccessOf(folder).owner});
+  SyncFile(Inside(folder, kRecordName));
 }
 
 std::vector<Version> VersionsOf(std::string const& library) {
@@ -159,9 +159,9 @@ std::vector<Version> VersionsOf(std::string const& library) {
   ChangePlaces const change(library);
   OrFail(history.string(), "cannot be read", [&] {
     for (int const number : NumbersIn(history)) {
-      fs::path const folder = history / std::to_string(number);
-      if (Exists(folder / kLockName)) NameFiles(change, folder);
-      versions.push_back({number, folder / change.Place(1).filename(), ReadRecord(folder)});
+      fs::path const folder = Inside(history, std::to_string(number));
+      if (Exists(Inside(folder, kLockName))) NameFiles(change, folder);
+      versions.push_back({number, Inside(folder, change.Place(1).filename()), ReadRecord(folder)});
     }
   });
   return versions;
@@ -183,7 +183,8 @@ void Tidy(ChangePlaces const& change, fs::path const& folder, std::size_t most) 
 }
 
 bool IsToKeep(ChangePlaces const& change) {
-  return Exists(change.Ready() / kRecordName) && Exists(change.Old(1)) && !Exists(change.New(1));
+  return Exists(Inside(change.Ready(), kRecordName)) && Exists(change.Old(1)) &&
+         !Exists(change.New(1));
 }
 
 }  // namespace
@@ -196,7 +197,8 @@ std::string KeepVersion(ChangePlaces const& change) noexcept {
       MakeHistory(history, change);
       std::vector<int> const numbers = NumbersIn(history);
       auto const most = static_cast<std::size_t>(ReadRecord(change.Ready()).keep);
-      fs::path const folder = history / std::to_string(numbers.empty() ? 1 : numbers.back() + 1);
+      fs::path const folder =
+          Inside(history, std::to_string(numbers.empty() ? 1 : numbers.back() + 1));
       Rename(change.Ready(), folder);
       Tidy(change, folder, most);
       return why;

@@ -58,7 +58,7 @@ std::string LibraryPath::Found(std::string const& word) const {
   std::string file = EndsAsLibrary(word) ? word : word + kEnding;
   if (file != word && IsThere(file)) return file;
   for (std::string const& folder : folders_) {
-    std::string path = (fs::path(folder) / file).string();
+    std::string path = Inside(folder, file).string();
     if (IsThere(path)) return path;
   }
   return "";
@@ -109,7 +109,7 @@ std::vector<std::string> LibraryPath::LibrariesIn(std::string const& folder) {
   if (!Exists(folder) || !fs::is_directory(folder)) return files;
   for (std::string& name : NamesIn(folder)) {
     if (!EndsAsLibrary(name) || name[0] == '.') continue;
-    fs::file_status const status = fs::status(fs::path(folder) / name);
+    fs::file_status const status = fs::status(Inside(folder, name));
     if (fs::exists(status) && !fs::is_directory(status)) files.push_back(std::move(name));
   }
   std::sort(files.begin(), files.end());
@@ -122,7 +122,7 @@ std::vector<PathLibrary> LibraryPath::Libraries() const {
   folders.insert(folders.begin(), kHere);
   for (std::string const& folder : folders) {
     for (std::string const& file : LibrariesIn(folder)) {
-      std::string const path = folder == kHere ? file : (fs::path(folder) / file).string();
+      std::string const path = folder == kHere ? file : Inside(folder, file).string();
       std::string const word = WordOf(file);
       std::string const found = Found(word);
       bool const isFound = found.empty() || found == path || fs::equivalent(found, path);

@@ -1,3 +1,4 @@
+#include "desk/files/folder.h"
 #include "desk/open/change_places.h"
 #include "desk/open/work_lock.h"
 
@@ -5,11 +6,11 @@ namespace zel::desk {
 
 // The file in the folder itself is locked.
 WorkLock WorkLock::Take(std::filesystem::path const& folder, std::string const& shownAs) {
-  return WorkLock(FileLock::Take((folder / kLockName).string(), shownAs));
+  return WorkLock(FileLock::Take(Inside(folder, kLockName).string(), shownAs));
 }
 
 bool WorkLock::IsHeld(std::filesystem::path const& folder) {
-  return FileLock::IsHeld((folder / kLockName).string());
+  return FileLock::IsHeld(Inside(folder, kLockName).string());
 }
 
 }  // namespace zel::desk

@@ -8,6 +8,7 @@
 
 #include "desk/files/file_copy.h"
 #include "desk/files/file_lock.h"
+#include "desk/files/folder.h"
 #include "desk/files/system.h"
 #include "desk/open/history.h"
 #include "desk/open/when_free.h"
@@ -60,7 +61,7 @@ void RemoveLeftOver(fs::path const& folder, fs::path const& library) {
   try {
     FolderTurn const turn(folder.parent_path().string(), FolderTurn::Patience::kNone);
     if (!turn) return;
-    if (Exists(folder / kLockName)) WorkLock::Take(folder, "");
+    if (Exists(Inside(folder, kLockName))) WorkLock::Take(folder, "");
     RemoveFolder(folder);
   } catch (Error const&) {
     // Another program is working in it.
@@ -102,7 +103,7 @@ void FinishChange(std::string const& path) {
   ChangePlaces const change(whole);
   RemoveLeftOver(NewFolder(whole), whole);
   if (!IsOurs(change.Ready(), whole)) return;
-  std::string const lock = (change.Ready() / kLockName).string();
+  std::string const lock = Inside(change.Ready(), kLockName).string();
   try {
     // A folder without a lock is almost removed, or it comes from a copy that left out the lock.
     if (!Exists(lock)) MakeMark(lock);

@@ -1,4 +1,4 @@
-// Listing and removing folders.
+// Paths in folders; listing and removing folders.
 #include "desk/files/folder.h"
 
 #include <gtest/gtest.h>
@@ -128,6 +128,19 @@ TEST_F(FolderTest, AnErrorIsToldAndTheRestRemoved) {
   {
     FewFiles const few(2);
     EXPECT_THROW(zel::desk::RemoveTree(root_ / "one"), fs::filesystem_error);
+  }
+}
+
+// The parts as well as the text: a path that is made otherwise has others for the same text.
+TEST_F(FolderTest, InsideIsTheSlashOfTwoPaths) {
+  for (char const* folder : {"", "a", "a/", "/", "/a/b", "..", "./", "//a"}) {
+    for (char const* name : {"", "b", "b/c", "/b", ".", "../b", "b/"}) {
+      fs::path const expected = fs::path(folder) / name;
+      fs::path const made = zel::desk::Inside(folder, name);
+      EXPECT_EQ(made.native(), expected.native()) << folder << " " << name;
+      EXPECT_TRUE(std::equal(made.begin(), made.end(), expected.begin(), expected.end()))
+          << folder << " " << name;
+    }
   }
 }
 

@@ -165,6 +165,9 @@ TEST_F(MemoryTest, SetMemoFromAFile) {
 }
 TEST_F(MemoryTest, ImportTable) {
   Good("export own/own.lb1 --bank OCTANE --table octane.csv");
+  // The table differs from the library, so that its import is a change that keeps a version.
+  Good("edit own/own.lb1 OCTANE 10000007 MON 90 --keep 0");
+  old_ = Now();
   RefuseInChange("import own/own.lb1 --table octane.csv --bank OCTANE");
 }
 TEST_F(MemoryTest, ImportDatabase) {

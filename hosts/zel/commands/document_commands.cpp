@@ -15,6 +15,7 @@
 #include "commands/written_documents.h"
 #include "desk/change/library_change.h"
 #include "desk/compare/beyond_documents.h"
+#include "desk/files/folder.h"
 #include "desk/files/input_file.h"
 #include "desk/files/one_document.h"
 #include "desk/files/output_file.h"
@@ -287,7 +288,7 @@ Report Export(Session& session, Options const& given) {
     good = library.Maint().ExportLibrary(path.c_str(), o.banner, o.componentFiles);
   }
   work.EndIfCancelled("nothing was written");
-  if (!good) throw Failure((target.folder / target.name).string() + ": cannot be written");
+  if (!good) throw Failure(Inside(target.folder, target.name).string() + ": cannot be written");
   Report findings;
   ReportUnreadable(session, findings, documents.PathOf(""));
   ReportMissing(session, findings, library, ExportedBanks(library, o), documents.PathOf(""),
@@ -301,7 +302,7 @@ Report Export(Session& session, Options const& given) {
   Report report;
   report.Fact("exported", o.path);
   report.Fact("documents", documents.MoveInto());
-  report.Fact("to", (target.folder / target.name).string());
+  report.Fact("to", Inside(target.folder, target.name).string());
   if (beyond.correlations != 0) report.Fact("left out", LeftOutText(beyond));
   for (auto const& fact : findings.Facts()) report.Fact(fact.name, fact.value);
   for (Table const& table : findings.Tables()) report.Add(table);
@@ -330,9 +331,9 @@ Report DumpIndexes(Session& session, Options const& o) {
     std::string name = path.filename().string();
     if (name.empty()) break;
     name.back() = number;
-    if (!fs::exists(path.parent_path() / name)) continue;
+    if (!fs::exists(Inside(path.parent_path(), name))) continue;
     links.emplace_back(indexes.PathOf(name));
-    zel::desk::LinkFile(path.parent_path() / name, links.back());
+    zel::desk::LinkFile(Inside(path.parent_path(), name), links.back());
   }
   Report report;
   {
@@ -341,7 +342,7 @@ Report DumpIndexes(Session& session, Options const& o) {
     library.Maint().WriteTextDump(&library.File());
     auto const checked = [&](std::string const& fact, std::string const& ending, bool mayBeEmpty) {
       fs::path const index = fs::path(path.filename()).replace_extension(ending);
-      fs::path const target = path.parent_path() / index;
+      fs::path const target = Inside(path.parent_path(), index);
       CheckWritten(indexes.PathOf(index.string()), target, mayBeEmpty);
       report.Fact(fact, target.string());
     };

@@ -8,6 +8,7 @@
 
 #include "commands/command.h"
 #include "commands/shared_options.h"
+#include "desk/files/folder.h"
 #include "desk/files/input_file.h"
 #include "desk/files/output_file.h"
 #include "desk/files/standard_output.h"
@@ -84,7 +85,8 @@ void BuildList(Session& session, Options const& o, zel::CompList& list) {
   Library const library = OpenFinished(session, o.library);
   BankName const bank = library.ComponentBank(o.bank);
   bool const isOutput = IsStandardOutput(o.path);
-  fs::path const target = isOutput ? fs::temp_directory_path() / "list.lst" : fs::absolute(o.path);
+  fs::path const target =
+      isOutput ? Inside(fs::temp_directory_path(), "list.lst") : fs::absolute(o.path);
   OutputFolder folder(target.parent_path(), o.path);
   FollowedWork work("listing " + o.library);
   FollowedWork::Following const following(work, library.File());

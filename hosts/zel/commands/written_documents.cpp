@@ -52,12 +52,6 @@ void Tell(Session& session, Report& report, char const* fact, Table const& findi
   session.exitStatus = 1;
 }
 
-// Made of one text: where memory is refused, the C++ library of gcc 12 frees a part of a path twice
-// while it joins two.
-fs::path Inside(fs::path const& folder, std::string const& name) {
-  return folder.string() + "/" + name;
-}
-
 }  // namespace
 
 std::string FileNameOf(std::string const& name) {
