@@ -108,6 +108,7 @@ void BlockStore::CloseAll() noexcept {
   unfinished_.reset();
   hasWritten_ = false;
   hasOwnMark_ = false;
+  hasFailed_ = false;
   ++closings_;
 }
 
@@ -196,9 +197,15 @@ std::int32_t BlockStore::ReadBlock(std::int32_t address, std::int32_t words, std
   FileSlot& slot = Slot(a.file);
   if (!OpenOnDemand(a.file)) {
     std::fill_n(buffer, count, 0);
-    return -1;
+    return Noted(-1);
   }
-  return static_cast<std::int32_t>(ReadWords(*slot.file, OffsetOf(a), buffer, count));
+  return Noted(static_cast<std::int32_t>(ReadWords(*slot.file, OffsetOf(a), buffer, count)));
+}
+
+// What a change reads may be half of it: if a block fails, the caller gives up in the middle.
+std::int32_t BlockStore::Noted(std::int32_t bytes) noexcept {
+  if (bytes < 0 && hasWritten_) hasFailed_ = true;
+  return bytes;
 }
 
 std::int32_t BlockStore::ReadOrThrow(std::int32_t address, std::int32_t words,
@@ -306,9 +313,14 @@ std::int32_t BlockStore::Transfer(std::int32_t address, std::int32_t words,
   BlockAddress const a = CheckedForWriting(address);
   FileSlot& slot = Slot(a.file);
   if (!BeforeWrite()) return -1;
-  if (slot.state != kOpen && OpenFile(a.file, true, false) != openOk) return -1;
-  if (!KeepForUndo(a, Count(words) * format::kWordBytes)) return -1;
-  return static_cast<std::int32_t>(WriteWords(*slot.file, OffsetOf(a), buffer, Count(words)));
+  if (slot.state != kOpen && OpenFile(a.file, true, false) != openOk) return Noted(-1);
+  if (!KeepForUndo(a, Count(words) * format::kWordBytes)) return Noted(-1);
+  std::size_t const count = Count(words);
+  auto const written =
+      static_cast<std::int32_t>(WriteWords(*slot.file, OffsetOf(a), buffer, count));
+  bool const isWhole = written == static_cast<std::int32_t>(count) * format::kWordBytes;
+  Noted(isWhole ? written : -1);
+  return written;
 }
 
 std::int32_t BlockStore::WriteBlock(std::int32_t& address, std::int32_t words,

@@ -80,7 +80,8 @@ class BlockStore {
   // Completes the last flush if it was cut off; for reading, only in memory. The first file must be
   // open.
   openErrors FinishLastFlush(bool forceRead);
-  // Removes the mark, so that the next opener does not find it. To be called after a flush, before
+  // Removes the mark, so that the next opener does not find it, unless a block could not be read or
+  // written since the first write. To be called after a flush, before
   // the files are closed.
   void CloseCleanly() noexcept;
   // Without a value if the mark cannot be looked for.
@@ -171,6 +172,8 @@ class BlockStore {
   bool Hold(int number, bool canWrite);
   std::string const& Target();
   bool SetMark();
+  // `bytes`, the result of an operation on a block; remembers a negative one.
+  std::int32_t Noted(std::int32_t bytes) noexcept;
   // To be called before each write: whether it may be made.
   bool BeforeWrite() { return hasWritten_ || BeforeFirstWrite(); }
   bool BeforeFirstWrite();
@@ -200,6 +203,7 @@ class BlockStore {
   bool wasInUse_ = false;
   bool hasWritten_ = false;
   bool hasOwnMark_ = false;
+  bool hasFailed_ = false;  // an operation on a block, after the first write
   bool isCompleted_ = false;
   std::string target_;  // the first file, a link resolved; empty until it is needed
   // How the journal next to the library changes the files that are open for reading.

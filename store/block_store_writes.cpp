@@ -83,9 +83,10 @@ bool BlockStore::SetMark() {
   return system_->SyncFolder(mark);
 }
 
-// If memory runs out, the mark stays: the next opener verifies the library unnecessarily.
+// A failed operation on a block can have left a change half done, although the flush succeeds. If
+// memory runs out, the mark stays, too: the next opener verifies the library unnecessarily.
 void BlockStore::CloseCleanly() noexcept {
-  if (!std::exchange(hasOwnMark_, false)) return;
+  if (!std::exchange(hasOwnMark_, false) || hasFailed_) return;
   try {
     std::string const mark = MarkOf(Target());
     // Files that were made since are on disk before the mark goes.

@@ -59,6 +59,24 @@ TEST_F(MarkTest, StaysAfterACloseThatFails) {
   EXPECT_TRUE(HasMark()) << "nobody has verified the library";
 }
 
+// The flush at the close succeeds, but the change may be half done.
+TEST_F(MarkTest, StaysAfterAChangeThatFailed) {
+  std::int32_t const words[24] = {};
+  for (bool fails : {false, true}) {
+    FailingFileSystem failing(files_);
+    auto library = OpenMarked(failing);
+    std::int32_t address = format::kNullAddress;
+    EXPECT_EQ(library->WriteBlock(address, 24, words, 1), 96);
+    if (fails) {
+      failing.FailAt(1, true);
+      EXPECT_EQ(library->WriteBlock(address, 24, words, 1), -1);
+      failing.FailAt(0, false);
+    }
+    library->CloseLibFile();
+    EXPECT_EQ(HasMark(), fails);
+  }
+}
+
 TEST_F(MarkTest, OfAnEarlierSessionStaysUntilItIsForgotten) {
   files_.Contents("/lib.lb1.open");
   EXPECT_TRUE(Opened(accRead)->Store().LastClose()->isMarked);
